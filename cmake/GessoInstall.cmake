@@ -1,0 +1,21 @@
+# Installs the package `gesso`: find_package(gesso) gives gesso::gesso on Windows and gesso::headless on Linux.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS gesso EXPORT gesso-targets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/gesso/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso FILES_MATCHING PATTERN "*.h"
+        PATTERN "resources" EXCLUDE)
+install(FILES ${PROJECT_SOURCE_DIR}/platform/platform.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform)
+if(NOT WIN32)
+  install(FILES ${PROJECT_SOURCE_DIR}/platform/headless/headless.h ${PROJECT_SOURCE_DIR}/platform/headless/runtime.h
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform/headless)
+endif()
+
+set(package ${CMAKE_INSTALL_LIBDIR}/cmake/gesso)
+install(EXPORT gesso-targets NAMESPACE gesso:: DESTINATION ${package})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config.cmake.in
+  ${PROJECT_BINARY_DIR}/gesso-config.cmake INSTALL_DESTINATION ${package})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/gesso-config-version.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/gesso-config.cmake ${PROJECT_BINARY_DIR}/gesso-config-version.cmake
+  DESTINATION ${package})

@@ -1,0 +1,42 @@
+# The library itself: gesso.dll on Windows; on Linux a static library with the simulated desktop inside.
+set(root ${PROJECT_SOURCE_DIR})
+set(generated ${PROJECT_BINARY_DIR}/include)
+
+# Installed hosts find the platform door under <gesso/platform/...>; forwarders give the tree the same paths.
+file(WRITE ${generated}/gesso/platform/platform.h "#include \"${root}/platform/platform.h\" // IWYU pragma: export\n")
+file(WRITE ${generated}/gesso/platform/headless/headless.h
+     "#include \"${root}/platform/headless/headless.h\" // IWYU pragma: export\n")
+
+file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${root}/gesso/*.cpp)
+if(WIN32)
+  add_library(gesso SHARED ${sources} ${root}/gesso/resources/gesso.rc)
+  set_target_properties(gesso PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+  target_link_libraries(gesso PRIVATE uxtheme usp10 comctl32 gdi32 user32 kernel32)
+  # The compiler's runtime is linked in, so that the DLL needs system DLLs only.
+  target_link_options(gesso PRIVATE -static)
+else()
+  file(GLOB_RECURSE platform CONFIGURE_DEPENDS ${root}/platform/headless/*.cpp)
+  add_library(gesso STATIC ${sources} ${platform})
+  set_target_properties(gesso PROPERTIES OUTPUT_NAME gesso-headless EXPORT_NAME headless)
+  # What a host's tests must be built with as well: 16-bit wide characters and the platform's headers.
+  find_path(GESSO_PLATFORM_HEADERS uxtheme.h PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
+            NO_DEFAULT_PATH REQUIRED)
+  target_include_directories(gesso SYSTEM PUBLIC ${GESSO_PLATFORM_HEADERS})
+  target_compile_options(gesso PUBLIC -fshort-wchar)
+  add_compile_options(-fshort-wchar)
+  add_library(gesso::headless ALIAS gesso)
+endif()
+add_library(gesso::gesso ALIAS gesso)
+
+target_compile_features(gesso PUBLIC cxx_std_20)
+target_compile_definitions(gesso PRIVATE GESSO_BUILDING)
+target_link_libraries(gesso PRIVATE $<BUILD_INTERFACE:gesso_warnings>)
+target_include_directories(gesso PUBLIC
+  $<BUILD_INTERFACE:${root}> $<BUILD_INTERFACE:${generated}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+
+if(GESSO_SANITIZE)
+  add_compile_options(-fsanitize=${GESSO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${GESSO_SANITIZE})
+  target_compile_options(gesso PUBLIC -fsanitize=${GESSO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(gesso PUBLIC -fsanitize=${GESSO_SANITIZE})
+endif()

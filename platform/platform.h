@@ -1,0 +1,47 @@
+// The one door to the platform. Library code, hosts and tests include this header and call the platform's
+// operations by their own names; which build it is decides who answers them: Windows itself, or the desktop
+// simulated in memory under platform/headless/.
+#pragma once
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+
+// The wide runtime functions are redirected below on headless, so the standard headers that declare them
+// come first.
+#include <cstdarg>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+
+#if !defined(_WIN32)
+// One calling convention on Linux: the platform's attribute would only hide frames from the sanitizers.
+#ifndef __stdcall
+#define __stdcall
+#endif
+#ifndef __cdecl
+#define __cdecl
+#endif
+#endif
+
+#include <windows.h>
+
+#include <windowsx.h>
+
+#include <commctrl.h>
+#include <commoncontrols.h>
+#include <usp10.h>
+#include <uxtheme.h>
+#include <vssym32.h>
+
+static_assert(sizeof(wchar_t) == 2, "headless builds need -fshort-wchar: link against gesso::headless");
+static_assert(sizeof(LONG) == 4 && sizeof(void*) == 8, "Gesso is for 64-bit Windows records");
+
+#if !defined(_WIN32)
+#include "headless/runtime.h"
+#endif
