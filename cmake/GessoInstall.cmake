@@ -7,7 +7,10 @@ install(TARGETS gesso EXPORT gesso-targets
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/gesso/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso FILES_MATCHING PATTERN "*.h"
         PATTERN "resources" EXCLUDE)
 install(FILES ${PROJECT_SOURCE_DIR}/platform/platform.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform)
-if(NOT WIN32)
+if(WIN32)
+  install(FILES ${PROJECT_SOURCE_DIR}/platform/windows/runtime.h
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform/windows)
+else()
   install(FILES ${PROJECT_SOURCE_DIR}/platform/headless/headless.h ${PROJECT_SOURCE_DIR}/platform/headless/runtime.h
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform/headless)
 endif()

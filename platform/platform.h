@@ -18,6 +18,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
+#include <cwctype>
+#include <string>
 
 #if !defined(_WIN32)
 // One calling convention on Linux: the platform's attribute would only hide frames from the sanitizers.
@@ -42,6 +44,8 @@
 static_assert(sizeof(wchar_t) == 2, "headless builds need -fshort-wchar: link against gesso::headless");
 static_assert(sizeof(LONG) == 4 && sizeof(void*) == 8, "Gesso is for 64-bit Windows records");
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include "windows/runtime.h"
+#else
 #include "headless/runtime.h"
 #endif
