@@ -1,2 +1,207 @@
+// The driver of the simulated desktop: what a test has in the place of a user, a clock and a pair of eyes.
+//
+// Tests include this header beside platform/platform.h, make windows with the platform's own operations, act
+// as a user with the operations below, call Pump(), and look at what came of it. Everything runs on one
+// thread. Coordinates are pixels; those of the pointer are screen coordinates. Text is UTF-8.
+// docs/headless.md shows it at work.
 #pragma once
+
 #include "../platform.h"
+
+#include <array>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace gesso::headless {
+
+// The desktop as a whole
+// ---------------------------------------------------------------------------------------
+
+// Gives a fresh desktop: destroys every window, sets the clock to zero and the pointer to the screen's last
+// pixel, and clears queues, key states, clipboard, records, faults and settings. Window classes, graphics
+// objects and the library's own globals stay, as they would in a process that goes on. The first call
+// attaches the library's module, as loading it does. Call it at the start of each test, with no modal loop
+// running.
+void Reset();
+
+// The top-level windows that exist, topmost first, visible or not.
+std::vector<HWND> TopLevelWindows();
+
+// The module handles of the program and of the library.
+HMODULE HostModule();
+HMODULE LibraryModule();
+
+// Input
+// --------------------------------------------------------------------------------------------------------
+// Input is queued as a user's would be, and finds its window when a message loop takes it out: by capture,
+// focus, or hit-testing. Nothing is delivered before Pump(), or before a loop of the program's own runs.
+
+enum class Button
+{
+    Left,
+    Right,
+    Middle
+};
+
+// Moves the pointer. Moves that follow one another in the queue become one, as the platform does it.
+void MoveMouse(int x, int y);
+// Presses or releases a button where the pointer is.
+void PressButton(Button button = Button::Left);
+void ReleaseButton(Button button = Button::Left);
+// Moves the pointer, presses and releases: once, or twice within the double-click time. The clock moves on
+// past the double-click time first, so that a click never makes a pair with one before it.
+void Click(int x, int y, Button button = Button::Left);
+void DoubleClick(int x, int y, Button button = Button::Left);
+// Turns the wheel by `delta`, 120 being one notch away from the user. It goes to the window with the focus.
+void Wheel(int delta);
+
+// Presses or releases a key by its virtual code. A press of a key that is down already is a repeat.
+void PressKey(UINT vk);
+void ReleaseKey(UINT vk);
+// Presses and releases a key, with modifier keys (VK_SHIFT, VK_CONTROL, VK_MENU) held around it.
+void TypeKey(UINT vk, std::initializer_list<UINT> modifiers = {});
+// Types a text, character by character, in the American layout; what that layout lacks comes as VK_PACKET.
+void TypeText(std::string_view text);
+
+// Message loops and time
+// ---------------------------------------------------------------------------------------
+
+// Dispatches all that is pending: posted messages, input, paints, due timers. False if it met WM_QUIT, which
+// it takes out of the queue. The second form offers each message to IsDialogMessageW first.
+bool Pump();
+bool Pump(HWND dialog);
+
+// Moves the clock on by `milliseconds`, stopping at each timer that falls due, in order, to dispatch what is
+// pending there. The clock moves in no other way, but for Click and DoubleClick.
+void Advance(DWORD milliseconds);
+// Milliseconds since Reset().
+ULONGLONG Now();
+
+// Queues an action. Each time that a GetMessageW or WaitMessage of the program finds nothing to do, the next
+// action runs in its place: so a test drives a modal loop from within. When a loop would wait with no action
+// left it is ended by WM_QUIT, and Deadlocked() says so until Reset().
+void WhenIdle(std::function<void()> action);
+bool Deadlocked();
+
+// What went on
+// -------------------------------------------------------------------------------------------------
+
+// One message as a window got it. `posted` tells a message that came through the queue from one that was
+// sent.
+struct Message
+{
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    bool posted;
+};
+
+// Starts keeping the messages that `hwnd` gets, or those of all windows with null, and forgets those kept so
+// far.
+void StartTrace(HWND hwnd = nullptr);
+// Ends the trace and gives what was kept, in the order in which the window procedures were entered.
+std::vector<Message> StopTrace();
+// "WM_CREATE", or "0x0465" for a message with no name here.
+std::string MessageName(UINT message);
+
+// What was drawn into the window since its last ClearDrawing, one line an operation, in order:
+//   DrawThemeBackground BUTTON 1 3 (0,0,100,30)
+//   DrawTextW "Hello" (0,0,100,30) 0x0025 font="Segoe UI" 12 color=000000
+// What is drawn into a memory bitmap is kept with the bitmap and joins the window's record when the bitmap is
+// copied there.
+std::vector<std::string> Drawing(HWND hwnd);
+void ClearDrawing(HWND hwnd);
+
+// The clipboard's text, empty if it has none.
+std::string ClipboardText();
+void SetClipboardText(std::string_view text);
+
+struct CaretState
+{
+    HWND hwnd; // null while there is no caret
+    POINT position;
+    SIZE size;
+    bool visible;
+};
+CaretState Caret();
+
+// Accounting
+// ---------------------------------------------------------------------------------------------------
+
+// The kinds of platform object that are counted while they live.
+enum class Kind
+{
+    Window,
+    DeviceContext,
+    Bitmap,
+    Font,
+    Pen,
+    Brush,
+    Theme,
+    Region,
+    Timer,
+    Hook,
+    ScriptCache,
+    ImageList,
+    Icon,
+    Menu,
+    ActivationContext,
+    GlobalMemory,
+    Count
+};
+
+// How many objects of each kind live. Two are compared to see that an operation left nothing behind; printed,
+// a census names the kinds that have any.
+struct Census
+{
+    std::array<int, static_cast<size_t>(Kind::Count)> counts{};
+
+    int operator[](Kind kind) const { return counts[static_cast<size_t>(kind)]; }
+    bool operator==(const Census&) const = default;
+};
+std::ostream& operator<<(std::ostream& out, const Census& census);
+
+Census Live();
+
+// True if no heap block is lost. Only a build with AddressSanitizer on a system with leak checking can tell;
+// any other build answers true.
+bool HeapIsClean();
+
+// Faults
+// -------------------------------------------------------------------------------------------------------
+
+// Lets the named operation ("CreateWindowExW", "BeginPaint", ...) fail: its first `skip` calls go through,
+// the `times` calls after them fail with `error` as the last error.
+void Fail(std::string_view operation, int times = 1, DWORD error = ERROR_NOT_ENOUGH_MEMORY, int skip = 0);
+void ClearFaults();
+
+// Settings
+// ----------------------------------------------------------------------------------------------------- All
+// return to their first values with Reset(). None sends a message: a test that needs WM_THEMECHANGED or
+// WM_SETTINGCHANGE sends it.
+
+// Visual styles as a whole, one class of them, or one part of a class. Class names are as in OpenThemeData.
+void SetThemed(bool themed);
+void SetThemeClassAvailable(std::string_view themeClass, bool available);
+void SetThemePartAvailable(std::string_view themeClass, int part, bool available);
+// What GetThemeMargins, GetThemePartSize, GetThemeColor, GetThemeInt and GetThemeFont answer. State 0 stands
+// for every state that was not set by itself.
+void SetThemeMargins(std::string_view themeClass, int part, int state, int property, MARGINS margins);
+void SetThemePartSize(std::string_view themeClass, int part, int state, SIZE size);
+void SetThemeColor(std::string_view themeClass, int part, int state, int property, COLORREF color);
+void SetThemeInt(std::string_view themeClass, int part, int state, int property, int value);
+void SetThemeFont(std::string_view themeClass, int part, int state, int property, const LOGFONTW& font);
+
+void SetSystemMetric(int index, int value);
+void SetSystemColor(int index, COLORREF color);
+void SetDpi(int dpi);
+// The keyboard's repeat delay, 0 to 3, and speed, 0 to 31.
+void SetKeyboardRepeat(int delay, int speed);
+// Lines that one notch of the wheel scrolls.
+void SetWheelLines(UINT lines);
+
+} // namespace gesso::headless

@@ -1,0 +1,18 @@
+#include "../headless.h"
+
+namespace {
+constinit DWORD s_error = 0;
+} // namespace
+
+extern "C" {
+
+DWORD WINAPI GetLastError()
+{
+    return s_error;
+}
+
+void WINAPI SetLastError(DWORD error)
+{
+    s_error = error;
+}
+}

@@ -1,0 +1,26 @@
+// What the window manager needs of the graphics half: contexts of windows, and regions (CreateRectRgn,
+// CombineRgn, ... under the platform's own names).
+#pragma once
+
+#include "../headless.h"
+
+namespace gesso::headless {
+
+// Makes a context that draws into a window. Its origin lies at `origin` on the screen, the top left corner of
+// the client area, or of the whole window with `wholeWindow`; `size` is the size of that area.
+HDC CreateWindowContext(HWND hwnd, POINT origin, SIZE size, bool wholeWindow);
+// Ends a context that CreateWindowContext made, with whatever is selected into it.
+void DeleteWindowContext(HDC hdc);
+// The window that a context draws into; null for a memory context or a stale handle.
+HWND WindowOfContext(HDC hdc);
+
+// Clips a window's context to a region in its own coordinates, as BeginPaint does with the invalid region.
+// The region is copied. Unlike the region of SelectClipRgn it cannot be replaced by the program.
+void SetVisibleRegion(HDC hdc, HRGN region);
+
+// Forgets what was drawn into a window, which is going.
+void ForgetDrawing(HWND hwnd);
+// Puts everything of the graphics half that Reset() covers back to its first state.
+void ResetGraphics();
+
+} // namespace gesso::headless
