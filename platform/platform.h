@@ -29,6 +29,10 @@
 #ifndef __cdecl
 #define __cdecl
 #endif
+// WCHAR is wchar_t, as on Windows, and not char16_t.
+#ifndef WINE_UNICODE_NATIVE
+#define WINE_UNICODE_NATIVE
+#endif
 #endif
 
 #include <windows.h>
