@@ -1,0 +1,86 @@
+#include <gesso/controls/ButtonInput.h>
+
+namespace gesso {
+
+int HitTestClient(HWND hwnd, POINTS pt)
+{
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    return pt.x >= 0 && pt.y >= 0 && pt.x <= rc.right && pt.y <= rc.bottom;
+}
+
+LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey)
+{
+    if (uKey == VK_SPACE) {
+        Frame::State(wnd) |= GWS_KEYDOWN;
+        wnd.Invalidate(0);
+    }
+    return 0;
+}
+
+LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey)
+{
+    DWORD& dwState = Frame::State(wnd);
+    if (uKey != VK_SPACE || !(dwState & GWS_KEYDOWN)) {
+        return 0;
+    }
+    dwState &= ~GWS_KEYDOWN;
+    wnd.Invalidate(0);
+    if (!(dwState & GWS_PRESSED)) {
+        Frame::SendClick(wnd);
+    }
+    return 0;
+}
+
+LRESULT OnButtonDown(GWnd& wnd)
+{
+    const HWND hwnd = Frame::Handle(wnd);
+    // The parents of this control and of the one that loses the focus are told, and may destroy this one.
+    SetFocus(hwnd);
+    if (!Frame::IsAlive(hwnd, &wnd)) {
+        return 0;
+    }
+    SetCapture(hwnd);
+    Frame::State(wnd) |= GWS_PRESSED;
+    wnd.Invalidate(0);
+    return 0;
+}
+
+LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
+{
+    const HWND hwnd = Frame::Handle(wnd);
+    DWORD& dwState = Frame::State(wnd);
+    if (!(dwState & GWS_PRESSED)) {
+        return 0;
+    }
+    // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED.
+    ReleaseCapture();
+    wnd.Invalidate(0);
+    if (!HitTestClient(hwnd, pt)) {
+        return 0;
+    }
+    dwState |= GWS_HOT;
+    if (!(fKeyHolds && (dwState & GWS_KEYDOWN))) {
+        Frame::SendClick(wnd);
+    }
+    return 0;
+}
+
+LRESULT OnButtonMove(GWnd& wnd, POINTS pt)
+{
+    Frame::TrackLeave(wnd);
+    DWORD& dwState = Frame::State(wnd);
+    const DWORD dwFormer = dwState;
+    if (HitTestClient(Frame::Handle(wnd), pt)) {
+        dwState |= GWS_HOT;
+    } else {
+        dwState &= ~GWS_HOT;
+    }
+    // A moving pointer must not repaint where nothing changed.
+    if (dwState != dwFormer) {
+        wnd.Invalidate(0);
+    }
+    return 0;
+}
+
+} // namespace gesso

@@ -1,0 +1,62 @@
+#include <gesso/controls/ContentLayout.h>
+
+namespace gesso {
+namespace {
+
+bool IsBeside(ImageSide side)
+{
+    return side == ImageSide::Left || side == ImageSide::Right;
+}
+
+// The offset that aligns something whose slack in its room is given, by the bits for centre and for the far
+// end.
+int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
+{
+    if (dwStyle & dwCenter) {
+        return nSlack >> 1;
+    }
+    return dwStyle & dwFar ? nSlack : 0;
+}
+
+// Where something of a given extent starts when it is aligned with the text from nearEdge to farEdge.
+int AlignTo(int nearEdge, int farEdge, int nExtent, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
+{
+    if (dwStyle & dwCenter) {
+        return (nearEdge + farEdge - nExtent) >> 1;
+    }
+    return dwStyle & dwFar ? farEdge - nExtent : nearEdge;
+}
+
+} // namespace
+
+RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image)
+{
+    RECT rc = rcContent;
+    switch (side) {
+    case ImageSide::Left: rc.left += IMAGE_GAP + image.cx; break;
+    case ImageSide::Right: rc.right -= image.cx + IMAGE_GAP; break;
+    case ImageSide::Top: rc.top += IMAGE_GAP + image.cy; break;
+    case ImageSide::Bottom: rc.bottom -= image.cy + IMAGE_GAP; break;
+    }
+    return rc;
+}
+
+void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle)
+{
+    OffsetRect(prcText, Shift(rcContent.right - prcText->right, dwStyle, GS_CENTER, GS_RIGHT),
+               Shift(rcContent.bottom - prcText->bottom, dwStyle, GS_VCENTER, GS_BOTTOM));
+}
+
+POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, DWORD dwStyle)
+{
+    if (!IsBeside(side)) {
+        return {AlignTo(prcText->left, prcText->right, image.cx, dwStyle, GS_CENTER, GS_RIGHT),
+                prcText->top - image.cy - IMAGE_GAP};
+    }
+    const int y = AlignTo(prcText->top, prcText->bottom, image.cy, dwStyle, GS_VCENTER, GS_BOTTOM);
+    const int nShift = (image.cx + IMAGE_GAP) >> 1;
+    OffsetRect(prcText, side == ImageSide::Left ? nShift : -nShift, 0);
+    return {prcText->left - (y + image.cy) - IMAGE_GAP, y};
+}
+
+} // namespace gesso

@@ -1,0 +1,33 @@
+// The arithmetic that buttons, check boxes and radio buttons share: aligning a text in its room, and placing
+// an image beside it.
+#pragma once
+
+#include <gesso/controls/ControlStyles.h>
+
+namespace gesso {
+
+// Room between an image and the text.
+constexpr int IMAGE_GAP = 5;
+
+enum class ImageSide
+{
+    Left,
+    Right,
+    Top,
+    Bottom,
+};
+
+// What remains of the content for the text beside an image.
+RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image);
+
+// Moves a measured text to its place in the content, by GS_CENTER, GS_RIGHT, GS_VCENTER and GS_BOTTOM.
+void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle);
+
+// The image's place, and the text's shift that goes with it for an image to the left or right.
+//
+// Two oddities are kept, since hosts rely on the looks: beside the text, x is worked out from the image's
+// vertical place and height, always to the left of the text; and an image below the text is placed above it
+// like one on top.
+POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, DWORD dwStyle);
+
+} // namespace gesso

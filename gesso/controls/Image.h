@@ -1,0 +1,31 @@
+// The image that labels and buttons show: a host's icon or bitmap, measured and drawn the same way by all of
+// them.
+#pragma once
+
+#include <gesso/controls/ControlStyles.h>
+
+namespace gesso {
+
+enum class ImageKind
+{
+    None,
+    Icon,
+    Bitmap,
+};
+
+// By GS_ICON and GS_BITMAP of a window style; an icon where both are set.
+ImageKind ImageKindOf(DWORD dwStyle);
+
+// Writes the image's size in pixels; false, leaving *pSize as it is, where the handle cannot be measured.
+bool MeasureIcon(HICON hIcon, SIZE* pSize);
+bool MeasureBitmap(HBITMAP hBitmap, SIZE* pSize);
+bool MeasureImage(ImageKind kind, HANDLE hImage, SIZE* pSize);
+
+// DrawStateW at a place and with a size that the control works out; greyed for a disabled window.
+void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int cy, DWORD dwStyle);
+
+// SetIcon and SetBitmap of all controls: stores the host's handle and, where it can be measured, its size in
+// pixels. Returns the former handle.
+HANDLE ReplaceImage(ImageKind kind, HANDLE hNew, HANDLE& hImage, int& cxImage, int& cyImage);
+
+} // namespace gesso

@@ -1,0 +1,22 @@
+#include <gesso/framework/BufferedPaint.h>
+
+namespace gesso {
+
+BufferedPaint::BufferedPaint(HWND hwnd) : m_hWnd(hwnd)
+{
+    BeginPaint(m_hWnd, &m_paint);
+    GetClientRect(m_hWnd, &m_rcClient);
+    m_hdc = CreateCompatibleDC(m_paint.hdc);
+    m_hFormerBitmap =
+        SelectObject(m_hdc, CreateCompatibleBitmap(m_paint.hdc, m_rcClient.right, m_rcClient.bottom));
+}
+
+BufferedPaint::~BufferedPaint()
+{
+    BitBlt(m_paint.hdc, 0, 0, m_rcClient.right, m_rcClient.bottom, m_hdc, 0, 0, SRCCOPY);
+    DeleteObject(SelectObject(m_hdc, m_hFormerBitmap));
+    DeleteDC(m_hdc);
+    EndPaint(m_hWnd, &m_paint);
+}
+
+} // namespace gesso

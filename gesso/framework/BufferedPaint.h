@@ -1,0 +1,36 @@
+// The paint path of every control: the whole client area is drawn into a throw-away bitmap and copied to the
+// window at the end, so that nothing flickers.
+#pragma once
+
+#include <gesso/api.h>
+
+namespace gesso {
+
+class BufferedPaint
+{
+public:
+    explicit BufferedPaint(HWND hwnd);
+    ~BufferedPaint();
+    BufferedPaint(const BufferedPaint&) = delete;
+    BufferedPaint& operator=(const BufferedPaint&) = delete;
+
+    // What to draw into, in client coordinates.
+    HDC Context() const { return m_hdc; }
+
+private:
+    HWND m_hWnd;
+    PAINTSTRUCT m_paint;
+    RECT m_rcClient;
+    HDC m_hdc;
+    HGDIOBJ m_hFormerBitmap;
+};
+
+// WM_PAINT of a control with a Draw(HDC).
+template <class CONTROL> LRESULT PaintControl(CONTROL& control, HWND hwnd)
+{
+    BufferedPaint paint(hwnd);
+    control.Draw(paint.Context());
+    return 0;
+}
+
+} // namespace gesso

@@ -1,0 +1,46 @@
+// The text that a control holds, and the operations on it that all text controls share.
+#pragma once
+
+#include <gesso/framework/Owned.h>
+
+#include <climits>
+
+namespace gesso {
+
+GESSO_API void FreeText(LPWSTR psz) noexcept;
+
+// A heap block of exactly the text and its terminator, in characters of 16 bits.
+using ControlText = Owned<LPWSTR, FreeText>;
+
+// A fresh heap copy of a text; of the empty text for a null pointer.
+LPWSTR CopyText(LPCWSTR psz);
+
+// A fresh heap copy of the text in a dialog template's creation data: a first word, which is skipped, and a
+// terminated text. Without creation data, the empty text.
+LPWSTR CopyCreationText(const void* pCreateData);
+
+inline LPCWSTR TextOrEmpty(LPCWSTR psz)
+{
+    return psz ? psz : L"";
+}
+
+// Characters before the terminator; 0 without a text.
+int TextLength(LPCWSTR psz);
+
+// GetText of all controls. *pnLength is the buffer's capacity in characters. With room for the text and its
+// terminator: copies, sets *pnLength to the length, returns 1. Otherwise writes nothing to the buffer, sets
+// *pnLength to the capacity needed, returns 0.
+int ReadText(LPCWSTR psz, LPWSTR pszBuffer, int* pnLength);
+
+// The truncated answer to WM_GETTEXT. Returns the capacity, one more than the characters copied: hosts rely
+// on it.
+LRESULT ReadTextTruncated(LPCWSTR psz, LPWSTR pszBuffer, UINT nCapacity);
+
+// WM_GETTEXT of all controls, through the control's own virtual GetText.
+template <class CONTROL> LRESULT ReplyGetText(CONTROL& control, LPCWSTR psz, UINT nCapacity, LPWSTR pszBuffer)
+{
+    int nLength = static_cast<int>(nCapacity <= INT_MAX ? nCapacity : INT_MAX);
+    return control.GetText(pszBuffer, &nLength) ? nLength : ReadTextTruncated(psz, pszBuffer, nCapacity);
+}
+
+} // namespace gesso

@@ -1,0 +1,178 @@
+#include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/Frame.h>
+
+namespace gesso {
+namespace {
+
+constexpr WORD TAG_MARK = 0xFFFF;
+
+// Bits of the ownership word. The second is ours: the pointer beside it stays as it is, but is followed no
+// more.
+constexpr LONG WINDOW_OWNS = 1;
+constexpr LONG PARTED = 2;
+
+void Part(HWND hwnd)
+{
+    SetWindowLongW(hwnd, Frame::OWNER_WORD, GetWindowLongW(hwnd, Frame::OWNER_WORD) | PARTED);
+}
+
+} // namespace
+
+HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId, DWORD dwExStyle,
+                         DWORD dwStyle)
+{
+    Abandon(wnd);
+    stcCreateTag tag{TAG_MARK, &wnd};
+    wnd.m_hWnd = IsolationAwareCreateWindowExW(
+        dwExStyle, MAKEINTRESOURCEW(aClass), nullptr, dwStyle, place.x, place.y, place.cx, place.cy,
+        place.hwndParent, reinterpret_cast<HMENU>(static_cast<LONG_PTR>(nId)), nullptr, &tag);
+    return wnd.m_hWnd;
+}
+
+GWnd* Frame::TaggedObject(const void* pCreateParams)
+{
+    stcCreateTag tag{};
+    if (!pCreateParams) {
+        return nullptr;
+    }
+    std::memcpy(&tag.wMark, pCreateParams, sizeof(tag.wMark));
+    if (tag.wMark != TAG_MARK) {
+        return nullptr;
+    }
+    std::memcpy(&tag, pCreateParams, sizeof(tag));
+    return static_cast<GWnd*>(tag.pObject);
+}
+
+GWnd* Frame::Attached(HWND hwnd)
+{
+    GWnd* pWnd = GWnd::FromHwnd(hwnd);
+    return pWnd && !(GetWindowLongW(hwnd, OWNER_WORD) & PARTED) ? pWnd : nullptr;
+}
+
+void Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
+{
+    SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
+    SetWindowLongW(hwnd, OWNER_WORD, fOwned ? WINDOW_OWNS : 0);
+    wnd.m_hWnd = hwnd;
+}
+
+LRESULT Frame::Detach(GWnd& wnd)
+{
+    const HWND hwnd = wnd.m_hWnd;
+    const bool fOwned = GetWindowLongW(hwnd, OWNER_WORD) & WINDOW_OWNS;
+    Part(hwnd);
+    if (fOwned) {
+        delete &wnd;
+    }
+    return 0;
+}
+
+void Frame::Abandon(GWnd& wnd)
+{
+    if (wnd.m_hWnd && GWnd::FromHwnd(wnd.m_hWnd) == &wnd) {
+        Part(wnd.m_hWnd);
+    }
+}
+
+LRESULT Frame::OnSetFocus(GWnd& wnd)
+{
+    wnd.Invalidate(0);
+    SendNotify(wnd, static_cast<UINT>(NM_SETFOCUS));
+    return 0;
+}
+
+LRESULT Frame::OnKillFocus(GWnd& wnd)
+{
+    const HWND hwnd = wnd.m_hWnd;
+    wnd.Invalidate(0);
+    if (wnd.m_dwState & GWS_KEYDOWN) {
+        wnd.m_dwState &= ~GWS_KEYDOWN;
+        if (!(wnd.m_dwState & GWS_PRESSED)) {
+            SendClick(wnd);
+        }
+    }
+    if (IsAlive(hwnd, &wnd)) {
+        SendNotify(wnd, static_cast<UINT>(NM_KILLFOCUS));
+    }
+    return 0;
+}
+
+LRESULT Frame::OnEnable(GWnd& wnd, BOOL fEnable)
+{
+    if (!fEnable) {
+        wnd.m_dwState &= ~(GWS_HOT | GWS_PRESSED | GWS_KEYDOWN);
+    }
+    wnd.Invalidate(0);
+    return 0;
+}
+
+LRESULT Frame::OnStyleChanged(GWnd& wnd)
+{
+    wnd.Invalidate(0);
+    return 0;
+}
+
+LRESULT Frame::OnCaptureChanged(GWnd& wnd, HWND hwndNew)
+{
+    if (hwndNew != wnd.m_hWnd) {
+        wnd.m_dwState &= ~GWS_PRESSED;
+    }
+    return 0;
+}
+
+LRESULT Frame::OnMouseLeave(GWnd& wnd)
+{
+    wnd.m_dwState &= ~(GWS_HOT | GWS_TRACKING);
+    wnd.Invalidate(0);
+    return 0;
+}
+
+LRESULT Frame::OnSetFont(GWnd& wnd, HFONT& hFontField, HFONT hFont, UINT uRedraw)
+{
+    hFontField = hFont;
+    if (uRedraw) {
+        wnd.Invalidate(0);
+    }
+    return 0;
+}
+
+LRESULT Frame::OnUpdateUIState(GWnd& wnd, WPARAM wParam, LPARAM lParam)
+{
+    const HWND hwnd = wnd.m_hWnd;
+    wnd.OnUpdateUIState(LOWORD(wParam), HIWORD(wParam));
+    return DefWindowProcW(hwnd, WM_UPDATEUISTATE, wParam, lParam);
+}
+
+DWORD Frame::Style(const GWnd& wnd)
+{
+    return static_cast<DWORD>(GetWindowLongW(wnd.m_hWnd, GWL_STYLE));
+}
+
+DWORD Frame::SetStyle(const GWnd& wnd, DWORD dwStyle)
+{
+    return static_cast<DWORD>(SetWindowLongA(wnd.m_hWnd, GWL_STYLE, static_cast<LONG>(dwStyle)));
+}
+
+void Frame::TrackLeave(GWnd& wnd)
+{
+    if (wnd.m_dwState & GWS_TRACKING) {
+        return;
+    }
+    TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE, wnd.m_hWnd, 0};
+    TrackMouseEvent(&track);
+    wnd.m_dwState |= GWS_TRACKING;
+}
+
+void Frame::SendClick(const GWnd& wnd)
+{
+    const auto id = static_cast<WPARAM>(GetDlgCtrlID(wnd.m_hWnd) & 0xFFFF);
+    SendMessageW(wnd.GetParent(), WM_COMMAND, id, reinterpret_cast<LPARAM>(wnd.m_hWnd));
+}
+
+void Frame::SendNotify(const GWnd& wnd, UINT uCode)
+{
+    NMHDR header{wnd.m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID(wnd.m_hWnd)), uCode};
+    SendMessageW(wnd.GetParent(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+}
+
+} // namespace gesso

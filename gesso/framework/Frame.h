@@ -1,0 +1,137 @@
+// The frame that all controls share: how a window and its object find each other and part again, the common
+// rows of the window procedures, and the notifications to the parent.
+#pragma once
+
+#include <gesso/framework/GWnd.h>
+
+// What Create passes as lpCreateParams, so that the window attaches to the object instead of making its own.
+#pragma pack(push, 1)
+struct stcCreateTag
+{
+    WORD wMark;
+    void* pObject;
+};
+#pragma pack(pop)
+static_assert(sizeof(stcCreateTag) == 10);
+
+namespace gesso {
+
+// A mouse message's point: two signed halves.
+constexpr POINTS PointOf(LPARAM lParam)
+{
+    return {static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
+}
+
+// What GWS_HIDEACCEL adds to a text format.
+constexpr UINT PrefixFormat(DWORD dwState)
+{
+    return dwState & GWS_HIDEACCEL ? DT_HIDEPREFIX : 0;
+}
+
+// Where and how large a control is to be, and who its parent is.
+struct Placement
+{
+    int x, y, cx, cy;
+    HWND hwndParent;
+};
+
+class Frame
+{
+public:
+    // The window's extra bytes: the object at 0, the ownership word at 8.
+    static constexpr int OBJECT_WORD = 0;
+    static constexpr int OWNER_WORD = 8;
+    static constexpr int EXTRA_BYTES = 12;
+
+    static constexpr DWORD FIRST_STATE = GWS_HIDEFOCUS | GWS_HIDEACCEL;
+
+    // --- Coming to life and going
+    // -----------------------------------------------------------------------------
+
+    // Makes the window for an object that the host made. A window that the object still had goes on without
+    // it. Returns null, with the platform's last error, where the window could not be made.
+    static HWND CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId, DWORD dwExStyle,
+                             DWORD dwStyle);
+
+    // WM_CREATE, or WM_NCCREATE for the classes that need their object that early: finds the tagged object or
+    // makes one that the window owns, and lets its OnCreate finish the attachment.
+    template <class CONTROL> static LRESULT Attach(HWND hwnd, LPARAM lParam)
+    {
+        const auto* pcs = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        auto* pControl = static_cast<CONTROL*>(TaggedObject(pcs->lpCreateParams));
+        const bool fOwned = !pControl;
+        if (fOwned) {
+            pControl = new CONTROL;
+            if constexpr (requires { pControl->Init(pcs->lpCreateParams); }) {
+                pControl->Init(pcs->lpCreateParams);
+            }
+        }
+        Bind(hwnd, *pControl, fOwned);
+        return pControl->OnCreate(pcs);
+    }
+
+    // The end of every detachment: deletes the object if its window owns it. Touch nothing of it afterwards.
+    static LRESULT Detach(GWnd& wnd);
+
+    // From the destructor: takes the object away from a window that is still attached to it.
+    static void Abandon(GWnd& wnd);
+
+    // The object that answers a window's messages: null before attachment and after detachment.
+    template <class CONTROL> static CONTROL* ObjectOf(HWND hwnd)
+    {
+        return static_cast<CONTROL*>(Attached(hwnd));
+    }
+
+    // Whether the window is still there and still this object's, to be asked after anything that a parent may
+    // have answered by destroying either. Reads nothing of the object.
+    static bool IsAlive(HWND hwnd, const GWnd* pWnd) { return Attached(hwnd) == pWnd; }
+
+    // --- Common rows
+    // ------------------------------------------------------------------------------------------
+
+    static LRESULT OnSetFocus(GWnd& wnd);
+    // A held space key clicks on losing the focus, unless the mouse button is held as well.
+    static LRESULT OnKillFocus(GWnd& wnd);
+    static LRESULT OnEnable(GWnd& wnd, BOOL fEnable);
+    static LRESULT OnStyleChanged(GWnd& wnd);
+    static LRESULT OnCaptureChanged(GWnd& wnd, HWND hwndNew);
+    static LRESULT OnMouseLeave(GWnd& wnd);
+    static LRESULT OnSetFont(GWnd& wnd, HFONT& hFontField, HFONT hFont, UINT uRedraw);
+    // The UI-state rule, and then the platform's own handling.
+    static LRESULT OnUpdateUIState(GWnd& wnd, WPARAM wParam, LPARAM lParam);
+
+    // The window style, whole; setting it sends WM_STYLECHANGED, which repaints.
+    static DWORD Style(const GWnd& wnd);
+    static DWORD SetStyle(const GWnd& wnd, DWORD dwStyle);
+
+    // Asks once for WM_MOUSELEAVE until it comes.
+    static void TrackLeave(GWnd& wnd);
+
+    // WM_PRINTCLIENT: draws straight into the given context.
+    template <class CONTROL> static LRESULT OnPrintClient(CONTROL& control, HDC hdc, LPARAM lParam)
+    {
+        if (lParam & PRF_CLIENT) {
+            control.Draw(hdc);
+        }
+        return 0;
+    }
+
+    // --- Notifications; the control may be gone when they return
+    // ------------------------------------------------
+
+    static void SendClick(const GWnd& wnd);
+    static void SendNotify(const GWnd& wnd, UINT uCode);
+
+    // --- Access for the shared parts of the controls
+    // -------------------------------------------------------------
+
+    static HWND Handle(const GWnd& wnd) { return wnd.m_hWnd; }
+    static DWORD& State(GWnd& wnd) { return wnd.m_dwState; }
+
+private:
+    static GWnd* TaggedObject(const void* pCreateParams);
+    static GWnd* Attached(HWND hwnd);
+    static void Bind(HWND hwnd, GWnd& wnd, bool fOwned);
+};
+
+} // namespace gesso

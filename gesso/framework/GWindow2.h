@@ -1,0 +1,31 @@
+// GWindow2: a plain top-level window for hosts. Make one, call Create, run a message loop: destroying the
+// window posts the quit message. It sends no notifications; what its children send goes to DefWindowProcW.
+#pragma once
+
+#include <gesso/framework/GWnd.h>
+
+class GESSO_API GWindow2 : public GWnd
+{
+public:
+    GWindow2() = default;
+
+    // Makes a visible overlapped window, position and size in pixels, and returns it; null where that failed.
+    // The window runs on an object that it makes and frees itself: the object that Create is called on keeps
+    // a null window. Hosts rely on it.
+    HWND Create(int x, int y, int cx, int cy, HWND hwndParent);
+    // DestroyWindow on the object's own window. Returns 0 without one.
+    int Destroy();
+    // Does nothing.
+    void Init(void* pCreateData);
+
+    static ATOM IsolationAwareRegisterClassW();
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    static ATOM s_aClass;
+
+protected:
+    LRESULT OnCreate(const CREATESTRUCTW* pcs);
+
+private:
+    friend class gesso::Frame;
+    DWORD m_dwReserved = 0;
+};

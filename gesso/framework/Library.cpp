@@ -1,0 +1,49 @@
+#include <gesso/framework/ControlTable.h>
+#include <gesso/framework/Library.h>
+#include <gesso/framework/Module.h>
+
+constinit HMODULE g_hModule = nullptr;
+constinit HFONT g_hDefaultFont = nullptr;
+
+namespace {
+
+constexpr int DEFAULT_POINTS = 9;
+constexpr int POINTS_PER_INCH = 72;
+
+HFONT MakeDefaultFont()
+{
+    const HDC hdcScreen = GetDC(nullptr);
+    const int nHeight = -MulDiv(DEFAULT_POINTS, GetDeviceCaps(hdcScreen, LOGPIXELSY), POINTS_PER_INCH);
+    ReleaseDC(nullptr, hdcScreen);
+    return CreateFontW(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+}
+
+} // namespace
+
+void InitControls()
+{
+    if (!g_hDefaultFont) {
+        g_hDefaultFont = MakeDefaultFont();
+    }
+    for (const gesso::RegisterClassFunction pfnRegister : gesso::StartupClasses()) {
+        pfnRegister();
+    }
+}
+
+void* CreateControl(int nKind)
+{
+    const auto kinds = gesso::ControlKinds();
+    if (nKind < 1 || static_cast<size_t>(nKind) > kinds.size()) {
+        return nullptr;
+    }
+    const gesso::MakeControlFunction pfnMake = kinds[static_cast<size_t>(nKind) - 1];
+    return pfnMake ? pfnMake() : nullptr;
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void*)
+{
+    if (dwReason == DLL_PROCESS_ATTACH) {
+        g_hModule = hModule;
+    }
+    return TRUE;
+}

@@ -1,0 +1,47 @@
+// One part of a visual style in one state, and what stands in for it where the style does not have it: with
+// visual styles off, or in a style that lacks the class, the part is drawn in plain system colours, so that
+// the control stays usable. With a complete style every operation is the theme service's own and nothing
+// more.
+#pragma once
+
+#include <gesso/api.h>
+
+namespace gesso {
+
+// What a part looks like without a style.
+enum class PlainPart
+{
+    PushButton,
+    CheckBox,
+    RadioButton,
+    CommandLink,
+};
+
+class ThemePart
+{
+public:
+    ThemePart(HTHEME hTheme, HDC hdc, int nPart, int nState, PlainPart plain)
+        : m_hTheme(hTheme), m_hdc(hdc), m_nPart(nPart), m_nState(nState), m_plain(plain)
+    {}
+
+    void DrawBackground(const RECT& rc) const;
+    // rc less the part's content margins.
+    RECT ContentOf(const RECT& rc) const;
+    // The part's true size; that of the system's check mark where the style has none.
+    SIZE Size(const RECT* prc) const;
+    // The rectangle that the text takes, from the top left of rcBounds. uFormat as for DrawTextW.
+    RECT TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) const;
+    void DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
+
+private:
+    void DrawPlainBackground(RECT rc) const;
+    void DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const;
+
+    HTHEME m_hTheme;
+    HDC m_hdc;
+    int m_nPart;
+    int m_nState;
+    PlainPart m_plain;
+};
+
+} // namespace gesso
