@@ -18,27 +18,26 @@ int StateInFour(PlainPart plain, int nState)
     return HasCheck(plain) ? (nState - 1) % STATES_PER_CHECK + 1 : nState;
 }
 
-UINT PlainKind(PlainPart plain)
+UINT PlainButtonState(PlainPart plain, int nState)
 {
-    switch (plain) {
-    case PlainPart::CheckBox: return DFCS_BUTTONCHECK;
-    case PlainPart::RadioButton: return DFCS_BUTTONRADIO;
-    default: return DFCS_BUTTONPUSH;
+    const UINT uCheck = HasCheck(plain) && nState > STATES_PER_CHECK ? DFCS_CHECKED : 0;
+    switch (StateInFour(plain, nState)) {
+    case PBS_PRESSED: return DFCS_PUSHED | uCheck;
+    case PBS_DISABLED: return DFCS_INACTIVE | uCheck;
+    default: return uCheck;
     }
 }
 
-UINT PlainState(PlainPart plain, int nState)
+// The arrows' states come in fours by direction, then the four hover states. Idle arrows are in the disabled
+// state, and look normal here.
+UINT PlainArrow(int nState)
 {
-    UINT uState = 0;
-    switch (StateInFour(plain, nState)) {
-    case PBS_PRESSED: uState = DFCS_PUSHED; break;
-    case PBS_DISABLED: uState = DFCS_INACTIVE; break;
-    default: break;
+    constexpr UINT KINDS[] = {DFCS_SCROLLUP, DFCS_SCROLLDOWN, DFCS_SCROLLLEFT, DFCS_SCROLLRIGHT};
+    if (nState >= ABS_UPHOVER) {
+        return KINDS[(nState - ABS_UPHOVER) % 4];
     }
-    if (HasCheck(plain) && nState > STATES_PER_CHECK) {
-        uState |= DFCS_CHECKED;
-    }
-    return uState;
+    const auto nDirection = static_cast<unsigned>(nState - 1) / 4 % 4;
+    return KINDS[nDirection] | ((nState - 1) % 4 == ABS_UPPRESSED - 1 ? DFCS_PUSHED : 0);
 }
 
 int LengthOf(LPCWSTR psz)
@@ -97,9 +96,24 @@ void ThemePart::DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const
     }
 }
 
+void ThemePart::DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const
+{
+    DrawFrameControl(m_hdc, &rc, uType, uKind);
+}
+
 void ThemePart::DrawPlainBackground(RECT rc) const
 {
-    DrawFrameControl(m_hdc, &rc, DFC_BUTTON, PlainKind(m_plain) | PlainState(m_plain, m_nState));
+    const UINT uButton = PlainButtonState(m_plain, m_nState);
+    switch (m_plain) {
+    case PlainPart::PushButton:
+    case PlainPart::CommandLink: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH | uButton); break;
+    case PlainPart::CheckBox: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONCHECK | uButton); break;
+    case PlainPart::RadioButton: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONRADIO | uButton); break;
+    case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_SCROLLBAR)); break;
+    case PlainPart::ScrollArrow: DrawPlainFrame(rc, DFC_SCROLL, PlainArrow(m_nState)); break;
+    case PlainPart::ScrollThumb: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH); break;
+    case PlainPart::ScrollGripper: break;
+    }
 }
 
 void ThemePart::DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const

@@ -15,6 +15,10 @@ enum class PlainPart
     CheckBox,
     RadioButton,
     CommandLink,
+    ScrollTrack,
+    ScrollArrow,
+    ScrollThumb,
+    ScrollGripper,
 };
 
 class ThemePart
@@ -35,6 +39,7 @@ public:
 
 private:
     void DrawPlainBackground(RECT rc) const;
+    void DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const;
     void DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const;
 
     HTHEME m_hTheme;

@@ -1,0 +1,76 @@
+#include <gesso/framework/NonClientPaint.h>
+
+namespace gesso {
+namespace {
+
+struct WindowAreas
+{
+    POINT ptOrigin; // of the window, on the screen
+    RECT rcWindow;  // from 0, 0
+    RECT rcClient;  // in the window
+};
+
+WindowAreas AreasOf(HWND hwnd)
+{
+    WindowAreas areas{};
+    GetWindowRect(hwnd, &areas.rcWindow);
+    GetClientRect(hwnd, &areas.rcClient);
+    MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT*>(&areas.rcClient), 2);
+    areas.ptOrigin = {areas.rcWindow.left, areas.rcWindow.top};
+    OffsetRect(&areas.rcClient, -areas.ptOrigin.x, -areas.ptOrigin.y);
+    OffsetRect(&areas.rcWindow, -areas.ptOrigin.x, -areas.ptOrigin.y);
+    return areas;
+}
+
+void Exclude(HDC hdc, const RECT& rc)
+{
+    ExcludeClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
+}
+
+// The region comes in screen coordinates and stays the platform's.
+void ClipToRegion(HDC hdcWindow, HRGN hRegion, POINT ptOrigin)
+{
+    const HRGN hCopy = CreateRectRgn(0, 0, 0, 0);
+    CombineRgn(hCopy, hRegion, nullptr, RGN_COPY);
+    OffsetRgn(hCopy, -ptOrigin.x, -ptOrigin.y);
+    SelectClipRgn(hdcWindow, hCopy);
+    DeleteObject(hCopy);
+}
+
+} // namespace
+
+NonClientPaint::NonClientPaint(HWND hwnd, WPARAM wRegion) : m_hWnd(hwnd), m_hdcWindow(GetWindowDC(hwnd))
+{
+    const WindowAreas areas = AreasOf(hwnd);
+    m_rcWindow = areas.rcWindow;
+    if (wRegion != 1) {
+        ClipToRegion(m_hdcWindow, reinterpret_cast<HRGN>(wRegion), areas.ptOrigin);
+    }
+    Exclude(m_hdcWindow, areas.rcClient);
+    m_hdc = CreateCompatibleDC(m_hdcWindow);
+    m_hFormerBitmap =
+        SelectObject(m_hdc, CreateCompatibleBitmap(m_hdcWindow, m_rcWindow.right, m_rcWindow.bottom));
+}
+
+NonClientPaint::~NonClientPaint()
+{
+    BitBlt(m_hdcWindow, 0, 0, m_rcWindow.right, m_rcWindow.bottom, m_hdc, 0, 0, SRCCOPY);
+    DeleteObject(SelectObject(m_hdc, m_hFormerBitmap));
+    DeleteDC(m_hdc);
+    ReleaseDC(m_hWnd, m_hdcWindow);
+}
+
+NonClientPrint::NonClientPrint(HWND hwnd, HDC hdc) : m_hdc(hdc), m_nSaved(SaveDC(hdc))
+{
+    const WindowAreas areas = AreasOf(hwnd);
+    m_rcWindow = areas.rcWindow;
+    OffsetWindowOrgEx(hdc, areas.rcClient.left, areas.rcClient.top, nullptr);
+    Exclude(hdc, areas.rcClient);
+}
+
+NonClientPrint::~NonClientPrint()
+{
+    RestoreDC(m_hdc, m_nSaved);
+}
+
+} // namespace gesso
