@@ -1,0 +1,135 @@
+# What the scripts share: messages, builds, a private display and Wine. Meant for `source`.
+
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+BUILD=$ROOT/build
+XVFB_PID=
+WINE_IN_USE=
+
+say() { printf '== %s\n' "$*"; }
+
+die() {
+    printf 'error: %s\n' "$*" >&2
+    exit 1
+}
+
+# --- Builds
+
+use_ccache() {
+    command -v ccache >/dev/null || return 0
+    export CMAKE_C_COMPILER_LAUNCHER=${CMAKE_C_COMPILER_LAUNCHER-ccache}
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+}
+
+# build PRESET [CMAKE-OPTION...]: configures and builds a preset in build/PRESET.
+build() {
+    local preset=$1
+    shift
+    use_ccache
+    (cd "$ROOT" && cmake --preset "$preset" "$@" --log-level=WARNING && cmake --build --preset "$preset")
+}
+
+# --- A private display
+
+# Starts an Xvfb with the first free display number and ends it with the script.
+start_display() {
+    local file number i
+    mkdir -p "$BUILD"
+    file=$(mktemp "$BUILD/display.XXXXXX")
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$file" >/dev/null 2>&1 &
+    XVFB_PID=$!
+    trap end_session EXIT
+    for ((i = 0; i < 100; i++)); do
+        number=$(<"$file")
+        [[ -n $number ]] && break
+        kill -0 $XVFB_PID 2>/dev/null || break
+        sleep 0.1
+    done
+    rm -f "$file"
+    [[ -n $number ]] || die "Xvfb did not start"
+    export DISPLAY=:$number
+}
+
+# --- Wine
+
+find_wine() {
+    local candidate
+    # Debian's own `wine` is a script that first complains where there is no 32-bit Wine.
+    for candidate in /usr/lib/wine/wine64 wine64 wine; do
+        command -v "$candidate" >/dev/null && WINE=$candidate && break
+    done
+    [[ -n ${WINE:-} ]] || die "Wine is not installed: run scripts/setup.sh"
+    for candidate in /usr/lib/wine/wineserver wineserver; do
+        command -v "$candidate" >/dev/null && WINESERVER=$candidate && return
+    done
+    die "Wine's server is not installed: run scripts/setup.sh"
+}
+
+# The values that the programs' look and speed rest on. $1: Y where a window manager decorates the windows, N
+# on a bare display, where each framed window would wait for one in vain.
+wine_settings() {
+    cat <<SETTINGS
+Windows Registry Editor Version 5.00
+
+[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]
+"Managed"="$1"
+
+[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]
+"Segoe UI"="Open Sans"
+
+[HKEY_CURRENT_USER\\Control Panel\\Desktop]
+"FontSmoothing"="2"
+"FontSmoothingType"=dword:00000002
+"FontSmoothingGamma"=dword:000003e8
+"FontSmoothingOrientation"=dword:00000001
+SETTINGS
+}
+
+# prepare_wine Y|N: makes the Wine prefix build/wine where there is none yet, with the settings above. Needs a
+# display.
+prepare_wine() {
+    find_wine
+    export WINEPREFIX=$BUILD/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG--all}
+    export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d;winemenubuilder.exe=d"
+    WINE_IN_USE=1
+    trap end_session EXIT
+    local applied=$WINEPREFIX/gesso.reg wanted
+    wanted=$(wine_settings "$1")
+    [[ -f $applied && $(<"$applied") == "$wanted" ]] && return
+    mkdir -p "$WINEPREFIX"
+    if [[ ! -d $WINEPREFIX/drive_c/windows ]]; then
+        say "preparing Wine in build/wine (once)"
+        run_wine 180 wineboot -i >/dev/null || die "Wine could not set up $WINEPREFIX"
+    fi
+    printf '%s\n' "$wanted" >"$WINEPREFIX/drive_c/gesso.reg"
+    run_wine 60 regedit /S 'C:\gesso.reg' || die "Wine did not take its settings"
+    # The settings count for processes of a new server.
+    "$WINESERVER" -k || true
+    "$WINESERVER" -w || true
+    mv "$WINEPREFIX/drive_c/gesso.reg" "$applied"
+}
+
+# run_wine SECONDS PROGRAM ARG...: what still runs after that time is ended, with status 124 or 137.
+run_wine() {
+    local seconds=$1
+    shift
+    timeout --kill-after=10 "$seconds" "$WINE" "$@"
+}
+
+# A Windows program's name for a file.
+windows_path() {
+    local path
+    path=$(realpath -m "$1")
+    printf 'Z:%s' "${path//\//\\}"
+}
+
+end_session() {
+    if [[ -n $WINE_IN_USE ]]; then
+        "$WINESERVER" -k 2>/dev/null
+        "$WINESERVER" -w 2>/dev/null
+    fi
+    if [[ -n $XVFB_PID ]]; then
+        kill "$XVFB_PID" 2>/dev/null
+        wait "$XVFB_PID" 2>/dev/null
+    fi
+    return 0
+}

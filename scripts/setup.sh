@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Installs what Gesso's scripts need and this machine lacks, with apt-get, as root or through sudo.
+#
+#   scripts/setup.sh [GROUP...]
+#
+# Groups: build (compilers and sources), run (Wine, its fonts and a display), test (what the checks need
+# beside those), lint. Without a group, all of them. Nothing is asked, and nothing happens where nothing is
+# missing.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+declare -A PACKAGES=(
+    [build]="cmake ninja-build g++ g++-mingw-w64-x86-64-posix libwine-dev googletest"
+    # What Wine loads of X at run time is only recommended by its package, like its own fonts.
+    [run]="wine64 fonts-wine fonts-open-sans xvfb xdotool libxrender1 libxcursor1 libxcomposite1 libxfixes3
+           libxi6 libxinerama1 libxrandr2 libxxf86vm1"
+    [test]="clang-format python3"
+    [lint]="clang clang-tidy cppcheck libclang-rt-14-dev python3"
+)
+
+# A tool that the machine already has some other way counts as its package.
+declare -A COMMANDS=(
+    [cmake]=cmake [ninja-build]=ninja [g++]=g++ [xvfb]=Xvfb [xdotool]=xdotool [clang-format]=clang-format
+    [python3]=python3 [clang]=clang++ [clang-tidy]=clang-tidy [cppcheck]=cppcheck
+    [g++-mingw-w64-x86-64-posix]=x86_64-w64-mingw32-g++-posix
+)
+
+is_there() {
+    local command=${COMMANDS[$1]:-}
+    [[ -n $command ]] && command -v "$command" >/dev/null && return
+    [[ $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+}
+
+missing_of() {
+    local group package
+    for group in "$@"; do
+        [[ -n ${PACKAGES[$group]:-} ]] || die "setup.sh: there is no group '$group' (${!PACKAGES[*]})"
+        for package in ${PACKAGES[$group]}; do
+            is_there "$package" || echo "$package"
+        done
+    done | sort -u
+}
+
+as_root() {
+    if [[ $EUID -eq 0 ]]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo -n true 2>/dev/null || say "sudo may ask for your password"
+        sudo "$@"
+    else
+        die "setup.sh: packages are missing (${missing[*]}): run it as root, or install sudo"
+    fi
+}
+
+install() {
+    command -v apt-get >/dev/null || die "setup.sh: no apt-get here; install by other means: ${missing[*]}"
+    say "installing ${missing[*]}"
+    local log
+    log=$(mktemp)
+    if as_root apt-get -q update >"$log" 2>&1 &&
+        as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get -q -y --no-install-recommends install "${missing[@]}" >>"$log" 2>&1; then
+        rm -f "$log"
+        return
+    fi
+    tail -n 20 "$log" >&2
+    die "setup.sh: apt-get failed; all that it said is in $log"
+}
+
+(($#)) || set -- build run test lint
+list=$(missing_of "$@") || exit 1
+mapfile -t missing < <(printf '%s' "$list")
+((${#missing[@]} == 0)) || install

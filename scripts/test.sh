@@ -1,0 +1,134 @@
+#!/usr/bin/env bash
+# Checks everything and closes with one line, `N passed, N failed`; fails if anything failed.
+#
+#   scripts/test.sh [STEP...]
+#
+# Steps, all of them without an argument: style (formatting, layers), headless (the tests over the simulated
+# desktop, with sanitizers), windows (the same tests as a Windows program under Wine, and the DLL's imports).
+# Logs stay in build/logs.
+set -uo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+ALL_STEPS=(style headless windows)
+TEST_SECONDS=900 # for one test program
+LOGS=$BUILD/logs
+passed=0
+failed=0
+
+# check NAME COMMAND...: one check; its output is shown if it fails.
+check() {
+    local name=$1 log
+    shift
+    log=$LOGS/${name//[^a-zA-Z0-9]/-}.log
+    if "$@" >"$log" 2>&1; then
+        passed=$((passed + 1))
+        printf '   ok      %s\n' "$name"
+        return
+    fi
+    failed=$((failed + 1))
+    tail -n 60 "$log"
+    printf '   FAILED  %s (all of it: %s)\n' "$name" "$log"
+    return 1
+}
+
+# check_build PRESET: builds a preset with warnings as errors, counting along.
+check_build() {
+    local log=$LOGS/build-$1.log
+    if build "$1" -DGESSO_WERROR=ON 2>&1 | tee "$log" | build_progress; then
+        passed=$((passed + 1))
+        printf '   ok      %s build\n' "$1"
+        return
+    fi
+    failed=$((failed + 1))
+    grep -v '^\[[0-9]*/[0-9]*\]' "$log" | tail -n 60
+    printf '   FAILED  %s build (all of it: %s)\n' "$1" "$log"
+    return 1
+}
+
+# Of a build's output, a line for each tenth.
+build_progress() {
+    awk -F '[][/]' '/^\[[0-9]+\/[0-9]+\]/ && int(10 * $2 / $3) > tenths {
+        tenths = int(10 * $2 / $3); print "   built " $2 " of " $3; fflush() }'
+}
+
+# --- Test programs
+
+# Of a test program's output, what a person wants to see pass by: each suite's end, and all that a failure says.
+progress() {
+    awk '/^\[ RUN|^\[       OK|^Note: |^\r?$|^\[-+\] (Global|.* from [^(]*\r?$)|^\[=+\] Running/ { next }
+         { sub(/\r$/, ""); print "   " $0; fflush() }'
+}
+
+# run_tests NAME COMMAND...: adds a test program's results. One that ends early or tests nothing has failed.
+run_tests() {
+    local name=$1 log status good bad
+    shift
+    log=$LOGS/$name.log
+    "$@" 2>&1 | tee "$log" | progress
+    status=${PIPESTATUS[0]}
+    good=$(grep -c '^\[       OK \]' "$log")
+    bad=$(grep -cE '^\[  FAILED  \].*\([0-9]+ ms\)' "$log")
+    if ((status != 0 && bad == 0)); then
+        bad=1
+        printf '   FAILED  %s ended with status %s; last: %s\n' "$name" "$status" "$(last_test "$log")"
+    elif ((good + bad == 0)); then
+        bad=1
+        printf '   FAILED  %s ran no test\n' "$name"
+    fi
+    passed=$((passed + good))
+    failed=$((failed + bad))
+    printf '   %s: %d passed, %d failed\n' "$name" "$good" "$bad"
+}
+
+last_test() {
+    grep '^\[ RUN' "$1" | tail -n 1 | tr -d '\r'
+}
+
+with_display() {
+    [[ -n $XVFB_PID ]] || start_display
+    prepare_wine N
+}
+
+# --- Steps
+
+step_style() {
+    check "formatting" scripts/format.sh --check
+    check "layers" scripts/check-includes.py
+}
+
+step_headless() {
+    check_build headless || return
+    run_tests headless timeout --kill-after=10 "$TEST_SECONDS" build/headless/tests/gesso_tests
+}
+
+step_windows() {
+    check_build windows || return
+    check "gesso.dll needs system DLLs only" imports_of_system_only build/windows/bin/gesso.dll
+    with_display
+    run_tests windows run_wine "$TEST_SECONDS" build/windows/bin/gesso_tests.exe
+}
+
+imports_of_system_only() {
+    local imports
+    imports=$(x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p')
+    printf 'imports:\n%s\n' "$imports"
+    [[ -n $imports ]] && ! grep -viE \
+        '^(kernel32|user32|gdi32|uxtheme|usp10|comctl32|msvcrt|ole32|oleaut32|shell32|shlwapi|advapi32|imm32|msimg32|crypt32|cryptui)\.dll$' \
+        <<<"$imports"
+}
+
+# --- The run
+
+cd "$ROOT" || exit 1
+steps=("${@:-${ALL_STEPS[@]}}")
+for step in "${steps[@]}"; do
+    declare -F "step_$step" >/dev/null || die "test.sh: there is no step '$step' (${ALL_STEPS[*]})"
+done
+scripts/setup.sh build run test || exit 1
+mkdir -p "$LOGS"
+for step in "${steps[@]}"; do
+    say "$step ($((SECONDS / 60)) min $((SECONDS % 60)) s so far)"
+    "step_$step"
+done
+printf '%s passed, %s failed\n' "$passed" "$failed"
+((failed == 0 && passed > 0))
