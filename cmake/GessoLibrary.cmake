@@ -11,6 +11,8 @@ file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${root}/gesso/*.cpp)
 if(WIN32)
   add_library(gesso SHARED ${sources} ${root}/gesso/resources/gesso.rc)
   set_target_properties(gesso PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+  # Some records of the theme service are declared by their neutral names: the wide ones are meant.
+  target_compile_definitions(gesso PRIVATE UNICODE _UNICODE)
   target_link_libraries(gesso PRIVATE uxtheme usp10 comctl32 gdi32 user32 kernel32)
   # The compiler's runtime is linked in, so that the DLL needs system DLLs only.
   target_link_options(gesso PRIVATE -static)

@@ -77,6 +77,15 @@ SIZE ThemePart::Size(const RECT* prc) const
     return size;
 }
 
+int ThemePart::AverageCharWidth() const
+{
+    TEXTMETRICW metric{};
+    if (FAILED(GetThemeTextMetrics(m_hTheme, m_hdc, m_nPart, m_nState, &metric))) {
+        GetTextMetricsW(m_hdc, &metric);
+    }
+    return metric.tmAveCharWidth;
+}
+
 RECT ThemePart::TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) const
 {
     RECT rc = rcBounds;
@@ -112,7 +121,10 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_SCROLLBAR)); break;
     case PlainPart::ScrollArrow: DrawPlainFrame(rc, DFC_SCROLL, PlainArrow(m_nState)); break;
     case PlainPart::ScrollThumb: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH); break;
-    case PlainPart::ScrollGripper: break;
+    case PlainPart::DialogPanel: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_WINDOW)); break;
+    case PlainPart::DialogFooter: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_BTNFACE)); break;
+    case PlainPart::ScrollGripper:
+    case PlainPart::DialogText: break;
     }
 }
 

@@ -19,6 +19,9 @@ enum class PlainPart
     ScrollArrow,
     ScrollThumb,
     ScrollGripper,
+    DialogPanel,
+    DialogFooter,
+    DialogText,
 };
 
 class ThemePart
@@ -33,6 +36,8 @@ public:
     RECT ContentOf(const RECT& rc) const;
     // The part's true size; that of the system's check mark where the style has none.
     SIZE Size(const RECT* prc) const;
+    // In pixels, of the part's font; of the context's font where the style has none.
+    int AverageCharWidth() const;
     // The rectangle that the text takes, from the top left of rcBounds. uFormat as for DrawTextW.
     RECT TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) const;
     void DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const;

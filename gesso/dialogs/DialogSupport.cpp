@@ -1,0 +1,100 @@
+#include <gesso/dialogs/DialogSupport.h>
+
+namespace gesso {
+namespace {
+
+constexpr WORD FONT_POINTS = 9;
+constexpr size_t SPARE_WORDS = 6; // zeros behind the face
+
+} // namespace
+
+const DLGTEMPLATE* LoadDialogTemplate(HINSTANCE hInstance, LPCWSTR pszTemplate)
+{
+    const HRSRC hResource = FindResourceW(hInstance, pszTemplate, L"RT_DLG");
+    const HGLOBAL hData = hResource ? LoadResource(hInstance, hResource) : nullptr;
+    return hData ? static_cast<const DLGTEMPLATE*>(LockResource(hData)) : nullptr;
+}
+
+EmptyDialogTemplate::EmptyDialogTemplate(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle)
+{
+    constexpr WORD VERSION = 1, SIGNATURE = 0xFFFF, ITEMS = 0, X = 200, Y = 200, NO_MENU = 0, NO_CLASS = 0;
+    constexpr DWORD HELP_ID = 0;
+    m_words = {VERSION, SIGNATURE};
+    for (const DWORD dw : {HELP_ID, dwExStyle, dwStyle}) {
+        AddDouble(dw);
+    }
+    for (const WORD w : {ITEMS, X, Y, static_cast<WORD>(cx), static_cast<WORD>(cy), NO_MENU, NO_CLASS}) {
+        m_words.push_back(w);
+    }
+    AddText(pszTitle ? pszTitle : L"");
+    constexpr WORD NOT_ITALIC_ANSI = 0; // two bytes: italic, character set
+    for (const WORD w : {FONT_POINTS, WORD{FW_NORMAL}, NOT_ITALIC_ANSI}) {
+        m_words.push_back(w);
+    }
+    AddText(L"Segoe UI");
+    m_words.resize(m_words.size() + SPARE_WORDS);
+}
+
+void EmptyDialogTemplate::AddDouble(DWORD dw)
+{
+    m_words.push_back(LOWORD(dw));
+    m_words.push_back(HIWORD(dw));
+}
+
+void EmptyDialogTemplate::AddText(LPCWSTR psz)
+{
+    m_words.insert(m_words.end(), psz, psz + wcslen(psz) + 1);
+}
+
+RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom)
+{
+    RECT rc{left, top, right, bottom};
+    MapDialogRect(hDlg, &rc);
+    return rc;
+}
+
+void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromWindow(hwndNear, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& rcWork = monitor.rcWork;
+    SetWindowPos(hwnd, nullptr, rcWork.left + (rcWork.right - rcWork.left - size.cx) / 2,
+                 rcWork.top + (rcWork.bottom - rcWork.top - size.cy) / 2, size.cx, size.cy, SWP_FRAMECHANGED);
+}
+
+RECT GrowWindow(HWND hwnd, int cx, int cy)
+{
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    MoveWindow(hwnd, rc.left, rc.top, rc.right - rc.left + cx, rc.bottom - rc.top + cy, FALSE);
+    GetClientRect(hwnd, &rc);
+    return rc;
+}
+
+INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam)
+{
+    switch (uMsg) {
+    case WM_CTLCOLORBTN:
+        // Compared with 2 and not with a window, so that the white brush is what applies: hosts rely on it.
+        if (lParam == 2) {
+            return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
+        }
+        [[fallthrough]];
+    case WM_CTLCOLORMSGBOX:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORDLG:
+    case WM_CTLCOLORSCROLLBAR:
+    case WM_CTLCOLORSTATIC: return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    default: return 0;
+    }
+}
+
+INT_PTR OnDialogActivate(HWND hDlg, WPARAM wParam)
+{
+    GDialog::s_hActiveDlg = LOWORD(wParam) != WA_INACTIVE ? hDlg : nullptr;
+    return 1;
+}
+
+} // namespace gesso

@@ -1,0 +1,52 @@
+// What the library's dialogs share: templates, dialog units, centring, and the common rows of their
+// procedures.
+#pragma once
+
+#include <gesso/dialogs/GDialog.h>
+
+#include <vector>
+
+namespace gesso {
+
+// Finds, loads and locks a template of the type "RT_DLG". Null, with the platform's last error, where a step
+// fails.
+const DLGTEMPLATE* LoadDialogTemplate(HINSTANCE hInstance, LPCWSTR pszTemplate);
+
+// An extended template without items, in the library's dialog font, for a dialog that makes its controls
+// itself.
+class EmptyDialogTemplate
+{
+public:
+    // cx and cy in dialog units.
+    EmptyDialogTemplate(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle);
+    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(m_words.data()); }
+
+private:
+    void AddDouble(DWORD dw);
+    void AddText(LPCWSTR psz);
+
+    std::vector<WORD> m_words;
+};
+
+// A rectangle of dialog units in pixels.
+RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom);
+
+// Centres a window of a size in the work area of the monitor nearest to hwndNear, and gives it that size.
+void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size);
+
+// The client rectangle's growth by cx and cy pixels, with no repaint, and then the client rectangle anew.
+RECT GrowWindow(HWND hwnd, int cx, int cy);
+
+// WM_CTLCOLOR... of the white dialogs: the brush, or 0 for a message that is none of these.
+INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam);
+
+// WM_ACTIVATE: keeps GDialog::s_hActiveDlg.
+INT_PTR OnDialogActivate(HWND hDlg, WPARAM wParam);
+
+// The object of a dialog's window: bound at WM_INITDIALOG, null before.
+template <class DIALOG> DIALOG* DialogOf(HWND hDlg)
+{
+    return reinterpret_cast<DIALOG*>(GetWindowLongPtrW(hDlg, DWLP_USER));
+}
+
+} // namespace gesso

@@ -1,0 +1,67 @@
+#include <gesso/dialogs/DialogSupport.h>
+#include <gesso/framework/ActivationContext.h>
+
+constinit HWND GDialog::s_hActiveDlg = nullptr;
+
+GDialog::GDialog(UINT nId) : m_template(reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(nId))) {}
+
+GDialog::GDialog(LPCWSTR pszName) : m_template(pszName) {}
+
+int GDialog::Create(HWND hwndParent, HINSTANCE hInstance)
+{
+    // The resource's module is the host's choice; the dialog belongs to the host's program.
+    return CreateIndirect(hwndParent, GetModuleHandleW(nullptr),
+                          gesso::LoadDialogTemplate(hInstance, m_template));
+}
+
+int GDialog::CreateIndirect(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
+{
+    m_hWnd = pTemplate
+                 ? IsolationAwareCreateDialogIndirectParamW(hInstance, pTemplate, hwndParent, GetDialogProc(),
+                                                            reinterpret_cast<LPARAM>(this))
+                 : nullptr;
+    return 1;
+}
+
+int GDialog::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+INT_PTR GDialog::DoModal(HWND hwndParent, HINSTANCE hInstance)
+{
+    const DLGTEMPLATE* pTemplate = gesso::LoadDialogTemplate(hInstance, m_template);
+    if (!pTemplate) {
+        return static_cast<INT_PTR>(GetLastError());
+    }
+    return IsolationAwareDialogBoxIndirectParamW(GetModuleHandleW(nullptr), pTemplate, hwndParent,
+                                                 GetDialogProc(), reinterpret_cast<LPARAM>(this));
+}
+
+int GDialog::SetText(LPCWSTR pszText)
+{
+    return static_cast<int>(SendMessageW(m_hWnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(pszText)));
+}
+
+int GDialog::GetTextLength() const
+{
+    return static_cast<int>(SendMessageW(m_hWnd, WM_GETTEXTLENGTH, 0, 0));
+}
+
+int GDialog::GetText(LPWSTR pszBuffer, int* pnLength) const
+{
+    if (!pnLength) {
+        return 0;
+    }
+    const int nCapacity = *pnLength > 0 ? *pnLength : 0;
+    const auto nCopied = static_cast<int>(SendMessageW(m_hWnd, WM_GETTEXT, static_cast<WPARAM>(nCapacity),
+                                                       reinterpret_cast<LPARAM>(pszBuffer)));
+    const bool fFilled = nCopied + 1 >= nCapacity;
+    *pnLength = fFilled ? nCopied : GetTextLength() + 1;
+    return fFilled;
+}
+
+HWND GDialog::GetDlgItem(int nId) const
+{
+    return ::GetDlgItem(m_hWnd, nId);
+}
