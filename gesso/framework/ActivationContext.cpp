@@ -1,19 +1,26 @@
 #include <gesso/framework/ActivationContext.h>
 
-namespace gesso {
 namespace {
 
 constexpr ULONG_PTR NOT_SET_UP = ~static_cast<ULONG_PTR>(0);
+
+} // namespace
+
+constinit ULONG_PTR g_hActCtx = NOT_SET_UP;
+constinit bool g_fActCtxUnavailable = false;
+constinit bool g_fIsolationCleanupCalled = false;
+constinit bool g_fIsolationDownlevel = false;
+constinit HMODULE g_hComctl32 = nullptr;
+
+namespace {
+
 constexpr WORD MANIFEST_ID = 3;
 constexpr DWORD PATH_CAPACITY = MAX_PATH + 1;
 constexpr const wchar_t* COMMON_CONTROLS = L"Comctl32.dll";
 
-constinit ActivationState s_activation{NOT_SET_UP, false, false, false};
-constinit HMODULE s_hComctl32 = nullptr;
-
 HANDLE ContextHandle()
 {
-    return reinterpret_cast<HANDLE>(s_activation.hActCtx);
+    return reinterpret_cast<HANDLE>(g_hActCtx);
 }
 
 // --- Set-up
@@ -29,7 +36,7 @@ bool FindOwnModule(HMODULE* phModule, wchar_t* pszPath)
 {
     if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
                                 GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                            reinterpret_cast<LPCWSTR>(&s_activation), phModule))
+                            reinterpret_cast<LPCWSTR>(&g_hActCtx), phModule))
     {
         return false;
     }
@@ -77,12 +84,12 @@ void PinCommonControls()
 
 bool IsolationAwareInit()
 {
-    if (s_activation.fUnavailable || s_activation.hActCtx != NOT_SET_UP) {
+    if (g_fActCtxUnavailable || g_hActCtx != NOT_SET_UP) {
         return true;
     }
     ACTIVATION_CONTEXT_BASIC_INFORMATION basic{};
-    if (!QueryActCtxW(QUERY_ACTCTX_FLAG_NO_ADDREF | QUERY_ACTCTX_FLAG_ACTCTX_IS_ADDRESS, &s_activation,
-                      nullptr, ActivationContextBasicInformation, &basic, sizeof(basic), nullptr))
+    if (!QueryActCtxW(QUERY_ACTCTX_FLAG_NO_ADDREF | QUERY_ACTCTX_FLAG_ACTCTX_IS_ADDRESS, &g_hActCtx, nullptr,
+                      ActivationContextBasicInformation, &basic, sizeof(basic), nullptr))
     {
         return false;
     }
@@ -90,7 +97,7 @@ bool IsolationAwareInit()
     if (!hActCtx && !CreateOwnContext(&hActCtx)) {
         return false;
     }
-    s_activation.hActCtx = hActCtx;
+    g_hActCtx = hActCtx;
     PinCommonControls();
     return true;
 }
@@ -114,9 +121,9 @@ bool MeansNoContexts(DWORD dwError)
 bool Activate(ULONG_PTR* pCookie)
 {
     bool fSetUp = true;
-    if (s_activation.fCleanupCalled) {
+    if (g_fIsolationCleanupCalled) {
         OutputDebugStringA("IsolationAware function called after IsolationAwareCleanup\n");
-        if (s_activation.fUnavailable) {
+        if (g_fActCtxUnavailable) {
             return true;
         }
     } else {
@@ -128,19 +135,19 @@ bool Activate(ULONG_PTR* pCookie)
     if (!MeansNoContexts(GetLastError())) {
         return false;
     }
-    s_activation.fUnavailable = true;
+    g_fActCtxUnavailable = true;
     return true;
 }
 
 bool Enter(ULONG_PTR* pCookie)
 {
-    return s_activation.fDownlevel || s_activation.fUnavailable || Activate(pCookie);
+    return g_fIsolationDownlevel || g_fActCtxUnavailable || Activate(pCookie);
 }
 
 // The caller is to see the wrapped operation's last error, not the deactivation's.
 void Leave(ULONG_PTR cookie, bool fKeepError)
 {
-    if (s_activation.fDownlevel && s_activation.fUnavailable) {
+    if (g_fIsolationDownlevel && g_fActCtxUnavailable) {
         return;
     }
     const DWORD dwError = fKeepError ? GetLastError() : 0;
@@ -166,16 +173,16 @@ template <class RESULT, class CALL> RESULT CallInContext(RESULT failure, CALL ca
 
 FARPROC LookUpInContext(const char* pszName)
 {
-    if (!s_hComctl32) {
-        s_hComctl32 = LoadLibraryW(COMMON_CONTROLS);
+    if (!g_hComctl32) {
+        g_hComctl32 = LoadLibraryW(COMMON_CONTROLS);
     }
-    return GetProcAddress(s_hComctl32, pszName);
+    return GetProcAddress(g_hComctl32, pszName);
 }
 
 FARPROC IsolationAwareGetProcAddress(const char* pszName)
 {
     ULONG_PTR cookie = 0;
-    if (!s_activation.fUnavailable && !Activate(&cookie)) {
+    if (!g_fActCtxUnavailable && !Activate(&cookie)) {
         return nullptr;
     }
     const FARPROC pfn = LookUpInContext(pszName);

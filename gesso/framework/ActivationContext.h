@@ -5,21 +5,17 @@
 
 #include <gesso/api.h>
 
-namespace gesso {
-
-// The state of the activation context. The last two are never set; the wrappers' control flow tests them all
-// the same, in the order of the platform's own isolation code.
-struct ActivationState
-{
-    ULONG_PTR hActCtx; // a context handle, null for none, or all bits set before the first set-up
-    bool fUnavailable; // the platform has no activation contexts
-    bool fCleanupCalled;
-    bool fDownlevel;
-};
-
-ActivationState& Activation();
-
-} // namespace gesso
+// The library's activation context: a handle, null for none, or all bits set (INVALID_HANDLE_VALUE) before
+// the first set-up. An integer, so that it starts from a constant.
+extern ULONG_PTR g_hActCtx;
+// Set when the platform turns out to have no activation contexts; none is activated from then on.
+extern bool g_fActCtxUnavailable;
+// Never set. The wrappers' control flow tests them all the same, in the order of the platform's own isolation
+// code.
+extern bool g_fIsolationCleanupCalled;
+extern bool g_fIsolationDownlevel;
+// Where common-controls operations are looked up; loaded once and never freed.
+extern HMODULE g_hComctl32;
 
 // Always passes a null instance: the classes are found by being global.
 HWND IsolationAwareCreateWindowExW(DWORD dwExStyle, LPCWSTR pszClass, LPCWSTR pszName, DWORD dwStyle, int x,
