@@ -216,15 +216,6 @@ HRESULT ResultOfLastError()
 
 } // namespace
 
-ActivationState& Activation()
-{
-    return s_activation;
-}
-
-} // namespace gesso
-
-using namespace gesso;
-
 HWND IsolationAwareCreateWindowExW(DWORD dwExStyle, LPCWSTR pszClass, LPCWSTR pszName, DWORD dwStyle, int x,
                                    int y, int cx, int cy, HWND hwndParent, HMENU hMenu, HINSTANCE,
                                    void* pParam)
