@@ -75,7 +75,7 @@ bool Pump();
 bool Pump(HWND dialog);
 
 // Moves the clock on by `milliseconds`, stopping at each timer that falls due, in order, to dispatch what is
-// pending there. The clock moves in no other way, but for Click and DoubleClick.
+// pending there. The clock moves in no other way.
 void Advance(DWORD milliseconds);
 // Milliseconds since Reset().
 ULONGLONG Now();

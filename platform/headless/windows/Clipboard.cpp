@@ -1,0 +1,112 @@
+#include "Desktop.h"
+
+#include "../core/Faults.h"
+
+namespace gesso::headless {
+namespace {
+
+bool IsOpen()
+{
+    if (!TheDesktop().clipboard.open) {
+        SetLastError(ERROR_CLIPBOARD_NOT_OPEN);
+    }
+    return TheDesktop().clipboard.open;
+}
+
+void FreeData()
+{
+    for (const auto& [format, data] : TheDesktop().clipboard.data) {
+        GlobalFree(data);
+    }
+    TheDesktop().clipboard.data.clear();
+}
+
+} // namespace
+
+std::string ClipboardText()
+{
+    const auto& data = TheDesktop().clipboard.data;
+    const auto found = data.find(CF_UNICODETEXT);
+    return found == data.end() ? std::string() : ToUtf8(View(static_cast<LPCWSTR>(found->second)));
+}
+
+void SetClipboardText(std::string_view text)
+{
+    FreeData();
+    if (text.empty()) {
+        return;
+    }
+    const WideText wide = FromUtf8(text);
+    const size_t size = (wide.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(block, wide.c_str(), size);
+    TheDesktop().clipboard.data[CF_UNICODETEXT] = block;
+}
+
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+BOOL WINAPI OpenClipboard(HWND hwnd)
+{
+    Clipboard& clipboard = TheDesktop().clipboard;
+    if (FaultFires("OpenClipboard")) {
+        return FALSE;
+    }
+    if (clipboard.open) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    }
+    clipboard.open = true;
+    clipboard.owner = hwnd;
+    return TRUE;
+}
+
+BOOL WINAPI CloseClipboard()
+{
+    if (!IsOpen()) {
+        return FALSE;
+    }
+    TheDesktop().clipboard.open = false;
+    return TRUE;
+}
+
+BOOL WINAPI EmptyClipboard()
+{
+    if (!IsOpen()) {
+        return FALSE;
+    }
+    FreeData();
+    return TRUE;
+}
+
+HANDLE WINAPI SetClipboardData(UINT format, HANDLE data)
+{
+    if (FaultFires("SetClipboardData") || !IsOpen()) {
+        return nullptr;
+    }
+    HANDLE& kept = TheDesktop().clipboard.data[format];
+    if (kept && kept != data) {
+        GlobalFree(kept);
+    }
+    kept = data;
+    return data;
+}
+
+HANDLE WINAPI GetClipboardData(UINT format)
+{
+    if (FaultFires("GetClipboardData") || !IsOpen()) {
+        return nullptr;
+    }
+    const auto& data = TheDesktop().clipboard.data;
+    const auto found = data.find(format);
+    return found == data.end() ? nullptr : found->second;
+}
+
+BOOL WINAPI IsClipboardFormatAvailable(UINT format)
+{
+    return TheDesktop().clipboard.data.contains(format);
+}
+}

@@ -1,0 +1,82 @@
+// The pointer's shape, the monitor, and the menus that there are none of.
+#include "Desktop.h"
+
+#include "../core/Faults.h"
+
+namespace gesso::headless {
+namespace {
+
+const auto c_monitor = reinterpret_cast<HMONITOR>(uintptr_t{0x10001});
+
+} // namespace
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+HCURSOR WINAPI SetCursor(HCURSOR cursor)
+{
+    return std::exchange(TheDesktop().cursor, cursor);
+}
+
+HCURSOR WINAPI GetCursor()
+{
+    return TheDesktop().cursor;
+}
+
+int WINAPI ShowCursor(BOOL show)
+{
+    return TheDesktop().cursorShown += show ? 1 : -1;
+}
+
+HMONITOR WINAPI MonitorFromWindow(HWND, DWORD)
+{
+    return c_monitor;
+}
+
+HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags)
+{
+    return flags != MONITOR_DEFAULTTONULL || PtInRect(&Root().frame, point) ? c_monitor : nullptr;
+}
+
+HMONITOR WINAPI MonitorFromRect(const RECT*, DWORD)
+{
+    return c_monitor;
+}
+
+BOOL WINAPI GetMonitorInfoW(HMONITOR monitor, LPMONITORINFO info)
+{
+    if (monitor != c_monitor || FaultFires("GetMonitorInfoW")) {
+        SetLastError(ERROR_INVALID_MONITOR_HANDLE);
+        return FALSE;
+    }
+    info->rcMonitor = Root().frame;
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &info->rcWork, 0);
+    info->dwFlags = MONITORINFOF_PRIMARY;
+    return TRUE;
+}
+
+HMENU WINAPI GetMenu(HWND)
+{
+    return nullptr;
+}
+
+BOOL WINAPI IsMenu(HMENU)
+{
+    return FALSE;
+}
+
+HMENU WINAPI GetSystemMenu(HWND, BOOL)
+{
+    return nullptr;
+}
+
+DWORD WINAPI GetWindowThreadProcessId(HWND hwnd, LPDWORD process)
+{
+    if (process) {
+        *process = GetCurrentProcessId();
+    }
+    return Find(hwnd) ? GetCurrentThreadId() : 0;
+}
+}

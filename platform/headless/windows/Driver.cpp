@@ -1,0 +1,151 @@
+// The user's hands and the clock.
+#include "Desktop.h"
+#include "Input.h"
+#include "Keyboard.h"
+#include "Queue.h"
+#include "Timer.h"
+
+#include "../core/Clock.h"
+
+#include <algorithm>
+
+namespace gesso::headless {
+namespace {
+
+struct ButtonMessages
+{
+    UINT vk;
+    UINT down;
+    UINT up;
+};
+
+ButtonMessages MessagesOf(Button button)
+{
+    switch (button) {
+    case Button::Right: return {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP};
+    case Button::Middle: return {VK_MBUTTON, WM_MBUTTONDOWN, WM_MBUTTONUP};
+    default: return {VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP};
+    }
+}
+
+void Queue(UINT message, WPARAM wParam = 0, bool released = false)
+{
+    Desktop& desktop = TheDesktop();
+    desktop.input.push_back({message, wParam, desktop.pointer, Now(), released});
+    desktop.keyboardLast = message == WM_KEYDOWN;
+}
+
+void Hold(UINT vk, bool down)
+{
+    TheDesktop().keysNow[vk & 0xFF] = down ? 0x80 : 0;
+}
+
+void QueueKey(UINT vk, bool released)
+{
+    const bool repeat = !released && (TheDesktop().keysNow[vk & 0xFF] & 0x80) != 0;
+    Hold(vk, !released);
+    Queue(WM_KEYDOWN, MAKEWPARAM(vk, repeat), released);
+}
+
+// A character that no key types comes as a key of its own kind.
+void QueuePacket(char16_t character)
+{
+    Queue(WM_KEYDOWN, MAKEWPARAM(VK_PACKET, character));
+    Queue(WM_KEYDOWN, MAKEWPARAM(VK_PACKET, character), true);
+}
+
+} // namespace
+
+void MoveMouse(int x, int y)
+{
+    Desktop& desktop = TheDesktop();
+    const RECT& screen = Root().frame;
+    desktop.pointer = {std::clamp<LONG>(x, 0, screen.right - 1), std::clamp<LONG>(y, 0, screen.bottom - 1)};
+    if (!desktop.input.empty() && desktop.input.back().message == WM_MOUSEMOVE) {
+        desktop.input.pop_back();
+    }
+    Queue(WM_MOUSEMOVE);
+}
+
+void PressButton(Button button)
+{
+    Hold(MessagesOf(button).vk, true);
+    Queue(MessagesOf(button).down);
+}
+
+void ReleaseButton(Button button)
+{
+    Hold(MessagesOf(button).vk, false);
+    Queue(MessagesOf(button).up);
+}
+
+void Click(int x, int y, Button button)
+{
+    MoveMouse(x, y);
+    PressButton(button);
+    TheDesktop().input.back().apart = true;
+    ReleaseButton(button);
+}
+
+void DoubleClick(int x, int y, Button button)
+{
+    Click(x, y, button);
+    PressButton(button);
+    ReleaseButton(button);
+}
+
+void Wheel(int delta)
+{
+    Queue(WM_MOUSEWHEEL, static_cast<WORD>(delta));
+}
+
+void PressKey(UINT vk)
+{
+    QueueKey(vk, false);
+}
+
+void ReleaseKey(UINT vk)
+{
+    QueueKey(vk, true);
+}
+
+void TypeKey(UINT vk, std::initializer_list<UINT> modifiers)
+{
+    for (const UINT modifier : modifiers) {
+        PressKey(modifier);
+    }
+    PressKey(vk);
+    ReleaseKey(vk);
+    for (const UINT modifier : modifiers) {
+        ReleaseKey(modifier);
+    }
+}
+
+void TypeText(std::string_view text)
+{
+    for (const char16_t character : FromUtf8(text)) {
+        bool shift = false;
+        if (const UINT vk = KeyOf(character, shift)) {
+            shift ? TypeKey(vk, {VK_SHIFT}) : TypeKey(vk);
+        } else {
+            QueuePacket(character);
+        }
+    }
+}
+
+void Advance(DWORD milliseconds)
+{
+    const ULONGLONG end = Now() + milliseconds;
+    for (;;) {
+        DispatchPending();
+        const auto due = NextDue();
+        if (!due || *due > end) {
+            break;
+        }
+        SetNow(std::max(*due, Now()));
+    }
+    SetNow(end);
+    DispatchPending();
+}
+
+} // namespace gesso::headless

@@ -1,0 +1,295 @@
+// From what a user did to the message that a window gets: done when a message loop takes it out.
+#include "Input.h"
+#include "Focus.h"
+#include "Keyboard.h"
+#include "Position.h"
+#include "Queue.h"
+#include "Send.h"
+
+namespace gesso::headless {
+namespace {
+
+constexpr int c_nonClientOffset = WM_NCMOUSEMOVE - WM_MOUSEMOVE;
+
+enum class Outcome
+{
+    Message,
+    Dropped,
+    NotWanted
+};
+
+struct Target
+{
+    WindowRef window; // null over the bare desktop
+    LRESULT hit = HTCLIENT;
+    bool captured = false;
+};
+
+bool IsPress(UINT message)
+{
+    return message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
+}
+
+WPARAM HeldKeys()
+{
+    const auto& keys = TheDesktop().keysSeen;
+    WPARAM held = 0;
+    const std::pair<int, WPARAM> bits[] = {{VK_LBUTTON, MK_LBUTTON},
+                                           {VK_RBUTTON, MK_RBUTTON},
+                                           {VK_MBUTTON, MK_MBUTTON},
+                                           {VK_SHIFT, MK_SHIFT},
+                                           {VK_CONTROL, MK_CONTROL}};
+    for (const auto& [key, bit] : bits) {
+        held |= (keys[static_cast<size_t>(key)] & 0x80) ? bit : 0;
+    }
+    return held;
+}
+
+Target FindTarget(POINT point)
+{
+    if (WindowRef holder = Peek(TheDesktop().capture)) {
+        return {holder, HTCLIENT, true};
+    }
+    Target target;
+    target.window = WindowAt(point, target.hit);
+    return target;
+}
+
+// The pointer has left the window that wanted to hear of it.
+void EndTracking(const Target& target)
+{
+    PointerTracking& tracking = TheDesktop().tracking;
+    if (!tracking.hwnd) {
+        return;
+    }
+    const bool inside = target.window && target.window->handle == tracking.hwnd &&
+                        (target.hit != HTCLIENT) == tracking.nonClient;
+    if (!inside) {
+        Post(tracking.hwnd, tracking.nonClient ? WM_NCMOUSELEAVE : WM_MOUSELEAVE, 0, 0);
+        tracking = {};
+    }
+}
+
+// Asks by WM_MOUSEACTIVATE whether the press activates the window. False if the press is eaten.
+bool ActivateByMouse(Window& window, LRESULT hit, UINT message)
+{
+    Window& top = TopLevelOf(window);
+    if (window.handle == TheDesktop().active) {
+        return true;
+    }
+    const auto answer =
+        Send(window, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(top.handle), MAKELPARAM(hit, message));
+    if ((answer == 0 || answer == MA_ACTIVATE || answer == MA_ACTIVATEANDEAT) && top.alive) {
+        Activate(&top, true);
+    }
+    return answer != MA_ACTIVATEANDEAT && answer != MA_NOACTIVATEANDEAT && window.alive;
+}
+
+bool IsSecondPress(const InputEvent& event, HWND hwnd)
+{
+    const LastPress& last = TheDesktop().lastPress;
+    const int dx = std::abs(event.point.x - last.point.x);
+    const int dy = std::abs(event.point.y - last.point.y);
+    return last.message == event.message && last.hwnd == hwnd &&
+           event.time - last.time <= GetDoubleClickTime() && dx <= GetSystemMetrics(SM_CXDOUBLECLK) / 2 &&
+           dy <= GetSystemMetrics(SM_CYDOUBLECLK) / 2;
+}
+
+// The message of a press: the second one of a pair is a double-click where the window wants those.
+UINT PressMessage(const InputEvent& event, const Window& window, LRESULT hit, bool remove)
+{
+    if (!IsPress(event.message)) {
+        return event.message;
+    }
+    const bool wanted = hit != HTCLIENT || (window.windowClass->data.style & CS_DBLCLKS);
+    const bool second = wanted && !event.apart && IsSecondPress(event, window.handle);
+    if (remove) {
+        TheDesktop().lastPress =
+            second ? LastPress{} : LastPress{event.message, window.handle, event.point, event.time};
+    }
+    return second ? event.message + (WM_LBUTTONDBLCLK - WM_LBUTTONDOWN) : event.message;
+}
+
+MSG MouseMessage(const InputEvent& event, const Target& target, UINT message)
+{
+    const POINT p = event.point;
+    MSG out{target.window->handle, message, HeldKeys(), 0, static_cast<DWORD>(event.time), p};
+    if (target.hit == HTCLIENT) {
+        const RECT& client = target.window->client;
+        out.lParam = MAKELPARAM(p.x - client.left, p.y - client.top);
+    } else {
+        out.message += c_nonClientOffset;
+        out.wParam = static_cast<WPARAM>(target.hit);
+        out.lParam = MAKELPARAM(p.x, p.y);
+    }
+    return out;
+}
+
+// What goes before a mouse message that was not captured. False if the message is dropped.
+bool Announce(const Target& target, UINT message)
+{
+    Window& window = *target.window;
+    if (IsPress(message)) {
+        const POINT p = TheDesktop().messagePoint;
+        NotifyParents(window, LOWORD(message), MAKELPARAM(p.x, p.y));
+        if (!window.alive || (target.hit != HTERROR && !ActivateByMouse(window, target.hit, message))) {
+            return false;
+        }
+    }
+    Send(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window.handle), MAKELPARAM(target.hit, message));
+    return window.alive && target.hit != HTERROR && target.hit != HTNOWHERE;
+}
+
+Outcome TranslateMouse(const InputEvent& event, const Filter& filter, bool remove, MSG& message)
+{
+    TheDesktop().messagePoint = event.point;
+    const Target target = FindTarget(event.point);
+    if (remove) {
+        EndTracking(target);
+        TheDesktop().pointerWindow = target.window ? target.window->handle : nullptr;
+        TheDesktop().pointerStale = false;
+    }
+    if (!target.window) {
+        return Outcome::Dropped;
+    }
+    message = MouseMessage(event, target, PressMessage(event, *target.window, target.hit, remove));
+    if (!filter.Takes(message.hwnd, message.message)) {
+        return Outcome::NotWanted;
+    }
+    if (!remove) {
+        return target.hit == HTERROR ? Outcome::Dropped : Outcome::Message;
+    }
+    if (target.captured) {
+        return Outcome::Message;
+    }
+    return Announce(target, event.message) ? Outcome::Message : Outcome::Dropped;
+}
+
+Outcome TranslateWheel(const InputEvent& event, const Filter& filter, MSG& message)
+{
+    const HWND focus = TheDesktop().focus ? TheDesktop().focus : TheDesktop().active;
+    if (!focus) {
+        return Outcome::Dropped;
+    }
+    message = {focus,
+               WM_MOUSEWHEEL,
+               MAKEWPARAM(HeldKeys(), event.wParam),
+               MAKELPARAM(event.point.x, event.point.y),
+               static_cast<DWORD>(event.time),
+               event.point};
+    return filter.Takes(message.hwnd, message.message) ? Outcome::Message : Outcome::NotWanted;
+}
+
+Outcome TranslateKey(const InputEvent& event, const Filter& filter, MSG& message)
+{
+    if (!KeyMessage(event, message)) {
+        return Outcome::Dropped;
+    }
+    return filter.Takes(message.hwnd, message.message) ? Outcome::Message : Outcome::NotWanted;
+}
+
+Outcome Translate(const InputEvent& event, const Filter& filter, bool remove, MSG& message)
+{
+    switch (event.message) {
+    case WM_KEYDOWN: return TranslateKey(event, filter, message);
+    case WM_MOUSEWHEEL: return TranslateWheel(event, filter, message);
+    default: return TranslateMouse(event, filter, remove, message);
+    }
+}
+
+// A window may have come or gone under a pointer that rests: the one that is there now hears of it.
+void MoveStalePointer()
+{
+    Desktop& desktop = TheDesktop();
+    if (!desktop.pointerStale || !desktop.input.empty()) {
+        return;
+    }
+    desktop.pointerStale = false;
+    const Target target = FindTarget(desktop.pointer);
+    const HWND now = target.window ? target.window->handle : nullptr;
+    if (now != desktop.pointerWindow) {
+        desktop.input.push_back({WM_MOUSEMOVE, 0, desktop.pointer, Now(), false});
+    }
+}
+
+} // namespace
+
+bool TakeInput(const Filter& filter, bool remove, MSG& message)
+{
+    MoveStalePointer();
+    auto& input = TheDesktop().input;
+    for (size_t i = 0; i < input.size();) {
+        const InputEvent event = input[i];
+        const bool first = i == 0;
+        if (first) {
+            SeeKeys(event, remove);
+        }
+        const Outcome outcome = Translate(event, filter, remove, message);
+        if (outcome == Outcome::NotWanted) {
+            ++i;
+            continue;
+        }
+        if (remove || outcome == Outcome::Dropped) {
+            input.erase(input.begin() + static_cast<std::ptrdiff_t>(i));
+        }
+        if (outcome == Outcome::Message) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+BOOL WINAPI TrackMouseEvent(LPTRACKMOUSEEVENT request)
+{
+    Desktop& desktop = TheDesktop();
+    if (request->dwFlags == TME_QUERY) {
+        request->hwndTrack = desktop.tracking.hwnd;
+        request->dwFlags =
+            desktop.tracking.hwnd ? TME_LEAVE | (desktop.tracking.nonClient ? TME_NONCLIENT : 0U) : 0U;
+        return TRUE;
+    }
+    if (!Find(request->hwndTrack)) {
+        return FALSE;
+    }
+    if (!(request->dwFlags & TME_LEAVE)) {
+        return TRUE;
+    }
+    const bool nonClient = (request->dwFlags & TME_NONCLIENT) != 0;
+    if (request->dwFlags & TME_CANCEL) {
+        if (desktop.tracking.hwnd == request->hwndTrack && desktop.tracking.nonClient == nonClient) {
+            desktop.tracking = {};
+        }
+        return TRUE;
+    }
+    if (desktop.pointerWindow != request->hwndTrack) {
+        // The pointer is elsewhere already.
+        Post(request->hwndTrack, nonClient ? WM_NCMOUSELEAVE : WM_MOUSELEAVE, 0, 0);
+        return TRUE;
+    }
+    desktop.tracking = {request->hwndTrack, nonClient};
+    return TRUE;
+}
+
+UINT WINAPI GetDoubleClickTime()
+{
+    return 500;
+}
+
+BOOL WINAPI GetCursorPos(LPPOINT point)
+{
+    *point = TheDesktop().pointer;
+    return TRUE;
+}
+
+BOOL WINAPI SetCursorPos(int x, int y)
+{
+    MoveMouse(x, y);
+    return TRUE;
+}
+}

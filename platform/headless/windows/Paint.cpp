@@ -1,0 +1,396 @@
+#include "Paint.h"
+#include "Queue.h"
+#include "Send.h"
+
+#include "../core/Faults.h"
+#include "../gdi/DeviceContext.h"
+
+namespace gesso::headless {
+namespace {
+
+POINT Corner(const RECT& r)
+{
+    return {r.left, r.top};
+}
+
+RECT ClientRect(const Window& window)
+{
+    return {0, 0, SizeOf(window.client).cx, SizeOf(window.client).cy};
+}
+
+HDC ClientContext(const Window& window)
+{
+    return CreateWindowContext(window.handle, Corner(window.client), SizeOf(window.client), false);
+}
+
+HRGN MakeRegion(const Area& area)
+{
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    for (const RECT& r : area.Rects()) {
+        const HRGN part = CreateRectRgn(r.left, r.top, r.right, r.bottom);
+        CombineRgn(region, region, part, RGN_OR);
+        DeleteObject(part);
+    }
+    return region;
+}
+
+Area AreaOf(HRGN region)
+{
+    Area area;
+    const DWORD size = GetRegionData(region, 0, nullptr);
+    if (size == 0) {
+        return area;
+    }
+    std::vector<BYTE> bytes(size);
+    auto* data = reinterpret_cast<RGNDATA*>(bytes.data());
+    GetRegionData(region, size, data);
+    const auto* rects = reinterpret_cast<const RECT*>(data->Buffer);
+    for (DWORD i = 0; i < data->rdh.nCount; ++i) {
+        area.Add(rects[i]);
+    }
+    return area;
+}
+
+// What a call means that gives a region, a rectangle, or null for everything.
+Area WantedArea(const Window& window, const RECT* rect, HRGN region)
+{
+    return region ? AreaOf(region) : Area(rect ? *rect : ClientRect(window));
+}
+
+bool ReachesChildren(const Window& window, UINT flags)
+{
+    return !(flags & RDW_NOCHILDREN) && ((flags & RDW_ALLCHILDREN) || !window.Has(WS_CLIPCHILDREN));
+}
+
+Area WithinChild(const Window& parent, const Window& child, Area area)
+{
+    area.Offset(parent.client.left - child.client.left, parent.client.top - child.client.top);
+    return area;
+}
+
+void ExcludeChildren(const Window& window, Area& area)
+{
+    for (const Window* child : window.children) {
+        if (child->Has(WS_VISIBLE)) {
+            RECT r = child->frame;
+            OffsetRect(&r, -window.client.left, -window.client.top);
+            area.Subtract(r);
+        }
+    }
+}
+
+void InvalidateChildren(const Window& window, const Area& area, UINT flags)
+{
+    for (Window* child : window.children) {
+        Area within = WithinChild(window, *child, area);
+        RECT frame = child->frame;
+        OffsetRect(&frame, -child->client.left, -child->client.top);
+        within.Intersect(frame);
+        if (!within.IsEmpty()) {
+            Invalidate(*child, within, flags | RDW_FRAME);
+        }
+    }
+}
+
+void Validate(Window& window, const Area& area, UINT flags)
+{
+    window.invalid.Subtract(area);
+    if (window.invalid.IsEmpty()) {
+        window.eraseInvalid = false;
+    }
+    if (flags & RDW_NOFRAME) {
+        window.frameInvalid = false;
+    }
+    if (ReachesChildren(window, flags)) {
+        for (Window* child : window.children) {
+            Validate(*child, WithinChild(window, *child, area), flags);
+        }
+    }
+}
+
+bool NeedsPaint(const Window& window)
+{
+    return !window.invalid.IsEmpty() || window.frameInvalid;
+}
+
+Window* FirstToPaint(Window& window, const Filter& filter)
+{
+    if (!window.Has(WS_VISIBLE)) {
+        return nullptr;
+    }
+    if (&window != &Root() && NeedsPaint(window) && filter.Takes(window.handle, WM_PAINT)) {
+        return &window;
+    }
+    for (Window* child : window.children) {
+        if (Window* found = FirstToPaint(*child, filter)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+std::vector<WindowRef> VisibleChildren(const Window& window)
+{
+    std::vector<WindowRef> children;
+    for (Window* child : window.children) {
+        if (child->Has(WS_VISIBLE)) {
+            children.push_back(child->shared_from_this());
+        }
+    }
+    return children;
+}
+
+void PaintNow(Window& window, bool children)
+{
+    if (window.alive && IsShown(window) && NeedsPaint(window)) {
+        Send(window, WM_PAINT);
+    }
+    if (window.alive && children) {
+        for (const WindowRef& child : VisibleChildren(window)) {
+            PaintNow(*child, true);
+        }
+    }
+}
+
+void PaintFrame(Window& window)
+{
+    if (window.frameInvalid) {
+        window.frameInvalid = false;
+        Send(window, WM_NCPAINT, 1);
+    }
+}
+
+// True if the background is still to be erased by the caller.
+bool PaintBackground(Window& window, HDC hdc)
+{
+    if (!window.eraseInvalid) {
+        return false;
+    }
+    window.eraseInvalid = false;
+    return Send(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(hdc)) == 0;
+}
+
+HDC ContextClippedTo(const Window& window, const Area& area)
+{
+    const HDC hdc = ClientContext(window);
+    if (hdc) {
+        const HRGN region = MakeRegion(area);
+        SetVisibleRegion(hdc, region);
+        DeleteObject(region);
+    }
+    return hdc;
+}
+
+} // namespace
+
+void Invalidate(Window& window, Area area, UINT flags)
+{
+    if (!IsShown(window)) {
+        return;
+    }
+    const bool children = ReachesChildren(window, flags);
+    area.Intersect(ClientRect(window));
+    if (children) {
+        InvalidateChildren(window, area, flags);
+    } else if (!(flags & RDW_NOCHILDREN)) {
+        ExcludeChildren(window, area);
+    }
+    window.frameInvalid = window.frameInvalid || (flags & RDW_FRAME);
+    window.eraseInvalid = window.eraseInvalid || ((flags & RDW_ERASE) && !area.IsEmpty());
+    window.invalid.Add(area);
+}
+
+void InvalidateWhole(Window& window, UINT flags)
+{
+    Invalidate(window, Area(ClientRect(window)), flags);
+}
+
+void EraseNow(Window& window)
+{
+    const WindowRef keep = window.shared_from_this();
+    PaintFrame(window);
+    if (window.alive && window.eraseInvalid && !window.invalid.IsEmpty()) {
+        const HDC hdc = ContextClippedTo(window, window.invalid);
+        const bool open = PaintBackground(window, hdc);
+        window.eraseInvalid = open;
+        DeleteWindowContext(hdc);
+    }
+    for (const WindowRef& child : VisibleChildren(window)) {
+        if (child->alive) {
+            EraseNow(*child);
+        }
+    }
+}
+
+void Uncover(Window& window, const RECT& screen)
+{
+    if (!window.parent || window.parent == &Root()) {
+        return;
+    }
+    Area area(screen);
+    if (window.Has(WS_VISIBLE)) {
+        area.Subtract(window.frame);
+    }
+    area.Offset(-window.parent->client.left, -window.parent->client.top);
+    Invalidate(*window.parent, area, RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+bool TakePaint(const Filter& filter, MSG& message)
+{
+    const Window* window = FirstToPaint(Root(), filter);
+    if (!window) {
+        return false;
+    }
+    message = {window->handle, WM_PAINT, 0, 0, static_cast<DWORD>(Now()), TheDesktop().pointer};
+    return true;
+}
+
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+BOOL WINAPI RedrawWindow(HWND hwnd, const RECT* rect, HRGN region, UINT flags)
+{
+    const WindowRef window = hwnd ? Find(hwnd) : TheDesktop().root;
+    if (!window) {
+        return FALSE;
+    }
+    if (flags & RDW_INVALIDATE) {
+        Invalidate(*window, WantedArea(*window, rect, region), flags);
+    } else if (flags & RDW_VALIDATE) {
+        Validate(*window, WantedArea(*window, rect, region), flags);
+    }
+    if (flags & RDW_UPDATENOW) {
+        PaintNow(*window, !(flags & RDW_NOCHILDREN));
+    } else if (flags & RDW_ERASENOW) {
+        EraseNow(*window);
+    }
+    return TRUE;
+}
+
+BOOL WINAPI InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase)
+{
+    return RedrawWindow(hwnd, rect, nullptr, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
+}
+
+BOOL WINAPI InvalidateRgn(HWND hwnd, HRGN region, BOOL erase)
+{
+    return RedrawWindow(hwnd, nullptr, region, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
+}
+
+BOOL WINAPI ValidateRect(HWND hwnd, const RECT* rect)
+{
+    return RedrawWindow(hwnd, rect, nullptr, RDW_VALIDATE | RDW_NOCHILDREN | (rect ? 0U : UINT{RDW_NOFRAME}));
+}
+
+BOOL WINAPI ValidateRgn(HWND hwnd, HRGN region)
+{
+    return RedrawWindow(hwnd, nullptr, region, RDW_VALIDATE | RDW_NOCHILDREN);
+}
+
+BOOL WINAPI UpdateWindow(HWND hwnd)
+{
+    return hwnd && RedrawWindow(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+BOOL WINAPI GetUpdateRect(HWND hwnd, LPRECT out, BOOL erase)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return FALSE;
+    }
+    if (erase) {
+        EraseNow(*window);
+    }
+    if (out) {
+        *out = window->invalid.Bounds();
+    }
+    return !window->invalid.IsEmpty();
+}
+
+int WINAPI GetUpdateRgn(HWND hwnd, HRGN region, BOOL erase)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return ERROR;
+    }
+    if (erase) {
+        EraseNow(*window);
+    }
+    const HRGN invalid = MakeRegion(window->invalid);
+    const int kind = CombineRgn(region, invalid, nullptr, RGN_COPY);
+    DeleteObject(invalid);
+    return kind;
+}
+
+HDC WINAPI BeginPaint(HWND hwnd, LPPAINTSTRUCT paint)
+{
+    const WindowRef window = Find(hwnd);
+    *paint = {};
+    if (!window || FaultFires("BeginPaint")) {
+        return nullptr;
+    }
+    if (TheDesktop().caret.hwnd == hwnd) {
+        HideCaret(hwnd);
+    }
+    PaintFrame(*window);
+    const Area area = std::exchange(window->invalid, Area());
+    paint->rcPaint = area.Bounds();
+    paint->hdc = ContextClippedTo(*window, area);
+    paint->fErase = PaintBackground(*window, paint->hdc);
+    return paint->hdc;
+}
+
+BOOL WINAPI EndPaint(HWND hwnd, const PAINTSTRUCT* paint)
+{
+    if (paint->hdc) {
+        DeleteWindowContext(paint->hdc);
+    }
+    if (TheDesktop().caret.hwnd == hwnd) {
+        ShowCaret(hwnd);
+    }
+    return TRUE;
+}
+
+HDC WINAPI GetDCEx(HWND hwnd, HRGN region, DWORD flags)
+{
+    const WindowRef window = hwnd ? Find(hwnd) : TheDesktop().root;
+    if (!window) {
+        return nullptr;
+    }
+    const bool whole = (flags & DCX_WINDOW) != 0;
+    const RECT& r = whole ? window->frame : window->client;
+    const HDC hdc = CreateWindowContext(window->handle, Corner(r), SizeOf(r), whole);
+    if (hdc && region && (flags & DCX_INTERSECTRGN)) {
+        SetVisibleRegion(hdc, region);
+        DeleteObject(region);
+    }
+    return hdc;
+}
+
+HDC WINAPI GetDC(HWND hwnd)
+{
+    return FaultFires("GetDC") ? nullptr : GetDCEx(hwnd, nullptr, 0);
+}
+
+HDC WINAPI GetWindowDC(HWND hwnd)
+{
+    return FaultFires("GetWindowDC") ? nullptr : GetDCEx(hwnd, nullptr, DCX_WINDOW);
+}
+
+int WINAPI ReleaseDC(HWND, HDC hdc)
+{
+    if (!WindowOfContext(hdc)) {
+        return 0;
+    }
+    DeleteWindowContext(hdc);
+    return 1;
+}
+
+HWND WINAPI WindowFromDC(HDC hdc)
+{
+    return WindowOfContext(hdc);
+}
+}

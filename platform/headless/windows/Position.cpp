@@ -1,0 +1,571 @@
+#include "Position.h"
+#include "Focus.h"
+#include "Paint.h"
+#include "Send.h"
+
+#include "../core/Faults.h"
+
+#include <algorithm>
+
+namespace gesso::headless {
+namespace {
+
+constexpr UINT c_clientFlags = SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE;
+
+RECT Moved(RECT r, int dx, int dy)
+{
+    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
+}
+
+RECT FromParent(const Window& window, const RECT& r)
+{
+    return Moved(r, window.parent->client.left, window.parent->client.top);
+}
+
+RECT ToParent(const Window& window, const RECT& r)
+{
+    return Moved(r, -window.parent->client.left, -window.parent->client.top);
+}
+
+// A client area never reaches out of its window's frame by being turned inside out.
+RECT Upright(RECT r)
+{
+    r.right = std::max(r.left, r.right);
+    r.bottom = std::max(r.top, r.bottom);
+    return r;
+}
+
+void MoveTree(Window& window, int dx, int dy)
+{
+    window.frame = Moved(window.frame, dx, dy);
+    window.client = Moved(window.client, dx, dy);
+    for (Window* child : window.children) {
+        MoveTree(*child, dx, dy);
+    }
+}
+
+void MoveChildren(Window& window, int dx, int dy)
+{
+    for (Window* child : window.children) {
+        MoveTree(*child, dx, dy);
+    }
+}
+
+// Gives the window a frame and a client area; its children go with the client area.
+void Place(Window& window, const RECT& frame, const RECT& client)
+{
+    const POINT step = {client.left - window.client.left, client.top - window.client.top};
+    window.frame = frame;
+    window.client = client;
+    if (step.x != 0 || step.y != 0) {
+        MoveChildren(window, step.x, step.y);
+    }
+}
+
+bool IsLast(const Window& window)
+{
+    return window.parent->children.back() == &window;
+}
+
+// The place among its siblings that a z-order argument means; nothing if that is no change.
+void Reorder(Window& window, HWND after)
+{
+    auto& siblings = window.parent->children;
+    if (after == HWND_BOTTOM && IsLast(window)) {
+        return;
+    }
+    const WindowRef above = after == window.handle ? nullptr : Peek(after);
+    const bool sibling = above && above->parent == window.parent;
+    if (!sibling && after != HWND_TOP && after != HWND_BOTTOM && after != HWND_TOPMOST &&
+        after != HWND_NOTOPMOST) {
+        return;
+    }
+    std::erase(siblings, &window);
+    auto at = siblings.begin();
+    if (after == HWND_BOTTOM) {
+        at = siblings.end();
+    } else if (sibling) {
+        at = std::find(siblings.begin(), siblings.end(), above.get()) + 1;
+    }
+    siblings.insert(at, &window);
+}
+
+// Drops the flags that ask for what is so already.
+UINT Reduced(const Window& window, const WINDOWPOS& pos, const RECT& frame)
+{
+    UINT flags = pos.flags;
+    if (window.Has(WS_VISIBLE)) {
+        flags &= ~static_cast<UINT>(SWP_SHOWWINDOW);
+    } else {
+        flags &= ~static_cast<UINT>(SWP_HIDEWINDOW);
+        if (!(flags & SWP_SHOWWINDOW)) {
+            flags |= SWP_NOREDRAW;
+        }
+    }
+    const SIZE now = SizeOf(window.frame);
+    const SIZE next = SizeOf(frame);
+    if (now.cx == next.cx && now.cy == next.cy) {
+        flags |= SWP_NOSIZE;
+    }
+    if (frame.left == window.frame.left && frame.top == window.frame.top) {
+        flags |= SWP_NOMOVE;
+    }
+    const bool atTop = window.parent->children.front() == &window;
+    if ((pos.hwndInsertAfter == HWND_TOP && atTop) || (pos.hwndInsertAfter == HWND_BOTTOM && IsLast(window)))
+    {
+        flags |= SWP_NOZORDER;
+    }
+    return flags;
+}
+
+RECT WantedFrame(const Window& window, const WINDOWPOS& pos)
+{
+    RECT frame = ToParent(window, window.frame);
+    SIZE size = SizeOf(frame);
+    if (!(pos.flags & SWP_NOMOVE)) {
+        frame.left = pos.x;
+        frame.top = pos.y;
+    }
+    if (!(pos.flags & SWP_NOSIZE)) {
+        size = {std::max(pos.cx, 0), std::max(pos.cy, 0)};
+    }
+    return FromParent(window, {frame.left, frame.top, frame.left + size.cx, frame.top + size.cy});
+}
+
+// The client area within a new frame: asked of the window if the size or the frame changes.
+RECT WantedClient(Window& window, WINDOWPOS& pos, const RECT& frame)
+{
+    if ((pos.flags & (SWP_FRAMECHANGED | SWP_NOSIZE)) == SWP_NOSIZE) {
+        return Moved(window.client, frame.left - window.frame.left, frame.top - window.frame.top);
+    }
+    NCCALCSIZE_PARAMS params{
+        {ToParent(window, frame), ToParent(window, window.frame), ToParent(window, window.client)}, &pos};
+    Send(window, WM_NCCALCSIZE, TRUE, Pointer(&params));
+    return window.alive ? Upright(FromParent(window, params.rgrc[0])) : window.client;
+}
+
+UINT ClientChanges(const Window& window, const RECT& client)
+{
+    UINT flags = 0;
+    const SIZE now = SizeOf(window.client);
+    const SIZE next = SizeOf(client);
+    if (now.cx == next.cx && now.cy == next.cy) {
+        flags |= SWP_NOCLIENTSIZE;
+    }
+    // Relative to the parent's client area, which does not move here.
+    if (client.left == window.client.left && client.top == window.client.top) {
+        flags |= SWP_NOCLIENTMOVE;
+    }
+    return flags;
+}
+
+// Invalidates what a change of size or frame leaves to paint in the window itself.
+void InvalidateChanges(Window& window, const SIZE& former, UINT flags)
+{
+    const SIZE now = SizeOf(window.client);
+    const UINT classStyle = window.windowClass->data.style;
+    const bool whole = (flags & (SWP_SHOWWINDOW | SWP_NOCOPYBITS)) ||
+                       ((classStyle & CS_HREDRAW) && now.cx != former.cx) ||
+                       ((classStyle & CS_VREDRAW) && now.cy != former.cy);
+    UINT redraw = RDW_ERASE;
+    if (!(flags & SWP_NOSIZE) || (flags & (SWP_FRAMECHANGED | SWP_SHOWWINDOW))) {
+        redraw |= RDW_FRAME;
+    }
+    if (whole) {
+        InvalidateWhole(window, redraw | RDW_ALLCHILDREN);
+        return;
+    }
+    Area gained(RECT{0, 0, now.cx, now.cy});
+    gained.Subtract(RECT{0, 0, former.cx, former.cy});
+    if (!gained.IsEmpty() || (redraw & RDW_FRAME)) {
+        Invalidate(window, gained, redraw);
+    }
+}
+
+void Repaint(Window& window, const RECT& formerFrame, const SIZE& formerClient, UINT flags)
+{
+    if (flags & SWP_HIDEWINDOW) {
+        window.invalid.Clear();
+        Uncover(window, formerFrame);
+        return;
+    }
+    if (!IsShown(window) || (flags & SWP_NOREDRAW)) {
+        return;
+    }
+    if (!SameRect(formerFrame, window.frame) && !(flags & SWP_SHOWWINDOW)) {
+        Uncover(window, formerFrame);
+    }
+    InvalidateChanges(window, formerClient, flags);
+    EraseNow(window);
+}
+
+void ChangeVisibility(Window& window, UINT flags)
+{
+    if (flags & SWP_SHOWWINDOW) {
+        window.style |= WS_VISIBLE;
+    } else if (flags & SWP_HIDEWINDOW) {
+        window.style &= ~static_cast<DWORD>(WS_VISIBLE);
+    }
+}
+
+void ActivateAsAsked(Window& window, UINT flags)
+{
+    if (flags & SWP_HIDEWINDOW) {
+        if (TheDesktop().active == window.handle) {
+            ActivateNext(window);
+        }
+    } else if (!(flags & SWP_NOACTIVATE)) {
+        if (window.IsChild()) {
+            Send(window, WM_CHILDACTIVATE);
+        } else {
+            Activate(&window, false);
+        }
+    }
+}
+
+bool IsNoChange(UINT flags)
+{
+    constexpr UINT nothing = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | c_clientFlags;
+    constexpr UINT something = SWP_FRAMECHANGED | SWP_SHOWWINDOW | SWP_HIDEWINDOW;
+    return (flags & (nothing | something)) == nothing;
+}
+
+// Carries out a change of place that the window has agreed to, up to the messages that report it.
+bool Change(Window& window, WINDOWPOS& pos)
+{
+    const RECT frame = WantedFrame(window, pos);
+    pos.flags = Reduced(window, pos, frame);
+    const RECT client = WantedClient(window, pos, frame);
+    if (!window.alive) {
+        return false;
+    }
+    pos.flags |= ClientChanges(window, client);
+    const RECT formerFrame = window.frame;
+    const SIZE formerClient = SizeOf(window.client);
+    if (!(pos.flags & SWP_NOZORDER)) {
+        Reorder(window, pos.hwndInsertAfter);
+    }
+    Place(window, frame, client);
+    ChangeVisibility(window, pos.flags);
+    TheDesktop().pointerStale = TheDesktop().pointerStale || !IsNoChange(pos.flags);
+    Repaint(window, formerFrame, formerClient, pos.flags);
+    return window.alive;
+}
+
+// Children under the point first, each before what it lies in; disabled children are looked through.
+void Collect(const Window& parent, POINT point, std::vector<WindowRef>& found)
+{
+    for (Window* window : parent.children) {
+        const bool passedOver = window->IsChild() && window->Has(WS_DISABLED);
+        if (!window->Has(WS_VISIBLE) || passedOver || !PtInRect(&window->frame, point)) {
+            continue;
+        }
+        if (PtInRect(&window->client, point)) {
+            Collect(*window, point, found);
+        }
+        found.push_back(window->shared_from_this());
+    }
+}
+
+UINT ShowFlags(const Window& window, int command)
+{
+    UINT flags = SWP_NOSIZE | SWP_NOMOVE | (command == SW_HIDE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW);
+    const bool quiet = command == SW_SHOWNA || command == SW_SHOWNOACTIVATE ||
+                       command == SW_SHOWMINNOACTIVE || command == SW_HIDE;
+    if (quiet || window.IsChild()) {
+        flags |= SWP_NOACTIVATE | SWP_NOZORDER;
+    }
+    return flags;
+}
+
+// A hidden window does not keep the focus: its parent takes it.
+void LeaveFocus(Window& window)
+{
+    const WindowRef focus = Peek(TheDesktop().focus);
+    if (window.IsChild() && focus && IsWithin(*focus, window)) {
+        SetFocus(window.parent == &Root() ? nullptr : window.parent->handle);
+    }
+}
+
+void FinishShow(Window& window, bool show)
+{
+    if (!show) {
+        LeaveFocus(window);
+    } else if (window.sizePending) {
+        window.sizePending = false;
+        SendSizeAndMove(window);
+    }
+}
+
+} // namespace
+
+void CalculateClient(Window& window)
+{
+    RECT r = ToParent(window, window.frame);
+    Send(window, WM_NCCALCSIZE, FALSE, Pointer(&r));
+    if (window.alive) {
+        Place(window, window.frame, Upright(FromParent(window, r)));
+    }
+}
+
+void SendSizeAndMove(Window& window)
+{
+    const SIZE size = SizeOf(window.client);
+    Send(window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.cx, size.cy));
+    if (window.alive) {
+        const RECT client = ToParent(window, window.client);
+        Send(window, WM_MOVE, 0, MAKELPARAM(client.left, client.top));
+    }
+}
+
+void RaiseToTop(Window& window)
+{
+    Reorder(window, HWND_TOP);
+}
+
+RECT FrameWidths(DWORD style, DWORD exStyle, bool menu)
+{
+    int border = 0;
+    if (style & WS_THICKFRAME) {
+        border = GetSystemMetrics(SM_CXSIZEFRAME);
+    } else if ((style & WS_DLGFRAME) || (exStyle & WS_EX_DLGMODALFRAME)) {
+        border = GetSystemMetrics(SM_CXFIXEDFRAME);
+    } else if (style & WS_BORDER) {
+        border = GetSystemMetrics(SM_CXBORDER);
+    }
+    if (exStyle & WS_EX_CLIENTEDGE) {
+        border += GetSystemMetrics(SM_CXEDGE);
+    }
+    if (exStyle & WS_EX_STATICEDGE) {
+        border += GetSystemMetrics(SM_CXBORDER);
+    }
+    RECT widths = {border, border, border, border};
+    if ((style & WS_CAPTION) == WS_CAPTION) {
+        widths.top += GetSystemMetrics(exStyle & WS_EX_TOOLWINDOW ? SM_CYSMCAPTION : SM_CYCAPTION);
+    }
+    widths.top += menu ? GetSystemMetrics(SM_CYMENU) : 0;
+    return widths;
+}
+
+WindowRef WindowAt(POINT point, LRESULT& hit)
+{
+    std::vector<WindowRef> found;
+    Collect(Root(), point, found);
+    for (const WindowRef& window : found) {
+        if (window->Has(WS_DISABLED)) {
+            hit = HTERROR;
+            return window;
+        }
+        hit = Send(*window, WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
+        if (hit != HTTRANSPARENT && window->alive) {
+            return window;
+        }
+    }
+    hit = HTNOWHERE;
+    return nullptr;
+}
+
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window || window.get() == &Root() || FaultFires("SetWindowPos")) {
+        return FALSE;
+    }
+    WINDOWPOS pos{hwnd, after, x, y, cx, cy, flags};
+    if (!(flags & SWP_NOSENDCHANGING)) {
+        Send(*window, WM_WINDOWPOSCHANGING, 0, Pointer(&pos));
+    }
+    if (!window->alive || !Change(*window, pos)) {
+        return FALSE;
+    }
+    ActivateAsAsked(*window, pos.flags);
+    if (window->alive && !IsNoChange(pos.flags)) {
+        const RECT frame = ToParent(*window, window->frame);
+        pos = {hwnd,     pos.hwndInsertAfter, frame.left, frame.top, SizeOf(frame).cx, SizeOf(frame).cy,
+               pos.flags};
+        Send(*window, WM_WINDOWPOSCHANGED, 0, Pointer(&pos));
+    }
+    return TRUE;
+}
+
+BOOL WINAPI MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint)
+{
+    const UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0U : UINT{SWP_NOREDRAW});
+    return SetWindowPos(hwnd, nullptr, x, y, cx, cy, flags);
+}
+
+BOOL WINAPI ShowWindow(HWND hwnd, int command)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return FALSE;
+    }
+    const bool wasVisible = window->Has(WS_VISIBLE);
+    const bool show = command != SW_HIDE;
+    const bool nothingToDo = show ? wasVisible && command == SW_SHOW : !wasVisible;
+    if (nothingToDo) {
+        return wasVisible;
+    }
+    if (show != wasVisible) {
+        Send(*window, WM_SHOWWINDOW, show, 0);
+    }
+    if (window->alive && window->IsChild() && !IsShown(*window->parent)) {
+        window->style = show ? window->style | WS_VISIBLE : window->style & ~static_cast<DWORD>(WS_VISIBLE);
+    } else if (window->alive) {
+        SetWindowPos(hwnd, HWND_TOP, 0, 0, 0, 0, ShowFlags(*window, command));
+    }
+    if (window->alive) {
+        FinishShow(*window, show);
+    }
+    return wasVisible;
+}
+
+BOOL WINAPI BringWindowToTop(HWND hwnd)
+{
+    return SetWindowPos(hwnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+}
+
+HDWP WINAPI BeginDeferWindowPos(int)
+{
+    if (FaultFires("BeginDeferWindowPos")) {
+        return nullptr;
+    }
+    return static_cast<HDWP>(static_cast<void*>(new std::vector<WINDOWPOS>));
+}
+
+HDWP WINAPI DeferWindowPos(HDWP batch, HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
+{
+    auto* moves = static_cast<std::vector<WINDOWPOS>*>(batch);
+    if (!moves || !Find(hwnd)) {
+        delete moves;
+        return nullptr;
+    }
+    moves->push_back({hwnd, after, x, y, cx, cy, flags});
+    return batch;
+}
+
+BOOL WINAPI EndDeferWindowPos(HDWP batch)
+{
+    const std::unique_ptr<std::vector<WINDOWPOS>> moves(static_cast<std::vector<WINDOWPOS>*>(batch));
+    if (!moves) {
+        return FALSE;
+    }
+    for (const WINDOWPOS& m : *moves) {
+        SetWindowPos(m.hwnd, m.hwndInsertAfter, m.x, m.y, m.cx, m.cy, m.flags);
+    }
+    return TRUE;
+}
+
+BOOL WINAPI GetWindowRect(HWND hwnd, LPRECT out)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return FALSE;
+    }
+    *out = window->frame;
+    return TRUE;
+}
+
+BOOL WINAPI GetClientRect(HWND hwnd, LPRECT out)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return FALSE;
+    }
+    *out = {0, 0, SizeOf(window->client).cx, SizeOf(window->client).cy};
+    return TRUE;
+}
+
+int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
+{
+    const WindowRef source = from ? Find(from) : TheDesktop().root;
+    const WindowRef target = to ? Find(to) : TheDesktop().root;
+    if (!source || !target) {
+        return 0;
+    }
+    const int dx = source->client.left - target->client.left;
+    const int dy = source->client.top - target->client.top;
+    for (UINT i = 0; i < count; ++i) {
+        points[i] = {points[i].x + dx, points[i].y + dy};
+    }
+    return static_cast<int>(MAKELONG(dx, dy));
+}
+
+BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return FALSE;
+    }
+    *point = {point->x + window->client.left, point->y + window->client.top};
+    return TRUE;
+}
+
+BOOL WINAPI ScreenToClient(HWND hwnd, LPPOINT point)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return FALSE;
+    }
+    *point = {point->x - window->client.left, point->y - window->client.top};
+    return TRUE;
+}
+
+BOOL WINAPI AdjustWindowRectEx(LPRECT r, DWORD style, BOOL menu, DWORD exStyle)
+{
+    const RECT w = FrameWidths(style, exStyle, menu);
+    *r = {r->left - w.left, r->top - w.top, r->right + w.right, r->bottom + w.bottom};
+    return TRUE;
+}
+
+BOOL WINAPI AdjustWindowRect(LPRECT r, DWORD style, BOOL menu)
+{
+    return AdjustWindowRectEx(r, style, menu, 0);
+}
+
+HWND WINAPI WindowFromPoint(POINT point)
+{
+    LRESULT hit = 0;
+    const WindowRef window = WindowAt(point, hit);
+    return window ? window->handle : Root().handle;
+}
+
+HWND WINAPI ChildWindowFromPointEx(HWND hwnd, POINT point, UINT flags)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window) {
+        return nullptr;
+    }
+    const POINT screen = {point.x + window->client.left, point.y + window->client.top};
+    for (const Window* child : window->children) {
+        const bool skipped = ((flags & CWP_SKIPINVISIBLE) && !child->Has(WS_VISIBLE)) ||
+                             ((flags & CWP_SKIPDISABLED) && child->Has(WS_DISABLED));
+        if (!skipped && PtInRect(&child->frame, screen)) {
+            return child->handle;
+        }
+    }
+    return PtInRect(&window->client, screen) ? hwnd : nullptr;
+}
+
+HWND WINAPI ChildWindowFromPoint(HWND hwnd, POINT point)
+{
+    return ChildWindowFromPointEx(hwnd, point, CWP_ALL);
+}
+
+// No window of this desktop is ever made an icon or fills the screen.
+BOOL WINAPI IsIconic(HWND)
+{
+    return FALSE;
+}
+
+BOOL WINAPI IsZoomed(HWND)
+{
+    return FALSE;
+}
+}

@@ -1,0 +1,19 @@
+// Places and sizes of windows.
+#pragma once
+
+#include "Desktop.h"
+
+namespace gesso::headless {
+
+// Asks the window by WM_NCCALCSIZE for its client area within the frame that it has.
+void CalculateClient(Window& window);
+void SendSizeAndMove(Window& window);
+// Puts a window before its siblings in z-order.
+void RaiseToTop(Window& window);
+// The frame that DefWindowProc leaves around a client area.
+RECT FrameWidths(DWORD style, DWORD exStyle, bool menu);
+
+// The window under a point of the screen, and what its WM_NCHITTEST says of it; null for the bare desktop.
+WindowRef WindowAt(POINT point, LRESULT& hit);
+
+} // namespace gesso::headless

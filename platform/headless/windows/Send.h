@@ -1,0 +1,21 @@
+// Delivery of messages to window procedures.
+#pragma once
+
+#include "Desktop.h"
+
+namespace gesso::headless {
+
+// Calls the window's procedure; 0 for a window that is gone.
+LRESULT Send(Window& window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+// The same for a message that came through the queue.
+LRESULT Deliver(Window& window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Tells the ancestors of a child about it, as WM_PARENTNOTIFY does.
+void NotifyParents(Window& window, WORD event, LPARAM lParam);
+
+template <typename T> LPARAM Pointer(T* pointer)
+{
+    return reinterpret_cast<LPARAM>(pointer);
+}
+
+} // namespace gesso::headless

@@ -1,0 +1,338 @@
+// Windows come and go.
+#include "Class.h"
+#include "Desktop.h"
+#include "Focus.h"
+#include "Paint.h"
+#include "Position.h"
+#include "Queue.h"
+#include "Send.h"
+#include "Timer.h"
+
+#include "../core/Accounting.h"
+#include "../core/Faults.h"
+#include "../gdi/DeviceContext.h"
+
+#include <algorithm>
+
+namespace gesso::headless {
+namespace {
+
+HWND NextHandle()
+{
+    // Never used again, so that a stale handle is always found out.
+    static constinit uintptr_t s_next = 0x10002;
+    s_next += 2;
+    return reinterpret_cast<HWND>(s_next);
+}
+
+DWORD CompletedStyle(DWORD style)
+{
+    if (!(style & WS_CHILD)) {
+        style |= WS_CLIPSIBLINGS;
+        if (!(style & WS_POPUP)) {
+            style |= WS_CAPTION;
+        }
+    }
+    return style;
+}
+
+DWORD CompletedExStyle(DWORD exStyle, DWORD style)
+{
+    const bool raised = (exStyle & WS_EX_DLGMODALFRAME) ||
+                        (!(exStyle & WS_EX_STATICEDGE) && ((style & (WS_DLGFRAME | WS_THICKFRAME)) != 0));
+    return raised ? exStyle | WS_EX_WINDOWEDGE : exStyle & ~static_cast<DWORD>(WS_EX_WINDOWEDGE);
+}
+
+// Where a top-level window goes that leaves it to the platform: the screen's corner, three quarters of its
+// size.
+void ReplaceDefaults(CREATESTRUCTW& create)
+{
+    const bool overlapped = !(create.style & (WS_CHILD | WS_POPUP));
+    if (create.x == static_cast<int>(CW_USEDEFAULT)) {
+        create.x = 0;
+        create.y = 0;
+    }
+    if (create.cx == static_cast<int>(CW_USEDEFAULT)) {
+        const SIZE screen = SizeOf(Root().frame);
+        create.cx = overlapped ? screen.cx * 3 / 4 : 0;
+        create.cy = overlapped ? screen.cy * 3 / 4 : 0;
+    }
+    create.cx = std::max(create.cx, 0);
+    create.cy = std::max(create.cy, 0);
+}
+
+void Link(Window& window, Window& parent)
+{
+    window.parent = &parent;
+    // A new child goes below its siblings, a new top-level window above them.
+    if (window.IsChild()) {
+        parent.children.push_back(&window);
+    } else {
+        parent.children.insert(parent.children.begin(), &window);
+    }
+}
+
+void Unlink(Window& window)
+{
+    if (window.parent) {
+        std::erase(window.parent->children, &window);
+        window.parent = nullptr;
+    }
+}
+
+WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Window* parentOrOwner)
+{
+    auto window = std::make_shared<Window>();
+    window->handle = NextHandle();
+    window->windowClass = &windowClass;
+    window->procedure = windowClass.data.lpfnWndProc;
+    window->style = static_cast<DWORD>(create.style) & ~static_cast<DWORD>(WS_VISIBLE);
+    window->exStyle = create.dwExStyle;
+    window->instance = create.hInstance;
+    window->extra.resize(static_cast<size_t>(windowClass.data.cbWndExtra));
+    Window* parent = window->IsChild() ? parentOrOwner : nullptr;
+    if (window->style & WS_CHILD) {
+        window->id = reinterpret_cast<LONG_PTR>(create.hMenu);
+    }
+    if (!parent && parentOrOwner) {
+        window->owner = TopLevelOf(*parentOrOwner).handle;
+    }
+    Link(*window, parent ? *parent : Root());
+    window->uiState = parentOrOwner ? parentOrOwner->uiState : WORD{0};
+    const RECT origin = window->parent->client;
+    window->frame = {origin.left + create.x, origin.top + create.y, origin.left + create.x + create.cx,
+                     origin.top + create.y + create.cy};
+    window->client = window->frame;
+    ++windowClass.windows;
+    Track(Kind::Window, window->handle);
+    TheDesktop().windows.emplace(window->handle, window);
+    return window;
+}
+
+// The window may bound the size that it is made with.
+void ApplyMinMaxInfo(Window& window, CREATESTRUCTW& create)
+{
+    if (!(window.style & WS_THICKFRAME) && (window.style & (WS_POPUP | WS_CHILD))) {
+        return;
+    }
+    const SIZE screen = SizeOf(Root().frame);
+    const POINT least = {GetSystemMetrics(SM_CXMINTRACK), GetSystemMetrics(SM_CYMINTRACK)};
+    MINMAXINFO info{{}, {screen.cx, screen.cy}, {}, least, {screen.cx + 8, screen.cy + 8}};
+    Send(window, WM_GETMINMAXINFO, 0, Pointer(&info));
+    create.cx = std::clamp<LONG>(create.cx, info.ptMinTrackSize.x,
+                                 std::max(info.ptMinTrackSize.x, info.ptMaxTrackSize.x));
+    create.cy = std::clamp<LONG>(create.cy, info.ptMinTrackSize.y,
+                                 std::max(info.ptMinTrackSize.y, info.ptMaxTrackSize.y));
+    window.frame.right = window.frame.left + create.cx;
+    window.frame.bottom = window.frame.top + create.cy;
+    window.client = window.frame;
+}
+
+void Release(Window& window)
+{
+    Desktop& desktop = TheDesktop();
+    ForgetFocus(window);
+    ForgetMessages(window.handle);
+    KillTimersOf(window.handle);
+    std::erase_if(desktop.windows, [&](const auto& entry) { return entry.second.get() == &window; });
+    Unlink(window);
+    ForgetDrawing(window.handle);
+    --window.windowClass->windows;
+    Untrack(Kind::Window, window.handle);
+    window.alive = false;
+}
+
+// Children go before their parent's WM_NCDESTROY.
+void FreeTree(Window& window)
+{
+    while (window.alive && !window.children.empty()) {
+        const WindowRef child = window.children.front()->shared_from_this();
+        child->beingDestroyed = true;
+        FreeTree(*child);
+    }
+    if (!window.alive) {
+        return;
+    }
+    Send(window, WM_NCDESTROY);
+    if (window.alive) {
+        Release(window);
+    }
+}
+
+std::vector<WindowRef> ChildrenOf(const Window& window)
+{
+    std::vector<WindowRef> children;
+    for (Window* child : window.children) {
+        children.push_back(child->shared_from_this());
+    }
+    return children;
+}
+
+// The parent hears WM_DESTROY before its children do.
+void SendDestroy(Window& window)
+{
+    if (TheDesktop().caret.hwnd == window.handle) {
+        DestroyCaret();
+    }
+    Send(window, WM_DESTROY);
+    for (const WindowRef& child : ChildrenOf(window)) {
+        if (child->alive && child->parent == &window) {
+            child->beingDestroyed = true;
+            SendDestroy(*child);
+        }
+    }
+}
+
+void DestroyOwned(const Window& owner)
+{
+    for (const HWND top : TopLevelWindows()) {
+        const WindowRef window = Peek(top);
+        if (window && window->owner == owner.handle) {
+            DestroyWindow(top);
+        }
+    }
+}
+
+void HideForDestruction(Window& window)
+{
+    if (window.Has(WS_VISIBLE)) {
+        if (window.IsChild()) {
+            ShowWindow(window.handle, SW_HIDE);
+        } else {
+            SetWindowPos(window.handle, nullptr, 0, 0, 0, 0,
+                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
+        }
+    }
+}
+
+// What a window gets while it is made, up to the point where it may be shown. False if it refused.
+bool Introduce(Window& window, CREATESTRUCTW& create)
+{
+    ApplyMinMaxInfo(window, create);
+    if (window.alive && !Send(window, WM_NCCREATE, 0, Pointer(&create))) {
+        if (window.alive) {
+            FreeTree(window);
+        }
+        return false;
+    }
+    if (window.alive) {
+        CalculateClient(window);
+    }
+    if (window.alive && Send(window, WM_CREATE, 0, Pointer(&create)) == -1) {
+        if (window.alive) {
+            DestroyWindow(window.handle);
+        }
+        return false;
+    }
+    return window.alive;
+}
+
+// Sends what follows WM_CREATE: overlapped windows hear of their size when they are shown.
+void Settle(Window& window)
+{
+    window.sizePending = !(window.style & (WS_CHILD | WS_POPUP));
+    if (!window.sizePending) {
+        SendSizeAndMove(window);
+    }
+    if (window.alive) {
+        NotifyParents(window, WM_CREATE, Pointer(window.handle));
+    }
+}
+
+bool IsUsableParent(const CREATESTRUCTW& create, const WindowRef& parent)
+{
+    if (create.hwndParent && !parent) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return false;
+    }
+    const bool child = (create.style & (WS_CHILD | WS_POPUP)) == WS_CHILD;
+    if (child && !parent) {
+        SetLastError(ERROR_TLW_WITH_WSCHILD);
+        return false;
+    }
+    // There are no menus: what stands in the menu's place of a top-level window can be none.
+    if (!(create.style & WS_CHILD) && create.hMenu) {
+        SetLastError(ERROR_INVALID_MENU_HANDLE);
+        return false;
+    }
+    return true;
+}
+
+HWND Create(CREATESTRUCTW& create)
+{
+    WindowClass* windowClass = FindClass(create.lpszClass, create.hInstance);
+    if (!windowClass) {
+        SetLastError(ERROR_CANNOT_FIND_WND_CLASS);
+        return nullptr;
+    }
+    const WindowRef parent = Peek(create.hwndParent);
+    if (!IsUsableParent(create, parent)) {
+        return nullptr;
+    }
+    const bool visible = (create.style & WS_VISIBLE) != 0;
+    create.style = static_cast<LONG>(CompletedStyle(static_cast<DWORD>(create.style)));
+    create.dwExStyle = CompletedExStyle(create.dwExStyle, static_cast<DWORD>(create.style));
+    ReplaceDefaults(create);
+    Window* above = parent.get() == &Root() ? nullptr : parent.get();
+    const WindowRef window = MakeWindow(create, *windowClass, above);
+    if (!Introduce(*window, create)) {
+        return nullptr;
+    }
+    Settle(*window);
+    if (visible && window->alive) {
+        ShowWindow(window->handle, SW_SHOW);
+    }
+    return window->alive ? window->handle : nullptr;
+}
+
+} // namespace
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x, int y, int cx,
+                            int cy, HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param)
+{
+    if (FaultFires("CreateWindowExW")) {
+        return nullptr;
+    }
+    CREATESTRUCTW create{param, instance ? instance : HostModule(), menuOrId, parent,    cy,     cx, y,
+                         x,     static_cast<LONG>(style),           text,     className, exStyle};
+    return Create(create);
+}
+
+BOOL WINAPI DestroyWindow(HWND hwnd)
+{
+    const WindowRef window = Find(hwnd);
+    if (!window || window.get() == &Root()) {
+        return FALSE;
+    }
+    if (window->beingDestroyed) {
+        return TRUE;
+    }
+    window->beingDestroyed = true;
+    if (window->IsChild()) {
+        NotifyParents(*window, WM_DESTROY, Pointer(hwnd));
+    }
+    if (window->alive) {
+        HideForDestruction(*window);
+    }
+    if (window->alive && !window->IsChild()) {
+        DestroyOwned(*window);
+    }
+    if (window->alive) {
+        SendDestroy(*window);
+    }
+    if (window->alive) {
+        FreeTree(*window);
+    }
+    return TRUE;
+}
+
+BOOL WINAPI IsWindow(HWND hwnd)
+{
+    return Peek(hwnd) != nullptr;
+}
+}
