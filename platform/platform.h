@@ -22,17 +22,16 @@
 #include <string>
 
 #if !defined(_WIN32)
-// One calling convention on Linux: the platform's attribute would only hide frames from the sanitizers.
-#ifndef __stdcall
-#define __stdcall
-#endif
-#ifndef __cdecl
-#define __cdecl
-#endif
 // WCHAR is wchar_t, as on Windows, and not char16_t.
 #ifndef WINE_UNICODE_NATIVE
 #define WINE_UNICODE_NATIVE
 #endif
+#include <windef.h>
+// One calling convention on Linux: the platform's would only cost registers at every call.
+#undef __stdcall
+#define __stdcall
+#undef __cdecl
+#define __cdecl
 #endif
 
 #include <windows.h>

@@ -11,6 +11,7 @@
 #include <array>
 #include <functional>
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,17 +23,27 @@ namespace gesso::headless {
 
 // Gives a fresh desktop: destroys every window, sets the clock to zero and the pointer to the screen's last
 // pixel, and clears queues, key states, clipboard, records, faults and settings. Window classes, graphics
-// objects and the library's own globals stay, as they would in a process that goes on. The first call
-// attaches the library's module, as loading it does. Call it at the start of each test, with no modal loop
-// running.
+// objects and the library's own globals stay, as they would in a process that goes on. Call it at the start
+// of each test, with no modal loop running.
 void Reset();
 
 // The top-level windows that exist, topmost first, visible or not.
 std::vector<HWND> TopLevelWindows();
 
-// The module handles of the program and of the library.
+// The module handles of the program and of the library. The library's entry point has run before `main`.
 HMODULE HostModule();
 HMODULE LibraryModule();
+
+// Resources
+// ---------------------------------------------------------------------------------------
+// The simulated modules have no files behind them: a test or a host adds the resources that it needs.
+
+// Adds a resource, or replaces the one of that type and name; both are texts or MAKEINTRESOURCEW.
+void AddResource(HMODULE module, LPCWSTR type, LPCWSTR name, std::span<const std::byte> bytes);
+// Adds one text to the module's string tables.
+void AddString(HMODULE module, UINT id, std::string_view text);
+// Drops what was added to the module.
+void RemoveResources(HMODULE module);
 
 // Input
 // --------------------------------------------------------------------------------------------------------
@@ -166,6 +177,9 @@ struct Census
 std::ostream& operator<<(std::ostream& out, const Census& census);
 
 Census Live();
+
+// How many activation contexts are open on the stack now.
+int ActivationDepth();
 
 // True if no heap block is lost. Only a build with AddressSanitizer on a system with leak checking can tell;
 // any other build answers true.

@@ -1,0 +1,180 @@
+#include "Context.h"
+
+#include "../core/Accounting.h"
+#include "../core/Faults.h"
+#include "DeviceContext.h"
+
+#include <algorithm>
+
+namespace gesso::headless {
+namespace {
+
+std::vector<HDC>& Contexts()
+{
+    static std::vector<HDC> s_contexts;
+    return s_contexts;
+}
+
+HDC AddContext(std::unique_ptr<Context> context)
+{
+    const auto hdc = static_cast<HDC>(AddObject(std::move(context)));
+    Contexts().push_back(hdc);
+    return hdc;
+}
+
+void RemoveContext(HDC hdc)
+{
+    std::erase(Contexts(), hdc);
+    RemoveObject(hdc);
+}
+
+bool Holds(const ContextState& state, HGDIOBJ object)
+{
+    return state.pen == object || state.brush == object || state.font == object || state.bitmap == object;
+}
+
+} // namespace
+
+ContextState::ContextState()
+    : pen(static_cast<HPEN>(GetStockObject(BLACK_PEN))),
+      brush(static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH))),
+      font(static_cast<HFONT>(GetStockObject(SYSTEM_FONT)))
+{}
+
+POINT Context::ToDevice(POINT p) const
+{
+    return {p.x - state.windowOrigin.x + state.viewportOrigin.x,
+            p.y - state.windowOrigin.y + state.viewportOrigin.y};
+}
+
+POINT Context::ToLogical(POINT p) const
+{
+    return {p.x + state.windowOrigin.x - state.viewportOrigin.x,
+            p.y + state.windowOrigin.y - state.viewportOrigin.y};
+}
+
+RECT Context::ToDevice(const RECT& r) const
+{
+    const POINT from = ToDevice(POINT{r.left, r.top});
+    return {from.x, from.y, from.x + r.right - r.left, from.y + r.bottom - r.top};
+}
+
+RECT Context::ToLogical(const RECT& r) const
+{
+    const POINT from = ToLogical(POINT{r.left, r.top});
+    return {from.x, from.y, from.x + r.right - r.left, from.y + r.bottom - r.top};
+}
+
+RECT Context::Bounds() const
+{
+    const auto* bitmap = Find<Bitmap>(state.bitmap);
+    return bitmap ? RECT{0, 0, bitmap->width, bitmap->height} : RECT{0, 0, size.cx, size.cy};
+}
+
+Area Context::Reach() const
+{
+    Area reach(Bounds());
+    if (visible) {
+        reach.Intersect(*visible);
+    }
+    if (state.clip) {
+        reach.Intersect(*state.clip);
+    }
+    return reach;
+}
+
+Context* FindContext(HDC hdc)
+{
+    auto* context = Find<Context>(hdc);
+    if (!context) {
+        SetLastError(ERROR_INVALID_HANDLE);
+    }
+    return context;
+}
+
+bool IsSelected(HGDIOBJ object)
+{
+    return std::any_of(Contexts().begin(), Contexts().end(), [object](HDC hdc) {
+        const auto* context = Find<Context>(hdc);
+        return Holds(context->state, object) ||
+               std::any_of(context->saved.begin(), context->saved.end(),
+                           [object](const ContextState& state) { return Holds(state, object); });
+    });
+}
+
+HDC CreateWindowContext(HWND hwnd, POINT origin, SIZE size, bool wholeWindow)
+{
+    auto context = std::make_unique<Context>();
+    context->window = hwnd;
+    context->wholeWindow = wholeWindow;
+    context->screenOrigin = origin;
+    context->size = size;
+    return AddContext(std::move(context));
+}
+
+void DeleteWindowContext(HDC hdc)
+{
+    RemoveContext(hdc);
+}
+
+HWND WindowOfContext(HDC hdc)
+{
+    const auto* context = Find<Context>(hdc);
+    return context ? context->window : nullptr;
+}
+
+void SetVisibleRegion(HDC hdc, HRGN region)
+{
+    auto* context = FindContext(hdc);
+    const auto* area = Find<Region>(region);
+    if (context && area) {
+        context->visible = area->area;
+    }
+}
+
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+HDC WINAPI CreateCompatibleDC(HDC)
+{
+    if (FaultFires("CreateCompatibleDC")) {
+        return nullptr;
+    }
+    auto context = std::make_unique<Context>();
+    context->state.bitmap = DefaultBitmap();
+    return AddContext(std::move(context));
+}
+
+BOOL WINAPI DeleteDC(HDC hdc)
+{
+    const Context* context = FindContext(hdc);
+    if (!context || !context->IsMemory()) {
+        return FALSE; // a window's context is released, not deleted
+    }
+    RemoveContext(hdc);
+    return TRUE;
+}
+
+INT WINAPI SaveDC(HDC hdc)
+{
+    Context* context = FindContext(hdc);
+    if (!context) {
+        return 0;
+    }
+    context->saved.push_back(context->state);
+    return static_cast<INT>(context->saved.size());
+}
+
+BOOL WINAPI RestoreDC(HDC hdc, INT level)
+{
+    Context* context = FindContext(hdc);
+    const INT depth = context ? static_cast<INT>(context->saved.size()) : 0;
+    const INT index = level < 0 ? depth + level : level - 1;
+    if (level == 0 || index < 0 || index >= depth) {
+        return FALSE;
+    }
+    context->state = context->saved[static_cast<size_t>(index)];
+    context->saved.erase(context->saved.begin() + index, context->saved.end());
+    return TRUE;
+}

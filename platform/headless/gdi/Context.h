@@ -1,0 +1,61 @@
+// Device contexts: what is selected and set in them, and what they draw into.
+#pragma once
+
+#include "Objects.h"
+
+#include <optional>
+
+namespace gesso::headless {
+
+// What SaveDC keeps.
+struct ContextState
+{
+    ContextState();
+
+    HPEN pen;
+    HBRUSH brush;
+    HFONT font;
+    HBITMAP bitmap = nullptr; // of a memory context
+    COLORREF textColor = RGB(0, 0, 0);
+    COLORREF backColor = RGB(255, 255, 255);
+    int backMode = OPAQUE;
+    UINT textAlign = TA_LEFT | TA_TOP;
+    int rop = R2_COPYPEN;
+    int stretchMode = BLACKONWHITE;
+    POINT windowOrigin{};
+    POINT viewportOrigin{};
+    POINT brushOrigin{};
+    POINT position{};         // where LineTo starts
+    std::optional<Area> clip; // in device coordinates, as all areas here
+};
+
+struct Context : Object
+{
+    static constexpr Kind c_kind = Kind::DeviceContext;
+    Context() : Object(c_kind) {}
+
+    bool IsMemory() const { return state.bitmap != nullptr; }
+    POINT ToDevice(POINT logical) const;
+    POINT ToLogical(POINT device) const;
+    RECT ToDevice(const RECT& logical) const;
+    RECT ToLogical(const RECT& device) const;
+    // The whole of what it draws into, and the part that drawing can reach.
+    RECT Bounds() const;
+    Area Reach() const;
+
+    HWND window = nullptr;
+    bool wholeWindow = false;
+    POINT screenOrigin{};
+    SIZE size{};                 // of a window's area
+    std::optional<Area> visible; // what BeginPaint left of it
+    ContextState state;
+    std::vector<ContextState> saved;
+};
+
+// Null, with the last error set, for a handle that is no device context.
+Context* FindContext(HDC hdc);
+
+// True if a context holds the object, now or in a saved state.
+bool IsSelected(HGDIOBJ object);
+
+} // namespace gesso::headless

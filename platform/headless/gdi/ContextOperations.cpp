@@ -1,0 +1,250 @@
+// What a program selects and sets in a device context.
+#include "../core/Faults.h"
+#include "Context.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace gesso::headless;
+
+namespace {
+
+// Exchanges one field of the context; `failure` for a stale handle.
+template <typename VALUE> VALUE Exchange(HDC hdc, VALUE ContextState::*field, VALUE value, VALUE failure)
+{
+    Context* context = FindContext(hdc);
+    return context ? std::exchange(context->state.*field, value) : failure;
+}
+
+BOOL ExchangePoint(HDC hdc, POINT ContextState::*field, POINT value, LPPOINT former)
+{
+    Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    const POINT old = std::exchange(context->state.*field, value);
+    if (former) {
+        *former = old;
+    }
+    return TRUE;
+}
+
+POINT Moved(HDC hdc, POINT ContextState::*field, int dx, int dy)
+{
+    const auto* context = Find<Context>(hdc);
+    const POINT from = context ? context->state.*field : POINT{};
+    return {from.x + dx, from.y + dy};
+}
+
+template <typename VALUE> VALUE Get(HDC hdc, VALUE ContextState::*field, VALUE failure)
+{
+    const Context* context = FindContext(hdc);
+    return context ? context->state.*field : failure;
+}
+
+// A bitmap goes into one memory context at a time.
+HGDIOBJ PutBitmap(Context& context, HBITMAP bitmap)
+{
+    const bool elsewhere = bitmap != context.state.bitmap && bitmap != DefaultBitmap() && IsSelected(bitmap);
+    if (!context.IsMemory() || elsewhere) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    return std::exchange(context.state.bitmap, bitmap);
+}
+
+HGDIOBJ SelectRegion(HDC hdc, HGDIOBJ region)
+{
+    return reinterpret_cast<HGDIOBJ>(static_cast<uintptr_t>(SelectClipRgn(hdc, static_cast<HRGN>(region))));
+}
+
+} // namespace
+
+HGDIOBJ WINAPI SelectObject(HDC hdc, HGDIOBJ handle)
+{
+    if (FaultFires("SelectObject")) {
+        return nullptr;
+    }
+    Context* context = FindContext(hdc);
+    const Object* object = FindObject(handle);
+    if (!context || !object) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
+    ContextState& state = context->state;
+    switch (object->kind) {
+    case Kind::Pen: return std::exchange(state.pen, static_cast<HPEN>(handle));
+    case Kind::Brush: return std::exchange(state.brush, static_cast<HBRUSH>(handle));
+    case Kind::Font: return std::exchange(state.font, static_cast<HFONT>(handle));
+    case Kind::Bitmap: return PutBitmap(*context, static_cast<HBITMAP>(handle));
+    case Kind::Region: return SelectRegion(hdc, handle);
+    default: SetLastError(ERROR_INVALID_HANDLE); return nullptr;
+    }
+}
+
+HGDIOBJ WINAPI GetCurrentObject(HDC hdc, UINT type)
+{
+    const Context* context = FindContext(hdc);
+    switch (context ? type : 0) {
+    case OBJ_PEN: return context->state.pen;
+    case OBJ_BRUSH: return context->state.brush;
+    case OBJ_FONT: return context->state.font;
+    case OBJ_BITMAP: return context->state.bitmap;
+    default: return nullptr;
+    }
+}
+
+COLORREF WINAPI SetTextColor(HDC hdc, COLORREF color)
+{
+    return Exchange(hdc, &ContextState::textColor, color, COLORREF{CLR_INVALID});
+}
+
+COLORREF WINAPI GetTextColor(HDC hdc)
+{
+    return Get(hdc, &ContextState::textColor, COLORREF{CLR_INVALID});
+}
+
+COLORREF WINAPI SetBkColor(HDC hdc, COLORREF color)
+{
+    return Exchange(hdc, &ContextState::backColor, color, COLORREF{CLR_INVALID});
+}
+
+COLORREF WINAPI GetBkColor(HDC hdc)
+{
+    return Get(hdc, &ContextState::backColor, COLORREF{CLR_INVALID});
+}
+
+INT WINAPI SetBkMode(HDC hdc, INT mode)
+{
+    return mode == OPAQUE || mode == TRANSPARENT ? Exchange(hdc, &ContextState::backMode, mode, 0) : 0;
+}
+
+INT WINAPI GetBkMode(HDC hdc)
+{
+    return Get(hdc, &ContextState::backMode, 0);
+}
+
+UINT WINAPI SetTextAlign(HDC hdc, UINT align)
+{
+    return Exchange(hdc, &ContextState::textAlign, align, UINT{GDI_ERROR});
+}
+
+UINT WINAPI GetTextAlign(HDC hdc)
+{
+    return Get(hdc, &ContextState::textAlign, UINT{GDI_ERROR});
+}
+
+INT WINAPI SetROP2(HDC hdc, INT rop)
+{
+    return Exchange(hdc, &ContextState::rop, rop, 0);
+}
+
+INT WINAPI GetROP2(HDC hdc)
+{
+    return Get(hdc, &ContextState::rop, 0);
+}
+
+INT WINAPI SetStretchBltMode(HDC hdc, INT mode)
+{
+    return Exchange(hdc, &ContextState::stretchMode, mode, 0);
+}
+
+INT WINAPI GetStretchBltMode(HDC hdc)
+{
+    return Get(hdc, &ContextState::stretchMode, 0);
+}
+
+BOOL WINAPI SetWindowOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
+{
+    return ExchangePoint(hdc, &ContextState::windowOrigin, {x, y}, former);
+}
+
+BOOL WINAPI OffsetWindowOrgEx(HDC hdc, INT dx, INT dy, LPPOINT former)
+{
+    return ExchangePoint(hdc, &ContextState::windowOrigin, Moved(hdc, &ContextState::windowOrigin, dx, dy),
+                         former);
+}
+
+BOOL WINAPI GetWindowOrgEx(HDC hdc, LPPOINT origin)
+{
+    *origin = Get(hdc, &ContextState::windowOrigin, POINT{});
+    return Find<Context>(hdc) != nullptr;
+}
+
+BOOL WINAPI SetViewportOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
+{
+    return ExchangePoint(hdc, &ContextState::viewportOrigin, {x, y}, former);
+}
+
+BOOL WINAPI OffsetViewportOrgEx(HDC hdc, INT dx, INT dy, LPPOINT former)
+{
+    return ExchangePoint(hdc, &ContextState::viewportOrigin,
+                         Moved(hdc, &ContextState::viewportOrigin, dx, dy), former);
+}
+
+BOOL WINAPI GetViewportOrgEx(HDC hdc, LPPOINT origin)
+{
+    *origin = Get(hdc, &ContextState::viewportOrigin, POINT{});
+    return Find<Context>(hdc) != nullptr;
+}
+
+BOOL WINAPI SetBrushOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
+{
+    return ExchangePoint(hdc, &ContextState::brushOrigin, {x, y}, former);
+}
+
+BOOL WINAPI LPtoDP(HDC hdc, LPPOINT points, INT count)
+{
+    const Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    std::transform(points, points + count, points, [context](POINT p) { return context->ToDevice(p); });
+    return TRUE;
+}
+
+BOOL WINAPI DPtoLP(HDC hdc, LPPOINT points, INT count)
+{
+    const Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    std::transform(points, points + count, points, [context](POINT p) { return context->ToLogical(p); });
+    return TRUE;
+}
+
+BOOL WINAPI GetDCOrgEx(HDC hdc, LPPOINT origin)
+{
+    const Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    *origin = context->screenOrigin;
+    return TRUE;
+}
+
+DWORD WINAPI GetLayout(HDC hdc)
+{
+    return FindContext(hdc) ? 0 : DWORD{GDI_ERROR};
+}
+
+INT WINAPI GetMapMode(HDC hdc)
+{
+    return FindContext(hdc) ? MM_TEXT : 0;
+}
+
+INT WINAPI GetDeviceCaps(HDC, INT index)
+{
+    switch (index) {
+    case LOGPIXELSX:
+    case LOGPIXELSY: return static_cast<INT>(GetDpiForSystem());
+    case HORZRES: return GetSystemMetrics(SM_CXSCREEN);
+    case VERTRES: return GetSystemMetrics(SM_CYSCREEN);
+    case BITSPIXEL: return 32;
+    case PLANES: return 1;
+    case NUMCOLORS: return -1;
+    case TECHNOLOGY: return DT_RASDISPLAY;
+    case RASTERCAPS: return RC_BITBLT | RC_BITMAP64 | RC_DI_BITMAP | RC_STRETCHBLT;
+    default: return 0;
+    }
+}

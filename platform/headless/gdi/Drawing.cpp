@@ -1,0 +1,302 @@
+// The drawing operations of shapes, fills and blits. Nothing is painted: each is recorded with its arguments.
+#include "../core/Faults.h"
+#include "FontMetrics.h"
+#include "Record.h"
+
+#include <utility>
+
+using namespace gesso::headless;
+
+namespace {
+
+// A brush handle may also be a system colour's index and one.
+HBRUSH ResolveBrush(HBRUSH brush)
+{
+    const auto value = reinterpret_cast<uintptr_t>(brush);
+    return value != 0 && value <= COLOR_MENUBAR + 1 ? GetSysColorBrush(static_cast<INT>(value) - 1) : brush;
+}
+
+BOOL RecordFill(HDC hdc, const char* operation, const RECT* rect, HBRUSH brush)
+{
+    if (FaultFires(operation) || !FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, operation).Put(*rect).Put(ResolveBrush(brush));
+    return TRUE;
+}
+
+BOOL RecordPoints(HDC hdc, const char* operation, const POINT* points, INT count, bool filled)
+{
+    if (!FindContext(hdc) || count < 2) {
+        return FALSE;
+    }
+    Line line(hdc, operation);
+    for (INT i = 0; i < count; ++i) {
+        line.Put(points[i]);
+    }
+    line.SelectedPen();
+    if (filled) {
+        line.SelectedBrush();
+    }
+    return TRUE;
+}
+
+std::string_view RopName(DWORD rop)
+{
+    switch (rop) {
+    case SRCCOPY: return "SRCCOPY";
+    case SRCPAINT: return "SRCPAINT";
+    case SRCAND: return "SRCAND";
+    case SRCINVERT: return "SRCINVERT";
+    case PATCOPY: return "PATCOPY";
+    case PATINVERT: return "PATINVERT";
+    case DSTINVERT: return "DSTINVERT";
+    case BLACKNESS: return "BLACKNESS";
+    case WHITENESS: return "WHITENESS";
+    default: return "rop";
+    }
+}
+
+// The width of an edge is one pixel for each of its inner and outer part.
+int EdgeWidth(UINT edge)
+{
+    return ((edge & BDR_OUTER) != 0 ? 1 : 0) + ((edge & BDR_INNER) != 0 ? 1 : 0);
+}
+
+void InsetByEdge(RECT& rect, UINT edge, UINT flags)
+{
+    const int width = flags & (BF_MONO | BF_FLAT) ? 1 : EdgeWidth(edge);
+    rect.left += flags & BF_LEFT ? width : 0;
+    rect.top += flags & BF_TOP ? width : 0;
+    rect.right -= flags & BF_RIGHT ? width : 0;
+    rect.bottom -= flags & BF_BOTTOM ? width : 0;
+}
+
+} // namespace
+
+int WINAPI FillRect(HDC hdc, const RECT* rect, HBRUSH brush)
+{
+    return RecordFill(hdc, "FillRect", rect, brush);
+}
+
+int WINAPI FrameRect(HDC hdc, const RECT* rect, HBRUSH brush)
+{
+    return RecordFill(hdc, "FrameRect", rect, brush);
+}
+
+BOOL WINAPI FillRgn(HDC hdc, HRGN region, HBRUSH brush)
+{
+    RECT box{};
+    return GetRgnBox(region, &box) != ERROR && RecordFill(hdc, "FillRgn", &box, brush);
+}
+
+BOOL WINAPI InvertRect(HDC hdc, const RECT* rect)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "InvertRect").Put(*rect);
+    return TRUE;
+}
+
+BOOL WINAPI DrawFocusRect(HDC hdc, const RECT* rect)
+{
+    if (FaultFires("DrawFocusRect") || !FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "DrawFocusRect").Put(*rect);
+    return TRUE;
+}
+
+BOOL WINAPI DrawEdge(HDC hdc, LPRECT rect, UINT edge, UINT flags)
+{
+    if (FaultFires("DrawEdge") || !FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "DrawEdge").Put(*rect).Hex(edge).Hex(flags);
+    if (flags & BF_ADJUST) {
+        InsetByEdge(*rect, edge, flags);
+    }
+    return TRUE;
+}
+
+BOOL WINAPI DrawFrameControl(HDC hdc, LPRECT rect, UINT type, UINT state)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "DrawFrameControl").Put(*rect).Hex(type).Hex(state);
+    return TRUE;
+}
+
+BOOL WINAPI Rectangle(HDC hdc, INT left, INT top, INT right, INT bottom)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "Rectangle").Put(RECT{left, top, right, bottom}).SelectedPen().SelectedBrush();
+    return TRUE;
+}
+
+BOOL WINAPI RoundRect(HDC hdc, INT left, INT top, INT right, INT bottom, INT width, INT height)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "RoundRect")
+        .Put(RECT{left, top, right, bottom})
+        .Put(POINT{width, height})
+        .SelectedPen()
+        .SelectedBrush();
+    return TRUE;
+}
+
+BOOL WINAPI Ellipse(HDC hdc, INT left, INT top, INT right, INT bottom)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "Ellipse").Put(RECT{left, top, right, bottom}).SelectedPen().SelectedBrush();
+    return TRUE;
+}
+
+BOOL WINAPI MoveToEx(HDC hdc, INT x, INT y, LPPOINT former)
+{
+    Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    const POINT old = std::exchange(context->state.position, POINT{x, y});
+    if (former) {
+        *former = old;
+    }
+    return TRUE;
+}
+
+BOOL WINAPI LineTo(HDC hdc, INT x, INT y)
+{
+    Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    const POINT from = std::exchange(context->state.position, POINT{x, y});
+    Line(hdc, "LineTo").Put(from).Put(POINT{x, y}).SelectedPen();
+    return TRUE;
+}
+
+BOOL WINAPI Polyline(HDC hdc, const POINT* points, INT count)
+{
+    return RecordPoints(hdc, "Polyline", points, count, false);
+}
+
+BOOL WINAPI Polygon(HDC hdc, const POINT* points, INT count)
+{
+    return RecordPoints(hdc, "Polygon", points, count, true);
+}
+
+COLORREF WINAPI SetPixel(HDC hdc, INT x, INT y, COLORREF color)
+{
+    if (!FindContext(hdc)) {
+        return CLR_INVALID;
+    }
+    Line(hdc, "SetPixel").Put(POINT{x, y}).Color("color", color);
+    return color;
+}
+
+BOOL WINAPI PatBlt(HDC hdc, INT x, INT y, INT cx, INT cy, DWORD rop)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "PatBlt").Size(x, y, cx, cy).SelectedBrush().Word(RopName(rop));
+    return TRUE;
+}
+
+BOOL WINAPI BitBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, DWORD rop)
+{
+    if (FaultFires("BitBlt") || !FindContext(hdc) || !FindContext(from)) {
+        return FALSE;
+    }
+    JoinDrawing(hdc, from);
+    Line(hdc, "BitBlt").Size(x, y, cx, cy).Word("from").Put(POINT{fromX, fromY}).Word(RopName(rop));
+    return TRUE;
+}
+
+BOOL WINAPI StretchBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
+                       INT fromCy, DWORD rop)
+{
+    if (FaultFires("StretchBlt") || !FindContext(hdc) || !FindContext(from)) {
+        return FALSE;
+    }
+    JoinDrawing(hdc, from);
+    Line(hdc, "StretchBlt")
+        .Size(x, y, cx, cy)
+        .Word("from")
+        .Size(fromX, fromY, fromCx, fromCy)
+        .Word(RopName(rop));
+    return TRUE;
+}
+
+BOOL WINAPI GdiAlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
+                          INT fromCy, BLENDFUNCTION blend)
+{
+    if (!FindContext(hdc) || !FindContext(from)) {
+        return FALSE;
+    }
+    JoinDrawing(hdc, from);
+    Line(hdc, "AlphaBlend")
+        .Size(x, y, cx, cy)
+        .Word("from")
+        .Size(fromX, fromY, fromCx, fromCy)
+        .Number(blend.SourceConstantAlpha);
+    return TRUE;
+}
+
+BOOL WINAPI AlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
+                       INT fromCy, BLENDFUNCTION blend)
+{
+    return GdiAlphaBlend(hdc, x, y, cx, cy, from, fromX, fromY, fromCx, fromCy, blend);
+}
+
+BOOL WINAPI GdiGradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID, ULONG, ULONG mode)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line line(hdc, "GradientFill");
+    for (ULONG i = 0; i < count; ++i) {
+        const TRIVERTEX& v = vertices[i];
+        line.Put(POINT{v.x, v.y}).Color("color", RGB(v.Red >> 8, v.Green >> 8, v.Blue >> 8));
+    }
+    line.Hex(mode);
+    return TRUE;
+}
+
+BOOL WINAPI GradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID mesh, ULONG meshCount, ULONG mode)
+{
+    return GdiGradientFill(hdc, vertices, count, mesh, meshCount, mode);
+}
+
+BOOL WINAPI TextOutW(HDC hdc, INT x, INT y, LPCWSTR text, INT count)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line(hdc, "TextOutW").Text(text, count).Put(POINT{x, y}).TextState();
+    return TRUE;
+}
+
+BOOL WINAPI ExtTextOutW(HDC hdc, INT x, INT y, UINT options, const RECT* rect, LPCWSTR text, UINT count,
+                        const INT*)
+{
+    if (!FindContext(hdc)) {
+        return FALSE;
+    }
+    Line line(hdc, "ExtTextOutW");
+    line.Text(text, static_cast<int>(count)).Put(POINT{x, y}).Hex(options);
+    if (rect) {
+        line.Put(*rect);
+    }
+    line.TextState();
+    return TRUE;
+}

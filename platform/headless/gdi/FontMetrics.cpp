@@ -1,0 +1,110 @@
+#include "FontMetrics.h"
+
+#include "Context.h"
+
+#include <algorithm>
+
+namespace gesso::headless {
+
+FontMetrics MeasureFont(const LOGFONTW& font)
+{
+    constexpr int c_defaultEm = 12;
+    const int em = font.lfHeight < 0   ? -font.lfHeight
+                   : font.lfHeight > 0 ? font.lfHeight * 4 / 5
+                                       : c_defaultEm;
+    const int height = font.lfHeight > 0 ? font.lfHeight : em + em / 4;
+    const int width = font.lfWidth != 0 ? abs(font.lfWidth) : std::max(em / 2, 1);
+    return {em, height, em, width};
+}
+
+FontMetrics MeasureSelectedFont(HDC hdc)
+{
+    const auto* context = Find<Context>(hdc);
+    const auto* font = context ? Find<Font>(context->state.font) : nullptr;
+    return MeasureFont(font ? font->log : LOGFONTW{});
+}
+
+LOGFONTW UserInterfaceFont(int points, int weight)
+{
+    LOGFONTW font{};
+    font.lfHeight = -MulDiv(points, static_cast<INT>(GetDpiForSystem()), 72);
+    font.lfWeight = weight;
+    font.lfCharSet = DEFAULT_CHARSET;
+    wcscpy(font.lfFaceName, L"Segoe UI");
+    return font;
+}
+
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+BOOL WINAPI GetTextMetricsW(HDC hdc, LPTEXTMETRICW metrics)
+{
+    const Context* context = FindContext(hdc);
+    if (!context) {
+        return FALSE;
+    }
+    const auto* font = Find<Font>(context->state.font);
+    const FontMetrics measures = MeasureSelectedFont(hdc);
+    *metrics = {};
+    metrics->tmHeight = measures.height;
+    metrics->tmAscent = measures.ascent;
+    metrics->tmDescent = measures.height - measures.ascent;
+    metrics->tmInternalLeading = measures.height - measures.em;
+    metrics->tmAveCharWidth = measures.width;
+    metrics->tmMaxCharWidth = measures.width;
+    metrics->tmWeight = font && font->log.lfWeight ? font->log.lfWeight : FW_NORMAL;
+    metrics->tmItalic = font ? font->log.lfItalic : FALSE;
+    metrics->tmFirstChar = L' ';
+    metrics->tmLastChar = 0xFFFD;
+    metrics->tmDefaultChar = L'?';
+    metrics->tmBreakChar = L' ';
+    return TRUE;
+}
+
+BOOL WINAPI GetTextExtentPoint32W(HDC hdc, LPCWSTR text, INT count, LPSIZE size)
+{
+    if (!FindContext(hdc) || count < 0 || (!text && count > 0)) {
+        return FALSE;
+    }
+    const FontMetrics measures = MeasureSelectedFont(hdc);
+    *size = {count * measures.width, measures.height};
+    return TRUE;
+}
+
+BOOL WINAPI GetTextExtentPointW(HDC hdc, LPCWSTR text, INT count, LPSIZE size)
+{
+    return GetTextExtentPoint32W(hdc, text, count, size);
+}
+
+BOOL WINAPI GetTextExtentExPointW(HDC hdc, LPCWSTR text, INT count, INT limit, LPINT fit, LPINT positions,
+                                  LPSIZE size)
+{
+    if (!GetTextExtentPoint32W(hdc, text, count, size)) {
+        return FALSE;
+    }
+    const int width = MeasureSelectedFont(hdc).width;
+    const int fitting = fit ? std::clamp(limit / width, 0, count) : count;
+    if (fit) {
+        *fit = fitting;
+    }
+    for (int i = 0; positions && i < fitting; ++i) {
+        positions[i] = (i + 1) * width;
+    }
+    return TRUE;
+}
+
+INT WINAPI GetTextFaceW(HDC hdc, INT size, LPWSTR face)
+{
+    const Context* context = FindContext(hdc);
+    const auto* font = context ? Find<Font>(context->state.font) : nullptr;
+    if (!font) {
+        return 0;
+    }
+    const size_t length = wcslen(font->log.lfFaceName);
+    if (face && size > 0) {
+        wcsncpy(face, font->log.lfFaceName, static_cast<size_t>(size) - 1);
+        face[std::min(length, static_cast<size_t>(size) - 1)] = 0;
+    }
+    return static_cast<INT>(length) + 1;
+}

@@ -1,0 +1,223 @@
+#include "Record.h"
+
+#include "../core/Text.h"
+#include "FontMetrics.h"
+
+#include <cstdio>
+#include <unordered_map>
+
+namespace gesso::headless {
+namespace {
+
+using Drawings = std::unordered_map<HWND, std::vector<std::string>>;
+
+Drawings& WindowDrawings()
+{
+    static Drawings s_drawings;
+    return s_drawings;
+}
+
+std::string Rgb(COLORREF color)
+{
+    char text[8];
+    snprintf(text, sizeof(text), "%02X%02X%02X", GetRValue(color), GetGValue(color), GetBValue(color));
+    return text;
+}
+
+std::string Corners(const RECT& r)
+{
+    return "(" + std::to_string(r.left) + "," + std::to_string(r.top) + "," + std::to_string(r.right) + "," +
+           std::to_string(r.bottom) + ")";
+}
+
+std::string Corner(POINT p)
+{
+    return "(" + std::to_string(p.x) + "," + std::to_string(p.y) + ")";
+}
+
+std::string Escaped(std::string_view text)
+{
+    std::string out;
+    for (const char c : text) {
+        switch (c) {
+        case '\r': out += "\\r"; break;
+        case '\n': out += "\\n"; break;
+        case '\t': out += "\\t"; break;
+        case '"': out += "\\\""; break;
+        case '\\': out += "\\\\"; break;
+        default: out += c; break;
+        }
+    }
+    return out;
+}
+
+std::string Describe(const LOGFONTW& font)
+{
+    std::string out = "\"" + ToUtf8(View(font.lfFaceName)) + "\" " + std::to_string(MeasureFont(font).em);
+    out += font.lfWeight >= FW_SEMIBOLD ? " bold" : "";
+    out += font.lfItalic ? " italic" : "";
+    out += font.lfUnderline ? " underline" : "";
+    return out + (font.lfStrikeOut ? " strikeout" : "");
+}
+
+const char* PenStyle(UINT style)
+{
+    static constexpr const char* c_styles[] = {"solid", "dash", "dot", "dashdot", "dashdotdot", "null"};
+    return style < std::size(c_styles) ? c_styles[style] : "other";
+}
+
+} // namespace
+
+std::vector<std::string>* DrawingOf(Context& context)
+{
+    if (!context.IsMemory()) {
+        return &WindowDrawings()[context.window];
+    }
+    // All new memory contexts share the default bitmap, which shows nothing.
+    auto* bitmap = Find<Bitmap>(context.state.bitmap);
+    return bitmap && !bitmap->stock ? &bitmap->drawing : nullptr;
+}
+
+void JoinDrawing(HDC to, HDC from)
+{
+    auto* target = Find<Context>(to);
+    auto* source = Find<Context>(from);
+    auto* lines = target ? DrawingOf(*target) : nullptr;
+    const auto* bitmap = source ? Find<Bitmap>(source->state.bitmap) : nullptr;
+    if (lines && bitmap && lines != &bitmap->drawing) {
+        lines->insert(lines->end(), bitmap->drawing.begin(), bitmap->drawing.end());
+    }
+}
+
+Line::Line(HDC hdc, std::string_view operation) : m_context(Find<Context>(hdc)), m_text(operation) {}
+
+Line::~Line()
+{
+    auto* lines = m_context ? DrawingOf(*m_context) : nullptr;
+    if (lines) {
+        PutContextState();
+        lines->push_back(std::move(m_text));
+    }
+}
+
+// What of the context decides where the operation shows: the moved origin, the clipping, the whole window.
+void Line::PutContextState()
+{
+    const POINT origin = m_context->ToDevice(POINT{});
+    if (origin.x != 0 || origin.y != 0) {
+        Word("origin=" + Corner(origin));
+    }
+    if (m_context->state.clip) {
+        Word("clip=");
+        for (const RECT& rect : m_context->state.clip->Rects()) {
+            m_text += Corners(rect);
+        }
+    }
+    if (m_context->wholeWindow) {
+        Word("nonclient");
+    }
+}
+
+Line& Line::Word(std::string_view word)
+{
+    m_text += ' ';
+    m_text += word;
+    return *this;
+}
+
+Line& Line::Number(int number)
+{
+    return Word(std::to_string(number));
+}
+
+Line& Line::Hex(UINT number)
+{
+    char text[16];
+    snprintf(text, sizeof(text), "0x%04X", number);
+    return Word(text);
+}
+
+Line& Line::Put(POINT point)
+{
+    return Word(Corner(point));
+}
+
+Line& Line::Put(const RECT& rect)
+{
+    return Word(Corners(rect));
+}
+
+Line& Line::Text(LPCWSTR text, int length)
+{
+    const WideView view =
+        length < 0 ? View(text)
+                   : WideView(reinterpret_cast<const char16_t*>(text), static_cast<size_t>(length));
+    return Word("\"" + Escaped(ToUtf8(view)) + "\"");
+}
+
+Line& Line::Color(std::string_view name, COLORREF color)
+{
+    return Word(std::string(name) + "=" + Rgb(color));
+}
+
+Line& Line::Put(HBRUSH handle)
+{
+    const auto* brush = Find<Brush>(handle);
+    if (!brush) {
+        return Word("brush=?");
+    }
+    if (brush->systemColor >= 0) {
+        Word("brush=sys" + std::to_string(brush->systemColor));
+        return Word(Rgb(GetSysColor(brush->systemColor)));
+    }
+    switch (brush->log.lbStyle) {
+    case BS_SOLID: return Color("brush", brush->log.lbColor);
+    case BS_NULL: return Word("brush=null");
+    default: return Word("brush=pattern");
+    }
+}
+
+Line& Line::SelectedPen()
+{
+    const auto* pen = m_context ? Find<Pen>(m_context->state.pen) : nullptr;
+    if (!pen) {
+        return Word("pen=?");
+    }
+    Word(std::string("pen=") + PenStyle(pen->log.lopnStyle));
+    Number(std::max<int>(pen->log.lopnWidth.x, 1));
+    return Word(Rgb(pen->log.lopnColor));
+}
+
+Line& Line::SelectedBrush()
+{
+    return Put(m_context ? m_context->state.brush : nullptr);
+}
+
+Line& Line::TextState()
+{
+    return TextState(m_context ? m_context->state.textColor : 0);
+}
+
+Line& Line::TextState(COLORREF color)
+{
+    const auto* font = m_context ? Find<Font>(m_context->state.font) : nullptr;
+    Word("font=" + (font ? Describe(font->log) : std::string("?")));
+    Color("color", color);
+    if (m_context && m_context->state.backMode == OPAQUE) {
+        Color("back", m_context->state.backColor);
+    }
+    return *this;
+}
+
+std::vector<std::string> Drawing(HWND hwnd)
+{
+    const auto found = WindowDrawings().find(hwnd);
+    return found != WindowDrawings().end() ? found->second : std::vector<std::string>();
+}
+
+void ClearDrawing(HWND hwnd)
+{
+    WindowDrawings().erase(hwnd);
+}
+
+} // namespace gesso::headless

@@ -1,0 +1,177 @@
+#include "../core/Faults.h"
+
+#include <algorithm>
+#include <iterator>
+
+// The library's entry point; absent in a program that uses the platform alone.
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) __attribute__((weak));
+
+using namespace gesso::headless;
+
+namespace {
+
+struct Export
+{
+    const char* name;
+    FARPROC address;
+};
+
+struct Module
+{
+    const wchar_t* name;
+    const wchar_t* path;
+    // Only what LoadLibraryW has loaded has exports; the others are linked.
+    const Export* exports;
+    size_t exportCount;
+    int references;
+};
+
+template <typename OPERATION> FARPROC Address(OPERATION operation)
+{
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(operation));
+}
+
+const Export s_commonControls[] = {
+    {"ImageList_Add", Address(ImageList_Add)},
+    {"ImageList_Create", Address(ImageList_Create)},
+    {"ImageList_Destroy", Address(ImageList_Destroy)},
+    {"ImageList_DrawEx", Address(ImageList_DrawEx)},
+    {"LoadIconWithScaleDown", Address(LoadIconWithScaleDown)},
+};
+
+Module s_modules[] = {
+    {L"host.exe", L"C:\\Program Files\\Host\\host.exe", nullptr, 0, 1},
+    {L"gesso.dll", L"C:\\Program Files\\Host\\gesso.dll", nullptr, 0, 1},
+    {L"comctl32.dll", L"C:\\Windows\\System32\\comctl32.dll", s_commonControls, std::size(s_commonControls),
+     0},
+};
+
+HMODULE HandleOf(Module& module)
+{
+    return reinterpret_cast<HMODULE>(&module);
+}
+
+Module* ModuleOf(HMODULE handle)
+{
+    const auto found = std::find_if(std::begin(s_modules), std::end(s_modules),
+                                    [handle](Module& module) { return HandleOf(module) == handle; });
+    return found != std::end(s_modules) ? found : nullptr;
+}
+
+Module* FindByName(LPCWSTR name)
+{
+    const auto found = std::find_if(std::begin(s_modules), std::end(s_modules),
+                                    [name](Module& module) { return _wcsicmp(module.name, name) == 0; });
+    return found != std::end(s_modules) ? found : nullptr;
+}
+
+// The loader runs the library's entry point once, before the program starts.
+const bool s_attached = [] {
+    return !DllMain || DllMain(HandleOf(s_modules[1]), DLL_PROCESS_ATTACH, nullptr);
+}();
+
+} // namespace
+
+namespace gesso::headless {
+
+HMODULE HostModule()
+{
+    return HandleOf(s_modules[0]);
+}
+
+HMODULE LibraryModule()
+{
+    return HandleOf(s_modules[1]);
+}
+
+} // namespace gesso::headless
+
+HMODULE WINAPI GetModuleHandleW(LPCWSTR name)
+{
+    Module* module = name ? FindByName(name) : &s_modules[0];
+    if (!module || module->references == 0) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return nullptr;
+    }
+    return HandleOf(*module);
+}
+
+BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module)
+{
+    if (FaultFires("GetModuleHandleExW")) {
+        *module = nullptr;
+        return FALSE;
+    }
+    // Only the library asks by address, for its own module.
+    *module = flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS ? LibraryModule() : GetModuleHandleW(name);
+    if (*module && !(flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT)) {
+        ++ModuleOf(*module)->references;
+    }
+    return *module != nullptr;
+}
+
+DWORD WINAPI GetModuleFileNameW(HMODULE handle, LPWSTR path, DWORD size)
+{
+    if (FaultFires("GetModuleFileNameW")) {
+        return 0;
+    }
+    const Module* module = handle ? ModuleOf(handle) : &s_modules[0];
+    if (!module) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return 0;
+    }
+    const size_t length = wcslen(module->path);
+    if (length >= size) {
+        // A path that does not fit is cut, and fills the buffer whole.
+        wcsncpy(path, module->path, size);
+        if (size > 0) {
+            path[size - 1] = 0;
+        }
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return size;
+    }
+    wcscpy(path, module->path);
+    return static_cast<DWORD>(length);
+}
+
+HMODULE WINAPI LoadLibraryW(LPCWSTR name)
+{
+    if (FaultFires("LoadLibraryW")) {
+        return nullptr;
+    }
+    Module* module = FindByName(name);
+    if (!module) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return nullptr;
+    }
+    ++module->references;
+    return HandleOf(*module);
+}
+
+BOOL WINAPI FreeLibrary(HMODULE handle)
+{
+    Module* module = ModuleOf(handle);
+    if (!module || module->references == 0) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    --module->references;
+    return TRUE;
+}
+
+FARPROC WINAPI GetProcAddress(HMODULE handle, LPCSTR name)
+{
+    if (FaultFires("GetProcAddress")) {
+        return nullptr;
+    }
+    const Module* module = ModuleOf(handle);
+    const Export* first = module ? module->exports : nullptr;
+    const Export* last = module ? first + module->exportCount : nullptr;
+    const Export* found =
+        std::find_if(first, last, [name](const Export& e) { return strcmp(e.name, name) == 0; });
+    if (found == last) {
+        SetLastError(ERROR_PROC_NOT_FOUND);
+        return nullptr;
+    }
+    return found->address;
+}

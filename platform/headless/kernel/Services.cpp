@@ -1,0 +1,141 @@
+// The small services of the system: arithmetic, debug output, time, characters.
+#include "../core/Clock.h"
+#include "../core/Text.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cwctype>
+#include <locale.h>
+#include <unistd.h>
+
+using namespace gesso::headless;
+
+namespace {
+
+locale_t Unicode()
+{
+    static const locale_t s_unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return s_unicode;
+}
+
+/// One character of the wide case operations, which keep a character whose other case needs more than one
+/// unit.
+wchar_t ChangeCase(wchar_t c, wint_t (*change)(wint_t, locale_t))
+{
+    const wint_t changed = change(c, Unicode());
+    return changed <= 0xFFFF ? static_cast<wchar_t>(changed) : c;
+}
+
+/// A pointer with a zero high part is a single character, not a text.
+LPWSTR ChangeCase(LPWSTR text, wint_t (*change)(wint_t, locale_t))
+{
+    const auto value = reinterpret_cast<uintptr_t>(text);
+    if (value <= 0xFFFF) {
+        return reinterpret_cast<LPWSTR>(uintptr_t{ChangeCase(static_cast<wchar_t>(value), change)});
+    }
+    std::transform(text, text + wcslen(text), text, [change](wchar_t c) { return ChangeCase(c, change); });
+    return text;
+}
+
+} // namespace
+
+INT WINAPI MulDiv(INT number, INT numerator, INT denominator)
+{
+    if (denominator == 0) {
+        return -1;
+    }
+    int64_t product = int64_t{number} * numerator;
+    int64_t divisor = denominator;
+    if (divisor < 0) {
+        product = -product;
+        divisor = -divisor;
+    }
+    const int64_t half = divisor / 2;
+    const int64_t result = (product + (product < 0 ? -half : half)) / divisor;
+    return result > INT32_MAX || result < -int64_t{INT32_MAX} ? -1 : static_cast<INT>(result);
+}
+
+void WINAPI OutputDebugStringA(LPCSTR text)
+{
+    fputs(text, stderr);
+}
+
+void WINAPI OutputDebugStringW(LPCWSTR text)
+{
+    fputs(ToUtf8(View(text)).c_str(), stderr);
+}
+
+DWORD WINAPI GetTickCount()
+{
+    return static_cast<DWORD>(Now());
+}
+
+ULONGLONG WINAPI GetTickCount64()
+{
+    return Now();
+}
+
+void WINAPI GetSystemTimeAsFileTime(LPFILETIME time)
+{
+    // The clock of the desktop starts on the first day of the year 2000.
+    constexpr ULONGLONG c_start = 125911584000000000;
+    constexpr ULONGLONG c_ticksOfMillisecond = 10000;
+    const ULONGLONG ticks = c_start + Now() * c_ticksOfMillisecond;
+    time->dwLowDateTime = static_cast<DWORD>(ticks);
+    time->dwHighDateTime = static_cast<DWORD>(ticks >> 32);
+}
+
+void WINAPI Sleep(DWORD milliseconds)
+{
+    SetNow(Now() + milliseconds);
+}
+
+DWORD WINAPI GetCurrentProcessId()
+{
+    return static_cast<DWORD>(getpid());
+}
+
+DWORD WINAPI GetCurrentThreadId()
+{
+    return static_cast<DWORD>(gettid());
+}
+
+LANGID WINAPI GetUserDefaultLangID()
+{
+    return MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+}
+
+INT WINAPI lstrlenW(LPCWSTR text)
+{
+    return text ? static_cast<INT>(wcslen(text)) : 0;
+}
+
+LPWSTR WINAPI CharLowerW(LPWSTR text)
+{
+    return ChangeCase(text, towlower_l);
+}
+
+LPWSTR WINAPI CharUpperW(LPWSTR text)
+{
+    return ChangeCase(text, towupper_l);
+}
+
+LPWSTR WINAPI CharNextW(LPCWSTR at)
+{
+    return const_cast<LPWSTR>(*at != 0 ? at + 1 : at);
+}
+
+LPWSTR WINAPI CharPrevW(LPCWSTR start, LPCWSTR at)
+{
+    return const_cast<LPWSTR>(at > start ? at - 1 : start);
+}
+
+BOOL WINAPI IsCharAlphaW(WCHAR c)
+{
+    return iswalpha_l(c, Unicode()) != 0;
+}
+
+BOOL WINAPI IsCharAlphaNumericW(WCHAR c)
+{
+    return iswalnum_l(c, Unicode()) != 0;
+}

@@ -1,0 +1,426 @@
+// The visual-styles services: theme handles, what the style says, and drawing with it.
+#include "Theme.h"
+#include "../core/Accounting.h"
+#include "../core/Faults.h"
+#include "../core/Text.h"
+#include "../gdi/DeviceContext.h"
+#include "../gdi/FontMetrics.h"
+#include "../gdi/Record.h"
+#include "ThemeData.h"
+
+#include <unordered_map>
+#include <utility>
+
+using namespace gesso::headless;
+
+namespace {
+
+constexpr auto c_notFound = static_cast<HRESULT>(0x80070490); // of ERROR_NOT_FOUND
+
+struct ThemeHandle
+{
+    std::string themeClass;
+};
+
+// What a window was told by SetWindowTheme, and the theme it opened last.
+struct WindowStyle
+{
+    std::string application;
+    std::string classes;
+    HTHEME theme = nullptr;
+};
+
+std::unordered_map<HTHEME, ThemeHandle>& Handles()
+{
+    static std::unordered_map<HTHEME, ThemeHandle> s_handles;
+    return s_handles;
+}
+
+std::unordered_map<HWND, WindowStyle>& Windows()
+{
+    static std::unordered_map<HWND, WindowStyle> s_windows;
+    return s_windows;
+}
+
+const std::string* ClassOf(HTHEME theme)
+{
+    const auto found = Handles().find(theme);
+    return found != Handles().end() ? &found->second.themeClass : nullptr;
+}
+
+HTHEME MakeHandle(std::string themeClass)
+{
+    static constinit uintptr_t s_last = 0x00020000;
+    s_last += 4;
+    const auto theme = reinterpret_cast<HTHEME>(s_last);
+    Track(Kind::Theme, theme);
+    Handles().emplace(theme, ThemeHandle{std::move(themeClass)});
+    return theme;
+}
+
+// The first available class of a list like "Button;Window", with the window's application name before it.
+std::string FirstAvailable(const std::string& list, const std::string& application)
+{
+    for (size_t at = 0; at <= list.size();) {
+        const size_t end = std::min(list.find(';', at), list.size());
+        const std::string name = list.substr(at, end - at);
+        if (IsThemeClassAvailable(name)) {
+            return application.empty() ? name : application + "::" + name;
+        }
+        at = end + 1;
+    }
+    return {};
+}
+
+// Runs a query that needs a live theme and a place for its answer.
+template <typename ANSWER, typename QUERY>
+HRESULT Answer(HTHEME theme, const char* operation, ANSWER* to, QUERY query)
+{
+    if (FaultFires(operation)) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    const std::string* themeClass = ClassOf(theme);
+    if (!themeClass) {
+        return E_HANDLE;
+    }
+    if (!to) {
+        return E_POINTER;
+    }
+    const auto answer = query(*themeClass);
+    if (!answer) {
+        return c_notFound;
+    }
+    *to = *answer;
+    return S_OK;
+}
+
+HRESULT CheckDrawing(HTHEME theme, HDC hdc, int part, const char* operation)
+{
+    if (FaultFires(operation)) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    const std::string* themeClass = ClassOf(theme);
+    if (!themeClass || !FindContext(hdc)) {
+        return E_HANDLE;
+    }
+    return IsThemePartAvailable(*themeClass, part) ? S_OK : c_notFound;
+}
+
+// Selects the font that the style has for a part, if any, as long as it lives.
+class PartFont
+{
+public:
+    PartFont(HTHEME theme, HDC hdc, int part, int state) : m_hdc(hdc)
+    {
+        LOGFONTW font;
+        if (SUCCEEDED(GetThemeFont(theme, hdc, part, state, TMT_FONT, &font))) {
+            m_font = MakeStock<HFONT, Font>(font);
+            m_former = static_cast<HFONT>(SelectObject(hdc, m_font));
+        }
+    }
+    PartFont(const PartFont&) = delete;
+    PartFont& operator=(const PartFont&) = delete;
+    ~PartFont()
+    {
+        if (m_font) {
+            SelectObject(m_hdc, m_former);
+            RemoveObject(m_font);
+        }
+    }
+
+private:
+    HDC m_hdc;
+    HFONT m_font = nullptr;
+    HFONT m_former = nullptr;
+};
+
+// Tells a window to draw its background into a context of one of its children.
+void DrawParentInto(HWND parent, HDC hdc)
+{
+    SendMessageW(parent, WM_ERASEBKGND, reinterpret_cast<WPARAM>(hdc), 0);
+    SendMessageW(parent, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT);
+}
+
+} // namespace
+
+namespace gesso::headless {
+
+void ForgetWindowTheme(HWND hwnd)
+{
+    Windows().erase(hwnd);
+}
+
+} // namespace gesso::headless
+
+HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
+{
+    if (FaultFires("OpenThemeData")) {
+        return nullptr;
+    }
+    if (!classes) {
+        SetLastError(static_cast<DWORD>(E_POINTER));
+        return nullptr;
+    }
+    WindowStyle style = hwnd ? Windows()[hwnd] : WindowStyle();
+    const std::string list = style.classes.empty() ? ToUtf8(View(classes)) : style.classes;
+    const std::string themeClass = ThemesActive() ? FirstAvailable(list, style.application) : std::string();
+    const HTHEME theme = themeClass.empty() ? nullptr : MakeHandle(themeClass);
+    if (hwnd) {
+        Windows()[hwnd].theme = theme;
+    }
+    if (!theme) {
+        SetLastError(static_cast<DWORD>(c_notFound));
+    }
+    return theme;
+}
+
+HTHEME WINAPI OpenThemeDataEx(HWND hwnd, LPCWSTR classes, DWORD)
+{
+    return OpenThemeData(hwnd, classes);
+}
+
+HRESULT WINAPI CloseThemeData(HTHEME theme)
+{
+    if (Handles().erase(theme) == 0) {
+        return E_HANDLE;
+    }
+    Untrack(Kind::Theme, theme);
+    return S_OK;
+}
+
+HTHEME WINAPI GetWindowTheme(HWND hwnd)
+{
+    const auto found = Windows().find(hwnd);
+    return found != Windows().end() ? found->second.theme : nullptr;
+}
+
+HRESULT WINAPI SetWindowTheme(HWND hwnd, LPCWSTR application, LPCWSTR classes)
+{
+    if (FaultFires("SetWindowTheme")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    if (!IsWindow(hwnd)) {
+        return E_HANDLE;
+    }
+    WindowStyle& style = Windows()[hwnd];
+    style.application = ToUtf8(View(application));
+    style.classes = ToUtf8(View(classes));
+    SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
+    return S_OK;
+}
+
+BOOL WINAPI IsThemeActive()
+{
+    return ThemesActive();
+}
+
+BOOL WINAPI IsAppThemed()
+{
+    return ThemesActive();
+}
+
+BOOL WINAPI IsThemePartDefined(HTHEME theme, int part, int)
+{
+    const std::string* themeClass = ClassOf(theme);
+    return themeClass && IsThemePartAvailable(*themeClass, part);
+}
+
+BOOL WINAPI IsThemeBackgroundPartiallyTransparent(HTHEME theme, int, int)
+{
+    return ClassOf(theme) != nullptr;
+}
+
+HRESULT WINAPI GetThemeMargins(HTHEME theme, HDC, int part, int state, int property, RECT*, MARGINS* margins)
+{
+    if (margins) {
+        *margins = {};
+    }
+    return Answer(theme, "GetThemeMargins", margins, [=](const std::string& themeClass) {
+        return FindThemeMargins(themeClass, part, state, property);
+    });
+}
+
+HRESULT WINAPI GetThemePartSize(HTHEME theme, HDC, int part, int state, RECT*, THEMESIZE, SIZE* size)
+{
+    return Answer(theme, "GetThemePartSize", size,
+                  [=](const std::string& themeClass) { return FindThemePartSize(themeClass, part, state); });
+}
+
+HRESULT WINAPI GetThemeColor(HTHEME theme, int part, int state, int property, COLORREF* color)
+{
+    return Answer(theme, "GetThemeColor", color, [=](const std::string& themeClass) {
+        return FindThemeColor(themeClass, part, state, property);
+    });
+}
+
+HRESULT WINAPI GetThemeInt(HTHEME theme, int part, int state, int property, int* value)
+{
+    return Answer(theme, "GetThemeInt", value, [=](const std::string& themeClass) {
+        return FindThemeInt(themeClass, part, state, property);
+    });
+}
+
+HRESULT WINAPI GetThemeMetric(HTHEME theme, HDC, int part, int state, int property, int* value)
+{
+    return GetThemeInt(theme, part, state, property, value);
+}
+
+HRESULT WINAPI GetThemeFont(HTHEME theme, HDC, int part, int state, int property, LOGFONTW* font)
+{
+    return Answer(theme, "GetThemeFont", font, [=](const std::string& themeClass) {
+        return FindThemeFont(themeClass, part, state, property);
+    });
+}
+
+HRESULT WINAPI GetThemeSysFont(HTHEME, int id, LOGFONTW* font)
+{
+    if (FaultFires("GetThemeSysFont")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    if (!font) {
+        return E_POINTER;
+    }
+    if (id < TMT_FIRSTFONT || id > TMT_LASTFONT) {
+        return STG_E_INVALIDPARAMETER;
+    }
+    *font = UserInterfaceFont(9);
+    return S_OK;
+}
+
+COLORREF WINAPI GetThemeSysColor(HTHEME, int id)
+{
+    return GetSysColor(id >= TMT_FIRSTCOLOR ? id - TMT_FIRSTCOLOR : id);
+}
+
+HRESULT WINAPI GetThemeTextExtent(HTHEME theme, HDC hdc, int part, int state, LPCWSTR text, int count,
+                                  DWORD flags, const RECT* bounds, RECT* extent)
+{
+    if (FaultFires("GetThemeTextExtent")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    if (!ClassOf(theme) || !FindContext(hdc)) {
+        return E_HANDLE;
+    }
+    if (!text || !extent) {
+        return E_POINTER;
+    }
+    const PartFont font(theme, hdc, part, state);
+    RECT rect = bounds ? *bounds : RECT{};
+    DrawTextW(hdc, text, count, &rect, flags | DT_CALCRECT);
+    *extent = rect;
+    return S_OK;
+}
+
+HRESULT WINAPI GetThemeTextMetrics(HTHEME theme, HDC hdc, int part, int state, TEXTMETRICW* metrics)
+{
+    if (FaultFires("GetThemeTextMetrics")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    if (!ClassOf(theme) || !FindContext(hdc)) {
+        return E_HANDLE;
+    }
+    const PartFont font(theme, hdc, part, state);
+    return GetTextMetricsW(hdc, metrics) ? S_OK : E_FAIL;
+}
+
+HRESULT WINAPI GetThemeBackgroundContentRect(HTHEME theme, HDC hdc, int part, int state, const RECT* bounds,
+                                             RECT* content)
+{
+    MARGINS margins;
+    RECT rect = *bounds;
+    const HRESULT result = GetThemeMargins(theme, hdc, part, state, TMT_CONTENTMARGINS, &rect, &margins);
+    if (SUCCEEDED(result)) {
+        *content = {rect.left + margins.cxLeftWidth, rect.top + margins.cyTopHeight,
+                    rect.right - margins.cxRightWidth, rect.bottom - margins.cyBottomHeight};
+    }
+    return result;
+}
+
+HRESULT WINAPI DrawThemeBackground(HTHEME theme, HDC hdc, int part, int state, const RECT* rect,
+                                   const RECT* clip)
+{
+    const HRESULT result = CheckDrawing(theme, hdc, part, "DrawThemeBackground");
+    if (FAILED(result)) {
+        return result;
+    }
+    if (!rect) {
+        return E_POINTER;
+    }
+    Line line(hdc, "DrawThemeBackground");
+    line.Word(*ClassOf(theme)).Number(part).Number(state).Put(*rect);
+    if (clip) {
+        line.Word("within").Put(*clip);
+    }
+    return S_OK;
+}
+
+HRESULT WINAPI DrawThemeBackgroundEx(HTHEME theme, HDC hdc, int part, int state, const RECT* rect,
+                                     const DTBGOPTS* options)
+{
+    const bool clipped = options && options->dwFlags & DTBG_CLIPRECT;
+    return DrawThemeBackground(theme, hdc, part, state, rect, clipped ? &options->rcClip : nullptr);
+}
+
+HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)
+{
+    if (FaultFires("DrawThemeParentBackground")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    if (!IsWindow(hwnd) || !FindContext(hdc)) {
+        return E_HANDLE;
+    }
+    RECT client;
+    GetClientRect(hwnd, &client);
+    Line(hdc, "DrawThemeParentBackground").Put(rect ? *rect : client);
+    const HWND parent = GetParent(hwnd);
+    if (!parent || (rect && IsRectEmpty(rect))) {
+        return S_OK;
+    }
+    // The parent draws in its own coordinates, within the rectangle alone.
+    const int saved = SaveDC(hdc);
+    if (rect) {
+        IntersectClipRect(hdc, rect->left, rect->top, rect->right, rect->bottom);
+    }
+    POINT origin{};
+    MapWindowPoints(hwnd, parent, &origin, 1);
+    OffsetViewportOrgEx(hdc, -origin.x, -origin.y, nullptr);
+    DrawParentInto(parent, hdc);
+    RestoreDC(hdc, saved);
+    return S_OK;
+}
+
+HRESULT WINAPI DrawThemeText(HTHEME theme, HDC hdc, int part, int state, LPCWSTR text, int count, DWORD flags,
+                             DWORD, const RECT* rect)
+{
+    RECT copy = *rect;
+    return DrawThemeTextEx(theme, hdc, part, state, text, count, flags, &copy, nullptr);
+}
+
+HRESULT WINAPI DrawThemeTextEx(HTHEME theme, HDC hdc, int part, int state, LPCWSTR text, int count,
+                               DWORD flags, RECT* rect, const DTTOPTS* options)
+{
+    const char* operation = options ? "DrawThemeTextEx" : "DrawThemeText";
+    const HRESULT result = CheckDrawing(theme, hdc, part, operation);
+    if (FAILED(result)) {
+        return result;
+    }
+    const PartFont font(theme, hdc, part, state);
+    if (options && options->dwFlags & DTT_CALCRECT) {
+        DrawTextW(hdc, text, count, rect, flags | DT_CALCRECT);
+        return S_OK;
+    }
+    const bool ownColor = options && options->dwFlags & DTT_TEXTCOLOR;
+    const COLORREF color =
+        ownColor ? options->crText : FindThemeColor(*ClassOf(theme), part, state, TMT_TEXTCOLOR).value_or(0);
+    const int mode = SetBkMode(hdc, TRANSPARENT); // the style never fills behind its texts
+    Line(hdc, operation)
+        .Word(*ClassOf(theme))
+        .Number(part)
+        .Number(state)
+        .Text(text, count)
+        .Put(*rect)
+        .Hex(flags)
+        .TextState(color);
+    SetBkMode(hdc, mode);
+    return S_OK;
+}
