@@ -6,3 +6,4 @@
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>
+#include <gesso/list/GListNotify.h>
