@@ -1,5 +1,11 @@
 #include <gesso/controls/GButton.h>
+#include <gesso/controls/GCheckBox.h>
+#include <gesso/controls/GCommandButton.h>
 #include <gesso/controls/GLabel.h>
+#include <gesso/controls/GNavigationButton.h>
+#include <gesso/controls/GProgressBar.h>
+#include <gesso/controls/GRadioButton.h>
+#include <gesso/controls/GSeparator.h>
 #include <gesso/framework/ControlTable.h>
 
 namespace gesso {
@@ -10,21 +16,24 @@ template <class CONTROL> GWnd* Make()
     return new CONTROL;
 }
 
-// Still to come at their places in the order: GCheckBox, GComboBox, GCommandButton and GEdit between GButton
-// and GLabel; GList, GProgressBar, GNavigationButton, GRadioButton and GTree behind it.
+// Still to come at their places in the order: GComboBox behind GCheckBox, GEdit behind GCommandButton, GList
+// behind GLabel, and GTree at the end.
 constexpr RegisterClassFunction STARTUP_CLASSES[] = {
-    &GButton::IsolationAwareRegisterClassW,
-    &GLabel::IsolationAwareRegisterClassW,
+    &GButton::IsolationAwareRegisterClassW,        &GCheckBox::IsolationAwareRegisterClassW,
+    &GCommandButton::IsolationAwareRegisterClassW, &GLabel::IsolationAwareRegisterClassW,
+    &GProgressBar::IsolationAwareRegisterClassW,   &GNavigationButton::IsolationAwareRegisterClassW,
+    &GRadioButton::IsolationAwareRegisterClassW,
 };
 
 constexpr MakeControlFunction CONTROL_KINDS[] = {
-    &Make<GLabel>, &Make<GButton>,
-    nullptr, // GCheckBox
-    nullptr, // GRadioButton
-    nullptr, // GCommandButton
+    &Make<GLabel>,
+    &Make<GButton>,
+    &Make<GCheckBox>,
+    &Make<GRadioButton>,
+    &Make<GCommandButton>,
     nullptr, // GComboBox
-    nullptr, // GProgressBar
-    nullptr, // GSeparator
+    &Make<GProgressBar>,
+    &Make<GSeparator>,
     nullptr, // GList
     nullptr, // GTree
 };

@@ -2,7 +2,14 @@
 #pragma once
 
 #include <gesso/controls/GButton.h>
+#include <gesso/controls/GCheckBox.h>
+#include <gesso/controls/GCommandButton.h>
 #include <gesso/controls/GLabel.h>
+#include <gesso/controls/GNavigationButton.h>
+#include <gesso/controls/GProgressBar.h>
+#include <gesso/controls/GRadioButton.h>
+#include <gesso/controls/GScrollbar.h>
+#include <gesso/controls/GSeparator.h>
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>

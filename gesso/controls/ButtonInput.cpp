@@ -1,4 +1,5 @@
 #include <gesso/controls/ButtonInput.h>
+#include <gesso/controls/ControlStyles.h>
 
 namespace gesso {
 
@@ -32,17 +33,27 @@ LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey)
     return 0;
 }
 
-LRESULT OnButtonDown(GWnd& wnd)
+bool TakePress(GWnd& wnd)
 {
     const HWND hwnd = Frame::Handle(wnd);
-    // The parents of this control and of the one that loses the focus are told, and may destroy this one.
+    // The windows that lose the focus and the capture are told, and their parents, any of which may destroy
+    // this one.
     SetFocus(hwnd);
-    if (!Frame::IsAlive(hwnd, &wnd)) {
-        return 0;
+    if (Frame::IsAlive(hwnd, &wnd)) {
+        SetCapture(hwnd);
     }
-    SetCapture(hwnd);
+    if (!Frame::IsAlive(hwnd, &wnd)) {
+        return false;
+    }
     Frame::State(wnd) |= GWS_PRESSED;
-    wnd.Invalidate(0);
+    return true;
+}
+
+LRESULT OnButtonDown(GWnd& wnd)
+{
+    if (TakePress(wnd)) {
+        wnd.Invalidate(0);
+    }
     return 0;
 }
 
@@ -78,6 +89,21 @@ LRESULT OnButtonMove(GWnd& wnd, POINTS pt)
     }
     // A moving pointer must not repaint where nothing changed.
     if (dwState != dwFormer) {
+        wnd.Invalidate(0);
+    }
+    return 0;
+}
+
+LRESULT CodeOfDefault(DWORD dwStyle)
+{
+    return DLGC_BUTTON | (dwStyle & GBS_DEFAULT ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+}
+
+LRESULT OnSetDefault(GWnd& wnd, WPARAM wStyle, UINT uRedraw)
+{
+    const DWORD dwStyle = Frame::Style(wnd);
+    Frame::SetStyle(wnd, wStyle & BS_DEFPUSHBUTTON ? dwStyle | GBS_DEFAULT : dwStyle & ~GBS_DEFAULT);
+    if (uRedraw) {
         wnd.Invalidate(0);
     }
     return 0;

@@ -13,9 +13,16 @@ int HitTestClient(HWND hwnd, POINTS pt);
 
 LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey);
 LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey);
+// Focus, capture and GWS_PRESSED; false where the control was destroyed meanwhile.
+bool TakePress(GWnd& wnd);
 LRESULT OnButtonDown(GWnd& wnd);
 // fKeyHolds: a held space key keeps the mouse from clicking.
 LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds = true);
 LRESULT OnButtonMove(GWnd& wnd, POINTS pt);
+
+// WM_GETDLGCODE of a button that may be a dialog's default, by its GBS_DEFAULT; and BM_SETSTYLE, of which
+// only BS_DEFPUSHBUTTON counts: it sets or clears that bit.
+LRESULT CodeOfDefault(DWORD dwStyle);
+LRESULT OnSetDefault(GWnd& wnd, WPARAM wStyle, UINT uRedraw);
 
 } // namespace gesso

@@ -8,16 +8,6 @@ bool IsBeside(ImageSide side)
     return side == ImageSide::Left || side == ImageSide::Right;
 }
 
-// The offset that aligns something whose slack in its room is given, by the bits for centre and for the far
-// end.
-int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
-{
-    if (dwStyle & dwCenter) {
-        return nSlack >> 1;
-    }
-    return dwStyle & dwFar ? nSlack : 0;
-}
-
 // Where something of a given extent starts when it is aligned with the text from nearEdge to farEdge.
 int AlignTo(int nearEdge, int farEdge, int nExtent, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
 {
@@ -28,6 +18,14 @@ int AlignTo(int nearEdge, int farEdge, int nExtent, DWORD dwStyle, DWORD dwCente
 }
 
 } // namespace
+
+int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
+{
+    if (dwStyle & dwCenter) {
+        return nSlack >> 1;
+    }
+    return dwStyle & dwFar ? nSlack : 0;
+}
 
 RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image)
 {

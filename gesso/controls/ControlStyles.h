@@ -11,3 +11,8 @@ constexpr DWORD GS_BOTTOM = 0x0008;    // align to the bottom
 constexpr DWORD GS_ICON = 0x0010;      // show the image as an icon
 constexpr DWORD GS_BITMAP = 0x0020;    // show the image as a bitmap
 constexpr DWORD GS_MULTILINE = 0x0100; // wrap the text at words rather than draw one line
+constexpr DWORD GBS_DEFAULT = 0x4000;  // the default button of a dialog
+
+// Check boxes and radio buttons.
+constexpr DWORD GCS_IMAGERIGHT = 0x0040; // the image to the right of the text rather than left
+constexpr DWORD GCS_BOXRIGHT = 0x0080;   // the box to the right of the text rather than left

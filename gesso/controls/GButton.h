@@ -19,7 +19,6 @@
 constexpr DWORD GBS_IMAGERIGHT = 0x0040;
 constexpr DWORD GBS_IMAGETOP = 0x0080;
 constexpr DWORD GBS_IMAGEBOTTOM = 0x00C0;
-constexpr DWORD GBS_DEFAULT = 0x4000; // the default button of a dialog
 
 class GESSO_API GButton : public GWnd
 {
@@ -98,6 +97,5 @@ protected:
 
 private:
     friend class gesso::Frame;
-    int ThemeState(DWORD dwStyle) const;
-    bool ShowsFocus() const;
+    LRESULT OnButtonMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 };

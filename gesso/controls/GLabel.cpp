@@ -9,6 +9,9 @@
 using gesso::Frame;
 using gesso::ImageKind;
 
+using Control = GLabel;
+#include <gesso/controls/ContentMembers.inl>
+
 constinit ATOM GLabel::s_aClass = 0;
 
 namespace {
@@ -68,72 +71,6 @@ HWND GLabel::Create(int x, int y, int cx, int cy, HWND hwndParent, int, LPCWSTR 
 void GLabel::Init(void* pCreateData)
 {
     m_pszText.Reset(gesso::CopyCreationText(pCreateData));
-}
-
-int GLabel::Destroy()
-{
-    return DestroyWindow(m_hWnd);
-}
-
-DWORD GLabel::SetStyle(DWORD dwStyle)
-{
-    return Frame::SetStyle(*this, dwStyle);
-}
-
-DWORD GLabel::GetStyle() const
-{
-    return Frame::Style(*this);
-}
-
-void GLabel::SetFont(HFONT hFont)
-{
-    m_hFont = hFont;
-}
-
-HFONT GLabel::GetFont() const
-{
-    return m_hFont;
-}
-
-int GLabel::SetText(LPCWSTR pszText)
-{
-    m_pszText.Reset(gesso::CopyText(pszText));
-    Invalidate(0);
-    return 1;
-}
-
-int GLabel::GetTextLength() const
-{
-    return gesso::TextLength(m_pszText);
-}
-
-int GLabel::GetText(LPWSTR pszBuffer, int* pnLength) const
-{
-    return gesso::ReadText(m_pszText, pszBuffer, pnLength);
-}
-
-HICON GLabel::SetIcon(HICON hIcon)
-{
-    const HANDLE hFormer = gesso::ReplaceImage(ImageKind::Icon, hIcon, m_hImage, m_cxImage, m_cyImage);
-    Invalidate(0);
-    return static_cast<HICON>(hFormer);
-}
-
-HICON GLabel::GetIcon() const
-{
-    return static_cast<HICON>(m_hImage);
-}
-
-HBITMAP GLabel::SetBitmap(HBITMAP hBitmap)
-{
-    const HANDLE hFormer = gesso::ReplaceImage(ImageKind::Bitmap, hBitmap, m_hImage, m_cxImage, m_cyImage);
-    Invalidate(0);
-    return static_cast<HBITMAP>(hFormer);
-}
-
-HBITMAP GLabel::GetBitmap() const
-{
-    return static_cast<HBITMAP>(m_hImage);
 }
 
 COLORREF GLabel::SetTextColor(COLORREF cr)
@@ -216,36 +153,6 @@ LRESULT GLabel::OnEnable(BOOL)
 {
     Invalidate(0);
     return 0;
-}
-
-LRESULT GLabel::OnStyleChanged()
-{
-    return Frame::OnStyleChanged(*this);
-}
-
-LRESULT GLabel::OnSetFont(HFONT hFont, UINT uRedraw)
-{
-    return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
-}
-
-LRESULT GLabel::OnGetFont() const
-{
-    return reinterpret_cast<LRESULT>(m_hFont);
-}
-
-LRESULT GLabel::OnSetText(LPCWSTR pszText)
-{
-    return SetText(pszText);
-}
-
-LRESULT GLabel::OnGetText(UINT nCapacity, LPWSTR pszBuffer) const
-{
-    return gesso::ReplyGetText(*this, m_pszText, nCapacity, pszBuffer);
-}
-
-LRESULT GLabel::OnGetTextLength() const
-{
-    return GetTextLength();
 }
 
 LRESULT CALLBACK GLabel::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)

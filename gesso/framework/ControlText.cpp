@@ -25,6 +25,11 @@ LPWSTR CopyText(LPCWSTR psz)
     return psz ? CopyCharacters(psz, wcslen(psz)) : CopyCharacters(L"", 0);
 }
 
+LPWSTR CopyTextOrNone(LPCWSTR psz)
+{
+    return psz ? CopyText(psz) : nullptr;
+}
+
 LPWSTR CopyCreationText(const void* pCreateData)
 {
     return CopyText(pCreateData ? static_cast<LPCWSTR>(pCreateData) + 1 : nullptr);

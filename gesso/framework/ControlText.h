@@ -14,6 +14,8 @@ using ControlText = Owned<LPWSTR, FreeText>;
 
 // A fresh heap copy of a text; of the empty text for a null pointer.
 LPWSTR CopyText(LPCWSTR psz);
+// The same, but null for a null pointer.
+LPWSTR CopyTextOrNone(LPCWSTR psz);
 
 // A fresh heap copy of the text in a dialog template's creation data: a first word, which is skipped, and a
 // terminated text. Without creation data, the empty text.

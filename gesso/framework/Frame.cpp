@@ -127,12 +127,11 @@ LRESULT Frame::OnMouseLeave(GWnd& wnd)
     return 0;
 }
 
-LRESULT Frame::OnSetFont(GWnd& wnd, HFONT& hFontField, HFONT hFont, UINT uRedraw)
+LRESULT Frame::OnThemeChanged(GWnd& wnd, ThemeHandle& theme, LPCWSTR pszClass)
 {
-    hFontField = hFont;
-    if (uRedraw) {
-        wnd.Invalidate(0);
-    }
+    theme.Reset();
+    theme.Reset(OpenThemeData(wnd.m_hWnd, pszClass));
+    wnd.Invalidate(0);
     return 0;
 }
 
@@ -171,8 +170,14 @@ void Frame::SendClick(const GWnd& wnd)
 
 void Frame::SendNotify(const GWnd& wnd, UINT uCode)
 {
-    NMHDR header{wnd.m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID(wnd.m_hWnd)), uCode};
-    SendMessageW(wnd.GetParent(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    NMHDR header{};
+    SendNotify(wnd, uCode, &header);
+}
+
+void Frame::SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord)
+{
+    *pRecord = {wnd.m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID(wnd.m_hWnd)), uCode};
+    SendMessageW(wnd.GetParent(), WM_NOTIFY, pRecord->idFrom, reinterpret_cast<LPARAM>(pRecord));
 }
 
 } // namespace gesso

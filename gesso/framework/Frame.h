@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/framework/GWnd.h>
+#include <gesso/framework/ThemeHandle.h>
 
 // What Create passes as lpCreateParams, so that the window attaches to the object instead of making its own.
 #pragma pack(push, 1)
@@ -96,7 +97,16 @@ public:
     static LRESULT OnStyleChanged(GWnd& wnd);
     static LRESULT OnCaptureChanged(GWnd& wnd, HWND hwndNew);
     static LRESULT OnMouseLeave(GWnd& wnd);
-    static LRESULT OnSetFont(GWnd& wnd, HFONT& hFontField, HFONT hFont, UINT uRedraw);
+    template <class FONT> static LRESULT OnSetFont(GWnd& wnd, FONT& font, HFONT hFont, UINT uRedraw)
+    {
+        font = hFont;
+        if (uRedraw) {
+            wnd.Invalidate(0);
+        }
+        return 0;
+    }
+    // Closes the theme and opens the class anew.
+    static LRESULT OnThemeChanged(GWnd& wnd, ThemeHandle& theme, LPCWSTR pszClass);
     // The UI-state rule, and then the platform's own handling.
     static LRESULT OnUpdateUIState(GWnd& wnd, WPARAM wParam, LPARAM lParam);
 
@@ -121,6 +131,8 @@ public:
 
     static void SendClick(const GWnd& wnd);
     static void SendNotify(const GWnd& wnd, UINT uCode);
+    // The same with a record that starts with the header, which this fills in.
+    static void SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord);
 
     // --- Access for the shared parts of the controls
     // -------------------------------------------------------------

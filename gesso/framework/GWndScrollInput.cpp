@@ -8,6 +8,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/ScrollBarGeometry.h>
+#include <gesso/framework/SystemTime.h>
 
 #include <algorithm>
 #include <utility>
@@ -18,15 +19,7 @@ using gesso::Frame;
 
 namespace {
 
-constexpr ULONGLONG TICKS_PER_MILLISECOND = 10000;
 constexpr WORD NO_CODE = 0xFFFF;
-
-ULONGLONG Now()
-{
-    FILETIME time{};
-    GetSystemTimeAsFileTime(&time);
-    return (static_cast<ULONGLONG>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
-}
 
 // The scroll code that a press on a part sends; none for a thumb.
 WORD CodeOf(const BarTraits& traits, WORD wHit)
@@ -147,13 +140,13 @@ void GWndScroll::ScrollBarSetTimer()
     StopTimer();
     s_pScrollingWindow = this;
     s_dwTimer = SetTimer(nullptr, 0, s_dwScrollRepeatSpeed, ScrollBarTimerCallback);
-    s_ullTimerTime = Now() + s_dwScrollRepeatDelay * TICKS_PER_MILLISECOND;
+    s_ullTimerTime = gesso::SystemTicks() + s_dwScrollRepeatDelay * gesso::TICKS_PER_MILLISECOND;
 }
 
 void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
     GWndScroll* pWindow = s_pScrollingWindow;
-    if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || Now() <= s_ullTimerTime) {
+    if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || gesso::SystemTicks() <= s_ullTimerTime) {
         return;
     }
     const HWND hwnd = pWindow->m_hWnd;

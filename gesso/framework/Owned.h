@@ -33,6 +33,13 @@ public:
         }
     }
 
+    // Takes the value as its owner; the former one is left to whoever else has it.
+    void Replace(VALUE value) noexcept
+    {
+        m_value = value;
+        m_fOwner = value != VALUE();
+    }
+
     operator VALUE() const noexcept { return m_value; }
 
 private:

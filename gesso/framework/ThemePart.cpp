@@ -4,8 +4,8 @@
 namespace gesso {
 namespace {
 
-// States repeat in fours for each check value: normal, hot, pressed, disabled. A fifth, defaulted, exists for
-// the push button and the command link alone.
+// States repeat in fours for each check value: normal, hot, pressed, disabled, of no, a full and a mixed
+// mark. A fifth, defaulted, exists for the push button and the command link alone.
 constexpr int STATES_PER_CHECK = 4;
 
 bool HasCheck(PlainPart plain)
@@ -18,9 +18,18 @@ int StateInFour(PlainPart plain, int nState)
     return HasCheck(plain) ? (nState - 1) % STATES_PER_CHECK + 1 : nState;
 }
 
+UINT PlainCheck(PlainPart plain, int nState)
+{
+    if (!HasCheck(plain) || nState <= STATES_PER_CHECK) {
+        return 0;
+    }
+    const bool fMixed = plain == PlainPart::CheckBox && nState > 2 * STATES_PER_CHECK;
+    return DFCS_CHECKED | (fMixed ? DFCS_BUTTON3STATE : 0);
+}
+
 UINT PlainButtonState(PlainPart plain, int nState)
 {
-    const UINT uCheck = HasCheck(plain) && nState > STATES_PER_CHECK ? DFCS_CHECKED : 0;
+    const UINT uCheck = PlainCheck(plain, nState);
     switch (StateInFour(plain, nState)) {
     case PBS_PRESSED: return DFCS_PUSHED | uCheck;
     case PBS_DISABLED: return DFCS_INACTIVE | uCheck;
@@ -105,6 +114,12 @@ void ThemePart::DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const
     }
 }
 
+COLORREF ThemePart::TextColor() const
+{
+    COLORREF cr = 0;
+    return SUCCEEDED(GetThemeColor(m_hTheme, m_nPart, m_nState, TMT_TEXTCOLOR, &cr)) ? cr : PlainTextColor();
+}
+
 void ThemePart::DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const
 {
     DrawFrameControl(m_hdc, &rc, uType, uKind);
@@ -118,6 +133,12 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     case PlainPart::CommandLink: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH | uButton); break;
     case PlainPart::CheckBox: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONCHECK | uButton); break;
     case PlainPart::RadioButton: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONRADIO | uButton); break;
+    case PlainPart::CommandLinkGlyph:
+        DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLRIGHT | DFCS_FLAT | uButton);
+        break;
+    case PlainPart::BackButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLLEFT | uButton); break;
+    case PlainPart::ProgressBar: DrawEdge(m_hdc, &rc, BDR_SUNKENOUTER, BF_RECT | BF_MIDDLE); break;
+    case PlainPart::ProgressFill: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_HIGHLIGHT)); break;
     case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_SCROLLBAR)); break;
     case PlainPart::ScrollArrow: DrawPlainFrame(rc, DFC_SCROLL, PlainArrow(m_nState)); break;
     case PlainPart::ScrollThumb: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH); break;
@@ -128,11 +149,15 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     }
 }
 
+COLORREF ThemePart::PlainTextColor() const
+{
+    return GetSysColor(StateInFour(m_plain, m_nState) == PBS_DISABLED ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
+}
+
 void ThemePart::DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const
 {
-    const bool fDisabled = StateInFour(m_plain, m_nState) == PBS_DISABLED;
     const TransparentScope mode(m_hdc);
-    const TextColorScope color(m_hdc, GetSysColor(fDisabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+    const TextColorScope color(m_hdc, PlainTextColor());
     DrawTextW(m_hdc, psz, LengthOf(psz), &rc, uFormat);
 }
 

@@ -15,6 +15,10 @@ enum class PlainPart
     CheckBox,
     RadioButton,
     CommandLink,
+    CommandLinkGlyph,
+    BackButton,
+    ProgressBar,
+    ProgressFill,
     ScrollTrack,
     ScrollArrow,
     ScrollThumb,
@@ -41,10 +45,13 @@ public:
     // The rectangle that the text takes, from the top left of rcBounds. uFormat as for DrawTextW.
     RECT TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) const;
     void DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
+    // What the part's text is drawn in.
+    COLORREF TextColor() const;
 
 private:
     void DrawPlainBackground(RECT rc) const;
     void DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const;
+    COLORREF PlainTextColor() const;
     void DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const;
 
     HTHEME m_hTheme;

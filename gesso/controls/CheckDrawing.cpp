@@ -1,0 +1,111 @@
+#include <gesso/controls/ButtonLook.h>
+#include <gesso/controls/CheckDrawing.h>
+#include <gesso/controls/ContentLayout.h>
+#include <gesso/controls/Image.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+constexpr int STATES_PER_CHECK = 4;
+constexpr int BOX_GAP = 3;      // between the box and the content
+constexpr int FOCUS_MARGIN = 2; // around the text
+
+struct Picture
+{
+    ImageKind kind = ImageKind::None;
+    SIZE size{};
+    ImageSide side = ImageSide::Left;
+    POINT pt{};
+};
+
+// Takes the box and its gap off the content.
+RECT CutBox(RECT* prcContent, SIZE size, DWORD dwStyle)
+{
+    RECT rcBox{};
+    if (dwStyle & GCS_BOXRIGHT) {
+        rcBox.right = prcContent->right;
+        rcBox.left = rcBox.right - size.cx;
+        prcContent->right = rcBox.left - BOX_GAP;
+    } else {
+        rcBox.left = prcContent->left;
+        rcBox.right = rcBox.left + size.cx;
+        prcContent->left = rcBox.right + BOX_GAP;
+    }
+    const int nSlack = prcContent->bottom - size.cy - prcContent->top;
+    rcBox.top = prcContent->top + Shift(nSlack, dwStyle, GS_VCENTER, GS_BOTTOM);
+    rcBox.bottom = rcBox.top + size.cy;
+    return rcBox;
+}
+
+// The image is measured at each paint: the host may have changed what stands behind the handle.
+Picture PictureOf(const CheckContent& content, DWORD dwStyle)
+{
+    Picture picture;
+    const ImageKind kind = ImageKindOf(dwStyle);
+    if (content.hImage && MeasureImage(kind, content.hImage, &picture.size)) {
+        picture.kind = kind;
+        picture.side = dwStyle & GCS_IMAGERIGHT ? ImageSide::Right : ImageSide::Left;
+    }
+    return picture;
+}
+
+// Around the text and the image's height, not around the box.
+RECT FocusRect(const RECT& rcText, const Picture& picture)
+{
+    RECT rc = rcText;
+    if (picture.kind != ImageKind::None) {
+        rc.top = std::min(rc.top, picture.pt.y);
+        rc.bottom = std::max(rc.bottom, picture.pt.y + picture.size.cy);
+        if (picture.side == ImageSide::Right) {
+            rc.right = picture.pt.x + picture.size.cx;
+        }
+    }
+    InflateRect(&rc, FOCUS_MARGIN, FOCUS_MARGIN);
+    return rc;
+}
+
+// Draws the content beside the box, and returns what the focus rectangle is to surround.
+RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, const RECT& rcContent,
+                 DWORD dwStyle)
+{
+    const UINT uFormat = dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE;
+    Picture picture = PictureOf(content, dwStyle);
+    const bool fPicture = picture.kind != ImageKind::None;
+    RECT rcText = fPicture ? RoomBesideImage(rcContent, picture.side, picture.size) : rcContent;
+    rcText = part.TextExtent(content.pszText, uFormat, rcText);
+    AlignText(&rcText, rcContent, dwStyle);
+    if (fPicture) {
+        picture.pt = PlaceImage(&rcText, picture.side, picture.size, dwStyle);
+        DrawImage(hdc, picture.kind, content.hImage, picture.pt.x, picture.pt.y, picture.size.cx,
+                  picture.size.cy, dwStyle);
+    }
+    part.DrawString(content.pszText, uFormat | PrefixFormat(content.dwState), rcText);
+    return FocusRect(rcText, picture);
+}
+
+} // namespace
+
+void DrawCheck(HDC hdc, const CheckContent& content, int nPart, PlainPart plain)
+{
+    RECT rc{};
+    GetClientRect(content.hwnd, &rc);
+    DrawThemeParentBackground(content.hwnd, hdc, &rc);
+    const auto dwStyle = static_cast<DWORD>(GetWindowLongW(content.hwnd, GWL_STYLE));
+    const int nState = PressState(content.dwState, dwStyle) + STATES_PER_CHECK * CheckOf(content.dwState);
+    const ThemePart part(content.hTheme, hdc, nPart, nState, plain);
+    const TransparentScope mode(hdc);
+    const SelectScope font(hdc, content.hFont);
+
+    rc = part.ContentOf(rc);
+    part.DrawBackground(CutBox(&rc, part.Size(&rc), dwStyle));
+    const RECT rcFocus = DrawContent(hdc, content, part, rc, dwStyle);
+    if (ShowsFocus(content.hwnd, content.dwState)) {
+        DrawFocusRect(hdc, &rcFocus);
+    }
+}
+
+} // namespace gesso

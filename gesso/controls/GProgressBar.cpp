@@ -1,0 +1,105 @@
+#include <gesso/controls/GProgressBar.h>
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/ThemePart.h>
+#include <gesso/framework/WindowClass.h>
+
+#include <algorithm>
+
+using gesso::Frame;
+using gesso::PlainPart;
+using gesso::ThemePart;
+
+constinit ATOM GProgressBar::s_aClass = 0;
+
+namespace {
+
+// Drawing has no coordinates beyond this, and no bar is that long.
+constexpr double FARTHEST = 0x7FFFFFF;
+
+// Truncated toward zero; the order of the operations is part of the result.
+int FillWidth(int cxBar, UINT nProgress)
+{
+    return -static_cast<int>(std::clamp(cxBar / -1000.0 * nProgress, -FARTHEST, FARTHEST));
+}
+
+} // namespace
+
+ATOM GProgressBar::IsolationAwareRegisterClassW()
+{
+    return gesso::RegisterControlClass(s_aClass, L"GProgressBar", WindowProc, gesso::CLASS_CONTROL);
+}
+
+HWND GProgressBar::Create(int x, int y, int cx, int cy, HWND hwndParent, int, DWORD dwExStyle, DWORD dwStyle)
+{
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, 0,
+                               dwExStyle, dwStyle);
+}
+
+int GProgressBar::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+DWORD GProgressBar::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GProgressBar::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
+void GProgressBar::SetProgress(UINT nProgress)
+{
+    m_nProgress = nProgress;
+    Invalidate(0);
+}
+
+void GProgressBar::Draw(HDC hdc)
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    DrawThemeParentBackground(m_hWnd, hdc, &rc);
+    const ThemePart bar(m_hTheme, hdc, PP_BAR, 0, PlainPart::ProgressBar);
+    bar.DrawBackground(rc);
+    RECT rcFill = bar.ContentOf(rc);
+    rcFill.right = rcFill.left + FillWidth(rcFill.right - rcFill.left, m_nProgress);
+    ThemePart(m_hTheme, hdc, PP_FILL, PBFS_NORMAL, PlainPart::ProgressFill).DrawBackground(rcFill);
+}
+
+LRESULT GProgressBar::OnCreate(const CREATESTRUCTW*)
+{
+    m_hTheme.Reset(OpenThemeData(m_hWnd, L"PROGRESS"));
+    return 0;
+}
+
+LRESULT GProgressBar::OnDestroy()
+{
+    m_hTheme.Reset();
+    return Frame::Detach(*this);
+}
+
+LRESULT GProgressBar::OnEnable(BOOL)
+{
+    Invalidate(0);
+    return 0;
+}
+
+LRESULT CALLBACK GProgressBar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pBar = Frame::ObjectOf<GProgressBar>(hwnd);
+    if (!pBar) {
+        return uMsg == WM_CREATE ? Frame::Attach<GProgressBar>(hwnd, lParam)
+                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    switch (uMsg) {
+    case WM_DESTROY: return pBar->OnDestroy();
+    case WM_ENABLE: return pBar->OnEnable(wParam != 0);
+    case WM_PAINT: return gesso::PaintControl(*pBar, hwnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*pBar, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_ERASEBKGND: return 1;
+    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+}

@@ -1,0 +1,397 @@
+#include <gesso/controls/GScrollbar.h>
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/SystemTime.h>
+#include <gesso/framework/ThemePart.h>
+#include <gesso/framework/WindowClass.h>
+
+#include <algorithm>
+#include <climits>
+#include <utility>
+
+using gesso::Frame;
+using gesso::PlainPart;
+using gesso::ThemePart;
+
+constinit ATOM GScrollbar::s_aClass = 0;
+constinit ULONGLONG GScrollbar::s_ullTimerTime = 0;
+constinit UINT_PTR GScrollbar::s_dwTimer = 0;
+constinit GScrollbar* GScrollbar::s_pScrollingWindow = nullptr;
+
+namespace {
+
+// Fixed numbers: this bar follows neither the system's metrics nor the keyboard's repeat settings.
+constexpr int BUTTON = 17; // the extent of a button, and the width of the bar
+constexpr int SMALLEST_THUMB = 22;
+constexpr UINT REPEAT_MILLISECONDS = 100;
+constexpr ULONGLONG DELAY_TICKS = 500 * gesso::TICKS_PER_MILLISECOND;
+
+int Truncate(double n)
+{
+    return static_cast<int>(std::clamp(n, double{INT_MIN}, double{INT_MAX}));
+}
+
+int ClientHeight(HWND hwnd)
+{
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    return rc.bottom;
+}
+
+} // namespace
+
+ATOM GScrollbar::IsolationAwareRegisterClassW()
+{
+    return gesso::RegisterControlClass(s_aClass, L"GScrollbar", WindowProc, gesso::CLASS_CONTROL);
+}
+
+GScrollbar::~GScrollbar()
+{
+    if (s_pScrollingWindow == this) {
+        StopTimer();
+    }
+}
+
+HWND GScrollbar::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
+                        DWORD dwStyle)
+{
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
+                               dwExStyle, dwStyle);
+}
+
+int GScrollbar::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+void GScrollbar::InitScrollBar(UINT nTotal)
+{
+    m_hTheme.Reset(OpenThemeData(m_hWnd, L"SCROLLBAR"));
+    m_nTotal = nTotal;
+    m_nPage = nTotal;
+    ResetScroll();
+}
+
+void GScrollbar::UninitScrollBar()
+{
+    m_hTheme.Reset();
+}
+
+void GScrollbar::ScrSetTotalHeight(UINT nTotal)
+{
+    const int nHeight = ClientHeight(m_hWnd);
+    m_nTotal = nTotal;
+    m_nPage = static_cast<UINT>(nHeight);
+    m_nFiveSixths = 5 * nHeight / 6;
+    m_nTrack = nHeight - 2 * BUTTON;
+    m_nThumb = nTotal ? Truncate(static_cast<double>(nHeight) / nTotal * m_nTrack) : 0;
+    if (m_nThumb < SMALLEST_THUMB) {
+        // The track gives back what the thumb takes.
+        m_nTrack += m_nThumb - SMALLEST_THUMB;
+        m_nThumb = SMALLEST_THUMB;
+    }
+}
+
+UINT GScrollbar::ScrGetPageSize() const
+{
+    return m_nPage;
+}
+
+void GScrollbar::ResetScroll()
+{
+    m_nPos = 0;
+    m_nInit20 = 20;
+    m_nInit45 = 45;
+}
+
+int GScrollbar::IsScrollable() const
+{
+    return m_nPage < m_nTotal;
+}
+
+UINT GScrollbar::LastPos() const
+{
+    return m_nTotal > m_nPage ? m_nTotal - m_nPage : 0;
+}
+
+UINT GScrollbar::GetScrollPos() const
+{
+    return m_nPos;
+}
+
+void GScrollbar::SetScrollPos(UINT nPos)
+{
+    m_nPos = static_cast<int>(nPos) < 0 ? 0 : std::min(nPos, LastPos());
+    // The thumb has moved under the pointer.
+    const DWORD dwPos = GetMessagePos();
+    POINT pt{GET_X_LPARAM(dwPos), GET_Y_LPARAM(dwPos)};
+    ScreenToClient(m_hWnd, &pt);
+    m_hitNow.pt = {static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)};
+    HitTest(&m_hitNow);
+}
+
+// How far the thumb stands from the up button. Painting and hit-testing divide and multiply in different
+// orders, so that at some positions they are a pixel apart: hosts know the bar so. With nothing to scroll
+// neither divides.
+
+int GScrollbar::PaintedThumbOffset() const
+{
+    return m_nTotal ? Truncate(static_cast<double>(m_nPos) / m_nTotal * m_nTrack) : 0;
+}
+
+int GScrollbar::HitThumbOffset() const
+{
+    return m_nTotal ? Truncate(static_cast<double>(m_nTrack) / m_nTotal * m_nPos) : 0;
+}
+
+// The rectangles that are painted.
+struct GScrollbar::Layout
+{
+    RECT rcTrack, rcUp, rcDown, rcThumb;
+};
+
+GScrollbar::Layout GScrollbar::LayOut() const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const auto stretch = [&](int nTop, int nBottom) {
+        return RECT{rc.right - BUTTON, nTop, rc.right, nBottom};
+    };
+    const int nThumb = rc.top + BUTTON + PaintedThumbOffset();
+    return {stretch(rc.top + BUTTON, rc.bottom - BUTTON), stretch(rc.top, rc.top + BUTTON),
+            stretch(rc.bottom - BUTTON, rc.bottom), stretch(nThumb, nThumb + m_nThumb)};
+}
+
+// The whole width of the client area counts, and the edges of the area and of the thumb belong to them.
+WORD GScrollbar::HitTest(HitTestInfo* pInfo) const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const POINTS pt = pInfo->pt;
+    const int nThumb = rc.top + BUTTON + HitThumbOffset();
+    const auto part = [&]() -> WORD {
+        if (pt.x < 0 || pt.x > rc.right || pt.y < 0 || pt.y > rc.bottom) {
+            return 0;
+        }
+        if (pt.y < BUTTON) {
+            return SBH_UP;
+        }
+        if (pt.y > rc.bottom - BUTTON) {
+            return SBH_DOWN;
+        }
+        if (pt.y < nThumb) {
+            return SBH_ABOVE;
+        }
+        return pt.y > nThumb + m_nThumb ? SBH_BELOW : SBH_VTHUMB;
+    };
+    return pInfo->wHit = part();
+}
+
+// An idle bar draws its arrows as disabled; they come up when the pointer enters the bar.
+int GScrollbar::ArrowState(WORD wArrow, int nNormal) const
+{
+    constexpr int HOT = 1;
+    constexpr int PRESSED = 2;
+    constexpr int DISABLED = 3;
+    const WORD wDown = m_hitDown.wHit;
+    const WORD wNow = m_hitNow.wHit;
+    if (!wDown && !wNow) {
+        return nNormal + DISABLED;
+    }
+    if (wDown == wArrow) {
+        return nNormal + (wNow == wArrow ? PRESSED : HOT);
+    }
+    return !wDown && wNow == wArrow ? nNormal + HOT : nNormal;
+}
+
+int GScrollbar::ThumbState() const
+{
+    if (m_hitDown.wHit == SBH_VTHUMB) {
+        return SCRBS_PRESSED;
+    }
+    return m_hitNow.wHit == SBH_VTHUMB && !m_hitDown.wHit ? SCRBS_HOT : SCRBS_NORMAL;
+}
+
+void GScrollbar::Draw(HDC hdc)
+{
+    const Layout layout = LayOut();
+    const auto draw = [&](int nPart, int nState, PlainPart plain, const RECT& rc) {
+        ThemePart(m_hTheme, hdc, nPart, nState, plain).DrawBackground(rc);
+    };
+    draw(SBP_UPPERTRACKVERT, SCRBS_NORMAL, PlainPart::ScrollTrack, layout.rcTrack);
+    draw(SBP_ARROWBTN, ArrowState(SBH_UP, ABS_UPNORMAL), PlainPart::ScrollArrow, layout.rcUp);
+    draw(SBP_ARROWBTN, ArrowState(SBH_DOWN, ABS_DOWNNORMAL), PlainPart::ScrollArrow, layout.rcDown);
+    draw(SBP_THUMBBTNVERT, ThumbState(), PlainPart::ScrollThumb, layout.rcThumb);
+    draw(SBP_GRIPPERVERT, ThumbState(), PlainPart::ScrollGripper, layout.rcThumb);
+}
+
+void GScrollbar::SendScroll(WORD wCode, WORD wPos) const
+{
+    SendMessageW(GetParent(), WM_VSCROLL, MAKEWPARAM(wCode, wPos), reinterpret_cast<LPARAM>(m_hWnd));
+}
+
+void GScrollbar::SendPress() const
+{
+    switch (m_hitDown.wHit) {
+    case SBH_UP: SendScroll(SB_LINEUP); break;
+    case SBH_DOWN: SendScroll(SB_LINEDOWN); break;
+    case SBH_ABOVE: SendScroll(SB_PAGEUP); break;
+    case SBH_BELOW: SendScroll(SB_PAGEDOWN); break;
+    default: break;
+    }
+}
+
+void GScrollbar::StartTimer()
+{
+    StopTimer();
+    s_pScrollingWindow = this;
+    s_dwTimer = SetTimer(nullptr, 0, REPEAT_MILLISECONDS, TimerCallback);
+    s_ullTimerTime = gesso::SystemTicks();
+}
+
+void GScrollbar::StopTimer()
+{
+    if (s_dwTimer) {
+        KillTimer(nullptr, s_dwTimer);
+        s_dwTimer = 0;
+    }
+}
+
+void CALLBACK GScrollbar::TimerCallback(HWND, UINT, UINT_PTR, DWORD)
+{
+    const GScrollbar& bar = *s_pScrollingWindow;
+    const bool fOnPart = bar.m_hitDown.wHit & bar.m_hitNow.wHit;
+    if (fOnPart && s_ullTimerTime < gesso::SystemTicks() - DELAY_TICKS) {
+        bar.SendPress();
+    }
+}
+
+void GScrollbar::Drag(int y)
+{
+    // A bar too low for a track has nowhere to drag to.
+    const double nMoved = m_nTrack ? static_cast<double>(m_nTotal) / m_nTrack * (y - m_nDragY) : 0;
+    const LONGLONG nPos = LONGLONG{Truncate(nMoved)} + m_nDragPos;
+    SendScroll(SB_THUMBTRACK, LOWORD(std::clamp<LONGLONG>(nPos, 0, LastPos())));
+}
+
+LRESULT GScrollbar::OnCreate(const CREATESTRUCTW* pcs)
+{
+    m_nTrack = pcs->cy - 2 * BUTTON;
+    return 0;
+}
+
+// The theme is the host's to close; the window deletes an object that it made itself.
+LRESULT GScrollbar::OnNcDestroy()
+{
+    if (s_pScrollingWindow == this) {
+        StopTimer();
+    }
+    return Frame::Detach(*this);
+}
+
+LRESULT GScrollbar::OnSize()
+{
+    ScrSetTotalHeight(m_nTotal);
+    if (m_nPos > LastPos()) {
+        SendScroll(SB_LINEDOWN);
+    }
+    return 0;
+}
+
+LRESULT GScrollbar::InvalidateParent()
+{
+    // To the platform a null window means all windows.
+    if (const HWND hwndParent = GetParent()) {
+        InvalidateRect(hwndParent, nullptr, FALSE);
+    }
+    return 0;
+}
+
+LRESULT GScrollbar::OnSetFocus(HWND)
+{
+    return InvalidateParent();
+}
+
+LRESULT GScrollbar::OnKillFocus(HWND)
+{
+    return InvalidateParent();
+}
+
+LRESULT GScrollbar::OnLButtonDown(WPARAM, POINTS pt)
+{
+    SetCapture(m_hWnd);
+    m_dwState |= GWS_SBPRESSED;
+    Invalidate(0);
+    m_hitDown.pt = pt;
+    switch (HitTest(&m_hitDown)) {
+    case 0: break;
+    case SBH_VTHUMB:
+        m_nDragPos = m_nPos;
+        m_nDragY = pt.y;
+        break;
+    default:
+        StartTimer();
+        SendPress();
+        break;
+    }
+    return 0;
+}
+
+LRESULT GScrollbar::OnLButtonUp(WPARAM, POINTS)
+{
+    if (m_dwState & GWS_SBPRESSED) {
+        ReleaseCapture();
+        m_dwState &= ~GWS_SBPRESSED;
+    }
+    StopTimer();
+    if (std::exchange(m_hitDown.wHit, WORD{0})) {
+        Invalidate(0);
+    }
+    return 0;
+}
+
+LRESULT GScrollbar::OnMouseMove(WPARAM, POINTS pt)
+{
+    Frame::TrackLeave(*this);
+    const WORD wFormer = m_hitNow.wHit;
+    m_hitNow.pt = pt;
+    if (HitTest(&m_hitNow) != wFormer) {
+        Invalidate(0);
+    }
+    if (m_hitDown.wHit == SBH_VTHUMB) {
+        Drag(pt.y);
+    }
+    return 0;
+}
+
+LRESULT GScrollbar::OnMouseLeave()
+{
+    m_dwState &= ~GWS_TRACKING;
+    m_hitNow.wHit = 0;
+    Invalidate(0);
+    return 0;
+}
+
+LRESULT CALLBACK GScrollbar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pBar = Frame::ObjectOf<GScrollbar>(hwnd);
+    if (!pBar) {
+        return uMsg == WM_CREATE ? Frame::Attach<GScrollbar>(hwnd, lParam)
+                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    GScrollbar& bar = *pBar;
+    switch (uMsg) {
+    case WM_NCDESTROY: return bar.OnNcDestroy();
+    case WM_SIZE: return bar.OnSize();
+    case WM_SETFOCUS: return bar.OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return bar.OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_LBUTTONDOWN: return bar.OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return bar.OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return bar.OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return bar.OnMouseLeave();
+    case WM_PAINT: return gesso::PaintControl(bar, hwnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(bar, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_ERASEBKGND: return 1;
+    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+}

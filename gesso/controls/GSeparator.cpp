@@ -1,0 +1,138 @@
+#include <gesso/controls/ButtonInput.h>
+#include <gesso/controls/GSeparator.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/WindowClass.h>
+
+using gesso::Frame;
+
+constinit ATOM GSeparator::s_aClass = 0;
+constinit HCURSOR GSeparator::s_hColumnSizing = nullptr;
+
+namespace {
+
+constexpr WORD SIZING_CURSOR = 32644; // IDC_SIZEWE, whose macro depends on how the narrow names are mapped
+constexpr DWORD UNUSED_STATE = 0x08;  // nothing sets it; a change of the capture clears it all the same
+constexpr int NO_BACKGROUND = 0;
+
+} // namespace
+
+GSeparator::GSeparator()
+{
+    if (!s_hColumnSizing) {
+        s_hColumnSizing = LoadCursorW(nullptr, MAKEINTRESOURCEW(SIZING_CURSOR));
+    }
+}
+
+ATOM GSeparator::IsolationAwareRegisterClassW()
+{
+    return gesso::RegisterControlClass(s_aClass, L"GSeparator", WindowProc, gesso::CLASS_CONTROL,
+                                       NO_BACKGROUND);
+}
+
+HWND GSeparator::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
+                        DWORD dwStyle)
+{
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
+                               dwExStyle, dwStyle);
+}
+
+int GSeparator::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+void GSeparator::SendDrag(UINT uCode, POINTS pt) const
+{
+    stcSeparatorNotify notify{};
+    notify.pt = {pt.x, pt.y};
+    Frame::SendNotify(*this, uCode, &notify.hdr);
+}
+
+LRESULT GSeparator::OnCreate(const CREATESTRUCTW*)
+{
+    return 0;
+}
+
+LRESULT GSeparator::OnDestroy()
+{
+    return Frame::Detach(*this);
+}
+
+LRESULT GSeparator::OnSetFocus(HWND)
+{
+    return Frame::OnSetFocus(*this);
+}
+
+LRESULT GSeparator::OnKillFocus(HWND)
+{
+    return Frame::OnKillFocus(*this);
+}
+
+LRESULT GSeparator::OnLButtonDown(WPARAM, POINTS pt)
+{
+    if (gesso::TakePress(*this)) {
+        SendDrag(GSN_BEGINDRAG, pt);
+    }
+    return 0;
+}
+
+LRESULT GSeparator::OnLButtonUp(WPARAM, POINTS pt)
+{
+    if (m_dwState & GWS_PRESSED) {
+        // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED.
+        ReleaseCapture();
+        SendDrag(GSN_ENDDRAG, pt);
+    }
+    return 0;
+}
+
+LRESULT GSeparator::OnMouseMove(WPARAM, POINTS pt)
+{
+    Frame::TrackLeave(*this);
+    if (m_dwState & GWS_PRESSED) {
+        SendDrag(GSN_DRAG, pt);
+    }
+    return 0;
+}
+
+LRESULT GSeparator::OnMouseLeave()
+{
+    return Frame::OnMouseLeave(*this);
+}
+
+LRESULT GSeparator::OnCaptureChanged(HWND hwndNew)
+{
+    if (hwndNew != m_hWnd) {
+        m_dwState &= ~(GWS_PRESSED | UNUSED_STATE);
+    }
+    return 0;
+}
+
+LRESULT GSeparator::OnSetCursor()
+{
+    SetCursor(s_hColumnSizing);
+    return 1;
+}
+
+LRESULT CALLBACK GSeparator::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pSeparator = Frame::ObjectOf<GSeparator>(hwnd);
+    if (!pSeparator) {
+        return uMsg == WM_CREATE ? Frame::Attach<GSeparator>(hwnd, lParam)
+                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    GSeparator& separator = *pSeparator;
+    switch (uMsg) {
+    case WM_DESTROY: return separator.OnDestroy();
+    case WM_SETFOCUS: return separator.OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return separator.OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_LBUTTONDOWN: return separator.OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return separator.OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return separator.OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return separator.OnMouseLeave();
+    case WM_CAPTURECHANGED: return separator.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    case WM_SETCURSOR: return separator.OnSetCursor();
+    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(separator, wParam, lParam);
+    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+}
