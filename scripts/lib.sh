@@ -20,12 +20,12 @@ use_ccache() {
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
 }
 
-# build PRESET [CMAKE-OPTION...]: configures and builds a preset in build/PRESET.
+# build PRESET TARGET [CMAKE-OPTION...]: configures a preset and builds a target of it, in build/PRESET.
 build() {
-    local preset=$1
-    shift
+    local preset=$1 target=$2
+    shift 2
     use_ccache
-    (cd "$ROOT" && cmake --preset "$preset" "$@" --log-level=WARNING && cmake --build --preset "$preset")
+    (cd "$ROOT" && cmake --preset "$preset" "$@" >/dev/null && cmake --build --preset "$preset" --target "$target")
 }
 
 # --- A private display
@@ -84,12 +84,30 @@ Windows Registry Editor Version 5.00
 SETTINGS
 }
 
+# The fonts that Wine is to see, the same on every machine. Of Open Sans just the plain and bold faces: Wine would
+# take its light face for the regular one.
+choose_fonts() {
+    mkdir -p "$BUILD/fonts"
+    ln -sf /usr/share/fonts/truetype/open-sans/OpenSans-{Regular,Bold,Italic,BoldItalic}.ttf "$BUILD/fonts/"
+    export FONTCONFIG_FILE=$BUILD/fonts/fonts.conf
+    cat >"$FONTCONFIG_FILE" <<FONTS
+<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig>
+  <dir>$BUILD/fonts</dir>
+  <dir>/usr/share/fonts/truetype/dejavu</dir>
+  <cachedir>$BUILD/fonts/cache</cachedir>
+</fontconfig>
+FONTS
+}
+
 # prepare_wine Y|N: makes the Wine prefix build/wine where there is none yet, with the settings above. Needs a
 # display.
 prepare_wine() {
     find_wine
     export WINEPREFIX=$BUILD/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG--all}
     export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d;winemenubuilder.exe=d"
+    choose_fonts
     WINE_IN_USE=1
     trap end_session EXIT
     local applied=$WINEPREFIX/gesso.reg wanted
@@ -98,7 +116,7 @@ prepare_wine() {
     mkdir -p "$WINEPREFIX"
     if [[ ! -d $WINEPREFIX/drive_c/windows ]]; then
         say "preparing Wine in build/wine (once)"
-        run_wine 180 wineboot -i >/dev/null || die "Wine could not set up $WINEPREFIX"
+        run_wine 180 wineboot -i >/dev/null 2>&1 || die "Wine could not set up $WINEPREFIX"
     fi
     printf '%s\n' "$wanted" >"$WINEPREFIX/drive_c/gesso.reg"
     run_wine 60 regedit /S 'C:\gesso.reg' || die "Wine did not take its settings"

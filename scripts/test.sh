@@ -34,7 +34,7 @@ check() {
 # check_build PRESET: builds a preset with warnings as errors, counting along.
 check_build() {
     local log=$LOGS/build-$1.log
-    if build "$1" -DGESSO_WERROR=ON 2>&1 | tee "$log" | build_progress; then
+    if build "$1" all -DGESSO_WERROR=ON 2>&1 | tee "$log" | build_progress; then
         passed=$((passed + 1))
         printf '   ok      %s build\n' "$1"
         return

@@ -1,0 +1,90 @@
+#include <gallery/Canvas.h>
+#include <gallery/Fonts.h>
+
+namespace gallery {
+namespace {
+
+constexpr int CONTENT_WIDTH = 804;
+
+// The template's controls report to their dialog, which hands everything on to the page.
+INT_PTR CALLBACK ForwardToPage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    switch (uMsg) {
+    case WM_CTLCOLORDLG: return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    case WM_COMMAND:
+    case WM_NOTIFY: SendMessageW(GetParent(hwnd), uMsg, wParam, lParam); return TRUE;
+    default: return FALSE;
+    }
+}
+
+} // namespace
+
+GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, DWORD dwStyle)
+{
+    GLabel& label = Own(std::make_unique<GLabel>());
+    label.Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, m_hwnd, 0, pszText, 0,
+                 WS_CHILD | WS_VISIBLE | dwStyle);
+    label.SetFont(hFont);
+    label.SetTextColor(cr);
+    return label;
+}
+
+void Canvas::Title(LPCWSTR pszTitle, LPCWSTR pszAbout)
+{
+    Text({MARGIN, 14, MARGIN + CONTENT_WIDTH, 46}, pszTitle, TitleFont(), RGB(0, 0, 0));
+    Text({MARGIN, 48, MARGIN + CONTENT_WIDTH, 68}, pszAbout, g_hDefaultFont, CAPTION_COLOR);
+}
+
+void Canvas::PaintFrames(HDC hdc) const
+{
+    const HBRUSH hbrFrame = CreateSolidBrush(FRAME_COLOR);
+    for (const RECT& rc : m_frames) {
+        FrameRect(hdc, &rc, hbrFrame);
+    }
+    DeleteObject(hbrFrame);
+}
+
+Grid::Grid(Canvas& canvas, POINT ptOrigin, LPCWSTR pszHeading, int nColumns, SIZE cell)
+    : m_canvas(canvas), m_ptOrigin(ptOrigin), m_nColumns(nColumns), m_cell(cell)
+{
+    const LONG cx = nColumns * (cell.cx + GAP) - GAP;
+    canvas.Text({ptOrigin.x, ptOrigin.y, ptOrigin.x + cx, ptOrigin.y + HEADING_HEIGHT}, pszHeading,
+                HeadingFont(), RGB(0, 0, 0));
+}
+
+RECT Grid::NextCell(LPCWSTR pszCaption)
+{
+    const int nColumn = m_nCells % m_nColumns;
+    const int nRow = m_nCells / m_nColumns;
+    m_nCells++;
+    const LONG x = m_ptOrigin.x + nColumn * (m_cell.cx + GAP);
+    const LONG y = m_ptOrigin.y + HEADING_HEIGHT + nRow * (m_cell.cy + CAPTION_HEIGHT + GAP);
+    const RECT rc{x, y, x + m_cell.cx, y + m_cell.cy};
+    if (m_fFramed) {
+        m_canvas.Frame({rc.left - 1, rc.top - 1, rc.right + 1, rc.bottom + 1});
+    }
+    m_canvas.Text({x, rc.bottom + 3, rc.right, rc.bottom + 3 + CAPTION_HEIGHT}, pszCaption, CaptionFont(),
+                  CAPTION_COLOR, GS_CENTER | GLS_NOPREFIX);
+    return rc;
+}
+
+HWND Grid::AddTemplate(LPCWSTR pszCaption, int nTemplate)
+{
+    const RECT rc = NextCell(pszCaption);
+    const HWND hwnd = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(nTemplate),
+                                         m_canvas.Window(), &ForwardToPage, 0);
+    const HWND hwndControl = GetWindow(hwnd, GW_CHILD);
+    const int cx = rc.right - rc.left;
+    const int cy = rc.bottom - rc.top;
+    SetWindowPos(hwnd, nullptr, rc.left, rc.top, cx, cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(hwndControl, nullptr, 0, 0, cx, cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    return hwndControl;
+}
+
+int Grid::Bottom() const
+{
+    const int nRows = (m_nCells + m_nColumns - 1) / m_nColumns;
+    return m_ptOrigin.y + HEADING_HEIGHT + nRows * (m_cell.cy + CAPTION_HEIGHT + GAP) + GAP;
+}
+
+} // namespace gallery

@@ -1,0 +1,100 @@
+// What a page builds on: its window, the controls made on it, and the gallery's look. A page makes a title
+// and some grids; a grid is a heading over equal cells, filled row by row, each a control above its caption.
+//
+// The canvas owns every control object made through it, until the page is left.
+#pragma once
+
+#include <gesso/gesso.h>
+
+#include <memory>
+#include <vector>
+
+namespace gallery {
+
+constexpr int MARGIN = 24; // around a page's content, and between its blocks
+constexpr int GAP = 12;    // between cells
+constexpr int LEFT_BLOCK = MARGIN;
+constexpr int RIGHT_BLOCK = MARGIN + 414; // where a page has two columns of blocks, each of 390 pixels
+constexpr int FIRST_BLOCK = 88;           // the first block's top, below the title
+constexpr COLORREF PAGE_COLOR = RGB(255, 255, 255);
+constexpr COLORREF FRAME_COLOR = RGB(214, 218, 224);
+constexpr COLORREF CAPTION_COLOR = RGB(104, 110, 120);
+
+class Canvas
+{
+public:
+    explicit Canvas(HWND hwnd) : m_hwnd(hwnd) {}
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+
+    HWND Window() const { return m_hwnd; }
+    // A fresh control id, from 100 up in the order of making.
+    int NextId() { return m_nNextId++; }
+
+    template <class CONTROL> CONTROL& Own(std::unique_ptr<CONTROL> control)
+    {
+        CONTROL& result = *control;
+        m_controls.push_back(std::move(control));
+        return result;
+    }
+
+    // The page's title and a sentence about it, at the top.
+    void Title(LPCWSTR pszTitle, LPCWSTR pszAbout);
+    GLabel& Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, DWORD dwStyle = 0);
+
+    // A thin frame around a rectangle, drawn with the page's background.
+    void Frame(const RECT& rc) { m_frames.push_back(rc); }
+    void PaintFrames(HDC hdc) const;
+
+private:
+    HWND m_hwnd;
+    int m_nNextId = 100;
+    std::vector<std::unique_ptr<GWnd>> m_controls;
+    std::vector<RECT> m_frames;
+};
+
+class Grid
+{
+public:
+    static constexpr int HEADING_HEIGHT = 28;
+    static constexpr int CAPTION_HEIGHT = 18;
+
+    Grid(Canvas& canvas, POINT ptOrigin, LPCWSTR pszHeading, int nColumns, SIZE cell);
+
+    // Draws a frame around each cell from here on, for controls that do not show their own edges.
+    void SetFramed(bool fFramed) { m_fFramed = fFramed; }
+    // The next cell, with its caption written below.
+    RECT NextCell(LPCWSTR pszCaption);
+
+    // Makes a control that fills the next cell. dwStyle is its own bits: the window's are added.
+    template <class CONTROL> CONTROL& Add(LPCWSTR pszCaption, LPCWSTR pszText, DWORD dwStyle)
+    {
+        return Add(m_canvas.Own(std::make_unique<CONTROL>()), pszCaption, pszText, dwStyle);
+    }
+
+    // The same for an object that is there already.
+    template <class CONTROL>
+    CONTROL& Add(CONTROL& control, LPCWSTR pszCaption, LPCWSTR pszText, DWORD dwStyle)
+    {
+        const RECT rc = NextCell(pszCaption);
+        control.Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, m_canvas.Window(),
+                       m_canvas.NextId(), pszText, 0, WS_CHILD | WS_VISIBLE | dwStyle);
+        return control;
+    }
+
+    // Makes a dialog of the gallery's resources the content of the next cell.
+    HWND AddTemplate(LPCWSTR pszCaption, int nTemplate);
+
+    // Where the next block below starts.
+    int Bottom() const;
+
+private:
+    Canvas& m_canvas;
+    POINT m_ptOrigin;
+    int m_nColumns;
+    SIZE m_cell;
+    int m_nCells = 0;
+    bool m_fFramed = false;
+};
+
+} // namespace gallery

@@ -1,0 +1,46 @@
+// The gallery's main window: a button for each page on the left, the page shown beside them, and below both
+// the last lines of what its controls reported.
+#pragma once
+
+#include <gallery/Options.h>
+#include <gallery/PageWindow.h>
+#include <gallery/Pages.h>
+
+namespace gallery {
+
+class Gallery
+{
+public:
+    explicit Gallery(Options options) : m_options(std::move(options)) {}
+    Gallery(const Gallery&) = delete;
+    Gallery& operator=(const Gallery&) = delete;
+
+    // Makes the window with its first page. False where that failed.
+    bool Create();
+    // Runs until the window is closed.
+    int Run();
+    // Shows each page in turn and saves its picture, printing the paths. False if one could not be saved.
+    bool SavePictures();
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnActivate(bool fActive);
+    LRESULT OnSetFocus();
+    LRESULT OnCommand(UINT uId, LPARAM lParam);
+    LRESULT OnGetDefaultId() const;
+
+    void MakePageButtons();
+    void ShowPage(int nPage);
+    void AddLine(const std::wstring& line);
+
+    Options m_options;
+    Report m_report;
+    HWND m_hwnd = nullptr;
+    HWND m_hwndLastFocus = nullptr;
+    GButton m_pageButtons[PAGE_COUNT];
+    GLabel m_lastLines;
+    std::unique_ptr<PageWindow> m_page;
+};
+
+} // namespace gallery

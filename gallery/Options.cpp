@@ -1,0 +1,54 @@
+#include <gallery/Options.h>
+#include <gallery/Pages.h>
+
+#include <shellapi.h>
+
+#include <cstdio>
+
+namespace gallery {
+namespace {
+
+int PageNamed(LPCWSTR pszName)
+{
+    for (int i = 0; i < PAGE_COUNT; i++) {
+        if (lstrcmpiW(PAGES[i].pszName, pszName) == 0) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+bool Take(Options& options, const std::wstring& name, LPCWSTR pszValue)
+{
+    if (name == L"--page") {
+        options.nPage = PageNamed(pszValue);
+        return options.nPage >= 0;
+    }
+    std::wstring* pField = name == L"--shots"    ? &options.pictureDir
+                           : name == L"--log"    ? &options.logFile
+                           : name == L"--layout" ? &options.layoutFile
+                                                 : nullptr;
+    if (pField) {
+        *pField = pszValue;
+    }
+    return pField != nullptr;
+}
+
+} // namespace
+
+bool ReadOptions(Options& options)
+{
+    int nArguments = 0;
+    LPWSTR* const arguments = CommandLineToArgvW(GetCommandLineW(), &nArguments);
+    bool fUnderstood = nArguments % 2 == 1;
+    for (int i = 1; fUnderstood && i < nArguments; i += 2) {
+        fUnderstood = Take(options, arguments[i], arguments[i + 1]);
+    }
+    LocalFree(arguments);
+    if (!fUnderstood) {
+        std::fputs("usage: gallery [--page NAME] [--shots DIR] [--log FILE] [--layout FILE]\n", stderr);
+    }
+    return fUnderstood;
+}
+
+} // namespace gallery

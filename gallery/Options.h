@@ -1,0 +1,19 @@
+// The gallery's command line.
+#pragma once
+
+#include <string>
+
+namespace gallery {
+
+struct Options
+{
+    int nPage = 0;           // --page NAME: the page shown first
+    std::wstring pictureDir; // --shots DIR: saves a picture of each page there and ends
+    std::wstring logFile;    // --log FILE: what the controls report goes there too, a line each
+    std::wstring layoutFile; // --layout FILE: where the controls of the page shown stand on the screen
+};
+
+// Reads the process's command line. False, with a message on standard error, where it is not understood.
+bool ReadOptions(Options& options);
+
+} // namespace gallery

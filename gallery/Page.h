@@ -1,0 +1,20 @@
+// A page of the gallery: it makes its controls on a canvas, and may act on what they report.
+#pragma once
+
+#include <gallery/Canvas.h>
+
+namespace gallery {
+
+class Page
+{
+public:
+    virtual ~Page() = default;
+
+    virtual void Build(Canvas& canvas) = 0;
+
+    // A control's WM_COMMAND and WM_NOTIFY, once they stand in the log; the result goes back to the control.
+    virtual LRESULT OnCommand(UINT /*uId*/, UINT /*uCode*/, HWND /*hwndFrom*/) { return 0; }
+    virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
+};
+
+} // namespace gallery

@@ -1,0 +1,40 @@
+// The window of the page shown: it holds the page and its canvas, paints their background and hands what the
+// controls report to the gallery.
+#pragma once
+
+#include <gallery/Page.h>
+#include <gallery/Report.h>
+
+#include <functional>
+#include <memory>
+
+namespace gallery {
+
+class PageWindow
+{
+public:
+    using ReportLine = std::function<void(const std::wstring&)>;
+
+    PageWindow(HWND hwndParent, const RECT& rc, std::unique_ptr<Page> page, ReportLine report);
+    ~PageWindow();
+    PageWindow(const PageWindow&) = delete;
+    PageWindow& operator=(const PageWindow&) = delete;
+
+    HWND Window() const { return m_hwnd; }
+    // The control that Enter presses: null where the page has none.
+    HWND DefaultButton() const;
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT OnNotify(LPARAM lParam);
+    LRESULT OnEraseBackground(HDC hdc) const;
+
+    HWND m_hwnd = nullptr;
+    std::unique_ptr<Page> m_page;
+    std::unique_ptr<Canvas> m_canvas;
+    ReportLine m_report;
+};
+
+} // namespace gallery

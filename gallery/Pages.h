@@ -1,0 +1,25 @@
+// The gallery's pages. A new one is a source file of its own and a line in each of the two lists.
+#pragma once
+
+#include <gallery/Page.h>
+
+#include <memory>
+
+namespace gallery {
+
+std::unique_ptr<Page> MakeLabelsPage();
+std::unique_ptr<Page> MakeButtonsPage();
+
+struct PageEntry
+{
+    LPCWSTR pszName;
+    std::unique_ptr<Page> (*make)();
+};
+
+inline constexpr PageEntry PAGES[] = {
+    {L"Labels", &MakeLabelsPage},
+    {L"Buttons", &MakeButtonsPage},
+};
+inline constexpr int PAGE_COUNT = static_cast<int>(std::size(PAGES));
+
+} // namespace gallery

@@ -1,0 +1,24 @@
+// GDI+, for drawing the glyphs and for saving what a window shows.
+#pragma once
+
+#include <gesso/gesso.h>
+
+namespace gallery {
+
+// Keeps GDI+ started for as long as it lives.
+class PictureSession
+{
+public:
+    PictureSession();
+    ~PictureSession();
+    PictureSession(const PictureSession&) = delete;
+    PictureSession& operator=(const PictureSession&) = delete;
+
+private:
+    ULONG_PTR m_token = 0;
+};
+
+// Saves a window's client area, as it stands on the screen, as a PNG. False where that failed.
+bool SavePicture(HWND hwnd, LPCWSTR pszPath);
+
+} // namespace gallery

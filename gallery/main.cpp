@@ -1,0 +1,17 @@
+#include <gallery/Gallery.h>
+#include <gallery/Picture.h>
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
+{
+    gallery::Options options;
+    if (!gallery::ReadOptions(options)) {
+        return 2;
+    }
+    InitControls();
+    const gallery::PictureSession pictures;
+    gallery::Gallery gallery(options);
+    if (!gallery.Create()) {
+        return 1;
+    }
+    return options.pictureDir.empty() ? gallery.Run() : !gallery.SavePictures();
+}

@@ -1,0 +1,7 @@
+// Numbers that the gallery's resources and sources share.
+#pragma once
+
+#define IDD_LABELS 101
+#define IDD_BUTTONS 102
+
+#define IDC_TEMPLATE_BUTTON 900

@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# Builds the library and its gallery for Windows, and runs it under Wine.
+#
+#   scripts/gallery.sh [--page NAME]   shows it in a window, where there is a display
+#   scripts/gallery.sh --shots DIR     saves a picture of every page and prints the paths; the way taken without
+#                                      a display, too, into build/shots
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+GALLERY=$BUILD/windows/bin/gallery.exe
+
+show_window() {
+    prepare_wine Y
+    say "the gallery is on display $DISPLAY; close its window to end"
+    "$WINE" "$GALLERY" "$@"
+}
+
+save_pictures() {
+    local dir=$1
+    mkdir -p "$dir"
+    start_display
+    prepare_wine N
+    xdotool mousemove 1279 1023 # no control is to look as if the pointer were on it
+    run_wine 120 "$GALLERY" --shots "$(windows_path "$dir")" >/dev/null || die "the gallery failed"
+    find "$dir" -name '*.png' | sort
+}
+
+"$ROOT/scripts/setup.sh" build run
+say "building"
+build windows gallery
+if [[ ${1:-} == --shots ]]; then
+    [[ -n ${2:-} ]] || die "usage: scripts/gallery.sh [--page NAME | --shots DIR]"
+    save_pictures "$(realpath -m "$2")"
+elif [[ -n ${DISPLAY:-} ]] && xdotool getdisplaygeometry >/dev/null 2>&1; then
+    show_window "$@"
+else
+    say "no display here, so the pages are saved as pictures"
+    save_pictures "$BUILD/shots"
+fi
