@@ -177,7 +177,8 @@ LRESULT OnSetCursor(Window& window, WPARAM wParam, LPARAM lParam)
     if (under.get() != &window) {
         return FALSE;
     }
-    const HCURSOR own = hit == HTCLIENT ? window.windowClass->data.hCursor : LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
+    const HCURSOR own =
+        hit == HTCLIENT ? window.windowClass->data.hCursor : LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
     if (!own) {
         return FALSE;
     }
