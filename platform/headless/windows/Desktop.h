@@ -39,6 +39,7 @@ struct DialogState
     UINT defaultId = 0;   // 0 for none
     HFONT font = nullptr; // owned
     bool ended = false;
+    bool ownerDisabled = false; // by the modal loop, which enables it again
     INT_PTR result = 0;
 };
 
