@@ -123,12 +123,10 @@ HWND WindowOfContext(HDC hdc)
     return context ? context->window : nullptr;
 }
 
-void SetVisibleRegion(HDC hdc, HRGN region)
+void SetVisibleArea(HDC hdc, const Area& area)
 {
-    auto* context = FindContext(hdc);
-    const auto* area = Find<Region>(region);
-    if (context && area) {
-        context->visible = area->area;
+    if (auto* context = FindContext(hdc)) {
+        context->visible = area;
     }
 }
 

@@ -2,7 +2,7 @@
 // CombineRgn, ... under the platform's own names).
 #pragma once
 
-#include "../headless.h"
+#include "../core/Area.h"
 
 namespace gesso::headless {
 
@@ -14,9 +14,9 @@ void DeleteWindowContext(HDC hdc);
 // The window that a context draws into; null for a memory context or a stale handle.
 HWND WindowOfContext(HDC hdc);
 
-// Clips a window's context to a region in its own coordinates, as BeginPaint does with the invalid region.
-// The region is copied. Unlike the region of SelectClipRgn it cannot be replaced by the program.
-void SetVisibleRegion(HDC hdc, HRGN region);
+// Clips a window's context to an area in its own coordinates, as BeginPaint does with the invalid region. Unlike
+// the region of SelectClipRgn it cannot be replaced by the program.
+void SetVisibleArea(HDC hdc, const Area& area);
 
 // Forgets what was drawn into a window, which is going.
 void ForgetDrawing(HWND hwnd);

@@ -4,6 +4,7 @@
 
 #include "../core/Faults.h"
 #include "../gdi/DeviceContext.h"
+#include "../gdi/Objects.h"
 
 namespace gesso::headless {
 namespace {
@@ -23,32 +24,10 @@ HDC ClientContext(const Window& window)
     return CreateWindowContext(window.handle, Corner(window.client), SizeOf(window.client), false);
 }
 
-HRGN MakeRegion(const Area& area)
-{
-    const HRGN region = CreateRectRgn(0, 0, 0, 0);
-    for (const RECT& r : area.Rects()) {
-        const HRGN part = CreateRectRgn(r.left, r.top, r.right, r.bottom);
-        CombineRgn(region, region, part, RGN_OR);
-        DeleteObject(part);
-    }
-    return region;
-}
-
 Area AreaOf(HRGN region)
 {
-    Area area;
-    const DWORD size = GetRegionData(region, 0, nullptr);
-    if (size == 0) {
-        return area;
-    }
-    std::vector<BYTE> bytes(size);
-    auto* data = reinterpret_cast<RGNDATA*>(bytes.data());
-    GetRegionData(region, size, data);
-    const auto* rects = reinterpret_cast<const RECT*>(data->Buffer);
-    for (DWORD i = 0; i < data->rdh.nCount; ++i) {
-        area.Add(rects[i]);
-    }
-    return area;
+    const auto* known = Find<Region>(region);
+    return known ? known->area : Area();
 }
 
 // What a call means that gives a region, a rectangle, or null for everything.
@@ -174,9 +153,7 @@ HDC ContextClippedTo(const Window& window, const Area& area)
 {
     const HDC hdc = ClientContext(window);
     if (hdc) {
-        const HRGN region = MakeRegion(area);
-        SetVisibleRegion(hdc, region);
-        DeleteObject(region);
+        SetVisibleArea(hdc, area);
     }
     return hdc;
 }
@@ -319,10 +296,11 @@ int WINAPI GetUpdateRgn(HWND hwnd, HRGN region, BOOL erase)
     if (erase) {
         EraseNow(*window);
     }
-    const HRGN invalid = MakeRegion(window->invalid);
-    const int kind = CombineRgn(region, invalid, nullptr, RGN_COPY);
-    DeleteObject(invalid);
-    return kind;
+    if (auto* out = Find<Region>(region)) {
+        out->area = window->invalid;
+    }
+    RECT bounds{};
+    return GetRgnBox(region, &bounds);
 }
 
 HDC WINAPI BeginPaint(HWND hwnd, LPPAINTSTRUCT paint)
@@ -364,8 +342,8 @@ HDC WINAPI GetDCEx(HWND hwnd, HRGN region, DWORD flags)
     const RECT& r = whole ? window->frame : window->client;
     const HDC hdc = CreateWindowContext(window->handle, Corner(r), SizeOf(r), whole);
     if (hdc && region && (flags & DCX_INTERSECTRGN)) {
-        SetVisibleRegion(hdc, region);
-        DeleteObject(region);
+        SetVisibleArea(hdc, AreaOf(region));
+        DeleteObject(region); // the context has taken it over
     }
     return hdc;
 }

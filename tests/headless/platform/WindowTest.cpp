@@ -1,0 +1,321 @@
+// Windows of the simulated desktop: which messages they get while they come, change and go.
+#include "TestWindow.h"
+
+using namespace gesso::headless;
+using namespace gesso::headless::test;
+
+namespace {
+
+class WindowTest : public DesktopTest
+{};
+
+const std::initializer_list<UINT> c_paints = {WM_NCPAINT, WM_ERASEBKGND};
+
+TEST_F(WindowTest, CreationSendsWhatThePlatformSendsInItsOrder)
+{
+    const HWND parent = MakeTop();
+    struct Case
+    {
+        const char* what;
+        Options options;
+        const char* messages;
+    };
+    const Case cases[] = {
+        {"hidden overlapped",
+         {.style = WS_OVERLAPPEDWINDOW},
+         "WM_GETMINMAXINFO, WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE"},
+        {"hidden popup", {.style = WS_POPUP}, "WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_SIZE, WM_MOVE"},
+        {"visible overlapped",
+         {.style = WS_OVERLAPPEDWINDOW | WS_VISIBLE},
+         "WM_GETMINMAXINFO, WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_SHOWWINDOW, WM_WINDOWPOSCHANGING, "
+         "WM_NCACTIVATE, WM_ACTIVATE, WM_SETFOCUS, WM_WINDOWPOSCHANGED, WM_SIZE, WM_MOVE"},
+        {"hidden child",
+         {.style = WS_CHILD, .parent = parent},
+         "WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_SIZE, WM_MOVE, WM_PARENTNOTIFY"},
+        {"visible child",
+         {.style = WS_CHILD | WS_VISIBLE, .parent = parent},
+         "WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_SIZE, WM_MOVE, WM_PARENTNOTIFY, WM_SHOWWINDOW, "
+         "WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED"},
+    };
+    for (const Case& c : cases) {
+        SetActiveWindow(parent);
+        HWND hwnd = nullptr;
+        auto trace = Traced([&] { hwnd = Make(c.options); });
+        // Of the former window's messages only the parent's notification belongs here.
+        std::erase_if(trace,
+                      [&](const Message& m) { return m.hwnd != hwnd && m.message != WM_PARENTNOTIFY; });
+        EXPECT_EQ(Names(trace, c_paints), c.messages) << c.what;
+        DestroyWindow(hwnd);
+    }
+}
+
+TEST_F(WindowTest, DestructionGoesFromParentToChildrenAndBack)
+{
+    const HWND top = MakeTop();
+    const HWND child = MakeChild(top, {0, 0, 100, 100});
+    const HWND grandchild = MakeChild(child, {0, 0, 50, 50});
+    const auto trace = Traced([&] { DestroyWindow(top); });
+    EXPECT_EQ(Names(trace, {{top, 't'}, {child, 'c'}, {grandchild, 'g'}},
+                    {WM_DESTROY, WM_NCDESTROY, WM_SHOWWINDOW}),
+              "t:WM_DESTROY, c:WM_DESTROY, g:WM_DESTROY, g:WM_NCDESTROY, c:WM_NCDESTROY, t:WM_NCDESTROY");
+    EXPECT_FALSE(IsWindow(top) || IsWindow(child) || IsWindow(grandchild));
+}
+
+TEST_F(WindowTest, DestroyingAChildTellsTheParentAndHidesItFirst)
+{
+    const HWND top = MakeTop();
+    const HWND child = MakeChild(top, {0, 0, 100, 100});
+    SetFocus(child);
+    const auto trace = Traced([&] { DestroyWindow(child); });
+    EXPECT_EQ(
+        Names(trace, {{top, 't'}, {child, 'c'}},
+              {WM_PARENTNOTIFY, WM_SHOWWINDOW, WM_KILLFOCUS, WM_SETFOCUS, WM_DESTROY, WM_NCDESTROY}),
+        "t:WM_PARENTNOTIFY, c:WM_SHOWWINDOW, c:WM_KILLFOCUS, t:WM_SETFOCUS, c:WM_DESTROY, c:WM_NCDESTROY");
+    EXPECT_EQ(GetFocus(), top);
+}
+
+TEST_F(WindowTest, AWindowThatRefusesItsCreationIsGoneAtOnce)
+{
+    const HWND parent = MakeTop();
+    const Census before = Live();
+    std::vector<UINT> seen;
+    const auto refuseAt = [&](UINT refused, LRESULT answer) {
+        seen.clear();
+        return [&, refused, answer](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+            seen.push_back(message);
+            return message == refused ? std::optional<LRESULT>(answer) : std::nullopt;
+        };
+    };
+    EXPECT_EQ(Make({.style = WS_CHILD, .parent = parent}, refuseAt(WM_NCCREATE, FALSE)), nullptr);
+    EXPECT_EQ(seen, (std::vector<UINT>{WM_NCCREATE, WM_NCDESTROY}));
+    EXPECT_EQ(Make({.style = WS_CHILD, .parent = parent}, refuseAt(WM_CREATE, -1)), nullptr);
+    EXPECT_EQ(seen, (std::vector<UINT>{WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_DESTROY, WM_NCDESTROY}));
+    EXPECT_EQ(Live(), before);
+}
+
+TEST_F(WindowTest, WindowsMayDestroyThemselvesInAnyMessage)
+{
+    const HWND parent = MakeTop();
+    for (const UINT fatal :
+         {WM_CREATE, WM_SIZE, WM_SHOWWINDOW, WM_WINDOWPOSCHANGED, WM_ERASEBKGND, WM_NCPAINT}) {
+        const HWND hwnd = Make({.style = WS_CHILD | WS_VISIBLE, .parent = parent},
+                               [=](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+                                   if (message == fatal) {
+                                       DestroyWindow(self);
+                                       return 0;
+                                   }
+                                   return std::nullopt;
+                               });
+        EXPECT_EQ(hwnd, nullptr) << MessageName(fatal);
+        EXPECT_EQ(GetWindow(parent, GW_CHILD), nullptr) << MessageName(fatal);
+    }
+}
+
+TEST_F(WindowTest, CreationFailsForWhatCannotBe)
+{
+    struct Case
+    {
+        LPCWSTR className;
+        DWORD style;
+        HWND parent;
+        HMENU menu;
+        DWORD error;
+    };
+    const auto noWindow = reinterpret_cast<HWND>(0x77);
+    const Case cases[] = {
+        {L"NoSuchClass", WS_POPUP, nullptr, nullptr, ERROR_CANNOT_FIND_WND_CLASS},
+        {MAKEINTRESOURCEW(0), WS_POPUP, nullptr, nullptr, ERROR_CANNOT_FIND_WND_CLASS},
+        {L"STATIC", WS_CHILD, nullptr, nullptr, ERROR_TLW_WITH_WSCHILD},
+        {L"STATIC", WS_CHILD, noWindow, nullptr, ERROR_INVALID_WINDOW_HANDLE},
+        {L"STATIC", WS_POPUP, nullptr, reinterpret_cast<HMENU>(7), ERROR_INVALID_MENU_HANDLE},
+    };
+    for (const Case& c : cases) {
+        SetLastError(0);
+        EXPECT_EQ(
+            CreateWindowExW(0, c.className, nullptr, c.style, 0, 0, 9, 9, c.parent, c.menu, nullptr, nullptr),
+            nullptr);
+        EXPECT_EQ(GetLastError(), c.error);
+    }
+}
+
+TEST_F(WindowTest, ExtraBytesEndWhereTheClassEndsThem)
+{
+    const HWND hwnd = MakeTop();
+    EXPECT_EQ(SetWindowLongPtrW(hwnd, 0, 0x123456789ABCDEF0), 0);
+    EXPECT_EQ(SetWindowLongW(hwnd, 8, 7), 0);
+    EXPECT_EQ(GetWindowLongPtrW(hwnd, 0), 0x123456789ABCDEF0);
+    EXPECT_EQ(GetWindowLongW(hwnd, 8), 7);
+    SetLastError(0);
+    EXPECT_EQ(SetWindowLongPtrW(hwnd, 8, 1), 0); // twelve bytes have no pointer at eight
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_INDEX});
+    EXPECT_EQ(GetWindowLongW(hwnd, 8), 7);
+}
+
+TEST_F(WindowTest, AStyleChangesBetweenItsTwoMessagesAndTheFirstMayAlterIt)
+{
+    const HWND hwnd =
+        Make({.style = WS_POPUP}, [](HWND, UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
+            if (message == WM_STYLECHANGING) {
+                reinterpret_cast<STYLESTRUCT*>(lParam)->styleNew |= 0x10;
+                return 0;
+            }
+            return std::nullopt;
+        });
+    const auto former = GetWindowLongW(hwnd, GWL_STYLE);
+    const auto trace = Traced([&] { EXPECT_EQ(SetWindowLongA(hwnd, GWL_STYLE, former | 0x1), former); });
+    EXPECT_EQ(Names(trace), "WM_STYLECHANGING, WM_STYLECHANGED");
+    EXPECT_EQ(GetWindowLongW(hwnd, GWL_STYLE), former | 0x11);
+}
+
+TEST_F(WindowTest, MovingAndSizingReportJustWhatChanged)
+{
+    const HWND top = MakeTop();
+    const HWND child = MakeChild(top, {10, 20, 110, 70});
+    const auto change = [&](int x, int y, int cx, int cy, UINT flags) {
+        return Names(
+            Traced([&] { SetWindowPos(child, nullptr, x, y, cx, cy, flags | SWP_NOZORDER | SWP_NOACTIVATE); },
+                   child),
+            c_paints);
+    };
+    EXPECT_EQ(change(10, 20, 100, 50, 0), "WM_WINDOWPOSCHANGING");
+    EXPECT_EQ(change(11, 22, 0, 0, SWP_NOSIZE), "WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED, WM_MOVE");
+    EXPECT_EQ(change(0, 0, 90, 40, SWP_NOMOVE),
+              "WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_SIZE");
+    EXPECT_EQ(change(0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_FRAMECHANGED),
+              "WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED");
+    RECT r{};
+    GetWindowRect(child, &r);
+    EXPECT_EQ(r.left, 11);
+    EXPECT_EQ(r.top, 22);
+    EXPECT_EQ(r.right, 101);
+    EXPECT_EQ(r.bottom, 62);
+}
+
+TEST_F(WindowTest, ChildrenMoveWithTheirParentsClientArea)
+{
+    const HWND top = MakeTop({100, 100, 400, 300});
+    const HWND child = MakeChild(top, {10, 10, 60, 60});
+    const HWND inner = MakeChild(child, {5, 5, 20, 20});
+    MoveWindow(top, 120, 90, 300, 200, TRUE);
+    POINT p{};
+    ClientToScreen(inner, &p);
+    EXPECT_EQ(p.x, 135);
+    EXPECT_EQ(p.y, 105);
+    MapWindowPoints(nullptr, top, &p, 1);
+    EXPECT_EQ(p.x, 15);
+    EXPECT_EQ(p.y, 15);
+}
+
+TEST_F(WindowTest, TheFrameTakesItsRoomOffTheClientArea)
+{
+    RECT client{};
+    const HWND bordered = Make({.style = WS_POPUP | WS_BORDER | WS_VSCROLL, .place = {0, 0, 100, 100}});
+    GetClientRect(bordered, &client);
+    EXPECT_EQ(client.right, 100 - 2 * GetSystemMetrics(SM_CXBORDER) - GetSystemMetrics(SM_CXVSCROLL));
+    EXPECT_EQ(client.bottom, 100 - 2 * GetSystemMetrics(SM_CYBORDER));
+
+    RECT wanted = {0, 0, 200, 100};
+    AdjustWindowRectEx(&wanted, WS_OVERLAPPEDWINDOW, FALSE, 0);
+    const HWND framed = Make({.place = {0, 0, wanted.right - wanted.left, wanted.bottom - wanted.top}});
+    GetClientRect(framed, &client);
+    EXPECT_EQ(client.right, 200);
+    EXPECT_EQ(client.bottom, 100);
+}
+
+TEST_F(WindowTest, PlatformScrollBarsComeAndGoWithTheirRange)
+{
+    const HWND hwnd = Make({.style = WS_POPUP | WS_VISIBLE | WS_VSCROLL, .place = {0, 0, 100, 100}});
+    const auto set = [&](int max, UINT page, UINT more) {
+        const SCROLLINFO info{sizeof(info), SIF_RANGE | SIF_PAGE | more, 0, max, page, 0, 0};
+        return Names(Traced([&] { SetScrollInfo(hwnd, SB_VERT, &info, FALSE); }, hwnd), c_paints);
+    };
+    EXPECT_EQ(set(99, 10, 0), "");
+    EXPECT_EQ(set(9, 10, 0), "WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_SIZE");
+    EXPECT_EQ(GetWindowLongW(hwnd, GWL_STYLE) & WS_VSCROLL, 0);
+    EXPECT_NE(set(99, 10, 0), "");
+    EXPECT_NE(GetWindowLongW(hwnd, GWL_STYLE) & WS_VSCROLL, 0);
+    EXPECT_EQ(set(9, 10, SIF_DISABLENOSCROLL), "");
+
+    SCROLLINFO info{sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
+    set(50, 10, 0);
+    SetScrollPos(hwnd, SB_VERT, 1000, FALSE);
+    EXPECT_TRUE(GetScrollInfo(hwnd, SB_VERT, &info));
+    EXPECT_EQ(info.nPos, 41);
+    EXPECT_FALSE(GetScrollInfo(hwnd, SB_HORZ, &info)); // never set
+}
+
+TEST_F(WindowTest, RelationsTellParentsFromOwners)
+{
+    const HWND top = MakeTop();
+    const HWND child = MakeChild(top, {0, 0, 10, 10});
+    const HWND second = MakeChild(top, {20, 0, 30, 10});
+    const HWND popup = Make({.style = WS_POPUP, .parent = child});
+    EXPECT_EQ(GetParent(child), top);
+    EXPECT_EQ(GetParent(popup), top); // a popup is owned by the child's top-level window
+    EXPECT_EQ(GetAncestor(popup, GA_PARENT), GetDesktopWindow());
+    EXPECT_EQ(GetAncestor(child, GA_ROOT), top);
+    EXPECT_TRUE(IsChild(top, child));
+    EXPECT_FALSE(IsChild(top, popup));
+    EXPECT_EQ(GetWindow(top, GW_CHILD), child);
+    EXPECT_EQ(GetWindow(child, GW_HWNDNEXT), second);
+    SetParent(second, child);
+    EXPECT_EQ(GetParent(second), child);
+    DestroyWindow(top);
+    EXPECT_FALSE(IsWindow(popup)); // the owned go with their owner
+}
+
+TEST_F(WindowTest, GlobalClassesAreSeenFromEverywhereAndLocalOnesFromTheirModule)
+{
+    WNDCLASSEXW data{};
+    data.cbSize = sizeof(data);
+    data.lpfnWndProc = DefWindowProcW;
+    data.hInstance = LibraryModule();
+    data.lpszClassName = L"LocalOfLibrary";
+    ASSERT_NE(RegisterClassExW(&data), 0);
+    EXPECT_EQ(RegisterClassExW(&data), 0);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_CLASS_ALREADY_EXISTS});
+    data.lpszClassName = L"GlobalOfLibrary";
+    data.style = CS_GLOBALCLASS;
+    const ATOM atom = RegisterClassExW(&data);
+    ASSERT_NE(atom, 0);
+
+    const auto make = [](LPCWSTR name, HINSTANCE instance) {
+        return CreateWindowExW(0, name, nullptr, WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, instance, nullptr);
+    };
+    EXPECT_EQ(make(L"LocalOfLibrary", nullptr), nullptr);
+    EXPECT_NE(make(L"localoflibrary", LibraryModule()), nullptr);
+    EXPECT_NE(make(MAKEINTRESOURCEW(atom), nullptr), nullptr);
+    EXPECT_FALSE(UnregisterClassW(L"GlobalOfLibrary", LibraryModule())); // it has a window
+    Reset();
+    EXPECT_TRUE(UnregisterClassW(L"GlobalOfLibrary", LibraryModule()));
+    EXPECT_TRUE(UnregisterClassW(L"LocalOfLibrary", LibraryModule()));
+}
+
+TEST_F(WindowTest, DefaultTextIsKeptAndCutToTheBuffer)
+{
+    const HWND hwnd = Make({.style = WS_POPUP, .text = L"Gesso"});
+    wchar_t buffer[4];
+    EXPECT_EQ(GetWindowTextLengthW(hwnd), 5);
+    EXPECT_EQ(GetWindowTextW(hwnd, buffer, 4), 3);
+    EXPECT_EQ(std::memcmp(buffer, L"Ges", sizeof(buffer)), 0);
+}
+
+TEST_F(WindowTest, UiStateIsAskedForAtTheTopAndComesDownToAll)
+{
+    const HWND top = MakeTop();
+    const HWND child = MakeChild(top, {0, 0, 100, 100});
+    const HWND inner = MakeChild(child, {0, 0, 50, 50});
+    const WPARAM hide = MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS);
+    const auto names = [&](WPARAM change) {
+        return Names(Traced([&] { SendMessageW(inner, WM_CHANGEUISTATE, change, 0); }),
+                     {{top, 't'}, {child, 'c'}, {inner, 'i'}}, {WM_CHANGEUISTATE, WM_UPDATEUISTATE});
+    };
+    EXPECT_EQ(names(hide), "i:WM_CHANGEUISTATE, c:WM_CHANGEUISTATE, t:WM_CHANGEUISTATE, t:WM_UPDATEUISTATE, "
+                           "c:WM_UPDATEUISTATE, i:WM_UPDATEUISTATE");
+    EXPECT_EQ(SendMessageW(inner, WM_QUERYUISTATE, 0, 0), UISF_HIDEFOCUS);
+    EXPECT_EQ(names(hide), "i:WM_CHANGEUISTATE, c:WM_CHANGEUISTATE, t:WM_CHANGEUISTATE"); // nothing to change
+    const HWND later = MakeChild(top, {0, 0, 10, 10});
+    EXPECT_EQ(SendMessageW(later, WM_QUERYUISTATE, 0, 0), UISF_HIDEFOCUS);
+}
+
+} // namespace
