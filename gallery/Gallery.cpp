@@ -1,6 +1,7 @@
 #include <gallery/Fonts.h>
 #include <gallery/Gallery.h>
 #include <gallery/Layout.h>
+#include <gallery/Mnemonics.h>
 #include <gallery/Picture.h>
 
 #include <cstdio>
@@ -114,7 +115,10 @@ int Gallery::Run()
 {
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
-        if (!IsDialogMessageW(m_hwnd, &msg)) {
+        if (msg.message == WM_KEYDOWN && msg.wParam == VK_F12) {
+            AddLine(L"----"); // a place to find again
+        }
+        if (!PressMnemonic(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {
             TranslateMessage(&msg);
             DispatchMessageW(&msg);
         }

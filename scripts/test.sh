@@ -4,12 +4,12 @@
 #   scripts/test.sh [STEP...]
 #
 # Steps, all of them without an argument: style (formatting, layers), headless (the tests over the simulated
-# desktop, with sanitizers), windows (the same tests as a Windows program under Wine, and the DLL's imports).
-# Logs stay in build/logs.
+# desktop, with sanitizers), windows (the same tests as a Windows program under Wine, and the DLL's imports), e2e
+# (real mouse and keyboard input into the gallery). Logs stay in build/logs.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-ALL_STEPS=(style headless windows)
+ALL_STEPS=(style headless windows e2e)
 TEST_SECONDS=900 # for one test program
 LOGS=$BUILD/logs
 passed=0
@@ -115,6 +115,13 @@ imports_of_system_only() {
     [[ -n $imports ]] && ! grep -viE \
         '^(kernel32|user32|gdi32|uxtheme|usp10|comctl32|msvcrt|ole32|oleaut32|shell32|shlwapi|advapi32|imm32|msimg32|crypt32|cryptui)\.dll$' \
         <<<"$imports"
+}
+
+step_e2e() {
+    check "gallery build" build windows gallery || return
+    with_display
+    GESSO_WINE=$WINE GESSO_GALLERY=build/windows/bin/gallery.exe \
+        run_tests e2e timeout --kill-after=10 600 python3 tests/e2e/run.py
 }
 
 # --- The run
