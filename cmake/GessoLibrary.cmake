@@ -3,9 +3,11 @@ set(root ${PROJECT_SOURCE_DIR})
 set(generated ${PROJECT_BINARY_DIR}/include)
 
 # Installed hosts find the platform door under <gesso/platform/...>; forwarders give the tree the same paths.
-file(WRITE ${generated}/gesso/platform/platform.h "#include \"${root}/platform/platform.h\" // IWYU pragma: export\n")
-file(WRITE ${generated}/gesso/platform/headless/headless.h
-     "#include \"${root}/platform/headless/headless.h\" // IWYU pragma: export\n")
+file(RELATIVE_PATH platform_from_forwarder ${generated}/gesso/platform ${root}/platform)
+file(CONFIGURE OUTPUT ${generated}/gesso/platform/platform.h
+     CONTENT "#include \"${platform_from_forwarder}/platform.h\" // IWYU pragma: export\n")
+file(CONFIGURE OUTPUT ${generated}/gesso/platform/headless/headless.h
+     CONTENT "#include \"../${platform_from_forwarder}/headless/headless.h\" // IWYU pragma: export\n")
 
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${root}/gesso/*.cpp)
 if(WIN32)
