@@ -68,4 +68,24 @@ BOOL WINAPI UnionRect(LPRECT out, const RECT* a, const RECT* b)
     }
     return !IsRectEmpty(out);
 }
+
+BOOL WINAPI SubtractRect(LPRECT out, const RECT* from, const RECT* hole)
+{
+    RECT rest = *from;
+    RECT cut;
+    if (IntersectRect(&cut, from, hole)) {
+        const bool acrossX = cut.left == from->left && cut.right == from->right;
+        const bool acrossY = cut.top == from->top && cut.bottom == from->bottom;
+        // Only a cut from side to side leaves one rectangle.
+        if (acrossY) {
+            rest.left = cut.left == from->left ? cut.right : from->left;
+            rest.right = cut.left == from->left || cut.right != from->right ? from->right : cut.left;
+        } else if (acrossX) {
+            rest.top = cut.top == from->top ? cut.bottom : from->top;
+            rest.bottom = cut.top == from->top || cut.bottom != from->bottom ? from->bottom : cut.top;
+        }
+    }
+    *out = IsRectEmpty(&rest) ? RECT{} : rest;
+    return !IsRectEmpty(out);
+}
 }

@@ -160,9 +160,8 @@ int TextLines::Ellipsified(int width) const
 int TabWidth(UINT format, const DRAWTEXTPARAMS* params, int advance)
 {
     constexpr int c_defaultStop = 8;
-    const int asked =
-        format & DT_TABSTOP ? params ? params->iTabLength : static_cast<int>(format >> 8 & 0xFF) : 0;
-    return std::max(asked > 0 ? asked : c_defaultStop, 1) * advance;
+    return (format & DT_TABSTOP && params && params->iTabLength > 0 ? params->iTabLength : c_defaultStop) *
+           advance;
 }
 
 struct Measured
@@ -243,6 +242,14 @@ INT WINAPI DrawTextExW(HDC hdc, LPWSTR text, INT count, LPRECT rect, UINT format
 
 INT WINAPI DrawTextW(HDC hdc, LPCWSTR text, INT count, LPRECT rect, UINT format)
 {
+    // With DT_TABSTOP the second byte is the distance of the stops, and no flags.
+    constexpr UINT c_stopMask = 0xFF00;
+    DRAWTEXTPARAMS params{};
+    params.cbSize = sizeof(params);
+    if (format & DT_TABSTOP) {
+        params.iTabLength = static_cast<int>((format & c_stopMask) >> 8);
+        format &= ~c_stopMask;
+    }
     // Only DT_MODIFYSTRING writes to the text, and nothing is shortened here.
-    return DrawTextExW(hdc, const_cast<LPWSTR>(text), count, rect, format, nullptr);
+    return DrawTextExW(hdc, const_cast<LPWSTR>(text), count, rect, format, &params);
 }

@@ -161,7 +161,7 @@ HICON WINAPI CreateIconIndirect(PICONINFO info)
     return MakeObject<HICON, Icon>(width, height, SizeName(width, height));
 }
 
-HICON WINAPI CreateIcon(HINSTANCE, INT width, INT height, BYTE, BYTE, const BYTE*, const BYTE*)
+HICON WINAPI CreateIcon(HINSTANCE, INT width, INT height, BYTE, BYTE, LPCVOID, LPCVOID)
 {
     return FaultFires("CreateIcon") ? nullptr
                                     : MakeObject<HICON, Icon>(width, height, SizeName(width, height));

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-// The library's entry point; absent in a program that uses the platform alone.
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) __attribute__((weak));
+// The library's entry point.
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved);
 
 using namespace gesso::headless;
 
@@ -66,9 +66,7 @@ Module* FindByName(LPCWSTR name)
 }
 
 // The loader runs the library's entry point once, before the program starts.
-const bool s_attached = [] {
-    return !DllMain || DllMain(HandleOf(s_modules[1]), DLL_PROCESS_ATTACH, nullptr);
-}();
+const BOOL s_attached = DllMain(HandleOf(s_modules[1]), DLL_PROCESS_ATTACH, nullptr);
 
 } // namespace
 

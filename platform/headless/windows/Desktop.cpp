@@ -5,9 +5,6 @@
 #include "../core/Clock.h"
 #include "../gdi/DeviceContext.h"
 
-// The entry point of the library, which loading it would call.
-extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID);
-
 namespace gesso::headless {
 namespace {
 
@@ -34,12 +31,6 @@ Desktop FreshDesktop()
     return desktop;
 }
 
-void AttachLibraryOnce()
-{
-    static const BOOL s_attached = DllMain(LibraryModule(), DLL_PROCESS_ATTACH, nullptr);
-    static_cast<void>(s_attached);
-}
-
 void DestroyAllWindows()
 {
     while (!Root().children.empty()) {
@@ -58,7 +49,6 @@ Desktop& TheDesktop()
 void Reset()
 {
     ClearFaults();
-    AttachLibraryOnce();
     DestroyAllWindows();
     SetClipboardText("");
     while (!TheDesktop().timers.empty()) {
