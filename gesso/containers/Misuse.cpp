@@ -14,8 +14,7 @@ bool SetMisuseStops(bool fStop) noexcept
     return fFormer;
 }
 
-#if !defined(NDEBUG)
-void Misuse(const char* pszOperation) noexcept
+void StopOnMisuse(const char* pszOperation) noexcept
 {
     if (!s_fStop) {
         return;
@@ -23,6 +22,5 @@ void Misuse(const char* pszOperation) noexcept
     std::fprintf(stderr, "gesso: misuse of %s\n", pszOperation);
     std::abort();
 }
-#endif
 
 } // namespace gesso

@@ -12,11 +12,18 @@ namespace gesso {
 // Has no effect in release builds.
 GESSO_API bool SetMisuseStops(bool fStop) noexcept;
 
+// Stops the program, naming the operation, unless SetMisuseStops(false) was called. Every build of the
+// library has it, since the array template are compiled into hosts, and a debug host may use a release
+// library.
+GESSO_API void StopOnMisuse(const char* pszOperation) noexcept;
+
 #if defined(NDEBUG)
 inline void Misuse(const char*) noexcept {}
 #else
-// Stops the program, naming the operation, unless SetMisuseStops(false) was called.
-GESSO_API void Misuse(const char* pszOperation) noexcept;
+inline void Misuse(const char* pszOperation) noexcept
+{
+    StopOnMisuse(pszOperation);
+}
 #endif
 
 } // namespace gesso
