@@ -7,7 +7,7 @@
 // on to the next control) and WM_PRINTCLIENT.
 #pragma once
 
-#include <gesso/containers/Misuse.h>
+#include <gesso/containers/OString.h>
 #include <gesso/controls/ControlStyles.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/GWnd.h>
@@ -22,8 +22,6 @@ constexpr DWORD GLS_EMPTY = 0x8000;      // paint only the parent's background
 // What CalcSizeText is to leave free.
 constexpr DWORD GLC_FREEHEIGHT = 0x200; // any height; fail where it exceeds cyMax
 constexpr DWORD GLC_FREEWIDTH = 0x400;  // any width; fail where it exceeds cxMax
-
-template <class TYPE> class OString;
 
 class GESSO_API GLabel : public GWnd
 {
