@@ -1,9 +1,38 @@
-// Selections and modes of a device context that last for a scope.
+// Device contexts, and selections and modes of theirs, that last for a scope.
 #pragma once
 
 #include <gesso/api.h>
 
 namespace gesso {
+
+// A memory context like the screen.
+class MemoryContext
+{
+public:
+    MemoryContext() : m_hdc(CreateCompatibleDC(nullptr)) {}
+    ~MemoryContext() { DeleteDC(m_hdc); }
+    MemoryContext(const MemoryContext&) = delete;
+    MemoryContext& operator=(const MemoryContext&) = delete;
+    operator HDC() const { return m_hdc; }
+
+private:
+    HDC m_hdc;
+};
+
+// A window's context; the screen's for a null window.
+class WindowContext
+{
+public:
+    explicit WindowContext(HWND hwnd) : m_hWnd(hwnd), m_hdc(GetDC(hwnd)) {}
+    ~WindowContext() { ReleaseDC(m_hWnd, m_hdc); }
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+    operator HDC() const { return m_hdc; }
+
+private:
+    HWND m_hWnd;
+    HDC m_hdc;
+};
 
 // Selects an object; a null one selects nothing.
 class SelectScope

@@ -97,12 +97,16 @@ int ThemePart::AverageCharWidth() const
 
 RECT ThemePart::TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) const
 {
+    return TextExtent(psz, LengthOf(psz), uFormat, rcBounds);
+}
+
+RECT ThemePart::TextExtent(LPCWSTR psz, int nLength, UINT uFormat, const RECT& rcBounds) const
+{
     RECT rc = rcBounds;
-    if (FAILED(GetThemeTextExtent(m_hTheme, m_hdc, m_nPart, m_nState, psz, LengthOf(psz), uFormat, &rcBounds,
-                                  &rc)))
+    if (FAILED(GetThemeTextExtent(m_hTheme, m_hdc, m_nPart, m_nState, psz, nLength, uFormat, &rcBounds, &rc)))
     {
         rc = rcBounds;
-        DrawTextW(m_hdc, psz, LengthOf(psz), &rc, uFormat | DT_CALCRECT);
+        DrawTextW(m_hdc, psz, nLength, &rc, uFormat | DT_CALCRECT);
     }
     return rc;
 }

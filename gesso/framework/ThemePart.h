@@ -44,6 +44,8 @@ public:
     int AverageCharWidth() const;
     // The rectangle that the text takes, from the top left of rcBounds. uFormat as for DrawTextW.
     RECT TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) const;
+    // Of the first nLength characters.
+    RECT TextExtent(LPCWSTR psz, int nLength, UINT uFormat, const RECT& rcBounds) const;
     void DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
     // What the part's text is drawn in.
     COLORREF TextColor() const;
