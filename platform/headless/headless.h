@@ -77,6 +77,9 @@ void TypeKey(UINT vk, std::initializer_list<UINT> modifiers = {});
 // Types a text, character by character, in the American layout; what that layout lacks comes as VK_PACKET.
 void TypeText(std::string_view text);
 
+// Gives another program the foreground, as Alt+Tab would: this one's active window is active no longer.
+void SwitchAway();
+
 // Message loops and time
 // ---------------------------------------------------------------------------------------
 

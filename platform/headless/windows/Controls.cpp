@@ -67,13 +67,27 @@ LRESULT ButtonCode(HWND hwnd)
     }
 }
 
+void CheckAlone(HWND hwnd)
+{
+    const HWND dialog = GetParent(hwnd);
+    SendMessageW(hwnd, BM_SETCHECK, BST_CHECKED, 0);
+    const HWND first = GetNextDlgGroupItem(dialog, hwnd, FALSE);
+    HWND other = first;
+    do {
+        if (other != hwnd && KindOf(other) == BS_AUTORADIOBUTTON) {
+            SendMessageW(other, BM_SETCHECK, BST_UNCHECKED, 0);
+        }
+        other = GetNextDlgGroupItem(dialog, other, FALSE);
+    } while (other != first);
+}
+
 void Press(HWND hwnd)
 {
     const DWORD kind = KindOf(hwnd);
     if (kind == BS_AUTOCHECKBOX) {
         SendMessageW(hwnd, BM_SETCHECK, !SendMessageW(hwnd, BM_GETCHECK, 0, 0), 0);
     } else if (kind == BS_AUTORADIOBUTTON) {
-        SendMessageW(hwnd, BM_SETCHECK, BST_CHECKED, 0);
+        CheckAlone(hwnd);
     }
     const WORD id = LOWORD(GetDlgCtrlID(hwnd));
     SendMessageW(GetParent(hwnd), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), Pointer(hwnd));

@@ -1,0 +1,161 @@
+// The driver's own powers: queue and idle actions, accounting, faults, clipboard and caret.
+#include "TestWindow.h"
+
+#include <sstream>
+
+using namespace gesso::headless;
+using namespace gesso::headless::test;
+
+namespace {
+
+class DriverTest : public DesktopTest
+{};
+
+TEST_F(DriverTest, MessagesComeInTheOrderPostedInputPaintTimer)
+{
+    const HWND top = MakeTop({0, 0, 100, 100});
+    Pump();
+    SetTimer(top, 1, 10, nullptr);
+    StartTrace(top);
+    WhenIdle([] {}); // not reached: nothing waits here
+    InvalidateRect(top, nullptr, FALSE);
+    TypeKey(VK_LEFT);
+    PostMessageW(top, WM_USER, 0, 0);
+    Advance(10);
+    EXPECT_EQ(Names(StopTrace()), "WM_USER, WM_KEYDOWN, WM_KEYUP, WM_PAINT, WM_TIMER");
+}
+
+TEST_F(DriverTest, FiltersTakeOnlyTheirOwn)
+{
+    const HWND top = MakeTop({0, 0, 100, 100});
+    const HWND child = MakeChild(top, {0, 0, 10, 10});
+    const HWND other = MakeTop({200, 0, 300, 100});
+    Pump();
+    PostMessageW(other, WM_USER, 0, 0);
+    PostMessageW(child, WM_USER + 1, 0, 0);
+    PostMessageW(top, WM_USER + 2, 0, 0);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, top, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(message.hwnd, child);
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_USER + 2, WM_USER + 2, PM_REMOVE));
+    EXPECT_EQ(message.hwnd, top);
+    EXPECT_FALSE(PeekMessageW(&message, top, WM_USER, WM_USER, PM_REMOVE));
+    DestroyWindow(child);
+    EXPECT_FALSE(PeekMessageW(&message, top, WM_USER, WM_USER + 2, PM_REMOVE)); // its message went with it
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(message.hwnd, other);
+}
+
+TEST_F(DriverTest, QuitComesAfterWhatIsPostedAndEndsAPump)
+{
+    const HWND top = MakeTop();
+    Pump();
+    PostQuitMessage(5);
+    PostMessageW(top, WM_USER, 0, 0);
+    const auto trace = Traced([] { EXPECT_FALSE(Pump()); }, top);
+    EXPECT_EQ(Names(trace), "WM_USER");
+    EXPECT_TRUE(trace[0].posted);
+    EXPECT_TRUE(Pump());
+    PostQuitMessage(5);
+    Advance(100); // leaves it to the loop that it is meant for
+    MSG message{};
+    EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.wParam, 5U);
+}
+
+TEST_F(DriverTest, IdleActionsDriveALoopAndAForgottenLoopIsEnded)
+{
+    const HWND top = MakeTop();
+    std::string order;
+    WhenIdle([&] {
+        order += "a";
+        PostMessageW(top, WM_USER, 0, 0);
+    });
+    WhenIdle([&] { order += "b"; });
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0)) {
+        order += message.message == WM_USER ? "m" : "";
+        DispatchMessageW(&message);
+    }
+    EXPECT_EQ(order, "amb");
+    EXPECT_TRUE(Deadlocked());
+    Reset();
+    EXPECT_FALSE(Deadlocked());
+}
+
+TEST_F(DriverTest, TheCensusCountsAndNamesWhatLives)
+{
+    const Census before = Live();
+    MakeTop();
+    SetTimer(nullptr, 0, 10, nullptr);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 4);
+    Census expected = before;
+    ++expected.counts[static_cast<size_t>(Kind::Window)];
+    ++expected.counts[static_cast<size_t>(Kind::Timer)];
+    ++expected.counts[static_cast<size_t>(Kind::GlobalMemory)];
+    EXPECT_EQ(Live(), expected);
+    GlobalFree(block);
+    Reset();
+    EXPECT_EQ(Live(), before);
+
+    std::ostringstream out;
+    Census some;
+    some.counts[static_cast<size_t>(Kind::Window)] = 2;
+    some.counts[static_cast<size_t>(Kind::Pen)] = 1;
+    out << some << "; " << Census{};
+    EXPECT_EQ(out.str(), "2 windows, 1 pens; nothing");
+}
+
+TEST_F(DriverTest, AFaultFiresAsOftenAsOrderedAfterWhatItSkips)
+{
+    Fail("CreateWindowExW", 2, ERROR_ACCESS_DENIED, 1);
+    std::string outcome;
+    for (int i = 0; i < 4; ++i) {
+        SetLastError(0);
+        const bool made = Make({.style = WS_POPUP}) != nullptr;
+        outcome += made ? "+" : GetLastError() == ERROR_ACCESS_DENIED ? "-" : "?";
+    }
+    EXPECT_EQ(outcome, "+--+");
+    Fail("SetTimer", 100);
+    EXPECT_EQ(SetTimer(nullptr, 0, 10, nullptr), 0U);
+    Reset();
+    EXPECT_NE(SetTimer(nullptr, 0, 10, nullptr), 0U);
+}
+
+TEST_F(DriverTest, TheClipboardOwnsWhatItIsGiven)
+{
+    SetClipboardText("a\xC3\xA4");
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EXPECT_FALSE(OpenClipboard(nullptr));
+    const auto* text = static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+    EXPECT_EQ(text[1], 0xE4);
+    EXPECT_EQ(text[2], 0);
+    EmptyClipboard();
+    EXPECT_EQ(Live()[Kind::GlobalMemory], 0);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 2 * sizeof(wchar_t));
+    std::memcpy(GlobalLock(block), L"b", 2 * sizeof(wchar_t));
+    SetClipboardData(CF_UNICODETEXT, block);
+    CloseClipboard();
+    EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, block), nullptr); // it is closed
+    EXPECT_EQ(ClipboardText(), "b");
+}
+
+TEST_F(DriverTest, TheCaretIsHiddenAsOftenAsItMustBeShown)
+{
+    const HWND top = MakeTop();
+    CreateCaret(top, nullptr, 0, 16);
+    EXPECT_FALSE(Caret().visible);
+    SetCaretPos(5, 6);
+    ShowCaret(top);
+    EXPECT_TRUE(Caret().visible);
+    EXPECT_EQ(Caret().position.x, 5);
+    EXPECT_EQ(Caret().size.cx, 1);
+    HideCaret(top);
+    HideCaret(top);
+    ShowCaret(top);
+    EXPECT_FALSE(Caret().visible);
+    DestroyWindow(top);
+    EXPECT_EQ(Caret().hwnd, nullptr);
+}
+
+} // namespace

@@ -1,0 +1,368 @@
+// Dialog boxes of the simulated desktop: templates, the keyboard, and the modal loop.
+#include "TestWindow.h"
+
+using namespace gesso::headless;
+using namespace gesso::headless::test;
+
+namespace {
+
+struct Item
+{
+    DWORD style;
+    WORD id;
+    const wchar_t* className;
+    const wchar_t* text;
+    std::vector<BYTE> data{};
+    DWORD exStyle = 0;
+};
+
+// Writes a template into memory, in the plain or in the extended form.
+class TemplateWriter
+{
+public:
+    explicit TemplateWriter(bool extended) : m_extended(extended) {}
+
+    const DLGTEMPLATE* Write(DWORD style, const std::vector<Item>& items)
+    {
+        if (m_extended) {
+            Put<WORD>(1);
+            Put<WORD>(0xFFFF);
+            Put<DWORD>(0);
+        }
+        PutStyles(style, 0);
+        Put<WORD>(static_cast<WORD>(items.size()));
+        PutPlace(10, 10, 200, 100);
+        Put<WORD>(0);
+        Put<WORD>(0);
+        PutText(L"Title");
+        if (style & DS_SETFONT) {
+            Put<WORD>(9);
+            if (m_extended) {
+                Put<WORD>(FW_BOLD);
+                Put<WORD>(0);
+            }
+            PutText(L"Segoe UI");
+        }
+        for (const Item& item : items) {
+            PutItem(item);
+        }
+        return reinterpret_cast<const DLGTEMPLATE*>(m_bytes.data());
+    }
+
+private:
+    template <typename T> void Put(T value)
+    {
+        const auto* bytes = reinterpret_cast<const BYTE*>(&value);
+        m_bytes.insert(m_bytes.end(), bytes, bytes + sizeof(T));
+    }
+
+    void PutText(const wchar_t* text)
+    {
+        for (; *text; ++text) {
+            Put(*text);
+        }
+        Put<WORD>(0);
+    }
+
+    void PutStyles(DWORD style, DWORD exStyle)
+    {
+        Put(m_extended ? exStyle : style);
+        Put(m_extended ? style : exStyle);
+    }
+
+    void PutPlace(short x, short y, short cx, short cy)
+    {
+        for (const short number : {x, y, cx, cy}) {
+            Put(number);
+        }
+    }
+
+    void PutItem(const Item& item)
+    {
+        m_bytes.resize((m_bytes.size() + 3) / 4 * 4);
+        if (m_extended) {
+            Put<DWORD>(0);
+        }
+        PutStyles(item.style, item.exStyle);
+        PutPlace(4, 8, 40, 16);
+        if (m_extended) {
+            Put<DWORD>(item.id);
+        } else {
+            Put<WORD>(item.id);
+        }
+        PutText(item.className);
+        PutText(item.text);
+        // The plain form counts the size itself, the extended one what follows it.
+        const size_t counted = item.data.empty() ? 0 : item.data.size() + (m_extended ? 0 : sizeof(WORD));
+        Put(static_cast<WORD>(counted));
+        m_bytes.insert(m_bytes.end(), item.data.begin(), item.data.end());
+    }
+
+    bool m_extended;
+    std::vector<BYTE> m_bytes;
+};
+
+using Procedure = std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)>;
+Procedure s_procedure;
+std::vector<WORD> s_commands;
+
+INT_PTR CALLBACK DialogProcedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_COMMAND) {
+        s_commands.push_back(LOWORD(wParam));
+    }
+    return s_procedure ? s_procedure(hwnd, message, wParam, lParam) : message == WM_INITDIALOG;
+}
+
+constexpr DWORD c_box = WS_POPUP | WS_VISIBLE | WS_CAPTION | DS_SETFONT;
+constexpr DWORD c_shown = WS_CHILD | WS_VISIBLE;
+constexpr DWORD c_tab = c_shown | WS_TABSTOP;
+
+class DialogTest : public DesktopTest
+{
+protected:
+    void SetUp() override
+    {
+        DesktopTest::SetUp();
+        s_procedure = nullptr;
+        s_commands.clear();
+    }
+
+    HWND Create(const std::vector<Item>& items, DWORD style = c_box, bool extended = true,
+                HWND owner = nullptr)
+    {
+        TemplateWriter writer(extended);
+        m_dialog =
+            CreateDialogIndirectParamW(HostModule(), writer.Write(style, items), owner, DialogProcedure, 42);
+        Pump(m_dialog);
+        return m_dialog;
+    }
+
+    int FocusAfter(UINT vk, std::initializer_list<UINT> modifiers = {})
+    {
+        TypeKey(vk, modifiers);
+        Pump(m_dialog);
+        return GetDlgCtrlID(GetFocus());
+    }
+
+    bool IsDefault(int id) const
+    {
+        return (SendDlgItemMessageW(m_dialog, id, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
+    }
+
+    HWND m_dialog = nullptr;
+};
+
+TEST_F(DialogTest, BothFormsOfTemplateMakeTheSameDialog)
+{
+    for (const bool extended : {false, true}) {
+        std::vector<std::string> seen;
+        s_procedure = [&](HWND, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+            if (message == WM_INITDIALOG) {
+                seen.push_back("init " + std::to_string(GetDlgCtrlID(reinterpret_cast<HWND>(wParam))) + " " +
+                               std::to_string(lParam));
+            }
+            return message == WM_INITDIALOG;
+        };
+        const HWND dialog = Create({{c_shown, 1, L"STATIC", L"Label"},
+                                    {c_tab, 2, L"EDIT", L"Field", {1, 2, 3, 4}},
+                                    {c_tab, 3, L"BUTTON", L"Button"}},
+                                   c_box, extended);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(seen, std::vector<std::string>{"init 2 42"});
+        wchar_t text[16];
+        EXPECT_EQ(GetDlgItemTextW(dialog, 3, text, 16), 6U);
+        RECT expected = {4, 8, 44, 24};
+        MapDialogRect(dialog, &expected);
+        RECT r{};
+        GetWindowRect(GetDlgItem(dialog, 2), &r);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&r), 2);
+        EXPECT_TRUE(EqualRect(&r, &expected));
+        LOGFONTW font{};
+        GetObjectW(reinterpret_cast<HFONT>(SendDlgItemMessageW(dialog, 2, WM_GETFONT, 0, 0)), sizeof(font),
+                   &font);
+        EXPECT_EQ(font.lfHeight, -12);
+        EXPECT_EQ(font.lfWeight, extended ? FW_BOLD : FW_NORMAL);
+        DestroyWindow(dialog);
+    }
+}
+
+TEST_F(DialogTest, CreationDataIsHandedOverWithItsSizeInFront)
+{
+    static std::vector<std::vector<BYTE>> s_got;
+    s_got.clear();
+    const WNDPROC procedure = [](HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message == WM_NCCREATE) {
+            const auto* data =
+                static_cast<const BYTE*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+            s_got.emplace_back(data, data ? data + 2 + 3 : nullptr);
+        }
+        return DefWindowProcW(hwnd, message, wParam, lParam);
+    };
+    const WNDCLASSW data{0, procedure, 0, 0, HostModule(), nullptr, nullptr, nullptr, nullptr, L"TakesData"};
+    RegisterClassW(&data);
+    Create({{c_shown, 1, L"TakesData", L"", {7, 8, 9}}, {c_shown, 2, L"TakesData", L""}});
+    ASSERT_EQ(s_got.size(), 2U);
+    EXPECT_EQ(s_got[0], (std::vector<BYTE>{3, 0, 7, 8, 9}));
+    EXPECT_TRUE(s_got[1].empty());
+    DestroyWindow(m_dialog);
+    UnregisterClassW(L"TakesData", HostModule());
+}
+
+TEST_F(DialogTest, TabGoesRoundTheUsableStopsAndIntoControlParents)
+{
+    Create({{c_tab, 1, L"EDIT", L""},
+            {c_shown, 2, L"EDIT", L""},
+            {c_tab | WS_DISABLED, 3, L"EDIT", L""},
+            {c_shown, 4, L"STATIC", L"", {}, WS_EX_CONTROLPARENT},
+            {c_tab, 5, L"BUTTON", L""}});
+    const HWND inner = CreateWindowExW(0, L"EDIT", nullptr, c_tab, 0, 0, 5, 5, GetDlgItem(m_dialog, 4),
+                                       reinterpret_cast<HMENU>(44), nullptr, nullptr);
+    ASSERT_NE(inner, nullptr);
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), 1); // the program left it to the platform
+    EXPECT_EQ(FocusAfter(VK_TAB), 44);
+    EXPECT_EQ(FocusAfter(VK_TAB), 5);
+    EXPECT_EQ(FocusAfter(VK_TAB), 1);
+    EXPECT_EQ(FocusAfter(VK_TAB, {VK_SHIFT}), 5);
+    EXPECT_EQ(SendMessageW(m_dialog, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0); // the keyboard is in use
+}
+
+TEST_F(DialogTest, ArrowsStayInTheGroupAndSelectAutomaticRadioButtons)
+{
+    const DWORD radio = c_shown | BS_AUTORADIOBUTTON;
+    Create({{radio | WS_TABSTOP | WS_GROUP, 1, L"BUTTON", L""},
+            {radio, 2, L"BUTTON", L""},
+            {radio, 3, L"BUTTON", L""},
+            {c_tab | WS_GROUP, 4, L"BUTTON", L""}});
+    EXPECT_EQ(FocusAfter(VK_DOWN), 2);
+    EXPECT_EQ(IsDlgButtonChecked(m_dialog, 2), UINT{BST_CHECKED});
+    EXPECT_EQ(FocusAfter(VK_RIGHT), 3);
+    EXPECT_EQ(FocusAfter(VK_DOWN), 1);
+    EXPECT_EQ(FocusAfter(VK_UP), 3);
+    EXPECT_EQ(s_commands, (std::vector<WORD>{2, 3, 1, 3}));
+}
+
+TEST_F(DialogTest, TheDefaultFollowsTheFocusAmongButtonsAndComesBack)
+{
+    Create({{c_tab, 1, L"EDIT", L""},
+            {c_tab | BS_DEFPUSHBUTTON, 2, L"BUTTON", L""},
+            {c_tab, 3, L"BUTTON", L""}});
+    EXPECT_TRUE(IsDefault(2));
+    FocusAfter(VK_TAB, {VK_SHIFT});
+    EXPECT_TRUE(IsDefault(3));
+    EXPECT_FALSE(IsDefault(2));
+    FocusAfter(VK_RETURN);
+    FocusAfter(VK_TAB);
+    EXPECT_TRUE(IsDefault(2));
+    EXPECT_FALSE(IsDefault(3));
+    FocusAfter(VK_RETURN);
+    SendMessageW(m_dialog, DM_SETDEFID, 3, 0);
+    EXPECT_TRUE(IsDefault(3));
+    EXPECT_EQ(SendMessageW(m_dialog, DM_GETDEFID, 0, 0), MAKELONG(3, DC_HASDEFID));
+    FocusAfter(VK_RETURN);
+    EnableWindow(GetDlgItem(m_dialog, 3), FALSE);
+    FocusAfter(VK_RETURN); // a disabled default does nothing
+    FocusAfter(VK_ESCAPE);
+    EXPECT_EQ(s_commands, (std::vector<WORD>{3, 2, 3, IDCANCEL}));
+}
+
+TEST_F(DialogTest, AMnemonicPressesAButtonOrLeadsFromALabelToItsField)
+{
+    Create({{c_tab, 1, L"BUTTON", L"&Go"},
+            {c_shown, 2, L"STATIC", L"R && &Name"},
+            {c_tab, 3, L"EDIT", L""},
+            {c_tab | WS_DISABLED, 4, L"BUTTON", L"&Xtra"}});
+    FocusAfter('X', {VK_MENU});
+    EXPECT_TRUE(s_commands.empty());
+    EXPECT_EQ(FocusAfter('N', {VK_MENU}), 3);
+    FocusAfter('G'); // the field wants characters
+    EXPECT_TRUE(s_commands.empty());
+    FocusAfter('G', {VK_MENU});
+    EXPECT_EQ(s_commands, std::vector<WORD>{1});
+    SetFocus(GetDlgItem(m_dialog, 1));
+    FocusAfter('G'); // a button wants none, so that the bare letter does it
+    EXPECT_EQ(s_commands, (std::vector<WORD>{1, 1}));
+}
+
+TEST_F(DialogTest, TheFocusIsKeptWhileAnotherWindowIsActive)
+{
+    Create({{c_tab, 1, L"EDIT", L""}, {c_tab, 2, L"EDIT", L""}});
+    SetFocus(GetDlgItem(m_dialog, 2));
+    const HWND other = MakeTop();
+    EXPECT_EQ(GetFocus(), other);
+    SetActiveWindow(m_dialog);
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), 2);
+}
+
+TEST_F(DialogTest, AModalDialogDisablesItsOwnerAndGivesItBack)
+{
+    const HWND owner = MakeTop();
+    const HWND child = MakeChild(owner, {0, 0, 10, 10});
+    TemplateWriter writer(true);
+    const auto* source = writer.Write(c_box, {{c_tab, IDOK, L"BUTTON", L"OK"}});
+    std::string during;
+    s_procedure = [](HWND hwnd, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        if (message == WM_COMMAND) {
+            EndDialog(hwnd, 100 + LOWORD(wParam));
+        }
+        return message == WM_INITDIALOG;
+    };
+    WhenIdle([&] {
+        const HWND dialog = GetActiveWindow();
+        during += IsWindowEnabled(owner) ? "enabled " : "disabled ";
+        during += GetWindow(dialog, GW_OWNER) == owner && IsWindowVisible(dialog) ? "shown" : "hidden";
+        TypeKey(VK_RETURN);
+    });
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source, child, DialogProcedure, 0), 100 + IDOK);
+    EXPECT_EQ(during, "disabled shown");
+    EXPECT_TRUE(IsWindowEnabled(owner));
+    EXPECT_EQ(GetActiveWindow(), owner);
+    EXPECT_EQ(TopLevelWindows().size(), 1U);
+    EXPECT_FALSE(Deadlocked());
+}
+
+TEST_F(DialogTest, AModalDialogEndsWithQuitWhichGoesOnToTheOuterLoop)
+{
+    TemplateWriter writer(true);
+    const auto* source = writer.Write(c_box, {});
+    WhenIdle([] { PostQuitMessage(3); });
+    DialogBoxIndirectParamW(HostModule(), source, nullptr, DialogProcedure, 0);
+    EXPECT_TRUE(TopLevelWindows().empty());
+    EXPECT_FALSE(Pump());
+}
+
+TEST_F(DialogTest, ADialogMayEndAtItsStartAndOneThatCannotBeMadeSaysSo)
+{
+    TemplateWriter writer(true);
+    s_procedure = [](HWND hwnd, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        return message == WM_INITDIALOG && EndDialog(hwnd, 9);
+    };
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), writer.Write(c_box, {}), nullptr, DialogProcedure, 0), 9);
+
+    const HWND owner = MakeTop();
+    TemplateWriter broken(true);
+    const auto* source = broken.Write(c_box, {{c_tab, 1, L"BUTTON", L""}, {c_tab, 2, L"NoSuchClass", L""}});
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source, owner, DialogProcedure, 0), -1);
+    EXPECT_TRUE(IsWindowEnabled(owner));
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), nullptr, owner, DialogProcedure, 0), -1);
+    Fail("DialogBoxIndirectParamW", 1, ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source, owner, DialogProcedure, 0), -1);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_NOT_ENOUGH_MEMORY});
+}
+
+TEST_F(DialogTest, ADialogAnswersByItsResultOrByMsgResult)
+{
+    Create({{c_tab, 1, L"BUTTON", L""}});
+    s_procedure = [](HWND hwnd, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        SetWindowLongPtrW(hwnd, DWLP_MSGRESULT, 77);
+        return message == WM_USER || message == WM_CTLCOLORDLG ? 5 : FALSE;
+    };
+    EXPECT_EQ(SendMessageW(m_dialog, WM_USER, 0, 0), 77);
+    EXPECT_EQ(SendMessageW(m_dialog, WM_CTLCOLORDLG, 0, 0), 5);
+    s_procedure = nullptr;
+    PostMessageW(m_dialog, WM_CLOSE, 0, 0);
+    Pump(m_dialog);
+    EXPECT_EQ(s_commands, std::vector<WORD>{IDCANCEL});
+}
+
+} // namespace
