@@ -40,6 +40,7 @@ public:
         m_fOwner = value != VALUE();
     }
 
+    VALUE operator->() const noexcept { return m_value; }
     operator VALUE() const noexcept { return m_value; }
 
 private:

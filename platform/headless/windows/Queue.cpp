@@ -43,7 +43,9 @@ bool TakeQuit(bool remove, MSG& message)
 bool Take(const Filter& filter, bool remove, bool takeQuit, MSG& message)
 {
     return TakePosted(filter, remove, message) || (takeQuit && TakeQuit(remove, message)) ||
-           TakeInput(filter, remove, message) || TakePaint(filter, message) ||
+           TakeInput(filter, remove, message) ||
+           // Input that found no window may yet have told a window that the pointer left it.
+           TakePosted(filter, remove, message) || TakePaint(filter, message) ||
            TakeTimer(filter, remove, message);
 }
 

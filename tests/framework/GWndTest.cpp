@@ -1,0 +1,296 @@
+// How objects and windows find each other and part again, seen through GButton and GLabel.
+
+#include "../support/Host.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+using test::Host;
+using test::TextOf;
+
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
+
+// Shows the state bits, and tells when it is destroyed.
+class ProbeButton : public GButton
+{
+public:
+    ~ProbeButton() override
+    {
+        if (pfDestroyed) {
+            *pfDestroyed = true;
+        }
+    }
+    DWORD State() const { return m_dwState; }
+    bool* pfDestroyed = nullptr;
+};
+
+class GWndTest : public testing::Test
+{
+protected:
+    void SetUp() override { InitControls(); }
+
+    HWND Make(GButton& button, LPCWSTR pszText = L"Text")
+    {
+        return button.Create(10, 10, 100, 30, host, 7, pszText, 0, CHILD);
+    }
+
+    Host host;
+};
+
+TEST_F(GWndTest, ObjectFirstKeepsTheObjectTheCreators)
+{
+    bool fDestroyed = false;
+    {
+        ProbeButton button;
+        button.pfDestroyed = &fDestroyed;
+        const HWND hwnd = Make(button);
+        ASSERT_TRUE(hwnd);
+        EXPECT_EQ(button.GetHwnd(), hwnd);
+        EXPECT_EQ(static_cast<HWND>(button), hwnd);
+        EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
+        EXPECT_EQ(button.GetParent(), host.Window());
+        EXPECT_EQ(GetDlgCtrlID(hwnd), 7);
+        EXPECT_EQ(button.State(), GWS_HIDEFOCUS | GWS_HIDEACCEL);
+        EXPECT_EQ(GetWindowLongW(hwnd, 8), 0);
+        EXPECT_EQ(button.GetFont(), g_hDefaultFont);
+        EXPECT_TRUE(DestroyWindow(hwnd));
+        EXPECT_FALSE(fDestroyed);
+        EXPECT_EQ(button.GetTextLength(), 0) << "the text goes with the window";
+    }
+    EXPECT_TRUE(fDestroyed);
+}
+
+TEST_F(GWndTest, WindowFirstMakesAndDeletesItsOwnObject)
+{
+    const wchar_t data[] = L"\x0001"
+                           L"From the template";
+    const HWND hwnd = CreateWindowExW(0, L"GButton", L"a title that does not count", CHILD, 0, 0, 80, 20,
+                                      host, reinterpret_cast<HMENU>(9), nullptr, const_cast<wchar_t*>(data));
+    ASSERT_TRUE(hwnd);
+    EXPECT_TRUE(dynamic_cast<GButton*>(GWnd::FromHwnd(hwnd)));
+    EXPECT_EQ(GetWindowLongW(hwnd, 8) & 1, 1);
+    EXPECT_EQ(TextOf(hwnd), "From the template");
+    EXPECT_TRUE(DestroyWindow(hwnd));
+    EXPECT_EQ(GWnd::FromHwnd(hwnd), nullptr);
+}
+
+TEST_F(GWndTest, WindowFirstWithoutCreationDataHasAnEmptyText)
+{
+    for (const wchar_t* pszClass : {L"GButton", L"GLabel"}) {
+        const HWND hwnd =
+            CreateWindowExW(0, pszClass, L"title", CHILD, 0, 0, 80, 20, host, nullptr, nullptr, nullptr);
+        ASSERT_TRUE(hwnd);
+        EXPECT_EQ(TextOf(hwnd), "");
+        DestroyWindow(hwnd);
+    }
+}
+
+TEST_F(GWndTest, DeletingAnObjectLeavesItsWindowWithoutOne)
+{
+    auto* pButton = new GButton;
+    const HWND hwnd = Make(*pButton);
+    pButton->Delete(pButton);
+    ASSERT_TRUE(IsWindow(hwnd));
+    SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
+    SendMessageW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"nobody's"));
+    UpdateWindow(hwnd);
+    EXPECT_TRUE(DestroyWindow(hwnd));
+}
+
+TEST_F(GWndTest, SecondCreateMovesTheObjectToTheNewWindow)
+{
+    GButton button;
+    const HWND hwndFirst = Make(button, L"first");
+    const HWND hwndSecond = Make(button, L"second");
+    ASSERT_TRUE(hwndSecond);
+    EXPECT_NE(hwndFirst, hwndSecond);
+    EXPECT_EQ(button.GetHwnd(), hwndSecond);
+    UpdateWindow(hwndFirst);
+    DestroyWindow(hwndFirst);
+    EXPECT_EQ(TextOf(hwndSecond), "second");
+    DestroyWindow(hwndSecond);
+
+    const HWND hwndThird = Make(button, L"third");
+    EXPECT_EQ(TextOf(hwndThird), "third");
+    DestroyWindow(hwndThird);
+}
+
+TEST_F(GWndTest, CopiesShareAndOwnNothing)
+{
+    GButton button;
+    const HWND hwnd = Make(button, L"shared");
+    {
+        GButton copy(button);
+        EXPECT_EQ(copy.GetHwnd(), hwnd);
+        EXPECT_EQ(copy.GetTextLength(), 6);
+        GButton assigned;
+        assigned = copy;
+        assigned.SetText(L"its own");
+        EXPECT_EQ(assigned.GetTextLength(), 7);
+    }
+    EXPECT_EQ(TextOf(hwnd), "shared");
+    EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, WithoutAWindowOperationsDoNothing)
+{
+    RECT rcUpdate{};
+    GButton button;
+    ValidateRect(host, nullptr);
+    button.Invalidate(1);
+    button.SetText(L"kept");
+    EXPECT_FALSE(GetUpdateRect(host, &rcUpdate, FALSE)) << "a null window must not mean all windows";
+    RECT rc{1, 2, 3, 4};
+    EXPECT_EQ(button.GetPos(&rc), 0);
+    EXPECT_EQ(rc.right, 3);
+    EXPECT_EQ(button.MoveWindow(0, 0, 10, 10), 0);
+    EXPECT_EQ(button.SetVisible(1), 0);
+    EXPECT_EQ(button.GetParent(), nullptr);
+    EXPECT_EQ(button.Destroy(), 0);
+    EXPECT_EQ(button.GetTextLength(), 4);
+}
+
+TEST_F(GWndTest, CreateThatFailsGivesNullAndCanBeRepeated)
+{
+    GButton button;
+    EXPECT_EQ(button.Create(0, 0, 10, 10, nullptr, 1, L"child without a parent", 0, WS_CHILD), nullptr);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_TLW_WITH_WSCHILD)) << "the wrapped call's own error";
+    EXPECT_EQ(button.GetHwnd(), nullptr);
+    const HWND hwnd = Make(button, L"second try");
+    EXPECT_EQ(TextOf(hwnd), "second try");
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, PositionAndVisibility)
+{
+    GButton button;
+    const HWND hwnd = Make(button);
+    button.MoveWindow(20, 30, 60, 25);
+    RECT rcHost{}, rc{};
+    GetWindowRect(host, &rcHost);
+    button.GetPos(&rc);
+    EXPECT_EQ(rc.left - rcHost.left, 20);
+    EXPECT_EQ(rc.top - rcHost.top, 30);
+    EXPECT_EQ(rc.right - rc.left, 60);
+    EXPECT_EQ(rc.bottom - rc.top, 25);
+    EXPECT_NE(button.SetVisible(0), 0);
+    EXPECT_FALSE(IsWindowVisible(hwnd));
+    EXPECT_EQ(button.SetVisible(1), 0);
+    EXPECT_TRUE(IsWindowVisible(hwnd));
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, TextGoesInAndOutWithTheStatedCounts)
+{
+    GButton button;
+    const HWND hwnd = Make(button, L"hello");
+    wchar_t buffer[16];
+    const auto get = [&](WPARAM nCapacity) {
+        wmemset(buffer, L'#', 16);
+        return SendMessageW(hwnd, WM_GETTEXT, nCapacity, reinterpret_cast<LPARAM>(buffer));
+    };
+    EXPECT_EQ(get(6), 5);
+    EXPECT_EQ(test::Narrow(buffer), "hello");
+    EXPECT_EQ(get(5), 5) << "a truncated text answers with the capacity";
+    EXPECT_EQ(test::Narrow(buffer), "hell");
+    EXPECT_EQ(get(1), 1);
+    EXPECT_EQ(test::Narrow(buffer), "");
+    EXPECT_EQ(get(0), 0);
+    EXPECT_EQ(buffer[0], L'#');
+
+    int nLength = 5;
+    EXPECT_EQ(button.GetText(buffer, &nLength), 0);
+    EXPECT_EQ(nLength, 6);
+    EXPECT_EQ(button.GetText(buffer, &nLength), 1);
+    EXPECT_EQ(nLength, 5);
+    EXPECT_EQ(SendMessageW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"next")), 1);
+    EXPECT_EQ(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(button.SetText(nullptr), 1);
+    EXPECT_EQ(TextOf(hwnd), "");
+    nLength = -1;
+    EXPECT_EQ(button.GetText(buffer, &nLength), 0);
+    EXPECT_EQ(button.GetText(nullptr, nullptr), 0);
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, SetTextWithTheControlsOwnText)
+{
+    class Exposed : public GButton
+    {
+    public:
+        LPCWSTR Own() const { return m_pszText; }
+    } button;
+    const HWND hwnd = Make(button, L"my own");
+    button.SetText(button.Own() + 3);
+    EXPECT_EQ(TextOf(hwnd), "own");
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, UiStateFollowsThePlatformsActions)
+{
+    ProbeButton button;
+    const HWND hwnd = Make(button);
+    struct
+    {
+        WORD action, state;
+        DWORD after;
+    } const steps[] = {
+        {UIS_CLEAR, UISF_HIDEFOCUS, GWS_HIDEACCEL},
+        {UIS_SET, UISF_HIDEFOCUS, GWS_HIDEFOCUS | GWS_HIDEACCEL},
+        {UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL, 0},
+        {UIS_SET, UISF_ACTIVE, 0},
+        {UIS_INITIALIZE, UISF_HIDEACCEL, GWS_HIDEACCEL},
+        {UIS_INITIALIZE, 0, 0},
+        {77, UISF_HIDEFOCUS, 0},
+    };
+    for (const auto& step : steps) {
+        ValidateRect(hwnd, nullptr);
+        SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(step.action, step.state), 0);
+        EXPECT_EQ(button.State(), step.after) << step.action << " " << step.state;
+        EXPECT_TRUE(GetUpdateRect(hwnd, nullptr, FALSE)) << step.action;
+    }
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, FontGoesInAndOutAndRepaintsOnRequest)
+{
+    GButton button;
+    const HWND hwnd = Make(button);
+    const HFONT hFont = CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    ValidateRect(hwnd, nullptr);
+    EXPECT_EQ(SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0), 0);
+    EXPECT_FALSE(GetUpdateRect(hwnd, nullptr, FALSE));
+    EXPECT_EQ(SendMessageW(hwnd, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(hFont));
+    SendMessageW(hwnd, WM_SETFONT, 0, TRUE);
+    EXPECT_TRUE(GetUpdateRect(hwnd, nullptr, FALSE));
+    EXPECT_EQ(button.GetFont(), nullptr);
+    UpdateWindow(hwnd);
+    DestroyWindow(hwnd);
+    DeleteObject(hFont);
+}
+
+TEST_F(GWndTest, Window2RunsOnAnObjectOfItsOwnAndEndsTheLoop)
+{
+    GWindow2 window;
+    const HWND hwnd = window.Create(0, 0, 200, 100, nullptr);
+    ASSERT_TRUE(hwnd);
+    EXPECT_EQ(window.GetHwnd(), nullptr);
+    EXPECT_EQ(window.Destroy(), 0);
+    GWnd* pOwn = GWnd::FromHwnd(hwnd);
+    ASSERT_TRUE(dynamic_cast<GWindow2*>(pOwn));
+    EXPECT_NE(pOwn, &window);
+    EXPECT_EQ(pOwn->GetHwnd(), hwnd);
+    EXPECT_EQ(GetWindowLongW(hwnd, GWL_STYLE) & WS_OVERLAPPEDWINDOW, WS_OVERLAPPEDWINDOW);
+
+    SendMessageW(hwnd, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(hwnd));
+    MSG msg{};
+    EXPECT_EQ(GetMessageW(&msg, nullptr, WM_QUIT, WM_QUIT), 0) << "the quit message must be there";
+    test::DispatchAll();
+}
+
+} // namespace

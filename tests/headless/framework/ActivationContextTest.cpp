@@ -1,0 +1,125 @@
+// The activation context under faults of the platform.
+
+#include <gesso/framework/ActivationContext.h>
+#include <gesso/gesso.h>
+#include <platform/headless/headless.h>
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace {
+
+namespace desk = gesso::headless;
+
+constexpr ULONG_PTR NOT_SET_UP = ~static_cast<ULONG_PTR>(0);
+
+class ActivationContextTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        desk::Reset();
+        InitControls();
+        m_hFormer = std::exchange(g_hActCtx, NOT_SET_UP);
+        m_fFormer = std::exchange(g_fActCtxUnavailable, false);
+    }
+    void TearDown() override
+    {
+        desk::ClearFaults();
+        g_hActCtx = m_hFormer;
+        g_fActCtxUnavailable = m_fFormer;
+    }
+
+    static HWND MakeWindow()
+    {
+        return IsolationAwareCreateWindowExW(0, MAKEINTRESOURCEW(GLabel::s_aClass), nullptr, WS_POPUP, 0, 0,
+                                             10, 10, nullptr, nullptr, nullptr, nullptr);
+    }
+
+private:
+    ULONG_PTR m_hFormer = NOT_SET_UP;
+    bool m_fFormer = false;
+};
+
+TEST_F(ActivationContextTest, PlatformWithoutContextsIsRememberedAndTheCallGoesThrough)
+{
+    for (const DWORD dwError : {ERROR_MOD_NOT_FOUND, ERROR_PROC_NOT_FOUND, ERROR_CALL_NOT_IMPLEMENTED,
+                                ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED})
+    {
+        for (const char* pszOperation : {"ActivateActCtx", "QueryActCtxW"}) {
+            g_hActCtx = NOT_SET_UP;
+            g_fActCtxUnavailable = false;
+            desk::Fail(pszOperation, 100, dwError);
+            const HWND hwnd = MakeWindow();
+            EXPECT_TRUE(hwnd) << pszOperation << " " << dwError;
+            EXPECT_TRUE(g_fActCtxUnavailable);
+            DestroyWindow(hwnd);
+            desk::ClearFaults();
+        }
+    }
+}
+
+TEST_F(ActivationContextTest, AnyOtherErrorGivesTheFailureValueWithoutTheCall)
+{
+    const desk::Census before = desk::Live();
+    desk::Fail("QueryActCtxW", 1, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(MakeWindow(), nullptr);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+    desk::Fail("CreateActCtxW", 1, ERROR_OUTOFMEMORY);
+    EXPECT_EQ(MakeWindow(), nullptr);
+    EXPECT_EQ(desk::Live(), before);
+    EXPECT_FALSE(g_fActCtxUnavailable) << "and the next call tries again";
+    const HWND hwnd = MakeWindow();
+    EXPECT_TRUE(hwnd);
+    DestroyWindow(hwnd);
+}
+
+TEST_F(ActivationContextTest, LibraryWithoutAManifestGoesOnWithoutAContext)
+{
+    for (const DWORD dwError :
+         {ERROR_RESOURCE_DATA_NOT_FOUND, ERROR_RESOURCE_TYPE_NOT_FOUND, ERROR_RESOURCE_NAME_NOT_FOUND,
+          ERROR_RESOURCE_LANG_NOT_FOUND, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND})
+    {
+        g_hActCtx = NOT_SET_UP;
+        desk::Fail("CreateActCtxW", 1, dwError);
+        const HWND hwnd = MakeWindow();
+        EXPECT_TRUE(hwnd) << dwError;
+        EXPECT_EQ(g_hActCtx, 0u) << dwError;
+        DestroyWindow(hwnd);
+    }
+}
+
+TEST_F(ActivationContextTest, FailedCallKeepsItsOwnErrorAndLeavesNoContextActive)
+{
+    desk::Fail("CreateWindowExW", 1, ERROR_NOT_ENOUGH_MEMORY);
+    desk::Fail("DeactivateActCtx", 1, ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(MakeWindow(), nullptr);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NOT_ENOUGH_MEMORY));
+}
+
+TEST_F(ActivationContextTest, EachWrapperHasItsOwnFailureValue)
+{
+    desk::Fail("QueryActCtxW", 100, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(IsolationAwareRegisterClassExW(nullptr), 0);
+    EXPECT_EQ(IsolationAwareDialogBoxIndirectParamW(nullptr, nullptr, nullptr, nullptr, 0), -1);
+    EXPECT_EQ(IsolationAwareCreateDialogIndirectParamW(nullptr, nullptr, nullptr, nullptr, 0), nullptr);
+    EXPECT_EQ(IsolationAwareImageList_Create(16, 16, 1), nullptr);
+    EXPECT_EQ(IsolationAwareImageList_Destroy(nullptr), FALSE);
+    EXPECT_EQ(IsolationAwareImageList_Add(nullptr, nullptr), -1);
+    EXPECT_EQ(IsolationAwareImageList_DrawEx(nullptr, 0, nullptr, 0, 0, 0, 0), FALSE);
+    HICON hIcon = nullptr;
+    EXPECT_EQ(IsolationAwareLoadIconWithScaleDown(nullptr, nullptr, 16, 16, &hIcon),
+              HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
+}
+
+TEST_F(ActivationContextTest, CommonControlsAreLookedUpOnceAndOnlyASuccessIsKept)
+{
+    desk::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND);
+    EXPECT_EQ(IsolationAwareImageList_Create(16, 16, 1), nullptr);
+    const HIMAGELIST hImageList = IsolationAwareImageList_Create(16, 16, 1);
+    ASSERT_TRUE(hImageList);
+    EXPECT_TRUE(IsolationAwareImageList_Destroy(hImageList));
+}
+
+} // namespace

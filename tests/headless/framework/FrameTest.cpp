@@ -1,0 +1,73 @@
+// Creation that fails, and what a control leaves behind.
+
+#include <gesso/framework/ActivationContext.h>
+
+#include "../controls/DrawFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace desk = gesso::headless;
+
+class FrameTest : public test::DrawFixture
+{};
+
+TEST_F(FrameTest, FailedCreationLeavesNothingBehind)
+{
+    for (const char* pszOperation : {"CreateWindowExW", "QueryActCtxW"}) {
+        g_hActCtx = ~static_cast<ULONG_PTR>(0);
+        auto* pButton = new GButton;
+        desk::Fail(pszOperation, 1, ERROR_ACCESS_DENIED);
+        EXPECT_EQ(pButton->Create(0, 0, 10, 10, Parent(), 1, L"lost", 0, WS_CHILD), nullptr) << pszOperation;
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
+        pButton->Delete(pButton);
+        EXPECT_TRUE(desk::HeapIsClean()) << pszOperation;
+    }
+}
+
+TEST_F(FrameTest, FailedRegistrationIsTriedAgain)
+{
+    const ATOM aFormer = std::exchange(GWindow2::s_aClass, ATOM{0});
+    if (aFormer) {
+        UnregisterClassW(L"GWindow2", GetModuleHandleW(nullptr));
+    }
+    desk::Fail("RegisterClassExW", 1, ERROR_NOT_ENOUGH_MEMORY);
+    GWindow2 window;
+    EXPECT_EQ(window.Create(0, 0, 10, 10, nullptr), nullptr);
+    EXPECT_EQ(GWindow2::s_aClass, 0);
+    const HWND hwnd = window.Create(0, 0, 10, 10, nullptr);
+    EXPECT_TRUE(hwnd);
+    DestroyWindow(hwnd);
+    desk::Pump();
+}
+
+TEST_F(FrameTest, DefaultFontThatFailsIsMadeByTheNextCall)
+{
+    const HFONT hFormer = std::exchange(g_hDefaultFont, nullptr);
+    desk::Fail("CreateFontW");
+    InitControls();
+    EXPECT_EQ(g_hDefaultFont, nullptr);
+    GButton button;
+    button.Create(0, 0, 50, 20, Parent(), 1, L"plain", 0, WS_CHILD | WS_VISIBLE);
+    EXPECT_EQ(button.GetFont(), nullptr);
+    EXPECT_FALSE(Draw(button, "DrawThemeText").empty());
+    DestroyWindow(button);
+    InitControls();
+    EXPECT_TRUE(g_hDefaultFont);
+    DeleteObject(std::exchange(g_hDefaultFont, hFormer));
+}
+
+TEST_F(FrameTest, PaintThatFindsNoBitmapDrawsNothingAndEnds)
+{
+    GButton button;
+    button.Create(0, 0, 50, 20, Parent(), 1, L"text", 0, WS_CHILD | WS_VISIBLE);
+    desk::Pump();
+    desk::Fail("CreateCompatibleBitmap");
+    InvalidateRect(button, nullptr, FALSE);
+    desk::Pump();
+    EXPECT_FALSE(GetUpdateRect(button, nullptr, FALSE));
+    DestroyWindow(button);
+}
+
+} // namespace

@@ -1,0 +1,257 @@
+// The scroll bars in the non-client area: their numbers, their place, and what the mouse and the clock do to
+// them.
+
+#include "../controls/DrawFixture.h"
+#include "ScrollProbe.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace desk = gesso::headless;
+using test::Lines;
+using test::ScrollProbe;
+
+constexpr int CX = 200, CY = 150; // of the probe
+constexpr int BAR = 17;           // thickness and arrow length
+
+class GWndScrollTest : public test::DrawFixture
+{
+protected:
+    void SetUp() override
+    {
+        DrawFixture::SetUp();
+        for (const int nMetric :
+             {SM_CXVSCROLL, SM_CYHSCROLL, SM_CYVSCROLL, SM_CXHSCROLL, SM_CYVTHUMB, SM_CXHTHUMB}) {
+            desk::SetSystemMetric(nMetric, BAR);
+        }
+        desk::SetKeyboardRepeat(1, 31);
+    }
+    void TearDown() override
+    {
+        DestroyWindow(probe);
+        DrawFixture::TearDown();
+    }
+
+    void MakeVertical()
+    {
+        probe.Create(Parent(), WS_VSCROLL);
+        probe.ShowRange(SB_VERT);
+        desk::Pump();
+    }
+
+    // Moves the pointer to a point of the probe's window.
+    void MoveTo(int x, int y)
+    {
+        RECT rc{};
+        GetWindowRect(probe, &rc);
+        desk::MoveMouse(rc.left + x, rc.top + y);
+        desk::Pump();
+    }
+    void Press()
+    {
+        desk::PressButton();
+        desk::Pump();
+    }
+    void Release()
+    {
+        desk::ReleaseButton();
+        desk::Pump();
+    }
+
+    ScrollProbe probe;
+};
+
+TEST_F(GWndScrollTest, NumbersAreLimitedToTheRange)
+{
+    probe.Create(Parent(), WS_VSCROLL);
+    const auto set = [&](UINT fMask, int nMin, int nMax, UINT nPage, int nPos) {
+        const SCROLLINFO si{sizeof(SCROLLINFO), fMask, nMin, nMax, nPage, nPos, 0};
+        return probe.SetScrollInfo(SB_VERT, &si, FALSE);
+    };
+    EXPECT_TRUE(probe.GetScrollBarStyle(SB_VERT) & GSB_HIDDEN) << "bars start hidden";
+    EXPECT_EQ(set(SIF_ALL, 0, 99, 10, 500), 90) << "nMax - nPage + 1";
+    EXPECT_FALSE(probe.GetScrollBarStyle(SB_VERT) & GSB_HIDDEN) << "setting a range shows the bar";
+    EXPECT_EQ(set(SIF_POS, 0, 0, 0, -5), 0);
+    EXPECT_EQ(set(SIF_RANGE, 20, 30, 0, 0), 20);
+    EXPECT_EQ(set(SIF_PAGE, 0, 0, 77, 0), 20);
+    SCROLLINFO si{};
+    EXPECT_EQ(probe.GetScrollInfo(SB_VERT, &si), 0) << "no size";
+    si.cbSize = sizeof(si);
+    ASSERT_EQ(probe.GetScrollInfo(SB_VERT, &si), 1);
+    EXPECT_EQ(si.nPage, 10u) << "the page is cut to the range";
+    EXPECT_EQ(si.fMask, static_cast<UINT>(SIF_RANGE | SIF_PAGE | SIF_POS | SIF_TRACKPOS));
+    EXPECT_EQ(probe.SetScrollPos(SB_VERT, 25, FALSE), 21);
+    EXPECT_EQ(probe.GetScrollPos(SB_VERT), 21);
+
+    for (const int nBar : {-1, 2, 77}) {
+        EXPECT_EQ(probe.SetScrollInfo(nBar, &si, TRUE), 0);
+        EXPECT_EQ(probe.SetScrollPos(nBar, 1, TRUE), static_cast<int>(0x80000000));
+        EXPECT_EQ(probe.GetScrollPos(nBar), static_cast<int>(0x80000000));
+        EXPECT_EQ(probe.GetScrollInfo(nBar, &si), 0);
+        EXPECT_EQ(probe.ShowScrollBar(nBar, 1), 0);
+        EXPECT_EQ(probe.EnableScrollBar(nBar, 3), 0);
+        EXPECT_EQ(probe.GetScrollBarStyle(nBar), static_cast<UINT>(-1));
+    }
+}
+
+TEST_F(GWndScrollTest, BarsTakeTheirRoomAndGiveItBack)
+{
+    probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
+    RECT rc{};
+    GetClientRect(probe, &rc);
+    EXPECT_EQ(rc.right, CX);
+    probe.ShowRange(SB_VERT);
+    probe.ShowRange(SB_HORZ);
+    GetClientRect(probe, &rc);
+    EXPECT_EQ(rc.right, CX - BAR);
+    EXPECT_EQ(rc.bottom, CY - BAR);
+    const RECT rcV{CX - BAR, 0, CX, CY - BAR};
+    EXPECT_TRUE(EqualRect(&probe.VRect(), &rcV)) << "the corner stays empty";
+    probe.ShowScrollBar(SB_HORZ, 0);
+    GetClientRect(probe, &rc);
+    EXPECT_EQ(rc.bottom, CY);
+    probe.GetClientRectNoScroll(&rc);
+    EXPECT_EQ(rc.bottom, CY + BAR);
+    EXPECT_EQ(rc.right, CX - BAR);
+}
+
+TEST_F(GWndScrollTest, EachPartIsHitAndItsFlagMakesItInactive)
+{
+    MakeVertical();
+    // The track is 116 long, less the 5 that the thumb was enlarged by to its smallest length of 17.
+    const int x = CX - BAR / 2;
+    struct
+    {
+        int y;
+        WORD wHit;
+        UINT uFlag;
+    } const rows[] = {{0, SBH_UP, GSB_DISABLE_FIRST},
+                      {BAR, SBH_VTHUMB, GSB_DISABLE_THUMB},
+                      {BAR + 17, SBH_VTHUMB, GSB_DISABLE_THUMB},
+                      {BAR + 18, SBH_BELOW, GSB_DISABLE_PAGELAST},
+                      {CY - BAR, SBH_BELOW, GSB_DISABLE_PAGELAST},
+                      {CY - 1, SBH_DOWN, GSB_DISABLE_LAST}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(probe.HitAt(x, row.y), row.wHit) << row.y;
+        const UINT uFormer = probe.SetScrollBarStyle(SB_VERT, row.uFlag);
+        EXPECT_EQ(probe.HitAt(x, row.y), 0) << row.y;
+        probe.SetScrollBarStyle(SB_VERT, uFormer);
+    }
+    probe.SetScrollPos(SB_VERT, 50, FALSE);
+    EXPECT_EQ(probe.HitAt(x, BAR + 5), SBH_ABOVE);
+    EXPECT_EQ(probe.HitAt(10, 10), 0);
+    probe.EnableScrollBar(SB_VERT, GSB_DISABLED);
+    EXPECT_EQ(probe.HitAt(x, 0), 0);
+}
+
+TEST_F(GWndScrollTest, HeldArrowRepeatsByTheKeyboardsDelayAndSpeed)
+{
+    MakeVertical();
+    EXPECT_EQ(ScrollProbe::Delay(), 500u);
+    EXPECT_EQ(ScrollProbe::Speed(), 33u);
+    MoveTo(CX - 5, CY - 5);
+    Press();
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 1"});
+    desk::Advance(499);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{});
+    desk::Advance(100);
+    EXPECT_EQ(probe.TakeScrolls().size(), 3u);
+    MoveTo(CX - 5, CY - 40);
+    desk::Advance(500);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{}) << "the pointer left the arrow";
+    MoveTo(CX - 5, CY - 5);
+    desk::Advance(66);
+    EXPECT_EQ(probe.TakeScrolls().size(), 2u) << "and came back";
+    Release();
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 8"});
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    EXPECT_EQ(desk::Live()[desk::Kind::Timer], 0);
+}
+
+TEST_F(GWndScrollTest, HorizontalBarRepeatsAndEndsAsVertical)
+{
+    probe.Create(Parent(), WS_HSCROLL);
+    probe.ShowRange(SB_HORZ);
+    desk::Pump();
+    MoveTo(CX - 5, CY - 5);
+    Press();
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"H 1"});
+    desk::Advance(540);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 1"}) << "kept so";
+    Release();
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 8"});
+}
+
+TEST_F(GWndScrollTest, ThumbIsDraggedAndLetGo)
+{
+    MakeVertical();
+    probe.fFollow = false;
+    MoveTo(CX - 5, BAR + 5);
+    Press();
+    EXPECT_EQ(probe.TakeScrolls(), Lines{});
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    MoveTo(CX - 5, BAR + 5 + 56);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 5:50"}) << "56 of 111 pixels: half of the 99";
+    MoveTo(CX - 5, 1000);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 5:90"});
+    MoveTo(CX - 5, -1000);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 5:0"});
+    MoveTo(CX - 5, BAR + 5 + 11);
+    probe.TakeScrolls();
+    Release();
+    EXPECT_EQ(probe.TakeScrolls(), (Lines{"V 4:10", "V 8"}));
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(GWndScrollTest, IdleArrowsLookDisabledAndComeUpUnderThePointer)
+{
+    MakeVertical();
+    const auto arrows = [&] {
+        desk::ClearDrawing(probe);
+        probe.DrawScrollBar(SB_VERT);
+        Lines lines = desk::Drawing(probe);
+        std::string states;
+        for (const std::string& line : lines) {
+            const std::string start = "DrawThemeBackground SCROLLBAR 1 ";
+            if (line.starts_with(start)) {
+                states += line.substr(start.size(), line.find(" (") - start.size()) + " ";
+            }
+        }
+        return states;
+    };
+    EXPECT_EQ(arrows(), "4 8 ");
+    MoveTo(CX - 5, 60);
+    EXPECT_EQ(arrows(), "17 18 ") << "hover";
+    MoveTo(CX - 5, 5);
+    EXPECT_EQ(arrows(), "2 18 ");
+    Press();
+    EXPECT_EQ(arrows(), "3 18 ");
+    MoveTo(CX - 5, 60);
+    EXPECT_EQ(arrows(), "2 18 ") << "still held, from outside";
+    Release();
+    MoveTo(-10, -10);
+    MoveTo(20, 20);
+    EXPECT_EQ(arrows(), "4 8 ");
+}
+
+TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
+{
+    MakeVertical();
+    MoveTo(CX - 5, CY - 5);
+    Press();
+    DestroyWindow(probe);
+    desk::Advance(2000);
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    Release();
+}
+
+TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)
+{
+    probe.ShowRange(SB_VERT, 7);
+    EXPECT_EQ(probe.GetScrollPos(SB_VERT), 7);
+    probe.DrawScrollBar(SB_BOTH);
+    EXPECT_EQ(desk::Live()[desk::Kind::DeviceContext], 0);
+}
+
+} // namespace

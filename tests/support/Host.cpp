@@ -1,0 +1,102 @@
+#include "Host.h"
+
+namespace test {
+namespace {
+
+constexpr const wchar_t* CLASS_NAME = L"GessoTestHost";
+
+void RegisterHostClass(WNDPROC pfn)
+{
+    WNDCLASSEXW record{};
+    record.cbSize = sizeof(record);
+    if (GetClassInfoExW(GetModuleHandleW(nullptr), CLASS_NAME, &record)) {
+        return;
+    }
+    record.cbSize = sizeof(record);
+    record.lpfnWndProc = pfn;
+    record.hInstance = GetModuleHandleW(nullptr);
+    record.lpszClassName = CLASS_NAME;
+    record.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<LONG_PTR>(COLOR_BTNFACE + 1));
+    RegisterClassExW(&record);
+}
+
+std::string DescribeNotify(const NMHDR& header)
+{
+    const std::string id = std::to_string(header.idFrom);
+    switch (header.code) {
+    case static_cast<UINT>(NM_SETFOCUS): return "setfocus " + id;
+    case static_cast<UINT>(NM_KILLFOCUS): return "killfocus " + id;
+    default: return "notify " + id + " code " + std::to_string(static_cast<int>(header.code));
+    }
+}
+
+} // namespace
+
+std::string Narrow(LPCWSTR psz)
+{
+    if (!psz) {
+        return "(null)";
+    }
+    const int nBytes = WideCharToMultiByte(CP_UTF8, 0, psz, -1, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<size_t>(nBytes), 0);
+    WideCharToMultiByte(CP_UTF8, 0, psz, -1, text.data(), nBytes, nullptr, nullptr);
+    text.resize(text.size() - 1);
+    return text;
+}
+
+std::string TextOf(HWND hwnd)
+{
+    std::vector<wchar_t> buffer(static_cast<size_t>(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0)) + 1);
+    SendMessageW(hwnd, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()));
+    return Narrow(buffer.data());
+}
+
+void DispatchAll()
+{
+    MSG msg{};
+    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&msg);
+        DispatchMessageW(&msg);
+    }
+}
+
+Host::Host()
+{
+    RegisterHostClass(WindowProc);
+    m_hWnd = CreateWindowExW(0, CLASS_NAME, L"Host", WS_POPUP | WS_VISIBLE, 50, 50, 400, 300, nullptr,
+                             nullptr, GetModuleHandleW(nullptr), nullptr);
+    SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetForegroundWindow(m_hWnd);
+    SetFocus(m_hWnd);
+}
+
+Host::~Host()
+{
+    onReport = nullptr;
+    DestroyWindow(m_hWnd);
+}
+
+void Host::Report(const std::string& report)
+{
+    m_reports.push_back(report);
+    if (onReport) {
+        onReport(report);
+    }
+}
+
+LRESULT CALLBACK Host::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pHost = reinterpret_cast<Host*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+    if (pHost && uMsg == WM_COMMAND) {
+        const std::string code = HIWORD(wParam) ? " code " + std::to_string(HIWORD(wParam)) : "";
+        pHost->Report("click " + std::to_string(LOWORD(wParam)) + code);
+        return 0;
+    }
+    if (pHost && uMsg == WM_NOTIFY) {
+        pHost->Report(DescribeNotify(*reinterpret_cast<const NMHDR*>(lParam)));
+        return 0;
+    }
+    return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+}
+
+} // namespace test

@@ -1,0 +1,49 @@
+// A top-level window that notes what its children report, and may be told what to do at the next report.
+#pragma once
+
+#include <gesso/gesso.h>
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace test {
+
+// A text as UTF-8, to be compared and printed; "(null)" for a null pointer.
+std::string Narrow(LPCWSTR psz);
+
+// A control's text through WM_GETTEXT.
+std::string TextOf(HWND hwnd);
+
+// What is pending in the queue is dispatched; no waiting.
+void DispatchAll();
+
+class Host
+{
+public:
+    Host();
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    HWND Window() const { return m_hWnd; }
+    operator HWND() const { return m_hWnd; }
+
+    // The reports since the last call, in order: "click 12", "setfocus 12", "killfocus 12", "notify 12 code
+    // -101".
+    std::vector<std::string> TakeReports() { return std::exchange(m_reports, {}); }
+    // Called within each report, before it is answered.
+    std::function<void(const std::string&)> onReport;
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void Report(const std::string& report);
+
+    HWND m_hWnd;
+    std::vector<std::string> m_reports;
+};
+
+using Reports = std::vector<std::string>;
+
+} // namespace test
