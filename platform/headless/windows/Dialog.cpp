@@ -138,9 +138,8 @@ void Initialize(Window& dialog, LPARAM param)
         return;
     }
     if (chooses && (!dialog.Has(DS_CONTROL) || dialog.Has(WS_VISIBLE))) {
-        if (const HWND first = FirstControl(hwnd)) {
-            SetFocus(first);
-        }
+        const HWND first = FirstControl(hwnd);
+        SetFocus(first ? first : hwnd);
     }
     if (dialog.alive) {
         SendMessageW(hwnd, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);

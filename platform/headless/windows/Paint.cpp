@@ -9,6 +9,17 @@
 namespace gesso::headless {
 namespace {
 
+// The part of a window that its ancestors leave to be seen, in its client coordinates.
+RECT VisiblePart(const Window& window)
+{
+    RECT part = window.frame;
+    for (const Window* above = window.parent; above; above = above->parent) {
+        IntersectRect(&part, &part, &above->client);
+    }
+    OffsetRect(&part, -window.client.left, -window.client.top);
+    return part;
+}
+
 POINT Corner(const RECT& r)
 {
     return {r.left, r.top};
@@ -162,11 +173,13 @@ HDC ContextClippedTo(const Window& window, const Area& area)
 
 void Invalidate(Window& window, Area area, UINT flags)
 {
-    if (!IsShown(window)) {
+    const RECT visible = VisiblePart(window);
+    if (!IsShown(window) || IsRectEmpty(&visible)) {
         return;
     }
     const bool children = ReachesChildren(window, flags);
     area.Intersect(ClientRect(window));
+    area.Intersect(visible);
     if (children) {
         InvalidateChildren(window, area, flags);
     } else if (!(flags & RDW_NOCHILDREN)) {

@@ -196,7 +196,19 @@ void Repaint(Window& window, const RECT& formerFrame, const SIZE& formerClient, 
         Uncover(window, formerFrame);
     }
     InvalidateChanges(window, formerClient, flags);
-    EraseNow(window);
+}
+
+// The frames and backgrounds that a change has invalidated are painted before it is reported.
+void EraseChanges(Window& window, UINT flags)
+{
+    if (flags & SWP_NOREDRAW) {
+        return;
+    }
+    if (window.parent != &Root()) {
+        EraseNow(*window.parent);
+    } else if (window.Has(WS_VISIBLE)) {
+        EraseNow(window);
+    }
 }
 
 void ChangeVisibility(Window& window, UINT flags)
@@ -208,26 +220,34 @@ void ChangeVisibility(Window& window, UINT flags)
     }
 }
 
-void ActivateAsAsked(Window& window, UINT flags)
-{
-    if (flags & SWP_HIDEWINDOW) {
-        if (TheDesktop().active == window.handle) {
-            ActivateNext(window);
-        }
-    } else if (!(flags & SWP_NOACTIVATE)) {
-        if (window.IsChild()) {
-            Send(window, WM_CHILDACTIVATE);
-        } else {
-            Activate(&window, false);
-        }
-    }
-}
-
 bool IsNoChange(UINT flags)
 {
     constexpr UINT nothing = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | c_clientFlags;
     constexpr UINT something = SWP_FRAMECHANGED | SWP_SHOWWINDOW | SWP_HIDEWINDOW;
     return (flags & (nothing | something)) == nothing;
+}
+
+void ActivateAsAsked(Window& window, UINT flags)
+{
+    if (flags & (SWP_NOACTIVATE | SWP_HIDEWINDOW)) {
+        return;
+    }
+    if (window.IsChild()) {
+        Send(window, WM_CHILDACTIVATE);
+    } else {
+        Activate(&window, false);
+    }
+}
+
+void Report(Window& window, WINDOWPOS pos)
+{
+    if (IsNoChange(pos.flags)) {
+        return;
+    }
+    const RECT frame = ToParent(window, window.frame);
+    const SIZE size = SizeOf(frame);
+    pos = {pos.hwnd, pos.hwndInsertAfter, frame.left, frame.top, size.cx, size.cy, pos.flags};
+    Send(window, WM_WINDOWPOSCHANGED, 0, Pointer(&pos));
 }
 
 // Carries out a change of place that the window has agreed to, up to the messages that report it.
@@ -385,11 +405,14 @@ BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UI
         return FALSE;
     }
     ActivateAsAsked(*window, pos.flags);
-    if (window->alive && !IsNoChange(pos.flags)) {
-        const RECT frame = ToParent(*window, window->frame);
-        pos = {hwnd,     pos.hwndInsertAfter, frame.left, frame.top, SizeOf(frame).cx, SizeOf(frame).cy,
-               pos.flags};
-        Send(*window, WM_WINDOWPOSCHANGED, 0, Pointer(&pos));
+    if (window->alive) {
+        EraseChanges(*window, pos.flags);
+    }
+    if (window->alive) {
+        Report(*window, pos);
+    }
+    if (window->alive && (pos.flags & SWP_HIDEWINDOW) && TheDesktop().active == hwnd) {
+        ActivateNext(*window);
     }
     return TRUE;
 }

@@ -22,13 +22,17 @@ WORD Applied(WORD state, WPARAM change)
     }
 }
 
-// A change is asked for at any window and carried out from its top-level window down.
+// A change is asked for at any window and carried out from its top-level window down. It goes no further up
+// than to a window for which it is none.
 void OnChange(Window& window, WPARAM change)
 {
     const WPARAM wanted = Resolved(change);
+    if (Applied(window.uiState, wanted) == window.uiState) {
+        return;
+    }
     if (window.IsChild() && window.parent != &Root()) {
         Send(*window.parent, WM_CHANGEUISTATE, wanted);
-    } else if (Applied(window.uiState, wanted) != window.uiState) {
+    } else {
         Send(window, WM_UPDATEUISTATE, wanted);
     }
 }
