@@ -1,5 +1,6 @@
 #include "FontMetrics.h"
 
+#include "../core/Faults.h"
 #include "Context.h"
 
 #include <algorithm>
@@ -40,7 +41,7 @@ using namespace gesso::headless;
 
 BOOL WINAPI GetTextMetricsW(HDC hdc, LPTEXTMETRICW metrics)
 {
-    const Context* context = FindContext(hdc);
+    const Context* context = FaultFires("GetTextMetricsW") ? nullptr : FindContext(hdc);
     if (!context) {
         return FALSE;
     }

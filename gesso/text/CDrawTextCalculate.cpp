@@ -1,0 +1,225 @@
+#include <gesso/containers/Misuse.h>
+#include <gesso/text/CDrawText.h>
+#include <gesso/text/TextArrays.h>
+
+using namespace gesso;
+
+namespace {
+
+// Only its arrays, their capacities and the running counts are used. The arrays serve one text after another,
+// never shrink and are never released.
+constinit stcDrawTextBuffer DrawTextScratch = {};
+
+constexpr UINT SCRATCH_ITEMS = 16;
+constexpr UINT SCRATCH_CHARS = 64;
+constexpr UINT SCRATCH_GLYPHS = 64;
+
+constexpr UINT ITEM_STEP = 16;
+constexpr UINT GLYPH_STEP = 64;
+
+// A script processor that still asks for room when it was given this much more, and one entry a character, is
+// not short of room but of memory, and would ask for ever.
+constexpr UINT AMPLE_ROOM = 0x10000;
+
+void GrowItems(stcDrawTextBuffer& buffer, UINT nStep)
+{
+    const UINT nFormer = buffer.nItemsAlloc;
+    buffer.nItemsAlloc += nStep;
+    GrowArray(buffer.pItems, nFormer, buffer.nItemsAlloc);
+    GrowArray(buffer.pRuns, nFormer, buffer.nItemsAlloc);
+}
+
+void GrowGlyphs(stcDrawTextBuffer& buffer, UINT nStep)
+{
+    const UINT nFormer = buffer.nGlyphsAlloc;
+    buffer.nGlyphsAlloc += nStep;
+    GrowArray(buffer.pGlyphs, nFormer, buffer.nGlyphsAlloc);
+    GrowArray(buffer.pVisAttr, nFormer, buffer.nGlyphsAlloc);
+    GrowArray(buffer.pAdvance, nFormer, buffer.nGlyphsAlloc);
+    GrowArray(buffer.pOffset, nFormer, buffer.nGlyphsAlloc);
+}
+
+void ReserveChars(stcDrawTextBuffer& buffer, UINT nChars)
+{
+    if (nChars > buffer.nCharsAlloc) {
+        GrowArray(buffer.pLogClust, buffer.nCharsAlloc, nChars);
+        GrowArray(buffer.pLogAttr, buffer.nCharsAlloc, nChars);
+        buffer.nCharsAlloc = nChars;
+    }
+}
+
+// The scratch grows by the same steps as a buffer does, but by half of what it has where a long text needs
+// more than that, so that few calls are repeated. A text needs about one entry a character.
+UINT ScratchStep(UINT nRoom, UINT nChars, UINT nLeast)
+{
+    return std::max(nLeast, std::min(nRoom / 2, nChars - std::min(nRoom, nChars)));
+}
+
+void GrowScratchItems(UINT nChars)
+{
+    GrowItems(DrawTextScratch, ScratchStep(DrawTextScratch.nItemsAlloc, nChars, ITEM_STEP));
+}
+
+void GrowScratchGlyphs(UINT nChars)
+{
+    GrowGlyphs(DrawTextScratch, ScratchStep(DrawTextScratch.nGlyphsAlloc, nChars, GLYPH_STEP));
+}
+
+// Itemizes, shapes and places one text in a set of arrays: those of a buffer, or the scratch.
+class Calculation
+{
+public:
+    Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, SCRIPT_CACHE& cache)
+        : m_hdc(hdc), m_pszText(pszText), m_nChars(pszText ? nChars : 0), m_arrays(arrays), m_cache(cache)
+    {}
+
+    void Run()
+    {
+        Itemize();
+        for (UINT n = 0; n < m_arrays.nItems; ++n) {
+            AddItem(n);
+        }
+    }
+
+private:
+    bool IsScratch() const { return &m_arrays == &DrawTextScratch; }
+
+    void Itemize();
+    void AddItem(UINT nItem);
+    void Shape(SCRIPT_ITEM& item, stcDrawTextRun& run);
+    void Place(SCRIPT_ITEM& item, stcDrawTextRun& run);
+
+    void MakeItemRoom() { IsScratch() ? GrowScratchItems(m_nChars) : GrowItems(m_arrays, ITEM_STEP); }
+    void MakeGlyphRoom() { IsScratch() ? GrowScratchGlyphs(m_nChars) : GrowGlyphs(m_arrays, GLYPH_STEP); }
+
+    HDC m_hdc;
+    LPCWSTR m_pszText;
+    UINT m_nChars;
+    stcDrawTextBuffer& m_arrays;
+    SCRIPT_CACHE& m_cache;
+};
+
+void Calculation::Itemize()
+{
+    const UINT nLimit = m_arrays.nItemsAlloc + m_nChars + AMPLE_ROOM;
+    HRESULT hr;
+    int nItems;
+    for (;;) {
+        nItems = 0;
+        // One entry is kept back for the end marker, which is not counted.
+        hr = ScriptItemize(m_pszText, static_cast<int>(m_nChars), static_cast<int>(m_arrays.nItemsAlloc) - 1,
+                           nullptr, nullptr, m_arrays.pItems, &nItems);
+        if (hr != E_OUTOFMEMORY || m_arrays.nItemsAlloc > nLimit) {
+            break;
+        }
+        MakeItemRoom();
+    }
+    m_arrays.nItems = FAILED(hr) ? 0 : std::min(static_cast<UINT>(nItems), m_arrays.nItemsAlloc - 1);
+}
+
+void Calculation::AddItem(UINT nItem)
+{
+    SCRIPT_ITEM& item = m_arrays.pItems[nItem];
+    stcDrawTextRun& run = m_arrays.pRuns[nItem];
+    run = {};
+    run.nChars = m_arrays.pItems[nItem + 1].iCharPos - item.iCharPos;
+    run.nFirstGlyph = m_arrays.nGlyphs;
+    ReserveChars(m_arrays, m_arrays.nChars + static_cast<UINT>(run.nChars));
+    Shape(item, run);
+    Place(item, run);
+    m_arrays.nChars += static_cast<UINT>(run.nChars);
+    m_arrays.nGlyphs += static_cast<UINT>(run.nGlyphs);
+}
+
+// What a failing call does not write stays zero: no glyphs, no widths, and nothing of an earlier text.
+void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
+{
+    const UINT nGlyphs = m_arrays.nGlyphs;
+    const UINT nLimit = m_arrays.nGlyphsAlloc + m_nChars + AMPLE_ROOM;
+    WORD* const pLogClust = m_arrays.pLogClust + m_arrays.nChars;
+    std::fill_n(pLogClust, run.nChars, WORD());
+    if (IsScratch() && m_arrays.nGlyphsAlloc == nGlyphs) {
+        MakeGlyphRoom(); // a buffer's own arrays offer no room at all here, and grow when that is refused
+    }
+    for (;;) {
+        run.nGlyphs = 0;
+        const HRESULT hr =
+            ScriptShape(m_hdc, &m_cache, m_pszText + item.iCharPos, run.nChars,
+                        static_cast<int>(m_arrays.nGlyphsAlloc - nGlyphs), &item.a,
+                        m_arrays.pGlyphs + nGlyphs, pLogClust, m_arrays.pVisAttr + nGlyphs, &run.nGlyphs);
+        if (hr != E_OUTOFMEMORY || m_arrays.nGlyphsAlloc > nLimit) {
+            break;
+        }
+        MakeGlyphRoom();
+    }
+    run.nGlyphs = std::clamp(run.nGlyphs, 0, static_cast<int>(m_arrays.nGlyphsAlloc - nGlyphs));
+    // Sixteen bits: in a text of more than 65,535 glyphs the values start again at zero.
+    for (int n = 0; n < run.nChars; ++n) {
+        pLogClust[n] = static_cast<WORD>(pLogClust[n] + nGlyphs);
+    }
+}
+
+void Calculation::Place(SCRIPT_ITEM& item, stcDrawTextRun& run)
+{
+    const UINT nGlyphs = run.nFirstGlyph;
+    std::fill_n(m_arrays.pAdvance + nGlyphs, run.nGlyphs, 0);
+    std::fill_n(m_arrays.pOffset + nGlyphs, run.nGlyphs, GOFFSET());
+    ScriptPlace(m_hdc, &m_cache, m_arrays.pGlyphs + nGlyphs, run.nGlyphs, m_arrays.pVisAttr + nGlyphs,
+                &item.a, m_arrays.pAdvance + nGlyphs, m_arrays.pOffset + nGlyphs, &run.abc);
+}
+
+void ResetScratch()
+{
+    if (!DrawTextScratch.pItems) {
+        CDrawText::PrepareBuffer(&DrawTextScratch, SCRATCH_ITEMS, SCRATCH_CHARS, SCRATCH_GLYPHS);
+    }
+    DrawTextScratch.nItems = 0;
+    DrawTextScratch.nChars = 0;
+    DrawTextScratch.nGlyphs = 0;
+}
+
+// Gives the buffer exact copies of what the scratch holds. The end marker of the items is not kept.
+void Publish(stcDrawTextBuffer& buffer)
+{
+    const stcDrawTextBuffer& scratch = DrawTextScratch;
+    buffer.nItems = buffer.nItemsAlloc = scratch.nItems;
+    ReplaceArray(buffer.pItems, scratch.pItems, scratch.nItems);
+    ReplaceArray(buffer.pRuns, scratch.pRuns, scratch.nItems);
+    buffer.nChars = buffer.nCharsAlloc = scratch.nChars;
+    ReplaceArray(buffer.pLogClust, scratch.pLogClust, scratch.nChars);
+    ReplaceArray(buffer.pLogAttr, scratch.pLogAttr, scratch.nChars);
+    buffer.nGlyphs = buffer.nGlyphsAlloc = scratch.nGlyphs;
+    ReplaceArray(buffer.pGlyphs, scratch.pGlyphs, scratch.nGlyphs);
+    ReplaceArray(buffer.pVisAttr, scratch.pVisAttr, scratch.nGlyphs);
+    ReplaceArray(buffer.pAdvance, scratch.pAdvance, scratch.nGlyphs);
+    ReplaceArray(buffer.pOffset, scratch.pOffset, scratch.nGlyphs);
+}
+
+} // namespace
+
+void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer* pBuffer)
+{
+    if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    if (!pBuffer->pItems) {
+        Misuse("CDrawText::DrawText_Calculate: PrepareBuffer comes first");
+        PrepareBuffer(pBuffer, 0, 0, 0);
+    }
+    Calculation(hdc, pszText, nChars, *pBuffer, pBuffer->scriptCache).Run();
+}
+
+void CDrawText::DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nChars,
+                                             stcDrawTextBuffer* pBuffer)
+{
+    if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    if (pBuffer->scriptCache) {
+        ScriptFreeCache(&pBuffer->scriptCache);
+        pBuffer->scriptCache = nullptr;
+    }
+    ResetScratch();
+    Calculation(hdc, pszText, nChars, DrawTextScratch, pBuffer->scriptCache).Run();
+    Publish(*pBuffer);
+}

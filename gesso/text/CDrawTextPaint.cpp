@@ -1,0 +1,273 @@
+#include <gesso/containers/Misuse.h>
+#include <gesso/text/CDrawText.h>
+#include <gesso/text/TextArrays.h>
+
+using namespace gesso;
+
+namespace {
+
+// Paints nCount glyphs from nFirst on, as part of an item. What lies outside the arrays is left out, and a
+// negative count paints nothing. Everything that is painted goes through here.
+void PaintSlice(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem, UINT nFirst, int nCount)
+{
+    const UINT nGlyphs = UsableGlyphs(buffer);
+    if (nCount <= 0 || nFirst >= nGlyphs || nItem >= UsableItems(buffer)) {
+        return;
+    }
+    const int nInside = static_cast<int>(std::min(static_cast<UINT>(nCount), nGlyphs - nFirst));
+    ScriptTextOut(hdc, &buffer.scriptCache, x, y, 0, nullptr, &buffer.pItems[nItem].a, nullptr, 0,
+                  buffer.pGlyphs + nFirst, nInside, buffer.pAdvance + nFirst, nullptr,
+                  buffer.pOffset + nFirst);
+}
+
+void PaintItem(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem)
+{
+    const stcDrawTextRun& run = buffer.pRuns[nItem];
+    PaintSlice(hdc, x, y, buffer, nItem, run.nFirstGlyph, run.nGlyphs);
+}
+
+// How many glyphs of a line come before the one with which the sum of advances reaches cxMax.
+UINT CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT cxMax)
+{
+    UINT cx = 0;
+    UINT n = nStart;
+    for (nStop = std::min(nStop, UsableGlyphs(buffer)); n < nStop; ++n) {
+        cx += static_cast<UINT>(buffer.pAdvance[n]);
+        if (cx >= cxMax) {
+            break;
+        }
+    }
+    return n - nStart;
+}
+
+// The top of the first line. A text that is taller than the rectangle starts above it, but for top alignment.
+int FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc)
+{
+    const int cyText = Subtract(buffer.rcText.bottom, buffer.rcText.top);
+    const int y = Subtract(rc.bottom, cyText);
+    if (buffer.uFormat & DT_BOTTOM) {
+        return y;
+    }
+    return buffer.uFormat & DT_VCENTER ? Add(rc.top, Subtract(y, rc.top) >> 1) : rc.top;
+}
+
+// The left end of a line of the given width. A line that is too wide starts at the left side, but for a
+// centred one: half of its negative room, as an unsigned number, lies far to the right. Hosts rely on it.
+int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
+{
+    const int cxFree = Subtract(Subtract(rc.right, rc.left), static_cast<int>(cx));
+    int x = rc.left;
+    if (buffer.uFormat & DT_CENTER) {
+        x = Add(rc.left, static_cast<int>(static_cast<UINT>(cxFree) >> 1));
+    } else if (buffer.uFormat & DT_RIGHT) {
+        x = Add(rc.left, cxFree);
+    }
+    return std::max<int>(x, rc.left);
+}
+
+// Paints a text of several lines. Its steps are kept as they stand, oddities included, and hosts rely on
+// their outcome within their clip region:
+// - what an item has in a line is painted from the item's first glyph, not from the line's start, up to the
+//   line's end;
+// - then the rest of the item, past the ends of all lines within it, is painted at the start of the new line,
+//   and the item is gone through again for that line, with the pen moved on behind the rest.
+class LinesPainter
+{
+public:
+    LinesPainter(HDC hdc, const RECT& rc, stcDrawTextBuffer& buffer)
+        : m_hdc(hdc), m_rc(rc), m_cxMax(static_cast<UINT>(Subtract(rc.right, rc.left))), m_buffer(buffer),
+          m_y(FirstLineY(buffer, rc))
+    {}
+
+    void Paint();
+
+private:
+    bool HasLine() const { return m_nLine <= m_buffer.nBreaks; }
+    const stcDrawTextBreak& Line() const { return m_buffer.pBreaks[m_nLine]; }
+    bool IsTooWide() const { return HasLine() && Line().nWidth > m_cxMax; }
+    void StartLine();
+    void NextLine();
+    void PaintCutLine();
+    void PaintBreak();
+    void PaintRest(UINT nFirst);
+    void PaintWholeItem();
+
+    HDC m_hdc;
+    const RECT m_rc;
+    const UINT m_cxMax;
+    stcDrawTextBuffer& m_buffer;
+    UINT m_nItem = 0;
+    UINT m_nLine = 0;
+    int m_x = 0;
+    int m_y;
+};
+
+void LinesPainter::Paint()
+{
+    StartLine();
+    if (IsTooWide()) {
+        PaintCutLine();
+    }
+    const UINT nItems = UsableItems(m_buffer);
+    while (m_nItem < nItems && HasLine()) {
+        if (m_nItem >= Line().nItem && Line().nGlyph != m_buffer.nGlyphs) {
+            PaintBreak();
+        } else {
+            PaintWholeItem();
+        }
+    }
+}
+
+void LinesPainter::StartLine()
+{
+    if (HasLine()) {
+        m_x = LineX(m_buffer, m_rc, Line().nWidth);
+    }
+}
+
+void LinesPainter::NextLine()
+{
+    m_y = Add(m_y, m_buffer.nLineHeight);
+    ++m_nLine;
+    StartLine();
+}
+
+// A line that is too wide is painted by itself, and items go on from the one in which it ends.
+void LinesPainter::PaintCutLine()
+{
+    CDrawText::DrawText_TextOut_cxMax(m_hdc, m_x, m_y, &m_buffer, m_nLine, m_cxMax);
+    m_nItem = Line().nItem;
+    NextLine();
+}
+
+// The current line ends in the current item.
+void LinesPainter::PaintBreak()
+{
+    const UINT nEnd = Line().nGlyph;
+    const UINT nFirst = m_buffer.pRuns[m_nItem].nFirstGlyph;
+    PaintSlice(m_hdc, m_x, m_y, m_buffer, m_nItem, nFirst, static_cast<int>(nEnd - nFirst));
+    NextLine();
+    if (IsTooWide()) {
+        PaintCutLine();
+    } else {
+        PaintRest(nEnd);
+    }
+}
+
+void LinesPainter::PaintRest(UINT nFirst)
+{
+    const UINT nEnd = RunEnd(m_buffer.pRuns[m_nItem]);
+    PaintSlice(m_hdc, m_x, m_y, m_buffer, m_nItem, nFirst, static_cast<int>(nEnd - nFirst));
+    m_x = Add(m_x, SumAdvances(m_buffer, nFirst, nEnd));
+}
+
+void LinesPainter::PaintWholeItem()
+{
+    PaintItem(m_hdc, m_x, m_y, m_buffer, m_nItem);
+    m_x = Add(m_x, RunWidth(m_buffer.pRuns[m_nItem]));
+    ++m_nItem;
+}
+
+} // namespace
+
+void CDrawText::DrawText_TextOut_Break(HDC hdc, RECT rc, stcDrawTextBuffer* pBuffer)
+{
+    if (!IsBuffer(pBuffer) || !pBuffer->pBreaks || rc.right == rc.left) {
+        return;
+    }
+    if (pBuffer->nBreaks != 0) {
+        LinesPainter(hdc, rc, *pBuffer).Paint();
+        return;
+    }
+    const UINT cxMax = static_cast<UINT>(Subtract(rc.right, rc.left));
+    const UINT cx = pBuffer->pBreaks[0].nWidth;
+    const int x = LineX(*pBuffer, rc, cx);
+    const int y = FirstLineY(*pBuffer, rc);
+    if (cx <= cxMax) {
+        DrawText_TextOut(hdc, x, y, pBuffer);
+    } else {
+        DrawText_TextOut_cxMax(hdc, x, y, pBuffer, 0, cxMax);
+    }
+}
+
+void CDrawText::DrawText_TextOut(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer)
+{
+    if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    const UINT nItems = UsableItems(*pBuffer);
+    for (UINT n = 0; n < nItems; ++n) {
+        PaintItem(hdc, x, y, *pBuffer, n);
+        x = Add(x, RunWidth(pBuffer->pRuns[n]));
+    }
+}
+
+// An item's slice is not reduced where the range starts in the middle of it: a range that ends in a later
+// item runs over into that item's glyphs. Hosts rely on it.
+void CDrawText::DrawText_TextOut_Start_Glyph(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nStart,
+                                             UINT nCount)
+{
+    if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    const UINT nItems = UsableItems(*pBuffer);
+    const UINT nEnd = nStart + nCount;
+    const UINT nLast = FindRun(*pBuffer, nEnd);
+    UINT nCur = nStart;
+    for (UINT n = FindRun(*pBuffer, nStart); n <= nLast && n < nItems; ++n) {
+        const stcDrawTextRun& run = pBuffer->pRuns[n];
+        const int nSlice = nEnd > RunEnd(run) ? run.nGlyphs : static_cast<int>(nEnd - nCur);
+        PaintSlice(hdc, x, y, *pBuffer, n, nCur, nSlice);
+        x = Add(x, SumAdvances(*pBuffer, nCur, nCur + static_cast<UINT>(nSlice)));
+        nCur += static_cast<UINT>(nSlice);
+    }
+}
+
+void CDrawText::DrawText_TextOut_cxMax(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nLine,
+                                       UINT cxMax)
+{
+    if (!IsBuffer(pBuffer) || !pBuffer->pBreaks) {
+        return;
+    }
+    if (nLine > pBuffer->nBreaks) {
+        Misuse("CDrawText::DrawText_TextOut_cxMax: no such line");
+        return;
+    }
+    const UINT nStart = nLine == 0 ? 0 : pBuffer->pBreaks[nLine - 1].nGlyph;
+    const UINT nCount = CountFitting(*pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
+    DrawText_TextOut_Start_Glyph(hdc, x, y, pBuffer, nStart, nCount);
+}
+
+// The glyphs are counted from the start of the text and not from nItem's first one. Hosts rely on it.
+void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nItem,
+                                      UINT /*nReserved*/)
+{
+    if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    const UINT nItems = UsableItems(*pBuffer);
+    UINT nFirst = 0;
+    for (UINT n = nItem; n < nItems; ++n) {
+        const stcDrawTextRun& run = pBuffer->pRuns[n];
+        PaintSlice(hdc, x, y, *pBuffer, n, nFirst, run.nGlyphs);
+        x = Add(x, RunWidth(run));
+        nFirst += static_cast<UINT>(run.nGlyphs);
+    }
+}
+
+// The pen moves by the whole item, also where only a part of it was painted.
+void CDrawText::DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nGlyphs)
+{
+    if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    const UINT nItems = UsableItems(*pBuffer);
+    UINT nLeft = std::min(nGlyphs, UsableGlyphs(*pBuffer));
+    for (UINT n = 0; n < nItems && nLeft != 0; ++n) {
+        const stcDrawTextRun& run = pBuffer->pRuns[n];
+        const UINT nSlice = std::min(nLeft, static_cast<UINT>(run.nGlyphs));
+        PaintSlice(hdc, x, y, *pBuffer, n, run.nFirstGlyph, static_cast<int>(nSlice));
+        x = Add(x, RunWidth(run));
+        nLeft -= nSlice;
+    }
+}

@@ -1,0 +1,151 @@
+#include <gesso/containers/Misuse.h>
+#include <gesso/text/CDrawText.h>
+#include <gesso/text/TextArrays.h>
+
+#include <memory>
+
+using namespace gesso;
+
+namespace {
+
+constexpr int UNLIMITED = 32768;
+
+struct CloseBuffer
+{
+    void operator()(stcDrawTextBuffer* pBuffer) const { CDrawText::DrawText_CloseHandle(pBuffer); }
+};
+using BufferOwner = std::unique_ptr<stcDrawTextBuffer, CloseBuffer>;
+
+void* InvalidHandle()
+{
+    return reinterpret_cast<void*>(static_cast<intptr_t>(-1));
+}
+
+UINT CountChars(LPCWSTR pszText, int nChars)
+{
+    if (nChars < -1) {
+        Misuse("CDrawText::DrawText_Prepare: a negative number of characters");
+    }
+    if (!pszText || nChars < -1) {
+        return 0;
+    }
+    return nChars == -1 ? static_cast<UINT>(wcslen(pszText)) : static_cast<UINT>(nChars);
+}
+
+// A rectangle that is empty in one direction is unlimited in both.
+RECT TextArea(const RECT* prc)
+{
+    RECT rc = prc ? *prc : RECT();
+    if (rc.right == rc.left || rc.bottom == rc.top) {
+        rc.right = Add(rc.left, UNLIMITED);
+        rc.bottom = Add(rc.top, UNLIMITED);
+    }
+    return rc;
+}
+
+int TotalWidth(const stcDrawTextBuffer& buffer)
+{
+    int cx = 0;
+    for (UINT n = 0; n < buffer.nItems; ++n) {
+        cx = Add(cx, RunWidth(buffer.pRuns[n]));
+    }
+    return cx;
+}
+
+// One line is as tall as the font, with the sign of the line height. Several are that many line heights,
+// which carry their sign already.
+int TextHeight(const stcDrawTextBuffer& buffer)
+{
+    if (buffer.nBreaks != 0) {
+        return static_cast<int>((buffer.nBreaks + 1) * static_cast<UINT>(buffer.nLineHeight));
+    }
+    return buffer.nLineHeight < 0 ? -buffer.nFontHeight : buffer.nFontHeight;
+}
+
+// The whole text as one line: a CR LF stays on it, and pLogAttr stays unfilled.
+void MakeSingleLine(stcDrawTextBuffer& buffer, RECT* prc)
+{
+    const int cx = TotalWidth(buffer);
+    buffer.nBreaks = 0;
+    buffer.pBreaks = AllocateArray<stcDrawTextBreak>(1);
+    buffer.pBreaks[0] = {buffer.nItems - 1, buffer.nGlyphs, static_cast<UINT>(cx)};
+    buffer.rcText.right = Add(buffer.rcText.left, cx);
+    buffer.rcText.bottom = Add(buffer.rcText.top, TextHeight(buffer));
+    if (prc) {
+        prc->right = buffer.rcText.right;
+    }
+}
+
+void MakeLines(stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
+{
+    const int cxMax = Subtract(buffer.rcText.right, buffer.rcText.left);
+    CDrawText::DrawText_Break(pszText, nChars, static_cast<UINT>(cxMax), &buffer);
+    buffer.rcText.bottom = Add(buffer.rcText.top, TextHeight(buffer));
+    if (prc) {
+        prc->bottom = buffer.rcText.bottom;
+    }
+}
+
+} // namespace
+
+void* CDrawText::DrawText_Prepare(HDC hdc, LPCWSTR pszText, int nChars, RECT* prc, UINT uFormat,
+                                  int nLineHeight, UINT* pnLines)
+{
+    stcDrawTextBuffer* const pBuffer =
+        DrawText_Prepare_Int(hdc, pszText, nChars, prc, uFormat, nLineHeight, pnLines);
+    return pBuffer ? pBuffer : InvalidHandle();
+}
+
+stcDrawTextBuffer* CDrawText::DrawText_Prepare_Int(HDC hdc, LPCWSTR pszText, int nChars, RECT* prc,
+                                                   UINT uFormat, int nLineHeight, UINT* pnLines)
+{
+    TEXTMETRICW tm;
+    if (!GetTextMetricsW(hdc, &tm)) {
+        return nullptr;
+    }
+    BufferOwner buffer(new stcDrawTextBuffer());
+    buffer->nFontHeight = tm.tmHeight;
+    buffer->rcText = TextArea(prc);
+    buffer->uFormat = uFormat;
+    buffer->nLineHeight = nLineHeight;
+
+    const UINT nLength = CountChars(pszText, nChars);
+    DrawText_Calculate_Optimized(hdc, pszText, nLength, buffer.get());
+    if (uFormat & DT_SINGLELINE) {
+        MakeSingleLine(*buffer, prc);
+    } else {
+        MakeLines(*buffer, pszText, nLength, prc);
+    }
+    if (pnLines) {
+        *pnLines = buffer->nBreaks + 1;
+    }
+    return uFormat & DT_CALCRECT ? nullptr : buffer.release();
+}
+
+void CDrawText::DrawText_CloseHandle(void* hText)
+{
+    auto* const pBuffer = static_cast<stcDrawTextBuffer*>(hText);
+    if (IsBuffer(pBuffer)) {
+        FreeBuffer(pBuffer);
+        delete pBuffer;
+    }
+}
+
+LONG CDrawText::DrawTextW(HDC hdc, LPCWSTR pszText, int nChars, RECT rc, UINT uFormat, int nLineHeight,
+                          UINT* pnLines)
+{
+    RECT rcText = rc;
+    const BufferOwner buffer(
+        DrawText_Prepare_Int(hdc, pszText, nChars, &rcText, uFormat, nLineHeight, pnLines));
+    if (!buffer) {
+        return E_FAIL;
+    }
+    DrawText_TextOut_Break(hdc, rc, buffer.get());
+    return 0;
+}
+
+LONG CDrawText::DrawTextW(HDC hdc, void* hText, RECT rc)
+{
+    DrawText_TextOut_Break(hdc, rc, static_cast<stcDrawTextBuffer*>(hText));
+    return 0;
+}

@@ -1,0 +1,23 @@
+#include <gesso/text/TextArrays.h>
+
+namespace gesso {
+
+UINT FindRun(const stcDrawTextBuffer& buffer, UINT nGlyph)
+{
+    const stcDrawTextRun* const pRuns = buffer.pRuns;
+    const auto endsBefore = [](const stcDrawTextRun& run, UINT n) { return RunEnd(run) < n; };
+    return static_cast<UINT>(std::lower_bound(pRuns, pRuns + UsableItems(buffer), nGlyph, endsBefore) -
+                             pRuns);
+}
+
+int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
+{
+    int cx = 0;
+    nEnd = std::min(nEnd, UsableGlyphs(buffer));
+    for (UINT n = nFirst; n < nEnd; ++n) {
+        cx = Add(cx, buffer.pAdvance[n]);
+    }
+    return cx;
+}
+
+} // namespace gesso

@@ -1,0 +1,100 @@
+// What the sources of CDrawText share: the arrays of a buffer, and arithmetic that any input may go through.
+#pragma once
+
+#include <gesso/containers/Memory.h>
+#include <gesso/text/CDrawText.h>
+
+#include <algorithm>
+
+namespace gesso {
+
+// True unless the buffer is null or comes from the invalid handle.
+inline bool IsBuffer(const stcDrawTextBuffer* pBuffer)
+{
+    return pBuffer && reinterpret_cast<intptr_t>(pBuffer) != -1;
+}
+
+// Sums and differences of 32 bits that wrap: advances and rectangles come from outside.
+constexpr int Add(int a, int b)
+{
+    return static_cast<int>(static_cast<UINT>(a) + static_cast<UINT>(b));
+}
+
+constexpr int Subtract(int a, int b)
+{
+    return static_cast<int>(static_cast<UINT>(a) - static_cast<UINT>(b));
+}
+
+// How much of an array can be read: none where a buffer was freed and kept its counts, and no more than the
+// capacity, which a buffer built by hand may leave at zero.
+constexpr UINT Usable(const void* pArray, UINT nCount, UINT nCapacity)
+{
+    return !pArray ? 0 : nCapacity != 0 ? std::min(nCount, nCapacity) : nCount;
+}
+
+inline UINT UsableItems(const stcDrawTextBuffer& buffer)
+{
+    return buffer.pRuns ? Usable(buffer.pItems, buffer.nItems, buffer.nItemsAlloc) : 0;
+}
+
+inline UINT UsableChars(const stcDrawTextBuffer& buffer)
+{
+    return buffer.pLogAttr ? Usable(buffer.pLogClust, buffer.nChars, buffer.nCharsAlloc) : 0;
+}
+
+inline UINT UsableGlyphs(const stcDrawTextBuffer& buffer)
+{
+    return buffer.pAdvance ? Usable(buffer.pGlyphs, buffer.nGlyphs, buffer.nGlyphsAlloc) : 0;
+}
+
+// How far an item moves the pen.
+constexpr int RunWidth(const stcDrawTextRun& run)
+{
+    return Add(Add(run.abc.abcA, static_cast<int>(run.abc.abcB)), run.abc.abcC);
+}
+
+constexpr UINT RunEnd(const stcDrawTextRun& run)
+{
+    return run.nFirstGlyph + static_cast<UINT>(run.nGlyphs);
+}
+
+// The first item that ends at the glyph or behind it, so that an item's end counts as its own; the number of
+// items if there is none.
+UINT FindRun(const stcDrawTextBuffer& buffer, UINT nGlyph);
+
+// The advances of the glyphs from nFirst up to nEnd.
+int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd);
+
+// A block of n zeros. There is a block for none too: the platform refuses null arrays, however short.
+template <class T> T* AllocateArray(UINT n)
+{
+    const size_t cb = std::max(n, 1U) * sizeof(T);
+    return static_cast<T*>(std::memset(Allocate(cb), 0, cb));
+}
+
+template <class T> void FreeArray(T*& p)
+{
+    Free(p);
+    p = nullptr;
+}
+
+// Replaces an array with one of exactly n elements, copied from another.
+template <class T> void ReplaceArray(T*& p, const T* pFrom, UINT n)
+{
+    T* const pFormer = p;
+    p = nullptr;
+    if (n != 0) {
+        p = static_cast<T*>(Allocate(n * sizeof(T)));
+        std::memcpy(p, pFrom, n * sizeof(T));
+    }
+    Free(pFormer);
+}
+
+// Gives an array of nFormer elements room for n, the new ones being zero.
+template <class T> void GrowArray(T*& p, UINT nFormer, UINT n)
+{
+    p = static_cast<T*>(Reallocate(p, n * sizeof(T)));
+    std::memset(p + nFormer, 0, (n - nFormer) * sizeof(T));
+}
+
+} // namespace gesso

@@ -1,0 +1,207 @@
+// The script processor: one item for each run of a script, one glyph for each character, every glyph as wide
+// as a character of the font. A glyph's index is the character's code, so that a record can show it.
+#include "../core/Accounting.h"
+#include "../core/Faults.h"
+#include "../core/Text.h"
+#include "../gdi/FontMetrics.h"
+#include "../gdi/Record.h"
+#include "Scripts.h"
+
+#include <algorithm>
+#include <memory>
+
+using namespace gesso::headless;
+
+namespace {
+
+// What a SCRIPT_CACHE points to: the measures of the font that it was made with.
+struct Cache
+{
+    FontMetrics font;
+};
+
+// Makes the cache when it is first needed, which takes a context; null if there is neither.
+Cache* NeedCache(HDC hdc, SCRIPT_CACHE* cache)
+{
+    if (!*cache && FindContext(hdc)) {
+        *cache = new Cache{MeasureSelectedFont(hdc)};
+        Track(Kind::ScriptCache, *cache);
+    }
+    return static_cast<Cache*>(*cache);
+}
+
+// The script that a character's item has: neutral ones go with the character before them, and at the start of
+// a text or behind a control character with the first that has a script.
+Script ResolveScript(const wchar_t* text, int length, int at, Script former)
+{
+    const Script own = ScriptOf(text[at]);
+    if (own != Script::Neutral) {
+        return own;
+    }
+    if (former != Script::Control) {
+        return former;
+    }
+    const wchar_t* const end = text + length;
+    const wchar_t* const next =
+        std::find_if(text + at, end, [](wchar_t c) { return ScriptOf(c) != Script::Neutral; });
+    return next == end || ScriptOf(*next) == Script::Control ? Script::Latin : ScriptOf(*next);
+}
+
+SCRIPT_ITEM ItemAt(int position, Script script)
+{
+    SCRIPT_ITEM item{};
+    item.iCharPos = position;
+    item.a.eScript = static_cast<WORD>(script) & 0x3FF;
+    item.a.fRTL = IsRightToLeft(script);
+    item.a.s.uBidiLevel = IsRightToLeft(script);
+    return item;
+}
+
+HRESULT Failure()
+{
+    return HRESULT_FROM_WIN32(GetLastError());
+}
+
+} // namespace
+
+HRESULT WINAPI ScriptItemize(const WCHAR* text, int length, int maxItems, const SCRIPT_CONTROL*,
+                             const SCRIPT_STATE*, SCRIPT_ITEM* items, int* count)
+{
+    if (FaultFires("ScriptItemize")) {
+        return Failure();
+    }
+    if (!text || length <= 0 || !items || !count || maxItems < 2) {
+        return E_INVALIDARG;
+    }
+    int used = 0;
+    Script former = Script::Control;
+    for (int i = 0; i < length; ++i) {
+        const Script script = ResolveScript(text, length, i, former);
+        if (i == 0 || script != former || script == Script::Control) {
+            if (used == maxItems) {
+                return E_OUTOFMEMORY;
+            }
+            items[used++] = ItemAt(i, script);
+        }
+        former = script;
+    }
+    items[used] = ItemAt(length, Script::Neutral);
+    *count = used;
+    return S_OK;
+}
+
+HRESULT WINAPI ScriptShape(HDC hdc, SCRIPT_CACHE* cache, const WCHAR* text, int length, int maxGlyphs,
+                           SCRIPT_ANALYSIS* analysis, WORD* glyphs, WORD* clusters,
+                           SCRIPT_VISATTR* attributes, int* count)
+{
+    if (FaultFires("ScriptShape")) {
+        return Failure();
+    }
+    if (!cache || !analysis || !attributes || !count || length < 0) {
+        return E_INVALIDARG;
+    }
+    if (length > maxGlyphs) {
+        return E_OUTOFMEMORY;
+    }
+    if (!NeedCache(hdc, cache)) {
+        return E_PENDING;
+    }
+    for (int i = 0; i < length; ++i) {
+        // The glyphs of a right-to-left item stand as they are seen, from left to right.
+        const int glyph = analysis->fRTL ? length - 1 - i : i;
+        glyphs[glyph] = text[i];
+        clusters[i] = static_cast<WORD>(glyph);
+        attributes[glyph] = {};
+        attributes[glyph].fClusterStart = 1;
+    }
+    *count = length;
+    return S_OK;
+}
+
+HRESULT WINAPI ScriptPlace(HDC hdc, SCRIPT_CACHE* cache, const WORD*, int count,
+                           const SCRIPT_VISATTR* attributes, SCRIPT_ANALYSIS*, int* advances,
+                           GOFFSET* offsets, ABC* abc)
+{
+    if (FaultFires("ScriptPlace")) {
+        return Failure();
+    }
+    if (!cache || !attributes || !offsets || count < 0) {
+        return E_INVALIDARG;
+    }
+    const Cache* found = NeedCache(hdc, cache);
+    if (!found) {
+        return E_PENDING;
+    }
+    std::fill_n(advances, count, found->font.width);
+    std::fill_n(offsets, count, GOFFSET{});
+    if (abc) {
+        *abc = {0, static_cast<UINT>(count * found->font.width), 0};
+    }
+    return S_OK;
+}
+
+HRESULT WINAPI ScriptBreak(const WCHAR* text, int length, const SCRIPT_ANALYSIS* analysis,
+                           SCRIPT_LOGATTR* attributes)
+{
+    if (FaultFires("ScriptBreak")) {
+        return Failure();
+    }
+    if (!text || length < 0 || !analysis || !attributes) {
+        return E_INVALIDARG;
+    }
+    for (int i = 0; i < length; ++i) {
+        const bool wordStart = i > 0 && IsWhiteSpace(text[i - 1]) && !IsWhiteSpace(text[i]);
+        attributes[i] = {};
+        attributes[i].fSoftBreak = i > 0 && MayBreakBetween(text[i - 1], text[i]);
+        attributes[i].fWhiteSpace = IsWhiteSpace(text[i]);
+        attributes[i].fCharStop = 1;
+        attributes[i].fWordStop = wordStart;
+    }
+    return S_OK;
+}
+
+HRESULT WINAPI ScriptTextOut(HDC hdc, SCRIPT_CACHE* cache, int x, int y, UINT options, const RECT* clip,
+                             const SCRIPT_ANALYSIS* analysis, const WCHAR*, int, const WORD* glyphs,
+                             int count, const int* advances, const int* justified, const GOFFSET* offsets)
+{
+    if (FaultFires("ScriptTextOut")) {
+        return Failure();
+    }
+    if (!FindContext(hdc) || !cache || !analysis || !glyphs || !advances || !offsets || count < 0) {
+        return E_INVALIDARG;
+    }
+    if (count == 0) {
+        return S_OK;
+    }
+    int width = 0;
+    for (int i = 0; i < count; ++i) {
+        width += justified ? justified[i] : advances[i];
+    }
+    const WideText shown(glyphs, glyphs + count);
+    Line line(hdc, "ScriptTextOut");
+    line.Text(Characters(shown), count).Put(POINT{x, y});
+    line.Word("cx=" + std::to_string(width)).Word(ScriptName(static_cast<Script>(analysis->eScript)));
+    if (analysis->fRTL) {
+        line.Word("rtl");
+    }
+    if (options != 0) {
+        line.Hex(options);
+    }
+    if (clip) {
+        line.Put(*clip);
+    }
+    line.TextState();
+    return S_OK;
+}
+
+HRESULT WINAPI ScriptFreeCache(SCRIPT_CACHE* cache)
+{
+    if (!cache) {
+        return E_INVALIDARG;
+    }
+    if (Untrack(Kind::ScriptCache, *cache)) {
+        delete static_cast<Cache*>(*cache);
+    }
+    *cache = nullptr;
+    return S_OK;
+}

@@ -1,0 +1,178 @@
+#include "TextSupport.h"
+
+#include <gesso/containers/Misuse.h>
+
+#include <gtest/gtest.h>
+
+namespace gesso::test {
+namespace {
+
+template <class T> std::vector<BYTE> Bytes(const T* array, UINT count)
+{
+    const auto* const bytes = reinterpret_cast<const BYTE*>(array);
+    return array ? std::vector<BYTE>(bytes, bytes + count * sizeof(T)) : std::vector<BYTE>();
+}
+
+void ExpectSameText(const stcDrawTextBuffer& a, const stcDrawTextBuffer& b)
+{
+    ASSERT_EQ(a.nItems, b.nItems);
+    ASSERT_EQ(a.nChars, b.nChars);
+    ASSERT_EQ(a.nGlyphs, b.nGlyphs);
+    EXPECT_EQ(Bytes(a.pItems, a.nItems), Bytes(b.pItems, b.nItems));
+    EXPECT_EQ(Bytes(a.pRuns, a.nItems), Bytes(b.pRuns, b.nItems));
+    EXPECT_EQ(Bytes(a.pLogClust, a.nChars), Bytes(b.pLogClust, b.nChars));
+    EXPECT_EQ(Bytes(a.pGlyphs, a.nGlyphs), Bytes(b.pGlyphs, b.nGlyphs));
+    EXPECT_EQ(Bytes(a.pVisAttr, a.nGlyphs), Bytes(b.pVisAttr, b.nGlyphs));
+    EXPECT_EQ(Bytes(a.pAdvance, a.nGlyphs), Bytes(b.pAdvance, b.nGlyphs));
+    EXPECT_EQ(Bytes(a.pOffset, a.nGlyphs), Bytes(b.pOffset, b.nGlyphs));
+}
+
+const std::u16string_view c_mixed = u"abc דג סקרן, def\r\nx";
+
+} // namespace
+
+TEST(TextBuffer, BothCalculationsFindTheSame)
+{
+    TextContext hdc;
+    const auto length = static_cast<UINT>(c_mixed.size());
+    HandMadeText own;
+    CDrawText::PrepareBuffer(&own, 0, 0, 0);
+    CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, &own);
+    HandMadeText published;
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &published);
+    ExpectSameText(own, published);
+
+    // Once more, in the same buffer: nothing is added up and nothing is lost.
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &published);
+    ExpectSameText(own, published);
+    CDrawText::DrawText_Break(Wide(c_mixed), length, 30, &published);
+    EXPECT_EQ(CheckText(published), "");
+}
+
+TEST(TextBuffer, OwnArraysGrowByTheirSteps)
+{
+    TextContext hdc;
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 0, 5, 70);
+    EXPECT_EQ(text.nItemsAlloc, 3U);
+    EXPECT_EQ(text.nCharsAlloc, 5U);
+    EXPECT_EQ(text.nGlyphsAlloc, 70U);
+
+    // Twenty items with the line ends, and a hundred letters in the first.
+    std::u16string lines(100, u'a');
+    for (int i = 0; i < 6; ++i) {
+        lines += u"\r\nb";
+    }
+    const auto length = static_cast<UINT>(lines.size());
+    CDrawText::DrawText_Calculate(hdc, Wide(lines), length, &text);
+    EXPECT_EQ(text.nItems, 19U);
+    EXPECT_EQ(text.nItemsAlloc, 3U + 2 * 16);
+    EXPECT_EQ(text.nCharsAlloc, length);
+    EXPECT_EQ(text.nGlyphsAlloc, 70U + 64);
+}
+
+TEST(TextBuffer, ASecondCalculationInOwnArraysCountsDouble)
+{
+    TextContext hdc;
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 16, 64, 64);
+    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
+    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
+    EXPECT_EQ(text.nItems, 1U);
+    EXPECT_EQ(text.nChars, 6U);
+    EXPECT_EQ(text.nGlyphs, 6U);
+    EXPECT_EQ(text.pRuns[0].nFirstGlyph, 3U);
+    CDrawText::DrawText_Break(L"abcabc", 6, 10, &text);
+    CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, &text);
+}
+
+TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
+{
+    TextContext hdc;
+    HandMadeText text;
+    const bool stops = SetMisuseStops(false);
+    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
+    EXPECT_EQ(text.nChars, 3U);
+    CDrawText::FreeBuffer(&text);
+    CDrawText::DrawText_Calculate(hdc, L"abcd", 4, &text);
+    EXPECT_EQ(text.nChars, 4U);
+    SetMisuseStops(stops);
+}
+
+TEST(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
+{
+    TextContext hdc;
+    const auto length = static_cast<UINT>(c_mixed.size());
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 40, 80, 90);
+    CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, &text);
+    const auto glyphs = Bytes(text.pGlyphs, text.nGlyphs);
+    const auto advances = Bytes(text.pAdvance, text.nGlyphs);
+    CDrawText::OptimizeBuffer(&text);
+    EXPECT_EQ(text.nItemsAlloc, text.nItems);
+    EXPECT_EQ(text.nCharsAlloc, text.nChars);
+    EXPECT_EQ(text.nGlyphsAlloc, text.nGlyphs);
+    EXPECT_EQ(Bytes(text.pGlyphs, text.nGlyphs), glyphs);
+    EXPECT_EQ(Bytes(text.pAdvance, text.nGlyphs), advances);
+
+    // Such a buffer is of no use, but no operation goes astray with it.
+    CDrawText::DrawText_Break(Wide(c_mixed), length, 30, &text);
+    CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, &text);
+    CDrawText::DrawText_TextOut_Char(hdc, 0, 0, &text, 100);
+    CDrawText::OptimizeBuffer(&text);
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &text);
+    EXPECT_EQ(Bytes(text.pGlyphs, text.nGlyphs), glyphs);
+}
+
+TEST(TextBuffer, AFreedBufferKeepsItsCountsButNothingIsReadOfIt)
+{
+    TextContext hdc;
+    Text text = Prepare(hdc, u"some words on some lines", 50);
+    const UINT glyphs = text->nGlyphs;
+    CDrawText::FreeBuffer(text.get());
+    EXPECT_EQ(text->nGlyphs, glyphs);
+    EXPECT_EQ(text->nBreaks, 0U);
+    EXPECT_EQ(text->scriptCache, nullptr);
+    CDrawText::DrawTextW(hdc, text.get(), RECT{0, 0, 50, 50});
+    CDrawText::DrawText_TextOut(hdc, 0, 0, text.get());
+    CDrawText::DrawText_TextOut_Start_Glyph(hdc, 0, 0, text.get(), 0, glyphs);
+    CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, text.get(), 0, 20);
+    CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), 0, 0);
+    CDrawText::DrawText_TextOut_Char(hdc, 0, 0, text.get(), glyphs);
+    CDrawText::OptimizeBuffer(text.get());
+    CDrawText::DrawText_Break(L"some words", 10, 20, text.get());
+    EXPECT_EQ(text->nBreaks, 0U);
+    CDrawText::FreeBuffer(text.get());
+
+    CDrawText::PrepareBuffer(text.get(), 0, 0, 0); // the number of items stands, the arrays are shorter
+    CDrawText::DrawText_TextOut(hdc, 0, 0, text.get());
+    CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), 0, 0);
+}
+
+TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
+{
+    TextContext hdc;
+    const Text text = Prepare(hdc, u"one two three four דג סקרן five", 40);
+    const UINT ends[] = {0,          1,         5, text->nGlyphs - 1, text->nGlyphs, text->nGlyphs + 1,
+                         0x7FFFFFFF, 0xFFFFFFFF};
+    const bool stops = SetMisuseStops(false);
+    for (const UINT a : ends) {
+        CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), a, 0);
+        CDrawText::DrawText_TextOut_Char(hdc, 0, 0, text.get(), a);
+        for (const UINT b : ends) {
+            CDrawText::DrawText_TextOut_Start_Glyph(hdc, 0, 0, text.get(), a, b);
+            CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, text.get(), a, b);
+        }
+    }
+    SetMisuseStops(stops);
+    constexpr LONG most = 0x7FFFFFFF;
+    for (const RECT rc : {RECT{0, 0, -5, -5}, RECT{most, most, -most, -most}, RECT{-most, -most, most, most}})
+    {
+        for (const UINT format : {DT_LEFT, DT_CENTER, DT_RIGHT | DT_BOTTOM, DT_VCENTER}) {
+            text->uFormat = format;
+            CDrawText::DrawTextW(hdc, text.get(), rc);
+        }
+    }
+}
+
+} // namespace gesso::test
