@@ -14,3 +14,4 @@
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>
 #include <gesso/list/GListNotify.h>
+#include <gesso/text/CDrawText.h>
