@@ -95,6 +95,7 @@ choose_fonts() {
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
   <dir>$BUILD/fonts</dir>
+  <dir>/usr/share/wine/fonts</dir>
   <dir>/usr/share/fonts/truetype/dejavu</dir>
   <cachedir>$BUILD/fonts/cache</cachedir>
 </fontconfig>

@@ -4,12 +4,13 @@
 #   scripts/test.sh [STEP...]
 #
 # Steps, all of them without an argument: style (formatting, layers), headless (the tests over the simulated
-# desktop, with sanitizers), windows (the same tests as a Windows program under Wine, and the DLL's imports), e2e
-# (real mouse and keyboard input into the gallery). Logs stay in build/logs.
+# desktop, with sanitizers), windows (the same tests as a Windows program under Wine, and the DLL's imports),
+# package (the installed package, used by a host outside the tree), e2e (real mouse and keyboard input into the
+# gallery). Logs stay in build/logs.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-ALL_STEPS=(style headless windows e2e)
+ALL_STEPS=(style headless windows package e2e)
 TEST_SECONDS=900 # for one test program
 LOGS=$BUILD/logs
 passed=0
@@ -115,6 +116,39 @@ imports_of_system_only() {
     [[ -n $imports ]] && ! grep -viE \
         '^(kernel32|user32|gdi32|uxtheme|usp10|comctl32|msvcrt|ole32|oleaut32|shell32|shlwapi|advapi32|imm32|msimg32|crypt32|cryptui)\.dll$' \
         <<<"$imports"
+}
+
+step_package() {
+    local place=$BUILD/package
+    if check "a host builds with the headless package" host_of_package headless; then
+        check "the host passes its own test over it" timeout 60 "$place/headless/host/hello_test"
+    fi
+    if check "a host builds with the windows package" host_of_package windows \
+        -DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/mingw-w64-x86_64.cmake"; then
+        with_display
+        check "the host runs under Wine" run_hello "$place/windows/host/hello.exe" "$place/windows/prefix/bin"
+    fi
+}
+
+# host_of_package PRESET [CMAKE-OPTION...]: installs a build and builds examples/hello with what was installed.
+host_of_package() {
+    local preset=$1 place=$BUILD/package/$1
+    shift
+    rm -rf "$place"
+    build "$preset" all -DGESSO_WERROR=ON &&
+        cmake --install "build/$preset" --prefix "$place/prefix" &&
+        cmake -S examples/hello -B "$place/host" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "$@" &&
+        cmake --build "$place/host"
+}
+
+# run_hello PROGRAM DLL-FOLDER: the program shows its window and ends when its Close button is clicked.
+run_hello() {
+    local program window
+    WINEPATH=$(windows_path "$2") run_wine 60 "$1" &
+    program=$!
+    window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Hello$') || return
+    xdotool mousemove --window "$window" 235 104 click 1
+    wait $program
 }
 
 step_e2e() {

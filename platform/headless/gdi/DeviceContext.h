@@ -14,8 +14,8 @@ void DeleteWindowContext(HDC hdc);
 // The window that a context draws into; null for a memory context or a stale handle.
 HWND WindowOfContext(HDC hdc);
 
-// Clips a window's context to an area in its own coordinates, as BeginPaint does with the invalid region. Unlike
-// the region of SelectClipRgn it cannot be replaced by the program.
+// Clips a window's context to an area in its own coordinates, as BeginPaint does with the invalid region.
+// Unlike the region of SelectClipRgn it cannot be replaced by the program.
 void SetVisibleArea(HDC hdc, const Area& area);
 
 // Forgets what was drawn into a window, which is going.

@@ -1,0 +1,43 @@
+// The benchmark's harness: it runs the same work with Gesso's controls and with the platform's, turn by turn,
+// and prints the medians side by side.
+#pragma once
+
+#include <gesso/gesso.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+using Work = std::function<void()>;
+
+class Bench
+{
+public:
+    explicit Bench(int nRounds) : m_nRounds(nRounds) {}
+
+    // Begins a family's block of the table.
+    void Family(const std::string& name);
+    // Measures both and prints their row: the time of one operation, of which each call of the work does
+    // nOperations. The two take turns in going first, so that neither always finds the caches warm.
+    void Measure(const std::string& name, int nOperations, const Work& gesso, const Work& platform);
+    // Measures work that the platform has nothing to set beside.
+    void MeasureAlone(const std::string& name, int nOperations, const Work& gesso);
+    // Prints a figure that is no time: a count, or a size in bytes.
+    void Print(const std::string& name, long long nGesso, long long nPlatform);
+
+private:
+    void PrintRow(const std::string& name, const std::string& gesso, const std::string& platform,
+                  const std::string& ratio) const;
+
+    int m_nRounds;
+};
+
+// Dispatches what is pending.
+void HandleMessages();
+
+// A family's rows stand in a source file of its own.
+void MeasureButtons(Bench& bench);
+
+} // namespace bench
