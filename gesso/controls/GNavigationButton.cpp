@@ -95,9 +95,18 @@ LRESULT GNavigationButton::OnKeyDown(UINT uKey, LPARAM)
     return gesso::OnButtonKeyDown(*this, uKey);
 }
 
+// Asks for the repaint first here too.
 LRESULT GNavigationButton::OnKeyUp(UINT uKey, LPARAM)
 {
-    return gesso::OnButtonKeyUp(*this, uKey);
+    if (uKey != VK_SPACE || !(m_dwState & GWS_KEYDOWN)) {
+        return 0;
+    }
+    Invalidate(0);
+    m_dwState &= ~GWS_KEYDOWN;
+    if (!(m_dwState & GWS_PRESSED)) {
+        Frame::SendClick(*this);
+    }
+    return 0;
 }
 
 LRESULT GNavigationButton::OnLButtonDown(WPARAM, POINTS)

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <typeinfo>
 
 namespace {
 
@@ -33,7 +34,9 @@ TEST(Library, InitControlsMakesOneFontAndRegistersEachClassOnce)
 TEST(Library, ClassesHaveTheStatedStyleBackgroundAndExtraBytes)
 {
     InitControls();
-    for (const wchar_t* pszName : {L"GButton", L"GLabel"}) {
+    for (const wchar_t* pszName : {L"GButton", L"GCheckBox", L"GCommandButton", L"GLabel", L"GProgressBar",
+                                   L"GNavigationButton", L"GRadioButton"})
+    {
         WNDCLASSEXW record{};
         record.cbSize = sizeof(record);
         ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), pszName, &record)) << test::Narrow(pszName);
@@ -45,21 +48,37 @@ TEST(Library, ClassesHaveTheStatedStyleBackgroundAndExtraBytes)
     }
 }
 
+template <class CONTROL> void ExpectKind(int nKind)
+{
+    auto* pWnd = static_cast<GWnd*>(CreateControl(nKind));
+    ASSERT_TRUE(pWnd) << nKind;
+    EXPECT_EQ(typeid(*pWnd), typeid(CONTROL)) << nKind;
+    EXPECT_EQ(pWnd->GetHwnd(), nullptr);
+    pWnd->Delete(nullptr);
+    pWnd->Delete(pWnd);
+}
+
 TEST(Library, CreateControlMakesItsKindsAndNothingElse)
 {
-    for (const int nKind : {GCK_LABEL, GCK_BUTTON}) {
-        auto* pWnd = static_cast<GWnd*>(CreateControl(nKind));
-        ASSERT_TRUE(pWnd) << nKind;
-        EXPECT_EQ(pWnd->GetHwnd(), nullptr);
-        pWnd->Delete(pWnd);
-    }
+    ExpectKind<GLabel>(GCK_LABEL);
+    ExpectKind<GButton>(GCK_BUTTON);
+    ExpectKind<GCheckBox>(GCK_CHECKBOX);
+    ExpectKind<GRadioButton>(GCK_RADIOBUTTON);
+    ExpectKind<GCommandButton>(GCK_COMMANDBUTTON);
+    ExpectKind<GProgressBar>(GCK_PROGRESSBAR);
+    ExpectKind<GSeparator>(GCK_SEPARATOR);
     for (const int nKind : {0, 11, -1, INT_MIN, INT_MAX}) {
         EXPECT_EQ(CreateControl(nKind), nullptr) << nKind;
     }
-    auto* pLabel = static_cast<GWnd*>(CreateControl(GCK_LABEL));
-    EXPECT_TRUE(dynamic_cast<GLabel*>(pLabel));
-    pLabel->Delete(nullptr);
-    pLabel->Delete(pLabel);
+}
+
+TEST(Library, ControlsThatStartUpDoesNotRegisterRegisterThemselves)
+{
+    GSeparator separator;
+    GScrollbar scrollbar;
+    const test::Host host;
+    EXPECT_TRUE(separator.Create(0, 0, 5, 50, host, 1, 0, WS_CHILD));
+    EXPECT_TRUE(scrollbar.Create(0, 0, 17, 50, host, 1, 0, WS_CHILD));
 }
 
 } // namespace

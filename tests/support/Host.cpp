@@ -30,6 +30,19 @@ std::string DescribeNotify(const NMHDR& header)
     }
 }
 
+std::string DescribeScroll(WPARAM wParam, LPARAM lParam)
+{
+    const std::string id = std::to_string(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)));
+    switch (LOWORD(wParam)) {
+    case SB_LINEUP: return "lineup " + id;
+    case SB_LINEDOWN: return "linedown " + id;
+    case SB_PAGEUP: return "pageup " + id;
+    case SB_PAGEDOWN: return "pagedown " + id;
+    case SB_THUMBTRACK: return "thumbtrack " + id + " at " + std::to_string(HIWORD(wParam));
+    default: return "scroll " + id + " code " + std::to_string(LOWORD(wParam));
+    }
+}
+
 } // namespace
 
 std::string Narrow(LPCWSTR psz)
@@ -79,8 +92,9 @@ Host::~Host()
 void Host::Report(const std::string& report)
 {
     m_reports.push_back(report);
-    if (onReport) {
-        onReport(report);
+    // A copy, since it may put another in its own place.
+    if (const auto act = onReport) {
+        act(report);
     }
 }
 
@@ -93,7 +107,15 @@ LRESULT CALLBACK Host::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lP
         return 0;
     }
     if (pHost && uMsg == WM_NOTIFY) {
-        pHost->Report(DescribeNotify(*reinterpret_cast<const NMHDR*>(lParam)));
+        const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+        if (pHost->onNotify) {
+            pHost->onNotify(header);
+        }
+        pHost->Report(DescribeNotify(header));
+        return 0;
+    }
+    if (pHost && uMsg == WM_VSCROLL) {
+        pHost->Report(DescribeScroll(wParam, lParam));
         return 0;
     }
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);

@@ -31,10 +31,12 @@ public:
     operator HWND() const { return m_hWnd; }
 
     // The reports since the last call, in order: "click 12", "setfocus 12", "killfocus 12", "notify 12 code
-    // -101".
+    // -101", "lineup 12", "linedown 12", "pageup 12", "pagedown 12", "thumbtrack 12 at 40".
     std::vector<std::string> TakeReports() { return std::exchange(m_reports, {}); }
     // Called within each report, before it is answered.
     std::function<void(const std::string&)> onReport;
+    // Called with the record of each WM_NOTIFY, before its report.
+    std::function<void(const NMHDR&)> onNotify;
 
 private:
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);

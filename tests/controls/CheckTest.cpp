@@ -1,0 +1,103 @@
+#include "../support/Host.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using test::Host;
+using test::Reports;
+
+template <class CONTROL> class ProbeOf : public CONTROL
+{
+public:
+    DWORD& State() { return this->m_dwState; }
+};
+
+template <class CONTROL> class CheckTest : public testing::Test
+{
+protected:
+    static constexpr bool RADIO = std::is_same_v<CONTROL, GRadioButton>;
+
+    void SetUp() override
+    {
+        InitControls();
+        ASSERT_TRUE(control.Create(10, 10, 100, 30, host, 12, L"&Check", 0, WS_CHILD | WS_VISIBLE));
+    }
+    void TearDown() override { DestroyWindow(control); }
+
+    LRESULT Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        return SendMessageW(control, uMsg, wParam, lParam);
+    }
+
+    Host host;
+    ProbeOf<CONTROL> control;
+};
+
+using Checks = testing::Types<GCheckBox, GRadioButton>;
+TYPED_TEST_SUITE(CheckTest, Checks);
+
+TYPED_TEST(CheckTest, ClickReportsAndLeavesTheMarkToTheParent)
+{
+    EXPECT_EQ(this->control.GetCheck(), BST_UNCHECKED);
+    this->Send(WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
+    this->host.TakeReports();
+    this->Send(WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
+    EXPECT_EQ(this->control.GetCheck(), BST_UNCHECKED);
+}
+
+TYPED_TEST(CheckTest, MarkGoesInAndOutRepaintsAndSendsNothing)
+{
+    ValidateRect(this->control, nullptr);
+    EXPECT_EQ(this->Send(BM_SETCHECK, BST_CHECKED), 0);
+    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_EQ(this->Send(BM_GETCHECK), BST_CHECKED);
+    this->control.SetCheck(BST_INDETERMINATE);
+    EXPECT_EQ(this->Send(BM_GETCHECK), BST_INDETERMINATE);
+    EXPECT_EQ(this->host.TakeReports(), Reports{});
+}
+
+TYPED_TEST(CheckTest, MarkBeyondTheKnownOnesIsKeptAndPainted)
+{
+    for (const int nCheck : {3, 77, 0xFFFF, -1}) {
+        this->control.SetCheck(nCheck);
+        EXPECT_EQ(this->control.GetCheck(), nCheck & 0xFFFF);
+        UpdateWindow(this->control);
+        EXPECT_FALSE(GetUpdateRect(this->control, nullptr, FALSE));
+    }
+}
+
+TYPED_TEST(CheckTest, MarkKeepsTheLowEightStateBitsAndClearsTheNextEight)
+{
+    this->control.State() = 0xABCD0000 | 0xFF00 | GWS_HOT | GWS_HIDEFOCUS;
+    this->control.SetCheck(1);
+    EXPECT_EQ(this->control.State(), 0x00010000 | GWS_HOT | GWS_HIDEFOCUS);
+    EnableWindow(this->control, FALSE);
+    EXPECT_EQ(this->control.GetCheck(), 1) << "disabling does not take the mark";
+}
+
+TYPED_TEST(CheckTest, IsNeverADefaultButton)
+{
+    const LRESULT code = this->RADIO ? DLGC_BUTTON | DLGC_RADIOBUTTON : DLGC_BUTTON;
+    EXPECT_EQ(this->Send(WM_GETDLGCODE), code);
+    const DWORD dwStyle = this->control.GetStyle();
+    this->Send(BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+    EXPECT_EQ(this->control.GetStyle(), dwStyle);
+    EXPECT_EQ(this->Send(WM_GETDLGCODE), code);
+}
+
+TYPED_TEST(CheckTest, MadeByNameTakesItsTextFromTheCreationData)
+{
+    const wchar_t data[] = L"\x0001"
+                           L"From the template";
+    const HWND hwnd = CreateWindowExW(0, this->RADIO ? L"GRadioButton" : L"GCheckBox", L"title", WS_CHILD, 0,
+                                      0, 80, 20, this->host, nullptr, nullptr, const_cast<wchar_t*>(data));
+    ASSERT_TRUE(hwnd);
+    EXPECT_TRUE(dynamic_cast<TypeParam*>(GWnd::FromHwnd(hwnd)));
+    EXPECT_EQ(test::TextOf(hwnd), "From the template");
+    EXPECT_EQ(SendMessageW(hwnd, BM_GETCHECK, 0, 0), BST_UNCHECKED);
+    DestroyWindow(hwnd);
+}
+
+} // namespace

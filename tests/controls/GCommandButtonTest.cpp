@@ -1,0 +1,194 @@
+#include "../support/Host.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using test::Host;
+using test::Narrow;
+
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+
+bool IsFont(HFONT hFont)
+{
+    LOGFONTW font{};
+    return GetObjectW(hFont, sizeof(font), &font) > 0;
+}
+
+HFONT SomeFont()
+{
+    return CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+}
+
+class GCommandButtonTest : public testing::Test
+{
+protected:
+    void SetUp() override { InitControls(); }
+
+    HWND Make(GCommandButton& button, LPCWSTR pszNote = L"The note")
+    {
+        return button.Create(10, 10, 200, 60, host, 7, L"The title", pszNote, 0, CHILD);
+    }
+
+    // "title/note" of a link made by name.
+    std::string MadeFrom(const wchar_t* pData)
+    {
+        const HWND hwnd = CreateWindowExW(0, L"GCommandButton", L"", CHILD, 0, 0, 200, 60, host, nullptr,
+                                          nullptr, const_cast<wchar_t*>(pData));
+        const auto* pButton = static_cast<GCommandButton*>(GWnd::FromHwnd(hwnd));
+        const std::string result = test::TextOf(hwnd) + "/" + NoteOf(*pButton);
+        DestroyWindow(hwnd);
+        return result;
+    }
+
+    static std::string NoteOf(const GCommandButton& button)
+    {
+        wchar_t buffer[64];
+        int nLength = 64;
+        EXPECT_EQ(button.GetNote(buffer, &nLength), 1);
+        EXPECT_EQ(nLength, button.GetNoteLength());
+        return Narrow(buffer);
+    }
+
+    Host host;
+};
+
+TEST_F(GCommandButtonTest, NoteGoesInAndOutBesideTheTitle)
+{
+    GCommandButton button;
+    Make(button);
+    EXPECT_EQ(NoteOf(button), "The note");
+    EXPECT_EQ(test::TextOf(button), "The title");
+    ValidateRect(button, nullptr);
+    EXPECT_EQ(button.SetNote(L"Another"), 1);
+    EXPECT_TRUE(GetUpdateRect(button, nullptr, FALSE));
+    EXPECT_EQ(NoteOf(button), "Another");
+    EXPECT_EQ(test::TextOf(button), "The title");
+
+    wchar_t buffer[8];
+    int nLength = 7;
+    EXPECT_EQ(button.GetNote(buffer, &nLength), 0);
+    EXPECT_EQ(nLength, 8);
+    EXPECT_EQ(button.GetNote(buffer, &nLength), 1);
+    EXPECT_EQ(nLength, 7);
+    DestroyWindow(button);
+}
+
+TEST_F(GCommandButtonTest, WithoutANoteTheNoteReadsAsEmpty)
+{
+    GCommandButton button;
+    Make(button, nullptr);
+    wchar_t buffer[2] = {L'#', L'#'};
+    int nLength = 0;
+    EXPECT_EQ(button.GetNote(buffer, &nLength), 0);
+    EXPECT_EQ(nLength, 1);
+    EXPECT_EQ(buffer[0], L'#');
+    EXPECT_EQ(button.GetNote(buffer, &nLength), 1);
+    EXPECT_EQ(nLength, 0);
+    EXPECT_EQ(buffer[0], 0);
+    button.SetNote(L"now there is one");
+    button.SetNote(nullptr);
+    EXPECT_EQ(button.GetNoteLength(), 0);
+    DestroyWindow(button);
+}
+
+TEST_F(GCommandButtonTest, CreationDataHoldsTitleAndNote)
+{
+    EXPECT_EQ(MadeFrom(L"\x0001Title\0Note"), "Title/Note");
+    EXPECT_EQ(MadeFrom(L"\x0001Title\0"), "Title/") << "an empty second text is no note";
+    EXPECT_EQ(MadeFrom(nullptr), "/");
+}
+
+// A template may end with the title; what stands behind it then is the next control's.
+TEST_F(GCommandButtonTest, CreationDataThatEndsWithTheTitleHasNoNote)
+{
+    EXPECT_EQ(MadeFrom(L"\x000ETitle\0not a note"), "Title/") << "its size with the word of the size";
+    EXPECT_EQ(MadeFrom(L"\x000CTitle\0not a note"), "Title/") << "its size without that word";
+    EXPECT_EQ(MadeFrom(L"\x0016Title\0Note"), "Title/Note");
+}
+
+TEST_F(GCommandButtonTest, FontsAreMadeFromTheStyleAndGoWithTheWindow)
+{
+    GCommandButton button;
+    const HWND hwnd = Make(button);
+    const HFONT hTitle = button.GetFont();
+    const HFONT hNote = button.GetNoteFont();
+    EXPECT_TRUE(IsFont(hTitle));
+    EXPECT_TRUE(IsFont(hNote));
+    EXPECT_NE(hTitle, g_hDefaultFont);
+    EXPECT_NE(hNote, g_hDefaultFont);
+    DestroyWindow(hwnd);
+    EXPECT_FALSE(IsFont(hTitle));
+    EXPECT_FALSE(IsFont(hNote));
+    EXPECT_TRUE(IsFont(g_hDefaultFont));
+}
+
+// The control takes over what it is given, but leaves alone what it had.
+TEST_F(GCommandButtonTest, FontsOfTheHostsAreDeletedAndFormerOnesAreNot)
+{
+    GCommandButton button;
+    Make(button);
+    const HFONT hFormer = button.GetFont();
+    const HFONT hFormerNote = button.GetNoteFont();
+    const HFONT hGiven = SomeFont();
+    const HFONT hGivenNote = SomeFont();
+    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(hGiven), FALSE);
+    button.SetNoteFont(hGivenNote);
+    EXPECT_EQ(button.GetNoteFont(), hGivenNote);
+    EXPECT_TRUE(IsFont(hFormer));
+    EXPECT_TRUE(IsFont(hFormerNote));
+
+    SendMessageW(button, WM_THEMECHANGED, 0, 0);
+    // A handle may be used again at once, so that the new fonts are looked at by what they are.
+    LOGFONTW font{};
+    ASSERT_TRUE(GetObjectW(button.GetFont(), sizeof(font), &font) > 0);
+    EXPECT_NE(font.lfHeight, -20) << "a change of the style takes the host's font away too";
+    ASSERT_TRUE(GetObjectW(button.GetNoteFont(), sizeof(font), &font) > 0);
+    EXPECT_NE(font.lfHeight, -20);
+
+    const HFONT hLast = SomeFont();
+    DeleteObject(button.GetFont());
+    button.SetFont(hLast);
+    DestroyWindow(button);
+    EXPECT_FALSE(IsFont(hLast)) << "and so does the end of the window";
+    DeleteObject(hFormer);
+    DeleteObject(hFormerNote);
+}
+
+TEST_F(GCommandButtonTest, CopiesShareTheFontsAndDeleteNone)
+{
+    GCommandButton button;
+    Make(button);
+    const HFONT hTitle = button.GetFont();
+    {
+        const GCommandButton copy(button);
+        EXPECT_EQ(copy.GetFont(), hTitle);
+    }
+    EXPECT_TRUE(IsFont(hTitle));
+    DestroyWindow(button);
+}
+
+TEST_F(GCommandButtonTest, DefaultButtonFollowsBmSetstyle)
+{
+    GCommandButton button;
+    Make(button);
+    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON);
+    SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, FALSE);
+    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
+    EXPECT_TRUE(button.GetStyle() & GBS_DEFAULT);
+    DestroyWindow(button);
+}
+
+TEST_F(GCommandButtonTest, PaintsWithEveryKindOfGlyph)
+{
+    GCommandButton button;
+    Make(button);
+    for (const DWORD dwStyle : {DWORD{0}, GCBS_SHIELD, GS_ICON, GS_BITMAP | GCBS_SHIELD, GS_MULTILINE}) {
+        button.SetStyle(CHILD | dwStyle);
+        UpdateWindow(button);
+        EXPECT_FALSE(GetUpdateRect(button, nullptr, FALSE)) << dwStyle;
+    }
+    DestroyWindow(button);
+}
+
+} // namespace
