@@ -497,6 +497,8 @@ void OArray<TYPE, ARG_TYPE>::Relocate(TYPE* pTo, const TYPE* pFrom, UINT n)
     }
 }
 
+struct stcPage;
+
 // Every instantiation that the library exports. That of a pointer joins here with a declaration of what it
 // points at; that of a record joins in the record's own header, by GESSO_DECLARE_ARRAY, and source, by
 // GESSO_DEFINE_ARRAY.
@@ -506,6 +508,7 @@ void OArray<TYPE, ARG_TYPE>::Relocate(TYPE* pTo, const TYPE* pFrom, UINT n)
     USE(HWND, HWND const&)                                                                                   \
     USE(HFONT, HFONT)                                                                                        \
     USE(HICON, HICON)                                                                                        \
+    USE(stcPage*, stcPage*)                                                                                  \
     USE(OString<wchar_t>, OString<wchar_t> const&)
 
 #define GESSO_DECLARE_ARRAY(TYPE, ARG_TYPE) extern template class GESSO_API OArray<TYPE, ARG_TYPE>;

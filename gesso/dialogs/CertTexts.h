@@ -1,0 +1,49 @@
+// What GWndCertFailure says and how it looks at each severity.
+#pragma once
+
+#include <gesso/api.h>
+
+namespace gesso {
+
+struct CertSeverity
+{
+    LPCWSTR pszHeader;
+    COLORREF crText, crLeft, crRight; // of the header's text, and of the ends of its gradient
+    WORD wHeaderIcon, wLineIcon;
+    LPCWSTR pszStatus;
+};
+
+// By CFT_.
+inline constexpr CertSeverity SEVERITIES[] = {
+    {L"Verbindungsidentifizierung", 0xFFFFFF, 0x6D3800, 0x997510, 138, 135, L"Die Verbindung ist sicher."},
+    {L"Nicht vertrauenswürdiges Zertifikat", 0x000000, 0x00B1F2, 0x48CDFE, 133, 136,
+     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert werden. "
+     L"Das "
+     L"Fortsetzen des Vorgangs ist eventuell nicht sicher."},
+    {L"Zertifikat ungültig", 0xFFFFFF, 0x0000AE, 0x0000E2, 137, 134,
+     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert werden. "
+     L"Das "
+     L"Fortsetzen des Vorgangs ist nicht möglich."},
+};
+
+// By bit of the failures.
+inline constexpr LPCWSTR FAILURE_TEXTS[] = {
+    L"Das Zertifikat ist gültig und vertrauenswürdig",
+    L"dem Zertifikat wird nicht getraut (bzw. dessen Root)",
+    L"das Zertifikat wird für einen falschen Zweck verwendet",
+    L"der Name im Zertifikat stimmt nicht mit dem geforderten überein",
+    L"es wurden keine CRL zu den Zertifikaten gesucht/gefunden",
+    L"das Zertifikat ist abgelaufen",
+    L"das Zertifikat ist noch nicht gültig",
+    L"die Verschachtelung der Zeiten ist falsch",
+    L"Das Zertifikat ist ungültig (irgendwas stimmt nicht mit der Kette, den Signaturen oder etwas "
+    L"anderem... wir "
+    L"vertrauen dem Ding auf jeden Fall nicht)",
+    L"Das Zertifikat wurde zurückgezogen.",
+    L"explizit nicht vertrauenswürdig (wie zurückgezogen, aber nicht von der CA)",
+};
+
+inline constexpr LPCWSTR QUESTION_TEXT = L"Möchten Sie den Vorgang fortsetzen?";
+inline constexpr LPCWSTR DONT_ASK_TEXT = L"Nicht erneut nach Verbindungen mit diesem Computer fragen.";
+
+} // namespace gesso

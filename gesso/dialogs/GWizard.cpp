@@ -1,0 +1,367 @@
+#include <gesso/controls/GButton.h>
+#include <gesso/dialogs/DialogSupport.h>
+#include <gesso/dialogs/GWizard.h>
+#include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/ThemePart.h>
+
+using gesso::MapUnits;
+
+namespace {
+
+constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN | WS_CAPTION | WS_SYSMENU | DS_CENTER |
+                               DS_MODALFRAME | DS_SETFONT | DS_FIXEDSYS;
+static_assert(DIALOG_STYLE == 0x92C808C8);
+constexpr UINT DIALOG_WIDTH = 400;
+constexpr UINT DIALOG_HEIGHT = 300;
+constexpr int FOOTER_UNITS = 28;
+constexpr DWORD BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
+static_assert(BUTTON_STYLE == 0x50010005);
+
+// Where the title stands in the header that Draw paints.
+constexpr int TITLE_LEFT = 48;
+constexpr int TITLE_TOP = 28;
+constexpr int TITLE_RIGHT_ROOM = 125;
+constexpr int TITLE_BOTTOM = 50;
+constexpr int TITLE_GLOW = 15;
+
+SIZE WindowSize(HWND hwnd)
+{
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    return {rc.right - rc.left, rc.bottom - rc.top};
+}
+
+void Show(HWND hwnd, bool fShow)
+{
+    ShowWindow(hwnd, fShow ? SW_SHOW : SW_HIDE);
+}
+
+} // namespace
+
+void GWizard::DeleteButton(GButton* pButton)
+{
+    delete pButton;
+}
+
+// --- Pages
+// ------------------------------------------------------------------------------------------------------------
+
+void GWizard::InsertPage(UINT nIndex, stcPage* pPage)
+{
+    m_aPages.InsertAt(nIndex < m_aPages.GetLength() ? nIndex : m_aPages.GetLength(), pPage);
+}
+
+void GWizard::RemovePage(UINT nIndex)
+{
+    if (nIndex < m_aPages.GetLength()) {
+        m_aPages.RemoveAt(nIndex, 1);
+    }
+}
+
+stcPage* GWizard::GetPage(UINT nIndex) const
+{
+    return nIndex < m_aPages.GetLength() ? m_aPages[nIndex] : nullptr;
+}
+
+bool GWizard::IsLast(UINT nIndex) const
+{
+    return nIndex + 1 == m_aPages.GetLength();
+}
+
+// Whether the page allows a step. A page without a window has nobody to refuse.
+bool GWizard::Ask(UINT nIndex, UINT uCode)
+{
+    const stcPage* pPage = GetPage(nIndex);
+    if (!pPage || !pPage->hwnd) {
+        return true;
+    }
+    stcWizardNotify notify{{m_hWnd, 0, uCode}, 0};
+    SendMessageW(pPage->hwnd, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notify));
+    return notify.nResult != 0;
+}
+
+void GWizard::ActivatePage(UINT nIndex)
+{
+    stcPage* pNew = GetPage(nIndex);
+    if (!pNew) {
+        return;
+    }
+    const HWND hwnd = m_hWnd;
+    if (m_nCurrent != NO_PAGE) {
+        // A page may end the whole dialog in its answer.
+        if (!Ask(m_nCurrent, WZN_KILLACTIVE) || !IsWindow(hwnd)) {
+            return;
+        }
+        if (const stcPage* pCurrent = GetPage(m_nCurrent)) {
+            Show(pCurrent->hwnd, false);
+        }
+        if (IsLast(m_nCurrent)) {
+            m_pFinish->SetVisible(0);
+            m_pNext->SetVisible(1);
+        }
+    }
+    m_nCurrent = nIndex;
+    if (IsLast(nIndex)) {
+        m_pNext->SetVisible(0);
+        m_pFinish->SetVisible(1);
+        EnableWindow(*m_pFinish, TRUE);
+    }
+    EnableWindow(*m_pBack, nIndex != 0);
+    MoveFocusOffHiddenButton();
+    Ask(nIndex, WZN_SETACTIVE);
+    if (IsWindow(hwnd)) {
+        Show(pNew->hwnd, true);
+    }
+}
+
+// A button that hides or is disabled under the focus would leave the keyboard without a control.
+void GWizard::MoveFocusOffHiddenButton()
+{
+    const HWND hwndFocus = GetFocus();
+    for (GButton* pButton :
+         {static_cast<GButton*>(m_pNext), static_cast<GButton*>(m_pFinish), static_cast<GButton*>(m_pBack)})
+    {
+        const HWND hwnd = *pButton;
+        const bool fUsable = (GetWindowLongW(hwnd, GWL_STYLE) & WS_VISIBLE) && IsWindowEnabled(hwnd);
+        if (hwnd == hwndFocus && !fUsable) {
+            SetFocus(IsLast(m_nCurrent) ? *m_pFinish : *m_pNext);
+        }
+    }
+}
+
+void GWizard::NextPage()
+{
+    ActivatePage(m_nCurrent + 1);
+}
+
+void GWizard::PreviousPage()
+{
+    ActivatePage(m_nCurrent - 1);
+}
+
+int GWizard::SetCurrentPage(UINT nIndex, const stcPage* pPage)
+{
+    if (pPage) {
+        for (nIndex = 0; nIndex < m_aPages.GetLength() && m_aPages[nIndex] != pPage;) {
+            ++nIndex;
+        }
+    }
+    ActivatePage(nIndex);
+    return 1;
+}
+
+int GWizard::SetButtons(DWORD dwShow, DWORD dwEnable)
+{
+    const std::pair<DWORD, GButton*> buttons[] = {
+        {WZB_FINISH, m_pFinish}, {WZB_CANCEL, m_pCancel}, {WZB_NEXT, m_pNext}, {WZB_BACK, m_pBack}};
+    for (const auto& [dwBit, pButton] : buttons) {
+        if (pButton) {
+            pButton->SetVisible((dwShow & dwBit) != 0);
+            EnableWindow(*pButton, (dwEnable & dwBit) != 0);
+        }
+    }
+    return 1;
+}
+
+// --- Start
+// ------------------------------------------------------------------------------------------------------------
+
+INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
+{
+    if (!m_pConfig) {
+        gesso::Misuse("GWizard::DoModal: no configuration");
+        return -1;
+    }
+    m_nCurrent = NO_PAGE;
+    const gesso::EmptyDialogTemplate dialog(WS_EX_WINDOWEDGE, DIALOG_STYLE, DIALOG_WIDTH, DIALOG_HEIGHT,
+                                            m_pConfig->pszTitle);
+    return static_cast<int>(IsolationAwareDialogBoxIndirectParamW(
+        GetModuleHandleW(nullptr), dialog.Get(), hwndParent, DialogProc, reinterpret_cast<LPARAM>(this)));
+}
+
+DLGPROC GWizard::GetDialogProc()
+{
+    return DialogProc;
+}
+
+int GWizard::OnInitDialog()
+{
+    GetClientRect(m_hWnd, &m_rcClient);
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, FOOTER_UNITS).bottom;
+    m_hTheme.Reset(OpenThemeData(m_hWnd, L"AEROWIZARD"));
+    MakePages();
+    FitFirstPage(cyFooter);
+    m_rcFooter = {m_rcClient.left, m_rcClient.bottom - cyFooter, m_rcClient.right, m_rcClient.bottom};
+    MakeButtons();
+    SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->nDefaultId, 0);
+    ActivatePage(0);
+    return 1;
+}
+
+void GWizard::MakePages()
+{
+    for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
+        stcPage& page = *m_aPages[i];
+        const DLGTEMPLATE* pTemplate = gesso::LoadDialogTemplate(page.hInstance, page.pszTemplate);
+        page.hwnd = pTemplate ? IsolationAwareCreateDialogIndirectParamW(GetModuleHandleW(nullptr), pTemplate,
+                                                                         m_hWnd, page.pfnDialog, page.lParam)
+                              : nullptr;
+        Show(page.hwnd, false);
+        const SIZE size = WindowSize(page.hwnd);
+        SetWindowPos(page.hwnd, nullptr, m_rcClient.left, m_rcClient.top, size.cx, size.cy, SWP_FRAMECHANGED);
+    }
+}
+
+// Sizes the dialog to the first page that has a window, and centres it.
+void GWizard::FitFirstPage(int cyFooter)
+{
+    SIZE size = WindowSize(m_hWnd);
+    for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
+        if (m_aPages[i]->hwnd) {
+            const SIZE page = WindowSize(m_aPages[i]->hwnd);
+            const SIZE growth{page.cx - (m_rcClient.right - m_rcClient.left),
+                              page.cy + cyFooter - (m_rcClient.bottom - m_rcClient.top)};
+            size = {size.cx + growth.cx, size.cy + growth.cy};
+            m_rcClient.right += growth.cx;
+            m_rcClient.bottom += growth.cy;
+            break;
+        }
+    }
+    if (GetWindowLongW(m_hWnd, GWL_STYLE) & DS_CENTER) {
+        gesso::CenterWindow(m_hWnd, m_hWnd, size);
+    } else {
+        SetWindowPos(m_hWnd, nullptr, 0, 0, size.cx, size.cy, SWP_FRAMECHANGED | SWP_NOMOVE);
+    }
+}
+
+void GWizard::MakeButtons()
+{
+    const RECT rcUnits = MapUnits(m_hWnd, 50, 14, 4, 0);
+    const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
+    const int y = m_rcFooter.top + ((m_rcFooter.bottom - m_rcFooter.top) >> 1) - (cy >> 1);
+    const int xCancel = m_rcFooter.right - cxGap - cx;
+    const int xNext = xCancel - cxGap - cx;
+    const auto make = [&](OwnedButton& button, int x, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
+        button.Reset(new GButton);
+        button->Create(x, y, cx, cy, m_hWnd, static_cast<int>(uId), pszLabel, 0, dwStyle);
+    };
+    // Finish waits, hidden, in the place of Next.
+    make(m_pFinish, xNext, WZB_FINISH, m_pConfig->pszFinish, BUTTON_STYLE & ~WS_VISIBLE);
+    make(m_pCancel, xCancel, WZB_CANCEL, L"Cancel", BUTTON_STYLE);
+    make(m_pNext, xNext, WZB_NEXT, L"Next", BUTTON_STYLE);
+    make(m_pBack, xNext - cxGap - cx, WZB_BACK, L"Back", BUTTON_STYLE);
+}
+
+// --- Drawing
+// ------------------------------------------------------------------------------------------------------------
+
+void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
+{
+    gesso::ThemeHandle hTheme;
+    hTheme.Reset(OpenThemeData(m_hWnd, L"CompositedWindow::Window"));
+    DTTOPTS options{};
+    options.dwSize = sizeof(options);
+    options.dwFlags = DTT_COMPOSITED | DTT_GLOWSIZE;
+    options.iGlowSize = TITLE_GLOW;
+    LOGFONTW font{};
+    const HFONT hFont =
+        SUCCEEDED(GetThemeSysFont(hTheme, TMT_CAPTIONFONT, &font)) ? CreateFontIndirectW(&font) : nullptr;
+    {
+        const gesso::SelectScope select(hdc, hFont);
+        RECT rc{rcClient.left + TITLE_LEFT, rcClient.top + TITLE_TOP, rcClient.right - TITLE_RIGHT_ROOM,
+                TITLE_BOTTOM};
+        DrawThemeTextEx(hTheme, hdc, 0, 0, gesso::TextOrEmpty(m_pConfig->pszTitle), -1, DT_WORD_ELLIPSIS, &rc,
+                        &options);
+    }
+    if (hFont) {
+        DeleteObject(hFont);
+    }
+}
+
+void GWizard::Draw(HDC hdc)
+{
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    DrawTitle(hdc, rcClient);
+    gesso::ThemePart(m_hTheme, hdc, AW_COMMANDAREA, 0, gesso::PlainPart::DialogFooter)
+        .DrawBackground(m_rcFooter);
+}
+
+// --- Messages
+// -----------------------------------------------------------------------------------------------------------
+
+int GWizard::OnFinish()
+{
+    const HWND hwnd = m_hWnd;
+    if (Ask(m_nCurrent, WZN_KILLACTIVE) && IsWindow(hwnd) && Ask(m_nCurrent, WZN_FINISH) && IsWindow(hwnd)) {
+        EndDialog(hwnd, WZB_FINISH);
+    }
+    return 1;
+}
+
+int GWizard::OnCommand(UINT uId)
+{
+    switch (uId) {
+    case WZB_FINISH: return OnFinish();
+    case WZB_CANCEL: EndDialog(m_hWnd, WZB_CANCEL); return 1;
+    case WZB_NEXT: NextPage(); return 1;
+    case WZB_BACK: PreviousPage(); return 1;
+    default: return 0;
+    }
+}
+
+int GWizard::OnGetCurrentPage(UINT* pnIndex, stcPage** ppPage) const
+{
+    if (pnIndex) {
+        *pnIndex = m_nCurrent;
+    }
+    if (ppPage && m_nCurrent != NO_PAGE) {
+        *ppPage = GetPage(m_nCurrent);
+    }
+    return 1;
+}
+
+void GWizard::OnActivate() {}
+
+int GWizard::OnDestroy()
+{
+    m_hTheme.Reset();
+    for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
+        DestroyWindow(m_aPages[i]->hwnd);
+    }
+    for (GButton* pButton : {static_cast<GButton*>(m_pFinish), static_cast<GButton*>(m_pCancel),
+                             static_cast<GButton*>(m_pNext), static_cast<GButton*>(m_pBack)})
+    {
+        if (pButton) {
+            pButton->Destroy();
+        }
+    }
+    return 1;
+}
+
+INT_PTR CALLBACK GWizard::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    if (uMsg == WM_INITDIALOG) {
+        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
+        gesso::DialogOf<GWizard>(hDlg)->m_hWnd = hDlg;
+    }
+    auto* pWizard = gesso::DialogOf<GWizard>(hDlg);
+    if (!pWizard) {
+        return gesso::OnWhiteDialogColor(uMsg, lParam);
+    }
+    switch (uMsg) {
+    case WM_INITDIALOG: return pWizard->OnInitDialog();
+    case WM_COMMAND: return pWizard->OnCommand(LOWORD(wParam));
+    case WM_CLOSE: return pWizard->OnCommand(WZB_CANCEL);
+    case WM_NOTIFY: return 1;
+    case WZM_SETCURPAGE:
+        return pWizard->SetCurrentPage(static_cast<UINT>(wParam), reinterpret_cast<const stcPage*>(lParam));
+    case WZM_GETCURPAGE:
+        return pWizard->OnGetCurrentPage(reinterpret_cast<UINT*>(wParam),
+                                         reinterpret_cast<stcPage**>(lParam));
+    case WZM_SETBUTTONS: return pWizard->SetButtons(static_cast<DWORD>(wParam), static_cast<DWORD>(lParam));
+    case WM_DESTROY: return pWizard->OnDestroy();
+    default: return gesso::OnWhiteDialogColor(uMsg, lParam);
+    }
+}
