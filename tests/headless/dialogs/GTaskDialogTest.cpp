@@ -123,8 +123,8 @@ TEST_F(GTaskDialogTest, GrowsForItsTextsAndButtons)
     };
     const int cxSmall = widthOf(L"x", 0);
     EXPECT_GT(widthOf(L"x", 0x3F), cxSmall) << "six buttons";
-    const std::wstring_view word =
-        L"wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww";
+    const LPCWSTR pszWord =
+        L"wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww";
     EXPECT_GT(widthOf(pszWord, 1), 6 * 80) << "a word that no limit breaks";
 }
 
