@@ -18,8 +18,7 @@
 
 namespace gesso::headless {
 
-// The desktop as a whole
-// ---------------------------------------------------------------------------------------
+// --- The desktop as a whole ---
 
 // Gives a fresh desktop: destroys every window, sets the clock to zero and the pointer to the screen's last
 // pixel, and clears queues, key states, clipboard, records, faults and settings. Window classes, graphics
@@ -34,8 +33,8 @@ std::vector<HWND> TopLevelWindows();
 HMODULE HostModule();
 HMODULE LibraryModule();
 
-// Resources
-// ---------------------------------------------------------------------------------------
+// --- Resources ---
+
 // The simulated modules have no files behind them: a test or a host adds the resources that it needs.
 
 // Adds a resource, or replaces the one of that type and name; both are texts or MAKEINTRESOURCEW.
@@ -45,8 +44,8 @@ void AddString(HMODULE module, UINT id, std::string_view text);
 // Drops what was added to the module.
 void RemoveResources(HMODULE module);
 
-// Input
-// --------------------------------------------------------------------------------------------------------
+// --- Input ---
+
 // Input is queued as a user's would be, and finds its window when a message loop takes it out: by capture,
 // focus, or hit-testing. Nothing is delivered before Pump(), or before a loop of the program's own runs.
 
@@ -80,8 +79,7 @@ void TypeText(std::string_view text);
 // Gives another program the foreground, as Alt+Tab would: this one's active window is active no longer.
 void SwitchAway();
 
-// Message loops and time
-// ---------------------------------------------------------------------------------------
+// --- Message loops and time ---
 
 // Dispatches all that is pending: posted messages, input, paints, due timers. False if it met WM_QUIT, which
 // it takes out of the queue. The second form offers each message to IsDialogMessageW first.
@@ -100,8 +98,7 @@ ULONGLONG Now();
 void WhenIdle(std::function<void()> action);
 bool Deadlocked();
 
-// What went on
-// -------------------------------------------------------------------------------------------------
+// --- What went on ---
 
 // One message as a window got it. `posted` tells a message that came through the queue from one that was
 // sent.
@@ -143,8 +140,7 @@ struct CaretState
 };
 CaretState Caret();
 
-// Accounting
-// ---------------------------------------------------------------------------------------------------
+// --- Accounting ---
 
 // The kinds of platform object that are counted while they live.
 enum class Kind
@@ -188,17 +184,16 @@ int ActivationDepth();
 // any other build answers true.
 bool HeapIsClean();
 
-// Faults
-// -------------------------------------------------------------------------------------------------------
+// --- Faults ---
 
 // Lets the named operation ("CreateWindowExW", "BeginPaint", ...) fail: its first `skip` calls go through,
 // the `times` calls after them fail with `error` as the last error.
 void Fail(std::string_view operation, int times = 1, DWORD error = ERROR_NOT_ENOUGH_MEMORY, int skip = 0);
 void ClearFaults();
 
-// Settings
-// ----------------------------------------------------------------------------------------------------- All
-// return to their first values with Reset(). None sends a message: a test that needs WM_THEMECHANGED or
+// --- Settings ---
+
+// All return to their first values with Reset(). None sends a message: a test that needs WM_THEMECHANGED or
 // WM_SETTINGCHANGE sends it.
 
 // Visual styles as a whole, one class of them, or one part of a class. Class names are as in OpenThemeData.

@@ -9,7 +9,7 @@
 namespace gesso::headless {
 namespace {
 
-constexpr int c_nonClientOffset = WM_NCMOUSEMOVE - WM_MOUSEMOVE;
+constexpr UINT c_nonClientOffset = UINT{WM_NCMOUSEMOVE} - UINT{WM_MOUSEMOVE};
 
 enum class Outcome
 {

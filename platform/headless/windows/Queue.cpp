@@ -221,7 +221,7 @@ LRESULT WINAPI DispatchMessageW(const MSG* message)
 DWORD WINAPI GetMessagePos()
 {
     const POINT p = TheDesktop().messagePoint;
-    return MAKELONG(p.x, p.y);
+    return static_cast<DWORD>(MAKELONG(p.x, p.y));
 }
 
 LONG WINAPI GetMessageTime()

@@ -47,7 +47,7 @@ DWORD CompletedExStyle(DWORD exStyle, DWORD style)
 // size.
 void ReplaceDefaults(CREATESTRUCTW& create)
 {
-    const bool overlapped = !(create.style & (WS_CHILD | WS_POPUP));
+    const bool overlapped = !(static_cast<DWORD>(create.style) & (WS_CHILD | WS_POPUP));
     if (create.x == static_cast<int>(CW_USEDEFAULT)) {
         create.x = 0;
         create.y = 0;
@@ -245,13 +245,14 @@ bool IsUsableParent(const CREATESTRUCTW& create, const WindowRef& parent)
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
         return false;
     }
-    const bool child = (create.style & (WS_CHILD | WS_POPUP)) == WS_CHILD;
+    const auto style = static_cast<DWORD>(create.style);
+    const bool child = (style & (WS_CHILD | WS_POPUP)) == WS_CHILD;
     if (child && !parent) {
         SetLastError(ERROR_TLW_WITH_WSCHILD);
         return false;
     }
     // There are no menus: what stands in the menu's place of a top-level window can be none.
-    if (!(create.style & WS_CHILD) && create.hMenu) {
+    if (!(style & WS_CHILD) && create.hMenu) {
         SetLastError(ERROR_INVALID_MENU_HANDLE);
         return false;
     }

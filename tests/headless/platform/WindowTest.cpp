@@ -96,8 +96,9 @@ TEST_F(WindowTest, AWindowThatRefusesItsCreationIsGoneAtOnce)
 TEST_F(WindowTest, WindowsMayDestroyThemselvesInAnyMessage)
 {
     const HWND parent = MakeTop();
-    for (const UINT fatal :
-         {WM_CREATE, WM_SIZE, WM_SHOWWINDOW, WM_WINDOWPOSCHANGED, WM_ERASEBKGND, WM_NCPAINT}) {
+    for (const UINT fatal : std::initializer_list<UINT>{WM_CREATE, WM_SIZE, WM_SHOWWINDOW,
+                                                        WM_WINDOWPOSCHANGED, WM_ERASEBKGND, WM_NCPAINT})
+    {
         const HWND hwnd = Make({.style = WS_CHILD | WS_VISIBLE, .parent = parent},
                                [=](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
                                    if (message == fatal) {
