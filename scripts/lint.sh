@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Looks for what compilers let pass: the layers' include direction, clang-tidy and cppcheck over the sources of
+# the headless build.
+#
+#   scripts/lint.sh [PATH-PART...]    only the sources whose paths contain one of these
+set -uo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+cd "$ROOT" || exit 1
+
+sources() {
+    python3 - "$@" <<'LIST'
+import json, os, sys
+wanted = sys.argv[1:]
+for entry in json.load(open("build/headless/compile_commands.json")):
+    path = os.path.relpath(entry["file"])
+    if not path.startswith("..") and (not wanted or any(part in path for part in wanted)):
+        print(path)
+LIST
+}
+
+scripts/setup.sh build lint || exit 1
+cmake --preset headless >/dev/null || exit 1
+status=0
+say "layers"
+scripts/check-includes.py || status=1
+say "clang-tidy"
+sources "$@" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/headless --quiet 2>/dev/null || status=1
+say "cppcheck"
+sources "$@" | sed 's/^/--file-filter=/' | xargs cppcheck --project=build/headless/compile_commands.json -q \
+    --enable=warning,performance,portability --inline-suppr --suppressions-list=scripts/cppcheck.suppress \
+    --error-exitcode=1 -j "$(nproc)" || status=1
+((status == 0)) && say "nothing found"
+exit $status
