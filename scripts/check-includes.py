@@ -64,7 +64,7 @@ def complaints_in_platform(_, lines):
 
 def sources_below(folder):
     for path in sorted((ROOT / folder).rglob("*")):
-        if path.suffix in (".h", ".cpp"):
+        if path.suffix in (".h", ".inl", ".cpp"):
             yield path.relative_to(ROOT).as_posix(), path.read_text(encoding="utf-8").splitlines()
 
 

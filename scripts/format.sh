@@ -5,7 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$ROOT"
 
 sources() {
-    find . -path ./build -prune -o '(' -name '*.h' -o -name '*.cpp' ')' -print | sort
+    find . -path ./build -prune -o '(' -name '*.h' -o -name '*.inl' -o -name '*.cpp' ')' -print | sort
 }
 
 if [[ ${1:-} == --check ]]; then

@@ -55,11 +55,11 @@ as_root() {
 install() {
     command -v apt-get >/dev/null || die "setup.sh: no apt-get here; install by other means: ${missing[*]}"
     say "installing ${missing[*]}"
-    local log
+    local log wait_for_others=(-o DPkg::Lock::Timeout=300)
     log=$(mktemp)
     if as_root apt-get -q update >"$log" 2>&1 &&
         as_root env DEBIAN_FRONTEND=noninteractive \
-            apt-get -q -y --no-install-recommends install "${missing[@]}" >>"$log" 2>&1; then
+            apt-get -q -y "${wait_for_others[@]}" --no-install-recommends install "${missing[@]}" >>"$log" 2>&1; then
         rm -f "$log"
         return
     fi
