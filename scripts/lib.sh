@@ -75,6 +75,7 @@ Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]
 "Segoe UI"="Open Sans"
+"Courier New"="DejaVu Sans Mono"
 
 [HKEY_CURRENT_USER\\Control Panel\\Desktop]
 "FontSmoothing"="2"

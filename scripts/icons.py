@@ -1,0 +1,85 @@
+#!/usr/bin/env python3
+"""Turns gesso/resources/icons/*.svg into the committed .ico files and the .cur file beside them.
+
+Needs rsvg-convert (Debian's librsvg2-bin). Every icon has 48, 32, 24 and 16 pixels, 32-bit with alpha; the cursor has
+32 pixels and its hot spot in the middle. Run it after changing a drawing, and commit what it writes.
+"""
+import pathlib
+import struct
+import subprocess
+import sys
+import zlib
+
+ICONS = pathlib.Path(__file__).resolve().parent.parent / 'gesso/resources/icons'
+SIZES = (48, 32, 24, 16)
+CURSORS = {'column-sizing': (32, 16, 16)}  # size, hot spot
+
+
+def render(svg, size):
+    """Rows of (r, g, b, a) pixels, from the PNG that rsvg-convert writes (8-bit RGBA, not interlaced)."""
+    png = subprocess.run(['rsvg-convert', '-w', str(size), '-h', str(size), str(svg)],
+                         check=True, capture_output=True).stdout
+    data, at = b'', 8
+    while at < len(png):
+        length, kind = struct.unpack('>I4s', png[at:at + 8])
+        if kind == b'IDAT':
+            data += png[at + 8:at + 8 + length]
+        at += 12 + length
+    return unfilter(zlib.decompress(data), size)
+
+
+def unfilter(data, size):
+    stride, rows, above = 4 * size, [], bytes(4 * size)
+    for y in range(size):
+        kind, *line = data[y * (stride + 1):(y + 1) * (stride + 1)]
+        for i in range(stride):
+            left = line[i - 4] if i >= 4 else 0
+            corner = above[i - 4] if i >= 4 else 0
+            line[i] = (line[i] + predict(kind, left, above[i], corner)) & 0xFF
+        above = bytes(line)
+        rows.append([tuple(line[i:i + 4]) for i in range(0, stride, 4)])
+    return rows
+
+
+def predict(kind, left, up, corner):
+    if kind == 4:
+        estimate = left + up - corner
+        return min((left, up, corner), key=lambda value: abs(estimate - value))
+    return (0, left, up, (left + up) // 2)[kind]
+
+
+def bitmap(rows):
+    """A device-independent bitmap of an icon: colours from the bottom up, then the mask of what is transparent."""
+    size = len(rows)
+    header = struct.pack('<IiiHHIIiiII', 40, size, 2 * size, 1, 32, 0, 0, 0, 0, 0, 0)
+    colors = b''.join(bytes((b, g, r, a)) for row in reversed(rows) for r, g, b, a in row)
+    mask_stride = (size + 31) // 32 * 4
+    mask = b''
+    for row in reversed(rows):
+        bits = ''.join('1' if a == 0 else '0' for _, _, _, a in row).ljust(8 * mask_stride, '0')
+        mask += int(bits, 2).to_bytes(mask_stride, 'big')
+    return header + colors + mask
+
+
+def write(path, kind, images):
+    """kind 1: an icon; 2: a cursor. images: (size, two words of the directory, bitmap)."""
+    offset = 6 + 16 * len(images)
+    directory, bodies = struct.pack('<HHH', 0, kind, len(images)), b''
+    for size, first, second, body in images:
+        directory += struct.pack('<BBBBHHII', size, size, 0, 0, first, second, len(body), offset + len(bodies))
+        bodies += body
+    path.write_bytes(directory + bodies)
+
+
+def main():
+    for svg in sorted(ICONS.glob('*.svg')):
+        if svg.stem in CURSORS:
+            size, x, y = CURSORS[svg.stem]
+            write(svg.with_suffix('.cur'), 2, [(size, x, y, bitmap(render(svg, size)))])
+        else:
+            write(svg.with_suffix('.ico'), 1, [(size, 1, 32, bitmap(render(svg, size))) for size in SIZES])
+        print(svg.stem)
+
+
+if __name__ == '__main__':
+    sys.exit(main())
