@@ -17,9 +17,14 @@ constexpr UINT SCRATCH_GLYPHS = 64;
 constexpr UINT ITEM_STEP = 16;
 constexpr UINT GLYPH_STEP = 64;
 
-// A script processor that still asks for room when it was given this much more, and one entry a character, is
-// not short of room but of memory, and would ask for ever.
-constexpr UINT AMPLE_ROOM = 0x10000;
+// A script processor that still asks for room with all this is not short of room but of memory, and would ask
+// for ever.
+constexpr uint64_t AmpleRoom(UINT nRoom, UINT nChars)
+{
+    constexpr uint64_t PER_CHAR = 32;
+    constexpr uint64_t ANYWAY = 0x4000;
+    return nRoom + PER_CHAR * nChars + ANYWAY;
+}
 
 void GrowItems(stcDrawTextBuffer& buffer, UINT nStep)
 {
@@ -76,6 +81,9 @@ public:
     void Run()
     {
         Itemize();
+        if (m_arrays.nItems != 0) {
+            ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
+        }
         for (UINT n = 0; n < m_arrays.nItems; ++n) {
             AddItem(n);
         }
@@ -101,7 +109,7 @@ private:
 
 void Calculation::Itemize()
 {
-    const UINT nLimit = m_arrays.nItemsAlloc + m_nChars + AMPLE_ROOM;
+    const uint64_t nLimit = AmpleRoom(m_arrays.nItemsAlloc, m_nChars);
     HRESULT hr;
     int nItems;
     for (;;) {
@@ -124,7 +132,6 @@ void Calculation::AddItem(UINT nItem)
     run = {};
     run.nChars = m_arrays.pItems[nItem + 1].iCharPos - item.iCharPos;
     run.nFirstGlyph = m_arrays.nGlyphs;
-    ReserveChars(m_arrays, m_arrays.nChars + static_cast<UINT>(run.nChars));
     Shape(item, run);
     Place(item, run);
     m_arrays.nChars += static_cast<UINT>(run.nChars);
@@ -135,7 +142,7 @@ void Calculation::AddItem(UINT nItem)
 void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
 {
     const UINT nGlyphs = m_arrays.nGlyphs;
-    const UINT nLimit = m_arrays.nGlyphsAlloc + m_nChars + AMPLE_ROOM;
+    const uint64_t nLimit = AmpleRoom(m_arrays.nGlyphsAlloc, m_nChars);
     WORD* const pLogClust = m_arrays.pLogClust + m_arrays.nChars;
     std::fill_n(pLogClust, run.nChars, WORD());
     if (IsScratch() && m_arrays.nGlyphsAlloc == nGlyphs) {

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-namespace gesso::test {
+namespace test {
 namespace {
 
 constexpr UINT c_clusterRange = 0x10000;
@@ -97,4 +97,4 @@ std::string CheckText(const stcDrawTextBuffer& buffer)
     return TextChecker(buffer).Check();
 }
 
-} // namespace gesso::test
+} // namespace test

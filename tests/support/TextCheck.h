@@ -5,10 +5,10 @@
 
 #include <string>
 
-namespace gesso::test {
+namespace test {
 
 // What is wrong with a buffer that DrawText_Prepare_Int or DrawText_Calculate_Optimized with DrawText_Break
 // has made; empty if nothing is.
 std::string CheckText(const stcDrawTextBuffer& buffer);
 
-} // namespace gesso::test
+} // namespace test

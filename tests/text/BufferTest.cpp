@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
-namespace gesso::test {
+namespace test {
 namespace {
+
+using gesso::SetMisuseStops;
 
 template <class T> std::vector<BYTE> Bytes(const T* array, UINT count)
 {
@@ -175,4 +177,4 @@ TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
     }
 }
 
-} // namespace gesso::test
+} // namespace test

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
-namespace gesso::test {
+namespace test {
 namespace {
+
+using gesso::SetMisuseStops;
 
 const HANDLE c_invalid = INVALID_HANDLE_VALUE;
 
@@ -253,4 +255,4 @@ TEST(TextPrepare, ALongTextWrapsItsClusterValuesAndStaysInItsArrays)
     EXPECT_EQ(CheckText(*Prepare(hdc, u"short again", 50)), "");
 }
 
-} // namespace gesso::test
+} // namespace test

@@ -6,7 +6,7 @@ std::ostream& operator<<(std::ostream& out, const stcDrawTextBreak& record)
                << '}';
 }
 
-namespace gesso::test {
+namespace test {
 
 TextContext::TextContext()
     : m_hdc(CreateCompatibleDC(nullptr)),
@@ -47,4 +47,4 @@ std::vector<stcDrawTextBreak> BreaksOf(const stcDrawTextBuffer& buffer)
     return {buffer.pBreaks, buffer.pBreaks + buffer.nBreaks + 1};
 }
 
-} // namespace gesso::test
+} // namespace test

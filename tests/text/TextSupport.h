@@ -15,7 +15,7 @@ constexpr bool operator==(const stcDrawTextBreak& a, const stcDrawTextBreak& b)
 
 std::ostream& operator<<(std::ostream& out, const stcDrawTextBreak& record);
 
-namespace gesso::test {
+namespace test {
 
 // A memory context with a font of twelve pixels: on the simulated desktop each character is 6 wide and a line
 // 15 high.
@@ -58,4 +58,4 @@ struct HandMadeText : stcDrawTextBuffer
     HandMadeText& operator=(const HandMadeText&) = delete;
 };
 
-} // namespace gesso::test
+} // namespace test

@@ -1,0 +1,114 @@
+// What preparing makes of a platform that fails, and that it leaves nothing behind.
+
+#include "tests/text/TextSupport.h"
+
+#include <platform/headless/headless.h>
+
+#include <gtest/gtest.h>
+
+namespace test {
+namespace {
+
+namespace desk = gesso::headless;
+using Breaks = std::vector<stcDrawTextBreak>;
+
+constexpr DWORD c_outOfRoom = 0x8007000E; // E_OUTOFMEMORY
+constexpr DWORD c_otherFailure = 0x80004005;
+constexpr int c_forever = 1 << 30;
+
+class TextFault : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        desk::Reset();
+        Prepare(context, u"an earlier text, of which nothing may be seen", 0);
+        m_before = desk::Live();
+    }
+    void TearDown() override
+    {
+        desk::ClearFaults();
+        EXPECT_EQ(desk::Live(), m_before);
+        EXPECT_TRUE(desk::HeapIsClean());
+    }
+
+    // "aa βββ" at 30 pixels with a fault, checked for order.
+    Text PrepareFailing(const char* operation, DWORD error, int times = 1)
+    {
+        desk::Fail(operation, times, error);
+        Text text = Prepare(context, u"aa βββ", 30);
+        desk::ClearFaults();
+        EXPECT_EQ(CheckText(*text), "") << operation;
+        CDrawText::DrawTextW(context, text.get(), RECT{0, 0, 20, 20});
+        return text;
+    }
+
+    TextContext context;
+
+private:
+    desk::Census m_before;
+};
+
+const Breaks c_unharmed = {{0, 3, 18}, {1, 6, 18}};
+
+} // namespace
+
+TEST_F(TextFault, MeasuringTheFontFailsTheWhole)
+{
+    desk::Fail("GetTextMetricsW", 2);
+    UINT lines = 7;
+    RECT rc = {1, 2, 3, 4};
+    EXPECT_EQ(CDrawText::DrawText_Prepare(context, L"a", -1, &rc, 0, 20, &lines), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(CDrawText::DrawTextW(context, L"a", -1, rc, 0, 20, &lines), E_FAIL);
+    EXPECT_EQ(rc.right, 3);
+    EXPECT_EQ(lines, 7U);
+}
+
+TEST_F(TextFault, ShortRoomIsAskedForAgain)
+{
+    for (const char* operation : {"ScriptItemize", "ScriptShape"}) {
+        EXPECT_EQ(BreaksOf(*PrepareFailing(operation, c_outOfRoom, 1)), c_unharmed) << operation;
+        EXPECT_EQ(BreaksOf(*PrepareFailing(operation, c_outOfRoom, 40)), c_unharmed) << operation;
+    }
+}
+
+TEST_F(TextFault, RoomThatIsNeverEnoughIsGivenUp)
+{
+    EXPECT_EQ(PrepareFailing("ScriptItemize", c_outOfRoom, c_forever)->nItems, 0U);
+    EXPECT_EQ(PrepareFailing("ScriptShape", c_outOfRoom, c_forever)->nGlyphs, 0U);
+}
+
+TEST_F(TextFault, OtherFailuresCostNoMoreThanTheirItem)
+{
+    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptItemize", c_otherFailure)), (Breaks{{0xFFFFFFFF, 0, 0}}));
+
+    const Text unshaped = PrepareFailing("ScriptShape", c_otherFailure);
+    EXPECT_EQ(unshaped->nItems, 2U);
+    EXPECT_EQ(unshaped->pRuns[0].nGlyphs, 0);
+    EXPECT_EQ(unshaped->nGlyphs, 3U);
+    EXPECT_EQ(BreaksOf(*unshaped), (Breaks{{1, 3, 18}}));
+
+    const Text unplaced = PrepareFailing("ScriptPlace", c_otherFailure);
+    EXPECT_EQ(unplaced->pAdvance[0], 0);
+    EXPECT_EQ(unplaced->pRuns[0].abc.abcB, 0U);
+    EXPECT_EQ(BreaksOf(*unplaced), (Breaks{{1, 6, 18}}));
+
+    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptBreak", c_otherFailure)), (Breaks{{1, 4, 24}, {1, 6, 12}}))
+        << "the space is not known as white";
+    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptTextOut", c_otherFailure, 9)), c_unharmed);
+}
+
+TEST_F(TextFault, NothingIsLeftOfTextsThatAreClosedMeasuredOrDrawnAtOnce)
+{
+    Prepare(context, u"closed", 30);
+    Prepare(context, u"measured only", 30, DT_CALCRECT);
+    CDrawText::DrawTextW(context, L"drawn at once", -1, RECT{0, 0, 40, 40}, 0, 20, nullptr);
+    CDrawText::DrawTextW(context, L"measured only", -1, RECT{0, 0, 40, 40}, DT_CALCRECT, 20, nullptr);
+
+    HandMadeText twice;
+    CDrawText::DrawText_Calculate_Optimized(context, L"abc", 3, &twice);
+    CDrawText::DrawText_Calculate_Optimized(context, L"abc", 3, &twice);
+    EXPECT_EQ(desk::Live()[desk::Kind::ScriptCache], 1) << "the former cache of a text is freed with it";
+}
+
+} // namespace test
