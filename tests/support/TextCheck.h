@@ -11,4 +11,7 @@ namespace test {
 // has made; empty if nothing is.
 std::string CheckText(const stcDrawTextBuffer& buffer);
 
+// The same for its lines alone, whatever glyphs and widths they were made of.
+std::string CheckLines(const stcDrawTextBuffer& buffer);
+
 } // namespace test

@@ -173,7 +173,7 @@ HRESULT WINAPI ScriptTextOut(HDC hdc, SCRIPT_CACHE* cache, int x, int y, UINT op
     if (count == 0) {
         return S_OK;
     }
-    int width = 0;
+    long long width = 0;
     for (int i = 0; i < count; ++i) {
         width += justified ? justified[i] : advances[i];
     }
