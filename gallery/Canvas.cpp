@@ -63,8 +63,8 @@ RECT Grid::NextCell(LPCWSTR pszCaption)
     if (m_fFramed) {
         m_canvas.Frame({rc.left - 1, rc.top - 1, rc.right + 1, rc.bottom + 1});
     }
-    m_canvas.Text({x, rc.bottom + 3, rc.right, rc.bottom + 3 + CAPTION_HEIGHT}, pszCaption, CaptionFont(),
-                  CAPTION_COLOR, GS_CENTER | GLS_NOPREFIX);
+    m_pCaption = &m_canvas.Text({x, rc.bottom + 3, rc.right, rc.bottom + 3 + CAPTION_HEIGHT}, pszCaption,
+                                CaptionFont(), CAPTION_COLOR, GS_CENTER | GLS_NOPREFIX);
     return rc;
 }
 

@@ -65,6 +65,8 @@ public:
     void SetFramed(bool fFramed) { m_fFramed = fFramed; }
     // The next cell, with its caption written below.
     RECT NextCell(LPCWSTR pszCaption);
+    // The caption below the last cell, for a page that changes it.
+    GLabel& Caption() const { return *m_pCaption; }
 
     // Makes a control that fills the next cell. dwStyle is its own bits: the window's are added.
     template <class CONTROL> CONTROL& Add(LPCWSTR pszCaption, LPCWSTR pszText, DWORD dwStyle)
@@ -94,6 +96,7 @@ private:
     int m_nColumns;
     SIZE m_cell;
     int m_nCells = 0;
+    GLabel* m_pCaption = nullptr;
     bool m_fFramed = false;
 };
 

@@ -100,6 +100,11 @@ void Gallery::ShowPage(int nPage)
     m_page = std::make_unique<PageWindow>(m_hwnd, PAGE_RECT, PAGES[nPage].make(),
                                           [this](const std::wstring& line) { AddLine(line); });
     UpdateWindow(m_hwnd);
+    WriteLayoutFile();
+}
+
+void Gallery::WriteLayoutFile() const
+{
     if (!m_options.layoutFile.empty()) {
         WriteLayout(m_hwnd, m_options.layoutFile);
     }
@@ -116,6 +121,7 @@ int Gallery::Run()
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
         if (msg.message == WM_KEYDOWN && msg.wParam == VK_F12) {
+            WriteLayoutFile();
             AddLine(L"----"); // a place to find again
         }
         if (!PressMnemonic(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {

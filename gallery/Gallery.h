@@ -32,6 +32,7 @@ private:
 
     void MakePageButtons();
     void ShowPage(int nPage);
+    void WriteLayoutFile() const;
     void AddLine(const std::wstring& line);
 
     Options m_options;

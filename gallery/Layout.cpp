@@ -1,10 +1,19 @@
 #include <gallery/Layout.h>
 #include <gallery/Report.h>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace gallery {
 namespace {
+
+// A text on one line, without what parts the fields.
+std::string FieldOf(std::wstring text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
+    return ToUtf8(text);
+}
 
 BOOL CALLBACK WriteControl(HWND hwnd, LPARAM lParam)
 {
@@ -14,7 +23,7 @@ BOOL CALLBACK WriteControl(HWND hwnd, LPARAM lParam)
     RECT rc{};
     GetWindowRect(hwnd, &rc);
     std::fprintf(reinterpret_cast<FILE*>(lParam), "%s\t%d\t%s\t%ld\t%ld\t%ld\t%ld\n",
-                 ToUtf8(ClassOf(hwnd)).c_str(), GetDlgCtrlID(hwnd), ToUtf8(TextOf(hwnd)).c_str(), rc.left,
+                 ToUtf8(ClassOf(hwnd)).c_str(), GetDlgCtrlID(hwnd), FieldOf(TextOf(hwnd)).c_str(), rc.left,
                  rc.top, rc.right - rc.left, rc.bottom - rc.top);
     return TRUE;
 }

@@ -10,7 +10,7 @@ struct Options
     int nPage = 0;           // --page NAME: the page shown first
     std::wstring pictureDir; // --shots DIR: saves a picture of each page there and ends
     std::wstring logFile;    // --log FILE: what the controls report goes there too, a line each
-    std::wstring layoutFile; // --layout FILE: where the controls of the page shown stand on the screen
+    std::wstring layoutFile; // --layout FILE: where the controls stand, written for each page and at F12
 };
 
 // Reads the process's command line. False, with a message on standard error, where it is not understood.

@@ -15,6 +15,9 @@ public:
     // A control's WM_COMMAND and WM_NOTIFY, once they stand in the log; the result goes back to the control.
     virtual LRESULT OnCommand(UINT /*uId*/, UINT /*uCode*/, HWND /*hwndFrom*/) { return 0; }
     virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
+    // The same for WM_VSCROLL; and WM_TIMER, for a page that sets a timer in its canvas's window.
+    virtual void OnScroll(WORD /*wCode*/, WORD /*wPos*/, HWND /*hwndFrom*/) {}
+    virtual void OnTimer() {}
 };
 
 } // namespace gallery

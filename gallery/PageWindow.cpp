@@ -64,6 +64,8 @@ LRESULT PageWindow::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     switch (uMsg) {
     case WM_COMMAND: return OnCommand(wParam, lParam);
     case WM_NOTIFY: return OnNotify(lParam);
+    case WM_VSCROLL: return OnScroll(wParam, lParam);
+    case WM_TIMER: return OnTimer();
     case WM_ERASEBKGND: return OnEraseBackground(reinterpret_cast<HDC>(wParam));
     default: return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
     }
@@ -81,6 +83,20 @@ LRESULT PageWindow::OnNotify(LPARAM lParam)
     const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
     m_report(DescribeNotify(header));
     return m_page->OnNotify(header);
+}
+
+LRESULT PageWindow::OnScroll(WPARAM wParam, LPARAM lParam)
+{
+    const auto hwndFrom = reinterpret_cast<HWND>(lParam);
+    m_report(DescribeScroll(LOWORD(wParam), HIWORD(wParam), hwndFrom));
+    m_page->OnScroll(LOWORD(wParam), HIWORD(wParam), hwndFrom);
+    return 0;
+}
+
+LRESULT PageWindow::OnTimer()
+{
+    m_page->OnTimer();
+    return 0;
 }
 
 LRESULT PageWindow::OnEraseBackground(HDC hdc) const

@@ -29,6 +29,8 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnNotify(LPARAM lParam);
+    LRESULT OnScroll(WPARAM wParam, LPARAM lParam);
+    LRESULT OnTimer();
     LRESULT OnEraseBackground(HDC hdc) const;
 
     HWND m_hwnd = nullptr;

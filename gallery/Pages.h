@@ -9,6 +9,7 @@ namespace gallery {
 
 std::unique_ptr<Page> MakeLabelsPage();
 std::unique_ptr<Page> MakeButtonsPage();
+std::unique_ptr<Page> MakeChoicesPage();
 
 struct PageEntry
 {
@@ -19,6 +20,7 @@ struct PageEntry
 inline constexpr PageEntry PAGES[] = {
     {L"Labels", &MakeLabelsPage},
     {L"Buttons", &MakeButtonsPage},
+    {L"Choices", &MakeChoicesPage},
 };
 inline constexpr int PAGE_COUNT = static_cast<int>(std::size(PAGES));
 

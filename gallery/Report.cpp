@@ -60,6 +60,12 @@ std::wstring DescribeNotify(const NMHDR& header)
            L" from " + DescribeWindow(header.hwndFrom);
 }
 
+std::wstring DescribeScroll(UINT uCode, UINT uPos, HWND hwndFrom)
+{
+    const std::wstring code = std::to_wstring(uCode) + L" position " + std::to_wstring(uPos);
+    return L"WM_VSCROLL code " + code + L" from " + DescribeWindow(hwndFrom);
+}
+
 std::string ToUtf8(const std::wstring& text)
 {
     const int nLength = static_cast<int>(text.size());

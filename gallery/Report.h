@@ -13,6 +13,7 @@ namespace gallery {
 std::wstring DescribeCommand(UINT uId, UINT uCode, HWND hwndFrom);
 // "WM_NOTIFY id 12 code NM_SETFOCUS from GButton 'Save'"
 std::wstring DescribeNotify(const NMHDR& header);
+std::wstring DescribeScroll(UINT uCode, UINT uPos, HWND hwndFrom);
 
 // A window's class and text as the log names them: GButton 'Save'.
 std::wstring DescribeWindow(HWND hwnd);

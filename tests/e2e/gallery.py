@@ -135,6 +135,12 @@ class Gallery:
         parts = wait_for("the gallery's answer to F12", self._parts_to_the_mark)
         return parts[self._marks - 1]
 
+    def pending(self):
+        """What was reported since then so far, without asking for a mark."""
+        lines = self._log.read_text(encoding="utf-8").split("\n")
+        marks = [i for i, line in enumerate(lines) if line == MARK]
+        return [line for line in lines[marks[self._marks - 1] + 1 :] if line]
+
     def _parts_to_the_mark(self):
         lines = self._log.read_text(encoding="utf-8").split("\n")
         if lines.count(MARK) < self._marks:
