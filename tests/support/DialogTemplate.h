@@ -3,7 +3,7 @@
 
 #include <platform/platform.h>
 
-#include <string_view>
+#include <span>
 #include <vector>
 
 namespace test {
@@ -22,6 +22,7 @@ public:
                             SHORT cy);
 
     const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(m_words.data()); }
+    std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(m_words)); }
 
 private:
     void Word(WORD w) { m_words.push_back(w); }
