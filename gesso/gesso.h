@@ -1,6 +1,8 @@
 // Everything that a host needs of Gesso.
 #pragma once
 
+#include <gesso/containers/OArray.h>
+#include <gesso/containers/OStringEx.h>
 #include <gesso/controls/GButton.h>
 #include <gesso/controls/GCheckBox.h>
 #include <gesso/controls/GCommandButton.h>

@@ -47,13 +47,19 @@ template <class TYPE> typename OString<TYPE>::_stcStringData* OString<TYPE>::All
 }
 
 template <class TYPE>
-typename OString<TYPE>::_stcStringData* OString<TYPE>::Join(gesso::TextSpan first, gesso::TextSpan second)
+typename OString<TYPE>::_stcStringData* OString<TYPE>::Join(std::initializer_list<gesso::TextSpan> pieces)
 {
-    const size_t nLength = first.size() + second.size();
+    size_t nLength = 0;
+    for (const gesso::TextSpan piece : pieces) {
+        nLength += piece.size();
+    }
     _stcStringData* pData = Allocate(nLength + 1);
     pData->nLength = static_cast<UINT>(nLength);
-    TYPE* pEnd = std::copy(first.begin(), first.end(), TextOf(pData));
-    *std::copy(second.begin(), second.end(), pEnd) = 0;
+    TYPE* pEnd = TextOf(pData);
+    for (const gesso::TextSpan piece : pieces) {
+        pEnd = std::copy(piece.begin(), piece.end(), pEnd);
+    }
+    *pEnd = 0;
     return pData;
 }
 
@@ -72,9 +78,19 @@ template <class TYPE> TYPE* OString<TYPE>::TextOf(_stcStringData* pData)
     return reinterpret_cast<TYPE*>(reinterpret_cast<uintptr_t>(pData) + sizeof(_stcStringData));
 }
 
+template <class TYPE> gesso::TextSpan OString<TYPE>::SpanOf(const OString& str)
+{
+    return {static_cast<LPCWSTR>(str), str.GetLength()};
+}
+
+template <class TYPE> UINT OString<TYPE>::CapacityOf(const OString& str)
+{
+    return str.HasBlock() ? str.d(str.m_psz)->nBufferLength : 0;
+}
+
 template <class TYPE> gesso::TextSpan OString<TYPE>::Span() const
 {
-    return {static_cast<LPCWSTR>(*this), GetLength()};
+    return SpanOf(*this);
 }
 
 template <class TYPE> TYPE* OString<TYPE>::Own()
@@ -330,7 +346,7 @@ template <class TYPE> UINT OString<TYPE>::Delete(UINT nPos, UINT nCount)
 {
     const gesso::TextSpan text = Span();
     if (nPos < text.size() && nCount > 0) {
-        Adopt(Join(text.first(nPos), text.subspan(nPos + std::min<size_t>(nCount, text.size() - nPos))));
+        Adopt(Join({text.first(nPos), text.subspan(nPos + std::min<size_t>(nCount, text.size() - nPos))}));
     }
     return GetLength();
 }
@@ -525,7 +541,7 @@ template <class TYPE> void OString<TYPE>::AppendFormat(LPCWSTR pszFormat, ...)
 template <class TYPE> void OString<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_list args)
 {
     const gesso::FormattedText formatted(pszFormat, args);
-    Adopt(Join(Span(), formatted));
+    Adopt(Join({Span(), formatted}));
 }
 
 template <class TYPE> bool OString<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)

@@ -20,6 +20,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/containers/StringText.h>
 
+#include <initializer_list>
 #include <type_traits>
 
 template <class TYPE> class OString
@@ -166,10 +167,13 @@ protected:
     static _stcStringData* Allocate(size_t nBufferLength);
     // A block with `text` and room for `nBufferLength` characters, or for just the text if that is more.
     static _stcStringData* Copy(gesso::TextSpan text, size_t nBufferLength = 0);
-    // An exact block with the one text behind the other.
-    static _stcStringData* Join(gesso::TextSpan first, gesso::TextSpan second);
+    // An exact block with the pieces one behind the other.
+    static _stcStringData* Join(std::initializer_list<gesso::TextSpan> pieces);
     static TYPE* TextOf(_stcStringData* pData);
 
+    // Of any string, since a derived class may look into those of its own kind only.
+    static gesso::TextSpan SpanOf(const OString& str);
+    static UINT CapacityOf(const OString& str);
     gesso::TextSpan Span() const;
     bool HasBlock() const;
     // The text for a change in place.
