@@ -109,6 +109,11 @@ void Bench::Print(const std::string& name, long long nGesso, long long nPlatform
     PrintRow(name, std::to_string(nGesso), std::to_string(nPlatform), "");
 }
 
+void Bench::PrintAlone(const std::string& name, long long nGesso)
+{
+    PrintRow(name, std::to_string(nGesso), "", "");
+}
+
 void HandleMessages()
 {
     MSG msg;

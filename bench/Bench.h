@@ -26,6 +26,7 @@ public:
     void MeasureAlone(const std::string& name, int nOperations, const Work& gesso);
     // Prints a figure that is no time: a count, or a size in bytes.
     void Print(const std::string& name, long long nGesso, long long nPlatform);
+    void PrintAlone(const std::string& name, long long nGesso);
 
 private:
     void PrintRow(const std::string& name, const std::string& gesso, const std::string& platform,
@@ -39,5 +40,6 @@ void HandleMessages();
 
 // A family's rows stand in a source file of its own.
 void MeasureButtons(Bench& bench);
+void MeasureText(Bench& bench);
 
 } // namespace bench

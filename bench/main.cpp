@@ -17,6 +17,7 @@ struct FamilyEntry
 
 constexpr FamilyEntry FAMILIES[] = {
     {"buttons", &bench::MeasureButtons},
+    {"text", &bench::MeasureText},
 };
 
 } // namespace
