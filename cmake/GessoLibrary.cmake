@@ -21,13 +21,23 @@ if(WIN32)
 else()
   file(GLOB_RECURSE platform CONFIGURE_DEPENDS ${root}/platform/headless/*.cpp)
   add_library(gesso STATIC ${sources} ${platform})
+  # The library's resources stand in the program as the compiled file.
+  find_program(GESSO_WINDRES NAMES x86_64-w64-mingw32-windres REQUIRED)
+  set(resources ${PROJECT_BINARY_DIR}/gesso.res)
+  file(GLOB_RECURSE resource_sources CONFIGURE_DEPENDS ${root}/gesso/resources/*)
+  add_custom_command(OUTPUT ${resources} DEPENDS ${resource_sources}
+    COMMAND ${GESSO_WINDRES} -O res ${root}/gesso/resources/gesso.rc ${resources})
+  set_source_files_properties(${root}/platform/headless/kernel/ResourceFile.cpp PROPERTIES
+    OBJECT_DEPENDS ${resources} COMPILE_DEFINITIONS "GESSO_RESOURCE_FILE=\"${resources}\"")
   set_target_properties(gesso PROPERTIES OUTPUT_NAME gesso-headless EXPORT_NAME headless)
   # What a host's tests must be built with as well: 16-bit wide characters and the platform's headers.
   find_path(GESSO_PLATFORM_HEADERS uxtheme.h PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
             NO_DEFAULT_PATH REQUIRED)
   target_include_directories(gesso SYSTEM PUBLIC ${GESSO_PLATFORM_HEADERS})
-  target_compile_options(gesso PUBLIC -fshort-wchar)
-  add_compile_options(-fshort-wchar)
+  # The desktop keeps text as char16_t and hands it out as wchar_t of the same size.
+  set(short_wchar -fshort-wchar -fno-strict-aliasing)
+  target_compile_options(gesso PUBLIC ${short_wchar})
+  add_compile_options(${short_wchar})
   add_library(gesso::headless ALIAS gesso)
 endif()
 add_library(gesso::gesso ALIAS gesso)

@@ -35,12 +35,15 @@ HMODULE LibraryModule();
 
 // --- Resources ---
 
-// The simulated modules have no files behind them: a test or a host adds the resources that it needs.
+// The library has the resources that it was built with; a test or a host adds those that it needs. They stay
+// until they are removed.
 
 // Adds a resource, or replaces the one of that type and name; both are texts or MAKEINTRESOURCEW.
 void AddResource(HMODULE module, LPCWSTR type, LPCWSTR name, std::span<const std::byte> bytes);
 // Adds one text to the module's string tables.
 void AddString(HMODULE module, UINT id, std::string_view text);
+// Adds all of a compiled resource file (.res, as `windres -O res` makes it). False if the file is cut off.
+bool AddResourceFile(HMODULE module, std::span<const std::byte> file);
 // Drops what was added to the module.
 void RemoveResources(HMODULE module);
 
@@ -123,7 +126,10 @@ std::string MessageName(UINT message);
 //   DrawThemeBackground BUTTON 1 3 (0,0,100,30)
 //   DrawTextW "Hello" (0,0,100,30) 0x0025 font="Segoe UI" 12 color=000000
 // What is drawn into a memory bitmap is kept with the bitmap and joins the window's record when the bitmap is
-// copied there.
+// copied there. Coordinates are those of the call. Behind them a line tells, where it is so, the background
+// that a text fills (back=FFFFFF), the place of a moved origin (origin=(-10,-20)), the clip region's
+// rectangles (clip=(0,0,50,10)), and that the context is the whole window's (nonclient). Rectangles are
+// (left,top,right, bottom), colours RRGGBB, fonts a face and its em height.
 std::vector<std::string> Drawing(HWND hwnd);
 void ClearDrawing(HWND hwnd);
 

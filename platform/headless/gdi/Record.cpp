@@ -24,20 +24,30 @@ std::string Rgb(COLORREF color)
     return text;
 }
 
-std::string Corners(const RECT& r)
-{
-    return "(" + std::to_string(r.left) + "," + std::to_string(r.top) + "," + std::to_string(r.right) + "," +
-           std::to_string(r.bottom) + ")";
-}
-
-std::string Corner(POINT p)
-{
-    return "(" + std::to_string(p.x) + "," + std::to_string(p.y) + ")";
-}
-
-std::string Escaped(std::string_view text)
+std::string Tuple(std::initializer_list<LONG> numbers)
 {
     std::string out;
+    for (const LONG number : numbers) {
+        out += out.empty() ? '(' : ',';
+        out += std::to_string(number);
+    }
+    out += ')';
+    return out;
+}
+
+std::string Tuple(const RECT& r)
+{
+    return Tuple({r.left, r.top, r.right, r.bottom});
+}
+
+std::string Tuple(POINT p)
+{
+    return Tuple({p.x, p.y});
+}
+
+std::string Quoted(std::string_view text)
+{
+    std::string out = "\"";
     for (const char c : text) {
         switch (c) {
         case '\r': out += "\\r"; break;
@@ -48,12 +58,15 @@ std::string Escaped(std::string_view text)
         default: out += c; break;
         }
     }
+    out += '"';
     return out;
 }
 
 std::string Describe(const LOGFONTW& font)
 {
-    std::string out = "\"" + ToUtf8(View(font.lfFaceName)) + "\" " + std::to_string(MeasureFont(font).em);
+    std::string out = Quoted(ToUtf8(View(font.lfFaceName)));
+    out += ' ';
+    out += std::to_string(MeasureFont(font).em);
     out += font.lfWeight >= FW_SEMIBOLD ? " bold" : "";
     out += font.lfItalic ? " italic" : "";
     out += font.lfUnderline ? " underline" : "";
@@ -105,12 +118,12 @@ void Line::PutContextState()
 {
     const POINT origin = m_context->ToDevice(POINT{});
     if (origin.x != 0 || origin.y != 0) {
-        Word("origin=" + Corner(origin));
+        Word("origin=" + Tuple(origin));
     }
     if (m_context->state.clip) {
         Word("clip=");
         for (const RECT& rect : m_context->state.clip->Rects()) {
-            m_text += Corners(rect);
+            m_text += Tuple(rect);
         }
     }
     if (m_context->wholeWindow) {
@@ -139,12 +152,12 @@ Line& Line::Hex(UINT number)
 
 Line& Line::Put(POINT point)
 {
-    return Word(Corner(point));
+    return Word(Tuple(point));
 }
 
 Line& Line::Put(const RECT& rect)
 {
-    return Word(Corners(rect));
+    return Word(Tuple(rect));
 }
 
 Line& Line::Text(LPCWSTR text, int length)
@@ -152,7 +165,7 @@ Line& Line::Text(LPCWSTR text, int length)
     const WideView view =
         length < 0 ? View(text)
                    : WideView(reinterpret_cast<const char16_t*>(text), static_cast<size_t>(length));
-    return Word("\"" + Escaped(ToUtf8(view)) + "\"");
+    return Word(Quoted(ToUtf8(view)));
 }
 
 Line& Line::Color(std::string_view name, COLORREF color)

@@ -1,4 +1,5 @@
 #include "../core/Faults.h"
+#include "Resources.h"
 
 #include <algorithm>
 #include <iterator>
@@ -65,8 +66,14 @@ Module* FindByName(LPCWSTR name)
     return found != std::end(s_modules) ? found : nullptr;
 }
 
-// The loader runs the library's entry point once, before the program starts.
-const BOOL s_attached = DllMain(HandleOf(s_modules[1]), DLL_PROCESS_ATTACH, nullptr);
+// The loader maps the library and runs its entry point once, before the program starts.
+BOOL AttachLibrary()
+{
+    AddLibraryResources();
+    return DllMain(LibraryModule(), DLL_PROCESS_ATTACH, nullptr);
+}
+
+const BOOL s_attached = AttachLibrary();
 
 } // namespace
 

@@ -1,3 +1,5 @@
+#include "Resources.h"
+
 #include "../core/Faults.h"
 #include "../core/Text.h"
 
@@ -116,6 +118,9 @@ void AddString(HMODULE module, UINT id, std::string_view text)
 void RemoveResources(HMODULE module)
 {
     std::erase_if(Store(), [module](const auto& entry) { return entry.first.module == module; });
+    if (module == LibraryModule()) {
+        AddLibraryResources();
+    }
 }
 
 } // namespace gesso::headless

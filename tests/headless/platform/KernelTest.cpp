@@ -53,6 +53,42 @@ TEST(Kernel, ResourcesAreFoundByModuleTypeAndName)
     EXPECT_EQ(FindResourceW(host, L"Name", L"Kind"), nullptr);
 }
 
+TEST(Kernel, ResourceFilesAreTakenApart)
+{
+    constexpr unsigned char c_file[] = {// the empty entry that opens a file
+                                        0, 0, 0, 0, 32, 0, 0, 0, 0xFF, 0xFF, 0, 0, 0xFF, 0xFF, 0, 0, 0, 0, 0,
+                                        0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                                        // type "T", name 5, three bytes and padding
+                                        3, 0, 0, 0, 32, 0, 0, 0, 'T', 0, 0, 0, 0xFF, 0xFF, 5, 0, 0, 0, 0, 0,
+                                        0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, //
+                                        'a', 'b', 'c', 0,
+                                        // type 10, name "N", one byte
+                                        1, 0, 0, 0, 32, 0, 0, 0, 0xFF, 0xFF, 10, 0, 'N', 0, 0, 0, 0, 0, 0, 0,
+                                        0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, //
+                                        'd'};
+    const auto bytes = std::as_bytes(std::span(c_file));
+    EXPECT_TRUE(AddResourceFile(HostModule(), bytes));
+    const HRSRC first = FindResourceW(nullptr, MAKEINTRESOURCEW(5), L"T");
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(SizeofResource(nullptr, first), 3u);
+    EXPECT_EQ(*static_cast<const char*>(LockResource(LoadResource(nullptr, first))), 'a');
+    EXPECT_NE(FindResourceW(nullptr, L"N", MAKEINTRESOURCEW(10)), nullptr);
+    for (size_t size = 1; size < bytes.size(); ++size) {
+        AddResourceFile(HostModule(), bytes.first(size)); // must not read past what it was given
+    }
+    EXPECT_FALSE(AddResourceFile(HostModule(), bytes.first(40)));
+    RemoveResources(HostModule());
+}
+
+TEST(Kernel, TheLibraryHasTheResourcesItWasBuiltWith)
+{
+    const LPCWSTR manifest = MAKEINTRESOURCEW(24);
+    EXPECT_NE(FindResourceW(LibraryModule(), MAKEINTRESOURCEW(3), manifest), nullptr);
+    RemoveResources(LibraryModule());
+    EXPECT_NE(FindResourceW(LibraryModule(), MAKEINTRESOURCEW(3), manifest), nullptr);
+    EXPECT_EQ(FindResourceW(HostModule(), MAKEINTRESOURCEW(3), manifest), nullptr);
+}
+
 TEST(Kernel, StringsStandInTablesOfSixteen)
 {
     const HMODULE host = HostModule();
