@@ -15,14 +15,19 @@ class FrameTest : public test::DrawFixture
 
 TEST_F(FrameTest, FailedCreationLeavesNothingBehind)
 {
+    constexpr ULONG_PTR NOT_SET_UP = ~static_cast<ULONG_PTR>(0);
     for (const char* pszOperation : {"CreateWindowExW", "QueryActCtxW"}) {
-        g_hActCtx = ~static_cast<ULONG_PTR>(0);
+        const ULONG_PTR hFormer = g_hActCtx;
+        if (pszOperation == std::string("QueryActCtxW")) {
+            g_hActCtx = NOT_SET_UP;
+        }
         auto* pButton = new GButton;
         desk::Fail(pszOperation, 1, ERROR_ACCESS_DENIED);
         EXPECT_EQ(pButton->Create(0, 0, 10, 10, Parent(), 1, L"lost", 0, WS_CHILD), nullptr) << pszOperation;
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
         pButton->Delete(pButton);
         EXPECT_TRUE(desk::HeapIsClean()) << pszOperation;
+        g_hActCtx = hFormer;
     }
 }
 
