@@ -40,6 +40,9 @@ void HandleMessages();
 
 // A family's rows stand in a source file of its own.
 void MeasureButtons(Bench& bench);
+void MeasureCheckBoxes(Bench& bench);
+void MeasureProgressBars(Bench& bench);
+void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
 
 } // namespace bench

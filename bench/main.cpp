@@ -17,6 +17,9 @@ struct FamilyEntry
 
 constexpr FamilyEntry FAMILIES[] = {
     {"buttons", &bench::MeasureButtons},
+    {"checkboxes", &bench::MeasureCheckBoxes},
+    {"progressbars", &bench::MeasureProgressBars},
+    {"scrollbars", &bench::MeasureScrollbars},
     {"text", &bench::MeasureText},
 };
 

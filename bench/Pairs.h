@@ -1,0 +1,25 @@
+// The rows that every kind of control has: making and destroying it, and painting it, beside the platform's.
+#pragma once
+
+#include <bench/Bench.h>
+
+#include <memory>
+
+namespace bench {
+
+// How one control of each side is made, alike in size and content.
+struct Makers
+{
+    std::function<std::unique_ptr<GWnd>(HWND hwndParent, int x, int y)> gesso;
+    std::function<HWND(HWND hwndParent, int x, int y)> platform;
+};
+
+// A top-level window to make controls in; a STATIC, so that nothing of its own costs time.
+HWND MakeParent(DWORD dwStyle);
+
+// Making and destroying one of 1,000, in a hidden and in a shown parent.
+void MeasureMaking(Bench& bench, const Makers& makers);
+// Painting one on the screen, and into a given context.
+void MeasurePainting(Bench& bench, HWND hwndGesso, HWND hwndPlatform);
+
+} // namespace bench
