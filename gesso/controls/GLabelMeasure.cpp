@@ -25,7 +25,7 @@ private:
 
 bool Exceeds(DWORD dwFlags, DWORD dwFree, LONG nExtent, UINT nMax)
 {
-    return (dwFlags & dwFree) && nMax && nExtent > static_cast<LONG>(nMax);
+    return (dwFlags & dwFree) && nMax && static_cast<UINT>(nExtent) > nMax;
 }
 
 // Where a line that grew beyond its columns at p is to end. Spacing at the break stays on the upper line. A
