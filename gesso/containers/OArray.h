@@ -499,16 +499,34 @@ void OArray<TYPE, ARG_TYPE>::Relocate(TYPE* pTo, const TYPE* pFrom, UINT n)
 
 struct stcPage;
 
-// Every instantiation that the library exports. That of a pointer joins here with a declaration of what it
-// points at; that of a record joins in the record's own header, by GESSO_DECLARE_ARRAY, and source, by
-// GESSO_DEFINE_ARRAY.
+// The records of the controls, known here by name only.
+struct ListItem;
+struct ListColumn;
+struct ListGroup;
+struct TreeItem;
+struct NavigationBarItem;
+struct ComboItem;
+struct stcDrawItem;
+struct stcPage;
+class GRibbonPage;
+
+// The instantiations that the library exports. One of a record that is held by value joins in the record's
+// own header, by GESSO_DECLARE_ARRAY, and in its source, by GESSO_DEFINE_ARRAY.
 #define GESSO_EXPORTED_ARRAYS(USE)                                                                           \
     USE(void*, void* const&)                                                                                 \
     USE(unsigned int, unsigned int const&)                                                                   \
     USE(HWND, HWND const&)                                                                                   \
     USE(HFONT, HFONT)                                                                                        \
     USE(HICON, HICON)                                                                                        \
+    USE(ListItem*, ListItem*)                                                                                \
+    USE(ListColumn*, ListColumn*)                                                                            \
+    USE(ListGroup*, ListGroup*)                                                                              \
+    USE(TreeItem*, TreeItem*)                                                                                \
+    USE(NavigationBarItem*, NavigationBarItem*)                                                              \
+    USE(ComboItem*, ComboItem*)                                                                              \
+    USE(stcDrawItem*, stcDrawItem*)                                                                          \
     USE(stcPage*, stcPage*)                                                                                  \
+    USE(GRibbonPage*, GRibbonPage*)                                                                          \
     USE(OString<wchar_t>, OString<wchar_t> const&)
 
 #define GESSO_DECLARE_ARRAY(TYPE, ARG_TYPE) extern template class GESSO_API OArray<TYPE, ARG_TYPE>;

@@ -3,9 +3,8 @@
 // It changes in place wherever the text fits its block, grows to exactly what is needed and never shrinks
 // unless FreeEmpty is called. To append piece by piece without a new block each time, reserve first:
 //
-//     OStringEx<wchar_t> strText(MAX_PATH);
-//     const UINT nLength = GetModuleFileNameW(nullptr, strText.GetBuffer(MAX_PATH), MAX_PATH);
-//     strText.ReleaseBuffer(nLength);
+//     OStringEx<wchar_t> strText(256);
+//     strText.ReleaseBuffer(static_cast<UINT>(GetWindowTextW(hWnd, strText.GetBuffer(256), 256)));
 //     strText.Insert(0, L"> ", 2);
 //
 // All that reads is OString's, as are MakeLower, MakeUpper, MakeReverse and the Replace of characters.
