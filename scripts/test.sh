@@ -156,6 +156,14 @@ step_e2e() {
     with_display
     GESSO_WINE=$WINE GESSO_GALLERY=build/windows/bin/gallery.exe \
         run_tests e2e timeout --kill-after=10 600 python3 tests/e2e/run.py
+    check "the gallery saves a picture of every page" pictures_of_every_page
+}
+
+# Each picture has to show something: an empty window makes a much smaller file.
+pictures_of_every_page() {
+    rm -rf "$BUILD/shots"
+    scripts/gallery.sh --shots "$BUILD/shots" || return
+    [[ -n $(find "$BUILD/shots" -name '*.png' -size +12k) && -z $(find "$BUILD/shots" -name '*.png' -size -12k) ]]
 }
 
 # --- The run
