@@ -497,8 +497,6 @@ void OArray<TYPE, ARG_TYPE>::Relocate(TYPE* pTo, const TYPE* pFrom, UINT n)
     }
 }
 
-struct stcPage;
-
 // The records of the controls, known here by name only.
 struct ListItem;
 struct ListColumn;
