@@ -46,6 +46,12 @@ void HandleMessagesUntilIdle()
     }
 }
 
+BOOL CALLBACK ShowCuesOf(HWND hwnd, LPARAM)
+{
+    SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+    return TRUE;
+}
+
 std::wstring PicturePath(const std::wstring& dir, LPCWSTR pszName)
 {
     std::wstring path = dir + L"\\";
@@ -99,6 +105,7 @@ void Gallery::ShowPage(int nPage)
     m_page.reset();
     m_page = std::make_unique<PageWindow>(m_hwnd, PAGE_RECT, PAGES[nPage].make(),
                                           [this](const std::wstring& line) { AddLine(line); });
+    ShowKeyboardCues();
     UpdateWindow(m_hwnd);
     WriteLayoutFile();
 }
@@ -120,9 +127,8 @@ int Gallery::Run()
 {
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
-        if (msg.message == WM_KEYDOWN && msg.wParam == VK_F12) {
-            WriteLayoutFile();
-            AddLine(L"----"); // a place to find again
+        if (msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN) {
+            OnKeyDown(static_cast<UINT>(msg.wParam));
         }
         if (!PressMnemonic(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {
             TranslateMessage(&msg);
@@ -130,6 +136,25 @@ int Gallery::Run()
         }
     }
     return static_cast<int>(msg.wParam);
+}
+
+void Gallery::OnKeyDown(UINT uKey)
+{
+    if (uKey == VK_F12) {
+        WriteLayoutFile();
+        AddLine(L"----"); // a place to find again
+    } else if (uKey == VK_TAB || uKey == VK_MENU) {
+        m_fKeyboardCues = true;
+        ShowKeyboardCues();
+    }
+}
+
+// Focus rectangles and underlines, once the keyboard is in use. Windows does this by itself, Wine does not.
+void Gallery::ShowKeyboardCues() const
+{
+    if (m_fKeyboardCues) {
+        EnumChildWindows(m_hwnd, &ShowCuesOf, 0);
+    }
 }
 
 bool Gallery::SavePictures()

@@ -30,6 +30,9 @@ private:
     LRESULT OnCommand(UINT uId, LPARAM lParam);
     LRESULT OnGetDefaultId() const;
 
+    void OnKeyDown(UINT uKey);
+    void ShowKeyboardCues() const;
+
     void MakePageButtons();
     void ShowPage(int nPage);
     void WriteLayoutFile() const;
@@ -39,6 +42,7 @@ private:
     Report m_report;
     HWND m_hwnd = nullptr;
     HWND m_hwndLastFocus = nullptr;
+    bool m_fKeyboardCues = false;
     GButton m_pageButtons[PAGE_COUNT];
     GLabel m_lastLines;
     std::unique_ptr<PageWindow> m_page;
