@@ -25,19 +25,17 @@ declare -A COMMANDS=(
     [g++-mingw-w64-x86-64-posix]=x86_64-w64-mingw32-g++-posix
 )
 
-is_there() {
-    local command=${COMMANDS[$1]:-}
-    [[ -n $command ]] && command -v "$command" >/dev/null && return
-    [[ $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
-}
-
+# The packages of the groups that are neither installed nor there as commands.
 missing_of() {
-    local group package
+    local group package packages=() installed
     for group in "$@"; do
         [[ -n ${PACKAGES[$group]:-} ]] || die "setup.sh: there is no group '$group' (${!PACKAGES[*]})"
-        for package in ${PACKAGES[$group]}; do
-            is_there "$package" || echo "$package"
-        done
+        packages+=(${PACKAGES[$group]}) # a word each
+    done
+    installed=$(dpkg-query -W -f '${Package}=${db:Status-Status}\n' "${packages[@]}" 2>/dev/null) || true
+    for package in "${packages[@]}"; do
+        command -v "${COMMANDS[$package]:-no command}" >/dev/null || grep -qx "$package=installed" <<<"$installed" ||
+            echo "$package"
     done | sort -u
 }
 
