@@ -10,6 +10,7 @@ namespace gallery {
 std::unique_ptr<Page> MakeLabelsPage();
 std::unique_ptr<Page> MakeButtonsPage();
 std::unique_ptr<Page> MakeChoicesPage();
+std::unique_ptr<Page> MakeTextPage();
 
 struct PageEntry
 {
@@ -21,6 +22,7 @@ inline constexpr PageEntry PAGES[] = {
     {L"Labels", &MakeLabelsPage},
     {L"Buttons", &MakeButtonsPage},
     {L"Choices", &MakeChoicesPage},
+    {L"Text", &MakeTextPage},
 };
 inline constexpr int PAGE_COUNT = static_cast<int>(std::size(PAGES));
 

@@ -90,6 +90,10 @@ SETTINGS
 choose_fonts() {
     mkdir -p "$BUILD/fonts"
     ln -sf /usr/share/fonts/truetype/open-sans/OpenSans-{Regular,Bold,Italic,BoldItalic}.ttf "$BUILD/fonts/"
+    # For combining marks and the scripts that Open Sans does not have.
+    ln -sf /usr/share/fonts/truetype/noto/NotoSans{,Hebrew,Arabic,Devanagari,Thai}-Regular.ttf \
+        /usr/share/fonts/truetype/vlgothic/VL-PGothic-Regular.ttf \
+        /usr/share/fonts/truetype/ancient-scripts/Symbola_hint.ttf "$BUILD/fonts/"
     export FONTCONFIG_FILE=$BUILD/fonts/fonts.conf
     cat >"$FONTCONFIG_FILE" <<FONTS
 <?xml version="1.0"?>
