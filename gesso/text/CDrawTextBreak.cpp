@@ -78,7 +78,7 @@ void LineBreaker::FillLine()
 {
     m_cx = 0;
     while (m_nGlyph < m_nGlyphs) {
-        const int cx = Add(m_cx, m_buffer.pAdvance[m_nGlyph]);
+        const int cx = WrapAdd(m_cx, m_buffer.pAdvance[m_nGlyph]);
         if (cx >= m_cxMax || AtHardBreak()) {
             break;
         }
@@ -124,13 +124,13 @@ bool LineBreaker::BreakOverflow()
         return false; // a last white-space character never opens a line
     }
     if (m_nChar >= m_nChars) {
-        m_cx = Add(m_cx, SumAdvances(m_buffer, m_nGlyph, m_nGlyphs));
+        m_cx = WrapAdd(m_cx, SumAdvances(m_buffer, m_nGlyph, m_nGlyphs));
         return false; // the last character's glyphs stay together
     }
     // The glyph at the break starts the next line, but the measure of that line starts one glyph later: hosts
     // rely on the widths that come of it.
     const UINT nGlyph = GlyphOf(m_nChar);
-    Append(nGlyph, Subtract(m_cx, SumAdvances(m_buffer, nGlyph, m_nGlyph)));
+    Append(nGlyph, WrapSubtract(m_cx, SumAdvances(m_buffer, nGlyph, m_nGlyph)));
     m_nGlyph = nGlyph + 1;
     return true;
 }

@@ -3,8 +3,12 @@
 
 using namespace gesso;
 
+// Hosts read the records.
 static_assert(sizeof(stcDrawTextBreak) == 12);
-static_assert(sizeof(stcDrawTextRun) == 24);
+static_assert(sizeof(stcDrawTextRun) == 24 && offsetof(stcDrawTextRun, abc) == 12);
+static_assert(sizeof(stcDrawTextBuffer) == 144 && offsetof(stcDrawTextBuffer, scriptCache) == 32);
+static_assert(offsetof(stcDrawTextBuffer, pItems) == 48 && offsetof(stcDrawTextBuffer, pLogClust) == 72);
+static_assert(offsetof(stcDrawTextBuffer, pGlyphs) == 96 && offsetof(stcDrawTextBuffer, pBreaks) == 136);
 static_assert(sizeof(SCRIPT_LOGATTR) == 1 && sizeof(SCRIPT_VISATTR) == 2 && sizeof(GOFFSET) == 8);
 
 namespace {

@@ -43,24 +43,24 @@ UINT CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT
 // The top of the first line. A text that is taller than the rectangle starts above it, but for top alignment.
 int FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc)
 {
-    const int cyText = Subtract(buffer.rcText.bottom, buffer.rcText.top);
-    const int y = Subtract(rc.bottom, cyText);
+    const int cyText = WrapSubtract(buffer.rcText.bottom, buffer.rcText.top);
+    const int y = WrapSubtract(rc.bottom, cyText);
     if (buffer.uFormat & DT_BOTTOM) {
         return y;
     }
-    return buffer.uFormat & DT_VCENTER ? Add(rc.top, Subtract(y, rc.top) >> 1) : rc.top;
+    return buffer.uFormat & DT_VCENTER ? WrapAdd(rc.top, WrapSubtract(y, rc.top) >> 1) : rc.top;
 }
 
 // The left end of a line of the given width. A line that is too wide starts at the left side, but for a
 // centred one: half of its negative room, as an unsigned number, lies far to the right. Hosts rely on it.
 int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
 {
-    const int cxFree = Subtract(Subtract(rc.right, rc.left), static_cast<int>(cx));
+    const int cxFree = WrapSubtract(WrapSubtract(rc.right, rc.left), static_cast<int>(cx));
     int x = rc.left;
     if (buffer.uFormat & DT_CENTER) {
-        x = Add(rc.left, static_cast<int>(static_cast<UINT>(cxFree) >> 1));
+        x = WrapAdd(rc.left, static_cast<int>(static_cast<UINT>(cxFree) >> 1));
     } else if (buffer.uFormat & DT_RIGHT) {
-        x = Add(rc.left, cxFree);
+        x = WrapAdd(rc.left, cxFree);
     }
     return std::max<int>(x, rc.left);
 }
@@ -75,7 +75,7 @@ class LinesPainter
 {
 public:
     LinesPainter(HDC hdc, const RECT& rc, stcDrawTextBuffer& buffer)
-        : m_hdc(hdc), m_rc(rc), m_cxMax(static_cast<UINT>(Subtract(rc.right, rc.left))), m_buffer(buffer),
+        : m_hdc(hdc), m_rc(rc), m_cxMax(static_cast<UINT>(WrapSubtract(rc.right, rc.left))), m_buffer(buffer),
           m_y(FirstLineY(buffer, rc))
     {}
 
@@ -127,7 +127,7 @@ void LinesPainter::StartLine()
 
 void LinesPainter::NextLine()
 {
-    m_y = Add(m_y, m_buffer.nLineHeight);
+    m_y = WrapAdd(m_y, m_buffer.nLineHeight);
     ++m_nLine;
     StartLine();
 }
@@ -158,13 +158,13 @@ void LinesPainter::PaintRest(UINT nFirst)
 {
     const UINT nEnd = RunEnd(m_buffer.pRuns[m_nItem]);
     PaintSlice(m_hdc, m_x, m_y, m_buffer, m_nItem, nFirst, static_cast<int>(nEnd - nFirst));
-    m_x = Add(m_x, SumAdvances(m_buffer, nFirst, nEnd));
+    m_x = WrapAdd(m_x, SumAdvances(m_buffer, nFirst, nEnd));
 }
 
 void LinesPainter::PaintWholeItem()
 {
     PaintItem(m_hdc, m_x, m_y, m_buffer, m_nItem);
-    m_x = Add(m_x, RunWidth(m_buffer.pRuns[m_nItem]));
+    m_x = WrapAdd(m_x, RunWidth(m_buffer.pRuns[m_nItem]));
     ++m_nItem;
 }
 
@@ -179,7 +179,7 @@ void CDrawText::DrawText_TextOut_Break(HDC hdc, RECT rc, stcDrawTextBuffer* pBuf
         LinesPainter(hdc, rc, *pBuffer).Paint();
         return;
     }
-    const UINT cxMax = static_cast<UINT>(Subtract(rc.right, rc.left));
+    const UINT cxMax = static_cast<UINT>(WrapSubtract(rc.right, rc.left));
     const UINT cx = pBuffer->pBreaks[0].nWidth;
     const int x = LineX(*pBuffer, rc, cx);
     const int y = FirstLineY(*pBuffer, rc);
@@ -198,7 +198,7 @@ void CDrawText::DrawText_TextOut(HDC hdc, int x, int y, stcDrawTextBuffer* pBuff
     const UINT nItems = UsableItems(*pBuffer);
     for (UINT n = 0; n < nItems; ++n) {
         PaintItem(hdc, x, y, *pBuffer, n);
-        x = Add(x, RunWidth(pBuffer->pRuns[n]));
+        x = WrapAdd(x, RunWidth(pBuffer->pRuns[n]));
     }
 }
 
@@ -218,7 +218,7 @@ void CDrawText::DrawText_TextOut_Start_Glyph(HDC hdc, int x, int y, stcDrawTextB
         const stcDrawTextRun& run = pBuffer->pRuns[n];
         const int nSlice = nEnd > RunEnd(run) ? run.nGlyphs : static_cast<int>(nEnd - nCur);
         PaintSlice(hdc, x, y, *pBuffer, n, nCur, nSlice);
-        x = Add(x, SumAdvances(*pBuffer, nCur, nCur + static_cast<UINT>(nSlice)));
+        x = WrapAdd(x, SumAdvances(*pBuffer, nCur, nCur + static_cast<UINT>(nSlice)));
         nCur += static_cast<UINT>(nSlice);
     }
 }
@@ -250,7 +250,7 @@ void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* 
     for (UINT n = nItem; n < nItems; ++n) {
         const stcDrawTextRun& run = pBuffer->pRuns[n];
         PaintSlice(hdc, x, y, *pBuffer, n, nFirst, run.nGlyphs);
-        x = Add(x, RunWidth(run));
+        x = WrapAdd(x, RunWidth(run));
         nFirst += static_cast<UINT>(run.nGlyphs);
     }
 }
@@ -267,7 +267,7 @@ void CDrawText::DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* 
         const stcDrawTextRun& run = pBuffer->pRuns[n];
         const UINT nSlice = std::min(nLeft, static_cast<UINT>(run.nGlyphs));
         PaintSlice(hdc, x, y, *pBuffer, n, run.nFirstGlyph, static_cast<int>(nSlice));
-        x = Add(x, RunWidth(run));
+        x = WrapAdd(x, RunWidth(run));
         nLeft -= nSlice;
     }
 }

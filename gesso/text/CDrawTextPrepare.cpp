@@ -37,8 +37,8 @@ RECT TextArea(const RECT* prc)
 {
     RECT rc = prc ? *prc : RECT();
     if (rc.right == rc.left || rc.bottom == rc.top) {
-        rc.right = Add(rc.left, UNLIMITED);
-        rc.bottom = Add(rc.top, UNLIMITED);
+        rc.right = WrapAdd(rc.left, UNLIMITED);
+        rc.bottom = WrapAdd(rc.top, UNLIMITED);
     }
     return rc;
 }
@@ -47,7 +47,7 @@ int TotalWidth(const stcDrawTextBuffer& buffer)
 {
     int cx = 0;
     for (UINT n = 0; n < buffer.nItems; ++n) {
-        cx = Add(cx, RunWidth(buffer.pRuns[n]));
+        cx = WrapAdd(cx, RunWidth(buffer.pRuns[n]));
     }
     return cx;
 }
@@ -69,8 +69,8 @@ void MakeSingleLine(stcDrawTextBuffer& buffer, RECT* prc)
     buffer.nBreaks = 0;
     buffer.pBreaks = AllocateArray<stcDrawTextBreak>(1);
     buffer.pBreaks[0] = {buffer.nItems - 1, buffer.nGlyphs, static_cast<UINT>(cx)};
-    buffer.rcText.right = Add(buffer.rcText.left, cx);
-    buffer.rcText.bottom = Add(buffer.rcText.top, TextHeight(buffer));
+    buffer.rcText.right = WrapAdd(buffer.rcText.left, cx);
+    buffer.rcText.bottom = WrapAdd(buffer.rcText.top, TextHeight(buffer));
     if (prc) {
         prc->right = buffer.rcText.right;
     }
@@ -78,9 +78,9 @@ void MakeSingleLine(stcDrawTextBuffer& buffer, RECT* prc)
 
 void MakeLines(stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
 {
-    const int cxMax = Subtract(buffer.rcText.right, buffer.rcText.left);
+    const int cxMax = WrapSubtract(buffer.rcText.right, buffer.rcText.left);
     CDrawText::DrawText_Break(pszText, nChars, static_cast<UINT>(cxMax), &buffer);
-    buffer.rcText.bottom = Add(buffer.rcText.top, TextHeight(buffer));
+    buffer.rcText.bottom = WrapAdd(buffer.rcText.top, TextHeight(buffer));
     if (prc) {
         prc->bottom = buffer.rcText.bottom;
     }

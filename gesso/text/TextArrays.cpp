@@ -15,7 +15,7 @@ int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
     int cx = 0;
     nEnd = std::min(nEnd, UsableGlyphs(buffer));
     for (UINT n = nFirst; n < nEnd; ++n) {
-        cx = Add(cx, buffer.pAdvance[n]);
+        cx = WrapAdd(cx, buffer.pAdvance[n]);
     }
     return cx;
 }

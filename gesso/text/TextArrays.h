@@ -15,12 +15,12 @@ inline bool IsBuffer(const stcDrawTextBuffer* pBuffer)
 }
 
 // Sums and differences of 32 bits that wrap: advances and rectangles come from outside.
-constexpr int Add(int a, int b)
+constexpr int WrapAdd(int a, int b)
 {
     return static_cast<int>(static_cast<UINT>(a) + static_cast<UINT>(b));
 }
 
-constexpr int Subtract(int a, int b)
+constexpr int WrapSubtract(int a, int b)
 {
     return static_cast<int>(static_cast<UINT>(a) - static_cast<UINT>(b));
 }
@@ -50,7 +50,7 @@ inline UINT UsableGlyphs(const stcDrawTextBuffer& buffer)
 // How far an item moves the pen.
 constexpr int RunWidth(const stcDrawTextRun& run)
 {
-    return Add(Add(run.abc.abcA, static_cast<int>(run.abc.abcB)), run.abc.abcC);
+    return WrapAdd(WrapAdd(run.abc.abcA, static_cast<int>(run.abc.abcB)), run.abc.abcC);
 }
 
 constexpr UINT RunEnd(const stcDrawTextRun& run)

@@ -133,8 +133,9 @@ TEST(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
     };
     EXPECT_EQ(chars(L"four", -1), 4U);
     EXPECT_EQ(chars(L"four", 2), 2U);
-    EXPECT_EQ(chars(L"to\0beyond", 9), 9U);
-    EXPECT_EQ(chars(L"to\0beyond", -1), 2U);
+    constexpr wchar_t zeroWithin[] = {L't', L'o', 0, L'b', L'e', L'y', L'o', L'n', L'd', 0};
+    EXPECT_EQ(chars(zeroWithin, 9), 9U);
+    EXPECT_EQ(chars(zeroWithin, -1), 2U);
     EXPECT_EQ(chars(L"", -1), 0U);
     EXPECT_EQ(chars(nullptr, -1), 0U);
     EXPECT_EQ(chars(nullptr, 3), 0U);
