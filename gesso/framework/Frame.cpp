@@ -23,10 +23,14 @@ HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId
 {
     Abandon(wnd);
     stcCreateTag tag{TAG_MARK, &wnd};
-    wnd.m_hWnd = IsolationAwareCreateWindowExW(
+    const HWND hwnd = IsolationAwareCreateWindowExW(
         dwExStyle, MAKEINTRESOURCEW(aClass), nullptr, dwStyle, place.x, place.y, place.cx, place.cy,
         place.hwndParent, reinterpret_cast<HMENU>(static_cast<LONG_PTR>(nId)), nullptr, &tag);
-    return wnd.m_hWnd;
+    // The parent is told of a new child, and may have destroyed both window and object.
+    if (!hwnd || IsAlive(hwnd, &wnd)) {
+        wnd.m_hWnd = hwnd;
+    }
+    return hwnd;
 }
 
 GWnd* Frame::TaggedObject(const void* pCreateParams)

@@ -64,7 +64,7 @@ LRESULT CALLBACK GWindow2::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARA
     }
     switch (uMsg) {
     case WM_DESTROY: return Quit(hwnd);
-    case WM_NCDESTROY: return Frame::Detach(*pWindow);
+    case WM_NCDESTROY: Frame::Detach(*pWindow); return DefWindowProcW(hwnd, uMsg, wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS: return Repaint(*pWindow);
     case WM_CLOSE: return Close(hwnd, wParam, lParam);
