@@ -182,9 +182,11 @@ WindowRef MakeDialog(HINSTANCE instance, const DLGTEMPLATE* memory, HWND owner, 
 void RunModal(const WindowRef& dialog)
 {
     MSG message{};
+    bool shown = false;
     while (dialog->alive && !dialog->dialog->ended) {
-        if (!PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+        if (!shown && !PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
             ShowWindow(dialog->handle, SW_SHOW); // at the latest when there is nothing else to do
+            shown = true;
         }
         if (!GetMessageW(&message, nullptr, 0, 0)) {
             PostQuitMessage(static_cast<int>(message.wParam));

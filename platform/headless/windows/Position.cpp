@@ -272,21 +272,6 @@ bool Change(Window& window, WINDOWPOS& pos)
     return window.alive;
 }
 
-// Children under the point first, each before what it lies in; disabled children are looked through.
-void Collect(const Window& parent, POINT point, std::vector<WindowRef>& found)
-{
-    for (Window* window : parent.children) {
-        const bool passedOver = window->IsChild() && window->Has(WS_DISABLED);
-        if (!window->Has(WS_VISIBLE) || passedOver || !PtInRect(&window->frame, point)) {
-            continue;
-        }
-        if (PtInRect(&window->client, point)) {
-            Collect(*window, point, found);
-        }
-        found.push_back(window->shared_from_this());
-    }
-}
-
 UINT ShowFlags(const Window& window, int command)
 {
     UINT flags = SWP_NOSIZE | SWP_NOMOVE | (command == SW_HIDE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW);
@@ -341,48 +326,6 @@ void SendSizeAndMove(Window& window)
 void RaiseToTop(Window& window)
 {
     Reorder(window, HWND_TOP);
-}
-
-RECT FrameWidths(DWORD style, DWORD exStyle, bool menu)
-{
-    int border = 0;
-    if (style & WS_THICKFRAME) {
-        border = GetSystemMetrics(SM_CXSIZEFRAME);
-    } else if ((style & WS_DLGFRAME) || (exStyle & WS_EX_DLGMODALFRAME)) {
-        border = GetSystemMetrics(SM_CXFIXEDFRAME);
-    } else if (style & WS_BORDER) {
-        border = GetSystemMetrics(SM_CXBORDER);
-    }
-    if (exStyle & WS_EX_CLIENTEDGE) {
-        border += GetSystemMetrics(SM_CXEDGE);
-    }
-    if (exStyle & WS_EX_STATICEDGE) {
-        border += GetSystemMetrics(SM_CXBORDER);
-    }
-    RECT widths = {border, border, border, border};
-    if ((style & WS_CAPTION) == WS_CAPTION) {
-        widths.top += GetSystemMetrics(exStyle & WS_EX_TOOLWINDOW ? SM_CYSMCAPTION : SM_CYCAPTION);
-    }
-    widths.top += menu ? GetSystemMetrics(SM_CYMENU) : 0;
-    return widths;
-}
-
-WindowRef WindowAt(POINT point, LRESULT& hit)
-{
-    std::vector<WindowRef> found;
-    Collect(Root(), point, found);
-    for (const WindowRef& window : found) {
-        if (window->Has(WS_DISABLED)) {
-            hit = HTERROR;
-            return window;
-        }
-        hit = Send(*window, WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
-        if (hit != HTTRANSPARENT && window->alive) {
-            return window;
-        }
-    }
-    hit = HTNOWHERE;
-    return nullptr;
 }
 
 } // namespace gesso::headless
@@ -483,112 +426,5 @@ BOOL WINAPI EndDeferWindowPos(HDWP batch)
         SetWindowPos(m.hwnd, m.hwndInsertAfter, m.x, m.y, m.cx, m.cy, m.flags);
     }
     return TRUE;
-}
-
-BOOL WINAPI GetWindowRect(HWND hwnd, LPRECT out)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
-        return FALSE;
-    }
-    *out = window->frame;
-    return TRUE;
-}
-
-BOOL WINAPI GetClientRect(HWND hwnd, LPRECT out)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
-        return FALSE;
-    }
-    *out = {0, 0, SizeOf(window->client).cx, SizeOf(window->client).cy};
-    return TRUE;
-}
-
-int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
-{
-    const WindowRef source = from ? Find(from) : TheDesktop().root;
-    const WindowRef target = to ? Find(to) : TheDesktop().root;
-    if (!source || !target) {
-        return 0;
-    }
-    const int dx = source->client.left - target->client.left;
-    const int dy = source->client.top - target->client.top;
-    for (UINT i = 0; i < count; ++i) {
-        points[i] = {points[i].x + dx, points[i].y + dy};
-    }
-    return static_cast<int>(MAKELONG(dx, dy));
-}
-
-BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
-        return FALSE;
-    }
-    *point = {point->x + window->client.left, point->y + window->client.top};
-    return TRUE;
-}
-
-BOOL WINAPI ScreenToClient(HWND hwnd, LPPOINT point)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
-        return FALSE;
-    }
-    *point = {point->x - window->client.left, point->y - window->client.top};
-    return TRUE;
-}
-
-BOOL WINAPI AdjustWindowRectEx(LPRECT r, DWORD style, BOOL menu, DWORD exStyle)
-{
-    const RECT w = FrameWidths(style, exStyle, menu);
-    *r = {r->left - w.left, r->top - w.top, r->right + w.right, r->bottom + w.bottom};
-    return TRUE;
-}
-
-BOOL WINAPI AdjustWindowRect(LPRECT r, DWORD style, BOOL menu)
-{
-    return AdjustWindowRectEx(r, style, menu, 0);
-}
-
-HWND WINAPI WindowFromPoint(POINT point)
-{
-    LRESULT hit = 0;
-    const WindowRef window = WindowAt(point, hit);
-    return window ? window->handle : Root().handle;
-}
-
-HWND WINAPI ChildWindowFromPointEx(HWND hwnd, POINT point, UINT flags)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
-        return nullptr;
-    }
-    const POINT screen = {point.x + window->client.left, point.y + window->client.top};
-    for (const Window* child : window->children) {
-        const bool skipped = ((flags & CWP_SKIPINVISIBLE) && !child->Has(WS_VISIBLE)) ||
-                             ((flags & CWP_SKIPDISABLED) && child->Has(WS_DISABLED));
-        if (!skipped && PtInRect(&child->frame, screen)) {
-            return child->handle;
-        }
-    }
-    return PtInRect(&window->client, screen) ? hwnd : nullptr;
-}
-
-HWND WINAPI ChildWindowFromPoint(HWND hwnd, POINT point)
-{
-    return ChildWindowFromPointEx(hwnd, point, CWP_ALL);
-}
-
-// No window of this desktop is ever made an icon or fills the screen.
-BOOL WINAPI IsIconic(HWND)
-{
-    return FALSE;
-}
-
-BOOL WINAPI IsZoomed(HWND)
-{
-    return FALSE;
 }
 }

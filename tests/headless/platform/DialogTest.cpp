@@ -321,6 +321,26 @@ TEST_F(DialogTest, AModalDialogDisablesItsOwnerAndGivesItBack)
     EXPECT_FALSE(Deadlocked());
 }
 
+TEST_F(DialogTest, AModalDialogThatHidesItselfStaysHidden)
+{
+    TemplateWriter writer(true);
+    const auto* source = writer.Write(c_box & ~DWORD{WS_VISIBLE}, {});
+    HWND dialog = nullptr;
+    std::string seen;
+    WhenIdle([&] {
+        dialog = TopLevelWindows().front();
+        seen += IsWindowVisible(dialog) ? "shown " : "hidden ";
+        ShowWindow(dialog, SW_HIDE);
+        PostMessageW(dialog, WM_USER, 0, 0);
+    });
+    WhenIdle([&] {
+        seen += IsWindowVisible(dialog) ? "shown" : "hidden";
+        EndDialog(dialog, 1);
+    });
+    DialogBoxIndirectParamW(HostModule(), source, nullptr, DialogProcedure, 0);
+    EXPECT_EQ(seen, "shown hidden");
+}
+
 TEST_F(DialogTest, AModalDialogEndsWithQuitWhichGoesOnToTheOuterLoop)
 {
     TemplateWriter writer(true);
