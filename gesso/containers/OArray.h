@@ -120,6 +120,7 @@ private:
     void Construct(UINT i, const TYPE* p, UINT n);
     void Destroy(UINT iFirst, UINT iEnd);
     void Release();
+    static size_t Bytes(size_t n);
     static void Relocate(TYPE* pTo, const TYPE* pFrom, UINT n);
 };
 
@@ -154,7 +155,9 @@ template <class TYPE, class ARG_TYPE> OArray<TYPE, ARG_TYPE>::~OArray()
 template <class TYPE, class ARG_TYPE>
 OArray<TYPE, ARG_TYPE>& OArray<TYPE, ARG_TYPE>::operator=(const OArray& a)
 {
-    Copy(a);
+    if (this != &a) {
+        Copy(a);
+    }
     return *this;
 }
 
@@ -384,7 +387,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::FreeExtra(UIN
     }
     m_nBufferLength = std::max(nMin, m_nLength);
     if (m_nBufferLength > 0) {
-        m_pData = static_cast<TYPE*>(gesso::Reallocate(m_pData, m_nBufferLength * sizeof(TYPE)));
+        m_pData = static_cast<TYPE*>(gesso::Reallocate(m_pData, Bytes(m_nBufferLength)));
     } else {
         gesso::Free(m_pData);
         m_pData = nullptr;
@@ -437,7 +440,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Grow(size_t n
         gesso::OutOfMemory();
     }
     const size_t nCapacity = std::max(n, std::min<size_t>(size_t{m_nBufferLength} + nStep, UINT_MAX));
-    auto* pData = static_cast<TYPE*>(gesso::Allocate(nCapacity * sizeof(TYPE)));
+    auto* pData = static_cast<TYPE*>(gesso::Allocate(Bytes(nCapacity)));
     Relocate(pData, m_pData, m_nLength);
     gesso::Free(m_pData);
     m_pData = pData;
@@ -489,11 +492,17 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Release()
     gesso::Free(m_pData);
 }
 
+template <class TYPE, class ARG_TYPE> size_t OArray<TYPE, ARG_TYPE>::Bytes(size_t n)
+{
+    // For pointers it is the pointer's own size that is meant.
+    return n * sizeof(TYPE); // NOLINT(bugprone-sizeof-expression)
+}
+
 template <class TYPE, class ARG_TYPE>
 void OArray<TYPE, ARG_TYPE>::Relocate(TYPE* pTo, const TYPE* pFrom, UINT n)
 {
     if (n > 0) {
-        std::memmove(static_cast<void*>(pTo), static_cast<const void*>(pFrom), n * sizeof(TYPE));
+        std::memmove(static_cast<void*>(pTo), static_cast<const void*>(pFrom), Bytes(n));
     }
 }
 

@@ -130,7 +130,9 @@ template <class TYPE> OString<TYPE>::~OString()
 
 template <class TYPE> OString<TYPE>& OString<TYPE>::operator=(const OString& str)
 {
-    Adopt(Copy(str.Span()));
+    if (this != &str) {
+        Adopt(Copy(str.Span()));
+    }
     return *this;
 }
 

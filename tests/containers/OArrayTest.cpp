@@ -185,6 +185,7 @@ TEST(OArray, CopiesKeepSpareCapacityAndTheirOwnStep)
     EXPECT_EQ(aTarget.GetLength(), 0u);
 }
 
+// NOLINTBEGIN(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves is looked at
 TEST(OArray, AMovedFromArrayKeepsItsNumbersAndCanBeAssignedTo)
 {
     Strings aSource = MakeStrings({L"a", L"b"});
@@ -227,6 +228,7 @@ TEST(OArray, ChangesToAMovedFromArrayStartFromEmpty)
     EXPECT_EQ(changed([](Strings& a) { a.FreeExtra(3); }), "");
     EXPECT_EQ(changed([](Strings& a) { a.AllocExtra(1); }), "");
 }
+// NOLINTEND(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
 
 TEST(OArray, ConstructsAndDestroysStrings)
 {
