@@ -26,7 +26,7 @@ HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId
     const HWND hwnd = IsolationAwareCreateWindowExW(
         dwExStyle, MAKEINTRESOURCEW(aClass), nullptr, dwStyle, place.x, place.y, place.cx, place.cy,
         place.hwndParent, reinterpret_cast<HMENU>(static_cast<LONG_PTR>(nId)), nullptr, &tag);
-    // The parent is told of a new child, and may have destroyed both window and object.
+    // The parent is told of a new child, and may have deleted the object.
     if (!hwnd || IsAlive(hwnd, &wnd)) {
         wnd.m_hWnd = hwnd;
     }

@@ -100,6 +100,30 @@ TEST_F(GWndTest, DeletingAnObjectLeavesItsWindowWithoutOne)
     EXPECT_TRUE(DestroyWindow(hwnd));
 }
 
+GButton* g_pNewBorn = nullptr;
+WNDPROC g_pfnHost = nullptr;
+
+// A parent that deletes the object of the child that it hears of.
+LRESULT CALLBACK DeleteNewChild(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    if (uMsg == WM_PARENTNOTIFY && LOWORD(wParam) == WM_CREATE && g_pNewBorn) {
+        g_pNewBorn->Delete(std::exchange(g_pNewBorn, nullptr));
+    }
+    return CallWindowProcW(g_pfnHost, hwnd, uMsg, wParam, lParam);
+}
+
+TEST_F(GWndTest, ObjectThatTheParentDeletesDuringCreateIsNotTouchedAgain)
+{
+    g_pfnHost = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DeleteNewChild)));
+    g_pNewBorn = new GButton;
+    // Under the sanitizers, any touch of the object after its end shows here.
+    const HWND hwnd = g_pNewBorn->Create(0, 0, 10, 10, host, 1, L"brief", 0, WS_CHILD);
+    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(g_pfnHost));
+    EXPECT_EQ(g_pNewBorn, nullptr) << "the parent was not told";
+    EXPECT_TRUE(DestroyWindow(hwnd)) << "it stays, without an object";
+}
+
 TEST_F(GWndTest, SecondCreateMovesTheObjectToTheNewWindow)
 {
     GButton button;
