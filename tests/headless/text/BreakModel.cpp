@@ -43,9 +43,16 @@ struct Model
         return sum;
     }
 
-    bool Repeats() const
+    // Far more lines than glyphs: the text breaks for ever.
+    bool IsEndless() const { return records.size() > 2 * buffer.nGlyphs + 100; }
+
+    std::vector<stcDrawTextBreak> MovingOn() const
     {
-        return records.size() > 1 && records.back().nGlyph <= records[records.size() - 2].nGlyph;
+        size_t end = 1;
+        while (records[end].nGlyph > records[end - 1].nGlyph) {
+            ++end;
+        }
+        return {records.begin(), records.begin() + static_cast<ptrdiff_t>(end)};
     }
 
     std::vector<stcDrawTextBreak> Run()
@@ -86,9 +93,8 @@ struct Model
             const UINT b = GlyphOf(c);
             Record(b, w - Sum(b, g));
             g = b + 1;
-            if (Repeats()) {
-                records.pop_back();
-                return records;
+            if (IsEndless()) {
+                return MovingOn();
             }
         }
         const int last = records.empty() ? w : Sum(records.back().nGlyph, buffer.nGlyphs);
