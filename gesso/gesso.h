@@ -16,4 +16,7 @@
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>
 #include <gesso/list/GListNotify.h>
+#include <gesso/ribbon/GRibbon.h>
+#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/GRightClickMenu.h>
 #include <gesso/text/CDrawText.h>

@@ -30,8 +30,11 @@
 namespace gesso {
 
 // Whether a value stays valid when its bytes are copied to another place and the old place is forgotten.
-// Every plain type is so; a class that holds no pointer into itself may say so by its own constant.
-template <class TYPE> inline constexpr bool IsRelocatable = std::is_trivially_copyable_v<TYPE>;
+// Every plain type is so; a class that holds no pointer into itself may say so by a constant RELOCATABLE.
+template <class TYPE> inline constexpr bool IsRelocatable = std::is_trivially_copyable_v<TYPE> || requires
+{
+    TYPE::RELOCATABLE;
+};
 template <> inline constexpr bool IsRelocatable<OString<wchar_t>> = true;
 
 } // namespace gesso

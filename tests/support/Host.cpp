@@ -30,6 +30,15 @@ std::string DescribeNotify(const NMHDR& header)
     }
 }
 
+// A value that is a window says no more than the id.
+std::string DescribeCommand(WPARAM wParam, LPARAM lParam)
+{
+    const std::string code = HIWORD(wParam) ? " code " + std::to_string(HIWORD(wParam)) : "";
+    const bool fValue = lParam && !IsWindow(reinterpret_cast<HWND>(lParam));
+    return "click " + std::to_string(LOWORD(wParam)) + code +
+           (fValue ? " value " + std::to_string(lParam) : "");
+}
+
 std::string DescribeScroll(WPARAM wParam, LPARAM lParam)
 {
     const std::string id = std::to_string(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)));
@@ -102,8 +111,7 @@ LRESULT CALLBACK Host::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lP
 {
     auto* pHost = reinterpret_cast<Host*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
     if (pHost && uMsg == WM_COMMAND) {
-        const std::string code = HIWORD(wParam) ? " code " + std::to_string(HIWORD(wParam)) : "";
-        pHost->Report("click " + std::to_string(LOWORD(wParam)) + code);
+        pHost->Report(DescribeCommand(wParam, lParam));
         return 0;
     }
     if (pHost && uMsg == WM_NOTIFY) {

@@ -30,8 +30,9 @@ public:
     HWND Window() const { return m_hWnd; }
     operator HWND() const { return m_hWnd; }
 
-    // The reports since the last call, in order: "click 12", "setfocus 12", "killfocus 12", "notify 12 code
-    // -101", "lineup 12", "linedown 12", "pageup 12", "pagedown 12", "thumbtrack 12 at 40".
+    // The reports since the last call, in order: "click 12", "click 12 code 1 value 1", "setfocus 12",
+    // "killfocus 12", "notify 12 code -101", "lineup 12", "linedown 12", "pageup 12", "pagedown 12",
+    // "thumbtrack 12 at 40".
     std::vector<std::string> TakeReports() { return std::exchange(m_reports, {}); }
     // Called within each report, before it is answered.
     std::function<void(const std::string&)> onReport;

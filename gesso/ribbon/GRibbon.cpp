@@ -1,0 +1,354 @@
+#include <gesso/containers/Misuse.h>
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/WindowClass.h>
+#include <gesso/ribbon/GRibbon.h>
+#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/RibbonImages.h>
+
+using gesso::Frame;
+
+constinit ATOM GRibbon::s_aClass = 0;
+
+namespace {
+
+constexpr COLORREF CR_ACTIVE_LINE = 0xDBDBDB;
+constexpr COLORREF CR_ACTIVE_FILL = 0xF6F6F6;
+constexpr COLORREF CR_HOT_LINE = 0xEBEBEB;
+constexpr COLORREF CR_HOT_FILL = 0xFDFDFD;
+constexpr COLORREF CR_PAGE_LINE = 0xE4E4E4;
+constexpr int HEIGHT_TAB_FONT = -14;
+constexpr int HEIGHT_PAGE_FONT = -12;
+
+HFONT MakeFont(int nHeight)
+{
+    return CreateFontW(nHeight, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Calibri");
+}
+
+HPEN MakePen(COLORREF cr)
+{
+    return CreatePen(PS_SOLID, 1, cr);
+}
+
+template <class HANDLE_TYPE> void GiveHandle(HANDLE_TYPE* pHandle, HANDLE_TYPE handle)
+{
+    if (!pHandle) {
+        return gesso::Misuse("GRibbon::GetPageDrawInfo: a null pointer");
+    }
+    *pHandle = handle;
+}
+
+LRESULT PassToParent(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    SendMessageW(GetParent(hwnd), uMsg, wParam, lParam);
+    return 0;
+}
+
+} // namespace
+
+ATOM GRibbon::IsolationAwareRegisterClassW()
+{
+    return gesso::RegisterControlClass(s_aClass, L"GRibbon", WindowProc, gesso::CLASS_HOST);
+}
+
+// --- Coming to life and going
+// -------------------------------------------------------------------------------------
+
+GRibbon::GRibbon()
+    : m_crActiveLine(CR_ACTIVE_LINE), m_crActiveFill(CR_ACTIVE_FILL), m_crHotLine(CR_HOT_LINE),
+      m_crHotFill(CR_HOT_FILL), m_crPageLine(CR_PAGE_LINE)
+{
+    m_hTabFont.Reset(MakeFont(HEIGHT_TAB_FONT));
+}
+
+GRibbon::GRibbon(UINT uTemplate) : m_template(LOWORD(uTemplate)) {}
+
+GRibbon::GRibbon(LPCWSTR pszTemplate) : m_template(reinterpret_cast<ULONG_PTR>(pszTemplate)) {}
+
+GRibbon::~GRibbon() = default;
+
+void GRibbon::DeletePage(GRibbonPage* pPage)
+{
+    delete pPage;
+}
+
+HWND GRibbon::Create(int x, int y, int cx, int cy, HWND hwndParent, HINSTANCE hInstance)
+{
+    const gesso::RibbonImages images =
+        m_template ? gesso::LoadRibbonImages(hInstance, reinterpret_cast<LPCWSTR>(m_template))
+                   : gesso::MakeEmptyRibbonImages();
+    m_hLargeImages.Reset(images.hLarge);
+    m_hSmallImages.Reset(images.hSmall);
+    const HWND hwnd = Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
+                                          0, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN);
+    if (!hwnd) {
+        m_hLargeImages.Reset();
+        m_hSmallImages.Reset();
+    }
+    return hwnd;
+}
+
+int GRibbon::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+void GRibbon::Init(void*) {}
+
+// --- Tabs
+// ---------------------------------------------------------------------------------------------------------
+
+UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
+{
+    if (!pPage) {
+        pPage = MakePage(dwId, pszTitle);
+    } else if (dwId) {
+        pPage->m_dwId = dwId;
+    }
+    if (!pPage) {
+        return RIBBON_NONE;
+    }
+    if (IndexOf(pPage) != RIBBON_NONE) {
+        gesso::Misuse("GRibbon::AddPage: a page that is in the ribbon already");
+        m_ownPages.Forget(pPage);
+    }
+    m_ownPages.Add(pPage);
+    const UINT uWidth = MeasureTitle(pszTitle ? pszTitle : pPage->Title());
+    const UINT nIndex = m_aTabs.Add({uWidth, RIBBON_TAB_VISIBLE, pPage});
+    pPage->Create(this);
+    Invalidate(0);
+    return nIndex;
+}
+
+void GRibbon::RemovePage(GRibbonPage* pPage)
+{
+    const UINT nIndex = IndexOf(pPage);
+    if (nIndex == RIBBON_NONE) {
+        return;
+    }
+    m_ownPages.Forget(pPage);
+    m_aTabs.RemoveAt(nIndex, 1);
+    Invalidate(0);
+    if (m_nActive >= m_aTabs.GetLength()) {
+        m_nActive = m_aTabs.GetLength() - 1;
+    }
+}
+
+void GRibbon::RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle)
+{
+    if (!pPage) {
+        return gesso::Misuse("GRibbon::RenamePage: no page");
+    }
+    // Measured first: the title may be the page's own, which goes.
+    const UINT uWidth = MeasureTitle(gesso::TextOrEmpty(pszTitle));
+    pPage->SetTitle(pszTitle);
+    const UINT nIndex = IndexOf(pPage);
+    if (nIndex == RIBBON_NONE) {
+        return gesso::Misuse("GRibbon::RenamePage: a page that is not in the ribbon");
+    }
+    m_aTabs[nIndex].uTextWidth = uWidth;
+}
+
+GRibbonPage* GRibbon::MakePage(DWORD dwId, LPCWSTR pszTitle)
+{
+    return new GRibbonPage(dwId, pszTitle);
+}
+
+GRibbonPage* GRibbon::GetPage(DWORD dwId)
+{
+    for (const RibbonTab& tab : m_aTabs) {
+        if (tab.pPage->m_dwId == dwId) {
+            return tab.pPage;
+        }
+    }
+    return nullptr;
+}
+
+void GRibbon::SetActive(UINT nIndex)
+{
+    m_nActive = nIndex;
+    Invalidate(0);
+}
+
+void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
+{
+    if (nIndex >= m_aTabs.GetLength()) {
+        return gesso::Misuse("GRibbon::SetStatus: an index beyond the tabs");
+    }
+    m_aTabs[nIndex].uStatus = uStatus;
+    if (nIndex == m_nActive && !IsVisible(nIndex)) {
+        m_nActive = TabToShowInsteadOf(nIndex);
+    }
+    Invalidate(0);
+}
+
+UINT GRibbon::TabToShowInsteadOf(UINT nIndex) const
+{
+    for (UINT i = nIndex; i < m_aTabs.GetLength(); i++) {
+        if (IsVisible(i)) {
+            return i;
+        }
+    }
+    while (nIndex != 0 && !IsVisible(nIndex)) {
+        nIndex--;
+    }
+    return nIndex;
+}
+
+void GRibbon::GetPageDrawInfo(HBRUSH* phBrush, HPEN* phPen, HFONT* phFont) const
+{
+    GiveHandle<HBRUSH>(phBrush, m_hActiveBrush);
+    GiveHandle<HPEN>(phPen, m_hPagePen);
+    GiveHandle<HFONT>(phFont, m_hPageFont);
+}
+
+bool GRibbon::IsVisible(UINT nIndex) const
+{
+    return m_aTabs[nIndex].uStatus & RIBBON_TAB_VISIBLE;
+}
+
+UINT GRibbon::IndexOf(const GRibbonPage* pPage) const
+{
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        if (m_aTabs[i].pPage == pPage) {
+            return i;
+        }
+    }
+    return RIBBON_NONE;
+}
+
+GRibbonPage* GRibbon::ActivePage() const
+{
+    return m_nActive < m_aTabs.GetLength() ? m_aTabs[m_nActive].pPage : nullptr;
+}
+
+UINT GRibbon::MeasureTitle(LPCWSTR pszTitle) const
+{
+    const gesso::MemoryContext context;
+    const gesso::SelectScope font(context, m_hTabFont);
+    SIZE size{};
+    GetTextExtentPointW(context, pszTitle, gesso::TextLength(pszTitle), &size);
+    return static_cast<UINT>(size.cx);
+}
+
+// --- Messages
+// -----------------------------------------------------------------------------------------------------
+
+LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
+{
+    m_dwState = Frame::FIRST_STATE;
+    m_hActivePen.Reset(MakePen(m_crActiveLine));
+    m_hActiveBrush.Reset(CreateSolidBrush(m_crActiveFill));
+    m_hHotPen.Reset(MakePen(m_crHotLine));
+    m_hHotBrush.Reset(CreateSolidBrush(m_crHotFill));
+    m_hPagePen.Reset(MakePen(m_crPageLine));
+    m_hPageFont.Reset(MakeFont(HEIGHT_PAGE_FONT));
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        m_aTabs[i].pPage->Create(this);
+    }
+    return 0;
+}
+
+LRESULT GRibbon::OnDestroy()
+{
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        m_aTabs[i].pPage->Destroy();
+    }
+    m_hActivePen.Reset();
+    m_hActiveBrush.Reset();
+    m_hHotPen.Reset();
+    m_hHotBrush.Reset();
+    m_hPagePen.Reset();
+    m_hPageFont.Reset();
+    m_hLargeImages.Reset();
+    m_hSmallImages.Reset();
+    return Frame::Detach(*this);
+}
+
+// A new size changes nothing: groups never shrink, and what does not fit is clipped.
+LRESULT GRibbon::OnWindowPosChanged()
+{
+    return 0;
+}
+
+LRESULT GRibbon::OnLButtonDown(WPARAM wKeys, POINTS pt)
+{
+    const UINT nHit = HitTest(pt);
+    if (nHit == RIBBON_NONE) {
+        if (GRibbonPage* pPage = ActivePage()) {
+            pPage->OnLButtonDown(wKeys, pt);
+        }
+    } else if (nHit != m_nActive) {
+        SetActive(nHit);
+    }
+    return 0;
+}
+
+LRESULT GRibbon::OnLButtonUp(WPARAM wKeys, POINTS pt)
+{
+    if (GRibbonPage* pPage = ActivePage()) {
+        pPage->OnLButtonUp(wKeys, pt);
+    }
+    return 0;
+}
+
+LRESULT GRibbon::OnMouseMove(WPARAM wKeys, POINTS pt)
+{
+    Frame::TrackLeave(*this);
+    const UINT nHit = HitTest(pt);
+    if (nHit != m_nHot) {
+        // The active tab never becomes hot, so that each move over it repaints: hosts rely on it.
+        m_nHot = nHit == m_nActive ? RIBBON_NONE : nHit;
+        Invalidate(0);
+    }
+    GRibbonPage* pPage = ActivePage();
+    if (m_nHot == RIBBON_NONE && pPage) {
+        pPage->OnMouseMove(wKeys, pt);
+    }
+    return 0;
+}
+
+LRESULT GRibbon::OnMouseLeave()
+{
+    m_nHot = RIBBON_NONE;
+    Frame::OnMouseLeave(*this);
+    if (GRibbonPage* pPage = ActivePage()) {
+        pPage->OnMouseLeave();
+    }
+    return 0;
+}
+
+LRESULT GRibbon::OnCaptureChanged(HWND hwndNew)
+{
+    Frame::OnCaptureChanged(*this, hwndNew);
+    if (GRibbonPage* pPage = ActivePage()) {
+        pPage->OnCaptureChanged(hwndNew);
+    }
+    return 0;
+}
+
+LRESULT CALLBACK GRibbon::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pRibbon = Frame::ObjectOf<GRibbon>(hwnd);
+    if (!pRibbon) {
+        return uMsg == WM_CREATE ? Frame::Attach<GRibbon>(hwnd, lParam)
+                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    GRibbon& ribbon = *pRibbon;
+    switch (uMsg) {
+    case WM_DESTROY: return ribbon.OnDestroy();
+    case WM_PAINT: return gesso::PaintControl(ribbon, hwnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(ribbon, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_ERASEBKGND: return 1;
+    case WM_WINDOWPOSCHANGED: return ribbon.OnWindowPosChanged();
+    case WM_COMMAND:
+    case WM_NOTIFY: return PassToParent(hwnd, uMsg, wParam, lParam);
+    case WM_LBUTTONDOWN: return ribbon.OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return ribbon.OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return ribbon.OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return ribbon.OnMouseLeave();
+    case WM_CAPTURECHANGED: return ribbon.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+}

@@ -1,0 +1,285 @@
+#include <gesso/containers/Misuse.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Library.h>
+#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/RibbonMetrics.h>
+
+#include <algorithm>
+
+using gesso::Frame;
+
+namespace {
+
+constexpr LPCWSTR THEME_CLASS = L"BUTTON";
+
+OString<wchar_t> StringOf(LPCWSTR psz)
+{
+    return OString<wchar_t>::Build(L"%s", gesso::TextOrEmpty(psz));
+}
+
+UINT* CopyOptions(const UINT* puOptions, size_t nCount)
+{
+    auto* pCopy = static_cast<UINT*>(std::malloc(nCount * sizeof(UINT)));
+    std::memcpy(pCopy, puOptions, nCount * sizeof(UINT));
+    return pCopy;
+}
+
+// The index of the first group or item with that id; their count where there is none.
+template <class RECORDS> UINT IndexOfId(const RECORDS& records, DWORD dwId)
+{
+    UINT i = 0;
+    while (i < records.GetLength() && records[i].nId != dwId) {
+        i++;
+    }
+    return i;
+}
+
+} // namespace
+
+GRibbonPage::GRibbonPage(DWORD dwId, LPCWSTR pszTitle) : m_dwId(dwId), m_hItemFont(g_hDefaultFont)
+{
+    m_pszTitle.Reset(gesso::CopyText(pszTitle));
+}
+
+GRibbonPage::~GRibbonPage() = default;
+
+void GRibbonPage::Delete(void* p)
+{
+    delete static_cast<GRibbonPage*>(p);
+}
+
+void GRibbonPage::FreeBlock(void* p)
+{
+    std::free(p);
+}
+
+// --- The ribbon
+// ---------------------------------------------------------------------------------------------------
+
+void GRibbonPage::Create(GRibbon* pRibbon)
+{
+    if (!pRibbon) {
+        return gesso::Misuse("GRibbonPage::Create: no ribbon");
+    }
+    m_press.uGroup = m_press.uItem = RIBBON_NONE;
+    m_hover.uGroup = m_hover.uItem = RIBBON_NONE;
+    m_uHotItem = RIBBON_NONE;
+    m_hItemFont = g_hDefaultFont;
+    m_pRibbon = pRibbon;
+    m_hwndRibbon = pRibbon->GetHwnd();
+    pRibbon->GetPageDrawInfo(&m_hBrush, &m_hPen, &m_hGroupFont);
+    m_hwndTarget = pRibbon->GetParent();
+    m_hTheme.Reset(OpenThemeData(m_hwndRibbon, THEME_CLASS));
+    m_uState = 0;
+}
+
+void GRibbonPage::Destroy()
+{
+    m_hTheme.Reset();
+}
+
+HWND GRibbonPage::RibbonWindow() const
+{
+    return m_pRibbon && Frame::IsAlive(m_hwndRibbon, m_pRibbon) ? m_hwndRibbon : nullptr;
+}
+
+void GRibbonPage::SetTitle(LPCWSTR pszTitle)
+{
+    m_pszTitle.Reset(gesso::CopyText(pszTitle));
+}
+
+LPCWSTR GRibbonPage::Title() const
+{
+    return gesso::TextOrEmpty(m_pszTitle);
+}
+
+LRESULT GRibbonPage::OnActivate()
+{
+    return 0;
+}
+
+LRESULT GRibbonPage::OnDeactivate()
+{
+    return 0;
+}
+
+// --- Groups
+// -------------------------------------------------------------------------------------------------------
+
+int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT uFixedWidth)
+{
+    const UINT nCount = m_aGroups.GetLength();
+    const UINT nIndex = dwAfterId ? std::min(IndexOfId(m_aGroups, dwAfterId) + 1, nCount) : 0;
+    m_aGroups.InsertAt(nIndex,
+                       Group{dwId, StringOf(pszTitle), {}, 0, gesso::EMPTY_GROUP_WIDTH, uFixedWidth, 0});
+    RecalcWidth();
+    return 1;
+}
+
+void GRibbonPage::SetGroupName(DWORD dwId, LPCWSTR pszTitle)
+{
+    if (Group* pGroup = FindGroup(dwId)) {
+        pGroup->strTitle = StringOf(pszTitle);
+    }
+}
+
+int GRibbonPage::RemoveGroup(DWORD dwId)
+{
+    const UINT nIndex = IndexOfId(m_aGroups, dwId);
+    if (nIndex == m_aGroups.GetLength()) {
+        return 0;
+    }
+    m_aGroups.RemoveAt(nIndex, 1);
+    return 1;
+}
+
+GRibbonPage::Group* GRibbonPage::FindGroup(DWORD dwId)
+{
+    const UINT nIndex = IndexOfId(m_aGroups, dwId);
+    return nIndex < m_aGroups.GetLength() ? &m_aGroups[nIndex] : nullptr;
+}
+
+// --- Items
+// --------------------------------------------------------------------------------------------------------
+
+void GRibbonPage::InsertItem(DWORD dwGroupId, DWORD dwBeforeId, ItemInfo* pInfo)
+{
+    Group* pGroup = FindGroup(dwGroupId);
+    if (!pInfo) {
+        return gesso::Misuse("GRibbonPage::InsertItem: no info");
+    }
+    if (!pGroup) {
+        return;
+    }
+    Item item{};
+    item.uType = pInfo->uType;
+    TakeInfo(item, *pInfo);
+    Measure(item);
+    const UINT nIndex = IndexOfId(pGroup->aItems, dwBeforeId);
+    pGroup->aItems.InsertAt(nIndex, item);
+    OnItemsChanged(*pGroup, nIndex);
+}
+
+void GRibbonPage::SetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
+{
+    Group* pGroup = FindGroup(dwGroupId);
+    if (!pInfo) {
+        return gesso::Misuse("GRibbonPage::SetItemInfo: no info");
+    }
+    if (!pGroup) {
+        return;
+    }
+    const UINT nIndex = IndexOfId(pGroup->aItems, dwItemId);
+    if (nIndex == pGroup->aItems.GetLength()) {
+        return gesso::Misuse("GRibbonPage::SetItemInfo: an item that is not in the group");
+    }
+    Item& item = pGroup->aItems[nIndex];
+    if (item.uType != pInfo->uType) {
+        return;
+    }
+    TakeInfo(item, *pInfo);
+    Measure(item);
+    OnItemsChanged(*pGroup, nIndex);
+}
+
+void GRibbonPage::GetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
+{
+    const Group* pGroup = FindGroup(dwGroupId);
+    const UINT nIndex = pGroup ? IndexOfId(pGroup->aItems, dwItemId) : 0;
+    if (!pGroup || nIndex == pGroup->aItems.GetLength() || !pInfo) {
+        return;
+    }
+    const Item& item = pGroup->aItems[nIndex];
+    pInfo->nId = item.nId;
+    if (item.uType != pInfo->uType) {
+        pInfo->uType = item.uType;
+    } else if (item.uType == RIT_BUTTON) {
+        pInfo->nOptions = item.wOptions;
+        pInfo->puOptions = item.puOptions;
+        pInfo->nImage = item.nImage;
+        pInfo->pszText = item.pszText;
+    } else if (item.uType == RIT_CHECKBOX) {
+        pInfo->bChecked = item.uFlags & RIF_CHECKED ? 1 : 0;
+        pInfo->pszCheckText = item.pszText;
+    }
+}
+
+void GRibbonPage::RemoveItem(DWORD dwGroupId, DWORD dwItemId)
+{
+    Group* pGroup = FindGroup(dwGroupId);
+    const UINT nIndex = pGroup ? IndexOfId(pGroup->aItems, dwItemId) : 0;
+    if (!pGroup || nIndex == pGroup->aItems.GetLength()) {
+        return;
+    }
+    const Item& item = pGroup->aItems[nIndex];
+    m_ownBlocks.Free(item.pszText);
+    m_ownBlocks.Free(item.puOptions);
+    pGroup->aItems.RemoveAt(nIndex, 1);
+    OnItemsChanged(*pGroup, nIndex);
+}
+
+void GRibbonPage::AddWindow(DWORD dwGroupId, HWND hwnd)
+{
+    AddWindow(dwGroupId, &hwnd, 1);
+}
+
+void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
+{
+    Group* pGroup = FindGroup(dwGroupId);
+    if (!pGroup || !phwnd) {
+        return;
+    }
+    for (UINT i = 0; i < nCount; i++) {
+        Item item{};
+        item.hwnd = phwnd[i];
+        pGroup->aItems.Add(item);
+    }
+    // Last, since the host may answer the messages of this by changing the page.
+    for (UINT i = 0; i < nCount; i++) {
+        ShowWindow(phwnd[i], SW_SHOW);
+    }
+}
+
+void GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
+{
+    item.nId = info.nId;
+    if (item.uType == RIT_BUTTON) {
+        TakeOptions(item, info);
+        item.nImage = info.nImage;
+        TakeText(item, info.pszText);
+    } else if (item.uType == RIT_CHECKBOX) {
+        item.nImage = -1;
+        item.uFlags = info.bChecked ? item.uFlags | RIF_CHECKED : item.uFlags & ~RIF_CHECKED;
+        TakeText(item, info.pszCheckText);
+    }
+}
+
+// Of several sizes only the last is used, and a single one is not kept: hosts rely on it.
+void GRibbonPage::TakeOptions(Item& item, const ItemInfo& info)
+{
+    const int nOptions = info.puOptions ? info.nOptions : 0;
+    UINT* puFormer = item.puOptions;
+    item.puOptions = nullptr;
+    item.wOptions = 0;
+    if (nOptions > 1) {
+        item.puOptions = CopyOptions(info.puOptions, static_cast<size_t>(nOptions));
+        m_ownBlocks.Add(item.puOptions);
+        item.wOptions = static_cast<WORD>(nOptions);
+    }
+    if (nOptions != 0) {
+        item.wSize = HIWORD(info.puOptions[std::max(nOptions, 1) - 1]);
+    }
+    // Last, since the info may hold what GetItemInfo gave.
+    m_ownBlocks.Free(puFormer);
+}
+
+void GRibbonPage::TakeText(Item& item, LPCWSTR pszText)
+{
+    if (pszText) {
+        LPWSTR pszFormer = item.pszText;
+        item.pszText = gesso::CopyText(pszText);
+        m_ownBlocks.Add(item.pszText);
+        m_ownBlocks.Free(pszFormer);
+    }
+}

@@ -1,0 +1,115 @@
+// The mouse, in the ribbon's client coordinates. It comes from the ribbon, while the page is the active one.
+
+#include <gesso/framework/Frame.h>
+#include <gesso/ribbon/GRibbonPage.h>
+
+#include <utility>
+
+LRESULT GRibbonPage::OnLButtonDown(WPARAM, POINTS pt)
+{
+    if (m_aGroups.GetLength() == 0) {
+        return 0;
+    }
+    m_uState |= GWS_PRESSED;
+    InvalidateRibbon();
+    m_press.pt = pt;
+    HitTest(&m_press);
+    m_uHotItem = m_press.uItem;
+    SetCapture(RibbonWindow());
+    return 0;
+}
+
+LRESULT GRibbonPage::OnMouseMove(WPARAM, POINTS pt)
+{
+    TrackLeave();
+    const UINT uFormer = m_hover.uItem;
+    m_hover.pt = pt;
+    HitTest(&m_hover);
+    const bool fOnOther =
+        m_hover.uItem != RIBBON_NONE && m_press.uItem != RIBBON_NONE && m_press.uItem != m_hover.uItem;
+    if (!fOnOther) {
+        m_uState = m_hover.uItem != RIBBON_NONE ? m_uState | GWS_HOT : m_uState & ~GWS_HOT;
+        m_uHotItem = m_hover.uItem;
+    }
+    if (m_hover.uItem != uFormer) {
+        InvalidateRibbon();
+    }
+    return 0;
+}
+
+// A click is a press and a release on the same item.
+LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
+{
+    if (!(m_uState & GWS_PRESSED)) {
+        return 0;
+    }
+    ReleaseCapture();
+    InvalidateRibbon();
+    HitTestInfo release{pt, RIBBON_NONE, RIBBON_NONE};
+    HitTest(&release);
+    m_press.uGroup = RIBBON_NONE;
+    if (std::exchange(m_press.uItem, RIBBON_NONE) == release.uItem) {
+        Click(release.uItem);
+    }
+    return 0;
+}
+
+// The parent may do anything in its command, so that the page touches nothing afterwards.
+void GRibbonPage::Click(UINT uItem)
+{
+    Item* pItem = ItemOfCode(uItem);
+    if (!pItem) {
+        return;
+    }
+    LPARAM lChecked = 0;
+    if (pItem->uType == RIT_CHECKBOX) {
+        pItem->uFlags ^= RIF_CHECKED;
+        lChecked = pItem->uFlags & RIF_CHECKED ? 1 : 0;
+    }
+    SendMessageW(m_hwndTarget, WM_COMMAND, LOWORD(pItem->nId), lChecked);
+}
+
+// Null for the code of no item, and where the item has gone meanwhile.
+GRibbonPage::Item* GRibbonPage::ItemOfCode(UINT uItem)
+{
+    const UINT nGroup = HIWORD(uItem);
+    const UINT nItem = LOWORD(uItem);
+    if (uItem == RIBBON_NONE || nGroup >= m_aGroups.GetLength() ||
+        nItem >= m_aGroups[nGroup].aItems.GetLength()) {
+        return nullptr;
+    }
+    return &m_aGroups[nGroup].aItems[nItem];
+}
+
+// The hot item stays as it is until the next move: hosts rely on it.
+LRESULT GRibbonPage::OnMouseLeave()
+{
+    m_uState &= ~(GWS_HOT | GWS_TRACKING);
+    m_hover.uGroup = m_hover.uItem = RIBBON_NONE;
+    InvalidateRibbon();
+    return 0;
+}
+
+LRESULT GRibbonPage::OnCaptureChanged(HWND hwndNew)
+{
+    if (hwndNew != RibbonWindow()) {
+        m_uState &= ~GWS_PRESSED;
+    }
+    return 0;
+}
+
+void GRibbonPage::TrackLeave()
+{
+    if (!(m_uState & GWS_TRACKING)) {
+        TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE, RibbonWindow(), 0};
+        TrackMouseEvent(&track);
+        m_uState |= GWS_TRACKING;
+    }
+}
+
+void GRibbonPage::InvalidateRibbon() const
+{
+    if (RibbonWindow()) {
+        m_pRibbon->Invalidate(0);
+    }
+}

@@ -1,0 +1,289 @@
+// What ribbons, their pages and the value menu draw, operation by operation.
+
+#include "../../ribbon/RibbonTestSupport.h"
+#include "../controls/DrawFixture.h"
+
+#include <gesso/ribbon/GRightClickMenu.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using namespace test::ribbon;
+using test::Lines;
+namespace desk = gesso::headless;
+
+constexpr auto PARENT = "DrawThemeParentBackground (0,0,700,118)";
+constexpr auto BOTTOM_LINE = "LineTo (0,117) (700,117) pen=solid 1 DBDBDB";
+constexpr auto PAGE_PARENT = "DrawThemeParentBackground (0,26,700,117)";
+
+class RibbonDrawTest : public test::DrawFixture
+{
+protected:
+    void SetUp() override
+    {
+        DrawFixture::SetUp();
+        m_pRibbon = std::make_unique<OpenRibbon>();
+        hwnd = CreateRibbon(*m_pRibbon, Parent());
+    }
+    void TearDown() override
+    {
+        m_pRibbon->Destroy();
+        m_pRibbon.reset();
+        DrawFixture::TearDown();
+    }
+
+    // The lines of the next paint, without what the parent and the copying to the window take.
+    Lines Drawn()
+    {
+        Lines lines = Draw(hwnd, "");
+        EXPECT_EQ(lines.back(), "BitBlt (0,0,700,118) from (0,0) SRCCOPY");
+        lines.pop_back();
+        std::erase_if(lines,
+                      [](const std::string& line) { return line.starts_with("FillRect (0,0,400,300)"); });
+        return lines;
+    }
+    // What of it belongs to the page behind its background.
+    Lines DrawnOfPage()
+    {
+        const Lines lines = Drawn();
+        const auto at = std::find(lines.begin(), lines.end(), PAGE_PARENT);
+        EXPECT_NE(at, lines.end());
+        return at == lines.end() ? Lines() : Lines(at + 1, lines.end());
+    }
+    // The same without the frames of groups.
+    Lines DrawnOfItems()
+    {
+        Lines lines = DrawnOfPage();
+        std::erase_if(lines, [](const std::string& line) {
+            return line.starts_with("LineTo") || line.starts_with("DrawTextW");
+        });
+        return lines;
+    }
+
+    OpenPage& AddPage()
+    {
+        auto* pPage = new OpenPage(1, L"One");
+        Ribbon().AddPage(pPage, 0, nullptr);
+        pPage->InsertGroup(0, 1, L"Group", 0);
+        return *pPage;
+    }
+
+    void MovePointer(int x, int y)
+    {
+        POINT pt{x, y};
+        ClientToScreen(hwnd, &pt);
+        desk::MoveMouse(pt.x, pt.y);
+        desk::Pump();
+    }
+
+    OpenRibbon& Ribbon() { return *m_pRibbon; }
+    HWND hwnd = nullptr;
+
+private:
+    std::unique_ptr<OpenRibbon> m_pRibbon;
+};
+
+TEST_F(RibbonDrawTest, TheActiveTabAloneDrawsTheBaseLine)
+{
+    EXPECT_EQ(Drawn(), (Lines{PARENT, BOTTOM_LINE}));
+    Ribbon().AddPage(nullptr, 1, L"One");
+    Ribbon().AddPage(nullptr, 2, L"Three");
+    Ribbon().SetActive(1);
+    const std::string font = " 0x0024 font=\"Calibri\" 14 color=000000";
+    // Six pixels a character and a half in the tab's font of 14.
+    EXPECT_EQ(Drawn(),
+              (Lines{PARENT, "DrawTextW \"One\" (25,1,46,24)" + font,
+                     "LineTo (0,25) (73,25) pen=solid 1 DBDBDB", "LineTo (73,25) (73,0) pen=solid 1 DBDBDB",
+                     "LineTo (73,0) (158,0) pen=solid 1 DBDBDB", "LineTo (158,0) (158,25) pen=solid 1 DBDBDB",
+                     "LineTo (158,25) (700,25) pen=solid 1 DBDBDB", "FillRect (74,1,158,26) brush=F6F6F6",
+                     "DrawTextW \"Three\" (98,1,133,24)" + font, BOTTOM_LINE, PAGE_PARENT}));
+    Ribbon().SetStatus(0, 0);
+    Ribbon().SetStatus(1, 0);
+    EXPECT_EQ(Drawn(), (Lines{PARENT, BOTTOM_LINE, PAGE_PARENT})) << "the first page shows without a tab";
+    Ribbon().SetActive(RIBBON_NONE);
+    EXPECT_EQ(Drawn(), (Lines{PARENT, BOTTOM_LINE}));
+}
+
+TEST_F(RibbonDrawTest, TheHotTabIsDrawnInItsOwnLinesAndFill)
+{
+    Ribbon().AddPage(nullptr, 1, L"One");
+    Ribbon().AddPage(nullptr, 2, L"Two");
+    MovePointer(80, 10);
+    const Lines lines = Drawn();
+    const auto at = std::find(lines.begin(), lines.end(), "LineTo (73,25) (73,0) pen=solid 1 EBEBEB");
+    ASSERT_GT(lines.end() - at, 5);
+    EXPECT_EQ(
+        Lines(at + 1, at + 6),
+        (Lines{"LineTo (73,0) (144,0) pen=solid 1 EBEBEB", "LineTo (144,0) (144,25) pen=solid 1 EBEBEB",
+               "FillRect (74,1,143,25) brush=FDFDFD",
+               "DrawTextW \"Two\" (98,1,119,24) 0x0024 font=\"Calibri\" 14 color=000000", BOTTOM_LINE}));
+}
+
+TEST_F(RibbonDrawTest, ATitleGivenWithThePageIsNotTheOneDrawn)
+{
+    Ribbon().AddPage(new OpenPage(1, L"Own"), 0, L"Given");
+    EXPECT_TRUE(test::AnyStartsWith(Drawn(), "DrawTextW \"Own\" (25,1,60,24)"));
+}
+
+TEST_F(RibbonDrawTest, GroupsDrawATitleAndALineBehindThem)
+{
+    OpenPage& page = AddPage();
+    page.InsertGroup(1, 2, L"Hosted", 100);
+    InsertButton(page, 2, 5, RIS_LARGE, L"Not drawn", 0);
+    EXPECT_EQ(DrawnOfPage(),
+              (Lines{"LineTo (40,28) (40,114) pen=solid 1 E4E4E4",
+                     "DrawTextW \"Group\" (0,96,40,117) 0x0025 font=\"Calibri\" 12 color=767676",
+                     "LineTo (141,28) (141,114) pen=solid 1 E4E4E4",
+                     "DrawTextW \"Hosted\" (40,96,141,117) 0x0025 font=\"Calibri\" 12 color=767676"}));
+}
+
+TEST_F(RibbonDrawTest, ButtonsDrawTheirImageAndTextBySize)
+{
+    const HBITMAP hImages = CreateBitmap(64, 32, 1, 32, nullptr);
+    ImageList_Add(Ribbon().m_hLargeImages, hImages, nullptr);
+    ImageList_Add(Ribbon().m_hSmallImages, hImages, nullptr);
+    DeleteObject(hImages);
+    OpenPage& page = AddPage();
+    InsertButton(page, 1, 1, RIS_LARGE, L"A wider text", 1);
+    InsertButton(page, 1, 2, RIS_LARGE, L"Bare", -1);
+    InsertButton(page, 1, 3, RIS_SMALL, L"Not drawn", 2);
+    InsertButton(page, 1, 4, RIS_MEDIUM, L"Medium", 3);
+    InsertButton(page, 1, 5, RIS_MEDIUM, L"Bare", -1);
+    InsertButton(page, 1, 6, RIS_SMALL, nullptr, -1);
+    InsertButton(page, 1, 7, 0, L"Of no size", 1);
+    const std::string font = " font=\"Segoe UI\" 12 color=000000";
+    EXPECT_EQ(DrawnOfItems(),
+              (Lines{"ImageList_Draw 1 (12,33,44,65) 0x0000",
+                     "DrawThemeText BUTTON 1 1 \"A wider text\" (7,68,49,93) 0x0011" + font,
+                     "DrawThemeText BUTTON 1 1 \"Bare\" (55,36,95,93) 0x0011" + font,
+                     "ImageList_Draw 2 (101,33,117,49) 0x0000", "ImageList_Draw 3 (101,55,117,71) 0x0000",
+                     "DrawThemeText BUTTON 1 1 \"Medium\" (120,55,156,71) 0x0024" + font,
+                     "DrawThemeText BUTTON 1 1 \"Bare\" (101,77,125,93) 0x0024" + font}));
+}
+
+TEST_F(RibbonDrawTest, ButtonStates)
+{
+    OpenPage& page = AddPage();
+    InsertButton(page, 1, 1, RIS_MEDIUM, L"A", -1);
+    InsertButton(page, 1, 2, RIS_MEDIUM, L"B", -1);
+    page.ItemAt(0, 1).uFlags |= RIF_DISABLED;
+    const std::string font = " 0x0024 font=\"Segoe UI\" 12 color=000000";
+    const auto background = [](int nState, const char* pszPlace) {
+        return "DrawThemeBackground BUTTON 1 " + std::to_string(nState) + " " + pszPlace;
+    };
+    const auto text = [&](const char* pszText, int nState, const char* pszPlace) {
+        return "DrawThemeText BUTTON 1 " + std::to_string(nState) + " \"" + pszText + "\" " + pszPlace + font;
+    };
+    const char* pszA = "(3,29,17,53)";
+    const char* pszB = "(3,51,17,75)";
+    const char* pszTextA = "(7,33,13,49)";
+    const char* pszTextB = "(7,55,13,71)";
+    const Lines disabledB = {background(4, pszB), text("B", 4, pszTextB)};
+    EXPECT_EQ(DrawnOfItems(), (Lines{text("A", 1, pszTextA), disabledB[0], disabledB[1]}));
+    MovePointer(8, 40);
+    EXPECT_EQ(DrawnOfItems(),
+              (Lines{background(2, pszA), text("A", 2, pszTextA), disabledB[0], disabledB[1]}));
+    desk::PressButton();
+    desk::Pump();
+    EXPECT_EQ(DrawnOfItems(),
+              (Lines{background(3, pszA), text("A", 3, pszTextA), disabledB[0], disabledB[1]}));
+    desk::ReleaseButton();
+    MovePointer(8, 62);
+    EXPECT_EQ(DrawnOfItems(), (Lines{text("A", 1, pszTextA), background(2, pszB), text("B", 2, pszTextB)}))
+        << "hot is more than disabled";
+    // Off the ribbon, the last one stays hot.
+    desk::MoveMouse(1, 1);
+    desk::Pump();
+    EXPECT_TRUE(test::AnyStartsWith(DrawnOfItems(), background(2, pszB)));
+}
+
+TEST_F(RibbonDrawTest, ACheckedBoxIsDrawnOneStateBeyondItsPlainCounterpart)
+{
+    OpenPage& page = AddPage();
+    InsertCheckBox(page, 1, 1, false, L"A");
+    InsertCheckBox(page, 1, 2, true, L"B");
+    InsertCheckBox(page, 1, 3, true, nullptr);
+    page.ItemAt(0, 2).uFlags |= RIF_DISABLED;
+    const std::string font = " 0x0024 font=\"Segoe UI\" 12 color=000000";
+    EXPECT_EQ(DrawnOfItems(), (Lines{"DrawThemeBackground BUTTON 3 1 (8,31,21,51)",
+                                     "DrawThemeText BUTTON 3 1 \"A\" (24,33,31,49)" + font,
+                                     "DrawThemeBackground BUTTON 3 6 (8,53,21,73)",
+                                     "DrawThemeText BUTTON 3 6 \"B\" (24,55,31,71)" + font,
+                                     "DrawThemeBackground BUTTON 3 9 (8,75,21,95)"}));
+    MovePointer(10, 60);
+    EXPECT_TRUE(test::AnyStartsWith(DrawnOfItems(), "DrawThemeBackground BUTTON 3 7 (8,53,21,73)"));
+}
+
+TEST_F(RibbonDrawTest, WithoutAStyleItemsAreDrawnPlain)
+{
+    desk::SetThemed(false);
+    OpenPage& page = AddPage();
+    InsertCheckBox(page, 1, 1, true, L"A");
+    const Lines lines = DrawnOfPage();
+    EXPECT_TRUE(test::AnyStartsWith(lines, "DrawFrameControl (8,31,"));
+    EXPECT_TRUE(test::AnyStartsWith(lines, "DrawTextW \"A\""));
+}
+
+TEST_F(RibbonDrawTest, PrintingDrawsStraightIntoTheContextAndLeavesItBlack)
+{
+    AddPage();
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    SetTextColor(hdc, 0x112233);
+    SetBkMode(hdc, OPAQUE);
+    SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_NONCLIENT);
+    EXPECT_EQ(GetTextColor(hdc), 0x112233u) << "not the client area";
+    SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT);
+    EXPECT_EQ(GetTextColor(hdc), 0u);
+    EXPECT_EQ(GetBkMode(hdc), OPAQUE);
+    DeleteDC(hdc);
+}
+
+TEST_F(RibbonDrawTest, ARibbonFromATemplateIsBlackUnlessASubclassSetsItsColors)
+{
+    OpenRibbon bare(UINT{1});
+    const HWND hwndBare = CreateRibbon(bare, Parent());
+    bare.AddPage(nullptr, 1, L"One");
+    const Lines lines = Draw(hwndBare, "");
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
+        return line.starts_with("FillRect (1,1,") && line.ends_with(",26) brush=000000");
+    }));
+    EXPECT_TRUE(test::AnyStartsWith(lines, "LineTo (0,117) (700,117) pen=solid 1 000000"));
+    bare.Destroy();
+}
+
+class ValueMenuDrawTest : public test::DrawFixture
+{};
+
+struct OpenMenu : GRightClickMenu
+{
+    static void Fill(GRightClickMenu& shown)
+    {
+        shown.*& OpenMenu::m_hFont = g_hDefaultFont;
+        shown.*& OpenMenu::m_crText = RGB(0x11, 0x22, 0x33);
+        shown.AddValue(L"One");
+        shown.AddValue(L"Two");
+    }
+};
+
+TEST_F(ValueMenuDrawTest, RowsOfTwentyPixelsWithTheHotOneFilled)
+{
+    GRightClickMenu menu;
+    const HWND hwnd = menu.Create(100, 100, 122, 62, Parent(), 0);
+    auto& shown = static_cast<GRightClickMenu&>(*GWnd::FromHwnd(hwnd));
+    const Lines empty = Draw(hwnd, "");
+    EXPECT_EQ(empty.at(0), "FillRect (0,0,120,60) brush=FFFFFF");
+    EXPECT_EQ(empty.at(1), "BitBlt (0,0,120,60) from (0,0) SRCCOPY");
+    OpenMenu::Fill(shown);
+    desk::MoveMouse(110, 130);
+    const std::string font = " 0x0000 font=\"Segoe UI\" 12 color=112233";
+    EXPECT_EQ(Draw(hwnd, ""),
+              (Lines{"FillRect (0,0,120,60) brush=FFFFFF", "DrawTextW \"One\" (5,0,120,20)" + font,
+                     "FillRect (0,20,120,40) brush=FFC88C", "DrawTextW \"Two\" (5,20,120,40)" + font,
+                     "BitBlt (0,0,120,60) from (0,0) SRCCOPY"}));
+    DestroyWindow(hwnd);
+}
+
+} // namespace

@@ -1,0 +1,637 @@
+#include "RibbonTestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+using namespace test::ribbon;
+
+using ItemInfo = GRibbonPage::ItemInfo;
+
+namespace {
+
+// A ribbon with one page, which has the group 1.
+struct RibbonWithPage
+{
+    RibbonWithPage()
+    {
+        hwnd = CreateRibbon(ribbon, host);
+        ribbon.AddPage(&page, 0, nullptr);
+        page.InsertGroup(0, 1, L"Group", 0);
+    }
+    ~RibbonWithPage() { ribbon.RemovePage(&page); }
+
+    Host host;
+    OpenRibbon ribbon;
+    HWND hwnd;
+    OpenPage page{1, L"Page"};
+};
+
+std::vector<DWORD> GroupIds(OpenPage& page)
+{
+    std::vector<DWORD> ids;
+    for (UINT i = 0; i < page.m_aGroups.GetLength(); i++) {
+        ids.push_back(page.m_aGroups[i].nId);
+    }
+    return ids;
+}
+
+std::vector<UINT> ItemIds(OpenPage& page, UINT nGroup)
+{
+    std::vector<UINT> ids;
+    for (UINT i = 0; i < page.m_aGroups[nGroup].aItems.GetLength(); i++) {
+        ids.push_back(page.ItemAt(nGroup, i).nId);
+    }
+    return ids;
+}
+
+// What the visual style measures for a text in a push button or check box.
+int TextWidth(OpenPage& page, int nPart, LPCWSTR psz)
+{
+    const HDC hdc = GetDC(nullptr);
+    const HGDIOBJ hFormer = SelectObject(hdc, page.m_hItemFont);
+    RECT rc{};
+    const RECT rcBounds{0, 0, 32000, 32000};
+    GetThemeTextExtent(page.m_hTheme, hdc, nPart, 1, psz, -1, 0, &rcBounds, &rc);
+    SelectObject(hdc, hFormer);
+    ReleaseDC(nullptr, hdc);
+    return rc.right;
+}
+
+SIZE SizeOf(const GRibbonPage::Item& item)
+{
+    return {item.nRight - item.nLeft, item.nBottom - item.nTop};
+}
+
+void InsertWithOptions(OpenPage& page, UINT nId, int nOptions, const std::vector<UINT>& options)
+{
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    info.nId = nId;
+    info.nOptions = nOptions;
+    info.puOptions = options.data();
+    info.nImage = -1;
+    page.InsertItem(1, 0, &info);
+}
+
+} // namespace
+
+// --- Groups
+
+TEST(GRibbonPage, GroupsGoBehindTheOneNamedOrInFrontOrToTheEnd)
+{
+    RibbonWithPage made;
+    EXPECT_EQ(made.page.InsertGroup(1, 2, L"Behind 1", 0), 1);
+    made.page.InsertGroup(0, 3, L"In front", 0);
+    made.page.InsertGroup(77, 4, L"At the end", 0);
+    made.page.InsertGroup(1, 5, nullptr, 100);
+    EXPECT_EQ(GroupIds(made.page), (std::vector<DWORD>{3, 1, 5, 2, 4}));
+    made.page.SetGroupName(5, L"Named");
+    made.page.SetGroupName(77, L"Nobody");
+    EXPECT_EQ(Narrow(made.page.m_aGroups[2].strTitle), "Named");
+    EXPECT_EQ(Narrow(made.page.m_aGroups[0].strTitle), "In front");
+}
+
+TEST(GRibbonPage, GroupsFollowOneAnotherOnePixelApart)
+{
+    RibbonWithPage made;
+    made.page.InsertGroup(1, 2, L"Fixed", 150);
+    made.page.InsertGroup(2, 3, L"Last", 0);
+    const auto edges = [&] {
+        std::vector<int> x;
+        for (UINT i = 0; i < made.page.m_aGroups.GetLength(); i++) {
+            x.push_back(made.page.m_aGroups[i].nLeft);
+            x.push_back(made.page.m_aGroups[i].nRight);
+        }
+        return x;
+    };
+    EXPECT_EQ(edges(), (std::vector{0, 40, 41, 191, 192, 232}));
+    InsertButton(made.page, 1, 10, RIS_LARGE, nullptr);
+    EXPECT_EQ(edges(), (std::vector{0, 56, 57, 207, 208, 248}));
+    // The groups behind one that goes stay where they are, until the next change.
+    EXPECT_EQ(made.page.RemoveGroup(1), 1);
+    EXPECT_EQ(made.page.RemoveGroup(1), 0);
+    EXPECT_EQ(edges(), (std::vector{57, 207, 208, 248}));
+    made.page.RecalcWidth();
+    EXPECT_EQ(edges(), (std::vector{0, 150, 151, 191}));
+}
+
+// --- Items
+
+TEST(GRibbonPage, OfSeveralSizesTheLastCountsAndASingleOneIsNotKept)
+{
+    RibbonWithPage made;
+    const std::vector<UINT> sizes = {RIS_LARGE << 16 | 0xFFFF, RIS_MEDIUM << 16, RIS_SMALL << 16};
+    const int counts[] = {0, 1, -5, 2, 3};
+    const int stored[] = {0, 0, 0, 2, 3};
+    const WORD classes[] = {0, RIS_LARGE, RIS_LARGE, RIS_MEDIUM, RIS_SMALL};
+    for (UINT i = 0; i < std::size(counts); i++) {
+        InsertWithOptions(made.page, i + 1, counts[i], sizes);
+        EXPECT_EQ(made.page.ItemAt(0, i).wSize, classes[i]) << counts[i];
+        ItemInfo info{};
+        info.uType = RIT_BUTTON;
+        made.page.GetItemInfo(1, i + 1, &info);
+        EXPECT_EQ(info.nOptions, stored[i]) << counts[i];
+        ASSERT_EQ(info.puOptions != nullptr, stored[i] > 0) << counts[i];
+        EXPECT_TRUE(std::equal(sizes.begin(), sizes.begin() + stored[i], info.puOptions)) << counts[i];
+    }
+    const AllowMisuse allowed;
+    ItemInfo none{};
+    none.uType = RIT_BUTTON;
+    none.nOptions = 3;
+    made.page.InsertItem(1, 0, &none);
+    EXPECT_EQ(made.page.ItemAt(0, 5).wSize, 0) << "options without a place";
+}
+
+TEST(GRibbonPage, ItemsTellWhatTheyWereToldUnlessTheTypeDiffers)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Cut", 3);
+    InsertCheckBox(made.page, 1, 11, true, L"Ruler");
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    made.page.GetItemInfo(1, 10, &info);
+    EXPECT_EQ(info.nId, 10u);
+    EXPECT_EQ(info.nImage, 3);
+    EXPECT_EQ(Narrow(info.pszText), "Cut");
+
+    // Asked as a button, a check box tells its type and no more.
+    made.page.GetItemInfo(1, 11, &info);
+    EXPECT_EQ(info.uType, RIT_CHECKBOX);
+    EXPECT_EQ(info.nId, 11u);
+    EXPECT_EQ(info.nImage, 3);
+    info.nOptions = 0x7F00;
+    made.page.GetItemInfo(1, 11, &info);
+    EXPECT_EQ(info.bChecked, 1);
+    EXPECT_EQ(info.nOptions, 0x7F01) << "one byte is written";
+    EXPECT_EQ(Narrow(info.pszCheckText), "Ruler");
+    EXPECT_EQ(made.page.ItemAt(0, 1).nImage, -1);
+
+    ItemInfo untouched{};
+    untouched.nId = 4711;
+    made.page.GetItemInfo(1, 99, &untouched);
+    made.page.GetItemInfo(99, 10, &untouched);
+    EXPECT_EQ(untouched.nId, 4711u);
+}
+
+TEST(GRibbonPage, SettingAnItemKeepsWhatIsNotGiven)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Cut", 3);
+    InsertCheckBox(made.page, 1, 11, true, L"Ruler");
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    info.nId = 20;
+    info.nImage = 5;
+    made.page.SetItemInfo(1, 10, &info);
+    const GRibbonPage::Item& button = made.page.ItemAt(0, 0);
+    EXPECT_EQ(button.nId, 20u);
+    EXPECT_EQ(button.wSize, RIS_MEDIUM);
+    EXPECT_EQ(button.nImage, 5);
+    EXPECT_EQ(Narrow(button.pszText), "Cut");
+    // What was told by the item itself may be given back.
+    made.page.GetItemInfo(1, 20, &info);
+    made.page.SetItemInfo(1, 20, &info);
+    EXPECT_EQ(Narrow(button.pszText), "Cut");
+    made.page.SetItemInfo(1, 11, &info);
+    EXPECT_EQ(made.page.ItemAt(0, 1).nId, 11u) << "a check box is not set by a button's info";
+
+    ItemInfo check{};
+    check.uType = RIT_CHECKBOX;
+    check.nId = 11;
+    made.page.SetItemInfo(1, 11, &check);
+    EXPECT_EQ(made.page.ItemAt(0, 1).uFlags & RIF_CHECKED, 0u);
+    EXPECT_EQ(Narrow(made.page.ItemAt(0, 1).pszText), "Ruler");
+    check.pszCheckText = L"Grid";
+    check.bChecked = 1;
+    made.page.SetItemInfo(1, 11, &check);
+    EXPECT_NE(made.page.ItemAt(0, 1).uFlags & RIF_CHECKED, 0u);
+    EXPECT_EQ(Narrow(made.page.ItemAt(0, 1).pszText), "Grid");
+}
+
+TEST(GRibbonPage, OptionsMayBeSetFromThoseThatTheItemHas)
+{
+    RibbonWithPage made;
+    InsertWithOptions(made.page, 10, 3, {RIS_LARGE << 16, RIS_SMALL << 16, RIS_MEDIUM << 16});
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    made.page.GetItemInfo(1, 10, &info);
+    info.nOptions = 2;
+    made.page.SetItemInfo(1, 10, &info);
+    EXPECT_EQ(made.page.ItemAt(0, 0).wSize, RIS_SMALL);
+    made.page.GetItemInfo(1, 10, &info);
+    EXPECT_EQ(info.nOptions, 2);
+    EXPECT_EQ(info.puOptions[0], UINT{RIS_LARGE << 16});
+    info.nOptions = 1;
+    made.page.SetItemInfo(1, 10, &info);
+    EXPECT_EQ(made.page.ItemAt(0, 0).wSize, RIS_LARGE);
+    EXPECT_EQ(made.page.ItemAt(0, 0).puOptions, nullptr);
+}
+
+TEST(GRibbonPage, ItemsGoBeforeTheOneNamedOrToTheEnd)
+{
+    RibbonWithPage made;
+    made.page.AddWindow(1, made.hwnd); // its id is 0
+    InsertButton(made.page, 1, 10, RIS_SMALL, nullptr, -1, 99);
+    InsertButton(made.page, 1, 11, RIS_SMALL, nullptr, -1, 10);
+    InsertButton(made.page, 1, 12, RIS_SMALL, nullptr, -1, 0);
+    InsertButton(made.page, 99, 13, RIS_SMALL, nullptr);
+    EXPECT_EQ(ItemIds(made.page, 0), (std::vector<UINT>{12, 0, 11, 10}));
+    made.page.RemoveItem(1, 11);
+    made.page.RemoveItem(1, 11);
+    made.page.RemoveItem(99, 10);
+    EXPECT_EQ(ItemIds(made.page, 0), (std::vector<UINT>{12, 0, 10}));
+}
+
+TEST(GRibbonPage, WhatIsNotThereIsLeftAlone)
+{
+    const AllowMisuse allowed;
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_SMALL, L"Cut");
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    info.pszText = L"Changed";
+    made.page.SetItemInfo(1, 99, &info);
+    made.page.SetItemInfo(99, 10, &info);
+    made.page.SetItemInfo(1, 10, nullptr);
+    made.page.InsertItem(1, 0, nullptr);
+    made.page.GetItemInfo(1, 10, nullptr);
+    made.page.AddWindow(99, made.hwnd);
+    made.page.AddWindow(1, nullptr, 3);
+    EXPECT_EQ(ItemIds(made.page, 0), std::vector<UINT>{10});
+    EXPECT_EQ(Narrow(made.page.ItemAt(0, 0).pszText), "Cut");
+}
+
+TEST(GRibbonPage, AddedWindowsAreShownWhereTheyAre)
+{
+    RibbonWithPage made;
+    HWND windows[2];
+    for (HWND& hwnd : windows) {
+        hwnd = CreateWindowExW(0, L"STATIC", nullptr, WS_CHILD, 30, 40, 20, 20, made.hwnd, nullptr, nullptr,
+                               nullptr);
+    }
+    made.page.InsertGroup(1, 2, L"Fixed", 90);
+    made.page.AddWindow(2, windows, 2);
+    EXPECT_EQ(ItemIds(made.page, 1), (std::vector<UINT>{0, 0}));
+    for (const HWND hwnd : windows) {
+        EXPECT_TRUE(IsWindowVisible(hwnd));
+        POINT pt{};
+        MapWindowPoints(hwnd, made.hwnd, &pt, 1);
+        EXPECT_EQ(pt.x, 30);
+        EXPECT_EQ(pt.y, 40);
+    }
+    EXPECT_EQ(made.page.m_aGroups[1].nRight - made.page.m_aGroups[1].nLeft, 90);
+}
+
+// --- Sizes
+
+TEST(GRibbonPage, ItemsAreMeasuredByTheirTexts)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 1, RIS_SMALL, L"Not measured", 0);
+    InsertButton(made.page, 1, 2, RIS_MEDIUM, L"Medium", 0);
+    InsertButton(made.page, 1, 3, RIS_MEDIUM, L"Medium", -1);
+    InsertButton(made.page, 1, 4, RIS_LARGE, L"i", 0);
+    InsertButton(made.page, 1, 5, RIS_LARGE, L"Incomprehensibilities", 0);
+    InsertButton(made.page, 1, 6, RIS_MEDIUM, nullptr, 0);
+    InsertButton(made.page, 1, 7, RIS_MEDIUM, L"", 0);
+    InsertCheckBox(made.page, 1, 8, false, L"Check");
+    const int nMedium = TextWidth(made.page, BP_PUSHBUTTON, L"Medium");
+    const int nWord = TextWidth(made.page, BP_PUSHBUTTON, L"Incomprehensibilities");
+    SIZE box{};
+    GetThemePartSize(made.page.m_hTheme, nullptr, BP_CHECKBOX, 0, nullptr, TS_TRUE, &box);
+    const int nCheck = box.cx + TextWidth(made.page, BP_CHECKBOX, L"Check") + 11;
+    const SIZE sizes[] = {{22, 22},        {nMedium + 25, 22}, {nMedium + 6, 22}, {46, 66},
+                          {nWord + 6, 66}, {25, 22},           {25, 22},          {nCheck, 22}};
+    ASSERT_GT(nMedium, 20);
+    ASSERT_GT(nWord, 40);
+    for (UINT i = 0; i < std::size(sizes); i++) {
+        EXPECT_EQ(SizeOf(made.page.ItemAt(0, i)).cx, sizes[i].cx) << i;
+        EXPECT_EQ(SizeOf(made.page.ItemAt(0, i)).cy, sizes[i].cy) << i;
+    }
+}
+
+TEST(GRibbonPage, ALargeTextBreaksIntoTheTwoLinesThatAreNarrowest)
+{
+    RibbonWithPage made;
+    const auto width = [&](LPCWSTR psz) { return TextWidth(made.page, BP_PUSHBUTTON, psz); };
+    const auto buttonWidth = [&](LPCWSTR psz) {
+        ItemInfo info{};
+        info.uType = RIT_BUTTON;
+        info.nId = 1;
+        info.pszText = psz;
+        made.page.SetItemInfo(1, 1, &info);
+        return static_cast<int>(SizeOf(made.page.ItemAt(0, 0)).cx) - 6;
+    };
+    InsertButton(made.page, 1, 1, RIS_LARGE, L"");
+    EXPECT_EQ(buttonWidth(L"Incomprehensibilities a"), width(L"Incomprehensibilities"));
+    EXPECT_EQ(buttonWidth(L"a Incomprehensibilities"), width(L"Incomprehensibilities"));
+    EXPECT_EQ(buttonWidth(L"Insert another table"),
+              std::min(std::max(width(L"Insert"), width(L"another table")),
+                       std::max(width(L"Insert another"), width(L"table"))));
+    // A space in front is no place for a break.
+    EXPECT_EQ(buttonWidth(L" Incomprehensibilities"), width(L" Incomprehensibilities"));
+    EXPECT_EQ(buttonWidth(L"i i"), 40);
+}
+
+// --- Layout
+
+TEST(GRibbonPage, ItemsStackInColumnsOfThreeRows)
+{
+    RibbonWithPage made;
+    for (UINT nId = 1; nId <= 4; nId++) {
+        InsertButton(made.page, 1, nId, RIS_SMALL, nullptr, 0);
+    }
+    InsertButton(made.page, 1, 5, RIS_LARGE, nullptr);
+    InsertButton(made.page, 1, 6, RIS_SMALL, nullptr, 0);
+    const POINT places[] = {{0, 26}, {0, 48}, {0, 70}, {22, 26}, {44, 26}, {90, 26}};
+    for (UINT i = 0; i < std::size(places); i++) {
+        EXPECT_EQ(made.page.ItemAt(0, i).nLeft, places[i].x) << i;
+        EXPECT_EQ(made.page.ItemAt(0, i).nTop, places[i].y) << i;
+    }
+    EXPECT_EQ(made.page.m_aGroups[0].nRight, 90 + 22 + 10);
+}
+
+// Placing goes on from the first item that changed; that must not be told from placing all of them anew.
+TEST(GRibbonPage, EditsOfEveryKindLeaveTheLayoutOfAFreshOne)
+{
+    RibbonWithPage made;
+    std::mt19937 random(20240521);
+    const auto pick = [&](UINT n) { return static_cast<UINT>(random() % n); };
+    constexpr LPCWSTR TEXTS[] = {L"i", L"Paste", L"Format painter", L"A rather long text here", nullptr};
+    UINT nNextId = 1;
+    for (int nStep = 0; nStep < 600; nStep++) {
+        auto& items = made.page.m_aGroups[0].aItems;
+        const UINT nSome = items.GetLength() ? items[pick(items.GetLength())].nId : 0;
+        switch (pick(items.GetLength() < 30 ? 5 : 8)) {
+        case 0: InsertCheckBox(made.page, 1, nNextId++, false, TEXTS[pick(5)]); break;
+        case 1:
+        case 2:
+            InsertButton(made.page, 1, nNextId++, static_cast<WORD>(pick(5)), TEXTS[pick(5)],
+                         static_cast<int>(pick(3)) - 1, nSome);
+            break;
+        case 3: made.page.AddWindow(1, made.hwnd); break;
+        case 4: {
+            ItemInfo info{};
+            const UINT uSize = pick(4) << 16;
+            info.uType = RIT_BUTTON;
+            info.nId = nSome;
+            info.nOptions = 1;
+            info.puOptions = &uSize;
+            info.pszText = TEXTS[pick(5)];
+            if (nSome) {
+                made.page.SetItemInfo(1, nSome, &info);
+            }
+            break;
+        }
+        default: made.page.RemoveItem(1, nSome); break;
+        }
+        // A window that was added is placed with the next change of an item.
+        InsertButton(made.page, 1, nNextId, RIS_SMALL, nullptr);
+        made.page.RemoveItem(1, nNextId);
+
+        GRibbonPage::Group fresh = made.page.m_aGroups[0];
+        made.page.CalculateGroupSize(&fresh);
+        ASSERT_EQ(made.page.m_aGroups[0].nRight, fresh.nRight) << "step " << nStep;
+        for (UINT i = 0; i < items.GetLength(); i++) {
+            ASSERT_EQ(items[i].nLeft, fresh.aItems[i].nLeft) << "step " << nStep << " item " << i;
+            ASSERT_EQ(items[i].nTop, fresh.aItems[i].nTop) << "step " << nStep << " item " << i;
+        }
+    }
+}
+
+TEST(GRibbonPage, ItemsAreHitFourPixelsRightOfAndBelowTheirPlaceEdgesIncluded)
+{
+    RibbonWithPage made;
+    made.page.InsertGroup(1, 2, L"Second", 0);
+    InsertButton(made.page, 1, 1, RIS_SMALL, nullptr);
+    InsertButton(made.page, 2, 2, RIS_SMALL, nullptr);
+    InsertButton(made.page, 2, 3, RIS_SMALL, nullptr);
+    InsertButton(made.page, 2, 4, RIS_LARGE, nullptr);
+    constexpr UINT NONE = RIBBON_NONE;
+    const struct
+    {
+        SHORT x, y;
+        UINT uGroup, uItem;
+    } hits[] = {
+        {4, 30, 0, 0},        {3, 30, 0, NONE},      {26, 52, 0, 0},        {27, 52, 0, NONE},
+        {10, 29, 0, NONE},    {10, 53, 0, NONE},     {40, 40, 0, NONE},     {41, 40, 1, NONE},
+        {45, 30, 1, 0x10000}, {67, 52, 1, 0x10000},  {67, 53, 1, 0x10001},  {45, 74, 1, 0x10001},
+        {68, 96, 1, 0x10002}, {113, 96, 1, 0x10002}, {113, 97, 1, NONE},    {114, 60, 1, NONE},
+        {119, 60, 1, NONE},   {120, 60, NONE, NONE}, {500, 60, NONE, NONE}, {-1, 60, 0, NONE},
+    };
+    for (const auto& hit : hits) {
+        GRibbonPage::HitTestInfo info{{hit.x, hit.y}, 7, 7};
+        made.page.HitTest(&info);
+        EXPECT_EQ(info.uGroup, hit.uGroup) << hit.x << ", " << hit.y;
+        EXPECT_EQ(info.uItem, hit.uItem) << hit.x << ", " << hit.y;
+    }
+}
+
+// --- Mouse
+
+TEST(GRibbonPage, AClickOnAnItemSendsItsCommandAndNothingElseDoes)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 0x50010, RIS_LARGE, L"A", 0);
+    InsertButton(made.page, 1, 11, RIS_LARGE, L"B", 0);
+    const POINT ptA = MiddleOf(made.page, 0, 0);
+    const POINT ptB = MiddleOf(made.page, 0, 1);
+    Press(made.hwnd, ptA.x, ptA.y);
+    EXPECT_EQ(GetCapture(), made.hwnd);
+    EXPECT_NE(made.page.m_uState & GWS_PRESSED, 0u);
+    EXPECT_EQ(made.host.TakeReports(), Reports{}) << "on the press";
+    Release(made.hwnd, ptA.x, ptA.y);
+    EXPECT_EQ(made.host.TakeReports(), Reports{"click 16"}) << "the id's low word";
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(made.page.m_uState & GWS_PRESSED, 0u);
+
+    Press(made.hwnd, ptA.x, ptA.y);
+    Release(made.hwnd, ptB.x, ptB.y);
+    Click(made.hwnd, RIBBON_WIDTH - 1, 60); // behind the last group
+    Click(made.hwnd, 30, 110);              // a group's title
+    Press(made.hwnd, 30, 110);
+    Release(made.hwnd, ptA.x, ptA.y);
+    Release(made.hwnd, ptA.x, ptA.y); // without a press
+    EXPECT_EQ(made.host.TakeReports(), Reports{});
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST(GRibbonPage, ACheckBoxTogglesAndTellsItsNewState)
+{
+    RibbonWithPage made;
+    InsertCheckBox(made.page, 1, 10, false, L"Check");
+    const POINT pt = MiddleOf(made.page, 0, 0);
+    Click(made.hwnd, pt);
+    Click(made.hwnd, pt);
+    EXPECT_EQ(made.host.TakeReports(), (Reports{"click 10 value 1", "click 10"}));
+    EXPECT_EQ(made.page.ItemAt(0, 0).uFlags & RIF_CHECKED, 0u);
+}
+
+TEST(GRibbonPage, ItemsAreHitWhateverTheirStateAndGroup)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_SMALL, nullptr, 0);
+    made.page.ItemAt(0, 0).uFlags |= RIF_DISABLED;
+    made.page.InsertGroup(1, 2, L"Fixed", 80);
+    InsertButton(made.page, 2, 11, RIS_SMALL, nullptr, 0);
+    Click(made.hwnd, MiddleOf(made.page, 0, 0));
+    Click(made.hwnd, MiddleOf(made.page, 1, 0));
+    EXPECT_EQ(made.host.TakeReports(), (Reports{"click 10", "click 11"}));
+}
+
+TEST(GRibbonPage, AnItemThatGoesBetweenPressAndReleaseIsNotClicked)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_SMALL, nullptr, 0);
+    const POINT pt = MiddleOf(made.page, 0, 0);
+    Press(made.hwnd, pt.x, pt.y);
+    made.page.RemoveItem(1, 10);
+    Release(made.hwnd, pt.x, pt.y);
+    EXPECT_EQ(made.host.TakeReports(), Reports{});
+}
+
+TEST(GRibbonPage, TheHotItemFollowsTheMouseButStaysThePressedOneOverOthers)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_LARGE, L"A", 0);
+    InsertButton(made.page, 1, 11, RIS_LARGE, L"B", 0);
+    const POINT ptA = MiddleOf(made.page, 0, 0);
+    const POINT ptB = MiddleOf(made.page, 0, 1);
+    const auto moves = [&](POINT pt, UINT uHot, bool fRepaints) {
+        TakeRepaint(made.hwnd);
+        Move(made.hwnd, pt.x, pt.y);
+        EXPECT_EQ(made.page.m_uHotItem, uHot);
+        EXPECT_EQ(TakeRepaint(made.hwnd), fRepaints);
+    };
+    moves(ptA, 0, true);
+    moves({ptA.x + 1, ptA.y}, 0, false);
+    moves(ptB, 1, true);
+    EXPECT_NE(made.page.m_uState & GWS_HOT, 0u);
+    moves({ptB.x, 110}, RIBBON_NONE, true);
+    EXPECT_EQ(made.page.m_uState & GWS_HOT, 0u);
+    Press(made.hwnd, ptA.x, ptA.y);
+    EXPECT_EQ(made.page.m_uHotItem, 0u);
+    moves(ptB, 0, true);
+    moves({ptB.x, 110}, RIBBON_NONE, true);
+    moves(ptA, 0, true);
+    Release(made.hwnd, ptB.x, ptB.y);
+    EXPECT_EQ(made.page.m_uHotItem, 0u) << "until the next move";
+    moves(ptB, 1, true);
+    SendMessageW(made.hwnd, WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(made.page.m_hover.uItem, RIBBON_NONE);
+    EXPECT_EQ(made.page.m_uState & (GWS_HOT | GWS_TRACKING), 0u);
+    EXPECT_EQ(made.page.m_uHotItem, 1u) << "the last hot item stays drawn hot";
+}
+
+TEST(GRibbonPage, LosingTheCaptureEndsThePress)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_LARGE, L"A", 0);
+    const POINT pt = MiddleOf(made.page, 0, 0);
+    Press(made.hwnd, pt.x, pt.y);
+    SendMessageW(made.hwnd, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(made.hwnd));
+    EXPECT_NE(made.page.m_uState & GWS_PRESSED, 0u) << "captured again by itself";
+    SetCapture(made.host);
+    EXPECT_EQ(made.page.m_uState & GWS_PRESSED, 0u);
+    Release(made.hwnd, pt.x, pt.y);
+    EXPECT_EQ(GetCapture(), made.host);
+    EXPECT_EQ(made.host.TakeReports(), Reports{});
+    ReleaseCapture();
+}
+
+TEST(GRibbonPage, APageWithoutGroupsTakesNoCapture)
+{
+    RibbonWithPage made;
+    made.page.RemoveGroup(1);
+    Press(made.hwnd, 30, 60);
+    EXPECT_NE(GetCapture(), made.hwnd);
+    Release(made.hwnd, 30, 60);
+}
+
+TEST(GRibbonPage, TheParentMayEndEverythingInTheCommand)
+{
+    Host host;
+    const auto clickAndAnswer = [&](auto answer) {
+        auto* pRibbon = new GRibbon;
+        auto* pPage = new CountedPage(1);
+        const HWND hwnd = CreateRibbon(*pRibbon, host);
+        pRibbon->AddPage(pPage, 0, nullptr);
+        pPage->InsertGroup(0, 1, L"Group", 0);
+        InsertCheckBox(*pPage, 1, 10, false, L"Check");
+        host.onReport = [&](const std::string&) { answer(pRibbon, pPage, hwnd); };
+        Click(hwnd, MiddleOf(*pPage, 0, 0));
+        EXPECT_EQ(host.TakeReports(), Reports{"click 10 value 1"});
+        EXPECT_EQ(CountedPage::s_nLive, 0);
+        DestroyWindow(hwnd);
+    };
+    clickAndAnswer([](GRibbon* pRibbon, CountedPage*, HWND hwnd) {
+        DestroyWindow(hwnd);
+        delete pRibbon;
+    });
+    clickAndAnswer([](GRibbon* pRibbon, CountedPage*, HWND) { delete pRibbon; });
+    clickAndAnswer([](GRibbon* pRibbon, CountedPage* pPage, HWND) {
+        pRibbon->RemovePage(pPage);
+        delete pPage;
+        delete pRibbon;
+    });
+    clickAndAnswer([](GRibbon* pRibbon, CountedPage* pPage, HWND) {
+        pPage->RemoveGroup(1);
+        pRibbon->RemovePage(pPage);
+        delete pPage;
+        pRibbon->AddPage(nullptr, 1, L"New");
+        delete pRibbon;
+    });
+}
+
+// --- Lives
+
+TEST(GRibbonPage, ACopyHasItsOwnGroupsAndSharesTheTexts)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Shared");
+    OpenPage assigned(2, L"Other");
+    {
+        OpenPage copy(made.page);
+        assigned = copy;
+        copy.SetGroupName(1, L"Copied");
+        EXPECT_EQ(copy.ItemAt(0, 0).pszText, made.page.ItemAt(0, 0).pszText);
+        copy.RemoveItem(1, 10);
+        InsertButton(copy, 1, 11, RIS_MEDIUM, L"The copy's own");
+    }
+    EXPECT_EQ(Narrow(made.page.m_aGroups[0].strTitle), "Group");
+    EXPECT_EQ(ItemIds(made.page, 0), std::vector<UINT>{10});
+    EXPECT_EQ(Narrow(made.page.ItemAt(0, 0).pszText), "Shared");
+    EXPECT_EQ(Narrow(assigned.ItemAt(0, 0).pszText), "Shared");
+    assigned.SetTitle(L"New");
+    made.ribbon.RenamePage(&made.page, L"Renamed");
+}
+
+TEST(GRibbonPage, TextsOfARemovedGroupStayGoodUntilThePageGoes)
+{
+    RibbonWithPage made;
+    InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Kept");
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    made.page.GetItemInfo(1, 10, &info);
+    made.page.RemoveGroup(1);
+    EXPECT_EQ(Narrow(info.pszText), "Kept");
+}
+
+TEST(GRibbonPage, APageMayBeFilledBeforeItIsAdded)
+{
+    Host host;
+    GRibbon ribbon;
+    auto* pPage = new OpenPage(1, L"Page");
+    pPage->InsertGroup(0, 1, L"Group", 0);
+    InsertButton(*pPage, 1, 10, RIS_MEDIUM, L"Before", -1);
+    InsertCheckBox(*pPage, 1, 11, false, L"Before");
+    EXPECT_GT(SizeOf(pPage->ItemAt(0, 0)).cx, 6);
+    ribbon.AddPage(pPage, 0, nullptr);
+    const HWND hwnd = CreateRibbon(ribbon, host);
+    Print(hwnd);
+    Click(hwnd, MiddleOf(*pPage, 0, 0));
+    EXPECT_EQ(host.TakeReports(), Reports{"click 10"});
+    ribbon.Destroy();
+}
