@@ -113,7 +113,7 @@ void Gallery::ShowPage(int nPage)
 void Gallery::WriteLayoutFile() const
 {
     if (!m_options.layoutFile.empty()) {
-        WriteLayout(m_hwnd, m_options.layoutFile);
+        WriteLayout(m_hwnd, m_page->Content().Parts(), m_options.layoutFile);
     }
 }
 

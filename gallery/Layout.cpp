@@ -15,22 +15,26 @@ std::string FieldOf(std::wstring text)
     return ToUtf8(text);
 }
 
+void WriteLine(FILE* file, const Part& part)
+{
+    const RECT& rc = part.rc;
+    std::fprintf(file, "%s\t%u\t%s\t%ld\t%ld\t%ld\t%ld\n", ToUtf8(part.kind).c_str(), part.uId,
+                 FieldOf(part.text).c_str(), rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
+}
+
 BOOL CALLBACK WriteControl(HWND hwnd, LPARAM lParam)
 {
-    if (!IsWindowVisible(hwnd)) {
-        return TRUE;
+    if (IsWindowVisible(hwnd)) {
+        Part control{ClassOf(hwnd), static_cast<UINT>(GetDlgCtrlID(hwnd)), TextOf(hwnd), {}};
+        GetWindowRect(hwnd, &control.rc);
+        WriteLine(reinterpret_cast<FILE*>(lParam), control);
     }
-    RECT rc{};
-    GetWindowRect(hwnd, &rc);
-    std::fprintf(reinterpret_cast<FILE*>(lParam), "%s\t%d\t%s\t%ld\t%ld\t%ld\t%ld\n",
-                 ToUtf8(ClassOf(hwnd)).c_str(), GetDlgCtrlID(hwnd), FieldOf(TextOf(hwnd)).c_str(), rc.left,
-                 rc.top, rc.right - rc.left, rc.bottom - rc.top);
     return TRUE;
 }
 
 } // namespace
 
-void WriteLayout(HWND hwnd, const std::wstring& path)
+void WriteLayout(HWND hwnd, const std::vector<Part>& parts, const std::wstring& path)
 {
     const std::wstring draft = path + L".new";
     FILE* const file = _wfopen(draft.c_str(), L"wb");
@@ -38,6 +42,9 @@ void WriteLayout(HWND hwnd, const std::wstring& path)
         return;
     }
     EnumChildWindows(hwnd, &WriteControl, reinterpret_cast<LPARAM>(file));
+    for (const Part& part : parts) {
+        WriteLine(file, part);
+    }
     std::fclose(file);
     MoveFileExW(draft.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING);
 }

@@ -1,14 +1,12 @@
 // Where the gallery's controls stand on the screen, for tests that drive it with a real pointer.
 #pragma once
 
-#include <gesso/gesso.h>
-
-#include <string>
+#include <gallery/Page.h>
 
 namespace gallery {
 
-// Writes a line for each visible control below a window: class, id, text, and x, y, width and height in
-// screen pixels, parted by tabs. The file is complete as soon as it has its name.
-void WriteLayout(HWND hwnd, const std::wstring& path);
+// Writes a line for each visible control below a window, and for each part: class or kind, id, text, and x,
+// y, width and height in screen pixels, parted by tabs. The file is complete as soon as it has its name.
+void WriteLayout(HWND hwnd, const std::vector<Part>& parts, const std::wstring& path);
 
 } // namespace gallery

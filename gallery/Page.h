@@ -3,7 +3,19 @@
 
 #include <gallery/Canvas.h>
 
+#include <string>
+#include <vector>
+
 namespace gallery {
+
+// What a control shows that is no window of its own: a tab, an item.
+struct Part
+{
+    std::wstring kind;
+    UINT uId;
+    std::wstring text;
+    RECT rc; // on the screen
+};
 
 class Page
 {
@@ -18,6 +30,9 @@ public:
     // The same for WM_VSCROLL; and WM_TIMER, for a page that sets a timer in its canvas's window.
     virtual void OnScroll(WORD /*wCode*/, WORD /*wPos*/, HWND /*hwndFrom*/) {}
     virtual void OnTimer() {}
+
+    // The parts in sight, for tests that drive the gallery with a real pointer.
+    virtual std::vector<Part> Parts() const { return {}; }
 };
 
 } // namespace gallery

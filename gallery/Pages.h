@@ -11,6 +11,7 @@ std::unique_ptr<Page> MakeLabelsPage();
 std::unique_ptr<Page> MakeButtonsPage();
 std::unique_ptr<Page> MakeChoicesPage();
 std::unique_ptr<Page> MakeTextPage();
+std::unique_ptr<Page> MakeRibbonPage();
 
 struct PageEntry
 {
@@ -18,12 +19,15 @@ struct PageEntry
     std::unique_ptr<Page> (*make)();
 };
 
+// clang-format off
 inline constexpr PageEntry PAGES[] = {
     {L"Labels", &MakeLabelsPage},
     {L"Buttons", &MakeButtonsPage},
     {L"Choices", &MakeChoicesPage},
     {L"Text", &MakeTextPage},
+    {L"Ribbon", &MakeRibbonPage},
 };
+// clang-format on
 inline constexpr int PAGE_COUNT = static_cast<int>(std::size(PAGES));
 
 } // namespace gallery

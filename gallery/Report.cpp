@@ -50,8 +50,9 @@ std::wstring DescribeWindow(HWND hwnd)
 
 std::wstring DescribeCommand(UINT uId, UINT uCode, HWND hwndFrom)
 {
-    return L"WM_COMMAND id " + std::to_wstring(uId) + L" code " + std::to_wstring(uCode) + L" from " +
-           DescribeWindow(hwndFrom);
+    const auto nValue = reinterpret_cast<LONG_PTR>(hwndFrom);
+    return L"WM_COMMAND id " + std::to_wstring(uId) + L" code " + std::to_wstring(uCode) +
+           (IsWindow(hwndFrom) ? L" from " + DescribeWindow(hwndFrom) : L" value " + std::to_wstring(nValue));
 }
 
 std::wstring DescribeNotify(const NMHDR& header)

@@ -9,7 +9,7 @@
 
 namespace gallery {
 
-// "WM_COMMAND id 12 code 0 from GButton 'Save'"
+// "WM_COMMAND id 12 code 0 from GButton 'Save'"; "WM_COMMAND id 12 code 0 value 1" where that is no window.
 std::wstring DescribeCommand(UINT uId, UINT uCode, HWND hwndFrom);
 // "WM_NOTIFY id 12 code NM_SETFOCUS from GButton 'Save'"
 std::wstring DescribeNotify(const NMHDR& header);

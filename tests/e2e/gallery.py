@@ -114,6 +114,14 @@ class Gallery:
         xdotool("mousemove", *point, "mousedown", 1, "mouseup", 1)
 
     @staticmethod
+    def right_click(point):
+        xdotool("mousemove", *point, "mousedown", 3, "mouseup", 3)
+
+    @staticmethod
+    def type(text):
+        xdotool("type", text)
+
+    @staticmethod
     def key(*names):
         xdotool("key", *names)
 

@@ -1,0 +1,145 @@
+#include <gallery/EditorRibbon.h>
+#include <gallery/resource.h>
+
+#include <commctrl.h>
+
+namespace gallery {
+namespace {
+
+constexpr int TAB_HEIGHT = 25;
+constexpr int TAB_MARGINS = 50;
+constexpr int TAB_GAP = 2;
+constexpr int ROW_HEIGHT = 26;
+constexpr int FIRST_ROW = 34;
+constexpr int HOSTED_MARGIN = 6;
+
+Part PartAt(LPCWSTR pszKind, UINT uId, LPCWSTR pszText, RECT rc, HWND hwndRibbon)
+{
+    MapWindowPoints(hwndRibbon, nullptr, reinterpret_cast<POINT*>(&rc), 2);
+    return {pszKind, uId, pszText ? pszText : L"", rc};
+}
+
+// The ribbon tells nobody that another tab was made active. It does so on a press alone, so that this looks
+// after each.
+LRESULT CALLBACK FollowPresses(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR ribbon)
+{
+    const LRESULT result = DefSubclassProc(hwnd, uMsg, wParam, lParam);
+    if (uMsg == WM_LBUTTONDOWN) {
+        reinterpret_cast<const EditorRibbon*>(ribbon)->FollowActivePage();
+    }
+    return result;
+}
+
+} // namespace
+
+void EditorPage::Group(LPCWSTR pszTitle, UINT uWidth)
+{
+    const DWORD dwFormer = m_dwGroup++;
+    InsertGroup(dwFormer, m_dwGroup, pszTitle, uWidth);
+}
+
+void EditorPage::Button(UINT nId, WORD wSize, RibbonImage image, LPCWSTR pszText)
+{
+    const UINT uSize = static_cast<UINT>(wSize) << 16;
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    info.nId = nId;
+    info.nOptions = 1;
+    info.puOptions = &uSize;
+    info.nImage = image;
+    info.pszText = pszText;
+    InsertItem(m_dwGroup, 0, &info);
+}
+
+void EditorPage::CheckBox(UINT nId, bool fChecked, LPCWSTR pszText)
+{
+    ItemInfo info{};
+    info.uType = RIT_CHECKBOX;
+    info.nId = nId;
+    info.bChecked = fChecked;
+    info.pszCheckText = pszText;
+    InsertItem(m_dwGroup, 0, &info);
+}
+
+void EditorPage::Host(HWND hwnd, int nRow)
+{
+    const GRibbonPage::Group& group = m_aGroups[m_aGroups.GetLength() - 1];
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    SetWindowPos(hwnd, nullptr, group.nLeft + HOSTED_MARGIN, FIRST_ROW + nRow * ROW_HEIGHT,
+                 rc.right - rc.left, rc.bottom - rc.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    m_hosted.push_back(hwnd);
+    AddWindow(m_dwGroup, hwnd);
+}
+
+void EditorPage::ShowHosted(bool fShow) const
+{
+    for (const HWND hwnd : m_hosted) {
+        ShowWindow(hwnd, fShow ? SW_SHOW : SW_HIDE);
+    }
+}
+
+void EditorPage::AddParts(std::vector<Part>& parts, HWND hwndRibbon) const
+{
+    for (const GRibbonPage::Group& group : m_aGroups) {
+        for (const Item& item : group.aItems) {
+            RECT rc{item.nLeft, item.nTop, item.nRight, item.nBottom};
+            OffsetRect(&rc, group.nLeft + 4, 4); // where it is hit
+            if (item.uType != RIT_WINDOW) {
+                parts.push_back(PartAt(L"ribbon item", item.nId, item.pszText, rc, hwndRibbon));
+            }
+        }
+    }
+}
+
+EditorRibbon::EditorRibbon()
+{
+    // The constructor that takes the template would leave fonts and colours to be set here.
+    m_template = IDR_RIBBON;
+}
+
+HWND EditorRibbon::Create(const RECT& rc, HWND hwndParent)
+{
+    const HWND hwnd = GRibbon::Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent,
+                                      GetModuleHandleW(nullptr));
+    SetWindowSubclass(hwnd, &FollowPresses, 1, reinterpret_cast<DWORD_PTR>(this));
+    return hwnd;
+}
+
+EditorPage& EditorRibbon::AddEditorPage(LPCWSTR pszTitle)
+{
+    auto* pPage = new EditorPage(0, pszTitle); // the ribbon's
+    AddPage(pPage, 0, nullptr);
+    return *pPage;
+}
+
+void EditorRibbon::ShowTab(UINT nIndex, bool fShow)
+{
+    SetStatus(nIndex, fShow ? RIBBON_TAB_VISIBLE : 0);
+    FollowActivePage();
+}
+
+void EditorRibbon::FollowActivePage() const
+{
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        PageAt(i).ShowHosted(i == m_nActive);
+    }
+}
+
+void EditorRibbon::AddParts(std::vector<Part>& parts) const
+{
+    int x = 0;
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        if (m_aTabs[i].uStatus & RIBBON_TAB_VISIBLE) {
+            const int nRight = x + static_cast<int>(m_aTabs[i].uTextWidth) + TAB_MARGINS;
+            parts.push_back(
+                PartAt(L"ribbon tab", i, PageAt(i).TabTitle(), {x, 0, nRight, TAB_HEIGHT}, *this));
+            x = nRight + TAB_GAP;
+        }
+    }
+    if (m_nActive < m_aTabs.GetLength()) {
+        PageAt(m_nActive).AddParts(parts, *this);
+    }
+}
+
+} // namespace gallery
