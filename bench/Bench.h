@@ -42,6 +42,7 @@ void HandleMessages();
 void MeasureButtons(Bench& bench);
 void MeasureCheckBoxes(Bench& bench);
 void MeasureProgressBars(Bench& bench);
+void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
 

@@ -15,13 +15,16 @@ struct FamilyEntry
     void (*measure)(bench::Bench&);
 };
 
+// clang-format off
 constexpr FamilyEntry FAMILIES[] = {
     {"buttons", &bench::MeasureButtons},
     {"checkboxes", &bench::MeasureCheckBoxes},
     {"progressbars", &bench::MeasureProgressBars},
+    {"ribbon", &bench::MeasureRibbon},
     {"scrollbars", &bench::MeasureScrollbars},
     {"text", &bench::MeasureText},
 };
+// clang-format on
 
 } // namespace
 
