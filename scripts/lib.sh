@@ -139,6 +139,16 @@ run_wine() {
     timeout --kill-after=10 "$seconds" "$WINE" "$@"
 }
 
+# run_hello PROGRAM DLL-FOLDER: the program shows its window and ends when its Close button is clicked.
+run_hello() {
+    local program window
+    WINEPATH=$(windows_path "$2") run_wine 60 "$1" &
+    program=$!
+    window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Hello$') || return
+    xdotool mousemove --window "$window" 235 104 click 1
+    wait $program
+}
+
 # A Windows program's name for a file.
 windows_path() {
     local path

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Looks for what compilers let pass: the layers' include direction, clang-tidy and cppcheck over the sources of
-# the headless build.
+# Second opinions on the code: the layers' include direction, clang's warnings for both platforms (g++ gives its
+# own at every build), and clang-tidy and cppcheck over the sources of the headless build.
 #
 #   scripts/lint.sh [PATH-PART...]    only the sources whose paths contain one of these
 set -uo pipefail
@@ -19,10 +19,16 @@ LIST
 }
 
 scripts/setup.sh build lint || exit 1
-cmake --preset headless >/dev/null || exit 1
+for preset in headless windows; do
+    cmake --preset "$preset" >/dev/null || exit 1
+done
 status=0
 say "layers"
 scripts/check-includes.py || status=1
+say "clang"
+for preset in headless windows; do
+    scripts/clang-check.py "$preset" "$@" || status=1
+done
 say "clang-tidy"
 sources "$@" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/headless --quiet 2>/dev/null || status=1
 say "cppcheck"

@@ -107,6 +107,8 @@ step_windows() {
     check "gesso.dll needs system DLLs only" imports_of_system_only build/windows/bin/gesso.dll
     with_display
     run_tests windows run_wine "$TEST_SECONDS" build/windows/bin/gesso_tests.exe
+    check "gesso.dll exports what gesso/gesso.symbols lists" scripts/interface.sh check
+    check "a host of the commit before runs over the new gesso.dll" scripts/interface.sh before
 }
 
 imports_of_system_only() {
@@ -139,16 +141,6 @@ host_of_package() {
         cmake --install "build/$preset" --prefix "$place/prefix" &&
         cmake -S examples/hello -B "$place/host" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "$@" &&
         cmake --build "$place/host"
-}
-
-# run_hello PROGRAM DLL-FOLDER: the program shows its window and ends when its Close button is clicked.
-run_hello() {
-    local program window
-    WINEPATH=$(windows_path "$2") run_wine 60 "$1" &
-    program=$!
-    window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Hello$') || return
-    xdotool mousemove --window "$window" 235 104 click 1
-    wait $program
 }
 
 step_e2e() {

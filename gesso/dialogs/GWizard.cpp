@@ -247,7 +247,7 @@ void GWizard::MakeButtons()
         button->Create(x, y, cx, cy, m_hWnd, static_cast<int>(uId), pszLabel, 0, dwStyle);
     };
     // Finish waits, hidden, in the place of Next.
-    make(m_pFinish, xNext, WZB_FINISH, m_pConfig->pszFinish, BUTTON_STYLE & ~WS_VISIBLE);
+    make(m_pFinish, xNext, WZB_FINISH, m_pConfig->pszFinish, BUTTON_STYLE & ~DWORD{WS_VISIBLE});
     make(m_pCancel, xCancel, WZB_CANCEL, L"Cancel", BUTTON_STYLE);
     make(m_pNext, xNext, WZB_NEXT, L"Next", BUTTON_STYLE);
     make(m_pBack, xNext - cxGap - cx, WZB_BACK, L"Back", BUTTON_STYLE);

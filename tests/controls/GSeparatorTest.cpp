@@ -78,7 +78,7 @@ TEST_F(GSeparatorTest, RecordHoldsThePointerInItsFixedPlaces)
     EXPECT_EQ(read(16), -103);
     EXPECT_EQ(read(48), -20) << "negative to the left of the strip";
     EXPECT_EQ(read(52), 300);
-    for (size_t nAt : {24, 28, 32, 36, 40, 44, 56, 60, 64, 68, 72, 76}) {
+    for (const size_t nAt : std::initializer_list<size_t>{24, 28, 32, 36, 40, 44, 56, 60, 64, 68, 72, 76}) {
         EXPECT_EQ(read(nAt), 0) << nAt;
     }
 }

@@ -170,7 +170,8 @@ TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
     constexpr LONG most = 0x7FFFFFFF;
     for (const RECT rc : {RECT{0, 0, -5, -5}, RECT{most, most, -most, -most}, RECT{-most, -most, most, most}})
     {
-        for (const UINT format : {DT_LEFT, DT_CENTER, DT_RIGHT | DT_BOTTOM, DT_VCENTER}) {
+        for (const UINT format :
+             std::initializer_list<UINT>{DT_LEFT, DT_CENTER, DT_RIGHT | DT_BOTTOM, DT_VCENTER}) {
             text->uFormat = format;
             CDrawText::DrawTextW(hdc, text.get(), rc);
         }

@@ -81,7 +81,7 @@ TEST_F(GWndCertFailureTest, CheckBoxAndFlagStayEqual)
                       RECT rc{};
                       box.GetPos(&rc);
                       desk::Click(rc.left + 5, (rc.top + rc.bottom) / 2);
-                      desk::WhenIdle([&box, hDlg, rc] {
+                      desk::WhenIdle([&box, hDlg] {
                           EXPECT_EQ(box.GetCheck(), 1);
                           SendMessageW(hDlg, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
                           EXPECT_EQ(box.GetCheck(), 0);

@@ -44,8 +44,9 @@ private:
 
 TEST_F(ActivationContextTest, PlatformWithoutContextsIsRememberedAndTheCallGoesThrough)
 {
-    for (const DWORD dwError : {ERROR_MOD_NOT_FOUND, ERROR_PROC_NOT_FOUND, ERROR_CALL_NOT_IMPLEMENTED,
-                                ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED})
+    for (const DWORD dwError :
+         std::initializer_list<DWORD>{ERROR_MOD_NOT_FOUND, ERROR_PROC_NOT_FOUND, ERROR_CALL_NOT_IMPLEMENTED,
+                                      ERROR_INVALID_FUNCTION, ERROR_NOT_SUPPORTED})
     {
         for (const char* pszOperation : {"ActivateActCtx", "QueryActCtxW"}) {
             g_hActCtx = NOT_SET_UP;
@@ -77,9 +78,9 @@ TEST_F(ActivationContextTest, AnyOtherErrorGivesTheFailureValueWithoutTheCall)
 
 TEST_F(ActivationContextTest, LibraryWithoutAManifestGoesOnWithoutAContext)
 {
-    for (const DWORD dwError :
-         {ERROR_RESOURCE_DATA_NOT_FOUND, ERROR_RESOURCE_TYPE_NOT_FOUND, ERROR_RESOURCE_NAME_NOT_FOUND,
-          ERROR_RESOURCE_LANG_NOT_FOUND, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND})
+    for (const DWORD dwError : std::initializer_list<DWORD>{
+             ERROR_RESOURCE_DATA_NOT_FOUND, ERROR_RESOURCE_TYPE_NOT_FOUND, ERROR_RESOURCE_NAME_NOT_FOUND,
+             ERROR_RESOURCE_LANG_NOT_FOUND, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND})
     {
         g_hActCtx = NOT_SET_UP;
         desk::Fail("CreateActCtxW", 1, dwError);
