@@ -64,8 +64,12 @@ LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
     if (!(dwState & GWS_PRESSED)) {
         return 0;
     }
-    // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED.
+    // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED, and which a host that subclassed the control may
+    // answer by destroying it.
     ReleaseCapture();
+    if (!Frame::IsAlive(hwnd, &wnd)) {
+        return 0;
+    }
     wnd.Invalidate(0);
     if (!HitTestClient(hwnd, pt)) {
         return 0;
@@ -101,9 +105,11 @@ LRESULT CodeOfDefault(DWORD dwStyle)
 
 LRESULT OnSetDefault(GWnd& wnd, WPARAM wStyle, UINT uRedraw)
 {
+    const HWND hwnd = Frame::Handle(wnd);
     const DWORD dwStyle = Frame::Style(wnd);
+    // Tells whoever subclassed the control of the new style.
     Frame::SetStyle(wnd, wStyle & BS_DEFPUSHBUTTON ? dwStyle | GBS_DEFAULT : dwStyle & ~GBS_DEFAULT);
-    if (uRedraw) {
+    if (uRedraw && Frame::IsAlive(hwnd, &wnd)) {
         wnd.Invalidate(0);
     }
     return 0;

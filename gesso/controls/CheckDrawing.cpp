@@ -42,13 +42,13 @@ RECT CutBox(RECT* prcContent, SIZE size, DWORD dwStyle)
 }
 
 // The image is measured at each paint: the host may have changed what stands behind the handle.
-Picture PictureOf(const CheckContent& content, DWORD dwStyle)
+Picture PictureOf(const CheckContent& content)
 {
     Picture picture;
-    const ImageKind kind = ImageKindOf(dwStyle);
+    const ImageKind kind = ImageKindOf(content.dwStyle);
     if (content.hImage && MeasureImage(kind, content.hImage, &picture.size)) {
         picture.kind = kind;
-        picture.side = dwStyle & GCS_IMAGERIGHT ? ImageSide::Right : ImageSide::Left;
+        picture.side = content.dwStyle & GCS_IMAGERIGHT ? ImageSide::Right : ImageSide::Left;
     }
     return picture;
 }
@@ -69,11 +69,11 @@ RECT FocusRect(const RECT& rcText, const Picture& picture)
 }
 
 // Draws the content beside the box, and returns what the focus rectangle is to surround.
-RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, const RECT& rcContent,
-                 DWORD dwStyle)
+RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, const RECT& rcContent)
 {
+    const DWORD dwStyle = content.dwStyle;
     const UINT uFormat = dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE;
-    Picture picture = PictureOf(content, dwStyle);
+    Picture picture = PictureOf(content);
     const bool fPicture = picture.kind != ImageKind::None;
     RECT rcText = fPicture ? RoomBesideImage(rcContent, picture.side, picture.size) : rcContent;
     rcText = part.TextExtent(content.pszText, uFormat, rcText);
@@ -89,20 +89,17 @@ RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, co
 
 } // namespace
 
-void DrawCheck(HDC hdc, const CheckContent& content, int nPart, PlainPart plain)
+void DrawCheck(HDC hdc, RECT rc, const CheckContent& content, int nPart, PlainPart plain)
 {
-    RECT rc{};
-    GetClientRect(content.hwnd, &rc);
-    DrawThemeParentBackground(content.hwnd, hdc, &rc);
-    const auto dwStyle = static_cast<DWORD>(GetWindowLongW(content.hwnd, GWL_STYLE));
-    const int nState = PressState(content.dwState, dwStyle) + STATES_PER_CHECK * CheckOf(content.dwState);
+    const int nState =
+        PressState(content.dwState, content.dwStyle) + STATES_PER_CHECK * CheckOf(content.dwState);
     const ThemePart part(content.hTheme, hdc, nPart, nState, plain);
     const TransparentScope mode(hdc);
     const SelectScope font(hdc, content.hFont);
 
     rc = part.ContentOf(rc);
-    part.DrawBackground(CutBox(&rc, part.Size(&rc), dwStyle));
-    const RECT rcFocus = DrawContent(hdc, content, part, rc, dwStyle);
+    part.DrawBackground(CutBox(&rc, part.Size(&rc), content.dwStyle));
+    const RECT rcFocus = DrawContent(hdc, content, part, rc);
     if (ShowsFocus(content.hwnd, content.dwState)) {
         DrawFocusRect(hdc, &rcFocus);
     }

@@ -10,6 +10,7 @@ namespace gesso {
 struct CheckContent
 {
     HWND hwnd;
+    DWORD dwStyle;
     DWORD dwState; // the check value stands in the upper half
     HTHEME hTheme;
     HFONT hFont;
@@ -28,7 +29,8 @@ constexpr DWORD WithCheck(DWORD dwState, int nCheck)
     return (dwState & 0xFF) | static_cast<DWORD>(nCheck) << 16;
 }
 
-// Draws the control at the origin of a context, with its box by the part and, without a style, by plain.
-void DrawCheck(HDC hdc, const CheckContent& content, int nPart, PlainPart plain);
+// Draws the control into a rectangle, over the parent's background, with its box by the part and, without a
+// style, by plain.
+void DrawCheck(HDC hdc, RECT rc, const CheckContent& content, int nPart, PlainPart plain);
 
 } // namespace gesso

@@ -37,9 +37,10 @@ ATOM GButton::IsolationAwareRegisterClassW()
 void GButton::Draw(HDC hdc)
 {
     RECT rcClient{};
-    GetClientRect(m_hWnd, &rcClient);
     const DWORD dwStyle = Frame::Style(*this);
-    DrawThemeParentBackground(m_hWnd, hdc, &rcClient);
+    if (!Frame::DrawParentBackground(*this, hdc, &rcClient)) {
+        return;
+    }
     const gesso::ThemePart part(m_hTheme, hdc, BP_PUSHBUTTON, gesso::PressStateOfDefault(m_dwState, dwStyle),
                                 gesso::PlainPart::PushButton);
     part.DrawBackground(rcClient);

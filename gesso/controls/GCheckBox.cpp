@@ -12,8 +12,13 @@ ATOM GCheckBox::IsolationAwareRegisterClassW()
 
 void GCheckBox::Draw(HDC hdc)
 {
-    gesso::DrawCheck(hdc, {m_hWnd, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
-                     BP_CHECKBOX, gesso::PlainPart::CheckBox);
+    RECT rc{};
+    const DWORD dwStyle = gesso::Frame::Style(*this);
+    if (gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
+        gesso::DrawCheck(
+            hdc, rc, {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
+            BP_CHECKBOX, gesso::PlainPart::CheckBox);
+    }
 }
 
 LRESULT GCheckBox::OnGetDlgCode() const

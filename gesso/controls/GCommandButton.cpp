@@ -96,9 +96,10 @@ int GCommandButton::GetNote(LPWSTR pszBuffer, int* pnLength) const
 void GCommandButton::Draw(HDC hdc)
 {
     RECT rc{};
-    GetClientRect(m_hWnd, &rc);
     const DWORD dwStyle = Frame::Style(*this);
-    DrawThemeParentBackground(m_hWnd, hdc, &rc);
+    if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
+        return;
+    }
     const int nState = gesso::PressStateOfDefault(m_dwState, dwStyle);
     const ThemePart part(m_hTheme, hdc, BP_COMMANDLINK, nState, PlainPart::CommandLink);
     part.DrawBackground(rc);
@@ -147,7 +148,7 @@ void GCommandButton::DrawTexts(HDC hdc, const ThemePart& part, const RECT& rcRoo
         const gesso::TextColorScope color(hdc, part.TextColor());
         const gesso::TransparentScope mode(hdc);
         // The note hides its prefixes in every case.
-        DrawTextW(hdc, m_pszNote, GetNoteLength(), &rcNote, DT_WORDBREAK | DT_HIDEPREFIX);
+        DrawTextW(hdc, m_pszNote, gesso::TextLength(m_pszNote), &rcNote, DT_WORDBREAK | DT_HIDEPREFIX);
     }
 }
 
@@ -161,8 +162,8 @@ void GCommandButton::OpenTheme()
 // Also the fonts that the host gave go: hosts rely on it.
 void GCommandButton::CloseTheme()
 {
-    m_hFont.Reset();
-    m_hNoteFont.Reset();
+    m_hFont.Delete();
+    m_hNoteFont.Delete();
     m_hTheme.Reset();
 }
 

@@ -91,10 +91,8 @@ COLORREF GLabel::GetTextColor() const
 void GLabel::Draw(HDC hdc)
 {
     RECT rc{};
-    GetClientRect(m_hWnd, &rc);
     const DWORD dwStyle = Frame::Style(*this);
-    DrawThemeParentBackground(m_hWnd, hdc, &rc);
-    if (dwStyle & GLS_EMPTY) {
+    if (!Frame::DrawParentBackground(*this, hdc, &rc) || (dwStyle & GLS_EMPTY)) {
         return;
     }
     if (dwStyle & (GLS_ETCHEDVERT | GLS_ETCHEDHORZ)) {

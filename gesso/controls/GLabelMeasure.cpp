@@ -10,19 +10,6 @@ namespace {
 constexpr UINT COLUMNS = 48;
 constexpr LONG UNBOUNDED = 10000;
 
-class MemoryContext
-{
-public:
-    MemoryContext() : m_hdc(CreateCompatibleDC(nullptr)) {}
-    ~MemoryContext() { DeleteDC(m_hdc); }
-    MemoryContext(const MemoryContext&) = delete;
-    MemoryContext& operator=(const MemoryContext&) = delete;
-    operator HDC() const { return m_hdc; }
-
-private:
-    HDC m_hdc;
-};
-
 bool Exceeds(DWORD dwFlags, DWORD dwFree, LONG nExtent, UINT nMax)
 {
     return (dwFlags & dwFree) && nMax && static_cast<UINT>(nExtent) > nMax;
@@ -91,7 +78,7 @@ HRESULT GLabel::CalcSizeText(RECT* prc, DWORD dwFlags, LPCWSTR pszText, UINT bWr
     }
     RECT rc{0, 0, dwFlags & GLC_FREEWIDTH ? UNBOUNDED : static_cast<LONG>(cxMax),
             dwFlags & GLC_FREEHEIGHT ? UNBOUNDED : static_cast<LONG>(cyMax)};
-    const MemoryContext hdc;
+    const gesso::MemoryContext hdc;
     const gesso::SelectScope font(hdc, m_hFont);
     const int nHeight = DrawTextW(hdc, text, -1, &rc, DT_CALCRECT | DT_WORDBREAK);
     if (prc) {

@@ -60,8 +60,9 @@ void GProgressBar::SetProgress(UINT nProgress)
 void GProgressBar::Draw(HDC hdc)
 {
     RECT rc{};
-    GetClientRect(m_hWnd, &rc);
-    DrawThemeParentBackground(m_hWnd, hdc, &rc);
+    if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
+        return;
+    }
     const ThemePart bar(m_hTheme, hdc, PP_BAR, 0, PlainPart::ProgressBar);
     bar.DrawBackground(rc);
     RECT rcFill = bar.ContentOf(rc);

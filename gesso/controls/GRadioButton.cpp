@@ -12,8 +12,13 @@ ATOM GRadioButton::IsolationAwareRegisterClassW()
 
 void GRadioButton::Draw(HDC hdc)
 {
-    gesso::DrawCheck(hdc, {m_hWnd, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
-                     BP_RADIOBUTTON, gesso::PlainPart::RadioButton);
+    RECT rc{};
+    const DWORD dwStyle = gesso::Frame::Style(*this);
+    if (gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
+        gesso::DrawCheck(
+            hdc, rc, {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
+            BP_RADIOBUTTON, gesso::PlainPart::RadioButton);
+    }
 }
 
 LRESULT GRadioButton::OnGetDlgCode() const

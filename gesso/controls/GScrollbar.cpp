@@ -47,9 +47,7 @@ ATOM GScrollbar::IsolationAwareRegisterClassW()
 
 GScrollbar::~GScrollbar()
 {
-    if (s_pScrollingWindow == this) {
-        StopTimer();
-    }
+    ForgetInput();
 }
 
 HWND GScrollbar::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
@@ -259,10 +257,23 @@ void GScrollbar::StopTimer()
 
 void CALLBACK GScrollbar::TimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
-    const GScrollbar& bar = *s_pScrollingWindow;
-    const bool fOnPart = bar.m_hitDown.wHit & bar.m_hitNow.wHit;
+    // A message of the timer that was waiting when the bar went comes all the same.
+    const GScrollbar* pBar = s_pScrollingWindow;
+    const bool fOnPart = pBar && (pBar->m_hitDown.wHit & pBar->m_hitNow.wHit);
     if (fOnPart && s_ullTimerTime < gesso::SystemTicks() - DELAY_TICKS) {
-        bar.SendPress();
+        pBar->SendPress();
+    }
+}
+
+// What belongs to a window: its press, its pointer and its timer.
+void GScrollbar::ForgetInput()
+{
+    m_dwState = 0;
+    m_hitDown.wHit = 0;
+    m_hitNow.wHit = 0;
+    if (s_pScrollingWindow == this) {
+        StopTimer();
+        s_pScrollingWindow = nullptr;
     }
 }
 
@@ -276,17 +287,18 @@ void GScrollbar::Drag(int y)
 
 LRESULT GScrollbar::OnCreate(const CREATESTRUCTW* pcs)
 {
+    ForgetInput();
     m_nTrack = pcs->cy - 2 * BUTTON;
     return 0;
 }
 
-// The theme is the host's to close; the window deletes an object that it made itself.
-LRESULT GScrollbar::OnNcDestroy()
+// The object outlives its window also where the window made it: the theme is the host's to close, and hosts
+// do that when the window is gone.
+LRESULT GScrollbar::OnNcDestroy(WPARAM wParam, LPARAM lParam)
 {
-    if (s_pScrollingWindow == this) {
-        StopTimer();
-    }
-    return Frame::Detach(*this);
+    ForgetInput();
+    Frame::Abandon(*this);
+    return DefWindowProcW(m_hWnd, WM_NCDESTROY, wParam, lParam);
 }
 
 LRESULT GScrollbar::OnSize()
@@ -319,7 +331,12 @@ LRESULT GScrollbar::OnKillFocus(HWND)
 
 LRESULT GScrollbar::OnLButtonDown(WPARAM, POINTS pt)
 {
-    SetCapture(m_hWnd);
+    const HWND hwnd = m_hWnd;
+    // Tells the window that had it, whose parent may destroy this one.
+    SetCapture(hwnd);
+    if (!Frame::IsAlive(hwnd, this)) {
+        return 0;
+    }
     m_dwState |= GWS_SBPRESSED;
     Invalidate(0);
     m_hitDown.pt = pt;
@@ -339,8 +356,12 @@ LRESULT GScrollbar::OnLButtonDown(WPARAM, POINTS pt)
 
 LRESULT GScrollbar::OnLButtonUp(WPARAM, POINTS)
 {
+    const HWND hwnd = m_hWnd;
     if (m_dwState & GWS_SBPRESSED) {
         ReleaseCapture();
+        if (!Frame::IsAlive(hwnd, this)) {
+            return 0;
+        }
         m_dwState &= ~GWS_SBPRESSED;
     }
     StopTimer();
@@ -381,7 +402,7 @@ LRESULT CALLBACK GScrollbar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPA
     }
     GScrollbar& bar = *pBar;
     switch (uMsg) {
-    case WM_NCDESTROY: return bar.OnNcDestroy();
+    case WM_NCDESTROY: return bar.OnNcDestroy(wParam, lParam);
     case WM_SIZE: return bar.OnSize();
     case WM_SETFOCUS: return bar.OnSetFocus(reinterpret_cast<HWND>(wParam));
     case WM_KILLFOCUS: return bar.OnKillFocus(reinterpret_cast<HWND>(wParam));

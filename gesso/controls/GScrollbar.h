@@ -7,6 +7,8 @@
 // 3. answers WM_VSCROLL: the bar never moves by itself. The host moves the content, calls SetScrollPos with
 //    where it is now, and Invalidate;
 // 4. calls UninitScrollBar when the window goes.
+// Where the class is named in a dialog template, the object comes from GWnd::FromHwnd; it outlives its
+// window, and the host deletes it.
 //
 // Sends to its parent WM_VSCROLL with the bar's window as lParam: SB_LINEUP, SB_LINEDOWN, SB_PAGEUP and
 // SB_PAGEDOWN for presses, at once and, while held, every 100 milliseconds after the first 500; SB_THUMBTRACK
@@ -105,9 +107,10 @@ private:
     UINT LastPos() const;
     void StartTimer();
     static void StopTimer();
+    void ForgetInput();
     void SendPress() const;
     void SendScroll(WORD wCode, WORD wPos = 0) const;
     void Drag(int y);
     LRESULT InvalidateParent();
-    LRESULT OnNcDestroy();
+    LRESULT OnNcDestroy(WPARAM wParam, LPARAM lParam);
 };

@@ -48,8 +48,10 @@ void GSeparator::SendDrag(UINT uCode, POINTS pt) const
     Frame::SendNotify(*this, uCode, &notify.hdr);
 }
 
+// A drag that a former window of this object did not see the end of does not go on in the new one.
 LRESULT GSeparator::OnCreate(const CREATESTRUCTW*)
 {
+    m_dwState = 0;
     return 0;
 }
 
@@ -78,10 +80,14 @@ LRESULT GSeparator::OnLButtonDown(WPARAM, POINTS pt)
 
 LRESULT GSeparator::OnLButtonUp(WPARAM, POINTS pt)
 {
+    const HWND hwnd = m_hWnd;
     if (m_dwState & GWS_PRESSED) {
-        // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED.
+        // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED, and which a host that subclassed the strip may
+        // answer by destroying it.
         ReleaseCapture();
-        SendDrag(GSN_ENDDRAG, pt);
+        if (Frame::IsAlive(hwnd, this)) {
+            SendDrag(GSN_ENDDRAG, pt);
+        }
     }
     return 0;
 }

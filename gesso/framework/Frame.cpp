@@ -166,6 +166,16 @@ void Frame::TrackLeave(GWnd& wnd)
     wnd.m_dwState |= GWS_TRACKING;
 }
 
+bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)
+{
+    const HWND hwnd = wnd.m_hWnd;
+    // Not necessarily wnd itself: a copy of a control may draw too.
+    const GWnd* pAttached = Attached(hwnd);
+    GetClientRect(hwnd, prcClient);
+    DrawThemeParentBackground(hwnd, hdc, prcClient);
+    return IsAlive(hwnd, pAttached);
+}
+
 void Frame::SendClick(const GWnd& wnd)
 {
     const auto id = static_cast<WPARAM>(GetDlgCtrlID(wnd.m_hWnd) & 0xFFFF);

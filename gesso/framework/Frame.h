@@ -117,6 +117,11 @@ public:
     // Asks once for WM_MOUSELEAVE until it comes.
     static void TrackLeave(GWnd& wnd);
 
+    // The top of Draw for a control that shows its parent through: writes the client rectangle and draws the
+    // parent's background there. False where the parent, which is sent messages for it, destroyed the window
+    // or its object: then nothing of either may be touched.
+    static bool DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient);
+
     // WM_PRINTCLIENT: draws straight into the given context.
     template <class CONTROL> static LRESULT OnPrintClient(CONTROL& control, HDC hdc, LPARAM lParam)
     {

@@ -33,11 +33,11 @@ public:
         }
     }
 
-    // Takes the value as its owner; the former one is left to whoever else has it.
-    void Replace(VALUE value) noexcept
+    // Takes a value that stays another's; the former one is left to whoever else has it.
+    void Borrow(VALUE value) noexcept
     {
         m_value = value;
-        m_fOwner = value != VALUE();
+        m_fOwner = false;
     }
 
     VALUE operator->() const noexcept { return m_value; }

@@ -1,5 +1,5 @@
-// A font that a control makes from the visual style. A font of the host's put in its place is handed over: it
-// is deleted in its turn, while the former one is left to whoever took it with GetFont.
+// A font that a control makes from the visual style. A font of the host's may be put in its place; the former
+// one is then left to whoever took it with GetFont.
 #pragma once
 
 #include <gesso/framework/Owned.h>
@@ -13,8 +13,16 @@ class ThemeFont : public Owned<HFONT, DeleteThemeFont>
 public:
     ThemeFont& operator=(HFONT hFont) noexcept
     {
-        Replace(hFont);
+        Borrow(hFont);
         return *this;
+    }
+
+    // Deletes the font whosever it is. The end of the object alone deletes none of the host's.
+    void Delete() noexcept
+    {
+        const HFONT hFont = *this;
+        Borrow(nullptr);
+        DeleteThemeFont(hFont);
     }
 };
 

@@ -155,6 +155,25 @@ TEST_F(GCommandButtonTest, FontsOfTheHostsAreDeletedAndFormerOnesAreNot)
     DeleteObject(hFormerNote);
 }
 
+TEST_F(GCommandButtonTest, FontsOfTheHostsStayWhereNoWindowTookThemOver)
+{
+    const HFONT hGiven = SomeFont();
+    {
+        GCommandButton never;
+        never.SetFont(hGiven);
+        never.SetNoteFont(hGiven);
+    }
+    EXPECT_TRUE(IsFont(hGiven)) << "no window, nothing to delete";
+    GCommandButton button;
+    button.SetFont(hGiven);
+    button.SetNoteFont(hGiven);
+    Make(button);
+    EXPECT_NE(button.GetFont(), hGiven) << "the style's fonts stand in their place";
+    DestroyWindow(button);
+    EXPECT_TRUE(IsFont(hGiven));
+    DeleteObject(hGiven);
+}
+
 TEST_F(GCommandButtonTest, CopiesShareTheFontsAndDeleteNone)
 {
     GCommandButton button;

@@ -164,6 +164,19 @@ TEST_F(GScrollbarTest, DraggingTheThumbTellsLimitedPositions)
     EXPECT_EQ(drag(70), Reports{});
 }
 
+// There is no answer to a loss of the capture: hosts know the bar so.
+TEST_F(GScrollbarTest, CaptureThatGoesElsewhereLeavesTheDragUntilTheRelease)
+{
+    ShowHalf();
+    Mouse(WM_LBUTTONDOWN, 50);
+    SetCapture(host);
+    Mouse(WM_MOUSEMOVE, 60);
+    EXPECT_EQ(host.TakeReports(), Reports{"thumbtrack 12 at 23"});
+    Mouse(WM_LBUTTONUP, 60);
+    Mouse(WM_MOUSEMOVE, 70);
+    EXPECT_EQ(host.TakeReports(), Reports{});
+}
+
 TEST_F(GScrollbarTest, PositionsAbove65535LoseTheirHighBits)
 {
     bar.InitScrollBar(0);

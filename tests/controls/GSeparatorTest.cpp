@@ -98,6 +98,17 @@ TEST_F(GSeparatorTest, CaptureThatGoesElsewhereEndsTheDragSilently)
     ReleaseCapture();
 }
 
+TEST_F(GSeparatorTest, DragEndsWithItsWindowAlsoWhereTheObjectGetsANewOne)
+{
+    Mouse(separator, WM_LBUTTONDOWN);
+    DestroyWindow(separator);
+    Make(separator, ID);
+    host.TakeReports();
+    Mouse(separator, WM_MOUSEMOVE);
+    Mouse(separator, WM_LBUTTONUP);
+    EXPECT_EQ(host.TakeReports(), Reports{});
+}
+
 TEST_F(GSeparatorTest, CursorIsLoadedByTheConstructorAndShownOverTheStrip)
 {
     GSeparator::s_hColumnSizing = nullptr;

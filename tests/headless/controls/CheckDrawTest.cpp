@@ -3,6 +3,8 @@
 
 #include "DrawFixture.h"
 
+#include "../../support/Interception.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -169,6 +171,18 @@ TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
     std::snprintf(state, sizeof(state), "0x%04X", DFCS_CHECKED | uKind);
     EXPECT_NE(lines[0].find(state), std::string::npos) << lines[0];
     EXPECT_FALSE(this->Draw(this->control, "DrawTextW \"abcd\"").empty());
+    DestroyWindow(this->control);
+}
+
+TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDrawn)
+{
+    this->Make(0, L"before");
+    test::desk::Pump();
+    const test::Interception background(this->Parent(), WM_ERASEBKGND,
+                                        [&] { this->control.SetText(L"after"); });
+    const Lines lines = this->Draw(this->control, "DrawThemeText");
+    ASSERT_FALSE(lines.empty());
+    EXPECT_NE(lines[0].find("\"after\""), std::string::npos) << lines[0];
     DestroyWindow(this->control);
 }
 

@@ -22,6 +22,7 @@ public:
         m_hitDown.wHit = wDown;
         m_hitNow.wHit = wNow;
     }
+    static void LateTimer() { TimerCallback(nullptr, WM_TIMER, 0, 0); }
     WORD HitAt(int y) const
     {
         HitTestInfo info{{5, static_cast<SHORT>(y)}, 0};
@@ -134,7 +135,8 @@ TEST_F(ScrollbarDrawTest, ThemeIsOpenedByInitAndClosedByUninit)
     EXPECT_EQ(themes(), 0);
 }
 
-TEST_F(ScrollbarDrawTest, ObjectThatTheWindowMadeGoesWithIt)
+// As it is the host that opens and closes the theme, it must still find the object there.
+TEST_F(ScrollbarDrawTest, ObjectThatTheWindowMadeOutlivesItAndIsTheHosts)
 {
     Make(17, 100);
     const HWND hwnd =
@@ -143,9 +145,11 @@ TEST_F(ScrollbarDrawTest, ObjectThatTheWindowMadeGoesWithIt)
     ASSERT_TRUE(pOwn);
     pOwn->InitScrollBar(10);
     DestroyWindow(hwnd);
+    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 2);
+    pOwn->UninitScrollBar();
+    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
+    pOwn->Delete(pOwn);
     DestroyWindow(bar);
-    bar.UninitScrollBar();
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 0);
 }
 
 // --- The clock
@@ -236,6 +240,22 @@ TEST_F(ScrollbarClockTest, ThumbHasNoTimer)
     Release();
 }
 
+TEST_F(ScrollbarClockTest, ANewWindowOfTheSameBarHasItsPointerAndNoFormerPress)
+{
+    PressAt(5);
+    DestroyWindow(bar);
+    EXPECT_EQ(Timers(), 0);
+    Release();
+    bar.Create(100, 20, 17, HEIGHT, *m_host, 5, 0, WS_CHILD | WS_VISIBLE);
+    m_host->TakeReports();
+    MoveTo(5);
+    EXPECT_EQ(CountAfter(1000), 0u);
+    EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 2").size(), 1u) << "hot, not pressed";
+    test::desk::MoveMouse(m_rc.left - 20, m_rc.top + 5);
+    test::desk::Pump();
+    EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 4").size(), 1u) << "it hears of the pointer leaving";
+}
+
 TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
 {
     for (const bool fObjectToo : {false, true}) {
@@ -269,9 +289,13 @@ TEST_F(ScrollbarClockTest, ObjectThatGoesBeforeItsWindowStopsItsTimer)
     auto* pDoomed = new GScrollbar;
     const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, *m_host, 33, 0, WS_CHILD | WS_VISIBLE);
     SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
+    SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     pDoomed->Delete(pDoomed);
     EXPECT_EQ(Timers(), 0);
     Advance(1000);
+    m_host->TakeReports();
+    ProbeScrollbar::LateTimer(); // was waiting in the queue already
+    EXPECT_EQ(m_host->TakeReports(), Reports{});
     DestroyWindow(hwnd);
 }
 

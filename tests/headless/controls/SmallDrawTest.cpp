@@ -141,6 +141,16 @@ TEST_F(ProgressDrawTest, FillIsTruncatedAndUnlimited)
     DestroyWindow(bar);
 }
 
+// Unlike the other controls': hosts know it so.
+TEST_F(ProgressDrawTest, ChangeOfTheStyleLeavesTheThemeThatWasOpened)
+{
+    Make(109);
+    test::desk::Fail("OpenThemeData");
+    SendMessageW(bar, WM_THEMECHANGED, 0, 0);
+    EXPECT_EQ(RightAt(1000), 104) << "still drawn by the style";
+    DestroyWindow(bar);
+}
+
 TEST_F(ProgressDrawTest, SeparatorDrawsNothing)
 {
     GSeparator separator;

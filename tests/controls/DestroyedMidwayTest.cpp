@@ -1,0 +1,138 @@
+// Controls that go while they are in the middle of a call to the platform: the parent draws its background
+// behind them, or a host that subclassed them hears of a change of the capture or the style. Under the
+// sanitizers, any touch of an object after its end shows here.
+
+#include "../support/Host.h"
+#include "../support/Interception.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using test::Host;
+using test::Interception;
+using test::Reports;
+
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
+constexpr LPARAM INSIDE = MAKELPARAM(5, 5);
+
+template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
+{
+    if constexpr (requires { control.SetNote(nullptr); }) {
+        return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", L"Note", 0, CHILD);
+    } else if constexpr (requires { control.SetText(nullptr); }) {
+        return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", 0, CHILD);
+    } else {
+        return control.Create(10, 10, 100, 30, hwndParent, 33, 0, CHILD);
+    }
+}
+
+void Destroy(GWnd* pControl, bool fObjectToo)
+{
+    DestroyWindow(pControl->GetHwnd());
+    if (fObjectToo) {
+        pControl->Delete(pControl);
+    }
+}
+
+// --- The parent's background
+
+template <class CONTROL> class ParentBackgroundTest : public testing::Test
+{
+protected:
+    // Lets the parent destroy a control while it draws behind it, once with the object and once without.
+    template <class ACT> void ExpectSurvival(ACT act)
+    {
+        InitControls();
+        Host host;
+        for (const bool fObjectToo : {false, true}) {
+            auto* pControl = new CONTROL;
+            const HWND hwnd = Make(*pControl, host);
+            const Interception background(host, WM_ERASEBKGND, [&] { Destroy(pControl, fObjectToo); });
+            act(hwnd);
+            EXPECT_TRUE(background.Happened());
+            EXPECT_FALSE(IsWindow(hwnd));
+            if (!fObjectToo) {
+                pControl->Delete(pControl);
+            }
+        }
+    }
+};
+
+using Transparent = testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar>;
+TYPED_TEST_SUITE(ParentBackgroundTest, Transparent);
+
+TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaints)
+{
+    this->ExpectSurvival([](HWND hwnd) {
+        InvalidateRect(hwnd, nullptr, FALSE);
+        UpdateWindow(hwnd);
+    });
+}
+
+TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPrints)
+{
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    this->ExpectSurvival(
+        [&](HWND hwnd) { SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT); });
+    DeleteDC(hdc);
+}
+
+// --- The capture and the style
+
+template <class CONTROL> class MouseTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        InitControls();
+        pControl = new CONTROL;
+        hwnd = Make(*pControl, host);
+    }
+
+    Host host;
+    CONTROL* pControl;
+    HWND hwnd;
+};
+
+using Pressable = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton,
+                                 GSeparator, GScrollbar>;
+TYPED_TEST_SUITE(MouseTest, Pressable);
+
+TYPED_TEST(MouseTest, SubclassMayDestroyTheControlAsItGivesUpTheCapture)
+{
+    SendMessageW(this->hwnd, WM_LBUTTONDOWN, 0, INSIDE);
+    this->host.TakeReports();
+    const Interception release(this->hwnd, WM_CAPTURECHANGED, [&] { Destroy(this->pControl, true); });
+    SendMessageW(this->hwnd, WM_LBUTTONUP, 0, INSIDE);
+    EXPECT_TRUE(release.Happened());
+    for (const std::string& report : this->host.TakeReports()) {
+        EXPECT_EQ(report, "killfocus 33") << "a control that is gone clicks nothing and ends no drag";
+    }
+}
+
+TYPED_TEST(MouseTest, LoserOfTheCaptureMayDestroyTheControlThatTakesIt)
+{
+    SetCapture(this->host);
+    const Interception loss(this->host, WM_CAPTURECHANGED, [&] { Destroy(this->pControl, true); });
+    SendMessageW(this->hwnd, WM_LBUTTONDOWN, 0, INSIDE);
+    EXPECT_TRUE(loss.Happened());
+    EXPECT_FALSE(IsWindow(this->hwnd));
+    ReleaseCapture();
+}
+
+template <class CONTROL> class DefaultButtonTest : public MouseTest<CONTROL>
+{};
+
+using DefaultButtons = testing::Types<GButton, GCommandButton>;
+TYPED_TEST_SUITE(DefaultButtonTest, DefaultButtons);
+
+TYPED_TEST(DefaultButtonTest, SubclassMayDestroyTheControlAsItBecomesTheDefault)
+{
+    const Interception change(this->hwnd, WM_STYLECHANGED, [&] { Destroy(this->pControl, true); });
+    SendMessageW(this->hwnd, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+    EXPECT_TRUE(change.Happened());
+    EXPECT_FALSE(IsWindow(this->hwnd));
+}
+
+} // namespace
