@@ -49,6 +49,11 @@ UINT PlainArrow(int nState)
     return KINDS[nDirection] | ((nState - 1) % 4 == ABS_UPPRESSED - 1 ? DFCS_PUSHED : 0);
 }
 
+bool IsPressedHeader(int nState)
+{
+    return nState == HIS_PRESSED || nState == HIS_SORTEDPRESSED;
+}
+
 int LengthOf(LPCWSTR psz)
 {
     return static_cast<int>(wcslen(psz));
@@ -148,9 +153,38 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     case PlainPart::ScrollThumb: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH); break;
     case PlainPart::DialogPanel: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_WINDOW)); break;
     case PlainPart::DialogFooter: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_BTNFACE)); break;
+    case PlainPart::ItemView:
+        FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_WINDOW));
+        DrawEdge(m_hdc, &rc, BDR_SUNKENOUTER, BF_RECT);
+        break;
+    case PlainPart::Row: DrawPlainRow(rc); break;
+    case PlainPart::HeaderItem:
+        DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH | (IsPressedHeader(m_nState) ? DFCS_PUSHED : 0));
+        break;
+    case PlainPart::SortArrow: DrawPlainSortArrow(rc); break;
     case PlainPart::ScrollGripper:
     case PlainPart::DialogText: break;
     }
+}
+
+// The text on the row keeps its colour, so that the row must stay light.
+void ThemePart::DrawPlainRow(const RECT& rc) const
+{
+    const bool fFilled = m_nState != LISS_NORMAL && m_nState != LISS_DISABLED && m_nState != LISS_HOT;
+    if (fFilled) {
+        FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_3DLIGHT));
+    }
+    if (m_nState == LISS_HOT || m_nState == LISS_SELECTED || m_nState == LISS_HOTSELECTED) {
+        FrameRect(m_hdc, &rc, GetSysColorBrush(COLOR_HIGHLIGHT));
+    }
+}
+
+void ThemePart::DrawPlainSortArrow(RECT rc) const
+{
+    const int nHeight = rc.bottom - rc.top;
+    rc.left = (rc.left + rc.right) / 2 - nHeight;
+    rc.right = rc.left + 2 * nHeight;
+    DrawPlainFrame(rc, DFC_SCROLL, DFCS_FLAT | (m_nState == HSAS_SORTEDUP ? DFCS_SCROLLUP : DFCS_SCROLLDOWN));
 }
 
 COLORREF ThemePart::PlainTextColor() const

@@ -23,6 +23,10 @@ enum class PlainPart
     ScrollArrow,
     ScrollThumb,
     ScrollGripper,
+    ItemView, // the frame and background of a list or tree
+    Row,      // one of its rows
+    HeaderItem,
+    SortArrow, // up in state 1, down in state 2
     DialogPanel,
     DialogFooter,
     DialogText,
@@ -53,6 +57,8 @@ public:
 private:
     void DrawPlainBackground(RECT rc) const;
     void DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const;
+    void DrawPlainRow(const RECT& rc) const;
+    void DrawPlainSortArrow(RECT rc) const;
     COLORREF PlainTextColor() const;
     void DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const;
 
