@@ -11,10 +11,19 @@ BufferedPaint::BufferedPaint(HWND hwnd) : m_hWnd(hwnd)
         SelectObject(m_hdc, CreateCompatibleBitmap(m_paint.hdc, m_rcClient.right, m_rcClient.bottom));
 }
 
+HBITMAP BufferedPaint::KeepBitmap()
+{
+    m_fKeep = true;
+    return static_cast<HBITMAP>(GetCurrentObject(m_hdc, OBJ_BITMAP));
+}
+
 BufferedPaint::~BufferedPaint()
 {
     BitBlt(m_paint.hdc, 0, 0, m_rcClient.right, m_rcClient.bottom, m_hdc, 0, 0, SRCCOPY);
-    DeleteObject(SelectObject(m_hdc, m_hFormerBitmap));
+    const HGDIOBJ hBitmap = SelectObject(m_hdc, m_hFormerBitmap);
+    if (!m_fKeep) {
+        DeleteObject(hBitmap);
+    }
     DeleteDC(m_hdc);
     EndPaint(m_hWnd, &m_paint);
 }

@@ -16,6 +16,8 @@ public:
 
     // What to draw into, in client coordinates.
     HDC Context() const { return m_hdc; }
+    // What is drawn into, for the caller to delete once the paint is over.
+    HBITMAP KeepBitmap();
 
 private:
     HWND m_hWnd;
@@ -23,6 +25,7 @@ private:
     RECT m_rcClient;
     HDC m_hdc;
     HGDIOBJ m_hFormerBitmap;
+    bool m_fKeep = false;
 };
 
 // WM_PAINT of a control with a Draw(HDC).

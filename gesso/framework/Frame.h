@@ -55,7 +55,7 @@ public:
                              DWORD dwStyle);
 
     // WM_CREATE, or WM_NCCREATE for the classes that need their object that early: finds the tagged object or
-    // makes one that the window owns, and lets its OnCreate finish the attachment.
+    // makes one that the window owns, and lets its OnCreate or OnNcCreate finish the attachment.
     template <class CONTROL> static LRESULT Attach(HWND hwnd, LPARAM lParam)
     {
         const auto* pcs = reinterpret_cast<const CREATESTRUCTW*>(lParam);
@@ -68,7 +68,11 @@ public:
             }
         }
         Bind(hwnd, *pControl, fOwned);
-        return pControl->OnCreate(pcs);
+        if constexpr (requires { pControl->OnNcCreate(pcs); }) {
+            return pControl->OnNcCreate(pcs);
+        } else {
+            return pControl->OnCreate(pcs);
+        }
     }
 
     // The end of every detachment: deletes the object if its window owns it. Touch nothing of it afterwards.

@@ -262,4 +262,10 @@ BOOL WINAPI GetKeyboardState(PBYTE states)
     std::memcpy(states, TheDesktop().keysSeen.data(), TheDesktop().keysSeen.size());
     return TRUE;
 }
+
+BOOL WINAPI SetKeyboardState(LPBYTE states)
+{
+    std::memcpy(TheDesktop().keysSeen.data(), states, TheDesktop().keysSeen.size());
+    return TRUE;
+}
 }
