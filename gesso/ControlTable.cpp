@@ -7,6 +7,7 @@
 #include <gesso/controls/GRadioButton.h>
 #include <gesso/controls/GSeparator.h>
 #include <gesso/framework/ControlTable.h>
+#include <gesso/list/GList.h>
 
 namespace gesso {
 namespace {
@@ -16,12 +17,16 @@ template <class CONTROL> GWnd* Make()
     return new CONTROL;
 }
 
-// Still to come at their places in the order: GComboBox behind GCheckBox, GEdit behind GCommandButton, GList
-// behind GLabel, and GTree at the end.
+// Still to come at their places in the order: GComboBox behind GCheckBox, GEdit behind GCommandButton, and
+// GTree at the end.
 constexpr RegisterClassFunction STARTUP_CLASSES[] = {
-    &GButton::IsolationAwareRegisterClassW,        &GCheckBox::IsolationAwareRegisterClassW,
-    &GCommandButton::IsolationAwareRegisterClassW, &GLabel::IsolationAwareRegisterClassW,
-    &GProgressBar::IsolationAwareRegisterClassW,   &GNavigationButton::IsolationAwareRegisterClassW,
+    &GButton::IsolationAwareRegisterClassW,
+    &GCheckBox::IsolationAwareRegisterClassW,
+    &GCommandButton::IsolationAwareRegisterClassW,
+    &GLabel::IsolationAwareRegisterClassW,
+    &GList::IsolationAwareRegisterClassW,
+    &GProgressBar::IsolationAwareRegisterClassW,
+    &GNavigationButton::IsolationAwareRegisterClassW,
     &GRadioButton::IsolationAwareRegisterClassW,
 };
 
@@ -34,7 +39,7 @@ constexpr MakeControlFunction CONTROL_KINDS[] = {
     nullptr, // GComboBox
     &Make<GProgressBar>,
     &Make<GSeparator>,
-    nullptr, // GList
+    &Make<GList>,
     nullptr, // GTree
 };
 

@@ -1,0 +1,481 @@
+// GList: a list of items with columns, groups, an image list and three views, drawn through the visual
+// style's "LISTVIEW", "HEADER" and "BUTTON" classes, with scroll bars of its own.
+//
+// A host makes a GList (or gets one from CreateControl(GCK_LIST)), calls Create with WS_CHILD | WS_VISIBLE |
+// WS_TABSTOP | WS_HSCROLL | WS_VSCROLL in the window style and GLS_ bits in the list style, inserts all of
+// its columns and then its items; or names the class "GList" in a dialog template with creation data. Many
+// items are best filled between BulkInsertOn and BulkInsertOff.
+//
+//     list.InsertColumn(0, 0, DT_SINGLELINE | DT_VCENTER, 200, 40, L"Name", 0, LCT_TEXT, nullptr, ...);
+//     const UINT item = list.InsertItem(UINT(-1), 0, pFile, 0, L"Readme.txt", 0);
+//     list.SetSubItem(item, 1, 0, L"12 KB", 0);
+//
+// Sends to its parent, as WM_NOTIFY:
+//   NM_CLICK       GLISTNOTIFY: a press and a release on the same item; iItem, iSubItem, x, y, uKeyFlags
+//   NM_DBLCLK      GLISTNOTIFY: a double click on an item; the same fields
+//   NM_KEYDOWN     GLISTNOTIFY: a key, once it is handled; uKeyFlags, vKey
+//   LVN_BEGINDRAG  GLISTNOTIFY: the pressed pointer has left its place; iItem
+//   LVN_FIRST      NMHDR: a window of the in-place edit lost the focus
+//   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
+// Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT, PRF_NONCLIENT), WM_VSCROLL, WM_HSCROLL, WM_MOUSEWHEEL.
+//
+// Columns, groups, items and sub-items are named by index, from 0. Where nothing else is said, an index past
+// the end is a caller's mistake: a setter ignores it, a getter returns 0 or null. Every operation that
+// changes what is seen lays out and repaints, if nothing else is said; none but those in response to the user
+// sends a notification. A copy of a list shares its records and window and releases nothing.
+#pragma once
+
+#include <gesso/containers/OArray.h>
+#include <gesso/framework/GWndScroll.h>
+#include <gesso/framework/ItemTheme.h>
+#include <gesso/framework/Owned.h>
+#include <gesso/list/GListNotify.h>
+#include <gesso/list/ListRecords.h>
+
+constexpr DWORD GWS_LISTDRAG = 0x08; // state bit: LVN_BEGINDRAG was sent for this press
+
+// Modifier keys as the list keeps them.
+constexpr WORD KEYMOD_CTRL = 2;
+constexpr WORD KEYMOD_SHIFT = 4;
+static_assert(KEYMOD_CTRL == LVKF_CONTROL && KEYMOD_SHIFT == LVKF_SHIFT);
+
+class GESSO_API GList : public GWndScroll
+{
+public:
+    struct HitTestInfo
+    {
+        POINTS pt;     // in client coordinates
+        UINT reserved; // always -1
+        UINT item;     // item; of a group's row the group; LHI_HEADER; -1 for nothing
+        WORD subItem;  // element of the item's cell; 0xFFFF for none
+        WORD part;     // LHP_; 0xFFFF for none
+    };
+
+    GList();
+    GList(const GList&) = default;
+    GList& operator=(const GList&) = default;
+    ~GList() override;
+
+    // Makes the window; position and size in pixels in the parent's client area. The window style is used as
+    // it is: WS_CHILD is the caller's to give. Returns the window, or null where it could not be made.
+    virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, UINT listStyle,
+                        DWORD dwExStyle, DWORD dwStyle);
+    // DestroyWindow. Returns 0 without a window.
+    virtual int Destroy();
+    // The whole window style; repaints. Returns the former style.
+    virtual DWORD SetStyle(DWORD dwStyle);
+    virtual DWORD GetStyle() const;
+
+    // The view and its options (GLS_), and with it what every item shows, made anew from the columns. Returns
+    // the former style; or -1, with the style stored and nothing laid out, for the tiles view when no column
+    // has a LCF_ flag.
+    virtual UINT SetListStyle(UINT style);
+    virtual UINT GetListStyle() const;
+
+    // The images of the items, which stay the host's; null for none. Neither lays out nor repaints.
+    virtual void SetImageList(HIMAGELIST hImageList);
+    virtual HIMAGELIST GetImageList() const;
+    // The font becomes the list's, which deletes the one it had. Texts stay prepared in the font that they
+    // were set in.
+    virtual void SetLabelTitleFont(HFONT hFont);
+    virtual void SetLabelHeaderFont(HFONT hFont);
+    virtual void SetLabelTextFont(HFONT hFont);
+    virtual void SetGroupTitleFont(HFONT hFont);
+    virtual HFONT GetLabelTitleFont() const;
+    virtual HFONT GetLabelHeaderFont() const;
+    virtual HFONT GetLabelTextFont() const;
+    virtual HFONT GetGroupTitleFont() const;
+
+    // The header's height and the gap below it, in pixels. The room above the first row follows with the next
+    // SetListStyle or SetItemHeight.
+    virtual UINT GetHeaderHeight() const;
+    virtual void SetHeaderHeight(UINT height);
+    virtual UINT GetHeaderItemSpacing() const;
+    virtual void SetHeaderItemSpacing(UINT spacing);
+
+    // Columns. They are to stand before the first item is made: an item has as many sub-items as there were
+    // columns then, and a column that is inserted or removed moves none of them.
+
+    // `position` past the end appends. `format` is the DT_ format of the column's texts, `cx` and `cxMin` are
+    // pixels, `text` is copied (null for none), `image` is kept for the host, `type` is one of the LCT_
+    // kinds, `rcFormat` as in ListColumn or null; the callbacks may be null. Returns the column's index.
+    virtual UINT InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT cxMin, LPCWSTR text,
+                              UINT image, int type, const RECT* rcFormat, PFNLISTGROUP fktGroup,
+                              PFNLISTSORT fktSort, PFNLISTGET fktGet);
+    // Ignored past the end.
+    virtual void RemoveColumn(UINT column);
+    virtual void RemoveAllColumns();
+    virtual UINT GetColumnCount() const;
+    // Format and width reach the cells with the next SetListStyle, flags too; texts stay prepared in the
+    // format that they were set in, and the header goes on showing the caption that the column was inserted
+    // with: hosts rely on all three.
+    virtual void SetColumnFlags(UINT column, UINT flags);
+    virtual void SetColumnFormat(UINT column, UINT format);
+    virtual void SetColumnCx(UINT column, UINT cx);
+    virtual void SetColumnCxMin(UINT column, UINT cxMin);
+    virtual void SetColumnText(UINT column, LPCWSTR text);
+    virtual void SetColumnImage(UINT column, UINT image);
+    // No repaint.
+    virtual void SetColumnFktGroup(UINT column, PFNLISTGROUP fktGroup);
+    virtual void SetColumnFktSort(UINT column, PFNLISTSORT fktSort);
+    virtual void SetColumnFktGet(UINT column, PFNLISTGET fktGet);
+    virtual UINT GetColumnFlags(UINT column) const;
+    virtual UINT GetColumnFormat(UINT column) const;
+    virtual UINT GetColumnCx(UINT column) const;
+    virtual UINT GetColumnCxMin(UINT column) const;
+    // Valid until the column's text is set or the column removed.
+    virtual LPCWSTR GetColumnText(UINT column) const;
+    virtual UINT GetColumnImage(UINT column) const;
+    virtual int GetColumnType(UINT column) const;
+    // The column's own rectangle, valid as long as the column.
+    virtual RECT* GetColumnFormatRect(UINT column);
+    virtual PFNLISTGROUP GetColumnFktGroup(UINT column) const;
+    virtual PFNLISTSORT GetColumnFktSort(UINT column) const;
+    virtual PFNLISTGET GetColumnFktGet(UINT column) const;
+
+    // Groups. They show in the order of insertion, each above the items that carry its id, which must lie in
+    // that order too: Sort and Group see to it. Past the end, setters do nothing and getters return -1 or
+    // null.
+
+    // Appends a group with a title, copied, in a DT_ format. Returns its index. No layout: Sort, Group or
+    // SetListStyle follows.
+    virtual UINT InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group);
+    // No layout, and the items keep their ids.
+    virtual void RemoveGroup(UINT index);
+    virtual void RemoveAllGroups();
+    virtual UINT GetGroupCount() const;
+    virtual void SetGroupFormat(UINT index, UINT format);
+    // Added, side by side, to the rectangle in which every group's title is drawn. Null is ignored.
+    virtual void SetGroupFormatRect(const RECT* rcFormat);
+    // Of every group's row, in pixels.
+    virtual void SetGroupHeight(UINT height);
+    virtual void SetGroupName(UINT index, LPCWSTR name);
+    virtual void SetGroupImage(UINT index, UINT image);
+    // No layout.
+    virtual void SetGroupGroup(UINT index, UINT group);
+    virtual UINT GetGroupFormat(UINT index) const;
+    // The list's own rectangle.
+    virtual RECT* GetGroupFormatRect();
+    virtual UINT GetGroupHeight() const;
+    // Valid until the group's name is set or a group removed.
+    virtual LPCWSTR GetGroupName(UINT index) const;
+    virtual UINT GetGroupImage(UINT index) const;
+    virtual UINT GetGroupGroup(UINT index) const;
+
+    // Items.
+
+    // `position` past the end appends. `customData` is the host's, for the callbacks; `state`, `text`
+    // (copied, null for none) and `image` are those of the first sub-item. Returns the item's index. In a
+    // list with groups Sort or Group is to follow.
+    virtual UINT InsertItem(UINT position, UINT group, void* customData, UINT state, LPCWSTR text,
+                            UINT image);
+    // Ignored past the end. The cursor and the hot item keep their indices.
+    virtual void RemoveItem(UINT item);
+    virtual void RemoveAllItems();
+    virtual UINT GetItemCount() const;
+    // In pixels. What the view needs at least may make items larger.
+    virtual void SetItemHeight(UINT height);
+    virtual UINT GetItemHeight() const;
+    virtual void SetItemWidth(UINT width);
+    virtual UINT GetItemWidth() const;
+    // No repaint.
+    virtual void SetItemCustomData(UINT item, void* customData);
+    virtual void SetItemGroup(UINT item, UINT group);
+    // Sets the bits of a sub-item that `mask` names to those of `state`.
+    virtual void SetItemState(UINT item, UINT subItem, UINT state, UINT mask);
+    // The text is copied; null for none. During a bulk fill it is prepared at its end.
+    virtual void SetItemText(UINT item, UINT subItem, LPCWSTR text);
+    virtual void SetItemImage(UINT item, UINT subItem, UINT image);
+    virtual void* GetItemCustomData(UINT item) const;
+    virtual UINT GetItemGroup(UINT item) const;
+    virtual UINT GetItemState(UINT item, UINT subItem) const;
+    // Valid until the text is set or the item removed.
+    virtual LPCWSTR GetItemText(UINT item, UINT subItem) const;
+    virtual UINT GetItemImage(UINT item, UINT subItem) const;
+    virtual void SetItem(UINT item, UINT group, void* customData);
+    // State, text and image of a sub-item together. During a bulk fill it neither prepares the text nor lays
+    // out.
+    virtual void SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT image);
+
+    // Selection. Past the end, setters do nothing and getters return 0; -1 stands for no item. Setters
+    // repaint.
+    virtual UINT GetSelectedCount() const;
+    virtual void ClearSelection();
+    virtual void SetSelected(UINT item, int on);
+    // 1 or 0.
+    virtual int GetSelected(UINT item) const;
+    // Selects this item alone.
+    virtual void SetFirstSelectedItemIndex(UINT item);
+    // Selects this item besides the others.
+    virtual void SetNextSelectedItemIndex(UINT item);
+    virtual UINT GetFirstSelectedItemIndex() const;
+    // The first one behind `item`.
+    virtual UINT GetNextSelectedItemIndex(UINT item) const;
+    // What the pointer is over: as HitTestInfo's item and subItem.
+    virtual UINT GetHotItem() const;
+    virtual WORD GetHotSubItem() const;
+
+    // Orders the items by the column's fktSort or else by its texts, without case, and then by groups; sets
+    // the header's arrow. A column that is not there leaves the order. Equal items may change places. An item
+    // whose group is none of the groups goes.
+    virtual void Sort(UINT column, bool ascending);
+    // Removes all groups, gives each item the group that the column's fktGroup answers, which is to insert
+    // groups with their index as id, and sorts as before. Column -1 turns grouping off.
+    virtual void Group(UINT column, bool);
+    virtual void GetCurrentSort(UINT* column, bool* ascending) const;
+    // Does nothing: for a derived class to fill.
+    virtual void GetCurrentGroup(UINT* column, bool* ascending) const;
+
+    // The cell of an item, in the content with the header's room above: the scroll position is the caller's
+    // to take off. `subItem` is an element of the item. Empty for an item that has no row.
+    virtual void GetItemRect(RECT* rc, UINT item, UINT subItem) const;
+
+    // In-place editing. The host makes its edit windows, as children of the list, places them by GetItemRect
+    // and hands them over; from then on the list counts as focused while one of them is, and LVN_FIRST tells
+    // when one loses the focus. The windows stay the host's. EndEdit gives them back, and may be called from
+    // that notification.
+    virtual void BeginEdit(UINT count, HWND* windows);
+    virtual void EndEdit();
+
+    // Between the two, items are neither laid out nor shown, and their texts wait to be prepared until the
+    // end, in one go. Ignored on a list that has items.
+    void BulkInsertOn();
+    void BulkInsertOff();
+
+    static ATOM IsolationAwareRegisterClassW();
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What the windows of an in-place edit run on.
+    static LRESULT CALLBACK ListEditProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    static ATOM s_aClass;
+    static HCURSOR s_hColumnSizing;
+
+protected:
+    // Do nothing: for a derived class to fill.
+    void Init(void* pCreateData);
+    void CalculateGroup(UINT group);
+    void CalculateItem(UINT item);
+
+    // Texts
+    // Prepares a text in the fonts of a mode: 1 and 2 the text font and, with ":" behind it, the header font;
+    // 3 only the group title font, as second; 4 and 5 the text font and the title font. The pair is the
+    // caller's, to be given to FreeText; of null it makes nothing.
+    ListTextPair* PrepareText(HDC hdc, UINT mode, LPCWSTR text, RECT* rc, UINT format, int lineHeight);
+    static void FreeText(void* pair);
+    // Draws a pair in rc: 1 and 4 first in the text font, 2 second in the header font, 3 second in the group
+    // title font, 5 second in the title font.
+    void TextOutW(HDC hdc, UINT mode, void* pair, RECT rc);
+
+    // Layout
+    void Calculate();
+    // Mends the layout after one item was inserted or changed.
+    void CalculateU(UINT item, bool inserted);
+    void CalcScrollbars(int contentWidth, int contentHeight, int clientWidth, int clientHeight);
+
+    // Sorting. Neither is stable; both end, and stay inside the array, whatever `compare` answers.
+    void FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare);
+    void SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column);
+
+    // Drawing
+    void Draw(HDC hdc);
+    void DrawItem(HDC hdc, UINT item, RECT rc);
+    void DrawDetailsHeader(HDC hdc, RECT rc);
+    void NcDraw(HDC hdc, RECT rc);
+
+    // Fills all but the point.
+    void HitTest(HitTestInfo* pInfo) const;
+
+    LRESULT OnNcCreate(const CREATESTRUCTW* pcs);
+    LRESULT OnNcDestroy();
+    LRESULT OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams);
+    LRESULT OnCreate(const CREATESTRUCTW* pcs);
+    LRESULT OnDestroy();
+    LRESULT OnGetDlgCode(const MSG* pMessage) const;
+    // Takes a font that stays the host's. The window procedure routes no message here.
+    LRESULT OnSetFont(HFONT hFont, UINT uRedraw);
+    LRESULT OnGetFont() const;
+    LRESULT OnThemeChanged();
+    LRESULT OnEnable(BOOL fEnable);
+    LRESULT OnVScroll(UINT code, UINT position, HWND hwndBar);
+    LRESULT OnHScroll(UINT code, UINT position, HWND hwndBar);
+    LRESULT OnSetFocus(HWND hwndFormer);
+    LRESULT OnKillFocus(HWND hwndNew);
+    LRESULT OnKeyDown(UINT vk, LPARAM lParam, UINT flags);
+    LRESULT OnKeyUp(UINT vk);
+    LRESULT OnChar(UINT character);
+    LRESULT OnCaptureChanged(HWND hwndNew);
+    LRESULT OnLButtonDown(WPARAM keys, POINTS pt);
+    LRESULT OnLButtonUp(WPARAM keys, POINTS pt);
+    LRESULT OnLButtonDblClk(WPARAM keys, POINTS pt);
+    LRESULT OnMouseWheel(UINT keys, int delta, POINTS pt);
+    LRESULT OnMouseMove(WPARAM keys, POINTS pt);
+    LRESULT OnMouseLeave();
+    LRESULT OnSetCursor(HWND hwndUnder, LPARAM lParam);
+    LRESULT OnNotify(UINT id, const NMHDR* pHeader);
+
+    UINT listStyle = GLS_DETAILS;
+    gesso::ItemTheme themeList;
+    gesso::ThemeHandle themeHeader;
+    gesso::ThemeHandle themeButton;
+    HFONT fontLabelTitle = nullptr;
+    HFONT fontLabelHeader = nullptr;
+    HFONT fontLabelText = nullptr;
+    HFONT fontGroupTitle = nullptr;
+    UINT headerArea = 0; // the room above the first row
+    UINT headerHeight = 25;
+    UINT headerItemSpacing = 10;
+    UINT groupHeight = 26;
+    UINT itemWidth = 90; // in use; the base is what was asked for
+    UINT itemWidthBase = 90;
+    UINT itemHeight = 22;
+    UINT itemHeightBase = 22;
+    int lineHeight = 20;
+    UINT itemSpacingX = 0;
+    UINT itemSpacingY = 0;
+    HIMAGELIST imageList = nullptr;
+    OArray<ListColumn*, ListColumn*> columns;
+    OArray<ListGroup*, ListGroup*> groups;
+    OArray<ListItem*, ListItem*> items;
+    HitTestInfo hitPress; // of the last press; all zero between presses
+    HitTestInfo hitHot;   // under the pointer
+    UINT columnCxAtPress = 0;
+    UINT cursorItem = static_cast<UINT>(-1);
+    UINT shiftAnchor = static_cast<UINT>(-1);
+    WORD keyMods = 0;                      // KEYMOD_ bits, as last seen
+    UINT lastItem = static_cast<UINT>(-1); // last acted on
+    // A Group before any Sort sorts by the first column, descending: hosts rely on it.
+    UINT sortColumn = 0;
+    bool sortAscending = false;
+    OArray<stcElementPosition, stcElementPosition const&> elements; // the laid-out rows, in drawing order
+    OArray<stcColumnDrawInfo, stcColumnDrawInfo const&> columnDraw; // what every item shows
+    RECT rcGroupFormat{};
+    UINT contentCx = 10;
+    UINT contentCy = 0;
+    HWND* editWindows = nullptr; // of an edit in progress, ended by null
+    WNDPROC* editProcs = nullptr;
+    bool bulkInsert = false;
+    // The paint history, which a derived class switches on: record keeps the last bitmaps, replay shows one.
+    bool frameRecord = false;
+    bool frameReplay = false;
+    int frameIndex = 0;
+    OArray<stcDrawItem*, stcDrawItem*> frames;
+
+private:
+    friend class gesso::Frame;
+
+    class RowPainter;
+
+    // Data
+    ListColumn* ColumnFor(UINT column, const char* operation) const;
+    ListItem* ItemAt(UINT item) const;
+    ListItem* ItemFor(UINT item, const char* operation) const;
+    ListSubItem* SubItemFor(UINT item, UINT subItem, const char* operation) const;
+    ListGroup* GroupAt(UINT group) const;
+    void NameGroup(ListGroup& group, LPCWSTR name);
+    void StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
+    void PrepareSubItem(ListSubItem& sub, UINT column);
+    void PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column);
+    static void ReleaseColumn(ListColumn* column);
+    static void ReleaseGroup(ListGroup* group);
+    static void ReleaseItem(ListItem* item);
+    void ReleaseColumns();
+    void ReleaseGroups();
+    void ReleaseItems();
+    void ReleaseFrames();
+    void ReleaseFonts();
+    void OpenCellThemes();
+
+    // Cells
+    UINT HeaderRoom() const;
+    UINT ColumnsWidth() const;
+    SIZE CheckBoxSize(HDC hdc) const;
+    stcColumnDrawInfo CheckBoxElement(SIZE size) const;
+    SIZE IconSize() const;
+    void MakeDetailsCell(HDC hdc);
+    bool MakeTilesCell(HDC hdc);
+    void MakeIconsCell();
+    void MakeThreeElements();
+    bool HasTileColumns() const;
+    void AddTileElements(UINT column);
+    int CaptionWidth(UINT column) const;
+
+    // Layout
+    int PlaceElements();
+    void RefreshLayout();
+    UINT FirstRowFrom(UINT item) const;
+    UINT RowOf(UINT item) const;
+    UINT FirstRowReaching(int64_t y) const;
+    void InsertRow(UINT row, UINT item);
+    void FitRow(UINT row);
+    bool IsInOrder(UINT row) const;
+    int ElementsEnd() const;
+    void SetContentHeight(int rowsEnd);
+    void StampRows(UINT first, int right);
+    void StampRowsOfView(UINT first);
+    void ScrollTo(int nBar, int64_t position);
+    void RedrawAll();
+
+    // Sorting
+    void SetSortState(UINT column, UINT state);
+    void SortItems(UINT column, bool ascending);
+    void GatherByGroup();
+    UINT GroupIndexOf(UINT id) const;
+
+    // Drawing
+    void DrawElements(HDC hdc, const RECT& rcClient);
+    void DrawGrid(HDC hdc, UINT first, UINT last) const;
+    int HeaderState(UINT cell, bool fSorted) const;
+    void DrawHeaderPart(HDC hdc, int nPart, int nState, const RECT& rc) const;
+    void DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const;
+    void KeepFrame(HBITMAP hBitmap);
+    void ReplayFrame();
+    LRESULT OnPaint();
+    LRESULT OnNcPaint(WPARAM wRegion);
+    LRESULT OnPrintClient(HDC hdc, LPARAM lParam);
+
+    // Input
+    WORD CellAt(int x, int reach) const;
+    void HitTestHeader(HitTestInfo* pInfo, int x) const;
+    void HitTestRows(HitTestInfo* pInfo, int x, int y) const;
+    bool HitTestRow(HitTestInfo* pInfo, UINT row, int x) const;
+    void HitTestCell(HitTestInfo* pInfo, UINT item, int x) const;
+    POINTS ToScreen(POINTS pt) const;
+    void Click(const HitTestInfo& hit, WORD pressedPart);
+    void SizeColumn(int x);
+    void StartDrag(POINTS pt);
+    void SendItemNotify(UINT code, const HitTestInfo& hit) const;
+    static WORD ModifierKeys();
+    void Navigate(UINT vk, bool fIcons);
+    void OnSpace();
+    void WalkPageUp();
+    void WalkPageDown();
+    void SelectToCursor();
+    void MoveToEdge(UINT edge);
+    void StepForward(UINT target);
+    void StepBack(UINT target);
+    void Step(UINT target, bool fAway);
+    void StepFromNowhere();
+    void BringCursorIntoView(UINT vk);
+
+    // Selection
+    UINT SelectedFrom(UINT item) const;
+    void SelectRange(UINT a, UINT b, bool on = true);
+    void SelectNone();
+    void SelectOnly(UINT item);
+    void SelectByMouse(UINT item, WORD mods);
+    void InvertItem(UINT item);
+
+    // Editing
+    WNDPROC EditProcOf(HWND hwnd) const;
+    bool IsFocusInside() const;
+
+    gesso::OwnerMark m_owner;
+    // Where elements is just what Calculate would make of the records.
+    bool m_fLayoutCurrent = false;
+    // Where the rows lie one below the other, so that a row is found by its place.
+    bool m_fStacked = true;
+    // Where the items' rows stand in the order of their indices, so that a row is found by its item.
+    bool m_fAscending = true;
+    UINT m_groupRowsEnd = 0; // above every index in a group's row
+    bool m_fSizing = false;  // in WM_NCCALCSIZE
+    UINT m_itemChanges = 0;  // counts insertions and removals
+};

@@ -1,0 +1,585 @@
+// Columns, groups and items: the records, and what is stored in them.
+
+#include <gesso/containers/Memory.h>
+#include <gesso/containers/Misuse.h>
+#include <gesso/framework/ControlText.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/list/GList.h>
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+using gesso::WindowContext;
+
+namespace {
+
+constexpr UINT NONE = static_cast<UINT>(-1);
+constexpr UINT LEAST_ITEM_GROWTH = 64;
+
+// Modes of PrepareText.
+constexpr UINT CAPTION_TEXT = 1;
+constexpr UINT GROUP_TEXT = 3;
+
+// A field of a record, or `neutral` without a record.
+template <class RECORD, class VALUE>
+VALUE Field(const RECORD* record, VALUE RECORD::*field, VALUE neutral = VALUE())
+{
+    return record ? record->*field : neutral;
+}
+
+// Stores a field; false without a record.
+template <class RECORD, class VALUE> bool Store(RECORD* record, VALUE RECORD::*field, VALUE value)
+{
+    if (record) {
+        record->*field = value;
+    }
+    return record;
+}
+
+LPWSTR CopyOrNull(LPCWSTR text)
+{
+    return text ? gesso::CopyText(text) : nullptr;
+}
+
+void ReplaceText(LPWSTR& field, LPCWSTR text)
+{
+    gesso::FreeText(std::exchange(field, CopyOrNull(text)));
+}
+
+ListItem* MakeItem(UINT subItemCount)
+{
+    const size_t size = sizeof(ListItem) + subItemCount * sizeof(ListSubItem);
+    auto* item = new (gesso::Allocate(size)) ListItem();
+    std::fill_n(item->SubItems(), subItemCount, ListSubItem());
+    item->subItemCount = subItemCount;
+    return item;
+}
+
+} // namespace
+
+// --- Looking records up
+// -------------------------------------------------------------------------------------------
+
+ListColumn* GList::ColumnFor(UINT column, const char* operation) const
+{
+    if (column < columns.GetLength()) {
+        return columns[column];
+    }
+    gesso::Misuse(operation);
+    return nullptr;
+}
+
+ListItem* GList::ItemAt(UINT item) const
+{
+    return item < items.GetLength() ? items[item] : nullptr;
+}
+
+ListItem* GList::ItemFor(UINT item, const char* operation) const
+{
+    ListItem* record = ItemAt(item);
+    if (!record) {
+        gesso::Misuse(operation);
+    }
+    return record;
+}
+
+ListSubItem* GList::SubItemFor(UINT item, UINT subItem, const char* operation) const
+{
+    ListItem* record = ItemAt(item);
+    ListSubItem* sub = record ? record->SubItem(subItem) : nullptr;
+    if (!sub) {
+        gesso::Misuse(operation);
+    }
+    return sub;
+}
+
+ListGroup* GList::GroupAt(UINT group) const
+{
+    return group < groups.GetLength() ? groups[group] : nullptr;
+}
+
+// --- Columns
+// ------------------------------------------------------------------------------------------------------
+
+UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT cxMin, LPCWSTR text,
+                         UINT image, int type, const RECT* rcFormat, PFNLISTGROUP fktGroup,
+                         PFNLISTSORT fktSort, PFNLISTGET fktGet)
+{
+    position = std::min(position, columns.GetLength());
+    auto* column = new ListColumn{flags,    0,
+                                  format,   cx,
+                                  cxMin,    CopyOrNull(text),
+                                  nullptr,  image,
+                                  type,     rcFormat ? *rcFormat : RECT{-1, -1, -1, -1},
+                                  fktGroup, fktSort,
+                                  fktGet};
+    if (text) {
+        const WindowContext context(m_hWnd);
+        column->prepared = PrepareText(context, CAPTION_TEXT, text, nullptr, format, lineHeight);
+    }
+    columns.InsertAt(position, column);
+    SetListStyle(listStyle);
+    return position;
+}
+
+void GList::ReleaseColumn(ListColumn* column)
+{
+    gesso::FreeText(column->text);
+    FreeText(column->prepared);
+    delete column;
+}
+
+void GList::RemoveColumn(UINT column)
+{
+    if (column < columns.GetLength()) {
+        ReleaseColumn(columns[column]);
+        columns.RemoveAt(column, 1);
+        SetListStyle(listStyle);
+    }
+}
+
+void GList::RemoveAllColumns()
+{
+    ReleaseColumns();
+    SetListStyle(listStyle);
+}
+
+void GList::ReleaseColumns()
+{
+    for (UINT column = 0; column < columns.GetLength(); ++column) {
+        ReleaseColumn(columns[column]);
+    }
+    columns.RemoveAll();
+}
+
+UINT GList::GetColumnCount() const
+{
+    return columns.GetLength();
+}
+
+void GList::SetColumnFlags(UINT column, UINT flags)
+{
+    if (Store(ColumnFor(column, "GList::SetColumnFlags: no such column"), &ListColumn::flags, flags)) {
+        RefreshLayout();
+    }
+}
+
+void GList::SetColumnFormat(UINT column, UINT format)
+{
+    if (Store(ColumnFor(column, "GList::SetColumnFormat: no such column"), &ListColumn::format, format)) {
+        RefreshLayout();
+    }
+}
+
+void GList::SetColumnCx(UINT column, UINT cx)
+{
+    if (Store(ColumnFor(column, "GList::SetColumnCx: no such column"), &ListColumn::cx, cx)) {
+        Calculate();
+    }
+}
+
+void GList::SetColumnCxMin(UINT column, UINT cxMin)
+{
+    if (Store(ColumnFor(column, "GList::SetColumnCxMin: no such column"), &ListColumn::cxMin, cxMin)) {
+        RefreshLayout();
+    }
+}
+
+// The prepared caption stays, so that the header goes on showing the former text: hosts rely on it.
+void GList::SetColumnText(UINT column, LPCWSTR text)
+{
+    if (ListColumn* record = ColumnFor(column, "GList::SetColumnText: no such column")) {
+        ReplaceText(record->text, text);
+        RefreshLayout();
+    }
+}
+
+void GList::SetColumnImage(UINT column, UINT image)
+{
+    if (Store(ColumnFor(column, "GList::SetColumnImage: no such column"), &ListColumn::image, image)) {
+        RefreshLayout();
+    }
+}
+
+void GList::SetColumnFktGroup(UINT column, PFNLISTGROUP fktGroup)
+{
+    Store(ColumnFor(column, "GList::SetColumnFktGroup: no such column"), &ListColumn::fktGroup, fktGroup);
+}
+
+void GList::SetColumnFktSort(UINT column, PFNLISTSORT fktSort)
+{
+    Store(ColumnFor(column, "GList::SetColumnFktSort: no such column"), &ListColumn::fktSort, fktSort);
+}
+
+void GList::SetColumnFktGet(UINT column, PFNLISTGET fktGet)
+{
+    Store(ColumnFor(column, "GList::SetColumnFktGet: no such column"), &ListColumn::fktGet, fktGet);
+}
+
+UINT GList::GetColumnFlags(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnFlags: no such column"), &ListColumn::flags);
+}
+
+UINT GList::GetColumnFormat(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnFormat: no such column"), &ListColumn::format);
+}
+
+UINT GList::GetColumnCx(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnCx: no such column"), &ListColumn::cx);
+}
+
+UINT GList::GetColumnCxMin(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnCxMin: no such column"), &ListColumn::cxMin);
+}
+
+LPCWSTR GList::GetColumnText(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnText: no such column"), &ListColumn::text);
+}
+
+UINT GList::GetColumnImage(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnImage: no such column"), &ListColumn::image);
+}
+
+int GList::GetColumnType(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnType: no such column"), &ListColumn::type);
+}
+
+RECT* GList::GetColumnFormatRect(UINT column)
+{
+    ListColumn* record = ColumnFor(column, "GList::GetColumnFormatRect: no such column");
+    return record ? &record->rcFormat : nullptr;
+}
+
+PFNLISTGROUP GList::GetColumnFktGroup(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnFktGroup: no such column"), &ListColumn::fktGroup);
+}
+
+PFNLISTSORT GList::GetColumnFktSort(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnFktSort: no such column"), &ListColumn::fktSort);
+}
+
+PFNLISTGET GList::GetColumnFktGet(UINT column) const
+{
+    return Field(ColumnFor(column, "GList::GetColumnFktGet: no such column"), &ListColumn::fktGet);
+}
+
+// --- Groups
+// -------------------------------------------------------------------------------------------------------
+
+UINT GList::InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group)
+{
+    auto* record = new ListGroup{format, image, group, {}, nullptr};
+    NameGroup(*record, name);
+    m_fLayoutCurrent = false;
+    return groups.Add(record);
+}
+
+void GList::NameGroup(ListGroup& group, LPCWSTR name)
+{
+    group.name = OString<wchar_t>::Build(L"%s", gesso::TextOrEmpty(name));
+    const WindowContext context(m_hWnd);
+    ListTextPair* prepared = PrepareText(context, GROUP_TEXT, group.name, nullptr, group.format, lineHeight);
+    FreeText(std::exchange(group.prepared, prepared));
+}
+
+void GList::ReleaseGroup(ListGroup* group)
+{
+    FreeText(group->prepared);
+    delete group;
+}
+
+void GList::RemoveGroup(UINT group)
+{
+    if (group < groups.GetLength()) {
+        ReleaseGroup(groups[group]);
+        groups.RemoveAt(group, 1);
+        m_fLayoutCurrent = false;
+    }
+}
+
+void GList::RemoveAllGroups()
+{
+    ReleaseGroups();
+}
+
+void GList::ReleaseGroups()
+{
+    for (UINT group = 0; group < groups.GetLength(); ++group) {
+        ReleaseGroup(groups[group]);
+    }
+    groups.RemoveAll();
+    m_fLayoutCurrent = false;
+}
+
+UINT GList::GetGroupCount() const
+{
+    return groups.GetLength();
+}
+
+void GList::SetGroupFormat(UINT group, UINT format)
+{
+    if (Store(GroupAt(group), &ListGroup::format, format)) {
+        RefreshLayout();
+    }
+}
+
+void GList::SetGroupFormatRect(const RECT* rcFormat)
+{
+    if (rcFormat) {
+        rcGroupFormat = *rcFormat;
+        RefreshLayout();
+    }
+}
+
+void GList::SetGroupHeight(UINT height)
+{
+    groupHeight = height;
+    Calculate();
+}
+
+void GList::SetGroupName(UINT group, LPCWSTR name)
+{
+    if (ListGroup* record = GroupAt(group)) {
+        NameGroup(*record, name);
+        RefreshLayout();
+    }
+}
+
+void GList::SetGroupImage(UINT group, UINT image)
+{
+    if (Store(GroupAt(group), &ListGroup::image, image)) {
+        RefreshLayout();
+    }
+}
+
+void GList::SetGroupGroup(UINT group, UINT id)
+{
+    if (Store(GroupAt(group), &ListGroup::group, id)) {
+        m_fLayoutCurrent = false;
+    }
+}
+
+UINT GList::GetGroupFormat(UINT group) const
+{
+    return Field(GroupAt(group), &ListGroup::format, NONE);
+}
+
+RECT* GList::GetGroupFormatRect()
+{
+    return &rcGroupFormat;
+}
+
+UINT GList::GetGroupHeight() const
+{
+    return groupHeight;
+}
+
+LPCWSTR GList::GetGroupName(UINT group) const
+{
+    const ListGroup* record = GroupAt(group);
+    return record ? static_cast<LPCWSTR>(record->name) : nullptr;
+}
+
+UINT GList::GetGroupImage(UINT group) const
+{
+    return Field(GroupAt(group), &ListGroup::image, NONE);
+}
+
+UINT GList::GetGroupGroup(UINT group) const
+{
+    return Field(GroupAt(group), &ListGroup::group, NONE);
+}
+
+// --- Items
+// --------------------------------------------------------------------------------------------------------
+
+UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, LPCWSTR text, UINT image)
+{
+    position = std::min(position, items.GetLength());
+    // A list without columns keeps the text all the same.
+    ListItem* item = MakeItem(std::max(GetColumnCount(), 1U));
+    item->group = group;
+    item->customData = customData;
+    item->SubItems()->state = state;
+    item->SubItems()->image = image;
+    item->SubItems()->text = CopyOrNull(text);
+    const UINT count = items.GetLength();
+    if (count == items.GetBufferLength()) {
+        items.AllocExtra(count + std::max(count / 2, LEAST_ITEM_GROWTH));
+    }
+    items.InsertAt(position, item);
+    ++m_itemChanges;
+    if (bulkInsert) {
+        m_fLayoutCurrent = false;
+        return position;
+    }
+    PrepareSubItem(*item->SubItems(), 0);
+    StampRowsOfView(position);
+    CalculateU(position, true);
+    return position;
+}
+
+void GList::ReleaseItem(ListItem* item)
+{
+    for (UINT subItem = 0; subItem < item->subItemCount; ++subItem) {
+        gesso::FreeText(item->SubItems()[subItem].text);
+        FreeText(item->SubItems()[subItem].prepared);
+    }
+    gesso::Free(item);
+}
+
+void GList::RemoveItem(UINT item)
+{
+    if (item < items.GetLength()) {
+        ReleaseItem(items[item]);
+        items.RemoveAt(item, 1);
+        ++m_itemChanges;
+        Calculate();
+    }
+}
+
+void GList::RemoveAllItems()
+{
+    ReleaseItems();
+    Calculate();
+}
+
+void GList::ReleaseItems()
+{
+    for (UINT item = 0; item < items.GetLength(); ++item) {
+        ReleaseItem(items[item]);
+    }
+    items.RemoveAll();
+    ++m_itemChanges;
+}
+
+UINT GList::GetItemCount() const
+{
+    return items.GetLength();
+}
+
+void GList::SetItemHeight(UINT height)
+{
+    itemHeight = itemHeightBase = height;
+    headerArea = HeaderRoom();
+    Calculate();
+}
+
+UINT GList::GetItemHeight() const
+{
+    return itemHeight;
+}
+
+void GList::SetItemWidth(UINT width)
+{
+    itemWidth = itemWidthBase = width;
+    Calculate();
+}
+
+UINT GList::GetItemWidth() const
+{
+    return itemWidth;
+}
+
+void GList::SetItemCustomData(UINT item, void* customData)
+{
+    Store(ItemFor(item, "GList::SetItemCustomData: no such item"), &ListItem::customData, customData);
+}
+
+void GList::SetItemGroup(UINT item, UINT group)
+{
+    if (Store(ItemFor(item, "GList::SetItemGroup: no such item"), &ListItem::group, group)) {
+        Calculate();
+    }
+}
+
+void GList::SetItem(UINT item, UINT group, void* customData)
+{
+    if (ListItem* record = ItemFor(item, "GList::SetItem: no such item")) {
+        record->group = group;
+        record->customData = customData;
+        Calculate();
+    }
+}
+
+void GList::SetItemState(UINT item, UINT subItem, UINT state, UINT mask)
+{
+    if (ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemState: no such sub-item")) {
+        sub->state = (sub->state & ~mask) | state;
+        RefreshLayout();
+    }
+}
+
+void GList::SetItemImage(UINT item, UINT subItem, UINT image)
+{
+    if (Store(SubItemFor(item, subItem, "GList::SetItemImage: no such sub-item"), &ListSubItem::image, image))
+    {
+        RefreshLayout();
+    }
+}
+
+void GList::SetItemText(UINT item, UINT subItem, LPCWSTR text)
+{
+    if (ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemText: no such sub-item")) {
+        StoreText(*sub, subItem, text);
+        CalculateU(item, false);
+    }
+}
+
+void GList::SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT image)
+{
+    ListSubItem* sub = SubItemFor(item, subItem, "GList::SetSubItem: no such sub-item");
+    if (!sub) {
+        return;
+    }
+    sub->state = state;
+    sub->image = image;
+    StoreText(*sub, subItem, text);
+    if (!bulkInsert) {
+        RefreshLayout();
+    }
+}
+
+void GList::StoreText(ListSubItem& sub, UINT column, LPCWSTR text)
+{
+    ReplaceText(sub.text, text);
+    FreeText(std::exchange(sub.prepared, nullptr));
+    if (!bulkInsert) {
+        PrepareSubItem(sub, column);
+    }
+}
+
+void* GList::GetItemCustomData(UINT item) const
+{
+    return Field(ItemFor(item, "GList::GetItemCustomData: no such item"), &ListItem::customData);
+}
+
+UINT GList::GetItemGroup(UINT item) const
+{
+    return Field(ItemFor(item, "GList::GetItemGroup: no such item"), &ListItem::group);
+}
+
+UINT GList::GetItemState(UINT item, UINT subItem) const
+{
+    return Field(SubItemFor(item, subItem, "GList::GetItemState: no such sub-item"), &ListSubItem::state);
+}
+
+LPCWSTR GList::GetItemText(UINT item, UINT subItem) const
+{
+    return Field(SubItemFor(item, subItem, "GList::GetItemText: no such sub-item"), &ListSubItem::text);
+}
+
+UINT GList::GetItemImage(UINT item, UINT subItem) const
+{
+    return Field(SubItemFor(item, subItem, "GList::GetItemImage: no such sub-item"), &ListSubItem::image);
+}

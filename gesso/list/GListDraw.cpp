@@ -1,0 +1,486 @@
+// Painting. Nothing is measured or shaped here, and only the rows that show are visited.
+
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/NonClientPaint.h>
+#include <gesso/framework/ThemePart.h>
+#include <gesso/list/GList.h>
+#include <gesso/list/Saturate.h>
+#include <gesso/text/CDrawText.h>
+
+#include <algorithm>
+#include <utility>
+
+using gesso::Frame;
+using gesso::PlainPart;
+using gesso::Saturated;
+using gesso::SelectScope;
+using gesso::ThemePart;
+
+namespace {
+
+constexpr COLORREF CAPTION_COLOR = 0x767676;
+constexpr int USUAL_MARGIN = 2;
+constexpr int HEADER_TOP = 5; // of the captions, and the bottom of the sort arrow, in the window
+constexpr UINT MOST_FRAMES = 100;
+constexpr RECT FRAME_NUMBER_RECT{0, 0, 50, 20};
+
+int Margin(LONG side)
+{
+    return side == -1 ? USUAL_MARGIN : side;
+}
+
+RECT Shifted(const RECT& rc, int64_t dx, int64_t dy)
+{
+    return {Saturated(rc.left + dx), Saturated(rc.top + dy), Saturated(rc.right + dx),
+            Saturated(rc.bottom + dy)};
+}
+
+void Inset(RECT& rc, int64_t left, int64_t top, int64_t right, int64_t bottom)
+{
+    rc = {Saturated(rc.left + left), Saturated(rc.top + top), Saturated(rc.right - right),
+          Saturated(rc.bottom - bottom)};
+}
+
+// The font in the context, changed only where the next text needs another, and put back at the end.
+class FontCursor
+{
+public:
+    explicit FontCursor(HDC hdc) : m_hdc(hdc) {}
+    ~FontCursor()
+    {
+        if (m_hFirst) {
+            SelectObject(m_hdc, m_hFirst);
+        }
+    }
+    FontCursor(const FontCursor&) = delete;
+    FontCursor& operator=(const FontCursor&) = delete;
+
+    void Select(HFONT hFont)
+    {
+        if (hFont && hFont != m_hNow) {
+            const HGDIOBJ hFormer = SelectObject(m_hdc, hFont);
+            m_hFirst = m_hFirst ? m_hFirst : hFormer;
+            m_hNow = hFont;
+        }
+    }
+
+private:
+    HDC m_hdc;
+    HGDIOBJ m_hFirst = nullptr;
+    HFONT m_hNow = nullptr;
+};
+
+} // namespace
+
+// One paint of items: what all of them need is asked once.
+class GList::RowPainter
+{
+public:
+    RowPainter(GList& list, HDC hdc);
+    RowPainter(const RowPainter&) = delete;
+    RowPainter& operator=(const RowPainter&) = delete;
+
+    void DrawItem(UINT index, const RECT& rc);
+    void DrawGroup(UINT index, RECT rc);
+
+private:
+    void DrawHighlight(const ListItem& item, bool fHot, const RECT& rc) const;
+    void DrawCheckBox(UINT index, const RECT& rc) const;
+    int CheckBoxState(bool fChecked) const;
+    RECT ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow) const;
+    void DrawElement(const stcColumnDrawInfo& element, const ListSubItem& sub, RECT rc);
+    void DrawSubText(const ListSubItem& sub, bool fTitle, const RECT& rc);
+    void DrawCaption(UINT column, const RECT& rc);
+    void DrawImage(UINT image, const RECT& rc) const;
+    void DrawIn(HFONT hFont, void* hText, const RECT& rc);
+
+    GList& m_list;
+    HDC m_hdc;
+    FontCursor m_fonts;
+    bool m_fFocused;
+    bool m_fDisabled;
+    int m_border;
+    UINT m_imageCount = 0;
+    SIZE m_icon;
+};
+
+GList::RowPainter::RowPainter(GList& list, HDC hdc)
+    : m_list(list), m_hdc(hdc), m_fonts(hdc), m_fFocused(list.IsFocusInside()),
+      m_fDisabled(Frame::Style(list) & WS_DISABLED), m_border(list.themeList.BorderSize()),
+      m_icon(list.IconSize())
+{
+    int count = 0;
+    if (list.imageList) {
+        reinterpret_cast<IImageList*>(list.imageList)->GetImageCount(&count);
+    }
+    m_imageCount = static_cast<UINT>(count);
+}
+
+void GList::RowPainter::DrawIn(HFONT hFont, void* hText, const RECT& rc)
+{
+    if (hText) {
+        m_fonts.Select(hFont);
+        CDrawText::DrawTextW(m_hdc, hText, rc);
+    }
+}
+
+void GList::RowPainter::DrawGroup(UINT index, RECT rc)
+{
+    const RECT& format = m_list.rcGroupFormat;
+    rc = {Saturated(int64_t{rc.left} + format.left), Saturated(int64_t{rc.top} + format.top),
+          Saturated(int64_t{rc.right} + format.right), Saturated(int64_t{rc.bottom} + format.bottom)};
+    if (const ListGroup* group = m_list.GroupAt(index)) {
+        DrawIn(m_list.fontGroupTitle, group->prepared->second, rc);
+    }
+}
+
+void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
+{
+    // After an insertion into a list with groups a row may stand for no item until the next layout.
+    ListItem* item = m_list.ItemAt(index);
+    if (!item) {
+        return;
+    }
+    const auto& elements = m_list.columnDraw;
+    const bool fCheckBoxes = m_list.listStyle & GLS_CHECKBOXES;
+    DrawHighlight(*item, m_list.hitHot.item == index, rc);
+    if (fCheckBoxes && elements.GetLength() > 0) {
+        DrawCheckBox(index, Shifted(elements[0].rect, rc.left, rc.top));
+    }
+    for (UINT k = fCheckBoxes ? 1 : 0; k < elements.GetLength(); ++k) {
+        if (const ListSubItem* sub = item->SubItem(elements[k].column)) {
+            DrawElement(elements[k], *sub, ContentOf(elements[k], rc));
+        }
+    }
+}
+
+void GList::RowPainter::DrawHighlight(const ListItem& item, bool fHot, const RECT& rc) const
+{
+    const auto draw = [&](int nState) { m_list.themeList.DrawRow(m_hdc, nState, rc); };
+    if (item.state & LIS_SELECTED) {
+        draw(!m_fFocused ? LISS_SELECTEDNOTFOCUS : fHot ? LISS_HOTSELECTED : LISS_SELECTED);
+    } else if (fHot) {
+        draw(LISS_HOT);
+    } else if (m_fDisabled) {
+        draw(LISS_DISABLED);
+    }
+}
+
+// All check boxes of a list light up and press together, by the state of the control: hosts know them so.
+int GList::RowPainter::CheckBoxState(bool fChecked) const
+{
+    constexpr DWORD HOT_AND_PRESSED = GWS_HOT | GWS_PRESSED;
+    const DWORD dwState = m_list.m_dwState;
+    const int nChecked = fChecked ? CBS_CHECKEDNORMAL - CBS_UNCHECKEDNORMAL : 0;
+    if ((dwState & HOT_AND_PRESSED) == HOT_AND_PRESSED || (dwState & GWS_KEYDOWN)) {
+        return CBS_UNCHECKEDPRESSED + nChecked;
+    }
+    if (dwState & GWS_HOT) {
+        return CBS_UNCHECKEDHOT + nChecked;
+    }
+    return (m_fDisabled ? CBS_UNCHECKEDDISABLED : CBS_UNCHECKEDNORMAL) + nChecked;
+}
+
+void GList::RowPainter::DrawCheckBox(UINT index, const RECT& rc) const
+{
+    const int nState = CheckBoxState(m_list.GetItemState(index, 0) & LSIS_CHECKED);
+    ThemePart(m_list.themeButton, m_hdc, BP_CHECKBOX, nState, PlainPart::CheckBox).DrawBackground(rc);
+}
+
+// Where an element of a row shows its content.
+RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow) const
+{
+    constexpr UINT VIEWS_WITH_MARGINS = 1; // details and icons
+    RECT rc = Shifted(element.rect, rcRow.left, rcRow.top);
+    Inset(rc, m_border, m_border, m_border, m_border);
+    if ((m_list.listStyle & VIEWS_WITH_MARGINS) && element.column < m_list.columns.GetLength()) {
+        const RECT& margins = m_list.columns[element.column]->rcFormat;
+        Inset(rc, Margin(margins.left), Margin(margins.top), Margin(margins.right), Margin(margins.bottom));
+    }
+    return rc;
+}
+
+void GList::RowPainter::DrawElement(const stcColumnDrawInfo& element, const ListSubItem& sub, RECT rc)
+{
+    switch (element.type) {
+    case LCT_TEXT:
+        if ((m_list.listStyle & GLS_VIEWMASK) != GLS_ICONS) {
+            DrawSubText(sub, false, rc);
+        }
+        break;
+    case LCT_ICONTEXT: DrawSubText(sub, false, rc); break;
+    case LCT_TITLE: DrawSubText(sub, true, rc); break;
+    case LCT_IMAGE:
+    case LCT_ICONIMAGE: DrawImage(sub.image, rc); break;
+    case LCT_IMAGETEXT:
+        DrawImage(sub.image, rc);
+        rc.left = Saturated(rc.left + int64_t{m_icon.cx} * 5 / 4);
+        DrawSubText(sub, false, rc);
+        break;
+    case LCT_CAPTION: DrawCaption(element.column, rc); break;
+    default: break;
+    }
+}
+
+void GList::RowPainter::DrawSubText(const ListSubItem& sub, bool fTitle, const RECT& rc)
+{
+    if (!sub.text || !sub.prepared) {
+        return;
+    }
+    if (fTitle) {
+        DrawIn(m_list.fontLabelTitle, sub.prepared->second, rc);
+    } else {
+        DrawIn(m_list.fontLabelText, sub.prepared->first, rc);
+    }
+}
+
+void GList::RowPainter::DrawCaption(UINT column, const RECT& rc)
+{
+    const ListColumn* c = column < m_list.columns.GetLength() ? m_list.columns[column] : nullptr;
+    if (c && c->text && c->prepared) {
+        SetTextColor(m_hdc, CAPTION_COLOR);
+        DrawIn(m_list.fontLabelHeader, c->prepared->second, rc);
+        SetTextColor(m_hdc, 0);
+    }
+}
+
+void GList::RowPainter::DrawImage(UINT image, const RECT& rc) const
+{
+    if (image >= m_imageCount) {
+        return;
+    }
+    IMAGELISTDRAWPARAMS params{};
+    params.cbSize = sizeof(params);
+    params.himl = m_list.imageList;
+    params.i = static_cast<int>(image);
+    params.hdcDst = m_hdc;
+    params.x = rc.left;
+    params.y = rc.top;
+    params.cx = m_icon.cx;
+    params.cy = m_icon.cy;
+    params.rgbBk = CLR_NONE;
+    params.fStyle = ILD_NORMAL;
+    reinterpret_cast<IImageList*>(m_list.imageList)->Draw(&params);
+}
+
+void GList::DrawItem(HDC hdc, UINT item, RECT rc)
+{
+    RowPainter(*this, hdc).DrawItem(item, rc);
+}
+
+// --- The client area
+// ----------------------------------------------------------------------------------------------
+
+void GList::Draw(HDC hdc)
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const gesso::TransparentScope mode(hdc);
+    DrawThemeParentBackground(m_hWnd, hdc, &rc);
+    RECT rcFrame = rc;
+    InflateRect(&rcFrame, 2, 2);
+    themeList.DrawBackground(hdc, rcFrame);
+    DrawElements(hdc, rc);
+    if (listStyle & GLS_HEADER) {
+        rc.bottom = Saturated(int64_t{rc.top} + headerHeight);
+        DrawDetailsHeader(hdc, rc);
+    }
+}
+
+void GList::DrawElements(HDC hdc, const RECT& rcClient)
+{
+    const int64_t x = int64_t{rcClient.left} - m_siH.nPos;
+    const int64_t y = int64_t{headerArea} + rcClient.top - m_siV.nPos;
+    // Rows that lie one below the other need no look once even a title that is moved up would be out of
+    // sight.
+    const int64_t end = int64_t{headerArea} + rcClient.bottom - std::min<int64_t>(rcGroupFormat.top, 0);
+    const UINT count = elements.GetLength();
+    RowPainter painter(*this, hdc);
+    UINT k = FirstRowReaching(int64_t{m_siV.nPos} + 1);
+    while (k < count && !(m_fStacked && elements[k].rect.top + y > end)) {
+        if (elements[k].type == LET_GROUP) {
+            painter.DrawGroup(elements[k].index, Shifted(elements[k].rect, x, y));
+            ++k;
+            continue;
+        }
+        const UINT first = k;
+        const int64_t bottom = int64_t{headerArea} + rcClient.bottom;
+        do {
+            painter.DrawItem(elements[k].index, Shifted(elements[k].rect, x, y));
+            ++k;
+        } while (k < count && elements[k].type == LET_ITEM && elements[k].rect.top + y <= bottom);
+        // A run that reaches below the window ends the painting without its grid: hosts know the grid so.
+        if (k < count && elements[k].type == LET_ITEM) {
+            return;
+        }
+        if (listStyle & GLS_GRIDLINES) {
+            DrawGrid(hdc, first, k - 1);
+        }
+    }
+}
+
+// The grid stays where it is when the list is scrolled: hosts know it so.
+void GList::DrawGrid(HDC hdc, UINT first, UINT last) const
+{
+    const HPEN hPen = CreatePen(PS_SOLID, 1, themeList.GridColor());
+    const auto line = [hdc](int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
+        MoveToEx(hdc, Saturated(x1), Saturated(y1), nullptr);
+        LineTo(hdc, Saturated(x2), Saturated(y2));
+    };
+    {
+        const SelectScope pen(hdc, hPen);
+        const int64_t y = headerArea;
+        const int64_t top = elements[first].rect.top + y;
+        const int64_t bottom = elements[last].rect.bottom + y;
+        const UINT cells = columnDraw.GetLength();
+        line(0, top, 0, bottom);
+        for (UINT cell = 0; cell < cells; ++cell) {
+            line(columnDraw[cell].rect.right, top, columnDraw[cell].rect.right, bottom);
+        }
+        const int right = cells ? columnDraw[cells - 1].rect.right : 0;
+        for (UINT k = first; k <= last; ++k) {
+            line(0, elements[k].rect.top + y, right, elements[k].rect.top + y);
+        }
+        line(0, bottom, right, bottom);
+    }
+    DeleteObject(hPen);
+}
+
+// --- The header
+// ---------------------------------------------------------------------------------------------------
+
+int GList::HeaderState(UINT cell, bool fSorted) const
+{
+    const auto isAt = [cell](const HitTestInfo& hit) {
+        return hit.item == LHI_HEADER && hit.subItem == cell;
+    };
+    if (isAt(hitPress)) {
+        return fSorted ? HIS_SORTEDPRESSED : HIS_PRESSED;
+    }
+    if (isAt(hitHot)) {
+        return fSorted ? HIS_SORTEDHOT : HIS_HOT;
+    }
+    return fSorted ? HIS_SORTEDNORMAL : HIS_NORMAL;
+}
+
+void GList::DrawHeaderPart(HDC hdc, int nPart, int nState, const RECT& rc) const
+{
+    const PlainPart plain = nPart == HP_HEADERSORTARROW ? PlainPart::SortArrow : PlainPart::HeaderItem;
+    ThemePart(themeHeader, hdc, nPart, nState, plain).DrawBackground(rc);
+}
+
+void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
+{
+    const UINT column = columnDraw[cell].column;
+    const ListColumn* c = column < columns.GetLength() ? columns[column] : nullptr;
+    const UINT sorted = c ? c->state & (LCS_SORTUP | LCS_SORTDOWN) : 0;
+    DrawHeaderPart(hdc, HP_HEADERITEM, HeaderState(cell, sorted != 0), rc);
+    if (sorted) {
+        const RECT rcArrow{rc.left, rc.top, rc.right, HEADER_TOP};
+        DrawHeaderPart(hdc, HP_HEADERSORTARROW, sorted & LCS_SORTUP ? HSAS_SORTEDUP : HSAS_SORTEDDOWN,
+                       rcArrow);
+    }
+    if (c && c->prepared && c->prepared->first) {
+        Inset(rc, int64_t{nBorder} + Margin(c->rcFormat.left), nBorder,
+              int64_t{nBorder} + Margin(c->rcFormat.right), nBorder);
+        rc.top = HEADER_TOP;
+        const SelectScope font(hdc, fontLabelText);
+        CDrawText::DrawTextW(hdc, c->prepared->first, rc);
+    }
+}
+
+void GList::DrawDetailsHeader(HDC hdc, RECT rc)
+{
+    const int64_t x = int64_t{rc.left} - m_siH.nPos;
+    const int nBorder = themeList.BorderSize();
+    RECT rcCell{rc.left, rc.top, Saturated(x), Saturated(int64_t{rc.top} + headerHeight)};
+    for (UINT cell = 0; cell < columnDraw.GetLength(); ++cell) {
+        rcCell.left = Saturated(columnDraw[cell].rect.left + x);
+        rcCell.right = Saturated(columnDraw[cell].rect.right + x);
+        DrawHeaderCell(hdc, cell, rcCell, nBorder);
+    }
+    const RECT rcRest{rcCell.right, rcCell.top, rc.right, rcCell.bottom};
+    DrawHeaderPart(hdc, HP_HEADERITEMRIGHT, 0, rcRest);
+}
+
+// --- Messages
+// -----------------------------------------------------------------------------------------------------
+
+void GList::NcDraw(HDC hdc, RECT rc)
+{
+    themeList.DrawBackground(hdc, rc);
+    DrawScrollBar(hdc, Frame::Style(*this));
+}
+
+LRESULT GList::OnNcPaint(WPARAM wRegion)
+{
+    const gesso::NonClientPaint paint(m_hWnd, wRegion);
+    NcDraw(paint.Context(), paint.WindowRect());
+    return 0;
+}
+
+LRESULT GList::OnPrintClient(HDC hdc, LPARAM lParam)
+{
+    if (lParam & PRF_NONCLIENT) {
+        const gesso::NonClientPrint print(m_hWnd, hdc);
+        NcDraw(print.Context(), print.WindowRect());
+    }
+    if (lParam & PRF_CLIENT) {
+        Draw(hdc);
+    }
+    return 0;
+}
+
+LRESULT GList::OnPaint()
+{
+    if (frameReplay) {
+        ReplayFrame();
+        return 0;
+    }
+    gesso::BufferedPaint paint(m_hWnd);
+    Draw(paint.Context());
+    if (frameRecord) {
+        KeepFrame(paint.KeepBitmap());
+    }
+    return 0;
+}
+
+// --- The paint history
+// --------------------------------------------------------------------------------------------
+
+void GList::KeepFrame(HBITMAP hBitmap)
+{
+    frames.Add(reinterpret_cast<stcDrawItem*>(hBitmap));
+    if (frames.GetLength() > MOST_FRAMES) {
+        DeleteObject(reinterpret_cast<HBITMAP>(frames[0]));
+        frames.RemoveAt(0, 1);
+    }
+}
+
+void GList::ReplayFrame()
+{
+    PAINTSTRUCT ps{};
+    const HDC hdc = BeginPaint(m_hWnd, &ps);
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const auto frame = static_cast<UINT>(frameIndex);
+    const HDC hdcFrame = CreateCompatibleDC(hdc);
+    {
+        const SelectScope bitmap(hdcFrame, frame < frames.GetLength() ? HGDIOBJ(frames[frame]) : nullptr);
+        BitBlt(hdc, 0, 0, rc.right, rc.bottom, hdcFrame, 0, 0, SRCCOPY);
+    }
+    DeleteDC(hdcFrame);
+    RECT rcNumber = FRAME_NUMBER_RECT;
+    ::DrawTextW(hdc, OString<wchar_t>::Build(L"%i", frameIndex), -1, &rcNumber, 0);
+    EndPaint(m_hWnd, &ps);
+}
+
+void GList::ReleaseFrames()
+{
+    for (UINT frame = 0; frame < frames.GetLength(); ++frame) {
+        DeleteObject(reinterpret_cast<HBITMAP>(frames[frame]));
+    }
+    frames.RemoveAll();
+}

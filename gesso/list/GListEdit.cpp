@@ -1,0 +1,97 @@
+// In-place editing: the host's edit windows run on the list's procedure meanwhile, which tells the list when
+// one of them loses the focus.
+
+#include <gesso/containers/Misuse.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/list/GList.h>
+
+#include <utility>
+
+using gesso::Frame;
+
+namespace {
+
+WNDPROC ProcOf(HWND hwnd)
+{
+    return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd, GWLP_WNDPROC));
+}
+
+WNDPROC SetProc(HWND hwnd, WNDPROC pfn)
+{
+    return reinterpret_cast<WNDPROC>(SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfn)));
+}
+
+} // namespace
+
+void GList::BeginEdit(UINT count, HWND* windows)
+{
+    if (editWindows) {
+        EndEdit();
+    }
+    editWindows = new HWND[count + 1]{};
+    editProcs = new WNDPROC[count + 1]{};
+    for (UINT i = 0; windows && i < count && windows[i]; ++i) {
+        editWindows[i] = windows[i];
+        editProcs[i] = SetProc(windows[i], ListEditProc);
+    }
+}
+
+void GList::EndEdit()
+{
+    if (!editWindows) {
+        gesso::Misuse("GList::EndEdit: no edit in progress");
+        return;
+    }
+    for (UINT i = 0; editWindows[i]; ++i) {
+        if (IsWindow(editWindows[i])) {
+            SetProc(editWindows[i], editProcs[i]);
+        }
+    }
+    delete[] std::exchange(editWindows, nullptr);
+    delete[] std::exchange(editProcs, nullptr);
+}
+
+// The window's own procedure; null for a window that is none of the edit's.
+WNDPROC GList::EditProcOf(HWND hwnd) const
+{
+    for (UINT i = 0; editWindows && editWindows[i]; ++i) {
+        if (editWindows[i] == hwnd) {
+            return editProcs[i];
+        }
+    }
+    return nullptr;
+}
+
+bool GList::IsFocusInside() const
+{
+    const HWND hwndFocus = GetFocus();
+    return hwndFocus && (hwndFocus == m_hWnd || EditProcOf(hwndFocus));
+}
+
+LRESULT CALLBACK GList::ListEditProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    const HWND hwndList = ::GetParent(hwnd);
+    if (uMsg == WM_KILLFOCUS) {
+        NMHDR header{hwnd, static_cast<UINT_PTR>(GetDlgCtrlID(hwnd)), static_cast<UINT>(NM_KILLFOCUS)};
+        SendMessageW(hwndList, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    }
+    // The host may have ended the edit in the notification, or begun another, or destroyed any of the two
+    // windows.
+    const auto* list = Frame::ObjectOf<GList>(hwndList);
+    const WNDPROC pfnSaved = list ? list->EditProcOf(hwnd) : nullptr;
+    const WNDPROC pfn = pfnSaved ? pfnSaved : ProcOf(hwnd);
+    if (!pfn || pfn == ListEditProc) {
+        return IsWindow(hwnd) ? DefWindowProcW(hwnd, uMsg, wParam, lParam) : 0;
+    }
+    return CallWindowProcW(pfn, hwnd, uMsg, wParam, lParam);
+}
+
+// A child's loss of the focus is the end of its edit to the parent, also where the focus goes to another of
+// the edit's windows: hosts rely on it.
+LRESULT GList::OnNotify(UINT, const NMHDR* pHeader)
+{
+    if (pHeader && pHeader->code == static_cast<UINT>(NM_KILLFOCUS)) {
+        Frame::SendNotify(*this, static_cast<UINT>(LVN_FIRST));
+    }
+    return 0;
+}

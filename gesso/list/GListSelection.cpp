@@ -1,0 +1,112 @@
+// The selection: a bit of each item. None of the public operations sends a notification.
+
+#include <gesso/list/GList.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr UINT NONE = static_cast<UINT>(-1);
+
+} // namespace
+
+UINT GList::GetSelectedCount() const
+{
+    const auto* first = items.GetData();
+    const auto isSelected = [](const ListItem* item) { return (item->state & LIS_SELECTED) != 0; };
+    return static_cast<UINT>(std::count_if(first, first + items.GetLength(), isSelected));
+}
+
+void GList::ClearSelection()
+{
+    SelectNone();
+    Invalidate(0);
+}
+
+void GList::SetSelected(UINT item, int on)
+{
+    if (item < items.GetLength()) {
+        SelectRange(item, item, on != 0);
+        Invalidate(0);
+    }
+}
+
+int GList::GetSelected(UINT item) const
+{
+    const ListItem* record = ItemAt(item);
+    return record && (record->state & LIS_SELECTED) ? 1 : 0;
+}
+
+void GList::SetFirstSelectedItemIndex(UINT item)
+{
+    if (item < items.GetLength()) {
+        ClearSelection();
+        SelectRange(item, item);
+        Invalidate(0);
+    }
+}
+
+void GList::SetNextSelectedItemIndex(UINT item)
+{
+    if (item < items.GetLength()) {
+        SelectRange(item, item);
+        Invalidate(0);
+    }
+}
+
+UINT GList::GetFirstSelectedItemIndex() const
+{
+    return SelectedFrom(0);
+}
+
+UINT GList::GetNextSelectedItemIndex(UINT item) const
+{
+    return item == NONE ? NONE : SelectedFrom(item + 1);
+}
+
+UINT GList::GetHotItem() const
+{
+    return hitHot.item;
+}
+
+WORD GList::GetHotSubItem() const
+{
+    return hitHot.subItem;
+}
+
+// --- What the user's input is made of
+// -----------------------------------------------------------------------------
+
+UINT GList::SelectedFrom(UINT item) const
+{
+    while (item < items.GetLength() && !GetSelected(item)) {
+        ++item;
+    }
+    return item < items.GetLength() ? item : NONE;
+}
+
+// Both ends included, in either order; what lies past the end is left out.
+void GList::SelectRange(UINT a, UINT b, bool on)
+{
+    const UINT count = items.GetLength();
+    for (UINT item = std::min(a, b); item < count && item <= std::max(a, b); ++item) {
+        UINT& state = items[item]->state;
+        state = on ? state | LIS_SELECTED : state & ~LIS_SELECTED;
+    }
+}
+
+void GList::SelectNone()
+{
+    SelectRange(0, NONE, false);
+}
+
+void GList::SelectOnly(UINT item)
+{
+    SelectNone();
+    SelectRange(item, item);
+}
+
+void GList::InvertItem(UINT item)
+{
+    SelectRange(item, item, !GetSelected(item));
+}

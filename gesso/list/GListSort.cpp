@@ -1,0 +1,210 @@
+// The order of the items, and their gathering by group.
+
+#include <gesso/containers/Misuse.h>
+#include <gesso/list/GList.h>
+#include <gesso/list/PartitionSort.h>
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+namespace {
+
+constexpr UINT NO_COLUMN = static_cast<UINT>(-1);
+
+struct DataKey
+{
+    void* customData;
+    ListItem* item;
+};
+
+// The text's first four characters, folded and in one number, decide most comparisons without a look at the
+// text.
+struct TextKey
+{
+    uint64_t lead;
+    LPCWSTR text;
+    ListItem* item;
+};
+constexpr int LEAD_LENGTH = 4;
+constexpr int CHARACTER_BITS = 16;
+
+uint64_t LeadOf(LPCWSTR text)
+{
+    uint64_t lead = 0;
+    for (int i = 0; i < LEAD_LENGTH; ++i) {
+        lead = lead << CHARACTER_BITS | static_cast<WORD>(towlower(static_cast<wint_t>(*text)));
+        text += *text ? 1 : 0;
+    }
+    return lead;
+}
+
+// As _wcsicmp orders the texts.
+int OrderTexts(const TextKey& a, const TextKey& b)
+{
+    if (a.lead != b.lead) {
+        return a.lead < b.lead ? -1 : 1;
+    }
+    const bool fWhole = static_cast<WORD>(a.lead) == 0;
+    return fWhole ? 0 : _wcsicmp(a.text + LEAD_LENGTH, b.text + LEAD_LENGTH);
+}
+
+LPCWSTR TextOf(ListItem* item, UINT column)
+{
+    const ListSubItem* sub = item->SubItem(column);
+    return sub && sub->text ? sub->text : L"";
+}
+
+int Reversed(int order)
+{
+    return (order < 0) - (order > 0);
+}
+
+template <class KEY, class ORDER> void SortKeys(std::vector<KEY>& keys, bool ascending, ORDER order)
+{
+    const auto directed = [=](const KEY& a, const KEY& b) {
+        return ascending ? order(a, b) : Reversed(order(a, b));
+    };
+    gesso::PartitionSort<KEY, decltype(directed)>::Sort(keys, directed);
+}
+
+template <class KEY> void StoreItems(const std::vector<KEY>& keys, ListItem** a)
+{
+    std::transform(keys.begin(), keys.end(), a, [](const KEY& key) { return key.item; });
+}
+
+} // namespace
+
+void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare)
+{
+    std::vector<DataKey> keys;
+    std::transform(a, a + n, std::back_inserter(keys), [](ListItem* item) {
+        return DataKey{item->customData, item};
+    });
+    SortKeys(keys, ascending,
+             [compare](const DataKey& x, const DataKey& y) { return compare(x.customData, y.customData); });
+    StoreItems(keys, a);
+}
+
+void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column)
+{
+    std::vector<TextKey> keys;
+    std::transform(a, a + n, std::back_inserter(keys), [column](ListItem* item) {
+        const LPCWSTR text = TextOf(item, column);
+        return TextKey{LeadOf(text), text, item};
+    });
+    SortKeys(keys, ascending, OrderTexts);
+    StoreItems(keys, a);
+}
+
+void GList::SetSortState(UINT column, UINT state)
+{
+    if (column < columns.GetLength()) {
+        columns[column]->state = (columns[column]->state & ~(LCS_SORTUP | LCS_SORTDOWN)) | state;
+    }
+}
+
+void GList::Sort(UINT column, bool ascending)
+{
+    SetSortState(sortColumn, 0);
+    sortColumn = column;
+    sortAscending = ascending;
+    SetSortState(column, ascending ? LCS_SORTUP : LCS_SORTDOWN);
+    if (items.GetLength() == 0) {
+        return;
+    }
+    if (column < columns.GetLength()) {
+        SortItems(column, ascending);
+    }
+    if (groups.GetLength() > 0) {
+        GatherByGroup();
+    }
+    Calculate();
+}
+
+// Sorts a copy: the callback is not to change the items, and nothing is lost if it does.
+void GList::SortItems(UINT column, bool ascending)
+{
+    const UINT count = items.GetLength();
+    const UINT changes = m_itemChanges;
+    std::vector<ListItem*> sorted(items.GetData(), items.GetData() + count);
+    if (const PFNLISTSORT compare = columns[column]->fktSort) {
+        FastSortItemPtr(sorted.data(), count, ascending, compare);
+    } else {
+        SortAlphabetical(sorted.data(), count, ascending, column);
+    }
+    if (changes != m_itemChanges) {
+        gesso::Misuse("GList::Sort: fktSort changed the items");
+        return;
+    }
+    std::copy(sorted.begin(), sorted.end(), items.GetData());
+}
+
+// Brings the items, within each group in the order that they have, into the order of the groups. An item
+// whose group is none of these goes; one whose id several groups have goes to the first.
+void GList::GatherByGroup()
+{
+    std::unordered_map<UINT, UINT> groupOf;
+    for (UINT group = 0; group < groups.GetLength(); ++group) {
+        groupOf.try_emplace(groups[group]->group, group);
+    }
+    std::vector<std::vector<ListItem*>> members(groups.GetLength());
+    for (UINT i = 0; i < items.GetLength(); ++i) {
+        const auto found = groupOf.find(items[i]->group);
+        if (found != groupOf.end()) {
+            members[found->second].push_back(items[i]);
+        } else {
+            ReleaseItem(items[i]);
+        }
+    }
+    items.RemoveAll();
+    ++m_itemChanges;
+    for (const auto& group : members) {
+        items.Add(group.data(), static_cast<UINT>(group.size()));
+    }
+}
+
+// The items are left with the index of their group, while sorting and layout go by its id: hosts give their
+// groups ids that are the indices.
+void GList::Group(UINT column, bool)
+{
+    RemoveAllGroups();
+    if (items.GetLength() == 0) {
+        Calculate();
+        return;
+    }
+    const bool fOff = column == NO_COLUMN;
+    const PFNLISTGROUP groupOf = column < columns.GetLength() ? columns[column]->fktGroup : nullptr;
+    for (UINT i = 0; (fOff || groupOf) && i < items.GetLength(); ++i) {
+        const UINT id = fOff ? 0 : groupOf(this, items[i]->customData);
+        if (i < items.GetLength()) {
+            items[i]->group = fOff ? id : GroupIndexOf(id);
+        }
+    }
+    m_fLayoutCurrent = false;
+    Sort(sortColumn, sortAscending);
+    RefreshLayout();
+}
+
+// The index of the first group with an id; the id itself without such a group.
+UINT GList::GroupIndexOf(UINT id) const
+{
+    for (UINT group = 0; group < groups.GetLength(); ++group) {
+        if (groups[group]->group == id) {
+            return group;
+        }
+    }
+    return id;
+}
+
+void GList::GetCurrentSort(UINT* column, bool* ascending) const
+{
+    if (column) {
+        *column = sortColumn;
+    }
+    if (ascending) {
+        *ascending = sortAscending;
+    }
+}
+
+void GList::GetCurrentGroup(UINT*, bool*) const {}

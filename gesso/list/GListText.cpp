@@ -1,0 +1,125 @@
+// Prepared texts: each text is shaped once, when it enters the list, in the two fonts that it may be drawn
+// in.
+
+#include <gesso/framework/ControlText.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/list/GList.h>
+#include <gesso/text/CDrawText.h>
+
+#include <utility>
+
+using gesso::SelectScope;
+using gesso::WindowContext;
+
+namespace {
+
+constexpr UINT ITEM_TEXT = 4; // mode of PrepareText
+
+void CloseText(void* hText)
+{
+    if (hText) {
+        CDrawText::DrawText_CloseHandle(hText);
+    }
+}
+
+void* PrepareIn(HDC hdc, HFONT hFont, LPCWSTR text, RECT* rc, UINT format, int lineHeight)
+{
+    const SelectScope font(hdc, hFont);
+    return CDrawText::DrawText_Prepare(hdc, text, -1, rc, format, lineHeight, nullptr);
+}
+
+void DrawIn(HDC hdc, HFONT hFont, void* hText, const RECT& rc)
+{
+    if (hText) {
+        const SelectScope font(hdc, hFont);
+        CDrawText::DrawTextW(hdc, hText, rc);
+    }
+}
+
+} // namespace
+
+ListTextPair* GList::PrepareText(HDC hdc, UINT mode, LPCWSTR text, RECT* rc, UINT format, int nLineHeight)
+{
+    auto* pair = new ListTextPair{};
+    const auto prepare = [&](HFONT hFont, LPCWSTR psz) {
+        return PrepareIn(hdc, hFont, psz, rc, format, nLineHeight);
+    };
+    switch (mode) {
+    case 1:
+    case 2:
+        pair->first = prepare(fontLabelText, text);
+        pair->second = prepare(fontLabelHeader, OString<wchar_t>::Build(L"%s:", gesso::TextOrEmpty(text)));
+        break;
+    case 3: pair->second = prepare(fontGroupTitle, text); break;
+    case 4:
+    case 5:
+        pair->first = prepare(fontLabelText, text);
+        pair->second = prepare(fontLabelTitle, text);
+        break;
+    default: break;
+    }
+    return pair;
+}
+
+void GList::FreeText(void* pair)
+{
+    if (auto* texts = static_cast<ListTextPair*>(pair)) {
+        CloseText(texts->first);
+        CloseText(texts->second);
+        delete texts;
+    }
+}
+
+void GList::TextOutW(HDC hdc, UINT mode, void* pair, RECT rc)
+{
+    const auto* texts = static_cast<const ListTextPair*>(pair);
+    if (!texts) {
+        return;
+    }
+    switch (mode) {
+    case 1:
+    case 4: DrawIn(hdc, fontLabelText, texts->first, rc); break;
+    case 2: DrawIn(hdc, fontLabelHeader, texts->second, rc); break;
+    case 3: DrawIn(hdc, fontGroupTitle, texts->second, rc); break;
+    case 5: DrawIn(hdc, fontLabelTitle, texts->second, rc); break;
+    default: break;
+    }
+}
+
+void GList::PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column)
+{
+    if (sub.text) {
+        const UINT format = column < columns.GetLength() ? columns[column]->format : 0;
+        FreeText(
+            std::exchange(sub.prepared, PrepareText(hdc, ITEM_TEXT, sub.text, nullptr, format, lineHeight)));
+    }
+}
+
+void GList::PrepareSubItem(ListSubItem& sub, UINT column)
+{
+    if (sub.text) {
+        PrepareSubItem(WindowContext(m_hWnd), sub, column);
+    }
+}
+
+// --- Bulk fill
+// ----------------------------------------------------------------------------------------------------
+
+void GList::BulkInsertOn()
+{
+    bulkInsert = bulkInsert || items.GetLength() == 0;
+}
+
+void GList::BulkInsertOff()
+{
+    if (!std::exchange(bulkInsert, false)) {
+        return;
+    }
+    const WindowContext context(m_hWnd);
+    for (UINT item = 0; item < items.GetLength(); ++item) {
+        for (UINT subItem = 0; subItem < items[item]->subItemCount; ++subItem) {
+            PrepareSubItem(context, items[item]->SubItems()[subItem], subItem);
+        }
+    }
+    Calculate();
+}

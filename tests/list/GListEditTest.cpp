@@ -1,0 +1,121 @@
+#include "ListFixture.h"
+
+namespace {
+
+using namespace test;
+
+class GListEditTest : public ListFixture
+{
+protected:
+    void SetUp() override
+    {
+        ListFixture::SetUp();
+        MakeList();
+        AddColumns(2);
+        AddItems(3);
+        for (HWND& edit : edits) {
+            edit = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, list,
+                                   reinterpret_cast<HMENU>(5), nullptr, nullptr);
+            ASSERT_TRUE(edit);
+        }
+    }
+    static LONG_PTR ProcOf(HWND hwnd) { return GetWindowLongPtrW(hwnd, GWLP_WNDPROC); }
+
+    HWND edits[2]{};
+};
+
+TEST_F(GListEditTest, AnEditTellsWhenAWindowOfItLosesTheFocus)
+{
+    const LONG_PTR own = ProcOf(edits[0]);
+    list.BeginEdit(2, edits);
+    EXPECT_NE(ProcOf(edits[0]), own);
+    EXPECT_EQ(list.editWindows[1], edits[1]);
+    EXPECT_EQ(list.editWindows[2], nullptr);
+
+    SetFocus(list);
+    host.Take();
+    SetFocus(edits[0]);
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{FOCUS_KILLED}) << "the focus stays inside";
+    SetFocus(edits[1]);
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{EDIT_LEFT});
+    SetFocus(list);
+    EXPECT_EQ(host.TakeCodes(), (std::vector<int>{EDIT_LEFT, FOCUS_SET}));
+    SetFocus(host);
+    EXPECT_EQ(host.TakeCodes(), (std::vector<int>{EDIT_LEFT, FOCUS_KILLED}));
+
+    list.EndEdit();
+    EXPECT_EQ(list.editWindows, nullptr);
+    EXPECT_EQ(ProcOf(edits[0]), own);
+    EXPECT_EQ(ProcOf(edits[1]), own);
+}
+
+TEST_F(GListEditTest, TheEditMayEndInItsNotification)
+{
+    const LONG_PTR own = ProcOf(edits[0]);
+    list.BeginEdit(1, edits);
+    SetFocus(edits[0]);
+    host.onNotify = [&](const Notified& notified) {
+        if (notified.code == EDIT_LEFT) {
+            list.EndEdit();
+        }
+    };
+    SetFocus(host);
+    EXPECT_EQ(ProcOf(edits[0]), own);
+
+    list.BeginEdit(1, edits);
+    SetFocus(edits[0]);
+    host.onNotify = [&](const Notified& notified) {
+        if (notified.code == EDIT_LEFT) {
+            list.EndEdit();
+            DestroyWindow(edits[0]);
+        }
+    };
+    SetFocus(host);
+    EXPECT_FALSE(IsWindow(edits[0]));
+}
+
+TEST_F(GListEditTest, BothWindowsMayGoInTheNotification)
+{
+    list.BeginEdit(1, edits);
+    SetFocus(edits[0]);
+    host.onNotify = [&](const Notified& notified) {
+        if (notified.code == EDIT_LEFT) {
+            DestroyWindow(list);
+        }
+    };
+    SetFocus(host);
+    EXPECT_FALSE(IsWindow(list));
+    EXPECT_FALSE(IsWindow(edits[0]));
+}
+
+TEST_F(GListEditTest, ASecondEditEndsTheFirst)
+{
+    const LONG_PTR own = ProcOf(edits[0]);
+    list.BeginEdit(1, edits);
+    list.BeginEdit(1, edits + 1);
+    EXPECT_EQ(ProcOf(edits[0]), own);
+    list.BeginEdit(1, edits + 1);
+    SetFocus(edits[1]);
+    SetFocus(host);
+    EXPECT_EQ(list.editWindows[0], edits[1]);
+    list.EndEdit();
+}
+
+TEST_F(GListEditTest, AListThatGoesGivesTheWindowsBack)
+{
+    const LONG_PTR own = ProcOf(edits[0]);
+    list.BeginEdit(2, edits);
+    Renew();
+    EXPECT_EQ(ProcOf(edits[0]), own);
+}
+
+// The text that the user types reaches the edit window's own procedure.
+TEST_F(GListEditTest, MessagesReachTheWindowsOwnProcedure)
+{
+    list.BeginEdit(1, edits);
+    SetWindowTextW(edits[0], L"new name");
+    EXPECT_EQ(TextOf(edits[0]), "new name");
+    list.EndEdit();
+}
+
+} // namespace

@@ -1,0 +1,389 @@
+#include "ListFixture.h"
+
+#include <memory>
+
+namespace {
+
+using namespace test;
+
+class GListInputTest : public ListFixture
+{
+protected:
+    void SetUp() override
+    {
+        ListFixture::SetUp();
+        MakeList(GLS_DETAILS | GLS_HEADER);
+        AddColumns(2);
+        AddItems(5);
+        SetFocus(list);
+        list.ClearSelection();
+        host.Take();
+    }
+};
+
+constexpr int HEADER_AREA = 35;
+
+int MiddleOf(UINT item)
+{
+    return HEADER_AREA + static_cast<int>(item) * 22 + 11;
+}
+
+struct HitCase
+{
+    int x, y;
+    int item;
+    int subItem;
+    int part;
+};
+
+TEST_F(GListInputTest, APointHitsTheCellThatShowsThere)
+{
+    constexpr int NONE = 0xFFFF;
+    const HitCase cases[] = {
+        {5, 5, -2, 0, LHP_BODY},
+        {94, 5, -2, 0, LHP_BODY},
+        {95, 5, -2, 0, LHP_DIVIDER},
+        {105, 5, -2, 0, LHP_DIVIDER},
+        {106, 5, -2, 0, LHP_BODY}, // the first column ends 6 behind the second one's left
+        {107, 5, -2, 1, LHP_BODY},
+        {195, 5, -2, 1, LHP_DIVIDER},
+        {200, 5, -2, 1, LHP_DIVIDER},
+        {201, 5, -2, NONE, NONE}, // the last divider's far half
+        {5, HEADER_AREA - 1, -2, 0, LHP_BODY},
+        {5, HEADER_AREA, -1, NONE, NONE}, // the row's first line
+        {5, HEADER_AREA + 1, 0, 0, LHP_BODY},
+        {5, HEADER_AREA + 22, 0, 0, LHP_BODY},
+        {5, HEADER_AREA + 23, 1, 0, LHP_BODY},
+        {100, HEADER_AREA + 23, 1, 0, LHP_BODY},
+        {101, HEADER_AREA + 23, 1, 1, LHP_BODY},
+        {200, HEADER_AREA + 23, 1, 1, LHP_BODY},
+        {201, HEADER_AREA + 23, -1, NONE, NONE},
+        {5, HEADER_AREA + 5 * 22, 4, 0, LHP_BODY},
+        {5, HEADER_AREA + 5 * 22 + 1, -1, NONE, NONE},
+        {-1, 50, -1, NONE, NONE},
+        {5, -1, -1, NONE, NONE},
+        {LIST_CX + 1, 50, -1, NONE, NONE},
+        {5, LIST_CY + 1, -1, NONE, NONE},
+    };
+    for (const HitCase& c : cases) {
+        const GList::HitTestInfo hit = list.HitAt(c.x, c.y);
+        EXPECT_EQ(static_cast<int>(hit.item), c.item) << c.x << "," << c.y;
+        EXPECT_EQ(hit.subItem, c.subItem) << c.x << "," << c.y;
+        EXPECT_EQ(hit.part, c.part) << c.x << "," << c.y;
+        EXPECT_EQ(hit.reserved, END);
+    }
+    list.RemoveAllItems();
+    EXPECT_EQ(list.HitAt(5, 5).item, END) << "an empty list has no header to click";
+}
+
+TEST_F(GListInputTest, GroupRowsCheckBoxesAndIconsHitAsStated)
+{
+    list.SetListStyle(GLS_DETAILS);
+    AddGroup(0);
+    list.Calculate();
+    EXPECT_EQ(list.HitAt(5, 10).item, 0u) << "the group's index";
+    EXPECT_EQ(list.HitAt(5, 10).subItem, 0xFFFF);
+    EXPECT_EQ(list.HitAt(250, 10).item, END);
+    list.RemoveAllGroups();
+
+    list.SetListStyle(GLS_DETAILS | GLS_CHECKBOXES);
+    EXPECT_EQ(list.HitAt(3, 10).subItem, 0) << "the box is the first element";
+    EXPECT_EQ(list.HitAt(3, 10).part, LHP_BODY);
+    EXPECT_EQ(list.HitAt(50, 10).subItem, 1);
+
+    list.SetListStyle(GLS_ICONS);
+    for (int x = 0; x < LIST_CX; x += 7) {
+        for (int y = 0; y < LIST_CY; y += 7) {
+            EXPECT_EQ(list.HitAt(x, y).item, END) << "icons overlap their elements nowhere as required";
+        }
+    }
+}
+
+// Only so many rows as 16 bits of pixels hold can be told apart.
+TEST_F(GListInputTest, AHitFarDownIsTakenIn16Bits)
+{
+    list.SetListStyle(GLS_DETAILS);
+    for (int i = 0; i < 4000; ++i) {
+        list.InsertItem(END, 0, nullptr, 0, nullptr, 0);
+    }
+    list.m_siV.nPos = 22000;
+    EXPECT_EQ(list.HitAt(5, 10).item, 1000u);
+    list.m_siV.nPos = 33000;
+    EXPECT_EQ(list.HitAt(5, 10).item, END);
+    list.m_siV.nPos = 65536 + 2200;
+    EXPECT_EQ(list.HitAt(5, 10).item, 100u);
+}
+
+TEST_F(GListInputTest, AClickSelectsAndTells)
+{
+    Click(150, MiddleOf(2));
+    EXPECT_EQ(list.Selected(), "2");
+    const std::vector<Notified> notified = host.Take();
+    ASSERT_EQ(notified.size(), 1u);
+    const GLISTNOTIFY& record = notified[0].record;
+    EXPECT_EQ(notified[0].code, CLICKED);
+    EXPECT_EQ(record.hdr.hwndFrom, list.GetHwnd());
+    EXPECT_EQ(record.hdr.idFrom, UINT_PTR{LIST_ID});
+    EXPECT_EQ(record.iItem, 2);
+    EXPECT_EQ(record.iSubItem, 1);
+    EXPECT_EQ(record.x, 150);
+    EXPECT_EQ(record.y, MiddleOf(2));
+    EXPECT_EQ(record.uKeyFlags, 0u);
+    EXPECT_EQ(record.vKey, 0u);
+    EXPECT_EQ(record.pItem, nullptr);
+
+    Mouse(WM_LBUTTONDOWN, 5, MiddleOf(0));
+    EXPECT_EQ(GetCapture(), list.GetHwnd());
+    EXPECT_EQ(list.Selected(), "2") << "selection comes with the release";
+    Mouse(WM_LBUTTONUP, 5, MiddleOf(3));
+    EXPECT_EQ(list.Selected(), "2");
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{}) << "released elsewhere";
+    EXPECT_EQ(GetCapture(), nullptr);
+
+    Mouse(WM_LBUTTONDOWN, 5, MiddleOf(0));
+    ReleaseCapture();
+    Mouse(WM_LBUTTONUP, 5, MiddleOf(0));
+    EXPECT_EQ(list.Selected(), "2") << "the capture was lost";
+}
+
+TEST_F(GListInputTest, ModifierKeysExtendAndInvertTheSelection)
+{
+    ClickItem(1);
+    HoldKeys(KEYMOD_SHIFT);
+    ClickItem(3);
+    EXPECT_EQ(list.Selected(), "1 2 3");
+    ClickItem(4);
+    EXPECT_EQ(list.Selected(), "1 2 3 4") << "from the last item on, and nothing is cleared";
+    HoldKeys(KEYMOD_CTRL);
+    ClickItem(2);
+    EXPECT_EQ(list.Selected(), "1 3 4");
+    EXPECT_EQ(list.lastItem, 2u);
+    EXPECT_EQ(host.Take().back().record.uKeyFlags, UINT{LVKF_CONTROL});
+    HoldKeys(KEYMOD_CTRL | KEYMOD_SHIFT);
+    ClickItem(0);
+    EXPECT_EQ(list.Selected(), "0 1 2 3 4");
+    EXPECT_EQ(host.Take().back().record.uKeyFlags, UINT{LVKF_CONTROL | LVKF_SHIFT});
+
+    HoldKeys(KEYMOD_CTRL);
+    Click(5, LIST_CY - 5);
+    EXPECT_EQ(list.GetSelectedCount(), 5u);
+    HoldKeys(0);
+    Click(5, LIST_CY - 5);
+    EXPECT_EQ(list.GetSelectedCount(), 0u) << "a click on nothing";
+    EXPECT_EQ(list.lastItem, END);
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{});
+    HoldKeys(KEYMOD_SHIFT);
+    ClickItem(3);
+    EXPECT_EQ(list.Selected(), "3 4") << "with no last item: to the end";
+}
+
+TEST_F(GListInputTest, ADoubleClickLeavesItsItemSelectedAlone)
+{
+    list.SetSelected(4, 1);
+    HoldKeys(KEYMOD_CTRL);
+    Mouse(WM_LBUTTONDBLCLK, 5, MiddleOf(1));
+    EXPECT_EQ(list.Selected(), "1");
+    EXPECT_EQ(list.lastItem, 1u);
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{DOUBLE_CLICKED});
+    Mouse(WM_LBUTTONDBLCLK, 5, 5);
+    Mouse(WM_LBUTTONDBLCLK, 5, LIST_CY - 5);
+    EXPECT_EQ(list.Selected(), "1");
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{});
+}
+
+TEST_F(GListInputTest, AClickOnAGroupsRowActsOnTheItemOfThatNumber)
+{
+    list.SetListStyle(GLS_DETAILS);
+    AddGroup(0);
+    AddGroup(1);
+    list.SetItemGroup(4, 1);
+    Mouse(WM_MOUSEMOVE, 5, 26 + 4 * 22 + 10);
+    EXPECT_EQ(list.GetHotItem(), 1u);
+    Click(5, 26 + 4 * 22 + 10);
+    EXPECT_EQ(list.Selected(), "1");
+    EXPECT_EQ(host.Take()[0].record.iSubItem, -1);
+}
+
+TEST_F(GListInputTest, AHeaderClickSortsAndReverses)
+{
+    Click(5, 5);
+    EXPECT_EQ(list.Texts(), "item0 item1 item2 item3 item4") << "ascending first";
+    Click(5, 5);
+    EXPECT_EQ(list.Texts(), "item4 item3 item2 item1 item0");
+    Click(150, 5);
+    EXPECT_EQ(list.columns[1]->state, LCS_SORTUP);
+    Click(100, 5);
+    EXPECT_EQ(list.columns[1]->state, LCS_SORTUP) << "the divider sorts nothing";
+    Click(250, 5);
+    EXPECT_EQ(list.columns[1]->state, LCS_SORTUP) << "nor does the room behind the columns";
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{});
+}
+
+TEST_F(GListInputTest, TheDividerSizesItsColumnDownToTheLeastWidth)
+{
+    Mouse(WM_MOUSEMOVE, 100, 5);
+    EXPECT_EQ(SendMessageW(list, WM_SETCURSOR, reinterpret_cast<WPARAM>(list.GetHwnd()), HTCLIENT), 1);
+    Mouse(WM_LBUTTONDOWN, 100, 5);
+    Mouse(WM_MOUSEMOVE, 130, 60);
+    EXPECT_EQ(list.GetColumnCx(0), 130u);
+    EXPECT_EQ(list.columnDraw[1].rect.left, 130);
+    EXPECT_EQ(list.contentCx, 230u);
+    Mouse(WM_MOUSEMOVE, 2, 5);
+    EXPECT_EQ(list.GetColumnCx(0), 20u);
+    Mouse(WM_MOUSEMOVE, -500, 5);
+    EXPECT_EQ(list.GetColumnCx(0), 20u);
+    Mouse(WM_MOUSEMOVE, 110, 5);
+    Mouse(WM_LBUTTONUP, 110, 5);
+    EXPECT_EQ(list.GetColumnCx(0), 110u);
+    Mouse(WM_MOUSEMOVE, 180, 5);
+    EXPECT_EQ(list.GetColumnCx(0), 110u) << "no press, no sizing";
+    Mouse(WM_MOUSEMOVE, 5, MiddleOf(0));
+    Mouse(WM_MOUSEMOVE, 80, MiddleOf(3));
+    EXPECT_EQ(list.GetColumnCx(0), 110u);
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{}) << "and no drag";
+}
+
+// The elements' numbers stand for columns, whatever stands before them.
+TEST_F(GListInputTest, WithCheckBoxesTheHeaderActsOnTheColumnOfTheElementsNumber)
+{
+    list.SetListStyle(GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES);
+    const int divider = list.columnDraw[1].rect.right;
+    Mouse(WM_LBUTTONDOWN, divider, 5);
+    Mouse(WM_MOUSEMOVE, divider + 50, 5);
+    Mouse(WM_LBUTTONUP, divider + 50, 5);
+    EXPECT_EQ(list.GetColumnCx(0), 100u);
+    EXPECT_EQ(list.GetColumnCx(1), 150u);
+    const int last = list.columnDraw[2].rect.right;
+    Mouse(WM_LBUTTONDOWN, last, 5);
+    Mouse(WM_MOUSEMOVE, last - 10, 5);
+    Mouse(WM_LBUTTONUP, last - 10, 5);
+    EXPECT_EQ(list.GetColumnCx(1), 150u) << "there is no third column";
+    Click(last - 40, 5);
+    EXPECT_EQ(list.Texts(), "item0 item1 item2 item3 item4");
+}
+
+TEST_F(GListInputTest, TheHotItemFollowsThePointerUntilItLeaves)
+{
+    Mouse(WM_MOUSEMOVE, 150, MiddleOf(1));
+    EXPECT_EQ(list.GetHotItem(), 1u);
+    EXPECT_EQ(list.GetHotSubItem(), 1);
+    Mouse(WM_MOUSEMOVE, 150, LIST_CY - 5);
+    EXPECT_EQ(list.GetHotItem(), END);
+    Mouse(WM_MOUSEMOVE, 150, MiddleOf(1));
+    Send(WM_MOUSELEAVE);
+    EXPECT_EQ(list.GetHotItem(), END);
+    EXPECT_EQ(list.GetHotSubItem(), 0xFFFF);
+}
+
+TEST_F(GListInputTest, ADragBeginsOnceThePointerHasLeftItsPlaceBothWays)
+{
+    Mouse(WM_LBUTTONDOWN, 50, MiddleOf(1));
+    Mouse(WM_MOUSEMOVE, 50, MiddleOf(3));
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{}) << "down alone";
+    Mouse(WM_MOUSEMOVE, 90, MiddleOf(3));
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{}) << "across as well, but over the same item";
+    Mouse(WM_MOUSEMOVE, 90, MiddleOf(4));
+    const std::vector<Notified> notified = host.Take();
+    ASSERT_EQ(notified.size(), 1u);
+    EXPECT_EQ(notified[0].code, DRAG_BEGUN);
+    EXPECT_EQ(notified[0].record.iItem, 1);
+    Mouse(WM_MOUSEMOVE, 5, MiddleOf(0));
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{}) << "once";
+    Mouse(WM_LBUTTONUP, 5, MiddleOf(0));
+    EXPECT_FALSE(list.m_dwState & GWS_LISTDRAG);
+}
+
+TEST_F(GListInputTest, TheFirstFocusSelectsTheFirstItem)
+{
+    list.lastItem = END;
+    SetFocus(host);
+    SetFocus(list);
+    EXPECT_EQ(list.Selected(), "0");
+    EXPECT_EQ(host.TakeCodes(), (std::vector<int>{FOCUS_KILLED, FOCUS_SET}));
+    list.ClearSelection();
+    SetFocus(host);
+    SetFocus(list);
+    EXPECT_EQ(list.Selected(), "");
+}
+
+TEST_F(GListInputTest, SmallMessagesAreAnswered)
+{
+    MSG msg{};
+    msg.message = WM_KEYDOWN;
+    msg.wParam = VK_TAB;
+    const auto code = [&] { return SendMessageW(list, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&msg)); };
+    EXPECT_EQ(code(), DLGC_WANTCHARS | DLGC_WANTARROWS);
+    msg.wParam = VK_RETURN;
+    EXPECT_EQ(code(), DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTALLKEYS);
+    EXPECT_EQ(SendMessageW(list, WM_ERASEBKGND, 0, 0), 1);
+    EXPECT_EQ(SendMessageW(list, WM_CONTEXTMENU, 0, 0), 0);
+    Mouse(WM_LBUTTONDOWN, 5, MiddleOf(0));
+    EXPECT_TRUE(list.m_dwState & GWS_PRESSED);
+    EnableWindow(list, FALSE);
+    EXPECT_FALSE(list.m_dwState & GWS_PRESSED);
+    EnableWindow(list, TRUE);
+}
+
+// Whatever the parent does in a notification: nothing of the list is touched any more.
+TEST_F(GListInputTest, TheParentMayDestroyTheListInEveryNotification)
+{
+    const std::pair<int, std::function<void()>> cases[] = {
+        {CLICKED, [&] { ClickItem(1); }},
+        {DOUBLE_CLICKED, [&] { Mouse(WM_LBUTTONDBLCLK, 5, MiddleOf(1)); }},
+        {KEY_PRESSED, [&] { Send(WM_KEYDOWN, VK_DOWN); }},
+        {FOCUS_KILLED, [&] { SetFocus(host); }},
+        {FOCUS_SET,
+         [&] {
+             SetFocus(host);
+             Mouse(WM_LBUTTONDOWN, 5, MiddleOf(1));
+         }},
+        {DRAG_BEGUN,
+         [&] {
+             Mouse(WM_LBUTTONDOWN, 5, MiddleOf(0));
+             Mouse(WM_MOUSEMOVE, 90, MiddleOf(4));
+         }},
+        {EDIT_LEFT,
+         [&] {
+             list.BeginEdit(0, nullptr);
+             SetFocus(host);
+         }},
+    };
+    for (const auto& [code, act] : cases) {
+        if (!IsWindow(list)) {
+            MakeList(GLS_DETAILS | GLS_HEADER);
+            AddColumns(2);
+            AddItems(5);
+        }
+        SetFocus(list);
+        bool destroyed = false;
+        host.onNotify = [&, wanted = code](const Notified& notified) {
+            if (notified.code == wanted) {
+                destroyed = true;
+                DestroyWindow(list);
+            }
+        };
+        act();
+        host.onNotify = nullptr;
+        EXPECT_TRUE(destroyed) << code;
+        EXPECT_FALSE(IsWindow(list)) << code;
+    }
+}
+
+// The same with the object itself gone.
+TEST_F(GListInputTest, TheParentMayDeleteTheListInAClick)
+{
+    auto own = std::make_unique<ProbeList>();
+    const HWND hwnd =
+        own->Create(0, 0, LIST_CX, LIST_CY, host, LIST_ID, GLS_DETAILS, 0, WS_CHILD | WS_VISIBLE);
+    own->InsertColumn(0, 0, 0, 100, 20, L"A", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    own->InsertItem(0, 0, nullptr, 0, L"a", 0);
+    host.onNotify = [&](const Notified&) {
+        DestroyWindow(hwnd);
+        own = nullptr;
+    };
+    SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
+    SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    EXPECT_EQ(own, nullptr);
+}
+
+} // namespace

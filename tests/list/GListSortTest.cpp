@@ -1,0 +1,306 @@
+#include "ListFixture.h"
+
+#include <gesso/list/PartitionSort.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+namespace {
+
+using namespace test;
+
+void* Data(size_t n)
+{
+    return reinterpret_cast<void*>(n);
+}
+
+int CompareData(void* a, void* b)
+{
+    return a < b ? -1 : a > b ? 1 : 0;
+}
+
+class GListSortTest : public ListFixture
+{
+protected:
+    void Fill(std::initializer_list<const char*> texts)
+    {
+        MakeList();
+        AddColumns(1);
+        for (const char* text : texts) {
+            AddItem(text);
+        }
+    }
+};
+
+TEST_F(GListSortTest, TextsSortWithoutCaseByUnits)
+{
+    Fill({"b10", "B2", "a", "", "abcdZ", "abcd", "ABCDE", "abce"});
+    list.SetItemText(2, 0, nullptr);
+    list.Sort(0, true);
+    EXPECT_EQ(list.Texts(), "(null)  abcd ABCDE abcdZ abce b10 B2") << "no text counts as empty, digits as "
+                                                                       "characters";
+    list.Sort(0, false);
+    EXPECT_EQ(list.Texts().substr(0, 6), "B2 b10");
+}
+
+// The swaps of the stated partition, worked through by hand: they decide how equal items lie.
+TEST_F(GListSortTest, EqualItemsLieAsThePartitionLeavesThem)
+{
+    Fill({"x", "X", "a", "x", "A"});
+    int order = 0;
+    for (UINT i = 0; i < 5; ++i) {
+        list.SetItemCustomData(i, Data(static_cast<size_t>(order++)));
+    }
+    const auto ids = [&] {
+        std::string text;
+        for (UINT i = 0; i < list.GetItemCount(); ++i) {
+            text += std::to_string(reinterpret_cast<size_t>(list.GetItemCustomData(i)));
+        }
+        return text;
+    };
+    list.Sort(0, true);
+    EXPECT_EQ(ids(), "24013");
+    list.Sort(0, true);
+    EXPECT_EQ(ids(), "42301") << "sorting once more may swap equal items";
+}
+
+TEST_F(GListSortTest, TheCallbackSortsByTheHostsData)
+{
+    MakeList();
+    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, nullptr, CompareData, nullptr);
+    for (const size_t n : {3, 1, 2, 5, 4}) {
+        AddItem(std::to_string(n).c_str(), 0, Data(n));
+    }
+    list.SetSelected(0, 1);
+    list.Sort(0, true);
+    EXPECT_EQ(list.Texts(), "1 2 3 4 5");
+    EXPECT_EQ(list.Selected(), "2") << "the selection goes with its item";
+    list.Sort(0, false);
+    EXPECT_EQ(list.Texts(), "5 4 3 2 1");
+    UINT column = 9;
+    bool ascending = true;
+    list.GetCurrentSort(&column, &ascending);
+    EXPECT_EQ(column, 0u);
+    EXPECT_FALSE(ascending);
+}
+
+TEST_F(GListSortTest, TheArrowMovesToTheSortedColumn)
+{
+    MakeList();
+    AddColumns(2);
+    list.Sort(1, true);
+    EXPECT_EQ(list.columns[1]->state, LCS_SORTUP) << "also with nothing to sort";
+    list.Sort(0, false);
+    EXPECT_EQ(list.columns[1]->state, 0u);
+    EXPECT_EQ(list.columns[0]->state, LCS_SORTDOWN);
+    list.RemoveColumn(0);
+    AddItem("a");
+    AddItem("b");
+    list.Sort(END, true);
+    EXPECT_EQ(list.Texts(), "a b") << "a column that is not there leaves the order";
+    list.Group(END, false);
+    EXPECT_EQ(list.Texts(), "a b");
+}
+
+TEST_F(GListSortTest, SortingGathersByGroupAndDropsWhatHasNone)
+{
+    Fill({});
+    AddGroup(8);
+    AddGroup(3);
+    AddGroup(8, "The same id again");
+    for (const auto& [text, group] : {std::pair{"d", 3U}, {"c", 8U}, {"b", 3U}, {"none", 4U}, {"a", 8U}}) {
+        AddItem(text, group);
+    }
+    list.Sort(0, true);
+    EXPECT_EQ(list.Texts(), "a c b d");
+    EXPECT_EQ(list.Rows().front(), "group 0 at 0..26");
+    EXPECT_EQ(list.elements.GetLength(), 2u + 4u);
+}
+
+UINT GroupByTens(GList* pList, void* data)
+{
+    const auto tens = static_cast<UINT>(reinterpret_cast<size_t>(data) / 10);
+    while (pList->GetGroupCount() <= tens) {
+        pList->InsertGroup(0, L"Tens", 0, pList->GetGroupCount());
+    }
+    return tens;
+}
+
+TEST_F(GListSortTest, GroupingAsksTheColumnAndSortsAsBefore)
+{
+    MakeList();
+    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, GroupByTens, CompareData, nullptr);
+    for (const size_t n : {23, 5, 12, 3, 25}) {
+        AddItem(std::to_string(n).c_str(), 0, Data(n));
+    }
+    list.Group(0, true);
+    EXPECT_EQ(list.Texts(), "5 3 12 25 23") << "before any sort: by the first column, descending";
+    EXPECT_EQ(list.columns[0]->state, LCS_SORTDOWN);
+    EXPECT_EQ(list.GetGroupCount(), 3u);
+    EXPECT_EQ(list.GetItemGroup(4), 2u);
+    list.Sort(0, true);
+    EXPECT_EQ(list.Texts(), "3 5 12 23 25");
+    list.Group(END, false);
+    EXPECT_EQ(list.GetGroupCount(), 0u);
+    EXPECT_EQ(list.elements.GetLength(), 5u);
+    list.RemoveAllItems();
+    list.Group(0, false);
+    EXPECT_EQ(list.elements.GetLength(), 0u);
+}
+
+// The item is left with the group's index, which sorting takes for an id.
+TEST_F(GListSortTest, AnIdThatIsNotTheIndexLosesTheItem)
+{
+    MakeList();
+    const auto group = [](GList* pList, void*) -> UINT {
+        if (pList->GetGroupCount() == 0) {
+            pList->InsertGroup(0, L"Zero", 0, 0);
+            pList->InsertGroup(0, L"Three", 0, 3);
+        }
+        return 3;
+    };
+    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, group, nullptr, nullptr);
+    AddItem("a");
+    list.Group(0, true);
+    EXPECT_EQ(list.GetItemCount(), 0u);
+}
+
+struct Counted
+{
+    int key;
+    int place;
+};
+
+std::vector<Counted> Sorted(std::vector<int> keys)
+{
+    std::vector<Counted> values;
+    for (const int key : keys) {
+        values.push_back({key, static_cast<int>(values.size())});
+    }
+    const auto order = [](const Counted& a, const Counted& b) { return a.key - b.key; };
+    gesso::PartitionSort<Counted, decltype(order)>::Sort(values, order);
+    return values;
+}
+
+// The stated sort, as it recurses on the left part, to compare the order of equal items with.
+void StatedSort(Counted* a, int64_t n)
+{
+    while (n > 1) {
+        const Counted pivot = a[n >> 1];
+        int64_t i = 0;
+        int64_t j = n - 1;
+        while (true) {
+            while (a[i].key < pivot.key) {
+                ++i;
+            }
+            while (a[j].key > pivot.key) {
+                --j;
+            }
+            if (i >= j) {
+                break;
+            }
+            std::swap(a[i++], a[j--]);
+        }
+        StatedSort(a, i);
+        n -= i;
+        a += i;
+    }
+}
+
+TEST(PartitionSort, KeepsTheStatedOrderOfEqualItems)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        std::vector<int> keys(random() % 200);
+        for (int& key : keys) {
+            key = static_cast<int>(random() % (1 + random() % 50));
+        }
+        const std::vector<Counted> sorted = Sorted(keys);
+        std::vector<Counted> stated;
+        for (const int key : keys) {
+            stated.push_back({key, static_cast<int>(stated.size())});
+        }
+        StatedSort(stated.data(), static_cast<int64_t>(stated.size()));
+        for (size_t i = 0; i < sorted.size(); ++i) {
+            ASSERT_EQ(sorted[i].place, stated[i].place) << "round " << round << ", place " << i;
+        }
+    }
+}
+
+// An order that is invented while it is asked for, to make the middle item the worst pivot each time.
+class Adversary
+{
+public:
+    explicit Adversary(size_t n) : m_rank(n, GAS) {}
+
+    int Compare(size_t a, size_t b)
+    {
+        if (m_rank[a] == GAS && m_rank[b] == GAS) {
+            m_rank[a == m_candidate ? a : b] = m_solid++;
+        }
+        m_candidate = m_rank[a] == GAS ? a : m_rank[b] == GAS ? b : m_candidate;
+        return m_rank[a] < m_rank[b] ? -1 : m_rank[a] > m_rank[b] ? 1 : 0;
+    }
+
+private:
+    static constexpr size_t GAS = static_cast<size_t>(-1);
+    std::vector<size_t> m_rank;
+    size_t m_solid = 0;
+    size_t m_candidate = 0;
+};
+
+TEST(PartitionSort, EqualAndHostileInputOfAMillionEndsInTime)
+{
+    constexpr size_t COUNT = 1'000'000;
+    size_t comparisons = 0;
+    std::vector<int> values(COUNT, 5);
+    const auto count = [&](int a, int b) {
+        ++comparisons;
+        return a < b ? -1 : a > b ? 1 : 0;
+    };
+    gesso::PartitionSort<int, decltype(count)>::Sort(values, count);
+    EXPECT_LT(comparisons, 30 * COUNT) << "all equal";
+
+    comparisons = 0;
+    std::iota(values.begin(), values.end(), 0);
+    std::rotate(values.begin(), values.begin() + COUNT / 2, values.end());
+    gesso::PartitionSort<int, decltype(count)>::Sort(values, count);
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+    EXPECT_LT(comparisons, 60 * COUNT) << "two halves, the wrong way round";
+
+    comparisons = 0;
+    Adversary adversary(COUNT);
+    std::vector<size_t> hostile(COUNT);
+    std::iota(hostile.begin(), hostile.end(), size_t{0});
+    const auto invent = [&](size_t a, size_t b) {
+        ++comparisons;
+        return adversary.Compare(a, b);
+    };
+    gesso::PartitionSort<size_t, decltype(invent)>::Sort(hostile, invent);
+    EXPECT_LT(comparisons, 150 * COUNT) << "hostile";
+    for (size_t i = 1; i < COUNT; ++i) {
+        ASSERT_LT(adversary.Compare(hostile[i - 1], hostile[i]), 0) << i;
+    }
+}
+
+TEST(PartitionSort, AnInconsistentOrderEndsInsideTheArray)
+{
+    std::mt19937 random(3);
+    const auto any = [&](int, int) { return static_cast<int>(random() % 3) - 1; };
+    const auto always = [](int, int) { return -1; };
+    const auto never = [](int, int) { return 1; };
+    for (size_t n = 0; n < 300; ++n) {
+        std::vector<int> values(n);
+        std::iota(values.begin(), values.end(), 0);
+        gesso::PartitionSort<int, decltype(any)>::Sort(values, any);
+        gesso::PartitionSort<int, decltype(always)>::Sort(values, always);
+        gesso::PartitionSort<int, decltype(never)>::Sort(values, never);
+        std::sort(values.begin(), values.end());
+        for (size_t i = 0; i < n; ++i) {
+            ASSERT_EQ(values[i], static_cast<int>(i)) << "no item is lost";
+        }
+    }
+}
+
+} // namespace
