@@ -45,5 +45,6 @@ void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
+void MeasureList(Bench& bench);
 
 } // namespace bench

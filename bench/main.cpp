@@ -23,6 +23,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"ribbon", &bench::MeasureRibbon},
     {"scrollbars", &bench::MeasureScrollbars},
     {"text", &bench::MeasureText},
+    {"list", &bench::MeasureList},
 };
 // clang-format on
 
