@@ -1,0 +1,37 @@
+// The files of a directory of this machine, as a list view shows them.
+#pragma once
+
+#include <gesso/gesso.h>
+
+#include <string>
+#include <vector>
+
+namespace gallery {
+
+struct File
+{
+    std::wstring name;
+    std::wstring type;
+    std::wstring sizeText;
+    std::wstring dateText;
+    ULONGLONG size;
+    ULONGLONG date;
+    UINT image;     // in the system's image lists
+    UINT typeIndex; // among the types, in the order in which they first come
+};
+
+struct Folder
+{
+    std::wstring path;
+    std::vector<File> files;
+    std::vector<std::wstring> types;
+};
+
+// The system directory, which every machine has.
+Folder ReadSystemFolder();
+
+// The system's images of files, in both sizes; they stay the system's.
+HIMAGELIST SmallFileImages();
+HIMAGELIST LargeFileImages();
+
+} // namespace gallery

@@ -1,0 +1,147 @@
+"""The list view under a real pointer and keyboard: headers, dividers, selection, scroll bar, rename in place."""
+import re
+import unittest
+
+from gallery import Gallery, wait_for
+
+BORDER = 1
+HEADER_AREA = 35
+ROW = 22
+BAR = 17  # breadth of a scroll bar, and height of its arrows
+COLUMNS = {"name": 0, "size": 280, "type": 390}
+
+
+class List(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.gallery = Gallery("List")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.gallery.close()
+
+    def setUp(self):
+        self.gallery.click(self.gallery.control("GButton", "&Folder").middle)
+        self.gallery.lines()
+        self.list = next(c for c in self.gallery.controls() if c.class_name == "GList")
+
+    # --- Where things are
+
+    def header(self, column, dx=40):
+        return self.list.x + BORDER + COLUMNS[column] + dx, self.list.y + BORDER + 12
+
+    def row(self, row):
+        return self.list.x + BORDER + 60, self.list.y + BORDER + HEADER_AREA + row * ROW + ROW // 2
+
+    def bar(self, y):
+        return self.list.x + self.list.cx - BORDER - BAR // 2, self.list.y + y
+
+    def status(self):
+        """Of the page's status line: how many are selected, the first one's name, and the last words."""
+        self.gallery.lines()
+        text = next(c.text for c in self.gallery.controls() if " selected" in c.text)
+        found = re.search(r": (\d+) of (\d+) selected(?:, first ([^;]*))?(?:; (.*))?$", text)
+        return int(found[1]), found[3], found[4]
+
+    def first_names(self, count):
+        names = []
+        for row in range(count):
+            self.gallery.click(self.row(row))
+            names.append(self.status()[1])
+        return names
+
+    # --- Tests
+
+    def test_a_header_click_sorts_and_a_second_one_reverses(self):
+        self.gallery.click(self.header("name"))
+        ascending = self.first_names(3)
+        self.assertEqual(ascending, sorted(ascending, key=str.lower))
+        self.gallery.click(self.header("name"))
+        descending = self.first_names(3)
+        self.assertEqual(descending, sorted(descending, key=str.lower, reverse=True))
+        self.assertNotEqual(ascending, descending)
+
+    def test_a_drag_of_the_divider_sizes_the_column(self):
+        self.gallery.click(self.header("size"))
+        before = self.first_names(1)
+        x, y = self.header("size", 0)
+        self.gallery.move((x, y))
+        self.gallery.press()
+        for step in range(1, 9):
+            self.gallery.move((x - 10 * step, y))
+        self.gallery.release()
+        # What was the name column's end is the size column's now, whose click sorts the other way round.
+        self.gallery.click((x - 40, y))
+        self.assertNotEqual(self.first_names(1), before)
+
+    def test_shift_and_ctrl_extend_and_invert_the_selection(self):
+        self.gallery.click(self.row(1))
+        self.assertEqual(self.status()[0], 1)
+        self.gallery.key_down("shift")
+        self.gallery.click(self.row(4))
+        self.gallery.key_up("shift")
+        self.assertEqual(self.status()[0], 4)
+        self.gallery.key_down("ctrl")
+        self.gallery.click(self.row(2))
+        self.gallery.click(self.row(6))
+        self.gallery.key_up("ctrl")
+        self.assertEqual(self.status()[0], 4)
+        self.gallery.click(self.row(0))
+        self.assertEqual(self.status()[0], 1)
+
+    def test_keys_move_the_selection_and_ctrl_a_takes_all(self):
+        self.gallery.click(self.row(0))
+        first = self.status()[1]
+        self.gallery.key("Down")
+        self.assertNotEqual(self.status()[1], first)
+        self.gallery.key("shift+Down")
+        self.assertEqual(self.status()[0], 2)
+        self.gallery.key("Home")
+        self.assertEqual(self.status()[:2], (1, first))
+        self.gallery.key("ctrl+a")
+        self.assertGreater(self.status()[0], 100)
+
+    def test_the_thumb_scrolls_and_the_arrow_goes_back(self):
+        self.gallery.click(self.row(0))
+        first = self.status()[1]
+        self.gallery.move(self.bar(BAR + 8))
+        self.gallery.press()
+        for y in range(BAR + 8, self.list.cy - BAR, 20):
+            self.gallery.move(self.bar(y))
+        self.gallery.release()
+        self.gallery.lines()
+        self.gallery.click(self.row(3))
+        self.assertNotEqual(self.status()[1], first)
+        self.gallery.key("Home")
+        self.gallery.click(self.row(0))
+        self.assertEqual(self.status()[1], first)
+
+    def test_a_name_is_edited_in_place(self):
+        self.gallery.click(self.row(2))
+        self.gallery.key("F2")
+        wait_for("the edit window", lambda: self.edit_window())
+        self.gallery.key("a", "b", "c", "Return")
+        self.assertEqual(self.status()[1:], ("abc", "renamed to abc"))
+        self.gallery.key("F2", "x", "Escape")
+        self.assertEqual(self.status()[1], "abc")
+        self.gallery.key("F2", "d", "e")
+        self.gallery.click(self.row(5))
+        self.assertEqual(self.status()[2], "renamed to de")
+
+    def edit_window(self):
+        self.gallery.lines()
+        return [c for c in self.gallery.controls() if c.class_name.lower() == "edit"]
+
+    def test_every_view_shows_and_a_hundred_thousand_rows_scroll(self):
+        for view in ("&Tiles", "&Icons", "&Details"):
+            self.gallery.click(self.gallery.control("GRadioButton", view).middle)
+            self.gallery.lines()
+        self.gallery.click(self.gallery.control("GButton", "100,000 ro&ws").middle)
+        self.assertIn("filled in", self.status()[2])
+        self.gallery.click(self.row(0))
+        self.gallery.key("End")
+        self.assertEqual(self.status()[1], "Row 99999")
+
+
+if __name__ == "__main__":
+    unittest.main()
