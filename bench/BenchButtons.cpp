@@ -62,6 +62,7 @@ void MeasureButtons(Bench& bench)
     const HWND hwndPlatform = MakePlatformButton(hwndParent, 20, 80);
     HandleMessages();
     MeasurePainting(bench, button->GetHwnd(), hwndPlatform);
+    MeasurePrinting(bench, button->GetHwnd(), hwndPlatform);
     MeasureMoves(bench, button->GetHwnd(), hwndPlatform);
     DestroyWindow(hwndParent);
 }

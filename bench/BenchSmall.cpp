@@ -63,7 +63,7 @@ HWND MakePlatformScrollbar(HWND hwndParent, int x, int y)
     return hwnd;
 }
 
-void MeasureFamily(Bench& bench, const std::string& name, const Makers& makers)
+void MeasureFamily(Bench& bench, const std::string& name, const Makers& makers, bool fPrinting = true)
 {
     bench.Family(name);
     MeasureMaking(bench, makers);
@@ -72,6 +72,9 @@ void MeasureFamily(Bench& bench, const std::string& name, const Makers& makers)
     const HWND hwndPlatform = makers.platform(hwndParent, 300, 20);
     HandleMessages();
     MeasurePainting(bench, control->GetHwnd(), hwndPlatform);
+    if (fPrinting) {
+        MeasurePrinting(bench, control->GetHwnd(), hwndPlatform);
+    }
     DestroyWindow(hwndParent);
 }
 
@@ -89,7 +92,8 @@ void MeasureProgressBars(Bench& bench)
 
 void MeasureScrollbars(Bench& bench)
 {
-    MeasureFamily(bench, "Scroll bar", {&MakeGessoScrollbar, &MakePlatformScrollbar});
+    // The platform's answers no WM_PRINTCLIENT.
+    MeasureFamily(bench, "Scroll bar", {&MakeGessoScrollbar, &MakePlatformScrollbar}, false);
 }
 
 } // namespace bench

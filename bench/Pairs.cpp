@@ -42,23 +42,6 @@ void PrintInto(HDC hdc, HWND hwnd)
     }
 }
 
-void MeasurePrinting(Bench& bench, HWND hwndGesso, HWND hwndPlatform)
-{
-    RECT rc{};
-    GetClientRect(hwndGesso, &rc);
-    const HDC hdcScreen = GetDC(nullptr);
-    const HDC hdc = CreateCompatibleDC(hdcScreen);
-    const HBITMAP hbm = CreateCompatibleBitmap(hdcScreen, rc.right, rc.bottom);
-    const HGDIOBJ hFormer = SelectObject(hdc, hbm);
-    bench.Measure(
-        "WM_PRINTCLIENT of one", PAINTS, [&] { PrintInto(hdc, hwndGesso); },
-        [&] { PrintInto(hdc, hwndPlatform); });
-    SelectObject(hdc, hFormer);
-    DeleteObject(hbm);
-    DeleteDC(hdc);
-    ReleaseDC(nullptr, hdcScreen);
-}
-
 } // namespace
 
 HWND MakeParent(DWORD dwStyle)
@@ -86,7 +69,23 @@ void MeasurePainting(Bench& bench, HWND hwndGesso, HWND hwndPlatform)
 {
     bench.Measure(
         "paint one on the screen", PAINTS, [&] { Repaint(hwndGesso); }, [&] { Repaint(hwndPlatform); });
-    MeasurePrinting(bench, hwndGesso, hwndPlatform);
+}
+
+void MeasurePrinting(Bench& bench, HWND hwndGesso, HWND hwndPlatform)
+{
+    RECT rc{};
+    GetClientRect(hwndGesso, &rc);
+    const HDC hdcScreen = GetDC(nullptr);
+    const HDC hdc = CreateCompatibleDC(hdcScreen);
+    const HBITMAP hbm = CreateCompatibleBitmap(hdcScreen, rc.right, rc.bottom);
+    const HGDIOBJ hFormer = SelectObject(hdc, hbm);
+    bench.Measure(
+        "WM_PRINTCLIENT of one", PAINTS, [&] { PrintInto(hdc, hwndGesso); },
+        [&] { PrintInto(hdc, hwndPlatform); });
+    SelectObject(hdc, hFormer);
+    DeleteObject(hbm);
+    DeleteDC(hdc);
+    ReleaseDC(nullptr, hdcScreen);
 }
 
 } // namespace bench

@@ -19,7 +19,9 @@ HWND MakeParent(DWORD dwStyle);
 
 // Making and destroying one of 1,000, in a hidden and in a shown parent.
 void MeasureMaking(Bench& bench, const Makers& makers);
-// Painting one on the screen, and into a given context.
+// Painting one on the screen.
 void MeasurePainting(Bench& bench, HWND hwndGesso, HWND hwndPlatform);
+// Painting one into a given context, where the platform's control answers WM_PRINTCLIENT as well.
+void MeasurePrinting(Bench& bench, HWND hwndGesso, HWND hwndPlatform);
 
 } // namespace bench
