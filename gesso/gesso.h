@@ -12,6 +12,10 @@
 #include <gesso/controls/GRadioButton.h>
 #include <gesso/controls/GScrollbar.h>
 #include <gesso/controls/GSeparator.h>
+#include <gesso/dialogs/GDialog.h>
+#include <gesso/dialogs/GTaskDialog.h>
+#include <gesso/dialogs/GWizard.h>
+#include <gesso/dialogs/GWndCertFailure.h>
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>

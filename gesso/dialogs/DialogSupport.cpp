@@ -53,6 +53,11 @@ RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom)
     return rc;
 }
 
+HFONT FontOf(HWND hDlg)
+{
+    return reinterpret_cast<HFONT>(SendMessageW(hDlg, WM_GETFONT, 0, 0));
+}
+
 void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size)
 {
     MONITORINFO monitor{};

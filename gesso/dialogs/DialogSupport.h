@@ -34,6 +34,9 @@ RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom);
 // Centres a window of a size in the work area of the monitor nearest to hwndNear, and gives it that size.
 void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size);
 
+// The font that the dialog's template asked for.
+HFONT FontOf(HWND hDlg);
+
 // The client rectangle's growth by cx and cy pixels, with no repaint, and then the client rectangle anew.
 RECT GrowWindow(HWND hwnd, int cx, int cy);
 
@@ -42,11 +45,5 @@ INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam);
 
 // WM_ACTIVATE: keeps GDialog::s_hActiveDlg.
 INT_PTR OnDialogActivate(HWND hDlg, WPARAM wParam);
-
-// The object of a dialog's window: bound at WM_INITDIALOG, null before.
-template <class DIALOG> DIALOG* DialogOf(HWND hDlg)
-{
-    return reinterpret_cast<DIALOG*>(GetWindowLongPtrW(hDlg, DWLP_USER));
-}
 
 } // namespace gesso

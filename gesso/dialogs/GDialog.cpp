@@ -7,20 +7,31 @@ GDialog::GDialog(UINT nId) : m_template(reinterpret_cast<LPCWSTR>(static_cast<UL
 
 GDialog::GDialog(LPCWSTR pszName) : m_template(pszName) {}
 
+GDialog::~GDialog()
+{
+    if (reinterpret_cast<GDialog*>(GetWindowLongPtrW(m_hWnd, DWLP_USER)) == this) {
+        SetWindowLongPtrW(m_hWnd, DWLP_USER, 0);
+    }
+}
+
 int GDialog::Create(HWND hwndParent, HINSTANCE hInstance)
 {
     // The resource's module is the host's choice; the dialog belongs to the host's program.
-    return CreateIndirect(hwndParent, GetModuleHandleW(nullptr),
-                          gesso::LoadDialogTemplate(hInstance, m_template));
+    m_hWnd = Start(hwndParent, GetModuleHandleW(nullptr), gesso::LoadDialogTemplate(hInstance, m_template));
+    return 1;
 }
 
 int GDialog::CreateIndirect(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
 {
-    m_hWnd = pTemplate
-                 ? IsolationAwareCreateDialogIndirectParamW(hInstance, pTemplate, hwndParent, GetDialogProc(),
-                                                            reinterpret_cast<LPARAM>(this))
-                 : nullptr;
+    m_hWnd = Start(hwndParent, hInstance, pTemplate);
     return 1;
+}
+
+HWND GDialog::Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
+{
+    return pTemplate ? IsolationAwareCreateDialogIndirectParamW(
+                           hInstance, pTemplate, hwndParent, GetDialogProc(), reinterpret_cast<LPARAM>(this))
+                     : nullptr;
 }
 
 int GDialog::Destroy()
@@ -53,7 +64,7 @@ int GDialog::GetText(LPWSTR pszBuffer, int* pnLength) const
     if (!pnLength) {
         return 0;
     }
-    const int nCapacity = *pnLength > 0 ? *pnLength : 0;
+    const int nCapacity = pszBuffer && *pnLength > 0 ? *pnLength : 0;
     const auto nCopied = static_cast<int>(SendMessageW(m_hWnd, WM_GETTEXT, static_cast<WPARAM>(nCapacity),
                                                        reinterpret_cast<LPARAM>(pszBuffer)));
     const bool fFilled = nCopied + 1 >= nCapacity;
@@ -64,4 +75,13 @@ int GDialog::GetText(LPWSTR pszBuffer, int* pnLength) const
 HWND GDialog::GetDlgItem(int nId) const
 {
     return ::GetDlgItem(m_hWnd, nId);
+}
+
+GDialog* GDialog::ObjectOf(HWND hDlg, UINT uMsg, LPARAM lParam)
+{
+    if (uMsg == WM_INITDIALOG && lParam) {
+        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
+        reinterpret_cast<GDialog*>(lParam)->m_hWnd = hDlg;
+    }
+    return reinterpret_cast<GDialog*>(GetWindowLongPtrW(hDlg, DWLP_USER));
 }

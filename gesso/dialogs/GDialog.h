@@ -14,6 +14,16 @@ public:
     // The library's dialog that is now active; null if there is none. The library never reads it.
     static HWND s_hActiveDlg;
 
+    GDialog() = default;
+    // The template's id, or its name, which is not copied.
+    explicit GDialog(UINT nId);
+    explicit GDialog(LPCWSTR pszName);
+    // Copies share the window.
+    GDialog(const GDialog& other) = default;
+    GDialog& operator=(const GDialog& other) = default;
+    // Leaves the window as it is; it goes on without the object.
+    ~GDialog() override;
+
     // Starts the template that the constructor named, from a module's resources, as a modeless dialog. Always
     // returns 1: ask GetHwnd whether there is a window.
     virtual int Create(HWND hwndParent, HINSTANCE hInstance);
@@ -36,9 +46,12 @@ public:
     virtual HWND GetDlgItem(int nId) const;
 
 protected:
-    GDialog() = default;
-    explicit GDialog(UINT nId);
-    explicit GDialog(LPCWSTR pszName);
+    // For a dialog procedure: the object that answers for the window, which takes it at WM_INITDIALOG from
+    // lParam. Null before that message.
+    static GDialog* ObjectOf(HWND hDlg, UINT uMsg, LPARAM lParam);
 
     LPCWSTR m_template = nullptr; // an id or a name, as for FindResourceW; null for none
+
+private:
+    HWND Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate);
 };

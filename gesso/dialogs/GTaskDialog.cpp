@@ -1,3 +1,4 @@
+#include <gesso/containers/Misuse.h>
 #include <gesso/controls/GButton.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GTaskDialog.h>
@@ -43,8 +44,7 @@ constexpr CommonButton COMMON_BUTTONS[] = {
     {TDCBF_CLOSE_BUTTON, L"Schliessen", IDCLOSE},
 };
 
-// --- What the message box's type asks for
-// ---------------------------------------------------------------------------
+// --- What the message box's type asks for ---
 
 struct MessageType
 {
@@ -95,6 +95,14 @@ HICON LoadSystemIcon(LPCWSTR pszIcon)
     return hIcon;
 }
 
+HRESULT GiveButton(INT_PTR nResult, UINT* puButton)
+{
+    if (puButton) {
+        *puButton = static_cast<UINT>(nResult);
+    }
+    return static_cast<int>(nResult) == -1 ? E_FAIL : S_OK;
+}
+
 // Runs the dialog, and frees the icon that was loaded for it.
 HRESULT RunWithIcon(const GTASKDIALOGCONFIG& config, UINT* puButton)
 {
@@ -105,29 +113,24 @@ HRESULT RunWithIcon(const GTASKDIALOGCONFIG& config, UINT* puButton)
     return hr;
 }
 
-HFONT DialogFont(HWND hDlg)
-{
-    return reinterpret_cast<HFONT>(SendMessageW(hDlg, WM_GETFONT, 0, 0));
-}
-
 } // namespace
 
-// --- The static functions
-// -------------------------------------------------------------------------------------------
+// --- The static functions ---
 
 HRESULT GTaskDialog::IsolationAwareTaskDialogIndirect(const GTASKDIALOGCONFIG* pConfig, UINT* puButton)
 {
+    if (!pConfig) {
+        gesso::Misuse("GTaskDialog: no configuration");
+        return GiveButton(-1, puButton);
+    }
     const gesso::EmptyDialogTemplate dialog(0, DIALOG_STYLE,
                                             pConfig->cxWidth ? pConfig->cxWidth : DEFAULT_WIDTH, FIRST_HEIGHT,
                                             pConfig->pszWindowTitle);
     GTaskDialog object(pConfig);
-    const INT_PTR nResult = IsolationAwareDialogBoxIndirectParamW(
-        pConfig->hInstance, dialog.Get(), pConfig->hwndParent, DialogProc,
-        reinterpret_cast<LPARAM>(static_cast<GTaskDialog*>(&object)));
-    if (puButton) {
-        *puButton = static_cast<UINT>(nResult);
-    }
-    return nResult == -1 ? E_FAIL : S_OK;
+    return GiveButton(IsolationAwareDialogBoxIndirectParamW(pConfig->hInstance, dialog.Get(),
+                                                            pConfig->hwndParent, DialogProc,
+                                                            reinterpret_cast<LPARAM>(&object)),
+                      puButton);
 }
 
 HRESULT GTaskDialog::IsolationAwareTaskDialog(HWND hwndParent, HINSTANCE hInstance, LPCWSTR pszTitle,
@@ -179,8 +182,7 @@ DLGPROC GTaskDialog::GetDialogProc()
     return DialogProc;
 }
 
-// --- Layout
-// ---------------------------------------------------------------------------------------------------------
+// --- Layout ---
 
 // Where texts end on the right: 35 units for the icon, and the columns of the wider pane.
 int GTaskDialog::TextLimit(HDC hdc) const
@@ -253,7 +255,7 @@ void GTaskDialog::MakeButtons()
         rcClient = gesso::GrowWindow(m_hWnd, cxNeeded - rcClient.right, 0);
     }
     const int y = rcClient.bottom - cyFooter + (cyFooter >> 1) - (cy >> 1);
-    const HFONT hFont = DialogFont(m_hWnd);
+    const HFONT hFont = gesso::FontOf(m_hWnd);
     int x = rcClient.right - cxGap - cx;
     m_ppButtons = new GButton* [std::size(COMMON_BUTTONS)] {};
     GButton** ppNext = m_ppButtons;
@@ -276,7 +278,7 @@ LRESULT GTaskDialog::OnInitDialog()
     const HDC hdc = GetDC(m_hWnd);
     const int nSaved = SaveDC(hdc);
     // For a style whose panes have no font of their own.
-    SelectObject(hdc, DialogFont(m_hWnd));
+    SelectObject(hdc, gesso::FontOf(m_hWnd));
     FitTexts(MeasureTexts(hdc) + m_rcIcon.left);
     RestoreDC(hdc, nSaved);
     ReleaseDC(m_hWnd, hdc);
@@ -297,27 +299,26 @@ LRESULT GTaskDialog::OnInitDialog()
     return 1;
 }
 
-// --- Drawing
-// ----------------------------------------------------------------------------------------------------------
+// --- Drawing ---
 
 void GTaskDialog::Draw(HDC hdc)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const auto part = [&](int nPart, PlainPart plain) { return ThemePart(m_hTheme, hdc, nPart, 0, plain); };
-    const gesso::SelectScope font(hdc, DialogFont(m_hWnd));
+    const gesso::SelectScope font(hdc, gesso::FontOf(m_hWnd));
     part(TDLG_PRIMARYPANEL, PlainPart::DialogPanel).DrawBackground(rcClient);
     DrawIcon(hdc, m_rcIcon.left, m_rcIcon.top, m_pConfig->hMainIcon);
     part(TDLG_SECONDARYPANEL, PlainPart::DialogFooter).DrawBackground(m_rcFooter);
     if (m_pszMainInstruction) {
+        // Measured with its lines broken at words, but drawn without: hosts rely on it.
         part(TDLG_MAININSTRUCTIONPANE, PlainPart::DialogText)
             .DrawString(m_pszMainInstruction, 0, m_rcMainInstruction);
     }
     part(TDLG_CONTENTPANE, PlainPart::DialogText).DrawString(m_pszContent, DT_WORDBREAK, m_rcContent);
 }
 
-// --- Messages
-// ---------------------------------------------------------------------------------------------------------
+// --- Messages ---
 
 INT_PTR GTaskDialog::OnCommand(UINT uId)
 {
@@ -347,11 +348,7 @@ LRESULT GTaskDialog::OnDestroy()
 
 INT_PTR CALLBACK GTaskDialog::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    if (uMsg == WM_INITDIALOG) {
-        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
-        gesso::DialogOf<GTaskDialog>(hDlg)->m_hWnd = hDlg;
-    }
-    auto* pDialog = gesso::DialogOf<GTaskDialog>(hDlg);
+    auto* pDialog = static_cast<GTaskDialog*>(ObjectOf(hDlg, uMsg, lParam));
     if (!pDialog) {
         return gesso::OnWhiteDialogColor(uMsg, lParam);
     }

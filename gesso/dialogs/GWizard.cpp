@@ -37,6 +37,13 @@ void Show(HWND hwnd, bool fShow)
     ShowWindow(hwnd, fShow ? SW_SHOW : SW_HIDE);
 }
 
+// What the procedure returns tells the platform only that the message was answered; this is the answer.
+INT_PTR Answer(HWND hDlg, int nResult)
+{
+    SetWindowLongPtrW(hDlg, DWLP_MSGRESULT, nResult);
+    return nResult;
+}
+
 } // namespace
 
 void GWizard::DeleteButton(GButton* pButton)
@@ -44,11 +51,14 @@ void GWizard::DeleteButton(GButton* pButton)
     delete pButton;
 }
 
-// --- Pages
-// ------------------------------------------------------------------------------------------------------------
+// --- Pages ---
 
 void GWizard::InsertPage(UINT nIndex, stcPage* pPage)
 {
+    if (!pPage) {
+        gesso::Misuse("GWizard::InsertPage: no page");
+        return;
+    }
     m_aPages.InsertAt(nIndex < m_aPages.GetLength() ? nIndex : m_aPages.GetLength(), pPage);
 }
 
@@ -83,23 +93,36 @@ bool GWizard::Ask(UINT nIndex, UINT uCode)
 
 void GWizard::ActivatePage(UINT nIndex)
 {
-    stcPage* pNew = GetPage(nIndex);
-    if (!pNew) {
+    // The buttons are the last that is made.
+    if (!GetPage(nIndex) || !m_pBack) {
         return;
     }
     const HWND hwnd = m_hWnd;
-    if (m_nCurrent != NO_PAGE) {
-        // A page may end the whole dialog in its answer.
-        if (!Ask(m_nCurrent, WZN_KILLACTIVE) || !IsWindow(hwnd)) {
-            return;
+    const HWND hwndFormer = GetFocus();
+    // A page may end the dialog in its answer, or activate another page.
+    if (m_nCurrent != NO_PAGE && (!Ask(m_nCurrent, WZN_KILLACTIVE) || !IsWindow(hwnd))) {
+        return;
+    }
+    SwitchButtons(nIndex);
+    const HWND hwndFocus = GetFocus();
+    Ask(nIndex, WZN_SETACTIVE);
+    const stcPage* pNew = GetPage(nIndex);
+    if (IsWindow(hwnd) && m_nCurrent == nIndex && pNew) {
+        Show(pNew->hwnd, true);
+        if (GetFocus() == hwndFocus) { // or else the page chose
+            KeepFocus(hwndFormer, *pNew);
         }
-        if (const stcPage* pCurrent = GetPage(m_nCurrent)) {
-            Show(pCurrent->hwnd, false);
-        }
-        if (IsLast(m_nCurrent)) {
-            m_pFinish->SetVisible(0);
-            m_pNext->SetVisible(1);
-        }
+    }
+}
+
+void GWizard::SwitchButtons(UINT nIndex)
+{
+    if (const stcPage* pCurrent = GetPage(m_nCurrent)) {
+        Show(pCurrent->hwnd, false);
+    }
+    if (m_nCurrent != NO_PAGE && IsLast(m_nCurrent)) {
+        m_pFinish->SetVisible(0);
+        m_pNext->SetVisible(1);
     }
     m_nCurrent = nIndex;
     if (IsLast(nIndex)) {
@@ -108,26 +131,23 @@ void GWizard::ActivatePage(UINT nIndex)
         EnableWindow(*m_pFinish, TRUE);
     }
     EnableWindow(*m_pBack, nIndex != 0);
-    MoveFocusOffHiddenButton();
-    Ask(nIndex, WZN_SETACTIVE);
-    if (IsWindow(hwnd)) {
-        Show(pNew->hwnd, true);
-    }
 }
 
-// A button that hides or is disabled under the focus would leave the keyboard without a control.
-void GWizard::MoveFocusOffHiddenButton()
+// What had the focus may be hidden or disabled by now: then the new page's first control gets it if it was in
+// a page, or else the button that leads on. Without that the keyboard would end at nothing, or at Cancel.
+void GWizard::KeepFocus(HWND hwndFormer, const stcPage& page)
 {
-    const HWND hwndFocus = GetFocus();
-    for (GButton* pButton :
-         {static_cast<GButton*>(m_pNext), static_cast<GButton*>(m_pFinish), static_cast<GButton*>(m_pBack)})
+    if (!IsWindowVisible(m_hWnd) || !IsChild(m_hWnd, hwndFormer) ||
+        (IsWindowVisible(hwndFormer) && IsWindowEnabled(hwndFormer)))
     {
-        const HWND hwnd = *pButton;
-        const bool fUsable = (GetWindowLongW(hwnd, GWL_STYLE) & WS_VISIBLE) && IsWindowEnabled(hwnd);
-        if (hwnd == hwndFocus && !fUsable) {
-            SetFocus(IsLast(m_nCurrent) ? *m_pFinish : *m_pNext);
-        }
+        return;
     }
+    const bool fWasInPage = ::GetParent(hwndFormer) != m_hWnd;
+    HWND hwndNew = fWasInPage ? GetNextDlgTabItem(page.hwnd, nullptr, FALSE) : nullptr;
+    if (!hwndNew) {
+        hwndNew = IsLast(m_nCurrent) ? *m_pFinish : *m_pNext;
+    }
+    SendMessageW(m_hWnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(hwndNew), TRUE);
 }
 
 void GWizard::NextPage()
@@ -164,8 +184,7 @@ int GWizard::SetButtons(DWORD dwShow, DWORD dwEnable)
     return 1;
 }
 
-// --- Start
-// ------------------------------------------------------------------------------------------------------------
+// --- Start ---
 
 INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
 {
@@ -174,8 +193,12 @@ INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
         return -1;
     }
     m_nCurrent = NO_PAGE;
+    // Of a former run.
+    for (OwnedButton* pButton : {&m_pFinish, &m_pCancel, &m_pNext, &m_pBack}) {
+        pButton->Reset();
+    }
     const gesso::EmptyDialogTemplate dialog(WS_EX_WINDOWEDGE, DIALOG_STYLE, DIALOG_WIDTH, DIALOG_HEIGHT,
-                                            m_pConfig->pszTitle);
+                                            Title());
     return static_cast<int>(IsolationAwareDialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), dialog.Get(), hwndParent, DialogProc, reinterpret_cast<LPARAM>(this)));
 }
@@ -194,7 +217,7 @@ int GWizard::OnInitDialog()
     FitFirstPage(cyFooter);
     m_rcFooter = {m_rcClient.left, m_rcClient.bottom - cyFooter, m_rcClient.right, m_rcClient.bottom};
     MakeButtons();
-    SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->nDefaultId, 0);
+    SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig ? m_pConfig->nDefaultId : 0, 0);
     ActivatePage(0);
     return 1;
 }
@@ -247,14 +270,19 @@ void GWizard::MakeButtons()
         button->Create(x, y, cx, cy, m_hWnd, static_cast<int>(uId), pszLabel, 0, dwStyle);
     };
     // Finish waits, hidden, in the place of Next.
-    make(m_pFinish, xNext, WZB_FINISH, m_pConfig->pszFinish, BUTTON_STYLE & ~DWORD{WS_VISIBLE});
+    make(m_pFinish, xNext, WZB_FINISH, m_pConfig ? m_pConfig->pszFinish : nullptr,
+         BUTTON_STYLE & ~DWORD{WS_VISIBLE});
     make(m_pCancel, xCancel, WZB_CANCEL, L"Cancel", BUTTON_STYLE);
     make(m_pNext, xNext, WZB_NEXT, L"Next", BUTTON_STYLE);
     make(m_pBack, xNext - cxGap - cx, WZB_BACK, L"Back", BUTTON_STYLE);
 }
 
-// --- Drawing
-// ------------------------------------------------------------------------------------------------------------
+// --- Drawing ---
+
+LPCWSTR GWizard::Title() const
+{
+    return m_pConfig ? gesso::TextOrEmpty(m_pConfig->pszTitle) : L"";
+}
 
 void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
 {
@@ -271,8 +299,10 @@ void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
         const gesso::SelectScope select(hdc, hFont);
         RECT rc{rcClient.left + TITLE_LEFT, rcClient.top + TITLE_TOP, rcClient.right - TITLE_RIGHT_ROOM,
                 TITLE_BOTTOM};
-        DrawThemeTextEx(hTheme, hdc, 0, 0, gesso::TextOrEmpty(m_pConfig->pszTitle), -1, DT_WORD_ELLIPSIS, &rc,
-                        &options);
+        if (FAILED(DrawThemeTextEx(hTheme, hdc, 0, 0, Title(), -1, DT_WORD_ELLIPSIS, &rc, &options))) {
+            const gesso::TransparentScope mode(hdc);
+            DrawTextW(hdc, Title(), -1, &rc, DT_WORD_ELLIPSIS);
+        }
     }
     if (hFont) {
         DeleteObject(hFont);
@@ -288,8 +318,7 @@ void GWizard::Draw(HDC hdc)
         .DrawBackground(m_rcFooter);
 }
 
-// --- Messages
-// -----------------------------------------------------------------------------------------------------------
+// --- Messages ---
 
 int GWizard::OnFinish()
 {
@@ -342,11 +371,7 @@ int GWizard::OnDestroy()
 
 INT_PTR CALLBACK GWizard::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    if (uMsg == WM_INITDIALOG) {
-        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
-        gesso::DialogOf<GWizard>(hDlg)->m_hWnd = hDlg;
-    }
-    auto* pWizard = gesso::DialogOf<GWizard>(hDlg);
+    auto* pWizard = static_cast<GWizard*>(ObjectOf(hDlg, uMsg, lParam));
     if (!pWizard) {
         return gesso::OnWhiteDialogColor(uMsg, lParam);
     }
@@ -356,11 +381,13 @@ INT_PTR CALLBACK GWizard::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM
     case WM_CLOSE: return pWizard->OnCommand(WZB_CANCEL);
     case WM_NOTIFY: return 1;
     case WZM_SETCURPAGE:
-        return pWizard->SetCurrentPage(static_cast<UINT>(wParam), reinterpret_cast<const stcPage*>(lParam));
+        return Answer(hDlg, pWizard->SetCurrentPage(static_cast<UINT>(wParam),
+                                                    reinterpret_cast<const stcPage*>(lParam)));
     case WZM_GETCURPAGE:
-        return pWizard->OnGetCurrentPage(reinterpret_cast<UINT*>(wParam),
-                                         reinterpret_cast<stcPage**>(lParam));
-    case WZM_SETBUTTONS: return pWizard->SetButtons(static_cast<DWORD>(wParam), static_cast<DWORD>(lParam));
+        return Answer(hDlg, pWizard->OnGetCurrentPage(reinterpret_cast<UINT*>(wParam),
+                                                      reinterpret_cast<stcPage**>(lParam)));
+    case WZM_SETBUTTONS:
+        return Answer(hDlg, pWizard->SetButtons(static_cast<DWORD>(wParam), static_cast<DWORD>(lParam)));
     case WM_DESTROY: return pWizard->OnDestroy();
     default: return gesso::OnWhiteDialogColor(uMsg, lParam);
     }

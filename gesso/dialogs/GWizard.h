@@ -22,7 +22,7 @@ constexpr UINT WZN_SETACTIVE = 2024;
 constexpr UINT WZN_KILLACTIVE = 2025;
 constexpr UINT WZN_FINISH = 2026;
 
-// Messages to the wizard's window; the result of each is 1.
+// Messages to the wizard's window; SendMessageW gives 1 for each.
 constexpr UINT WZM_SETCURPAGE = 0x465; // wParam: the index; lParam: an stcPage* to find instead, or null
 constexpr UINT WZM_GETCURPAGE =
     0x466; // wParam: UINT* for the index, lParam: stcPage** for the page; either may be null
@@ -66,7 +66,11 @@ class GESSO_API GWizard : public GDialog
 public:
     static constexpr UINT NO_PAGE = 0xFFFFFFFF;
 
-    // Inserts a page at an index, the end for one beyond it. Takes effect for the next DoModal.
+    // A wizard without a configuration; a subclass sets m_pConfig.
+    GWizard() = default;
+
+    // Inserts a page at an index, the end for one beyond it. Takes effect for the next DoModal. A null page
+    // is ignored.
     void InsertPage(UINT nIndex, stcPage* pPage);
     // Ignores an index beyond the end.
     void RemovePage(UINT nIndex);
@@ -84,14 +88,13 @@ protected:
     static void DeleteButton(GButton* pButton);
     using OwnedButton = gesso::Owned<GButton*, DeleteButton>;
 
-    GWizard() = default;
-
     int OnInitDialog();
     int OnDestroy();
     int OnCommand(UINT uId);
     void OnActivate();
-    // Asks the present page, switches the buttons, and shows the new one. An index beyond the end changes
-    // nothing.
+    // Asks the present page, switches the buttons, and shows the new one. The focus moves with the page, and
+    // off a button that goes. An index beyond the end changes nothing, and so does any before the buttons are
+    // there.
     void ActivatePage(UINT nIndex);
     void NextPage();
     void PreviousPage();
@@ -120,6 +123,8 @@ private:
     bool Ask(UINT nIndex, UINT uCode);
     int OnFinish();
     int OnGetCurrentPage(UINT* pnIndex, stcPage** ppPage) const;
-    void MoveFocusOffHiddenButton();
+    void SwitchButtons(UINT nIndex);
+    void KeepFocus(HWND hwndFormer, const stcPage& page);
+    LPCWSTR Title() const;
     void DrawTitle(HDC hdc, const RECT& rcClient) const;
 };

@@ -35,12 +35,13 @@ struct GWndCertFailure::Layout
     HFONT hFontHeader, hFontDialog;
     const gesso::CertSeverity& severity;
     int cxMargin, cxGap, cyGap; // 7, 5 and 10 dialog units
-    SIZE icon, smallIcon;
-    int cyIconShift; // centres a small icon on a line of text
-    int xLimit;      // the right limit of all text
-    int xWidest;     // the right edge of the widest text so far
-    int y;           // where the next element goes
-    int cxClient, cyClient, cyFooter;
+    SIZE icon{GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)};
+    SIZE smallIcon{GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)};
+    int cyIconShift = 0; // centres a small icon on a line of text
+    int xLimit = 0;      // the right limit of all text
+    int xWidest = 0;     // the right edge of the widest text so far
+    int y = 0;           // where the next element goes
+    int cxClient = 0, cyClient = 0, cyFooter = 0;
 
     // Measures a text, wrapped at the limit, and keeps the widest.
     RECT Measure(HFONT hFont, LPCWSTR psz, int x, int yTop)
@@ -70,9 +71,9 @@ constexpr DWORD BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | 
 constexpr DWORD CHECKBOX_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_VCENTER;
 static_assert(BUTTON_STYLE == 0x50010005 && CHECKBOX_STYLE == 0x50010004);
 
-HFONT DialogFont(HWND hDlg)
+const gesso::CertSeverity& SeverityOf(const GWNDCERTFAILURECONFIG& config)
 {
-    return reinterpret_cast<HFONT>(SendMessageW(hDlg, WM_GETFONT, 0, 0));
+    return SEVERITIES[std::min<size_t>(config.dwType, std::size(SEVERITIES) - 1)];
 }
 
 HFONT MakeHeaderFont()
@@ -100,8 +101,7 @@ DWORD Blend(DWORD crLeft, DWORD crRight, int nShift, int x, int nSteps)
 
 } // namespace
 
-// --- The static functions
-// ---------------------------------------------------------------------------------------------
+// --- The static functions ---
 
 HRESULT GWndCertFailure::WndCertFailure(DWORD* pdwResult, HWND hwndParent, CertCallback pfnShow, void* pData,
                                         DWORD dwType, DWORD dwFailures, LPCWSTR pszCaption,
@@ -114,8 +114,8 @@ HRESULT GWndCertFailure::WndCertFailure(DWORD* pdwResult, HWND hwndParent, CertC
 HRESULT GWndCertFailure::WndCertFailureIndirect(DWORD* pdwResult, HWND hwndParent,
                                                 const GWNDCERTFAILURECONFIG* pConfig)
 {
-    if (pConfig->dwType >= std::size(SEVERITIES)) {
-        gesso::Misuse("GWndCertFailure: severity");
+    if (!pConfig || pConfig->dwType >= std::size(SEVERITIES)) {
+        gesso::Misuse("GWndCertFailure: no configuration, or no such severity");
         return E_INVALIDARG;
     }
     const DLGTEMPLATE* pTemplate =
@@ -139,8 +139,7 @@ DLGPROC GWndCertFailure::GetDialogProc()
     return DialogProc;
 }
 
-// --- Layout
-// -----------------------------------------------------------------------------------------------------------
+// --- Layout ---
 
 void GWndCertFailure::AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc)
 {
@@ -150,7 +149,8 @@ void GWndCertFailure::AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT&
 HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
 {
     HICON hIcon = nullptr;
-    IsolationAwareLoadIconWithScaleDown(g_hModule, MAKEINTRESOURCEW(wId), cx, cy, &hIcon);
+    const auto hInstance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(m_hWnd, GWLP_HINSTANCE));
+    IsolationAwareLoadIconWithScaleDown(hInstance, MAKEINTRESOURCEW(wId), cx, cy, &hIcon);
     m_aIcons.Add(hIcon);
     return hIcon;
 }
@@ -169,22 +169,13 @@ int GWndCertFailure::OnInitDialog()
     const HFONT hFontHeader = MakeHeaderFont();
     m_aFonts.Add(hFontHeader);
     const RECT rcUnits = MapUnits(m_hWnd, 7, 7, 5, 10);
-    Layout layout{hdc,
-                  hFontHeader,
-                  DialogFont(m_hWnd),
-                  SEVERITIES[m_pConfig->dwType],
-                  rcUnits.left,
-                  rcUnits.right,
-                  rcUnits.bottom,
-                  {GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)},
-                  {GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)},
-                  0,
-                  0,
-                  0,
-                  0,
-                  0,
-                  0,
-                  0};
+    Layout layout{.hdc = hdc,
+                  .hFontHeader = hFontHeader,
+                  .hFontDialog = gesso::FontOf(m_hWnd),
+                  .severity = SeverityOf(*m_pConfig),
+                  .cxMargin = rcUnits.left,
+                  .cxGap = rcUnits.right,
+                  .cyGap = rcUnits.bottom};
     PlaceHeader(layout);
     PlaceSubject(layout);
     PlaceFailures(layout);
@@ -318,7 +309,7 @@ void GWndCertFailure::FitWindow(const Layout& layout)
 // One row, which painting repeats.
 void GWndCertFailure::MakeGradient()
 {
-    const gesso::CertSeverity& severity = SEVERITIES[m_pConfig->dwType];
+    const gesso::CertSeverity& severity = SeverityOf(*m_pConfig);
     const int cx = m_rcHeader.right;
     BITMAPINFO info{};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), cx, 1, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
@@ -334,8 +325,7 @@ void GWndCertFailure::MakeGradient()
     }
 }
 
-// --- Drawing
-// ------------------------------------------------------------------------------------------------------------
+// --- Drawing ---
 
 void GWndCertFailure::Draw(HDC hdc)
 {
@@ -382,8 +372,7 @@ void GWndCertFailure::DrawElements(HDC hdc) const
     }
 }
 
-// --- Messages
-// -----------------------------------------------------------------------------------------------------------
+// --- Messages ---
 
 // The dialog toggles the box itself, so that flag and box stay equal.
 void GWndCertFailure::OnToggle(HWND hwndCheckBox)
@@ -453,11 +442,7 @@ int GWndCertFailure::OnDestroy()
 
 INT_PTR CALLBACK GWndCertFailure::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    if (uMsg == WM_INITDIALOG) {
-        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
-        gesso::DialogOf<GWndCertFailure>(hDlg)->m_hWnd = hDlg;
-    }
-    auto* pDialog = gesso::DialogOf<GWndCertFailure>(hDlg);
+    auto* pDialog = static_cast<GWndCertFailure*>(ObjectOf(hDlg, uMsg, lParam));
     if (!pDialog) {
         return 0;
     }

@@ -37,10 +37,13 @@ static_assert(offsetof(GWNDCERTFAILURECONFIG, pszCaption) == 8 && sizeof(GWNDCER
 class GESSO_API GWndCertFailure : public GDialog
 {
 public:
+    // The record outlives the object. The static functions make one themselves.
+    explicit GWndCertFailure(const GWNDCERTFAILURECONFIG* pConfig);
+
     // Runs the dialog. Returns S_OK, and in *pdwResult IDYES (go on) or IDNO, with CFR_DONTASK where that was
     // ticked. E_FAIL where the platform could not run it, in which case *pdwResult is -1; another failure,
-    // with *pdwResult as it was, where the template is missing or the severity is none. pdwResult may be
-    // null.
+    // with *pdwResult as it was, where the template is missing or the severity is none of the three.
+    // pdwResult may be null.
     static HRESULT WndCertFailure(DWORD* pdwResult, HWND hwndParent, CertCallback pfnShow, void* pData,
                                   DWORD dwType, DWORD dwFailures, LPCWSTR pszCaption, LPCWSTR pszSubject);
     static HRESULT WndCertFailureIndirect(DWORD* pdwResult, HWND hwndParent,
@@ -52,8 +55,6 @@ public:
     static INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
 
 protected:
-    explicit GWndCertFailure(const GWNDCERTFAILURECONFIG* pConfig);
-
     int OnInitDialog();
     int OnCommand(UINT uId, HWND hwndControl);
     int OnClose();

@@ -13,6 +13,8 @@ namespace desk = gesso::headless;
 using test::Lines;
 
 constexpr WORD PAGE_TEMPLATE = 500;
+constexpr WORD FIELD_TEMPLATE = 501; // a page with a control that takes the focus
+constexpr int FIELD = 900;
 
 // What the pages hear, and what they answer.
 struct PageScript
@@ -20,18 +22,26 @@ struct PageScript
     Lines heard;
     bool fAllowLeave = true;
     bool fAllowFinish = true;
+    // Called for WM_INITDIALOG and for each notification's code, with the page's window.
+    std::function<void(UINT, HWND)> onMessage;
 };
 constinit PageScript* s_pScript = nullptr;
 
-INT_PTR CALLBACK PageProc(HWND, UINT uMsg, WPARAM, LPARAM lParam)
+INT_PTR CALLBACK PageProc(HWND hwnd, UINT uMsg, WPARAM, LPARAM lParam)
 {
-    if (uMsg != WM_NOTIFY) {
-        return FALSE;
+    const bool fAsked = uMsg == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code >= WZN_SETACTIVE &&
+                        reinterpret_cast<const NMHDR*>(lParam)->code <= WZN_FINISH;
+    if (fAsked) {
+        auto& notify = *reinterpret_cast<stcWizardNotify*>(lParam);
+        s_pScript->heard.push_back(std::to_string(notify.hdr.code));
+        notify.nResult = notify.hdr.code == WZN_FINISH ? s_pScript->fAllowFinish : s_pScript->fAllowLeave;
     }
-    auto& notify = *reinterpret_cast<stcWizardNotify*>(lParam);
-    s_pScript->heard.push_back(std::to_string(notify.hdr.code));
-    notify.nResult = notify.hdr.code == WZN_FINISH ? s_pScript->fAllowFinish : s_pScript->fAllowLeave;
-    return TRUE;
+    if (s_pScript->onMessage && (fAsked || uMsg == WM_INITDIALOG)) {
+        // A copy, since it may put another in its own place.
+        const auto act = s_pScript->onMessage;
+        act(fAsked ? reinterpret_cast<const NMHDR*>(lParam)->code : uMsg, hwnd);
+    }
+    return fAsked;
 }
 
 class TestWizard : public GWizard
@@ -39,6 +49,7 @@ class TestWizard : public GWizard
 public:
     TestWizard() { m_pConfig = &m_config; }
     UINT Current() const { return m_nCurrent; }
+    using GWizard::Draw;
     using GWizard::NextPage;
     using GWizard::PreviousPage;
 
@@ -55,6 +66,9 @@ protected:
         s_pScript = &script;
         const test::DialogTemplate page(WS_CHILD | DS_CONTROL, 180, 90);
         desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(PAGE_TEMPLATE), page.Bytes());
+        test::DialogTemplate field(WS_CHILD | DS_CONTROL, 180, 90);
+        field.Add(L"GCheckBox", FIELD, WS_TABSTOP, 5, 5, 60, 14, L"Field");
+        desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(FIELD_TEMPLATE), field.Bytes());
         m_before = desk::Live();
     }
     void TearDown() override
@@ -83,6 +97,28 @@ protected:
     static std::function<void(HWND)> Command(UINT uId)
     {
         return [uId](HWND hDlg) { SendMessageW(hDlg, WM_COMMAND, uId, 0); };
+    }
+
+    // What has the focus: a page's field by the page's index, or a button by its text.
+    std::string Focus() const
+    {
+        const HWND hwnd = GetFocus();
+        for (size_t i = 0; i < pages.size(); i++) {
+            if (hwnd && hwnd == GetDlgItem(pages[i].hwnd, FIELD)) {
+                return "field " + std::to_string(i);
+            }
+        }
+        return hwnd ? test::TextOf(hwnd) : "none";
+    }
+
+    // The pages that show.
+    std::string Shown() const
+    {
+        std::string shown;
+        for (size_t i = 0; i < pages.size(); i++) {
+            shown += IsWindowVisible(pages[i].hwnd) ? std::to_string(i) : "";
+        }
+        return shown;
     }
 
     // The buttons that show, from left to right, those that are disabled in brackets.
@@ -150,9 +186,10 @@ TEST_F(GWizardTest, MessagesSetAndTellThePageAndTheButtons)
     Run({[&](HWND hDlg) {
         UINT nIndex = 77;
         stcPage* pPage = nullptr;
-        SendMessageW(hDlg, WZM_SETCURPAGE, 0, reinterpret_cast<LPARAM>(&pages[2]));
-        SendMessageW(hDlg, WZM_GETCURPAGE, reinterpret_cast<WPARAM>(&nIndex),
-                     reinterpret_cast<LPARAM>(&pPage));
+        EXPECT_EQ(SendMessageW(hDlg, WZM_SETCURPAGE, 0, reinterpret_cast<LPARAM>(&pages[2])), 1);
+        EXPECT_EQ(SendMessageW(hDlg, WZM_GETCURPAGE, reinterpret_cast<WPARAM>(&nIndex),
+                               reinterpret_cast<LPARAM>(&pPage)),
+                  1);
         EXPECT_EQ(nIndex, 2u);
         EXPECT_EQ(pPage, &pages[2]);
         SendMessageW(hDlg, WZM_SETCURPAGE, 0, reinterpret_cast<LPARAM>(&stranger));
@@ -162,7 +199,7 @@ TEST_F(GWizardTest, MessagesSetAndTellThePageAndTheButtons)
         SendMessageW(hDlg, WZM_SETCURPAGE, 0, 0);
         wizard.PreviousPage();
         EXPECT_EQ(wizard.Current(), 0u);
-        SendMessageW(hDlg, WZM_SETBUTTONS, WZB_CANCEL | WZB_BACK, WZB_CANCEL);
+        EXPECT_EQ(SendMessageW(hDlg, WZM_SETBUTTONS, WZB_CANCEL | WZB_BACK, WZB_CANCEL), 1);
         EXPECT_EQ(Buttons(hDlg), "(Back) Cancel");
         PostMessageW(hDlg, WM_CLOSE, 0, 0);
     }});
@@ -208,6 +245,144 @@ TEST_F(GWizardTest, DialogFitsItsFirstPageAndTheFooter)
              EXPECT_LT(rcButton.right, rcClient.right);
          },
          Command(WZB_CANCEL)});
+}
+
+TEST_F(GWizardTest, KeyboardStaysInTheWizardWhenItsButtonsGo)
+{
+    AddPages(3);
+    Lines at;
+    const auto look = [&](HWND) { at.push_back(Focus()); };
+    const auto type = [](UINT vk) { return [vk](HWND) { desk::TypeKey(vk); }; };
+    const auto focus = [](UINT uId) {
+        return [uId](HWND hDlg) {
+            SendMessageW(hDlg, WM_NEXTDLGCTL,
+                         reinterpret_cast<WPARAM>(GetDlgItem(hDlg, static_cast<int>(uId))), TRUE);
+        };
+    };
+    const INT_PTR nResult =
+        Run({focus(WZB_NEXT), type(VK_SPACE), look, type(VK_SPACE), look, focus(WZB_BACK), type(VK_SPACE),
+             look, type(VK_SPACE), look, type(VK_RETURN), type(VK_RETURN), look, type(VK_RETURN)});
+    EXPECT_EQ(at, (Lines{"Next", "Done", "Back", "Next", "Done"}));
+    EXPECT_EQ(nResult, static_cast<INT_PTR>(WZB_FINISH));
+}
+
+TEST_F(GWizardTest, FocusGoesFromPageToPage)
+{
+    AddPages(3);
+    pages[0].pszTemplate = pages[1].pszTemplate = MAKEINTRESOURCEW(FIELD_TEMPLATE);
+    Lines at;
+    const auto look = [&](HWND) { at.push_back(Focus()); };
+    const auto enter = [](HWND) { desk::TypeKey(VK_RETURN); };
+    Run({[&](HWND) { SetFocus(GetDlgItem(pages[0].hwnd, FIELD)); }, look, enter, look, enter, look,
+         Command(WZB_CANCEL)});
+    EXPECT_EQ(at, (Lines{"field 0", "field 1", "Done"})) << "the last page has nothing to focus";
+    at.clear();
+    script.onMessage = [&](UINT uCode, HWND hwndPage) {
+        if (uCode == WZN_SETACTIVE && hwndPage == pages[1].hwnd) {
+            SetFocus(GetDlgItem(wizard, WZB_BACK));
+        }
+    };
+    Run({[&](HWND) { SetFocus(GetDlgItem(pages[0].hwnd, FIELD)); }, Command(WZB_NEXT), look,
+         Command(WZB_CANCEL)});
+    EXPECT_EQ(at, (Lines{"Back"})) << "where the page put it";
+}
+
+TEST_F(GWizardTest, BeforeItsButtonsAreThereNoPageIsActivated)
+{
+    AddPages(2);
+    UINT nIndex = 77;
+    stcPage* pPage = &pages[1];
+    script.onMessage = [&](UINT uMsg, HWND hwndPage) {
+        if (uMsg == WM_INITDIALOG) {
+            const HWND hDlg = GetParent(hwndPage);
+            SendMessageW(hDlg, WZM_SETCURPAGE, 1, 0);
+            SendMessageW(hDlg, WZM_SETBUTTONS, 0, 0);
+            SendMessageW(hDlg, WZM_GETCURPAGE, reinterpret_cast<WPARAM>(&nIndex),
+                         reinterpret_cast<LPARAM>(&pPage));
+        }
+    };
+    Lines shown;
+    const auto look = [&](HWND hDlg) { shown.push_back(Shown() + ": " + Buttons(hDlg)); };
+    Run({look, Command(WZB_CANCEL)});
+    EXPECT_EQ(nIndex, GWizard::NO_PAGE);
+    EXPECT_EQ(pPage, &pages[1]) << "not written";
+    Run({look, Command(WZB_CANCEL)});
+    EXPECT_EQ(shown, (Lines{"0: (Back) Next Cancel", "0: (Back) Next Cancel"}))
+        << "a second run is like the first";
+}
+
+TEST_F(GWizardTest, PageThatSendsTheUserOnIsNotShownItself)
+{
+    AddPages(4);
+    script.onMessage = [&](UINT uCode, HWND hwndPage) {
+        if (uCode == WZN_SETACTIVE && hwndPage == pages[1].hwnd) {
+            SendMessageW(wizard, WZM_SETCURPAGE, 2, 0);
+        }
+    };
+    Lines shown;
+    Run({Command(WZB_NEXT), [&](HWND) { shown.push_back(std::to_string(wizard.Current()) + " " + Shown()); },
+         Command(WZB_CANCEL)});
+    EXPECT_EQ(shown, Lines{"2 2"});
+}
+
+TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
+{
+    AddPages(3);
+    for (const UINT uCode : {UINT{WM_INITDIALOG}, WZN_SETACTIVE, WZN_KILLACTIVE, WZN_FINISH}) {
+        for (const bool fDestroy : {false, true}) {
+            script.onMessage = [&](UINT uNow, HWND hwndPage) {
+                if (uNow == uCode) {
+                    script.onMessage = nullptr;
+                    fDestroy ? DestroyWindow(GetParent(hwndPage)) : EndDialog(GetParent(hwndPage), 77);
+                }
+            };
+            desk::WhenIdle([&] { SendMessageW(wizard, WM_COMMAND, WZB_NEXT, 0); });
+            desk::WhenIdle([&] { SendMessageW(wizard, WM_COMMAND, WZB_FINISH, 0); });
+            const INT_PTR nResult = wizard.DoModal(Parent(), nullptr);
+            if (!fDestroy && uCode != WZN_FINISH) {
+                EXPECT_EQ(nResult, 77) << uCode;
+            }
+            EXPECT_FALSE(IsWindow(wizard)) << uCode;
+            EXPECT_TRUE(IsWindowEnabled(Parent())) << uCode;
+            desk::Pump();
+            desk::ClearFaults();
+        }
+    }
+}
+
+TEST_F(GWizardTest, IgnoresANullPageAndRefusesToRunWithoutConfiguration)
+{
+    const bool fFormer = gesso::SetMisuseStops(false);
+    wizard.InsertPage(0, nullptr);
+    EXPECT_EQ(wizard.GetPage(0), nullptr);
+    GWizard bare;
+    EXPECT_EQ(bare.DoModal(Parent(), nullptr), -1);
+    gesso::SetMisuseStops(fFormer);
+}
+
+TEST_F(GWizardTest, DrawsHeaderAndCommandAreaForASubclass)
+{
+    AddPages(1);
+    Lines drawn;
+    const auto draw = [&](HWND hDlg) {
+        const HDC hdc = GetDC(hDlg);
+        wizard.Draw(hdc);
+        ReleaseDC(hDlg, hdc);
+        drawn = desk::Drawing(hDlg);
+        desk::ClearDrawing(hDlg);
+    };
+    // The page is 180 x 90 units, which are 315 x 169 pixels; the footer's 28 are 53.
+    const std::string footer = "DrawThemeBackground AEROWIZARD 4 0 (0,169,315,222)";
+    Run({[](HWND hDlg) { desk::ClearDrawing(hDlg); }, draw,
+         [&](HWND) {
+             EXPECT_EQ(drawn, (Lines{"DrawThemeTextEx CompositedWindow::Window 0 0 \"Wizard\" (48,28,190,50) "
+                                     "0x40000 font=\"Segoe UI\" 12 color=000000",
+                                     footer}));
+             desk::SetThemeClassAvailable("CompositedWindow::Window", false);
+         },
+         draw, Command(WZB_CANCEL)});
+    EXPECT_EQ(drawn, (Lines{"DrawTextW \"Wizard\" (48,28,190,50) 0x40000 font=\"Segoe UI\" 12 color=000000",
+                            footer}));
 }
 
 } // namespace

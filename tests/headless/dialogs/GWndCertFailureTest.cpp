@@ -3,7 +3,6 @@
 #include <gesso/controls/GCheckBox.h>
 #include <gesso/dialogs/GWndCertFailure.h>
 
-#include "../../support/DialogTemplate.h"
 #include "../controls/DrawFixture.h"
 
 #include <gtest/gtest.h>
@@ -22,13 +21,6 @@ constexpr int SHOW = 2000;
 class GWndCertFailureTest : public test::DrawFixture
 {
 protected:
-    void SetUp() override
-    {
-        DrawFixture::SetUp();
-        const test::DialogTemplate dialog(WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU, 245, 220);
-        desk::AddResource(desk::LibraryModule(), L"RT_DLG", MAKEINTRESOURCEW(130), dialog.Bytes());
-    }
-
     DWORD Run(DWORD dwType, DWORD dwFailures, const std::function<void(HWND)>& act)
     {
         desk::WhenIdle([act] { act(GDialog::s_hActiveDlg); });
