@@ -52,6 +52,19 @@ BOOL CALLBACK ShowCuesOf(HWND hwnd, LPARAM)
     return TRUE;
 }
 
+BOOL CALLBACK ShowCuesIn(HWND hwnd, LPARAM lParam)
+{
+    EnumChildWindows(hwnd, &ShowCuesOf, lParam);
+    return TRUE;
+}
+
+// Says where a picture went. False where it could not be saved.
+bool Tell(bool fSaved, const std::wstring& path)
+{
+    std::fprintf(fSaved ? stdout : stderr, "%s%s\n", fSaved ? "" : "could not save ", ToUtf8(path).c_str());
+    return fSaved;
+}
+
 std::wstring PicturePath(const std::wstring& dir, LPCWSTR pszName)
 {
     std::wstring path = dir + L"\\";
@@ -60,6 +73,9 @@ std::wstring PicturePath(const std::wstring& dir, LPCWSTR pszName)
     }
     return path + L".png";
 }
+
+// For the hook, which knows no object.
+Gallery* s_pGallery = nullptr;
 
 } // namespace
 
@@ -80,6 +96,8 @@ bool Gallery::Create()
                        L"What the controls report to their parent appears here.", 0,
                        WS_CHILD | WS_VISIBLE | GS_MULTILINE | GLS_NOPREFIX);
     m_lastLines.SetTextColor(CAPTION_COLOR);
+    s_pGallery = this;
+    SetWindowsHookExW(WH_GETMESSAGE, &OnMessageTaken, nullptr, GetCurrentThreadId());
     ShowWindow(m_hwnd, SW_SHOW);
     ShowPage(m_options.nPage);
     return true;
@@ -127,15 +145,23 @@ int Gallery::Run()
 {
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
-        if (msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN) {
-            OnKeyDown(static_cast<UINT>(msg.wParam));
-        }
         if (!PressMnemonic(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {
             TranslateMessage(&msg);
             DispatchMessageW(&msg);
         }
     }
     return static_cast<int>(msg.wParam);
+}
+
+// Sees the keys in every message loop, those of dialogs too.
+LRESULT CALLBACK Gallery::OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam)
+{
+    const MSG& msg = *reinterpret_cast<const MSG*>(lParam);
+    if (nCode == HC_ACTION && wParam == PM_REMOVE &&
+        (msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN)) {
+        s_pGallery->OnKeyDown(static_cast<UINT>(msg.wParam));
+    }
+    return CallNextHookEx(nullptr, nCode, wParam, lParam);
 }
 
 void Gallery::OnKeyDown(UINT uKey)
@@ -153,7 +179,7 @@ void Gallery::OnKeyDown(UINT uKey)
 void Gallery::ShowKeyboardCues() const
 {
     if (m_fKeyboardCues) {
-        EnumChildWindows(m_hwnd, &ShowCuesOf, 0);
+        EnumThreadWindows(GetCurrentThreadId(), &ShowCuesIn, 0);
     }
 }
 
@@ -164,11 +190,20 @@ bool Gallery::SavePictures()
         ShowPage(i);
         HandleMessagesUntilIdle();
         const std::wstring path = PicturePath(m_options.pictureDir, PAGES[i].pszName);
-        const bool fThis = SavePicture(m_hwnd, path.c_str());
-        std::fprintf(fThis ? stdout : stderr, "%s%s\n", fThis ? "" : "could not save ", ToUtf8(path).c_str());
-        fSaved = fSaved && fThis;
+        fSaved = Tell(SavePicture(m_hwnd, path.c_str()), path) && fSaved;
+        fSaved = SaveExhibits() && fSaved;
     }
     DestroyWindow(m_hwnd);
+    return fSaved;
+}
+
+bool Gallery::SaveExhibits()
+{
+    bool fSaved = true;
+    for (const Exhibit& exhibit : m_page->Content().Exhibits()) {
+        const std::wstring path = PicturePath(m_options.pictureDir, exhibit.name.c_str());
+        fSaved = Tell(SaveExhibit(m_hwnd, exhibit, path.c_str()), path) && fSaved;
+    }
     return fSaved;
 }
 

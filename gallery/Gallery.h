@@ -19,7 +19,8 @@ public:
     bool Create();
     // Runs until the window is closed.
     int Run();
-    // Shows each page in turn and saves its picture, printing the paths. False if one could not be saved.
+    // Shows each page in turn and saves its picture and those of its dialogs, printing the paths. False if
+    // one could not be saved.
     bool SavePictures();
 
 private:
@@ -30,11 +31,13 @@ private:
     LRESULT OnCommand(UINT uId, LPARAM lParam);
     LRESULT OnGetDefaultId() const;
 
+    static LRESULT CALLBACK OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam);
     void OnKeyDown(UINT uKey);
     void ShowKeyboardCues() const;
 
     void MakePageButtons();
     void ShowPage(int nPage);
+    bool SaveExhibits();
     void WriteLayoutFile() const;
     void AddLine(const std::wstring& line);
 

@@ -32,6 +32,23 @@ BOOL CALLBACK WriteControl(HWND hwnd, LPARAM lParam)
     return TRUE;
 }
 
+// A dialog, with its controls.
+BOOL CALLBACK WriteDialog(HWND hwnd, LPARAM lParam)
+{
+    if (ClassOf(hwnd) == L"#32770" && WriteControl(hwnd, lParam)) {
+        EnumChildWindows(hwnd, &WriteControl, lParam);
+    }
+    return TRUE;
+}
+
+// What has the keyboard, and whether the gallery's window takes input.
+void WriteState(HWND hwnd, FILE* file)
+{
+    WriteLine(file, {L"active", 0, TextOf(GetActiveWindow()), {}});
+    WriteLine(file, {L"focus", static_cast<UINT>(GetDlgCtrlID(GetFocus())), TextOf(GetFocus()), {}});
+    WriteLine(file, {L"owner", 0, IsWindowEnabled(hwnd) ? L"enabled" : L"disabled", {}});
+}
+
 } // namespace
 
 void WriteLayout(HWND hwnd, const std::vector<Part>& parts, const std::wstring& path)
@@ -42,9 +59,11 @@ void WriteLayout(HWND hwnd, const std::vector<Part>& parts, const std::wstring& 
         return;
     }
     EnumChildWindows(hwnd, &WriteControl, reinterpret_cast<LPARAM>(file));
+    EnumThreadWindows(GetCurrentThreadId(), &WriteDialog, reinterpret_cast<LPARAM>(file));
     for (const Part& part : parts) {
         WriteLine(file, part);
     }
+    WriteState(hwnd, file);
     std::fclose(file);
     MoveFileExW(draft.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING);
 }

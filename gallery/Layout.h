@@ -5,8 +5,10 @@
 
 namespace gallery {
 
-// Writes a line for each visible control below a window, and for each part: class or kind, id, text, and x,
-// y, width and height in screen pixels, parted by tabs. The file is complete as soon as it has its name.
+// Writes a line for each visible control below a window, for each dialog that is open and its controls, and
+// for each part: class or kind, id, text, and x, y, width and height in screen pixels, parted by tabs. The
+// last lines tell the active window, the control that has the focus, and whether the window is "enabled" or
+// "disabled". The file is complete as soon as it has its name.
 void WriteLayout(HWND hwnd, const std::vector<Part>& parts, const std::wstring& path);
 
 } // namespace gallery

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gallery/Canvas.h>
+#include <gallery/Exhibit.h>
 
 #include <string>
 #include <vector>
@@ -33,6 +34,8 @@ public:
 
     // The parts in sight, for tests that drive the gallery with a real pointer.
     virtual std::vector<Part> Parts() const { return {}; }
+    // The dialogs that the page opens, for their pictures.
+    virtual std::vector<Exhibit> Exhibits() { return {}; }
 };
 
 } // namespace gallery

@@ -21,7 +21,7 @@ public:
     PageWindow& operator=(const PageWindow&) = delete;
 
     HWND Window() const { return m_hwnd; }
-    const Page& Content() const { return *m_page; }
+    Page& Content() const { return *m_page; }
     // The control that Enter presses: null where the page has none.
     HWND DefaultButton() const;
 

@@ -13,6 +13,7 @@ std::unique_ptr<Page> MakeChoicesPage();
 std::unique_ptr<Page> MakeTextPage();
 std::unique_ptr<Page> MakeListPage();
 std::unique_ptr<Page> MakeRibbonPage();
+std::unique_ptr<Page> MakeDialogsPage();
 
 struct PageEntry
 {
@@ -28,6 +29,7 @@ inline constexpr PageEntry PAGES[] = {
     {L"Text", &MakeTextPage},
     {L"List", &MakeListPage},
     {L"Ribbon", &MakeRibbonPage},
+    {L"Dialogs", &MakeDialogsPage},
 };
 // clang-format on
 inline constexpr int PAGE_COUNT = static_cast<int>(std::size(PAGES));

@@ -7,19 +7,26 @@ namespace {
 // {557CF406-1A04-11D3-9A73-0000F81EF32E}, the PNG encoder that every Windows has.
 constexpr CLSID PNG_ENCODER = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
-HBITMAP CopyClientArea(HWND hwnd)
+HBITMAP Copy(HDC hdc, SIZE size)
 {
-    RECT rc{};
-    GetClientRect(hwnd, &rc);
-    const HDC hdcWindow = GetDC(hwnd);
-    const HDC hdcMemory = CreateCompatibleDC(hdcWindow);
-    const HBITMAP hbm = CreateCompatibleBitmap(hdcWindow, rc.right, rc.bottom);
+    const HDC hdcMemory = CreateCompatibleDC(hdc);
+    const HBITMAP hbm = CreateCompatibleBitmap(hdc, size.cx, size.cy);
     const HGDIOBJ hFormer = SelectObject(hdcMemory, hbm);
-    BitBlt(hdcMemory, 0, 0, rc.right, rc.bottom, hdcWindow, 0, 0, SRCCOPY);
+    BitBlt(hdcMemory, 0, 0, size.cx, size.cy, hdc, 0, 0, SRCCOPY);
     SelectObject(hdcMemory, hFormer);
     DeleteDC(hdcMemory);
-    ReleaseDC(hwnd, hdcWindow);
     return hbm;
+}
+
+// What stands in a window's context. False where it could not be saved.
+bool Save(HWND hwnd, HDC hdc, SIZE size, LPCWSTR pszPath)
+{
+    const HBITMAP hbm = Copy(hdc, size);
+    ReleaseDC(hwnd, hdc);
+    Gdiplus::Bitmap bitmap(hbm, nullptr);
+    const bool fSaved = bitmap.Save(pszPath, &PNG_ENCODER, nullptr) == Gdiplus::Ok;
+    DeleteObject(hbm);
+    return fSaved;
 }
 
 } // namespace
@@ -37,11 +44,16 @@ PictureSession::~PictureSession()
 
 bool SavePicture(HWND hwnd, LPCWSTR pszPath)
 {
-    const HBITMAP hbm = CopyClientArea(hwnd);
-    Gdiplus::Bitmap bitmap(hbm, nullptr);
-    const bool fSaved = bitmap.Save(pszPath, &PNG_ENCODER, nullptr) == Gdiplus::Ok;
-    DeleteObject(hbm);
-    return fSaved;
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    return Save(hwnd, GetDC(hwnd), {rc.right, rc.bottom}, pszPath);
+}
+
+bool SaveWholePicture(HWND hwnd, LPCWSTR pszPath)
+{
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    return Save(hwnd, GetWindowDC(hwnd), {rc.right - rc.left, rc.bottom - rc.top}, pszPath);
 }
 
 } // namespace gallery

@@ -20,5 +20,7 @@ private:
 
 // Saves a window's client area, as it stands on the screen, as a PNG. False where that failed.
 bool SavePicture(HWND hwnd, LPCWSTR pszPath);
+// The same for the whole window, caption and frame included.
+bool SaveWholePicture(HWND hwnd, LPCWSTR pszPath);
 
 } // namespace gallery

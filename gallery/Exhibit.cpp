@@ -1,0 +1,50 @@
+#include <gallery/Exhibit.h>
+#include <gallery/Picture.h>
+
+namespace gallery {
+namespace {
+
+constexpr UINT_PTR TIMER = 77;
+
+// The picture that is to be taken of the dialog over an owner.
+struct Order
+{
+    const Exhibit& exhibit;
+    LPCWSTR pszPath;
+    HWND hwndOwner;
+    bool fSaved = false;
+};
+
+// One at a time.
+Order* s_pOrder = nullptr;
+
+// A timer's message comes when nothing else is left to do, so that all is painted.
+void CALLBACK TakePicture(HWND hwnd, UINT, UINT_PTR uTimer, DWORD)
+{
+    const HWND hDlg = GetLastActivePopup(s_pOrder->hwndOwner);
+    if (hDlg == s_pOrder->hwndOwner) {
+        return; // not there yet
+    }
+    KillTimer(hwnd, uTimer);
+    if (s_pOrder->exhibit.prepare) {
+        s_pOrder->exhibit.prepare(hDlg);
+    }
+    RedrawWindow(hDlg, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    s_pOrder->fSaved = SaveWholePicture(hDlg, s_pOrder->pszPath);
+    EndDialog(hDlg, IDCANCEL);
+}
+
+} // namespace
+
+bool SaveExhibit(HWND hwndOwner, const Exhibit& exhibit, LPCWSTR pszPath)
+{
+    Order order{exhibit, pszPath, hwndOwner};
+    s_pOrder = &order;
+    SetTimer(hwndOwner, TIMER, USER_TIMER_MINIMUM, &TakePicture);
+    exhibit.open();
+    KillTimer(hwndOwner, TIMER);
+    s_pOrder = nullptr;
+    return order.fSaved;
+}
+
+} // namespace gallery
