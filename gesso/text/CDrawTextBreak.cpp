@@ -139,18 +139,18 @@ bool LineBreaker::BreakOverflow()
 // break. A word with no such place before it is split at the overflow, and since the search ends at index 1,
 // a place there is never taken.
 //
-// The guard: the search goes back to where the line began, which it finds again for a word that is wider than
-// the line and follows white space. Breaking there would make the same record for ever. Such a word is split
-// at the overflow as well, so that each break lies behind the one before it.
+// The guard: a word that is wider than the line and follows white space leads the search back to where the
+// line began, and breaking there would make the same record for ever. Where the place that is found does not
+// lie behind the last break, the word is split at the overflow as well. The search need not look in front of
+// the line's start, where nothing lies behind that break.
 UINT LineBreaker::FindOpportunity(UINT nOverflow) const
 {
     UINT nChar = nOverflow;
-    while (nChar > 1 && nChar > m_nLineStart && !MayBreakBefore(nChar)) {
+    while (nChar > 1 && nChar >= m_nLineStart && !MayBreakBefore(nChar)) {
         --nChar;
     }
     const bool fNone = nChar == 1;
-    const bool fNoProgress =
-        !m_breaks.empty() && (nChar <= m_nLineStart || GlyphOf(nChar) <= m_breaks.back().nGlyph);
+    const bool fNoProgress = !m_breaks.empty() && GlyphOf(nChar) <= m_breaks.back().nGlyph;
     return fNone || fNoProgress ? nOverflow : nChar;
 }
 

@@ -72,6 +72,15 @@ private:
         return i;
     }
 
+    UINT SumOfAdvances(UINT first) const
+    {
+        UINT sum = 0;
+        for (UINT i = first; i < m_buffer.nGlyphs; ++i) {
+            sum += static_cast<UINT>(m_buffer.pAdvance[i]);
+        }
+        return sum;
+    }
+
     const stcDrawTextBuffer& m_buffer;
     std::ostringstream m_out;
 };
@@ -89,6 +98,8 @@ void TextChecker::CheckBreaks()
     const stcDrawTextBreak& last = breaks[m_buffer.nBreaks];
     Expect(last.nItem == m_buffer.nItems - 1 && last.nGlyph == m_buffer.nGlyphs,
            "the last line does not end the text");
+    Expect(m_buffer.nBreaks == 0 || last.nWidth == SumOfAdvances(breaks[m_buffer.nBreaks - 1].nGlyph),
+           "the last line has another width than its glyphs");
 }
 
 } // namespace
