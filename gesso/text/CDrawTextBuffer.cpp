@@ -67,10 +67,7 @@ void CDrawText::FreeBuffer(stcDrawTextBuffer* pBuffer)
     if (!IsBuffer(pBuffer)) {
         return;
     }
-    if (pBuffer->scriptCache) {
-        ScriptFreeCache(&pBuffer->scriptCache);
-        pBuffer->scriptCache = nullptr;
-    }
+    FreeCache(pBuffer->scriptCache);
     FreeArray(pBuffer->pItems);
     FreeArray(pBuffer->pRuns);
     FreeArray(pBuffer->pLogClust);

@@ -80,6 +80,7 @@ public:
 
     void Run()
     {
+        FreeCache(m_cache); // of another font, it may be
         Itemize();
         if (m_arrays.nItems != 0) {
             ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
@@ -221,10 +222,6 @@ void CDrawText::DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nCha
 {
     if (!IsBuffer(pBuffer)) {
         return;
-    }
-    if (pBuffer->scriptCache) {
-        ScriptFreeCache(&pBuffer->scriptCache);
-        pBuffer->scriptCache = nullptr;
     }
     ResetScratch();
     Calculation(hdc, pszText, nChars, DrawTextScratch, pBuffer->scriptCache).Run();

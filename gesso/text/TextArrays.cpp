@@ -20,4 +20,12 @@ int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
     return cx;
 }
 
+void FreeCache(SCRIPT_CACHE& cache)
+{
+    if (cache) {
+        ScriptFreeCache(&cache);
+        cache = nullptr;
+    }
+}
+
 } // namespace gesso

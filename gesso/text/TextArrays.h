@@ -32,9 +32,12 @@ constexpr UINT Usable(const void* pArray, UINT nCount, UINT nCapacity)
     return !pArray ? 0 : nCapacity != 0 ? std::min(nCount, nCapacity) : nCount;
 }
 
+// As a signed number, the count of items may be negative: there are none then.
 inline UINT UsableItems(const stcDrawTextBuffer& buffer)
 {
-    return buffer.pRuns ? Usable(buffer.pItems, buffer.nItems, buffer.nItemsAlloc) : 0;
+    return buffer.pRuns && static_cast<int>(buffer.nItems) > 0
+               ? Usable(buffer.pItems, buffer.nItems, buffer.nItemsAlloc)
+               : 0;
 }
 
 inline UINT UsableChars(const stcDrawTextBuffer& buffer)
@@ -64,6 +67,8 @@ UINT FindRun(const stcDrawTextBuffer& buffer, UINT nGlyph);
 
 // The advances of the glyphs from nFirst up to nEnd.
 int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd);
+
+void FreeCache(SCRIPT_CACHE& cache);
 
 // A block of n zeros. There is a block for none too: the platform refuses null arrays, however short.
 template <class T> T* AllocateArray(UINT n)

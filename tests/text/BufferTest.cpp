@@ -88,6 +88,27 @@ TEST(TextBuffer, ASecondCalculationInOwnArraysCountsDouble)
     CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, &text);
 }
 
+TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
+{
+    TextContext hdc;
+    const HFONT hLarge =
+        CreateFontW(-48, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Segoe UI");
+    HandMadeText own;
+    CDrawText::PrepareBuffer(&own, 16, 64, 64);
+    HandMadeText published;
+    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &own);
+    CDrawText::DrawText_Calculate_Optimized(hdc, L"abc", 3, &published);
+    const UINT width = own.pRuns[0].abc.abcB;
+    const HGDIOBJ former = SelectObject(hdc, hLarge);
+    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &own);
+    CDrawText::DrawText_Calculate_Optimized(hdc, L"abc", 3, &published);
+    SelectObject(hdc, former);
+    DeleteObject(hLarge);
+    EXPECT_GT(own.pRuns[0].abc.abcB, 3 * width);
+    EXPECT_EQ(own.pRuns[0].abc.abcB, published.pRuns[0].abc.abcB);
+}
+
 TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
 {
     TextContext hdc;

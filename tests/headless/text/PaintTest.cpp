@@ -179,6 +179,10 @@ TEST_F(TextPaint, TheLowerPaintersTakeTheirGlyphsAsTheyStand)
     EXPECT_EQ(items(0), (Lines{"\"ab \" (1,2) cx=18 latin", "\"αβ\" (19,2) cx=12 greek"}));
     EXPECT_EQ(items(1), Lines{"\"ab\" (1,2) cx=12 greek"}) << "glyphs from the start of the text";
     EXPECT_EQ(items(2), Lines{});
+    const Text none = Prepare(context, u"ab", 0);
+    none->nItems = 0xFFFFFFFF;
+    EXPECT_EQ(Painted([&](HDC hdc) { CDrawText::DrawText_TextOut(hdc, 1, 2, none.get()); }), Lines{})
+        << "the count of items is a signed number";
 
     const auto glyphs = [&](UINT count) {
         return Painted([&](HDC hdc) { CDrawText::DrawText_TextOut_Char(hdc, 1, 2, text.get(), count); });
