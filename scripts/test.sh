@@ -100,6 +100,7 @@ step_style() {
 step_headless() {
     check_build headless || return
     run_tests headless timeout --kill-after=10 "$TEST_SECONDS" build/headless/tests/gesso_tests
+    check "the code in the docs compiles" scripts/check-docs.py
 }
 
 step_windows() {
