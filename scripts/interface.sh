@@ -35,7 +35,7 @@ build_host_of_before() {
     local place=$1
     git archive HEAD~1 gesso platform examples/hello | tar -x -C "$place" && import_library "$place" &&
         x86_64-w64-mingw32-g++-posix -std=c++20 -DUNICODE -D_UNICODE -municode -static -mwindows \
-            -I"$place" -I"$BUILD/windows/include" "$place"/examples/hello/{main,HelloWindow}.cpp \
+            -I"$place" -I"$BUILD/windows/include" "$place"/examples/hello/*.cpp \
             "$place/libgesso.dll.a" -o "$place/hello.exe"
 }
 
@@ -47,7 +47,7 @@ before() {
     rm -rf "$BUILD/before" && mkdir -p "$BUILD/before" && build_host_of_before "$BUILD/before" || return
     start_display
     prepare_wine N
-    run_hello "$BUILD/before/hello.exe" "$BUILD/windows/bin"
+    run_example "$BUILD/before/hello.exe" "$BUILD/windows/bin" Hello alt+F4
 }
 
 case ${1-} in

@@ -139,13 +139,14 @@ run_wine() {
     timeout --kill-after=10 "$seconds" "$WINE" "$@"
 }
 
-# run_hello PROGRAM DLL-FOLDER: the program shows its window and ends when its Close button is clicked.
-run_hello() {
-    local program window
+# run_example PROGRAM DLL-FOLDER TITLE KEY: the program shows its window and ends well when the key is pressed.
+run_example() {
+    local program
     WINEPATH=$(windows_path "$2") run_wine 60 "$1" &
     program=$!
-    window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Hello$') || return
-    xdotool mousemove --window "$window" 235 104 click 1
+    timeout 30 xdotool search --sync --onlyvisible --name "^$3\$" >/dev/null || return
+    sleep 0.5 # until the window has the focus
+    xdotool key "$4"
     wait $program
 }
 

@@ -123,25 +123,36 @@ imports_of_system_only() {
 
 step_package() {
     local place=$BUILD/package
-    if check "a host builds with the headless package" host_of_package headless; then
-        check "the host passes its own test over it" timeout 60 "$place/headless/host/hello_test"
-    fi
-    if check "a host builds with the windows package" host_of_package windows \
-        -DCMAKE_TOOLCHAIN_FILE="$ROOT/cmake/mingw-w64-x86_64.cmake"; then
-        with_display
-        check "the host runs under Wine" run_hello "$place/windows/host/hello.exe" "$place/windows/prefix/bin"
-    fi
+    check "the headless package installs" install_package headless &&
+        check "examples/headless_test builds with it" build_example headless headless_test &&
+        check "examples/headless_test passes" timeout 60 "$place/headless/headless_test/counter_test"
+    check "the windows package installs" install_package windows || return
+    with_display
+    windows_example hello hello Hello alt+F4
+    windows_example subclass subclass "0 of 3 tasks done" alt+F4
+    windows_example dialog_template form Form Return
+    windows_example headless_test counter Counter alt+F4
 }
 
-# host_of_package PRESET [CMAKE-OPTION...]: installs a build and builds examples/hello with what was installed.
-host_of_package() {
-    local preset=$1 place=$BUILD/package/$1
-    shift
+# windows_example FOLDER PROGRAM TITLE KEY
+windows_example() {
+    local place=$BUILD/package/windows
+    check "examples/$1 builds with it" build_example windows "$1" &&
+        check "examples/$1 runs" run_example "$place/$1/$2.exe" "$place/prefix/bin" "$3" "$4"
+}
+
+install_package() {
+    local place=$BUILD/package/$1
     rm -rf "$place"
-    build "$preset" all -DGESSO_WERROR=ON &&
-        cmake --install "build/$preset" --prefix "$place/prefix" &&
-        cmake -S examples/hello -B "$place/host" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "$@" &&
-        cmake --build "$place/host"
+    build "$1" all -DGESSO_WERROR=ON && cmake --install "build/$1" --prefix "$place/prefix"
+}
+
+# build_example PRESET FOLDER: a project of its own, which sees nothing but the installed package.
+build_example() {
+    local place=$BUILD/package/$1 options=()
+    [[ $1 == windows ]] && options=(--toolchain "$ROOT/cmake/mingw-w64-x86_64.cmake")
+    cmake -S "examples/$2" -B "$place/$2" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "${options[@]}" &&
+        cmake --build "$place/$2"
 }
 
 step_e2e() {

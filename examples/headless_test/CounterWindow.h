@@ -3,10 +3,11 @@
 
 #include <gesso/gesso.h>
 
+constexpr int ID_LABEL = 0;
 constexpr int ID_COUNT = 1;
 constexpr int ID_CLOSE = 2;
 
-class HelloWindow
+class CounterWindow
 {
 public:
     HWND Create();

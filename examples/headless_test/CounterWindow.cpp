@@ -1,29 +1,29 @@
-#include "HelloWindow.h"
+#include "CounterWindow.h"
 
-HWND HelloWindow::Create()
+HWND CounterWindow::Create()
 {
     WNDCLASSEXW wc{};
     wc.cbSize = sizeof(wc);
     wc.lpfnWndProc = &WindowProc;
     wc.hInstance = GetModuleHandleW(nullptr);
     wc.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
-    wc.lpszClassName = L"HelloWindow";
+    wc.lpszClassName = L"CounterWindow";
     RegisterClassExW(&wc);
-    m_hwnd = CreateWindowExW(0, wc.lpszClassName, L"Hello", WS_OVERLAPPEDWINDOW, 100, 100, 340, 160, nullptr,
-                             nullptr, wc.hInstance, nullptr);
+    m_hwnd = CreateWindowExW(0, wc.lpszClassName, L"Counter", WS_OVERLAPPEDWINDOW, 100, 100, 340, 160,
+                             nullptr, nullptr, wc.hInstance, nullptr);
     SetWindowLongPtrW(m_hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 
     constexpr DWORD BUTTON = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
-    m_label.Create(20, 20, 280, 24, m_hwnd, 0, L"Hello from Gesso", 0, WS_CHILD | WS_VISIBLE);
+    m_label.Create(20, 20, 280, 24, m_hwnd, ID_LABEL, L"Not pressed yet", 0, WS_CHILD | WS_VISIBLE);
     m_count.Create(20, 60, 130, 32, m_hwnd, ID_COUNT, L"Press me", 0, BUTTON);
     m_close.Create(170, 60, 130, 32, m_hwnd, ID_CLOSE, L"Close", 0, BUTTON);
     ShowWindow(m_hwnd, SW_SHOW);
     return m_hwnd;
 }
 
-LRESULT CALLBACK HelloWindow::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK CounterWindow::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pWindow = reinterpret_cast<HelloWindow*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+    auto* pWindow = reinterpret_cast<CounterWindow*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
     if (pWindow && uMsg == WM_COMMAND) {
         pWindow->OnCommand(LOWORD(wParam));
         return 0;
@@ -34,7 +34,7 @@ LRESULT CALLBACK HelloWindow::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LP
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);
 }
 
-void HelloWindow::OnCommand(UINT uId)
+void CounterWindow::OnCommand(UINT uId)
 {
     if (uId == ID_CLOSE) {
         DestroyWindow(m_hwnd);
