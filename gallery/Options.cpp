@@ -26,6 +26,7 @@ bool Take(Options& options, const std::wstring& name, LPCWSTR pszValue)
     }
     std::wstring* pField = name == L"--shots"    ? &options.pictureDir
                            : name == L"--log"    ? &options.logFile
+                           : name == L"--stats"  ? &options.statsFile
                            : name == L"--layout" ? &options.layoutFile
                                                  : nullptr;
     if (pField) {
@@ -46,7 +47,8 @@ bool ReadOptions(Options& options)
     }
     LocalFree(arguments);
     if (!fUnderstood) {
-        std::fputs("usage: gallery [--page NAME] [--shots DIR] [--log FILE] [--layout FILE]\n", stderr);
+        std::fputs("usage: gallery [--page NAME] [--shots DIR] [--log FILE] [--layout FILE] [--stats FILE]\n",
+                   stderr);
     }
     return fUnderstood;
 }

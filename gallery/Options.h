@@ -10,6 +10,7 @@ struct Options
     int nPage = 0;           // --page NAME: the page shown first
     std::wstring pictureDir; // --shots DIR: saves a picture of each page there and ends
     std::wstring logFile;    // --log FILE: what the controls report goes there too, a line each
+    std::wstring statsFile;  // --stats FILE: what the gallery holds of the system, four times a second
     std::wstring layoutFile; // --layout FILE: where the controls stand, written for each page and at F12
 };
 

@@ -1,5 +1,6 @@
 #include <gallery/Gallery.h>
 #include <gallery/Picture.h>
+#include <gallery/Stats.h>
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
 {
@@ -10,6 +11,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
     InitControls();
     const gallery::PictureSession pictures;
     gallery::Gallery gallery(options);
+    gallery::Stats stats;
+    if (!options.statsFile.empty() && !stats.Start(options.statsFile)) {
+        return 1;
+    }
     if (!gallery.Create()) {
         return 1;
     }

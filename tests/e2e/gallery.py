@@ -59,14 +59,14 @@ def wait_for(what, look):
 class Gallery:
     """A running gallery that shows one page."""
 
-    def __init__(self, page):
+    def __init__(self, page, *options, **process):
         self._dir = tempfile.TemporaryDirectory(prefix="gesso-e2e-")
         self._log = pathlib.Path(self._dir.name, "log")
         self._layout = pathlib.Path(self._dir.name, "layout")
         self._marks = 0
         command = [os.environ["GESSO_WINE"], os.environ["GESSO_GALLERY"], "--page", page]
-        command += ["--log", self._windows_path(self._log), "--layout", self._windows_path(self._layout)]
-        self._process = subprocess.Popen(command)
+        command += ["--log", self.windows_path(self._log), "--layout", self.windows_path(self._layout)]
+        self._process = subprocess.Popen([*command, *options], **process)
         wait_for(f"the page {page}", self._layout.exists)
         self.click(self.control("GLabel", page).middle)  # makes it the window that gets the keys
         self.lines()
@@ -76,8 +76,15 @@ class Gallery:
         self._process.wait(DEADLINE)
         self._dir.cleanup()
 
+    @property
+    def process(self):
+        return self._process
+
+    def show_page(self, page):
+        self.click(self.button(page).middle)
+
     @staticmethod
-    def _windows_path(path):
+    def windows_path(path):
         return "Z:" + str(path).replace("/", "\\")
 
     # --- What stands where
