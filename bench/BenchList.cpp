@@ -47,8 +47,9 @@ private:
 class Host
 {
 public:
-    Host() : m_hwnd(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, CX, CY, nullptr, nullptr,
-                                    GetModuleHandleW(nullptr), nullptr))
+    Host()
+        : m_hwnd(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, CX, CY, nullptr, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr))
     {}
     ~Host() { DestroyWindow(m_hwnd); }
     Host(const Host&) = delete;
@@ -67,8 +68,8 @@ public:
     {
         Create(0, 0, CX, CY, hwndHost, 1, GLS_DETAILS | GLS_HEADER, 0, CHILD | WS_HSCROLL | WS_VSCROLL);
         for (UINT column = 0; column < COLUMNS; column++) {
-            InsertColumn(END, 0, DT_SINGLELINE, COLUMN_WIDTH, 10, L"Column", 0, LCT_TEXT, nullptr, nullptr, nullptr,
-                         nullptr);
+            InsertColumn(END, 0, DT_SINGLELINE, COLUMN_WIDTH, 10, L"Column", 0, LCT_TEXT, nullptr, nullptr,
+                         nullptr, nullptr);
         }
     }
     ~OwnList() override { DestroyWindow(m_hWnd); }
@@ -124,8 +125,8 @@ class PlatformList
 {
 public:
     explicit PlatformList(HWND hwndHost)
-        : m_hwnd(CreateWindowExW(0, L"SysListView32", L"", CHILD | LVS_REPORT, 0, 0, CX, CY, hwndHost, nullptr,
-                                 GetModuleHandleW(nullptr), nullptr))
+        : m_hwnd(CreateWindowExW(0, L"SysListView32", L"", CHILD | LVS_REPORT, 0, 0, CX, CY, hwndHost,
+                                 nullptr, GetModuleHandleW(nullptr), nullptr))
     {
         SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
         ListView_SetExtendedListViewStyle(m_hwnd, LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT);
@@ -248,7 +249,8 @@ void MeasureView(Bench& bench, OwnList& own, PlatformList& platform)
         }
     };
     bench.Measure(
-        "  page scroll with paint", PAINTS, [&] { pages(own, own); }, [&] { pages(platform, platform.Window()); });
+        "  page scroll with paint", PAINTS, [&] { pages(own, own); },
+        [&] { pages(platform, platform.Window()); });
     own.ScrollToTop();
     platform.ScrollToTop();
     bench.Measure(
@@ -287,9 +289,10 @@ void ShapeBare(HDC hdc, const std::vector<HFONT>& fonts, const Texts& texts)
             ScriptItemize(pszText, nLength, ROOM - 1, nullptr, nullptr, items, &nItems);
             for (int item = 0; item < nItems; item++) {
                 const int nFirst = items[item].iCharPos;
-                ScriptShape(hdc, &cache, pszText + nFirst, items[item + 1].iCharPos - nFirst, ROOM, &items[item].a,
-                            glyphs, clusters, attributes, &nGlyphs);
-                ScriptPlace(hdc, &cache, glyphs, nGlyphs, attributes, &items[item].a, advances, offsets, &abc);
+                ScriptShape(hdc, &cache, pszText + nFirst, items[item + 1].iCharPos - nFirst, ROOM,
+                            &items[item].a, glyphs, clusters, attributes, &nGlyphs);
+                ScriptPlace(hdc, &cache, glyphs, nGlyphs, attributes, &items[item].a, advances, offsets,
+                            &abc);
             }
         }
         ScriptFreeCache(&cache);
@@ -302,8 +305,8 @@ void MeasureFloor(Bench& bench, OwnList& own, const Texts& texts)
     const HGDIOBJ hFormer = GetCurrentObject(hdc, OBJ_FONT);
     const std::vector<HFONT> fonts{own.GetLabelTextFont(), own.GetLabelTitleFont()};
     bench.Measure(
-        "  bulk fill / bare Script calls, an item", static_cast<int>(texts.Rows()), [&] { own.FillInBulk(texts); },
-        [&] { ShapeBare(hdc, fonts, texts); });
+        "  bulk fill / bare Script calls, an item", static_cast<int>(texts.Rows()),
+        [&] { own.FillInBulk(texts); }, [&] { ShapeBare(hdc, fonts, texts); });
     SelectObject(hdc, hFormer);
     ReleaseDC(own, hdc);
 }
@@ -318,7 +321,8 @@ void MeasureLists(UINT nRows)
     InitCommonControlsEx(&classes);
     const Texts texts(nRows);
     const auto nItems = static_cast<int>(nRows);
-    bench.Family("List of " + std::to_string(nRows) + " x 4 texts, " + std::to_string(FEW_ROUNDS) + " rounds");
+    bench.Family("List of " + std::to_string(nRows) + " x 4 texts, " + std::to_string(FEW_ROUNDS) +
+                 " rounds");
     const long long nOwn = BytesPerItem(nRows, [&] { own.FillInBulk(texts); });
     bench.Print("  bytes per item", nOwn, BytesPerItem(nRows, [&] { platform.FillInBulk(texts); }));
     bench.Measure(

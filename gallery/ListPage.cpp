@@ -78,9 +78,10 @@ public:
         OffsetRect(&rc, -m_list.GetScrollPos(SB_HORZ), -m_list.GetScrollPos(SB_VERT));
         m_item = item;
         m_fAccept = true;
-        m_hwnd = CreateWindowExW(0, L"EDIT", m_list.GetItemText(item, NAME), CHILD | WS_BORDER | ES_AUTOHSCROLL,
-                                 rc.left + TEXT_LEFT, rc.top, rc.right - rc.left - TEXT_LEFT, rc.bottom - rc.top,
-                                 m_list, nullptr, nullptr, nullptr);
+        m_hwnd =
+            CreateWindowExW(0, L"EDIT", m_list.GetItemText(item, NAME), CHILD | WS_BORDER | ES_AUTOHSCROLL,
+                            rc.left + TEXT_LEFT, rc.top, rc.right - rc.left - TEXT_LEFT, rc.bottom - rc.top,
+                            m_list, nullptr, nullptr, nullptr);
         SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
         SetWindowSubclass(m_hwnd, &KeyProc, 0, reinterpret_cast<DWORD_PTR>(this));
         m_list.BeginEdit(1, &m_hwnd);
@@ -103,7 +104,8 @@ public:
 private:
     static constexpr int TEXT_LEFT = 22; // behind the image
 
-    static LRESULT CALLBACK KeyProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR data)
+    static LRESULT CALLBACK KeyProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                    DWORD_PTR data)
     {
         auto& edit = *reinterpret_cast<NameEdit*>(data);
         if (uMsg == WM_GETDLGCODE) {
@@ -128,16 +130,18 @@ class ListPage : public Page
 public:
     void Build(Canvas& canvas) override
     {
-        canvas.Title(L"List", L"GList: columns, groups, images and three views. Click a header to sort; F2 or a "
-                              L"double click renames, in the list alone.");
+        canvas.Title(L"List",
+                     L"GList: columns, groups, images and three views. Click a header to sort; F2 or a "
+                     L"double click renames, in the list alone.");
         m_folder = ReadSystemFolder();
         MakeOptions(canvas);
         m_pList = &canvas.Own(std::make_unique<GList>());
-        m_pList->Create(MARGIN, LIST_TOP, LIST_WIDTH, LIST_HEIGHT, canvas.Window(), canvas.NextId(), GLS_DETAILS,
-                        0, CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN);
+        m_pList->Create(MARGIN, LIST_TOP, LIST_WIDTH, LIST_HEIGHT, canvas.Window(), canvas.NextId(),
+                        GLS_DETAILS, 0,
+                        CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN);
         m_pEdit = std::make_unique<NameEdit>(*m_pList);
-        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, MARGIN + LIST_WIDTH, STATUS_TOP + 20}, L"", g_hDefaultFont,
-                                 CAPTION_COLOR);
+        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, MARGIN + LIST_WIDTH, STATUS_TOP + 20}, L"",
+                                 g_hDefaultFont, CAPTION_COLOR);
         m_options[HEADER]->SetCheck(BST_CHECKED);
         m_views[0]->SetCheck(BST_CHECKED);
         Show();
@@ -196,7 +200,8 @@ private:
             m_options[i] = &Make<GCheckBox>(canvas, x, SECOND_ROW, OPTIONS[i]);
             x += OPTION_WIDTH;
         }
-        m_pFolder = &Make<GButton>(canvas, MARGIN + LIST_WIDTH - 2 * OPTION_WIDTH - GAP, SECOND_ROW, L"&Folder");
+        m_pFolder =
+            &Make<GButton>(canvas, MARGIN + LIST_WIDTH - 2 * OPTION_WIDTH - GAP, SECOND_ROW, L"&Folder");
         m_pMany = &Make<GButton>(canvas, MARGIN + LIST_WIDTH - OPTION_WIDTH, SECOND_ROW, L"100,000 ro&ws");
     }
 
