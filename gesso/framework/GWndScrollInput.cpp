@@ -133,6 +133,7 @@ void GWndScroll::StopTimer()
         KillTimer(nullptr, s_dwTimer);
         s_dwTimer = 0;
     }
+    s_pScrollingWindow = nullptr;
 }
 
 void GWndScroll::ScrollBarSetTimer()
@@ -145,8 +146,10 @@ void GWndScroll::ScrollBarSetTimer()
 
 void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
+    // A message of the timer that was waiting when it was stopped comes all the same.
     GWndScroll* pWindow = s_pScrollingWindow;
-    if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || gesso::SystemTicks() <= s_ullTimerTime) {
+    if (!pWindow || pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit ||
+        gesso::SystemTicks() <= s_ullTimerTime) {
         return;
     }
     const HWND hwnd = pWindow->m_hWnd;
@@ -171,7 +174,12 @@ LRESULT GWndScroll::OnNcLButtonDown(UINT, POINTS ptScreen)
         return 0;
     }
     const POINTS pt = BarPoint(ptScreen);
-    SetCapture(m_hWnd);
+    const HWND hwnd = m_hWnd;
+    // Who had the capture is told of its loss, and may have destroyed the control.
+    SetCapture(hwnd);
+    if (!Frame::IsAlive(hwnd, this)) {
+        return 0;
+    }
     m_dwState = (m_dwState & ~GWS_NCTRACKING) | GWS_NCPRESSED;
     m_hitDown.pt = pt;
     if (!ScrollBarHitTest(&m_hitDown)) {

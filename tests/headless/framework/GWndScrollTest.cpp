@@ -1,6 +1,7 @@
 // The scroll bars in the non-client area: their numbers, their place, and what the mouse and the clock do to
 // them.
 
+#include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 #include "ScrollProbe.h"
 
@@ -40,11 +41,11 @@ protected:
         desk::Pump();
     }
 
-    // Moves the pointer to a point of the probe's window.
+    // Moves the pointer to a point of the one control.
     void MoveTo(int x, int y)
     {
         RECT rc{};
-        GetWindowRect(probe, &rc);
+        GetWindowRect(GetWindow(Parent(), GW_CHILD), &rc);
         desk::MoveMouse(rc.left + x, rc.top + y);
         desk::Pump();
     }
@@ -244,6 +245,36 @@ TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
     desk::Advance(2000);
     EXPECT_FALSE(ScrollProbe::Repeats());
     Release();
+}
+
+TEST_F(GWndScrollTest, TimerMessageThatWaitedWhenTheControlWentFindsNoneThere)
+{
+    auto pProbe = std::make_unique<ScrollProbe>();
+    pProbe->Create(Parent(), WS_VSCROLL);
+    pProbe->ShowRange(SB_VERT);
+    desk::Pump();
+    MoveTo(CX - 5, CY - 5);
+    Press();
+    ASSERT_TRUE(ScrollProbe::Repeats());
+    DestroyWindow(*pProbe);
+    pProbe.reset();
+    ScrollProbe::LateTimer(); // the sanitizers would tell
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    Release();
+}
+
+TEST_F(GWndScrollTest, ControlDestroyedByWhoLosesTheCaptureToItIsNotTouchedAgain)
+{
+    MakeVertical();
+    SetCapture(Parent());
+    test::Interception loss(Parent(), WM_CAPTURECHANGED, [this] { DestroyWindow(probe); });
+    MoveTo(CX - 5, CY - 5);
+    POINT pt{};
+    GetCursorPos(&pt);
+    SendMessageW(probe, WM_NCLBUTTONDOWN, HTVSCROLL, MAKELPARAM(pt.x, pt.y));
+    EXPECT_TRUE(loss.Happened());
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    EXPECT_TRUE(probe.TakeScrolls().empty());
 }
 
 TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)

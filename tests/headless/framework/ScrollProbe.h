@@ -38,6 +38,7 @@ public:
     const RECT& HRect() const { return m_rcHScroll; }
     static DWORD Delay() { return s_dwScrollRepeatDelay; }
     static DWORD Speed() { return s_dwScrollRepeatSpeed; }
+    static void LateTimer() { ScrollBarTimerCallback(nullptr, WM_TIMER, 0, 0); }
     static bool Repeats() { return s_dwTimer != 0; }
     WORD HitAt(int x, int y) const
     {
