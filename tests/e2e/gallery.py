@@ -56,6 +56,12 @@ def wait_for(what, look):
     raise AssertionError(f"waited {DEADLINE:.0f} s in vain for {what}")
 
 
+def save_pictures(folder):
+    """Saves a picture of every page there."""
+    command = [os.environ["GESSO_WINE"], os.environ["GESSO_GALLERY"], "--shots", Gallery.windows_path(folder)]
+    subprocess.run(command, check=True, timeout=3 * DEADLINE, stdout=subprocess.DEVNULL)
+
+
 class Gallery:
     """A running gallery that shows one page."""
 

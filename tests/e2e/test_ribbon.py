@@ -1,9 +1,59 @@
 """The ribbon and the value menu under a real pointer, in the gallery's text editor."""
+import importlib.util
+import pathlib
+import tempfile
 import unittest
 
-from gallery import Gallery
+from gallery import Gallery, save_pictures
 
+ROOT = pathlib.Path(__file__).parents[2]
 MENU_ROW = 20
+OPAQUE = 255
+
+
+def template_tool():
+    description = importlib.util.spec_from_file_location("ribbon_template", ROOT / "scripts/ribbon-template.py")
+    tool = importlib.util.module_from_spec(description)
+    description.loader.exec_module(tool)
+    return tool
+
+
+class Picture:
+    """Rows of blue, green and red, the lowest one first, and as many rows of alphas."""
+
+    def __init__(self, path):
+        self.width, self.height, pixels = template_tool().read_strip(path)
+        rows = [pixels[y * self.width * 4 : (y + 1) * self.width * 4] for y in range(self.height)]
+        self.alphas = [row[3::4] for row in rows]
+        self.rows = [b"".join(row[i : i + 3] for i in range(0, len(row), 4)) for row in rows]
+
+    def solid_parts(self, left, right):
+        """The solid stretches of each row between two columns: x, counted from the left one, y, and the bytes."""
+        for y, alphas in enumerate(self.alphas):
+            x = left
+            while x < right:
+                end = x
+                while end < right and alphas[end] == OPAQUE:
+                    end += 1
+                if end > x:
+                    yield x - left, y, self.rows[y][3 * x : 3 * end]
+                x = max(end, x + 1)
+
+    def shows(self, parts):
+        """Whether all of the stretches stand somewhere in the picture as they stand to one another."""
+        start_x, start_y, needle = max(parts, key=lambda part: len(part[2]))
+        for y, row in enumerate(self.rows):
+            at = row.find(needle)
+            while at >= 0:
+                left, bottom = at - 3 * start_x, y - start_y
+                if at % 3 == 0 and all(
+                    0 <= bottom + py < self.height
+                    and self.rows[bottom + py][left + 3 * px : left + 3 * px + len(part)] == part
+                    for px, py, part in parts
+                ):
+                    return True
+                at = row.find(needle, at + 1)
+        return False
 
 
 class Ribbon(unittest.TestCase):
@@ -50,6 +100,19 @@ class Ribbon(unittest.TestCase):
         self.gallery.type(text)
         self.gallery.lines()
         self.assertEqual(self.editor.text, text)
+
+    # --- Images
+
+    def test_the_templates_images_come_out_as_they_went_in(self):
+        with tempfile.TemporaryDirectory() as folder:
+            save_pictures(folder)
+            page = Picture(pathlib.Path(folder, "ribbon.png"))
+        for size, images in ((32, {"Paste": 1, "Undo": 5, "Find": 7}), (16, {"Cut": 2, "Copy": 3, "bold": 8})):
+            strip = Picture(ROOT / f"gallery/ribbon-{size}.png")
+            for name, image in images.items():
+                parts = list(strip.solid_parts(image * size, (image + 1) * size))
+                self.assertGreater(sum(len(part[2]) for part in parts), 3 * 16, f"{name} is too faint to be found")
+                self.assertTrue(page.shows(parts), f"{name} of {size}")
 
     # --- Tabs
 
