@@ -1,9 +1,9 @@
 // GRibbon: a strip of tabs, and under it the content of the active one's page.
 //
 //     GRibbon ribbon;
-//     GRibbonPage* pHome = ribbon.GetPage(ID_HOME);        // after:
 //     ribbon.AddPage(nullptr, ID_HOME, L"Home");
 //     ribbon.Create(0, 0, cx, 118, hwnd, nullptr);
+//     GRibbonPage* pHome = ribbon.GetPage(ID_HOME);
 //
 // A host makes a GRibbon, adds pages before or after it calls Create, and fills the pages (GRibbonPage.h).
 // The height is the host's choice: 118 pixels hold the tabs, three rows of items and the groups' titles. A

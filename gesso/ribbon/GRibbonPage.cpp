@@ -154,6 +154,7 @@ void GRibbonPage::InsertItem(DWORD dwGroupId, DWORD dwBeforeId, ItemInfo* pInfo)
     }
     Item item{};
     item.uType = pInfo->uType;
+    item.nId = pInfo->nId;
     TakeInfo(item, *pInfo);
     Measure(item);
     const UINT nIndex = IndexOfId(pGroup->aItems, dwBeforeId);
@@ -191,15 +192,17 @@ void GRibbonPage::GetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
         return;
     }
     const Item& item = pGroup->aItems[nIndex];
-    pInfo->nId = item.nId;
     if (item.uType != pInfo->uType) {
         pInfo->uType = item.uType;
+        pInfo->nId = item.nId;
     } else if (item.uType == RIT_BUTTON) {
+        pInfo->nId = item.nId;
         pInfo->nOptions = item.wOptions;
         pInfo->puOptions = item.puOptions;
         pInfo->nImage = item.nImage;
         pInfo->pszText = item.pszText;
     } else if (item.uType == RIT_CHECKBOX) {
+        pInfo->nId = item.nId;
         pInfo->bChecked = item.uFlags & RIF_CHECKED ? 1 : 0;
         pInfo->pszCheckText = item.pszText;
     }
@@ -243,12 +246,13 @@ void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
 
 void GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
 {
-    item.nId = info.nId;
     if (item.uType == RIT_BUTTON) {
+        item.nId = info.nId;
         TakeOptions(item, info);
         item.nImage = info.nImage;
         TakeText(item, info.pszText);
     } else if (item.uType == RIT_CHECKBOX) {
+        item.nId = info.nId;
         item.nImage = -1;
         item.uFlags = info.bChecked ? item.uFlags | RIF_CHECKED : item.uFlags & ~RIF_CHECKED;
         TakeText(item, info.pszCheckText);

@@ -18,12 +18,12 @@ constexpr int CX_LARGE = 32;
 // A checked box is drawn one state beyond that of its plain counterpart: hosts rely on it.
 constexpr int CHECKED_STATES = 5;
 
-// Draws items of one page into one context. Each rectangle is the item's, with x in the ribbon.
+// Draws items of one page into one context, in the font that is selected there. Each rectangle is the item's,
+// with x in the ribbon.
 struct ItemPainter
 {
     HDC hdc;
     HTHEME hTheme;
-    HFONT hFont;
     HIMAGELIST hLargeImages;
     HIMAGELIST hSmallImages;
 
@@ -92,10 +92,9 @@ struct ItemPainter
         IsolationAwareImageList_DrawEx(hImages, nImage, hdc, x, y, cx, cx);
     }
 
-    void DrawItemText(const ThemePart& part, const Item& item, const RECT& rc, UINT uFormat) const
+    static void DrawItemText(const ThemePart& part, const Item& item, const RECT& rc, UINT uFormat)
     {
         if (item.pszText) {
-            const gesso::SelectScope font(hdc, hFont);
             part.DrawString(item.pszText, uFormat, rc);
         }
     }
@@ -140,8 +139,9 @@ void GRibbonPage::Draw(HDC hdc)
 
 void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
 {
-    const ItemPainter painter{hdc, m_hTheme, m_hItemFont, m_pRibbon->m_hLargeImages,
-                              m_pRibbon->m_hSmallImages};
+    const ItemPainter painter{hdc, m_hTheme, m_pRibbon->m_hLargeImages, m_pRibbon->m_hSmallImages};
+    // Once for all of them: a switch of fonts can cost more than the text.
+    const gesso::SelectScope font(hdc, m_hItemFont);
     const Group& group = m_aGroups[nGroup];
     for (UINT i = 0; i < group.aItems.GetLength(); i++) {
         const Item& item = group.aItems[i];

@@ -284,6 +284,24 @@ TEST(GRibbonPage, AddedWindowsAreShownWhereTheyAre)
     EXPECT_EQ(made.page.m_aGroups[1].nRight - made.page.m_aGroups[1].nLeft, 90);
 }
 
+TEST(GRibbonPage, AnItemThatIsAWindowIsNeitherSetNorTold)
+{
+    RibbonWithPage made;
+    made.page.AddWindow(1, made.hwnd);
+    ItemInfo info{};
+    info.uType = RIT_BUTTON;
+    info.nId = 7;
+    made.page.GetItemInfo(1, 0, &info);
+    EXPECT_EQ(info.uType, RIT_WINDOW);
+    EXPECT_EQ(info.nId, 0u);
+    info.nId = 7;
+    made.page.GetItemInfo(1, 0, &info);
+    EXPECT_EQ(info.nId, 7u);
+    made.page.SetItemInfo(1, 0, &info);
+    EXPECT_EQ(ItemIds(made.page, 0), std::vector<UINT>{0});
+    EXPECT_EQ(made.page.ItemAt(0, 0).nTop, 26) << "it was placed all the same";
+}
+
 // --- Sizes
 
 TEST(GRibbonPage, ItemsAreMeasuredByTheirTexts)
