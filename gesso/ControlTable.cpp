@@ -6,6 +6,7 @@
 #include <gesso/controls/GProgressBar.h>
 #include <gesso/controls/GRadioButton.h>
 #include <gesso/controls/GSeparator.h>
+#include <gesso/edit/GComboBox.h>
 #include <gesso/framework/ControlTable.h>
 #include <gesso/list/GList.h>
 
@@ -17,29 +18,18 @@ template <class CONTROL> GWnd* Make()
     return new CONTROL;
 }
 
-// Still to come at their places in the order: GComboBox behind GCheckBox, GEdit behind GCommandButton, and
-// GTree at the end.
+// Still to come at their places in the order: GEdit behind GCommandButton, and GTree at the end.
 constexpr RegisterClassFunction STARTUP_CLASSES[] = {
-    &GButton::IsolationAwareRegisterClassW,
-    &GCheckBox::IsolationAwareRegisterClassW,
-    &GCommandButton::IsolationAwareRegisterClassW,
-    &GLabel::IsolationAwareRegisterClassW,
-    &GList::IsolationAwareRegisterClassW,
-    &GProgressBar::IsolationAwareRegisterClassW,
-    &GNavigationButton::IsolationAwareRegisterClassW,
+    &GButton::IsolationAwareRegisterClassW,      &GCheckBox::IsolationAwareRegisterClassW,
+    &GComboBox::IsolationAwareRegisterClassW,    &GCommandButton::IsolationAwareRegisterClassW,
+    &GLabel::IsolationAwareRegisterClassW,       &GList::IsolationAwareRegisterClassW,
+    &GProgressBar::IsolationAwareRegisterClassW, &GNavigationButton::IsolationAwareRegisterClassW,
     &GRadioButton::IsolationAwareRegisterClassW,
 };
 
 constexpr MakeControlFunction CONTROL_KINDS[] = {
-    &Make<GLabel>,
-    &Make<GButton>,
-    &Make<GCheckBox>,
-    &Make<GRadioButton>,
-    &Make<GCommandButton>,
-    nullptr, // GComboBox
-    &Make<GProgressBar>,
-    &Make<GSeparator>,
-    &Make<GList>,
+    &Make<GLabel>,    &Make<GButton>,      &Make<GCheckBox>,  &Make<GRadioButton>, &Make<GCommandButton>,
+    &Make<GComboBox>, &Make<GProgressBar>, &Make<GSeparator>, &Make<GList>,
     nullptr, // GTree
 };
 

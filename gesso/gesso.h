@@ -16,6 +16,7 @@
 #include <gesso/dialogs/GTaskDialog.h>
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/dialogs/GWndCertFailure.h>
+#include <gesso/edit/GComboBox.h>
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>

@@ -178,8 +178,13 @@ bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)
 
 void Frame::SendClick(const GWnd& wnd)
 {
-    const auto id = static_cast<WPARAM>(GetDlgCtrlID(wnd.m_hWnd) & 0xFFFF);
-    SendMessageW(wnd.GetParent(), WM_COMMAND, id, reinterpret_cast<LPARAM>(wnd.m_hWnd));
+    SendCommand(wnd, BN_CLICKED);
+}
+
+void Frame::SendCommand(const GWnd& wnd, UINT uCode)
+{
+    SendMessageW(wnd.GetParent(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(wnd.m_hWnd), uCode),
+                 reinterpret_cast<LPARAM>(wnd.m_hWnd));
 }
 
 void Frame::SendNotify(const GWnd& wnd, UINT uCode)

@@ -139,6 +139,8 @@ public:
     // ------------------------------------------------
 
     static void SendClick(const GWnd& wnd);
+    // WM_COMMAND with a notification code.
+    static void SendCommand(const GWnd& wnd, UINT uCode);
     static void SendNotify(const GWnd& wnd, UINT uCode);
     // The same with a record that starts with the header, which this fills in.
     static void SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord);

@@ -146,6 +146,11 @@ void ThemePart::DrawPlainBackground(RECT rc) const
         DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLRIGHT | DFCS_FLAT | uButton);
         break;
     case PlainPart::BackButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLLEFT | uButton); break;
+    case PlainPart::EntryField:
+        FillRect(m_hdc, &rc, GetSysColorBrush(m_nState == CBXS_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
+        DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT);
+        break;
+    case PlainPart::DropDownButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | uButton); break;
     case PlainPart::ProgressBar: DrawEdge(m_hdc, &rc, BDR_SUNKENOUTER, BF_RECT | BF_MIDDLE); break;
     case PlainPart::ProgressFill: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_HIGHLIGHT)); break;
     case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_SCROLLBAR)); break;

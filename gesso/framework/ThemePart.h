@@ -17,6 +17,8 @@ enum class PlainPart
     CommandLink,
     CommandLinkGlyph,
     BackButton,
+    EntryField,     // frame and background of a text field
+    DropDownButton, // of a combo box
     ProgressBar,
     ProgressFill,
     ScrollTrack,

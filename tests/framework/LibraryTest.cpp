@@ -65,6 +65,7 @@ TEST(Library, CreateControlMakesItsKindsAndNothingElse)
     ExpectKind<GCheckBox>(GCK_CHECKBOX);
     ExpectKind<GRadioButton>(GCK_RADIOBUTTON);
     ExpectKind<GCommandButton>(GCK_COMMANDBUTTON);
+    ExpectKind<GComboBox>(GCK_COMBOBOX);
     ExpectKind<GProgressBar>(GCK_PROGRESSBAR);
     ExpectKind<GSeparator>(GCK_SEPARATOR);
     for (const int nKind : {0, 11, -1, INT_MIN, INT_MAX}) {

@@ -41,6 +41,7 @@ protected:
     }
 
     HWND Parent() const { return *m_host; }
+    Host& TheHost() { return *m_host; }
 
     // The lines of a control's next paint that start with a word.
     static Lines Draw(HWND hwnd, const std::string& word)

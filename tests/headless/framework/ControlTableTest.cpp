@@ -13,6 +13,7 @@ TEST(ControlTable, ClassesStandInTheOrderOfRegistration)
 {
     const gesso::RegisterClassFunction order[] = {
         &GButton::IsolationAwareRegisterClassW,        &GCheckBox::IsolationAwareRegisterClassW,
+        &GComboBox::IsolationAwareRegisterClassW,
         &GCommandButton::IsolationAwareRegisterClassW, &GLabel::IsolationAwareRegisterClassW,
         &GProgressBar::IsolationAwareRegisterClassW,   &GNavigationButton::IsolationAwareRegisterClassW,
         &GRadioButton::IsolationAwareRegisterClassW,

@@ -1,0 +1,71 @@
+#include <gesso/edit/ClipboardText.h>
+
+namespace gesso {
+namespace {
+
+class OpenedClipboard
+{
+public:
+    explicit OpenedClipboard(HWND hwnd) : m_fOpen(OpenClipboard(hwnd)) {}
+    ~OpenedClipboard()
+    {
+        if (m_fOpen) {
+            CloseClipboard();
+        }
+    }
+    OpenedClipboard(const OpenedClipboard&) = delete;
+    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+    explicit operator bool() const { return m_fOpen; }
+
+private:
+    BOOL m_fOpen;
+};
+
+HGLOBAL GlobalCopy(LPCWSTR psz, size_t nLength)
+{
+    const HGLOBAL hText = GlobalAlloc(GMEM_MOVEABLE, (nLength + 1) * sizeof(wchar_t));
+    if (auto* p = hText ? static_cast<wchar_t*>(GlobalLock(hText)) : nullptr) {
+        std::memcpy(p, psz, nLength * sizeof(wchar_t));
+        p[nLength] = 0;
+        GlobalUnlock(hText);
+        return hText;
+    }
+    GlobalFree(hText);
+    return nullptr;
+}
+
+} // namespace
+
+bool PutClipboardText(HWND hwnd, LPCWSTR psz, UINT nLength)
+{
+    const OpenedClipboard clipboard(hwnd);
+    if (!clipboard) {
+        return false;
+    }
+    EmptyClipboard();
+    const HGLOBAL hText = GlobalCopy(psz, nLength);
+    // On success the block is the clipboard's.
+    const bool fTaken = hText && SetClipboardData(CF_UNICODETEXT, hText);
+    if (hText && !fTaken) {
+        GlobalFree(hText);
+    }
+    return fTaken;
+}
+
+bool GetClipboardText(HWND hwnd, OStringEx<wchar_t>* pstr)
+{
+    const OpenedClipboard clipboard(hwnd);
+    const HGLOBAL hText = clipboard ? GetClipboardData(CF_UNICODETEXT) : nullptr;
+    const auto* psz = hText ? static_cast<LPCWSTR>(GlobalLock(hText)) : nullptr;
+    if (!psz) {
+        return false;
+    }
+    // Another program's text need not have its terminator.
+    const auto nLength = static_cast<UINT>(wcsnlen(psz, GlobalSize(hText) / sizeof(wchar_t)));
+    *pstr = L"";
+    pstr->Insert(0, psz, nLength);
+    GlobalUnlock(hText);
+    return true;
+}
+
+} // namespace gesso

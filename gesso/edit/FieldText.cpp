@@ -1,0 +1,62 @@
+#include <gesso/edit/FieldText.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+int Width(HDC hdc, LPCWSTR psz, UINT nLength)
+{
+    return MeasureField(hdc, psz, nLength).cx;
+}
+
+// What two neighbours take together beyond what each takes alone: the glyphs may overhang or be kerned.
+int Overhang(HDC hdc, LPCWSTR psz, UINT nSecond)
+{
+    const LPCWSTR pszPair = psz + nSecond - 1;
+    return Width(hdc, pszPair, 2) - Width(hdc, pszPair, 1) - Width(hdc, pszPair + 1, 1);
+}
+
+void DrawRun(HDC hdc, const RECT& rc, int nLeft, LPCWSTR psz, UINT nLength)
+{
+    RECT rcRun = rc;
+    rcRun.left = nLeft;
+    if (nLength > 0 && rcRun.left < rcRun.right) {
+        DrawTextW(hdc, psz, static_cast<int>(nLength), &rcRun, FIELD_DRAW);
+    }
+}
+
+void FillSelection(HDC hdc, const RECT& rc)
+{
+    const HBRUSH hBrush = CreateSolidBrush(SELECTION_COLOR);
+    FillRect(hdc, &rc, hBrush);
+    DeleteObject(hBrush);
+}
+
+} // namespace
+
+SIZE MeasureField(HDC hdc, LPCWSTR psz, UINT nLength, UINT uFormat)
+{
+    RECT rc{};
+    DrawTextW(hdc, psz, static_cast<int>(nLength), &rc, uFormat | DT_CALCRECT);
+    return {rc.right, rc.bottom};
+}
+
+void DrawField(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo)
+{
+    if (nFrom == nTo) {
+        DrawRun(hdc, rc, rc.left, psz, nLength);
+        return;
+    }
+    const int nStart = nFrom > 0 ? Width(hdc, psz, nFrom) + Overhang(hdc, psz, nFrom) : 0;
+    const int nLeft = rc.left + nStart;
+    const int nRight = nLeft + Width(hdc, psz + nFrom, nTo - nFrom);
+    const int nBottom = rc.top + MeasureField(hdc, psz, nLength).cy;
+    FillSelection(hdc, {nLeft, rc.top, std::min<int>(nRight, rc.right), nBottom});
+    DrawRun(hdc, rc, rc.left, psz, nFrom);
+    DrawRun(hdc, rc, nLeft, psz + nFrom, nTo - nFrom);
+    const int nRest = nTo < nLength ? nRight + Overhang(hdc, psz, nTo) : nRight;
+    DrawRun(hdc, rc, nRest, psz + nTo, nLength - nTo);
+}
+
+} // namespace gesso

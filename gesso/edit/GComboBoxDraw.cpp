@@ -1,0 +1,127 @@
+// Drawing of a combo box.
+
+#include <gesso/edit/FieldText.h>
+#include <gesso/edit/GComboBoxList.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/ThemePart.h>
+
+using gesso::Frame;
+using gesso::PlainPart;
+using gesso::ThemePart;
+
+namespace {
+
+constexpr int BUTTON = 2;
+
+} // namespace
+
+bool GComboBox::IsDropped() const
+{
+    return m_pList->IsOpen();
+}
+
+GComboBox::Look GComboBox::LookNow() const
+{
+    constexpr DWORD PRESSED = GWS_HOT | GWS_PRESSED;
+    if (IsDropped() || (m_dwState & PRESSED) == PRESSED || (m_dwState & GWS_KEYDOWN)) {
+        return {CBXS_PRESSED, CBXS_PRESSED};
+    }
+    if (m_dwState & GWS_HOT) {
+        return {CBXS_HOT, m_hitMove.nPart == BUTTON ? CBXS_HOT : CBXS_NORMAL};
+    }
+    const int nIdle = Frame::Style(*this) & WS_DISABLED ? CBXS_DISABLED : CBXS_NORMAL;
+    return {nIdle, nIdle};
+}
+
+// The room for text in every kind, before the button is taken off.
+RECT GComboBox::FieldRect(HDC hdc, int nState) const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    int nBorder = 0;
+    if (FAILED(GetThemeInt(m_hTheme, 0, nState, TMT_BORDERSIZE, &nBorder))) {
+        nBorder = GetSystemMetrics(SM_CXEDGE);
+    }
+    InflateRect(&rc, -nBorder, -nBorder);
+    return ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::EntryField).ContentOf(rc);
+}
+
+RECT GComboBox::ButtonRect(const RECT& rcClient) const
+{
+    const int cxButton = GetSystemMetrics(SM_CXVSCROLL);
+    RECT rc = rcClient;
+    if (IsButtonLeft()) {
+        rc.right = rc.left + cxButton;
+    } else {
+        rc.left = rc.right - cxButton;
+    }
+    return rc;
+}
+
+bool GComboBox::IsButtonLeft() const
+{
+    return GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_LEFTSCROLLBAR;
+}
+
+void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
+{
+    const DWORD dwKind = Kind();
+    if (dwKind == 0) {
+        return;
+    }
+    const bool fReadOnly = dwKind == GCBS_DROPDOWNLIST;
+    ThemePart(m_hTheme, hdc, fReadOnly ? CP_READONLY : CP_BORDER, look.nBorder,
+              fReadOnly ? PlainPart::PushButton : PlainPart::EntryField)
+        .DrawBackground(rcClient);
+    if (dwKind == GCBS_PLAIN) {
+        return;
+    }
+    ThemePart(m_hTheme, hdc, IsButtonLeft() ? CP_DROPDOWNBUTTONLEFT : CP_DROPDOWNBUTTONRIGHT,
+              fReadOnly ? CBXS_NORMAL : look.nButton, PlainPart::DropDownButton)
+        .DrawBackground(ButtonRect(rcClient));
+}
+
+void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
+{
+    const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
+    const TextRange range = fSelection ? Selection() : TextRange{0, 0};
+    const gesso::TextColorScope color(hdc, RGB(0, 0, 0));
+    gesso::DrawField(hdc, rcText, m_strText, m_strText.GetLength(), range.nFrom, range.nTo);
+}
+
+void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
+{
+    if (const ComboItem* pItem = ItemAt(Selected())) {
+        ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::PushButton)
+            .DrawString(pItem->pszText, DT_SINGLELINE | DT_HIDEPREFIX, rcText);
+    }
+    if (GetFocus() == m_hWnd && !(m_dwState & GWS_HIDEFOCUS)) {
+        DrawFocusRect(hdc, &rcText);
+    }
+}
+
+void GComboBox::Draw(HDC hdc)
+{
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    DrawThemeParentBackground(m_hWnd, hdc, &rcClient);
+    const gesso::TransparentScope mode(hdc);
+    const gesso::SelectScope font(hdc, m_hFont);
+    const Look look = LookNow();
+    DrawFrame(hdc, rcClient, look);
+
+    // The button's room is left free also by the kinds that have none: hosts know it so.
+    RECT rcText = FieldRect(hdc, look.nBorder);
+    const int cxButton = GetSystemMetrics(SM_CXVSCROLL);
+    if (IsButtonLeft()) {
+        rcText.left += cxButton;
+    } else {
+        rcText.right -= cxButton;
+    }
+    if (Kind() == GCBS_DROPDOWNLIST) {
+        DrawFace(hdc, rcText, look.nBorder);
+    } else {
+        DrawField(hdc, rcText);
+    }
+}

@@ -1,0 +1,496 @@
+#include <gesso/edit/GComboBoxList.h>
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/NonClientPaint.h>
+#include <gesso/framework/ThemePart.h>
+#include <gesso/framework/WindowClass.h>
+
+#include <algorithm>
+#include <utility>
+
+using gesso::Frame;
+using gesso::PlainPart;
+using gesso::ThemePart;
+
+namespace {
+
+constexpr UINT NONE = static_cast<UINT>(-1);
+constexpr UINT ABOVE = static_cast<UINT>(-2);
+constexpr UINT FIRST_NO_ITEM = 0xFFFFFFFD; // from here on an index stands for no item
+
+constexpr int PAGE_ROWS = 10; // of the page keys
+constexpr int TEXT_INSET = 4;
+constexpr int PANEL_OVERLAP = 2; // by which the background's own frame stands outside
+
+constexpr DWORD LIST_STYLE = WS_POPUP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_BORDER;
+constexpr DWORD LIST_EX_STYLE = WS_EX_TOOLWINDOW | WS_EX_TOPMOST;
+
+constinit ATOM s_aListClass = 0;
+
+UINT KeysOf(WPARAM wKeys)
+{
+    return (wKeys & MK_CONTROL ? 2u : 0u) | (wKeys & MK_SHIFT ? 4u : 0u);
+}
+
+int WheelLines()
+{
+    UINT nLines = 1;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &nLines, 0);
+    return static_cast<int>(std::min<UINT>(nLines, WHEEL_DELTA)); // "a page" is more lines than a list shows
+}
+
+} // namespace
+
+GComboBoxList::~GComboBoxList()
+{
+    if (IsOpen()) {
+        DestroyWindow(m_hWnd);
+    }
+}
+
+// --- Opening and closing
+// ------------------------------------------------------------------------------------------
+
+bool GComboBoxList::IsOpen() const
+{
+    return m_hWnd && Frame::IsAlive(m_hWnd, this);
+}
+
+void GComboBoxList::Open(HWND hwndOwner, HFONT hFont, UINT nHeight)
+{
+    m_hwndOwner = hwndOwner;
+    m_hFont = hFont;
+    m_rcHScroll = {};
+    m_rcVScroll = {};
+    RECT rc{};
+    GetWindowRect(hwndOwner, &rc);
+    const ATOM aClass = gesso::RegisterControlClass(s_aListClass, L"GComboBoxList", WindowProc,
+                                                    CS_DROPSHADOW | CS_GLOBALCLASS);
+    const gesso::Placement place{static_cast<int>(rc.left), static_cast<int>(rc.bottom),
+                                 static_cast<int>(rc.right - rc.left), static_cast<int>(nHeight), hwndOwner};
+    if (!Frame::CreateTagged(*this, aClass, place, 0, LIST_EX_STYLE, LIST_STYLE)) {
+        return;
+    }
+    ShrinkToItems();
+    ShowRow(m_nHot);
+}
+
+// Shows the window, without the room that the items leave free.
+void GComboBoxList::ShrinkToItems()
+{
+    RECT rcWindow{};
+    RECT rcClient{};
+    GetWindowRect(m_hWnd, &rcWindow);
+    GetClientRect(m_hWnd, &rcClient);
+    const int nFree = std::max(0, static_cast<int>(rcClient.bottom) - ItemCount() * ItemHeight());
+    SetWindowPos(m_hWnd, HWND_TOP, 0, 0, rcWindow.right - rcWindow.left,
+                 rcWindow.bottom - rcWindow.top - nFree, SWP_NOMOVE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void GComboBoxList::Close()
+{
+    const HWND hwndOwner = m_hwndOwner;
+    const GComboBox* pOwner = m_pOwner;
+    DestroyWindow(m_hWnd);
+    if (Frame::IsAlive(hwndOwner, pOwner)) {
+        m_hWnd = nullptr;
+    }
+}
+
+LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
+{
+    if (!m_pOwner) {
+        gesso::Misuse("GComboBoxList: the window has no combo box");
+        return FALSE;
+    }
+    SetWindowTheme(m_hWnd, L"explorer", nullptr);
+    m_dwState = Frame::FIRST_STATE;
+    GWndScroll::m_hitDown = {};
+    m_hitNow = {};
+    GWndScroll::OnNcCreate(pcs);
+    m_hComboTheme.Reset(OpenThemeData(m_hWnd, L"COMBOBOX"));
+    m_hListTheme.Open(m_hWnd, L"LISTVIEW");
+    SetUpScrolling(pcs->cy - 2 * static_cast<int>(FrameSize().cy));
+    m_hitDown = {{}, NONE, 0};
+    m_hitMove = {{}, NONE};
+    m_nHot = m_nSelected;
+    return TRUE;
+}
+
+void GComboBoxList::SetUpScrolling(int nPage)
+{
+    const int nMax = ItemCount() * ItemHeight() - 1;
+    if (nMax <= nPage) {
+        m_siV.nMin = m_siV.nMax = m_siV.nPos = 0;
+        m_siV.nPage = 0;
+        return;
+    }
+    const SCROLLINFO si{sizeof(SCROLLINFO),
+                        SIF_RANGE | SIF_PAGE | SIF_POS,
+                        0,
+                        nMax,
+                        static_cast<UINT>(std::max(nPage, 0)),
+                        0,
+                        0};
+    GWndScroll::SetScrollInfo(SB_VERT, &si, FALSE);
+    ShowScrollBar(SB_VERT, m_siV.nMax > static_cast<int>(m_siV.nPage));
+}
+
+LRESULT GComboBoxList::OnNcDestroy()
+{
+    GWndScroll::OnNcDestroy();
+    m_hComboTheme.Reset();
+    m_hListTheme.Close();
+    PostMessageW(nullptr, WM_NULL, 0, 0); // whoever destroyed it, the owner's loop is to see it now
+    return Frame::Detach(*this);
+}
+
+LRESULT GComboBoxList::OnThemeChanged()
+{
+    m_hThemeScroll.Reset(OpenThemeData(m_hWnd, L"SCROLLBAR"));
+    m_hComboTheme.Reset(OpenThemeData(m_hWnd, L"COMBOBOX"));
+    m_hListTheme.Open(m_hWnd, L"LISTVIEW");
+    RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    return 0;
+}
+
+// --- Frame
+// --------------------------------------------------------------------------------------------------------
+
+// What the frame takes off each side.
+SIZE GComboBoxList::FrameSize() const
+{
+    SIZE size{};
+    if (!(Frame::Style(*this) & WS_BORDER)) {
+        return size;
+    }
+    if (FAILED(GetThemePartSize(m_hComboTheme, nullptr, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
+        size = {GetSystemMetrics(SM_CXBORDER), GetSystemMetrics(SM_CYBORDER)};
+    }
+    return size;
+}
+
+LRESULT GComboBoxList::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
+{
+    const RECT rcWindow = pParams->rgrc[0];
+    const SIZE frame = FrameSize();
+    InflateRect(&pParams->rgrc[0], -frame.cx, -frame.cy);
+    NcCalcSizeScroll(&rcWindow, &pParams->rgrc[0]);
+    return 0;
+}
+
+void GComboBoxList::DrawFrame(HDC hdc, const RECT& rcWindow)
+{
+    ThemePart(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, PlainPart::EntryField).DrawBackground(rcWindow);
+    DrawScrollBar(hdc, Frame::Style(*this));
+}
+
+LRESULT GComboBoxList::OnNcPaint(WPARAM wRegion)
+{
+    const gesso::NonClientPaint paint(m_hWnd, wRegion);
+    DrawFrame(paint.Context(), paint.WindowRect());
+    return 0;
+}
+
+LRESULT GComboBoxList::OnPrintClient(HDC hdc, LPARAM lParam)
+{
+    if (lParam & PRF_NONCLIENT) {
+        const gesso::NonClientPrint print(m_hWnd, hdc);
+        DrawFrame(print.Context(), print.WindowRect());
+    }
+    return Frame::OnPrintClient(*this, hdc, lParam);
+}
+
+// --- Rows
+// ---------------------------------------------------------------------------------------------------------
+
+int GComboBoxList::ItemCount() const
+{
+    return static_cast<int>(m_pItems->GetLength());
+}
+
+// The program may have removed items since the list was opened.
+bool GComboBoxList::IsRow(UINT nItem) const
+{
+    return nItem < FIRST_NO_ITEM && nItem < m_pItems->GetLength();
+}
+
+void GComboBoxList::Draw(HDC hdc)
+{
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    DrawThemeParentBackground(m_hWnd, hdc, &rcClient);
+    RECT rcPanel = rcClient;
+    InflateRect(&rcPanel, PANEL_OVERLAP, PANEL_OVERLAP);
+    m_hListTheme.DrawBackground(hdc, rcPanel);
+
+    const gesso::SelectScope font(hdc, m_hFont);
+    const gesso::TransparentScope mode(hdc);
+    const int nFirst = m_siV.nPos / ItemHeight();
+    int y = nFirst * ItemHeight() - m_siV.nPos;
+    for (int n = nFirst; n < ItemCount() && y < rcClient.bottom; ++n, y += ItemHeight()) {
+        DrawRow(hdc, static_cast<UINT>(n), {0, y, rcClient.right, y + ItemHeight()});
+    }
+}
+
+void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
+{
+    const bool fHot = nItem == m_nHot;
+    if (fHot) {
+        m_hListTheme.DrawRow(hdc, LISS_HOTSELECTED, rc);
+    }
+    RECT rcText = rc;
+    InflateRect(&rcText, -TEXT_INSET, -TEXT_INSET);
+    ThemePart(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
+              PlainPart::Row)
+        .DrawString((*m_pItems)[nItem]->pszText, DT_SINGLELINE | DT_VCENTER | DT_HIDEPREFIX, rcText);
+}
+
+POINTS GComboBoxList::ToScreen(POINTS pt) const
+{
+    POINT ptScreen{pt.x, pt.y};
+    ClientToScreen(m_hWnd, &ptScreen);
+    return {static_cast<SHORT>(ptScreen.x), static_cast<SHORT>(ptScreen.y)};
+}
+
+// The row at a point in the client area: ABOVE or NONE where there is none.
+UINT GComboBoxList::HitTest(POINTS pt) const
+{
+    RECT rcWindow{};
+    RECT rcClient{};
+    GetWindowRect(m_hWnd, &rcWindow);
+    GetClientRect(m_hWnd, &rcClient);
+    const POINTS ptScreen = ToScreen(pt);
+    if (!PtInRect(&rcWindow, {ptScreen.x, ptScreen.y}) || pt.y >= rcClient.bottom) {
+        return NONE;
+    }
+    if (pt.y < 0) {
+        return ABOVE;
+    }
+    const auto nItem = static_cast<UINT>((m_siV.nPos + pt.y) / ItemHeight());
+    return IsRow(nItem) ? nItem : NONE;
+}
+
+bool GComboBoxList::IsOverBar(POINTS ptScreen) const
+{
+    RECT rcBar = m_rcVScroll;
+    RECT rcWindow{};
+    GetWindowRect(m_hWnd, &rcWindow);
+    OffsetRect(&rcBar, rcWindow.left, rcWindow.top);
+    return !(m_dwVStyle & GSB_HIDDEN) && PtInRect(&rcBar, {ptScreen.x, ptScreen.y});
+}
+
+// --- Scrolling
+// ----------------------------------------------------------------------------------------------------
+
+void GComboBoxList::ScrollTo(int nPos)
+{
+    if (m_dwVStyle & GSB_HIDDEN) {
+        return;
+    }
+    SetScrollPos(SB_VERT, nPos, FALSE);
+    RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+}
+
+void GComboBoxList::ShowRow(UINT nItem)
+{
+    if (!IsRow(nItem)) {
+        return;
+    }
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    const int nTop = static_cast<int>(nItem) * ItemHeight();
+    const int nBottom = nTop + ItemHeight();
+    if (nTop < m_siV.nPos) {
+        ScrollTo(nTop);
+    } else if (nBottom > m_siV.nPos + rcClient.bottom) {
+        ScrollTo(nBottom - static_cast<int>(rcClient.bottom));
+    } else {
+        RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    }
+}
+
+LRESULT GComboBoxList::OnMouseWheel(int nDelta)
+{
+    if (static_cast<int>(m_siV.nPage) < m_siV.nMax - m_siV.nMin) {
+        ScrollTo(m_siV.nPos - nDelta / WHEEL_DELTA * ItemHeight() * WheelLines());
+    }
+    return 0;
+}
+
+// The message carries 16 bits of the position; all of it is at hand where the bar itself sent it.
+int GComboBoxList::ThumbPos(WORD wPos) const
+{
+    return LOWORD(m_siV.nTrackPos) == wPos ? m_siV.nTrackPos : wPos;
+}
+
+LRESULT GComboBoxList::OnVScroll(WORD wCode, WORD wPos)
+{
+    const int nPage = static_cast<int>(m_siV.nPage) * 5 / 6;
+    switch (wCode) {
+    case SB_LINEUP: ScrollTo(m_siV.nPos - ItemHeight()); break;
+    case SB_LINEDOWN: ScrollTo(m_siV.nPos + ItemHeight()); break;
+    case SB_PAGEUP: ScrollTo(m_siV.nPos - nPage); break;
+    case SB_PAGEDOWN: ScrollTo(m_siV.nPos + nPage); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollTo(ThumbPos(wPos)); break;
+    case SB_TOP: ScrollTo(m_siV.nMin); break;
+    case SB_BOTTOM: ScrollTo(m_siV.nMax); break;
+    default: break;
+    }
+    return 0;
+}
+
+// --- Keys
+// ---------------------------------------------------------------------------------------------------------
+
+LRESULT GComboBoxList::OnKeyDown(UINT uKey)
+{
+    switch (uKey) {
+    case VK_RETURN:
+    case VK_ESCAPE:
+    case VK_F4: Close(); break;
+    case VK_PRIOR: MoveBy(-PAGE_ROWS); break;
+    case VK_NEXT: MoveBy(PAGE_ROWS); break;
+    case VK_UP: MoveBy(-1); break;
+    case VK_DOWN: MoveBy(1); break;
+    default: break;
+    }
+    return 0;
+}
+
+// The owner's text follows at once, so that Esc takes nothing back: hosts know it so.
+void GComboBoxList::MoveBy(int nRows)
+{
+    const auto nSelected = static_cast<int>(m_nSelected);
+    const int nLast = ItemCount() - 1;
+    const bool fAtEdge = nRows < 0 ? nSelected <= 0 : nSelected >= nLast;
+    if (fAtEdge || nLast < 0) {
+        return;
+    }
+    m_nSelected = static_cast<UINT>(std::clamp(nSelected + nRows, 0, nLast));
+    m_nHot = m_nSelected;
+    ShowRow(m_nHot);
+    m_pOwner->Update(false);
+}
+
+// --- Mouse
+// --------------------------------------------------------------------------------------------------------
+//
+// The owner has the capture, so that even presses on the bar come as client messages. The bar takes the
+// capture while it is pressed, and leaves it to nobody.
+
+LRESULT GComboBoxList::OnMouseMove(WPARAM, POINTS pt)
+{
+    const POINTS ptScreen = ToScreen(pt);
+    const bool fOnBar = (m_dwState & GWS_NCPRESSED) || IsOverBar(ptScreen);
+    if (fOnBar || m_hitNow.wHit) {
+        OnNcMouseMove(HTVSCROLL, ptScreen);
+    }
+    if (fOnBar) {
+        return 0;
+    }
+    m_hitMove = {pt, HitTest(pt)};
+    if (IsRow(m_hitMove.nItem) && m_hitMove.nItem != m_nHot) {
+        m_nHot = m_hitMove.nItem;
+        Invalidate(0);
+    }
+    return 0;
+}
+
+// With the capture elsewhere the platform takes the pointer to be gone while it is still on the bar.
+LRESULT GComboBoxList::OnNcMouseLeave()
+{
+    POINT pt{};
+    GetCursorPos(&pt);
+    if (IsOverBar({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)})) {
+        m_dwState &= ~GWS_NCTRACKING;
+        return 0;
+    }
+    return GWndScroll::OnNcMouseLeave();
+}
+
+LRESULT GComboBoxList::OnLButtonDown(WPARAM wKeys, POINTS pt)
+{
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    const POINTS ptScreen = ToScreen(pt);
+    if (IsOverBar(ptScreen)) {
+        return GWndScroll::OnNcLButtonDown(HTVSCROLL, ptScreen);
+    }
+    if (PtInRect(&rcClient, {pt.x, pt.y})) {
+        m_hitDown = {pt, HitTest(pt), KeysOf(wKeys)};
+    } else {
+        Close();
+    }
+    return 0;
+}
+
+LRESULT GComboBoxList::OnNcLButtonDown(UINT uHit, POINTS ptScreen)
+{
+    if (IsOverBar(ptScreen)) {
+        return GWndScroll::OnNcLButtonDown(uHit, ptScreen);
+    }
+    Close();
+    return 0;
+}
+
+LRESULT GComboBoxList::OnLButtonUp(WPARAM, POINTS pt)
+{
+    if (m_dwState & GWS_NCPRESSED) {
+        return OnNcLButtonUp(HTVSCROLL, ToScreen(pt));
+    }
+    const UINT nPressed = std::exchange(m_hitDown.nItem, NONE);
+    const UINT nItem = HitTest(pt);
+    if (IsRow(nItem) && IsRow(nPressed)) {
+        Pick(nItem);
+    }
+    return 0;
+}
+
+void GComboBoxList::Pick(UINT nItem)
+{
+    const HWND hwnd = m_hWnd;
+    m_nSelected = nItem;
+    Frame::SendCommand(*m_pOwner, CBN_SELCHANGE);
+    if (Frame::IsAlive(hwnd, this)) {
+        Close();
+    }
+}
+
+LRESULT CALLBACK GComboBoxList::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pList = Frame::ObjectOf<GComboBoxList>(hwnd);
+    if (!pList) {
+        return uMsg == WM_NCCREATE ? Frame::Attach<GComboBoxList>(hwnd, lParam)
+                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    GComboBoxList& list = *pList;
+    const POINTS pt = gesso::PointOf(lParam);
+    switch (uMsg) {
+    case WM_NCDESTROY: return list.OnNcDestroy();
+    case WM_NCCALCSIZE: return list.OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
+    case WM_NCHITTEST: return list.OnNcHitTest(pt);
+    case WM_NCPAINT: return list.OnNcPaint(wParam);
+    case WM_PAINT: return gesso::PaintControl(list, hwnd);
+    case WM_PRINTCLIENT: return list.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
+    case WM_ERASEBKGND:
+    case WM_NCACTIVATE: return 1;
+    case WM_MOUSEACTIVATE: return MA_NOACTIVATE;
+    case WM_THEMECHANGED: return list.OnThemeChanged();
+    case WM_KEYDOWN: return list.OnKeyDown(static_cast<UINT>(wParam));
+    case WM_MOUSEMOVE: return list.OnMouseMove(wParam, pt);
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: return list.OnLButtonDown(wParam, pt);
+    case WM_LBUTTONUP: return list.OnLButtonUp(wParam, pt);
+    case WM_MOUSEWHEEL: return list.OnMouseWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+    case WM_VSCROLL: return list.OnVScroll(LOWORD(wParam), HIWORD(wParam));
+    case WM_NCMOUSEMOVE: return list.OnNcMouseMove(static_cast<UINT>(wParam), pt);
+    case WM_NCMOUSELEAVE: return list.OnNcMouseLeave();
+    case WM_NCLBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK: return list.OnNcLButtonDown(static_cast<UINT>(wParam), pt);
+    case WM_NCLBUTTONUP: return list.OnNcLButtonUp(static_cast<UINT>(wParam), pt);
+    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+}

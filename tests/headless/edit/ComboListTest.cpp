@@ -1,0 +1,409 @@
+// The open list: where it stands, how it is used and closed, and what the program may do meanwhile.
+
+#include "ComboFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace desk = gesso::headless;
+using test::Reports;
+using test::TextOf;
+
+const std::string SELCHANGE = "click 5 code 1";
+
+class ComboListTest : public test::ComboFixture
+{
+protected:
+    static RECT WindowRect(HWND hwnd)
+    {
+        RECT rc{};
+        GetWindowRect(hwnd, &rc);
+        return rc;
+    }
+    static int ClientHeight(HWND hwnd)
+    {
+        RECT rc{};
+        GetClientRect(hwnd, &rc);
+        return rc.bottom;
+    }
+    static void TypeEscape() { desk::TypeKey(VK_ESCAPE); }
+};
+
+TEST_F(ComboListTest, StandsBelowTheControlNoHigherThanItsItems)
+{
+    desk::SetThemePartSize("COMBOBOX", CP_BORDER, 0, {2, 3});
+    Make(GCBS_DROPDOWNLIST, 3);
+    RECT rcList{};
+    int nClient = 0;
+    DWORD dwStyle = 0, dwExStyle = 0;
+    bool fVisible = false;
+    WithList({[&] {
+        rcList = WindowRect(List());
+        nClient = ClientHeight(List());
+        dwStyle = static_cast<DWORD>(GetWindowLongW(List(), GWL_STYLE));
+        dwExStyle = static_cast<DWORD>(GetWindowLongW(List(), GWL_EXSTYLE));
+        fVisible = IsWindowVisible(List());
+        EXPECT_EQ(GetForegroundWindow(), Parent()) << "it takes no activation";
+        EXPECT_EQ(GetCapture(), Combo().GetHwnd());
+        TypeEscape();
+    }});
+    const RECT rcCombo = WindowRect(Combo());
+    EXPECT_EQ(rcList.left, rcCombo.left);
+    EXPECT_EQ(rcList.right, rcCombo.right);
+    EXPECT_EQ(rcList.top, rcCombo.bottom);
+    EXPECT_EQ(nClient, 3 * 22);
+    EXPECT_EQ(rcList.bottom - rcList.top, 3 * 22 + 2 * 3);
+    EXPECT_EQ(dwStyle & ~static_cast<DWORD>(WS_VISIBLE), 0x86800000u);
+    EXPECT_EQ(dwExStyle, 0x88u);
+    EXPECT_TRUE(fVisible);
+    EXPECT_EQ(List(), nullptr);
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(Combo().State() & GWS_PRESSED, 0u);
+}
+
+TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
+{
+    Make(GCBS_DROPDOWNLIST, 100);
+    Combo().SetDropdownHeight(5 * 22);
+    Combo().SetSelected(50);
+    int nHeight = 0, nWidth = 0;
+    WithList({[&] {
+        nHeight = ClientHeight(List());
+        RECT rc{};
+        GetClientRect(List(), &rc);
+        nWidth = rc.right;
+        // The selected row is in view, at the bottom: rows 46 to 50.
+        ClickRow(0);
+    }});
+    EXPECT_EQ(nHeight, 5 * 22);
+    EXPECT_EQ(nWidth, test::COMBO_CX - 17);
+    EXPECT_EQ(Combo().GetSelected(), 46u);
+    EXPECT_EQ(TheHost().TakeReports().back(), SELCHANGE);
+
+    // A bar that an earlier opening needed is gone when the items fit.
+    while (Combo().GetItemCount() > 2) {
+        Combo().RemoveItem(0);
+    }
+    WithList({[&] {
+        RECT rc{};
+        GetClientRect(List(), &rc);
+        nWidth = rc.right;
+        ClickRow(1);
+    }});
+    EXPECT_EQ(nWidth, test::COMBO_CX);
+    EXPECT_EQ(Combo().GetSelected(), 1u);
+}
+
+TEST_F(ComboListTest, AnEmptyListHasNoHeightAndCloses)
+{
+    Make(GCBS_DROPDOWN);
+    int nHeight = -1;
+    WithList({[&] {
+        nHeight = ClientHeight(List());
+        for (const UINT uKey : {VK_DOWN, VK_UP, VK_NEXT, VK_PRIOR}) {
+            desk::TypeKey(uKey);
+        }
+        desk::Wheel(-120);
+        TypeEscape();
+    }});
+    EXPECT_EQ(nHeight, 0);
+    EXPECT_EQ(Combo().GetSelected(), NONE);
+}
+
+TEST_F(ComboListTest, KeysMoveTheSelectionAndTheTextFollowsAtOnce)
+{
+    Make(GCBS_DROPDOWN, 30);
+    std::vector<std::string> texts;
+    std::vector<std::function<void()>> actions;
+    const auto type = [&](UINT uKey) {
+        desk::WhenIdle([uKey] { desk::TypeKey(uKey); });
+        desk::WhenIdle([&] { texts.push_back(TextOf(Combo())); });
+    };
+    for (const UINT uKey :
+         {VK_UP, VK_DOWN, VK_UP, VK_DOWN, VK_NEXT, VK_NEXT, VK_NEXT, VK_NEXT, VK_PRIOR, VK_UP}) {
+        type(uKey);
+    }
+    desk::WhenIdle(TypeEscape);
+    SetFocus(Combo());
+    TheHost().TakeReports();
+    Type(VK_F4);
+    EXPECT_EQ(texts, (std::vector<std::string>{"", "item 0", "item 0", "item 1", "item 11", "item 21",
+                                               "item 29", "item 29", "item 19", "item 18"}));
+    EXPECT_EQ(TextOf(Combo()), "item 18") << "Esc takes nothing back";
+    EXPECT_EQ(TheHost().TakeReports(), Reports{}) << "keys in the list are not told of";
+}
+
+TEST_F(ComboListTest, ReturnAndF4CloseItToo)
+{
+    Make(GCBS_DROPDOWN, 3);
+    for (const UINT uKey : {UINT{VK_RETURN}, UINT{VK_F4}, UINT{VK_ESCAPE}}) {
+        bool fWasOpen = false;
+        WithList({[&] {
+            fWasOpen = List() != nullptr;
+            desk::TypeKey(uKey);
+        }});
+        EXPECT_TRUE(fWasOpen);
+        EXPECT_FALSE(List()) << uKey;
+    }
+}
+
+TEST_F(ComboListTest, ATypedTextGivesWayToTheSelectedItem)
+{
+    Make(GCBS_DROPDOWN, 3);
+    Combo().SetText(L"typed");
+    WithList({TypeEscape});
+    EXPECT_EQ(TextOf(Combo()), "");
+    Combo().SetSelected(1);
+    Combo().SetText(L"typed");
+    WithList({TypeEscape});
+    EXPECT_EQ(TextOf(Combo()), "item 1");
+}
+
+TEST_F(ComboListTest, AClickPicksARowAndTellsTheParent)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    std::string textWhenTold;
+    TheHost().onReport = [&](const std::string& report) {
+        if (report == SELCHANGE) {
+            textWhenTold = TextOf(Combo()) + "/" + std::to_string(Combo().GetSelected());
+        }
+    };
+    WithList({[] { ClickRow(3); }});
+    EXPECT_EQ(Combo().GetSelected(), 3u);
+    EXPECT_EQ(TextOf(Combo()), "item 3");
+    EXPECT_EQ(textWhenTold, "/3") << "the text follows when the list has closed";
+    EXPECT_EQ(TheHost().TakeReports(), (Reports{"setfocus 5", SELCHANGE}));
+}
+
+TEST_F(ComboListTest, AReleaseWithoutAPressOnARowPicksNothing)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    bool fOpen = false;
+    WithList({[] { // the press opened the list; the release came already
+                  MoveTo(List(), 5, 30);
+                  desk::ReleaseButton();
+              },
+              [&] {
+                  fOpen = List() != nullptr;
+                  // pressed on a row, released outside
+                  MoveTo(List(), 5, 30);
+                  desk::PressButton();
+                  MoveTo(List(), 5, -100);
+                  desk::ReleaseButton();
+                  // and the press is forgotten
+                  MoveTo(List(), 5, 30);
+                  desk::ReleaseButton();
+              },
+              [&] {
+                  fOpen = fOpen && List();
+                  MoveTo(List(), 5, 30);
+                  desk::PressButton();
+                  MoveTo(List(), 5, 2 * 22 + 5);
+                  desk::ReleaseButton();
+              }});
+    EXPECT_TRUE(fOpen);
+    EXPECT_EQ(Combo().GetSelected(), 2u) << "the row of the release counts";
+}
+
+TEST_F(ComboListTest, TheHoveredRowIsHotAndKeysGoOnFromTheSelection)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    Combo().SetSelected(1);
+    test::Lines hot;
+    WithList({[&] { MoveTo(List(), 5, 3 * 22 + 5); },
+              [&] {
+                  hot = Draw(List(), "DrawThemeBackground");
+                  EXPECT_EQ(Combo().GetSelected(), 1u);
+                  desk::TypeKey(VK_DOWN);
+              },
+              TypeEscape});
+    EXPECT_EQ(hot, (test::Lines{"DrawThemeBackground explorer::LISTVIEW 0 0 (-2,-2,122,112)",
+                                "DrawThemeBackground explorer::LISTVIEW 1 6 (0,66,120,88)"}));
+    EXPECT_EQ(Combo().GetSelected(), 2u);
+}
+
+TEST_F(ComboListTest, AClickElsewhereClosesIt)
+{
+    Make(GCBS_DROPDOWN, 5);
+    Combo().SetSelected(2);
+    GButton button;
+    button.Create(200, 200, 50, 20, Parent(), 6, L"button", 0, WS_CHILD | WS_VISIBLE);
+    for (const auto& [x, y] :
+         {std::pair{300, 5}, {210, 210}, {test::COMBO_X + test::COMBO_CX - 5, test::COMBO_Y + 5}})
+    {
+        const POINT pt = OnScreen(Parent(), x, y);
+        WithList({[pt] { desk::Click(pt.x, pt.y); }});
+        EXPECT_FALSE(List()) << x;
+        EXPECT_EQ(Combo().GetSelected(), 2u);
+    }
+    EXPECT_EQ(GetFocus(), Combo().GetHwnd()) << "the click reached nothing else";
+    for (const std::string& report : TheHost().TakeReports()) {
+        EXPECT_EQ(report, "setfocus 5");
+    }
+    button.Destroy();
+}
+
+TEST_F(ComboListTest, AQuickSecondClickOnTheButtonClosesIt)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    const POINT pt = OnScreen(Combo(), 10, 10);
+    desk::DoubleClick(pt.x, pt.y);
+    desk::Pump();
+    EXPECT_FALSE(List());
+}
+
+TEST_F(ComboListTest, AnotherWindowInFrontClosesIt)
+{
+    Make(GCBS_DROPDOWN, 5);
+    bool fHandled = false;
+    TheHost().onReport = [&](const std::string& report) { fHandled = fHandled || report == "click 9"; };
+    WithList({[&] {
+        desk::SwitchAway();
+        PostMessageW(Parent(), WM_COMMAND, 9, 0);
+    }});
+    EXPECT_FALSE(List());
+    EXPECT_TRUE(fHandled) << "the message that came then is not lost";
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(Combo().State() & GWS_PRESSED, 0u);
+}
+
+TEST_F(ComboListTest, TheBarScrollsByMouseAndTheWheelByLines)
+{
+    Make(GCBS_DROPDOWNLIST, 4000); // beyond 16 bits of pixels
+    Combo().SetDropdownHeight(110);
+    const int xBar = test::COMBO_CX - 8;
+    std::vector<UINT> picked;
+    // Opens, acts, and picks the row that is at the top then.
+    const auto topAfter = [&](std::function<void()> act) {
+        Combo().SetSelected(NONE);
+        WithList({act, [] {}, [] { ClickRow(0); }});
+        return Combo().GetSelected();
+    };
+    EXPECT_EQ(topAfter([&] { ClickAt(List(), xBar, 110 - 5); }), 1u) << "the arrow: a row";
+    EXPECT_EQ(topAfter([&] { ClickAt(List(), xBar, 60); }), 110u * 5 / 6 / 22)
+        << "the track: five sixths of a page";
+    EXPECT_EQ(topAfter([&] { desk::Wheel(-240); }), 6u) << "three rows a notch";
+    EXPECT_EQ(topAfter([&] {
+                  desk::Wheel(-240);
+                  desk::Wheel(1200);
+              }),
+              0u);
+    EXPECT_EQ(topAfter([&] {
+                  MoveTo(List(), xBar, 20);
+                  desk::PressButton();
+                  MoveTo(List(), xBar, 400);
+                  desk::ReleaseButton();
+              }),
+              3995u)
+        << "the thumb, to the end";
+    EXPECT_EQ(topAfter([&] { SendMessageW(List(), WM_VSCROLL, SB_BOTTOM, 0); }), 3995u);
+    EXPECT_EQ(topAfter([&] {
+                  SendMessageW(List(), WM_VSCROLL, SB_BOTTOM, 0);
+                  SendMessageW(List(), WM_VSCROLL, SB_TOP, 0);
+              }),
+              0u);
+    EXPECT_EQ(topAfter([&] { SendMessageW(List(), WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 44), 0); }), 2u);
+    desk::SetWheelLines(WHEEL_PAGESCROLL);
+    EXPECT_GT(topAfter([&] { desk::Wheel(-120); }), 4u) << "a page at least";
+}
+
+TEST_F(ComboListTest, TheProgramMayRemoveItemsMeanwhile)
+{
+    Make(GCBS_DROPDOWN, 100);
+    Combo().SetDropdownHeight(110);
+    Combo().SetSelected(99);
+    WithList({[&] { MoveTo(List(), 5, 100); }, [&] { desk::PressButton(); },
+              [&] {
+                  while (Combo().GetItemCount() > 1) {
+                      Combo().RemoveItem(1);
+                  }
+                  InvalidateRect(List(), nullptr, FALSE);
+              },
+              [&] { desk::ReleaseButton(); }, // no row is there now
+              [&] { desk::TypeKey(VK_UP); }, TypeEscape});
+    EXPECT_EQ(Combo().GetSelected(), 0u);
+    EXPECT_EQ(TextOf(Combo()), "item 0");
+    WithList({[&] { Combo().RemoveAllItems(); }, [] { desk::TypeKey(VK_DOWN); }, TypeEscape});
+    EXPECT_EQ(Combo().GetSelected(), NONE);
+}
+
+TEST_F(ComboListTest, TheParentMayDestroyTheControlInTheLoop)
+{
+    for (const bool fDelete : {false, true}) {
+        for (const bool fFromClick : {false, true}) {
+            pCombo = std::make_unique<test::ComboProbe>();
+            const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
+            const auto destroy = [&] {
+                if (fDelete) {
+                    pCombo.reset();
+                    EXPECT_TRUE(IsWindow(hwnd));
+                }
+                DestroyWindow(hwnd);
+            };
+            if (fFromClick) {
+                TheHost().onReport = [&](const std::string& report) {
+                    if (report == SELCHANGE) {
+                        destroy();
+                    }
+                };
+                WithList({[] { ClickRow(2); }});
+            } else {
+                WithList({destroy});
+            }
+            TheHost().onReport = nullptr;
+            EXPECT_FALSE(IsWindow(hwnd));
+            EXPECT_FALSE(List());
+            EXPECT_FALSE(GetCapture());
+        }
+    }
+}
+
+TEST_F(ComboListTest, DeletingTheObjectAloneClosesTheListAndFreesTheCapture)
+{
+    const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
+    WithList({[&] { pCombo.reset(); }});
+    EXPECT_FALSE(List());
+    EXPECT_FALSE(GetCapture());
+    DestroyWindow(hwnd);
+}
+
+TEST_F(ComboListTest, AQuitLeavesAllAsItIsAndEndsTheOuterLoopToo)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    desk::WhenIdle([] { PostQuitMessage(3); });
+    ClickAt(Combo(), 5, 5);
+    EXPECT_FALSE(desk::Pump()) << "the outer loop meets it";
+    EXPECT_TRUE(List());
+    EXPECT_EQ(GetCapture(), Combo().GetHwnd());
+    EXPECT_TRUE(Combo().State() & GWS_PRESSED);
+    Combo().Destroy();
+    EXPECT_FALSE(List()) << "the list goes with the control";
+}
+
+TEST_F(ComboListTest, AWindowThatCannotBeMadeLeavesTheControlClosed)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    desk::Fail("CreateWindowExW");
+    WithList({});
+    EXPECT_FALSE(GetCapture());
+    EXPECT_EQ(Combo().State() & GWS_PRESSED, 0u);
+}
+
+TEST_F(ComboListTest, ADestroyedListEndsTheLoopAtOnce)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    WithList({[] { DestroyWindow(List()); }});
+    EXPECT_FALSE(GetCapture());
+}
+
+TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    WithList({TypeEscape});
+    EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd());
+    SetFocus(Parent());
+    EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd()) << "losing the focus takes it from the field only";
+}
+
+} // namespace
