@@ -11,7 +11,8 @@
 
 namespace gallery {
 
-// The images in both of the template's strips.
+// The images in both of the template's strips. scripts/icons.py makes these from icons/*.svg in this order:
+// IMAGE_SELECT_ALL is drawn in icons/select-all.svg.
 enum RibbonImage
 {
     IMAGE_NONE = -1,
@@ -32,6 +33,23 @@ enum RibbonImage
     IMAGE_TOP,
     IMAGE_BOTTOM,
     IMAGE_REPLACE,
+    IMAGE_PREVIOUS,
+    IMAGE_NEXT,
+    IMAGE_SMALL_WINDOW,
+    IMAGE_LARGE_WINDOW,
+    IMAGE_ABOUT,
+    IMAGE_REPORT,
+    IMAGE_KEYBOARD,
+    IMAGE_LABEL,
+    IMAGE_BUTTON,
+    IMAGE_CHECK_BOX,
+    IMAGE_TEXT,
+    IMAGE_ENTRY,
+    IMAGE_LIST,
+    IMAGE_TREE,
+    IMAGE_RIBBON,
+    IMAGE_DIALOG,
+    IMAGE_EXPLORER,
 };
 
 // A page that is filled item by item, and knows where its items stand.

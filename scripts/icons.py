@@ -1,18 +1,29 @@
 #!/usr/bin/env python3
-"""Turns gesso/resources/icons/*.svg into the committed .ico files and the .cur file beside them.
+"""Turns the drawings of the library and of the gallery into the committed files that their builds use.
 
-Needs rsvg-convert (Debian's librsvg2-bin). Every icon has 48, 32, 24 and 16 pixels, 32-bit with alpha; the cursor has
-32 pixels and its hot spot in the middle. Run it after changing a drawing, and commit what it writes.
+gesso/resources/icons/*.svg become the .ico files and the .cur file beside them: every icon with 48, 32, 24 and 16
+pixels, 32-bit with alpha; the cursor with 32 pixels and its hot spot in the middle.
+
+gallery/icons/*.svg become gallery/ribbon-32.png and ribbon-16.png, the strips of the ribbon's images, in the order of
+the enumerators in gallery/EditorRibbon.h: IMAGE_SELECT_ALL is select-all.svg. What lies on even coordinates of a
+drawing's 32 by 32 units is sharp in both.
+
+Needs rsvg-convert (Debian's librsvg2-bin). Run it after changing a drawing, and commit what it writes.
 """
 import pathlib
+import re
 import struct
 import subprocess
 import sys
 import zlib
 
-ICONS = pathlib.Path(__file__).resolve().parent.parent / 'gesso/resources/icons'
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+ICONS = ROOT / 'gesso/resources/icons'
+GALLERY = ROOT / 'gallery'
 SIZES = (48, 32, 24, 16)
 CURSORS = {'column-sizing': (32, 16, 16)}  # size, hot spot
+UNITS = 32  # the width and the height of a drawing for the ribbon
+STRIP_SIZES = (32, 16)
 
 
 def render(svg, size):
@@ -71,7 +82,7 @@ def write(path, kind, images):
     path.write_bytes(directory + bodies)
 
 
-def main():
+def write_icons():
     for svg in sorted(ICONS.glob('*.svg')):
         if svg.stem in CURSORS:
             size, x, y = CURSORS[svg.stem]
@@ -79,6 +90,35 @@ def main():
         else:
             write(svg.with_suffix('.ico'), 1, [(size, 1, 32, bitmap(render(svg, size))) for size in SIZES])
         print(svg.stem)
+
+
+def ribbon_images():
+    """The names of the ribbon's images, in their order."""
+    names = re.findall(r'^    IMAGE_(\w+),$', (GALLERY / 'EditorRibbon.h').read_text(), re.MULTILINE)
+    names = [name.lower().replace('_', '-') for name in names]
+    strangers = {svg.stem for svg in (GALLERY / 'icons').glob('*.svg')} ^ set(names)
+    if strangers:
+        sys.exit(f"icons.py: want both an enumerator and a drawing of {', '.join(sorted(strangers))}")
+    return names
+
+
+def write_strips():
+    names = ribbon_images()
+    drawings = ''
+    for i, name in enumerate(names):
+        drawing = (GALLERY / f'icons/{name}.svg').read_text()
+        drawings += drawing.replace('<svg ', f'<svg x="{i * UNITS}" ', 1)
+    for size in STRIP_SIZES:
+        strip = (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {len(names) * UNITS} {UNITS}" '
+                 f'width="{len(names) * size}" height="{size}">{drawings}</svg>')
+        path = GALLERY / f'ribbon-{size}.png'
+        subprocess.run(['rsvg-convert', '-o', str(path)], input=strip.encode(), check=True)
+        print(path.stem)
+
+
+def main():
+    write_icons()
+    write_strips()
 
 
 if __name__ == '__main__':
