@@ -11,6 +11,7 @@ std::unique_ptr<Page> MakeLabelsPage();
 std::unique_ptr<Page> MakeButtonsPage();
 std::unique_ptr<Page> MakeChoicesPage();
 std::unique_ptr<Page> MakeTextPage();
+std::unique_ptr<Page> MakeEntryPage();
 std::unique_ptr<Page> MakeListPage();
 std::unique_ptr<Page> MakeRibbonPage();
 std::unique_ptr<Page> MakeDialogsPage();
@@ -27,6 +28,7 @@ inline constexpr PageEntry PAGES[] = {
     {L"Buttons", &MakeButtonsPage},
     {L"Choices", &MakeChoicesPage},
     {L"Text", &MakeTextPage},
+    {L"Entry", &MakeEntryPage},
     {L"List", &MakeListPage},
     {L"Ribbon", &MakeRibbonPage},
     {L"Dialogs", &MakeDialogsPage},

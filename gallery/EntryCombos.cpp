@@ -1,0 +1,83 @@
+#include <gallery/EntryCombos.h>
+#include <gallery/Fonts.h>
+
+#include <algorithm>
+#include <string>
+
+namespace gallery {
+namespace {
+
+constexpr SIZE CELL = {122, 24};
+constexpr UINT APPEND = static_cast<UINT>(-1);
+constexpr int MANY_ROWS = 2000;
+constexpr DWORD COMBO_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+
+constexpr LPCWSTR CITIES[] = {
+    L"Aachen",  L"Basel",      L"Bergen", L"Bordeaux",  L"Brno",    L"Cork",    L"Dresden", L"Esbjerg",
+    L"Ferrara", L"Gdańsk",     L"Graz",   L"Heraklion", L"İzmir",   L"Jena",    L"Kraków",  L"Leiden",
+    L"Malmö",   L"Nantes",     L"Odense", L"Porto",     L"Quimper", L"Rostock", L"Siena",   L"Tampere",
+    L"Uppsala", L"Valladolid", L"Weimar", L"York",      L"Zürich",
+};
+
+void AddCities(GComboBox& combo)
+{
+    for (LPCWSTR pszCity : CITIES) {
+        combo.InsertItem(APPEND, 0, pszCity, 0, nullptr);
+    }
+}
+
+} // namespace
+
+int EntryCombos::Build(Canvas& canvas, POINT pt)
+{
+    m_pCanvas = &canvas;
+    Grid grid(canvas, pt, L"Combo boxes: F4, the wheel, or a click on the button", 3, CELL);
+    Add(grid, L"drop-down", GCBS_DROPDOWN);
+    Add(grid, L"drop-down list", GCBS_DROPDOWNLIST).SetSelected(10);
+    Add(grid, L"plain: arrow keys", GCBS_PLAIN).SetSelected(0);
+    Add(grid, L"button at the left", GCBS_DROPDOWN, WS_EX_LEFTSCROLLBAR).SetSelected(28);
+    Add(grid, L"list, disabled", GCBS_DROPDOWNLIST | WS_DISABLED).SetSelected(4);
+    GComboBox& many = Add(grid, L"2,000 rows", GCBS_DROPDOWNLIST);
+    many.RemoveAllItems();
+    for (int n = 1; n <= MANY_ROWS; ++n) {
+        many.InsertItem(APPEND, 0, (L"Row " + std::to_wstring(n)).c_str(), 0, nullptr);
+    }
+    many.SetSelected(MANY_ROWS / 2 - 1);
+
+    const int y = grid.Bottom();
+    m_pCounts =
+        &canvas.Text({pt.x, y, pt.x + 390, y + Grid::CAPTION_HEIGHT}, L"", g_hDefaultFont, CAPTION_COLOR);
+    ShowCounts();
+    return y + Grid::CAPTION_HEIGHT + MARGIN;
+}
+
+GComboBox& EntryCombos::Add(Grid& grid, LPCWSTR pszCaption, DWORD dwStyle, DWORD dwExStyle)
+{
+    const RECT rc = grid.NextCell(pszCaption);
+    GComboBox& combo = m_pCanvas->Own(std::make_unique<GComboBox>());
+    combo.Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, m_pCanvas->Window(),
+                 m_pCanvas->NextId(), COMBO_STYLE | dwStyle, dwExStyle);
+    AddCities(combo);
+    m_combos.push_back(&combo);
+    return combo;
+}
+
+void EntryCombos::OnCommand(UINT uCode, HWND hwndFrom)
+{
+    const bool fOwn = std::any_of(m_combos.begin(), m_combos.end(),
+                                  [&](const GComboBox* p) { return p->GetHwnd() == hwndFrom; });
+    if (fOwn) {
+        m_nSelChanges += uCode == CBN_SELCHANGE;
+        m_nTextChanges += uCode == EN_CHANGE;
+        ShowCounts();
+    }
+}
+
+void EntryCombos::ShowCounts() const
+{
+    m_pCounts->SetText((L"CBN_SELCHANGE " + std::to_wstring(m_nSelChanges) + L", EN_CHANGE " +
+                        std::to_wstring(m_nTextChanges))
+                           .c_str());
+}
+
+} // namespace gallery

@@ -1,0 +1,27 @@
+// The combo boxes of the entry page: the three kinds, with a count of what they report.
+#pragma once
+
+#include <gallery/Canvas.h>
+
+namespace gallery {
+
+class EntryCombos
+{
+public:
+    // Returns where the next block below starts.
+    int Build(Canvas& canvas, POINT pt);
+    // Counts what the combo boxes report.
+    void OnCommand(UINT uCode, HWND hwndFrom);
+
+private:
+    GComboBox& Add(Grid& grid, LPCWSTR pszCaption, DWORD dwStyle, DWORD dwExStyle = 0);
+    void ShowCounts() const;
+
+    Canvas* m_pCanvas = nullptr;
+    std::vector<GComboBox*> m_combos;
+    GLabel* m_pCounts = nullptr;
+    int m_nSelChanges = 0;
+    int m_nTextChanges = 0;
+};
+
+} // namespace gallery

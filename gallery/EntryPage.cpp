@@ -1,0 +1,33 @@
+#include <gallery/EntryCombos.h>
+#include <gallery/Pages.h>
+
+namespace gallery {
+namespace {
+
+class EntryPage : public Page
+{
+public:
+    void Build(Canvas& canvas) override
+    {
+        canvas.Title(L"Entry", L"Text that the user edits, and combo boxes to choose from.");
+        m_combos.Build(canvas, {RIGHT_BLOCK, FIRST_BLOCK});
+    }
+
+    LRESULT OnCommand(UINT, UINT uCode, HWND hwndFrom) override
+    {
+        m_combos.OnCommand(uCode, hwndFrom);
+        return 0;
+    }
+
+private:
+    EntryCombos m_combos;
+};
+
+} // namespace
+
+std::unique_ptr<Page> MakeEntryPage()
+{
+    return std::make_unique<EntryPage>();
+}
+
+} // namespace gallery
