@@ -6,25 +6,12 @@ BufferedPaint::BufferedPaint(HWND hwnd) : m_hWnd(hwnd)
 {
     BeginPaint(m_hWnd, &m_paint);
     GetClientRect(m_hWnd, &m_rcClient);
-    m_hdc = CreateCompatibleDC(m_paint.hdc);
-    m_hFormerBitmap =
-        SelectObject(m_hdc, CreateCompatibleBitmap(m_paint.hdc, m_rcClient.right, m_rcClient.bottom));
-}
-
-HBITMAP BufferedPaint::KeepBitmap()
-{
-    m_fKeep = true;
-    return static_cast<HBITMAP>(GetCurrentObject(m_hdc, OBJ_BITMAP));
+    m_surface.emplace(m_paint.hdc, SIZE{m_rcClient.right, m_rcClient.bottom});
 }
 
 BufferedPaint::~BufferedPaint()
 {
-    BitBlt(m_paint.hdc, 0, 0, m_rcClient.right, m_rcClient.bottom, m_hdc, 0, 0, SRCCOPY);
-    const HGDIOBJ hBitmap = SelectObject(m_hdc, m_hFormerBitmap);
-    if (!m_fKeep) {
-        DeleteObject(hBitmap);
-    }
-    DeleteDC(m_hdc);
+    BitBlt(m_paint.hdc, 0, 0, m_rcClient.right, m_rcClient.bottom, m_surface->Context(), 0, 0, SRCCOPY);
     EndPaint(m_hWnd, &m_paint);
 }
 

@@ -1,8 +1,10 @@
-// The paint path of every control: the whole client area is drawn into a throw-away bitmap and copied to the
-// window at the end, so that nothing flickers.
+// The paint path of every control: the whole client area is drawn off the screen and copied to the window at
+// the end, so that nothing flickers.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/framework/OffscreenSurface.h>
+
+#include <optional>
 
 namespace gesso {
 
@@ -15,17 +17,15 @@ public:
     BufferedPaint& operator=(const BufferedPaint&) = delete;
 
     // What to draw into, in client coordinates.
-    HDC Context() const { return m_hdc; }
+    HDC Context() const { return m_surface->Context(); }
     // What is drawn into, for the caller to delete once the paint is over.
-    HBITMAP KeepBitmap();
+    HBITMAP KeepBitmap() { return m_surface->KeepBitmap(); }
 
 private:
     HWND m_hWnd;
     PAINTSTRUCT m_paint;
     RECT m_rcClient;
-    HDC m_hdc;
-    HGDIOBJ m_hFormerBitmap;
-    bool m_fKeep = false;
+    std::optional<OffscreenSurface> m_surface;
 };
 
 // WM_PAINT of a control with a Draw(HDC).

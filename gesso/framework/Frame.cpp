@@ -1,5 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/OffscreenSurface.h>
 
 namespace gesso {
 namespace {
@@ -13,7 +14,11 @@ constexpr LONG PARTED = 2;
 
 void Part(HWND hwnd)
 {
-    SetWindowLongW(hwnd, Frame::OWNER_WORD, GetWindowLongW(hwnd, Frame::OWNER_WORD) | PARTED);
+    const LONG nWord = GetWindowLongW(hwnd, Frame::OWNER_WORD);
+    if (!(nWord & PARTED)) {
+        SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord | PARTED);
+        OffscreenSurface::RemoveUser();
+    }
 }
 
 } // namespace
@@ -58,6 +63,7 @@ void Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
     SetWindowLongW(hwnd, OWNER_WORD, fOwned ? WINDOW_OWNS : 0);
     wnd.m_hWnd = hwnd;
+    OffscreenSurface::AddUser();
 }
 
 LRESULT Frame::Detach(GWnd& wnd)

@@ -47,16 +47,12 @@ NonClientPaint::NonClientPaint(HWND hwnd, WPARAM wRegion) : m_hWnd(hwnd), m_hdcW
         ClipToRegion(m_hdcWindow, reinterpret_cast<HRGN>(wRegion), areas.ptOrigin);
     }
     Exclude(m_hdcWindow, areas.rcClient);
-    m_hdc = CreateCompatibleDC(m_hdcWindow);
-    m_hFormerBitmap =
-        SelectObject(m_hdc, CreateCompatibleBitmap(m_hdcWindow, m_rcWindow.right, m_rcWindow.bottom));
+    m_surface.emplace(m_hdcWindow, SIZE{m_rcWindow.right, m_rcWindow.bottom});
 }
 
 NonClientPaint::~NonClientPaint()
 {
-    BitBlt(m_hdcWindow, 0, 0, m_rcWindow.right, m_rcWindow.bottom, m_hdc, 0, 0, SRCCOPY);
-    DeleteObject(SelectObject(m_hdc, m_hFormerBitmap));
-    DeleteDC(m_hdc);
+    BitBlt(m_hdcWindow, 0, 0, m_rcWindow.right, m_rcWindow.bottom, m_surface->Context(), 0, 0, SRCCOPY);
     ReleaseDC(m_hWnd, m_hdcWindow);
 }
 

@@ -1,8 +1,10 @@
-// The non-client counterpart of BufferedPaint: the frame and the scroll bars of a control are drawn into a
-// throw-away bitmap and copied around the client area.
+// The non-client counterpart of BufferedPaint: the frame and the scroll bars of a control are drawn off the
+// screen and copied around the client area.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/framework/OffscreenSurface.h>
+
+#include <optional>
 
 namespace gesso {
 
@@ -16,7 +18,7 @@ public:
     NonClientPaint& operator=(const NonClientPaint&) = delete;
 
     // What to draw into, in window coordinates.
-    HDC Context() const { return m_hdc; }
+    HDC Context() const { return m_surface->Context(); }
     // The whole window, from 0, 0.
     const RECT& WindowRect() const { return m_rcWindow; }
 
@@ -24,8 +26,7 @@ private:
     HWND m_hWnd;
     HDC m_hdcWindow;
     RECT m_rcWindow;
-    HDC m_hdc;
-    HGDIOBJ m_hFormerBitmap;
+    std::optional<OffscreenSurface> m_surface;
 };
 
 // WM_PRINTCLIENT with PRF_NONCLIENT: draws into the given context, whose origin is the client area's, and

@@ -16,6 +16,15 @@ HBRUSH ResolveBrush(HBRUSH brush)
     return value != 0 && value <= COLOR_MENUBAR + 1 ? GetSysColorBrush(static_cast<INT>(value) - 1) : brush;
 }
 
+// Whether a rectangle covers all of a memory context's bitmap, with nothing clipped away.
+bool CoversBitmap(const Context& context, const RECT& rect)
+{
+    const RECT area = context.ToDevice(rect);
+    const RECT bounds = context.Bounds();
+    return context.IsMemory() && !context.state.clip && area.left <= bounds.left && area.top <= bounds.top &&
+           area.right >= bounds.right && area.bottom >= bounds.bottom;
+}
+
 BOOL RecordFill(HDC hdc, const char* operation, const RECT* rect, HBRUSH brush)
 {
     if (FaultFires(operation) || !FindContext(hdc)) {
@@ -205,8 +214,14 @@ COLORREF WINAPI SetPixel(HDC hdc, INT x, INT y, COLORREF color)
 
 BOOL WINAPI PatBlt(HDC hdc, INT x, INT y, INT cx, INT cy, DWORD rop)
 {
-    if (!FindContext(hdc)) {
+    Context* context = FindContext(hdc);
+    if (!context) {
         return FALSE;
+    }
+    auto* lines = DrawingOf(*context);
+    if (rop == BLACKNESS && lines && CoversBitmap(*context, {x, y, x + cx, y + cy})) {
+        lines->clear(); // black as a new bitmap is, whatever it showed
+        return TRUE;
     }
     Line(hdc, "PatBlt").Size(x, y, cx, cy).SelectedBrush().Word(RopName(rop));
     return TRUE;

@@ -12,10 +12,13 @@ namespace {
 TEST(ControlTable, ClassesStandInTheOrderOfRegistration)
 {
     const gesso::RegisterClassFunction order[] = {
-        &GButton::IsolationAwareRegisterClassW,        &GCheckBox::IsolationAwareRegisterClassW,
+        &GButton::IsolationAwareRegisterClassW,
+        &GCheckBox::IsolationAwareRegisterClassW,
         &GComboBox::IsolationAwareRegisterClassW,
-        &GCommandButton::IsolationAwareRegisterClassW, &GLabel::IsolationAwareRegisterClassW,
-        &GProgressBar::IsolationAwareRegisterClassW,   &GNavigationButton::IsolationAwareRegisterClassW,
+        &GCommandButton::IsolationAwareRegisterClassW,
+        &GLabel::IsolationAwareRegisterClassW,
+        &GProgressBar::IsolationAwareRegisterClassW,
+        &GNavigationButton::IsolationAwareRegisterClassW,
         &GRadioButton::IsolationAwareRegisterClassW,
     };
     // Other families' classes may stand between these.

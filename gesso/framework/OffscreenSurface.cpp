@@ -1,0 +1,105 @@
+#include <gesso/containers/Memory.h>
+#include <gesso/framework/OffscreenSurface.h>
+
+namespace gesso {
+namespace {
+
+// Larger ones are not kept: drawing into them takes much longer than making them.
+constexpr LONG MOST_PIXELS_KEPT = 256 * 1024;
+// How much larger than needed one may be, since it is blackened as a whole.
+constexpr LONG MOST_WASTE = 4;
+
+} // namespace
+
+// Threads paint their own controls: whoever gets the pointer has the spare surface to itself.
+constinit OffscreenSurface::Parts* OffscreenSurface::s_pSpare = nullptr;
+constinit LONG OffscreenSurface::s_nUsers = 0;
+
+OffscreenSurface::OffscreenSurface(HDC hdcLike, SIZE size)
+{
+    Parts* pSpare = TakeSpare();
+    if (pSpare && Fits(*pSpare, hdcLike, size)) {
+        m_parts = *pSpare;
+        PatBlt(m_parts.hdc, 0, 0, m_parts.size.cx, m_parts.size.cy, BLACKNESS);
+    } else {
+        if (pSpare) {
+            Release(*pSpare);
+        }
+        m_parts = Make(hdcLike, size);
+    }
+    Free(pSpare);
+    m_nSaved = SaveDC(m_parts.hdc);
+}
+
+OffscreenSurface::~OffscreenSurface()
+{
+    RestoreDC(m_parts.hdc, m_nSaved);
+    if (m_fKept) {
+        SelectObject(m_parts.hdc, m_parts.hFormer);
+        DeleteDC(m_parts.hdc);
+    } else if (m_parts.hBitmap && m_parts.size.cx * m_parts.size.cy <= MOST_PIXELS_KEPT && s_nUsers > 0) {
+        KeepSpare(m_parts);
+    } else {
+        Release(m_parts);
+    }
+}
+
+HBITMAP OffscreenSurface::KeepBitmap()
+{
+    m_fKept = true;
+    return m_parts.hBitmap;
+}
+
+OffscreenSurface::Parts OffscreenSurface::Make(HDC hdcLike, SIZE size)
+{
+    const HDC hdc = CreateCompatibleDC(hdcLike);
+    const HBITMAP hBitmap = CreateCompatibleBitmap(hdcLike, size.cx, size.cy);
+    return {hdc, hBitmap, SelectObject(hdc, hBitmap), size, GetDeviceCaps(hdcLike, BITSPIXEL)};
+}
+
+void OffscreenSurface::Release(const Parts& parts)
+{
+    SelectObject(parts.hdc, parts.hFormer);
+    DeleteObject(parts.hBitmap);
+    DeleteDC(parts.hdc);
+}
+
+bool OffscreenSurface::Fits(const Parts& parts, HDC hdcLike, SIZE size)
+{
+    return parts.size.cx >= size.cx && parts.size.cy >= size.cy &&
+           parts.size.cx * parts.size.cy <= MOST_WASTE * size.cx * size.cy &&
+           parts.nBits == GetDeviceCaps(hdcLike, BITSPIXEL);
+}
+
+OffscreenSurface::Parts* OffscreenSurface::TakeSpare()
+{
+    return static_cast<Parts*>(InterlockedExchangePointer(reinterpret_cast<void**>(&s_pSpare), nullptr));
+}
+
+void OffscreenSurface::KeepSpare(const Parts& parts)
+{
+    auto* pSpare = static_cast<Parts*>(Allocate(sizeof(Parts)));
+    *pSpare = parts;
+    auto* pFormer =
+        static_cast<Parts*>(InterlockedExchangePointer(reinterpret_cast<void**>(&s_pSpare), pSpare));
+    if (pFormer) {
+        Release(*pFormer);
+        Free(pFormer);
+    }
+}
+
+void OffscreenSurface::AddUser()
+{
+    InterlockedIncrement(&s_nUsers);
+}
+
+void OffscreenSurface::RemoveUser()
+{
+    Parts* pSpare = InterlockedDecrement(&s_nUsers) == 0 ? TakeSpare() : nullptr;
+    if (pSpare) {
+        Release(*pSpare);
+        Free(pSpare);
+    }
+}
+
+} // namespace gesso

@@ -1,0 +1,52 @@
+// What a paint draws into before anything shows: a context with a bitmap, black at first. Making both takes
+// longer than drawing a small control, so that one of them is kept for the next paint as long as there are
+// controls.
+#pragma once
+
+#include <gesso/api.h>
+
+namespace gesso {
+
+class OffscreenSurface
+{
+public:
+    // As deep as the context's own surface; the size is in pixels. Where there is no bitmap to be had, what
+    // is drawn goes nowhere.
+    OffscreenSurface(HDC hdcLike, SIZE size);
+    ~OffscreenSurface();
+    OffscreenSurface(const OffscreenSurface&) = delete;
+    OffscreenSurface& operator=(const OffscreenSurface&) = delete;
+
+    HDC Context() const { return m_parts.hdc; }
+    // The bitmap, which may be larger than was asked for, for the caller to delete after this object's end.
+    HBITMAP KeepBitmap();
+
+    // A control has come to life, or gone. With the last one goes what was kept.
+    static void AddUser();
+    static void RemoveUser();
+
+private:
+    struct Parts
+    {
+        HDC hdc;
+        HBITMAP hBitmap;
+        HGDIOBJ hFormer; // the bitmap that the context was made with
+        SIZE size;
+        int nBits; // a pixel
+    };
+
+    static Parts Make(HDC hdcLike, SIZE size);
+    static void Release(const Parts& parts);
+    static Parts* TakeSpare();
+    static void KeepSpare(const Parts& parts);
+    static bool Fits(const Parts& parts, HDC hdcLike, SIZE size);
+
+    Parts m_parts;
+    int m_nSaved;
+    bool m_fKept = false;
+
+    static Parts* s_pSpare;
+    static LONG s_nUsers;
+};
+
+} // namespace gesso
