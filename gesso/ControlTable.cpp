@@ -7,6 +7,7 @@
 #include <gesso/controls/GRadioButton.h>
 #include <gesso/controls/GSeparator.h>
 #include <gesso/edit/GComboBox.h>
+#include <gesso/edit/GEdit.h>
 #include <gesso/framework/ControlTable.h>
 #include <gesso/list/GList.h>
 
@@ -18,12 +19,17 @@ template <class CONTROL> GWnd* Make()
     return new CONTROL;
 }
 
-// Still to come at their places in the order: GEdit behind GCommandButton, and GTree at the end.
+// Still to come: GTree at the end.
 constexpr RegisterClassFunction STARTUP_CLASSES[] = {
-    &GButton::IsolationAwareRegisterClassW,      &GCheckBox::IsolationAwareRegisterClassW,
-    &GComboBox::IsolationAwareRegisterClassW,    &GCommandButton::IsolationAwareRegisterClassW,
-    &GLabel::IsolationAwareRegisterClassW,       &GList::IsolationAwareRegisterClassW,
-    &GProgressBar::IsolationAwareRegisterClassW, &GNavigationButton::IsolationAwareRegisterClassW,
+    &GButton::IsolationAwareRegisterClassW,
+    &GCheckBox::IsolationAwareRegisterClassW,
+    &GComboBox::IsolationAwareRegisterClassW,
+    &GCommandButton::IsolationAwareRegisterClassW,
+    &GEdit::IsolationAwareRegisterClassW,
+    &GLabel::IsolationAwareRegisterClassW,
+    &GList::IsolationAwareRegisterClassW,
+    &GProgressBar::IsolationAwareRegisterClassW,
+    &GNavigationButton::IsolationAwareRegisterClassW,
     &GRadioButton::IsolationAwareRegisterClassW,
 };
 

@@ -17,6 +17,7 @@
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/dialogs/GWndCertFailure.h>
 #include <gesso/edit/GComboBox.h>
+#include <gesso/edit/GEdit.h>
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>

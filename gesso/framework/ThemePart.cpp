@@ -8,6 +8,9 @@ namespace {
 // mark. A fifth, defaulted, exists for the push button and the command link alone.
 constexpr int STATES_PER_CHECK = 4;
 
+// Of an edit field's background.
+constexpr int EDIT_DISABLED = 3;
+
 bool HasCheck(PlainPart plain)
 {
     return plain == PlainPart::CheckBox || plain == PlainPart::RadioButton;
@@ -91,6 +94,12 @@ SIZE ThemePart::Size(const RECT* prc) const
     return size;
 }
 
+int ThemePart::BorderSize() const
+{
+    int nSize = 1;
+    return SUCCEEDED(GetThemeInt(m_hTheme, m_nPart, m_nState, TMT_BORDERSIZE, &nSize)) ? nSize : 1;
+}
+
 int ThemePart::AverageCharWidth() const
 {
     TEXTMETRICW metric{};
@@ -167,6 +176,10 @@ void ThemePart::DrawPlainBackground(RECT rc) const
         DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH | (IsPressedHeader(m_nState) ? DFCS_PUSHED : 0));
         break;
     case PlainPart::SortArrow: DrawPlainSortArrow(rc); break;
+    case PlainPart::EditBackground:
+        FillRect(m_hdc, &rc, GetSysColorBrush(m_nState == EDIT_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
+        break;
+    case PlainPart::EditBorder: DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT); break;
     case PlainPart::ScrollGripper:
     case PlainPart::DialogText: break;
     }

@@ -32,6 +32,8 @@ enum class PlainPart
     DialogPanel,
     DialogFooter,
     DialogText,
+    EditBackground,
+    EditBorder,
 };
 
 class ThemePart
@@ -46,6 +48,8 @@ public:
     RECT ContentOf(const RECT& rc) const;
     // The part's true size; that of the system's check mark where the style has none.
     SIZE Size(const RECT* prc) const;
+    // The width of the part's border, in pixels; 1 where the style has none.
+    int BorderSize() const;
     // In pixels, of the part's font; of the context's font where the style has none.
     int AverageCharWidth() const;
     // The rectangle that the text takes, from the top left of rcBounds. uFormat as for DrawTextW.

@@ -1,0 +1,238 @@
+// GEdit: a text box of one line or many, drawn through the visual style's "EDIT" class.
+//
+// A host makes a GEdit and calls Create with WS_CHILD | WS_VISIBLE | WS_TABSTOP, the platform's ES_ bits and
+// WS_BORDER; or names the class "GEdit" in a dialog template, with the text in the control's creation data.
+// Of the ES_ bits ES_MULTILINE, ES_PASSWORD, ES_AUTOVSCROLL, ES_AUTOHSCROLL and ES_WANTRETURN count; there is
+// no ES_READONLY, ES_NUMBER, text limit or undo.
+//
+// The text is one string; a line end in it is CR LF. Lines wrap at the width of the client area, whatever the
+// style, as soon as the text is set or edited; with WS_POPUP they stay as they are. An edit field that is not
+// to wrap needs neither style nor room: with neither ES_MULTILINE nor ES_AUTOHSCROLL a typed character that
+// would not fit is refused. Positions are a line and a character in it, or an offset in the text, in
+// characters of 16 bits.
+//
+// Sends to its parent: WM_COMMAND with the id and EN_CHANGE for each edit by the keyboard, a refused one too;
+// WM_NOTIFY with NM_SETFOCUS and NM_KILLFOCUS; WM_NEXTDLGCTL for a Tab that reaches it. Answers WM_GETTEXT,
+// WM_SETTEXT, WM_GETTEXTLENGTH, WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, WM_PRINTCLIENT and EM_SETSEL.
+#pragma once
+
+#include <gesso/containers/OArray.h>
+#include <gesso/containers/OStringEx.h>
+#include <gesso/framework/GWndScroll.h>
+
+#include <compare>
+
+class GESSO_API GEdit : public GWndScroll
+{
+public:
+    // A point in client coordinates and the line and character that are there.
+    struct HitTestInfo
+    {
+        POINTS pt;
+        UINT nLine;
+        UINT nChar;
+    };
+
+    GEdit();
+
+    // Makes the window; position and size in pixels in the parent's client area. The text is copied and shown
+    // as one line until it is set or edited; a null one counts as empty. Note the order of the styles.
+    // Returns the window, or null where it could not be made.
+    virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText,
+                        DWORD dwStyle, DWORD dwExStyle);
+    // The font stays the host's, and must live as long as the control uses it. Neither repaints nor wraps
+    // anew. Null: the font that the drawing context happens to have.
+    virtual void SetFont(HFONT hFont);
+    virtual HFONT GetFont() const;
+    // Replaces the text (null counts as empty), with the caret at its end. CR, LF and CR LF each are one line
+    // end, and are stored as CR LF. Wraps and repaints; sends nothing. Returns 1.
+    virtual int SetText(LPCWSTR pszText);
+    // In characters, without the terminator; a line end counts as two.
+    virtual int GetTextLength() const;
+    // *pnLength is the buffer's capacity in characters. With room for the text and its terminator, copies it,
+    // sets *pnLength to the length and returns 1; otherwise writes no text, sets *pnLength to the capacity
+    // needed and returns 0.
+    virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
+    // Selects from nStart to nEnd, where the caret goes; a negative number is the end. Repaints. Both are
+    // offsets in a text of one line. With several lines, one that is at or beyond the length of the first
+    // line is that line's end, and any smaller one ends up at the start of the last line: hosts rely on it.
+    virtual void SetSel(int nStart, int nEnd);
+
+    // DestroyWindow. Returns 0 without a window.
+    int Destroy();
+    // Takes the text from a dialog template's creation data; null gives the empty text.
+    void Init(void* pCreateData);
+    // Draws the client area at the origin of a context.
+    void Draw(HDC hdc);
+
+    static ATOM IsolationAwareRegisterClassW();
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    static ATOM s_aClass;
+    static HCURSOR s_hIbeam;
+
+protected:
+    // --- The text and its lines. nOffset is where line nLine begins in the text.
+
+    // Characters of the line, with its line end if it has one.
+    UINT LengthOfLine(UINT nLine, UINT nOffset) const;
+    UINT OffsetOfLine(UINT nLine) const;
+    // The selected stretch of a line; both 0 for a line outside of the selection.
+    void CalcHighliteOfLine(int& nFrom, int& nTo, UINT nLine) const;
+    void DeleteSelection();
+    // Puts a line end at the caret, whose line begins at nOffset; the caret goes behind it. nLine is not
+    // read.
+    void InsertBreak(UINT nLine, UINT nOffset);
+    // Joins the caret's line with the one before, where the caret goes, and takes the two characters in front
+    // of nOffset out of the text. nLine is not read.
+    void DeleteBreak(UINT nLine, UINT nOffset);
+    // Whether the line is narrower than the client area, and all lines together are lower.
+    int DoesFitLine(UINT nLine) const;
+    int DoesFitHeight() const;
+    // By how many characters the line is to shrink, to the end of the word before, or to grow, by the next
+    // word with its space. A word that is a line of its own shrinks by one character.
+    int LeftWordBreak(UINT nLine, UINT nOffset) const;
+    int RightWordBreak(UINT nLine, UINT nOffset) const;
+    // Makes the line as long as fits, at the cost or to the gain of the following one. Returns 0 if it was
+    // exactly as wide as the client area, and 1 if it had room or was changed.
+    int RecalculateLine(UINT nLine);
+
+    // --- Messages
+
+    LRESULT OnNcCreate(const CREATESTRUCTW* pcs);
+    LRESULT OnCreate(const CREATESTRUCTW* pcs);
+    LRESULT OnNcDestroy();
+    LRESULT OnSetFocus(HWND hwndFormer);
+    LRESULT OnKillFocus(HWND hwndNew);
+    LRESULT OnEnable(BOOL fEnable);
+    LRESULT OnSetText(LPCWSTR pszText);
+    LRESULT OnGetText(UINT nCapacity, LPWSTR pszBuffer) const;
+    LRESULT OnGetTextLength() const;
+    LRESULT OnSetFont(HFONT hFont, UINT uRedraw);
+    LRESULT OnGetFont() const;
+    LRESULT OnStyleChanged();
+    LRESULT OnThemeChanged();
+    LRESULT OnSetCursor() const;
+    LRESULT OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams);
+    LRESULT OnNcHitTest(POINTS ptScreen) const;
+    LRESULT OnNcPaint(WPARAM wRegion);
+    LRESULT OnPrintClient(HDC hdc, LPARAM lParam);
+    LRESULT OnGetDlgCode(const MSG* pMsg) const;
+    LRESULT OnSetSel(int nStart, int nEnd);
+    LRESULT OnKeyDown(UINT uKey, UINT nRepeat, UINT uFlags);
+    LRESULT OnChar(UINT uChar, UINT nRepeat, UINT uFlags);
+    LRESULT OnLButtonDown(WPARAM wKeys, POINTS pt);
+    LRESULT OnLButtonDblClk(WPARAM wKeys, POINTS pt);
+    LRESULT OnLButtonUp(WPARAM wKeys, POINTS pt);
+    LRESULT OnMouseMove(WPARAM wKeys, POINTS pt);
+    LRESULT OnMouseLeave();
+    LRESULT OnCaptureChanged(HWND hwndNew);
+
+    // Draws the frame and the scroll bars over rc, in window coordinates.
+    void NcDraw(HDC hdc, RECT rc);
+    // Writes the line and the character in front of the one at pInfo->pt.
+    void HitTest(HitTestInfo* pInfo) const;
+    // Moves the platform's caret to the own one, scrolling sideways to it.
+    void UpdateCursorPos();
+
+    gesso::ThemeHandle m_hTheme;
+    HFONT m_hFont = nullptr;
+    int m_nMargin = 0;
+    OStringEx<wchar_t> m_strText;
+    // The length of each line without its line end; one that no line end follows is wrapped, or the last.
+    OArray<UINT, UINT const&> m_aLines;
+    HitTestInfo m_hitDown{};
+    HitTestInfo m_hitMove{};
+    UINT m_nCaretLine = 0;
+    UINT m_nCaretChar = 0;
+    UINT m_nAnchorLine = 0;
+    UINT m_nAnchorChar = 0;
+
+private:
+    friend class gesso::Frame;
+    class LineFitter;
+
+    static constexpr UINT FIRST_CAPACITY = 32; // of the text, in characters
+
+    struct Place
+    {
+        UINT nLine, nChar;
+        auto operator<=>(const Place&) const = default;
+    };
+
+    // Text
+    wchar_t CharAt(UINT nOffset) const;
+    bool IsLineEnd(UINT nOffset) const;
+    UINT LengthWithin(UINT nLine, UINT nOffset) const;
+    LPCWSTR TextAt(UINT nOffset) const;
+    Place Limited(UINT nLine, UINT nChar) const;
+    Place Caret() const;
+    Place Anchor() const;
+    Place End() const;
+    UINT OffsetOf(const Place& place) const;
+    UINT LineHolding(UINT nOffset) const;
+    Place PlaceOfSel(int n) const;
+    void PutCaret(const Place& place);
+    void PutCaretAt(UINT nOffset);
+    void PutAnchor(const Place& place);
+    bool HasSelection() const;
+    void BeOneLine();
+    void Reserve(UINT nMore);
+    void InsertText(LPCWSTR pszText);
+    UINT InsertChar(wchar_t ch);
+    void RemoveChar(UINT nLine, UINT nOffset);
+    void DropEmptied(UINT nLine, UINT nOffset);
+    void JoinWithLineBefore();
+
+    // Wrapping
+    bool IsMasked() const;
+    bool KeepsLines() const;
+    void RepairLines();
+    void WrapAll();
+    void FitFrom(LineFitter& fitter, UINT nFirst, bool fAll);
+    bool IsBehindEmpty(UINT nLine) const;
+    int FitInTurn(LineFitter& fitter, UINT nLine, UINT nOffset, bool fBehindEmpty);
+    int FitLine(LineFitter& fitter, UINT nLine, UINT nOffset);
+    UINT Shortened(LineFitter& fitter, UINT nOffset, UINT nLength) const;
+    UINT Lengthened(LineFitter& fitter, UINT nOffset, UINT nLength) const;
+    UINT ShorterByWord(UINT nOffset, UINT nLength) const;
+    UINT LongerByWord(UINT nOffset, UINT nLength) const;
+    void HandOn(UINT nLine, UINT nOldEnd, UINT nNewEnd);
+    void TakeOver(UINT nLine, UINT nOldEnd, UINT nNewEnd);
+    void Touch(UINT nLine);
+
+    // View
+    bool HasBorder() const;
+    int FrameState() const;
+    void DrawLines(HDC hdc, const RECT& rcClient) const;
+    int PosThatShows(int x, const RECT& rcText) const;
+
+    // Input
+    void Moved();
+    LRESULT Edited();
+    void SendChange() const;
+    void ClickAt(POINTS pt, HitTestInfo* pInfo);
+    bool MoveCaret(UINT uKey);
+    bool MoveLeft();
+    bool MoveRight();
+    bool MoveUp();
+    bool MoveDown();
+    void MoveToRow(POINTS pt);
+    void SelectAll();
+    bool Copy() const;
+    LRESULT OnControlKey(UINT uKey);
+    LRESULT OnCut();
+    LRESULT OnPaste();
+    LRESULT OnDelete();
+    LRESULT OnBackspace();
+    LRESULT OnEnter();
+    LRESULT OnTyped(wchar_t ch);
+    bool HasRoomForTyped(DWORD dwStyle);
+    void TakeBack(UINT nOffset);
+    POINTS ToScreen(POINTS pt) const;
+
+    bool m_fCaret = false;   // the platform's caret is this window's
+    wchar_t m_chRefused = 0; // the first half of a character for which there was no room
+    // So many lines, counted from the end, are known to be as long as fits into this width.
+    UINT m_nSettled = 0;
+    int m_cxSettled = 0;
+};

@@ -1,0 +1,212 @@
+// What a GEdit paints, and where points and the caret are in it.
+
+#include <gesso/edit/FieldText.h>
+#include <gesso/edit/GEdit.h>
+#include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/NonClientPaint.h>
+#include <gesso/framework/ThemePart.h>
+
+#include <algorithm>
+
+using gesso::Frame;
+using gesso::PlainPart;
+using gesso::ThemePart;
+using gesso::WindowMeasure;
+
+namespace {
+
+constexpr COLORREF TEXT_COLOR = RGB(0, 0, 0);
+constexpr COLORREF DISABLED_TEXT_COLOR = RGB(0x6D, 0x6D, 0x6D);
+constexpr int BACKGROUND_NORMAL = 1;
+constexpr int BACKGROUND_DISABLED = 3;
+constexpr int SCROLL_STEP = 10; // average characters
+
+RECT ClientRect(HWND hwnd)
+{
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    return rc;
+}
+
+// The number of steps that cover a distance.
+int StepsOver(int nDistance, int nStep)
+{
+    return (nDistance + nStep - 1) / nStep;
+}
+
+} // namespace
+
+bool GEdit::HasBorder() const
+{
+    return (Frame::Style(*this) & WS_BORDER) || (GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
+}
+
+// --- Painting
+// -----------------------------------------------------------------------------------------------------
+
+void GEdit::Draw(HDC hdc)
+{
+    const bool fDisabled = Frame::Style(*this) & WS_DISABLED;
+    RECT rcClient{};
+    if (!Frame::DrawParentBackground(*this, hdc, &rcClient)) {
+        return;
+    }
+    const gesso::TransparentScope mode(hdc);
+    ThemePart(m_hTheme, hdc, EP_BACKGROUND, fDisabled ? BACKGROUND_DISABLED : BACKGROUND_NORMAL,
+              PlainPart::EditBackground)
+        .DrawBackground(rcClient);
+    POINT ptFormer{};
+    OffsetViewportOrgEx(hdc, -GetScrollPos(SB_HORZ), 0, &ptFormer);
+    {
+        const gesso::SelectScope font(hdc, m_hFont);
+        const gesso::TextColorScope color(hdc, fDisabled ? DISABLED_TEXT_COLOR : TEXT_COLOR);
+        DrawLines(hdc, rcClient);
+    }
+    SetViewportOrgEx(hdc, ptFormer.x, ptFormer.y, nullptr);
+}
+
+// Lines below the client area are left out. ES_CENTER and ES_RIGHT move no text: hosts know the field so.
+void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
+{
+    const gesso::TextMeasure measure(hdc, IsMasked());
+    const int nHeight = measure.LineHeight();
+    const int nInset = m_nMargin + 1;
+    RECT rcLine{nInset, nInset, rcClient.right - nInset + GetScrollPos(SB_HORZ), nInset + nHeight};
+    UINT nOffset = 0;
+    for (UINT i = 0; i < m_aLines.GetLength() && nHeight > 0 && rcLine.top < rcClient.bottom; ++i) {
+        int nFrom = 0;
+        int nTo = 0;
+        CalcHighliteOfLine(nFrom, nTo, i);
+        const UINT nLength = LengthWithin(i, nOffset);
+        gesso::DrawField(hdc, rcLine, measure.Shown(TextAt(nOffset), nLength), nLength,
+                         std::min(static_cast<UINT>(nFrom), nLength),
+                         std::min(static_cast<UINT>(nTo), nLength));
+        nOffset += LengthOfLine(i, nOffset);
+        OffsetRect(&rcLine, 0, nHeight);
+    }
+}
+
+int GEdit::FrameState() const
+{
+    if (Frame::Style(*this) & WS_DISABLED) {
+        return EPSN_DISABLED;
+    }
+    return GetFocus() == m_hWnd ? EPSN_FOCUSED : EPSN_NORMAL;
+}
+
+// Both parts take the border's states.
+void GEdit::NcDraw(HDC hdc, RECT rc)
+{
+    const int nState = FrameState();
+    ThemePart(m_hTheme, hdc, EP_BACKGROUNDWITHBORDER, nState, PlainPart::EditBackground).DrawBackground(rc);
+    ThemePart(m_hTheme, hdc, EP_EDITBORDER_NOSCROLL, nState, PlainPart::EditBorder).DrawBackground(rc);
+    DrawScrollBar(hdc, Frame::Style(*this));
+}
+
+LRESULT GEdit::OnNcPaint(WPARAM wRegion)
+{
+    const gesso::NonClientPaint paint(m_hWnd, wRegion);
+    NcDraw(paint.Context(), paint.WindowRect());
+    return 0;
+}
+
+LRESULT GEdit::OnPrintClient(HDC hdc, LPARAM lParam)
+{
+    if (lParam & PRF_NONCLIENT) {
+        const gesso::NonClientPrint print(m_hWnd, hdc);
+        NcDraw(print.Context(), print.WindowRect());
+    }
+    return Frame::OnPrintClient(*this, hdc, lParam);
+}
+
+LRESULT GEdit::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
+{
+    const RECT rcWindow = pParams->rgrc[0];
+    RECT& rcClient = pParams->rgrc[0];
+    if (HasBorder()) {
+        const ThemePart border(m_hTheme, nullptr, EP_EDITBORDER_NOSCROLL, EPSN_NORMAL, PlainPart::EditBorder);
+        const int nWidth = border.BorderSize() + 1;
+        InflateRect(&rcClient, -nWidth, -nWidth);
+    }
+    NcCalcSizeScroll(&rcWindow, &rcClient);
+    return 0;
+}
+
+LRESULT GEdit::OnNcHitTest(POINTS ptScreen) const
+{
+    POINT pt{ptScreen.x, ptScreen.y};
+    ScreenToClient(m_hWnd, &pt);
+    const RECT rc = ClientRect(m_hWnd);
+    const bool fInside = pt.x >= 0 && pt.y >= 0 && pt.x <= rc.right && pt.y <= rc.bottom;
+    return fInside ? HTCLIENT : HTBORDER;
+}
+
+// --- Points and the caret
+// -----------------------------------------------------------------------------------------
+
+// A point belongs to the character that it touches, whichever half of it that is. Passwords are hit by their
+// true characters.
+void GEdit::HitTest(HitTestInfo* pInfo) const
+{
+    const WindowMeasure measure(m_hWnd, m_hFont, false);
+    const int x = pInfo->pt.x + 2 + GetScrollPos(SB_HORZ);
+    const int y = GetScrollPos(SB_VERT) + pInfo->pt.y - 1;
+    const int nHeight = measure->LineHeight();
+    pInfo->nLine =
+        y > 0 && nHeight > 0 ? std::min(static_cast<UINT>(y / nHeight), m_aLines.GetLength() - 1) : 0;
+    const UINT nOffset = OffsetOfLine(pInfo->nLine);
+    UINT nBefore = 0; // so many characters end before x
+    UINT nEnd = LengthWithin(pInfo->nLine, nOffset);
+    while (nBefore < nEnd) {
+        const UINT nMiddle = nBefore + (nEnd - nBefore) / 2;
+        if (measure->Extent(TextAt(nOffset), nMiddle + 1).cx >= x) {
+            nEnd = nMiddle;
+        } else {
+            nBefore = nMiddle + 1;
+        }
+    }
+    pInfo->nChar = nBefore;
+}
+
+// The horizontal scroll position, in steps from the present one, at which the caret's x is to be seen.
+int GEdit::PosThatShows(int x, const RECT& rcText) const
+{
+    int nPos = GetScrollPos(SB_HORZ);
+    const int nLeftOut = rcText.left + nPos - x;
+    if (nLeftOut <= 0 && x - nPos <= rcText.right) {
+        return nPos;
+    }
+    // The step is ten characters of the context's own font.
+    const WindowMeasure measure(m_hWnd, nullptr, false);
+    const int nStep = std::max(1, SCROLL_STEP * static_cast<int>(measure.FontMetric().tmAveCharWidth));
+    if (nLeftOut > 0) {
+        nPos = std::max(0, nPos - StepsOver(nLeftOut, nStep) * nStep);
+    }
+    const int nRightOut = x - nPos - rcText.right;
+    return nRightOut > 0 ? nPos + StepsOver(nRightOut, nStep) * nStep : nPos;
+}
+
+void GEdit::UpdateCursorPos()
+{
+    if (!m_hWnd) {
+        return;
+    }
+    const Place caret = Caret();
+    const UINT nOffset = OffsetOfLine(caret.nLine);
+    const UINT nBefore = std::min(caret.nChar, LengthWithin(caret.nLine, nOffset));
+    const SIZE extent = WindowMeasure(m_hWnd, m_hFont, IsMasked())->Extent(TextAt(nOffset), nBefore);
+    RECT rcText = ClientRect(m_hWnd);
+    const int nInset = m_nMargin + 1;
+    InflateRect(&rcText, -nInset, -nInset);
+    const int x = extent.cx + nInset;
+    const int nPos = PosThatShows(x, rcText);
+    if (nPos != GetScrollPos(SB_HORZ)) {
+        Invalidate(0);
+    }
+    SetScrollPos(SB_HORZ, nPos, FALSE);
+    // Another window's caret stays where it is.
+    if (m_fCaret) {
+        SetCaretPos(x - nPos, extent.cy * static_cast<int>(caret.nLine) + rcText.top);
+    }
+}

@@ -1,0 +1,85 @@
+#include <gesso/edit/FieldText.h>
+#include <gesso/edit/TextMeasure.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+constexpr UINT MEASURE_TEXT = DT_CALCRECT | DT_NOPREFIX;
+
+// More characters than a line on the screen has, so that a longer one is not measured whole.
+constexpr UINT CHUNK = 512;
+
+} // namespace
+
+LPCWSTR TextMeasure::Shown(LPCWSTR psz, UINT nCount) const
+{
+    if (!m_fMasked) {
+        return psz;
+    }
+    if (m_marks.size() < nCount) {
+        m_marks.resize(nCount, PASSWORD_MARK);
+    }
+    return m_marks.data();
+}
+
+int TextMeasure::Width(LPCWSTR psz, UINT nCount) const
+{
+    return nCount > 0 ? MeasureField(m_hdc, Shown(psz, nCount), nCount).cx : 0;
+}
+
+SIZE TextMeasure::Extent(LPCWSTR psz, UINT nCount) const
+{
+    return nCount > 0 ? MeasureField(m_hdc, Shown(psz, nCount), nCount, MEASURE_TEXT)
+                      : SIZE{0, GlyphHeight()};
+}
+
+int TextMeasure::LineHeight() const
+{
+    return MeasureField(m_hdc, L"a", 1).cy;
+}
+
+int TextMeasure::GlyphHeight() const
+{
+    return MeasureField(m_hdc, L"a", 1, MEASURE_TEXT).cy;
+}
+
+// Whether the start of a long line alone is too wide already.
+bool TextMeasure::Overflows(LPCWSTR psz, UINT nCount, int nLimit) const
+{
+    for (UINT nChunk = CHUNK; nChunk < nCount; nChunk *= 2) {
+        if (Width(psz, nChunk) > nLimit) {
+            return true;
+        }
+    }
+    return false;
+}
+
+int TextMeasure::CompareWidth(LPCWSTR psz, UINT nCount, int nLimit) const
+{
+    return Overflows(psz, nCount, nLimit) ? 1 : Width(psz, nCount) - nLimit;
+}
+
+UINT TextMeasure::CountFitting(LPCWSTR psz, UINT nCount, int nLimit) const
+{
+    for (UINT nChunk = CHUNK;; nChunk *= 2) {
+        const UINT nTried = std::min(nChunk, nCount);
+        int nFitting = 0;
+        SIZE size{};
+        GetTextExtentExPointW(m_hdc, Shown(psz, nTried), static_cast<int>(nTried), nLimit, &nFitting, nullptr,
+                              &size);
+        if (static_cast<UINT>(nFitting) < nTried || nTried == nCount) {
+            return static_cast<UINT>(nFitting);
+        }
+    }
+}
+
+TEXTMETRICW WindowMeasure::FontMetric() const
+{
+    TEXTMETRICW metric{};
+    GetTextMetricsW(m_hdc, &metric);
+    return metric;
+}
+
+} // namespace gesso

@@ -1,0 +1,87 @@
+// Edit fields of so many columns and rows of an even-spaced font, driven by messages, on both platforms.
+#pragma once
+
+#include "../support/Host.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace test {
+
+// Opens the members that a test looks at.
+class ProbeEdit : public GEdit
+{
+public:
+    using GEdit::CalcHighliteOfLine;
+    using GEdit::DeleteBreak;
+    using GEdit::DoesFitHeight;
+    using GEdit::DoesFitLine;
+    using GEdit::InsertBreak;
+    using GEdit::LeftWordBreak;
+    using GEdit::LengthOfLine;
+    using GEdit::OffsetOfLine;
+    using GEdit::RecalculateLine;
+    using GEdit::RightWordBreak;
+    using GEdit::UpdateCursorPos;
+
+    // The text with a bar behind each line and a slash for each line end: "aaaa |bb/|c|".
+    std::string Lines() const;
+    // "1,3", or "0,2-1,3" with a selection, whose anchor comes first.
+    std::string Caret() const;
+    void PutCaret(UINT nLine, UINT nChar);
+    void Select(UINT nAnchorLine, UINT nAnchorChar, UINT nCaretLine, UINT nCaretChar);
+    std::vector<UINT> Lengths() const { return {m_aLines.begin(), m_aLines.end()}; }
+    const OStringEx<wchar_t>& Text() const { return m_strText; }
+    DWORD State() const { return m_dwState; }
+    // What is wrong with the table and the places; empty if nothing is.
+    std::string Fault() const;
+    std::string HitAt(int x, int y) const;
+};
+
+// Holds VK_SHIFT or VK_CONTROL, as messages that are sent see it.
+class HeldKeys
+{
+public:
+    explicit HeldKeys(std::initializer_list<int> keys);
+    ~HeldKeys();
+    HeldKeys(const HeldKeys&) = delete;
+    HeldKeys& operator=(const HeldKeys&) = delete;
+
+private:
+    BYTE m_former[256];
+};
+
+class EditFixture : public testing::Test
+{
+protected:
+    static constexpr int ID = 7;
+    static constexpr DWORD MULTILINE = ES_MULTILINE | ES_AUTOVSCROLL;
+
+    EditFixture();
+    ~EditFixture() override;
+
+    // A field with room for so many columns and a little more, so that none is exactly as wide, and rows.
+    HWND Make(int nColumns, int nRows = 10, DWORD dwStyle = MULTILINE);
+    // The width of the client area: so many columns and pixels.
+    void Resize(int nColumns, int nPixels = 1, int nRows = 10);
+    LRESULT Key(UINT uKey, std::initializer_list<int> held = {});
+    LRESULT Char(wchar_t ch);
+    void Type(LPCWSTR psz);
+    void Mouse(UINT uMsg, int nColumn, int nRow, WPARAM wKeys = 0);
+    int Column() const { return m_cxChar; }
+    int Row() const { return m_cyLine; }
+
+    Host host;
+    ProbeEdit edit;
+
+private:
+    HFONT m_hFont;
+    int m_cxChar = 0;
+    int m_cyLine = 0;
+};
+
+void SetClipboard(LPCWSTR psz);
+std::string Clipboard();
+
+} // namespace test

@@ -1,0 +1,423 @@
+// Keys, characters, the mouse and the clipboard, and what the parent is told.
+
+#include "EditFixture.h"
+
+#include "../support/Interception.h"
+
+namespace {
+
+using test::Reports;
+
+const Reports CHANGED = {"click 7 code 768"}; // EN_CHANGE
+
+class GEditInputTest : public test::EditFixture
+{
+protected:
+    void Set(LPCWSTR pszText, UINT nLine, UINT nChar)
+    {
+        edit.SetText(pszText);
+        edit.PutCaret(nLine, nChar);
+        host.TakeReports();
+    }
+    // The lines and the caret.
+    std::string Now()
+    {
+        EXPECT_EQ(edit.Fault(), "");
+        return edit.Lines() + " " + edit.Caret();
+    }
+};
+
+TEST_F(GEditInputTest, TypingInsertsReplacesAndTellsTheParent)
+{
+    Make(10);
+    Type(L"ab");
+    EXPECT_EQ(Now(), "ab| 0,2");
+    EXPECT_EQ(host.TakeReports(), (Reports{CHANGED[0], CHANGED[0]}));
+    edit.Select(0, 0, 0, 1);
+    Char(L'X');
+    EXPECT_EQ(Now(), "Xb| 0,1");
+    Char(VK_RETURN);
+    EXPECT_EQ(Now(), "X/|b| 1,0");
+    EXPECT_EQ(Char(L'\n'), 1) << "Ctrl+Enter";
+    EXPECT_EQ(Char(27), 1);
+    host.TakeReports();
+    const test::HeldKeys keys({VK_CONTROL});
+    EXPECT_EQ(Char(L'q'), 0);
+    EXPECT_EQ(Now(), "X/|b| 1,0");
+    EXPECT_EQ(host.TakeReports(), Reports{});
+}
+
+TEST_F(GEditInputTest, TypingInTheMiddleMovesWordsOnFromLineToLine)
+{
+    Make(10);
+    Set(L"one two three four five six seven", 0, 3);
+    ASSERT_EQ(edit.Lines(), "one two |three |four five |six seven|");
+    Type(L"xxx");
+    EXPECT_EQ(Now(), "onexxx |two three |four five |six seven| 0,6");
+    for (int i = 0; i < 3; ++i) {
+        Char(VK_BACK);
+    }
+    EXPECT_EQ(Now(), "one two |three |four five |six seven| 0,3") << "and back again";
+}
+
+TEST_F(GEditInputTest, ASpaceInALongWordLetsItsHeadMoveUp)
+{
+    Make(10);
+    Set(L"one twothree", 1, 3);
+    ASSERT_EQ(edit.Lines(), "one |twothree|");
+    Char(L' ');
+    EXPECT_EQ(Now(), "one two |three| 1,0");
+}
+
+TEST_F(GEditInputTest, CaretBehindAWrapStandsOnTheLowerLine)
+{
+    Make(10);
+    Type(L"one two thr");
+    EXPECT_EQ(Now(), "one two |thr| 1,3");
+    Key(VK_HOME);
+    EXPECT_EQ(Now(), "one two |thr| 1,0");
+    Char(VK_BACK);
+    EXPECT_EQ(Now(), "one twothr| 0,7") << "the wrapped line's last character goes";
+}
+
+TEST_F(GEditInputTest, ParagraphsDoNotRunIntoOneAnother)
+{
+    Make(10);
+    Set(L"aaaa bbbb cc\ndd ee\nff", 0, 5);
+    ASSERT_EQ(edit.Lines(), "aaaa bbbb |cc/|dd ee/|ff|");
+    for (int i = 0; i < 5; ++i) {
+        Key(VK_DELETE);
+    }
+    EXPECT_EQ(Now(), "aaaa cc/|dd ee/|ff| 0,5");
+    EXPECT_EQ(test::TextOf(edit), "aaaa cc\r\ndd ee\r\nff");
+}
+
+TEST_F(GEditInputTest, AWrappedLineThatLosesItsLastCharacterGoes)
+{
+    Make(10);
+    Set(L"aaaa bbbb c\nd", 1, 1);
+    ASSERT_EQ(edit.Lines(), "aaaa bbbb |c/|d|");
+    Char(VK_BACK);
+    EXPECT_EQ(Now(), "aaaa bbbb /|d| 0,10") << "the caret stays in its paragraph";
+    Type(L"x");
+    Key(VK_HOME);
+    Key(VK_DELETE);
+    EXPECT_EQ(Now(), "aaaa bbbb /|d| 0,10");
+    Type(L"ee");
+    edit.Select(1, 0, 1, 2);
+    Char(VK_BACK);
+    EXPECT_EQ(Now(), "aaaa bbbb /|d| 0,10");
+}
+
+TEST_F(GEditInputTest, BackspaceJoinsLinesAndRepairsEvenAtTheStart)
+{
+    Make(10);
+    Set(L"ab\ncd", 1, 0);
+    Char(VK_BACK);
+    EXPECT_EQ(Now(), "abcd| 0,2");
+    Key(VK_HOME);
+    host.TakeReports();
+    Char(VK_BACK);
+    EXPECT_EQ(Now(), "abcd| 0,0");
+    EXPECT_EQ(host.TakeReports(), CHANGED);
+    edit.Select(0, 3, 0, 1);
+    Char(VK_BACK);
+    EXPECT_EQ(Now(), "ad| 0,1");
+}
+
+TEST_F(GEditInputTest, DeleteTakesTheNextCharacterAndNothingAtTheEnd)
+{
+    Make(10);
+    Set(L"abc", 0, 1);
+    Key(VK_DELETE);
+    EXPECT_EQ(Now(), "ac| 0,1");
+    Key(VK_END);
+    host.TakeReports();
+    Key(VK_DELETE);
+    EXPECT_EQ(host.TakeReports(), Reports{});
+    Set(L"one two three", 0, 8);
+    ASSERT_EQ(edit.Lines(), "one two |three|");
+    Key(VK_DELETE);
+    EXPECT_EQ(Now(), "one two |hree| 1,0") << "at a wrap, the lower line's first character";
+    Set(L"ab\ncd\nef", 0, 1);
+    edit.Select(0, 1, 1, 1);
+    Key(VK_DELETE);
+    EXPECT_EQ(Now(), "ad/|ef| 0,1");
+}
+
+// Hosts know that the line end goes only where the line below is as long.
+TEST_F(GEditInputTest, DeleteAtALineEndTakesTwoCharactersByTheNextLinesLength)
+{
+    Make(20);
+    Set(L"ab\ncd\nef", 0, 2);
+    Key(VK_DELETE);
+    EXPECT_EQ(Now(), "abcd/|ef| 0,2");
+    Set(L"ab\ncdefg\nhi", 0, 2);
+    Key(VK_DELETE);
+    EXPECT_EQ(test::TextOf(edit), "ab\rdefg\r\nhi") << "what ends at 5 is half the line end and a c";
+    Set(L"\nx", 0, 0);
+    Key(VK_DELETE);
+    EXPECT_EQ(test::TextOf(edit), "\r\nx") << "an offset below 2 removes nothing";
+    edit.SetText(L"sound\nagain");
+    EXPECT_EQ(edit.Fault(), "");
+}
+
+TEST_F(GEditInputTest, ArrowsStepOverLineEndsAndThroughWraps)
+{
+    Make(10);
+    Set(L"one two three\nx", 0, 7);
+    ASSERT_EQ(edit.Lines(), "one two |three/|x|");
+    const auto keys = [&](UINT uKey, int n) {
+        while (n-- > 0) {
+            Key(uKey);
+        }
+        return edit.Caret();
+    };
+    EXPECT_EQ(keys(VK_RIGHT, 1), "0,8") << "the wrapped line's end is a place of its own";
+    EXPECT_EQ(keys(VK_RIGHT, 1), "1,1") << "and the same place as the start of the next";
+    EXPECT_EQ(keys(VK_LEFT, 2), "0,7");
+    EXPECT_EQ(keys(VK_RIGHT, 6), "1,5");
+    EXPECT_EQ(keys(VK_RIGHT, 1), "2,0");
+    EXPECT_EQ(keys(VK_LEFT, 1), "1,5");
+    EXPECT_EQ(keys(VK_RIGHT, 5), "2,1") << "nothing at the very end";
+    EXPECT_EQ(keys(VK_HOME, 1), "2,0");
+    EXPECT_EQ(keys(VK_UP, 1), "1,0");
+    EXPECT_EQ(keys(VK_END, 1), "1,5");
+    EXPECT_EQ(keys(VK_UP, 1), "0,5");
+    EXPECT_EQ(keys(VK_UP, 1), "0,5");
+    EXPECT_EQ(host.TakeReports(), Reports{});
+}
+
+TEST_F(GEditInputTest, ShiftKeepsTheOtherEnd)
+{
+    Make(10);
+    Set(L"abc\ndef", 0, 1);
+    Key(VK_RIGHT, {VK_SHIFT});
+    Key(VK_END, {VK_SHIFT});
+    EXPECT_EQ(edit.Caret(), "0,1-0,3");
+    Key(VK_RIGHT);
+    EXPECT_EQ(edit.Caret(), "1,0");
+    Set(L"abc", 0, 0);
+    Key(VK_LEFT, {VK_SHIFT});
+    EXPECT_EQ(edit.Caret(), "0,0");
+    edit.Select(0, 2, 0, 0);
+    Key(VK_LEFT);
+    EXPECT_EQ(edit.Caret(), "0,2-0,0") << "a key that moves nothing leaves the selection";
+}
+
+TEST_F(GEditInputTest, FieldWithoutScrollingRefusesWhatDoesNotFit)
+{
+    Make(3, 1, 0);
+    Type(L"abc");
+    EXPECT_EQ(Now(), "abc| 0,3");
+    host.TakeReports();
+    Char(L'd');
+    EXPECT_EQ(Now(), "abc| 0,3");
+    EXPECT_EQ(host.TakeReports(), CHANGED) << "a refused character is told as well";
+    Char(VK_RETURN);
+    EXPECT_EQ(Now(), "abc| 0,3") << "no room for a second line";
+    edit.Select(0, 0, 0, 3);
+    Char(L'x');
+    EXPECT_EQ(Now(), "x| 0,1");
+}
+
+TEST_F(GEditInputTest, LinesBeyondTheHeightAreRefusedWithoutVerticalScrolling)
+{
+    for (const DWORD dwStyle : {DWORD{ES_MULTILINE}, DWORD{ES_AUTOHSCROLL}}) {
+        Make(5, 2, dwStyle);
+        Type(L"aa bb cc dd");
+        EXPECT_EQ(Now(), "aa |bb cc| 1,5");
+        edit.PutCaret(0, 1);
+        Char(L'x');
+        EXPECT_EQ(Now(), "axa |bb cc| 0,2") << "there is room in this line";
+        Char(L'y');
+        Char(L'y');
+        EXPECT_EQ(Now(), "axya |bb cc| 0,3");
+        Char(VK_RETURN);
+        EXPECT_EQ(Now(), "axya |bb cc| 0,3");
+        DestroyWindow(edit);
+    }
+    Make(5, 2, MULTILINE);
+    Type(L"aa bb cc dd");
+    EXPECT_EQ(Now(), "aa |bb |cc dd| 2,5");
+}
+
+TEST_F(GEditInputTest, CharactersOfTwoHalvesStayWhole)
+{
+    Make(4, 1, 0);
+    Type(L"ab\xD83D\xDE00");
+    EXPECT_EQ(test::TextOf(edit), "ab\xF0\x9F\x98\x80");
+    Type(L"\xD83D\xDE00");
+    EXPECT_EQ(test::TextOf(edit), "ab\xF0\x9F\x98\x80") << "neither half has room";
+    DestroyWindow(edit);
+    Make(3, 1, 0);
+    Type(L"ab\xD83D\xDE00");
+    EXPECT_EQ(test::TextOf(edit), "ab") << "only the first half has";
+    Make(10);
+    Type(L"e\x0301\xD83D\xDE00");
+    edit.Select(0, 0, 0, 4);
+    Key('C', {VK_CONTROL});
+    Key(VK_END);
+    Key('V', {VK_CONTROL});
+    EXPECT_EQ(test::TextOf(edit), "e\xCC\x81\xF0\x9F\x98\x80"
+                                  "e\xCC\x81\xF0\x9F\x98\x80");
+}
+
+TEST_F(GEditInputTest, ClipboardTakesAndGivesPlainText)
+{
+    Make(10);
+    Set(L"one\ntwo", 0, 0);
+    test::SetClipboard(L"before");
+    Key('C', {VK_CONTROL});
+    EXPECT_EQ(test::Clipboard(), "before") << "no selection, no copy";
+    Key('A', {VK_CONTROL});
+    EXPECT_EQ(edit.Caret(), "0,0-1,3");
+    EXPECT_EQ(host.TakeReports(), CHANGED) << "selecting all is told as a change";
+    Key('C', {VK_CONTROL});
+    EXPECT_EQ(test::Clipboard(), "one\r\ntwo");
+    EXPECT_EQ(host.TakeReports(), Reports{});
+    edit.Select(1, 1, 0, 2);
+    Key('X', {VK_CONTROL});
+    EXPECT_EQ(Now(), "onwo| 0,2");
+    EXPECT_EQ(test::Clipboard(), "e\r\nt");
+    EXPECT_EQ(host.TakeReports(), CHANGED);
+    test::SetClipboard(L"1\n2\r3");
+    edit.Select(0, 1, 0, 3);
+    Key('V', {VK_CONTROL});
+    EXPECT_EQ(Now(), "o1/|2/|3o| 2,1");
+    EXPECT_EQ(host.TakeReports(), CHANGED);
+    Key('Z', {VK_CONTROL});
+    EXPECT_EQ(host.TakeReports(), Reports{}) << "no other letter does anything";
+}
+
+TEST_F(GEditInputTest, PasteWrapsAndMindsNeitherHeightNorWidth)
+{
+    Make(5, 1, 0);
+    test::SetClipboard(L"aaa bbb\nccc ddd");
+    Key('V', {VK_CONTROL});
+    EXPECT_EQ(Now(), "aaa |bbb/|ccc |ddd| 3,3");
+    Key('A', {VK_CONTROL});
+    Key('V', {VK_CONTROL});
+    EXPECT_EQ(Now(), "aaa |bbb/|ccc |ddd| 3,3");
+    // Into the start of a wrapped line.
+    edit.PutCaret(1, 0);
+    test::SetClipboard(L"\n\nx");
+    Key('V', {VK_CONTROL});
+    EXPECT_EQ(test::TextOf(edit), "aaa \r\n\r\nxbbb\r\nccc ddd");
+    EXPECT_EQ(Now(), "aaa /|/|xbbb/|ccc |ddd| 2,1");
+}
+
+TEST_F(GEditInputTest, PasswordIsCopiedAsItIs)
+{
+    Make(10, 1, ES_PASSWORD);
+    Type(L"secret");
+    Key('A', {VK_CONTROL});
+    Key('C', {VK_CONTROL});
+    EXPECT_EQ(test::Clipboard(), "secret");
+}
+
+TEST_F(GEditInputTest, TheMouseSetsTheCaretAndDragsASelection)
+{
+    Make(10);
+    Set(L"abcdef\ngh", 0, 0);
+    Mouse(WM_LBUTTONDOWN, 2, 0);
+    EXPECT_EQ(edit.Caret(), "0,2") << "in front of the character that the point touches";
+    EXPECT_EQ(GetCapture(), edit.GetHwnd());
+    Mouse(WM_MOUSEMOVE, 9, 1);
+    EXPECT_EQ(edit.Caret(), "0,2-1,2") << "right of a line's end";
+    Mouse(WM_MOUSEMOVE, 4, 0);
+    Mouse(WM_LBUTTONUP, 4, 0);
+    EXPECT_EQ(edit.Caret(), "0,2-0,4");
+    EXPECT_FALSE(edit.State() & GWS_PRESSED);
+    Mouse(WM_MOUSEMOVE, 1, 0);
+    EXPECT_EQ(edit.Caret(), "0,2-0,4");
+    Mouse(WM_LBUTTONDOWN, 5, 0, MK_SHIFT);
+    EXPECT_EQ(edit.Caret(), "0,2-0,5");
+    SendMessageW(edit, WM_CAPTURECHANGED, 0, 0);
+    EXPECT_FALSE(edit.State() & GWS_PRESSED);
+    ReleaseCapture();
+    Mouse(WM_LBUTTONDBLCLK, 1, 0);
+    EXPECT_EQ(edit.Caret(), "0,0-1,2");
+    EXPECT_EQ(edit.HitAt(1, -40), "0,0") << "above the text";
+    EXPECT_EQ(edit.HitAt(1, 900), "1,0") << "below the last line";
+}
+
+TEST_F(GEditInputTest, DialogCodesAndTab)
+{
+    Make(10, 1, ES_WANTRETURN);
+    MSG msg{edit, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+    const auto code = [&] { return SendMessageW(edit, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&msg)); };
+    EXPECT_EQ(code(), 0x85);
+    msg.wParam = VK_ESCAPE;
+    EXPECT_EQ(code(), 0x81);
+    SetWindowLongW(edit, GWL_STYLE, WS_CHILD | WS_VISIBLE);
+    msg.wParam = VK_RETURN;
+    EXPECT_EQ(code(), 0x81);
+    EXPECT_EQ(SendMessageW(edit, WM_GETDLGCODE, 0, 0), 0x81);
+    test::Interception next(host, WM_NEXTDLGCTL, [] {});
+    EXPECT_EQ(Char(L'\t'), 0);
+    EXPECT_TRUE(next.Happened());
+    EXPECT_EQ(edit.GetTextLength(), 0);
+}
+
+TEST_F(GEditInputTest, MessagesThatDoNothingAreAnsweredWith0)
+{
+    Make(10);
+    for (const UINT uMsg : {UINT{WM_CONTEXTMENU}, UINT{WM_MOUSEWHEEL}, UINT{WM_KEYUP}, UINT{WM_DEADCHAR},
+                            UINT{WM_HSCROLL}, UINT{WM_COMMAND}, UINT{WM_NCACTIVATE}})
+    {
+        EXPECT_EQ(SendMessageW(edit, uMsg, 0, 0), 0) << uMsg;
+    }
+    EXPECT_EQ(SendMessageW(edit, WM_SETCURSOR, 0, 0), 1);
+    EXPECT_EQ(GetCursor(), GEdit::s_hIbeam);
+    EXPECT_EQ(SendMessageW(edit, WM_ERASEBKGND, 0, 0), 1);
+    EXPECT_EQ(reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0)), edit.GetFont());
+    RECT rc{};
+    GetWindowRect(edit, &rc);
+    EXPECT_EQ(SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(rc.right, rc.bottom)), HTCLIENT)
+        << "edges included";
+    EXPECT_EQ(SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(rc.right + 1, rc.bottom)), HTBORDER);
+}
+
+TEST_F(GEditInputTest, TheParentMayDestroyTheFieldInEveryReport)
+{
+    const auto destroyIn = [&](const std::string& report, const std::function<void()>& act) {
+        auto* pEdit = new test::ProbeEdit;
+        const HWND hwnd =
+            pEdit->Create(0, 0, 90, 90, host, ID, L"text", WS_CHILD | WS_VISIBLE | MULTILINE, 0);
+        if (report != "setfocus 7") {
+            SetFocus(hwnd);
+        }
+        bool fDone = false;
+        host.onReport = [&](const std::string& told) {
+            if (told == report && !std::exchange(fDone, true)) {
+                DestroyWindow(hwnd);
+                delete pEdit;
+            }
+        };
+        act();
+        host.onReport = nullptr;
+        EXPECT_TRUE(fDone) << report;
+        EXPECT_FALSE(IsWindow(hwnd));
+        return hwnd;
+    };
+    const auto send = [&](UINT uMsg, WPARAM wParam) {
+        return [=, this] { SendMessageW(GetDlgItem(host, ID), uMsg, wParam, 0); };
+    };
+    destroyIn(CHANGED[0], send(WM_CHAR, 'x'));
+    destroyIn(CHANGED[0], send(WM_CHAR, VK_BACK));
+    destroyIn(CHANGED[0], send(WM_CHAR, VK_RETURN));
+    destroyIn(CHANGED[0], send(WM_KEYDOWN, VK_DELETE));
+    test::SetClipboard(L"pasted");
+    for (const WPARAM wKey : {'A', 'V'}) {
+        destroyIn(CHANGED[0], [&] {
+            const test::HeldKeys keys({VK_CONTROL});
+            SendMessageW(GetDlgItem(host, ID), WM_KEYDOWN, wKey, 0);
+        });
+    }
+    destroyIn("killfocus 7", [&] { SetFocus(host); });
+    destroyIn("setfocus 7", send(WM_LBUTTONDOWN, 0));
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,245 @@
+// The text, the table of its lines, and how they wrap.
+
+#include "EditFixture.h"
+
+#include "../support/DialogTemplate.h"
+
+namespace {
+
+using test::Narrow;
+
+class GEditTextTest : public test::EditFixture
+{
+protected:
+    std::string LinesOf(LPCWSTR psz)
+    {
+        edit.SetText(psz);
+        EXPECT_EQ(edit.Fault(), "");
+        return edit.Lines();
+    }
+};
+
+TEST_F(GEditTextTest, TextOfCreationIsOneLineUntilItIsSet)
+{
+    EXPECT_EQ(edit.Lines(), "|") << "a new object has one empty line";
+    edit.Create(0, 0, 50, 50, host, ID, L"a\r\nb c", WS_CHILD, 0);
+    EXPECT_EQ(edit.Lengths(), std::vector<UINT>{6});
+    EXPECT_EQ(edit.Caret(), "0,0");
+    edit.SetText(L"a\r\nb");
+    EXPECT_EQ(edit.Lines(), "a/|b|");
+    edit.Destroy();
+    EXPECT_EQ(edit.GetTextLength(), 0) << "the text goes with the window";
+    edit.Create(0, 0, 50, 50, host, ID, nullptr, WS_CHILD, 0);
+    EXPECT_EQ(edit.Lines(), "|");
+}
+
+TEST_F(GEditTextTest, DialogTemplateGivesTheTextInItsCreationData)
+{
+    test::DialogTemplate dialog(WS_POPUP, 100, 50);
+    dialog.Add(L"GEdit", 5, WS_CHILD | WS_BORDER, 0, 0, 60, 14, L"from a template");
+    const HWND hwnd = CreateDialogIndirectParamW(
+        nullptr, dialog.Get(), host, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+    ASSERT_TRUE(hwnd);
+    EXPECT_EQ(test::TextOf(GetDlgItem(hwnd, 5)), "from a template");
+    DestroyWindow(hwnd);
+}
+
+TEST_F(GEditTextTest, EveryKindOfLineEndIsStoredAsTwoCharacters)
+{
+    Make(20);
+    EXPECT_EQ(LinesOf(L"a\nb"), "a/|b|");
+    EXPECT_EQ(edit.GetTextLength(), 4);
+    EXPECT_EQ(test::TextOf(edit), "a\r\nb");
+    EXPECT_EQ(LinesOf(L"a\rb\n\rc\r\n"), "a/|b/|/|c/||");
+    EXPECT_EQ(edit.Caret(), "4,0");
+    EXPECT_EQ(LinesOf(nullptr), "|");
+    EXPECT_EQ(LinesOf(L"own text\n"), "own text/||");
+    EXPECT_EQ(LinesOf(edit.Text()), "own text/||") << "its own text, too";
+    EXPECT_EQ(host.TakeReports(), test::Reports{}) << "setting is not told";
+}
+
+TEST_F(GEditTextTest, LinesWrapBehindTheLastSpaceThatFits)
+{
+    Make(10);
+    EXPECT_EQ(LinesOf(L"one two three four"), "one two |three four|");
+    EXPECT_EQ(LinesOf(L"one two three four five\nsix"), "one two |three |four five/|six|");
+    EXPECT_EQ(LinesOf(L"abcdefghijklmno pq"), "abcdefghij|klmno pq|") << "a word wider than the line";
+    EXPECT_EQ(LinesOf(L"abc     defghijk"), "abc     |defghijk|");
+    EXPECT_EQ(LinesOf(L"a\tb\tcdefghijkl"), "a\tb\tcdefgh|ijkl|") << "only the space is one";
+    // The space at the end counts as wide as any character.
+    EXPECT_EQ(LinesOf(L"abc defghi jkl"), "abc |defghi jkl|");
+    Resize(10, 0);
+    EXPECT_EQ(LinesOf(L"abcdefghij klm"), "abcdefghij| klm|")
+        << "exactly as wide fits, and the space does not";
+    EXPECT_EQ(LinesOf(L"abcdefghijk"), "abcdefghij|k|");
+}
+
+TEST_F(GEditTextTest, PopupKeepsItsLines)
+{
+    Make(5, 3, WS_POPUP | ES_MULTILINE);
+    SetWindowLongW(edit, GWL_STYLE, GetWindowLongW(edit, GWL_STYLE) | static_cast<LONG>(WS_POPUP));
+    EXPECT_EQ(LinesOf(L"one two three\nfour"), "one two three/|four|");
+    EXPECT_EQ(edit.RecalculateLine(0), 0);
+}
+
+TEST_F(GEditTextTest, ALineTooNarrowForACharacterKeepsAllTextAndEnds)
+{
+    Make(10);
+    edit.MoveWindow(0, 0, Column() - 1, 100);
+    EXPECT_EQ(LinesOf(L"abc\nde"), "|abc/||de|");
+    EXPECT_EQ(test::TextOf(edit), "abc\r\nde");
+    Type(L"xy");
+    Char(VK_BACK);
+    Char(VK_RETURN);
+    Type(L"z");
+    EXPECT_EQ(edit.Fault(), "");
+    EXPECT_EQ(test::TextOf(edit), "abc\r\ndex\r\nz");
+    EXPECT_LE(edit.Lengths().size(), 7u) << "edits do not pile up empty lines";
+    edit.MoveWindow(0, 0, 0, 100);
+    EXPECT_EQ(LinesOf(L"abc\nde"), "|abc/||de|");
+    Resize(10);
+    EXPECT_EQ(LinesOf(edit.Text()), "abc/|de|");
+}
+
+TEST_F(GEditTextTest, OneLineHandsOnWhatDoesNotFitAndTakesWhatDoes)
+{
+    Make(10);
+    edit.SetText(L"abcd efgh\nij");
+    Resize(6);
+    EXPECT_EQ(edit.RecalculateLine(0), 1);
+    EXPECT_EQ(edit.Lines(), "abcd |efgh/|ij|") << "the end of a paragraph gets a line of its own";
+    EXPECT_EQ(edit.RecalculateLine(0), 1) << "it has room, though nothing moves";
+    Resize(5, 0);
+    EXPECT_EQ(edit.RecalculateLine(0), 0) << "exactly as wide";
+    Resize(2);
+    EXPECT_EQ(edit.RecalculateLine(0), 1);
+    EXPECT_EQ(edit.Lines(), "ab|cd efgh/|ij|") << "otherwise the next line gets it";
+    Resize(20);
+    EXPECT_EQ(edit.RecalculateLine(0), 1);
+    EXPECT_EQ(edit.Lines(), "abcd efgh/|ij|");
+    // A single character that does not fit moves on.
+    edit.SetText(L"a");
+    edit.MoveWindow(0, 0, Column() - 1, 100);
+    EXPECT_EQ(edit.RecalculateLine(0), 1);
+    EXPECT_EQ(edit.Lines(), "|a|");
+    EXPECT_EQ(edit.Caret(), "0,1-1,1") << "the caret moves with its character, the anchor stays";
+}
+
+TEST_F(GEditTextTest, WordBreaksCountFromTheLineEnd)
+{
+    Make(30);
+    edit.SetText(L"one two three");
+    EXPECT_EQ(edit.LeftWordBreak(0, 0), -5) << "\"three\"";
+    edit.SetText(L"one ");
+    EXPECT_EQ(edit.LeftWordBreak(0, 0), -1);
+    edit.SetText(L"word");
+    EXPECT_EQ(edit.LeftWordBreak(0, 0), -1);
+    edit.SetText(L" word");
+    EXPECT_EQ(edit.LeftWordBreak(0, 0), -4);
+    edit.SetText(L"w");
+    EXPECT_EQ(edit.LeftWordBreak(0, 0), -1);
+    edit.SetText(L"one two three");
+    Resize(5);
+    edit.SetText(edit.Text());
+    ASSERT_EQ(edit.Lines(), "one |two |three|");
+    EXPECT_EQ(edit.RightWordBreak(0, 0), 4) << "\"two \"";
+    EXPECT_EQ(edit.RightWordBreak(1, 4), 5) << "\"three\"";
+    edit.SetText(L"one  x");
+    ASSERT_EQ(edit.Lines(), "one  |x|");
+    EXPECT_EQ(edit.RightWordBreak(0, 0), 1);
+}
+
+TEST_F(GEditTextTest, LengthsAndOffsetsCountLineEndsOnce)
+{
+    Make(5);
+    edit.SetText(L"one two\n\nx");
+    ASSERT_EQ(edit.Lines(), "one |two/|/|x|");
+    EXPECT_EQ(edit.LengthOfLine(0, 0), 4u);
+    EXPECT_EQ(edit.LengthOfLine(1, 4), 5u);
+    EXPECT_EQ(edit.OffsetOfLine(3), 11u);
+    EXPECT_EQ(edit.OffsetOfLine(0), 0u);
+}
+
+TEST_F(GEditTextTest, GetTextTellsTheRoomItNeeds)
+{
+    Make(20);
+    edit.SetText(L"five5");
+    wchar_t buffer[10] = L"untouched";
+    int nLength = 5;
+    EXPECT_EQ(edit.GetText(buffer, &nLength), 0);
+    EXPECT_EQ(nLength, 6);
+    EXPECT_EQ(Narrow(buffer), "untouched");
+    EXPECT_EQ(edit.GetText(buffer, &nLength), 1);
+    EXPECT_EQ(nLength, 5);
+    EXPECT_EQ(Narrow(buffer), "five5");
+    const auto read = [&](WPARAM nCapacity) {
+        return SendMessageW(edit, WM_GETTEXT, nCapacity, reinterpret_cast<LPARAM>(buffer));
+    };
+    EXPECT_EQ(read(10), 5);
+    EXPECT_EQ(read(4), 4) << "one more than was copied";
+    EXPECT_EQ(Narrow(buffer), "fiv");
+    EXPECT_EQ(read(0), 0);
+    EXPECT_EQ(Narrow(buffer), "fiv");
+}
+
+TEST_F(GEditTextTest, SetSelSelectsInOneLineAndRunsDownSeveral)
+{
+    Make(20);
+    edit.SetText(L"hello");
+    edit.SetSel(1, 3);
+    EXPECT_EQ(edit.Caret(), "0,1-0,3");
+    edit.SetSel(0, -1);
+    EXPECT_EQ(edit.Caret(), "0,0-0,5");
+    SendMessageW(edit, EM_SETSEL, 9, 2);
+    EXPECT_EQ(edit.Caret(), "0,5-0,2");
+    // With several lines, numbers below the first line's length run down the lines and become negative.
+    edit.SetText(L"hello\nbye\nx");
+    edit.SetSel(5, 99);
+    EXPECT_EQ(edit.Caret(), "0,5");
+    edit.SetSel(2, -1);
+    EXPECT_EQ(edit.Caret(), "2,-6-0,5");
+    // Where text is touched they count as 0.
+    int nFrom = -1;
+    int nTo = -1;
+    edit.CalcHighliteOfLine(nFrom, nTo, 2);
+    EXPECT_EQ(nFrom, 0);
+    EXPECT_EQ(nTo, 0);
+    Char(L'!');
+    EXPECT_EQ(test::TextOf(edit), "hello!x");
+}
+
+TEST_F(GEditTextTest, HighlightCoversWhatLiesBetweenBothEnds)
+{
+    Make(20);
+    edit.SetText(L"first\nsecond\nthird");
+    const auto highlight = [&](UINT nLine) {
+        int nFrom = -1;
+        int nTo = -1;
+        edit.CalcHighliteOfLine(nFrom, nTo, nLine);
+        return std::pair(nFrom, nTo);
+    };
+    edit.Select(0, 2, 2, 3);
+    EXPECT_EQ(highlight(0), std::pair(2, 5));
+    EXPECT_EQ(highlight(1), std::pair(0, 6));
+    EXPECT_EQ(highlight(2), std::pair(0, 3));
+    edit.Select(1, 4, 1, 1);
+    EXPECT_EQ(highlight(0), std::pair(0, 0));
+    EXPECT_EQ(highlight(1), std::pair(1, 4)) << "the caret may come first";
+    EXPECT_EQ(highlight(2), std::pair(0, 0));
+}
+
+TEST_F(GEditTextTest, FitIsBelowTheClientAreaAndNotUpToIt)
+{
+    Make(5, 2);
+    edit.SetText(L"abcd");
+    EXPECT_TRUE(edit.DoesFitLine(0));
+    Resize(4, 0);
+    EXPECT_FALSE(edit.DoesFitLine(0));
+    Resize(5, 1, 2);
+    edit.SetText(L"a\nb");
+    EXPECT_TRUE(edit.DoesFitHeight());
+    edit.MoveWindow(0, 0, 100, 2 * Row());
+    EXPECT_FALSE(edit.DoesFitHeight());
+}
+
+} // namespace
