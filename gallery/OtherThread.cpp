@@ -3,7 +3,7 @@
 namespace gallery {
 namespace {
 
-constexpr RECT PLACE = {700, 560, 1060, 680};
+constexpr RECT PLACE = {700, 640, 1060, 760};
 
 } // namespace
 

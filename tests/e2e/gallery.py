@@ -62,6 +62,15 @@ def save_pictures(folder):
     subprocess.run(command, check=True, timeout=3 * DEADLINE, stdout=subprocess.DEVNULL)
 
 
+def window_titled(title):
+    """A point in the caption of the window with a title, once it shows."""
+    search = ["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"]
+    window = wait_for(f"the window '{title}'", lambda: subprocess.run(search, capture_output=True).stdout.split())[0]
+    lines = subprocess.check_output(["xdotool", "getwindowgeometry", "--shell", window], text=True).split()
+    place = dict(line.split("=") for line in lines)
+    return int(place["X"]) + int(place["WIDTH"]) // 2, int(place["Y"]) + 10
+
+
 class Gallery:
     """A running gallery that shows one page."""
 
