@@ -76,17 +76,29 @@ void Bench::Family(const std::string& name)
 
 void Bench::Measure(const std::string& name, int nOperations, const Work& gesso, const Work& platform)
 {
+    Compare(
+        name, nOperations, [&gesso] { return TimeOf(gesso); }, [&platform] { return TimeOf(platform); });
+}
+
+void Bench::MeasureTimed(const std::string& name, const TimedWork& gesso, const TimedWork& platform)
+{
+    Compare(name, 1, gesso, platform);
+}
+
+void Bench::Compare(const std::string& name, int nOperations, const TimedWork& gesso,
+                    const TimedWork& platform)
+{
     std::vector<double> gessoTimes;
     std::vector<double> platformTimes;
     gesso(); // the first time pays for what is made once
     platform();
     for (int i = 0; i < m_nRounds; i++) {
         if (i % 2 == 0) {
-            gessoTimes.push_back(TimeOf(gesso));
-            platformTimes.push_back(TimeOf(platform));
+            gessoTimes.push_back(gesso());
+            platformTimes.push_back(platform());
         } else {
-            platformTimes.push_back(TimeOf(platform));
-            gessoTimes.push_back(TimeOf(gesso));
+            platformTimes.push_back(platform());
+            gessoTimes.push_back(gesso());
         }
     }
     const double gessoTime = MedianOf(gessoTimes) / nOperations;

@@ -11,6 +11,8 @@
 namespace bench {
 
 using Work = std::function<void()>;
+// Work that takes its own time, in microseconds.
+using TimedWork = std::function<double()>;
 
 class Bench
 {
@@ -22,6 +24,8 @@ public:
     // Measures both and prints their row: the time of one operation, of which each call of the work does
     // nOperations. The two take turns in going first, so that neither always finds the caches warm.
     void Measure(const std::string& name, int nOperations, const Work& gesso, const Work& platform);
+    // The same for work that stops the clock before it returns.
+    void MeasureTimed(const std::string& name, const TimedWork& gesso, const TimedWork& platform);
     // Measures work that the platform has nothing to set beside.
     void MeasureAlone(const std::string& name, int nOperations, const Work& gesso);
     // Prints a figure that is no time: a count, or a size in bytes.
@@ -29,6 +33,7 @@ public:
     void PrintAlone(const std::string& name, long long nGesso);
 
 private:
+    void Compare(const std::string& name, int nOperations, const TimedWork& gesso, const TimedWork& platform);
     void PrintRow(const std::string& name, const std::string& gesso, const std::string& platform,
                   const std::string& ratio) const;
 
@@ -45,6 +50,7 @@ void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
+void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 
 } // namespace bench
