@@ -62,10 +62,11 @@ void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size)
 {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoW(MonitorFromWindow(hwndNear, MONITOR_DEFAULTTONEAREST), &monitor);
+    const BOOL fKnown = GetMonitorInfoW(MonitorFromWindow(hwndNear, MONITOR_DEFAULTTONEAREST), &monitor);
     const RECT& rcWork = monitor.rcWork;
     SetWindowPos(hwnd, nullptr, rcWork.left + (rcWork.right - rcWork.left - size.cx) / 2,
-                 rcWork.top + (rcWork.bottom - rcWork.top - size.cy) / 2, size.cx, size.cy, SWP_FRAMECHANGED);
+                 rcWork.top + (rcWork.bottom - rcWork.top - size.cy) / 2, size.cx, size.cy,
+                 SWP_FRAMECHANGED | (fKnown ? 0u : UINT{SWP_NOMOVE}));
 }
 
 RECT GrowWindow(HWND hwnd, int cx, int cy)

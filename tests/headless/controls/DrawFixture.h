@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <sstream>
 
 namespace test {
 
@@ -20,6 +21,23 @@ inline bool AnyStartsWith(const Lines& lines, const std::string& start)
 {
     return std::any_of(lines.begin(), lines.end(),
                        [&](const std::string& line) { return line.starts_with(start); });
+}
+
+// The controls in a window: "12 'Save' (10,20,98,46)", each with its id, text and place, in the order of
+// making.
+inline Lines Controls(HWND hwndParent)
+{
+    Lines controls;
+    for (HWND hwnd = GetWindow(hwndParent, GW_CHILD); hwnd; hwnd = GetWindow(hwnd, GW_HWNDNEXT)) {
+        RECT rc{};
+        GetWindowRect(hwnd, &rc);
+        MapWindowPoints(nullptr, hwndParent, reinterpret_cast<POINT*>(&rc), 2);
+        std::ostringstream line;
+        line << GetDlgCtrlID(hwnd) << " '" << TextOf(hwnd) << "' (" << rc.left << "," << rc.top << ","
+             << rc.right << "," << rc.bottom << ")";
+        controls.push_back(line.str());
+    }
+    return controls;
 }
 
 // A fresh desktop with a host window of 400 x 300; at the end nothing may be left of what the test made.

@@ -128,6 +128,95 @@ TEST_F(GTaskDialogTest, GrowsForItsTextsAndButtons)
     EXPECT_GT(widthOf(pszWord, 1), 6 * 80) << "a word that no limit breaks";
 }
 
+// In fonts with characters of 8 x 20 and 6 x 15 pixels; a dialog unit is 7/4 x 15/8 pixels.
+TEST_F(GTaskDialogTest, TextsButtonsAndFooterStandWhereTheyBelong)
+{
+    Lines drawn, controls;
+    GTASKDIALOGCONFIG config{};
+    config.hwndParent = Parent();
+    config.pszContent =
+        L"Content of many words, Content of many words, Content of many words, Content of many "
+        L"words, Content of many words.";
+    config.pszMainInstruction = L"Instruction";
+    config.dwCommonButtons = TDCBF_OK_BUTTON | TDCBF_YES_BUTTON | TDCBF_CANCEL_BUTTON;
+    const auto run = [&] {
+        desk::WhenIdle([&] {
+            drawn = Draw(GDialog::s_hActiveDlg, "DrawTheme");
+            controls = test::Controls(GDialog::s_hActiveDlg);
+            EndDialog(GDialog::s_hActiveDlg, 0);
+        });
+        GTaskDialog::IsolationAwareTaskDialogIndirect(&config, nullptr);
+    };
+    run();
+    EXPECT_EQ(drawn.at(0), "DrawThemeBackground TASKDIALOG 1 0 (0,0,414,154)") << "as wide as its text needs";
+    EXPECT_EQ(drawn.at(1), "DrawThemeBackground TASKDIALOG 8 0 (0,101,414,154)");
+    EXPECT_EQ(drawn.at(2),
+              "DrawThemeText TASKDIALOG 2 0 \"Instruction\" (61,13,149,52) 0x0000 font=\"Segoe UI\" 16 "
+              "color=003399");
+    EXPECT_TRUE(drawn.at(3).find("(61,52,403,82) 0x0010 font=\"Segoe UI\" 12") != std::string::npos)
+        << drawn.at(3);
+    EXPECT_EQ(controls, (Lines{"2 'Abbrechen' (319,114,407,140)", "1 'OK' (224,114,312,140)",
+                               "6 'Ja' (129,114,217,140)"}));
+    config.pszMainInstruction = nullptr;
+    config.pszContent = L"Content.";
+    config.dwCommonButtons = TDCBF_YES_BUTTON | TDCBF_NO_BUTTON;
+    run();
+    EXPECT_EQ(drawn.at(0), "DrawThemeBackground TASKDIALOG 1 0 (0,0,197,122)")
+        << "as wide as its buttons need";
+    EXPECT_EQ(drawn.at(1), "DrawThemeBackground TASKDIALOG 8 0 (0,69,197,122)") << "all of it";
+    EXPECT_TRUE(drawn.at(2).find("(61,13,109,28)") != std::string::npos) << drawn.at(2);
+    EXPECT_EQ(controls, (Lines{"7 'Nein' (102,82,190,108)", "6 'Ja' (7,82,95,108)"}));
+}
+
+TEST_F(GTaskDialogTest, RunsAndLeavesNothingBehindWhateverFails)
+{
+    for (const char* pszOperation : {"LoadIconWithScaleDown", "OpenThemeData", "CreateCompatibleDC",
+                                     "CreateCompatibleBitmap", "GetDC", "CreateWindowExW"})
+    {
+        // The dialog itself is the first window of all; its buttons come then.
+        desk::Fail(pszOperation, 100, ERROR_NOT_ENOUGH_MEMORY,
+                   pszOperation == std::string("CreateWindowExW"));
+        EXPECT_EQ(Box(MB_YESNO | MB_ICONERROR, [](HWND) { desk::TypeKey(VK_ESCAPE); }),
+                  static_cast<UINT>(IDCANCEL))
+            << pszOperation;
+        desk::ClearFaults();
+    }
+    const bool fFormer = gesso::SetMisuseStops(false);
+    UINT uButton = 0;
+    EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(nullptr, &uButton), E_FAIL);
+    EXPECT_EQ(uButton, static_cast<UINT>(-1));
+    gesso::SetMisuseStops(fFormer);
+}
+
+TEST_F(GTaskDialogTest, InnerDialogGivesTheKeyboardBackToTheOuter)
+{
+    HWND hOuter = nullptr;
+    const UINT uOuter = Box(MB_YESNO, [&](HWND hDlg) {
+        hOuter = hDlg;
+        desk::WhenIdle([&] {
+            EXPECT_NE(GDialog::s_hActiveDlg, hOuter);
+            EXPECT_FALSE(IsWindowEnabled(hOuter));
+            desk::TypeKey(VK_ESCAPE);
+        });
+        EXPECT_EQ(GTaskDialog::MessageBoxW(hDlg, L"Inner", L"", MB_OKCANCEL), static_cast<UINT>(IDCANCEL));
+        EXPECT_EQ(GDialog::s_hActiveDlg, hOuter);
+        EXPECT_TRUE(IsWindowEnabled(hOuter));
+        desk::TypeKey(VK_RETURN);
+    });
+    EXPECT_EQ(uOuter, static_cast<UINT>(IDYES));
+}
+
+TEST_F(GTaskDialogTest, LosingTheForegroundLeavesNoDialogActive)
+{
+    Box(MB_OK, [](HWND hDlg) {
+        desk::SwitchAway();
+        EXPECT_EQ(GDialog::s_hActiveDlg, nullptr);
+        SetForegroundWindow(hDlg);
+        EXPECT_EQ(GDialog::s_hActiveDlg, hDlg);
+        desk::TypeKey(VK_ESCAPE);
+    });
+}
+
 TEST_F(GTaskDialogTest, DialogThatCannotRunGivesMinusOne)
 {
     desk::Fail("DialogBoxIndirectParamW", 2);

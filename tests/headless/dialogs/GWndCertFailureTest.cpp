@@ -109,6 +109,37 @@ TEST_F(GWndCertFailureTest, ShowsALineForEachFailureInOrder)
     EXPECT_EQ(texts.size(), 3u) << "no failures, and no question";
 }
 
+// In a font with characters of 6 x 15 pixels, 8 x 20 in the header; a dialog unit is 7/4 x 15/8 pixels.
+TEST_F(GWndCertFailureTest, EverythingStandsWhereItBelongs)
+{
+    Lines drawn, controls;
+    Run(CFT_SECURE, 0x22, [&](HWND hDlg) {
+        drawn = Draw(hDlg, "D");
+        controls = test::Controls(hDlg);
+        EndDialog(hDlg, 0);
+    });
+    const std::string header = R"( 0x0010 font="Segoe UI" 16 color=FFFFFF)";
+    const std::string body = R"( 0x0010 font="Segoe UI" 12 color=000000)";
+    const Lines expected = {
+        "DrawThemeBackground TASKDIALOG 8 0 (0,292,390,345)",
+        R"-(DrawTextW "Verbindungsidentifizierung" (48,18,256,38))-" + header,
+        "DrawIconEx icon=138 (9,12,41,44) 0x0003",
+        "DrawIconEx icon=139 (27,75,43,91) 0x0003",
+        R"-(DrawTextW "subject" (52,75,94,90))-" + body,
+        R"-(DrawTextW "Die Verbindung ist sicher." (12,109,168,124))-" + body,
+        "DrawIconEx icon=135 (36,143,52,159) 0x0003",
+        R"-(DrawTextW "dem Zertifikat wird nicht getraut (bzw. dessen Root)" (61,143,373,158))-" + body,
+        "DrawIconEx icon=135 (36,167,52,183) 0x0003",
+        R"-(DrawTextW "das Zertifikat ist abgelaufen" (61,167,235,182))-" + body,
+        R"-(DrawTextW "Möchten Sie den Vorgang fortsetzen?" (12,220,222,235))-" + body,
+    };
+    EXPECT_EQ(drawn, expected);
+    EXPECT_EQ(controls,
+              (Lines{"1080 'Nicht erneut nach Verbindungen mit diesem Computer fragen.' (12,254,390,273)",
+                     "7 'Nein' (290,305,378,331)", "6 'Ja' (195,305,283,331)",
+                     "2000 'Zertifikat anzeigen...' (12,305,152,331)"}));
+}
+
 TEST_F(GWndCertFailureTest, LongSubjectMakesTheDialogTallerAndNotWider)
 {
     const auto sizeFor = [&](LPCWSTR pszSubject) {
@@ -165,6 +196,46 @@ TEST_F(GWndCertFailureTest, HeaderIsOneRowOfGradientRepeated)
     Run(CFT_SECURE, 0, [](HWND hDlg) {
         const Lines rows = Draw(hDlg, "BitBlt (0,");
         EXPECT_GT(rows.size(), 20u);
+        EndDialog(hDlg, 0);
+    });
+}
+
+TEST_F(GWndCertFailureTest, RunsAndLeavesNothingBehindWhateverFails)
+{
+    for (const char* pszOperation :
+         {"LoadIconWithScaleDown", "OpenThemeData", "CreateFontW", "CreateDIBSection", "CreateCompatibleDC",
+          "CreateCompatibleBitmap", "GetDC", "CreateWindowExW"})
+    {
+        // The dialog itself is the first window of all; its controls come then.
+        desk::Fail(pszOperation, 100, ERROR_NOT_ENOUGH_MEMORY,
+                   pszOperation == std::string("CreateWindowExW"));
+        EXPECT_EQ(Run(CFT_UNTRUSTED, 0x7FF, Command(IDYES)), static_cast<DWORD>(IDYES)) << pszOperation;
+        desk::ClearFaults();
+    }
+    DWORD dwResult = 99;
+    desk::Fail("LoadResource", 1, ERROR_RESOURCE_DATA_NOT_FOUND);
+    EXPECT_EQ(GWndCertFailure::WndCertFailure(&dwResult, Parent(), nullptr, nullptr, CFT_SECURE, 0, L"", L""),
+              HRESULT_FROM_WIN32(ERROR_RESOURCE_DATA_NOT_FOUND));
+    EXPECT_EQ(dwResult, 99u);
+}
+
+TEST_F(GWndCertFailureTest, CopyDrawsTheSameAndOwnsNothing)
+{
+    Run(CFT_UNTRUSTED, 0x02, [](HWND hDlg) {
+        auto& dialog = *reinterpret_cast<GWndCertFailure*>(GetWindowLongPtrW(hDlg, DWLP_USER));
+        const Lines own = Draw(hDlg, "D");
+        {
+            GWndCertFailure copy(dialog);
+            EXPECT_EQ(copy.GetHwnd(), hDlg);
+            desk::ClearDrawing(hDlg);
+            const HDC hdc = GetDC(hDlg);
+            copy.Draw(hdc);
+            ReleaseDC(hDlg, hdc);
+            Lines drawn = desk::Drawing(hDlg);
+            std::erase_if(drawn, [](const std::string& line) { return !line.starts_with("D"); });
+            EXPECT_EQ(drawn, own);
+        }
+        EXPECT_EQ(Draw(hDlg, "D"), own);
         EndDialog(hDlg, 0);
     });
 }
