@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Turns the drawings of the library and of the gallery into the committed files that their builds use.
 
-gesso/resources/icons/*.svg become the .ico files and the .cur file beside them: every icon with 48, 32, 24 and 16
-pixels, 32-bit with alpha; the cursor with 32 pixels and its hot spot in the middle.
+gesso/resources/icons/*.svg become the .ico files and the .cur file beside them: each with 48, 32, 24 and 16 pixels,
+32-bit with alpha, the cursor with its hot spot in the middle.
 
 gallery/icons/*.svg become gallery/ribbon-32.png and ribbon-16.png, the strips of the ribbon's images, in the order of
 the enumerators in gallery/EditorRibbon.h: IMAGE_SELECT_ALL is select-all.svg. What lies on even coordinates of a
@@ -21,7 +21,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 ICONS = ROOT / 'gesso/resources/icons'
 GALLERY = ROOT / 'gallery'
 SIZES = (48, 32, 24, 16)
-CURSORS = {'column-sizing': (32, 16, 16)}  # size, hot spot
+CURSORS = ('column-sizing',)
 UNITS = 32  # the width and the height of a drawing for the ribbon
 STRIP_SIZES = (32, 16)
 
@@ -85,8 +85,8 @@ def write(path, kind, images):
 def write_icons():
     for svg in sorted(ICONS.glob('*.svg')):
         if svg.stem in CURSORS:
-            size, x, y = CURSORS[svg.stem]
-            write(svg.with_suffix('.cur'), 2, [(size, x, y, bitmap(render(svg, size)))])
+            write(svg.with_suffix('.cur'), 2,
+                  [(size, size // 2, size // 2, bitmap(render(svg, size))) for size in SIZES])
         else:
             write(svg.with_suffix('.ico'), 1, [(size, 1, 32, bitmap(render(svg, size))) for size in SIZES])
         print(svg.stem)
