@@ -37,7 +37,9 @@ OffscreenSurface::~OffscreenSurface()
     if (m_fKept) {
         SelectObject(m_parts.hdc, m_parts.hFormer);
         DeleteDC(m_parts.hdc);
-    } else if (m_parts.hBitmap && m_parts.size.cx * m_parts.size.cy <= MOST_PIXELS_KEPT && s_nUsers > 0) {
+    } else if (m_parts.hdc && m_parts.hBitmap && m_parts.size.cx * m_parts.size.cy <= MOST_PIXELS_KEPT &&
+               s_nUsers > 0)
+    {
         KeepSpare(m_parts);
     } else {
         Release(m_parts);
