@@ -1,9 +1,11 @@
+#include <gallery/EditorField.h>
 #include <gallery/EditorRibbon.h>
 #include <gallery/Pages.h>
+#include <gallery/Report.h>
 
+#include <gesso/edit/GComboBox.h>
 #include <gesso/ribbon/GRightClickMenu.h>
 
-#include <algorithm>
 #include <commctrl.h>
 #include <cwctype>
 #include <iterator>
@@ -15,10 +17,10 @@ constexpr int PAGE_WIDTH = 804;
 constexpr int RIBBON_HEIGHT = 120;
 constexpr RECT RIBBON_RECT = {MARGIN, FIRST_BLOCK, MARGIN + PAGE_WIDTH, FIRST_BLOCK + RIBBON_HEIGHT};
 constexpr RECT EDITOR_RECT = {MARGIN, RIBBON_RECT.bottom + GAP, MARGIN + PAGE_WIDTH, 588};
-constexpr LPCWSTR FIRST_TEXT =
-    L"The quick brown fox jumps over the lazy dog.\r\n\r\n"
-    L"The ribbon's buttons act on this text, and so do the values of the menu that a "
-    L"right click shows.";
+constexpr LPCWSTR FIRST_TEXT = L"The quick brown fox jumps over the lazy dog.\r\n\r\n"
+                               L"The ribbon's buttons act on this text, and so do the values of the menu "
+                               L"that a "
+                               L"right click shows.";
 
 enum CommandId : UINT
 {
@@ -40,7 +42,7 @@ enum CommandId : UINT
     ID_CHARACTER,
     ID_TOP,
     ID_BOTTOM,
-    ID_READ_ONLY,
+    ID_LOCKED,
     ID_FIXED_PITCH,
     ID_REVIEW_TAB,
     ID_UPPER_CASE,
@@ -57,51 +59,7 @@ enum TabIndex : UINT
 
 constexpr int SIZES[] = {9, 10, 12, 14, 18, 24};
 
-HWND MakePlatformWindow(LPCWSTR pszClass, HWND hwndParent, UINT uId, SIZE size, DWORD dwStyle)
-{
-    const HWND hwnd =
-        CreateWindowExW(0, pszClass, L"", WS_CHILD | dwStyle, 0, 0, size.cx, size.cy, hwndParent,
-                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(uId)), nullptr, nullptr);
-    SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
-    return hwnd;
-}
-
-// The windows that the platform lends as long as the library has no text fields: the text itself, the field
-// to find in, and the box with the font sizes.
-HWND MakeEditor(HWND hwndParent, const RECT& rc)
-{
-    const HWND hwnd = MakePlatformWindow(
-        L"EDIT", hwndParent, ID_EDITOR, {rc.right - rc.left, rc.bottom - rc.top},
-        WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_NOHIDESEL);
-    SetWindowPos(hwnd, nullptr, rc.left, rc.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    SetWindowTextW(hwnd, FIRST_TEXT);
-    return hwnd;
-}
-
-HWND MakeFindField(HWND hwndParent)
-{
-    return MakePlatformWindow(L"EDIT", hwndParent, ID_FIND_FIELD, {110, 22}, WS_BORDER | ES_AUTOHSCROLL);
-}
-
-HWND MakeSizeBox(HWND hwndParent)
-{
-    const HWND hwnd =
-        MakePlatformWindow(L"COMBOBOX", hwndParent, ID_SIZES, {90, 200}, CBS_DROPDOWNLIST | WS_VSCROLL);
-    for (const int nPoints : SIZES) {
-        const std::wstring text = std::to_wstring(nPoints) + L" points";
-        SendMessageW(hwnd, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-    }
-    SendMessageW(hwnd, CB_SETCURSEL, 0, 0);
-    return hwnd;
-}
-
-std::wstring WholeText(HWND hwnd)
-{
-    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(hwnd)) + 1, 0);
-    GetWindowTextW(hwnd, text.data(), static_cast<int>(text.size()));
-    text.resize(text.size() - 1);
-    return text;
-}
+constexpr DWORD FIELD_STYLE = WS_CHILD | WS_BORDER | WS_TABSTOP;
 
 std::wstring Today()
 {
@@ -157,14 +115,16 @@ public:
 
     void Build(Canvas& canvas) override
     {
-        canvas.Title(L"Ribbon",
-                     L"GRibbon: tabs, groups, buttons in three sizes, check boxes and hosted windows; "
-                     L"GRightClickMenu on a right click in the text.");
+        canvas.Title(L"Ribbon", L"GRibbon: tabs, groups, buttons in three sizes, "
+                                L"check boxes and hosted windows; "
+                                L"GRightClickMenu on a right click in the text.");
         m_hwnd = canvas.Window();
         m_ribbon = &canvas.Own(std::make_unique<EditorRibbon>());
         m_ribbon->Create(RIBBON_RECT, m_hwnd);
-        m_hwndEditor = MakeEditor(m_hwnd, EDITOR_RECT);
-        SetWindowSubclass(m_hwndEditor, &WatchRightClick, 1, reinterpret_cast<DWORD_PTR>(this));
+        MakeEditor(canvas);
+        m_find = &canvas.Own(std::make_unique<GEdit>());
+        m_sizes = &canvas.Own(std::make_unique<GComboBox>());
+        SetWindowSubclass(*m_editor, &WatchRightClick, 1, reinterpret_cast<DWORD_PTR>(this));
         AddHome();
         AddInsert();
         AddReview();
@@ -178,7 +138,7 @@ public:
         if (hwndFrom && hwndFrom == m_menu.GetHwnd()) {
             OnValue(uCode);
         } else if (uId == ID_SIZES && uCode == CBN_SELCHANGE) {
-            m_nPoints = SIZES[SendMessageW(hwndFrom, CB_GETCURSEL, 0, 0)];
+            m_nPoints = SIZES[m_sizes->GetSelected()];
             ApplyFont();
         } else if (uCode == 0) {
             OnItem(uId, hwndFrom != nullptr);
@@ -194,6 +154,35 @@ public:
     }
 
 private:
+    void MakeEditor(Canvas& canvas)
+    {
+        m_editor = &canvas.Own(std::make_unique<EditorField>());
+        m_editor->Create(EDITOR_RECT.left, EDITOR_RECT.top, EDITOR_RECT.right - EDITOR_RECT.left,
+                         EDITOR_RECT.bottom - EDITOR_RECT.top, m_hwnd, ID_EDITOR, nullptr,
+                         FIELD_STYLE | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN, 0);
+        m_editor->SetText(FIRST_TEXT);
+    }
+
+    HWND MakeFindField()
+    {
+        const HWND hwnd =
+            m_find->Create(0, 0, 110, 24, *m_ribbon, ID_FIND_FIELD, nullptr, FIELD_STYLE | ES_AUTOHSCROLL, 0);
+        m_find->SetFont(g_hDefaultFont);
+        return hwnd;
+    }
+
+    HWND MakeSizeBox()
+    {
+        const HWND hwnd =
+            m_sizes->Create(0, 0, 90, 24, *m_ribbon, ID_SIZES, WS_CHILD | WS_TABSTOP | GCBS_DROPDOWNLIST, 0);
+        for (const int nPoints : SIZES) {
+            const std::wstring text = std::to_wstring(nPoints) + L" points";
+            m_sizes->InsertItem(m_sizes->GetItemCount(), 0, text.c_str(), 0, nullptr);
+        }
+        m_sizes->SetSelected(0);
+        return hwnd;
+    }
+
     void AddHome()
     {
         EditorPage& page = m_ribbon->AddEditorPage(L"Home");
@@ -207,13 +196,12 @@ private:
         page.Button(ID_ITALIC, RIS_SMALL, IMAGE_ITALIC, nullptr);
         page.Button(ID_UNDERLINE, RIS_SMALL, IMAGE_UNDERLINE, nullptr);
         page.Group(L"Size", 102);
-        page.Host(MakeSizeBox(*m_ribbon), 0);
+        page.Host(MakeSizeBox(), 0);
         page.Group(L"Editing");
         page.Button(ID_UNDO, RIS_LARGE, IMAGE_UNDO, L"Undo");
         page.Button(ID_SELECT_ALL, RIS_LARGE, IMAGE_NONE, L"Select everything");
         page.Group(L"Search for", 122);
-        m_hwndFind = MakeFindField(*m_ribbon);
-        page.Host(m_hwndFind, 0);
+        page.Host(MakeFindField(), 0);
         page.Group(L"Search");
         page.Button(ID_FIND_NEXT, RIS_LARGE, IMAGE_FIND, L"Find");
     }
@@ -244,7 +232,7 @@ private:
     {
         EditorPage& page = m_ribbon->AddEditorPage(L"View");
         page.Group(L"Text");
-        page.CheckBox(ID_READ_ONLY, false, L"Read only");
+        page.CheckBox(ID_LOCKED, false, L"Locked");
         page.CheckBox(ID_FIXED_PITCH, false, L"Fixed pitch");
         page.Group(L"Tabs");
         page.CheckBox(ID_REVIEW_TAB, false, L"Show the tab Review");
@@ -254,25 +242,25 @@ private:
     void OnItem(UINT uId, bool fChecked)
     {
         switch (uId) {
-        case ID_NEW: return StartAnew();
-        case ID_CUT: return Edit(WM_CUT);
-        case ID_COPY: return Edit(WM_COPY);
-        case ID_PASTE: return Edit(WM_PASTE);
-        case ID_CLEAR: return Edit(WM_CLEAR);
-        case ID_UNDO: return Edit(EM_UNDO);
-        case ID_SELECT_ALL: return Select(0, -1);
-        case ID_TOP: return Select(0, 0);
-        case ID_BOTTOM: return Select(GetWindowTextLengthW(m_hwndEditor), -1);
-        case ID_FIND_NEXT: return FindNext();
+        case ID_NEW: return m_editor->StartAnew();
+        case ID_CUT: return m_editor->Cut();
+        case ID_COPY: return m_editor->Copy();
+        case ID_PASTE: return m_editor->Paste();
+        case ID_CLEAR: return m_editor->Clear();
+        case ID_UNDO: return m_editor->Undo();
+        case ID_SELECT_ALL: return m_editor->SelectAll();
+        case ID_TOP: return m_editor->SelectStart();
+        case ID_BOTTOM: return m_editor->SelectEnd();
+        case ID_FIND_NEXT: return m_editor->FindNext(TextOf(*m_find));
         case ID_BOLD: return Toggle(m_fBold);
         case ID_ITALIC: return Toggle(m_fItalic);
         case ID_UNDERLINE: return Toggle(m_fUnderline);
         case ID_FIXED_PITCH: return Toggle(m_fFixedPitch);
-        case ID_DATE: return Replace(Today());
-        case ID_CHARACTER: return Replace(L"\x2013");
-        case ID_UPPER_CASE: return ReplaceCharacters(&std::towupper);
-        case ID_LOWER_CASE: return ReplaceCharacters(&std::towlower);
-        case ID_READ_ONLY: return Edit(EM_SETREADONLY, fChecked);
+        case ID_DATE: return m_editor->Type(Today());
+        case ID_CHARACTER: return m_editor->Type(L"\x2013");
+        case ID_UPPER_CASE: return m_editor->ReplaceCharacters(&std::towupper);
+        case ID_LOWER_CASE: return m_editor->ReplaceCharacters(&std::towlower);
+        case ID_LOCKED: EnableWindow(*m_editor, !fChecked); break;
         case ID_REVIEW_TAB: return m_ribbon->ShowTab(TAB_REVIEW, fChecked);
         default: break;
         }
@@ -299,62 +287,6 @@ private:
         return 0;
     }
 
-    void Edit(UINT uMsg, WPARAM wParam = 0)
-    {
-        SendMessageW(m_hwndEditor, uMsg, wParam, 0);
-        FocusEditor();
-    }
-
-    void FocusEditor() { SetFocus(m_hwndEditor); }
-
-    void StartAnew()
-    {
-        SetWindowTextW(m_hwndEditor, L"");
-        FocusEditor();
-    }
-
-    void Select(int nStart, int nEnd)
-    {
-        SendMessageW(m_hwndEditor, EM_SETSEL, static_cast<WPARAM>(nStart), nEnd);
-        SendMessageW(m_hwndEditor, EM_SCROLLCARET, 0, 0);
-        FocusEditor();
-    }
-
-    void Replace(const std::wstring& text)
-    {
-        SendMessageW(m_hwndEditor, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-        FocusEditor();
-    }
-
-    void ReplaceCharacters(wint_t (*convert)(wint_t))
-    {
-        DWORD dwStart = 0;
-        DWORD dwEnd = 0;
-        SendMessageW(m_hwndEditor, EM_GETSEL, reinterpret_cast<WPARAM>(&dwStart),
-                     reinterpret_cast<LPARAM>(&dwEnd));
-        std::wstring text = WholeText(m_hwndEditor).substr(dwStart, dwEnd - dwStart);
-        std::transform(text.begin(), text.end(), text.begin(),
-                       [convert](wchar_t c) { return static_cast<wchar_t>(convert(c)); });
-        Replace(text);
-        Select(static_cast<int>(dwStart), static_cast<int>(dwEnd));
-    }
-
-    // From the selection on, and then once more from the start.
-    void FindNext()
-    {
-        const std::wstring wanted = WholeText(m_hwndFind);
-        const std::wstring text = WholeText(m_hwndEditor);
-        DWORD dwEnd = 0;
-        SendMessageW(m_hwndEditor, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&dwEnd));
-        size_t nAt = text.find(wanted, dwEnd);
-        if (nAt == std::wstring::npos) {
-            nAt = text.find(wanted);
-        }
-        if (!wanted.empty() && nAt != std::wstring::npos) {
-            Select(static_cast<int>(nAt), static_cast<int>(nAt + wanted.size()));
-        }
-    }
-
     void Toggle(bool& fStyle)
     {
         fStyle = !fStyle;
@@ -369,14 +301,16 @@ private:
         const HFONT hFormer = m_hFont;
         m_hFont = CreateFontW(nHeight, 0, 0, 0, m_fBold ? FW_BOLD : FW_NORMAL, m_fItalic, m_fUnderline, 0, 0,
                               0, 0, 0, 0, m_fFixedPitch ? L"DejaVu Sans Mono" : L"Segoe UI");
-        SendMessageW(m_hwndEditor, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont), TRUE);
+        m_editor->ChangeFont(m_hFont);
         DeleteObject(hFormer);
     }
 
     HWND m_hwnd = nullptr;
-    EditorRibbon* m_ribbon = nullptr; // the canvas's
-    HWND m_hwndEditor = nullptr;
-    HWND m_hwndFind = nullptr;
+    // The canvas's.
+    EditorRibbon* m_ribbon = nullptr;
+    EditorField* m_editor = nullptr;
+    GEdit* m_find = nullptr;
+    GComboBox* m_sizes = nullptr;
     ValueMenu m_menu;
     HFONT m_hFont = nullptr;
     int m_nPoints = SIZES[0];

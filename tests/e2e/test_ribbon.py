@@ -8,6 +8,7 @@ from gallery import Gallery, save_pictures
 
 ROOT = pathlib.Path(__file__).parents[2]
 MENU_ROW = 20
+CBN_SELCHANGE = 1
 OPAQUE = 255
 
 
@@ -91,7 +92,7 @@ class Ribbon(unittest.TestCase):
 
     @property
     def editor(self):
-        return max((c for c in self.gallery.controls() if c.class_name == "Edit"), key=lambda c: c.cy)
+        return max((c for c in self.gallery.controls() if c.class_name == "GEdit"), key=lambda c: c.cy)
 
     def write(self, text):
         """Makes this the editor's text, through the ribbon and the keyboard."""
@@ -119,14 +120,14 @@ class Ribbon(unittest.TestCase):
     def test_a_click_on_a_tab_shows_its_page_and_reports_nothing(self):
         self.gallery.click(self.tab("View").middle)
         self.assertEqual(self.gallery.lines(), [])
-        self.assertEqual(self.there("ribbon item"), ["Read only", "Fixed pitch", "Show the tab Review"])
+        self.assertEqual(self.there("ribbon item"), ["Locked", "Fixed pitch", "Show the tab Review"])
 
     def test_hosted_windows_show_with_their_page_alone(self):
-        self.assertEqual(len(self.there("ComboBox")), 1)
+        self.assertEqual(len(self.there("GComboBox")), 1)
         self.show("Insert")
-        self.assertEqual(self.there("ComboBox"), [])
+        self.assertEqual(self.there("GComboBox"), [])
         self.show("Home")
-        self.assertEqual(len(self.there("ComboBox")), 1)
+        self.assertEqual(len(self.there("GComboBox")), 1)
 
     def test_a_check_box_reports_its_new_state_and_shows_the_hidden_tab(self):
         self.assertNotIn("Review", self.there("ribbon tab"))
@@ -183,11 +184,14 @@ class Ribbon(unittest.TestCase):
         self.click("Paste")
         self.gallery.lines()
         self.assertEqual(self.editor.text, "one twoone two")
+        self.click("Undo")
+        self.gallery.lines()
+        self.assertEqual(self.editor.text, "one two")
 
     def test_a_hosted_field_takes_the_keyboard(self):
         self.write("one two one")
         self.show("Home")
-        field = min((c for c in self.gallery.controls() if c.class_name == "Edit"), key=lambda c: c.cy)
+        field = min((c for c in self.gallery.controls() if c.class_name == "GEdit"), key=lambda c: c.cy)
         self.gallery.click(field.middle)
         self.gallery.key("ctrl+a")
         self.gallery.type("two")
@@ -195,6 +199,14 @@ class Ribbon(unittest.TestCase):
         self.click("Cut")
         self.gallery.lines()
         self.assertEqual(self.editor.text, "one  one")
+
+    def test_what_a_hosted_box_reports_reaches_the_ribbons_parent(self):
+        box = next(c for c in self.gallery.controls() if c.class_name == "GComboBox")
+        self.gallery.click(box.middle)
+        self.gallery.key("Escape")  # the list does not report what is chosen in it by a key
+        self.gallery.key("Down")
+        reported = f"WM_COMMAND id {box.id} code {CBN_SELCHANGE} from GComboBox '10 points'"
+        self.assertEqual(self.gallery.commands(), [reported])
 
     # --- The value menu
 

@@ -1,0 +1,181 @@
+#include <gallery/EditorField.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace gallery {
+namespace {
+
+constexpr BYTE KEY_DOWN = 0x80;
+
+// The control key is down while this lives, for the thread that asks for it.
+class ControlKeyScope
+{
+public:
+    ControlKeyScope()
+    {
+        GetKeyboardState(m_former);
+        BYTE held[256];
+        std::copy(std::begin(m_former), std::end(m_former), held);
+        held[VK_CONTROL] = KEY_DOWN;
+        SetKeyboardState(held);
+    }
+    ~ControlKeyScope() { SetKeyboardState(m_former); }
+    ControlKeyScope(const ControlKeyScope&) = delete;
+    ControlKeyScope& operator=(const ControlKeyScope&) = delete;
+
+private:
+    BYTE m_former[256];
+};
+
+} // namespace
+
+std::wstring EditorField::Text() const
+{
+    int nLength = GetTextLength() + 1;
+    std::wstring text(static_cast<size_t>(nLength), 0);
+    GetText(text.data(), &nLength);
+    text.resize(text.size() - 1);
+    return text;
+}
+
+// --- Commands
+
+void EditorField::StartAnew()
+{
+    Remember();
+    SetText(L"");
+    SetFocus(*this);
+}
+
+void EditorField::Cut()
+{
+    Remember();
+    PressWithControl('X');
+}
+
+void EditorField::Copy()
+{
+    PressWithControl('C');
+}
+
+void EditorField::Paste()
+{
+    Remember();
+    PressWithControl('V');
+}
+
+void EditorField::Clear()
+{
+    Remember();
+    Press(VK_DELETE);
+}
+
+void EditorField::Undo()
+{
+    const std::wstring text = std::exchange(m_former, Text());
+    SetText(text.c_str());
+    SetFocus(*this);
+}
+
+void EditorField::Type(const std::wstring& text)
+{
+    Remember();
+    SetFocus(*this);
+    for (const wchar_t c : text) {
+        SendMessageW(*this, WM_CHAR, c, 1);
+    }
+}
+
+void EditorField::ReplaceCharacters(wint_t (*convert)(wint_t))
+{
+    const auto [nFrom, nTo] = std::minmax(CaretOffset(), AnchorOffset());
+    std::wstring text = Text();
+    const auto at = [&](size_t n) { return text.begin() + static_cast<ptrdiff_t>(n); };
+    std::transform(at(nFrom), at(nTo), at(nFrom),
+                   [convert](wchar_t c) { return static_cast<wchar_t>(convert(c)); });
+    Remember();
+    SetText(text.c_str());
+    Select(nFrom, nTo);
+}
+
+void EditorField::SelectAll()
+{
+    Select(0, Text().size());
+}
+
+void EditorField::SelectStart()
+{
+    Select(0, 0);
+}
+
+void EditorField::SelectEnd()
+{
+    const size_t nEnd = Text().size();
+    Select(nEnd, nEnd);
+}
+
+void EditorField::FindNext(const std::wstring& wanted)
+{
+    const std::wstring text = Text();
+    size_t nAt = text.find(wanted, std::max(CaretOffset(), AnchorOffset()));
+    if (nAt == std::wstring::npos) {
+        nAt = text.find(wanted);
+    }
+    if (!wanted.empty() && nAt != std::wstring::npos) {
+        Select(nAt, nAt + wanted.size());
+    }
+}
+
+void EditorField::ChangeFont(HFONT hFont)
+{
+    SetFont(hFont);
+    SetText(Text().c_str());
+}
+
+// --- Keys and places
+
+void EditorField::Press(UINT uKey)
+{
+    SetFocus(*this);
+    SendMessageW(*this, WM_KEYDOWN, uKey, 1);
+}
+
+void EditorField::PressWithControl(UINT uKey)
+{
+    const ControlKeyScope control;
+    Press(uKey);
+}
+
+size_t EditorField::CaretOffset() const
+{
+    return size_t{OffsetOfLine(m_nCaretLine)} + m_nCaretChar;
+}
+
+size_t EditorField::AnchorOffset() const
+{
+    return size_t{OffsetOfLine(m_nAnchorLine)} + m_nAnchorChar;
+}
+
+void EditorField::Select(size_t nFrom, size_t nTo)
+{
+    PutInLine(nFrom, m_nAnchorLine, m_nAnchorChar);
+    PutInLine(nTo, m_nCaretLine, m_nCaretChar);
+    SetFocus(*this);
+    UpdateCursorPos();
+    Invalidate(0);
+}
+
+// A character of a line end belongs to the line that it ends.
+void EditorField::PutInLine(size_t nOffset, UINT& nLine, UINT& nChar) const
+{
+    UINT nStart = 0;
+    nLine = 0;
+    while (nLine + 1 < m_aLines.GetLength() && nOffset >= size_t{nStart} + LengthOfLine(nLine, nStart)) {
+        nStart += LengthOfLine(nLine, nStart);
+        nLine++;
+    }
+    nChar = static_cast<UINT>(nOffset) - nStart;
+}
+
+} // namespace gallery
