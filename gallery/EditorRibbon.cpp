@@ -79,6 +79,17 @@ void EditorPage::ShowHosted(bool fShow) const
     }
 }
 
+void EditorPage::SetDisabledLook(UINT nId, bool fDisabled)
+{
+    for (GRibbonPage::Group& group : m_aGroups) {
+        for (Item& item : group.aItems) {
+            if (item.nId == nId) {
+                item.uFlags = fDisabled ? item.uFlags | RIF_DISABLED : item.uFlags & ~RIF_DISABLED;
+            }
+        }
+    }
+}
+
 void EditorPage::AddParts(std::vector<Part>& parts, HWND hwndRibbon) const
 {
     for (const GRibbonPage::Group& group : m_aGroups) {
@@ -117,6 +128,13 @@ void EditorRibbon::ShowTab(UINT nIndex, bool fShow)
 {
     SetStatus(nIndex, fShow ? RIBBON_TAB_VISIBLE : 0);
     FollowActivePage();
+}
+
+void EditorRibbon::SetDisabledLook(UINT nId, bool fDisabled)
+{
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        PageAt(i).SetDisabledLook(nId, fDisabled);
+    }
 }
 
 void EditorRibbon::FollowActivePage() const

@@ -66,6 +66,8 @@ public:
     // A window that the host makes as a child of the ribbon; it gets a place in the group, in rows from 0.
     void Host(HWND hwnd, int nRow);
     void ShowHosted(bool fShow) const;
+    // How the items with that id look. They report clicks all the same.
+    void SetDisabledLook(UINT nId, bool fDisabled);
 
     LPCWSTR TabTitle() const { return m_pszTitle; }
     void AddParts(std::vector<Part>& parts, HWND hwndRibbon) const;
@@ -83,6 +85,8 @@ public:
     HWND Create(const RECT& rc, HWND hwndParent);
     EditorPage& AddEditorPage(LPCWSTR pszTitle);
     void ShowTab(UINT nIndex, bool fShow);
+    // On every page; the caller repaints.
+    void SetDisabledLook(UINT nId, bool fDisabled);
     // Shows the hosted windows of the active page and hides the others.
     void FollowActivePage() const;
 

@@ -6,6 +6,7 @@
 #include <gesso/edit/GComboBox.h>
 #include <gesso/ribbon/GRightClickMenu.h>
 
+#include <algorithm>
 #include <commctrl.h>
 #include <cwctype>
 #include <iterator>
@@ -56,6 +57,9 @@ enum TabIndex : UINT
     TAB_REVIEW,
     TAB_VIEW,
 };
+
+constexpr UINT EDITING_COMMANDS[] = {ID_NEW,  ID_CUT,       ID_PASTE,      ID_CLEAR,     ID_UNDO,
+                                     ID_DATE, ID_CHARACTER, ID_UPPER_CASE, ID_LOWER_CASE};
 
 constexpr int SIZES[] = {9, 10, 12, 14, 18, 24};
 
@@ -241,6 +245,9 @@ private:
     // A click on an item of the ribbon.
     void OnItem(UINT uId, bool fChecked)
     {
+        if (!IsWindowEnabled(*m_editor) && IsEditing(uId)) {
+            return;
+        }
         switch (uId) {
         case ID_NEW: return m_editor->StartAnew();
         case ID_CUT: return m_editor->Cut();
@@ -260,10 +267,26 @@ private:
         case ID_CHARACTER: return m_editor->Type(L"\x2013");
         case ID_UPPER_CASE: return m_editor->ReplaceCharacters(&std::towupper);
         case ID_LOWER_CASE: return m_editor->ReplaceCharacters(&std::towlower);
-        case ID_LOCKED: EnableWindow(*m_editor, !fChecked); break;
+        case ID_LOCKED: return Lock(fChecked);
         case ID_REVIEW_TAB: return m_ribbon->ShowTab(TAB_REVIEW, fChecked);
         default: break;
         }
+    }
+
+    static bool IsEditing(UINT uId)
+    {
+        return std::find(std::begin(EDITING_COMMANDS), std::end(EDITING_COMMANDS), uId) !=
+               std::end(EDITING_COMMANDS);
+    }
+
+    void Lock(bool fLocked)
+    {
+        SetFocus(m_hwnd); // a disabled window would keep the keys to itself
+        EnableWindow(*m_editor, !fLocked);
+        for (const UINT uId : EDITING_COMMANDS) {
+            m_ribbon->SetDisabledLook(uId, fLocked);
+        }
+        m_ribbon->Invalidate(0);
     }
 
     // A choice from the value menu.

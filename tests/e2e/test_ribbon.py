@@ -188,6 +188,19 @@ class Ribbon(unittest.TestCase):
         self.gallery.lines()
         self.assertEqual(self.editor.text, "one two")
 
+    def test_a_locked_text_keeps_what_it_has(self):
+        self.write("one")
+        for text, left in (("two", "one"), ("two", "two")):
+            self.show("View")
+            self.click("Locked")
+            self.show("Insert")
+            new = self.item("New")
+            self.click(new.text)
+            self.assertEqual(self.item_commands(), [(new.id, 0)])
+            self.gallery.type(text)
+            self.gallery.lines()
+            self.assertEqual(self.editor.text, left)
+
     def test_a_hosted_field_takes_the_keyboard(self):
         self.write("one two one")
         self.show("Home")
