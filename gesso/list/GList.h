@@ -374,6 +374,8 @@ private:
     void StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
     void PrepareSubItem(ListSubItem& sub, UINT column);
     void PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column);
+    void PrepareItems(HDC hdc, HFONT hFont, void* ListTextPair::*part);
+    UINT FormatOf(UINT column) const;
     static void ReleaseColumn(ListColumn* column);
     static void ReleaseGroup(ListGroup* group);
     static void ReleaseItem(ListItem* item);

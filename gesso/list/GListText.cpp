@@ -86,12 +86,16 @@ void GList::TextOutW(HDC hdc, UINT mode, void* pair, RECT rc)
     }
 }
 
+UINT GList::FormatOf(UINT column) const
+{
+    return column < columns.GetLength() ? columns[column]->format : 0;
+}
+
 void GList::PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column)
 {
     if (sub.text) {
-        const UINT format = column < columns.GetLength() ? columns[column]->format : 0;
-        FreeText(
-            std::exchange(sub.prepared, PrepareText(hdc, ITEM_TEXT, sub.text, nullptr, format, lineHeight)));
+        ListTextPair* prepared = PrepareText(hdc, ITEM_TEXT, sub.text, nullptr, FormatOf(column), lineHeight);
+        FreeText(std::exchange(sub.prepared, prepared));
     }
 }
 
@@ -116,10 +120,24 @@ void GList::BulkInsertOff()
         return;
     }
     const WindowContext context(m_hWnd);
+    PrepareItems(context, fontLabelText, &ListTextPair::first);
+    PrepareItems(context, fontLabelTitle, &ListTextPair::second);
+    Calculate();
+}
+
+// One part of all texts, since to change the font of a context costs as much as to shape a text.
+void GList::PrepareItems(HDC hdc, HFONT hFont, void* ListTextPair::*part)
+{
+    const SelectScope font(hdc, hFont);
     for (UINT item = 0; item < items.GetLength(); ++item) {
         for (UINT subItem = 0; subItem < items[item]->subItemCount; ++subItem) {
-            PrepareSubItem(context, items[item]->SubItems()[subItem], subItem);
+            ListSubItem& sub = items[item]->SubItems()[subItem];
+            if (sub.text) {
+                sub.prepared = sub.prepared ? sub.prepared : new ListTextPair{};
+                CloseText(std::exchange(sub.prepared->*part,
+                                        CDrawText::DrawText_Prepare(hdc, sub.text, -1, nullptr,
+                                                                    FormatOf(subItem), lineHeight, nullptr)));
+            }
         }
     }
-    Calculate();
 }

@@ -157,8 +157,11 @@ TEST_F(GListDataTest, ABulkFillPreparesAndLaysOutAtItsEnd)
     EXPECT_EQ(list.Rows(),
               (std::vector<std::string>{"item 0 at 0..22", "item 1 at 22..44", "item 2 at 44..66"}));
     EXPECT_EQ(list.Texts(), "item0 changed item2");
-    EXPECT_TRUE(list.items[0]->SubItem(0)->prepared);
-    EXPECT_TRUE(list.items[0]->SubItem(1)->prepared);
+    for (UINT column = 0; column < 2; ++column) {
+        const ListTextPair* prepared = list.items[0]->SubItem(column)->prepared;
+        ASSERT_TRUE(prepared);
+        EXPECT_TRUE(prepared->first && prepared->second && prepared->first != prepared->second);
+    }
     EXPECT_FALSE(list.items[2]->SubItem(1)->prepared) << "a text that is not there is not prepared";
     for (UINT i = 0; i < 3; ++i) {
         EXPECT_EQ(list.items[i]->row, 0u);
