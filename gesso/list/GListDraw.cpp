@@ -24,6 +24,8 @@ constexpr COLORREF CAPTION_COLOR = 0x767676;
 constexpr int USUAL_MARGIN = 2;
 constexpr int HEADER_TOP = 5; // of the captions, and the bottom of the sort arrow, in the window
 constexpr UINT MOST_FRAMES = 100;
+// Stands for what an item made with fewer columns does not have.
+constexpr ListSubItem NO_SUB_ITEM{0, static_cast<UINT>(-1), nullptr, nullptr};
 constexpr RECT FRAME_NUMBER_RECT{0, 0, 50, 20};
 
 int Margin(LONG side)
@@ -150,9 +152,8 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
         DrawCheckBox(index, Shifted(elements[0].rect, rc.left, rc.top));
     }
     for (UINT k = fCheckBoxes ? 1 : 0; k < elements.GetLength(); ++k) {
-        if (const ListSubItem* sub = item->SubItem(elements[k].column)) {
-            DrawElement(elements[k], *sub, ContentOf(elements[k], rc));
-        }
+        const ListSubItem* sub = item->SubItem(elements[k].column);
+        DrawElement(elements[k], sub ? *sub : NO_SUB_ITEM, ContentOf(elements[k], rc));
     }
 }
 
@@ -276,9 +277,10 @@ void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 void GList::Draw(HDC hdc)
 {
     RECT rc{};
-    GetClientRect(m_hWnd, &rc);
     const gesso::TransparentScope mode(hdc);
-    DrawThemeParentBackground(m_hWnd, hdc, &rc);
+    if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
+        return;
+    }
     RECT rcFrame = rc;
     InflateRect(&rcFrame, 2, 2);
     themeList.DrawBackground(hdc, rcFrame);
@@ -423,11 +425,12 @@ LRESULT GList::OnNcPaint(WPARAM wRegion)
 
 LRESULT GList::OnPrintClient(HDC hdc, LPARAM lParam)
 {
+    const HWND hwnd = m_hWnd;
     if (lParam & PRF_NONCLIENT) {
         const gesso::NonClientPrint print(m_hWnd, hdc);
         NcDraw(print.Context(), print.WindowRect());
     }
-    if (lParam & PRF_CLIENT) {
+    if ((lParam & PRF_CLIENT) && Frame::IsAlive(hwnd, this)) {
         Draw(hdc);
     }
     return 0;
@@ -439,9 +442,10 @@ LRESULT GList::OnPaint()
         ReplayFrame();
         return 0;
     }
-    gesso::BufferedPaint paint(m_hWnd);
+    const HWND hwnd = m_hWnd;
+    gesso::BufferedPaint paint(hwnd);
     Draw(paint.Context());
-    if (frameRecord) {
+    if (Frame::IsAlive(hwnd, this) && frameRecord) {
         KeepFrame(paint.KeepBitmap());
     }
     return 0;

@@ -107,7 +107,7 @@ bool GList::HitTestRow(HitTestInfo* pInfo, UINT row, int x) const
     }
     const bool fItem = element.index < items.GetLength();
     if ((listStyle & GLS_VIEWMASK) == GLS_ICONS) {
-        // Required as it stands; beyond the three elements of an icon nothing is hit.
+        // Hosts rely on the comparisons as they are; beyond the three elements of an icon nothing is hit.
         const bool fHit =
             fItem && row < columnDraw.GetLength() && columnDraw[row].rect.left >= x && rc.right < x;
         if (fHit) {

@@ -78,7 +78,7 @@ template <class KEY> void StoreItems(const std::vector<KEY>& keys, ListItem** a)
 void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare)
 {
     std::vector<DataKey> keys;
-    std::transform(a, a + n, std::back_inserter(keys), [](ListItem* item) {
+    std::transform(a, a + std::max<__int64>(n, 0), std::back_inserter(keys), [](ListItem* item) {
         return DataKey{item->customData, item};
     });
     SortKeys(keys, ascending,
@@ -89,7 +89,7 @@ void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT
 void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column)
 {
     std::vector<TextKey> keys;
-    std::transform(a, a + n, std::back_inserter(keys), [column](ListItem* item) {
+    std::transform(a, a + std::max<__int64>(n, 0), std::back_inserter(keys), [column](ListItem* item) {
         const LPCWSTR text = TextOf(item, column);
         return TextKey{LeadOf(text), text, item};
     });

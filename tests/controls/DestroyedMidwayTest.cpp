@@ -22,6 +22,8 @@ template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
         return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", L"Note", 0, CHILD);
     } else if constexpr (requires { control.SetText(nullptr); }) {
         return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", 0, CHILD);
+    } else if constexpr (requires { control.SetListStyle(GLS_DETAILS); }) {
+        return control.Create(10, 10, 100, 30, hwndParent, 33, GLS_DETAILS, 0, CHILD);
     } else {
         return control.Create(10, 10, 100, 30, hwndParent, 33, 0, CHILD);
     }
@@ -59,7 +61,8 @@ protected:
     }
 };
 
-using Transparent = testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar>;
+using Transparent =
+    testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar, GList>;
 TYPED_TEST_SUITE(ParentBackgroundTest, Transparent);
 
 TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaints)

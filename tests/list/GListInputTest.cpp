@@ -76,7 +76,7 @@ TEST_F(GListInputTest, APointHitsTheCellThatShowsThere)
     EXPECT_EQ(list.HitAt(5, 5).item, END) << "an empty list has no header to click";
 }
 
-TEST_F(GListInputTest, GroupRowsCheckBoxesAndIconsHitAsStated)
+TEST_F(GListInputTest, GroupRowsCheckBoxesAndIconsHitByTheirOwnRules)
 {
     list.SetListStyle(GLS_DETAILS);
     AddGroup(0);
@@ -94,7 +94,7 @@ TEST_F(GListInputTest, GroupRowsCheckBoxesAndIconsHitAsStated)
     list.SetListStyle(GLS_ICONS);
     for (int x = 0; x < LIST_CX; x += 7) {
         for (int y = 0; y < LIST_CY; y += 7) {
-            EXPECT_EQ(list.HitAt(x, y).item, END) << "icons overlap their elements nowhere as required";
+            EXPECT_EQ(list.HitAt(x, y).item, END) << "icons overlap their elements nowhere";
         }
     }
 }

@@ -277,7 +277,7 @@ struct BarCase
 };
 
 // The rule of the pages, by what fits with and without the bars, in a window of 300 x 200.
-TEST_F(GListLayoutTest, PagesAreReducedByTheStatedRule)
+TEST_F(GListLayoutTest, PagesAreReducedWhereOneOrBothDirectionsFit)
 {
     MakeList();
     const int bar = GetSystemMetrics(SM_CXVSCROLL);
@@ -324,7 +324,7 @@ TEST_F(GListLayoutTest, BarsComeAndGoWithTheContentAndTheWindow)
     EXPECT_EQ(list.elements.GetLength(), 0u);
 }
 
-TEST_F(GListLayoutTest, ScrollingStepsByTheStatedAmountsAndStopsAtTheEnds)
+TEST_F(GListLayoutTest, ScrollingStepsByLinesAndPagesAndStopsAtTheEnds)
 {
     MakeList(GLS_DETAILS | GLS_HEADER);
     AddColumns(8);

@@ -44,7 +44,7 @@ TEST_F(GListSortTest, TextsSortWithoutCaseByUnits)
     EXPECT_EQ(list.Texts().substr(0, 6), "B2 b10");
 }
 
-// The swaps of the stated partition, worked through by hand: they decide how equal items lie.
+// The swaps of the partition, worked through by hand: they decide how equal items lie.
 TEST_F(GListSortTest, EqualItemsLieAsThePartitionLeavesThem)
 {
     Fill({"x", "X", "a", "x", "A"});
@@ -183,8 +183,8 @@ std::vector<Counted> Sorted(std::vector<int> keys)
     return values;
 }
 
-// The stated sort, as it recurses on the left part, to compare the order of equal items with.
-void StatedSort(Counted* a, int64_t n)
+// The same sort as it recurses on the left part, to compare the order of equal items with.
+void RecursiveSort(Counted* a, int64_t n)
 {
     while (n > 1) {
         const Counted pivot = a[n >> 1];
@@ -202,13 +202,13 @@ void StatedSort(Counted* a, int64_t n)
             }
             std::swap(a[i++], a[j--]);
         }
-        StatedSort(a, i);
+        RecursiveSort(a, i);
         n -= i;
         a += i;
     }
 }
 
-TEST(PartitionSort, KeepsTheStatedOrderOfEqualItems)
+TEST(PartitionSort, LeavesEqualItemsAsItsRecursiveFormDoes)
 {
     std::mt19937 random(7);
     for (int round = 0; round < 300; ++round) {
@@ -217,13 +217,13 @@ TEST(PartitionSort, KeepsTheStatedOrderOfEqualItems)
             key = static_cast<int>(random() % (1 + random() % 50));
         }
         const std::vector<Counted> sorted = Sorted(keys);
-        std::vector<Counted> stated;
+        std::vector<Counted> expected;
         for (const int key : keys) {
-            stated.push_back({key, static_cast<int>(stated.size())});
+            expected.push_back({key, static_cast<int>(expected.size())});
         }
-        StatedSort(stated.data(), static_cast<int64_t>(stated.size()));
+        RecursiveSort(expected.data(), static_cast<int64_t>(expected.size()));
         for (size_t i = 0; i < sorted.size(); ++i) {
-            ASSERT_EQ(sorted[i].place, stated[i].place) << "round " << round << ", place " << i;
+            ASSERT_EQ(sorted[i].place, expected[i].place) << "round " << round << ", place " << i;
         }
     }
 }

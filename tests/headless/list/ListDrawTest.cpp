@@ -200,6 +200,20 @@ TEST_F(ListDrawTest, TilesShowCaptionsInGrey)
                      "ScriptTextOut \"12 KB\" (46,3) cx=30 latin font=\"Segoe UI\" 12 color=000000"}));
 }
 
+TEST_F(ListDrawTest, AnItemOfFewerColumnsShowsNoMoreThanItHas)
+{
+    MakeList();
+    AddColumns(1);
+    AddItems(1);
+    const RECT rc{10, 2, 90, 18};
+    list.InsertColumn(END, LCF_TILECAPTION, DT_SINGLELINE, 100, 10, L"Size", 0, LCT_IMAGETEXT, &rc, nullptr,
+                      nullptr, nullptr);
+    EXPECT_EQ(Texts().size(), 1u);
+    list.SetListStyle(GLS_TILES);
+    ASSERT_EQ(Texts().size(), 1u);
+    EXPECT_EQ(Texts()[0].substr(0, 21), "ScriptTextOut \"Size:\"") << "the caption is the column's";
+}
+
 TEST_F(ListDrawTest, CheckBoxesOfAListPressTogether)
 {
     MakeList(GLS_DETAILS | GLS_CHECKBOXES);
