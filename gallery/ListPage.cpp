@@ -20,6 +20,7 @@ constexpr UINT MANY = 100'000;
 constexpr UINT END = static_cast<UINT>(-1);
 constexpr UINT TILE_HEIGHT = 44;
 constexpr UINT USUAL_HEIGHT = 22;
+constexpr int CHECK_BOX_ROOM = 20; // left of a tile
 
 enum Column : UINT
 {
@@ -258,6 +259,7 @@ private:
         m_pList->RemoveAllItems();
         m_pList->RemoveAllGroups();
         m_pList->RemoveAllColumns();
+        m_pList->SetListStyle(GLS_DETAILS); // without columns, so that icons show the first one, the name
         const UINT style = ListStyle();
         const UINT view = style & GLS_VIEWMASK;
         m_pList->SetImageList(view == GLS_DETAILS ? SmallFileImages() : LargeFileImages());
@@ -276,8 +278,10 @@ private:
     {
         for (const ColumnKind& c : COLUMNS) {
             const PFNLISTGROUP group = &c == &COLUMNS[TYPE] ? &GroupByType : nullptr;
-            m_pList->InsertColumn(END, c.uTileFlags, c.uFormat, c.cx, 40, c.pszName, 0, c.type,
-                                  fTiles ? &c.rcTile : nullptr, group, c.fktSort, nullptr);
+            RECT rcTile = c.rcTile;
+            OffsetRect(&rcTile, Is(CHECKBOXES) ? CHECK_BOX_ROOM : 0, 0);
+            m_pList->InsertColumn(END, c.uTileFlags, fTiles ? LINE : c.uFormat, c.cx, 40, c.pszName, 0,
+                                  c.type, fTiles ? &rcTile : nullptr, group, c.fktSort, nullptr);
         }
     }
 

@@ -116,10 +116,47 @@ class List(unittest.TestCase):
         self.gallery.click(self.row(0))
         self.assertEqual(self.status()[1], first)
 
+    def test_the_arrow_and_the_track_of_a_bar_scroll(self):
+        self.gallery.click(self.row(0))
+        first = self.status()[1]
+        self.gallery.click(self.bar(self.list.cy - BORDER - BAR // 2))
+        self.gallery.click(self.row(3))
+        by_line = self.status()[1]
+        self.assertNotEqual(by_line, first)
+        self.gallery.click(self.bar(self.list.cy - BORDER - 2 * BAR))
+        self.gallery.click(self.row(3))
+        self.assertNotEqual(self.status()[1], by_line)
+        self.gallery.click(self.bar(BORDER + 3 * BAR))
+        self.gallery.key("Home")
+        self.assertEqual(self.status()[1], first)
+
+    def test_the_lower_thumb_scrolls_across(self):
+        x, y = self.header("size", 0)
+        self.gallery.move((x, y))
+        self.gallery.press()
+        for step in range(1, 11):
+            self.gallery.move((x + 30 * step, y))
+        self.gallery.release()
+        before = self.place_of_edit()
+        thumb = self.list.x + BORDER + BAR + 30, self.list.y + self.list.cy - BORDER - BAR // 2
+        self.gallery.move(thumb)
+        self.gallery.press()
+        for step in range(1, 21):
+            self.gallery.move((thumb[0] + 40 * step, thumb[1]))
+        self.gallery.release()
+        self.assertLess(self.place_of_edit(), before - 100)
+
+    def place_of_edit(self):
+        self.gallery.click(self.row(2))
+        self.gallery.key("F2")
+        edit = wait_for("the edit window", self.edit_window)[0]
+        self.gallery.key("Escape")
+        return edit.x
+
     def test_a_name_is_edited_in_place(self):
         self.gallery.click(self.row(2))
         self.gallery.key("F2")
-        wait_for("the edit window", lambda: self.edit_window())
+        wait_for("the edit window", self.edit_window)
         self.gallery.key("a", "b", "c", "Return")
         self.assertEqual(self.status()[1:], ("abc", "renamed to abc"))
         self.gallery.key("F2", "x", "Escape")
@@ -133,6 +170,9 @@ class List(unittest.TestCase):
         return [c for c in self.gallery.controls() if c.class_name.lower() == "edit"]
 
     def test_every_view_shows_and_a_hundred_thousand_rows_scroll(self):
+        self.gallery.click(self.gallery.control("GCheckBox", "&Groups").middle)
+        self.gallery.lines()
+        self.gallery.click(self.gallery.control("GCheckBox", "&Groups").middle)
         for view in ("&Tiles", "&Icons", "&Details"):
             self.gallery.click(self.gallery.control("GRadioButton", view).middle)
             self.gallery.lines()
