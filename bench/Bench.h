@@ -52,5 +52,6 @@ void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
+void MeasureLongList(Bench& bench);
 
 } // namespace bench

@@ -24,6 +24,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"scrollbars", &bench::MeasureScrollbars},
     {"text", &bench::MeasureText},
     {"list", &bench::MeasureList},
+    {"longlist", &bench::MeasureLongList},
     {"dialogs", &bench::MeasureDialogs},
 };
 // clang-format on
