@@ -6,6 +6,7 @@
 
 #include <gesso/controls/Image.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/ThemeFont.h>
 
 int Control::Destroy()
 {
@@ -29,7 +30,7 @@ void Control::SetFont(HFONT hFont)
 
 HFONT Control::GetFont() const
 {
-    return m_hFont;
+    return gesso::HandOut(m_hFont);
 }
 
 int Control::SetText(LPCWSTR pszText)
@@ -86,7 +87,7 @@ LRESULT Control::OnSetFont(HFONT hFont, UINT uRedraw)
 
 LRESULT Control::OnGetFont() const
 {
-    return reinterpret_cast<LRESULT>(static_cast<HFONT>(m_hFont));
+    return reinterpret_cast<LRESULT>(gesso::HandOut(m_hFont));
 }
 
 LRESULT Control::OnSetText(LPCWSTR pszText)

@@ -73,7 +73,7 @@ void GCommandButton::SetNoteFont(HFONT hFont)
 
 HFONT GCommandButton::GetNoteFont() const
 {
-    return m_hNoteFont;
+    return m_hNoteFont.HandOut();
 }
 
 int GCommandButton::SetNote(LPCWSTR pszNote)

@@ -1,5 +1,5 @@
 // A font that a control makes from the visual style. A font of the host's may be put in its place; the former
-// one is then left to whoever took it with GetFont.
+// one is then left to whoever took it with GetFont, and deleted where nobody did.
 #pragma once
 
 #include <gesso/framework/Owned.h>
@@ -13,7 +13,16 @@ class ThemeFont : public Owned<HFONT, DeleteThemeFont>
 public:
     ThemeFont& operator=(HFONT hFont) noexcept
     {
+        if (!m_fHandedOut) {
+            Reset();
+        }
         Borrow(hFont);
+        return *this;
+    }
+
+    HFONT HandOut() const noexcept
+    {
+        m_fHandedOut = true;
         return *this;
     }
 
@@ -24,7 +33,20 @@ public:
         Borrow(nullptr);
         DeleteThemeFont(hFont);
     }
+
+private:
+    mutable bool m_fHandedOut = false; // some font of this place, at some time
 };
+
+// A control's font, for a caller who may keep it.
+inline HFONT HandOut(HFONT hFont) noexcept
+{
+    return hFont;
+}
+inline HFONT HandOut(const ThemeFont& font) noexcept
+{
+    return font.HandOut();
+}
 
 // The font that the style gives a part in its state 0 (nProperty: TMT_FONT, ...). Where the style has none,
 // one like the library's default font, nPercent of its size; null before InitControls. The caller deletes it.

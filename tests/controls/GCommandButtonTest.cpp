@@ -155,6 +155,23 @@ TEST_F(GCommandButtonTest, FontsOfTheHostsAreDeletedAndFormerOnesAreNot)
     DeleteObject(hFormerNote);
 }
 
+TEST_F(GCommandButtonTest, FontThatNobodyTookGoesWhenAnotherComes)
+{
+    class Probe : public GCommandButton
+    {
+    public:
+        HFONT Font() const { return m_hFont; }
+    } button;
+    Make(button);
+    const HFONT hMade = button.Font();
+    const HFONT hGiven = SomeFont();
+    ASSERT_TRUE(IsFont(hMade));
+    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(hGiven), FALSE);
+    EXPECT_FALSE(IsFont(hMade));
+    EXPECT_TRUE(IsFont(hGiven));
+    DestroyWindow(button);
+}
+
 TEST_F(GCommandButtonTest, FontsOfTheHostsStayWhereNoWindowTookThemOver)
 {
     const HFONT hGiven = SomeFont();
