@@ -75,6 +75,7 @@ Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]
 "Segoe UI"="Open Sans"
+"Calibri"="Carlito"
 "Courier New"="DejaVu Sans Mono"
 
 [HKEY_CURRENT_USER\\Control Panel\\Desktop]
@@ -89,7 +90,8 @@ SETTINGS
 # take its light face for the regular one.
 choose_fonts() {
     mkdir -p "$BUILD/fonts"
-    ln -sf /usr/share/fonts/truetype/open-sans/OpenSans-{Regular,Bold,Italic,BoldItalic}.ttf "$BUILD/fonts/"
+    ln -sf /usr/share/fonts/truetype/open-sans/OpenSans-{Regular,Bold,Italic,BoldItalic}.ttf \
+        /usr/share/fonts/truetype/crosextra/Carlito-{Regular,Bold}.ttf "$BUILD/fonts/"
     # For combining marks and the scripts that Open Sans does not have.
     ln -sf /usr/share/fonts/truetype/noto/NotoSans{,Hebrew,Arabic,Devanagari,Thai}-Regular.ttf \
         /usr/share/fonts/truetype/vlgothic/VL-PGothic-Regular.ttf \

@@ -12,7 +12,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 declare -A PACKAGES=(
     [build]="cmake ninja-build g++ g++-mingw-w64-x86-64-posix libwine-dev googletest python3"
     # What Wine loads of X at run time is only recommended by its package, like its own fonts.
-    [run]="wine64 fonts-wine fonts-open-sans fonts-dejavu-core fonts-noto-core fonts-vlgothic fonts-symbola
+    [run]="wine64 fonts-wine fonts-open-sans fonts-crosextra-carlito fonts-dejavu-core fonts-noto-core fonts-vlgothic fonts-symbola
            xvfb xdotool libxrender1 libxcursor1 libxcomposite1 libxfixes3 libxi6 libxinerama1 libxrandr2
            libxxf86vm1"
     [test]="clang-format python3"
