@@ -43,6 +43,7 @@ int EntryCombos::Build(Canvas& canvas, POINT pt)
         many.InsertItem(APPEND, 0, (L"Row " + std::to_wstring(n)).c_str(), 0, nullptr);
     }
     many.SetSelected(MANY_ROWS / 2 - 1);
+    AddPlatformField(grid);
 
     const int y = grid.Bottom();
     m_pCounts =
@@ -60,6 +61,17 @@ GComboBox& EntryCombos::Add(Grid& grid, LPCWSTR pszCaption, DWORD dwStyle, DWORD
     AddCities(combo);
     m_combos.push_back(&combo);
     return combo;
+}
+
+// The platform's own field, to cut and paste from and to.
+void EntryCombos::AddPlatformField(Grid& grid) const
+{
+    const RECT rc = grid.NextCell(L"the platform's EDIT");
+    const auto nId = static_cast<INT_PTR>(m_pCanvas->NextId());
+    const HWND hwnd = CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"", COMBO_STYLE | ES_AUTOHSCROLL, rc.left,
+                                      rc.top, rc.right - rc.left, rc.bottom - rc.top, m_pCanvas->Window(),
+                                      reinterpret_cast<HMENU>(nId), nullptr, nullptr);
+    SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
 }
 
 void EntryCombos::OnCommand(UINT uCode, HWND hwndFrom)

@@ -15,6 +15,7 @@ public:
 
 private:
     GComboBox& Add(Grid& grid, LPCWSTR pszCaption, DWORD dwStyle, DWORD dwExStyle = 0);
+    void AddPlatformField(Grid& grid) const;
     void ShowCounts() const;
 
     Canvas* m_pCanvas = nullptr;

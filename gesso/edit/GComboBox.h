@@ -234,7 +234,7 @@ private:
     void SendChanged();
     void DeleteForward();
     void DeleteBackward();
-    void Copy() const;
+    bool Copy() const;
     void Cut();
     void Paste();
 

@@ -406,19 +406,18 @@ void GComboBox::DeleteBackward()
     }
 }
 
-void GComboBox::Copy() const
+// False where there is no selection, or the clipboard did not take it.
+bool GComboBox::Copy() const
 {
     const TextRange range = Selection();
-    if (range.nFrom != range.nTo) {
-        gesso::PutClipboardText(m_hWnd, static_cast<LPCWSTR>(m_strText) + range.nFrom,
-                                range.nTo - range.nFrom);
-    }
+    return range.nFrom != range.nTo &&
+           gesso::PutClipboardText(m_hWnd, static_cast<LPCWSTR>(m_strText) + range.nFrom,
+                                   range.nTo - range.nFrom);
 }
 
 void GComboBox::Cut()
 {
-    if (m_nCaret != m_nAnchor) {
-        Copy();
+    if (Copy()) {
         RemoveText(Selection());
     }
 }

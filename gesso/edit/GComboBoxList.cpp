@@ -281,6 +281,19 @@ bool GComboBoxList::IsOverBar(POINTS ptScreen) const
     return !(m_dwVStyle & GSB_HIDDEN) && PtInRect(&rcBar, {ptScreen.x, ptScreen.y});
 }
 
+// The base takes its bars to start in the corner of the client area, from which this frame parts them twice:
+// once in the point, once in the bars.
+POINTS GComboBoxList::BarPoint(POINTS ptScreen) const
+{
+    const SIZE frame = FrameSize();
+    return {static_cast<SHORT>(ptScreen.x + 2 * frame.cx), static_cast<SHORT>(ptScreen.y + 2 * frame.cy)};
+}
+
+LRESULT GComboBoxList::OnNcMouseMove(UINT uHit, POINTS ptScreen)
+{
+    return GWndScroll::OnNcMouseMove(uHit, BarPoint(ptScreen));
+}
+
 // --- Scrolling
 // ----------------------------------------------------------------------------------------------------
 
@@ -417,7 +430,7 @@ LRESULT GComboBoxList::OnLButtonDown(WPARAM wKeys, POINTS pt)
     GetClientRect(m_hWnd, &rcClient);
     const POINTS ptScreen = ToScreen(pt);
     if (IsOverBar(ptScreen)) {
-        return GWndScroll::OnNcLButtonDown(HTVSCROLL, ptScreen);
+        return GWndScroll::OnNcLButtonDown(HTVSCROLL, BarPoint(ptScreen));
     }
     if (PtInRect(&rcClient, {pt.x, pt.y})) {
         m_hitDown = {pt, HitTest(pt), KeysOf(wKeys)};
@@ -430,7 +443,7 @@ LRESULT GComboBoxList::OnLButtonDown(WPARAM wKeys, POINTS pt)
 LRESULT GComboBoxList::OnNcLButtonDown(UINT uHit, POINTS ptScreen)
 {
     if (IsOverBar(ptScreen)) {
-        return GWndScroll::OnNcLButtonDown(uHit, ptScreen);
+        return GWndScroll::OnNcLButtonDown(uHit, BarPoint(ptScreen));
     }
     Close();
     return 0;

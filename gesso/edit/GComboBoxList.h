@@ -38,6 +38,7 @@ protected:
     LRESULT OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams);
     LRESULT OnNcPaint(WPARAM wRegion);
     LRESULT OnNcLButtonDown(UINT uHit, POINTS ptScreen);
+    LRESULT OnNcMouseMove(UINT uHit, POINTS ptScreen);
     LRESULT OnNcMouseLeave();
     LRESULT OnKeyDown(UINT uKey);
     LRESULT OnLButtonDown(WPARAM wKeys, POINTS pt);
@@ -80,6 +81,7 @@ private:
     void SetUpScrolling(int nPage);
     SIZE FrameSize() const;
     bool IsOverBar(POINTS ptScreen) const;
+    POINTS BarPoint(POINTS ptScreen) const;
     POINTS ToScreen(POINTS pt) const;
     UINT HitTest(POINTS pt) const;
     void MoveBy(int nRows);

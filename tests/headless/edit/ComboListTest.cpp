@@ -308,6 +308,19 @@ TEST_F(ComboListTest, TheBarScrollsByMouseAndTheWheelByLines)
     EXPECT_GT(topAfter([&] { desk::Wheel(-120); }), 4u) << "a page at least";
 }
 
+TEST_F(ComboListTest, AThickFrameLeavesTheBarWhereItIsDrawn)
+{
+    constexpr int FRAME = 6;
+    desk::SetThemePartSize("COMBOBOX", CP_BORDER, 0, {FRAME, FRAME});
+    Make(GCBS_DROPDOWNLIST, 40);
+    Combo().SetDropdownHeight(110 + 2 * FRAME);
+    Combo().SetSelected(0);
+    const int xBar = test::COMBO_CX - 2 * FRAME - 8; // in the client area, as all points here
+    WithList({[&] { ClickAt(List(), xBar, 110 - 2); }, [&] { ClickAt(List(), xBar, 110 - 16); },
+              [&] { ClickAt(List(), xBar, 2); }, [] { ClickRow(0); }});
+    EXPECT_EQ(Combo().GetSelected(), 1u) << "two rows down, one up";
+}
+
 TEST_F(ComboListTest, TheProgramMayRemoveItemsMeanwhile)
 {
     Make(GCBS_DROPDOWN, 100);

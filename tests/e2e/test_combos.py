@@ -1,0 +1,154 @@
+"""The combo boxes under a real pointer and keyboard: typing, the open list, and the clipboard."""
+import unittest
+
+from gallery import Gallery, xdotool
+
+SELCHANGE, CHANGE = 1, 0x300
+ROW = 22
+FRAME = 5  # the list's, at most
+
+
+class Combos(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.gallery = Gallery("Entry")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.gallery.close()
+
+    def above(self, caption):
+        """The control whose caption this is, as it is after all input so far."""
+        self.gallery.lines()
+        return self.found_above(caption)
+
+    def found_above(self, caption):
+        label = self.gallery.control("GLabel", caption)
+        found = [c for c in self.gallery.controls() if c.x == label.x and 0 <= label.y - c.y - c.cy < 6]
+        assert len(found) == 1, found
+        return found[0]
+
+    def text_of(self, caption):
+        return self.above(caption).text
+
+    @staticmethod
+    def button_of(combo):
+        return combo.x + combo.cx - 6, combo.y + combo.cy // 2
+
+    @staticmethod
+    def row_of(combo, row):
+        """The middle of a row in view of the open list."""
+        return combo.x + 20, combo.y + combo.cy + FRAME + row * ROW + ROW // 2
+
+    def codes(self, combo):
+        """The codes of the combo box's commands since the last look."""
+        start = f"WM_COMMAND id {combo.id} code "
+        return [int(line[len(start) :].split()[0]) for line in self.gallery.lines() if line.startswith(start)]
+
+    def empty(self, combo):
+        """Clears a field, whose text is selected when it gets the focus by the pointer twice."""
+        self.gallery.click((combo.x + 10, combo.middle[1]))
+        self.gallery.key("ctrl+a", "Delete")
+        self.gallery.lines()
+
+    def test_typing_selecting_and_deleting_in_the_field(self):
+        field = self.above("drop-down")
+        self.empty(field)
+        self.gallery.type("hello")
+        self.assertEqual(self.codes(field), [CHANGE] * 5)
+        self.gallery.key("shift+Left", "shift+Left")
+        self.gallery.type("p")
+        self.gallery.key("BackSpace", "Home", "Delete")
+        self.assertEqual(self.codes(field), [CHANGE] * 3)
+        self.assertEqual(self.text_of("drop-down"), "el")
+        self.gallery.move((field.x + 4, field.middle[1]))
+        self.gallery.press()
+        self.gallery.move((field.x + 90, field.middle[1]))
+        self.gallery.release()
+        self.gallery.type("x")
+        self.assertEqual(self.text_of("drop-down"), "x")
+
+    def test_f4_opens_the_list_and_keys_pick_in_it(self):
+        field = self.above("drop-down")
+        self.empty(field)
+        self.gallery.key("F4", "Down", "Down", "Down", "Up", "Return")
+        self.assertEqual(self.codes(field), [], "keys in the list are not told of")
+        chosen = self.text_of("drop-down")
+        self.gallery.key("Up")
+        self.assertEqual(self.codes(field), [SELCHANGE], "in the field they are")
+        self.assertNotEqual(self.text_of("drop-down"), chosen)
+
+    def test_the_pointer_opens_the_list_and_picks_a_row(self):
+        face = self.above("drop-down list")
+        self.gallery.click(face.middle)
+        self.gallery.key("Prior", "Prior", "Prior")
+        self.gallery.click(self.row_of(face, 2))
+        self.assertEqual(self.codes(face), [SELCHANGE])
+        self.assertEqual(self.text_of("drop-down list"), "Bergen")
+
+    def test_the_wheel_scrolls_the_open_list_and_steps_the_closed_one(self):
+        face = self.above("2,000 rows")
+        self.gallery.click(face.middle)
+        self.gallery.key(*["Prior"] * 200)
+        xdotool("click", 5)
+        self.gallery.click(self.row_of(face, 0))
+        self.assertEqual(self.text_of("2,000 rows"), "Row 4")
+        self.gallery.move(face.middle)
+        self.gallery.lines()
+        xdotool("click", 5, "click", 5, "click", 4)
+        self.assertEqual(self.codes(face), [SELCHANGE] * 3)
+        self.assertEqual(self.text_of("2,000 rows"), "Row 5")
+
+    def test_the_bar_of_the_open_list_drags_to_its_end(self):
+        face = self.above("2,000 rows")
+        xbar = face.x + face.cx - FRAME - 8
+        self.gallery.click(face.middle)
+        self.gallery.key(*["Prior"] * 200)
+        top = face.y + face.cy + FRAME + 17 + 6
+        self.gallery.move((xbar, top))
+        self.gallery.press()
+        self.gallery.move((xbar, top + 30))
+        self.gallery.move((xbar, top + 400))
+        self.gallery.release()
+        self.gallery.click(self.row_of(face, 3))
+        number = int(self.text_of("2,000 rows").split()[1])
+        self.assertGreater(number, 1990)
+
+    def test_a_click_elsewhere_closes_the_list_and_goes_no_further(self):
+        field = self.above("drop-down")
+        self.empty(field)
+        self.gallery.click(self.button_of(field))
+        self.gallery.click(self.gallery.button("Labels").middle)
+        self.assertEqual(self.gallery.control("GLabel", "Entry").text, "Entry", "the page is the same")
+        self.gallery.type("y")
+        self.assertIn(CHANGE, self.codes(field), "keys are the field's again")
+
+    def test_another_program_in_front_closes_the_list(self):
+        field = self.above("drop-down")
+        self.empty(field)
+        self.gallery.click(self.button_of(field))
+        other = Gallery("Labels")
+        other.close()
+        self.gallery.click((field.x + 10, field.middle[1]))
+        self.gallery.type("z")
+        self.assertIn(CHANGE, self.codes(field))
+
+    def test_text_goes_by_the_clipboard_to_the_platforms_field_and_back(self):
+        field = self.above("drop-down")
+        platform = self.found_above("the platform's EDIT")
+        self.empty(field)
+        self.gallery.type("cut me")
+        self.gallery.key("ctrl+a", "ctrl+x")
+        self.assertEqual(self.text_of("drop-down"), "")
+        self.gallery.click(platform.middle)
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text_of("the platform's EDIT"), "cut me")
+        self.gallery.type("!")
+        self.gallery.key("shift+Home", "ctrl+c")
+        self.gallery.click((field.x + 10, field.middle[1]))
+        self.gallery.key("ctrl+v", "ctrl+v")
+        self.assertEqual(self.text_of("drop-down"), "cut me!cut me!")
+
+
+if __name__ == "__main__":
+    unittest.main()
