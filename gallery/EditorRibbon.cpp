@@ -109,7 +109,7 @@ EditorRibbon::EditorRibbon()
     m_template = IDR_RIBBON;
 }
 
-HWND EditorRibbon::Create(const RECT& rc, HWND hwndParent)
+HWND EditorRibbon::MakeWindow(const RECT& rc, HWND hwndParent)
 {
     const HWND hwnd = GRibbon::Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent,
                                       GetModuleHandleW(nullptr));

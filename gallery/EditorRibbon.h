@@ -82,7 +82,7 @@ class EditorRibbon : public GRibbon
 public:
     EditorRibbon();
 
-    HWND Create(const RECT& rc, HWND hwndParent);
+    HWND MakeWindow(const RECT& rc, HWND hwndParent);
     EditorPage& AddEditorPage(LPCWSTR pszTitle);
     void ShowTab(UINT nIndex, bool fShow);
     // On every page; the caller repaints.

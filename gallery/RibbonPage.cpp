@@ -124,7 +124,7 @@ public:
                                 L"GRightClickMenu on a right click in the text.");
         m_hwnd = canvas.Window();
         m_ribbon = &canvas.Own(std::make_unique<EditorRibbon>());
-        m_ribbon->Create(RIBBON_RECT, m_hwnd);
+        m_ribbon->MakeWindow(RIBBON_RECT, m_hwnd);
         MakeEditor(canvas);
         m_find = &canvas.Own(std::make_unique<GEdit>());
         m_sizes = &canvas.Own(std::make_unique<GComboBox>());
