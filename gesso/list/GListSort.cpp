@@ -18,8 +18,7 @@ struct DataKey
     ListItem* item;
 };
 
-// The text's first four characters, folded and in one number, decide most comparisons without a look at the
-// text.
+// Four folded characters in one number decide most comparisons without a look at the text.
 struct TextKey
 {
     uint64_t lead;
@@ -29,14 +28,30 @@ struct TextKey
 constexpr int LEAD_LENGTH = 4;
 constexpr int CHARACTER_BITS = 16;
 
+// As _wcsicmp folds it.
+WORD Folded(wchar_t c)
+{
+    return static_cast<WORD>(towlower(static_cast<wint_t>(c)));
+}
+
 uint64_t LeadOf(LPCWSTR text)
 {
     uint64_t lead = 0;
     for (int i = 0; i < LEAD_LENGTH; ++i) {
-        lead = lead << CHARACTER_BITS | static_cast<WORD>(towlower(static_cast<wint_t>(*text)));
+        lead = lead << CHARACTER_BITS | Folded(*text);
         text += *text ? 1 : 0;
     }
     return lead;
+}
+
+// How many characters, of `most` at the most, two texts begin with in common.
+size_t CommonStart(LPCWSTR a, LPCWSTR b, size_t most)
+{
+    size_t n = 0;
+    while (n < most && a[n] && Folded(a[n]) == Folded(b[n])) {
+        ++n;
+    }
+    return n;
 }
 
 // As _wcsicmp orders the texts.
@@ -86,11 +101,16 @@ void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT
     StoreItems(keys, a);
 }
 
+// What all texts begin with decides nothing, so that the keys leave it out.
 void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column)
 {
+    ListItem** end = a + std::max<__int64>(n, 0);
+    const LPCWSTR first = a < end ? TextOf(*a, column) : L"";
+    size_t start = wcslen(first);
+    std::for_each(a, end, [&](ListItem* item) { start = CommonStart(first, TextOf(item, column), start); });
     std::vector<TextKey> keys;
-    std::transform(a, a + std::max<__int64>(n, 0), std::back_inserter(keys), [column](ListItem* item) {
-        const LPCWSTR text = TextOf(item, column);
+    std::transform(a, end, std::back_inserter(keys), [column, start](ListItem* item) {
+        const LPCWSTR text = TextOf(item, column) + start;
         return TextKey{LeadOf(text), text, item};
     });
     SortKeys(keys, ascending, OrderTexts);

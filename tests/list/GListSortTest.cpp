@@ -44,6 +44,23 @@ TEST_F(GListSortTest, TextsSortWithoutCaseByUnits)
     EXPECT_EQ(list.Texts().substr(0, 6), "B2 b10");
 }
 
+// The keys leave out what all texts begin with, which may be a whole text.
+TEST_F(GListSortTest, TextsWithACommonStartSortByWhatFollowsIt)
+{
+    Fill({"File 10", "fILE 1", "File", "file b", "FILE A", "File 10x", "file 1"});
+    list.Sort(0, true);
+    EXPECT_EQ(list.Texts().substr(0, 5), "File ");
+    EXPECT_EQ(list.Texts().substr(19), "File 10 File 10x FILE A file b");
+    list.RemoveItem(0);
+    list.Sort(0, false);
+    EXPECT_EQ(list.Texts().substr(0, 31), "file b FILE A File 10x File 10 ");
+    list.RemoveAllItems();
+    list.Sort(0, true);
+    AddItem("alone");
+    list.Sort(0, true);
+    EXPECT_EQ(list.Texts(), "alone");
+}
+
 // The swaps of the partition, worked through by hand: they decide how equal items lie.
 TEST_F(GListSortTest, EqualItemsLieAsThePartitionLeavesThem)
 {
