@@ -10,6 +10,7 @@
 #include <gesso/edit/GEdit.h>
 #include <gesso/framework/ControlTable.h>
 #include <gesso/list/GList.h>
+#include <gesso/tree/GTree.h>
 
 namespace gesso {
 namespace {
@@ -19,7 +20,6 @@ template <class CONTROL> GWnd* Make()
     return new CONTROL;
 }
 
-// Still to come: GTree at the end.
 constexpr RegisterClassFunction STARTUP_CLASSES[] = {
     &GButton::IsolationAwareRegisterClassW,
     &GCheckBox::IsolationAwareRegisterClassW,
@@ -31,12 +31,12 @@ constexpr RegisterClassFunction STARTUP_CLASSES[] = {
     &GProgressBar::IsolationAwareRegisterClassW,
     &GNavigationButton::IsolationAwareRegisterClassW,
     &GRadioButton::IsolationAwareRegisterClassW,
+    &GTree::IsolationAwareRegisterClassW,
 };
 
 constexpr MakeControlFunction CONTROL_KINDS[] = {
     &Make<GLabel>,    &Make<GButton>,      &Make<GCheckBox>,  &Make<GRadioButton>, &Make<GCommandButton>,
-    &Make<GComboBox>, &Make<GProgressBar>, &Make<GSeparator>, &Make<GList>,
-    nullptr, // GTree
+    &Make<GComboBox>, &Make<GProgressBar>, &Make<GSeparator>, &Make<GList>,        &Make<GTree>,
 };
 
 } // namespace

@@ -27,3 +27,5 @@
 #include <gesso/ribbon/GRibbonPage.h>
 #include <gesso/ribbon/GRightClickMenu.h>
 #include <gesso/text/CDrawText.h>
+#include <gesso/tree/GNavigationBar.h>
+#include <gesso/tree/GTree.h>

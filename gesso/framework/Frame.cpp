@@ -199,10 +199,10 @@ void Frame::SendNotify(const GWnd& wnd, UINT uCode)
     SendNotify(wnd, uCode, &header);
 }
 
-void Frame::SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord)
+LRESULT Frame::SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord)
 {
     *pRecord = {wnd.m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID(wnd.m_hWnd)), uCode};
-    SendMessageW(wnd.GetParent(), WM_NOTIFY, pRecord->idFrom, reinterpret_cast<LPARAM>(pRecord));
+    return SendMessageW(wnd.GetParent(), WM_NOTIFY, pRecord->idFrom, reinterpret_cast<LPARAM>(pRecord));
 }
 
 } // namespace gesso

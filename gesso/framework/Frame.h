@@ -142,8 +142,8 @@ public:
     // WM_COMMAND with a notification code.
     static void SendCommand(const GWnd& wnd, UINT uCode);
     static void SendNotify(const GWnd& wnd, UINT uCode);
-    // The same with a record that starts with the header, which this fills in.
-    static void SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord);
+    // The same with a record that starts with the header, which this fills in. Returns the parent's answer.
+    static LRESULT SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord);
 
     // --- Access for the shared parts of the controls
     // -------------------------------------------------------------

@@ -180,6 +180,7 @@ void ThemePart::DrawPlainBackground(RECT rc) const
         FillRect(m_hdc, &rc, GetSysColorBrush(m_nState == EDIT_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
         break;
     case PlainPart::EditBorder: DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT); break;
+    case PlainPart::TreeGlyph: DrawPlainTreeGlyph(rc); break;
     case PlainPart::ScrollGripper:
     case PlainPart::DialogText: break;
     }
@@ -203,6 +204,23 @@ void ThemePart::DrawPlainSortArrow(RECT rc) const
     rc.left = (rc.left + rc.right) / 2 - nHeight;
     rc.right = rc.left + 2 * nHeight;
     DrawPlainFrame(rc, DFC_SCROLL, DFCS_FLAT | (m_nState == HSAS_SORTEDUP ? DFCS_SCROLLUP : DFCS_SCROLLDOWN));
+}
+
+// A small box with a plus or a minus.
+void ThemePart::DrawPlainTreeGlyph(const RECT& rc) const
+{
+    constexpr int HALF = 4;
+    const int x = (rc.left + rc.right) / 2;
+    const int y = (rc.top + rc.bottom) / 2;
+    const RECT rcBox{x - HALF, y - HALF, x + HALF + 1, y + HALF + 1};
+    const RECT rcAcross{x - HALF + 2, y, x + HALF - 1, y + 1};
+    const RECT rcDown{x, y - HALF + 2, x + 1, y + HALF - 1};
+    FillRect(m_hdc, &rcBox, GetSysColorBrush(COLOR_WINDOW));
+    FrameRect(m_hdc, &rcBox, GetSysColorBrush(COLOR_GRAYTEXT));
+    FillRect(m_hdc, &rcAcross, GetSysColorBrush(COLOR_WINDOWTEXT));
+    if (m_nState == GLPS_CLOSED) {
+        FillRect(m_hdc, &rcDown, GetSysColorBrush(COLOR_WINDOWTEXT));
+    }
 }
 
 COLORREF ThemePart::PlainTextColor() const

@@ -25,8 +25,9 @@ enum class PlainPart
     ScrollArrow,
     ScrollThumb,
     ScrollGripper,
-    ItemView, // the frame and background of a list or tree
-    Row,      // one of its rows
+    ItemView,  // the frame and background of a list or tree
+    Row,       // one of its rows
+    TreeGlyph, // of a row with others below it: closed in state 1, open in state 2
     HeaderItem,
     SortArrow, // up in state 1, down in state 2
     DialogPanel,
@@ -65,6 +66,7 @@ private:
     void DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const;
     void DrawPlainRow(const RECT& rc) const;
     void DrawPlainSortArrow(RECT rc) const;
+    void DrawPlainTreeGlyph(const RECT& rc) const;
     COLORREF PlainTextColor() const;
     void DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const;
 

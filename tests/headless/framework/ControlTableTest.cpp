@@ -16,17 +16,16 @@ TEST(ControlTable, ClassesStandInTheOrderOfRegistration)
         &GCheckBox::IsolationAwareRegisterClassW,
         &GComboBox::IsolationAwareRegisterClassW,
         &GCommandButton::IsolationAwareRegisterClassW,
+        &GEdit::IsolationAwareRegisterClassW,
         &GLabel::IsolationAwareRegisterClassW,
+        &GList::IsolationAwareRegisterClassW,
         &GProgressBar::IsolationAwareRegisterClassW,
         &GNavigationButton::IsolationAwareRegisterClassW,
         &GRadioButton::IsolationAwareRegisterClassW,
+        &GTree::IsolationAwareRegisterClassW,
     };
-    // Other families' classes may stand between these.
-    auto at = gesso::StartupClasses().begin();
-    for (const gesso::RegisterClassFunction pfn : order) {
-        at = std::find(at, gesso::StartupClasses().end(), pfn);
-        ASSERT_TRUE(at != gesso::StartupClasses().end()) << &pfn - order;
-    }
+    EXPECT_TRUE(std::ranges::equal(gesso::StartupClasses(), order));
+    EXPECT_TRUE(std::ranges::all_of(gesso::ControlKinds(), [](auto make) { return make != nullptr; }));
 }
 
 } // namespace

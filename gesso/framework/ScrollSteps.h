@@ -1,0 +1,18 @@
+// Where scrolling leads: what the codes of WM_VSCROLL and WM_HSCROLL and the wheel ask for.
+#pragma once
+
+#include <gesso/framework/GWndScroll.h>
+
+#include <cstdint>
+#include <optional>
+
+namespace gesso {
+
+// The position that a code (SB_) leads to, unlimited; none for a code that leads nowhere. nThumb is the
+// position that comes with the codes of the thumb.
+std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThumb, int64_t nLine);
+
+// The same for the wheel: 20 pixels a line, whatever a control's rows are high. None where all is in sight.
+std::optional<int64_t> WheelTarget(const SCROLLINFO& si, int nDelta);
+
+} // namespace gesso

@@ -1,0 +1,164 @@
+// How a navigation bar comes to life and goes, its rows' order, and its messages.
+
+#include <gesso/framework/Library.h>
+#include <gesso/tree/GNavigationBar.h>
+
+using Control = GNavigationBar;
+#include <gesso/tree/TreeMembers.inl>
+
+using gesso::Frame;
+
+constinit ATOM GNavigationBar::s_aClass = 0;
+
+namespace {
+
+constexpr int HEADER_FONT_HEIGHT = -12;
+constexpr int HEADER_FONT_WEIGHT = 600;
+
+} // namespace
+
+GNavigationBar::GNavigationBar() : m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
+{
+    m_pRoot->uState = NBIS_EXPANDED;
+}
+
+GNavigationBar::~GNavigationBar() = default;
+
+void GNavigationBar::SetFont(HFONT hFont)
+{
+    m_hFont = hFont;
+}
+
+LRESULT GNavigationBar::OnSetFont(HFONT hFont, UINT uRedraw)
+{
+    return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
+}
+
+// --- Rows
+// ---------------------------------------------------------------------------------------------------------
+
+// Counted from the children alone, as if none of them were expanded: hosts rely on it. Below an item that is
+// expanded but not in view itself there is no row.
+UINT GNavigationBar::RowForNew(const NavigationBarItem& item) const
+{
+    const UINT rowParent = m_aVisible.Find(item.pParent);
+    if (rowParent == gesso::NO_ROW && item.pParent != m_pRoot) {
+        return gesso::NO_ROW;
+    }
+    return std::min(rowParent + 1 + item.place.iChild, m_aVisible.GetLength());
+}
+
+void GNavigationBar::ItemInserted(const NavigationBarItem&, bool fShown)
+{
+    if (fShown) {
+        RowsChanged();
+    }
+}
+
+void GNavigationBar::RowsChanged()
+{
+    UpdateScrollbars();
+    RedrawAll();
+}
+
+void GNavigationBar::UpdateScrollbars()
+{
+    if (m_hWnd) {
+        RECT rc{};
+        GetClientRect(m_hWnd, &rc);
+        CalcScrollbars(rc.bottom + (m_dwHStyle & GSB_HIDDEN ? GetSystemMetrics(SM_CYHSCROLL) : 0));
+    }
+}
+
+void GNavigationBar::CalcScrollbars(int nPage)
+{
+    const int64_t nHeight = int64_t{m_aVisible.GetLength()} * m_nItemHeight;
+    const SCROLLINFO si{sizeof(SCROLLINFO),
+                        SIF_RANGE | SIF_PAGE,
+                        0,
+                        static_cast<int>(std::min<int64_t>(nHeight, INT_MAX)) - 1,
+                        static_cast<UINT>(std::max(nPage, 0)),
+                        0,
+                        0};
+    SetScrollInfo(SB_VERT, &si, 0);
+}
+
+void GNavigationBar::EnsureVisible(UINT row)
+{
+    if (static_cast<int>(m_siV.nPage) < m_siV.nMax && ScrollRowIntoView(row, true, true)) {
+        Invalidate(0);
+    }
+}
+
+// --- Messages
+// -----------------------------------------------------------------------------------------------------
+
+LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
+{
+    m_hHeaderFont.Reset(
+        CreateFontW(HEADER_FONT_HEIGHT, 0, 0, 0, HEADER_FONT_WEIGHT, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI"));
+    m_hFont = g_hDefaultFont;
+    return 0;
+}
+
+LRESULT GNavigationBar::OnDestroy()
+{
+    m_hHeaderFont.Reset();
+    return 0;
+}
+
+LRESULT GNavigationBar::OnSize()
+{
+    UpdateScrollbars();
+    return 0;
+}
+
+LRESULT GNavigationBar::OnThemeChanged()
+{
+    m_hTheme.Open(m_hWnd);
+    Invalidate(0);
+    return 0;
+}
+
+LRESULT GNavigationBar::OnEnable(BOOL fEnable)
+{
+    return Frame::OnEnable(*this, fEnable);
+}
+
+LRESULT GNavigationBar::OnSetFocus(HWND)
+{
+    return Frame::OnSetFocus(*this);
+}
+
+LRESULT GNavigationBar::OnKeyDown(UINT uKey, LPARAM)
+{
+    return gesso::OnButtonKeyDown(*this, uKey);
+}
+
+LRESULT GNavigationBar::OnKeyUp(UINT uKey, LPARAM)
+{
+    return gesso::OnButtonKeyUp(*this, uKey);
+}
+
+LRESULT GNavigationBar::OnGetDlgCode() const
+{
+    return DLGC_WANTARROWS;
+}
+
+LRESULT CALLBACK GNavigationBar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pBar = Frame::ObjectOf<GNavigationBar>(hwnd);
+    if (!pBar) {
+        return uMsg == WM_NCCREATE ? Frame::Attach<GNavigationBar>(hwnd, lParam)
+                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    GNavigationBar& bar = *pBar;
+    switch (uMsg) {
+    case WM_SIZE: return bar.OnSize();
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(bar, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_GETDLGCODE: return bar.OnGetDlgCode();
+    case WM_KEYDOWN: return bar.OnKeyDown(static_cast<UINT>(wParam), lParam);
+    case WM_KEYUP: return bar.OnKeyUp(static_cast<UINT>(wParam), lParam);
+    default: return bar.OnTreeMessage(uMsg, wParam, lParam);
+    }
+}

@@ -1,0 +1,314 @@
+// How a tree comes to life and goes, its rows' order, and its messages.
+
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/ThemeFont.h>
+#include <gesso/tree/GTree.h>
+#include <gesso/tree/TreeCells.h>
+
+#include <optional>
+
+using Control = GTree;
+#include <gesso/tree/TreeMembers.inl>
+
+using gesso::Frame;
+
+namespace {
+
+constexpr int TEXT_ROOM = 1000; // of a text that is measured: a single line takes what it needs
+
+// Whether a bar has a range and page already, so that setting them again would change nothing.
+bool IsSet(const SCROLLINFO& si, DWORD dwFlags, const SCROLLINFO& siNew)
+{
+    const int nPage = std::min(static_cast<int>(siNew.nPage), siNew.nMax);
+    return si.nMin == 0 && si.nMax == siNew.nMax && static_cast<int>(si.nPage) == nPage &&
+           !(dwFlags & (GSB_HIDDEN | GSB_DISABLED));
+}
+
+} // namespace
+
+constinit ATOM GTree::s_aClass = 0;
+
+GTree::GTree() : m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
+{
+    m_pRoot->uState = TIS_EXPANDED;
+}
+
+// Of what the window has not released already, the object releases what it made itself.
+GTree::~GTree()
+{
+    if (m_owner) {
+        ReleaseFont();
+    }
+}
+
+// --- Style and font
+// -----------------------------------------------------------------------------------------------
+
+UINT GTree::SetTreeStyle(UINT uStyle)
+{
+    return std::exchange(m_uTreeStyle, uStyle);
+}
+
+UINT GTree::GetTreeStyle() const
+{
+    return m_uTreeStyle;
+}
+
+void GTree::SetFont(HFONT hFont)
+{
+    TakeFont(hFont);
+    m_uTreeStyle |= GTS_OWNFONT;
+}
+
+// A host's font is deleted as well once SetTreeStyle has cleared GTS_OWNFONT: hosts rely on it.
+void GTree::TakeFont(HFONT hFont)
+{
+    if (m_hFont != hFont) {
+        ReleaseFont();
+    }
+    m_hFont = hFont;
+    m_tree.Store()->ForEach([](TreeItem& item) { item.place.nTextWidth = gesso::NOT_MEASURED; });
+    m_aVisible.AllChanged();
+}
+
+void GTree::ReleaseFont()
+{
+    if (m_hFont && !(m_uTreeStyle & GTS_OWNFONT)) {
+        DeleteObject(m_hFont);
+    }
+    m_hFont = nullptr;
+}
+
+void GTree::MakeFont()
+{
+    if (!(m_uTreeStyle & GTS_OWNFONT)) {
+        gesso::ThemeHandle theme;
+        theme.Reset(OpenThemeData(m_hWnd, L"TEXTSTYLE"));
+        TakeFont(gesso::MakeThemeFont(theme, TEXT_BODYTEXT, TMT_FONT, 100));
+    }
+}
+
+LRESULT GTree::OnSetFont(HFONT hFont, UINT uRedraw)
+{
+    SetFont(hFont);
+    if (uRedraw) {
+        Invalidate(0);
+    }
+    return 0;
+}
+
+// --- Items
+// --------------------------------------------------------------------------------------------------------
+
+void GTree::SetItemParent(void* hItem, void* hNewParent)
+{
+    TreeItem* item = m_tree.FindInTree(hItem);
+    TreeItem* pNewParent = m_tree.FindInTree(hNewParent);
+    if (!item || item == m_pRoot || !pNewParent || !m_tree.Move(*item, *pNewParent)) {
+        gesso::Misuse("GTree::SetItemParent: a bad handle, or a parent below the item");
+        return;
+    }
+    FindSelectedRow();
+    Invalidate(0);
+}
+
+// Levels and scroll ranges stay as they are: hosts rely on it.
+void GTree::SetRootVisible(bool fVisible)
+{
+    const bool fShown = m_aVisible[0] == m_pRoot;
+    if (fVisible && !fShown) {
+        m_aVisible.Insert(0, m_pRoot);
+    } else if (!fVisible && fShown) {
+        m_aVisible.Remove(0, 1);
+    }
+}
+
+// Behind the branch of its sibling, or of its parent. Below an item that is expanded but not in view itself
+// there is no row.
+UINT GTree::RowForNew(const TreeItem& item) const
+{
+    const TreeItem& parent = *item.pParent;
+    const UINT i = item.place.iChild;
+    TreeItem* pAnchor = i > 0 ? parent.aChildren[i - 1] : item.pParent;
+    if (pAnchor == m_pRoot) {
+        return 0; // in front of the root's own row as well: hosts rely on it
+    }
+    const UINT row = m_aVisible.Find(pAnchor);
+    return row == gesso::NO_ROW ? row : m_aVisible.SkipDeeper(row + 1, item.nLevel);
+}
+
+// An item that no row shows changes what is seen only where it gives its parent an expander.
+void GTree::ItemInserted(const TreeItem& item, bool fShown)
+{
+    const UINT rowFormer = m_nSelected;
+    UpdateScrollbars();
+    FindSelectedRow();
+    if (fShown || item.pParent->aChildren.GetLength() == 1 || m_nSelected != rowFormer) {
+        Invalidate(0);
+    }
+}
+
+void GTree::RowsChanged()
+{
+    MeasureRows();
+    UpdateScrollbars();
+    FindSelectedRow();
+    RedrawAll();
+}
+
+// --- Sizes
+// --------------------------------------------------------------------------------------------------------
+
+// A text is measured once; it is measured again when it, or the font, has changed.
+void GTree::MeasureRows()
+{
+    std::optional<gesso::WindowContext> hdc;
+    std::optional<gesso::SelectScope> font;
+    const auto measure = [&](const TreeItem& item) {
+        if (!hdc) {
+            hdc.emplace(m_hWnd);
+            font.emplace(*hdc, m_hFont);
+        }
+        RECT rc{0, 0, TEXT_ROOM, static_cast<LONG>(m_nItemHeight)};
+        DrawTextW(*hdc, item.strName, -1, &rc, gesso::TREE_LABEL_FORMAT | DT_CALCRECT);
+        return static_cast<int>(rc.right - rc.left);
+    };
+    const int nWidest = m_aVisible.Widest([&](TreeItem& item) {
+        int& nWidth = item.place.nTextWidth;
+        if (nWidth == gesso::NOT_MEASURED) {
+            nWidth = item.strName.GetLength() > 0 ? measure(item) : 0;
+        }
+        return (item.nLevel + 1) * gesso::PAINTED.nLevelStep + nWidth; // the root's level is -1
+    });
+    const int nLabel = gesso::LayOutCells(gesso::PAINTED, -1, m_uTreeStyle).nLabel;
+    m_nContentWidth = m_aVisible.GetLength() > 0 ? static_cast<UINT>(nWidest + nLabel) : 0;
+}
+
+void GTree::UpdateScrollbars()
+{
+    if (m_hWnd) {
+        RECT rc{};
+        GetClientRectNoScroll(&rc);
+        CalcScrollbars(rc.right, rc.bottom);
+    }
+}
+
+// What fits leaves its own page shorter by the other bar, and what does not is left alone: hosts know the
+// pages so.
+void GTree::CalcScrollbars(int cx, int cy)
+{
+    const auto info = [](int nMax, int nRoom, int nBarMetric) {
+        const int nPage = nMax < nRoom ? nRoom - GetSystemMetrics(nBarMetric) : nRoom;
+        return SCROLLINFO{
+            sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, nMax, static_cast<UINT>(std::max(nPage, 0)), 0, 0};
+    };
+    const int64_t nHeight = int64_t{m_aVisible.GetLength()} * m_nItemHeight;
+    const SCROLLINFO siH = info(static_cast<int>(m_nContentWidth) - 1, cx, SM_CXVSCROLL);
+    const SCROLLINFO siV = info(static_cast<int>(std::min<int64_t>(nHeight, INT_MAX)) - 1, cy, SM_CYHSCROLL);
+    if (!IsSet(m_siH, m_dwHStyle, siH)) {
+        SetScrollInfo(SB_HORZ, &siH);
+    }
+    if (!IsSet(m_siV, m_dwVStyle, siV)) {
+        SetScrollInfo(SB_VERT, &siV);
+    }
+}
+
+LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
+{
+    RECT& rc = pParams->rgrc[0];
+    if ((Frame::Style(*this) & WS_BORDER) || (GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_CLIENTEDGE)) {
+        const int nBorder = m_hTheme.Items().BorderSize();
+        InflateRect(&rc, -nBorder, -nBorder);
+    }
+    // A bar that comes or goes sends this message again from within, with the size that the window had
+    // before.
+    if (!std::exchange(m_fSizing, true)) {
+        CalcScrollbars(rc.right - rc.left, rc.bottom - rc.top);
+        m_fSizing = false;
+    }
+    return GWndScroll::OnNcCalcSize(fValidRects, pParams);
+}
+
+// --- Messages
+// -----------------------------------------------------------------------------------------------------
+
+LRESULT GTree::OnCreate(const CREATESTRUCTW*)
+{
+    m_hThemeButton.Reset(OpenThemeData(m_hWnd, L"BUTTON"));
+    MakeFont();
+    return 0;
+}
+
+LRESULT GTree::OnDestroy()
+{
+    m_hThemeButton.Reset();
+    ReleaseFont();
+    return 0;
+}
+
+LRESULT GTree::OnThemeChanged()
+{
+    m_hTheme.Open(m_hWnd);
+    m_hThemeButton.Reset(OpenThemeData(m_hWnd, L"BUTTON"));
+    MakeFont();
+    Invalidate(0);
+    return 0;
+}
+
+LRESULT GTree::OnPrintClient(HDC hdc, LPARAM lParam)
+{
+    if (lParam & PRF_NONCLIENT) {
+        const gesso::NonClientPrint print(m_hWnd, hdc);
+        NcDraw(print.Context(), print.WindowRect());
+    }
+    return Frame::OnPrintClient(*this, hdc, lParam);
+}
+
+LRESULT GTree::OnEnable(BOOL fEnable)
+{
+    if (!fEnable) {
+        m_dwState &= ~(GWS_HOT | GWS_PRESSED);
+    }
+    Invalidate(0);
+    return 0;
+}
+
+// Tab and Escape are left to the dialog.
+LRESULT GTree::OnGetDlgCode(const MSG* pMessage) const
+{
+    const bool fLeft = pMessage && pMessage->message == WM_KEYDOWN &&
+                       (pMessage->wParam == VK_TAB || pMessage->wParam == VK_ESCAPE);
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (fLeft ? 0 : DLGC_WANTALLKEYS);
+}
+
+LRESULT GTree::OnSetFocus(HWND)
+{
+    if (m_nSelected >= m_aVisible.GetLength()) {
+        m_pSelected = nullptr;
+        m_nSelected = 0;
+    }
+    return Frame::OnSetFocus(*this);
+}
+
+LRESULT CALLBACK GTree::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* pTree = Frame::ObjectOf<GTree>(hwnd);
+    if (!pTree) {
+        return uMsg == WM_NCCREATE ? Frame::Attach<GTree>(hwnd, lParam)
+                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    }
+    GTree& tree = *pTree;
+    const auto uKey = static_cast<UINT>(wParam);
+    switch (uMsg) {
+    case WM_PRINTCLIENT: return tree.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
+    case WM_GETDLGCODE: return tree.OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
+    case WM_KEYDOWN: return tree.OnKeyDown(uKey, LOWORD(lParam), HIWORD(lParam));
+    case WM_CHAR: return tree.OnChar(uKey, LOWORD(lParam), HIWORD(lParam));
+    case WM_HSCROLL: return tree.OnHScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_CONTEXTMENU:
+    case WM_KEYUP:
+    case WM_DEADCHAR:
+    case WM_MOUSEHWHEEL: return 0;
+    default: return tree.OnTreeMessage(uMsg, wParam, lParam);
+    }
+}

@@ -1,0 +1,254 @@
+// GTree: a tree view, drawn through the visual style's "TREEVIEW" class, with optional images and check boxes
+// and scroll bars of its own.
+//
+// A host makes a GTree (or gets one from CreateControl(GCK_TREE)), calls Create with WS_CHILD | WS_VISIBLE |
+// WS_TABSTOP | WS_HSCROLL | WS_VSCROLL, and inserts items; or names the class "GTree" in a dialog template
+// with creation data. An item that is marked TIS_HASCHILDREN may be given its children when it is expanded:
+//
+//     void* pDrive = tree.InsertItem(nullptr, nullptr, L"C:", 0, TIS_HASCHILDREN, nullptr);
+//     case TVN_ITEMEXPANDINGW: // of a GLISTNOTIFY
+//         if (p->uAction == TVE_EXPAND && tree.GetItemChildCount(p->pItem) == 0) FillFolder(p->pItem);
+//
+// Sends to its parent, as WM_NOTIFY:
+//   NM_CLICK              GLISTNOTIFY: a press and a release on the same row, on its check box, image or
+//                         label; or Enter or Space on the selected row, with x and y -1
+//   NM_DBLCLK             GLISTNOTIFY: a double click on an image or label; answering 0 toggles the row
+//   TVN_ITEMEXPANDINGW    GLISTNOTIFY: before a row expands or collapses (uAction); the result is not read
+//   TVN_ITEMEXPANDEDW     GLISTNOTIFY: after it
+//   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
+// Each GLISTNOTIFY has the row in iItem, -1 in iSubItem, the item's handle in pItem and the modifier keys in
+// uKeyFlags. A change of the selection alone is not reported. Check boxes change no state by themselves: the
+// host answers NM_CLICK by SetItemState with TIS_CHECKED, if it wishes.
+// Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT, PRF_NONCLIENT), WM_VSCROLL, WM_HSCROLL, WM_MOUSEWHEEL.
+//
+// Items are named by handles, which hold until the item is removed; the root, which is always there, is
+// hidden at first and stands above the top items. Where nothing else is said, a handle that is null, or of
+// another tree, or of an item that is gone is a caller's mistake: what takes it does nothing, and a getter
+// returns 0 or null. No operation sends a notification but Expand and Collapse. A copy of a tree shares its
+// items and window and has rows of its own.
+#pragma once
+
+#include <gesso/framework/GWndScroll.h>
+#include <gesso/framework/Owned.h>
+#include <gesso/list/GListNotify.h>
+#include <gesso/tree/ItemRows.h>
+#include <gesso/tree/ItemTree.h>
+#include <gesso/tree/TreeTheme.h>
+
+// State of an item. The bits 8 to 15 are out of reach of the getter and setter.
+constexpr UINT TIS_EXPANDED = 0x2;     // its children are among the rows
+constexpr UINT TIS_HASCHILDREN = 0x10; // shows the expander also while it has no children
+constexpr UINT TIS_CHECKED = 0x10000;  // its check box is ticked
+
+// Tree style.
+constexpr UINT GTS_IMAGES = 0x1;         // rows have an image
+constexpr UINT GTS_CHECKBOXES = 0x2;     // rows have a check box
+constexpr UINT GTS_OWNFONT = 0x40000000; // the font is the host's: set by SetFont, cleared by SetTreeStyle
+
+// Parts of a row, as hit tests answer them.
+constexpr WORD THT_NOWHERE = 0; // outside the client area, or no rows
+constexpr WORD THT_ROW = 1;     // left of all cells, on an expander that is not there, or below the last row
+constexpr WORD THT_EXPANDER = 2;
+constexpr WORD THT_CHECKBOX = 3;
+constexpr WORD THT_IMAGE = 4;
+constexpr WORD THT_LABEL = 5;
+
+// One item, owned by its tree; hosts know it by its handle only.
+struct TreeItem : gesso::TreeRecord<TreeItem>
+{
+    using TreeRecord::TreeRecord;
+};
+
+class GESSO_API GTree : public GWndScroll
+{
+public:
+    struct HitTestInfo
+    {
+        POINTS pt;  // in client coordinates
+        UINT nItem; // row, or -1
+        WORD nPart; // THT_
+    };
+
+    GTree();
+    GTree(const GTree&) = default;
+    GTree& operator=(const GTree&) = default;
+    // Releases the items.
+    ~GTree() override;
+
+    // Makes the window; position and size in pixels in the parent's client area. The style is used as it is:
+    // WS_CHILD is the caller's to give. Returns the window, or null where it could not be made.
+    virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
+                        DWORD dwStyle);
+    // DestroyWindow. Returns 0 without a window.
+    virtual int Destroy();
+
+    // Of an item that is in view, with the notifications; repaints. Nothing for an item that is not.
+    virtual void Expand(void* hItem);
+    virtual void Collapse(void* hItem);
+    // Scrolls until the selected row is in sight, whichever item in view is given: hosts rely on it.
+    virtual void EnsureVisible(void* hItem);
+
+    // The whole window style; repaints. Returns the former style.
+    virtual DWORD SetStyle(DWORD dwStyle);
+    virtual DWORD GetStyle() const;
+    // The tree style (GTS_), as a whole. Returns the former one; no repaint.
+    virtual UINT SetTreeStyle(UINT uStyle);
+    virtual UINT GetTreeStyle() const;
+    // The font stays the host's as long as GTS_OWNFONT is set. No repaint.
+    virtual void SetFont(HFONT hFont);
+    virtual HFONT GetFont() const;
+    // Of a row, in pixels, 20 at first; repaints.
+    virtual void SetItemHeight(UINT nHeight);
+    virtual UINT GetItemHeight() const;
+    // The images of the items, of which each shows 16 by 16 pixels; they stay the host's. No repaint.
+    virtual void SetImageList(HIMAGELIST hImageList);
+    virtual HIMAGELIST GetImageList() const;
+
+    virtual void* GetRootItem() const;
+    // Makes an item below hParent (null: the root) and behind its child hAfter: null, or no child of it, for
+    // the end, and hParent itself for the front. The text is copied; nImage is an index into the image list.
+    // Returns the handle, or null for a bad hParent. Repaints.
+    virtual void* InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState,
+                             void* pData);
+    // Removes an item with all below it; repaints. A row of it stays where it is, with nothing behind it,
+    // until the branch that it stands in is collapsed or all items are removed: hosts rely on it. Until then
+    // the getters answer for it.
+    virtual void RemoveItem(void* hItem);
+    virtual void RemoveAllItems();
+    // 0 for the top items, -1 for the root.
+    virtual int GetItemLevel(void* hItem) const;
+    virtual UINT GetItemState(void* hItem) const;
+    // Valid until the name changes or the item goes.
+    virtual LPCWSTR GetItemName(void* hItem) const;
+    virtual UINT GetItemImage(void* hItem) const;
+    virtual void* GetItemParent(void* hItem) const;
+    virtual UINT GetItemChildCount(void* hItem) const;
+    // The child of hParent (null: the root) behind hChild, or its first one for null. Where there is none the
+    // result is -1 and not null: callers loop until that value.
+    virtual void* GetItemNextChild(void* hParent, void* hChild) const;
+    virtual void* GetItemCustomData(void* hItem) const;
+    // Clears the bits of uMask, then sets those of uState, which uMask does not limit. None of the setters
+    // repaints.
+    virtual void SetItemState(void* hItem, UINT uState, UINT uMask);
+    virtual void SetItemName(void* hItem, LPCWSTR pszName);
+    virtual void SetItemImage(void* hItem, UINT nImage);
+    // Makes an item the last child of another one, for moves within a level: the rows, the item's level and
+    // the parent that GetItemParent names stay as they are until the branches are collapsed and expanded.
+    // Ignored where hNewParent is below hItem. Repaints.
+    virtual void SetItemParent(void* hItem, void* hNewParent);
+    virtual void SetItemCustomData(void* hItem, void* pData);
+    // Sorts the children by name, capitals and small letters being alike; GetRootItem() for the top items.
+    // Meant for items in view whose children are collapsed: the rows behind the item become its children, one
+    // after the other, whatever stood there. Repaints.
+    virtual void SortChildren(void* hItem);
+    // The item of the selected row, null for none.
+    virtual void* GetSelectedItem() const;
+    // Null selects nothing. No repaint, no scrolling.
+    virtual void SetSelectedItem(void* hItem);
+    // Whether the root has a row, the first one. No repaint.
+    virtual void SetRootVisible(bool fVisible);
+
+    void Draw(HDC hdc);
+
+    static ATOM IsolationAwareRegisterClassW();
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    static ATOM s_aClass;
+
+protected:
+    LRESULT OnNcCreate(const CREATESTRUCTW* pcs);
+    LRESULT OnCreate(const CREATESTRUCTW* pcs);
+    LRESULT OnDestroy();
+    LRESULT OnNcDestroy();
+    LRESULT OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams);
+    LRESULT OnNcPaint(WPARAM wRegion);
+    LRESULT OnPrintClient(HDC hdc, LPARAM lParam);
+    LRESULT OnThemeChanged();
+    LRESULT OnSetFont(HFONT hFont, UINT uRedraw);
+    LRESULT OnGetFont() const;
+    LRESULT OnGetDlgCode(const MSG* pMessage) const;
+    LRESULT OnEnable(BOOL fEnable);
+    LRESULT OnSetFocus(HWND hwndFormer);
+    LRESULT OnKillFocus(HWND hwndNew);
+    LRESULT OnKeyDown(UINT uKey, UINT nRepeat, UINT uFlags);
+    LRESULT OnChar(UINT ch, UINT nRepeat, UINT uFlags);
+    LRESULT OnLButtonDown(WPARAM wKeys, POINTS pt);
+    LRESULT OnLButtonUp(WPARAM wKeys, POINTS pt);
+    LRESULT OnLButtonDblClk(WPARAM wKeys, POINTS pt);
+    LRESULT OnMouseMove(WPARAM wKeys, POINTS pt);
+    LRESULT OnMouseLeave();
+    LRESULT OnCaptureChanged(HWND hwndNew);
+    LRESULT OnMouseWheel(UINT uKeys, int nDelta, POINTS pt);
+    LRESULT OnVScroll(UINT uCode, UINT nPos, HWND hwndBar);
+    LRESULT OnHScroll(UINT uCode, UINT nPos, HWND hwndBar);
+    LRESULT OnTreeMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+
+    // The first row of an item; -1 for null and for an item that is not in view.
+    UINT FindVisibleIndex(TreeItem* item) const;
+    void Expand(UINT row);
+    void Collapse(UINT row);
+    void EnsureVisible(UINT row);
+    // Frees an item and all below it.
+    void DeleteItem(TreeItem* item);
+    // Sets the scroll ranges. The size is what rows would have without bars, in pixels.
+    void CalcScrollbars(int cx, int cy);
+    // Writes nItem and nPart for pt.
+    void HitTest(HitTestInfo* pInfo) const;
+    void NcDraw(HDC hdc, RECT rc);
+
+    gesso::ItemTree<TreeItem> m_tree;
+    UINT m_uTreeStyle = 0;
+    gesso::TreeTheme m_hTheme;
+    gesso::ThemeHandle m_hThemeButton;
+    HFONT m_hFont = nullptr;
+    UINT m_nItemHeight = 20;
+    HIMAGELIST m_hImageList = nullptr;
+    TreeItem* m_pRoot;
+    TreeItem* m_pSelected = nullptr; // also while it is not in view
+    gesso::ItemRows<TreeItem> m_aVisible;
+    UINT m_nSelected = gesso::NO_ROW;
+    UINT m_nContentWidth = 0; // of the widest row, in pixels, as of the last expansion or collapse
+    HitTestInfo m_hitDown{{0, 0}, gesso::NO_ROW, THT_NOWHERE};
+    HitTestInfo m_hitMove{{0, 0}, gesso::NO_ROW, THT_NOWHERE};
+    ULONGLONG m_ftLastChar = 0; // in 100 nanoseconds: when the type-ahead search got its last character
+    wchar_t m_szSearch[8]{};
+
+private:
+    friend class gesso::Frame;
+
+    TreeItem* ItemOf(void* hItem) const;
+    TreeItem* ItemOrNone(void* hItem) const;
+    UINT RowForNew(const TreeItem& item) const;
+    void ItemInserted(const TreeItem& item, bool fShown);
+    void RowsChanged();
+    void FindSelectedRow();
+    void SelectRow(UINT row);
+    void UpdateScrollbars();
+    void RedrawAll();
+    bool AskExpansion(UINT* pRow, UINT uAction);
+    LRESULT SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const;
+    POINTS ToScreen(POINTS pt) const;
+    void ScrollTo(int nBar, int64_t nPos);
+    bool ScrollRowIntoView(UINT row, bool fFromAbove, bool fFromBelow);
+
+    void MeasureRows();
+    void TakeFont(HFONT hFont);
+    void MakeFont();
+    void ReleaseFont();
+    void DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const;
+    WORD PartAt(const TreeItem& item, int x) const;
+    void Toggle(UINT row);
+
+    void StepByKey(UINT uKey);
+    void StepTo(UINT row);
+    void StepToStart();
+    void PageUp();
+    void PageDown();
+    void StepOut();
+    void StepIn();
+    UINT FindTyped(wchar_t ch);
+    bool StartsWith(UINT row, UINT nLength) const;
+    UINT FindByPrefix(UINT rowFrom, UINT nLength) const;
+
+    bool m_fSizing = false; // in WM_NCCALCSIZE
+    gesso::OwnerMark m_owner;
+};

@@ -1,0 +1,226 @@
+// What the keyboard does in a tree: movement, expansion, and the search for what is typed.
+
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/SystemTime.h>
+#include <gesso/tree/GTree.h>
+
+#include <algorithm>
+
+using gesso::Frame;
+using gesso::NO_ROW;
+
+namespace {
+
+// A pause longer than this ends what is typed.
+constexpr ULONGLONG TYPING_PAUSE = 250 * gesso::TICKS_PER_MILLISECOND;
+
+bool GoesUp(UINT uKey)
+{
+    return uKey == VK_PRIOR || uKey == VK_HOME || uKey == VK_LEFT || uKey == VK_UP;
+}
+
+bool TakesPartInSearch(UINT ch)
+{
+    return (ch >= '0' && ch <= '9') || (ch >= 'A' && ch <= 'Z') || (ch >= 'a' && ch <= 'z');
+}
+
+} // namespace
+
+LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT)
+{
+    if (uKey == VK_RETURN || uKey == VK_SPACE) {
+        m_ftLastChar = 0;
+        if (m_aVisible[m_nSelected]) {
+            SendItem(static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
+        }
+        return 0;
+    }
+    if (uKey < VK_PRIOR || uKey > VK_DOWN) {
+        return 0;
+    }
+    const HWND hwnd = m_hWnd;
+    m_ftLastChar = 0;
+    StepByKey(uKey);
+    if (Frame::IsAlive(hwnd, this)) {
+        if (m_nSelected < m_aVisible.GetLength()) {
+            ScrollRowIntoView(m_nSelected, GoesUp(uKey), !GoesUp(uKey));
+        }
+        RedrawAll();
+    }
+    return 0;
+}
+
+// May end in the control's destruction.
+void GTree::StepByKey(UINT uKey)
+{
+    const UINT nRows = m_aVisible.GetLength();
+    switch (uKey) {
+    case VK_PRIOR: PageUp(); break;
+    case VK_NEXT: PageDown(); break;
+    case VK_HOME: StepToStart(); break;
+    case VK_END: StepTo(nRows - 1); break;
+    case VK_LEFT: StepOut(); break;
+    case VK_RIGHT: StepIn(); break;
+    case VK_UP:
+        if (m_nSelected > 0) {
+            StepTo(m_nSelected < nRows ? m_nSelected - 1 : 0);
+        }
+        break;
+    case VK_DOWN:
+        if (m_nSelected + 1 != nRows) {
+            StepTo(m_nSelected < nRows ? m_nSelected + 1 : 0);
+        }
+        break;
+    default: break;
+    }
+}
+
+// Nothing without such a row.
+void GTree::StepTo(UINT row)
+{
+    if (row < m_aVisible.GetLength()) {
+        SelectRow(row);
+        EnsureVisible(row);
+        Invalidate(0);
+    }
+}
+
+// The number moves alone, and no item is selected: hosts rely on it.
+void GTree::StepToStart()
+{
+    m_nSelected = 0;
+    m_pSelected = nullptr;
+    EnsureVisible(m_nSelected);
+    Invalidate(0);
+}
+
+void GTree::PageUp()
+{
+    if (static_cast<int>(m_siV.nPage) >= m_siV.nMax || m_nItemHeight == 0) {
+        StepToStart();
+        return;
+    }
+    const UINT rowTop = (static_cast<UINT>(m_siV.nPos) - 1 + m_nItemHeight) / m_nItemHeight;
+    const UINT nRowsOfPage = m_siV.nPage / m_nItemHeight;
+    const UINT row = rowTop != m_nSelected ? rowTop : rowTop - std::min(rowTop, nRowsOfPage);
+    StepTo(std::min(row, m_aVisible.GetLength() - 1));
+}
+
+void GTree::PageDown()
+{
+    const UINT rowLast = m_aVisible.GetLength() - 1;
+    if (static_cast<int>(m_siV.nPage) >= m_siV.nMax || m_nItemHeight == 0) {
+        StepTo(rowLast);
+        return;
+    }
+    const int64_t nEnd = int64_t{m_siV.nPos} + m_siV.nPage + 1 - m_nItemHeight;
+    const auto rowBottom = static_cast<UINT>(std::max<int64_t>(nEnd, 0) / m_nItemHeight);
+    const UINT row = rowBottom != m_nSelected ? rowBottom : rowBottom + m_siV.nPage / m_nItemHeight;
+    StepTo(std::min(row, rowLast));
+}
+
+// Collapses, or goes out to the parent, but never to the root.
+void GTree::StepOut()
+{
+    const TreeItem* item = m_aVisible[m_nSelected];
+    if (!item) {
+        return;
+    }
+    if (item->uState & TIS_EXPANDED) {
+        const HWND hwnd = m_hWnd;
+        Collapse(m_nSelected);
+        if (Frame::IsAlive(hwnd, this)) {
+            Invalidate(0);
+        }
+        return;
+    }
+    if (item->pParent && item->pParent != m_pRoot) {
+        UINT row = m_nSelected;
+        while (row > 0 && m_aVisible[row] != item->pParent) {
+            --row;
+        }
+        if (m_aVisible[row] == item->pParent) {
+            StepTo(row);
+        }
+    }
+}
+
+// Expands, or goes in to the first child.
+void GTree::StepIn()
+{
+    const TreeItem* item = m_aVisible[m_nSelected];
+    if (!item) {
+        return;
+    }
+    if (!(item->uState & TIS_EXPANDED)) {
+        const HWND hwnd = m_hWnd;
+        Expand(m_nSelected);
+        if (Frame::IsAlive(hwnd, this)) {
+            EnsureVisible(m_nSelected);
+            Invalidate(0);
+        }
+    } else if (item->aChildren.GetLength() > 0) {
+        StepTo(m_nSelected + 1);
+    }
+}
+
+// --- Type-ahead
+// ---------------------------------------------------------------------------------------------------
+
+LRESULT GTree::OnChar(UINT ch, UINT, UINT)
+{
+    const ULONGLONG ftNow = gesso::SystemTicks();
+    if (m_ftLastChar + TYPING_PAUSE < ftNow) {
+        m_szSearch[0] = 0;
+    }
+    if (!TakesPartInSearch(ch)) {
+        return 0;
+    }
+    const UINT row = FindTyped(static_cast<wchar_t>(ch));
+    if (row != NO_ROW) {
+        SelectRow(row);
+        EnsureVisible(row);
+        RedrawAll();
+    }
+    m_ftLastChar = ftNow;
+    return 0;
+}
+
+// The row that what is typed leads to, now with `ch` behind it. One letter again and again goes from row to
+// row; what begins otherwise is sought from the selected row itself.
+UINT GTree::FindTyped(wchar_t ch)
+{
+    const auto nTyped = static_cast<UINT>(wcslen(m_szSearch));
+    const UINT rowSelected = m_nSelected < m_aVisible.GetLength() ? m_nSelected : 0;
+    const bool fRepeated = nTyped == 1 && m_szSearch[0] == ch;
+    if (nTyped == 0 || fRepeated) {
+        m_szSearch[0] = ch;
+        m_szSearch[1] = 0;
+        return FindByPrefix(rowSelected + StartsWith(m_nSelected, 1), 1);
+    }
+    if (nTyped + 1 >= std::size(m_szSearch)) {
+        return NO_ROW;
+    }
+    m_szSearch[nTyped] = ch;
+    m_szSearch[nTyped + 1] = 0;
+    return FindByPrefix(rowSelected, nTyped + 1);
+}
+
+bool GTree::StartsWith(UINT row, UINT nLength) const
+{
+    const TreeItem* item = m_aVisible[row];
+    return item && item->strName.CompareNoCase(m_szSearch, nLength) == 0;
+}
+
+// The first row, from one on and around once, whose name starts with what is typed.
+UINT GTree::FindByPrefix(UINT rowFrom, UINT nLength) const
+{
+    const UINT nRows = m_aVisible.GetLength();
+    for (UINT i = 0; i < nRows; ++i) {
+        const UINT row = (rowFrom + i) % nRows;
+        if (StartsWith(row, nLength)) {
+            return row;
+        }
+    }
+    return NO_ROW;
+}

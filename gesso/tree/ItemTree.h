@@ -1,0 +1,166 @@
+// The items of a tree as such: a hidden root and who is whose child. What shows of it are ItemRows.
+//
+// A copy shares the items, which live as long as any copy does.
+#pragma once
+
+#include <gesso/tree/ItemStore.h>
+#include <gesso/tree/TreeRecord.h>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace gesso {
+
+template <class ITEM> class ItemTree
+{
+public:
+    ItemTree() : m_pStore(std::make_shared<ItemStore<ITEM>>()), m_pRoot(m_pStore->Make(nullptr))
+    {
+        m_pRoot->nLevel = -1;
+    }
+
+    const std::shared_ptr<ItemStore<ITEM>>& Store() const { return m_pStore; }
+    ITEM* Root() const { return m_pRoot; }
+
+    // The item that a handle names; null for a null handle, one of another tree, and one of an item that is
+    // gone. An item that was removed is found as long as a row shows it.
+    ITEM* Find(const void* handle) const { return m_pStore->Find(handle); }
+    // The same without those that were removed.
+    ITEM* FindInTree(const void* handle) const
+    {
+        ITEM* item = Find(handle);
+        return item && !IsRemoved(*item) ? item : nullptr;
+    }
+
+    static bool IsChildOf(const ITEM* item, const ITEM& parent)
+    {
+        return item && item->place.pHolder == &parent;
+    }
+
+    // Of an item that is somebody's child.
+    static UINT IndexOf(const ITEM& item)
+    {
+        auto& aSiblings = item.place.pHolder->aChildren;
+        const UINT i = item.place.iChild;
+        if (i >= aSiblings.GetLength() || aSiblings[i] != &item) {
+            // After this the places of all siblings are known until the next of them comes or goes.
+            for (UINT k = 0; k < aSiblings.GetLength(); ++k) {
+                aSiblings[k]->place.iChild = k;
+            }
+        }
+        return item.place.iChild;
+    }
+
+    // The child behind another one, or the first one behind null; null at the end and behind an item that is
+    // no child.
+    static ITEM* NextChild(const ITEM& parent, const ITEM* child)
+    {
+        const UINT i = !child ? 0 : IsChildOf(child, parent) ? IndexOf(*child) + 1 : NO_CHILD;
+        return i < parent.aChildren.GetLength() ? parent.aChildren[i] : nullptr;
+    }
+
+    ITEM* Insert(ITEM& parent, UINT i, LPCWSTR pszName)
+    {
+        ITEM* item = m_pStore->Make(pszName);
+        item->nLevel = parent.nLevel + 1;
+        item->pParent = &parent;
+        Hold(parent, i, *item);
+        return item;
+    }
+
+    // Makes an item the last child of another one; the parent that it names, and its level, stay as they are.
+    // False, with nothing done, where the new parent is a descendant of the item or the item itself.
+    bool Move(ITEM& item, ITEM& newParent)
+    {
+        for (const ITEM* p = &newParent; p; p = p->place.pHolder) {
+            if (p == &item) {
+                return false;
+            }
+        }
+        Unlink(item);
+        item.pParent->place.nStrays -= IsStray(item);
+        Hold(newParent, newParent.aChildren.GetLength(), item);
+        item.pParent->place.nStrays += IsStray(item);
+        return true;
+    }
+
+    // Takes an item out with all of its descendants. Those that rows show live on, without children and
+    // parent. onGone(item) is called with each of them first.
+    template <class FUNCTION> void Remove(ITEM& item, FUNCTION onGone)
+    {
+        ITEM* const pTop = item.place.pHolder;
+        Unlink(item);
+        ITEM* p = &item;
+        // Downwards to the last descendant first, with no recursion: a tree may be very deep.
+        while (p != pTop) {
+            const UINT nChildren = p->aChildren.GetLength();
+            if (nChildren > 0) {
+                ITEM* child = p->aChildren[nChildren - 1];
+                p->aChildren.RemoveAt(nChildren - 1, 1);
+                p = child;
+            } else {
+                ITEM* const pUp = p->place.pHolder;
+                onGone(p);
+                Forget(*p);
+                p = pUp;
+            }
+        }
+    }
+
+    template <class FUNCTION> void RemoveChildren(ITEM& item, FUNCTION onGone)
+    {
+        for (UINT n = item.aChildren.GetLength(); n > 0; --n) {
+            Remove(*item.aChildren[n - 1], onGone);
+        }
+    }
+
+    // Adds what shows below an item that is expanded: its children and, below each that has the bit, its own.
+    static void AddOpenBranch(const ITEM& item, UINT uExpanded, std::vector<ITEM*>& branch)
+    {
+        std::vector<std::pair<const ITEM*, UINT>> path{{&item, 0}};
+        while (!path.empty()) {
+            auto& [parent, i] = path.back();
+            if (i == parent->aChildren.GetLength()) {
+                path.pop_back();
+                continue;
+            }
+            ITEM* child = parent->aChildren[i++];
+            branch.push_back(child);
+            if ((child->uState & uExpanded) && child->aChildren.GetLength() > 0) {
+                path.emplace_back(child, 0);
+            }
+        }
+    }
+
+private:
+    static constexpr UINT NO_CHILD = static_cast<UINT>(-1);
+
+    static void Hold(ITEM& parent, UINT i, ITEM& item)
+    {
+        parent.aChildren.InsertAt(i, &item);
+        item.place.pHolder = &parent;
+        item.place.iChild = i;
+    }
+
+    static void Unlink(ITEM& item) { item.place.pHolder->aChildren.RemoveAt(IndexOf(item), 1); }
+
+    // An item that was moved is counted by the parent that it still names.
+    static bool IsStray(const ITEM& item) { return item.pParent != item.place.pHolder; }
+
+    void Forget(ITEM& item)
+    {
+        if (IsStray(item)) {
+            --item.pParent->place.nStrays;
+            FreeIfForgotten(*m_pStore, item.pParent);
+        }
+        item.aChildren = {};
+        item.pParent = item.place.pHolder = nullptr;
+        FreeIfForgotten(*m_pStore, &item);
+    }
+
+    std::shared_ptr<ItemStore<ITEM>> m_pStore;
+    ITEM* m_pRoot;
+};
+
+} // namespace gesso

@@ -1,0 +1,59 @@
+#include <gesso/framework/ThemePart.h>
+#include <gesso/tree/TreeTheme.h>
+
+namespace gesso {
+
+void TreeTheme::Open(HWND hwnd)
+{
+    Close();
+    m_items.Open(hwnd, L"TREEVIEW");
+    const HTHEME hTheme = m_items;
+    m_hGlyphs = hTheme && IsThemePartDefined(hTheme, TVP_GLYPH, 0) ? hTheme : nullptr;
+    m_fHotGlyph = m_hGlyphs && IsThemePartDefined(hTheme, TVP_HOTGLYPH, 0);
+}
+
+void TreeTheme::Close()
+{
+    m_hGlyphs = nullptr;
+    m_items.Close();
+}
+
+void TreeTheme::DrawGlyph(HDC hdc, bool fHot, bool fOpen, const RECT& rc) const
+{
+    const int nPart = fHot && m_fHotGlyph ? TVP_HOTGLYPH : TVP_GLYPH;
+    ThemePart(m_hGlyphs, hdc, nPart, fOpen ? GLPS_OPENED : GLPS_CLOSED, PlainPart::TreeGlyph)
+        .DrawBackground(rc);
+}
+
+int RowStateOf(bool fSelected, bool fFocused, bool fHot)
+{
+    if (fSelected) {
+        return !fFocused ? TREIS_SELECTEDNOTFOCUS : fHot ? TREIS_HOTSELECTED : TREIS_SELECTED;
+    }
+    return fHot ? TREIS_HOT : TREIS_DISABLED;
+}
+
+void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y)
+{
+    if (!hImageList) {
+        return;
+    }
+    IMAGELISTDRAWPARAMS params{};
+    params.cbSize = sizeof(params);
+    params.himl = hImageList;
+    params.i = static_cast<int>(nImage);
+    params.hdcDst = hdc;
+    params.x = x;
+    params.y = y;
+    params.cx = TREE_IMAGE_SIZE;
+    params.cy = TREE_IMAGE_SIZE;
+    params.rgbBk = CLR_NONE;
+    reinterpret_cast<IImageList*>(hImageList)->Draw(&params);
+}
+
+void DrawTreeLabel(HDC hdc, LPCWSTR pszName, RECT rc)
+{
+    DrawTextW(hdc, pszName, -1, &rc, TREE_LABEL_FORMAT);
+}
+
+} // namespace gesso

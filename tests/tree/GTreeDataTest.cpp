@@ -1,0 +1,475 @@
+#include "TreeFixture.h"
+
+#include <gesso/containers/Misuse.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+using namespace test;
+
+void* const END = reinterpret_cast<void*>(-1);
+
+class GTreeDataTest : public TreeTest<GTree>
+{
+protected:
+    void SetUp() override
+    {
+        TreeTest::SetUp();
+        Make();
+    }
+};
+
+TEST_F(GTreeDataTest, ItemsStandWhereTheyWereInserted)
+{
+    void* b = tree.Add(nullptr, "b");
+    void* d = tree.Add(tree.GetRootItem(), "d");
+    tree.Add(nullptr, "c", 0, b);
+    tree.Add(nullptr, "a", 0, tree.GetRootItem());
+    void* child = tree.Add(b, "below");
+    tree.Add(nullptr, "e", 0, child); // no child of the root: at the end
+    EXPECT_EQ(tree.Rows(), "a b c d e");
+    EXPECT_EQ(tree.Children(nullptr), "a b c d e");
+    EXPECT_EQ(tree.Children(b), "below");
+
+    EXPECT_EQ(tree.GetItemLevel(tree.GetRootItem()), -1);
+    EXPECT_EQ(tree.GetItemLevel(b), 0);
+    EXPECT_EQ(tree.GetItemLevel(child), 1);
+    EXPECT_EQ(tree.GetItemParent(child), b);
+    EXPECT_EQ(tree.GetItemParent(b), tree.GetRootItem());
+    EXPECT_EQ(tree.GetItemParent(tree.GetRootItem()), nullptr);
+    EXPECT_EQ(tree.GetItemChildCount(b), 1u);
+    EXPECT_EQ(tree.GetItemNextChild(d, nullptr), END);
+    EXPECT_EQ(tree.GetItemNextChild(b, child), END);
+    EXPECT_EQ(tree.GetItemNextChild(b, d), END);
+}
+
+TEST_F(GTreeDataTest, RowsUnderAnExpandedItemFollowItsBranch)
+{
+    void* a = tree.Add(nullptr, "a");
+    tree.Add(nullptr, "z");
+    void* a1 = tree.Add(a, "a1");
+    EXPECT_EQ(tree.Rows(), "a z");
+    tree.Expand(a);
+    tree.Add(a1, "a11");
+    tree.Expand(a1);
+    EXPECT_EQ(tree.Rows(), "a a1 a11 z");
+    tree.Add(a, "a2");
+    tree.Add(a, "a0", 0, a);
+    tree.Add(a, "a15", 0, a1);
+    EXPECT_EQ(tree.Rows(), "a a0 a1 a11 a15 a2 z");
+    tree.Add(nullptr, "y", 0, a);
+    EXPECT_EQ(tree.Rows(), "a a0 a1 a11 a15 a2 y z");
+
+    // Expanded, but not in view itself.
+    tree.Collapse(a);
+    tree.Add(a1, "a12");
+    EXPECT_EQ(tree.Rows(), "a y z");
+    tree.Expand(a);
+    EXPECT_EQ(tree.Rows(), "a a0 a1 a11 a12 a15 a2 y z");
+}
+
+TEST_F(GTreeDataTest, ExpansionTellsTheParentAndLetsItFillTheItem)
+{
+    void* a = tree.Add(nullptr, "a", TIS_HASCHILDREN);
+    void* leaf = tree.Add(nullptr, "leaf");
+    tree.Expand(leaf);
+    EXPECT_TRUE(host.Take().empty());
+
+    tree.Expand(a); // nothing comes
+    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 0 action 2 at -1,0 keys 0"}));
+    EXPECT_EQ(tree.GetItemState(a), TIS_HASCHILDREN);
+
+    host.onNotify = [&](const TreeNotified& n) {
+        EXPECT_EQ(n.record.pItem, a);
+        if (n.code == EXPANDING && n.record.uAction == TVE_EXPAND && tree.GetItemChildCount(a) == 0) {
+            tree.Add(a, "a1");
+            tree.Add(a, "a2");
+        }
+    };
+    HoldKeys({VK_SHIFT, VK_MENU});
+    tree.Expand(a);
+    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 0 action 2 at -1,0 keys 5",
+                                                          "-455 row 0 action 2 at -1,0 keys 5"}));
+    HoldKeys({});
+    EXPECT_EQ(tree.Rows(), "a a1 a2 leaf");
+    EXPECT_EQ(tree.GetItemState(a), TIS_HASCHILDREN | TIS_EXPANDED);
+    tree.Expand(a);
+    EXPECT_TRUE(host.Take().empty());
+    tree.Collapse(a);
+    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 0 action 1 at -1,0 keys 0",
+                                                          "-455 row 0 action 1 at -1,0 keys 0"}));
+    EXPECT_EQ(tree.Rows(), "a leaf");
+    tree.Collapse(a);
+    EXPECT_TRUE(host.Take().empty());
+}
+
+TEST_F(GTreeDataTest, TheParentMayDoAnythingWhenARowExpandsOrCollapses)
+{
+    void* a = tree.Add(nullptr, "a");
+    void* b = tree.Add(nullptr, "b");
+    tree.Add(b, "b1");
+    const auto at = [&](int code, const std::function<void()>& action) {
+        host.onNotify = [=, this, fDone = false](const TreeNotified& n) mutable {
+            if (n.code == code && !std::exchange(fDone, true)) {
+                action();
+            }
+        };
+    };
+    // A row above comes: the item is found again.
+    at(EXPANDING, [&] { tree.Add(nullptr, "new", 0, tree.GetRootItem()); });
+    tree.Expand(b);
+    EXPECT_EQ(tree.Rows(), "new a b b1");
+    EXPECT_EQ(host.Take().back().record.iItem, 2);
+    // The parent is quicker.
+    at(EXPANDING, [&] { tree.Collapse(b); });
+    tree.Collapse(b);
+    EXPECT_EQ(tree.Rows(), "new a b");
+    at(EXPANDING, [&] { tree.Expand(b); });
+    tree.Expand(b);
+    EXPECT_EQ(tree.Rows(), "new a b b1");
+    // The item goes.
+    at(EXPANDING, [&] { tree.RemoveAllItems(); });
+    tree.Collapse(b);
+    EXPECT_EQ(tree.Rows(), "");
+
+    a = tree.Add(nullptr, "a");
+    tree.Add(a, "a1");
+    at(EXPANDED, [&] { tree.RemoveItem(a); });
+    tree.Expand(a);
+    EXPECT_EQ(tree.Rows(), "a");
+    EXPECT_EQ(tree.GetItemChildCount(tree.GetRootItem()), 0u);
+}
+
+TEST_F(GTreeDataTest, RemovedRowsStayWithoutAnythingBehindThem)
+{
+    void* a = tree.Add(nullptr, "a");
+    void* b = tree.Add(nullptr, "b");
+    void* b1 = tree.Add(b, "b1");
+    tree.Add(b1, "b11");
+    tree.Add(nullptr, "c");
+    tree.Expand(b);
+    tree.Expand(b1);
+    tree.SetSelectedItem(b1);
+    EXPECT_EQ(tree.m_nSelected, 2u);
+
+    tree.RemoveItem(b);
+    EXPECT_EQ(tree.Rows(), "a b c");
+    EXPECT_EQ(tree.Children(nullptr), "a c");
+    EXPECT_EQ(tree.m_nSelected, NONE);
+    EXPECT_EQ(tree.m_pSelected, nullptr);
+    // The row is painted, hit and collapsed over; its item has neither children nor parent.
+    EXPECT_EQ(tree.At(1), b);
+    EXPECT_EQ(Narrow(tree.GetItemName(b)), "b");
+    EXPECT_EQ(tree.GetItemChildCount(b), 0u);
+    EXPECT_EQ(tree.GetItemParent(b), nullptr);
+    UpdateWindow(tree);
+    Click(60, 30);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+    tree.Collapse(b);
+    tree.Expand(b);
+    EXPECT_EQ(tree.Rows(), "a b c");
+
+    gesso::SetMisuseStops(false);
+    tree.RemoveItem(b);
+    EXPECT_EQ(tree.Add(b, "x"), nullptr);
+    tree.SetSelectedItem(b);
+    EXPECT_EQ(tree.Rows(), "a b c");
+    tree.RemoveAllItems();
+    EXPECT_EQ(tree.GetItemName(b), nullptr);
+    EXPECT_EQ(tree.GetItemName(a), nullptr);
+    gesso::SetMisuseStops(true);
+    EXPECT_EQ(tree.Rows(), "");
+}
+
+TEST_F(GTreeDataTest, ARemovedRowGoesWithTheBranchThatItStandsIn)
+{
+    void* a = tree.Add(nullptr, "a");
+    void* a1 = tree.Add(a, "a1");
+    tree.Add(a, "a2");
+    tree.Expand(a);
+    tree.RemoveItem(a1);
+    EXPECT_EQ(tree.Rows(), "a a1 a2");
+    tree.Collapse(a);
+    tree.Expand(a);
+    EXPECT_EQ(tree.Rows(), "a a2");
+}
+
+TEST_F(GTreeDataTest, TheSelectedRowFollowsItsItemButForRemovals)
+{
+    void* a = tree.Add(nullptr, "a");
+    void* b = tree.Add(nullptr, "b");
+    void* b1 = tree.Add(b, "b1");
+    tree.Add(a, "a1");
+    tree.Expand(b);
+    tree.SetSelectedItem(b1);
+    EXPECT_EQ(tree.Selected(), "b1");
+    tree.Expand(a);
+    EXPECT_EQ(tree.m_nSelected, 3u);
+    tree.Collapse(b);
+    EXPECT_EQ(tree.Selected(), "(none)");
+    EXPECT_EQ(tree.m_pSelected, b1);
+    tree.Expand(b);
+    EXPECT_EQ(tree.Selected(), "b1");
+    tree.RemoveItem(a); // two rows were a's, of which one stays
+    EXPECT_EQ(tree.m_nSelected, 3u);
+    EXPECT_EQ(tree.Selected(), "(none)") << "one row too low";
+    tree.Add(nullptr, "c");
+    EXPECT_EQ(tree.Selected(), "b1") << "the next insertion looks again";
+    // Selected, hidden and removed: the selection must not come back with another item.
+    tree.Collapse(b);
+    tree.RemoveItem(b1);
+    EXPECT_EQ(tree.m_pSelected, nullptr);
+    tree.SetSelectedItem(nullptr);
+    EXPECT_EQ(tree.GetSelectedItem(), nullptr);
+}
+
+TEST_F(GTreeDataTest, StatesAndOtherFieldsAreStored)
+{
+    int data = 0;
+    void* a = tree.InsertItem(nullptr, nullptr, L"a", 3, TIS_CHECKED | 0xFF00, &data);
+    EXPECT_EQ(tree.GetItemState(a), TIS_CHECKED);
+    tree.SetItemState(a, 0x4 | 0x4400, TIS_CHECKED | 0xF000);
+    EXPECT_EQ(tree.GetItemState(a), 0x4u);
+    tree.SetItemState(a, TIS_CHECKED, 0); // what is set is not limited by the mask
+    EXPECT_EQ(tree.GetItemState(a), TIS_CHECKED | 0x4u);
+    EXPECT_EQ(tree.m_aVisible[0]->uState, TIS_CHECKED | 0xFF04u) << "bits 8 to 15 are out of reach";
+    EXPECT_EQ(tree.GetItemImage(a), 3u);
+    EXPECT_EQ(tree.GetItemCustomData(a), &data);
+    tree.SetItemImage(a, 4);
+    tree.SetItemName(a, L"renamed");
+    tree.SetItemCustomData(a, nullptr);
+    EXPECT_EQ(tree.GetItemImage(a), 4u);
+    EXPECT_EQ(tree.Rows(), "renamed");
+    EXPECT_EQ(tree.GetItemCustomData(a), nullptr);
+
+    EXPECT_EQ(tree.SetTreeStyle(GTS_IMAGES), 0u);
+    EXPECT_EQ(tree.SetTreeStyle(GTS_CHECKBOXES), GTS_IMAGES);
+    EXPECT_EQ(tree.GetTreeStyle(), GTS_CHECKBOXES);
+    EXPECT_EQ(tree.GetItemHeight(), 20u);
+}
+
+TEST_F(GTreeDataTest, ItemsThatMoveKeepRowLevelAndNamedParent)
+{
+    void* a = tree.Add(nullptr, "a");
+    void* b = tree.Add(nullptr, "b");
+    void* a1 = tree.Add(a, "a1");
+    void* a2 = tree.Add(a, "a2");
+    tree.Expand(a);
+    tree.SetItemParent(a1, b);
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
+    EXPECT_EQ(tree.Children(a), "a2");
+    EXPECT_EQ(tree.Children(b), "a1");
+    EXPECT_EQ(tree.GetItemParent(a1), a);
+    tree.Expand(b); // now a1 has two rows
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b a1");
+    EXPECT_EQ(tree.FindVisibleIndex(static_cast<TreeItem*>(a1)), 1u);
+    tree.Collapse(a);
+    EXPECT_EQ(tree.Rows(), "a b a1");
+    EXPECT_EQ(tree.FindVisibleIndex(static_cast<TreeItem*>(a1)), 2u);
+    // The parent that a1 still names goes.
+    tree.RemoveItem(a);
+    EXPECT_EQ(tree.GetItemParent(a1), nullptr);
+    tree.SetItemParent(a1, tree.GetRootItem());
+    tree.RemoveItem(b);
+    EXPECT_EQ(tree.Children(nullptr), "a1");
+
+    gesso::SetMisuseStops(false);
+    void* x = tree.Add(a1, "x");
+    tree.SetItemParent(a1, x);
+    tree.SetItemParent(a1, a1);
+    tree.SetItemParent(tree.GetRootItem(), a1);
+    tree.SetItemParent(a1, nullptr);
+    tree.SetItemParent(a2, a1);
+    gesso::SetMisuseStops(true);
+    EXPECT_EQ(tree.Children(nullptr), "a1");
+    EXPECT_EQ(tree.Children(a1), "x");
+}
+
+TEST_F(GTreeDataTest, SortingOrdersByNameAndWritesTheRowsBehindTheItem)
+{
+    void* a = tree.Add(nullptr, "a");
+    for (const char* name : {"delta", "Alpha", "charlie", "BRAVO"}) {
+        tree.Add(a, name);
+    }
+    tree.Expand(a);
+    tree.SetSelectedItem(tree.At(1));
+    tree.SortChildren(a);
+    EXPECT_EQ(tree.Rows(), "a Alpha BRAVO charlie delta");
+    EXPECT_EQ(tree.Selected(), "delta");
+    tree.Add(nullptr, "B", 0, tree.GetRootItem());
+    tree.Collapse(a);
+    tree.SortChildren(nullptr == tree.GetRootItem() ? a : tree.GetRootItem());
+    EXPECT_EQ(tree.Rows(), "a B");
+
+    // An open branch among the children: its rows are written over.
+    void* c = tree.Add(a, "C", 0, a);
+    tree.Add(c, "c1");
+    tree.Expand(a);
+    tree.Expand(c);
+    EXPECT_EQ(tree.Rows(), "a C c1 Alpha BRAVO charlie delta B");
+    tree.SortChildren(a);
+    EXPECT_EQ(tree.Rows(), "a Alpha BRAVO C charlie delta delta B");
+    // Never beyond the last row.
+    tree.SortChildren(tree.GetRootItem());
+    EXPECT_EQ(tree.Rows(), "a B BRAVO C charlie delta delta B");
+    tree.RemoveAllItems();
+    EXPECT_EQ(tree.Rows(), "");
+}
+
+// The sort as it is stated, on the names alone.
+void SortPlainly(std::vector<std::string>& a, size_t from, size_t n)
+{
+    const auto fold = [](std::string s) {
+        std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return std::tolower(c); });
+        return s.substr(0, 2); // what follows tells equal names apart
+    };
+    while (n > 16) {
+        const std::string pivot = fold(a[from + n / 2]);
+        size_t i = 0;
+        size_t j = n - 1;
+        for (;;) {
+            for (; fold(a[from + i]) < pivot; ++i) {
+            }
+            for (; fold(a[from + j]) > pivot; --j) {
+            }
+            if (i >= j) {
+                break;
+            }
+            std::swap(a[from + i++], a[from + j--]);
+        }
+        SortPlainly(a, from, i);
+        from += i;
+        n -= i;
+    }
+    for (size_t i = from + 1; i < from + n; ++i) {
+        for (size_t k = i; k > from && fold(a[k - 1]) > fold(a[k]); --k) {
+            std::swap(a[k - 1], a[k]);
+        }
+    }
+}
+
+TEST_F(GTreeDataTest, EqualNamesComeOutInTheOrderOfTheStatedSort)
+{
+    std::vector<std::string> names;
+    std::vector<void*> items;
+    unsigned seed = 7;
+    for (int i = 0; i < 500; ++i) {
+        seed = seed * 1103515245 + 12345;
+        const std::string name{static_cast<char>((i % 2 ? 'A' : 'a') + (seed >> 16) % 6),
+                               static_cast<char>('a' + (seed >> 20) % 3)};
+        names.push_back(name + std::to_string(i));
+        tree.InsertItem(nullptr, nullptr, WideText(name), static_cast<UINT>(i), 0, nullptr);
+    }
+    SortPlainly(names, 0, names.size());
+    tree.SortChildren(tree.GetRootItem());
+    for (UINT row = 0; row < names.size(); ++row) {
+        ASSERT_EQ(Narrow(tree.GetItemName(tree.At(row))) + std::to_string(tree.GetItemImage(tree.At(row))),
+                  names[row]);
+    }
+}
+
+TEST_F(GTreeDataTest, TheRootHasARowOnDemand)
+{
+    tree.SetRootVisible(true);
+    EXPECT_EQ(tree.m_aVisible.GetLength(), 1u);
+    tree.SetRootVisible(false);
+    tree.SetRootVisible(false);
+    EXPECT_EQ(tree.m_aVisible.GetLength(), 0u);
+    tree.Add(nullptr, "b");
+    tree.SetRootVisible(true);
+    tree.SetRootVisible(true);
+    EXPECT_EQ(tree.Rows(), " b");
+    tree.Add(nullptr, "a", 0, tree.GetRootItem());
+    EXPECT_EQ(tree.Rows(), "a  b") << "the first child lands in front of the root";
+    tree.RemoveAllItems();
+    EXPECT_EQ(tree.Rows(), "");
+}
+
+TEST_F(GTreeDataTest, HandlesThatNameNoItemAreIgnored)
+{
+    void* a = tree.Add(nullptr, "a");
+    Probe<GTree> other;
+    void* foreign = other.Add(nullptr, "foreign");
+    void* gone = tree.Add(a, "gone");
+    tree.RemoveItem(gone);
+    int local = 0;
+    gesso::SetMisuseStops(false);
+    for (void* bad : {static_cast<void*>(nullptr), foreign, gone, static_cast<void*>(&local),
+                      static_cast<void*>(static_cast<char*>(a) + 1), END})
+    {
+        tree.Expand(bad);
+        tree.Collapse(bad);
+        tree.EnsureVisible(bad);
+        tree.RemoveItem(bad);
+        tree.SortChildren(bad);
+        tree.SetItemState(bad, 1, 1);
+        tree.SetItemName(bad, L"x");
+        tree.SetItemImage(bad, 1);
+        tree.SetItemCustomData(bad, bad);
+        tree.SetItemParent(bad, a);
+        tree.SetItemParent(a, bad);
+        tree.SetSelectedItem(bad);
+        EXPECT_EQ(tree.GetItemLevel(bad), 0);
+        EXPECT_EQ(tree.GetItemState(bad), 0u);
+        EXPECT_EQ(tree.GetItemName(bad), nullptr);
+        EXPECT_EQ(tree.GetItemImage(bad), 0u);
+        EXPECT_EQ(tree.GetItemParent(bad), nullptr);
+        EXPECT_EQ(tree.GetItemChildCount(bad), 0u);
+        EXPECT_EQ(tree.GetItemCustomData(bad), nullptr);
+        if (bad) {
+            EXPECT_EQ(tree.Add(bad, "x"), nullptr);
+            EXPECT_EQ(tree.GetItemNextChild(bad, nullptr), END);
+            EXPECT_EQ(tree.GetItemNextChild(nullptr, bad), END);
+        }
+    }
+    tree.RemoveItem(tree.GetRootItem());
+    gesso::SetMisuseStops(true);
+    EXPECT_EQ(tree.Rows(), "a");
+    EXPECT_EQ(tree.GetSelectedItem(), nullptr);
+    EXPECT_EQ(other.Rows(), "foreign");
+}
+
+TEST_F(GTreeDataTest, ADeepChainIsShownAndRemovedWithoutRecursion)
+{
+    constexpr int DEEP = 100'000;
+    void* top = tree.Add(nullptr, "top", TIS_EXPANDED);
+    void* p = top;
+    for (int i = 0; i < DEEP; ++i) {
+        p = tree.InsertItem(p, nullptr, L"", 0, TIS_EXPANDED, nullptr);
+    }
+    EXPECT_EQ(tree.m_aVisible.GetLength(), DEEP + 1u);
+    EXPECT_EQ(tree.GetItemLevel(p), DEEP);
+    tree.Collapse(top);
+    EXPECT_EQ(tree.Rows(), "top");
+    tree.Expand(top);
+    EXPECT_EQ(tree.m_aVisible.GetLength(), DEEP + 1u);
+    tree.RemoveItem(top);
+    EXPECT_EQ(tree.Rows(), "top");
+    EXPECT_EQ(tree.GetItemChildCount(tree.GetRootItem()), 0u);
+}
+
+TEST_F(GTreeDataTest, ACopySharesTheItemsAndHasRowsOfItsOwn)
+{
+    void* a = tree.Add(nullptr, "a");
+    tree.Add(a, "a1");
+    void* b = tree.Add(nullptr, "b");
+    auto copy = std::make_unique<Probe<GTree>>(tree);
+    EXPECT_EQ(copy->Rows(), "a b");
+    tree.Expand(a);
+    EXPECT_EQ(tree.Rows(), "a a1 b");
+    EXPECT_EQ(copy->Rows(), "a b");
+    EXPECT_EQ(copy->GetItemChildCount(a), 1u);
+    tree.RemoveItem(b);
+    EXPECT_EQ(copy->Rows(), "a b");
+    EXPECT_EQ(copy->FindVisibleIndex(static_cast<TreeItem*>(b)), 1u);
+    *copy = tree;
+    EXPECT_EQ(copy->Rows(), "a a1 b");
+    copy.reset();
+    EXPECT_EQ(tree.FindVisibleIndex(static_cast<TreeItem*>(a)), 0u);
+    tree.Collapse(a);
+    EXPECT_EQ(tree.Rows(), "a b");
+}
+
+} // namespace

@@ -1,0 +1,527 @@
+#include "TreeFixture.h"
+
+#include <algorithm>
+
+namespace {
+
+using namespace test;
+
+// Rows of 20 pixels: a, its children a1 and a2, b, and c to l.
+class GTreeInputTest : public TreeTest<GTree>
+{
+protected:
+    void SetUp() override
+    {
+        TreeTest::SetUp();
+        Make(WS_VSCROLL | WS_HSCROLL);
+        a = tree.Add(nullptr, "a");
+        tree.Add(a, "a1");
+        tree.Add(a, "a2");
+        b = tree.Add(nullptr, "b");
+    }
+    void AddMany()
+    {
+        for (char c = 'c'; c <= 'l'; ++c) {
+            tree.Add(nullptr, std::string(1, c));
+        }
+    }
+    void SelectRow(UINT row)
+    {
+        tree.SetSelectedItem(tree.At(row));
+        ASSERT_EQ(tree.m_nSelected, row);
+    }
+    int Page() const { return static_cast<int>(tree.m_siV.nPage); }
+
+    void* a;
+    void* b;
+};
+
+struct HitCase
+{
+    UINT style;
+    int x, y;
+    int item;
+    int part;
+};
+
+TEST_F(GTreeInputTest, APointHitsByStepsOf15WhateverIsPainted)
+{
+    void* deep = tree.Add(a, "deep");
+    tree.Add(deep, "deeper");
+    tree.Expand(a);
+    constexpr UINT BOTH = GTS_CHECKBOXES | GTS_IMAGES;
+    const HitCase cases[] = {
+        {0, 0, 0, 0, THT_EXPANDER},
+        {0, 14, 19, 0, THT_EXPANDER},
+        {0, 15, 19, 0, THT_LABEL},
+        {0, 150, 5, 0, THT_LABEL},
+        {0, 14, 20, 1, THT_ROW},
+        {0, 15, 20, 1, THT_ROW}, // no expander there
+        {0, 30, 20, 1, THT_LABEL},
+        {0, 15, 65, 3, THT_EXPANDER},
+        {GTS_CHECKBOXES, 15, 0, 0, THT_CHECKBOX},
+        {GTS_CHECKBOXES, 29, 0, 0, THT_CHECKBOX},
+        {GTS_CHECKBOXES, 30, 0, 0, THT_LABEL},
+        {GTS_IMAGES, 15, 0, 0, THT_IMAGE},
+        {GTS_IMAGES, 30, 0, 0, THT_LABEL},
+        {BOTH, 14, 0, 0, THT_EXPANDER},
+        {BOTH, 15, 0, 0, THT_CHECKBOX},
+        {BOTH, 30, 0, 0, THT_IMAGE},
+        {BOTH, 44, 0, 0, THT_IMAGE},
+        {BOTH, 45, 0, 0, THT_LABEL},
+        {0, 5, 85, 4, THT_ROW}, // b has no children
+        {0, -1, 5, -1, THT_NOWHERE},
+        {0, 5, -1, -1, THT_NOWHERE},
+        {0, TREE_CX + 1, 5, -1, THT_NOWHERE},
+        {0, 5, TREE_CY + 1, -1, THT_NOWHERE},
+    };
+    for (const HitCase& c : cases) {
+        tree.SetTreeStyle(c.style);
+        const GTree::HitTestInfo hit = tree.HitAt(c.x, c.y);
+        EXPECT_EQ(static_cast<int>(hit.nItem), c.item) << c.x << "," << c.y << " style " << c.style;
+        EXPECT_EQ(hit.nPart, c.part) << c.x << "," << c.y << " style " << c.style;
+    }
+    tree.SetTreeStyle(0);
+    tree.Collapse(a);
+    EXPECT_EQ(tree.HitAt(5, 40).nPart, THT_ROW);
+    EXPECT_EQ(tree.HitAt(5, 40).nItem, NONE) << "below the last row";
+    tree.RemoveAllItems();
+    EXPECT_EQ(tree.HitAt(5, 5).nPart, THT_NOWHERE) << "no rows at all";
+}
+
+TEST_F(GTreeInputTest, AClickSelectsOrTogglesOnTheRowThatWasPressed)
+{
+    SetFocus(tree);
+    host.Take();
+    Click(60, 30);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+    EXPECT_EQ(tree.m_pSelected, b);
+    std::vector<TreeNotified> notified = host.Take();
+    ASSERT_EQ(notified.size(), 1u);
+    EXPECT_EQ(notified[0].code, CLICKED);
+    EXPECT_EQ(notified[0].record.pItem, b);
+    EXPECT_EQ(notified[0].record.hdr.idFrom, static_cast<UINT_PTR>(TREE_ID));
+    EXPECT_EQ(notified[0].record.hdr.hwndFrom, static_cast<HWND>(tree));
+
+    HoldKeys({VK_CONTROL});
+    Click(60, 5);
+    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-2 row 0 action 0 at 60,5 keys 2"}));
+    HoldKeys({});
+    Click(5, 5);
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
+    EXPECT_EQ(host.Take().size(), 2u);
+    // The row of the press counts, not its part.
+    Mouse(WM_LBUTTONDOWN, 60, 5);
+    Mouse(WM_LBUTTONUP, 5, 5);
+    EXPECT_EQ(tree.Rows(), "a b");
+    host.Take();
+    Mouse(WM_LBUTTONDOWN, 60, 5);
+    EXPECT_EQ(GetCapture(), static_cast<HWND>(tree));
+    EXPECT_TRUE(tree.m_dwState & GWS_PRESSED);
+    EXPECT_EQ(tree.GetSelectedItem(), a) << "the press selects nothing";
+    Mouse(WM_LBUTTONUP, 60, 30);
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(tree.m_hitDown.nItem, NONE);
+    EXPECT_EQ(tree.m_hitDown.nPart, 0xFFFF);
+    Click(60, 90); // below the last row
+    Mouse(WM_LBUTTONUP, 60, 5);
+    EXPECT_TRUE(host.Take().empty());
+    EXPECT_EQ(tree.GetSelectedItem(), a);
+    // Check boxes are the host's to tick.
+    tree.SetTreeStyle(GTS_CHECKBOXES);
+    Click(20, 30);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+    EXPECT_EQ(tree.GetItemState(b), 0u);
+    EXPECT_EQ(host.Take().size(), 1u);
+}
+
+TEST_F(GTreeInputTest, ADoubleClickTogglesUnlessTheParentObjects)
+{
+    Mouse(WM_LBUTTONDBLCLK, 60, 5);
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
+    EXPECT_EQ(host.TakeLines()[0], "-3 row 0 action 0 at 60,5 keys 0");
+    host.answer = 1;
+    Mouse(WM_LBUTTONDBLCLK, 60, 5);
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
+    host.answer = 0;
+    Mouse(WM_LBUTTONDBLCLK, 60, 5);
+    EXPECT_EQ(tree.Rows(), "a b");
+    host.Take();
+    Mouse(WM_LBUTTONDBLCLK, 5, 5); // on the expander
+    EXPECT_TRUE(host.Take().empty());
+    // What the parent does to the row holds.
+    host.onNotify = [&](const TreeNotified& n) {
+        if (n.code == DOUBLE_CLICKED) {
+            tree.RemoveAllItems();
+        }
+    };
+    Mouse(WM_LBUTTONDBLCLK, 60, 5);
+    EXPECT_EQ(tree.Rows(), "");
+}
+
+TEST_F(GTreeInputTest, ThePointerHoversAndLeaves)
+{
+    Mouse(WM_MOUSEMOVE, 60, 30);
+    EXPECT_EQ(tree.m_hitMove.nItem, 1u);
+    EXPECT_EQ(tree.m_hitMove.nPart, THT_LABEL);
+    EXPECT_FALSE(tree.m_dwState & GWS_HOT) << "the bit is set over nothing";
+    EXPECT_TRUE(tree.m_dwState & GWS_TRACKING);
+    UpdateWindow(tree);
+    Mouse(WM_MOUSEMOVE, 61, 31);
+    EXPECT_FALSE(GetUpdateRect(tree, nullptr, FALSE)) << "the same part: nothing to paint";
+    Mouse(WM_MOUSEMOVE, 61, 5);
+    EXPECT_TRUE(GetUpdateRect(tree, nullptr, FALSE));
+    Send(WM_MOUSELEAVE);
+    EXPECT_EQ(tree.m_hitMove.nItem, NONE);
+    EXPECT_FALSE(tree.m_dwState & GWS_TRACKING);
+    tree.RemoveAllItems();
+    Mouse(WM_MOUSEMOVE, 60, 30);
+    EXPECT_TRUE(tree.m_dwState & GWS_HOT);
+}
+
+TEST_F(GTreeInputTest, KeysMoveTheSelectionAndOpenBranches)
+{
+    SelectRow(0);
+    Key(VK_DOWN);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+    EXPECT_EQ(tree.m_pSelected, b);
+    Key(VK_DOWN);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+    Key(VK_UP);
+    Key(VK_UP);
+    EXPECT_EQ(tree.GetSelectedItem(), a);
+    EXPECT_TRUE(host.Take().empty()) << "the selection is not reported";
+    Key(VK_RIGHT);
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
+    EXPECT_EQ(host.Take().size(), 2u);
+    Key(VK_RIGHT);
+    EXPECT_EQ(tree.Selected(), "a1");
+    Key(VK_RIGHT);
+    EXPECT_EQ(tree.Selected(), "a1") << "without children";
+    Key(VK_END);
+    EXPECT_EQ(tree.Selected(), "b");
+    Key(VK_LEFT);
+    EXPECT_EQ(tree.Selected(), "b") << "never out to the root";
+    Key(VK_UP);
+    Key(VK_LEFT);
+    EXPECT_EQ(tree.Selected(), "a");
+    Key(VK_LEFT);
+    EXPECT_EQ(tree.Rows(), "a b");
+    Key(VK_END);
+    Key(VK_HOME);
+    EXPECT_EQ(tree.m_nSelected, 0u);
+    EXPECT_EQ(tree.m_pSelected, nullptr) << "the number moves alone";
+    EXPECT_EQ(tree.GetSelectedItem(), a);
+    tree.Add(nullptr, "c");
+    EXPECT_EQ(tree.m_nSelected, NONE) << "so that the next insertion loses it";
+    host.Take();
+    Key(VK_SPACE);
+    Key(VK_RETURN);
+    EXPECT_TRUE(host.Take().empty());
+    SelectRow(1);
+    Key(VK_SPACE);
+    Key(VK_RETURN);
+    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-2 row 1 action 0 at -1,-1 keys 0",
+                                                          "-2 row 1 action 0 at -1,-1 keys 0"}));
+}
+
+TEST_F(GTreeInputTest, KeysWithNoSelectedRowDoNothingButUpAndDown)
+{
+    for (const UINT vk : {VK_LEFT, VK_RIGHT, VK_SPACE, VK_RETURN}) {
+        Key(vk);
+        EXPECT_EQ(tree.m_nSelected, NONE) << vk;
+    }
+    Key(VK_DOWN);
+    EXPECT_EQ(tree.Selected(), "a");
+    tree.SetSelectedItem(nullptr);
+    Key(VK_UP);
+    EXPECT_EQ(tree.Selected(), "a");
+    tree.RemoveAllItems();
+    for (UINT key = 0; key < 256; ++key) {
+        Key(key);
+        Send(WM_CHAR, key, 1);
+    }
+    EXPECT_EQ(tree.GetSelectedItem(), nullptr);
+    tree.Add(nullptr, "x");
+    for (UINT key = 0; key < 256; ++key) {
+        Key(key);
+        Send(WM_CHAR, key, 1);
+    }
+}
+
+TEST_F(GTreeInputTest, PagingGoesToTheWholeRowsAtTheEdgesFirst)
+{
+    AddMany(); // 12 rows, 240 pixels
+    tree.SetSelectedItem(tree.At(0));
+    ASSERT_LT(Page(), 240);
+    const UINT rowsOfPage = static_cast<UINT>(Page()) / 20;
+    const UINT firstBottom = static_cast<UINT>(Page() + 1 - 20) / 20;
+    Key(VK_NEXT);
+    EXPECT_EQ(tree.m_nSelected, firstBottom);
+    Key(VK_NEXT);
+    const UINT second = tree.m_nSelected;
+    EXPECT_GE(second, firstBottom);
+    for (int i = 0; i < 10; ++i) {
+        Key(VK_NEXT);
+    }
+    EXPECT_EQ(tree.m_nSelected, 11u);
+    EXPECT_EQ(tree.m_siV.nPos, 240 - Page());
+    Key(VK_PRIOR);
+    EXPECT_EQ(tree.m_nSelected, static_cast<UINT>(tree.m_siV.nPos + 19) / 20);
+    const UINT top = tree.m_nSelected;
+    Key(VK_PRIOR);
+    EXPECT_EQ(tree.m_nSelected, top - std::min(top, rowsOfPage));
+    for (int i = 0; i < 10; ++i) {
+        Key(VK_PRIOR);
+    }
+    EXPECT_EQ(tree.m_nSelected, 0u);
+    EXPECT_EQ(tree.m_siV.nPos, 0);
+    EXPECT_EQ(tree.m_pSelected, tree.At(0));
+}
+
+TEST_F(GTreeInputTest, PagingInATreeThatFitsGoesToItsEnds)
+{
+    SelectRow(1);
+    Key(VK_PRIOR);
+    EXPECT_EQ(tree.m_nSelected, 0u);
+    EXPECT_EQ(tree.m_pSelected, nullptr);
+    Key(VK_NEXT);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+    EXPECT_EQ(tree.m_pSelected, b);
+}
+
+TEST_F(GTreeInputTest, LettersSearchForWhatIsTyped)
+{
+    for (const char* name : {"beta", "Bingo", "barn", "alpha"}) {
+        tree.Add(nullptr, name);
+    }
+    // a b beta Bingo barn alpha
+    SelectRow(0);
+    const auto type = [&](const char* text) {
+        for (const char* p = text; *p; ++p) {
+            Send(WM_CHAR, static_cast<WPARAM>(*p), 1);
+        }
+    };
+    type("b");
+    EXPECT_EQ(tree.Selected(), "b");
+    type("b");
+    EXPECT_EQ(tree.Selected(), "beta") << "one letter again and again goes on";
+    type("b");
+    EXPECT_EQ(tree.Selected(), "Bingo");
+    Key(VK_HOME); // a movement ends what was typed
+    type("bA");
+    EXPECT_EQ(tree.Selected(), "barn");
+    type("?!");
+    EXPECT_EQ(tree.Selected(), "barn");
+    Key(VK_SPACE);
+    type("al");
+    EXPECT_EQ(tree.Selected(), "alpha");
+    Key(VK_SPACE);
+    type("al");
+    EXPECT_EQ(tree.Selected(), "alpha") << "the first letter went on, and the second one came around again";
+    type("xxxxxxxxxxxxxxx");
+    Key(VK_SPACE);
+    type("z");
+    EXPECT_EQ(tree.Selected(), "alpha");
+    for (const TreeNotified& n : host.Take()) {
+        EXPECT_EQ(n.code, CLICKED) << "the selection is not reported";
+    }
+}
+
+TEST_F(GTreeInputTest, ScrollRequestsMoveByTheirStepsWithinTheRange)
+{
+    AddMany(); // 12 rows, 240 pixels
+    const int last = tree.m_siV.nMax - Page() + 1;
+    const auto scroll = [&](UINT code, UINT pos = 0) {
+        Send(WM_VSCROLL, MAKEWPARAM(code, pos));
+        return tree.m_siV.nPos;
+    };
+    EXPECT_EQ(scroll(SB_LINEDOWN), 20);
+    tree.SetItemHeight(30);
+    EXPECT_EQ(scroll(SB_LINEDOWN), 40) << "a line is 20 pixels at any height";
+    EXPECT_EQ(scroll(SB_LINEUP), 20);
+    tree.SetItemHeight(20);
+    EXPECT_EQ(scroll(SB_PAGEDOWN), 20 + Page() * 5 / 6);
+    EXPECT_EQ(scroll(SB_PAGEUP), 20);
+    EXPECT_EQ(scroll(SB_THUMBTRACK, 33), 33);
+    EXPECT_EQ(scroll(SB_THUMBPOSITION, 34), 34);
+    EXPECT_EQ(scroll(SB_ENDSCROLL), 34);
+    EXPECT_EQ(scroll(SB_THUMBTRACK, 5000), last);
+    EXPECT_EQ(scroll(SB_LINEDOWN), last);
+    scroll(SB_THUMBTRACK, 0);
+    EXPECT_EQ(scroll(SB_LINEUP), 0);
+
+    UINT lines = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-120)));
+    EXPECT_EQ(tree.m_siV.nPos, std::min(static_cast<int>(lines) * 20, last));
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, 119)); // no whole notch
+    EXPECT_EQ(tree.m_siV.nPos, std::min(static_cast<int>(lines) * 20, last));
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, 240));
+    EXPECT_EQ(tree.m_siV.nPos, 0);
+}
+
+TEST_F(GTreeInputTest, TheSelectedRowIsBroughtIntoViewWhicheverIsGiven)
+{
+    AddMany();
+    SelectRow(11);
+    tree.EnsureVisible(a);
+    EXPECT_EQ(tree.m_siV.nPos, 240 - Page());
+    SelectRow(0);
+    tree.EnsureVisible(tree.At(11));
+    EXPECT_EQ(tree.m_siV.nPos, 0);
+    tree.SetSelectedItem(nullptr);
+    tree.EnsureVisible(tree.At(11));
+    EXPECT_EQ(tree.m_siV.nPos, 0);
+}
+
+TEST_F(GTreeInputTest, TheScrollRangesCountTheRowsAndTheWidestLabel)
+{
+    const int cxBar = GetSystemMetrics(SM_CXVSCROLL);
+    EXPECT_EQ(tree.m_siV.nMax, 39);
+    EXPECT_EQ(tree.m_siH.nMax, -1) << "nothing was measured yet";
+    tree.Add(a, "a label that is far too wide for a tree of that width to show it");
+    tree.Expand(a);
+    EXPECT_EQ(tree.m_siV.nMax, 5 * 20 - 1);
+    const int widest = tree.m_siH.nMax + 1;
+    EXPECT_GT(widest, TREE_CX);
+    tree.SetTreeStyle(GTS_IMAGES | GTS_CHECKBOXES);
+    tree.Collapse(a);
+    EXPECT_LT(tree.m_siH.nMax, TREE_CX);
+    tree.Expand(a);
+    EXPECT_EQ(tree.m_siH.nMax + 1, widest + 40) << "two cells more";
+    tree.SetItemName(tree.At(3), L"");
+    EXPECT_EQ(tree.m_siH.nMax + 1, widest + 40) << "until the next expansion or collapse";
+    tree.Collapse(a);
+    tree.Expand(a);
+    EXPECT_LT(tree.m_siH.nMax, widest);
+
+    // What fits leaves its page shorter by a bar.
+    RECT rc{};
+    tree.GetClientRectNoScroll(&rc);
+    SCROLLINFO si{sizeof(SCROLLINFO), SIF_ALL, 0, 0, 0, 0, 0};
+    ASSERT_TRUE(GetScrollInfo(tree, SB_HORZ, &si));
+    EXPECT_LE(tree.m_siH.nMax, rc.right);
+    EXPECT_EQ(static_cast<int>(tree.m_siH.nPage),
+              std::min(tree.m_siH.nMax, static_cast<int>(rc.right) - cxBar));
+}
+
+TEST_F(GTreeInputTest, AHorizontalLineIsAnItemsHeight)
+{
+    tree.Add(a, "a label that is far too wide for a tree of that width to show it");
+    tree.Expand(a);
+    tree.SetItemHeight(25);
+    Send(WM_HSCROLL, SB_LINEDOWN);
+    EXPECT_EQ(tree.m_siH.nPos, 25);
+    EXPECT_EQ(tree.HitAt(14, 5).nPart, THT_EXPANDER) << "hit-testing stays where it was";
+    Send(WM_HSCROLL, SB_LINEUP);
+    EXPECT_EQ(tree.m_siH.nPos, 0);
+}
+
+TEST_F(GTreeInputTest, FocusSelectsTheFirstRowByNumberAlone)
+{
+    SetFocus(tree);
+    EXPECT_EQ(tree.m_nSelected, 0u);
+    EXPECT_EQ(tree.m_pSelected, nullptr);
+    SetFocus(host);
+    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-7", "-8"}));
+    SelectRow(1);
+    SetFocus(tree);
+    EXPECT_EQ(tree.GetSelectedItem(), b);
+
+    MSG msg{};
+    msg.message = WM_KEYDOWN;
+    msg.wParam = VK_TAB;
+    EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, VK_TAB, reinterpret_cast<LPARAM>(&msg)), 0x81);
+    msg.wParam = VK_ESCAPE;
+    EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, VK_ESCAPE, reinterpret_cast<LPARAM>(&msg)), 0x81);
+    EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, 0, 0), 0x85);
+}
+
+TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeInEachNotification)
+{
+    struct Case
+    {
+        int code;
+        std::function<void()> action;
+    };
+    const Case cases[] = {
+        {CLICKED, [&] { Click(60, 5); }},
+        {CLICKED, [&] { Key(VK_RETURN); }},
+        {DOUBLE_CLICKED, [&] { Mouse(WM_LBUTTONDBLCLK, 60, 5); }},
+        {EXPANDING, [&] { Click(5, 5); }},
+        {EXPANDED, [&] { Click(5, 5); }},
+        {EXPANDING, [&] { Key(VK_RIGHT); }},
+        {EXPANDED, [&] { Key(VK_RIGHT); }},
+        {EXPANDED, [&] { tree.Expand(a); }},
+        {EXPANDED, [&] { Mouse(WM_LBUTTONDBLCLK, 60, 5); }},
+        {FOCUS_SET, [&] { Mouse(WM_LBUTTONDOWN, 60, 5); }},
+        {FOCUS_KILLED, [&] { SetFocus(host); }},
+    };
+    for (const bool deletes : {false, true}) {
+        for (const Case& c : cases) {
+            DestroyWindow(tree);
+            Make();
+            if (c.code != FOCUS_SET) {
+                SetFocus(tree);
+            }
+            tree.Collapse(a);
+            tree.SetSelectedItem(a);
+            GTree* own = nullptr; // one that goes with its window
+            if (deletes) {
+                static const WORD creation[] = {0, 0};
+                DestroyWindow(tree);
+                const HWND hwnd =
+                    CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE, 0, 0, TREE_CX, TREE_CY, host,
+                                    reinterpret_cast<HMENU>(TREE_ID), nullptr, const_cast<WORD*>(creation));
+                own = static_cast<GTree*>(GWnd::FromHwnd(hwnd));
+                ASSERT_TRUE(own);
+            }
+            host.onNotify = [&](const TreeNotified& n) {
+                if (n.code == c.code) {
+                    DestroyWindow(own ? own->GetHwnd() : tree.GetHwnd());
+                }
+            };
+            if (!own) {
+                c.action();
+                EXPECT_FALSE(IsWindow(tree)) << c.code;
+            } else {
+                void* item = own->InsertItem(nullptr, nullptr, L"x", 0, 0, nullptr);
+                own->InsertItem(item, nullptr, L"y", 0, 0, nullptr);
+                const HWND hwnd = own->GetHwnd();
+                const auto mouse = [&](UINT uMsg, int x) { SendMessageW(hwnd, uMsg, 0, MAKELPARAM(x, 5)); };
+                SetFocus(hwnd);
+                mouse(WM_LBUTTONDOWN, c.code == CLICKED ? 60 : 5);
+                mouse(WM_LBUTTONUP, c.code == CLICKED ? 60 : 5);
+                mouse(WM_LBUTTONDBLCLK, 60);
+                SetFocus(host);
+                EXPECT_FALSE(IsWindow(hwnd)) << c.code;
+            }
+            host.onNotify = nullptr;
+        }
+    }
+    Make();
+}
+
+TEST_F(GTreeInputTest, FontsAreTheTreesUntilTheHostGivesOne)
+{
+    const HFONT own = tree.GetFont();
+    EXPECT_TRUE(own);
+    EXPECT_EQ(SendMessageW(tree, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(own));
+    const HFONT hFont = CreateFontW(-30, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    tree.Expand(a);
+    const int narrow = tree.m_siH.nMax;
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(hFont), TRUE);
+    EXPECT_EQ(GetObjectType(own), 0u) << "the tree's own is deleted";
+    EXPECT_EQ(tree.GetTreeStyle(), GTS_OWNFONT);
+    tree.Collapse(a);
+    tree.Expand(a);
+    EXPECT_GT(tree.m_siH.nMax, narrow) << "the labels are measured in the new font";
+    Send(WM_THEMECHANGED);
+    EXPECT_EQ(tree.GetFont(), hFont);
+    DestroyWindow(tree);
+    EXPECT_NE(GetObjectType(hFont), 0u) << "the host's stays";
+    DeleteObject(hFont);
+}
+
+} // namespace

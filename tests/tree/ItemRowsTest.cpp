@@ -1,0 +1,146 @@
+// The rows of a tree beside a plain array of the same items.
+
+#include <gesso/tree/GTree.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+
+namespace {
+
+using gesso::ItemRows;
+using gesso::ItemStore;
+using gesso::NO_ROW;
+
+class ItemRowsTest : public testing::Test
+{
+protected:
+    TreeItem* NewItem(int level = 0)
+    {
+        TreeItem* item = store->Make(nullptr);
+        item->nLevel = level;
+        item->place.pHolder = &holder;
+        return item;
+    }
+    void Insert(UINT row, const std::vector<TreeItem*>& items)
+    {
+        rows.Insert(row, items);
+        plain.insert(plain.begin() + std::min<size_t>(row, plain.size()), items.begin(), items.end());
+    }
+    void Remove(UINT row, UINT n)
+    {
+        rows.Remove(row, n);
+        const auto first = plain.begin() + std::min<size_t>(row, plain.size());
+        plain.erase(first, first + std::min<std::ptrdiff_t>(n, plain.end() - first));
+    }
+    void Check()
+    {
+        ASSERT_EQ(rows.GetLength(), plain.size());
+        for (UINT row = 0; row < plain.size(); ++row) {
+            ASSERT_EQ(rows[row], plain[row]) << row;
+        }
+        EXPECT_EQ(rows[static_cast<UINT>(plain.size())], nullptr);
+        for (size_t row = 0; row < plain.size(); row += 1 + plain.size() / 50) {
+            const auto first = std::find(plain.begin(), plain.end(), plain[row]);
+            ASSERT_EQ(rows.Find(plain[row]), static_cast<UINT>(first - plain.begin()));
+        }
+        int widest = 0;
+        for (const TreeItem* item : plain) {
+            widest = std::max(widest, item->place.nTextWidth);
+        }
+        ASSERT_EQ(rows.Widest([](const TreeItem& item) { return item.place.nTextWidth; }), widest);
+    }
+
+    TreeItem holder{nullptr};
+    std::shared_ptr<ItemStore<TreeItem>> store = std::make_shared<ItemStore<TreeItem>>();
+    ItemRows<TreeItem> rows{store};
+    std::vector<TreeItem*> plain;
+};
+
+TEST_F(ItemRowsTest, AnySplicesLeaveWhatAPlainArrayHolds)
+{
+    std::mt19937 random(3);
+    const auto below = [&](size_t limit) { return static_cast<UINT>(random() % limit); };
+    for (int step = 0; step < 800; ++step) {
+        const UINT row = below(plain.size() + 2);
+        switch (below(plain.size() > 6000 ? 9 : 8)) {
+        case 0:
+        case 1: Insert(row, {NewItem()}); break;
+        case 2: {
+            std::vector<TreeItem*> items(below(20) == 0 ? 700 : below(40));
+            for (TreeItem*& item : items) {
+                item = NewItem();
+                item->place.nTextWidth = static_cast<int>(below(1000));
+            }
+            Insert(row, items);
+            break;
+        }
+        case 3: Remove(row, below(60)); break;
+        case 4: Remove(row, below(20) == 0 ? 900 : 1); break;
+        case 5:
+            if (row < plain.size()) { // a second row of an item
+                TreeItem* item = plain[below(plain.size())];
+                rows.Set(row, item);
+                plain[row] = item;
+            }
+            break;
+        case 6:
+            if (row < plain.size()) {
+                plain[row]->place.nTextWidth = static_cast<int>(below(1000));
+                rows.Changed(*plain[row]);
+            }
+            break;
+        case 7: Insert(static_cast<UINT>(plain.size()), {NewItem()}); break;
+        default: Remove(0, 5000); break;
+        }
+        ASSERT_NO_FATAL_FAILURE(Check()) << "step " << step;
+    }
+}
+
+TEST_F(ItemRowsTest, ABranchEndsAtTheNextRowThatIsNoDeeper)
+{
+    for (const int level : {0, 1, 2, 2, 1, 0, 3}) {
+        Insert(NO_ROW, {NewItem(level)});
+    }
+    EXPECT_EQ(rows.EndOfBranch(0), 5u);
+    EXPECT_EQ(rows.EndOfBranch(1), 4u);
+    EXPECT_EQ(rows.EndOfBranch(2), 3u);
+    EXPECT_EQ(rows.EndOfBranch(4), 5u);
+    EXPECT_EQ(rows.EndOfBranch(5), 7u);
+}
+
+TEST_F(ItemRowsTest, ARemovedItemLivesAsLongAsARowShowsIt)
+{
+    TreeItem* item = NewItem();
+    Insert(0, {item, NewItem(), item});
+    ItemRows<TreeItem> copy(rows);
+    item->place.pHolder = nullptr;
+    Remove(0, 1);
+    EXPECT_EQ(store->Find(item), item);
+    Check();
+    Remove(1, 1);
+    EXPECT_EQ(store->Find(item), item) << "the copy still shows it";
+    copy.RemoveAll();
+    EXPECT_EQ(store->Find(item), nullptr);
+}
+
+TEST_F(ItemRowsTest, HandlesAreKnownWithoutALookAtWhatTheyPointTo)
+{
+    std::vector<TreeItem*> items;
+    for (int i = 0; i < 5000; ++i) {
+        items.push_back(NewItem());
+    }
+    for (TreeItem* item : items) {
+        ASSERT_EQ(store->Find(item), item);
+        ASSERT_EQ(store->Find(reinterpret_cast<char*>(item) + 8), nullptr);
+    }
+    EXPECT_EQ(store->Find(nullptr), nullptr);
+    EXPECT_EQ(store->Find(reinterpret_cast<void*>(-1)), nullptr);
+    EXPECT_EQ(store->Find(reinterpret_cast<void*>(8)), nullptr);
+    store->Free(items[7]);
+    EXPECT_EQ(store->Find(items[7]), nullptr);
+    EXPECT_EQ(NewItem(), items[7]) << "the place is used again";
+}
+
+} // namespace

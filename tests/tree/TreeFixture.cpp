@@ -1,0 +1,87 @@
+#include "TreeFixture.h"
+
+namespace test {
+namespace {
+
+constexpr const wchar_t* HOST_CLASS = L"GessoTestTreeHost";
+
+void RegisterHostClass(WNDPROC pfn)
+{
+    WNDCLASSEXW record{};
+    record.cbSize = sizeof(record);
+    if (!GetClassInfoExW(GetModuleHandleW(nullptr), HOST_CLASS, &record)) {
+        record = {};
+        record.cbSize = sizeof(record);
+        record.lpfnWndProc = pfn;
+        record.hInstance = GetModuleHandleW(nullptr);
+        record.lpszClassName = HOST_CLASS;
+        RegisterClassExW(&record);
+    }
+}
+
+bool IsOfFocus(int code)
+{
+    return code == FOCUS_SET || code == FOCUS_KILLED;
+}
+
+} // namespace
+
+TreeHost::TreeHost()
+{
+    RegisterHostClass(WindowProc);
+    m_hWnd = CreateWindowExW(0, HOST_CLASS, L"Host", WS_POPUP | WS_VISIBLE, 50, 50, 400, 300, nullptr,
+                             nullptr, GetModuleHandleW(nullptr), nullptr);
+    SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetForegroundWindow(m_hWnd);
+    SetFocus(m_hWnd);
+}
+
+TreeHost::~TreeHost()
+{
+    onNotify = nullptr;
+    DestroyWindow(m_hWnd);
+}
+
+std::vector<std::string> TreeHost::TakeLines()
+{
+    std::vector<std::string> lines;
+    for (const TreeNotified& n : Take()) {
+        const GLISTNOTIFY& r = n.record;
+        std::string line = std::to_string(n.code);
+        if (!IsOfFocus(n.code)) {
+            EXPECT_EQ(r.iSubItem, -1);
+            line += " row " + std::to_string(r.iItem) + " action " + std::to_string(r.uAction) + " at " +
+                    std::to_string(r.x) + "," + std::to_string(r.y) + " keys " + std::to_string(r.uKeyFlags);
+        }
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+LRESULT TreeHost::Note(const NMHDR& header)
+{
+    TreeNotified notified{static_cast<int>(header.code), {}};
+    notified.record.hdr = header;
+    if (!IsOfFocus(notified.code)) {
+        notified.record = reinterpret_cast<const GLISTNOTIFY&>(header);
+    }
+    m_notified.push_back(notified);
+    if (onNotify) {
+        onNotify(notified);
+    }
+    return answer;
+}
+
+LRESULT CALLBACK TreeHost::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    auto* host = reinterpret_cast<TreeHost*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+    if (host && uMsg == WM_NOTIFY) {
+        return host->Note(*reinterpret_cast<const NMHDR*>(lParam));
+    }
+    if (host && uMsg == WM_COMMAND && LOWORD(wParam) == TREE_ID) {
+        ++host->m_nClicks;
+    }
+    return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+}
+
+} // namespace test

@@ -1,0 +1,172 @@
+// A tree or navigation bar in a host window that keeps its notifications.
+#pragma once
+
+#include <gesso/gesso.h>
+
+#include "../support/Host.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace test {
+
+constexpr UINT NONE = static_cast<UINT>(-1);
+constexpr int TREE_ID = 31;
+constexpr int TREE_CX = 200;
+constexpr int TREE_CY = 100;
+
+// Codes of notifications.
+constexpr int CLICKED = -2;
+constexpr int DOUBLE_CLICKED = -3;
+constexpr int FOCUS_SET = -7;
+constexpr int FOCUS_KILLED = -8;
+constexpr int EXPANDING = -454;
+constexpr int EXPANDED = -455;
+
+// A plain text as the platform's.
+class WideText
+{
+public:
+    explicit WideText(const std::string& text) : m_text(text.begin(), text.end()) { m_text.push_back(0); }
+    operator LPCWSTR() const { return m_text.data(); }
+
+private:
+    std::vector<wchar_t> m_text;
+};
+
+// A notification: the record is whole for all but those of the focus.
+struct TreeNotified
+{
+    int code;
+    GLISTNOTIFY record;
+};
+
+class TreeHost
+{
+public:
+    TreeHost();
+    ~TreeHost();
+    TreeHost(const TreeHost&) = delete;
+    TreeHost& operator=(const TreeHost&) = delete;
+
+    operator HWND() const { return m_hWnd; }
+    // The notifications since the last call.
+    std::vector<TreeNotified> Take() { return std::exchange(m_notified, {}); }
+    // The same as "-454 row 1 action 2 at -1,0 keys 0", or only the code for those of the focus.
+    std::vector<std::string> TakeLines();
+    int TakeClicks() { return std::exchange(m_nClicks, 0); }
+    // Called within each notification.
+    std::function<void(const TreeNotified&)> onNotify;
+    LRESULT answer = 0;
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT Note(const NMHDR& header);
+
+    HWND m_hWnd;
+    std::vector<TreeNotified> m_notified;
+    int m_nClicks = 0; // WM_COMMAND
+};
+
+// A tree of either class with everything in reach.
+template <class CONTROL> class Probe : public CONTROL
+{
+public:
+    using CONTROL::DeleteItem;
+    using CONTROL::EnsureVisible;
+    using CONTROL::FindVisibleIndex;
+    using CONTROL::m_aVisible;
+    using CONTROL::m_dwHStyle;
+    using CONTROL::m_dwState;
+    using CONTROL::m_dwVStyle;
+    using CONTROL::m_hitDown;
+    using CONTROL::m_hitMove;
+    using CONTROL::m_nSelected;
+    using CONTROL::m_pRoot;
+    using CONTROL::m_pSelected;
+    using CONTROL::m_siH;
+    using CONTROL::m_siV;
+    using HitTestInfo = typename CONTROL::HitTestInfo;
+
+    void* Add(void* parent, const std::string& name, UINT state = 0, void* after = nullptr)
+    {
+        return this->InsertItem(parent, after, WideText(name), 0, state, nullptr);
+    }
+    // The names of the rows with blanks between.
+    std::string Rows() const
+    {
+        std::string rows;
+        for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
+            rows += (row > 0 ? " " : "") + Narrow(m_aVisible[row]->strName);
+        }
+        return rows;
+    }
+    std::string Children(void* parent) const
+    {
+        std::string names;
+        void* const end = reinterpret_cast<void*>(-1); // of a GTree; null of a GNavigationBar
+        for (void* p = nullptr; (p = this->GetItemNextChild(parent, p)) && p != end;) {
+            names += (names.empty() ? "" : " ") + Narrow(this->GetItemName(p));
+        }
+        return names;
+    }
+    std::string Selected() const
+    {
+        void* item = this->GetSelectedItem();
+        return item ? Narrow(this->GetItemName(item)) : "(none)";
+    }
+    HitTestInfo HitAt(int x, int y) const
+    {
+        HitTestInfo info{};
+        info.pt = {static_cast<SHORT>(x), static_cast<SHORT>(y)};
+        this->HitTest(&info);
+        return info;
+    }
+    void* At(UINT row) const { return m_aVisible[row]; }
+};
+
+// CONTROL is the class under test. It has no window until Make.
+template <class CONTROL> class TreeTest : public testing::Test
+{
+protected:
+    void SetUp() override { InitControls(); }
+    void TearDown() override
+    {
+        HoldKeys({});
+        if (IsWindow(tree)) {
+            DestroyWindow(tree);
+        }
+    }
+
+    void Make(DWORD dwStyle = 0, int cx = TREE_CX, int cy = TREE_CY)
+    {
+        tree.Create(0, 0, cx, cy, host, TREE_ID, 0, WS_CHILD | WS_VISIBLE | dwStyle);
+        ASSERT_TRUE(tree.GetHwnd());
+    }
+    void Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0) { SendMessageW(tree, uMsg, wParam, lParam); }
+    void Mouse(UINT uMsg, int x, int y) { Send(uMsg, 0, MAKELPARAM(x, y)); }
+    void Click(int x, int y)
+    {
+        Mouse(WM_LBUTTONDOWN, x, y);
+        Mouse(WM_LBUTTONUP, x, y);
+    }
+    void Key(UINT vk) { Send(WM_KEYDOWN, vk, 1); }
+    // Lets GetKeyState answer for the keys.
+    static void HoldKeys(std::initializer_list<UINT> keys)
+    {
+        BYTE state[256] = {};
+        for (const UINT vk : keys) {
+            state[vk] = 0x80;
+        }
+        SetKeyboardState(state);
+    }
+
+    TreeHost host;
+    Probe<CONTROL> tree;
+};
+
+} // namespace test
