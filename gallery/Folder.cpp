@@ -85,23 +85,68 @@ void AddFile(Folder& folder, const WIN32_FIND_DATAW& found)
     folder.files.push_back(file);
 }
 
+// Calls a function with each entry until it answers false.
+template <class FUNCTION> void ForEachFile(const std::wstring& path, FUNCTION function)
+{
+    WIN32_FIND_DATAW found{};
+    const HANDLE hFind = FindFirstFileW((path + L"\\*").c_str(), &found);
+    if (hFind == INVALID_HANDLE_VALUE) {
+        return;
+    }
+    while (function(found) && FindNextFileW(hFind, &found)) {
+    }
+    FindClose(hFind);
+}
+
+// Links are left out: they may lead around in circles.
+bool IsShownFolder(const WIN32_FIND_DATAW& found)
+{
+    constexpr DWORD KINDS = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    return (found.dwFileAttributes & KINDS) == FILE_ATTRIBUTE_DIRECTORY && found.cFileName[0] != L'.';
+}
+
+bool HasSubfolders(const std::wstring& path)
+{
+    bool fFound = false;
+    ForEachFile(path, [&](const WIN32_FIND_DATAW& found) {
+        fFound = IsShownFolder(found);
+        return !fFound;
+    });
+    return fFound;
+}
+
 } // namespace
+
+Folder ReadFolder(const std::wstring& path)
+{
+    Folder folder{path, {}, {}};
+    ForEachFile(path, [&](const WIN32_FIND_DATAW& found) {
+        AddFile(folder, found);
+        return true;
+    });
+    return folder;
+}
 
 Folder ReadSystemFolder()
 {
     wchar_t szPath[MAX_PATH] = L"";
     GetSystemDirectoryW(szPath, MAX_PATH);
-    Folder folder{szPath, {}, {}};
-    WIN32_FIND_DATAW found{};
-    const HANDLE hFind = FindFirstFileW((folder.path + L"\\*").c_str(), &found);
-    if (hFind == INVALID_HANDLE_VALUE) {
-        return folder;
-    }
-    do {
-        AddFile(folder, found);
-    } while (FindNextFileW(hFind, &found));
-    FindClose(hFind);
-    return folder;
+    return ReadFolder(szPath);
+}
+
+std::vector<Subfolder> SubfoldersOf(const std::wstring& path)
+{
+    std::vector<Subfolder> subfolders;
+    ForEachFile(path, [&](const WIN32_FIND_DATAW& found) {
+        if (IsShownFolder(found)) {
+            subfolders.push_back({found.cFileName, HasSubfolders(path + L"\\" + found.cFileName)});
+        }
+        return true;
+    });
+    std::sort(subfolders.begin(), subfolders.end(), [](const Subfolder& a, const Subfolder& b) {
+        return lstrcmpiW(a.name.c_str(), b.name.c_str()) < 0;
+    });
+    return subfolders;
 }
 
 HIMAGELIST SmallFileImages()
@@ -114,6 +159,13 @@ HIMAGELIST LargeFileImages()
 {
     UINT image = 0;
     return FileImages(L"", FILE_ATTRIBUTE_NORMAL, SHGFI_LARGEICON, &image);
+}
+
+UINT FolderImage()
+{
+    UINT image = 0;
+    FileImages(L"folder", FILE_ATTRIBUTE_DIRECTORY, SHGFI_SMALLICON, &image);
+    return image;
 }
 
 } // namespace gallery

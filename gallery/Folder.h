@@ -27,11 +27,23 @@ struct Folder
     std::vector<std::wstring> types;
 };
 
+Folder ReadFolder(const std::wstring& path);
 // The system directory, which every machine has.
 Folder ReadSystemFolder();
+
+struct Subfolder
+{
+    std::wstring name;
+    bool fHasSubfolders;
+};
+
+// The directories in a directory, by name.
+std::vector<Subfolder> SubfoldersOf(const std::wstring& path);
 
 // The system's images of files, in both sizes; they stay the system's.
 HIMAGELIST SmallFileImages();
 HIMAGELIST LargeFileImages();
+// In both of them.
+UINT FolderImage();
 
 } // namespace gallery

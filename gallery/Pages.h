@@ -13,6 +13,7 @@ std::unique_ptr<Page> MakeChoicesPage();
 std::unique_ptr<Page> MakeTextPage();
 std::unique_ptr<Page> MakeEntryPage();
 std::unique_ptr<Page> MakeListPage();
+std::unique_ptr<Page> MakeTreesPage();
 std::unique_ptr<Page> MakeRibbonPage();
 std::unique_ptr<Page> MakeDialogsPage();
 
@@ -30,6 +31,7 @@ inline constexpr PageEntry PAGES[] = {
     {L"Text", &MakeTextPage},
     {L"Entry", &MakeEntryPage},
     {L"List", &MakeListPage},
+    {L"Trees", &MakeTreesPage},
     {L"Ribbon", &MakeRibbonPage},
     {L"Dialogs", &MakeDialogsPage},
 };

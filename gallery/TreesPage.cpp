@@ -1,0 +1,374 @@
+// The page of GTree and GNavigationBar: the directories of this machine, and a navigation pane that switches
+// what a list beside it shows.
+
+#include <gallery/Folder.h>
+#include <gallery/Fonts.h>
+#include <gallery/Pages.h>
+
+#include <algorithm>
+#include <deque>
+
+namespace gallery {
+namespace {
+
+constexpr int ROW_HEIGHT = 26;
+constexpr int OPTION_WIDTH = 112;
+constexpr int BLOCK_WIDTH = 390;
+constexpr int BLOCK_TOP = FIRST_BLOCK + ROW_HEIGHT + GAP;
+constexpr int BLOCK_HEIGHT = 412;
+constexpr int STATUS_TOP = BLOCK_TOP + BLOCK_HEIGHT + 8;
+constexpr int BAR_WIDTH = 168;
+constexpr int SEPARATOR_WIDTH = 8;
+constexpr int SMALLEST_PANE = 90;
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
+constexpr UINT END = static_cast<UINT>(-1);
+
+std::wstring WindowsFolder()
+{
+    wchar_t szPath[MAX_PATH] = L"";
+    GetWindowsDirectoryW(szPath, MAX_PATH);
+    return szPath;
+}
+
+std::wstring DriveOf(const std::wstring& path)
+{
+    return path.substr(0, path.find(L'\\'));
+}
+
+// The directories below a drive, each filled when it is first expanded.
+class FolderTree : public GTree
+{
+public:
+    void Fill(const std::wstring& drive)
+    {
+        RemoveAllItems();
+        void* hDrive = InsertItem(nullptr, nullptr, drive.c_str(), FolderImage(), TIS_HASCHILDREN, nullptr);
+        Expand(hDrive);
+        if (void* hWindows = ChildNamed(hDrive, L"windows")) {
+            Expand(hWindows);
+            SetSelectedItem(hWindows);
+        }
+    }
+
+    void FillFolder(void* hFolder)
+    {
+        if (GetItemChildCount(hFolder) > 0) {
+            return;
+        }
+        for (const Subfolder& subfolder : SubfoldersOf(PathOf(hFolder))) {
+            InsertItem(hFolder, nullptr, subfolder.name.c_str(), FolderImage(),
+                       subfolder.fHasSubfolders ? TIS_HASCHILDREN : 0, nullptr);
+        }
+        if (GetItemChildCount(hFolder) == 0) {
+            SetItemState(hFolder, 0, TIS_HASCHILDREN);
+        }
+    }
+
+    std::wstring PathOf(void* hFolder) const
+    {
+        std::wstring path = GetItemName(hFolder);
+        for (void* h = GetItemParent(hFolder); h && h != GetRootItem(); h = GetItemParent(h)) {
+            path = std::wstring(GetItemName(h)) + L"\\" + path;
+        }
+        return path;
+    }
+
+    void ToggleCheck(void* hItem) { SetItemState(hItem, GetItemState(hItem) ^ TIS_CHECKED, TIS_CHECKED); }
+
+    // A row is as wide as the client area.
+    void AddParts(std::vector<Part>& parts) const
+    {
+        RECT rc{};
+        GetClientRect(m_hWnd, &rc);
+        for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
+            const int y = static_cast<int>(row * m_nItemHeight) - m_siV.nPos;
+            if (y >= 0 && y + static_cast<int>(m_nItemHeight) <= rc.bottom) {
+                RECT rcRow{0, y, rc.right, y + static_cast<int>(m_nItemHeight)};
+                MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(&rcRow), 2);
+                const TreeItem& item = *m_aVisible[row];
+                const std::wstring mark = row == m_nSelected ? L"*" : L"";
+                parts.push_back({L"row", static_cast<UINT>(item.nLevel),
+                                 mark + static_cast<LPCWSTR>(item.strName), rcRow});
+            }
+        }
+    }
+
+private:
+    void* ChildNamed(void* hParent, LPCWSTR pszName) const
+    {
+        void* const hNone = reinterpret_cast<void*>(-1);
+        for (void* h = GetItemNextChild(hParent, nullptr); h != hNone; h = GetItemNextChild(hParent, h)) {
+            if (lstrcmpiW(GetItemName(h), pszName) == 0) {
+                return h;
+            }
+        }
+        return nullptr;
+    }
+};
+
+// Places on this machine, with the folders in them as compact rows below.
+class Places : public GNavigationBar
+{
+public:
+    void Fill(const std::wstring& windows)
+    {
+        const std::wstring drive = DriveOf(windows);
+        AddRow(L"This machine", L"", NBIK_HEADER);
+        m_hFirst = AddRow(L"Windows", windows, NBIK_ITEM | NBIS_HASCHILDREN);
+        AddRow(L"Drive " + drive, drive, NBIK_ITEM | NBIS_HASCHILDREN);
+        AddRow(L"", L"", NBIK_SEPARATOR);
+        AddRow(L"Often used", L"", NBIK_HEADER);
+        AddRow(L"System", windows + L"\\system32", NBIK_ITEM);
+        AddRow(L"Fonts", windows + L"\\Fonts", NBIK_ITEM);
+        AddRow(L"", L"", NBIK_SPACER);
+        AddRow(L"Programs", drive + L"\\Program Files", NBIK_ITEM | NBIS_HASCHILDREN);
+        SetSelectedItem(m_hFirst);
+    }
+
+    void FillPlace(void* hPlace)
+    {
+        if (GetItemChildCount(hPlace) > 0) {
+            return;
+        }
+        void* hAfter = nullptr;
+        for (const Subfolder& subfolder : SubfoldersOf(PathOf(hPlace))) {
+            hAfter =
+                AddRow(subfolder.name, PathOf(hPlace) + L"\\" + subfolder.name, NBIK_SUBITEM, hPlace, hAfter);
+        }
+    }
+
+    const std::wstring& PathOf(void* hPlace) const
+    {
+        return *static_cast<std::wstring*>(GetItemCustomData(hPlace));
+    }
+    void* First() const { return m_hFirst; }
+
+private:
+    // At the end of the top, or behind a child of a place.
+    void* AddRow(const std::wstring& name, const std::wstring& path, UINT uState, void* hPlace = nullptr,
+                 void* hAfter = nullptr)
+    {
+        m_paths.push_back(path);
+        void* hRow = InsertItem(hPlace ? hPlace : GetRootItem(), hPlace ? hAfter : m_hLast, name.c_str(),
+                                FolderImage(), uState, &m_paths.back());
+        m_hLast = hPlace ? m_hLast : hRow;
+        return hRow;
+    }
+
+    std::deque<std::wstring> m_paths;
+    void* m_hFirst = nullptr;
+    void* m_hLast = nullptr;
+};
+
+// The list of a place's files, the pane that chooses the place, and the strip between them.
+class Browser
+{
+public:
+    void Build(Canvas& canvas)
+    {
+        m_pPlaces = &canvas.Own(std::make_unique<Places>());
+        m_pPlaces->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), 0,
+                          CHILD | WS_TABSTOP | WS_VSCROLL | GNS_SINGLEEXPAND);
+        m_pPlaces->SetImageList(SmallFileImages());
+        m_pPlaces->SetItemHeight(34);
+        m_pSeparator = &canvas.Own(std::make_unique<GSeparator>());
+        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(), 0, CHILD);
+        m_pList = &canvas.Own(std::make_unique<GList>());
+        m_pList->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0,
+                        CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);
+        m_pList->SetImageList(SmallFileImages());
+        AddColumn(L"Name", 170, DT_SINGLELINE | DT_VCENTER, LCT_IMAGETEXT);
+        AddColumn(L"Size", 80, DT_SINGLELINE | DT_VCENTER | DT_RIGHT, LCT_TEXT);
+        canvas.Frame({RIGHT_BLOCK, BLOCK_TOP, RIGHT_BLOCK + BLOCK_WIDTH, BLOCK_TOP + BLOCK_HEIGHT});
+        MoveTo(RIGHT_BLOCK + BAR_WIDTH);
+        m_pPlaces->Fill(WindowsFolder());
+        Show(m_pPlaces->First());
+    }
+
+    bool OnNotify(const NMHDR& header)
+    {
+        if (header.hwndFrom == m_pSeparator->GetHwnd()) {
+            OnDrag(header);
+        } else if (header.hwndFrom == m_pPlaces->GetHwnd()) {
+            OnPlaces(reinterpret_cast<const GNAVNOTIFY&>(header));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+private:
+    void AddColumn(LPCWSTR pszName, UINT cx, UINT uFormat, int type)
+    {
+        m_pList->InsertColumn(END, 0, uFormat, cx, 40, pszName, 0, type, nullptr, nullptr, nullptr, nullptr);
+    }
+
+    void OnPlaces(const GNAVNOTIFY& record)
+    {
+        if (record.hdr.code == static_cast<UINT>(NM_CLICK)) {
+            Show(record.pItem);
+        } else if (record.hdr.code == TVN_ITEMEXPANDINGW && record.uAction == TVE_EXPAND) {
+            m_pPlaces->FillPlace(record.pItem);
+        }
+    }
+
+    // The separator keeps the place at which the pointer took it.
+    void OnDrag(const NMHDR& header)
+    {
+        const LONG x = reinterpret_cast<const stcSeparatorNotify&>(header).pt.x;
+        if (header.code == GSN_BEGINDRAG) {
+            m_xGrip = x;
+        } else if (header.code == GSN_DRAG) {
+            MoveTo(m_xSeparator + static_cast<int>(x - m_xGrip));
+        }
+    }
+
+    void MoveTo(int x)
+    {
+        constexpr int RIGHT = RIGHT_BLOCK + BLOCK_WIDTH;
+        m_xSeparator = std::clamp(x, RIGHT_BLOCK + SMALLEST_PANE, RIGHT - SEPARATOR_WIDTH - SMALLEST_PANE);
+        const int xList = m_xSeparator + SEPARATOR_WIDTH;
+        m_pPlaces->MoveWindow(RIGHT_BLOCK + 1, BLOCK_TOP + 1, m_xSeparator - RIGHT_BLOCK - 1,
+                              BLOCK_HEIGHT - 2);
+        m_pSeparator->MoveWindow(m_xSeparator, BLOCK_TOP + 1, SEPARATOR_WIDTH, BLOCK_HEIGHT - 2);
+        m_pList->MoveWindow(xList, BLOCK_TOP, RIGHT - xList, BLOCK_HEIGHT);
+    }
+
+    void Show(void* hPlace)
+    {
+        m_folder = ReadFolder(m_pPlaces->PathOf(hPlace));
+        m_pList->RemoveAllItems();
+        m_pList->BulkInsertOn();
+        for (File& file : m_folder.files) {
+            const UINT item = m_pList->InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
+            m_pList->SetSubItem(item, 1, 0, file.sizeText.c_str(), 0);
+        }
+        m_pList->BulkInsertOff();
+        m_pList->SetListStyle(m_pList->GetListStyle());
+    }
+
+    Places* m_pPlaces = nullptr;
+    GSeparator* m_pSeparator = nullptr;
+    GList* m_pList = nullptr;
+    Folder m_folder;
+    LONG m_xGrip = 0;
+    int m_xSeparator = 0;
+};
+
+class TreesPage : public Page
+{
+public:
+    void Build(Canvas& canvas) override
+    {
+        canvas.Title(L"Trees",
+                     L"GTree: the directories of this machine, read as they are opened. GNavigationBar: "
+                     L"places that fill the list beside it.");
+        m_pImages = &MakeOption(canvas, MARGIN, L"&Images");
+        m_pChecks = &MakeOption(canvas, MARGIN + OPTION_WIDTH, L"&Check boxes");
+        m_pImages->SetCheck(BST_CHECKED);
+        m_pTree = &canvas.Own(std::make_unique<FolderTree>());
+        m_pTree->Create(MARGIN, BLOCK_TOP, BLOCK_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(), 0,
+                        CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);
+        m_pTree->SetImageList(SmallFileImages());
+        m_pTree->SetTreeStyle(TreeStyle());
+        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, MARGIN + BLOCK_WIDTH, STATUS_TOP + 20}, L"",
+                                 g_hDefaultFont, CAPTION_COLOR);
+        m_browser.Build(canvas);
+        m_pTree->Fill(DriveOf(WindowsFolder()));
+        ShowStatus();
+    }
+
+    LRESULT OnCommand(UINT, UINT, HWND hwndFrom) override
+    {
+        for (GCheckBox* pOption : {m_pImages, m_pChecks}) {
+            if (pOption->GetHwnd() == hwndFrom) {
+                pOption->SetCheck(pOption->GetCheck() == BST_CHECKED ? BST_UNCHECKED : BST_CHECKED);
+                m_pTree->SetTreeStyle(TreeStyle());
+                m_pTree->Invalidate(0);
+            }
+        }
+        return 0;
+    }
+
+    LRESULT OnNotify(const NMHDR& header) override
+    {
+        if (!m_browser.OnNotify(header) && header.hwndFrom == m_pTree->GetHwnd()) {
+            OnTree(reinterpret_cast<const GLISTNOTIFY&>(header));
+        }
+        return 0;
+    }
+
+    std::vector<Part> Parts() const override
+    {
+        std::vector<Part> parts;
+        m_pTree->AddParts(parts);
+        return parts;
+    }
+
+private:
+    static GCheckBox& MakeOption(Canvas& canvas, int x, LPCWSTR pszText)
+    {
+        auto& box = canvas.Own(std::make_unique<GCheckBox>());
+        box.Create(x, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT, canvas.Window(), canvas.NextId(), pszText, 0,
+                   CHILD | WS_TABSTOP | GS_VCENTER);
+        return box;
+    }
+
+    UINT TreeStyle() const
+    {
+        return (m_pImages->GetCheck() == BST_CHECKED ? GTS_IMAGES : 0) |
+               (m_pChecks->GetCheck() == BST_CHECKED ? GTS_CHECKBOXES : 0);
+    }
+
+    void OnTree(const GLISTNOTIFY& record)
+    {
+        switch (record.hdr.code) {
+        case TVN_ITEMEXPANDINGW:
+            if (record.uAction == TVE_EXPAND) {
+                m_pTree->FillFolder(record.pItem);
+            }
+            break;
+        case TVN_ITEMEXPANDEDW: ShowStatus(); break;
+        case static_cast<UINT>(NM_CLICK): OnClick(record); break;
+        default: break;
+        }
+    }
+
+    // The space key, or a click on the check box, ticks it.
+    void OnClick(const GLISTNOTIFY& record)
+    {
+        if (m_pChecks->GetCheck() == BST_CHECKED && (record.x == -1 || HitsCheckBox(record))) {
+            m_pTree->ToggleCheck(record.pItem);
+            m_pTree->Invalidate(0);
+        }
+        ShowStatus();
+    }
+
+    bool HitsCheckBox(const GLISTNOTIFY& record) const
+    {
+        constexpr int STEP = 15; // the steps in which the tree hit-tests
+        const int x = record.x - (m_pTree->GetItemLevel(record.pItem) + 1) * STEP;
+        return x >= 0 && x < STEP;
+    }
+
+    void ShowStatus()
+    {
+        void* hSelected = m_pTree->GetSelectedItem();
+        m_pStatus->SetText(hSelected ? m_pTree->PathOf(hSelected).c_str() : L"Nothing is selected");
+    }
+
+    FolderTree* m_pTree = nullptr;
+    GCheckBox* m_pImages = nullptr;
+    GCheckBox* m_pChecks = nullptr;
+    GLabel* m_pStatus = nullptr;
+    Browser m_browser;
+};
+
+} // namespace
+
+std::unique_ptr<Page> MakeTreesPage()
+{
+    return std::make_unique<TreesPage>();
+}
+
+} // namespace gallery

@@ -1,0 +1,136 @@
+"""The trees under a real pointer and keyboard: expansion, movement, type-ahead, the scroll bar, and the navigation
+pane that fills a list."""
+import unittest
+
+from gallery import Gallery
+
+INDENT = 15
+EXPANDING, EXPANDED, CLICKED = -454, -455, -2
+
+
+class Trees(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.gallery = Gallery("Trees")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.gallery.close()
+
+    def setUp(self):
+        self.tree = next(c for c in self.gallery.controls() if c.class_name == "GTree")
+        self.bar = next(c for c in self.gallery.controls() if c.class_name == "GNavigationBar")
+
+    # --- Where things are
+
+    def rows(self):
+        """The rows in sight; the id is the level, and the selected one's text begins with a star."""
+        self.gallery.lines()
+        return [c for c in self.gallery.controls() if c.class_name == "row"]
+
+    def names(self):
+        return [c.text.lstrip("*") for c in self.rows()]
+
+    def selected(self):
+        return next((c.text[1:] for c in self.rows() if c.text.startswith("*")), None)
+
+    def row(self, name):
+        return next(c for c in self.rows() if c.text.lstrip("*").lower() == name.lower())
+
+    def expander(self, name):
+        row = self.row(name)
+        return row.x + row.id * INDENT + INDENT // 2, row.y + row.cy // 2
+
+    def label(self, name):
+        row = self.row(name)
+        return row.x + row.id * INDENT + 80, row.y + row.cy // 2
+
+    def reported(self):
+        return [line for line in self.gallery.lines() if line.startswith("WM_NOTIFY")]
+
+    # --- Tests
+
+    def test_an_expander_opens_and_closes_its_branch(self):
+        self.gallery.click(self.expander("windows"))
+        closed = self.names()
+        self.gallery.click(self.expander("windows"))
+        opened = self.names()
+        if len(opened) < len(closed):
+            closed, opened = opened, closed
+            self.gallery.click(self.expander("windows"))
+        self.assertIn("system32", [name.lower() for name in opened])
+        self.assertNotIn("system32", [name.lower() for name in closed])
+
+    def test_a_click_selects_and_keys_move_on(self):
+        self.gallery.click(self.label("windows"))
+        self.assertEqual(self.selected().lower(), "windows")
+        names = self.names()
+        self.gallery.key("Down")
+        self.assertEqual(self.selected(), names[names.index(self.row("windows").text.lstrip("*")) + 1])
+        self.gallery.key("Up", "Left")
+        self.gallery.key("Left")
+        self.assertEqual(self.selected(), names[0])
+        self.gallery.key("Right")
+        self.assertNotEqual(self.selected(), names[0])
+
+    def test_what_is_typed_is_found(self):
+        self.gallery.click(self.label("windows"))
+        if "system32" not in [name.lower() for name in self.names()]:
+            self.gallery.key("Right")
+        self.gallery.type("sys")
+        self.assertTrue(self.selected().lower().startswith("sys"))
+
+    def test_the_wheel_and_the_arrow_of_the_bar_scroll(self):
+        self.gallery.click(self.label("windows"))
+        if "system32" not in [name.lower() for name in self.names()]:
+            self.gallery.key("Right")
+        self.gallery.key("Home")
+        first = self.names()[0]
+        arrow = self.tree.x + self.tree.cx - 9, self.tree.y + self.tree.cy - 26
+        for _ in range(3):
+            self.gallery.click(arrow)
+        self.assertNotEqual(self.names()[0], first)
+        self.gallery.key("Home")
+        self.assertEqual(self.names()[0], first)
+
+    def test_check_boxes_are_ticked_by_the_page(self):
+        self.gallery.click(self.gallery.control("GCheckBox", "&Check boxes").middle)
+        row = self.row("windows")
+        self.gallery.click((row.x + row.id * INDENT + INDENT + 7, row.y + row.cy // 2))
+        self.assertIn(self.tree_notify(CLICKED), self.reported())
+        self.gallery.click(self.gallery.control("GCheckBox", "&Check boxes").middle)
+
+    def tree_notify(self, code):
+        return self.tree.notify(code)
+
+    def test_the_navigation_pane_switches_the_list(self):
+        middle = self.bar.x + self.bar.cx // 2
+        self.gallery.lines()
+        self.gallery.click((self.bar.x + self.bar.cx - 15, self.bar.y + 34 + 17))  # the first place's glyph
+        reported = self.reported()
+        self.assertIn(self.bar.notify(EXPANDING), reported)
+        self.assertIn(self.bar.notify(EXPANDED), reported)
+        self.gallery.click((middle, self.bar.y + 2 * 34 + 10))  # its first folder
+        self.assertIn(self.bar.notify(CLICKED), self.reported())
+        self.gallery.click((self.bar.x + self.bar.cx - 15, self.bar.y + 34 + 17))
+        self.assertIn(self.bar.notify(EXPANDED), self.reported())
+
+    def test_the_separator_gives_the_list_more_room(self):
+        strip = next(c for c in self.gallery.controls() if c.class_name == "GSeparator")
+        self.gallery.move(strip.middle)
+        self.gallery.press()
+        for dx in (-10, -30, -50):
+            self.gallery.move((strip.middle[0] + dx, strip.middle[1]))
+        self.gallery.release()
+        self.gallery.lines()
+        moved = next(c for c in self.gallery.controls() if c.class_name == "GSeparator")
+        self.assertEqual(moved.x, strip.x - 50)
+        self.gallery.move(moved.middle)
+        self.gallery.press()
+        self.gallery.move((moved.middle[0] + 50, moved.middle[1]))
+        self.gallery.release()
+        self.gallery.lines()
+
+
+if __name__ == "__main__":
+    unittest.main()
