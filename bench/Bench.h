@@ -53,5 +53,6 @@ void MeasureText(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);
+void MeasureTree(Bench& bench);
 
 } // namespace bench

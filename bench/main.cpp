@@ -26,6 +26,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"list", &bench::MeasureList},
     {"longlist", &bench::MeasureLongList},
     {"dialogs", &bench::MeasureDialogs},
+    {"tree", &bench::MeasureTree},
 };
 // clang-format on
 

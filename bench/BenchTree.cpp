@@ -1,0 +1,290 @@
+#include <bench/Bench.h>
+
+#include <psapi.h>
+
+#include <string>
+#include <vector>
+
+namespace bench {
+namespace {
+
+constexpr int CX = 400;
+constexpr int CY = 480;
+constexpr UINT BRANCH = 100; // children of each top item
+constexpr int HITS = 10'000;
+constexpr int PAINTS = 10;
+constexpr int FEW_ROUNDS = 3;
+constexpr int TOGGLES = 20;
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
+
+// The same names for both trees: nItems of them, of which every 101st is a top item's.
+class Names
+{
+public:
+    explicit Names(UINT nItems)
+    {
+        for (UINT i = 0; i < nItems; i++) {
+            m_names.push_back((IsTop(i) ? L"Folder " : L"Document number ") +
+                              std::to_wstring(i * 7919 % 100'003));
+        }
+    }
+
+    static bool IsTop(UINT i) { return i % (BRANCH + 1) == 0; }
+    UINT Count() const { return static_cast<UINT>(m_names.size()); }
+    LPCWSTR At(UINT i) const { return m_names[i].c_str(); }
+
+private:
+    std::vector<std::wstring> m_names;
+};
+
+class Host
+{
+public:
+    Host()
+        : m_hwnd(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, CX, CY, nullptr, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr))
+    {}
+    ~Host() { DestroyWindow(m_hwnd); }
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+    operator HWND() const { return m_hwnd; }
+
+private:
+    HWND m_hwnd;
+};
+
+class OwnTree : public GTree
+{
+public:
+    explicit OwnTree(HWND hwndHost)
+    {
+        Create(0, 0, CX, CY, hwndHost, 1, 0, CHILD | WS_HSCROLL | WS_VSCROLL);
+        SetFont(g_hDefaultFont);
+    }
+    ~OwnTree() override { DestroyWindow(m_hWnd); }
+
+    void Fill(const Names& names)
+    {
+        RemoveAllItems();
+        m_tops.clear();
+        void* hTop = nullptr;
+        for (UINT i = 0; i < names.Count(); i++) {
+            const bool fTop = Names::IsTop(i);
+            void* hItem = InsertItem(fTop ? nullptr : hTop, nullptr, names.At(i), 0, 0, nullptr);
+            if (fTop) {
+                m_tops.push_back(hTop = hItem);
+            }
+        }
+    }
+    void ExpandAll()
+    {
+        for (void* hTop : m_tops) {
+            Expand(hTop);
+        }
+    }
+    void CollapseAll()
+    {
+        for (void* hTop : m_tops) {
+            Collapse(hTop);
+        }
+    }
+    void CollapseFirst() { Collapse(m_tops[0]); }
+    void ToggleFirst()
+    {
+        Expand(m_tops[0]);
+        Collapse(m_tops[0]);
+    }
+    int HitAt(int x, int y) const
+    {
+        HitTestInfo info{};
+        info.pt = {static_cast<SHORT>(x), static_cast<SHORT>(y)};
+        HitTest(&info);
+        return static_cast<int>(info.nItem);
+    }
+
+private:
+    std::vector<void*> m_tops;
+};
+
+class PlatformTree
+{
+public:
+    explicit PlatformTree(HWND hwndHost)
+        : m_hwnd(CreateWindowExW(0, L"SysTreeView32", L"",
+                                 CHILD | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT, 0, 0, CX, CY,
+                                 hwndHost, nullptr, GetModuleHandleW(nullptr), nullptr))
+    {
+        SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
+        SendMessageW(m_hwnd, TVM_SETITEMHEIGHT, 20, 0);
+    }
+    ~PlatformTree() { DestroyWindow(m_hwnd); }
+    PlatformTree(const PlatformTree&) = delete;
+    PlatformTree& operator=(const PlatformTree&) = delete;
+    operator HWND() const { return m_hwnd; }
+
+    void Fill(const Names& names)
+    {
+        SendMessageW(m_hwnd, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+        m_tops.clear();
+        for (UINT i = 0; i < names.Count(); i++) {
+            const bool fTop = Names::IsTop(i);
+            TVINSERTSTRUCTW record{};
+            record.hParent = fTop ? TVI_ROOT : m_tops.back();
+            record.hInsertAfter = TVI_LAST;
+            record.item.mask = TVIF_TEXT;
+            record.item.pszText = const_cast<LPWSTR>(names.At(i));
+            const auto hItem = reinterpret_cast<HTREEITEM>(
+                SendMessageW(m_hwnd, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&record)));
+            if (fTop) {
+                m_tops.push_back(hItem);
+            }
+        }
+    }
+    void ExpandAll() { ForTops(TVE_EXPAND); }
+    void CollapseAll() { ForTops(TVE_COLLAPSE); }
+    void CollapseFirst() { Run(m_tops[0], TVE_COLLAPSE); }
+    void ToggleFirst()
+    {
+        Run(m_tops[0], TVE_EXPAND);
+        Run(m_tops[0], TVE_COLLAPSE);
+    }
+    int HitAt(int x, int y) const
+    {
+        TVHITTESTINFO info{};
+        info.pt = {x, y};
+        return SendMessageW(m_hwnd, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&info)) != 0;
+    }
+
+private:
+    void ForTops(WPARAM wAction) const
+    {
+        for (const HTREEITEM hTop : m_tops) {
+            Run(hTop, wAction);
+        }
+    }
+    void Run(HTREEITEM hItem, WPARAM wAction) const
+    {
+        SendMessageW(m_hwnd, TVM_EXPAND, wAction, reinterpret_cast<LPARAM>(hItem));
+    }
+
+    HWND m_hwnd;
+    std::vector<HTREEITEM> m_tops;
+};
+
+long long PrivateBytes()
+{
+    PROCESS_MEMORY_COUNTERS_EX counters{};
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                         sizeof(counters));
+    return static_cast<long long>(counters.PrivateUsage);
+}
+
+template <class TREE> long long BytesPerItem(TREE& tree, const Names& names)
+{
+    const long long before = PrivateBytes();
+    tree.Fill(names);
+    return (PrivateBytes() - before) / names.Count();
+}
+
+void Repeat(int n, const Work& work)
+{
+    for (int i = 0; i < n; i++) {
+        work();
+    }
+}
+
+void Paint(HWND hwnd)
+{
+    InvalidateRect(hwnd, nullptr, TRUE);
+    UpdateWindow(hwnd);
+}
+
+void PageDownOrUp(HWND hwnd)
+{
+    for (const WPARAM wCode : {SB_PAGEDOWN, SB_PAGEUP}) {
+        SendMessageW(hwnd, WM_VSCROLL, wCode, 0);
+        UpdateWindow(hwnd);
+    }
+}
+
+template <class TREE> void HitAll(const TREE& tree)
+{
+    for (int i = 0; i < HITS; i++) {
+        tree.HitAt(i % CX, i % CY);
+    }
+}
+
+void MeasureView(Bench& bench, OwnTree& own, PlatformTree& platform)
+{
+    bench.Measure(
+        "  full paint", PAINTS, [&] { Repeat(PAINTS, [&] { Paint(own); }); },
+        [&] { Repeat(PAINTS, [&] { Paint(platform); }); });
+    bench.Measure(
+        "  page scroll with paint", 2 * PAINTS, [&] { Repeat(PAINTS, [&] { PageDownOrUp(own); }); },
+        [&] { Repeat(PAINTS, [&] { PageDownOrUp(platform); }); });
+    bench.Measure(
+        "  hit test", HITS, [&] { HitAll(own); }, [&] { HitAll(platform); });
+}
+
+// One branch of 100 items, opened and closed again, with all others open or closed.
+void MeasureOneBranch(Bench& bench, const char* pszName, OwnTree& own, PlatformTree& platform)
+{
+    bench.Measure(
+        pszName, TOGGLES, [&] { Repeat(TOGGLES, [&] { own.ToggleFirst(); }); },
+        [&] { Repeat(TOGGLES, [&] { platform.ToggleFirst(); }); });
+}
+
+void MeasureTrees(UINT nItems)
+{
+    Bench bench(FEW_ROUNDS);
+    const Host host;
+    OwnTree own(host);
+    PlatformTree platform(host);
+    const Names names(nItems);
+    const auto nTops = static_cast<int>(nItems / (BRANCH + 1) + 1);
+    bench.Family("Tree of " + std::to_string(nItems) + " items, " + std::to_string(FEW_ROUNDS) + " rounds");
+    const long long nOwn = BytesPerItem(own, names);
+    bench.Print("  bytes per item", nOwn, BytesPerItem(platform, names));
+    bench.Measure(
+        "  insert, an item", static_cast<int>(nItems), [&] { own.Fill(names); },
+        [&] { platform.Fill(names); });
+    MeasureOneBranch(bench, "  open and close one branch, the others closed", own, platform);
+    // Each round begins closed.
+    bench.Measure(
+        "  expand and collapse all, a branch", nTops,
+        [&] {
+            own.ExpandAll();
+            own.CollapseAll();
+        },
+        [&] {
+            platform.ExpandAll();
+            platform.CollapseAll();
+        });
+    bench.Measure(
+        "  expand all, a branch, texts never measured before", nTops,
+        [&] {
+            own.Fill(names);
+            own.ExpandAll();
+        },
+        [&] {
+            platform.Fill(names);
+            platform.ExpandAll();
+        });
+    own.CollapseFirst();
+    platform.CollapseFirst();
+    MeasureOneBranch(bench, "  open and close one branch, the others open", own, platform);
+    MeasureView(bench, own, platform);
+}
+
+} // namespace
+
+// The rows are long ones, so that these medians are of few rounds.
+void MeasureTree(Bench&)
+{
+    INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_TREEVIEW_CLASSES};
+    InitCommonControlsEx(&classes);
+    MeasureTrees(20'000);
+    MeasureTrees(100'000);
+}
+
+} // namespace bench
