@@ -21,12 +21,8 @@ template <class ITEM> struct TreePlace
     int nTextWidth = NOT_MEASURED;    // of its name, in pixels
 };
 
-// A name of its own; empty for null.
-class NameOf : public OString<wchar_t>
-{
-public:
-    explicit NameOf(LPCWSTR pszName) : OString(Copy(gesso::SpanOf(pszName ? pszName : L""))) {}
-};
+// A string of its own; empty for null.
+GESSO_API OString<wchar_t> NameOf(LPCWSTR pszName);
 
 template <class ITEM> struct TreeRecord
 {
