@@ -188,12 +188,12 @@ private:
     bool KeepsLines() const;
     void RepairLines();
     void WrapAll();
-    void FitFrom(LineFitter& fitter, UINT nFirst, bool fAll);
+    void FitFrom(const LineFitter& fitter, UINT nFirst, bool fAll);
     bool IsBehindEmpty(UINT nLine) const;
-    int FitInTurn(LineFitter& fitter, UINT nLine, UINT nOffset, bool fBehindEmpty);
-    int FitLine(LineFitter& fitter, UINT nLine, UINT nOffset);
-    UINT Shortened(LineFitter& fitter, UINT nOffset, UINT nLength) const;
-    UINT Lengthened(LineFitter& fitter, UINT nOffset, UINT nLength) const;
+    bool IsStuck(const LineFitter& fitter, UINT nLine, UINT nOffset, bool fBehindEmpty) const;
+    int FitLine(const LineFitter& fitter, UINT nLine, UINT nOffset);
+    UINT Shortened(const LineFitter& fitter, UINT nOffset, UINT nLength) const;
+    UINT Lengthened(const LineFitter& fitter, UINT nOffset, UINT nLength) const;
     UINT ShorterByWord(UINT nOffset, UINT nLength) const;
     UINT LongerByWord(UINT nOffset, UINT nLength) const;
     void HandOn(UINT nLine, UINT nOldEnd, UINT nNewEnd);

@@ -466,7 +466,7 @@ int GEdit::RightWordBreak(UINT nLine, UINT nOffset) const
 }
 
 // Word by word, but what is wider than the line anyway goes at once.
-UINT GEdit::Shortened(LineFitter& fitter, UINT nOffset, UINT nLength) const
+UINT GEdit::Shortened(const LineFitter& fitter, UINT nOffset, UINT nLength) const
 {
     const LPCWSTR psz = TextAt(nOffset);
     const UINT nFitting = std::min(fitter.CountFitting(psz, nLength), nLength - 1);
@@ -483,7 +483,7 @@ UINT GEdit::Shortened(LineFitter& fitter, UINT nOffset, UINT nLength) const
     return n;
 }
 
-UINT GEdit::Lengthened(LineFitter& fitter, UINT nOffset, UINT nLength) const
+UINT GEdit::Lengthened(const LineFitter& fitter, UINT nOffset, UINT nLength) const
 {
     while (!IsLineEnd(nOffset + nLength)) {
         const UINT nLonger = LongerByWord(nOffset, nLength);
@@ -529,7 +529,7 @@ void GEdit::TakeOver(UINT nLine, UINT nOldEnd, UINT nNewEnd)
     Touch(nFirst);
 }
 
-int GEdit::FitLine(LineFitter& fitter, UINT nLine, UINT nOffset)
+int GEdit::FitLine(const LineFitter& fitter, UINT nLine, UINT nOffset)
 {
     const UINT nFormer = LengthWithin(nLine, nOffset);
     const int nCompared = fitter.Compare(TextAt(nOffset), nFormer);
@@ -555,28 +555,30 @@ bool GEdit::IsBehindEmpty(UINT nLine) const
 
 // Where not even one character fits, a line hands on all that it has. The next one keeps it, or there would
 // be no end.
-int GEdit::FitInTurn(LineFitter& fitter, UINT nLine, UINT nOffset, bool fBehindEmpty)
+bool GEdit::IsStuck(const LineFitter& fitter, UINT nLine, UINT nOffset, bool fBehindEmpty) const
 {
-    const bool fStuck =
-        fBehindEmpty && LengthWithin(nLine, nOffset) > 0 && fitter.Compare(TextAt(nOffset), 1) > 0;
-    return fStuck ? 1 : FitLine(fitter, nLine, nOffset);
+    return fBehindEmpty && LengthWithin(nLine, nOffset) > 0 && fitter.Compare(TextAt(nOffset), 1) > 0;
 }
 
 // Fits one line after the other, up to one that is exactly as wide as the client area, or to the end; the
 // rest is looked at no more where it is known to fit.
-void GEdit::FitFrom(LineFitter& fitter, UINT nFirst, bool fAll)
+void GEdit::FitFrom(const LineFitter& fitter, UINT nFirst, bool fAll)
 {
     UINT nOffset = OffsetOfLine(nFirst);
+    UINT nSettledFrom = nFirst;
     bool fBehindEmpty = IsBehindEmpty(nFirst);
     for (UINT i = nFirst; m_aLines.GetLength() - i > m_nSettled; ++i) {
-        if (!FitInTurn(fitter, i, nOffset, fBehindEmpty) && !fAll) {
+        if (IsStuck(fitter, i, nOffset, fBehindEmpty)) {
+            // Only as long as the line before is empty.
+            nSettledFrom = i + 1;
+        } else if (!FitLine(fitter, i, nOffset) && !fAll) {
             return;
         }
         const UINT nLength = LengthOfLine(i, nOffset);
         fBehindEmpty = nLength == 0;
         nOffset += nLength;
     }
-    m_nSettled = std::max(m_nSettled, m_aLines.GetLength() - nFirst);
+    m_nSettled = std::max(m_nSettled, m_aLines.GetLength() - nSettledFrom);
 }
 
 int GEdit::RecalculateLine(UINT nLine)
@@ -588,7 +590,7 @@ int GEdit::RecalculateLine(UINT nLine)
     if (KeepsLines()) {
         return 0;
     }
-    LineFitter fitter(*this);
+    const LineFitter fitter(*this);
     const UINT nCaret = OffsetOf(Caret());
     const int nChanged = FitLine(fitter, nLine, OffsetOfLine(nLine));
     PutCaretAt(nCaret);
@@ -602,7 +604,7 @@ void GEdit::RepairLines()
     if (KeepsLines()) {
         return;
     }
-    LineFitter fitter(*this);
+    const LineFitter fitter(*this);
     if (std::exchange(m_cxSettled, fitter.Width()) != fitter.Width()) {
         m_nSettled = 0;
     }
@@ -610,10 +612,14 @@ void GEdit::RepairLines()
     const UINT nCaret = OffsetOf(caret);
     if (caret.nLine > 0) {
         const UINT nUpper = caret.nLine - 1;
-        FitInTurn(fitter, nUpper, OffsetOfLine(nUpper), IsBehindEmpty(nUpper));
+        const UINT nUpperOffset = OffsetOfLine(nUpper);
+        if (!IsStuck(fitter, nUpper, nUpperOffset, IsBehindEmpty(nUpper))) {
+            FitLine(fitter, nUpper, nUpperOffset);
+        }
         PutCaretAt(nCaret);
     }
-    FitFrom(fitter, m_nCaretLine, false);
+    // At a wrap the caret has gone to the line below the edited one.
+    FitFrom(fitter, std::min(caret.nLine, m_nCaretLine), false);
     PutCaretAt(nCaret);
 }
 
@@ -622,7 +628,7 @@ void GEdit::WrapAll()
     if (KeepsLines()) {
         return;
     }
-    LineFitter fitter(*this);
+    const LineFitter fitter(*this);
     m_nSettled = 0;
     m_cxSettled = fitter.Width();
     const UINT nCaret = OffsetOf(Caret());

@@ -1,81 +1,6 @@
 #include "EditFixture.h"
 
-#include <gesso/edit/ClipboardText.h>
-
 namespace test {
-
-std::string ProbeEdit::Lines() const
-{
-    OStringEx<wchar_t> shown(m_strText.GetLength() + 3 * m_aLines.GetLength() + 1);
-    UINT nOffset = 0;
-    const auto add = [&](LPCWSTR psz, UINT n) { shown.Insert(shown.GetLength(), psz, n); };
-    for (UINT i = 0; i < m_aLines.GetLength(); ++i) {
-        const UINT nStart = std::min(nOffset, m_strText.GetLength());
-        add(static_cast<LPCWSTR>(m_strText) + nStart, std::min(m_aLines[i], m_strText.GetLength() - nStart));
-        if (LengthOfLine(i, nOffset) > m_aLines[i]) {
-            add(L"/", 1);
-        }
-        add(L"|", 1);
-        nOffset += LengthOfLine(i, nOffset);
-    }
-    return Narrow(shown);
-}
-
-std::string ProbeEdit::Caret() const
-{
-    const auto place = [](UINT nLine, UINT nChar) {
-        return std::to_string(nLine) + "," + std::to_string(static_cast<int>(nChar));
-    };
-    const std::string caret = place(m_nCaretLine, m_nCaretChar);
-    const std::string anchor = place(m_nAnchorLine, m_nAnchorChar);
-    return caret == anchor ? caret : anchor + "-" + caret;
-}
-
-void ProbeEdit::PutCaret(UINT nLine, UINT nChar)
-{
-    Select(nLine, nChar, nLine, nChar);
-}
-
-void ProbeEdit::Select(UINT nAnchorLine, UINT nAnchorChar, UINT nCaretLine, UINT nCaretChar)
-{
-    m_nAnchorLine = nAnchorLine;
-    m_nAnchorChar = nAnchorChar;
-    m_nCaretLine = nCaretLine;
-    m_nCaretChar = nCaretChar;
-    UpdateCursorPos();
-}
-
-std::string ProbeEdit::Fault() const
-{
-    if (m_aLines.GetLength() == 0) {
-        return "no line";
-    }
-    UINT nOffset = 0;
-    for (UINT i = 0; i < m_aLines.GetLength(); ++i) {
-        nOffset += LengthOfLine(i, nOffset);
-    }
-    if (nOffset != m_strText.GetLength()) {
-        return "lines of " + std::to_string(nOffset) + " in all for a text of " +
-               std::to_string(m_strText.GetLength());
-    }
-    if (wcslen(m_strText) != m_strText.GetLength() || m_strText.GetBufferLength() <= m_strText.GetLength()) {
-        return "a text that does not end where it should";
-    }
-    const auto isInside = [&](UINT nLine, UINT nChar) {
-        return nLine < m_aLines.GetLength() && nChar <= m_aLines[nLine];
-    };
-    if (!isInside(m_nCaretLine, m_nCaretChar) || !isInside(m_nAnchorLine, m_nAnchorChar)) {
-        return "a place outside of the lines: " + Caret();
-    }
-    return "";
-}
-
-std::string ProbeEdit::HitAt(int x, int y) const
-{
-    HitTestInfo info{{static_cast<SHORT>(x), static_cast<SHORT>(y)}, 0, 0};
-    HitTest(&info);
-    return std::to_string(info.nLine) + "," + std::to_string(info.nChar);
-}
 
 HeldKeys::HeldKeys(std::initializer_list<int> keys)
 {
@@ -165,13 +90,24 @@ void EditFixture::Mouse(UINT uMsg, int nColumn, int nRow, WPARAM wKeys)
 
 void SetClipboard(LPCWSTR psz)
 {
-    EXPECT_TRUE(gesso::PutClipboardText(nullptr, psz, static_cast<UINT>(wcslen(psz))));
+    const size_t nSize = (wcslen(psz) + 1) * sizeof(wchar_t);
+    const HGLOBAL hBlock = GlobalAlloc(GMEM_MOVEABLE, nSize);
+    std::memcpy(GlobalLock(hBlock), psz, nSize);
+    GlobalUnlock(hBlock);
+    EXPECT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, hBlock);
+    CloseClipboard();
 }
 
 std::string Clipboard()
 {
-    OStringEx<wchar_t> str;
-    return gesso::GetClipboardText(nullptr, &str) ? Narrow(str) : "(none)";
+    EXPECT_TRUE(OpenClipboard(nullptr));
+    const HANDLE hBlock = GetClipboardData(CF_UNICODETEXT);
+    const std::string text = hBlock ? Narrow(static_cast<LPCWSTR>(GlobalLock(hBlock))) : "(none)";
+    GlobalUnlock(hBlock);
+    CloseClipboard();
+    return text;
 }
 
 } // namespace test

@@ -2,42 +2,13 @@
 #pragma once
 
 #include "../support/Host.h"
+#include "ProbeEdit.h"
 
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 
 namespace test {
-
-// Opens the members that a test looks at.
-class ProbeEdit : public GEdit
-{
-public:
-    using GEdit::CalcHighliteOfLine;
-    using GEdit::DeleteBreak;
-    using GEdit::DoesFitHeight;
-    using GEdit::DoesFitLine;
-    using GEdit::InsertBreak;
-    using GEdit::LeftWordBreak;
-    using GEdit::LengthOfLine;
-    using GEdit::OffsetOfLine;
-    using GEdit::RecalculateLine;
-    using GEdit::RightWordBreak;
-    using GEdit::UpdateCursorPos;
-
-    // The text with a bar behind each line and a slash for each line end: "aaaa |bb/|c|".
-    std::string Lines() const;
-    // "1,3", or "0,2-1,3" with a selection, whose anchor comes first.
-    std::string Caret() const;
-    void PutCaret(UINT nLine, UINT nChar);
-    void Select(UINT nAnchorLine, UINT nAnchorChar, UINT nCaretLine, UINT nCaretChar);
-    std::vector<UINT> Lengths() const { return {m_aLines.begin(), m_aLines.end()}; }
-    const OStringEx<wchar_t>& Text() const { return m_strText; }
-    DWORD State() const { return m_dwState; }
-    // What is wrong with the table and the places; empty if nothing is.
-    std::string Fault() const;
-    std::string HitAt(int x, int y) const;
-};
 
 // Holds VK_SHIFT or VK_CONTROL, as messages that are sent see it.
 class HeldKeys

@@ -80,6 +80,15 @@ TEST_F(GEditInputTest, CaretBehindAWrapStandsOnTheLowerLine)
     EXPECT_EQ(Now(), "one twothr| 0,7") << "the wrapped line's last character goes";
 }
 
+TEST_F(GEditInputTest, TypingAtTheEndOfAWrappedLineWrapsThatLine)
+{
+    Make(10);
+    Set(L"aaa bbbbb ccc", 0, 10);
+    ASSERT_EQ(edit.Lines(), "aaa bbbbb |ccc|");
+    Char(L'x');
+    EXPECT_EQ(Now(), "aaa bbbbb |xccc| 1,1");
+}
+
 TEST_F(GEditInputTest, ParagraphsDoNotRunIntoOneAnother)
 {
     Make(10);
