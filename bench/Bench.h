@@ -46,6 +46,7 @@ void HandleMessages();
 // A family's rows stand in a source file of its own.
 void MeasureButtons(Bench& bench);
 void MeasureCheckBoxes(Bench& bench);
+void MeasureEdits(Bench& bench);
 void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);

@@ -19,6 +19,7 @@ struct FamilyEntry
 constexpr FamilyEntry FAMILIES[] = {
     {"buttons", &bench::MeasureButtons},
     {"checkboxes", &bench::MeasureCheckBoxes},
+    {"edits", &bench::MeasureEdits},
     {"progressbars", &bench::MeasureProgressBars},
     {"ribbon", &bench::MeasureRibbon},
     {"scrollbars", &bench::MeasureScrollbars},
