@@ -19,7 +19,7 @@ constexpr UINT KEY_TAB = 9;
 constexpr UINT KEY_LINEFEED = 10; // Ctrl+Enter
 constexpr UINT KEY_ENTER = 13;
 constexpr UINT KEY_ESCAPE = 27;
-constexpr UINT KEY_DOWN_BIT = 0x8000;
+constexpr int KEY_DOWN_BIT = 0x8000;
 
 bool IsKeyDown(int nKey)
 {
@@ -213,7 +213,10 @@ LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
     PutAnchor(Anchor());
     switch (uChar) {
     case KEY_BACKSPACE: return OnBackspace();
-    case KEY_TAB: SendMessageW(GetParent(), WM_NEXTDLGCTL, GetKeyState(VK_SHIFT) & KEY_DOWN_BIT, 0); return 0;
+    case KEY_TAB:
+        SendMessageW(GetParent(), WM_NEXTDLGCTL, static_cast<WPARAM>(GetKeyState(VK_SHIFT) & KEY_DOWN_BIT),
+                     0);
+        return 0;
     case KEY_LINEFEED:
     case KEY_ESCAPE: return 1;
     case KEY_ENTER: return OnEnter();
@@ -243,7 +246,7 @@ LRESULT GEdit::OnEnter()
     }
     InsertBreak(m_nCaretLine, OffsetOfLine(m_nCaretLine));
     RepairLines();
-    if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight()) {
+    if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && m_nCaretLine > 0) {
         DeleteBreak(m_nCaretLine, OffsetOfLine(m_nCaretLine));
         RepairLines();
     }

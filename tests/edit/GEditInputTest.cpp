@@ -418,7 +418,7 @@ TEST_F(GEditInputTest, TheParentMayDestroyTheFieldInEveryReport)
     destroyIn(CHANGED[0], send(WM_CHAR, VK_RETURN));
     destroyIn(CHANGED[0], send(WM_KEYDOWN, VK_DELETE));
     test::SetClipboard(L"pasted");
-    for (const WPARAM wKey : {'A', 'V'}) {
+    for (const WPARAM wKey : {WPARAM{'A'}, WPARAM{'V'}}) {
         destroyIn(CHANGED[0], [&] {
             const test::HeldKeys keys({VK_CONTROL});
             SendMessageW(GetDlgItem(host, ID), WM_KEYDOWN, wKey, 0);
