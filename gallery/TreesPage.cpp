@@ -177,8 +177,8 @@ public:
         m_pList->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);
         m_pList->SetImageList(SmallFileImages());
-        AddColumn(L"Name", 170, DT_SINGLELINE | DT_VCENTER, LCT_IMAGETEXT);
-        AddColumn(L"Size", 80, DT_SINGLELINE | DT_VCENTER | DT_RIGHT, LCT_TEXT);
+        AddColumn(L"Name", 130, DT_SINGLELINE | DT_VCENTER, LCT_IMAGETEXT);
+        AddColumn(L"Size", 62, DT_SINGLELINE | DT_VCENTER | DT_RIGHT, LCT_TEXT);
         canvas.Frame({RIGHT_BLOCK, BLOCK_TOP, RIGHT_BLOCK + BLOCK_WIDTH, BLOCK_TOP + BLOCK_HEIGHT});
         MoveTo(RIGHT_BLOCK + BAR_WIDTH);
         m_pPlaces->Fill(WindowsFolder());
