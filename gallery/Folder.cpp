@@ -74,6 +74,7 @@ void AddFile(Folder& folder, const WIN32_FIND_DATAW& found)
     }
     const bool fDirectory = found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY;
     File file{};
+    file.fFolder = fDirectory;
     file.name = found.cFileName;
     file.type = TypeOf(found);
     file.typeIndex = TypeIndex(folder, file.type);
@@ -125,6 +126,27 @@ Folder ReadFolder(const std::wstring& path)
         return true;
     });
     return folder;
+}
+
+FolderReader::FolderReader(const std::wstring& path) : m_folder{path, {}, {}}
+{
+    ForEachFile(path, [&](const WIN32_FIND_DATAW& found) {
+        m_found.push_back(found);
+        return true;
+    });
+}
+
+void FolderReader::ReadSome(size_t nFiles)
+{
+    const size_t nEnd = std::min(m_nRead + nFiles, m_found.size());
+    for (; m_nRead < nEnd; m_nRead++) {
+        AddFile(m_folder, m_found[m_nRead]);
+    }
+}
+
+UINT FolderReader::Progress() const
+{
+    return m_found.empty() ? 1000 : static_cast<UINT>(1000 * m_nRead / m_found.size());
 }
 
 Folder ReadSystemFolder()

@@ -14,6 +14,7 @@ struct File
     std::wstring type;
     std::wstring sizeText;
     std::wstring dateText;
+    bool fFolder;
     ULONGLONG size;
     ULONGLONG date;
     UINT image;     // in the system's image lists
@@ -28,6 +29,26 @@ struct Folder
 };
 
 Folder ReadFolder(const std::wstring& path);
+
+// Reads a directory a few files at a time, for a program that goes on meanwhile.
+class FolderReader
+{
+public:
+    explicit FolderReader(const std::wstring& path);
+
+    void ReadSome(size_t nFiles);
+    bool IsDone() const { return m_nRead == m_found.size(); }
+    // In thousandths.
+    UINT Progress() const;
+    // What is read so far.
+    Folder& Result() { return m_folder; }
+
+private:
+    std::vector<WIN32_FIND_DATAW> m_found; // the names, which come at once
+    size_t m_nRead = 0;
+    Folder m_folder;
+};
+
 // The system directory, which every machine has.
 Folder ReadSystemFolder();
 

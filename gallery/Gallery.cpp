@@ -1,4 +1,3 @@
-#include <gallery/Fonts.h>
 #include <gallery/Gallery.h>
 #include <gallery/Layout.h>
 #include <gallery/Mnemonics.h>
@@ -13,18 +12,17 @@ namespace {
 constexpr LPCWSTR CLASS_NAME = L"GessoGallery";
 constexpr LPCWSTR TITLE = L"Gesso gallery";
 constexpr COLORREF SIDE_COLOR = RGB(243, 245, 248);
-constexpr DWORD WINDOW_STYLE = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD WINDOW_STYLE = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 
-constexpr int CLIENT_WIDTH = 1004;
-constexpr int CLIENT_HEIGHT = 700;
-constexpr int SIDE_WIDTH = 152;
 constexpr int REPORT_HEIGHT = 88;
-constexpr int PAGE_BUTTON_HEIGHT = 30;
-constexpr int FIRST_PAGE_BUTTON = 1000; // well away from IDOK and IDCANCEL, which the dialog manager sends
+constexpr SIZE CLIENT_SIZE = {PageList::WIDTH + 852, CommandBar::HEIGHT + 612 + REPORT_HEIGHT};
 
-constexpr RECT PAGE_RECT = {SIDE_WIDTH, 0, CLIENT_WIDTH, CLIENT_HEIGHT - REPORT_HEIGHT};
-constexpr RECT REPORT_RECT = {SIDE_WIDTH + MARGIN, CLIENT_HEIGHT - REPORT_HEIGHT + 8, CLIENT_WIDTH - MARGIN,
-                              CLIENT_HEIGHT - 8};
+SIZE ClientSize(HWND hwnd)
+{
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    return {rc.right, rc.bottom};
+}
 
 ATOM RegisterMainClass(WNDPROC pfnWindowProc)
 {
@@ -81,7 +79,7 @@ Gallery* s_pGallery = nullptr;
 
 bool Gallery::Create()
 {
-    RECT rc{0, 0, CLIENT_WIDTH, CLIENT_HEIGHT};
+    RECT rc{0, 0, CLIENT_SIZE.cx, CLIENT_SIZE.cy};
     AdjustWindowRectEx(&rc, WINDOW_STYLE, FALSE, WS_EX_CONTROLPARENT);
     m_hwnd = CreateWindowExW(WS_EX_CONTROLPARENT, MAKEINTRESOURCEW(RegisterMainClass(&WindowProc)), TITLE,
                              WINDOW_STYLE, 40, 40, rc.right - rc.left, rc.bottom - rc.top, nullptr, nullptr,
@@ -90,48 +88,68 @@ bool Gallery::Create()
         return false;
     }
     SetWindowLongPtrW(m_hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    MakePageButtons();
-    m_lastLines.Create(REPORT_RECT.left, REPORT_RECT.top, REPORT_RECT.right - REPORT_RECT.left,
-                       REPORT_RECT.bottom - REPORT_RECT.top, m_hwnd, 0,
-                       L"What the controls report to their parent appears here.", 0,
+    m_commands.Create(m_hwnd);
+    m_pages.Create(m_hwnd);
+    m_lastLines.Create(0, 0, 10, 10, m_hwnd, 0, L"What the controls report to their parent appears here.", 0,
                        WS_CHILD | WS_VISIBLE | GS_MULTILINE | GLS_NOPREFIX);
     m_lastLines.SetTextColor(CAPTION_COLOR);
     s_pGallery = this;
     SetWindowsHookExW(WH_GETMESSAGE, &OnMessageTaken, nullptr, GetCurrentThreadId());
-    ShowWindow(m_hwnd, SW_SHOW);
+    OnSize();
     ShowPage(m_options.nPage);
+    ShowWindow(m_hwnd, SW_SHOW);
+    UpdateWindow(m_hwnd);
+    WriteLayoutFile();
     return true;
 }
 
-void Gallery::MakePageButtons()
+RECT Gallery::PageRect() const
 {
-    int y = 16;
-    for (int i = 0; i < PAGE_COUNT; i++) {
-        m_pageButtons[i].Create(12, y, SIDE_WIDTH - 24, PAGE_BUTTON_HEIGHT, m_hwnd, FIRST_PAGE_BUTTON + i,
-                                PAGES[i].pszName, 0,
-                                WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER);
-        y += PAGE_BUTTON_HEIGHT + 6;
+    const SIZE size = ClientSize(m_hwnd);
+    const LONG nBottom = size.cy - (m_fReport ? REPORT_HEIGHT : 0);
+    return {PageList::WIDTH, CommandBar::HEIGHT, size.cx, std::max<LONG>(nBottom, CommandBar::HEIGHT)};
+}
+
+LRESULT Gallery::OnSize()
+{
+    const SIZE size = ClientSize(m_hwnd);
+    const RECT rcPage = PageRect();
+    m_commands.Place({0, 0, size.cx, CommandBar::HEIGHT});
+    m_pages.Place({0, CommandBar::HEIGHT, PageList::WIDTH, size.cy});
+    m_lastLines.MoveWindow(PageList::WIDTH + MARGIN, rcPage.bottom + 8,
+                           size.cx - PageList::WIDTH - 2 * MARGIN, REPORT_HEIGHT - 16);
+    m_lastLines.SetVisible(m_fReport);
+    if (m_page) {
+        m_page->Place(rcPage);
+        WriteLayoutFile();
     }
+    return 0;
 }
 
 void Gallery::ShowPage(int nPage)
 {
-    for (int i = 0; i < PAGE_COUNT; i++) {
-        m_pageButtons[i].SetFont(i == nPage ? HeadingFont() : g_hDefaultFont);
-        m_pageButtons[i].Invalidate(0);
-    }
+    m_nPage = nPage;
+    m_pages.Select(nPage);
     m_page.reset();
-    m_page = std::make_unique<PageWindow>(m_hwnd, PAGE_RECT, PAGES[nPage].make(),
+    m_page = std::make_unique<PageWindow>(m_hwnd, PageRect(), PAGES[nPage].make(),
                                           [this](const std::wstring& line) { AddLine(line); });
     ShowKeyboardCues();
     UpdateWindow(m_hwnd);
     WriteLayoutFile();
 }
 
+std::vector<Part> Gallery::Parts() const
+{
+    std::vector<Part> parts = m_page->Content().Parts();
+    m_commands.AddParts(parts);
+    m_pages.AddParts(parts);
+    return parts;
+}
+
 void Gallery::WriteLayoutFile() const
 {
-    if (!m_options.layoutFile.empty()) {
-        WriteLayout(m_hwnd, m_page->Content().Parts(), m_options.layoutFile);
+    if (!m_options.layoutFile.empty() && IsWindowVisible(m_hwnd)) {
+        WriteLayout(m_hwnd, Parts(), m_options.layoutFile);
     }
 }
 
@@ -172,6 +190,9 @@ void Gallery::OnKeyDown(UINT uKey)
     } else if (uKey == VK_TAB || uKey == VK_MENU) {
         m_fKeyboardCues = true;
         ShowKeyboardCues();
+    } else if ((uKey == VK_NEXT || uKey == VK_PRIOR) && GetKeyState(VK_CONTROL) < 0 &&
+               IsWindowEnabled(m_hwnd)) {
+        OnRibbon(uKey == VK_NEXT ? ID_NEXT_PAGE : ID_PREVIOUS_PAGE, false);
     }
 }
 
@@ -218,7 +239,9 @@ LRESULT Gallery::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     switch (uMsg) {
     case WM_ACTIVATE: return OnActivate(LOWORD(wParam) != WA_INACTIVE);
     case WM_SETFOCUS: return OnSetFocus();
+    case WM_SIZE: return OnSize();
     case WM_COMMAND: return OnCommand(LOWORD(wParam), lParam);
+    case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
     case DM_GETDEFID: return OnGetDefaultId();
     case WM_DESTROY: PostQuitMessage(0); return 0;
     default: return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
@@ -242,16 +265,52 @@ LRESULT Gallery::OnSetFocus()
     return 0;
 }
 
-// A page's button, or what the dialog manager sends for Enter: that is for the page.
+// A command of the ribbon, or what the dialog manager sends for Enter: that is for the page.
 LRESULT Gallery::OnCommand(UINT uId, LPARAM lParam)
 {
-    if (uId >= FIRST_PAGE_BUTTON && uId < FIRST_PAGE_BUTTON + PAGE_COUNT) {
-        ShowPage(static_cast<int>(uId) - FIRST_PAGE_BUTTON);
+    if (uId >= FIRST_GALLERY_COMMAND && uId < END_OF_GALLERY_COMMANDS) {
+        OnRibbon(uId, lParam != 0);
         return 0;
     }
     const HWND hwnd = lParam ? reinterpret_cast<HWND>(lParam) : m_page->DefaultButton();
     if (hwnd && static_cast<UINT>(GetDlgCtrlID(hwnd)) == uId) {
         SendMessageW(m_page->Window(), WM_COMMAND, uId, reinterpret_cast<LPARAM>(hwnd));
+    }
+    return 0;
+}
+
+void Gallery::OnRibbon(UINT uId, bool fChecked)
+{
+    switch (uId) {
+    case ID_PREVIOUS_PAGE: ShowPage((m_nPage + PAGE_COUNT - 1) % PAGE_COUNT); break;
+    case ID_NEXT_PAGE: ShowPage((m_nPage + 1) % PAGE_COUNT); break;
+    case ID_SHOW_REPORT:
+        m_fReport = fChecked;
+        OnSize();
+        break;
+    case ID_SHOW_CUES:
+        m_fKeyboardCues = fChecked;
+        ShowKeyboardCues();
+        break;
+    case ID_SMALL_WINDOW: SetSize(800, 600); break;
+    case ID_LARGE_WINDOW: SetSize(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)); break;
+    default:
+        GTaskDialog::MessageBoxW(m_hwnd, L"Every control of Gesso at work, and what it reports.", TITLE,
+                                 MB_OK | MB_ICONINFORMATION);
+        break;
+    }
+}
+
+void Gallery::SetSize(int cx, int cy) const
+{
+    SetWindowPos(m_hwnd, nullptr, 0, 0, cx, cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+LRESULT Gallery::OnNotify(const NMHDR& header)
+{
+    const int nPage = m_pages.PageWanted(header);
+    if (nPage >= 0 && nPage != m_nPage) {
+        ShowPage(nPage);
     }
     return 0;
 }

@@ -1,8 +1,10 @@
-// The gallery's main window: a button for each page on the left, the page shown beside them, and below both
-// the last lines of what its controls reported.
+// The gallery's main window: a ribbon at the top, the list of pages at the left, the page shown beside it,
+// and below that the last lines of what its controls reported.
 #pragma once
 
+#include <gallery/CommandBar.h>
 #include <gallery/Options.h>
+#include <gallery/PageList.h>
 #include <gallery/PageWindow.h>
 #include <gallery/Pages.h>
 
@@ -29,14 +31,19 @@ private:
     LRESULT OnActivate(bool fActive);
     LRESULT OnSetFocus();
     LRESULT OnCommand(UINT uId, LPARAM lParam);
+    LRESULT OnNotify(const NMHDR& header);
     LRESULT OnGetDefaultId() const;
+    LRESULT OnSize();
 
     static LRESULT CALLBACK OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam);
     void OnKeyDown(UINT uKey);
     void ShowKeyboardCues() const;
+    void OnRibbon(UINT uId, bool fChecked);
+    void SetSize(int cx, int cy) const;
 
-    void MakePageButtons();
     void ShowPage(int nPage);
+    RECT PageRect() const;
+    std::vector<Part> Parts() const;
     bool SaveExhibits();
     void WriteLayoutFile() const;
     void AddLine(const std::wstring& line);
@@ -46,7 +53,10 @@ private:
     HWND m_hwnd = nullptr;
     HWND m_hwndLastFocus = nullptr;
     bool m_fKeyboardCues = false;
-    GButton m_pageButtons[PAGE_COUNT];
+    bool m_fReport = true;
+    int m_nPage = 0;
+    CommandBar m_commands;
+    PageList m_pages;
     GLabel m_lastLines;
     std::unique_ptr<PageWindow> m_page;
 };

@@ -1,6 +1,10 @@
 #include <gallery/GdiPlus.h>
 #include <gallery/Glyphs.h>
 
+#include <map>
+#include <tuple>
+#include <type_traits>
+
 namespace gallery {
 namespace {
 
@@ -55,9 +59,7 @@ template <class DRAW> HBITMAP MonoBitmap(int cx, int cy, DWORD dwGround, DRAW dr
     return hbm;
 }
 
-} // namespace
-
-HICON IconOf(Glyph glyph, int nSize)
+HICON DrawIcon(Glyph glyph, int nSize)
 {
     Gdiplus::Bitmap bitmap(nSize, nSize, PixelFormat32bppARGB);
     Graphics graphics(&bitmap);
@@ -71,7 +73,7 @@ HICON IconOf(Glyph glyph, int nSize)
     return hIcon;
 }
 
-HBITMAP LandscapeBitmap(int cx, int cy)
+HBITMAP DrawLandscape(int cx, int cy)
 {
     Gdiplus::Bitmap bitmap(cx, cy, PixelFormat32bppRGB);
     Graphics graphics(&bitmap);
@@ -91,7 +93,7 @@ HBITMAP LandscapeBitmap(int cx, int cy)
     return hbm;
 }
 
-HICON SketchIcon(int nSize)
+HICON DrawSketchIcon(int nSize)
 {
     const int nBar = nSize / 8;
     const int nMiddle = nSize / 2;
@@ -110,7 +112,7 @@ HICON SketchIcon(int nSize)
     return hIcon;
 }
 
-HBITMAP SketchBitmap(int cx, int cy)
+HBITMAP DrawSketch(int cx, int cy)
 {
     return MonoBitmap(cx, cy, WHITENESS, [&](HDC hdc) {
         SelectObject(hdc, GetStockObject(NULL_BRUSH));
@@ -119,6 +121,40 @@ HBITMAP SketchBitmap(int cx, int cy)
         Arc(hdc, cx * 3 / 10, cy / 2, cx * 13 / 10, cy * 3 / 2, cx, cy, cx * 3 / 10, cy);
         Arc(hdc, -cx / 3, cy * 6 / 10, cx * 2 / 3, cy * 16 / 10, cx * 2 / 3, cy, 0, cy);
     });
+}
+
+// What was made before with the same arguments.
+template <class HANDLE, class... ARGUMENTS>
+HANDLE Kept(HANDLE (*pfnMake)(ARGUMENTS...), std::type_identity_t<ARGUMENTS>... arguments)
+{
+    static std::map<std::tuple<HANDLE (*)(ARGUMENTS...), ARGUMENTS...>, HANDLE> s_made;
+    HANDLE& handle = s_made[{pfnMake, arguments...}];
+    if (!handle) {
+        handle = pfnMake(arguments...);
+    }
+    return handle;
+}
+
+} // namespace
+
+HICON IconOf(Glyph glyph, int nSize)
+{
+    return Kept(&DrawIcon, glyph, nSize);
+}
+
+HBITMAP LandscapeBitmap(int cx, int cy)
+{
+    return Kept(&DrawLandscape, cx, cy);
+}
+
+HICON SketchIcon(int nSize)
+{
+    return Kept(&DrawSketchIcon, nSize);
+}
+
+HBITMAP SketchBitmap(int cx, int cy)
+{
+    return Kept(&DrawSketch, cx, cy);
 }
 
 } // namespace gallery

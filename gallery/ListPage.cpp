@@ -2,6 +2,7 @@
 
 #include <gallery/Folder.h>
 #include <gallery/Fonts.h>
+#include <gallery/NameEdit.h>
 #include <gallery/Pages.h>
 
 #include <array>
@@ -63,67 +64,6 @@ constexpr ColumnKind COLUMNS[COLUMN_COUNT] = {
     {L"Size", 110, LINE | DT_RIGHT, LCT_TEXT, BySize, LCF_TILECAPTION, {380, 2, 640, 22}},
     {L"Type", 140, LINE, LCT_TEXT, nullptr, LCF_TILECAPTION, {380, 22, 640, 42}},
     {L"Date modified", 150, LINE, LCT_TEXT, ByDate, 0, {0, 0, 0, 0}},
-};
-
-// The host's side of an in-place edit: a standard edit window over the name, which Enter and leaving it
-// accept and Escape drops.
-class NameEdit
-{
-public:
-    explicit NameEdit(GList& list) : m_list(list) {}
-
-    void Begin(UINT item)
-    {
-        RECT rc{};
-        m_list.GetItemRect(&rc, item, NAME);
-        OffsetRect(&rc, -m_list.GetScrollPos(SB_HORZ), -m_list.GetScrollPos(SB_VERT));
-        m_item = item;
-        m_fAccept = true;
-        m_hwnd =
-            CreateWindowExW(0, L"EDIT", m_list.GetItemText(item, NAME), CHILD | WS_BORDER | ES_AUTOHSCROLL,
-                            rc.left + TEXT_LEFT, rc.top, rc.right - rc.left - TEXT_LEFT, rc.bottom - rc.top,
-                            m_list, nullptr, nullptr, nullptr);
-        SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
-        SetWindowSubclass(m_hwnd, &KeyProc, 0, reinterpret_cast<DWORD_PTR>(this));
-        m_list.BeginEdit(1, &m_hwnd);
-        SendMessageW(m_hwnd, EM_SETSEL, 0, -1);
-        SetFocus(m_hwnd);
-    }
-
-    bool IsActive() const { return m_hwnd != nullptr; }
-    // The new name, where the user accepted one; the window is gone afterwards.
-    std::wstring End()
-    {
-        std::wstring name(static_cast<size_t>(GetWindowTextLengthW(m_hwnd)), L' ');
-        GetWindowTextW(m_hwnd, name.data(), static_cast<int>(name.size()) + 1);
-        m_list.EndEdit();
-        DestroyWindow(std::exchange(m_hwnd, nullptr));
-        return m_fAccept ? name : std::wstring();
-    }
-    UINT Item() const { return m_item; }
-
-private:
-    static constexpr int TEXT_LEFT = 22; // behind the image
-
-    static LRESULT CALLBACK KeyProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                    DWORD_PTR data)
-    {
-        auto& edit = *reinterpret_cast<NameEdit*>(data);
-        if (uMsg == WM_GETDLGCODE) {
-            return DLGC_WANTALLKEYS;
-        }
-        if (uMsg == WM_KEYDOWN && (wParam == VK_RETURN || wParam == VK_ESCAPE)) {
-            edit.m_fAccept = wParam == VK_RETURN;
-            SetFocus(edit.m_list);
-            return 0;
-        }
-        return DefSubclassProc(hwnd, uMsg, wParam, lParam);
-    }
-
-    GList& m_list;
-    HWND m_hwnd = nullptr;
-    UINT m_item = 0;
-    bool m_fAccept = true;
 };
 
 class ListPage : public Page
@@ -347,7 +287,7 @@ private:
     void Rename(UINT item)
     {
         if (!m_pEdit->IsActive() && (m_pList->GetListStyle() & GLS_VIEWMASK) == GLS_DETAILS) {
-            m_pEdit->Begin(item);
+            m_pEdit->Begin(item, NAME);
         }
     }
 

@@ -32,6 +32,11 @@ public:
     virtual void OnScroll(WORD /*wCode*/, WORD /*wPos*/, HWND /*hwndFrom*/) {}
     virtual void OnTimer() {}
 
+    // The room that the page needs, in pixels: where it has less, it scrolls.
+    virtual SIZE LeastSize() const { return {852, 612}; }
+    // The room that it has, for a page that lays itself out by that.
+    virtual void OnSize(SIZE /*size*/) {}
+
     // The parts in sight, for tests that drive the gallery with a real pointer.
     virtual std::vector<Part> Parts() const { return {}; }
     // The dialogs that the page opens, for their pictures.

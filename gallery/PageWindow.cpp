@@ -4,6 +4,7 @@ namespace gallery {
 namespace {
 
 constexpr LPCWSTR CLASS_NAME = L"GessoGalleryPage";
+constexpr int LINE = 24; // that the wheel and the bars' arrows scroll by
 
 void RegisterPageClass(WNDPROC pfnWindowProc)
 {
@@ -13,6 +14,29 @@ void RegisterPageClass(WNDPROC pfnWindowProc)
     wc.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     wc.lpszClassName = CLASS_NAME;
     RegisterClassW(&wc); // harmless where it is registered already
+}
+
+// The position within a bar's range.
+LONG Limited(HWND hwnd, int nBar, LONG nPos)
+{
+    SCROLLINFO info{sizeof(info), SIF_RANGE | SIF_PAGE, 0, 0, 0, 0, 0};
+    GetScrollInfo(hwnd, nBar, &info);
+    return std::max<LONG>(0, std::min<LONG>(nPos, info.nMax + 1 - static_cast<LONG>(info.nPage)));
+}
+
+// Where a bar's message takes it.
+LONG ScrolledBy(HWND hwnd, int nBar, WPARAM wParam)
+{
+    SCROLLINFO info{sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
+    GetScrollInfo(hwnd, nBar, &info);
+    switch (LOWORD(wParam)) {
+    case SB_LINEUP: return info.nPos - LINE;
+    case SB_LINEDOWN: return info.nPos + LINE;
+    case SB_PAGEUP: return info.nPos - static_cast<int>(info.nPage);
+    case SB_PAGEDOWN: return info.nPos + static_cast<int>(info.nPage);
+    case SB_THUMBTRACK: return info.nTrackPos;
+    default: return info.nPos;
+    }
 }
 
 BOOL CALLBACK FindDefaultButton(HWND hwnd, LPARAM lParam)
@@ -30,12 +54,14 @@ PageWindow::PageWindow(HWND hwndParent, const RECT& rc, std::unique_ptr<Page> pa
     : m_page(std::move(page)), m_report(std::move(report))
 {
     RegisterPageClass(&WindowProc);
-    m_hwnd = CreateWindowExW(WS_EX_CONTROLPARENT, CLASS_NAME, L"", WS_CHILD | WS_CLIPCHILDREN, rc.left,
-                             rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent, nullptr,
+    m_hwnd = CreateWindowExW(WS_EX_CONTROLPARENT, CLASS_NAME, L"",
+                             WS_CHILD | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, rc.left, rc.top,
+                             rc.right - rc.left, rc.bottom - rc.top, hwndParent, nullptr,
                              GetModuleHandleW(nullptr), nullptr);
     SetWindowLongPtrW(m_hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     m_canvas = std::make_unique<Canvas>(m_hwnd);
     m_page->Build(*m_canvas);
+    Arrange();
     ShowWindow(m_hwnd, SW_SHOW);
 }
 
@@ -64,7 +90,10 @@ LRESULT PageWindow::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     switch (uMsg) {
     case WM_COMMAND: return OnCommand(wParam, lParam);
     case WM_NOTIFY: return OnNotify(lParam);
-    case WM_VSCROLL: return OnScroll(wParam, lParam);
+    case WM_HSCROLL:
+    case WM_VSCROLL: return OnScroll(uMsg, wParam, lParam);
+    case WM_MOUSEWHEEL: return OnWheel(static_cast<short>(HIWORD(wParam)));
+    case WM_SIZE: return OnSize();
     case WM_TIMER: return OnTimer();
     case WM_ERASEBKGND: return OnEraseBackground(reinterpret_cast<HDC>(wParam));
     default: return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
@@ -82,15 +111,103 @@ LRESULT PageWindow::OnNotify(LPARAM lParam)
 {
     const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
     m_report(DescribeNotify(header));
+    if (header.code == static_cast<UINT>(NM_SETFOCUS)) {
+        BringIntoView(header.hwndFrom);
+    }
     return m_page->OnNotify(header);
 }
 
-LRESULT PageWindow::OnScroll(WPARAM wParam, LPARAM lParam)
+LRESULT PageWindow::OnScroll(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    if (!lParam) {
+        POINT pt = m_ptScrolled;
+        (uMsg == WM_HSCROLL ? pt.x : pt.y) =
+            ScrolledBy(m_hwnd, uMsg == WM_HSCROLL ? SB_HORZ : SB_VERT, wParam);
+        ScrollTo(pt);
+        return 0;
+    }
     const auto hwndFrom = reinterpret_cast<HWND>(lParam);
     m_report(DescribeScroll(LOWORD(wParam), HIWORD(wParam), hwndFrom));
     m_page->OnScroll(LOWORD(wParam), HIWORD(wParam), hwndFrom);
     return 0;
+}
+
+LRESULT PageWindow::OnWheel(short nDelta)
+{
+    ScrollTo({m_ptScrolled.x, m_ptScrolled.y - nDelta * 3 * LINE / WHEEL_DELTA});
+    return 0;
+}
+
+LRESULT PageWindow::OnSize()
+{
+    if (!m_fArranging) {
+        Arrange();
+    }
+    return 0;
+}
+
+void PageWindow::Place(const RECT& rc)
+{
+    MoveWindow(m_hwnd, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, TRUE);
+}
+
+// Gives the page its room, and itself the scroll bars that it takes.
+void PageWindow::Arrange()
+{
+    m_fArranging = true; // a bar that comes or goes changes the client area
+    ScrollTo({0, 0});
+    RECT rc{};
+    GetWindowRect(m_hwnd, &rc);
+    const SIZE least = m_page->LeastSize();
+    const int cxBar = GetSystemMetrics(SM_CXVSCROLL);
+    const int cyBar = GetSystemMetrics(SM_CYHSCROLL);
+    SIZE room{rc.right - rc.left, rc.bottom - rc.top};
+    const bool fVertical = least.cy > room.cy - (least.cx > room.cx ? cyBar : 0);
+    room.cx -= fVertical ? cxBar : 0;
+    room.cy -= least.cx > room.cx ? cyBar : 0;
+    SetRange(SB_HORZ, least.cx, room.cx);
+    SetRange(SB_VERT, least.cy, room.cy);
+    m_page->OnSize({std::max(room.cx, least.cx), std::max(room.cy, least.cy)});
+    m_fArranging = false;
+    InvalidateRect(m_hwnd, nullptr, TRUE);
+}
+
+void PageWindow::SetRange(int nBar, int nLeast, int nRoom) const
+{
+    const SCROLLINFO info{sizeof(info),
+                          SIF_RANGE | SIF_PAGE | SIF_POS,
+                          0,
+                          nLeast - 1,
+                          static_cast<UINT>(std::max(nRoom, 0)),
+                          0,
+                          0};
+    SetScrollInfo(m_hwnd, nBar, &info, TRUE);
+}
+
+void PageWindow::ScrollTo(POINT pt)
+{
+    pt = {Limited(m_hwnd, SB_HORZ, pt.x), Limited(m_hwnd, SB_VERT, pt.y)};
+    ScrollWindow(m_hwnd, m_ptScrolled.x - pt.x, m_ptScrolled.y - pt.y, nullptr, nullptr);
+    m_ptScrolled = pt;
+    SetScrollPos(m_hwnd, SB_HORZ, pt.x, TRUE);
+    SetScrollPos(m_hwnd, SB_VERT, pt.y, TRUE);
+}
+
+// The control that the user has tabbed to.
+void PageWindow::BringIntoView(HWND hwnd)
+{
+    RECT rc{}, rcClient{};
+    GetWindowRect(hwnd, &rc);
+    MapWindowPoints(nullptr, m_hwnd, reinterpret_cast<POINT*>(&rc), 2);
+    GetClientRect(m_hwnd, &rcClient);
+    const auto offset = [](int nFrom, int nTo, int nRoom) {
+        return nFrom < 0 ? nFrom : std::max(0, std::min(nFrom, nTo - nRoom));
+    };
+    const int dx = offset(rc.left - LINE, rc.right + LINE, rcClient.right);
+    const int dy = offset(rc.top - LINE, rc.bottom + LINE, rcClient.bottom);
+    if (dx != 0 || dy != 0) {
+        ScrollTo({m_ptScrolled.x + dx, m_ptScrolled.y + dy});
+    }
 }
 
 LRESULT PageWindow::OnTimer()
@@ -104,7 +221,10 @@ LRESULT PageWindow::OnEraseBackground(HDC hdc) const
     RECT rc{};
     GetClientRect(m_hwnd, &rc);
     FillRect(hdc, &rc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    POINT ptFormer{};
+    OffsetViewportOrgEx(hdc, -m_ptScrolled.x, -m_ptScrolled.y, &ptFormer);
     m_canvas->PaintFrames(hdc);
+    SetViewportOrgEx(hdc, ptFormer.x, ptFormer.y, nullptr);
     return 1;
 }
 

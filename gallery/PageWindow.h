@@ -1,5 +1,5 @@
-// The window of the page shown: it holds the page and its canvas, paints their background and hands what the
-// controls report to the gallery.
+// The window of the page shown: it holds the page and its canvas, paints their background, scrolls them where
+// it is too small, and hands what the controls report to the gallery.
 #pragma once
 
 #include <gallery/Page.h>
@@ -21,6 +21,8 @@ public:
     PageWindow& operator=(const PageWindow&) = delete;
 
     HWND Window() const { return m_hwnd; }
+    // In the parent's client area.
+    void Place(const RECT& rc);
     Page& Content() const { return *m_page; }
     // The control that Enter presses: null where the page has none.
     HWND DefaultButton() const;
@@ -30,11 +32,20 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnNotify(LPARAM lParam);
-    LRESULT OnScroll(WPARAM wParam, LPARAM lParam);
+    LRESULT OnScroll(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnWheel(short nDelta);
+    LRESULT OnSize();
     LRESULT OnTimer();
     LRESULT OnEraseBackground(HDC hdc) const;
 
+    void Arrange();
+    void SetRange(int nBar, int nLeast, int nRoom) const;
+    void ScrollTo(POINT pt);
+    void BringIntoView(HWND hwnd);
+
     HWND m_hwnd = nullptr;
+    POINT m_ptScrolled{};
+    bool m_fArranging = false;
     std::unique_ptr<Page> m_page;
     std::unique_ptr<Canvas> m_canvas;
     ReportLine m_report;

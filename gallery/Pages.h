@@ -1,6 +1,7 @@
 // The gallery's pages. A new one is a source file of its own and a line in each of the two lists.
 #pragma once
 
+#include <gallery/EditorRibbon.h>
 #include <gallery/Page.h>
 
 #include <memory>
@@ -16,24 +17,28 @@ std::unique_ptr<Page> MakeListPage();
 std::unique_ptr<Page> MakeTreesPage();
 std::unique_ptr<Page> MakeRibbonPage();
 std::unique_ptr<Page> MakeDialogsPage();
+std::unique_ptr<Page> MakeExplorerPage();
 
 struct PageEntry
 {
+    LPCWSTR pszFamily; // a heading above it in the list of pages, or null
     LPCWSTR pszName;
+    UINT image;
     std::unique_ptr<Page> (*make)();
 };
 
 // clang-format off
 inline constexpr PageEntry PAGES[] = {
-    {L"Labels", &MakeLabelsPage},
-    {L"Buttons", &MakeButtonsPage},
-    {L"Choices", &MakeChoicesPage},
-    {L"Text", &MakeTextPage},
-    {L"Entry", &MakeEntryPage},
-    {L"List", &MakeListPage},
-    {L"Trees", &MakeTreesPage},
-    {L"Ribbon", &MakeRibbonPage},
-    {L"Dialogs", &MakeDialogsPage},
+    {L"Basics", L"Labels", IMAGE_LABEL, &MakeLabelsPage},
+    {nullptr, L"Buttons", IMAGE_BUTTON, &MakeButtonsPage},
+    {nullptr, L"Choices", IMAGE_CHECK_BOX, &MakeChoicesPage},
+    {nullptr, L"Text", IMAGE_TEXT, &MakeTextPage},
+    {nullptr, L"Entry", IMAGE_ENTRY, &MakeEntryPage},
+    {L"Views", L"List", IMAGE_LIST, &MakeListPage},
+    {nullptr, L"Trees", IMAGE_TREE, &MakeTreesPage},
+    {L"Windows", L"Ribbon", IMAGE_RIBBON, &MakeRibbonPage},
+    {nullptr, L"Dialogs", IMAGE_DIALOG, &MakeDialogsPage},
+    {L"A program", L"Explorer", IMAGE_EXPLORER, &MakeExplorerPage},
 };
 // clang-format on
 inline constexpr int PAGE_COUNT = static_cast<int>(std::size(PAGES));

@@ -83,7 +83,8 @@ class Gallery:
         command += ["--log", self.windows_path(self._log), "--layout", self.windows_path(self._layout)]
         self._process = subprocess.Popen([*command, *options], **process)
         wait_for(f"the page {page}", self._layout.exists)
-        self.click(self.control("GLabel", page).middle)  # makes it the window that gets the keys
+        labels = [c for c in self.controls() if c.class_name == "GLabel"]
+        self.click(labels[0].middle)  # makes it the window that gets the keys
         self.lines()
 
     def close(self):
@@ -96,7 +97,7 @@ class Gallery:
         return self._process
 
     def show_page(self, page):
-        self.click(self.button(page).middle)
+        self.click(self.control("page", page).middle)
 
     @staticmethod
     def windows_path(path):

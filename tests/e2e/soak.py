@@ -22,9 +22,8 @@ WARM_UP = 0.25  # of the whole time
 LONGEST_SILENCE = 1000  # milliseconds
 GDI_ALLOWANCE = 8
 MEMORY_ALLOWANCE = 0.10
-TITLE = "Gesso gallery"
 FIRST_PAGE = "Labels"
-SIZES = [(1004, 700), (800, 600), (1270, 1000), (640, 480), (1100, 620)]
+SIZES = ["800 x 600", "As large as the screen"]
 KEYS = """Tab Tab shift+Tab Return space Escape Up Down Left Right Home End Prior Next Delete BackSpace F2 F4 a b e
     g m s 1 ctrl+a ctrl+c ctrl+v ctrl+x shift+Down shift+Up shift+End ctrl+Down plus minus alt+Down""".split()
 
@@ -94,19 +93,21 @@ class Soak:
 
     def page(self):
         xdotool("key", "Escape")
-        buttons = [c for c in self.gallery.controls() if self.gallery.switches_page(c)]
-        xdotool("mousemove", *self.random.choice(buttons).middle, "click", 1)
+        self.click_one_of([c for c in self.gallery.controls() if c.class_name == "page"])
 
     def resize(self):
-        xdotool("search", "--name", f"^{TITLE}$", "windowsize", *self.random.choice(SIZES))
+        self.click_one_of([c for c in self.gallery.controls() if c.text in SIZES])
+
+    def click_one_of(self, controls):
+        if controls:  # a dialog may stand before them
+            xdotool("mousemove", *self.random.choice(controls).middle, "click", 1)
 
     # --- What it holds
 
     def rest(self):
         """Back to the first page, dialogs and lists closed, and then a look at the numbers."""
         xdotool("mouseup", 1, "key", "--delay", 100, "Escape", "Escape", "Escape")
-        xdotool("search", "--name", f"^{TITLE}$", "windowsize", *SIZES[0])
-        time.sleep(0.5)
+        self.gallery.click(self.gallery.control("ribbon item", SIZES[1]).middle)
         self.gallery.show_page(FIRST_PAGE)
         time.sleep(1)
         gdi, windows = map(int, self.lines()[-1].split()[1:])

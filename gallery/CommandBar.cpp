@@ -1,0 +1,27 @@
+#include <gallery/CommandBar.h>
+
+namespace gallery {
+
+void CommandBar::Create(HWND hwndParent)
+{
+    EditorPage& page = m_ribbon.AddEditorPage(L"Gallery");
+    page.Group(L"Page");
+    page.Button(ID_PREVIOUS_PAGE, RIS_LARGE, IMAGE_PREVIOUS, L"Previous");
+    page.Button(ID_NEXT_PAGE, RIS_LARGE, IMAGE_NEXT, L"Next");
+    page.Group(L"Show");
+    page.CheckBox(ID_SHOW_REPORT, true, L"What controls report");
+    page.CheckBox(ID_SHOW_CUES, false, L"Keyboard cues");
+    page.Group(L"Window");
+    page.Button(ID_SMALL_WINDOW, RIS_MEDIUM, IMAGE_SMALL_WINDOW, L"800 x 600");
+    page.Button(ID_LARGE_WINDOW, RIS_MEDIUM, IMAGE_LARGE_WINDOW, L"As large as the screen");
+    page.Group(L"Gesso");
+    page.Button(ID_ABOUT, RIS_LARGE, IMAGE_ABOUT, L"About");
+    m_ribbon.Create({0, 0, 100, HEIGHT}, hwndParent);
+}
+
+void CommandBar::Place(const RECT& rc)
+{
+    m_ribbon.MoveWindow(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
+}
+
+} // namespace gallery

@@ -1,0 +1,505 @@
+// A small program made of Gesso alone: a tree of folders, the files of one of them in a list, its path in a
+// combo box. Files of the sample folder can be renamed and deleted; the rest of the machine is only looked
+// at.
+
+#include <gallery/Folder.h>
+#include <gallery/NameEdit.h>
+#include <gallery/Pages.h>
+#include <gallery/SampleFolder.h>
+
+#include <commctrl.h>
+
+namespace gallery {
+namespace {
+
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
+constexpr int EDGE = 12;
+constexpr int ROW_HEIGHT = 26;
+constexpr int OPTIONS_TOP = EDGE + ROW_HEIGHT + 10;
+constexpr int PANES_TOP = OPTIONS_TOP + ROW_HEIGHT + 10;
+constexpr int STATUS_HEIGHT = 20;
+constexpr int GO_WIDTH = 56;
+constexpr int VIEWS_WIDTH = 110;
+constexpr int GROUP_WIDTH = 150;
+constexpr int PROGRESS_WIDTH = 180;
+constexpr int SPLIT_WIDTH = 6;
+constexpr int LEAST_PANE = 80;
+constexpr UINT END = static_cast<UINT>(-1);
+constexpr UINT FILES_AT_ONCE = 24;
+constexpr UINT TICK = 10; // milliseconds
+constexpr UINT_PTR READ_TIMER = 1;
+
+enum Column : UINT
+{
+    NAME,
+    SIZE_KB,
+    TYPE,
+    DATE,
+};
+
+enum View : UINT
+{
+    DETAILS,
+    TILES,
+};
+
+File& FileOf(void* customData)
+{
+    return *static_cast<File*>(customData);
+}
+
+template <class VALUE> int Order(VALUE a, VALUE b)
+{
+    return a < b ? -1 : b < a ? 1 : 0;
+}
+
+// Folders stand before files.
+int ByName(void* a, void* b)
+{
+    const int nFolders = Order(!FileOf(a).fFolder, !FileOf(b).fFolder);
+    return nFolders ? nFolders : lstrcmpiW(FileOf(a).name.c_str(), FileOf(b).name.c_str());
+}
+
+int BySize(void* a, void* b)
+{
+    return Order(FileOf(a).size, FileOf(b).size);
+}
+
+int ByDate(void* a, void* b)
+{
+    return Order(FileOf(a).date, FileOf(b).date);
+}
+
+std::wstring ParentOf(const std::wstring& path)
+{
+    const size_t slash = path.rfind(L'\\');
+    return slash == std::wstring::npos ? path : path.substr(0, slash);
+}
+
+std::wstring LastNameOf(const std::wstring& path)
+{
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
+class ExplorerPage : public Page
+{
+public:
+    SIZE LeastSize() const override { return {480, 300}; }
+
+    void Build(Canvas& canvas) override
+    {
+        m_hwnd = canvas.Window();
+        MakeHead(canvas);
+        MakePanes(canvas);
+        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
+        m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
+        m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, m_hwnd, 0, 0, WS_CHILD);
+        m_pEdit = std::make_unique<NameEdit>(*m_pList);
+        const std::wstring sample = SampleFolder();
+        AddFolder(nullptr, L"Sample files", sample, true);
+        AddFolder(nullptr, L"C:", L"C:", true);
+        Open(sample);
+    }
+
+    void OnSize(SIZE size) override
+    {
+        m_size = size;
+        const int nRight = size.cx - EDGE;
+        const int nBottom = size.cy - EDGE - STATUS_HEIGHT - 6;
+        m_pUp->MoveWindow(EDGE, EDGE - 2, 30, 30);
+        m_pPath->MoveWindow(EDGE + 38, EDGE, nRight - GO_WIDTH - 8 - EDGE - 38, ROW_HEIGHT);
+        m_pGo->MoveWindow(nRight - GO_WIDTH, EDGE, GO_WIDTH, ROW_HEIGHT);
+        m_pViews->MoveWindow(EDGE + 38, OPTIONS_TOP, VIEWS_WIDTH, ROW_HEIGHT);
+        m_pGroup->MoveWindow(EDGE + 38 + VIEWS_WIDTH + 16, OPTIONS_TOP, GROUP_WIDTH, ROW_HEIGHT);
+        m_pTree->MoveWindow(EDGE, PANES_TOP, m_cxTree, nBottom - PANES_TOP);
+        const int xList = EDGE + m_cxTree + SPLIT_WIDTH;
+        m_pSplit->MoveWindow(EDGE + m_cxTree, PANES_TOP, SPLIT_WIDTH, nBottom - PANES_TOP);
+        m_pList->MoveWindow(xList, PANES_TOP, nRight - xList, nBottom - PANES_TOP);
+        m_pStatus->MoveWindow(EDGE, nBottom + 8, nRight - PROGRESS_WIDTH - EDGE - EDGE, STATUS_HEIGHT);
+        m_pProgress->MoveWindow(nRight - PROGRESS_WIDTH, nBottom + 10, PROGRESS_WIDTH, 12);
+    }
+
+    LRESULT OnCommand(UINT, UINT uCode, HWND hwndFrom) override
+    {
+        if (hwndFrom == m_pUp->GetHwnd()) {
+            Open(ParentOf(m_path));
+        } else if (hwndFrom == m_pGo->GetHwnd()) {
+            Open(PathTyped());
+        } else if (hwndFrom == m_pPath->GetHwnd() && uCode == CBN_SELCHANGE) {
+            Open(PathTyped());
+        } else if (hwndFrom == m_pViews->GetHwnd() && uCode == CBN_SELCHANGE) {
+            Show();
+        } else if (hwndFrom == m_pGroup->GetHwnd()) {
+            m_pGroup->SetCheck(!m_pGroup->GetCheck());
+            Show();
+        }
+        return 0;
+    }
+
+    LRESULT OnNotify(const NMHDR& header) override
+    {
+        if (header.hwndFrom == m_pTree->GetHwnd()) {
+            OnTreeNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
+        } else if (header.hwndFrom == m_pList->GetHwnd()) {
+            OnListNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
+        } else if (header.hwndFrom == m_pSplit->GetHwnd()) {
+            OnSplit(reinterpret_cast<const stcSeparatorNotify&>(header));
+        }
+        return 1; // a double click in the tree toggles no row: it has opened its folder
+    }
+
+    // Reads on, a few files at a time, so that the program goes on meanwhile.
+    void OnTimer() override
+    {
+        if (!m_reader) {
+            return;
+        }
+        m_reader->ReadSome(FILES_AT_ONCE);
+        m_pProgress->SetProgress(m_reader->Progress());
+        if (m_reader->IsDone()) {
+            StopReading();
+            Show();
+        }
+    }
+
+    // The items of the list that are in sight.
+    std::vector<Part> Parts() const override
+    {
+        std::vector<Part> parts;
+        RECT rcList{};
+        GetClientRect(*m_pList, &rcList);
+        for (UINT i = 0; i < m_pList->GetItemCount(); i++) {
+            RECT rc{};
+            m_pList->GetItemRect(&rc, i, NAME);
+            OffsetRect(&rc, -m_pList->GetScrollPos(SB_HORZ), -m_pList->GetScrollPos(SB_VERT));
+            if (IntersectRect(&rc, &rc, &rcList)) {
+                MapWindowPoints(*m_pList, nullptr, reinterpret_cast<POINT*>(&rc), 2);
+                parts.push_back({L"list item", i, m_pList->GetItemText(i, NAME), rc});
+            }
+        }
+        return parts;
+    }
+
+private:
+    void MakeHead(Canvas& canvas)
+    {
+        m_pUp = &canvas.Own(std::make_unique<GNavigationButton>());
+        m_pUp->Create(0, 0, 30, 30, m_hwnd, canvas.NextId(), 0, CHILD | WS_TABSTOP);
+        m_pPath = &canvas.Own(std::make_unique<GComboBox>());
+        m_pPath->Create(0, 0, 10, ROW_HEIGHT, m_hwnd, canvas.NextId(), CHILD | WS_TABSTOP | GCBS_DROPDOWN, 0);
+        m_pGo = &canvas.Own(std::make_unique<GButton>());
+        m_pGo->Create(0, 0, GO_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(), L"Go", 0,
+                      CHILD | WS_TABSTOP | GS_CENTER | GS_VCENTER | GBS_DEFAULT);
+        m_pViews = &canvas.Own(std::make_unique<GComboBox>());
+        m_pViews->Create(0, 0, VIEWS_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(),
+                         CHILD | WS_TABSTOP | GCBS_DROPDOWNLIST, 0);
+        m_pViews->InsertItem(END, 0, L"Details", 0, nullptr);
+        m_pViews->InsertItem(END, 0, L"Tiles", 0, nullptr);
+        m_pViews->SetSelected(DETAILS);
+        m_pGroup = &canvas.Own(std::make_unique<GCheckBox>());
+        m_pGroup->Create(0, 0, GROUP_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(), L"&Group by type", 0,
+                         CHILD | WS_TABSTOP | GS_VCENTER);
+    }
+
+    void MakePanes(Canvas& canvas)
+    {
+        constexpr DWORD PANE = CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN;
+        m_pTree = &canvas.Own(std::make_unique<GTree>());
+        m_pTree->SetTreeStyle(GTS_IMAGES);
+        m_pTree->SetImageList(SmallFileImages());
+        m_pTree->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), 0, PANE);
+        m_pSplit = &canvas.Own(std::make_unique<GSeparator>());
+        m_pSplit->Create(0, 0, SPLIT_WIDTH, 10, m_hwnd, canvas.NextId(), 0, CHILD);
+        m_pList = &canvas.Own(std::make_unique<GList>());
+        m_pList->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0, PANE);
+    }
+
+    // --- The tree
+
+    void AddFolder(void* hParent, LPCWSTR pszName, const std::wstring& path, bool fHasSubfolders)
+    {
+        m_paths.push_back(std::make_unique<std::wstring>(path));
+        m_pTree->InsertItem(hParent, nullptr, pszName, FolderImage(), fHasSubfolders ? TIS_HASCHILDREN : 0,
+                            m_paths.back().get());
+    }
+
+    const std::wstring& PathOf(void* hItem) const
+    {
+        return *static_cast<const std::wstring*>(m_pTree->GetItemCustomData(hItem));
+    }
+
+    void OnTreeNotify(const GLISTNOTIFY& notify)
+    {
+        if (notify.hdr.code == TVN_ITEMEXPANDINGW && notify.uAction == TVE_EXPAND &&
+            m_pTree->GetItemChildCount(notify.pItem) == 0)
+        {
+            const std::wstring path = PathOf(notify.pItem);
+            for (const Subfolder& folder : SubfoldersOf(path)) {
+                AddFolder(notify.pItem, folder.name.c_str(), path + L"\\" + folder.name,
+                          folder.fHasSubfolders);
+            }
+        } else if (notify.hdr.code == static_cast<UINT>(NM_CLICK) && notify.pItem) {
+            Open(PathOf(notify.pItem));
+        }
+    }
+
+    // --- The folder shown
+
+    std::wstring PathTyped() const
+    {
+        int nLength = m_pPath->GetTextLength() + 1;
+        std::wstring path(static_cast<size_t>(nLength), L'\0');
+        m_pPath->GetText(path.data(), &nLength);
+        path.resize(static_cast<size_t>(nLength));
+        while (!path.empty() && path.back() == L'\\') {
+            path.pop_back();
+        }
+        return path;
+    }
+
+    // By value: what names the path may go with the folder that was shown.
+    void Open(std::wstring path) // NOLINT(performance-unnecessary-value-param)
+    {
+        const DWORD dwAttributes = GetFileAttributesW((path + L"\\").c_str());
+        if (dwAttributes == INVALID_FILE_ATTRIBUTES || !(dwAttributes & FILE_ATTRIBUTE_DIRECTORY)) {
+            GTaskDialog::MessageBoxW(GetAncestor(m_hwnd, GA_ROOT), (L"There is no folder " + path).c_str(),
+                                     L"Explorer", MB_OK | MB_ICONWARNING);
+            m_pPath->SetText(m_path.c_str());
+            return;
+        }
+        m_pList->RemoveAllItems(); // they point into the folder that goes
+        m_pList->RemoveAllGroups();
+        StopReading();
+        m_path = path;
+        ShowPath();
+        m_reader = std::make_unique<FolderReader>(path);
+        m_pStatus->SetText(L"Reading...");
+        m_pProgress->SetProgress(0);
+        m_pProgress->SetVisible(1);
+        SetTimer(m_hwnd, READ_TIMER, TICK, nullptr);
+    }
+
+    void StopReading()
+    {
+        KillTimer(m_hwnd, READ_TIMER);
+        m_pProgress->SetVisible(0);
+        if (m_reader) {
+            m_shown = std::move(m_reader->Result());
+            m_reader.reset();
+        }
+    }
+
+    void ShowPath()
+    {
+        const auto nFound = static_cast<UINT>(SendMessageW(
+            *m_pPath, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(m_path.c_str())));
+        m_pPath->SetSelected(nFound != END ? nFound : m_pPath->InsertItem(0, 0, m_path.c_str(), 0, nullptr));
+    }
+
+    View ViewShown() const { return static_cast<View>(m_pViews->GetSelected()); }
+
+    // The list from the start, since a view's margins are its columns'.
+    void Show()
+    {
+        const bool fTiles = ViewShown() == TILES;
+        const UINT uStyle = fTiles ? GLS_TILES : GLS_DETAILS | GLS_HEADER;
+        m_pList->RemoveAllItems();
+        m_pList->RemoveAllGroups();
+        m_pList->RemoveAllColumns();
+        m_pList->SetImageList(fTiles ? LargeFileImages() : SmallFileImages());
+        m_pList->SetItemHeight(fTiles ? 44 : 22);
+        m_pList->SetListStyle(uStyle);
+        AddColumns(fTiles);
+        m_pList->BulkInsertOn();
+        for (File& file : m_shown.files) {
+            AddFile(file);
+        }
+        m_pList->BulkInsertOff();
+        s_pShown = &m_shown;
+        m_pList->Sort(NAME, true);
+        if (m_pGroup->GetCheck()) {
+            m_pList->Group(TYPE, true);
+        }
+        m_pList->SetListStyle(uStyle); // tells the keyboard where the rows are
+        ShowStatus();
+    }
+
+    void AddColumns(bool fTiles)
+    {
+        constexpr UINT LINE = DT_SINGLELINE | DT_VCENTER;
+        constexpr RECT PLACES[] = {{6, 4, 300, 38}, {310, 2, 470, 22}, {310, 22, 470, 42}};
+        const auto add = [&](LPCWSTR pszName, UINT cx, UINT uFormat, int nType, UINT uTileFlags,
+                             const RECT* prcTile, PFNLISTGROUP pfnGroup, PFNLISTSORT pfnSort) {
+            m_pList->InsertColumn(END, uTileFlags, uFormat, cx, 40, pszName, 0, nType,
+                                  fTiles ? prcTile : nullptr, pfnGroup, pfnSort, nullptr);
+        };
+        add(L"Name", 240, LINE, LCT_IMAGETEXT, LCF_TILELINE, &PLACES[0], nullptr, &ByName);
+        add(L"Size", 90, LINE | DT_RIGHT, LCT_TEXT, LCF_TILECAPTION, &PLACES[1], nullptr, &BySize);
+        add(L"Type", 110, LINE, LCT_TEXT, LCF_TILECAPTION, &PLACES[2], &GroupByType, nullptr);
+        add(L"Date modified", 140, LINE, LCT_TEXT, 0, nullptr, nullptr, &ByDate);
+    }
+
+    void AddFile(File& file)
+    {
+        const UINT item = m_pList->InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
+        m_pList->SetSubItem(item, SIZE_KB, 0, file.sizeText.c_str(), 0);
+        m_pList->SetSubItem(item, TYPE, 0, file.type.c_str(), 0);
+        m_pList->SetSubItem(item, DATE, 0, file.dateText.c_str(), 0);
+    }
+
+    static UINT GroupByType(GList* pList, void* customData)
+    {
+        const UINT type = customData ? FileOf(customData).typeIndex : 0;
+        while (pList->GetGroupCount() <= type) {
+            const UINT group = pList->GetGroupCount();
+            pList->InsertGroup(DT_SINGLELINE | DT_VCENTER, s_pShown->types[group].c_str(), 0, group);
+        }
+        return type;
+    }
+
+    // --- The list
+
+    void OnListNotify(const GLISTNOTIFY& notify)
+    {
+        const UINT item = m_pList->GetFirstSelectedItemIndex();
+        switch (notify.hdr.code) {
+        case static_cast<UINT>(NM_DBLCLK): OpenItem(static_cast<UINT>(notify.iItem)); return;
+        case static_cast<UINT>(NM_KEYDOWN): OnListKey(notify.vKey, item); return;
+        case static_cast<UINT>(LVN_FIRST): EndRename(); return;
+        default: ShowStatus(); return;
+        }
+    }
+
+    void OnListKey(UINT uKey, UINT item)
+    {
+        switch (uKey) {
+        case VK_RETURN: OpenItem(item); break;
+        case VK_BACK: Open(ParentOf(m_path)); break;
+        case VK_F5: Open(m_path); break;
+        case VK_F2: BeginRename(item); break;
+        case VK_DELETE: DeleteItem(item); break;
+        default: ShowStatus(); break;
+        }
+    }
+
+    File* FileAt(UINT item) const
+    {
+        return item < m_pList->GetItemCount() ? &FileOf(m_pList->GetItemCustomData(item)) : nullptr;
+    }
+
+    std::wstring PathOf(const File& file) const { return m_path + L"\\" + file.name; }
+
+    void OpenItem(UINT item)
+    {
+        const File* pFile = FileAt(item);
+        if (pFile && pFile->fFolder) {
+            Open(PathOf(*pFile));
+        }
+    }
+
+    bool MayChange()
+    {
+        if (!IsInSampleFolder(m_path)) {
+            m_pStatus->SetText(L"Only the sample files may be changed here.");
+        }
+        return IsInSampleFolder(m_path);
+    }
+
+    void BeginRename(UINT item)
+    {
+        if (FileAt(item) && ViewShown() == DETAILS && !m_pEdit->IsActive() && MayChange()) {
+            m_pEdit->Begin(item, NAME);
+        }
+    }
+
+    void EndRename()
+    {
+        const std::wstring name = m_pEdit->End();
+        File* pFile = FileAt(m_pEdit->Item());
+        if (!pFile || name.empty() || name == pFile->name) {
+            return;
+        }
+        if (MoveFileW(PathOf(*pFile).c_str(), (m_path + L"\\" + name).c_str())) {
+            pFile->name = name;
+            m_pList->SetItemText(m_pEdit->Item(), NAME, name.c_str());
+            m_pStatus->SetText((L"Renamed to " + name).c_str());
+        } else {
+            m_pStatus->SetText((L"This name does not go: " + name).c_str());
+        }
+    }
+
+    void DeleteItem(UINT item)
+    {
+        const File* pFile = FileAt(item);
+        if (!pFile || !MayChange()) {
+            return;
+        }
+        const std::wstring path = PathOf(*pFile);
+        const std::wstring question = L"Delete \"" + pFile->name + L"\" for good?";
+        const UINT uAnswer = GTaskDialog::MessageBoxW(GetAncestor(m_hwnd, GA_ROOT), question.c_str(),
+                                                      L"Explorer", MB_YESNO | MB_ICONWARNING);
+        if (uAnswer == IDYES) {
+            const BOOL fGone = pFile->fFolder ? RemoveDirectoryW(path.c_str()) : DeleteFileW(path.c_str());
+            Open(m_path);
+            m_lastWords = fGone ? L"deleted " + LastNameOf(path) : L"could not delete " + LastNameOf(path);
+        }
+        SetFocus(*m_pList);
+    }
+
+    void ShowStatus()
+    {
+        std::wstring text = std::to_wstring(m_pList->GetItemCount()) + L" items, " +
+                            std::to_wstring(m_pList->GetSelectedCount()) + L" selected";
+        if (!m_lastWords.empty()) {
+            text += L"; " + m_lastWords;
+        }
+        m_pStatus->SetText(text.c_str());
+        m_lastWords.clear();
+    }
+
+    // --- The separator
+
+    void OnSplit(const stcSeparatorNotify& notify)
+    {
+        if (notify.hdr.code == GSN_BEGINDRAG) {
+            m_xGrip = notify.pt.x;
+        } else if (notify.hdr.code == GSN_DRAG) {
+            const int nMost = m_size.cx - 2 * EDGE - SPLIT_WIDTH - LEAST_PANE;
+            m_cxTree =
+                std::max(LEAST_PANE, std::min(nMost, m_cxTree + static_cast<int>(notify.pt.x) - m_xGrip));
+            OnSize(m_size);
+        }
+    }
+
+    static inline const Folder* s_pShown = nullptr; // what the grouping callback goes by
+
+    HWND m_hwnd = nullptr;
+    SIZE m_size{};
+    GNavigationButton* m_pUp = nullptr;
+    GComboBox* m_pPath = nullptr;
+    GButton* m_pGo = nullptr;
+    GComboBox* m_pViews = nullptr;
+    GCheckBox* m_pGroup = nullptr;
+    GTree* m_pTree = nullptr;
+    GSeparator* m_pSplit = nullptr;
+    GList* m_pList = nullptr;
+    GLabel* m_pStatus = nullptr;
+    GProgressBar* m_pProgress = nullptr;
+    std::unique_ptr<NameEdit> m_pEdit;
+    int m_cxTree = 210;
+    int m_xGrip = 0;
+    std::wstring m_path;
+    std::vector<std::unique_ptr<std::wstring>> m_paths; // of the tree's items
+    std::unique_ptr<FolderReader> m_reader;             // while a folder is read
+    Folder m_shown;
+    std::wstring m_lastWords;
+};
+
+} // namespace
+
+std::unique_ptr<Page> MakeExplorerPage()
+{
+    return std::make_unique<ExplorerPage>();
+}
+
+} // namespace gallery

@@ -1,0 +1,75 @@
+#include <gallery/ImageStrip.h>
+#include <gallery/PageList.h>
+#include <gallery/Pages.h>
+#include <gallery/resource.h>
+
+#include <commctrl.h>
+
+namespace gallery {
+namespace {
+
+constexpr UINT ROW_HEIGHT = 30;
+constexpr int PAGE_LIST_ID = 990;
+
+} // namespace
+
+void PageList::Create(HWND hwndParent)
+{
+    m_hImages = LoadImageStrip(IDB_SMALL_IMAGES);
+    m_bar.SetItemHeight(ROW_HEIGHT);
+    m_bar.SetImageList(m_hImages);
+    m_bar.Create(0, 0, WIDTH, 10, hwndParent, PAGE_LIST_ID, 0, WS_CHILD | WS_VISIBLE | WS_VSCROLL);
+    void* hRoot = m_bar.GetRootItem();
+    void* hLast = nullptr;
+    for (const PageEntry& page : PAGES) {
+        if (page.pszFamily) {
+            hLast = m_bar.InsertItem(hRoot, hLast, page.pszFamily, 0, NBIK_HEADER, nullptr);
+        }
+        hLast = m_bar.InsertItem(hRoot, hLast, page.pszName, page.image, NBIK_ITEM, nullptr);
+        m_items.push_back(hLast);
+    }
+}
+
+PageList::~PageList()
+{
+    ImageList_Destroy(m_hImages);
+}
+
+void PageList::Place(const RECT& rc)
+{
+    m_bar.MoveWindow(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
+}
+
+void PageList::Select(int nPage)
+{
+    m_bar.SetSelectedItem(m_items[static_cast<size_t>(nPage)]);
+}
+
+int PageList::PageWanted(const NMHDR& header) const
+{
+    if (header.hwndFrom != m_bar.GetHwnd() || header.code != static_cast<UINT>(NM_CLICK)) {
+        return -1;
+    }
+    const auto& notify = reinterpret_cast<const GNAVNOTIFY&>(header);
+    const auto found = std::find(m_items.begin(), m_items.end(), notify.pItem);
+    return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
+}
+
+void PageList::AddParts(std::vector<Part>& parts) const
+{
+    RECT rc{};
+    GetClientRect(m_bar.GetHwnd(), &rc);
+    MapWindowPoints(m_bar.GetHwnd(), nullptr, reinterpret_cast<POINT*>(&rc), 2);
+    const int nBottom = rc.bottom;
+    rc.top -= m_bar.GetScrollPos(SB_VERT);
+    for (int i = 0; i < PAGE_COUNT; i++) {
+        rc.top += PAGES[i].pszFamily ? static_cast<int>(ROW_HEIGHT) : 0;
+        rc.bottom = rc.top + static_cast<int>(ROW_HEIGHT);
+        if (rc.bottom <= nBottom) {
+            parts.push_back({L"page", static_cast<UINT>(i), PAGES[i].pszName, rc});
+        }
+        rc.top = rc.bottom;
+    }
+}
+
+} // namespace gallery

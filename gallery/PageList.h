@@ -1,0 +1,33 @@
+// The pane at the left: the gallery's pages, by family.
+#pragma once
+
+#include <gallery/Page.h>
+
+namespace gallery {
+
+class PageList
+{
+public:
+    static constexpr int WIDTH = 168;
+
+    PageList() = default;
+    ~PageList();
+    PageList(const PageList&) = delete;
+    PageList& operator=(const PageList&) = delete;
+
+    void Create(HWND hwndParent);
+    void Place(const RECT& rc);
+    // Marks a page as the one that is shown.
+    void Select(int nPage);
+    // The page that a notification of the pane asks for, or -1.
+    int PageWanted(const NMHDR& header) const;
+    // The rows of the pages.
+    void AddParts(std::vector<Part>& parts) const;
+
+private:
+    GNavigationBar m_bar;
+    HIMAGELIST m_hImages = nullptr;
+    std::vector<void*> m_items; // of each page
+};
+
+} // namespace gallery

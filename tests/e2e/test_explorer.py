@@ -1,0 +1,93 @@
+"""The explorer page as a person would use it: folders, files, names and questions."""
+import unittest
+
+from gallery import Gallery, wait_for, xdotool
+
+SAMPLE = "Gesso sample files"
+
+
+class ExplorerTest(unittest.TestCase):
+    def setUp(self):
+        self.gallery = Gallery("Explorer")
+        self.await_status("5 items")
+
+    def tearDown(self):
+        self.gallery.close()
+
+    def controls(self):
+        """What is in sight once the gallery has dealt with all input so far."""
+        self.gallery.lines()
+        return list(self.gallery.controls())
+
+    def names(self):
+        return [c.text for c in self.controls() if c.class_name == "list item"]
+
+    def await_status(self, text):
+        wait_for(f"the status '{text}'",
+                 lambda: any(c.class_name == "GLabel" and text in c.text for c in self.controls()))
+
+    def item(self, name):
+        return next(c for c in self.controls() if (c.class_name, c.text) == ("list item", name)).middle
+
+    def open(self, name):
+        xdotool("mousemove", *self.item(name), "click", "--repeat", 2, "--delay", 50, 1)
+
+    def path(self):
+        return next(c for c in self.controls() if c.class_name == "GComboBox" and SAMPLE in c.text).text
+
+    def test_folders_open_by_double_click_and_by_key_and_close_again(self):
+        self.assertEqual(self.names()[:3], ["Documents", "Pictures", "Sounds"])
+        self.open("Documents")
+        wait_for("the folder", lambda: self.path().endswith("\\Documents") and "Notes.txt" in self.names())
+        self.gallery.click(self.item("Old drafts"))
+        self.gallery.key("Return")
+        wait_for("the folder below", lambda: self.path().endswith("\\Old drafts"))
+        self.gallery.key("BackSpace", "BackSpace")
+        wait_for("the first folder", lambda: self.path().endswith(SAMPLE))
+
+    def test_f2_renames_in_place_and_escape_leaves_the_name(self):
+        self.gallery.click(self.item("Shopping list.txt"))
+        self.gallery.key("F2")
+        self.gallery.type("Errands.txt")
+        self.gallery.key("Escape")
+        self.assertIn("Shopping list.txt", self.names())
+        self.gallery.key("F2")
+        self.gallery.type("Errands.txt")
+        self.gallery.key("Return")
+        wait_for("the new name", lambda: "Errands.txt" in self.names())
+        self.gallery.key("F2")
+        self.gallery.type("Shopping list.txt")
+        self.gallery.key("Return")
+        wait_for("the former name", lambda: "Shopping list.txt" in self.names())
+
+    def test_delete_asks_and_goes_by_the_answer(self):
+        name = "Read me first.txt"
+        for answer, remains in (("No", True), ("Yes", False)):
+            self.gallery.click(self.item(name))
+            self.gallery.key("Delete")
+            buttons = wait_for("the question", lambda: [c for c in self.controls() if c.text.replace("&", "") in
+                                                        ((answer,) if answer != "Yes" else ("Yes", "Ja"))
+                                                        or (answer == "No" and c.text.replace("&", "") == "Nein")])
+            self.gallery.click(buttons[0].middle)
+            wait_for("the answer to count", lambda: (name in self.names()) == remains)
+
+    def test_everything_stays_within_a_small_window(self):
+        self.gallery.click(self.gallery.control("ribbon item", "800 x 600").middle)
+        wait_for("the small size", lambda: self.gallery.button("Go").x < 840)
+        self.assertIn("Documents", self.names())
+        self.assertIn("GProgressBar", [c.class_name for c in self.watch_large_folder()])
+
+    def watch_large_folder(self):
+        """Opens a large folder by its path and gives what is in sight while it is read."""
+        self.gallery.click(next(c for c in self.controls() if SAMPLE in c.text).middle)
+        self.gallery.key("ctrl+a")
+        self.gallery.type("C:\\windows\\system32\\")
+        self.gallery.key("Return")
+        seen = []
+        wait_for("progress", lambda: seen.extend(self.controls()) or any(c.class_name == "GProgressBar" for c in seen))
+        self.await_status(" items, 0 selected")
+        return seen
+
+
+if __name__ == "__main__":
+    unittest.main()
