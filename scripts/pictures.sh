@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Takes the pictures of docs/pictures anew, so that they show what the library shows.
+#
+#   scripts/pictures.sh     all that are there already; a new one is copied once from `scripts/gallery.sh --shots`
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+shots=$BUILD/shots
+rm -rf "$shots"
+"$ROOT/scripts/gallery.sh" --shots "$shots" >/dev/null
+for picture in "$ROOT"/docs/pictures/*.png; do
+    cp "$shots/${picture##*/}" "$picture"
+done
