@@ -37,7 +37,8 @@ public:
         m_pLeft = &MakePane(canvas, LandscapeBitmap(BLOCK_WIDTH, BLOCK_HEIGHT));
         m_pRight = &MakePane(canvas, SketchBitmap(BLOCK_WIDTH, BLOCK_HEIGHT));
         m_pSeparator = &canvas.Own(std::make_unique<GSeparator>());
-        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(), 0, CHILD);
+        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(),
+                             WS_EX_TRANSPARENT, CHILD);
         MoveTo((m_rc.left + m_rc.right) / 2);
     }
 

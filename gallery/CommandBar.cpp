@@ -16,7 +16,18 @@ void CommandBar::Create(HWND hwndParent)
     page.Button(ID_LARGE_WINDOW, RIS_MEDIUM, IMAGE_LARGE_WINDOW, L"As large as the screen");
     page.Group(L"Gesso");
     page.Button(ID_ABOUT, RIS_LARGE, IMAGE_ABOUT, L"About");
-    m_ribbon.Create({0, 0, 100, HEIGHT}, hwndParent);
+    m_ribbon.MakeWindow({0, 0, 100, HEIGHT}, hwndParent);
+}
+
+// By a kind of their own, apart from the items of a page's ribbon.
+void CommandBar::AddParts(std::vector<Part>& parts) const
+{
+    std::vector<Part> own;
+    m_ribbon.AddParts(own);
+    for (Part& part : own) {
+        part.kind = L"command";
+        parts.push_back(part);
+    }
 }
 
 void CommandBar::Place(const RECT& rc)

@@ -26,7 +26,7 @@ public:
     // Its commands come to the parent as WM_COMMAND; of the check boxes lParam tells the new state.
     void Create(HWND hwndParent);
     void Place(const RECT& rc);
-    void AddParts(std::vector<Part>& parts) const { m_ribbon.AddParts(parts); }
+    void AddParts(std::vector<Part>& parts) const;
 
 private:
     EditorRibbon m_ribbon;

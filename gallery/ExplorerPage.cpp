@@ -209,7 +209,7 @@ private:
         m_pTree->SetImageList(SmallFileImages());
         m_pTree->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), 0, PANE);
         m_pSplit = &canvas.Own(std::make_unique<GSeparator>());
-        m_pSplit->Create(0, 0, SPLIT_WIDTH, 10, m_hwnd, canvas.NextId(), 0, CHILD);
+        m_pSplit->Create(0, 0, SPLIT_WIDTH, 10, m_hwnd, canvas.NextId(), WS_EX_TRANSPARENT, CHILD);
         m_pList = &canvas.Own(std::make_unique<GList>());
         m_pList->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0, PANE);
     }
@@ -289,11 +289,17 @@ private:
         }
     }
 
+    // The paths that were shown before are the combo box's items.
     void ShowPath()
     {
-        const auto nFound = static_cast<UINT>(SendMessageW(
-            *m_pPath, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(m_path.c_str())));
-        m_pPath->SetSelected(nFound != END ? nFound : m_pPath->InsertItem(0, 0, m_path.c_str(), 0, nullptr));
+        UINT nFound = 0;
+        while (nFound < m_pPath->GetItemCount() && m_path != m_pPath->GetItemText(nFound)) {
+            nFound++;
+        }
+        if (nFound == m_pPath->GetItemCount()) {
+            nFound = m_pPath->InsertItem(0, 0, m_path.c_str(), 0, nullptr);
+        }
+        m_pPath->SetSelected(nFound);
     }
 
     View ViewShown() const { return static_cast<View>(m_pViews->GetSelected()); }

@@ -172,7 +172,8 @@ public:
         m_pPlaces->SetImageList(SmallFileImages());
         m_pPlaces->SetItemHeight(34);
         m_pSeparator = &canvas.Own(std::make_unique<GSeparator>());
-        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(), 0, CHILD);
+        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(),
+                             WS_EX_TRANSPARENT, CHILD);
         m_pList = &canvas.Own(std::make_unique<GList>());
         m_pList->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);

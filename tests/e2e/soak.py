@@ -107,7 +107,7 @@ class Soak:
     def rest(self):
         """Back to the first page, dialogs and lists closed, and then a look at the numbers."""
         xdotool("mouseup", 1, "key", "--delay", 100, "Escape", "Escape", "Escape")
-        self.gallery.click(self.gallery.control("ribbon item", SIZES[1]).middle)
+        self.gallery.click(self.gallery.control("command", SIZES[1]).middle)
         self.gallery.show_page(FIRST_PAGE)
         time.sleep(1)
         gdi, windows = map(int, self.lines()[-1].split()[1:])

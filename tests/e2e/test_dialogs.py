@@ -130,7 +130,7 @@ class MessageBoxes(DialogTest):
 
     def test_the_owner_takes_no_clicks_meanwhile(self):
         self.open("OK")
-        self.gallery.click(self.gallery.button("Labels").middle)
+        self.gallery.show_page("Labels")
         self.assertEqual(self.gallery.commands(), [])
         self.assertEqual(self.state("active"), "Gallery")
 

@@ -72,7 +72,7 @@ class ExplorerTest(unittest.TestCase):
             wait_for("the answer to count", lambda: (name in self.names()) == remains)
 
     def test_everything_stays_within_a_small_window(self):
-        self.gallery.click(self.gallery.control("ribbon item", "800 x 600").middle)
+        self.gallery.click(self.gallery.control("command", "800 x 600").middle)
         wait_for("the small size", lambda: self.gallery.button("Go").x < 840)
         self.assertIn("Documents", self.names())
         self.assertIn("GProgressBar", [c.class_name for c in self.watch_large_folder()])

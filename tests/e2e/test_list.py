@@ -167,7 +167,7 @@ class List(unittest.TestCase):
 
     def edit_window(self):
         self.gallery.lines()
-        return [c for c in self.gallery.controls() if c.class_name.lower() == "edit"]
+        return [c for c in self.gallery.controls() if c.class_name == "GEdit"]
 
     def test_every_view_shows_and_a_hundred_thousand_rows_scroll(self):
         self.gallery.click(self.gallery.control("GCheckBox", "&Groups").middle)
