@@ -34,7 +34,7 @@ int EntryEdits::BuildSingleLines(POINT pt)
     Add(grid.NextCell(L"disabled"), L"Not now", WS_DISABLED);
     Add(grid.NextCell(L"ES_CENTER: stays left"), L"Centred", ES_CENTER);
     Add(grid.NextCell(L"ES_RIGHT: stays left"), L"Right", ES_RIGHT);
-    AddPlatformEdit(grid.NextCell(L"the platform's own"));
+    Add(grid.NextCell(L"ES_AUTOHSCROLL"), L"Up to its width", ES_AUTOHSCROLL);
     return grid.Bottom();
 }
 
@@ -43,7 +43,8 @@ int EntryEdits::BuildSeveralLines(POINT pt)
     Grid grid(*m_pCanvas, pt, L"Edit fields of many lines", 2, TEXT_CELL);
     Add(grid.NextCell(L"as many as are typed"), LETTER, ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN);
     Add(grid.NextCell(L"as many as there is room for"),
-        L"One\nTwo \U0001F600\nThr\u00E9e e\u0301\n\u4E2D\u6587", ES_MULTILINE | ES_WANTRETURN);
+        L"One\nTwo \U0001F600\nThr\u00E9e e\u0301\n\u03A4\u03AD\u03C3\u03C3\u03B5\u03C1\u03B1",
+        ES_MULTILINE | ES_WANTRETURN);
     return grid.Bottom();
 }
 
@@ -55,16 +56,6 @@ GEdit& EntryEdits::Add(const RECT& rc, LPCWSTR pszText, DWORD dwStyle)
     edit.SetText(pszText);
     m_edits.push_back(&edit);
     return edit;
-}
-
-// To exchange text with by the clipboard.
-void EntryEdits::AddPlatformEdit(const RECT& rc)
-{
-    const HWND hwnd = CreateWindowExW(0, L"EDIT", L"", EDIT_STYLE | ES_AUTOHSCROLL, rc.left, rc.top,
-                                      rc.right - rc.left, rc.bottom - rc.top, m_pCanvas->Window(),
-                                      reinterpret_cast<HMENU>(static_cast<LONG_PTR>(m_pCanvas->NextId())),
-                                      nullptr, nullptr);
-    SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
 }
 
 void EntryEdits::OnCommand(UINT uCode, HWND hwndFrom)

@@ -17,7 +17,6 @@ private:
     int BuildSingleLines(POINT pt);
     int BuildSeveralLines(POINT pt);
     GEdit& Add(const RECT& rc, LPCWSTR pszText, DWORD dwStyle);
-    void AddPlatformEdit(const RECT& rc);
     void ShowCount() const;
 
     Canvas* m_pCanvas = nullptr;

@@ -1,0 +1,148 @@
+"""Edit fields under a real pointer and keyboard, and text that goes by the clipboard to and from the platform's own
+edit field and a combo box."""
+import unittest
+
+from gallery import Gallery, xdotool
+
+EN_CHANGE = 768
+
+
+class Edit(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.gallery = Gallery("Entry")
+        edits = [c for c in cls.gallery.controls() if c.class_name == "GEdit"]
+        ids = {c.text: c.id for c in edits}
+        cls.line = ids["Type here"]
+        cls.password = ids["secret"]
+        cls.letter = next(c.id for c in edits if c.text.startswith("Dear reader"))
+        cls.four_lines = next(c.id for c in edits if c.text.startswith("One"))
+        cls.platform = next(c.id for c in cls.gallery.controls() if c.class_name == "Edit")
+        combos = [c for c in cls.gallery.controls() if c.class_name == "GComboBox"]
+        cls.combo = min(combos, key=lambda c: c.id).id
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.gallery.close()
+
+    def field(self, control_id):
+        return next(c for c in self.gallery.controls() if c.id == control_id and c.class_name != "GLabel")
+
+    def text(self, control_id):
+        """Its text, once the gallery has dealt with all input; a line end shows as two spaces."""
+        self.gallery.lines()
+        return self.field(control_id).text
+
+    def changes(self):
+        return [line for line in self.gallery.commands() if f"code {EN_CHANGE}" in line]
+
+    def at(self, control_id, dx, dy=10):
+        field = self.field(control_id)
+        return field.x + dx, field.y + dy
+
+    def fill(self, control_id, text):
+        """Clicks into a field and types over all that it has."""
+        self.gallery.click(self.at(control_id, 5))
+        self.gallery.key("End", "shift+Home", "Delete")
+        if text:
+            xdotool("type", "--delay", "5", text)
+
+    # --- Tests
+
+    def test_typed_text_comes_in_and_is_told(self):
+        self.fill(self.line, "")
+        self.gallery.lines()
+        xdotool("type", "--delay", "5", "Hello")
+        self.assertEqual(len(self.changes()), 5)
+        self.assertEqual(self.text(self.line), "Hello")
+        self.gallery.key("BackSpace", "Home", "Delete")
+        self.assertEqual(self.text(self.line), "ell")
+
+    def test_a_full_field_refuses_more_but_tells_of_it(self):
+        self.fill(self.line, "W" * 30)
+        full = self.text(self.line)
+        self.assertLess(len(full), 30)
+        xdotool("type", "W")
+        self.assertEqual(len(self.changes()), 1)
+        self.assertEqual(self.text(self.line), full)
+
+    def test_shift_with_arrows_selects_what_typing_replaces(self):
+        self.fill(self.line, "abcdef")
+        self.gallery.key("shift+Left", "shift+Left", "x")
+        self.assertEqual(self.text(self.line), "abcdx")
+
+    def test_the_pointer_selects_by_dragging_and_all_by_a_double_click(self):
+        self.fill(self.line, "drag this")
+        self.gallery.move(self.at(self.line, 4))
+        self.gallery.press()
+        self.gallery.move(self.at(self.line, 60))
+        self.gallery.move(self.at(self.line, 110))
+        self.gallery.release()
+        self.gallery.key("a")
+        self.assertEqual(self.text(self.line), "a")
+        self.fill(self.line, "two words")
+        point = self.at(self.line, 20)
+        xdotool("mousemove", *point, "click", "--repeat", 2, "--delay", 20, 1)
+        self.gallery.key("b")
+        self.assertEqual(self.text(self.line), "b")
+
+    def test_text_goes_to_the_platforms_field_and_back(self):
+        self.fill(self.line, "there and back")
+        self.gallery.key("shift+Home", "ctrl+x")
+        self.assertEqual(self.text(self.line), "")
+        self.fill(self.platform, "")
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text(self.platform), "there and back")
+        self.gallery.key("Home", "shift+End", "ctrl+c")
+        self.fill(self.line, "")
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text(self.line), "there and back")
+
+    def test_text_goes_to_a_combo_box_and_back(self):
+        self.fill(self.line, "Field")
+        self.gallery.key("ctrl+a", "ctrl+c")
+        self.fill(self.combo, "")
+        self.gallery.key("ctrl+v", "1", "shift+Home", "ctrl+c")
+        self.assertEqual(self.text(self.combo), "Field1")
+        self.fill(self.line, "")
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text(self.line), "Field1")
+
+    def test_emoji_and_combining_marks_survive_the_clipboard(self):
+        text = self.text(self.four_lines)
+        self.assertIn("\U0001F600", text)
+        self.assertIn("e\u0301", text)
+        self.gallery.click(self.at(self.four_lines, 5))
+        self.gallery.key("ctrl+a", "ctrl+x")
+        self.assertEqual(self.text(self.four_lines), "")
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text(self.four_lines), text)
+
+    def test_several_lines_wrap_and_break_where_the_user_says(self):
+        self.gallery.click(self.at(self.letter, 5))
+        self.gallery.key("ctrl+a", "Delete")
+        xdotool("type", "--delay", "5", "first")
+        self.gallery.key("Return")
+        xdotool("type", "--delay", "5", "a second line that is far longer than the field is wide, so that it wraps")
+        whole = "first  a second line that is far longer than the field is wide, so that it wraps"
+        self.assertEqual(self.text(self.letter), whole)
+        self.gallery.key("Up", "Home", "x")
+        self.assertNotIn(self.text(self.letter), (whole, "x" + whole))
+        self.gallery.key("BackSpace", "Up", "Up", "Up", "Home", "x")
+        self.assertEqual(self.text(self.letter), "x" + whole)
+
+    def test_a_field_without_vertical_scrolling_takes_only_what_it_has_room_for(self):
+        self.gallery.click(self.at(self.four_lines, 5))
+        before = self.text(self.four_lines)
+        self.gallery.key(*["Return"] * 12)
+        after = self.text(self.four_lines)
+        self.assertLess(len(after), len(before) + 2 * 12)
+        self.gallery.key("Return")
+        self.assertEqual(self.text(self.four_lines), after)
+
+    def test_a_password_is_copied_as_it_is(self):
+        self.gallery.click(self.at(self.password, 5))
+        self.gallery.key("ctrl+a", "ctrl+c")
+        self.fill(self.line, "")
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text(self.line), "secret")
