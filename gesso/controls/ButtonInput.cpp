@@ -49,6 +49,18 @@ bool TakePress(GWnd& wnd)
     return true;
 }
 
+bool EndPress(GWnd& wnd)
+{
+    const HWND hwnd = Frame::Handle(wnd);
+    if (!(Frame::State(wnd) & GWS_PRESSED)) {
+        return false;
+    }
+    // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED, and which a host that subclassed the control may
+    // answer by destroying it.
+    ReleaseCapture();
+    return Frame::IsAlive(hwnd, &wnd);
+}
+
 LRESULT OnButtonDown(GWnd& wnd)
 {
     if (TakePress(wnd)) {
@@ -59,21 +71,14 @@ LRESULT OnButtonDown(GWnd& wnd)
 
 LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
 {
-    const HWND hwnd = Frame::Handle(wnd);
-    DWORD& dwState = Frame::State(wnd);
-    if (!(dwState & GWS_PRESSED)) {
-        return 0;
-    }
-    // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED, and which a host that subclassed the control may
-    // answer by destroying it.
-    ReleaseCapture();
-    if (!Frame::IsAlive(hwnd, &wnd)) {
+    if (!EndPress(wnd)) {
         return 0;
     }
     wnd.Invalidate(0);
-    if (!HitTestClient(hwnd, pt)) {
+    if (!HitTestClient(Frame::Handle(wnd), pt)) {
         return 0;
     }
+    DWORD& dwState = Frame::State(wnd);
     dwState |= GWS_HOT;
     if (!(fKeyHolds && (dwState & GWS_KEYDOWN))) {
         Frame::SendClick(wnd);

@@ -15,6 +15,8 @@ LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey);
 LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey);
 // Focus, capture and GWS_PRESSED; false where the control was destroyed meanwhile.
 bool TakePress(GWnd& wnd);
+// Gives the capture up again. False where nothing was pressed, or the control was destroyed meanwhile.
+bool EndPress(GWnd& wnd);
 LRESULT OnButtonDown(GWnd& wnd);
 // fKeyHolds: a held space key keeps the mouse from clicking.
 LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds = true);

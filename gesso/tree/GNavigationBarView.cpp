@@ -1,5 +1,6 @@
 // Painting of a navigation bar, what a point hits, and what the mouse does.
 
+#include <gesso/controls/ButtonInput.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/tree/GNavigationBar.h>
@@ -254,10 +255,9 @@ LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
     if (m_dwState & GWS_NCPRESSED) {
         return OnNcLButtonUp(HTCLIENT, ToScreen(pt));
     }
-    if (!(m_dwState & GWS_PRESSED)) {
+    if (!gesso::EndPress(*this)) {
         return 0;
     }
-    ReleaseCapture();
     Invalidate(0);
     HitTestInfo hit{pt, NO_ROW, NHT_NOWHERE, 0};
     HitTest(&hit);

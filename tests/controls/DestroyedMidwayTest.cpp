@@ -99,7 +99,7 @@ protected:
 };
 
 using Pressable = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton,
-                                 GSeparator, GScrollbar>;
+                                 GSeparator, GScrollbar, GTree, GNavigationBar>;
 TYPED_TEST_SUITE(MouseTest, Pressable);
 
 TYPED_TEST(MouseTest, SubclassMayDestroyTheControlAsItGivesUpTheCapture)
