@@ -4,6 +4,7 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/tree/GNavigationBar.h>
+#include <gesso/tree/ItemHold.h>
 
 #include <algorithm>
 #include <utility>
@@ -240,11 +241,12 @@ bool GNavigationBar::ToggleByClick(UINT row, bool fOnGlyph)
     }
     const bool fSingle = Frame::Style(*this) & GNS_SINGLEEXPAND;
     NavigationBarItem* pOpen = fSingle ? m_aVisible[FirstExpanded()] : nullptr;
+    const gesso::ItemHold hold(m_tree.Store(), pOpen);
     Expand(row);
     if (!Frame::IsAlive(hwnd, this)) {
         return false;
     }
-    if (pOpen && m_tree.Find(pOpen)) {
+    if (pOpen) {
         Collapse(static_cast<void*>(pOpen));
     }
     return Frame::IsAlive(hwnd, this);

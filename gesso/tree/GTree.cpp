@@ -75,8 +75,8 @@ void GTree::ReleaseFont()
 {
     if (m_hFont && !(m_uTreeStyle & GTS_OWNFONT)) {
         DeleteObject(m_hFont);
+        m_hFont = nullptr;
     }
-    m_hFont = nullptr;
 }
 
 void GTree::MakeFont()
@@ -166,7 +166,7 @@ void GTree::MeasureRows()
     std::optional<gesso::SelectScope> font;
     const auto measure = [&](const TreeItem& item) {
         if (!hdc) {
-            hdc.emplace(m_hWnd);
+            hdc.emplace(IsWindow(m_hWnd) ? m_hWnd : nullptr);
             font.emplace(*hdc, m_hFont);
         }
         RECT rc{0, 0, TEXT_ROOM, static_cast<LONG>(m_nItemHeight)};
@@ -257,11 +257,13 @@ LRESULT GTree::OnThemeChanged()
 
 LRESULT GTree::OnPrintClient(HDC hdc, LPARAM lParam)
 {
+    const HWND hwnd = m_hWnd;
     if (lParam & PRF_NONCLIENT) {
-        const gesso::NonClientPrint print(m_hWnd, hdc);
+        const gesso::NonClientPrint print(hwnd, hdc);
         NcDraw(print.Context(), print.WindowRect());
     }
-    return Frame::OnPrintClient(*this, hdc, lParam);
+    // The parent draws the corner between the bars, and may have destroyed the tree.
+    return Frame::IsAlive(hwnd, this) ? Frame::OnPrintClient(*this, hdc, lParam) : 0;
 }
 
 LRESULT GTree::OnEnable(BOOL fEnable)

@@ -6,6 +6,7 @@
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/tree/ItemHold.h>
 #include <gesso/tree/TreeCells.h>
 
 #include <algorithm>
@@ -157,8 +158,9 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
     }
     const HWND hwnd = m_hWnd;
     TreeItem* item = m_aVisible[hit.nItem];
+    const gesso::ItemHold hold(m_tree.Store(), item);
     const LRESULT lAnswer = SendItem(static_cast<UINT>(NM_DBLCLK), hit.nItem, 0, pt.x, pt.y);
-    if (lAnswer == 0 && Frame::IsAlive(hwnd, this) && m_tree.Find(item) == item) {
+    if (lAnswer == 0 && Frame::IsAlive(hwnd, this)) {
         Toggle(m_aVisible[hit.nItem] == item ? hit.nItem : m_aVisible.Find(item));
     }
     return 0;

@@ -11,6 +11,7 @@
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/WindowClass.h>
+#include <gesso/tree/ItemHold.h>
 #include <gesso/tree/NameSort.h>
 #include <gesso/tree/TreeRules.h>
 
@@ -374,9 +375,12 @@ void Control::Collapse(UINT row)
 bool Control::AskExpansion(UINT* pRow, UINT uAction)
 {
     const HWND hwnd = m_hWnd;
+    // Not necessarily this object: a copy may be expanded too, and a tree that has no window any more.
+    const GWnd* pAttached = gesso::Frame::ObjectOf<GWnd>(hwnd);
     Item* item = m_aVisible[*pRow];
+    const gesso::ItemHold hold(m_tree.Store(), item);
     SendItem(TVN_ITEMEXPANDINGW, *pRow, uAction, -1, 0);
-    if ((hwnd && !gesso::Frame::IsAlive(hwnd, this)) || m_tree.Find(item) != item) {
+    if (!gesso::Frame::IsAlive(hwnd, pAttached)) {
         return false;
     }
     if (m_aVisible[*pRow] != item) {

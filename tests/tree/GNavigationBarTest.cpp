@@ -272,6 +272,21 @@ TEST_F(GNavigationBarTest, SingleExpansionCollapsesTheFirstOtherRowAfterwards)
     EXPECT_EQ(host.Take().back().code, EXPANDED);
 }
 
+TEST_F(GNavigationBarTest, AnItemPutInPlaceOfTheExpandingOneStaysClosed)
+{
+    MakeBar();
+    void* made = nullptr;
+    host.onNotify = [&](const TreeNotified& n) {
+        tree.RemoveItem(n.record.pItem);
+        made = tree.Add(m_root, "new", NBIS_HASCHILDREN, tree.GetItemNextChild(m_root, nullptr));
+    };
+    tree.Expand(m_mail);
+    EXPECT_EQ(tree.Rows(), "Folders new - _ news zoo");
+    EXPECT_EQ(tree.GetItemState(made), NBIS_HASCHILDREN);
+    EXPECT_EQ(host.Take().size(), 1u);
+    EXPECT_FALSE(tree.m_tree.Find(m_mail)) << "nothing holds the former one any more";
+}
+
 TEST_F(GNavigationBarTest, TheScrollRangeCountsEveryRowAsAnItem)
 {
     MakeBar();

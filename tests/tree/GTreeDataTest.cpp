@@ -472,4 +472,26 @@ TEST_F(GTreeDataTest, ACopySharesTheItemsAndHasRowsOfItsOwn)
     EXPECT_EQ(tree.Rows(), "a b");
 }
 
+TEST_F(GTreeDataTest, ACopyAndATreeThatHasLostItsWindowExpandToo)
+{
+    void* a = tree.Add(nullptr, "a");
+    tree.Add(a, "a1");
+    Probe<GTree> copy(tree);
+    copy.Expand(a);
+    EXPECT_EQ(copy.Rows(), "a a1");
+    EXPECT_EQ(host.TakeLines().size(), 2u);
+    copy.Collapse(a);
+    EXPECT_EQ(copy.Rows(), "a");
+
+    const HFONT hFont = CreateFontW(-12, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    tree.SetFont(hFont);
+    DestroyWindow(tree);
+    tree.Expand(a);
+    EXPECT_EQ(tree.Rows(), "a a1");
+    Make(WS_HSCROLL);
+    EXPECT_LT(tree.m_siH.nMax, TREE_CX) << "the labels were measured without a window of their own";
+    DestroyWindow(tree);
+    DeleteObject(hFont);
+}
+
 } // namespace

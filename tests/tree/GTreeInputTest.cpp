@@ -1,3 +1,4 @@
+#include "../support/Interception.h"
 #include "TreeFixture.h"
 
 #include <algorithm>
@@ -153,10 +154,11 @@ TEST_F(GTreeInputTest, ADoubleClickTogglesUnlessTheParentObjects)
     host.onNotify = [&](const TreeNotified& n) {
         if (n.code == DOUBLE_CLICKED) {
             tree.RemoveAllItems();
+            tree.Add(tree.Add(nullptr, "new"), "below");
         }
     };
     Mouse(WM_LBUTTONDBLCLK, 60, 5);
-    EXPECT_EQ(tree.Rows(), "");
+    EXPECT_EQ(tree.Rows(), "new") << "what stands in its place is not toggled";
 }
 
 TEST_F(GTreeInputTest, ThePointerHoversAndLeaves)
@@ -503,6 +505,29 @@ TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeInEachNotification)
     Make();
 }
 
+TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeAsItDrawsBehindTheBars)
+{
+    static const WORD creation[] = {0, 0};
+    for (const UINT uMsg : {WM_PRINTCLIENT, WM_NCPAINT}) {
+        const HWND hwnd = CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL,
+                                          0, 0, 60, 50, host, nullptr, nullptr, const_cast<WORD*>(creation));
+        auto* own = static_cast<GTree*>(GWnd::FromHwnd(hwnd)); // goes with its window
+        void* item = own->InsertItem(nullptr, nullptr, L"a label that is wider", 0, 0, nullptr);
+        for (int i = 0; i < 4; ++i) {
+            own->InsertItem(item, nullptr, L"and a row", 0, 0, nullptr);
+        }
+        own->Expand(item);
+        ASSERT_EQ(own->GetStyle() & (WS_HSCROLL | WS_VSCROLL), WS_HSCROLL | WS_VSCROLL);
+        const Interception background(host, WM_ERASEBKGND, [&] { DestroyWindow(hwnd); });
+        const HDC hdc = CreateCompatibleDC(nullptr);
+        SendMessageW(hwnd, uMsg, uMsg == WM_NCPAINT ? 1 : reinterpret_cast<WPARAM>(hdc),
+                     PRF_CLIENT | PRF_NONCLIENT);
+        DeleteDC(hdc);
+        EXPECT_TRUE(background.Happened());
+        EXPECT_FALSE(IsWindow(hwnd));
+    }
+}
+
 TEST_F(GTreeInputTest, FontsAreTheTreesUntilTheHostGivesOne)
 {
     const HFONT own = tree.GetFont();
@@ -521,6 +546,10 @@ TEST_F(GTreeInputTest, FontsAreTheTreesUntilTheHostGivesOne)
     EXPECT_EQ(tree.GetFont(), hFont);
     DestroyWindow(tree);
     EXPECT_NE(GetObjectType(hFont), 0u) << "the host's stays";
+    EXPECT_EQ(tree.GetFont(), hFont);
+    Make();
+    EXPECT_EQ(tree.GetFont(), hFont) << "for the next window too";
+    DestroyWindow(tree);
     DeleteObject(hFont);
 }
 

@@ -90,6 +90,7 @@ public:
     using CONTROL::m_pSelected;
     using CONTROL::m_siH;
     using CONTROL::m_siV;
+    using CONTROL::m_tree;
     using HitTestInfo = typename CONTROL::HitTestInfo;
 
     void* Add(void* parent, const std::string& name, UINT state = 0, void* after = nullptr)
