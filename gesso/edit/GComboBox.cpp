@@ -81,7 +81,9 @@ GComboBox& GComboBox::operator=(const GComboBox& other)
 
 GComboBox::~GComboBox()
 {
-    m_pList.Reset();
+    if (m_fOwnsItems && IsDropped()) {
+        m_pList->Close();
+    }
     ReleaseItems();
 }
 
@@ -192,13 +194,19 @@ int GComboBox::GetText(LPWSTR pszBuffer, int* pnLength) const
 // --- Items
 // --------------------------------------------------------------------------------------------------------
 
-void GComboBox::ReleaseItems()
+// A copy leaves the items to the control that it was made from.
+void GComboBox::Release(ComboItem* pItem) const
 {
     if (m_fOwnsItems) {
-        for (ComboItem* pItem : m_aItems) {
-            gesso::FreeText(pItem->pszText);
-            delete pItem;
-        }
+        gesso::FreeText(pItem->pszText);
+        delete pItem;
+    }
+}
+
+void GComboBox::ReleaseItems()
+{
+    for (ComboItem* pItem : m_aItems) {
+        Release(pItem);
     }
     m_aItems.RemoveAll();
 }
@@ -231,8 +239,7 @@ UINT GComboBox::RemoveItem(UINT nIndex)
         return NONE;
     }
     m_aItems.RemoveAt(nIndex, 1);
-    gesso::FreeText(pItem->pszText);
-    delete pItem;
+    Release(pItem);
     return m_aItems.GetLength();
 }
 

@@ -197,6 +197,7 @@ private:
 
     bool m_fOwnsItems = true;
 
+    void Release(ComboItem* pItem) const;
     void ReleaseItems();
     ComboItem* ItemAt(UINT nIndex) const;
     // The same for an operation that is given an index by a host.

@@ -1,0 +1,333 @@
+// The combo box's text field under mouse and keys, its caret, and what is drawn.
+
+#include "ComboFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace desk = gesso::headless;
+using test::Lines;
+using test::Reports;
+using test::TextOf;
+
+const std::string CHANGE = "click 5 code 768";
+
+constexpr int CHAR = 6;  // a character's width
+constexpr int LINE = 15; // a line's height
+
+class ComboFieldTest : public test::ComboFixture
+{
+protected:
+    // With the focus and a text, the caret at its end.
+    void MakeField(LPCWSTR pszText)
+    {
+        Make(GCBS_DROPDOWN);
+        SetFocus(Combo());
+        Combo().SetText(pszText);
+        TheHost().TakeReports();
+    }
+    std::string Ends()
+    {
+        return std::to_string(Combo().AnchorIndex()) + "-" + std::to_string(Combo().CaretIndex());
+    }
+    // What is filled, less the parent's background.
+    Lines Selections()
+    {
+        Lines lines = Draw(Combo(), "FillRect");
+        std::erase_if(lines,
+                      [](const std::string& line) { return line.find("ADD6FF") == std::string::npos; });
+        return lines;
+    }
+    Lines Frames()
+    {
+        Lines lines = Draw(Combo(), "DrawThemeBackground COMBOBOX");
+        for (std::string& line : lines) {
+            line = line.substr(std::string("DrawThemeBackground COMBOBOX ").size());
+        }
+        return lines;
+    }
+};
+
+TEST_F(ComboFieldTest, TheCaretStandsInTheFieldWhileItHasTheFocus)
+{
+    desk::SetThemeInt("COMBOBOX", 0, 0, TMT_BORDERSIZE, 2);
+    desk::SetThemeMargins("COMBOBOX", CP_READONLY, 0, TMT_CONTENTMARGINS, {3, 0, 4, 0});
+    Make(GCBS_DROPDOWN);
+    Combo().SetText(L"abcd");
+    EXPECT_FALSE(desk::Caret().hwnd);
+    SetFocus(Combo());
+    ASSERT_EQ(desk::Caret().hwnd, Combo().GetHwnd());
+    EXPECT_TRUE(desk::Caret().visible);
+    EXPECT_EQ(desk::Caret().size.cy, LINE);
+    EXPECT_EQ(desk::Caret().position.x, 2 + 3 + 4 * CHAR);
+    EXPECT_EQ(desk::Caret().position.y, 2 + 4);
+    Type(VK_HOME);
+    EXPECT_EQ(desk::Caret().position.x, 2 + 3);
+    SetFocus(Parent());
+    EXPECT_FALSE(desk::Caret().hwnd);
+    for (const DWORD dwStyle : {GCBS_PLAIN, GCBS_DROPDOWNLIST}) {
+        Combo().SetStyle(WS_CHILD | WS_VISIBLE | dwStyle);
+        SetFocus(Combo());
+        EXPECT_FALSE(desk::Caret().hwnd) << dwStyle;
+        SetFocus(Parent());
+    }
+}
+
+TEST_F(ComboFieldTest, AnotherControlsCaretStaysWhereItIs)
+{
+    Make(GCBS_DROPDOWN);
+    CreateCaret(Parent(), nullptr, 1, 10);
+    SetCaretPos(77, 33);
+    Combo().SetText(L"text");
+    EXPECT_EQ(desk::Caret().position.x, 77);
+}
+
+TEST_F(ComboFieldTest, KeysMoveTheCaretAndShiftExtendsTheSelection)
+{
+    MakeField(L"abcd");
+    const struct
+    {
+        UINT uKey;
+        bool fShift;
+        const char* pszEnds;
+    } rows[] = {{VK_LEFT, false, "3-3"}, {VK_LEFT, true, "3-2"},   {VK_HOME, true, "3-0"},
+                {VK_LEFT, false, "0-0"}, {VK_RIGHT, false, "1-1"}, {VK_END, true, "1-4"},
+                {VK_RIGHT, true, "1-4"}, {VK_RIGHT, false, "4-4"}, {VK_HOME, false, "0-0"},
+                {VK_RIGHT, true, "0-1"}};
+    for (const auto& row : rows) {
+        if (row.fShift) {
+            Type(row.uKey, {VK_SHIFT});
+        } else {
+            Type(row.uKey);
+        }
+        EXPECT_EQ(Ends(), row.pszEnds) << &row - rows;
+    }
+    Type('A', {VK_CONTROL});
+    EXPECT_EQ(Ends(), "0-4");
+    EXPECT_EQ(TheHost().TakeReports(), Reports{}) << "no text has changed";
+}
+
+TEST_F(ComboFieldTest, ThePointerPutsTheCaretAndDragsASelection)
+{
+    MakeField(L"abcdef");
+    ClickAt(Combo(), 2 * CHAR - 2, 10); // three pixels further starts the next character
+    desk::Pump();
+    EXPECT_EQ(Ends(), "2-2");
+    ClickAt(Combo(), 2 * CHAR - 3, 10);
+    desk::Pump();
+    EXPECT_EQ(Ends(), "1-1");
+    MoveTo(Combo(), 13, 10);
+    desk::PressButton();
+    MoveTo(Combo(), 32, 10);
+    desk::Pump();
+    EXPECT_EQ(Ends(), "2-5");
+    MoveTo(Combo(), 500, -90);
+    desk::Pump();
+    EXPECT_EQ(Ends(), "2-6") << "the press holds the pointer";
+    MoveTo(Combo(), -50, 10);
+    desk::ReleaseButton();
+    desk::Pump();
+    EXPECT_EQ(Ends(), "2-0");
+    EXPECT_FALSE(GetCapture());
+    desk::PressKey(VK_SHIFT);
+    ClickAt(Combo(), 25, 10);
+    desk::Pump();
+    desk::ReleaseKey(VK_SHIFT);
+    EXPECT_EQ(Ends(), "2-4");
+    const POINT pt = OnScreen(Combo(), 20, 10);
+    desk::DoubleClick(pt.x, pt.y);
+    desk::Pump();
+    EXPECT_EQ(Ends(), "0-6");
+    EXPECT_EQ(TheHost().TakeReports(), Reports{});
+}
+
+TEST_F(ComboFieldTest, TextGoesByTheClipboard)
+{
+    MakeField(L"abcd");
+    desk::SetClipboardText("old");
+    Type('C', {VK_CONTROL});
+    Type('X', {VK_CONTROL});
+    EXPECT_EQ(desk::ClipboardText(), "old") << "nothing is selected";
+    SendMessageW(Combo(), CB_SETEDITSEL, 0, MAKELPARAM(3, 1));
+    Type('C', {VK_CONTROL});
+    EXPECT_EQ(desk::ClipboardText(), "bc");
+    EXPECT_EQ(TheHost().TakeReports(), Reports{});
+    Type('X', {VK_CONTROL});
+    EXPECT_EQ(TextOf(Combo()), "ad");
+    EXPECT_EQ(Ends(), "1-1");
+    desk::SetClipboardText("1\r\n2\n3\r4");
+    Type('V', {VK_CONTROL});
+    EXPECT_EQ(TextOf(Combo()), "a1 2 34d");
+    EXPECT_EQ(Ends(), "7-7");
+    EXPECT_EQ(TheHost().TakeReports(), (Reports{CHANGE, CHANGE}));
+    Type('A', {VK_CONTROL});
+    desk::SetClipboardText("\xF0\x9F\x98\x80");
+    Type('V', {VK_CONTROL});
+    EXPECT_EQ(TextOf(Combo()), "\xF0\x9F\x98\x80");
+    desk::SetClipboardText("");
+}
+
+TEST_F(ComboFieldTest, AClipboardThatCannotBeHadChangesNothing)
+{
+    MakeField(L"abcd");
+    desk::SetClipboardText("old");
+    Type('A', {VK_CONTROL});
+    for (const char* pszOperation : {"OpenClipboard", "GetClipboardData", "GlobalLock"}) {
+        desk::Fail(pszOperation);
+        Type('V', {VK_CONTROL});
+        EXPECT_EQ(TextOf(Combo()), "abcd") << pszOperation;
+        desk::ClearFaults();
+    }
+    for (const char* pszOperation : {"OpenClipboard", "GlobalAlloc", "GlobalLock", "SetClipboardData"}) {
+        desk::Fail(pszOperation);
+        Type('X', {VK_CONTROL});
+        EXPECT_EQ(TextOf(Combo()), "abcd") << pszOperation;
+        desk::ClearFaults();
+    }
+    desk::SetClipboardText("");
+    Type('V', {VK_CONTROL});
+    EXPECT_EQ(TextOf(Combo()), "abcd") << "there is no text";
+    EXPECT_EQ(TheHost().TakeReports(), Reports{});
+}
+
+TEST_F(ComboFieldTest, CtrlSwallowsCharactersAndTabLeaves)
+{
+    MakeField(L"a");
+    desk::PressKey(VK_CONTROL);
+    desk::Pump();
+    SendMessageW(Combo(), WM_CHAR, 'x', 1);
+    desk::ReleaseKey(VK_CONTROL);
+    desk::Pump();
+    EXPECT_EQ(TextOf(Combo()), "a");
+    desk::StartTrace(Parent());
+    Type(VK_TAB);
+    Type(VK_TAB, {VK_SHIFT});
+    std::vector<bool> backwards;
+    for (const desk::Message& message : desk::StopTrace()) {
+        if (message.message == WM_NEXTDLGCTL) {
+            EXPECT_EQ(message.lParam, 0);
+            backwards.push_back(message.wParam != 0);
+        }
+    }
+    EXPECT_EQ(backwards, (std::vector<bool>{false, true}));
+}
+
+TEST_F(ComboFieldTest, TheIBeamShowsOverTheTextAlone)
+{
+    MakeField(L"a");
+    const auto cursorAt = [&](int x) {
+        MoveTo(Combo(), x, 10);
+        desk::Pump();
+        return GetCursor();
+    };
+    EXPECT_EQ(cursorAt(20), GComboBox::s_hIbeam);
+    EXPECT_NE(cursorAt(test::COMBO_CX - 5), GComboBox::s_hIbeam);
+    Combo().SetStyle(WS_CHILD | WS_VISIBLE | GCBS_PLAIN);
+    EXPECT_NE(cursorAt(30), GComboBox::s_hIbeam);
+}
+
+TEST_F(ComboFieldTest, EachKindHasItsParts)
+{
+    const std::string all = "(0,0,120,24)", right = "(103,0,120,24)", left = "(0,0,17,24)";
+    const struct
+    {
+        DWORD dwStyle;
+        DWORD dwExStyle;
+        Lines lines;
+    } rows[] = {
+        {0, 0, {}},
+        {GCBS_PLAIN, 0, {"4 1 " + all}},
+        {GCBS_DROPDOWN, 0, {"4 1 " + all, "6 1 " + right}},
+        {GCBS_DROPDOWN, WS_EX_LEFTSCROLLBAR, {"4 1 " + all, "7 1 " + left}},
+        {GCBS_DROPDOWNLIST, 0, {"5 1 " + all, "6 1 " + right}},
+        {GCBS_DROPDOWN | WS_DISABLED, 0, {"4 4 " + all, "6 4 " + right}},
+        {GCBS_DROPDOWNLIST | WS_DISABLED, 0, {"5 4 " + all, "6 1 " + right}},
+    };
+    for (const auto& row : rows) {
+        Make(row.dwStyle, 0, row.dwExStyle);
+        EXPECT_EQ(Frames(), row.lines) << &row - rows;
+        Combo().Destroy();
+    }
+}
+
+TEST_F(ComboFieldTest, ThePointerAndThePressShowInTheParts)
+{
+    const auto states = [&] {
+        std::string result;
+        for (const std::string& line : Frames()) {
+            result += line.substr(2, 1);
+        }
+        return result;
+    };
+    Make(GCBS_DROPDOWN);
+    MoveTo(Combo(), 10, 10);
+    EXPECT_EQ(states(), "21") << "over the text";
+    MoveTo(Combo(), 110, 10);
+    EXPECT_EQ(states(), "22") << "over the button";
+    desk::MoveMouse(0, 0);
+    EXPECT_EQ(states(), "11");
+    std::string open;
+    WithList({[&] { open = states(); }, [] { desk::TypeKey(VK_ESCAPE); }});
+    EXPECT_EQ(open, "33");
+    MoveTo(Combo(), 10, 10);
+    desk::PressButton();
+    EXPECT_EQ(states(), "33");
+    desk::ReleaseButton();
+    EXPECT_EQ(states(), "21");
+    Combo().SetState(GWS_KEYDOWN);
+    EXPECT_EQ(states(), "33");
+}
+
+TEST_F(ComboFieldTest, TheSelectionIsFilledAndTheTextDrawnInThreePieces)
+{
+    MakeField(L"abcdef");
+    EXPECT_EQ(Draw(Combo(), "DrawTextW").size(), 1u);
+    SendMessageW(Combo(), CB_SETEDITSEL, 0, MAKELPARAM(2, 4));
+    desk::Pump();
+    const Lines text = Draw(Combo(), "DrawTextW");
+    ASSERT_EQ(text.size(), 3u);
+    EXPECT_TRUE(text[0].starts_with("DrawTextW \"ab\" (1,1,102,23) 0x0820")) << text[0];
+    EXPECT_TRUE(text[1].starts_with("DrawTextW \"cd\" (13,1,102,23) 0x0820")) << text[1];
+    EXPECT_TRUE(text[2].starts_with("DrawTextW \"ef\" (25,1,102,23) 0x0820")) << text[2];
+    EXPECT_NE(text[1].find("color=000000"), std::string::npos) << text[1];
+    EXPECT_EQ(Selections(), Lines{"FillRect (13,1,25,16) brush=ADD6FF"});
+    SetFocus(Parent());
+    EXPECT_EQ(Selections(), Lines{}) << "without the focus there is none";
+    // Text wider than the field ends at the button.
+    Combo().SetText(L"a text that is wider than its field has room for");
+    SetFocus(Combo());
+    EXPECT_EQ(Selections(), Lines{"FillRect (1,1,102,16) brush=ADD6FF"});
+}
+
+TEST_F(ComboFieldTest, TheFaceShowsTheSelectedItemAndTheFocus)
+{
+    Make(GCBS_DROPDOWNLIST, 3);
+    EXPECT_EQ(Draw(Combo(), "DrawThemeText"), Lines{});
+    Combo().SetSelected(2);
+    const Lines face = Draw(Combo(), "DrawThemeText");
+    ASSERT_EQ(face.size(), 1u);
+    EXPECT_TRUE(face[0].starts_with("DrawThemeText COMBOBOX 5 1 \"item 2\" (1,1,102,23) 0x100020"))
+        << face[0];
+    SetFocus(Combo());
+    EXPECT_EQ(Draw(Combo(), "DrawFocusRect"), Lines{}) << "hidden until the UI state shows it";
+    SendMessageW(Combo(), WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    EXPECT_EQ(Draw(Combo(), "DrawFocusRect"), Lines{"DrawFocusRect (1,1,102,23)"});
+    Combo().RemoveItem(2);
+    EXPECT_EQ(Draw(Combo(), "DrawThemeText"), Lines{}) << "the selection is past the end";
+}
+
+TEST_F(ComboFieldTest, WithoutAStyleItStaysUsable)
+{
+    desk::SetThemed(false);
+    Make(GCBS_DROPDOWN, 3);
+    Combo().SetSelected(1);
+    EXPECT_EQ(Draw(Combo(), "DrawEdge").size(), 1u);
+    EXPECT_EQ(Draw(Combo(), "DrawFrameControl").size(), 1u);
+    EXPECT_EQ(Draw(Combo(), "DrawTextW \"item 1\"").size(), 1u);
+    size_t nRows = 0;
+    WithList({[&] { nRows = Draw(List(), "DrawTextW \"item").size(); }, [] { desk::TypeKey(VK_ESCAPE); }});
+    EXPECT_EQ(nRows, 3u);
+}
+
+} // namespace
