@@ -47,6 +47,7 @@ void HandleMessages();
 void MeasureButtons(Bench& bench);
 void MeasureCheckBoxes(Bench& bench);
 void MeasureEdits(Bench& bench);
+void MeasureCombos(Bench& bench);
 void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);
