@@ -1,5 +1,7 @@
 #include <bench/Bench.h>
 
+#include <psapi.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -133,6 +135,13 @@ void HandleMessages()
         TranslateMessage(&msg);
         DispatchMessageW(&msg);
     }
+}
+
+long long BytesHeld()
+{
+    PROCESS_MEMORY_COUNTERS counters{};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters));
+    return static_cast<long long>(counters.WorkingSetSize);
 }
 
 } // namespace bench

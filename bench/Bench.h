@@ -42,6 +42,8 @@ private:
 
 // Dispatches what is pending.
 void HandleMessages();
+// What the process holds of memory: the one size that every platform tells.
+long long BytesHeld();
 
 // A family's rows stand in a source file of its own.
 void MeasureButtons(Bench& bench);

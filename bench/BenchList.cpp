@@ -1,7 +1,5 @@
 #include <bench/Bench.h>
 
-#include <psapi.h>
-
 #include <algorithm>
 #include <memory>
 #include <random>
@@ -194,14 +192,6 @@ void Paint(HWND hwnd)
 {
     InvalidateRect(hwnd, nullptr, TRUE);
     UpdateWindow(hwnd);
-}
-
-// Of what the process holds: the one size that every platform tells.
-long long BytesHeld()
-{
-    PROCESS_MEMORY_COUNTERS counters{};
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof(counters));
-    return static_cast<long long>(counters.WorkingSetSize);
 }
 
 template <class FILL> long long BytesPerItem(UINT nRows, const FILL& fill)

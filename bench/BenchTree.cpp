@@ -1,7 +1,5 @@
 #include <bench/Bench.h>
 
-#include <psapi.h>
-
 #include <string>
 #include <vector>
 
@@ -171,19 +169,11 @@ private:
     std::vector<HTREEITEM> m_tops;
 };
 
-long long PrivateBytes()
-{
-    PROCESS_MEMORY_COUNTERS_EX counters{};
-    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                         sizeof(counters));
-    return static_cast<long long>(counters.PrivateUsage);
-}
-
 template <class TREE> long long BytesPerItem(TREE& tree, const Names& names)
 {
-    const long long before = PrivateBytes();
+    const long long before = BytesHeld();
     tree.Fill(names);
-    return (PrivateBytes() - before) / names.Count();
+    return (BytesHeld() - before) / names.Count();
 }
 
 void Repeat(int n, const Work& work)
