@@ -148,8 +148,16 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
     // A message of the timer that was waiting when it was stopped comes all the same.
     GWndScroll* pWindow = s_pScrollingWindow;
-    if (!pWindow || pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit ||
-        gesso::SystemTicks() <= s_ullTimerTime) {
+    if (!pWindow) {
+        return;
+    }
+    // Where another window took the capture, the button is let go unseen: the bar would scroll on without
+    // end.
+    if (GetCapture() != pWindow->m_hWnd) {
+        pWindow->StopTimer();
+        return;
+    }
+    if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || gesso::SystemTicks() <= s_ullTimerTime) {
         return;
     }
     const HWND hwnd = pWindow->m_hWnd;
@@ -204,6 +212,14 @@ LRESULT GWndScroll::OnNcLButtonDblClk(UINT uHit, POINTS ptScreen)
 LRESULT GWndScroll::OnNcMouseMove(UINT, POINTS ptScreen)
 {
     const POINTS pt = BarPoint(ptScreen);
+    // A press that has lost its capture is over.
+    if ((m_dwState & GWS_NCPRESSED) && GetCapture() != m_hWnd) {
+        m_dwState &= ~GWS_NCPRESSED;
+        if (s_pScrollingWindow == this) {
+            StopTimer();
+        }
+        DrawBarOfHit(std::exchange(m_hitDown.wHit, WORD{0}));
+    }
     if (!(m_dwState & (GWS_NCPRESSED | GWS_NCTRACKING))) {
         TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE | TME_NONCLIENT, m_hWnd, 0};
         TrackMouseEvent(&track);
@@ -234,9 +250,9 @@ void GWndScroll::DragThumb(POINTS pt)
     const int nMoved = fVertical ? pt.y - m_hitDown.pt.y : pt.x - m_hitDown.pt.x;
     const int nDelta = MulDiv(nMoved, gesso::RangeOf(si), gesso::ThumbOf(BARS[nBar], nLength, si).nTrack);
     const int nLimit = gesso::RangeOf(si) - static_cast<int>(si.nPage) + 1;
-    const int nPos = nDelta + m_nTrackStart;
+    const int64_t nPos = int64_t{nDelta} + m_nTrackStart;
     SCROLLINFO& siOwn = BarOf(nBar).si;
-    siOwn.nTrackPos = nPos < 0 ? 0 : std::min(nPos, nLimit);
+    siOwn.nTrackPos = nPos < 0 ? 0 : static_cast<int>(std::min<int64_t>(nPos, nLimit));
     SendScroll(BARS[nBar].uMessage, SB_THUMBTRACK, static_cast<WORD>(siOwn.nTrackPos));
 }
 
@@ -244,9 +260,10 @@ LRESULT GWndScroll::OnNcLButtonUp(UINT, POINTS)
 {
     const HWND hwnd = m_hWnd;
     if (m_dwState & GWS_NCPRESSED) {
-        ReleaseCapture();
         m_dwState &= ~GWS_NCPRESSED;
-        if (IsThumb(m_hitDown.wHit)) {
+        // Sends WM_CAPTURECHANGED, in which a host that subclassed the control may destroy it.
+        ReleaseCapture();
+        if (Frame::IsAlive(hwnd, this) && IsThumb(m_hitDown.wHit)) {
             const int nBar = BarOfHit(m_hitDown.wHit);
             SendScroll(BARS[nBar].uMessage, SB_THUMBPOSITION, static_cast<WORD>(BarOf(nBar).si.nTrackPos));
         }

@@ -545,9 +545,7 @@ void GList::SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT i
     sub->state = state;
     sub->image = image;
     StoreText(*sub, subItem, text);
-    if (!bulkInsert) {
-        RefreshLayout();
-    }
+    RefreshLayout();
 }
 
 void GList::StoreText(ListSubItem& sub, UINT column, LPCWSTR text)

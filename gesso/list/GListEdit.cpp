@@ -30,9 +30,14 @@ void GList::BeginEdit(UINT count, HWND* windows)
     }
     editWindows = new HWND[count + 1]{};
     editProcs = new WNDPROC[count + 1]{};
+    UINT taken = 0;
     for (UINT i = 0; windows && i < count && windows[i]; ++i) {
-        editWindows[i] = windows[i];
-        editProcs[i] = SetProc(windows[i], ListEditProc);
+        if (::GetParent(windows[i]) != m_hWnd || EditProcOf(windows[i])) {
+            gesso::Misuse("GList::BeginEdit: a window that is no child of the list, or named twice");
+            continue;
+        }
+        editProcs[taken] = SetProc(windows[i], ListEditProc);
+        editWindows[taken++] = windows[i];
     }
 }
 
@@ -74,6 +79,9 @@ LRESULT CALLBACK GList::ListEditProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM
     if (uMsg == WM_KILLFOCUS) {
         NMHDR header{hwnd, static_cast<UINT_PTR>(GetDlgCtrlID(hwnd)), static_cast<UINT>(NM_KILLFOCUS)};
         SendMessageW(hwndList, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+        if (!IsWindow(hwnd)) {
+            return 0;
+        }
     }
     // The host may have ended the edit in the notification, or begun another, or destroyed any of the two
     // windows.
@@ -81,7 +89,7 @@ LRESULT CALLBACK GList::ListEditProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM
     const WNDPROC pfnSaved = list ? list->EditProcOf(hwnd) : nullptr;
     const WNDPROC pfn = pfnSaved ? pfnSaved : ProcOf(hwnd);
     if (!pfn || pfn == ListEditProc) {
-        return IsWindow(hwnd) ? DefWindowProcW(hwnd, uMsg, wParam, lParam) : 0;
+        return DefWindowProcW(hwnd, uMsg, wParam, lParam);
     }
     return CallWindowProcW(pfn, hwnd, uMsg, wParam, lParam);
 }

@@ -171,13 +171,18 @@ LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
     if (!(m_dwState & GWS_PRESSED)) {
         return 0;
     }
+    const HWND hwnd = m_hWnd;
+    const HitTestInfo press = std::exchange(hitPress, HitTestInfo{});
+    // Sends WM_CAPTURECHANGED, in which a host that subclassed the list may destroy it.
     ReleaseCapture();
+    if (!Frame::IsAlive(hwnd, this)) {
+        return 0;
+    }
     Invalidate(0);
     cursorItem = NONE;
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
-    const HitTestInfo press = std::exchange(hitPress, HitTestInfo{});
     if (hit.item == press.item && hit.subItem == press.subItem) {
         Click(hit, press.part);
     }
@@ -297,6 +302,9 @@ LRESULT GList::OnCaptureChanged(HWND hwndNew)
 {
     if (hwndNew != m_hWnd) {
         m_dwState &= ~(GWS_PRESSED | GWS_LISTDRAG);
+        // Without its press a header cell does not look pressed, nor the pointer like sizing.
+        hitPress = HitTestInfo{};
+        Invalidate(0);
     }
     return 0;
 }

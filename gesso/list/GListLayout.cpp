@@ -122,9 +122,12 @@ void GList::Calculate()
     Invalidate(1);
 }
 
-// Calculate, of a change that moves no row.
+// Calculate, of a change that moves no row. A bulk fill lays out at its end.
 void GList::RefreshLayout()
 {
+    if (bulkInsert) {
+        return;
+    }
     if (!m_fLayoutCurrent || !m_fStacked) {
         Calculate();
         return;
@@ -289,6 +292,10 @@ UINT GList::FirstRowReaching(int64_t y) const
 
 void GList::GetItemRect(RECT* rc, UINT item, UINT subItem) const
 {
+    if (!rc) {
+        gesso::Misuse("GList::GetItemRect: no rectangle");
+        return;
+    }
     const UINT row = RowOf(item);
     *rc = {};
     if (row >= elements.GetLength() || subItem >= columnDraw.GetLength()) {

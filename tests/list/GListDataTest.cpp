@@ -135,6 +135,7 @@ TEST_F(GListDataTest, CallsThatNameNothingAreAnsweredSafely)
     RECT rc{1, 1, 1, 1};
     list.GetItemRect(&rc, 9, 0);
     EXPECT_TRUE(IsRectEmpty(&rc));
+    list.GetItemRect(nullptr, 0, 0);
     list.EndEdit();
     gesso::SetMisuseStops(true);
     list.SetSelected(9, 1);
@@ -151,6 +152,8 @@ TEST_F(GListDataTest, ABulkFillPreparesAndLaysOutAtItsEnd)
     AddItems(3);
     list.SetItemText(1, 0, L"changed");
     list.SetSubItem(2, 1, 0, nullptr, 0);
+    list.SetItemState(0, 1, 4, 4);
+    list.SetItemImage(0, 1, 2);
     EXPECT_EQ(list.elements.GetLength(), 0u);
     EXPECT_FALSE(list.items[0]->SubItem(1)->prepared);
     list.BulkInsertOff();

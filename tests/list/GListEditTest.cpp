@@ -88,6 +88,40 @@ TEST_F(GListEditTest, BothWindowsMayGoInTheNotification)
     EXPECT_FALSE(IsWindow(edits[0]));
 }
 
+TEST_F(GListEditTest, AWindowThatWentInTheNotificationGetsNoMoreMessages)
+{
+    static int s_late;
+    static WNDPROC s_pfnOwn;
+    s_late = 0;
+    constexpr WNDPROC COUNT = [](HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        s_late += IsWindow(hwnd) ? 0 : 1;
+        return CallWindowProcW(s_pfnOwn, hwnd, uMsg, wParam, lParam);
+    };
+    s_pfnOwn = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(edits[0], GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(COUNT)));
+    list.BeginEdit(1, edits);
+    SetFocus(edits[0]);
+    host.onNotify = [&](const Notified&) { DestroyWindow(edits[0]); };
+    SetFocus(host);
+    EXPECT_FALSE(IsWindow(edits[0]));
+    EXPECT_EQ(s_late, 0);
+    list.EndEdit();
+}
+
+TEST_F(GListEditTest, WindowsThatCannotBeEditedInAreLeftAlone)
+{
+    const LONG_PTR own = ProcOf(edits[0]);
+    HWND windows[] = {host, edits[0], edits[0], edits[1]};
+    gesso::SetMisuseStops(false);
+    list.BeginEdit(4, windows);
+    gesso::SetMisuseStops(true);
+    EXPECT_EQ(list.editWindows[0], edits[0]);
+    EXPECT_EQ(list.editWindows[1], edits[1]);
+    EXPECT_EQ(list.editWindows[2], nullptr);
+    list.EndEdit();
+    EXPECT_EQ(ProcOf(edits[0]), own) << "a window named twice gets its own procedure back";
+}
+
 TEST_F(GListEditTest, ASecondEditEndsTheFirst)
 {
     const LONG_PTR own = ProcOf(edits[0]);

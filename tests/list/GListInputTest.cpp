@@ -1,3 +1,4 @@
+#include "../support/Interception.h"
 #include "ListFixture.h"
 
 #include <memory>
@@ -291,6 +292,27 @@ TEST_F(GListInputTest, ADragBeginsOnceThePointerHasLeftItsPlaceBothWays)
     EXPECT_EQ(host.TakeCodes(), std::vector<int>{}) << "once";
     Mouse(WM_LBUTTONUP, 5, MiddleOf(0));
     EXPECT_FALSE(list.m_dwState & GWS_LISTDRAG);
+}
+
+TEST_F(GListInputTest, APressThatLosesItsCaptureIsOver)
+{
+    Mouse(WM_LBUTTONDOWN, 100, 5);
+    ASSERT_EQ(list.hitPress.part, LHP_DIVIDER);
+    SetCapture(host);
+    ReleaseCapture();
+    Mouse(WM_MOUSEMOVE, 5, MiddleOf(0));
+    EXPECT_NE(list.hitPress.part, LHP_DIVIDER) << "the pointer would look like sizing everywhere";
+    EXPECT_NE(list.hitPress.item, LHI_HEADER) << "the header would go on looking pressed";
+}
+
+TEST_F(GListInputTest, TheListMayGoWithItsCapture)
+{
+    list.cursorItem = 3;
+    Mouse(WM_LBUTTONDOWN, 5, LIST_CY - 5);
+    test::Interception loss(list, WM_CAPTURECHANGED, [&] { DestroyWindow(list); });
+    Mouse(WM_LBUTTONUP, 5, LIST_CY - 5);
+    EXPECT_TRUE(loss.Happened());
+    EXPECT_EQ(list.cursorItem, 3u) << "the list was touched after its end";
 }
 
 TEST_F(GListInputTest, TheFirstFocusSelectsTheFirstItem)

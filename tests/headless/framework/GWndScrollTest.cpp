@@ -236,6 +236,49 @@ TEST_F(GWndScrollTest, IdleArrowsLookDisabledAndComeUpUnderThePointer)
     EXPECT_EQ(arrows(), "4 8 ");
 }
 
+// As when a message box comes up: the button is let go where the control does not see it.
+TEST_F(GWndScrollTest, PressThatLosesItsCaptureScrollsNoMore)
+{
+    MakeVertical();
+    const auto loseCapture = [this] {
+        SetCapture(Parent());
+        Release();
+        ReleaseCapture();
+    };
+    MoveTo(CX - 5, CY - 5);
+    Press();
+    probe.TakeScrolls();
+    loseCapture();
+    desk::Advance(2000);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{});
+    EXPECT_FALSE(ScrollProbe::Repeats());
+
+    MoveTo(CX - 5, BAR + 5);
+    Press();
+    loseCapture();
+    MoveTo(CX - 5, BAR + 40);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{}) << "the thumb is not dragged on";
+    Press();
+    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 3"}) << "and the next press is one of its own";
+    Release();
+}
+
+TEST_F(GWndScrollTest, ThumbOfAHugeRangeStopsAtTheEnd)
+{
+    MakeVertical();
+    const SCROLLINFO si{
+        sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, 2'000'000'000, 10, 1'500'000'000, 0};
+    probe.GWndScroll::SetScrollInfo(SB_VERT, &si, FALSE);
+    MoveTo(CX - 5, BAR + 80);
+    Press();
+    MoveTo(CX - 5, BAR + 170);
+    SCROLLINFO siNow{};
+    siNow.cbSize = sizeof(siNow);
+    probe.GetScrollInfo(SB_VERT, &siNow);
+    EXPECT_EQ(siNow.nTrackPos, 1'999'999'991);
+    Release();
+}
+
 TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
 {
     MakeVertical();
@@ -275,6 +318,22 @@ TEST_F(GWndScrollTest, ControlDestroyedByWhoLosesTheCaptureToItIsNotTouchedAgain
     EXPECT_TRUE(loss.Happened());
     EXPECT_FALSE(ScrollProbe::Repeats());
     EXPECT_TRUE(probe.TakeScrolls().empty());
+}
+
+TEST_F(GWndScrollTest, ControlDeletedWithItsCaptureIsNotTouchedAgain)
+{
+    auto pProbe = std::make_unique<ScrollProbe>();
+    const HWND hwnd = pProbe->Create(Parent(), WS_VSCROLL);
+    pProbe->ShowRange(SB_VERT);
+    desk::Pump();
+    MoveTo(CX - 5, BAR + 5);
+    Press();
+    test::Interception loss(hwnd, WM_CAPTURECHANGED, [&] {
+        DestroyWindow(hwnd);
+        pProbe.reset();
+    });
+    Release(); // the sanitizers would tell
+    EXPECT_TRUE(loss.Happened());
 }
 
 TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)
