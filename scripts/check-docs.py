@@ -24,7 +24,7 @@ from concurrent.futures import ThreadPoolExecutor
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BLOCK = re.compile(r"(?:<!-- given:(?P<given>(?:(?!-->).)*)-->\n+)?```(?P<language>cpp|rc)\n(?P<code>.*?)```", re.S)
 LINK = re.compile(r"\]\((?!\w+:)([^)#]+)")
-WHOLE_FILE = re.compile(r"^(#include|class |struct |int main|int WINAPI|LRESULT |TEST)", re.M)
+WHOLE_FILE = re.compile(r"^(#include|class |struct |[A-Za-z][^;\n]*\)\n\{)", re.M)
 CASES = re.compile(r"\s*(//[^\n]*\n)*case ")
 PROCEDURE = """LRESULT CALLBACK Procedure(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
