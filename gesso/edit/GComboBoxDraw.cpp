@@ -104,8 +104,9 @@ void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
 void GComboBox::Draw(HDC hdc)
 {
     RECT rcClient{};
-    GetClientRect(m_hWnd, &rcClient);
-    DrawThemeParentBackground(m_hWnd, hdc, &rcClient);
+    if (!Frame::DrawParentBackground(*this, hdc, &rcClient)) {
+        return;
+    }
     const gesso::TransparentScope mode(hdc);
     const gesso::SelectScope font(hdc, m_hFont);
     const Look look = LookNow();

@@ -101,8 +101,13 @@ void GComboBox::ShowDropDown()
     if (!RunList()) {
         return;
     }
+    const HWND hwnd = m_hWnd;
     Invalidate(0);
+    // The program may have given the capture to a window of its own, which is told now.
     ReleaseCapture();
+    if (!Frame::IsAlive(hwnd, this)) {
+        return;
+    }
     ShowCursor();
     m_dwState &= ~GWS_PRESSED;
     Update(false);

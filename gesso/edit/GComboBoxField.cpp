@@ -186,7 +186,12 @@ LRESULT GComboBox::OnLButtonDown(WPARAM wKeys, POINTS pt)
 
 void GComboBox::PressText(bool fExtend)
 {
-    SetCapture(m_hWnd);
+    const HWND hwnd = m_hWnd;
+    // Tells the window that had the capture.
+    SetCapture(hwnd);
+    if (!Frame::IsAlive(hwnd, this)) {
+        return;
+    }
     m_dwState |= GWS_PRESSED;
     SetCaret(m_hitDown.nChar, fExtend ? m_nAnchor : m_hitDown.nChar);
     UpdateCursorPos();
@@ -195,9 +200,12 @@ void GComboBox::PressText(bool fExtend)
 LRESULT GComboBox::OnLButtonUp(WPARAM, POINTS)
 {
     if (m_dwState & GWS_PRESSED) {
+        const HWND hwnd = m_hWnd;
         ReleaseCapture();
-        Invalidate(0);
-        m_hitDown = {{}, OUTSIDE, 0};
+        if (Frame::IsAlive(hwnd, this)) {
+            Invalidate(0);
+            m_hitDown = {{}, OUTSIDE, 0};
+        }
     }
     return 0;
 }

@@ -219,8 +219,9 @@ bool GComboBoxList::IsRow(UINT nItem) const
 void GComboBoxList::Draw(HDC hdc)
 {
     RECT rcClient{};
-    GetClientRect(m_hWnd, &rcClient);
-    DrawThemeParentBackground(m_hWnd, hdc, &rcClient);
+    if (!Frame::DrawParentBackground(*this, hdc, &rcClient)) {
+        return;
+    }
     RECT rcPanel = rcClient;
     InflateRect(&rcPanel, PANEL_OVERLAP, PANEL_OVERLAP);
     m_hListTheme.DrawBackground(hdc, rcPanel);

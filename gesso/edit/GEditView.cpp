@@ -113,9 +113,14 @@ LRESULT GEdit::OnNcPaint(WPARAM wRegion)
 
 LRESULT GEdit::OnPrintClient(HDC hdc, LPARAM lParam)
 {
+    const HWND hwnd = m_hWnd;
     if (lParam & PRF_NONCLIENT) {
-        const gesso::NonClientPrint print(m_hWnd, hdc);
+        const gesso::NonClientPrint print(hwnd, hdc);
+        // The parent draws the corner between two bars.
         NcDraw(print.Context(), print.WindowRect());
+    }
+    if (!Frame::IsAlive(hwnd, this)) {
+        return 0;
     }
     return Frame::OnPrintClient(*this, hdc, lParam);
 }

@@ -20,6 +20,10 @@ template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
 {
     if constexpr (requires { control.SetNote(nullptr); }) {
         return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", L"Note", 0, CHILD);
+    } else if constexpr (requires { control.SetSel(0, 0); }) {
+        return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", CHILD, 0);
+    } else if constexpr (requires { control.GetDropdownHeight(); }) {
+        return control.Create(10, 10, 100, 30, hwndParent, 33, CHILD | GCBS_DROPDOWN, 0);
     } else if constexpr (requires { control.SetText(nullptr); }) {
         return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", 0, CHILD);
     } else if constexpr (requires { control.SetListStyle(GLS_DETAILS); }) {
@@ -61,8 +65,8 @@ protected:
     }
 };
 
-using Transparent =
-    testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar, GList>;
+using Transparent = testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar,
+                                   GList, GEdit, GComboBox>;
 TYPED_TEST_SUITE(ParentBackgroundTest, Transparent);
 
 TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaints)
@@ -78,6 +82,24 @@ TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPrints)
     const HDC hdc = CreateCompatibleDC(nullptr);
     this->ExpectSurvival(
         [&](HWND hwnd) { SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT); });
+    DeleteDC(hdc);
+}
+
+TEST(CornerBackgroundTest, ParentMayDestroyTheFieldWhileItsFrameIsPrinted)
+{
+    InitControls();
+    Host host;
+    auto* pEdit = new GEdit;
+    const HWND hwnd =
+        pEdit->Create(10, 10, 100, 60, host, 33, L"Text", CHILD | WS_HSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
+    const SCROLLINFO si{sizeof(si), SIF_RANGE | SIF_PAGE, 0, 100, 10, 0, 0};
+    pEdit->SetScrollInfo(SB_HORZ, &si, FALSE);
+    pEdit->SetScrollInfo(SB_VERT, &si, FALSE);
+    const Interception background(host, WM_ERASEBKGND, [&] { Destroy(pEdit, true); });
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_NONCLIENT | PRF_CLIENT);
+    EXPECT_TRUE(background.Happened());
+    EXPECT_FALSE(IsWindow(hwnd));
     DeleteDC(hdc);
 }
 
@@ -99,7 +121,7 @@ protected:
 };
 
 using Pressable = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton,
-                                 GSeparator, GScrollbar, GTree, GNavigationBar>;
+                                 GSeparator, GScrollbar, GTree, GNavigationBar, GEdit, GComboBox>;
 TYPED_TEST_SUITE(MouseTest, Pressable);
 
 TYPED_TEST(MouseTest, SubclassMayDestroyTheControlAsItGivesUpTheCapture)

@@ -1,5 +1,6 @@
 // The open list: where it stands, how it is used and closed, and what the program may do meanwhile.
 
+#include "../../support/Interception.h"
 #include "ComboFixture.h"
 
 #include <gtest/gtest.h>
@@ -417,6 +418,38 @@ TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
     EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd());
     SetFocus(Parent());
     EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd()) << "losing the focus takes it from the field only";
+}
+
+TEST_F(ComboListTest, TheParentMayDestroyTheControlWhileTheListPaints)
+{
+    const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
+    bool fPainted = false;
+    WithList({[&] {
+        const test::Interception background(Parent(), WM_ERASEBKGND, [&] {
+            DestroyWindow(hwnd);
+            pCombo.reset();
+        });
+        RedrawWindow(List(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        fPainted = background.Happened();
+    }});
+    EXPECT_TRUE(fPainted);
+    EXPECT_FALSE(List());
+    EXPECT_FALSE(GetCapture());
+}
+
+TEST_F(ComboListTest, AWindowThatHadTheCaptureMayDestroyTheControlAsTheListCloses)
+{
+    const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
+    const test::Interception loss(Parent(), WM_CAPTURECHANGED, [&] {
+        DestroyWindow(hwnd);
+        pCombo.reset();
+    });
+    WithList({[&] {
+        SetCapture(Parent());
+        TypeEscape();
+    }});
+    EXPECT_TRUE(loss.Happened());
+    EXPECT_FALSE(IsWindow(hwnd));
 }
 
 } // namespace
