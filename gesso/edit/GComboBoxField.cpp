@@ -94,7 +94,8 @@ void GComboBox::HideCursor()
 // is not taken into account either; hosts know it so.
 void GComboBox::UpdateCursorPos()
 {
-    if (!m_bCaret) {
+    const HWND hwndFocus = GetFocus();
+    if (!m_bCaret || (hwndFocus && hwndFocus != m_hWnd)) {
         return; // the caret that there is may be another control's
     }
     const gesso::WindowContext hdc(m_hWnd);

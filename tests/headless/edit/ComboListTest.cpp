@@ -420,6 +420,21 @@ TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
     EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd()) << "losing the focus takes it from the field only";
 }
 
+TEST_F(ComboListTest, ACaretThatStayedDoesNotMoveTheOneOfAnotherControl)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    WithList({TypeEscape});
+    GEdit edit;
+    edit.Create(0, 100, 100, 30, Parent(), 6, L"", WS_CHILD | WS_VISIBLE, 0);
+    SetFocus(edit);
+    const POINT ptFormer = desk::Caret().position;
+    Combo().SetText(L"set by the program");
+    EXPECT_EQ(desk::Caret().hwnd, edit.GetHwnd());
+    EXPECT_EQ(desk::Caret().position.x, ptFormer.x);
+    EXPECT_EQ(desk::Caret().position.y, ptFormer.y);
+    edit.Destroy();
+}
+
 TEST_F(ComboListTest, TheParentMayDestroyTheControlWhileTheListPaints)
 {
     const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
