@@ -300,10 +300,9 @@ LRESULT GComboBoxList::OnNcMouseMove(UINT uHit, POINTS ptScreen)
 
 void GComboBoxList::ScrollTo(int nPos)
 {
-    if (m_dwVStyle & GSB_HIDDEN) {
-        return;
+    if (!(m_dwVStyle & GSB_HIDDEN)) {
+        SetScrollPos(SB_VERT, nPos, FALSE);
     }
-    SetScrollPos(SB_VERT, nPos, FALSE);
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
 

@@ -435,6 +435,24 @@ TEST_F(ComboListTest, ACaretThatStayedDoesNotMoveTheOneOfAnotherControl)
     edit.Destroy();
 }
 
+TEST_F(ComboListTest, ARowThatWasAddedMeanwhileIsShownAsTheHotOne)
+{
+    Make(GCBS_DROPDOWNLIST, 1);
+    Combo().SetSelected(0);
+    bool fRedrawn = false;
+    WithList({[&] {
+                  Add("added");
+                  desk::ClearDrawing(List());
+                  desk::TypeKey(VK_DOWN);
+              },
+              [&] {
+                  fRedrawn = !desk::Drawing(List()).empty();
+                  TypeEscape();
+              }});
+    EXPECT_EQ(Combo().GetSelected(), 1u);
+    EXPECT_TRUE(fRedrawn) << "or the former row still looks like the selected one";
+}
+
 TEST_F(ComboListTest, TheParentMayDestroyTheControlWhileTheListPaints)
 {
     const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
