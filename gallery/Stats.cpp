@@ -68,18 +68,7 @@ DWORD Windows()
 
 void CALLBACK Note(HWND, UINT, UINT_PTR, DWORD dwTime)
 {
-    std::fprintf(s_file, "%lu %lu %lu", dwTime, GdiObjects(), Windows());
-    PROCESS_BASIC_INFORMATION info{};
-    NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &info, sizeof(info), nullptr);
-    const auto* pBlock = reinterpret_cast<const BYTE*>(info.PebBaseAddress);
-    const auto* pEntries = *reinterpret_cast<GdiHandleEntry* const*>(pBlock + GDI_TABLE_IN_PROCESS_BLOCK);
-    int n[256]{};
-    for (int i = 0; i < GDI_TABLE_ENTRIES; i++)
-        n[pEntries[i].bType]++;
-    for (int i = 1; i < 256; i++)
-        if (n[i])
-            std::fprintf(s_file, " t%x=%d", i, n[i]);
-    std::fprintf(s_file, "\n");
+    std::fprintf(s_file, "%lu %lu %lu\n", dwTime, GdiObjects(), Windows());
     std::fflush(s_file);
 }
 

@@ -128,7 +128,8 @@ class Soak:
     def verdict(self):
         clock = [int(line.split()[0]) for line in self.lines()]
         silence = max(b - a for a, b in zip(clock, clock[1:]))
-        said = [line for line in self.errors.read_text(errors="replace").splitlines() if "X Error" in line or "err:" in line]
+        said = [line for line in self.errors.read_text(errors="replace").splitlines()
+                if "X Error" in line or ("err:" in line and "wineboot" not in line)]
         warm = [rest for rest in self.rests if rest[0] >= WARM_UP * self.seconds] or self.rests
         gdi, windows, memory = (warm[-1][i] - warm[0][i] for i in (1, 2, 3))
         print(f"{self.actions} actions in {self.elapsed():.0f} s; longest silence {silence} ms; after the warm-up: "
