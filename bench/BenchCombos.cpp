@@ -54,8 +54,6 @@ LRESULT FindLast(HWND hwnd)
 void MeasureCombos(Bench& bench)
 {
     bench.Family("Combo box");
-    MeasureMaking(bench, {&MakeGessoCombo, &MakePlatformCombo});
-
     const HWND hwndParent = MakeParent(WS_VISIBLE);
     const auto combo = MakeGessoCombo(hwndParent, 20, 20);
     const HWND hwndGesso = combo->GetHwnd();
