@@ -9,5 +9,9 @@ shots=$BUILD/shots
 rm -rf "$shots"
 "$ROOT/scripts/gallery.sh" --shots "$shots" >/dev/null
 for picture in "$ROOT"/docs/pictures/*.png; do
-    cp "$shots/${picture##*/}" "$picture"
+    if [[ -f $shots/${picture##*/} ]]; then
+        cp "$shots/${picture##*/}" "$picture"
+    else
+        say "the gallery has no ${picture##*/}: left as it is"
+    fi
 done
