@@ -102,7 +102,8 @@ public:
     {
         std::string rows;
         for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
-            rows += (row > 0 ? " " : "") + Narrow(m_aVisible[row]->strName);
+            rows += row > 0 ? " " : "";
+            rows += Narrow(m_aVisible[row]->strName);
         }
         return rows;
     }
@@ -111,7 +112,8 @@ public:
         std::string names;
         void* const end = reinterpret_cast<void*>(-1); // of a GTree; null of a GNavigationBar
         for (void* p = nullptr; (p = this->GetItemNextChild(parent, p)) && p != end;) {
-            names += (names.empty() ? "" : " ") + Narrow(this->GetItemName(p));
+            names += names.empty() ? "" : " ";
+            names += Narrow(this->GetItemName(p));
         }
         return names;
     }
