@@ -18,12 +18,12 @@ struct Order
 // One at a time.
 Order* s_pOrder = nullptr;
 
-// A timer's message comes when nothing else is left to do, so that all is painted.
 void CALLBACK TakePicture(HWND hwnd, UINT, UINT_PTR uTimer, DWORD)
 {
     const HWND hDlg = GetLastActivePopup(s_pOrder->hwndOwner);
-    if (hDlg == s_pOrder->hwndOwner) {
-        return; // not there yet
+    // A busy machine lets the timer come before the dialog, which is shown when nothing waits any more.
+    if (hDlg == s_pOrder->hwndOwner || !IsWindowVisible(hDlg)) {
+        return;
     }
     KillTimer(hwnd, uTimer);
     if (s_pOrder->exhibit.prepare) {
