@@ -2,7 +2,6 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
@@ -180,7 +179,7 @@ LRESULT GComboBoxList::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
     return 0;
 }
 
-void GComboBoxList::DrawFrame(HDC hdc, const RECT& rcWindow)
+void GComboBoxList::NcDraw(HDC hdc, const RECT& rcWindow)
 {
     ThemePart(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, PlainPart::EntryField).DrawBackground(rcWindow);
     DrawScrollBar(hdc, Frame::Style(*this));
@@ -188,18 +187,12 @@ void GComboBoxList::DrawFrame(HDC hdc, const RECT& rcWindow)
 
 LRESULT GComboBoxList::OnNcPaint(WPARAM wRegion)
 {
-    const gesso::NonClientPaint paint(m_hWnd, wRegion);
-    DrawFrame(paint.Context(), paint.WindowRect());
-    return 0;
+    return Frame::OnNcPaint(*this, wRegion);
 }
 
 LRESULT GComboBoxList::OnPrintClient(HDC hdc, LPARAM lParam)
 {
-    if (lParam & PRF_NONCLIENT) {
-        const gesso::NonClientPrint print(m_hWnd, hdc);
-        DrawFrame(print.Context(), print.WindowRect());
-    }
-    return Frame::OnPrintClient(*this, hdc, lParam);
+    return Frame::OnPrintWhole(*this, hdc, lParam);
 }
 
 // --- Rows

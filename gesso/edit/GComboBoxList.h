@@ -90,5 +90,5 @@ private:
     void Pick(UINT nItem);
     int ThumbPos(WORD wPos) const;
     void DrawRow(HDC hdc, UINT nItem, const RECT& rc) const;
-    void DrawFrame(HDC hdc, const RECT& rcWindow);
+    void NcDraw(HDC hdc, const RECT& rcWindow);
 };

@@ -4,7 +4,6 @@
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
@@ -106,23 +105,12 @@ void GEdit::NcDraw(HDC hdc, RECT rc)
 
 LRESULT GEdit::OnNcPaint(WPARAM wRegion)
 {
-    const gesso::NonClientPaint paint(m_hWnd, wRegion);
-    NcDraw(paint.Context(), paint.WindowRect());
-    return 0;
+    return Frame::OnNcPaint(*this, wRegion);
 }
 
 LRESULT GEdit::OnPrintClient(HDC hdc, LPARAM lParam)
 {
-    const HWND hwnd = m_hWnd;
-    if (lParam & PRF_NONCLIENT) {
-        const gesso::NonClientPrint print(hwnd, hdc);
-        // The parent draws the corner between two bars.
-        NcDraw(print.Context(), print.WindowRect());
-    }
-    if (!Frame::IsAlive(hwnd, this)) {
-        return 0;
-    }
-    return Frame::OnPrintClient(*this, hdc, lParam);
+    return Frame::OnPrintWhole(*this, hdc, lParam);
 }
 
 LRESULT GEdit::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/framework/GWnd.h>
+#include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemeHandle.h>
 
 // What Create passes as lpCreateParams, so that the window attaches to the object instead of making its own.
@@ -133,6 +134,25 @@ public:
             control.Draw(hdc);
         }
         return 0;
+    }
+
+    // The same for a control with a frame of its own, which its NcDraw draws: WM_NCPAINT, and WM_PRINTCLIENT
+    // with PRF_NONCLIENT. The parent draws the corner between two bars, and may destroy the control there.
+    template <class CONTROL> static LRESULT OnNcPaint(CONTROL& control, WPARAM wRegion)
+    {
+        const NonClientPaint paint(control.m_hWnd, wRegion);
+        control.NcDraw(paint.Context(), paint.WindowRect());
+        return 0;
+    }
+    template <class CONTROL> static LRESULT OnPrintWhole(CONTROL& control, HDC hdc, LPARAM lParam)
+    {
+        const HWND hwnd = control.m_hWnd;
+        const GWnd* pAttached = Attached(hwnd); // not necessarily the control itself: a copy may draw too
+        if (lParam & PRF_NONCLIENT) {
+            const NonClientPrint print(hwnd, hdc);
+            control.NcDraw(print.Context(), print.WindowRect());
+        }
+        return IsAlive(hwnd, pAttached) ? OnPrintClient(control, hdc, lParam) : 0;
     }
 
     // --- Notifications; the control may be gone when they return

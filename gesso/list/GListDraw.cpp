@@ -3,7 +3,6 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
@@ -418,22 +417,12 @@ void GList::NcDraw(HDC hdc, RECT rc)
 
 LRESULT GList::OnNcPaint(WPARAM wRegion)
 {
-    const gesso::NonClientPaint paint(m_hWnd, wRegion);
-    NcDraw(paint.Context(), paint.WindowRect());
-    return 0;
+    return Frame::OnNcPaint(*this, wRegion);
 }
 
 LRESULT GList::OnPrintClient(HDC hdc, LPARAM lParam)
 {
-    const HWND hwnd = m_hWnd;
-    if (lParam & PRF_NONCLIENT) {
-        const gesso::NonClientPrint print(m_hWnd, hdc);
-        NcDraw(print.Context(), print.WindowRect());
-    }
-    if ((lParam & PRF_CLIENT) && Frame::IsAlive(hwnd, this)) {
-        Draw(hdc);
-    }
-    return 0;
+    return Frame::OnPrintWhole(*this, hdc, lParam);
 }
 
 LRESULT GList::OnPaint()

@@ -257,13 +257,7 @@ LRESULT GTree::OnThemeChanged()
 
 LRESULT GTree::OnPrintClient(HDC hdc, LPARAM lParam)
 {
-    const HWND hwnd = m_hWnd;
-    if (lParam & PRF_NONCLIENT) {
-        const gesso::NonClientPrint print(hwnd, hdc);
-        NcDraw(print.Context(), print.WindowRect());
-    }
-    // The parent draws the corner between the bars, and may have destroyed the tree.
-    return Frame::IsAlive(hwnd, this) ? Frame::OnPrintClient(*this, hdc, lParam) : 0;
+    return Frame::OnPrintWhole(*this, hdc, lParam);
 }
 
 LRESULT GTree::OnEnable(BOOL fEnable)

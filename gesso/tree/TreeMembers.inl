@@ -8,7 +8,6 @@
 #include <gesso/controls/ButtonInput.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/tree/ItemHold.h>
@@ -538,9 +537,7 @@ void Control::NcDraw(HDC hdc, RECT rc)
 
 LRESULT Control::OnNcPaint(WPARAM wRegion)
 {
-    const gesso::NonClientPaint paint(m_hWnd, wRegion);
-    NcDraw(paint.Context(), paint.WindowRect());
-    return 0;
+    return gesso::Frame::OnNcPaint(*this, wRegion);
 }
 
 LRESULT Control::OnGetFont() const

@@ -1,7 +1,7 @@
 // What the trees draw, operation by operation, and what they ask of the clock and the platform meanwhile.
 
 #include "../../tree/TreeFixture.h"
-#include "FreshDesktop.h"
+#include "../FreshDesktop.h"
 
 #include <algorithm>
 

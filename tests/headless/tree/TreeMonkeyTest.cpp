@@ -1,7 +1,7 @@
 // A monkey at both trees: any operations, messages, keys and clicks, in a view and in answer to
 // notifications, beside the plain model.
 
-#include "FreshDesktop.h"
+#include "../FreshDesktop.h"
 #include "TreeModel.h"
 
 #include <gesso/containers/Misuse.h>
