@@ -8,6 +8,8 @@ namespace {
 constexpr LONG MOST_PIXELS_KEPT = 256 * 1024;
 // How much larger than needed one may be, since it is blackened as a whole.
 constexpr LONG MOST_WASTE = 4;
+// The bits of a pixel that serve a screen of any depth.
+constexpr int FULL_DEPTH = 32;
 
 } // namespace
 
@@ -66,11 +68,12 @@ void OffscreenSurface::Release(const Parts& parts)
     DeleteDC(parts.hdc);
 }
 
+// To ask for the depth may take as long as to draw a button, so that it is left out where it does not matter.
 bool OffscreenSurface::Fits(const Parts& parts, HDC hdcLike, SIZE size)
 {
     return parts.size.cx >= size.cx && parts.size.cy >= size.cy &&
            parts.size.cx * parts.size.cy <= MOST_WASTE * size.cx * size.cy &&
-           parts.nBits == GetDeviceCaps(hdcLike, BITSPIXEL);
+           (parts.nBits == FULL_DEPTH || parts.nBits == GetDeviceCaps(hdcLike, BITSPIXEL));
 }
 
 OffscreenSurface::Parts* OffscreenSurface::TakeSpare()
