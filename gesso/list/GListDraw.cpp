@@ -144,15 +144,15 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     if (!item) {
         return;
     }
-    const auto& elements = m_list.columnDraw;
+    const auto& cells = m_list.columnDraw;
     const bool fCheckBoxes = m_list.listStyle & GLS_CHECKBOXES;
     DrawHighlight(*item, m_list.hitHot.item == index, rc);
-    if (fCheckBoxes && elements.GetLength() > 0) {
-        DrawCheckBox(index, Shifted(elements[0].rect, rc.left, rc.top));
+    if (fCheckBoxes && cells.GetLength() > 0) {
+        DrawCheckBox(index, Shifted(cells[0].rect, rc.left, rc.top));
     }
-    for (UINT k = fCheckBoxes ? 1 : 0; k < elements.GetLength(); ++k) {
-        const ListSubItem* sub = item->SubItem(elements[k].column);
-        DrawElement(elements[k], sub ? *sub : NO_SUB_ITEM, ContentOf(elements[k], rc));
+    for (UINT k = fCheckBoxes ? 1 : 0; k < cells.GetLength(); ++k) {
+        const ListSubItem* sub = item->SubItem(cells[k].column);
+        DrawElement(cells[k], sub ? *sub : NO_SUB_ITEM, ContentOf(cells[k], rc));
     }
 }
 

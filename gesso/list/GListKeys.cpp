@@ -11,7 +11,6 @@
 #include <utility>
 
 using gesso::Frame;
-using gesso::Saturated;
 
 namespace {
 

@@ -39,6 +39,9 @@ public:
     void Free(ITEM* item)
     {
         const Slot slot = SlotOf(item);
+        if (!slot.pBlock) {
+            return; // none of this store
+        }
         slot.pBlock->used[slot.i] = false;
         std::destroy_at(item);
         m_free.push_back(slot);

@@ -121,7 +121,7 @@ TEST_F(GListKeysTest, EveryKeyIsSafeInAListOfNoneAndOfOne)
     }
     list.SetListStyle(GLS_DETAILS);
     AddItems(1);
-    for (const UINT vk : {VK_DOWN, VK_NEXT, VK_PRIOR, VK_HOME, VK_END}) {
+    for (const UINT vk : std::initializer_list<UINT>{VK_DOWN, VK_NEXT, VK_PRIOR, VK_HOME, VK_END}) {
         for (const WORD mods : {WORD{0}, SHIFT, WORD{CTRL | SHIFT}}) {
             Forget();
             Key(vk, mods);

@@ -86,7 +86,7 @@ TEST_F(GListSortTest, TheCallbackSortsByTheHostsData)
 {
     MakeList();
     list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, nullptr, CompareData, nullptr);
-    for (const size_t n : {3, 1, 2, 5, 4}) {
+    for (const size_t n : std::initializer_list<size_t>{3, 1, 2, 5, 4}) {
         AddItem(std::to_string(n).c_str(), 0, Data(n));
     }
     list.SetSelected(0, 1);
@@ -148,7 +148,7 @@ TEST_F(GListSortTest, GroupingAsksTheColumnAndSortsAsBefore)
 {
     MakeList();
     list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, GroupByTens, CompareData, nullptr);
-    for (const size_t n : {23, 5, 12, 3, 25}) {
+    for (const size_t n : std::initializer_list<size_t>{23, 5, 12, 3, 25}) {
         AddItem(std::to_string(n).c_str(), 0, Data(n));
     }
     list.Group(0, true);

@@ -111,7 +111,7 @@ TEST_F(GTreeDataTest, TheParentMayDoAnythingWhenARowExpandsOrCollapses)
     void* b = tree.Add(nullptr, "b");
     tree.Add(b, "b1");
     const auto at = [&](int code, const std::function<void()>& action) {
-        host.onNotify = [=, this, fDone = false](const TreeNotified& n) mutable {
+        host.onNotify = [=, fDone = false](const TreeNotified& n) mutable {
             if (n.code == code && !std::exchange(fDone, true)) {
                 action();
             }

@@ -229,7 +229,7 @@ TEST_F(GTreeInputTest, KeysMoveTheSelectionAndOpenBranches)
 
 TEST_F(GTreeInputTest, KeysWithNoSelectedRowDoNothingButUpAndDown)
 {
-    for (const UINT vk : {VK_LEFT, VK_RIGHT, VK_SPACE, VK_RETURN}) {
+    for (const UINT vk : std::initializer_list<UINT>{VK_LEFT, VK_RIGHT, VK_SPACE, VK_RETURN}) {
         Key(vk);
         EXPECT_EQ(tree.m_nSelected, NONE) << vk;
     }
@@ -508,7 +508,7 @@ TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeInEachNotification)
 TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeAsItDrawsBehindTheBars)
 {
     static const WORD creation[] = {0, 0};
-    for (const UINT uMsg : {WM_PRINTCLIENT, WM_NCPAINT}) {
+    for (const UINT uMsg : std::initializer_list<UINT>{WM_PRINTCLIENT, WM_NCPAINT}) {
         const HWND hwnd = CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL,
                                           0, 0, 60, 50, host, nullptr, nullptr, const_cast<WORD*>(creation));
         auto* own = static_cast<GTree*>(GWnd::FromHwnd(hwnd)); // goes with its window

@@ -26,12 +26,13 @@ protected:
     void Insert(UINT row, const std::vector<TreeItem*>& items)
     {
         rows.Insert(row, items);
-        plain.insert(plain.begin() + std::min<size_t>(row, plain.size()), items.begin(), items.end());
+        plain.insert(plain.begin() + std::min<std::ptrdiff_t>(row, std::ssize(plain)), items.begin(),
+                     items.end());
     }
     void Remove(UINT row, UINT n)
     {
         rows.Remove(row, n);
-        const auto first = plain.begin() + std::min<size_t>(row, plain.size());
+        const auto first = plain.begin() + std::min<std::ptrdiff_t>(row, std::ssize(plain));
         plain.erase(first, first + std::min<std::ptrdiff_t>(n, plain.end() - first));
     }
     void Check()

@@ -65,7 +65,7 @@ std::string FirstAvailable(const std::string& list, const std::string& applicati
         const size_t end = std::min(list.find(';', at), list.size());
         const std::string name = list.substr(at, end - at);
         if (IsThemeClassAvailable(name)) {
-            return application.empty() ? name : application + "::" + name;
+            return application.empty() ? name : (application + "::").append(name);
         }
         at = end + 1;
     }

@@ -152,7 +152,7 @@ WindowRef MakeDialog(HINSTANCE instance, const DLGTEMPLATE* memory, HWND owner, 
     DialogTemplate source = ReadTemplate(memory);
     CompleteStyles(source);
     const HWND hwnd = MakeBox(source, instance, owner);
-    const WindowRef dialog = hwnd ? Find(hwnd) : nullptr;
+    WindowRef dialog = hwnd ? Find(hwnd) : nullptr;
     if (!dialog) {
         return nullptr;
     }

@@ -102,7 +102,7 @@ TEST_F(ComboListTest, AnEmptyListHasNoHeightAndCloses)
     int nHeight = -1;
     WithList({[&] {
         nHeight = ClientHeight(List());
-        for (const UINT uKey : {VK_DOWN, VK_UP, VK_NEXT, VK_PRIOR}) {
+        for (const UINT uKey : std::initializer_list<UINT>{VK_DOWN, VK_UP, VK_NEXT, VK_PRIOR}) {
             desk::TypeKey(uKey);
         }
         desk::Wheel(-120);
@@ -121,8 +121,9 @@ TEST_F(ComboListTest, KeysMoveTheSelectionAndTheTextFollowsAtOnce)
         desk::WhenIdle([uKey] { desk::TypeKey(uKey); });
         desk::WhenIdle([&] { texts.push_back(TextOf(Combo())); });
     };
-    for (const UINT uKey :
-         {VK_UP, VK_DOWN, VK_UP, VK_DOWN, VK_NEXT, VK_NEXT, VK_NEXT, VK_NEXT, VK_PRIOR, VK_UP}) {
+    for (const UINT uKey : std::initializer_list<UINT>{VK_UP, VK_DOWN, VK_UP, VK_DOWN, VK_NEXT, VK_NEXT,
+                                                       VK_NEXT, VK_NEXT, VK_PRIOR, VK_UP})
+    {
         type(uKey);
     }
     desk::WhenIdle(TypeEscape);
