@@ -191,6 +191,7 @@ protected:
 
 private:
     friend class GRibbon;
+    class Watch;
     static void FreeBlock(void* p);
     LPCWSTR Title() const;
     // The ribbon's window; null without one, and where the ribbon is gone.

@@ -1,7 +1,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/GRibbonPageWatch.h>
 #include <gesso/ribbon/RibbonMetrics.h>
 
 using gesso::PAGE_TOP;
@@ -121,7 +121,11 @@ void GRibbonPage::Draw(HDC hdc)
     GetClientRect(hwnd, &rc);
     const gesso::TransparentScope mode(hdc);
     RECT rcPage{0, PAGE_TOP, rc.right, rc.bottom - 1};
+    const Watch watch(*this);
     DrawThemeParentBackground(hwnd, hdc, &rcPage);
+    if (!watch.IsAlive()) {
+        return;
+    }
     const gesso::SelectScope pen(hdc, m_hPen);
     const gesso::SelectScope font(hdc, m_hGroupFont);
     SetTextColor(hdc, CR_TITLE);

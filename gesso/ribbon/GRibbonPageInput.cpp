@@ -1,7 +1,6 @@
 // The mouse, in the ribbon's client coordinates. It comes from the ribbon, while the page is the active one.
 
-#include <gesso/framework/Frame.h>
-#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/GRibbonPageWatch.h>
 
 #include <utility>
 
@@ -43,7 +42,11 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
     if (!(m_uState & GWS_PRESSED)) {
         return 0;
     }
+    const Watch watch(*this);
     ReleaseCapture();
+    if (!watch.IsAlive()) {
+        return 0;
+    }
     InvalidateRibbon();
     HitTestInfo release{pt, RIBBON_NONE, RIBBON_NONE};
     HitTest(&release);

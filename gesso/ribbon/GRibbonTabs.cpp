@@ -1,6 +1,7 @@
 // The tabs: one layout for hit-testing and drawing.
 
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
 #include <gesso/ribbon/RibbonMetrics.h>
@@ -66,10 +67,11 @@ UINT GRibbon::HitTest(POINTS pt) const
 void GRibbon::Draw(HDC hdc)
 {
     RECT rc{};
-    GetClientRect(m_hWnd, &rc);
     {
         const gesso::TransparentScope mode(hdc);
-        DrawThemeParentBackground(m_hWnd, hdc, &rc);
+        if (!gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
+            return;
+        }
         const gesso::SelectScope font(hdc, m_hTabFont);
         const gesso::SelectScope pen(hdc, m_hActivePen);
         VisitTabs([&](UINT nIndex, int nLeft, int nRight) {

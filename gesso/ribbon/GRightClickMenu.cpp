@@ -37,11 +37,11 @@ void FillColor(HDC hdc, const RECT& rc, COLORREF cr)
     FillRect(hdc, &rc, hBrush);
 }
 
-// Destroying a window that an answer to the command has destroyed already is not for this to do.
-void EndMenu(HWND hwnd, bool fAlive, HWND hwndOwner)
+// fThere is false where an answer to the command has destroyed the window already.
+void EndMenu(HWND hwnd, bool fThere, HWND hwndOwner)
 {
     ReleaseCapture();
-    if (fAlive) {
+    if (fThere) {
         DestroyWindow(hwnd);
     }
     ShowWindow(hwndOwner, SW_SHOW);
@@ -154,7 +154,8 @@ LRESULT GRightClickMenu::OnLButtonUp(WPARAM, POINTS pt)
     const HWND hwndOwner = m_hwndOwner;
     SendMessageW(hwndOwner, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hwnd), RowOf(pt)),
                  reinterpret_cast<LPARAM>(hwnd));
-    EndMenu(hwnd, Frame::IsAlive(hwnd, this), hwndOwner);
+    // An owner that deleted the object alone has left the window to be ended.
+    EndMenu(hwnd, FromHwnd(hwnd) == this, hwndOwner);
     return 0;
 }
 

@@ -14,11 +14,23 @@ using test::Interception;
 using test::Reports;
 
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
-constexpr LPARAM INSIDE = MAKELPARAM(5, 5);
+// A point where a press takes the capture.
+template <class CONTROL> constexpr LPARAM INSIDE = MAKELPARAM(5, 5);
+template <> constexpr LPARAM INSIDE<GRibbon> = MAKELPARAM(5, 60);
+
+HWND MakeRibbon(GRibbon& ribbon, HWND hwndParent)
+{
+    const HWND hwnd = ribbon.Create(10, 10, 100, 118, hwndParent, nullptr);
+    ribbon.AddPage(nullptr, 1, L"Page");
+    ribbon.GetPage(1)->InsertGroup(0, 1, L"Group", 0);
+    return hwnd;
+}
 
 template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
 {
-    if constexpr (requires { control.SetNote(nullptr); }) {
+    if constexpr (requires { control.GetPage(1); }) {
+        return MakeRibbon(control, hwndParent);
+    } else if constexpr (requires { control.SetNote(nullptr); }) {
         return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", L"Note", 0, CHILD);
     } else if constexpr (requires { control.SetSel(0, 0); }) {
         return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", CHILD, 0);
@@ -66,7 +78,7 @@ protected:
 };
 
 using Transparent = testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar,
-                                   GList, GEdit, GComboBox>;
+                                   GList, GEdit, GComboBox, GRibbon>;
 TYPED_TEST_SUITE(ParentBackgroundTest, Transparent);
 
 TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaints)
@@ -121,15 +133,15 @@ protected:
 };
 
 using Pressable = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton,
-                                 GSeparator, GScrollbar, GTree, GNavigationBar, GEdit, GComboBox>;
+                                 GSeparator, GScrollbar, GTree, GNavigationBar, GEdit, GComboBox, GRibbon>;
 TYPED_TEST_SUITE(MouseTest, Pressable);
 
 TYPED_TEST(MouseTest, SubclassMayDestroyTheControlAsItGivesUpTheCapture)
 {
-    SendMessageW(this->hwnd, WM_LBUTTONDOWN, 0, INSIDE);
+    SendMessageW(this->hwnd, WM_LBUTTONDOWN, 0, INSIDE<TypeParam>);
     this->host.TakeReports();
     const Interception release(this->hwnd, WM_CAPTURECHANGED, [&] { Destroy(this->pControl, true); });
-    SendMessageW(this->hwnd, WM_LBUTTONUP, 0, INSIDE);
+    SendMessageW(this->hwnd, WM_LBUTTONUP, 0, INSIDE<TypeParam>);
     EXPECT_TRUE(release.Happened());
     for (const std::string& report : this->host.TakeReports()) {
         EXPECT_EQ(report, "killfocus 33") << "a control that is gone clicks nothing and ends no drag";
@@ -140,7 +152,7 @@ TYPED_TEST(MouseTest, LoserOfTheCaptureMayDestroyTheControlThatTakesIt)
 {
     SetCapture(this->host);
     const Interception loss(this->host, WM_CAPTURECHANGED, [&] { Destroy(this->pControl, true); });
-    SendMessageW(this->hwnd, WM_LBUTTONDOWN, 0, INSIDE);
+    SendMessageW(this->hwnd, WM_LBUTTONDOWN, 0, INSIDE<TypeParam>);
     EXPECT_TRUE(loss.Happened());
     EXPECT_FALSE(IsWindow(this->hwnd));
     ReleaseCapture();

@@ -1,8 +1,10 @@
+#include "../support/Interception.h"
 #include "RibbonTestSupport.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <random>
 
 using namespace test::ribbon;
@@ -601,6 +603,32 @@ TEST(GRibbonPage, TheParentMayEndEverythingInTheCommand)
         pRibbon->AddPage(nullptr, 1, L"New");
         delete pRibbon;
     });
+}
+
+TEST(GRibbonPage, TheParentMayEndThePageWhileItDrawsBehindIt)
+{
+    Host host;
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    const auto drawAndEnd = [&](auto end) {
+        auto* pRibbon = new GRibbon;
+        auto* pPage = new CountedPage(1);
+        const HWND hwnd = CreateRibbon(*pRibbon, host);
+        pRibbon->AddPage(pPage, 0, nullptr);
+        pPage->InsertGroup(0, 1, L"Group", 0);
+        const test::Interception background(host, WM_ERASEBKGND, [&] { end(pRibbon, pPage); });
+        pPage->Draw(hdc);
+        EXPECT_TRUE(background.Happened());
+        EXPECT_EQ(CountedPage::s_nLive, 0);
+        DestroyWindow(hwnd);
+    };
+    drawAndEnd([](GRibbon* pRibbon, CountedPage*) { delete pRibbon; });
+    std::unique_ptr<GRibbon> ribbon;
+    drawAndEnd([&](GRibbon* pRibbon, CountedPage* pPage) {
+        ribbon.reset(pRibbon);
+        pRibbon->RemovePage(pPage);
+        delete pPage;
+    });
+    DeleteDC(hdc);
 }
 
 // --- Lives

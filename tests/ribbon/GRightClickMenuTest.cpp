@@ -126,13 +126,18 @@ TEST(GRightClickMenu, KillEndsItWithoutAChoice)
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
-TEST(GRightClickMenu, TheOwnerMayDestroyTheMenuInTheCommand)
+TEST(GRightClickMenu, TheOwnerMayDestroyTheMenuOrItsObjectInTheCommand)
 {
     Host host;
-    ValueMenu menu;
-    const HWND hwnd = menu.Show(host, {L"One"});
-    host.onReport = [&](const std::string&) { DestroyWindow(hwnd); };
-    Release(hwnd, 5, 5);
-    EXPECT_FALSE(IsWindow(hwnd));
-    EXPECT_TRUE(IsWindowVisible(host));
+    for (const bool fObjectAlone : {false, true}) {
+        ValueMenu menu;
+        const HWND hwnd = menu.Show(host, {L"One"});
+        GWnd* pShown = &menu.Shown();
+        host.onReport = [&](const std::string&) {
+            fObjectAlone ? pShown->Delete(pShown) : static_cast<void>(DestroyWindow(hwnd));
+        };
+        Release(hwnd, 5, 5);
+        EXPECT_FALSE(IsWindow(hwnd)) << fObjectAlone;
+        EXPECT_TRUE(IsWindowVisible(host));
+    }
 }

@@ -114,13 +114,18 @@ TEST_F(ActivationContextTest, EachWrapperHasItsOwnFailureValue)
               HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
 }
 
+// In a process of its own, in which no test before this one has looked anything up.
 TEST_F(ActivationContextTest, CommonControlsAreLookedUpOnceAndOnlyASuccessIsKept)
 {
-    desk::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND);
-    EXPECT_EQ(IsolationAwareImageList_Create(16, 16, 1), nullptr);
-    const HIMAGELIST hImageList = IsolationAwareImageList_Create(16, 16, 1);
-    ASSERT_TRUE(hImageList);
-    EXPECT_TRUE(IsolationAwareImageList_Destroy(hImageList));
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto isMade = [](bool fFails) {
+        if (fFails) {
+            desk::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND);
+        }
+        return IsolationAwareImageList_Create(16, 16, 1) != nullptr;
+    };
+    EXPECT_EXIT(std::_Exit(!isMade(true) && isMade(false) && isMade(true) ? 0 : 1),
+                testing::ExitedWithCode(0), "");
 }
 
 } // namespace
