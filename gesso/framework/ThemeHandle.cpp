@@ -1,9 +1,11 @@
+#include <gesso/framework/PartPictures.h>
 #include <gesso/framework/ThemeHandle.h>
 
 namespace gesso {
 
 void CloseTheme(HTHEME hTheme) noexcept
 {
+    ForgetPartPictures(hTheme);
     CloseThemeData(hTheme);
 }
 

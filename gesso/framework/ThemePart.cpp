@@ -1,4 +1,5 @@
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/PartPictures.h>
 #include <gesso/framework/ThemePart.h>
 
 namespace gesso {
@@ -66,7 +67,9 @@ int LengthOf(LPCWSTR psz)
 
 void ThemePart::DrawBackground(const RECT& rc) const
 {
-    if (FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rc, nullptr))) {
+    if (!DrawPartPicture(m_hTheme, m_hdc, m_nPart, m_nState, rc) &&
+        FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rc, nullptr)))
+    {
         DrawPlainBackground(rc);
     }
 }

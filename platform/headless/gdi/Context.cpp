@@ -130,6 +130,23 @@ void SetVisibleArea(HDC hdc, const Area& area)
     }
 }
 
+void SetPixels(HDC hdc, const RECT& rect, DWORD value)
+{
+    const Context* context = FindContext(hdc);
+    auto* bitmap = context ? Find<Bitmap>(context->state.bitmap) : nullptr;
+    if (!bitmap || bitmap->pixels.empty() || bitmap->bits != 32) {
+        return;
+    }
+    RECT inside;
+    const RECT bounds = context->Bounds();
+    const RECT device = context->ToDevice(rect);
+    IntersectRect(&inside, &bounds, &device);
+    auto* pixels = reinterpret_cast<DWORD*>(bitmap->pixels.data());
+    for (LONG y = inside.top; y < inside.bottom; ++y) {
+        std::fill_n(pixels + y * bitmap->width + inside.left, inside.right - inside.left, value);
+    }
+}
+
 } // namespace gesso::headless
 
 using namespace gesso::headless;

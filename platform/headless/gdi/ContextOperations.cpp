@@ -233,6 +233,11 @@ INT WINAPI GetMapMode(HDC hdc)
     return FindContext(hdc) ? MM_TEXT : 0;
 }
 
+INT WINAPI GetGraphicsMode(HDC hdc)
+{
+    return FindContext(hdc) ? GM_COMPATIBLE : 0;
+}
+
 INT WINAPI GetDeviceCaps(HDC, INT index)
 {
     switch (index) {

@@ -18,6 +18,9 @@ HWND WindowOfContext(HDC hdc);
 // Unlike the region of SelectClipRgn it cannot be replaced by the program.
 void SetVisibleArea(HDC hdc, const Area& area);
 
+// Gives the pixels of a rectangle a value, where the context draws into a bitmap that has pixels of 32 bits.
+void SetPixels(HDC hdc, const RECT& rect, DWORD value);
+
 // Forgets what was drawn into a window, which is going.
 void ForgetDrawing(HWND hwnd);
 // Puts everything of the graphics half that Reset() covers back to its first state.

@@ -237,6 +237,24 @@ BOOL WINAPI BitBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, I
     return TRUE;
 }
 
+// Pixels are not kept of what is drawn; the first one tells the record which picture it was.
+INT WINAPI SetDIBitsToDevice(HDC hdc, INT x, INT y, DWORD cx, DWORD cy, INT, INT, UINT, UINT lines,
+                             LPCVOID bits, const BITMAPINFO*, UINT)
+{
+    if (FaultFires("SetDIBitsToDevice") || !FindContext(hdc)) {
+        return 0;
+    }
+    Line(hdc, "SetDIBitsToDevice")
+        .Size(x, y, static_cast<int>(cx), static_cast<int>(cy))
+        .Hex(*static_cast<const DWORD*>(bits));
+    return static_cast<INT>(lines);
+}
+
+BOOL WINAPI GdiFlush()
+{
+    return TRUE;
+}
+
 BOOL WINAPI StretchBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
                        INT fromCy, DWORD rop)
 {

@@ -3,9 +3,11 @@
 #include "../core/Text.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cwctype>
 #include <locale.h>
+#include <sched.h>
 #include <unistd.h>
 
 using namespace gesso::headless;
@@ -38,6 +40,25 @@ LPWSTR ChangeCase(LPWSTR text, wint_t (*change)(wint_t, locale_t))
 }
 
 } // namespace
+
+// A lock is its pointer: null while nobody holds it.
+BOOLEAN WINAPI TryAcquireSRWLockExclusive(RTL_SRWLOCK* lock)
+{
+    void* open = nullptr;
+    return std::atomic_ref(lock->Ptr).compare_exchange_strong(open, lock);
+}
+
+void WINAPI AcquireSRWLockExclusive(RTL_SRWLOCK* lock)
+{
+    while (!TryAcquireSRWLockExclusive(lock)) {
+        sched_yield();
+    }
+}
+
+void WINAPI ReleaseSRWLockExclusive(RTL_SRWLOCK* lock)
+{
+    std::atomic_ref(lock->Ptr).store(nullptr);
+}
 
 INT WINAPI MulDiv(INT number, INT numerator, INT denominator)
 {

@@ -134,6 +134,16 @@ private:
     HFONT m_former = nullptr;
 };
 
+// An image (TMT_BGTYPE) covers what lies below it, unless it is a transparent one (TMT_TRANSPARENT).
+void CoverPixels(HDC hdc, const std::string& themeClass, int part, int state, const RECT& rect)
+{
+    if (FindThemeInt(themeClass, part, state, TMT_BGTYPE) == BT_IMAGEFILE &&
+        !FindThemeInt(themeClass, part, state, TMT_TRANSPARENT))
+    {
+        SetPixels(hdc, rect, static_cast<DWORD>(part << 8 | state));
+    }
+}
+
 // Tells a window to draw its background into a context of one of its children.
 void DrawParentInto(HWND parent, HDC hdc)
 {
@@ -260,6 +270,11 @@ HRESULT WINAPI GetThemeInt(HTHEME theme, int part, int state, int property, int*
     });
 }
 
+HRESULT WINAPI GetThemeEnumValue(HTHEME theme, int part, int state, int property, int* value)
+{
+    return GetThemeInt(theme, part, state, property, value);
+}
+
 HRESULT WINAPI GetThemeMetric(HTHEME theme, HDC, int part, int state, int property, int* value)
 {
     return GetThemeInt(theme, part, state, property, value);
@@ -351,6 +366,7 @@ HRESULT WINAPI DrawThemeBackground(HTHEME theme, HDC hdc, int part, int state, c
     if (clip) {
         line.Word("within").Put(*clip);
     }
+    CoverPixels(hdc, *ClassOf(theme), part, state, *rect);
     return S_OK;
 }
 

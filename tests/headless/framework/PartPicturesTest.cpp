@@ -1,0 +1,111 @@
+// The pictures that stand for theme parts: which parts have one, and that each is copied in its own place.
+
+#include "../controls/DrawFixture.h"
+
+#include <gesso/framework/ThemeHandle.h>
+#include <gesso/framework/ThemePart.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace desk = gesso::headless;
+
+constexpr int HEADER_PART = HP_HEADERITEM;
+constexpr const char* DRAWN = "DrawThemeBackground HEADER 1 1 (10,5,60,25)";
+constexpr const char* COPIED = "SetDIBitsToDevice (10,5,60,25) 0x0101";
+
+class PartPicturesTest : public test::DrawFixture
+{
+protected:
+    void SetUp() override
+    {
+        test::DrawFixture::SetUp();
+        desk::SetThemeInt("HEADER", HEADER_PART, 0, TMT_BGTYPE, BT_IMAGEFILE);
+        m_theme.Reset(OpenThemeData(Parent(), L"HEADER"));
+    }
+    void TearDown() override
+    {
+        m_theme.Reset();
+        test::DrawFixture::TearDown();
+    }
+
+    // How the part comes into a memory context.
+    std::string Draw(int nState = 1, RECT rc = {10, 5, 60, 25})
+    {
+        const HDC hdc = GetDC(Parent());
+        const HDC hdcMemory = CreateCompatibleDC(hdc);
+        const HGDIOBJ hFormer = SelectObject(hdcMemory, CreateCompatibleBitmap(hdc, 100, 100));
+        gesso::ThemePart(m_theme, hdcMemory, HEADER_PART, nState, gesso::PlainPart::HeaderItem)
+            .DrawBackground(rc);
+        desk::ClearDrawing(Parent());
+        BitBlt(hdc, 0, 0, 100, 100, hdcMemory, 0, 0, SRCCOPY);
+        DeleteObject(SelectObject(hdcMemory, hFormer));
+        DeleteDC(hdcMemory);
+        ReleaseDC(Parent(), hdc);
+        return desk::Drawing(Parent()).at(0);
+    }
+
+    gesso::ThemeHandle m_theme;
+};
+
+TEST_F(PartPicturesTest, ImageIsCopiedFromTheSecondTimeOnInItsStateAndSize)
+{
+    EXPECT_EQ(Draw(), DRAWN);
+    EXPECT_EQ(Draw(), COPIED);
+    EXPECT_EQ(Draw(2), "DrawThemeBackground HEADER 1 2 (10,5,60,25)");
+    EXPECT_EQ(Draw(1, {0, 0, 70, 20}), "DrawThemeBackground HEADER 1 1 (0,0,70,20)");
+    EXPECT_EQ(Draw(2), "SetDIBitsToDevice (10,5,60,25) 0x0102");
+    EXPECT_EQ(Draw(1, {20, 30, 70, 50}), "SetDIBitsToDevice (20,30,70,50) 0x0101");
+}
+
+TEST_F(PartPicturesTest, WhatShowsThroughOrIsNoImageOrCannotBeReadIsDrawn)
+{
+    desk::SetThemeInt("HEADER", HEADER_PART, 2, TMT_TRANSPARENT, TRUE);
+    desk::SetThemeInt("HEADER", HEADER_PART, 3, TMT_BGTYPE, BT_BORDERFILL);
+    desk::Fail("CreateDIBSection");
+    for (int n = 0; n < 3; n++) {
+        EXPECT_EQ(Draw(), DRAWN);
+        EXPECT_EQ(Draw(2), "DrawThemeBackground HEADER 1 2 (10,5,60,25)");
+        EXPECT_EQ(Draw(3), "DrawThemeBackground HEADER 1 3 (10,5,60,25)");
+    }
+}
+
+TEST_F(PartPicturesTest, CopyThatFailsIsDrawn)
+{
+    Draw();
+    desk::Fail("SetDIBitsToDevice");
+    EXPECT_EQ(Draw(), DRAWN);
+    EXPECT_EQ(Draw(), COPIED);
+}
+
+TEST_F(PartPicturesTest, PictureGoesWithItsThemeHandle)
+{
+    Draw();
+    EXPECT_EQ(Draw(), COPIED);
+    gesso::ThemeHandle other;
+    other.Reset(OpenThemeData(Parent(), L"HEADER"));
+    other.Reset();
+    EXPECT_EQ(Draw(), COPIED);
+    m_theme.Reset(OpenThemeData(Parent(), L"HEADER"));
+    EXPECT_EQ(Draw(), DRAWN);
+}
+
+TEST_F(PartPicturesTest, ThoseOfLongAgoMakeRoomForOthers)
+{
+    constexpr int LARGE = 1000; // a million pixels: one such picture is all there is room for
+    Draw();
+    Draw(1, {0, 0, LARGE, LARGE});
+    EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,1000,1000) 0x0101");
+    Draw(2, {0, 0, LARGE, LARGE});
+    EXPECT_EQ(Draw(2, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,1000,1000) 0x0102");
+    EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "DrawThemeBackground HEADER 1 1 (0,0,1000,1000)");
+    EXPECT_EQ(Draw(1, {0, 0, LARGE, 2 * LARGE}), "DrawThemeBackground HEADER 1 1 (0,0,1000,2000)");
+    for (int cx = 1; cx <= 60; cx++) {
+        Draw(1, {0, 0, cx, 1});
+    }
+    EXPECT_EQ(Draw(), DRAWN);
+    EXPECT_EQ(Draw(), COPIED);
+}
+
+} // namespace
