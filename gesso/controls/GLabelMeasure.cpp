@@ -17,13 +17,10 @@ bool Exceeds(DWORD dwFlags, DWORD dwFree, LONG nExtent, UINT nMax)
 
 // Where a line that grew beyond its columns at p is to end. Spacing at the break stays on the upper line. A
 // word that started at or before the former break is cut at p.
-UINT FindBreak(LPCWSTR psz, UINT p, UINT nFormer, UINT nLength)
+UINT FindBreak(LPCWSTR psz, UINT p, UINT nFormer)
 {
     if (psz[p] == L' ') {
         return p + 1;
-    }
-    if (psz[p] == L'\r') {
-        return std::min(p + 2, nLength);
     }
     UINT i = p - 1;
     while (i > 0 && psz[i] != L' ' && psz[i] != L'\t') {
@@ -33,7 +30,7 @@ UINT FindBreak(LPCWSTR psz, UINT p, UINT nFormer, UINT nLength)
     return nCandidate >= 2 && nCandidate > nFormer ? nCandidate : p;
 }
 
-std::vector<UINT> FindBreaks(LPCWSTR psz, UINT nLength)
+std::vector<UINT> FindBreaks(LPCWSTR psz)
 {
     std::vector<UINT> breaks;
     UINT nColumn = 0;
@@ -42,7 +39,7 @@ std::vector<UINT> FindBreaks(LPCWSTR psz, UINT nLength)
         nColumn = fLineEnd ? 0 : nColumn + 1;
         p += fLineEnd ? 2 : 1;
         if (nColumn > COLUMNS) {
-            p = FindBreak(psz, p, breaks.empty() ? 0 : breaks.back(), nLength);
+            p = FindBreak(psz, p, breaks.empty() ? 0 : breaks.back());
             breaks.push_back(p);
             nColumn = 0;
         }
@@ -58,7 +55,7 @@ void GLabel::WrapText(OString<wchar_t>& out, const OString<wchar_t>& in)
     const UINT nLength = in.GetLength();
     std::vector<wchar_t> text;
     UINT nStart = 0;
-    for (const UINT nBreak : FindBreaks(psz, nLength)) {
+    for (const UINT nBreak : FindBreaks(psz)) {
         text.insert(text.end(), psz + nStart, psz + nBreak);
         text.insert(text.end(), {L'\r', L'\n'});
         nStart = nBreak;

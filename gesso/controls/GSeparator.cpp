@@ -80,14 +80,8 @@ LRESULT GSeparator::OnLButtonDown(WPARAM, POINTS pt)
 
 LRESULT GSeparator::OnLButtonUp(WPARAM, POINTS pt)
 {
-    const HWND hwnd = m_hWnd;
-    if (m_dwState & GWS_PRESSED) {
-        // Sends WM_CAPTURECHANGED, which clears GWS_PRESSED, and which a host that subclassed the strip may
-        // answer by destroying it.
-        ReleaseCapture();
-        if (Frame::IsAlive(hwnd, this)) {
-            SendDrag(GSN_ENDDRAG, pt);
-        }
+    if (gesso::EndPress(*this)) {
+        SendDrag(GSN_ENDDRAG, pt);
     }
     return 0;
 }
