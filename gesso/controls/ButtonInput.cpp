@@ -103,21 +103,4 @@ LRESULT OnButtonMove(GWnd& wnd, POINTS pt)
     return 0;
 }
 
-LRESULT CodeOfDefault(DWORD dwStyle)
-{
-    return DLGC_BUTTON | (dwStyle & GBS_DEFAULT ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
-}
-
-LRESULT OnSetDefault(GWnd& wnd, WPARAM wStyle, UINT uRedraw)
-{
-    const HWND hwnd = Frame::Handle(wnd);
-    const DWORD dwStyle = Frame::Style(wnd);
-    // Tells whoever subclassed the control of the new style.
-    Frame::SetStyle(wnd, wStyle & BS_DEFPUSHBUTTON ? dwStyle | GBS_DEFAULT : dwStyle & ~GBS_DEFAULT);
-    if (uRedraw && Frame::IsAlive(hwnd, &wnd)) {
-        wnd.Invalidate(0);
-    }
-    return 0;
-}
-
 } // namespace gesso

@@ -22,9 +22,4 @@ LRESULT OnButtonDown(GWnd& wnd);
 LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds = true);
 LRESULT OnButtonMove(GWnd& wnd, POINTS pt);
 
-// WM_GETDLGCODE of a button that may be a dialog's default, by its GBS_DEFAULT; and BM_SETSTYLE, of which
-// only BS_DEFPUSHBUTTON counts: it sets or clears that bit.
-LRESULT CodeOfDefault(DWORD dwStyle);
-LRESULT OnSetDefault(GWnd& wnd, WPARAM wStyle, UINT uRedraw);
-
 } // namespace gesso

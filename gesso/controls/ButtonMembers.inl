@@ -1,9 +1,9 @@
 // The members that GButton, GCheckBox, GRadioButton and GCommandButton have alike: what ContentMembers.inl
-// brings, the pointer and key machine, and the rows of the window procedure for both. Included where the
-// class is named `Control`.
+// and PressMembers.inl bring, and the rows of the window procedure for both. Included where the class is
+// named `Control`.
 
-#include <gesso/controls/ButtonInput.h>
 #include <gesso/controls/ContentMembers.inl>
+#include <gesso/controls/PressMembers.inl>
 #include <gesso/framework/BufferedPaint.h>
 
 LRESULT Control::OnEnable(BOOL fEnable)
@@ -11,54 +11,14 @@ LRESULT Control::OnEnable(BOOL fEnable)
     return gesso::Frame::OnEnable(*this, fEnable);
 }
 
-LRESULT Control::OnSetFocus(HWND)
-{
-    return gesso::Frame::OnSetFocus(*this);
-}
-
-LRESULT Control::OnKillFocus(HWND)
-{
-    return gesso::Frame::OnKillFocus(*this);
-}
-
-LRESULT Control::OnKeyDown(UINT uKey, LPARAM)
-{
-    return gesso::OnButtonKeyDown(*this, uKey);
-}
-
 LRESULT Control::OnKeyUp(UINT uKey, LPARAM)
 {
     return gesso::OnButtonKeyUp(*this, uKey);
 }
 
-LRESULT Control::OnLButtonDown(WPARAM, POINTS)
-{
-    return gesso::OnButtonDown(*this);
-}
-
 LRESULT Control::OnLButtonUp(WPARAM, POINTS pt)
 {
     return gesso::OnButtonUp(*this, pt);
-}
-
-LRESULT Control::OnMouseMove(WPARAM, POINTS pt)
-{
-    return gesso::OnButtonMove(*this, pt);
-}
-
-LRESULT Control::OnMouseLeave()
-{
-    return gesso::Frame::OnMouseLeave(*this);
-}
-
-LRESULT Control::OnCaptureChanged(HWND hwndNew)
-{
-    return gesso::Frame::OnCaptureChanged(*this, hwndNew);
-}
-
-int Control::HitTest(POINTS pt) const
-{
-    return gesso::HitTestClient(m_hWnd, pt);
 }
 
 // What the class's WindowProc does not take for itself.

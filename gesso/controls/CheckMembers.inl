@@ -1,9 +1,22 @@
-// The members that GCheckBox and GRadioButton have alike: what TextButtonMembers.inl brings, and the check
-// value. Included where the class is named `Control`.
+// The members that GCheckBox and GRadioButton have alike: what ButtonMembers.inl and TextButtonMembers.inl
+// bring, the check value and the drawing. Included where the class is named `Control`, and where PART and
+// PLAIN_PART are the box, of the style and without one.
 
+#include <gesso/controls/ButtonMembers.inl>
 #include <gesso/controls/CheckDrawing.h>
 #include <gesso/controls/TextButtonMembers.inl>
 #include <gesso/framework/WindowClass.h>
+
+void Control::Draw(HDC hdc)
+{
+    RECT rc{};
+    const DWORD dwStyle = gesso::Frame::Style(*this);
+    if (gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
+        gesso::DrawCheck(
+            hdc, rc, {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
+            PART, PLAIN_PART);
+    }
+}
 
 void Control::SetCheck(int nCheck)
 {

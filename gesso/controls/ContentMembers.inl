@@ -1,27 +1,9 @@
 // The members that every control with a text and an image has alike: GLabel, GButton, GCheckBox, GRadioButton
-// and GCommandButton.
-//
-// The interface gives each class members of its own, straight behind GWnd, so that no base class can hold
-// them. They are written once here instead; the source of each class names it `Control` and includes this.
+// and GCommandButton. Included where the class is named `Control`.
 
 #include <gesso/controls/Image.h>
-#include <gesso/framework/Frame.h>
+#include <gesso/controls/StyleMembers.inl>
 #include <gesso/framework/ThemeFont.h>
-
-int Control::Destroy()
-{
-    return DestroyWindow(m_hWnd);
-}
-
-DWORD Control::SetStyle(DWORD dwStyle)
-{
-    return gesso::Frame::SetStyle(*this, dwStyle);
-}
-
-DWORD Control::GetStyle() const
-{
-    return gesso::Frame::Style(*this);
-}
 
 void Control::SetFont(HFONT hFont)
 {

@@ -11,6 +11,7 @@ using gesso::ImageKind;
 using gesso::ImageSide;
 
 using Control = GButton;
+#include <gesso/controls/DefaultMembers.inl>
 #include <gesso/controls/TextButtonMembers.inl>
 
 constinit ATOM GButton::s_aClass = 0;
@@ -63,28 +64,5 @@ void GButton::Draw(HDC hdc)
     part.DrawString(pszText, uFormat | gesso::PrefixFormat(m_dwState), rcText);
     if (gesso::ShowsFocus(m_hWnd, m_dwState)) {
         DrawFocusRect(hdc, &rcContent);
-    }
-}
-
-LRESULT GButton::OnGetDlgCode() const
-{
-    return gesso::CodeOfDefault(Frame::Style(*this));
-}
-
-LRESULT GButton::OnSetStyle(WPARAM wStyle, UINT uRedraw)
-{
-    return gesso::OnSetDefault(*this, wStyle, uRedraw);
-}
-
-LRESULT CALLBACK GButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
-{
-    auto* pButton = Frame::ObjectOf<GButton>(hwnd);
-    if (!pButton) {
-        return uMsg == WM_CREATE ? Frame::Attach<GButton>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    switch (uMsg) {
-    case BM_SETSTYLE: return pButton->OnSetStyle(wParam, LOWORD(lParam));
-    default: return pButton->OnButtonMessage(uMsg, wParam, lParam);
     }
 }

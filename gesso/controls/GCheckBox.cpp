@@ -1,4 +1,12 @@
 #include <gesso/controls/GCheckBox.h>
+#include <gesso/framework/ThemePart.h>
+
+namespace {
+
+constexpr int PART = BP_CHECKBOX;
+constexpr auto PLAIN_PART = gesso::PlainPart::CheckBox;
+
+} // namespace
 
 using Control = GCheckBox;
 #include <gesso/controls/CheckMembers.inl>
@@ -8,17 +16,6 @@ constinit ATOM GCheckBox::s_aClass = 0;
 ATOM GCheckBox::IsolationAwareRegisterClassW()
 {
     return gesso::RegisterControlClass(s_aClass, L"GCheckBox", WindowProc, gesso::CLASS_CONTROL);
-}
-
-void GCheckBox::Draw(HDC hdc)
-{
-    RECT rc{};
-    const DWORD dwStyle = gesso::Frame::Style(*this);
-    if (gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
-        gesso::DrawCheck(
-            hdc, rc, {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
-            BP_CHECKBOX, gesso::PlainPart::CheckBox);
-    }
 }
 
 LRESULT GCheckBox::OnGetDlgCode() const

@@ -11,7 +11,7 @@ using gesso::PlainPart;
 using gesso::ThemePart;
 
 using Control = GCommandButton;
-#include <gesso/controls/ButtonMembers.inl>
+#include <gesso/controls/DefaultMembers.inl>
 
 constinit ATOM GCommandButton::s_aClass = 0;
 
@@ -188,27 +188,4 @@ LRESULT GCommandButton::OnThemeChanged()
     OpenTheme();
     Invalidate(0);
     return 0;
-}
-
-LRESULT GCommandButton::OnGetDlgCode() const
-{
-    return gesso::CodeOfDefault(Frame::Style(*this));
-}
-
-LRESULT GCommandButton::OnSetStyle(WPARAM wStyle, UINT uRedraw)
-{
-    return gesso::OnSetDefault(*this, wStyle, uRedraw);
-}
-
-LRESULT CALLBACK GCommandButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
-{
-    auto* pButton = Frame::ObjectOf<GCommandButton>(hwnd);
-    if (!pButton) {
-        return uMsg == WM_CREATE ? Frame::Attach<GCommandButton>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    switch (uMsg) {
-    case BM_SETSTYLE: return pButton->OnSetStyle(wParam, LOWORD(lParam));
-    default: return pButton->OnButtonMessage(uMsg, wParam, lParam);
-    }
 }

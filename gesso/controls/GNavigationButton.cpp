@@ -1,10 +1,14 @@
-#include <gesso/controls/ButtonInput.h>
 #include <gesso/controls/GNavigationButton.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
+
+using Control = GNavigationButton;
+#include <gesso/controls/PressMembers.inl>
+#include <gesso/controls/StyleMembers.inl>
 
 constinit ATOM GNavigationButton::s_aClass = 0;
 
@@ -32,21 +36,6 @@ HWND GNavigationButton::Create(int x, int y, int cx, int cy, HWND hwndParent, in
 {
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
-}
-
-int GNavigationButton::Destroy()
-{
-    return DestroyWindow(m_hWnd);
-}
-
-DWORD GNavigationButton::SetStyle(DWORD dwStyle)
-{
-    return Frame::SetStyle(*this, dwStyle);
-}
-
-DWORD GNavigationButton::GetStyle() const
-{
-    return Frame::Style(*this);
 }
 
 void GNavigationButton::Draw(HDC hdc)
@@ -80,21 +69,6 @@ LRESULT GNavigationButton::OnEnable(BOOL fEnable)
     return 0;
 }
 
-LRESULT GNavigationButton::OnSetFocus(HWND)
-{
-    return Frame::OnSetFocus(*this);
-}
-
-LRESULT GNavigationButton::OnKillFocus(HWND)
-{
-    return Frame::OnKillFocus(*this);
-}
-
-LRESULT GNavigationButton::OnKeyDown(UINT uKey, LPARAM)
-{
-    return gesso::OnButtonKeyDown(*this, uKey);
-}
-
 // Asks for the repaint first here too.
 LRESULT GNavigationButton::OnKeyUp(UINT uKey, LPARAM)
 {
@@ -109,30 +83,10 @@ LRESULT GNavigationButton::OnKeyUp(UINT uKey, LPARAM)
     return 0;
 }
 
-LRESULT GNavigationButton::OnLButtonDown(WPARAM, POINTS)
-{
-    return gesso::OnButtonDown(*this);
-}
-
 // A held space key does not keep the mouse from clicking here.
 LRESULT GNavigationButton::OnLButtonUp(WPARAM, POINTS pt)
 {
     return gesso::OnButtonUp(*this, pt, false);
-}
-
-LRESULT GNavigationButton::OnMouseMove(WPARAM, POINTS pt)
-{
-    return gesso::OnButtonMove(*this, pt);
-}
-
-LRESULT GNavigationButton::OnMouseLeave()
-{
-    return Frame::OnMouseLeave(*this);
-}
-
-LRESULT GNavigationButton::OnCaptureChanged(HWND hwndNew)
-{
-    return Frame::OnCaptureChanged(*this, hwndNew);
 }
 
 // Opens another class than at first, and goes on drawing its part of the same number: hosts rely on it.
@@ -149,11 +103,6 @@ LRESULT GNavigationButton::OnStyleChanged()
 LRESULT GNavigationButton::OnGetDlgCode() const
 {
     return DLGC_BUTTON;
-}
-
-int GNavigationButton::HitTest(POINTS pt) const
-{
-    return gesso::HitTestClient(m_hWnd, pt);
 }
 
 LRESULT CALLBACK GNavigationButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)

@@ -10,6 +10,9 @@ using gesso::Frame;
 using gesso::PlainPart;
 using gesso::ThemePart;
 
+using Control = GProgressBar;
+#include <gesso/controls/StyleMembers.inl>
+
 constinit ATOM GProgressBar::s_aClass = 0;
 
 namespace {
@@ -34,21 +37,6 @@ HWND GProgressBar::Create(int x, int y, int cx, int cy, HWND hwndParent, int, DW
 {
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, 0,
                                dwExStyle, dwStyle);
-}
-
-int GProgressBar::Destroy()
-{
-    return DestroyWindow(m_hWnd);
-}
-
-DWORD GProgressBar::SetStyle(DWORD dwStyle)
-{
-    return Frame::SetStyle(*this, dwStyle);
-}
-
-DWORD GProgressBar::GetStyle() const
-{
-    return Frame::Style(*this);
 }
 
 void GProgressBar::SetProgress(UINT nProgress)

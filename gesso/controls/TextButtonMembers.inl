@@ -1,8 +1,7 @@
-// The members that GButton, GCheckBox and GRadioButton have alike: what ButtonMembers.inl brings, and coming
-// to life with one text, the default font and the "BUTTON" theme. Included where the class is named
-// `Control`.
+// The members by which GButton, GCheckBox and GRadioButton come to life alike: with one text, the default
+// font and the "BUTTON" theme. Included where the class is named `Control`.
 
-#include <gesso/controls/ButtonMembers.inl>
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 
 HWND Control::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwExStyle,
