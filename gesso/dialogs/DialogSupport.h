@@ -2,11 +2,16 @@
 // procedures.
 #pragma once
 
+#include <gesso/controls/ControlStyles.h>
 #include <gesso/dialogs/GDialog.h>
 
 #include <vector>
 
 namespace gesso {
+
+// Of the push buttons in the dialogs.
+constexpr DWORD DIALOG_BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
+static_assert(DIALOG_BUTTON_STYLE == 0x50010005);
 
 // Finds, loads and locks a template of the type "RT_DLG". Null, with the platform's last error, where a step
 // fails.

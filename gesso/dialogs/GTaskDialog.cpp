@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <bit>
 
+using gesso::DIALOG_BUTTON_STYLE;
 using gesso::MapUnits;
 using gesso::PlainPart;
 using gesso::ThemePart;
@@ -21,8 +22,6 @@ constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_CENTER | 
 static_assert(DIALOG_STYLE == 0x80C80848);
 constexpr UINT DEFAULT_WIDTH = 100;
 constexpr UINT FIRST_HEIGHT = 65;
-constexpr DWORD BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
-static_assert(BUTTON_STYLE == 0x50010005);
 
 // Columns of text, in average characters of each pane, that the dialog is wide enough for.
 constexpr int INSTRUCTION_COLUMNS = 40;
@@ -264,7 +263,7 @@ void GTaskDialog::MakeButtons()
             continue;
         }
         GButton* pButton = *ppNext++ = new GButton;
-        pButton->Create(x, y, cx, cy, m_hWnd, common.nId, common.pszLabel, 0, BUTTON_STYLE);
+        pButton->Create(x, y, cx, cy, m_hWnd, common.nId, common.pszLabel, 0, DIALOG_BUTTON_STYLE);
         if (hFont) {
             SendMessageW(*pButton, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0);
         }

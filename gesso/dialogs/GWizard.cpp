@@ -1,3 +1,4 @@
+#include <gesso/containers/Misuse.h>
 #include <gesso/controls/GButton.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWizard.h>
@@ -5,6 +6,9 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/ThemePart.h>
 
+#include <utility>
+
+using gesso::DIALOG_BUTTON_STYLE;
 using gesso::MapUnits;
 
 namespace {
@@ -15,8 +19,6 @@ static_assert(DIALOG_STYLE == 0x92C808C8);
 constexpr UINT DIALOG_WIDTH = 400;
 constexpr UINT DIALOG_HEIGHT = 300;
 constexpr int FOOTER_UNITS = 28;
-constexpr DWORD BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
-static_assert(BUTTON_STYLE == 0x50010005);
 
 // Where the title stands in the header that Draw paints.
 constexpr int TITLE_LEFT = 48;
@@ -271,10 +273,10 @@ void GWizard::MakeButtons()
     };
     // Finish waits, hidden, in the place of Next.
     make(m_pFinish, xNext, WZB_FINISH, m_pConfig ? m_pConfig->pszFinish : nullptr,
-         BUTTON_STYLE & ~DWORD{WS_VISIBLE});
-    make(m_pCancel, xCancel, WZB_CANCEL, L"Cancel", BUTTON_STYLE);
-    make(m_pNext, xNext, WZB_NEXT, L"Next", BUTTON_STYLE);
-    make(m_pBack, xNext - cxGap - cx, WZB_BACK, L"Back", BUTTON_STYLE);
+         DIALOG_BUTTON_STYLE & ~DWORD{WS_VISIBLE});
+    make(m_pCancel, xCancel, WZB_CANCEL, L"Cancel", DIALOG_BUTTON_STYLE);
+    make(m_pNext, xNext, WZB_NEXT, L"Next", DIALOG_BUTTON_STYLE);
+    make(m_pBack, xNext - cxGap - cx, WZB_BACK, L"Back", DIALOG_BUTTON_STYLE);
 }
 
 // --- Drawing ---

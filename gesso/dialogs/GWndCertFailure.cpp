@@ -1,103 +1,22 @@
 #include <gesso/controls/GButton.h>
 #include <gesso/controls/GCheckBox.h>
-#include <gesso/dialogs/CertTexts.h>
+#include <gesso/dialogs/CertContent.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWndCertFailure.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
-#include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Module.h>
 #include <gesso/framework/ThemePart.h>
 
-#include <algorithm>
+#include <utility>
 
-using gesso::MapUnits;
 using gesso::SEVERITIES;
-
-// What the dialog paints besides its bands: a text or an icon.
-struct CertElement
-{
-    UINT uKind;
-    HFONT hFont;
-    COLORREF cr;
-    LPCWSTR pszText;
-    RECT rc;
-    HICON hIcon;
-    int x, y;
-};
-
-// The state of the one pass from top to bottom in which everything is measured and placed.
-struct GWndCertFailure::Layout
-{
-    HDC hdc;
-    HFONT hFontHeader, hFontDialog;
-    const gesso::CertSeverity& severity;
-    int cxMargin, cxGap, cyGap; // 7, 5 and 10 dialog units
-    SIZE icon{GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)};
-    SIZE smallIcon{GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)};
-    int cyIconShift = 0; // centres a small icon on a line of text
-    int xLimit = 0;      // the right limit of all text
-    int xWidest = 0;     // the right edge of the widest text so far
-    int y = 0;           // where the next element goes
-    int cxClient = 0, cyClient = 0, cyFooter = 0;
-
-    // Measures a text, wrapped at the limit, and keeps the widest.
-    RECT Measure(HFONT hFont, LPCWSTR psz, int x, int yTop)
-    {
-        const gesso::SelectScope font(hdc, hFont);
-        RECT rc{x, yTop, xLimit, 0};
-        DrawTextW(hdc, psz, -1, &rc, DT_CALCRECT | DT_WORDBREAK);
-        xWidest = std::max<int>(xWidest, rc.right);
-        return rc;
-    }
-};
 
 namespace {
 
-constexpr UINT KIND_TEXT = 1;
-constexpr UINT KIND_ICON = 2;
 constexpr UINT TEMPLATE_ID = 130;
-constexpr WORD SUBJECT_ICON = 139;
-constexpr int CHECKBOX_ID = 1080;
-constexpr int SHOW_ID = 2000;
-constexpr int HEADER_FONT_HEIGHT = -16;
-constexpr int HEADER_MARGIN = 3;
-constexpr int HEADER_COLUMNS = 48;
-constexpr int BODY_COLUMNS = 58;
-constexpr COLORREF BLACK = 0;
-constexpr DWORD BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
-constexpr DWORD CHECKBOX_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_VCENTER;
-static_assert(BUTTON_STYLE == 0x50010005 && CHECKBOX_STYLE == 0x50010004);
-
-const gesso::CertSeverity& SeverityOf(const GWNDCERTFAILURECONFIG& config)
-{
-    return SEVERITIES[std::min<size_t>(config.dwType, std::size(SEVERITIES) - 1)];
-}
-
-HFONT MakeHeaderFont()
-{
-    return CreateFontW(HEADER_FONT_HEIGHT, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                       CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, L"Segoe UI");
-}
-
-TEXTMETRICW MetricsOf(HDC hdc, HFONT hFont)
-{
-    const gesso::SelectScope font(hdc, hFont);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(hdc, &metrics);
-    return metrics;
-}
-
-// One pixel of a gradient's channel, worked in single precision and cut off.
-DWORD Blend(DWORD crLeft, DWORD crRight, int nShift, int x, int nSteps)
-{
-    const int nLeft = static_cast<int>((crLeft >> nShift) & 0xFF);
-    const int nRight = static_cast<int>((crRight >> nShift) & 0xFF);
-    const float step = static_cast<float>(nRight - nLeft) / static_cast<float>(nSteps);
-    return static_cast<DWORD>(static_cast<int>(step * static_cast<float>(x)) + nLeft) & 0xFF;
-}
 
 } // namespace
 
@@ -139,192 +58,6 @@ DLGPROC GWndCertFailure::GetDialogProc()
     return DialogProc;
 }
 
-// --- Layout ---
-
-void GWndCertFailure::AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc)
-{
-    m_aElements.Add(new CertElement{KIND_TEXT, hFont, cr, psz, rc, nullptr, 0, 0});
-}
-
-HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
-{
-    HICON hIcon = nullptr;
-    const auto hInstance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(m_hWnd, GWLP_HINSTANCE));
-    IsolationAwareLoadIconWithScaleDown(hInstance, MAKEINTRESOURCEW(wId), cx, cy, &hIcon);
-    m_aIcons.Add(hIcon);
-    return hIcon;
-}
-
-void GWndCertFailure::AddIcon(HICON hIcon, int x, int y)
-{
-    m_aElements.Add(new CertElement{KIND_ICON, nullptr, 0, nullptr, {}, hIcon, x, y});
-}
-
-int GWndCertFailure::OnInitDialog()
-{
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"TASKDIALOG"));
-    SetWindowTextW(m_hWnd, gesso::TextOrEmpty(m_pConfig->pszCaption));
-    const HDC hdc = GetDC(m_hWnd);
-    const int nSaved = SaveDC(hdc);
-    const HFONT hFontHeader = MakeHeaderFont();
-    m_aFonts.Add(hFontHeader);
-    const RECT rcUnits = MapUnits(m_hWnd, 7, 7, 5, 10);
-    Layout layout{.hdc = hdc,
-                  .hFontHeader = hFontHeader,
-                  .hFontDialog = gesso::FontOf(m_hWnd),
-                  .severity = SeverityOf(*m_pConfig),
-                  .cxMargin = rcUnits.left,
-                  .cxGap = rcUnits.right,
-                  .cyGap = rcUnits.bottom};
-    PlaceHeader(layout);
-    PlaceSubject(layout);
-    PlaceFailures(layout);
-    if (m_pConfig->dwType != CFT_INVALID) {
-        PlaceQuestion(layout);
-    }
-    PlaceButtons(layout);
-    FitWindow(layout);
-    m_rcHeader.right = layout.cxClient;
-    MakeGradient();
-    RestoreDC(hdc, nSaved);
-    ReleaseDC(m_hWnd, hdc);
-    SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->dwType == CFT_INVALID ? IDOK : IDYES, 0);
-    return 1;
-}
-
-void GWndCertFailure::PlaceHeader(Layout& layout)
-{
-    const TEXTMETRICW body = MetricsOf(layout.hdc, layout.hFontDialog);
-    const TEXTMETRICW head = MetricsOf(layout.hdc, layout.hFontHeader);
-    layout.cyIconShift = (body.tmHeight - layout.smallIcon.cy) / 2;
-    layout.xLimit = std::max<int>(BODY_COLUMNS * body.tmAveCharWidth,
-                                  layout.cxGap + layout.icon.cx + HEADER_COLUMNS * head.tmAveCharWidth) +
-                    layout.cxMargin;
-    m_rcHeader = MapUnits(m_hWnd, 0, 0, 0, 30);
-    RECT rc = layout.Measure(layout.hFontHeader, layout.severity.pszHeader,
-                             MapUnits(m_hWnd, 9, 0, 0, 0).left + layout.icon.cx, 0);
-    if (rc.bottom + 5 < m_rcHeader.bottom) {
-        OffsetRect(&rc, 0, (m_rcHeader.bottom - rc.bottom) / 2);
-    } else {
-        OffsetRect(&rc, 0, HEADER_MARGIN);
-        m_rcHeader.bottom = rc.bottom + HEADER_MARGIN;
-    }
-    AddText(layout.hFontHeader, layout.severity.crText, layout.severity.pszHeader, rc);
-    AddIcon(LoadKeptIcon(layout.severity.wHeaderIcon, layout.icon.cx, layout.icon.cy), layout.cxGap,
-            (m_rcHeader.bottom - layout.icon.cy) / 2);
-    layout.y = m_rcHeader.bottom + layout.cyGap;
-}
-
-// The subject beside its icon, and the status sentence.
-void GWndCertFailure::PlaceSubject(Layout& layout)
-{
-    AddIcon(LoadKeptIcon(SUBJECT_ICON, layout.smallIcon.cx, layout.smallIcon.cy), 3 * layout.cxGap,
-            layout.y + layout.cyIconShift);
-    const LPCWSTR pszSubject = gesso::TextOrEmpty(m_pConfig->pszSubject);
-    RECT rc =
-        layout.Measure(layout.hFontDialog, pszSubject, layout.smallIcon.cx + 4 * layout.cxGap, layout.y);
-    AddText(layout.hFontDialog, BLACK, pszSubject, rc);
-    rc = layout.Measure(layout.hFontDialog, layout.severity.pszStatus, layout.cxMargin,
-                        rc.bottom + layout.cyGap);
-    AddText(layout.hFontDialog, BLACK, layout.severity.pszStatus, rc);
-    layout.y = rc.bottom + layout.cyGap;
-}
-
-void GWndCertFailure::PlaceFailures(Layout& layout)
-{
-    const HICON hIcon = LoadKeptIcon(layout.severity.wLineIcon, layout.smallIcon.cx, layout.smallIcon.cy);
-    int yEnd = layout.y;
-    for (size_t i = 0; i < std::size(gesso::FAILURE_TEXTS); ++i) {
-        if (!(m_pConfig->dwFailures & (1u << i))) {
-            continue;
-        }
-        AddIcon(hIcon, 4 * layout.cxGap, layout.y + layout.cyIconShift);
-        const LPCWSTR pszLine = gesso::FAILURE_TEXTS[i];
-        const RECT rc =
-            layout.Measure(layout.hFontDialog, pszLine, layout.smallIcon.cx + 5 * layout.cxGap, layout.y);
-        AddText(layout.hFontDialog, BLACK, pszLine, rc);
-        layout.y = rc.bottom + layout.cyGap / 2;
-        yEnd = rc.bottom + layout.cyGap;
-    }
-    layout.y = yEnd;
-}
-
-void GWndCertFailure::PlaceQuestion(Layout& layout)
-{
-    RECT rc =
-        layout.Measure(layout.hFontDialog, gesso::QUESTION_TEXT, layout.cxMargin, layout.y + layout.cyGap);
-    AddText(layout.hFontDialog, BLACK, gesso::QUESTION_TEXT, rc);
-    layout.y = rc.bottom + layout.cyGap;
-    rc = layout.Measure(layout.hFontDialog, gesso::DONT_ASK_TEXT, layout.cxMargin, layout.y + layout.cyGap);
-    layout.xWidest = std::max<int>(layout.xWidest, rc.right + 2 * layout.cxGap);
-    m_pCheckBox = new GCheckBox;
-    m_pCheckBox->Create(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap, m_hWnd, CHECKBOX_ID,
-                        gesso::DONT_ASK_TEXT, 0, CHECKBOX_STYLE);
-    layout.y += 2 * layout.cyGap;
-}
-
-GButton* GWndCertFailure::MakeButton(int x, int y, int cx, int cy, int nId, LPCWSTR pszLabel, HFONT hFont)
-{
-    auto* pButton = new GButton;
-    pButton->Create(x, y, cx, cy, m_hWnd, nId, pszLabel, 0, BUTTON_STYLE);
-    SendMessageW(*pButton, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0);
-    return pButton;
-}
-
-void GWndCertFailure::PlaceButtons(Layout& layout)
-{
-    const RECT rcUnits = MapUnits(m_hWnd, 50, 14, 4, 28);
-    const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
-    const int cxShow = MapUnits(m_hWnd, 80, 0, 0, 0).left;
-    layout.cyFooter = rcUnits.bottom;
-    const int y = (layout.cyFooter - cy) / 2 + layout.y;
-    const bool fAsks = m_pConfig->dwType != CFT_INVALID;
-    const int cxNeeded =
-        fAsks ? 2 * (cxGap + cx + layout.cxMargin) + cxShow : cxGap + 2 * layout.cxMargin + cx + cxShow;
-    const int xRight = std::max(cxNeeded, layout.xWidest);
-    const auto make = [&](int x, int cxButton, int nId, LPCWSTR pszLabel) {
-        return MakeButton(x, y, cxButton, cy, nId, pszLabel, layout.hFontDialog);
-    };
-    m_ppButtons = new GButton* [3] {};
-    m_ppButtons[1] = make(xRight - cx, cx, fAsks ? IDNO : IDOK, fAsks ? L"Nein" : L"OK");
-    if (fAsks) {
-        m_ppButtons[2] = make(xRight - cx - cx - cxGap, cx, IDYES, L"Ja");
-    }
-    m_ppButtons[0] = make(layout.cxMargin, cxShow, SHOW_ID, L"Zertifikat anzeigen...");
-    layout.cxClient = layout.cxMargin + xRight;
-    layout.cyClient = layout.cyFooter + layout.y;
-    m_rcFooter = {0, layout.y, layout.cxClient, layout.cyClient};
-}
-
-void GWndCertFailure::FitWindow(const Layout& layout)
-{
-    RECT rcClient{}, rcWindow{};
-    GetClientRect(m_hWnd, &rcClient);
-    GetWindowRect(m_hWnd, &rcWindow);
-    gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd),
-                        {rcWindow.right - rcWindow.left + layout.cxClient - rcClient.right,
-                         rcWindow.bottom - rcWindow.top + layout.cyClient - rcClient.bottom});
-}
-
-// One row, which painting repeats.
-void GWndCertFailure::MakeGradient()
-{
-    const gesso::CertSeverity& severity = SeverityOf(*m_pConfig);
-    const int cx = m_rcHeader.right;
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), cx, 1, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    void* pBits = nullptr;
-    m_hGradient = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pBits, nullptr, 0);
-    auto* pPixels = static_cast<DWORD*>(pBits);
-    for (int x = 0; pPixels && x < cx; ++x) {
-        const auto blend = [&](int nShift) {
-            return Blend(severity.crLeft, severity.crRight, nShift, x, std::max(cx - 1, 1));
-        };
-        // A COLORREF has red lowest, a pixel blue.
-        pPixels[x] = blend(0) << 16 | blend(8) << 8 | blend(16);
-    }
-}
-
 // --- Drawing ---
 
 void GWndCertFailure::Draw(HDC hdc)
@@ -352,10 +85,10 @@ void GWndCertFailure::Draw(HDC hdc)
 void GWndCertFailure::DrawElements(HDC hdc) const
 {
     HFONT hFont = nullptr;
-    COLORREF cr = BLACK;
+    COLORREF cr = gesso::BLACK;
     for (UINT i = 0; i < m_aElements.GetLength(); ++i) {
         const auto& element = *static_cast<const CertElement*>(m_aElements[i]);
-        if (element.uKind == KIND_ICON) {
+        if (element.uKind == gesso::KIND_ICON) {
             DrawIconEx(hdc, element.x, element.y, element.hIcon, 0, 0, 0, nullptr, DI_NORMAL);
             continue;
         }
@@ -393,8 +126,8 @@ int GWndCertFailure::OnCommand(UINT uId, HWND hwndControl)
     case IDCANCEL:
     case IDYES:
     case IDNO: EndDialog(m_hWnd, static_cast<INT_PTR>(m_dwResult | (fGoOn ? IDYES : IDNO))); break;
-    case CHECKBOX_ID: OnToggle(hwndControl); break;
-    case SHOW_ID:
+    case gesso::CHECKBOX_ID: OnToggle(hwndControl); break;
+    case gesso::SHOW_ID:
         if (m_pConfig->pfnShow) {
             m_pConfig->pfnShow(m_hWnd, m_pConfig->pData);
         }

@@ -1,9 +1,30 @@
-// What GWndCertFailure says and how it looks at each severity.
+// What GWndCertFailure shows: its texts, and its colours and icons at each severity; and the elements that
+// its layout leaves for its painting.
 #pragma once
 
 #include <gesso/api.h>
 
+// What the dialog paints besides its bands: a text or an icon.
+struct CertElement
+{
+    UINT uKind; // KIND_
+    HFONT hFont;
+    COLORREF cr;
+    LPCWSTR pszText;
+    RECT rc;
+    HICON hIcon;
+    int x, y;
+};
+
 namespace gesso {
+
+constexpr UINT KIND_TEXT = 1;
+constexpr UINT KIND_ICON = 2;
+constexpr COLORREF BLACK = 0;
+
+// The controls that have no id of the platform's.
+constexpr int CHECKBOX_ID = 1080;
+constexpr int SHOW_ID = 2000;
 
 struct CertSeverity
 {
@@ -17,13 +38,11 @@ struct CertSeverity
 inline constexpr CertSeverity SEVERITIES[] = {
     {L"Verbindungsidentifizierung", 0xFFFFFF, 0x6D3800, 0x997510, 138, 135, L"Die Verbindung ist sicher."},
     {L"Nicht vertrauenswürdiges Zertifikat", 0x000000, 0x00B1F2, 0x48CDFE, 133, 136,
-     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert werden. "
-     L"Das "
-     L"Fortsetzen des Vorgangs ist eventuell nicht sicher."},
+     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert "
+     L"werden. Das Fortsetzen des Vorgangs ist eventuell nicht sicher."},
     {L"Zertifikat ungültig", 0xFFFFFF, 0x0000AE, 0x0000E2, 137, 134,
-     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert werden. "
-     L"Das "
-     L"Fortsetzen des Vorgangs ist nicht möglich."},
+     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert "
+     L"werden. Das Fortsetzen des Vorgangs ist nicht möglich."},
 };
 
 // By bit of the failures.
