@@ -34,18 +34,20 @@ HGLOBAL GlobalCopy(LPCWSTR psz, size_t nLength)
     return nullptr;
 }
 
+// On success the block is the clipboard's.
+bool PutOnClipboard(HWND hwnd, HGLOBAL hText)
+{
+    const OpenedClipboard clipboard(hwnd);
+    return clipboard && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, hText);
+}
+
 } // namespace
 
 bool PutClipboardText(HWND hwnd, LPCWSTR psz, UINT nLength)
 {
-    const OpenedClipboard clipboard(hwnd);
-    if (!clipboard) {
-        return false;
-    }
-    EmptyClipboard();
+    // First of all: emptying the clipboard tells its owner, who may destroy whose text this is.
     const HGLOBAL hText = GlobalCopy(psz, nLength);
-    // On success the block is the clipboard's.
-    const bool fTaken = hText && SetClipboardData(CF_UNICODETEXT, hText);
+    const bool fTaken = hText && PutOnClipboard(hwnd, hText);
     if (hText && !fTaken) {
         GlobalFree(hText);
     }

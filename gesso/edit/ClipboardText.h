@@ -1,4 +1,5 @@
-// The clipboard's text.
+// The clipboard's text. Both operations send messages to the window that has put its content there, which may
+// destroy any control: look again afterwards.
 #pragma once
 
 #include <gesso/containers/OStringEx.h>

@@ -415,7 +415,7 @@ void GComboBox::DeleteBackward()
     }
 }
 
-// False where there is no selection, or the clipboard did not take it.
+// False where there is no selection, or the clipboard did not take it. The control may be gone afterwards.
 bool GComboBox::Copy() const
 {
     const TextRange range = Selection();
@@ -426,15 +426,17 @@ bool GComboBox::Copy() const
 
 void GComboBox::Cut()
 {
-    if (Copy()) {
+    const HWND hwnd = m_hWnd;
+    if (Copy() && Frame::IsAlive(hwnd, this)) {
         RemoveText(Selection());
     }
 }
 
 void GComboBox::Paste()
 {
+    const HWND hwnd = m_hWnd;
     OStringEx<wchar_t> strPasted;
-    if (!gesso::GetClipboardText(m_hWnd, &strPasted)) {
+    if (!gesso::GetClipboardText(hwnd, &strPasted) || !Frame::IsAlive(hwnd, this)) {
         return;
     }
     strPasted.Remove(L'\r');

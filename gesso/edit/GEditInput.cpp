@@ -298,7 +298,7 @@ void GEdit::TakeBack(UINT nOffset)
 // --- Clipboard
 // ----------------------------------------------------------------------------------------------------
 
-// False if there was nothing to copy, or the clipboard would not take it.
+// False if there was nothing to copy, or the clipboard would not take it. The control may be gone afterwards.
 bool GEdit::Copy() const
 {
     const UINT nLength = m_strText.GetLength();
@@ -310,7 +310,8 @@ bool GEdit::Copy() const
 // What the clipboard did not take stays. The lines are not wrapped anew before the next edit.
 LRESULT GEdit::OnCut()
 {
-    if (!Copy()) {
+    const HWND hwnd = m_hWnd;
+    if (!Copy() || !Frame::IsAlive(hwnd, this)) {
         return 0;
     }
     DeleteSelection();
@@ -319,8 +320,9 @@ LRESULT GEdit::OnCut()
 
 LRESULT GEdit::OnPaste()
 {
+    const HWND hwnd = m_hWnd;
     OStringEx<wchar_t> strText;
-    if (!gesso::GetClipboardText(m_hWnd, &strText)) {
+    if (!gesso::GetClipboardText(hwnd, &strText) || !Frame::IsAlive(hwnd, this)) {
         return 0;
     }
     if (HasSelection()) {

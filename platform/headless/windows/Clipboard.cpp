@@ -21,18 +21,25 @@ void FreeData()
     TheDesktop().clipboard.data.clear();
 }
 
+HANDLE DataOf(UINT format)
+{
+    const auto& data = TheDesktop().clipboard.data;
+    const auto found = data.find(format);
+    return found == data.end() ? nullptr : found->second;
+}
+
 } // namespace
 
 std::string ClipboardText()
 {
-    const auto& data = TheDesktop().clipboard.data;
-    const auto found = data.find(CF_UNICODETEXT);
-    return found == data.end() ? std::string() : ToUtf8(View(static_cast<LPCWSTR>(found->second)));
+    const HANDLE text = DataOf(CF_UNICODETEXT);
+    return text ? ToUtf8(View(static_cast<LPCWSTR>(text))) : std::string();
 }
 
 void SetClipboardText(std::string_view text)
 {
     FreeData();
+    TheDesktop().clipboard.owner = nullptr;
     if (text.empty()) {
         return;
     }
@@ -60,7 +67,7 @@ BOOL WINAPI OpenClipboard(HWND hwnd)
         return FALSE;
     }
     clipboard.open = true;
-    clipboard.owner = hwnd;
+    clipboard.opener = hwnd;
     return TRUE;
 }
 
@@ -78,7 +85,12 @@ BOOL WINAPI EmptyClipboard()
     if (!IsOpen()) {
         return FALSE;
     }
+    Clipboard& clipboard = TheDesktop().clipboard;
+    if (Find(clipboard.owner)) {
+        SendMessageW(clipboard.owner, WM_DESTROYCLIPBOARD, 0, 0);
+    }
     FreeData();
+    clipboard.owner = clipboard.opener;
     return TRUE;
 }
 
@@ -100,9 +112,12 @@ HANDLE WINAPI GetClipboardData(UINT format)
     if (FaultFires("GetClipboardData") || !IsOpen()) {
         return nullptr;
     }
-    const auto& data = TheDesktop().clipboard.data;
-    const auto found = data.find(format);
-    return found == data.end() ? nullptr : found->second;
+    // What was put there as null is made when it is wanted.
+    const Clipboard& clipboard = TheDesktop().clipboard;
+    if (clipboard.data.contains(format) && !DataOf(format) && Find(clipboard.owner)) {
+        SendMessageW(clipboard.owner, WM_RENDERFORMAT, format, 0);
+    }
+    return DataOf(format);
 }
 
 BOOL WINAPI IsClipboardFormatAvailable(UINT format)

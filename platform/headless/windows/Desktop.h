@@ -117,7 +117,8 @@ struct LastPress
 struct Clipboard
 {
     bool open = false;
-    HWND owner = nullptr;
+    HWND opener = nullptr;
+    HWND owner = nullptr; // who emptied it last
     std::map<UINT, HANDLE> data;
 };
 
