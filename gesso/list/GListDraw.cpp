@@ -432,7 +432,8 @@ LRESULT GList::OnPaint()
         return 0;
     }
     const HWND hwnd = m_hWnd;
-    gesso::BufferedPaint paint(hwnd);
+    using gesso::BufferedPaint;
+    BufferedPaint paint(hwnd, frameRecord ? BufferedPaint::Area::Whole : BufferedPaint::Area::Invalid);
     Draw(paint.Context());
     if (Frame::IsAlive(hwnd, this) && frameRecord) {
         KeepFrame(paint.KeepBitmap());
