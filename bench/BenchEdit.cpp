@@ -28,11 +28,12 @@ std::wstring MakeText(size_t nLines)
 class BenchEdit : public GEdit
 {
 public:
-    void PutCaretInTheMiddle()
+    void PutCaretInLine(UINT nLine)
     {
-        m_nCaretLine = m_nAnchorLine = m_aLines.GetLength() / 2;
-        m_nCaretChar = m_nAnchorChar = m_aLines[m_nCaretLine] / 2;
+        m_nCaretLine = m_nAnchorLine = nLine;
+        m_nCaretChar = m_nAnchorChar = m_aLines[nLine] / 2;
     }
+    UINT LineCount() const { return m_aLines.GetLength(); }
 };
 
 // The two fields in one window.
@@ -61,11 +62,11 @@ public:
         Set(gesso, text);
         Set(platform, text);
     }
-    void PutCaretsInTheMiddle()
+    void PutCaretsInTheMiddle() { PutCaretsInLine(gesso.LineCount() / 2); }
+    void PutCaretsInLine(UINT nLine)
     {
-        gesso.PutCaretInTheMiddle();
-        const LRESULT nLine = SendMessageW(platform, EM_GETLINECOUNT, 0, 0) / 2;
-        const LRESULT nAt = SendMessageW(platform, EM_LINEINDEX, static_cast<WPARAM>(nLine), 0) + 10;
+        gesso.PutCaretInLine(nLine);
+        const LRESULT nAt = SendMessageW(platform, EM_LINEINDEX, nLine, 0) + 10;
         SendMessageW(platform, EM_SETSEL, static_cast<WPARAM>(nAt), nAt);
     }
 
@@ -81,6 +82,17 @@ void Type(HWND hwnd)
     for (const WPARAM wChar : {WPARAM{'x'}, WPARAM{VK_BACK}}) {
         for (int i = 0; i < KEYS; i++) {
             SendMessageW(hwnd, WM_CHAR, wChar, 1);
+        }
+    }
+}
+
+// Each character and what it changes on the screen.
+void TypeAndPaint(HWND hwnd)
+{
+    for (const WPARAM wChar : {WPARAM{'x'}, WPARAM{VK_BACK}}) {
+        for (int i = 0; i < KEYS; i++) {
+            SendMessageW(hwnd, WM_CHAR, wChar, 1);
+            UpdateWindow(hwnd);
         }
     }
 }
@@ -152,6 +164,10 @@ void MeasureEdits(Bench& bench)
         Fields fields;
         fields.SetBoth(MakeText(2000));
         MeasurePainting(bench, fields.gesso, fields.platform);
+        fields.PutCaretsInLine(2);
+        bench.Measure(
+            "type a character in view, and paint", 2 * KEYS, [&] { TypeAndPaint(fields.gesso); },
+            [&] { TypeAndPaint(fields.platform); });
     }
     MeasureLines(bench, 2000);
     Bench few(FEW_ROUNDS);

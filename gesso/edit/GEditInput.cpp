@@ -37,7 +37,7 @@ void GEdit::Moved()
         PutAnchor(Caret());
     }
     UpdateCursorPos();
-    Invalidate(0);
+    Refresh();
 }
 
 // Ends every edit, a refused one too. The control may be gone afterwards.
@@ -45,15 +45,9 @@ LRESULT GEdit::Edited()
 {
     PutAnchor(Caret());
     UpdateCursorPos();
-    Invalidate(0);
-    SendChange();
+    Refresh();
+    Frame::SendCommand(*this, EN_CHANGE);
     return 0;
-}
-
-void GEdit::SendChange() const
-{
-    SendMessageW(GetParent(), WM_COMMAND, MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(m_hWnd)), EN_CHANGE),
-                 reinterpret_cast<LPARAM>(m_hWnd));
 }
 
 // --- Keys
@@ -94,7 +88,7 @@ LRESULT GEdit::OnControlKey(UINT uKey)
     case 'A':
         SelectAll();
         // Hosts are told of a change though only the selection did.
-        SendChange();
+        Frame::SendCommand(*this, EN_CHANGE);
         break;
     case 'C': Copy(); break;
     case 'X': return OnCut();
@@ -172,7 +166,7 @@ void GEdit::SelectAll()
     PutAnchor({0, 0});
     PutCaret(End());
     UpdateCursorPos();
-    Invalidate(0);
+    Refresh();
 }
 
 LRESULT GEdit::OnDelete()
@@ -357,7 +351,6 @@ LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
-    Invalidate(0);
     // Tells the window that had the capture.
     SetCapture(hwnd);
     if (!Frame::IsAlive(hwnd, this)) {
@@ -370,6 +363,7 @@ LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)
         PutAnchor(Caret());
     }
     UpdateCursorPos();
+    Refresh();
     return 0;
 }
 
@@ -385,11 +379,7 @@ LRESULT GEdit::OnLButtonUp(WPARAM, POINTS pt)
         return OnNcLButtonUp(HTCLIENT, ToScreen(pt));
     }
     if (m_dwState & GWS_PRESSED) {
-        const HWND hwnd = m_hWnd;
         ReleaseCapture();
-        if (Frame::IsAlive(hwnd, this)) {
-            Invalidate(0);
-        }
     }
     return 0;
 }
@@ -403,14 +393,16 @@ LRESULT GEdit::OnMouseMove(WPARAM, POINTS pt)
     if (m_dwState & GWS_PRESSED) {
         ClickAt(pt, &m_hitMove);
         UpdateCursorPos();
-        Invalidate(0);
+        Refresh();
     }
     return 0;
 }
 
+// Nothing shows where the pointer is.
 LRESULT GEdit::OnMouseLeave()
 {
-    return Frame::OnMouseLeave(*this);
+    m_dwState &= ~(GWS_HOT | GWS_TRACKING);
+    return 0;
 }
 
 LRESULT GEdit::OnCaptureChanged(HWND hwndNew)

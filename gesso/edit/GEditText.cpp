@@ -358,7 +358,7 @@ int GEdit::SetText(LPCWSTR pszText)
     WrapAll();
     PutAnchor(Caret());
     UpdateCursorPos();
-    Invalidate(0);
+    Refresh();
     return 1;
 }
 
@@ -367,7 +367,7 @@ void GEdit::SetSel(int nStart, int nEnd)
     PutAnchor(PlaceOfSel(nStart));
     PutCaret(PlaceOfSel(nEnd));
     UpdateCursorPos();
-    Invalidate(0);
+    Refresh();
 }
 
 // --- Wrapping
