@@ -47,111 +47,70 @@ TEST_F(GEditInputTest, TypingInsertsReplacesAndTellsTheParent)
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
-TEST_F(GEditInputTest, TypingInTheMiddleMovesWordsOnFromLineToLine)
+TEST_F(GEditInputTest, EditsWrapTheirParagraphAnew)
 {
     Make(10);
-    Set(L"one two three four five six seven", 0, 3);
-    ASSERT_EQ(edit.Lines(), "one two |three |four five |six seven|");
-    Type(L"xxx");
-    EXPECT_EQ(Now(), "onexxx |two three |four five |six seven| 0,6");
-    for (int i = 0; i < 3; ++i) {
-        Char(VK_BACK);
+    const struct
+    {
+        LPCWSTR pszText;
+        UINT nLine, nChar;
+        LPCWSTR pszTyped; // \b is Backspace, \x7F Delete
+        const char* pszNow;
+        const char* pszWhy;
+    } rows[] = {
+        {L"one two three four five six seven", 0, 3, L"xxx", "onexxx |two three |four five |six seven| 0,6",
+         "words move on from line to line"},
+        {L"one two three four five six seven", 0, 3, L"xxx\b\b\b",
+         "one two |three |four five |six seven| 0,3", "and back again"},
+        {L"one twothree", 1, 3, L" ", "one two |three| 1,0", "the head of a long word moves up"},
+        {L"", 0, 0, L"one two thr", "one two |thr| 1,3", "the caret stands on the lower line"},
+        {L"one two thr", 1, 0, L"\b", "one twothr| 0,7", "the wrapped line's last character goes"},
+        {L"aaa bbbbb ccc", 0, 10, L"x", "aaa bbbbb |xccc| 1,1", "typed at the end of a wrapped line"},
+        {L"one two three", 0, 8, L"\x7F", "one two |hree| 1,0", "at a wrap, the lower line's first one"},
+        {L"aaaa bbbb cc\ndd ee\nff", 0, 5, L"\x7F\x7F\x7F\x7F\x7F", "aaaa cc/|dd ee/|ff| 0,5",
+         "paragraphs do not run into one another"},
+        {L"aaaa bbbb c\nd", 1, 1, L"\b", "aaaa bbbb /|d| 0,10", "a wrapped line without characters goes"},
+        {L"aaaa bbbb c\nd", 1, 0, L"\x7F", "aaaa bbbb /|d| 0,10", "the caret stays in its paragraph"},
+        {L"ab\ncd", 1, 0, L"\b", "abcd| 0,2", "Backspace joins lines"},
+        {L"abc", 0, 1, L"\x7F", "ac| 0,1", "the next character"},
+    };
+    for (const auto& row : rows) {
+        Set(row.pszText, row.nLine, row.nChar);
+        for (LPCWSTR psz = row.pszTyped; *psz; ++psz) {
+            *psz == 0x7F ? Key(VK_DELETE) : Char(*psz);
+            EXPECT_EQ(host.TakeReports(), CHANGED);
+        }
+        EXPECT_EQ(Now(), row.pszNow) << row.pszWhy;
     }
-    EXPECT_EQ(Now(), "one two |three |four five |six seven| 0,3") << "and back again";
 }
 
-TEST_F(GEditInputTest, ASpaceInALongWordLetsItsHeadMoveUp)
+TEST_F(GEditInputTest, SelectionGoesBeforeCharactersDo)
 {
     Make(10);
-    Set(L"one twothree", 1, 3);
-    ASSERT_EQ(edit.Lines(), "one |twothree|");
-    Char(L' ');
-    EXPECT_EQ(Now(), "one two |three| 1,0");
-}
-
-TEST_F(GEditInputTest, CaretBehindAWrapStandsOnTheLowerLine)
-{
-    Make(10);
-    Type(L"one two thr");
-    EXPECT_EQ(Now(), "one two |thr| 1,3");
-    Key(VK_HOME);
-    EXPECT_EQ(Now(), "one two |thr| 1,0");
-    Char(VK_BACK);
-    EXPECT_EQ(Now(), "one twothr| 0,7") << "the wrapped line's last character goes";
-}
-
-TEST_F(GEditInputTest, TypingAtTheEndOfAWrappedLineWrapsThatLine)
-{
-    Make(10);
-    Set(L"aaa bbbbb ccc", 0, 10);
-    ASSERT_EQ(edit.Lines(), "aaa bbbbb |ccc|");
-    Char(L'x');
-    EXPECT_EQ(Now(), "aaa bbbbb |xccc| 1,1");
-}
-
-TEST_F(GEditInputTest, ParagraphsDoNotRunIntoOneAnother)
-{
-    Make(10);
-    Set(L"aaaa bbbb cc\ndd ee\nff", 0, 5);
-    ASSERT_EQ(edit.Lines(), "aaaa bbbb |cc/|dd ee/|ff|");
-    for (int i = 0; i < 5; ++i) {
-        Key(VK_DELETE);
-    }
-    EXPECT_EQ(Now(), "aaaa cc/|dd ee/|ff| 0,5");
-    EXPECT_EQ(test::TextOf(edit), "aaaa cc\r\ndd ee\r\nff");
-}
-
-TEST_F(GEditInputTest, AWrappedLineThatLosesItsLastCharacterGoes)
-{
-    Make(10);
-    Set(L"aaaa bbbb c\nd", 1, 1);
-    ASSERT_EQ(edit.Lines(), "aaaa bbbb |c/|d|");
-    Char(VK_BACK);
-    EXPECT_EQ(Now(), "aaaa bbbb /|d| 0,10") << "the caret stays in its paragraph";
-    Type(L"x");
-    Key(VK_HOME);
-    Key(VK_DELETE);
-    EXPECT_EQ(Now(), "aaaa bbbb /|d| 0,10");
-    Type(L"ee");
+    Set(L"aaaa bbbb ee\nd", 1, 0);
     edit.Select(1, 0, 1, 2);
     Char(VK_BACK);
     EXPECT_EQ(Now(), "aaaa bbbb /|d| 0,10");
-}
-
-TEST_F(GEditInputTest, BackspaceJoinsLinesAndRepairsEvenAtTheStart)
-{
-    Make(10);
-    Set(L"ab\ncd", 1, 0);
-    Char(VK_BACK);
-    EXPECT_EQ(Now(), "abcd| 0,2");
-    Key(VK_HOME);
-    host.TakeReports();
-    Char(VK_BACK);
-    EXPECT_EQ(Now(), "abcd| 0,0");
-    EXPECT_EQ(host.TakeReports(), CHANGED);
+    Set(L"abcd", 0, 0);
     edit.Select(0, 3, 0, 1);
     Char(VK_BACK);
     EXPECT_EQ(Now(), "ad| 0,1");
-}
-
-TEST_F(GEditInputTest, DeleteTakesTheNextCharacterAndNothingAtTheEnd)
-{
-    Make(10);
-    Set(L"abc", 0, 1);
-    Key(VK_DELETE);
-    EXPECT_EQ(Now(), "ac| 0,1");
-    Key(VK_END);
-    host.TakeReports();
-    Key(VK_DELETE);
-    EXPECT_EQ(host.TakeReports(), Reports{});
-    Set(L"one two three", 0, 8);
-    ASSERT_EQ(edit.Lines(), "one two |three|");
-    Key(VK_DELETE);
-    EXPECT_EQ(Now(), "one two |hree| 1,0") << "at a wrap, the lower line's first character";
     Set(L"ab\ncd\nef", 0, 1);
     edit.Select(0, 1, 1, 1);
     Key(VK_DELETE);
     EXPECT_EQ(Now(), "ad/|ef| 0,1");
+}
+
+TEST_F(GEditInputTest, BackspaceAtTheStartIsToldAndDeleteAtTheEndIsNot)
+{
+    Make(10);
+    Set(L"ab", 0, 0);
+    Char(VK_BACK);
+    EXPECT_EQ(host.TakeReports(), CHANGED);
+    Key(VK_END);
+    Key(VK_DELETE);
+    EXPECT_EQ(host.TakeReports(), Reports{});
+    EXPECT_EQ(Now(), "ab| 0,2");
 }
 
 // Hosts know that the line end goes only where the line below is as long.
