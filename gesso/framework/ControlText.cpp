@@ -1,3 +1,4 @@
+#include <gesso/containers/Memory.h>
 #include <gesso/framework/ControlText.h>
 
 #include <algorithm>
@@ -7,7 +8,7 @@ namespace {
 
 LPWSTR CopyCharacters(LPCWSTR psz, size_t nLength)
 {
-    auto* pszCopy = static_cast<LPWSTR>(std::malloc((nLength + 1) * sizeof(wchar_t)));
+    auto* pszCopy = static_cast<LPWSTR>(Allocate((nLength + 1) * sizeof(wchar_t)));
     std::memcpy(pszCopy, psz, nLength * sizeof(wchar_t));
     pszCopy[nLength] = 0;
     return pszCopy;
@@ -17,7 +18,7 @@ LPWSTR CopyCharacters(LPCWSTR psz, size_t nLength)
 
 void FreeText(LPWSTR psz) noexcept
 {
-    std::free(psz);
+    Free(psz);
 }
 
 LPWSTR CopyText(LPCWSTR psz)

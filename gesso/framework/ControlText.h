@@ -1,16 +1,27 @@
 // The text that a control holds, and the operations on it that all text controls share.
 #pragma once
 
-#include <gesso/framework/Owned.h>
+#include <gesso/api.h>
 
 #include <climits>
+#include <memory>
 
 namespace gesso {
 
 GESSO_API void FreeText(LPWSTR psz) noexcept;
 
-// A heap block of exactly the text and its terminator, in characters of 16 bits.
-using ControlText = Owned<LPWSTR, FreeText>;
+// A heap block of exactly the text and its terminator, in characters of 16 bits; or none. Copies of a control
+// share it, and it stays until the last of them lets it go, so that a copy may outlive its original.
+class ControlText
+{
+public:
+    // Takes a text of CopyText, and then lets the former one go.
+    void Reset(LPWSTR psz = nullptr) { psz ? m_pText.reset(psz, FreeText) : m_pText.reset(); }
+    operator LPWSTR() const noexcept { return m_pText.get(); }
+
+private:
+    std::shared_ptr<wchar_t> m_pText;
+};
 
 // A fresh heap copy of a text; of the empty text for a null pointer.
 LPWSTR CopyText(LPCWSTR psz);
