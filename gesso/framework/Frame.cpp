@@ -1,5 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OffscreenSurface.h>
 
 namespace gesso {
@@ -27,12 +28,14 @@ HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId
                          DWORD dwStyle)
 {
     Abandon(wnd);
+    wnd.m_hWnd = nullptr;
     stcCreateTag tag{TAG_MARK, &wnd};
+    const Lifeline life(wnd);
     const HWND hwnd = IsolationAwareCreateWindowExW(
         dwExStyle, MAKEINTRESOURCEW(aClass), nullptr, dwStyle, place.x, place.y, place.cx, place.cy,
         place.hwndParent, reinterpret_cast<HMENU>(static_cast<LONG_PTR>(nId)), nullptr, &tag);
-    // The parent is told of a new child, and may have deleted the object.
-    if (!hwnd || IsAlive(hwnd, &wnd)) {
+    // The parent is told of a new child, and may have deleted the object, or given it another window.
+    if (life && !(wnd.m_hWnd && IsAlive(wnd.m_hWnd, &wnd))) {
         wnd.m_hWnd = hwnd;
     }
     return hwnd;

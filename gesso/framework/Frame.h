@@ -79,7 +79,7 @@ public:
     // The end of every detachment: deletes the object if its window owns it. Touch nothing of it afterwards.
     static LRESULT Detach(GWnd& wnd);
 
-    // From the destructor: takes the object away from a window that is still attached to it.
+    // Takes the object away from its window, if that is still attached to it.
     static void Abandon(GWnd& wnd);
 
     // The object that answers a window's messages: null before attachment and after detachment.

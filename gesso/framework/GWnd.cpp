@@ -1,8 +1,20 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWnd.h>
+#include <gesso/framework/Lifeline.h>
+
+GWnd& GWnd::operator=(const GWnd& other)
+{
+    if (m_hWnd != other.m_hWnd) {
+        gesso::Frame::Abandon(*this);
+    }
+    m_hWnd = other.m_hWnd;
+    m_dwState = other.m_dwState;
+    return *this;
+}
 
 GWnd::~GWnd()
 {
+    gesso::Lifeline::Cut(*this);
     gesso::Frame::Abandon(*this);
 }
 

@@ -27,9 +27,10 @@ constexpr DWORD GWS_HIDEACCEL = 0x40; // the underlines of mnemonics are not dra
 class GESSO_API GWnd
 {
 public:
-    // Copies share the window and take no ownership of anything.
+    // Copies share the window and take no ownership of anything. A window that was attached to the object
+    // that is assigned to goes on without it.
     GWnd(const GWnd& other) = default;
-    GWnd& operator=(const GWnd& other) = default;
+    GWnd& operator=(const GWnd& other);
     // Leaves the window as it is. A window that is still attached to this object goes on without it.
     virtual ~GWnd();
 

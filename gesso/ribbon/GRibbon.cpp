@@ -2,6 +2,7 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
@@ -80,9 +81,10 @@ HWND GRibbon::Create(int x, int y, int cx, int cy, HWND hwndParent, HINSTANCE hI
                    : gesso::MakeEmptyRibbonImages();
     m_hLargeImages.Reset(images.hLarge);
     m_hSmallImages.Reset(images.hSmall);
+    const gesso::Lifeline life(*this);
     const HWND hwnd = Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
                                           0, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN);
-    if (!hwnd) {
+    if (!hwnd && life) {
         m_hLargeImages.Reset();
         m_hSmallImages.Reset();
     }

@@ -1,6 +1,7 @@
 // How objects and windows find each other and part again, seen through GButton and GLabel.
 
 #include "../support/Host.h"
+#include "../support/Interception.h"
 
 #include <gtest/gtest.h>
 
@@ -100,28 +101,21 @@ TEST_F(GWndTest, DeletingAnObjectLeavesItsWindowWithoutOne)
     EXPECT_TRUE(DestroyWindow(hwnd));
 }
 
-GButton* g_pNewBorn = nullptr;
-WNDPROC g_pfnHost = nullptr;
-
-// A parent that deletes the object of the child that it hears of.
-LRESULT CALLBACK DeleteNewChild(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
-{
-    if (uMsg == WM_PARENTNOTIFY && LOWORD(wParam) == WM_CREATE && g_pNewBorn) {
-        g_pNewBorn->Delete(std::exchange(g_pNewBorn, nullptr));
-    }
-    return CallWindowProcW(g_pfnHost, hwnd, uMsg, wParam, lParam);
-}
-
+// Under the sanitizers, any touch of an object after its end shows here.
 TEST_F(GWndTest, ObjectThatTheParentDeletesDuringCreateIsNotTouchedAgain)
 {
-    g_pfnHost = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DeleteNewChild)));
-    g_pNewBorn = new GButton;
-    // Under the sanitizers, any touch of the object after its end shows here.
-    const HWND hwnd = g_pNewBorn->Create(0, 0, 10, 10, host, 1, L"brief", 0, WS_CHILD);
-    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(g_pfnHost));
-    EXPECT_EQ(g_pNewBorn, nullptr) << "the parent was not told";
-    EXPECT_TRUE(DestroyWindow(hwnd)) << "it stays, without an object";
+    for (const bool fWindowToo : {false, true}) {
+        auto* pButton = new GButton;
+        test::Interception told(host, WM_PARENTNOTIFY, [&] {
+            if (fWindowToo) {
+                DestroyWindow(*pButton);
+            }
+            pButton->Delete(pButton);
+        });
+        const HWND hwnd = Make(*pButton);
+        EXPECT_TRUE(told.Happened());
+        EXPECT_EQ(DestroyWindow(hwnd), fWindowToo ? FALSE : TRUE) << "it stays, without an object";
+    }
 }
 
 TEST_F(GWndTest, SecondCreateMovesTheObjectToTheNewWindow)
@@ -158,6 +152,45 @@ TEST_F(GWndTest, CopiesShareAndOwnNothing)
     EXPECT_EQ(TextOf(hwnd), "shared");
     EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
     DestroyWindow(hwnd);
+}
+
+TEST_F(GWndTest, CopyKeepsTheTextThatItsOriginalLets)
+{
+    GButton copy;
+    {
+        GButton button;
+        const HWND hwnd = Make(button, L"shared");
+        copy = button;
+        button.SetText(L"the button's next");
+        EXPECT_EQ(copy.GetTextLength(), 6);
+        copy = button;
+        DestroyWindow(hwnd);
+    }
+    wchar_t buffer[32];
+    int nLength = 32;
+    EXPECT_EQ(copy.GetText(buffer, &nLength), 1);
+    EXPECT_EQ(test::Narrow(buffer), "the button's next");
+}
+
+TEST_F(GWndTest, AssignmentLeavesTheFormerWindowWithoutAnObject)
+{
+    GButton source;
+    const HWND hwndSource = Make(source, L"source");
+    {
+        GButton target;
+        const HWND hwndFormer = Make(target, L"former");
+        target = source;
+        EXPECT_EQ(target.GetHwnd(), hwndSource);
+        UpdateWindow(hwndFormer);
+        EXPECT_TRUE(DestroyWindow(hwndFormer));
+        EXPECT_EQ(TextOf(hwndSource), "source") << "the other window was parted from its object";
+        target = source;
+        Make(target, L"again");
+        target = source;
+    }
+    test::DispatchAll();
+    EXPECT_EQ(TextOf(hwndSource), "source");
+    DestroyWindow(hwndSource);
 }
 
 TEST_F(GWndTest, WithoutAWindowOperationsDoNothing)

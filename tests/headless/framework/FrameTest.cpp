@@ -2,6 +2,7 @@
 
 #include <gesso/framework/ActivationContext.h>
 
+#include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +30,17 @@ TEST_F(FrameTest, FailedCreationLeavesNothingBehind)
         EXPECT_TRUE(desk::HeapIsClean()) << pszOperation;
         g_hActCtx = hFormer;
     }
+}
+
+TEST_F(FrameTest, RibbonThatTheParentDeletesDuringCreateIsNotTouchedAgain)
+{
+    auto* pRibbon = new GRibbon(1);
+    test::Interception told(Parent(), WM_PARENTNOTIFY, [&] {
+        DestroyWindow(*pRibbon);
+        pRibbon->Delete(pRibbon); // the sanitizers watch it from here on
+    });
+    EXPECT_EQ(pRibbon->Create(0, 0, 100, 100, Parent(), nullptr), nullptr);
+    EXPECT_TRUE(told.Happened());
 }
 
 TEST_F(FrameTest, FailedRegistrationIsTriedAgain)
