@@ -5,11 +5,16 @@ namespace gesso {
 namespace {
 
 // Larger ones are not kept: drawing into them takes much longer than making them.
-constexpr LONG MOST_PIXELS_KEPT = 256 * 1024;
+constexpr int64_t MOST_PIXELS_KEPT = 256 * 1024;
 // How much larger than needed one may be, since it is blackened as a whole.
-constexpr LONG MOST_WASTE = 4;
+constexpr int64_t MOST_WASTE = 4;
 // The bits of a pixel that serve a screen of any depth.
 constexpr int FULL_DEPTH = 32;
+
+constexpr int64_t PixelsOf(SIZE size)
+{
+    return int64_t{size.cx} * size.cy;
+}
 
 } // namespace
 
@@ -39,9 +44,7 @@ OffscreenSurface::~OffscreenSurface()
     if (m_fKept) {
         SelectObject(m_parts.hdc, m_parts.hFormer);
         DeleteDC(m_parts.hdc);
-    } else if (m_parts.hdc && m_parts.hBitmap && m_parts.size.cx * m_parts.size.cy <= MOST_PIXELS_KEPT &&
-               s_nUsers > 0)
-    {
+    } else if (m_parts.hdc && m_parts.hBitmap && PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && s_nUsers > 0) {
         KeepSpare(m_parts);
     } else {
         Release(m_parts);
@@ -72,7 +75,7 @@ void OffscreenSurface::Release(const Parts& parts)
 bool OffscreenSurface::Fits(const Parts& parts, HDC hdcLike, SIZE size)
 {
     return parts.size.cx >= size.cx && parts.size.cy >= size.cy &&
-           parts.size.cx * parts.size.cy <= MOST_WASTE * size.cx * size.cy &&
+           PixelsOf(parts.size) <= MOST_WASTE * PixelsOf(size) &&
            (parts.nBits == FULL_DEPTH || parts.nBits == GetDeviceCaps(hdcLike, BITSPIXEL));
 }
 

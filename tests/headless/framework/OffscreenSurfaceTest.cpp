@@ -75,6 +75,10 @@ TEST_F(OffscreenSurfaceTest, PaintWithinAPaintHasASurfaceOfItsOwn)
         const OffscreenSurface tiny(hdc, {10, 10});
         EXPECT_EQ(desk::Live()[desk::Kind::Bitmap], 1) << "far too large for this, so that it was let go";
     }
+    {
+        const OffscreenSurface vast(hdc, {70'000, 70'000}); // more pixels than 32 bits count
+    }
+    EXPECT_EQ(desk::Live()[desk::Kind::Bitmap], 0) << "not kept";
     ReleaseDC(Parent(), hdc);
     OffscreenSurface::RemoveUser();
 }
