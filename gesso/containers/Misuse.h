@@ -13,7 +13,7 @@ namespace gesso {
 GESSO_API bool SetMisuseStops(bool fStop) noexcept;
 
 // Stops the program, naming the operation, unless SetMisuseStops(false) was called. Every build of the
-// library has it, since the array template are compiled into hosts, and a debug host may use a release
+// library has it, since the array template is compiled into hosts, and a debug host may use a release
 // library.
 GESSO_API void StopOnMisuse(const char* pszOperation) noexcept;
 

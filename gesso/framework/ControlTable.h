@@ -14,7 +14,7 @@ using MakeControlFunction = GWnd* (*)();
 // The classes that InitControls registers, in this order.
 std::span<const RegisterClassFunction> StartupClasses();
 
-// The constructors of CreateControl's kinds; kind n stands at n - 1, null where the kind is not built yet.
+// The constructors of CreateControl's kinds; kind n stands at n - 1.
 std::span<const MakeControlFunction> ControlKinds();
 
 } // namespace gesso

@@ -1,4 +1,5 @@
 #include <gesso/framework/ControlTable.h>
+#include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Module.h>
 
@@ -12,9 +13,8 @@ constexpr int POINTS_PER_INCH = 72;
 
 HFONT MakeDefaultFont()
 {
-    const HDC hdcScreen = GetDC(nullptr);
-    const int nHeight = -MulDiv(DEFAULT_POINTS, GetDeviceCaps(hdcScreen, LOGPIXELSY), POINTS_PER_INCH);
-    ReleaseDC(nullptr, hdcScreen);
+    const gesso::WindowContext screen(nullptr);
+    const int nHeight = -MulDiv(DEFAULT_POINTS, GetDeviceCaps(screen, LOGPIXELSY), POINTS_PER_INCH);
     return CreateFontW(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
 }
 
@@ -36,8 +36,7 @@ void* CreateControl(int nKind)
     if (nKind < 1 || static_cast<size_t>(nKind) > kinds.size()) {
         return nullptr;
     }
-    const gesso::MakeControlFunction pfnMake = kinds[static_cast<size_t>(nKind) - 1];
-    return pfnMake ? pfnMake() : nullptr;
+    return kinds[static_cast<size_t>(nKind) - 1]();
 }
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void*)
