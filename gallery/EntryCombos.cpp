@@ -85,6 +85,20 @@ void EntryCombos::OnCommand(UINT uCode, HWND hwndFrom)
     }
 }
 
+Exhibit EntryCombos::OpenList() const
+{
+    const HWND hwnd = *m_combos.front();
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    const RECT rcPart{rc.left - GAP, rc.top - Grid::HEADING_HEIGHT - 8, rc.left + 390 + GAP, rc.bottom + 180};
+    const auto open = [hwnd] {
+        SetFocus(hwnd);
+        SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 0);
+        SendMessageW(hwnd, WM_KEYDOWN, VK_F4, 0);
+    };
+    return {L"combobox", open, {}, rcPart};
+}
+
 void EntryCombos::ShowCounts() const
 {
     m_pCounts->SetText((L"CBN_SELCHANGE " + std::to_wstring(m_nSelChanges) + L", EN_CHANGE " +

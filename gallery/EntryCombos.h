@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gallery/Canvas.h>
+#include <gallery/Exhibit.h>
 
 namespace gallery {
 
@@ -12,6 +13,8 @@ public:
     int Build(Canvas& canvas, POINT pt);
     // Counts what the combo boxes report.
     void OnCommand(UINT uCode, HWND hwndFrom);
+    // The first one with its list open.
+    Exhibit OpenList() const;
 
 private:
     GComboBox& Add(Grid& grid, LPCWSTR pszCaption, DWORD dwStyle, DWORD dwExStyle = 0);

@@ -22,6 +22,8 @@ public:
         return 0;
     }
 
+    std::vector<Exhibit> Exhibits() override { return {m_combos.OpenList()}; }
+
 private:
     EntryEdits m_edits;
     EntryCombos m_combos;

@@ -12,26 +12,41 @@ struct Order
     const Exhibit& exhibit;
     LPCWSTR pszPath;
     HWND hwndOwner;
+    bool fDone = false;
     bool fSaved = false;
 };
 
 // One at a time.
 Order* s_pOrder = nullptr;
 
-void CALLBACK TakePicture(HWND hwnd, UINT, UINT_PTR uTimer, DWORD)
+void SaveDialog(HWND hDlg)
 {
-    const HWND hDlg = GetLastActivePopup(s_pOrder->hwndOwner);
-    // A busy machine lets the timer come before the dialog, which is shown when nothing waits any more.
-    if (hDlg == s_pOrder->hwndOwner || !IsWindowVisible(hDlg)) {
-        return;
-    }
-    KillTimer(hwnd, uTimer);
     if (s_pOrder->exhibit.prepare) {
         s_pOrder->exhibit.prepare(hDlg);
     }
     RedrawWindow(hDlg, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     s_pOrder->fSaved = SaveWholePicture(hDlg, s_pOrder->pszPath);
     EndDialog(hDlg, IDCANCEL);
+}
+
+// Escape closes the list of a combo box.
+void SavePart()
+{
+    s_pOrder->fSaved = SaveScreenPicture(s_pOrder->exhibit.rcPart, s_pOrder->pszPath);
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
+}
+
+void CALLBACK TakePicture(HWND hwnd, UINT, UINT_PTR uTimer, DWORD)
+{
+    const HWND hDlg = GetLastActivePopup(s_pOrder->hwndOwner);
+    const bool fPart = !IsRectEmpty(&s_pOrder->exhibit.rcPart);
+    // A busy machine lets the timer come before the dialog, which is shown when nothing waits any more.
+    if (!fPart && (hDlg == s_pOrder->hwndOwner || !IsWindowVisible(hDlg))) {
+        return;
+    }
+    KillTimer(hwnd, uTimer);
+    s_pOrder->fDone = true;
+    fPart ? SavePart() : SaveDialog(hDlg);
 }
 
 } // namespace
@@ -42,6 +57,10 @@ bool SaveExhibit(HWND hwndOwner, const Exhibit& exhibit, LPCWSTR pszPath)
     s_pOrder = &order;
     SetTimer(hwndOwner, TIMER, USER_TIMER_MINIMUM, &TakePicture);
     exhibit.open();
+    MSG msg{};
+    while (!order.fDone && !IsRectEmpty(&exhibit.rcPart) && GetMessageW(&msg, nullptr, 0, 0) > 0) {
+        DispatchMessageW(&msg);
+    }
     KillTimer(hwndOwner, TIMER);
     s_pOrder = nullptr;
     return order.fSaved;

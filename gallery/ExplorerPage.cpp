@@ -2,10 +2,13 @@
 // combo box. Files of the sample folder can be renamed and deleted; the rest of the machine is only looked
 // at.
 
-#include <gallery/Folder.h>
+#include <gallery/FileList.h>
+#include <gallery/FolderTree.h>
+#include <gallery/Glyphs.h>
 #include <gallery/NameEdit.h>
 #include <gallery/Pages.h>
 #include <gallery/SampleFolder.h>
+#include <gallery/Slices.h>
 
 #include <commctrl.h>
 
@@ -18,57 +21,22 @@ constexpr int ROW_HEIGHT = 26;
 constexpr int OPTIONS_TOP = EDGE + ROW_HEIGHT + 10;
 constexpr int PANES_TOP = OPTIONS_TOP + ROW_HEIGHT + 10;
 constexpr int STATUS_HEIGHT = 20;
+constexpr int UP_WIDTH = 30;
+constexpr int PATH_LEFT = EDGE + UP_WIDTH + 8;
 constexpr int GO_WIDTH = 56;
 constexpr int VIEWS_WIDTH = 110;
 constexpr int GROUP_WIDTH = 150;
 constexpr int PROGRESS_WIDTH = 180;
 constexpr int SPLIT_WIDTH = 6;
 constexpr int LEAST_PANE = 80;
+constexpr UINT NAME_WIDTH = 240;
 constexpr UINT END = static_cast<UINT>(-1);
-constexpr UINT FILES_AT_ONCE = 24;
-constexpr UINT TICK = 10; // milliseconds
-constexpr UINT_PTR READ_TIMER = 1;
-
-enum Column : UINT
-{
-    NAME,
-    SIZE_KB,
-    TYPE,
-    DATE,
-};
 
 enum View : UINT
 {
     DETAILS,
     TILES,
 };
-
-File& FileOf(void* customData)
-{
-    return *static_cast<File*>(customData);
-}
-
-template <class VALUE> int Order(VALUE a, VALUE b)
-{
-    return a < b ? -1 : b < a ? 1 : 0;
-}
-
-// Folders stand before files.
-int ByName(void* a, void* b)
-{
-    const int nFolders = Order(!FileOf(a).fFolder, !FileOf(b).fFolder);
-    return nFolders ? nFolders : lstrcmpiW(FileOf(a).name.c_str(), FileOf(b).name.c_str());
-}
-
-int BySize(void* a, void* b)
-{
-    return Order(FileOf(a).size, FileOf(b).size);
-}
-
-int ByDate(void* a, void* b)
-{
-    return Order(FileOf(a).date, FileOf(b).date);
-}
 
 std::wstring ParentOf(const std::wstring& path)
 {
@@ -96,8 +64,8 @@ public:
         m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, m_hwnd, 0, 0, WS_CHILD);
         m_pEdit = std::make_unique<NameEdit>(*m_pList);
         const std::wstring sample = SampleFolder();
-        AddFolder(nullptr, L"Sample files", sample, true);
-        AddFolder(nullptr, L"C:", L"C:", true);
+        m_pTree->AddTop(L"Sample files", sample);
+        m_pTree->AddTop(L"C:", L"C:");
         Open(sample);
     }
 
@@ -106,11 +74,11 @@ public:
         m_size = size;
         const int nRight = size.cx - EDGE;
         const int nBottom = size.cy - EDGE - STATUS_HEIGHT - 6;
-        m_pUp->MoveWindow(EDGE, EDGE - 2, 30, 30);
-        m_pPath->MoveWindow(EDGE + 38, EDGE, nRight - GO_WIDTH - 8 - EDGE - 38, ROW_HEIGHT);
+        m_pUp->MoveWindow(EDGE, EDGE, UP_WIDTH, ROW_HEIGHT);
+        m_pPath->MoveWindow(PATH_LEFT, EDGE, nRight - GO_WIDTH - 8 - PATH_LEFT, ROW_HEIGHT);
         m_pGo->MoveWindow(nRight - GO_WIDTH, EDGE, GO_WIDTH, ROW_HEIGHT);
-        m_pViews->MoveWindow(EDGE + 38, OPTIONS_TOP, VIEWS_WIDTH, ROW_HEIGHT);
-        m_pGroup->MoveWindow(EDGE + 38 + VIEWS_WIDTH + 16, OPTIONS_TOP, GROUP_WIDTH, ROW_HEIGHT);
+        m_pViews->MoveWindow(PATH_LEFT, OPTIONS_TOP, VIEWS_WIDTH, ROW_HEIGHT);
+        m_pGroup->MoveWindow(PATH_LEFT + VIEWS_WIDTH + 16, OPTIONS_TOP, GROUP_WIDTH, ROW_HEIGHT);
         m_pTree->MoveWindow(EDGE, PANES_TOP, m_cxTree, nBottom - PANES_TOP);
         const int xList = EDGE + m_cxTree + SPLIT_WIDTH;
         m_pSplit->MoveWindow(EDGE + m_cxTree, PANES_TOP, SPLIT_WIDTH, nBottom - PANES_TOP);
@@ -148,43 +116,23 @@ public:
         return 1; // a double click in the tree toggles no row: it has opened its folder
     }
 
-    // Reads on, a few files at a time, so that the program goes on meanwhile.
-    void OnTimer() override
-    {
-        if (!m_reader) {
-            return;
-        }
-        m_reader->ReadSome(FILES_AT_ONCE);
-        m_pProgress->SetProgress(m_reader->Progress());
-        if (m_reader->IsDone()) {
-            StopReading();
-            Show();
-        }
-    }
+    void OnTimer() override { m_slices.OnTimer(); }
+    bool IsBusy() const override { return m_slices.AreRunning(); }
 
-    // The items of the list that are in sight.
     std::vector<Part> Parts() const override
     {
         std::vector<Part> parts;
-        RECT rcList{};
-        GetClientRect(*m_pList, &rcList);
-        for (UINT i = 0; i < m_pList->GetItemCount(); i++) {
-            RECT rc{};
-            m_pList->GetItemRect(&rc, i, NAME);
-            OffsetRect(&rc, -m_pList->GetScrollPos(SB_HORZ), -m_pList->GetScrollPos(SB_VERT));
-            if (IntersectRect(&rc, &rc, &rcList)) {
-                MapWindowPoints(*m_pList, nullptr, reinterpret_cast<POINT*>(&rc), 2);
-                parts.push_back({L"list item", i, m_pList->GetItemText(i, NAME), rc});
-            }
-        }
+        m_pList->AddParts(parts);
         return parts;
     }
 
 private:
     void MakeHead(Canvas& canvas)
     {
-        m_pUp = &canvas.Own(std::make_unique<GNavigationButton>());
-        m_pUp->Create(0, 0, 30, 30, m_hwnd, canvas.NextId(), 0, CHILD | WS_TABSTOP);
+        m_pUp = &canvas.Own(std::make_unique<GButton>());
+        m_pUp->Create(0, 0, UP_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(), L"", 0,
+                      CHILD | WS_TABSTOP | GS_CENTER | GS_VCENTER | GS_ICON);
+        m_pUp->SetIcon(IconOf(Glyph::Up, 16));
         m_pPath = &canvas.Own(std::make_unique<GComboBox>());
         m_pPath->Create(0, 0, 10, ROW_HEIGHT, m_hwnd, canvas.NextId(), CHILD | WS_TABSTOP | GCBS_DROPDOWN, 0);
         m_pGo = &canvas.Own(std::make_unique<GButton>());
@@ -204,42 +152,24 @@ private:
     void MakePanes(Canvas& canvas)
     {
         constexpr DWORD PANE = CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN;
-        m_pTree = &canvas.Own(std::make_unique<GTree>());
+        m_pTree = &canvas.Own(std::make_unique<FolderTree>());
         m_pTree->SetTreeStyle(GTS_IMAGES);
         m_pTree->SetImageList(SmallFileImages());
         m_pTree->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), 0, PANE);
         m_pSplit = &canvas.Own(std::make_unique<GSeparator>());
         m_pSplit->Create(0, 0, SPLIT_WIDTH, 10, m_hwnd, canvas.NextId(), WS_EX_TRANSPARENT, CHILD);
-        m_pList = &canvas.Own(std::make_unique<GList>());
+        m_pList = &canvas.Own(std::make_unique<FileList>(NAME_WIDTH));
         m_pList->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0, PANE);
     }
 
     // --- The tree
 
-    void AddFolder(void* hParent, LPCWSTR pszName, const std::wstring& path, bool fHasSubfolders)
-    {
-        m_paths.push_back(std::make_unique<std::wstring>(path));
-        m_pTree->InsertItem(hParent, nullptr, pszName, FolderImage(), fHasSubfolders ? TIS_HASCHILDREN : 0,
-                            m_paths.back().get());
-    }
-
-    const std::wstring& PathOf(void* hItem) const
-    {
-        return *static_cast<const std::wstring*>(m_pTree->GetItemCustomData(hItem));
-    }
-
     void OnTreeNotify(const GLISTNOTIFY& notify)
     {
-        if (notify.hdr.code == TVN_ITEMEXPANDINGW && notify.uAction == TVE_EXPAND &&
-            m_pTree->GetItemChildCount(notify.pItem) == 0)
-        {
-            const std::wstring path = PathOf(notify.pItem);
-            for (const Subfolder& folder : SubfoldersOf(path)) {
-                AddFolder(notify.pItem, folder.name.c_str(), path + L"\\" + folder.name,
-                          folder.fHasSubfolders);
-            }
+        if (notify.hdr.code == TVN_ITEMEXPANDINGW && notify.uAction == TVE_EXPAND) {
+            m_pTree->FillFolder(notify.pItem);
         } else if (notify.hdr.code == static_cast<UINT>(NM_CLICK) && notify.pItem) {
-            Open(PathOf(notify.pItem));
+            Open(m_pTree->PathOf(notify.pItem));
         }
     }
 
@@ -269,24 +199,19 @@ private:
         }
         m_pList->RemoveAllItems(); // they point into the folder that goes
         m_pList->RemoveAllGroups();
-        StopReading();
         m_path = path;
         ShowPath();
-        m_reader = std::make_unique<FolderReader>(path);
         m_pStatus->SetText(L"Reading...");
-        m_pProgress->SetProgress(0);
-        m_pProgress->SetVisible(1);
-        SetTimer(m_hwnd, READ_TIMER, TICK, nullptr);
+        m_reader = std::make_unique<FolderReader>(path);
+        m_slices.Start(
+            m_hwnd, *m_pProgress, [this] { return m_reader->ReadNext(); }, [this] { ShowRead(); });
     }
 
-    void StopReading()
+    void ShowRead()
     {
-        KillTimer(m_hwnd, READ_TIMER);
-        m_pProgress->SetVisible(0);
-        if (m_reader) {
-            m_shown = std::move(m_reader->Result());
-            m_reader.reset();
-        }
+        m_shown = std::move(m_reader->Result());
+        m_reader.reset();
+        Show();
     }
 
     // The paths that were shown before are the combo box's items.
@@ -304,63 +229,15 @@ private:
 
     View ViewShown() const { return static_cast<View>(m_pViews->GetSelected()); }
 
-    // The list from the start, since a view's margins are its columns'.
+    // While a folder is read the list stays empty.
     void Show()
     {
-        const bool fTiles = ViewShown() == TILES;
-        const UINT uStyle = fTiles ? GLS_TILES : GLS_DETAILS | GLS_HEADER;
-        m_pList->RemoveAllItems();
-        m_pList->RemoveAllGroups();
-        m_pList->RemoveAllColumns();
-        m_pList->SetImageList(fTiles ? LargeFileImages() : SmallFileImages());
-        m_pList->SetItemHeight(fTiles ? 44 : 22);
-        m_pList->SetListStyle(uStyle);
-        AddColumns(fTiles);
-        m_pList->BulkInsertOn();
-        for (File& file : m_shown.files) {
-            AddFile(file);
+        if (IsBusy()) {
+            return;
         }
-        m_pList->BulkInsertOff();
-        s_pShown = &m_shown;
-        m_pList->Sort(NAME, true);
-        if (m_pGroup->GetCheck()) {
-            m_pList->Group(TYPE, true);
-        }
-        m_pList->SetListStyle(uStyle); // tells the keyboard where the rows are
+        const UINT uStyle = ViewShown() == TILES ? GLS_TILES : GLS_DETAILS | GLS_HEADER;
+        m_pList->ShowFiles(m_shown, {uStyle, true, m_pGroup->GetCheck() != BST_UNCHECKED, nullptr});
         ShowStatus();
-    }
-
-    void AddColumns(bool fTiles)
-    {
-        constexpr UINT LINE = DT_SINGLELINE | DT_VCENTER;
-        constexpr RECT PLACES[] = {{6, 4, 300, 38}, {310, 2, 470, 22}, {310, 22, 470, 42}};
-        const auto add = [&](LPCWSTR pszName, UINT cx, UINT uFormat, int nType, UINT uTileFlags,
-                             const RECT* prcTile, PFNLISTGROUP pfnGroup, PFNLISTSORT pfnSort) {
-            m_pList->InsertColumn(END, uTileFlags, uFormat, cx, 40, pszName, 0, nType,
-                                  fTiles ? prcTile : nullptr, pfnGroup, pfnSort, nullptr);
-        };
-        add(L"Name", 240, LINE, LCT_IMAGETEXT, LCF_TILELINE, &PLACES[0], nullptr, &ByName);
-        add(L"Size", 90, LINE | DT_RIGHT, LCT_TEXT, LCF_TILECAPTION, &PLACES[1], nullptr, &BySize);
-        add(L"Type", 110, LINE, LCT_TEXT, LCF_TILECAPTION, &PLACES[2], &GroupByType, nullptr);
-        add(L"Date modified", 140, LINE, LCT_TEXT, 0, nullptr, nullptr, &ByDate);
-    }
-
-    void AddFile(File& file)
-    {
-        const UINT item = m_pList->InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
-        m_pList->SetSubItem(item, SIZE_KB, 0, file.sizeText.c_str(), 0);
-        m_pList->SetSubItem(item, TYPE, 0, file.type.c_str(), 0);
-        m_pList->SetSubItem(item, DATE, 0, file.dateText.c_str(), 0);
-    }
-
-    static UINT GroupByType(GList* pList, void* customData)
-    {
-        const UINT type = customData ? FileOf(customData).typeIndex : 0;
-        while (pList->GetGroupCount() <= type) {
-            const UINT group = pList->GetGroupCount();
-            pList->InsertGroup(DT_SINGLELINE | DT_VCENTER, s_pShown->types[group].c_str(), 0, group);
-        }
-        return type;
     }
 
     // --- The list
@@ -388,16 +265,11 @@ private:
         }
     }
 
-    File* FileAt(UINT item) const
-    {
-        return item < m_pList->GetItemCount() ? &FileOf(m_pList->GetItemCustomData(item)) : nullptr;
-    }
-
     std::wstring PathOf(const File& file) const { return m_path + L"\\" + file.name; }
 
     void OpenItem(UINT item)
     {
-        const File* pFile = FileAt(item);
+        const File* pFile = m_pList->FileAt(item);
         if (pFile && pFile->fFolder) {
             Open(PathOf(*pFile));
         }
@@ -413,21 +285,21 @@ private:
 
     void BeginRename(UINT item)
     {
-        if (FileAt(item) && ViewShown() == DETAILS && !m_pEdit->IsActive() && MayChange()) {
-            m_pEdit->Begin(item, NAME);
+        if (m_pList->FileAt(item) && ViewShown() == DETAILS && !m_pEdit->IsActive() && MayChange()) {
+            m_pEdit->Begin(item, FileList::NAME);
         }
     }
 
     void EndRename()
     {
         const std::wstring name = m_pEdit->End();
-        File* pFile = FileAt(m_pEdit->Item());
+        File* pFile = m_pList->FileAt(m_pEdit->Item());
         if (!pFile || name.empty() || name == pFile->name) {
             return;
         }
         if (MoveFileW(PathOf(*pFile).c_str(), (m_path + L"\\" + name).c_str())) {
             pFile->name = name;
-            m_pList->SetItemText(m_pEdit->Item(), NAME, name.c_str());
+            m_pList->SetItemText(m_pEdit->Item(), FileList::NAME, name.c_str());
             m_pStatus->SetText((L"Renamed to " + name).c_str());
         } else {
             m_pStatus->SetText((L"This name does not go: " + name).c_str());
@@ -436,7 +308,7 @@ private:
 
     void DeleteItem(UINT item)
     {
-        const File* pFile = FileAt(item);
+        const File* pFile = m_pList->FileAt(item);
         if (!pFile || !MayChange()) {
             return;
         }
@@ -454,6 +326,9 @@ private:
 
     void ShowStatus()
     {
+        if (IsBusy()) {
+            return;
+        }
         std::wstring text = std::to_wstring(m_pList->GetItemCount()) + L" items, " +
                             std::to_wstring(m_pList->GetSelectedCount()) + L" selected";
         if (!m_lastWords.empty()) {
@@ -477,26 +352,24 @@ private:
         }
     }
 
-    static inline const Folder* s_pShown = nullptr; // what the grouping callback goes by
-
     HWND m_hwnd = nullptr;
     SIZE m_size{};
-    GNavigationButton* m_pUp = nullptr;
+    GButton* m_pUp = nullptr;
     GComboBox* m_pPath = nullptr;
     GButton* m_pGo = nullptr;
     GComboBox* m_pViews = nullptr;
     GCheckBox* m_pGroup = nullptr;
-    GTree* m_pTree = nullptr;
+    FolderTree* m_pTree = nullptr;
     GSeparator* m_pSplit = nullptr;
-    GList* m_pList = nullptr;
+    FileList* m_pList = nullptr;
     GLabel* m_pStatus = nullptr;
     GProgressBar* m_pProgress = nullptr;
     std::unique_ptr<NameEdit> m_pEdit;
     int m_cxTree = 210;
     int m_xGrip = 0;
     std::wstring m_path;
-    std::vector<std::unique_ptr<std::wstring>> m_paths; // of the tree's items
-    std::unique_ptr<FolderReader> m_reader;             // while a folder is read
+    Slices m_slices;
+    std::unique_ptr<FolderReader> m_reader; // while a folder is read
     Folder m_shown;
     std::wstring m_lastWords;
 };

@@ -136,16 +136,11 @@ FolderReader::FolderReader(const std::wstring& path) : m_folder{path, {}, {}}
     });
 }
 
-void FolderReader::ReadSome(size_t nFiles)
+UINT FolderReader::ReadNext()
 {
-    const size_t nEnd = std::min(m_nRead + nFiles, m_found.size());
-    for (; m_nRead < nEnd; m_nRead++) {
-        AddFile(m_folder, m_found[m_nRead]);
+    if (m_nRead < m_found.size()) {
+        AddFile(m_folder, m_found[m_nRead++]);
     }
-}
-
-UINT FolderReader::Progress() const
-{
     return m_found.empty() ? 1000 : static_cast<UINT>(1000 * m_nRead / m_found.size());
 }
 

@@ -30,16 +30,14 @@ struct Folder
 
 Folder ReadFolder(const std::wstring& path);
 
-// Reads a directory a few files at a time, for a program that goes on meanwhile.
+// Reads a directory file by file, for a program that goes on meanwhile.
 class FolderReader
 {
 public:
     explicit FolderReader(const std::wstring& path);
 
-    void ReadSome(size_t nFiles);
-    bool IsDone() const { return m_nRead == m_found.size(); }
-    // In thousandths.
-    UINT Progress() const;
+    // Returns how much is read by then, in thousandths. With nothing left it does nothing.
+    UINT ReadNext();
     // What is read so far.
     Folder& Result() { return m_folder; }
 

@@ -77,6 +77,11 @@ Gallery* s_pGallery = nullptr;
 
 } // namespace
 
+Gallery::~Gallery()
+{
+    UnhookWindowsHookEx(m_hHook);
+}
+
 bool Gallery::Create()
 {
     RECT rc{0, 0, CLIENT_SIZE.cx, CLIENT_SIZE.cy};
@@ -94,7 +99,7 @@ bool Gallery::Create()
                        WS_CHILD | WS_VISIBLE | GS_MULTILINE | GLS_NOPREFIX);
     m_lastLines.SetTextColor(CAPTION_COLOR);
     s_pGallery = this;
-    SetWindowsHookExW(WH_GETMESSAGE, &OnMessageTaken, nullptr, GetCurrentThreadId());
+    m_hHook = SetWindowsHookExW(WH_GETMESSAGE, &OnMessageTaken, nullptr, GetCurrentThreadId());
     OnSize();
     ShowPage(m_options.nPage);
     ShowWindow(m_hwnd, SW_SHOW);
@@ -210,6 +215,10 @@ bool Gallery::SavePictures()
     for (int i = 0; i < PAGE_COUNT; i++) {
         ShowPage(i);
         HandleMessagesUntilIdle();
+        while (m_page->Content().IsBusy()) {
+            WaitMessage();
+            HandleMessagesUntilIdle();
+        }
         const std::wstring path = PicturePath(m_options.pictureDir, PAGES[i].pszName);
         fSaved = Tell(SavePicture(m_hwnd, path.c_str()), path) && fSaved;
         fSaved = SaveExhibits() && fSaved;

@@ -14,6 +14,7 @@ class Gallery
 {
 public:
     explicit Gallery(Options options) : m_options(std::move(options)) {}
+    ~Gallery();
     Gallery(const Gallery&) = delete;
     Gallery& operator=(const Gallery&) = delete;
 
@@ -52,6 +53,7 @@ private:
     Report m_report;
     HWND m_hwnd = nullptr;
     HWND m_hwndLastFocus = nullptr;
+    HHOOK m_hHook = nullptr;
     bool m_fKeyboardCues = false;
     bool m_fReport = true;
     int m_nPage = 0;

@@ -17,7 +17,8 @@ Color DiscColor(Glyph glyph)
 {
     switch (glyph) {
     case Glyph::Check: return {0x2E, 0x8B, 0x57};
-    case Glyph::Add: return {0x1F, 0x6F, 0xC4};
+    case Glyph::Add:
+    case Glyph::Up: return {0x1F, 0x6F, 0xC4};
     default: return {0x5B, 0x67, 0x78};
     }
 }
@@ -42,6 +43,11 @@ void DrawStrokes(Graphics& graphics, Glyph glyph, REAL size)
     case Glyph::Info:
         line(at(0.5f, 0.46f), at(0.5f, 0.74f));
         line(at(0.5f, 0.27f), at(0.5f, 0.28f));
+        break;
+    case Glyph::Up:
+        line(at(0.5f, 0.28f), at(0.5f, 0.74f));
+        line(at(0.5f, 0.28f), at(0.29f, 0.49f));
+        line(at(0.5f, 0.28f), at(0.71f, 0.49f));
         break;
     }
 }

@@ -11,6 +11,7 @@ enum class Glyph
     Check, // a tick on green
     Add,   // a plus on blue
     Info,  // an i on slate
+    Up,    // an arrow on blue
 };
 
 // A square icon of so many pixels, with transparency.

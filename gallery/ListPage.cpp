@@ -1,11 +1,10 @@
 // The page of GList: a directory of this machine in all three views.
 
-#include <gallery/Folder.h>
+#include <gallery/FileList.h>
 #include <gallery/Fonts.h>
 #include <gallery/NameEdit.h>
 #include <gallery/Pages.h>
-
-#include <array>
+#include <gallery/Slices.h>
 
 namespace gallery {
 namespace {
@@ -19,52 +18,8 @@ constexpr int OPTION_WIDTH = 112;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 constexpr UINT MANY = 100'000;
 constexpr UINT END = static_cast<UINT>(-1);
-constexpr UINT TILE_HEIGHT = 44;
-constexpr UINT USUAL_HEIGHT = 22;
-constexpr int CHECK_BOX_ROOM = 20; // left of a tile
-
-enum Column : UINT
-{
-    NAME,
-    SIZE_KB,
-    TYPE,
-    DATE,
-    COLUMN_COUNT
-};
-
-const File& FileOf(void* customData)
-{
-    return *static_cast<const File*>(customData);
-}
-
-int BySize(void* a, void* b)
-{
-    return FileOf(a).size < FileOf(b).size ? -1 : FileOf(a).size > FileOf(b).size ? 1 : 0;
-}
-
-int ByDate(void* a, void* b)
-{
-    return FileOf(a).date < FileOf(b).date ? -1 : FileOf(a).date > FileOf(b).date ? 1 : 0;
-}
-
-struct ColumnKind
-{
-    LPCWSTR pszName;
-    UINT cx;
-    UINT uFormat;
-    int type;
-    PFNLISTSORT fktSort;
-    UINT uTileFlags;
-    RECT rcTile;
-};
-
-constexpr UINT LINE = DT_SINGLELINE | DT_VCENTER;
-constexpr ColumnKind COLUMNS[COLUMN_COUNT] = {
-    {L"Name", 280, LINE, LCT_IMAGETEXT, nullptr, LCF_TILELINE, {6, 4, 360, 38}},
-    {L"Size", 110, LINE | DT_RIGHT, LCT_TEXT, BySize, LCF_TILECAPTION, {380, 2, 640, 22}},
-    {L"Type", 140, LINE, LCT_TEXT, nullptr, LCF_TILECAPTION, {380, 22, 640, 42}},
-    {L"Date modified", 150, LINE, LCT_TEXT, ByDate, 0, {0, 0, 0, 0}},
-};
+constexpr UINT NAME_WIDTH = 360;
+constexpr int PROGRESS_WIDTH = 180;
 
 class ListPage : public Page
 {
@@ -76,15 +31,19 @@ public:
                      L"double click renames, in the list alone.");
         m_folder = ReadSystemFolder();
         MakeOptions(canvas);
-        m_pList = &canvas.Own(std::make_unique<GList>());
+        m_pList = &canvas.Own(std::make_unique<FileList>(NAME_WIDTH));
         m_pList->Create(MARGIN, LIST_TOP, LIST_WIDTH, LIST_HEIGHT, canvas.Window(), canvas.NextId(),
                         GLS_DETAILS, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN);
         m_pEdit = std::make_unique<NameEdit>(*m_pList);
-        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, MARGIN + LIST_WIDTH, STATUS_TOP + 20}, L"",
+        constexpr int PROGRESS_LEFT = MARGIN + LIST_WIDTH - PROGRESS_WIDTH;
+        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, PROGRESS_LEFT - GAP, STATUS_TOP + 20}, L"",
                                  g_hDefaultFont, CAPTION_COLOR);
+        m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
+        m_pProgress->Create(PROGRESS_LEFT, STATUS_TOP + 4, PROGRESS_WIDTH, 12, canvas.Window(), 0, 0,
+                            WS_CHILD);
         m_options[HEADER]->SetCheck(BST_CHECKED);
-        m_views[0]->SetCheck(BST_CHECKED);
+        m_views[DETAILS]->SetCheck(BST_CHECKED);
         Show();
     }
 
@@ -116,7 +75,32 @@ public:
         return 0;
     }
 
+    void OnTimer() override { m_slices.OnTimer(); }
+    bool IsBusy() const override { return m_slices.AreRunning(); }
+
+    std::vector<Exhibit> Exhibits() override
+    {
+        RECT rcPart{MARGIN - GAP, FIRST_BLOCK - GAP, MARGIN + LIST_WIDTH + GAP, LIST_TOP + LIST_HEIGHT + GAP};
+        MapWindowPoints(GetParent(*m_pList), nullptr, reinterpret_cast<POINT*>(&rcPart), 2);
+        const auto options = [this](View view, bool fGroups) {
+            ChooseView(*m_views[view]);
+            m_options[GROUPS]->SetCheck(fGroups ? BST_CHECKED : BST_UNCHECKED);
+            m_options[CHECKBOXES]->SetCheck(fGroups ? BST_CHECKED : BST_UNCHECKED);
+            Show();
+        };
+        return {{L"list-groups", [=] { options(DETAILS, true); }, {}, rcPart},
+                {L"list-tiles", [=] { options(TILES, false); }, {}, rcPart},
+                {L"list-icons", [=] { options(ICONS, false); }, {}, rcPart}};
+    }
+
 private:
+    enum View
+    {
+        DETAILS,
+        TILES,
+        ICONS,
+        VIEW_COUNT
+    };
     enum Option
     {
         HEADER,
@@ -185,109 +169,62 @@ private:
     UINT ListStyle() const
     {
         constexpr UINT VIEWS[] = {GLS_DETAILS, GLS_TILES, GLS_ICONS};
-        return VIEWS[m_nView] | (Is(HEADER) && m_nView == 0 ? GLS_HEADER : 0) |
+        return VIEWS[m_nView] | (Is(HEADER) && m_nView == DETAILS ? GLS_HEADER : 0) |
                (Is(CHECKBOXES) ? GLS_CHECKBOXES : 0) | (Is(GRIDLINES) ? GLS_GRIDLINES : 0);
     }
 
-    // The list from the start, since the places of the tiles and the margins of the cells are the columns'.
+    // In the icons view the icons of a group share one cell, so that one file is shown there.
     void Show()
     {
-        const UINT former = m_pList->GetFirstSelectedItemIndex();
-        m_chosen = former < m_pList->GetItemCount() && m_pList->GetItemCustomData(former)
-                       ? &FileOf(m_pList->GetItemCustomData(former))
-                       : m_chosen;
-        m_pList->RemoveAllItems();
-        m_pList->RemoveAllGroups();
-        m_pList->RemoveAllColumns();
-        m_pList->SetListStyle(GLS_DETAILS); // without columns, so that icons show the first one, the name
-        const UINT style = ListStyle();
-        const UINT view = style & GLS_VIEWMASK;
-        m_pList->SetImageList(view == GLS_DETAILS ? SmallFileImages() : LargeFileImages());
-        m_pList->SetItemHeight(view == GLS_TILES ? TILE_HEIGHT : USUAL_HEIGHT);
-        m_pList->SetListStyle(style);
-        AddColumns(view == GLS_TILES);
-        Fill(view);
-        if (Is(GROUPS)) {
-            m_pList->Group(TYPE, true);
-        }
-        m_pList->SetListStyle(style); // tells the keyboard where the rows are
+        m_slices.Stop();
+        const File* pFormer = m_pList->FileAt(m_pList->GetFirstSelectedItemIndex());
+        m_pChosen = pFormer ? pFormer : m_pChosen;
+        const File* pOnly = m_pChosen || m_folder.files.empty() ? m_pChosen : &m_folder.files.front();
+        m_pList->ShowFiles(m_folder,
+                           {ListStyle(), Is(GROUPS), Is(GROUPS), m_nView == ICONS ? pOnly : nullptr});
         ShowStatus();
     }
 
-    void AddColumns(bool fTiles)
-    {
-        for (const ColumnKind& c : COLUMNS) {
-            const PFNLISTGROUP group = &c == &COLUMNS[TYPE] ? &GroupByType : nullptr;
-            RECT rcTile = c.rcTile;
-            OffsetRect(&rcTile, Is(CHECKBOXES) ? CHECK_BOX_ROOM : 0, 0);
-            m_pList->InsertColumn(END, c.uTileFlags, fTiles ? LINE : c.uFormat, c.cx, 40, c.pszName, 0,
-                                  c.type, fTiles ? &rcTile : nullptr, group, c.fktSort, nullptr);
-        }
-    }
-
-    // In the icons view the icons of a group share one cell, so that one file is shown there.
-    void Fill(UINT view)
-    {
-        s_pFolder = &m_folder;
-        m_pList->BulkInsertOn();
-        for (File& file : m_folder.files) {
-            if (view != GLS_ICONS || &file == m_chosen || (!m_chosen && &file == &m_folder.files.front())) {
-                AddFile(file);
-            }
-        }
-        m_pList->BulkInsertOff();
-    }
-
-    void AddFile(File& file)
-    {
-        const UINT item = m_pList->InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
-        m_pList->SetSubItem(item, SIZE_KB, 0, file.sizeText.c_str(), 0);
-        m_pList->SetSubItem(item, TYPE, 0, file.type.c_str(), 0);
-        m_pList->SetSubItem(item, DATE, 0, file.dateText.c_str(), 0);
-    }
-
-    static UINT GroupByType(GList* pList, void* customData)
-    {
-        const UINT type = customData ? FileOf(customData).typeIndex : 0;
-        while (pList->GetGroupCount() <= type) {
-            const UINT group = pList->GetGroupCount();
-            pList->InsertGroup(LINE, s_pFolder->types[group].c_str(), 0, group);
-        }
-        return type;
-    }
-
+    // In the icons view all rows would be painted over each other.
     void ShowMany()
     {
-        const ULONGLONG start = GetTickCount64();
-        m_pList->RemoveAllItems();
-        m_pList->RemoveAllGroups();
-        m_pList->BulkInsertOn();
-        for (UINT i = 0; i < MANY; i++) {
-            const std::wstring number = std::to_wstring(i);
-            const UINT item = m_pList->InsertItem(END, 0, &m_folder.files[i % m_folder.files.size()], 0,
-                                                  (L"Row " + number).c_str(), i % 3);
-            m_pList->SetSubItem(item, SIZE_KB, 0, (number + L" KB").c_str(), 0);
-            m_pList->SetSubItem(item, TYPE, 0, L"Row", 0);
-            m_pList->SetSubItem(item, DATE, 0, L"now", 0);
+        if (m_nView == ICONS) {
+            ChooseView(*m_views[DETAILS]);
         }
-        m_pList->BulkInsertOff();
-        m_pList->SetListStyle(m_pList->GetListStyle());
-        m_lastWords = L"filled in " + std::to_wstring(GetTickCount64() - start) + L" ms";
+        m_pList->ShowNamesOnly(ListStyle());
+        m_nManyStart = GetTickCount64();
+        m_lastWords.clear();
+        m_slices.Start(
+            GetParent(*m_pList), *m_pProgress, [this] { return AddRow(); }, [this] { EndMany(); });
+    }
+
+    UINT AddRow()
+    {
+        const UINT row = m_pList->GetItemCount();
+        File& file = m_folder.files[row % m_folder.files.size()];
+        m_pList->InsertItem(END, 0, &file, 0, (L"Row " + std::to_wstring(row)).c_str(), file.image);
+        return (row + 1) * Slices::DONE / MANY;
+    }
+
+    void EndMany()
+    {
+        m_pList->SetListStyle(m_pList->GetListStyle()); // tells the keyboard where the rows are
+        m_lastWords = L"filled in " + std::to_wstring(GetTickCount64() - m_nManyStart) + L" ms";
         ShowStatus();
     }
 
     void OnKey(UINT vKey)
     {
-        const UINT item = m_pList->GetFirstSelectedItemIndex();
-        if (vKey == VK_F2 && item != END) {
-            Rename(item);
+        if (vKey == VK_F2) {
+            Rename(m_pList->GetFirstSelectedItemIndex());
         }
     }
 
     void Rename(UINT item)
     {
-        if (!m_pEdit->IsActive() && (m_pList->GetListStyle() & GLS_VIEWMASK) == GLS_DETAILS) {
-            m_pEdit->Begin(item, NAME);
+        if (m_pList->FileAt(item) && !m_pEdit->IsActive() &&
+            (m_pList->GetListStyle() & GLS_VIEWMASK) == GLS_DETAILS) {
+            m_pEdit->Begin(item, FileList::NAME);
         }
     }
 
@@ -295,7 +232,7 @@ private:
     {
         const std::wstring name = m_pEdit->End();
         if (!name.empty()) {
-            m_pList->SetItemText(m_pEdit->Item(), NAME, name.c_str());
+            m_pList->SetItemText(m_pEdit->Item(), FileList::NAME, name.c_str());
             m_lastWords = L"renamed to " + name;
         }
     }
@@ -306,24 +243,24 @@ private:
         std::wstring text = m_folder.path + L": " + std::to_wstring(m_pList->GetSelectedCount()) + L" of " +
                             std::to_wstring(m_pList->GetItemCount()) + L" selected";
         if (first != END) {
-            text += L", first " + std::wstring(m_pList->GetItemText(first, NAME));
+            text += L", first " + std::wstring(m_pList->GetItemText(first, FileList::NAME));
         }
         m_pStatus->SetText((m_lastWords.empty() ? text : text + L"; " + m_lastWords).c_str());
     }
 
-    static constexpr int VIEW_COUNT = 3;
-    static inline Folder* s_pFolder = nullptr; // what the grouping callback goes by
-
     Folder m_folder;
-    GList* m_pList = nullptr;
+    FileList* m_pList = nullptr;
     GLabel* m_pStatus = nullptr;
+    GProgressBar* m_pProgress = nullptr;
     GButton* m_pFolder = nullptr;
     GButton* m_pMany = nullptr;
-    std::array<GRadioButton*, VIEW_COUNT> m_views{};
-    std::array<GCheckBox*, OPTION_COUNT> m_options{};
+    GRadioButton* m_views[VIEW_COUNT]{};
+    GCheckBox* m_options[OPTION_COUNT]{};
     std::unique_ptr<NameEdit> m_pEdit;
-    int m_nView = 0;
-    const File* m_chosen = nullptr;
+    Slices m_slices; // while many rows are added
+    ULONGLONG m_nManyStart = 0;
+    int m_nView = DETAILS;
+    const File* m_pChosen = nullptr;
     std::wstring m_lastWords;
 };
 

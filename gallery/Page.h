@@ -31,6 +31,8 @@ public:
     // The same for WM_VSCROLL; and WM_TIMER, for a page that sets a timer in its canvas's window.
     virtual void OnScroll(WORD /*wCode*/, WORD /*wPos*/, HWND /*hwndFrom*/) {}
     virtual void OnTimer() {}
+    // Whether something goes on that will still change what the page shows, for its picture.
+    virtual bool IsBusy() const { return false; }
 
     // The room that the page needs, in pixels: where it has less, it scrolls.
     virtual SIZE LeastSize() const { return {852, 612}; }

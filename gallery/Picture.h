@@ -22,5 +22,7 @@ private:
 bool SavePicture(HWND hwnd, LPCWSTR pszPath);
 // The same for the whole window, caption and frame included.
 bool SaveWholePicture(HWND hwnd, LPCWSTR pszPath);
+// The same for a part of the screen, whatever windows show there.
+bool SaveScreenPicture(const RECT& rc, LPCWSTR pszPath);
 
 } // namespace gallery

@@ -1,7 +1,7 @@
 // The page of GTree and GNavigationBar: the directories of this machine, and a navigation pane that switches
 // what a list beside it shows.
 
-#include <gallery/Folder.h>
+#include <gallery/FolderTree.h>
 #include <gallery/Fonts.h>
 #include <gallery/Pages.h>
 
@@ -34,77 +34,6 @@ std::wstring DriveOf(const std::wstring& path)
 {
     return path.substr(0, path.find(L'\\'));
 }
-
-// The directories below a drive, each filled when it is first expanded.
-class FolderTree : public GTree
-{
-public:
-    void Fill(const std::wstring& drive)
-    {
-        RemoveAllItems();
-        void* hDrive = InsertItem(nullptr, nullptr, drive.c_str(), FolderImage(), TIS_HASCHILDREN, nullptr);
-        Expand(hDrive);
-        if (void* hWindows = ChildNamed(hDrive, L"windows")) {
-            Expand(hWindows);
-            SetSelectedItem(hWindows);
-        }
-    }
-
-    void FillFolder(void* hFolder)
-    {
-        if (GetItemChildCount(hFolder) > 0) {
-            return;
-        }
-        for (const Subfolder& subfolder : SubfoldersOf(PathOf(hFolder))) {
-            InsertItem(hFolder, nullptr, subfolder.name.c_str(), FolderImage(),
-                       subfolder.fHasSubfolders ? TIS_HASCHILDREN : 0, nullptr);
-        }
-        if (GetItemChildCount(hFolder) == 0) {
-            SetItemState(hFolder, 0, TIS_HASCHILDREN);
-        }
-    }
-
-    std::wstring PathOf(void* hFolder) const
-    {
-        std::wstring path = GetItemName(hFolder);
-        for (void* h = GetItemParent(hFolder); h && h != GetRootItem(); h = GetItemParent(h)) {
-            path = std::wstring(GetItemName(h)) + L"\\" + path;
-        }
-        return path;
-    }
-
-    void ToggleCheck(void* hItem) { SetItemState(hItem, GetItemState(hItem) ^ TIS_CHECKED, TIS_CHECKED); }
-
-    // A row is as wide as the client area.
-    void AddParts(std::vector<Part>& parts) const
-    {
-        RECT rc{};
-        GetClientRect(m_hWnd, &rc);
-        for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
-            const int y = static_cast<int>(row * m_nItemHeight) - m_siV.nPos;
-            if (y >= 0 && y + static_cast<int>(m_nItemHeight) <= rc.bottom) {
-                RECT rcRow{0, y, rc.right, y + static_cast<int>(m_nItemHeight)};
-                MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(&rcRow), 2);
-                const TreeItem& item = *m_aVisible[row];
-                const std::wstring mark = row == m_nSelected ? L"*" : L"";
-                parts.push_back({L"row", static_cast<UINT>(item.nLevel),
-                                 mark + static_cast<LPCWSTR>(item.strName), rcRow});
-            }
-        }
-    }
-
-private:
-    void* ChildNamed(void* hParent, LPCWSTR pszName) const
-    {
-        void* const hNone = reinterpret_cast<void*>(-1);
-        for (void* h = GetItemNextChild(hParent, nullptr); h != hNone; h = GetItemNextChild(hParent, h)) {
-            if (lstrcmpiW(GetItemName(h), pszName) == 0) {
-                return h;
-            }
-        }
-        return nullptr;
-    }
-};
 
 // Places on this machine, with the folders in them as compact rows below.
 class Places : public GNavigationBar
@@ -275,7 +204,7 @@ public:
         m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, MARGIN + BLOCK_WIDTH, STATUS_TOP + 20}, L"",
                                  g_hDefaultFont, CAPTION_COLOR);
         m_browser.Build(canvas);
-        m_pTree->Fill(DriveOf(WindowsFolder()));
+        OpenDrive(DriveOf(WindowsFolder()));
         ShowStatus();
     }
 
@@ -315,6 +244,16 @@ private:
         return box;
     }
 
+    void OpenDrive(const std::wstring& drive)
+    {
+        void* hDrive = m_pTree->AddTop(drive.c_str(), drive);
+        m_pTree->Expand(hDrive);
+        if (void* hWindows = m_pTree->ChildNamed(hDrive, L"windows")) {
+            m_pTree->Expand(hWindows);
+            m_pTree->SetSelectedItem(hWindows);
+        }
+    }
+
     UINT TreeStyle() const
     {
         return (m_pImages->GetCheck() == BST_CHECKED ? GTS_IMAGES : 0) |
@@ -339,7 +278,8 @@ private:
     void OnClick(const GLISTNOTIFY& record)
     {
         if (m_pChecks->GetCheck() == BST_CHECKED && (record.x == -1 || HitsCheckBox(record))) {
-            m_pTree->ToggleCheck(record.pItem);
+            m_pTree->SetItemState(record.pItem, m_pTree->GetItemState(record.pItem) ^ TIS_CHECKED,
+                                  TIS_CHECKED);
             m_pTree->Invalidate(0);
         }
         ShowStatus();

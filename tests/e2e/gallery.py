@@ -45,15 +45,16 @@ def xdotool(*words):
     subprocess.run(["xdotool", *map(str, words)], check=True, timeout=DEADLINE)
 
 
-def wait_for(what, look):
-    """What look() gives as soon as that is true; fails when the deadline passes."""
-    end = time.monotonic() + DEADLINE
+def wait_for(what, look, deadline=DEADLINE, every=0.01):
+    """What look() gives as soon as that is true; fails when the deadline passes. A look that keeps the gallery from
+    its work should not come so often. Both are in seconds."""
+    end = time.monotonic() + deadline
     while time.monotonic() < end:
         result = look()
         if result:
             return result
-        time.sleep(0.01)
-    raise AssertionError(f"waited {DEADLINE:.0f} s in vain for {what}")
+        time.sleep(every)
+    raise AssertionError(f"waited {deadline:.0f} s in vain for {what}")
 
 
 def save_pictures(folder):
@@ -81,8 +82,10 @@ class Gallery:
         self._marks = 0
         command = [os.environ["GESSO_WINE"], os.environ["GESSO_GALLERY"], "--page", page]
         command += ["--log", self.windows_path(self._log), "--layout", self.windows_path(self._layout)]
+        start = time.monotonic()
         self._process = subprocess.Popen([*command, *options], **process)
-        wait_for(f"the page {page}", self._layout.exists)
+        wait_for(f"the page {page}", self._layout.exists)  # written once the window is painted
+        self.start_time = round(1000 * (time.monotonic() - start))  # milliseconds
         labels = [c for c in self.controls() if c.class_name == "GLabel"]
         self.click(labels[0].middle)  # makes it the window that gets the keys
         self.lines()

@@ -2,13 +2,13 @@
 import re
 import unittest
 
-from gallery import Gallery, wait_for
+from gallery import DEADLINE, Gallery, wait_for
 
 BORDER = 1
 HEADER_AREA = 35
 ROW = 22
 BAR = 17  # breadth of a scroll bar, and height of its arrows
-COLUMNS = {"name": 0, "size": 280, "type": 390}
+COLUMNS = {"name": 0, "size": 360, "type": 450}
 
 
 class List(unittest.TestCase):
@@ -177,7 +177,7 @@ class List(unittest.TestCase):
             self.gallery.click(self.gallery.control("GRadioButton", view).middle)
             self.gallery.lines()
         self.gallery.click(self.gallery.control("GButton", "100,000 ro&ws").middle)
-        self.assertIn("filled in", self.status()[2])
+        wait_for("all rows", lambda: "filled in" in (self.status()[2] or ""), deadline=3 * DEADLINE, every=0.5)
         self.gallery.click(self.row(0))
         self.gallery.key("End")
         self.assertEqual(self.status()[1], "Row 99999")

@@ -1,0 +1,154 @@
+#include <gallery/FileList.h>
+
+namespace gallery {
+namespace {
+
+constexpr UINT END = static_cast<UINT>(-1);
+constexpr UINT LINE = DT_SINGLELINE | DT_VCENTER;
+constexpr UINT TILE_HEIGHT = 44;
+constexpr UINT ROW_HEIGHT = 22;
+constexpr LONG CHECK_BOX_ROOM = 20; // left of a tile
+constexpr LONG CAPTION_WIDTH = 160; // of a tile's size and type, right of its name
+
+File& FileOf(void* customData)
+{
+    return *static_cast<File*>(customData);
+}
+
+template <class VALUE> int Order(const VALUE& a, const VALUE& b)
+{
+    return a < b ? -1 : b < a ? 1 : 0;
+}
+
+// Folders stand before files.
+int ByName(void* a, void* b)
+{
+    const int nFolders = Order(FileOf(b).fFolder, FileOf(a).fFolder);
+    return nFolders ? nFolders : lstrcmpiW(FileOf(a).name.c_str(), FileOf(b).name.c_str());
+}
+
+int BySize(void* a, void* b)
+{
+    return Order(FileOf(a).size, FileOf(b).size);
+}
+
+int ByDate(void* a, void* b)
+{
+    return Order(FileOf(a).date, FileOf(b).date);
+}
+
+struct ColumnKind
+{
+    LPCWSTR pszName;
+    UINT cx; // of the names it is the list's
+    UINT uFormat;
+    int nType;
+    PFNLISTSORT pfnSort;
+    UINT uTileFlags;
+    LONG yTile;
+};
+
+constexpr ColumnKind COLUMNS[FileList::COLUMN_COUNT] = {
+    {L"Name", 0, LINE, LCT_IMAGETEXT, &ByName, LCF_TILELINE, 4},
+    {L"Size", 90, LINE | DT_RIGHT, LCT_TEXT, &BySize, LCF_TILECAPTION, 2},
+    {L"Type", 110, LINE, LCT_TEXT, nullptr, LCF_TILECAPTION, 22},
+    {L"Date modified", 140, LINE, LCT_TEXT, &ByDate, 0, 0},
+};
+
+} // namespace
+
+void FileList::ShowFiles(Folder& folder, const Look& look)
+{
+    m_pFolder = &folder;
+    Restart(look.uStyle, COLUMN_COUNT);
+    BulkInsertOn();
+    for (File& file : folder.files) {
+        if (!look.pOnly || &file == look.pOnly) {
+            AddFile(file);
+        }
+    }
+    BulkInsertOff();
+    if (look.fSorted) {
+        Sort(NAME, true);
+    }
+    if (look.fGrouped) {
+        Group(TYPE, true);
+    }
+    SetListStyle(look.uStyle); // tells the keyboard where the rows are
+}
+
+void FileList::ShowNamesOnly(UINT uStyle)
+{
+    Restart(uStyle, 1);
+}
+
+// From the start, since the places of the tiles and the margins of the cells are the columns'.
+void FileList::Restart(UINT uStyle, UINT nColumns)
+{
+    const UINT uView = uStyle & GLS_VIEWMASK;
+    RemoveAllItems();
+    RemoveAllGroups();
+    RemoveAllColumns();
+    SetListStyle(GLS_DETAILS); // without columns, so that icons show the first one, the name
+    SetImageList(uView == GLS_DETAILS ? SmallFileImages() : LargeFileImages());
+    SetItemHeight(uView == GLS_TILES ? TILE_HEIGHT : ROW_HEIGHT);
+    SetListStyle(uStyle);
+    for (UINT column = 0; column < nColumns; column++) {
+        AddColumn(static_cast<Column>(column), uStyle);
+    }
+}
+
+void FileList::AddColumn(Column column, UINT uStyle)
+{
+    const ColumnKind& kind = COLUMNS[column];
+    const bool fTiles = (uStyle & GLS_VIEWMASK) == GLS_TILES;
+    const auto cxName = static_cast<LONG>(m_cxName);
+    RECT rcTile = column == NAME
+                      ? RECT{6, kind.yTile, cxName, TILE_HEIGHT - 6}
+                      : RECT{cxName + 10, kind.yTile, cxName + 10 + CAPTION_WIDTH, kind.yTile + 20};
+    OffsetRect(&rcTile, uStyle & GLS_CHECKBOXES ? CHECK_BOX_ROOM : 0, 0);
+    InsertColumn(END, kind.uTileFlags, fTiles ? LINE : kind.uFormat, column == NAME ? m_cxName : kind.cx, 40,
+                 kind.pszName, 0, kind.nType, fTiles ? &rcTile : nullptr,
+                 column == TYPE ? &GroupByType : nullptr, kind.pfnSort, nullptr);
+}
+
+void FileList::AddFile(File& file)
+{
+    const UINT item = InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
+    SetSubItem(item, SIZE_KB, 0, file.sizeText.c_str(), 0);
+    SetSubItem(item, TYPE, 0, file.type.c_str(), 0);
+    SetSubItem(item, DATE, 0, file.dateText.c_str(), 0);
+}
+
+UINT FileList::GroupByType(GList* pList, void* customData)
+{
+    const Folder& folder = *static_cast<FileList*>(pList)->m_pFolder;
+    const UINT uType = customData ? FileOf(customData).typeIndex : 0;
+    while (pList->GetGroupCount() <= uType) {
+        const UINT group = pList->GetGroupCount();
+        pList->InsertGroup(LINE, folder.types[group].c_str(), 0, group);
+    }
+    return uType;
+}
+
+File* FileList::FileAt(UINT item) const
+{
+    return item < GetItemCount() ? static_cast<File*>(GetItemCustomData(item)) : nullptr;
+}
+
+void FileList::AddParts(std::vector<Part>& parts) const
+{
+    RECT rcList{};
+    GetClientRect(*this, &rcList);
+    for (UINT i = 0; i < GetItemCount(); i++) {
+        RECT rc{};
+        GetItemRect(&rc, i, NAME);
+        OffsetRect(&rc, -GetScrollPos(SB_HORZ), -GetScrollPos(SB_VERT));
+        if (IntersectRect(&rc, &rc, &rcList)) {
+            MapWindowPoints(*this, nullptr, reinterpret_cast<POINT*>(&rc), 2);
+            parts.push_back({L"list item", i, GetItemText(i, NAME), rc});
+        }
+    }
+}
+
+} // namespace gallery

@@ -1,0 +1,61 @@
+#include <gallery/FolderTree.h>
+
+namespace gallery {
+
+void* FolderTree::AddTop(LPCWSTR pszName, const std::wstring& path)
+{
+    void* hTop = InsertItem(nullptr, nullptr, pszName, FolderImage(), TIS_HASCHILDREN, nullptr);
+    m_topPaths[hTop] = path;
+    return hTop;
+}
+
+void FolderTree::FillFolder(void* hFolder)
+{
+    if (GetItemChildCount(hFolder) > 0) {
+        return;
+    }
+    for (const Subfolder& subfolder : SubfoldersOf(PathOf(hFolder))) {
+        InsertItem(hFolder, nullptr, subfolder.name.c_str(), FolderImage(),
+                   subfolder.fHasSubfolders ? TIS_HASCHILDREN : 0, nullptr);
+    }
+    if (GetItemChildCount(hFolder) == 0) {
+        SetItemState(hFolder, 0, TIS_HASCHILDREN);
+    }
+}
+
+void* FolderTree::ChildNamed(void* hParent, LPCWSTR pszName) const
+{
+    void* const hNone = reinterpret_cast<void*>(-1);
+    for (void* h = GetItemNextChild(hParent, nullptr); h != hNone; h = GetItemNextChild(hParent, h)) {
+        if (lstrcmpiW(GetItemName(h), pszName) == 0) {
+            return h;
+        }
+    }
+    return nullptr;
+}
+
+std::wstring FolderTree::PathOf(void* hFolder) const
+{
+    const auto top = m_topPaths.find(hFolder);
+    return top != m_topPaths.end() ? top->second
+                                   : PathOf(GetItemParent(hFolder)) + L"\\" + GetItemName(hFolder);
+}
+
+void FolderTree::AddParts(std::vector<Part>& parts) const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
+        const int y = static_cast<int>(row * m_nItemHeight) - m_siV.nPos;
+        if (y >= 0 && y + static_cast<int>(m_nItemHeight) <= rc.bottom) {
+            RECT rcRow{0, y, rc.right, y + static_cast<int>(m_nItemHeight)};
+            MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(&rcRow), 2);
+            const TreeItem& item = *m_aVisible[row];
+            const std::wstring mark = row == m_nSelected ? L"*" : L"";
+            parts.push_back(
+                {L"row", static_cast<UINT>(item.nLevel), mark + static_cast<LPCWSTR>(item.strName), rcRow});
+        }
+    }
+}
+
+} // namespace gallery

@@ -1,0 +1,29 @@
+// A tree of the folders of this machine, each filled when it is first expanded.
+#pragma once
+
+#include <gallery/Folder.h>
+#include <gallery/Page.h>
+
+#include <map>
+
+namespace gallery {
+
+class FolderTree : public GTree
+{
+public:
+    // A folder at the top, under a name of its own. Returns its item.
+    void* AddTop(LPCWSTR pszName, const std::wstring& path);
+    // For the host's TVN_ITEMEXPANDING: once filled, a folder stays as it is.
+    void FillFolder(void* hFolder);
+    // Null where there is none.
+    void* ChildNamed(void* hParent, LPCWSTR pszName) const;
+    std::wstring PathOf(void* hFolder) const;
+
+    // The rows in sight; each is as wide as the client area, and the selected one's text begins with a star.
+    void AddParts(std::vector<Part>& parts) const;
+
+private:
+    std::map<void*, std::wstring> m_topPaths;
+};
+
+} // namespace gallery
