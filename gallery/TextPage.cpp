@@ -62,6 +62,8 @@ public:
         MakeLines(canvas, {RIGHT_BLOCK, nBelow});
     }
 
+    std::vector<Part> Parts() const override { return {m_view->Edge()}; }
+
 private:
     void MakeWrapView(Canvas& canvas, POINT pt)
     {

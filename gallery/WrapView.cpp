@@ -59,6 +59,17 @@ int WrapView::EdgeX() const
     return TEXT_LEFT + m_cx;
 }
 
+Part WrapView::Edge() const
+{
+    UINT nLines = 0;
+    for (const Paragraph& paragraph : m_paragraphs) {
+        nLines += paragraph.text ? paragraph.text->nBreaks + 1 : 0;
+    }
+    RECT rc{EdgeX(), 0, EdgeX() + 1, Size().cy};
+    MapWindowPoints(Window(), nullptr, reinterpret_cast<POINT*>(&rc), 2);
+    return {L"edge", nLines, L"", rc};
+}
+
 bool WrapView::IsOnEdge(int x) const
 {
     return std::abs(x - EdgeX()) <= EDGE_REACH;

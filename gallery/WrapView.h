@@ -1,6 +1,7 @@
 // Texts in several scripts, wrapped at an edge that the user drags.
 #pragma once
 
+#include <gallery/Page.h>
 #include <gallery/PaintBox.h>
 #include <gallery/PreparedText.h>
 #include <gallery/TextSamples.h>
@@ -14,6 +15,9 @@ class WrapView : public PaintBox
 public:
     WrapView(HWND hwndParent, const RECT& rc);
     ~WrapView() override;
+
+    // The edge, with the number of all lines as its id.
+    Part Edge() const;
 
 protected:
     void Draw(HDC hdc, const RECT& rc) override;

@@ -1,0 +1,48 @@
+"""The edge that the texts of the page "Text" are wrapped at, dragged with a real pointer."""
+import unittest
+
+from gallery import Gallery
+
+NARROWEST = 30
+
+
+class Text(unittest.TestCase):
+    def setUp(self):
+        self.gallery = Gallery("Text")
+
+    def tearDown(self):
+        self.gallery.close()
+
+    def edge(self):
+        """Its x, and how many lines all texts have there."""
+        self.gallery.lines()
+        edge = next(c for c in self.gallery.controls() if c.class_name == "edge")
+        self.y = edge.y + edge.cy // 2
+        return edge.x, edge.id
+
+    def drag(self, start, *stops):
+        self.gallery.move((start, self.y))
+        self.gallery.press()
+        for x in stops:
+            self.gallery.move((x, self.y))
+        self.gallery.release()
+
+    def test_the_texts_wrap_at_the_edge_wherever_it_is_dragged(self):
+        x, lines = self.edge()
+        grip = 3  # the edge keeps its place below the pointer
+        self.drag(x + grip, x - 50 + grip, x - 100 + grip)
+        narrower, more_lines = self.edge()
+        self.assertEqual(narrower, x - 100)
+        self.assertGreater(more_lines, lines)
+        self.drag(narrower, narrower - 200)
+        narrowest, most_lines = self.edge()
+        self.assertEqual(narrowest, x - 250 + NARROWEST)
+        self.assertGreater(most_lines, more_lines)
+        self.drag(narrowest, x)
+        self.assertEqual(self.edge(), (x, lines))
+        self.drag(x + 20, x + 60)  # beside it
+        self.assertEqual(self.edge(), (x, lines))
+
+
+if __name__ == "__main__":
+    unittest.main()
