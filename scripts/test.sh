@@ -163,15 +163,15 @@ step_e2e() {
     check "the gallery saves a picture of every page" pictures_of_every_page
 }
 
-# Each picture has to show something: an empty window makes a much smaller file, and a dialog's own is smaller
-# than a page's.
+# Each picture has to show something: an empty window makes a much smaller file, and that of a dialog or of a part of
+# a page is smaller than a whole page's.
 pictures_of_every_page() {
-    local shots=$BUILD/shots
+    local shots=$BUILD/shots parts=('(' -name 'dialog-*' -o -name 'list-*' -o -name 'combobox*' ')')
     rm -rf "$shots"
     scripts/gallery.sh --shots "$shots" || return
     [[ -n $(find "$shots" -name '*.png' -size +12k) ]] &&
-        [[ -z $(find "$shots" -name '*.png' ! -name 'dialog-*' -size -12k) ]] &&
-        [[ -z $(find "$shots" -name 'dialog-*.png' -size -4k) ]]
+        [[ -z $(find "$shots" -name '*.png' ! "${parts[@]}" -size -12k) ]] &&
+        [[ -z $(find "$shots" -name '*.png' "${parts[@]}" -size -4k) ]]
 }
 
 # --- The run
