@@ -1,8 +1,8 @@
 // What the buttons have alike: how a click comes about, and that each survives being destroyed in any report.
 
-#include "../support/Host.h"
+#include "Survival.h"
 
-#include <gtest/gtest.h>
+#include <typeinfo>
 
 namespace {
 
@@ -11,26 +11,29 @@ using test::Reports;
 
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr int ID = 12;
+constexpr int WIDTH = 100;
+constexpr int HEIGHT = 30;
 
 template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent, int nId)
 {
-    return control.Create(10, 10, 100, 30, hwndParent, nId, L"Text", 0, CHILD);
+    return control.Create(10, 10, WIDTH, HEIGHT, hwndParent, nId, L"Text", 0, CHILD);
 }
 
 HWND Make(GCommandButton& control, HWND hwndParent, int nId)
 {
-    return control.Create(10, 10, 100, 30, hwndParent, nId, L"Text", L"Note", 0, CHILD);
+    return control.Create(10, 10, WIDTH, HEIGHT, hwndParent, nId, L"Text", L"Note", 0, CHILD);
 }
 
 HWND Make(GNavigationButton& control, HWND hwndParent, int nId)
 {
-    return control.Create(10, 10, 100, 30, hwndParent, nId, 0, CHILD);
+    return control.Create(10, 10, WIDTH, HEIGHT, hwndParent, nId, 0, CHILD);
 }
 
 template <class CONTROL> class ProbeOf : public CONTROL
 {
 public:
     DWORD State() const { return this->m_dwState; }
+    DWORD Held() const { return this->m_dwState & (GWS_HOT | GWS_PRESSED | GWS_KEYDOWN); }
 };
 
 template <class CONTROL> class ButtonFamilyTest : public testing::Test
@@ -41,11 +44,15 @@ protected:
         InitControls();
         ASSERT_TRUE(Make(static_cast<CONTROL&>(control), host, ID));
     }
-    void TearDown() override { DestroyWindow(control); }
-
-    void Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
+    void TearDown() override
     {
-        SendMessageW(control, uMsg, wParam, lParam);
+        ReleaseCapture();
+        DestroyWindow(control);
+    }
+
+    LRESULT Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        return SendMessageW(control, uMsg, wParam, lParam);
     }
     void Mouse(UINT uMsg, int x = 5, int y = 5) { Send(uMsg, 0, MAKELPARAM(x, y)); }
     void Focus()
@@ -53,79 +60,80 @@ protected:
         SetFocus(control);
         host.TakeReports();
     }
-    // Lets the parent destroy window and object at a report that the act brings about.
-    template <class ACT> void ExpectSurvival(const std::string& report, ACT act)
+    void ExpectSurvival(const std::string& report, const std::function<void(HWND)>& act)
     {
         auto* pDoomed = new CONTROL;
-        const HWND hwnd = Make(*pDoomed, host, 33);
-        host.onReport = [&](const std::string& got) {
-            if (got == report + " 33") {
-                host.onReport = nullptr;
-                DestroyWindow(hwnd);
-                pDoomed->Delete(pDoomed);
-            }
-        };
-        act(hwnd);
-        EXPECT_FALSE(IsWindow(hwnd)) << report;
-        ReleaseCapture();
-        SetFocus(host);
+        Make(*pDoomed, host, 33);
+        test::ExpectSurvival(host, report + " 33", pDoomed, act);
     }
 
     Host host;
     ProbeOf<CONTROL> control;
 };
 
-using Family = testing::Types<GCheckBox, GRadioButton, GCommandButton, GNavigationButton>;
+using Family = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton>;
 TYPED_TEST_SUITE(ButtonFamilyTest, Family);
 
-TYPED_TEST(ButtonFamilyTest, MouseClicksInsideOnly)
+TYPED_TEST(ButtonFamilyTest, MouseClicksOnReleaseInside)
 {
     this->Focus();
     this->Mouse(WM_LBUTTONDOWN);
     EXPECT_EQ(GetCapture(), this->control.GetHwnd());
-    this->Mouse(WM_MOUSEMOVE, -3, 5);
-    this->Mouse(WM_MOUSEMOVE, 7, 5);
-    this->Mouse(WM_LBUTTONUP, 100, 30);
-    EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"}) << "the right and bottom edges are inside";
-    EXPECT_EQ(GetCapture(), nullptr);
-    this->Mouse(WM_LBUTTONDOWN);
-    this->Mouse(WM_LBUTTONUP, 5, 31);
+    EXPECT_EQ(this->control.Held(), GWS_PRESSED);
     this->Mouse(WM_LBUTTONUP);
-    EXPECT_EQ(this->host.TakeReports(), Reports{}) << "released outside, and released without a press";
+    EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_EQ(this->control.Held(), GWS_HOT);
+
+    this->Mouse(WM_LBUTTONUP);
+    EXPECT_EQ(this->host.TakeReports(), Reports{}) << "a release without a press";
+
+    this->Mouse(WM_LBUTTONDOWN);
+    this->Mouse(WM_MOUSEMOVE, -1, 5);
+    this->Mouse(WM_LBUTTONUP, -1, 5);
+    EXPECT_EQ(this->host.TakeReports(), Reports{}) << "dragged out";
+    EXPECT_EQ(this->control.Held(), 0u);
+
+    this->Mouse(WM_LBUTTONDOWN);
+    this->Mouse(WM_MOUSEMOVE, 5, HEIGHT + 1);
+    EXPECT_EQ(this->control.Held(), GWS_PRESSED);
+    this->Mouse(WM_MOUSEMOVE);
+    this->Mouse(WM_LBUTTONUP, WIDTH, HEIGHT);
+    EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"})
+        << "dragged back in; the right and bottom edges are inside";
+
+    for (const POINT pt : {POINT{WIDTH + 1, 5}, POINT{5, HEIGHT + 1}}) {
+        this->Mouse(WM_LBUTTONDOWN);
+        this->Mouse(WM_LBUTTONUP, pt.x, pt.y);
+        EXPECT_EQ(this->host.TakeReports(), Reports{});
+    }
 }
 
-TYPED_TEST(ButtonFamilyTest, SpaceClicksOnReleaseAndOnLosingTheFocus)
+TYPED_TEST(ButtonFamilyTest, SpaceClicksOnRelease)
 {
-    SetFocus(this->control);
-    EXPECT_EQ(this->host.TakeReports(), Reports{"setfocus 12"});
-    this->Send(WM_KEYDOWN, VK_RETURN);
-    this->Send(WM_KEYUP, VK_RETURN);
-    this->Send(WM_KEYUP, VK_SPACE);
+    this->Focus();
     this->Send(WM_KEYDOWN, VK_SPACE);
+    EXPECT_EQ(this->control.Held(), GWS_KEYDOWN);
     EXPECT_EQ(this->host.TakeReports(), Reports{});
     this->Send(WM_KEYUP, VK_SPACE);
     EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
-    this->Send(WM_KEYDOWN, VK_SPACE);
-    SetFocus(this->host);
-    EXPECT_EQ(this->host.TakeReports(), (Reports{"click 12", "killfocus 12"}));
+    this->Send(WM_KEYUP, VK_SPACE);
+    this->Send(WM_KEYDOWN, VK_RETURN);
+    this->Send(WM_KEYUP, VK_RETURN);
+    EXPECT_EQ(this->host.TakeReports(), Reports{}) << "a release without a press, and another key";
+    EXPECT_EQ(this->control.Held(), 0u);
 }
 
-TYPED_TEST(ButtonFamilyTest, HeldMouseKeepsTheKeyFromClicking)
+TYPED_TEST(ButtonFamilyTest, KeyAndMouseTogetherClickOnceAtTheLastReleaseExceptOnTheBackButton)
 {
     this->Focus();
     this->Send(WM_KEYDOWN, VK_SPACE);
     this->Mouse(WM_LBUTTONDOWN);
     this->Send(WM_KEYUP, VK_SPACE);
     EXPECT_EQ(this->host.TakeReports(), Reports{});
-    SetCapture(this->host);
     this->Mouse(WM_LBUTTONUP);
-    EXPECT_EQ(this->host.TakeReports(), Reports{}) << "the capture went elsewhere";
-    ReleaseCapture();
-}
+    EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
 
-TYPED_TEST(ButtonFamilyTest, HeldKeyKeepsTheMouseFromClickingExceptOnTheBackButton)
-{
-    this->Focus();
     this->Send(WM_KEYDOWN, VK_SPACE);
     this->Mouse(WM_LBUTTONDOWN);
     this->Mouse(WM_LBUTTONUP);
@@ -133,6 +141,48 @@ TYPED_TEST(ButtonFamilyTest, HeldKeyKeepsTheMouseFromClickingExceptOnTheBackButt
     EXPECT_EQ(this->host.TakeReports(), fBack ? Reports{"click 12"} : Reports{});
     this->Send(WM_KEYUP, VK_SPACE);
     EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
+}
+
+TYPED_TEST(ButtonFamilyTest, FocusIsReportedAndLosingItClicksAHeldKey)
+{
+    SetFocus(this->control);
+    EXPECT_EQ(this->host.TakeReports(), Reports{"setfocus 12"});
+    SetFocus(this->host);
+    EXPECT_EQ(this->host.TakeReports(), Reports{"killfocus 12"});
+
+    this->Focus();
+    this->Send(WM_KEYDOWN, VK_SPACE);
+    SetFocus(this->host);
+    EXPECT_EQ(this->host.TakeReports(), (Reports{"click 12", "killfocus 12"}));
+    EXPECT_EQ(this->control.Held(), 0u);
+
+    this->Focus();
+    this->Mouse(WM_LBUTTONDOWN);
+    this->Send(WM_KEYDOWN, VK_SPACE);
+    SetFocus(this->host);
+    EXPECT_EQ(this->host.TakeReports(), Reports{"killfocus 12"}) << "the mouse still holds the click";
+}
+
+TYPED_TEST(ButtonFamilyTest, CaptureThatGoesElsewhereEndsThePress)
+{
+    this->Focus();
+    this->Mouse(WM_LBUTTONDOWN);
+    SetCapture(this->host);
+    EXPECT_EQ(this->control.Held(), 0u);
+    this->Mouse(WM_LBUTTONUP);
+    EXPECT_EQ(this->host.TakeReports(), Reports{});
+}
+
+TYPED_TEST(ButtonFamilyTest, MovingThePointerRepaintsOnlyOnAChange)
+{
+    this->Mouse(WM_MOUSEMOVE);
+    ValidateRect(this->control, nullptr);
+    this->Mouse(WM_MOUSEMOVE, 6, 6);
+    EXPECT_FALSE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_EQ(this->control.Held(), GWS_HOT);
+    this->Send(WM_MOUSELEAVE);
+    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_EQ(this->control.Held(), 0u);
 }
 
 TYPED_TEST(ButtonFamilyTest, ParentMayDestroyTheButtonInEveryReport)
@@ -173,7 +223,7 @@ TYPED_TEST(ButtonFamilyTest, StyleChangesRepaint)
 template <class CONTROL> class TextButtonTest : public ButtonFamilyTest<CONTROL>
 {};
 
-using TextButtons = testing::Types<GCheckBox, GRadioButton, GCommandButton>;
+using TextButtons = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton>;
 TYPED_TEST_SUITE(TextButtonTest, TextButtons);
 
 TYPED_TEST(TextButtonTest, TextFontAndImageGoInAndOut)
@@ -195,9 +245,13 @@ TYPED_TEST(TextButtonTest, TextFontAndImageGoInAndOut)
     DeleteObject(hFont);
 
     const HBITMAP hBitmap = CreateBitmap(16, 12, 1, 1, nullptr);
+    const auto hIcon = reinterpret_cast<HICON>(static_cast<LONG_PTR>(0x1234));
     EXPECT_EQ(button.SetBitmap(hBitmap), nullptr);
+    EXPECT_EQ(button.GetBitmap(), hBitmap);
     EXPECT_EQ(static_cast<void*>(button.GetIcon()), static_cast<void*>(hBitmap));
-    EXPECT_EQ(static_cast<void*>(button.SetIcon(nullptr)), static_cast<void*>(hBitmap));
+    EXPECT_EQ(static_cast<void*>(button.SetIcon(hIcon)), static_cast<void*>(hBitmap))
+        << "no icon, and no fault";
+    EXPECT_EQ(button.SetIcon(nullptr), hIcon);
     DeleteObject(hBitmap);
 }
 
@@ -212,7 +266,57 @@ TYPED_TEST(TextButtonTest, DisablingAndUiStateReachTheState)
     EXPECT_EQ(this->control.State() & 7, 0u);
     this->Send(WM_UPDATEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0));
     EXPECT_EQ(this->control.State() & (GWS_HIDEFOCUS | GWS_HIDEACCEL), 0u);
-    ReleaseCapture();
+}
+
+// --- Those that may be a dialog's default
+
+template <class CONTROL> class DefaultableButtonTest : public ButtonFamilyTest<CONTROL>
+{};
+
+using DefaultableButtons = testing::Types<GButton, GCommandButton>;
+TYPED_TEST_SUITE(DefaultableButtonTest, DefaultableButtons);
+
+TYPED_TEST(DefaultableButtonTest, DefaultButtonFollowsBmSetstyle)
+{
+    EXPECT_EQ(this->Send(WM_GETDLGCODE), DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON);
+    ValidateRect(this->control, nullptr);
+    this->Send(BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_EQ(this->Send(WM_GETDLGCODE), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
+    EXPECT_TRUE(this->control.GetStyle() & GBS_DEFAULT);
+    this->Send(BM_SETSTYLE, BS_PUSHBUTTON, FALSE);
+    EXPECT_EQ(this->Send(WM_GETDLGCODE), DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON);
+}
+
+// --- Made by the window, as in a dialog
+
+TEST(MadeByName, EachClassMakesItsOwnObjectAndReadsItsCreationData)
+{
+    InitControls();
+    const Host host;
+    const wchar_t data[] = L"\x0001"
+                           L"From the template";
+    struct
+    {
+        LPCWSTR pszClass;
+        const std::type_info& type;
+        bool fText;
+    } const rows[] = {
+        {L"GCheckBox", typeid(GCheckBox), true},
+        {L"GRadioButton", typeid(GRadioButton), true},
+        {L"GNavigationButton", typeid(GNavigationButton), false},
+        {L"GProgressBar", typeid(GProgressBar), false},
+    };
+    for (const auto& row : rows) {
+        const HWND hwnd = CreateWindowExW(0, row.pszClass, L"", CHILD, 0, 0, 80, 20, host, nullptr, nullptr,
+                                          const_cast<wchar_t*>(data));
+        const GWnd* pControl = GWnd::FromHwnd(hwnd);
+        ASSERT_TRUE(pControl) << test::Narrow(row.pszClass);
+        EXPECT_EQ(typeid(*pControl), row.type);
+        EXPECT_EQ(test::TextOf(hwnd), row.fText ? "From the template" : "");
+        UpdateWindow(hwnd);
+        DestroyWindow(hwnd);
+    }
 }
 
 } // namespace

@@ -87,17 +87,4 @@ TYPED_TEST(CheckTest, IsNeverADefaultButton)
     EXPECT_EQ(this->Send(WM_GETDLGCODE), code);
 }
 
-TYPED_TEST(CheckTest, MadeByNameTakesItsTextFromTheCreationData)
-{
-    const wchar_t data[] = L"\x0001"
-                           L"From the template";
-    const HWND hwnd = CreateWindowExW(0, this->RADIO ? L"GRadioButton" : L"GCheckBox", L"title", WS_CHILD, 0,
-                                      0, 80, 20, this->host, nullptr, nullptr, const_cast<wchar_t*>(data));
-    ASSERT_TRUE(hwnd);
-    EXPECT_TRUE(dynamic_cast<TypeParam*>(GWnd::FromHwnd(hwnd)));
-    EXPECT_EQ(test::TextOf(hwnd), "From the template");
-    EXPECT_EQ(SendMessageW(hwnd, BM_GETCHECK, 0, 0), BST_UNCHECKED);
-    DestroyWindow(hwnd);
-}
-
 } // namespace

@@ -204,27 +204,4 @@ TEST_F(GCommandButtonTest, CopiesShareTheFontsAndDeleteNone)
     DestroyWindow(button);
 }
 
-TEST_F(GCommandButtonTest, DefaultButtonFollowsBmSetstyle)
-{
-    GCommandButton button;
-    Make(button);
-    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON);
-    SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, FALSE);
-    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
-    EXPECT_TRUE(button.GetStyle() & GBS_DEFAULT);
-    DestroyWindow(button);
-}
-
-TEST_F(GCommandButtonTest, PaintsWithEveryKindOfGlyph)
-{
-    GCommandButton button;
-    Make(button);
-    for (const DWORD dwStyle : {DWORD{0}, GCBS_SHIELD, GS_ICON, GS_BITMAP | GCBS_SHIELD, GS_MULTILINE}) {
-        button.SetStyle(CHILD | dwStyle);
-        UpdateWindow(button);
-        EXPECT_FALSE(GetUpdateRect(button, nullptr, FALSE)) << dwStyle;
-    }
-    DestroyWindow(button);
-}
-
 } // namespace

@@ -76,14 +76,4 @@ TEST_F(GNavigationButtonTest, EnableAndKeyReleaseAskForTheRepaintBeforeTheStateC
     DestroyWindow(watcher);
 }
 
-TEST_F(GNavigationButtonTest, MadeByNameIsTheWindowsOwn)
-{
-    const HWND hwnd = CreateWindowExW(0, L"GNavigationButton", L"", WS_CHILD | WS_VISIBLE, 0, 0, 30, 30, host,
-                                      nullptr, nullptr, nullptr);
-    ASSERT_TRUE(hwnd);
-    EXPECT_TRUE(dynamic_cast<GNavigationButton*>(GWnd::FromHwnd(hwnd)));
-    UpdateWindow(hwnd);
-    DestroyWindow(hwnd);
-}
-
 } // namespace

@@ -1,6 +1,4 @@
-#include "../support/Host.h"
-
-#include <gtest/gtest.h>
+#include "Survival.h"
 
 #include <climits>
 
@@ -275,33 +273,24 @@ TEST_F(GScrollbarTest, TrackOfNothingDragsNowhere)
 
 TEST_F(GScrollbarTest, ParentMayDestroyTheBarInEveryReport)
 {
-    const auto expectSurvival = [&](const std::string& report, const std::function<void(GScrollbar&)>& act) {
+    const auto expectSurvival = [&](const std::string& report, const std::function<void(HWND)>& act) {
         auto* pDoomed = new GScrollbar;
-        const HWND hwnd = Make(*pDoomed, 33);
+        Make(*pDoomed, 33);
         pDoomed->InitScrollBar(0);
         pDoomed->ScrSetTotalHeight(2 * HEIGHT);
-        host.onReport = [&](const std::string& got) {
-            if (got == report) {
-                host.onReport = nullptr;
-                DestroyWindow(hwnd);
-                pDoomed->Delete(pDoomed);
-            }
-        };
-        act(*pDoomed);
-        EXPECT_FALSE(IsWindow(hwnd)) << report;
-        ReleaseCapture();
+        pDoomed->SetScrollPos(HEIGHT);
+        test::ExpectSurvival(host, report, pDoomed, act);
         test::DispatchAll();
     };
-    expectSurvival("lineup 33",
-                   [](GScrollbar& any) { SendMessageW(any, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5)); });
-    expectSurvival("thumbtrack 33 at 2", [](GScrollbar& any) {
-        SendMessageW(any, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 50));
-        SendMessageW(any, WM_MOUSEMOVE, 0, MAKELPARAM(5, 51));
-    });
-    expectSurvival("linedown 33", [](GScrollbar& any) {
-        any.SetScrollPos(HEIGHT);
-        any.MoveWindow(10, 10, WIDTH, HEIGHT + 10);
-    });
+    const auto press = [](int y) {
+        return [y](HWND hwnd) {
+            SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, y));
+            SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(5, y + 1));
+        };
+    };
+    expectSurvival("lineup 33", press(5));
+    expectSurvival("thumbtrack 33 at 234", press(150));
+    expectSurvival("linedown 33", [](HWND hwnd) { MoveWindow(hwnd, 10, 10, WIDTH, HEIGHT + 10, FALSE); });
 }
 
 } // namespace

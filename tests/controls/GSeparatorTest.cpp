@@ -1,6 +1,4 @@
-#include "../support/Host.h"
-
-#include <gtest/gtest.h>
+#include "Survival.h"
 
 #include <cstring>
 
@@ -142,18 +140,8 @@ TEST_F(GSeparatorTest, ParentMayDestroyTheSeparatorInEveryReport)
 {
     const auto expectSurvival = [&](const std::string& report, const std::function<void(HWND)>& act) {
         auto* pDoomed = new GSeparator;
-        const HWND hwnd = Make(*pDoomed, 33);
-        host.onReport = [&](const std::string& got) {
-            if (got == report) {
-                host.onReport = nullptr;
-                DestroyWindow(hwnd);
-                pDoomed->Delete(pDoomed);
-            }
-        };
-        act(hwnd);
-        EXPECT_FALSE(IsWindow(hwnd)) << report;
-        ReleaseCapture();
-        SetFocus(host);
+        Make(*pDoomed, 33);
+        test::ExpectSurvival(host, report, pDoomed, act);
     };
     const auto drag = [](HWND hwnd) {
         Mouse(hwnd, WM_LBUTTONDOWN);

@@ -172,23 +172,17 @@ TEST_F(ButtonDrawTest, PrintClientDrawsIntoTheGivenContextAndOnlyForTheClient)
     DestroyWindow(button);
 }
 
-TEST_F(ButtonDrawTest, MovingWithoutAChangePaintsNothing)
+TEST_F(ButtonDrawTest, PointerThatLeavesIsHeardOf)
 {
     Make(0);
     RECT rc{};
     button.GetPos(&rc);
     test::desk::MoveMouse(rc.left + 5, rc.top + 5);
-    test::desk::Pump();
+    EXPECT_EQ(Draw(button, "DrawThemeBackground BUTTON 1 2").size(), 1u);
     test::desk::ClearDrawing(button);
-    for (int i = 6; i < 20; ++i) {
-        test::desk::MoveMouse(rc.left + i, rc.top + 5);
-        test::desk::Pump();
-    }
-    EXPECT_EQ(test::desk::Drawing(button), Lines{});
     test::desk::MoveMouse(rc.left - 5, rc.top - 5);
     test::desk::Pump();
-    EXPECT_EQ(test::AnyStartsWith(test::desk::Drawing(button), "DrawThemeBackground BUTTON 1 1"), true)
-        << "it left";
+    EXPECT_TRUE(test::AnyStartsWith(test::desk::Drawing(button), "DrawThemeBackground BUTTON 1 1"));
     DestroyWindow(button);
 }
 

@@ -186,13 +186,4 @@ TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDraw
     DestroyWindow(this->control);
 }
 
-TYPED_TEST(CheckDrawTest, ThemeChangeOpensTheSameClassAnew)
-{
-    this->Make(0);
-    SendMessageW(this->control, WM_THEMECHANGED, 0, 0);
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
-    EXPECT_EQ(this->Draw(this->control, this->Start()).size(), 1u);
-    DestroyWindow(this->control);
-}
-
 } // namespace

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 namespace {
 
 using test::Lines;
@@ -160,21 +158,19 @@ protected:
     void SetUp() override
     {
         ScrollbarDrawTest::SetUp();
-        m_host.emplace();
-        bar.Create(100, 20, 17, HEIGHT, *m_host, 5, 0, WS_CHILD | WS_VISIBLE);
+        bar.Create(100, 20, 17, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
         bar.InitScrollBar(0);
         bar.ScrSetTotalHeight(2 * HEIGHT);
         bar.SetScrollPos(HEIGHT / 2);
         bar.GetPos(&m_rc);
         test::desk::Pump();
-        m_host->TakeReports();
+        TheHost().TakeReports();
     }
     void TearDown() override
     {
         if (IsWindow(bar)) {
             DestroyWindow(bar);
         }
-        m_host.reset();
         ScrollbarDrawTest::TearDown();
     }
     void MoveTo(int y)
@@ -197,10 +193,9 @@ protected:
     size_t CountAfter(DWORD dwMilliseconds)
     {
         Advance(dwMilliseconds);
-        return m_host->TakeReports().size();
+        return TheHost().TakeReports().size();
     }
 
-    std::optional<test::Host> m_host;
     RECT m_rc{};
 };
 
@@ -208,7 +203,7 @@ TEST_F(ScrollbarClockTest, HeldArrowRepeatsAfterHalfASecondAndThenTenTimesASecon
 {
     test::desk::SetKeyboardRepeat(3, 31); // of no account here
     PressAt(5);
-    EXPECT_EQ(m_host->TakeReports(), Reports{"lineup 5"}) << "at once";
+    EXPECT_EQ(TheHost().TakeReports(), Reports{"lineup 5"}) << "at once";
     EXPECT_EQ(CountAfter(500), 0u);
     EXPECT_EQ(CountAfter(99), 0u);
     EXPECT_EQ(CountAfter(1), 1u);
@@ -221,7 +216,7 @@ TEST_F(ScrollbarClockTest, HeldArrowRepeatsAfterHalfASecondAndThenTenTimesASecon
 TEST_F(ScrollbarClockTest, RepeatPausesWhileThePointerIsOffThePart)
 {
     PressAt(210);
-    EXPECT_EQ(m_host->TakeReports(), Reports{"pagedown 5"});
+    EXPECT_EQ(TheHost().TakeReports(), Reports{"pagedown 5"});
     MoveTo(100);
     EXPECT_EQ(CountAfter(1000), 0u);
     MoveTo(212);
@@ -236,7 +231,7 @@ TEST_F(ScrollbarClockTest, ThumbHasNoTimer)
     PressAt(100);
     EXPECT_EQ(Timers(), 0);
     MoveTo(110);
-    EXPECT_EQ(m_host->TakeReports(), Reports{"thumbtrack 5 at 140"});
+    EXPECT_EQ(TheHost().TakeReports(), Reports{"thumbtrack 5 at 140"});
     Release();
 }
 
@@ -246,8 +241,8 @@ TEST_F(ScrollbarClockTest, ANewWindowOfTheSameBarHasItsPointerAndNoFormerPress)
     DestroyWindow(bar);
     EXPECT_EQ(Timers(), 0);
     Release();
-    bar.Create(100, 20, 17, HEIGHT, *m_host, 5, 0, WS_CHILD | WS_VISIBLE);
-    m_host->TakeReports();
+    bar.Create(100, 20, 17, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
+    TheHost().TakeReports();
     MoveTo(5);
     EXPECT_EQ(CountAfter(1000), 0u);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 2").size(), 1u) << "hot, not pressed";
@@ -260,14 +255,14 @@ TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
 {
     for (const bool fObjectToo : {false, true}) {
         auto* pDoomed = new GScrollbar;
-        const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, *m_host, 33, 0, WS_CHILD | WS_VISIBLE);
+        const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
         RECT rc{};
         pDoomed->GetPos(&rc);
         test::desk::MoveMouse(rc.left + 5, rc.top + 5);
         test::desk::PressButton();
         test::desk::Pump();
-        m_host->onReport = [&](const std::string&) {
-            m_host->onReport = nullptr;
+        TheHost().onReport = [&](const std::string&) {
+            TheHost().onReport = nullptr;
             DestroyWindow(hwnd);
             if (fObjectToo) {
                 pDoomed->Delete(pDoomed);
@@ -280,22 +275,22 @@ TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
             pDoomed->Delete(pDoomed);
         }
         Release();
-        m_host->TakeReports();
+        TheHost().TakeReports();
     }
 }
 
 TEST_F(ScrollbarClockTest, ObjectThatGoesBeforeItsWindowStopsItsTimer)
 {
     auto* pDoomed = new GScrollbar;
-    const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, *m_host, 33, 0, WS_CHILD | WS_VISIBLE);
+    const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
     SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
     SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     pDoomed->Delete(pDoomed);
     EXPECT_EQ(Timers(), 0);
     Advance(1000);
-    m_host->TakeReports();
+    TheHost().TakeReports();
     ProbeScrollbar::LateTimer(); // was waiting in the queue already
-    EXPECT_EQ(m_host->TakeReports(), Reports{});
+    EXPECT_EQ(TheHost().TakeReports(), Reports{});
     DestroyWindow(hwnd);
 }
 

@@ -95,39 +95,6 @@ TEST_F(GTaskDialogTest, OwnerIsDisabledMeanwhileAndActiveAfter)
     EXPECT_FALSE(desk::Deadlocked());
 }
 
-TEST_F(GTaskDialogTest, GrowsForItsTextsAndButtons)
-{
-    const auto widthOf = [&](LPCWSTR pszContent, DWORD dwButtons) {
-        GTASKDIALOGCONFIG config{};
-        config.hwndParent = Parent();
-        config.pszContent = pszContent;
-        config.dwCommonButtons = dwButtons;
-        int cx = 0;
-        desk::WhenIdle([&] {
-            RECT rc{};
-            GetClientRect(GDialog::s_hActiveDlg, &rc);
-            cx = rc.right;
-            for (HWND hwnd = GetWindow(GDialog::s_hActiveDlg, GW_CHILD); hwnd;
-                 hwnd = GetWindow(hwnd, GW_HWNDNEXT)) {
-                RECT rcButton{};
-                GetWindowRect(hwnd, &rcButton);
-                MapWindowPoints(nullptr, GDialog::s_hActiveDlg, reinterpret_cast<POINT*>(&rcButton), 2);
-                EXPECT_GE(rcButton.left, 0);
-                EXPECT_LE(rcButton.right, rc.right);
-                EXPECT_LE(rcButton.bottom, rc.bottom);
-            }
-            EndDialog(GDialog::s_hActiveDlg, 0);
-        });
-        EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(&config, nullptr), S_OK);
-        return cx;
-    };
-    const int cxSmall = widthOf(L"x", 0);
-    EXPECT_GT(widthOf(L"x", 0x3F), cxSmall) << "six buttons";
-    const LPCWSTR pszWord =
-        L"wwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwwww";
-    EXPECT_GT(widthOf(pszWord, 1), 6 * 80) << "a word that no limit breaks";
-}
-
 // In fonts with characters of 8 x 20 and 6 x 15 pixels; a dialog unit is 7/4 x 15/8 pixels.
 TEST_F(GTaskDialogTest, TextsButtonsAndFooterStandWhereTheyBelong)
 {
@@ -166,6 +133,17 @@ TEST_F(GTaskDialogTest, TextsButtonsAndFooterStandWhereTheyBelong)
     EXPECT_EQ(drawn.at(1), "DrawThemeBackground TASKDIALOG 8 0 (0,69,197,122)") << "all of it";
     EXPECT_TRUE(drawn.at(2).find("(61,13,109,28)") != std::string::npos) << drawn.at(2);
     EXPECT_EQ(controls, (Lines{"7 'Nein' (102,82,190,108)", "6 'Ja' (7,82,95,108)"}));
+    config.pszContent = L"a-word-that-no-limit-breaks-and-that-is-wider-than-the-columns-which-the-texts-"
+                        L"are-given-and-than-six-buttons";
+    config.dwCommonButtons = 0x3F;
+    run();
+    EXPECT_EQ(drawn.at(0), "DrawThemeBackground TASKDIALOG 1 0 (0,0,726,122)") << "the word";
+    config.pszContent = nullptr;
+    run();
+    EXPECT_EQ(drawn.at(0), "DrawThemeBackground TASKDIALOG 1 0 (0,0,577,122)") << "six buttons";
+    EXPECT_EQ(controls, (Lines{"2 'Abbrechen' (482,82,570,108)", "1 'OK' (387,82,475,108)",
+                               "7 'Nein' (292,82,380,108)", "6 'Ja' (197,82,285,108)",
+                               "4 'Wiederholen' (102,82,190,108)", "8 'Schliessen' (7,82,95,108)"}));
 }
 
 TEST_F(GTaskDialogTest, RunsAndLeavesNothingBehindWhateverFails)
