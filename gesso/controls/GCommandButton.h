@@ -40,7 +40,8 @@ public:
     virtual int Destroy();
     virtual DWORD SetStyle(DWORD dwStyle);
     virtual DWORD GetStyle() const;
-    // The title's font, handed over to the control. The former one is not deleted. No repaint.
+    // The title's font, handed over to the control. The former one is left to a host that gave it or got it
+    // by GetFont, and deleted where nobody did. No repaint.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
     // The title; these are as GButton has them.
@@ -51,7 +52,7 @@ public:
     virtual HICON GetIcon() const;
     virtual HBITMAP SetBitmap(HBITMAP hBitmap);
     virtual HBITMAP GetBitmap() const;
-    // The note's font, handed over to the control. The former one is not deleted. No repaint.
+    // The same for the note's font.
     virtual void SetNoteFont(HFONT hFont);
     virtual HFONT GetNoteFont() const;
     // Copies the note (null for none) and repaints. Returns 1.
