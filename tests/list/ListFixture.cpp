@@ -7,22 +7,6 @@
 namespace test {
 namespace {
 
-constexpr const wchar_t* HOST_CLASS = L"GessoTestListHost";
-
-void RegisterHostClass(WNDPROC pfn)
-{
-    WNDCLASSEXW record{};
-    record.cbSize = sizeof(record);
-    if (!GetClassInfoExW(GetModuleHandleW(nullptr), HOST_CLASS, &record)) {
-        record = {};
-        record.cbSize = sizeof(record);
-        record.lpfnWndProc = pfn;
-        record.hInstance = GetModuleHandleW(nullptr);
-        record.lpszClassName = HOST_CLASS;
-        RegisterClassExW(&record);
-    }
-}
-
 bool IsWholeRecord(int code)
 {
     return code == CLICKED || code == DOUBLE_CLICKED || code == KEY_PRESSED || code == DRAG_BEGUN;
@@ -119,15 +103,7 @@ void ProbeList::Check() const
 
 // --- ListHost
 
-ListHost::ListHost()
-{
-    RegisterHostClass(WindowProc);
-    m_hWnd = CreateWindowExW(0, HOST_CLASS, L"Host", WS_POPUP | WS_VISIBLE, HOST_X, HOST_Y, 400, 300, nullptr,
-                             nullptr, GetModuleHandleW(nullptr), nullptr);
-    SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetForegroundWindow(m_hWnd);
-    SetFocus(m_hWnd);
-}
+ListHost::ListHost() : m_hWnd(MakeHostWindow(L"GessoTestListHost", WindowProc, this)) {}
 
 ListHost::~ListHost()
 {

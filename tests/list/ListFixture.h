@@ -14,8 +14,6 @@
 namespace test {
 
 constexpr UINT END = static_cast<UINT>(-1);
-constexpr int HOST_X = 50;
-constexpr int HOST_Y = 50;
 constexpr int LIST_ID = 21;
 constexpr int LIST_CX = 300;
 constexpr int LIST_CY = 200;

@@ -3,20 +3,17 @@
 namespace test {
 namespace {
 
-constexpr const wchar_t* CLASS_NAME = L"GessoTestHost";
-
-void RegisterHostClass(WNDPROC pfn)
+void RegisterHostClass(LPCWSTR pszClass, WNDPROC pfn)
 {
     WNDCLASSEXW record{};
     record.cbSize = sizeof(record);
-    if (GetClassInfoExW(GetModuleHandleW(nullptr), CLASS_NAME, &record)) {
+    if (GetClassInfoExW(GetModuleHandleW(nullptr), pszClass, &record)) {
         return;
     }
     record.cbSize = sizeof(record);
     record.lpfnWndProc = pfn;
     record.hInstance = GetModuleHandleW(nullptr);
-    record.lpszClassName = CLASS_NAME;
-    record.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<LONG_PTR>(COLOR_BTNFACE + 1));
+    record.lpszClassName = pszClass;
     RegisterClassExW(&record);
 }
 
@@ -82,15 +79,18 @@ void DispatchAll()
     }
 }
 
-Host::Host()
+HWND MakeHostWindow(LPCWSTR pszClass, WNDPROC pfn, void* pHost)
 {
-    RegisterHostClass(WindowProc);
-    m_hWnd = CreateWindowExW(0, CLASS_NAME, L"Host", WS_POPUP | WS_VISIBLE, 50, 50, 400, 300, nullptr,
-                             nullptr, GetModuleHandleW(nullptr), nullptr);
-    SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetForegroundWindow(m_hWnd);
-    SetFocus(m_hWnd);
+    RegisterHostClass(pszClass, pfn);
+    const HWND hwnd = CreateWindowExW(0, pszClass, L"Host", WS_POPUP | WS_VISIBLE, HOST_X, HOST_Y, 400, 300,
+                                      nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(pHost));
+    SetForegroundWindow(hwnd);
+    SetFocus(hwnd);
+    return hwnd;
 }
+
+Host::Host() : m_hWnd(MakeHostWindow(L"GessoTestHost", WindowProc, this)) {}
 
 Host::~Host()
 {
@@ -110,6 +110,11 @@ void Host::Report(const std::string& report)
 LRESULT CALLBACK Host::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     auto* pHost = reinterpret_cast<Host*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+    if (uMsg == WM_ERASEBKGND) {
+        RECT rc{};
+        GetClientRect(hwnd, &rc);
+        return FillRect(reinterpret_cast<HDC>(wParam), &rc, GetSysColorBrush(COLOR_BTNFACE));
+    }
     if (pHost && uMsg == WM_COMMAND) {
         pHost->Report(DescribeCommand(wParam, lParam));
         return 0;

@@ -19,6 +19,14 @@ std::string TextOf(HWND hwnd);
 // What is pending in the queue is dispatched; no waiting.
 void DispatchAll();
 
+// Where host windows stand on the screen.
+constexpr int HOST_X = 50;
+constexpr int HOST_Y = 50;
+
+// Makes a visible top-level window that has the focus, with `pHost` as its GWLP_USERDATA from then on; its
+// class is registered when there is none of that name yet.
+HWND MakeHostWindow(LPCWSTR pszClass, WNDPROC pfn, void* pHost);
+
 class Host
 {
 public:

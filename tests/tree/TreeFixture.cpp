@@ -3,22 +3,6 @@
 namespace test {
 namespace {
 
-constexpr const wchar_t* HOST_CLASS = L"GessoTestTreeHost";
-
-void RegisterHostClass(WNDPROC pfn)
-{
-    WNDCLASSEXW record{};
-    record.cbSize = sizeof(record);
-    if (!GetClassInfoExW(GetModuleHandleW(nullptr), HOST_CLASS, &record)) {
-        record = {};
-        record.cbSize = sizeof(record);
-        record.lpfnWndProc = pfn;
-        record.hInstance = GetModuleHandleW(nullptr);
-        record.lpszClassName = HOST_CLASS;
-        RegisterClassExW(&record);
-    }
-}
-
 bool IsOfFocus(int code)
 {
     return code == FOCUS_SET || code == FOCUS_KILLED;
@@ -26,15 +10,7 @@ bool IsOfFocus(int code)
 
 } // namespace
 
-TreeHost::TreeHost()
-{
-    RegisterHostClass(WindowProc);
-    m_hWnd = CreateWindowExW(0, HOST_CLASS, L"Host", WS_POPUP | WS_VISIBLE, 50, 50, 400, 300, nullptr,
-                             nullptr, GetModuleHandleW(nullptr), nullptr);
-    SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetForegroundWindow(m_hWnd);
-    SetFocus(m_hWnd);
-}
+TreeHost::TreeHost() : m_hWnd(MakeHostWindow(L"GessoTestTreeHost", WindowProc, this)) {}
 
 TreeHost::~TreeHost()
 {
