@@ -8,6 +8,7 @@ import pathlib
 import subprocess
 import tempfile
 import time
+import unittest
 from dataclasses import dataclass
 
 DEADLINE = 20.0  # seconds for anything that must happen
@@ -121,6 +122,14 @@ class Gallery:
     def button(self, text):
         return self.control("GButton", text)
 
+    def first(self, class_name):
+        return next(c for c in self.controls() if c.class_name == class_name)
+
+    def settled(self):
+        """What stands where, once the gallery has dealt with all input."""
+        self.lines()
+        return list(self.controls())
+
     # --- Input
 
     @staticmethod
@@ -138,6 +147,14 @@ class Gallery:
     @staticmethod
     def click(point):
         xdotool("mousemove", *point, "mousedown", 1, "mouseup", 1)
+
+    def drag(self, start, *points):
+        """Presses at one point, moves on to the others one by one, and releases at the last."""
+        self.move(start)
+        self.press()
+        for point in points:
+            self.move(point)
+        self.release()
 
     @staticmethod
     def right_click(point):
@@ -190,3 +207,17 @@ class Gallery:
     def commands(self):
         """Of the lines since the last call, those of WM_COMMAND."""
         return [line for line in self.lines() if line.startswith("WM_COMMAND")]
+
+
+class GalleryTest(unittest.TestCase):
+    """Tests on one page of a gallery that stays open for all of them."""
+
+    PAGE = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.gallery = Gallery(cls.PAGE)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.gallery.close()

@@ -1,17 +1,9 @@
 """Push buttons under a real pointer and keyboard."""
-import unittest
-
-from gallery import Gallery
+from gallery import GalleryTest
 
 
-class Buttons(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Buttons")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class Buttons(GalleryTest):
+    PAGE = "Buttons"
 
     def setUp(self):
         self.plain = self.gallery.button("Plain")
@@ -34,25 +26,15 @@ class Buttons(unittest.TestCase):
         self.assertEqual(self.gallery.commands(), [self.plain.command()])
 
     def test_a_release_outside_is_no_click(self):
-        self.gallery.move(self.plain.middle)
-        self.gallery.press()
-        self.gallery.move(self.plain.outside)
-        self.gallery.release()
+        self.gallery.drag(self.plain.middle, self.plain.outside)
         self.assertEqual(self.gallery.commands(), [])
 
     def test_a_press_dragged_out_and_back_in_is_a_click(self):
-        self.gallery.move(self.plain.middle)
-        self.gallery.press()
-        self.gallery.move(self.plain.outside)
-        self.gallery.move(self.plain.middle)
-        self.gallery.release()
+        self.gallery.drag(self.plain.middle, self.plain.outside, self.plain.middle)
         self.assertEqual(self.gallery.commands(), [self.plain.command()])
 
     def test_a_press_begun_outside_is_no_click(self):
-        self.gallery.move(self.plain.outside)
-        self.gallery.press()
-        self.gallery.move(self.plain.middle)
-        self.gallery.release()
+        self.gallery.drag(self.plain.outside, self.plain.middle)
         self.assertEqual(self.gallery.commands(), [])
 
     def test_space_clicks_the_button_that_has_the_focus(self):

@@ -1,23 +1,15 @@
 """Check boxes, radio buttons, command links, the back button, the separator and the stand-alone scroll bar under a
 real pointer and keyboard."""
 import time
-import unittest
-
-from gallery import Gallery, wait_for
+from gallery import GalleryTest, wait_for
 
 BEGIN_DRAG, END_DRAG, DRAG = -101, -102, -103
 LINE_UP, LINE_DOWN, PAGE_UP, PAGE_DOWN, THUMB_TRACK = 0, 1, 2, 3, 5
 PICTURE_HEIGHT = 420  # of what the scroll bar moves
 
 
-class Choices(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Choices")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class Choices(GalleryTest):
+    PAGE = "Choices"
 
     def caption_of(self, control):
         """What stands below a control, once the gallery has dealt with all input."""
@@ -77,14 +69,8 @@ class Choices(unittest.TestCase):
         self.assertEqual(self.gallery.commands(), [back.command(), back.command()])
 
 
-class Separator(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Choices")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class Separator(GalleryTest):
+    PAGE = "Choices"
 
     def separator(self):
         return self.gallery.control("GSeparator", "")
@@ -102,11 +88,7 @@ class Separator(unittest.TestCase):
         """Drags the separator to one distance after another; what it reported of it, by code."""
         x, y = self.separator().middle
         self.gallery.lines()
-        self.gallery.move((x, y))
-        self.gallery.press()
-        for distance in distances:
-            self.gallery.move((x + distance, y))
-        self.gallery.release()
+        self.gallery.drag((x, y), *((x + distance, y) for distance in distances))
         start = f"WM_NOTIFY id {self.separator().id} code "
         return [int(line[len(start) :].split()[0]) for line in self.gallery.lines() if line.startswith(start + "-1")]
 
@@ -136,15 +118,13 @@ class Separator(unittest.TestCase):
         self.assertEqual(self.gallery.lines(), [])
 
 
-class Scrollbar(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Choices")
-        cls.bar = cls.gallery.control("GScrollbar", "")
+class Scrollbar(GalleryTest):
+    PAGE = "Choices"
 
     @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.bar = cls.gallery.control("GScrollbar", "")
 
     def setUp(self):
         self.drag_thumb(from_y=self.thumb_middle(), to_y=0)  # to the start
@@ -224,5 +204,5 @@ class Scrollbar(unittest.TestCase):
         wait_for("a repeat", self.gallery.pending)
         self.gallery.release()
         self.gallery.lines()
-        time.sleep(0.3)
+        time.sleep(0.3)  # and after the release none either
         self.assertEqual(self.gallery.lines(), [])

@@ -1,21 +1,13 @@
 """The combo boxes under a real pointer and keyboard: typing, the open list, and the clipboard."""
-import unittest
-
-from gallery import Gallery, xdotool
+from gallery import Gallery, GalleryTest, xdotool
 
 SELCHANGE, CHANGE = 1, 0x300
 ROW = 22
 FRAME = 5  # the list's, at most
 
 
-class Combos(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Entry")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class Combos(GalleryTest):
+    PAGE = "Entry"
 
     def above(self, caption):
         """The control whose caption this is, as it is after all input so far."""
@@ -40,6 +32,11 @@ class Combos(unittest.TestCase):
         """The middle of a row in view of the open list."""
         return combo.x + 20, combo.y + combo.cy + FRAME + row * ROW + ROW // 2
 
+    def open_at_top(self, face):
+        """Opens a list of up to 2,000 rows, the first one on top: the keys in it go by ten."""
+        self.gallery.click(face.middle)
+        xdotool("key", "--delay", 2, *["Prior"] * 200)
+
     def codes(self, combo):
         """The codes of the combo box's commands since the last look."""
         start = f"WM_COMMAND id {combo.id} code "
@@ -61,10 +58,7 @@ class Combos(unittest.TestCase):
         self.gallery.key("BackSpace", "Home", "Delete")
         self.assertEqual(self.codes(field), [CHANGE] * 3)
         self.assertEqual(self.text_of("drop-down"), "el")
-        self.gallery.move((field.x + 4, field.middle[1]))
-        self.gallery.press()
-        self.gallery.move((field.x + 90, field.middle[1]))
-        self.gallery.release()
+        self.gallery.drag((field.x + 4, field.middle[1]), (field.x + 90, field.middle[1]))
         self.gallery.type("x")
         self.assertEqual(self.text_of("drop-down"), "x")
 
@@ -88,8 +82,7 @@ class Combos(unittest.TestCase):
 
     def test_the_wheel_scrolls_the_open_list_and_steps_the_closed_one(self):
         face = self.above("2,000 rows")
-        self.gallery.click(face.middle)
-        self.gallery.key(*["Prior"] * 200)
+        self.open_at_top(face)
         xdotool("click", 5)
         self.gallery.click(self.row_of(face, 0))
         self.assertEqual(self.text_of("2,000 rows"), "Row 4")
@@ -102,14 +95,9 @@ class Combos(unittest.TestCase):
     def test_the_bar_of_the_open_list_drags_to_its_end(self):
         face = self.above("2,000 rows")
         xbar = face.x + face.cx - FRAME - 8
-        self.gallery.click(face.middle)
-        self.gallery.key(*["Prior"] * 200)
+        self.open_at_top(face)
         top = face.y + face.cy + FRAME + 17 + 6
-        self.gallery.move((xbar, top))
-        self.gallery.press()
-        self.gallery.move((xbar, top + 30))
-        self.gallery.move((xbar, top + 400))
-        self.gallery.release()
+        self.gallery.drag((xbar, top), (xbar, top + 30), (xbar, top + 400))
         self.gallery.click(self.row_of(face, 3))
         number = int(self.text_of("2,000 rows").split()[1])
         self.assertGreater(number, 1990)
@@ -148,7 +136,3 @@ class Combos(unittest.TestCase):
         self.gallery.click((field.x + 10, field.middle[1]))
         self.gallery.key("ctrl+v", "ctrl+v")
         self.assertEqual(self.text_of("drop-down"), "cut me!cut me!")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,19 +3,13 @@ import pathlib
 import tempfile
 import unittest
 
-from gallery import Gallery, save_pictures, wait_for, window_titled
+from gallery import GalleryTest, save_pictures, wait_for, window_titled
 
 DIALOG = "#32770"
 
 
-class DialogTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Dialogs")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class DialogTest(GalleryTest):
+    PAGE = "Dialogs"
 
     def tearDown(self):
         """Whatever a test did, the next one starts without a dialog, and the gallery takes input again."""
@@ -28,8 +22,7 @@ class DialogTest(unittest.TestCase):
 
     def look(self):
         """What stands where, once all input has been dealt with."""
-        self.gallery.lines()
-        return list(self.gallery.controls())
+        return self.gallery.settled()
 
     def state(self, kind):
         return next(c.text for c in self.look() if c.class_name == kind)

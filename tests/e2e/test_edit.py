@@ -1,16 +1,16 @@
 """Edit fields under a real pointer and keyboard, and text that goes by the clipboard to and from the platform's own
 edit field and a combo box."""
-import unittest
-
-from gallery import Gallery, xdotool
+from gallery import GalleryTest, xdotool
 
 EN_CHANGE = 768
 
 
-class Edit(unittest.TestCase):
+class Edit(GalleryTest):
+    PAGE = "Entry"
+
     @classmethod
     def setUpClass(cls):
-        cls.gallery = Gallery("Entry")
+        super().setUpClass()
         edits = [c for c in cls.gallery.controls() if c.class_name == "GEdit"]
         ids = {c.text: c.id for c in edits}
         cls.line = ids["Type here"]
@@ -20,10 +20,6 @@ class Edit(unittest.TestCase):
         cls.platform = next(c.id for c in cls.gallery.controls() if c.class_name == "Edit")
         combos = [c for c in cls.gallery.controls() if c.class_name == "GComboBox"]
         cls.combo = min(combos, key=lambda c: c.id).id
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
 
     def field(self, control_id):
         return next(c for c in self.gallery.controls() if c.id == control_id and c.class_name != "GLabel")
@@ -73,11 +69,7 @@ class Edit(unittest.TestCase):
 
     def test_the_pointer_selects_by_dragging_and_all_by_a_double_click(self):
         self.fill(self.line, "drag this")
-        self.gallery.move(self.at(self.line, 4))
-        self.gallery.press()
-        self.gallery.move(self.at(self.line, 60))
-        self.gallery.move(self.at(self.line, 110))
-        self.gallery.release()
+        self.gallery.drag(self.at(self.line, 4), self.at(self.line, 60), self.at(self.line, 110))
         self.gallery.key("a")
         self.assertEqual(self.text(self.line), "a")
         self.fill(self.line, "two words")

@@ -1,8 +1,6 @@
 """The list view under a real pointer and keyboard: headers, dividers, selection, scroll bar, rename in place."""
 import re
-import unittest
-
-from gallery import DEADLINE, Gallery, wait_for
+from gallery import DEADLINE, GalleryTest, wait_for
 
 BORDER = 1
 HEADER_AREA = 35
@@ -11,19 +9,13 @@ BAR = 17  # breadth of a scroll bar, and height of its arrows
 COLUMNS = {"name": 0, "size": 360, "type": 450}
 
 
-class List(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("List")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class List(GalleryTest):
+    PAGE = "List"
 
     def setUp(self):
         self.gallery.click(self.gallery.control("GButton", "&Folder").middle)
         self.gallery.lines()
-        self.list = next(c for c in self.gallery.controls() if c.class_name == "GList")
+        self.list = self.gallery.first("GList")
 
     # --- Where things are
 
@@ -65,11 +57,7 @@ class List(unittest.TestCase):
         self.gallery.click(self.header("size"))
         before = self.first_names(1)
         x, y = self.header("size", 0)
-        self.gallery.move((x, y))
-        self.gallery.press()
-        for step in range(1, 9):
-            self.gallery.move((x - 10 * step, y))
-        self.gallery.release()
+        self.gallery.drag((x, y), *((x - 10 * step, y) for step in range(1, 9)))
         # What was the name column's end is the size column's now, whose click sorts the other way round.
         self.gallery.click((x - 40, y))
         self.assertNotEqual(self.first_names(1), before)
@@ -104,11 +92,7 @@ class List(unittest.TestCase):
     def test_the_thumb_scrolls_and_the_arrow_goes_back(self):
         self.gallery.click(self.row(0))
         first = self.status()[1]
-        self.gallery.move(self.bar(BAR + 8))
-        self.gallery.press()
-        for y in range(BAR + 8, self.list.cy - BAR, 20):
-            self.gallery.move(self.bar(y))
-        self.gallery.release()
+        self.gallery.drag(self.bar(BAR + 8), *(self.bar(y) for y in range(BAR + 8, self.list.cy - BAR, 20)))
         self.gallery.lines()
         self.gallery.click(self.row(3))
         self.assertNotEqual(self.status()[1], first)
@@ -126,24 +110,17 @@ class List(unittest.TestCase):
         self.gallery.click(self.bar(self.list.cy - BORDER - 2 * BAR))
         self.gallery.click(self.row(3))
         self.assertNotEqual(self.status()[1], by_line)
-        self.gallery.click(self.bar(BORDER + 3 * BAR))
+        self.gallery.click(self.bar(BORDER + BAR + 3))  # a page back
+        self.gallery.click(self.row(3))
+        self.assertEqual(self.status()[1], by_line)
         self.gallery.key("Home")
-        self.assertEqual(self.status()[1], first)
 
     def test_the_lower_thumb_scrolls_across(self):
         x, y = self.header("size", 0)
-        self.gallery.move((x, y))
-        self.gallery.press()
-        for step in range(1, 11):
-            self.gallery.move((x + 30 * step, y))
-        self.gallery.release()
+        self.gallery.drag((x, y), *((x + 30 * step, y) for step in range(1, 11)))
         before = self.place_of_edit()
         thumb = self.list.x + BORDER + BAR + 30, self.list.y + self.list.cy - BORDER - BAR // 2
-        self.gallery.move(thumb)
-        self.gallery.press()
-        for step in range(1, 21):
-            self.gallery.move((thumb[0] + 40 * step, thumb[1]))
-        self.gallery.release()
+        self.gallery.drag(thumb, *((thumb[0] + 40 * step, thumb[1]) for step in range(1, 21)))
         self.assertLess(self.place_of_edit(), before - 100)
 
     def place_of_edit(self):
@@ -181,7 +158,3 @@ class List(unittest.TestCase):
         self.gallery.click(self.row(0))
         self.gallery.key("End")
         self.assertEqual(self.status()[1], "Row 99999")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,9 +2,7 @@
 import importlib.util
 import pathlib
 import tempfile
-import unittest
-
-from gallery import Gallery, save_pictures
+from gallery import GalleryTest, save_pictures
 
 ROOT = pathlib.Path(__file__).parents[2]
 MENU_ROW = 20
@@ -57,14 +55,8 @@ class Picture:
         return False
 
 
-class Ribbon(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Ribbon")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class Ribbon(GalleryTest):
+    PAGE = "Ribbon"
 
     def setUp(self):
         self.show("Home")
@@ -94,13 +86,17 @@ class Ribbon(unittest.TestCase):
     def editor(self):
         return max((c for c in self.gallery.controls() if c.class_name == "GEdit"), key=lambda c: c.cy)
 
+    def text(self):
+        """The editor's, once the gallery has dealt with all input."""
+        self.gallery.lines()
+        return self.editor.text
+
     def write(self, text):
         """Makes this the editor's text, through the ribbon and the keyboard."""
         self.show("Insert")
         self.click("New")
         self.gallery.type(text)
-        self.gallery.lines()
-        self.assertEqual(self.editor.text, text)
+        self.assertEqual(self.text(), text)
 
     # --- Images
 
@@ -152,23 +148,16 @@ class Ribbon(unittest.TestCase):
         self.gallery.release()
         self.assertEqual(self.item_commands(), [(copy.id, 0)])
         for end in (undo.middle, copy.outside, self.tab("Insert").middle, self.editor.middle):
-            self.gallery.move(copy.middle)
-            self.gallery.press()
-            self.gallery.move(end)
-            self.gallery.release()
+            self.gallery.drag(copy.middle, end)
             self.assertEqual(self.item_commands(), [], f"released at {end}")
 
     def test_a_press_dragged_out_and_back_in_is_a_click(self):
         copy = self.item("Copy")
-        self.gallery.move(copy.middle)
-        self.gallery.press()
-        self.gallery.move(self.editor.middle)
-        self.gallery.move(copy.middle)
-        self.gallery.release()
+        self.gallery.drag(copy.middle, self.editor.middle, copy.middle)
         self.assertEqual(self.item_commands(), [(copy.id, 0)])
 
     def test_a_click_beside_the_items_reports_nothing(self):
-        ribbon = next(c for c in self.gallery.controls() if c.class_name == "GRibbon")
+        ribbon = self.gallery.first("GRibbon")
         for point in ((ribbon.x + ribbon.cx - 4, ribbon.y + 60), (ribbon.x + 20, ribbon.y + ribbon.cy - 8)):
             self.gallery.click(point)
         self.assertEqual(self.gallery.lines(), [])
@@ -178,15 +167,12 @@ class Ribbon(unittest.TestCase):
         self.show("Home")
         self.click("Select everything")
         self.click("Cut")
-        self.gallery.lines()
-        self.assertEqual(self.editor.text, "")
+        self.assertEqual(self.text(), "")
         self.click("Paste")
         self.click("Paste")
-        self.gallery.lines()
-        self.assertEqual(self.editor.text, "one twoone two")
+        self.assertEqual(self.text(), "one twoone two")
         self.click("Undo")
-        self.gallery.lines()
-        self.assertEqual(self.editor.text, "one two")
+        self.assertEqual(self.text(), "one two")
 
     def test_a_locked_text_keeps_what_it_has(self):
         self.write("one")
@@ -198,8 +184,7 @@ class Ribbon(unittest.TestCase):
             self.click(new.text)
             self.assertEqual(self.item_commands(), [(new.id, 0)])
             self.gallery.type(text)
-            self.gallery.lines()
-            self.assertEqual(self.editor.text, left)
+            self.assertEqual(self.text(), left)
 
     def test_a_hosted_field_takes_the_keyboard(self):
         self.write("one two one")
@@ -210,11 +195,10 @@ class Ribbon(unittest.TestCase):
         self.gallery.type("two")
         self.click("Find")
         self.click("Cut")
-        self.gallery.lines()
-        self.assertEqual(self.editor.text, "one  one")
+        self.assertEqual(self.text(), "one  one")
 
     def test_what_a_hosted_box_reports_reaches_the_ribbons_parent(self):
-        box = next(c for c in self.gallery.controls() if c.class_name == "GComboBox")
+        box = self.gallery.first("GComboBox")
         self.gallery.click(box.middle)
         self.gallery.key("Escape")  # the list does not report what is chosen in it by a key
         self.gallery.key("Down")
@@ -238,8 +222,7 @@ class Ribbon(unittest.TestCase):
         self.assertEqual(reported, ["WM_COMMAND id 0 code 3 from GRightClickMenu ''"])
         # "Select all" acted, the menu is gone, and the text has the keyboard.
         self.gallery.type("two")
-        self.gallery.lines()
-        self.assertEqual(self.editor.text, "two")
+        self.assertEqual(self.text(), "two")
 
     def test_a_click_elsewhere_dismisses_the_menu(self):
         x, y = self.open_menu()

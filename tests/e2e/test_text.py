@@ -1,31 +1,21 @@
 """The edge that the texts of the page "Text" are wrapped at, dragged with a real pointer."""
-import unittest
-
-from gallery import Gallery
+from gallery import GalleryTest
 
 NARROWEST = 30
 
 
-class Text(unittest.TestCase):
-    def setUp(self):
-        self.gallery = Gallery("Text")
-
-    def tearDown(self):
-        self.gallery.close()
+class Text(GalleryTest):
+    PAGE = "Text"
 
     def edge(self):
         """Its x, and how many lines all texts have there."""
         self.gallery.lines()
-        edge = next(c for c in self.gallery.controls() if c.class_name == "edge")
+        edge = self.gallery.first("edge")
         self.y = edge.y + edge.cy // 2
         return edge.x, edge.id
 
     def drag(self, start, *stops):
-        self.gallery.move((start, self.y))
-        self.gallery.press()
-        for x in stops:
-            self.gallery.move((x, self.y))
-        self.gallery.release()
+        self.gallery.drag((start, self.y), *((x, self.y) for x in stops))
 
     def test_the_texts_wrap_at_the_edge_wherever_it_is_dragged(self):
         x, lines = self.edge()
@@ -42,7 +32,3 @@ class Text(unittest.TestCase):
         self.assertEqual(self.edge(), (x, lines))
         self.drag(x + 20, x + 60)  # beside it
         self.assertEqual(self.edge(), (x, lines))
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,24 +1,16 @@
 """The trees under a real pointer and keyboard: expansion, movement, type-ahead, the scroll bar, and the navigation
 pane that fills a list."""
-import unittest
-
-from gallery import Gallery, xdotool
+from gallery import GalleryTest, xdotool
 
 INDENT = 15
 EXPANDING, EXPANDED, CLICKED = -454, -455, "NM_CLICK"
 
 
-class Trees(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.gallery = Gallery("Trees")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.gallery.close()
+class Trees(GalleryTest):
+    PAGE = "Trees"
 
     def setUp(self):
-        self.tree = next(c for c in self.gallery.controls() if c.class_name == "GTree")
+        self.tree = self.gallery.first("GTree")
         # The page's own: the other one is the list of pages.
         self.bar = [c for c in self.gallery.controls() if c.class_name == "GNavigationBar"][-1]
 
@@ -126,21 +118,10 @@ class Trees(unittest.TestCase):
         self.assertIn(self.bar.notify(EXPANDED), self.reported())
 
     def test_the_separator_gives_the_list_more_room(self):
-        strip = next(c for c in self.gallery.controls() if c.class_name == "GSeparator")
-        self.gallery.move(strip.middle)
-        self.gallery.press()
-        for dx in (-10, -30, -50):
-            self.gallery.move((strip.middle[0] + dx, strip.middle[1]))
-        self.gallery.release()
+        strip = self.gallery.first("GSeparator")
+        self.gallery.drag(strip.middle, *((strip.middle[0] + dx, strip.middle[1]) for dx in (-10, -30, -50)))
         self.gallery.lines()
-        moved = next(c for c in self.gallery.controls() if c.class_name == "GSeparator")
+        moved = self.gallery.first("GSeparator")
         self.assertEqual(moved.x, strip.x - 50)
-        self.gallery.move(moved.middle)
-        self.gallery.press()
-        self.gallery.move((moved.middle[0] + 50, moved.middle[1]))
-        self.gallery.release()
+        self.gallery.drag(moved.middle, (moved.middle[0] + 50, moved.middle[1]))
         self.gallery.lines()
-
-
-if __name__ == "__main__":
-    unittest.main()
