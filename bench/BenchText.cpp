@@ -168,12 +168,7 @@ void PrintSize(Bench& bench, HDC hdc)
     const size_t cbGlyph = sizeof(WORD) + sizeof(SCRIPT_VISATTR) + sizeof(int) + sizeof(GOFFSET);
     const size_t cb = sizeof(*text) + text->nItemsAlloc * cbItem + text->nCharsAlloc * cbChar +
                       text->nGlyphsAlloc * cbGlyph + (text->nBreaks + 1) * sizeof(stcDrawTextBreak);
-    const void* const blocks[] = {text.get(),     text->pItems,  text->pRuns,    text->pLogClust,
-                                  text->pLogAttr, text->pGlyphs, text->pVisAttr, text->pAdvance,
-                                  text->pOffset,  text->pBreaks};
-    const auto nBlocks = std::count_if(std::begin(blocks), std::end(blocks), [](const void* p) { return p; });
     bench.PrintAlone("  bytes of that prepared text", static_cast<long long>(cb));
-    bench.PrintAlone("  heap blocks of that prepared text", nBlocks);
 }
 
 std::vector<wchar_t> Words(size_t nChars)

@@ -47,6 +47,7 @@ struct stcDrawTextBuffer
     int nLineHeight; // from line to line; lines go upwards if it is negative
     UINT uFormat;    // DT_ flags
     int nFontHeight;
+    UINT fOneBlock; // the library's own: the arrays but pBreaks lie in one block
     SCRIPT_CACHE scriptCache;
 
     UINT nItems;

@@ -24,6 +24,7 @@ void CDrawText::PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nCha
         return;
     }
     pBuffer->scriptCache = nullptr;
+    pBuffer->fOneBlock = FALSE;
     pBuffer->nItemsAlloc = std::max(nItems, MIN_ITEMS);
     pBuffer->pItems = AllocateArray<SCRIPT_ITEM>(pBuffer->nItemsAlloc);
     pBuffer->pRuns = AllocateArray<stcDrawTextRun>(pBuffer->nItemsAlloc);
@@ -44,6 +45,7 @@ void CDrawText::OptimizeBuffer(stcDrawTextBuffer* pBuffer)
     if (!IsBuffer(pBuffer) || !pBuffer->pItems) {
         return;
     }
+    PartCalculated(*pBuffer);
     // The items and runs are not carried over, as they stand. Zeros in their place keep every operation that
     // meets the buffer afterwards inside the arrays.
     pBuffer->nItemsAlloc = pBuffer->nItems;
@@ -68,14 +70,7 @@ void CDrawText::FreeBuffer(stcDrawTextBuffer* pBuffer)
         return;
     }
     FreeCache(pBuffer->scriptCache);
-    FreeArray(pBuffer->pItems);
-    FreeArray(pBuffer->pRuns);
-    FreeArray(pBuffer->pLogClust);
-    FreeArray(pBuffer->pLogAttr);
-    FreeArray(pBuffer->pGlyphs);
-    FreeArray(pBuffer->pVisAttr);
-    FreeArray(pBuffer->pAdvance);
-    FreeArray(pBuffer->pOffset);
+    FreeCalculated(*pBuffer);
     FreeArray(pBuffer->pBreaks);
     pBuffer->nBreaks = 0;
 }

@@ -190,17 +190,10 @@ void ResetScratch()
 void Publish(stcDrawTextBuffer& buffer)
 {
     const stcDrawTextBuffer& scratch = DrawTextScratch;
+    CopyCalculated(buffer, scratch);
     buffer.nItems = buffer.nItemsAlloc = scratch.nItems;
-    ReplaceArray(buffer.pItems, scratch.pItems, scratch.nItems);
-    ReplaceArray(buffer.pRuns, scratch.pRuns, scratch.nItems);
     buffer.nChars = buffer.nCharsAlloc = scratch.nChars;
-    ReplaceArray(buffer.pLogClust, scratch.pLogClust, scratch.nChars);
-    ReplaceArray(buffer.pLogAttr, scratch.pLogAttr, scratch.nChars);
     buffer.nGlyphs = buffer.nGlyphsAlloc = scratch.nGlyphs;
-    ReplaceArray(buffer.pGlyphs, scratch.pGlyphs, scratch.nGlyphs);
-    ReplaceArray(buffer.pVisAttr, scratch.pVisAttr, scratch.nGlyphs);
-    ReplaceArray(buffer.pAdvance, scratch.pAdvance, scratch.nGlyphs);
-    ReplaceArray(buffer.pOffset, scratch.pOffset, scratch.nGlyphs);
 }
 
 } // namespace
@@ -214,6 +207,7 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
         Misuse("CDrawText::DrawText_Calculate: PrepareBuffer comes first");
         PrepareBuffer(pBuffer, 0, 0, 0);
     }
+    PartCalculated(*pBuffer);
     Calculation(hdc, pszText, nChars, *pBuffer, pBuffer->scriptCache).Run();
 }
 

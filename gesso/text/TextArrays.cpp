@@ -1,6 +1,24 @@
 #include <gesso/text/TextArrays.h>
 
 namespace gesso {
+namespace {
+
+// Hands out each array that a calculation fills, with its like in another buffer and how many elements that
+// has; those of the strictest alignment first.
+template <class VISIT>
+void VisitCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from, const VISIT& visit)
+{
+    visit(buffer.pItems, from.pItems, from.nItems);
+    visit(buffer.pRuns, from.pRuns, from.nItems);
+    visit(buffer.pAdvance, from.pAdvance, from.nGlyphs);
+    visit(buffer.pOffset, from.pOffset, from.nGlyphs);
+    visit(buffer.pGlyphs, from.pGlyphs, from.nGlyphs);
+    visit(buffer.pLogClust, from.pLogClust, from.nChars);
+    visit(buffer.pVisAttr, from.pVisAttr, from.nGlyphs);
+    visit(buffer.pLogAttr, from.pLogAttr, from.nChars);
+}
+
+} // namespace
 
 UINT FindRun(const stcDrawTextBuffer& buffer, UINT nGlyph)
 {
@@ -18,6 +36,47 @@ int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
         cx = WrapAdd(cx, buffer.pAdvance[n]);
     }
     return cx;
+}
+
+void CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from)
+{
+    FreeCalculated(buffer);
+    if (from.nItems == 0) {
+        return;
+    }
+    size_t cb = 0;
+    VisitCalculated(buffer, from, [&cb](auto*&, const auto* pFrom, UINT n) { cb += n * sizeof(*pFrom); });
+    auto* pNext = static_cast<std::byte*>(Allocate(cb));
+    VisitCalculated(buffer, from, [&pNext]<class T>(T*& p, const T* pFrom, UINT n) {
+        p = n != 0 ? static_cast<T*>(std::memcpy(pNext, pFrom, n * sizeof(T))) : nullptr;
+        pNext += n * sizeof(T);
+    });
+    buffer.fOneBlock = TRUE;
+}
+
+void FreeCalculated(stcDrawTextBuffer& buffer)
+{
+    if (buffer.fOneBlock) {
+        Free(buffer.pItems);
+    }
+    VisitCalculated(buffer, buffer, [&buffer](auto*& p, const auto*, UINT) {
+        if (!buffer.fOneBlock) {
+            Free(p);
+        }
+        p = nullptr;
+    });
+    buffer.fOneBlock = FALSE;
+}
+
+void PartCalculated(stcDrawTextBuffer& buffer)
+{
+    if (buffer.fOneBlock) {
+        void* const pBlock = buffer.pItems;
+        VisitCalculated(buffer, buffer,
+                        []<class T>(T*& p, const T* pFrom, UINT n) { p = CopyArray(pFrom, n); });
+        buffer.fOneBlock = FALSE;
+        Free(pBlock);
+    }
 }
 
 void FreeCache(SCRIPT_CACHE& cache)

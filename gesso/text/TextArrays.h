@@ -83,15 +83,17 @@ template <class T> void FreeArray(T*& p)
     p = nullptr;
 }
 
+// A block with a copy of n elements; null for none.
+template <class T> T* CopyArray(const T* pFrom, UINT n)
+{
+    return n != 0 ? static_cast<T*>(std::memcpy(Allocate(n * sizeof(T)), pFrom, n * sizeof(T))) : nullptr;
+}
+
 // Replaces an array with one of exactly n elements, copied from another.
 template <class T> void ReplaceArray(T*& p, const T* pFrom, UINT n)
 {
     T* const pFormer = p;
-    p = nullptr;
-    if (n != 0) {
-        p = static_cast<T*>(Allocate(n * sizeof(T)));
-        std::memcpy(p, pFrom, n * sizeof(T));
-    }
+    p = CopyArray(pFrom, n);
     Free(pFormer);
 }
 
@@ -101,5 +103,14 @@ template <class T> void GrowArray(T*& p, UINT nFormer, UINT n)
     p = static_cast<T*>(Reallocate(p, n * sizeof(T)));
     std::memset(p + nFormer, 0, (n - nFormer) * sizeof(T));
 }
+
+// What a calculation fills has one block in a prepared text, which pItems begins: of the time that a list
+// takes to prepare its texts, a block an array took almost a quarter.
+
+// Replaces the arrays with exact copies of those of another buffer, in one block.
+void CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from);
+void FreeCalculated(stcDrawTextBuffer& buffer);
+// Gives each array a block of its own, before any of them grows or shrinks.
+void PartCalculated(stcDrawTextBuffer& buffer);
 
 } // namespace gesso

@@ -109,6 +109,24 @@ TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
     EXPECT_EQ(own.pRuns[0].abc.abcB, published.pRuns[0].abc.abcB);
 }
 
+// A prepared text keeps its arrays otherwise than a buffer that is built by hand.
+TEST(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
+{
+    TextContext hdc;
+    const auto length = static_cast<UINT>(c_mixed.size());
+    const Text text = Prepare(hdc, c_mixed, 5000);
+    const UINT count = text->nGlyphs;
+    const auto glyphs = Bytes(text->pGlyphs, count);
+    CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, text.get());
+    ASSERT_EQ(text->nGlyphs, 2 * count);
+    EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
+    EXPECT_EQ(Bytes(text->pGlyphs + count, count), glyphs);
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, text.get());
+    EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
+    CDrawText::OptimizeBuffer(text.get());
+    EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
+}
+
 TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
 {
     TextContext hdc;
