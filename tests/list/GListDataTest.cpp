@@ -119,9 +119,7 @@ TEST_F(GListDataTest, GroupsAnswerNothingPastTheEnd)
 
 TEST_F(GListDataTest, CallsThatNameNothingAreAnsweredSafely)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(2);
+    MakeFilledList(1, 2);
     gesso::SetMisuseStops(false);
     list.SetColumnCx(3, 5);
     list.SetItemText(9, 0, L"x");
@@ -209,9 +207,7 @@ TEST_F(GListDataTest, OneFontOfTheListsOwnIsReplacedByTheHosts)
 
 TEST_F(GListDataTest, ACopySharesTheRecordsAndReleasesNothing)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(2);
+    MakeFilledList(1, 2);
     AddGroup(0);
     {
         ProbeList copy(list);

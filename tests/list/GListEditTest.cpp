@@ -10,14 +10,21 @@ protected:
     void SetUp() override
     {
         ListFixture::SetUp();
-        MakeList();
-        AddColumns(2);
-        AddItems(3);
+        MakeFilledList(2, 3);
         for (HWND& edit : edits) {
             edit = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, list,
                                    reinterpret_cast<HMENU>(5), nullptr, nullptr);
             ASSERT_TRUE(edit);
         }
+    }
+    // What the host does when an edit window loses the focus.
+    void WhenLeft(const std::function<void()>& act)
+    {
+        host.onNotify = [act](const Notified& notified) {
+            if (notified.code == EDIT_LEFT) {
+                act();
+            }
+        };
     }
     static LONG_PTR ProcOf(HWND hwnd) { return GetWindowLongPtrW(hwnd, GWLP_WNDPROC); }
 
@@ -54,22 +61,16 @@ TEST_F(GListEditTest, TheEditMayEndInItsNotification)
     const LONG_PTR own = ProcOf(edits[0]);
     list.BeginEdit(1, edits);
     SetFocus(edits[0]);
-    host.onNotify = [&](const Notified& notified) {
-        if (notified.code == EDIT_LEFT) {
-            list.EndEdit();
-        }
-    };
+    WhenLeft([&] { list.EndEdit(); });
     SetFocus(host);
     EXPECT_EQ(ProcOf(edits[0]), own);
 
     list.BeginEdit(1, edits);
     SetFocus(edits[0]);
-    host.onNotify = [&](const Notified& notified) {
-        if (notified.code == EDIT_LEFT) {
-            list.EndEdit();
-            DestroyWindow(edits[0]);
-        }
-    };
+    WhenLeft([&] {
+        list.EndEdit();
+        DestroyWindow(edits[0]);
+    });
     SetFocus(host);
     EXPECT_FALSE(IsWindow(edits[0]));
 }
@@ -78,11 +79,7 @@ TEST_F(GListEditTest, BothWindowsMayGoInTheNotification)
 {
     list.BeginEdit(1, edits);
     SetFocus(edits[0]);
-    host.onNotify = [&](const Notified& notified) {
-        if (notified.code == EDIT_LEFT) {
-            DestroyWindow(list);
-        }
-    };
+    WhenLeft([&] { DestroyWindow(list); });
     SetFocus(host);
     EXPECT_FALSE(IsWindow(list));
     EXPECT_FALSE(IsWindow(edits[0]));

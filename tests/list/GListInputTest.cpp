@@ -13,12 +13,17 @@ protected:
     void SetUp() override
     {
         ListFixture::SetUp();
-        MakeList(GLS_DETAILS | GLS_HEADER);
-        AddColumns(2);
-        AddItems(5);
+        MakeFilledList(2, 5, GLS_DETAILS | GLS_HEADER);
         SetFocus(list);
         list.ClearSelection();
         host.Take();
+    }
+    // In the header.
+    void Drag(int from, int to)
+    {
+        Mouse(WM_LBUTTONDOWN, from, 5);
+        Mouse(WM_MOUSEMOVE, to, 5);
+        Mouse(WM_LBUTTONUP, to, 5);
     }
 };
 
@@ -249,15 +254,11 @@ TEST_F(GListInputTest, WithCheckBoxesTheHeaderActsOnTheColumnOfTheElementsNumber
 {
     list.SetListStyle(GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES);
     const int divider = list.columnDraw[1].rect.right;
-    Mouse(WM_LBUTTONDOWN, divider, 5);
-    Mouse(WM_MOUSEMOVE, divider + 50, 5);
-    Mouse(WM_LBUTTONUP, divider + 50, 5);
+    Drag(divider, divider + 50);
     EXPECT_EQ(list.GetColumnCx(0), 100u);
     EXPECT_EQ(list.GetColumnCx(1), 150u);
     const int last = list.columnDraw[2].rect.right;
-    Mouse(WM_LBUTTONDOWN, last, 5);
-    Mouse(WM_MOUSEMOVE, last - 10, 5);
-    Mouse(WM_LBUTTONUP, last - 10, 5);
+    Drag(last, last - 10);
     EXPECT_EQ(list.GetColumnCx(1), 150u) << "there is no third column";
     Click(last - 40, 5);
     EXPECT_EQ(list.Texts(), "item0 item1 item2 item3 item4");
@@ -372,9 +373,7 @@ TEST_F(GListInputTest, TheParentMayDestroyTheListInEveryNotification)
     };
     for (const auto& [code, act] : cases) {
         if (!IsWindow(list)) {
-            MakeList(GLS_DETAILS | GLS_HEADER);
-            AddColumns(2);
-            AddItems(5);
+            MakeFilledList(2, 5, GLS_DETAILS | GLS_HEADER);
         }
         SetFocus(list);
         bool destroyed = false;

@@ -24,9 +24,16 @@ protected:
         }
         return cells;
     }
-    void AddTileColumn(UINT flags, LPCWSTR text, RECT rc)
+    void AddTileColumn(UINT flags, LPCWSTR text, RECT rc) { AddColumn(text, LCT_TEXT, flags, &rc); }
+    static SIZE TextSize(HFONT hFont, LPCWSTR text)
     {
-        list.InsertColumn(END, flags, 0, 100, 20, text, 0, LCT_TEXT, &rc, nullptr, nullptr, nullptr);
+        SIZE size{};
+        const HDC hdc = CreateCompatibleDC(nullptr);
+        const HGDIOBJ former = SelectObject(hdc, hFont);
+        GetTextExtentPointW(hdc, text, static_cast<int>(wcslen(text)), &size);
+        SelectObject(hdc, former);
+        DeleteDC(hdc);
+        return size;
     }
     SIZE CheckBox() const
     {
@@ -89,12 +96,7 @@ TEST_F(GListLayoutTest, TilesPlaceTheFlaggedColumnsAndTheirCaptions)
     AddTileColumn(LCF_TILELINE, L"Line", {1, 2, 50, 12});
     AddTileColumn(LCF_TILECAPTION, L"Caption", {3, 14, 80, 24});
     EXPECT_EQ(list.SetListStyle(GLS_TILES), GLS_DETAILS);
-    const HDC hdc = CreateCompatibleDC(nullptr);
-    const HGDIOBJ former = SelectObject(hdc, list.GetLabelHeaderFont());
-    SIZE size{};
-    GetTextExtentPointW(hdc, L"Caption:", 8, &size);
-    SelectObject(hdc, former);
-    DeleteDC(hdc);
+    const SIZE size = TextSize(list.GetLabelHeaderFont(), L"Caption:");
     EXPECT_EQ(Cells(), (Rows{"1 of 0 at 1,2,50,12", "32768 of 1 at 3,14,80,24",
                              "1 of 1 at " + std::to_string(3 + size.cx + 5) + ",14,80,24"}));
     EXPECT_EQ(list.GetItemWidth(), 90u);
@@ -124,12 +126,7 @@ TEST_F(GListLayoutTest, IconsAreAnImageAndALineOfText)
     MakeList(GLS_ICONS);
     list.SetImageList(images);
     AddColumns(2);
-    const HDC hdc = CreateCompatibleDC(nullptr);
-    const HGDIOBJ former = SelectObject(hdc, list.GetLabelTextFont());
-    SIZE size{};
-    GetTextExtentPointW(hdc, L"B", 1, &size);
-    SelectObject(hdc, former);
-    DeleteDC(hdc);
+    const SIZE size = TextSize(list.GetLabelTextFont(), L"B");
     const int height = std::max(22, static_cast<int>(size.cy) + 16 + 6);
     const int imageBottom = height - static_cast<int>(size.cy) - 4;
     EXPECT_EQ(list.GetItemHeight(), static_cast<UINT>(height));
@@ -150,9 +147,7 @@ TEST_F(GListLayoutTest, IconsAreAnImageAndALineOfText)
 
 TEST_F(GListLayoutTest, AllIconsOfAGroupShareACell)
 {
-    MakeList(GLS_ICONS);
-    AddColumns(2);
-    AddItems(3);
+    MakeFilledList(2, 3, GLS_ICONS);
     const auto height = static_cast<int>(list.GetItemHeight());
     const auto rect = [&](UINT k) { return list.elements[k].rect; };
     EXPECT_EQ(rect(0).right, 200) << "the first has the right edge of what came before";
@@ -188,9 +183,7 @@ TEST_F(GListLayoutTest, RowsFollowTheGroupsInTheOrderOfTheItems)
 // Where the walk would never end: such an item has no row, and it hides no other.
 TEST_F(GListLayoutTest, AnItemThatMatchesNoGroupHasNoRow)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(3);
+    MakeFilledList(1, 3);
     list.SetItemGroup(1, 9);
     EXPECT_EQ(list.Rows(), (Rows{"item 0 at 0..22", "item 2 at 22..44"}));
     AddGroup(1);
@@ -239,9 +232,7 @@ TEST_F(GListLayoutTest, AnInsertionAmongGroupsIsRightWithTheNextLayout)
 
 TEST_F(GListLayoutTest, SettersThatMoveNoRowLeaveWhatANewLayoutWouldMake)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(2);
+    MakeFilledList(1, 2);
     AddGroup(0);
     list.SetItemImage(0, 0, 1);
     EXPECT_EQ(list.Rows(), (Rows{"group 0 at 0..26", "item 0 at 26..48", "item 1 at 48..70"}))
@@ -254,9 +245,7 @@ TEST_F(GListLayoutTest, SettersThatMoveNoRowLeaveWhatANewLayoutWouldMake)
 
 TEST_F(GListLayoutTest, ARowsCellIsInTheContentBelowTheHeader)
 {
-    MakeList(GLS_DETAILS | GLS_HEADER);
-    AddColumns(2);
-    AddItems(40);
+    MakeFilledList(2, 40, GLS_DETAILS | GLS_HEADER);
     list.m_siV.nPos = 100;
     RECT rc{};
     list.GetItemRect(&rc, 2, 1);
@@ -326,9 +315,7 @@ TEST_F(GListLayoutTest, BarsComeAndGoWithTheContentAndTheWindow)
 
 TEST_F(GListLayoutTest, ScrollingStepsByLinesAndPagesAndStopsAtTheEnds)
 {
-    MakeList(GLS_DETAILS | GLS_HEADER);
-    AddColumns(8);
-    AddItems(100);
+    MakeFilledList(8, 100, GLS_DETAILS | GLS_HEADER);
     const int page = static_cast<int>(list.m_siV.nPage);
     const int last = list.m_siV.nMax - page + 1;
     const auto scroll = [&](UINT uMsg, WORD code, WORD position = 0) {
@@ -351,9 +338,7 @@ TEST_F(GListLayoutTest, ScrollingStepsByLinesAndPagesAndStopsAtTheEnds)
 
 TEST_F(GListLayoutTest, TheWheelScrollsTwentyPixelsALine)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(100);
+    MakeFilledList(1, 100);
     UINT lines = 0;
     SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
     const auto wheel = [&](int delta) {

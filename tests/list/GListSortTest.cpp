@@ -85,7 +85,7 @@ TEST_F(GListSortTest, EqualItemsLieAsThePartitionLeavesThem)
 TEST_F(GListSortTest, TheCallbackSortsByTheHostsData)
 {
     MakeList();
-    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, nullptr, CompareData, nullptr);
+    AddColumn(nullptr, CompareData);
     for (const size_t n : std::initializer_list<size_t>{3, 1, 2, 5, 4}) {
         AddItem(std::to_string(n).c_str(), 0, Data(n));
     }
@@ -147,7 +147,7 @@ UINT GroupByTens(GList* pList, void* data)
 TEST_F(GListSortTest, GroupingAsksTheColumnAndSortsAsBefore)
 {
     MakeList();
-    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, GroupByTens, CompareData, nullptr);
+    AddColumn(GroupByTens, CompareData);
     for (const size_t n : std::initializer_list<size_t>{23, 5, 12, 3, 25}) {
         AddItem(std::to_string(n).c_str(), 0, Data(n));
     }
@@ -177,7 +177,7 @@ TEST_F(GListSortTest, AnIdThatIsNotTheIndexLosesTheItem)
         }
         return 3;
     };
-    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, group, nullptr, nullptr);
+    AddColumn(group, nullptr);
     AddItem("a");
     list.Group(0, true);
     EXPECT_EQ(list.GetItemCount(), 0u);
@@ -189,14 +189,12 @@ struct Counted
     int place;
 };
 
-std::vector<Counted> Sorted(std::vector<int> keys)
+std::vector<Counted> AnyKeys(std::mt19937& random)
 {
-    std::vector<Counted> values;
-    for (const int key : keys) {
-        values.push_back({key, static_cast<int>(values.size())});
+    std::vector<Counted> values(random() % 200);
+    for (Counted& value : values) {
+        value = {static_cast<int>(random() % (1 + random() % 50)), static_cast<int>(&value - values.data())};
     }
-    const auto order = [](const Counted& a, const Counted& b) { return a.key - b.key; };
-    gesso::PartitionSort<Counted, decltype(order)>::Sort(values, order);
     return values;
 }
 
@@ -228,16 +226,11 @@ void RecursiveSort(Counted* a, int64_t n)
 TEST(PartitionSort, LeavesEqualItemsAsItsRecursiveFormDoes)
 {
     std::mt19937 random(7);
+    const auto order = [](const Counted& a, const Counted& b) { return a.key - b.key; };
     for (int round = 0; round < 300; ++round) {
-        std::vector<int> keys(random() % 200);
-        for (int& key : keys) {
-            key = static_cast<int>(random() % (1 + random() % 50));
-        }
-        const std::vector<Counted> sorted = Sorted(keys);
-        std::vector<Counted> expected;
-        for (const int key : keys) {
-            expected.push_back({key, static_cast<int>(expected.size())});
-        }
+        std::vector<Counted> sorted = AnyKeys(random);
+        std::vector<Counted> expected = sorted;
+        gesso::PartitionSort<Counted, decltype(order)>::Sort(sorted, order);
         RecursiveSort(expected.data(), static_cast<int64_t>(expected.size()));
         for (size_t i = 0; i < sorted.size(); ++i) {
             ASSERT_EQ(sorted[i].place, expected[i].place) << "round " << round << ", place " << i;

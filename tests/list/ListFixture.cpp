@@ -171,11 +171,28 @@ void ListFixture::MakeList(UINT listStyle, DWORD style)
     ASSERT_TRUE(list.GetHwnd());
 }
 
+void ListFixture::MakeFilledList(UINT columns, UINT items, UINT listStyle)
+{
+    MakeList(listStyle);
+    AddColumns(columns);
+    AddItems(items);
+}
+
+void ListFixture::AddColumn(LPCWSTR text, int type, UINT flags, const RECT* rcFormat)
+{
+    list.InsertColumn(END, flags, DT_SINGLELINE, 100, 20, text, 0, type, rcFormat, nullptr, nullptr, nullptr);
+}
+
+void ListFixture::AddColumn(PFNLISTGROUP fktGroup, PFNLISTSORT fktSort)
+{
+    list.InsertColumn(END, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, fktGroup, fktSort, nullptr);
+}
+
 void ListFixture::AddColumns(UINT count, int type)
 {
     for (UINT column = 0; column < count; ++column) {
         const wchar_t name[] = {static_cast<wchar_t>('A' + column), 0};
-        list.InsertColumn(END, 0, DT_SINGLELINE, 100, 20, name, 0, type, nullptr, nullptr, nullptr, nullptr);
+        AddColumn(name, type);
     }
 }
 

@@ -113,6 +113,12 @@ protected:
     void TearDown() override;
 
     void MakeList(UINT listStyle = GLS_DETAILS, DWORD style = WS_HSCROLL | WS_VSCROLL);
+    // A list with so many columns and items.
+    void MakeFilledList(UINT columns, UINT items, UINT listStyle = GLS_DETAILS);
+    // A column of 100 pixels at the end.
+    void AddColumn(LPCWSTR text, int type = LCT_TEXT, UINT flags = 0, const RECT* rcFormat = nullptr);
+    // A column whose items group and sort by the callbacks.
+    void AddColumn(PFNLISTGROUP fktGroup, PFNLISTSORT fktSort);
     // Columns of 100 pixels named A, B, ...
     void AddColumns(UINT count, int type = LCT_TEXT);
     // An item whose texts are the given one in every column.

