@@ -4,8 +4,8 @@
 namespace gesso {
 namespace {
 
-// Larger ones are not kept: drawing into them takes much longer than making them.
-constexpr int64_t MOST_PIXELS_KEPT = 256 * 1024;
+// Larger ones are not kept, since they would hold more than 4 MB between paints.
+constexpr int64_t MOST_PIXELS_KEPT = 1024 * 1024;
 // How much larger than needed one may be, since it is blackened as a whole.
 constexpr int64_t MOST_WASTE = 4;
 // The bits of a pixel that serve a screen of any depth.
