@@ -10,9 +10,7 @@ namespace gallery {
 namespace {
 
 constexpr int LIST_TOP = FIRST_BLOCK + 78;
-constexpr int LIST_WIDTH = 804;
-constexpr int LIST_HEIGHT = 388;
-constexpr int STATUS_TOP = LIST_TOP + LIST_HEIGHT + 8;
+constexpr int STATUS_ROOM = 58; // below the list
 constexpr int ROW_HEIGHT = 26;
 constexpr int OPTION_WIDTH = 112;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
@@ -27,24 +25,33 @@ public:
     void Build(Canvas& canvas) override
     {
         canvas.Title(L"List",
-                     L"GList: columns, groups, images and three views. Click a header to sort; F2 or a "
-                     L"double click renames, in the list alone.");
+                     L"GList: columns, groups, images, three views. A header sorts; F2 or a double click "
+                     L"renames.");
         m_folder = ReadSystemFolder();
         MakeOptions(canvas);
         m_pList = &canvas.Own(std::make_unique<FileList>(NAME_WIDTH));
-        m_pList->Create(MARGIN, LIST_TOP, LIST_WIDTH, LIST_HEIGHT, canvas.Window(), canvas.NextId(),
-                        GLS_DETAILS, 0,
+        m_pList->Create(0, 0, 10, 10, canvas.Window(), canvas.NextId(), GLS_DETAILS, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN);
         m_pEdit = std::make_unique<NameEdit>(*m_pList);
-        constexpr int PROGRESS_LEFT = MARGIN + LIST_WIDTH - PROGRESS_WIDTH;
-        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, PROGRESS_LEFT - GAP, STATUS_TOP + 20}, L"",
-                                 g_hDefaultFont, CAPTION_COLOR);
+        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
         m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
-        m_pProgress->Create(PROGRESS_LEFT, STATUS_TOP + 4, PROGRESS_WIDTH, 12, canvas.Window(), 0, 0,
-                            WS_CHILD);
+        m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, canvas.Window(), 0, 0, WS_CHILD);
         m_options[HEADER]->SetCheck(BST_CHECKED);
         m_views[DETAILS]->SetCheck(BST_CHECKED);
         Show();
+    }
+
+    SIZE LeastSize() const override { return {616, 340}; }
+
+    void OnSize(SIZE size) override
+    {
+        const int nRight = size.cx - MARGIN;
+        const int nBottom = size.cy - STATUS_ROOM;
+        m_pMany->MoveWindow(nRight - OPTION_WIDTH, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
+        m_pFolder->MoveWindow(nRight - 2 * OPTION_WIDTH - GAP, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
+        m_pList->MoveWindow(MARGIN, LIST_TOP, nRight - MARGIN, nBottom - LIST_TOP);
+        m_pStatus->MoveWindow(MARGIN, nBottom + 8, nRight - PROGRESS_WIDTH - GAP - MARGIN, 20);
+        m_pProgress->MoveWindow(nRight - PROGRESS_WIDTH, nBottom + 12, PROGRESS_WIDTH, 12);
     }
 
     LRESULT OnCommand(UINT, UINT, HWND hwndFrom) override
@@ -80,8 +87,10 @@ public:
 
     std::vector<Exhibit> Exhibits() override
     {
-        RECT rcPart{MARGIN - GAP, FIRST_BLOCK - GAP, MARGIN + LIST_WIDTH + GAP, LIST_TOP + LIST_HEIGHT + GAP};
-        MapWindowPoints(GetParent(*m_pList), nullptr, reinterpret_cast<POINT*>(&rcPart), 2);
+        RECT rcPart{};
+        GetWindowRect(*m_pList, &rcPart);
+        InflateRect(&rcPart, GAP, GAP);
+        rcPart.top -= LIST_TOP - FIRST_BLOCK;
         const auto options = [this](View view, bool fGroups) {
             ChooseView(*m_views[view]);
             m_options[GROUPS]->SetCheck(fGroups ? BST_CHECKED : BST_UNCHECKED);
@@ -125,9 +134,8 @@ private:
             m_options[i] = &Make<GCheckBox>(canvas, x, SECOND_ROW, OPTIONS[i]);
             x += OPTION_WIDTH;
         }
-        m_pFolder =
-            &Make<GButton>(canvas, MARGIN + LIST_WIDTH - 2 * OPTION_WIDTH - GAP, SECOND_ROW, L"&Folder");
-        m_pMany = &Make<GButton>(canvas, MARGIN + LIST_WIDTH - OPTION_WIDTH, SECOND_ROW, L"100,000 ro&ws");
+        m_pFolder = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"&Folder");
+        m_pMany = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"100,000 ro&ws");
     }
 
     template <class CONTROL> static CONTROL& Make(Canvas& canvas, int x, int y, LPCWSTR pszText)
