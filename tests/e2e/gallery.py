@@ -178,11 +178,12 @@ class Gallery:
 
     # --- What was reported
 
-    def lines(self):
+    def lines(self, *keys):
         """What was reported since the last call. The gallery has dealt with all earlier input by then, since it
-        takes F12 after that and marks the place."""
+        takes F12 after that and marks the place. The keys are typed at once before F12, which comes ahead of what
+        they start."""
         self._marks += 1
-        self.key("F12")
+        self.key("--delay", 0, *keys, "F12")
         parts = wait_for("the gallery's answer to F12", self._parts_to_the_mark)
         return parts[self._marks - 1]
 

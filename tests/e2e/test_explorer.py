@@ -80,6 +80,6 @@ class ExplorerTest(unittest.TestCase):
         self.gallery.click(next(c for c in self.controls() if SAMPLE in c.text).middle)
         self.gallery.key("ctrl+a")
         self.gallery.type("C:\\windows\\system32\\")
-        self.gallery.key("Return")
-        wait_for("progress", lambda: any(c.class_name == "GProgressBar" for c in self.controls()))
+        self.gallery.lines("Return")
+        self.assertIn("GProgressBar", [c.class_name for c in self.gallery.controls()])
         self.await_status(" items, 0 selected")
