@@ -1,5 +1,6 @@
 // Measuring a text for the host: CalcSizeText and the wrapping at 48 columns that it may be given.
 
+#include <gesso/containers/StringOf.h>
 #include <gesso/controls/GLabel.h>
 #include <gesso/framework/DrawScope.h>
 
@@ -61,13 +62,13 @@ void GLabel::WrapText(OString<wchar_t>& out, const OString<wchar_t>& in)
         nStart = nBreak;
     }
     text.insert(text.end(), psz + nStart, psz + nLength + 1);
-    out = OString<wchar_t>::Build(L"%s", text.data());
+    out = gesso::StringOf(text.data());
 }
 
 HRESULT GLabel::CalcSizeText(RECT* prc, DWORD dwFlags, LPCWSTR pszText, UINT bWrap, UINT cxMax,
                              UINT cyMax) const
 {
-    OString<wchar_t> text = OString<wchar_t>::Build(L"%s", pszText ? pszText : L"");
+    OString<wchar_t> text = gesso::StringOf(pszText);
     if (bWrap) {
         OString<wchar_t> wrapped;
         WrapText(wrapped, text);

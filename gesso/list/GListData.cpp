@@ -2,6 +2,7 @@
 
 #include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
+#include <gesso/containers/StringOf.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/list/GList.h>
@@ -286,7 +287,7 @@ UINT GList::InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group)
 
 void GList::NameGroup(ListGroup& group, LPCWSTR name)
 {
-    group.name = OString<wchar_t>::Build(L"%s", gesso::TextOrEmpty(name));
+    group.name = gesso::StringOf(name);
     const WindowContext context(m_hWnd);
     ListTextPair* prepared = PrepareText(context, GROUP_TEXT, group.name, nullptr, group.format, lineHeight);
     FreeText(std::exchange(group.prepared, prepared));

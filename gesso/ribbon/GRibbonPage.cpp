@@ -1,4 +1,5 @@
 #include <gesso/containers/Misuse.h>
+#include <gesso/containers/StringOf.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
@@ -12,11 +13,6 @@ using gesso::Frame;
 namespace {
 
 constexpr LPCWSTR THEME_CLASS = L"BUTTON";
-
-OString<wchar_t> StringOf(LPCWSTR psz)
-{
-    return OString<wchar_t>::Build(L"%s", gesso::TextOrEmpty(psz));
-}
 
 UINT* CopyOptions(const UINT* puOptions, size_t nCount)
 {
@@ -111,8 +107,8 @@ int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT
 {
     const UINT nCount = m_aGroups.GetLength();
     const UINT nIndex = dwAfterId ? std::min(IndexOfId(m_aGroups, dwAfterId) + 1, nCount) : 0;
-    m_aGroups.InsertAt(nIndex,
-                       Group{dwId, StringOf(pszTitle), {}, 0, gesso::EMPTY_GROUP_WIDTH, uFixedWidth, 0});
+    m_aGroups.InsertAt(
+        nIndex, Group{dwId, gesso::StringOf(pszTitle), {}, 0, gesso::EMPTY_GROUP_WIDTH, uFixedWidth, 0});
     RecalcWidth();
     return 1;
 }
@@ -120,7 +116,7 @@ int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT
 void GRibbonPage::SetGroupName(DWORD dwId, LPCWSTR pszTitle)
 {
     if (Group* pGroup = FindGroup(dwId)) {
-        pGroup->strTitle = StringOf(pszTitle);
+        pGroup->strTitle = gesso::StringOf(pszTitle);
     }
 }
 
@@ -187,8 +183,11 @@ void GRibbonPage::SetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
 void GRibbonPage::GetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
 {
     const Group* pGroup = FindGroup(dwGroupId);
+    if (!pInfo) {
+        return gesso::Misuse("GRibbonPage::GetItemInfo: no info");
+    }
     const UINT nIndex = pGroup ? IndexOfId(pGroup->aItems, dwItemId) : 0;
-    if (!pGroup || nIndex == pGroup->aItems.GetLength() || !pInfo) {
+    if (!pGroup || nIndex == pGroup->aItems.GetLength()) {
         return;
     }
     const Item& item = pGroup->aItems[nIndex];
@@ -230,7 +229,10 @@ void GRibbonPage::AddWindow(DWORD dwGroupId, HWND hwnd)
 void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
 {
     Group* pGroup = FindGroup(dwGroupId);
-    if (!pGroup || !phwnd) {
+    if (!phwnd) {
+        return gesso::Misuse("GRibbonPage::AddWindow: no windows");
+    }
+    if (!pGroup) {
         return;
     }
     for (UINT i = 0; i < nCount; i++) {

@@ -20,7 +20,8 @@
 // ribbon after it has changed a page.
 //
 // Items stand in columns of up to 66 pixels. Groups follow one another from the left; none shrinks where room
-// runs out. Ids are the host's own; where several groups or items have the same, the first one counts.
+// runs out. Ids are the host's own; where several groups or items have the same, the first one counts. An
+// operation on one that is not there does nothing.
 //
 // Sends to the parent of the ribbon: WM_COMMAND for each click on an item, with the low 16 bits of its id and
 // a notification code of 0 in wParam; lParam is 1 for a check box that is now checked, else 0.

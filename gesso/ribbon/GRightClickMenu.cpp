@@ -1,7 +1,7 @@
 #include <gesso/containers/Misuse.h>
+#include <gesso/containers/StringOf.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
-#include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/OwnedHandles.h>
@@ -23,11 +23,6 @@ constexpr COLORREF CR_HOT = 0x8CC8FF;
 constexpr int RowOf(POINTS pt)
 {
     return pt.y / ROW_HEIGHT;
-}
-
-OString<wchar_t> StringOf(LPCWSTR psz)
-{
-    return OString<wchar_t>::Build(L"%s", gesso::TextOrEmpty(psz));
 }
 
 void FillColor(HDC hdc, const RECT& rc, COLORREF cr)
@@ -72,7 +67,7 @@ void GRightClickMenu::Init(void*) {}
 
 void GRightClickMenu::AddValue(LPCWSTR pszText)
 {
-    m_aValues.Add(StringOf(pszText));
+    m_aValues.Add(gesso::StringOf(pszText));
 }
 
 void GRightClickMenu::SetValue(UINT nIndex, LPCWSTR pszText)
@@ -80,7 +75,7 @@ void GRightClickMenu::SetValue(UINT nIndex, LPCWSTR pszText)
     if (nIndex >= m_aValues.GetLength()) {
         return gesso::Misuse("GRightClickMenu::SetValue: a row that is not there");
     }
-    m_aValues[nIndex] = StringOf(pszText);
+    m_aValues[nIndex] = gesso::StringOf(pszText);
 }
 
 LPCWSTR GRightClickMenu::GetValue(UINT nIndex) const

@@ -30,22 +30,35 @@ struct RibbonWithPage
     OpenPage page{1, L"Page"};
 };
 
-std::vector<DWORD> GroupIds(OpenPage& page)
+// Of groups or of items.
+template <class RECORDS> std::vector<UINT> IdsOf(const RECORDS& records)
 {
-    std::vector<DWORD> ids;
-    for (UINT i = 0; i < page.m_aGroups.GetLength(); i++) {
-        ids.push_back(page.m_aGroups[i].nId);
+    std::vector<UINT> ids;
+    for (const auto& record : records) {
+        ids.push_back(record.nId);
     }
     return ids;
 }
 
 std::vector<UINT> ItemIds(OpenPage& page, UINT nGroup)
 {
-    std::vector<UINT> ids;
-    for (UINT i = 0; i < page.m_aGroups[nGroup].aItems.GetLength(); i++) {
-        ids.push_back(page.ItemAt(nGroup, i).nId);
-    }
-    return ids;
+    return IdsOf(page.m_aGroups[nGroup].aItems);
+}
+
+ItemInfo InfoOf(UINT uType, UINT nId = 0)
+{
+    ItemInfo info{};
+    info.uType = uType;
+    info.nId = nId;
+    return info;
+}
+
+// What an item of the group 1 tells to one who expects that type.
+ItemInfo Told(OpenPage& page, UINT nId, UINT uType)
+{
+    ItemInfo info = InfoOf(uType);
+    page.GetItemInfo(1, nId, &info);
+    return info;
 }
 
 // What the visual style measures for a text in a push button or check box.
@@ -61,16 +74,14 @@ int TextWidth(OpenPage& page, int nPart, LPCWSTR psz)
     return rc.right;
 }
 
-SIZE SizeOf(const GRibbonPage::Item& item)
+int WidthOf(const GRibbonPage::Item& item)
 {
-    return {item.nRight - item.nLeft, item.nBottom - item.nTop};
+    return item.nRight - item.nLeft;
 }
 
 void InsertWithOptions(OpenPage& page, UINT nId, int nOptions, const std::vector<UINT>& options)
 {
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
-    info.nId = nId;
+    ItemInfo info = InfoOf(RIT_BUTTON, nId);
     info.nOptions = nOptions;
     info.puOptions = options.data();
     info.nImage = -1;
@@ -88,7 +99,7 @@ TEST(GRibbonPage, GroupsGoBehindTheOneNamedOrInFrontOrToTheEnd)
     made.page.InsertGroup(0, 3, L"In front", 0);
     made.page.InsertGroup(77, 4, L"At the end", 0);
     made.page.InsertGroup(1, 5, nullptr, 100);
-    EXPECT_EQ(GroupIds(made.page), (std::vector<DWORD>{3, 1, 5, 2, 4}));
+    EXPECT_EQ(IdsOf(made.page.m_aGroups), (std::vector<UINT>{3, 1, 5, 2, 4}));
     made.page.SetGroupName(5, L"Named");
     made.page.SetGroupName(77, L"Nobody");
     EXPECT_EQ(Narrow(made.page.m_aGroups[2].strTitle), "Named");
@@ -102,9 +113,8 @@ TEST(GRibbonPage, GroupsFollowOneAnotherOnePixelApart)
     made.page.InsertGroup(2, 3, L"Last", 0);
     const auto edges = [&] {
         std::vector<int> x;
-        for (UINT i = 0; i < made.page.m_aGroups.GetLength(); i++) {
-            x.push_back(made.page.m_aGroups[i].nLeft);
-            x.push_back(made.page.m_aGroups[i].nRight);
+        for (const GRibbonPage::Group& group : made.page.m_aGroups) {
+            x.insert(x.end(), {group.nLeft, group.nRight});
         }
         return x;
     };
@@ -125,25 +135,22 @@ TEST(GRibbonPage, OfSeveralSizesTheLastCountsAndASingleOneIsNotKept)
 {
     RibbonWithPage made;
     const std::vector<UINT> sizes = {RIS_LARGE << 16 | 0xFFFF, RIS_MEDIUM << 16, RIS_SMALL << 16};
-    const int counts[] = {0, 1, -5, 2, 3};
-    const int stored[] = {0, 0, 0, 2, 3};
-    const WORD classes[] = {0, RIS_LARGE, RIS_LARGE, RIS_MEDIUM, RIS_SMALL};
-    for (UINT i = 0; i < std::size(counts); i++) {
-        InsertWithOptions(made.page, i + 1, counts[i], sizes);
-        EXPECT_EQ(made.page.ItemAt(0, i).wSize, classes[i]) << counts[i];
-        ItemInfo info{};
-        info.uType = RIT_BUTTON;
-        made.page.GetItemInfo(1, i + 1, &info);
-        EXPECT_EQ(info.nOptions, stored[i]) << counts[i];
-        ASSERT_EQ(info.puOptions != nullptr, stored[i] > 0) << counts[i];
-        EXPECT_TRUE(std::equal(sizes.begin(), sizes.begin() + stored[i], info.puOptions)) << counts[i];
+    const struct
+    {
+        int nGiven, nStored;
+        WORD wSize;
+    } cases[] = {{0, 0, 0}, {1, 0, RIS_LARGE}, {-5, 0, RIS_LARGE}, {2, 2, RIS_MEDIUM}, {3, 3, RIS_SMALL}};
+    UINT nId = 0;
+    for (const auto& [nGiven, nStored, wSize] : cases) {
+        InsertWithOptions(made.page, ++nId, nGiven, sizes);
+        EXPECT_EQ(made.page.ItemAt(0, nId - 1).wSize, wSize) << nGiven;
+        const ItemInfo info = Told(made.page, nId, RIT_BUTTON);
+        EXPECT_EQ(info.nOptions, nStored) << nGiven;
+        ASSERT_EQ(info.puOptions != nullptr, nStored > 0) << nGiven;
+        EXPECT_TRUE(std::equal(sizes.begin(), sizes.begin() + nStored, info.puOptions)) << nGiven;
     }
-    const AllowMisuse allowed;
-    ItemInfo none{};
-    none.uType = RIT_BUTTON;
-    none.nOptions = 3;
-    made.page.InsertItem(1, 0, &none);
-    EXPECT_EQ(made.page.ItemAt(0, 5).wSize, 0) << "options without a place";
+    InsertWithOptions(made.page, ++nId, 3, {}); // options without a place
+    EXPECT_EQ(made.page.ItemAt(0, nId - 1).wSize, 0);
 }
 
 TEST(GRibbonPage, ItemsTellWhatTheyWereToldUnlessTheTypeDiffers)
@@ -151,9 +158,7 @@ TEST(GRibbonPage, ItemsTellWhatTheyWereToldUnlessTheTypeDiffers)
     RibbonWithPage made;
     InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Cut", 3);
     InsertCheckBox(made.page, 1, 11, true, L"Ruler");
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
-    made.page.GetItemInfo(1, 10, &info);
+    ItemInfo info = Told(made.page, 10, RIT_BUTTON);
     EXPECT_EQ(info.nId, 10u);
     EXPECT_EQ(info.nImage, 3);
     EXPECT_EQ(Narrow(info.pszText), "Cut");
@@ -170,8 +175,7 @@ TEST(GRibbonPage, ItemsTellWhatTheyWereToldUnlessTheTypeDiffers)
     EXPECT_EQ(Narrow(info.pszCheckText), "Ruler");
     EXPECT_EQ(made.page.ItemAt(0, 1).nImage, -1);
 
-    ItemInfo untouched{};
-    untouched.nId = 4711;
+    ItemInfo untouched = InfoOf(RIT_BUTTON, 4711);
     made.page.GetItemInfo(1, 99, &untouched);
     made.page.GetItemInfo(99, 10, &untouched);
     EXPECT_EQ(untouched.nId, 4711u);
@@ -182,9 +186,7 @@ TEST(GRibbonPage, SettingAnItemKeepsWhatIsNotGiven)
     RibbonWithPage made;
     InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Cut", 3);
     InsertCheckBox(made.page, 1, 11, true, L"Ruler");
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
-    info.nId = 20;
+    ItemInfo info = InfoOf(RIT_BUTTON, 20);
     info.nImage = 5;
     made.page.SetItemInfo(1, 10, &info);
     const GRibbonPage::Item& button = made.page.ItemAt(0, 0);
@@ -199,9 +201,7 @@ TEST(GRibbonPage, SettingAnItemKeepsWhatIsNotGiven)
     made.page.SetItemInfo(1, 11, &info);
     EXPECT_EQ(made.page.ItemAt(0, 1).nId, 11u) << "a check box is not set by a button's info";
 
-    ItemInfo check{};
-    check.uType = RIT_CHECKBOX;
-    check.nId = 11;
+    ItemInfo check = InfoOf(RIT_CHECKBOX, 11);
     made.page.SetItemInfo(1, 11, &check);
     EXPECT_EQ(made.page.ItemAt(0, 1).uFlags & RIF_CHECKED, 0u);
     EXPECT_EQ(Narrow(made.page.ItemAt(0, 1).pszText), "Ruler");
@@ -216,13 +216,11 @@ TEST(GRibbonPage, OptionsMayBeSetFromThoseThatTheItemHas)
 {
     RibbonWithPage made;
     InsertWithOptions(made.page, 10, 3, {RIS_LARGE << 16, RIS_SMALL << 16, RIS_MEDIUM << 16});
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
-    made.page.GetItemInfo(1, 10, &info);
+    ItemInfo info = Told(made.page, 10, RIT_BUTTON);
     info.nOptions = 2;
     made.page.SetItemInfo(1, 10, &info);
     EXPECT_EQ(made.page.ItemAt(0, 0).wSize, RIS_SMALL);
-    made.page.GetItemInfo(1, 10, &info);
+    info = Told(made.page, 10, RIT_BUTTON);
     EXPECT_EQ(info.nOptions, 2);
     EXPECT_EQ(info.puOptions[0], UINT{RIS_LARGE << 16});
     info.nOptions = 1;
@@ -251,8 +249,7 @@ TEST(GRibbonPage, WhatIsNotThereIsLeftAlone)
     const AllowMisuse allowed;
     RibbonWithPage made;
     InsertButton(made.page, 1, 10, RIS_SMALL, L"Cut");
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
+    ItemInfo info = InfoOf(RIT_BUTTON);
     info.pszText = L"Changed";
     made.page.SetItemInfo(1, 99, &info);
     made.page.SetItemInfo(99, 10, &info);
@@ -290,9 +287,7 @@ TEST(GRibbonPage, AnItemThatIsAWindowIsNeitherSetNorTold)
 {
     RibbonWithPage made;
     made.page.AddWindow(1, made.hwnd);
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
-    info.nId = 7;
+    ItemInfo info = InfoOf(RIT_BUTTON, 7);
     made.page.GetItemInfo(1, 0, &info);
     EXPECT_EQ(info.uType, RIT_WINDOW);
     EXPECT_EQ(info.nId, 0u);
@@ -322,14 +317,20 @@ TEST(GRibbonPage, ItemsAreMeasuredByTheirTexts)
     SIZE box{};
     GetThemePartSize(made.page.m_hTheme, nullptr, BP_CHECKBOX, 0, nullptr, TS_TRUE, &box);
     const int nCheck = box.cx + TextWidth(made.page, BP_CHECKBOX, L"Check") + 11;
-    const SIZE sizes[] = {{22, 22},        {nMedium + 25, 22}, {nMedium + 6, 22}, {46, 66},
-                          {nWord + 6, 66}, {25, 22},           {25, 22},          {nCheck, 22}};
     ASSERT_GT(nMedium, 20);
     ASSERT_GT(nWord, 40);
-    for (UINT i = 0; i < std::size(sizes); i++) {
-        EXPECT_EQ(SizeOf(made.page.ItemAt(0, i)).cx, sizes[i].cx) << i;
-        EXPECT_EQ(SizeOf(made.page.ItemAt(0, i)).cy, sizes[i].cy) << i;
+    std::vector<std::pair<int, int>> sizes;
+    for (const GRibbonPage::Item& item : made.page.m_aGroups[0].aItems) {
+        sizes.emplace_back(WidthOf(item), item.nBottom - item.nTop);
     }
+    EXPECT_EQ(sizes, (std::vector<std::pair<int, int>>{{22, 22},
+                                                       {nMedium + 25, 22},
+                                                       {nMedium + 6, 22},
+                                                       {46, 66},
+                                                       {nWord + 6, 66},
+                                                       {25, 22},
+                                                       {25, 22},
+                                                       {nCheck, 22}}));
 }
 
 TEST(GRibbonPage, ALargeTextBreaksIntoTheTwoLinesThatAreNarrowest)
@@ -337,12 +338,10 @@ TEST(GRibbonPage, ALargeTextBreaksIntoTheTwoLinesThatAreNarrowest)
     RibbonWithPage made;
     const auto width = [&](LPCWSTR psz) { return TextWidth(made.page, BP_PUSHBUTTON, psz); };
     const auto buttonWidth = [&](LPCWSTR psz) {
-        ItemInfo info{};
-        info.uType = RIT_BUTTON;
-        info.nId = 1;
+        ItemInfo info = InfoOf(RIT_BUTTON, 1);
         info.pszText = psz;
         made.page.SetItemInfo(1, 1, &info);
-        return static_cast<int>(SizeOf(made.page.ItemAt(0, 0)).cx) - 6;
+        return WidthOf(made.page.ItemAt(0, 0)) - 6;
     };
     InsertButton(made.page, 1, 1, RIS_LARGE, L"");
     EXPECT_EQ(buttonWidth(L"Incomprehensibilities a"), width(L"Incomprehensibilities"));
@@ -365,11 +364,12 @@ TEST(GRibbonPage, ItemsStackInColumnsOfThreeRows)
     }
     InsertButton(made.page, 1, 5, RIS_LARGE, nullptr);
     InsertButton(made.page, 1, 6, RIS_SMALL, nullptr, 0);
-    const POINT places[] = {{0, 26}, {0, 48}, {0, 70}, {22, 26}, {44, 26}, {90, 26}};
-    for (UINT i = 0; i < std::size(places); i++) {
-        EXPECT_EQ(made.page.ItemAt(0, i).nLeft, places[i].x) << i;
-        EXPECT_EQ(made.page.ItemAt(0, i).nTop, places[i].y) << i;
+    std::vector<std::pair<int, int>> places;
+    for (const GRibbonPage::Item& item : made.page.m_aGroups[0].aItems) {
+        places.emplace_back(item.nLeft, item.nTop);
     }
+    EXPECT_EQ(places,
+              (std::vector<std::pair<int, int>>{{0, 26}, {0, 48}, {0, 70}, {22, 26}, {44, 26}, {90, 26}}));
     EXPECT_EQ(made.page.m_aGroups[0].nRight, 90 + 22 + 10);
 }
 
@@ -393,10 +393,8 @@ TEST(GRibbonPage, EditsOfEveryKindLeaveTheLayoutOfAFreshOne)
             break;
         case 3: made.page.AddWindow(1, made.hwnd); break;
         case 4: {
-            ItemInfo info{};
+            ItemInfo info = InfoOf(RIT_BUTTON, nSome);
             const UINT uSize = pick(4) << 16;
-            info.uType = RIT_BUTTON;
-            info.nId = nSome;
             info.nOptions = 1;
             info.puOptions = &uSize;
             info.pszText = TEXTS[pick(5)];
@@ -497,19 +495,14 @@ TEST(GRibbonPage, ItemsAreHitWhateverTheirStateAndGroup)
     made.page.InsertGroup(1, 2, L"Fixed", 80);
     InsertButton(made.page, 2, 11, RIS_SMALL, nullptr, 0);
     Click(made.hwnd, MiddleOf(made.page, 0, 0));
-    Click(made.hwnd, MiddleOf(made.page, 1, 0));
+    const POINT pt = MiddleOf(made.page, 1, 0);
+    Click(made.hwnd, pt);
     EXPECT_EQ(made.host.TakeReports(), (Reports{"click 10", "click 11"}));
-}
 
-TEST(GRibbonPage, AnItemThatGoesBetweenPressAndReleaseIsNotClicked)
-{
-    RibbonWithPage made;
-    InsertButton(made.page, 1, 10, RIS_SMALL, nullptr, 0);
-    const POINT pt = MiddleOf(made.page, 0, 0);
     Press(made.hwnd, pt.x, pt.y);
-    made.page.RemoveItem(1, 10);
+    made.page.RemoveItem(2, 11);
     Release(made.hwnd, pt.x, pt.y);
-    EXPECT_EQ(made.host.TakeReports(), Reports{});
+    EXPECT_EQ(made.host.TakeReports(), Reports{}) << "it went between press and release";
 }
 
 TEST(GRibbonPage, TheHotItemFollowsTheMouseButStaysThePressedOneOverOthers)
@@ -545,7 +538,7 @@ TEST(GRibbonPage, TheHotItemFollowsTheMouseButStaysThePressedOneOverOthers)
     EXPECT_EQ(made.page.m_uHotItem, 1u) << "the last hot item stays drawn hot";
 }
 
-TEST(GRibbonPage, LosingTheCaptureEndsThePress)
+TEST(GRibbonPage, LosingTheCaptureEndsThePressAndNothingToPressTakesNone)
 {
     RibbonWithPage made;
     InsertButton(made.page, 1, 10, RIS_LARGE, L"A", 0);
@@ -559,75 +552,70 @@ TEST(GRibbonPage, LosingTheCaptureEndsThePress)
     EXPECT_EQ(GetCapture(), made.host);
     EXPECT_EQ(made.host.TakeReports(), Reports{});
     ReleaseCapture();
-}
 
-TEST(GRibbonPage, APageWithoutGroupsTakesNoCapture)
-{
-    RibbonWithPage made;
     made.page.RemoveGroup(1);
     Press(made.hwnd, 30, 60);
-    EXPECT_NE(GetCapture(), made.hwnd);
-    Release(made.hwnd, 30, 60);
+    EXPECT_EQ(GetCapture(), nullptr) << "a page without groups takes none";
 }
+
+// A ribbon with a page and a check box, which a host ends by and by.
+struct RibbonToEnd
+{
+    RibbonToEnd()
+    {
+        ribbon->AddPage(pPage, 0, nullptr);
+        pPage->InsertGroup(0, 1, L"Group", 0);
+        InsertCheckBox(*pPage, 1, 10, false, L"Check");
+    }
+    ~RibbonToEnd() { DestroyWindow(hwnd); }
+    void EndPage()
+    {
+        ribbon->RemovePage(pPage);
+        delete pPage;
+    }
+
+    Host host;
+    std::unique_ptr<GRibbon> ribbon = std::make_unique<GRibbon>();
+    CountedPage* pPage = new CountedPage(1);
+    HWND hwnd = CreateRibbon(*ribbon, host);
+};
+
+const std::vector<void (*)(RibbonToEnd&)> ENDS = {
+    [](RibbonToEnd& made) {
+        DestroyWindow(made.hwnd);
+        made.ribbon.reset();
+    },
+    [](RibbonToEnd& made) { made.ribbon.reset(); },
+    [](RibbonToEnd& made) { made.EndPage(); },
+    [](RibbonToEnd& made) {
+        made.pPage->RemoveGroup(1);
+        made.EndPage();
+        made.ribbon->AddPage(nullptr, 1, L"New");
+        made.ribbon.reset();
+    },
+};
 
 TEST(GRibbonPage, TheParentMayEndEverythingInTheCommand)
 {
-    Host host;
-    const auto clickAndAnswer = [&](auto answer) {
-        auto* pRibbon = new GRibbon;
-        auto* pPage = new CountedPage(1);
-        const HWND hwnd = CreateRibbon(*pRibbon, host);
-        pRibbon->AddPage(pPage, 0, nullptr);
-        pPage->InsertGroup(0, 1, L"Group", 0);
-        InsertCheckBox(*pPage, 1, 10, false, L"Check");
-        host.onReport = [&](const std::string&) { answer(pRibbon, pPage, hwnd); };
-        Click(hwnd, MiddleOf(*pPage, 0, 0));
-        EXPECT_EQ(host.TakeReports(), Reports{"click 10 value 1"});
+    for (const auto end : ENDS) {
+        RibbonToEnd made;
+        made.host.onReport = [&](const std::string&) { end(made); };
+        Click(made.hwnd, MiddleOf(*made.pPage, 0, 0));
+        EXPECT_EQ(made.host.TakeReports(), Reports{"click 10 value 1"});
         EXPECT_EQ(CountedPage::s_nLive, 0);
-        DestroyWindow(hwnd);
-    };
-    clickAndAnswer([](GRibbon* pRibbon, CountedPage*, HWND hwnd) {
-        DestroyWindow(hwnd);
-        delete pRibbon;
-    });
-    clickAndAnswer([](GRibbon* pRibbon, CountedPage*, HWND) { delete pRibbon; });
-    clickAndAnswer([](GRibbon* pRibbon, CountedPage* pPage, HWND) {
-        pRibbon->RemovePage(pPage);
-        delete pPage;
-        delete pRibbon;
-    });
-    clickAndAnswer([](GRibbon* pRibbon, CountedPage* pPage, HWND) {
-        pPage->RemoveGroup(1);
-        pRibbon->RemovePage(pPage);
-        delete pPage;
-        pRibbon->AddPage(nullptr, 1, L"New");
-        delete pRibbon;
-    });
+    }
 }
 
 TEST(GRibbonPage, TheParentMayEndThePageWhileItDrawsBehindIt)
 {
-    Host host;
     const HDC hdc = CreateCompatibleDC(nullptr);
-    const auto drawAndEnd = [&](auto end) {
-        auto* pRibbon = new GRibbon;
-        auto* pPage = new CountedPage(1);
-        const HWND hwnd = CreateRibbon(*pRibbon, host);
-        pRibbon->AddPage(pPage, 0, nullptr);
-        pPage->InsertGroup(0, 1, L"Group", 0);
-        const test::Interception background(host, WM_ERASEBKGND, [&] { end(pRibbon, pPage); });
-        pPage->Draw(hdc);
+    for (const auto end : ENDS) {
+        RibbonToEnd made;
+        const test::Interception background(made.host, WM_ERASEBKGND, [&] { end(made); });
+        made.pPage->Draw(hdc);
         EXPECT_TRUE(background.Happened());
         EXPECT_EQ(CountedPage::s_nLive, 0);
-        DestroyWindow(hwnd);
-    };
-    drawAndEnd([](GRibbon* pRibbon, CountedPage*) { delete pRibbon; });
-    std::unique_ptr<GRibbon> ribbon;
-    drawAndEnd([&](GRibbon* pRibbon, CountedPage* pPage) {
-        ribbon.reset(pRibbon);
-        pRibbon->RemovePage(pPage);
-        delete pPage;
-    });
+    }
     DeleteDC(hdc);
 }
 
@@ -658,9 +646,7 @@ TEST(GRibbonPage, TextsOfARemovedGroupStayGoodUntilThePageGoes)
 {
     RibbonWithPage made;
     InsertButton(made.page, 1, 10, RIS_MEDIUM, L"Kept");
-    ItemInfo info{};
-    info.uType = RIT_BUTTON;
-    made.page.GetItemInfo(1, 10, &info);
+    const ItemInfo info = Told(made.page, 10, RIT_BUTTON);
     made.page.RemoveGroup(1);
     EXPECT_EQ(Narrow(info.pszText), "Kept");
 }
@@ -673,7 +659,7 @@ TEST(GRibbonPage, APageMayBeFilledBeforeItIsAdded)
     pPage->InsertGroup(0, 1, L"Group", 0);
     InsertButton(*pPage, 1, 10, RIS_MEDIUM, L"Before", -1);
     InsertCheckBox(*pPage, 1, 11, false, L"Before");
-    EXPECT_GT(SizeOf(pPage->ItemAt(0, 0)).cx, 6);
+    EXPECT_GT(WidthOf(pPage->ItemAt(0, 0)), 6);
     ribbon.AddPage(pPage, 0, nullptr);
     const HWND hwnd = CreateRibbon(ribbon, host);
     Print(hwnd);

@@ -1,8 +1,7 @@
 #include "RibbonTestSupport.h"
 
-#include <gesso/containers/Misuse.h>
-
 namespace test::ribbon {
+
 HWND CreateRibbon(GRibbon& ribbon, HWND hwndParent)
 {
     InitControls();
@@ -33,31 +32,11 @@ void InsertCheckBox(GRibbonPage& page, DWORD dwGroup, UINT nId, bool fChecked, L
     page.InsertItem(dwGroup, 0, &info);
 }
 
-void Press(HWND hwnd, int x, int y)
-{
-    SendMessageW(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-}
-
-void Release(HWND hwnd, int x, int y)
-{
-    SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
-}
-
-void Move(HWND hwnd, int x, int y)
-{
-    SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
-}
-
 POINT MiddleOf(OpenPage& page, UINT nGroup, UINT nItem)
 {
     const GRibbonPage::Item& item = page.ItemAt(nGroup, nItem);
     return {page.m_aGroups[nGroup].nLeft + 4 + (item.nLeft + item.nRight) / 2,
             4 + (item.nTop + item.nBottom) / 2};
-}
-
-void Click(HWND hwnd, POINT pt)
-{
-    Click(hwnd, pt.x, pt.y);
 }
 
 bool TakeRepaint(HWND hwnd)
@@ -78,13 +57,6 @@ void Print(HWND hwnd)
     DeleteObject(SelectObject(hdc, hFormer));
     DeleteDC(hdc);
     ReleaseDC(hwnd, hdcWindow);
-}
-
-AllowMisuse::AllowMisuse() : m_fFormer(gesso::SetMisuseStops(false)) {}
-
-AllowMisuse::~AllowMisuse()
-{
-    gesso::SetMisuseStops(m_fFormer);
 }
 
 } // namespace test::ribbon

@@ -1,12 +1,14 @@
 // Ribbons and pages that show what they hold inside, and a hand to fill and click them.
 #pragma once
 
+#include "../support/AllowMisuse.h"
 #include "../support/Host.h"
 
 #include <gesso/ribbon/GRibbonPage.h>
 
 namespace test::ribbon {
 
+using test::AllowMisuse;
 using test::Host;
 using test::Narrow;
 using test::Reports;
@@ -57,9 +59,18 @@ void InsertButton(GRibbonPage& page, DWORD dwGroup, UINT nId, WORD wSize, LPCWST
 void InsertCheckBox(GRibbonPage& page, DWORD dwGroup, UINT nId, bool fChecked, LPCWSTR pszText);
 
 // Mouse messages as the platform sends them, in client coordinates.
-void Press(HWND hwnd, int x, int y);
-void Release(HWND hwnd, int x, int y);
-void Move(HWND hwnd, int x, int y);
+inline void Press(HWND hwnd, int x, int y)
+{
+    SendMessageW(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+}
+inline void Release(HWND hwnd, int x, int y)
+{
+    SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+}
+inline void Move(HWND hwnd, int x, int y)
+{
+    SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(x, y));
+}
 inline void Click(HWND hwnd, int x, int y)
 {
     Press(hwnd, x, y);
@@ -68,25 +79,15 @@ inline void Click(HWND hwnd, int x, int y)
 
 // A point inside an item's hit rectangle, in the ribbon.
 POINT MiddleOf(OpenPage& page, UINT nGroup, UINT nItem);
-void Click(HWND hwnd, POINT pt);
+inline void Click(HWND hwnd, POINT pt)
+{
+    Click(hwnd, pt.x, pt.y);
+}
 
 // Whether the window is to be painted; it counts as painted afterwards.
 bool TakeRepaint(HWND hwnd);
 
 // Has the window draw itself into a bitmap of its size.
 void Print(HWND hwnd);
-
-// Calls with bad arguments are answered, not stopped, while this lives.
-class AllowMisuse
-{
-public:
-    AllowMisuse();
-    ~AllowMisuse();
-    AllowMisuse(const AllowMisuse&) = delete;
-    AllowMisuse& operator=(const AllowMisuse&) = delete;
-
-private:
-    bool m_fFormer;
-};
 
 } // namespace test::ribbon

@@ -61,14 +61,18 @@ TEST_F(RibbonLifeTest, NothingIsLeftWhateverGoesFirst)
         EXPECT_EQ(desk::Live()[Kind::Pen], before[Kind::Pen]);
         EXPECT_EQ(desk::Live()[Kind::Brush], before[Kind::Brush]);
         EXPECT_EQ(desk::Live()[Kind::ImageList], before[Kind::ImageList]);
+        EXPECT_EQ(CountedPage::s_nLive, 6) << "the pages are the object's";
         DestroyWindow(CreateRibbon(ribbon, Parent()));
     }
     EXPECT_EQ(desk::Live(), before);
-    { // the object first
+    { // the object first, while its window lives on
         auto ribbon = std::make_unique<GRibbon>();
         const HWND hwnd = CreateRibbon(*ribbon, Parent());
         Fill(*ribbon);
         ribbon.reset();
+        EXPECT_EQ(CountedPage::s_nLive, 0);
+        Click(hwnd, 30, 60);
+        Print(hwnd);
         DestroyWindow(hwnd);
     }
     EXPECT_EQ(desk::Live(), before);
@@ -94,6 +98,13 @@ TEST_F(RibbonLifeTest, NothingIsLeftWhateverGoesFirst)
         ribbon->Destroy();
         ribbon.reset();
         pSecond->Delete(pSecond);
+    }
+    EXPECT_EQ(desk::Live(), before);
+    { // no window, and a page that is added twice
+        const AllowMisuse allowed;
+        GRibbon ribbon;
+        Fill(ribbon);
+        ribbon.AddPage(ribbon.GetPage(2), 0, nullptr);
     }
     EXPECT_EQ(desk::Live(), before);
     { // copies, before and after the original
