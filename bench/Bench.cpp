@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace bench {
 namespace {
@@ -20,6 +21,8 @@ double Microseconds()
     return static_cast<double>(count.QuadPart) * 1e6 / static_cast<double>(frequency.QuadPart);
 }
 
+using Times = std::vector<double>;
+
 double TimeOf(const Work& work)
 {
     const double start = Microseconds();
@@ -27,7 +30,15 @@ double TimeOf(const Work& work)
     return Microseconds() - start;
 }
 
-double MedianOf(std::vector<double> times)
+// One side's turn in a round.
+void TakeSteps(const std::vector<Step>& steps, TimedWork Step::*pSide, std::vector<Times>& times)
+{
+    for (size_t i = 0; i < steps.size(); i++) {
+        times[i].push_back((steps[i].*pSide)());
+    }
+}
+
+double MedianOf(Times times)
 {
     const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
     std::nth_element(times.begin(), middle, times.end());
@@ -61,6 +72,11 @@ std::string RatioOf(double gesso, double platform)
 
 } // namespace
 
+TimedWork Timed(Work work)
+{
+    return [work = std::move(work)] { return TimeOf(work); };
+}
+
 void Bench::PrintRow(const std::string& name, const std::string& gesso, const std::string& platform,
                      const std::string& ratio) const
 {
@@ -78,34 +94,36 @@ void Bench::Family(const std::string& name)
 
 void Bench::Measure(const std::string& name, int nOperations, const Work& gesso, const Work& platform)
 {
-    Compare(
-        name, nOperations, [&gesso] { return TimeOf(gesso); }, [&platform] { return TimeOf(platform); });
+    MeasureCourse({{name, nOperations, Timed(gesso), Timed(platform)}});
 }
 
 void Bench::MeasureTimed(const std::string& name, const TimedWork& gesso, const TimedWork& platform)
 {
-    Compare(name, 1, gesso, platform);
+    MeasureCourse({{name, 1, gesso, platform}});
 }
 
-void Bench::Compare(const std::string& name, int nOperations, const TimedWork& gesso,
-                    const TimedWork& platform)
+void Bench::MeasureCourse(const std::vector<Step>& steps)
 {
-    std::vector<double> gessoTimes;
-    std::vector<double> platformTimes;
-    gesso(); // the first time pays for what is made once
-    platform();
-    for (int i = 0; i < m_nRounds; i++) {
-        if (i % 2 == 0) {
-            gessoTimes.push_back(gesso());
-            platformTimes.push_back(platform());
-        } else {
-            platformTimes.push_back(platform());
-            gessoTimes.push_back(gesso());
-        }
+    std::vector<Times> gesso(steps.size());
+    std::vector<Times> platform(steps.size());
+    const auto takeTurn = [&](bool fGesso) {
+        TakeSteps(steps, fGesso ? &Step::gesso : &Step::platform, fGesso ? gesso : platform);
+    };
+    if (m_nRounds > 1) {
+        takeTurn(true);
+        takeTurn(false);
+        gesso.assign(steps.size(), {});
+        platform.assign(steps.size(), {});
     }
-    const double gessoTime = MedianOf(gessoTimes) / nOperations;
-    const double platformTime = MedianOf(platformTimes) / nOperations;
-    PrintRow(name, InWords(gessoTime), InWords(platformTime), RatioOf(gessoTime, platformTime));
+    for (int i = 0; i < m_nRounds; i++) {
+        takeTurn(i % 2 == 0);
+        takeTurn(i % 2 != 0);
+    }
+    for (size_t i = 0; i < steps.size(); i++) {
+        const double gessoTime = MedianOf(gesso[i]) / steps[i].nOperations;
+        const double platformTime = MedianOf(platform[i]) / steps[i].nOperations;
+        PrintRow(steps[i].name, InWords(gessoTime), InWords(platformTime), RatioOf(gessoTime, platformTime));
+    }
 }
 
 void Bench::MeasureAlone(const std::string& name, int nOperations, const Work& gesso)

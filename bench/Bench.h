@@ -13,10 +13,22 @@ namespace bench {
 using Work = std::function<void()>;
 // Work that takes its own time, in microseconds.
 using TimedWork = std::function<double()>;
+TimedWork Timed(Work work);
+
+// One row of the table: the time of one operation, of which each call of the work does nOperations.
+struct Step
+{
+    std::string name;
+    int nOperations;
+    TimedWork gesso;
+    TimedWork platform;
+};
 
 class Bench
 {
 public:
+    // Where there are several rounds, one goes before them that is not counted: it pays for what is made
+    // once.
     explicit Bench(int nRounds) : m_nRounds(nRounds) {}
 
     // Begins a family's block of the table.
@@ -26,6 +38,8 @@ public:
     void Measure(const std::string& name, int nOperations, const Work& gesso, const Work& platform);
     // The same for work that stops the clock before it returns.
     void MeasureTimed(const std::string& name, const TimedWork& gesso, const TimedWork& platform);
+    // The same for steps of which each goes on where the last one ended: every round takes all of them.
+    void MeasureCourse(const std::vector<Step>& steps);
     // Measures work that the platform has nothing to set beside.
     void MeasureAlone(const std::string& name, int nOperations, const Work& gesso);
     // Prints a figure that is no time: a count, or a size in bytes.
@@ -33,7 +47,6 @@ public:
     void PrintAlone(const std::string& name, long long nGesso);
 
 private:
-    void Compare(const std::string& name, int nOperations, const TimedWork& gesso, const TimedWork& platform);
     void PrintRow(const std::string& name, const std::string& gesso, const std::string& platform,
                   const std::string& ratio) const;
 

@@ -1,5 +1,6 @@
 #include <bench/Bench.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,8 @@ constexpr int CY = 480;
 constexpr UINT BRANCH = 100; // children of each top item
 constexpr int HITS = 10'000;
 constexpr int PAINTS = 10;
-constexpr int FEW_ROUNDS = 3;
 constexpr int TOGGLES = 20;
+constexpr int FEW_ROUNDS = 3;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 
 // The same names for both trees: nItems of them, of which every 101st is a top item's.
@@ -169,13 +170,6 @@ private:
     std::vector<HTREEITEM> m_tops;
 };
 
-template <class TREE> long long BytesPerItem(TREE& tree, const Names& names)
-{
-    const long long before = BytesHeld();
-    tree.Fill(names);
-    return (BytesHeld() - before) / names.Count();
-}
-
 void Repeat(int n, const Work& work)
 {
     for (int i = 0; i < n; i++) {
@@ -224,57 +218,61 @@ void MeasureOneBranch(Bench& bench, const char* pszName, OwnTree& own, PlatformT
         [&] { Repeat(TOGGLES, [&] { platform.ToggleFirst(); }); });
 }
 
-void MeasureTrees(UINT nItems)
+// What takes all items: the platform needs seconds for it. At the end all is open.
+void MeasureWhole(Bench& bench, OwnTree& own, PlatformTree& platform, const Names& names)
 {
-    Bench bench(FEW_ROUNDS);
+    const auto nItems = static_cast<int>(names.Count());
+    const auto nTops = static_cast<int>(names.Count() / (BRANCH + 1) + 1);
+    long long nOwnBytes = 0; // the most that any round took
+    long long nPlatformBytes = 0;
+    const auto fill = [&](auto& tree, long long& nBytes) {
+        return Timed([&] {
+            const long long before = BytesHeld();
+            tree.Fill(names);
+            nBytes = std::max(nBytes, BytesHeld() - before);
+        });
+    };
+    const auto expand = [](auto& tree) { return Timed([&] { tree.ExpandAll(); }); };
+    const auto expandAgain = [](auto& tree) {
+        return Timed([&] {
+            tree.CollapseAll();
+            tree.ExpandAll();
+        });
+    };
+    bench.MeasureCourse(
+        {{"  insert, an item", nItems, fill(own, nOwnBytes), fill(platform, nPlatformBytes)},
+         {"  expand all, a branch, texts never measured before", nTops, expand(own), expand(platform)},
+         {"  collapse and expand all, a branch", nTops, expandAgain(own), expandAgain(platform)}});
+    bench.Print("  bytes per item", nOwnBytes / nItems, nPlatformBytes / nItems);
+}
+
+void MeasureTrees(UINT nItems, int nRounds)
+{
     const Host host;
     OwnTree own(host);
     PlatformTree platform(host);
-    const Names names(nItems);
-    const auto nTops = static_cast<int>(nItems / (BRANCH + 1) + 1);
-    bench.Family("Tree of " + std::to_string(nItems) + " items, " + std::to_string(FEW_ROUNDS) + " rounds");
-    const long long nOwn = BytesPerItem(own, names);
-    bench.Print("  bytes per item", nOwn, BytesPerItem(platform, names));
-    bench.Measure(
-        "  insert, an item", static_cast<int>(nItems), [&] { own.Fill(names); },
-        [&] { platform.Fill(names); });
-    MeasureOneBranch(bench, "  open and close one branch, the others closed", own, platform);
-    // Each round begins closed.
-    bench.Measure(
-        "  expand and collapse all, a branch", nTops,
-        [&] {
-            own.ExpandAll();
-            own.CollapseAll();
-        },
-        [&] {
-            platform.ExpandAll();
-            platform.CollapseAll();
-        });
-    bench.Measure(
-        "  expand all, a branch, texts never measured before", nTops,
-        [&] {
-            own.Fill(names);
-            own.ExpandAll();
-        },
-        [&] {
-            platform.Fill(names);
-            platform.ExpandAll();
-        });
+    Bench whole(nRounds);
+    whole.Family("Tree of " + std::to_string(nItems) + " items, all of them in " + std::to_string(nRounds) +
+                 (nRounds > 1 ? " rounds" : " round"));
+    MeasureWhole(whole, own, platform, Names(nItems));
+    Bench bench(FEW_ROUNDS);
     own.CollapseFirst();
     platform.CollapseFirst();
     MeasureOneBranch(bench, "  open and close one branch, the others open", own, platform);
     MeasureView(bench, own, platform);
+    own.CollapseAll();
+    platform.CollapseAll();
+    MeasureOneBranch(bench, "  open and close one branch, the others closed", own, platform);
 }
 
 } // namespace
 
-// The rows are long ones, so that these medians are of few rounds.
 void MeasureTree(Bench&)
 {
     INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_TREEVIEW_CLASSES};
     InitCommonControlsEx(&classes);
-    MeasureTrees(20'000);
-    MeasureTrees(100'000);
+    MeasureTrees(20'000, FEW_ROUNDS);
+    MeasureTrees(100'000, 1);
 }
 
 } // namespace bench
