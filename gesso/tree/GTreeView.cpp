@@ -90,7 +90,8 @@ void GTree::HitTest(HitTestInfo* pInfo) const
         return;
     }
     pInfo->nPart = THT_ROW;
-    const UINT row = m_nItemHeight ? static_cast<UINT>(m_siV.nPos + pt.y) / m_nItemHeight : NO_ROW;
+    const int64_t y = int64_t{m_siV.nPos} + pt.y;
+    const UINT row = m_nItemHeight ? static_cast<UINT>(y) / m_nItemHeight : NO_ROW;
     if (row < m_aVisible.GetLength()) {
         pInfo->nItem = row;
         pInfo->nPart = PartAt(*m_aVisible[row], pt.x);

@@ -212,11 +212,13 @@ private:
         return m_iLastChunk;
     }
 
-    UINT FindByWalking(const ITEM* item) const
+    // What is found of an item with one row is kept, so that the next search needs no walk.
+    UINT FindByWalking(ITEM* item) const
     {
         for (const auto& pChunk : m_chunks) {
             const UINT row = PlaceIn(*pChunk, item);
             if (row != NO_ROW) {
+                item->place.pChunk = pChunk.get();
                 return row;
             }
         }
@@ -236,7 +238,7 @@ private:
         item->place.pChunk = &chunk;
     }
 
-    // An item with rows left in unknown places is looked for by walking.
+    // An item with rows left in unknown places is looked for by walking the next time.
     void Leave(ITEM* item)
     {
         TreePlace<ITEM>& place = item->place;

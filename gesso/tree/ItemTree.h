@@ -6,6 +6,7 @@
 #include <gesso/tree/ItemStore.h>
 #include <gesso/tree/TreeRecord.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -42,12 +43,13 @@ public:
     static UINT IndexOf(const ITEM& item)
     {
         auto& aSiblings = item.place.pHolder->aChildren;
-        const UINT i = item.place.iChild;
-        if (i >= aSiblings.GetLength() || aSiblings[i] != &item) {
-            // After this the places of all siblings are known until the next of them comes or goes.
-            for (UINT k = 0; k < aSiblings.GetLength(); ++k) {
-                aSiblings[k]->place.iChild = k;
-            }
+        const UINT iNear = IndexNear(aSiblings, item);
+        if (iNear != NO_CHILD) {
+            return aSiblings[iNear]->place.iChild = iNear;
+        }
+        // After this the places of all siblings are known, but for what comes and goes.
+        for (UINT k = 0; k < aSiblings.GetLength(); ++k) {
+            aSiblings[k]->place.iChild = k;
         }
         return item.place.iChild;
     }
@@ -135,6 +137,22 @@ public:
 
 private:
     static constexpr UINT NO_CHILD = static_cast<UINT>(-1);
+    static constexpr UINT NEAR_BY = 64;
+
+    // Around where it was seen last: siblings that came or went since, one by one, have moved it a little.
+    template <class SIBLINGS> static UINT IndexNear(SIBLINGS& aSiblings, const ITEM& item)
+    {
+        const UINT nSiblings = aSiblings.GetLength();
+        const UINT iSeen = std::min(item.place.iChild, nSiblings - 1);
+        for (UINT n = 0; n <= NEAR_BY; ++n) {
+            for (const UINT i : {iSeen - n, iSeen + n}) {
+                if (i < nSiblings && aSiblings[i] == &item) {
+                    return i;
+                }
+            }
+        }
+        return NO_CHILD;
+    }
 
     static void Hold(ITEM& parent, UINT i, ITEM& item)
     {

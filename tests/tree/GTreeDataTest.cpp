@@ -45,6 +45,28 @@ TEST_F(GTreeDataTest, ItemsStandWhereTheyWereInserted)
     EXPECT_EQ(tree.GetItemNextChild(b, d), END);
 }
 
+TEST_F(GTreeDataTest, AnItemIsKnownAmongManySiblingsThatCameAndWent)
+{
+    std::vector<void*> items;
+    for (int i = 0; i < 300; ++i) {
+        items.insert(items.begin(), tree.Add(nullptr, "x", 0, tree.GetRootItem()));
+    }
+    const auto checkOrder = [&] {
+        void* p = nullptr;
+        for (void* item : items) {
+            p = tree.GetItemNextChild(nullptr, p);
+            ASSERT_EQ(p, item);
+        }
+        EXPECT_EQ(tree.GetItemNextChild(nullptr, p), END);
+    };
+    checkOrder();
+    for (int i = 0; i < 100; ++i) {
+        tree.RemoveItem(items.front());
+        items.erase(items.begin());
+    }
+    checkOrder();
+}
+
 TEST_F(GTreeDataTest, RowsUnderAnExpandedItemFollowItsBranch)
 {
     void* a = tree.Add(nullptr, "a");

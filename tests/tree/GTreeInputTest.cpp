@@ -86,6 +86,9 @@ TEST_F(GTreeInputTest, APointHitsByStepsOf15WhateverIsPainted)
     tree.Collapse(a);
     EXPECT_EQ(tree.HitAt(5, 40).nPart, THT_ROW);
     EXPECT_EQ(tree.HitAt(5, 40).nItem, NONE) << "below the last row";
+    const SCROLLINFO vast{sizeof(SCROLLINFO), SIF_ALL, 0, INT_MAX - 1, 0, INT_MAX, 0};
+    tree.SetScrollInfo(SB_VERT, &vast, 0);
+    EXPECT_EQ(tree.HitAt(5, 40).nItem, NONE);
     tree.RemoveAllItems();
     EXPECT_EQ(tree.HitAt(5, 5).nPart, THT_NOWHERE) << "no rows at all";
 }

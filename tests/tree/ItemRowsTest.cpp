@@ -126,6 +126,16 @@ TEST_F(ItemRowsTest, ARemovedItemLivesAsLongAsARowShowsIt)
     EXPECT_EQ(store->Find(item), nullptr);
 }
 
+TEST_F(ItemRowsTest, OnceACopyIsGoneTheFirstSearchTellsTheNextOneWhereToLook)
+{
+    TreeItem* item = NewItem();
+    Insert(0, {item});
+    ItemRows<TreeItem>(rows).RemoveAll();
+    ASSERT_FALSE(item->place.pChunk);
+    EXPECT_EQ(rows.Find(item), 0u);
+    EXPECT_TRUE(item->place.pChunk);
+}
+
 TEST_F(ItemRowsTest, HandlesAreKnownWithoutALookAtWhatTheyPointTo)
 {
     std::vector<TreeItem*> items;
