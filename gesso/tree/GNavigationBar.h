@@ -35,7 +35,7 @@
 
 // State of an item. The bits 8 to 15 are out of reach of the getter and setter.
 constexpr UINT NBIS_EXPANDED = 0x1;
-constexpr UINT NBIS_HASCHILDREN = 0x10; // shows the glyph also while it has no children
+constexpr UINT NBIS_HASCHILDREN = 0x10; // shows the glyph without children too, though not in compact rows
 
 // Kind of an item, one value within its state, fixed when it is inserted.
 constexpr UINT NBIK_MASK = 0xF00;

@@ -32,6 +32,12 @@ UINT KindOf(const NavigationBarItem& item)
     return item.uState & NBIK_MASK;
 }
 
+// A compact row shows its glyph for children that are there, and not for those to come: hosts know it so.
+bool ShowsGlyph(const NavigationBarItem& item)
+{
+    return KindOf(item) == NBIK_SUBITEM ? item.aChildren.GetLength() > 0 : gesso::HasExpander(item);
+}
+
 bool IsSelectable(const NavigationBarItem& item)
 {
     return KindOf(item) == NBIK_ITEM || KindOf(item) == NBIK_SUBITEM;
@@ -141,7 +147,7 @@ void GNavigationBar::DrawItemRow(HDC hdc, UINT row, const RECT& rc) const
         m_hTheme.Items().DrawRow(hdc, gesso::RowStateOf(fSelected, fFocused, fHot), rc);
     }
     const Cells cells = CellsOf(item, rc.right);
-    if (gesso::HasExpander(item)) {
+    if (ShowsGlyph(item)) {
         m_hTheme.DrawGlyph(hdc, IsGlyphHot(row), item.uState & NBIS_EXPANDED,
                            {cells.nGlyph, rc.top, cells.nGlyphEnd, rc.bottom});
     }
