@@ -1,7 +1,9 @@
-// How a navigation bar comes to life and goes, its rows' order, and its messages.
+// How a navigation bar comes to life and goes, its sizes, and its messages.
 
 #include <gesso/framework/Library.h>
 #include <gesso/tree/GNavigationBar.h>
+
+#include <algorithm>
 
 using Control = GNavigationBar;
 #include <gesso/tree/TreeMembers.inl>
@@ -34,26 +36,8 @@ LRESULT GNavigationBar::OnSetFont(HFONT hFont, UINT uRedraw)
     return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
 }
 
-// --- Rows
-// ---------------------------------------------------------------------------------------------------------
-
-// Counted from the children alone, as if none of them were expanded: hosts rely on it. Below an item that is
-// expanded but not in view itself there is no row.
-UINT GNavigationBar::RowForNew(const NavigationBarItem& item) const
-{
-    const UINT rowParent = m_aVisible.Find(item.pParent);
-    if (rowParent == gesso::NO_ROW && item.pParent != m_pRoot) {
-        return gesso::NO_ROW;
-    }
-    return std::min(rowParent + 1 + item.place.iChild, m_aVisible.GetLength());
-}
-
-void GNavigationBar::ItemInserted(const NavigationBarItem&, bool fShown)
-{
-    if (fShown) {
-        RowsChanged();
-    }
-}
+// --- Sizes
+// --------------------------------------------------------------------------------------------------------
 
 void GNavigationBar::RowsChanged()
 {

@@ -1,4 +1,5 @@
-// Where the rules of the two trees part. All else they have in common, in TreeMembers.inl.
+// Where the rules of the two trees part. All else they have in common, in ItemMembers.inl and
+// TreeMembers.inl.
 #pragma once
 
 #include <gesso/tree/GNavigationBar.h>
