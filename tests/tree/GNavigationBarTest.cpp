@@ -50,7 +50,7 @@ TEST_F(GNavigationBarTest, ItemsStandWhereTheyWereInserted)
     tree.Add(m_root, "front");
     tree.Add(m_root, "end", 0, m_inbox); // no child of the root
     EXPECT_EQ(tree.Rows(), "front Folders mail - _ news zoo end");
-    EXPECT_EQ(tree.GetItemNextChild(m_news, nullptr), tree.GetItemNextChild(m_news, nullptr));
+    EXPECT_EQ(tree.Children(m_news), "today");
     EXPECT_EQ(tree.GetItemNextChild(m_zoo, nullptr), nullptr);
     EXPECT_EQ(tree.GetItemNextChild(m_mail, m_zoo), nullptr) << "a child that is none counts as the last";
     EXPECT_EQ(tree.GetItemLevel(m_inbox), 1);
@@ -78,8 +78,7 @@ TEST_F(GNavigationBarTest, ExpansionKeepsTheSelectedRowsNumber)
     host.Take();
     tree.Expand(m_mail);
     EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 1 action 2 at -1,0 keys 0",
-                                                          "-455 row 1 action 2 at -1,0 keys 0"}));
+    EXPECT_EQ(host.TakeLines(), Expansion(1, 2));
     EXPECT_EQ(tree.Selected(), "-") << "the row of that number";
     EXPECT_EQ(tree.m_pSelected, m_news);
     tree.SetSelectedItem(m_news); // the same item: nothing happens
@@ -195,7 +194,7 @@ TEST_F(GNavigationBarTest, AClickSelectsAndTheGlyphToggles)
     Click(TEXT_X, MAIL_Y);
     HoldKeys({});
     EXPECT_EQ(tree.GetSelectedItem(), m_mail);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-2 row 1 action 0 at 100,60 keys 2"}));
+    EXPECT_EQ(host.TakeLines(), Lines{"-2 row 1 action 0 at 100,60 keys 2"});
     Click(GLYPH_X, MAIL_Y);
     EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
     EXPECT_EQ(host.Take().size(), 2u) << "no click is sent for the glyph";
@@ -219,7 +218,7 @@ TEST_F(GNavigationBarTest, AClickSelectsAndTheGlyphToggles)
 
     Mouse(WM_LBUTTONDBLCLK, TEXT_X, MAIL_Y);
     Mouse(WM_LBUTTONDBLCLK, GLYPH_X, MAIL_Y);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-3 row 1 action 0 at 100,60 keys 0"}));
+    EXPECT_EQ(host.TakeLines(), Lines{"-3 row 1 action 0 at 100,60 keys 0"});
 }
 
 TEST_F(GNavigationBarTest, ClickExpansionTogglesTheSelectedRowAndOpensTheOthers)
@@ -248,10 +247,9 @@ TEST_F(GNavigationBarTest, SingleExpansionCollapsesTheFirstOtherRowAfterwards)
     host.Take();
     Click(GLYPH_X, MAIL_Y);
     EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 1 action 2 at -1,0 keys 0",
-                                                          "-455 row 1 action 2 at -1,0 keys 0",
-                                                          "-454 row 6 action 1 at -1,0 keys 0",
-                                                          "-455 row 6 action 1 at -1,0 keys 0"}));
+    EXPECT_EQ(host.TakeLines(),
+              (Lines{"-454 row 1 action 2 at -1,0 keys 0", "-455 row 1 action 2 at -1,0 keys 0",
+                     "-454 row 6 action 1 at -1,0 keys 0", "-455 row 6 action 1 at -1,0 keys 0"}));
     // With click expansion as well the click goes by the row's number, which is another item's by now.
     tree.SetStyle(tree.GetStyle() | GNS_CLICKEXPAND);
     host.Take();
@@ -333,7 +331,7 @@ TEST_F(GNavigationBarTest, TheSpaceKeyClicksAndNoKeyMovesTheSelection)
     Key(VK_SPACE);
     SetFocus(host);
     EXPECT_EQ(host.TakeClicks(), 1) << "losing the focus lets go of the key";
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-8"}));
+    EXPECT_EQ(host.TakeLines(), Lines{"-8"});
     EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, 0, 0), DLGC_WANTARROWS);
     EXPECT_EQ(tree.GetFont(), g_hDefaultFont);
 }
@@ -367,7 +365,6 @@ TEST_F(GNavigationBarTest, TheParentMayDestroyTheBarInEachNotification)
         tree.RemoveAllItems();
         SetFocus(host);
     }
-    MakeBar();
 }
 
 } // namespace

@@ -100,7 +100,7 @@ TEST_F(GTreeDataTest, ExpansionTellsTheParentAndLetsItFillTheItem)
     EXPECT_TRUE(host.Take().empty());
 
     tree.Expand(a); // nothing comes
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 0 action 2 at -1,0 keys 0"}));
+    EXPECT_EQ(host.TakeLines(), Lines{"-454 row 0 action 2 at -1,0 keys 0"});
     EXPECT_EQ(tree.GetItemState(a), TIS_HASCHILDREN);
 
     host.onNotify = [&](const TreeNotified& n) {
@@ -112,16 +112,14 @@ TEST_F(GTreeDataTest, ExpansionTellsTheParentAndLetsItFillTheItem)
     };
     HoldKeys({VK_SHIFT, VK_MENU});
     tree.Expand(a);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 0 action 2 at -1,0 keys 5",
-                                                          "-455 row 0 action 2 at -1,0 keys 5"}));
+    EXPECT_EQ(host.TakeLines(), Expansion(0, 2, 5));
     HoldKeys({});
     EXPECT_EQ(tree.Rows(), "a a1 a2 leaf");
     EXPECT_EQ(tree.GetItemState(a), TIS_HASCHILDREN | TIS_EXPANDED);
     tree.Expand(a);
     EXPECT_TRUE(host.Take().empty());
     tree.Collapse(a);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-454 row 0 action 1 at -1,0 keys 0",
-                                                          "-455 row 0 action 1 at -1,0 keys 0"}));
+    EXPECT_EQ(host.TakeLines(), Expansion(0, 1));
     EXPECT_EQ(tree.Rows(), "a leaf");
     tree.Collapse(a);
     EXPECT_TRUE(host.Take().empty());
@@ -322,7 +320,7 @@ TEST_F(GTreeDataTest, SortingOrdersByNameAndWritesTheRowsBehindTheItem)
     EXPECT_EQ(tree.Selected(), "delta");
     tree.Add(nullptr, "B", 0, tree.GetRootItem());
     tree.Collapse(a);
-    tree.SortChildren(nullptr == tree.GetRootItem() ? a : tree.GetRootItem());
+    tree.SortChildren(tree.GetRootItem());
     EXPECT_EQ(tree.Rows(), "a B");
 
     // An open branch among the children: its rows are written over.

@@ -109,7 +109,7 @@ TEST_F(GTreeInputTest, AClickSelectsOrTogglesOnTheRowThatWasPressed)
 
     HoldKeys({VK_CONTROL});
     Click(60, 5);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-2 row 0 action 0 at 60,5 keys 2"}));
+    EXPECT_EQ(host.TakeLines(), Lines{"-2 row 0 action 0 at 60,5 keys 2"});
     HoldKeys({});
     Click(5, 5);
     EXPECT_EQ(tree.Rows(), "a a1 a2 b");
@@ -226,8 +226,8 @@ TEST_F(GTreeInputTest, KeysMoveTheSelectionAndOpenBranches)
     SelectRow(1);
     Key(VK_SPACE);
     Key(VK_RETURN);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-2 row 1 action 0 at -1,-1 keys 0",
-                                                          "-2 row 1 action 0 at -1,-1 keys 0"}));
+    EXPECT_EQ(host.TakeLines(),
+              (Lines{"-2 row 1 action 0 at -1,-1 keys 0", "-2 row 1 action 0 at -1,-1 keys 0"}));
 }
 
 TEST_F(GTreeInputTest, KeysWithNoSelectedRowDoNothingButUpAndDown)
@@ -242,16 +242,16 @@ TEST_F(GTreeInputTest, KeysWithNoSelectedRowDoNothingButUpAndDown)
     Key(VK_UP);
     EXPECT_EQ(tree.Selected(), "a");
     tree.RemoveAllItems();
-    for (UINT key = 0; key < 256; ++key) {
-        Key(key);
-        Send(WM_CHAR, key, 1);
-    }
+    const auto pressAll = [&] {
+        for (UINT key = 0; key < 256; ++key) {
+            Key(key);
+            Send(WM_CHAR, key, 1);
+        }
+    };
+    pressAll();
     EXPECT_EQ(tree.GetSelectedItem(), nullptr);
     tree.Add(nullptr, "x");
-    for (UINT key = 0; key < 256; ++key) {
-        Key(key);
-        Send(WM_CHAR, key, 1);
-    }
+    pressAll();
 }
 
 TEST_F(GTreeInputTest, PagingGoesToTheWholeRowsAtTheEdgesFirst)
@@ -429,7 +429,7 @@ TEST_F(GTreeInputTest, FocusSelectsTheFirstRowByNumberAlone)
     EXPECT_EQ(tree.m_nSelected, 0u);
     EXPECT_EQ(tree.m_pSelected, nullptr);
     SetFocus(host);
-    EXPECT_EQ(host.TakeLines(), (std::vector<std::string>{"-7", "-8"}));
+    EXPECT_EQ(host.TakeLines(), (Lines{"-7", "-8"}));
     SelectRow(1);
     SetFocus(tree);
     EXPECT_EQ(tree.GetSelectedItem(), b);
@@ -443,78 +443,76 @@ TEST_F(GTreeInputTest, FocusSelectsTheFirstRowByNumberAlone)
     EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, 0, 0), 0x85);
 }
 
+// A tree that goes with its window.
+GTree* MakeOwnedTree(HWND hwndHost, DWORD dwStyle, int cx, int cy)
+{
+    static const WORD creation[] = {0, 0};
+    const HWND hwnd =
+        CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE | dwStyle, 0, 0, cx, cy, hwndHost,
+                        reinterpret_cast<HMENU>(TREE_ID), nullptr, const_cast<WORD*>(creation));
+    return static_cast<GTree*>(GWnd::FromHwnd(hwnd));
+}
+
 TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeInEachNotification)
 {
     struct Case
     {
         int code;
-        std::function<void()> action;
+        std::function<void(HWND)> action;
     };
+    const auto click = [](int x) {
+        return [x](HWND hwnd) {
+            SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(x, 5));
+            SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(x, 5));
+        };
+    };
+    const auto doubleClick = [](HWND hwnd) { SendMessageW(hwnd, WM_LBUTTONDBLCLK, 0, MAKELPARAM(60, 5)); };
+    const auto key = [](UINT vk) { return [vk](HWND hwnd) { SendMessageW(hwnd, WM_KEYDOWN, vk, 1); }; };
+    GTree* pTree = nullptr;
     const Case cases[] = {
-        {CLICKED, [&] { Click(60, 5); }},
-        {CLICKED, [&] { Key(VK_RETURN); }},
-        {DOUBLE_CLICKED, [&] { Mouse(WM_LBUTTONDBLCLK, 60, 5); }},
-        {EXPANDING, [&] { Click(5, 5); }},
-        {EXPANDED, [&] { Click(5, 5); }},
-        {EXPANDING, [&] { Key(VK_RIGHT); }},
-        {EXPANDED, [&] { Key(VK_RIGHT); }},
-        {EXPANDED, [&] { tree.Expand(a); }},
-        {EXPANDED, [&] { Mouse(WM_LBUTTONDBLCLK, 60, 5); }},
-        {FOCUS_SET, [&] { Mouse(WM_LBUTTONDOWN, 60, 5); }},
-        {FOCUS_KILLED, [&] { SetFocus(host); }},
+        {CLICKED, click(60)},
+        {CLICKED, key(VK_RETURN)},
+        {DOUBLE_CLICKED, doubleClick},
+        {EXPANDING, click(5)},
+        {EXPANDED, click(5)},
+        {EXPANDING, key(VK_RIGHT)},
+        {EXPANDED, key(VK_RIGHT)},
+        {EXPANDED, [&](HWND) { pTree->Expand(pTree->GetSelectedItem()); }},
+        {EXPANDED, doubleClick},
+        {FOCUS_SET, click(60)},
+        {FOCUS_KILLED, [&](HWND) { SetFocus(host); }},
     };
-    for (const bool deletes : {false, true}) {
+    for (const bool fOwned : {false, true}) {
         for (const Case& c : cases) {
-            DestroyWindow(tree);
-            Make();
-            if (c.code != FOCUS_SET) {
-                SetFocus(tree);
+            GTree kept;
+            if (!fOwned) {
+                kept.Create(0, 0, TREE_CX, TREE_CY, host, TREE_ID, 0, WS_CHILD | WS_VISIBLE);
             }
-            tree.Collapse(a);
-            tree.SetSelectedItem(a);
-            GTree* own = nullptr; // one that goes with its window
-            if (deletes) {
-                static const WORD creation[] = {0, 0};
-                DestroyWindow(tree);
-                const HWND hwnd =
-                    CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE, 0, 0, TREE_CX, TREE_CY, host,
-                                    reinterpret_cast<HMENU>(TREE_ID), nullptr, const_cast<WORD*>(creation));
-                own = static_cast<GTree*>(GWnd::FromHwnd(hwnd));
-                ASSERT_TRUE(own);
+            pTree = fOwned ? MakeOwnedTree(host, 0, TREE_CX, TREE_CY) : &kept;
+            const HWND hwnd = pTree->GetHwnd();
+            void* item = pTree->InsertItem(nullptr, nullptr, L"x", 0, 0, nullptr);
+            pTree->InsertItem(item, nullptr, L"y", 0, 0, nullptr);
+            pTree->SetSelectedItem(item);
+            if (c.code != FOCUS_SET) {
+                SetFocus(hwnd);
             }
             host.onNotify = [&](const TreeNotified& n) {
                 if (n.code == c.code) {
-                    DestroyWindow(own ? own->GetHwnd() : tree.GetHwnd());
+                    DestroyWindow(hwnd);
                 }
             };
-            if (!own) {
-                c.action();
-                EXPECT_FALSE(IsWindow(tree)) << c.code;
-            } else {
-                void* item = own->InsertItem(nullptr, nullptr, L"x", 0, 0, nullptr);
-                own->InsertItem(item, nullptr, L"y", 0, 0, nullptr);
-                const HWND hwnd = own->GetHwnd();
-                const auto mouse = [&](UINT uMsg, int x) { SendMessageW(hwnd, uMsg, 0, MAKELPARAM(x, 5)); };
-                SetFocus(hwnd);
-                mouse(WM_LBUTTONDOWN, c.code == CLICKED ? 60 : 5);
-                mouse(WM_LBUTTONUP, c.code == CLICKED ? 60 : 5);
-                mouse(WM_LBUTTONDBLCLK, 60);
-                SetFocus(host);
-                EXPECT_FALSE(IsWindow(hwnd)) << c.code;
-            }
+            c.action(hwnd);
+            EXPECT_FALSE(IsWindow(hwnd)) << c.code << (fOwned ? " owned" : "");
             host.onNotify = nullptr;
         }
     }
-    Make();
 }
 
 TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeAsItDrawsBehindTheBars)
 {
-    static const WORD creation[] = {0, 0};
     for (const UINT uMsg : std::initializer_list<UINT>{WM_PRINTCLIENT, WM_NCPAINT}) {
-        const HWND hwnd = CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL,
-                                          0, 0, 60, 50, host, nullptr, nullptr, const_cast<WORD*>(creation));
-        auto* own = static_cast<GTree*>(GWnd::FromHwnd(hwnd)); // goes with its window
+        GTree* own = MakeOwnedTree(host, WS_HSCROLL | WS_VSCROLL, 60, 50);
+        const HWND hwnd = own->GetHwnd();
         void* item = own->InsertItem(nullptr, nullptr, L"a label that is wider", 0, 0, nullptr);
         for (int i = 0; i < 4; ++i) {
             own->InsertItem(item, nullptr, L"and a row", 0, 0, nullptr);

@@ -10,6 +10,13 @@ bool IsOfFocus(int code)
 
 } // namespace
 
+Lines Expansion(int row, int action, int keys)
+{
+    const std::string rest = " row " + std::to_string(row) + " action " + std::to_string(action) +
+                             " at -1,0 keys " + std::to_string(keys);
+    return {std::to_string(EXPANDING) + rest, std::to_string(EXPANDED) + rest};
+}
+
 TreeHost::TreeHost() : m_hWnd(MakeHostWindow(L"GessoTestTreeHost", WindowProc, this)) {}
 
 TreeHost::~TreeHost()
@@ -18,9 +25,9 @@ TreeHost::~TreeHost()
     DestroyWindow(m_hWnd);
 }
 
-std::vector<std::string> TreeHost::TakeLines()
+Lines TreeHost::TakeLines()
 {
-    std::vector<std::string> lines;
+    Lines lines;
     for (const TreeNotified& n : Take()) {
         const GLISTNOTIFY& r = n.record;
         std::string line = std::to_string(n.code);

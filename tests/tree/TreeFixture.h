@@ -27,6 +27,11 @@ constexpr int FOCUS_KILLED = -8;
 constexpr int EXPANDING = -454;
 constexpr int EXPANDED = -455;
 
+using Lines = std::vector<std::string>;
+
+// What a host is told when a row expands (2) or collapses (1).
+Lines Expansion(int row, int action, int keys = 0);
+
 // A plain text as the platform's.
 class WideText
 {
@@ -57,7 +62,7 @@ public:
     // The notifications since the last call.
     std::vector<TreeNotified> Take() { return std::exchange(m_notified, {}); }
     // The same as "-454 row 1 action 2 at -1,0 keys 0", or only the code for those of the focus.
-    std::vector<std::string> TakeLines();
+    Lines TakeLines();
     int TakeClicks() { return std::exchange(m_nClicks, 0); }
     // Called within each notification.
     std::function<void(const TreeNotified&)> onNotify;

@@ -8,7 +8,6 @@
 namespace {
 
 using namespace test;
-using Lines = std::vector<std::string>;
 
 template <class CONTROL> class DrawTest : private FreshDesktop, public TreeTest<CONTROL>
 {
@@ -47,18 +46,17 @@ protected:
         desk::MoveMouse(pt.x, pt.y);
         desk::Pump();
     }
-    // The rows that are highlighted, as "3 (0,22,200,44)": state and place.
-    Lines Rows() { return After("DrawThemeBackground explorer::TREEVIEW 1 "); }
-
-    // What follows a word in those lines.
-    Lines After(const std::string& word)
+    // The parts of the style of that kind, as "3 (0,22,200,44)": state and place.
+    Lines Parts(int nPart)
     {
+        const std::string word = "DrawThemeBackground explorer::TREEVIEW " + std::to_string(nPart) + " ";
         Lines lines = Draw(word);
         for (std::string& line : lines) {
             line = line.substr(word.size());
         }
         return lines;
     }
+    Lines Rows() { return Parts(TVP_TREEITEM); } // those that are highlighted
 
     HIMAGELIST images = nullptr;
 };
@@ -120,15 +118,14 @@ TEST_F(GTreeDrawTest, AGlyphLightsUpUnderThePointerAlone)
 {
     MakeTwoLevels();
     MovePointer(5, 45);
-    EXPECT_EQ(Draw("DrawThemeBackground explorer::TREEVIEW 4"),
-              Lines{"DrawThemeBackground explorer::TREEVIEW 4 1 (0,40,20,60)"});
+    EXPECT_EQ(Parts(TVP_HOTGLYPH), Lines{"1 (0,40,20,60)"});
     MovePointer(60, 45);
-    EXPECT_EQ(Draw("DrawThemeBackground explorer::TREEVIEW 4"), Lines{});
+    EXPECT_EQ(Parts(TVP_HOTGLYPH), Lines{});
 
     desk::SetThemePartAvailable("TREEVIEW", TVP_HOTGLYPH, false);
     Send(WM_THEMECHANGED);
     MovePointer(5, 45);
-    EXPECT_EQ(Draw("DrawThemeBackground explorer::TREEVIEW 2").size(), 2u) << "the usual one stands in";
+    EXPECT_EQ(Parts(TVP_GLYPH).size(), 2u) << "the usual one stands in";
     desk::SetThemed(false);
     Send(WM_THEMECHANGED);
     EXPECT_EQ(Draw("DrawThemeBackground"), Lines{});
@@ -153,8 +150,7 @@ TEST_F(GTreeDrawTest, CellsMoveWithTheHorizontalPositionAndRowsWithTheVerticalOn
     const Lines texts = Draw("DrawTextW");
     EXPECT_EQ(texts.front().substr(0, 22), "DrawTextW \"row1\" (33,-");
     EXPECT_LE(texts.size(), 6u) << "only rows in view are drawn";
-    EXPECT_EQ(Draw("DrawThemeBackground explorer::TREEVIEW 2")[0],
-              "DrawThemeBackground explorer::TREEVIEW 2 2 (-7,-10,13,10)");
+    EXPECT_EQ(Parts(TVP_GLYPH)[0], "2 (-7,-10,13,10)");
 }
 
 TEST_F(GTreeDrawTest, ATextIsMeasuredOnceUntilItOrTheFontChanges)
@@ -260,9 +256,7 @@ TEST_F(GNavigationBarDrawTest, TheWholePaintInItsOrder)
     // A compact row's glyph shows once there is a child.
     tree.Add(in, "unread");
     tree.SetStyle(tree.GetStyle() | GNS_GLYPHLEFT);
-    EXPECT_EQ(Draw("DrawThemeBackground explorer::TREEVIEW 2"),
-              (Lines{"DrawThemeBackground explorer::TREEVIEW 2 2 (10,40,35,80)",
-                     "DrawThemeBackground explorer::TREEVIEW 2 1 (25,80,50,100)"}));
+    EXPECT_EQ(Parts(TVP_GLYPH), (Lines{"2 (10,40,35,80)", "1 (25,80,50,100)"}));
     EXPECT_EQ(Draw("ImageList_Draw 1"), Lines{"ImageList_Draw 1 (35,52,51,68) 0x0000"});
     tree.SetImageList(nullptr);
     EXPECT_EQ(Draw("ImageList_Draw"), Lines{});
@@ -274,7 +268,7 @@ TEST_F(GNavigationBarDrawTest, TheGlyphAtTheRightLightsUpAsTheStylesSay)
     const auto hot = [&](DWORD style, int x) {
         tree.SetStyle(WS_CHILD | WS_VISIBLE | style);
         MovePointer(x, 60);
-        return Draw("DrawThemeBackground explorer::TREEVIEW 4").size() == 1;
+        return Parts(TVP_HOTGLYPH).size() == 1;
     };
     EXPECT_TRUE(hot(0, 180));
     EXPECT_FALSE(hot(0, 100));
