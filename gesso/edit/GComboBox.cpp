@@ -1,5 +1,6 @@
 // A combo box's window, its items and the selection.
 
+#include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxList.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
@@ -16,7 +17,6 @@ constinit HCURSOR GComboBox::s_hIbeam = nullptr;
 
 namespace {
 
-constexpr WORD IBEAM_CURSOR = 32513; // IDC_IBEAM, whose macro depends on how the narrow names are mapped
 constexpr int FIRST_TEXT_LIMIT = 30000;
 constexpr int DROPDOWN_DIALOG_UNITS = 150;
 constexpr UINT NONE = static_cast<UINT>(-1);
@@ -42,7 +42,7 @@ void gesso::DeleteComboList(GComboBoxList* pList)
 GComboBox::GComboBox() : m_nTextLimit(FIRST_TEXT_LIMIT), m_hitDown(NO_HIT), m_hitMove(NO_HIT)
 {
     if (!s_hIbeam) {
-        s_hIbeam = LoadCursorW(nullptr, MAKEINTRESOURCEW(IBEAM_CURSOR));
+        s_hIbeam = gesso::LoadIBeam();
     }
     m_pList.Reset(new GComboBoxList);
     m_pList->m_pOwner = this;

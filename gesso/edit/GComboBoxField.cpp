@@ -1,15 +1,16 @@
 // A combo box's text field: caret, selection, mouse, keys and clipboard.
 
 #include <gesso/edit/ClipboardText.h>
-#include <gesso/edit/FieldText.h>
+#include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxList.h>
-#include <gesso/framework/DrawScope.h>
+#include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
 
 #include <algorithm>
 #include <climits>
 
 using gesso::Frame;
+using gesso::IsKeyDown;
 
 namespace {
 
@@ -17,19 +18,7 @@ constexpr int OUTSIDE = -1;
 constexpr int TEXT = 1;
 constexpr int BUTTON = 2;
 
-constexpr UINT PREFIX_MEASURE = DT_CALCRECT | DT_NOPREFIX;
 constexpr int HIT_SLACK = 3; // pixels by which a point reaches the character behind it
-
-constexpr wchar_t CHAR_BACKSPACE = 8;
-constexpr wchar_t CHAR_TAB = 9;
-constexpr wchar_t CHAR_LINE_FEED = 10;
-constexpr wchar_t CHAR_RETURN = 13;
-constexpr wchar_t CHAR_ESCAPE = 27;
-
-bool IsDown(int nKey)
-{
-    return GetKeyState(nKey) < 0;
-}
 
 } // namespace
 
@@ -70,12 +59,7 @@ void GComboBox::ShowCursor()
         UpdateCursorPos();
         return;
     }
-    TEXTMETRICW metric{};
-    {
-        const gesso::WindowContext hdc(m_hWnd);
-        const gesso::SelectScope font(hdc, m_hFont);
-        GetTextMetricsW(hdc, &metric);
-    }
+    const TEXTMETRICW metric = gesso::WindowMeasure(m_hWnd, m_hFont, false).FontMetric();
     CreateCaret(m_hWnd, nullptr, 0, metric.tmAscent + metric.tmDescent);
     m_bCaret = 1;
     UpdateCursorPos();
@@ -101,8 +85,8 @@ void GComboBox::UpdateCursorPos()
     const gesso::WindowContext hdc(m_hWnd);
     const gesso::SelectScope font(hdc, m_hFont);
     const RECT rcField = FieldRect(hdc, 0);
-    const int cx = m_nCaret ? gesso::MeasureField(hdc, m_strText, m_nCaret, PREFIX_MEASURE).cx : 0;
-    SetCaretPos(rcField.left + cx, rcField.top);
+    const SIZE before = gesso::TextMeasure(hdc, false).Extent(m_strText, m_nCaret);
+    SetCaretPos(rcField.left + before.cx, rcField.top);
 }
 
 LRESULT GComboBox::OnSetFocus(HWND)
@@ -144,15 +128,8 @@ int GComboBox::PartAt(POINTS pt) const
 
 UINT GComboBox::CharAt(int x) const
 {
-    const gesso::WindowContext hdc(m_hWnd);
-    const gesso::SelectScope font(hdc, m_hFont);
-    const UINT nLength = m_strText.GetLength();
-    for (UINT n = 1; n <= nLength; ++n) {
-        if (gesso::MeasureField(hdc, m_strText, n, PREFIX_MEASURE).cx >= x + HIT_SLACK) {
-            return n - 1;
-        }
-    }
-    return nLength;
+    const gesso::WindowMeasure measure(m_hWnd, m_hFont, false);
+    return measure->CountBefore(m_strText, m_strText.GetLength(), x + HIT_SLACK);
 }
 
 int GComboBox::HitTest(HitTestInfo* pInfo) const
@@ -314,7 +291,7 @@ void GComboBox::EditByKey(UINT uKey)
         ShowDropDown();
         break;
     default:
-        if (IsDown(VK_CONTROL)) {
+        if (IsKeyDown(VK_CONTROL)) {
             EditByControlKey(uKey);
         }
         break;
@@ -332,11 +309,15 @@ void GComboBox::EditByControlKey(UINT uKey)
     }
 }
 
+// The caret alone is not painted.
 void GComboBox::MoveCaret(UINT nCaret)
 {
-    SetCaret(nCaret, IsDown(VK_SHIFT) ? m_nAnchor : nCaret);
+    const bool fSelected = m_nCaret != m_nAnchor;
+    SetCaret(nCaret, IsKeyDown(VK_SHIFT) ? m_nAnchor : nCaret);
     ShowCursor();
-    Invalidate(0);
+    if (fSelected || m_nCaret != m_nAnchor) {
+        Invalidate(0);
+    }
 }
 
 void GComboBox::StepItem(int nStep)
@@ -358,13 +339,13 @@ LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
         return 0;
     }
     switch (c) {
-    case CHAR_BACKSPACE: DeleteBackward(); return 0;
-    case CHAR_TAB: SendMessageW(GetParent(), WM_NEXTDLGCTL, GetKeyState(VK_SHIFT) & 0x8000, 0); return 0;
-    case CHAR_LINE_FEED:
-    case CHAR_ESCAPE: return 1;
-    case CHAR_RETURN: return 0;
+    case gesso::CHAR_BACKSPACE: DeleteBackward(); return 0;
+    case gesso::CHAR_TAB: gesso::SendTab(*this); return 0;
+    case gesso::CHAR_LINE_FEED:
+    case gesso::CHAR_ESCAPE: return 1;
+    case gesso::CHAR_RETURN: return 0;
     default:
-        if (c && !IsDown(VK_CONTROL)) {
+        if (c && !IsKeyDown(VK_CONTROL)) {
             ReplaceSelection(&c, 1);
         }
         return 0;

@@ -1,3 +1,4 @@
+#include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxList.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
@@ -241,13 +242,6 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
         .DrawString((*m_pItems)[nItem]->pszText, DT_SINGLELINE | DT_VCENTER | DT_HIDEPREFIX, rcText);
 }
 
-POINTS GComboBoxList::ToScreen(POINTS pt) const
-{
-    POINT ptScreen{pt.x, pt.y};
-    ClientToScreen(m_hWnd, &ptScreen);
-    return {static_cast<SHORT>(ptScreen.x), static_cast<SHORT>(ptScreen.y)};
-}
-
 // The row at a point in the client area: ABOVE or NONE where there is none.
 UINT GComboBoxList::HitTest(POINTS pt) const
 {
@@ -255,7 +249,7 @@ UINT GComboBoxList::HitTest(POINTS pt) const
     RECT rcClient{};
     GetWindowRect(m_hWnd, &rcWindow);
     GetClientRect(m_hWnd, &rcClient);
-    const POINTS ptScreen = ToScreen(pt);
+    const POINTS ptScreen = gesso::ToScreen(m_hWnd, pt);
     if (!PtInRect(&rcWindow, {ptScreen.x, ptScreen.y}) || pt.y >= rcClient.bottom) {
         return NONE;
     }
@@ -389,7 +383,7 @@ void GComboBoxList::MoveBy(int nRows)
 
 LRESULT GComboBoxList::OnMouseMove(WPARAM, POINTS pt)
 {
-    const POINTS ptScreen = ToScreen(pt);
+    const POINTS ptScreen = gesso::ToScreen(m_hWnd, pt);
     const bool fOnBar = (m_dwState & GWS_NCPRESSED) || IsOverBar(ptScreen);
     if (fOnBar || m_hitNow.wHit) {
         OnNcMouseMove(HTVSCROLL, ptScreen);
@@ -421,7 +415,7 @@ LRESULT GComboBoxList::OnLButtonDown(WPARAM wKeys, POINTS pt)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
-    const POINTS ptScreen = ToScreen(pt);
+    const POINTS ptScreen = gesso::ToScreen(m_hWnd, pt);
     if (IsOverBar(ptScreen)) {
         return GWndScroll::OnNcLButtonDown(HTVSCROLL, BarPoint(ptScreen));
     }
@@ -445,7 +439,7 @@ LRESULT GComboBoxList::OnNcLButtonDown(UINT uHit, POINTS ptScreen)
 LRESULT GComboBoxList::OnLButtonUp(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcLButtonUp(HTVSCROLL, ToScreen(pt));
+        return OnNcLButtonUp(HTVSCROLL, gesso::ToScreen(m_hWnd, pt));
     }
     const UINT nPressed = std::exchange(m_hitDown.nItem, NONE);
     const UINT nItem = HitTest(pt);

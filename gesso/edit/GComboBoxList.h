@@ -82,7 +82,6 @@ private:
     SIZE FrameSize() const;
     bool IsOverBar(POINTS ptScreen) const;
     POINTS BarPoint(POINTS ptScreen) const;
-    POINTS ToScreen(POINTS pt) const;
     UINT HitTest(POINTS pt) const;
     void MoveBy(int nRows);
     void ShowRow(UINT nItem);

@@ -1,5 +1,6 @@
 // Coming to life, and the window procedure.
 
+#include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/ControlText.h>
@@ -15,7 +16,6 @@ constinit HCURSOR GEdit::s_hIbeam = nullptr;
 namespace {
 
 constexpr LPCWSTR THEME_CLASS = L"EDIT";
-constexpr WORD IBEAM_CURSOR = 32513;
 
 UINT RepeatOf(LPARAM lParam)
 {
@@ -38,7 +38,7 @@ GEdit::GEdit() : m_strText(FIRST_CAPACITY)
 {
     m_aLines.Add(0);
     if (!s_hIbeam) {
-        s_hIbeam = LoadCursorW(nullptr, MAKEINTRESOURCEW(IBEAM_CURSOR));
+        s_hIbeam = gesso::LoadIBeam();
     }
 }
 

@@ -153,6 +153,7 @@ private:
     class LineFitter;
 
     static constexpr UINT FIRST_CAPACITY = 32; // of the text, in characters
+    static constexpr UINT BREAK_LENGTH = 2;    // CR LF
 
     struct Place
     {
@@ -232,7 +233,6 @@ private:
     LRESULT OnTyped(wchar_t ch);
     bool HasRoomForTyped(DWORD dwStyle);
     void TakeBack(UINT nOffset);
-    POINTS ToScreen(POINTS pt) const;
 
     bool m_fCaret = false;     // the platform's caret is this window's
     wchar_t m_chRefused = 0;   // the first half of a character for which there was no room

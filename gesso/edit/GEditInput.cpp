@@ -3,6 +3,7 @@
 // The parent may do anything when it is told, destroying the control included: EN_CHANGE is sent last.
 
 #include <gesso/edit/ClipboardText.h>
+#include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
@@ -11,22 +12,7 @@
 #include <utility>
 
 using gesso::Frame;
-
-namespace {
-
-constexpr UINT KEY_BACKSPACE = 8;
-constexpr UINT KEY_TAB = 9;
-constexpr UINT KEY_LINEFEED = 10; // Ctrl+Enter
-constexpr UINT KEY_ENTER = 13;
-constexpr UINT KEY_ESCAPE = 27;
-constexpr int KEY_DOWN_BIT = 0x8000;
-
-bool IsKeyDown(int nKey)
-{
-    return GetKeyState(nKey) & KEY_DOWN_BIT;
-}
-
-} // namespace
+using gesso::IsKeyDown;
 
 // --- After a change
 // -----------------------------------------------------------------------------------------------
@@ -206,14 +192,11 @@ LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
     PutCaret(Caret());
     PutAnchor(Anchor());
     switch (uChar) {
-    case KEY_BACKSPACE: return OnBackspace();
-    case KEY_TAB:
-        SendMessageW(GetParent(), WM_NEXTDLGCTL, static_cast<WPARAM>(GetKeyState(VK_SHIFT) & KEY_DOWN_BIT),
-                     0);
-        return 0;
-    case KEY_LINEFEED:
-    case KEY_ESCAPE: return 1;
-    case KEY_ENTER: return OnEnter();
+    case gesso::CHAR_BACKSPACE: return OnBackspace();
+    case gesso::CHAR_TAB: gesso::SendTab(*this); return 0;
+    case gesso::CHAR_LINE_FEED:
+    case gesso::CHAR_ESCAPE: return 1;
+    case gesso::CHAR_RETURN: return OnEnter();
     default: return IsKeyDown(VK_CONTROL) ? 0 : OnTyped(static_cast<wchar_t>(uChar));
     }
 }
@@ -330,13 +313,6 @@ LRESULT GEdit::OnPaste()
 // --- Mouse
 // --------------------------------------------------------------------------------------------------------
 
-POINTS GEdit::ToScreen(POINTS pt) const
-{
-    POINT ptScreen{pt.x, pt.y};
-    ClientToScreen(m_hWnd, &ptScreen);
-    return {static_cast<SHORT>(ptScreen.x), static_cast<SHORT>(ptScreen.y)};
-}
-
 void GEdit::ClickAt(POINTS pt, HitTestInfo* pInfo)
 {
     pInfo->pt = pt;
@@ -376,7 +352,7 @@ LRESULT GEdit::OnLButtonDblClk(WPARAM, POINTS)
 LRESULT GEdit::OnLButtonUp(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcLButtonUp(HTCLIENT, ToScreen(pt));
+        return OnNcLButtonUp(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     if (m_dwState & GWS_PRESSED) {
         ReleaseCapture();
@@ -387,7 +363,7 @@ LRESULT GEdit::OnLButtonUp(WPARAM, POINTS pt)
 LRESULT GEdit::OnMouseMove(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcMouseMove(HTCLIENT, ToScreen(pt));
+        return OnNcMouseMove(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     Frame::TrackLeave(*this);
     if (m_dwState & GWS_PRESSED) {

@@ -204,17 +204,7 @@ void GEdit::HitTest(HitTestInfo* pInfo) const
     pInfo->nLine =
         y > 0 && nHeight > 0 ? std::min(static_cast<UINT>(y / nHeight), m_aLines.GetLength() - 1) : 0;
     const UINT nOffset = OffsetOfLine(pInfo->nLine);
-    UINT nBefore = 0; // so many characters end before x
-    UINT nEnd = LengthWithin(pInfo->nLine, nOffset);
-    while (nBefore < nEnd) {
-        const UINT nMiddle = nBefore + (nEnd - nBefore) / 2;
-        if (measure->Extent(TextAt(nOffset), nMiddle + 1).cx >= x) {
-            nEnd = nMiddle;
-        } else {
-            nBefore = nMiddle + 1;
-        }
-    }
-    pInfo->nChar = nBefore;
+    pInfo->nChar = measure->CountBefore(TextAt(nOffset), LengthWithin(pInfo->nLine, nOffset), x);
 }
 
 // The horizontal scroll position, in steps from the present one, at which the caret's x is to be seen.

@@ -75,6 +75,20 @@ UINT TextMeasure::CountFitting(LPCWSTR psz, UINT nCount, int nLimit) const
     }
 }
 
+UINT TextMeasure::CountBefore(LPCWSTR psz, UINT nCount, int x) const
+{
+    UINT nBefore = 0;
+    while (nBefore < nCount) {
+        const UINT nMiddle = nBefore + (nCount - nBefore) / 2;
+        if (Extent(psz, nMiddle + 1).cx >= x) {
+            nCount = nMiddle;
+        } else {
+            nBefore = nMiddle + 1;
+        }
+    }
+    return nBefore;
+}
+
 TEXTMETRICW WindowMeasure::FontMetric() const
 {
     TEXTMETRICW metric{};

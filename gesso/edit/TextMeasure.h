@@ -30,6 +30,8 @@ public:
     int CompareWidth(LPCWSTR psz, UINT nCount, int nLimit) const;
     // How many characters of the line fit into nLimit.
     UINT CountFitting(LPCWSTR psz, UINT nCount, int nLimit) const;
+    // How many of its characters end in front of x.
+    UINT CountBefore(LPCWSTR psz, UINT nCount, int x) const;
 
 private:
     bool Overflows(LPCWSTR psz, UINT nCount, int nLimit) const;
