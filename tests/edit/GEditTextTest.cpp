@@ -128,16 +128,12 @@ TEST_F(GEditTextTest, OneLineHandsOnWhatDoesNotFitAndTakesWhatDoes)
 TEST_F(GEditTextTest, WordBreaksCountFromTheLineEnd)
 {
     Make(30);
-    edit.SetText(L"one two three");
-    EXPECT_EQ(edit.LeftWordBreak(0, 0), -5) << "\"three\"";
-    edit.SetText(L"one ");
-    EXPECT_EQ(edit.LeftWordBreak(0, 0), -1);
-    edit.SetText(L"word");
-    EXPECT_EQ(edit.LeftWordBreak(0, 0), -1);
-    edit.SetText(L" word");
-    EXPECT_EQ(edit.LeftWordBreak(0, 0), -4);
-    edit.SetText(L"w");
-    EXPECT_EQ(edit.LeftWordBreak(0, 0), -1);
+    for (const auto& [pszText, nStep] :
+         {std::pair(L"one two three", -5), {L"one ", -1}, {L"word", -1}, {L" word", -4}, {L"w", -1}})
+    {
+        edit.SetText(pszText);
+        EXPECT_EQ(edit.LeftWordBreak(0, 0), nStep) << Narrow(pszText);
+    }
     edit.SetText(L"one two three");
     Resize(5);
     edit.SetText(edit.Text());

@@ -1,5 +1,6 @@
 // The combo box's text field under mouse and keys, its caret, and what is drawn.
 
+#include "../../edit/EditFixture.h"
 #include "ComboFixture.h"
 
 #include <gtest/gtest.h>
@@ -106,6 +107,21 @@ TEST_F(ComboFieldTest, KeysMoveTheCaretAndShiftExtendsTheSelection)
     Type('A', {VK_CONTROL});
     EXPECT_EQ(Ends(), "0-4");
     EXPECT_EQ(TheHost().TakeReports(), Reports{}) << "no text has changed";
+}
+
+TEST_F(ComboFieldTest, TheCaretAloneIsNotPainted)
+{
+    MakeField(L"abcd");
+    const auto paintsAfter = [&](UINT uKey, std::initializer_list<int> held) {
+        desk::Pump();
+        const test::HeldKeys keys(held);
+        SendMessageW(Combo(), WM_KEYDOWN, uKey, 1);
+        return GetUpdateRect(Combo(), nullptr, FALSE) != FALSE;
+    };
+    EXPECT_FALSE(paintsAfter(VK_LEFT, {}));
+    EXPECT_TRUE(paintsAfter(VK_LEFT, {VK_SHIFT}));
+    EXPECT_TRUE(paintsAfter(VK_LEFT, {})) << "the selection goes";
+    EXPECT_FALSE(paintsAfter(VK_HOME, {}));
 }
 
 TEST_F(ComboFieldTest, ThePointerPutsTheCaretAndDragsASelection)

@@ -136,18 +136,41 @@ TEST_F(ComboListTest, KeysMoveTheSelectionAndTheTextFollowsAtOnce)
     EXPECT_EQ(TheHost().TakeReports(), Reports{}) << "keys in the list are not told of";
 }
 
-TEST_F(ComboListTest, ReturnAndF4CloseItToo)
+TEST_F(ComboListTest, KeysAndClicksElsewhereCloseIt)
 {
-    Make(GCBS_DROPDOWN, 3);
+    Make(GCBS_DROPDOWN, 5);
+    Combo().SetSelected(2);
+    GButton button;
+    button.Create(200, 200, 50, 20, Parent(), 6, L"button", 0, WS_CHILD | WS_VISIBLE);
+    std::vector<std::function<void()>> closers;
     for (const UINT uKey : {UINT{VK_RETURN}, UINT{VK_F4}, UINT{VK_ESCAPE}}) {
+        closers.emplace_back([uKey] { desk::TypeKey(uKey); });
+    }
+    // Beside all, on the button, and on the control's own button.
+    for (const auto& [x, y] :
+         {std::pair{300, 5}, {210, 210}, {test::COMBO_X + test::COMBO_CX - 5, test::COMBO_Y + 5}})
+    {
+        closers.emplace_back([pt = OnScreen(Parent(), x, y)] { desk::Click(pt.x, pt.y); });
+    }
+    for (const auto& close : closers) {
         bool fWasOpen = false;
         WithList({[&] {
             fWasOpen = List() != nullptr;
-            desk::TypeKey(uKey);
+            close();
         }});
         EXPECT_TRUE(fWasOpen);
-        EXPECT_FALSE(List()) << uKey;
+        EXPECT_FALSE(List()) << &close - closers.data();
+        EXPECT_EQ(Combo().GetSelected(), 2u);
     }
+    EXPECT_EQ(GetFocus(), Combo().GetHwnd()) << "the click reached nothing else";
+    for (const std::string& report : TheHost().TakeReports()) {
+        EXPECT_EQ(report, "setfocus 5");
+    }
+    const POINT pt = OnScreen(Combo(), test::COMBO_CX - 5, 10);
+    desk::DoubleClick(pt.x, pt.y);
+    desk::Pump();
+    EXPECT_FALSE(List()) << "a quick second click";
+    button.Destroy();
 }
 
 TEST_F(ComboListTest, ATypedTextGivesWayToTheSelectedItem)
@@ -223,36 +246,6 @@ TEST_F(ComboListTest, TheHoveredRowIsHotAndKeysGoOnFromTheSelection)
     EXPECT_EQ(hot, (test::Lines{"DrawThemeBackground explorer::LISTVIEW 0 0 (-2,-2,122,112)",
                                 "DrawThemeBackground explorer::LISTVIEW 1 6 (0,66,120,88)"}));
     EXPECT_EQ(Combo().GetSelected(), 2u);
-}
-
-TEST_F(ComboListTest, AClickElsewhereClosesIt)
-{
-    Make(GCBS_DROPDOWN, 5);
-    Combo().SetSelected(2);
-    GButton button;
-    button.Create(200, 200, 50, 20, Parent(), 6, L"button", 0, WS_CHILD | WS_VISIBLE);
-    for (const auto& [x, y] :
-         {std::pair{300, 5}, {210, 210}, {test::COMBO_X + test::COMBO_CX - 5, test::COMBO_Y + 5}})
-    {
-        const POINT pt = OnScreen(Parent(), x, y);
-        WithList({[pt] { desk::Click(pt.x, pt.y); }});
-        EXPECT_FALSE(List()) << x;
-        EXPECT_EQ(Combo().GetSelected(), 2u);
-    }
-    EXPECT_EQ(GetFocus(), Combo().GetHwnd()) << "the click reached nothing else";
-    for (const std::string& report : TheHost().TakeReports()) {
-        EXPECT_EQ(report, "setfocus 5");
-    }
-    button.Destroy();
-}
-
-TEST_F(ComboListTest, AQuickSecondClickOnTheButtonClosesIt)
-{
-    Make(GCBS_DROPDOWNLIST, 5);
-    const POINT pt = OnScreen(Combo(), 10, 10);
-    desk::DoubleClick(pt.x, pt.y);
-    desk::Pump();
-    EXPECT_FALSE(List());
 }
 
 TEST_F(ComboListTest, AnotherWindowInFrontClosesIt)
@@ -374,15 +367,6 @@ TEST_F(ComboListTest, TheParentMayDestroyTheControlInTheLoop)
     }
 }
 
-TEST_F(ComboListTest, DeletingTheObjectAloneClosesTheListAndFreesTheCapture)
-{
-    const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
-    WithList({[&] { pCombo.reset(); }});
-    EXPECT_FALSE(List());
-    EXPECT_FALSE(GetCapture());
-    DestroyWindow(hwnd);
-}
-
 TEST_F(ComboListTest, AQuitLeavesAllAsItIsAndEndsTheOuterLoopToo)
 {
     Make(GCBS_DROPDOWNLIST, 5);
@@ -396,20 +380,19 @@ TEST_F(ComboListTest, AQuitLeavesAllAsItIsAndEndsTheOuterLoopToo)
     EXPECT_FALSE(List()) << "the list goes with the control";
 }
 
-TEST_F(ComboListTest, AWindowThatCannotBeMadeLeavesTheControlClosed)
+TEST_F(ComboListTest, AListThatGoesOrNeverComesFreesTheCapture)
 {
-    Make(GCBS_DROPDOWNLIST, 5);
+    const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
     desk::Fail("CreateWindowExW");
     WithList({});
     EXPECT_FALSE(GetCapture());
     EXPECT_EQ(Combo().State() & GWS_PRESSED, 0u);
-}
-
-TEST_F(ComboListTest, ADestroyedListEndsTheLoopAtOnce)
-{
-    Make(GCBS_DROPDOWNLIST, 5);
     WithList({[] { DestroyWindow(List()); }});
     EXPECT_FALSE(GetCapture());
+    WithList({[&] { pCombo.reset(); }});
+    EXPECT_FALSE(List()) << "the list goes with the object";
+    EXPECT_FALSE(GetCapture());
+    DestroyWindow(hwnd);
 }
 
 TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
@@ -419,12 +402,7 @@ TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
     EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd());
     SetFocus(Parent());
     EXPECT_EQ(desk::Caret().hwnd, Combo().GetHwnd()) << "losing the focus takes it from the field only";
-}
-
-TEST_F(ComboListTest, ACaretThatStayedDoesNotMoveTheOneOfAnotherControl)
-{
-    Make(GCBS_DROPDOWNLIST, 5);
-    WithList({TypeEscape});
+    // But it moves no caret of another control.
     GEdit edit;
     edit.Create(0, 100, 100, 30, Parent(), 6, L"", WS_CHILD | WS_VISIBLE, 0);
     SetFocus(edit);
