@@ -3,6 +3,7 @@
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
@@ -214,7 +215,7 @@ LRESULT CALLBACK GEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM l
     case WM_SETTEXT: return edit.OnSetText(reinterpret_cast<LPCWSTR>(lParam));
     case WM_GETTEXT: return edit.OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
     case WM_GETTEXTLENGTH: return edit.OnGetTextLength();
-    case WM_PAINT: return edit.OnPaint();
+    case WM_PAINT: return gesso::PaintControl(edit, hwnd);
     case WM_PRINTCLIENT: return edit.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
     case WM_SETCURSOR: return edit.OnSetCursor();

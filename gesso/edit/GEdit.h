@@ -18,7 +18,6 @@
 
 #include <gesso/containers/OArray.h>
 #include <gesso/containers/OStringEx.h>
-#include <gesso/edit/ShownLines.h>
 #include <gesso/framework/GWndScroll.h>
 
 #include <compare>
@@ -205,11 +204,7 @@ private:
     // View
     bool HasBorder() const;
     int FrameState() const;
-    template <class EACH> void ForEachLineInView(int nHeight, EACH each) const;
     void DrawLines(HDC hdc, const RECT& rcClient) const;
-    gesso::ShownLines LinesInView() const;
-    void Refresh();
-    LRESULT OnPaint();
     int PosThatShows(int x, const RECT& rcText) const;
 
     // Input
@@ -234,9 +229,8 @@ private:
     bool HasRoomForTyped(DWORD dwStyle);
     void TakeBack(UINT nOffset);
 
-    bool m_fCaret = false;     // the platform's caret is this window's
-    wchar_t m_chRefused = 0;   // the first half of a character for which there was no room
-    gesso::ShownLines m_shown; // as of the last Refresh
+    bool m_fCaret = false;   // the platform's caret is this window's
+    wchar_t m_chRefused = 0; // the first half of a character for which there was no room
     // So many lines, counted from the end, are known to be as long as fits into this width.
     UINT m_nSettled = 0;
     int m_cxSettled = 0;

@@ -23,7 +23,7 @@ void GEdit::Moved()
         PutAnchor(Caret());
     }
     UpdateCursorPos();
-    Refresh();
+    Invalidate(0);
 }
 
 // Ends every edit, a refused one too. The control may be gone afterwards.
@@ -31,7 +31,7 @@ LRESULT GEdit::Edited()
 {
     PutAnchor(Caret());
     UpdateCursorPos();
-    Refresh();
+    Invalidate(0);
     Frame::SendCommand(*this, EN_CHANGE);
     return 0;
 }
@@ -152,7 +152,7 @@ void GEdit::SelectAll()
     PutAnchor({0, 0});
     PutCaret(End());
     UpdateCursorPos();
-    Refresh();
+    Invalidate(0);
 }
 
 LRESULT GEdit::OnDelete()
@@ -327,6 +327,7 @@ LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
+    Invalidate(0);
     // Tells the window that had the capture.
     SetCapture(hwnd);
     if (!Frame::IsAlive(hwnd, this)) {
@@ -339,7 +340,6 @@ LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)
         PutAnchor(Caret());
     }
     UpdateCursorPos();
-    Refresh();
     return 0;
 }
 
@@ -355,7 +355,11 @@ LRESULT GEdit::OnLButtonUp(WPARAM, POINTS pt)
         return OnNcLButtonUp(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     if (m_dwState & GWS_PRESSED) {
+        const HWND hwnd = m_hWnd;
         ReleaseCapture();
+        if (Frame::IsAlive(hwnd, this)) {
+            Invalidate(0);
+        }
     }
     return 0;
 }
@@ -369,16 +373,14 @@ LRESULT GEdit::OnMouseMove(WPARAM, POINTS pt)
     if (m_dwState & GWS_PRESSED) {
         ClickAt(pt, &m_hitMove);
         UpdateCursorPos();
-        Refresh();
+        Invalidate(0);
     }
     return 0;
 }
 
-// Nothing shows where the pointer is.
 LRESULT GEdit::OnMouseLeave()
 {
-    m_dwState &= ~(GWS_HOT | GWS_TRACKING);
-    return 0;
+    return Frame::OnMouseLeave(*this);
 }
 
 LRESULT GEdit::OnCaptureChanged(HWND hwndNew)

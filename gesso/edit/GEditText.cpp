@@ -354,7 +354,7 @@ int GEdit::SetText(LPCWSTR pszText)
     WrapAll();
     PutAnchor(Caret());
     UpdateCursorPos();
-    Refresh();
+    Invalidate(0);
     return 1;
 }
 
@@ -363,5 +363,5 @@ void GEdit::SetSel(int nStart, int nEnd)
     PutAnchor(PlaceOfSel(nStart));
     PutCaret(PlaceOfSel(nEnd));
     UpdateCursorPos();
-    Refresh();
+    Invalidate(0);
 }

@@ -3,12 +3,10 @@
 #include <gesso/edit/FieldText.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextMeasure.h>
-#include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
-#include <utility>
 
 using gesso::Frame;
 using gesso::PlainPart;
@@ -67,78 +65,25 @@ void GEdit::Draw(HDC hdc)
     SetViewportOrgEx(hdc, ptFormer.x, ptFormer.y, nullptr);
 }
 
-// From the first line to the bottom of the client area: each(top, characters, length, selected from, up to).
-template <class EACH> void GEdit::ForEachLineInView(int nHeight, EACH each) const
-{
-    const LONG nBottom = ClientRect(m_hWnd).bottom;
-    int nTop = m_nMargin + 1;
-    UINT nOffset = 0;
-    for (UINT i = 0; i < m_aLines.GetLength() && nHeight > 0 && nTop < nBottom; ++i, nTop += nHeight) {
-        int nFrom = 0;
-        int nTo = 0;
-        CalcHighliteOfLine(nFrom, nTo, i);
-        const UINT nLength = LengthWithin(i, nOffset);
-        each(nTop, TextAt(nOffset), nLength, std::min(static_cast<UINT>(nFrom), nLength),
-             std::min(static_cast<UINT>(nTo), nLength));
-        nOffset += LengthOfLine(i, nOffset);
-    }
-}
-
-// ES_CENTER and ES_RIGHT move no text: hosts know the field so.
+// Lines below the client area are left out. ES_CENTER and ES_RIGHT move no text: hosts know the field so.
 void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
 {
     const gesso::TextMeasure measure(hdc, IsMasked());
     const int nHeight = measure.LineHeight();
     const int nInset = m_nMargin + 1;
-    const LONG nRight = rcClient.right - nInset + GetScrollPos(SB_HORZ);
-    ForEachLineInView(nHeight, [&](int nTop, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo) {
-        const RECT rcLine{nInset, nTop, nRight, nTop + nHeight};
-        if (RectVisible(hdc, &rcLine)) {
-            gesso::DrawField(hdc, rcLine, measure.Shown(psz, nLength), nLength, nFrom, nTo);
-        }
-    });
-}
-
-gesso::ShownLines GEdit::LinesInView() const
-{
-    const int nHeight = WindowMeasure(m_hWnd, m_hFont, false)->LineHeight();
-    gesso::ShownLines lines(
-        {m_hFont, nHeight, GetScrollPos(SB_HORZ), Frame::Style(*this) & (ES_PASSWORD | WS_DISABLED)});
-    ForEachLineInView(nHeight, [&](int, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo) {
-        lines.Add(psz, nLength, nFrom, nTo);
-    });
-    return lines;
-}
-
-// Asks for a repaint of the lines that look other than when it last did. Painting all of a field takes so
-// long that it is seen while typing.
-void GEdit::Refresh()
-{
-    if (!m_hWnd) {
-        return;
+    RECT rcLine{nInset, nInset, rcClient.right - nInset + GetScrollPos(SB_HORZ), nInset + nHeight};
+    UINT nOffset = 0;
+    for (UINT i = 0; i < m_aLines.GetLength() && nHeight > 0 && rcLine.top < rcClient.bottom; ++i) {
+        int nFrom = 0;
+        int nTo = 0;
+        CalcHighliteOfLine(nFrom, nTo, i);
+        const UINT nLength = LengthWithin(i, nOffset);
+        gesso::DrawField(hdc, rcLine, measure.Shown(TextAt(nOffset), nLength), nLength,
+                         std::min(static_cast<UINT>(nFrom), nLength),
+                         std::min(static_cast<UINT>(nTo), nLength));
+        nOffset += LengthOfLine(i, nOffset);
+        OffsetRect(&rcLine, 0, nHeight);
     }
-    const gesso::ShownLines former = std::exchange(m_shown, LinesInView());
-    if (former.Look() != m_shown.Look()) {
-        Invalidate(0);
-        return;
-    }
-    const auto [nFirst, nEnd] = m_shown.DifferenceFrom(former);
-    const int nHeight = m_shown.Look().nLineHeight;
-    RECT rc = ClientRect(m_hWnd);
-    rc.top = m_nMargin + 1 + static_cast<int>(nFirst) * nHeight;
-    rc.bottom = m_nMargin + 1 + static_cast<int>(nEnd) * nHeight;
-    if (nFirst < nEnd) {
-        InvalidateRect(m_hWnd, &rc, FALSE);
-    }
-}
-
-// What came to be shown without a Refresh may be on the screen in part: the next one is for all lines.
-LRESULT GEdit::OnPaint()
-{
-    if (LinesInView() != m_shown) {
-        m_shown = {};
-    }
-    return gesso::PaintControl(*this, m_hWnd);
 }
 
 int GEdit::FrameState() const

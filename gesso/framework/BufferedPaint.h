@@ -1,6 +1,5 @@
-// The paint path of every control: the client area is drawn off the screen and copied to the window at the
-// end, so that nothing flickers. Only what is to be painted anew is drawn, by the context's clipping: filling
-// a surface by the visual style may cost far more than all the rest.
+// The paint path of every control: the whole client area is drawn off the screen and copied to the window at
+// the end, so that nothing flickers.
 #pragma once
 
 #include <gesso/framework/OffscreenSurface.h>
@@ -12,13 +11,7 @@ namespace gesso {
 class BufferedPaint
 {
 public:
-    enum class Area
-    {
-        Invalid, // the update region's bounds
-        Whole,   // for a caller that keeps the bitmap
-    };
-
-    explicit BufferedPaint(HWND hwnd, Area area = Area::Invalid);
+    explicit BufferedPaint(HWND hwnd);
     ~BufferedPaint();
     BufferedPaint(const BufferedPaint&) = delete;
     BufferedPaint& operator=(const BufferedPaint&) = delete;
@@ -31,7 +24,7 @@ public:
 private:
     HWND m_hWnd;
     PAINTSTRUCT m_paint;
-    RECT m_rcDrawn;
+    RECT m_rcClient;
     std::optional<OffscreenSurface> m_surface;
 };
 

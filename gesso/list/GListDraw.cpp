@@ -432,8 +432,7 @@ LRESULT GList::OnPaint()
         return 0;
     }
     const HWND hwnd = m_hWnd;
-    using gesso::BufferedPaint;
-    BufferedPaint paint(hwnd, frameRecord ? BufferedPaint::Area::Whole : BufferedPaint::Area::Invalid);
+    gesso::BufferedPaint paint(hwnd);
     Draw(paint.Context());
     if (Frame::IsAlive(hwnd, this) && frameRecord) {
         KeepFrame(paint.KeepBitmap());

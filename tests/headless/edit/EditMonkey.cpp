@@ -48,27 +48,6 @@ std::u16string WithPairs(const std::u16string& text)
     return result;
 }
 
-// Paints all of the field. The record of its texts, and of the colour behind the selected ones.
-std::vector<std::string> DrawAll(HWND hwnd)
-{
-    desk::ClearDrawing(hwnd);
-    RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    std::vector<std::string> lines = desk::Drawing(hwnd);
-    std::erase_if(lines, [](const std::string& line) {
-        return !line.starts_with("DrawTextW") && !line.ends_with("ADD6FF");
-    });
-    return lines;
-}
-
-// Whether what the record says was drawn lies within so many rows of pixels, as far as it is to be seen.
-bool IsWithin(const std::string& drawn, const RECT& rcRows, const RECT& rcClient)
-{
-    int nTop = 0, nBottom = 0;
-    std::sscanf(drawn.c_str() + drawn.rfind(" ("), " (%*d,%d,%*d,%d)", &nTop, &nBottom);
-    const bool fSeen = nTop < rcClient.bottom && rcClient.right > 0;
-    return !fSeen || (nTop >= rcRows.top && std::min<LONG>(nBottom, rcClient.bottom) <= rcRows.bottom);
-}
-
 } // namespace
 
 EditMonkey::EditMonkey(HWND hwndParent, std::function<unsigned(unsigned)> choose)
@@ -105,7 +84,6 @@ std::string EditMonkey::Step()
     };
     m_twin.SetFont(m_twin.GetFont()); // it forgets what it knows of its lines
     Expect(TextNow());
-    m_drawn = DrawAll(m_edit);
     m_before = m_edit.Lines() + " " + m_edit.Caret();
     (this->*THINGS[m_choose(static_cast<unsigned>(std::size(THINGS)))])();
     return Check();
@@ -121,32 +99,10 @@ std::string EditMonkey::Check()
     } else if (!m_fAtOdds && !m_may.empty() &&
                std::find(m_may.begin(), m_may.end(), TextNow()) == m_may.end()) {
         fault = "the text should be \"" + Utf8(m_may[0]) + "\"";
-    } else if (m_done != "font") { // whose change repaints nothing by itself
-        fault = ScreenFault();
     }
     return fault.empty()
                ? fault
                : m_before + ", " + m_done + " -> " + m_edit.Lines() + " " + m_edit.Caret() + ": " + fault;
-}
-
-std::string EditMonkey::ScreenFault()
-{
-    RECT rcUpdate{};
-    RECT rcClient{};
-    GetUpdateRect(m_edit, &rcUpdate, FALSE);
-    GetClientRect(m_edit, &rcClient);
-    std::vector<std::string> now = DrawAll(m_edit);
-    std::sort(now.begin(), now.end());
-    std::sort(m_drawn.begin(), m_drawn.end());
-    std::vector<std::string> different;
-    std::set_symmetric_difference(now.begin(), now.end(), m_drawn.begin(), m_drawn.end(),
-                                  std::back_inserter(different));
-    for (const std::string& drawn : different) {
-        if (!IsWithin(drawn, rcUpdate, rcClient)) {
-            return "not painted anew: " + drawn;
-        }
-    }
-    return "";
 }
 
 // To the one without the focus first: moves by row go by the platform's caret, which is that of the other

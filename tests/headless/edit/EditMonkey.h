@@ -1,7 +1,6 @@
 // Any edits, keys, clicks, sizes and styles, done to two edit fields at once: one as it is, and one that
 // forgets before each step which of its lines are known to fit. Both must agree after each, the table must
-// add up to the text, the text must be what a plain string has become by the same edits, and what looks other
-// than before must be about to be painted.
+// add up to the text, and the text must be what a plain string has become by the same edits.
 #pragma once
 
 #include "../../edit/ProbeEdit.h"
@@ -34,7 +33,6 @@ private:
     // The expected text with what is selected replaced; or with the stretch at an offset, if nothing is.
     Text Replaced(const Text& with, UINT nOffset = 0, UINT nCount = 0) const;
     std::string Check();
-    std::string ScreenFault();
 
     void TypeCharacter();
     void PressEnter();
@@ -54,11 +52,10 @@ private:
     ProbeEdit m_edit;
     ProbeEdit m_twin;
     HFONT m_fonts[2];
-    std::string m_before;             // the lines and the caret before the last step
-    std::string m_done;               // the last step
-    std::vector<Text> m_may;          // what the text may be after it; anything if empty
-    std::vector<std::string> m_drawn; // what a paint of all drew before it
-    bool m_fAtOdds = false;           // a deleted line end has left the table at odds with the text
+    std::string m_before;    // the lines and the caret before the last step
+    std::string m_done;      // the last step
+    std::vector<Text> m_may; // what the text may be after it; anything if empty
+    bool m_fAtOdds = false;  // a deleted line end has left the table at odds with the text
 };
 
 } // namespace test

@@ -25,8 +25,6 @@ protected:
     void SetUp() override
     {
         DrawFixture::SetUp();
-        // So wide that all of the ribbon is to be painted.
-        SetWindowPos(Parent(), nullptr, 0, 0, 700, 300, SWP_NOMOVE | SWP_NOZORDER);
         m_pRibbon = std::make_unique<OpenRibbon>();
         hwnd = CreateRibbon(*m_pRibbon, Parent());
     }
@@ -44,7 +42,7 @@ protected:
         EXPECT_EQ(lines.back(), "BitBlt (0,0,700,118) from (0,0) SRCCOPY");
         lines.pop_back();
         std::erase_if(lines,
-                      [](const std::string& line) { return line.starts_with("FillRect (0,0,700,300)"); });
+                      [](const std::string& line) { return line.starts_with("FillRect (0,0,400,300)"); });
         return lines;
     }
     // What of it belongs to the page behind its background.
