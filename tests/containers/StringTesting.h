@@ -3,6 +3,8 @@
 
 #include <gesso/containers/OString.h>
 
+#include <tests/support/MisuseAllowed.h>
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -31,16 +33,3 @@ inline std::string Checked(const OString<wchar_t>& str)
     EXPECT_GT(Capacity(str), str.GetLength());
     return Narrow(str);
 }
-
-// Answers misuse safely instead of stopping, while it lives.
-class MisuseAllowed
-{
-public:
-    MisuseAllowed() : m_fFormer(gesso::SetMisuseStops(false)) {}
-    ~MisuseAllowed() { gesso::SetMisuseStops(m_fFormer); }
-    MisuseAllowed(const MisuseAllowed&) = delete;
-    MisuseAllowed& operator=(const MisuseAllowed&) = delete;
-
-private:
-    bool m_fFormer;
-};

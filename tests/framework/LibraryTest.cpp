@@ -34,13 +34,17 @@ TEST(Library, InitControlsMakesOneFontAndRegistersEachClassOnce)
 TEST(Library, ClassesHaveTheStatedStyleBackgroundAndExtraBytes)
 {
     InitControls();
-    for (const wchar_t* pszName : {L"GButton", L"GCheckBox", L"GCommandButton", L"GLabel", L"GProgressBar",
-                                   L"GNavigationButton", L"GRadioButton"})
-    {
+    const std::pair<LPCWSTR, UINT> classes[] = {
+        {L"GButton", 0x4083},        {L"GCheckBox", 0x4083},    {L"GComboBox", 0x408B},
+        {L"GCommandButton", 0x4083}, {L"GEdit", 0x408B},        {L"GLabel", 0x4083},
+        {L"GList", 0x400B},          {L"GProgressBar", 0x4083}, {L"GNavigationButton", 0x4083},
+        {L"GRadioButton", 0x4083},   {L"GTree", 0x400B},
+    };
+    for (const auto& [pszName, uStyle] : classes) {
         WNDCLASSEXW record{};
         record.cbSize = sizeof(record);
         ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), pszName, &record)) << test::Narrow(pszName);
-        EXPECT_EQ(record.style, 0x4083u);
+        EXPECT_EQ(record.style, uStyle) << test::Narrow(pszName);
         EXPECT_EQ(reinterpret_cast<LONG_PTR>(record.hbrBackground), COLOR_WINDOW + 1);
         EXPECT_EQ(record.cbWndExtra, 12);
         EXPECT_TRUE(record.hCursor);
@@ -68,6 +72,8 @@ TEST(Library, CreateControlMakesItsKindsAndNothingElse)
     ExpectKind<GComboBox>(GCK_COMBOBOX);
     ExpectKind<GProgressBar>(GCK_PROGRESSBAR);
     ExpectKind<GSeparator>(GCK_SEPARATOR);
+    ExpectKind<GList>(GCK_LIST);
+    ExpectKind<GTree>(GCK_TREE);
     for (const int nKind : {0, 11, -1, INT_MIN, INT_MAX}) {
         EXPECT_EQ(CreateControl(nKind), nullptr) << nKind;
     }

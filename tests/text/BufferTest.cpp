@@ -1,13 +1,11 @@
 #include "TextSupport.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/MisuseAllowed.h>
 
 #include <gtest/gtest.h>
 
 namespace test {
 namespace {
-
-using gesso::SetMisuseStops;
 
 template <class T> std::vector<BYTE> Bytes(const T* array, UINT count)
 {
@@ -91,20 +89,15 @@ TEST(TextBuffer, ASecondCalculationInOwnArraysCountsDouble)
 TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
 {
     TextContext hdc;
-    const HFONT hLarge =
-        CreateFontW(-48, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Segoe UI");
+    const TextContext hdcLarge(48);
     HandMadeText own;
     CDrawText::PrepareBuffer(&own, 16, 64, 64);
     HandMadeText published;
     CDrawText::DrawText_Calculate(hdc, L"abc", 3, &own);
     CDrawText::DrawText_Calculate_Optimized(hdc, L"abc", 3, &published);
     const UINT width = own.pRuns[0].abc.abcB;
-    const HGDIOBJ former = SelectObject(hdc, hLarge);
-    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &own);
-    CDrawText::DrawText_Calculate_Optimized(hdc, L"abc", 3, &published);
-    SelectObject(hdc, former);
-    DeleteObject(hLarge);
+    CDrawText::DrawText_Calculate(hdcLarge, L"abc", 3, &own);
+    CDrawText::DrawText_Calculate_Optimized(hdcLarge, L"abc", 3, &published);
     EXPECT_GT(own.pRuns[0].abc.abcB, 3 * width);
     EXPECT_EQ(own.pRuns[0].abc.abcB, published.pRuns[0].abc.abcB);
 }
@@ -131,13 +124,12 @@ TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
 {
     TextContext hdc;
     HandMadeText text;
-    const bool stops = SetMisuseStops(false);
+    const MisuseAllowed allowed;
     CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
     EXPECT_EQ(text.nChars, 3U);
     CDrawText::FreeBuffer(&text);
     CDrawText::DrawText_Calculate(hdc, L"abcd", 4, &text);
     EXPECT_EQ(text.nChars, 4U);
-    SetMisuseStops(stops);
 }
 
 TEST(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
@@ -196,7 +188,7 @@ TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
     const Text text = Prepare(hdc, u"one two three four דג סקרן five", 40);
     const UINT ends[] = {0,          1,         5, text->nGlyphs - 1, text->nGlyphs, text->nGlyphs + 1,
                          0x7FFFFFFF, 0xFFFFFFFF};
-    const bool stops = SetMisuseStops(false);
+    const MisuseAllowed allowed;
     for (const UINT a : ends) {
         CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), a, 0);
         CDrawText::DrawText_TextOut_Char(hdc, 0, 0, text.get(), a);
@@ -205,7 +197,6 @@ TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
             CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, text.get(), a, b);
         }
     }
-    SetMisuseStops(stops);
     constexpr LONG most = 0x7FFFFFFF;
     for (const RECT rc : {RECT{0, 0, -5, -5}, RECT{most, most, -most, -most}, RECT{-most, -most, most, most}})
     {

@@ -1,13 +1,13 @@
 #include "TextSupport.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/MisuseAllowed.h>
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace test {
 namespace {
-
-using gesso::SetMisuseStops;
 
 const HANDLE c_invalid = INVALID_HANDLE_VALUE;
 
@@ -34,11 +34,7 @@ void ExpectRect(const RECT& rc, const RECT& expected)
 
 int SumOfAdvances(const stcDrawTextBuffer& text)
 {
-    int sum = 0;
-    for (UINT i = 0; i < text.nGlyphs; ++i) {
-        sum += text.pAdvance[i];
-    }
-    return sum;
+    return std::accumulate(text.pAdvance, text.pAdvance + text.nGlyphs, 0);
 }
 
 // One of each kind of text that the engine treats in its own way.
@@ -139,9 +135,8 @@ TEST(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
     EXPECT_EQ(chars(L"", -1), 0U);
     EXPECT_EQ(chars(nullptr, -1), 0U);
     EXPECT_EQ(chars(nullptr, 3), 0U);
-    const bool stops = SetMisuseStops(false);
+    const MisuseAllowed allowed;
     EXPECT_EQ(chars(L"four", -2), 0U);
-    SetMisuseStops(stops);
 }
 
 TEST(TextPrepare, AnEmptyTextIsOneLine)
@@ -223,15 +218,12 @@ TEST(TextPrepare, ALineWithoutItsFirstGlyphStaysNarrowerThanTheArea)
     const Text text =
         Prepare(hdc, u"Several words, a fewofthemratherlonger than the others, in a narrow column", width);
     ASSERT_GT(text->nBreaks, 3U);
-    UINT start = 0;
     for (UINT i = 0; i < text->nBreaks; ++i) {
         EXPECT_LT(static_cast<int>(text->pBreaks[i].nWidth), width) << "line " << i;
-        int measured = 0;
-        for (UINT g = i == 0 ? 0 : start + 1; g < text->pBreaks[i].nGlyph; ++g) {
-            measured += text->pAdvance[g];
-        }
-        EXPECT_EQ(static_cast<int>(text->pBreaks[i].nWidth), measured) << "line " << i;
-        start = text->pBreaks[i].nGlyph;
+        const UINT first = i == 0 ? 0 : text->pBreaks[i - 1].nGlyph + 1;
+        EXPECT_EQ(static_cast<int>(text->pBreaks[i].nWidth),
+                  std::accumulate(text->pAdvance + first, text->pAdvance + text->pBreaks[i].nGlyph, 0))
+            << "line " << i;
     }
 }
 

@@ -8,10 +8,11 @@ std::ostream& operator<<(std::ostream& out, const stcDrawTextBreak& record)
 
 namespace test {
 
-TextContext::TextContext()
+TextContext::TextContext(int height)
     : m_hdc(CreateCompatibleDC(nullptr)),
-      m_font(CreateFontW(-12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                         CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Segoe UI")),
+      m_font(CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                         OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH,
+                         L"Segoe UI")),
       m_former(SelectObject(m_hdc, m_font))
 {}
 

@@ -17,12 +17,12 @@ std::ostream& operator<<(std::ostream& out, const stcDrawTextBreak& record);
 
 namespace test {
 
-// A memory context with a font of twelve pixels: on the simulated desktop each character is 6 wide and a line
-// 15 high.
+// A memory context with a font of so many pixels: of twelve, on the simulated desktop each character is 6
+// wide and a line 15 high.
 class TextContext
 {
 public:
-    TextContext();
+    explicit TextContext(int height = 12);
     ~TextContext();
     TextContext(const TextContext&) = delete;
     TextContext& operator=(const TextContext&) = delete;

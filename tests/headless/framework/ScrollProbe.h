@@ -35,7 +35,6 @@ public:
     std::vector<std::string> TakeScrolls() { return std::exchange(m_scrolls, {}); }
 
     const RECT& VRect() const { return m_rcVScroll; }
-    const RECT& HRect() const { return m_rcHScroll; }
     static DWORD Delay() { return s_dwScrollRepeatDelay; }
     static DWORD Speed() { return s_dwScrollRepeatSpeed; }
     static void LateTimer() { ScrollBarTimerCallback(nullptr, WM_TIMER, 0, 0); }

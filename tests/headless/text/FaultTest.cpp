@@ -2,14 +2,13 @@
 
 #include "tests/text/TextSupport.h"
 
-#include <platform/headless/headless.h>
+#include <tests/headless/FreshDesktop.h>
 
 #include <gtest/gtest.h>
 
 namespace test {
 namespace {
 
-namespace desk = gesso::headless;
 using Breaks = std::vector<stcDrawTextBreak>;
 
 constexpr DWORD c_outOfRoom = 0x8007000E; // E_OUTOFMEMORY
@@ -19,18 +18,8 @@ constexpr int c_forever = 1 << 30;
 class TextFault : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        desk::Reset();
-        Prepare(context, u"an earlier text, of which nothing may be seen", 0);
-        m_before = desk::Live();
-    }
-    void TearDown() override
-    {
-        desk::ClearFaults();
-        EXPECT_EQ(desk::Live(), m_before);
-        EXPECT_TRUE(desk::HeapIsClean());
-    }
+    void SetUp() override { Prepare(context, u"an earlier text, of which nothing may be seen", 0); }
+    void TearDown() override { desk::ClearFaults(); }
 
     // "aa βββ" at 30 pixels with a fault, checked for order.
     Text PrepareFailing(const char* operation, DWORD error, int times = 1)
@@ -43,26 +32,13 @@ protected:
         return text;
     }
 
+    FreshDesktop desktop;
     TextContext context;
-
-private:
-    desk::Census m_before;
 };
 
 const Breaks c_unharmed = {{0, 3, 18}, {1, 6, 18}};
 
 } // namespace
-
-TEST_F(TextFault, MeasuringTheFontFailsTheWhole)
-{
-    desk::Fail("GetTextMetricsW", 2);
-    UINT lines = 7;
-    RECT rc = {1, 2, 3, 4};
-    EXPECT_EQ(CDrawText::DrawText_Prepare(context, L"a", -1, &rc, 0, 20, &lines), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(CDrawText::DrawTextW(context, L"a", -1, rc, 0, 20, &lines), E_FAIL);
-    EXPECT_EQ(rc.right, 3);
-    EXPECT_EQ(lines, 7U);
-}
 
 TEST_F(TextFault, ShortRoomIsAskedForAgain)
 {

@@ -4,8 +4,8 @@
 #include "tests/support/Host.h"
 #include "tests/text/TextSupport.h"
 
-#include <gesso/containers/Misuse.h>
-#include <platform/headless/headless.h>
+#include <tests/headless/FreshDesktop.h>
+#include <tests/support/MisuseAllowed.h>
 
 #include <gtest/gtest.h>
 
@@ -14,19 +14,11 @@
 namespace test {
 namespace {
 
-namespace desk = gesso::headless;
 using Lines = std::vector<std::string>;
 
 class TextPaint : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        desk::Reset();
-        m_before = desk::Live();
-    }
-    void TearDown() override { EXPECT_EQ(desk::Live(), m_before); }
-
     // The slices that are painted: "text" (x,y) width script.
     Lines Painted(const std::function<void(HDC)>& paint)
     {
@@ -57,10 +49,8 @@ protected:
         return lines.empty() ? "" : lines[0].substr(5, lines[0].find(')') - 4);
     }
 
+    FreshDesktop desktop;
     TextContext context;
-
-private:
-    desk::Census m_before;
 };
 
 } // namespace
@@ -199,9 +189,8 @@ TEST_F(TextPaint, TheLowerPaintersTakeTheirGlyphsAsTheyStand)
     };
     EXPECT_EQ(line(0, 100), Lines{"\"aaa \" (1,2) cx=24 latin"});
     EXPECT_EQ(line(1, 18), Lines{"\"bb\" (1,2) cx=12 latin"});
-    const bool stops = gesso::SetMisuseStops(false);
+    const MisuseAllowed allowed;
     EXPECT_EQ(line(2, 100), Lines{});
-    gesso::SetMisuseStops(stops);
 }
 
 TEST_F(TextPaint, DrawingAtOnceAlignsInTheCallersRectangle)
