@@ -113,7 +113,7 @@ void PutOnClipboard(const std::wstring& text)
     const HGLOBAL hBlock = GlobalAlloc(GMEM_MOVEABLE, nSize);
     std::memcpy(GlobalLock(hBlock), text.c_str(), nSize);
     GlobalUnlock(hBlock);
-    OpenClipboard(nullptr);
+    OpenClipboard(GetActiveWindow());
     EmptyClipboard();
     SetClipboardData(CF_UNICODETEXT, hBlock);
     CloseClipboard();

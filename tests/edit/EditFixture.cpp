@@ -94,9 +94,9 @@ void SetClipboard(LPCWSTR psz)
     const HGLOBAL hBlock = GlobalAlloc(GMEM_MOVEABLE, nSize);
     std::memcpy(GlobalLock(hBlock), psz, nSize);
     GlobalUnlock(hBlock);
-    EXPECT_TRUE(OpenClipboard(nullptr));
+    EXPECT_TRUE(OpenClipboard(GetActiveWindow())); // which it needs to take data
     EmptyClipboard();
-    SetClipboardData(CF_UNICODETEXT, hBlock);
+    EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, hBlock), hBlock);
     CloseClipboard();
 }
 

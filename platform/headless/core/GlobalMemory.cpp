@@ -1,87 +1,108 @@
+#include "GlobalMemory.h"
 #include "Accounting.h"
 #include "Faults.h"
 
-// Movable and fixed blocks are the same here: the handle is the block's address.
-
-namespace {
+#include <memory>
+#include <unordered_map>
 
 using namespace gesso::headless;
 
-struct Header
+namespace {
+
+struct Block
 {
+    std::unique_ptr<std::byte[]> memory;
     SIZE_T size;
-    SIZE_T locks;
+    SIZE_T locks = 0;
 };
 
-Header* HeaderOf(HGLOBAL block)
+std::unordered_map<HGLOBAL, Block>& Blocks()
 {
-    if (!IsLive(Kind::GlobalMemory, block)) {
+    static std::unordered_map<HGLOBAL, Block> s_blocks;
+    return s_blocks;
+}
+
+Block* FindBlock(HGLOBAL handle)
+{
+    const auto found = Blocks().find(handle);
+    if (found == Blocks().end()) {
         SetLastError(ERROR_INVALID_HANDLE);
         return nullptr;
     }
-    return static_cast<Header*>(block) - 1;
+    return &found->second;
+}
+
+// The handle of a movable block is no address, so that one who does not lock it is found out.
+HGLOBAL NextHandle()
+{
+    static constinit uintptr_t s_last = 0x0C000000;
+    s_last += 4;
+    return reinterpret_cast<HGLOBAL>(s_last);
 }
 
 } // namespace
 
+namespace gesso::headless {
+
+void* BlockOf(HGLOBAL handle)
+{
+    const Block* block = FindBlock(handle);
+    return block ? block->memory.get() : nullptr;
+}
+
+} // namespace gesso::headless
+
 extern "C" {
 
-HGLOBAL WINAPI GlobalAlloc(UINT, SIZE_T size)
+HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size)
 {
     if (FaultFires("GlobalAlloc")) {
         return nullptr;
     }
-    auto* header = static_cast<Header*>(std::calloc(1, sizeof(Header) + size));
-    if (!header) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return nullptr;
-    }
-    header->size = size;
-    Track(Kind::GlobalMemory, header + 1);
-    return header + 1;
+    Block block{std::make_unique<std::byte[]>(size), size};
+    const HGLOBAL handle = flags & GMEM_MOVEABLE ? NextHandle() : block.memory.get();
+    Track(Kind::GlobalMemory, handle);
+    Blocks().emplace(handle, std::move(block));
+    return handle;
 }
 
-HGLOBAL WINAPI GlobalFree(HGLOBAL block)
+HGLOBAL WINAPI GlobalFree(HGLOBAL handle)
 {
-    Header* header = HeaderOf(block);
-    if (!header) {
-        return block;
+    if (!FindBlock(handle)) {
+        return handle;
     }
-    Untrack(Kind::GlobalMemory, block);
-    std::free(header);
+    Untrack(Kind::GlobalMemory, handle);
+    Blocks().erase(handle);
     return nullptr;
 }
 
-LPVOID WINAPI GlobalLock(HGLOBAL block)
+LPVOID WINAPI GlobalLock(HGLOBAL handle)
 {
-    if (FaultFires("GlobalLock")) {
+    Block* block = FaultFires("GlobalLock") ? nullptr : FindBlock(handle);
+    if (!block) {
         return nullptr;
     }
-    Header* header = HeaderOf(block);
-    if (!header) {
-        return nullptr;
-    }
-    ++header->locks;
-    return block;
+    ++block->locks;
+    return block->memory.get();
 }
 
-BOOL WINAPI GlobalUnlock(HGLOBAL block)
+BOOL WINAPI GlobalUnlock(HGLOBAL handle)
 {
-    Header* header = HeaderOf(block);
-    if (!header) {
+    Block* block = FindBlock(handle);
+    if (!block) {
         return FALSE;
     }
-    if (header->locks == 0) {
+    if (block->locks == 0) {
         SetLastError(ERROR_NOT_LOCKED);
         return FALSE;
     }
     SetLastError(NO_ERROR);
-    return --header->locks != 0;
+    return --block->locks != 0;
 }
 
-SIZE_T WINAPI GlobalSize(HGLOBAL block)
+SIZE_T WINAPI GlobalSize(HGLOBAL handle)
 {
-    const Header* header = HeaderOf(block);
-    return header ? header->size : 0;
+    const Block* block = FindBlock(handle);
+    return block ? block->size : 0;
 }
 }

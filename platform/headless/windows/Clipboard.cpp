@@ -1,6 +1,7 @@
 #include "Desktop.h"
 
 #include "../core/Faults.h"
+#include "../core/GlobalMemory.h"
 
 namespace gesso::headless {
 namespace {
@@ -33,20 +34,20 @@ HANDLE DataOf(UINT format)
 std::string ClipboardText()
 {
     const HANDLE text = DataOf(CF_UNICODETEXT);
-    return text ? ToUtf8(View(static_cast<LPCWSTR>(text))) : std::string();
+    return text ? ToUtf8(View(static_cast<LPCWSTR>(BlockOf(text)))) : std::string();
 }
 
 void SetClipboardText(std::string_view text)
 {
     FreeData();
-    TheDesktop().clipboard.owner = nullptr;
+    TheDesktop().clipboard.owner = nullptr; // of another program
     if (text.empty()) {
         return;
     }
     const WideText wide = FromUtf8(text);
     const size_t size = (wide.size() + 1) * sizeof(wchar_t);
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
-    std::memcpy(block, wide.c_str(), size);
+    std::memcpy(BlockOf(block), wide.c_str(), size);
     TheDesktop().clipboard.data[CF_UNICODETEXT] = block;
 }
 
@@ -97,6 +98,10 @@ BOOL WINAPI EmptyClipboard()
 HANDLE WINAPI SetClipboardData(UINT format, HANDLE data)
 {
     if (FaultFires("SetClipboardData") || !IsOpen()) {
+        return nullptr;
+    }
+    if (!TheDesktop().clipboard.owner) { // emptied by no window, or not at all
+        SetLastError(ERROR_ACCESS_DENIED);
         return nullptr;
     }
     HANDLE& kept = TheDesktop().clipboard.data[format];

@@ -207,8 +207,17 @@ LRESULT OnSysCommand(const Window& window, WPARAM command)
     return 0;
 }
 
+// The keyboard asks for the menu at no place: the coordinates are -1.
+LRESULT AskForContextMenu(Window& window)
+{
+    return Send(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window.handle), -1);
+}
+
 LRESULT OnSysKeyDown(Window& window, WPARAM vk, LPARAM lParam)
 {
+    if (vk == VK_F10 && GetKeyState(VK_SHIFT) < 0) {
+        return AskForContextMenu(window);
+    }
     const bool alt = (lParam & (1 << 29)) != 0;
     if (alt && vk == VK_F4) {
         Window& top = TopLevelOf(window);
@@ -312,6 +321,7 @@ bool HandleInput(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LRE
     case WM_RBUTTONUP: result = OnRightButtonUp(window, lParam); return true;
     case WM_SYSCOMMAND: result = OnSysCommand(window, wParam); return true;
     case WM_SYSKEYDOWN: result = OnSysKeyDown(window, wParam, lParam); return true;
+    case WM_KEYUP: result = wParam == VK_APPS ? AskForContextMenu(window) : 0; return true;
     case WM_ACTIVATE: result = OnActivate(window, wParam); return true;
     case WM_NCACTIVATE: result = TRUE; return true;
     case WM_CANCELMODE:

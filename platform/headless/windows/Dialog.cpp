@@ -2,6 +2,7 @@
 #include "Desktop.h"
 #include "DialogItems.h"
 #include "DialogTemplate.h"
+#include "Focus.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
@@ -283,9 +284,11 @@ BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
     if (IsChild(hwnd, GetFocus())) {
         SetFocus(hwnd);
     }
-    // Hiding it makes the owner the active window again.
     SetWindowPos(hwnd, nullptr, 0, 0, 0, 0,
                  SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
+    if (GetActiveWindow() == hwnd) {
+        ActivateNext(*window);
+    }
     PostMessageW(hwnd, WM_NULL, 0, 0); // the loop has to see that it is over
     return TRUE;
 }

@@ -130,8 +130,7 @@ bool Announce(const Target& target, UINT message)
 {
     Window& window = *target.window;
     if (IsPress(message)) {
-        const POINT p = TheDesktop().messagePoint;
-        NotifyParents(window, LOWORD(message), MAKELPARAM(p.x, p.y));
+        NotifyParentsOfPress(window, LOWORD(message), TheDesktop().messagePoint);
         if (!window.alive || (target.hit != HTERROR && !ActivateByMouse(window, target.hit, message))) {
             return false;
         }

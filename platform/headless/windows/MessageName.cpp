@@ -1,4 +1,4 @@
-#include "Desktop.h"
+#include "../headless.h"
 
 #include <cstdio>
 

@@ -77,7 +77,7 @@ void InvalidateChildren(const Window& window, const Area& area, UINT flags)
         OffsetRect(&frame, -child->client.left, -child->client.top);
         within.Intersect(frame);
         if (!within.IsEmpty()) {
-            Invalidate(*child, within, flags | RDW_FRAME);
+            Invalidate(*child, within, flags | RDW_FRAME | RDW_ERASE);
         }
     }
 }
@@ -272,12 +272,12 @@ BOOL WINAPI InvalidateRgn(HWND hwnd, HRGN region, BOOL erase)
 
 BOOL WINAPI ValidateRect(HWND hwnd, const RECT* rect)
 {
-    return RedrawWindow(hwnd, rect, nullptr, RDW_VALIDATE | RDW_NOCHILDREN | (rect ? 0U : UINT{RDW_NOFRAME}));
+    return RedrawWindow(hwnd, rect, nullptr, RDW_VALIDATE | (rect ? 0U : UINT{RDW_NOFRAME}));
 }
 
 BOOL WINAPI ValidateRgn(HWND hwnd, HRGN region)
 {
-    return RedrawWindow(hwnd, nullptr, region, RDW_VALIDATE | RDW_NOCHILDREN);
+    return RedrawWindow(hwnd, nullptr, region, RDW_VALIDATE);
 }
 
 BOOL WINAPI UpdateWindow(HWND hwnd)

@@ -275,19 +275,20 @@ bool Change(Window& window, WINDOWPOS& pos)
 UINT ShowFlags(const Window& window, int command)
 {
     UINT flags = SWP_NOSIZE | SWP_NOMOVE | (command == SW_HIDE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW);
-    const bool quiet = command == SW_SHOWNA || command == SW_SHOWNOACTIVATE ||
-                       command == SW_SHOWMINNOACTIVE || command == SW_HIDE;
+    const bool quiet = command == SW_SHOWNA || command == SW_SHOWNOACTIVATE || command == SW_SHOWMINNOACTIVE;
     if (quiet || window.IsChild()) {
         flags |= SWP_NOACTIVATE | SWP_NOZORDER;
     }
     return flags;
 }
 
-// A hidden window does not keep the focus: its parent takes it.
-void LeaveFocus(Window& window)
+// A window that was hidden does not stay the active one, and its parent takes the focus that it had. The
+// focus of a window within it stays where it is.
+void LeaveHidden(Window& window)
 {
-    const WindowRef focus = Peek(TheDesktop().focus);
-    if (window.IsChild() && focus && IsWithin(*focus, window)) {
+    if (TheDesktop().active == window.handle) {
+        ActivateNext(window);
+    } else if (window.IsChild() && TheDesktop().focus == window.handle) {
         SetFocus(window.parent == &Root() ? nullptr : window.parent->handle);
     }
 }
@@ -295,7 +296,7 @@ void LeaveFocus(Window& window)
 void FinishShow(Window& window, bool show)
 {
     if (!show) {
-        LeaveFocus(window);
+        LeaveHidden(window);
     } else if (window.sizePending) {
         window.sizePending = false;
         SendSizeAndMove(window);
@@ -354,9 +355,6 @@ BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UI
     if (window->alive) {
         Report(*window, pos);
     }
-    if (window->alive && (pos.flags & SWP_HIDEWINDOW) && TheDesktop().active == hwnd) {
-        ActivateNext(*window);
-    }
     return TRUE;
 }
 
@@ -374,13 +372,11 @@ BOOL WINAPI ShowWindow(HWND hwnd, int command)
     }
     const bool wasVisible = window->Has(WS_VISIBLE);
     const bool show = command != SW_HIDE;
-    const bool nothingToDo = show ? wasVisible && command == SW_SHOW : !wasVisible;
+    const bool nothingToDo = show == wasVisible && command != SW_SHOWNA;
     if (nothingToDo) {
         return wasVisible;
     }
-    if (show != wasVisible) {
-        Send(*window, WM_SHOWWINDOW, show, 0);
-    }
+    Send(*window, WM_SHOWWINDOW, show, 0);
     if (window->alive && window->IsChild() && !IsShown(*window->parent)) {
         window->style = show ? window->style | WS_VISIBLE : window->style & ~static_cast<DWORD>(WS_VISIBLE);
     } else if (window->alive) {

@@ -102,7 +102,8 @@ BOOL WINAPI GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 {
     const WindowRef window = Find(hwnd);
     const ScrollBar* state = window ? BarOf(*window, bar) : nullptr;
-    if (!state || !state->known) {
+    // Setting one bar gives a window both.
+    if (!state || !(window->bars[0].known || window->bars[1].known)) {
         return FALSE;
     }
     if (info->fMask & SIF_PAGE) {

@@ -16,6 +16,15 @@ LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam, bool po
     return window.procedure(window.handle, message, wParam, lParam);
 }
 
+template <typename PARAM> void TellParents(Window& window, WPARAM wParam, PARAM paramFor)
+{
+    WindowRef at = window.shared_from_this();
+    while (at->IsChild() && !(at->exStyle & WS_EX_NOPARENTNOTIFY) && at->parent && at->parent != &Root()) {
+        at = at->parent->shared_from_this();
+        Send(*at, WM_PARENTNOTIFY, wParam, paramFor(*at));
+    }
+}
+
 } // namespace
 
 LRESULT Send(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -28,14 +37,17 @@ LRESULT Deliver(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
     return Call(window, message, wParam, lParam, true);
 }
 
-void NotifyParents(Window& window, WORD event, LPARAM lParam)
+void NotifyParents(Window& window, WORD event)
 {
-    const WPARAM wParam = MAKEWPARAM(event, LOWORD(window.id));
-    WindowRef at = window.shared_from_this();
-    while (at->IsChild() && !(at->exStyle & WS_EX_NOPARENTNOTIFY) && at->parent && at->parent != &Root()) {
-        at = at->parent->shared_from_this();
-        Send(*at, WM_PARENTNOTIFY, wParam, lParam);
-    }
+    TellParents(window, MAKEWPARAM(event, LOWORD(window.id)),
+                [child = Pointer(window.handle)](const Window&) { return child; });
+}
+
+void NotifyParentsOfPress(Window& window, WORD event, POINT point)
+{
+    TellParents(window, event, [point](const Window& parent) {
+        return MAKELPARAM(point.x - parent.client.left, point.y - parent.client.top);
+    });
 }
 
 void StartTrace(HWND hwnd)

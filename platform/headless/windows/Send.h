@@ -10,8 +10,10 @@ LRESULT Send(Window& window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 // The same for a message that came through the queue.
 LRESULT Deliver(Window& window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Tells the ancestors of a child about it, as WM_PARENTNOTIFY does.
-void NotifyParents(Window& window, WORD event, LPARAM lParam);
+// Tells the ancestors of a child by WM_PARENTNOTIFY that it comes or goes.
+void NotifyParents(Window& window, WORD event);
+// Tells them of a press at a point of the screen; each gets the point in its own coordinates.
+void NotifyParentsOfPress(Window& window, WORD event, POINT point);
 
 template <typename T> LPARAM Pointer(T* pointer)
 {

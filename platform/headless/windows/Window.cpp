@@ -174,6 +174,9 @@ void SendDestroy(Window& window)
     if (TheDesktop().caret.hwnd == window.handle) {
         DestroyCaret();
     }
+    if (TheDesktop().active == window.handle) {
+        ActivateNext(window);
+    }
     Send(window, WM_DESTROY);
     for (const WindowRef& child : ChildrenOf(window)) {
         if (child->alive && child->parent == &window) {
@@ -235,7 +238,7 @@ void Settle(Window& window)
         SendSizeAndMove(window);
     }
     if (window.alive) {
-        NotifyParents(window, WM_CREATE, Pointer(window.handle));
+        NotifyParents(window, WM_CREATE);
     }
 }
 
@@ -315,7 +318,7 @@ BOOL WINAPI DestroyWindow(HWND hwnd)
     }
     window->beingDestroyed = true;
     if (window->IsChild()) {
-        NotifyParents(*window, WM_DESTROY, Pointer(hwnd));
+        NotifyParents(*window, WM_DESTROY);
     }
     if (window->alive) {
         HideForDestruction(*window);

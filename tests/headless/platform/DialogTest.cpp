@@ -1,5 +1,5 @@
 // Dialog boxes of the simulated desktop: templates, the keyboard, and the modal loop.
-#include "TestWindow.h"
+#include "DesktopTest.h"
 
 using namespace gesso::headless;
 using namespace gesso::headless::test;

@@ -1,5 +1,5 @@
 // The driver's own powers: queue and idle actions, accounting, faults, clipboard and caret.
-#include "TestWindow.h"
+#include "DesktopTest.h"
 
 #include <sstream>
 
@@ -16,12 +16,13 @@ TEST_F(DriverTest, MessagesComeInTheOrderPostedInputPaintTimer)
     const HWND top = MakeTop({0, 0, 100, 100});
     Pump();
     SetTimer(top, 1, 10, nullptr);
-    StartTrace(top);
-    InvalidateRect(top, nullptr, FALSE);
-    TypeKey(VK_LEFT);
-    PostMessageW(top, WM_USER, 0, 0);
-    Advance(10);
-    EXPECT_EQ(Names(StopTrace()), "WM_USER, WM_KEYDOWN, WM_KEYUP, WM_PAINT, WM_TIMER");
+    const auto act = [top] {
+        InvalidateRect(top, nullptr, FALSE);
+        TypeKey(VK_LEFT);
+        PostMessageW(top, WM_USER, 0, 0);
+        Advance(10);
+    };
+    EXPECT_EQ(Names(Traced(act)), "WM_USER, WM_KEYDOWN, WM_KEYUP, WM_PAINT, WM_TIMER");
 }
 
 TEST_F(DriverTest, FiltersTakeOnlyTheirOwn)
@@ -51,8 +52,11 @@ TEST_F(DriverTest, QuitComesAfterWhatIsPostedAndEndsAPump)
     Pump();
     PostQuitMessage(5);
     PostMessageW(top, WM_USER, 0, 0);
-    const auto trace = Traced([] { EXPECT_FALSE(Pump()); }, top);
-    EXPECT_EQ(Names(trace), "WM_USER");
+    StartTrace(top);
+    EXPECT_FALSE(Pump());
+    const auto trace = StopTrace();
+    ASSERT_EQ(trace.size(), 1U);
+    EXPECT_EQ(MessageName(trace[0].message), "WM_USER");
     EXPECT_TRUE(trace[0].posted);
     EXPECT_TRUE(Pump());
     PostQuitMessage(5);
@@ -124,7 +128,7 @@ TEST_F(DriverTest, AFaultFiresAsOftenAsOrderedAfterWhatItSkips)
 TEST_F(DriverTest, TheClipboardOwnsWhatItIsGiven)
 {
     SetClipboardText("a\xC3\xA4");
-    ASSERT_TRUE(OpenClipboard(nullptr));
+    ASSERT_TRUE(OpenClipboard(MakeTop()));
     EXPECT_FALSE(OpenClipboard(nullptr));
     const auto* text = static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
     EXPECT_EQ(text[1], 0xE4);
@@ -132,11 +136,19 @@ TEST_F(DriverTest, TheClipboardOwnsWhatItIsGiven)
     EmptyClipboard();
     EXPECT_EQ(Live()[Kind::GlobalMemory], 0);
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 2 * sizeof(wchar_t));
-    std::memcpy(GlobalLock(block), L"b", 2 * sizeof(wchar_t));
+    void* memory = GlobalLock(block);
+    EXPECT_NE(memory, block) << "a block that is not locked would be written all the same";
+    std::memcpy(memory, L"b", 2 * sizeof(wchar_t));
     SetClipboardData(CF_UNICODETEXT, block);
     CloseClipboard();
     EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, block), nullptr); // it is closed
     EXPECT_EQ(ClipboardText(), "b");
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    const HGLOBAL ownerless = GlobalAlloc(GMEM_MOVEABLE, 2);
+    EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, ownerless), nullptr); // no window emptied it
+    GlobalFree(ownerless);
+    CloseClipboard();
 }
 
 TEST_F(DriverTest, TheCaretIsHiddenAsOftenAsItMustBeShown)
@@ -155,6 +167,18 @@ TEST_F(DriverTest, TheCaretIsHiddenAsOftenAsItMustBeShown)
     EXPECT_FALSE(Caret().visible);
     DestroyWindow(top);
     EXPECT_EQ(Caret().hwnd, nullptr);
+}
+
+TEST_F(DriverTest, AnotherProgramTakesTheForegroundAway)
+{
+    const HWND top = MakeTop();
+    const auto trace = Traced([] { SwitchAway(); });
+    EXPECT_EQ(Names(trace, {{top, 't'}}, {WM_ACTIVATE, WM_ACTIVATEAPP, WM_KILLFOCUS}),
+              "t:WM_ACTIVATE, t:WM_ACTIVATEAPP, t:WM_KILLFOCUS");
+    EXPECT_NE(GetForegroundWindow(), top);
+    SetForegroundWindow(top);
+    EXPECT_EQ(GetForegroundWindow(), top);
+    EXPECT_EQ(GetFocus(), top);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // Input on the simulated desktop: how it finds its window and what it becomes there.
-#include "TestWindow.h"
+#include "DesktopTest.h"
 
 using namespace gesso::headless;
 using namespace gesso::headless::test;
@@ -25,7 +25,7 @@ protected:
             Pump();
         });
         std::string out;
-        for (const Message& m : trace) {
+        for (const Seen& m : trace) {
             const bool mouse = (m.message >= WM_MOUSEFIRST && m.message <= WM_MOUSELAST) ||
                                (m.message >= WM_NCMOUSEMOVE && m.message <= WM_NCMBUTTONDBLCLK) ||
                                m.message == WM_MOUSELEAVE || m.message == WM_NCMOUSELEAVE ||
@@ -41,7 +41,7 @@ protected:
     HWND m_child = nullptr;
 
 private:
-    std::string Describe(const Message& m) const
+    std::string Describe(const Seen& m) const
     {
         const std::string window = m.hwnd == m_top ? "top" : m.hwnd == m_child ? "child" : "other";
         const std::string place =
@@ -191,6 +191,11 @@ TEST_F(InputTest, APressAsksForActivationAndTellsTheParents)
         "c:WM_SETCURSOR, t:WM_SETCURSOR, c:WM_LBUTTONDOWN, " // the press
         "c:WM_NCHITTEST, c:WM_SETCURSOR, t:WM_SETCURSOR");   // the release
     EXPECT_EQ(GetActiveWindow(), m_top);
+    EXPECT_EQ(TopLevelWindows().front(), m_top);
+    const auto told =
+        std::find_if(trace.begin(), trace.end(), [](const Seen& m) { return m.message == WM_PARENTNOTIFY; });
+    EXPECT_EQ(told->wParam, WPARAM{WM_LBUTTONDOWN});
+    EXPECT_EQ(told->lParam, MAKELPARAM(150, 150));
 }
 
 TEST_F(InputTest, AWindowMayRefuseActivationOrEatThePress)
@@ -228,7 +233,7 @@ TEST_F(InputTest, TheWheelGoesToTheFocusAndUpFromThere)
     });
     EXPECT_EQ(Names(trace, {{m_top, 't'}, {m_child, 'c'}}, {WM_MOUSEWHEEL}),
               "c:WM_MOUSEWHEEL, t:WM_MOUSEWHEEL");
-    for (const Message& m : trace) {
+    for (const Seen& m : trace) {
         if (m.message == WM_MOUSEWHEEL) {
             EXPECT_EQ(GET_WHEEL_DELTA_WPARAM(m.wParam), -120);
             EXPECT_EQ(GET_X_LPARAM(m.lParam), 350);
@@ -241,7 +246,7 @@ TEST_F(InputTest, KeysGoToTheFocusAndBecomeCharacters)
     SetFocus(m_child);
     const auto characters = [&](const std::function<void()>& act) {
         std::string out;
-        for (const Message& m : Traced(
+        for (const Seen& m : Traced(
                  [&] {
                      act();
                      Pump();
@@ -290,6 +295,21 @@ TEST_F(InputTest, KeyMessagesTellRepeatsAndExtendedKeysAndWithoutFocusAreSystemK
               "t:WM_SYSKEYDOWN, t:WM_SYSKEYUP");
 }
 
+TEST_F(InputTest, TheKeyboardAsksForAContextMenuAtNoPlace)
+{
+    SetFocus(m_child);
+    const auto trace = Traced([] {
+        TypeKey(VK_APPS);
+        TypeKey(VK_F10, {VK_SHIFT});
+        Pump();
+    });
+    EXPECT_EQ(Names(trace, {{m_top, 't'}, {m_child, 'c'}}, {WM_CONTEXTMENU}),
+              "c:WM_CONTEXTMENU, t:WM_CONTEXTMENU, c:WM_CONTEXTMENU, t:WM_CONTEXTMENU");
+    for (const Seen& m : trace) {
+        EXPECT_TRUE(m.message != WM_CONTEXTMENU || m.lParam == -1);
+    }
+}
+
 TEST_F(InputTest, KeyStatesAreThoseOfTheMessageAtHand)
 {
     SetFocus(m_child);
@@ -302,7 +322,7 @@ TEST_F(InputTest, KeyStatesAreThoseOfTheMessageAtHand)
         Click(150, 150);
         Pump();
     });
-    for (const Message& m : trace) {
+    for (const Seen& m : trace) {
         if (m.message == WM_LBUTTONDOWN) {
             EXPECT_EQ(m.wParam, WPARAM{MK_LBUTTON | MK_SHIFT});
         }

@@ -1,48 +1,31 @@
 // What the visual style does with windows.
-#include <platform/headless/headless.h>
-
-#include <gtest/gtest.h>
+#include "DesktopTest.h"
 
 using namespace gesso::headless;
+using namespace gesso::headless::test;
 
 namespace {
 
-LRESULT CALLBACK ParentProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_PRINTCLIENT) {
-        const RECT rect = {1, 1, 5, 5};
-        DrawFocusRect(reinterpret_cast<HDC>(wParam), &rect);
-        return 0;
-    }
-    return DefWindowProcW(hwnd, message, wParam, lParam);
-}
-
-/// A parent with a white background and a child that shows it through.
-class ThemeWindow : public testing::Test
+// A parent with a white background and a child that shows it through.
+class ThemeWindowTest : public DesktopTest
 {
 protected:
     void SetUp() override
     {
-        Reset();
-        WNDCLASSEXW parentClass{};
-        parentClass.cbSize = sizeof(parentClass);
-        parentClass.lpfnWndProc = ParentProc;
-        parentClass.hInstance = HostModule();
-        parentClass.hbrBackground = reinterpret_cast<HBRUSH>(uintptr_t{COLOR_WINDOW + 1});
-        parentClass.lpszClassName = L"ThemeWindowParent";
-        RegisterClassExW(&parentClass);
-        m_parent = CreateWindowExW(0, L"ThemeWindowParent", nullptr, WS_POPUP, 0, 0, 200, 100, nullptr,
-                                   nullptr, HostModule(), nullptr);
-        m_child = CreateWindowExW(0, L"ThemeWindowParent", nullptr, WS_CHILD, 30, 20, 50, 40, m_parent,
-                                  nullptr, HostModule(), nullptr);
+        DesktopTest::SetUp();
+        m_parent = Make({.style = WS_POPUP, .place = {0, 0, 200, 100}}, PrintFrame);
+        m_child = Make({.style = WS_CHILD, .place = {30, 20, 80, 60}, .parent = m_parent});
         ASSERT_NE(m_child, nullptr);
     }
 
-    void TearDown() override
+    static std::optional<LRESULT> PrintFrame(HWND, UINT message, WPARAM hdc, LPARAM)
     {
-        DestroyWindow(m_parent);
-        UnregisterClassW(L"ThemeWindowParent", HostModule());
-        Reset();
+        if (message != WM_PRINTCLIENT) {
+            return std::nullopt;
+        }
+        const RECT rect = {1, 1, 5, 5};
+        DrawFocusRect(reinterpret_cast<HDC>(hdc), &rect);
+        return 0;
     }
 
     HWND m_parent = nullptr;
@@ -51,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(ThemeWindow, TheParentsBackgroundIsDrawnInTheParentsCoordinates)
+TEST_F(ThemeWindowTest, TheParentsBackgroundIsDrawnInTheParentsCoordinates)
 {
     const HDC hdc = GetDC(m_child);
     RECT part = {0, 0, 50, 10};
@@ -69,13 +52,10 @@ TEST_F(ThemeWindow, TheParentsBackgroundIsDrawnInTheParentsCoordinates)
     EXPECT_EQ(DrawThemeParentBackground(nullptr, nullptr, nullptr), E_HANDLE);
 }
 
-TEST_F(ThemeWindow, SetWindowThemeChoosesTheApplicationsClasses)
+TEST_F(ThemeWindowTest, SetWindowThemeChoosesTheApplicationsClasses)
 {
-    StartTrace(m_child);
-    EXPECT_EQ(SetWindowTheme(m_child, L"Explorer", nullptr), S_OK);
-    const std::vector<Message> messages = StopTrace();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_EQ(messages[0].message, UINT{WM_THEMECHANGED});
+    const auto trace = Traced([&] { EXPECT_EQ(SetWindowTheme(m_child, L"Explorer", nullptr), S_OK); });
+    EXPECT_EQ(Names(trace), "WM_THEMECHANGED");
     const HTHEME theme = OpenThemeData(m_child, L"TREEVIEW");
     EXPECT_EQ(GetWindowTheme(m_child), theme);
     const HDC hdc = GetDC(m_child);

@@ -1,9 +1,11 @@
 #include "TestWindow.h"
 
+#include <platform/headless/headless.h>
+
 #include <algorithm>
 #include <map>
 
-namespace gesso::headless::test {
+namespace test {
 namespace {
 
 std::map<HWND, Handler>& Handlers()
@@ -13,12 +15,21 @@ std::map<HWND, Handler>& Handlers()
 }
 
 Handler* s_pending = nullptr;
+std::vector<Seen>* s_trace = nullptr;
+
+std::string NameOf(UINT message)
+{
+    return gesso::headless::MessageName(message);
+}
 
 LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (s_pending) {
         Handlers()[hwnd] = std::move(*s_pending);
         s_pending = nullptr;
+    }
+    if (s_trace && NameOf(message).starts_with("WM_")) {
+        s_trace->push_back({hwnd, message, wParam, lParam});
     }
     const Handler handler = Handlers()[hwnd];
     if (message == WM_NCDESTROY) {
@@ -31,7 +42,8 @@ LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam
 void RegisterOnce(LPCWSTR name, UINT style)
 {
     WNDCLASSEXW known{};
-    if (GetClassInfoExW(HostModule(), name, &known)) {
+    known.cbSize = sizeof(known);
+    if (GetClassInfoExW(GetModuleHandleW(nullptr), name, &known)) {
         return;
     }
     WNDCLASSEXW data{};
@@ -39,7 +51,7 @@ void RegisterOnce(LPCWSTR name, UINT style)
     data.style = style;
     data.lpfnWndProc = Procedure;
     data.cbWndExtra = 12;
-    data.hInstance = HostModule();
+    data.hInstance = GetModuleHandleW(nullptr);
     data.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     data.lpszClassName = name;
     ASSERT_NE(RegisterClassExW(&data), 0);
@@ -86,41 +98,53 @@ HWND MakeDoubleClickChild(HWND parent, RECT place)
                   {});
 }
 
-std::string Names(const std::vector<Message>& trace, std::initializer_list<UINT> without)
+std::string Names(const std::vector<Seen>& trace, std::initializer_list<UINT> without)
 {
     std::string out;
-    for (const Message& m : trace) {
+    for (const Seen& m : trace) {
         if (std::find(without.begin(), without.end(), m.message) == without.end()) {
-            Append(out, MessageName(m.message));
+            Append(out, NameOf(m.message));
         }
     }
     return out;
 }
 
-std::string Names(const std::vector<Message>& trace, const std::vector<std::pair<HWND, char>>& windows,
+std::string Names(const std::vector<Seen>& trace, const std::vector<std::pair<HWND, char>>& windows,
                   std::initializer_list<UINT> only)
 {
     std::string out;
-    for (const Message& m : trace) {
+    for (const Seen& m : trace) {
         const auto window = std::find_if(windows.begin(), windows.end(),
                                          [&](const auto& known) { return known.first == m.hwnd; });
         if (window != windows.end() && std::find(only.begin(), only.end(), m.message) != only.end()) {
-            Append(out, std::string(1, window->second) + ":" + MessageName(m.message));
+            Append(out, std::string(1, window->second) + ":" + NameOf(m.message));
         }
     }
     return out;
 }
 
-void DesktopTest::SetUp()
+std::vector<Seen> Traced(const std::function<void()>& act, HWND hwnd)
 {
-    Reset();
-    m_before = Live();
+    std::vector<Seen> trace;
+    s_trace = &trace;
+    act();
+    s_trace = nullptr;
+    std::erase_if(trace, [hwnd](const Seen& m) { return hwnd && m.hwnd != hwnd; });
+    return trace;
 }
 
-void DesktopTest::TearDown()
+void WindowsTest::SetUp()
 {
-    Reset();
-    EXPECT_EQ(Live(), m_before);
+#if !defined(_WIN32)
+    gesso::headless::Reset();
+#endif
 }
 
-} // namespace gesso::headless::test
+void WindowsTest::TearDown()
+{
+    while (!Handlers().empty()) {
+        DestroyWindow(Handlers().begin()->first);
+    }
+}
+
+} // namespace test

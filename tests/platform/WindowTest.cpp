@@ -1,15 +1,15 @@
-// Windows of the simulated desktop: which messages they get while they come, change and go.
-#include "TestWindow.h"
+// Windows: which messages they get while they come, change and go.
+#include "../support/TestWindow.h"
 
-using namespace gesso::headless;
-using namespace gesso::headless::test;
+using namespace test;
 
 namespace {
 
-class WindowTest : public DesktopTest
+class WindowTest : public WindowsTest
 {};
 
-const std::initializer_list<UINT> c_paints = {WM_NCPAINT, WM_ERASEBKGND};
+// What paints come with, at times that the platforms choose.
+const std::initializer_list<UINT> c_paints = {WM_NCPAINT, WM_ERASEBKGND, WM_GETTEXT};
 
 TEST_F(WindowTest, CreationSendsWhatThePlatformSendsInItsOrder)
 {
@@ -42,8 +42,7 @@ TEST_F(WindowTest, CreationSendsWhatThePlatformSendsInItsOrder)
         HWND hwnd = nullptr;
         auto trace = Traced([&] { hwnd = Make(c.options); });
         // Of the former window's messages only the parent's notification belongs here.
-        std::erase_if(trace,
-                      [&](const Message& m) { return m.hwnd != hwnd && m.message != WM_PARENTNOTIFY; });
+        std::erase_if(trace, [&](const Seen& m) { return m.hwnd != hwnd && m.message != WM_PARENTNOTIFY; });
         EXPECT_EQ(Names(trace, c_paints), c.messages) << c.what;
         DestroyWindow(hwnd);
     }
@@ -72,71 +71,6 @@ TEST_F(WindowTest, DestroyingAChildTellsTheParentAndHidesItFirst)
               {WM_PARENTNOTIFY, WM_SHOWWINDOW, WM_KILLFOCUS, WM_SETFOCUS, WM_DESTROY, WM_NCDESTROY}),
         "t:WM_PARENTNOTIFY, c:WM_SHOWWINDOW, c:WM_KILLFOCUS, t:WM_SETFOCUS, c:WM_DESTROY, c:WM_NCDESTROY");
     EXPECT_EQ(GetFocus(), top);
-}
-
-TEST_F(WindowTest, AWindowThatRefusesItsCreationIsGoneAtOnce)
-{
-    const HWND parent = MakeTop();
-    const Census before = Live();
-    std::vector<UINT> seen;
-    const auto refuseAt = [&](UINT refused, LRESULT answer) {
-        seen.clear();
-        return [&, refused, answer](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-            seen.push_back(message);
-            return message == refused ? std::optional<LRESULT>(answer) : std::nullopt;
-        };
-    };
-    EXPECT_EQ(Make({.style = WS_CHILD, .parent = parent}, refuseAt(WM_NCCREATE, FALSE)), nullptr);
-    EXPECT_EQ(seen, (std::vector<UINT>{WM_NCCREATE, WM_NCDESTROY}));
-    EXPECT_EQ(Make({.style = WS_CHILD, .parent = parent}, refuseAt(WM_CREATE, -1)), nullptr);
-    EXPECT_EQ(seen, (std::vector<UINT>{WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE, WM_DESTROY, WM_NCDESTROY}));
-    EXPECT_EQ(Live(), before);
-}
-
-TEST_F(WindowTest, WindowsMayDestroyThemselvesInAnyMessage)
-{
-    const HWND parent = MakeTop();
-    for (const UINT fatal : std::initializer_list<UINT>{WM_CREATE, WM_SIZE, WM_SHOWWINDOW,
-                                                        WM_WINDOWPOSCHANGED, WM_ERASEBKGND, WM_NCPAINT})
-    {
-        const HWND hwnd = Make({.style = WS_CHILD | WS_VISIBLE, .parent = parent},
-                               [=](HWND self, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-                                   if (message == fatal) {
-                                       DestroyWindow(self);
-                                       return 0;
-                                   }
-                                   return std::nullopt;
-                               });
-        EXPECT_EQ(hwnd, nullptr) << MessageName(fatal);
-        EXPECT_EQ(GetWindow(parent, GW_CHILD), nullptr) << MessageName(fatal);
-    }
-}
-
-TEST_F(WindowTest, CreationFailsForWhatCannotBe)
-{
-    struct Case
-    {
-        LPCWSTR className;
-        DWORD style;
-        HWND parent;
-        HMENU menu;
-        DWORD error;
-    };
-    const auto noWindow = reinterpret_cast<HWND>(0x77);
-    const Case cases[] = {
-        {L"NoSuchClass", WS_POPUP, nullptr, nullptr, ERROR_CANNOT_FIND_WND_CLASS},
-        {MAKEINTRESOURCEW(0), WS_POPUP, nullptr, nullptr, ERROR_CANNOT_FIND_WND_CLASS},
-        {L"STATIC", WS_CHILD, nullptr, nullptr, ERROR_TLW_WITH_WSCHILD},
-        {L"STATIC", WS_CHILD, noWindow, nullptr, ERROR_INVALID_WINDOW_HANDLE},
-        {L"STATIC", WS_POPUP, nullptr, reinterpret_cast<HMENU>(7), ERROR_INVALID_MENU_HANDLE},
-    };
-    for (const Case& c : cases) {
-        SetLastError(0);
-        EXPECT_EQ(
-            CreateWindowExW(0, c.className, nullptr, c.style, 0, 0, 9, 9, c.parent, c.menu, nullptr, nullptr),
-            nullptr);
-        EXPECT_EQ(GetLastError(), c.error);
-    }
 }
 
 TEST_F(WindowTest, ExtraBytesEndWhereTheClassEndsThem)
@@ -242,7 +176,8 @@ TEST_F(WindowTest, PlatformScrollBarsComeAndGoWithTheirRange)
     SetScrollPos(hwnd, SB_VERT, 1000, FALSE);
     EXPECT_TRUE(GetScrollInfo(hwnd, SB_VERT, &info));
     EXPECT_EQ(info.nPos, 41);
-    EXPECT_FALSE(GetScrollInfo(hwnd, SB_HORZ, &info)); // never set
+    EXPECT_TRUE(GetScrollInfo(hwnd, SB_HORZ, &info));
+    EXPECT_FALSE(GetScrollInfo(MakeTop(), SB_HORZ, &info)); // neither of its bars was ever set
 }
 
 TEST_F(WindowTest, RelationsTellParentsFromOwners)
@@ -265,33 +200,6 @@ TEST_F(WindowTest, RelationsTellParentsFromOwners)
     EXPECT_FALSE(IsWindow(popup)); // the owned go with their owner
 }
 
-TEST_F(WindowTest, GlobalClassesAreSeenFromEverywhereAndLocalOnesFromTheirModule)
-{
-    WNDCLASSEXW data{};
-    data.cbSize = sizeof(data);
-    data.lpfnWndProc = DefWindowProcW;
-    data.hInstance = LibraryModule();
-    data.lpszClassName = L"LocalOfLibrary";
-    ASSERT_NE(RegisterClassExW(&data), 0);
-    EXPECT_EQ(RegisterClassExW(&data), 0);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_CLASS_ALREADY_EXISTS});
-    data.lpszClassName = L"GlobalOfLibrary";
-    data.style = CS_GLOBALCLASS;
-    const ATOM atom = RegisterClassExW(&data);
-    ASSERT_NE(atom, 0);
-
-    const auto make = [](LPCWSTR name, HINSTANCE instance) {
-        return CreateWindowExW(0, name, nullptr, WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, instance, nullptr);
-    };
-    EXPECT_EQ(make(L"LocalOfLibrary", nullptr), nullptr);
-    EXPECT_NE(make(L"localoflibrary", LibraryModule()), nullptr);
-    EXPECT_NE(make(MAKEINTRESOURCEW(atom), nullptr), nullptr);
-    EXPECT_FALSE(UnregisterClassW(L"GlobalOfLibrary", LibraryModule())); // it has a window
-    Reset();
-    EXPECT_TRUE(UnregisterClassW(L"GlobalOfLibrary", LibraryModule()));
-    EXPECT_TRUE(UnregisterClassW(L"LocalOfLibrary", LibraryModule()));
-}
-
 TEST_F(WindowTest, DefaultTextIsKeptAndCutToTheBuffer)
 {
     const HWND hwnd = Make({.style = WS_POPUP, .text = L"Gesso"});
@@ -299,24 +207,6 @@ TEST_F(WindowTest, DefaultTextIsKeptAndCutToTheBuffer)
     EXPECT_EQ(GetWindowTextLengthW(hwnd), 5);
     EXPECT_EQ(GetWindowTextW(hwnd, buffer, 4), 3);
     EXPECT_EQ(std::memcmp(buffer, L"Ges", sizeof(buffer)), 0);
-}
-
-TEST_F(WindowTest, UiStateIsAskedForAtTheTopAndComesDownToAll)
-{
-    const HWND top = MakeTop();
-    const HWND child = MakeChild(top, {0, 0, 100, 100});
-    const HWND inner = MakeChild(child, {0, 0, 50, 50});
-    const WPARAM hide = MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS);
-    const auto names = [&](WPARAM change) {
-        return Names(Traced([&] { SendMessageW(inner, WM_CHANGEUISTATE, change, 0); }),
-                     {{top, 't'}, {child, 'c'}, {inner, 'i'}}, {WM_CHANGEUISTATE, WM_UPDATEUISTATE});
-    };
-    EXPECT_EQ(names(hide), "i:WM_CHANGEUISTATE, c:WM_CHANGEUISTATE, t:WM_CHANGEUISTATE, t:WM_UPDATEUISTATE, "
-                           "c:WM_UPDATEUISTATE, i:WM_UPDATEUISTATE");
-    EXPECT_EQ(SendMessageW(inner, WM_QUERYUISTATE, 0, 0), UISF_HIDEFOCUS);
-    EXPECT_EQ(names(hide), "i:WM_CHANGEUISTATE"); // nothing to change
-    const HWND later = MakeChild(top, {0, 0, 10, 10});
-    EXPECT_EQ(SendMessageW(later, WM_QUERYUISTATE, 0, 0), UISF_HIDEFOCUS);
 }
 
 } // namespace

@@ -1,12 +1,11 @@
-// Focus and activation on the simulated desktop.
-#include "TestWindow.h"
+// Focus and activation.
+#include "../support/TestWindow.h"
 
-using namespace gesso::headless;
-using namespace gesso::headless::test;
+using namespace test;
 
 namespace {
 
-class FocusTest : public DesktopTest
+class FocusTest : public WindowsTest
 {};
 
 const std::initializer_list<UINT> c_focus = {WM_NCACTIVATE, WM_ACTIVATE, WM_KILLFOCUS, WM_SETFOCUS};
@@ -53,7 +52,6 @@ TEST_F(FocusTest, ActivationPassesFromWindowToWindow)
     EXPECT_EQ(
         Names(trace, {{a, 'a'}, {b, 'b'}}, c_focus),
         "b:WM_NCACTIVATE, b:WM_ACTIVATE, a:WM_NCACTIVATE, a:WM_ACTIVATE, b:WM_KILLFOCUS, a:WM_SETFOCUS");
-    EXPECT_EQ(TopLevelWindows().front(), a);
     EXPECT_EQ(GetForegroundWindow(), a);
 }
 
@@ -83,16 +81,30 @@ TEST_F(FocusTest, HidingOrDestroyingTheActiveWindowPassesActivationToOwnerThenNe
     EXPECT_EQ(GetFocus(), nullptr);
 }
 
-TEST_F(FocusTest, AnotherProgramTakesTheForegroundAway)
+TEST_F(FocusTest, HidingTakesTheFocusOnlyFromTheHiddenWindowItself)
 {
     const HWND top = MakeTop();
-    const auto trace = Traced([] { SwitchAway(); });
-    EXPECT_EQ(Names(trace, {{top, 't'}}, {WM_ACTIVATE, WM_ACTIVATEAPP, WM_KILLFOCUS}),
-              "t:WM_ACTIVATE, t:WM_ACTIVATEAPP, t:WM_KILLFOCUS");
-    EXPECT_NE(GetForegroundWindow(), top);
-    SetForegroundWindow(top);
-    EXPECT_EQ(GetForegroundWindow(), top);
-    EXPECT_EQ(GetFocus(), top);
+    const HWND child = MakeChild(top, {0, 0, 100, 100});
+    const HWND inner = MakeChild(child, {0, 0, 50, 50});
+    SetFocus(inner);
+    ShowWindow(child, SW_HIDE);
+    EXPECT_EQ(GetFocus(), inner);
+    ShowWindow(inner, SW_HIDE);
+    EXPECT_EQ(GetFocus(), child);
+    MakeTop({200, 0, 300, 100});
+    SetActiveWindow(top);
+    SetWindowPos(top, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_HIDEWINDOW);
+    EXPECT_EQ(GetActiveWindow(), top); // only ShowWindow passes the activation on
+}
+
+TEST_F(FocusTest, AWindowThatGoesWithItsOwnerIsNotActivatedOnTheWay)
+{
+    const HWND owner = MakeTop();
+    const HWND popup = Make({.style = WS_POPUP, .parent = owner});
+    ShowWindow(popup, SW_SHOWNA);
+    const auto trace = Traced([&] { DestroyWindow(owner); });
+    EXPECT_EQ(Names(trace, {{owner, 'o'}, {popup, 'p'}}, {WM_ACTIVATE, WM_DESTROY}),
+              "p:WM_DESTROY, o:WM_ACTIVATE, o:WM_DESTROY");
 }
 
 TEST_F(FocusTest, AWindowMayBeShownWithoutActivation)

@@ -1,16 +1,17 @@
-// Plain windows for the tests of the simulated desktop itself.
+// Plain windows whose messages are noted, for the tests of the platform itself: Windows, and the simulated
+// desktop that has to do as it does.
 #pragma once
 
-#include <gesso/platform/platform.h>
-
-#include <gesso/platform/headless/headless.h>
+#include <platform/platform.h>
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
-namespace gesso::headless::test {
+namespace test {
 
 // Answers a message in the place of DefWindowProcW, or passes it on by returning nothing.
 using Handler = std::function<std::optional<LRESULT>(HWND, UINT, WPARAM, LPARAM)>;
@@ -34,29 +35,31 @@ HWND MakeChild(HWND parent, RECT place, Handler handler = {}, DWORD style = 0, i
 // A child whose class has CS_DBLCLKS.
 HWND MakeDoubleClickChild(HWND parent, RECT place);
 
-// "WM_CREATE, WM_SIZE(0)" ...: the names of the messages, leaving out those in `without`.
-std::string Names(const std::vector<Message>& trace, std::initializer_list<UINT> without = {});
+// A message that a test window got. Those that the driver of the simulated desktop has no name for are left
+// out.
+struct Seen
+{
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+};
+
+// "WM_CREATE, WM_SIZE" ...: the names of the messages, leaving out those in `without`.
+std::string Names(const std::vector<Seen>& trace, std::initializer_list<UINT> without = {});
 // The same with a letter for each window before its messages: "a:WM_KILLFOCUS, b:WM_SETFOCUS".
-std::string Names(const std::vector<Message>& trace, const std::vector<std::pair<HWND, char>>& windows,
+std::string Names(const std::vector<Seen>& trace, const std::vector<std::pair<HWND, char>>& windows,
                   std::initializer_list<UINT> only);
 
-// What `act` makes all windows, or one, get.
-template <typename Act> std::vector<Message> Traced(Act act, HWND hwnd = nullptr)
-{
-    StartTrace(hwnd);
-    act();
-    return StopTrace();
-}
+// What `act` makes all test windows, or one, get.
+std::vector<Seen> Traced(const std::function<void()>& act, HWND hwnd = nullptr);
 
-// Starts each test with a fresh desktop, and fails it if it leaves anything behind.
-class DesktopTest : public testing::Test
+// Starts each test without test windows, on the simulated desktop with a fresh one, and ends it so.
+class WindowsTest : public testing::Test
 {
 protected:
     void SetUp() override;
     void TearDown() override;
-
-private:
-    Census m_before;
 };
 
-} // namespace gesso::headless::test
+} // namespace test

@@ -1,12 +1,12 @@
-// Invalid regions, paints and timers of the simulated desktop.
-#include "TestWindow.h"
+// Invalid regions and paints.
+#include "../support/Host.h"
+#include "../support/TestWindow.h"
 
-using namespace gesso::headless;
-using namespace gesso::headless::test;
+using namespace test;
 
 namespace {
 
-class PaintTest : public DesktopTest
+class PaintTest : public WindowsTest
 {
 protected:
     static std::optional<LRESULT> PaintNothing(HWND hwnd, UINT message, WPARAM, LPARAM)
@@ -40,7 +40,7 @@ RECT PaintTest::s_painted{};
 TEST_F(PaintTest, InvalidPartsAddUpAreClippedAndPaintedOnceWhenTheQueueIsEmpty)
 {
     const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    Pump();
+    DispatchAll();
     EXPECT_EQ(Invalid(top), "none");
     const RECT a = {10, 10, 20, 20};
     const RECT b = {90, 90, 200, 200};
@@ -48,27 +48,33 @@ TEST_F(PaintTest, InvalidPartsAddUpAreClippedAndPaintedOnceWhenTheQueueIsEmpty)
     InvalidateRect(top, &b, FALSE);
     EXPECT_EQ(Invalid(top), "10,10,100,100");
     PostMessageW(top, WM_USER, 0, 0);
-    EXPECT_EQ(Names(Traced([] { Pump(); }, top)), "WM_USER, WM_PAINT"); // nothing to erase
+    EXPECT_EQ(Names(Traced([] { DispatchAll(); }, top)), "WM_USER, WM_PAINT"); // nothing to erase
     EXPECT_EQ(Text(s_painted), "10,10,100,100");
-    EXPECT_EQ(Names(Traced([] { Pump(); }, top)), "");
+    EXPECT_EQ(Names(Traced([] { DispatchAll(); }, top)), "");
 }
 
 TEST_F(PaintTest, ValidatingTakesPartsAway)
 {
     const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    Pump();
+    DispatchAll();
     InvalidateRect(top, nullptr, TRUE);
     const RECT lower = {0, 40, 100, 100};
     ValidateRect(top, &lower);
     EXPECT_EQ(Invalid(top), "0,0,100,40");
     ValidateRect(top, nullptr);
-    EXPECT_EQ(Names(Traced([] { Pump(); }, top)), "");
+    EXPECT_EQ(Names(Traced([] { DispatchAll(); }, top)), "");
+    const HWND child = MakeChild(top, {0, 0, 50, 50}, PaintNothing);
+    DispatchAll();
+    InvalidateRect(top, nullptr, TRUE);
+    EXPECT_EQ(Invalid(child), "0,0,50,50");
+    ValidateRect(top, nullptr);
+    EXPECT_EQ(Invalid(child), "none"); // children are validated with their parent
 }
 
 TEST_F(PaintTest, BeginPaintSendsFrameAndBackgroundFirst)
 {
     const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    Pump();
+    DispatchAll();
     RedrawWindow(top, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ERASE);
     EXPECT_EQ(Names(Traced([&] { UpdateWindow(top); }, top)), "WM_PAINT, WM_NCPAINT, WM_ERASEBKGND");
     EXPECT_EQ(Names(Traced([&] { UpdateWindow(top); }, top)), "");
@@ -81,15 +87,15 @@ TEST_F(PaintTest, ChildrenArePaintedWithTheirParentUnlessClipped)
                                .place = {0, 0, 100, 100}},
                               PaintNothing);
         const HWND child = MakeChild(top, {0, 0, 50, 100}, PaintNothing);
-        Pump();
+        DispatchAll();
         InvalidateRect(top, nullptr, FALSE);
         EXPECT_EQ(Invalid(child), clipped ? "none" : "0,0,50,100");
-        EXPECT_EQ(Invalid(top), clipped ? "50,0,100,100" : "0,0,100,100");
-        Pump();
+        DispatchAll();
+        EXPECT_EQ(Text(s_painted), clipped ? "50,0,100,100" : "0,0,50,100"); // by the last of the two
         RedrawWindow(top, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
         EXPECT_EQ(Invalid(child), "0,0,50,100");
-        EXPECT_EQ(Names(Traced([] { Pump(); }), {{top, 't'}, {child, 'c'}}, {WM_PAINT}),
-                  "t:WM_PAINT, c:WM_PAINT");
+        EXPECT_EQ(Names(Traced([] { DispatchAll(); }), {{top, 't'}, {child, 'c'}}, {WM_PAINT, WM_ERASEBKGND}),
+                  "t:WM_PAINT, c:WM_PAINT, c:WM_ERASEBKGND"); // the child has lost its background
         DestroyWindow(top);
     }
 }
@@ -98,15 +104,15 @@ TEST_F(PaintTest, HiddenWindowsHaveNothingToPaintAndUncoverTheirParent)
 {
     const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
     const HWND child = MakeChild(top, {10, 10, 30, 30}, PaintNothing);
-    Pump();
+    DispatchAll();
     ShowWindow(child, SW_HIDE);
     EXPECT_EQ(Invalid(top), "10,10,30,30");
     InvalidateRect(child, nullptr, TRUE);
     EXPECT_EQ(Invalid(child), "none");
-    Pump();
+    DispatchAll();
     ShowWindow(child, SW_SHOW);
     EXPECT_EQ(Invalid(child), "0,0,20,20");
-    Pump();
+    DispatchAll();
     MoveWindow(child, 40, 10, 20, 20, TRUE);
     EXPECT_EQ(Invalid(top), "10,10,30,30");
 }
@@ -116,7 +122,7 @@ TEST_F(PaintTest, GrowingInvalidatesTheGainOrAllAsTheClassSays)
     const HWND top = MakeTop();
     const HWND all = MakeChild(top, {0, 0, 20, 20}); // CS_HREDRAW and CS_VREDRAW
     const HWND gain = MakeDoubleClickChild(top, {50, 0, 70, 20});
-    Pump();
+    DispatchAll();
     for (const HWND hwnd : {all, gain}) {
         SetWindowPos(hwnd, nullptr, 0, 0, 30, 20, SWP_NOMOVE | SWP_NOZORDER);
     }
@@ -127,7 +133,7 @@ TEST_F(PaintTest, GrowingInvalidatesTheGainOrAllAsTheClassSays)
 TEST_F(PaintTest, RegionsInvalidateLikeRectangles)
 {
     const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    Pump();
+    DispatchAll();
     const HRGN region = CreateRectRgn(5, 5, 15, 25);
     InvalidateRgn(top, region, FALSE);
     EXPECT_EQ(Invalid(top), "5,5,15,25");
@@ -137,72 +143,6 @@ TEST_F(PaintTest, RegionsInvalidateLikeRectangles)
     GetRgnBox(region, &box);
     EXPECT_EQ(Text(box), "5,5,15,25");
     DeleteObject(region);
-}
-
-std::vector<std::string> s_fired;
-
-void CALLBACK OnThreadTimer(HWND, UINT, UINT_PTR id, DWORD time)
-{
-    s_fired.push_back(std::to_string(id) + "@" + std::to_string(time));
-}
-
-class TimerTest : public DesktopTest
-{
-protected:
-    void SetUp() override
-    {
-        DesktopTest::SetUp();
-        s_fired.clear();
-    }
-};
-
-TEST_F(TimerTest, TimersFireInTheOrderOfTheirTimes)
-{
-    const HWND top =
-        MakeTop({0, 0, 10, 10}, [](HWND, UINT message, WPARAM id, LPARAM) -> std::optional<LRESULT> {
-            if (message == WM_TIMER) {
-                s_fired.push_back("w" + std::to_string(id) + "@" + std::to_string(Now()));
-            }
-            return std::nullopt;
-        });
-    const UINT_PTR thread = SetTimer(nullptr, 0, 100, OnThreadTimer);
-    SetTimer(top, 7, 70, nullptr);
-    Advance(210);
-    const std::string t = std::to_string(thread);
-    EXPECT_EQ(s_fired, (std::vector<std::string>{"w7@70", t + "@100", "w7@140", t + "@200", "w7@210"}));
-    EXPECT_EQ(Now(), 210U);
-}
-
-TEST_F(TimerTest, ATimerSetAgainStartsAnewAndAKilledOneIsSilent)
-{
-    const HWND top = MakeTop();
-    SetTimer(top, 1, 100, OnThreadTimer);
-    Advance(60);
-    SetTimer(top, 1, 100, OnThreadTimer);
-    Advance(60);
-    EXPECT_TRUE(s_fired.empty());
-    EXPECT_TRUE(KillTimer(top, 1));
-    EXPECT_FALSE(KillTimer(top, 1));
-    Advance(500);
-    EXPECT_TRUE(s_fired.empty());
-    EXPECT_EQ(Live()[Kind::Timer], 0);
-}
-
-TEST_F(TimerTest, NoPeriodIsShorterThanTenMilliseconds)
-{
-    SetTimer(nullptr, 0, 1, OnThreadTimer);
-    Advance(30);
-    EXPECT_EQ(s_fired.size(), 3U);
-}
-
-TEST_F(TimerTest, ATimerGoesWithItsWindow)
-{
-    const HWND top = MakeTop();
-    SetTimer(top, 1, 10, OnThreadTimer);
-    EXPECT_EQ(Live()[Kind::Timer], 1);
-    DestroyWindow(top);
-    EXPECT_EQ(Live()[Kind::Timer], 0);
-    EXPECT_EQ(SetTimer(top, 1, 10, OnThreadTimer), 0U);
 }
 
 } // namespace

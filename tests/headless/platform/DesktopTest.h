@@ -1,0 +1,31 @@
+// The tests of the simulated desktop's own powers.
+#pragma once
+
+#include "../../support/TestWindow.h"
+
+#include <gesso/platform/headless/headless.h>
+
+namespace gesso::headless::test {
+
+using namespace ::test;
+
+// Starts each test with a fresh desktop, and fails it if it leaves anything behind.
+class DesktopTest : public WindowsTest
+{
+protected:
+    void SetUp() override
+    {
+        Reset();
+        m_before = Live();
+    }
+    void TearDown() override
+    {
+        Reset();
+        EXPECT_EQ(Live(), m_before);
+    }
+
+private:
+    Census m_before;
+};
+
+} // namespace gesso::headless::test
