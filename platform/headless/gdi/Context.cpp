@@ -102,12 +102,11 @@ bool IsSelected(HGDIOBJ object)
     });
 }
 
-HDC CreateWindowContext(HWND hwnd, POINT origin, SIZE size, bool wholeWindow)
+HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow)
 {
     auto context = std::make_unique<Context>();
     context->window = hwnd;
     context->wholeWindow = wholeWindow;
-    context->screenOrigin = origin;
     context->size = size;
     return AddContext(std::move(context));
 }

@@ -19,12 +19,8 @@ struct ContextState
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF backColor = RGB(255, 255, 255);
     int backMode = OPAQUE;
-    UINT textAlign = TA_LEFT | TA_TOP;
-    int rop = R2_COPYPEN;
-    int stretchMode = BLACKONWHITE;
     POINT windowOrigin{};
     POINT viewportOrigin{};
-    POINT brushOrigin{};
     POINT position{};         // where LineTo starts
     std::optional<Area> clip; // in device coordinates, as all areas here
 };
@@ -45,7 +41,6 @@ struct Context : Object
 
     HWND window = nullptr;
     bool wholeWindow = false;
-    POINT screenOrigin{};
     SIZE size{};                 // of a window's area
     std::optional<Area> visible; // what BeginPaint left of it
     ContextState state;

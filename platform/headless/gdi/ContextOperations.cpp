@@ -124,36 +124,6 @@ INT WINAPI GetBkMode(HDC hdc)
     return Get(hdc, &ContextState::backMode, 0);
 }
 
-UINT WINAPI SetTextAlign(HDC hdc, UINT align)
-{
-    return Exchange(hdc, &ContextState::textAlign, align, UINT{GDI_ERROR});
-}
-
-UINT WINAPI GetTextAlign(HDC hdc)
-{
-    return Get(hdc, &ContextState::textAlign, UINT{GDI_ERROR});
-}
-
-INT WINAPI SetROP2(HDC hdc, INT rop)
-{
-    return Exchange(hdc, &ContextState::rop, rop, 0);
-}
-
-INT WINAPI GetROP2(HDC hdc)
-{
-    return Get(hdc, &ContextState::rop, 0);
-}
-
-INT WINAPI SetStretchBltMode(HDC hdc, INT mode)
-{
-    return Exchange(hdc, &ContextState::stretchMode, mode, 0);
-}
-
-INT WINAPI GetStretchBltMode(HDC hdc)
-{
-    return Get(hdc, &ContextState::stretchMode, 0);
-}
-
 BOOL WINAPI SetWindowOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
 {
     return ExchangePoint(hdc, &ContextState::windowOrigin, {x, y}, former);
@@ -163,12 +133,6 @@ BOOL WINAPI OffsetWindowOrgEx(HDC hdc, INT dx, INT dy, LPPOINT former)
 {
     return ExchangePoint(hdc, &ContextState::windowOrigin, Moved(hdc, &ContextState::windowOrigin, dx, dy),
                          former);
-}
-
-BOOL WINAPI GetWindowOrgEx(HDC hdc, LPPOINT origin)
-{
-    *origin = Get(hdc, &ContextState::windowOrigin, POINT{});
-    return Find<Context>(hdc) != nullptr;
 }
 
 BOOL WINAPI SetViewportOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
@@ -188,11 +152,6 @@ BOOL WINAPI GetViewportOrgEx(HDC hdc, LPPOINT origin)
     return Find<Context>(hdc) != nullptr;
 }
 
-BOOL WINAPI SetBrushOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
-{
-    return ExchangePoint(hdc, &ContextState::brushOrigin, {x, y}, former);
-}
-
 BOOL WINAPI LPtoDP(HDC hdc, LPPOINT points, INT count)
 {
     const Context* context = FindContext(hdc);
@@ -210,16 +169,6 @@ BOOL WINAPI DPtoLP(HDC hdc, LPPOINT points, INT count)
         return FALSE;
     }
     std::transform(points, points + count, points, [context](POINT p) { return context->ToLogical(p); });
-    return TRUE;
-}
-
-BOOL WINAPI GetDCOrgEx(HDC hdc, LPPOINT origin)
-{
-    const Context* context = FindContext(hdc);
-    if (!context) {
-        return FALSE;
-    }
-    *origin = context->screenOrigin;
     return TRUE;
 }
 

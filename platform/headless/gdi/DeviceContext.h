@@ -6,9 +6,8 @@
 
 namespace gesso::headless {
 
-// Makes a context that draws into a window. Its origin lies at `origin` on the screen, the top left corner of
-// the client area, or of the whole window with `wholeWindow`; `size` is the size of that area.
-HDC CreateWindowContext(HWND hwnd, POINT origin, SIZE size, bool wholeWindow);
+// Makes a context that draws into a window's client area, or into the whole window, of that size.
+HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow);
 // Ends a context that CreateWindowContext made, with whatever is selected into it.
 void DeleteWindowContext(HDC hdc);
 // The window that a context draws into; null for a memory context or a stale handle.

@@ -93,12 +93,6 @@ int WINAPI FrameRect(HDC hdc, const RECT* rect, HBRUSH brush)
     return RecordFill(hdc, "FrameRect", rect, brush);
 }
 
-BOOL WINAPI FillRgn(HDC hdc, HRGN region, HBRUSH brush)
-{
-    RECT box{};
-    return GetRgnBox(region, &box) != ERROR && RecordFill(hdc, "FillRgn", &box, brush);
-}
-
 BOOL WINAPI InvertRect(HDC hdc, const RECT* rect)
 {
     if (!FindContext(hdc)) {
@@ -270,8 +264,8 @@ BOOL WINAPI StretchBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT from
     return TRUE;
 }
 
-BOOL WINAPI GdiAlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
-                          INT fromCy, BLENDFUNCTION blend)
+BOOL WINAPI AlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
+                       INT fromCy, BLENDFUNCTION blend)
 {
     if (!FindContext(hdc) || !FindContext(from)) {
         return FALSE;
@@ -285,13 +279,7 @@ BOOL WINAPI GdiAlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT f
     return TRUE;
 }
 
-BOOL WINAPI AlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
-                       INT fromCy, BLENDFUNCTION blend)
-{
-    return GdiAlphaBlend(hdc, x, y, cx, cy, from, fromX, fromY, fromCx, fromCy, blend);
-}
-
-BOOL WINAPI GdiGradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID, ULONG, ULONG mode)
+BOOL WINAPI GradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID, ULONG, ULONG mode)
 {
     if (!FindContext(hdc)) {
         return FALSE;
@@ -303,11 +291,6 @@ BOOL WINAPI GdiGradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID, UL
     }
     line.Hex(mode);
     return TRUE;
-}
-
-BOOL WINAPI GradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID mesh, ULONG meshCount, ULONG mode)
-{
-    return GdiGradientFill(hdc, vertices, count, mesh, meshCount, mode);
 }
 
 BOOL WINAPI TextOutW(HDC hdc, INT x, INT y, LPCWSTR text, INT count)

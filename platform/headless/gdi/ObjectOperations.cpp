@@ -147,24 +147,9 @@ HPEN WINAPI CreatePen(INT style, INT width, COLORREF color)
                : MakeObject<HPEN, Pen>(LOGPEN{static_cast<UINT>(style), {width, 0}, color});
 }
 
-HPEN WINAPI CreatePenIndirect(const LOGPEN* pen)
-{
-    return CreatePen(static_cast<INT>(pen->lopnStyle), pen->lopnWidth.x, pen->lopnColor);
-}
-
 HBRUSH WINAPI CreateSolidBrush(COLORREF color)
 {
     return FaultFires("CreateSolidBrush") ? nullptr : MakeObject<HBRUSH, Brush>(LOGBRUSH{BS_SOLID, color, 0});
-}
-
-HBRUSH WINAPI CreateBrushIndirect(const LOGBRUSH* brush)
-{
-    return MakeObject<HBRUSH, Brush>(*brush);
-}
-
-HBRUSH WINAPI CreatePatternBrush(HBITMAP bitmap)
-{
-    return Find<Bitmap>(bitmap) ? MakeObject<HBRUSH, Brush>(LOGBRUSH{BS_PATTERN, 0, 0}) : nullptr;
 }
 
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font)

@@ -123,14 +123,6 @@ BOOL WINAPI PtInRegion(HRGN handle, INT x, INT y)
     return region && region->area.Contains({x, y});
 }
 
-BOOL WINAPI RectInRegion(HRGN handle, const RECT* rect)
-{
-    const Region* region = FindRegion(handle);
-    Area common = region ? region->area : Area();
-    common.Intersect(*rect);
-    return !common.IsEmpty();
-}
-
 INT WINAPI GetRgnBox(HRGN handle, LPRECT box)
 {
     const Region* region = FindRegion(handle);
@@ -171,20 +163,6 @@ INT WINAPI ExtSelectClipRgn(HDC hdc, HRGN handle, INT mode)
     return SetClip(*context, clip);
 }
 
-INT WINAPI GetClipRgn(HDC hdc, HRGN handle)
-{
-    const Context* context = FindContext(hdc);
-    Region* region = FindRegion(handle);
-    if (!context || !region) {
-        return -1;
-    }
-    if (!context->state.clip) {
-        return 0;
-    }
-    region->area = *context->state.clip;
-    return 1;
-}
-
 INT WINAPI IntersectClipRect(HDC hdc, INT left, INT top, INT right, INT bottom)
 {
     Context* context = FindContext(hdc);
@@ -205,18 +183,6 @@ INT WINAPI ExcludeClipRect(HDC hdc, INT left, INT top, INT right, INT bottom)
     Area clip = ClipOf(*context);
     clip.Subtract(context->ToDevice(Ordered(left, top, right, bottom)));
     return SetClip(*context, clip);
-}
-
-INT WINAPI OffsetClipRgn(HDC hdc, INT dx, INT dy)
-{
-    Context* context = FindContext(hdc);
-    if (!context) {
-        return ERROR;
-    }
-    if (context->state.clip) {
-        context->state.clip->Offset(dx, dy);
-    }
-    return Complexity(context->Reach());
 }
 
 INT WINAPI GetClipBox(HDC hdc, LPRECT box)

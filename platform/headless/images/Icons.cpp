@@ -167,12 +167,6 @@ HICON WINAPI CreateIcon(HINSTANCE, INT width, INT height, BYTE, BYTE, LPCVOID, L
                                     : MakeObject<HICON, Icon>(width, height, SizeName(width, height));
 }
 
-HICON WINAPI CopyIcon(HICON handle)
-{
-    const auto* icon = Find<Icon>(handle);
-    return icon ? MakeObject<HICON, Icon>(icon->width, icon->height, icon->name) : nullptr;
-}
-
 BOOL WINAPI DestroyIcon(HICON handle)
 {
     const auto* icon = Find<Icon>(handle);
@@ -181,11 +175,6 @@ BOOL WINAPI DestroyIcon(HICON handle)
         return FALSE;
     }
     return icon->stock || RemoveObject(handle);
-}
-
-BOOL WINAPI DestroyCursor(HCURSOR cursor)
-{
-    return DestroyIcon(cursor);
 }
 
 BOOL WINAPI GetIconInfo(HICON handle, PICONINFO info)

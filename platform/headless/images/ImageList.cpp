@@ -243,13 +243,6 @@ INT WINAPI ImageList_Add(HIMAGELIST handle, HBITMAP image, HBITMAP mask)
     return list && SUCCEEDED(list->Add(image, mask, &index)) ? index : -1;
 }
 
-INT WINAPI ImageList_ReplaceIcon(HIMAGELIST handle, INT index, HICON icon)
-{
-    IImageList* list = ListOf(handle);
-    int placed = -1;
-    return list && SUCCEEDED(list->ReplaceIcon(index, icon, &placed)) ? placed : -1;
-}
-
 INT WINAPI ImageList_GetImageCount(HIMAGELIST handle)
 {
     IImageList* list = ListOf(handle);

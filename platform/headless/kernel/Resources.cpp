@@ -139,11 +139,6 @@ HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)
     return reinterpret_cast<HRSRC>(&found->second);
 }
 
-HRSRC WINAPI FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD)
-{
-    return FindResourceW(module, name, type);
-}
-
 HGLOBAL WINAPI LoadResource(HMODULE, HRSRC resource)
 {
     if (FaultFires("LoadResource")) {

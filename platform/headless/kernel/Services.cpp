@@ -121,16 +121,6 @@ DWORD WINAPI GetCurrentThreadId()
     return static_cast<DWORD>(gettid());
 }
 
-LANGID WINAPI GetUserDefaultLangID()
-{
-    return MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
-}
-
-INT WINAPI lstrlenW(LPCWSTR text)
-{
-    return text ? static_cast<INT>(wcslen(text)) : 0;
-}
-
 LPWSTR WINAPI CharLowerW(LPWSTR text)
 {
     return ChangeCase(text, towlower_l);
@@ -139,16 +129,6 @@ LPWSTR WINAPI CharLowerW(LPWSTR text)
 LPWSTR WINAPI CharUpperW(LPWSTR text)
 {
     return ChangeCase(text, towupper_l);
-}
-
-LPWSTR WINAPI CharNextW(LPCWSTR at)
-{
-    return const_cast<LPWSTR>(*at != 0 ? at + 1 : at);
-}
-
-LPWSTR WINAPI CharPrevW(LPCWSTR start, LPCWSTR at)
-{
-    return const_cast<LPWSTR>(at > start ? at - 1 : start);
 }
 
 BOOL WINAPI IsCharAlphaW(WCHAR c)

@@ -184,11 +184,6 @@ HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
     return theme;
 }
 
-HTHEME WINAPI OpenThemeDataEx(HWND hwnd, LPCWSTR classes, DWORD)
-{
-    return OpenThemeData(hwnd, classes);
-}
-
 HRESULT WINAPI CloseThemeData(HTHEME theme)
 {
     if (Handles().erase(theme) == 0) {
@@ -235,11 +230,6 @@ BOOL WINAPI IsThemePartDefined(HTHEME theme, int part, int)
     return themeClass && IsThemePartAvailable(*themeClass, part);
 }
 
-BOOL WINAPI IsThemeBackgroundPartiallyTransparent(HTHEME theme, int, int)
-{
-    return ClassOf(theme) != nullptr;
-}
-
 HRESULT WINAPI GetThemeMargins(HTHEME theme, HDC, int part, int state, int property, RECT*, MARGINS* margins)
 {
     if (margins) {
@@ -275,11 +265,6 @@ HRESULT WINAPI GetThemeEnumValue(HTHEME theme, int part, int state, int property
     return GetThemeInt(theme, part, state, property, value);
 }
 
-HRESULT WINAPI GetThemeMetric(HTHEME theme, HDC, int part, int state, int property, int* value)
-{
-    return GetThemeInt(theme, part, state, property, value);
-}
-
 HRESULT WINAPI GetThemeFont(HTHEME theme, HDC, int part, int state, int property, LOGFONTW* font)
 {
     return Answer(theme, "GetThemeFont", font, [=](const std::string& themeClass) {
@@ -300,11 +285,6 @@ HRESULT WINAPI GetThemeSysFont(HTHEME, int id, LOGFONTW* font)
     }
     *font = UserInterfaceFont(9);
     return S_OK;
-}
-
-COLORREF WINAPI GetThemeSysColor(HTHEME, int id)
-{
-    return GetSysColor(id >= TMT_FIRSTCOLOR ? id - TMT_FIRSTCOLOR : id);
 }
 
 HRESULT WINAPI GetThemeTextExtent(HTHEME theme, HDC hdc, int part, int state, LPCWSTR text, int count,
@@ -338,19 +318,6 @@ HRESULT WINAPI GetThemeTextMetrics(HTHEME theme, HDC hdc, int part, int state, T
     return GetTextMetricsW(hdc, metrics) ? S_OK : E_FAIL;
 }
 
-HRESULT WINAPI GetThemeBackgroundContentRect(HTHEME theme, HDC hdc, int part, int state, const RECT* bounds,
-                                             RECT* content)
-{
-    MARGINS margins;
-    RECT rect = *bounds;
-    const HRESULT result = GetThemeMargins(theme, hdc, part, state, TMT_CONTENTMARGINS, &rect, &margins);
-    if (SUCCEEDED(result)) {
-        *content = {rect.left + margins.cxLeftWidth, rect.top + margins.cyTopHeight,
-                    rect.right - margins.cxRightWidth, rect.bottom - margins.cyBottomHeight};
-    }
-    return result;
-}
-
 HRESULT WINAPI DrawThemeBackground(HTHEME theme, HDC hdc, int part, int state, const RECT* rect,
                                    const RECT* clip)
 {
@@ -368,13 +335,6 @@ HRESULT WINAPI DrawThemeBackground(HTHEME theme, HDC hdc, int part, int state, c
     }
     CoverPixels(hdc, *ClassOf(theme), part, state, *rect);
     return S_OK;
-}
-
-HRESULT WINAPI DrawThemeBackgroundEx(HTHEME theme, HDC hdc, int part, int state, const RECT* rect,
-                                     const DTBGOPTS* options)
-{
-    const bool clipped = options && options->dwFlags & DTBG_CLIPRECT;
-    return DrawThemeBackground(theme, hdc, part, state, rect, clipped ? &options->rcClip : nullptr);
 }
 
 HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)

@@ -87,9 +87,4 @@ BOOL WINAPI GetCaretPos(LPPOINT out)
     *out = TheDesktop().caret.position;
     return TRUE;
 }
-
-UINT WINAPI GetCaretBlinkTime()
-{
-    return 530;
-}
 }

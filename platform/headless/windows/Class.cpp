@@ -68,19 +68,6 @@ ATOM AddClass(const WNDCLASSEXW& data, ATOM atom)
     return atom;
 }
 
-BOOL DescribeClass(LPCWSTR name, HINSTANCE instance, WNDCLASSEXW* out, ATOM& atom)
-{
-    const WindowClass* found = FindClass(name, instance);
-    if (!found) {
-        SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
-        return FALSE;
-    }
-    *out = found->data;
-    out->lpszClassName = name;
-    atom = found->atom;
-    return TRUE;
-}
-
 } // namespace
 
 WindowClass* FindClass(LPCWSTR nameOrAtom, HINSTANCE instance)
@@ -173,20 +160,14 @@ BOOL WINAPI UnregisterClassW(LPCWSTR name, HINSTANCE instance)
 
 BOOL WINAPI GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* out)
 {
-    ATOM atom = 0;
-    return DescribeClass(name, instance, out, atom) ? atom : FALSE;
-}
-
-BOOL WINAPI GetClassInfoW(HINSTANCE instance, LPCWSTR name, WNDCLASSW* out)
-{
-    WNDCLASSEXW e{};
-    ATOM atom = 0;
-    if (!DescribeClass(name, instance, &e, atom)) {
+    const WindowClass* found = FindClass(name, instance);
+    if (!found) {
+        SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
         return FALSE;
     }
-    *out = {e.style, e.lpfnWndProc, e.cbClsExtra,    e.cbWndExtra,   e.hInstance,
-            e.hIcon, e.hCursor,     e.hbrBackground, e.lpszMenuName, e.lpszClassName};
-    return atom;
+    *out = found->data;
+    out->lpszClassName = name;
+    return found->atom;
 }
 
 int WINAPI GetClassNameW(HWND hwnd, LPWSTR buffer, int capacity)

@@ -302,9 +302,4 @@ BOOL WINAPI MapDialogRect(HWND hwnd, LPRECT r)
     *r = {ToPixelsX(r->left), ToPixelsY(r->top), ToPixelsX(r->right), ToPixelsY(r->bottom)};
     return TRUE;
 }
-
-DWORD WINAPI GetDialogBaseUnits()
-{
-    return static_cast<DWORD>(MAKELONG(c_baseUnits.cx, c_baseUnits.cy));
-}
 }

@@ -162,11 +162,6 @@ HWND WINAPI ChildWindowFromPointEx(HWND hwnd, POINT point, UINT flags)
     return PtInRect(&window->client, screen) ? hwnd : nullptr;
 }
 
-HWND WINAPI ChildWindowFromPoint(HWND hwnd, POINT point)
-{
-    return ChildWindowFromPointEx(hwnd, point, CWP_ALL);
-}
-
 // No window of this desktop is ever made an icon or fills the screen.
 BOOL WINAPI IsIconic(HWND)
 {

@@ -20,11 +20,6 @@ RECT VisiblePart(const Window& window)
     return part;
 }
 
-POINT Corner(const RECT& r)
-{
-    return {r.left, r.top};
-}
-
 RECT ClientRect(const Window& window)
 {
     return {0, 0, SizeOf(window.client).cx, SizeOf(window.client).cy};
@@ -32,7 +27,7 @@ RECT ClientRect(const Window& window)
 
 HDC ClientContext(const Window& window)
 {
-    return CreateWindowContext(window.handle, Corner(window.client), SizeOf(window.client), false);
+    return CreateWindowContext(window.handle, SizeOf(window.client), false);
 }
 
 Area AreaOf(HRGN region)
@@ -275,11 +270,6 @@ BOOL WINAPI ValidateRect(HWND hwnd, const RECT* rect)
     return RedrawWindow(hwnd, rect, nullptr, RDW_VALIDATE | (rect ? 0U : UINT{RDW_NOFRAME}));
 }
 
-BOOL WINAPI ValidateRgn(HWND hwnd, HRGN region)
-{
-    return RedrawWindow(hwnd, nullptr, region, RDW_VALIDATE);
-}
-
 BOOL WINAPI UpdateWindow(HWND hwnd)
 {
     return hwnd && RedrawWindow(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -353,7 +343,7 @@ HDC WINAPI GetDCEx(HWND hwnd, HRGN region, DWORD flags)
     }
     const bool whole = (flags & DCX_WINDOW) != 0;
     const RECT& r = whole ? window->frame : window->client;
-    const HDC hdc = CreateWindowContext(window->handle, Corner(r), SizeOf(r), whole);
+    const HDC hdc = CreateWindowContext(window->handle, SizeOf(r), whole);
     if (hdc && region && (flags & DCX_INTERSECTRGN)) {
         SetVisibleArea(hdc, AreaOf(region));
         DeleteObject(region); // the context has taken it over
@@ -378,10 +368,5 @@ int WINAPI ReleaseDC(HWND, HDC hdc)
     }
     DeleteWindowContext(hdc);
     return 1;
-}
-
-HWND WINAPI WindowFromDC(HDC hdc)
-{
-    return WindowOfContext(hdc);
 }
 }

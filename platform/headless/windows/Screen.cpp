@@ -1,4 +1,4 @@
-// The pointer's shape, the monitor, and the menus that there are none of.
+// The pointer's shape and the monitor.
 #include "Desktop.h"
 
 #include "../core/Faults.h"
@@ -40,11 +40,6 @@ HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags)
     return flags != MONITOR_DEFAULTTONULL || PtInRect(&Root().frame, point) ? c_monitor : nullptr;
 }
 
-HMONITOR WINAPI MonitorFromRect(const RECT*, DWORD)
-{
-    return c_monitor;
-}
-
 BOOL WINAPI GetMonitorInfoW(HMONITOR monitor, LPMONITORINFO info)
 {
     if (monitor != c_monitor || FaultFires("GetMonitorInfoW")) {
@@ -55,21 +50,6 @@ BOOL WINAPI GetMonitorInfoW(HMONITOR monitor, LPMONITORINFO info)
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &info->rcWork, 0);
     info->dwFlags = MONITORINFOF_PRIMARY;
     return TRUE;
-}
-
-HMENU WINAPI GetMenu(HWND)
-{
-    return nullptr;
-}
-
-BOOL WINAPI IsMenu(HMENU)
-{
-    return FALSE;
-}
-
-HMENU WINAPI GetSystemMenu(HWND, BOOL)
-{
-    return nullptr;
 }
 
 DWORD WINAPI GetWindowThreadProcessId(HWND hwnd, LPDWORD process)

@@ -371,11 +371,6 @@ BOOL WINAPI IsWindowEnabled(HWND hwnd)
     return window && !window->Has(WS_DISABLED);
 }
 
-BOOL WINAPI IsWindowUnicode(HWND hwnd)
-{
-    return Find(hwnd) != nullptr;
-}
-
 int WINAPI GetDlgCtrlID(HWND hwnd)
 {
     const WindowRef window = Find(hwnd);

@@ -16,7 +16,7 @@ protected:
     void SetUp() override
     {
         m_before = Live();
-        m_hdc = CreateWindowContext(m_hwnd, {0, 0}, {200, 100}, false);
+        m_hdc = CreateWindowContext(m_hwnd, {200, 100}, false);
     }
 
     void TearDown() override
@@ -102,7 +102,7 @@ TEST_F(DrawingRecord, TellsMovedOriginsClippingAndTheWholeWindow)
     SetWindowOrgEx(m_hdc, 0, 0, nullptr);
     ExcludeClipRect(m_hdc, 0, 50, 200, 100);
     DrawFocusRect(m_hdc, &rect);
-    const HDC whole = CreateWindowContext(m_hwnd, {0, 0}, {210, 110}, true);
+    const HDC whole = CreateWindowContext(m_hwnd, {210, 110}, true);
     DrawFocusRect(whole, &rect);
     DeleteWindowContext(whole);
     EXPECT_EQ(Drawing(m_hwnd), (Lines{

@@ -170,7 +170,7 @@ TEST_F(Theme, ImageListsServeBothTheirInterfaceAndTheirFunctions)
     EXPECT_EQ(cx, 16);
 
     const HWND hwnd = reinterpret_cast<HWND>(uintptr_t{0x7774});
-    const HDC hdc = CreateWindowContext(hwnd, {0, 0}, {100, 100}, false);
+    const HDC hdc = CreateWindowContext(hwnd, {100, 100}, false);
     IMAGELISTDRAWPARAMS params{};
     params.cbSize = sizeof(params);
     params.himl = handle;
