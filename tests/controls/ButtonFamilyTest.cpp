@@ -1,6 +1,6 @@
 // What the buttons have alike: how a click comes about, and that each survives being destroyed in any report.
 
-#include "Survival.h"
+#include "ButtonFixture.h"
 
 #include <typeinfo>
 
@@ -9,67 +9,12 @@ namespace {
 using test::Host;
 using test::Reports;
 
-constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-constexpr int ID = 12;
-constexpr int WIDTH = 100;
-constexpr int HEIGHT = 30;
+using test::BUTTON_HEIGHT;
+using test::BUTTON_WIDTH;
+using test::ButtonFixture;
 
-template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent, int nId)
-{
-    return control.Create(10, 10, WIDTH, HEIGHT, hwndParent, nId, L"Text", 0, CHILD);
-}
-
-HWND Make(GCommandButton& control, HWND hwndParent, int nId)
-{
-    return control.Create(10, 10, WIDTH, HEIGHT, hwndParent, nId, L"Text", L"Note", 0, CHILD);
-}
-
-HWND Make(GNavigationButton& control, HWND hwndParent, int nId)
-{
-    return control.Create(10, 10, WIDTH, HEIGHT, hwndParent, nId, 0, CHILD);
-}
-
-template <class CONTROL> class ProbeOf : public CONTROL
-{
-public:
-    DWORD State() const { return this->m_dwState; }
-    DWORD Held() const { return this->m_dwState & (GWS_HOT | GWS_PRESSED | GWS_KEYDOWN); }
-};
-
-template <class CONTROL> class ButtonFamilyTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        InitControls();
-        ASSERT_TRUE(Make(static_cast<CONTROL&>(control), host, ID));
-    }
-    void TearDown() override
-    {
-        ReleaseCapture();
-        DestroyWindow(control);
-    }
-
-    LRESULT Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
-    {
-        return SendMessageW(control, uMsg, wParam, lParam);
-    }
-    void Mouse(UINT uMsg, int x = 5, int y = 5) { Send(uMsg, 0, MAKELPARAM(x, y)); }
-    void Focus()
-    {
-        SetFocus(control);
-        host.TakeReports();
-    }
-    void ExpectSurvival(const std::string& report, const std::function<void(HWND)>& act)
-    {
-        auto* pDoomed = new CONTROL;
-        Make(*pDoomed, host, 33);
-        test::ExpectSurvival(host, report + " 33", pDoomed, act);
-    }
-
-    Host host;
-    ProbeOf<CONTROL> control;
-};
+template <class CONTROL> class ButtonFamilyTest : public ButtonFixture<CONTROL>
+{};
 
 using Family = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton>;
 TYPED_TEST_SUITE(ButtonFamilyTest, Family);
@@ -95,14 +40,14 @@ TYPED_TEST(ButtonFamilyTest, MouseClicksOnReleaseInside)
     EXPECT_EQ(this->control.Held(), 0u);
 
     this->Mouse(WM_LBUTTONDOWN);
-    this->Mouse(WM_MOUSEMOVE, 5, HEIGHT + 1);
+    this->Mouse(WM_MOUSEMOVE, 5, BUTTON_HEIGHT + 1);
     EXPECT_EQ(this->control.Held(), GWS_PRESSED);
     this->Mouse(WM_MOUSEMOVE);
-    this->Mouse(WM_LBUTTONUP, WIDTH, HEIGHT);
+    this->Mouse(WM_LBUTTONUP, BUTTON_WIDTH, BUTTON_HEIGHT);
     EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"})
         << "dragged back in; the right and bottom edges are inside";
 
-    for (const POINT pt : {POINT{WIDTH + 1, 5}, POINT{5, HEIGHT + 1}}) {
+    for (const POINT pt : {POINT{BUTTON_WIDTH + 1, 5}, POINT{5, BUTTON_HEIGHT + 1}}) {
         this->Mouse(WM_LBUTTONDOWN);
         this->Mouse(WM_LBUTTONUP, pt.x, pt.y);
         EXPECT_EQ(this->host.TakeReports(), Reports{});
@@ -220,7 +165,7 @@ TYPED_TEST(ButtonFamilyTest, StyleChangesRepaint)
 
 // --- Those with a text
 
-template <class CONTROL> class TextButtonTest : public ButtonFamilyTest<CONTROL>
+template <class CONTROL> class TextButtonTest : public ButtonFixture<CONTROL>
 {};
 
 using TextButtons = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton>;
@@ -270,7 +215,7 @@ TYPED_TEST(TextButtonTest, DisablingAndUiStateReachTheState)
 
 // --- Those that may be a dialog's default
 
-template <class CONTROL> class DefaultableButtonTest : public ButtonFamilyTest<CONTROL>
+template <class CONTROL> class DefaultableButtonTest : public ButtonFixture<CONTROL>
 {};
 
 using DefaultableButtons = testing::Types<GButton, GCommandButton>;
@@ -308,8 +253,8 @@ TEST(MadeByName, EachClassMakesItsOwnObjectAndReadsItsCreationData)
         {L"GProgressBar", typeid(GProgressBar), false},
     };
     for (const auto& row : rows) {
-        const HWND hwnd = CreateWindowExW(0, row.pszClass, L"", CHILD, 0, 0, 80, 20, host, nullptr, nullptr,
-                                          const_cast<wchar_t*>(data));
+        const HWND hwnd = CreateWindowExW(0, row.pszClass, L"", test::BUTTON_STYLE, 0, 0, 80, 20, host,
+                                          nullptr, nullptr, const_cast<wchar_t*>(data));
         const GWnd* pControl = GWnd::FromHwnd(hwnd);
         ASSERT_TRUE(pControl) << test::Narrow(row.pszClass);
         EXPECT_EQ(typeid(*pControl), row.type);

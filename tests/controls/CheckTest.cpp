@@ -1,37 +1,13 @@
-#include "../support/Host.h"
-
-#include <gtest/gtest.h>
+#include "ButtonFixture.h"
 
 namespace {
 
-using test::Host;
 using test::Reports;
 
-template <class CONTROL> class ProbeOf : public CONTROL
-{
-public:
-    DWORD& State() { return this->m_dwState; }
-};
-
-template <class CONTROL> class CheckTest : public testing::Test
+template <class CONTROL> class CheckTest : public test::ButtonFixture<CONTROL>
 {
 protected:
     static constexpr bool RADIO = std::is_same_v<CONTROL, GRadioButton>;
-
-    void SetUp() override
-    {
-        InitControls();
-        ASSERT_TRUE(control.Create(10, 10, 100, 30, host, 12, L"&Check", 0, WS_CHILD | WS_VISIBLE));
-    }
-    void TearDown() override { DestroyWindow(control); }
-
-    LRESULT Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
-    {
-        return SendMessageW(control, uMsg, wParam, lParam);
-    }
-
-    Host host;
-    ProbeOf<CONTROL> control;
 };
 
 using Checks = testing::Types<GCheckBox, GRadioButton>;
@@ -40,9 +16,9 @@ TYPED_TEST_SUITE(CheckTest, Checks);
 TYPED_TEST(CheckTest, ClickReportsAndLeavesTheMarkToTheParent)
 {
     EXPECT_EQ(this->control.GetCheck(), BST_UNCHECKED);
-    this->Send(WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
-    this->host.TakeReports();
-    this->Send(WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    this->Focus();
+    this->Mouse(WM_LBUTTONDOWN);
+    this->Mouse(WM_LBUTTONUP);
     EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
     EXPECT_EQ(this->control.GetCheck(), BST_UNCHECKED);
 }

@@ -53,7 +53,6 @@ TEST_F(ButtonDrawTest, WholeRecord)
                                     "font=\"Segoe UI\" 12 color=000000",
                                     "BitBlt (0,0,100,40) from (0,0) SRCCOPY",
                                 }));
-    DestroyWindow(button);
 }
 
 TEST_F(ButtonDrawTest, ThemeStateByConditionInTheStatedOrder)
@@ -86,7 +85,6 @@ TEST_F(ButtonDrawTest, ThemeStateByConditionInTheStatedOrder)
                   Lines{std::string("DrawThemeBackground BUTTON 1 ") + row.pszState + " (0,0,100,40)"})
             << row.dwState << " " << row.dwStyle;
     }
-    DestroyWindow(probe);
 }
 
 TEST_F(ButtonDrawTest, TextAlignmentAndFormat)
@@ -97,7 +95,6 @@ TEST_F(ButtonDrawTest, TextAlignmentAndFormat)
     Make(GS_MULTILINE);
     EXPECT_NE(Draw(button, "DrawThemeText").at(0).find(" 0x100010 "), std::string::npos)
         << "wrapped at words";
-    DestroyWindow(button);
 }
 
 // The image is 16 x 12. Beside the text its x follows from its y, and below means above: as it is known.
@@ -129,7 +126,6 @@ TEST_F(ButtonDrawTest, FocusRectangleNeedsFocusAndTheUiState)
     EXPECT_NE(Draw(button, "DrawThemeText").at(0).find(" 0x0020 "), std::string::npos) << "mnemonics shown";
     SetFocus(Parent());
     EXPECT_EQ(Draw(button, "DrawFocusRect"), Lines{});
-    DestroyWindow(button);
 }
 
 TEST_F(ButtonDrawTest, WithoutAStyleAPlainButtonIsDrawn)
@@ -154,7 +150,6 @@ TEST_F(ButtonDrawTest, ThemeChangeOpensTheStyleAnew)
     EXPECT_FALSE(Draw(button, "DrawThemeBackground BUTTON").empty());
     SendMessageW(button, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
-    DestroyWindow(button);
 }
 
 TEST_F(ButtonDrawTest, PrintClientDrawsIntoTheGivenContextAndOnlyForTheClient)
@@ -169,7 +164,6 @@ TEST_F(ButtonDrawTest, PrintClientDrawsIntoTheGivenContextAndOnlyForTheClient)
     EXPECT_FALSE(test::desk::Drawing(Parent()).empty());
     EXPECT_EQ(test::AnyStartsWith(test::desk::Drawing(Parent()), "BitBlt"), false) << "no buffer in between";
     ReleaseDC(Parent(), hdc);
-    DestroyWindow(button);
 }
 
 TEST_F(ButtonDrawTest, PointerThatLeavesIsHeardOf)
@@ -183,7 +177,6 @@ TEST_F(ButtonDrawTest, PointerThatLeavesIsHeardOf)
     test::desk::MoveMouse(rc.left - 5, rc.top - 5);
     test::desk::Pump();
     EXPECT_TRUE(test::AnyStartsWith(test::desk::Drawing(button), "DrawThemeBackground BUTTON 1 1"));
-    DestroyWindow(button);
 }
 
 } // namespace

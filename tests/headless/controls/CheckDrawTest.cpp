@@ -82,7 +82,6 @@ TYPED_TEST(CheckDrawTest, WholeRecord)
                       " 1 \"a&bcd\" (19,12,43,27) 0x100020 font=\"Segoe UI\" 12 color=000000",
                   "BitBlt (0,0,100,40) from (0,0) SRCCOPY",
               }));
-    DestroyWindow(this->control);
 }
 
 TYPED_TEST(CheckDrawTest, ThemeStateByPressAndMark)
@@ -113,7 +112,6 @@ TYPED_TEST(CheckDrawTest, ThemeStateByPressAndMark)
         EXPECT_EQ(lines, Lines{this->Start() + row.pszState + " (3,5,16,18)"})
             << row.dwState << " " << row.dwStyle << " " << row.nCheck;
     }
-    DestroyWindow(this->control);
 }
 
 TYPED_TEST(CheckDrawTest, BoxAndTextPlaces)
@@ -156,7 +154,6 @@ TYPED_TEST(CheckDrawTest, FocusSurroundsTextAndImageButNotTheBox)
     this->Make(0);
     SetFocus(this->control);
     EXPECT_EQ(this->Draw(this->control, "DrawFocusRect"), Lines{}) << "hidden until the UI state shows it";
-    DestroyWindow(this->control);
 }
 
 TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
@@ -171,7 +168,6 @@ TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
     std::snprintf(state, sizeof(state), "0x%04X", DFCS_CHECKED | uKind);
     EXPECT_NE(lines[0].find(state), std::string::npos) << lines[0];
     EXPECT_FALSE(this->Draw(this->control, "DrawTextW \"abcd\"").empty());
-    DestroyWindow(this->control);
 }
 
 TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDrawn)
@@ -183,7 +179,6 @@ TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDraw
     const Lines lines = this->Draw(this->control, "DrawThemeText");
     ASSERT_FALSE(lines.empty());
     EXPECT_NE(lines[0].find("\"after\""), std::string::npos) << lines[0];
-    DestroyWindow(this->control);
 }
 
 } // namespace

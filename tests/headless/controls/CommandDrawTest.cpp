@@ -64,7 +64,6 @@ TEST_F(CommandDrawTest, WholeRecord)
             "DrawTextW \"n&ote\" (28,20,196,54) 0x100010 font=\"Segoe UI\" 12 color=123456",
             "BitBlt (0,0,200,60) from (0,0) SRCCOPY",
         }));
-    DestroyWindow(button);
 }
 
 TEST_F(CommandDrawTest, NoteHidesItsPrefixesAlsoWhereTheTitleShowsThem)
@@ -75,7 +74,6 @@ TEST_F(CommandDrawTest, NoteHidesItsPrefixesAlsoWhereTheTitleShowsThem)
     EXPECT_NE(Draw(button, "DrawTextW").at(0).find(" 0x100010 "), std::string::npos);
     button.SetNote(nullptr);
     EXPECT_EQ(Draw(button, "DrawTextW"), Lines{});
-    DestroyWindow(button);
 }
 
 TEST_F(CommandDrawTest, ImageTakesTheGlyphsPlaceButNotItsRoom)
@@ -110,7 +108,6 @@ TEST_F(CommandDrawTest, ShieldStandsBeneathGlyphOrImage)
     test::desk::Pump();
     Fail("LoadImageW");
     EXPECT_EQ(Draw(button, "DrawStateW"), Lines{}) << "no shield, no fault";
-    DestroyWindow(button);
 }
 
 TEST_F(CommandDrawTest, StateAndFocus)
@@ -121,7 +118,6 @@ TEST_F(CommandDrawTest, StateAndFocus)
     SetFocus(button);
     SendMessageW(button, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     EXPECT_EQ(Draw(button, "DrawFocusRect"), Lines{"DrawFocusRect (3,5,196,54)"});
-    DestroyWindow(button);
 }
 
 TEST_F(CommandDrawTest, FontsAreTheStylesAndFollowItsChanges)
@@ -135,7 +131,6 @@ TEST_F(CommandDrawTest, FontsAreTheStylesAndFollowItsChanges)
     SendMessageW(button, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(test::desk::Live(), before);
     EXPECT_NE(Draw(button, "DrawTextW").at(0).find("\" 10 "), std::string::npos);
-    DestroyWindow(button);
 }
 
 TEST_F(CommandDrawTest, WithoutAStyleItIsAPlainButtonInLikenessOfTheDefaultFont)
@@ -147,7 +142,6 @@ TEST_F(CommandDrawTest, WithoutAStyleItIsAPlainButtonInLikenessOfTheDefaultFont)
     ASSERT_EQ(texts.size(), 2u);
     EXPECT_NE(texts[0].find("\"Segoe UI\" 16 "), std::string::npos) << "the title is a third larger";
     EXPECT_NE(texts[1].find("\"Segoe UI\" 12 "), std::string::npos);
-    DestroyWindow(button);
 }
 
 TEST_F(CommandDrawTest, ObjectThatGoesBeforeItsWindowTakesItsFontsAlong)
@@ -162,7 +156,6 @@ TEST_F(CommandDrawTest, ObjectThatGoesBeforeItsWindowTakesItsFontsAlong)
     Make(0);
     EXPECT_EQ(button.GetFont(), nullptr);
     EXPECT_FALSE(Draw(button, "DrawThemeText").empty()) << "in the context's own font";
-    DestroyWindow(button);
 }
 
 } // namespace

@@ -107,7 +107,6 @@ TEST_F(LabelDrawTest, MeasuringFailsWithThePlatformAndLeavesNothingBehind)
     test::desk::Fail("DrawTextW");
     EXPECT_EQ(label.CalcSizeText(&rc, 0, L"text", 1, 100, 100), E_FAIL);
     EXPECT_EQ(test::desk::Live(), before);
-    DestroyWindow(label);
 }
 
 } // namespace

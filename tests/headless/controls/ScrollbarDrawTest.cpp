@@ -58,7 +58,6 @@ TEST_F(ScrollbarDrawTest, WholeRecordAtTheRightEdge)
                                  "DrawThemeBackground SCROLLBAR 9 1 (13,67,30,167)",
                                  "BitBlt (0,0,30,234) from (0,0) SRCCOPY",
                              }));
-    DestroyWindow(bar);
 }
 
 TEST_F(ScrollbarDrawTest, StatesByPressAndPointer)
@@ -97,7 +96,6 @@ TEST_F(ScrollbarDrawTest, StatesByPressAndPointer)
             << row.wDown << " " << row.wNow;
     }
     bar.SetHits(0, 0);
-    DestroyWindow(bar);
 }
 
 // The two divide and multiply in different orders; hosts know the bar so.
@@ -109,7 +107,6 @@ TEST_F(ScrollbarDrawTest, PaintingAndHitTestMayDisagreeByAPixel)
               Lines{"DrawThemeBackground SCROLLBAR 3 1 (0,45,17,162)"});
     EXPECT_EQ(bar.HitAt(45), SBH_ABOVE);
     EXPECT_EQ(bar.HitAt(46), SBH_VTHUMB);
-    DestroyWindow(bar);
 }
 
 TEST_F(ScrollbarDrawTest, WithoutInitItIsPlainAndHasTheSmallestThumb)
@@ -117,7 +114,6 @@ TEST_F(ScrollbarDrawTest, WithoutInitItIsPlainAndHasTheSmallestThumb)
     bar.Create(0, 0, 17, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground"), Lines{});
     EXPECT_EQ(Draw(bar, "DrawFrameControl (0,17,17,39)").size(), 1u);
-    DestroyWindow(bar);
 }
 
 TEST_F(ScrollbarDrawTest, ThemeIsOpenedByInitAndClosedByUninit)
@@ -147,7 +143,6 @@ TEST_F(ScrollbarDrawTest, ObjectThatTheWindowMadeOutlivesItAndIsTheHosts)
     pOwn->UninitScrollBar();
     EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
     pOwn->Delete(pOwn);
-    DestroyWindow(bar);
 }
 
 // --- The clock
@@ -165,13 +160,6 @@ protected:
         bar.GetPos(&m_rc);
         test::desk::Pump();
         TheHost().TakeReports();
-    }
-    void TearDown() override
-    {
-        if (IsWindow(bar)) {
-            DestroyWindow(bar);
-        }
-        ScrollbarDrawTest::TearDown();
     }
     void MoveTo(int y)
     {

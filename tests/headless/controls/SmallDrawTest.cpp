@@ -27,7 +27,6 @@ TEST_F(SmallDrawTest, BackButtonDrawsOnePartAndNoParentBackground)
                                     "DrawThemeBackground NAVIGATION 1 1 (0,0,30,30)",
                                     "BitBlt (0,0,30,30) from (0,0) SRCCOPY",
                                 }));
-    DestroyWindow(button);
 }
 
 TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
@@ -59,7 +58,6 @@ TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
     EnableWindow(button, FALSE);
     EXPECT_EQ(Draw(button, "DrawThemeBackground NAVIGATION 1 4").size(), 1u)
         << "cleared after the repaint was asked for, and before the paint";
-    DestroyWindow(button);
 }
 
 TEST_F(SmallDrawTest, BackButtonOpensAnotherClassAtAThemeChange)
@@ -68,7 +66,6 @@ TEST_F(SmallDrawTest, BackButtonOpensAnotherClassAtAThemeChange)
     button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     SendMessageW(button, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(Draw(button, "DrawThemeBackground"), Lines{"DrawThemeBackground BUTTON 1 1 (0,0,30,30)"});
-    DestroyWindow(button);
 }
 
 TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)
@@ -84,7 +81,6 @@ TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)
     bar.SetProgress(300);
     EXPECT_EQ(Draw(bar, "DrawEdge").size(), 1u);
     EXPECT_EQ(Draw(bar, "FillRect (0,0,30,20)").size(), 1u);
-    DestroyWindow(bar);
 }
 
 class ProgressDrawTest : public test::DrawFixture
@@ -119,7 +115,6 @@ TEST_F(ProgressDrawTest, WholeRecord)
                                  "DrawThemeBackground PROGRESS 5 1 (3,2,53,16)",
                                  "BitBlt (0,0,109,20) from (0,0) SRCCOPY",
                              }));
-    DestroyWindow(bar);
 }
 
 TEST_F(ProgressDrawTest, FillIsTruncatedAndUnlimited)
@@ -138,7 +133,6 @@ TEST_F(ProgressDrawTest, FillIsTruncatedAndUnlimited)
     DestroyWindow(bar);
     Make(4); // less room than the margins take
     EXPECT_EQ(RightAt(1000), -1);
-    DestroyWindow(bar);
 }
 
 // Unlike the other controls': hosts know it so.
@@ -148,7 +142,6 @@ TEST_F(ProgressDrawTest, ChangeOfTheStyleLeavesTheThemeThatWasOpened)
     test::desk::Fail("OpenThemeData");
     SendMessageW(bar, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(RightAt(1000), 104) << "still drawn by the style";
-    DestroyWindow(bar);
 }
 
 TEST_F(ProgressDrawTest, SeparatorDrawsNothing)
@@ -156,7 +149,6 @@ TEST_F(ProgressDrawTest, SeparatorDrawsNothing)
     GSeparator separator;
     separator.Create(100, 0, 6, 100, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     EXPECT_EQ(Draw(separator, ""), Lines{});
-    DestroyWindow(separator);
 }
 
 } // namespace
