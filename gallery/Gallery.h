@@ -20,6 +20,7 @@ public:
 
     // Makes the window with its first page. False where that failed.
     bool Create();
+    HWND Window() const { return m_hwnd; }
     // Runs until the window is closed.
     int Run();
     // Shows each page in turn and saves its picture and those of its dialogs, printing the paths. False if

@@ -9,9 +9,7 @@
 namespace gallery {
 namespace {
 
-constexpr UINT PERIOD = 250;
-
-FILE* s_file = nullptr;
+constexpr DWORD PERIOD = 250; // milliseconds
 
 // The process's table of GDI handles, for platforms that do not count: Wine's GetGuiResources answers 0.
 struct GdiHandleEntry
@@ -59,32 +57,40 @@ DWORD GdiObjects()
     return nCounted ? nCounted : CountGdiTable();
 }
 
-DWORD Windows()
+DWORD Windows(DWORD dwThread)
 {
     DWORD nWindows = 0;
-    EnumThreadWindows(GetCurrentThreadId(), &CountWithChildren, reinterpret_cast<LPARAM>(&nWindows));
+    EnumThreadWindows(dwThread, &CountWithChildren, reinterpret_cast<LPARAM>(&nWindows));
     return nWindows;
-}
-
-void CALLBACK Note(HWND, UINT, UINT_PTR, DWORD dwTime)
-{
-    std::fprintf(s_file, "%lu %lu %lu\n", dwTime, GdiObjects(), Windows());
-    std::fflush(s_file);
 }
 
 } // namespace
 
-bool Stats::Start(const std::wstring& path)
+bool Stats::Start(const std::wstring& path, HWND hwnd)
 {
     m_file = _wfopen(path.c_str(), L"w");
-    s_file = m_file;
-    m_timer = m_file ? SetTimer(nullptr, 0, PERIOD, &Note) : 0;
-    return m_timer != 0;
+    if (m_file) {
+        m_thread = std::thread([this, hwnd, dwThread = GetCurrentThreadId()] { Run(hwnd, dwThread); });
+    }
+    return m_file != nullptr;
+}
+
+void Stats::Run(HWND hwnd, DWORD dwThread)
+{
+    while (!m_fEnd) {
+        SendMessageW(hwnd, WM_NULL, 0, 0);
+        std::fprintf(m_file, "%lu %lu %lu\n", GetTickCount(), GdiObjects(), Windows(dwThread));
+        std::fflush(m_file);
+        Sleep(PERIOD);
+    }
 }
 
 Stats::~Stats()
 {
-    KillTimer(nullptr, m_timer);
+    m_fEnd = true;
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
     if (m_file) {
         std::fclose(m_file);
     }

@@ -12,10 +12,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
     const gallery::PictureSession pictures;
     gallery::Gallery gallery(options);
     gallery::Stats stats;
-    if (!options.statsFile.empty() && !stats.Start(options.statsFile)) {
+    if (!gallery.Create()) {
         return 1;
     }
-    if (!gallery.Create()) {
+    if (!options.statsFile.empty() && !stats.Start(options.statsFile, gallery.Window())) {
         return 1;
     }
     return options.pictureDir.empty() ? gallery.Run() : !gallery.SavePictures();
