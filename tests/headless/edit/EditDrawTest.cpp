@@ -71,37 +71,6 @@ TEST_F(EditDrawTest, SelectionIsFilledBehindThreePieces)
     EXPECT_EQ(Fills(), (Lines{"FillRect (31,1,37,16) brush=ADD6FF", "FillRect (1,16,13,31) brush=ADD6FF"}));
 }
 
-TEST_F(EditDrawTest, OnlyLinesThatLookDifferentArePaintedAnew)
-{
-    Make(ES_MULTILINE | ES_AUTOVSCROLL, L"one\ntwo\nthree", 120, 61);
-    SetFocus(edit);
-    const auto rowsAfter = [&](UINT uMsg, WPARAM wParam) {
-        desk::Pump();
-        desk::ClearDrawing(edit);
-        SendMessageW(edit, uMsg, wParam, 1);
-        RECT rc{};
-        GetUpdateRect(edit, &rc, FALSE);
-        return std::to_string(rc.top) + "-" + std::to_string(rc.bottom);
-    };
-    SendMessageW(edit, WM_KEYDOWN, VK_UP, 1);
-    SendMessageW(edit, WM_KEYDOWN, VK_HOME, 1);
-    EXPECT_EQ(rowsAfter(WM_CHAR, 'x'), "16-31");
-    desk::Pump();
-    Lines lines = desk::Drawing(edit);
-    EXPECT_EQ(lines.back(), "BitBlt (0,16,120,31) from (0,16) SRCCOPY");
-    std::erase_if(lines, [](const std::string& line) { return !line.starts_with("DrawTextW"); });
-    ASSERT_EQ(lines.size(), 1u);
-    EXPECT_TRUE(lines[0].starts_with("DrawTextW \"xtwo\" (1,16,119,31)")) << lines[0];
-    EXPECT_EQ(rowsAfter(WM_LBUTTONDBLCLK, 0), "1-46");
-    EXPECT_EQ(rowsAfter(WM_MOUSELEAVE, 0), "0-0");
-    EXPECT_EQ(rowsAfter(WM_CHAR, 'y'), "1-46") << "the lines that have gone, too";
-    edit.SetFont(nullptr);
-    EXPECT_EQ(rowsAfter(WM_KEYDOWN, VK_END), "0-61") << "in another font all of them do";
-    edit.Select(0, 0, 0, 1);
-    InvalidateRect(edit, nullptr, FALSE);
-    EXPECT_EQ(rowsAfter(WM_KEYDOWN, VK_HOME), "0-61") << "what a host did itself is not known";
-}
-
 TEST_F(EditDrawTest, PasswordIsDrawnAndMeasuredAsMarks)
 {
     Make(ES_PASSWORD, L"secret");

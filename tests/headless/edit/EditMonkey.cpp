@@ -158,7 +158,6 @@ EditMonkey::Text EditMonkey::Replaced(const Text& with, UINT nOffset, UINT nCoun
 }
 
 // --- What it does
-// -------------------------------------------------------------------------------------------------
 
 void EditMonkey::TypeCharacter()
 {
