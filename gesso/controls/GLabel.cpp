@@ -86,7 +86,6 @@ COLORREF GLabel::GetTextColor() const
 }
 
 // --- Drawing
-// ------------------------------------------------------------------------------------------------------
 
 void GLabel::Draw(HDC hdc)
 {
@@ -131,7 +130,6 @@ void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GLabel::OnCreate(const CREATESTRUCTW*)
 {

@@ -37,7 +37,6 @@ void gesso::DeleteComboList(GComboBoxList* pList)
 }
 
 // --- The object and its window
-// ------------------------------------------------------------------------------------
 
 GComboBox::GComboBox() : m_nTextLimit(FIRST_TEXT_LIMIT), m_hitDown(NO_HIT), m_hitMove(NO_HIT)
 {
@@ -170,7 +169,6 @@ LRESULT GComboBox::OnDestroy()
 }
 
 // --- Text
-// ---------------------------------------------------------------------------------------------------------
 
 int GComboBox::SetText(LPCWSTR pszText)
 {
@@ -192,7 +190,6 @@ int GComboBox::GetText(LPWSTR pszBuffer, int* pnLength) const
 }
 
 // --- Items
-// --------------------------------------------------------------------------------------------------------
 
 // A copy leaves the items to the control that it was made from.
 void GComboBox::Release(ComboItem* pItem) const
@@ -309,7 +306,6 @@ void GComboBox::SetItemCustomData(UINT nIndex, void* pData)
 }
 
 // --- Selection
-// ----------------------------------------------------------------------------------------------------
 
 UINT GComboBox::Selected() const
 {
@@ -351,7 +347,6 @@ void GComboBox::Update(bool bNotify)
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GComboBox::OnEnable(BOOL fEnable)
 {

@@ -23,7 +23,6 @@ constexpr int HIT_SLACK = 3; // pixels by which a point reaches the character be
 } // namespace
 
 // --- Selection
-// ----------------------------------------------------------------------------------------------------
 
 GComboBox::TextRange GComboBox::Selection() const
 {
@@ -51,7 +50,6 @@ void GComboBox::SelectAllText()
 }
 
 // --- Caret
-// --------------------------------------------------------------------------------------------------------
 
 void GComboBox::ShowCursor()
 {
@@ -107,7 +105,6 @@ LRESULT GComboBox::OnKillFocus(HWND)
 }
 
 // --- Hit-testing
-// --------------------------------------------------------------------------------------------------
 
 int GComboBox::PartAt(POINTS pt) const
 {
@@ -143,7 +140,6 @@ int GComboBox::HitTest(HitTestInfo* pInfo) const
 }
 
 // --- Mouse
-// --------------------------------------------------------------------------------------------------------
 
 LRESULT GComboBox::OnLButtonDown(WPARAM wKeys, POINTS pt)
 {
@@ -241,7 +237,6 @@ LRESULT GComboBox::OnSetCursor(WPARAM wParam, LPARAM lParam)
 }
 
 // --- Keys
-// ---------------------------------------------------------------------------------------------------------
 
 LRESULT GComboBox::OnKeyDown(UINT uKey, LPARAM)
 {
@@ -353,7 +348,6 @@ LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
 }
 
 // --- Editing: each operation ends with the notification, after which the control may be gone
-// ------------------------
 
 void GComboBox::SendChanged()
 {

@@ -50,7 +50,6 @@ GComboBoxList::~GComboBoxList()
 }
 
 // --- Opening and closing
-// ------------------------------------------------------------------------------------------
 
 bool GComboBoxList::IsOpen() const
 {
@@ -156,7 +155,6 @@ LRESULT GComboBoxList::OnThemeChanged()
 }
 
 // --- Frame
-// --------------------------------------------------------------------------------------------------------
 
 // What the frame takes off each side.
 SIZE GComboBoxList::FrameSize() const
@@ -197,7 +195,6 @@ LRESULT GComboBoxList::OnPrintClient(HDC hdc, LPARAM lParam)
 }
 
 // --- Rows
-// ---------------------------------------------------------------------------------------------------------
 
 int GComboBoxList::ItemCount() const
 {
@@ -283,7 +280,6 @@ LRESULT GComboBoxList::OnNcMouseMove(UINT uHit, POINTS ptScreen)
 }
 
 // --- Scrolling
-// ----------------------------------------------------------------------------------------------------
 
 void GComboBoxList::ScrollTo(int nPos)
 {
@@ -343,7 +339,6 @@ LRESULT GComboBoxList::OnVScroll(WORD wCode, WORD wPos)
 }
 
 // --- Keys
-// ---------------------------------------------------------------------------------------------------------
 
 LRESULT GComboBoxList::OnKeyDown(UINT uKey)
 {
@@ -376,7 +371,6 @@ void GComboBoxList::MoveBy(int nRows)
 }
 
 // --- Mouse
-// --------------------------------------------------------------------------------------------------------
 //
 // The owner has the capture, so that even presses on the bar come as client messages. The bar takes the
 // capture while it is pressed, and leaves it to nobody.

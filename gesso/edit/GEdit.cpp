@@ -85,7 +85,6 @@ int GEdit::GetText(LPWSTR pszBuffer, int* pnLength) const
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 {

@@ -15,7 +15,6 @@ using gesso::Frame;
 using gesso::IsKeyDown;
 
 // --- After a change
-// -----------------------------------------------------------------------------------------------
 
 void GEdit::Moved()
 {
@@ -37,7 +36,6 @@ LRESULT GEdit::Edited()
 }
 
 // --- Keys
-// ---------------------------------------------------------------------------------------------------------
 
 LRESULT GEdit::OnKeyDown(UINT uKey, UINT, UINT)
 {
@@ -185,7 +183,6 @@ LRESULT GEdit::OnDelete()
 }
 
 // --- Characters
-// ---------------------------------------------------------------------------------------------------
 
 LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
 {
@@ -273,7 +270,6 @@ void GEdit::TakeBack(UINT nOffset)
 }
 
 // --- Clipboard
-// ----------------------------------------------------------------------------------------------------
 
 // False if there was nothing to copy, or the clipboard would not take it. The control may be gone afterwards.
 bool GEdit::Copy() const
@@ -311,7 +307,6 @@ LRESULT GEdit::OnPaste()
 }
 
 // --- Mouse
-// --------------------------------------------------------------------------------------------------------
 
 void GEdit::ClickAt(POINTS pt, HitTestInfo* pInfo)
 {

@@ -47,7 +47,6 @@ struct SplitText
 } // namespace
 
 // --- Places
-// -------------------------------------------------------------------------------------------------------
 
 wchar_t GEdit::CharAt(UINT nOffset) const
 {
@@ -192,7 +191,6 @@ void GEdit::CalcHighliteOfLine(int& nFrom, int& nTo, UINT nLine) const
 }
 
 // --- Editing
-// ------------------------------------------------------------------------------------------------------
 
 // The lines from nLine on are no longer known to be as long as fits, but those behind it still are.
 void GEdit::Touch(UINT nLine)

@@ -42,7 +42,6 @@ bool GEdit::HasBorder() const
 }
 
 // --- Painting
-// -----------------------------------------------------------------------------------------------------
 
 void GEdit::Draw(HDC hdc)
 {
@@ -136,7 +135,6 @@ LRESULT GEdit::OnNcHitTest(POINTS ptScreen) const
 }
 
 // --- Points and the caret
-// -----------------------------------------------------------------------------------------
 
 // A point belongs to the character that it touches, whichever half of it that is. Passwords are hit by their
 // true characters.

@@ -24,7 +24,6 @@ HANDLE ContextHandle()
 }
 
 // --- Set-up
-// ---------------------------------------------------------------------------------------------------
 
 bool MeansNoManifest(DWORD dwError)
 {
@@ -103,7 +102,6 @@ bool IsolationAwareInit()
 }
 
 // --- Prologue and epilogue
-// --------------------------------------------------------------------------------------
 
 bool MeansNoContexts(DWORD dwError)
 {
@@ -169,7 +167,6 @@ template <class RESULT, class CALL> RESULT CallInContext(RESULT failure, CALL ca
 }
 
 // --- Common-controls operations, looked up by name
-// ---------------------------------------------------------------
 
 FARPROC LookUpInContext(const char* pszName)
 {

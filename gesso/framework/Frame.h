@@ -48,7 +48,6 @@ public:
     static constexpr DWORD FIRST_STATE = GWS_HIDEFOCUS | GWS_HIDEACCEL;
 
     // --- Coming to life and going
-    // -----------------------------------------------------------------------------
 
     // Makes the window for an object that the host made. A window that the object still had goes on without
     // it. Returns null, with the platform's last error, where the window could not be made.
@@ -93,7 +92,6 @@ public:
     static bool IsAlive(HWND hwnd, const GWnd* pWnd) { return Attached(hwnd) == pWnd; }
 
     // --- Common rows
-    // ------------------------------------------------------------------------------------------
 
     static LRESULT OnSetFocus(GWnd& wnd);
     // A held space key clicks on losing the focus, unless the mouse button is held as well.
@@ -156,7 +154,6 @@ public:
     }
 
     // --- Notifications; the control may be gone when they return
-    // ------------------------------------------------
 
     static void SendClick(const GWnd& wnd);
     // WM_COMMAND with a notification code.
@@ -166,7 +163,6 @@ public:
     static LRESULT SendNotify(const GWnd& wnd, UINT uCode, NMHDR* pRecord);
 
     // --- Access for the shared parts of the controls
-    // -------------------------------------------------------------
 
     static HWND Handle(const GWnd& wnd) { return wnd.m_hWnd; }
     static DWORD& State(GWnd& wnd) { return wnd.m_dwState; }

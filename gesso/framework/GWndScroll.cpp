@@ -89,7 +89,6 @@ GWndScroll::Bar GWndScroll::BarOf(int nBar)
 }
 
 // --- Range, page and position
-// -----------------------------------------------------------------------------------
 
 void GWndScroll::SetScrollInfo(int nBar, const SCROLLINFO* psi)
 {
@@ -171,7 +170,6 @@ int GWndScroll::GetScrollPos(int nBar) const
 }
 
 // --- Flags
-// ------------------------------------------------------------------------------------------------------
 
 UINT GWndScroll::SetScrollBarStyle(int nBar, UINT uStyle)
 {
@@ -210,7 +208,6 @@ int GWndScroll::EnableScrollBar(int nBar, UINT uFlags)
 }
 
 // --- Place in the window
-// ------------------------------------------------------------------------------------------
 
 void GWndScroll::GetClientRectNoScroll(RECT* prc) const
 {
@@ -251,7 +248,6 @@ void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GWndScroll::OnNcCreate(const CREATESTRUCTW* pcs)
 {

@@ -64,7 +64,6 @@ bool IsThumb(WORD wHit)
 } // namespace
 
 // --- Hit-testing
-// --------------------------------------------------------------------------------------------------
 
 int GWndScroll::BarOfHit(WORD wHit) const
 {
@@ -120,7 +119,6 @@ POINTS GWndScroll::BarPoint(POINTS ptScreen) const
 }
 
 // --- The repeat timer
-// -----------------------------------------------------------------------------------------------
 
 void GWndScroll::SendScroll(UINT uMessage, WORD wCode, WORD wPos)
 {
@@ -174,7 +172,6 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GWndScroll::OnNcLButtonDown(UINT, POINTS ptScreen)
 {

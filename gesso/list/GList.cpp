@@ -94,7 +94,6 @@ void GList::CalculateGroup(UINT) {}
 void GList::CalculateItem(UINT) {}
 
 // --- Images and fonts
-// ---------------------------------------------------------------------------------------------
 
 void GList::SetImageList(HIMAGELIST hImageList)
 {
@@ -181,7 +180,6 @@ LRESULT GList::OnSetFont(HFONT hFont, UINT uRedraw)
 }
 
 // --- The header
-// ---------------------------------------------------------------------------------------------------
 
 UINT GList::GetHeaderHeight() const
 {
@@ -206,7 +204,6 @@ void GList::SetHeaderItemSpacing(UINT spacing)
 }
 
 // --- Attachment and detachment
-// ------------------------------------------------------------------------------------
 
 LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
 {
@@ -264,7 +261,6 @@ LRESULT GList::OnThemeChanged()
 }
 
 // --- Focus and state
-// ----------------------------------------------------------------------------------------------
 
 LRESULT GList::OnEnable(BOOL fEnable)
 {

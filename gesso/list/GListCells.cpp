@@ -94,7 +94,6 @@ stcColumnDrawInfo GList::CheckBoxElement(SIZE size) const
 }
 
 // --- Details
-// ------------------------------------------------------------------------------------------------------
 
 void GList::MakeDetailsCell(HDC hdc)
 {
@@ -120,7 +119,6 @@ void GList::MakeDetailsCell(HDC hdc)
 }
 
 // --- Tiles
-// --------------------------------------------------------------------------------------------------------
 
 bool GList::MakeTilesCell(HDC hdc)
 {
@@ -174,7 +172,6 @@ int GList::CaptionWidth(UINT column) const
 }
 
 // --- Icons
-// --------------------------------------------------------------------------------------------------------
 
 SIZE GList::IconSize() const
 {

@@ -60,7 +60,6 @@ ListItem* MakeItem(UINT subItemCount)
 } // namespace
 
 // --- Looking records up
-// -------------------------------------------------------------------------------------------
 
 ListColumn* GList::ColumnFor(UINT column, const char* operation) const
 {
@@ -101,7 +100,6 @@ ListGroup* GList::GroupAt(UINT group) const
 }
 
 // --- Columns
-// ------------------------------------------------------------------------------------------------------
 
 UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT cxMin, LPCWSTR text,
                          UINT image, int type, const RECT* rcFormat, PFNLISTGROUP fktGroup,
@@ -275,7 +273,6 @@ PFNLISTGET GList::GetColumnFktGet(UINT column) const
 }
 
 // --- Groups
-// -------------------------------------------------------------------------------------------------------
 
 UINT GList::InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group)
 {
@@ -402,7 +399,6 @@ UINT GList::GetGroupGroup(UINT group) const
 }
 
 // --- Items
-// --------------------------------------------------------------------------------------------------------
 
 UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, LPCWSTR text, UINT image)
 {

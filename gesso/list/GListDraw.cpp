@@ -271,7 +271,6 @@ void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 }
 
 // --- The client area
-// ----------------------------------------------------------------------------------------------
 
 void GList::Draw(HDC hdc)
 {
@@ -350,7 +349,6 @@ void GList::DrawGrid(HDC hdc, UINT first, UINT last) const
 }
 
 // --- The header
-// ---------------------------------------------------------------------------------------------------
 
 int GList::HeaderState(UINT cell, bool fSorted) const
 {
@@ -407,7 +405,6 @@ void GList::DrawDetailsHeader(HDC hdc, RECT rc)
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 void GList::NcDraw(HDC hdc, RECT rc)
 {
@@ -441,7 +438,6 @@ LRESULT GList::OnPaint()
 }
 
 // --- The paint history
-// --------------------------------------------------------------------------------------------
 
 void GList::KeepFrame(HBITMAP hBitmap)
 {

@@ -34,7 +34,6 @@ SHORT Wrap16(int64_t n)
 } // namespace
 
 // --- Hit-testing
-// --------------------------------------------------------------------------------------------------
 
 void GList::HitTest(HitTestInfo* pInfo) const
 {
@@ -132,7 +131,6 @@ void GList::HitTestCell(HitTestInfo* pInfo, UINT item, int x) const
 }
 
 // --- Pressing
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GList::OnLButtonDown(WPARAM, POINTS pt)
 {
@@ -239,7 +237,6 @@ void GList::SelectByMouse(UINT item, WORD mods)
 }
 
 // --- Moving
-// -------------------------------------------------------------------------------------------------------
 
 LRESULT GList::OnMouseMove(WPARAM, POINTS pt)
 {
@@ -319,7 +316,6 @@ LRESULT GList::OnSetCursor(HWND hwndUnder, LPARAM lParam)
 }
 
 // --- Notifications
-// ------------------------------------------------------------------------------------------------
 
 void GList::SendItemNotify(UINT code, const HitTestInfo& hit) const
 {

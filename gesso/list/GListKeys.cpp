@@ -108,7 +108,6 @@ LRESULT GList::OnChar(UINT character)
 }
 
 // --- Pages
-// --------------------------------------------------------------------------------------------------------
 
 void GList::WalkPageUp()
 {
@@ -166,7 +165,6 @@ void GList::SelectToCursor()
 }
 
 // --- Edges
-// --------------------------------------------------------------------------------------------------------
 
 void GList::MoveToEdge(UINT edge)
 {
@@ -185,7 +183,6 @@ void GList::MoveToEdge(UINT edge)
 }
 
 // --- Steps
-// --------------------------------------------------------------------------------------------------------
 
 void GList::StepForward(UINT target)
 {
@@ -241,7 +238,6 @@ void GList::StepFromNowhere()
 }
 
 // --- Into view
-// ----------------------------------------------------------------------------------------------------
 
 void GList::BringCursorIntoView(UINT vk)
 {

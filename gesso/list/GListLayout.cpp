@@ -112,7 +112,6 @@ private:
 } // namespace
 
 // --- The whole layout
-// ---------------------------------------------------------------------------------------------
 
 void GList::Calculate()
 {
@@ -171,7 +170,6 @@ int GList::PlaceElements()
 }
 
 // --- One item's change
-// --------------------------------------------------------------------------------------------
 
 void GList::CalculateU(UINT item, bool inserted)
 {
@@ -277,7 +275,6 @@ void GList::FitRow(UINT row)
 }
 
 // --- Finding rows
-// -------------------------------------------------------------------------------------------------
 
 // The first element whose bottom lies at or below y.
 UINT GList::FirstRowReaching(int64_t y) const
@@ -309,7 +306,6 @@ void GList::GetItemRect(RECT* rc, UINT item, UINT subItem) const
 }
 
 // --- What the keyboard goes by
-// ------------------------------------------------------------------------------------
 
 // Where the items lie, as far as the keyboard knows: set by SetListStyle and by single insertions alone, so
 // that it stays behind after a sort or a bulk fill. Hosts rely on it.
@@ -334,7 +330,6 @@ void GList::StampRowsOfView(UINT first)
 }
 
 // --- The content and the scroll bars
-// ------------------------------------------------------------------------------
 
 int GList::ElementsEnd() const
 {

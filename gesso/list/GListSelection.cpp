@@ -75,7 +75,6 @@ WORD GList::GetHotSubItem() const
 }
 
 // --- What the user's input is made of
-// -----------------------------------------------------------------------------
 
 UINT GList::SelectedFrom(UINT item) const
 {

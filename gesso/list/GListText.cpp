@@ -107,7 +107,6 @@ void GList::PrepareSubItem(ListSubItem& sub, UINT column)
 }
 
 // --- Bulk fill
-// ----------------------------------------------------------------------------------------------------
 
 void GList::BulkInsertOn()
 {

@@ -54,7 +54,6 @@ ATOM GRibbon::IsolationAwareRegisterClassW()
 }
 
 // --- Coming to life and going
-// -------------------------------------------------------------------------------------
 
 GRibbon::GRibbon()
     : m_crActiveLine(CR_ACTIVE_LINE), m_crActiveFill(CR_ACTIVE_FILL), m_crHotLine(CR_HOT_LINE),
@@ -99,7 +98,6 @@ int GRibbon::Destroy()
 void GRibbon::Init(void*) {}
 
 // --- Tabs
-// ---------------------------------------------------------------------------------------------------------
 
 UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
 {
@@ -235,7 +233,6 @@ UINT GRibbon::MeasureTitle(LPCWSTR pszTitle) const
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
 {

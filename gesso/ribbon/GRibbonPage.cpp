@@ -51,7 +51,6 @@ void GRibbonPage::FreeBlock(void* p)
 }
 
 // --- The ribbon
-// ---------------------------------------------------------------------------------------------------
 
 void GRibbonPage::Create(GRibbon* pRibbon)
 {
@@ -101,7 +100,6 @@ LRESULT GRibbonPage::OnDeactivate()
 }
 
 // --- Groups
-// -------------------------------------------------------------------------------------------------------
 
 int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT uFixedWidth)
 {
@@ -137,7 +135,6 @@ GRibbonPage::Group* GRibbonPage::FindGroup(DWORD dwId)
 }
 
 // --- Items
-// --------------------------------------------------------------------------------------------------------
 
 void GRibbonPage::InsertItem(DWORD dwGroupId, DWORD dwBeforeId, ItemInfo* pInfo)
 {

@@ -113,7 +113,6 @@ void GRightClickMenu::DrawRows(HDC hdc) const
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GRightClickMenu::OnCreate(const CREATESTRUCTW*)
 {

@@ -37,7 +37,6 @@ LRESULT GNavigationBar::OnSetFont(HFONT hFont, UINT uRedraw)
 }
 
 // --- Sizes
-// --------------------------------------------------------------------------------------------------------
 
 void GNavigationBar::RowsChanged()
 {
@@ -75,7 +74,6 @@ void GNavigationBar::EnsureVisible(UINT row)
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
 {

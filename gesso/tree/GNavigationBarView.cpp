@@ -91,7 +91,6 @@ UINT GNavigationBar::RowReaching(int64_t y, int64_t* pTop) const
 }
 
 // --- Painting
-// -----------------------------------------------------------------------------------------------------
 
 void GNavigationBar::Draw(HDC hdc)
 {
@@ -167,7 +166,6 @@ bool GNavigationBar::IsGlyphHot(UINT row) const
 }
 
 // --- Hit-testing
-// --------------------------------------------------------------------------------------------------
 
 void GNavigationBar::HitTest(HitTestInfo* pInfo) const
 {
@@ -215,7 +213,6 @@ WORD GNavigationBar::PartAt(const NavigationBarItem& item, int x, int nRight) co
 }
 
 // --- The mouse
-// ----------------------------------------------------------------------------------------------------
 
 void GNavigationBar::Toggle(UINT row)
 {

@@ -44,7 +44,6 @@ GTree::~GTree()
 }
 
 // --- Style and font
-// -----------------------------------------------------------------------------------------------
 
 UINT GTree::SetTreeStyle(UINT uStyle)
 {
@@ -100,7 +99,6 @@ LRESULT GTree::OnSetFont(HFONT hFont, UINT uRedraw)
 }
 
 // --- Sizes
-// --------------------------------------------------------------------------------------------------------
 
 void GTree::RowsChanged()
 {
@@ -181,7 +179,6 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 }
 
 // --- Messages
-// -----------------------------------------------------------------------------------------------------
 
 LRESULT GTree::OnCreate(const CREATESTRUCTW*)
 {

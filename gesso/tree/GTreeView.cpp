@@ -23,7 +23,6 @@ constexpr WORD NO_PART = 0xFFFF;
 } // namespace
 
 // --- Painting
-// -----------------------------------------------------------------------------------------------------
 
 void GTree::Draw(HDC hdc)
 {
@@ -77,7 +76,6 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
 }
 
 // --- Hit-testing
-// --------------------------------------------------------------------------------------------------
 
 void GTree::HitTest(HitTestInfo* pInfo) const
 {
@@ -114,7 +112,6 @@ WORD GTree::PartAt(const TreeItem& item, int x) const
 }
 
 // --- The mouse
-// ----------------------------------------------------------------------------------------------------
 
 void GTree::Toggle(UINT row)
 {
@@ -168,7 +165,6 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
 }
 
 // --- Scrolling
-// ----------------------------------------------------------------------------------------------------
 
 // Whatever row is given, it is the selected one that is brought into view: hosts rely on it.
 void GTree::EnsureVisible(UINT)

@@ -19,7 +19,6 @@ constexpr UINT HIDDEN_STATE = 0xFF00; // bits of the state that the getter and s
 } // namespace
 
 // --- Items
-// --------------------------------------------------------------------------------------------------------
 
 Item* Control::ItemOf(void* hItem) const
 {
@@ -238,7 +237,6 @@ void Control::SetSelectedItem(void* hItem)
 }
 
 // --- Rows
-// ---------------------------------------------------------------------------------------------------------
 
 UINT Control::FindVisibleIndex(Item* item) const
 {

@@ -73,7 +73,6 @@ void Control::SetImageList(HIMAGELIST hImageList)
 }
 
 // --- Scrolling
-// ----------------------------------------------------------------------------------------------------
 
 void Control::RedrawAll()
 {
@@ -132,7 +131,6 @@ LRESULT Control::OnMouseWheel(UINT, int nDelta, POINTS)
 }
 
 // --- The pointer
-// --------------------------------------------------------------------------------------------------
 
 // A press in a bar holds the capture, so that the bar's moves come as the client area's.
 POINTS Control::ToScreen(POINTS pt) const
@@ -181,7 +179,6 @@ LRESULT Control::OnCaptureChanged(HWND hwndNew)
 }
 
 // --- Other messages
-// -----------------------------------------------------------------------------------------------
 
 LRESULT Control::OnNcCreate(const CREATESTRUCTW* pcs)
 {
