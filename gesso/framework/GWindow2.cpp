@@ -28,6 +28,13 @@ LRESULT Close(HWND hwnd, WPARAM wParam, LPARAM lParam)
     return DefWindowProcW(hwnd, WM_CLOSE, wParam, lParam);
 }
 
+// The object stays, although the window made it: who got it by FromHwnd may still use it.
+LRESULT End(GWindow2& window, WPARAM wParam, LPARAM lParam)
+{
+    Frame::Abandon(window);
+    return DefWindowProcW(window, WM_NCDESTROY, wParam, lParam);
+}
+
 } // namespace
 
 ATOM GWindow2::IsolationAwareRegisterClassW()
@@ -64,7 +71,7 @@ LRESULT CALLBACK GWindow2::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARA
     }
     switch (uMsg) {
     case WM_DESTROY: return Quit(hwnd);
-    case WM_NCDESTROY: Frame::Detach(*pWindow); return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_NCDESTROY: return End(*pWindow, wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS: return Repaint(*pWindow);
     case WM_CLOSE: return Close(hwnd, wParam, lParam);

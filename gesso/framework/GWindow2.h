@@ -10,8 +10,9 @@ public:
     GWindow2() = default;
 
     // Makes a visible overlapped window, position and size in pixels, and returns it; null where that failed.
-    // The window runs on an object that it makes and frees itself: the object that Create is called on keeps
-    // a null window. Hosts rely on it.
+    // The window runs on an object that it makes itself: the object that Create is called on keeps a null
+    // window. The other outlives its window, and nobody frees it but a host that got it by FromHwnd, with
+    // Delete. Hosts rely on both.
     HWND Create(int x, int y, int cx, int cy, HWND hwndParent);
     // DestroyWindow on the object's own window. Returns 0 without one.
     int Destroy();

@@ -348,6 +348,8 @@ TEST_F(GWndTest, Window2RunsOnAnObjectOfItsOwnAndEndsTheLoop)
     MSG msg{};
     EXPECT_EQ(GetMessageW(&msg, nullptr, WM_QUIT, WM_QUIT), 0) << "the quit message must be there";
     test::DispatchAll();
+    EXPECT_EQ(pOwn->GetHwnd(), hwnd) << "it outlives its window, for whoever has it";
+    pOwn->Delete(pOwn);
 }
 
 } // namespace

@@ -54,8 +54,10 @@ TEST_F(FrameTest, FailedRegistrationIsTriedAgain)
     EXPECT_EQ(window.Create(0, 0, 10, 10, nullptr), nullptr);
     EXPECT_EQ(GWindow2::s_aClass, 0);
     const HWND hwnd = window.Create(0, 0, 10, 10, nullptr);
-    EXPECT_TRUE(hwnd);
+    GWnd* pOwn = GWnd::FromHwnd(hwnd);
+    ASSERT_TRUE(pOwn);
     DestroyWindow(hwnd);
+    pOwn->Delete(pOwn);
     desk::Pump();
 }
 
