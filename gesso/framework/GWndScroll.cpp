@@ -78,9 +78,7 @@ GWndScroll::GWndScroll() : m_siH(FirstScrollInfo()), m_siV(FirstScrollInfo()) {}
 
 GWndScroll::~GWndScroll()
 {
-    if (s_pScrollingWindow == this) {
-        StopTimer();
-    }
+    OnNcDestroy();
 }
 
 GWndScroll::Bar GWndScroll::BarOf(int nBar)
@@ -265,6 +263,7 @@ LRESULT GWndScroll::OnNcDestroy()
 {
     if (s_pScrollingWindow == this) {
         StopTimer();
+        s_pScrollingWindow = nullptr;
     }
     m_hThemeScroll.Reset();
     return 0;

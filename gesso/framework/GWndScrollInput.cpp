@@ -131,7 +131,6 @@ void GWndScroll::StopTimer()
         KillTimer(nullptr, s_dwTimer);
         s_dwTimer = 0;
     }
-    s_pScrollingWindow = nullptr;
 }
 
 void GWndScroll::ScrollBarSetTimer()
@@ -144,7 +143,7 @@ void GWndScroll::ScrollBarSetTimer()
 
 void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
-    // A message of the timer that was waiting when it was stopped comes all the same.
+    // A message of the timer that was waiting when the control went comes all the same.
     GWndScroll* pWindow = s_pScrollingWindow;
     if (!pWindow) {
         return;

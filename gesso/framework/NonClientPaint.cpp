@@ -43,7 +43,7 @@ NonClientPaint::NonClientPaint(HWND hwnd, WPARAM wRegion) : m_hWnd(hwnd), m_hdcW
 {
     const WindowAreas areas = AreasOf(hwnd);
     m_rcWindow = areas.rcWindow;
-    if (wRegion != 1) {
+    if (wRegion > 1) {
         ClipToRegion(m_hdcWindow, reinterpret_cast<HRGN>(wRegion), areas.ptOrigin);
     }
     Exclude(m_hdcWindow, areas.rcClient);

@@ -8,7 +8,7 @@
 
 namespace gesso {
 
-// WM_NCPAINT. wRegion is the message's wParam: 1 for the whole frame, or a region on the screen.
+// WM_NCPAINT. wRegion is the message's wParam: 1 (or 0) for the whole frame, or a region on the screen.
 class NonClientPaint
 {
 public:

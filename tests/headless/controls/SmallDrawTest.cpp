@@ -19,7 +19,7 @@ public:
     void SetState(DWORD dwState) { m_dwState = dwState; }
 };
 
-TEST_F(SmallDrawTest, BackButtonDrawsOnePartAndNoParentBackground)
+TEST_F(SmallDrawTest, BackButtonDrawsOnePartOfAnotherClassAfterAThemeChangeAndNoParentBackground)
 {
     GNavigationButton button;
     button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
@@ -27,6 +27,8 @@ TEST_F(SmallDrawTest, BackButtonDrawsOnePartAndNoParentBackground)
                                     "DrawThemeBackground NAVIGATION 1 1 (0,0,30,30)",
                                     "BitBlt (0,0,30,30) from (0,0) SRCCOPY",
                                 }));
+    SendMessageW(button, WM_THEMECHANGED, 0, 0);
+    EXPECT_EQ(Draw(button, "DrawThemeBackground"), Lines{"DrawThemeBackground BUTTON 1 1 (0,0,30,30)"});
 }
 
 TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
@@ -58,14 +60,6 @@ TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
     EnableWindow(button, FALSE);
     EXPECT_EQ(Draw(button, "DrawThemeBackground NAVIGATION 1 4").size(), 1u)
         << "cleared after the repaint was asked for, and before the paint";
-}
-
-TEST_F(SmallDrawTest, BackButtonOpensAnotherClassAtAThemeChange)
-{
-    GNavigationButton button;
-    button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
-    SendMessageW(button, WM_THEMECHANGED, 0, 0);
-    EXPECT_EQ(Draw(button, "DrawThemeBackground"), Lines{"DrawThemeBackground BUTTON 1 1 (0,0,30,30)"});
 }
 
 TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)

@@ -167,6 +167,7 @@ TEST_F(GWndScrollTest, HeldArrowRepeatsByTheKeyboardsDelayAndSpeed)
     Release();
     EXPECT_EQ(probe.TakeScrolls(), Lines{"V 8"});
     EXPECT_FALSE(ScrollProbe::Repeats());
+    EXPECT_EQ(ScrollProbe::Last(), &probe) << "the static names it until it goes";
     EXPECT_EQ(desk::Live()[desk::Kind::Timer], 0);
 }
 
@@ -236,6 +237,13 @@ TEST_F(GWndScrollTest, IdleArrowsLookDisabledAndComeUpUnderThePointer)
     EXPECT_EQ(arrows(), "4 8 ");
 }
 
+TEST_F(GWndScrollTest, FrameIsPaintedWholeWithoutARegionToo)
+{
+    MakeVertical();
+    SendMessageW(probe, WM_NCPAINT, 0, 0);
+    EXPECT_TRUE(desk::Drawing(probe).back().ends_with(" clip=(183,0,200,150) nonclient"));
+}
+
 // As when a message box comes up: the button is let go where the control does not see it.
 TEST_F(GWndScrollTest, PressThatLosesItsCaptureScrollsNoMore)
 {
@@ -281,17 +289,6 @@ TEST_F(GWndScrollTest, ThumbOfAHugeRangeStopsAtTheEnd)
 
 TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
 {
-    MakeVertical();
-    MoveTo(CX - 5, CY - 5);
-    Press();
-    DestroyWindow(probe);
-    desk::Advance(2000);
-    EXPECT_FALSE(ScrollProbe::Repeats());
-    Release();
-}
-
-TEST_F(GWndScrollTest, TimerMessageThatWaitedWhenTheControlWentFindsNoneThere)
-{
     auto pProbe = std::make_unique<ScrollProbe>();
     pProbe->Create(Parent(), WS_VSCROLL);
     pProbe->ShowRange(SB_VERT);
@@ -300,8 +297,10 @@ TEST_F(GWndScrollTest, TimerMessageThatWaitedWhenTheControlWentFindsNoneThere)
     Press();
     ASSERT_TRUE(ScrollProbe::Repeats());
     DestroyWindow(*pProbe);
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    desk::Advance(2000);
     pProbe.reset();
-    ScrollProbe::LateTimer(); // the sanitizers would tell
+    ScrollProbe::LateTimer(); // of a message that waited: the sanitizers would tell
     EXPECT_FALSE(ScrollProbe::Repeats());
     Release();
 }

@@ -38,6 +38,7 @@ public:
     static DWORD Delay() { return s_dwScrollRepeatDelay; }
     static DWORD Speed() { return s_dwScrollRepeatSpeed; }
     static void LateTimer() { ScrollBarTimerCallback(nullptr, WM_TIMER, 0, 0); }
+    static const GWndScroll* Last() { return s_pScrollingWindow; }
     static bool Repeats() { return s_dwTimer != 0; }
     WORD HitAt(int x, int y) const
     {
