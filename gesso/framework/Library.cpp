@@ -11,11 +11,16 @@ namespace {
 constexpr int DEFAULT_POINTS = 9;
 constexpr int POINTS_PER_INCH = 72;
 
-HFONT MakeDefaultFont()
+int ScreenDpi()
 {
     const gesso::WindowContext screen(nullptr);
-    const int nHeight = -MulDiv(DEFAULT_POINTS, GetDeviceCaps(screen, LOGPIXELSY), POINTS_PER_INCH);
-    return CreateFontW(nHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    return GetDeviceCaps(screen, LOGPIXELSY);
+}
+
+HFONT MakeDefaultFont()
+{
+    return CreateFontW(-MulDiv(DEFAULT_POINTS, ScreenDpi(), POINTS_PER_INCH), 0, 0, 0, FW_NORMAL, 0, 0, 0, 0,
+                       0, 0, 0, 0, L"Segoe UI");
 }
 
 } // namespace
