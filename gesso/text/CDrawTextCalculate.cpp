@@ -26,6 +26,16 @@ constexpr uint64_t AmpleRoom(UINT nRoom, UINT nChars)
     return nRoom + PER_CHAR * nChars + ANYWAY;
 }
 
+// The room for glyphs that a run is offered at first. A script processor may set up all that it is offered,
+// and after one long text the scratch has a thousand times what a short one needs.
+UINT FirstRoom(UINT nRoom, int nRunChars)
+{
+    constexpr UINT PER_CHAR = 4;
+    constexpr UINT ANYWAY = 64;
+    return static_cast<UINT>(
+        std::min<uint64_t>(nRoom, uint64_t{PER_CHAR} * static_cast<UINT>(nRunChars) + ANYWAY));
+}
+
 void GrowItems(stcDrawTextBuffer& buffer, UINT nStep)
 {
     const UINT nFormer = buffer.nItemsAlloc;
@@ -149,16 +159,19 @@ void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
     if (IsScratch() && m_arrays.nGlyphsAlloc == nGlyphs) {
         MakeGlyphRoom(); // a buffer's own arrays offer no room at all here, and grow when that is refused
     }
+    UINT nRoom = FirstRoom(m_arrays.nGlyphsAlloc - nGlyphs, run.nChars);
     for (;;) {
         run.nGlyphs = 0;
-        const HRESULT hr =
-            ScriptShape(m_hdc, &m_cache, m_pszText + item.iCharPos, run.nChars,
-                        static_cast<int>(m_arrays.nGlyphsAlloc - nGlyphs), &item.a,
-                        m_arrays.pGlyphs + nGlyphs, pLogClust, m_arrays.pVisAttr + nGlyphs, &run.nGlyphs);
+        const HRESULT hr = ScriptShape(m_hdc, &m_cache, m_pszText + item.iCharPos, run.nChars,
+                                       static_cast<int>(nRoom), &item.a, m_arrays.pGlyphs + nGlyphs,
+                                       pLogClust, m_arrays.pVisAttr + nGlyphs, &run.nGlyphs);
         if (hr != E_OUTOFMEMORY || m_arrays.nGlyphsAlloc > nLimit) {
             break;
         }
-        MakeGlyphRoom();
+        if (nRoom == m_arrays.nGlyphsAlloc - nGlyphs) {
+            MakeGlyphRoom();
+        }
+        nRoom = m_arrays.nGlyphsAlloc - nGlyphs;
     }
     run.nGlyphs = std::clamp(run.nGlyphs, 0, static_cast<int>(m_arrays.nGlyphsAlloc - nGlyphs));
     // Sixteen bits: in a text of more than 65,535 glyphs the values start again at zero.
