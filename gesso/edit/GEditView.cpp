@@ -185,7 +185,10 @@ void GEdit::UpdateCursorPos()
     if (nPos != GetScrollPos(SB_HORZ)) {
         Invalidate(0);
     }
-    SetScrollPos(SB_HORZ, nPos, FALSE);
+    // Without a range from the host the position stays 0, and only the caret moves: hosts know it so.
+    if (m_siH.nMax > m_siH.nMin) {
+        SetScrollPos(SB_HORZ, nPos, FALSE);
+    }
     // Another window's caret stays where it is.
     if (m_fCaret) {
         SetCaretPos(x - nPos, extent.cy * static_cast<int>(caret.nLine) + rcText.top);
