@@ -99,7 +99,12 @@ int GEdit::RightWordBreak(UINT nLine, UINT nOffset) const
         return 0;
     }
     const UINT nLength = m_aLines[nLine];
-    return static_cast<int>(LongerByWord(nOffset, nLength) - nLength);
+    UINT i = LongerByWord(nOffset, nLength);
+    // A line end is no space here, though wrapping stops at it: hosts know the step so.
+    while (CharAt(nOffset + i) != 0 && CharAt(nOffset + i - 1) != L' ') {
+        ++i;
+    }
+    return static_cast<int>(i - nLength);
 }
 
 // Word by word, but what is wider than the line anyway goes at once.

@@ -143,6 +143,8 @@ TEST_F(GEditTextTest, WordBreaksCountFromTheLineEnd)
     edit.SetText(L"one  x");
     ASSERT_EQ(edit.Lines(), "one  |x|");
     EXPECT_EQ(edit.RightWordBreak(0, 0), 1);
+    edit.SetText(L"one two\nx y");
+    EXPECT_EQ(edit.RightWordBreak(0, 0), 7) << "the word goes on behind a line end";
 }
 
 TEST_F(GEditTextTest, LengthsAndOffsetsCountLineEndsOnce)
