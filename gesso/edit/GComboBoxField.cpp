@@ -304,15 +304,11 @@ void GComboBox::EditByControlKey(UINT uKey)
     }
 }
 
-// The caret alone is not painted.
 void GComboBox::MoveCaret(UINT nCaret)
 {
-    const bool fSelected = m_nCaret != m_nAnchor;
     SetCaret(nCaret, IsKeyDown(VK_SHIFT) ? m_nAnchor : nCaret);
     ShowCursor();
-    if (fSelected || m_nCaret != m_nAnchor) {
-        Invalidate(0);
-    }
+    Invalidate(0);
 }
 
 void GComboBox::StepItem(int nStep)
