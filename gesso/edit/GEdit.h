@@ -226,7 +226,8 @@ private:
     LRESULT OnBackspace();
     LRESULT OnEnter();
     LRESULT OnTyped(wchar_t ch);
-    bool HasRoomForTyped(DWORD dwStyle);
+    bool WrapsWhenTyped() const;
+    bool HasRoomForTyped();
     void TakeBack(UINT nOffset);
 
     bool m_fCaret = false;   // the platform's caret is this window's

@@ -235,36 +235,45 @@ LRESULT GEdit::OnTyped(wchar_t ch)
         DeleteSelection();
     }
     if (ch && !fRestOfRefused) {
+        const Place caret = Caret();
+        const OArray<UINT, UINT const&> aLines = m_aLines;
         const UINT nOffset = InsertChar(ch);
-        if (!HasRoomForTyped(Frame::Style(*this))) {
+        if (!HasRoomForTyped()) {
+            m_aLines = aLines;
+            PutCaret(caret);
             TakeBack(nOffset);
         }
     }
     return Edited();
 }
 
-bool GEdit::HasRoomForTyped(DWORD dwStyle)
+bool GEdit::WrapsWhenTyped() const
 {
-    if (!(dwStyle & (ES_MULTILINE | ES_AUTOHSCROLL))) {
+    return Frame::Style(*this) & (ES_MULTILINE | ES_AUTOHSCROLL);
+}
+
+bool GEdit::HasRoomForTyped()
+{
+    if (!WrapsWhenTyped()) {
         return DoesFitLine(m_nCaretLine);
     }
     RepairLines();
-    return (dwStyle & ES_AUTOVSCROLL) || DoesFitHeight();
+    return (Frame::Style(*this) & ES_AUTOVSCROLL) || DoesFitHeight();
 }
 
-// A character of two halves goes as a whole, whichever of them has no room.
+// Ends the refusal of a typed character, once the lines and the caret are what they were before. A character
+// of two halves goes as a whole, whichever of them has no room.
 void GEdit::TakeBack(UINT nOffset)
 {
     const wchar_t ch = CharAt(nOffset);
-    const bool fSecondHalf = IS_LOW_SURROGATE(ch) && nOffset > 0 && IS_HIGH_SURROGATE(CharAt(nOffset - 1));
     m_chRefused = IS_HIGH_SURROGATE(ch) ? ch : L'\0';
-    RemoveChar(LineHolding(nOffset), nOffset);
-    if (fSecondHalf) {
-        --nOffset;
-        RemoveChar(LineHolding(nOffset), nOffset);
+    m_strText.Delete(nOffset, 1);
+    m_nSettled = 0;
+    if (IS_LOW_SURROGATE(ch) && nOffset > 0 && IS_HIGH_SURROGATE(CharAt(nOffset - 1))) {
+        RemoveChar(LineHolding(nOffset - 1), nOffset - 1);
+        PutCaretAt(nOffset - 1);
     }
-    PutCaretAt(nOffset);
-    if (Frame::Style(*this) & (ES_MULTILINE | ES_AUTOHSCROLL)) {
+    if (WrapsWhenTyped()) {
         RepairLines();
     }
 }

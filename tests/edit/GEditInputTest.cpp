@@ -187,6 +187,9 @@ TEST_F(GEditInputTest, FieldWithoutScrollingRefusesWhatDoesNotFit)
     edit.Select(0, 0, 0, 3);
     Char(L'x');
     EXPECT_EQ(Now(), "x| 0,1");
+    Set(L"abcd", 0, 3);
+    Char(L'x');
+    EXPECT_EQ(Now(), "abc|d| 0,3") << "the caret stays at a wrap";
 }
 
 TEST_F(GEditInputTest, LinesBeyondTheHeightAreRefusedWithoutVerticalScrolling)
@@ -203,6 +206,9 @@ TEST_F(GEditInputTest, LinesBeyondTheHeightAreRefusedWithoutVerticalScrolling)
         EXPECT_EQ(Now(), "axya |bb cc| 0,3");
         Char(VK_RETURN);
         EXPECT_EQ(Now(), "axya |bb cc| 0,3");
+        Set(L"abcdefghij", 0, 2);
+        Char(L'x');
+        EXPECT_EQ(Now(), "abcde|fghij| 0,2") << "no line ends elsewhere than before";
         DestroyWindow(edit);
     }
     Make(5, 2, MULTILINE);
