@@ -4,16 +4,29 @@
 
 #include <gesso/api.h>
 
+struct CertText
+{
+    HFONT hFont;
+    COLORREF cr;
+    LPCWSTR psz; // not copied
+    RECT rc;
+};
+
+struct CertIcon
+{
+    HICON hIcon;
+    int x, y;
+};
+
 // What the dialog paints besides its bands: a text or an icon.
 struct CertElement
 {
     UINT uKind; // KIND_
-    HFONT hFont;
-    COLORREF cr;
-    LPCWSTR pszText;
-    RECT rc;
-    HICON hIcon;
-    int x, y;
+    union
+    {
+        CertText text;
+        CertIcon icon;
+    };
 };
 
 namespace gesso {

@@ -1,5 +1,6 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/Lifeline.h>
 
 constinit HWND GDialog::s_hActiveDlg = nullptr;
 
@@ -9,7 +10,8 @@ GDialog::GDialog(LPCWSTR pszName) : m_template(pszName) {}
 
 GDialog::~GDialog()
 {
-    if (reinterpret_cast<GDialog*>(GetWindowLongPtrW(m_hWnd, DWLP_USER)) == this) {
+    // To ask about no window would write over the last error of one that could not be made.
+    if (m_hWnd && reinterpret_cast<GDialog*>(GetWindowLongPtrW(m_hWnd, DWLP_USER)) == this) {
         SetWindowLongPtrW(m_hWnd, DWLP_USER, 0);
     }
 }
@@ -17,21 +19,26 @@ GDialog::~GDialog()
 int GDialog::Create(HWND hwndParent, HINSTANCE hInstance)
 {
     // The resource's module is the host's choice; the dialog belongs to the host's program.
-    m_hWnd = Start(hwndParent, GetModuleHandleW(nullptr), gesso::LoadDialogTemplate(hInstance, m_template));
+    Start(hwndParent, GetModuleHandleW(nullptr), gesso::LoadDialogTemplate(hInstance, m_template));
     return 1;
 }
 
 int GDialog::CreateIndirect(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
 {
-    m_hWnd = Start(hwndParent, hInstance, pTemplate);
+    Start(hwndParent, hInstance, pTemplate);
     return 1;
 }
 
-HWND GDialog::Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
+void GDialog::Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
 {
-    return pTemplate ? IsolationAwareCreateDialogIndirectParamW(
-                           hInstance, pTemplate, hwndParent, GetDialogProc(), reinterpret_cast<LPARAM>(this))
-                     : nullptr;
+    const gesso::Lifeline life(*this);
+    const HWND hwnd =
+        pTemplate ? IsolationAwareCreateDialogIndirectParamW(hInstance, pTemplate, hwndParent,
+                                                             GetDialogProc(), reinterpret_cast<LPARAM>(this))
+                  : nullptr;
+    if (life) { // the procedure may have deleted the object
+        m_hWnd = hwnd;
+    }
 }
 
 int GDialog::Destroy()

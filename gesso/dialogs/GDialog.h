@@ -53,5 +53,5 @@ protected:
     LPCWSTR m_template = nullptr; // an id or a name, as for FindResourceW; null for none
 
 private:
-    HWND Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate);
+    void Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate);
 };

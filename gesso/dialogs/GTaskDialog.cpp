@@ -285,15 +285,16 @@ LRESULT GTaskDialog::OnInitDialog()
     MakeButtons();
     // The buttons may have widened the dialog.
     CalculateFooter(&m_rcFooter);
-    if (GetWindowLongW(m_hWnd, GWL_STYLE) & DS_CENTER) {
-        RECT rc{};
-        GetWindowRect(m_hWnd, &rc);
-        gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd), {rc.right - rc.left, rc.bottom - rc.top});
-    }
     for (const CommonButton& common : COMMON_BUTTONS) {
         if (m_pConfig->dwDefaultButton == common.dwBit && (m_pConfig->dwCommonButtons & common.dwBit)) {
             SendMessageW(m_hWnd, DM_SETDEFID, static_cast<WPARAM>(common.nId), 0);
         }
+    }
+    // Last, since it makes the owner inactive, which may end the dialog then.
+    if (GetWindowLongW(m_hWnd, GWL_STYLE) & DS_CENTER) {
+        RECT rc{};
+        GetWindowRect(m_hWnd, &rc);
+        gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd), {rc.right - rc.left, rc.bottom - rc.top});
     }
     return 1;
 }

@@ -4,6 +4,7 @@
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <utility>
@@ -99,29 +100,34 @@ void GWizard::ActivatePage(UINT nIndex)
     if (!GetPage(nIndex) || !m_pBack) {
         return;
     }
-    const HWND hwnd = m_hWnd;
+    // A page may end the dialog in its answer, delete the wizard, or activate another page.
+    const gesso::Lifeline life(*this);
+    const auto isThere = [&life, hwnd = m_hWnd] { return life && IsWindow(hwnd); };
     const HWND hwndFormer = GetFocus();
-    // A page may end the dialog in its answer, or activate another page.
-    if (m_nCurrent != NO_PAGE && (!Ask(m_nCurrent, WZN_KILLACTIVE) || !IsWindow(hwnd))) {
+    if (m_nCurrent != NO_PAGE && (!Ask(m_nCurrent, WZN_KILLACTIVE) || !isThere())) {
+        return;
+    }
+    if (const stcPage* pCurrent = GetPage(m_nCurrent)) {
+        Show(pCurrent->hwnd, false);
+    }
+    if (!isThere()) {
         return;
     }
     SwitchButtons(nIndex);
     const HWND hwndFocus = GetFocus();
     Ask(nIndex, WZN_SETACTIVE);
-    const stcPage* pNew = GetPage(nIndex);
-    if (IsWindow(hwnd) && m_nCurrent == nIndex && pNew) {
-        Show(pNew->hwnd, true);
-        if (GetFocus() == hwndFocus) { // or else the page chose
-            KeepFocus(hwndFormer, *pNew);
-        }
+    if (!isThere() || m_nCurrent != nIndex || !GetPage(nIndex)) {
+        return;
+    }
+    const stcPage& page = *GetPage(nIndex);
+    Show(page.hwnd, true);
+    if (isThere() && GetFocus() == hwndFocus) { // or else the page chose
+        KeepFocus(hwndFormer, page);
     }
 }
 
 void GWizard::SwitchButtons(UINT nIndex)
 {
-    if (const stcPage* pCurrent = GetPage(m_nCurrent)) {
-        Show(pCurrent->hwnd, false);
-    }
     if (m_nCurrent != NO_PAGE && IsLast(m_nCurrent)) {
         m_pFinish->SetVisible(0);
         m_pNext->SetVisible(1);
@@ -212,11 +218,17 @@ DLGPROC GWizard::GetDialogProc()
 
 int GWizard::OnInitDialog()
 {
+    const gesso::Lifeline life(*this);
     GetClientRect(m_hWnd, &m_rcClient);
     const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, FOOTER_UNITS).bottom;
     m_hTheme.Reset(OpenThemeData(m_hWnd, L"AEROWIZARD"));
     MakePages();
-    FitFirstPage(cyFooter);
+    if (life) {
+        FitFirstPage(cyFooter);
+    }
+    if (!life) {
+        return 1;
+    }
     m_rcFooter = {m_rcClient.left, m_rcClient.bottom - cyFooter, m_rcClient.right, m_rcClient.bottom};
     MakeButtons();
     SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig ? m_pConfig->nDefaultId : 0, 0);
@@ -226,7 +238,9 @@ int GWizard::OnInitDialog()
 
 void GWizard::MakePages()
 {
-    for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
+    const gesso::Lifeline life(*this);
+    const POINT ptPage{m_rcClient.left, m_rcClient.top};
+    for (UINT i = 0; life && i < m_aPages.GetLength(); ++i) {
         stcPage& page = *m_aPages[i];
         const DLGTEMPLATE* pTemplate = gesso::LoadDialogTemplate(page.hInstance, page.pszTemplate);
         page.hwnd = pTemplate ? IsolationAwareCreateDialogIndirectParamW(GetModuleHandleW(nullptr), pTemplate,
@@ -234,7 +248,7 @@ void GWizard::MakePages()
                               : nullptr;
         Show(page.hwnd, false);
         const SIZE size = WindowSize(page.hwnd);
-        SetWindowPos(page.hwnd, nullptr, m_rcClient.left, m_rcClient.top, size.cx, size.cy, SWP_FRAMECHANGED);
+        SetWindowPos(page.hwnd, nullptr, ptPage.x, ptPage.y, size.cx, size.cy, SWP_FRAMECHANGED);
     }
 }
 
@@ -324,8 +338,11 @@ void GWizard::Draw(HDC hdc)
 
 int GWizard::OnFinish()
 {
+    const gesso::Lifeline life(*this);
     const HWND hwnd = m_hWnd;
-    if (Ask(m_nCurrent, WZN_KILLACTIVE) && IsWindow(hwnd) && Ask(m_nCurrent, WZN_FINISH) && IsWindow(hwnd)) {
+    if (Ask(m_nCurrent, WZN_KILLACTIVE) && life && IsWindow(hwnd) && Ask(m_nCurrent, WZN_FINISH) &&
+        IsWindow(hwnd))
+    {
         EndDialog(hwnd, WZB_FINISH);
     }
     return 1;
@@ -357,9 +374,13 @@ void GWizard::OnActivate() {}
 
 int GWizard::OnDestroy()
 {
+    const gesso::Lifeline life(*this);
     m_hTheme.Reset();
-    for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
+    for (UINT i = 0; life && i < m_aPages.GetLength(); ++i) {
         DestroyWindow(m_aPages[i]->hwnd);
+    }
+    if (!life) {
+        return 1;
     }
     for (GButton* pButton : {static_cast<GButton*>(m_pFinish), static_cast<GButton*>(m_pCancel),
                              static_cast<GButton*>(m_pNext), static_cast<GButton*>(m_pBack)})

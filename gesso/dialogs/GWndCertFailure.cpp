@@ -89,19 +89,21 @@ void GWndCertFailure::DrawElements(HDC hdc) const
     for (UINT i = 0; i < m_aElements.GetLength(); ++i) {
         const auto& element = *static_cast<const CertElement*>(m_aElements[i]);
         if (element.uKind == gesso::KIND_ICON) {
-            DrawIconEx(hdc, element.x, element.y, element.hIcon, 0, 0, 0, nullptr, DI_NORMAL);
+            const CertIcon& icon = element.icon;
+            DrawIconEx(hdc, icon.x, icon.y, icon.hIcon, 0, 0, 0, nullptr, DI_NORMAL);
             continue;
         }
-        if (element.hFont != hFont) {
-            hFont = element.hFont;
+        const CertText& text = element.text;
+        if (text.hFont != hFont) {
+            hFont = text.hFont;
             SelectObject(hdc, hFont);
         }
-        if (element.cr != cr) {
-            cr = element.cr;
+        if (text.cr != cr) {
+            cr = text.cr;
             SetTextColor(hdc, cr);
         }
-        RECT rc = element.rc;
-        DrawTextW(hdc, element.pszText, -1, &rc, DT_WORDBREAK);
+        RECT rc = text.rc;
+        DrawTextW(hdc, text.psz, -1, &rc, DT_WORDBREAK);
     }
 }
 

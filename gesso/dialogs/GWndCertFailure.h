@@ -10,7 +10,7 @@
 
 class GButton;
 class GCheckBox;
-struct CertElement;
+struct CertElement; // CertContent.h
 
 // Severities.
 constexpr DWORD CFT_SECURE = 0;
@@ -50,6 +50,7 @@ public:
                                           const GWNDCERTFAILURECONFIG* pConfig);
 
     DLGPROC GetDialogProc() override;
+    // Draws the dialog at the origin of a context.
     void Draw(HDC hdc);
 
     static INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);

@@ -87,7 +87,7 @@ DWORD Blend(DWORD crLeft, DWORD crRight, int nShift, int x, int nSteps)
 
 void GWndCertFailure::AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc)
 {
-    m_aElements.Add(new CertElement{KIND_TEXT, hFont, cr, psz, rc, nullptr, 0, 0});
+    m_aElements.Add(new CertElement{KIND_TEXT, {.text = {hFont, cr, psz, rc}}});
 }
 
 HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
@@ -101,7 +101,7 @@ HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
 
 void GWndCertFailure::AddIcon(HICON hIcon, int x, int y)
 {
-    m_aElements.Add(new CertElement{KIND_ICON, nullptr, 0, nullptr, {}, hIcon, x, y});
+    m_aElements.Add(new CertElement{KIND_ICON, {.icon = {hIcon, x, y}}});
 }
 
 int GWndCertFailure::OnInitDialog()
@@ -127,12 +127,13 @@ int GWndCertFailure::OnInitDialog()
         PlaceQuestion(layout);
     }
     PlaceButtons(layout);
-    FitWindow(layout);
     m_rcHeader.right = layout.cxClient;
     MakeGradient();
     RestoreDC(hdc, nSaved);
     ReleaseDC(m_hWnd, hdc);
     SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->dwType == CFT_INVALID ? IDOK : IDYES, 0);
+    // Last, since it makes the owner inactive, which may end the dialog then.
+    FitWindow(layout);
     return 1;
 }
 

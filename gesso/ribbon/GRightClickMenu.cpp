@@ -4,6 +4,7 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/ribbon/GRightClickMenu.h>
@@ -51,11 +52,15 @@ ATOM GRightClickMenu::IsolationAwareRegisterClassW()
 
 HWND GRightClickMenu::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId)
 {
+    const gesso::Lifeline life(*this);
     // The parameter is this object itself and no tag, so that the window makes an object of its own.
-    m_hWnd = IsolationAwareCreateWindowExW(
+    const HWND hwnd = IsolationAwareCreateWindowExW(
         0, MAKEINTRESOURCEW(IsolationAwareRegisterClassW()), nullptr, WS_POPUP | WS_VISIBLE | WS_BORDER, x, y,
         cx, cy, hwndParent, reinterpret_cast<HMENU>(static_cast<LONG_PTR>(nId)), nullptr, this);
-    return m_hWnd;
+    if (life) { // the owner, no longer active, may have deleted the object
+        m_hWnd = hwnd;
+    }
+    return hwnd;
 }
 
 int GRightClickMenu::Destroy()

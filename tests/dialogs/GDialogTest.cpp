@@ -143,15 +143,19 @@ TEST_F(GDialogTest, GetTextTellsAFilledBufferFromOneWithRoom)
 
 TEST_F(GDialogTest, WindowOutlivesItsObject)
 {
-    HWND hDlg = nullptr;
-    {
-        HostDialog dialog(EMPTY_TEMPLATE);
-        dialog.Create(host, LibraryModule());
-        hDlg = dialog;
+    for (const bool fAtInit : {false, true}) {
+        HWND hDlg = nullptr;
+        auto* pDialog = new HostDialog(EMPTY_TEMPLATE);
+        pDialog->onInit = [&] {
+            hDlg = *pDialog;
+            fAtInit ? delete pDialog : void();
+        };
+        pDialog->Create(host, LibraryModule());
+        fAtInit ? void() : delete pDialog;
+        ASSERT_TRUE(IsWindow(hDlg));
+        SendMessageW(hDlg, WM_COMMAND, IDOK, 0);
+        EXPECT_TRUE(DestroyWindow(hDlg));
     }
-    ASSERT_TRUE(IsWindow(hDlg));
-    SendMessageW(hDlg, WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(DestroyWindow(hDlg));
 }
 
 TEST_F(GDialogTest, FindsItsControls)

@@ -1,3 +1,4 @@
+#include "../support/Interception.h"
 #include "RibbonTestSupport.h"
 
 #include <gesso/ribbon/GRightClickMenu.h>
@@ -119,6 +120,16 @@ TEST(GRightClickMenu, KillEndsItWithoutAChoice)
     EXPECT_FALSE(IsWindow(hwnd));
     EXPECT_TRUE(IsWindowVisible(host));
     EXPECT_EQ(host.TakeReports(), Reports{});
+}
+
+TEST(GRightClickMenu, TheOwnerMayDeleteItsObjectWhileTheWindowIsMade)
+{
+    Host host;
+    auto* pMenu = new GRightClickMenu;
+    const test::Interception inactive(host, WM_ACTIVATE, [pMenu] { delete pMenu; });
+    const HWND hwnd = pMenu->Create(100, 100, 120, 90, host, 0);
+    EXPECT_TRUE(inactive.Happened());
+    EXPECT_TRUE(DestroyWindow(hwnd));
 }
 
 TEST(GRightClickMenu, TheOwnerMayDestroyTheMenuOrItsObjectInTheCommand)

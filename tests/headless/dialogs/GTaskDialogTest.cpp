@@ -82,11 +82,15 @@ TEST_F(GTaskDialogTest, AnswersByMouseKeyboardAndCloseBox)
     EXPECT_EQ(Box(MB_OK, [](HWND hDlg) { PostMessageW(hDlg, WM_CLOSE, 0, 0); }), static_cast<UINT>(IDCANCEL));
 }
 
-TEST_F(GTaskDialogTest, OwnerIsDisabledMeanwhileAndActiveAfter)
+TEST_F(GTaskDialogTest, IsActiveUnlessTheForegroundGoesAndItsOwnerIsDisabledMeanwhile)
 {
     Box(MB_OK, [this](HWND hDlg) {
         EXPECT_FALSE(IsWindowEnabled(Parent()));
         EXPECT_EQ(GetActiveWindow(), hDlg);
+        desk::SwitchAway();
+        EXPECT_EQ(GDialog::s_hActiveDlg, nullptr);
+        SetForegroundWindow(hDlg);
+        EXPECT_EQ(GDialog::s_hActiveDlg, hDlg);
         desk::TypeKey(VK_ESCAPE);
     });
     EXPECT_TRUE(IsWindowEnabled(Parent()));
@@ -184,25 +188,15 @@ TEST_F(GTaskDialogTest, InnerDialogGivesTheKeyboardBackToTheOuter)
     EXPECT_EQ(uOuter, static_cast<UINT>(IDYES));
 }
 
-TEST_F(GTaskDialogTest, LosingTheForegroundLeavesNoDialogActive)
-{
-    Box(MB_OK, [](HWND hDlg) {
-        desk::SwitchAway();
-        EXPECT_EQ(GDialog::s_hActiveDlg, nullptr);
-        SetForegroundWindow(hDlg);
-        EXPECT_EQ(GDialog::s_hActiveDlg, hDlg);
-        desk::TypeKey(VK_ESCAPE);
-    });
-}
-
 TEST_F(GTaskDialogTest, DialogThatCannotRunGivesMinusOne)
 {
-    desk::Fail("DialogBoxIndirectParamW", 2);
+    desk::Fail("DialogBoxIndirectParamW", 2, ERROR_ACCESS_DENIED);
     EXPECT_EQ(GTaskDialog::MessageBoxW(Parent(), L"text", nullptr, MB_ICONERROR), static_cast<UINT>(-1));
     UINT uButton = 0;
     EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialog(Parent(), nullptr, nullptr, nullptr, nullptr,
                                                     TDCBF_OK_BUTTON, nullptr, &uButton),
               E_FAIL);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
     EXPECT_EQ(uButton, static_cast<UINT>(-1));
 }
 

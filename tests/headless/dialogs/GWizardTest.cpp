@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 namespace desk = gesso::headless;
@@ -22,7 +24,7 @@ struct PageScript
     Lines heard;
     bool fAllowLeave = true;
     bool fAllowFinish = true;
-    // Called for WM_INITDIALOG and for each notification's code, with the page's window.
+    // Called for each message, or its code if it asks the page, with the page's window.
     std::function<void(UINT, HWND)> onMessage;
 };
 constinit PageScript* s_pScript = nullptr;
@@ -36,7 +38,7 @@ INT_PTR CALLBACK PageProc(HWND hwnd, UINT uMsg, WPARAM, LPARAM lParam)
         s_pScript->heard.push_back(std::to_string(notify.hdr.code));
         notify.nResult = notify.hdr.code == WZN_FINISH ? s_pScript->fAllowFinish : s_pScript->fAllowLeave;
     }
-    if (s_pScript->onMessage && (fAsked || uMsg == WM_INITDIALOG)) {
+    if (s_pScript->onMessage) {
         // A copy, since it may put another in its own place.
         const auto act = s_pScript->onMessage;
         act(fAsked ? reinterpret_cast<const NMHDR*>(lParam)->code : uMsg, hwnd);
@@ -158,6 +160,10 @@ TEST_F(GWizardTest, WalksItsPagesAndFinishes)
                             "1: Back Next Cancel"}));
     EXPECT_EQ(script.heard, (Lines{"2024", "2025", "2024", "2025", "2024", "2025", "2024", "2025", "2024",
                                    "2025", "2026"}));
+    wizard.RemovePage(2);
+    wizard.RemovePage(1);
+    Run({look, Command(WZB_CANCEL)});
+    EXPECT_EQ(shown.back(), "0: (Back) Done Cancel") << "a single page is the last one as well";
 }
 
 TEST_F(GWizardTest, PageThatRefusesStaysAndCancelAsksNobody)
@@ -205,14 +211,6 @@ TEST_F(GWizardTest, MessagesSetAndTellThePageAndTheButtons)
     }});
 }
 
-TEST_F(GWizardTest, SinglePageShowsFinishAtOnce)
-{
-    AddPages(1);
-    std::string buttons;
-    Run({[&](HWND hDlg) { buttons = Buttons(hDlg); }, Command(WZB_CANCEL)});
-    EXPECT_EQ(buttons, "(Back) Done Cancel");
-}
-
 TEST_F(GWizardTest, WithoutPagesOrWithAMissingTemplateNothingBreaks)
 {
     EXPECT_EQ(Run({Command(WZB_NEXT), Command(WZB_CANCEL)}), static_cast<INT_PTR>(WZB_CANCEL));
@@ -232,18 +230,17 @@ TEST_F(GWizardTest, WithoutPagesOrWithAMissingTemplateNothingBreaks)
 TEST_F(GWizardTest, DialogFitsItsFirstPageAndTheFooter)
 {
     AddPages(2);
-    RECT rc{};
-    Lines controls;
     Run({[&](HWND hDlg) {
+             RECT rc{};
              GetClientRect(hDlg, &rc);
-             controls = test::Controls(hDlg);
+             EXPECT_EQ(rc.right, 315);
+             EXPECT_EQ(rc.bottom, 169 + 53);
+             EXPECT_EQ(test::Controls(hDlg),
+                       (Lines{"0 'Test' (0,0,315,169)", "0 'Test' (0,0,315,169)",
+                              "1 'Done' (125,182,213,208)", "2 'Cancel' (220,182,308,208)",
+                              "4 'Next' (125,182,213,208)", "8 'Back' (30,182,118,208)"}));
          },
          Command(WZB_CANCEL)});
-    EXPECT_EQ(rc.right, 315);
-    EXPECT_EQ(rc.bottom, 169 + 53);
-    EXPECT_EQ(controls, (Lines{"0 'Test' (0,0,315,169)", "0 'Test' (0,0,315,169)",
-                               "1 'Done' (125,182,213,208)", "2 'Cancel' (220,182,308,208)",
-                               "4 'Next' (125,182,213,208)", "8 'Back' (30,182,118,208)"}));
 }
 
 TEST_F(GWizardTest, KeyboardStaysInTheWizardWhenItsButtonsGo)
@@ -327,24 +324,31 @@ TEST_F(GWizardTest, PageThatSendsTheUserOnIsNotShownItself)
 TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
 {
     AddPages(3);
-    for (const UINT uCode : {UINT{WM_INITDIALOG}, WZN_SETACTIVE, WZN_KILLACTIVE, WZN_FINISH}) {
-        for (const bool fDestroy : {false, true}) {
+    std::unique_ptr<TestWizard> own;
+    const auto hwnd = [&] { return own ? own->GetHwnd() : nullptr; };
+    for (const UINT uCode : {UINT{WM_INITDIALOG}, UINT{WM_SHOWWINDOW}, WZN_SETACTIVE, WZN_KILLACTIVE,
+                             WZN_FINISH, UINT{WM_DESTROY}})
+    {
+        for (const auto& [fDestroy, fDelete] : {std::pair{false, false}, {true, false}, {false, true}}) {
+            own = std::make_unique<TestWizard>(wizard);
+            HWND hDlg = nullptr;
             script.onMessage = [&](UINT uNow, HWND hwndPage) {
                 if (uNow == uCode) {
                     script.onMessage = nullptr;
-                    fDestroy ? DestroyWindow(GetParent(hwndPage)) : EndDialog(GetParent(hwndPage), 77);
+                    hDlg = GetParent(hwndPage);
+                    fDestroy ? DestroyWindow(hDlg) : EndDialog(hDlg, 77);
+                    fDelete ? own.reset() : void();
                 }
             };
-            desk::WhenIdle([&] { SendMessageW(wizard, WM_COMMAND, WZB_NEXT, 0); });
-            desk::WhenIdle([&] { SendMessageW(wizard, WM_COMMAND, WZB_FINISH, 0); });
-            const INT_PTR nResult = wizard.DoModal(Parent(), nullptr);
-            if (!fDestroy && uCode != WZN_FINISH) {
+            desk::WhenIdle([&] { SendMessageW(hwnd(), WM_COMMAND, WZB_NEXT, 0); });
+            desk::WhenIdle([&] { SendMessageW(hwnd(), WM_COMMAND, WZB_FINISH, 0); });
+            const INT_PTR nResult = own->DoModal(Parent(), nullptr);
+            if (!fDestroy && !fDelete && uCode < WZN_FINISH && uCode != WM_DESTROY) {
                 EXPECT_EQ(nResult, 77) << uCode;
             }
-            EXPECT_FALSE(IsWindow(wizard)) << uCode;
+            EXPECT_TRUE(hDlg && !IsWindow(hDlg)) << uCode;
             EXPECT_TRUE(IsWindowEnabled(Parent())) << uCode;
             desk::Pump();
-            desk::ClearFaults();
         }
     }
 }

@@ -3,6 +3,7 @@
 #include <gesso/controls/GCheckBox.h>
 #include <gesso/dialogs/GWndCertFailure.h>
 
+#include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
 #include <gtest/gtest.h>
@@ -114,6 +115,7 @@ TEST_F(GWndCertFailureTest, EverythingStandsWhereItBelongs)
 {
     Lines drawn, controls;
     Run(CFT_SECURE, 0x22, [&](HWND hDlg) {
+        EXPECT_GT(Draw(hDlg, "BitBlt (0,").size(), 20u) << "one row of gradient, repeated";
         drawn = Draw(hDlg, "D");
         controls = test::Controls(hDlg);
         EndDialog(hDlg, 0);
@@ -180,24 +182,17 @@ TEST_F(GWndCertFailureTest, FailuresToRunAreReported)
     const auto run = [&](DWORD dwType) {
         return GWndCertFailure::WndCertFailure(&dwResult, Parent(), nullptr, nullptr, dwType, 0, L"", L"");
     };
-    desk::Fail("FindResourceW", 1, ERROR_RESOURCE_NAME_NOT_FOUND);
-    EXPECT_EQ(run(CFT_SECURE), HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND));
-    EXPECT_EQ(dwResult, 99u);
+    for (const char* pszOperation : {"FindResourceW", "LoadResource"}) {
+        desk::Fail(pszOperation, 1, ERROR_RESOURCE_NAME_NOT_FOUND);
+        EXPECT_EQ(run(CFT_SECURE), HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND));
+        EXPECT_EQ(dwResult, 99u);
+    }
     const bool fFormer = gesso::SetMisuseStops(false);
     EXPECT_EQ(run(3), E_INVALIDARG);
     gesso::SetMisuseStops(fFormer);
     desk::Fail("DialogBoxIndirectParamW");
     EXPECT_EQ(run(CFT_SECURE), E_FAIL);
     EXPECT_EQ(dwResult, static_cast<DWORD>(-1));
-}
-
-TEST_F(GWndCertFailureTest, HeaderIsOneRowOfGradientRepeated)
-{
-    Run(CFT_SECURE, 0, [](HWND hDlg) {
-        const Lines rows = Draw(hDlg, "BitBlt (0,");
-        EXPECT_GT(rows.size(), 20u);
-        EndDialog(hDlg, 0);
-    });
 }
 
 TEST_F(GWndCertFailureTest, RunsAndLeavesNothingBehindWhateverFails)
@@ -212,11 +207,14 @@ TEST_F(GWndCertFailureTest, RunsAndLeavesNothingBehindWhateverFails)
         EXPECT_EQ(Run(CFT_UNTRUSTED, 0x7FF, Command(IDYES)), static_cast<DWORD>(IDYES)) << pszOperation;
         desk::ClearFaults();
     }
-    DWORD dwResult = 99;
-    desk::Fail("LoadResource", 1, ERROR_RESOURCE_DATA_NOT_FOUND);
-    EXPECT_EQ(GWndCertFailure::WndCertFailure(&dwResult, Parent(), nullptr, nullptr, CFT_SECURE, 0, L"", L""),
-              HRESULT_FROM_WIN32(ERROR_RESOURCE_DATA_NOT_FOUND));
-    EXPECT_EQ(dwResult, 99u);
+}
+
+TEST_F(GWndCertFailureTest, OwnerMayEndItAsSoonAsItStandsAtItsPlace)
+{
+    const test::Interception inactive(Parent(), WM_ACTIVATE,
+                                      [] { DestroyWindow(desk::TopLevelWindows()[0]); });
+    GWndCertFailure::WndCertFailure(nullptr, Parent(), nullptr, nullptr, CFT_UNTRUSTED, 0x7FF, L"", L"");
+    EXPECT_TRUE(inactive.Happened());
 }
 
 TEST_F(GWndCertFailureTest, CopyDrawsTheSameAndOwnsNothing)
