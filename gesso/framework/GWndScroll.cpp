@@ -2,6 +2,7 @@
 
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 
 #include <utility>
@@ -93,7 +94,8 @@ void GWndScroll::SetScrollInfo(int nBar, const SCROLLINFO* psi)
     const Bar bar = BarOf(nBar);
     Update(bar.si, bar.dwFlags, *psi);
     // The platform may show or hide its bar, which changes the window's style and comes back as
-    // WM_NCCALCSIZE.
+    // WM_NCCALCSIZE and WM_NCPAINT: in the corner between two bars the parent draws, and may destroy the
+    // control.
     ::SetScrollInfo(m_hWnd, nBar, psi, FALSE);
 }
 
@@ -117,7 +119,11 @@ int GWndScroll::SetScrollInfo(int nBar, const SCROLLINFO* psi, int bRedraw)
     }
     const Bar bar = BarOf(nBar);
     const DWORD dwFormer = bar.dwFlags;
+    const gesso::Lifeline life(*this);
     SetScrollInfo(nBar, psi);
+    if (!life) {
+        return 0;
+    }
     if (bRedraw) {
         Redraw(bar.dwFlags != dwFormer, nBar);
     }
@@ -128,9 +134,12 @@ void GWndScroll::SetScrollInfo(const SCROLLINFO* psiH, const SCROLLINFO* psiV, i
 {
     const DWORD dwFormerH = m_dwHStyle;
     const DWORD dwFormerV = m_dwVStyle;
+    const gesso::Lifeline life(*this);
     SetScrollInfo(SB_HORZ, psiH);
-    SetScrollInfo(SB_VERT, psiV);
-    if (bRedraw) {
+    if (life) {
+        SetScrollInfo(SB_VERT, psiV);
+    }
+    if (life && bRedraw) {
         Redraw(m_dwHStyle != dwFormerH || m_dwVStyle != dwFormerV, SB_BOTH);
     }
 }

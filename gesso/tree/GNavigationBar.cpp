@@ -1,6 +1,7 @@
 // How a navigation bar comes to life and goes, its sizes, and its messages.
 
 #include <gesso/framework/Library.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/tree/GNavigationBar.h>
 
 #include <algorithm>
@@ -38,19 +39,26 @@ LRESULT GNavigationBar::OnSetFont(HFONT hFont, UINT uRedraw)
 
 // --- Sizes
 
-void GNavigationBar::RowsChanged()
+bool GNavigationBar::RowsChanged()
 {
-    UpdateScrollbars();
+    if (!UpdateScrollbars()) {
+        return false;
+    }
     RedrawAll();
+    return true;
 }
 
-void GNavigationBar::UpdateScrollbars()
+// False where the object is gone: a bar that comes or goes repaints the frame, in whose corner the parent
+// draws.
+bool GNavigationBar::UpdateScrollbars()
 {
+    const gesso::Lifeline life(*this);
     if (m_hWnd) {
         RECT rc{};
         GetClientRect(m_hWnd, &rc);
         CalcScrollbars(rc.bottom + (m_dwHStyle & GSB_HIDDEN ? GetSystemMetrics(SM_CYHSCROLL) : 0));
     }
+    return life;
 }
 
 void GNavigationBar::CalcScrollbars(int nPage)
@@ -89,9 +97,12 @@ LRESULT GNavigationBar::OnDestroy()
     return 0;
 }
 
+// Without rows the bar stays hidden, as it was made.
 LRESULT GNavigationBar::OnSize()
 {
-    UpdateScrollbars();
+    if (m_aVisible.GetLength() > 0) {
+        UpdateScrollbars();
+    }
     return 0;
 }
 

@@ -213,11 +213,11 @@ private:
     NavigationBarItem* ItemOf(void* hItem) const;
     NavigationBarItem* ItemOrNone(void* hItem) const;
     UINT RowForNew(const NavigationBarItem& item) const;
-    void ItemInserted(const NavigationBarItem& item, bool fShown);
-    void RowsChanged();
+    void ItemInserted(bool fShown);
+    bool RowsChanged();
     void FindSelectedRow();
     void SelectRow(UINT row);
-    void UpdateScrollbars();
+    bool UpdateScrollbars();
     void RedrawAll();
     bool AskExpansion(UINT* pRow, UINT uAction);
     LRESULT SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const;

@@ -1,6 +1,7 @@
 // How a tree comes to life and goes, its sizes, and its messages.
 
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/ThemeFont.h>
 #include <gesso/tree/GTree.h>
 #include <gesso/tree/TreeCells.h>
@@ -18,12 +19,13 @@ namespace {
 
 constexpr int TEXT_ROOM = 1000; // of a text that is measured: a single line takes what it needs
 
-// Whether a bar has a range and page already, so that setting them again would change nothing.
-bool IsSet(const SCROLLINFO& si, DWORD dwFlags, const SCROLLINFO& siNew)
+// Whether a bar has a range and page already, so that setting them again would change nothing. The platform
+// limits a page otherwise than the bar does, so that the one that both were given must be the same.
+bool IsSet(const SCROLLINFO& si, DWORD dwFlags, const SCROLLINFO& siNew, UINT nPageGiven)
 {
     const int nPage = std::min(static_cast<int>(siNew.nPage), siNew.nMax);
     return si.nMin == 0 && si.nMax == siNew.nMax && static_cast<int>(si.nPage) == nPage &&
-           !(dwFlags & (GSB_HIDDEN | GSB_DISABLED));
+           siNew.nPage == nPageGiven && !(dwFlags & (GSB_HIDDEN | GSB_DISABLED));
 }
 
 } // namespace
@@ -35,13 +37,7 @@ GTree::GTree() : m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
     m_pRoot->uState = TIS_EXPANDED;
 }
 
-// Of what the window has not released already, the object releases what it made itself.
-GTree::~GTree()
-{
-    if (m_owner) {
-        ReleaseFont();
-    }
-}
+GTree::~GTree() = default;
 
 // --- Style and font
 
@@ -74,19 +70,23 @@ void GTree::TakeFont(HFONT hFont)
 
 void GTree::ReleaseFont()
 {
-    if (m_hFont && !(m_uTreeStyle & GTS_OWNFONT)) {
-        DeleteObject(m_hFont);
-        m_hFont = nullptr;
+    if (m_uTreeStyle & GTS_OWNFONT) {
+        return;
     }
+    if (m_hFont && m_hFont != m_hMadeFont) {
+        DeleteObject(m_hFont);
+    }
+    m_hMadeFont.Reset();
+    m_hFont = nullptr;
 }
 
 void GTree::MakeFont()
 {
-    if (!(m_uTreeStyle & GTS_OWNFONT)) {
-        gesso::ThemeHandle theme;
-        theme.Reset(OpenThemeData(m_hWnd, L"TEXTSTYLE"));
-        TakeFont(gesso::MakeThemeFont(theme, TEXT_BODYTEXT, TMT_FONT, 100));
-    }
+    gesso::ThemeHandle theme;
+    theme.Reset(OpenThemeData(m_hWnd, L"TEXTSTYLE"));
+    const HFONT hFont = gesso::MakeThemeFont(theme, TEXT_BODYTEXT, TMT_FONT, 100);
+    TakeFont(hFont);
+    m_hMadeFont.Reset(hFont);
 }
 
 LRESULT GTree::OnSetFont(HFONT hFont, UINT uRedraw)
@@ -100,12 +100,15 @@ LRESULT GTree::OnSetFont(HFONT hFont, UINT uRedraw)
 
 // --- Sizes
 
-void GTree::RowsChanged()
+bool GTree::RowsChanged()
 {
     MeasureRows();
-    UpdateScrollbars();
+    if (!UpdateScrollbars()) {
+        return false;
+    }
     FindSelectedRow();
     RedrawAll();
+    return true;
 }
 
 // A text is measured once; it is measured again when it, or the font, has changed.
@@ -133,13 +136,17 @@ void GTree::MeasureRows()
     m_nContentWidth = m_aVisible.GetLength() > 0 ? static_cast<UINT>(nWidest + nLabel) : 0;
 }
 
-void GTree::UpdateScrollbars()
+// False where the object is gone: a bar that comes or goes repaints the frame, in whose corner the parent
+// draws.
+bool GTree::UpdateScrollbars()
 {
+    const gesso::Lifeline life(*this);
     if (m_hWnd) {
         RECT rc{};
         GetClientRectNoScroll(&rc);
         CalcScrollbars(rc.right, rc.bottom);
     }
+    return life;
 }
 
 // What fits leaves its own page shorter by the other bar, and what does not is left alone: hosts know the
@@ -154,10 +161,11 @@ void GTree::CalcScrollbars(int cx, int cy)
     const int64_t nHeight = int64_t{m_aVisible.GetLength()} * m_nItemHeight;
     const SCROLLINFO siH = info(static_cast<int>(m_nContentWidth) - 1, cx, SM_CXVSCROLL);
     const SCROLLINFO siV = info(static_cast<int>(std::min<int64_t>(nHeight, INT_MAX)) - 1, cy, SM_CYHSCROLL);
-    if (!IsSet(m_siH, m_dwHStyle, siH)) {
+    const gesso::Lifeline life(*this);
+    if (!IsSet(m_siH, m_dwHStyle, siH, std::exchange(m_nPageH, siH.nPage))) {
         SetScrollInfo(SB_HORZ, &siH);
     }
-    if (!IsSet(m_siV, m_dwVStyle, siV)) {
+    if (life && !IsSet(m_siV, m_dwVStyle, siV, std::exchange(m_nPageV, siV.nPage))) {
         SetScrollInfo(SB_VERT, &siV);
     }
 }
@@ -172,7 +180,11 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
     // A bar that comes or goes sends this message again from within, with the size that the window had
     // before.
     if (!std::exchange(m_fSizing, true)) {
+        const gesso::Lifeline life(*this);
         CalcScrollbars(rc.right - rc.left, rc.bottom - rc.top);
+        if (!life) {
+            return 0;
+        }
         m_fSizing = false;
     }
     return GWndScroll::OnNcCalcSize(fValidRects, pParams);
@@ -191,6 +203,11 @@ LRESULT GTree::OnDestroy()
 {
     m_hThemeButton.Reset();
     ReleaseFont();
+    // With GTS_OWNFONT too: the font was made while the bit was set, or was given to SetFont.
+    if (m_hFont == m_hMadeFont) {
+        m_hFont = nullptr;
+    }
+    m_hMadeFont.Reset();
     return 0;
 }
 
@@ -198,7 +215,9 @@ LRESULT GTree::OnThemeChanged()
 {
     m_hTheme.Open(m_hWnd);
     m_hThemeButton.Reset(OpenThemeData(m_hWnd, L"BUTTON"));
-    MakeFont();
+    if (!(m_uTreeStyle & GTS_OWNFONT)) {
+        MakeFont();
+    }
     Invalidate(0);
     return 0;
 }

@@ -29,7 +29,7 @@
 #pragma once
 
 #include <gesso/framework/GWndScroll.h>
-#include <gesso/framework/Owned.h>
+#include <gesso/framework/OwnedHandles.h>
 #include <gesso/list/GListNotify.h>
 #include <gesso/tree/ItemRows.h>
 #include <gesso/tree/ItemTree.h>
@@ -94,7 +94,8 @@ public:
     // The tree style (GTS_), as a whole. Returns the former one; no repaint.
     virtual UINT SetTreeStyle(UINT uStyle);
     virtual UINT GetTreeStyle() const;
-    // The font stays the host's as long as GTS_OWNFONT is set. No repaint.
+    // The font stays the host's as long as GTS_OWNFONT is set. Create puts the style's own in its place. No
+    // repaint.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
     // Of a row, in pixels, 20 at first; repaints.
@@ -218,11 +219,11 @@ private:
     TreeItem* ItemOf(void* hItem) const;
     TreeItem* ItemOrNone(void* hItem) const;
     UINT RowForNew(const TreeItem& item) const;
-    void ItemInserted(const TreeItem& item, bool fShown);
-    void RowsChanged();
+    void ItemInserted(bool fShown);
+    bool RowsChanged();
     void FindSelectedRow();
     void SelectRow(UINT row);
-    void UpdateScrollbars();
+    bool UpdateScrollbars();
     void RedrawAll();
     bool AskExpansion(UINT* pRow, UINT uAction);
     LRESULT SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const;
@@ -249,6 +250,8 @@ private:
     bool StartsWith(UINT row, UINT nLength) const;
     UINT FindByPrefix(UINT rowFrom, UINT nLength) const;
 
+    gesso::FontHandle m_hMadeFont; // of the visual style
+    UINT m_nPageH = 0;             // the bars' pages as they were given, however they were limited
+    UINT m_nPageV = 0;
     bool m_fSizing = false; // in WM_NCCALCSIZE
-    gesso::OwnerMark m_owner;
 };

@@ -42,13 +42,14 @@ UINT GTree::RowForNew(const TreeItem& item) const
     return row == gesso::NO_ROW ? row : m_aVisible.SkipDeeper(row + 1, item.nLevel);
 }
 
-// An item that no row shows changes what is seen only where it gives its parent an expander.
-void GTree::ItemInserted(const TreeItem& item, bool fShown)
+void GTree::ItemInserted(bool fShown)
 {
-    const UINT rowFormer = m_nSelected;
-    UpdateScrollbars();
+    if (!UpdateScrollbars()) {
+        return;
+    }
     FindSelectedRow();
-    if (fShown || item.pParent->aChildren.GetLength() == 1 || m_nSelected != rowFormer) {
-        Invalidate(0);
+    Invalidate(0);
+    if (fShown) {
+        RedrawAll(); // the thumb too
     }
 }

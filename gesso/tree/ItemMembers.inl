@@ -144,7 +144,7 @@ void* Control::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nIm
     if (row != gesso::NO_ROW) {
         m_aVisible.Insert(row, item);
     }
-    ItemInserted(*item, row != gesso::NO_ROW);
+    ItemInserted(row != gesso::NO_ROW);
     return item;
 }
 
@@ -165,7 +165,9 @@ void Control::RemoveItem(void* hItem)
             m_pSelected = nullptr;
             m_nSelected = gesso::NO_ROW;
         }
-        UpdateScrollbars();
+        if (!UpdateScrollbars()) {
+            return;
+        }
         RedrawAll();
     }
     DeleteItem(item);
@@ -177,8 +179,9 @@ void Control::RemoveAllItems()
     m_tree.RemoveChildren(*m_pRoot, [](const Item*) {});
     m_pSelected = nullptr;
     m_nSelected = gesso::NO_ROW;
-    UpdateScrollbars();
-    RedrawAll();
+    if (UpdateScrollbars()) {
+        RedrawAll();
+    }
 }
 
 void Control::DeleteItem(Item* item)
@@ -287,8 +290,9 @@ void Control::Expand(UINT row)
     std::vector<Item*> branch;
     m_tree.AddOpenBranch(*item, Rules::EXPANDED, branch);
     m_aVisible.Insert(row + 1, branch);
-    RowsChanged();
-    SendItem(TVN_ITEMEXPANDEDW, row, TVE_EXPAND, -1, 0);
+    if (RowsChanged()) {
+        SendItem(TVN_ITEMEXPANDEDW, row, TVE_EXPAND, -1, 0);
+    }
 }
 
 // What is expanded below stays so, and comes back with the next expansion.
@@ -300,8 +304,9 @@ void Control::Collapse(UINT row)
     }
     item->uState &= ~Rules::EXPANDED;
     m_aVisible.Remove(row + 1, m_aVisible.EndOfBranch(row) - row - 1);
-    RowsChanged();
-    SendItem(TVN_ITEMEXPANDEDW, row, TVE_COLLAPSE, -1, 0);
+    if (RowsChanged()) {
+        SendItem(TVN_ITEMEXPANDEDW, row, TVE_COLLAPSE, -1, 0);
+    }
 }
 
 // Tells the parent what is to come. False where that leaves nothing to do: the parent has destroyed the

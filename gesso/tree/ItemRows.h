@@ -66,6 +66,7 @@ public:
         const Chunk& chunk = *m_chunks[ChunkOf(row)];
         return chunk.aItems[row - chunk.nFirst];
     }
+    ITEM* GetAt(UINT row) const { return (*this)[row]; }
 
     // The first row of an item; NO_ROW if it has none.
     UINT Find(ITEM* item) const

@@ -58,8 +58,9 @@ UINT Control::GetItemHeight() const
 void Control::SetItemHeight(UINT nHeight)
 {
     m_nItemHeight = nHeight;
-    UpdateScrollbars();
-    RedrawAll();
+    if (UpdateScrollbars()) {
+        RedrawAll();
+    }
 }
 
 HIMAGELIST Control::GetImageList() const

@@ -19,6 +19,7 @@ protected:
     void MakeBar(DWORD dwStyle = 0)
     {
         Make(WS_VSCROLL | dwStyle, TREE_CX, 400); // high enough for all rows
+        EXPECT_EQ(tree.GetScrollBarStyle(SB_VERT), GSB_HIDDEN) << "until there is a row";
         void* header = tree.Add(m_root, "Folders", NBIK_HEADER);
         m_mail = tree.Add(m_root, "mail", 0, header);
         m_inbox = tree.Add(m_mail, "inbox", NBIK_SUBITEM);
@@ -122,22 +123,6 @@ TEST_F(GNavigationBarTest, RemovalTakesTheRowsAndASelectionAmongThem)
     tree.RemoveItem(m_root);
     EXPECT_EQ(tree.GetItemName(m_zoo), nullptr);
     gesso::SetMisuseStops(true);
-}
-
-struct HitCase
-{
-    int x, y;
-    int item;
-    int part;
-};
-
-void ExpectHits(const Probe<GNavigationBar>& bar, std::initializer_list<HitCase> cases)
-{
-    for (const HitCase& c : cases) {
-        const auto hit = bar.HitAt(c.x, c.y);
-        EXPECT_EQ(static_cast<int>(hit.nItem), c.item) << c.x << "," << c.y;
-        EXPECT_EQ(hit.nPart, c.part) << c.x << "," << c.y;
-    }
 }
 
 TEST_F(GNavigationBarTest, APointHitsThePartsOfEachKindOfRow)

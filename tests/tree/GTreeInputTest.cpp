@@ -37,60 +37,42 @@ protected:
     void* b;
 };
 
-struct HitCase
-{
-    UINT style;
-    int x, y;
-    int item;
-    int part;
-};
-
 TEST_F(GTreeInputTest, APointHitsByStepsOf15WhateverIsPainted)
 {
     void* deep = tree.Add(a, "deep");
     tree.Add(deep, "deeper");
     tree.Expand(a);
-    constexpr UINT BOTH = GTS_CHECKBOXES | GTS_IMAGES;
-    const HitCase cases[] = {
-        {0, 0, 0, 0, THT_EXPANDER},
-        {0, 14, 19, 0, THT_EXPANDER},
-        {0, 15, 19, 0, THT_LABEL},
-        {0, 150, 5, 0, THT_LABEL},
-        {0, 14, 20, 1, THT_ROW},
-        {0, 15, 20, 1, THT_ROW}, // no expander there
-        {0, 30, 20, 1, THT_LABEL},
-        {0, 15, 65, 3, THT_EXPANDER},
-        {GTS_CHECKBOXES, 15, 0, 0, THT_CHECKBOX},
-        {GTS_CHECKBOXES, 29, 0, 0, THT_CHECKBOX},
-        {GTS_CHECKBOXES, 30, 0, 0, THT_LABEL},
-        {GTS_IMAGES, 15, 0, 0, THT_IMAGE},
-        {GTS_IMAGES, 30, 0, 0, THT_LABEL},
-        {BOTH, 14, 0, 0, THT_EXPANDER},
-        {BOTH, 15, 0, 0, THT_CHECKBOX},
-        {BOTH, 30, 0, 0, THT_IMAGE},
-        {BOTH, 44, 0, 0, THT_IMAGE},
-        {BOTH, 45, 0, 0, THT_LABEL},
-        {0, 5, 85, 4, THT_ROW}, // b has no children
-        {0, -1, 5, -1, THT_NOWHERE},
-        {0, 5, -1, -1, THT_NOWHERE},
-        {0, TREE_CX + 1, 5, -1, THT_NOWHERE},
-        {0, 5, TREE_CY + 1, -1, THT_NOWHERE},
-    };
-    for (const HitCase& c : cases) {
-        tree.SetTreeStyle(c.style);
-        const GTree::HitTestInfo hit = tree.HitAt(c.x, c.y);
-        EXPECT_EQ(static_cast<int>(hit.nItem), c.item) << c.x << "," << c.y << " style " << c.style;
-        EXPECT_EQ(hit.nPart, c.part) << c.x << "," << c.y << " style " << c.style;
-    }
+    ExpectHits(tree, {{0, 19, 0, THT_EXPANDER},
+                      {14, 19, 0, THT_EXPANDER},
+                      {15, 19, 0, THT_LABEL},
+                      {150, 5, 0, THT_LABEL},
+                      {14, 20, 1, THT_ROW},
+                      {15, 20, 1, THT_ROW}, // no expander there
+                      {30, 20, 1, THT_LABEL},
+                      {15, 65, 3, THT_EXPANDER},
+                      {5, 85, 4, THT_ROW}, // b has no children
+                      {-1, 5, -1, THT_NOWHERE},
+                      {5, -1, -1, THT_NOWHERE},
+                      {TREE_CX + 1, 5, -1, THT_NOWHERE},
+                      {5, TREE_CY + 1, -1, THT_NOWHERE}});
+    tree.SetTreeStyle(GTS_CHECKBOXES);
+    ExpectHits(tree, {{15, 0, 0, THT_CHECKBOX}, {29, 0, 0, THT_CHECKBOX}, {30, 0, 0, THT_LABEL}});
+    tree.SetTreeStyle(GTS_IMAGES);
+    ExpectHits(tree, {{15, 0, 0, THT_IMAGE}, {30, 0, 0, THT_LABEL}});
+    tree.SetTreeStyle(GTS_CHECKBOXES | GTS_IMAGES);
+    ExpectHits(tree, {{14, 0, 0, THT_EXPANDER},
+                      {15, 0, 0, THT_CHECKBOX},
+                      {30, 0, 0, THT_IMAGE},
+                      {44, 0, 0, THT_IMAGE},
+                      {45, 0, 0, THT_LABEL}});
     tree.SetTreeStyle(0);
     tree.Collapse(a);
-    EXPECT_EQ(tree.HitAt(5, 40).nPart, THT_ROW);
-    EXPECT_EQ(tree.HitAt(5, 40).nItem, NONE) << "below the last row";
+    ExpectHits(tree, {{5, 40, -1, THT_ROW}}); // below the last row
     const SCROLLINFO vast{sizeof(SCROLLINFO), SIF_ALL, 0, INT_MAX - 1, 0, INT_MAX, 0};
     tree.SetScrollInfo(SB_VERT, &vast, 0);
-    EXPECT_EQ(tree.HitAt(5, 40).nItem, NONE);
+    ExpectHits(tree, {{5, 40, -1, THT_ROW}});
     tree.RemoveAllItems();
-    EXPECT_EQ(tree.HitAt(5, 5).nPart, THT_NOWHERE) << "no rows at all";
+    ExpectHits(tree, {{5, 5, -1, THT_NOWHERE}});
 }
 
 TEST_F(GTreeInputTest, AClickSelectsOrTogglesOnTheRowThatWasPressed)
@@ -382,7 +364,6 @@ TEST_F(GTreeInputTest, TheSelectedRowIsBroughtIntoViewWhicheverIsGiven)
 
 TEST_F(GTreeInputTest, TheScrollRangesCountTheRowsAndTheWidestLabel)
 {
-    const int cxBar = GetSystemMetrics(SM_CXVSCROLL);
     EXPECT_EQ(tree.m_siV.nMax, 39);
     EXPECT_EQ(tree.m_siH.nMax, -1) << "nothing was measured yet";
     tree.Add(a, "a label that is far too wide for a tree of that width to show it");
@@ -404,11 +385,12 @@ TEST_F(GTreeInputTest, TheScrollRangesCountTheRowsAndTheWidestLabel)
     // What fits leaves its page shorter by a bar.
     RECT rc{};
     tree.GetClientRectNoScroll(&rc);
-    SCROLLINFO si{sizeof(SCROLLINFO), SIF_ALL, 0, 0, 0, 0, 0};
-    ASSERT_TRUE(GetScrollInfo(tree, SB_HORZ, &si));
     EXPECT_LE(tree.m_siH.nMax, rc.right);
     EXPECT_EQ(static_cast<int>(tree.m_siH.nPage),
-              std::min(tree.m_siH.nMax, static_cast<int>(rc.right) - cxBar));
+              std::min(tree.m_siH.nMax, static_cast<int>(rc.right) - GetSystemMetrics(SM_CXVSCROLL)));
+    tree.MoveWindow(0, 0, 900, 400);
+    tree.MoveWindow(0, 0, 900, tree.m_siV.nMax);
+    EXPECT_TRUE(tree.GetStyle() & WS_VSCROLL) << "one pixel of the last row is out of sight";
 }
 
 TEST_F(GTreeInputTest, AHorizontalLineIsAnItemsHeight)
@@ -510,22 +492,33 @@ TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeInEachNotification)
 
 TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeAsItDrawsBehindTheBars)
 {
-    for (const UINT uMsg : std::initializer_list<UINT>{WM_PRINTCLIENT, WM_NCPAINT}) {
+    constexpr int PRINTING = 0, PAINTING = 1, UNFOLDING = 2, SIZING = 3;
+    for (int action = PRINTING; action <= SIZING; ++action) {
         GTree* own = MakeOwnedTree(host, WS_HSCROLL | WS_VSCROLL, 60, 50);
         const HWND hwnd = own->GetHwnd();
         void* item = own->InsertItem(nullptr, nullptr, L"a label that is wider", 0, 0, nullptr);
         for (int i = 0; i < 4; ++i) {
             own->InsertItem(item, nullptr, L"and a row", 0, 0, nullptr);
         }
-        own->Expand(item);
-        ASSERT_EQ(own->GetStyle() & (WS_HSCROLL | WS_VSCROLL), WS_HSCROLL | WS_VSCROLL);
+        if (action != UNFOLDING) {
+            own->Expand(item);
+            ASSERT_EQ(own->GetStyle() & (WS_HSCROLL | WS_VSCROLL), WS_HSCROLL | WS_VSCROLL);
+        }
+        own->MoveWindow(0, 0, action == SIZING ? 900 : 60, action == SIZING ? 900 : 50);
         const Interception background(host, WM_ERASEBKGND, [&] { DestroyWindow(hwnd); });
         const HDC hdc = CreateCompatibleDC(nullptr);
-        SendMessageW(hwnd, uMsg, uMsg == WM_NCPAINT ? 1 : reinterpret_cast<WPARAM>(hdc),
-                     PRF_CLIENT | PRF_NONCLIENT);
+        switch (action) {
+        case PRINTING:
+            SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT | PRF_NONCLIENT);
+            break;
+        case PAINTING: SendMessageW(hwnd, WM_NCPAINT, 1, 0); break;
+        case UNFOLDING: own->Expand(item); break;
+        default: own->MoveWindow(0, 0, 60, 50); break;
+        }
+        DispatchAll();
         DeleteDC(hdc);
-        EXPECT_TRUE(background.Happened());
-        EXPECT_FALSE(IsWindow(hwnd));
+        EXPECT_TRUE(background.Happened()) << action;
+        EXPECT_FALSE(IsWindow(hwnd)) << action;
     }
 }
 
@@ -549,9 +542,13 @@ TEST_F(GTreeInputTest, FontsAreTheTreesUntilTheHostGivesOne)
     EXPECT_NE(GetObjectType(hFont), 0u) << "the host's stays";
     EXPECT_EQ(tree.GetFont(), hFont);
     Make();
-    EXPECT_EQ(tree.GetFont(), hFont) << "for the next window too";
-    DestroyWindow(tree);
+    EXPECT_NE(tree.GetFont(), hFont) << "a new window begins with the style's";
     DeleteObject(hFont);
+    const HFONT second = tree.GetFont();
+    tree.SetFont(second);
+    EXPECT_NE(GetObjectType(second), 0u) << "its own, given to it, stays";
+    DestroyWindow(tree);
+    EXPECT_EQ(GetObjectType(second), 0u) << "and goes with the window";
 }
 
 } // namespace

@@ -134,8 +134,24 @@ public:
         this->HitTest(&info);
         return info;
     }
-    void* At(UINT row) const { return m_aVisible[row]; }
+    void* At(UINT row) const { return m_aVisible.GetAt(row); }
 };
+
+struct HitCase
+{
+    int x, y;
+    int item;
+    int part;
+};
+
+template <class CONTROL> void ExpectHits(const Probe<CONTROL>& tree, std::initializer_list<HitCase> cases)
+{
+    for (const HitCase& c : cases) {
+        const auto hit = tree.HitAt(c.x, c.y);
+        EXPECT_EQ(static_cast<int>(hit.nItem), c.item) << c.x << "," << c.y;
+        EXPECT_EQ(hit.nPart, c.part) << c.x << "," << c.y;
+    }
+}
 
 // CONTROL is the class under test. It has no window until Make.
 template <class CONTROL> class TreeTest : public testing::Test
