@@ -20,6 +20,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/containers/StringText.h>
 
+#include <concepts>
 #include <initializer_list>
 #include <type_traits>
 
@@ -47,9 +48,10 @@ public:
     // A new string of the formatted text, in the C runtime's wide format (%s is wide text).
     static OString Build(LPCWSTR pszFormat, ...);
     static OString Build(LPCWSTR pszFormat, va_list args);
-    // Keeps a literal 0 as the first argument from being taken for a null va_list.
+    // Keeps a literal 0, nullptr or narrow text in quotes as the first argument from being taken for a
+    // va_list.
     template <class FIRST, class... REST>
-    requires std::is_integral_v<FIRST>
+    requires std::is_integral_v<FIRST> || std::is_null_pointer_v<FIRST> || std::is_same_v<FIRST, const char*>
     static OString Build(LPCWSTR pszFormat, FIRST first, REST... rest)
     {
         return BuildArguments(pszFormat, first, rest...);
@@ -110,6 +112,11 @@ public:
     // The position of the last occurrence that starts at or before `nStart`, or -1. The terminator counts as
     // a character here: it is what 0 and empty text are found at.
     int FindReverse(wchar_t c, UINT nStart) const;
+    // A plain 0 would as soon be a null pointer.
+    template <std::same_as<int> CHARACTER> int FindReverse(CHARACTER c, UINT nStart) const
+    {
+        return FindReverse(static_cast<wchar_t>(c), nStart);
+    }
     int FindReverse(LPCWSTR psz, UINT nStart) const;
     int FindReverse(const OString& str, UINT nStart) const;
     // The position of the first (last) character of the set at or after (before) `nStart`, or -1.

@@ -64,13 +64,10 @@ TEST(OString, UseAfterAMoveFindsAnEmptyString)
     EXPECT_EQ(moved().Find(L'x', 0), -1);
     EXPECT_EQ(moved().Delete(0, 5), 0u);
     EXPECT_EQ(Exact(moved().Mid(0, 5)), "");
-    String str = Str(L"x");
-    const String strTaken(std::move(str));
+    EXPECT_EQ(Exact(moved().MakeLower()), "");
+    String str = moved();
     str.AppendFormat(L"%d", 5);
     EXPECT_EQ(Exact(str), "5");
-    String strLower = Str(L"x");
-    const String strTaken2(std::move(strLower));
-    EXPECT_EQ(Exact(strLower.MakeLower()), "");
 }
 // NOLINTEND(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
 
@@ -161,7 +158,7 @@ TEST(OString, FindsBackwardFromTheTerminatorOn)
     EXPECT_EQ(str.FindReverse(L'b', 3), 1);
     EXPECT_EQ(str.FindReverse(L'b', 0), -1);
     EXPECT_EQ(str.FindReverse(L'\0', 100), 6);
-    EXPECT_EQ(str.FindReverse(L'\0', 5), -1);
+    EXPECT_EQ(str.FindReverse(0, 5), -1);
     EXPECT_EQ(str.FindReverse(L"bc", 0xFFFFFFFF), 4);
     EXPECT_EQ(str.FindReverse(L"bc", 4), 4) << "only the start is bounded";
     EXPECT_EQ(str.FindReverse(Str(L"bc"), 3), 1);
@@ -288,6 +285,8 @@ TEST(OString, FormatsTextOfAnyLength)
     EXPECT_EQ(Exact(String::Build(L"%d%%, %s", 5, L"five")), "5%, five");
     EXPECT_EQ(Exact(String::Build(L"%d", 0)), "0") << "a literal 0 is a number, not a va_list";
     EXPECT_EQ(Exact(String::Build(L"%c|", 0)), std::string("\0|", 2));
+    EXPECT_EQ(Exact(String::Build(L"%hs", "narrow")), "narrow") << "nor are quotes";
+    EXPECT_EQ(Exact(String::Build(L"%p", nullptr)), std::string(16, '0'));
     String str = Str(L"old");
     for (const int n : {0, 1, 254, 255, 256, 257, 5000}) {
         str.Format(L"%*s", n, L"");
