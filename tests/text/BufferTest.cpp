@@ -71,21 +71,6 @@ TEST(TextBuffer, OwnArraysGrowByTheirSteps)
     EXPECT_EQ(text.nGlyphsAlloc, 70U + 64);
 }
 
-TEST(TextBuffer, ASecondCalculationInOwnArraysCountsDouble)
-{
-    TextContext hdc;
-    HandMadeText text;
-    CDrawText::PrepareBuffer(&text, 16, 64, 64);
-    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
-    CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
-    EXPECT_EQ(text.nItems, 1U);
-    EXPECT_EQ(text.nChars, 6U);
-    EXPECT_EQ(text.nGlyphs, 6U);
-    EXPECT_EQ(text.pRuns[0].nFirstGlyph, 3U);
-    CDrawText::DrawText_Break(L"abcabc", 6, 10, &text);
-    CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, &text);
-}
-
 TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
 {
     TextContext hdc;
@@ -102,7 +87,8 @@ TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
     EXPECT_EQ(own.pRuns[0].abc.abcB, published.pRuns[0].abc.abcB);
 }
 
-// A prepared text keeps its arrays otherwise than a buffer that is built by hand.
+// A prepared text keeps its arrays otherwise than a buffer that is built by hand. A second calculation in own
+// arrays counts double.
 TEST(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
 {
     TextContext hdc;
@@ -112,8 +98,13 @@ TEST(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
     const auto glyphs = Bytes(text->pGlyphs, count);
     CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, text.get());
     ASSERT_EQ(text->nGlyphs, 2 * count);
+    EXPECT_EQ(text->nChars, 2 * length);
+    EXPECT_EQ(text->pRuns[0].nFirstGlyph, count);
     EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
     EXPECT_EQ(Bytes(text->pGlyphs + count, count), glyphs);
+    const std::u16string twice = std::u16string(c_mixed) + std::u16string(c_mixed);
+    CDrawText::DrawText_Break(Wide(twice), 2 * length, 10, text.get());
+    CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, text.get());
     CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, text.get());
     EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
     CDrawText::OptimizeBuffer(text.get());
