@@ -136,7 +136,7 @@ File* FileList::FileAt(UINT item) const
     return item < GetItemCount() ? static_cast<File*>(GetItemCustomData(item)) : nullptr;
 }
 
-void FileList::AddParts(std::vector<Part>& parts) const
+void FileList::AddParts(std::vector<Part>& parts)
 {
     RECT rcList{};
     GetClientRect(*this, &rcList);

@@ -38,7 +38,7 @@ public:
     File* FileAt(UINT item) const;
 
     // The items in sight.
-    void AddParts(std::vector<Part>& parts) const;
+    void AddParts(std::vector<Part>& parts);
 
 private:
     void Restart(UINT uStyle, UINT nColumns);

@@ -18,8 +18,6 @@ public:
 
     // What to draw into, in client coordinates.
     HDC Context() const { return m_surface->Context(); }
-    // What is drawn into, for the caller to delete once the paint is over.
-    HBITMAP KeepBitmap() { return m_surface->KeepBitmap(); }
 
 private:
     HWND m_hWnd;

@@ -41,20 +41,11 @@ OffscreenSurface::OffscreenSurface(HDC hdcLike, SIZE size)
 OffscreenSurface::~OffscreenSurface()
 {
     RestoreDC(m_parts.hdc, m_nSaved);
-    if (m_fKept) {
-        SelectObject(m_parts.hdc, m_parts.hFormer);
-        DeleteDC(m_parts.hdc);
-    } else if (m_parts.hdc && m_parts.hBitmap && PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && s_nUsers > 0) {
+    if (m_parts.hdc && m_parts.hBitmap && PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && s_nUsers > 0) {
         KeepSpare(m_parts);
     } else {
         Release(m_parts);
     }
-}
-
-HBITMAP OffscreenSurface::KeepBitmap()
-{
-    m_fKept = true;
-    return m_parts.hBitmap;
 }
 
 OffscreenSurface::Parts OffscreenSurface::Make(HDC hdcLike, SIZE size)

@@ -18,8 +18,6 @@ public:
     OffscreenSurface& operator=(const OffscreenSurface&) = delete;
 
     HDC Context() const { return m_parts.hdc; }
-    // The bitmap, which may be larger than was asked for, for the caller to delete after this object's end.
-    HBITMAP KeepBitmap();
 
     // A control has come to life, or gone. With the last one goes what was kept.
     static void AddUser();
@@ -43,7 +41,6 @@ private:
 
     Parts m_parts;
     int m_nSaved;
-    bool m_fKept = false;
 
     static Parts* s_pSpare;
     static LONG s_nUsers;

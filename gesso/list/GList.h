@@ -23,6 +23,10 @@
 // the end is a caller's mistake: a setter ignores it, a getter returns 0 or null. Every operation that
 // changes what is seen lays out and repaints, if nothing else is said; none but those in response to the user
 // sends a notification. A copy of a list shares its records and window and releases nothing.
+//
+// A derived class may override every virtual operation. The list's own calls of SetListStyle, GetColumnCount,
+// Sort, ClearSelection and the three RemoveAll... reach the override as well; those that an override is
+// likely to answer with a state of its own are not const.
 #pragma once
 
 #include <gesso/containers/OArray.h>
@@ -105,7 +109,7 @@ public:
     // Ignored past the end.
     virtual void RemoveColumn(UINT column);
     virtual void RemoveAllColumns();
-    virtual UINT GetColumnCount() const;
+    virtual UINT GetColumnCount();
     // Format and width reach the cells with the next SetListStyle, flags too; texts stay prepared in the
     // format that they were set in, and the header goes on showing the caption that the column was inserted
     // with: hosts rely on all three.
@@ -209,7 +213,7 @@ public:
     // Selects this item besides the others.
     virtual void SetNextSelectedItemIndex(UINT item);
     virtual UINT GetFirstSelectedItemIndex() const;
-    // The first one behind `item`.
+    // The first one behind `item`; of -1, the first of all.
     virtual UINT GetNextSelectedItemIndex(UINT item) const;
     // What the pointer is over: as HitTestInfo's item and subItem.
     virtual UINT GetHotItem() const;
@@ -222,13 +226,13 @@ public:
     // Removes all groups, gives each item the group that the column's fktGroup answers, which is to insert
     // groups with their index as id, and sorts as before. Column -1 turns grouping off.
     virtual void Group(UINT column, bool);
-    virtual void GetCurrentSort(UINT* column, bool* ascending) const;
+    virtual void GetCurrentSort(UINT* column, bool* ascending);
     // Does nothing: for a derived class to fill.
-    virtual void GetCurrentGroup(UINT* column, bool* ascending) const;
+    virtual void GetCurrentGroup(UINT* column, bool* ascending);
 
     // The cell of an item, in the content with the header's room above: the scroll position is the caller's
     // to take off. `subItem` is an element of the item. Empty for an item that has no row.
-    virtual void GetItemRect(RECT* rc, UINT item, UINT subItem) const;
+    virtual void GetItemRect(RECT* rc, UINT item, UINT subItem);
 
     // In-place editing. The host makes its edit windows, as children of the list, places them by GetItemRect
     // and hands them over; from then on the list counts as focused while one of them is, and LVN_FIRST tells
@@ -428,7 +432,7 @@ private:
     int HeaderState(UINT cell, bool fSorted) const;
     void DrawHeaderPart(HDC hdc, int nPart, int nState, const RECT& rc) const;
     void DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const;
-    void KeepFrame(HBITMAP hBitmap);
+    void KeepFrame(HDC hdc);
     void ReplayFrame();
     LRESULT OnPaint();
     LRESULT OnNcPaint(WPARAM wRegion);

@@ -152,7 +152,7 @@ void GList::ReleaseColumns()
     columns.RemoveAll();
 }
 
-UINT GList::GetColumnCount() const
+UINT GList::GetColumnCount()
 {
     return columns.GetLength();
 }
@@ -496,7 +496,8 @@ void GList::SetItemCustomData(UINT item, void* customData)
 void GList::SetItemGroup(UINT item, UINT group)
 {
     if (Store(ItemFor(item, "GList::SetItemGroup: no such item"), &ListItem::group, group)) {
-        Calculate();
+        m_fLayoutCurrent = false;
+        RefreshLayout();
     }
 }
 
@@ -505,7 +506,8 @@ void GList::SetItem(UINT item, UINT group, void* customData)
     if (ListItem* record = ItemFor(item, "GList::SetItem: no such item")) {
         record->group = group;
         record->customData = customData;
-        Calculate();
+        m_fLayoutCurrent = false;
+        RefreshLayout();
     }
 }
 

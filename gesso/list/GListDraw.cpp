@@ -432,15 +432,24 @@ LRESULT GList::OnPaint()
     gesso::BufferedPaint paint(hwnd);
     Draw(paint.Context());
     if (Frame::IsAlive(hwnd, this) && frameRecord) {
-        KeepFrame(paint.KeepBitmap());
+        KeepFrame(paint.Context());
     }
     return 0;
 }
 
 // --- The paint history
 
-void GList::KeepFrame(HBITMAP hBitmap)
+// A copy, since the paint's own bitmap serves the next paint.
+void GList::KeepFrame(HDC hdc)
 {
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const HBITMAP hBitmap = CreateCompatibleBitmap(hdc, rc.right, rc.bottom);
+    {
+        const gesso::MemoryContext frame;
+        const SelectScope bitmap(frame, hBitmap);
+        BitBlt(frame, 0, 0, rc.right, rc.bottom, hdc, 0, 0, SRCCOPY);
+    }
     frames.Add(reinterpret_cast<stcDrawItem*>(hBitmap));
     if (frames.GetLength() > MOST_FRAMES) {
         DeleteObject(reinterpret_cast<HBITMAP>(frames[0]));

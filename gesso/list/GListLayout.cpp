@@ -287,7 +287,7 @@ UINT GList::FirstRowReaching(int64_t y) const
     return static_cast<UINT>(found - first);
 }
 
-void GList::GetItemRect(RECT* rc, UINT item, UINT subItem) const
+void GList::GetItemRect(RECT* rc, UINT item, UINT subItem)
 {
     if (!rc) {
         gesso::Misuse("GList::GetItemRect: no rectangle");

@@ -61,7 +61,7 @@ UINT GList::GetFirstSelectedItemIndex() const
 
 UINT GList::GetNextSelectedItemIndex(UINT item) const
 {
-    return item == NONE ? NONE : SelectedFrom(item + 1);
+    return SelectedFrom(item + 1);
 }
 
 UINT GList::GetHotItem() const

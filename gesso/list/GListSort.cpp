@@ -217,7 +217,7 @@ UINT GList::GroupIndexOf(UINT id) const
     return id;
 }
 
-void GList::GetCurrentSort(UINT* column, bool* ascending) const
+void GList::GetCurrentSort(UINT* column, bool* ascending)
 {
     if (column) {
         *column = sortColumn;
@@ -227,4 +227,4 @@ void GList::GetCurrentSort(UINT* column, bool* ascending) const
     }
 }
 
-void GList::GetCurrentGroup(UINT*, bool*) const {}
+void GList::GetCurrentGroup(UINT*, bool*) {}

@@ -139,7 +139,9 @@ TEST_F(GListDataTest, CallsThatNameNothingAreAnsweredSafely)
     list.SetSelected(9, 1);
     list.SetFirstSelectedItemIndex(9);
     EXPECT_EQ(list.GetSelected(9), 0);
-    EXPECT_EQ(list.GetNextSelectedItemIndex(END), END);
+    list.SetSelected(1, 1);
+    EXPECT_EQ(list.GetNextSelectedItemIndex(END), 1u) << "behind none comes the first";
+    EXPECT_EQ(list.GetNextSelectedItemIndex(1), END);
 }
 
 TEST_F(GListDataTest, ABulkFillPreparesAndLaysOutAtItsEnd)
@@ -152,6 +154,8 @@ TEST_F(GListDataTest, ABulkFillPreparesAndLaysOutAtItsEnd)
     list.SetSubItem(2, 1, 0, nullptr, 0);
     list.SetItemState(0, 1, 4, 4);
     list.SetItemImage(0, 1, 2);
+    list.SetItemGroup(0, 0);
+    list.SetItem(1, 0, nullptr);
     EXPECT_EQ(list.elements.GetLength(), 0u);
     EXPECT_FALSE(list.items[0]->SubItem(1)->prepared);
     list.BulkInsertOff();
@@ -218,6 +222,42 @@ TEST_F(GListDataTest, ACopySharesTheRecordsAndReleasesNothing)
     }
     EXPECT_EQ(Narrow(list.GetItemText(1, 0)), "item1");
     EXPECT_EQ(Narrow(list.GetGroupName(0)), "Group");
+}
+
+class Overriding : public GList
+{
+public:
+    UINT SetListStyle(UINT style) override { return Note("style"), GList::SetListStyle(style); }
+    UINT GetColumnCount() override { return Note("count"), GList::GetColumnCount(); }
+    void RemoveAllColumns() override { Note("columns"), GList::RemoveAllColumns(); }
+    void RemoveAllGroups() override { Note("groups"), GList::RemoveAllGroups(); }
+    void RemoveAllItems() override { Note("items"), GList::RemoveAllItems(); }
+    void ClearSelection() override { Note("clear"), GList::ClearSelection(); }
+    void Sort(UINT column, bool ascending) override { Note("sort"), GList::Sort(column, ascending); }
+
+    std::string noted;
+
+private:
+    void Note(const std::string& call) { noted += noted.empty() ? call : " " + call; }
+};
+
+TEST_F(GListDataTest, AnOverrideGetsTheCallsThatTheListMakesItself)
+{
+    Overriding own;
+    own.Create(0, 0, LIST_CX, LIST_CY, host, LIST_ID, GLS_DETAILS | GLS_HEADER, 0, WS_CHILD);
+    own.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    own.InsertItem(0, 0, nullptr, 0, L"a", 0);
+    own.SetFirstSelectedItemIndex(0);
+    own.Group(0, false);
+    SendMessageW(own, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
+    SendMessageW(own, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    SendMessageW(own, WM_LBUTTONDOWN, 0, MAKELPARAM(50, 5));
+    SendMessageW(own, WM_MOUSEMOVE, 0, MAKELPARAM(60, 5));
+    own.RemoveColumn(0);
+    EXPECT_EQ(own.noted, "style count clear groups sort sort style style");
+    own.noted.clear();
+    DestroyWindow(own);
+    EXPECT_EQ(own.noted, "items columns style");
 }
 
 TEST_F(GListDataTest, AListWithoutAWindowCanBeFilledAndDropped)

@@ -38,6 +38,8 @@ TEST_F(GListEditTest, AnEditTellsWhenAWindowOfItLosesTheFocus)
     EXPECT_NE(ProcOf(edits[0]), own);
     EXPECT_EQ(list.editWindows[1], edits[1]);
     EXPECT_EQ(list.editWindows[2], nullptr);
+    SetWindowTextW(edits[0], L"new name");
+    EXPECT_EQ(TextOf(edits[0]), "new name") << "what the user types reaches the window's own procedure";
 
     SetFocus(list);
     host.Take();
@@ -119,7 +121,7 @@ TEST_F(GListEditTest, WindowsThatCannotBeEditedInAreLeftAlone)
     EXPECT_EQ(ProcOf(edits[0]), own) << "a window named twice gets its own procedure back";
 }
 
-TEST_F(GListEditTest, ASecondEditEndsTheFirst)
+TEST_F(GListEditTest, ASecondEditAndTheListsEndGiveTheWindowsBack)
 {
     const LONG_PTR own = ProcOf(edits[0]);
     list.BeginEdit(1, edits);
@@ -129,24 +131,8 @@ TEST_F(GListEditTest, ASecondEditEndsTheFirst)
     SetFocus(edits[1]);
     SetFocus(host);
     EXPECT_EQ(list.editWindows[0], edits[1]);
-    list.EndEdit();
-}
-
-TEST_F(GListEditTest, AListThatGoesGivesTheWindowsBack)
-{
-    const LONG_PTR own = ProcOf(edits[0]);
-    list.BeginEdit(2, edits);
     Renew();
-    EXPECT_EQ(ProcOf(edits[0]), own);
-}
-
-// The text that the user types reaches the edit window's own procedure.
-TEST_F(GListEditTest, MessagesReachTheWindowsOwnProcedure)
-{
-    list.BeginEdit(1, edits);
-    SetWindowTextW(edits[0], L"new name");
-    EXPECT_EQ(TextOf(edits[0]), "new name");
-    list.EndEdit();
+    EXPECT_EQ(ProcOf(edits[1]), own);
 }
 
 } // namespace

@@ -60,6 +60,11 @@ TEST_F(GListKeysTest, StepsAndEdgesMoveAndSelectByTheModifiers)
         {VK_UP, CTRL | SHIFT, 1, 6, "0 1", 0, 6, END}, // down to item 0, and no further
         {VK_UP, 0, 0, 0, "0", 0, 0, END},
         {VK_DOWN, 0, 7, 7, "7", 7, 7, END},
+        {VK_UP, 0, END, END, "", END, END, END},
+        {VK_DOWN, 0, END, END, "1", 1, END, END}, // the first step lands on the second item
+        {VK_DOWN, SHIFT, END, END, "0 1", 1, 0, 1},
+        {VK_DOWN, CTRL | SHIFT, END, END, "0 1", 1, 0, 1},
+        {VK_DOWN, CTRL, END, END, "", 1, END, 1},
         {VK_HOME, 0, 3, 3, "0", 0, END, END},
         {VK_END, 0, 3, 3, "7", 7, END, END},
         {VK_HOME, CTRL, 3, 3, "3", 0, 3, 0},
@@ -78,24 +83,6 @@ TEST_F(GListKeysTest, StepsAndEdgesMoveAndSelectByTheModifiers)
         EXPECT_EQ(list.lastItem, list.cursorItem) << at;
         EXPECT_EQ(host.TakeCodes(), std::vector<int>{KEY_PRESSED}) << at;
     }
-}
-
-TEST_F(GListKeysTest, TheFirstStepLandsOnTheSecondItem)
-{
-    Fill(4);
-    Key(VK_UP);
-    EXPECT_EQ(list.cursorItem, END);
-    Key(VK_DOWN);
-    EXPECT_EQ(list.Selected(), "1");
-    Forget();
-    Key(VK_DOWN, SHIFT);
-    EXPECT_EQ(list.Selected(), "0 1");
-    EXPECT_EQ(list.shiftAnchor, 0u);
-    EXPECT_EQ(list.hitHot.item, 1u);
-    Forget();
-    Key(VK_DOWN, CTRL);
-    EXPECT_EQ(list.Selected(), "");
-    EXPECT_EQ(list.hitHot.item, 1u);
 }
 
 TEST_F(GListKeysTest, EveryKeyIsSafeInAListOfNoneAndOfOne)

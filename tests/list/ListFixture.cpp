@@ -224,7 +224,7 @@ void ListFixture::Click(int x, int y)
     Mouse(WM_LBUTTONUP, x, y);
 }
 
-int ListFixture::RowY(UINT item) const
+int ListFixture::RowY(UINT item)
 {
     RECT rc{};
     list.GetItemRect(&rc, item, 0);

@@ -132,7 +132,7 @@ protected:
     void Mouse(UINT uMsg, int x, int y) { Send(uMsg, 0, MAKELPARAM(x, y)); }
     void Click(int x, int y);
     // The middle of an item's row, scrolled as it is.
-    int RowY(UINT item) const;
+    int RowY(UINT item);
     void ClickItem(UINT item) { Click(5, RowY(item)); }
     // A key press, as the list gets it, with modifier keys down.
     void Key(UINT vk, WORD mods = 0);
