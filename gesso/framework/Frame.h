@@ -2,19 +2,10 @@
 // rows of the window procedures, and the notifications to the parent.
 #pragma once
 
+#include <gesso/framework/CreateTag.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemeHandle.h>
-
-// What Create passes as lpCreateParams, so that the window attaches to the object instead of making its own.
-#pragma pack(push, 1)
-struct stcCreateTag
-{
-    WORD wMark;
-    void* pObject;
-};
-#pragma pack(pop)
-static_assert(sizeof(stcCreateTag) == 10);
 
 namespace gesso {
 

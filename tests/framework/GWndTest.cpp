@@ -78,6 +78,17 @@ TEST_F(GWndTest, WindowFirstMakesAndDeletesItsOwnObject)
     EXPECT_EQ(GWnd::FromHwnd(hwnd), nullptr);
 }
 
+TEST_F(GWndTest, HostThatMakesTheWindowNamesItsObjectByTheTag)
+{
+    ProbeButton button;
+    stcCreateTag tag{0xFFFF, &button};
+    const HWND hwnd = CreateWindowExW(0, L"GButton", L"", CHILD, 0, 0, 80, 20, host, nullptr, nullptr, &tag);
+    EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
+    EXPECT_EQ(button.GetHwnd(), hwnd);
+    EXPECT_EQ(GetWindowLongW(hwnd, 8), 0) << "which stays the host's";
+    DestroyWindow(hwnd);
+}
+
 TEST_F(GWndTest, WindowFirstWithoutCreationDataHasAnEmptyText)
 {
     for (const wchar_t* pszClass : {L"GButton", L"GLabel"}) {

@@ -13,12 +13,6 @@ using test::Lines;
 class SmallDrawTest : public test::DrawFixture
 {};
 
-class ProbeBack : public GNavigationButton
-{
-public:
-    void SetState(DWORD dwState) { m_dwState = dwState; }
-};
-
 TEST_F(SmallDrawTest, BackButtonDrawsOnePartOfAnotherClassAfterAThemeChangeAndNoParentBackground)
 {
     GNavigationButton button;
@@ -33,7 +27,11 @@ TEST_F(SmallDrawTest, BackButtonDrawsOnePartOfAnotherClassAfterAThemeChangeAndNo
 
 TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
 {
-    ProbeBack button;
+    class : public GNavigationButton
+    {
+    public:
+        void SetState(DWORD dwState) { m_dwState = dwState; }
+    } button;
     button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     struct
     {

@@ -9,21 +9,13 @@
 
 namespace {
 
+template <class... CONTROLS>
+constexpr gesso::RegisterClassFunction ORDER[] = {&CONTROLS::IsolationAwareRegisterClassW...};
+
 TEST(ControlTable, ClassesStandInTheOrderOfRegistration)
 {
-    const gesso::RegisterClassFunction order[] = {
-        &GButton::IsolationAwareRegisterClassW,
-        &GCheckBox::IsolationAwareRegisterClassW,
-        &GComboBox::IsolationAwareRegisterClassW,
-        &GCommandButton::IsolationAwareRegisterClassW,
-        &GEdit::IsolationAwareRegisterClassW,
-        &GLabel::IsolationAwareRegisterClassW,
-        &GList::IsolationAwareRegisterClassW,
-        &GProgressBar::IsolationAwareRegisterClassW,
-        &GNavigationButton::IsolationAwareRegisterClassW,
-        &GRadioButton::IsolationAwareRegisterClassW,
-        &GTree::IsolationAwareRegisterClassW,
-    };
+    constexpr auto& order = ORDER<GButton, GCheckBox, GComboBox, GCommandButton, GEdit, GLabel, GList,
+                                  GProgressBar, GNavigationButton, GRadioButton, GTree>;
     EXPECT_TRUE(std::ranges::equal(gesso::StartupClasses(), order));
 }
 
