@@ -53,6 +53,23 @@ private:
     int m_nRounds;
 };
 
+// A visible window at the corner of the screen that holds what is measured.
+class Host
+{
+public:
+    Host(int cx, int cy)
+        : m_hwnd(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, cx, cy, nullptr, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr))
+    {}
+    ~Host() { DestroyWindow(m_hwnd); }
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+    operator HWND() const { return m_hwnd; }
+
+private:
+    HWND m_hwnd;
+};
+
 // Dispatches what is pending.
 void HandleMessages();
 // What the process holds of memory: the one size that every platform tells.

@@ -43,22 +43,6 @@ private:
     std::vector<std::wstring> m_texts;
 };
 
-class Host
-{
-public:
-    Host()
-        : m_hwnd(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, CX, CY, nullptr, nullptr,
-                                 GetModuleHandleW(nullptr), nullptr))
-    {}
-    ~Host() { DestroyWindow(m_hwnd); }
-    Host(const Host&) = delete;
-    Host& operator=(const Host&) = delete;
-    operator HWND() const { return m_hwnd; }
-
-private:
-    HWND m_hwnd;
-};
-
 // GList as the benchmark fills it; its hit test and layout are in reach.
 class OwnList : public GList
 {
@@ -297,7 +281,7 @@ void MeasureLists(UINT nRows)
     INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);
     Bench bench(FEW_ROUNDS);
-    const Host host;
+    const Host host(CX, CY);
     OwnList own(host);
     PlatformList platform(host);
     const Texts texts(nRows);
@@ -324,7 +308,7 @@ void MeasureLayout()
 {
     constexpr UINT ROWS = 1'000'000;
     Bench bench(FEW_ROUNDS);
-    const Host host;
+    const Host host(CX, CY);
     OwnList own(host);
     own.FillWithNothing(ROWS);
     bench.Family("List of 1,000,000 items");

@@ -36,22 +36,6 @@ private:
     std::vector<std::wstring> m_names;
 };
 
-class Host
-{
-public:
-    Host()
-        : m_hwnd(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, CX, CY, nullptr, nullptr,
-                                 GetModuleHandleW(nullptr), nullptr))
-    {}
-    ~Host() { DestroyWindow(m_hwnd); }
-    Host(const Host&) = delete;
-    Host& operator=(const Host&) = delete;
-    operator HWND() const { return m_hwnd; }
-
-private:
-    HWND m_hwnd;
-};
-
 class OwnTree : public GTree
 {
 public:
@@ -185,7 +169,7 @@ void Paint(HWND hwnd)
 
 void PageDownOrUp(HWND hwnd)
 {
-    for (const WPARAM wCode : {SB_PAGEDOWN, SB_PAGEUP}) {
+    for (const WPARAM wCode : std::initializer_list<WPARAM>{SB_PAGEDOWN, SB_PAGEUP}) {
         SendMessageW(hwnd, WM_VSCROLL, wCode, 0);
         UpdateWindow(hwnd);
     }
@@ -248,7 +232,7 @@ void MeasureWhole(Bench& bench, OwnTree& own, PlatformTree& platform, const Name
 
 void MeasureTrees(UINT nItems, int nRounds)
 {
-    const Host host;
+    const Host host(CX, CY);
     OwnTree own(host);
     PlatformTree platform(host);
     Bench whole(nRounds);

@@ -31,11 +31,4 @@ inline HCURSOR LoadIBeam()
     return LoadCursorW(nullptr, MAKEINTRESOURCEW(IBEAM_CURSOR));
 }
 
-inline POINTS ToScreen(HWND hwnd, POINTS pt)
-{
-    POINT ptScreen{pt.x, pt.y};
-    ClientToScreen(hwnd, &ptScreen);
-    return {static_cast<SHORT>(ptScreen.x), static_cast<SHORT>(ptScreen.y)};
-}
-
 } // namespace gesso

@@ -444,7 +444,6 @@ private:
     void HitTestRows(HitTestInfo* pInfo, int x, int y) const;
     bool HitTestRow(HitTestInfo* pInfo, UINT row, int x) const;
     void HitTestCell(HitTestInfo* pInfo, UINT item, int x) const;
-    POINTS ToScreen(POINTS pt) const;
     void Click(const HitTestInfo& hit, WORD pressedPart);
     void SizeColumn(int x);
     void StartDrag(POINTS pt);

@@ -153,18 +153,10 @@ LRESULT GList::OnLButtonDown(WPARAM, POINTS pt)
     return 0;
 }
 
-// A press in a bar holds the capture, so that the bar's moves come as the client area's.
-POINTS GList::ToScreen(POINTS pt) const
-{
-    POINT ptScreen{pt.x, pt.y};
-    ClientToScreen(m_hWnd, &ptScreen);
-    return {Wrap16(ptScreen.x), Wrap16(ptScreen.y)};
-}
-
 LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcLButtonUp(HTCLIENT, ToScreen(pt));
+        return OnNcLButtonUp(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     if (!(m_dwState & GWS_PRESSED)) {
         return 0;
@@ -241,7 +233,7 @@ void GList::SelectByMouse(UINT item, WORD mods)
 LRESULT GList::OnMouseMove(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcMouseMove(HTCLIENT, ToScreen(pt));
+        return OnNcMouseMove(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     Frame::TrackLeave(*this);
     if (hitPress.part == LHP_DIVIDER && (m_dwState & GWS_PRESSED)) {

@@ -258,7 +258,7 @@ bool GNavigationBar::ToggleByClick(UINT row, bool fOnGlyph)
 LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcLButtonUp(HTCLIENT, ToScreen(pt));
+        return OnNcLButtonUp(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     if (!gesso::EndPress(*this)) {
         return 0;

@@ -227,7 +227,6 @@ private:
     void RedrawAll();
     bool AskExpansion(UINT* pRow, UINT uAction);
     LRESULT SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const;
-    POINTS ToScreen(POINTS pt) const;
     void ScrollTo(int nBar, int64_t nPos);
     bool ScrollRowIntoView(UINT row, bool fFromAbove, bool fFromBelow);
 

@@ -126,7 +126,7 @@ void GTree::Toggle(UINT row)
 LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcLButtonUp(HTCLIENT, ToScreen(pt));
+        return OnNcLButtonUp(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     if (!gesso::EndPress(*this)) {
         return 0;

@@ -133,14 +133,6 @@ LRESULT Control::OnMouseWheel(UINT, int nDelta, POINTS)
 
 // --- The pointer
 
-// A press in a bar holds the capture, so that the bar's moves come as the client area's.
-POINTS Control::ToScreen(POINTS pt) const
-{
-    POINT ptScreen{pt.x, pt.y};
-    ClientToScreen(m_hWnd, &ptScreen);
-    return {static_cast<SHORT>(ptScreen.x), static_cast<SHORT>(ptScreen.y)};
-}
-
 LRESULT Control::OnLButtonDown(WPARAM, POINTS pt)
 {
     if (gesso::TakePress(*this)) {
@@ -155,7 +147,7 @@ LRESULT Control::OnLButtonDown(WPARAM, POINTS pt)
 LRESULT Control::OnMouseMove(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
-        return OnNcMouseMove(HTCLIENT, ToScreen(pt));
+        return OnNcMouseMove(HTCLIENT, gesso::ToScreen(m_hWnd, pt));
     }
     gesso::Frame::TrackLeave(*this);
     const HitTestInfo former = m_hitMove;
