@@ -15,8 +15,8 @@ constexpr POINTS PointOf(LPARAM lParam)
     return {static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
 }
 
-// A point of the client area as the screen counts. A press in a bar holds the capture, so that the bar's moves
-// come as the client area's.
+// A point of the client area as the screen counts. A press in a bar holds the capture, so that the bar's
+// moves come as the client area's.
 inline POINTS ToScreen(HWND hwnd, POINTS pt)
 {
     POINT ptScreen{pt.x, pt.y};

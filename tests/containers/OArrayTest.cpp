@@ -208,7 +208,7 @@ TEST(OArray, AMovedFromArrayKeepsItsNumbersAndCanBeAssignedTo)
 
 TEST(OArray, ChangesToAMovedFromArrayStartFromEmpty)
 {
-    const MisuseAllowed allowed;
+    const test::AllowMisuse allowed;
     const auto changed = [](auto change) {
         Strings a = MakeStrings({L"a", L"b"});
         const Strings aTaken(std::move(a));
@@ -280,7 +280,7 @@ TEST(OArray, TakesItsOwnElementsAsArguments)
 
 TEST(OArray, RemovalBeyondTheLengthIsClipped)
 {
-    const MisuseAllowed allowed;
+    const test::AllowMisuse allowed;
     Numbers a = Make({1, 2, 3});
     a.RemoveAt(2, 5);
     EXPECT_EQ(Values(a), (List{1, 2}));

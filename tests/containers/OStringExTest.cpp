@@ -89,7 +89,7 @@ TEST(OStringEx, MovingTakesTheBlockOfEitherKind)
 // NOLINTBEGIN(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves is looked at
 TEST(OStringEx, ChangesToAMovedFromStringStartFromEmpty)
 {
-    const MisuseAllowed allowed;
+    const test::AllowMisuse allowed;
     const auto changed = [](auto change) {
         StringEx str = With(L"text", 20);
         const StringEx strTaken(std::move(str));
@@ -134,7 +134,7 @@ TEST(OStringEx, BuffersGrowToWhatIsAskedFor)
 
 TEST(OStringEx, ReleaseBufferStaysWithinTheBlock)
 {
-    const MisuseAllowed allowed;
+    const test::AllowMisuse allowed;
     StringEx str = With(L"abc", 4);
     str.ReleaseBuffer(4);
     EXPECT_EQ(str.GetLength(), 3u);

@@ -53,7 +53,7 @@ TEST(OString, MovingHandsTheBlockOver)
 // NOLINTBEGIN(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what a move leaves is looked at
 TEST(OString, UseAfterAMoveFindsAnEmptyString)
 {
-    const MisuseAllowed allowed;
+    const test::AllowMisuse allowed;
     const auto moved = [] {
         String str = Str(L"x");
         const String strTaken(std::move(str));
@@ -336,7 +336,7 @@ TEST(OString, TakesItsOwnTextAsAnArgument)
 
 TEST(OString, NullTextReadsAsEmpty)
 {
-    const MisuseAllowed allowed;
+    const test::AllowMisuse allowed;
     const LPCWSTR pszNull = nullptr;
     String str = Str(L"a");
     EXPECT_EQ(str.Compare(pszNull), 1);

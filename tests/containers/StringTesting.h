@@ -3,7 +3,7 @@
 
 #include <gesso/containers/OString.h>
 
-#include <tests/support/MisuseAllowed.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <gtest/gtest.h>
 

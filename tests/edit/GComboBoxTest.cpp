@@ -1,5 +1,6 @@
 // A combo box without its list open: items, messages, selection and the text field.
 
+#include "../support/AllowMisuse.h"
 #include "../support/DialogTemplate.h"
 #include "../support/Host.h"
 
@@ -97,7 +98,7 @@ TEST_F(GComboBoxTest, ItemsKeepTheirPlaceAndWhatTheHostGaveThem)
 TEST_F(GComboBoxTest, ABadIndexIsAnsweredWithNothing)
 {
     Make(GCBS_PLAIN, {L"a"});
-    const bool fFormer = gesso::SetMisuseStops(false);
+    const test::AllowMisuse allowed;
     for (const UINT nIndex : {1u, NONE}) {
         EXPECT_EQ(combo.GetItemFlags(nIndex), 0u);
         EXPECT_EQ(combo.GetItemText(nIndex), nullptr);
@@ -108,7 +109,6 @@ TEST_F(GComboBoxTest, ABadIndexIsAnsweredWithNothing)
         combo.SetItemImage(nIndex, 1);
         combo.SetItemCustomData(nIndex, this);
     }
-    gesso::SetMisuseStops(fFormer);
     EXPECT_EQ(ItemTexts(), "a.");
     EXPECT_EQ(combo.GetItemFlags(0), 0u);
 }

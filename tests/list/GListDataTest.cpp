@@ -1,6 +1,6 @@
 #include "ListFixture.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/AllowMisuse.h>
 
 namespace {
 
@@ -86,10 +86,9 @@ TEST_F(GListDataTest, ItemsHaveTheSubItemsThatTheColumnsGaveThem)
 
     // A later column finds no room in the item, and nothing beside it is touched.
     AddColumns(1);
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     list.SetSubItem(0, 2, 1, L"None", 1);
     EXPECT_EQ(list.GetItemText(0, 2), nullptr);
-    gesso::SetMisuseStops(true);
     list.RemoveColumn(0);
     list.RemoveColumn(0);
     list.RemoveItem(0);
@@ -120,7 +119,7 @@ TEST_F(GListDataTest, GroupsAnswerNothingPastTheEnd)
 TEST_F(GListDataTest, CallsThatNameNothingAreAnsweredSafely)
 {
     MakeFilledList(1, 2);
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     list.SetColumnCx(3, 5);
     list.SetItemText(9, 0, L"x");
     list.SetItemGroup(9, 1);
@@ -135,7 +134,6 @@ TEST_F(GListDataTest, CallsThatNameNothingAreAnsweredSafely)
     EXPECT_TRUE(IsRectEmpty(&rc));
     list.GetItemRect(nullptr, 0, 0);
     list.EndEdit();
-    gesso::SetMisuseStops(true);
     list.SetSelected(9, 1);
     list.SetFirstSelectedItemIndex(9);
     EXPECT_EQ(list.GetSelected(9), 0);

@@ -1,5 +1,7 @@
 #include "ListFixture.h"
 
+#include <tests/support/AllowMisuse.h>
+
 namespace {
 
 using namespace test;
@@ -111,9 +113,8 @@ TEST_F(GListEditTest, WindowsThatCannotBeEditedInAreLeftAlone)
 {
     const LONG_PTR own = ProcOf(edits[0]);
     HWND windows[] = {host, edits[0], edits[0], edits[1]};
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     list.BeginEdit(4, windows);
-    gesso::SetMisuseStops(true);
     EXPECT_EQ(list.editWindows[0], edits[0]);
     EXPECT_EQ(list.editWindows[1], edits[1]);
     EXPECT_EQ(list.editWindows[2], nullptr);

@@ -1,6 +1,6 @@
 #include "TextSupport.h"
 
-#include <tests/support/MisuseAllowed.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <gtest/gtest.h>
 
@@ -115,7 +115,7 @@ TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
 {
     TextContext hdc;
     HandMadeText text;
-    const MisuseAllowed allowed;
+    const AllowMisuse allowed;
     CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
     EXPECT_EQ(text.nChars, 3U);
     CDrawText::FreeBuffer(&text);
@@ -179,7 +179,7 @@ TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
     const Text text = Prepare(hdc, u"one two three four דג סקרן five", 40);
     const UINT ends[] = {0,          1,         5, text->nGlyphs - 1, text->nGlyphs, text->nGlyphs + 1,
                          0x7FFFFFFF, 0xFFFFFFFF};
-    const MisuseAllowed allowed;
+    const AllowMisuse allowed;
     for (const UINT a : ends) {
         CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), a, 0);
         CDrawText::DrawText_TextOut_Char(hdc, 0, 0, text.get(), a);

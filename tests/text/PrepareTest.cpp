@@ -1,6 +1,6 @@
 #include "TextSupport.h"
 
-#include <tests/support/MisuseAllowed.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <gtest/gtest.h>
 
@@ -135,7 +135,7 @@ TEST(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
     EXPECT_EQ(chars(L"", -1), 0U);
     EXPECT_EQ(chars(nullptr, -1), 0U);
     EXPECT_EQ(chars(nullptr, 3), 0U);
-    const MisuseAllowed allowed;
+    const AllowMisuse allowed;
     EXPECT_EQ(chars(L"four", -2), 0U);
 }
 

@@ -1,6 +1,6 @@
 #include "TreeFixture.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/AllowMisuse.h>
 
 namespace {
 
@@ -66,9 +66,8 @@ TEST_F(GNavigationBarTest, ItemsStandWhereTheyWereInserted)
     EXPECT_EQ(tree.Rows(), "front Folders mail x inbox sent - _ news zoo end");
     tree.Add(m_mail, "draft", NBIK_SUBITEM, m_inbox);
     EXPECT_EQ(tree.Rows(), "front Folders mail x draft inbox sent - _ news zoo end");
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     EXPECT_EQ(tree.Add(nullptr, "nowhere"), nullptr);
-    gesso::SetMisuseStops(true);
 }
 
 TEST_F(GNavigationBarTest, ExpansionKeepsTheSelectedRowsNumber)
@@ -117,12 +116,11 @@ TEST_F(GNavigationBarTest, RemovalTakesTheRowsAndASelectionAmongThem)
     EXPECT_EQ(tree.GetSelectedItem(), nullptr);
     EXPECT_EQ(tree.Rows(), "");
     EXPECT_EQ(tree.GetItemChildCount(m_root), 0u);
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     tree.RemoveItem(m_zoo);
     tree.RemoveItem(nullptr);
     tree.RemoveItem(m_root);
     EXPECT_EQ(tree.GetItemName(m_zoo), nullptr);
-    gesso::SetMisuseStops(true);
 }
 
 TEST_F(GNavigationBarTest, APointHitsThePartsOfEachKindOfRow)

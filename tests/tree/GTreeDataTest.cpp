@@ -1,6 +1,6 @@
 #include "TreeFixture.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <algorithm>
 #include <memory>
@@ -193,7 +193,7 @@ TEST_F(GTreeDataTest, RemovedRowsStayWithoutAnythingBehindThem)
     tree.Expand(b);
     EXPECT_EQ(tree.Rows(), "a b c");
 
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     tree.RemoveItem(b);
     EXPECT_EQ(tree.Add(b, "x"), nullptr);
     tree.SetSelectedItem(b);
@@ -201,7 +201,6 @@ TEST_F(GTreeDataTest, RemovedRowsStayWithoutAnythingBehindThem)
     tree.RemoveAllItems();
     EXPECT_EQ(tree.GetItemName(b), nullptr);
     EXPECT_EQ(tree.GetItemName(a), nullptr);
-    gesso::SetMisuseStops(true);
     EXPECT_EQ(tree.Rows(), "");
 }
 
@@ -297,14 +296,13 @@ TEST_F(GTreeDataTest, ItemsThatMoveKeepRowLevelAndNamedParent)
     tree.RemoveItem(b);
     EXPECT_EQ(tree.Children(nullptr), "a1");
 
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     void* x = tree.Add(a1, "x");
     tree.SetItemParent(a1, x);
     tree.SetItemParent(a1, a1);
     tree.SetItemParent(tree.GetRootItem(), a1);
     tree.SetItemParent(a1, nullptr);
     tree.SetItemParent(a2, a1);
-    gesso::SetMisuseStops(true);
     EXPECT_EQ(tree.Children(nullptr), "a1");
     EXPECT_EQ(tree.Children(a1), "x");
 }
@@ -417,7 +415,7 @@ TEST_F(GTreeDataTest, HandlesThatNameNoItemAreIgnored)
     void* gone = tree.Add(a, "gone");
     tree.RemoveItem(gone);
     int local = 0;
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     for (void* bad : {static_cast<void*>(nullptr), foreign, gone, static_cast<void*>(&local),
                       static_cast<void*>(static_cast<char*>(a) + 1), END})
     {
@@ -447,7 +445,6 @@ TEST_F(GTreeDataTest, HandlesThatNameNoItemAreIgnored)
         }
     }
     tree.RemoveItem(tree.GetRootItem());
-    gesso::SetMisuseStops(true);
     EXPECT_EQ(tree.Rows(), "a");
     EXPECT_EQ(tree.GetSelectedItem(), nullptr);
     EXPECT_EQ(other.Rows(), "foreign");

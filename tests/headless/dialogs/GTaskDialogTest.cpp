@@ -3,6 +3,7 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GTaskDialog.h>
 
+#include "../../support/AllowMisuse.h"
 #include "../controls/DrawFixture.h"
 
 #include <gtest/gtest.h>
@@ -163,11 +164,10 @@ TEST_F(GTaskDialogTest, RunsAndLeavesNothingBehindWhateverFails)
             << pszOperation;
         desk::ClearFaults();
     }
-    const bool fFormer = gesso::SetMisuseStops(false);
+    const test::AllowMisuse allowed;
     UINT uButton = 0;
     EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(nullptr, &uButton), E_FAIL);
     EXPECT_EQ(uButton, static_cast<UINT>(-1));
-    gesso::SetMisuseStops(fFormer);
 }
 
 TEST_F(GTaskDialogTest, InnerDialogGivesTheKeyboardBackToTheOuter)

@@ -2,6 +2,7 @@
 
 #include <gesso/dialogs/GWizard.h>
 
+#include "../../support/AllowMisuse.h"
 #include "../../support/DialogTemplate.h"
 #include "../controls/DrawFixture.h"
 
@@ -355,12 +356,11 @@ TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
 
 TEST_F(GWizardTest, IgnoresANullPageAndRefusesToRunWithoutConfiguration)
 {
-    const bool fFormer = gesso::SetMisuseStops(false);
+    const test::AllowMisuse allowed;
     wizard.InsertPage(0, nullptr);
     EXPECT_EQ(wizard.GetPage(0), nullptr);
     GWizard bare;
     EXPECT_EQ(bare.DoModal(Parent(), nullptr), -1);
-    gesso::SetMisuseStops(fFormer);
 }
 
 TEST_F(GWizardTest, DrawsHeaderAndCommandAreaForASubclass)

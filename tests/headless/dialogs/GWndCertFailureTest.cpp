@@ -3,6 +3,7 @@
 #include <gesso/controls/GCheckBox.h>
 #include <gesso/dialogs/GWndCertFailure.h>
 
+#include "../../support/AllowMisuse.h"
 #include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
@@ -187,9 +188,8 @@ TEST_F(GWndCertFailureTest, FailuresToRunAreReported)
         EXPECT_EQ(run(CFT_SECURE), HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND));
         EXPECT_EQ(dwResult, 99u);
     }
-    const bool fFormer = gesso::SetMisuseStops(false);
+    const test::AllowMisuse allowed;
     EXPECT_EQ(run(3), E_INVALIDARG);
-    gesso::SetMisuseStops(fFormer);
     desk::Fail("DialogBoxIndirectParamW");
     EXPECT_EQ(run(CFT_SECURE), E_FAIL);
     EXPECT_EQ(dwResult, static_cast<DWORD>(-1));

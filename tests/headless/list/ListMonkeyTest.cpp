@@ -2,7 +2,7 @@
 
 #include "ListDesktop.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <random>
 
@@ -13,15 +13,9 @@ using namespace test;
 class ListMonkeyTest : public ListDesktop
 {
 protected:
-    void SetUp() override
-    {
-        ListDesktop::SetUp();
-        gesso::SetMisuseStops(false);
-    }
     void TearDown() override
     {
         ListDesktop::TearDown();
-        gesso::SetMisuseStops(true);
         if (m_images) {
             ImageList_Destroy(m_images);
         }
@@ -57,6 +51,7 @@ protected:
     void Step();
     void CheckRows();
 
+    const AllowMisuse m_allowed;
     std::mt19937 m_random;
     HIMAGELIST m_images = nullptr;
 };

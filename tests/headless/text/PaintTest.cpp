@@ -5,7 +5,7 @@
 #include "tests/text/TextSupport.h"
 
 #include <tests/headless/FreshDesktop.h>
-#include <tests/support/MisuseAllowed.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <gtest/gtest.h>
 
@@ -189,7 +189,7 @@ TEST_F(TextPaint, TheLowerPaintersTakeTheirGlyphsAsTheyStand)
     };
     EXPECT_EQ(line(0, 100), Lines{"\"aaa \" (1,2) cx=24 latin"});
     EXPECT_EQ(line(1, 18), Lines{"\"bb\" (1,2) cx=12 latin"});
-    const MisuseAllowed allowed;
+    const AllowMisuse allowed;
     EXPECT_EQ(line(2, 100), Lines{});
 }
 

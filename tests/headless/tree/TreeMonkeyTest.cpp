@@ -4,7 +4,7 @@
 #include "../FreshDesktop.h"
 #include "TreeModel.h"
 
-#include <gesso/containers/Misuse.h>
+#include <tests/support/AllowMisuse.h>
 
 #include <random>
 
@@ -300,12 +300,11 @@ private:
 
 template <class CONTROL> void LetMonkeysPlay()
 {
-    gesso::SetMisuseStops(false);
+    const AllowMisuse allowed;
     for (unsigned seed = 1; seed <= 25 && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         Monkey<CONTROL>(seed).Run(400);
     }
-    gesso::SetMisuseStops(true);
 }
 
 TEST(TreeMonkeyTest, NothingDoneToATreePartsItFromThePlainModel)
