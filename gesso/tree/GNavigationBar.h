@@ -213,7 +213,7 @@ private:
     NavigationBarItem* ItemOf(void* hItem) const;
     NavigationBarItem* ItemOrNone(void* hItem) const;
     UINT RowForNew(const NavigationBarItem& item) const;
-    void ItemInserted(bool fShown);
+    void ItemInserted(const NavigationBarItem& item, bool fShown);
     bool RowsChanged();
     void FindSelectedRow();
     void SelectRow(UINT row);

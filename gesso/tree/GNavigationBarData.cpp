@@ -18,7 +18,7 @@ UINT GNavigationBar::RowForNew(const NavigationBarItem& item) const
     return std::min(rowParent + 1 + item.place.iChild, m_aVisible.GetLength());
 }
 
-void GNavigationBar::ItemInserted(bool fShown)
+void GNavigationBar::ItemInserted(const NavigationBarItem&, bool fShown)
 {
     if (fShown) {
         RowsChanged();

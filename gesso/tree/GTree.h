@@ -219,7 +219,7 @@ private:
     TreeItem* ItemOf(void* hItem) const;
     TreeItem* ItemOrNone(void* hItem) const;
     UINT RowForNew(const TreeItem& item) const;
-    void ItemInserted(bool fShown);
+    void ItemInserted(const TreeItem& item, bool fShown);
     bool RowsChanged();
     void FindSelectedRow();
     void SelectRow(UINT row);

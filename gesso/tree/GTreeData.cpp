@@ -42,14 +42,17 @@ UINT GTree::RowForNew(const TreeItem& item) const
     return row == gesso::NO_ROW ? row : m_aVisible.SkipDeeper(row + 1, item.nLevel);
 }
 
-void GTree::ItemInserted(bool fShown)
+// An item that no row shows changes what is seen only where it gives its parent an expander.
+void GTree::ItemInserted(const TreeItem& item, bool fShown)
 {
+    const UINT rowFormer = m_nSelected;
     if (!UpdateScrollbars()) {
         return;
     }
     FindSelectedRow();
-    Invalidate(0);
     if (fShown) {
         RedrawAll(); // the thumb too
+    } else if (item.pParent->aChildren.GetLength() == 1 || m_nSelected != rowFormer) {
+        Invalidate(0);
     }
 }

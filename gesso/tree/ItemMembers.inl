@@ -144,7 +144,7 @@ void* Control::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nIm
     if (row != gesso::NO_ROW) {
         m_aVisible.Insert(row, item);
     }
-    ItemInserted(row != gesso::NO_ROW);
+    ItemInserted(*item, row != gesso::NO_ROW);
     return item;
 }
 
