@@ -36,7 +36,7 @@ protected:
         const HWND hwnd = CreateWindowExW(0, L"GCommandButton", L"", CHILD, 0, 0, 200, 60, host, nullptr,
                                           nullptr, const_cast<wchar_t*>(pData));
         const auto* pButton = static_cast<GCommandButton*>(GWnd::FromHwnd(hwnd));
-        const std::string result = test::TextOf(hwnd) + "/" + NoteOf(*pButton);
+        std::string result = test::TextOf(hwnd) + "/" + NoteOf(*pButton);
         DestroyWindow(hwnd);
         return result;
     }
