@@ -69,8 +69,8 @@ inline constexpr LPCWSTR FAILURE_TEXTS[] = {
     L"das Zertifikat ist noch nicht gültig",
     L"die Verschachtelung der Zeiten ist falsch",
     // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): one text
-    L"Das Zertifikat ist ungültig (irgendwas stimmt nicht mit der Kette, den Signaturen oder etwas "
-    L"anderem... wir vertrauen dem Ding auf jeden Fall nicht)",
+    (L"Das Zertifikat ist ungültig (irgendwas stimmt nicht mit der Kette, den Signaturen oder etwas "
+     L"anderem... wir vertrauen dem Ding auf jeden Fall nicht)"),
     L"Das Zertifikat wurde zurückgezogen.",
     L"explizit nicht vertrauenswürdig (wie zurückgezogen, aber nicht von der CA)",
 };

@@ -324,27 +324,35 @@ TEST_F(GWizardTest, PageThatSendsTheUserOnIsNotShownItself)
 
 TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
 {
+    enum class Way
+    {
+        End,
+        Destroy,
+        EndAndDelete
+    };
     AddPages(3);
     std::unique_ptr<TestWizard> own;
     const auto hwnd = [&] { return own ? own->GetHwnd() : nullptr; };
     for (const UINT uCode : {UINT{WM_INITDIALOG}, UINT{WM_SHOWWINDOW}, WZN_SETACTIVE, WZN_KILLACTIVE,
                              WZN_FINISH, UINT{WM_DESTROY}})
     {
-        for (const auto& [fDestroy, fDelete] : {std::pair{false, false}, {true, false}, {false, true}}) {
+        for (const Way way : {Way::End, Way::Destroy, Way::EndAndDelete}) {
             own = std::make_unique<TestWizard>(wizard);
             HWND hDlg = nullptr;
             script.onMessage = [&](UINT uNow, HWND hwndPage) {
                 if (uNow == uCode) {
                     script.onMessage = nullptr;
                     hDlg = GetParent(hwndPage);
-                    fDestroy ? DestroyWindow(hDlg) : EndDialog(hDlg, 77);
-                    fDelete ? own.reset() : void();
+                    way == Way::Destroy ? DestroyWindow(hDlg) : EndDialog(hDlg, 77);
+                    if (way == Way::EndAndDelete) {
+                        own.reset();
+                    }
                 }
             };
             desk::WhenIdle([&] { SendMessageW(hwnd(), WM_COMMAND, WZB_NEXT, 0); });
             desk::WhenIdle([&] { SendMessageW(hwnd(), WM_COMMAND, WZB_FINISH, 0); });
             const INT_PTR nResult = own->DoModal(Parent(), nullptr);
-            if (!fDestroy && !fDelete && uCode < WZN_FINISH && uCode != WM_DESTROY) {
+            if (way == Way::End && uCode < WZN_FINISH && uCode != WM_DESTROY) {
                 EXPECT_EQ(nResult, 77) << uCode;
             }
             EXPECT_TRUE(hDlg && !IsWindow(hDlg)) << uCode;
