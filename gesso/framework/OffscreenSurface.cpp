@@ -5,7 +5,7 @@ namespace gesso {
 namespace {
 
 // Larger ones are not kept, since they would hold more than 4 MB between paints.
-constexpr int64_t MOST_PIXELS_KEPT = 1024 * 1024;
+constexpr int64_t MOST_PIXELS_KEPT = int64_t{1024} * 1024;
 // How much larger than needed one may be, since it is blackened as a whole.
 constexpr int64_t MOST_WASTE = 4;
 // The bits of a pixel that serve a screen of any depth.

@@ -301,7 +301,7 @@ TEST(OString, FormatsFromAnArgumentList)
     const auto build = [](LPCWSTR pszFormat, ...) {
         va_list args;
         va_start(args, pszFormat);
-        const String str = String::Build(pszFormat, args);
+        String str = String::Build(pszFormat, args);
         va_end(args);
         return str;
     };

@@ -70,7 +70,7 @@ TEST_F(GSeparatorTest, RecordHoldsThePointerInItsFixedPlaces)
         return n;
     };
     HWND hwndFrom = nullptr;
-    std::memcpy(&hwndFrom, &bytes[0], sizeof(hwndFrom));
+    std::memcpy(&hwndFrom, &bytes[0], sizeof(HWND));
     EXPECT_EQ(hwndFrom, separator.GetHwnd());
     EXPECT_EQ(read(8), ID);
     EXPECT_EQ(read(16), -103);

@@ -104,7 +104,7 @@ std::string Clipboard()
 {
     EXPECT_TRUE(OpenClipboard(nullptr));
     const HANDLE hBlock = GetClipboardData(CF_UNICODETEXT);
-    const std::string text = hBlock ? Narrow(static_cast<LPCWSTR>(GlobalLock(hBlock))) : "(none)";
+    std::string text = hBlock ? Narrow(static_cast<LPCWSTR>(GlobalLock(hBlock))) : "(none)";
     GlobalUnlock(hBlock);
     CloseClipboard();
     return text;

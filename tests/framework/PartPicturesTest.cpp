@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 namespace {
 
 constexpr int SIDE = 300;
@@ -22,7 +24,7 @@ std::vector<DWORD> Printed(HWND hwnd)
     std::fill_n(pPixels, SIDE * SIDE, 0x123456);
     SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT | PRF_NONCLIENT);
     GdiFlush();
-    std::vector<DWORD> pixels(pPixels, pPixels + SIDE * SIDE);
+    std::vector<DWORD> pixels(pPixels, std::next(pPixels, SIDE * SIDE));
     SelectObject(hdc, hFormer);
     DeleteObject(hBitmap);
     DeleteDC(hdc);
