@@ -360,9 +360,9 @@ void GList::SetGroupImage(UINT group, UINT image)
     }
 }
 
-void GList::SetGroupGroup(UINT group, UINT id)
+void GList::SetGroupGroup(UINT index, UINT group)
 {
-    if (Store(GroupAt(group), &ListGroup::group, id)) {
+    if (Store(GroupAt(index), &ListGroup::group, group)) {
         m_fLayoutCurrent = false;
     }
 }

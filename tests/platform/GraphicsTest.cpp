@@ -94,7 +94,7 @@ TEST(Graphics, ADibSectionHasBitsThatCanBeWritten)
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     ASSERT_NE(bits, nullptr);
-    memset(bits, 0x5A, 5 * 3 * 4);
+    memset(bits, 0x5A, 60);
     BITMAP record{};
     EXPECT_EQ(GetObjectW(bitmap, sizeof(record), &record), static_cast<int>(sizeof(record)));
     EXPECT_EQ(record.bmWidth, 5);

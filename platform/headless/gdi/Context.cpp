@@ -142,7 +142,7 @@ void SetPixels(HDC hdc, const RECT& rect, DWORD value)
     IntersectRect(&inside, &bounds, &device);
     auto* pixels = reinterpret_cast<DWORD*>(bitmap->pixels.data());
     for (LONG y = inside.top; y < inside.bottom; ++y) {
-        std::fill_n(pixels + y * bitmap->width + inside.left, inside.right - inside.left, value);
+        std::fill_n(pixels + ptrdiff_t{y} * bitmap->width + inside.left, inside.right - inside.left, value);
     }
 }
 

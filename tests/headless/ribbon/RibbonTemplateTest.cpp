@@ -35,7 +35,7 @@ std::vector<BYTE> FullTemplate()
     RibbonTemplate bytes(2, 1, 3);
     bytes.Fill(8).Text(L"Home").Fill(8).Text(L"");
     bytes.Fill(8).Text(L"View");
-    bytes.Fill(16).Word(0xFFFF).Word(7).Text(L"Paste").Word(1).Word(2).Word(3).Fill(2 * 4);
+    bytes.Fill(16).Word(0xFFFF).Word(7).Text(L"Paste").Word(1).Word(2).Word(3).Fill(8);
     bytes.Fill(16).Text(L"GComboBox").Text(L"").Word(1).Word(0).Word(3);
     bytes.Fill(16).Text(L"").Text(L"Bold").Word(1).Word(1).Word(3).Fill(4);
     return bytes.Image(LARGE).Image(LITTLE).Bytes();

@@ -134,6 +134,7 @@ private:
         switch (Below(5)) {
         case 0:
         case 1: Sort(handle); break;
+        // NOLINTNEXTLINE(bugprone-branch-clone): the two are empty for one of the classes only
         case 2:
             if constexpr (IS_TREE) {
                 void* hParent = Any();
