@@ -10,7 +10,7 @@ namespace gesso {
 namespace {
 
 constexpr UINT MOST_PARTS = 48;
-constexpr size_t MOST_PIXELS = 1024 * 1024; // of all pictures together
+constexpr size_t MOST_PIXELS = size_t{1024} * 1024; // of all pictures together
 constexpr LONG LONGEST_SIDE = 4096;
 
 enum class Known
