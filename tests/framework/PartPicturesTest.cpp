@@ -5,11 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
-
 namespace {
 
 constexpr int SIDE = 300;
+constexpr size_t PIXELS = size_t{SIDE} * SIDE;
 
 // What a control prints over a background of one colour.
 std::vector<DWORD> Printed(HWND hwnd)
@@ -21,10 +20,10 @@ std::vector<DWORD> Printed(HWND hwnd)
     const HBITMAP hBitmap = CreateDIBSection(hdc, &info, DIB_RGB_COLORS, &pBits, nullptr, 0);
     const HGDIOBJ hFormer = SelectObject(hdc, hBitmap);
     auto* pPixels = static_cast<DWORD*>(pBits);
-    std::fill_n(pPixels, SIDE * SIDE, 0x123456);
+    std::fill_n(pPixels, PIXELS, 0x123456);
     SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT | PRF_NONCLIENT);
     GdiFlush();
-    std::vector<DWORD> pixels(pPixels, std::next(pPixels, SIDE * SIDE));
+    std::vector<DWORD> pixels(pPixels, pPixels + PIXELS);
     SelectObject(hdc, hFormer);
     DeleteObject(hBitmap);
     DeleteDC(hdc);
