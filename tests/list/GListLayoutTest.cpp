@@ -353,6 +353,7 @@ TEST_F(GListLayoutTest, TheParentMayDeleteTheListAsItDrawsBehindTheBars)
             own = nullptr;
         });
         c.act(*own);
+        DispatchAll();
         EXPECT_EQ(own, nullptr) << &c - cases;
     }
 }
