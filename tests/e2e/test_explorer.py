@@ -34,8 +34,12 @@ class ExplorerTest(unittest.TestCase):
     def open(self, name):
         xdotool("mousemove", *self.item(name), "click", "--repeat", 2, "--delay", 50, 1)
 
+    def combos(self):
+        """The one of the path and the one of the views."""
+        return [c for c in self.controls() if c.class_name == "GComboBox"]
+
     def path(self):
-        return next(c for c in self.controls() if c.class_name == "GComboBox" and SAMPLE in c.text).text
+        return self.combos()[0].text
 
     def test_folders_open_by_double_click_and_by_key_and_close_again(self):
         self.assertEqual(self.names()[:3], ["Documents", "Pictures", "Sounds"])
@@ -71,6 +75,19 @@ class ExplorerTest(unittest.TestCase):
                                lambda: [c for c in self.controls() if c.text.replace("&", "") in answers])
             self.gallery.click(buttons[0].middle)
             wait_for("the answer to count", lambda: (name in self.names()) == remains)
+
+    def test_what_is_chosen_in_an_open_list_counts_by_key_and_by_click(self):
+        before = self.item("Pictures")
+        self.gallery.click(self.combos()[1].middle)
+        self.gallery.key("Down", "Return")
+        wait_for("the tiles", lambda: self.item("Pictures") != before)
+        self.gallery.click(self.item("Pictures"))
+        self.gallery.key("Return")
+        wait_for("the folder", lambda: self.path().endswith("\\Pictures"))
+        combo = self.combos()[0]
+        self.gallery.click((combo.x + combo.cx - 8, combo.middle[1]))
+        self.gallery.click((combo.x + 40, combo.y + combo.cy + 33))  # the second row
+        wait_for("the folder before", lambda: self.path().endswith(SAMPLE) and "Documents" in self.names())
 
     def test_everything_stays_within_a_small_window(self):
         self.gallery.click(self.gallery.control("command", "800 x 600").middle)
