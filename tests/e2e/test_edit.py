@@ -12,11 +12,8 @@ class Edit(GalleryTest):
     def setUpClass(cls):
         super().setUpClass()
         edits = [c for c in cls.gallery.controls() if c.class_name == "GEdit"]
-        ids = {c.text: c.id for c in edits}
-        cls.line = ids["Type here"]
-        cls.password = ids["secret"]
+        cls.line = next(c.id for c in edits if c.text == "Type here")
         cls.letter = next(c.id for c in edits if c.text.startswith("Dear reader"))
-        cls.four_lines = next(c.id for c in edits if c.text.startswith("One"))
         cls.platform = next(c.id for c in cls.gallery.controls() if c.class_name == "Edit")
         combos = [c for c in cls.gallery.controls() if c.class_name == "GComboBox"]
         cls.combo = min(combos, key=lambda c: c.id).id
@@ -53,14 +50,6 @@ class Edit(GalleryTest):
         self.assertEqual(self.text(self.line), "Hello")
         self.gallery.key("BackSpace", "Home", "Delete")
         self.assertEqual(self.text(self.line), "ell")
-
-    def test_a_full_field_refuses_more_but_tells_of_it(self):
-        self.fill(self.line, "W" * 30)
-        full = self.text(self.line)
-        self.assertLess(len(full), 30)
-        xdotool("type", "W")
-        self.assertEqual(len(self.changes()), 1)
-        self.assertEqual(self.text(self.line), full)
 
     def test_shift_with_arrows_selects_what_typing_replaces(self):
         self.fill(self.line, "abcdef")
@@ -100,16 +89,6 @@ class Edit(GalleryTest):
         self.gallery.key("ctrl+v")
         self.assertEqual(self.text(self.line), "Field1")
 
-    def test_emoji_and_combining_marks_survive_the_clipboard(self):
-        text = self.text(self.four_lines)
-        self.assertIn("\U0001F600", text)
-        self.assertIn("e\u0301", text)
-        self.gallery.click(self.at(self.four_lines, 5))
-        self.gallery.key("ctrl+a", "ctrl+x")
-        self.assertEqual(self.text(self.four_lines), "")
-        self.gallery.key("ctrl+v")
-        self.assertEqual(self.text(self.four_lines), text)
-
     def test_several_lines_wrap_and_break_where_the_user_says(self):
         self.gallery.click(self.at(self.letter, 5))
         self.gallery.key("ctrl+a", "Delete")
@@ -122,19 +101,3 @@ class Edit(GalleryTest):
         self.assertNotIn(self.text(self.letter), (whole, "x" + whole))
         self.gallery.key("BackSpace", "Up", "Up", "Up", "Home", "x")
         self.assertEqual(self.text(self.letter), "x" + whole)
-
-    def test_a_field_without_vertical_scrolling_takes_only_what_it_has_room_for(self):
-        self.gallery.click(self.at(self.four_lines, 5))
-        before = self.text(self.four_lines)
-        self.gallery.key(*["Return"] * 12)
-        after = self.text(self.four_lines)
-        self.assertLess(len(after), len(before) + 2 * 12)
-        self.gallery.key("Return")
-        self.assertEqual(self.text(self.four_lines), after)
-
-    def test_a_password_is_copied_as_it_is(self):
-        self.gallery.click(self.at(self.password, 5))
-        self.gallery.key("ctrl+a", "ctrl+c")
-        self.fill(self.line, "")
-        self.gallery.key("ctrl+v")
-        self.assertEqual(self.text(self.line), "secret")

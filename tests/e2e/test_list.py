@@ -89,30 +89,24 @@ class List(GalleryTest):
         self.gallery.key("ctrl+a")
         self.assertGreater(self.status()[0], 100)
 
-    def test_the_thumb_scrolls_and_the_arrow_goes_back(self):
-        self.gallery.click(self.row(0))
-        first = self.status()[1]
-        self.gallery.drag(self.bar(BAR + 8), *(self.bar(y) for y in range(BAR + 8, self.list.cy - BAR, 20)))
-        self.gallery.lines()
-        self.gallery.click(self.row(3))
-        self.assertNotEqual(self.status()[1], first)
-        self.gallery.key("Home")
-        self.gallery.click(self.row(0))
-        self.assertEqual(self.status()[1], first)
+    def test_the_thumb_the_arrow_and_the_track_of_a_bar_scroll(self):
+        def first_after(act):
+            act()
+            self.gallery.click(self.row(3))
+            return self.status()[1]
 
-    def test_the_arrow_and_the_track_of_a_bar_scroll(self):
-        self.gallery.click(self.row(0))
-        first = self.status()[1]
-        self.gallery.click(self.bar(self.list.cy - BORDER - BAR // 2))
-        self.gallery.click(self.row(3))
-        by_line = self.status()[1]
-        self.assertNotEqual(by_line, first)
-        self.gallery.click(self.bar(self.list.cy - BORDER - 2 * BAR))
-        self.gallery.click(self.row(3))
-        self.assertNotEqual(self.status()[1], by_line)
-        self.gallery.click(self.bar(BORDER + BAR + 3))  # a page back
-        self.gallery.click(self.row(3))
-        self.assertEqual(self.status()[1], by_line)
+        top = self.first_names(1)
+        start = first_after(lambda: self.gallery.key("Home"))
+        thumb = [self.bar(y) for y in range(BAR + 8, self.list.cy - BAR, 20)]
+        self.assertNotEqual(first_after(lambda: self.gallery.drag(self.bar(BAR + 8), *thumb)), start)
+        self.gallery.key("Home")
+        self.assertEqual(self.first_names(1), top)
+        by_line = first_after(lambda: self.gallery.click(self.bar(self.list.cy - BORDER - BAR // 2)))
+        self.assertNotEqual(by_line, start)
+        track = self.bar(self.list.cy - BORDER - 2 * BAR)
+        self.assertNotEqual(first_after(lambda: self.gallery.click(track)), by_line)
+        page_back = self.bar(BORDER + BAR + 3)
+        self.assertEqual(first_after(lambda: self.gallery.click(page_back)), by_line)
         self.gallery.key("Home")
 
     def test_the_lower_thumb_scrolls_across(self):
