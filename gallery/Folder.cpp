@@ -1,5 +1,4 @@
 #include <gallery/Folder.h>
-#include <gallery/Slices.h>
 
 #include <shellapi.h>
 
@@ -142,7 +141,7 @@ UINT FolderReader::ReadNext()
     if (m_nRead < m_found.size()) {
         AddFile(m_folder, m_found[m_nRead++]);
     }
-    return Slices::Share(m_nRead, m_found.size());
+    return m_found.empty() ? 1000 : static_cast<UINT>(1000 * m_nRead / m_found.size());
 }
 
 Folder ReadSystemFolder()

@@ -2,7 +2,6 @@
 
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
@@ -44,7 +43,6 @@ UINT GList::SetListStyle(UINT style)
 {
     const UINT former = std::exchange(listStyle, style);
     const WindowContext context(m_hWnd);
-    const gesso::Lifeline life(*this);
     m_fLayoutCurrent = false;
     switch (listStyle & GLS_VIEWMASK) {
     case GLS_DETAILS: MakeDetailsCell(context); break;
@@ -57,9 +55,7 @@ UINT GList::SetListStyle(UINT style)
     case GLS_ICONS: MakeIconsCell(); break;
     default: break;
     }
-    if (life) {
-        Calculate();
-    }
+    Calculate();
     return former;
 }
 

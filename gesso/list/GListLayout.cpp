@@ -3,7 +3,6 @@
 
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/Lifeline.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
 
@@ -118,9 +117,8 @@ void GList::Calculate()
 {
     const int end = PlaceElements();
     m_fLayoutCurrent = true;
-    if (SetContentHeight(end)) {
-        Invalidate(1);
-    }
+    SetContentHeight(end);
+    Invalidate(1);
 }
 
 // Calculate, of a change that moves no row. A bulk fill lays out at its end.
@@ -133,9 +131,8 @@ void GList::RefreshLayout()
         Calculate();
         return;
     }
-    if (SetContentHeight(ElementsEnd())) {
-        Invalidate(1);
-    }
+    SetContentHeight(ElementsEnd());
+    Invalidate(1);
 }
 
 // Items must stand in the order of the groups. One that matches neither the group that the walk has come to
@@ -184,9 +181,10 @@ void GList::CalculateU(UINT item, bool inserted)
     if (inserted) {
         InsertRow(row, item);
     }
-    if (row >= elements.GetLength() || FitRow(row)) {
-        RedrawAll();
+    if (row < elements.GetLength()) {
+        FitRow(row);
     }
+    RedrawAll();
 }
 
 // The first row of an item of this index or a larger one; the number of elements if there is none.
@@ -260,20 +258,20 @@ bool GList::IsInOrder(UINT row) const
            (behind == elements.GetLength() || elements[behind].index > elements[row].index);
 }
 
-// Gives a row the items' height, and moves those below it. False where the list is gone.
-bool GList::FitRow(UINT row)
+// Gives a row the items' height, and moves those below it.
+void GList::FitRow(UINT row)
 {
     RECT& rc = elements[row].rect;
     const int bottom = Below(rc.top, itemHeight);
     const int64_t dy = int64_t{bottom} - rc.bottom;
     if (dy == 0) {
-        return true;
+        return;
     }
     rc.bottom = bottom;
     for (UINT below = row + 1; below < elements.GetLength(); ++below) {
         Move(elements[below], dy);
     }
-    return SetContentHeight(ElementsEnd());
+    SetContentHeight(ElementsEnd());
 }
 
 // --- Finding rows
@@ -339,17 +337,13 @@ int GList::ElementsEnd() const
     return count ? elements[count - 1].rect.bottom : 0;
 }
 
-// False where the list is gone: a bar that comes or goes repaints the frame, in whose corner the parent
-// draws.
-bool GList::SetContentHeight(int rowsEnd)
+void GList::SetContentHeight(int rowsEnd)
 {
-    const gesso::Lifeline life(*this);
     contentCy = headerArea + static_cast<UINT>(rowsEnd);
     // Room is added for the bars that do not show: hosts know the ranges so.
     RECT rc{};
     GetClientRectNoScroll(&rc);
     CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right, rc.bottom);
-    return life;
 }
 
 // The pages are reduced when both directions fit, and not when neither does: hosts know the bars so.
@@ -369,11 +363,8 @@ void GList::CalcScrollbars(int contentWidth, int contentHeight, int clientWidth,
     constexpr UINT MASK = SIF_RANGE | SIF_PAGE;
     const SCROLLINFO siH{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(lastX), pageX, 0, 0};
     const SCROLLINFO siV{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(lastY), pageY, 0, 0};
-    const gesso::Lifeline life(*this);
     GWndScroll::SetScrollInfo(SB_HORZ, &siH);
-    if (life) {
-        GWndScroll::SetScrollInfo(SB_VERT, &siV);
-    }
+    GWndScroll::SetScrollInfo(SB_VERT, &siV);
 }
 
 LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
@@ -388,12 +379,8 @@ LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
     // A bar that comes or goes sends this message again from within, with the size that the window had
     // before.
     if (!std::exchange(m_fSizing, true)) {
-        const gesso::Lifeline life(*this);
         CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right - rc.left,
                        rc.bottom - rc.top);
-        if (!life) {
-            return 0;
-        }
         m_fSizing = false;
     }
     return GWndScroll::OnNcCalcSize(fValidRects, pParams);

@@ -103,11 +103,13 @@ TEST(OString, TheRuntimesComparisonsFoldAToZOnly)
     EXPECT_EQ(str.CompareNoCase(L"Ab\xC4"), 0);
     EXPECT_NE(str.CompareNoCase(L"Ab\xE4"), 0);
     EXPECT_LT(str.CompareNoCase(Str(L"AC")), 0);
+    EXPECT_LT(Str(L"_").CompareNoCase(L"A"), 0) << "letters fold downward";
     EXPECT_EQ(str.CompareNoCase(L"AX", 1), 0);
     EXPECT_NE(str.CompareNoCase(Str(L"AX"), 2), 0);
     EXPECT_EQ(str.Collate(Str(L"aB\xC4")), 0);
     EXPECT_GT(str.Collate(L"AB\xC4"), 0);
     EXPECT_EQ(str.Collate(L"aX", 1), 0);
+    EXPECT_GT(Str(L"a").Collate(L"B"), 0);
     EXPECT_LT(str.Collate(Str(L"aX"), 2), 0);
     EXPECT_EQ(str.CollateNoCase(L"AB\xC4"), 0);
     EXPECT_LT(str.CollateNoCase(Str(L"ac")), 0);

@@ -8,6 +8,7 @@ namespace {
 
 using test::Host;
 using test::Reports;
+using test::TakeRepaint;
 
 using test::BUTTON_HEIGHT;
 using test::BUTTON_WIDTH;
@@ -121,12 +122,12 @@ TYPED_TEST(ButtonFamilyTest, CaptureThatGoesElsewhereEndsThePress)
 TYPED_TEST(ButtonFamilyTest, MovingThePointerRepaintsOnlyOnAChange)
 {
     this->Mouse(WM_MOUSEMOVE);
-    ValidateRect(this->control, nullptr);
+    EXPECT_TRUE(TakeRepaint(this->control));
     this->Mouse(WM_MOUSEMOVE, 6, 6);
-    EXPECT_FALSE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_FALSE(TakeRepaint(this->control));
     EXPECT_EQ(this->control.Held(), GWS_HOT);
     this->Send(WM_MOUSELEAVE);
-    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_TRUE(TakeRepaint(this->control));
     EXPECT_EQ(this->control.Held(), 0u);
 }
 
@@ -157,10 +158,10 @@ TYPED_TEST(ButtonFamilyTest, ParentMayDestroyTheButtonInEveryReport)
 TYPED_TEST(ButtonFamilyTest, StyleChangesRepaint)
 {
     const DWORD dwStyle = this->control.GetStyle();
-    ValidateRect(this->control, nullptr);
+    TakeRepaint(this->control);
     EXPECT_EQ(this->control.SetStyle(dwStyle | GS_CENTER), dwStyle);
     EXPECT_EQ(this->control.GetStyle(), dwStyle | GS_CENTER);
-    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_TRUE(TakeRepaint(this->control));
 }
 
 // --- Those with a text
@@ -182,10 +183,14 @@ TYPED_TEST(TextButtonTest, TextFontAndImageGoInAndOut)
     const HFONT hFont = CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
     const HFONT hFormer = button.GetFont();
     ASSERT_TRUE(hFormer);
-    ValidateRect(button, nullptr);
-    this->Send(WM_SETFONT, reinterpret_cast<WPARAM>(hFont), FALSE);
-    EXPECT_FALSE(GetUpdateRect(button, nullptr, FALSE));
-    EXPECT_EQ(SendMessageW(button, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(hFont));
+    TakeRepaint(button);
+    EXPECT_EQ(this->Send(WM_SETFONT, reinterpret_cast<WPARAM>(hFont), FALSE), 0);
+    EXPECT_FALSE(TakeRepaint(button));
+    EXPECT_EQ(this->Send(WM_GETFONT), reinterpret_cast<LRESULT>(hFont));
+    this->Send(WM_SETFONT, 0, TRUE);
+    EXPECT_TRUE(TakeRepaint(button));
+    EXPECT_EQ(button.GetFont(), nullptr);
+    UpdateWindow(button);
     button.SetFont(hFormer);
     DeleteObject(hFont);
 
@@ -224,9 +229,9 @@ TYPED_TEST_SUITE(DefaultableButtonTest, DefaultableButtons);
 TYPED_TEST(DefaultableButtonTest, DefaultButtonFollowsBmSetstyle)
 {
     EXPECT_EQ(this->Send(WM_GETDLGCODE), DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON);
-    ValidateRect(this->control, nullptr);
+    TakeRepaint(this->control);
     this->Send(BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
-    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_TRUE(TakeRepaint(this->control));
     EXPECT_EQ(this->Send(WM_GETDLGCODE), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
     EXPECT_TRUE(this->control.GetStyle() & GBS_DEFAULT);
     this->Send(BM_SETSTYLE, BS_PUSHBUTTON, FALSE);
@@ -235,9 +240,8 @@ TYPED_TEST(DefaultableButtonTest, DefaultButtonFollowsBmSetstyle)
 
 // --- Made by the window, as in a dialog
 
-TEST(MadeByName, EachClassMakesItsOwnObjectAndReadsItsCreationData)
+TEST(MadeByName, EachClassMakesItsOwnObjectReadsItsCreationDataAndDeletesTheObject)
 {
-    InitControls();
     const Host host;
     const wchar_t data[] = L"\x0001"
                            L"From the template";
@@ -247,20 +251,29 @@ TEST(MadeByName, EachClassMakesItsOwnObjectAndReadsItsCreationData)
         const std::type_info& type;
         bool fText;
     } const rows[] = {
+        {L"GLabel", typeid(GLabel), true},
+        {L"GButton", typeid(GButton), true},
         {L"GCheckBox", typeid(GCheckBox), true},
         {L"GRadioButton", typeid(GRadioButton), true},
+        {L"GEdit", typeid(GEdit), true},
+        {L"GComboBox", typeid(GComboBox), true},
         {L"GNavigationButton", typeid(GNavigationButton), false},
         {L"GProgressBar", typeid(GProgressBar), false},
     };
     for (const auto& row : rows) {
-        const HWND hwnd = CreateWindowExW(0, row.pszClass, L"", test::BUTTON_STYLE, 0, 0, 80, 20, host,
-                                          nullptr, nullptr, const_cast<wchar_t*>(data));
-        const GWnd* pControl = GWnd::FromHwnd(hwnd);
-        ASSERT_TRUE(pControl) << test::Narrow(row.pszClass);
-        EXPECT_EQ(typeid(*pControl), row.type);
-        EXPECT_EQ(test::TextOf(hwnd), row.fText ? "From the template" : "");
-        UpdateWindow(hwnd);
-        DestroyWindow(hwnd);
+        for (const wchar_t* pData : {data, static_cast<const wchar_t*>(nullptr)}) {
+            const HWND hwnd = CreateWindowExW(0, row.pszClass, row.fText ? L"a title does not count" : L"",
+                                              test::BUTTON_STYLE, 0, 0, 80, 20, host, nullptr, nullptr,
+                                              const_cast<wchar_t*>(pData));
+            const GWnd* pControl = GWnd::FromHwnd(hwnd);
+            ASSERT_TRUE(pControl) << test::Narrow(row.pszClass);
+            EXPECT_EQ(typeid(*pControl), row.type);
+            EXPECT_EQ(GetWindowLongW(hwnd, 8) & 1, 1);
+            EXPECT_EQ(test::TextOf(hwnd), row.fText && pData ? "From the template" : "");
+            UpdateWindow(hwnd);
+            EXPECT_TRUE(DestroyWindow(hwnd));
+            EXPECT_EQ(GWnd::FromHwnd(hwnd), nullptr);
+        }
     }
 }
 

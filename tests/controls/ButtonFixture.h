@@ -1,6 +1,7 @@
 // Buttons of every kind, made and driven alike.
 #pragma once
 
+#include "MakeControl.h"
 #include "Survival.h"
 
 namespace test {
@@ -9,22 +10,6 @@ constexpr DWORD BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr int BUTTON_ID = 12;
 constexpr int BUTTON_WIDTH = 100;
 constexpr int BUTTON_HEIGHT = 30;
-
-template <class CONTROL> HWND MakeButton(CONTROL& control, HWND hwndParent, int nId)
-{
-    return control.Create(10, 10, BUTTON_WIDTH, BUTTON_HEIGHT, hwndParent, nId, L"Text", 0, BUTTON_STYLE);
-}
-
-inline HWND MakeButton(GCommandButton& control, HWND hwndParent, int nId)
-{
-    return control.Create(10, 10, BUTTON_WIDTH, BUTTON_HEIGHT, hwndParent, nId, L"Text", L"Note", 0,
-                          BUTTON_STYLE);
-}
-
-inline HWND MakeButton(GNavigationButton& control, HWND hwndParent, int nId)
-{
-    return control.Create(10, 10, BUTTON_WIDTH, BUTTON_HEIGHT, hwndParent, nId, 0, BUTTON_STYLE);
-}
 
 // With its state in the open.
 template <class CONTROL> class ProbeOf : public CONTROL
@@ -38,11 +23,7 @@ public:
 template <class CONTROL> class ButtonFixture : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        InitControls();
-        ASSERT_TRUE(MakeButton(static_cast<CONTROL&>(control), host, BUTTON_ID));
-    }
+    void SetUp() override { ASSERT_TRUE(MakeControl(control, host, BUTTON_ID, BUTTON_STYLE)); }
     void TearDown() override
     {
         ReleaseCapture();
@@ -62,7 +43,7 @@ protected:
     void ExpectSurvival(const std::string& report, const std::function<void(HWND)>& act)
     {
         auto* pDoomed = new CONTROL;
-        MakeButton(*pDoomed, host, 33);
+        MakeControl(*pDoomed, host, 33, BUTTON_STYLE);
         test::ExpectSurvival(host, report + " 33", pDoomed, act);
     }
 

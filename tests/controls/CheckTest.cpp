@@ -3,6 +3,7 @@
 namespace {
 
 using test::Reports;
+using test::TakeRepaint;
 
 template <class CONTROL> class CheckTest : public test::ButtonFixture<CONTROL>
 {
@@ -13,21 +14,15 @@ protected:
 using Checks = testing::Types<GCheckBox, GRadioButton>;
 TYPED_TEST_SUITE(CheckTest, Checks);
 
-TYPED_TEST(CheckTest, ClickReportsAndLeavesTheMarkToTheParent)
+TYPED_TEST(CheckTest, ClickLeavesTheMarkToTheParentWhoseSettingItRepaintsAndSendsNothing)
 {
-    EXPECT_EQ(this->control.GetCheck(), BST_UNCHECKED);
-    this->Focus();
     this->Mouse(WM_LBUTTONDOWN);
     this->Mouse(WM_LBUTTONUP);
-    EXPECT_EQ(this->host.TakeReports(), Reports{"click 12"});
     EXPECT_EQ(this->control.GetCheck(), BST_UNCHECKED);
-}
-
-TYPED_TEST(CheckTest, MarkGoesInAndOutRepaintsAndSendsNothing)
-{
-    ValidateRect(this->control, nullptr);
+    this->host.TakeReports();
+    TakeRepaint(this->control);
     EXPECT_EQ(this->Send(BM_SETCHECK, BST_CHECKED), 0);
-    EXPECT_TRUE(GetUpdateRect(this->control, nullptr, FALSE));
+    EXPECT_TRUE(TakeRepaint(this->control));
     EXPECT_EQ(this->Send(BM_GETCHECK), BST_CHECKED);
     this->control.SetCheck(BST_INDETERMINATE);
     EXPECT_EQ(this->Send(BM_GETCHECK), BST_INDETERMINATE);
@@ -40,7 +35,7 @@ TYPED_TEST(CheckTest, MarkBeyondTheKnownOnesIsKeptAndPainted)
         this->control.SetCheck(nCheck);
         EXPECT_EQ(this->control.GetCheck(), nCheck & 0xFFFF);
         UpdateWindow(this->control);
-        EXPECT_FALSE(GetUpdateRect(this->control, nullptr, FALSE));
+        EXPECT_FALSE(TakeRepaint(this->control));
     }
 }
 

@@ -2,8 +2,8 @@
 // behind them, or a host that subclassed them hears of a change of the capture or the style. Under the
 // sanitizers, any touch of an object after its end shows here.
 
-#include "../support/Host.h"
 #include "../support/Interception.h"
+#include "MakeControl.h"
 
 #include <gtest/gtest.h>
 
@@ -13,35 +13,19 @@ using test::Host;
 using test::Interception;
 using test::Reports;
 
-constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 // A point where a press takes the capture.
 template <class CONTROL> constexpr LPARAM INSIDE = MAKELPARAM(5, 5);
 template <> constexpr LPARAM INSIDE<GRibbon> = MAKELPARAM(5, 60);
 
-HWND MakeRibbon(GRibbon& ribbon, HWND hwndParent)
-{
-    const HWND hwnd = ribbon.Create(10, 10, 100, 118, hwndParent, nullptr);
-    ribbon.AddPage(nullptr, 1, L"Page");
-    ribbon.GetPage(1)->InsertGroup(0, 1, L"Group", 0);
-    return hwnd;
-}
-
 template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
 {
     if constexpr (requires { control.GetPage(1); }) {
-        return MakeRibbon(control, hwndParent);
-    } else if constexpr (requires { control.SetNote(nullptr); }) {
-        return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", L"Note", 0, CHILD);
-    } else if constexpr (requires { control.SetSel(0, 0); }) {
-        return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", CHILD, 0);
-    } else if constexpr (requires { control.GetDropdownHeight(); }) {
-        return control.Create(10, 10, 100, 30, hwndParent, 33, CHILD | GCBS_DROPDOWN, 0);
-    } else if constexpr (requires { control.SetText(nullptr); }) {
-        return control.Create(10, 10, 100, 30, hwndParent, 33, L"Text", 0, CHILD);
-    } else if constexpr (requires { control.SetListStyle(GLS_DETAILS); }) {
-        return control.Create(10, 10, 100, 30, hwndParent, 33, GLS_DETAILS, 0, CHILD);
+        const HWND hwnd = control.Create(10, 10, 100, 118, hwndParent, nullptr);
+        control.AddPage(nullptr, 1, L"Page");
+        control.GetPage(1)->InsertGroup(0, 1, L"Group", 0);
+        return hwnd;
     } else {
-        return control.Create(10, 10, 100, 30, hwndParent, 33, 0, CHILD);
+        return test::MakeControl(control, hwndParent);
     }
 }
 
@@ -61,7 +45,6 @@ protected:
     // Lets the parent destroy a control while it draws behind it, once with the object and once without.
     template <class ACT> void ExpectSurvival(ACT act)
     {
-        InitControls();
         Host host;
         for (const bool fObjectToo : {false, true}) {
             auto* pControl = new CONTROL;
@@ -81,16 +64,12 @@ using Transparent = testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCo
                                    GList, GEdit, GComboBox, GRibbon>;
 TYPED_TEST_SUITE(ParentBackgroundTest, Transparent);
 
-TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaints)
+TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaintsOrPrints)
 {
     this->ExpectSurvival([](HWND hwnd) {
         InvalidateRect(hwnd, nullptr, FALSE);
         UpdateWindow(hwnd);
     });
-}
-
-TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPrints)
-{
     const HDC hdc = CreateCompatibleDC(nullptr);
     this->ExpectSurvival(
         [&](HWND hwnd) { SendMessageW(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT); });
@@ -99,11 +78,10 @@ TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPrints)
 
 TEST(CornerBackgroundTest, ParentMayDestroyTheFieldWhileItsFrameIsPrinted)
 {
-    InitControls();
     Host host;
     auto* pEdit = new GEdit;
-    const HWND hwnd =
-        pEdit->Create(10, 10, 100, 60, host, 33, L"Text", CHILD | WS_HSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
+    const HWND hwnd = pEdit->Create(10, 10, 100, 60, host, 33, L"Text",
+                                    WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL, WS_EX_CLIENTEDGE);
     const SCROLLINFO si{sizeof(si), SIF_RANGE | SIF_PAGE, 0, 100, 10, 0, 0};
     pEdit->SetScrollInfo(SB_HORZ, &si, FALSE);
     pEdit->SetScrollInfo(SB_VERT, &si, FALSE);
@@ -120,20 +98,14 @@ TEST(CornerBackgroundTest, ParentMayDestroyTheFieldWhileItsFrameIsPrinted)
 template <class CONTROL> class MouseTest : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        InitControls();
-        pControl = new CONTROL;
-        hwnd = Make(*pControl, host);
-    }
-
     Host host;
-    CONTROL* pControl;
-    HWND hwnd;
+    CONTROL* pControl = new CONTROL;
+    HWND hwnd = Make(*pControl, host);
 };
 
-using Pressable = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton,
-                                 GSeparator, GScrollbar, GTree, GNavigationBar, GEdit, GComboBox, GRibbon>;
+using Pressable =
+    testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton, GSeparator,
+                   GScrollbar, GTree, GNavigationBar, GList, GEdit, GComboBox, GRibbon>;
 TYPED_TEST_SUITE(MouseTest, Pressable);
 
 TYPED_TEST(MouseTest, SubclassMayDestroyTheControlAsItGivesUpTheCapture)

@@ -23,11 +23,9 @@ HFONT SomeFont()
 class GCommandButtonTest : public testing::Test
 {
 protected:
-    void SetUp() override { InitControls(); }
-
-    HWND Make(GCommandButton& button, LPCWSTR pszNote = L"The note")
+    HWND Make(GCommandButton& any, LPCWSTR pszNote = L"The note")
     {
-        return button.Create(10, 10, 200, 60, host, 7, L"The title", pszNote, 0, CHILD);
+        return any.Create(10, 10, 200, 60, host, 7, L"The title", pszNote, 0, CHILD);
     }
 
     // "title/note" of a link made by name.
@@ -41,27 +39,27 @@ protected:
         return result;
     }
 
-    static std::string NoteOf(const GCommandButton& button)
+    static std::string NoteOf(const GCommandButton& any)
     {
         wchar_t buffer[64];
         int nLength = 64;
-        EXPECT_EQ(button.GetNote(buffer, &nLength), 1);
-        EXPECT_EQ(nLength, button.GetNoteLength());
+        EXPECT_EQ(any.GetNote(buffer, &nLength), 1);
+        EXPECT_EQ(nLength, any.GetNoteLength());
         return Narrow(buffer);
     }
 
     Host host;
+    GCommandButton button;
 };
 
 TEST_F(GCommandButtonTest, NoteGoesInAndOutBesideTheTitle)
 {
-    GCommandButton button;
     Make(button);
     EXPECT_EQ(NoteOf(button), "The note");
     EXPECT_EQ(test::TextOf(button), "The title");
-    ValidateRect(button, nullptr);
+    test::TakeRepaint(button);
     EXPECT_EQ(button.SetNote(L"Another"), 1);
-    EXPECT_TRUE(GetUpdateRect(button, nullptr, FALSE));
+    EXPECT_TRUE(test::TakeRepaint(button));
     EXPECT_EQ(NoteOf(button), "Another");
     EXPECT_EQ(test::TextOf(button), "The title");
 
@@ -71,12 +69,10 @@ TEST_F(GCommandButtonTest, NoteGoesInAndOutBesideTheTitle)
     EXPECT_EQ(nLength, 8);
     EXPECT_EQ(button.GetNote(buffer, &nLength), 1);
     EXPECT_EQ(nLength, 7);
-    DestroyWindow(button);
 }
 
 TEST_F(GCommandButtonTest, WithoutANoteTheNoteReadsAsEmpty)
 {
-    GCommandButton button;
     Make(button, nullptr);
     wchar_t buffer[2] = {L'#', L'#'};
     int nLength = 0;
@@ -89,7 +85,6 @@ TEST_F(GCommandButtonTest, WithoutANoteTheNoteReadsAsEmpty)
     button.SetNote(L"now there is one");
     button.SetNote(nullptr);
     EXPECT_EQ(button.GetNoteLength(), 0);
-    DestroyWindow(button);
 }
 
 TEST_F(GCommandButtonTest, CreationDataHoldsTitleAndNote)
@@ -109,7 +104,6 @@ TEST_F(GCommandButtonTest, CreationDataThatEndsWithTheTitleHasNoNote)
 
 TEST_F(GCommandButtonTest, FontsAreMadeFromTheStyleAndGoWithTheWindow)
 {
-    GCommandButton button;
     const HWND hwnd = Make(button);
     const HFONT hTitle = button.GetFont();
     const HFONT hNote = button.GetNoteFont();
@@ -126,7 +120,6 @@ TEST_F(GCommandButtonTest, FontsAreMadeFromTheStyleAndGoWithTheWindow)
 // The control takes over what it is given, but leaves alone what it had.
 TEST_F(GCommandButtonTest, FontsOfTheHostsAreDeletedAndFormerOnesAreNot)
 {
-    GCommandButton button;
     Make(button);
     const HFONT hFormer = button.GetFont();
     const HFONT hFormerNote = button.GetNoteFont();
@@ -161,15 +154,14 @@ TEST_F(GCommandButtonTest, FontThatNobodyTookGoesWhenAnotherComes)
     {
     public:
         HFONT Font() const { return m_hFont; }
-    } button;
-    Make(button);
-    const HFONT hMade = button.Font();
+    } probe;
+    Make(probe);
+    const HFONT hMade = probe.Font();
     const HFONT hGiven = SomeFont();
     ASSERT_TRUE(IsFont(hMade));
-    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(hGiven), FALSE);
+    SendMessageW(probe, WM_SETFONT, reinterpret_cast<WPARAM>(hGiven), FALSE);
     EXPECT_FALSE(IsFont(hMade));
     EXPECT_TRUE(IsFont(hGiven));
-    DestroyWindow(button);
 }
 
 TEST_F(GCommandButtonTest, FontsOfTheHostsStayWhereNoWindowTookThemOver)
@@ -181,7 +173,6 @@ TEST_F(GCommandButtonTest, FontsOfTheHostsStayWhereNoWindowTookThemOver)
         never.SetNoteFont(hGiven);
     }
     EXPECT_TRUE(IsFont(hGiven)) << "no window, nothing to delete";
-    GCommandButton button;
     button.SetFont(hGiven);
     button.SetNoteFont(hGiven);
     Make(button);
@@ -193,7 +184,6 @@ TEST_F(GCommandButtonTest, FontsOfTheHostsStayWhereNoWindowTookThemOver)
 
 TEST_F(GCommandButtonTest, CopiesShareTheFontsAndDeleteNone)
 {
-    GCommandButton button;
     Make(button);
     const HFONT hTitle = button.GetFont();
     {
@@ -201,7 +191,6 @@ TEST_F(GCommandButtonTest, CopiesShareTheFontsAndDeleteNone)
         EXPECT_EQ(copy.GetFont(), hTitle);
     }
     EXPECT_TRUE(IsFont(hTitle));
-    DestroyWindow(button);
 }
 
 } // namespace

@@ -13,14 +13,9 @@ using test::Narrow;
 class GLabelTest : public testing::Test
 {
 protected:
-    void SetUp() override { InitControls(); }
-
-    HWND Make(GLabel& label, DWORD dwStyle = 0)
-    {
-        return label.Create(10, 10, 100, 30, host, 44, L"Label", 0, WS_CHILD | WS_VISIBLE | dwStyle);
-    }
-
     Host host;
+    GLabel label;
+    HWND hwnd = label.Create(10, 10, 100, 30, host, 44, L"Label", 0, WS_CHILD | WS_VISIBLE);
 };
 
 std::string Wrapped(const std::string& text)
@@ -33,8 +28,6 @@ std::string Wrapped(const std::string& text)
 
 TEST_F(GLabelTest, IsAStaticControlWithoutAnId)
 {
-    GLabel label;
-    const HWND hwnd = Make(label);
     ASSERT_TRUE(hwnd);
     EXPECT_EQ(GetDlgCtrlID(hwnd), 0);
     EXPECT_EQ(SendMessageW(hwnd, WM_GETDLGCODE, 0, 0), DLGC_STATIC);
@@ -44,9 +37,9 @@ TEST_F(GLabelTest, IsAStaticControlWithoutAnId)
     SetFocus(host);
     SendMessageW(hwnd, WM_LBUTTONDOWN, 0, 0);
     EXPECT_EQ(host.TakeReports(), test::Reports{}) << "a label sends nothing";
-    ValidateRect(hwnd, nullptr);
+    test::TakeRepaint(hwnd);
     EnableWindow(hwnd, FALSE);
-    EXPECT_TRUE(GetUpdateRect(hwnd, nullptr, FALSE));
+    EXPECT_TRUE(test::TakeRepaint(hwnd));
     EXPECT_NE(label.Destroy(), 0);
 }
 
@@ -74,8 +67,6 @@ TEST_F(GLabelTest, WrapTextBreaksAt48Columns)
 
 TEST_F(GLabelTest, CalcSizeTextLimitsOnlyTheFreeDirections)
 {
-    GLabel label;
-    Make(label);
     const auto calc = [&](DWORD dwFlags, UINT cx, UINT cy, RECT* prc) {
         return label.CalcSizeText(prc, dwFlags, L"several words that are to be measured", 0, cx, cy);
     };
@@ -101,12 +92,10 @@ TEST_F(GLabelTest, CalcSizeTextLimitsOnlyTheFreeDirections)
     const OString<wchar_t> words = OString<wchar_t>::Build(L"%hs", (std::string(60, 'x')).c_str());
     EXPECT_EQ(label.CalcSizeText(&rc, GLC_FREEWIDTH | GLC_FREEHEIGHT, words, 1, 0, 0), S_OK);
     EXPECT_EQ(static_cast<UINT>(rc.bottom), 2 * cy) << "broken hard first";
-    label.Destroy();
 }
 
 TEST(Dialog, TemplateMakesControlsWithTheirTextAndTheKeyboardWorks)
 {
-    InitControls();
     Host host;
     static test::Reports s_reports;
     s_reports.clear();
@@ -142,7 +131,6 @@ TEST(Dialog, TemplateMakesControlsWithTheirTextAndTheKeyboardWorks)
         << "the focused button has become the default";
     EXPECT_TRUE(key(WM_SYSCHAR, 'l'));
     EXPECT_EQ(GetFocus(), GetDlgItem(hDlg, 101)) << "a label's mnemonic goes on to the next control";
-    DestroyWindow(hDlg);
 }
 
 } // namespace

@@ -48,7 +48,6 @@ TEST_F(GNavigationButtonTest, EnableAndKeyReleaseAskForTheRepaintBeforeTheStateC
     SendMessageW(watcher, WM_KEYUP, VK_SPACE, 0);
     SendMessageW(watcher, WM_ENABLE, FALSE, 0);
     EXPECT_EQ(watcher.seen, (std::vector<DWORD>{GWS_HOT | GWS_KEYDOWN, GWS_HOT}));
-    DestroyWindow(watcher);
 }
 
 } // namespace

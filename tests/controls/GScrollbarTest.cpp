@@ -1,28 +1,18 @@
+#include "ProbeScrollbar.h"
 #include "Survival.h"
 
 #include <climits>
 
 namespace {
 
+using test::BAR_HEIGHT;
+using test::BAR_WIDTH;
 using test::Host;
+using test::ProbeScrollbar;
 using test::Reports;
+using test::TakeRepaint;
 
 constexpr int ID = 12;
-constexpr int WIDTH = 17;
-constexpr int HEIGHT = 234; // a track of 200 between the two buttons
-
-class ProbeScrollbar : public GScrollbar
-{
-public:
-    int Track() const { return m_nTrack; }
-    int Thumb() const { return m_nThumb; }
-    WORD HitAt(int y, int x = 5) const
-    {
-        HitTestInfo info{{static_cast<SHORT>(x), static_cast<SHORT>(y)}, 0};
-        return HitTest(&info);
-    }
-    WORD HitNow() const { return m_hitNow.wHit; }
-};
 
 class GScrollbarTest : public testing::Test
 {
@@ -36,13 +26,13 @@ protected:
 
     HWND Make(GScrollbar& any, int nId)
     {
-        return any.Create(10, 10, WIDTH, HEIGHT, host, nId, 0, WS_CHILD | WS_VISIBLE);
+        return any.Create(10, 10, BAR_WIDTH, BAR_HEIGHT, host, nId, 0, WS_CHILD | WS_VISIBLE);
     }
     // A bar at position 0 with half of a total of 468 visible: a thumb of 100, from 17 to 117.
     void ShowHalf()
     {
         bar.InitScrollBar(0);
-        bar.ScrSetTotalHeight(2 * HEIGHT);
+        bar.ScrSetTotalHeight(2 * BAR_HEIGHT);
     }
     void Mouse(UINT uMsg, int y, int x = 5) { SendMessageW(bar, uMsg, 0, MAKELPARAM(x, y)); }
 
@@ -55,8 +45,8 @@ TEST_F(GScrollbarTest, InitMakesPageAndTotalEqual)
     bar.InitScrollBar(100);
     EXPECT_EQ(bar.ScrGetPageSize(), 100u);
     EXPECT_FALSE(bar.IsScrollable());
-    bar.ScrSetTotalHeight(2 * HEIGHT);
-    EXPECT_EQ(bar.ScrGetPageSize(), static_cast<UINT>(HEIGHT));
+    bar.ScrSetTotalHeight(2 * BAR_HEIGHT);
+    EXPECT_EQ(bar.ScrGetPageSize(), static_cast<UINT>(BAR_HEIGHT));
     EXPECT_TRUE(bar.IsScrollable());
     bar.SetScrollPos(50);
     bar.ResetScroll();
@@ -68,36 +58,36 @@ TEST_F(GScrollbarTest, ThumbIsAsLongAsThePageAndNeverBelow22)
     ShowHalf();
     EXPECT_EQ(bar.Thumb(), 100);
     EXPECT_EQ(bar.Track(), 200);
-    bar.ScrSetTotalHeight(HEIGHT * 100);
+    bar.ScrSetTotalHeight(BAR_HEIGHT * 100);
     EXPECT_EQ(bar.Thumb(), 22);
-    EXPECT_EQ(bar.Track(), HEIGHT - 56 + 2) << "the track gives back what the thumb takes";
+    EXPECT_EQ(bar.Track(), BAR_HEIGHT - 56 + 2) << "the track gives back what the thumb takes";
     bar.ScrSetTotalHeight(0);
     EXPECT_EQ(bar.Thumb(), 22);
-    EXPECT_EQ(bar.Track(), HEIGHT - 56);
+    EXPECT_EQ(bar.Track(), BAR_HEIGHT - 56);
 }
 
 TEST_F(GScrollbarTest, PositionIsLimitedAndNotRepainted)
 {
     ShowHalf();
-    ValidateRect(bar, nullptr);
+    TakeRepaint(bar);
     const auto after = [&](UINT nPos) {
         bar.SetScrollPos(nPos);
         return bar.GetScrollPos();
     };
     EXPECT_EQ(after(100), 100u);
-    EXPECT_EQ(after(HEIGHT), static_cast<UINT>(HEIGHT));
-    EXPECT_EQ(after(HEIGHT + 1), static_cast<UINT>(HEIGHT));
+    EXPECT_EQ(after(BAR_HEIGHT), static_cast<UINT>(BAR_HEIGHT));
+    EXPECT_EQ(after(BAR_HEIGHT + 1), static_cast<UINT>(BAR_HEIGHT));
     EXPECT_EQ(after(static_cast<UINT>(-5)), 0u) << "negative as a signed number";
-    bar.ScrSetTotalHeight(HEIGHT / 2);
+    bar.ScrSetTotalHeight(BAR_HEIGHT / 2);
     EXPECT_EQ(after(100), 0u) << "a page above the total";
-    EXPECT_FALSE(GetUpdateRect(bar, nullptr, FALSE));
+    EXPECT_FALSE(TakeRepaint(bar));
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
 TEST_F(GScrollbarTest, PartsOfTheBar)
 {
     ShowHalf();
-    bar.SetScrollPos(HEIGHT / 2);
+    bar.SetScrollPos(BAR_HEIGHT / 2);
     struct
     {
         int y;
@@ -113,21 +103,21 @@ TEST_F(GScrollbarTest, PartsOfTheBar)
         {168, SBH_BELOW},
         {217, SBH_BELOW},
         {218, SBH_DOWN},
-        {HEIGHT, SBH_DOWN},
-        {HEIGHT + 1, 0},
+        {BAR_HEIGHT, SBH_DOWN},
+        {BAR_HEIGHT + 1, 0},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(bar.HitAt(row.y), row.wHit) << row.y;
     }
     EXPECT_EQ(bar.HitAt(5, -1), 0);
-    EXPECT_EQ(bar.HitAt(5, WIDTH), SBH_UP);
-    EXPECT_EQ(bar.HitAt(5, WIDTH + 1), 0);
+    EXPECT_EQ(bar.HitAt(5, BAR_WIDTH), SBH_UP);
+    EXPECT_EQ(bar.HitAt(5, BAR_WIDTH + 1), 0);
 }
 
 TEST_F(GScrollbarTest, PressesScrollAndTheBarDoesNotMoveByItself)
 {
     ShowHalf();
-    bar.SetScrollPos(HEIGHT / 2);
+    bar.SetScrollPos(BAR_HEIGHT / 2);
     const auto press = [&](int y) {
         Mouse(WM_LBUTTONDOWN, y);
         EXPECT_EQ(GetCapture(), bar.GetHwnd());
@@ -136,12 +126,12 @@ TEST_F(GScrollbarTest, PressesScrollAndTheBarDoesNotMoveByItself)
         return host.TakeReports();
     };
     EXPECT_EQ(press(5), Reports{"lineup 12"});
-    EXPECT_EQ(press(HEIGHT - 5), Reports{"linedown 12"});
+    EXPECT_EQ(press(BAR_HEIGHT - 5), Reports{"linedown 12"});
     EXPECT_EQ(press(20), Reports{"pageup 12"});
     EXPECT_EQ(press(210), Reports{"pagedown 12"});
     EXPECT_EQ(press(100), Reports{}) << "the thumb";
     EXPECT_EQ(press(-5), Reports{}) << "outside";
-    EXPECT_EQ(bar.GetScrollPos(), static_cast<UINT>(HEIGHT / 2));
+    EXPECT_EQ(bar.GetScrollPos(), static_cast<UINT>(BAR_HEIGHT / 2));
 }
 
 TEST_F(GScrollbarTest, DraggingTheThumbTellsLimitedPositions)
@@ -175,32 +165,40 @@ TEST_F(GScrollbarTest, CaptureThatGoesElsewhereLeavesTheDragUntilTheRelease)
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
-TEST_F(GScrollbarTest, PositionsAbove65535LoseTheirHighBits)
+TEST_F(GScrollbarTest, PositionsAbove65535LoseTheirHighBitsAndATrackOfNothingDragsNowhere)
 {
     bar.InitScrollBar(0);
     bar.ScrSetTotalHeight(1'000'000);
-    Mouse(WM_LBUTTONDOWN, 20);
-    Mouse(WM_MOUSEMOVE, 900);
-    EXPECT_EQ(host.TakeReports(),
-              Reports{"thumbtrack 12 at " + std::to_string((1'000'000 - HEIGHT) & 0xFFFF)});
-    Mouse(WM_LBUTTONUP, 900);
+    const auto drag = [&] {
+        Mouse(WM_LBUTTONDOWN, 20);
+        Mouse(WM_MOUSEMOVE, 900);
+        Mouse(WM_LBUTTONUP, 900);
+        return host.TakeReports();
+    };
+    EXPECT_EQ(drag(), Reports{"thumbtrack 12 at " + std::to_string((1'000'000 - BAR_HEIGHT) & 0xFFFF)});
+    bar.MoveWindow(10, 10, BAR_WIDTH, 56);
+    bar.InitScrollBar(0);
+    bar.ScrSetTotalHeight(1'000'000);
+    ASSERT_EQ(bar.Track(), 0);
+    host.TakeReports();
+    EXPECT_EQ(drag(), Reports{"thumbtrack 12 at 0"});
 }
 
 TEST_F(GScrollbarTest, SizeThatLeavesThePositionBeyondTheEndAsksForALineDown)
 {
     ShowHalf();
-    bar.SetScrollPos(HEIGHT);
+    bar.SetScrollPos(BAR_HEIGHT);
     host.TakeReports();
-    bar.MoveWindow(10, 10, WIDTH, HEIGHT - 10);
+    bar.MoveWindow(10, 10, BAR_WIDTH, BAR_HEIGHT - 10);
     EXPECT_EQ(host.TakeReports(), Reports{}) << "a lower bar shows less";
-    bar.MoveWindow(10, 10, WIDTH, HEIGHT + 10);
+    bar.MoveWindow(10, 10, BAR_WIDTH, BAR_HEIGHT + 10);
     EXPECT_EQ(host.TakeReports(), Reports{"linedown 12"});
     bar.SetScrollPos(UINT{INT_MAX});
-    bar.MoveWindow(10, 10, WIDTH, 2 * HEIGHT + 10);
+    bar.MoveWindow(10, 10, BAR_WIDTH, 2 * BAR_HEIGHT + 10);
     EXPECT_EQ(host.TakeReports(), Reports{"linedown 12"})
         << "all of it is visible, and the position is not 0";
     bar.SetScrollPos(0);
-    bar.MoveWindow(10, 10, WIDTH, 2 * HEIGHT + 20);
+    bar.MoveWindow(10, 10, BAR_WIDTH, 2 * BAR_HEIGHT + 20);
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
@@ -208,9 +206,9 @@ TEST_F(GScrollbarTest, PointerRepaintsTheBarWhenItReachesAnotherPart)
 {
     ShowHalf();
     const auto repaints = [&](UINT uMsg, int y) {
-        ValidateRect(bar, nullptr);
+        TakeRepaint(bar);
         Mouse(uMsg, y);
-        return GetUpdateRect(bar, nullptr, FALSE) != 0;
+        return TakeRepaint(bar);
     };
     EXPECT_TRUE(repaints(WM_MOUSEMOVE, 5));
     EXPECT_FALSE(repaints(WM_MOUSEMOVE, 6));
@@ -225,19 +223,18 @@ TEST_F(GScrollbarTest, PointerRepaintsTheBarWhenItReachesAnotherPart)
 
 TEST_F(GScrollbarTest, FocusRepaintsTheParent)
 {
-    ValidateRect(host, nullptr);
+    TakeRepaint(host);
     SetFocus(bar);
-    EXPECT_TRUE(GetUpdateRect(host, nullptr, FALSE));
-    ValidateRect(host, nullptr);
+    EXPECT_TRUE(TakeRepaint(host));
     SetFocus(host);
-    EXPECT_TRUE(GetUpdateRect(host, nullptr, FALSE));
+    EXPECT_TRUE(TakeRepaint(host));
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
 TEST_F(GScrollbarTest, UsableWithoutInitAndInEverySize)
 {
-    for (const int cy : {HEIGHT, 57, 56, 55, 34, 17, 1, 0}) {
-        bar.MoveWindow(10, 10, WIDTH, cy);
+    for (const int cy : {BAR_HEIGHT, 57, 56, 55, 34, 17, 1, 0}) {
+        bar.MoveWindow(10, 10, BAR_WIDTH, cy);
         for (const UINT nTotal : {0u, 1u, 100u, UINT{INT_MAX}, UINT_MAX}) {
             bar.ScrSetTotalHeight(nTotal);
             EXPECT_GE(bar.Thumb(), 22);
@@ -259,26 +256,14 @@ TEST_F(GScrollbarTest, UsableWithoutInitAndInEverySize)
     EXPECT_EQ(none.Destroy(), 0);
 }
 
-TEST_F(GScrollbarTest, TrackOfNothingDragsNowhere)
-{
-    bar.MoveWindow(10, 10, WIDTH, 56);
-    bar.InitScrollBar(0);
-    bar.ScrSetTotalHeight(1'000'000);
-    ASSERT_EQ(bar.Track(), 0);
-    Mouse(WM_LBUTTONDOWN, 20);
-    Mouse(WM_MOUSEMOVE, 30);
-    EXPECT_EQ(host.TakeReports(), Reports{"thumbtrack 12 at 0"});
-    Mouse(WM_LBUTTONUP, 30);
-}
-
 TEST_F(GScrollbarTest, ParentMayDestroyTheBarInEveryReport)
 {
     const auto expectSurvival = [&](const std::string& report, const std::function<void(HWND)>& act) {
         auto* pDoomed = new GScrollbar;
         Make(*pDoomed, 33);
         pDoomed->InitScrollBar(0);
-        pDoomed->ScrSetTotalHeight(2 * HEIGHT);
-        pDoomed->SetScrollPos(HEIGHT);
+        pDoomed->ScrSetTotalHeight(2 * BAR_HEIGHT);
+        pDoomed->SetScrollPos(BAR_HEIGHT);
         test::ExpectSurvival(host, report, pDoomed, act);
         test::DispatchAll();
     };
@@ -290,7 +275,8 @@ TEST_F(GScrollbarTest, ParentMayDestroyTheBarInEveryReport)
     };
     expectSurvival("lineup 33", press(5));
     expectSurvival("thumbtrack 33 at 234", press(150));
-    expectSurvival("linedown 33", [](HWND hwnd) { MoveWindow(hwnd, 10, 10, WIDTH, HEIGHT + 10, FALSE); });
+    expectSurvival("linedown 33",
+                   [](HWND hwnd) { MoveWindow(hwnd, 10, 10, BAR_WIDTH, BAR_HEIGHT + 10, FALSE); });
 }
 
 } // namespace

@@ -131,7 +131,7 @@ TEST_F(GSeparatorTest, PaintsNothingAndLetsNoPaintWait)
     EXPECT_EQ(separator.State(), 0u);
     separator.Invalidate(0);
     UpdateWindow(separator);
-    EXPECT_FALSE(GetUpdateRect(separator, nullptr, FALSE));
+    EXPECT_FALSE(test::TakeRepaint(separator));
     SendMessageW(separator, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS), 0);
     EXPECT_EQ(separator.State(), GWS_HIDEFOCUS);
 }

@@ -21,7 +21,7 @@ inline void ExpectSurvival(Host& host, const std::string& report, GWnd* pDoomed,
     };
     act(hwnd);
     EXPECT_FALSE(IsWindow(hwnd)) << report;
-    ReleaseCapture();
+    EXPECT_EQ(GetCapture(), nullptr) << report;
     SetFocus(host);
 }
 

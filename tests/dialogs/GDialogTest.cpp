@@ -65,8 +65,6 @@ private:
 class GDialogTest : public testing::Test
 {
 protected:
-    void SetUp() override { InitControls(); }
-
     test::Host host;
 };
 

@@ -2,27 +2,10 @@
 
 namespace test {
 
-HeldKeys::HeldKeys(std::initializer_list<int> keys)
-{
-    BYTE states[256];
-    GetKeyboardState(m_former);
-    std::memcpy(states, m_former, sizeof(states));
-    for (const int nKey : keys) {
-        states[nKey] |= 0x80;
-    }
-    SetKeyboardState(states);
-}
-
-HeldKeys::~HeldKeys()
-{
-    SetKeyboardState(m_former);
-}
-
 EditFixture::EditFixture()
     : m_hFont(CreateFontW(-16, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, FIXED_PITCH | FF_MODERN,
                           L"Courier New"))
 {
-    InitControls();
     const HDC hdc = GetDC(nullptr);
     const HGDIOBJ hFormer = SelectObject(hdc, m_hFont);
     SIZE ten{};
@@ -42,9 +25,7 @@ EditFixture::~EditFixture()
 {
     DestroyWindow(edit);
     DeleteObject(m_hFont);
-    OpenClipboard(nullptr);
-    EmptyClipboard();
-    CloseClipboard();
+    EmptyTheClipboard();
 }
 
 HWND EditFixture::Make(int nColumns, int nRows, DWORD dwStyle)
@@ -88,12 +69,25 @@ void EditFixture::Mouse(UINT uMsg, int nColumn, int nRow, WPARAM wKeys)
     SendMessageW(edit, uMsg, wKeys, MAKELPARAM(x, y));
 }
 
-void SetClipboard(LPCWSTR psz)
+HGLOBAL BlockOf(LPCWSTR psz)
 {
     const size_t nSize = (wcslen(psz) + 1) * sizeof(wchar_t);
     const HGLOBAL hBlock = GlobalAlloc(GMEM_MOVEABLE, nSize);
     std::memcpy(GlobalLock(hBlock), psz, nSize);
     GlobalUnlock(hBlock);
+    return hBlock;
+}
+
+void EmptyTheClipboard()
+{
+    OpenClipboard(nullptr);
+    EmptyClipboard();
+    CloseClipboard();
+}
+
+void SetClipboard(LPCWSTR psz)
+{
+    const HGLOBAL hBlock = BlockOf(psz);
     EXPECT_TRUE(OpenClipboard(GetActiveWindow())); // which it needs to take data
     EmptyClipboard();
     EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, hBlock), hBlock);

@@ -2,26 +2,12 @@
 #pragma once
 
 #include "../support/Host.h"
+#include "../support/Keys.h"
 #include "ProbeEdit.h"
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-
 namespace test {
-
-// Holds VK_SHIFT or VK_CONTROL, as messages that are sent see it.
-class HeldKeys
-{
-public:
-    explicit HeldKeys(std::initializer_list<int> keys);
-    ~HeldKeys();
-    HeldKeys(const HeldKeys&) = delete;
-    HeldKeys& operator=(const HeldKeys&) = delete;
-
-private:
-    BYTE m_former[256];
-};
 
 class EditFixture : public testing::Test
 {
@@ -52,6 +38,9 @@ private:
     int m_cyLine = 0;
 };
 
+// A block for the clipboard that holds a text.
+HGLOBAL BlockOf(LPCWSTR psz);
+void EmptyTheClipboard();
 void SetClipboard(LPCWSTR psz);
 std::string Clipboard();
 

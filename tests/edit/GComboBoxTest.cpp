@@ -30,8 +30,6 @@ LPARAM Text(LPCWSTR psz)
 class GComboBoxTest : public testing::Test
 {
 protected:
-    void SetUp() override { InitControls(); }
-
     void Make(DWORD dwStyle, std::initializer_list<LPCWSTR> items = {})
     {
         ASSERT_TRUE(combo.Create(10, 10, 120, 24, host, 5, CHILD | dwStyle, 0));
@@ -373,25 +371,6 @@ TEST_F(GComboBoxTest, OnlyTheFieldTakesCharacters)
     Type("x\b");
     EXPECT_EQ(TextOf(combo), "a");
     EXPECT_EQ(host.TakeReports(), Reports{});
-}
-
-TEST_F(GComboBoxTest, TheTextIsReadIntoAnyBuffer)
-{
-    Make(GCBS_PLAIN);
-    EXPECT_EQ(combo.SetText(L"hello"), 1);
-    EXPECT_EQ(combo.GetTextLength(), 5);
-    wchar_t buffer[8]{};
-    int nLength = 5;
-    EXPECT_EQ(combo.GetText(buffer, &nLength), 0);
-    EXPECT_EQ(nLength, 6);
-    EXPECT_EQ(combo.GetText(buffer, &nLength), 1);
-    EXPECT_EQ(nLength, 5);
-    EXPECT_EQ(Narrow(buffer), "hello");
-    EXPECT_EQ(Send(WM_GETTEXT, 3, Text(buffer)), 3) << "one more than was copied";
-    EXPECT_EQ(Narrow(buffer), "he");
-    EXPECT_EQ(Send(WM_GETTEXT, 0, Text(buffer)), 0);
-    EXPECT_EQ(Send(WM_SETTEXT, 0, 0), 1);
-    EXPECT_EQ(Send(WM_GETTEXTLENGTH), 0);
 }
 
 TEST_F(GComboBoxTest, TheParentHearsOfTheFocus)

@@ -2,6 +2,7 @@
 
 #include "EditFixture.h"
 
+#include "../controls/Survival.h"
 #include "../support/Interception.h"
 
 namespace {
@@ -294,24 +295,22 @@ TEST_F(GEditInputTest, TheMouseSetsTheCaretAndDragsASelection)
 {
     Make(10);
     Set(L"abcdef\ngh", 0, 0);
-    Mouse(WM_LBUTTONDOWN, 2, 0);
-    EXPECT_EQ(edit.Caret(), "0,2") << "in front of the character that the point touches";
+    const auto caretAfter = [&](UINT uMsg, int nColumn, int nRow, WPARAM wKeys = 0) {
+        Mouse(uMsg, nColumn, nRow, wKeys);
+        return edit.Caret();
+    };
+    EXPECT_EQ(caretAfter(WM_LBUTTONDOWN, 2, 0), "0,2") << "in front of the character that the point touches";
     EXPECT_EQ(GetCapture(), edit.GetHwnd());
-    Mouse(WM_MOUSEMOVE, 9, 1);
-    EXPECT_EQ(edit.Caret(), "0,2-1,2") << "right of a line's end";
-    Mouse(WM_MOUSEMOVE, 4, 0);
-    Mouse(WM_LBUTTONUP, 4, 0);
-    EXPECT_EQ(edit.Caret(), "0,2-0,4");
+    EXPECT_EQ(caretAfter(WM_MOUSEMOVE, 9, 1), "0,2-1,2") << "right of a line's end";
+    EXPECT_EQ(caretAfter(WM_MOUSEMOVE, 4, 0), "0,2-0,4");
+    EXPECT_EQ(caretAfter(WM_LBUTTONUP, 4, 0), "0,2-0,4");
     EXPECT_FALSE(edit.State() & GWS_PRESSED);
-    Mouse(WM_MOUSEMOVE, 1, 0);
-    EXPECT_EQ(edit.Caret(), "0,2-0,4");
-    Mouse(WM_LBUTTONDOWN, 5, 0, MK_SHIFT);
-    EXPECT_EQ(edit.Caret(), "0,2-0,5");
+    EXPECT_EQ(caretAfter(WM_MOUSEMOVE, 1, 0), "0,2-0,4");
+    EXPECT_EQ(caretAfter(WM_LBUTTONDOWN, 5, 0, MK_SHIFT), "0,2-0,5");
     SendMessageW(edit, WM_CAPTURECHANGED, 0, 0);
     EXPECT_FALSE(edit.State() & GWS_PRESSED);
     ReleaseCapture();
-    Mouse(WM_LBUTTONDBLCLK, 1, 0);
-    EXPECT_EQ(edit.Caret(), "0,0-1,2");
+    EXPECT_EQ(caretAfter(WM_LBUTTONDBLCLK, 1, 0), "0,0-1,2");
     EXPECT_EQ(edit.HitAt(1, -40), "0,0") << "above the text";
     EXPECT_EQ(edit.HitAt(1, 900), "1,0") << "below the last line";
 }
@@ -319,14 +318,14 @@ TEST_F(GEditInputTest, TheMouseSetsTheCaretAndDragsASelection)
 TEST_F(GEditInputTest, DialogCodesAndTab)
 {
     Make(10, 1, ES_WANTRETURN);
-    MSG msg{edit, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
-    const auto code = [&] { return SendMessageW(edit, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&msg)); };
-    EXPECT_EQ(code(), 0x85);
-    msg.wParam = VK_ESCAPE;
-    EXPECT_EQ(code(), 0x81);
+    const auto code = [&](WPARAM vk) {
+        MSG msg{edit, WM_KEYDOWN, vk, 0, 0, {}};
+        return SendMessageW(edit, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&msg));
+    };
+    EXPECT_EQ(code(VK_RETURN), 0x85);
+    EXPECT_EQ(code(VK_ESCAPE), 0x81);
     SetWindowLongW(edit, GWL_STYLE, WS_CHILD | WS_VISIBLE);
-    msg.wParam = VK_RETURN;
-    EXPECT_EQ(code(), 0x81);
+    EXPECT_EQ(code(VK_RETURN), 0x81);
     EXPECT_EQ(SendMessageW(edit, WM_GETDLGCODE, 0, 0), 0x81);
     test::Interception next(host, WM_NEXTDLGCTL, [] {});
     EXPECT_EQ(Char(L'\t'), 0);
@@ -355,43 +354,33 @@ TEST_F(GEditInputTest, MessagesThatDoNothingAreAnsweredWith0)
 
 TEST_F(GEditInputTest, TheParentMayDestroyTheFieldInEveryReport)
 {
-    const auto destroyIn = [&](const std::string& report, const std::function<void()>& act) {
-        auto* pEdit = new test::ProbeEdit;
-        const HWND hwnd =
-            pEdit->Create(0, 0, 90, 90, host, ID, L"text", WS_CHILD | WS_VISIBLE | MULTILINE, 0);
-        if (report != "setfocus 7") {
-            SetFocus(hwnd);
-        }
-        bool fDone = false;
-        host.onReport = [&](const std::string& told) {
-            if (told == report && !std::exchange(fDone, true)) {
-                DestroyWindow(hwnd);
-                delete pEdit;
-            }
-        };
-        act();
-        host.onReport = nullptr;
-        EXPECT_TRUE(fDone) << report;
-        EXPECT_FALSE(IsWindow(hwnd));
-        return hwnd;
+    using Act = std::function<void(HWND)>;
+    const auto send = [](UINT uMsg, WPARAM wParam) -> Act {
+        return [=](HWND hwnd) { SendMessageW(hwnd, uMsg, wParam, 0); };
     };
-    const auto send = [&](UINT uMsg, WPARAM wParam) {
-        return [=, this] { SendMessageW(GetDlgItem(host, ID), uMsg, wParam, 0); };
-    };
-    destroyIn(CHANGED[0], send(WM_CHAR, 'x'));
-    destroyIn(CHANGED[0], send(WM_CHAR, VK_BACK));
-    destroyIn(CHANGED[0], send(WM_CHAR, VK_RETURN));
-    destroyIn(CHANGED[0], send(WM_KEYDOWN, VK_DELETE));
-    test::SetClipboard(L"pasted");
-    for (const WPARAM wKey : {WPARAM{'A'}, WPARAM{'V'}}) {
-        destroyIn(CHANGED[0], [&] {
+    const auto withControl = [](WPARAM wKey) -> Act {
+        return [=](HWND hwnd) {
             const test::HeldKeys keys({VK_CONTROL});
-            SendMessageW(GetDlgItem(host, ID), WM_KEYDOWN, wKey, 0);
-        });
+            SendMessageW(hwnd, WM_KEYDOWN, wKey, 0);
+        };
+    };
+    const std::pair<std::string, Act> cases[] = {
+        {CHANGED[0], send(WM_CHAR, 'x')},
+        {CHANGED[0], send(WM_CHAR, VK_BACK)},
+        {CHANGED[0], send(WM_CHAR, VK_RETURN)},
+        {CHANGED[0], send(WM_KEYDOWN, VK_DELETE)},
+        {CHANGED[0], withControl('A')},
+        {CHANGED[0], withControl('V')},
+        {"killfocus 7", [&](HWND) { SetFocus(host); }},
+        {"setfocus 7", send(WM_LBUTTONDOWN, 0)},
+    };
+    test::SetClipboard(L"pasted");
+    for (const auto& [report, act] : cases) {
+        auto* pDoomed = new GEdit;
+        pDoomed->Create(0, 0, 90, 90, host, ID, L"text", WS_CHILD | WS_VISIBLE | MULTILINE, 0);
+        SetFocus(report == "setfocus 7" ? host.Window() : pDoomed->GetHwnd());
+        test::ExpectSurvival(host, report, pDoomed, act);
     }
-    destroyIn("killfocus 7", [&] { SetFocus(host); });
-    destroyIn("setfocus 7", send(WM_LBUTTONDOWN, 0));
-    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include "EditFixture.h"
 
-#include "../support/DialogTemplate.h"
-
 namespace {
 
 using test::Narrow;
@@ -16,6 +14,13 @@ protected:
         edit.SetText(psz);
         EXPECT_EQ(edit.Fault(), "");
         return edit.Lines();
+    }
+    std::pair<int, int> Highlight(UINT nLine) const
+    {
+        int nFrom = -1;
+        int nTo = -1;
+        edit.CalcHighliteOfLine(nFrom, nTo, nLine);
+        return {nFrom, nTo};
     }
 };
 
@@ -31,17 +36,6 @@ TEST_F(GEditTextTest, TextOfCreationIsOneLineUntilItIsSet)
     EXPECT_EQ(edit.GetTextLength(), 0) << "the text goes with the window";
     edit.Create(0, 0, 50, 50, host, ID, nullptr, WS_CHILD, 0);
     EXPECT_EQ(edit.Lines(), "|");
-}
-
-TEST_F(GEditTextTest, DialogTemplateGivesTheTextInItsCreationData)
-{
-    test::DialogTemplate dialog(WS_POPUP, 100, 50);
-    dialog.Add(L"GEdit", 5, WS_CHILD | WS_BORDER, 0, 0, 60, 14, L"from a template");
-    const HWND hwnd = CreateDialogIndirectParamW(
-        nullptr, dialog.Get(), host, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
-    ASSERT_TRUE(hwnd);
-    EXPECT_EQ(test::TextOf(GetDlgItem(hwnd, 5)), "from a template");
-    DestroyWindow(hwnd);
 }
 
 TEST_F(GEditTextTest, EveryKindOfLineEndIsStoredAsTwoCharacters)
@@ -158,28 +152,6 @@ TEST_F(GEditTextTest, LengthsAndOffsetsCountLineEndsOnce)
     EXPECT_EQ(edit.OffsetOfLine(0), 0u);
 }
 
-TEST_F(GEditTextTest, GetTextTellsTheRoomItNeeds)
-{
-    Make(20);
-    edit.SetText(L"five5");
-    wchar_t buffer[10] = L"untouched";
-    int nLength = 5;
-    EXPECT_EQ(edit.GetText(buffer, &nLength), 0);
-    EXPECT_EQ(nLength, 6);
-    EXPECT_EQ(Narrow(buffer), "untouched");
-    EXPECT_EQ(edit.GetText(buffer, &nLength), 1);
-    EXPECT_EQ(nLength, 5);
-    EXPECT_EQ(Narrow(buffer), "five5");
-    const auto read = [&](WPARAM nCapacity) {
-        return SendMessageW(edit, WM_GETTEXT, nCapacity, reinterpret_cast<LPARAM>(buffer));
-    };
-    EXPECT_EQ(read(10), 5);
-    EXPECT_EQ(read(4), 4) << "one more than was copied";
-    EXPECT_EQ(Narrow(buffer), "fiv");
-    EXPECT_EQ(read(0), 0);
-    EXPECT_EQ(Narrow(buffer), "fiv");
-}
-
 TEST_F(GEditTextTest, SetSelSelectsInOneLineAndRunsDownSeveral)
 {
     Make(20);
@@ -196,12 +168,7 @@ TEST_F(GEditTextTest, SetSelSelectsInOneLineAndRunsDownSeveral)
     EXPECT_EQ(edit.Caret(), "0,5");
     edit.SetSel(2, -1);
     EXPECT_EQ(edit.Caret(), "2,-6-0,5");
-    // Where text is touched they count as 0.
-    int nFrom = -1;
-    int nTo = -1;
-    edit.CalcHighliteOfLine(nFrom, nTo, 2);
-    EXPECT_EQ(nFrom, 0);
-    EXPECT_EQ(nTo, 0);
+    EXPECT_EQ(Highlight(2), std::pair(0, 0)) << "where text is touched they count as 0";
     Char(L'!');
     EXPECT_EQ(test::TextOf(edit), "hello!x");
 }
@@ -210,20 +177,14 @@ TEST_F(GEditTextTest, HighlightCoversWhatLiesBetweenBothEnds)
 {
     Make(20);
     edit.SetText(L"first\nsecond\nthird");
-    const auto highlight = [&](UINT nLine) {
-        int nFrom = -1;
-        int nTo = -1;
-        edit.CalcHighliteOfLine(nFrom, nTo, nLine);
-        return std::pair(nFrom, nTo);
-    };
     edit.Select(0, 2, 2, 3);
-    EXPECT_EQ(highlight(0), std::pair(2, 5));
-    EXPECT_EQ(highlight(1), std::pair(0, 6));
-    EXPECT_EQ(highlight(2), std::pair(0, 3));
+    EXPECT_EQ(Highlight(0), std::pair(2, 5));
+    EXPECT_EQ(Highlight(1), std::pair(0, 6));
+    EXPECT_EQ(Highlight(2), std::pair(0, 3));
     edit.Select(1, 4, 1, 1);
-    EXPECT_EQ(highlight(0), std::pair(0, 0));
-    EXPECT_EQ(highlight(1), std::pair(1, 4)) << "the caret may come first";
-    EXPECT_EQ(highlight(2), std::pair(0, 0));
+    EXPECT_EQ(Highlight(0), std::pair(0, 0));
+    EXPECT_EQ(Highlight(1), std::pair(1, 4)) << "the caret may come first";
+    EXPECT_EQ(Highlight(2), std::pair(0, 0));
 }
 
 TEST_F(GEditTextTest, FitIsBelowTheClientAreaAndNotUpToIt)

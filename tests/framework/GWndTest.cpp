@@ -1,11 +1,10 @@
 // How objects and windows find each other and part again, seen through GButton and GLabel.
 
-#include "../support/Host.h"
+#include "../controls/MakeControl.h"
 #include "../support/Interception.h"
+#include "../support/Numbers.h"
 
 #include <gtest/gtest.h>
-
-#include <cstring>
 
 namespace {
 
@@ -31,73 +30,45 @@ public:
 class GWndTest : public testing::Test
 {
 protected:
-    void SetUp() override { InitControls(); }
-
-    HWND Make(GButton& button, LPCWSTR pszText = L"Text")
+    HWND Make(GButton& any, LPCWSTR pszText = L"Text")
     {
-        return button.Create(10, 10, 100, 30, host, 7, pszText, 0, CHILD);
+        return any.Create(10, 10, 100, 30, host, 7, pszText, 0, CHILD);
     }
 
-    Host host;
+    Host host; // whose end takes all windows along
+    ProbeButton button;
 };
 
 TEST_F(GWndTest, ObjectFirstKeepsTheObjectTheCreators)
 {
     bool fDestroyed = false;
     {
-        ProbeButton button;
-        button.pfDestroyed = &fDestroyed;
-        const HWND hwnd = Make(button);
+        ProbeButton probe;
+        probe.pfDestroyed = &fDestroyed;
+        const HWND hwnd = Make(probe);
         ASSERT_TRUE(hwnd);
-        EXPECT_EQ(button.GetHwnd(), hwnd);
-        EXPECT_EQ(static_cast<HWND>(button), hwnd);
-        EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
-        EXPECT_EQ(button.GetParent(), host.Window());
+        EXPECT_EQ(probe.GetHwnd(), hwnd);
+        EXPECT_EQ(static_cast<HWND>(probe), hwnd);
+        EXPECT_EQ(GWnd::FromHwnd(hwnd), &probe);
+        EXPECT_EQ(probe.GetParent(), host.Window());
         EXPECT_EQ(GetDlgCtrlID(hwnd), 7);
-        EXPECT_EQ(button.State(), GWS_HIDEFOCUS | GWS_HIDEACCEL);
+        EXPECT_EQ(probe.State(), GWS_HIDEFOCUS | GWS_HIDEACCEL);
         EXPECT_EQ(GetWindowLongW(hwnd, 8), 0);
-        EXPECT_EQ(button.GetFont(), g_hDefaultFont);
+        EXPECT_EQ(probe.GetFont(), g_hDefaultFont);
         EXPECT_TRUE(DestroyWindow(hwnd));
         EXPECT_FALSE(fDestroyed);
-        EXPECT_EQ(button.GetTextLength(), 0) << "the text goes with the window";
+        EXPECT_EQ(probe.GetTextLength(), 0) << "the text goes with the window";
     }
     EXPECT_TRUE(fDestroyed);
 }
 
-TEST_F(GWndTest, WindowFirstMakesAndDeletesItsOwnObject)
-{
-    const wchar_t data[] = L"\x0001"
-                           L"From the template";
-    const HWND hwnd = CreateWindowExW(0, L"GButton", L"a title that does not count", CHILD, 0, 0, 80, 20,
-                                      host, reinterpret_cast<HMENU>(9), nullptr, const_cast<wchar_t*>(data));
-    ASSERT_TRUE(hwnd);
-    EXPECT_TRUE(dynamic_cast<GButton*>(GWnd::FromHwnd(hwnd)));
-    EXPECT_EQ(GetWindowLongW(hwnd, 8) & 1, 1);
-    EXPECT_EQ(TextOf(hwnd), "From the template");
-    EXPECT_TRUE(DestroyWindow(hwnd));
-    EXPECT_EQ(GWnd::FromHwnd(hwnd), nullptr);
-}
-
 TEST_F(GWndTest, HostThatMakesTheWindowNamesItsObjectByTheTag)
 {
-    ProbeButton button;
     stcCreateTag tag{0xFFFF, &button};
     const HWND hwnd = CreateWindowExW(0, L"GButton", L"", CHILD, 0, 0, 80, 20, host, nullptr, nullptr, &tag);
     EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
     EXPECT_EQ(button.GetHwnd(), hwnd);
     EXPECT_EQ(GetWindowLongW(hwnd, 8), 0) << "which stays the host's";
-    DestroyWindow(hwnd);
-}
-
-TEST_F(GWndTest, WindowFirstWithoutCreationDataHasAnEmptyText)
-{
-    for (const wchar_t* pszClass : {L"GButton", L"GLabel"}) {
-        const HWND hwnd =
-            CreateWindowExW(0, pszClass, L"title", CHILD, 0, 0, 80, 20, host, nullptr, nullptr, nullptr);
-        ASSERT_TRUE(hwnd);
-        EXPECT_EQ(TextOf(hwnd), "");
-        DestroyWindow(hwnd);
-    }
 }
 
 TEST_F(GWndTest, DeletingAnObjectLeavesItsWindowWithoutOne)
@@ -131,7 +102,6 @@ TEST_F(GWndTest, ObjectThatTheParentDeletesDuringCreateIsNotTouchedAgain)
 
 TEST_F(GWndTest, SecondCreateMovesTheObjectToTheNewWindow)
 {
-    GButton button;
     const HWND hwndFirst = Make(button, L"first");
     const HWND hwndSecond = Make(button, L"second");
     ASSERT_TRUE(hwndSecond);
@@ -144,12 +114,10 @@ TEST_F(GWndTest, SecondCreateMovesTheObjectToTheNewWindow)
 
     const HWND hwndThird = Make(button, L"third");
     EXPECT_EQ(TextOf(hwndThird), "third");
-    DestroyWindow(hwndThird);
 }
 
 TEST_F(GWndTest, CopiesShareAndOwnNothing)
 {
-    GButton button;
     const HWND hwnd = Make(button, L"shared");
     {
         GButton copy(button);
@@ -162,25 +130,24 @@ TEST_F(GWndTest, CopiesShareAndOwnNothing)
     }
     EXPECT_EQ(TextOf(hwnd), "shared");
     EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
-    DestroyWindow(hwnd);
 }
 
 TEST_F(GWndTest, CopyKeepsTheTextThatItsOriginalLets)
 {
     GButton copy;
     {
-        GButton button;
-        const HWND hwnd = Make(button, L"shared");
-        copy = button;
-        button.SetText(L"the button's next");
+        GButton original;
+        const HWND hwnd = Make(original, L"shared");
+        copy = original;
+        original.SetText(L"the original's next");
         EXPECT_EQ(copy.GetTextLength(), 6);
-        copy = button;
+        copy = original;
         DestroyWindow(hwnd);
     }
     wchar_t buffer[32];
     int nLength = 32;
     EXPECT_EQ(copy.GetText(buffer, &nLength), 1);
-    EXPECT_EQ(test::Narrow(buffer), "the button's next");
+    EXPECT_EQ(test::Narrow(buffer), "the original's next");
 }
 
 TEST_F(GWndTest, AssignmentLeavesTheFormerWindowWithoutAnObject)
@@ -201,20 +168,17 @@ TEST_F(GWndTest, AssignmentLeavesTheFormerWindowWithoutAnObject)
     }
     test::DispatchAll();
     EXPECT_EQ(TextOf(hwndSource), "source");
-    DestroyWindow(hwndSource);
 }
 
 TEST_F(GWndTest, WithoutAWindowOperationsDoNothing)
 {
-    RECT rcUpdate{};
-    GButton button;
-    ValidateRect(host, nullptr);
+    test::TakeRepaint(host);
     button.Invalidate(1);
     button.SetText(L"kept");
-    EXPECT_FALSE(GetUpdateRect(host, &rcUpdate, FALSE)) << "a null window must not mean all windows";
+    EXPECT_FALSE(test::TakeRepaint(host)) << "a null window must not mean all windows";
     RECT rc{1, 2, 3, 4};
     EXPECT_EQ(button.GetPos(&rc), 0);
-    EXPECT_EQ(rc.right, 3);
+    EXPECT_EQ(test::Numbers(rc), "1,2,3,4");
     EXPECT_EQ(button.MoveWindow(0, 0, 10, 10), 0);
     EXPECT_EQ(button.SetVisible(1), 0);
     EXPECT_EQ(button.GetParent(), nullptr);
@@ -224,65 +188,25 @@ TEST_F(GWndTest, WithoutAWindowOperationsDoNothing)
 
 TEST_F(GWndTest, CreateThatFailsGivesNullAndCanBeRepeated)
 {
-    GButton button;
     EXPECT_EQ(button.Create(0, 0, 10, 10, nullptr, 1, L"child without a parent", 0, WS_CHILD), nullptr);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_TLW_WITH_WSCHILD)) << "the wrapped call's own error";
     EXPECT_EQ(button.GetHwnd(), nullptr);
     const HWND hwnd = Make(button, L"second try");
     EXPECT_EQ(TextOf(hwnd), "second try");
-    DestroyWindow(hwnd);
 }
 
 TEST_F(GWndTest, PositionAndVisibility)
 {
-    GButton button;
     const HWND hwnd = Make(button);
     button.MoveWindow(20, 30, 60, 25);
-    RECT rcHost{}, rc{};
-    GetWindowRect(host, &rcHost);
+    RECT rc{};
     button.GetPos(&rc);
-    EXPECT_EQ(rc.left - rcHost.left, 20);
-    EXPECT_EQ(rc.top - rcHost.top, 30);
-    EXPECT_EQ(rc.right - rc.left, 60);
-    EXPECT_EQ(rc.bottom - rc.top, 25);
+    EXPECT_EQ(test::Numbers(rc), test::Numbers(test::PlaceIn(nullptr, hwnd)));
+    EXPECT_EQ(test::Numbers(test::PlaceIn(host, hwnd)), "20,30,80,55");
     EXPECT_NE(button.SetVisible(0), 0);
     EXPECT_FALSE(IsWindowVisible(hwnd));
     EXPECT_EQ(button.SetVisible(1), 0);
     EXPECT_TRUE(IsWindowVisible(hwnd));
-    DestroyWindow(hwnd);
-}
-
-TEST_F(GWndTest, TextGoesInAndOutWithTheStatedCounts)
-{
-    GButton button;
-    const HWND hwnd = Make(button, L"hello");
-    wchar_t buffer[16];
-    const auto get = [&](WPARAM nCapacity) {
-        wmemset(buffer, L'#', 16);
-        return SendMessageW(hwnd, WM_GETTEXT, nCapacity, reinterpret_cast<LPARAM>(buffer));
-    };
-    EXPECT_EQ(get(6), 5);
-    EXPECT_EQ(test::Narrow(buffer), "hello");
-    EXPECT_EQ(get(5), 5) << "a truncated text answers with the capacity";
-    EXPECT_EQ(test::Narrow(buffer), "hell");
-    EXPECT_EQ(get(1), 1);
-    EXPECT_EQ(test::Narrow(buffer), "");
-    EXPECT_EQ(get(0), 0);
-    EXPECT_EQ(buffer[0], L'#');
-
-    int nLength = 5;
-    EXPECT_EQ(button.GetText(buffer, &nLength), 0);
-    EXPECT_EQ(nLength, 6);
-    EXPECT_EQ(button.GetText(buffer, &nLength), 1);
-    EXPECT_EQ(nLength, 5);
-    EXPECT_EQ(SendMessageW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"next")), 1);
-    EXPECT_EQ(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0), 4);
-    EXPECT_EQ(button.SetText(nullptr), 1);
-    EXPECT_EQ(TextOf(hwnd), "");
-    nLength = -1;
-    EXPECT_EQ(button.GetText(buffer, &nLength), 0);
-    EXPECT_EQ(button.GetText(nullptr, nullptr), 0);
-    DestroyWindow(hwnd);
 }
 
 TEST_F(GWndTest, SetTextWithTheControlsOwnText)
@@ -291,16 +215,14 @@ TEST_F(GWndTest, SetTextWithTheControlsOwnText)
     {
     public:
         LPCWSTR Own() const { return m_pszText; }
-    } button;
-    const HWND hwnd = Make(button, L"my own");
-    button.SetText(button.Own() + 3);
+    } exposed;
+    const HWND hwnd = Make(exposed, L"my own");
+    exposed.SetText(exposed.Own() + 3);
     EXPECT_EQ(TextOf(hwnd), "own");
-    DestroyWindow(hwnd);
 }
 
 TEST_F(GWndTest, UiStateFollowsThePlatformsActions)
 {
-    ProbeButton button;
     const HWND hwnd = Make(button);
     struct
     {
@@ -316,29 +238,11 @@ TEST_F(GWndTest, UiStateFollowsThePlatformsActions)
         {77, UISF_HIDEFOCUS, 0},
     };
     for (const auto& step : steps) {
-        ValidateRect(hwnd, nullptr);
+        test::TakeRepaint(hwnd);
         SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(step.action, step.state), 0);
         EXPECT_EQ(button.State(), step.after) << step.action << " " << step.state;
-        EXPECT_TRUE(GetUpdateRect(hwnd, nullptr, FALSE)) << step.action;
+        EXPECT_TRUE(test::TakeRepaint(hwnd)) << step.action;
     }
-    DestroyWindow(hwnd);
-}
-
-TEST_F(GWndTest, FontGoesInAndOutAndRepaintsOnRequest)
-{
-    GButton button;
-    const HWND hwnd = Make(button);
-    const HFONT hFont = CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
-    ValidateRect(hwnd, nullptr);
-    EXPECT_EQ(SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0), 0);
-    EXPECT_FALSE(GetUpdateRect(hwnd, nullptr, FALSE));
-    EXPECT_EQ(SendMessageW(hwnd, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(hFont));
-    SendMessageW(hwnd, WM_SETFONT, 0, TRUE);
-    EXPECT_TRUE(GetUpdateRect(hwnd, nullptr, FALSE));
-    EXPECT_EQ(button.GetFont(), nullptr);
-    UpdateWindow(hwnd);
-    DestroyWindow(hwnd);
-    DeleteObject(hFont);
 }
 
 TEST_F(GWndTest, Window2RunsOnAnObjectOfItsOwnAndEndsTheLoop)
@@ -361,6 +265,52 @@ TEST_F(GWndTest, Window2RunsOnAnObjectOfItsOwnAndEndsTheLoop)
     test::DispatchAll();
     EXPECT_EQ(pOwn->GetHwnd(), hwnd) << "it outlives its window, for whoever has it";
     pOwn->Delete(pOwn);
+}
+
+// --- What every control with a text answers
+
+template <class CONTROL> class ControlTextTest : public testing::Test
+{
+protected:
+    Host host;
+    CONTROL control;
+};
+
+using TextControls = testing::Types<GLabel, GButton, GEdit, GComboBox>;
+TYPED_TEST_SUITE(ControlTextTest, TextControls);
+
+TYPED_TEST(ControlTextTest, GoesInAndOutWithTheStatedCounts)
+{
+    const HWND hwnd = test::MakeControl(this->control, this->host);
+    EXPECT_EQ(this->control.SetText(L"hello"), 1);
+    EXPECT_EQ(this->control.GetTextLength(), 5);
+    wchar_t buffer[16];
+    const auto get = [&](WPARAM nCapacity) {
+        wmemset(buffer, L'#', 16);
+        return SendMessageW(hwnd, WM_GETTEXT, nCapacity, reinterpret_cast<LPARAM>(buffer));
+    };
+    EXPECT_EQ(get(6), 5);
+    EXPECT_EQ(test::Narrow(buffer), "hello");
+    EXPECT_EQ(get(5), 5) << "a truncated text answers with the capacity";
+    EXPECT_EQ(test::Narrow(buffer), "hell");
+    EXPECT_EQ(get(1), 1);
+    EXPECT_EQ(test::Narrow(buffer), "");
+    EXPECT_EQ(get(0), 0);
+    EXPECT_EQ(buffer[0], L'#');
+
+    int nLength = 5;
+    EXPECT_EQ(this->control.GetText(buffer, &nLength), 0);
+    EXPECT_EQ(nLength, 6);
+    EXPECT_EQ(buffer[0], L'#') << "nothing is written where not all of it fits";
+    EXPECT_EQ(this->control.GetText(buffer, &nLength), 1);
+    EXPECT_EQ(nLength, 5);
+    EXPECT_EQ(SendMessageW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"next")), 1);
+    EXPECT_EQ(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(this->control.SetText(nullptr), 1);
+    EXPECT_EQ(TextOf(hwnd), "");
+    nLength = -1;
+    EXPECT_EQ(this->control.GetText(buffer, &nLength), 0);
+    EXPECT_EQ(this->control.GetText(nullptr, nullptr), 0);
 }
 
 } // namespace

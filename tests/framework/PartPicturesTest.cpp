@@ -32,7 +32,6 @@ std::vector<DWORD> Printed(HWND hwnd)
 
 TEST(PartPictures, LookAsThePartsThatTheyStandFor)
 {
-    InitControls();
     test::Host host;
     GList list;
     list.Create(0, 0, SIDE, SIDE, host, 1, GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES, 0,
@@ -49,7 +48,6 @@ TEST(PartPictures, LookAsThePartsThatTheyStandFor)
     for (const char* time : {"second", "third"}) {
         EXPECT_TRUE(Printed(list) == drawn) << time;
     }
-    DestroyWindow(list);
 }
 
 } // namespace

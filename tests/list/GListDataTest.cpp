@@ -1,3 +1,4 @@
+#include "../support/Numbers.h"
 #include "ListFixture.h"
 
 #include <tests/support/AllowMisuse.h>
@@ -23,15 +24,14 @@ TEST_F(GListDataTest, ColumnsKeepWhatTheyAreGiven)
               0u);
     EXPECT_EQ(list.GetColumnCount(), 2u);
     EXPECT_EQ(Narrow(list.GetColumnText(0)), "First");
-    EXPECT_EQ(list.GetColumnFormatRect(0)->left, -1);
-    EXPECT_EQ(list.GetColumnFormatRect(0)->bottom, -1);
+    EXPECT_EQ(Numbers(*list.GetColumnFormatRect(0)), "-1,-1,-1,-1");
     EXPECT_EQ(list.GetColumnFlags(1), LCF_TILELINE);
     EXPECT_EQ(list.GetColumnFormat(1), UINT{DT_RIGHT});
     EXPECT_EQ(list.GetColumnCx(1), 50u);
     EXPECT_EQ(list.GetColumnCxMin(1), 10u);
     EXPECT_EQ(list.GetColumnImage(1), 3u);
     EXPECT_EQ(list.GetColumnType(1), LCT_IMAGE);
-    EXPECT_EQ(list.GetColumnFormatRect(1)->top, 2);
+    EXPECT_EQ(Numbers(*list.GetColumnFormatRect(1)), "1,2,3,4");
     EXPECT_EQ(list.GetColumnFktGroup(1), PFNLISTGROUP(group));
     EXPECT_EQ(list.GetColumnFktSort(1), PFNLISTSORT(sort));
     EXPECT_EQ(list.contentCx, 110u);

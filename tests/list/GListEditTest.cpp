@@ -11,7 +11,6 @@ class GListEditTest : public ListFixture
 protected:
     void SetUp() override
     {
-        ListFixture::SetUp();
         MakeFilledList(2, 3);
         for (HWND& edit : edits) {
             edit = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, list,

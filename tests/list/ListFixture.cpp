@@ -1,16 +1,13 @@
 #include "ListFixture.h"
 
+#include "../support/Keys.h"
+
 #include <algorithm>
 #include <memory>
 #include <numeric>
 
 namespace test {
 namespace {
-
-bool IsWholeRecord(int code)
-{
-    return code == CLICKED || code == DOUBLE_CLICKED || code == KEY_PRESSED || code == DRAG_BEGUN;
-}
 
 std::string Join(const std::vector<std::string>& parts)
 {
@@ -101,62 +98,13 @@ void ProbeList::Check() const
     EXPECT_EQ(GetSelectedCount(), selected);
 }
 
-// --- ListHost
-
-ListHost::ListHost() : m_hWnd(MakeHostWindow(L"GessoTestListHost", WindowProc, this)) {}
-
-ListHost::~ListHost()
-{
-    onNotify = nullptr;
-    DestroyWindow(m_hWnd);
-}
-
-std::vector<int> ListHost::TakeCodes()
-{
-    std::vector<int> codes;
-    for (const Notified& notified : Take()) {
-        codes.push_back(notified.code);
-    }
-    return codes;
-}
-
-void ListHost::Note(const NMHDR& header)
-{
-    Notified notified{static_cast<int>(header.code), {}};
-    notified.record.hdr = header;
-    if (IsWholeRecord(notified.code)) {
-        notified.record = reinterpret_cast<const GLISTNOTIFY&>(header);
-    }
-    m_notified.push_back(notified);
-    if (onNotify) {
-        onNotify(notified);
-    }
-}
-
-LRESULT CALLBACK ListHost::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
-{
-    auto* host = reinterpret_cast<ListHost*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
-    if (host && uMsg == WM_NOTIFY) {
-        host->Note(*reinterpret_cast<const NMHDR*>(lParam));
-        return 0;
-    }
-    return DefWindowProcW(hwnd, uMsg, wParam, lParam);
-}
-
 // --- ListFixture
-
-void ListFixture::SetUp()
-{
-    InitControls();
-}
 
 void ListFixture::TearDown()
 {
     HoldKeys(0);
     list.Check();
-    if (IsWindow(list)) {
-        DestroyWindow(list);
-    }
+    DestroyWindow(list);
 }
 
 void ListFixture::Renew()
@@ -233,11 +181,7 @@ int ListFixture::RowY(UINT item)
 
 void ListFixture::HoldKeys(WORD mods)
 {
-    BYTE keys[256] = {};
-    constexpr BYTE DOWN = 0x80;
-    keys[VK_CONTROL] = mods & KEYMOD_CTRL ? DOWN : BYTE{0};
-    keys[VK_SHIFT] = mods & KEYMOD_SHIFT ? DOWN : BYTE{0};
-    SetKeyboardState(keys);
+    test::HoldKeys({mods & KEYMOD_CTRL ? VK_CONTROL : 0, mods & KEYMOD_SHIFT ? VK_SHIFT : 0});
 }
 
 void ListFixture::Key(UINT vk, WORD mods)

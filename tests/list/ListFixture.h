@@ -1,15 +1,9 @@
 // A list in a host window that keeps its notifications.
 #pragma once
 
-#include <gesso/gesso.h>
-
-#include "../support/Host.h"
+#include "../support/NotifyHost.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace test {
 
@@ -17,15 +11,6 @@ constexpr UINT END = static_cast<UINT>(-1);
 constexpr int LIST_ID = 21;
 constexpr int LIST_CX = 300;
 constexpr int LIST_CY = 200;
-
-// Codes of notifications.
-constexpr int CLICKED = -2;
-constexpr int DOUBLE_CLICKED = -3;
-constexpr int FOCUS_SET = -7;
-constexpr int FOCUS_KILLED = -8;
-constexpr int KEY_PRESSED = -15;
-constexpr int DRAG_BEGUN = -109;
-constexpr int EDIT_LEFT = -100;
 
 // A list with everything in reach.
 class ProbeList : public GList
@@ -75,41 +60,9 @@ public:
     void Check() const;
 };
 
-// A notification: the record is whole only for those that carry a GLISTNOTIFY.
-struct Notified
-{
-    int code;
-    GLISTNOTIFY record;
-};
-
-class ListHost
-{
-public:
-    ListHost();
-    ~ListHost();
-    ListHost(const ListHost&) = delete;
-    ListHost& operator=(const ListHost&) = delete;
-
-    operator HWND() const { return m_hWnd; }
-    // The notifications since the last call.
-    std::vector<Notified> Take() { return std::exchange(m_notified, {}); }
-    // Only their codes.
-    std::vector<int> TakeCodes();
-    // Called within each notification.
-    std::function<void(const Notified&)> onNotify;
-
-private:
-    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
-    void Note(const NMHDR& header);
-
-    HWND m_hWnd;
-    std::vector<Notified> m_notified;
-};
-
 class ListFixture : public testing::Test
 {
 protected:
-    void SetUp() override;
     void TearDown() override;
 
     void MakeList(UINT listStyle = GLS_DETAILS, DWORD style = WS_HSCROLL | WS_VSCROLL);
@@ -139,7 +92,7 @@ protected:
     // Lets GetKeyState answer for the modifier keys, until the end of the test.
     static void HoldKeys(WORD mods);
 
-    ListHost host;
+    NotifyHost host;
     ProbeList list;
 };
 

@@ -1,9 +1,11 @@
 // How DrawTextW measures and breaks text, in the units of a font whose characters are equally wide.
-#include <platform/platform.h>
+#include "../support/Numbers.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+
+using test::Numbers;
 
 namespace {
 
@@ -36,8 +38,7 @@ protected:
     {
         RECT rect = {10, 20, 10 + columns * m_unit.cx, 20};
         const int height = DrawTextW(m_hdc, text, -1, &rect, format | DT_CALCRECT);
-        EXPECT_EQ(rect.left, 10);
-        EXPECT_EQ(rect.top, 20);
+        EXPECT_EQ(Numbers(rect.left, rect.top), "10,20");
         EXPECT_EQ(height, rect.bottom - rect.top);
         EXPECT_EQ((rect.right - rect.left) % m_unit.cx, 0);
         return std::to_string((rect.right - rect.left) / m_unit.cx) + " x " +
@@ -117,12 +118,10 @@ TEST_F(TextDrawing, EmptyTextHasAHeightButNoWidth)
 {
     RECT rect = {5, 5, 90, 90};
     EXPECT_EQ(DrawTextW(m_hdc, L"", -1, &rect, DT_CALCRECT | DT_SINGLELINE), m_unit.cy);
-    EXPECT_EQ(rect.right, 5);
-    EXPECT_EQ(rect.bottom, 5 + m_unit.cy);
+    EXPECT_EQ(Numbers(rect), "5,5," + Numbers(5, 5 + m_unit.cy));
     rect = {5, 5, 90, 90};
     DrawTextW(m_hdc, L"", -1, &rect, DT_CALCRECT);
-    EXPECT_EQ(rect.right, 5);
-    EXPECT_EQ(rect.bottom, 5);
+    EXPECT_EQ(Numbers(rect), "5,5,5,5");
     EXPECT_EQ(DrawTextW(m_hdc, nullptr, -1, &rect, 0), 0);
 }
 

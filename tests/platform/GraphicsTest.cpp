@@ -1,14 +1,11 @@
 // The rules of graphics objects, device contexts and regions.
-#include <platform/platform.h>
+#include "../support/Numbers.h"
 
 #include <gtest/gtest.h>
 
-namespace {
+using test::Numbers;
 
-bool Same(const RECT& a, const RECT& b)
-{
-    return EqualRect(&a, &b);
-}
+namespace {
 
 class MemoryContext
 {
@@ -133,7 +130,7 @@ TEST(Graphics, RestoringAContextBringsBackAllThatWasSet)
     EXPECT_EQ(GetBkMode(hdc), OPAQUE);
     POINT point{};
     LPtoDP(hdc, &point, 1);
-    EXPECT_EQ(point.x, 0);
+    EXPECT_EQ(Numbers(point), "0,0");
     EXPECT_FALSE(RestoreDC(hdc, -1)) << "the later state went with the earlier one";
 }
 
@@ -143,15 +140,13 @@ TEST(Graphics, OriginsMoveLogicalCoordinates)
     POINT former{};
     SetWindowOrgEx(hdc, 10, 20, nullptr);
     OffsetWindowOrgEx(hdc, 1, 2, &former);
-    EXPECT_EQ(former.x, 10);
+    EXPECT_EQ(Numbers(former), "10,20");
     SetViewportOrgEx(hdc, 100, 200, nullptr);
     POINT point = {11, 22};
     LPtoDP(hdc, &point, 1);
-    EXPECT_EQ(point.x, 100);
-    EXPECT_EQ(point.y, 200);
+    EXPECT_EQ(Numbers(point), "100,200");
     DPtoLP(hdc, &point, 1);
-    EXPECT_EQ(point.x, 11);
-    EXPECT_EQ(point.y, 22);
+    EXPECT_EQ(Numbers(point), "11,22");
 }
 
 TEST(Graphics, RegionsCombine)
@@ -162,7 +157,7 @@ TEST(Graphics, RegionsCombine)
     RECT box{};
     EXPECT_EQ(CombineRgn(c, a, b, RGN_AND), SIMPLEREGION);
     GetRgnBox(c, &box);
-    EXPECT_TRUE(Same(box, {5, 0, 10, 10}));
+    EXPECT_EQ(Numbers(box), "5,0,10,10");
     EXPECT_EQ(CombineRgn(c, a, b, RGN_OR), SIMPLEREGION);
     EXPECT_EQ(CombineRgn(c, a, b, RGN_XOR), COMPLEXREGION);
     EXPECT_TRUE(PtInRegion(c, 4, 5));
@@ -173,7 +168,7 @@ TEST(Graphics, RegionsCombine)
     OffsetRgn(c, 3, 0);
     EXPECT_FALSE(EqualRgn(a, c));
     GetRgnBox(c, &box);
-    EXPECT_TRUE(Same(box, {3, 0, 13, 10}));
+    EXPECT_EQ(Numbers(box), "3,0,13,10");
     SetRectRgn(c, 0, 0, 10, 10);
     EXPECT_TRUE(EqualRgn(a, c));
     for (const HRGN region : {a, b, c}) {
@@ -188,17 +183,17 @@ TEST(Graphics, ClippingNarrowsWhatAContextReaches)
     const HGDIOBJ former = SelectObject(hdc, bitmap);
     RECT box{};
     EXPECT_EQ(GetClipBox(hdc, &box), SIMPLEREGION);
-    EXPECT_TRUE(Same(box, {0, 0, 100, 50}));
+    EXPECT_EQ(Numbers(box), "0,0,100,50");
     EXPECT_EQ(IntersectClipRect(hdc, 10, 10, 200, 40), SIMPLEREGION);
     EXPECT_EQ(ExcludeClipRect(hdc, 20, 20, 30, 30), COMPLEXREGION);
     EXPECT_FALSE(PtVisible(hdc, 25, 25));
     SetWindowOrgEx(hdc, 10, 0, nullptr);
     GetClipBox(hdc, &box);
-    EXPECT_TRUE(Same(box, {20, 10, 110, 40})) << "the box is in logical coordinates";
+    EXPECT_EQ(Numbers(box), "20,10,110,40") << "the box is in logical coordinates";
     SetWindowOrgEx(hdc, 0, 0, nullptr);
     SelectClipRgn(hdc, nullptr);
     GetClipBox(hdc, &box);
-    EXPECT_TRUE(Same(box, {0, 0, 100, 50}));
+    EXPECT_EQ(Numbers(box), "0,0,100,50");
     SelectObject(hdc, former);
     DeleteObject(bitmap);
 }
@@ -209,14 +204,14 @@ TEST(Graphics, RectanglesMeetJoinAndSubtract)
     RECT out{};
     const RECT right = {5, 0, 20, 10};
     EXPECT_TRUE(IntersectRect(&out, &a, &right));
-    EXPECT_TRUE(Same(out, {5, 0, 10, 10}));
+    EXPECT_EQ(Numbers(out), "5,0,10,10");
     EXPECT_TRUE(UnionRect(&out, &a, &right));
-    EXPECT_TRUE(Same(out, {0, 0, 20, 10}));
+    EXPECT_EQ(Numbers(out), "0,0,20,10");
     EXPECT_TRUE(SubtractRect(&out, &a, &right));
-    EXPECT_TRUE(Same(out, {0, 0, 5, 10}));
+    EXPECT_EQ(Numbers(out), "0,0,5,10");
     const RECT middle = {3, 3, 5, 5};
     EXPECT_TRUE(SubtractRect(&out, &a, &middle));
-    EXPECT_TRUE(Same(out, a)) << "what would not be a rectangle is left whole";
+    EXPECT_EQ(Numbers(out), Numbers(a)) << "what would not be a rectangle is left whole";
     EXPECT_FALSE(SubtractRect(&out, &middle, &a));
     const RECT beside = {10, 0, 20, 10};
     EXPECT_FALSE(IntersectRect(&out, &a, &beside));

@@ -1,5 +1,6 @@
 // Invalid regions and paints.
 #include "../support/Host.h"
+#include "../support/Numbers.h"
 #include "../support/TestWindow.h"
 
 using namespace test;
@@ -21,16 +22,17 @@ protected:
         return 0;
     }
 
+    static HWND MakePainted()
+    {
+        const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
+        DispatchAll();
+        return top;
+    }
+
     static std::string Invalid(HWND hwnd)
     {
         RECT r{};
-        return GetUpdateRect(hwnd, &r, FALSE) ? Text(r) : "none";
-    }
-
-    static std::string Text(const RECT& r)
-    {
-        return std::to_string(r.left) + "," + std::to_string(r.top) + "," + std::to_string(r.right) + "," +
-               std::to_string(r.bottom);
+        return GetUpdateRect(hwnd, &r, FALSE) ? Numbers(r) : "none";
     }
 
     static RECT s_painted;
@@ -39,8 +41,7 @@ RECT PaintTest::s_painted{};
 
 TEST_F(PaintTest, InvalidPartsAddUpAreClippedAndPaintedOnceWhenTheQueueIsEmpty)
 {
-    const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    DispatchAll();
+    const HWND top = MakePainted();
     EXPECT_EQ(Invalid(top), "none");
     const RECT a = {10, 10, 20, 20};
     const RECT b = {90, 90, 200, 200};
@@ -49,14 +50,13 @@ TEST_F(PaintTest, InvalidPartsAddUpAreClippedAndPaintedOnceWhenTheQueueIsEmpty)
     EXPECT_EQ(Invalid(top), "10,10,100,100");
     PostMessageW(top, WM_USER, 0, 0);
     EXPECT_EQ(Names(Traced([] { DispatchAll(); }, top)), "WM_USER, WM_PAINT"); // nothing to erase
-    EXPECT_EQ(Text(s_painted), "10,10,100,100");
+    EXPECT_EQ(Numbers(s_painted), "10,10,100,100");
     EXPECT_EQ(Names(Traced([] { DispatchAll(); }, top)), "");
 }
 
 TEST_F(PaintTest, ValidatingTakesPartsAway)
 {
-    const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    DispatchAll();
+    const HWND top = MakePainted();
     InvalidateRect(top, nullptr, TRUE);
     const RECT lower = {0, 40, 100, 100};
     ValidateRect(top, &lower);
@@ -73,8 +73,7 @@ TEST_F(PaintTest, ValidatingTakesPartsAway)
 
 TEST_F(PaintTest, BeginPaintSendsFrameAndBackgroundFirst)
 {
-    const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    DispatchAll();
+    const HWND top = MakePainted();
     RedrawWindow(top, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ERASE);
     EXPECT_EQ(Names(Traced([&] { UpdateWindow(top); }, top)), "WM_PAINT, WM_NCPAINT, WM_ERASEBKGND");
     EXPECT_EQ(Names(Traced([&] { UpdateWindow(top); }, top)), "");
@@ -91,7 +90,7 @@ TEST_F(PaintTest, ChildrenArePaintedWithTheirParentUnlessClipped)
         InvalidateRect(top, nullptr, FALSE);
         EXPECT_EQ(Invalid(child), clipped ? "none" : "0,0,50,100");
         DispatchAll();
-        EXPECT_EQ(Text(s_painted), clipped ? "50,0,100,100" : "0,0,50,100"); // by the last of the two
+        EXPECT_EQ(Numbers(s_painted), clipped ? "50,0,100,100" : "0,0,50,100"); // by the last of the two
         RedrawWindow(top, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
         EXPECT_EQ(Invalid(child), "0,0,50,100");
         EXPECT_EQ(Names(Traced([] { DispatchAll(); }), {{top, 't'}, {child, 'c'}}, {WM_PAINT, WM_ERASEBKGND}),
@@ -132,8 +131,7 @@ TEST_F(PaintTest, GrowingInvalidatesTheGainOrAllAsTheClassSays)
 
 TEST_F(PaintTest, RegionsInvalidateLikeRectangles)
 {
-    const HWND top = MakeTop({0, 0, 100, 100}, PaintNothing);
-    DispatchAll();
+    const HWND top = MakePainted();
     const HRGN region = CreateRectRgn(5, 5, 15, 25);
     InvalidateRgn(top, region, FALSE);
     EXPECT_EQ(Invalid(top), "5,5,15,25");
@@ -141,7 +139,7 @@ TEST_F(PaintTest, RegionsInvalidateLikeRectangles)
     EXPECT_EQ(GetUpdateRgn(top, region, FALSE), SIMPLEREGION);
     RECT box{};
     GetRgnBox(region, &box);
-    EXPECT_EQ(Text(box), "5,5,15,25");
+    EXPECT_EQ(Numbers(box), "5,5,15,25");
     DeleteObject(region);
 }
 

@@ -28,11 +28,6 @@ std::string Format(const wchar_t* format, ...)
     return Narrow(text);
 }
 
-int Sign(int n)
-{
-    return (n > 0) - (n < 0);
-}
-
 } // namespace
 
 TEST(Runtime, FormatsStringsInThePlatformsWidths)
@@ -64,23 +59,6 @@ TEST(Runtime, BoundedFormattingTellsWhatDidNotFit)
     EXPECT_EQ(Narrow(text), "ab");
     EXPECT_EQ(swprintf(text, 4, L"%s", L"abc"), 3);
     EXPECT_EQ(Narrow(text), "abc");
-}
-
-TEST(Runtime, ComparesByUnitAndFoldsOnlyLatinLetters)
-{
-    EXPECT_EQ(Sign(wcscmp(L"a", L"b")), -1);
-    EXPECT_EQ(Sign(wcscmp(L"a\xFFFF", L"a\x0041")), 1) << "units are unsigned";
-    EXPECT_EQ(Sign(wcsncmp(L"abc", L"abd", 3)), -1);
-    EXPECT_EQ(wcsncmp(L"abc", L"abd", 2), 0);
-    EXPECT_EQ(wcsncmp(L"a", L"b", 0), 0);
-    EXPECT_EQ(_wcsicmp(L"aBc", L"AbC"), 0);
-    EXPECT_EQ(Sign(_wcsicmp(L"_", L"a")), -1) << "letters fold downward";
-    EXPECT_NE(_wcsicmp(L"\xE4", L"\xC4"), 0);
-    EXPECT_EQ(_wcsnicmp(L"ABx", L"aby", 2), 0);
-    EXPECT_EQ(Sign(wcscoll(L"a", L"B")), 1);
-    EXPECT_EQ(_wcsicoll(L"a", L"A"), 0);
-    EXPECT_EQ(Sign(_wcsncoll(L"ab", L"ac", 2)), -1);
-    EXPECT_EQ(_wcsnicoll(L"abX", L"ABy", 2), 0);
 }
 
 TEST(Runtime, FindsCharactersAndParts)

@@ -1,4 +1,5 @@
 // Windows: which messages they get while they come, change and go.
+#include "../support/Numbers.h"
 #include "../support/TestWindow.h"
 
 using namespace test;
@@ -118,12 +119,7 @@ TEST_F(WindowTest, MovingAndSizingReportJustWhatChanged)
               "WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_SIZE");
     EXPECT_EQ(change(0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_FRAMECHANGED),
               "WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED");
-    RECT r{};
-    GetWindowRect(child, &r);
-    EXPECT_EQ(r.left, 11);
-    EXPECT_EQ(r.top, 22);
-    EXPECT_EQ(r.right, 101);
-    EXPECT_EQ(r.bottom, 62);
+    EXPECT_EQ(Numbers(PlaceIn(nullptr, child)), "11,22,101,62");
 }
 
 TEST_F(WindowTest, ChildrenMoveWithTheirParentsClientArea)
@@ -134,27 +130,22 @@ TEST_F(WindowTest, ChildrenMoveWithTheirParentsClientArea)
     MoveWindow(top, 120, 90, 300, 200, TRUE);
     POINT p{};
     ClientToScreen(inner, &p);
-    EXPECT_EQ(p.x, 135);
-    EXPECT_EQ(p.y, 105);
+    EXPECT_EQ(Numbers(p), "135,105");
     MapWindowPoints(nullptr, top, &p, 1);
-    EXPECT_EQ(p.x, 15);
-    EXPECT_EQ(p.y, 15);
+    EXPECT_EQ(Numbers(p), "15,15");
 }
 
 TEST_F(WindowTest, TheFrameTakesItsRoomOffTheClientArea)
 {
-    RECT client{};
     const HWND bordered = Make({.style = WS_POPUP | WS_BORDER | WS_VSCROLL, .place = {0, 0, 100, 100}});
-    GetClientRect(bordered, &client);
-    EXPECT_EQ(client.right, 100 - 2 * GetSystemMetrics(SM_CXBORDER) - GetSystemMetrics(SM_CXVSCROLL));
-    EXPECT_EQ(client.bottom, 100 - 2 * GetSystemMetrics(SM_CYBORDER));
+    EXPECT_EQ(Numbers(ClientSize(bordered)),
+              Numbers(100 - 2 * GetSystemMetrics(SM_CXBORDER) - GetSystemMetrics(SM_CXVSCROLL),
+                      100 - 2 * GetSystemMetrics(SM_CYBORDER)));
 
     RECT wanted = {0, 0, 200, 100};
     AdjustWindowRectEx(&wanted, WS_OVERLAPPEDWINDOW, FALSE, 0);
     const HWND framed = Make({.place = {0, 0, wanted.right - wanted.left, wanted.bottom - wanted.top}});
-    GetClientRect(framed, &client);
-    EXPECT_EQ(client.right, 200);
-    EXPECT_EQ(client.bottom, 100);
+    EXPECT_EQ(Numbers(ClientSize(framed)), "200,100");
 }
 
 TEST_F(WindowTest, PlatformScrollBarsComeAndGoWithTheirRange)

@@ -1,4 +1,5 @@
 #include "../support/Interception.h"
+#include "../support/Numbers.h"
 #include "RibbonTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -307,8 +308,7 @@ TEST_F(GRibbonPageTest, AddedWindowsAreShownWhereTheyAre)
         EXPECT_TRUE(IsWindowVisible(hosted));
         POINT pt{};
         MapWindowPoints(hosted, hwnd, &pt, 1);
-        EXPECT_EQ(pt.x, 30);
-        EXPECT_EQ(pt.y, 40);
+        EXPECT_EQ(test::Numbers(pt), "30,40");
     }
     EXPECT_EQ(page.m_aGroups[1].nRight - page.m_aGroups[1].nLeft, 90);
 }

@@ -4,7 +4,6 @@ namespace test::ribbon {
 
 HWND CreateRibbon(GRibbon& ribbon, HWND hwndParent)
 {
-    InitControls();
     return ribbon.Create(0, 0, RIBBON_WIDTH, RIBBON_HEIGHT, hwndParent, nullptr);
 }
 
@@ -37,13 +36,6 @@ POINT MiddleOf(OpenPage& page, UINT nGroup, UINT nItem)
     const GRibbonPage::Item& item = page.ItemAt(nGroup, nItem);
     return {page.m_aGroups[nGroup].nLeft + 4 + (item.nLeft + item.nRight) / 2,
             4 + (item.nTop + item.nBottom) / 2};
-}
-
-bool TakeRepaint(HWND hwnd)
-{
-    const bool fRepaint = GetUpdateRect(hwnd, nullptr, FALSE);
-    ValidateRect(hwnd, nullptr);
-    return fRepaint;
 }
 
 void Print(HWND hwnd)

@@ -12,6 +12,7 @@ using test::AllowMisuse;
 using test::Host;
 using test::Narrow;
 using test::Reports;
+using test::TakeRepaint;
 
 struct OpenRibbon : GRibbon
 {
@@ -83,9 +84,6 @@ inline void Click(HWND hwnd, POINT pt)
 {
     Click(hwnd, pt.x, pt.y);
 }
-
-// Whether the window is to be painted; it counts as painted afterwards.
-bool TakeRepaint(HWND hwnd);
 
 // Has the window draw itself into a bitmap of its size.
 void Print(HWND hwnd);

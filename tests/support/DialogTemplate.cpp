@@ -1,75 +1,79 @@
 #include "DialogTemplate.h"
 
 namespace test {
-namespace {
 
-constexpr size_t COUNT_AT = 8; // in words: version, signature, help id, extended style and style stand before
-
-} // namespace
-
-void DialogTemplate::Double(DWORD dw)
+template <class T> void DialogTemplate::Put(T value)
 {
-    Word(LOWORD(dw));
-    Word(HIWORD(dw));
+    m_bytes.resize(m_bytes.size() + sizeof(T));
+    std::memcpy(&m_bytes[m_bytes.size() - sizeof(T)], &value, sizeof(T));
 }
 
-void DialogTemplate::Text(LPCWSTR psz)
+void DialogTemplate::PutText(LPCWSTR psz)
 {
     do {
-        Word(static_cast<WORD>(*psz));
+        Put(*psz);
     } while (*psz++);
 }
 
-DialogTemplate::DialogTemplate(DWORD dwStyle, SHORT cx, SHORT cy)
+void DialogTemplate::PutStyles(DWORD dwStyle, DWORD dwExStyle)
 {
-    Word(1);
-    Word(0xFFFF);
-    Double(0);
-    Double(0);
-    Double(dwStyle);
-    Word(0); // the count of items
+    Put(m_fExtended ? dwExStyle : dwStyle);
+    Put(m_fExtended ? dwStyle : dwExStyle);
+}
+
+DialogTemplate::DialogTemplate(DWORD dwStyle, SHORT cx, SHORT cy, bool fExtended) : m_fExtended(fExtended)
+{
+    if (m_fExtended) {
+        Put<WORD>(1);
+        Put<WORD>(0xFFFF);
+        Put<DWORD>(0); // the help id
+    }
+    PutStyles(dwStyle, 0);
+    m_nCountAt = m_bytes.size();
+    Put<WORD>(0);
     for (const SHORT n : {SHORT{10}, SHORT{10}, cx, cy}) {
-        Word(static_cast<WORD>(n));
+        Put(n);
     }
-    Word(0); // no menu
-    Word(0); // the dialog's own class
-    Text(L"Test");
+    Put<WORD>(0); // no menu
+    Put<WORD>(0); // the dialog's own class
+    PutText(L"Test");
+    if (dwStyle & DS_SETFONT) {
+        Put<WORD>(9);
+        if (m_fExtended) {
+            Put<WORD>(FW_BOLD);
+            Put<WORD>(0);
+        }
+        PutText(L"Segoe UI");
+    }
 }
 
-void DialogTemplate::Item(LPCWSTR pszClass, DWORD dwId, DWORD dwStyle, SHORT x, SHORT y, SHORT cx, SHORT cy)
+DialogTemplate& DialogTemplate::Add(const DialogItem& item)
 {
-    ++m_words[COUNT_AT];
-    if (m_words.size() % 2) {
-        Word(0);
+    ++m_bytes[m_nCountAt];
+    m_bytes.resize((m_bytes.size() + 3) / 4 * 4);
+    if (m_fExtended) {
+        Put<DWORD>(0);
     }
-    Double(0);
-    Double(0);
-    Double(WS_CHILD | WS_VISIBLE | dwStyle);
-    for (const SHORT n : {x, y, cx, cy}) {
-        Word(static_cast<WORD>(n));
+    PutStyles(WS_CHILD | WS_VISIBLE | item.dwStyle, item.dwExStyle);
+    for (const SHORT n : {item.x, item.y, item.cx, item.cy}) {
+        Put(n);
     }
-    Double(dwId);
-    Text(pszClass);
-    Word(0); // no title
+    m_fExtended ? Put<DWORD>(item.wId) : Put(item.wId);
+    PutText(item.pszClass);
+    PutText(item.pszTitle);
+    // The plain form counts the size itself, the extended one what follows it.
+    const size_t nCounted = item.data.empty() ? 0 : item.data.size() + (m_fExtended ? 0 : sizeof(WORD));
+    Put(static_cast<WORD>(nCounted));
+    m_bytes.insert(m_bytes.end(), item.data.begin(), item.data.end());
+    return *this;
 }
 
-DialogTemplate& DialogTemplate::Add(LPCWSTR pszClass, DWORD dwId, DWORD dwStyle, SHORT x, SHORT y, SHORT cx,
+DialogTemplate& DialogTemplate::Add(LPCWSTR pszClass, WORD wId, DWORD dwStyle, SHORT x, SHORT y, SHORT cx,
                                     SHORT cy, LPCWSTR pszText)
 {
-    Item(pszClass, dwId, dwStyle, x, y, cx, cy);
-    const size_t nAt = m_words.size();
-    Word(0);
-    Text(pszText);
-    m_words[nAt] = static_cast<WORD>((m_words.size() - nAt - 1) * sizeof(WORD));
-    return *this;
-}
-
-DialogTemplate& DialogTemplate::AddBare(LPCWSTR pszClass, DWORD dwId, DWORD dwStyle, SHORT x, SHORT y,
-                                        SHORT cx, SHORT cy)
-{
-    Item(pszClass, dwId, dwStyle, x, y, cx, cy);
-    Word(0);
-    return *this;
+    const auto* pBytes = reinterpret_cast<const BYTE*>(pszText);
+    const std::vector<BYTE> data(pBytes, pBytes + (wcslen(pszText) + 1) * sizeof(wchar_t));
+    return Add({dwStyle, wId, pszClass, L"", data, 0, x, y, cx, cy});
 }
 
 } // namespace test

@@ -70,6 +70,13 @@ std::string TextOf(HWND hwnd)
     return Narrow(buffer.data());
 }
 
+bool TakeRepaint(HWND hwnd)
+{
+    const bool fRepaint = GetUpdateRect(hwnd, nullptr, FALSE);
+    ValidateRect(hwnd, nullptr);
+    return fRepaint;
+}
+
 void DispatchAll()
 {
     MSG msg{};
@@ -81,6 +88,7 @@ void DispatchAll()
 
 HWND MakeHostWindow(LPCWSTR pszClass, WNDPROC pfn, void* pHost)
 {
+    InitControls();
     RegisterHostClass(pszClass, pfn);
     const HWND hwnd = CreateWindowExW(0, pszClass, L"Host", WS_POPUP | WS_VISIBLE, HOST_X, HOST_Y, 400, 300,
                                       nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);

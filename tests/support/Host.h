@@ -16,6 +16,9 @@ std::string Narrow(LPCWSTR psz);
 // A control's text through WM_GETTEXT.
 std::string TextOf(HWND hwnd);
 
+// Whether a window is to be painted; it counts as painted afterwards.
+bool TakeRepaint(HWND hwnd);
+
 // What is pending in the queue is dispatched; no waiting.
 void DispatchAll();
 
@@ -23,8 +26,8 @@ void DispatchAll();
 constexpr int HOST_X = 50;
 constexpr int HOST_Y = 50;
 
-// Makes a visible top-level window that has the focus, with `pHost` as its GWLP_USERDATA from then on; its
-// class is registered when there is none of that name yet.
+// Starts the library and makes a visible top-level window that has the focus, with `pHost` as its
+// GWLP_USERDATA from then on; its class is registered when there is none of that name yet.
 HWND MakeHostWindow(LPCWSTR pszClass, WNDPROC pfn, void* pHost);
 
 class Host

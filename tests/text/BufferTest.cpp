@@ -29,11 +29,16 @@ void ExpectSameText(const stcDrawTextBuffer& a, const stcDrawTextBuffer& b)
 
 const std::u16string_view c_mixed = u"abc דג סקרן, def\r\nx";
 
+class TextBuffer : public testing::Test
+{
+protected:
+    const TextContext hdc;
+};
+
 } // namespace
 
-TEST(TextBuffer, BothCalculationsFindTheSame)
+TEST_F(TextBuffer, BothCalculationsFindTheSame)
 {
-    TextContext hdc;
     const auto length = static_cast<UINT>(c_mixed.size());
     HandMadeText own;
     CDrawText::PrepareBuffer(&own, 0, 0, 0);
@@ -49,9 +54,8 @@ TEST(TextBuffer, BothCalculationsFindTheSame)
     EXPECT_EQ(CheckText(published), "");
 }
 
-TEST(TextBuffer, OwnArraysGrowByTheirSteps)
+TEST_F(TextBuffer, OwnArraysGrowByTheirSteps)
 {
-    TextContext hdc;
     HandMadeText text;
     CDrawText::PrepareBuffer(&text, 0, 5, 70);
     EXPECT_EQ(text.nItemsAlloc, 3U);
@@ -71,9 +75,8 @@ TEST(TextBuffer, OwnArraysGrowByTheirSteps)
     EXPECT_EQ(text.nGlyphsAlloc, 70U + 64);
 }
 
-TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
+TEST_F(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
 {
-    TextContext hdc;
     const TextContext hdcLarge(48);
     HandMadeText own;
     CDrawText::PrepareBuffer(&own, 16, 64, 64);
@@ -89,9 +92,8 @@ TEST(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
 
 // A prepared text keeps its arrays otherwise than a buffer that is built by hand. A second calculation in own
 // arrays counts double.
-TEST(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
+TEST_F(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
 {
-    TextContext hdc;
     const auto length = static_cast<UINT>(c_mixed.size());
     const Text text = Prepare(hdc, c_mixed, 5000);
     const UINT count = text->nGlyphs;
@@ -111,9 +113,8 @@ TEST(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
     EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
 }
 
-TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
+TEST_F(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
 {
-    TextContext hdc;
     HandMadeText text;
     const AllowMisuse allowed;
     CDrawText::DrawText_Calculate(hdc, L"abc", 3, &text);
@@ -123,9 +124,8 @@ TEST(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
     EXPECT_EQ(text.nChars, 4U);
 }
 
-TEST(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
+TEST_F(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
 {
-    TextContext hdc;
     const auto length = static_cast<UINT>(c_mixed.size());
     HandMadeText text;
     CDrawText::PrepareBuffer(&text, 40, 80, 90);
@@ -141,51 +141,39 @@ TEST(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
 
     // Such a buffer is of no use, but no operation goes astray with it.
     CDrawText::DrawText_Break(Wide(c_mixed), length, 30, &text);
-    CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, &text);
-    CDrawText::DrawText_TextOut_Char(hdc, 0, 0, &text, 100);
+    PaintInEveryWay(hdc, &text, 0, 100);
     CDrawText::OptimizeBuffer(&text);
     CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &text);
     EXPECT_EQ(Bytes(text.pGlyphs, text.nGlyphs), glyphs);
 }
 
-TEST(TextBuffer, AFreedBufferKeepsItsCountsButNothingIsReadOfIt)
+TEST_F(TextBuffer, AFreedBufferKeepsItsCountsButNothingIsReadOfIt)
 {
-    TextContext hdc;
     Text text = Prepare(hdc, u"some words on some lines", 50);
     const UINT glyphs = text->nGlyphs;
     CDrawText::FreeBuffer(text.get());
     EXPECT_EQ(text->nGlyphs, glyphs);
     EXPECT_EQ(text->nBreaks, 0U);
     EXPECT_EQ(text->scriptCache, nullptr);
-    CDrawText::DrawTextW(hdc, text.get(), RECT{0, 0, 50, 50});
-    CDrawText::DrawText_TextOut(hdc, 0, 0, text.get());
-    CDrawText::DrawText_TextOut_Start_Glyph(hdc, 0, 0, text.get(), 0, glyphs);
-    CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, text.get(), 0, 20);
-    CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), 0, 0);
-    CDrawText::DrawText_TextOut_Char(hdc, 0, 0, text.get(), glyphs);
+    PaintInEveryWay(hdc, text.get(), 0, glyphs);
     CDrawText::OptimizeBuffer(text.get());
     CDrawText::DrawText_Break(L"some words", 10, 20, text.get());
     EXPECT_EQ(text->nBreaks, 0U);
     CDrawText::FreeBuffer(text.get());
 
     CDrawText::PrepareBuffer(text.get(), 0, 0, 0); // the number of items stands, the arrays are shorter
-    CDrawText::DrawText_TextOut(hdc, 0, 0, text.get());
-    CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), 0, 0);
+    PaintInEveryWay(hdc, text.get(), 0, 0);
 }
 
-TEST(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
+TEST_F(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
 {
-    TextContext hdc;
     const Text text = Prepare(hdc, u"one two three four דג סקרן five", 40);
     const UINT ends[] = {0,          1,         5, text->nGlyphs - 1, text->nGlyphs, text->nGlyphs + 1,
                          0x7FFFFFFF, 0xFFFFFFFF};
     const AllowMisuse allowed;
     for (const UINT a : ends) {
-        CDrawText::DrawText_TextOut_Item(hdc, 0, 0, text.get(), a, 0);
-        CDrawText::DrawText_TextOut_Char(hdc, 0, 0, text.get(), a);
         for (const UINT b : ends) {
-            CDrawText::DrawText_TextOut_Start_Glyph(hdc, 0, 0, text.get(), a, b);
-            CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, text.get(), a, b);
+            PaintInEveryWay(hdc, text.get(), a, b);
         }
     }
     constexpr LONG most = 0x7FFFFFFF;

@@ -59,11 +59,16 @@ const std::u16string_view c_samples[] = {
     u"word andaverylongwordthatislongerthananyline word",
 };
 
+class TextPrepare : public testing::Test
+{
+protected:
+    const TextContext hdc;
+};
+
 } // namespace
 
-TEST(TextPrepare, MeasurementGivesNoHandleButTheRectangleAndTheLines)
+TEST_F(TextPrepare, MeasurementGivesNoHandleButTheRectangleAndTheLines)
 {
-    TextContext hdc;
     const Measured wrapped = Measure(hdc, u"a\r\nb", {5, 7, 1005, 9}, 0, 20);
     EXPECT_EQ(wrapped.handle, c_invalid);
     EXPECT_EQ(wrapped.lines, 2U);
@@ -75,9 +80,8 @@ TEST(TextPrepare, MeasurementGivesNoHandleButTheRectangleAndTheLines)
     ExpectRect(single.rc, {5, 7, 5 + SumOfAdvances(*same), 9});
 }
 
-TEST(TextPrepare, OneLineIsAsTallAsTheFontAndMoreAreCountedLines)
+TEST_F(TextPrepare, OneLineIsAsTallAsTheFontAndMoreAreCountedLines)
 {
-    TextContext hdc;
     const int font = hdc.FontHeight();
     ExpectRect(Measure(hdc, u"one", {0, 10, 500, 20}, 0, 50).rc, {0, 10, 500, 10 + font});
     ExpectRect(Measure(hdc, u"one", {0, 10, 500, 20}, 0, -50).rc, {0, 10, 500, 10 - font});
@@ -88,9 +92,8 @@ TEST(TextPrepare, OneLineIsAsTallAsTheFontAndMoreAreCountedLines)
     EXPECT_EQ(Prepare(hdc, u"one", 500, DT_SINGLELINE, -50)->rcText.bottom, -font);
 }
 
-TEST(TextPrepare, ARectangleEmptyInOneDirectionIsUnlimitedInBoth)
+TEST_F(TextPrepare, ARectangleEmptyInOneDirectionIsUnlimitedInBoth)
 {
-    TextContext hdc;
     for (const RECT rc : {RECT{5, 7, 5, 90}, RECT{5, 7, 90, 7}, RECT{5, 7, 5, 7}}) {
         RECT area = rc;
         const Text text(CDrawText::DrawText_Prepare_Int(hdc, L"some words that would wrap at 90", -1, &area,
@@ -104,9 +107,8 @@ TEST(TextPrepare, ARectangleEmptyInOneDirectionIsUnlimitedInBoth)
     ExpectRect(none->rcText, {0, 0, 32768, hdc.FontHeight()});
 }
 
-TEST(TextPrepare, TheBufferKeepsWhatItWasGiven)
+TEST_F(TextPrepare, TheBufferKeepsWhatItWasGiven)
 {
-    TextContext hdc;
     const UINT format = DT_SINGLELINE | DT_CENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
     const Text text = Prepare(hdc, u"a\r\nb & c\t", 10, format, -3);
     EXPECT_EQ(text->uFormat, format);
@@ -119,9 +121,8 @@ TEST(TextPrepare, TheBufferKeepsWhatItWasGiven)
     EXPECT_EQ(BreaksOf(*text), std::vector{whole});
 }
 
-TEST(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
+TEST_F(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
 {
-    TextContext hdc;
     const auto chars = [&](LPCWSTR text, int length) {
         const Text prepared(CDrawText::DrawText_Prepare_Int(hdc, text, length, nullptr, 0, 20, nullptr));
         EXPECT_EQ(CheckText(*prepared), "");
@@ -139,9 +140,8 @@ TEST(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
     EXPECT_EQ(chars(L"four", -2), 0U);
 }
 
-TEST(TextPrepare, AnEmptyTextIsOneLine)
+TEST_F(TextPrepare, AnEmptyTextIsOneLine)
 {
-    TextContext hdc;
     for (const UINT format : {0U, static_cast<UINT>(DT_SINGLELINE)}) {
         UINT lines = 7;
         RECT rc = {0, 0, 100, 100};
@@ -154,7 +154,7 @@ TEST(TextPrepare, AnEmptyTextIsOneLine)
     }
 }
 
-TEST(TextPrepare, AContextWithoutAFontGivesNoHandleAndChangesNothing)
+TEST_F(TextPrepare, AContextWithoutAFontGivesNoHandleAndChangesNothing)
 {
     UINT lines = 7;
     RECT rc = {1, 2, 3, 4};
@@ -165,18 +165,16 @@ TEST(TextPrepare, AContextWithoutAFontGivesNoHandleAndChangesNothing)
     ExpectRect(rc, {1, 2, 3, 4});
 }
 
-TEST(TextPrepare, DrawingAtOnceFailsForAMeasurement)
+TEST_F(TextPrepare, DrawingAtOnceFailsForAMeasurement)
 {
-    TextContext hdc;
     UINT lines = 7;
     EXPECT_EQ(CDrawText::DrawTextW(hdc, L"a\r\nb", -1, {0, 0, 100, 100}, 0, 20, &lines), 0);
     EXPECT_EQ(lines, 2U);
     EXPECT_EQ(CDrawText::DrawTextW(hdc, L"a\r\nb", -1, {0, 0, 100, 100}, DT_CALCRECT, 20, nullptr), E_FAIL);
 }
 
-TEST(TextPrepare, NullAndTheInvalidHandleAreSafeEverywhere)
+TEST_F(TextPrepare, NullAndTheInvalidHandleAreSafeEverywhere)
 {
-    TextContext hdc;
     for (void* handle : {static_cast<void*>(nullptr), static_cast<void*>(c_invalid)}) {
         auto* const buffer = static_cast<stcDrawTextBuffer*>(handle);
         CDrawText::DrawText_CloseHandle(handle);
@@ -187,18 +185,12 @@ TEST(TextPrepare, NullAndTheInvalidHandleAreSafeEverywhere)
         CDrawText::DrawText_Calculate(hdc, L"a", 1, buffer);
         CDrawText::DrawText_Calculate_Optimized(hdc, L"a", 1, buffer);
         CDrawText::DrawText_Break(L"a", 1, 10, buffer);
-        CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 9, 9}, buffer);
-        CDrawText::DrawText_TextOut(hdc, 0, 0, buffer);
-        CDrawText::DrawText_TextOut_Start_Glyph(hdc, 0, 0, buffer, 0, 1);
-        CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, buffer, 0, 10);
-        CDrawText::DrawText_TextOut_Item(hdc, 0, 0, buffer, 0, 0);
-        CDrawText::DrawText_TextOut_Char(hdc, 0, 0, buffer, 1);
+        PaintInEveryWay(hdc, buffer, 0, 1);
     }
 }
 
-TEST(TextPrepare, EveryScriptKeepsTheRecordsInOrderAtEveryWidth)
+TEST_F(TextPrepare, EveryScriptKeepsTheRecordsInOrderAtEveryWidth)
 {
-    TextContext hdc;
     for (const std::u16string_view& sample : c_samples) {
         for (const int width : {-50, 0, 1, 7, 20, 60, 200}) {
             for (const UINT format : {0U, static_cast<UINT>(DT_SINGLELINE)}) {
@@ -211,9 +203,8 @@ TEST(TextPrepare, EveryScriptKeepsTheRecordsInOrderAtEveryWidth)
     }
 }
 
-TEST(TextPrepare, ALineWithoutItsFirstGlyphStaysNarrowerThanTheArea)
+TEST_F(TextPrepare, ALineWithoutItsFirstGlyphStaysNarrowerThanTheArea)
 {
-    TextContext hdc;
     constexpr int width = 80;
     const Text text =
         Prepare(hdc, u"Several words, a fewofthemratherlonger than the others, in a narrow column", width);
@@ -227,9 +218,8 @@ TEST(TextPrepare, ALineWithoutItsFirstGlyphStaysNarrowerThanTheArea)
     }
 }
 
-TEST(TextPrepare, ALongTextWrapsItsClusterValuesAndStaysInItsArrays)
+TEST_F(TextPrepare, ALongTextWrapsItsClusterValuesAndStaysInItsArrays)
 {
-    TextContext hdc;
     const std::u16string words = [] {
         std::u16string text;
         while (text.size() < 70'000) {

@@ -43,6 +43,17 @@ Text Prepare(HDC hdc, std::u16string_view text, int width, UINT format, int line
                                                 format, lineHeight, nullptr));
 }
 
+void PaintInEveryWay(HDC hdc, stcDrawTextBuffer* buffer, UINT first, UINT second)
+{
+    CDrawText::DrawTextW(hdc, buffer, RECT{0, 0, 50, 50});
+    CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, buffer);
+    CDrawText::DrawText_TextOut(hdc, 0, 0, buffer);
+    CDrawText::DrawText_TextOut_Start_Glyph(hdc, 0, 0, buffer, first, second);
+    CDrawText::DrawText_TextOut_cxMax(hdc, 0, 0, buffer, first, second);
+    CDrawText::DrawText_TextOut_Item(hdc, 0, 0, buffer, first, 0);
+    CDrawText::DrawText_TextOut_Char(hdc, 0, 0, buffer, second);
+}
+
 std::vector<stcDrawTextBreak> BreaksOf(const stcDrawTextBuffer& buffer)
 {
     return {buffer.pBreaks, buffer.pBreaks + buffer.nBreaks + 1};

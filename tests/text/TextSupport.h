@@ -47,6 +47,9 @@ LPCWSTR Wide(std::u16string_view terminated);
 // Prepares a text in a rectangle of a width and a height of 100 at (0, 0); a width of 0 is unlimited.
 Text Prepare(HDC hdc, std::u16string_view text, int width, UINT format = 0, int lineHeight = 20);
 
+// Calls every operation that paints, with numbers that may lie outside of the text.
+void PaintInEveryWay(HDC hdc, stcDrawTextBuffer* buffer, UINT first, UINT second);
+
 std::vector<stcDrawTextBreak> BreaksOf(const stcDrawTextBuffer& buffer);
 
 // A buffer that starts as all zero and is freed at the end.

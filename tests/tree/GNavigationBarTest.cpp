@@ -11,11 +11,7 @@ using namespace test;
 class GNavigationBarTest : public TreeTest<GNavigationBar>
 {
 protected:
-    void SetUp() override
-    {
-        TreeTest::SetUp();
-        m_root = tree.GetRootItem();
-    }
+    void SetUp() override { m_root = tree.GetRootItem(); }
     void MakeBar(DWORD dwStyle = 0)
     {
         Make(WS_VSCROLL | dwStyle, TREE_CX, 400); // high enough for all rows
@@ -31,6 +27,12 @@ protected:
         m_zoo = tree.Add(m_root, "zoo", 0, m_news);
     }
 
+    std::string RowsAfterClick(int x, int y)
+    {
+        Click(x, y);
+        return tree.Rows();
+    }
+
     void* m_root;
     void* m_mail;
     void* m_inbox;
@@ -42,11 +44,14 @@ constexpr int MAIL_Y = 60;
 constexpr int NEWS_Y = 110;
 constexpr int GLYPH_X = TREE_CX - 15; // of a glyph at the right
 constexpr int TEXT_X = 100;
+constexpr auto ALL_CLOSED = "Folders mail - _ news zoo";
+constexpr auto MAIL_OPEN = "Folders mail inbox sent - _ news zoo";
+constexpr auto NEWS_OPEN = "Folders mail - _ news today zoo";
 
 TEST_F(GNavigationBarTest, ItemsStandWhereTheyWereInserted)
 {
     MakeBar();
-    EXPECT_EQ(tree.Rows(), "Folders mail - _ news zoo");
+    EXPECT_EQ(tree.Rows(), ALL_CLOSED);
     EXPECT_EQ(tree.Children(m_mail), "inbox sent");
     tree.Add(m_root, "front");
     tree.Add(m_root, "end", 0, m_inbox); // no child of the root
@@ -77,7 +82,7 @@ TEST_F(GNavigationBarTest, ExpansionKeepsTheSelectedRowsNumber)
     EXPECT_EQ(tree.m_nSelected, 4u);
     host.Take();
     tree.Expand(m_mail);
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
+    EXPECT_EQ(tree.Rows(), MAIL_OPEN);
     EXPECT_EQ(host.TakeLines(), Expansion(1, 2));
     EXPECT_EQ(tree.Selected(), "-") << "the row of that number";
     EXPECT_EQ(tree.m_pSelected, m_news);
@@ -178,8 +183,7 @@ TEST_F(GNavigationBarTest, AClickSelectsAndTheGlyphToggles)
     HoldKeys({});
     EXPECT_EQ(tree.GetSelectedItem(), m_mail);
     EXPECT_EQ(host.TakeLines(), Lines{"-2 row 1 action 0 at 100,60 keys 2"});
-    Click(GLYPH_X, MAIL_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
+    EXPECT_EQ(RowsAfterClick(GLYPH_X, MAIL_Y), MAIL_OPEN);
     EXPECT_EQ(host.Take().size(), 2u) << "no click is sent for the glyph";
     Click(TEXT_X, 20); // the header
     EXPECT_EQ(tree.GetSelectedItem(), m_mail);
@@ -190,7 +194,7 @@ TEST_F(GNavigationBarTest, AClickSelectsAndTheGlyphToggles)
     Mouse(WM_LBUTTONDOWN, GLYPH_X, MAIL_Y);
     Mouse(WM_LBUTTONUP, TEXT_X, MAIL_Y);
     EXPECT_EQ(tree.GetSelectedItem(), m_mail);
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
+    EXPECT_EQ(tree.Rows(), MAIL_OPEN);
     EXPECT_EQ(host.Take().size(), 1u);
     Mouse(WM_LBUTTONDOWN, TEXT_X, MAIL_Y);
     Mouse(WM_LBUTTONUP, TEXT_X, 90);
@@ -207,37 +211,29 @@ TEST_F(GNavigationBarTest, AClickSelectsAndTheGlyphToggles)
 TEST_F(GNavigationBarTest, ClickExpansionTogglesTheSelectedRowAndOpensTheOthers)
 {
     MakeBar(GNS_CLICKEXPAND);
-    Click(TEXT_X, MAIL_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
+    EXPECT_EQ(RowsAfterClick(TEXT_X, MAIL_Y), MAIL_OPEN);
     EXPECT_EQ(tree.GetSelectedItem(), m_mail);
     tree.SetSelectedItem(m_zoo);
-    Click(TEXT_X, MAIL_Y); // expanded and not selected: only selected
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
-    Click(TEXT_X, MAIL_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail - _ news zoo");
+    EXPECT_EQ(RowsAfterClick(TEXT_X, MAIL_Y), MAIL_OPEN) << "expanded and not selected: only selected";
+    EXPECT_EQ(RowsAfterClick(TEXT_X, MAIL_Y), ALL_CLOSED);
     tree.SetSelectedItem(m_zoo);
-    Click(GLYPH_X, MAIL_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
-    Click(GLYPH_X, MAIL_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail - _ news zoo");
+    EXPECT_EQ(RowsAfterClick(GLYPH_X, MAIL_Y), MAIL_OPEN);
+    EXPECT_EQ(RowsAfterClick(GLYPH_X, MAIL_Y), ALL_CLOSED);
 }
 
 TEST_F(GNavigationBarTest, SingleExpansionCollapsesTheFirstOtherRowAfterwards)
 {
     MakeBar(GNS_SINGLEEXPAND);
-    Click(GLYPH_X, NEWS_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail - _ news today zoo");
+    EXPECT_EQ(RowsAfterClick(GLYPH_X, NEWS_Y), NEWS_OPEN);
     host.Take();
-    Click(GLYPH_X, MAIL_Y);
-    EXPECT_EQ(tree.Rows(), "Folders mail inbox sent - _ news zoo");
+    EXPECT_EQ(RowsAfterClick(GLYPH_X, MAIL_Y), MAIL_OPEN);
     EXPECT_EQ(host.TakeLines(),
               (Lines{"-454 row 1 action 2 at -1,0 keys 0", "-455 row 1 action 2 at -1,0 keys 0",
                      "-454 row 6 action 1 at -1,0 keys 0", "-455 row 6 action 1 at -1,0 keys 0"}));
     // With click expansion as well the click goes by the row's number, which is another item's by now.
     tree.SetStyle(tree.GetStyle() | GNS_CLICKEXPAND);
     host.Take();
-    Click(TEXT_X, 150);
-    EXPECT_EQ(tree.Rows(), "Folders mail - _ news today zoo");
+    EXPECT_EQ(RowsAfterClick(TEXT_X, 150), NEWS_OPEN);
     EXPECT_EQ(tree.Selected(), "zoo");
     EXPECT_EQ(host.Take().back().record.pItem, m_zoo);
     // And where that number is past the last row, it selects nothing.
@@ -247,8 +243,7 @@ TEST_F(GNavigationBarTest, SingleExpansionCollapsesTheFirstOtherRowAfterwards)
     tree.SetSelectedItem(nullptr);
     host.Take();
     tree.RemoveItem(tree.GetItemNextChild(m_news, nullptr));
-    Click(TEXT_X, 150);
-    EXPECT_EQ(tree.Rows(), "Folders mail - _ news");
+    EXPECT_EQ(RowsAfterClick(TEXT_X, 150), "Folders mail - _ news");
     EXPECT_EQ(tree.GetSelectedItem(), nullptr);
     EXPECT_EQ(host.Take().back().code, EXPANDED);
 }
@@ -257,7 +252,7 @@ TEST_F(GNavigationBarTest, AnItemPutInPlaceOfTheExpandingOneStaysClosed)
 {
     MakeBar();
     void* made = nullptr;
-    host.onNotify = [&](const TreeNotified& n) {
+    host.onNotify = [&](const Notified& n) {
         tree.RemoveItem(n.record.pItem);
         made = tree.Add(m_root, "new", NBIS_HASCHILDREN, tree.GetItemNextChild(m_root, nullptr));
     };
@@ -282,16 +277,15 @@ TEST_F(GNavigationBarTest, TheScrollRangeCountsEveryRowAsAnItem)
     EXPECT_EQ(tree.m_siV.nPos, last);
     tree.EnsureVisible(tree.At(0));
     EXPECT_EQ(tree.m_siV.nPos, 0);
-    Send(WM_VSCROLL, SB_LINEDOWN);
-    EXPECT_EQ(tree.m_siV.nPos, 40);
-    Send(WM_VSCROLL, SB_PAGEUP);
-    EXPECT_EQ(tree.m_siV.nPos, 0);
-    Send(WM_VSCROLL, SB_PAGEDOWN);
-    EXPECT_EQ(tree.m_siV.nPos, std::min(page * 5 / 6, last));
-    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 7));
-    EXPECT_EQ(tree.m_siV.nPos, 7);
-    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 9));
-    EXPECT_EQ(tree.m_siV.nPos, 7);
+    const auto scroll = [&](UINT code, UINT pos = 0) {
+        Send(WM_VSCROLL, MAKEWPARAM(code, pos));
+        return tree.m_siV.nPos;
+    };
+    EXPECT_EQ(scroll(SB_LINEDOWN), 40);
+    EXPECT_EQ(scroll(SB_PAGEUP), 0);
+    EXPECT_EQ(scroll(SB_PAGEDOWN), std::min(page * 5 / 6, last));
+    EXPECT_EQ(scroll(SB_THUMBTRACK, 7), 7);
+    EXPECT_EQ(scroll(SB_THUMBPOSITION, 9), 7);
     EXPECT_EQ(tree.HitAt(20, 34).nItem, 1u) << "41 from the top";
     Send(WM_MOUSEWHEEL, MAKEWPARAM(0, 120));
     EXPECT_EQ(tree.m_siV.nPos, 0);
@@ -334,7 +328,7 @@ TEST_F(GNavigationBarTest, TheParentMayDestroyTheBarInEachNotification)
     {
         MakeBar(GNS_SINGLEEXPAND | GNS_CLICKEXPAND);
         tree.Expand(m_news);
-        host.onNotify = [&](const TreeNotified& n) {
+        host.onNotify = [&](const Notified& n) {
             if (n.code == c.code && (IsWindow(tree) && (c.action == 0 || n.record.uAction == c.action))) {
                 DestroyWindow(tree);
             }

@@ -1,16 +1,10 @@
 // A tree or navigation bar in a host window that keeps its notifications.
 #pragma once
 
-#include <gesso/gesso.h>
-
-#include "../support/Host.h"
+#include "../support/Keys.h"
+#include "../support/NotifyHost.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace test {
 
@@ -19,15 +13,7 @@ constexpr int TREE_ID = 31;
 constexpr int TREE_CX = 200;
 constexpr int TREE_CY = 100;
 
-// Codes of notifications.
-constexpr int CLICKED = -2;
-constexpr int DOUBLE_CLICKED = -3;
-constexpr int FOCUS_SET = -7;
-constexpr int FOCUS_KILLED = -8;
-constexpr int EXPANDING = -454;
-constexpr int EXPANDED = -455;
-
-using Lines = std::vector<std::string>;
+using Lines = Reports;
 
 // What a host is told when a row expands (2) or collapses (1).
 Lines Expansion(int row, int action, int keys = 0);
@@ -41,40 +27,6 @@ public:
 
 private:
     std::vector<wchar_t> m_text;
-};
-
-// A notification: the record is whole for all but those of the focus.
-struct TreeNotified
-{
-    int code;
-    GLISTNOTIFY record;
-};
-
-class TreeHost
-{
-public:
-    TreeHost();
-    ~TreeHost();
-    TreeHost(const TreeHost&) = delete;
-    TreeHost& operator=(const TreeHost&) = delete;
-
-    operator HWND() const { return m_hWnd; }
-    // The notifications since the last call.
-    std::vector<TreeNotified> Take() { return std::exchange(m_notified, {}); }
-    // The same as "-454 row 1 action 2 at -1,0 keys 0", or only the code for those of the focus.
-    Lines TakeLines();
-    int TakeClicks() { return std::exchange(m_nClicks, 0); }
-    // Called within each notification.
-    std::function<void(const TreeNotified&)> onNotify;
-    LRESULT answer = 0;
-
-private:
-    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
-    LRESULT Note(const NMHDR& header);
-
-    HWND m_hWnd;
-    std::vector<TreeNotified> m_notified;
-    int m_nClicks = 0; // WM_COMMAND
 };
 
 // A tree of either class with everything in reach.
@@ -157,13 +109,10 @@ template <class CONTROL> void ExpectHits(const Probe<CONTROL>& tree, std::initia
 template <class CONTROL> class TreeTest : public testing::Test
 {
 protected:
-    void SetUp() override { InitControls(); }
     void TearDown() override
     {
         HoldKeys({});
-        if (IsWindow(tree)) {
-            DestroyWindow(tree);
-        }
+        DestroyWindow(tree);
     }
 
     void Make(DWORD dwStyle = 0, int cx = TREE_CX, int cy = TREE_CY)
@@ -179,17 +128,7 @@ protected:
         Mouse(WM_LBUTTONUP, x, y);
     }
     void Key(UINT vk) { Send(WM_KEYDOWN, vk, 1); }
-    // Lets GetKeyState answer for the keys.
-    static void HoldKeys(std::initializer_list<UINT> keys)
-    {
-        BYTE state[256] = {};
-        for (const UINT vk : keys) {
-            state[vk] = 0x80;
-        }
-        SetKeyboardState(state);
-    }
-
-    TreeHost host;
+    NotifyHost host;
     Probe<CONTROL> tree;
 };
 

@@ -3,8 +3,6 @@
 
 #include "DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using test::DrawFixture;
@@ -15,7 +13,6 @@ class ButtonDrawTest : public DrawFixture
 protected:
     void SetUp() override
     {
-        DrawFixture::SetUp();
         test::desk::SetThemeMargins("BUTTON", BP_PUSHBUTTON, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
     }
 
@@ -34,7 +31,7 @@ protected:
         }
         DestroyWindow(button);
         for (std::string& line : lines) {
-            line = line.substr(line.find('('), line.find(')') - line.find('(') + 1);
+            line = test::PlaceOf(line);
         }
         return lines;
     }
@@ -169,13 +166,10 @@ TEST_F(ButtonDrawTest, PrintClientDrawsIntoTheGivenContextAndOnlyForTheClient)
 TEST_F(ButtonDrawTest, PointerThatLeavesIsHeardOf)
 {
     Make(0);
-    RECT rc{};
-    button.GetPos(&rc);
-    test::desk::MoveMouse(rc.left + 5, rc.top + 5);
+    test::PointAt(button, 5, 5);
     EXPECT_EQ(Draw(button, "DrawThemeBackground BUTTON 1 2").size(), 1u);
     test::desk::ClearDrawing(button);
-    test::desk::MoveMouse(rc.left - 5, rc.top - 5);
-    test::desk::Pump();
+    test::PointAt(button, -5, -5);
     EXPECT_TRUE(test::AnyStartsWith(test::desk::Drawing(button), "DrawThemeBackground BUTTON 1 1"));
 }
 

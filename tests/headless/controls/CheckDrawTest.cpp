@@ -5,16 +5,9 @@
 
 #include "../../support/Interception.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using test::Lines;
-
-std::string RectangleIn(const std::string& line)
-{
-    return line.substr(line.find('('), line.find(')') - line.find('(') + 1);
-}
 
 template <class CONTROL> class CheckDrawTest : public test::DrawFixture
 {
@@ -31,7 +24,6 @@ protected:
 
     void SetUp() override
     {
-        DrawFixture::SetUp();
         test::desk::SetThemeMargins("BUTTON", PART, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
         test::desk::SetThemePartSize("BUTTON", PART, 0, {13, 13});
     }
@@ -47,7 +39,7 @@ protected:
         Lines places;
         for (const std::string& word : {Start(), std::string("DrawStateW"), std::string("DrawThemeText")}) {
             for (const std::string& line : Draw(control, word)) {
-                places.push_back(RectangleIn(line));
+                places.push_back(test::PlaceOf(line));
             }
         }
         DestroyWindow(control);
@@ -60,7 +52,7 @@ protected:
         SetFocus(control);
         const Lines lines = Draw(control, "DrawFocusRect");
         DestroyWindow(control);
-        return lines.size() == 1 ? RectangleIn(lines[0]) : "none";
+        return lines.size() == 1 ? test::PlaceOf(lines[0]) : "none";
     }
 
     Probe control;

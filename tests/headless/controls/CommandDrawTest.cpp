@@ -3,8 +3,6 @@
 
 #include "DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using test::Lines;
@@ -24,7 +22,6 @@ class CommandDrawTest : public test::DrawFixture
 protected:
     void SetUp() override
     {
-        DrawFixture::SetUp();
         test::desk::SetThemeMargins("BUTTON", BP_COMMANDLINK, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
         test::desk::SetThemePartSize("BUTTON", BP_COMMANDLINKGLYPH, 0, {20, 20});
         test::desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_FONT, FontOf(-12));
@@ -95,15 +92,12 @@ TEST_F(CommandDrawTest, ShieldStandsBeneathGlyphOrImage)
 {
     EXPECT_EQ(Glyphs(GCBS_SHIELD), (Lines{"DrawStateW icon=32518 (3,5,23,25) 0x0003",
                                           "DrawThemeBackground BUTTON 7 1 (3,5,23,25)"}));
-    ICONINFO info{TRUE, 0, 0, CreateBitmap(24, 24, 1, 1, nullptr), CreateBitmap(24, 24, 1, 32, nullptr)};
-    const HICON hIcon = CreateIconIndirect(&info);
+    const HICON hIcon = MakeIcon(24);
     button.SetIcon(hIcon);
     EXPECT_EQ(
         Glyphs(GCBS_SHIELD | GS_ICON | WS_DISABLED),
         (Lines{"DrawStateW icon=32518 (3,5,23,25) 0x0023", "DrawStateW icon=24x24 (3,5,27,29) 0x0023"}));
     DestroyIcon(hIcon);
-    DeleteObject(info.hbmMask);
-    DeleteObject(info.hbmColor);
     Make(GCBS_SHIELD);
     test::desk::Pump();
     Fail("LoadImageW");

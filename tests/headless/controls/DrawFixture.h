@@ -1,26 +1,27 @@
 // Looks at what a control draws, through the desktop's record.
 #pragma once
 
-#include <gesso/gesso.h>
-#include <platform/headless/headless.h>
-
 #include "../../support/Host.h"
+#include "../../support/Numbers.h"
+#include "../FreshDesktop.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <optional>
-#include <sstream>
 
 namespace test {
-
-namespace desk = gesso::headless;
-using Lines = std::vector<std::string>;
 
 inline bool AnyStartsWith(const Lines& lines, const std::string& start)
 {
     return std::any_of(lines.begin(), lines.end(),
                        [&](const std::string& line) { return line.starts_with(start); });
+}
+
+// The place in a line, as "(3,5,96,34)".
+inline std::string PlaceOf(const std::string& line)
+{
+    return line.substr(line.find('('), line.find(')') - line.find('(') + 1);
 }
 
 // The controls in a window: "12 'Save' (10,20,98,46)", each with its id, text and place, in the order of
@@ -29,13 +30,8 @@ inline Lines Controls(HWND hwndParent)
 {
     Lines controls;
     for (HWND hwnd = GetWindow(hwndParent, GW_CHILD); hwnd; hwnd = GetWindow(hwnd, GW_HWNDNEXT)) {
-        RECT rc{};
-        GetWindowRect(hwnd, &rc);
-        MapWindowPoints(nullptr, hwndParent, reinterpret_cast<POINT*>(&rc), 2);
-        std::ostringstream line;
-        line << GetDlgCtrlID(hwnd) << " '" << TextOf(hwnd) << "' (" << rc.left << "," << rc.top << ","
-             << rc.right << "," << rc.bottom << ")";
-        controls.push_back(line.str());
+        controls.push_back(std::to_string(GetDlgCtrlID(hwnd)) + " '" + TextOf(hwnd) + "' (" +
+                           Numbers(PlaceIn(hwndParent, hwnd)) + ")");
     }
     return controls;
 }
@@ -44,38 +40,32 @@ inline Lines Controls(HWND hwndParent)
 class DrawFixture : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        desk::Reset();
-        InitControls();
-        m_before = desk::Live();
-        m_host.emplace();
-    }
     void TearDown() override
     {
         m_host.reset();
-        EXPECT_EQ(desk::Live(), m_before);
-        EXPECT_TRUE(desk::HeapIsClean());
+        m_desktop.reset();
     }
 
     HWND Parent() const { return *m_host; }
     Host& TheHost() { return *m_host; }
 
     // The lines of a control's next paint that start with a word.
-    static Lines Draw(HWND hwnd, const std::string& word)
+    static Lines Draw(HWND hwnd, const std::string& word) { return NextPaint(hwnd, word); }
+
+    // An icon of so many pixels a side.
+    static HICON MakeIcon(int nSide)
     {
-        desk::Pump();
-        desk::ClearDrawing(hwnd);
-        InvalidateRect(hwnd, nullptr, FALSE);
-        desk::Pump();
-        Lines lines = desk::Drawing(hwnd);
-        std::erase_if(lines, [&](const std::string& line) { return !line.starts_with(word); });
-        return lines;
+        ICONINFO info{TRUE, 0, 0, CreateBitmap(nSide, nSide, 1, 1, nullptr),
+                      CreateBitmap(nSide, nSide, 1, 32, nullptr)};
+        const HICON hIcon = CreateIconIndirect(&info);
+        DeleteObject(info.hbmMask);
+        DeleteObject(info.hbmColor);
+        return hIcon;
     }
 
 private:
-    desk::Census m_before;
-    std::optional<Host> m_host;
+    std::optional<FreshDesktop> m_desktop{std::in_place};
+    std::optional<Host> m_host{std::in_place};
 };
 
 } // namespace test

@@ -2,8 +2,6 @@
 
 #include "DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using test::DrawFixture;
@@ -84,8 +82,7 @@ TEST_F(LabelDrawTest, ImagePlacesAndExtents)
 
 TEST_F(LabelDrawTest, IconsAreMeasuredWithoutLeavingTheirBitmapsBehind)
 {
-    ICONINFO info{TRUE, 0, 0, CreateBitmap(24, 24, 1, 1, nullptr), CreateBitmap(24, 24, 1, 32, nullptr)};
-    const HICON hIcon = CreateIconIndirect(&info);
+    const HICON hIcon = MakeIcon(24);
     const test::desk::Census before = test::desk::Live();
     label.SetIcon(hIcon);
     EXPECT_EQ(Content(GS_ICON), Lines{"DrawStateW icon=24x24 (0,0,24,24) 0x0003"});
@@ -94,8 +91,6 @@ TEST_F(LabelDrawTest, IconsAreMeasuredWithoutLeavingTheirBitmapsBehind)
     label.SetIcon(hIcon);
     EXPECT_EQ(test::desk::Live(), before) << "nor where they cannot be measured";
     DestroyIcon(hIcon);
-    DeleteObject(info.hbmMask);
-    DeleteObject(info.hbmColor);
 }
 
 TEST_F(LabelDrawTest, MeasuringFailsWithThePlatformAndLeavesNothingBehind)

@@ -1,32 +1,15 @@
 // What the stand-alone scroll bar draws, and how it repeats while it is held.
 
+#include "../../controls/ProbeScrollbar.h"
 #include "DrawFixture.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
+using test::BAR_HEIGHT;
 using test::Lines;
+using test::ProbeScrollbar;
 using test::Reports;
 using test::desk::Advance;
-
-constexpr int HEIGHT = 234; // a track of 200 between the two buttons
-
-class ProbeScrollbar : public GScrollbar
-{
-public:
-    void SetHits(WORD wDown, WORD wNow)
-    {
-        m_hitDown.wHit = wDown;
-        m_hitNow.wHit = wNow;
-    }
-    static void LateTimer() { TimerCallback(nullptr, WM_TIMER, 0, 0); }
-    WORD HitAt(int y) const
-    {
-        HitTestInfo info{{5, static_cast<SHORT>(y)}, 0};
-        return HitTest(&info);
-    }
-};
 
 class ScrollbarDrawTest : public test::DrawFixture
 {
@@ -38,7 +21,7 @@ protected:
     }
     void Make(int cx, UINT nTotal)
     {
-        bar.Create(0, 0, cx, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
+        bar.Create(0, 0, cx, BAR_HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
         bar.InitScrollBar(nTotal);
         bar.ScrSetTotalHeight(nTotal);
     }
@@ -48,8 +31,8 @@ protected:
 
 TEST_F(ScrollbarDrawTest, WholeRecordAtTheRightEdge)
 {
-    Make(30, 2 * HEIGHT);
-    bar.SetScrollPos(HEIGHT / 2);
+    Make(30, 2 * BAR_HEIGHT);
+    bar.SetScrollPos(BAR_HEIGHT / 2);
     EXPECT_EQ(Draw(bar, ""), (Lines{
                                  "DrawThemeBackground SCROLLBAR 7 1 (13,17,30,217)",
                                  "DrawThemeBackground SCROLLBAR 1 4 (13,0,30,17)",
@@ -62,7 +45,7 @@ TEST_F(ScrollbarDrawTest, WholeRecordAtTheRightEdge)
 
 TEST_F(ScrollbarDrawTest, StatesByPressAndPointer)
 {
-    Make(17, 2 * HEIGHT);
+    Make(17, 2 * BAR_HEIGHT);
     struct
     {
         WORD wDown, wNow;
@@ -111,7 +94,7 @@ TEST_F(ScrollbarDrawTest, PaintingAndHitTestMayDisagreeByAPixel)
 
 TEST_F(ScrollbarDrawTest, WithoutInitItIsPlainAndHasTheSmallestThumb)
 {
-    bar.Create(0, 0, 17, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
+    bar.Create(0, 0, 17, BAR_HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground"), Lines{});
     EXPECT_EQ(Draw(bar, "DrawFrameControl (0,17,17,39)").size(), 1u);
 }
@@ -152,39 +135,26 @@ class ScrollbarClockTest : public ScrollbarDrawTest
 protected:
     void SetUp() override
     {
-        ScrollbarDrawTest::SetUp();
-        bar.Create(100, 20, 17, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
+        bar.Create(100, 20, 17, BAR_HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
         bar.InitScrollBar(0);
-        bar.ScrSetTotalHeight(2 * HEIGHT);
-        bar.SetScrollPos(HEIGHT / 2);
-        bar.GetPos(&m_rc);
+        bar.ScrSetTotalHeight(2 * BAR_HEIGHT);
+        bar.SetScrollPos(BAR_HEIGHT / 2);
         test::desk::Pump();
         TheHost().TakeReports();
     }
-    void MoveTo(int y)
-    {
-        test::desk::MoveMouse(m_rc.left + 5, m_rc.top + y);
-        test::desk::Pump();
-    }
+    void MoveTo(int y) { test::PointAt(bar, 5, y); }
     void PressAt(int y)
     {
         MoveTo(y);
-        test::desk::PressButton();
-        test::desk::Pump();
+        test::PressThere();
     }
-    void Release()
-    {
-        test::desk::ReleaseButton();
-        test::desk::Pump();
-    }
+    static void Release() { test::ReleaseThere(); }
     static int Timers() { return test::desk::Live()[test::desk::Kind::Timer]; }
     size_t CountAfter(DWORD dwMilliseconds)
     {
         Advance(dwMilliseconds);
         return TheHost().TakeReports().size();
     }
-
-    RECT m_rc{};
 };
 
 TEST_F(ScrollbarClockTest, HeldArrowRepeatsAfterHalfASecondAndThenTenTimesASecond)
@@ -209,7 +179,7 @@ TEST_F(ScrollbarClockTest, RepeatPausesWhileThePointerIsOffThePart)
     EXPECT_EQ(CountAfter(1000), 0u);
     MoveTo(212);
     EXPECT_EQ(CountAfter(100), 1u);
-    bar.SetScrollPos(HEIGHT); // brings the thumb under the pointer
+    bar.SetScrollPos(BAR_HEIGHT); // brings the thumb under the pointer
     EXPECT_EQ(CountAfter(300), 0u);
     Release();
 }
@@ -229,13 +199,12 @@ TEST_F(ScrollbarClockTest, ANewWindowOfTheSameBarHasItsPointerAndNoFormerPress)
     DestroyWindow(bar);
     EXPECT_EQ(Timers(), 0);
     Release();
-    bar.Create(100, 20, 17, HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
+    bar.Create(100, 20, 17, BAR_HEIGHT, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     TheHost().TakeReports();
     MoveTo(5);
     EXPECT_EQ(CountAfter(1000), 0u);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 2").size(), 1u) << "hot, not pressed";
-    test::desk::MoveMouse(m_rc.left - 20, m_rc.top + 5);
-    test::desk::Pump();
+    test::PointAt(bar, -20, 5);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 4").size(), 1u) << "it hears of the pointer leaving";
 }
 
@@ -243,12 +212,9 @@ TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
 {
     for (const bool fObjectToo : {false, true}) {
         auto* pDoomed = new GScrollbar;
-        const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
-        RECT rc{};
-        pDoomed->GetPos(&rc);
-        test::desk::MoveMouse(rc.left + 5, rc.top + 5);
-        test::desk::PressButton();
-        test::desk::Pump();
+        const HWND hwnd = pDoomed->Create(200, 20, 17, BAR_HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
+        test::PointAt(hwnd, 5, 5);
+        test::PressThere();
         TheHost().onReport = [&](const std::string&) {
             TheHost().onReport = nullptr;
             DestroyWindow(hwnd);
@@ -270,7 +236,7 @@ TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
 TEST_F(ScrollbarClockTest, ObjectThatGoesBeforeItsWindowStopsItsTimer)
 {
     auto* pDoomed = new GScrollbar;
-    const HWND hwnd = pDoomed->Create(200, 20, 17, HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
+    const HWND hwnd = pDoomed->Create(200, 20, 17, BAR_HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
     SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5));
     SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     pDoomed->Delete(pDoomed);

@@ -2,8 +2,6 @@
 
 #include "DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <climits>
 
 namespace {
@@ -80,7 +78,6 @@ class ProgressDrawTest : public test::DrawFixture
 protected:
     void SetUp() override
     {
-        DrawFixture::SetUp();
         test::desk::SetThemeMargins("PROGRESS", PP_BAR, 0, TMT_CONTENTMARGINS, {3, 5, 2, 4});
     }
     void Make(int cx) { bar.Create(0, 0, cx, 20, Parent(), 0, 0, WS_CHILD | WS_VISIBLE); }

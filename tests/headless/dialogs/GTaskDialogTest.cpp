@@ -6,8 +6,6 @@
 #include "../../support/AllowMisuse.h"
 #include "../controls/DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;

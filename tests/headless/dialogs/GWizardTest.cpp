@@ -6,8 +6,6 @@
 #include "../../support/DialogTemplate.h"
 #include "../controls/DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <memory>
 
 namespace {
@@ -65,7 +63,6 @@ class GWizardTest : public test::DrawFixture
 protected:
     void SetUp() override
     {
-        DrawFixture::SetUp();
         s_pScript = &script;
         const test::DialogTemplate page(WS_CHILD | DS_CONTROL, 180, 90);
         desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(PAGE_TEMPLATE), page.Bytes());
@@ -232,10 +229,7 @@ TEST_F(GWizardTest, DialogFitsItsFirstPageAndTheFooter)
 {
     AddPages(2);
     Run({[&](HWND hDlg) {
-             RECT rc{};
-             GetClientRect(hDlg, &rc);
-             EXPECT_EQ(rc.right, 315);
-             EXPECT_EQ(rc.bottom, 169 + 53);
+             EXPECT_EQ(test::Numbers(test::ClientSize(hDlg)), test::Numbers(315, 169 + 53));
              EXPECT_EQ(test::Controls(hDlg),
                        (Lines{"0 'Test' (0,0,315,169)", "0 'Test' (0,0,315,169)",
                               "1 'Done' (125,182,213,208)", "2 'Cancel' (220,182,308,208)",

@@ -7,8 +7,6 @@
 #include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;
@@ -148,9 +146,7 @@ TEST_F(GWndCertFailureTest, LongSubjectMakesTheDialogTallerAndNotWider)
     const auto sizeFor = [&](LPCWSTR pszSubject) {
         SIZE size{};
         desk::WhenIdle([&size] {
-            RECT rc{};
-            GetClientRect(GDialog::s_hActiveDlg, &rc);
-            size = {rc.right, rc.bottom};
+            size = test::ClientSize(GDialog::s_hActiveDlg);
             EndDialog(GDialog::s_hActiveDlg, 0);
         });
         GWndCertFailure::WndCertFailure(nullptr, Parent(), nullptr, nullptr, CFT_UNTRUSTED, 0, nullptr,

@@ -3,8 +3,6 @@
 #include "../../edit/EditFixture.h"
 #include "ComboFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;
@@ -40,14 +38,7 @@ protected:
                       [](const std::string& line) { return line.find("ADD6FF") == std::string::npos; });
         return lines;
     }
-    Lines Frames()
-    {
-        Lines lines = Draw(Combo(), "DrawThemeBackground COMBOBOX");
-        for (std::string& line : lines) {
-            line = line.substr(std::string("DrawThemeBackground COMBOBOX ").size());
-        }
-        return lines;
-    }
+    Lines Frames() { return test::NextPaintBehind(Combo(), "DrawThemeBackground COMBOBOX "); }
 };
 
 TEST_F(ComboFieldTest, TheCaretStandsInTheFieldWhileItHasTheFocus)
@@ -61,8 +52,7 @@ TEST_F(ComboFieldTest, TheCaretStandsInTheFieldWhileItHasTheFocus)
     ASSERT_EQ(desk::Caret().hwnd, Combo().GetHwnd());
     EXPECT_TRUE(desk::Caret().visible);
     EXPECT_EQ(desk::Caret().size.cy, LINE);
-    EXPECT_EQ(desk::Caret().position.x, 2 + 3 + 4 * CHAR);
-    EXPECT_EQ(desk::Caret().position.y, 2 + 4);
+    EXPECT_EQ(test::Numbers(desk::Caret().position), test::Numbers(2 + 3 + 4 * CHAR, 2 + 4));
     Type(VK_HOME);
     EXPECT_EQ(desk::Caret().position.x, 2 + 3);
     SetFocus(Parent());
@@ -114,34 +104,26 @@ TEST_F(ComboFieldTest, KeysMoveTheCaretAndShiftExtendsTheSelection)
 TEST_F(ComboFieldTest, ThePointerPutsTheCaretAndDragsASelection)
 {
     MakeField(L"abcdef");
-    ClickAt(Combo(), 2 * CHAR - 2, 10); // three pixels further starts the next character
-    desk::Pump();
-    EXPECT_EQ(Ends(), "2-2");
-    ClickAt(Combo(), 2 * CHAR - 3, 10);
-    desk::Pump();
-    EXPECT_EQ(Ends(), "1-1");
+    const auto endsAfter = [&](const std::function<void()>& act) {
+        act();
+        desk::Pump();
+        return Ends();
+    };
+    EXPECT_EQ(endsAfter([&] { ClickAt(Combo(), 2 * CHAR - 2, 10); }), "2-2");
+    EXPECT_EQ(endsAfter([&] { ClickAt(Combo(), 2 * CHAR - 3, 10); }), "1-1")
+        << "three pixels further starts the next character";
     MoveTo(Combo(), 13, 10);
     desk::PressButton();
-    MoveTo(Combo(), 32, 10);
-    desk::Pump();
-    EXPECT_EQ(Ends(), "2-5");
-    MoveTo(Combo(), 500, -90);
-    desk::Pump();
-    EXPECT_EQ(Ends(), "2-6") << "the press holds the pointer";
+    EXPECT_EQ(endsAfter([&] { MoveTo(Combo(), 32, 10); }), "2-5");
+    EXPECT_EQ(endsAfter([&] { MoveTo(Combo(), 500, -90); }), "2-6") << "the press holds the pointer";
     MoveTo(Combo(), -50, 10);
-    desk::ReleaseButton();
-    desk::Pump();
-    EXPECT_EQ(Ends(), "2-0");
+    EXPECT_EQ(endsAfter([] { desk::ReleaseButton(); }), "2-0");
     EXPECT_FALSE(GetCapture());
     desk::PressKey(VK_SHIFT);
-    ClickAt(Combo(), 25, 10);
-    desk::Pump();
+    EXPECT_EQ(endsAfter([&] { ClickAt(Combo(), 25, 10); }), "2-4");
     desk::ReleaseKey(VK_SHIFT);
-    EXPECT_EQ(Ends(), "2-4");
     const POINT pt = OnScreen(Combo(), 20, 10);
-    desk::DoubleClick(pt.x, pt.y);
-    desk::Pump();
-    EXPECT_EQ(Ends(), "0-6");
+    EXPECT_EQ(endsAfter([&] { desk::DoubleClick(pt.x, pt.y); }), "0-6");
     EXPECT_EQ(TheHost().TakeReports(), Reports{});
 }
 

@@ -30,7 +30,6 @@ protected:
 
     void SetUp() override
     {
-        DrawFixture::SetUp();
         desk::SetSystemMetric(SM_CXVSCROLL, COMBO_BUTTON);
         pCombo = std::make_unique<ComboProbe>();
     }

@@ -3,11 +3,12 @@
 #include "../../support/Interception.h"
 #include "ComboFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;
+using test::ClientSize;
+using test::Numbers;
+using test::PlaceIn;
 using test::Reports;
 using test::TextOf;
 
@@ -16,18 +17,6 @@ const std::string SELCHANGE = "click 5 code 1";
 class ComboListTest : public test::ComboFixture
 {
 protected:
-    static RECT WindowRect(HWND hwnd)
-    {
-        RECT rc{};
-        GetWindowRect(hwnd, &rc);
-        return rc;
-    }
-    static int ClientHeight(HWND hwnd)
-    {
-        RECT rc{};
-        GetClientRect(hwnd, &rc);
-        return rc.bottom;
-    }
     static void TypeEscape() { desk::TypeKey(VK_ESCAPE); }
 };
 
@@ -35,13 +24,12 @@ TEST_F(ComboListTest, StandsBelowTheControlNoHigherThanItsItems)
 {
     desk::SetThemePartSize("COMBOBOX", CP_BORDER, 0, {2, 3});
     Make(GCBS_DROPDOWNLIST, 3);
-    RECT rcList{};
-    int nClient = 0;
+    std::string list, client;
     DWORD dwStyle = 0, dwExStyle = 0;
     bool fVisible = false;
     WithList({[&] {
-        rcList = WindowRect(List());
-        nClient = ClientHeight(List());
+        list = Numbers(PlaceIn(nullptr, List()));
+        client = Numbers(ClientSize(List()));
         dwStyle = static_cast<DWORD>(GetWindowLongW(List(), GWL_STYLE));
         dwExStyle = static_cast<DWORD>(GetWindowLongW(List(), GWL_EXSTYLE));
         fVisible = IsWindowVisible(List());
@@ -49,12 +37,10 @@ TEST_F(ComboListTest, StandsBelowTheControlNoHigherThanItsItems)
         EXPECT_EQ(GetCapture(), Combo().GetHwnd());
         TypeEscape();
     }});
-    const RECT rcCombo = WindowRect(Combo());
-    EXPECT_EQ(rcList.left, rcCombo.left);
-    EXPECT_EQ(rcList.right, rcCombo.right);
-    EXPECT_EQ(rcList.top, rcCombo.bottom);
-    EXPECT_EQ(nClient, 3 * 22);
-    EXPECT_EQ(rcList.bottom - rcList.top, 3 * 22 + 2 * 3);
+    const RECT rcCombo = PlaceIn(nullptr, Combo());
+    const LONG nBottom = rcCombo.bottom + 3 * 22 + 2 * 3;
+    EXPECT_EQ(list, Numbers({rcCombo.left, rcCombo.bottom, rcCombo.right, nBottom}));
+    EXPECT_EQ(client, Numbers(test::COMBO_CX - 2 * 2, 3 * 22));
     EXPECT_EQ(dwStyle & ~static_cast<DWORD>(WS_VISIBLE), 0x86800000u);
     EXPECT_EQ(dwExStyle, 0x88u);
     EXPECT_TRUE(fVisible);
@@ -68,17 +54,13 @@ TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
     Make(GCBS_DROPDOWNLIST, 100);
     Combo().SetDropdownHeight(5 * 22);
     Combo().SetSelected(50);
-    int nHeight = 0, nWidth = 0;
+    SIZE client{};
     WithList({[&] {
-        nHeight = ClientHeight(List());
-        RECT rc{};
-        GetClientRect(List(), &rc);
-        nWidth = rc.right;
+        client = ClientSize(List());
         // The selected row is in view, at the bottom: rows 46 to 50.
         ClickRow(0);
     }});
-    EXPECT_EQ(nHeight, 5 * 22);
-    EXPECT_EQ(nWidth, test::COMBO_CX - 17);
+    EXPECT_EQ(Numbers(client), Numbers(test::COMBO_CX - 17, 5 * 22));
     EXPECT_EQ(Combo().GetSelected(), 46u);
     EXPECT_EQ(TheHost().TakeReports().back(), SELCHANGE);
 
@@ -87,21 +69,19 @@ TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
         Combo().RemoveItem(0);
     }
     WithList({[&] {
-        RECT rc{};
-        GetClientRect(List(), &rc);
-        nWidth = rc.right;
+        client = ClientSize(List());
         ClickRow(1);
     }});
-    EXPECT_EQ(nWidth, test::COMBO_CX);
+    EXPECT_EQ(client.cx, test::COMBO_CX);
     EXPECT_EQ(Combo().GetSelected(), 1u);
 }
 
 TEST_F(ComboListTest, AnEmptyListHasNoHeightAndCloses)
 {
     Make(GCBS_DROPDOWN);
-    int nHeight = -1;
+    LONG nHeight = -1;
     WithList({[&] {
-        nHeight = ClientHeight(List());
+        nHeight = ClientSize(List()).cy;
         for (const UINT uKey : std::initializer_list<UINT>{VK_DOWN, VK_UP, VK_NEXT, VK_PRIOR}) {
             desk::TypeKey(uKey);
         }
@@ -409,8 +389,7 @@ TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
     const POINT ptFormer = desk::Caret().position;
     Combo().SetText(L"set by the program");
     EXPECT_EQ(desk::Caret().hwnd, edit.GetHwnd());
-    EXPECT_EQ(desk::Caret().position.x, ptFormer.x);
-    EXPECT_EQ(desk::Caret().position.y, ptFormer.y);
+    EXPECT_EQ(Numbers(desk::Caret().position), Numbers(ptFormer));
     edit.Destroy();
 }
 

@@ -3,8 +3,6 @@
 
 #include "ComboFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 
 namespace {

@@ -3,11 +3,10 @@
 #include "../../edit/ProbeEdit.h"
 #include "../controls/DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using test::Lines;
+using test::Numbers;
 namespace desk = gesso::headless;
 
 class EditDrawTest : public test::DrawFixture
@@ -90,10 +89,7 @@ TEST_F(EditDrawTest, FrameShowsFocusAndDisabling)
 {
     desk::SetThemeInt("EDIT", 6, 0, TMT_BORDERSIZE, 2);
     Make(WS_BORDER, L"x");
-    RECT rc{};
-    GetClientRect(edit, &rc);
-    EXPECT_EQ(rc.right, 120 - 6) << "the border and one more on each side";
-    EXPECT_EQ(rc.bottom, 40 - 6);
+    EXPECT_EQ(Numbers(test::ClientSize(edit)), "114,34") << "less the border and one more on each side";
     const auto frame = [&] {
         desk::Pump();
         desk::ClearDrawing(edit);
@@ -119,9 +115,7 @@ TEST_F(EditDrawTest, WithoutAStyleItIsPlainButUsable)
 {
     desk::SetThemed(false);
     Make(WS_BORDER, L"plain");
-    RECT rc{};
-    GetClientRect(edit, &rc);
-    EXPECT_EQ(rc.right, 116);
+    EXPECT_EQ(Numbers(test::ClientSize(edit)), "116,36");
     EXPECT_FALSE(Draw(edit, "FillRect").empty());
     EXPECT_EQ(Draw(edit, "DrawTextW").size(), 1u);
 }
@@ -134,8 +128,7 @@ TEST_F(EditDrawTest, CaretFollowsTheTextWhileTheFieldHasTheFocus)
     EXPECT_EQ(desk::Caret().hwnd, edit.GetHwnd());
     EXPECT_TRUE(desk::Caret().visible);
     EXPECT_EQ(desk::Caret().size.cy, 15);
-    EXPECT_EQ(desk::Caret().position.x, 1 + 2 * 6);
-    EXPECT_EQ(desk::Caret().position.y, 1 + 15);
+    EXPECT_EQ(Numbers(desk::Caret().position), Numbers(1 + 2 * 6, 1 + 15));
     SendMessageW(edit, WM_KEYDOWN, VK_HOME, 0);
     EXPECT_EQ(desk::Caret().position.x, 1);
     // Another field's text moves no caret but its own.

@@ -1,6 +1,7 @@
 #include "EditMonkey.h"
 
 #include "../../support/Host.h"
+#include "../../support/Keys.h"
 
 #include <platform/headless/headless.h>
 
@@ -116,13 +117,8 @@ void EditMonkey::Send(UINT uMsg, WPARAM wParam, LPARAM lParam)
 
 void EditMonkey::SendKey(UINT uKey, bool fShift, bool fControl)
 {
-    BYTE states[256]{};
-    states[VK_SHIFT] = fShift ? 0x80 : 0;
-    states[VK_CONTROL] = fControl ? 0x80 : 0;
-    SetKeyboardState(states);
+    const HeldKeys keys({fShift ? VK_SHIFT : 0, fControl ? VK_CONTROL : 0});
     Send(WM_KEYDOWN, uKey, 1);
-    std::memset(states, 0, sizeof(states));
-    SetKeyboardState(states);
 }
 
 EditMonkey::Text EditMonkey::AnyText(unsigned nLongest)

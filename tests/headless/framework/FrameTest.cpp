@@ -5,8 +5,6 @@
 #include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;

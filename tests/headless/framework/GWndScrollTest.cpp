@@ -5,12 +5,13 @@
 #include "../controls/DrawFixture.h"
 #include "ScrollProbe.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;
 using test::Lines;
+using test::Numbers;
+using test::PressThere;
+using test::ReleaseThere;
 using test::ScrollProbe;
 
 constexpr int CX = 200, CY = 150; // of the probe
@@ -21,7 +22,6 @@ class GWndScrollTest : public test::DrawFixture
 protected:
     void SetUp() override
     {
-        DrawFixture::SetUp();
         for (const int nMetric :
              {SM_CXVSCROLL, SM_CYHSCROLL, SM_CYVSCROLL, SM_CXHSCROLL, SM_CYVTHUMB, SM_CXHTHUMB}) {
             desk::SetSystemMetric(nMetric, BAR);
@@ -41,23 +41,13 @@ protected:
         desk::Pump();
     }
 
-    // Moves the pointer to a point of the one control.
-    void MoveTo(int x, int y)
+    // A point of the one control, counted from its left top.
+    void MoveTo(int x, int y) { test::PointAt(GetWindow(Parent(), GW_CHILD), x, y); }
+
+    Lines ScrollsAt(int x, int y)
     {
-        RECT rc{};
-        GetWindowRect(GetWindow(Parent(), GW_CHILD), &rc);
-        desk::MoveMouse(rc.left + x, rc.top + y);
-        desk::Pump();
-    }
-    void Press()
-    {
-        desk::PressButton();
-        desk::Pump();
-    }
-    void Release()
-    {
-        desk::ReleaseButton();
-        desk::Pump();
+        MoveTo(x, y);
+        return probe.TakeScrolls();
     }
 
     ScrollProbe probe;
@@ -99,22 +89,17 @@ TEST_F(GWndScrollTest, NumbersAreLimitedToTheRange)
 TEST_F(GWndScrollTest, BarsTakeTheirRoomAndGiveItBack)
 {
     probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
-    RECT rc{};
-    GetClientRect(probe, &rc);
-    EXPECT_EQ(rc.right, CX);
+    const auto client = [this] { return Numbers(test::ClientSize(probe)); };
+    EXPECT_EQ(client(), Numbers(CX, CY));
     probe.ShowRange(SB_VERT);
     probe.ShowRange(SB_HORZ);
-    GetClientRect(probe, &rc);
-    EXPECT_EQ(rc.right, CX - BAR);
-    EXPECT_EQ(rc.bottom, CY - BAR);
-    const RECT rcV{CX - BAR, 0, CX, CY - BAR};
-    EXPECT_TRUE(EqualRect(&probe.VRect(), &rcV)) << "the corner stays empty";
+    EXPECT_EQ(client(), Numbers(CX - BAR, CY - BAR));
+    EXPECT_EQ(Numbers(probe.VRect()), Numbers({CX - BAR, 0, CX, CY - BAR})) << "the corner stays empty";
     probe.ShowScrollBar(SB_HORZ, 0);
-    GetClientRect(probe, &rc);
-    EXPECT_EQ(rc.bottom, CY);
+    EXPECT_EQ(client(), Numbers(CX - BAR, CY));
+    RECT rc{};
     probe.GetClientRectNoScroll(&rc);
-    EXPECT_EQ(rc.bottom, CY + BAR);
-    EXPECT_EQ(rc.right, CX - BAR);
+    EXPECT_EQ(Numbers(rc.right, rc.bottom), Numbers(CX - BAR, CY + BAR));
 }
 
 TEST_F(GWndScrollTest, EachPartIsHitAndItsFlagMakesItInactive)
@@ -152,7 +137,7 @@ TEST_F(GWndScrollTest, HeldArrowRepeatsByTheKeyboardsDelayAndSpeed)
     EXPECT_EQ(ScrollProbe::Delay(), 500u);
     EXPECT_EQ(ScrollProbe::Speed(), 33u);
     MoveTo(CX - 5, CY - 5);
-    Press();
+    PressThere();
     EXPECT_EQ(probe.TakeScrolls(), Lines{"V 1"});
     desk::Advance(499);
     EXPECT_EQ(probe.TakeScrolls(), Lines{});
@@ -164,7 +149,7 @@ TEST_F(GWndScrollTest, HeldArrowRepeatsByTheKeyboardsDelayAndSpeed)
     MoveTo(CX - 5, CY - 5);
     desk::Advance(66);
     EXPECT_EQ(probe.TakeScrolls().size(), 2u) << "and came back";
-    Release();
+    ReleaseThere();
     EXPECT_EQ(probe.TakeScrolls(), Lines{"V 8"});
     EXPECT_FALSE(ScrollProbe::Repeats());
     EXPECT_EQ(ScrollProbe::Last(), &probe) << "the static names it until it goes";
@@ -177,11 +162,11 @@ TEST_F(GWndScrollTest, HorizontalBarRepeatsAndEndsAsVertical)
     probe.ShowRange(SB_HORZ);
     desk::Pump();
     MoveTo(CX - 5, CY - 5);
-    Press();
+    PressThere();
     EXPECT_EQ(probe.TakeScrolls(), Lines{"H 1"});
     desk::Advance(540);
     EXPECT_EQ(probe.TakeScrolls(), Lines{"V 1"}) << "kept so";
-    Release();
+    ReleaseThere();
     EXPECT_EQ(probe.TakeScrolls(), Lines{"V 8"});
 }
 
@@ -190,18 +175,14 @@ TEST_F(GWndScrollTest, ThumbIsDraggedAndLetGo)
     MakeVertical();
     probe.fFollow = false;
     MoveTo(CX - 5, BAR + 5);
-    Press();
+    PressThere();
     EXPECT_EQ(probe.TakeScrolls(), Lines{});
     EXPECT_FALSE(ScrollProbe::Repeats());
-    MoveTo(CX - 5, BAR + 5 + 56);
-    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 5:50"}) << "56 of 111 pixels: half of the 99";
-    MoveTo(CX - 5, 1000);
-    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 5:90"});
-    MoveTo(CX - 5, -1000);
-    EXPECT_EQ(probe.TakeScrolls(), Lines{"V 5:0"});
-    MoveTo(CX - 5, BAR + 5 + 11);
-    probe.TakeScrolls();
-    Release();
+    EXPECT_EQ(ScrollsAt(CX - 5, BAR + 5 + 56), Lines{"V 5:50"}) << "56 of 111 pixels: half of the 99";
+    EXPECT_EQ(ScrollsAt(CX - 5, 1000), Lines{"V 5:90"});
+    EXPECT_EQ(ScrollsAt(CX - 5, -1000), Lines{"V 5:0"});
+    EXPECT_EQ(ScrollsAt(CX - 5, BAR + 5 + 11), Lines{"V 5:10"});
+    ReleaseThere();
     EXPECT_EQ(probe.TakeScrolls(), (Lines{"V 4:10", "V 8"}));
     EXPECT_EQ(GetCapture(), nullptr);
 }
@@ -209,32 +190,28 @@ TEST_F(GWndScrollTest, ThumbIsDraggedAndLetGo)
 TEST_F(GWndScrollTest, IdleArrowsLookDisabledAndComeUpUnderThePointer)
 {
     MakeVertical();
-    const auto arrows = [&] {
+    const auto arrowsAt = [&](int x, int y) {
+        MoveTo(x, y);
         desk::ClearDrawing(probe);
         probe.DrawScrollBar(SB_VERT);
-        Lines lines = desk::Drawing(probe);
+        const std::string start = "DrawThemeBackground SCROLLBAR 1 ";
         std::string states;
-        for (const std::string& line : lines) {
-            const std::string start = "DrawThemeBackground SCROLLBAR 1 ";
+        for (const std::string& line : desk::Drawing(probe)) {
             if (line.starts_with(start)) {
                 states += line.substr(start.size(), line.find(" (") - start.size()) + " ";
             }
         }
         return states;
     };
-    EXPECT_EQ(arrows(), "4 8 ");
-    MoveTo(CX - 5, 60);
-    EXPECT_EQ(arrows(), "17 18 ") << "hover";
-    MoveTo(CX - 5, 5);
-    EXPECT_EQ(arrows(), "2 18 ");
-    Press();
-    EXPECT_EQ(arrows(), "3 18 ");
-    MoveTo(CX - 5, 60);
-    EXPECT_EQ(arrows(), "2 18 ") << "still held, from outside";
-    Release();
+    EXPECT_EQ(arrowsAt(20, 20), "4 8 ");
+    EXPECT_EQ(arrowsAt(CX - 5, 60), "17 18 ") << "hover";
+    EXPECT_EQ(arrowsAt(CX - 5, 5), "2 18 ");
+    PressThere();
+    EXPECT_EQ(arrowsAt(CX - 5, 5), "3 18 ");
+    EXPECT_EQ(arrowsAt(CX - 5, 60), "2 18 ") << "still held, from outside";
+    ReleaseThere();
     MoveTo(-10, -10);
-    MoveTo(20, 20);
-    EXPECT_EQ(arrows(), "4 8 ");
+    EXPECT_EQ(arrowsAt(20, 20), "4 8 ");
 }
 
 TEST_F(GWndScrollTest, FrameIsPaintedWholeWithoutARegionToo)
@@ -250,11 +227,11 @@ TEST_F(GWndScrollTest, PressThatLosesItsCaptureScrollsNoMore)
     MakeVertical();
     const auto loseCapture = [this] {
         SetCapture(Parent());
-        Release();
+        ReleaseThere();
         ReleaseCapture();
     };
     MoveTo(CX - 5, CY - 5);
-    Press();
+    PressThere();
     probe.TakeScrolls();
     loseCapture();
     desk::Advance(2000);
@@ -262,13 +239,12 @@ TEST_F(GWndScrollTest, PressThatLosesItsCaptureScrollsNoMore)
     EXPECT_FALSE(ScrollProbe::Repeats());
 
     MoveTo(CX - 5, BAR + 5);
-    Press();
+    PressThere();
     loseCapture();
-    MoveTo(CX - 5, BAR + 40);
-    EXPECT_EQ(probe.TakeScrolls(), Lines{}) << "the thumb is not dragged on";
-    Press();
+    EXPECT_EQ(ScrollsAt(CX - 5, BAR + 40), Lines{}) << "the thumb is not dragged on";
+    PressThere();
     EXPECT_EQ(probe.TakeScrolls(), Lines{"V 3"}) << "and the next press is one of its own";
-    Release();
+    ReleaseThere();
 }
 
 TEST_F(GWndScrollTest, ThumbOfAHugeRangeStopsAtTheEnd)
@@ -278,13 +254,13 @@ TEST_F(GWndScrollTest, ThumbOfAHugeRangeStopsAtTheEnd)
         sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, 2'000'000'000, 10, 1'500'000'000, 0};
     probe.GWndScroll::SetScrollInfo(SB_VERT, &si, FALSE);
     MoveTo(CX - 5, BAR + 80);
-    Press();
+    PressThere();
     MoveTo(CX - 5, BAR + 170);
     SCROLLINFO siNow{};
     siNow.cbSize = sizeof(siNow);
     probe.GetScrollInfo(SB_VERT, &siNow);
     EXPECT_EQ(siNow.nTrackPos, 1'999'999'991);
-    Release();
+    ReleaseThere();
 }
 
 TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
@@ -294,7 +270,7 @@ TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
     pProbe->ShowRange(SB_VERT);
     desk::Pump();
     MoveTo(CX - 5, CY - 5);
-    Press();
+    PressThere();
     ASSERT_TRUE(ScrollProbe::Repeats());
     DestroyWindow(*pProbe);
     EXPECT_FALSE(ScrollProbe::Repeats());
@@ -302,7 +278,7 @@ TEST_F(GWndScrollTest, ControlDestroyedWhileItsArrowIsHeldEndsTheRepeat)
     pProbe.reset();
     ScrollProbe::LateTimer(); // of a message that waited: the sanitizers would tell
     EXPECT_FALSE(ScrollProbe::Repeats());
-    Release();
+    ReleaseThere();
 }
 
 TEST_F(GWndScrollTest, ControlDestroyedByWhoLosesTheCaptureToItIsNotTouchedAgain)
@@ -326,12 +302,12 @@ TEST_F(GWndScrollTest, ControlDeletedWithItsCaptureIsNotTouchedAgain)
     pProbe->ShowRange(SB_VERT);
     desk::Pump();
     MoveTo(CX - 5, BAR + 5);
-    Press();
+    PressThere();
     test::Interception loss(hwnd, WM_CAPTURECHANGED, [&] {
         DestroyWindow(hwnd);
         pProbe.reset();
     });
-    Release(); // the sanitizers would tell
+    ReleaseThere(); // the sanitizers would tell
     EXPECT_TRUE(loss.Happened());
 }
 

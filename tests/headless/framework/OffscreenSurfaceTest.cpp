@@ -5,8 +5,6 @@
 
 #include <gesso/framework/OffscreenSurface.h>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;

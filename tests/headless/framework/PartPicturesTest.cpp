@@ -5,8 +5,6 @@
 #include <gesso/framework/ThemeHandle.h>
 #include <gesso/framework/ThemePart.h>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 namespace desk = gesso::headless;
@@ -20,7 +18,6 @@ class PartPicturesTest : public test::DrawFixture
 protected:
     void SetUp() override
     {
-        test::DrawFixture::SetUp();
         desk::SetThemeInt("HEADER", HEADER_PART, 0, TMT_BGTYPE, BT_IMAGEFILE);
         m_theme.Reset(OpenThemeData(Parent(), L"HEADER"));
     }

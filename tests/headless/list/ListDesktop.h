@@ -7,14 +7,6 @@
 namespace test {
 
 class ListDesktop : private FreshDesktop, public ListFixture
-{
-protected:
-    // Takes the pointer to a place in the list.
-    static void MovePointer(int x, int y)
-    {
-        desk::MoveMouse(HOST_X + x, HOST_Y + y);
-        desk::Pump();
-    }
-};
+{};
 
 } // namespace test

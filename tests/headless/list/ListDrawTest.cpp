@@ -7,35 +7,17 @@
 namespace {
 
 using namespace test;
-using Lines = std::vector<std::string>;
 
 class ListDrawTest : public ListDesktop
 {
 protected:
     // The lines of the next paint that start with a word.
-    Lines Draw(const std::string& word)
-    {
-        desk::Pump();
-        desk::ClearDrawing(list);
-        InvalidateRect(list, nullptr, FALSE);
-        desk::Pump();
-        Lines lines = desk::Drawing(list);
-        std::erase_if(lines, [&](const std::string& line) { return !line.starts_with(word); });
-        return lines;
-    }
+    Lines Draw(const std::string& word) { return NextPaint(list, word); }
     // The rows that are highlighted, as "3 (0,22,200,44)": state and place.
     Lines Rows() { return After("DrawThemeBackground explorer::LISTVIEW 1 "); }
     Lines Texts() { return Draw("ScriptTextOut"); }
-
-    // What follows a word in those lines.
-    Lines After(const std::string& word)
-    {
-        Lines lines = Draw(word);
-        for (std::string& line : lines) {
-            line = line.substr(word.size());
-        }
-        return lines;
-    }
+    // What follows a word in them.
+    Lines After(const std::string& word) { return NextPaintBehind(list, word); }
 };
 
 TEST_F(ListDrawTest, TheWholePaintInItsOrder)
@@ -64,11 +46,11 @@ TEST_F(ListDrawTest, ARowsLookFollowsSelectionFocusAndPointer)
     EXPECT_EQ(Rows(), Lines{"5 (0,22,100,44)"}) << "selected, without the focus";
     SetFocus(list);
     EXPECT_EQ(Rows(), (Lines{"3 (0,0,100,22)", "3 (0,22,100,44)"})) << "the first focus selects item 0";
-    MovePointer(5, 30);
+    PointAt(list, 5, 30);
     EXPECT_EQ(Rows(), (Lines{"3 (0,0,100,22)", "6 (0,22,100,44)"})) << "hot and selected";
     list.ClearSelection();
     EXPECT_EQ(Rows(), Lines{"2 (0,22,100,44)"}) << "hot";
-    MovePointer(LIST_CX + 50, LIST_CY + 50);
+    PointAt(list, LIST_CX + 50, LIST_CY + 50);
     EXPECT_EQ(Rows(), Lines{});
     EnableWindow(list, FALSE);
     EXPECT_EQ(Rows(), (Lines{"4 (0,0,100,22)", "4 (0,22,100,44)"})) << "disabled";
@@ -222,18 +204,18 @@ TEST_F(ListDrawTest, TheHeaderShowsThePressedTheHotAndTheSortedColumn)
 {
     MakeFilledList(2, 1, GLS_DETAILS | GLS_HEADER);
     const auto header = [&] { return After("DrawThemeBackground explorer::HEADER "); };
-    MovePointer(100, 5);
+    PointAt(list, 100, 5);
     EXPECT_EQ(header(), (Lines{"1 2 (0,0,100,25)", "1 1 (100,0,200,25)", "3 0 (200,0,300,25)"}))
         << "a divider counts for the cell at its left";
-    MovePointer(150, 5);
+    PointAt(list, 150, 5);
     desk::PressButton();
     EXPECT_EQ(header()[1], "1 3 (100,0,200,25)");
-    MovePointer(150, 6);
+    PointAt(list, 150, 6);
     desk::ReleaseButton();
-    MovePointer(50, 5);
+    PointAt(list, 50, 5);
     EXPECT_EQ(header(),
               (Lines{"1 2 (0,0,100,25)", "1 4 (100,0,200,25)", "4 1 (100,0,200,5)", "3 0 (200,0,300,25)"}));
-    MovePointer(150, 5);
+    PointAt(list, 150, 5);
     list.Sort(1, false);
     EXPECT_EQ(header()[1], "1 5 (100,0,200,25)");
     EXPECT_EQ(header()[2], "4 2 (100,0,200,5)");

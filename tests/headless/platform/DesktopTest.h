@@ -28,4 +28,15 @@ private:
     Census m_before;
 };
 
+// What all test windows get by input, or one.
+inline std::vector<Seen> TracedInput(const std::function<void()>& act, HWND hwnd = nullptr)
+{
+    return Traced(
+        [&] {
+            act();
+            Pump();
+        },
+        hwnd);
+}
+
 } // namespace gesso::headless::test

@@ -1,106 +1,12 @@
 // Dialog boxes of the simulated desktop: templates, the keyboard, and the modal loop.
+#include "../../support/DialogTemplate.h"
+#include "../../support/Numbers.h"
 #include "DesktopTest.h"
 
 using namespace gesso::headless;
 using namespace gesso::headless::test;
 
 namespace {
-
-struct Item
-{
-    DWORD style;
-    WORD id;
-    const wchar_t* className;
-    const wchar_t* text;
-    std::vector<BYTE> data{};
-    DWORD exStyle = 0;
-};
-
-// Writes a template into memory, in the plain or in the extended form.
-class TemplateWriter
-{
-public:
-    explicit TemplateWriter(bool extended) : m_extended(extended) {}
-
-    const DLGTEMPLATE* Write(DWORD style, const std::vector<Item>& items)
-    {
-        if (m_extended) {
-            Put<WORD>(1);
-            Put<WORD>(0xFFFF);
-            Put<DWORD>(0);
-        }
-        PutStyles(style, 0);
-        Put<WORD>(static_cast<WORD>(items.size()));
-        PutPlace(10, 10, 200, 100);
-        Put<WORD>(0);
-        Put<WORD>(0);
-        PutText(L"Title");
-        if (style & DS_SETFONT) {
-            Put<WORD>(9);
-            if (m_extended) {
-                Put<WORD>(FW_BOLD);
-                Put<WORD>(0);
-            }
-            PutText(L"Segoe UI");
-        }
-        for (const Item& item : items) {
-            PutItem(item);
-        }
-        return reinterpret_cast<const DLGTEMPLATE*>(m_bytes.data());
-    }
-
-private:
-    template <typename T> void Put(T value)
-    {
-        const auto* bytes = reinterpret_cast<const BYTE*>(&value);
-        m_bytes.insert(m_bytes.end(), bytes, bytes + sizeof(T));
-    }
-
-    void PutText(const wchar_t* text)
-    {
-        for (; *text; ++text) {
-            Put(*text);
-        }
-        Put<WORD>(0);
-    }
-
-    void PutStyles(DWORD style, DWORD exStyle)
-    {
-        Put(m_extended ? exStyle : style);
-        Put(m_extended ? style : exStyle);
-    }
-
-    void PutPlace(short x, short y, short cx, short cy)
-    {
-        for (const short number : {x, y, cx, cy}) {
-            Put(number);
-        }
-    }
-
-    void PutItem(const Item& item)
-    {
-        m_bytes.resize((m_bytes.size() + 3) / 4 * 4);
-        if (m_extended) {
-            Put<DWORD>(0);
-        }
-        PutStyles(item.style, item.exStyle);
-        PutPlace(4, 8, 40, 16);
-        if (m_extended) {
-            Put<DWORD>(item.id);
-        } else {
-            Put<WORD>(item.id);
-        }
-        PutText(item.className);
-        PutText(item.text);
-        // The plain form counts the size itself, the extended one what follows it.
-        const size_t counted = item.data.empty() ? 0 : item.data.size() + (m_extended ? 0 : sizeof(WORD));
-        Put(static_cast<WORD>(counted));
-        m_bytes.insert(m_bytes.end(), item.data.begin(), item.data.end());
-    }
-
-    bool m_extended;
-    std::vector<BYTE> m_bytes;
-};
 
 using Procedure = std::function<INT_PTR(HWND, UINT, WPARAM, LPARAM)>;
 Procedure s_procedure;
@@ -115,8 +21,16 @@ INT_PTR CALLBACK DialogProcedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM 
 }
 
 constexpr DWORD c_box = WS_POPUP | WS_VISIBLE | WS_CAPTION | DS_SETFONT;
-constexpr DWORD c_shown = WS_CHILD | WS_VISIBLE;
-constexpr DWORD c_tab = c_shown | WS_TABSTOP;
+constexpr DWORD c_tab = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+
+DialogTemplate Template(const std::vector<DialogItem>& items, DWORD style = c_box, bool extended = true)
+{
+    DialogTemplate source(style, 200, 100, extended);
+    for (const DialogItem& item : items) {
+        source.Add(item);
+    }
+    return source;
+}
 
 class DialogTest : public DesktopTest
 {
@@ -128,12 +42,10 @@ protected:
         s_commands.clear();
     }
 
-    HWND Create(const std::vector<Item>& items, DWORD style = c_box, bool extended = true,
-                HWND owner = nullptr)
+    HWND Create(const std::vector<DialogItem>& items, bool extended = true)
     {
-        TemplateWriter writer(extended);
-        m_dialog =
-            CreateDialogIndirectParamW(HostModule(), writer.Write(style, items), owner, DialogProcedure, 42);
+        const DialogTemplate source = Template(items, c_box, extended);
+        m_dialog = CreateDialogIndirectParamW(HostModule(), source.Get(), nullptr, DialogProcedure, 42);
         Pump(m_dialog);
         return m_dialog;
     }
@@ -164,20 +76,17 @@ TEST_F(DialogTest, BothFormsOfTemplateMakeTheSameDialog)
             }
             return message == WM_INITDIALOG;
         };
-        const HWND dialog = Create({{c_shown, 1, L"STATIC", L"Label"},
+        const HWND dialog = Create({{0, 1, L"STATIC", L"Label"},
                                     {c_tab, 2, L"EDIT", L"Field", {1, 2, 3, 4}},
                                     {c_tab, 3, L"BUTTON", L"Button"}},
-                                   c_box, extended);
+                                   extended);
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(seen, std::vector<std::string>{"init 2 42"});
         wchar_t text[16];
         EXPECT_EQ(GetDlgItemTextW(dialog, 3, text, 16), 6U);
         RECT expected = {4, 8, 44, 24};
         MapDialogRect(dialog, &expected);
-        RECT r{};
-        GetWindowRect(GetDlgItem(dialog, 2), &r);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&r), 2);
-        EXPECT_TRUE(EqualRect(&r, &expected));
+        EXPECT_EQ(Numbers(PlaceIn(dialog, GetDlgItem(dialog, 2))), Numbers(expected));
         LOGFONTW font{};
         GetObjectW(reinterpret_cast<HFONT>(SendDlgItemMessageW(dialog, 2, WM_GETFONT, 0, 0)), sizeof(font),
                    &font);
@@ -201,7 +110,7 @@ TEST_F(DialogTest, CreationDataIsHandedOverWithItsSizeInFront)
     };
     const WNDCLASSW data{0, procedure, 0, 0, HostModule(), nullptr, nullptr, nullptr, nullptr, L"TakesData"};
     RegisterClassW(&data);
-    Create({{c_shown, 1, L"TakesData", L"", {7, 8, 9}}, {c_shown, 2, L"TakesData", L""}});
+    Create({{0, 1, L"TakesData", L"", {7, 8, 9}}, {0, 2, L"TakesData", L""}});
     ASSERT_EQ(s_got.size(), 2U);
     EXPECT_EQ(s_got[0], (std::vector<BYTE>{3, 0, 7, 8, 9}));
     EXPECT_TRUE(s_got[1].empty());
@@ -212,9 +121,9 @@ TEST_F(DialogTest, CreationDataIsHandedOverWithItsSizeInFront)
 TEST_F(DialogTest, TabGoesRoundTheUsableStopsAndIntoControlParents)
 {
     Create({{c_tab, 1, L"EDIT", L""},
-            {c_shown, 2, L"EDIT", L""},
+            {0, 2, L"EDIT", L""},
             {c_tab | WS_DISABLED, 3, L"EDIT", L""},
-            {c_shown, 4, L"STATIC", L"", {}, WS_EX_CONTROLPARENT},
+            {0, 4, L"STATIC", L"", {}, WS_EX_CONTROLPARENT},
             {c_tab, 5, L"BUTTON", L""}});
     const HWND inner = CreateWindowExW(0, L"EDIT", nullptr, c_tab, 0, 0, 5, 5, GetDlgItem(m_dialog, 4),
                                        reinterpret_cast<HMENU>(44), nullptr, nullptr);
@@ -229,7 +138,7 @@ TEST_F(DialogTest, TabGoesRoundTheUsableStopsAndIntoControlParents)
 
 TEST_F(DialogTest, ArrowsStayInTheGroupAndSelectAutomaticRadioButtons)
 {
-    const DWORD radio = c_shown | BS_AUTORADIOBUTTON;
+    constexpr DWORD radio = BS_AUTORADIOBUTTON;
     Create({{radio | WS_TABSTOP | WS_GROUP, 1, L"BUTTON", L""},
             {radio, 2, L"BUTTON", L""},
             {radio, 3, L"BUTTON", L""},
@@ -269,7 +178,7 @@ TEST_F(DialogTest, TheDefaultFollowsTheFocusAmongButtonsAndComesBack)
 TEST_F(DialogTest, AMnemonicPressesAButtonOrLeadsFromALabelToItsField)
 {
     Create({{c_tab, 1, L"BUTTON", L"&Go"},
-            {c_shown, 2, L"STATIC", L"R && &Name"},
+            {0, 2, L"STATIC", L"R && &Name"},
             {c_tab, 3, L"EDIT", L""},
             {c_tab | WS_DISABLED, 4, L"BUTTON", L"&Xtra"}});
     FocusAfter('X', {VK_MENU});
@@ -298,8 +207,7 @@ TEST_F(DialogTest, AModalDialogDisablesItsOwnerAndGivesItBack)
 {
     const HWND owner = MakeTop();
     const HWND child = MakeChild(owner, {0, 0, 10, 10});
-    TemplateWriter writer(true);
-    const auto* source = writer.Write(c_box, {{c_tab, IDOK, L"BUTTON", L"OK"}});
+    const DialogTemplate source = Template({{c_tab, IDOK, L"BUTTON", L"OK"}});
     std::string during;
     s_procedure = [](HWND hwnd, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
         if (message == WM_COMMAND) {
@@ -313,7 +221,7 @@ TEST_F(DialogTest, AModalDialogDisablesItsOwnerAndGivesItBack)
         during += GetWindow(dialog, GW_OWNER) == owner && IsWindowVisible(dialog) ? "shown" : "hidden";
         TypeKey(VK_RETURN);
     });
-    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source, child, DialogProcedure, 0), 100 + IDOK);
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source.Get(), child, DialogProcedure, 0), 100 + IDOK);
     EXPECT_EQ(during, "disabled shown");
     EXPECT_TRUE(IsWindowEnabled(owner));
     EXPECT_EQ(GetActiveWindow(), owner);
@@ -323,8 +231,7 @@ TEST_F(DialogTest, AModalDialogDisablesItsOwnerAndGivesItBack)
 
 TEST_F(DialogTest, AModalDialogThatHidesItselfStaysHidden)
 {
-    TemplateWriter writer(true);
-    const auto* source = writer.Write(c_box & ~DWORD{WS_VISIBLE}, {});
+    const DialogTemplate source = Template({}, c_box & ~DWORD{WS_VISIBLE});
     HWND dialog = nullptr;
     std::string seen;
     WhenIdle([&] {
@@ -337,36 +244,33 @@ TEST_F(DialogTest, AModalDialogThatHidesItselfStaysHidden)
         seen += IsWindowVisible(dialog) ? "shown" : "hidden";
         EndDialog(dialog, 1);
     });
-    DialogBoxIndirectParamW(HostModule(), source, nullptr, DialogProcedure, 0);
+    DialogBoxIndirectParamW(HostModule(), source.Get(), nullptr, DialogProcedure, 0);
     EXPECT_EQ(seen, "shown hidden");
 }
 
 TEST_F(DialogTest, AModalDialogEndsWithQuitWhichGoesOnToTheOuterLoop)
 {
-    TemplateWriter writer(true);
-    const auto* source = writer.Write(c_box, {});
+    const DialogTemplate source = Template({});
     WhenIdle([] { PostQuitMessage(3); });
-    DialogBoxIndirectParamW(HostModule(), source, nullptr, DialogProcedure, 0);
+    DialogBoxIndirectParamW(HostModule(), source.Get(), nullptr, DialogProcedure, 0);
     EXPECT_TRUE(TopLevelWindows().empty());
     EXPECT_FALSE(Pump());
 }
 
 TEST_F(DialogTest, ADialogMayEndAtItsStartAndOneThatCannotBeMadeSaysSo)
 {
-    TemplateWriter writer(true);
     s_procedure = [](HWND hwnd, UINT message, WPARAM, LPARAM) -> INT_PTR {
         return message == WM_INITDIALOG && EndDialog(hwnd, 9);
     };
-    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), writer.Write(c_box, {}), nullptr, DialogProcedure, 0), 9);
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), Template({}).Get(), nullptr, DialogProcedure, 0), 9);
 
     const HWND owner = MakeTop();
-    TemplateWriter broken(true);
-    const auto* source = broken.Write(c_box, {{c_tab, 1, L"BUTTON", L""}, {c_tab, 2, L"NoSuchClass", L""}});
-    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source, owner, DialogProcedure, 0), -1);
+    const DialogTemplate source = Template({{c_tab, 1, L"BUTTON", L""}, {c_tab, 2, L"NoSuchClass", L""}});
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source.Get(), owner, DialogProcedure, 0), -1);
     EXPECT_TRUE(IsWindowEnabled(owner));
     EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), nullptr, owner, DialogProcedure, 0), -1);
     Fail("DialogBoxIndirectParamW", 1, ERROR_NOT_ENOUGH_MEMORY);
-    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source, owner, DialogProcedure, 0), -1);
+    EXPECT_EQ(DialogBoxIndirectParamW(HostModule(), source.Get(), owner, DialogProcedure, 0), -1);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_NOT_ENOUGH_MEMORY});
 }
 

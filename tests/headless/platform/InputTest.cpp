@@ -20,10 +20,7 @@ protected:
     // The messages of a kind of input, by window and place; those of the pointer's shape are left out.
     std::string Mouse(const std::function<void()>& act)
     {
-        const auto trace = Traced([&] {
-            act();
-            Pump();
-        });
+        const auto trace = TracedInput(act);
         std::string out;
         for (const Seen& m : trace) {
             const bool mouse = (m.message >= WM_MOUSEFIRST && m.message <= WM_MOUSELAST) ||
@@ -179,10 +176,7 @@ TEST_F(InputTest, APressAsksForActivationAndTellsTheParents)
 {
     const HWND other = MakeTop({500, 0, 600, 100});
     ASSERT_EQ(GetActiveWindow(), other);
-    const auto trace = Traced([] {
-        Click(150, 150);
-        Pump();
-    });
+    const auto trace = TracedInput([] { Click(150, 150); });
     EXPECT_EQ(
         Names(trace, {{m_top, 't'}, {m_child, 'c'}},
               {WM_NCHITTEST, WM_PARENTNOTIFY, WM_MOUSEACTIVATE, WM_ACTIVATE, WM_SETCURSOR, WM_LBUTTONDOWN}),
@@ -226,10 +220,9 @@ TEST_F(InputTest, AWindowMayRefuseActivationOrEatThePress)
 TEST_F(InputTest, TheWheelGoesToTheFocusAndUpFromThere)
 {
     SetFocus(m_child);
-    const auto trace = Traced([] {
+    const auto trace = TracedInput([] {
         MoveMouse(350, 250);
         Wheel(-120);
-        Pump();
     });
     EXPECT_EQ(Names(trace, {{m_top, 't'}, {m_child, 'c'}}, {WM_MOUSEWHEEL}),
               "c:WM_MOUSEWHEEL, t:WM_MOUSEWHEEL");
@@ -246,13 +239,7 @@ TEST_F(InputTest, KeysGoToTheFocusAndBecomeCharacters)
     SetFocus(m_child);
     const auto characters = [&](const std::function<void()>& act) {
         std::string out;
-        for (const Seen& m : Traced(
-                 [&] {
-                     act();
-                     Pump();
-                 },
-                 m_child))
-        {
+        for (const Seen& m : TracedInput(act, m_child)) {
             if (m.message == WM_CHAR || m.message == WM_SYSCHAR) {
                 out += (m.message == WM_CHAR ? "" : "sys ") + std::to_string(m.wParam) + " ";
             }
@@ -273,12 +260,11 @@ TEST_F(InputTest, KeysGoToTheFocusAndBecomeCharacters)
 TEST_F(InputTest, KeyMessagesTellRepeatsAndExtendedKeysAndWithoutFocusAreSystemKeys)
 {
     SetFocus(m_child);
-    const auto keys = Traced(
+    const auto keys = TracedInput(
         [] {
             PressKey(VK_LEFT);
             PressKey(VK_LEFT);
             ReleaseKey(VK_LEFT);
-            Pump();
         },
         m_child);
     ASSERT_EQ(keys.size(), 3U);
@@ -287,10 +273,7 @@ TEST_F(InputTest, KeyMessagesTellRepeatsAndExtendedKeysAndWithoutFocusAreSystemK
     EXPECT_EQ(keys[2].message, UINT{WM_KEYUP});
     EXPECT_EQ(keys[2].lParam, 0xC1000001);
     SetFocus(nullptr);
-    const auto trace = Traced([] {
-        TypeKey('A');
-        Pump();
-    });
+    const auto trace = TracedInput([] { TypeKey('A'); });
     EXPECT_EQ(Names(trace, {{m_top, 't'}}, {WM_KEYDOWN, WM_SYSKEYDOWN, WM_SYSKEYUP}),
               "t:WM_SYSKEYDOWN, t:WM_SYSKEYUP");
 }
@@ -298,10 +281,9 @@ TEST_F(InputTest, KeyMessagesTellRepeatsAndExtendedKeysAndWithoutFocusAreSystemK
 TEST_F(InputTest, TheKeyboardAsksForAContextMenuAtNoPlace)
 {
     SetFocus(m_child);
-    const auto trace = Traced([] {
+    const auto trace = TracedInput([] {
         TypeKey(VK_APPS);
         TypeKey(VK_F10, {VK_SHIFT});
-        Pump();
     });
     EXPECT_EQ(Names(trace, {{m_top, 't'}, {m_child, 'c'}}, {WM_CONTEXTMENU}),
               "c:WM_CONTEXTMENU, t:WM_CONTEXTMENU, c:WM_CONTEXTMENU, t:WM_CONTEXTMENU");
@@ -318,10 +300,7 @@ TEST_F(InputTest, KeyStatesAreThoseOfTheMessageAtHand)
     EXPECT_LT(GetAsyncKeyState(VK_SHIFT), 0);
     Pump();
     EXPECT_LT(GetKeyState(VK_SHIFT), 0);
-    const auto trace = Traced([] {
-        Click(150, 150);
-        Pump();
-    });
+    const auto trace = TracedInput([] { Click(150, 150); });
     for (const Seen& m : trace) {
         if (m.message == WM_LBUTTONDOWN) {
             EXPECT_EQ(m.wParam, WPARAM{MK_LBUTTON | MK_SHIFT});

@@ -5,8 +5,6 @@
 
 #include <gesso/ribbon/GRightClickMenu.h>
 
-#include <gtest/gtest.h>
-
 #include <memory>
 
 namespace {
@@ -22,12 +20,6 @@ constexpr auto PAGE_PARENT = "DrawThemeParentBackground (0,26,700,117)";
 class RibbonDrawTest : public test::DrawFixture
 {
 protected:
-    void SetUp() override
-    {
-        DrawFixture::SetUp();
-        m_pRibbon = std::make_unique<OpenRibbon>();
-        hwnd = CreateRibbon(*m_pRibbon, Parent());
-    }
     void TearDown() override
     {
         m_pRibbon->Destroy();
@@ -71,19 +63,13 @@ protected:
         return *pPage;
     }
 
-    void MovePointer(int x, int y)
-    {
-        POINT pt{x, y};
-        ClientToScreen(hwnd, &pt);
-        desk::MoveMouse(pt.x, pt.y);
-        desk::Pump();
-    }
-
     OpenRibbon& Ribbon() { return *m_pRibbon; }
-    HWND hwnd = nullptr;
 
 private:
-    std::unique_ptr<OpenRibbon> m_pRibbon;
+    std::unique_ptr<OpenRibbon> m_pRibbon = std::make_unique<OpenRibbon>();
+
+protected:
+    HWND hwnd = CreateRibbon(*m_pRibbon, Parent());
 };
 
 TEST_F(RibbonDrawTest, TheActiveTabAloneDrawsTheBaseLine)
@@ -111,7 +97,7 @@ TEST_F(RibbonDrawTest, TheHotTabIsDrawnInItsOwnLinesAndFill)
 {
     Ribbon().AddPage(nullptr, 1, L"One");
     Ribbon().AddPage(new OpenPage(2, L"Own"), 0, L"Given"); // is only measured
-    MovePointer(80, 10);
+    test::PointAt(hwnd, 80, 10);
     Lines lines = Drawn();
     const auto first = "LineTo (73,25) (73,0) pen=solid 1 EBEBEB";
     lines.erase(lines.begin(), std::find(lines.begin(), lines.end(), first));
@@ -182,13 +168,12 @@ TEST_F(RibbonDrawTest, ButtonStates)
         return lines;
     };
     EXPECT_EQ(DrawnOfItems(), drawnIn(1, 4));
-    MovePointer(8, 40);
+    test::PointAt(hwnd, 8, 40);
     EXPECT_EQ(DrawnOfItems(), drawnIn(2, 4));
-    desk::PressButton();
-    desk::Pump();
+    test::PressThere();
     EXPECT_EQ(DrawnOfItems(), drawnIn(3, 4));
     desk::ReleaseButton();
-    MovePointer(8, 62);
+    test::PointAt(hwnd, 8, 62);
     EXPECT_EQ(DrawnOfItems(), drawnIn(1, 2)) << "hot is more than disabled";
     desk::MoveMouse(1, 1);
     desk::Pump();
@@ -208,7 +193,7 @@ TEST_F(RibbonDrawTest, ACheckedBoxIsDrawnOneStateBeyondItsPlainCounterpart)
                                      "DrawThemeBackground BUTTON 3 6 (8,53,21,73)",
                                      "DrawThemeText BUTTON 3 6 \"B\" (24,55,31,71)" + font,
                                      "DrawThemeBackground BUTTON 3 9 (8,75,21,95)"}));
-    MovePointer(10, 60);
+    test::PointAt(hwnd, 10, 60);
     EXPECT_TRUE(test::AnyStartsWith(DrawnOfItems(), "DrawThemeBackground BUTTON 3 7 (8,53,21,73)"));
 }
 

@@ -4,8 +4,6 @@
 #include "../../support/RibbonTemplate.h"
 #include "../controls/DrawFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <memory>
 
 namespace {

@@ -4,8 +4,6 @@
 
 #include <tests/headless/FreshDesktop.h>
 
-#include <gtest/gtest.h>
-
 namespace test {
 namespace {
 

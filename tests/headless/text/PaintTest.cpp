@@ -7,8 +7,6 @@
 #include <tests/headless/FreshDesktop.h>
 #include <tests/support/AllowMisuse.h>
 
-#include <gtest/gtest.h>
-
 #include <functional>
 
 namespace test {

@@ -1,5 +1,6 @@
 // What the trees draw, operation by operation, and what they ask of the clock and the platform meanwhile.
 
+#include "../../support/Numbers.h"
 #include "../../tree/TreeFixture.h"
 #include "../FreshDesktop.h"
 
@@ -14,7 +15,6 @@ template <class CONTROL> class DrawTest : private FreshDesktop, public TreeTest<
 protected:
     void SetUp() override
     {
-        TreeTest<CONTROL>::SetUp();
         images = ImageList_Create(16, 16, 0, 4, 4);
         const HBITMAP hbm = CreateBitmap(64, 16, 1, 1, nullptr);
         ImageList_Add(images, hbm, nullptr);
@@ -28,33 +28,12 @@ protected:
     }
 
     // The lines of the next paint that start with a word.
-    Lines Draw(const std::string& word = "")
-    {
-        desk::Pump();
-        desk::ClearDrawing(this->tree);
-        InvalidateRect(this->tree, nullptr, FALSE);
-        desk::Pump();
-        Lines lines = desk::Drawing(this->tree);
-        std::erase_if(lines, [&](const std::string& line) { return !line.starts_with(word); });
-        return lines;
-    }
-    // Where the pointer really goes, so that leaving shows.
-    void MovePointer(int x, int y)
-    {
-        POINT pt{x, y};
-        ClientToScreen(this->tree, &pt);
-        desk::MoveMouse(pt.x, pt.y);
-        desk::Pump();
-    }
+    Lines Draw(const std::string& word = "") { return NextPaint(this->tree, word); }
     // The parts of the style of that kind, as "3 (0,22,200,44)": state and place.
     Lines Parts(int nPart)
     {
-        const std::string word = "DrawThemeBackground explorer::TREEVIEW " + std::to_string(nPart) + " ";
-        Lines lines = Draw(word);
-        for (std::string& line : lines) {
-            line = line.substr(word.size());
-        }
-        return lines;
+        return NextPaintBehind(this->tree,
+                               "DrawThemeBackground explorer::TREEVIEW " + std::to_string(nPart) + " ");
     }
     Lines Rows() { return Parts(TVP_TREEITEM); } // those that are highlighted
 
@@ -105,11 +84,11 @@ TEST_F(GTreeDrawTest, ARowsLookFollowsSelectionFocusAndPointer)
     EXPECT_EQ(Rows(), Lines{"5 (0,0,200,20)"}) << "without the focus";
     SetFocus(tree);
     EXPECT_EQ(Rows(), Lines{"3 (0,0,200,20)"});
-    MovePointer(60, 5);
+    PointAt(tree, 60, 5);
     EXPECT_EQ(Rows(), Lines{"6 (0,0,200,20)"}) << "hot and selected";
-    MovePointer(60, 25);
+    PointAt(tree, 60, 25);
     EXPECT_EQ(Rows(), (Lines{"3 (0,0,200,20)", "2 (0,20,200,40)"}));
-    MovePointer(TREE_CX + 50, 5);
+    PointAt(tree, TREE_CX + 50, 5);
     EnableWindow(tree, FALSE);
     EXPECT_EQ(Rows(), (Lines{"5 (0,0,200,20)", "4 (0,20,200,40)", "4 (0,40,200,60)"})) << "disabled";
 }
@@ -117,14 +96,14 @@ TEST_F(GTreeDrawTest, ARowsLookFollowsSelectionFocusAndPointer)
 TEST_F(GTreeDrawTest, AGlyphLightsUpUnderThePointerAlone)
 {
     MakeTwoLevels();
-    MovePointer(5, 45);
+    PointAt(tree, 5, 45);
     EXPECT_EQ(Parts(TVP_HOTGLYPH), Lines{"1 (0,40,20,60)"});
-    MovePointer(60, 45);
+    PointAt(tree, 60, 45);
     EXPECT_EQ(Parts(TVP_HOTGLYPH), Lines{});
 
     desk::SetThemePartAvailable("TREEVIEW", TVP_HOTGLYPH, false);
     Send(WM_THEMECHANGED);
-    MovePointer(5, 45);
+    PointAt(tree, 5, 45);
     EXPECT_EQ(Parts(TVP_GLYPH).size(), 2u) << "the usual one stands in";
     desk::SetThemed(false);
     Send(WM_THEMECHANGED);
@@ -139,7 +118,7 @@ TEST_F(GTreeDrawTest, CellsMoveWithTheHorizontalPositionAndRowsWithTheVerticalOn
     for (int i = 0; i < 1000; ++i) {
         tree.Add(nullptr, "row" + std::to_string(i), i == 1 ? TIS_HASCHILDREN : 0);
     }
-    host.onNotify = [&](const TreeNotified& n) {
+    host.onNotify = [&](const Notified& n) {
         if (n.code == EXPANDING && tree.GetItemChildCount(n.record.pItem) == 0) {
             tree.Add(n.record.pItem, std::string(60, 'w'));
         }
@@ -207,9 +186,7 @@ TEST_F(GTreeDrawTest, TheFrameIsDrawnAroundTheClientArea)
 {
     desk::SetThemeInt("TREEVIEW", 0, 0, TMT_BORDERSIZE, 3);
     Make(WS_BORDER);
-    RECT rc{};
-    GetClientRect(tree, &rc);
-    EXPECT_EQ(rc.right, TREE_CX - 6);
+    EXPECT_EQ(ClientSize(tree).cx, TREE_CX - 6);
     desk::Pump();
     const Lines lines = desk::Drawing(tree);
     EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
@@ -267,7 +244,7 @@ TEST_F(GNavigationBarDrawTest, TheGlyphAtTheRightLightsUpAsTheStylesSay)
     Make(0, TREE_CX, 300);
     const auto hot = [&](DWORD style, int x) {
         tree.SetStyle(WS_CHILD | WS_VISIBLE | style);
-        MovePointer(x, 60);
+        PointAt(tree, x, 60);
         return Parts(TVP_HOTGLYPH).size() == 1;
     };
     EXPECT_TRUE(hot(0, 180));
@@ -277,7 +254,7 @@ TEST_F(GNavigationBarDrawTest, TheGlyphAtTheRightLightsUpAsTheStylesSay)
     EXPECT_TRUE(hot(GNS_CLICKEXPAND, 100));
     EXPECT_TRUE(hot(GNS_GLYPHLEFT | GNS_NOHOTGLYPH, 20));
     EXPECT_FALSE(hot(GNS_GLYPHLEFT | GNS_CLICKEXPAND, 100));
-    MovePointer(TREE_CX + 50, 5);
+    PointAt(tree, TREE_CX + 50, 5);
     EXPECT_EQ(Rows(), Lines{});
 }
 

@@ -24,7 +24,7 @@ public:
         const DWORD style = IS_TREE ? 0 : STYLES[Below(std::size(STYLES))];
         m_tree.Create(0, 0, TREE_CX, TREE_CY, m_host, TREE_ID, 0,
                       WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | style);
-        m_host.onNotify = [this](const TreeNotified& n) { Answer(n); };
+        m_host.onNotify = [this](const Notified& n) { Answer(n); };
     }
     ~Monkey()
     {
@@ -228,7 +228,7 @@ private:
 
     // Expansions reach the model by their notifications. Now and then the parent fills the item, or does
     // something else before.
-    void Answer(const TreeNotified& n)
+    void Answer(const Notified& n)
     {
         if (n.code != EXPANDING && n.code != EXPANDED) {
             return;
@@ -292,7 +292,7 @@ private:
     }
 
     std::mt19937 m_random;
-    TreeHost m_host;
+    NotifyHost m_host;
     Probe<CONTROL> m_tree;
     TreeModel m_model;
     void* m_stale = nullptr;
