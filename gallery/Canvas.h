@@ -6,6 +6,7 @@
 
 #include <gesso/gesso.h>
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -42,15 +43,16 @@ public:
     void Title(LPCWSTR pszTitle, LPCWSTR pszAbout);
     GLabel& Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, DWORD dwStyle = 0);
 
-    // A thin frame around a rectangle, drawn with the page's background.
-    void Frame(const RECT& rc) { m_frames.push_back(rc); }
+    // A thin frame around a rectangle, drawn with the page's background. A page that lays itself out anew
+    // moves it by the result.
+    RECT& Frame(const RECT& rc) { return m_frames.emplace_back(rc); }
     void PaintFrames(HDC hdc) const;
 
 private:
     HWND m_hwnd;
     int m_nNextId = 100;
     std::vector<std::unique_ptr<GWnd>> m_controls;
-    std::vector<RECT> m_frames;
+    std::deque<RECT> m_frames; // which stay where they are
 };
 
 class Grid

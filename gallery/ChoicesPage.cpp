@@ -1,6 +1,7 @@
 #include <gallery/Fonts.h>
 #include <gallery/Glyphs.h>
 #include <gallery/Pages.h>
+#include <gallery/Splitter.h>
 #include <gallery/resource.h>
 
 #include <algorithm>
@@ -36,27 +37,18 @@ public:
         m_rc = BlockBelow(canvas, pt, L"A separator between two panes");
         m_pLeft = &MakePane(canvas, LandscapeBitmap(BLOCK_WIDTH, BLOCK_HEIGHT));
         m_pRight = &MakePane(canvas, SketchBitmap(BLOCK_WIDTH, BLOCK_HEIGHT));
-        m_pSeparator = &canvas.Own(std::make_unique<GSeparator>());
-        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(),
-                             WS_EX_TRANSPARENT, CHILD);
+        m_splitter.Create(canvas);
         MoveTo((m_rc.left + m_rc.right) / 2);
     }
 
-    // The separator keeps the place at which the pointer took it.
     void OnNotify(const NMHDR& header)
     {
-        if (header.hwndFrom != m_pSeparator->GetHwnd()) {
-            return;
-        }
-        if (header.code == GSN_BEGINDRAG) {
-            m_xGrip = reinterpret_cast<const stcSeparatorNotify&>(header).pt.x;
-        } else if (header.code == GSN_DRAG) {
-            MoveTo(m_x + reinterpret_cast<const stcSeparatorNotify&>(header).pt.x - m_xGrip);
+        if (const auto x = m_splitter.DraggedTo(header)) {
+            MoveTo(*x);
         }
     }
 
 private:
-    static constexpr int SEPARATOR_WIDTH = 8;
     static constexpr int SMALLEST_PANE = 40;
 
     GLabel& MakePane(Canvas& canvas, HBITMAP hbm) const
@@ -68,19 +60,17 @@ private:
 
     void MoveTo(LONG x)
     {
-        m_x = std::clamp(x, m_rc.left + SMALLEST_PANE, m_rc.right - SMALLEST_PANE - SEPARATOR_WIDTH);
-        const int xRight = m_x + SEPARATOR_WIDTH;
-        m_pLeft->MoveWindow(m_rc.left, m_rc.top, m_x - m_rc.left, BLOCK_HEIGHT);
-        m_pSeparator->MoveWindow(m_x, m_rc.top, SEPARATOR_WIDTH, BLOCK_HEIGHT);
+        x = std::clamp(x, m_rc.left + SMALLEST_PANE, m_rc.right - SMALLEST_PANE - Splitter::WIDTH);
+        const int xRight = x + Splitter::WIDTH;
+        m_pLeft->MoveWindow(m_rc.left, m_rc.top, x - m_rc.left, BLOCK_HEIGHT);
+        m_splitter.Place(x, m_rc.top, BLOCK_HEIGHT);
         m_pRight->MoveWindow(xRight, m_rc.top, m_rc.right - xRight, BLOCK_HEIGHT);
     }
 
     RECT m_rc{};
-    LONG m_x = 0;
-    LONG m_xGrip = 0;
     GLabel* m_pLeft = nullptr;
     GLabel* m_pRight = nullptr;
-    GSeparator* m_pSeparator = nullptr;
+    Splitter m_splitter;
 };
 
 // A picture higher than its room, moved by a scroll bar beside it.

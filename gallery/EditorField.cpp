@@ -127,10 +127,18 @@ void EditorField::FindNext(const std::wstring& wanted)
     }
 }
 
+void EditorField::WrapAnew()
+{
+    const size_t nFrom = AnchorOffset();
+    const size_t nTo = CaretOffset();
+    SetText(Text().c_str());
+    PutSelection(nFrom, nTo);
+}
+
 void EditorField::ChangeFont(HFONT hFont)
 {
     SetFont(hFont);
-    SetText(Text().c_str());
+    WrapAnew();
 }
 
 // --- Keys and places
@@ -159,9 +167,14 @@ size_t EditorField::AnchorOffset() const
 
 void EditorField::Select(size_t nFrom, size_t nTo)
 {
+    SetFocus(*this);
+    PutSelection(nFrom, nTo);
+}
+
+void EditorField::PutSelection(size_t nFrom, size_t nTo)
+{
     PutInLine(nFrom, m_nAnchorLine, m_nAnchorChar);
     PutInLine(nTo, m_nCaretLine, m_nCaretChar);
-    SetFocus(*this);
     UpdateCursorPos();
     Invalidate(0);
 }

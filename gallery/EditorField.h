@@ -28,6 +28,8 @@ public:
     // From the selection on, and then once more from the start. Nothing where it is not there.
     void FindNext(const std::wstring& wanted);
 
+    // Breaks the lines for the field's width, which it does not do by itself. The selection stays.
+    void WrapAnew();
     // Wraps anew as well. The font is the caller's.
     void ChangeFont(HFONT hFont);
 
@@ -38,6 +40,7 @@ private:
     size_t CaretOffset() const;
     size_t AnchorOffset() const;
     void Select(size_t nFrom, size_t nTo);
+    void PutSelection(size_t nFrom, size_t nTo);
     void PutInLine(size_t nOffset, UINT& nLine, UINT& nChar) const;
 
     std::wstring m_former; // the text before the last command

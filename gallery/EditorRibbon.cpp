@@ -68,6 +68,10 @@ void EditorPage::Host(HWND hwnd, int nRow)
     GetWindowRect(hwnd, &rc);
     SetWindowPos(hwnd, nullptr, group.nLeft + HOSTED_MARGIN, FIRST_ROW + nRow * ROW_HEIGHT,
                  rc.right - rc.left, rc.bottom - rc.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    // So that Tab goes to it.
+    const HWND hwndRibbon = GetParent(hwnd);
+    SetWindowLongPtrW(hwndRibbon, GWL_EXSTYLE,
+                      GetWindowLongPtrW(hwndRibbon, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
     m_hosted.push_back(hwnd);
     AddWindow(m_dwGroup, hwnd);
 }

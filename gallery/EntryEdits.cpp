@@ -40,7 +40,7 @@ int EntryEdits::BuildSingleLines(POINT pt)
 
 int EntryEdits::BuildSeveralLines(POINT pt)
 {
-    Grid grid(*m_pCanvas, pt, L"Edit fields of many lines", 2, TEXT_CELL);
+    Grid grid(*m_pCanvas, pt, L"Edit fields of many lines: Ctrl+Tab leaves them", 2, TEXT_CELL);
     Add(grid.NextCell(L"as many as are typed"), LETTER, ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN);
     Add(grid.NextCell(L"as many as there is room for"),
         L"One\nTwo \U0001F600\nThr\u00E9e e\u0301\n\u03A4\u03AD\u03C3\u03C3\u03B5\u03C1\u03B1",

@@ -5,11 +5,14 @@
 #include <gallery/FileList.h>
 #include <gallery/FolderTree.h>
 #include <gallery/Glyphs.h>
+#include <gallery/ListChoice.h>
 #include <gallery/NameEdit.h>
 #include <gallery/Pages.h>
 #include <gallery/SampleFolder.h>
 #include <gallery/Slices.h>
+#include <gallery/Splitter.h>
 
+#include <algorithm>
 #include <commctrl.h>
 
 namespace gallery {
@@ -27,7 +30,6 @@ constexpr int GO_WIDTH = 56;
 constexpr int VIEWS_WIDTH = 110;
 constexpr int GROUP_WIDTH = 150;
 constexpr int PROGRESS_WIDTH = 180;
-constexpr int SPLIT_WIDTH = 6;
 constexpr int LEAST_PANE = 80;
 constexpr UINT NAME_WIDTH = 240;
 constexpr UINT END = static_cast<UINT>(-1);
@@ -73,6 +75,7 @@ public:
     {
         m_size = size;
         const int nRight = size.cx - EDGE;
+        m_cxTree = std::clamp(m_cxTree, LEAST_PANE, nRight - EDGE - Splitter::WIDTH - LEAST_PANE);
         const int nBottom = size.cy - EDGE - STATUS_HEIGHT - 6;
         m_pUp->MoveWindow(EDGE, EDGE, UP_WIDTH, ROW_HEIGHT);
         m_pPath->MoveWindow(PATH_LEFT, EDGE, nRight - GO_WIDTH - 8 - PATH_LEFT, ROW_HEIGHT);
@@ -80,8 +83,8 @@ public:
         m_pViews->MoveWindow(PATH_LEFT, OPTIONS_TOP, VIEWS_WIDTH, ROW_HEIGHT);
         m_pGroup->MoveWindow(PATH_LEFT + VIEWS_WIDTH + 16, OPTIONS_TOP, GROUP_WIDTH, ROW_HEIGHT);
         m_pTree->MoveWindow(EDGE, PANES_TOP, m_cxTree, nBottom - PANES_TOP);
-        const int xList = EDGE + m_cxTree + SPLIT_WIDTH;
-        m_pSplit->MoveWindow(EDGE + m_cxTree, PANES_TOP, SPLIT_WIDTH, nBottom - PANES_TOP);
+        const int xList = EDGE + m_cxTree + Splitter::WIDTH;
+        m_splitter.Place(EDGE + m_cxTree, PANES_TOP, nBottom - PANES_TOP);
         m_pList->MoveWindow(xList, PANES_TOP, nRight - xList, nBottom - PANES_TOP);
         m_pStatus->MoveWindow(EDGE, nBottom + 8, nRight - PROGRESS_WIDTH - EDGE - EDGE, STATUS_HEIGHT);
         m_pProgress->MoveWindow(nRight - PROGRESS_WIDTH, nBottom + 10, PROGRESS_WIDTH, 12);
@@ -94,7 +97,7 @@ public:
         } else if (hwndFrom == m_pGo->GetHwnd()) {
             Open(PathTyped());
         } else if (hwndFrom == m_pPath->GetHwnd() && uCode == CBN_SELCHANGE) {
-            Open(PathTyped());
+            Open(m_pPath->GetItemText(m_pPath->GetSelected())); // the text follows a click later
         } else if (hwndFrom == m_pViews->GetHwnd() && uCode == CBN_SELCHANGE) {
             Show();
         } else if (hwndFrom == m_pGroup->GetHwnd()) {
@@ -110,8 +113,9 @@ public:
             OnTreeNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
         } else if (header.hwndFrom == m_pList->GetHwnd()) {
             OnListNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
-        } else if (header.hwndFrom == m_pSplit->GetHwnd()) {
-            OnSplit(reinterpret_cast<const stcSeparatorNotify&>(header));
+        } else if (const auto x = m_splitter.DraggedTo(header)) {
+            m_cxTree = *x - EDGE;
+            OnSize(m_size);
         }
         return 1; // a double click in the tree toggles no row: it has opened its folder
     }
@@ -144,6 +148,7 @@ private:
         m_pViews->InsertItem(END, 0, L"Details", 0, nullptr);
         m_pViews->InsertItem(END, 0, L"Tiles", 0, nullptr);
         m_pViews->SetSelected(DETAILS);
+        ReportChoiceOfList(*m_pViews);
         m_pGroup = &canvas.Own(std::make_unique<GCheckBox>());
         m_pGroup->Create(0, 0, GROUP_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(), L"&Group by type", 0,
                          CHILD | WS_TABSTOP | GS_VCENTER);
@@ -155,9 +160,8 @@ private:
         m_pTree = &canvas.Own(std::make_unique<FolderTree>());
         m_pTree->SetTreeStyle(GTS_IMAGES);
         m_pTree->SetImageList(SmallFileImages());
-        m_pTree->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), 0, PANE);
-        m_pSplit = &canvas.Own(std::make_unique<GSeparator>());
-        m_pSplit->Create(0, 0, SPLIT_WIDTH, 10, m_hwnd, canvas.NextId(), WS_EX_TRANSPARENT, CHILD);
+        m_pTree->Create(0, 0, LEAST_PANE, LEAST_PANE, m_hwnd, canvas.NextId(), 0, PANE);
+        m_splitter.Create(canvas);
         m_pList = &canvas.Own(std::make_unique<FileList>(NAME_WIDTH));
         m_pList->Create(0, 0, 10, 10, m_hwnd, canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0, PANE);
     }
@@ -201,6 +205,7 @@ private:
         m_pList->RemoveAllGroups();
         m_path = path;
         ShowPath();
+        m_pTree->SelectFolder(path);
         m_pStatus->SetText(L"Reading...");
         m_reader = std::make_unique<FolderReader>(path);
         m_slices.Start(
@@ -229,14 +234,32 @@ private:
 
     View ViewShown() const { return static_cast<View>(m_pViews->GetSelected()); }
 
-    // While a folder is read the list stays empty.
+    // While a folder is read the list stays empty. It keeps what it shows until the first slice, so that few
+    // files change their look without a flicker.
     void Show()
     {
-        if (IsBusy()) {
-            return;
+        if (!m_reader) {
+            m_nAdded = 0;
+            m_slices.Start(
+                m_hwnd, *m_pProgress, [this] { return AddNext(); }, [this] { EndShow(); });
         }
-        const UINT uStyle = ViewShown() == TILES ? GLS_TILES : GLS_DETAILS | GLS_HEADER;
-        m_pList->ShowFiles(m_shown, {uStyle, true, m_pGroup->GetCheck() != BST_UNCHECKED, nullptr});
+    }
+
+    UINT AddNext()
+    {
+        if (m_nAdded == 0) {
+            const UINT uStyle = ViewShown() == TILES ? GLS_TILES : GLS_DETAILS | GLS_HEADER;
+            m_pList->Begin(m_shown, {uStyle, true, m_pGroup->GetCheck() != BST_UNCHECKED, nullptr});
+        }
+        if (m_nAdded < m_shown.files.size()) {
+            m_pList->Add(m_shown.files[m_nAdded++]);
+        }
+        return Slices::Share(m_nAdded, m_shown.files.size());
+    }
+
+    void EndShow()
+    {
+        m_pList->End();
         ShowStatus();
     }
 
@@ -285,7 +308,8 @@ private:
 
     void BeginRename(UINT item)
     {
-        if (m_pList->FileAt(item) && ViewShown() == DETAILS && !m_pEdit->IsActive() && MayChange()) {
+        if (m_pList->FileAt(item) && ViewShown() == DETAILS && !IsBusy() && !m_pEdit->IsActive() &&
+            MayChange()) {
             m_pEdit->Begin(item, FileList::NAME);
         }
     }
@@ -338,20 +362,6 @@ private:
         m_lastWords.clear();
     }
 
-    // --- The separator
-
-    void OnSplit(const stcSeparatorNotify& notify)
-    {
-        if (notify.hdr.code == GSN_BEGINDRAG) {
-            m_xGrip = notify.pt.x;
-        } else if (notify.hdr.code == GSN_DRAG) {
-            const int nMost = m_size.cx - 2 * EDGE - SPLIT_WIDTH - LEAST_PANE;
-            m_cxTree =
-                std::max(LEAST_PANE, std::min(nMost, m_cxTree + static_cast<int>(notify.pt.x) - m_xGrip));
-            OnSize(m_size);
-        }
-    }
-
     HWND m_hwnd = nullptr;
     SIZE m_size{};
     GButton* m_pUp = nullptr;
@@ -360,17 +370,17 @@ private:
     GComboBox* m_pViews = nullptr;
     GCheckBox* m_pGroup = nullptr;
     FolderTree* m_pTree = nullptr;
-    GSeparator* m_pSplit = nullptr;
+    Splitter m_splitter;
     FileList* m_pList = nullptr;
     GLabel* m_pStatus = nullptr;
     GProgressBar* m_pProgress = nullptr;
     std::unique_ptr<NameEdit> m_pEdit;
     int m_cxTree = 210;
-    int m_xGrip = 0;
     std::wstring m_path;
     Slices m_slices;
     std::unique_ptr<FolderReader> m_reader; // while a folder is read
     Folder m_shown;
+    size_t m_nAdded = 0; // of its files, to the list
     std::wstring m_lastWords;
 };
 

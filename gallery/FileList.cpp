@@ -59,22 +59,41 @@ constexpr ColumnKind COLUMNS[FileList::COLUMN_COUNT] = {
 
 void FileList::ShowFiles(Folder& folder, const Look& look)
 {
-    m_pFolder = &folder;
-    Restart(look.uStyle, COLUMN_COUNT);
+    Begin(folder, look);
     BulkInsertOn();
     for (File& file : folder.files) {
         if (!look.pOnly || &file == look.pOnly) {
-            AddFile(file);
+            Add(file);
         }
     }
     BulkInsertOff();
-    if (look.fSorted) {
+    End();
+}
+
+void FileList::Begin(Folder& folder, const Look& look)
+{
+    m_pFolder = &folder;
+    m_look = look;
+    Restart(look.uStyle, COLUMN_COUNT);
+}
+
+void FileList::Add(File& file)
+{
+    const UINT item = InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
+    SetSubItem(item, SIZE_KB, 0, file.sizeText.c_str(), 0);
+    SetSubItem(item, TYPE, 0, file.type.c_str(), 0);
+    SetSubItem(item, DATE, 0, file.dateText.c_str(), 0);
+}
+
+void FileList::End()
+{
+    if (m_look.fSorted) {
         Sort(NAME, true);
     }
-    if (look.fGrouped) {
+    if (m_look.fGrouped) {
         Group(TYPE, true);
     }
-    SetListStyle(look.uStyle); // tells the keyboard where the rows are
+    SetListStyle(m_look.uStyle); // tells the keyboard where the rows are
 }
 
 void FileList::ShowNamesOnly(UINT uStyle)
@@ -110,14 +129,6 @@ void FileList::AddColumn(Column column, UINT uStyle)
     InsertColumn(END, kind.uTileFlags, fTiles ? LINE : kind.uFormat, column == NAME ? m_cxName : kind.cx, 40,
                  kind.pszName, 0, kind.nType, fTiles ? &rcTile : nullptr,
                  column == TYPE ? &GroupByType : nullptr, kind.pfnSort, nullptr);
-}
-
-void FileList::AddFile(File& file)
-{
-    const UINT item = InsertItem(END, 0, &file, 0, file.name.c_str(), file.image);
-    SetSubItem(item, SIZE_KB, 0, file.sizeText.c_str(), 0);
-    SetSubItem(item, TYPE, 0, file.type.c_str(), 0);
-    SetSubItem(item, DATE, 0, file.dateText.c_str(), 0);
 }
 
 UINT FileList::GroupByType(GList* pList, void* customData)

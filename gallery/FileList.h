@@ -32,6 +32,11 @@ public:
 
     // Fills the list anew. The folder must live as long as its files are shown.
     void ShowFiles(Folder& folder, const Look& look);
+    // The same in parts, for a host that goes on meanwhile: the emptied list, a file, and another, and at
+    // last their order. It takes longer in all, since each file is laid out at once.
+    void Begin(Folder& folder, const Look& look);
+    void Add(File& file);
+    void End();
     // Takes all rows away, and all columns but that of the names, for rows of the host's own.
     void ShowNamesOnly(UINT uStyle);
     // Null where there is no such item.
@@ -43,11 +48,11 @@ public:
 private:
     void Restart(UINT uStyle, UINT nColumns);
     void AddColumn(Column column, UINT uStyle);
-    void AddFile(File& file);
     static UINT GroupByType(GList* pList, void* customData);
 
     UINT m_cxName;
     const Folder* m_pFolder = nullptr;
+    Look m_look{};
 };
 
 } // namespace gallery

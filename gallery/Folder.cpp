@@ -1,4 +1,5 @@
 #include <gallery/Folder.h>
+#include <gallery/Slices.h>
 
 #include <shellapi.h>
 
@@ -141,7 +142,7 @@ UINT FolderReader::ReadNext()
     if (m_nRead < m_found.size()) {
         AddFile(m_folder, m_found[m_nRead++]);
     }
-    return m_found.empty() ? 1000 : static_cast<UINT>(1000 * m_nRead / m_found.size());
+    return Slices::Share(m_nRead, m_found.size());
 }
 
 Folder ReadSystemFolder()

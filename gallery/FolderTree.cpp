@@ -1,5 +1,8 @@
 #include <gallery/FolderTree.h>
 
+#include <algorithm>
+#include <sstream>
+
 namespace gallery {
 
 void* FolderTree::AddTop(LPCWSTR pszName, const std::wstring& path)
@@ -39,6 +42,38 @@ std::wstring FolderTree::PathOf(void* hFolder) const
     const auto top = m_topPaths.find(hFolder);
     return top != m_topPaths.end() ? top->second
                                    : PathOf(GetItemParent(hFolder)) + L"\\" + GetItemName(hFolder);
+}
+
+// The nearest one, since a top may lie in another.
+void* FolderTree::TopAbove(const std::wstring& path) const
+{
+    void* hNearest = nullptr;
+    size_t nNearest = 0;
+    for (const auto& [hTop, top] : m_topPaths) {
+        if (top.size() > nNearest &&
+            lstrcmpiW((path + L"\\").substr(0, top.size() + 1).c_str(), (top + L"\\").c_str()) == 0)
+        {
+            hNearest = hTop;
+            nNearest = top.size();
+        }
+    }
+    return hNearest;
+}
+
+void FolderTree::SelectFolder(const std::wstring& path)
+{
+    void* hFolder = TopAbove(path);
+    std::wistringstream rest(hFolder ? path.substr(std::min(path.size(), m_topPaths[hFolder].size() + 1))
+                                     : L"");
+    for (std::wstring name; hFolder && std::getline(rest, name, L'\\');) {
+        Expand(hFolder);
+        hFolder = ChildNamed(hFolder, name.c_str());
+    }
+    SetSelectedItem(hFolder);
+    if (hFolder) {
+        EnsureVisible(hFolder);
+    }
+    Invalidate(0);
 }
 
 void FolderTree::AddParts(std::vector<Part>& parts) const

@@ -18,11 +18,16 @@ public:
     // Null where there is none.
     void* ChildNamed(void* hParent, LPCWSTR pszName) const;
     std::wstring PathOf(void* hFolder) const;
+    // Selects a folder and brings it into view, its parents expanded; where it is in none of the tops,
+    // nothing is selected.
+    void SelectFolder(const std::wstring& path);
 
     // The rows in sight; each is as wide as the client area, and the selected one's text begins with a star.
     void AddParts(std::vector<Part>& parts) const;
 
 private:
+    void* TopAbove(const std::wstring& path) const;
+
     std::map<void*, std::wstring> m_topPaths;
 };
 

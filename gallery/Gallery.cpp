@@ -56,6 +56,16 @@ BOOL CALLBACK ShowCuesIn(HWND hwnd, LPARAM lParam)
     return TRUE;
 }
 
+// Ctrl+Tab leaves a field of many lines, which takes Tab itself from the dialog manager.
+bool LeaveField(HWND hwndTop, const MSG& msg)
+{
+    if (msg.message != WM_KEYDOWN || msg.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0) {
+        return false;
+    }
+    SetFocus(GetNextDlgTabItem(hwndTop, msg.hwnd, GetKeyState(VK_SHIFT) < 0));
+    return true;
+}
+
 // Says where a picture went. False where it could not be saved.
 bool Tell(bool fSaved, const std::wstring& path)
 {
@@ -168,7 +178,7 @@ int Gallery::Run()
 {
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
-        if (!PressMnemonic(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {
+        if (!PressMnemonic(m_hwnd, msg) && !LeaveField(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {
             TranslateMessage(&msg);
             DispatchMessageW(&msg);
         }

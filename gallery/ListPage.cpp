@@ -41,7 +41,7 @@ public:
         Show();
     }
 
-    SIZE LeastSize() const override { return {616, 340}; }
+    SIZE LeastSize() const override { return SMALL_ROOM; }
 
     void OnSize(SIZE size) override
     {
@@ -211,7 +211,7 @@ private:
         const UINT row = m_pList->GetItemCount();
         File& file = m_folder.files[row % m_folder.files.size()];
         m_pList->InsertItem(END, 0, &file, 0, (L"Row " + std::to_wstring(row)).c_str(), file.image);
-        return (row + 1) * Slices::DONE / MANY;
+        return Slices::Share(row + 1, MANY);
     }
 
     void EndMany()

@@ -18,6 +18,9 @@ struct Part
     RECT rc; // on the screen
 };
 
+// What a page has in a window of 800 x 600, without scroll bars.
+constexpr SIZE SMALL_ROOM = {616, 340};
+
 class Page
 {
 public:

@@ -1,5 +1,6 @@
 #include <gallery/EditorField.h>
 #include <gallery/EditorRibbon.h>
+#include <gallery/ListChoice.h>
 #include <gallery/Pages.h>
 #include <gallery/Report.h>
 
@@ -14,14 +15,11 @@
 namespace gallery {
 namespace {
 
-constexpr int PAGE_WIDTH = 804;
 constexpr int RIBBON_HEIGHT = 120;
-constexpr RECT RIBBON_RECT = {MARGIN, FIRST_BLOCK, MARGIN + PAGE_WIDTH, FIRST_BLOCK + RIBBON_HEIGHT};
-constexpr RECT EDITOR_RECT = {MARGIN, RIBBON_RECT.bottom + GAP, MARGIN + PAGE_WIDTH, 588};
+constexpr int EDITOR_TOP = FIRST_BLOCK + RIBBON_HEIGHT + GAP;
 constexpr LPCWSTR FIRST_TEXT = L"The quick brown fox jumps over the lazy dog.\r\n\r\n"
                                L"The ribbon's buttons act on this text, and so do the values of the menu "
-                               L"that a "
-                               L"right click shows.";
+                               L"that a right click shows.";
 
 enum CommandId : UINT
 {
@@ -81,7 +79,8 @@ public:
     {
         Dismiss();
         const int cy = static_cast<int>(values.size()) * ROW_HEIGHT + 2;
-        const HWND hwnd = Create(ptScreen.x, ptScreen.y, 130, cy, hwndOwner, 0);
+        const POINT pt = WithinTheScreen(ptScreen, {WIDTH, cy});
+        const HWND hwnd = Create(pt.x, pt.y, WIDTH, cy, hwndOwner, 0);
         auto& shown = static_cast<GRightClickMenu&>(*FromHwnd(hwnd));
         shown.*& ValueMenu::m_hwndOwner = hwndOwner;
         shown.*& ValueMenu::m_hFont = g_hDefaultFont;
@@ -100,6 +99,16 @@ public:
 
 private:
     static constexpr int ROW_HEIGHT = 20;
+    static constexpr int WIDTH = 130;
+
+    // The menu opens where it is put, be that half outside.
+    static POINT WithinTheScreen(POINT pt, SIZE size)
+    {
+        MONITORINFO info{};
+        info.cbSize = sizeof(info);
+        GetMonitorInfoW(MonitorFromPoint(pt, MONITOR_DEFAULTTONEAREST), &info);
+        return {std::min(pt.x, info.rcWork.right - size.cx), std::min(pt.y, info.rcWork.bottom - size.cy)};
+    }
 
     // The menu itself ends with a choice alone.
     static LRESULT CALLBACK EndWhenInactive(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -119,12 +128,12 @@ public:
 
     void Build(Canvas& canvas) override
     {
-        canvas.Title(L"Ribbon", L"GRibbon: tabs, groups, buttons in three sizes, "
-                                L"check boxes and hosted windows; "
-                                L"GRightClickMenu on a right click in the text.");
+        canvas.Title(L"Ribbon",
+                     L"GRibbon: groups, buttons, check boxes, hosted windows. GRightClickMenu: a right "
+                     L"click in the text.");
         m_hwnd = canvas.Window();
         m_ribbon = &canvas.Own(std::make_unique<EditorRibbon>());
-        m_ribbon->MakeWindow(RIBBON_RECT, m_hwnd);
+        m_ribbon->MakeWindow({0, 0, 10, RIBBON_HEIGHT}, m_hwnd);
         MakeEditor(canvas);
         m_find = &canvas.Own(std::make_unique<GEdit>());
         m_sizes = &canvas.Own(std::make_unique<GComboBox>());
@@ -135,6 +144,16 @@ public:
         AddView();
         m_ribbon->ShowTab(TAB_REVIEW, false);
         ApplyFont();
+    }
+
+    SIZE LeastSize() const override { return SMALL_ROOM; }
+
+    void OnSize(SIZE size) override
+    {
+        const LONG cx = size.cx - 2 * MARGIN;
+        m_ribbon->MoveWindow(MARGIN, FIRST_BLOCK, cx, RIBBON_HEIGHT);
+        m_editor->MoveWindow(MARGIN, EDITOR_TOP, cx, size.cy - MARGIN - EDITOR_TOP);
+        m_editor->WrapAnew();
     }
 
     LRESULT OnCommand(UINT uId, UINT uCode, HWND hwndFrom) override
@@ -161,8 +180,7 @@ private:
     void MakeEditor(Canvas& canvas)
     {
         m_editor = &canvas.Own(std::make_unique<EditorField>());
-        m_editor->Create(EDITOR_RECT.left, EDITOR_RECT.top, EDITOR_RECT.right - EDITOR_RECT.left,
-                         EDITOR_RECT.bottom - EDITOR_RECT.top, m_hwnd, ID_EDITOR, nullptr,
+        m_editor->Create(0, 0, 10, 10, m_hwnd, ID_EDITOR, nullptr,
                          FIELD_STYLE | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN, 0);
         m_editor->SetText(FIRST_TEXT);
     }
@@ -184,6 +202,7 @@ private:
             m_sizes->InsertItem(m_sizes->GetItemCount(), 0, text.c_str(), 0, nullptr);
         }
         m_sizes->SetSelected(0);
+        ReportChoiceOfList(*m_sizes);
         return hwnd;
     }
 

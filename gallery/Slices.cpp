@@ -11,6 +11,11 @@ constexpr ULONGLONG SLICE = 70; // milliseconds, in which nothing else is answer
 
 } // namespace
 
+UINT Slices::Share(size_t nDone, size_t nAll)
+{
+    return nDone < nAll ? static_cast<UINT>(DONE * nDone / nAll) : DONE;
+}
+
 void Slices::Start(HWND hwnd, GProgressBar& bar, Step step, End end)
 {
     m_hwnd = hwnd;

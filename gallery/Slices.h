@@ -12,6 +12,8 @@ class Slices
 {
 public:
     static constexpr UINT DONE = 1000;
+    // How much so many of all are, in thousandths.
+    static UINT Share(size_t nDone, size_t nAll);
 
     // Does a small part of the work and returns how much of all is done by now, in thousandths.
     using Step = std::function<UINT()>;

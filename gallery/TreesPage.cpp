@@ -4,6 +4,7 @@
 #include <gallery/FolderTree.h>
 #include <gallery/Fonts.h>
 #include <gallery/Pages.h>
+#include <gallery/Splitter.h>
 
 #include <algorithm>
 #include <deque>
@@ -13,13 +14,10 @@ namespace {
 
 constexpr int ROW_HEIGHT = 26;
 constexpr int OPTION_WIDTH = 112;
-constexpr int BLOCK_WIDTH = 390;
 constexpr int BLOCK_TOP = FIRST_BLOCK + ROW_HEIGHT + GAP;
-constexpr int BLOCK_HEIGHT = 412;
-constexpr int STATUS_TOP = BLOCK_TOP + BLOCK_HEIGHT + 8;
-constexpr int BAR_WIDTH = 168;
-constexpr int SEPARATOR_WIDTH = 8;
-constexpr int SMALLEST_PANE = 90;
+constexpr int STATUS_ROOM = 58; // below the blocks
+constexpr LONG LEAST_PLACES = 90;
+constexpr LONG LEAST_LIST = 130;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 constexpr UINT END = static_cast<UINT>(-1);
 
@@ -100,31 +98,39 @@ public:
                           CHILD | WS_TABSTOP | WS_VSCROLL | GNS_SINGLEEXPAND);
         m_pPlaces->SetImageList(SmallFileImages());
         m_pPlaces->SetItemHeight(34);
-        m_pSeparator = &canvas.Own(std::make_unique<GSeparator>());
-        m_pSeparator->Create(0, 0, SEPARATOR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(),
-                             WS_EX_TRANSPARENT, CHILD);
+        m_splitter.Create(canvas);
         m_pList = &canvas.Own(std::make_unique<GList>());
         m_pList->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);
         m_pList->SetImageList(SmallFileImages());
         AddColumn(L"Name", 130, DT_SINGLELINE | DT_VCENTER, LCT_IMAGETEXT);
         AddColumn(L"Size", 62, DT_SINGLELINE | DT_VCENTER | DT_RIGHT, LCT_TEXT);
-        canvas.Frame({RIGHT_BLOCK, BLOCK_TOP, RIGHT_BLOCK + BLOCK_WIDTH, BLOCK_TOP + BLOCK_HEIGHT});
-        MoveTo(RIGHT_BLOCK + BAR_WIDTH);
+        m_pFrame = &canvas.Frame({});
         m_pPlaces->Fill(WindowsFolder());
         Show(m_pPlaces->First());
     }
 
-    bool OnNotify(const NMHDR& header)
+    // The list takes what the pane leaves.
+    void Place(const RECT& rc)
     {
-        if (header.hwndFrom == m_pSeparator->GetHwnd()) {
-            OnDrag(header);
-        } else if (header.hwndFrom == m_pPlaces->GetHwnd()) {
+        *m_pFrame = rc;
+        const LONG nMost = rc.right - rc.left - Splitter::WIDTH - LEAST_LIST;
+        const LONG xSplitter = rc.left + std::clamp(m_cxPlaces, LEAST_PLACES, nMost);
+        const LONG xList = xSplitter + Splitter::WIDTH;
+        const LONG nHeight = rc.bottom - rc.top;
+        m_pPlaces->MoveWindow(rc.left + 1, rc.top + 1, xSplitter - rc.left - 1, nHeight - 2);
+        m_splitter.Place(xSplitter, rc.top + 1, nHeight - 2);
+        m_pList->MoveWindow(xList, rc.top, rc.right - xList, nHeight);
+    }
+
+    void OnNotify(const NMHDR& header)
+    {
+        if (header.hwndFrom == m_pPlaces->GetHwnd()) {
             OnPlaces(reinterpret_cast<const GNAVNOTIFY&>(header));
-        } else {
-            return false;
+        } else if (const auto x = m_splitter.DraggedTo(header)) {
+            m_cxPlaces = *x - m_pFrame->left;
+            Place(*m_pFrame);
         }
-        return true;
     }
 
 private:
@@ -142,28 +148,6 @@ private:
         }
     }
 
-    // The separator keeps the place at which the pointer took it.
-    void OnDrag(const NMHDR& header)
-    {
-        const LONG x = reinterpret_cast<const stcSeparatorNotify&>(header).pt.x;
-        if (header.code == GSN_BEGINDRAG) {
-            m_xGrip = x;
-        } else if (header.code == GSN_DRAG) {
-            MoveTo(m_xSeparator + static_cast<int>(x - m_xGrip));
-        }
-    }
-
-    void MoveTo(int x)
-    {
-        constexpr int RIGHT = RIGHT_BLOCK + BLOCK_WIDTH;
-        m_xSeparator = std::clamp(x, RIGHT_BLOCK + SMALLEST_PANE, RIGHT - SEPARATOR_WIDTH - SMALLEST_PANE);
-        const int xList = m_xSeparator + SEPARATOR_WIDTH;
-        m_pPlaces->MoveWindow(RIGHT_BLOCK + 1, BLOCK_TOP + 1, m_xSeparator - RIGHT_BLOCK - 1,
-                              BLOCK_HEIGHT - 2);
-        m_pSeparator->MoveWindow(m_xSeparator, BLOCK_TOP + 1, SEPARATOR_WIDTH, BLOCK_HEIGHT - 2);
-        m_pList->MoveWindow(xList, BLOCK_TOP, RIGHT - xList, BLOCK_HEIGHT);
-    }
-
     void Show(void* hPlace)
     {
         m_folder = ReadFolder(m_pPlaces->PathOf(hPlace));
@@ -178,11 +162,11 @@ private:
     }
 
     Places* m_pPlaces = nullptr;
-    GSeparator* m_pSeparator = nullptr;
+    Splitter m_splitter;
     GList* m_pList = nullptr;
+    RECT* m_pFrame = nullptr; // the canvas's
     Folder m_folder;
-    LONG m_xGrip = 0;
-    int m_xSeparator = 0;
+    LONG m_cxPlaces = 168; // as the user wants it
 };
 
 class TreesPage : public Page
@@ -191,21 +175,31 @@ public:
     void Build(Canvas& canvas) override
     {
         canvas.Title(L"Trees",
-                     L"GTree: the directories of this machine, read as they are opened. GNavigationBar: "
-                     L"places that fill the list beside it.");
+                     L"GTree: the directories of this machine. GNavigationBar: places that fill a list.");
         m_pImages = &MakeOption(canvas, MARGIN, L"&Images");
         m_pChecks = &MakeOption(canvas, MARGIN + OPTION_WIDTH, L"&Check boxes");
         m_pImages->SetCheck(BST_CHECKED);
         m_pTree = &canvas.Own(std::make_unique<FolderTree>());
-        m_pTree->Create(MARGIN, BLOCK_TOP, BLOCK_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(), 0,
+        m_pTree->Create(0, 0, 10, 10, canvas.Window(), canvas.NextId(), 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);
         m_pTree->SetImageList(SmallFileImages());
         m_pTree->SetTreeStyle(TreeStyle());
-        m_pStatus = &canvas.Text({MARGIN, STATUS_TOP, MARGIN + BLOCK_WIDTH, STATUS_TOP + 20}, L"",
-                                 g_hDefaultFont, CAPTION_COLOR);
+        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
         m_browser.Build(canvas);
         OpenDrive(DriveOf(WindowsFolder()));
         ShowStatus();
+    }
+
+    SIZE LeastSize() const override { return SMALL_ROOM; }
+
+    // The tree and the browser have half of the room each.
+    void OnSize(SIZE size) override
+    {
+        const LONG cx = (size.cx - 3 * MARGIN) / 2;
+        const LONG nBottom = size.cy - STATUS_ROOM;
+        m_pTree->MoveWindow(MARGIN, BLOCK_TOP, cx, nBottom - BLOCK_TOP);
+        m_pStatus->MoveWindow(MARGIN, nBottom + 8, cx, 20);
+        m_browser.Place({size.cx - MARGIN - cx, BLOCK_TOP, size.cx - MARGIN, nBottom});
     }
 
     LRESULT OnCommand(UINT, UINT, HWND hwndFrom) override
@@ -222,7 +216,8 @@ public:
 
     LRESULT OnNotify(const NMHDR& header) override
     {
-        if (!m_browser.OnNotify(header) && header.hwndFrom == m_pTree->GetHwnd()) {
+        m_browser.OnNotify(header);
+        if (header.hwndFrom == m_pTree->GetHwnd()) {
             OnTree(reinterpret_cast<const GLISTNOTIFY&>(header));
         }
         return 0;

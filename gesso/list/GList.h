@@ -411,10 +411,10 @@ private:
     UINT RowOf(UINT item) const;
     UINT FirstRowReaching(int64_t y) const;
     void InsertRow(UINT row, UINT item);
-    void FitRow(UINT row);
+    bool FitRow(UINT row);
     bool IsInOrder(UINT row) const;
     int ElementsEnd() const;
-    void SetContentHeight(int rowsEnd);
+    bool SetContentHeight(int rowsEnd);
     void StampRows(UINT first, int right);
     void StampRowsOfView(UINT first);
     void ScrollTo(int nBar, int64_t position);

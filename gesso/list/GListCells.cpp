@@ -2,6 +2,7 @@
 
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
@@ -43,6 +44,7 @@ UINT GList::SetListStyle(UINT style)
 {
     const UINT former = std::exchange(listStyle, style);
     const WindowContext context(m_hWnd);
+    const gesso::Lifeline life(*this);
     m_fLayoutCurrent = false;
     switch (listStyle & GLS_VIEWMASK) {
     case GLS_DETAILS: MakeDetailsCell(context); break;
@@ -55,7 +57,9 @@ UINT GList::SetListStyle(UINT style)
     case GLS_ICONS: MakeIconsCell(); break;
     default: break;
     }
-    Calculate();
+    if (life) {
+        Calculate();
+    }
     return former;
 }
 

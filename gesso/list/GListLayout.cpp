@@ -3,6 +3,7 @@
 
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
 
@@ -117,8 +118,9 @@ void GList::Calculate()
 {
     const int end = PlaceElements();
     m_fLayoutCurrent = true;
-    SetContentHeight(end);
-    Invalidate(1);
+    if (SetContentHeight(end)) {
+        Invalidate(1);
+    }
 }
 
 // Calculate, of a change that moves no row. A bulk fill lays out at its end.
@@ -131,8 +133,9 @@ void GList::RefreshLayout()
         Calculate();
         return;
     }
-    SetContentHeight(ElementsEnd());
-    Invalidate(1);
+    if (SetContentHeight(ElementsEnd())) {
+        Invalidate(1);
+    }
 }
 
 // Items must stand in the order of the groups. One that matches neither the group that the walk has come to
@@ -181,10 +184,9 @@ void GList::CalculateU(UINT item, bool inserted)
     if (inserted) {
         InsertRow(row, item);
     }
-    if (row < elements.GetLength()) {
-        FitRow(row);
+    if (row >= elements.GetLength() || FitRow(row)) {
+        RedrawAll();
     }
-    RedrawAll();
 }
 
 // The first row of an item of this index or a larger one; the number of elements if there is none.
@@ -258,20 +260,20 @@ bool GList::IsInOrder(UINT row) const
            (behind == elements.GetLength() || elements[behind].index > elements[row].index);
 }
 
-// Gives a row the items' height, and moves those below it.
-void GList::FitRow(UINT row)
+// Gives a row the items' height, and moves those below it. False where the list is gone.
+bool GList::FitRow(UINT row)
 {
     RECT& rc = elements[row].rect;
     const int bottom = Below(rc.top, itemHeight);
     const int64_t dy = int64_t{bottom} - rc.bottom;
     if (dy == 0) {
-        return;
+        return true;
     }
     rc.bottom = bottom;
     for (UINT below = row + 1; below < elements.GetLength(); ++below) {
         Move(elements[below], dy);
     }
-    SetContentHeight(ElementsEnd());
+    return SetContentHeight(ElementsEnd());
 }
 
 // --- Finding rows
@@ -337,13 +339,17 @@ int GList::ElementsEnd() const
     return count ? elements[count - 1].rect.bottom : 0;
 }
 
-void GList::SetContentHeight(int rowsEnd)
+// False where the list is gone: a bar that comes or goes repaints the frame, in whose corner the parent
+// draws.
+bool GList::SetContentHeight(int rowsEnd)
 {
+    const gesso::Lifeline life(*this);
     contentCy = headerArea + static_cast<UINT>(rowsEnd);
     // Room is added for the bars that do not show: hosts know the ranges so.
     RECT rc{};
     GetClientRectNoScroll(&rc);
     CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right, rc.bottom);
+    return life;
 }
 
 // The pages are reduced when both directions fit, and not when neither does: hosts know the bars so.
@@ -363,8 +369,11 @@ void GList::CalcScrollbars(int contentWidth, int contentHeight, int clientWidth,
     constexpr UINT MASK = SIF_RANGE | SIF_PAGE;
     const SCROLLINFO siH{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(lastX), pageX, 0, 0};
     const SCROLLINFO siV{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(lastY), pageY, 0, 0};
+    const gesso::Lifeline life(*this);
     GWndScroll::SetScrollInfo(SB_HORZ, &siH);
-    GWndScroll::SetScrollInfo(SB_VERT, &siV);
+    if (life) {
+        GWndScroll::SetScrollInfo(SB_VERT, &siV);
+    }
 }
 
 LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
@@ -379,8 +388,12 @@ LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
     // A bar that comes or goes sends this message again from within, with the size that the window had
     // before.
     if (!std::exchange(m_fSizing, true)) {
+        const gesso::Lifeline life(*this);
         CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right - rc.left,
                        rc.bottom - rc.top);
+        if (!life) {
+            return 0;
+        }
         m_fSizing = false;
     }
     return GWndScroll::OnNcCalcSize(fValidRects, pParams);

@@ -1,6 +1,7 @@
 // The order of the items, and their gathering by group.
 
 #include <gesso/containers/Misuse.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/PartitionSort.h>
 
@@ -202,8 +203,11 @@ void GList::Group(UINT column, bool)
         }
     }
     m_fLayoutCurrent = false;
+    const gesso::Lifeline life(*this);
     Sort(sortColumn, sortAscending);
-    RefreshLayout();
+    if (life) {
+        RefreshLayout();
+    }
 }
 
 // The index of the first group with an id; the id itself without such a group.

@@ -1,9 +1,12 @@
 """The explorer page as a person would use it: folders, files, names and questions."""
+import pathlib
+import tempfile
 import unittest
 
 from gallery import Gallery, wait_for, xdotool
 
 SAMPLE = "Gesso sample files"
+KINDS = 3000  # of files: the images and names of each are looked up, which takes a while on any machine
 
 
 class ExplorerTest(unittest.TestCase):
@@ -31,8 +34,12 @@ class ExplorerTest(unittest.TestCase):
     def open(self, name):
         xdotool("mousemove", *self.item(name), "click", "--repeat", 2, "--delay", 50, 1)
 
+    def combos(self):
+        """The one of the path and the one of the views."""
+        return [c for c in self.controls() if c.class_name == "GComboBox"]
+
     def path(self):
-        return next(c for c in self.controls() if c.class_name == "GComboBox" and SAMPLE in c.text).text
+        return self.combos()[0].text
 
     def test_folders_open_by_double_click_and_by_key_and_close_again(self):
         self.assertEqual(self.names()[:3], ["Documents", "Pictures", "Sounds"])
@@ -69,6 +76,19 @@ class ExplorerTest(unittest.TestCase):
             self.gallery.click(buttons[0].middle)
             wait_for("the answer to count", lambda: (name in self.names()) == remains)
 
+    def test_what_is_chosen_in_an_open_list_counts_by_key_and_by_click(self):
+        before = self.item("Pictures")
+        self.gallery.click(self.combos()[1].middle)
+        self.gallery.key("Down", "Return")
+        wait_for("the tiles", lambda: self.item("Pictures") != before)
+        self.gallery.click(self.item("Pictures"))
+        self.gallery.key("Return")
+        wait_for("the folder", lambda: self.path().endswith("\\Pictures"))
+        combo = self.combos()[0]
+        self.gallery.click((combo.x + combo.cx - 8, combo.middle[1]))
+        self.gallery.click((combo.x + 40, combo.y + combo.cy + 33))  # the second row
+        wait_for("the folder before", lambda: self.path().endswith(SAMPLE) and "Documents" in self.names())
+
     def test_everything_stays_within_a_small_window(self):
         self.gallery.click(self.gallery.control("command", "800 x 600").middle)
         wait_for("the small size", lambda: self.gallery.button("Go").x < 840)
@@ -77,9 +97,12 @@ class ExplorerTest(unittest.TestCase):
 
     def await_large_folder(self):
         """Opens a large folder by its path and sees it read with a progress bar, and to the end."""
-        self.gallery.click(next(c for c in self.controls() if SAMPLE in c.text).middle)
-        self.gallery.key("ctrl+a")
-        self.gallery.type("C:\\windows\\system32\\")
-        self.gallery.lines("Return")
-        self.assertIn("GProgressBar", [c.class_name for c in self.gallery.controls()])
-        self.await_status(" items, 0 selected")
+        with tempfile.TemporaryDirectory(prefix="gesso-") as folder:
+            for i in range(KINDS):
+                pathlib.Path(folder, f"file.{i}").touch()
+            self.gallery.click(next(c for c in self.controls() if SAMPLE in c.text).middle)
+            self.gallery.key("ctrl+a")
+            self.gallery.type(self.gallery.windows_path(folder))
+            self.gallery.lines("Return")
+            self.assertIn("GProgressBar", [c.class_name for c in self.gallery.controls()])
+            self.await_status(f"{KINDS} items, 0 selected")

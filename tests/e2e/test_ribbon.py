@@ -196,6 +196,15 @@ class Ribbon(GalleryTest):
         reported = f"WM_COMMAND id {box.id} code {CBN_SELCHANGE} from GComboBox '10 points'"
         self.assertEqual(self.gallery.commands(), [reported])
 
+    def test_tab_goes_to_hosted_windows_and_with_ctrl_out_of_the_text(self):
+        self.gallery.click(self.editor.middle)
+        stops = []
+        for keys in (("ctrl+Tab",), ("Tab",), ("Tab",)):
+            self.gallery.lines(*keys)
+            stops.append(self.gallery.first("focus").id)
+        hosted = {c.id for c in self.gallery.controls() if c.class_name in ("GComboBox", "GEdit")} - {self.editor.id}
+        self.assertEqual((set(stops[:2]), stops[2]), (hosted, self.editor.id))
+
     # --- The value menu
 
     def open_menu(self):

@@ -1,9 +1,12 @@
+#include "../support/Interception.h"
 #include "../support/Numbers.h"
 #include "ListFixture.h"
 
 #include <gesso/containers/Misuse.h>
 
 #include <climits>
+#include <functional>
+#include <memory>
 
 namespace {
 
@@ -305,6 +308,48 @@ TEST_F(GListLayoutTest, BarsComeAndGoWithTheContentAndTheWindow)
     list.RemoveAllItems();
     list.RemoveAllColumns();
     EXPECT_EQ(list.elements.GetLength(), 0u);
+}
+
+// A bar that comes repaints the frame, and the parent draws in the corner between the two.
+TEST_F(GListLayoutTest, TheParentMayDeleteTheListAsItDrawsBehindTheBars)
+{
+    struct Case
+    {
+        UINT cxColumn;
+        UINT items;
+        std::function<void(GList&)> act;
+    };
+    constexpr UINT WIDE = 400;
+    const PFNLISTGROUP groupOf = [](GList* pList, void*) {
+        return pList->GetGroupCount() ? 0 : pList->InsertGroup(0, L"all", 0, 0);
+    };
+    const Case cases[] = {
+        {WIDE, 1, [](GList& own) { own.SetItemHeight(500); }},
+        {WIDE, 3, [](GList& own) { own.InsertItem(0, 0, nullptr, 0, L"a", 0); }},
+        {WIDE, 3, [](GList& own) { own.MoveWindow(0, 0, 100, 50); }},
+        {WIDE, 3, [](GList& own) { own.Group(0, false); }},
+        {50, 9, [](GList& own) { own.SetListStyle(GLS_ICONS); }},
+        {50, 9,
+         [](GList& own) {
+             own.InsertColumn(1, 0, 0, WIDE, 20, L"B", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+         }},
+    };
+    for (const Case& c : cases) {
+        auto own = std::make_unique<ProbeList>();
+        own->Create(0, 0, 100, 100, host, LIST_ID, GLS_DETAILS, 0, WS_CHILD | WS_VISIBLE);
+        own->InsertColumn(0, 0, 0, c.cxColumn, 20, L"A", 0, LCT_TEXT, nullptr, groupOf, nullptr, nullptr);
+        for (UINT i = 0; i < c.items; ++i) {
+            own->InsertItem(i, 0, nullptr, 0, L"a", 0);
+        }
+        const HWND hwnd = *own;
+        const Interception background(host, WM_ERASEBKGND, [&] {
+            DestroyWindow(hwnd);
+            own = nullptr;
+        });
+        c.act(*own);
+        DispatchAll();
+        EXPECT_EQ(own, nullptr) << &c - cases;
+    }
 }
 
 TEST_F(GListLayoutTest, ScrollingStepsByLinesAndPagesAndStopsAtTheEnds)
