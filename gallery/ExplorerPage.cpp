@@ -203,6 +203,7 @@ private:
         }
         m_pList->RemoveAllItems(); // they point into the folder that goes
         m_pList->RemoveAllGroups();
+        m_left = ParentOf(m_path) == path ? LastNameOf(m_path) : L"";
         m_path = path;
         ShowPath();
         m_pTree->SelectFolder(path);
@@ -260,6 +261,9 @@ private:
     void EndShow()
     {
         m_pList->End();
+        if (GetFocus() == m_pList->GetHwnd()) {
+            m_pList->GoTo(m_left);
+        }
         ShowStatus();
     }
 
@@ -377,6 +381,7 @@ private:
     std::unique_ptr<NameEdit> m_pEdit;
     int m_cxTree = 210;
     std::wstring m_path;
+    std::wstring m_left; // the folder in it that was shown before
     Slices m_slices;
     std::unique_ptr<FolderReader> m_reader; // while a folder is read
     Folder m_shown;

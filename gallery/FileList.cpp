@@ -1,5 +1,7 @@
 #include <gallery/FileList.h>
 
+#include <algorithm>
+
 namespace gallery {
 namespace {
 
@@ -108,7 +110,9 @@ void FileList::Restart(UINT uStyle, UINT nColumns)
     RemoveAllItems();
     RemoveAllGroups();
     RemoveAllColumns();
-    SetListStyle(GLS_DETAILS); // without columns, so that icons show the first one, the name
+    SetScrollPos(SB_VERT, 0, TRUE);
+    cursorItem = lastItem = shiftAnchor = END; // of the rows that were here
+    SetListStyle(GLS_DETAILS);                 // without columns, so that icons show the first one, the name
     SetImageList(uView == GLS_DETAILS ? SmallFileImages() : LargeFileImages());
     SetItemHeight(uView == GLS_TILES ? TILE_HEIGHT : ROW_HEIGHT);
     SetListStyle(uStyle);
@@ -145,6 +149,23 @@ UINT FileList::GroupByType(GList* pList, void* customData)
 File* FileList::FileAt(UINT item) const
 {
     return item < GetItemCount() ? static_cast<File*>(GetItemCustomData(item)) : nullptr;
+}
+
+void FileList::GoTo(const std::wstring& name)
+{
+    if (GetItemCount() == 0) {
+        return;
+    }
+    UINT item = GetItemCount() - 1;
+    while (item > 0 && FileAt(item)->name != name) {
+        item--;
+    }
+    cursorItem = lastItem = shiftAnchor = item;
+    SetFirstSelectedItemIndex(item);
+    RECT rcItem{}, rcList{};
+    GetItemRect(&rcItem, item, NAME);
+    GetClientRect(*this, &rcList);
+    SetScrollPos(SB_VERT, std::max(0L, rcItem.bottom - rcList.bottom), TRUE);
 }
 
 void FileList::AddParts(std::vector<Part>& parts)

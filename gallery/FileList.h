@@ -41,6 +41,8 @@ public:
     void ShowNamesOnly(UINT uStyle);
     // Null where there is no such item.
     File* FileAt(UINT item) const;
+    // Selects a file and has the keys go on from there: the one of that name, or else the first.
+    void GoTo(const std::wstring& name);
 
     // The items in sight.
     void AddParts(std::vector<Part>& parts);

@@ -178,12 +178,19 @@ int Gallery::Run()
 {
     MSG msg{};
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
-        if (!PressMnemonic(m_hwnd, msg) && !LeaveField(m_hwnd, msg) && !IsDialogMessageW(m_hwnd, &msg)) {
+        if (!IsForDialogs(msg)) {
             TranslateMessage(&msg);
             DispatchMessageW(&msg);
         }
     }
     return static_cast<int>(msg.wParam);
+}
+
+// Tab goes round the page, and from the list of pages into it.
+bool Gallery::IsForDialogs(MSG& msg) const
+{
+    return PressMnemonic(m_hwnd, msg) || LeaveField(m_hwnd, msg) ||
+           IsDialogMessageW(m_page->Window(), &msg) || IsDialogMessageW(m_hwnd, &msg);
 }
 
 // Sees the keys in every message loop, those of dialogs too.
@@ -261,7 +268,6 @@ LRESULT Gallery::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_SIZE: return OnSize();
     case WM_COMMAND: return OnCommand(LOWORD(wParam), lParam);
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
-    case DM_GETDEFID: return OnGetDefaultId();
     case WM_DESTROY: PostQuitMessage(0); return 0;
     default: return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
     }
@@ -284,16 +290,10 @@ LRESULT Gallery::OnSetFocus()
     return 0;
 }
 
-// A command of the ribbon, or what the dialog manager sends for Enter: that is for the page.
 LRESULT Gallery::OnCommand(UINT uId, LPARAM lParam)
 {
     if (uId >= FIRST_GALLERY_COMMAND && uId < END_OF_GALLERY_COMMANDS) {
         OnRibbon(uId, lParam != 0);
-        return 0;
-    }
-    const HWND hwnd = lParam ? reinterpret_cast<HWND>(lParam) : m_page->DefaultButton();
-    if (hwnd && static_cast<UINT>(GetDlgCtrlID(hwnd)) == uId) {
-        SendMessageW(m_page->Window(), WM_COMMAND, uId, reinterpret_cast<LPARAM>(hwnd));
     }
     return 0;
 }
@@ -332,12 +332,6 @@ LRESULT Gallery::OnNotify(const NMHDR& header)
         ShowPage(nPage);
     }
     return 0;
-}
-
-LRESULT Gallery::OnGetDefaultId() const
-{
-    const HWND hwnd = m_page ? m_page->DefaultButton() : nullptr;
-    return hwnd ? MAKELONG(GetDlgCtrlID(hwnd), DC_HASDEFID) : 0;
 }
 
 } // namespace gallery

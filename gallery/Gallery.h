@@ -34,9 +34,9 @@ private:
     LRESULT OnSetFocus();
     LRESULT OnCommand(UINT uId, LPARAM lParam);
     LRESULT OnNotify(const NMHDR& header);
-    LRESULT OnGetDefaultId() const;
     LRESULT OnSize();
 
+    bool IsForDialogs(MSG& msg) const;
     static LRESULT CALLBACK OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam);
     void OnKeyDown(UINT uKey);
     void ShowKeyboardCues() const;

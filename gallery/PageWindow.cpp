@@ -61,6 +61,7 @@ PageWindow::PageWindow(HWND hwndParent, const RECT& rc, std::unique_ptr<Page> pa
     SetWindowLongPtrW(m_hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     m_canvas = std::make_unique<Canvas>(m_hwnd);
     m_page->Build(*m_canvas);
+    EnumChildWindows(m_hwnd, &FindDefaultButton, reinterpret_cast<LPARAM>(&m_hwndDefault));
     Arrange();
     ShowWindow(m_hwnd, SW_SHOW);
 }
@@ -72,13 +73,6 @@ PageWindow::~PageWindow()
     DestroyWindow(m_hwnd);
 }
 
-HWND PageWindow::DefaultButton() const
-{
-    HWND hwnd = nullptr;
-    EnumChildWindows(m_hwnd, &FindDefaultButton, reinterpret_cast<LPARAM>(&hwnd));
-    return hwnd;
-}
-
 LRESULT CALLBACK PageWindow::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     auto* pPage = reinterpret_cast<PageWindow*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
@@ -88,6 +82,7 @@ LRESULT CALLBACK PageWindow::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPA
 LRESULT PageWindow::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
+    case DM_GETDEFID: return OnGetDefaultId();
     case WM_COMMAND: return OnCommand(wParam, lParam);
     case WM_NOTIFY: return OnNotify(lParam);
     case WM_HSCROLL:
@@ -100,8 +95,18 @@ LRESULT PageWindow::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     }
 }
 
+// The dialog manager moves the mark of the default button along with the focus, and takes it back by this.
+LRESULT PageWindow::OnGetDefaultId() const
+{
+    return m_hwndDefault ? MAKELONG(GetDlgCtrlID(m_hwndDefault), DC_HASDEFID) : 0;
+}
+
 LRESULT PageWindow::OnCommand(WPARAM wParam, LPARAM lParam)
 {
+    // What Enter and Esc come as where no button is meant.
+    if (!lParam && (wParam == IDOK || wParam == IDCANCEL)) {
+        return 0;
+    }
     const auto hwndFrom = reinterpret_cast<HWND>(lParam);
     m_report(DescribeCommand(LOWORD(wParam), HIWORD(wParam), hwndFrom));
     return m_page->OnCommand(LOWORD(wParam), HIWORD(wParam), hwndFrom);

@@ -1,5 +1,6 @@
 // The window of the page shown: it holds the page and its canvas, paints their background, scrolls them where
-// it is too small, and hands what the controls report to the gallery.
+// it is too small, and hands what the controls report to the gallery. To the dialog manager it is a dialog
+// box.
 #pragma once
 
 #include <gallery/Page.h>
@@ -24,12 +25,11 @@ public:
     // In the parent's client area.
     void Place(const RECT& rc);
     Page& Content() const { return *m_page; }
-    // The control that Enter presses: null where the page has none.
-    HWND DefaultButton() const;
 
 private:
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnGetDefaultId() const;
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnNotify(LPARAM lParam);
     LRESULT OnScroll(UINT uMsg, WPARAM wParam, LPARAM lParam);
@@ -48,6 +48,7 @@ private:
     bool m_fArranging = false;
     std::unique_ptr<Page> m_page;
     std::unique_ptr<Canvas> m_canvas;
+    HWND m_hwndDefault = nullptr; // what Enter presses, unless another button has the focus
     ReportLine m_report;
 };
 

@@ -45,11 +45,16 @@ class ExplorerTest(unittest.TestCase):
         self.assertEqual(self.names()[:3], ["Documents", "Pictures", "Sounds"])
         self.open("Documents")
         wait_for("the folder", lambda: self.path().endswith("\\Documents") and "Notes.txt" in self.names())
-        self.gallery.click(self.item("Old drafts"))
-        self.gallery.key("Return")
+        self.gallery.key("Return")  # the first one is selected
         wait_for("the folder below", lambda: self.path().endswith("\\Old drafts"))
         self.gallery.key("BackSpace", "BackSpace")
-        wait_for("the first folder", lambda: self.path().endswith(SAMPLE))
+        wait_for("the first folder", lambda: self.path().endswith(SAMPLE) and "Pictures" in self.names())
+        self.gallery.key("Down", "Return")  # from the one that was left
+        wait_for("the folder behind it", lambda: self.path().endswith("\\Pictures"))
+
+    def test_enter_presses_go_wherever_the_focus_has_been(self):
+        self.gallery.key("Tab", "Tab", "Tab")  # past two buttons, to the views
+        self.assertIn(self.gallery.button("Go").command(), self.gallery.lines("Return"))
 
     def test_f2_renames_in_place_and_escape_leaves_the_name(self):
         self.gallery.click(self.item("Shopping list.txt"))
