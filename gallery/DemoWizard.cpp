@@ -49,7 +49,7 @@ enum PageIndex
 class DemoWizard::DemoPage
 {
 public:
-    explicit DemoPage(int nIndex) : m_nIndex(nIndex) {}
+    DemoPage(int nIndex, bool fLast) : m_nIndex(nIndex), m_fLast(fLast) {}
 
     void Build(HWND hwnd)
     {
@@ -71,7 +71,7 @@ public:
     {
         switch (notify.hdr.code) {
         case WZN_SETACTIVE:
-            SendMessageW(::GetParent(hwnd), DM_SETDEFID, m_nIndex == READY ? WZB_FINISH : WZB_NEXT, 0);
+            SendMessageW(::GetParent(hwnd), DM_SETDEFID, m_fLast ? WZB_FINISH : WZB_NEXT, 0);
             break;
         case WZN_KILLACTIVE: notify.nResult = MayLeave(); break;
         case WZN_FINISH: notify.nResult = 1; break;
@@ -126,6 +126,7 @@ private:
     }
 
     int m_nIndex;
+    bool m_fLast;
     std::unique_ptr<Canvas> m_canvas;
     GCheckBox* m_pBox = nullptr;
     GLabel* m_pWarning = nullptr;
@@ -136,7 +137,7 @@ DemoWizard::DemoWizard(UINT nPages)
 {
     m_pConfig = &CONFIG;
     for (UINT i = 0; i < nPages && i < PAGE_COUNT; i++) {
-        m_demoPages[i] = std::make_unique<DemoPage>(static_cast<int>(i));
+        m_demoPages[i] = std::make_unique<DemoPage>(static_cast<int>(i), i + 1 == nPages);
         m_records[i] = {nullptr, GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDR_WIZARD_PAGE), &PageProc,
                         reinterpret_cast<LPARAM>(m_demoPages[i].get())};
         InsertPage(i, &m_records[i]);

@@ -1,25 +1,16 @@
 #include <gallery/Layout.h>
 #include <gallery/Report.h>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace gallery {
 namespace {
 
-// A text on one line, without what parts the fields.
-std::string FieldOf(std::wstring text)
-{
-    std::replace_if(
-        text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
-    return ToUtf8(text);
-}
-
 void WriteLine(FILE* file, const Part& part)
 {
     const RECT& rc = part.rc;
     std::fprintf(file, "%s\t%u\t%s\t%ld\t%ld\t%ld\t%ld\n", ToUtf8(part.kind).c_str(), part.uId,
-                 FieldOf(part.text).c_str(), rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
+                 ToUtf8(OneLine(part.text)).c_str(), rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
 }
 
 BOOL CALLBACK WriteControl(HWND hwnd, LPARAM lParam)

@@ -1,5 +1,7 @@
 #include <gallery/Report.h>
 
+#include <algorithm>
+
 namespace gallery {
 namespace {
 
@@ -45,7 +47,7 @@ std::wstring TextOf(HWND hwnd)
 
 std::wstring DescribeWindow(HWND hwnd)
 {
-    return ClassOf(hwnd) + L" '" + TextOf(hwnd) + L"'";
+    return ClassOf(hwnd) + L" '" + OneLine(TextOf(hwnd)) + L"'";
 }
 
 std::wstring DescribeCommand(UINT uId, UINT uCode, HWND hwndFrom)
@@ -65,6 +67,13 @@ std::wstring DescribeScroll(UINT uCode, UINT uPos, HWND hwndFrom)
 {
     const std::wstring code = std::to_wstring(uCode) + L" position " + std::to_wstring(uPos);
     return L"WM_VSCROLL code " + code + L" from " + DescribeWindow(hwndFrom);
+}
+
+std::wstring OneLine(std::wstring text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
+    return text;
 }
 
 std::string ToUtf8(const std::wstring& text)

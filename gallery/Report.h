@@ -38,6 +38,8 @@ private:
     FILE* m_file = nullptr;
 };
 
+// With a space in the place of each line end and tab.
+std::wstring OneLine(std::wstring text);
 std::string ToUtf8(const std::wstring& text);
 
 } // namespace gallery
