@@ -29,6 +29,11 @@ GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, 
     return label;
 }
 
+void Canvas::Place(GWnd& control, int x, int y, int cx, int cy) const
+{
+    control.MoveWindow(x - GetScrollPos(m_hwnd, SB_HORZ), y - GetScrollPos(m_hwnd, SB_VERT), cx, cy);
+}
+
 void Canvas::Title(LPCWSTR pszTitle, LPCWSTR pszAbout)
 {
     Text({MARGIN, 14, MARGIN + CONTENT_WIDTH, 46}, pszTitle, TitleFont(), RGB(0, 0, 0));

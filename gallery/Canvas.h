@@ -39,6 +39,9 @@ public:
         return result;
     }
 
+    // Moves a control on the page, which may be scrolled by now.
+    void Place(GWnd& control, int x, int y, int cx, int cy) const;
+
     // The page's title and a sentence about it, at the top.
     void Title(LPCWSTR pszTitle, LPCWSTR pszAbout);
     GLabel& Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, DWORD dwStyle = 0);

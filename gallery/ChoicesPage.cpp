@@ -34,6 +34,7 @@ class Panes
 public:
     void Build(Canvas& canvas, POINT pt)
     {
+        m_pCanvas = &canvas;
         m_rc = BlockBelow(canvas, pt, L"A separator between two panes");
         m_pLeft = &MakePane(canvas, LandscapeBitmap(BLOCK_WIDTH, BLOCK_HEIGHT));
         m_pRight = &MakePane(canvas, SketchBitmap(BLOCK_WIDTH, BLOCK_HEIGHT));
@@ -62,11 +63,12 @@ private:
     {
         x = std::clamp(x, m_rc.left + SMALLEST_PANE, m_rc.right - SMALLEST_PANE - Splitter::WIDTH);
         const int xRight = x + Splitter::WIDTH;
-        m_pLeft->MoveWindow(m_rc.left, m_rc.top, x - m_rc.left, BLOCK_HEIGHT);
+        m_pCanvas->Place(*m_pLeft, m_rc.left, m_rc.top, x - m_rc.left, BLOCK_HEIGHT);
         m_splitter.Place(x, m_rc.top, BLOCK_HEIGHT);
-        m_pRight->MoveWindow(xRight, m_rc.top, m_rc.right - xRight, BLOCK_HEIGHT);
+        m_pCanvas->Place(*m_pRight, xRight, m_rc.top, m_rc.right - xRight, BLOCK_HEIGHT);
     }
 
+    Canvas* m_pCanvas = nullptr;
     RECT m_rc{};
     GLabel* m_pLeft = nullptr;
     GLabel* m_pRight = nullptr;

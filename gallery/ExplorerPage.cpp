@@ -58,6 +58,7 @@ public:
 
     void Build(Canvas& canvas) override
     {
+        m_pCanvas = &canvas;
         m_hwnd = canvas.Window();
         MakeHead(canvas);
         MakePanes(canvas);
@@ -77,17 +78,17 @@ public:
         const int nRight = size.cx - EDGE;
         m_cxTree = std::clamp(m_cxTree, LEAST_PANE, nRight - EDGE - Splitter::WIDTH - LEAST_PANE);
         const int nBottom = size.cy - EDGE - STATUS_HEIGHT - 6;
-        m_pUp->MoveWindow(EDGE, EDGE, UP_WIDTH, ROW_HEIGHT);
-        m_pPath->MoveWindow(PATH_LEFT, EDGE, nRight - GO_WIDTH - 8 - PATH_LEFT, ROW_HEIGHT);
-        m_pGo->MoveWindow(nRight - GO_WIDTH, EDGE, GO_WIDTH, ROW_HEIGHT);
-        m_pViews->MoveWindow(PATH_LEFT, OPTIONS_TOP, VIEWS_WIDTH, ROW_HEIGHT);
-        m_pGroup->MoveWindow(PATH_LEFT + VIEWS_WIDTH + 16, OPTIONS_TOP, GROUP_WIDTH, ROW_HEIGHT);
-        m_pTree->MoveWindow(EDGE, PANES_TOP, m_cxTree, nBottom - PANES_TOP);
+        m_pCanvas->Place(*m_pUp, EDGE, EDGE, UP_WIDTH, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pPath, PATH_LEFT, EDGE, nRight - GO_WIDTH - 8 - PATH_LEFT, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pGo, nRight - GO_WIDTH, EDGE, GO_WIDTH, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pViews, PATH_LEFT, OPTIONS_TOP, VIEWS_WIDTH, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pGroup, PATH_LEFT + VIEWS_WIDTH + 16, OPTIONS_TOP, GROUP_WIDTH, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pTree, EDGE, PANES_TOP, m_cxTree, nBottom - PANES_TOP);
         const int xList = EDGE + m_cxTree + Splitter::WIDTH;
         m_splitter.Place(EDGE + m_cxTree, PANES_TOP, nBottom - PANES_TOP);
-        m_pList->MoveWindow(xList, PANES_TOP, nRight - xList, nBottom - PANES_TOP);
-        m_pStatus->MoveWindow(EDGE, nBottom + 8, nRight - PROGRESS_WIDTH - EDGE - EDGE, STATUS_HEIGHT);
-        m_pProgress->MoveWindow(nRight - PROGRESS_WIDTH, nBottom + 10, PROGRESS_WIDTH, 12);
+        m_pCanvas->Place(*m_pList, xList, PANES_TOP, nRight - xList, nBottom - PANES_TOP);
+        m_pCanvas->Place(*m_pStatus, EDGE, nBottom + 8, nRight - PROGRESS_WIDTH - EDGE - EDGE, STATUS_HEIGHT);
+        m_pCanvas->Place(*m_pProgress, nRight - PROGRESS_WIDTH, nBottom + 10, PROGRESS_WIDTH, 12);
     }
 
     LRESULT OnCommand(UINT, UINT uCode, HWND hwndFrom) override
@@ -366,6 +367,7 @@ private:
         m_lastWords.clear();
     }
 
+    Canvas* m_pCanvas = nullptr;
     HWND m_hwnd = nullptr;
     SIZE m_size{};
     GButton* m_pUp = nullptr;

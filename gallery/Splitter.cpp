@@ -4,6 +4,7 @@ namespace gallery {
 
 void Splitter::Create(Canvas& canvas)
 {
+    m_pCanvas = &canvas;
     m_pSeparator = &canvas.Own(std::make_unique<GSeparator>());
     m_pSeparator->Create(0, 0, WIDTH, 10, canvas.Window(), canvas.NextId(), WS_EX_TRANSPARENT,
                          WS_CHILD | WS_VISIBLE);
@@ -12,7 +13,7 @@ void Splitter::Create(Canvas& canvas)
 void Splitter::Place(int x, int nTop, int nHeight)
 {
     m_x = x;
-    m_pSeparator->MoveWindow(x, nTop, WIDTH, nHeight);
+    m_pCanvas->Place(*m_pSeparator, x, nTop, WIDTH, nHeight);
 }
 
 std::optional<int> Splitter::DraggedTo(const NMHDR& header)

@@ -20,6 +20,7 @@ public:
     std::optional<int> DraggedTo(const NMHDR& header);
 
 private:
+    Canvas* m_pCanvas = nullptr;
     GSeparator* m_pSeparator = nullptr;
     int m_x = 0;
     int m_xGrip = 0;

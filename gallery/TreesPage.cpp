@@ -93,6 +93,7 @@ class Browser
 public:
     void Build(Canvas& canvas)
     {
+        m_pCanvas = &canvas;
         m_pPlaces = &canvas.Own(std::make_unique<Places>());
         m_pPlaces->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), 0,
                           CHILD | WS_TABSTOP | WS_VSCROLL | GNS_SINGLEEXPAND);
@@ -118,9 +119,9 @@ public:
         const LONG xSplitter = rc.left + std::clamp(m_cxPlaces, LEAST_PLACES, nMost);
         const LONG xList = xSplitter + Splitter::WIDTH;
         const LONG nHeight = rc.bottom - rc.top;
-        m_pPlaces->MoveWindow(rc.left + 1, rc.top + 1, xSplitter - rc.left - 1, nHeight - 2);
+        m_pCanvas->Place(*m_pPlaces, rc.left + 1, rc.top + 1, xSplitter - rc.left - 1, nHeight - 2);
         m_splitter.Place(xSplitter, rc.top + 1, nHeight - 2);
-        m_pList->MoveWindow(xList, rc.top, rc.right - xList, nHeight);
+        m_pCanvas->Place(*m_pList, xList, rc.top, rc.right - xList, nHeight);
     }
 
     void OnNotify(const NMHDR& header)
@@ -161,6 +162,7 @@ private:
         m_pList->SetListStyle(m_pList->GetListStyle());
     }
 
+    Canvas* m_pCanvas = nullptr;
     Places* m_pPlaces = nullptr;
     Splitter m_splitter;
     GList* m_pList = nullptr;

@@ -1,5 +1,5 @@
 """The pages that lay themselves out by their room, in a small window and in a large one."""
-from gallery import GalleryTest
+from gallery import GalleryTest, xdotool
 
 MARGIN = 24
 STATUS_ROOM = 58
@@ -21,3 +21,16 @@ class Sizes(GalleryTest):
                 bottom = room.y + room.cy - main.y - main.cy
                 fills = 0 < right <= MARGIN and 0 < bottom <= STATUS_ROOM
                 self.assertTrue(fills, f"{page}, {size}: {right} and {bottom} are left")
+
+    def test_panes_follow_a_drag_where_the_page_is_scrolled(self):
+        self.gallery.click(self.gallery.control("command", "800 x 600").middle)
+        self.gallery.show_page("Choices")
+        room = next(c for c in self.gallery.settled() if c.class_name == "GessoGalleryPage")
+        for point, button in (((room.x + room.cx - 30, room.y + room.cy - 8), 1), (room.middle, 5)):  # right and down
+            xdotool("mousemove", *point, "click", "--repeat", 12, "--delay", 30, button)
+        self.gallery.lines()
+        strip = self.gallery.first("GSeparator")
+        self.gallery.drag(strip.middle, *((strip.middle[0] - dx, strip.middle[1]) for dx in (20, 40)))
+        self.gallery.lines()
+        moved = self.gallery.first("GSeparator")
+        self.assertEqual((moved.x, moved.y), (strip.x - 40, strip.y))
