@@ -57,8 +57,8 @@ void GRibbonPage::Create(GRibbon* pRibbon)
     if (!pRibbon) {
         return gesso::Misuse("GRibbonPage::Create: no ribbon");
     }
-    m_press.uGroup = m_press.uItem = RIBBON_NONE;
-    m_hover.uGroup = m_hover.uItem = RIBBON_NONE;
+    m_press.group = m_press.item = RIBBON_NONE;
+    m_hover.group = m_hover.item = RIBBON_NONE;
     m_uHotItem = RIBBON_NONE;
     m_hItemFont = g_hDefaultFont;
     m_pRibbon = pRibbon;

@@ -51,9 +51,9 @@ class GESSO_API GRibbonPage
 public:
     struct HitTestInfo
     {
-        POINTS pt;   // in the ribbon's client area
-        UINT uGroup; // index of the group, or RIBBON_NONE
-        UINT uItem;  // index of the group in the high word and of the item in the low one, or RIBBON_NONE
+        POINTS pt;  // in the ribbon's client area
+        UINT group; // index of the group, or RIBBON_NONE
+        UINT item;  // index of the group in the high word and of the item in the low one, or RIBBON_NONE
     };
 
     struct Item

@@ -13,7 +13,7 @@ LRESULT GRibbonPage::OnLButtonDown(WPARAM, POINTS pt)
     InvalidateRibbon();
     m_press.pt = pt;
     HitTest(&m_press);
-    m_uHotItem = m_press.uItem;
+    m_uHotItem = m_press.item;
     SetCapture(RibbonWindow());
     return 0;
 }
@@ -21,16 +21,16 @@ LRESULT GRibbonPage::OnLButtonDown(WPARAM, POINTS pt)
 LRESULT GRibbonPage::OnMouseMove(WPARAM, POINTS pt)
 {
     TrackLeave();
-    const UINT uFormer = m_hover.uItem;
+    const UINT uFormer = m_hover.item;
     m_hover.pt = pt;
     HitTest(&m_hover);
     const bool fOnOther =
-        m_hover.uItem != RIBBON_NONE && m_press.uItem != RIBBON_NONE && m_press.uItem != m_hover.uItem;
+        m_hover.item != RIBBON_NONE && m_press.item != RIBBON_NONE && m_press.item != m_hover.item;
     if (!fOnOther) {
-        m_uState = m_hover.uItem != RIBBON_NONE ? m_uState | GWS_HOT : m_uState & ~GWS_HOT;
-        m_uHotItem = m_hover.uItem;
+        m_uState = m_hover.item != RIBBON_NONE ? m_uState | GWS_HOT : m_uState & ~GWS_HOT;
+        m_uHotItem = m_hover.item;
     }
-    if (m_hover.uItem != uFormer) {
+    if (m_hover.item != uFormer) {
         InvalidateRibbon();
     }
     return 0;
@@ -50,9 +50,9 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
     InvalidateRibbon();
     HitTestInfo release{pt, RIBBON_NONE, RIBBON_NONE};
     HitTest(&release);
-    m_press.uGroup = RIBBON_NONE;
-    if (std::exchange(m_press.uItem, RIBBON_NONE) == release.uItem) {
-        Click(release.uItem);
+    m_press.group = RIBBON_NONE;
+    if (std::exchange(m_press.item, RIBBON_NONE) == release.item) {
+        Click(release.item);
     }
     return 0;
 }
@@ -88,7 +88,7 @@ GRibbonPage::Item* GRibbonPage::ItemOfCode(UINT uItem)
 LRESULT GRibbonPage::OnMouseLeave()
 {
     m_uState &= ~(GWS_HOT | GWS_TRACKING);
-    m_hover.uGroup = m_hover.uItem = RIBBON_NONE;
+    m_hover.group = m_hover.item = RIBBON_NONE;
     InvalidateRibbon();
     return 0;
 }

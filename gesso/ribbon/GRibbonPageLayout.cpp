@@ -210,12 +210,12 @@ void GRibbonPage::RecalcWidth()
 
 void GRibbonPage::HitTest(HitTestInfo* pInfo) const
 {
-    pInfo->uGroup = pInfo->uItem = RIBBON_NONE;
+    pInfo->group = pInfo->item = RIBBON_NONE;
     for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
         if (m_aGroups[i].nRight >= pInfo->pt.x) {
             const UINT nItem = FindItemAt(m_aGroups[i], pInfo->pt);
-            pInfo->uGroup = i;
-            pInfo->uItem = nItem < m_aGroups[i].aItems.GetLength() ? gesso::ItemCode(i, nItem) : RIBBON_NONE;
+            pInfo->group = i;
+            pInfo->item = nItem < m_aGroups[i].aItems.GetLength() ? gesso::ItemCode(i, nItem) : RIBBON_NONE;
             return;
         }
     }

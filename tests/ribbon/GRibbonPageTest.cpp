@@ -466,8 +466,8 @@ TEST_F(GRibbonPageTest, ItemsAreHitFourPixelsRightOfAndBelowTheirPlaceEdgesInclu
     for (const auto& hit : hits) {
         GRibbonPage::HitTestInfo info{{hit.x, hit.y}, 7, 7};
         page.HitTest(&info);
-        EXPECT_EQ(info.uGroup, hit.uGroup) << hit.x << ", " << hit.y;
-        EXPECT_EQ(info.uItem, hit.uItem) << hit.x << ", " << hit.y;
+        EXPECT_EQ(info.group, hit.uGroup) << hit.x << ", " << hit.y;
+        EXPECT_EQ(info.item, hit.uItem) << hit.x << ", " << hit.y;
     }
 }
 
@@ -553,7 +553,7 @@ TEST_F(GRibbonPageTest, TheHotItemFollowsTheMouseButStaysThePressedOneOverOthers
     EXPECT_EQ(page.m_uHotItem, 0u) << "until the next move";
     moves(ptB, 1, true);
     SendMessageW(hwnd, WM_MOUSELEAVE, 0, 0);
-    EXPECT_EQ(page.m_hover.uItem, RIBBON_NONE);
+    EXPECT_EQ(page.m_hover.item, RIBBON_NONE);
     EXPECT_EQ(page.m_uState & (GWS_HOT | GWS_TRACKING), 0u);
     EXPECT_EQ(page.m_uHotItem, 1u) << "the last hot item stays drawn hot";
 }
