@@ -236,6 +236,6 @@ private:
     bool IsGlyphHot(UINT row) const;
     void Toggle(UINT row);
     bool ToggleByClick(UINT row, bool fOnGlyph);
-    void ClickRow(UINT row, POINTS pt);
+    void ClickItem(NavigationBarItem* item, POINTS pt);
     UINT FirstExpanded() const;
 };

@@ -267,10 +267,11 @@ LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
     HitTestInfo hit{pt, NO_ROW, NHT_NOWHERE, 0};
     HitTest(&hit);
     const HitTestInfo press = std::exchange(m_hitDown, NO_HIT);
-    const NavigationBarItem* item = m_aVisible[hit.nItem];
+    NavigationBarItem* item = m_aVisible[hit.nItem];
     if (!item || hit.nItem != press.nItem || !IsSelectable(*item)) {
         return 0;
     }
+    const gesso::ItemHold hold(m_tree.Store(), item);
     const bool fOnGlyph = press.nPart == NHT_GLYPH && hit.nPart == NHT_GLYPH;
     if (HasGlyphAtLeft(*item)) {
         if (fOnGlyph) {
@@ -282,17 +283,26 @@ LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
             return 0;
         }
     }
-    ClickRow(hit.nItem, pt);
+    ClickItem(item, pt);
     return 0;
 }
 
-// By the row's number, which a collapse above may have given to another item by now: hosts rely on it.
-void GNavigationBar::ClickRow(UINT row, POINTS pt)
+// A collapse above may have moved the item's row by now, or hidden it.
+void GNavigationBar::ClickItem(NavigationBarItem* item, POINTS pt)
 {
-    if (row < m_aVisible.GetLength()) {
-        SelectRow(row);
-        SendItem(static_cast<UINT>(NM_CLICK), row, 0, pt.x, pt.y);
+    if (!m_tree.FindInTree(item)) {
+        return;
     }
+    m_pSelected = item;
+    FindSelectedRow();
+    GLISTNOTIFY notify{};
+    notify.iItem = static_cast<int>(m_nSelected);
+    notify.iSubItem = -1;
+    notify.x = pt.x;
+    notify.y = pt.y;
+    notify.pItem = item;
+    notify.uKeyFlags = gesso::ModifierFlags();
+    Frame::SendNotify(*this, static_cast<UINT>(NM_CLICK), &notify.hdr);
 }
 
 LRESULT GNavigationBar::OnLButtonDblClk(WPARAM, POINTS pt)

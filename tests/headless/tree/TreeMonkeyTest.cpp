@@ -217,7 +217,8 @@ private:
         if (m_tree.m_nSelected != m_model.nSelected || m_tree.m_pSelected != HandleOf(m_model.selected)) {
             const ModelItem* row =
                 m_tree.m_nSelected < m_model.rows.size() ? m_model.rows[m_tree.m_nSelected] : nullptr;
-            if (m_tree.m_pSelected) {
+            // A click may collapse the bar's clicked item away.
+            if (m_tree.m_pSelected && (IS_TREE || row)) {
                 ASSERT_EQ(m_tree.m_pSelected, HandleOf(row));
                 ASSERT_FALSE(row->removed);
             }
