@@ -82,7 +82,8 @@ void GScrollbar::ScrSetTotalHeight(UINT nTotal)
     m_nPage = static_cast<UINT>(nHeight);
     m_nFiveSixths = 5 * nHeight / 6;
     m_nTrack = nHeight - 2 * BUTTON;
-    m_nThumb = nTotal ? Truncate(static_cast<double>(nHeight) / nTotal * m_nTrack) : 0;
+    // Before there is a total the track is whole.
+    m_nThumb = nTotal ? Truncate(static_cast<double>(nHeight) / nTotal * m_nTrack) : SMALLEST_THUMB;
     if (m_nThumb < SMALLEST_THUMB) {
         // The track gives back what the thumb takes.
         m_nTrack += m_nThumb - SMALLEST_THUMB;
