@@ -6,13 +6,7 @@
 
 namespace {
 
-using test::Host;
-using test::Reports;
-using test::TakeRepaint;
-
-using test::BUTTON_HEIGHT;
-using test::BUTTON_WIDTH;
-using test::ButtonFixture;
+using namespace test;
 
 template <class CONTROL> class ButtonFamilyTest : public ButtonFixture<CONTROL>
 {};
@@ -175,9 +169,9 @@ TYPED_TEST_SUITE(TextButtonTest, TextButtons);
 TYPED_TEST(TextButtonTest, TextFontAndImageGoInAndOut)
 {
     TypeParam& button = this->control;
-    EXPECT_EQ(test::TextOf(button), "Text");
+    EXPECT_EQ(TextOf(button), "Text");
     this->Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Other"));
-    EXPECT_EQ(test::TextOf(button), "Other");
+    EXPECT_EQ(TextOf(button), "Other");
     EXPECT_EQ(button.GetTextLength(), 5);
 
     const HFONT hFont = CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
@@ -262,14 +256,14 @@ TEST(MadeByName, EachClassMakesItsOwnObjectReadsItsCreationDataAndDeletesTheObje
     };
     for (const auto& row : rows) {
         for (const wchar_t* pData : {data, static_cast<const wchar_t*>(nullptr)}) {
-            const HWND hwnd = CreateWindowExW(0, row.pszClass, row.fText ? L"a title does not count" : L"",
-                                              test::BUTTON_STYLE, 0, 0, 80, 20, host, nullptr, nullptr,
-                                              const_cast<wchar_t*>(pData));
+            const HWND hwnd =
+                CreateWindowExW(0, row.pszClass, row.fText ? L"a title does not count" : L"", BUTTON_STYLE, 0,
+                                0, 80, 20, host, nullptr, nullptr, const_cast<wchar_t*>(pData));
             const GWnd* pControl = GWnd::FromHwnd(hwnd);
-            ASSERT_TRUE(pControl) << test::Narrow(row.pszClass);
+            ASSERT_TRUE(pControl) << Narrow(row.pszClass);
             EXPECT_EQ(typeid(*pControl), row.type);
             EXPECT_EQ(GetWindowLongW(hwnd, 8) & 1, 1);
-            EXPECT_EQ(test::TextOf(hwnd), row.fText && pData ? "From the template" : "");
+            EXPECT_EQ(TextOf(hwnd), row.fText && pData ? "From the template" : "");
             UpdateWindow(hwnd);
             EXPECT_TRUE(DestroyWindow(hwnd));
             EXPECT_EQ(GWnd::FromHwnd(hwnd), nullptr);

@@ -2,10 +2,9 @@
 
 namespace {
 
-using test::Reports;
-using test::TakeRepaint;
+using namespace test;
 
-template <class CONTROL> class CheckTest : public test::ButtonFixture<CONTROL>
+template <class CONTROL> class CheckTest : public ButtonFixture<CONTROL>
 {
 protected:
     static constexpr bool RADIO = std::is_same_v<CONTROL, GRadioButton>;

@@ -9,9 +9,7 @@
 
 namespace {
 
-using test::Host;
-using test::Interception;
-using test::Reports;
+using namespace test;
 
 // A point where a press takes the capture.
 template <class CONTROL> constexpr LPARAM INSIDE = MAKELPARAM(5, 5);
@@ -25,7 +23,7 @@ template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
         control.GetPage(1)->InsertGroup(0, 1, L"Group", 0);
         return hwnd;
     } else {
-        return test::MakeControl(control, hwndParent);
+        return MakeControl(control, hwndParent);
     }
 }
 

@@ -4,8 +4,7 @@
 
 namespace {
 
-using test::Host;
-using test::Narrow;
+using namespace test;
 
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 
@@ -34,7 +33,7 @@ protected:
         const HWND hwnd = CreateWindowExW(0, L"GCommandButton", L"", CHILD, 0, 0, 200, 60, host, nullptr,
                                           nullptr, const_cast<wchar_t*>(pData));
         const auto* pButton = static_cast<GCommandButton*>(GWnd::FromHwnd(hwnd));
-        std::string result = test::TextOf(hwnd) + "/" + NoteOf(*pButton);
+        std::string result = TextOf(hwnd) + "/" + NoteOf(*pButton);
         DestroyWindow(hwnd);
         return result;
     }
@@ -56,12 +55,12 @@ TEST_F(GCommandButtonTest, NoteGoesInAndOutBesideTheTitle)
 {
     Make(button);
     EXPECT_EQ(NoteOf(button), "The note");
-    EXPECT_EQ(test::TextOf(button), "The title");
-    test::TakeRepaint(button);
+    EXPECT_EQ(TextOf(button), "The title");
+    TakeRepaint(button);
     EXPECT_EQ(button.SetNote(L"Another"), 1);
-    EXPECT_TRUE(test::TakeRepaint(button));
+    EXPECT_TRUE(TakeRepaint(button));
     EXPECT_EQ(NoteOf(button), "Another");
-    EXPECT_EQ(test::TextOf(button), "The title");
+    EXPECT_EQ(TextOf(button), "The title");
 
     wchar_t buffer[8];
     int nLength = 7;

@@ -7,8 +7,7 @@
 
 namespace {
 
-using test::Host;
-using test::Narrow;
+using namespace test;
 
 class GLabelTest : public testing::Test
 {
@@ -36,10 +35,10 @@ TEST_F(GLabelTest, IsAStaticControlWithoutAnId)
     SetFocus(hwnd);
     SetFocus(host);
     SendMessageW(hwnd, WM_LBUTTONDOWN, 0, 0);
-    EXPECT_EQ(host.TakeReports(), test::Reports{}) << "a label sends nothing";
-    test::TakeRepaint(hwnd);
+    EXPECT_EQ(host.TakeReports(), Reports{}) << "a label sends nothing";
+    TakeRepaint(hwnd);
     EnableWindow(hwnd, FALSE);
-    EXPECT_TRUE(test::TakeRepaint(hwnd));
+    EXPECT_TRUE(TakeRepaint(hwnd));
     EXPECT_NE(label.Destroy(), 0);
 }
 
@@ -97,7 +96,7 @@ TEST_F(GLabelTest, CalcSizeTextLimitsOnlyTheFreeDirections)
 TEST(Dialog, TemplateMakesControlsWithTheirTextAndTheKeyboardWorks)
 {
     Host host;
-    static test::Reports s_reports;
+    static Reports s_reports;
     s_reports.clear();
     const DLGPROC pfnDialog = [](HWND, UINT uMsg, WPARAM wParam, LPARAM) -> INT_PTR {
         if (uMsg == WM_COMMAND) {
@@ -105,16 +104,16 @@ TEST(Dialog, TemplateMakesControlsWithTheirTextAndTheKeyboardWorks)
         }
         return FALSE;
     };
-    test::DialogTemplate dialog(WS_POPUP | WS_VISIBLE | WS_CAPTION, 200, 100);
+    DialogTemplate dialog(WS_POPUP | WS_VISIBLE | WS_CAPTION, 200, 100);
     dialog.Add(L"GButton", 1, WS_TABSTOP | GBS_DEFAULT, 10, 50, 50, 14, L"OK")
         .Add(L"GLabel", 100, 0, 10, 10, 50, 10, L"&Label")
         .Add(L"GButton", 101, WS_TABSTOP, 70, 50, 50, 14, L"Under the &other mnemonic")
         .AddBare(L"GButton", 102, WS_TABSTOP, 130, 50, 50, 14);
     const HWND hDlg = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), host, pfnDialog, 0);
     ASSERT_TRUE(hDlg);
-    EXPECT_EQ(test::TextOf(GetDlgItem(hDlg, 1)), "OK");
-    EXPECT_EQ(test::TextOf(GetDlgItem(hDlg, 100)), "&Label");
-    EXPECT_EQ(test::TextOf(GetDlgItem(hDlg, 102)), "");
+    EXPECT_EQ(TextOf(GetDlgItem(hDlg, 1)), "OK");
+    EXPECT_EQ(TextOf(GetDlgItem(hDlg, 100)), "&Label");
+    EXPECT_EQ(TextOf(GetDlgItem(hDlg, 102)), "");
 
     const auto key = [&](UINT uMsg, WPARAM wParam) {
         MSG msg{};
@@ -127,7 +126,7 @@ TEST(Dialog, TemplateMakesControlsWithTheirTextAndTheKeyboardWorks)
     EXPECT_TRUE(key(WM_KEYDOWN, VK_TAB));
     EXPECT_EQ(GetFocus(), GetDlgItem(hDlg, 101));
     EXPECT_TRUE(key(WM_KEYDOWN, VK_RETURN));
-    EXPECT_EQ(std::exchange(s_reports, {}), test::Reports{"click 101"})
+    EXPECT_EQ(std::exchange(s_reports, {}), Reports{"click 101"})
         << "the focused button has become the default";
     EXPECT_TRUE(key(WM_SYSCHAR, 'l'));
     EXPECT_EQ(GetFocus(), GetDlgItem(hDlg, 101)) << "a label's mnemonic goes on to the next control";

@@ -2,9 +2,9 @@
 
 namespace {
 
-using test::Reports;
+using namespace test;
 
-class GNavigationButtonTest : public test::ButtonFixture<GNavigationButton>
+class GNavigationButtonTest : public ButtonFixture<GNavigationButton>
 {};
 
 TEST_F(GNavigationButtonTest, StartsWithNoStateAndHasNoUiState)

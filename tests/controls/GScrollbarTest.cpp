@@ -5,12 +5,7 @@
 
 namespace {
 
-using test::BAR_HEIGHT;
-using test::BAR_WIDTH;
-using test::Host;
-using test::ProbeScrollbar;
-using test::Reports;
-using test::TakeRepaint;
+using namespace test;
 
 constexpr int ID = 12;
 
@@ -88,11 +83,7 @@ TEST_F(GScrollbarTest, PartsOfTheBar)
 {
     ShowHalf();
     bar.SetScrollPos(BAR_HEIGHT / 2);
-    struct
-    {
-        int y;
-        WORD wHit;
-    } const rows[] = {
+    const std::pair<int, WORD> rows[] = {
         {-1, 0},
         {0, SBH_UP},
         {16, SBH_UP},
@@ -106,8 +97,8 @@ TEST_F(GScrollbarTest, PartsOfTheBar)
         {BAR_HEIGHT, SBH_DOWN},
         {BAR_HEIGHT + 1, 0},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(bar.HitAt(row.y), row.wHit) << row.y;
+    for (const auto& [y, wHit] : rows) {
+        EXPECT_EQ(bar.HitAt(y), wHit) << y;
     }
     EXPECT_EQ(bar.HitAt(5, -1), 0);
     EXPECT_EQ(bar.HitAt(5, BAR_WIDTH), SBH_UP);
@@ -264,8 +255,8 @@ TEST_F(GScrollbarTest, ParentMayDestroyTheBarInEveryReport)
         pDoomed->InitScrollBar(0);
         pDoomed->ScrSetTotalHeight(2 * BAR_HEIGHT);
         pDoomed->SetScrollPos(BAR_HEIGHT);
-        test::ExpectSurvival(host, report, pDoomed, act);
-        test::DispatchAll();
+        ExpectSurvival(host, report, pDoomed, act);
+        DispatchAll();
     };
     const auto press = [](int y) {
         return [y](HWND hwnd) {

@@ -1,11 +1,11 @@
 #include "Survival.h"
 
+#include <array>
 #include <cstring>
 
 namespace {
 
-using test::Host;
-using test::Reports;
+using namespace test;
 
 constexpr int ID = 12;
 
@@ -53,32 +53,23 @@ TEST_F(GSeparatorTest, DragIsToldFromPressToRelease)
 
 TEST_F(GSeparatorTest, RecordHoldsThePointerInItsFixedPlaces)
 {
-    std::vector<unsigned char> bytes;
+    std::array<int, 20> words{};
+    HWND hwndFrom = nullptr;
     host.onNotify = [&](const NMHDR& header) {
         if (header.code == GSN_DRAG) {
-            const auto* pBytes = reinterpret_cast<const unsigned char*>(&header);
-            bytes.assign(pBytes, pBytes + 80);
+            std::memcpy(words.data(), &header, sizeof(words));
+            hwndFrom = header.hwndFrom;
         }
     };
     Mouse(separator, WM_LBUTTONDOWN);
     Mouse(separator, WM_MOUSEMOVE, -20, 300);
     Mouse(separator, WM_LBUTTONUP);
-    ASSERT_EQ(bytes.size(), 80u);
-    const auto read = [&](size_t nAt) {
-        int n = 0;
-        std::memcpy(&n, &bytes[nAt], sizeof(n));
-        return n;
-    };
-    HWND hwndFrom = nullptr;
-    std::memcpy(&hwndFrom, &bytes[0], sizeof(HWND));
     EXPECT_EQ(hwndFrom, separator.GetHwnd());
-    EXPECT_EQ(read(8), ID);
-    EXPECT_EQ(read(16), -103);
-    EXPECT_EQ(read(48), -20) << "negative to the left of the strip";
-    EXPECT_EQ(read(52), 300);
-    for (const size_t nAt : std::initializer_list<size_t>{24, 28, 32, 36, 40, 44, 56, 60, 64, 68, 72, 76}) {
-        EXPECT_EQ(read(nAt), 0) << nAt;
-    }
+    EXPECT_EQ(words[2], ID);
+    EXPECT_EQ(words[4], -103);
+    // From the 24th byte on: the pointer, negative to the left of the strip, and nothing else.
+    EXPECT_EQ(std::vector(words.begin() + 6, words.end()),
+              (std::vector<int>{0, 0, 0, 0, 0, 0, -20, 300, 0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(GSeparatorTest, CaptureThatGoesElsewhereEndsTheDragSilently)
@@ -131,7 +122,7 @@ TEST_F(GSeparatorTest, PaintsNothingAndLetsNoPaintWait)
     EXPECT_EQ(separator.State(), 0u);
     separator.Invalidate(0);
     UpdateWindow(separator);
-    EXPECT_FALSE(test::TakeRepaint(separator));
+    EXPECT_FALSE(TakeRepaint(separator));
     SendMessageW(separator, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS), 0);
     EXPECT_EQ(separator.State(), GWS_HIDEFOCUS);
 }
@@ -141,7 +132,7 @@ TEST_F(GSeparatorTest, ParentMayDestroyTheSeparatorInEveryReport)
     const auto expectSurvival = [&](const std::string& report, const std::function<void(HWND)>& act) {
         auto* pDoomed = new GSeparator;
         Make(*pDoomed, 33);
-        test::ExpectSurvival(host, report, pDoomed, act);
+        ExpectSurvival(host, report, pDoomed, act);
     };
     const auto drag = [](HWND hwnd) {
         Mouse(hwnd, WM_LBUTTONDOWN);

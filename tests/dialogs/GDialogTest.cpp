@@ -11,6 +11,8 @@
 
 namespace {
 
+using namespace test;
+
 constexpr UINT EMPTY_TEMPLATE = 100;
 constexpr UINT CERTIFICATE_TEMPLATE = 130;
 
@@ -65,7 +67,7 @@ private:
 class GDialogTest : public testing::Test
 {
 protected:
-    test::Host host;
+    Host host;
 };
 
 TEST_F(GDialogTest, TheLibraryHoldsOneTemplateUnderBothIds)
@@ -87,7 +89,7 @@ TEST_F(GDialogTest, StartsFromAnotherModulesResourceAndBindsItsObject)
     EXPECT_EQ(dialog.Create(host, LibraryModule()), 1);
     ASSERT_TRUE(IsWindow(dialog));
     EXPECT_EQ(hwndAtInit, dialog.GetHwnd()) << "known before the start has returned";
-    EXPECT_EQ(test::TextOf(dialog), "Dialog");
+    EXPECT_EQ(TextOf(dialog), "Dialog");
     EXPECT_EQ(reinterpret_cast<HMODULE>(GetWindowLongPtrW(dialog, GWLP_HINSTANCE)),
               GetModuleHandleW(nullptr));
     SendMessageW(dialog, WM_COMMAND, 5, 0);
@@ -131,7 +133,7 @@ TEST_F(GDialogTest, GetTextTellsAFilledBufferFromOneWithRoom)
         int nLength = row.nCapacity;
         EXPECT_EQ(dialog.GetText(buffer.data(), &nLength), row.nResult) << row.nCapacity;
         EXPECT_EQ(nLength, row.nLength) << row.nCapacity;
-        EXPECT_EQ(test::Narrow(buffer.data()), row.pszText) << row.nCapacity;
+        EXPECT_EQ(Narrow(buffer.data()), row.pszText) << row.nCapacity;
     }
     int nLength = 20;
     EXPECT_EQ(dialog.GetText(nullptr, &nLength), 1) << "no buffer is one without room";
@@ -158,12 +160,12 @@ TEST_F(GDialogTest, WindowOutlivesItsObject)
 
 TEST_F(GDialogTest, FindsItsControls)
 {
-    test::DialogTemplate source(WS_POPUP, 100, 50);
+    DialogTemplate source(WS_POPUP, 100, 50);
     source.Add(L"GButton", 7, 0, 5, 5, 40, 14, L"Inside");
     HostDialog dialog;
     dialog.CreateIndirect(host, GetModuleHandleW(nullptr), source.Get());
     ASSERT_TRUE(dialog.GetDlgItem(7));
-    EXPECT_EQ(test::TextOf(dialog.GetDlgItem(7)), "Inside");
+    EXPECT_EQ(TextOf(dialog.GetDlgItem(7)), "Inside");
     EXPECT_EQ(dialog.GetDlgItem(8), nullptr);
     dialog.Destroy();
 }

@@ -171,17 +171,3 @@ class Scrollbar(GalleryTest):
         self.gallery.release()
         count = len(self.gallery.lines())
         self.assertEqual(self.position(), 16 * count)
-
-    def test_a_held_arrow_pauses_while_the_pointer_is_off_it(self):
-        self.press(self.bar.cy - 8)
-        wait_for("a repeat", lambda: len(self.gallery.pending()) > 1)
-        self.gallery.move(self.at(self.bar.cy // 2))
-        self.gallery.lines()
-        time.sleep(0.5)  # five repeats' time: only the clock can show that none comes
-        self.assertEqual(self.gallery.lines(), [])
-        self.gallery.move(self.at(self.bar.cy - 8))
-        wait_for("a repeat", self.gallery.pending)
-        self.gallery.release()
-        self.gallery.lines()
-        time.sleep(0.3)  # and after the release none either
-        self.assertEqual(self.gallery.lines(), [])

@@ -9,12 +9,14 @@
 
 namespace {
 
+using namespace test;
+
 template <class CONTROL> class ClipboardOwnerTest : public testing::Test
 {
 protected:
     ClipboardOwnerTest()
     {
-        test::MakeControl(*m_pControl, host);
+        MakeControl(*m_pControl, host);
         m_pControl->SetText(L"text that the heap keeps");
         // With nothing on it so far: what is wanted is asked for.
         OpenClipboard(host);
@@ -22,16 +24,16 @@ protected:
         SetClipboardData(CF_UNICODETEXT, nullptr);
         CloseClipboard();
     }
-    ~ClipboardOwnerTest() override { test::EmptyTheClipboard(); }
+    ~ClipboardOwnerTest() override { EmptyTheClipboard(); }
 
     // Selects all and presses the key; the clipboard's owner does what it does, and destroys the control.
     void ExpectSurvival(WPARAM wKey, UINT uMsgToOwner, const std::function<void()>& answer)
     {
-        const test::HeldKeys keys({VK_CONTROL});
+        const HeldKeys keys({VK_CONTROL});
         const HWND hwnd = m_pControl->GetHwnd();
         SendMessageW(hwnd, WM_KEYDOWN, 'A', 1);
         host.TakeReports();
-        const test::Interception told(host, uMsgToOwner, [&] {
+        const Interception told(host, uMsgToOwner, [&] {
             answer();
             DestroyWindow(hwnd);
             m_pControl.reset();
@@ -39,10 +41,10 @@ protected:
         SendMessageW(hwnd, WM_KEYDOWN, wKey, 1);
         EXPECT_TRUE(told.Happened());
         EXPECT_FALSE(IsWindow(hwnd));
-        EXPECT_EQ(host.TakeReports(), test::Reports{});
+        EXPECT_EQ(host.TakeReports(), Reports{});
     }
 
-    test::Host host;
+    Host host;
 
 private:
     std::unique_ptr<CONTROL> m_pControl = std::make_unique<CONTROL>();
@@ -58,8 +60,7 @@ TYPED_TEST(ClipboardOwnerTest, MayDestroyTheControlThatCuts)
 
 TYPED_TEST(ClipboardOwnerTest, MayDestroyTheControlThatPastes)
 {
-    this->ExpectSurvival('V', WM_RENDERFORMAT,
-                         [] { SetClipboardData(CF_UNICODETEXT, test::BlockOf(L"pasted")); });
+    this->ExpectSurvival('V', WM_RENDERFORMAT, [] { SetClipboardData(CF_UNICODETEXT, BlockOf(L"pasted")); });
 }
 
 } // namespace

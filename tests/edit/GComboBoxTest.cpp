@@ -10,10 +10,7 @@
 
 namespace {
 
-using test::Host;
-using test::Narrow;
-using test::Reports;
-using test::TextOf;
+using namespace test;
 
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr UINT NONE = static_cast<UINT>(-1);
@@ -96,7 +93,7 @@ TEST_F(GComboBoxTest, ItemsKeepTheirPlaceAndWhatTheHostGaveThem)
 TEST_F(GComboBoxTest, ABadIndexIsAnsweredWithNothing)
 {
     Make(GCBS_PLAIN, {L"a"});
-    const test::AllowMisuse allowed;
+    const AllowMisuse allowed;
     for (const UINT nIndex : {1u, NONE}) {
         EXPECT_EQ(combo.GetItemFlags(nIndex), 0u);
         EXPECT_EQ(combo.GetItemText(nIndex), nullptr);
@@ -174,12 +171,7 @@ TEST_F(GComboBoxTest, DialogCodeFillsAndReadsItByMessages)
 TEST_F(GComboBoxTest, AStringIsFoundByAnyOfItsLetters)
 {
     Make(GCBS_DROPDOWNLIST, {L"apple", L"Banana", L"", L"cherry", L"blue"});
-    const struct
-    {
-        WPARAM wStart;
-        LPCWSTR pszSearch;
-        int nHit;
-    } rows[] = {
+    const std::tuple<WPARAM, LPCWSTR, int> rows[] = {
         {static_cast<WPARAM>(-1), L"a", 0},
         {0, L"A", 0},
         {0, L"b", 1},
@@ -193,9 +185,9 @@ TEST_F(GComboBoxTest, AStringIsFoundByAnyOfItsLetters)
         {0, L"x", CB_ERR},
         {0, L"", CB_ERR},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Send(CB_FINDSTRING, row.wStart, Text(row.pszSearch)), row.nHit)
-            << static_cast<int>(row.wStart) << " " << Narrow(row.pszSearch);
+    for (const auto& [wStart, pszSearch, nHit] : rows) {
+        EXPECT_EQ(Send(CB_FINDSTRING, wStart, Text(pszSearch)), nHit)
+            << static_cast<int>(wStart) << " " << Narrow(pszSearch);
     }
     EXPECT_EQ(Send(CB_SELECTSTRING, 2, Text(L"B")), 4);
     EXPECT_EQ(TextOf(combo), "blue");
@@ -247,16 +239,13 @@ TEST_F(GComboBoxTest, KeysStepThroughTheItemsAndTell)
         for (const LPCWSTR psz : {L"a", L"b", L"c", L"d"}) {
             combo.InsertItem(NONE, 0, psz, 0, nullptr);
         }
-        const struct
-        {
-            UINT uKey;
-            UINT nSelected;
-        } rows[] = {{VK_DOWN, 0}, {VK_RIGHT, 1}, {VK_UP, 0},   {VK_LEFT, 0}, {VK_END, 3},
-                    {VK_DOWN, 3}, {VK_HOME, 0},  {VK_NEXT, 3}, {VK_PRIOR, 0}};
-        for (const auto& row : rows) {
-            Key(row.uKey);
-            EXPECT_EQ(combo.GetSelected(), row.nSelected) << row.uKey;
-            EXPECT_EQ(host.TakeReports(), Reports{SELCHANGE}) << "at the ends as well " << row.uKey;
+        const std::pair<UINT, UINT> rows[] = {{VK_DOWN, 0}, {VK_RIGHT, 1}, {VK_UP, 0},
+                                              {VK_LEFT, 0}, {VK_END, 3},   {VK_DOWN, 3},
+                                              {VK_HOME, 0}, {VK_NEXT, 3},  {VK_PRIOR, 0}};
+        for (const auto& [uKey, nSelected] : rows) {
+            Key(uKey);
+            EXPECT_EQ(combo.GetSelected(), nSelected) << uKey;
+            EXPECT_EQ(host.TakeReports(), Reports{SELCHANGE}) << "at the ends as well " << uKey;
         }
         Key('A');
         EXPECT_EQ(host.TakeReports(), Reports{});
@@ -271,14 +260,10 @@ TEST_F(GComboBoxTest, KeysStepThroughTheItemsAndTell)
 TEST_F(GComboBoxTest, TheWheelStepsThroughTheItems)
 {
     Make(GCBS_DROPDOWN, {L"a", L"b", L"c", L"d"});
-    const struct
-    {
-        int nDelta;
-        UINT nSelected;
-    } rows[] = {{-120, 0}, {-240, 2}, {119, 2}, {120, 1}, {1200, 0}, {-32000, 3}};
-    for (const auto& row : rows) {
-        Wheel(row.nDelta);
-        EXPECT_EQ(combo.GetSelected(), row.nSelected) << row.nDelta;
+    const std::pair<int, UINT> rows[] = {{-120, 0}, {-240, 2}, {119, 2}, {120, 1}, {1200, 0}, {-32000, 3}};
+    for (const auto& [nDelta, nSelected] : rows) {
+        Wheel(nDelta);
+        EXPECT_EQ(combo.GetSelected(), nSelected) << nDelta;
         EXPECT_EQ(host.TakeReports(), Reports{SELCHANGE});
     }
     EXPECT_EQ(TextOf(combo), "d");
@@ -420,7 +405,7 @@ TEST_F(GComboBoxTest, TheParentMayDestroyTheControlWhenTold)
 
 TEST_F(GComboBoxTest, ADialogMakesItByNameWithTextAndAListOfDialogUnits)
 {
-    test::DialogTemplate dialog(WS_POPUP, 200, 100);
+    DialogTemplate dialog(WS_POPUP, 200, 100);
     dialog.Add(L"GComboBox", 5, CHILD | GCBS_DROPDOWN, 10, 10, 80, 14, L"typed");
     const HWND hwndDialog = CreateDialogIndirectParamW(
         GetModuleHandleW(nullptr), dialog.Get(), host,

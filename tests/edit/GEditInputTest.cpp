@@ -7,11 +7,11 @@
 
 namespace {
 
-using test::Reports;
+using namespace test;
 
 const Reports CHANGED = {"click 7 code 768"}; // EN_CHANGE
 
-class GEditInputTest : public test::EditFixture
+class GEditInputTest : public EditFixture
 {
 protected:
     void Set(LPCWSTR pszText, UINT nLine, UINT nChar)
@@ -42,7 +42,7 @@ TEST_F(GEditInputTest, TypingInsertsReplacesAndTellsTheParent)
     EXPECT_EQ(Char(L'\n'), 1) << "Ctrl+Enter";
     EXPECT_EQ(Char(27), 1);
     host.TakeReports();
-    const test::HeldKeys keys({VK_CONTROL});
+    const HeldKeys keys({VK_CONTROL});
     EXPECT_EQ(Char(L'q'), 0);
     EXPECT_EQ(Now(), "X/|b| 1,0");
     EXPECT_EQ(host.TakeReports(), Reports{});
@@ -123,10 +123,10 @@ TEST_F(GEditInputTest, DeleteAtALineEndTakesTwoCharactersByTheNextLinesLength)
     EXPECT_EQ(Now(), "abcd/|ef| 0,2");
     Set(L"ab\ncdefg\nhi", 0, 2);
     Key(VK_DELETE);
-    EXPECT_EQ(test::TextOf(edit), "ab\rdefg\r\nhi") << "what ends at 5 is half the line end and a c";
+    EXPECT_EQ(TextOf(edit), "ab\rdefg\r\nhi") << "what ends at 5 is half the line end and a c";
     Set(L"\nx", 0, 0);
     Key(VK_DELETE);
-    EXPECT_EQ(test::TextOf(edit), "\r\nx") << "an offset below 2 removes nothing";
+    EXPECT_EQ(TextOf(edit), "\r\nx") << "an offset below 2 removes nothing";
     edit.SetText(L"sound\nagain");
     EXPECT_EQ(edit.Fault(), "");
 }
@@ -221,42 +221,42 @@ TEST_F(GEditInputTest, CharactersOfTwoHalvesStayWhole)
 {
     Make(4, 1, 0);
     Type(L"ab\xD83D\xDE00");
-    EXPECT_EQ(test::TextOf(edit), "ab\xF0\x9F\x98\x80");
+    EXPECT_EQ(TextOf(edit), "ab\xF0\x9F\x98\x80");
     Type(L"\xD83D\xDE00");
-    EXPECT_EQ(test::TextOf(edit), "ab\xF0\x9F\x98\x80") << "neither half has room";
+    EXPECT_EQ(TextOf(edit), "ab\xF0\x9F\x98\x80") << "neither half has room";
     DestroyWindow(edit);
     Make(3, 1, 0);
     Type(L"ab\xD83D\xDE00");
-    EXPECT_EQ(test::TextOf(edit), "ab") << "only the first half has";
+    EXPECT_EQ(TextOf(edit), "ab") << "only the first half has";
     Make(10);
     Type(L"e\x0301\xD83D\xDE00");
     edit.Select(0, 0, 0, 4);
     Key('C', {VK_CONTROL});
     Key(VK_END);
     Key('V', {VK_CONTROL});
-    EXPECT_EQ(test::TextOf(edit), "e\xCC\x81\xF0\x9F\x98\x80"
-                                  "e\xCC\x81\xF0\x9F\x98\x80");
+    EXPECT_EQ(TextOf(edit), "e\xCC\x81\xF0\x9F\x98\x80"
+                            "e\xCC\x81\xF0\x9F\x98\x80");
 }
 
 TEST_F(GEditInputTest, ClipboardTakesAndGivesPlainText)
 {
     Make(10);
     Set(L"one\ntwo", 0, 0);
-    test::SetClipboard(L"before");
+    SetClipboard(L"before");
     Key('C', {VK_CONTROL});
-    EXPECT_EQ(test::Clipboard(), "before") << "no selection, no copy";
+    EXPECT_EQ(Clipboard(), "before") << "no selection, no copy";
     Key('A', {VK_CONTROL});
     EXPECT_EQ(edit.Caret(), "0,0-1,3");
     EXPECT_EQ(host.TakeReports(), CHANGED) << "selecting all is told as a change";
     Key('C', {VK_CONTROL});
-    EXPECT_EQ(test::Clipboard(), "one\r\ntwo");
+    EXPECT_EQ(Clipboard(), "one\r\ntwo");
     EXPECT_EQ(host.TakeReports(), Reports{});
     edit.Select(1, 1, 0, 2);
     Key('X', {VK_CONTROL});
     EXPECT_EQ(Now(), "onwo| 0,2");
-    EXPECT_EQ(test::Clipboard(), "e\r\nt");
+    EXPECT_EQ(Clipboard(), "e\r\nt");
     EXPECT_EQ(host.TakeReports(), CHANGED);
-    test::SetClipboard(L"1\n2\r3");
+    SetClipboard(L"1\n2\r3");
     edit.Select(0, 1, 0, 3);
     Key('V', {VK_CONTROL});
     EXPECT_EQ(Now(), "o1/|2/|3o| 2,1");
@@ -268,7 +268,7 @@ TEST_F(GEditInputTest, ClipboardTakesAndGivesPlainText)
 TEST_F(GEditInputTest, PasteWrapsAndMindsNeitherHeightNorWidth)
 {
     Make(5, 1, 0);
-    test::SetClipboard(L"aaa bbb\nccc ddd");
+    SetClipboard(L"aaa bbb\nccc ddd");
     Key('V', {VK_CONTROL});
     EXPECT_EQ(Now(), "aaa |bbb/|ccc |ddd| 3,3");
     Key('A', {VK_CONTROL});
@@ -276,9 +276,9 @@ TEST_F(GEditInputTest, PasteWrapsAndMindsNeitherHeightNorWidth)
     EXPECT_EQ(Now(), "aaa |bbb/|ccc |ddd| 3,3");
     // Into the start of a wrapped line.
     edit.PutCaret(1, 0);
-    test::SetClipboard(L"\n\nx");
+    SetClipboard(L"\n\nx");
     Key('V', {VK_CONTROL});
-    EXPECT_EQ(test::TextOf(edit), "aaa \r\n\r\nxbbb\r\nccc ddd");
+    EXPECT_EQ(TextOf(edit), "aaa \r\n\r\nxbbb\r\nccc ddd");
     EXPECT_EQ(Now(), "aaa /|/|xbbb/|ccc |ddd| 2,1");
 }
 
@@ -288,7 +288,7 @@ TEST_F(GEditInputTest, PasswordIsCopiedAsItIs)
     Type(L"secret");
     Key('A', {VK_CONTROL});
     Key('C', {VK_CONTROL});
-    EXPECT_EQ(test::Clipboard(), "secret");
+    EXPECT_EQ(Clipboard(), "secret");
 }
 
 TEST_F(GEditInputTest, TheMouseSetsTheCaretAndDragsASelection)
@@ -327,7 +327,7 @@ TEST_F(GEditInputTest, DialogCodesAndTab)
     SetWindowLongW(edit, GWL_STYLE, WS_CHILD | WS_VISIBLE);
     EXPECT_EQ(code(VK_RETURN), 0x81);
     EXPECT_EQ(SendMessageW(edit, WM_GETDLGCODE, 0, 0), 0x81);
-    test::Interception next(host, WM_NEXTDLGCTL, [] {});
+    Interception next(host, WM_NEXTDLGCTL, [] {});
     EXPECT_EQ(Char(L'\t'), 0);
     EXPECT_TRUE(next.Happened());
     EXPECT_EQ(edit.GetTextLength(), 0);
@@ -360,7 +360,7 @@ TEST_F(GEditInputTest, TheParentMayDestroyTheFieldInEveryReport)
     };
     const auto withControl = [](WPARAM wKey) -> Act {
         return [=](HWND hwnd) {
-            const test::HeldKeys keys({VK_CONTROL});
+            const HeldKeys keys({VK_CONTROL});
             SendMessageW(hwnd, WM_KEYDOWN, wKey, 0);
         };
     };
@@ -374,12 +374,12 @@ TEST_F(GEditInputTest, TheParentMayDestroyTheFieldInEveryReport)
         {"killfocus 7", [&](HWND) { SetFocus(host); }},
         {"setfocus 7", send(WM_LBUTTONDOWN, 0)},
     };
-    test::SetClipboard(L"pasted");
+    SetClipboard(L"pasted");
     for (const auto& [report, act] : cases) {
         auto* pDoomed = new GEdit;
         pDoomed->Create(0, 0, 90, 90, host, ID, L"text", WS_CHILD | WS_VISIBLE | MULTILINE, 0);
         SetFocus(report == "setfocus 7" ? host.Window() : pDoomed->GetHwnd());
-        test::ExpectSurvival(host, report, pDoomed, act);
+        ExpectSurvival(host, report, pDoomed, act);
     }
 }
 

@@ -4,9 +4,9 @@
 
 namespace {
 
-using test::Narrow;
+using namespace test;
 
-class GEditTextTest : public test::EditFixture
+class GEditTextTest : public EditFixture
 {
 protected:
     std::string LinesOf(LPCWSTR psz)
@@ -43,13 +43,13 @@ TEST_F(GEditTextTest, EveryKindOfLineEndIsStoredAsTwoCharacters)
     Make(20);
     EXPECT_EQ(LinesOf(L"a\nb"), "a/|b|");
     EXPECT_EQ(edit.GetTextLength(), 4);
-    EXPECT_EQ(test::TextOf(edit), "a\r\nb");
+    EXPECT_EQ(TextOf(edit), "a\r\nb");
     EXPECT_EQ(LinesOf(L"a\rb\n\rc\r\n"), "a/|b/|/|c/||");
     EXPECT_EQ(edit.Caret(), "4,0");
     EXPECT_EQ(LinesOf(nullptr), "|");
     EXPECT_EQ(LinesOf(L"own text\n"), "own text/||");
     EXPECT_EQ(LinesOf(edit.Text()), "own text/||") << "its own text, too";
-    EXPECT_EQ(host.TakeReports(), test::Reports{}) << "setting is not told";
+    EXPECT_EQ(host.TakeReports(), Reports{}) << "setting is not told";
 }
 
 TEST_F(GEditTextTest, LinesWrapBehindTheLastSpaceThatFits)
@@ -81,13 +81,13 @@ TEST_F(GEditTextTest, ALineTooNarrowForACharacterKeepsAllTextAndEnds)
     Make(10);
     edit.MoveWindow(0, 0, Column() - 1, 100);
     EXPECT_EQ(LinesOf(L"abc\nde"), "|abc/||de|");
-    EXPECT_EQ(test::TextOf(edit), "abc\r\nde");
+    EXPECT_EQ(TextOf(edit), "abc\r\nde");
     Type(L"xy");
     Char(VK_BACK);
     Char(VK_RETURN);
     Type(L"z");
     EXPECT_EQ(edit.Fault(), "");
-    EXPECT_EQ(test::TextOf(edit), "abc\r\ndex\r\nz");
+    EXPECT_EQ(TextOf(edit), "abc\r\ndex\r\nz");
     EXPECT_LE(edit.Lengths().size(), 7u) << "edits do not pile up empty lines";
     edit.MoveWindow(0, 0, 0, 100);
     EXPECT_EQ(LinesOf(L"abc\nde"), "|abc/||de|");
@@ -170,7 +170,7 @@ TEST_F(GEditTextTest, SetSelSelectsInOneLineAndRunsDownSeveral)
     EXPECT_EQ(edit.Caret(), "2,-6-0,5");
     EXPECT_EQ(Highlight(2), std::pair(0, 0)) << "where text is touched they count as 0";
     Char(L'!');
-    EXPECT_EQ(test::TextOf(edit), "hello!x");
+    EXPECT_EQ(TextOf(edit), "hello!x");
 }
 
 TEST_F(GEditTextTest, HighlightCoversWhatLiesBetweenBothEnds)

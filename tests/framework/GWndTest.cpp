@@ -8,8 +8,7 @@
 
 namespace {
 
-using test::Host;
-using test::TextOf;
+using namespace test;
 
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 
@@ -88,7 +87,7 @@ TEST_F(GWndTest, ObjectThatTheParentDeletesDuringCreateIsNotTouchedAgain)
 {
     for (const bool fWindowToo : {false, true}) {
         auto* pButton = new GButton;
-        test::Interception told(host, WM_PARENTNOTIFY, [&] {
+        Interception told(host, WM_PARENTNOTIFY, [&] {
             if (fWindowToo) {
                 DestroyWindow(*pButton);
             }
@@ -147,7 +146,7 @@ TEST_F(GWndTest, CopyKeepsTheTextThatItsOriginalLets)
     wchar_t buffer[32];
     int nLength = 32;
     EXPECT_EQ(copy.GetText(buffer, &nLength), 1);
-    EXPECT_EQ(test::Narrow(buffer), "the original's next");
+    EXPECT_EQ(Narrow(buffer), "the original's next");
 }
 
 TEST_F(GWndTest, AssignmentLeavesTheFormerWindowWithoutAnObject)
@@ -166,19 +165,19 @@ TEST_F(GWndTest, AssignmentLeavesTheFormerWindowWithoutAnObject)
         Make(target, L"again");
         target = source;
     }
-    test::DispatchAll();
+    DispatchAll();
     EXPECT_EQ(TextOf(hwndSource), "source");
 }
 
 TEST_F(GWndTest, WithoutAWindowOperationsDoNothing)
 {
-    test::TakeRepaint(host);
+    TakeRepaint(host);
     button.Invalidate(1);
     button.SetText(L"kept");
-    EXPECT_FALSE(test::TakeRepaint(host)) << "a null window must not mean all windows";
+    EXPECT_FALSE(TakeRepaint(host)) << "a null window must not mean all windows";
     RECT rc{1, 2, 3, 4};
     EXPECT_EQ(button.GetPos(&rc), 0);
-    EXPECT_EQ(test::Numbers(rc), "1,2,3,4");
+    EXPECT_EQ(Numbers(rc), "1,2,3,4");
     EXPECT_EQ(button.MoveWindow(0, 0, 10, 10), 0);
     EXPECT_EQ(button.SetVisible(1), 0);
     EXPECT_EQ(button.GetParent(), nullptr);
@@ -201,8 +200,8 @@ TEST_F(GWndTest, PositionAndVisibility)
     button.MoveWindow(20, 30, 60, 25);
     RECT rc{};
     button.GetPos(&rc);
-    EXPECT_EQ(test::Numbers(rc), test::Numbers(test::PlaceIn(nullptr, hwnd)));
-    EXPECT_EQ(test::Numbers(test::PlaceIn(host, hwnd)), "20,30,80,55");
+    EXPECT_EQ(Numbers(rc), Numbers(PlaceIn(nullptr, hwnd)));
+    EXPECT_EQ(Numbers(PlaceIn(host, hwnd)), "20,30,80,55");
     EXPECT_NE(button.SetVisible(0), 0);
     EXPECT_FALSE(IsWindowVisible(hwnd));
     EXPECT_EQ(button.SetVisible(1), 0);
@@ -224,11 +223,7 @@ TEST_F(GWndTest, SetTextWithTheControlsOwnText)
 TEST_F(GWndTest, UiStateFollowsThePlatformsActions)
 {
     const HWND hwnd = Make(button);
-    struct
-    {
-        WORD action, state;
-        DWORD after;
-    } const steps[] = {
+    const std::tuple<WORD, WORD, DWORD> steps[] = {
         {UIS_CLEAR, UISF_HIDEFOCUS, GWS_HIDEACCEL},
         {UIS_SET, UISF_HIDEFOCUS, GWS_HIDEFOCUS | GWS_HIDEACCEL},
         {UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL, 0},
@@ -237,11 +232,11 @@ TEST_F(GWndTest, UiStateFollowsThePlatformsActions)
         {UIS_INITIALIZE, 0, 0},
         {77, UISF_HIDEFOCUS, 0},
     };
-    for (const auto& step : steps) {
-        test::TakeRepaint(hwnd);
-        SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(step.action, step.state), 0);
-        EXPECT_EQ(button.State(), step.after) << step.action << " " << step.state;
-        EXPECT_TRUE(test::TakeRepaint(hwnd)) << step.action;
+    for (const auto& [action, state, after] : steps) {
+        TakeRepaint(hwnd);
+        SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(action, state), 0);
+        EXPECT_EQ(button.State(), after) << action << " " << state;
+        EXPECT_TRUE(TakeRepaint(hwnd)) << action;
     }
 }
 
@@ -262,7 +257,7 @@ TEST_F(GWndTest, Window2RunsOnAnObjectOfItsOwnAndEndsTheLoop)
     EXPECT_FALSE(IsWindow(hwnd));
     MSG msg{};
     EXPECT_EQ(GetMessageW(&msg, nullptr, WM_QUIT, WM_QUIT), 0) << "the quit message must be there";
-    test::DispatchAll();
+    DispatchAll();
     EXPECT_EQ(pOwn->GetHwnd(), hwnd) << "it outlives its window, for whoever has it";
     pOwn->Delete(pOwn);
 }
@@ -281,7 +276,7 @@ TYPED_TEST_SUITE(ControlTextTest, TextControls);
 
 TYPED_TEST(ControlTextTest, GoesInAndOutWithTheStatedCounts)
 {
-    const HWND hwnd = test::MakeControl(this->control, this->host);
+    const HWND hwnd = MakeControl(this->control, this->host);
     EXPECT_EQ(this->control.SetText(L"hello"), 1);
     EXPECT_EQ(this->control.GetTextLength(), 5);
     wchar_t buffer[16];
@@ -290,11 +285,11 @@ TYPED_TEST(ControlTextTest, GoesInAndOutWithTheStatedCounts)
         return SendMessageW(hwnd, WM_GETTEXT, nCapacity, reinterpret_cast<LPARAM>(buffer));
     };
     EXPECT_EQ(get(6), 5);
-    EXPECT_EQ(test::Narrow(buffer), "hello");
+    EXPECT_EQ(Narrow(buffer), "hello");
     EXPECT_EQ(get(5), 5) << "a truncated text answers with the capacity";
-    EXPECT_EQ(test::Narrow(buffer), "hell");
+    EXPECT_EQ(Narrow(buffer), "hell");
     EXPECT_EQ(get(1), 1);
-    EXPECT_EQ(test::Narrow(buffer), "");
+    EXPECT_EQ(Narrow(buffer), "");
     EXPECT_EQ(get(0), 0);
     EXPECT_EQ(buffer[0], L'#');
 

@@ -9,6 +9,8 @@
 
 namespace {
 
+using namespace test;
+
 TEST(Library, InitControlsMakesOneFontAndRegistersEachClassOnce)
 {
     InitControls();
@@ -26,7 +28,7 @@ TEST(Library, InitControlsMakesOneFontAndRegistersEachClassOnce)
 
     LOGFONTW font{};
     ASSERT_GT(GetObjectW(hFont, sizeof(font), &font), 0);
-    EXPECT_EQ(test::Narrow(font.lfFaceName), "Segoe UI");
+    EXPECT_EQ(Narrow(font.lfFaceName), "Segoe UI");
     EXPECT_EQ(font.lfWeight, FW_NORMAL);
     EXPECT_EQ(font.lfHeight, -12) << "9 points at 96 dots an inch";
 }
@@ -43,8 +45,8 @@ TEST(Library, ClassesHaveTheStatedStyleBackgroundAndExtraBytes)
     for (const auto& [pszName, uStyle] : classes) {
         WNDCLASSEXW record{};
         record.cbSize = sizeof(record);
-        ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), pszName, &record)) << test::Narrow(pszName);
-        EXPECT_EQ(record.style, uStyle) << test::Narrow(pszName);
+        ASSERT_TRUE(GetClassInfoExW(GetModuleHandleW(nullptr), pszName, &record)) << Narrow(pszName);
+        EXPECT_EQ(record.style, uStyle) << Narrow(pszName);
         EXPECT_EQ(reinterpret_cast<LONG_PTR>(record.hbrBackground), COLOR_WINDOW + 1);
         EXPECT_EQ(record.cbWndExtra, 12);
         EXPECT_TRUE(record.hCursor);
@@ -83,7 +85,7 @@ TEST(Library, ControlsThatStartUpDoesNotRegisterRegisterThemselves)
 {
     GSeparator separator;
     GScrollbar scrollbar;
-    const test::Host host;
+    const Host host;
     EXPECT_TRUE(separator.Create(0, 0, 5, 50, host, 1, 0, WS_CHILD));
     EXPECT_TRUE(scrollbar.Create(0, 0, 17, 50, host, 1, 0, WS_CHILD));
 }

@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace test;
+
 constexpr int SIDE = 300;
 constexpr size_t PIXELS = size_t{SIDE} * SIDE;
 
@@ -32,7 +34,7 @@ std::vector<DWORD> Printed(HWND hwnd)
 
 TEST(PartPictures, LookAsThePartsThatTheyStandFor)
 {
-    test::Host host;
+    Host host;
     GList list;
     list.Create(0, 0, SIDE, SIDE, host, 1, GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES, 0,
                 WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL);

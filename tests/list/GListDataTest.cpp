@@ -7,8 +7,7 @@ namespace {
 
 using namespace test;
 
-class GListDataTest : public ListFixture
-{};
+using GListDataTest = ListFixture;
 
 TEST_F(GListDataTest, ColumnsKeepWhatTheyAreGiven)
 {

@@ -1,3 +1,4 @@
+#include "../support/Numbers.h"
 #include "ListFixture.h"
 
 #include <memory>
@@ -131,11 +132,8 @@ TEST_F(GListInputTest, AClickSelectsAndTells)
     EXPECT_EQ(record.hdr.idFrom, UINT_PTR{LIST_ID});
     EXPECT_EQ(record.iItem, 2);
     EXPECT_EQ(record.iSubItem, 1);
-    EXPECT_EQ(record.x, 150);
-    EXPECT_EQ(record.y, MiddleOf(2));
-    EXPECT_EQ(record.uKeyFlags, 0u);
-    EXPECT_EQ(record.vKey, 0u);
-    EXPECT_EQ(record.pItem, nullptr);
+    EXPECT_EQ(Numbers(record.x, record.y), Numbers(150, MiddleOf(2)));
+    EXPECT_TRUE(record.uKeyFlags == 0 && record.vKey == 0 && !record.pItem);
 
     Mouse(WM_LBUTTONDOWN, 5, MiddleOf(0));
     EXPECT_EQ(GetCapture(), list.GetHwnd());

@@ -16,6 +16,11 @@ protected:
         SetFocus(list);
         Forget();
     }
+    std::string SelectedBy(UINT vk, WORD mods = 0)
+    {
+        Key(vk, mods);
+        return list.Selected();
+    }
     // No cursor, no anchor, nothing selected.
     void Forget()
     {
@@ -73,15 +78,13 @@ TEST_F(GListKeysTest, StepsAndEdgesMoveAndSelectByTheModifiers)
     };
     for (const KeyCase& c : cases) {
         PutCursor(c.cursor, c.anchor);
-        Key(c.vk, c.mods);
-        const std::string at = "key " + std::to_string(c.vk) + " mods " + std::to_string(c.mods) + " from " +
-                               std::to_string(c.cursor);
-        EXPECT_EQ(list.Selected(), c.selected) << at;
-        EXPECT_EQ(list.cursorItem, c.cursorAfter) << at;
-        EXPECT_EQ(list.shiftAnchor, c.anchorAfter) << at;
-        EXPECT_EQ(list.hitHot.item, c.hotAfter) << at;
-        EXPECT_EQ(list.lastItem, list.cursorItem) << at;
-        EXPECT_EQ(host.TakeCodes(), std::vector<int>{KEY_PRESSED}) << at;
+        SCOPED_TRACE("case " + std::to_string(&c - cases));
+        EXPECT_EQ(SelectedBy(c.vk, c.mods), c.selected);
+        EXPECT_EQ(list.cursorItem, c.cursorAfter);
+        EXPECT_EQ(list.shiftAnchor, c.anchorAfter);
+        EXPECT_EQ(list.hitHot.item, c.hotAfter);
+        EXPECT_EQ(list.lastItem, list.cursorItem);
+        EXPECT_EQ(host.TakeCodes(), std::vector<int>{KEY_PRESSED});
     }
 }
 
@@ -109,8 +112,7 @@ TEST_F(GListKeysTest, EveryKeyIsSafeInAListOfNoneAndOfOne)
     for (const UINT vk : std::initializer_list<UINT>{VK_DOWN, VK_NEXT, VK_PRIOR, VK_HOME, VK_END}) {
         for (const WORD mods : {WORD{0}, SHIFT, WORD{CTRL | SHIFT}}) {
             Forget();
-            Key(vk, mods);
-            EXPECT_EQ(list.Selected(), "0") << vk << " with " << mods;
+            EXPECT_EQ(SelectedBy(vk, mods), "0") << vk << " with " << mods;
             EXPECT_EQ(list.cursorItem, 0u);
         }
     }
@@ -167,13 +169,10 @@ TEST_F(GListKeysTest, IconsStepSidewaysAndStayUpAndDown)
 {
     Fill(5, GLS_ICONS);
     PutCursor(2);
-    Key(VK_RIGHT);
-    EXPECT_EQ(list.Selected(), "3");
-    Key(VK_LEFT);
-    EXPECT_EQ(list.Selected(), "2");
+    EXPECT_EQ(SelectedBy(VK_RIGHT), "3");
+    EXPECT_EQ(SelectedBy(VK_LEFT), "2");
     PutCursor(2);
-    Key(VK_DOWN);
-    EXPECT_EQ(list.Selected(), "2");
+    EXPECT_EQ(SelectedBy(VK_DOWN), "2");
     EXPECT_EQ(list.cursorItem, 2u);
     Key(VK_UP);
     EXPECT_EQ(list.cursorItem, 2u);
@@ -188,19 +187,14 @@ TEST_F(GListKeysTest, IconsStepSidewaysAndStayUpAndDown)
 TEST_F(GListKeysTest, SpaceInvertsOnlyOnceANavigationKeyHasSeenCtrl)
 {
     Fill(4);
-    Key(VK_SPACE);
-    EXPECT_EQ(list.Selected(), "0") << "without a cursor it goes to the first item";
+    EXPECT_EQ(SelectedBy(VK_SPACE), "0") << "without a cursor it goes to the first item";
     PutCursor(1);
-    Key(VK_SPACE, CTRL);
-    EXPECT_EQ(list.Selected(), "1");
+    EXPECT_EQ(SelectedBy(VK_SPACE, CTRL), "1");
     Key(VK_DOWN, CTRL);
-    Key(VK_SPACE, CTRL);
-    EXPECT_EQ(list.Selected(), "1 2");
-    Key(VK_SPACE);
-    EXPECT_EQ(list.Selected(), "1") << "until the key is let go";
+    EXPECT_EQ(SelectedBy(VK_SPACE, CTRL), "1 2");
+    EXPECT_EQ(SelectedBy(VK_SPACE), "1") << "until the key is let go";
     Send(WM_KEYUP, VK_CONTROL);
-    Key(VK_SPACE);
-    EXPECT_EQ(list.Selected(), "1");
+    EXPECT_EQ(SelectedBy(VK_SPACE), "1");
 
     list.keyMods = SHIFT | CTRL;
     Send(WM_CHAR, 16);
@@ -214,10 +208,8 @@ TEST_F(GListKeysTest, CtrlASelectsAllAndLeavesNoCursor)
 {
     Fill(3);
     PutCursor(1);
-    Key('A');
-    EXPECT_EQ(list.Selected(), "1");
-    Key('A', CTRL);
-    EXPECT_EQ(list.Selected(), "0 1 2");
+    EXPECT_EQ(SelectedBy('A'), "1");
+    EXPECT_EQ(SelectedBy('A', CTRL), "0 1 2");
     EXPECT_EQ(list.cursorItem, END);
     EXPECT_EQ(list.lastItem, END);
 }

@@ -5,8 +5,7 @@ using namespace test;
 
 namespace {
 
-class FocusTest : public WindowsTest
-{};
+using FocusTest = WindowsTest;
 
 const std::initializer_list<UINT> c_focus = {WM_NCACTIVATE, WM_ACTIVATE, WM_KILLFOCUS, WM_SETFOCUS};
 

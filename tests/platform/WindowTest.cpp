@@ -6,8 +6,7 @@ using namespace test;
 
 namespace {
 
-class WindowTest : public WindowsTest
-{};
+using WindowTest = WindowsTest;
 
 // What paints come with, at times that the platforms choose.
 const std::initializer_list<UINT> c_paints = {WM_NCPAINT, WM_ERASEBKGND, WM_GETTEXT};

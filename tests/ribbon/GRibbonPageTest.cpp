@@ -172,11 +172,8 @@ TEST_F(GRibbonPageTest, GroupsFollowOneAnotherOnePixelApart)
 TEST_F(GRibbonPageTest, OfSeveralSizesTheLastCountsAndASingleOneIsNotKept)
 {
     const std::vector<UINT> sizes = {RIS_LARGE << 16 | 0xFFFF, RIS_MEDIUM << 16, RIS_SMALL << 16};
-    const struct
-    {
-        int nGiven, nStored;
-        WORD wSize;
-    } cases[] = {{0, 0, 0}, {1, 0, RIS_LARGE}, {-5, 0, RIS_LARGE}, {2, 2, RIS_MEDIUM}, {3, 3, RIS_SMALL}};
+    const std::tuple<int, int, WORD> cases[] = {
+        {0, 0, 0}, {1, 0, RIS_LARGE}, {-5, 0, RIS_LARGE}, {2, 2, RIS_MEDIUM}, {3, 3, RIS_SMALL}};
     UINT nId = 0;
     for (const auto& [nGiven, nStored, wSize] : cases) {
         InsertWithOptions(page, ++nId, nGiven, sizes);

@@ -42,19 +42,15 @@ TEST(GRibbon, TabsAreHitUpToTheirEndPixelAndTheGapIsNot)
     const int nEnd = made.TabWidth(0);
     const int nEnd2 = nEnd + 2 + made.TabWidth(1);
     ASSERT_GT(nEnd, 50);
-    const struct
-    {
-        int x, y;
-        UINT nTab;
-    } hits[] = {{0, 0, 0},
-                {nEnd, 25, 0},
-                {nEnd + 1, 10, RIBBON_NONE},
-                {nEnd + 2, 10, 1},
-                {nEnd2, 10, 1},
-                {10, -5, 0},
-                {nEnd2 + 1, 10, RIBBON_NONE},
-                {10, 26, RIBBON_NONE},
-                {-1, 10, RIBBON_NONE}};
+    const std::tuple<int, int, UINT> hits[] = {{0, 0, 0},
+                                               {nEnd, 25, 0},
+                                               {nEnd + 1, 10, RIBBON_NONE},
+                                               {nEnd + 2, 10, 1},
+                                               {nEnd2, 10, 1},
+                                               {10, -5, 0},
+                                               {nEnd2 + 1, 10, RIBBON_NONE},
+                                               {10, 26, RIBBON_NONE},
+                                               {-1, 10, RIBBON_NONE}};
     for (const auto& [x, y, nTab] : hits) {
         EXPECT_EQ(made.ribbon.HitTest(At(x, y)), nTab) << x << ", " << y;
     }

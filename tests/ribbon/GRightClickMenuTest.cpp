@@ -76,18 +76,15 @@ TEST(GRightClickMenu, TheRowUnderTheMouseIsHotAndOnlyAnotherOneRepaints)
     Host host;
     ValueMenu menu;
     const HWND hwnd = menu.Show(host, {L"One", L"Two"});
-    const struct
-    {
-        int y, nRow;
-        bool fRepaints;
-    } moves[] = {{0, 0, true},   {19, 0, false}, {20, 1, true},   {39, 1, false}, {85, 4, true},
-                 {-19, 0, true}, {5, 0, false},  {-20, -1, true}, {-60, -3, true}};
+    const std::tuple<int, int, bool> moves[] = {{0, 0, true},   {19, 0, false},  {20, 1, true},
+                                                {39, 1, false}, {85, 4, true},   {-19, 0, true},
+                                                {5, 0, false},  {-20, -1, true}, {-60, -3, true}};
     EXPECT_EQ(menu.HotRow(), -1);
-    for (const auto& move : moves) {
+    for (const auto& [y, nRow, fRepaints] : moves) {
         TakeRepaint(hwnd);
-        Move(hwnd, 3, move.y);
-        EXPECT_EQ(menu.HotRow(), move.nRow) << move.y;
-        EXPECT_EQ(TakeRepaint(hwnd), move.fRepaints) << move.y;
+        Move(hwnd, 3, y);
+        EXPECT_EQ(menu.HotRow(), nRow) << y;
+        EXPECT_EQ(TakeRepaint(hwnd), fRepaints) << y;
     }
     DestroyWindow(hwnd);
 }

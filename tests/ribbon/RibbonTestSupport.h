@@ -8,11 +8,7 @@
 
 namespace test::ribbon {
 
-using test::AllowMisuse;
-using test::Host;
-using test::Narrow;
-using test::Reports;
-using test::TakeRepaint;
+using namespace test;
 
 struct OpenRibbon : GRibbon
 {

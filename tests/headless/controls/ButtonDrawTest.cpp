@@ -5,15 +5,14 @@
 
 namespace {
 
-using test::DrawFixture;
-using test::Lines;
+using namespace test;
 
 class ButtonDrawTest : public DrawFixture
 {
 protected:
     void SetUp() override
     {
-        test::desk::SetThemeMargins("BUTTON", BP_PUSHBUTTON, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
+        desk::SetThemeMargins("BUTTON", BP_PUSHBUTTON, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
     }
 
     void Make(DWORD dwStyle, LPCWSTR pszText = L"abcd")
@@ -31,7 +30,7 @@ protected:
         }
         DestroyWindow(button);
         for (std::string& line : lines) {
-            line = test::PlaceOf(line);
+            line = PlaceOf(line);
         }
         return lines;
     }
@@ -54,34 +53,20 @@ TEST_F(ButtonDrawTest, WholeRecord)
 
 TEST_F(ButtonDrawTest, ThemeStateByConditionInTheStatedOrder)
 {
-    class Probe : public GButton
-    {
-    public:
-        void SetState(DWORD dwState) { m_dwState = dwState; }
-    } probe;
+    OpenState<GButton> probe;
     probe.Create(0, 0, 100, 40, Parent(), 5, L"", 0, WS_CHILD | WS_VISIBLE);
-    struct
-    {
-        DWORD dwState, dwStyle;
-        const char* pszState;
-    } const rows[] = {
-        {0, 0, "1"},
-        {GWS_HOT, 0, "2"},
-        {GWS_PRESSED, 0, "1"}, // dragged outside
-        {GWS_HOT | GWS_PRESSED, 0, "3"},
-        {GWS_KEYDOWN, WS_DISABLED, "3"},
-        {GWS_HOT, WS_DISABLED, "2"},
-        {0, WS_DISABLED | GBS_DEFAULT, "4"},
-        {0, GBS_DEFAULT, "5"},
-        {GWS_HOT, GBS_DEFAULT, "2"},
-    };
-    for (const auto& row : rows) {
-        probe.SetState(row.dwState);
-        probe.SetStyle(WS_CHILD | WS_VISIBLE | row.dwStyle);
-        EXPECT_EQ(Draw(probe, "DrawThemeBackground"),
-                  Lines{std::string("DrawThemeBackground BUTTON 1 ") + row.pszState + " (0,0,100,40)"})
-            << row.dwState << " " << row.dwStyle;
-    }
+    ExpectStates(probe, "BUTTON 1 ",
+                 {
+                     {0, 0, 1},
+                     {GWS_HOT, 0, 2},
+                     {GWS_PRESSED, 0, 1}, // dragged outside
+                     {GWS_HOT | GWS_PRESSED, 0, 3},
+                     {GWS_KEYDOWN, WS_DISABLED, 3},
+                     {GWS_HOT, WS_DISABLED, 2},
+                     {0, WS_DISABLED | GBS_DEFAULT, 4},
+                     {0, GBS_DEFAULT, 5},
+                     {GWS_HOT, GBS_DEFAULT, 2},
+                 });
 }
 
 TEST_F(ButtonDrawTest, TextAlignmentAndFormat)
@@ -127,50 +112,50 @@ TEST_F(ButtonDrawTest, FocusRectangleNeedsFocusAndTheUiState)
 
 TEST_F(ButtonDrawTest, WithoutAStyleAPlainButtonIsDrawn)
 {
-    test::desk::SetThemed(false);
+    desk::SetThemed(false);
     Make(GS_CENTER | GS_VCENTER);
     const Lines lines = Draw(button, "");
-    EXPECT_TRUE(test::AnyStartsWith(lines, "DrawFrameControl (0,0,100,40)"));
-    EXPECT_TRUE(test::AnyStartsWith(lines, "DrawTextW \"abcd\""));
-    EXPECT_FALSE(test::AnyStartsWith(lines, "DrawThemeBackground"));
+    EXPECT_TRUE(AnyStartsWith(lines, "DrawFrameControl (0,0,100,40)"));
+    EXPECT_TRUE(AnyStartsWith(lines, "DrawTextW \"abcd\""));
+    EXPECT_FALSE(AnyStartsWith(lines, "DrawThemeBackground"));
     DestroyWindow(button);
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 0);
+    EXPECT_EQ(desk::Live()[desk::Kind::Theme], 0);
 }
 
 TEST_F(ButtonDrawTest, ThemeChangeOpensTheStyleAnew)
 {
-    test::desk::SetThemed(false);
+    desk::SetThemed(false);
     Make(0);
-    test::desk::SetThemed(true);
+    desk::SetThemed(true);
     SendMessageW(button, WM_THEMECHANGED, 0, 0);
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
+    EXPECT_EQ(desk::Live()[desk::Kind::Theme], 1);
     EXPECT_FALSE(Draw(button, "DrawThemeBackground BUTTON").empty());
     SendMessageW(button, WM_THEMECHANGED, 0, 0);
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
+    EXPECT_EQ(desk::Live()[desk::Kind::Theme], 1);
 }
 
 TEST_F(ButtonDrawTest, PrintClientDrawsIntoTheGivenContextAndOnlyForTheClient)
 {
     Make(0);
-    test::desk::Pump();
+    desk::Pump();
     const HDC hdc = GetDC(Parent());
-    test::desk::ClearDrawing(Parent());
+    desk::ClearDrawing(Parent());
     EXPECT_EQ(SendMessageW(button, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CHILDREN), 0);
-    EXPECT_EQ(test::desk::Drawing(Parent()), Lines{});
+    EXPECT_EQ(desk::Drawing(Parent()), Lines{});
     SendMessageW(button, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT);
-    EXPECT_FALSE(test::desk::Drawing(Parent()).empty());
-    EXPECT_EQ(test::AnyStartsWith(test::desk::Drawing(Parent()), "BitBlt"), false) << "no buffer in between";
+    EXPECT_FALSE(desk::Drawing(Parent()).empty());
+    EXPECT_EQ(AnyStartsWith(desk::Drawing(Parent()), "BitBlt"), false) << "no buffer in between";
     ReleaseDC(Parent(), hdc);
 }
 
 TEST_F(ButtonDrawTest, PointerThatLeavesIsHeardOf)
 {
     Make(0);
-    test::PointAt(button, 5, 5);
+    PointAt(button, 5, 5);
     EXPECT_EQ(Draw(button, "DrawThemeBackground BUTTON 1 2").size(), 1u);
-    test::desk::ClearDrawing(button);
-    test::PointAt(button, -5, -5);
-    EXPECT_TRUE(test::AnyStartsWith(test::desk::Drawing(button), "DrawThemeBackground BUTTON 1 1"));
+    desk::ClearDrawing(button);
+    PointAt(button, -5, -5);
+    EXPECT_TRUE(AnyStartsWith(desk::Drawing(button), "DrawThemeBackground BUTTON 1 1"));
 }
 
 } // namespace

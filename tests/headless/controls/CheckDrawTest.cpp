@@ -7,9 +7,9 @@
 
 namespace {
 
-using test::Lines;
+using namespace test;
 
-template <class CONTROL> class CheckDrawTest : public test::DrawFixture
+template <class CONTROL> class CheckDrawTest : public DrawFixture
 {
 protected:
     static constexpr bool RADIO = std::is_same_v<CONTROL, GRadioButton>;
@@ -24,8 +24,8 @@ protected:
 
     void SetUp() override
     {
-        test::desk::SetThemeMargins("BUTTON", PART, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
-        test::desk::SetThemePartSize("BUTTON", PART, 0, {13, 13});
+        desk::SetThemeMargins("BUTTON", PART, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
+        desk::SetThemePartSize("BUTTON", PART, 0, {13, 13});
     }
     void Make(DWORD dwStyle, LPCWSTR pszText = L"abcd")
     {
@@ -39,7 +39,7 @@ protected:
         Lines places;
         for (const std::string& word : {Start(), std::string("DrawStateW"), std::string("DrawThemeText")}) {
             for (const std::string& line : Draw(control, word)) {
-                places.push_back(test::PlaceOf(line));
+                places.push_back(PlaceOf(line));
             }
         }
         DestroyWindow(control);
@@ -52,7 +52,7 @@ protected:
         SetFocus(control);
         const Lines lines = Draw(control, "DrawFocusRect");
         DestroyWindow(control);
-        return lines.size() == 1 ? test::PlaceOf(lines[0]) : "none";
+        return lines.size() == 1 ? PlaceOf(lines[0]) : "none";
     }
 
     Probe control;
@@ -150,7 +150,7 @@ TYPED_TEST(CheckDrawTest, FocusSurroundsTextAndImageButNotTheBox)
 
 TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
 {
-    test::desk::SetThemed(false);
+    desk::SetThemed(false);
     this->Make(0);
     this->control.SetCheck(1);
     const Lines lines = this->Draw(this->control, "DrawFrameControl");
@@ -165,9 +165,8 @@ TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
 TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDrawn)
 {
     this->Make(0, L"before");
-    test::desk::Pump();
-    const test::Interception background(this->Parent(), WM_ERASEBKGND,
-                                        [&] { this->control.SetText(L"after"); });
+    desk::Pump();
+    const Interception background(this->Parent(), WM_ERASEBKGND, [&] { this->control.SetText(L"after"); });
     const Lines lines = this->Draw(this->control, "DrawThemeText");
     ASSERT_FALSE(lines.empty());
     EXPECT_NE(lines[0].find("\"after\""), std::string::npos) << lines[0];

@@ -5,8 +5,7 @@
 
 namespace {
 
-using test::Lines;
-using test::desk::Fail;
+using namespace test;
 
 LOGFONTW FontOf(int nHeight)
 {
@@ -17,16 +16,16 @@ LOGFONTW FontOf(int nHeight)
     return font;
 }
 
-class CommandDrawTest : public test::DrawFixture
+class CommandDrawTest : public DrawFixture
 {
 protected:
     void SetUp() override
     {
-        test::desk::SetThemeMargins("BUTTON", BP_COMMANDLINK, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
-        test::desk::SetThemePartSize("BUTTON", BP_COMMANDLINKGLYPH, 0, {20, 20});
-        test::desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_FONT, FontOf(-12));
-        test::desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_BODYFONT, FontOf(-12));
-        test::desk::SetThemeColor("BUTTON", BP_COMMANDLINK, 1, TMT_TEXTCOLOR, RGB(0x12, 0x34, 0x56));
+        desk::SetThemeMargins("BUTTON", BP_COMMANDLINK, 0, TMT_CONTENTMARGINS, {3, 4, 5, 6});
+        desk::SetThemePartSize("BUTTON", BP_COMMANDLINKGLYPH, 0, {20, 20});
+        desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_FONT, FontOf(-12));
+        desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_BODYFONT, FontOf(-12));
+        desk::SetThemeColor("BUTTON", BP_COMMANDLINK, 1, TMT_TEXTCOLOR, RGB(0x12, 0x34, 0x56));
     }
     void Make(DWORD dwStyle, LPCWSTR pszNote = L"n&ote")
     {
@@ -99,8 +98,8 @@ TEST_F(CommandDrawTest, ShieldStandsBeneathGlyphOrImage)
         (Lines{"DrawStateW icon=32518 (3,5,23,25) 0x0023", "DrawStateW icon=24x24 (3,5,27,29) 0x0023"}));
     DestroyIcon(hIcon);
     Make(GCBS_SHIELD);
-    test::desk::Pump();
-    Fail("LoadImageW");
+    desk::Pump();
+    desk::Fail("LoadImageW");
     EXPECT_EQ(Draw(button, "DrawStateW"), Lines{}) << "no shield, no fault";
 }
 
@@ -116,20 +115,20 @@ TEST_F(CommandDrawTest, StateAndFocus)
 
 TEST_F(CommandDrawTest, FontsAreTheStylesAndFollowItsChanges)
 {
-    test::desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_FONT, FontOf(-17));
+    desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_FONT, FontOf(-17));
     Make(0);
     EXPECT_NE(Draw(button, "DrawThemeText").at(0).find("\" 17 "), std::string::npos);
     EXPECT_NE(Draw(button, "DrawTextW").at(0).find("\" 12 "), std::string::npos);
-    test::desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_BODYFONT, FontOf(-10));
-    const test::desk::Census before = test::desk::Live();
+    desk::SetThemeFont("BUTTON", BP_COMMANDLINK, 0, TMT_BODYFONT, FontOf(-10));
+    const desk::Census before = desk::Live();
     SendMessageW(button, WM_THEMECHANGED, 0, 0);
-    EXPECT_EQ(test::desk::Live(), before);
+    EXPECT_EQ(desk::Live(), before);
     EXPECT_NE(Draw(button, "DrawTextW").at(0).find("\" 10 "), std::string::npos);
 }
 
 TEST_F(CommandDrawTest, WithoutAStyleItIsAPlainButtonInLikenessOfTheDefaultFont)
 {
-    test::desk::SetThemed(false);
+    desk::SetThemed(false);
     Make(0);
     EXPECT_EQ(Draw(button, "DrawFrameControl (0,0,200,60)").size(), 1u);
     const Lines texts = Draw(button, "DrawTextW");
@@ -140,13 +139,13 @@ TEST_F(CommandDrawTest, WithoutAStyleItIsAPlainButtonInLikenessOfTheDefaultFont)
 
 TEST_F(CommandDrawTest, ObjectThatGoesBeforeItsWindowTakesItsFontsAlong)
 {
-    const int nFonts = test::desk::Live()[test::desk::Kind::Font];
+    const int nFonts = desk::Live()[desk::Kind::Font];
     auto* pButton = new GCommandButton;
     const HWND hwnd = pButton->Create(0, 0, 200, 60, Parent(), 5, L"a", L"b", 0, WS_CHILD | WS_VISIBLE);
     pButton->Delete(pButton);
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Font], nFonts);
+    EXPECT_EQ(desk::Live()[desk::Kind::Font], nFonts);
     DestroyWindow(hwnd);
-    Fail("CreateFontIndirectW", 2);
+    desk::Fail("CreateFontIndirectW", 2);
     Make(0);
     EXPECT_EQ(button.GetFont(), nullptr);
     EXPECT_FALSE(Draw(button, "DrawThemeText").empty()) << "in the context's own font";

@@ -24,6 +24,19 @@ inline std::string PlaceOf(const std::string& line)
     return line.substr(line.find('('), line.find(')') - line.find('(') + 1);
 }
 
+// A button with its state in the open.
+template <class CONTROL> struct OpenState : CONTROL
+{
+    using CONTROL::m_dwState;
+};
+
+// What bits of the state and the style make of a part's state.
+struct PartState
+{
+    DWORD dwState, dwStyle;
+    int nState;
+};
+
 // The controls in a window: "12 'Save' (10,20,98,46)", each with its id, text and place, in the order of
 // making.
 inline Lines Controls(HWND hwndParent)
@@ -51,6 +64,22 @@ protected:
 
     // The lines of a control's next paint that start with a word.
     static Lines Draw(HWND hwnd, const std::string& word) { return NextPaint(hwnd, word); }
+
+    // Looks at the one part that a button draws, named "CLASS part ", by its states.
+    template <class CONTROL>
+    static void ExpectStates(OpenState<CONTROL>& control, const std::string& part,
+                             std::initializer_list<PartState> rows)
+    {
+        for (const PartState& row : rows) {
+            control.m_dwState = row.dwState;
+            control.SetStyle(WS_CHILD | WS_VISIBLE | row.dwStyle);
+            const Lines lines = Draw(control, "DrawThemeBackground");
+            ASSERT_EQ(lines.size(), 1u);
+            EXPECT_EQ(lines[0].substr(0, lines[0].find(" (")),
+                      "DrawThemeBackground " + part + std::to_string(row.nState))
+                << row.dwState << " " << row.dwStyle;
+        }
+    }
 
     // An icon of so many pixels a side.
     static HICON MakeIcon(int nSide)

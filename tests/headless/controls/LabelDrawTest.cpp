@@ -4,8 +4,7 @@
 
 namespace {
 
-using test::DrawFixture;
-using test::Lines;
+using namespace test;
 
 class LabelDrawTest : public DrawFixture
 {
@@ -83,25 +82,25 @@ TEST_F(LabelDrawTest, ImagePlacesAndExtents)
 TEST_F(LabelDrawTest, IconsAreMeasuredWithoutLeavingTheirBitmapsBehind)
 {
     const HICON hIcon = MakeIcon(24);
-    const test::desk::Census before = test::desk::Live();
+    const desk::Census before = desk::Live();
     label.SetIcon(hIcon);
     EXPECT_EQ(Content(GS_ICON), Lines{"DrawStateW icon=24x24 (0,0,24,24) 0x0003"});
-    EXPECT_EQ(test::desk::Live(), before);
-    test::desk::Fail("GetObjectW");
+    EXPECT_EQ(desk::Live(), before);
+    desk::Fail("GetObjectW");
     label.SetIcon(hIcon);
-    EXPECT_EQ(test::desk::Live(), before) << "nor where they cannot be measured";
+    EXPECT_EQ(desk::Live(), before) << "nor where they cannot be measured";
     DestroyIcon(hIcon);
 }
 
 TEST_F(LabelDrawTest, MeasuringFailsWithThePlatformAndLeavesNothingBehind)
 {
     label.Create(0, 0, 100, 40, Parent(), 5, L"", 0, WS_CHILD);
-    const test::desk::Census before = test::desk::Live();
+    const desk::Census before = desk::Live();
     RECT rc{};
     EXPECT_EQ(label.CalcSizeText(&rc, 0, L"text", 1, 100, 100), S_OK);
-    test::desk::Fail("DrawTextW");
+    desk::Fail("DrawTextW");
     EXPECT_EQ(label.CalcSizeText(&rc, 0, L"text", 1, 100, 100), E_FAIL);
-    EXPECT_EQ(test::desk::Live(), before);
+    EXPECT_EQ(desk::Live(), before);
 }
 
 } // namespace

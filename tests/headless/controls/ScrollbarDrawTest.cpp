@@ -5,13 +5,9 @@
 
 namespace {
 
-using test::BAR_HEIGHT;
-using test::Lines;
-using test::ProbeScrollbar;
-using test::Reports;
-using test::desk::Advance;
+using namespace test;
 
-class ScrollbarDrawTest : public test::DrawFixture
+class ScrollbarDrawTest : public DrawFixture
 {
 protected:
     void TearDown() override
@@ -101,7 +97,7 @@ TEST_F(ScrollbarDrawTest, WithoutInitItIsPlainAndHasTheSmallestThumb)
 
 TEST_F(ScrollbarDrawTest, ThemeIsOpenedByInitAndClosedByUninit)
 {
-    const auto themes = [] { return test::desk::Live()[test::desk::Kind::Theme]; };
+    const auto themes = [] { return desk::Live()[desk::Kind::Theme]; };
     Make(17, 100);
     EXPECT_EQ(themes(), 1);
     bar.InitScrollBar(100);
@@ -122,9 +118,9 @@ TEST_F(ScrollbarDrawTest, ObjectThatTheWindowMadeOutlivesItAndIsTheHosts)
     ASSERT_TRUE(pOwn);
     pOwn->InitScrollBar(10);
     DestroyWindow(hwnd);
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 2);
+    EXPECT_EQ(desk::Live()[desk::Kind::Theme], 2);
     pOwn->UninitScrollBar();
-    EXPECT_EQ(test::desk::Live()[test::desk::Kind::Theme], 1);
+    EXPECT_EQ(desk::Live()[desk::Kind::Theme], 1);
     pOwn->Delete(pOwn);
 }
 
@@ -139,27 +135,27 @@ protected:
         bar.InitScrollBar(0);
         bar.ScrSetTotalHeight(2 * BAR_HEIGHT);
         bar.SetScrollPos(BAR_HEIGHT / 2);
-        test::desk::Pump();
+        desk::Pump();
         TheHost().TakeReports();
     }
-    void MoveTo(int y) { test::PointAt(bar, 5, y); }
+    void MoveTo(int y) { PointAt(bar, 5, y); }
     void PressAt(int y)
     {
         MoveTo(y);
-        test::PressThere();
+        PressThere();
     }
-    static void Release() { test::ReleaseThere(); }
-    static int Timers() { return test::desk::Live()[test::desk::Kind::Timer]; }
+    static void Release() { ReleaseThere(); }
+    static int Timers() { return desk::Live()[desk::Kind::Timer]; }
     size_t CountAfter(DWORD dwMilliseconds)
     {
-        Advance(dwMilliseconds);
+        desk::Advance(dwMilliseconds);
         return TheHost().TakeReports().size();
     }
 };
 
 TEST_F(ScrollbarClockTest, HeldArrowRepeatsAfterHalfASecondAndThenTenTimesASecond)
 {
-    test::desk::SetKeyboardRepeat(3, 31); // of no account here
+    desk::SetKeyboardRepeat(3, 31); // of no account here
     PressAt(5);
     EXPECT_EQ(TheHost().TakeReports(), Reports{"lineup 5"}) << "at once";
     EXPECT_EQ(CountAfter(500), 0u);
@@ -204,7 +200,7 @@ TEST_F(ScrollbarClockTest, ANewWindowOfTheSameBarHasItsPointerAndNoFormerPress)
     MoveTo(5);
     EXPECT_EQ(CountAfter(1000), 0u);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 2").size(), 1u) << "hot, not pressed";
-    test::PointAt(bar, -20, 5);
+    PointAt(bar, -20, 5);
     EXPECT_EQ(Draw(bar, "DrawThemeBackground SCROLLBAR 1 4").size(), 1u) << "it hears of the pointer leaving";
 }
 
@@ -213,8 +209,8 @@ TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
     for (const bool fObjectToo : {false, true}) {
         auto* pDoomed = new GScrollbar;
         const HWND hwnd = pDoomed->Create(200, 20, 17, BAR_HEIGHT, Parent(), 33, 0, WS_CHILD | WS_VISIBLE);
-        test::PointAt(hwnd, 5, 5);
-        test::PressThere();
+        PointAt(hwnd, 5, 5);
+        PressThere();
         TheHost().onReport = [&](const std::string&) {
             TheHost().onReport = nullptr;
             DestroyWindow(hwnd);
@@ -222,7 +218,7 @@ TEST_F(ScrollbarClockTest, ParentMayDestroyTheBarWhileItRepeats)
                 pDoomed->Delete(pDoomed);
             }
         };
-        Advance(1000);
+        desk::Advance(1000);
         EXPECT_FALSE(IsWindow(hwnd));
         EXPECT_EQ(Timers(), 0) << "nothing repeats for a window that is gone";
         if (!fObjectToo) {
@@ -241,7 +237,7 @@ TEST_F(ScrollbarClockTest, ObjectThatGoesBeforeItsWindowStopsItsTimer)
     SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     pDoomed->Delete(pDoomed);
     EXPECT_EQ(Timers(), 0);
-    Advance(1000);
+    desk::Advance(1000);
     TheHost().TakeReports();
     ProbeScrollbar::LateTimer(); // was waiting in the queue already
     EXPECT_EQ(TheHost().TakeReports(), Reports{});

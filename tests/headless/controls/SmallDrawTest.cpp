@@ -6,10 +6,9 @@
 
 namespace {
 
-using test::Lines;
+using namespace test;
 
-class SmallDrawTest : public test::DrawFixture
-{};
+using SmallDrawTest = DrawFixture;
 
 TEST_F(SmallDrawTest, BackButtonDrawsOnePartOfAnotherClassAfterAThemeChangeAndNoParentBackground)
 {
@@ -25,34 +24,20 @@ TEST_F(SmallDrawTest, BackButtonDrawsOnePartOfAnotherClassAfterAThemeChangeAndNo
 
 TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
 {
-    class : public GNavigationButton
-    {
-    public:
-        void SetState(DWORD dwState) { m_dwState = dwState; }
-    } button;
+    OpenState<GNavigationButton> button;
     button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
-    struct
-    {
-        DWORD dwState, dwStyle;
-        const char* pszState;
-    } const rows[] = {
-        {0, 0, "1"},
-        {GWS_KEYDOWN, 0, "1"}, // a held space key does not show
-        {GWS_HOT, 0, "2"},
-        {GWS_PRESSED, 0, "2"}, // dragged outside
-        {GWS_HOT | GWS_PRESSED, 0, "3"},
-        {0, WS_DISABLED, "4"},
-        {GWS_HOT, WS_DISABLED, "2"},
-    };
-    for (const auto& row : rows) {
-        button.SetState(row.dwState);
-        button.SetStyle(WS_CHILD | WS_VISIBLE | row.dwStyle);
-        EXPECT_EQ(Draw(button, "DrawThemeBackground"),
-                  Lines{std::string("DrawThemeBackground NAVIGATION 1 ") + row.pszState + " (0,0,30,30)"})
-            << row.dwState << " " << row.dwStyle;
-    }
+    ExpectStates(button, "NAVIGATION 1 ",
+                 {
+                     {0, 0, 1},
+                     {GWS_KEYDOWN, 0, 1}, // a held space key does not show
+                     {GWS_HOT, 0, 2},
+                     {GWS_PRESSED, 0, 2}, // dragged outside
+                     {GWS_HOT | GWS_PRESSED, 0, 3},
+                     {0, WS_DISABLED, 4},
+                     {GWS_HOT, WS_DISABLED, 2},
+                 });
     button.SetStyle(WS_CHILD | WS_VISIBLE);
-    button.SetState(GWS_HOT);
+    button.m_dwState = GWS_HOT;
     EnableWindow(button, FALSE);
     EXPECT_EQ(Draw(button, "DrawThemeBackground NAVIGATION 1 4").size(), 1u)
         << "cleared after the repaint was asked for, and before the paint";
@@ -60,8 +45,8 @@ TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
 
 TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)
 {
-    test::desk::SetThemeClassAvailable("NAVIGATION", false);
-    test::desk::SetThemeClassAvailable("PROGRESS", false);
+    desk::SetThemeClassAvailable("NAVIGATION", false);
+    desk::SetThemeClassAvailable("PROGRESS", false);
     GNavigationButton button;
     button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
     EXPECT_EQ(Draw(button, "DrawFrameControl").size(), 1u);
@@ -73,13 +58,10 @@ TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)
     EXPECT_EQ(Draw(bar, "FillRect (0,0,30,20)").size(), 1u);
 }
 
-class ProgressDrawTest : public test::DrawFixture
+class ProgressDrawTest : public DrawFixture
 {
 protected:
-    void SetUp() override
-    {
-        test::desk::SetThemeMargins("PROGRESS", PP_BAR, 0, TMT_CONTENTMARGINS, {3, 5, 2, 4});
-    }
+    void SetUp() override { desk::SetThemeMargins("PROGRESS", PP_BAR, 0, TMT_CONTENTMARGINS, {3, 5, 2, 4}); }
     void Make(int cx) { bar.Create(0, 0, cx, 20, Parent(), 0, 0, WS_CHILD | WS_VISIBLE); }
     // The fill's right edge; its left one is at 3.
     int RightAt(UINT nProgress)
@@ -128,7 +110,7 @@ TEST_F(ProgressDrawTest, FillIsTruncatedAndUnlimited)
 TEST_F(ProgressDrawTest, ChangeOfTheStyleLeavesTheThemeThatWasOpened)
 {
     Make(109);
-    test::desk::Fail("OpenThemeData");
+    desk::Fail("OpenThemeData");
     SendMessageW(bar, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(RightAt(1000), 104) << "still drawn by the style";
 }

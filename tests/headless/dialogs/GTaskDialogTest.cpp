@@ -8,10 +8,9 @@
 
 namespace {
 
-namespace desk = gesso::headless;
-using test::Lines;
+using namespace test;
 
-class GTaskDialogTest : public test::DrawFixture
+class GTaskDialogTest : public DrawFixture
 {
 protected:
     // Runs a message box and acts within it.
@@ -28,7 +27,7 @@ protected:
         const WORD wDefault = LOWORD(SendMessageW(hDlg, DM_GETDEFID, 0, 0));
         const bool fDefault = HIWORD(SendMessageW(hDlg, DM_GETDEFID, 0, 0)) == DC_HASDEFID;
         for (HWND hwnd = GetWindow(hDlg, GW_CHILD); hwnd; hwnd = GetWindow(hwnd, GW_HWNDNEXT)) {
-            std::string text = test::TextOf(hwnd);
+            std::string text = TextOf(hwnd);
             if (fDefault && GetDlgCtrlID(hwnd) == wDefault) {
                 text = "[" + text + "]";
             }
@@ -112,7 +111,7 @@ TEST_F(GTaskDialogTest, TextsButtonsAndFooterStandWhereTheyBelong)
     const auto run = [&] {
         desk::WhenIdle([&] {
             drawn = Draw(GDialog::s_hActiveDlg, "DrawTheme");
-            controls = test::Controls(GDialog::s_hActiveDlg);
+            controls = Controls(GDialog::s_hActiveDlg);
             EndDialog(GDialog::s_hActiveDlg, 0);
         });
         GTaskDialog::IsolationAwareTaskDialogIndirect(&config, nullptr);
@@ -162,7 +161,7 @@ TEST_F(GTaskDialogTest, RunsAndLeavesNothingBehindWhateverFails)
             << pszOperation;
         desk::ClearFaults();
     }
-    const test::AllowMisuse allowed;
+    const AllowMisuse allowed;
     UINT uButton = 0;
     EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(nullptr, &uButton), E_FAIL);
     EXPECT_EQ(uButton, static_cast<UINT>(-1));

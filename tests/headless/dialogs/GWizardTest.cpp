@@ -10,8 +10,7 @@
 
 namespace {
 
-namespace desk = gesso::headless;
-using test::Lines;
+using namespace test;
 
 constexpr WORD PAGE_TEMPLATE = 500;
 constexpr WORD FIELD_TEMPLATE = 501; // a page with a control that takes the focus
@@ -58,15 +57,15 @@ private:
     const GWIZARDCONFIG m_config{0, L"Wizard", 0, WZB_NEXT, L"Done"};
 };
 
-class GWizardTest : public test::DrawFixture
+class GWizardTest : public DrawFixture
 {
 protected:
     void SetUp() override
     {
         s_pScript = &script;
-        const test::DialogTemplate page(WS_CHILD | DS_CONTROL, 180, 90);
+        const DialogTemplate page(WS_CHILD | DS_CONTROL, 180, 90);
         desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(PAGE_TEMPLATE), page.Bytes());
-        test::DialogTemplate field(WS_CHILD | DS_CONTROL, 180, 90);
+        DialogTemplate field(WS_CHILD | DS_CONTROL, 180, 90);
         field.Add(L"GCheckBox", FIELD, WS_TABSTOP, 5, 5, 60, 14, L"Field");
         desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(FIELD_TEMPLATE), field.Bytes());
         m_before = desk::Live();
@@ -108,7 +107,7 @@ protected:
                 return "field " + std::to_string(i);
             }
         }
-        return hwnd ? test::TextOf(hwnd) : "none";
+        return hwnd ? TextOf(hwnd) : "none";
     }
 
     // The pages that show.
@@ -128,7 +127,7 @@ protected:
         for (const UINT uId : {WZB_BACK, WZB_NEXT, WZB_FINISH, WZB_CANCEL}) {
             const HWND hwnd = GetDlgItem(hDlg, static_cast<int>(uId));
             if (IsWindowVisible(hwnd)) {
-                const std::string text = test::TextOf(hwnd);
+                const std::string text = TextOf(hwnd);
                 buttons += (buttons.empty() ? "" : " ") + (IsWindowEnabled(hwnd) ? text : "(" + text + ")");
             }
         }
@@ -229,11 +228,10 @@ TEST_F(GWizardTest, DialogFitsItsFirstPageAndTheFooter)
 {
     AddPages(2);
     Run({[&](HWND hDlg) {
-             EXPECT_EQ(test::Numbers(test::ClientSize(hDlg)), test::Numbers(315, 169 + 53));
-             EXPECT_EQ(test::Controls(hDlg),
-                       (Lines{"0 'Test' (0,0,315,169)", "0 'Test' (0,0,315,169)",
-                              "1 'Done' (125,182,213,208)", "2 'Cancel' (220,182,308,208)",
-                              "4 'Next' (125,182,213,208)", "8 'Back' (30,182,118,208)"}));
+             EXPECT_EQ(Numbers(ClientSize(hDlg)), Numbers(315, 169 + 53));
+             EXPECT_EQ(Controls(hDlg), (Lines{"0 'Test' (0,0,315,169)", "0 'Test' (0,0,315,169)",
+                                              "1 'Done' (125,182,213,208)", "2 'Cancel' (220,182,308,208)",
+                                              "4 'Next' (125,182,213,208)", "8 'Back' (30,182,118,208)"}));
          },
          Command(WZB_CANCEL)});
 }
@@ -358,7 +356,7 @@ TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
 
 TEST_F(GWizardTest, IgnoresANullPageAndRefusesToRunWithoutConfiguration)
 {
-    const test::AllowMisuse allowed;
+    const AllowMisuse allowed;
     wizard.InsertPage(0, nullptr);
     EXPECT_EQ(wizard.GetPage(0), nullptr);
     GWizard bare;

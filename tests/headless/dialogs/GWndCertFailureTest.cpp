@@ -9,8 +9,7 @@
 
 namespace {
 
-namespace desk = gesso::headless;
-using test::Lines;
+using namespace test;
 
 constexpr int CHECKBOX = 1080;
 constexpr int SHOW = 2000;
@@ -18,7 +17,7 @@ constexpr int SHOW = 2000;
 // Wider than the dialog's limit by itself, so that it wraps alike however often it is repeated.
 #define NAMES L"a name with many words, a name with many words, a name with many words, "
 
-class GWndCertFailureTest : public test::DrawFixture
+class GWndCertFailureTest : public DrawFixture
 {
 protected:
     DWORD Run(DWORD dwType, DWORD dwFailures, const std::function<void(HWND)>& act)
@@ -116,7 +115,7 @@ TEST_F(GWndCertFailureTest, EverythingStandsWhereItBelongs)
     Run(CFT_SECURE, 0x22, [&](HWND hDlg) {
         EXPECT_GT(Draw(hDlg, "BitBlt (0,").size(), 20u) << "one row of gradient, repeated";
         drawn = Draw(hDlg, "D");
-        controls = test::Controls(hDlg);
+        controls = Controls(hDlg);
         EndDialog(hDlg, 0);
     });
     const std::string header = R"( 0x0010 font="Segoe UI" 16 color=FFFFFF)";
@@ -146,7 +145,7 @@ TEST_F(GWndCertFailureTest, LongSubjectMakesTheDialogTallerAndNotWider)
     const auto sizeFor = [&](LPCWSTR pszSubject) {
         SIZE size{};
         desk::WhenIdle([&size] {
-            size = test::ClientSize(GDialog::s_hActiveDlg);
+            size = ClientSize(GDialog::s_hActiveDlg);
             EndDialog(GDialog::s_hActiveDlg, 0);
         });
         GWndCertFailure::WndCertFailure(nullptr, Parent(), nullptr, nullptr, CFT_UNTRUSTED, 0, nullptr,
@@ -184,7 +183,7 @@ TEST_F(GWndCertFailureTest, FailuresToRunAreReported)
         EXPECT_EQ(run(CFT_SECURE), HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND));
         EXPECT_EQ(dwResult, 99u);
     }
-    const test::AllowMisuse allowed;
+    const AllowMisuse allowed;
     EXPECT_EQ(run(3), E_INVALIDARG);
     desk::Fail("DialogBoxIndirectParamW");
     EXPECT_EQ(run(CFT_SECURE), E_FAIL);
@@ -207,8 +206,7 @@ TEST_F(GWndCertFailureTest, RunsAndLeavesNothingBehindWhateverFails)
 
 TEST_F(GWndCertFailureTest, OwnerMayEndItAsSoonAsItStandsAtItsPlace)
 {
-    const test::Interception inactive(Parent(), WM_ACTIVATE,
-                                      [] { DestroyWindow(desk::TopLevelWindows()[0]); });
+    const Interception inactive(Parent(), WM_ACTIVATE, [] { DestroyWindow(desk::TopLevelWindows()[0]); });
     GWndCertFailure::WndCertFailure(nullptr, Parent(), nullptr, nullptr, CFT_UNTRUSTED, 0x7FF, L"", L"");
     EXPECT_TRUE(inactive.Happened());
 }

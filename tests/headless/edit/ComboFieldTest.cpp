@@ -5,17 +5,14 @@
 
 namespace {
 
-namespace desk = gesso::headless;
-using test::Lines;
-using test::Reports;
-using test::TextOf;
+using namespace test;
 
 const std::string CHANGE = "click 5 code 768";
 
 constexpr int CHAR = 6;  // a character's width
 constexpr int LINE = 15; // a line's height
 
-class ComboFieldTest : public test::ComboFixture
+class ComboFieldTest : public ComboFixture
 {
 protected:
     // With the focus and a text, the caret at its end.
@@ -38,7 +35,7 @@ protected:
                       [](const std::string& line) { return line.find("ADD6FF") == std::string::npos; });
         return lines;
     }
-    Lines Frames() { return test::NextPaintBehind(Combo(), "DrawThemeBackground COMBOBOX "); }
+    Lines Frames() { return NextPaintBehind(Combo(), "DrawThemeBackground COMBOBOX "); }
 };
 
 TEST_F(ComboFieldTest, TheCaretStandsInTheFieldWhileItHasTheFocus)
@@ -52,7 +49,7 @@ TEST_F(ComboFieldTest, TheCaretStandsInTheFieldWhileItHasTheFocus)
     ASSERT_EQ(desk::Caret().hwnd, Combo().GetHwnd());
     EXPECT_TRUE(desk::Caret().visible);
     EXPECT_EQ(desk::Caret().size.cy, LINE);
-    EXPECT_EQ(test::Numbers(desk::Caret().position), test::Numbers(2 + 3 + 4 * CHAR, 2 + 4));
+    EXPECT_EQ(Numbers(desk::Caret().position), Numbers(2 + 3 + 4 * CHAR, 2 + 4));
     Type(VK_HOME);
     EXPECT_EQ(desk::Caret().position.x, 2 + 3);
     SetFocus(Parent());
@@ -207,7 +204,7 @@ TEST_F(ComboFieldTest, TheIBeamShowsOverTheTextAlone)
         return GetCursor();
     };
     EXPECT_EQ(cursorAt(20), GComboBox::s_hIbeam);
-    EXPECT_NE(cursorAt(test::COMBO_CX - 5), GComboBox::s_hIbeam);
+    EXPECT_NE(cursorAt(COMBO_CX - 5), GComboBox::s_hIbeam);
     Combo().SetStyle(WS_CHILD | WS_VISIBLE | GCBS_PLAIN);
     EXPECT_NE(cursorAt(30), GComboBox::s_hIbeam);
 }

@@ -5,16 +5,11 @@
 
 namespace {
 
-namespace desk = gesso::headless;
-using test::ClientSize;
-using test::Numbers;
-using test::PlaceIn;
-using test::Reports;
-using test::TextOf;
+using namespace test;
 
 const std::string SELCHANGE = "click 5 code 1";
 
-class ComboListTest : public test::ComboFixture
+class ComboListTest : public ComboFixture
 {
 protected:
     static void TypeEscape() { desk::TypeKey(VK_ESCAPE); }
@@ -40,7 +35,7 @@ TEST_F(ComboListTest, StandsBelowTheControlNoHigherThanItsItems)
     const RECT rcCombo = PlaceIn(nullptr, Combo());
     const LONG nBottom = rcCombo.bottom + 3 * 22 + 2 * 3;
     EXPECT_EQ(list, Numbers({rcCombo.left, rcCombo.bottom, rcCombo.right, nBottom}));
-    EXPECT_EQ(client, Numbers(test::COMBO_CX - 2 * 2, 3 * 22));
+    EXPECT_EQ(client, Numbers(COMBO_CX - 2 * 2, 3 * 22));
     EXPECT_EQ(dwStyle & ~static_cast<DWORD>(WS_VISIBLE), 0x86800000u);
     EXPECT_EQ(dwExStyle, 0x88u);
     EXPECT_TRUE(fVisible);
@@ -60,7 +55,7 @@ TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
         // The selected row is in view, at the bottom: rows 46 to 50.
         ClickRow(0);
     }});
-    EXPECT_EQ(Numbers(client), Numbers(test::COMBO_CX - 17, 5 * 22));
+    EXPECT_EQ(Numbers(client), Numbers(COMBO_CX - 17, 5 * 22));
     EXPECT_EQ(Combo().GetSelected(), 46u);
     EXPECT_EQ(TheHost().TakeReports().back(), SELCHANGE);
 
@@ -72,7 +67,7 @@ TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
         client = ClientSize(List());
         ClickRow(1);
     }});
-    EXPECT_EQ(client.cx, test::COMBO_CX);
+    EXPECT_EQ(client.cx, COMBO_CX);
     EXPECT_EQ(Combo().GetSelected(), 1u);
 }
 
@@ -127,9 +122,7 @@ TEST_F(ComboListTest, KeysAndClicksElsewhereCloseIt)
         closers.emplace_back([uKey] { desk::TypeKey(uKey); });
     }
     // Beside all, on the button, and on the control's own button.
-    for (const auto& [x, y] :
-         {std::pair{300, 5}, {210, 210}, {test::COMBO_X + test::COMBO_CX - 5, test::COMBO_Y + 5}})
-    {
+    for (const auto& [x, y] : {std::pair{300, 5}, {210, 210}, {COMBO_X + COMBO_CX - 5, COMBO_Y + 5}}) {
         closers.emplace_back([pt = OnScreen(Parent(), x, y)] { desk::Click(pt.x, pt.y); });
     }
     for (const auto& close : closers) {
@@ -146,7 +139,7 @@ TEST_F(ComboListTest, KeysAndClicksElsewhereCloseIt)
     for (const std::string& report : TheHost().TakeReports()) {
         EXPECT_EQ(report, "setfocus 5");
     }
-    const POINT pt = OnScreen(Combo(), test::COMBO_CX - 5, 10);
+    const POINT pt = OnScreen(Combo(), COMBO_CX - 5, 10);
     desk::DoubleClick(pt.x, pt.y);
     desk::Pump();
     EXPECT_FALSE(List()) << "a quick second click";
@@ -215,7 +208,7 @@ TEST_F(ComboListTest, TheHoveredRowIsHotAndKeysGoOnFromTheSelection)
 {
     Make(GCBS_DROPDOWNLIST, 5);
     Combo().SetSelected(1);
-    test::Lines hot;
+    Lines hot;
     WithList({[&] { MoveTo(List(), 5, 3 * 22 + 5); },
               [&] {
                   hot = Draw(List(), "DrawThemeBackground");
@@ -223,8 +216,8 @@ TEST_F(ComboListTest, TheHoveredRowIsHotAndKeysGoOnFromTheSelection)
                   desk::TypeKey(VK_DOWN);
               },
               TypeEscape});
-    EXPECT_EQ(hot, (test::Lines{"DrawThemeBackground explorer::LISTVIEW 0 0 (-2,-2,122,112)",
-                                "DrawThemeBackground explorer::LISTVIEW 1 6 (0,66,120,88)"}));
+    EXPECT_EQ(hot, (Lines{"DrawThemeBackground explorer::LISTVIEW 0 0 (-2,-2,122,112)",
+                          "DrawThemeBackground explorer::LISTVIEW 1 6 (0,66,120,88)"}));
     EXPECT_EQ(Combo().GetSelected(), 2u);
 }
 
@@ -247,7 +240,7 @@ TEST_F(ComboListTest, TheBarScrollsByMouseAndTheWheelByLines)
 {
     Make(GCBS_DROPDOWNLIST, 4000); // beyond 16 bits of pixels
     Combo().SetDropdownHeight(110);
-    const int xBar = test::COMBO_CX - 8;
+    const int xBar = COMBO_CX - 8;
     std::vector<UINT> picked;
     // Opens, acts, and picks the row that is at the top then.
     const auto topAfter = [&](std::function<void()> act) {
@@ -290,7 +283,7 @@ TEST_F(ComboListTest, AThickFrameLeavesTheBarWhereItIsDrawn)
     Make(GCBS_DROPDOWNLIST, 40);
     Combo().SetDropdownHeight(110 + 2 * FRAME);
     Combo().SetSelected(0);
-    const int xBar = test::COMBO_CX - 2 * FRAME - 8; // in the client area, as all points here
+    const int xBar = COMBO_CX - 2 * FRAME - 8; // in the client area, as all points here
     WithList({[&] { ClickAt(List(), xBar, 110 - 2); }, [&] { ClickAt(List(), xBar, 110 - 16); },
               [&] { ClickAt(List(), xBar, 2); }, [] { ClickRow(0); }});
     EXPECT_EQ(Combo().GetSelected(), 1u) << "two rows down, one up";
@@ -320,7 +313,7 @@ TEST_F(ComboListTest, TheParentMayDestroyTheControlInTheLoop)
 {
     for (const bool fDelete : {false, true}) {
         for (const bool fFromClick : {false, true}) {
-            pCombo = std::make_unique<test::ComboProbe>();
+            pCombo = std::make_unique<ComboProbe>();
             const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
             const auto destroy = [&] {
                 if (fDelete) {
@@ -416,7 +409,7 @@ TEST_F(ComboListTest, TheParentMayDestroyTheControlWhileTheListPaints)
     const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
     bool fPainted = false;
     WithList({[&] {
-        const test::Interception background(Parent(), WM_ERASEBKGND, [&] {
+        const Interception background(Parent(), WM_ERASEBKGND, [&] {
             DestroyWindow(hwnd);
             pCombo.reset();
         });
@@ -431,7 +424,7 @@ TEST_F(ComboListTest, TheParentMayDestroyTheControlWhileTheListPaints)
 TEST_F(ComboListTest, AWindowThatHadTheCaptureMayDestroyTheControlAsTheListCloses)
 {
     const HWND hwnd = Make(GCBS_DROPDOWNLIST, 5);
-    const test::Interception loss(Parent(), WM_CAPTURECHANGED, [&] {
+    const Interception loss(Parent(), WM_CAPTURECHANGED, [&] {
         DestroyWindow(hwnd);
         pCombo.reset();
     });

@@ -7,9 +7,9 @@
 
 namespace {
 
-namespace desk = gesso::headless;
+using namespace test;
 
-class ComboMonkeyTest : public test::ComboFixture
+class ComboMonkeyTest : public ComboFixture
 {
 protected:
     int Pick(int nBelow) { return std::uniform_int_distribution<int>(0, nBelow - 1)(m_random); }
@@ -23,7 +23,7 @@ protected:
         ASSERT_EQ(Combo().GetText(buffer.data(), &nRoom), 1);
         ASSERT_EQ(wcslen(buffer.data()) + 1, buffer.size());
         for (size_t n = 0; n < m_model.size(); ++n) {
-            ASSERT_EQ(test::Narrow(Combo().GetItemText(static_cast<UINT>(n))), m_model[n]);
+            ASSERT_EQ(Narrow(Combo().GetItemText(static_cast<UINT>(n))), m_model[n]);
         }
     }
 
@@ -115,7 +115,7 @@ TEST_F(ComboMonkeyTest, AnyUseKeepsItemsTextAndSelectionInOrder)
         SCOPED_TRACE(uSeed);
         m_random.seed(uSeed);
         m_model.clear();
-        pCombo = std::make_unique<test::ComboProbe>();
+        pCombo = std::make_unique<ComboProbe>();
         Make(GCBS_DROPDOWN);
         Combo().SetDropdownHeight(90);
         SetFocus(Combo());

@@ -5,11 +5,9 @@
 
 namespace {
 
-using test::Lines;
-using test::Numbers;
-namespace desk = gesso::headless;
+using namespace test;
 
-class EditDrawTest : public test::DrawFixture
+class EditDrawTest : public DrawFixture
 {
 protected:
     HWND Make(DWORD dwStyle, LPCWSTR pszText, int cx = 120, int cy = 40)
@@ -32,7 +30,7 @@ protected:
         DrawFixture::TearDown();
     }
 
-    test::ProbeEdit edit;
+    ProbeEdit edit;
 };
 
 TEST_F(EditDrawTest, LinesFollowOneAnotherUpToTheBottom)
@@ -89,7 +87,7 @@ TEST_F(EditDrawTest, FrameShowsFocusAndDisabling)
 {
     desk::SetThemeInt("EDIT", 6, 0, TMT_BORDERSIZE, 2);
     Make(WS_BORDER, L"x");
-    EXPECT_EQ(Numbers(test::ClientSize(edit)), "114,34") << "less the border and one more on each side";
+    EXPECT_EQ(Numbers(ClientSize(edit)), "114,34") << "less the border and one more on each side";
     const auto frame = [&] {
         desk::Pump();
         desk::ClearDrawing(edit);
@@ -115,7 +113,7 @@ TEST_F(EditDrawTest, WithoutAStyleItIsPlainButUsable)
 {
     desk::SetThemed(false);
     Make(WS_BORDER, L"plain");
-    EXPECT_EQ(Numbers(test::ClientSize(edit)), "116,36");
+    EXPECT_EQ(Numbers(ClientSize(edit)), "116,36");
     EXPECT_FALSE(Draw(edit, "FillRect").empty());
     EXPECT_EQ(Draw(edit, "DrawTextW").size(), 1u);
 }
@@ -132,7 +130,7 @@ TEST_F(EditDrawTest, CaretFollowsTheTextWhileTheFieldHasTheFocus)
     SendMessageW(edit, WM_KEYDOWN, VK_HOME, 0);
     EXPECT_EQ(desk::Caret().position.x, 1);
     // Another field's text moves no caret but its own.
-    test::ProbeEdit other;
+    ProbeEdit other;
     other.Create(0, 0, 50, 30, Parent(), 6, L"", WS_CHILD, 0);
     other.SetText(L"long");
     EXPECT_EQ(desk::Caret().position.x, 1);
@@ -175,9 +173,9 @@ TEST_F(EditDrawTest, PrintsItsFrameAndItsContent)
         return desk::Drawing(Parent());
     };
     EXPECT_TRUE(print(0).empty());
-    EXPECT_TRUE(test::AnyStartsWith(print(PRF_NONCLIENT), "DrawThemeBackground EDIT 6"));
-    EXPECT_FALSE(test::AnyStartsWith(print(PRF_NONCLIENT), "DrawTextW"));
-    EXPECT_TRUE(test::AnyStartsWith(print(PRF_CLIENT), "DrawTextW"));
+    EXPECT_TRUE(AnyStartsWith(print(PRF_NONCLIENT), "DrawThemeBackground EDIT 6"));
+    EXPECT_FALSE(AnyStartsWith(print(PRF_NONCLIENT), "DrawTextW"));
+    EXPECT_TRUE(AnyStartsWith(print(PRF_CLIENT), "DrawTextW"));
     ReleaseDC(Parent(), hdc);
 }
 
@@ -190,15 +188,15 @@ TEST_F(EditDrawTest, CutKeepsWhatTheClipboardDoesNotTake)
     desk::Fail("SetClipboardData");
     desk::TypeKey('X', {VK_CONTROL});
     desk::Pump();
-    EXPECT_EQ(test::TextOf(edit), "keep");
+    EXPECT_EQ(TextOf(edit), "keep");
     desk::Fail("GetClipboardData");
     desk::TypeKey('V', {VK_CONTROL});
     desk::Pump();
-    EXPECT_EQ(test::TextOf(edit), "keep");
+    EXPECT_EQ(TextOf(edit), "keep");
     desk::ClearFaults();
     desk::TypeKey('X', {VK_CONTROL});
     desk::Pump();
-    EXPECT_EQ(test::TextOf(edit), "");
+    EXPECT_EQ(TextOf(edit), "");
     EXPECT_EQ(desk::ClipboardText(), "keep");
     desk::SetClipboardText("");
 }

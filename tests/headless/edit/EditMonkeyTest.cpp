@@ -8,13 +8,15 @@
 
 namespace {
 
-class EditMonkeyTest : public test::DrawFixture, public testing::WithParamInterface<unsigned>
+using namespace test;
+
+class EditMonkeyTest : public DrawFixture, public testing::WithParamInterface<unsigned>
 {};
 
 TEST_P(EditMonkeyTest, LinesAddUpAndTheTextIsWhatWasTyped)
 {
     std::mt19937 random(GetParam());
-    test::EditMonkey monkey(Parent(), [&](unsigned n) { return static_cast<unsigned>(random() % n); });
+    EditMonkey monkey(Parent(), [&](unsigned n) { return static_cast<unsigned>(random() % n); });
     for (int i = 0; i < 1500; ++i) {
         const std::string fault = monkey.Step();
         ASSERT_EQ(fault, "") << "step " << i;

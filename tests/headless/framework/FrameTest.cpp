@@ -7,10 +7,9 @@
 
 namespace {
 
-namespace desk = gesso::headless;
+using namespace test;
 
-class FrameTest : public test::DrawFixture
-{};
+using FrameTest = DrawFixture;
 
 TEST_F(FrameTest, FailedCreationLeavesNothingBehind)
 {
@@ -33,7 +32,7 @@ TEST_F(FrameTest, FailedCreationLeavesNothingBehind)
 TEST_F(FrameTest, RibbonThatTheParentDeletesDuringCreateIsNotTouchedAgain)
 {
     auto* pRibbon = new GRibbon(1);
-    test::Interception told(Parent(), WM_PARENTNOTIFY, [&] {
+    Interception told(Parent(), WM_PARENTNOTIFY, [&] {
         DestroyWindow(*pRibbon);
         pRibbon->Delete(pRibbon); // the sanitizers watch it from here on
     });

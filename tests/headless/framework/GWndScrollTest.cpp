@@ -7,17 +7,12 @@
 
 namespace {
 
-namespace desk = gesso::headless;
-using test::Lines;
-using test::Numbers;
-using test::PressThere;
-using test::ReleaseThere;
-using test::ScrollProbe;
+using namespace test;
 
 constexpr int CX = 200, CY = 150; // of the probe
 constexpr int BAR = 17;           // thickness and arrow length
 
-class GWndScrollTest : public test::DrawFixture
+class GWndScrollTest : public DrawFixture
 {
 protected:
     void SetUp() override
@@ -42,7 +37,7 @@ protected:
     }
 
     // A point of the one control, counted from its left top.
-    void MoveTo(int x, int y) { test::PointAt(GetWindow(Parent(), GW_CHILD), x, y); }
+    void MoveTo(int x, int y) { PointAt(GetWindow(Parent(), GW_CHILD), x, y); }
 
     Lines ScrollsAt(int x, int y)
     {
@@ -89,7 +84,7 @@ TEST_F(GWndScrollTest, NumbersAreLimitedToTheRange)
 TEST_F(GWndScrollTest, BarsTakeTheirRoomAndGiveItBack)
 {
     probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
-    const auto client = [this] { return Numbers(test::ClientSize(probe)); };
+    const auto client = [this] { return Numbers(ClientSize(probe)); };
     EXPECT_EQ(client(), Numbers(CX, CY));
     probe.ShowRange(SB_VERT);
     probe.ShowRange(SB_HORZ);
@@ -107,21 +102,16 @@ TEST_F(GWndScrollTest, EachPartIsHitAndItsFlagMakesItInactive)
     MakeVertical();
     // The track is 116 long, less the 5 that the thumb was enlarged by to its smallest length of 17.
     const int x = CX - BAR / 2;
-    struct
-    {
-        int y;
-        WORD wHit;
-        UINT uFlag;
-    } const rows[] = {{0, SBH_UP, GSB_DISABLE_FIRST},
-                      {BAR, SBH_VTHUMB, GSB_DISABLE_THUMB},
-                      {BAR + 17, SBH_VTHUMB, GSB_DISABLE_THUMB},
-                      {BAR + 18, SBH_BELOW, GSB_DISABLE_PAGELAST},
-                      {CY - BAR, SBH_BELOW, GSB_DISABLE_PAGELAST},
-                      {CY - 1, SBH_DOWN, GSB_DISABLE_LAST}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(probe.HitAt(x, row.y), row.wHit) << row.y;
-        const UINT uFormer = probe.SetScrollBarStyle(SB_VERT, row.uFlag);
-        EXPECT_EQ(probe.HitAt(x, row.y), 0) << row.y;
+    const std::tuple<int, WORD, UINT> rows[] = {{0, SBH_UP, GSB_DISABLE_FIRST},
+                                                {BAR, SBH_VTHUMB, GSB_DISABLE_THUMB},
+                                                {BAR + 17, SBH_VTHUMB, GSB_DISABLE_THUMB},
+                                                {BAR + 18, SBH_BELOW, GSB_DISABLE_PAGELAST},
+                                                {CY - BAR, SBH_BELOW, GSB_DISABLE_PAGELAST},
+                                                {CY - 1, SBH_DOWN, GSB_DISABLE_LAST}};
+    for (const auto& [y, wHit, uFlag] : rows) {
+        EXPECT_EQ(probe.HitAt(x, y), wHit) << y;
+        const UINT uFormer = probe.SetScrollBarStyle(SB_VERT, uFlag);
+        EXPECT_EQ(probe.HitAt(x, y), 0) << y;
         probe.SetScrollBarStyle(SB_VERT, uFormer);
     }
     probe.SetScrollPos(SB_VERT, 50, FALSE);
@@ -285,7 +275,7 @@ TEST_F(GWndScrollTest, ControlDestroyedByWhoLosesTheCaptureToItIsNotTouchedAgain
 {
     MakeVertical();
     SetCapture(Parent());
-    test::Interception loss(Parent(), WM_CAPTURECHANGED, [this] { DestroyWindow(probe); });
+    Interception loss(Parent(), WM_CAPTURECHANGED, [this] { DestroyWindow(probe); });
     MoveTo(CX - 5, CY - 5);
     POINT pt{};
     GetCursorPos(&pt);
@@ -303,7 +293,7 @@ TEST_F(GWndScrollTest, ControlDeletedWithItsCaptureIsNotTouchedAgain)
     desk::Pump();
     MoveTo(CX - 5, BAR + 5);
     PressThere();
-    test::Interception loss(hwnd, WM_CAPTURECHANGED, [&] {
+    Interception loss(hwnd, WM_CAPTURECHANGED, [&] {
         DestroyWindow(hwnd);
         pProbe.reset();
     });

@@ -7,10 +7,11 @@
 
 namespace {
 
-namespace desk = gesso::headless;
+using namespace test;
+
 using gesso::OffscreenSurface;
 
-class OffscreenSurfaceTest : public test::DrawFixture
+class OffscreenSurfaceTest : public DrawFixture
 {
 protected:
     void Repaint(HWND hwnd)

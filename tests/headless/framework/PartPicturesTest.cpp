@@ -7,13 +7,13 @@
 
 namespace {
 
-namespace desk = gesso::headless;
+using namespace test;
 
 constexpr int HEADER_PART = HP_HEADERITEM;
 constexpr const char* DRAWN = "DrawThemeBackground HEADER 1 1 (10,5,60,25)";
 constexpr const char* COPIED = "SetDIBitsToDevice (10,5,60,25) 0x0101";
 
-class PartPicturesTest : public test::DrawFixture
+class PartPicturesTest : public DrawFixture
 {
 protected:
     void SetUp() override
@@ -24,7 +24,7 @@ protected:
     void TearDown() override
     {
         m_theme.Reset();
-        test::DrawFixture::TearDown();
+        DrawFixture::TearDown();
     }
 
     // How the part comes into a memory context.

@@ -6,8 +6,7 @@ using namespace gesso::headless::test;
 
 namespace {
 
-class DesktopWindowTest : public DesktopTest
-{};
+using DesktopWindowTest = DesktopTest;
 
 TEST_F(DesktopWindowTest, AWindowThatRefusesItsCreationIsGoneAtOnce)
 {

@@ -8,8 +8,7 @@ using namespace gesso::headless::test;
 
 namespace {
 
-class DriverTest : public DesktopTest
-{};
+using DriverTest = DesktopTest;
 
 TEST_F(DriverTest, MessagesComeInTheOrderPostedInputPaintTimer)
 {

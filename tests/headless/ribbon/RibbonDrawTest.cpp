@@ -10,14 +10,12 @@
 namespace {
 
 using namespace test::ribbon;
-using test::Lines;
-namespace desk = gesso::headless;
 
 constexpr auto PARENT = "DrawThemeParentBackground (0,0,700,118)";
 constexpr auto BOTTOM_LINE = "LineTo (0,117) (700,117) pen=solid 1 DBDBDB";
 constexpr auto PAGE_PARENT = "DrawThemeParentBackground (0,26,700,117)";
 
-class RibbonDrawTest : public test::DrawFixture
+class RibbonDrawTest : public DrawFixture
 {
 protected:
     void TearDown() override
@@ -97,7 +95,7 @@ TEST_F(RibbonDrawTest, TheHotTabIsDrawnInItsOwnLinesAndFill)
 {
     Ribbon().AddPage(nullptr, 1, L"One");
     Ribbon().AddPage(new OpenPage(2, L"Own"), 0, L"Given"); // is only measured
-    test::PointAt(hwnd, 80, 10);
+    PointAt(hwnd, 80, 10);
     Lines lines = Drawn();
     const auto first = "LineTo (73,25) (73,0) pen=solid 1 EBEBEB";
     lines.erase(lines.begin(), std::find(lines.begin(), lines.end(), first));
@@ -168,12 +166,12 @@ TEST_F(RibbonDrawTest, ButtonStates)
         return lines;
     };
     EXPECT_EQ(DrawnOfItems(), drawnIn(1, 4));
-    test::PointAt(hwnd, 8, 40);
+    PointAt(hwnd, 8, 40);
     EXPECT_EQ(DrawnOfItems(), drawnIn(2, 4));
-    test::PressThere();
+    PressThere();
     EXPECT_EQ(DrawnOfItems(), drawnIn(3, 4));
     desk::ReleaseButton();
-    test::PointAt(hwnd, 8, 62);
+    PointAt(hwnd, 8, 62);
     EXPECT_EQ(DrawnOfItems(), drawnIn(1, 2)) << "hot is more than disabled";
     desk::MoveMouse(1, 1);
     desk::Pump();
@@ -193,8 +191,8 @@ TEST_F(RibbonDrawTest, ACheckedBoxIsDrawnOneStateBeyondItsPlainCounterpart)
                                      "DrawThemeBackground BUTTON 3 6 (8,53,21,73)",
                                      "DrawThemeText BUTTON 3 6 \"B\" (24,55,31,71)" + font,
                                      "DrawThemeBackground BUTTON 3 9 (8,75,21,95)"}));
-    test::PointAt(hwnd, 10, 60);
-    EXPECT_TRUE(test::AnyStartsWith(DrawnOfItems(), "DrawThemeBackground BUTTON 3 7 (8,53,21,73)"));
+    PointAt(hwnd, 10, 60);
+    EXPECT_TRUE(AnyStartsWith(DrawnOfItems(), "DrawThemeBackground BUTTON 3 7 (8,53,21,73)"));
 }
 
 TEST_F(RibbonDrawTest, WithoutAStyleItemsAreDrawnPlain)
@@ -203,8 +201,8 @@ TEST_F(RibbonDrawTest, WithoutAStyleItemsAreDrawnPlain)
     OpenPage& page = AddPage();
     InsertCheckBox(page, 1, 1, true, L"A");
     const Lines lines = DrawnOfPage();
-    EXPECT_TRUE(test::AnyStartsWith(lines, "DrawFrameControl (8,31,"));
-    EXPECT_TRUE(test::AnyStartsWith(lines, "DrawTextW \"A\""));
+    EXPECT_TRUE(AnyStartsWith(lines, "DrawFrameControl (8,31,"));
+    EXPECT_TRUE(AnyStartsWith(lines, "DrawTextW \"A\""));
 }
 
 TEST_F(RibbonDrawTest, PrintingDrawsStraightIntoTheContextAndLeavesItBlack)
@@ -230,11 +228,11 @@ TEST_F(RibbonDrawTest, ARibbonFromATemplateIsBlackUnlessASubclassSetsItsColors)
     EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
         return line.starts_with("FillRect (1,1,") && line.ends_with(",26) brush=000000");
     }));
-    EXPECT_TRUE(test::AnyStartsWith(lines, "LineTo (0,117) (700,117) pen=solid 1 000000"));
+    EXPECT_TRUE(AnyStartsWith(lines, "LineTo (0,117) (700,117) pen=solid 1 000000"));
     bare.Destroy();
 }
 
-using ValueMenuDrawTest = test::DrawFixture;
+using ValueMenuDrawTest = DrawFixture;
 
 struct OpenMenu : GRightClickMenu
 {

@@ -9,12 +9,10 @@
 namespace {
 
 using namespace test::ribbon;
-using test::Strip;
-namespace desk = gesso::headless;
 using desk::Kind;
 
 // The fixture compares what lives before and after each test.
-class RibbonLifeTest : public test::DrawFixture
+class RibbonLifeTest : public DrawFixture
 {
 protected:
     static void Fill(GRibbon& ribbon)
@@ -30,8 +28,8 @@ protected:
 
     static void AddTemplate(LPCWSTR pszName, int nLarge, int nSmall)
     {
-        const auto bytes = test::LayOutTemplate(Strip::Numbered(32 * nLarge, 32, 0xFF000000),
-                                                Strip::Numbered(16 * nSmall, 16, 0xFF000000));
+        const auto bytes = LayOutTemplate(Strip::Numbered(32 * nLarge, 32, 0xFF000000),
+                                          Strip::Numbered(16 * nSmall, 16, 0xFF000000));
         desk::AddResource(desk::HostModule(), L"RT_DLG", pszName, std::as_bytes(std::span(bytes)));
     }
 

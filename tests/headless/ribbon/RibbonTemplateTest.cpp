@@ -6,10 +6,10 @@
 using gesso::ReadRibbonTemplate;
 using gesso::TemplateImage;
 using gesso::TemplateImages;
-using test::RibbonTemplate;
-using test::Strip;
 
 namespace {
+
+using namespace test;
 
 const Strip LARGE = Strip::Numbered(64, 32, 0x10000000);
 const Strip LITTLE = Strip::Numbered(32, 16, 0x20000000);
@@ -68,7 +68,7 @@ TEST(RibbonTemplate, PixelsAreFetchedFromTheStartOfTheResourceAndNotFromTheRecor
 
 TEST(RibbonTemplate, TheDocumentedLayoutBringsBothStripsButForThreePixels)
 {
-    const std::vector<BYTE> bytes = test::LayOutTemplate(LARGE, LITTLE);
+    const std::vector<BYTE> bytes = LayOutTemplate(LARGE, LITTLE);
     const TemplateImages images = ReadRibbonTemplate(bytes);
     ASSERT_TRUE(images.imageLarge && images.imageSmall);
     const std::vector<DWORD> large = ColorsOf(bytes, *images.imageLarge);
