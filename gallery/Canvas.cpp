@@ -1,6 +1,8 @@
 #include <gallery/Canvas.h>
 #include <gallery/Fonts.h>
 
+#include <algorithm>
+
 namespace gallery {
 namespace {
 
@@ -14,6 +16,21 @@ INT_PTR CALLBACK ForwardToPage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lPara
     case WM_COMMAND:
     case WM_NOTIFY: SendMessageW(GetParent(hwnd), uMsg, wParam, lParam); return TRUE;
     default: return FALSE;
+    }
+}
+
+RECT PlaceOf(HWND hwnd)
+{
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    MapWindowPoints(nullptr, GetParent(hwnd), reinterpret_cast<POINT*>(&rc), 2);
+    return rc;
+}
+
+template <class VISIT> void ForEachChild(HWND hwndParent, const VISIT& visit)
+{
+    for (HWND hwnd = GetWindow(hwndParent, GW_CHILD); hwnd; hwnd = GetWindow(hwnd, GW_HWNDNEXT)) {
+        visit(hwnd, PlaceOf(hwnd));
     }
 }
 
@@ -31,7 +48,56 @@ GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, 
 
 void Canvas::Place(GWnd& control, int x, int y, int cx, int cy) const
 {
-    control.MoveWindow(x - GetScrollPos(m_hwnd, SB_HORZ), y - GetScrollPos(m_hwnd, SB_VERT), cx, cy);
+    const POINT ptShift = m_fStacked && x >= RIGHT_BLOCK ? m_ptStack : POINT{};
+    control.MoveWindow(x + ptShift.x - GetScrollPos(m_hwnd, SB_HORZ),
+                       y + ptShift.y - GetScrollPos(m_hwnd, SB_VERT), cx, cy);
+}
+
+// By where it stands now; a frame is a pixel outside of its control.
+bool Canvas::IsRight(const RECT& rc) const
+{
+    return m_fStacked ? rc.top >= FIRST_BLOCK + m_ptStack.y - 1 : rc.left >= RIGHT_BLOCK - 1;
+}
+
+LONG Canvas::LeftBottom() const
+{
+    LONG nBottom = 0;
+    ForEachChild(m_hwnd, [&](HWND, const RECT& rc) {
+        nBottom = IsRight(rc) ? nBottom : std::max(nBottom, rc.bottom);
+    });
+    return nBottom;
+}
+
+void Canvas::Stack(bool fStacked)
+{
+    if (fStacked == m_fStacked) {
+        return;
+    }
+    if (fStacked) {
+        m_ptStack = {LEFT_BLOCK - RIGHT_BLOCK, LeftBottom() + MARGIN - FIRST_BLOCK};
+    }
+    const POINT ptMove = fStacked ? m_ptStack : POINT{-m_ptStack.x, -m_ptStack.y};
+    ForEachChild(m_hwnd, [&](HWND hwnd, const RECT& rc) {
+        if (IsRight(rc)) {
+            SetWindowPos(hwnd, nullptr, rc.left + ptMove.x, rc.top + ptMove.y, 0, 0,
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+    });
+    for (RECT& rc : m_frames) {
+        if (IsRight(rc)) {
+            OffsetRect(&rc, ptMove.x, ptMove.y);
+        }
+    }
+    m_fStacked = fStacked;
+}
+
+SIZE Canvas::Extent() const
+{
+    SIZE size{};
+    ForEachChild(m_hwnd, [&](HWND, const RECT& rc) {
+        size = {std::max(size.cx, rc.right), std::max(size.cy, rc.bottom)};
+    });
+    return size;
 }
 
 void Canvas::Title(LPCWSTR pszTitle, LPCWSTR pszAbout)

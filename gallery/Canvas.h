@@ -15,7 +15,8 @@ namespace gallery {
 constexpr int MARGIN = 24; // around a page's content, and between its blocks
 constexpr int GAP = 12;    // between cells
 constexpr int LEFT_BLOCK = MARGIN;
-constexpr int RIGHT_BLOCK = MARGIN + 414; // where a page has two columns of blocks, each of 390 pixels
+constexpr int RIGHT_BLOCK = MARGIN + 414; // where a page has two columns of blocks
+constexpr int BLOCK_WIDTH = 390;          // of each of the two
 constexpr int FIRST_BLOCK = 88;           // the first block's top, below the title
 constexpr COLORREF PAGE_COLOR = RGB(255, 255, 255);
 constexpr COLORREF FRAME_COLOR = RGB(214, 218, 224);
@@ -39,8 +40,12 @@ public:
         return result;
     }
 
-    // Moves a control on the page, which may be scrolled by now.
+    // Moves a control on the page, which may be scrolled and stacked by now.
     void Place(GWnd& control, int x, int y, int cx, int cy) const;
+    // Puts the right column of blocks below the left one, or back, while the page is not scrolled.
+    void Stack(bool fStacked);
+    // The room that all controls take as they stand.
+    SIZE Extent() const;
 
     // The page's title and a sentence about it, at the top.
     void Title(LPCWSTR pszTitle, LPCWSTR pszAbout);
@@ -52,7 +57,12 @@ public:
     void PaintFrames(HDC hdc) const;
 
 private:
+    bool IsRight(const RECT& rc) const;
+    LONG LeftBottom() const;
+
     HWND m_hwnd;
+    bool m_fStacked = false;
+    POINT m_ptStack{}; // how far the right column is moved to be stacked
     int m_nNextId = 100;
     std::vector<std::unique_ptr<GWnd>> m_controls;
     std::deque<RECT> m_frames; // which stay where they are

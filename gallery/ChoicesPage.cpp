@@ -11,7 +11,6 @@ namespace {
 
 constexpr SIZE CELL = {122, 24};
 constexpr SIZE LINK_CELL = {189, 64};
-constexpr int BLOCK_WIDTH = 390;
 constexpr int BLOCK_HEIGHT = 100; // of the two blocks at the bottom, without their headings
 constexpr DWORD MIDDLE = GS_VCENTER | WS_TABSTOP;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;

@@ -184,9 +184,10 @@ private:
 
     void MakeAnswer(Canvas& canvas, POINT pt)
     {
-        canvas.Text({pt.x, pt.y, pt.x + 390, pt.y + Grid::HEADING_HEIGHT}, L"The answer", HeadingFont(), 0);
+        canvas.Text({pt.x, pt.y, pt.x + BLOCK_WIDTH, pt.y + Grid::HEADING_HEIGHT}, L"The answer",
+                    HeadingFont(), 0);
         const int yText = pt.y + Grid::HEADING_HEIGHT;
-        m_pAnswer = &canvas.Text({pt.x, yText, pt.x + 390, yText + 34}, L"Nothing was asked so far.",
+        m_pAnswer = &canvas.Text({pt.x, yText, pt.x + BLOCK_WIDTH, yText + 34}, L"Nothing was asked so far.",
                                  TitleFont(), RGB(0, 92, 64));
     }
 

@@ -46,8 +46,8 @@ int EntryCombos::Build(Canvas& canvas, POINT pt)
     AddPlatformField(grid);
 
     const int y = grid.Bottom();
-    m_pCounts =
-        &canvas.Text({pt.x, y, pt.x + 390, y + Grid::CAPTION_HEIGHT}, L"", g_hDefaultFont, CAPTION_COLOR);
+    m_pCounts = &canvas.Text({pt.x, y, pt.x + BLOCK_WIDTH, y + Grid::CAPTION_HEIGHT}, L"", g_hDefaultFont,
+                             CAPTION_COLOR);
     ShowCounts();
     return y + Grid::CAPTION_HEIGHT + MARGIN;
 }
@@ -90,7 +90,8 @@ Exhibit EntryCombos::OpenList() const
     const HWND hwnd = *m_combos.front();
     RECT rc{};
     GetWindowRect(hwnd, &rc);
-    const RECT rcPart{rc.left - GAP, rc.top - Grid::HEADING_HEIGHT - 8, rc.left + 390 + GAP, rc.bottom + 180};
+    const RECT rcPart{rc.left - GAP, rc.top - Grid::HEADING_HEIGHT - 8, rc.left + BLOCK_WIDTH + GAP,
+                      rc.bottom + 180};
     const auto open = [hwnd] {
         SetFocus(hwnd);
         SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 0);

@@ -21,6 +21,9 @@ struct Part
 // What a page has in a window of 800 x 600, without scroll bars.
 constexpr SIZE SMALL_ROOM = {616, 340};
 
+// What two columns of blocks take.
+constexpr SIZE TWO_COLUMNS = {RIGHT_BLOCK + BLOCK_WIDTH + MARGIN, 612};
+
 class Page
 {
 public:
@@ -37,8 +40,8 @@ public:
     // Whether something goes on that will still change what the page shows, for its picture.
     virtual bool IsBusy() const { return false; }
 
-    // The room that the page needs, in pixels: where it has less, it scrolls.
-    virtual SIZE LeastSize() const { return {852, 612}; }
+    // The room that the page needs, in pixels: where it has less, it scrolls, and two columns are stacked.
+    virtual SIZE LeastSize() const { return TWO_COLUMNS; }
     // The room that it has, for a page that lays itself out by that.
     virtual void OnSize(SIZE /*size*/) {}
 

@@ -163,10 +163,10 @@ void PageWindow::Arrange()
     ScrollTo({0, 0});
     RECT rc{};
     GetWindowRect(m_hwnd, &rc);
-    const SIZE least = m_page->LeastSize();
     const int cxBar = GetSystemMetrics(SM_CXVSCROLL);
     const int cyBar = GetSystemMetrics(SM_CYHSCROLL);
     SIZE room{rc.right - rc.left, rc.bottom - rc.top};
+    const SIZE least = NeededIn(room);
     const bool fVertical = least.cy > room.cy - (least.cx > room.cx ? cyBar : 0);
     room.cx -= fVertical ? cxBar : 0;
     room.cy -= least.cx > room.cx ? cyBar : 0;
@@ -175,6 +175,15 @@ void PageWindow::Arrange()
     m_page->OnSize({std::max(room.cx, least.cx), std::max(room.cy, least.cy)});
     m_fArranging = false;
     InvalidateRect(m_hwnd, nullptr, TRUE);
+}
+
+// Two columns are stacked rather than scrolled across.
+SIZE PageWindow::NeededIn(SIZE room)
+{
+    const SIZE least = m_page->LeastSize();
+    const bool fStacked = least.cx == TWO_COLUMNS.cx && room.cx < least.cx;
+    m_canvas->Stack(fStacked);
+    return fStacked ? SIZE{LEFT_BLOCK + BLOCK_WIDTH + MARGIN, m_canvas->Extent().cy + MARGIN} : least;
 }
 
 void PageWindow::SetRange(int nBar, int nLeast, int nRoom) const

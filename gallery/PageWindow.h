@@ -39,6 +39,7 @@ private:
     LRESULT OnEraseBackground(HDC hdc) const;
 
     void Arrange();
+    SIZE NeededIn(SIZE room);
     void SetRange(int nBar, int nLeast, int nRoom) const;
     void ScrollTo(POINT pt);
     void BringIntoView(HWND hwnd);

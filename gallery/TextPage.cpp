@@ -67,7 +67,7 @@ public:
 private:
     void MakeWrapView(Canvas& canvas, POINT pt)
     {
-        Grid grid(canvas, pt, L"Scripts, wrapped at an edge to drag", 1, {390, VIEW_HEIGHT});
+        Grid grid(canvas, pt, L"Scripts, wrapped at an edge to drag", 1, {BLOCK_WIDTH, VIEW_HEIGHT});
         grid.SetFramed(true);
         m_view = std::make_unique<WrapView>(canvas.Window(),
                                             grid.NextCell(L"boxes show the widths that the lines record"));
