@@ -42,7 +42,7 @@ class Edit(GalleryTest):
 
     # --- Tests
 
-    def test_typed_text_comes_in_and_is_told(self):
+    def test_typed_text_comes_in_is_told_and_replaces_what_shift_selects(self):
         self.fill(self.line, "")
         self.gallery.lines()
         xdotool("type", "--delay", "5", "Hello")
@@ -50,11 +50,8 @@ class Edit(GalleryTest):
         self.assertEqual(self.text(self.line), "Hello")
         self.gallery.key("BackSpace", "Home", "Delete")
         self.assertEqual(self.text(self.line), "ell")
-
-    def test_shift_with_arrows_selects_what_typing_replaces(self):
-        self.fill(self.line, "abcdef")
-        self.gallery.key("shift+Left", "shift+Left", "x")
-        self.assertEqual(self.text(self.line), "abcdx")
+        self.gallery.key("End", "shift+Left", "shift+Left", "x")
+        self.assertEqual(self.text(self.line), "ex")
 
     def test_the_pointer_selects_by_dragging_and_all_by_a_double_click(self):
         self.fill(self.line, "drag this")
