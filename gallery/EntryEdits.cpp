@@ -43,7 +43,7 @@ int EntryEdits::BuildSeveralLines(POINT pt)
     Grid grid(*m_pCanvas, pt, L"Edit fields of many lines: Ctrl+Tab leaves them", 2, TEXT_CELL);
     Add(grid.NextCell(L"as many as are typed"), LETTER, ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN);
     Add(grid.NextCell(L"as many as there is room for"),
-        L"One\nTwo \U0001F600\nThr\u00E9e e\u0301\n\u03A4\u03AD\u03C3\u03C3\u03B5\u03C1\u03B1",
+        L"One\nTwo \u00D7 two\nThr\u00E9e e\u0301\n\u03A4\u03AD\u03C3\u03C3\u03B5\u03C1\u03B1",
         ES_MULTILINE | ES_WANTRETURN);
     return grid.Bottom();
 }
