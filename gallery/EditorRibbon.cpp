@@ -68,10 +68,6 @@ void EditorPage::Host(HWND hwnd, int nRow)
     GetWindowRect(hwnd, &rc);
     SetWindowPos(hwnd, nullptr, group.nLeft + HOSTED_MARGIN, FIRST_ROW + nRow * ROW_HEIGHT,
                  rc.right - rc.left, rc.bottom - rc.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    // So that Tab goes to it.
-    const HWND hwndRibbon = GetParent(hwnd);
-    SetWindowLongPtrW(hwndRibbon, GWL_EXSTYLE,
-                      GetWindowLongPtrW(hwndRibbon, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
     m_hosted.push_back(hwnd);
     AddWindow(m_dwGroup, hwnd);
 }
@@ -117,6 +113,8 @@ HWND EditorRibbon::MakeWindow(const RECT& rc, HWND hwndParent)
 {
     const HWND hwnd = GRibbon::Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent,
                                       GetModuleHandleW(nullptr));
+    // So that Tab goes to hosted windows.
+    SetWindowLongPtrW(hwnd, GWL_EXSTYLE, GetWindowLongPtrW(hwnd, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
     SetWindowSubclass(hwnd, &FollowPresses, 1, reinterpret_cast<DWORD_PTR>(this));
     return hwnd;
 }

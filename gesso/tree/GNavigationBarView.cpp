@@ -5,6 +5,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/tree/GNavigationBar.h>
 #include <gesso/tree/ItemHold.h>
+#include <gesso/tree/ItemNotify.h>
 
 #include <algorithm>
 #include <utility>
@@ -295,14 +296,7 @@ void GNavigationBar::ClickItem(NavigationBarItem* item, POINTS pt)
     }
     m_pSelected = item;
     FindSelectedRow();
-    GLISTNOTIFY notify{};
-    notify.iItem = static_cast<int>(m_nSelected);
-    notify.iSubItem = -1;
-    notify.x = pt.x;
-    notify.y = pt.y;
-    notify.pItem = item;
-    notify.uKeyFlags = gesso::ModifierFlags();
-    Frame::SendNotify(*this, static_cast<UINT>(NM_CLICK), &notify.hdr);
+    gesso::SendItemNotify(*this, static_cast<UINT>(NM_CLICK), item, m_nSelected, 0, pt.x, pt.y);
 }
 
 LRESULT GNavigationBar::OnLButtonDblClk(WPARAM, POINTS pt)

@@ -4,6 +4,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/tree/ItemHold.h>
+#include <gesso/tree/ItemNotify.h>
 #include <gesso/tree/NameSort.h>
 #include <gesso/tree/TreeRules.h>
 
@@ -331,13 +332,5 @@ bool Control::AskExpansion(UINT* pRow, UINT uAction)
 
 LRESULT Control::SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const
 {
-    GLISTNOTIFY notify{};
-    notify.iItem = static_cast<int>(row);
-    notify.iSubItem = -1;
-    notify.uAction = uAction;
-    notify.x = x;
-    notify.y = y;
-    notify.pItem = m_aVisible[row];
-    notify.uKeyFlags = gesso::ModifierFlags();
-    return gesso::Frame::SendNotify(*this, uCode, &notify.hdr);
+    return gesso::SendItemNotify(*this, uCode, m_aVisible[row], row, uAction, x, y);
 }

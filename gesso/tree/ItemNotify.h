@@ -1,0 +1,23 @@
+// What a tree tells its parent of an item.
+#pragma once
+
+#include <gesso/framework/Frame.h>
+#include <gesso/list/GListNotify.h>
+
+namespace gesso {
+
+// An item without a row has NO_ROW as `row`. Returns the parent's answer.
+inline LRESULT SendItemNotify(const GWnd& wnd, UINT uCode, void* hItem, UINT row, UINT uAction, int x, int y)
+{
+    GLISTNOTIFY notify{};
+    notify.iItem = static_cast<int>(row);
+    notify.iSubItem = -1;
+    notify.uAction = uAction;
+    notify.x = x;
+    notify.y = y;
+    notify.pItem = hItem;
+    notify.uKeyFlags = ModifierFlags();
+    return Frame::SendNotify(wnd, uCode, &notify.hdr);
+}
+
+} // namespace gesso
