@@ -1,6 +1,6 @@
-#include <gesso/controls/ButtonInput.h>
 #include <gesso/controls/GSeparator.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Press.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;

@@ -1,7 +1,7 @@
 // The members of the pointer and key machine that all buttons have alike, GNavigationButton included.
 // Included where the class is named `Control`.
 
-#include <gesso/controls/ButtonInput.h>
+#include <gesso/framework/Press.h>
 
 LRESULT Control::OnSetFocus(HWND)
 {

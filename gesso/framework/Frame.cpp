@@ -99,7 +99,7 @@ LRESULT Frame::OnKillFocus(GWnd& wnd)
     const HWND hwnd = wnd.m_hWnd;
     wnd.Invalidate(0);
     if (wnd.m_dwState & GWS_KEYDOWN) {
-        wnd.m_dwState &= ~GWS_KEYDOWN;
+        ClearState(wnd, GWS_KEYDOWN);
         if (!(wnd.m_dwState & GWS_PRESSED)) {
             SendClick(wnd);
         }
@@ -113,7 +113,7 @@ LRESULT Frame::OnKillFocus(GWnd& wnd)
 LRESULT Frame::OnEnable(GWnd& wnd, BOOL fEnable)
 {
     if (!fEnable) {
-        wnd.m_dwState &= ~(GWS_HOT | GWS_PRESSED | GWS_KEYDOWN);
+        ClearState(wnd, GWS_HOT | GWS_PRESSED | GWS_KEYDOWN);
     }
     wnd.Invalidate(0);
     return 0;
@@ -128,22 +128,21 @@ LRESULT Frame::OnStyleChanged(GWnd& wnd)
 LRESULT Frame::OnCaptureChanged(GWnd& wnd, HWND hwndNew)
 {
     if (hwndNew != wnd.m_hWnd) {
-        wnd.m_dwState &= ~GWS_PRESSED;
+        ClearState(wnd, GWS_PRESSED);
     }
     return 0;
 }
 
 LRESULT Frame::OnMouseLeave(GWnd& wnd)
 {
-    wnd.m_dwState &= ~(GWS_HOT | GWS_TRACKING);
+    ClearState(wnd, GWS_HOT | GWS_TRACKING);
     wnd.Invalidate(0);
     return 0;
 }
 
 LRESULT Frame::OnThemeChanged(GWnd& wnd, ThemeHandle& theme, LPCWSTR pszClass)
 {
-    theme.Reset();
-    theme.Reset(OpenThemeData(wnd.m_hWnd, pszClass));
+    theme.Open(wnd.m_hWnd, pszClass);
     wnd.Invalidate(0);
     return 0;
 }
@@ -152,7 +151,17 @@ LRESULT Frame::OnUpdateUIState(GWnd& wnd, WPARAM wParam, LPARAM lParam)
 {
     const HWND hwnd = wnd.m_hWnd;
     wnd.OnUpdateUIState(LOWORD(wParam), HIWORD(wParam));
-    return DefWindowProcW(hwnd, WM_UPDATEUISTATE, wParam, lParam);
+    return Default(hwnd, WM_UPDATEUISTATE, wParam, lParam);
+}
+
+LRESULT Frame::Default(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+}
+
+void Frame::SetState(GWnd& wnd, DWORD dwState)
+{
+    wnd.m_dwState = dwState;
 }
 
 DWORD Frame::Style(const GWnd& wnd)
@@ -172,7 +181,7 @@ void Frame::TrackLeave(GWnd& wnd)
     }
     TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE, wnd.m_hWnd, 0};
     TrackMouseEvent(&track);
-    wnd.m_dwState |= GWS_TRACKING;
+    AddState(wnd, GWS_TRACKING);
 }
 
 bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)

@@ -75,6 +75,30 @@ public:
         }
     }
 
+    // --- The road of every message
+
+    // What a class's WindowProc is: attaches at the class's first message, finds the object, and calls the
+    // class's switch, its OnMessage. A window without an object, before that and after detachment, is the
+    // platform's.
+    template <class CONTROL> static LRESULT Route(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if (CONTROL* pControl = ObjectOf<CONTROL>(hwnd)) {
+            return pControl->OnMessage(uMsg, wParam, lParam);
+        }
+        return uMsg == FirstMessage<CONTROL>() ? Attach<CONTROL>(hwnd, lParam)
+                                               : Default(hwnd, uMsg, wParam, lParam);
+    }
+
+    // The tail of every class's switch: what all controls answer alike, and then the platform's handling. The
+    // second form is for a handler that cannot know whether the object is still there.
+    static LRESULT Default(const GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        return Default(wnd.m_hWnd, uMsg, wParam, lParam);
+    }
+    static LRESULT Default(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+
+    // --- Coming to life and going
+
     // The end of every detachment: deletes the object if its window owns it. Touch nothing of it afterwards.
     static LRESULT Detach(GWnd& wnd);
 
@@ -90,6 +114,17 @@ public:
     // Whether the window is still there and still this object's, to be asked after anything that a parent may
     // have answered by destroying either. Reads nothing of the object.
     static bool IsAlive(HWND hwnd, const GWnd* pWnd) { return Attached(hwnd) == pWnd; }
+
+    // --- The state word (GWS_), which is changed here and nowhere else
+
+    static void SetState(GWnd& wnd, DWORD dwState);
+    static void AddState(GWnd& wnd, DWORD dwBits) { SetState(wnd, wnd.m_dwState | dwBits); }
+    static void ClearState(GWnd& wnd, DWORD dwBits) { SetState(wnd, wnd.m_dwState & ~dwBits); }
+    // Adds the bits, or clears them.
+    static void ChangeState(GWnd& wnd, DWORD dwBits, bool fOn)
+    {
+        fOn ? AddState(wnd, dwBits) : ClearState(wnd, dwBits);
+    }
 
     // --- Common rows
 
@@ -165,9 +200,19 @@ public:
     // --- Access for the shared parts of the controls
 
     static HWND Handle(const GWnd& wnd) { return wnd.m_hWnd; }
-    static DWORD& State(GWnd& wnd) { return wnd.m_dwState; }
+    static DWORD State(const GWnd& wnd) { return wnd.m_dwState; }
 
 private:
+    // The message that a class is attached at: WM_NCCREATE if it has a handler for that.
+    template <class CONTROL> static constexpr UINT FirstMessage()
+    {
+        return requires(CONTROL & control)
+        {
+            control.OnNcCreate(nullptr);
+        }
+        ? WM_NCCREATE : WM_CREATE;
+    }
+
     static GWnd* TaggedObject(const void* pCreateParams);
     static GWnd* Attached(HWND hwnd);
     static void Bind(HWND hwnd, GWnd& wnd, bool fOwned);

@@ -18,21 +18,21 @@ LRESULT Repaint(GWindow2& window)
 LRESULT Quit(HWND hwnd)
 {
     PostQuitMessage(0);
-    return DefWindowProcW(hwnd, WM_DESTROY, 0, 0);
+    return Frame::Default(hwnd, WM_DESTROY, 0, 0);
 }
 
-// DefWindowProcW finds the window already gone.
+// The platform finds the window already gone.
 LRESULT Close(HWND hwnd, WPARAM wParam, LPARAM lParam)
 {
     DestroyWindow(hwnd);
-    return DefWindowProcW(hwnd, WM_CLOSE, wParam, lParam);
+    return Frame::Default(hwnd, WM_CLOSE, wParam, lParam);
 }
 
 // The object stays, although the window made it: who got it by FromHwnd may still use it.
 LRESULT End(GWindow2& window, WPARAM wParam, LPARAM lParam)
 {
     Frame::Abandon(window);
-    return DefWindowProcW(window, WM_NCDESTROY, wParam, lParam);
+    return Frame::Default(window, WM_NCDESTROY, wParam, lParam);
 }
 
 } // namespace
@@ -64,17 +64,17 @@ LRESULT GWindow2::OnCreate(const CREATESTRUCTW*)
 
 LRESULT CALLBACK GWindow2::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pWindow = Frame::ObjectOf<GWindow2>(hwnd);
-    if (!pWindow) {
-        return uMsg == WM_CREATE ? Frame::Attach<GWindow2>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
+    return Frame::Route<GWindow2>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GWindow2::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return Quit(hwnd);
-    case WM_NCDESTROY: return End(*pWindow, wParam, lParam);
+    case WM_DESTROY: return Quit(*this);
+    case WM_NCDESTROY: return End(*this, wParam, lParam);
     case WM_SETFOCUS:
-    case WM_KILLFOCUS: return Repaint(*pWindow);
-    case WM_CLOSE: return Close(hwnd, wParam, lParam);
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_KILLFOCUS: return Repaint(*this);
+    case WM_CLOSE: return Close(*this, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

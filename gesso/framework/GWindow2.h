@@ -28,5 +28,7 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+
     DWORD m_dwReserved = 0;
 };

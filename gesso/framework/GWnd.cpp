@@ -8,7 +8,7 @@ GWnd& GWnd::operator=(const GWnd& other)
         gesso::Frame::Abandon(*this);
     }
     m_hWnd = other.m_hWnd;
-    m_dwState = other.m_dwState;
+    gesso::Frame::SetState(*this, other.m_dwState);
     return *this;
 }
 
@@ -68,16 +68,19 @@ GWnd* GWnd::FromHwnd(HWND hwnd)
 
 LRESULT CALLBACK GWnd::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    return gesso::Frame::Default(hwnd, uMsg, wParam, lParam);
 }
 
 void GWnd::OnUpdateUIState(UINT action, UINT state)
 {
     const DWORD dwBits = (state & (UISF_HIDEFOCUS | UISF_HIDEACCEL)) << 5;
+    using gesso::Frame;
     switch (action) {
-    case UIS_SET: m_dwState |= dwBits; break;
-    case UIS_CLEAR: m_dwState &= ~dwBits; break;
-    case UIS_INITIALIZE: m_dwState = (m_dwState & ~(GWS_HIDEFOCUS | GWS_HIDEACCEL)) | dwBits; break;
+    case UIS_SET: Frame::AddState(*this, dwBits); break;
+    case UIS_CLEAR: Frame::ClearState(*this, dwBits); break;
+    case UIS_INITIALIZE:
+        Frame::SetState(*this, (m_dwState & ~(GWS_HIDEFOCUS | GWS_HIDEACCEL)) | dwBits);
+        break;
     default: break;
     }
     Invalidate(0);

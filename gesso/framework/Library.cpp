@@ -1,6 +1,6 @@
 #include <gesso/framework/ControlTable.h>
-#include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
 
 constinit HMODULE g_hModule = nullptr;
@@ -8,19 +8,10 @@ constinit HFONT g_hDefaultFont = nullptr;
 
 namespace {
 
-constexpr int DEFAULT_POINTS = 9;
-constexpr int POINTS_PER_INCH = 72;
-
-int ScreenDpi()
-{
-    const gesso::WindowContext screen(nullptr);
-    return GetDeviceCaps(screen, LOGPIXELSY);
-}
-
 HFONT MakeDefaultFont()
 {
-    return CreateFontW(-MulDiv(DEFAULT_POINTS, ScreenDpi(), POINTS_PER_INCH), 0, 0, 0, FW_NORMAL, 0, 0, 0, 0,
-                       0, 0, 0, 0, L"Segoe UI");
+    return CreateFontW(gesso::FontHeight(nullptr, gesso::Metrics::DEFAULT_FONT_POINTS), 0, 0, 0, FW_NORMAL, 0,
+                       0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
 }
 
 } // namespace

@@ -9,4 +9,10 @@ void CloseTheme(HTHEME hTheme) noexcept
     CloseThemeData(hTheme);
 }
 
+void ThemeHandle::Open(HWND hwnd, LPCWSTR pszClass)
+{
+    Reset();
+    Reset(OpenThemeData(hwnd, pszClass));
+}
+
 } // namespace gesso

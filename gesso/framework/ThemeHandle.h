@@ -8,6 +8,11 @@ namespace gesso {
 GESSO_API void CloseTheme(HTHEME hTheme) noexcept;
 
 // Null where the style has no such class, or visual styles are off.
-using ThemeHandle = Owned<HTHEME, CloseTheme>;
+class ThemeHandle : public Owned<HTHEME, CloseTheme>
+{
+public:
+    // Closes the class that was open, and opens one for a window; the one way to the style's classes.
+    void Open(HWND hwnd, LPCWSTR pszClass);
+};
 
 } // namespace gesso

@@ -1,8 +1,8 @@
 // Painting of a navigation bar, what a point hits, and what the mouse does.
 
-#include <gesso/controls/ButtonInput.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Press.h>
 #include <gesso/tree/GNavigationBar.h>
 #include <gesso/tree/ItemHold.h>
 #include <gesso/tree/ItemNotify.h>

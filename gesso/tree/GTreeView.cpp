@@ -1,9 +1,9 @@
 // Painting of a tree, what a point hits, and what the mouse does.
 
-#include <gesso/controls/ButtonInput.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Press.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/tree/ItemHold.h>

@@ -6,10 +6,10 @@
 // hold them. They are written once here instead; the source of each class names it `Control` and includes
 // this.
 
-#include <gesso/controls/ButtonInput.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/NonClientPaint.h>
+#include <gesso/framework/Press.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/tree/TreeRules.h>

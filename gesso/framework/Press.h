@@ -1,10 +1,11 @@
-// The pointer and key machine of the button family.
+// Press and release, by the pointer and the space key: the machine of the button family, whose halves other
+// controls that are pressed use too.
 //
 // A click needs one release, of the space key or of the mouse button, with the other not held. The states are
 // those of GWS_HOT, GWS_PRESSED and GWS_KEYDOWN; the mouse holds the capture while pressed.
 #pragma once
 
-#include <gesso/framework/Frame.h>
+#include <gesso/framework/GWnd.h>
 
 namespace gesso {
 

@@ -1,5 +1,5 @@
-#include <gesso/controls/ButtonInput.h>
-#include <gesso/controls/ControlStyles.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Press.h>
 
 namespace gesso {
 
@@ -13,7 +13,7 @@ int HitTestClient(HWND hwnd, POINTS pt)
 LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey)
 {
     if (uKey == VK_SPACE) {
-        Frame::State(wnd) |= GWS_KEYDOWN;
+        Frame::AddState(wnd, GWS_KEYDOWN);
         wnd.Invalidate(0);
     }
     return 0;
@@ -21,13 +21,12 @@ LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey)
 
 LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey)
 {
-    DWORD& dwState = Frame::State(wnd);
-    if (uKey != VK_SPACE || !(dwState & GWS_KEYDOWN)) {
+    if (uKey != VK_SPACE || !(Frame::State(wnd) & GWS_KEYDOWN)) {
         return 0;
     }
-    dwState &= ~GWS_KEYDOWN;
+    Frame::ClearState(wnd, GWS_KEYDOWN);
     wnd.Invalidate(0);
-    if (!(dwState & GWS_PRESSED)) {
+    if (!(Frame::State(wnd) & GWS_PRESSED)) {
         Frame::SendClick(wnd);
     }
     return 0;
@@ -45,7 +44,7 @@ bool TakePress(GWnd& wnd)
     if (!Frame::IsAlive(hwnd, &wnd)) {
         return false;
     }
-    Frame::State(wnd) |= GWS_PRESSED;
+    Frame::AddState(wnd, GWS_PRESSED);
     return true;
 }
 
@@ -78,9 +77,8 @@ LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
     if (!HitTestClient(Frame::Handle(wnd), pt)) {
         return 0;
     }
-    DWORD& dwState = Frame::State(wnd);
-    dwState |= GWS_HOT;
-    if (!(fKeyHolds && (dwState & GWS_KEYDOWN))) {
+    Frame::AddState(wnd, GWS_HOT);
+    if (!(fKeyHolds && (Frame::State(wnd) & GWS_KEYDOWN))) {
         Frame::SendClick(wnd);
     }
     return 0;
@@ -89,15 +87,10 @@ LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
 LRESULT OnButtonMove(GWnd& wnd, POINTS pt)
 {
     Frame::TrackLeave(wnd);
-    DWORD& dwState = Frame::State(wnd);
-    const DWORD dwFormer = dwState;
-    if (HitTestClient(Frame::Handle(wnd), pt)) {
-        dwState |= GWS_HOT;
-    } else {
-        dwState &= ~GWS_HOT;
-    }
+    const DWORD dwFormer = Frame::State(wnd);
+    Frame::ChangeState(wnd, GWS_HOT, HitTestClient(Frame::Handle(wnd), pt));
     // A moving pointer must not repaint where nothing changed.
-    if (dwState != dwFormer) {
+    if (Frame::State(wnd) != dwFormer) {
         wnd.Invalidate(0);
     }
     return 0;

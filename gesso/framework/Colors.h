@@ -1,0 +1,21 @@
+// The palette: every colour that the library draws in by itself, named by its role, and the one way to the
+// system's own colours. What the visual style gives is asked of ThemePart instead.
+#pragma once
+
+#include <gesso/api.h>
+
+namespace gesso {
+
+enum class Color
+{
+    FieldText,         // of edit fields and combo boxes
+    FieldDisabledText, // of an edit field that is disabled
+};
+
+COLORREF ColorOf(Color color);
+
+// One of the system's own, by its COLOR_ index; the brush is the system's and is not deleted.
+COLORREF SystemColor(int nIndex);
+HBRUSH SystemBrush(int nIndex);
+
+} // namespace gesso
