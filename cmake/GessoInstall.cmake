@@ -4,8 +4,11 @@ include(CMakePackageConfigHelpers)
 install(TARGETS gesso EXPORT gesso-targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/gesso/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso FILES_MATCHING PATTERN "*.h"
-        PATTERN "resources" EXCLUDE)
+include(${CMAKE_CURRENT_LIST_DIR}/GessoPublicHeaders.cmake)
+foreach(header IN LISTS GESSO_PUBLIC_HEADERS)
+  cmake_path(GET header PARENT_PATH folder)
+  install(FILES ${PROJECT_SOURCE_DIR}/gesso/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/${folder})
+endforeach()
 install(FILES ${PROJECT_SOURCE_DIR}/platform/platform.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform)
 if(WIN32)
   install(FILES ${PROJECT_SOURCE_DIR}/platform/windows/runtime.h

@@ -11,13 +11,13 @@ constexpr WORD TAG_MARK = 0xFFFF;
 // Bits of the ownership word. The second is ours: the pointer beside it stays as it is, but is followed no
 // more.
 constexpr LONG WINDOW_OWNS = 1;
-constexpr LONG PARTED = 2;
+constexpr LONG DETACHED = 2;
 
-void Part(HWND hwnd)
+void MarkDetached(HWND hwnd)
 {
     const LONG nWord = GetWindowLongW(hwnd, Frame::OWNER_WORD);
-    if (!(nWord & PARTED)) {
-        SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord | PARTED);
+    if (!(nWord & DETACHED)) {
+        SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord | DETACHED);
         OffscreenSurface::RemoveUser();
     }
 }
@@ -58,7 +58,7 @@ GWnd* Frame::TaggedObject(const void* pCreateParams)
 GWnd* Frame::Attached(HWND hwnd)
 {
     GWnd* pWnd = GWnd::FromHwnd(hwnd);
-    return pWnd && !(GetWindowLongW(hwnd, OWNER_WORD) & PARTED) ? pWnd : nullptr;
+    return pWnd && !(GetWindowLongW(hwnd, OWNER_WORD) & DETACHED) ? pWnd : nullptr;
 }
 
 void Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
@@ -73,7 +73,7 @@ LRESULT Frame::Detach(GWnd& wnd)
 {
     const HWND hwnd = wnd.m_hWnd;
     const bool fOwned = GetWindowLongW(hwnd, OWNER_WORD) & WINDOW_OWNS;
-    Part(hwnd);
+    MarkDetached(hwnd);
     if (fOwned) {
         delete &wnd;
     }
@@ -83,7 +83,7 @@ LRESULT Frame::Detach(GWnd& wnd)
 void Frame::Abandon(GWnd& wnd)
 {
     if (wnd.m_hWnd && GWnd::FromHwnd(wnd.m_hWnd) == &wnd) {
-        Part(wnd.m_hWnd);
+        MarkDetached(wnd.m_hWnd);
     }
 }
 

@@ -1,0 +1,69 @@
+#!/usr/bin/env python3
+"""Checks the headers of an installed package as a host's compiler meets them.
+
+    scripts/check-headers.py PREFIX headless|windows
+
+The package has just the headers that cmake/GessoPublicHeaders.cmake lists; each compiles alone, with the warnings
+of a careful host as errors; and none brings a type of the C++ library that has a layout of its own, since hosts
+may be built with another one. Prints what does not hold, and fails if anything does not.
+"""
+import os
+import pathlib
+import re
+import subprocess
+import sys
+from concurrent.futures import ThreadPoolExecutor
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+LIST = ROOT / "cmake/GessoPublicHeaders.cmake"
+# Headers of the C++ library without any class that a header could hold by value or pass.
+HARMLESS = {"algorithm", "climits", "compare", "concepts", "cstddef", "cstdint", "cstring", "iterator", "limits", "new",
+            "type_traits", "utility"}
+WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
+COMPILERS = {
+    "headless": ["g++", "-fshort-wchar", "-isystem", "/usr/include/wine/wine/windows"],
+    "windows": ["x86_64-w64-mingw32-g++-posix", "-DUNICODE", "-D_UNICODE"],
+}
+
+
+def listed():
+    body = re.search(r"set\(GESSO_PUBLIC_HEADERS(.*?)\)", LIST.read_text(), re.S)[1]
+    return set(body.split())
+
+
+def forbidden_of(path):
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        include = re.match(r"\s*#\s*include\s*<([^/>]+)>", line)
+        if include and include[1] not in HARMLESS:
+            yield f"{path}:{number}: <{include[1]}>: no type of the C++ library crosses the border"
+
+
+def compile_alone(job):
+    command, include, header = job
+    source = f"#include <gesso/{header}>\n#include <gesso/{header}>\n"
+    run = subprocess.run([*command, "-std=c++20", f"-I{include}", *WARNINGS, "-fsyntax-only", "-xc++", "-"],
+                         input=source, capture_output=True, text=True, check=False)
+    return "" if run.returncode == 0 else f"{header} does not compile alone:\n{run.stderr}"
+
+
+def main():
+    if len(sys.argv) != 3 or sys.argv[2] not in COMPILERS:
+        sys.exit(__doc__)
+    include = pathlib.Path(sys.argv[1]) / "include"
+    root = include / "gesso"
+    headers = listed()
+    there = {p.relative_to(root).as_posix() for p in root.rglob("*.h")}
+    there = {name for name in there if not name.startswith("platform/")}
+    findings = [f"installed and not listed: {name}" for name in sorted(there - headers)]
+    findings += [f"listed and not installed: {name}" for name in sorted(headers - there)]
+    for header in sorted(headers & there):
+        findings += forbidden_of(root / header)
+    jobs = [(COMPILERS[sys.argv[2]], include, header) for header in sorted(headers & there)]
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        findings += [said for said in pool.map(compile_alone, jobs) if said]
+    print("\n".join(findings) or f"{len(headers)} headers stand alone")
+    sys.exit(bool(findings) or not headers)
+
+
+if __name__ == "__main__":
+    main()
