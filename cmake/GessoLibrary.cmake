@@ -10,6 +10,7 @@ file(CONFIGURE OUTPUT ${generated}/gesso/platform/headless/headless.h
      CONTENT "#include \"../${platform_from_forwarder}/headless/headless.h\" // IWYU pragma: export\n")
 
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${root}/gesso/*.cpp)
+list(APPEND sources ${root}/platform/MessageName.cpp)
 if(WIN32)
   add_library(gesso SHARED ${sources} ${root}/gesso/resources/gesso.rc)
   set_target_properties(gesso PROPERTIES PREFIX "" IMPORT_PREFIX "lib")

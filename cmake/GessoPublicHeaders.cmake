@@ -28,6 +28,7 @@ set(GESSO_PUBLIC_HEADERS
   edit/GEdit.h
   framework/ControlText.h
   framework/CreateTag.h
+  framework/DebugAids.h
   framework/GWindow2.h
   framework/GWnd.h
   framework/GWndScroll.h

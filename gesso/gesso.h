@@ -19,6 +19,7 @@
 #include <gesso/edit/GComboBox.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/framework/CreateTag.h>
+#include <gesso/framework/DebugAids.h>
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>

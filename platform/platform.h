@@ -52,3 +52,10 @@ static_assert(sizeof(LONG) == 4 && sizeof(void*) == 8, "Gesso is for 64-bit Wind
 #else
 #include "headless/runtime.h"
 #endif
+
+namespace gesso {
+
+// "WM_CREATE"; null for a message that has no name here. For traces.
+const char* NameOfMessage(UINT message);
+
+} // namespace gesso

@@ -8,6 +8,7 @@ namespace gesso {
 
 enum class Color
 {
+    LayoutOverlay,     // the outlines that a debug build shows over a control
     FieldText,         // of edit fields and combo boxes
     FieldDisabledText, // of an edit field that is disabled
 };

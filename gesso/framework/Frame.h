@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/framework/CreateTag.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemeHandle.h>
@@ -82,11 +83,12 @@ public:
     // platform's.
     template <class CONTROL> static LRESULT Route(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
+        MessageTrace trace(hwnd, uMsg, wParam, lParam);
         if (CONTROL* pControl = ObjectOf<CONTROL>(hwnd)) {
-            return pControl->OnMessage(uMsg, wParam, lParam);
+            return trace.Returned(pControl->OnMessage(uMsg, wParam, lParam));
         }
-        return uMsg == FirstMessage<CONTROL>() ? Attach<CONTROL>(hwnd, lParam)
-                                               : Default(hwnd, uMsg, wParam, lParam);
+        return trace.Returned(uMsg == FirstMessage<CONTROL>() ? Attach<CONTROL>(hwnd, lParam)
+                                                              : Default(hwnd, uMsg, wParam, lParam));
     }
 
     // The tail of every class's switch: what all controls answer alike, and then the platform's handling. The

@@ -13,9 +13,9 @@ public:
     // The window runs on an object that it makes itself: the object that Create is called on keeps a null
     // window. The other outlives its window, and nobody frees it but a host that got it by FromHwnd, with
     // Delete.
-    // Fixed behaviour: a host that keeps the pointer of FromHwnd past the window's end would read freed memory
-    // if the window deleted its object, and one that calls Create twice would lose its first window if the
-    // object took it.
+    // Fixed behaviour: a host that keeps the pointer of FromHwnd past the window's end would read freed
+    // memory if the window deleted its object, and one that calls Create twice would lose its first window if
+    // the object took it.
     HWND Create(int x, int y, int cx, int cy, HWND hwndParent);
     // DestroyWindow on the object's own window. Returns 0 without one.
     int Destroy();
