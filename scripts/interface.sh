@@ -1,15 +1,18 @@
 #!/usr/bin/env bash
 # Watches over what gesso.dll exports, as build/windows has it.
 #
-#   scripts/interface.sh check     compares it with the list gesso/gesso.symbols
+#   scripts/interface.sh check     compares it with the list gesso/gesso.symbols, and sees that nothing is gone of
+#                                  gesso/hosts.symbols: what hosts can call or derive from, as of the last release
 #   scripts/interface.sh update    writes that list anew; commit it with the change that it comes from
-#   scripts/interface.sh before    builds examples/hello with the headers and the list of the commit before, and
-#                                  runs it over the new DLL, where nothing that was exported has gone
+#   scripts/interface.sh before [COMMIT]
+#                                  builds examples/hello with the headers and the list of the commit before, or of
+#                                  another one, and runs it over the new DLL
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$ROOT" || exit 1
 
 LIST=gesso/gesso.symbols
+HOSTS=gesso/hosts.symbols
 DLL=$BUILD/windows/bin/gesso.dll
 
 exported() {
@@ -20,6 +23,9 @@ exported() {
 }
 
 check() {
+    local gone
+    gone=$(LC_ALL=C comm -23 <(LC_ALL=C sort $HOSTS) <(exported))
+    [[ -z $gone ]] || { say "hosts know these, and they are gone: ${gone//$'\n'/, }" && return 1; }
     diff -u --label "$LIST" "$LIST" --label "gesso.dll" <(exported) && return
     say "a symbol with - was exported and is no more, one with + is new: scripts/interface.sh update"
     return 1
@@ -33,27 +39,35 @@ import_library() {
 }
 
 build_host_of_before() {
-    local place=$1
-    git archive HEAD~1 gesso platform examples/hello | tar -x -C "$place" && import_library "$place" &&
+    local commit=$1 place=$2
+    git archive "$commit" gesso platform examples/hello | tar -x -C "$place" && import_library "$place" &&
         x86_64-w64-mingw32-g++-posix -std=c++20 -DUNICODE -D_UNICODE -municode -static -mwindows \
             -I"$place" -I"$BUILD/windows/include" "$place"/examples/hello/*.cpp \
             "$place/libgesso.dll.a" -o "$place/hello.exe"
 }
 
+# What the host takes from the library, as its import table has it.
+imported() {
+    x86_64-w64-mingw32-objdump -p "$1" |
+        awk '/DLL Name: gesso.dll/ { ours = 1; next } /DLL Name:/ { ours = 0 } ours && $3 ~ /^_Z|^[A-Za-z]/ && NF == 3 { print $3 }' |
+        LC_ALL=C sort
+}
+
 before() {
-    git rev-parse -q --verify HEAD~1:$LIST >/dev/null || { say "the commit before is not here to compare with" && return; }
-    local gone
-    gone=$(LC_ALL=C comm -23 <(git show HEAD~1:$LIST) <(exported))
-    [[ -z $gone ]] || { say "the interface changed, nothing to run; gone: ${gone//$'\n'/, }" && return; }
-    rm -rf "$BUILD/before" && mkdir -p "$BUILD/before" && build_host_of_before "$BUILD/before" || return
+    local commit=${1:-HEAD~1} place=$BUILD/before gone
+    git rev-parse -q --verify "$commit:$LIST" >/dev/null || { say "the commit before is not here to compare with" && return; }
+    rm -rf "$place" && mkdir -p "$place" && build_host_of_before "$commit" "$place" || return
+    [[ -n $(imported "$place/hello.exe") ]] || die "interface.sh: the host of the commit before imports nothing"
+    gone=$(LC_ALL=C comm -23 <(imported "$place/hello.exe") <(exported))
+    [[ -z $gone ]] || { say "the host of the commit before wants what is gone: ${gone//$'\n'/, }" && return 1; }
     start_display
     prepare_wine N
-    run_example "$BUILD/before/hello.exe" "$BUILD/windows/bin" Hello alt+F4
+    run_example "$place/hello.exe" "$BUILD/windows/bin" Hello alt+F4
 }
 
 case ${1-} in
     check) check ;;
     update) exported >$LIST ;;
-    before) before ;;
+    before) before "${2-}" ;;
     *) die "interface.sh: check, update or before?" ;;
 esac
