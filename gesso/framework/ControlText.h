@@ -45,8 +45,9 @@ int TextLength(LPCWSTR psz);
 // *pnLength to the capacity needed, returns 0.
 int ReadText(LPCWSTR psz, LPWSTR pszBuffer, int* pnLength);
 
-// The truncated answer to WM_GETTEXT. Returns the capacity, one more than the characters copied: hosts rely
-// on it.
+// The truncated answer to WM_GETTEXT.
+// Fixed behaviour: it returns the capacity, one more than the characters copied; a host that takes that for
+// the size of what it got would cut its text by one.
 LRESULT ReadTextTruncated(LPCWSTR psz, LPWSTR pszBuffer, UINT nCapacity);
 
 // WM_GETTEXT of all controls, through the control's own virtual GetText.

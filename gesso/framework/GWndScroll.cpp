@@ -3,6 +3,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 
 #include <utility>
@@ -54,8 +55,9 @@ void Update(SCROLLINFO& si, DWORD& dwFlags, const SCROLLINFO& siNew)
     if (siNew.fMask & SIF_POS) {
         si.nPos = gesso::ClampPos(si, siNew.nPos);
     }
-    // The limits above keep the page within the range, so that setting a range or a page shows the bar: a
-    // control that wants it hidden calls ShowScrollBar, and hosts rely on it.
+    // Fixed behaviour: the limits above keep the page within the range, so that setting a range or a page
+    // shows the bar. A control that hides it by ShowScrollBar, and sets a range again to show it, would lose
+    // it.
     if (static_cast<int>(si.nPage) > gesso::RangeOf(si)) {
         dwFlags |= siNew.fMask & SIF_DISABLENOSCROLL ? GSB_DISABLED : GSB_HIDDEN;
     } else {
@@ -220,10 +222,10 @@ void GWndScroll::GetClientRectNoScroll(RECT* prc) const
 {
     GetClientRect(m_hWnd, prc);
     if (m_dwVStyle & GSB_HIDDEN) {
-        prc->right += GetSystemMetrics(SM_CXVSCROLL);
+        prc->right += gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
     }
     if (m_dwHStyle & GSB_HIDDEN) {
-        prc->bottom += GetSystemMetrics(SM_CYHSCROLL);
+        prc->bottom += gesso::SystemMetric(m_hWnd, SM_CYHSCROLL);
     }
 }
 
@@ -232,12 +234,12 @@ bool GWndScroll::Shows(const gesso::BarTraits& traits, DWORD dwFlags) const
     return (gesso::Frame::Style(*this) & traits.dwWindowStyle) && !(dwFlags & GSB_HIDDEN);
 }
 
-// A flipped bar lies at the client edge that was already moved in for it, and the corner between two bars
-// stays empty: hosts know the bars so.
+// Fixed behaviour: a flipped bar lies at the client edge that was already moved in for it, and the corner
+// between two bars stays empty. Where a host lays its own frame around the bars, they would lie elsewhere.
 void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
 {
-    const int cxV = GetSystemMetrics(SM_CXVSCROLL);
-    const int cyH = GetSystemMetrics(SM_CYHSCROLL);
+    const int cxV = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
+    const int cyH = gesso::SystemMetric(m_hWnd, SM_CYHSCROLL);
     const bool fFlippedV = m_dwVStyle & GSB_FLIPPED;
     const bool fFlippedH = m_dwHStyle & GSB_FLIPPED;
     if (Shows(BARS[SB_VERT], m_dwVStyle)) {
@@ -259,7 +261,7 @@ void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
 LRESULT GWndScroll::OnNcCreate(const CREATESTRUCTW* pcs)
 {
     ReadKeyboardRepeat(&s_dwScrollRepeatDelay, &s_dwScrollRepeatSpeed);
-    m_hThemeScroll.Reset(OpenThemeData(m_hWnd, L"SCROLLBAR"));
+    m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
     ::SetScrollInfo(m_hWnd, SB_HORZ, &m_siH, FALSE);
     ::SetScrollInfo(m_hWnd, SB_VERT, &m_siV, FALSE);
     const auto dwStyle = static_cast<DWORD>(pcs->style);
@@ -286,7 +288,8 @@ LRESULT GWndScroll::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
     return 0;
 }
 
-// Client coordinates meet bar rectangles that are relative to the window: hosts know the answers so.
+// Fixed behaviour: client coordinates meet bar rectangles that are relative to the window. A host that goes
+// by the answers along the bars' edges would get others there.
 LRESULT GWndScroll::OnNcHitTest(POINTS ptScreen) const
 {
     POINT pt{ptScreen.x, ptScreen.y};

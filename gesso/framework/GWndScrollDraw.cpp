@@ -2,6 +2,7 @@
 
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ThemePart.h>
 
@@ -30,12 +31,12 @@ RECT Stretch(const RECT& rc, bool fVertical, int nFrom, int nTo)
                      : RECT{rc.left + nFrom, rc.top, rc.left + nTo, rc.bottom};
 }
 
-BarLayout LayOut(const BarTraits& traits, const RECT& rc, const SCROLLINFO& si)
+BarLayout LayOut(HWND hwnd, const BarTraits& traits, const RECT& rc, const SCROLLINFO& si)
 {
     const bool fVertical = &traits == &BARS[SB_VERT];
     const int nLength = fVertical ? rc.bottom - rc.top : rc.right - rc.left;
-    const int nArrow = GetSystemMetrics(traits.nArrowMetric);
-    const gesso::Thumb thumb = gesso::ThumbOf(traits, nLength, si);
+    const int nArrow = gesso::SystemMetric(hwnd, traits.nArrowMetric);
+    const gesso::Thumb thumb = gesso::ThumbOf(hwnd, traits, nLength, si);
     const int nThumb = nArrow + thumb.nOffset;
     return {Stretch(rc, fVertical, nArrow, nLength - nArrow), Stretch(rc, fVertical, 0, nArrow),
             Stretch(rc, fVertical, nLength - nArrow, nLength),
@@ -95,7 +96,7 @@ void GWndScroll::DrawBar(HDC hdc, int nBar)
     if (!Shows(traits, bar.dwFlags)) {
         return;
     }
-    const BarLayout layout = LayOut(traits, nBar == SB_VERT ? m_rcVScroll : m_rcHScroll, bar.si);
+    const BarLayout layout = LayOut(m_hWnd, traits, nBar == SB_VERT ? m_rcVScroll : m_rcHScroll, bar.si);
     const auto draw = [&](int nPart, int nState, PlainPart plain, const RECT& rc) {
         ThemePart(m_hThemeScroll, hdc, nPart, nState, plain).DrawBackground(rc);
     };

@@ -7,6 +7,7 @@
 
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/SystemTime.h>
 
@@ -79,7 +80,7 @@ WORD GWndScroll::HitTestBar(const BarTraits& traits, const RECT& rc, DWORD dwFla
     const int nStart = fVertical ? rc.top : rc.left;
     const int nEnd = fVertical ? rc.bottom : rc.right;
     const int n = fVertical ? pt.y : pt.x;
-    const int nArrow = GetSystemMetrics(traits.nHitArrowMetric);
+    const int nArrow = gesso::SystemMetric(m_hWnd, traits.nHitArrowMetric);
     if (n < nStart + nArrow) {
         return ActivePart(traits.wFirst, dwFlags, GSB_DISABLE_FIRST);
     }
@@ -87,8 +88,8 @@ WORD GWndScroll::HitTestBar(const BarTraits& traits, const RECT& rc, DWORD dwFla
         return ActivePart(traits.wLast, dwFlags, GSB_DISABLE_LAST);
     }
     const SCROLLINFO si = PlatformScrollInfo(m_hWnd, fVertical ? SB_VERT : SB_HORZ);
-    const gesso::Thumb thumb = gesso::ThumbOf(traits, nEnd - nStart, si);
-    const int nThumb = nStart + GetSystemMetrics(traits.nArrowMetric) + thumb.nOffset;
+    const gesso::Thumb thumb = gesso::ThumbOf(m_hWnd, traits, nEnd - nStart, si);
+    const int nThumb = nStart + gesso::SystemMetric(m_hWnd, traits.nArrowMetric) + thumb.nOffset;
     if (n < nThumb) {
         return ActivePart(traits.wPageFirst, dwFlags, GSB_DISABLE_PAGEFIRST);
     }
@@ -110,7 +111,8 @@ WORD GWndScroll::ScrollBarHitTest(ScrollBarHitTestInfo* pInfo) const
     return pInfo->wHit;
 }
 
-// Client coordinates, less the bars' own offset in the window: hosts know the bars' hits so.
+// Fixed behaviour: client coordinates, less the bars' own offset in the window. Flipped bars would be hit at
+// other places than a host's own drawing of them shows.
 POINTS GWndScroll::BarPoint(POINTS ptScreen) const
 {
     POINT pt{ptScreen.x, ptScreen.y};
@@ -161,7 +163,8 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
     const WORD wHit = pWindow->m_hitDown.wHit;
     const WORD wCode = CodeOf(BARS[pWindow->BarOfHit(wHit)], wHit);
     if (wCode != NO_CODE) {
-        // A held arrow or track of the horizontal bar repeats as vertical scrolling too: hosts rely on it.
+        // Fixed behaviour: a held arrow or track of the horizontal bar repeats as vertical scrolling. A
+        // host's content would move sideways where it moves up or down today.
         pWindow->SendScroll(WM_VSCROLL, wCode);
     }
     // The thumb may have moved under the pointer.
@@ -184,7 +187,7 @@ LRESULT GWndScroll::OnNcLButtonDown(UINT, POINTS ptScreen)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
-    m_dwState = (m_dwState & ~GWS_NCTRACKING) | GWS_NCPRESSED;
+    Frame::SetState(*this, (m_dwState & ~GWS_NCTRACKING) | GWS_NCPRESSED);
     m_hitDown.pt = pt;
     if (!ScrollBarHitTest(&m_hitDown)) {
         return 0;
@@ -210,7 +213,7 @@ LRESULT GWndScroll::OnNcMouseMove(UINT, POINTS ptScreen)
     const POINTS pt = BarPoint(ptScreen);
     // A press that has lost its capture is over.
     if ((m_dwState & GWS_NCPRESSED) && GetCapture() != m_hWnd) {
-        m_dwState &= ~GWS_NCPRESSED;
+        Frame::ClearState(*this, GWS_NCPRESSED);
         if (s_pScrollingWindow == this) {
             StopTimer();
         }
@@ -219,7 +222,7 @@ LRESULT GWndScroll::OnNcMouseMove(UINT, POINTS ptScreen)
     if (!(m_dwState & (GWS_NCPRESSED | GWS_NCTRACKING))) {
         TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE | TME_NONCLIENT, m_hWnd, 0};
         TrackMouseEvent(&track);
-        m_dwState |= GWS_NCTRACKING;
+        Frame::AddState(*this, GWS_NCTRACKING);
     }
     const WORD wFormer = m_hitNow.wHit;
     m_hitNow.pt = pt;
@@ -244,7 +247,8 @@ void GWndScroll::DragThumb(POINTS pt)
     const int nLength =
         fVertical ? m_rcVScroll.bottom - m_rcVScroll.top : m_rcHScroll.right - m_rcHScroll.left;
     const int nMoved = fVertical ? pt.y - m_hitDown.pt.y : pt.x - m_hitDown.pt.x;
-    const int nDelta = MulDiv(nMoved, gesso::RangeOf(si), gesso::ThumbOf(BARS[nBar], nLength, si).nTrack);
+    const int nDelta =
+        MulDiv(nMoved, gesso::RangeOf(si), gesso::ThumbOf(m_hWnd, BARS[nBar], nLength, si).nTrack);
     const int nLimit = gesso::RangeOf(si) - static_cast<int>(si.nPage) + 1;
     const int64_t nPos = int64_t{nDelta} + m_nTrackStart;
     SCROLLINFO& siOwn = BarOf(nBar).si;
@@ -256,14 +260,15 @@ LRESULT GWndScroll::OnNcLButtonUp(UINT, POINTS)
 {
     const HWND hwnd = m_hWnd;
     if (m_dwState & GWS_NCPRESSED) {
-        m_dwState &= ~GWS_NCPRESSED;
+        Frame::ClearState(*this, GWS_NCPRESSED);
         // Sends WM_CAPTURECHANGED, in which a host that subclassed the control may destroy it.
         ReleaseCapture();
         if (Frame::IsAlive(hwnd, this) && IsThumb(m_hitDown.wHit)) {
             const int nBar = BarOfHit(m_hitDown.wHit);
             SendScroll(BARS[nBar].uMessage, SB_THUMBPOSITION, static_cast<WORD>(BarOf(nBar).si.nTrackPos));
         }
-        // The end of scrolling is told as vertical for both bars: hosts rely on it.
+        // Fixed behaviour: the end of scrolling is told as vertical for both bars. A host that settles its
+        // content on it would not hear of the horizontal end.
         if (Frame::IsAlive(hwnd, this)) {
             SendScroll(WM_VSCROLL, SB_ENDSCROLL);
         }
@@ -279,7 +284,7 @@ LRESULT GWndScroll::OnNcLButtonUp(UINT, POINTS)
 LRESULT GWndScroll::OnNcMouseLeave()
 {
     if (m_dwState & GWS_NCTRACKING) {
-        m_dwState &= ~GWS_NCTRACKING;
+        Frame::ClearState(*this, GWS_NCTRACKING);
         DrawBarOfHit(std::exchange(m_hitNow.wHit, WORD{0}));
     }
     return 0;

@@ -1,3 +1,4 @@
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/ItemTheme.h>
 #include <gesso/framework/ThemePart.h>
 
@@ -20,10 +21,10 @@ HTHEME RowsOf(HTHEME hTheme)
 void ItemTheme::Open(HWND hwnd, LPCWSTR pszClass)
 {
     Close();
-    m_hTheme.Reset(OpenThemeData(hwnd, pszClass));
+    m_hTheme.Open(hwnd, pszClass);
     m_hRows = RowsOf(m_hTheme);
     if (m_hTheme && !m_hRows) {
-        m_hStandIn.Reset(OpenThemeData(hwnd, L"TREEVIEW"));
+        m_hStandIn.Open(hwnd, L"TREEVIEW");
         m_hRows = RowsOf(m_hStandIn);
     }
 }
@@ -50,7 +51,7 @@ COLORREF ItemTheme::GridColor() const
     COLORREF color = 0;
     const bool fKnown = m_hTheme && m_hRows == m_hTheme &&
                         SUCCEEDED(GetThemeColor(m_hTheme, ROW_PART, 0, TMT_EDGEFILLCOLOR, &color));
-    return fKnown ? color : GetSysColor(COLOR_3DLIGHT);
+    return fKnown ? color : SystemColor(COLOR_3DLIGHT);
 }
 
 int ItemTheme::BorderSize() const

@@ -1,3 +1,4 @@
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 
 #include <algorithm>
@@ -17,12 +18,12 @@ int ClampPos(const SCROLLINFO& si, int nPos)
     return std::min(nPos, static_cast<int>(static_cast<UINT>(si.nMax) - si.nPage + 1));
 }
 
-Thumb ThumbOf(const BarTraits& traits, int nBarLength, const SCROLLINFO& si)
+Thumb ThumbOf(HWND hwnd, const BarTraits& traits, int nBarLength, const SCROLLINFO& si)
 {
     Thumb thumb{};
     const int nRange = RangeOf(si);
-    const int nSmallest = GetSystemMetrics(traits.nThumbMetric);
-    thumb.nTrack = nBarLength - 2 * GetSystemMetrics(traits.nArrowMetric);
+    const int nSmallest = SystemMetric(hwnd, traits.nThumbMetric);
+    thumb.nTrack = nBarLength - 2 * SystemMetric(hwnd, traits.nArrowMetric);
     thumb.nLength = MulDiv(thumb.nTrack, static_cast<int>(si.nPage), nRange);
     if (thumb.nLength < nSmallest) {
         thumb.nTrack += thumb.nLength - nSmallest;

@@ -11,9 +11,10 @@ struct BarTraits
     UINT uMessage;
     WORD wMask, wFirst, wLast, wPageFirst, wPageLast, wThumb;
     int nTrackPart, nThumbPart, nGripperPart;
-    int nArrowMetric;    // the extent of an arrow, in painting and thumb arithmetic
-    int nHitArrowMetric; // the extent of an arrow in hit-testing: the other direction's metric, as hosts know
-                         // it
+    int nArrowMetric; // the extent of an arrow, in painting and thumb arithmetic
+    // Fixed behaviour: the extent of an arrow in hit-testing is the other direction's metric. Where the two
+    // differ, a press near an arrow would do something else.
+    int nHitArrowMetric;
     int nThumbMetric;
     int nFirstArrowState, nLastArrowState; // normal, followed by hot, pressed and disabled
     int nFirstHoverState, nLastHoverState;
@@ -42,6 +43,6 @@ int RangeOf(const SCROLLINFO& si);
 int ClampPos(const SCROLLINFO& si, int nPos);
 
 // In a bar of a length in pixels. A range of zero gives the smallest thumb.
-Thumb ThumbOf(const BarTraits& traits, int nBarLength, const SCROLLINFO& si);
+Thumb ThumbOf(HWND hwnd, const BarTraits& traits, int nBarLength, const SCROLLINFO& si);
 
 } // namespace gesso

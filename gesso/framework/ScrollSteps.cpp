@@ -1,10 +1,9 @@
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollSteps.h>
 
 namespace gesso {
 namespace {
-
-constexpr int WHEEL_LINE = 20; // pixels: hosts rely on it
 
 UINT WheelLines()
 {
@@ -34,7 +33,7 @@ std::optional<int64_t> WheelTarget(const SCROLLINFO& si, int nDelta)
     if (static_cast<int>(si.nPage) >= RangeOf(si)) {
         return std::nullopt;
     }
-    return si.nPos - int64_t{nDelta / WHEEL_DELTA} * WheelLines() * WHEEL_LINE;
+    return si.nPos - int64_t{nDelta / WHEEL_DELTA} * WheelLines() * Pixels(nullptr, Metrics::WHEEL_LINE);
 }
 
 } // namespace gesso

@@ -12,7 +12,9 @@ namespace gesso {
 // position that comes with the codes of the thumb.
 std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThumb, int64_t nLine);
 
-// The same for the wheel: 20 pixels a line, whatever a control's rows are high. None where all is in sight.
+// The same for the wheel. None where all is in sight.
+// Fixed behaviour: 20 pixels a line, whatever a control's rows are high. A host that moves something along
+// with the wheel by itself would part from the control.
 std::optional<int64_t> WheelTarget(const SCROLLINFO& si, int nDelta);
 
 } // namespace gesso

@@ -1,4 +1,6 @@
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/PartPictures.h>
 #include <gesso/framework/ThemePart.h>
 
@@ -92,7 +94,7 @@ SIZE ThemePart::Size(const RECT* prc) const
     RECT rcBounds = prc ? *prc : RECT{};
     if (FAILED(GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE,
                                 &size))) {
-        size = {GetSystemMetrics(SM_CXMENUCHECK), GetSystemMetrics(SM_CYMENUCHECK)};
+        size = {SystemMetric(nullptr, SM_CXMENUCHECK), SystemMetric(nullptr, SM_CYMENUCHECK)};
     }
     return size;
 }
@@ -159,19 +161,19 @@ void ThemePart::DrawPlainBackground(RECT rc) const
         break;
     case PlainPart::BackButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLLEFT | uButton); break;
     case PlainPart::EntryField:
-        FillRect(m_hdc, &rc, GetSysColorBrush(m_nState == CBXS_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
+        FillRect(m_hdc, &rc, SystemBrush(m_nState == CBXS_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
         DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT);
         break;
     case PlainPart::DropDownButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | uButton); break;
     case PlainPart::ProgressBar: DrawEdge(m_hdc, &rc, BDR_SUNKENOUTER, BF_RECT | BF_MIDDLE); break;
-    case PlainPart::ProgressFill: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_HIGHLIGHT)); break;
-    case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_SCROLLBAR)); break;
+    case PlainPart::ProgressFill: FillRect(m_hdc, &rc, SystemBrush(COLOR_HIGHLIGHT)); break;
+    case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, SystemBrush(COLOR_SCROLLBAR)); break;
     case PlainPart::ScrollArrow: DrawPlainFrame(rc, DFC_SCROLL, PlainArrow(m_nState)); break;
     case PlainPart::ScrollThumb: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH); break;
-    case PlainPart::DialogPanel: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_WINDOW)); break;
-    case PlainPart::DialogFooter: FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_BTNFACE)); break;
+    case PlainPart::DialogPanel: FillRect(m_hdc, &rc, SystemBrush(COLOR_WINDOW)); break;
+    case PlainPart::DialogFooter: FillRect(m_hdc, &rc, SystemBrush(COLOR_BTNFACE)); break;
     case PlainPart::ItemView:
-        FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_WINDOW));
+        FillRect(m_hdc, &rc, SystemBrush(COLOR_WINDOW));
         DrawEdge(m_hdc, &rc, BDR_SUNKENOUTER, BF_RECT);
         break;
     case PlainPart::Row: DrawPlainRow(rc); break;
@@ -180,7 +182,7 @@ void ThemePart::DrawPlainBackground(RECT rc) const
         break;
     case PlainPart::SortArrow: DrawPlainSortArrow(rc); break;
     case PlainPart::EditBackground:
-        FillRect(m_hdc, &rc, GetSysColorBrush(m_nState == EDIT_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
+        FillRect(m_hdc, &rc, SystemBrush(m_nState == EDIT_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
         break;
     case PlainPart::EditBorder: DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT); break;
     case PlainPart::TreeGlyph: DrawPlainTreeGlyph(rc); break;
@@ -194,10 +196,10 @@ void ThemePart::DrawPlainRow(const RECT& rc) const
 {
     const bool fFilled = m_nState != LISS_NORMAL && m_nState != LISS_DISABLED && m_nState != LISS_HOT;
     if (fFilled) {
-        FillRect(m_hdc, &rc, GetSysColorBrush(COLOR_3DLIGHT));
+        FillRect(m_hdc, &rc, SystemBrush(COLOR_3DLIGHT));
     }
     if (m_nState == LISS_HOT || m_nState == LISS_SELECTED || m_nState == LISS_HOTSELECTED) {
-        FrameRect(m_hdc, &rc, GetSysColorBrush(COLOR_HIGHLIGHT));
+        FrameRect(m_hdc, &rc, SystemBrush(COLOR_HIGHLIGHT));
     }
 }
 
@@ -212,23 +214,24 @@ void ThemePart::DrawPlainSortArrow(RECT rc) const
 // A small box with a plus or a minus.
 void ThemePart::DrawPlainTreeGlyph(const RECT& rc) const
 {
-    constexpr int HALF = 4;
+    const int nBox = Pixels(nullptr, Metrics::PLAIN_GLYPH_REACH);
+    const int nMark = Pixels(nullptr, Metrics::PLAIN_GLYPH_MARK_REACH);
     const int x = (rc.left + rc.right) / 2;
     const int y = (rc.top + rc.bottom) / 2;
-    const RECT rcBox{x - HALF, y - HALF, x + HALF + 1, y + HALF + 1};
-    const RECT rcAcross{x - HALF + 2, y, x + HALF - 1, y + 1};
-    const RECT rcDown{x, y - HALF + 2, x + 1, y + HALF - 1};
-    FillRect(m_hdc, &rcBox, GetSysColorBrush(COLOR_WINDOW));
-    FrameRect(m_hdc, &rcBox, GetSysColorBrush(COLOR_GRAYTEXT));
-    FillRect(m_hdc, &rcAcross, GetSysColorBrush(COLOR_WINDOWTEXT));
+    const RECT rcBox{x - nBox, y - nBox, x + nBox + 1, y + nBox + 1};
+    const RECT rcAcross{x - nMark, y, x + nMark + 1, y + 1};
+    const RECT rcDown{x, y - nMark, x + 1, y + nMark + 1};
+    FillRect(m_hdc, &rcBox, SystemBrush(COLOR_WINDOW));
+    FrameRect(m_hdc, &rcBox, SystemBrush(COLOR_GRAYTEXT));
+    FillRect(m_hdc, &rcAcross, SystemBrush(COLOR_WINDOWTEXT));
     if (m_nState == GLPS_CLOSED) {
-        FillRect(m_hdc, &rcDown, GetSysColorBrush(COLOR_WINDOWTEXT));
+        FillRect(m_hdc, &rcDown, SystemBrush(COLOR_WINDOWTEXT));
     }
 }
 
 COLORREF ThemePart::PlainTextColor() const
 {
-    return GetSysColor(StateInFour(m_plain, m_nState) == PBS_DISABLED ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
+    return SystemColor(StateInFour(m_plain, m_nState) == PBS_DISABLED ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
 }
 
 void ThemePart::DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const
