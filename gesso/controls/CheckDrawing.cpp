@@ -4,6 +4,7 @@
 #include <gesso/controls/Image.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 
 #include <algorithm>
 
@@ -11,8 +12,6 @@ namespace gesso {
 namespace {
 
 constexpr int STATES_PER_CHECK = 4;
-constexpr int BOX_GAP = 3;      // between the box and the content
-constexpr int FOCUS_MARGIN = 2; // around the text
 
 struct Picture
 {
@@ -23,17 +22,17 @@ struct Picture
 };
 
 // Takes the box and its gap off the content.
-RECT CutBox(RECT* prcContent, SIZE size, DWORD dwStyle)
+RECT CutBox(RECT* prcContent, SIZE size, int nGap, DWORD dwStyle)
 {
     RECT rcBox{};
     if (dwStyle & GCS_BOXRIGHT) {
         rcBox.right = prcContent->right;
         rcBox.left = rcBox.right - size.cx;
-        prcContent->right = rcBox.left - BOX_GAP;
+        prcContent->right = rcBox.left - nGap;
     } else {
         rcBox.left = prcContent->left;
         rcBox.right = rcBox.left + size.cx;
-        prcContent->left = rcBox.right + BOX_GAP;
+        prcContent->left = rcBox.right + nGap;
     }
     const int nSlack = prcContent->bottom - size.cy - prcContent->top;
     rcBox.top = prcContent->top + Shift(nSlack, dwStyle, GS_VCENTER, GS_BOTTOM);
@@ -54,7 +53,7 @@ Picture PictureOf(const CheckContent& content)
 }
 
 // Around the text and the image's height, not around the box.
-RECT FocusRect(const RECT& rcText, const Picture& picture)
+RECT FocusRect(const RECT& rcText, const Picture& picture, int nMargin)
 {
     RECT rc = rcText;
     if (picture.kind != ImageKind::None) {
@@ -64,7 +63,7 @@ RECT FocusRect(const RECT& rcText, const Picture& picture)
             rc.right = picture.pt.x + picture.size.cx;
         }
     }
-    InflateRect(&rc, FOCUS_MARGIN, FOCUS_MARGIN);
+    InflateRect(&rc, nMargin, nMargin);
     return rc;
 }
 
@@ -73,18 +72,19 @@ RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, co
 {
     const DWORD dwStyle = content.dwStyle;
     const UINT uFormat = dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE;
+    const int nGap = Pixels(content.hwnd, Metrics::IMAGE_GAP);
     Picture picture = PictureOf(content);
     const bool fPicture = picture.kind != ImageKind::None;
-    RECT rcText = fPicture ? RoomBesideImage(rcContent, picture.side, picture.size) : rcContent;
+    RECT rcText = fPicture ? RoomBesideImage(rcContent, picture.side, picture.size, nGap) : rcContent;
     rcText = part.TextExtent(content.pszText, uFormat, rcText);
     AlignText(&rcText, rcContent, dwStyle);
     if (fPicture) {
-        picture.pt = PlaceImage(&rcText, picture.side, picture.size, dwStyle);
+        picture.pt = PlaceImage(&rcText, picture.side, picture.size, nGap, dwStyle);
         DrawImage(hdc, picture.kind, content.hImage, picture.pt.x, picture.pt.y, picture.size.cx,
                   picture.size.cy, dwStyle);
     }
     part.DrawString(content.pszText, uFormat | PrefixFormat(content.dwState), rcText);
-    return FocusRect(rcText, picture);
+    return FocusRect(rcText, picture, Pixels(content.hwnd, Metrics::CHECK_FOCUS_MARGIN));
 }
 
 } // namespace
@@ -98,7 +98,8 @@ void DrawCheck(HDC hdc, RECT rc, const CheckContent& content, int nPart, PlainPa
     const SelectScope font(hdc, content.hFont);
 
     rc = part.ContentOf(rc);
-    part.DrawBackground(CutBox(&rc, part.Size(&rc), content.dwStyle));
+    const int nGap = Pixels(content.hwnd, Metrics::CHECK_BOX_GAP);
+    part.DrawBackground(CutBox(&rc, part.Size(&rc), nGap, content.dwStyle));
     const RECT rcFocus = DrawContent(hdc, content, part, rc);
     if (ShowsFocus(content.hwnd, content.dwState)) {
         DrawFocusRect(hdc, &rcFocus);

@@ -27,14 +27,14 @@ int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
     return dwStyle & dwFar ? nSlack : 0;
 }
 
-RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image)
+RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image, int nGap)
 {
     RECT rc = rcContent;
     switch (side) {
-    case ImageSide::Left: rc.left += IMAGE_GAP + image.cx; break;
-    case ImageSide::Right: rc.right -= image.cx + IMAGE_GAP; break;
-    case ImageSide::Top: rc.top += IMAGE_GAP + image.cy; break;
-    case ImageSide::Bottom: rc.bottom -= image.cy + IMAGE_GAP; break;
+    case ImageSide::Left: rc.left += nGap + image.cx; break;
+    case ImageSide::Right: rc.right -= image.cx + nGap; break;
+    case ImageSide::Top: rc.top += nGap + image.cy; break;
+    case ImageSide::Bottom: rc.bottom -= image.cy + nGap; break;
     }
     return rc;
 }
@@ -45,16 +45,16 @@ void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle)
                Shift(rcContent.bottom - prcText->bottom, dwStyle, GS_VCENTER, GS_BOTTOM));
 }
 
-POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, DWORD dwStyle)
+POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, int nGap, DWORD dwStyle)
 {
     if (!IsBeside(side)) {
         return {AlignTo(prcText->left, prcText->right, image.cx, dwStyle, GS_CENTER, GS_RIGHT),
-                prcText->top - image.cy - IMAGE_GAP};
+                prcText->top - image.cy - nGap};
     }
     const int y = AlignTo(prcText->top, prcText->bottom, image.cy, dwStyle, GS_VCENTER, GS_BOTTOM);
-    const int nShift = (image.cx + IMAGE_GAP) >> 1;
+    const int nShift = (image.cx + nGap) >> 1;
     OffsetRect(prcText, side == ImageSide::Left ? nShift : -nShift, 0);
-    return {prcText->left - (y + image.cy) - IMAGE_GAP, y};
+    return {prcText->left - (y + image.cy) - nGap, y};
 }
 
 } // namespace gesso

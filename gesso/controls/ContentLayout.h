@@ -6,9 +6,6 @@
 
 namespace gesso {
 
-// Room between an image and the text.
-constexpr int IMAGE_GAP = 5;
-
 enum class ImageSide
 {
     Left,
@@ -21,17 +18,17 @@ enum class ImageSide
 // centre, all of it by that for the far end.
 int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar);
 
-// What remains of the content for the text beside an image.
-RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image);
+// What remains of the content for the text beside an image, with a gap between them.
+RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image, int nGap);
 
 // Moves a measured text to its place in the content, by GS_CENTER, GS_RIGHT, GS_VCENTER and GS_BOTTOM.
 void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle);
 
 // The image's place, and the text's shift that goes with it for an image to the left or right.
 //
-// Two oddities are kept, since hosts rely on the looks: beside the text, x is worked out from the image's
-// vertical place and height, always to the left of the text; and an image below the text is placed above it
-// like one on top.
-POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, DWORD dwStyle);
+// Fixed behaviour: beside the text, x is worked out from the image's vertical place and height, always to the
+// left of the text; and an image below the text is placed above it like one on top. Buttons that were laid
+// out for these places would show their image elsewhere.
+POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, int nGap, DWORD dwStyle);
 
 } // namespace gesso

@@ -15,6 +15,10 @@
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/ThemeHandle.h>
 
+namespace gesso {
+class ButtonMessages;
+}
+
 // Where the image stands; left of the text without any of them.
 constexpr DWORD GBS_IMAGERIGHT = 0x0040;
 constexpr DWORD GBS_IMAGETOP = 0x0080;
@@ -96,6 +100,7 @@ protected:
     int m_cyImage = 0;
 
 private:
+    friend class gesso::ButtonMessages;
     friend class gesso::Frame;
-    LRESULT OnButtonMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 };

@@ -1,7 +1,11 @@
 #include <gesso/controls/ButtonLook.h>
+#include <gesso/controls/ButtonMessages.h>
 #include <gesso/controls/GCommandButton.h>
 #include <gesso/controls/Image.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/framework/Press.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
@@ -10,16 +14,11 @@ using gesso::ImageKind;
 using gesso::PlainPart;
 using gesso::ThemePart;
 
-using Control = GCommandButton;
-#include <gesso/controls/DefaultMembers.inl>
-
 constinit ATOM GCommandButton::s_aClass = 0;
 
 namespace {
 
-constexpr LPCWSTR THEME_CLASS = L"BUTTON";
 constexpr WORD SHIELD_ICON = 32518; // IDI_SHIELD, whose macro depends on how the narrow names are mapped
-constexpr int GLYPH_GAP = 5;        // between the glyph and the text
 constexpr int TITLE_PERCENT = 133;  // of the default font, where the style has no font
 constexpr int NOTE_PERCENT = 100;
 
@@ -66,6 +65,66 @@ void GCommandButton::Init(void* pCreateData)
     m_pszNote.Reset(gesso::CopyTextOrNone(pCreateData ? NoteIn(pCreateData) : nullptr));
 }
 
+int GCommandButton::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+DWORD GCommandButton::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GCommandButton::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
+void GCommandButton::SetFont(HFONT hFont)
+{
+    m_hFont = hFont;
+}
+
+HFONT GCommandButton::GetFont() const
+{
+    return m_hFont.HandOut();
+}
+
+int GCommandButton::SetText(LPCWSTR pszText)
+{
+    return gesso::ReplaceText(*this, m_pszText, pszText);
+}
+
+int GCommandButton::GetTextLength() const
+{
+    return gesso::TextLength(m_pszText);
+}
+
+int GCommandButton::GetText(LPWSTR pszBuffer, int* pnLength) const
+{
+    return gesso::ReadText(m_pszText, pszBuffer, pnLength);
+}
+
+HICON GCommandButton::SetIcon(HICON hIcon)
+{
+    return gesso::ReplaceIcon(*this, hIcon, {m_hImage, m_cxImage, m_cyImage});
+}
+
+HICON GCommandButton::GetIcon() const
+{
+    return static_cast<HICON>(m_hImage);
+}
+
+HBITMAP GCommandButton::SetBitmap(HBITMAP hBitmap)
+{
+    return gesso::ReplaceBitmap(*this, hBitmap, {m_hImage, m_cxImage, m_cyImage});
+}
+
+HBITMAP GCommandButton::GetBitmap() const
+{
+    return static_cast<HBITMAP>(m_hImage);
+}
+
 void GCommandButton::SetNoteFont(HFONT hFont)
 {
     m_hNoteFont = hFont;
@@ -93,6 +152,8 @@ int GCommandButton::GetNote(LPWSTR pszBuffer, int* pnLength) const
     return gesso::ReadText(m_pszNote, pszBuffer, pnLength);
 }
 
+// --- Drawing
+
 void GCommandButton::Draw(HDC hdc)
 {
     RECT rc{};
@@ -107,14 +168,15 @@ void GCommandButton::Draw(HDC hdc)
     // The glyph's size makes the text's column, whatever stands in its place.
     const int cxGlyph = DrawGlyph(hdc, nState, {rcContent.left, rcContent.top}, dwStyle);
     RECT rcText = rcContent;
-    rcText.left += cxGlyph + GLYPH_GAP;
+    rcText.left += cxGlyph + gesso::Pixels(m_hWnd, gesso::Metrics::COMMAND_GLYPH_GAP);
     DrawTexts(hdc, part, rcText, dwStyle);
     if (gesso::ShowsFocus(m_hWnd, m_dwState)) {
         DrawFocusRect(hdc, &rcContent);
     }
 }
 
-// A shield is drawn beneath the glyph or the image, not instead of it: hosts know the looks.
+// Fixed behaviour: a shield is drawn beneath the glyph or the image, not instead of it. Where a host shows
+// both, one of them would be missing.
 int GCommandButton::DrawGlyph(HDC hdc, int nState, POINT pt, DWORD dwStyle) const
 {
     const ThemePart glyph(m_hTheme, hdc, BP_COMMANDLINKGLYPH, nState, PlainPart::CommandLinkGlyph);
@@ -152,14 +214,16 @@ void GCommandButton::DrawTexts(HDC hdc, const ThemePart& part, const RECT& rcRoo
     }
 }
 
+// --- Messages
+
 void GCommandButton::OpenTheme()
 {
-    m_hTheme.Reset(OpenThemeData(m_hWnd, THEME_CLASS));
+    m_hTheme.Open(m_hWnd, gesso::BUTTON_THEME);
     m_hFont.Reset(gesso::MakeThemeFont(m_hTheme, BP_COMMANDLINK, TMT_FONT, TITLE_PERCENT));
     m_hNoteFont.Reset(gesso::MakeThemeFont(m_hTheme, BP_COMMANDLINK, TMT_BODYFONT, NOTE_PERCENT));
 }
 
-// Also the fonts that the host gave go: hosts rely on it.
+// Fixed behaviour: also the fonts that the host gave go. They would leak in a host that hands them over.
 void GCommandButton::CloseTheme()
 {
     m_hFont.Delete();
@@ -169,7 +233,7 @@ void GCommandButton::CloseTheme()
 
 LRESULT GCommandButton::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = Frame::FIRST_STATE;
+    Frame::SetState(*this, Frame::FIRST_STATE);
     OpenTheme();
     return 0;
 }
@@ -188,4 +252,112 @@ LRESULT GCommandButton::OnThemeChanged()
     OpenTheme();
     Invalidate(0);
     return 0;
+}
+
+LRESULT GCommandButton::OnEnable(BOOL fEnable)
+{
+    return Frame::OnEnable(*this, fEnable);
+}
+
+LRESULT GCommandButton::OnSetFocus(HWND)
+{
+    return Frame::OnSetFocus(*this);
+}
+
+LRESULT GCommandButton::OnKillFocus(HWND)
+{
+    return Frame::OnKillFocus(*this);
+}
+
+LRESULT GCommandButton::OnKeyDown(UINT uKey, LPARAM)
+{
+    return gesso::OnButtonKeyDown(*this, uKey);
+}
+
+LRESULT GCommandButton::OnKeyUp(UINT uKey, LPARAM)
+{
+    return gesso::OnButtonKeyUp(*this, uKey);
+}
+
+LRESULT GCommandButton::OnLButtonDown(WPARAM, POINTS)
+{
+    return gesso::OnButtonDown(*this);
+}
+
+LRESULT GCommandButton::OnLButtonUp(WPARAM, POINTS pt)
+{
+    return gesso::OnButtonUp(*this, pt);
+}
+
+LRESULT GCommandButton::OnMouseMove(WPARAM, POINTS pt)
+{
+    return gesso::OnButtonMove(*this, pt);
+}
+
+LRESULT GCommandButton::OnMouseLeave()
+{
+    return Frame::OnMouseLeave(*this);
+}
+
+LRESULT GCommandButton::OnCaptureChanged(HWND hwndNew)
+{
+    return Frame::OnCaptureChanged(*this, hwndNew);
+}
+
+int GCommandButton::HitTest(POINTS pt) const
+{
+    return gesso::HitTestClient(m_hWnd, pt);
+}
+
+LRESULT GCommandButton::OnStyleChanged()
+{
+    return Frame::OnStyleChanged(*this);
+}
+
+LRESULT GCommandButton::OnSetFont(HFONT hFont, UINT uRedraw)
+{
+    return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
+}
+
+LRESULT GCommandButton::OnGetFont() const
+{
+    return reinterpret_cast<LRESULT>(m_hFont.HandOut());
+}
+
+LRESULT GCommandButton::OnSetText(LPCWSTR pszText)
+{
+    return SetText(pszText);
+}
+
+LRESULT GCommandButton::OnGetText(UINT nCapacity, LPWSTR pszBuffer) const
+{
+    return gesso::ReplyGetText(*this, m_pszText, nCapacity, pszBuffer);
+}
+
+LRESULT GCommandButton::OnGetTextLength() const
+{
+    return GetTextLength();
+}
+
+LRESULT GCommandButton::OnGetDlgCode() const
+{
+    return gesso::CodeOfDefaultButton(*this);
+}
+
+LRESULT GCommandButton::OnSetStyle(WPARAM wStyle, UINT uRedraw)
+{
+    return gesso::OnSetDefaultButton(*this, wStyle, uRedraw);
+}
+
+LRESULT CALLBACK GCommandButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    return Frame::Route<GCommandButton>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GCommandButton::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    switch (uMsg) {
+    case BM_SETSTYLE: return OnSetStyle(wParam, LOWORD(lParam));
+    default: return gesso::ButtonMessages::Answer(*this, uMsg, wParam, lParam);
+    }
 }

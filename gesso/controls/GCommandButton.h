@@ -23,8 +23,9 @@
 #include <gesso/framework/ThemeHandle.h>
 
 namespace gesso {
+class ButtonMessages;
 class ThemePart;
-}
+} // namespace gesso
 
 constexpr DWORD GCBS_SHIELD = 0x0200; // the system's shield at the glyph's place
 
@@ -106,8 +107,9 @@ protected:
     gesso::ControlText m_pszNote;
 
 private:
+    friend class gesso::ButtonMessages;
     friend class gesso::Frame;
-    LRESULT OnButtonMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void OpenTheme();
     void CloseTheme();
     // Returns the glyph's width.

@@ -4,13 +4,11 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
 using gesso::ImageKind;
-
-using Control = GLabel;
-#include <gesso/controls/ContentMembers.inl>
 
 constinit ATOM GLabel::s_aClass = 0;
 
@@ -26,8 +24,8 @@ struct Span
     int nStart, nExtent;
 };
 
-// Hosts rely on the extents that are not the image's own: a height less the image's y unless it stands at the
-// top, and a width less its x at the right.
+// Fixed behaviour: the extents are not the image's own, but a height less the image's y unless it stands at
+// the top, and a width less its x at the right. Another extent would scale the images of such labels anew.
 Span PlaceVertically(const RECT& rc, int cy, DWORD dwStyle)
 {
     if (dwStyle & GS_VCENTER) {
@@ -71,6 +69,66 @@ HWND GLabel::Create(int x, int y, int cx, int cy, HWND hwndParent, int, LPCWSTR 
 void GLabel::Init(void* pCreateData)
 {
     m_pszText.Reset(gesso::CopyCreationText(pCreateData));
+}
+
+int GLabel::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+DWORD GLabel::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GLabel::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
+void GLabel::SetFont(HFONT hFont)
+{
+    m_hFont = hFont;
+}
+
+HFONT GLabel::GetFont() const
+{
+    return m_hFont;
+}
+
+int GLabel::SetText(LPCWSTR pszText)
+{
+    return gesso::ReplaceText(*this, m_pszText, pszText);
+}
+
+int GLabel::GetTextLength() const
+{
+    return gesso::TextLength(m_pszText);
+}
+
+int GLabel::GetText(LPWSTR pszBuffer, int* pnLength) const
+{
+    return gesso::ReadText(m_pszText, pszBuffer, pnLength);
+}
+
+HICON GLabel::SetIcon(HICON hIcon)
+{
+    return gesso::ReplaceIcon(*this, hIcon, {m_hImage, m_cxImage, m_cyImage});
+}
+
+HICON GLabel::GetIcon() const
+{
+    return static_cast<HICON>(m_hImage);
+}
+
+HBITMAP GLabel::SetBitmap(HBITMAP hBitmap)
+{
+    return gesso::ReplaceBitmap(*this, hBitmap, {m_hImage, m_cxImage, m_cyImage});
+}
+
+HBITMAP GLabel::GetBitmap() const
+{
+    return static_cast<HBITMAP>(m_hImage);
 }
 
 COLORREF GLabel::SetTextColor(COLORREF cr)
@@ -118,7 +176,8 @@ void GLabel::DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const
 void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
 {
     if (dwStyle & GLS_INSET) {
-        InflateRect(&rc, -1, -1);
+        const int nInset = gesso::Pixels(m_hWnd, gesso::Metrics::LABEL_INSET);
+        InflateRect(&rc, -nInset, -nInset);
     }
     const UINT uFormat = (dwStyle & ALIGNMENT_BITS) |
                          (dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE) |
@@ -133,7 +192,7 @@ void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
 
 LRESULT GLabel::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = Frame::FIRST_STATE;
+    Frame::SetState(*this, Frame::FIRST_STATE);
     m_hFont = g_hDefaultFont;
     return 0;
 }
@@ -151,28 +210,57 @@ LRESULT GLabel::OnEnable(BOOL)
     return 0;
 }
 
+LRESULT GLabel::OnStyleChanged()
+{
+    return Frame::OnStyleChanged(*this);
+}
+
+LRESULT GLabel::OnSetFont(HFONT hFont, UINT uRedraw)
+{
+    return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
+}
+
+LRESULT GLabel::OnGetFont() const
+{
+    return reinterpret_cast<LRESULT>(m_hFont);
+}
+
+LRESULT GLabel::OnSetText(LPCWSTR pszText)
+{
+    return SetText(pszText);
+}
+
+LRESULT GLabel::OnGetText(UINT nCapacity, LPWSTR pszBuffer) const
+{
+    return gesso::ReplyGetText(*this, m_pszText, nCapacity, pszBuffer);
+}
+
+LRESULT GLabel::OnGetTextLength() const
+{
+    return GetTextLength();
+}
+
 LRESULT CALLBACK GLabel::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pLabel = Frame::ObjectOf<GLabel>(hwnd);
-    if (!pLabel) {
-        return uMsg == WM_CREATE ? Frame::Attach<GLabel>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GLabel& label = *pLabel;
+    return Frame::Route<GLabel>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GLabel::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return label.OnDestroy();
-    case WM_ENABLE: return label.OnEnable(wParam != 0);
-    case WM_PAINT: return gesso::PaintControl(label, hwnd);
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(label, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_DESTROY: return OnDestroy();
+    case WM_ENABLE: return OnEnable(wParam != 0);
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    case WM_STYLECHANGED: return label.OnStyleChanged();
-    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(label, wParam, lParam);
-    case WM_SETFONT: return label.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
-    case WM_GETFONT: return label.OnGetFont();
-    case WM_SETTEXT: return label.OnSetText(reinterpret_cast<LPCWSTR>(lParam));
-    case WM_GETTEXT: return label.OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
-    case WM_GETTEXTLENGTH: return label.OnGetTextLength();
+    case WM_STYLECHANGED: return OnStyleChanged();
+    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(*this, wParam, lParam);
+    case WM_SETFONT: return OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
+    case WM_GETFONT: return OnGetFont();
+    case WM_SETTEXT: return OnSetText(reinterpret_cast<LPCWSTR>(lParam));
+    case WM_GETTEXT: return OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
+    case WM_GETTEXTLENGTH: return OnGetTextLength();
     case WM_GETDLGCODE: return DLGC_STATIC;
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

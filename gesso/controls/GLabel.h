@@ -29,8 +29,10 @@ public:
     GLabel() = default;
 
     // Makes the window; position and size in pixels in the parent's client area. The text is copied; a null
-    // one counts as empty. The style is used as it is. The id is not passed on: a label's window id is 0, and
-    // hosts rely on it. Returns the window, or null where it could not be made.
+    // one counts as empty. The style is used as it is. Returns the window, or null where it could not be
+    // made.
+    // Fixed behaviour: the id is not passed on, so that a label's window id is 0. GetDlgItem would find a
+    // label where it finds another control of that id today.
     HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwExStyle,
                 DWORD dwStyle);
     // DestroyWindow. Returns 0 without a window.
@@ -99,6 +101,7 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const;
     void DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const;
 };

@@ -1,14 +1,11 @@
 #include <gesso/controls/GNavigationButton.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Press.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
-
-using Control = GNavigationButton;
-#include <gesso/controls/PressMembers.inl>
-#include <gesso/controls/StyleMembers.inl>
 
 constinit ATOM GNavigationButton::s_aClass = 0;
 
@@ -38,6 +35,23 @@ HWND GNavigationButton::Create(int x, int y, int cx, int cy, HWND hwndParent, in
                                dwExStyle, dwStyle);
 }
 
+int GNavigationButton::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+DWORD GNavigationButton::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GNavigationButton::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
+// --- Drawing
+
 void GNavigationButton::Draw(HDC hdc)
 {
     RECT rc{};
@@ -46,10 +60,12 @@ void GNavigationButton::Draw(HDC hdc)
     gesso::ThemePart(m_hTheme, hdc, NAV_BACKBUTTON, nState, gesso::PlainPart::BackButton).DrawBackground(rc);
 }
 
+// --- Messages
+
 LRESULT GNavigationButton::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = 0;
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"NAVIGATION"));
+    Frame::SetState(*this, 0);
+    m_hTheme.Open(m_hWnd, L"NAVIGATION");
     return 0;
 }
 
@@ -64,9 +80,24 @@ LRESULT GNavigationButton::OnEnable(BOOL fEnable)
 {
     Invalidate(0);
     if (!fEnable) {
-        m_dwState &= ~(GWS_HOT | GWS_PRESSED);
+        Frame::ClearState(*this, GWS_HOT | GWS_PRESSED);
     }
     return 0;
+}
+
+LRESULT GNavigationButton::OnSetFocus(HWND)
+{
+    return Frame::OnSetFocus(*this);
+}
+
+LRESULT GNavigationButton::OnKillFocus(HWND)
+{
+    return Frame::OnKillFocus(*this);
+}
+
+LRESULT GNavigationButton::OnKeyDown(UINT uKey, LPARAM)
+{
+    return gesso::OnButtonKeyDown(*this, uKey);
 }
 
 // Asks for the repaint first here too.
@@ -76,11 +107,16 @@ LRESULT GNavigationButton::OnKeyUp(UINT uKey, LPARAM)
         return 0;
     }
     Invalidate(0);
-    m_dwState &= ~GWS_KEYDOWN;
+    Frame::ClearState(*this, GWS_KEYDOWN);
     if (!(m_dwState & GWS_PRESSED)) {
         Frame::SendClick(*this);
     }
     return 0;
+}
+
+LRESULT GNavigationButton::OnLButtonDown(WPARAM, POINTS)
+{
+    return gesso::OnButtonDown(*this);
 }
 
 // A held space key does not keep the mouse from clicking here.
@@ -89,7 +125,28 @@ LRESULT GNavigationButton::OnLButtonUp(WPARAM, POINTS pt)
     return gesso::OnButtonUp(*this, pt, false);
 }
 
-// Opens another class than at first, and goes on drawing its part of the same number: hosts rely on it.
+LRESULT GNavigationButton::OnMouseMove(WPARAM, POINTS pt)
+{
+    return gesso::OnButtonMove(*this, pt);
+}
+
+LRESULT GNavigationButton::OnMouseLeave()
+{
+    return Frame::OnMouseLeave(*this);
+}
+
+LRESULT GNavigationButton::OnCaptureChanged(HWND hwndNew)
+{
+    return Frame::OnCaptureChanged(*this, hwndNew);
+}
+
+int GNavigationButton::HitTest(POINTS pt) const
+{
+    return gesso::HitTestClient(m_hWnd, pt);
+}
+
+// Fixed behaviour: opens another class than at first, and goes on drawing its part of the same number. A host
+// that changes the style at run time would see another button from then on.
 LRESULT GNavigationButton::OnThemeChanged()
 {
     return Frame::OnThemeChanged(*this, m_hTheme, L"BUTTON");
@@ -107,30 +164,29 @@ LRESULT GNavigationButton::OnGetDlgCode() const
 
 LRESULT CALLBACK GNavigationButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pButton = Frame::ObjectOf<GNavigationButton>(hwnd);
-    if (!pButton) {
-        return uMsg == WM_CREATE ? Frame::Attach<GNavigationButton>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GNavigationButton& button = *pButton;
+    return Frame::Route<GNavigationButton>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GNavigationButton::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return button.OnDestroy();
-    case WM_ENABLE: return button.OnEnable(wParam != 0);
-    case WM_SETFOCUS: return button.OnSetFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KILLFOCUS: return button.OnKillFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KEYDOWN: return button.OnKeyDown(static_cast<UINT>(wParam), lParam);
-    case WM_KEYUP: return button.OnKeyUp(static_cast<UINT>(wParam), lParam);
-    case WM_LBUTTONDOWN: return button.OnLButtonDown(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONUP: return button.OnLButtonUp(wParam, gesso::PointOf(lParam));
-    case WM_MOUSEMOVE: return button.OnMouseMove(wParam, gesso::PointOf(lParam));
-    case WM_MOUSELEAVE: return button.OnMouseLeave();
-    case WM_CAPTURECHANGED: return button.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-    case WM_PAINT: return gesso::PaintControl(button, hwnd);
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(button, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_DESTROY: return OnDestroy();
+    case WM_ENABLE: return OnEnable(wParam != 0);
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), lParam);
+    case WM_KEYUP: return OnKeyUp(static_cast<UINT>(wParam), lParam);
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    case WM_THEMECHANGED: return button.OnThemeChanged();
-    case WM_STYLECHANGED: return button.OnStyleChanged();
-    case WM_GETDLGCODE: return button.OnGetDlgCode();
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_THEMECHANGED: return OnThemeChanged();
+    case WM_STYLECHANGED: return OnStyleChanged();
+    case WM_GETDLGCODE: return OnGetDlgCode();
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

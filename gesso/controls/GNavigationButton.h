@@ -56,4 +56,5 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 };

@@ -10,9 +10,6 @@ using gesso::Frame;
 using gesso::PlainPart;
 using gesso::ThemePart;
 
-using Control = GProgressBar;
-#include <gesso/controls/StyleMembers.inl>
-
 constinit ATOM GProgressBar::s_aClass = 0;
 
 namespace {
@@ -39,10 +36,31 @@ HWND GProgressBar::Create(int x, int y, int cx, int cy, HWND hwndParent, int, DW
                                dwExStyle, dwStyle);
 }
 
+int GProgressBar::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+DWORD GProgressBar::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GProgressBar::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
 void GProgressBar::SetProgress(UINT nProgress)
 {
-    m_nProgress = nProgress;
+    ChangeProgress(nProgress);
     Invalidate(0);
+}
+
+// Every change of the progress goes through here.
+void GProgressBar::ChangeProgress(UINT nProgress)
+{
+    m_nProgress = nProgress;
 }
 
 void GProgressBar::Draw(HDC hdc)
@@ -60,7 +78,7 @@ void GProgressBar::Draw(HDC hdc)
 
 LRESULT GProgressBar::OnCreate(const CREATESTRUCTW*)
 {
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"PROGRESS"));
+    m_hTheme.Open(m_hWnd, L"PROGRESS");
     return 0;
 }
 
@@ -78,17 +96,17 @@ LRESULT GProgressBar::OnEnable(BOOL)
 
 LRESULT CALLBACK GProgressBar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pBar = Frame::ObjectOf<GProgressBar>(hwnd);
-    if (!pBar) {
-        return uMsg == WM_CREATE ? Frame::Attach<GProgressBar>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
+    return Frame::Route<GProgressBar>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GProgressBar::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return pBar->OnDestroy();
-    case WM_ENABLE: return pBar->OnEnable(wParam != 0);
-    case WM_PAINT: return gesso::PaintControl(*pBar, hwnd);
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(*pBar, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_DESTROY: return OnDestroy();
+    case WM_ENABLE: return OnEnable(wParam != 0);
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

@@ -14,8 +14,9 @@ public:
     GProgressBar() = default;
 
     // Makes the window; position and size in pixels in the parent's client area. The style is used as it is:
-    // WS_CHILD is the caller's to give. The id is not passed on: a progress bar's window id is 0, and hosts
-    // rely on it. Returns the window, or null where it could not be made.
+    // WS_CHILD is the caller's to give. Returns the window, or null where it could not be made.
+    // Fixed behaviour: the id is not passed on, so that a progress bar's window id is 0. GetDlgItem would
+    // find a progress bar where it finds another control of that id today.
     virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
                         DWORD dwStyle);
     // DestroyWindow. Returns 0 without a window.
@@ -43,4 +44,6 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void ChangeProgress(UINT nProgress);
 };

@@ -16,6 +16,10 @@
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/ThemeHandle.h>
 
+namespace gesso {
+class ButtonMessages;
+}
+
 class GESSO_API GRadioButton : public GWnd
 {
 public:
@@ -86,6 +90,8 @@ protected:
     int m_cyImage = 0;
 
 private:
+    friend class gesso::ButtonMessages;
     friend class gesso::Frame;
-    LRESULT OnButtonMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void ChangeCheck(int nCheck);
 };

@@ -64,7 +64,7 @@ int GScrollbar::Destroy()
 
 void GScrollbar::InitScrollBar(UINT nTotal)
 {
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"SCROLLBAR"));
+    m_hTheme.Open(m_hWnd, L"SCROLLBAR");
     m_nTotal = nTotal;
     m_nPage = nTotal;
     ResetScroll();
@@ -129,9 +129,10 @@ void GScrollbar::SetScrollPos(UINT nPos)
     HitTest(&m_hitNow);
 }
 
-// How far the thumb stands from the up button. Painting and hit-testing divide and multiply in different
-// orders, so that at some positions they are a pixel apart: hosts know the bar so. With nothing to scroll
-// neither divides.
+// How far the thumb stands from the up button. With nothing to scroll neither divides.
+// Fixed behaviour: painting and hit-testing divide and multiply in different orders, so that at some
+// positions they are a pixel apart. In one order, either the picture or what a press at the thumb's edge does
+// would change.
 
 int GScrollbar::PaintedThumbOffset() const
 {
@@ -269,7 +270,7 @@ void CALLBACK GScrollbar::TimerCallback(HWND, UINT, UINT_PTR, DWORD)
 // What belongs to a window: its press, its pointer and its timer.
 void GScrollbar::ForgetInput()
 {
-    m_dwState = 0;
+    Frame::SetState(*this, 0);
     m_hitDown.wHit = 0;
     m_hitNow.wHit = 0;
     if (s_pScrollingWindow == this) {
@@ -299,7 +300,7 @@ LRESULT GScrollbar::OnNcDestroy(WPARAM wParam, LPARAM lParam)
 {
     ForgetInput();
     Frame::Abandon(*this);
-    return DefWindowProcW(m_hWnd, WM_NCDESTROY, wParam, lParam);
+    return Frame::Default(*this, WM_NCDESTROY, wParam, lParam);
 }
 
 LRESULT GScrollbar::OnSize()
@@ -338,7 +339,7 @@ LRESULT GScrollbar::OnLButtonDown(WPARAM, POINTS pt)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
-    m_dwState |= GWS_SBPRESSED;
+    Frame::AddState(*this, GWS_SBPRESSED);
     Invalidate(0);
     m_hitDown.pt = pt;
     switch (HitTest(&m_hitDown)) {
@@ -363,7 +364,7 @@ LRESULT GScrollbar::OnLButtonUp(WPARAM, POINTS)
         if (!Frame::IsAlive(hwnd, this)) {
             return 0;
         }
-        m_dwState &= ~GWS_SBPRESSED;
+        Frame::ClearState(*this, GWS_SBPRESSED);
     }
     StopTimer();
     if (std::exchange(m_hitDown.wHit, WORD{0})) {
@@ -388,7 +389,7 @@ LRESULT GScrollbar::OnMouseMove(WPARAM, POINTS pt)
 
 LRESULT GScrollbar::OnMouseLeave()
 {
-    m_dwState &= ~GWS_TRACKING;
+    Frame::ClearState(*this, GWS_TRACKING);
     m_hitNow.wHit = 0;
     Invalidate(0);
     return 0;
@@ -396,24 +397,23 @@ LRESULT GScrollbar::OnMouseLeave()
 
 LRESULT CALLBACK GScrollbar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pBar = Frame::ObjectOf<GScrollbar>(hwnd);
-    if (!pBar) {
-        return uMsg == WM_CREATE ? Frame::Attach<GScrollbar>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GScrollbar& bar = *pBar;
+    return Frame::Route<GScrollbar>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GScrollbar::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_NCDESTROY: return bar.OnNcDestroy(wParam, lParam);
-    case WM_SIZE: return bar.OnSize();
-    case WM_SETFOCUS: return bar.OnSetFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KILLFOCUS: return bar.OnKillFocus(reinterpret_cast<HWND>(wParam));
-    case WM_LBUTTONDOWN: return bar.OnLButtonDown(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONUP: return bar.OnLButtonUp(wParam, gesso::PointOf(lParam));
-    case WM_MOUSEMOVE: return bar.OnMouseMove(wParam, gesso::PointOf(lParam));
-    case WM_MOUSELEAVE: return bar.OnMouseLeave();
-    case WM_PAINT: return gesso::PaintControl(bar, hwnd);
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(bar, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_NCDESTROY: return OnNcDestroy(wParam, lParam);
+    case WM_SIZE: return OnSize();
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

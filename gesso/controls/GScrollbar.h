@@ -98,6 +98,7 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     struct Layout;
     Layout LayOut() const;
     int PaintedThumbOffset() const;

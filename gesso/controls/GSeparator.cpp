@@ -51,7 +51,7 @@ void GSeparator::SendDrag(UINT uCode, POINTS pt) const
 // A drag that a former window of this object did not see the end of does not go on in the new one.
 LRESULT GSeparator::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = 0;
+    Frame::SetState(*this, 0);
     return 0;
 }
 
@@ -103,7 +103,7 @@ LRESULT GSeparator::OnMouseLeave()
 LRESULT GSeparator::OnCaptureChanged(HWND hwndNew)
 {
     if (hwndNew != m_hWnd) {
-        m_dwState &= ~(GWS_PRESSED | UNUSED_STATE);
+        Frame::ClearState(*this, GWS_PRESSED | UNUSED_STATE);
     }
     return 0;
 }
@@ -116,23 +116,22 @@ LRESULT GSeparator::OnSetCursor()
 
 LRESULT CALLBACK GSeparator::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pSeparator = Frame::ObjectOf<GSeparator>(hwnd);
-    if (!pSeparator) {
-        return uMsg == WM_CREATE ? Frame::Attach<GSeparator>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GSeparator& separator = *pSeparator;
+    return Frame::Route<GSeparator>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GSeparator::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return separator.OnDestroy();
-    case WM_SETFOCUS: return separator.OnSetFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KILLFOCUS: return separator.OnKillFocus(reinterpret_cast<HWND>(wParam));
-    case WM_LBUTTONDOWN: return separator.OnLButtonDown(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONUP: return separator.OnLButtonUp(wParam, gesso::PointOf(lParam));
-    case WM_MOUSEMOVE: return separator.OnMouseMove(wParam, gesso::PointOf(lParam));
-    case WM_MOUSELEAVE: return separator.OnMouseLeave();
-    case WM_CAPTURECHANGED: return separator.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-    case WM_SETCURSOR: return separator.OnSetCursor();
-    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(separator, wParam, lParam);
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_DESTROY: return OnDestroy();
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    case WM_SETCURSOR: return OnSetCursor();
+    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(*this, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

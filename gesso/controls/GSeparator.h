@@ -56,5 +56,6 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void SendDrag(UINT uCode, POINTS pt) const;
 };

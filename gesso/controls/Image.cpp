@@ -13,6 +13,19 @@ bool MeasureObject(HBITMAP hBitmap, SIZE* pSize)
     return true;
 }
 
+HANDLE Replace(GWnd& wnd, ImageKind kind, HANDLE hNew, const ImageFields& fields)
+{
+    const HANDLE hFormer = fields.hImage;
+    fields.hImage = hNew;
+    SIZE size{};
+    if (MeasureImage(kind, hNew, &size)) {
+        fields.cxImage = size.cx;
+        fields.cyImage = size.cy;
+    }
+    wnd.Invalidate(0);
+    return hFormer;
+}
+
 } // namespace
 
 ImageKind ImageKindOf(DWORD dwStyle)
@@ -59,16 +72,14 @@ void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int
     DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, x, y, cx, cy, uKind | uState);
 }
 
-HANDLE ReplaceImage(ImageKind kind, HANDLE hNew, HANDLE& hImage, int& cxImage, int& cyImage)
+HICON ReplaceIcon(GWnd& wnd, HICON hIcon, const ImageFields& fields)
 {
-    const HANDLE hFormer = hImage;
-    hImage = hNew;
-    SIZE size{};
-    if (MeasureImage(kind, hNew, &size)) {
-        cxImage = size.cx;
-        cyImage = size.cy;
-    }
-    return hFormer;
+    return static_cast<HICON>(Replace(wnd, ImageKind::Icon, hIcon, fields));
+}
+
+HBITMAP ReplaceBitmap(GWnd& wnd, HBITMAP hBitmap, const ImageFields& fields)
+{
+    return static_cast<HBITMAP>(Replace(wnd, ImageKind::Bitmap, hBitmap, fields));
 }
 
 } // namespace gesso

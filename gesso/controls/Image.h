@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/controls/ControlStyles.h>
+#include <gesso/framework/GWnd.h>
 
 namespace gesso {
 
@@ -24,8 +25,17 @@ bool MeasureImage(ImageKind kind, HANDLE hImage, SIZE* pSize);
 // DrawStateW at a place and with a size that the control works out; greyed for a disabled window.
 void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int cy, DWORD dwStyle);
 
-// SetIcon and SetBitmap of all controls: stores the host's handle and, where it can be measured, its size in
-// pixels. Returns the former handle.
-HANDLE ReplaceImage(ImageKind kind, HANDLE hNew, HANDLE& hImage, int& cxImage, int& cyImage);
+// Where a control holds its image.
+struct ImageFields
+{
+    HANDLE& hImage;
+    int& cxImage;
+    int& cyImage;
+};
+
+// SetIcon and SetBitmap of all controls: store the host's handle and, where it can be measured, its size in
+// pixels, and repaint. Return the former handle.
+HICON ReplaceIcon(GWnd& wnd, HICON hIcon, const ImageFields& fields);
+HBITMAP ReplaceBitmap(GWnd& wnd, HBITMAP hBitmap, const ImageFields& fields);
 
 } // namespace gesso

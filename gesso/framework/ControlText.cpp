@@ -1,5 +1,6 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/framework/ControlText.h>
+#include <gesso/framework/GWnd.h>
 
 #include <algorithm>
 
@@ -29,6 +30,13 @@ LPWSTR CopyText(LPCWSTR psz)
 LPWSTR CopyTextOrNone(LPCWSTR psz)
 {
     return psz ? CopyText(psz) : nullptr;
+}
+
+int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz)
+{
+    text.Reset(CopyText(psz));
+    wnd.Invalidate(0);
+    return 1;
 }
 
 LPWSTR CopyCreationText(const void* pCreateData)

@@ -6,6 +6,8 @@
 #include <climits>
 #include <memory>
 
+class GWnd;
+
 namespace gesso {
 
 GESSO_API void FreeText(LPWSTR psz) noexcept;
@@ -27,6 +29,9 @@ private:
 LPWSTR CopyText(LPCWSTR psz);
 // The same, but null for a null pointer.
 LPWSTR CopyTextOrNone(LPCWSTR psz);
+
+// SetText of all controls: holds a copy of the text, and repaints. Returns 1.
+int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz);
 
 // A fresh heap copy of the text in a dialog template's creation data: a first word, which is skipped, and a
 // terminated text. Without creation data, the empty text.
