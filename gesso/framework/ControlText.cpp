@@ -3,6 +3,7 @@
 #include <gesso/framework/GWnd.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace gesso {
 namespace {
@@ -16,6 +17,68 @@ LPWSTR CopyCharacters(LPCWSTR psz, size_t nLength)
 }
 
 } // namespace
+
+// How many copies share a text, and the text.
+// Fixed behaviour: the order of the virtual functions and of the counts is that of the C++ library's own
+// shared pointer, which stood in ControlText's place. Hosts that were compiled against that release their
+// copies by code of their own, and would crash over a block of another shape.
+class TextCount
+{
+public:
+    explicit TextCount(LPWSTR psz) : m_psz(psz) {}
+    TextCount(const TextCount&) = delete;
+    TextCount& operator=(const TextCount&) = delete;
+    virtual ~TextCount() = default;
+    // Nobody shares the text any more.
+    virtual void FreeShared() noexcept { FreeText(m_psz); }
+    // And nobody watches over it.
+    virtual void DeleteCount() noexcept { delete this; }
+
+    void AddSharer() { InterlockedIncrement(&m_nSharers); }
+    void RemoveSharer()
+    {
+        if (InterlockedDecrement(&m_nSharers) == 0) {
+            FreeShared();
+            DeleteCount();
+        }
+    }
+
+private:
+    LONG m_nSharers = 1;
+    [[maybe_unused]] LONG m_nWatchers = 1;
+    LPWSTR m_psz;
+};
+
+ControlText::ControlText(const ControlText& other) noexcept : m_psz(other.m_psz), m_pCount(other.m_pCount)
+{
+    if (m_pCount) {
+        m_pCount->AddSharer();
+    }
+}
+
+ControlText& ControlText::operator=(const ControlText& other) noexcept
+{
+    ControlText copy(other);
+    std::swap(m_psz, copy.m_psz);
+    std::swap(m_pCount, copy.m_pCount);
+    return *this;
+}
+
+ControlText::~ControlText()
+{
+    if (m_pCount) {
+        m_pCount->RemoveSharer();
+    }
+}
+
+void ControlText::Reset(LPWSTR psz)
+{
+    TextCount* pFormer = std::exchange(m_pCount, psz ? new TextCount(psz) : nullptr);
+    m_psz = psz;
+    if (pFormer) {
+        pFormer->RemoveSharer();
+    }
+}
 
 void FreeText(LPWSTR psz) noexcept
 {

@@ -4,7 +4,6 @@
 #include <gesso/api.h>
 
 #include <climits>
-#include <memory>
 
 class GWnd;
 
@@ -12,18 +11,28 @@ namespace gesso {
 
 GESSO_API void FreeText(LPWSTR psz) noexcept;
 
+class TextCount;
+
 // A heap block of exactly the text and its terminator, in characters of 16 bits; or none. Copies of a control
-// share it, and it stays until the last of them lets it go, so that a copy may outlive its original.
-class ControlText
+// share it, and it stays until the last of them lets it go, so that a copy may outlive its original. The
+// copies may go on different threads.
+class GESSO_API ControlText
 {
 public:
+    constexpr ControlText() noexcept = default;
+    ControlText(const ControlText& other) noexcept;
+    ControlText& operator=(const ControlText& other) noexcept;
+    ~ControlText();
+
     // Takes a text of CopyText, and then lets the former one go.
-    void Reset(LPWSTR psz = nullptr) { psz ? m_pText.reset(psz, FreeText) : m_pText.reset(); }
-    operator LPWSTR() const noexcept { return m_pText.get(); }
+    void Reset(LPWSTR psz = nullptr);
+    operator LPWSTR() const noexcept { return m_psz; }
 
 private:
-    std::shared_ptr<wchar_t> m_pText;
+    LPWSTR m_psz = nullptr;
+    TextCount* m_pCount = nullptr; // null without a text
 };
+static_assert(sizeof(ControlText) == 2 * sizeof(void*), "what follows it in a control keeps its place");
 
 // A fresh heap copy of a text; of the empty text for a null pointer.
 LPWSTR CopyText(LPCWSTR psz);
