@@ -1,11 +1,11 @@
-#include <gesso/framework/PartPictures.h>
 #include <gesso/framework/ThemeHandle.h>
+#include <gesso/framework/ThemePartCache.h>
 
 namespace gesso {
 
 void CloseTheme(HTHEME hTheme) noexcept
 {
-    ForgetPartPictures(hTheme);
+    DropCachedParts(hTheme);
     CloseThemeData(hTheme);
 }
 

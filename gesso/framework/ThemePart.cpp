@@ -1,8 +1,8 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/PartPictures.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/ThemePartCache.h>
 
 namespace gesso {
 namespace {
@@ -69,7 +69,7 @@ int LengthOf(LPCWSTR psz)
 
 void ThemePart::DrawBackground(const RECT& rc) const
 {
-    if (!DrawPartPicture(m_hTheme, m_hdc, m_nPart, m_nState, rc) &&
+    if (!DrawCachedPart(m_hTheme, m_hdc, m_nPart, m_nState, rc) &&
         FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rc, nullptr)))
     {
         DrawPlainBackground(rc);

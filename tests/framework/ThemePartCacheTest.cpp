@@ -1,5 +1,6 @@
-// Theme parts look the same from the first time that they are drawn to the later times, when their pictures
-// are copied. The simulated desktop keeps no pixels, so that it is the platform's own theme that tells here.
+// Theme parts look the same from the first time that they are drawn to the later times, when they are
+// copied from the cache. The simulated desktop keeps no pixels, so that it is the platform's own theme that
+// tells here.
 
 #include "../support/Host.h"
 
@@ -32,7 +33,7 @@ std::vector<DWORD> Printed(HWND hwnd)
     return pixels;
 }
 
-TEST(PartPictures, LookAsThePartsThatTheyStandFor)
+TEST(ThemePartCache, CopiesLookAsThePartsThatTheyStandFor)
 {
     Host host;
     GList list;

@@ -1,4 +1,4 @@
-// The pictures that stand for theme parts: which parts have one, and that each is copied in its own place.
+// The cache of theme parts: which parts it takes, and that each is copied in its own place.
 
 #include "../controls/DrawFixture.h"
 
@@ -13,7 +13,7 @@ constexpr int HEADER_PART = HP_HEADERITEM;
 constexpr const char* DRAWN = "DrawThemeBackground HEADER 1 1 (10,5,60,25)";
 constexpr const char* COPIED = "SetDIBitsToDevice (10,5,60,25) 0x0101";
 
-class PartPicturesTest : public DrawFixture
+class ThemePartCacheTest : public DrawFixture
 {
 protected:
     void SetUp() override
@@ -46,7 +46,7 @@ protected:
     gesso::ThemeHandle m_theme;
 };
 
-TEST_F(PartPicturesTest, ImageIsCopiedFromTheSecondTimeOnInItsStateAndSize)
+TEST_F(ThemePartCacheTest, ImageIsCopiedFromTheSecondTimeOnInItsStateAndSize)
 {
     EXPECT_EQ(Draw(), DRAWN);
     EXPECT_EQ(Draw(), COPIED);
@@ -56,7 +56,7 @@ TEST_F(PartPicturesTest, ImageIsCopiedFromTheSecondTimeOnInItsStateAndSize)
     EXPECT_EQ(Draw(1, {20, 30, 70, 50}), "SetDIBitsToDevice (20,30,70,50) 0x0101");
 }
 
-TEST_F(PartPicturesTest, WhatShowsThroughOrIsNoImageOrCannotBeReadIsDrawn)
+TEST_F(ThemePartCacheTest, WhatShowsThroughOrIsNoImageOrCannotBeReadIsDrawn)
 {
     desk::SetThemeInt("HEADER", HEADER_PART, 2, TMT_TRANSPARENT, TRUE);
     desk::SetThemeInt("HEADER", HEADER_PART, 3, TMT_BGTYPE, BT_BORDERFILL);
@@ -68,7 +68,7 @@ TEST_F(PartPicturesTest, WhatShowsThroughOrIsNoImageOrCannotBeReadIsDrawn)
     }
 }
 
-TEST_F(PartPicturesTest, CopyThatFailsIsDrawn)
+TEST_F(ThemePartCacheTest, CopyThatFailsIsDrawn)
 {
     Draw();
     desk::Fail("SetDIBitsToDevice");
@@ -76,7 +76,7 @@ TEST_F(PartPicturesTest, CopyThatFailsIsDrawn)
     EXPECT_EQ(Draw(), COPIED);
 }
 
-TEST_F(PartPicturesTest, PictureGoesWithItsThemeHandle)
+TEST_F(ThemePartCacheTest, EntryGoesWithItsThemeHandle)
 {
     Draw();
     EXPECT_EQ(Draw(), COPIED);
@@ -88,9 +88,9 @@ TEST_F(PartPicturesTest, PictureGoesWithItsThemeHandle)
     EXPECT_EQ(Draw(), DRAWN);
 }
 
-TEST_F(PartPicturesTest, ThoseOfLongAgoMakeRoomForOthers)
+TEST_F(ThemePartCacheTest, ThoseOfLongAgoMakeRoomForOthers)
 {
-    constexpr int LARGE = 1000; // a million pixels: one such picture is all there is room for
+    constexpr int LARGE = 1000; // a million pixels: one such part is all there is room for
     Draw();
     Draw(1, {0, 0, LARGE, LARGE});
     EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,1000,1000) 0x0101");
