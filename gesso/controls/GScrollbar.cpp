@@ -1,8 +1,10 @@
 #include <gesso/controls/GScrollbar.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/SystemTime.h>
-#include <gesso/framework/ThemePart.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/framework/Press.h>
+#include <gesso/framework/ScrollBarLook.h>
+#include <gesso/framework/ScrollRepeat.h>
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
@@ -10,8 +12,6 @@
 #include <utility>
 
 using gesso::Frame;
-using gesso::PlainPart;
-using gesso::ThemePart;
 
 constinit ATOM GScrollbar::s_aClass = 0;
 constinit ULONGLONG GScrollbar::s_ullTimerTime = 0;
@@ -20,15 +20,20 @@ constinit GScrollbar* GScrollbar::s_pScrollingWindow = nullptr;
 
 namespace {
 
-// Fixed numbers: this bar follows neither the system's metrics nor the keyboard's repeat settings.
-constexpr int BUTTON = 17; // the extent of a button, and the width of the bar
-constexpr int SMALLEST_THUMB = 22;
+// This bar follows neither the system's metrics nor the keyboard's repeat settings.
 constexpr UINT REPEAT_MILLISECONDS = 100;
 constexpr ULONGLONG DELAY_TICKS = 500 * gesso::TICKS_PER_MILLISECOND;
 
 int Truncate(double n)
 {
     return static_cast<int>(std::clamp(n, double{INT_MIN}, double{INT_MAX}));
+}
+
+constexpr const gesso::BarTraits& TRAITS = gesso::BARS[SB_VERT];
+
+int ButtonExtent(HWND hwnd)
+{
+    return gesso::Pixels(hwnd, gesso::Metrics::SCROLLBAR_BUTTON);
 }
 
 int ClientHeight(HWND hwnd)
@@ -81,14 +86,11 @@ void GScrollbar::ScrSetTotalHeight(UINT nTotal)
     m_nTotal = nTotal;
     m_nPage = static_cast<UINT>(nHeight);
     m_nFiveSixths = 5 * nHeight / 6;
-    m_nTrack = nHeight - 2 * BUTTON;
+    m_nTrack = nHeight - 2 * ButtonExtent(m_hWnd);
     // Before there is a total the track is whole.
-    m_nThumb = nTotal ? Truncate(static_cast<double>(nHeight) / nTotal * m_nTrack) : SMALLEST_THUMB;
-    if (m_nThumb < SMALLEST_THUMB) {
-        // The track gives back what the thumb takes.
-        m_nTrack += m_nThumb - SMALLEST_THUMB;
-        m_nThumb = SMALLEST_THUMB;
-    }
+    const int nSmallest = gesso::Pixels(m_hWnd, gesso::Metrics::SCROLLBAR_SMALLEST_THUMB);
+    m_nThumb = nTotal ? Truncate(static_cast<double>(nHeight) / nTotal * m_nTrack) : nSmallest;
+    gesso::EnlargeThumb(nSmallest, &m_nTrack, &m_nThumb);
 }
 
 UINT GScrollbar::ScrGetPageSize() const
@@ -98,7 +100,7 @@ UINT GScrollbar::ScrGetPageSize() const
 
 void GScrollbar::ResetScroll()
 {
-    m_nPos = 0;
+    ChangePos(0);
     m_nInit20 = 20;
     m_nInit45 = 45;
 }
@@ -113,6 +115,12 @@ UINT GScrollbar::LastPos() const
     return m_nTotal > m_nPage ? m_nTotal - m_nPage : 0;
 }
 
+// Every change of the position goes through here.
+void GScrollbar::ChangePos(UINT nPos)
+{
+    m_nPos = nPos;
+}
+
 UINT GScrollbar::GetScrollPos() const
 {
     return m_nPos;
@@ -120,7 +128,7 @@ UINT GScrollbar::GetScrollPos() const
 
 void GScrollbar::SetScrollPos(UINT nPos)
 {
-    m_nPos = static_cast<int>(nPos) < 0 ? 0 : std::min(nPos, LastPos());
+    ChangePos(static_cast<int>(nPos) < 0 ? 0 : std::min(nPos, LastPos()));
     // The thumb has moved under the pointer.
     const DWORD dwPos = GetMessagePos();
     POINT pt{GET_X_LPARAM(dwPos), GET_Y_LPARAM(dwPos)};
@@ -144,85 +152,28 @@ int GScrollbar::HitThumbOffset() const
     return m_nTotal ? Truncate(static_cast<double>(m_nTrack) / m_nTotal * m_nPos) : 0;
 }
 
-// The rectangles that are painted.
-struct GScrollbar::Layout
+gesso::BarStops GScrollbar::StopsAt(int nThumbOffset) const
 {
-    RECT rcTrack, rcUp, rcDown, rcThumb;
-};
-
-GScrollbar::Layout GScrollbar::LayOut() const
-{
-    RECT rc{};
-    GetClientRect(m_hWnd, &rc);
-    const auto stretch = [&](int nTop, int nBottom) {
-        return RECT{rc.right - BUTTON, nTop, rc.right, nBottom};
-    };
-    const int nThumb = rc.top + BUTTON + PaintedThumbOffset();
-    return {stretch(rc.top + BUTTON, rc.bottom - BUTTON), stretch(rc.top, rc.top + BUTTON),
-            stretch(rc.bottom - BUTTON, rc.bottom), stretch(nThumb, nThumb + m_nThumb)};
+    const int nButton = ButtonExtent(m_hWnd);
+    return {ClientHeight(m_hWnd), nButton, nButton + nThumbOffset, m_nThumb};
 }
 
-// The whole width of the client area counts, and the edges of the area and of the thumb belong to them.
+// The whole width of the client area counts, and its edges belong to it.
 WORD GScrollbar::HitTest(HitTestInfo* pInfo) const
 {
-    RECT rc{};
-    GetClientRect(m_hWnd, &rc);
-    const POINTS pt = pInfo->pt;
-    const int nThumb = rc.top + BUTTON + HitThumbOffset();
-    const auto part = [&]() -> WORD {
-        if (pt.x < 0 || pt.x > rc.right || pt.y < 0 || pt.y > rc.bottom) {
-            return 0;
-        }
-        if (pt.y < BUTTON) {
-            return SBH_UP;
-        }
-        if (pt.y > rc.bottom - BUTTON) {
-            return SBH_DOWN;
-        }
-        if (pt.y < nThumb) {
-            return SBH_ABOVE;
-        }
-        return pt.y > nThumb + m_nThumb ? SBH_BELOW : SBH_VTHUMB;
-    };
-    return pInfo->wHit = part();
-}
-
-// An idle bar draws its arrows as disabled; they come up when the pointer enters the bar.
-int GScrollbar::ArrowState(WORD wArrow, int nNormal) const
-{
-    constexpr int HOT = 1;
-    constexpr int PRESSED = 2;
-    constexpr int DISABLED = 3;
-    const WORD wDown = m_hitDown.wHit;
-    const WORD wNow = m_hitNow.wHit;
-    if (!wDown && !wNow) {
-        return nNormal + DISABLED;
-    }
-    if (wDown == wArrow) {
-        return nNormal + (wNow == wArrow ? PRESSED : HOT);
-    }
-    return !wDown && wNow == wArrow ? nNormal + HOT : nNormal;
-}
-
-int GScrollbar::ThumbState() const
-{
-    if (m_hitDown.wHit == SBH_VTHUMB) {
-        return SCRBS_PRESSED;
-    }
-    return m_hitNow.wHit == SBH_VTHUMB && !m_hitDown.wHit ? SCRBS_HOT : SCRBS_NORMAL;
+    pInfo->wHit = gesso::HitTestClient(m_hWnd, pInfo->pt)
+                      ? gesso::PartAt(TRAITS, StopsAt(HitThumbOffset()), pInfo->pt.y)
+                      : WORD{0};
+    return pInfo->wHit;
 }
 
 void GScrollbar::Draw(HDC hdc)
 {
-    const Layout layout = LayOut();
-    const auto draw = [&](int nPart, int nState, PlainPart plain, const RECT& rc) {
-        ThemePart(m_hTheme, hdc, nPart, nState, plain).DrawBackground(rc);
-    };
-    draw(SBP_UPPERTRACKVERT, SCRBS_NORMAL, PlainPart::ScrollTrack, layout.rcTrack);
-    draw(SBP_ARROWBTN, ArrowState(SBH_UP, ABS_UPNORMAL), PlainPart::ScrollArrow, layout.rcUp);
-    draw(SBP_ARROWBTN, ArrowState(SBH_DOWN, ABS_DOWNNORMAL), PlainPart::ScrollArrow, layout.rcDown);
-    draw(SBP_THUMBBTNVERT, ThumbState(), PlainPart::ScrollThumb, layout.rcThumb);
-    draw(SBP_GRIPPERVERT, ThumbState(), PlainPart::ScrollGripper, layout.rcThumb);
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    rc.left = rc.right - ButtonExtent(m_hWnd);
+    gesso::DrawBarParts(hdc, m_hTheme, TRAITS, gesso::LayOutBar(TRAITS, rc, StopsAt(PaintedThumbOffset())),
+                        gesso::StatesOf(TRAITS, {m_hitDown.wHit, m_hitNow.wHit}, 0, false));
 }
 
 void GScrollbar::SendScroll(WORD wCode, WORD wPos) const
@@ -232,29 +183,15 @@ void GScrollbar::SendScroll(WORD wCode, WORD wPos) const
 
 void GScrollbar::SendPress() const
 {
-    switch (m_hitDown.wHit) {
-    case SBH_UP: SendScroll(SB_LINEUP); break;
-    case SBH_DOWN: SendScroll(SB_LINEDOWN); break;
-    case SBH_ABOVE: SendScroll(SB_PAGEUP); break;
-    case SBH_BELOW: SendScroll(SB_PAGEDOWN); break;
-    default: break;
+    const WORD wCode = gesso::RuleOf(TRAITS, m_hitDown.wHit).wScrollCode;
+    if (wCode != gesso::NO_SCROLL_CODE) {
+        SendScroll(wCode);
     }
 }
 
-void GScrollbar::StartTimer()
+gesso::ScrollRepeat<GScrollbar> GScrollbar::Repeat()
 {
-    StopTimer();
-    s_pScrollingWindow = this;
-    s_dwTimer = SetTimer(nullptr, 0, REPEAT_MILLISECONDS, TimerCallback);
-    s_ullTimerTime = gesso::SystemTicks();
-}
-
-void GScrollbar::StopTimer()
-{
-    if (s_dwTimer) {
-        KillTimer(nullptr, s_dwTimer);
-        s_dwTimer = 0;
-    }
+    return {s_pScrollingWindow, s_dwTimer, s_ullTimerTime};
 }
 
 void CALLBACK GScrollbar::TimerCallback(HWND, UINT, UINT_PTR, DWORD)
@@ -273,10 +210,7 @@ void GScrollbar::ForgetInput()
     Frame::SetState(*this, 0);
     m_hitDown.wHit = 0;
     m_hitNow.wHit = 0;
-    if (s_pScrollingWindow == this) {
-        StopTimer();
-        s_pScrollingWindow = nullptr;
-    }
+    Repeat().Forget(*this);
 }
 
 void GScrollbar::Drag(int y)
@@ -290,7 +224,7 @@ void GScrollbar::Drag(int y)
 LRESULT GScrollbar::OnCreate(const CREATESTRUCTW* pcs)
 {
     ForgetInput();
-    m_nTrack = pcs->cy - 2 * BUTTON;
+    m_nTrack = pcs->cy - 2 * ButtonExtent(m_hWnd);
     return 0;
 }
 
@@ -349,7 +283,7 @@ LRESULT GScrollbar::OnLButtonDown(WPARAM, POINTS pt)
         m_nDragY = pt.y;
         break;
     default:
-        StartTimer();
+        Repeat().Start(*this, REPEAT_MILLISECONDS, gesso::SystemTicks(), TimerCallback);
         SendPress();
         break;
     }
@@ -366,7 +300,7 @@ LRESULT GScrollbar::OnLButtonUp(WPARAM, POINTS)
         }
         Frame::ClearState(*this, GWS_SBPRESSED);
     }
-    StopTimer();
+    Repeat().Stop();
     if (std::exchange(m_hitDown.wHit, WORD{0})) {
         Invalidate(0);
     }

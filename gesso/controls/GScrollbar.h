@@ -18,6 +18,10 @@
 
 #include <gesso/framework/GWndScroll.h>
 
+namespace gesso {
+struct BarStops;
+}
+
 constexpr DWORD GWS_SBPRESSED = 0x100; // a press in the bar holds the capture
 
 class GESSO_API GScrollbar : public GWnd
@@ -99,15 +103,12 @@ protected:
 private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
-    struct Layout;
-    Layout LayOut() const;
     int PaintedThumbOffset() const;
     int HitThumbOffset() const;
-    int ArrowState(WORD wArrow, int nNormal) const;
-    int ThumbState() const;
+    gesso::BarStops StopsAt(int nThumbOffset) const;
     UINT LastPos() const;
-    void StartTimer();
-    static void StopTimer();
+    static gesso::ScrollRepeat<GScrollbar> Repeat();
+    void ChangePos(UINT nPos);
     void ForgetInput();
     void SendPress() const;
     void SendScroll(WORD wCode, WORD wPos = 0) const;

@@ -1,17 +1,32 @@
 #include <gesso/framework/BufferedPaint.h>
 
 namespace gesso {
+namespace {
 
-BufferedPaint::BufferedPaint(HWND hwnd) : m_hWnd(hwnd)
+PAINTSTRUCT Begin(HWND hwnd)
 {
-    BeginPaint(m_hWnd, &m_paint);
-    GetClientRect(m_hWnd, &m_rcClient);
-    m_surface.emplace(m_paint.hdc, SIZE{m_rcClient.right, m_rcClient.bottom});
+    PAINTSTRUCT paint{};
+    BeginPaint(hwnd, &paint);
+    return paint;
 }
+
+RECT ClientOf(HWND hwnd)
+{
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    return rc;
+}
+
+} // namespace
+
+BufferedPaint::BufferedPaint(HWND hwnd)
+    : m_hWnd(hwnd), m_paint(Begin(hwnd)), m_rcClient(ClientOf(hwnd)),
+      m_surface(m_paint.hdc, {m_rcClient.right, m_rcClient.bottom})
+{}
 
 BufferedPaint::~BufferedPaint()
 {
-    BitBlt(m_paint.hdc, 0, 0, m_rcClient.right, m_rcClient.bottom, m_surface->Context(), 0, 0, SRCCOPY);
+    BitBlt(m_paint.hdc, 0, 0, m_rcClient.right, m_rcClient.bottom, m_surface.Context(), 0, 0, SRCCOPY);
     EndPaint(m_hWnd, &m_paint);
 }
 

@@ -4,8 +4,6 @@
 
 #include <gesso/framework/OffscreenSurface.h>
 
-#include <optional>
-
 namespace gesso {
 
 class BufferedPaint
@@ -17,13 +15,13 @@ public:
     BufferedPaint& operator=(const BufferedPaint&) = delete;
 
     // What to draw into, in client coordinates.
-    HDC Context() const { return m_surface->Context(); }
+    HDC Context() const { return m_surface.Context(); }
 
 private:
     HWND m_hWnd;
     PAINTSTRUCT m_paint;
     RECT m_rcClient;
-    std::optional<OffscreenSurface> m_surface;
+    OffscreenSurface m_surface;
 };
 
 // WM_PAINT of a control with a Draw(HDC).

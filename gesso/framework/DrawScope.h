@@ -5,11 +5,11 @@
 
 namespace gesso {
 
-// A memory context like the screen.
+// A memory context like another; like the screen for a null one.
 class MemoryContext
 {
 public:
-    MemoryContext() : m_hdc(CreateCompatibleDC(nullptr)) {}
+    explicit MemoryContext(HDC hdcLike = nullptr) : m_hdc(CreateCompatibleDC(hdcLike)) {}
     ~MemoryContext() { DeleteDC(m_hdc); }
     MemoryContext(const MemoryContext&) = delete;
     MemoryContext& operator=(const MemoryContext&) = delete;
@@ -32,6 +32,40 @@ public:
 private:
     HWND m_hWnd;
     HDC m_hdc;
+};
+
+// The context of a window's whole rectangle, its frame included.
+class FrameContext
+{
+public:
+    explicit FrameContext(HWND hwnd) : m_hWnd(hwnd), m_hdc(GetWindowDC(hwnd)) {}
+    ~FrameContext() { ReleaseDC(m_hWnd, m_hdc); }
+    FrameContext(const FrameContext&) = delete;
+    FrameContext& operator=(const FrameContext&) = delete;
+    operator HDC() const { return m_hdc; }
+
+private:
+    HWND m_hWnd;
+    HDC m_hdc;
+};
+
+// A bitmap that goes with its scope. One that is selected is let go first: the SelectScope comes behind it.
+class BitmapScope
+{
+public:
+    explicit BitmapScope(HBITMAP hBitmap) : m_hBitmap(hBitmap) {}
+    ~BitmapScope()
+    {
+        if (m_hBitmap) {
+            DeleteObject(m_hBitmap);
+        }
+    }
+    BitmapScope(const BitmapScope&) = delete;
+    BitmapScope& operator=(const BitmapScope&) = delete;
+    operator HBITMAP() const { return m_hBitmap; }
+
+private:
+    HBITMAP m_hBitmap;
 };
 
 // Selects an object; a null one selects nothing.

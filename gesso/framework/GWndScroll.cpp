@@ -5,6 +5,7 @@
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
+#include <gesso/framework/ScrollRepeat.h>
 
 #include <utility>
 
@@ -35,36 +36,6 @@ SCROLLINFO FirstScrollInfo()
     return si;
 }
 
-void LimitPage(SCROLLINFO& si, UINT nPage)
-{
-    const int nRange = gesso::RangeOf(si);
-    si.nPage = static_cast<int>(nPage) < nRange ? nPage : static_cast<UINT>(nRange);
-    si.nPos = gesso::ClampPos(si, si.nPos);
-}
-
-void Update(SCROLLINFO& si, DWORD& dwFlags, const SCROLLINFO& siNew)
-{
-    if (siNew.fMask & SIF_RANGE) {
-        si.nMin = siNew.nMin;
-        si.nMax = siNew.nMax;
-        LimitPage(si, si.nPage);
-    }
-    if (siNew.fMask & SIF_PAGE) {
-        LimitPage(si, siNew.nPage);
-    }
-    if (siNew.fMask & SIF_POS) {
-        si.nPos = gesso::ClampPos(si, siNew.nPos);
-    }
-    // Fixed behaviour: the limits above keep the page within the range, so that setting a range or a page
-    // shows the bar. A control that hides it by ShowScrollBar, and sets a range again to show it, would lose
-    // it.
-    if (static_cast<int>(si.nPage) > gesso::RangeOf(si)) {
-        dwFlags |= siNew.fMask & SIF_DISABLENOSCROLL ? GSB_DISABLED : GSB_HIDDEN;
-    } else {
-        dwFlags &= ~(GSB_DISABLED | GSB_HIDDEN);
-    }
-}
-
 void ReadKeyboardRepeat(DWORD* pdwDelay, DWORD* pdwSpeed)
 {
     int nDelay = 0;
@@ -89,12 +60,55 @@ GWndScroll::Bar GWndScroll::BarOf(int nBar)
     return nBar == SB_VERT ? Bar{m_siV, m_dwVStyle} : Bar{m_siH, m_dwHStyle};
 }
 
+const RECT& GWndScroll::RectOf(int nBar) const
+{
+    return nBar == SB_VERT ? m_rcVScroll : m_rcHScroll;
+}
+
 // --- Range, page and position
+
+// Every change of a position goes through here. Limits it to the range.
+void GWndScroll::ChangePos(int nBar, int nPos)
+{
+    SCROLLINFO& si = BarOf(nBar).si;
+    si.nPos = gesso::ClampPos(si, nPos);
+}
+
+void GWndScroll::LimitPage(int nBar, UINT nPage)
+{
+    SCROLLINFO& si = BarOf(nBar).si;
+    const int nRange = gesso::RangeOf(si);
+    si.nPage = static_cast<int>(nPage) < nRange ? nPage : static_cast<UINT>(nRange);
+    ChangePos(nBar, si.nPos);
+}
+
+void GWndScroll::Update(int nBar, const SCROLLINFO& siNew)
+{
+    const Bar bar = BarOf(nBar);
+    if (siNew.fMask & SIF_RANGE) {
+        bar.si.nMin = siNew.nMin;
+        bar.si.nMax = siNew.nMax;
+        LimitPage(nBar, bar.si.nPage);
+    }
+    if (siNew.fMask & SIF_PAGE) {
+        LimitPage(nBar, siNew.nPage);
+    }
+    if (siNew.fMask & SIF_POS) {
+        ChangePos(nBar, siNew.nPos);
+    }
+    // Fixed behaviour: the limits above keep the page within the range, so that setting a range or a page
+    // shows the bar. A control that hides it by ShowScrollBar, and sets a range again to show it, would lose
+    // it.
+    if (static_cast<int>(bar.si.nPage) > gesso::RangeOf(bar.si)) {
+        bar.dwFlags |= siNew.fMask & SIF_DISABLENOSCROLL ? GSB_DISABLED : GSB_HIDDEN;
+    } else {
+        bar.dwFlags &= ~(GSB_DISABLED | GSB_HIDDEN);
+    }
+}
 
 void GWndScroll::SetScrollInfo(int nBar, const SCROLLINFO* psi)
 {
-    const Bar bar = BarOf(nBar);
-    Update(bar.si, bar.dwFlags, *psi);
+    Update(nBar, *psi);
     // The platform may show or hide its bar, which changes the window's style and comes back as
     // WM_NCCALCSIZE and WM_NCPAINT: in the corner between two bars the parent draws, and may destroy the
     // control.
@@ -151,14 +165,13 @@ int GWndScroll::SetScrollPos(int nBar, int nPos, int bRedraw)
     if (!IsBar(nBar)) {
         return NO_SUCH_BAR;
     }
-    SCROLLINFO& si = BarOf(nBar).si;
-    si.nPos = gesso::ClampPos(si, nPos);
+    ChangePos(nBar, nPos);
     // The platform gets the position as it came.
     ::SetScrollPos(m_hWnd, nBar, nPos, FALSE);
     if (bRedraw) {
         DrawScrollBar(nBar);
     }
-    return si.nPos;
+    return GetScrollPos(nBar);
 }
 
 int GWndScroll::GetScrollInfo(int nBar, SCROLLINFO* psi) const
@@ -272,10 +285,7 @@ LRESULT GWndScroll::OnNcCreate(const CREATESTRUCTW* pcs)
 
 LRESULT GWndScroll::OnNcDestroy()
 {
-    if (s_pScrollingWindow == this) {
-        StopTimer();
-        s_pScrollingWindow = nullptr;
-    }
+    Repeat().Forget(*this);
     m_hThemeScroll.Reset();
     return 0;
 }

@@ -53,7 +53,8 @@ struct ScrollBarHitTestInfo
 
 namespace gesso {
 struct BarTraits;
-}
+template <class BAR> struct ScrollRepeat;
+} // namespace gesso
 
 class GESSO_API GWndScroll : public GWnd
 {
@@ -145,17 +146,19 @@ private:
         DWORD& dwFlags;
     };
     Bar BarOf(int nBar);
+    const RECT& RectOf(int nBar) const;
     int BarOfHit(WORD wHit) const;
     bool Shows(const gesso::BarTraits& traits, DWORD dwFlags) const;
+    void ChangePos(int nBar, int nPos);
+    void LimitPage(int nBar, UINT nPage);
+    void Update(int nBar, const SCROLLINFO& siNew);
     void DrawBar(HDC hdc, int nBar);
     void DrawBarNow(HDC hdcWindow, HDC hdcMemory, int nBar);
     void DrawBarOfHit(WORD wHit);
     void Redraw(bool fFlagsChanged, int nBar);
-    WORD HitTestBar(const gesso::BarTraits& traits, const RECT& rc, DWORD dwFlags, POINT pt) const;
-    int ThumbState(int nBar) const;
-    int ArrowState(int nBar, bool fLast) const;
+    WORD HitTestBar(int nBar, DWORD dwFlags, POINT pt) const;
     POINTS BarPoint(POINTS ptScreen) const;
     void DragThumb(POINTS pt);
     void SendScroll(UINT uMessage, WORD wCode, WORD wPos = 0);
-    void StopTimer();
+    static gesso::ScrollRepeat<GWndScroll> Repeat();
 };

@@ -9,7 +9,7 @@
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
-#include <gesso/framework/SystemTime.h>
+#include <gesso/framework/ScrollRepeat.h>
 
 #include <algorithm>
 #include <utility>
@@ -19,29 +19,6 @@ using gesso::BarTraits;
 using gesso::Frame;
 
 namespace {
-
-constexpr WORD NO_CODE = 0xFFFF;
-
-// The scroll code that a press on a part sends; none for a thumb.
-WORD CodeOf(const BarTraits& traits, WORD wHit)
-{
-    if (wHit == traits.wFirst) {
-        return SB_LINEUP;
-    }
-    if (wHit == traits.wLast) {
-        return SB_LINEDOWN;
-    }
-    if (wHit == traits.wPageFirst) {
-        return SB_PAGEUP;
-    }
-    return wHit == traits.wPageLast ? SB_PAGEDOWN : NO_CODE;
-}
-
-// The part, unless its flag makes it inactive.
-WORD ActivePart(WORD wHit, DWORD dwFlags, UINT uDisabled)
-{
-    return dwFlags & uDisabled ? WORD{0} : wHit;
-}
 
 SHORT Wrap16(LONG n)
 {
@@ -71,32 +48,18 @@ int GWndScroll::BarOfHit(WORD wHit) const
     return wHit & SBH_VERTICAL ? SB_VERT : SB_HORZ;
 }
 
-WORD GWndScroll::HitTestBar(const BarTraits& traits, const RECT& rc, DWORD dwFlags, POINT pt) const
+WORD GWndScroll::HitTestBar(int nBar, DWORD dwFlags, POINT pt) const
 {
     if (dwFlags & (GSB_DISABLED | GSB_HIDDEN)) {
         return 0;
     }
-    const bool fVertical = &traits == &BARS[SB_VERT];
-    const int nStart = fVertical ? rc.top : rc.left;
-    const int nEnd = fVertical ? rc.bottom : rc.right;
-    const int n = fVertical ? pt.y : pt.x;
-    const int nArrow = gesso::SystemMetric(m_hWnd, traits.nHitArrowMetric);
-    if (n < nStart + nArrow) {
-        return ActivePart(traits.wFirst, dwFlags, GSB_DISABLE_FIRST);
-    }
-    if (n > nEnd - nArrow) {
-        return ActivePart(traits.wLast, dwFlags, GSB_DISABLE_LAST);
-    }
-    const SCROLLINFO si = PlatformScrollInfo(m_hWnd, fVertical ? SB_VERT : SB_HORZ);
-    const gesso::Thumb thumb = gesso::ThumbOf(m_hWnd, traits, nEnd - nStart, si);
-    const int nThumb = nStart + gesso::SystemMetric(m_hWnd, traits.nArrowMetric) + thumb.nOffset;
-    if (n < nThumb) {
-        return ActivePart(traits.wPageFirst, dwFlags, GSB_DISABLE_PAGEFIRST);
-    }
-    if (n <= nThumb + thumb.nLength) {
-        return ActivePart(traits.wThumb, dwFlags, GSB_DISABLE_THUMB);
-    }
-    return ActivePart(traits.wPageLast, dwFlags, GSB_DISABLE_PAGELAST);
+    const BarTraits& traits = BARS[nBar];
+    const RECT& rc = RectOf(nBar);
+    gesso::BarStops stops = gesso::StopsOf(m_hWnd, traits, rc, PlatformScrollInfo(m_hWnd, nBar));
+    stops.nArrow = gesso::SystemMetric(m_hWnd, traits.nHitArrowMetric);
+    const int nAt = gesso::IsVertical(traits) ? pt.y - rc.top : pt.x - rc.left;
+    const WORD wPart = gesso::PartAt(traits, stops, nAt);
+    return dwFlags & gesso::RuleOf(traits, wPart).uDisabledBy ? WORD{0} : wPart;
 }
 
 WORD GWndScroll::ScrollBarHitTest(ScrollBarHitTestInfo* pInfo) const
@@ -104,9 +67,9 @@ WORD GWndScroll::ScrollBarHitTest(ScrollBarHitTestInfo* pInfo) const
     const POINT pt{pInfo->pt.x, pInfo->pt.y};
     pInfo->wHit = 0;
     if (PtInRect(&m_rcVScroll, pt)) {
-        pInfo->wHit = HitTestBar(BARS[SB_VERT], m_rcVScroll, m_dwVStyle, pt);
+        pInfo->wHit = HitTestBar(SB_VERT, m_dwVStyle, pt);
     } else if (PtInRect(&m_rcHScroll, pt)) {
-        pInfo->wHit = HitTestBar(BARS[SB_HORZ], m_rcHScroll, m_dwHStyle, pt);
+        pInfo->wHit = HitTestBar(SB_HORZ, m_dwHStyle, pt);
     }
     return pInfo->wHit;
 }
@@ -127,20 +90,16 @@ void GWndScroll::SendScroll(UINT uMessage, WORD wCode, WORD wPos)
     SendMessageW(m_hWnd, uMessage, MAKEWPARAM(wCode, wPos), reinterpret_cast<LPARAM>(m_hWnd));
 }
 
-void GWndScroll::StopTimer()
+gesso::ScrollRepeat<GWndScroll> GWndScroll::Repeat()
 {
-    if (s_dwTimer) {
-        KillTimer(nullptr, s_dwTimer);
-        s_dwTimer = 0;
-    }
+    return {s_pScrollingWindow, s_dwTimer, s_ullTimerTime};
 }
 
 void GWndScroll::ScrollBarSetTimer()
 {
-    StopTimer();
-    s_pScrollingWindow = this;
-    s_dwTimer = SetTimer(nullptr, 0, s_dwScrollRepeatSpeed, ScrollBarTimerCallback);
-    s_ullTimerTime = gesso::SystemTicks() + s_dwScrollRepeatDelay * gesso::TICKS_PER_MILLISECOND;
+    Repeat().Start(*this, s_dwScrollRepeatSpeed,
+                   gesso::SystemTicks() + s_dwScrollRepeatDelay * gesso::TICKS_PER_MILLISECOND,
+                   ScrollBarTimerCallback);
 }
 
 void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
@@ -153,7 +112,7 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
     // Where another window took the capture, the button is let go unseen: the bar would scroll on without
     // end.
     if (GetCapture() != pWindow->m_hWnd) {
-        pWindow->StopTimer();
+        Repeat().Stop();
         return;
     }
     if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || gesso::SystemTicks() <= s_ullTimerTime) {
@@ -161,8 +120,8 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
     }
     const HWND hwnd = pWindow->m_hWnd;
     const WORD wHit = pWindow->m_hitDown.wHit;
-    const WORD wCode = CodeOf(BARS[pWindow->BarOfHit(wHit)], wHit);
-    if (wCode != NO_CODE) {
+    const WORD wCode = gesso::RuleOf(BARS[pWindow->BarOfHit(wHit)], wHit).wScrollCode;
+    if (wCode != gesso::NO_SCROLL_CODE) {
         // Fixed behaviour: a held arrow or track of the horizontal bar repeats as vertical scrolling. A
         // host's content would move sideways where it moves up or down today.
         pWindow->SendScroll(WM_VSCROLL, wCode);
@@ -199,7 +158,7 @@ LRESULT GWndScroll::OnNcLButtonDown(UINT, POINTS ptScreen)
         return 0;
     }
     ScrollBarSetTimer();
-    SendScroll(BARS[nBar].uMessage, CodeOf(BARS[nBar], m_hitDown.wHit));
+    SendScroll(BARS[nBar].uMessage, gesso::RuleOf(BARS[nBar], m_hitDown.wHit).wScrollCode);
     return 0;
 }
 
@@ -215,7 +174,7 @@ LRESULT GWndScroll::OnNcMouseMove(UINT, POINTS ptScreen)
     if ((m_dwState & GWS_NCPRESSED) && GetCapture() != m_hWnd) {
         Frame::ClearState(*this, GWS_NCPRESSED);
         if (s_pScrollingWindow == this) {
-            StopTimer();
+            Repeat().Stop();
         }
         DrawBarOfHit(std::exchange(m_hitDown.wHit, WORD{0}));
     }
@@ -242,13 +201,11 @@ LRESULT GWndScroll::OnNcMouseMove(UINT, POINTS ptScreen)
 void GWndScroll::DragThumb(POINTS pt)
 {
     const int nBar = BarOfHit(m_hitDown.wHit);
-    const bool fVertical = nBar == SB_VERT;
     const SCROLLINFO si = PlatformScrollInfo(m_hWnd, nBar);
-    const int nLength =
-        fVertical ? m_rcVScroll.bottom - m_rcVScroll.top : m_rcHScroll.right - m_rcHScroll.left;
-    const int nMoved = fVertical ? pt.y - m_hitDown.pt.y : pt.x - m_hitDown.pt.x;
-    const int nDelta =
-        MulDiv(nMoved, gesso::RangeOf(si), gesso::ThumbOf(m_hWnd, BARS[nBar], nLength, si).nTrack);
+    const int nMoved = nBar == SB_VERT ? pt.y - m_hitDown.pt.y : pt.x - m_hitDown.pt.x;
+    const int nLength = gesso::LengthOf(BARS[nBar], RectOf(nBar));
+    const int nTrack = gesso::ThumbOf(m_hWnd, BARS[nBar], nLength, si).nTrack;
+    const int nDelta = MulDiv(nMoved, gesso::RangeOf(si), nTrack);
     const int nLimit = gesso::RangeOf(si) - static_cast<int>(si.nPage) + 1;
     const int64_t nPos = int64_t{nDelta} + m_nTrackStart;
     SCROLLINFO& siOwn = BarOf(nBar).si;
@@ -276,7 +233,7 @@ LRESULT GWndScroll::OnNcLButtonUp(UINT, POINTS)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
-    StopTimer();
+    Repeat().Stop();
     DrawBarOfHit(std::exchange(m_hitDown.wHit, WORD{0}));
     return 0;
 }

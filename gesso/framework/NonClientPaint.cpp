@@ -39,21 +39,20 @@ void ClipToRegion(HDC hdcWindow, HRGN hRegion, POINT ptOrigin)
 
 } // namespace
 
-NonClientPaint::NonClientPaint(HWND hwnd, WPARAM wRegion) : m_hWnd(hwnd), m_hdcWindow(GetWindowDC(hwnd))
+NonClientPaint::NonClientPaint(HWND hwnd, WPARAM wRegion)
+    : m_context(hwnd), m_rcWindow(AreasOf(hwnd).rcWindow),
+      m_surface(m_context, {m_rcWindow.right, m_rcWindow.bottom})
 {
     const WindowAreas areas = AreasOf(hwnd);
-    m_rcWindow = areas.rcWindow;
     if (wRegion > 1) {
-        ClipToRegion(m_hdcWindow, reinterpret_cast<HRGN>(wRegion), areas.ptOrigin);
+        ClipToRegion(m_context, reinterpret_cast<HRGN>(wRegion), areas.ptOrigin);
     }
-    Exclude(m_hdcWindow, areas.rcClient);
-    m_surface.emplace(m_hdcWindow, SIZE{m_rcWindow.right, m_rcWindow.bottom});
+    Exclude(m_context, areas.rcClient);
 }
 
 NonClientPaint::~NonClientPaint()
 {
-    BitBlt(m_hdcWindow, 0, 0, m_rcWindow.right, m_rcWindow.bottom, m_surface->Context(), 0, 0, SRCCOPY);
-    ReleaseDC(m_hWnd, m_hdcWindow);
+    BitBlt(m_context, 0, 0, m_rcWindow.right, m_rcWindow.bottom, m_surface.Context(), 0, 0, SRCCOPY);
 }
 
 NonClientPrint::NonClientPrint(HWND hwnd, HDC hdc) : m_hdc(hdc), m_nSaved(SaveDC(hdc))

@@ -2,9 +2,8 @@
 // screen and copied around the client area.
 #pragma once
 
+#include <gesso/framework/DrawScope.h>
 #include <gesso/framework/OffscreenSurface.h>
-
-#include <optional>
 
 namespace gesso {
 
@@ -18,15 +17,14 @@ public:
     NonClientPaint& operator=(const NonClientPaint&) = delete;
 
     // What to draw into, in window coordinates.
-    HDC Context() const { return m_surface->Context(); }
+    HDC Context() const { return m_surface.Context(); }
     // The whole window, from 0, 0.
     const RECT& WindowRect() const { return m_rcWindow; }
 
 private:
-    HWND m_hWnd;
-    HDC m_hdcWindow;
+    FrameContext m_context;
     RECT m_rcWindow;
-    std::optional<OffscreenSurface> m_surface;
+    OffscreenSurface m_surface;
 };
 
 // WM_PRINTCLIENT with PRF_NONCLIENT: draws into the given context, whose origin is the client area's, and

@@ -58,8 +58,9 @@ OffscreenSurface::Parts OffscreenSurface::Make(HDC hdcLike, SIZE size)
 void OffscreenSurface::Release(const Parts& parts)
 {
     SelectObject(parts.hdc, parts.hFormer);
-    DeleteObject(parts.hBitmap);
+    // A bitmap that a context still holds does not go.
     DeleteDC(parts.hdc);
+    DeleteObject(parts.hBitmap);
 }
 
 // To ask for the depth may take as long as to draw a button, so that it is left out where it does not matter.

@@ -1,4 +1,5 @@
-// What the two bars of GWndScroll have in common, as data, and the arithmetic of their thumbs.
+// What a horizontal and a vertical bar have in common, as data, and where the parts of a bar lie: of those of
+// GWndScroll, and of GScrollbar, which is a vertical one.
 #pragma once
 
 #include <gesso/framework/GWndScroll.h>
@@ -36,6 +37,49 @@ struct Thumb
     int nOffset; // of the thumb's start from the end of the first arrow
 };
 
+// Where along a bar, from its start, the parts lie; in pixels.
+struct BarStops
+{
+    int nLength; // of the bar
+    int nArrow;  // of each arrow
+    int nThumb;  // the thumb's start
+    int nThumbLength;
+};
+
+// The rectangles that are painted.
+struct BarLayout
+{
+    RECT rcTrack, rcFirst, rcLast, rcThumb;
+};
+
+constexpr WORD NO_SCROLL_CODE = 0xFFFF;
+
+// What there is to a part of a bar.
+struct PartRule
+{
+    WORD wScrollCode; // that a press on it sends (SB_); NO_SCROLL_CODE for the thumb, which is dragged
+    UINT uDisabledBy; // the flag (GSB_) that makes it inactive
+};
+
+constexpr bool IsVertical(const BarTraits& traits)
+{
+    return traits.wMask == SBH_VERTICAL;
+}
+
+// Of a bar that fills a rectangle.
+int LengthOf(const BarTraits& traits, const RECT& rc);
+
+PartRule RuleOf(const BarTraits& traits, WORD wPart);
+
+// The part at a distance from the bar's start; the ends of the thumb belong to it.
+WORD PartAt(const BarTraits& traits, const BarStops& stops, int nAt);
+
+// In a bar that fills a rectangle.
+BarLayout LayOutBar(const BarTraits& traits, const RECT& rc, const BarStops& stops);
+
+// Makes a thumb large enough to take hold of: what it lacks comes off the track.
+void EnlargeThumb(int nSmallest, int* pnTrack, int* pnLength);
+
 // nMax - nMin, which may wrap.
 int RangeOf(const SCROLLINFO& si);
 
@@ -44,5 +88,8 @@ int ClampPos(const SCROLLINFO& si, int nPos);
 
 // In a bar of a length in pixels. A range of zero gives the smallest thumb.
 Thumb ThumbOf(HWND hwnd, const BarTraits& traits, int nBarLength, const SCROLLINFO& si);
+
+// Of a bar of GWndScroll that fills a rectangle, as it is painted.
+BarStops StopsOf(HWND hwnd, const BarTraits& traits, const RECT& rc, const SCROLLINFO& si);
 
 } // namespace gesso

@@ -301,6 +301,17 @@ TEST_F(GWndScrollTest, ControlDeletedWithItsCaptureIsNotTouchedAgain)
     EXPECT_TRUE(loss.Happened());
 }
 
+TEST_F(GWndScrollTest, DrawingThatFailsLeavesNothingBehind)
+{
+    MakeVertical();
+    const desk::Census before = desk::Live();
+    for (const char* operation : {"CreateCompatibleDC", "CreateCompatibleBitmap"}) {
+        desk::Fail(operation);
+        probe.DrawScrollBar(SB_VERT);
+        EXPECT_EQ(desk::Live(), before) << operation;
+    }
+}
+
 TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)
 {
     probe.ShowRange(SB_VERT, 7);
