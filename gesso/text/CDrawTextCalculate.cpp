@@ -106,7 +106,9 @@ private:
     void Itemize();
     void AddItem(UINT nItem);
     void Shape(SCRIPT_ITEM& item, stcDrawTextRun& run);
+    HRESULT ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run);
     void Place(SCRIPT_ITEM& item, stcDrawTextRun& run);
+    void ClearPlaces(stcDrawTextRun& run);
 
     void MakeItemRoom() { IsScratch() ? GrowScratchItems(m_nChars) : GrowItems(m_arrays, ITEM_STEP); }
     void MakeGlyphRoom() { IsScratch() ? GrowScratchGlyphs(m_nChars) : GrowGlyphs(m_arrays, GLYPH_STEP); }
@@ -149,8 +151,27 @@ void Calculation::AddItem(UINT nItem)
     m_arrays.nGlyphs += static_cast<UINT>(run.nGlyphs);
 }
 
-// What a failing call does not write stays zero: no glyphs, no widths, and nothing of an earlier text.
+// A run that the font cannot show is shaped as of no script: boxes appear, and it is placed and painted so.
 void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
+{
+    HRESULT hr = ShapeInScript(item, run);
+    if (hr == USP_E_SCRIPT_NOT_IN_FONT) {
+        item.a.eScript = SCRIPT_UNDEFINED;
+        hr = ShapeInScript(item, run);
+    }
+    // A failing call may have set a count and written no glyph: the arrays hold those of an earlier text
+    // there.
+    const int nRoom = static_cast<int>(m_arrays.nGlyphsAlloc - m_arrays.nGlyphs);
+    run.nGlyphs = FAILED(hr) ? 0 : std::clamp(run.nGlyphs, 0, nRoom);
+    // Sixteen bits: in a text of more than 65,535 glyphs the values start again at zero.
+    WORD* const pLogClust = m_arrays.pLogClust + m_arrays.nChars;
+    for (int n = 0; n < run.nChars; ++n) {
+        pLogClust[n] = static_cast<WORD>((FAILED(hr) ? 0U : pLogClust[n]) + m_arrays.nGlyphs);
+    }
+}
+
+// Offers more room for glyphs until there is enough.
+HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
 {
     const UINT nGlyphs = m_arrays.nGlyphs;
     const uint64_t nLimit = AmpleRoom(m_arrays.nGlyphsAlloc, m_nChars);
@@ -166,27 +187,33 @@ void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
                                        static_cast<int>(nRoom), &item.a, m_arrays.pGlyphs + nGlyphs,
                                        pLogClust, m_arrays.pVisAttr + nGlyphs, &run.nGlyphs);
         if (hr != E_OUTOFMEMORY || m_arrays.nGlyphsAlloc > nLimit) {
-            break;
+            return hr;
         }
         if (nRoom == m_arrays.nGlyphsAlloc - nGlyphs) {
             MakeGlyphRoom();
         }
         nRoom = m_arrays.nGlyphsAlloc - nGlyphs;
     }
-    run.nGlyphs = std::clamp(run.nGlyphs, 0, static_cast<int>(m_arrays.nGlyphsAlloc - nGlyphs));
-    // Sixteen bits: in a text of more than 65,535 glyphs the values start again at zero.
-    for (int n = 0; n < run.nChars; ++n) {
-        pLogClust[n] = static_cast<WORD>(pLogClust[n] + nGlyphs);
-    }
 }
 
+// What a failing call has written is taken back: the glyphs have no widths then.
 void Calculation::Place(SCRIPT_ITEM& item, stcDrawTextRun& run)
 {
     const UINT nGlyphs = run.nFirstGlyph;
-    std::fill_n(m_arrays.pAdvance + nGlyphs, run.nGlyphs, 0);
-    std::fill_n(m_arrays.pOffset + nGlyphs, run.nGlyphs, GOFFSET());
-    ScriptPlace(m_hdc, &m_cache, m_arrays.pGlyphs + nGlyphs, run.nGlyphs, m_arrays.pVisAttr + nGlyphs,
-                &item.a, m_arrays.pAdvance + nGlyphs, m_arrays.pOffset + nGlyphs, &run.abc);
+    ClearPlaces(run);
+    const HRESULT hr =
+        ScriptPlace(m_hdc, &m_cache, m_arrays.pGlyphs + nGlyphs, run.nGlyphs, m_arrays.pVisAttr + nGlyphs,
+                    &item.a, m_arrays.pAdvance + nGlyphs, m_arrays.pOffset + nGlyphs, &run.abc);
+    if (FAILED(hr)) {
+        ClearPlaces(run);
+    }
+}
+
+void Calculation::ClearPlaces(stcDrawTextRun& run)
+{
+    std::fill_n(m_arrays.pAdvance + run.nFirstGlyph, run.nGlyphs, 0);
+    std::fill_n(m_arrays.pOffset + run.nFirstGlyph, run.nGlyphs, GOFFSET());
+    run.abc = {};
 }
 
 void ResetScratch()

@@ -8,11 +8,10 @@ std::ostream& operator<<(std::ostream& out, const stcDrawTextBreak& record)
 
 namespace test {
 
-TextContext::TextContext(int height)
+TextContext::TextContext(int height, LPCWSTR face)
     : m_hdc(CreateCompatibleDC(nullptr)),
       m_font(CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                         OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH,
-                         L"Segoe UI")),
+                         OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, face)),
       m_former(SelectObject(m_hdc, m_font))
 {}
 

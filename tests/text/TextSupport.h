@@ -22,7 +22,7 @@ namespace test {
 class TextContext
 {
 public:
-    explicit TextContext(int height = 12);
+    explicit TextContext(int height = 12, LPCWSTR face = L"Segoe UI");
     ~TextContext();
     TextContext(const TextContext&) = delete;
     TextContext& operator=(const TextContext&) = delete;

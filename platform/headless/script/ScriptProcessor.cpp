@@ -1,5 +1,6 @@
 // The script processor: one item for each run of a script, one glyph for each character, every glyph as wide
-// as a character of the font. A glyph's index is the character's code, so that a record can show it.
+// as a character of the font. A glyph's index is the character's code, so that a record can show it; that of
+// a character whose script the font lacks is the box of a missing glyph.
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
 #include "../core/Text.h"
@@ -14,17 +15,34 @@ using namespace gesso::headless;
 
 namespace {
 
-// What a SCRIPT_CACHE points to: the measures of the font that it was made with.
+// The index of the box that stands for what a font lacks; it shows as U+25A1.
+constexpr WORD MISSING_GLYPH = 0;
+
+// What a SCRIPT_CACHE points to: the measures of the font that it was made with, and what it lacks.
 struct Cache
 {
     FontMetrics font;
+    bool hasDevanagari;
+
+    bool LacksScript(WORD script) const
+    {
+        return script == static_cast<WORD>(Script::Devanagari) && !hasDevanagari;
+    }
 };
+
+// The one font here that lacks a script is Tahoma, as on Windows: it has no tables to shape Devanagari by.
+bool HasDevanagari(HDC hdc)
+{
+    wchar_t face[LF_FACESIZE] = {};
+    GetTextFaceW(hdc, LF_FACESIZE, face);
+    return _wcsicmp(face, L"Tahoma") != 0;
+}
 
 // Makes the cache when it is first needed, which takes a context; null if there is neither.
 Cache* NeedCache(HDC hdc, SCRIPT_CACHE* cache)
 {
     if (!*cache && FindContext(hdc)) {
-        *cache = new Cache{MeasureSelectedFont(hdc)};
+        *cache = new Cache{MeasureSelectedFont(hdc), HasDevanagari(hdc)};
         Track(Kind::ScriptCache, *cache);
     }
     return static_cast<Cache*>(*cache);
@@ -94,27 +112,32 @@ HRESULT WINAPI ScriptShape(HDC hdc, SCRIPT_CACHE* cache, const WCHAR* text, int 
                            SCRIPT_ANALYSIS* analysis, WORD* glyphs, WORD* clusters,
                            SCRIPT_VISATTR* attributes, int* count)
 {
-    if (FaultFires("ScriptShape")) {
-        return Failure();
-    }
     if (!cache || !analysis || !attributes || !count || length < 0) {
         return E_INVALIDARG;
+    }
+    *count = length; // set before any glyph is written, and left so where the call fails
+    if (FaultFires("ScriptShape")) {
+        return Failure();
     }
     if (length > maxGlyphs) {
         return E_OUTOFMEMORY;
     }
-    if (!NeedCache(hdc, cache)) {
+    const Cache* const found = NeedCache(hdc, cache);
+    if (!found) {
         return E_PENDING;
+    }
+    if (found->LacksScript(analysis->eScript)) {
+        return USP_E_SCRIPT_NOT_IN_FONT;
     }
     for (int i = 0; i < length; ++i) {
         // The glyphs of a right-to-left item stand as they are seen, from left to right.
         const int glyph = analysis->fRTL ? length - 1 - i : i;
-        glyphs[glyph] = text[i];
+        const bool missing = found->LacksScript(static_cast<WORD>(ScriptOf(text[i])));
+        glyphs[glyph] = missing ? WORD{MISSING_GLYPH} : WORD{text[i]};
         clusters[i] = static_cast<WORD>(glyph);
         attributes[glyph] = {};
         attributes[glyph].fClusterStart = 1;
     }
-    *count = length;
     return S_OK;
 }
 
@@ -177,7 +200,8 @@ HRESULT WINAPI ScriptTextOut(HDC hdc, SCRIPT_CACHE* cache, int x, int y, UINT op
     for (int i = 0; i < count; ++i) {
         width += justified ? justified[i] : advances[i];
     }
-    const WideText shown(glyphs, glyphs + count);
+    WideText shown(glyphs, glyphs + count);
+    std::replace(shown.begin(), shown.end(), wchar_t{MISSING_GLYPH}, L'\x25A1');
     Line line(hdc, "ScriptTextOut");
     line.Text(Characters(shown), count).Put(POINT{x, y});
     line.Word("cx=" + std::to_string(width)).Word(ScriptName(static_cast<Script>(analysis->eScript)));

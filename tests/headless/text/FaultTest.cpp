@@ -72,6 +72,21 @@ TEST_F(TextFault, OtherFailuresCostNoMoreThanTheirItem)
     EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptTextOut", c_otherFailure, 9)), c_unharmed);
 }
 
+// The processor sets a count and writes no glyph: the space holds those of an earlier text.
+TEST_F(TextFault, ARunThatIsShapedInNoWayShowsNothing)
+{
+    const TextContext tahoma(12, L"Tahoma");
+    for (const DWORD error : {DWORD{c_otherFailure}, static_cast<DWORD>(USP_E_SCRIPT_NOT_IN_FONT)}) {
+        Prepare(tahoma, u"hunter2-secret", 0);
+        desk::Fail("ScriptShape", 1, error, 1); // the second try of the run that the font cannot show
+        const Text text = Prepare(tahoma, u"\u0928\u092E abc", 0, DT_SINGLELINE);
+        EXPECT_EQ(CheckText(*text), "");
+        EXPECT_EQ(text->nGlyphs, 3U);
+        EXPECT_EQ(text->pRuns[0].nGlyphs, 0);
+        EXPECT_EQ(text->pRuns[0].abc.abcB, 0U);
+    }
+}
+
 TEST_F(TextFault, NothingIsLeftOfTextsThatAreClosedMeasuredOrDrawnAtOnce)
 {
     Prepare(context, u"closed", 30);
