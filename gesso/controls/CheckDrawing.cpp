@@ -13,7 +13,7 @@ namespace {
 
 constexpr int STATES_PER_CHECK = 4;
 
-struct Picture
+struct PlacedImage
 {
     ImageKind kind = ImageKind::None;
     SIZE size{};
@@ -35,32 +35,32 @@ RECT CutBox(RECT* prcContent, SIZE size, int nGap, DWORD dwStyle)
         prcContent->left = rcBox.right + nGap;
     }
     const int nSlack = prcContent->bottom - size.cy - prcContent->top;
-    rcBox.top = prcContent->top + Shift(nSlack, dwStyle, GS_VCENTER, GS_BOTTOM);
+    rcBox.top = prcContent->top + AlignmentOffset(nSlack, dwStyle, GS_VCENTER, GS_BOTTOM);
     rcBox.bottom = rcBox.top + size.cy;
     return rcBox;
 }
 
 // The image is measured at each paint: the host may have changed what stands behind the handle.
-Picture PictureOf(const CheckContent& content)
+PlacedImage ImageOf(const CheckContent& content)
 {
-    Picture picture;
+    PlacedImage image;
     const ImageKind kind = ImageKindOf(content.dwStyle);
-    if (content.hImage && MeasureImage(kind, content.hImage, &picture.size)) {
-        picture.kind = kind;
-        picture.side = content.dwStyle & GCS_IMAGERIGHT ? ImageSide::Right : ImageSide::Left;
+    if (content.hImage && MeasureImage(kind, content.hImage, &image.size)) {
+        image.kind = kind;
+        image.side = content.dwStyle & GCS_IMAGERIGHT ? ImageSide::Right : ImageSide::Left;
     }
-    return picture;
+    return image;
 }
 
 // Around the text and the image's height, not around the box.
-RECT FocusRect(const RECT& rcText, const Picture& picture, int nMargin)
+RECT FocusRect(const RECT& rcText, const PlacedImage& image, int nMargin)
 {
     RECT rc = rcText;
-    if (picture.kind != ImageKind::None) {
-        rc.top = std::min(rc.top, picture.pt.y);
-        rc.bottom = std::max(rc.bottom, picture.pt.y + picture.size.cy);
-        if (picture.side == ImageSide::Right) {
-            rc.right = picture.pt.x + picture.size.cx;
+    if (image.kind != ImageKind::None) {
+        rc.top = std::min(rc.top, image.pt.y);
+        rc.bottom = std::max(rc.bottom, image.pt.y + image.size.cy);
+        if (image.side == ImageSide::Right) {
+            rc.right = image.pt.x + image.size.cx;
         }
     }
     InflateRect(&rc, nMargin, nMargin);
@@ -73,18 +73,18 @@ RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, co
     const DWORD dwStyle = content.dwStyle;
     const UINT uFormat = dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE;
     const int nGap = Pixels(content.hwnd, Metrics::IMAGE_GAP);
-    Picture picture = PictureOf(content);
-    const bool fPicture = picture.kind != ImageKind::None;
-    RECT rcText = fPicture ? RoomBesideImage(rcContent, picture.side, picture.size, nGap) : rcContent;
+    PlacedImage image = ImageOf(content);
+    const bool fImage = image.kind != ImageKind::None;
+    RECT rcText = fImage ? RoomBesideImage(rcContent, image.side, image.size, nGap) : rcContent;
     rcText = part.TextExtent(content.pszText, uFormat, rcText);
     AlignText(&rcText, rcContent, dwStyle);
-    if (fPicture) {
-        picture.pt = PlaceImage(&rcText, picture.side, picture.size, nGap, dwStyle);
-        DrawImage(hdc, picture.kind, content.hImage, picture.pt.x, picture.pt.y, picture.size.cx,
-                  picture.size.cy, dwStyle);
+    if (fImage) {
+        image.pt = PlaceImage(&rcText, image.side, image.size, nGap, dwStyle);
+        DrawImage(hdc, image.kind, content.hImage, image.pt.x, image.pt.y, image.size.cx, image.size.cy,
+                  dwStyle);
     }
     part.DrawString(content.pszText, uFormat | PrefixFormat(content.dwState), rcText);
-    return FocusRect(rcText, picture, Pixels(content.hwnd, Metrics::CHECK_FOCUS_MARGIN));
+    return FocusRect(rcText, image, Pixels(content.hwnd, Metrics::CHECK_FOCUS_MARGIN));
 }
 
 } // namespace

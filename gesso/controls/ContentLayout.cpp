@@ -19,7 +19,7 @@ int AlignTo(int nearEdge, int farEdge, int nExtent, DWORD dwStyle, DWORD dwCente
 
 } // namespace
 
-int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
+int AlignmentOffset(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
 {
     if (dwStyle & dwCenter) {
         return nSlack >> 1;
@@ -41,8 +41,8 @@ RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image, int nGap
 
 void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle)
 {
-    OffsetRect(prcText, Shift(rcContent.right - prcText->right, dwStyle, GS_CENTER, GS_RIGHT),
-               Shift(rcContent.bottom - prcText->bottom, dwStyle, GS_VCENTER, GS_BOTTOM));
+    OffsetRect(prcText, AlignmentOffset(rcContent.right - prcText->right, dwStyle, GS_CENTER, GS_RIGHT),
+               AlignmentOffset(rcContent.bottom - prcText->bottom, dwStyle, GS_VCENTER, GS_BOTTOM));
 }
 
 POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, int nGap, DWORD dwStyle)

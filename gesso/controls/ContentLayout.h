@@ -16,7 +16,7 @@ enum class ImageSide
 
 // The offset that aligns something in its room, of which it leaves nSlack free: half of it by the bit for
 // centre, all of it by that for the far end.
-int Shift(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar);
+int AlignmentOffset(int nSlack, DWORD dwStyle, DWORD dwCenter, DWORD dwFar);
 
 // What remains of the content for the text beside an image, with a gap between them.
 RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image, int nGap);

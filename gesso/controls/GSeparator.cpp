@@ -14,13 +14,23 @@ constexpr WORD SIZING_CURSOR = 32644; // IDC_SIZEWE, whose macro depends on how 
 constexpr DWORD UNUSED_STATE = 0x08;  // nothing sets it; a change of the capture clears it all the same
 constexpr int NO_BACKGROUND = 0;
 
+// Separators of all threads share the cursor; whichever comes first loads it.
+HCURSOR SizingCursor(HCURSOR& hShared)
+{
+    auto* ppShared = reinterpret_cast<void**>(&hShared);
+    void* pCursor = InterlockedCompareExchangePointer(ppShared, nullptr, nullptr);
+    if (!pCursor) {
+        pCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(SIZING_CURSOR));
+        InterlockedExchangePointer(ppShared, pCursor);
+    }
+    return static_cast<HCURSOR>(pCursor);
+}
+
 } // namespace
 
 GSeparator::GSeparator()
 {
-    if (!s_hColumnSizing) {
-        s_hColumnSizing = LoadCursorW(nullptr, MAKEINTRESOURCEW(SIZING_CURSOR));
-    }
+    SizingCursor(s_hColumnSizing);
 }
 
 ATOM GSeparator::IsolationAwareRegisterClassW()
@@ -110,7 +120,7 @@ LRESULT GSeparator::OnCaptureChanged(HWND hwndNew)
 
 LRESULT GSeparator::OnSetCursor()
 {
-    SetCursor(s_hColumnSizing);
+    SetCursor(SizingCursor(s_hColumnSizing));
     return 1;
 }
 

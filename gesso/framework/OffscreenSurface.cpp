@@ -41,7 +41,9 @@ OffscreenSurface::OffscreenSurface(HDC hdcLike, SIZE size)
 OffscreenSurface::~OffscreenSurface()
 {
     RestoreDC(m_parts.hdc, m_nSaved);
-    if (m_parts.hdc && m_parts.hBitmap && PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && s_nUsers > 0) {
+    if (m_parts.hdc && m_parts.hBitmap && PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT &&
+        InterlockedCompareExchange(&s_nUsers, 0, 0) > 0)
+    {
         KeepSpare(m_parts);
     } else {
         Release(m_parts);

@@ -37,6 +37,8 @@ struct Entry
         return hTheme == hOther && nPart == nOtherPart && nState == nOtherState && size.cx == other.cx &&
                size.cy == other.cy;
     }
+    // Pixels belong to what is cached, and to a theme.
+    bool Check() const { return (state == State::Cached) == (pPixels != nullptr) && (!pPixels || hTheme); }
     size_t PixelCount() const { return static_cast<size_t>(size.cx) * static_cast<size_t>(size.cy); }
     size_t ByteCount() const { return PixelCount() * sizeof(DWORD); }
 };
@@ -118,6 +120,21 @@ void MakeRoom(size_t pixels)
         }
         Drop(*pOldest);
     }
+}
+
+bool CheckEntries()
+{
+    size_t pixels = 0;
+    for (const Entry& entry : s_entries) {
+        const auto same = [&](const Entry& other) {
+            return entry.hTheme && other.Is(entry.hTheme, entry.nPart, entry.nState, entry.size);
+        };
+        if (!entry.Check() || std::count_if(s_entries.begin(), s_entries.end(), same) > 1) {
+            return false;
+        }
+        pixels += entry.pPixels ? entry.PixelCount() : 0;
+    }
+    return pixels == s_pixelsCached && pixels <= MOST_PIXELS;
 }
 
 // What a part makes of the darkest background and of the lightest is the same where it covers both.
@@ -211,6 +228,14 @@ void DropCachedParts(HTHEME hTheme)
         }
     }
     ReleaseSRWLockExclusive(&s_lock);
+}
+
+bool CheckThemePartCache()
+{
+    AcquireSRWLockExclusive(&s_lock);
+    const bool fSound = CheckEntries();
+    ReleaseSRWLockExclusive(&s_lock);
+    return fSound;
 }
 
 } // namespace gesso

@@ -16,4 +16,7 @@ bool DrawCachedPart(HTHEME hTheme, HDC hdc, int nPart, int nState, const RECT& r
 // Drops what is cached of a theme handle, which is about to be closed and may come again for another class.
 void DropCachedParts(HTHEME hTheme);
 
+// Whether the entries agree with each other and with the count of pixels. For tests.
+bool CheckThemePartCache();
+
 } // namespace gesso

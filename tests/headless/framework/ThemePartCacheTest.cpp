@@ -4,6 +4,7 @@
 
 #include <gesso/framework/ThemeHandle.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/ThemePartCache.h>
 
 namespace {
 
@@ -40,6 +41,7 @@ protected:
         DeleteObject(SelectObject(hdcMemory, hFormer));
         DeleteDC(hdcMemory);
         ReleaseDC(Parent(), hdc);
+        EXPECT_TRUE(gesso::CheckThemePartCache());
         return desk::Drawing(Parent()).at(0);
     }
 
