@@ -2,7 +2,7 @@
 // its layout leaves for its painting.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/framework/Colors.h>
 
 struct CertText
 {
@@ -33,7 +33,6 @@ namespace gesso {
 
 constexpr UINT KIND_TEXT = 1;
 constexpr UINT KIND_ICON = 2;
-constexpr COLORREF BLACK = 0;
 
 // The controls that have no id of the platform's.
 constexpr int CHECKBOX_ID = 1080;
@@ -42,18 +41,21 @@ constexpr int SHOW_ID = 2000;
 struct CertSeverity
 {
     LPCWSTR pszHeader;
-    COLORREF crText, crLeft, crRight; // of the header's text, and of the ends of its gradient
+    Color text, left, right; // of the header's text, and of the ends of its gradient
     WORD wHeaderIcon, wLineIcon;
     LPCWSTR pszStatus;
 };
 
 // By CFT_.
 inline constexpr CertSeverity SEVERITIES[] = {
-    {L"Verbindungsidentifizierung", 0xFFFFFF, 0x6D3800, 0x997510, 138, 135, L"Die Verbindung ist sicher."},
-    {L"Nicht vertrauenswürdiges Zertifikat", 0x000000, 0x00B1F2, 0x48CDFE, 133, 136,
+    {L"Verbindungsidentifizierung", Color::CertSecureText, Color::CertSecureLeft, Color::CertSecureRight, 138,
+     135, L"Die Verbindung ist sicher."},
+    {L"Nicht vertrauenswürdiges Zertifikat", Color::CertUntrustedText, Color::CertUntrustedLeft,
+     Color::CertUntrustedRight, 133, 136,
      L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert "
      L"werden. Das Fortsetzen des Vorgangs ist eventuell nicht sicher."},
-    {L"Zertifikat ungültig", 0xFFFFFF, 0x0000AE, 0x0000E2, 137, 134,
+    {L"Zertifikat ungültig", Color::CertInvalidText, Color::CertInvalidLeft, Color::CertInvalidRight, 137,
+     134,
      L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert "
      L"werden. Das Fortsetzen des Vorgangs ist nicht möglich."},
 };

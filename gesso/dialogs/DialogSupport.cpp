@@ -1,9 +1,10 @@
 #include <gesso/dialogs/DialogSupport.h>
+#include <gesso/framework/Colors.h>
+#include <gesso/framework/Metrics.h>
 
 namespace gesso {
 namespace {
 
-constexpr WORD FONT_POINTS = 9;
 constexpr size_t SPARE_WORDS = 6; // zeros behind the face
 
 } // namespace
@@ -28,7 +29,7 @@ EmptyDialogTemplate::EmptyDialogTemplate(DWORD dwExStyle, DWORD dwStyle, UINT cx
     }
     AddText(pszTitle ? pszTitle : L"");
     constexpr WORD NOT_ITALIC_ANSI = 0; // two bytes: italic, character set
-    for (const WORD w : {FONT_POINTS, WORD{FW_NORMAL}, NOT_ITALIC_ANSI}) {
+    for (const WORD w : {WORD{Metrics::DEFAULT_FONT_POINTS}, WORD{FW_NORMAL}, NOT_ITALIC_ANSI}) {
         m_words.push_back(w);
     }
     AddText(L"Segoe UI");
@@ -78,13 +79,19 @@ RECT GrowWindow(HWND hwnd, int cx, int cy)
     return rc;
 }
 
+HBRUSH DialogBrush()
+{
+    return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+}
+
 INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam)
 {
     switch (uMsg) {
     case WM_CTLCOLORBTN:
-        // Compared with 2 and not with a window, so that the white brush is what applies: hosts rely on it.
+        // Fixed behaviour: compared with 2 and not with a window, so that the white brush is what applies. A
+        // test for the footer's buttons would put grey behind them.
         if (lParam == 2) {
-            return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
+            return reinterpret_cast<INT_PTR>(SystemBrush(COLOR_BTNFACE));
         }
         [[fallthrough]];
     case WM_CTLCOLORMSGBOX:
@@ -92,7 +99,7 @@ INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam)
     case WM_CTLCOLORLISTBOX:
     case WM_CTLCOLORDLG:
     case WM_CTLCOLORSCROLLBAR:
-    case WM_CTLCOLORSTATIC: return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    case WM_CTLCOLORSTATIC: return reinterpret_cast<INT_PTR>(DialogBrush());
     default: return 0;
     }
 }

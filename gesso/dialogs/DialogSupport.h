@@ -45,6 +45,9 @@ HFONT FontOf(HWND hDlg);
 // The client rectangle's growth by cx and cy pixels, with no repaint, and then the client rectangle anew.
 RECT GrowWindow(HWND hwnd, int cx, int cy);
 
+// What the dialogs' backgrounds are filled with; not deleted.
+HBRUSH DialogBrush();
+
 // WM_CTLCOLOR... of the white dialogs: the brush, or 0 for a message that is none of these.
 INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam);
 

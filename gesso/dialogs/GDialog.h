@@ -40,8 +40,9 @@ public:
     // In characters, without the terminator.
     virtual int GetTextLength() const;
     // *pnLength is the buffer's capacity in characters. Returns 1 and the length where the text filled the
-    // buffer to its end, and 0 and the length plus one where there was room left: hosts rely on the order of
-    // the two.
+    // buffer to its end, and 0 and the length plus one where there was room left.
+    // Fixed behaviour: the two results are this way round. A host that calls again with a larger buffer until
+    // it gets 0 would never end, or lose the end of the text, if they were those of the controls' GetText.
     virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
     virtual HWND GetDlgItem(int nId) const;
 

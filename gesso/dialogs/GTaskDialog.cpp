@@ -6,11 +6,13 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
 #include <bit>
 
+namespace Metrics = gesso::Metrics;
 using gesso::DIALOG_BUTTON_STYLE;
 using gesso::MapUnits;
 using gesso::PlainPart;
@@ -20,8 +22,6 @@ namespace {
 
 constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_CENTER | DS_SETFONT | DS_FIXEDSYS;
 static_assert(DIALOG_STYLE == 0x80C80848);
-constexpr UINT DEFAULT_WIDTH = 100;
-constexpr UINT FIRST_HEIGHT = 65;
 
 // Columns of text, in average characters of each pane, that the dialog is wide enough for.
 constexpr int INSTRUCTION_COLUMNS = 40;
@@ -84,12 +84,12 @@ LPCWSTR IconOf(UINT uType)
     return uIcon >= 1 && uIcon <= 4 ? MAKEINTRESOURCEW(FIRST_ICON - 1 + uIcon) : nullptr;
 }
 
-HICON LoadSystemIcon(LPCWSTR pszIcon)
+HICON LoadSystemIcon(HWND hwnd, LPCWSTR pszIcon)
 {
     HICON hIcon = nullptr;
     if (pszIcon) {
-        IsolationAwareLoadIconWithScaleDown(nullptr, pszIcon, GetSystemMetrics(SM_CXICON),
-                                            GetSystemMetrics(SM_CYICON), &hIcon);
+        IsolationAwareLoadIconWithScaleDown(nullptr, pszIcon, gesso::SystemMetric(hwnd, SM_CXICON),
+                                            gesso::SystemMetric(hwnd, SM_CYICON), &hIcon);
     }
     return hIcon;
 }
@@ -123,8 +123,8 @@ HRESULT GTaskDialog::IsolationAwareTaskDialogIndirect(const GTASKDIALOGCONFIG* p
         return GiveButton(-1, puButton);
     }
     const gesso::EmptyDialogTemplate dialog(0, DIALOG_STYLE,
-                                            pConfig->cxWidth ? pConfig->cxWidth : DEFAULT_WIDTH, FIRST_HEIGHT,
-                                            pConfig->pszWindowTitle);
+                                            pConfig->cxWidth ? pConfig->cxWidth : Metrics::TASK_DIALOG_WIDTH,
+                                            Metrics::TASK_DIALOG_HEIGHT, pConfig->pszWindowTitle);
     GTaskDialog object(pConfig);
     return GiveButton(IsolationAwareDialogBoxIndirectParamW(pConfig->hInstance, dialog.Get(),
                                                             pConfig->hwndParent, DialogProc,
@@ -140,7 +140,7 @@ HRESULT GTaskDialog::IsolationAwareTaskDialog(HWND hwndParent, HINSTANCE hInstan
     config.hwndParent = hwndParent;
     config.hInstance = hInstance;
     config.pszWindowTitle = pszTitle;
-    config.hMainIcon = LoadSystemIcon(pszIcon);
+    config.hMainIcon = LoadSystemIcon(hwndParent, pszIcon);
     config.pszMainInstruction = pszMainInstruction;
     config.pszContent = pszContent;
     config.dwCommonButtons = dwCommonButtons;
@@ -159,7 +159,7 @@ UINT GTaskDialog::MessageBoxW(HWND hwndParent, LPCWSTR pszText, LPCWSTR pszCapti
     config.hwndParent = hwndParent;
     config.hInstance = GetModuleHandleW(nullptr);
     config.pszWindowTitle = pszCaption;
-    config.hMainIcon = LoadSystemIcon(IconOf(uType));
+    config.hMainIcon = LoadSystemIcon(hwndParent, IconOf(uType));
     config.pszContent = pszText;
     config.dwCommonButtons = type.dwButtons;
     config.dwDefaultButton = DefaultOf(type, uType);
@@ -186,7 +186,7 @@ DLGPROC GTaskDialog::GetDialogProc()
 // Where texts end on the right: 35 units for the icon, and the columns of the wider pane.
 int GTaskDialog::TextLimit(HDC hdc) const
 {
-    const int cxIcon = MapUnits(m_hWnd, 35, 0, 35, 0).left;
+    const int cxIcon = MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, 0).left;
     const ThemePart instruction(m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText);
     const ThemePart content(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
     return cxIcon + std::max(INSTRUCTION_COLUMNS * instruction.AverageCharWidth(),
@@ -197,8 +197,10 @@ int GTaskDialog::TextLimit(HDC hdc) const
 int GTaskDialog::MeasureTexts(HDC hdc)
 {
     const int xLimit = TextLimit(hdc);
-    m_rcIcon = MapUnits(m_hWnd, 6, 6, 0, 28);
-    RECT rcRoom = MapUnits(m_hWnd, 35, 7, 10, 10);
+    m_rcIcon = MapUnits(m_hWnd, Metrics::TASK_DIALOG_ICON, Metrics::TASK_DIALOG_ICON, 0,
+                        Metrics::DIALOG_FOOTER_HEIGHT);
+    RECT rcRoom = MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, Metrics::TASK_DIALOG_TEXT_TOP, 0,
+                           Metrics::TASK_DIALOG_TEXT_GAP);
     const int cyGap = rcRoom.bottom;
     int xWidest = 0;
     m_rcMainInstruction.bottom = rcRoom.top;
@@ -209,7 +211,7 @@ int GTaskDialog::MeasureTexts(HDC hdc)
         m_rcMainInstruction.bottom += cyGap;
         xWidest = std::max<int>(m_rcMainInstruction.right, 0);
     }
-    rcRoom = MapUnits(m_hWnd, 35, 0, 10, 10);
+    rcRoom = MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, Metrics::TASK_DIALOG_TEXT_GAP);
     rcRoom.top += m_rcMainInstruction.bottom;
     rcRoom.right = xLimit;
     m_rcContent = ThemePart(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText)
@@ -227,7 +229,7 @@ void GTaskDialog::FitTexts(int cxNeeded)
     }
     CalculateFooter(&m_rcFooter);
     if (m_rcContent.bottom > m_rcFooter.top) {
-        const int cyMargin = MapUnits(m_hWnd, 14, 10, 0, 28).top;
+        const int cyMargin = MapUnits(m_hWnd, 0, Metrics::TASK_DIALOG_TEXT_GAP, 0, 0).top;
         gesso::GrowWindow(m_hWnd, 0, m_rcContent.bottom - m_rcFooter.top + cyMargin);
         CalculateFooter(&m_rcFooter);
     }
@@ -235,7 +237,7 @@ void GTaskDialog::FitTexts(int cxNeeded)
 
 void GTaskDialog::CalculateFooter(RECT* prc) const
 {
-    const int cyFooter = MapUnits(m_hWnd, 14, 10, 0, 28).bottom;
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     GetClientRect(m_hWnd, prc);
     prc->top = prc->bottom - cyFooter;
 }
@@ -244,9 +246,10 @@ void GTaskDialog::MakeButtons()
 {
     const DWORD dwButtons = m_pConfig->dwCommonButtons;
     const int nButtons = std::popcount(dwButtons);
-    const RECT rcUnits = MapUnits(m_hWnd, 50, 14, 4, 0);
+    const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_WIDTH, Metrics::DIALOG_BUTTON_HEIGHT,
+                                  Metrics::DIALOG_BUTTON_GAP, 0);
     const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
-    const int cyFooter = MapUnits(m_hWnd, 14, 14, 0, 28).bottom;
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const int cxNeeded = (cx + cxGap) * nButtons + cxGap;
@@ -273,7 +276,7 @@ void GTaskDialog::MakeButtons()
 
 LRESULT GTaskDialog::OnInitDialog()
 {
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"TASKDIALOG"));
+    m_hTheme.Open(m_hWnd, L"TASKDIALOG");
     const HDC hdc = GetDC(m_hWnd);
     const int nSaved = SaveDC(hdc);
     // For a style whose panes have no font of their own.
@@ -311,7 +314,8 @@ void GTaskDialog::Draw(HDC hdc)
     DrawIcon(hdc, m_rcIcon.left, m_rcIcon.top, m_pConfig->hMainIcon);
     part(TDLG_SECONDARYPANEL, PlainPart::DialogFooter).DrawBackground(m_rcFooter);
     if (m_pszMainInstruction) {
-        // Measured with its lines broken at words, but drawn without: hosts rely on it.
+        // Fixed behaviour: measured with its lines broken at words, but drawn without. Broken lines would run
+        // into the text below where the style draws larger than it measures.
         part(TDLG_MAININSTRUCTIONPANE, PlainPart::DialogText)
             .DrawString(m_pszMainInstruction, 0, m_rcMainInstruction);
     }

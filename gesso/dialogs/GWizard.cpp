@@ -5,28 +5,21 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <utility>
 
 using gesso::DIALOG_BUTTON_STYLE;
 using gesso::MapUnits;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 
 namespace {
 
 constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN | WS_CAPTION | WS_SYSMENU | DS_CENTER |
                                DS_MODALFRAME | DS_SETFONT | DS_FIXEDSYS;
 static_assert(DIALOG_STYLE == 0x92C808C8);
-constexpr UINT DIALOG_WIDTH = 400;
-constexpr UINT DIALOG_HEIGHT = 300;
-constexpr int FOOTER_UNITS = 28;
-
-// Where the title stands in the header that Draw paints.
-constexpr int TITLE_LEFT = 48;
-constexpr int TITLE_TOP = 28;
-constexpr int TITLE_RIGHT_ROOM = 125;
-constexpr int TITLE_BOTTOM = 50;
-constexpr int TITLE_GLOW = 15;
 
 SIZE WindowSize(HWND hwnd)
 {
@@ -205,8 +198,8 @@ INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
     for (OwnedButton* pButton : {&m_pFinish, &m_pCancel, &m_pNext, &m_pBack}) {
         pButton->Reset();
     }
-    const gesso::EmptyDialogTemplate dialog(WS_EX_WINDOWEDGE, DIALOG_STYLE, DIALOG_WIDTH, DIALOG_HEIGHT,
-                                            Title());
+    const gesso::EmptyDialogTemplate dialog(WS_EX_WINDOWEDGE, DIALOG_STYLE, Metrics::WIZARD_WIDTH,
+                                            Metrics::WIZARD_HEIGHT, Title());
     return static_cast<int>(IsolationAwareDialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), dialog.Get(), hwndParent, DialogProc, reinterpret_cast<LPARAM>(this)));
 }
@@ -220,8 +213,8 @@ int GWizard::OnInitDialog()
 {
     const gesso::Lifeline life(*this);
     GetClientRect(m_hWnd, &m_rcClient);
-    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, FOOTER_UNITS).bottom;
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"AEROWIZARD"));
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
+    m_hTheme.Open(m_hWnd, L"AEROWIZARD");
     MakePages();
     if (life) {
         FitFirstPage(cyFooter);
@@ -276,7 +269,8 @@ void GWizard::FitFirstPage(int cyFooter)
 
 void GWizard::MakeButtons()
 {
-    const RECT rcUnits = MapUnits(m_hWnd, 50, 14, 4, 0);
+    const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_WIDTH, Metrics::DIALOG_BUTTON_HEIGHT,
+                                  Metrics::DIALOG_BUTTON_GAP, 0);
     const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
     const int y = m_rcFooter.top + ((m_rcFooter.bottom - m_rcFooter.top) >> 1) - (cy >> 1);
     const int xCancel = m_rcFooter.right - cxGap - cx;
@@ -303,18 +297,20 @@ LPCWSTR GWizard::Title() const
 void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
 {
     gesso::ThemeHandle hTheme;
-    hTheme.Reset(OpenThemeData(m_hWnd, L"CompositedWindow::Window"));
+    hTheme.Open(m_hWnd, L"CompositedWindow::Window");
     DTTOPTS options{};
     options.dwSize = sizeof(options);
     options.dwFlags = DTT_COMPOSITED | DTT_GLOWSIZE;
-    options.iGlowSize = TITLE_GLOW;
+    options.iGlowSize = Pixels(m_hWnd, Metrics::WIZARD_TITLE_GLOW);
     LOGFONTW font{};
     const HFONT hFont =
         SUCCEEDED(GetThemeSysFont(hTheme, TMT_CAPTIONFONT, &font)) ? CreateFontIndirectW(&font) : nullptr;
     {
         const gesso::SelectScope select(hdc, hFont);
-        RECT rc{rcClient.left + TITLE_LEFT, rcClient.top + TITLE_TOP, rcClient.right - TITLE_RIGHT_ROOM,
-                TITLE_BOTTOM};
+        RECT rc{rcClient.left + Pixels(m_hWnd, Metrics::WIZARD_TITLE_LEFT),
+                rcClient.top + Pixels(m_hWnd, Metrics::WIZARD_TITLE_TOP),
+                rcClient.right - Pixels(m_hWnd, Metrics::WIZARD_TITLE_RIGHT),
+                Pixels(m_hWnd, Metrics::WIZARD_TITLE_BOTTOM)};
         if (FAILED(DrawThemeTextEx(hTheme, hdc, 0, 0, Title(), -1, DT_WORD_ELLIPSIS, &rc, &options))) {
             const gesso::TransparentScope mode(hdc);
             DrawTextW(hdc, Title(), -1, &rc, DT_WORD_ELLIPSIS);

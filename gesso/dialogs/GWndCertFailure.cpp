@@ -64,15 +64,14 @@ void GWndCertFailure::Draw(HDC hdc)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
-    FillRect(hdc, &rcClient, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    const HDC hdcGradient = CreateCompatibleDC(hdc);
+    FillRect(hdc, &rcClient, gesso::DialogBrush());
     {
-        const gesso::SelectScope bitmap(hdcGradient, m_hGradient);
+        const gesso::MemoryContext gradient;
+        const gesso::SelectScope bitmap(gradient, m_hGradient);
         for (int y = 0; y < m_rcHeader.bottom; ++y) {
-            BitBlt(hdc, 0, y, m_rcHeader.right, 1, hdcGradient, 0, 0, SRCCOPY);
+            BitBlt(hdc, 0, y, m_rcHeader.right, 1, gradient, 0, 0, SRCCOPY);
         }
     }
-    DeleteDC(hdcGradient);
     gesso::ThemePart(m_hTheme, hdc, TDLG_SECONDARYPANEL, 0, gesso::PlainPart::DialogFooter)
         .DrawBackground(m_rcFooter);
     const int nSaved = SaveDC(hdc);
@@ -85,7 +84,7 @@ void GWndCertFailure::Draw(HDC hdc)
 void GWndCertFailure::DrawElements(HDC hdc) const
 {
     HFONT hFont = nullptr;
-    COLORREF cr = gesso::BLACK;
+    COLORREF cr = gesso::ColorOf(gesso::Color::CertText);
     for (UINT i = 0; i < m_aElements.GetLength(); ++i) {
         const auto& element = *static_cast<const CertElement*>(m_aElements[i]);
         if (element.uKind == gesso::KIND_ICON) {

@@ -8,10 +8,14 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Metrics.h>
 
 #include <algorithm>
 
-using gesso::BLACK;
+using gesso::Color;
+using gesso::ColorOf;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 using gesso::CHECKBOX_ID;
 using gesso::KIND_ICON;
 using gesso::KIND_TEXT;
@@ -25,9 +29,8 @@ struct GWndCertFailure::Layout
     HDC hdc;
     HFONT hFontHeader, hFontDialog;
     const gesso::CertSeverity& severity;
-    int cxMargin, cxGap, cyGap; // 7, 5 and 10 dialog units
-    SIZE icon{GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)};
-    SIZE smallIcon{GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)};
+    int cxMargin, cxGap, cyGap;
+    SIZE icon, smallIcon;
     int cyIconShift = 0; // centres a small icon on a line of text
     int xLimit = 0;      // the right limit of all text
     int xWidest = 0;     // the right edge of the widest text so far
@@ -48,8 +51,6 @@ struct GWndCertFailure::Layout
 namespace {
 
 constexpr WORD SUBJECT_ICON = 139;
-constexpr int HEADER_FONT_HEIGHT = -16;
-constexpr int HEADER_MARGIN = 3;
 constexpr int HEADER_COLUMNS = 48;
 constexpr int BODY_COLUMNS = 58;
 constexpr DWORD CHECKBOX_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_VCENTER;
@@ -60,10 +61,16 @@ const gesso::CertSeverity& SeverityOf(const GWNDCERTFAILURECONFIG& config)
     return SEVERITIES[std::min<size_t>(config.dwType, std::size(SEVERITIES) - 1)];
 }
 
-HFONT MakeHeaderFont()
+HFONT MakeHeaderFont(HWND hwnd)
 {
-    return CreateFontW(HEADER_FONT_HEIGHT, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                       CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH, L"Segoe UI");
+    return CreateFontW(-Pixels(hwnd, Metrics::CERT_HEADER_FONT), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET,
+                       OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH,
+                       L"Segoe UI");
+}
+
+SIZE IconSize(HWND hwnd, int nWidthIndex, int nHeightIndex)
+{
+    return {gesso::SystemMetric(hwnd, nWidthIndex), gesso::SystemMetric(hwnd, nHeightIndex)};
 }
 
 TEXTMETRICW MetricsOf(HDC hdc, HFONT hFont)
@@ -106,20 +113,22 @@ void GWndCertFailure::AddIcon(HICON hIcon, int x, int y)
 
 int GWndCertFailure::OnInitDialog()
 {
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"TASKDIALOG"));
+    m_hTheme.Open(m_hWnd, L"TASKDIALOG");
     SetWindowTextW(m_hWnd, gesso::TextOrEmpty(m_pConfig->pszCaption));
     const HDC hdc = GetDC(m_hWnd);
     const int nSaved = SaveDC(hdc);
-    const HFONT hFontHeader = MakeHeaderFont();
+    const HFONT hFontHeader = MakeHeaderFont(m_hWnd);
     m_aFonts.Add(hFontHeader);
-    const RECT rcUnits = MapUnits(m_hWnd, 7, 7, 5, 10);
+    const RECT rcUnits = MapUnits(m_hWnd, Metrics::CERT_MARGIN, 0, Metrics::CERT_GAP_X, Metrics::CERT_GAP_Y);
     Layout layout{.hdc = hdc,
                   .hFontHeader = hFontHeader,
                   .hFontDialog = gesso::FontOf(m_hWnd),
                   .severity = SeverityOf(*m_pConfig),
                   .cxMargin = rcUnits.left,
                   .cxGap = rcUnits.right,
-                  .cyGap = rcUnits.bottom};
+                  .cyGap = rcUnits.bottom,
+                  .icon = IconSize(m_hWnd, SM_CXICON, SM_CYICON),
+                  .smallIcon = IconSize(m_hWnd, SM_CXSMICON, SM_CYSMICON)};
     PlaceHeader(layout);
     PlaceSubject(layout);
     PlaceFailures(layout);
@@ -145,16 +154,18 @@ void GWndCertFailure::PlaceHeader(Layout& layout)
     layout.xLimit = std::max<int>(BODY_COLUMNS * body.tmAveCharWidth,
                                   layout.cxGap + layout.icon.cx + HEADER_COLUMNS * head.tmAveCharWidth) +
                     layout.cxMargin;
-    m_rcHeader = MapUnits(m_hWnd, 0, 0, 0, 30);
-    RECT rc = layout.Measure(layout.hFontHeader, layout.severity.pszHeader,
-                             MapUnits(m_hWnd, 9, 0, 0, 0).left + layout.icon.cx, 0);
-    if (rc.bottom + 5 < m_rcHeader.bottom) {
+    m_rcHeader = MapUnits(m_hWnd, 0, 0, 0, Metrics::CERT_HEADER_HEIGHT);
+    RECT rc =
+        layout.Measure(layout.hFontHeader, layout.severity.pszHeader,
+                       MapUnits(m_hWnd, Metrics::CERT_HEADER_TEXT_LEFT, 0, 0, 0).left + layout.icon.cx, 0);
+    if (rc.bottom + Pixels(m_hWnd, Metrics::CERT_HEADER_ROOM) < m_rcHeader.bottom) {
         OffsetRect(&rc, 0, (m_rcHeader.bottom - rc.bottom) / 2);
     } else {
-        OffsetRect(&rc, 0, HEADER_MARGIN);
-        m_rcHeader.bottom = rc.bottom + HEADER_MARGIN;
+        const int cyMargin = Pixels(m_hWnd, Metrics::CERT_HEADER_MARGIN);
+        OffsetRect(&rc, 0, cyMargin);
+        m_rcHeader.bottom = rc.bottom + cyMargin;
     }
-    AddText(layout.hFontHeader, layout.severity.crText, layout.severity.pszHeader, rc);
+    AddText(layout.hFontHeader, ColorOf(layout.severity.text), layout.severity.pszHeader, rc);
     AddIcon(LoadKeptIcon(layout.severity.wHeaderIcon, layout.icon.cx, layout.icon.cy), layout.cxGap,
             (m_rcHeader.bottom - layout.icon.cy) / 2);
     layout.y = m_rcHeader.bottom + layout.cyGap;
@@ -168,10 +179,10 @@ void GWndCertFailure::PlaceSubject(Layout& layout)
     const LPCWSTR pszSubject = gesso::TextOrEmpty(m_pConfig->pszSubject);
     RECT rc =
         layout.Measure(layout.hFontDialog, pszSubject, layout.smallIcon.cx + 4 * layout.cxGap, layout.y);
-    AddText(layout.hFontDialog, BLACK, pszSubject, rc);
+    AddText(layout.hFontDialog, ColorOf(Color::CertText), pszSubject, rc);
     rc = layout.Measure(layout.hFontDialog, layout.severity.pszStatus, layout.cxMargin,
                         rc.bottom + layout.cyGap);
-    AddText(layout.hFontDialog, BLACK, layout.severity.pszStatus, rc);
+    AddText(layout.hFontDialog, ColorOf(Color::CertText), layout.severity.pszStatus, rc);
     layout.y = rc.bottom + layout.cyGap;
 }
 
@@ -187,7 +198,7 @@ void GWndCertFailure::PlaceFailures(Layout& layout)
         const LPCWSTR pszLine = gesso::FAILURE_TEXTS[i];
         const RECT rc =
             layout.Measure(layout.hFontDialog, pszLine, layout.smallIcon.cx + 5 * layout.cxGap, layout.y);
-        AddText(layout.hFontDialog, BLACK, pszLine, rc);
+        AddText(layout.hFontDialog, ColorOf(Color::CertText), pszLine, rc);
         layout.y = rc.bottom + layout.cyGap / 2;
         yEnd = rc.bottom + layout.cyGap;
     }
@@ -198,7 +209,7 @@ void GWndCertFailure::PlaceQuestion(Layout& layout)
 {
     RECT rc =
         layout.Measure(layout.hFontDialog, gesso::QUESTION_TEXT, layout.cxMargin, layout.y + layout.cyGap);
-    AddText(layout.hFontDialog, BLACK, gesso::QUESTION_TEXT, rc);
+    AddText(layout.hFontDialog, ColorOf(Color::CertText), gesso::QUESTION_TEXT, rc);
     layout.y = rc.bottom + layout.cyGap;
     rc = layout.Measure(layout.hFontDialog, gesso::DONT_ASK_TEXT, layout.cxMargin, layout.y + layout.cyGap);
     layout.xWidest = std::max<int>(layout.xWidest, rc.right + 2 * layout.cxGap);
@@ -218,9 +229,10 @@ GButton* GWndCertFailure::MakeButton(int x, int y, int cx, int cy, int nId, LPCW
 
 void GWndCertFailure::PlaceButtons(Layout& layout)
 {
-    const RECT rcUnits = MapUnits(m_hWnd, 50, 14, 4, 28);
+    const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_WIDTH, Metrics::DIALOG_BUTTON_HEIGHT,
+                                  Metrics::DIALOG_BUTTON_GAP, Metrics::DIALOG_FOOTER_HEIGHT);
     const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
-    const int cxShow = MapUnits(m_hWnd, 80, 0, 0, 0).left;
+    const int cxShow = MapUnits(m_hWnd, Metrics::CERT_SHOW_WIDTH, 0, 0, 0).left;
     layout.cyFooter = rcUnits.bottom;
     const int y = (layout.cyFooter - cy) / 2 + layout.y;
     const bool fAsks = m_pConfig->dwType != CFT_INVALID;
@@ -263,7 +275,7 @@ void GWndCertFailure::MakeGradient()
     auto* pPixels = static_cast<DWORD*>(pBits);
     for (int x = 0; pPixels && x < cx; ++x) {
         const auto blend = [&](int nShift) {
-            return Blend(severity.crLeft, severity.crRight, nShift, x, std::max(cx - 1, 1));
+            return Blend(ColorOf(severity.left), ColorOf(severity.right), nShift, x, std::max(cx - 1, 1));
         };
         // A COLORREF has red lowest, a pixel blue.
         pPixels[x] = blend(0) << 16 | blend(8) << 8 | blend(16);

@@ -11,6 +11,29 @@ enum class Color
     LayoutOverlay,     // the outlines that a debug build shows over a control
     FieldText,         // of edit fields and combo boxes
     FieldDisabledText, // of an edit field that is disabled
+
+    // Ribbon
+    RibbonActiveLine, // the outline of the active tab, and the base line
+    RibbonActiveFill, // the active tab
+    RibbonHotLine,    // the outline of the tab under the pointer
+    RibbonHotFill,    // that tab
+    RibbonPageLine,   // between groups
+    RibbonGroupTitle,
+    RibbonAfterPage, // what a page leaves in its context
+    ValueMenuFill,
+    ValueMenuHotFill, // the row under the pointer
+
+    // Dialogs
+    CertText,       // of the body
+    CertSecureText, // of the header; Left and Right are the ends of its gradient
+    CertSecureLeft,
+    CertSecureRight,
+    CertUntrustedText,
+    CertUntrustedLeft,
+    CertUntrustedRight,
+    CertInvalidText,
+    CertInvalidLeft,
+    CertInvalidRight,
 };
 
 COLORREF ColorOf(Color color);

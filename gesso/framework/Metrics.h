@@ -47,6 +47,77 @@ inline constexpr Measure SCROLLBAR_SMALLEST_THUMB{22};
 // --- Trees
 inline constexpr Measure TREE_ITEM_HEIGHT{20};
 
+// --- Ribbon
+inline constexpr Measure RIBBON_TAB_FONT{14}; // the heights of the fonts
+inline constexpr Measure RIBBON_PAGE_FONT{12};
+inline constexpr Measure RIBBON_TAB_MARGIN{25}; // on each side of a title
+inline constexpr Measure RIBBON_TAB_GAP{2};
+inline constexpr Measure RIBBON_TAB_TEXT_BOTTOM{24};
+inline constexpr Measure RIBBON_TAB_BASE_LINE{25};
+inline constexpr Measure RIBBON_PAGE_TOP{26}; // what is above belongs to the tabs
+inline constexpr Measure RIBBON_SMALL_IMAGE{16};
+inline constexpr Measure RIBBON_LARGE_IMAGE{32};
+// The sizes of items and groups.
+inline constexpr Measure RIBBON_EMPTY_GROUP_WIDTH{40};
+inline constexpr Measure RIBBON_GROUP_MARGINS{10};
+inline constexpr Measure RIBBON_ROW_HEIGHT{22};
+inline constexpr Measure RIBBON_COLUMN_HEIGHT{66};
+inline constexpr Measure RIBBON_SMALL_WIDTH{22};
+inline constexpr Measure RIBBON_MEDIUM_IMAGE_ROOM{22}; // the image with its margins
+inline constexpr Measure RIBBON_TEXT_MARGIN{3};
+inline constexpr Measure RIBBON_LARGE_TEXT_WIDTH{40}; // up to here a large button's text stays in one line
+inline constexpr Measure RIBBON_LARGE_MARGINS{6};
+inline constexpr Measure RIBBON_CHECK_MARGINS{11};
+// Where items are drawn and hit, from their rectangles.
+inline constexpr Measure RIBBON_HIT_OFFSET{4};
+inline constexpr Measure RIBBON_FACE_LEFT_TOP{3};
+inline constexpr Measure RIBBON_FACE_RIGHT_BOTTOM{5};
+inline constexpr Measure RIBBON_CONTENT{7};      // image and text, from the left and the top
+inline constexpr Measure RIBBON_MEDIUM_TEXT{26}; // the text beside an image, from the left
+inline constexpr Measure RIBBON_LARGE_IMAGE_SHIFT{4};
+inline constexpr Measure RIBBON_LARGE_TEXT{10}; // from the top, without an image and under one
+inline constexpr Measure RIBBON_LARGE_TEXT_UNDER_IMAGE{42};
+inline constexpr Measure RIBBON_BOX_LEFT{8};
+inline constexpr Measure RIBBON_BOX_TOP{5};
+inline constexpr Measure RIBBON_BOX_BOTTOM{3}; // beyond the item's
+inline constexpr Measure RIBBON_BOX_GAP{3};    // from the box to the text
+// A group's line, from the page's top and the window's bottom, and its title, from the bottom.
+inline constexpr Measure RIBBON_LINE_TOP{2};
+inline constexpr Measure RIBBON_LINE_BOTTOM{4};
+inline constexpr Measure RIBBON_TITLE_TOP{22};
+// The value menu.
+inline constexpr Measure VALUE_MENU_ROW_HEIGHT{20};
+inline constexpr Measure VALUE_MENU_INDENT{5};
+
+// --- Dialogs
+inline constexpr Measure WIZARD_TITLE_LEFT{48};
+inline constexpr Measure WIZARD_TITLE_TOP{28};
+inline constexpr Measure WIZARD_TITLE_RIGHT{125}; // from the right
+inline constexpr Measure WIZARD_TITLE_BOTTOM{50};
+inline constexpr Measure WIZARD_TITLE_GLOW{15};
+inline constexpr Measure CERT_HEADER_FONT{16}; // the height of the font
+inline constexpr Measure CERT_HEADER_MARGIN{3};
+inline constexpr Measure CERT_HEADER_ROOM{5}; // with less above and below it the header's text has the margin
+// In dialog units, which follow the dialog's font.
+inline constexpr int DIALOG_BUTTON_WIDTH = 50;
+inline constexpr int DIALOG_BUTTON_HEIGHT = 14;
+inline constexpr int DIALOG_BUTTON_GAP = 4;
+inline constexpr int DIALOG_FOOTER_HEIGHT = 28;
+inline constexpr int TASK_DIALOG_WIDTH = 100; // before its texts widen it
+inline constexpr int TASK_DIALOG_HEIGHT = 65;
+inline constexpr int TASK_DIALOG_ICON = 6; // from the left and the top
+inline constexpr int TASK_DIALOG_TEXT_LEFT = 35;
+inline constexpr int TASK_DIALOG_TEXT_TOP = 7;
+inline constexpr int TASK_DIALOG_TEXT_GAP = 10;
+inline constexpr int WIZARD_WIDTH = 400; // before its first page sizes it
+inline constexpr int WIZARD_HEIGHT = 300;
+inline constexpr int CERT_MARGIN = 7;
+inline constexpr int CERT_GAP_X = 5;
+inline constexpr int CERT_GAP_Y = 10;
+inline constexpr int CERT_HEADER_HEIGHT = 30;
+inline constexpr int CERT_HEADER_TEXT_LEFT = 9; // beside the icon
+inline constexpr int CERT_SHOW_WIDTH = 80;
+
 } // namespace Metrics
 
 } // namespace gesso

@@ -1,30 +1,27 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
 #include <gesso/ribbon/RibbonImages.h>
 
+using gesso::Color;
+using gesso::ColorOf;
 using gesso::Frame;
+namespace Metrics = gesso::Metrics;
 
 constinit ATOM GRibbon::s_aClass = 0;
 
 namespace {
 
-constexpr COLORREF CR_ACTIVE_LINE = 0xDBDBDB;
-constexpr COLORREF CR_ACTIVE_FILL = 0xF6F6F6;
-constexpr COLORREF CR_HOT_LINE = 0xEBEBEB;
-constexpr COLORREF CR_HOT_FILL = 0xFDFDFD;
-constexpr COLORREF CR_PAGE_LINE = 0xE4E4E4;
-constexpr int HEIGHT_TAB_FONT = -14;
-constexpr int HEIGHT_PAGE_FONT = -12;
-
-HFONT MakeFont(int nHeight)
+HFONT MakeFont(HWND hwnd, gesso::Measure height)
 {
-    return CreateFontW(nHeight, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Calibri");
+    return CreateFontW(-gesso::Pixels(hwnd, height), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Calibri");
 }
 
 HPEN MakePen(COLORREF cr)
@@ -56,10 +53,11 @@ ATOM GRibbon::IsolationAwareRegisterClassW()
 // --- Coming to life and going
 
 GRibbon::GRibbon()
-    : m_crActiveLine(CR_ACTIVE_LINE), m_crActiveFill(CR_ACTIVE_FILL), m_crHotLine(CR_HOT_LINE),
-      m_crHotFill(CR_HOT_FILL), m_crPageLine(CR_PAGE_LINE)
+    : m_crActiveLine(ColorOf(Color::RibbonActiveLine)), m_crActiveFill(ColorOf(Color::RibbonActiveFill)),
+      m_crHotLine(ColorOf(Color::RibbonHotLine)), m_crHotFill(ColorOf(Color::RibbonHotFill)),
+      m_crPageLine(ColorOf(Color::RibbonPageLine))
 {
-    m_hTabFont.Reset(MakeFont(HEIGHT_TAB_FONT));
+    m_hTabFont.Reset(MakeFont(nullptr, Metrics::RIBBON_TAB_FONT));
 }
 
 GRibbon::GRibbon(UINT uTemplate) : m_template(LOWORD(uTemplate)) {}
@@ -236,13 +234,13 @@ UINT GRibbon::MeasureTitle(LPCWSTR pszTitle) const
 
 LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = Frame::FIRST_STATE;
+    Frame::SetState(*this, Frame::FIRST_STATE);
     m_hActivePen.Reset(MakePen(m_crActiveLine));
     m_hActiveBrush.Reset(CreateSolidBrush(m_crActiveFill));
     m_hHotPen.Reset(MakePen(m_crHotLine));
     m_hHotBrush.Reset(CreateSolidBrush(m_crHotFill));
     m_hPagePen.Reset(MakePen(m_crPageLine));
-    m_hPageFont.Reset(MakeFont(HEIGHT_PAGE_FONT));
+    m_hPageFont.Reset(MakeFont(m_hWnd, Metrics::RIBBON_PAGE_FONT));
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         m_aTabs[i].pPage->Create(this);
     }
@@ -297,7 +295,8 @@ LRESULT GRibbon::OnMouseMove(WPARAM wKeys, POINTS pt)
     Frame::TrackLeave(*this);
     const UINT nHit = HitTest(pt);
     if (nHit != m_nHot) {
-        // The active tab never becomes hot, so that each move over it repaints: hosts rely on it.
+        // Fixed behaviour: the active tab never becomes hot, so that each move over it repaints. Without that
+        // a page that follows the pointer would show what was under it before.
         m_nHot = nHit == m_nActive ? RIBBON_NONE : nHit;
         Invalidate(0);
     }
@@ -329,25 +328,24 @@ LRESULT GRibbon::OnCaptureChanged(HWND hwndNew)
 
 LRESULT CALLBACK GRibbon::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pRibbon = Frame::ObjectOf<GRibbon>(hwnd);
-    if (!pRibbon) {
-        return uMsg == WM_CREATE ? Frame::Attach<GRibbon>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GRibbon& ribbon = *pRibbon;
+    return Frame::Route<GRibbon>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GRibbon::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return ribbon.OnDestroy();
-    case WM_PAINT: return gesso::PaintControl(ribbon, hwnd);
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(ribbon, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_DESTROY: return OnDestroy();
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    case WM_WINDOWPOSCHANGED: return ribbon.OnWindowPosChanged();
+    case WM_WINDOWPOSCHANGED: return OnWindowPosChanged();
     case WM_COMMAND:
-    case WM_NOTIFY: return PassToParent(hwnd, uMsg, wParam, lParam);
-    case WM_LBUTTONDOWN: return ribbon.OnLButtonDown(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONUP: return ribbon.OnLButtonUp(wParam, gesso::PointOf(lParam));
-    case WM_MOUSEMOVE: return ribbon.OnMouseMove(wParam, gesso::PointOf(lParam));
-    case WM_MOUSELEAVE: return ribbon.OnMouseLeave();
-    case WM_CAPTURECHANGED: return ribbon.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_NOTIFY: return PassToParent(m_hWnd, uMsg, wParam, lParam);
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

@@ -40,9 +40,10 @@ class GESSO_API GRibbon : public GWnd
 {
 public:
     GRibbon();
-    // With images from a template, named by number or by a text that must live until Create. Unlike the
-    // default constructor these prepare no font and no colours: text is measured and drawn in the context's
-    // own font, and lines and fills are black, unless a subclass sets them. Hosts rely on it.
+    // With images from a template, named by number or by a text that must live until Create.
+    // Fixed behaviour: unlike the default constructor these prepare no font and no colours: text is measured
+    // and drawn in the context's own font, and lines and fills are black, unless a subclass sets them.
+    // Prepared ones would change the pixels and the tabs' widths of hosts that use them.
     explicit GRibbon(UINT uTemplate);
     explicit GRibbon(LPCWSTR pszTemplate);
     GRibbon(const GRibbon& other) = default;
@@ -57,9 +58,10 @@ public:
     // DestroyWindow. The pages stay. Returns 0 without a window.
     virtual int Destroy();
     // Adds a visible tab behind the others, and repaints. A given page, from new, belongs to the ribbon from
-    // now on; an id other than 0 becomes its id. A given title only sets the tab's width, and the page keeps
-    // its own: hosts rely on it. Without a page, MakePage makes one with the id and the title. Returns the
-    // tab's index, or RIBBON_NONE where MakePage made no page.
+    // now on; an id other than 0 becomes its id. Without a page, MakePage makes one with the id and the
+    // title. Returns the tab's index, or RIBBON_NONE where MakePage made no page. Fixed behaviour: with a
+    // page, a title only sets the tab's width, and the page keeps its own; a host that asks for room this way
+    // would find its tabs renamed.
     virtual UINT AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle);
     // Takes the page out and repaints; it belongs to the caller again, who deletes it. A page that is not in
     // the ribbon is ignored. Where no tab is left behind the active one's place, the last becomes active.
@@ -123,6 +125,7 @@ protected:
 private:
     friend class gesso::Frame;
     friend class GRibbonPage;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     static void DeletePage(GRibbonPage* pPage);
     bool IsVisible(UINT nIndex) const;
     UINT IndexOf(const GRibbonPage* pPage) const;

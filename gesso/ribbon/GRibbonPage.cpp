@@ -3,8 +3,8 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/ribbon/GRibbonPage.h>
-#include <gesso/ribbon/RibbonMetrics.h>
 
 #include <algorithm>
 
@@ -65,7 +65,7 @@ void GRibbonPage::Create(GRibbon* pRibbon)
     m_hwndRibbon = pRibbon->GetHwnd();
     pRibbon->GetPageDrawInfo(&m_hBrush, &m_hPen, &m_hGroupFont);
     m_hwndTarget = pRibbon->GetParent();
-    m_hTheme.Reset(OpenThemeData(m_hwndRibbon, THEME_CLASS));
+    m_hTheme.Open(m_hwndRibbon, THEME_CLASS);
     m_uState = 0;
 }
 
@@ -105,8 +105,8 @@ int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT
 {
     const UINT nCount = m_aGroups.GetLength();
     const UINT nIndex = dwAfterId ? std::min(IndexOfId(m_aGroups, dwAfterId) + 1, nCount) : 0;
-    m_aGroups.InsertAt(
-        nIndex, Group{dwId, gesso::StringOf(pszTitle), {}, 0, gesso::EMPTY_GROUP_WIDTH, uFixedWidth, 0});
+    const int nWidth = gesso::Pixels(RibbonWindow(), gesso::Metrics::RIBBON_EMPTY_GROUP_WIDTH);
+    m_aGroups.InsertAt(nIndex, Group{dwId, gesso::StringOf(pszTitle), {}, 0, nWidth, uFixedWidth, 0});
     RecalcWidth();
     return 1;
 }
@@ -258,7 +258,8 @@ void GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
     }
 }
 
-// Of several sizes only the last is used, and a single one is not kept: hosts rely on it.
+// Fixed behaviour: of several sizes only the last is used, and a single one is not kept. To use the first
+// would change every item that names several, and a kept one would be told by GetItemInfo.
 void GRibbonPage::TakeOptions(Item& item, const ItemInfo& info)
 {
     const int nOptions = info.puOptions ? info.nOptions : 0;

@@ -130,9 +130,10 @@ public:
     // Returns 1.
     virtual int InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT uFixedWidth);
     virtual void SetGroupName(DWORD dwId, LPCWSTR pszTitle);
-    // Removes a group with its items. The groups behind it stay where they are until the next change of an
-    // item or RecalcWidth: hosts rely on it. Pointers from GetItemInfo stay good until the page goes. Returns
-    // 0 if there is no such group, else 1.
+    // Removes a group with its items. Pointers from GetItemInfo stay good until the page goes. Returns 0 if
+    // there is no such group, else 1.
+    // Fixed behaviour: the groups behind it stay where they are until the next change of an item or
+    // RecalcWidth. A host that removes a group to insert another would see its own windows jump twice.
     virtual int RemoveGroup(DWORD dwId);
 
     // Inserts an item before the one with dwBeforeId, or at the end of the group where there is none such.

@@ -1,27 +1,32 @@
 #include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/ribbon/GRibbonPageWatch.h>
-#include <gesso/ribbon/RibbonMetrics.h>
+#include <gesso/ribbon/ItemCode.h>
 
-using gesso::PAGE_TOP;
+using gesso::Color;
+using gesso::ColorOf;
+using gesso::Measure;
+using gesso::Pixels;
 using gesso::PlainPart;
 using gesso::ThemePart;
 using Group = GRibbonPage::Group;
 using Item = GRibbonPage::Item;
+namespace Metrics = gesso::Metrics;
 
 namespace {
 
-constexpr COLORREF CR_TITLE = 0x767676;
-constexpr int CX_SMALL = 16;
-constexpr int CX_LARGE = 32;
-// A checked box is drawn one state beyond that of its plain counterpart: hosts rely on it.
+// Fixed behaviour: a checked box is drawn one state beyond that of its plain counterpart, which the style
+// draws hot where nothing is under the pointer. The counterpart itself would look unlike every ribbon so far.
 constexpr int CHECKED_STATES = 5;
 
 // Draws items of one page into one context, in the font that is selected there. Each rectangle is the item's,
 // with x in the ribbon.
 struct ItemPainter
 {
+    HWND hwnd; // the ribbon's
     HDC hdc;
     HTHEME hTheme;
     HIMAGELIST hLargeImages;
@@ -36,11 +41,20 @@ struct ItemPainter
         }
     }
 
+    int At(Measure measure) const { return Pixels(hwnd, measure); }
+
+    // Where a text ends in its item: one pixel beyond it.
+    RECT TextRoom(const RECT& rc, int left, int top) const
+    {
+        return {left, top, rc.right + 1, rc.bottom + 1};
+    }
+
     void DrawButton(const Item& item, const RECT& rc, int nState) const
     {
         const ThemePart part(hTheme, hdc, BP_PUSHBUTTON, nState, PlainPart::PushButton);
         if (nState > PBS_NORMAL) {
-            part.DrawBackground({rc.left + 3, rc.top + 3, rc.right + 5, rc.bottom + 5});
+            const int nNear = At(Metrics::RIBBON_FACE_LEFT_TOP), nFar = At(Metrics::RIBBON_FACE_RIGHT_BOTTOM);
+            part.DrawBackground({rc.left + nNear, rc.top + nNear, rc.right + nFar, rc.bottom + nFar});
         }
         switch (item.wSize) {
         case RIS_SMALL: return DrawSmallImage(item, rc);
@@ -53,20 +67,22 @@ struct ItemPainter
     void DrawMedium(const ThemePart& part, const Item& item, const RECT& rc) const
     {
         DrawSmallImage(item, rc);
-        const int nTextLeft = rc.left + (item.nImage == -1 ? 7 : 26);
-        DrawItemText(part, item, {nTextLeft, rc.top + 7, rc.right + 1, rc.bottom + 1},
+        const int nTextLeft =
+            rc.left + At(item.nImage == -1 ? Metrics::RIBBON_CONTENT : Metrics::RIBBON_MEDIUM_TEXT);
+        DrawItemText(part, item, TextRoom(rc, nTextLeft, rc.top + At(Metrics::RIBBON_CONTENT)),
                      DT_VCENTER | DT_SINGLELINE);
     }
 
     void DrawLarge(const ThemePart& part, const Item& item, const RECT& rc) const
     {
-        int nTextTop = rc.top + 10;
+        int nTextTop = rc.top + At(Metrics::RIBBON_LARGE_TEXT);
         if (item.nImage != -1) {
-            const int x = (rc.right - rc.left - CX_LARGE) / 2 + rc.left + 4;
-            DrawImage(hLargeImages, item.nImage, x, rc.top + 7, CX_LARGE);
-            nTextTop = rc.top + 42;
+            const int cx = At(Metrics::RIBBON_LARGE_IMAGE);
+            const int x = (rc.right - rc.left - cx) / 2 + rc.left + At(Metrics::RIBBON_LARGE_IMAGE_SHIFT);
+            DrawImage(hLargeImages, item.nImage, x, rc.top + At(Metrics::RIBBON_CONTENT), cx);
+            nTextTop = rc.top + At(Metrics::RIBBON_LARGE_TEXT_UNDER_IMAGE);
         }
-        DrawItemText(part, item, {rc.left + 7, nTextTop, rc.right + 1, rc.bottom + 1},
+        DrawItemText(part, item, TextRoom(rc, rc.left + At(Metrics::RIBBON_CONTENT), nTextTop),
                      DT_CENTER | DT_WORDBREAK);
     }
 
@@ -74,16 +90,21 @@ struct ItemPainter
     {
         const int nBoxState = nState + (item.uFlags & RIF_CHECKED ? CHECKED_STATES : 0);
         const ThemePart part(hTheme, hdc, BP_CHECKBOX, nBoxState, PlainPart::CheckBox);
-        const RECT rcBox{rc.left + 8, rc.top + 5, rc.left + 8 + part.Size(nullptr).cx, rc.bottom + 3};
+        const int nLeft = rc.left + At(Metrics::RIBBON_BOX_LEFT);
+        const RECT rcBox{nLeft, rc.top + At(Metrics::RIBBON_BOX_TOP), nLeft + part.Size(nullptr).cx,
+                         rc.bottom + At(Metrics::RIBBON_BOX_BOTTOM)};
         part.DrawBackground(rcBox);
-        DrawItemText(part, item, {rcBox.right + 3, rc.top + 7, rc.right + 1, rc.bottom + 1},
+        const int nTextLeft = rcBox.right + At(Metrics::RIBBON_BOX_GAP);
+        DrawItemText(part, item, TextRoom(rc, nTextLeft, rc.top + At(Metrics::RIBBON_CONTENT)),
                      DT_VCENTER | DT_SINGLELINE);
     }
 
     void DrawSmallImage(const Item& item, const RECT& rc) const
     {
         if (item.nImage != -1) {
-            DrawImage(hSmallImages, item.nImage, rc.left + 7, rc.top + 7, CX_SMALL);
+            const int nContent = At(Metrics::RIBBON_CONTENT);
+            DrawImage(hSmallImages, item.nImage, rc.left + nContent, rc.top + nContent,
+                      At(Metrics::RIBBON_SMALL_IMAGE));
         }
     }
 
@@ -101,11 +122,13 @@ struct ItemPainter
 };
 
 // The group's title, and the line behind the group.
-void DrawGroupFrame(HDC hdc, const Group& group, int nTitleLeft, int nClientBottom)
+void DrawGroupFrame(HWND hwnd, HDC hdc, const Group& group, int nTitleLeft, int nClientBottom)
 {
-    MoveToEx(hdc, group.nRight, PAGE_TOP + 2, nullptr);
-    LineTo(hdc, group.nRight, nClientBottom - 4);
-    RECT rcTitle{nTitleLeft, nClientBottom - 22, group.nRight, nClientBottom - 1};
+    const int nLineTop = Pixels(hwnd, Metrics::RIBBON_PAGE_TOP) + Pixels(hwnd, Metrics::RIBBON_LINE_TOP);
+    MoveToEx(hdc, group.nRight, nLineTop, nullptr);
+    LineTo(hdc, group.nRight, nClientBottom - Pixels(hwnd, Metrics::RIBBON_LINE_BOTTOM));
+    const int nTitleTop = nClientBottom - Pixels(hwnd, Metrics::RIBBON_TITLE_TOP);
+    RECT rcTitle{nTitleLeft, nTitleTop, group.nRight, nClientBottom - 1};
     DrawTextW(hdc, group.strTitle, -1, &rcTitle, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
@@ -120,7 +143,7 @@ void GRibbonPage::Draw(HDC hdc)
     RECT rc{};
     GetClientRect(hwnd, &rc);
     const gesso::TransparentScope mode(hdc);
-    RECT rcPage{0, PAGE_TOP, rc.right, rc.bottom - 1};
+    RECT rcPage{0, Pixels(hwnd, Metrics::RIBBON_PAGE_TOP), rc.right, rc.bottom - 1};
     const Watch watch(*this);
     DrawThemeParentBackground(hwnd, hdc, &rcPage);
     if (!watch.IsAlive()) {
@@ -128,22 +151,24 @@ void GRibbonPage::Draw(HDC hdc)
     }
     const gesso::SelectScope pen(hdc, m_hPen);
     const gesso::SelectScope font(hdc, m_hGroupFont);
-    SetTextColor(hdc, CR_TITLE);
+    SetTextColor(hdc, ColorOf(Color::RibbonGroupTitle));
     int nLeft = 0;
     for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
-        DrawGroupFrame(hdc, m_aGroups[i], nLeft, rc.bottom);
+        DrawGroupFrame(hwnd, hdc, m_aGroups[i], nLeft, rc.bottom);
         if (!m_aGroups[i].uFixedWidth) {
             DrawItems(hdc, i);
         }
         nLeft = m_aGroups[i].nRight;
     }
-    // Black afterwards, whatever it was before: hosts rely on it.
-    SetTextColor(hdc, 0);
+    // Fixed behaviour: black afterwards, whatever it was before. What a host draws next into the context
+    // would come out in the colour of the titles, or of its own text before.
+    SetTextColor(hdc, ColorOf(Color::RibbonAfterPage));
 }
 
 void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
 {
-    const ItemPainter painter{hdc, m_hTheme, m_pRibbon->m_hLargeImages, m_pRibbon->m_hSmallImages};
+    const ItemPainter painter{RibbonWindow(), hdc, m_hTheme, m_pRibbon->m_hLargeImages,
+                              m_pRibbon->m_hSmallImages};
     // Once for all of them: a switch of fonts can cost more than the text.
     const gesso::SelectScope font(hdc, m_hItemFont);
     const Group& group = m_aGroups[nGroup];

@@ -84,7 +84,8 @@ GRibbonPage::Item* GRibbonPage::ItemOfCode(UINT uItem)
     return &m_aGroups[nGroup].aItems[nItem];
 }
 
-// The hot item stays as it is until the next move: hosts rely on it.
+// Fixed behaviour: the hot item stays as it is until the next move. The item that a click opened something
+// over would otherwise lose its highlight while that is open.
 LRESULT GRibbonPage::OnMouseLeave()
 {
     m_uState &= ~(GWS_HOT | GWS_TRACKING);

@@ -1,30 +1,22 @@
 // Where groups and items stand, and what is at a point.
 
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/ribbon/GRibbonPage.h>
-#include <gesso/ribbon/RibbonMetrics.h>
+#include <gesso/ribbon/ItemCode.h>
 
 #include <algorithm>
 
-using gesso::PAGE_TOP;
+using gesso::Pixels;
 using gesso::PlainPart;
 using gesso::ThemePart;
 using Group = GRibbonPage::Group;
 using Item = GRibbonPage::Item;
+namespace Metrics = gesso::Metrics;
 
 namespace {
 
-constexpr int ROW_HEIGHT = 22;
-constexpr int COLUMN_HEIGHT = 66;
-constexpr int SMALL_WIDTH = 22;
-constexpr int MEDIUM_IMAGE = 22; // the image with its margins
-constexpr int TEXT_MARGIN = 3;
-constexpr int LARGE_TEXT_WIDTH = 40; // up to here a large button's text stays in one line
-constexpr int LARGE_MARGINS = 6;
-constexpr int CHECK_MARGINS = 11;
-constexpr int GROUP_MARGINS = 10;
-constexpr int HIT_OFFSET = 4; // items are hit so far right of and below their rectangle
 constexpr RECT MEASURE_BOUNDS{0, 0, 32000, 32000};
 
 int Length(LPCWSTR psz)
@@ -38,11 +30,11 @@ int TextWidth(const ThemePart& part, LPCWSTR psz, int nLength)
 }
 
 // The width of the best break into two lines, for a text that is wide enough for it.
-int LargeTextWidth(const ThemePart& part, LPCWSTR psz)
+int LargeTextWidth(HWND hwnd, const ThemePart& part, LPCWSTR psz)
 {
     const int nLength = Length(psz);
     int nBest = TextWidth(part, psz, nLength);
-    if (nBest <= LARGE_TEXT_WIDTH) {
+    if (nBest <= Pixels(hwnd, Metrics::RIBBON_LARGE_TEXT_WIDTH)) {
         return nBest;
     }
     for (int i = 1; i < nLength; i++) {
@@ -62,42 +54,58 @@ void SetSize(Item& item, int cx, int cy)
     item.nBottom = item.nTop + cy;
 }
 
-void MeasureButton(const ThemePart& part, LPCWSTR pszText, Item& item)
+// What the items of a page measure; hwnd is the ribbon's window.
+struct ItemMeasurer
 {
-    switch (item.wSize) {
-    case RIS_SMALL: return SetSize(item, SMALL_WIDTH, ROW_HEIGHT);
-    case RIS_MEDIUM: {
-        const int nImage = item.nImage == -1 ? TEXT_MARGIN : MEDIUM_IMAGE;
-        return SetSize(item, TextWidth(part, pszText, Length(pszText)) + TEXT_MARGIN + nImage, ROW_HEIGHT);
-    }
-    case RIS_LARGE: {
-        const int nText = LargeTextWidth(part, pszText);
-        return SetSize(item, std::max(nText, LARGE_TEXT_WIDTH) + LARGE_MARGINS, COLUMN_HEIGHT);
-    }
-    default: break;
-    }
-}
+    HWND hwnd;
+    const ThemePart& part; // that the texts are measured for
+    LPCWSTR pszText;
 
-void MeasureCheckBox(const ThemePart& part, int cxBox, LPCWSTR pszText, Item& item)
-{
-    SetSize(item, cxBox + TextWidth(part, pszText, Length(pszText)) + CHECK_MARGINS, ROW_HEIGHT);
-}
+    int At(gesso::Measure measure) const { return Pixels(hwnd, measure); }
+    int TextWidth() const { return ::TextWidth(part, pszText, Length(pszText)); }
+
+    void MeasureButton(Item& item) const
+    {
+        const int cyRow = At(Metrics::RIBBON_ROW_HEIGHT);
+        switch (item.wSize) {
+        case RIS_SMALL: return SetSize(item, At(Metrics::RIBBON_SMALL_WIDTH), cyRow);
+        case RIS_MEDIUM: {
+            const int nMargin = At(Metrics::RIBBON_TEXT_MARGIN);
+            const int nImage = item.nImage == -1 ? nMargin : At(Metrics::RIBBON_MEDIUM_IMAGE_ROOM);
+            return SetSize(item, TextWidth() + nMargin + nImage, cyRow);
+        }
+        case RIS_LARGE: {
+            const int nText =
+                std::max(LargeTextWidth(hwnd, part, pszText), At(Metrics::RIBBON_LARGE_TEXT_WIDTH));
+            return SetSize(item, nText + At(Metrics::RIBBON_LARGE_MARGINS),
+                           At(Metrics::RIBBON_COLUMN_HEIGHT));
+        }
+        default: break;
+        }
+    }
+
+    void MeasureCheckBox(int cxBox, Item& item) const
+    {
+        SetSize(item, cxBox + TextWidth() + At(Metrics::RIBBON_CHECK_MARGINS),
+                At(Metrics::RIBBON_ROW_HEIGHT));
+    }
+};
 
 // Stacks items in columns from left to right.
 class Columns
 {
 public:
-    Columns() = default;
-
     // Goes on behind the first nPlaced items. Every item of a column starts at the largest right edge of the
     // columns before it, so that only the last column need be looked at.
-    Columns(const OArray<Item, Item const&>& items, UINT nPlaced)
+    Columns(HWND hwnd, const OArray<Item, Item const&>& items, UINT nPlaced)
+        : m_nTop(Pixels(hwnd, Metrics::RIBBON_PAGE_TOP)),
+          m_nHeight(Pixels(hwnd, Metrics::RIBBON_COLUMN_HEIGHT))
     {
         if (nPlaced == 0) {
             return;
         }
         m_nLeft = m_nMaxRight = items[nPlaced - 1].nLeft;
-        m_nOffset = items[nPlaced - 1].nBottom - PAGE_TOP;
+        m_nOffset = items[nPlaced - 1].nBottom - m_nTop;
         for (UINT i = nPlaced; i-- > 0 && items[i].nLeft == m_nLeft;) {
             m_nMaxRight = std::max(m_nMaxRight, items[i].nRight);
         }
@@ -107,12 +115,12 @@ public:
     {
         const int cx = item.nRight - item.nLeft;
         const int cy = item.nBottom - item.nTop;
-        if (m_nOffset + cy > COLUMN_HEIGHT) {
+        if (m_nOffset + cy > m_nHeight) {
             m_nLeft = m_nMaxRight;
             m_nOffset = 0;
         }
         item.nLeft = m_nLeft;
-        item.nTop = PAGE_TOP + m_nOffset;
+        item.nTop = m_nTop + m_nOffset;
         item.nRight = item.nLeft + cx;
         item.nBottom = item.nTop + cy;
         m_nOffset += cy;
@@ -122,28 +130,31 @@ public:
     int MaxRight() const { return m_nMaxRight; }
 
 private:
+    int m_nTop, m_nHeight; // of each column
     int m_nLeft = 0;
     int m_nOffset = 0; // of the next item in the column
     int m_nMaxRight = 0;
 };
 
-void PlaceItems(Group& group)
+void PlaceItems(HWND hwnd, Group& group)
 {
-    Columns columns(group.aItems, group.nPlacedItems);
+    Columns columns(hwnd, group.aItems, group.nPlacedItems);
     for (UINT i = group.nPlacedItems; i < group.aItems.GetLength(); i++) {
         columns.Place(group.aItems[i]);
     }
     group.nPlacedItems = group.aItems.GetLength();
     group.nLeft = 0;
-    group.nRight = std::max(columns.MaxRight() + GROUP_MARGINS, gesso::EMPTY_GROUP_WIDTH);
+    group.nRight = std::max(columns.MaxRight() + Pixels(hwnd, Metrics::RIBBON_GROUP_MARGINS),
+                            Pixels(hwnd, Metrics::RIBBON_EMPTY_GROUP_WIDTH));
 }
 
 // The index in the group, or the count of items.
-UINT FindItemAt(const Group& group, POINTS pt)
+UINT FindItemAt(HWND hwnd, const Group& group, POINTS pt)
 {
+    const int nOffset = Pixels(hwnd, Metrics::RIBBON_HIT_OFFSET); // right of and below each rectangle
     const auto& items = group.aItems;
-    const int x = pt.x - group.nLeft - HIT_OFFSET;
-    const int y = pt.y - HIT_OFFSET;
+    const int x = pt.x - group.nLeft - nOffset;
+    const int y = pt.y - nOffset;
     const UINT nCount = items.GetLength();
     UINT i = 0;
     while (i < nCount && items[i].nRight < x) {
@@ -168,11 +179,12 @@ void GRibbonPage::CalculateItemSize(HDC hdc, Item* pItem) const
     const LPCWSTR pszText = gesso::TextOrEmpty(pItem->pszText);
     if (pItem->uType == RIT_BUTTON) {
         const ThemePart part(m_hTheme, hdc, BP_PUSHBUTTON, PBS_NORMAL, PlainPart::PushButton);
-        MeasureButton(part, pszText, *pItem);
+        ItemMeasurer{RibbonWindow(), part, pszText}.MeasureButton(*pItem);
     } else if (pItem->uType == RIT_CHECKBOX) {
         const ThemePart box(m_hTheme, hdc, BP_CHECKBOX, 0, PlainPart::CheckBox);
         const ThemePart text(m_hTheme, hdc, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, PlainPart::CheckBox);
-        MeasureCheckBox(text, static_cast<int>(box.Size(nullptr).cx), pszText, *pItem);
+        const auto cxBox = static_cast<int>(box.Size(nullptr).cx);
+        ItemMeasurer{RibbonWindow(), text, pszText}.MeasureCheckBox(cxBox, *pItem);
     }
 }
 
@@ -185,7 +197,7 @@ void GRibbonPage::Measure(Item& item) const
 void GRibbonPage::CalculateGroupSize(Group* pGroup) const
 {
     pGroup->nPlacedItems = 0;
-    PlaceItems(*pGroup);
+    PlaceItems(RibbonWindow(), *pGroup);
 }
 
 // The items before the changed one stand as they are, which keeps filling a group from growing with the
@@ -193,7 +205,7 @@ void GRibbonPage::CalculateGroupSize(Group* pGroup) const
 void GRibbonPage::OnItemsChanged(Group& group, UINT nFirstChanged)
 {
     group.nPlacedItems = std::min(group.nPlacedItems, nFirstChanged);
-    PlaceItems(group);
+    PlaceItems(RibbonWindow(), group);
     RecalcWidth();
 }
 
@@ -210,10 +222,11 @@ void GRibbonPage::RecalcWidth()
 
 void GRibbonPage::HitTest(HitTestInfo* pInfo) const
 {
+    const HWND hwnd = RibbonWindow();
     pInfo->group = pInfo->item = RIBBON_NONE;
     for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
         if (m_aGroups[i].nRight >= pInfo->pt.x) {
-            const UINT nItem = FindItemAt(m_aGroups[i], pInfo->pt);
+            const UINT nItem = FindItemAt(hwnd, m_aGroups[i], pInfo->pt);
             pInfo->group = i;
             pInfo->item = nItem < m_aGroups[i].aItems.GetLength() ? gesso::ItemCode(i, nItem) : RIBBON_NONE;
             return;

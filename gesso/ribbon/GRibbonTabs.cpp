@@ -2,18 +2,14 @@
 
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
-#include <gesso/ribbon/RibbonMetrics.h>
 
-using gesso::PAGE_TOP;
-using gesso::TAB_BASE_LINE;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 
 namespace {
-
-constexpr int TEXT_MARGIN = 25; // on each side of a title
-constexpr int TAB_GAP = 2;
-constexpr int TEXT_BOTTOM = 24;
 
 void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush)
 {
@@ -21,11 +17,11 @@ void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush)
 }
 
 // The outline of a tab, from and to the base line.
-void DrawOutline(HDC hdc, int nLeft, int nRight)
+void DrawOutline(HDC hdc, int nLeft, int nRight, int nBaseLine)
 {
     LineTo(hdc, nLeft, 0);
     LineTo(hdc, nRight, 0);
-    LineTo(hdc, nRight, TAB_BASE_LINE);
+    LineTo(hdc, nRight, nBaseLine);
 }
 
 } // namespace
@@ -33,23 +29,25 @@ void DrawOutline(HDC hdc, int nLeft, int nRight)
 // Visits the visible tabs from left to right, with where they start and end, until `visit` returns false.
 template <class VISIT> void GRibbon::VisitTabs(VISIT visit) const
 {
+    const int nMargins = 2 * Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
+    const int nGap = Pixels(m_hWnd, Metrics::RIBBON_TAB_GAP);
     int nLeft = 0;
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         if (!IsVisible(i)) {
             continue;
         }
-        const int nRight = nLeft + 2 * TEXT_MARGIN + static_cast<int>(m_aTabs[i].uTextWidth);
+        const int nRight = nLeft + nMargins + static_cast<int>(m_aTabs[i].uTextWidth);
         if (!visit(i, nLeft, nRight)) {
             return;
         }
-        nLeft = nRight + TAB_GAP;
+        nLeft = nRight + nGap;
     }
 }
 
 UINT GRibbon::HitTest(POINTS pt) const
 {
     UINT nHit = RIBBON_NONE;
-    if (pt.y >= PAGE_TOP || pt.x < 0) {
+    if (pt.y >= Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP) || pt.x < 0) {
         return nHit;
     }
     VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
@@ -93,24 +91,27 @@ void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRi
     } else if (nIndex == m_nHot) {
         DrawHotTab(hdc, nLeft, nRight);
     }
-    RECT rcText{nLeft + TEXT_MARGIN, 1, nRight - TEXT_MARGIN, TEXT_BOTTOM};
+    const int nMargin = Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
+    RECT rcText{nLeft + nMargin, 1, nRight - nMargin, Pixels(m_hWnd, Metrics::RIBBON_TAB_TEXT_BOTTOM)};
     DrawTextW(hdc, m_aTabs[nIndex].pPage->Title(), -1, &rcText, DT_VCENTER | DT_SINGLELINE);
 }
 
 // The base line is drawn with the active tab alone, left and right of it, and painted out under it.
 void GRibbon::DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) const
 {
-    MoveToEx(hdc, 0, TAB_BASE_LINE, nullptr);
-    LineTo(hdc, nLeft, TAB_BASE_LINE);
-    DrawOutline(hdc, nLeft, nRight);
-    LineTo(hdc, nClientRight, TAB_BASE_LINE);
-    FillArea(hdc, {nLeft + 1, 1, nRight, PAGE_TOP}, m_hActiveBrush);
+    const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
+    MoveToEx(hdc, 0, nBaseLine, nullptr);
+    LineTo(hdc, nLeft, nBaseLine);
+    DrawOutline(hdc, nLeft, nRight, nBaseLine);
+    LineTo(hdc, nClientRight, nBaseLine);
+    FillArea(hdc, {nLeft + 1, 1, nRight, Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP)}, m_hActiveBrush);
 }
 
 void GRibbon::DrawHotTab(HDC hdc, int nLeft, int nRight) const
 {
+    const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
     const gesso::SelectScope pen(hdc, m_hHotPen);
-    MoveToEx(hdc, nLeft, TAB_BASE_LINE, nullptr);
-    DrawOutline(hdc, nLeft, nRight);
-    FillArea(hdc, {nLeft + 1, 1, nRight - 1, TAB_BASE_LINE}, m_hHotBrush);
+    MoveToEx(hdc, nLeft, nBaseLine, nullptr);
+    DrawOutline(hdc, nLeft, nRight, nBaseLine);
+    FillArea(hdc, {nLeft + 1, 1, nRight - 1, nBaseLine}, m_hHotBrush);
 }

@@ -2,28 +2,30 @@
 #include <gesso/containers/StringOf.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/ribbon/GRightClickMenu.h>
 
+using gesso::Color;
+using gesso::ColorOf;
 using gesso::Frame;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 
 constinit ATOM GRightClickMenu::s_aClass = 0;
 
 namespace {
 
-constexpr int ROW_HEIGHT = 20;
-constexpr int TEXT_INDENT = 5;
-constexpr COLORREF CR_BACKGROUND = 0xFFFFFF;
-constexpr COLORREF CR_HOT = 0x8CC8FF;
-
-// Rounds towards zero, so that the 19 pixels above the window belong to the first row: hosts rely on it.
-constexpr int RowOf(POINTS pt)
+// Fixed behaviour: rounds towards zero, so that the 19 pixels above the window belong to the first row. A
+// release there would otherwise tell the owner the row 65535.
+int RowOf(HWND hwnd, POINTS pt)
 {
-    return pt.y / ROW_HEIGHT;
+    return pt.y / Pixels(hwnd, Metrics::VALUE_MENU_ROW_HEIGHT);
 }
 
 void FillColor(HDC hdc, const RECT& rc, COLORREF cr)
@@ -101,19 +103,20 @@ void GRightClickMenu::DrawRows(HDC hdc) const
 {
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
-    FillColor(hdc, rc, CR_BACKGROUND);
+    FillColor(hdc, rc, ColorOf(Color::ValueMenuFill));
     const gesso::TransparentScope mode(hdc);
     const gesso::SelectScope font(hdc, m_hFont);
     const gesso::TextColorScope color(hdc, m_crText);
-    RECT rcRow{rc.left, rc.top, rc.right, rc.top + ROW_HEIGHT};
+    const int cyRow = Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT);
+    RECT rcRow{rc.left, rc.top, rc.right, rc.top + cyRow};
     for (UINT i = 0; i < m_aValues.GetLength(); i++) {
         if (static_cast<int>(i) == m_nHot) {
-            FillColor(hdc, rcRow, CR_HOT);
+            FillColor(hdc, rcRow, ColorOf(Color::ValueMenuHotFill));
         }
         RECT rcText = rcRow;
-        rcText.left += TEXT_INDENT;
+        rcText.left += Pixels(m_hWnd, Metrics::VALUE_MENU_INDENT);
         DrawTextW(hdc, m_aValues[i], -1, &rcText, 0);
-        OffsetRect(&rcRow, 0, ROW_HEIGHT);
+        OffsetRect(&rcRow, 0, cyRow);
     }
 }
 
@@ -121,7 +124,7 @@ void GRightClickMenu::DrawRows(HDC hdc) const
 
 LRESULT GRightClickMenu::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = Frame::FIRST_STATE;
+    Frame::SetState(*this, Frame::FIRST_STATE);
     return 0;
 }
 
@@ -139,7 +142,7 @@ LRESULT GRightClickMenu::OnPaint()
 
 LRESULT GRightClickMenu::OnMouseMove(WPARAM, POINTS pt)
 {
-    const int nRow = RowOf(pt);
+    const int nRow = RowOf(m_hWnd, pt);
     if (nRow != m_nHot) {
         m_nHot = nRow;
         Invalidate(0);
@@ -151,7 +154,7 @@ LRESULT GRightClickMenu::OnLButtonUp(WPARAM, POINTS pt)
 {
     const HWND hwnd = m_hWnd;
     const HWND hwndOwner = m_hwndOwner;
-    SendMessageW(hwndOwner, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hwnd), RowOf(pt)),
+    SendMessageW(hwndOwner, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hwnd), RowOf(hwnd, pt)),
                  reinterpret_cast<LPARAM>(hwnd));
     // An owner that deleted the object alone has left the window to be ended.
     EndMenu(hwnd, FromHwnd(hwnd) == this, hwndOwner);
@@ -165,16 +168,16 @@ void GRightClickMenu::Kill()
 
 LRESULT CALLBACK GRightClickMenu::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pMenu = Frame::ObjectOf<GRightClickMenu>(hwnd);
-    if (!pMenu) {
-        return uMsg == WM_CREATE ? Frame::Attach<GRightClickMenu>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
+    return Frame::Route<GRightClickMenu>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GRightClickMenu::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return pMenu->OnDestroy();
-    case WM_PAINT: return pMenu->OnPaint();
-    case WM_MOUSEMOVE: return pMenu->OnMouseMove(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONUP: return pMenu->OnLButtonUp(wParam, gesso::PointOf(lParam));
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_DESTROY: return OnDestroy();
+    case WM_PAINT: return OnPaint();
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

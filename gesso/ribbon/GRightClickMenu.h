@@ -73,5 +73,6 @@ protected:
 
 private:
     friend class gesso::Frame;
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void DrawRows(HDC hdc) const;
 };

@@ -1,14 +1,23 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/ribbon/RibbonImages.h>
 #include <gesso/ribbon/RibbonTemplate.h>
 
 namespace gesso {
 namespace {
 
-constexpr int CX_LARGE = 32;
-constexpr int CX_SMALL = 16;
 constexpr int FIRST_IMAGES = 4;
+
+int LargeWidth()
+{
+    return Pixels(nullptr, Metrics::RIBBON_LARGE_IMAGE);
+}
+
+int SmallWidth()
+{
+    return Pixels(nullptr, Metrics::RIBBON_SMALL_IMAGE);
+}
 
 std::span<const BYTE> FindTemplate(HINSTANCE hInstance, LPCWSTR pszName)
 {
@@ -49,14 +58,15 @@ HIMAGELIST MakeList(std::span<const BYTE> resource, const std::optional<Template
 
 RibbonImages MakeEmptyRibbonImages()
 {
-    return {MakeList({}, std::nullopt, CX_LARGE), MakeList({}, std::nullopt, CX_SMALL)};
+    return {MakeList({}, std::nullopt, LargeWidth()), MakeList({}, std::nullopt, SmallWidth())};
 }
 
 RibbonImages LoadRibbonImages(HINSTANCE hInstance, LPCWSTR pszTemplate)
 {
     const auto resource = FindTemplate(hInstance, pszTemplate);
     const TemplateImages images = ReadRibbonTemplate(resource);
-    return {MakeList(resource, images.imageLarge, CX_LARGE), MakeList(resource, images.imageSmall, CX_SMALL)};
+    return {MakeList(resource, images.imageLarge, LargeWidth()),
+            MakeList(resource, images.imageSmall, SmallWidth())};
 }
 
 } // namespace gesso
