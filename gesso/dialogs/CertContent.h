@@ -38,6 +38,12 @@ constexpr UINT KIND_ICON = 2;
 constexpr int CHECKBOX_ID = 1080;
 constexpr int SHOW_ID = 2000;
 
+// The buttons, in the order of the dialog's array.
+constexpr size_t SHOW_BUTTON = 0;
+constexpr size_t NO_BUTTON = 1; // or OK, where there is no question
+constexpr size_t YES_BUTTON = 2;
+constexpr size_t CERT_BUTTONS = 3;
+
 struct CertSeverity
 {
     LPCWSTR pszHeader;

@@ -1,5 +1,6 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 
 namespace gesso {
@@ -84,7 +85,7 @@ HBRUSH DialogBrush()
     return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
 }
 
-INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam)
+INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
     case WM_CTLCOLORBTN:
@@ -100,7 +101,7 @@ INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam)
     case WM_CTLCOLORDLG:
     case WM_CTLCOLORSCROLLBAR:
     case WM_CTLCOLORSTATIC: return reinterpret_cast<INT_PTR>(DialogBrush());
-    default: return 0;
+    default: return Frame::DialogDefault(hDlg, uMsg, wParam, lParam);
     }
 }
 

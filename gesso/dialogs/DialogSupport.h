@@ -2,16 +2,11 @@
 // procedures.
 #pragma once
 
-#include <gesso/controls/ControlStyles.h>
 #include <gesso/dialogs/GDialog.h>
 
 #include <vector>
 
 namespace gesso {
-
-// Of the push buttons in the dialogs.
-constexpr DWORD DIALOG_BUTTON_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_CENTER | GS_VCENTER;
-static_assert(DIALOG_BUTTON_STYLE == 0x50010005);
 
 // Finds, loads and locks a template of the type "RT_DLG". Null, with the platform's last error, where a step
 // fails.
@@ -48,8 +43,8 @@ RECT GrowWindow(HWND hwnd, int cx, int cy);
 // What the dialogs' backgrounds are filled with; not deleted.
 HBRUSH DialogBrush();
 
-// WM_CTLCOLOR... of the white dialogs: the brush, or 0 for a message that is none of these.
-INT_PTR OnWhiteDialogColor(UINT uMsg, LPARAM lParam);
+// The tail of the white dialogs' switches: WM_CTLCOLOR..., and then what all dialogs answer alike.
+INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
 
 // WM_ACTIVATE: keeps GDialog::s_hActiveDlg.
 INT_PTR OnDialogActivate(HWND hDlg, WPARAM wParam);

@@ -54,5 +54,6 @@ protected:
     LPCWSTR m_template = nullptr; // an id or a name, as for FindResourceW; null for none
 
 private:
+    friend class gesso::Frame;
     void Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate);
 };

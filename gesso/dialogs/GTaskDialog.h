@@ -71,8 +71,11 @@ protected:
     GButton** m_ppButtons = nullptr;
 
 private:
+    friend class gesso::Frame;
+    INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
     int MeasureTexts(HDC hdc);
     void FitTexts(int cxNeeded);
     void MakeButtons();
+    void SetDefaultButton();
     int TextLimit(HDC hdc) const;
 };

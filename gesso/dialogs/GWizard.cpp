@@ -1,18 +1,21 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/controls/GButton.h>
+#include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
 
-#include <utility>
-
 using gesso::DIALOG_BUTTON_STYLE;
+using gesso::Frame;
 using gesso::MapUnits;
 using gesso::Pixels;
+using gesso::WhiteDialogDefault;
 namespace Metrics = gesso::Metrics;
 
 namespace {
@@ -26,11 +29,6 @@ SIZE WindowSize(HWND hwnd)
     RECT rc{};
     GetWindowRect(hwnd, &rc);
     return {rc.right - rc.left, rc.bottom - rc.top};
-}
-
-void Show(HWND hwnd, bool fShow)
-{
-    ShowWindow(hwnd, fShow ? SW_SHOW : SW_HIDE);
 }
 
 // What the procedure returns tells the platform only that the message was answered; this is the answer.
@@ -47,144 +45,6 @@ void GWizard::DeleteButton(GButton* pButton)
     delete pButton;
 }
 
-// --- Pages ---
-
-void GWizard::InsertPage(UINT nIndex, stcPage* pPage)
-{
-    if (!pPage) {
-        gesso::Misuse("GWizard::InsertPage: no page");
-        return;
-    }
-    m_aPages.InsertAt(nIndex < m_aPages.GetLength() ? nIndex : m_aPages.GetLength(), pPage);
-}
-
-void GWizard::RemovePage(UINT nIndex)
-{
-    if (nIndex < m_aPages.GetLength()) {
-        m_aPages.RemoveAt(nIndex, 1);
-    }
-}
-
-stcPage* GWizard::GetPage(UINT nIndex) const
-{
-    return nIndex < m_aPages.GetLength() ? m_aPages[nIndex] : nullptr;
-}
-
-bool GWizard::IsLast(UINT nIndex) const
-{
-    return nIndex + 1 == m_aPages.GetLength();
-}
-
-// Whether the page allows a step. A page without a window has nobody to refuse.
-bool GWizard::Ask(UINT nIndex, UINT uCode)
-{
-    const stcPage* pPage = GetPage(nIndex);
-    if (!pPage || !pPage->hwnd) {
-        return true;
-    }
-    stcWizardNotify notify{{m_hWnd, 0, uCode}, 0};
-    SendMessageW(pPage->hwnd, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notify));
-    return notify.nResult != 0;
-}
-
-void GWizard::ActivatePage(UINT nIndex)
-{
-    // The buttons are the last that is made.
-    if (!GetPage(nIndex) || !m_pBack) {
-        return;
-    }
-    // A page may end the dialog in its answer, delete the wizard, or activate another page.
-    const gesso::Lifeline life(*this);
-    const auto isThere = [&life, hwnd = m_hWnd] { return life && IsWindow(hwnd); };
-    const HWND hwndFormer = GetFocus();
-    if (m_nCurrent != NO_PAGE && (!Ask(m_nCurrent, WZN_KILLACTIVE) || !isThere())) {
-        return;
-    }
-    if (const stcPage* pCurrent = GetPage(m_nCurrent)) {
-        Show(pCurrent->hwnd, false);
-    }
-    if (!isThere()) {
-        return;
-    }
-    SwitchButtons(nIndex);
-    const HWND hwndFocus = GetFocus();
-    Ask(nIndex, WZN_SETACTIVE);
-    if (!isThere() || m_nCurrent != nIndex || !GetPage(nIndex)) {
-        return;
-    }
-    const stcPage& page = *GetPage(nIndex);
-    Show(page.hwnd, true);
-    if (isThere() && GetFocus() == hwndFocus) { // or else the page chose
-        KeepFocus(hwndFormer, page);
-    }
-}
-
-void GWizard::SwitchButtons(UINT nIndex)
-{
-    if (m_nCurrent != NO_PAGE && IsLast(m_nCurrent)) {
-        m_pFinish->SetVisible(0);
-        m_pNext->SetVisible(1);
-    }
-    m_nCurrent = nIndex;
-    if (IsLast(nIndex)) {
-        m_pNext->SetVisible(0);
-        m_pFinish->SetVisible(1);
-        EnableWindow(*m_pFinish, TRUE);
-    }
-    EnableWindow(*m_pBack, nIndex != 0);
-}
-
-// What had the focus may be hidden or disabled by now: then the new page's first control gets it if it was in
-// a page, or else the button that leads on. Without that the keyboard would end at nothing, or at Cancel.
-void GWizard::KeepFocus(HWND hwndFormer, const stcPage& page)
-{
-    if (!IsWindowVisible(m_hWnd) || !IsChild(m_hWnd, hwndFormer) ||
-        (IsWindowVisible(hwndFormer) && IsWindowEnabled(hwndFormer)))
-    {
-        return;
-    }
-    const bool fWasInPage = ::GetParent(hwndFormer) != m_hWnd;
-    HWND hwndNew = fWasInPage ? GetNextDlgTabItem(page.hwnd, nullptr, FALSE) : nullptr;
-    if (!hwndNew) {
-        hwndNew = IsLast(m_nCurrent) ? *m_pFinish : *m_pNext;
-    }
-    SendMessageW(m_hWnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(hwndNew), TRUE);
-}
-
-void GWizard::NextPage()
-{
-    ActivatePage(m_nCurrent + 1);
-}
-
-void GWizard::PreviousPage()
-{
-    ActivatePage(m_nCurrent - 1);
-}
-
-int GWizard::SetCurrentPage(UINT nIndex, const stcPage* pPage)
-{
-    if (pPage) {
-        for (nIndex = 0; nIndex < m_aPages.GetLength() && m_aPages[nIndex] != pPage;) {
-            ++nIndex;
-        }
-    }
-    ActivatePage(nIndex);
-    return 1;
-}
-
-int GWizard::SetButtons(DWORD dwShow, DWORD dwEnable)
-{
-    const std::pair<DWORD, GButton*> buttons[] = {
-        {WZB_FINISH, m_pFinish}, {WZB_CANCEL, m_pCancel}, {WZB_NEXT, m_pNext}, {WZB_BACK, m_pBack}};
-    for (const auto& [dwBit, pButton] : buttons) {
-        if (pButton) {
-            pButton->SetVisible((dwShow & dwBit) != 0);
-            EnableWindow(*pButton, (dwEnable & dwBit) != 0);
-        }
-    }
-    return 1;
-}
-
 // --- Start ---
 
 INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
@@ -193,7 +53,7 @@ INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
         gesso::Misuse("GWizard::DoModal: no configuration");
         return -1;
     }
-    m_nCurrent = NO_PAGE;
+    ChangePage(NO_PAGE);
     // Of a former run.
     for (OwnedButton* pButton : {&m_pFinish, &m_pCancel, &m_pNext, &m_pBack}) {
         pButton->Reset();
@@ -239,7 +99,7 @@ void GWizard::MakePages()
         page.hwnd = pTemplate ? IsolationAwareCreateDialogIndirectParamW(GetModuleHandleW(nullptr), pTemplate,
                                                                          m_hWnd, page.pfnDialog, page.lParam)
                               : nullptr;
-        Show(page.hwnd, false);
+        ShowWindow(page.hwnd, SW_HIDE);
         const SIZE size = WindowSize(page.hwnd);
         SetWindowPos(page.hwnd, nullptr, ptPage.x, ptPage.y, size.cx, size.cy, SWP_FRAMECHANGED);
     }
@@ -269,22 +129,18 @@ void GWizard::FitFirstPage(int cyFooter)
 
 void GWizard::MakeButtons()
 {
-    const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_WIDTH, Metrics::DIALOG_BUTTON_HEIGHT,
-                                  Metrics::DIALOG_BUTTON_GAP, 0);
-    const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
-    const int y = m_rcFooter.top + ((m_rcFooter.bottom - m_rcFooter.top) >> 1) - (cy >> 1);
-    const int xCancel = m_rcFooter.right - cxGap - cx;
-    const int xNext = xCancel - cxGap - cx;
-    const auto make = [&](OwnedButton& button, int x, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
+    gesso::ButtonRow row(m_hWnd);
+    row.StandIn(m_rcFooter);
+    const auto make = [&row](OwnedButton& button, int nPlace, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
         button.Reset(new GButton);
-        button->Create(x, y, cx, cy, m_hWnd, static_cast<int>(uId), pszLabel, 0, dwStyle);
+        row.Make(*button, nPlace, static_cast<int>(uId), pszLabel, dwStyle);
     };
     // Finish waits, hidden, in the place of Next.
-    make(m_pFinish, xNext, WZB_FINISH, m_pConfig ? m_pConfig->pszFinish : nullptr,
+    make(m_pFinish, 1, WZB_FINISH, m_pConfig ? m_pConfig->pszFinish : nullptr,
          DIALOG_BUTTON_STYLE & ~DWORD{WS_VISIBLE});
-    make(m_pCancel, xCancel, WZB_CANCEL, L"Cancel", DIALOG_BUTTON_STYLE);
-    make(m_pNext, xNext, WZB_NEXT, L"Next", DIALOG_BUTTON_STYLE);
-    make(m_pBack, xNext - cxGap - cx, WZB_BACK, L"Back", DIALOG_BUTTON_STYLE);
+    make(m_pCancel, 0, WZB_CANCEL, L"Cancel", DIALOG_BUTTON_STYLE);
+    make(m_pNext, 1, WZB_NEXT, L"Next", DIALOG_BUTTON_STYLE);
+    make(m_pBack, 2, WZB_BACK, L"Back", DIALOG_BUTTON_STYLE);
 }
 
 // --- Drawing ---
@@ -303,21 +159,18 @@ void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
     options.dwFlags = DTT_COMPOSITED | DTT_GLOWSIZE;
     options.iGlowSize = Pixels(m_hWnd, Metrics::WIZARD_TITLE_GLOW);
     LOGFONTW font{};
-    const HFONT hFont =
-        SUCCEEDED(GetThemeSysFont(hTheme, TMT_CAPTIONFONT, &font)) ? CreateFontIndirectW(&font) : nullptr;
-    {
-        const gesso::SelectScope select(hdc, hFont);
-        RECT rc{rcClient.left + Pixels(m_hWnd, Metrics::WIZARD_TITLE_LEFT),
-                rcClient.top + Pixels(m_hWnd, Metrics::WIZARD_TITLE_TOP),
-                rcClient.right - Pixels(m_hWnd, Metrics::WIZARD_TITLE_RIGHT),
-                Pixels(m_hWnd, Metrics::WIZARD_TITLE_BOTTOM)};
-        if (FAILED(DrawThemeTextEx(hTheme, hdc, 0, 0, Title(), -1, DT_WORD_ELLIPSIS, &rc, &options))) {
-            const gesso::TransparentScope mode(hdc);
-            DrawTextW(hdc, Title(), -1, &rc, DT_WORD_ELLIPSIS);
-        }
+    gesso::FontHandle hFont;
+    if (SUCCEEDED(GetThemeSysFont(hTheme, TMT_CAPTIONFONT, &font))) {
+        hFont.Reset(CreateFontIndirectW(&font));
     }
-    if (hFont) {
-        DeleteObject(hFont);
+    const gesso::SelectScope select(hdc, hFont);
+    RECT rc{rcClient.left + Pixels(m_hWnd, Metrics::WIZARD_TITLE_LEFT),
+            rcClient.top + Pixels(m_hWnd, Metrics::WIZARD_TITLE_TOP),
+            rcClient.right - Pixels(m_hWnd, Metrics::WIZARD_TITLE_RIGHT),
+            Pixels(m_hWnd, Metrics::WIZARD_TITLE_BOTTOM)};
+    if (FAILED(DrawThemeTextEx(hTheme, hdc, 0, 0, Title(), -1, DT_WORD_ELLIPSIS, &rc, &options))) {
+        const gesso::TransparentScope mode(hdc);
+        DrawTextW(hdc, Title(), -1, &rc, DT_WORD_ELLIPSIS);
     }
 }
 
@@ -390,24 +243,25 @@ int GWizard::OnDestroy()
 
 INT_PTR CALLBACK GWizard::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pWizard = static_cast<GWizard*>(ObjectOf(hDlg, uMsg, lParam));
-    if (!pWizard) {
-        return gesso::OnWhiteDialogColor(uMsg, lParam);
-    }
+    return Frame::RouteDialog<GWizard, WhiteDialogDefault>(hDlg, uMsg, wParam, lParam);
+}
+
+INT_PTR GWizard::OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_INITDIALOG: return pWizard->OnInitDialog();
-    case WM_COMMAND: return pWizard->OnCommand(LOWORD(wParam));
-    case WM_CLOSE: return pWizard->OnCommand(WZB_CANCEL);
+    case WM_INITDIALOG: return OnInitDialog();
+    case WM_COMMAND: return OnCommand(LOWORD(wParam));
+    case WM_CLOSE: return OnCommand(WZB_CANCEL);
     case WM_NOTIFY: return 1;
     case WZM_SETCURPAGE:
-        return Answer(hDlg, pWizard->SetCurrentPage(static_cast<UINT>(wParam),
-                                                    reinterpret_cast<const stcPage*>(lParam)));
+        return Answer(hDlg,
+                      SetCurrentPage(static_cast<UINT>(wParam), reinterpret_cast<const stcPage*>(lParam)));
     case WZM_GETCURPAGE:
-        return Answer(hDlg, pWizard->OnGetCurrentPage(reinterpret_cast<UINT*>(wParam),
-                                                      reinterpret_cast<stcPage**>(lParam)));
+        return Answer(hDlg,
+                      OnGetCurrentPage(reinterpret_cast<UINT*>(wParam), reinterpret_cast<stcPage**>(lParam)));
     case WZM_SETBUTTONS:
-        return Answer(hDlg, pWizard->SetButtons(static_cast<DWORD>(wParam), static_cast<DWORD>(lParam)));
-    case WM_DESTROY: return pWizard->OnDestroy();
-    default: return gesso::OnWhiteDialogColor(uMsg, lParam);
+        return Answer(hDlg, SetButtons(static_cast<DWORD>(wParam), static_cast<DWORD>(lParam)));
+    case WM_DESTROY: return OnDestroy();
+    default: return WhiteDialogDefault(hDlg, uMsg, wParam, lParam);
     }
 }

@@ -116,6 +116,8 @@ protected:
     UINT m_nCurrent = NO_PAGE;
 
 private:
+    friend class gesso::Frame;
+    INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
     void MakePages();
     void FitFirstPage(int cyFooter);
     void MakeButtons();
@@ -123,6 +125,7 @@ private:
     bool Ask(UINT nIndex, UINT uCode);
     int OnFinish();
     int OnGetCurrentPage(UINT* pnIndex, stcPage** ppPage) const;
+    void ChangePage(UINT nIndex);
     void SwitchButtons(UINT nIndex);
     void KeepFocus(HWND hwndFormer, const stcPage& page);
     LPCWSTR Title() const;

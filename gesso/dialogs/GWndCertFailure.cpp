@@ -1,5 +1,5 @@
-#include <gesso/controls/GButton.h>
 #include <gesso/controls/GCheckBox.h>
+#include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/CertContent.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWndCertFailure.h>
@@ -12,11 +12,20 @@
 
 #include <utility>
 
+using gesso::Frame;
 using gesso::SEVERITIES;
 
 namespace {
 
 constexpr UINT TEMPLATE_ID = 130;
+
+template <class ARRAY> void ReleaseAll(ARRAY& array, void (*release)(void*))
+{
+    for (void* p : array) {
+        release(p);
+    }
+    array.RemoveAll();
+}
 
 } // namespace
 
@@ -74,10 +83,9 @@ void GWndCertFailure::Draw(HDC hdc)
     }
     gesso::ThemePart(m_hTheme, hdc, TDLG_SECONDARYPANEL, 0, gesso::PlainPart::DialogFooter)
         .DrawBackground(m_rcFooter);
-    const int nSaved = SaveDC(hdc);
+    const gesso::StateScope state(hdc);
     SetBkMode(hdc, TRANSPARENT);
     DrawElements(hdc);
-    RestoreDC(hdc, nSaved);
 }
 
 // Font and colour change only where an element's differ from the last.
@@ -146,48 +154,34 @@ int GWndCertFailure::OnClose()
 
 int GWndCertFailure::OnDestroy()
 {
-    for (int i = 0; m_ppButtons && i < 3; ++i) {
-        if (m_ppButtons[i]) {
-            m_ppButtons[i]->Destroy();
-            delete m_ppButtons[i];
-        }
-    }
-    delete[] std::exchange(m_ppButtons, nullptr);
+    gesso::EndButtonArray(m_ppButtons, gesso::CERT_BUTTONS);
     if (m_pCheckBox) {
         m_pCheckBox->Destroy();
         delete std::exchange(m_pCheckBox, nullptr);
     }
     DeleteObject(std::exchange(m_hGradient, nullptr));
     m_hTheme.Reset();
-    for (UINT i = 0; i < m_aElements.GetLength(); ++i) {
-        delete static_cast<CertElement*>(m_aElements[i]);
-    }
-    for (UINT i = 0; i < m_aFonts.GetLength(); ++i) {
-        DeleteObject(m_aFonts[i]);
-    }
-    for (UINT i = 0; i < m_aIcons.GetLength(); ++i) {
-        DestroyIcon(static_cast<HICON>(m_aIcons[i]));
-    }
-    m_aElements.RemoveAll();
-    m_aFonts.RemoveAll();
-    m_aIcons.RemoveAll();
+    ReleaseAll(m_aElements, [](void* p) { delete static_cast<CertElement*>(p); });
+    ReleaseAll(m_aFonts, [](void* p) { DeleteObject(p); });
+    ReleaseAll(m_aIcons, [](void* p) { DestroyIcon(static_cast<HICON>(p)); });
     return 0;
 }
 
 INT_PTR CALLBACK GWndCertFailure::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pDialog = static_cast<GWndCertFailure*>(ObjectOf(hDlg, uMsg, lParam));
-    if (!pDialog) {
-        return 0;
-    }
+    return Frame::RouteDialog<GWndCertFailure, Frame::DialogDefault>(hDlg, uMsg, wParam, lParam);
+}
+
+INT_PTR GWndCertFailure::OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_INITDIALOG: return pDialog->OnInitDialog();
-    case WM_COMMAND: return pDialog->OnCommand(LOWORD(wParam), reinterpret_cast<HWND>(lParam));
-    case WM_CLOSE: return pDialog->OnClose();
+    case WM_INITDIALOG: return OnInitDialog();
+    case WM_COMMAND: return OnCommand(LOWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_CLOSE: return OnClose();
     case WM_ACTIVATE: return gesso::OnDialogActivate(hDlg, wParam);
-    case WM_PAINT: return gesso::PaintControl(*pDialog, hDlg);
-    case WM_PRINTCLIENT: return gesso::Frame::OnPrintClient(*pDialog, reinterpret_cast<HDC>(wParam), lParam);
-    case WM_DESTROY: return pDialog->OnDestroy();
-    default: return 0;
+    case WM_PAINT: return gesso::PaintControl(*this, hDlg);
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_DESTROY: return OnDestroy();
+    default: return Frame::DialogDefault(hDlg, uMsg, wParam, lParam);
     }
 }

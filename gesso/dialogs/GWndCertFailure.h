@@ -74,7 +74,10 @@ protected:
     GButton** m_ppButtons = nullptr;
 
 private:
+    friend class gesso::Frame;
     struct Layout;
+    INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void PlaceElements();
     void AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc);
     HICON LoadKeptIcon(WORD wId, int cx, int cy);
     void AddIcon(HICON hIcon, int x, int y);
@@ -83,9 +86,8 @@ private:
     void PlaceFailures(Layout& layout);
     void PlaceQuestion(Layout& layout);
     void PlaceButtons(Layout& layout);
-    void FitWindow(const Layout& layout);
+    void FitWindow(SIZE client);
     void MakeGradient();
-    GButton* MakeButton(int x, int y, int cx, int cy, int nId, LPCWSTR pszLabel, HFONT hFont);
     void OnToggle(HWND hwndCheckBox);
     void DrawElements(HDC hdc) const;
 };

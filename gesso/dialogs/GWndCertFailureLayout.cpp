@@ -2,6 +2,7 @@
 
 #include <gesso/controls/GButton.h>
 #include <gesso/controls/GCheckBox.h>
+#include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/CertContent.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWndCertFailure.h>
@@ -35,7 +36,6 @@ struct GWndCertFailure::Layout
     int xLimit = 0;      // the right limit of all text
     int xWidest = 0;     // the right edge of the widest text so far
     int y = 0;           // where the next element goes
-    int cxClient = 0, cyClient = 0, cyFooter = 0;
 
     // Measures a text, wrapped at the limit, and keeps the widest.
     RECT Measure(HFONT hFont, LPCWSTR psz, int x, int yTop)
@@ -115,12 +115,21 @@ int GWndCertFailure::OnInitDialog()
 {
     m_hTheme.Open(m_hWnd, L"TASKDIALOG");
     SetWindowTextW(m_hWnd, gesso::TextOrEmpty(m_pConfig->pszCaption));
-    const HDC hdc = GetDC(m_hWnd);
-    const int nSaved = SaveDC(hdc);
+    PlaceElements();
+    SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->dwType == CFT_INVALID ? IDOK : IDYES, 0);
+    // Last, since it makes the owner inactive, which may end the dialog then.
+    FitWindow({m_rcFooter.right, m_rcFooter.bottom});
+    return 1;
+}
+
+// Everything from top to bottom.
+void GWndCertFailure::PlaceElements()
+{
+    const gesso::WindowContext context(m_hWnd);
     const HFONT hFontHeader = MakeHeaderFont(m_hWnd);
     m_aFonts.Add(hFontHeader);
     const RECT rcUnits = MapUnits(m_hWnd, Metrics::CERT_MARGIN, 0, Metrics::CERT_GAP_X, Metrics::CERT_GAP_Y);
-    Layout layout{.hdc = hdc,
+    Layout layout{.hdc = context,
                   .hFontHeader = hFontHeader,
                   .hFontDialog = gesso::FontOf(m_hWnd),
                   .severity = SeverityOf(*m_pConfig),
@@ -136,14 +145,8 @@ int GWndCertFailure::OnInitDialog()
         PlaceQuestion(layout);
     }
     PlaceButtons(layout);
-    m_rcHeader.right = layout.cxClient;
+    m_rcHeader.right = m_rcFooter.right;
     MakeGradient();
-    RestoreDC(hdc, nSaved);
-    ReleaseDC(m_hWnd, hdc);
-    SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->dwType == CFT_INVALID ? IDOK : IDYES, 0);
-    // Last, since it makes the owner inactive, which may end the dialog then.
-    FitWindow(layout);
-    return 1;
 }
 
 void GWndCertFailure::PlaceHeader(Layout& layout)
@@ -219,48 +222,34 @@ void GWndCertFailure::PlaceQuestion(Layout& layout)
     layout.y += 2 * layout.cyGap;
 }
 
-GButton* GWndCertFailure::MakeButton(int x, int y, int cx, int cy, int nId, LPCWSTR pszLabel, HFONT hFont)
-{
-    auto* pButton = new GButton;
-    pButton->Create(x, y, cx, cy, m_hWnd, nId, pszLabel, 0, gesso::DIALOG_BUTTON_STYLE);
-    SendMessageW(*pButton, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0);
-    return pButton;
-}
-
 void GWndCertFailure::PlaceButtons(Layout& layout)
 {
-    const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_WIDTH, Metrics::DIALOG_BUTTON_HEIGHT,
-                                  Metrics::DIALOG_BUTTON_GAP, Metrics::DIALOG_FOOTER_HEIGHT);
-    const int cx = rcUnits.left, cy = rcUnits.top, cxGap = rcUnits.right;
+    gesso::ButtonRow row(m_hWnd, layout.hFontDialog);
     const int cxShow = MapUnits(m_hWnd, Metrics::CERT_SHOW_WIDTH, 0, 0, 0).left;
-    layout.cyFooter = rcUnits.bottom;
-    const int y = (layout.cyFooter - cy) / 2 + layout.y;
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     const bool fAsks = m_pConfig->dwType != CFT_INVALID;
-    const int cxNeeded =
-        fAsks ? 2 * (cxGap + cx + layout.cxMargin) + cxShow : cxGap + 2 * layout.cxMargin + cx + cxShow;
+    const int nButtons = fAsks ? 2 : 1;
+    const int cxNeeded = nButtons * (row.Width() + row.Gap()) + 2 * layout.cxMargin + cxShow;
     const int xRight = std::max(cxNeeded, layout.xWidest);
-    const auto make = [&](int x, int cxButton, int nId, LPCWSTR pszLabel) {
-        return MakeButton(x, y, cxButton, cy, nId, pszLabel, layout.hFontDialog);
-    };
-    m_ppButtons = new GButton* [3] {};
-    m_ppButtons[1] = make(xRight - cx, cx, fAsks ? IDNO : IDOK, fAsks ? L"Nein" : L"OK");
+    row.StandAt(xRight, (cyFooter - row.Height()) / 2 + layout.y);
+    m_ppButtons = gesso::MakeButtonArray(gesso::CERT_BUTTONS);
+    const auto add = [this](size_t nIndex) -> GButton& { return *(m_ppButtons[nIndex] = new GButton); };
+    row.Make(add(gesso::NO_BUTTON), 0, fAsks ? IDNO : IDOK, fAsks ? L"Nein" : L"OK");
     if (fAsks) {
-        m_ppButtons[2] = make(xRight - cx - cx - cxGap, cx, IDYES, L"Ja");
+        row.Make(add(gesso::YES_BUTTON), 1, IDYES, L"Ja");
     }
-    m_ppButtons[0] = make(layout.cxMargin, cxShow, SHOW_ID, L"Zertifikat anzeigen...");
-    layout.cxClient = layout.cxMargin + xRight;
-    layout.cyClient = layout.cyFooter + layout.y;
-    m_rcFooter = {0, layout.y, layout.cxClient, layout.cyClient};
+    row.MakeAt(add(gesso::SHOW_BUTTON), layout.cxMargin, cxShow, SHOW_ID, L"Zertifikat anzeigen...");
+    m_rcFooter = {0, layout.y, layout.cxMargin + xRight, layout.y + cyFooter};
 }
 
-void GWndCertFailure::FitWindow(const Layout& layout)
+void GWndCertFailure::FitWindow(SIZE client)
 {
     RECT rcClient{}, rcWindow{};
     GetClientRect(m_hWnd, &rcClient);
     GetWindowRect(m_hWnd, &rcWindow);
     gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd),
-                        {rcWindow.right - rcWindow.left + layout.cxClient - rcClient.right,
-                         rcWindow.bottom - rcWindow.top + layout.cyClient - rcClient.bottom});
+                        {rcWindow.right - rcWindow.left + client.cx - rcClient.right,
+                         rcWindow.bottom - rcWindow.top + client.cy - rcClient.bottom});
 }
 
 // One row, which painting repeats.

@@ -89,6 +89,20 @@ private:
     HGDIOBJ m_hFormer;
 };
 
+// Whatever is selected and set in a context meanwhile.
+class StateScope
+{
+public:
+    explicit StateScope(HDC hdc) : m_hdc(hdc), m_nSaved(SaveDC(hdc)) {}
+    ~StateScope() { RestoreDC(m_hdc, m_nSaved); }
+    StateScope(const StateScope&) = delete;
+    StateScope& operator=(const StateScope&) = delete;
+
+private:
+    HDC m_hdc;
+    int m_nSaved;
+};
+
 class TransparentScope
 {
 public:

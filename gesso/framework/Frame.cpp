@@ -159,6 +159,11 @@ LRESULT Frame::Default(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);
 }
 
+INT_PTR Frame::DialogDefault(HWND, UINT, WPARAM, LPARAM)
+{
+    return FALSE;
+}
+
 void Frame::SetState(GWnd& wnd, DWORD dwState)
 {
     wnd.m_dwState = dwState;

@@ -99,6 +99,23 @@ public:
     }
     static LRESULT Default(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
 
+    // The same for a class of dialogs: finds the object, which the window takes at WM_INITDIALOG, and calls
+    // the class's switch, its OnMessage, with the window first: one object may run several. UNBOUND answers
+    // where there is no object.
+    using DialogTail = INT_PTR (*)(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    template <class DIALOG, DialogTail UNBOUND>
+    static INT_PTR RouteDialog(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if (auto* pDialog = static_cast<DIALOG*>(DIALOG::ObjectOf(hDlg, uMsg, lParam))) {
+            return pDialog->OnMessage(hDlg, uMsg, wParam, lParam);
+        }
+        return UNBOUND(hDlg, uMsg, wParam, lParam);
+    }
+
+    // The tail of every dialog's switch: what all dialogs answer alike, and then the platform's handling.
+    // Reads nothing of the object.
+    static INT_PTR DialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+
     // --- Coming to life and going
 
     // The end of every detachment: deletes the object if its window owns it. Touch nothing of it afterwards.

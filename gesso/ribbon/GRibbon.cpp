@@ -129,7 +129,7 @@ void GRibbon::RemovePage(GRibbonPage* pPage)
     m_aTabs.RemoveAt(nIndex, 1);
     Invalidate(0);
     if (m_nActive >= m_aTabs.GetLength()) {
-        m_nActive = m_aTabs.GetLength() - 1;
+        ChangeActive(m_aTabs.GetLength() - 1);
     }
 }
 
@@ -165,8 +165,20 @@ GRibbonPage* GRibbon::GetPage(DWORD dwId)
 
 void GRibbon::SetActive(UINT nIndex)
 {
-    m_nActive = nIndex;
+    ChangeActive(nIndex);
     Invalidate(0);
+}
+
+// The one place where the active tab changes.
+void GRibbon::ChangeActive(UINT nIndex)
+{
+    m_nActive = nIndex;
+}
+
+// The one place where the tab under the pointer changes.
+void GRibbon::ChangeHot(UINT nIndex)
+{
+    m_nHot = nIndex;
 }
 
 void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
@@ -176,7 +188,7 @@ void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
     }
     m_aTabs[nIndex].uStatus = uStatus;
     if (nIndex == m_nActive && !IsVisible(nIndex)) {
-        m_nActive = TabToShowInsteadOf(nIndex);
+        ChangeActive(TabToShowInsteadOf(nIndex));
     }
     Invalidate(0);
 }
@@ -297,7 +309,7 @@ LRESULT GRibbon::OnMouseMove(WPARAM wKeys, POINTS pt)
     if (nHit != m_nHot) {
         // Fixed behaviour: the active tab never becomes hot, so that each move over it repaints. Without that
         // a page that follows the pointer would show what was under it before.
-        m_nHot = nHit == m_nActive ? RIBBON_NONE : nHit;
+        ChangeHot(nHit == m_nActive ? RIBBON_NONE : nHit);
         Invalidate(0);
     }
     GRibbonPage* pPage = ActivePage();
@@ -309,7 +321,7 @@ LRESULT GRibbon::OnMouseMove(WPARAM wKeys, POINTS pt)
 
 LRESULT GRibbon::OnMouseLeave()
 {
-    m_nHot = RIBBON_NONE;
+    ChangeHot(RIBBON_NONE);
     Frame::OnMouseLeave(*this);
     if (GRibbonPage* pPage = ActivePage()) {
         pPage->OnMouseLeave();

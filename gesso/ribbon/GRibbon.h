@@ -127,6 +127,8 @@ private:
     friend class GRibbonPage;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     static void DeletePage(GRibbonPage* pPage);
+    void ChangeActive(UINT nIndex);
+    void ChangeHot(UINT nIndex);
     bool IsVisible(UINT nIndex) const;
     UINT IndexOf(const GRibbonPage* pPage) const;
     GRibbonPage* ActivePage() const;

@@ -59,14 +59,14 @@ void GRibbonPage::Create(GRibbon* pRibbon)
     }
     m_press.group = m_press.item = RIBBON_NONE;
     m_hover.group = m_hover.item = RIBBON_NONE;
-    m_uHotItem = RIBBON_NONE;
+    ChangeHot(RIBBON_NONE);
     m_hItemFont = g_hDefaultFont;
     m_pRibbon = pRibbon;
     m_hwndRibbon = pRibbon->GetHwnd();
     pRibbon->GetPageDrawInfo(&m_hBrush, &m_hPen, &m_hGroupFont);
     m_hwndTarget = pRibbon->GetParent();
     m_hTheme.Open(m_hwndRibbon, THEME_CLASS);
-    m_uState = 0;
+    ChangeState(~0u, false);
 }
 
 void GRibbonPage::Destroy()
@@ -253,7 +253,7 @@ void GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
     } else if (item.uType == RIT_CHECKBOX) {
         item.nId = info.nId;
         item.nImage = -1;
-        item.uFlags = info.bChecked ? item.uFlags | RIF_CHECKED : item.uFlags & ~RIF_CHECKED;
+        ChangeCheck(item, info.bChecked);
         TakeText(item, info.pszCheckText);
     }
 }

@@ -206,6 +206,9 @@ private:
     void TakeOptions(Item& item, const ItemInfo& info);
     void TakeText(Item& item, LPCWSTR pszText);
     void Measure(Item& item) const;
+    void ChangeHot(UINT uItem);
+    void ChangeState(UINT uBits, bool fOn);
+    static void ChangeCheck(Item& item, bool fChecked);
     void OnItemsChanged(Group& group, UINT nFirstChanged);
     int StateOf(UINT uItem, const Item& item) const;
     void DrawItems(HDC hdc, UINT nGroup) const;

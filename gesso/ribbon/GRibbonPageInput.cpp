@@ -4,16 +4,34 @@
 
 #include <utility>
 
+// The one place where the hot item changes.
+void GRibbonPage::ChangeHot(UINT uItem)
+{
+    m_uHotItem = uItem;
+}
+
+// The one place where the page's state, GWS_PRESSED and its like, changes.
+void GRibbonPage::ChangeState(UINT uBits, bool fOn)
+{
+    m_uState = fOn ? m_uState | uBits : m_uState & ~uBits;
+}
+
+// The one place where a check mark changes.
+void GRibbonPage::ChangeCheck(Item& item, bool fChecked)
+{
+    item.uFlags = fChecked ? item.uFlags | RIF_CHECKED : item.uFlags & ~RIF_CHECKED;
+}
+
 LRESULT GRibbonPage::OnLButtonDown(WPARAM, POINTS pt)
 {
     if (m_aGroups.GetLength() == 0) {
         return 0;
     }
-    m_uState |= GWS_PRESSED;
+    ChangeState(GWS_PRESSED, true);
     InvalidateRibbon();
     m_press.pt = pt;
     HitTest(&m_press);
-    m_uHotItem = m_press.item;
+    ChangeHot(m_press.item);
     SetCapture(RibbonWindow());
     return 0;
 }
@@ -27,8 +45,8 @@ LRESULT GRibbonPage::OnMouseMove(WPARAM, POINTS pt)
     const bool fOnOther =
         m_hover.item != RIBBON_NONE && m_press.item != RIBBON_NONE && m_press.item != m_hover.item;
     if (!fOnOther) {
-        m_uState = m_hover.item != RIBBON_NONE ? m_uState | GWS_HOT : m_uState & ~GWS_HOT;
-        m_uHotItem = m_hover.item;
+        ChangeState(GWS_HOT, m_hover.item != RIBBON_NONE);
+        ChangeHot(m_hover.item);
     }
     if (m_hover.item != uFormer) {
         InvalidateRibbon();
@@ -66,7 +84,7 @@ void GRibbonPage::Click(UINT uItem)
     }
     LPARAM lChecked = 0;
     if (pItem->uType == RIT_CHECKBOX) {
-        pItem->uFlags ^= RIF_CHECKED;
+        ChangeCheck(*pItem, !(pItem->uFlags & RIF_CHECKED));
         lChecked = pItem->uFlags & RIF_CHECKED ? 1 : 0;
     }
     SendMessageW(m_hwndTarget, WM_COMMAND, LOWORD(pItem->nId), lChecked);
@@ -88,7 +106,7 @@ GRibbonPage::Item* GRibbonPage::ItemOfCode(UINT uItem)
 // over would otherwise lose its highlight while that is open.
 LRESULT GRibbonPage::OnMouseLeave()
 {
-    m_uState &= ~(GWS_HOT | GWS_TRACKING);
+    ChangeState(GWS_HOT | GWS_TRACKING, false);
     m_hover.group = m_hover.item = RIBBON_NONE;
     InvalidateRibbon();
     return 0;
@@ -97,7 +115,7 @@ LRESULT GRibbonPage::OnMouseLeave()
 LRESULT GRibbonPage::OnCaptureChanged(HWND hwndNew)
 {
     if (hwndNew != RibbonWindow()) {
-        m_uState &= ~GWS_PRESSED;
+        ChangeState(GWS_PRESSED, false);
     }
     return 0;
 }
@@ -107,7 +125,7 @@ void GRibbonPage::TrackLeave()
     if (!(m_uState & GWS_TRACKING)) {
         TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE, RibbonWindow(), 0};
         TrackMouseEvent(&track);
-        m_uState |= GWS_TRACKING;
+        ChangeState(GWS_TRACKING, true);
     }
 }
 

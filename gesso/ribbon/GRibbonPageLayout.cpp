@@ -1,17 +1,15 @@
-// Where groups and items stand, and what is at a point.
+// How large items are, and how a page keeps its layout.
 
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/ribbon/GRibbonPage.h>
-#include <gesso/ribbon/ItemCode.h>
+#include <gesso/ribbon/RibbonLayout.h>
 
 #include <algorithm>
 
 using gesso::Pixels;
 using gesso::PlainPart;
 using gesso::ThemePart;
-using Group = GRibbonPage::Group;
 using Item = GRibbonPage::Item;
 namespace Metrics = gesso::Metrics;
 
@@ -91,86 +89,6 @@ struct ItemMeasurer
     }
 };
 
-// Stacks items in columns from left to right.
-class Columns
-{
-public:
-    // Goes on behind the first nPlaced items. Every item of a column starts at the largest right edge of the
-    // columns before it, so that only the last column need be looked at.
-    Columns(HWND hwnd, const OArray<Item, Item const&>& items, UINT nPlaced)
-        : m_nTop(Pixels(hwnd, Metrics::RIBBON_PAGE_TOP)),
-          m_nHeight(Pixels(hwnd, Metrics::RIBBON_COLUMN_HEIGHT))
-    {
-        if (nPlaced == 0) {
-            return;
-        }
-        m_nLeft = m_nMaxRight = items[nPlaced - 1].nLeft;
-        m_nOffset = items[nPlaced - 1].nBottom - m_nTop;
-        for (UINT i = nPlaced; i-- > 0 && items[i].nLeft == m_nLeft;) {
-            m_nMaxRight = std::max(m_nMaxRight, items[i].nRight);
-        }
-    }
-
-    void Place(Item& item)
-    {
-        const int cx = item.nRight - item.nLeft;
-        const int cy = item.nBottom - item.nTop;
-        if (m_nOffset + cy > m_nHeight) {
-            m_nLeft = m_nMaxRight;
-            m_nOffset = 0;
-        }
-        item.nLeft = m_nLeft;
-        item.nTop = m_nTop + m_nOffset;
-        item.nRight = item.nLeft + cx;
-        item.nBottom = item.nTop + cy;
-        m_nOffset += cy;
-        m_nMaxRight = std::max(m_nMaxRight, item.nRight);
-    }
-
-    int MaxRight() const { return m_nMaxRight; }
-
-private:
-    int m_nTop, m_nHeight; // of each column
-    int m_nLeft = 0;
-    int m_nOffset = 0; // of the next item in the column
-    int m_nMaxRight = 0;
-};
-
-void PlaceItems(HWND hwnd, Group& group)
-{
-    Columns columns(hwnd, group.aItems, group.nPlacedItems);
-    for (UINT i = group.nPlacedItems; i < group.aItems.GetLength(); i++) {
-        columns.Place(group.aItems[i]);
-    }
-    group.nPlacedItems = group.aItems.GetLength();
-    group.nLeft = 0;
-    group.nRight = std::max(columns.MaxRight() + Pixels(hwnd, Metrics::RIBBON_GROUP_MARGINS),
-                            Pixels(hwnd, Metrics::RIBBON_EMPTY_GROUP_WIDTH));
-}
-
-// The index in the group, or the count of items.
-UINT FindItemAt(HWND hwnd, const Group& group, POINTS pt)
-{
-    const int nOffset = Pixels(hwnd, Metrics::RIBBON_HIT_OFFSET); // right of and below each rectangle
-    const auto& items = group.aItems;
-    const int x = pt.x - group.nLeft - nOffset;
-    const int y = pt.y - nOffset;
-    const UINT nCount = items.GetLength();
-    UINT i = 0;
-    while (i < nCount && items[i].nRight < x) {
-        i++;
-    }
-    for (; i < nCount; i++) {
-        if (items[i].nLeft > x) {
-            return nCount;
-        }
-        if (items[i].nRight >= x && items[i].nTop <= y && y <= items[i].nBottom) {
-            return i;
-        }
-    }
-    return nCount;
-}
-
 } // namespace
 
 void GRibbonPage::CalculateItemSize(HDC hdc, Item* pItem) const
@@ -197,7 +115,7 @@ void GRibbonPage::Measure(Item& item) const
 void GRibbonPage::CalculateGroupSize(Group* pGroup) const
 {
     pGroup->nPlacedItems = 0;
-    PlaceItems(RibbonWindow(), *pGroup);
+    gesso::PlaceItems(RibbonWindow(), *pGroup);
 }
 
 // The items before the changed one stand as they are, which keeps filling a group from growing with the
@@ -205,31 +123,16 @@ void GRibbonPage::CalculateGroupSize(Group* pGroup) const
 void GRibbonPage::OnItemsChanged(Group& group, UINT nFirstChanged)
 {
     group.nPlacedItems = std::min(group.nPlacedItems, nFirstChanged);
-    PlaceItems(RibbonWindow(), group);
+    gesso::PlaceItems(RibbonWindow(), group);
     RecalcWidth();
 }
 
 void GRibbonPage::RecalcWidth()
 {
-    int x = 0;
-    for (Group& group : m_aGroups) {
-        const int nWidth = group.nRight - group.nLeft;
-        group.nLeft = x;
-        group.nRight = x + (group.uFixedWidth ? static_cast<int>(group.uFixedWidth) : nWidth);
-        x = group.nRight + 1;
-    }
+    gesso::PlaceGroups(m_aGroups);
 }
 
 void GRibbonPage::HitTest(HitTestInfo* pInfo) const
 {
-    const HWND hwnd = RibbonWindow();
-    pInfo->group = pInfo->item = RIBBON_NONE;
-    for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
-        if (m_aGroups[i].nRight >= pInfo->pt.x) {
-            const UINT nItem = FindItemAt(hwnd, m_aGroups[i], pInfo->pt);
-            pInfo->group = i;
-            pInfo->item = nItem < m_aGroups[i].aItems.GetLength() ? gesso::ItemCode(i, nItem) : RIBBON_NONE;
-            return;
-        }
-    }
+    gesso::HitGroups(RibbonWindow(), m_aGroups, *pInfo);
 }

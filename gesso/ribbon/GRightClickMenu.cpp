@@ -144,10 +144,16 @@ LRESULT GRightClickMenu::OnMouseMove(WPARAM, POINTS pt)
 {
     const int nRow = RowOf(m_hWnd, pt);
     if (nRow != m_nHot) {
-        m_nHot = nRow;
+        ChangeHot(nRow);
         Invalidate(0);
     }
     return 0;
+}
+
+// The one place where the row under the pointer changes.
+void GRightClickMenu::ChangeHot(int nRow)
+{
+    m_nHot = nRow;
 }
 
 LRESULT GRightClickMenu::OnLButtonUp(WPARAM, POINTS pt)

@@ -74,5 +74,6 @@ protected:
 private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void ChangeHot(int nRow);
     void DrawRows(HDC hdc) const;
 };
