@@ -1,4 +1,4 @@
-// The task dialog and the message box, run modally and driven from within.
+// What the task dialog draws, where it stands, and what it makes of failures.
 
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GTaskDialog.h>
@@ -10,7 +10,7 @@ namespace {
 
 using namespace test;
 
-class GTaskDialogTest : public DrawFixture
+class GTaskDialogHeadlessTest : public DrawFixture
 {
 protected:
     // Runs a message box and acts within it.
@@ -19,68 +19,9 @@ protected:
         desk::WhenIdle([act] { act(GDialog::s_hActiveDlg); });
         return GTaskDialog::MessageBoxW(Parent(), L"Content", L"Caption", uType);
     }
-
-    // The texts of a dialog's buttons from left to right, the default one in brackets.
-    static std::string Buttons(HWND hDlg)
-    {
-        std::string buttons;
-        const WORD wDefault = LOWORD(SendMessageW(hDlg, DM_GETDEFID, 0, 0));
-        const bool fDefault = HIWORD(SendMessageW(hDlg, DM_GETDEFID, 0, 0)) == DC_HASDEFID;
-        for (HWND hwnd = GetWindow(hDlg, GW_CHILD); hwnd; hwnd = GetWindow(hwnd, GW_HWNDNEXT)) {
-            std::string text = TextOf(hwnd);
-            if (fDefault && GetDlgCtrlID(hwnd) == wDefault) {
-                text = "[" + text + "]";
-            }
-            buttons = text + (buttons.empty() ? "" : " ") + buttons;
-        }
-        return buttons;
-    }
 };
 
-TEST_F(GTaskDialogTest, MessageTypesShowTheirButtonsAndDefaults)
-{
-    struct
-    {
-        UINT uType;
-        const char* pszButtons;
-    } const rows[] = {
-        {MB_OK, "[OK]"},
-        {MB_OKCANCEL, "[OK] Abbrechen"},
-        {MB_OKCANCEL | MB_DEFBUTTON2, "OK [Abbrechen]"},
-        {MB_OKCANCEL | MB_DEFBUTTON3, "[OK] Abbrechen"},
-        {MB_ABORTRETRYIGNORE, "OK"},
-        {MB_YESNOCANCEL, "[Ja] Nein Abbrechen"},
-        {MB_YESNOCANCEL | MB_DEFBUTTON2, "Ja [Nein] Abbrechen"},
-        {MB_YESNOCANCEL | MB_DEFBUTTON3, "Ja Nein [Abbrechen]"},
-        {MB_YESNO, "[Ja] Nein"},
-        {MB_RETRYCANCEL | MB_DEFBUTTON2, "Wiederholen [Abbrechen]"},
-        {0xF, "OK"},
-    };
-    for (const auto& row : rows) {
-        std::string buttons;
-        Box(row.uType, [&](HWND hDlg) {
-            buttons = Buttons(hDlg);
-            EndDialog(hDlg, IDOK);
-        });
-        EXPECT_EQ(buttons, row.pszButtons) << row.uType;
-    }
-}
-
-TEST_F(GTaskDialogTest, AnswersByMouseKeyboardAndCloseBox)
-{
-    EXPECT_EQ(Box(MB_YESNO,
-                  [](HWND hDlg) {
-                      RECT rc{};
-                      GetWindowRect(GetDlgItem(hDlg, IDNO), &rc);
-                      desk::Click(rc.left + 5, rc.top + 5);
-                  }),
-              static_cast<UINT>(IDNO));
-    EXPECT_EQ(Box(MB_YESNO, [](HWND) { desk::TypeKey(VK_RETURN); }), static_cast<UINT>(IDYES));
-    EXPECT_EQ(Box(MB_YESNO, [](HWND) { desk::TypeKey(VK_ESCAPE); }), static_cast<UINT>(IDCANCEL));
-    EXPECT_EQ(Box(MB_OK, [](HWND hDlg) { PostMessageW(hDlg, WM_CLOSE, 0, 0); }), static_cast<UINT>(IDCANCEL));
-}
-
-TEST_F(GTaskDialogTest, IsActiveUnlessTheForegroundGoesAndItsOwnerIsDisabledMeanwhile)
+TEST_F(GTaskDialogHeadlessTest, IsActiveUnlessTheForegroundGoesAndItsOwnerIsDisabledMeanwhile)
 {
     Box(MB_OK, [this](HWND hDlg) {
         EXPECT_FALSE(IsWindowEnabled(Parent()));
@@ -98,7 +39,7 @@ TEST_F(GTaskDialogTest, IsActiveUnlessTheForegroundGoesAndItsOwnerIsDisabledMean
 }
 
 // In fonts with characters of 8 x 20 and 6 x 15 pixels; a dialog unit is 7/4 x 15/8 pixels.
-TEST_F(GTaskDialogTest, TextsButtonsAndFooterStandWhereTheyBelong)
+TEST_F(GTaskDialogHeadlessTest, TextsButtonsAndFooterStandWhereTheyBelong)
 {
     Lines drawn, controls;
     GTASKDIALOGCONFIG config{};
@@ -148,7 +89,7 @@ TEST_F(GTaskDialogTest, TextsButtonsAndFooterStandWhereTheyBelong)
                                "4 'Wiederholen' (102,82,190,108)", "8 'Schliessen' (7,82,95,108)"}));
 }
 
-TEST_F(GTaskDialogTest, RunsAndLeavesNothingBehindWhateverFails)
+TEST_F(GTaskDialogHeadlessTest, RunsAndLeavesNothingBehindWhateverFails)
 {
     for (const char* pszOperation : {"LoadIconWithScaleDown", "OpenThemeData", "CreateCompatibleDC",
                                      "CreateCompatibleBitmap", "GetDC", "CreateWindowExW"})
@@ -167,25 +108,7 @@ TEST_F(GTaskDialogTest, RunsAndLeavesNothingBehindWhateverFails)
     EXPECT_EQ(uButton, static_cast<UINT>(-1));
 }
 
-TEST_F(GTaskDialogTest, InnerDialogGivesTheKeyboardBackToTheOuter)
-{
-    HWND hOuter = nullptr;
-    const UINT uOuter = Box(MB_YESNO, [&](HWND hDlg) {
-        hOuter = hDlg;
-        desk::WhenIdle([&] {
-            EXPECT_NE(GDialog::s_hActiveDlg, hOuter);
-            EXPECT_FALSE(IsWindowEnabled(hOuter));
-            desk::TypeKey(VK_ESCAPE);
-        });
-        EXPECT_EQ(GTaskDialog::MessageBoxW(hDlg, L"Inner", L"", MB_OKCANCEL), static_cast<UINT>(IDCANCEL));
-        EXPECT_EQ(GDialog::s_hActiveDlg, hOuter);
-        EXPECT_TRUE(IsWindowEnabled(hOuter));
-        desk::TypeKey(VK_RETURN);
-    });
-    EXPECT_EQ(uOuter, static_cast<UINT>(IDYES));
-}
-
-TEST_F(GTaskDialogTest, DialogThatCannotRunGivesMinusOne)
+TEST_F(GTaskDialogHeadlessTest, DialogThatCannotRunGivesMinusOne)
 {
     desk::Fail("DialogBoxIndirectParamW", 2, ERROR_ACCESS_DENIED);
     EXPECT_EQ(GTaskDialog::MessageBoxW(Parent(), L"text", nullptr, MB_ICONERROR), static_cast<UINT>(-1));
@@ -197,7 +120,7 @@ TEST_F(GTaskDialogTest, DialogThatCannotRunGivesMinusOne)
     EXPECT_EQ(uButton, static_cast<UINT>(-1));
 }
 
-TEST_F(GTaskDialogTest, NullTextsCountAsEmptyAndUnknownButtonsAreNone)
+TEST_F(GTaskDialogHeadlessTest, NullTextsCountAsEmptyAndUnknownButtonsAreNone)
 {
     GTASKDIALOGCONFIG config{};
     config.dwCommonButtons = 0xFFFFFF00;

@@ -1,4 +1,4 @@
-// The certificate dialog, run modally and driven from within.
+// What the certificate dialog draws, where it stands, and what it makes of failures.
 
 #include <gesso/controls/GCheckBox.h>
 #include <gesso/dialogs/GWndCertFailure.h>
@@ -12,12 +12,11 @@ namespace {
 using namespace test;
 
 constexpr int CHECKBOX = 1080;
-constexpr int SHOW = 2000;
 
 // Wider than the dialog's limit by itself, so that it wraps alike however often it is repeated.
 #define NAMES L"a name with many words, a name with many words, a name with many words, "
 
-class GWndCertFailureTest : public DrawFixture
+class GWndCertFailureHeadlessTest : public DrawFixture
 {
 protected:
     DWORD Run(DWORD dwType, DWORD dwFailures, const std::function<void(HWND)>& act)
@@ -47,43 +46,7 @@ protected:
     }
 };
 
-TEST_F(GWndCertFailureTest, ResultsByAnswerAndSeverity)
-{
-    const auto escape = [](HWND) { desk::TypeKey(VK_ESCAPE); };
-    const auto close = [](HWND hDlg) { PostMessageW(hDlg, WM_CLOSE, 0, 0); };
-    for (const DWORD dwType : {CFT_SECURE, CFT_UNTRUSTED}) {
-        EXPECT_EQ(Run(dwType, 0, Command(IDYES)), static_cast<DWORD>(IDYES));
-        EXPECT_EQ(Run(dwType, 0, Command(IDOK)), static_cast<DWORD>(IDYES));
-        EXPECT_EQ(Run(dwType, 0, Command(IDNO)), static_cast<DWORD>(IDNO));
-        EXPECT_EQ(Run(dwType, 0, escape), static_cast<DWORD>(IDNO));
-        EXPECT_EQ(Run(dwType, 0, close), static_cast<DWORD>(IDNO));
-        EXPECT_EQ(Run(dwType, 0, [](HWND) { desk::TypeKey(VK_RETURN); }), static_cast<DWORD>(IDYES));
-    }
-    EXPECT_EQ(Run(CFT_INVALID, 0, Command(IDOK)), static_cast<DWORD>(IDNO));
-    EXPECT_EQ(Run(CFT_INVALID, 0, Command(IDYES)), static_cast<DWORD>(IDNO));
-    EXPECT_EQ(Run(CFT_INVALID, 0, escape), static_cast<DWORD>(IDNO));
-}
-
-TEST_F(GWndCertFailureTest, CheckBoxAndFlagStayEqual)
-{
-    EXPECT_EQ(Run(CFT_UNTRUSTED, 0,
-                  [](HWND hDlg) {
-                      auto& box = *static_cast<GCheckBox*>(GWnd::FromHwnd(GetDlgItem(hDlg, CHECKBOX)));
-                      RECT rc{};
-                      box.GetPos(&rc);
-                      desk::Click(rc.left + 5, (rc.top + rc.bottom) / 2);
-                      desk::WhenIdle([&box, hDlg] {
-                          EXPECT_EQ(box.GetCheck(), 1);
-                          SendMessageW(hDlg, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
-                          EXPECT_EQ(box.GetCheck(), 0);
-                          SendMessageW(hDlg, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
-                          SendMessageW(hDlg, WM_COMMAND, IDYES, 0);
-                      });
-                  }),
-              CFR_DONTASK | IDYES);
-}
-
-TEST_F(GWndCertFailureTest, ShowsALineForEachFailureInOrder)
+TEST_F(GWndCertFailureHeadlessTest, ShowsALineForEachFailureInOrder)
 {
     Lines texts;
     Run(CFT_UNTRUSTED, 0xFFFFF820 | 0x02, [&](HWND hDlg) {
@@ -109,7 +72,7 @@ TEST_F(GWndCertFailureTest, ShowsALineForEachFailureInOrder)
 }
 
 // In a font with characters of 6 x 15 pixels, 8 x 20 in the header; a dialog unit is 7/4 x 15/8 pixels.
-TEST_F(GWndCertFailureTest, EverythingStandsWhereItBelongs)
+TEST_F(GWndCertFailureHeadlessTest, EverythingStandsWhereItBelongs)
 {
     Lines drawn, controls;
     Run(CFT_SECURE, 0x22, [&](HWND hDlg) {
@@ -140,7 +103,7 @@ TEST_F(GWndCertFailureTest, EverythingStandsWhereItBelongs)
                      "2000 'Zertifikat anzeigen...' (12,305,152,331)"}));
 }
 
-TEST_F(GWndCertFailureTest, LongSubjectMakesTheDialogTallerAndNotWider)
+TEST_F(GWndCertFailureHeadlessTest, LongSubjectMakesTheDialogTallerAndNotWider)
 {
     const auto sizeFor = [&](LPCWSTR pszSubject) {
         SIZE size{};
@@ -158,21 +121,7 @@ TEST_F(GWndCertFailureTest, LongSubjectMakesTheDialogTallerAndNotWider)
     EXPECT_GT(talkative.cy, brief.cy);
 }
 
-TEST_F(GWndCertFailureTest, CertificateButtonCallsBackAndTheDialogStays)
-{
-    int nCalls = 0;
-    desk::WhenIdle([] {
-        SendMessageW(GDialog::s_hActiveDlg, WM_COMMAND, SHOW, 0);
-        SendMessageW(GDialog::s_hActiveDlg, WM_COMMAND, IDNO, 0);
-    });
-    DWORD dwResult = 0;
-    const CertCallback pfnShow = [](HWND, void* pData) { return ++*static_cast<int*>(pData); };
-    GWndCertFailure::WndCertFailure(&dwResult, Parent(), pfnShow, &nCalls, CFT_SECURE, 0, L"", L"");
-    EXPECT_EQ(nCalls, 1);
-    EXPECT_EQ(dwResult, static_cast<DWORD>(IDNO));
-}
-
-TEST_F(GWndCertFailureTest, FailuresToRunAreReported)
+TEST_F(GWndCertFailureHeadlessTest, FailuresToRunAreReported)
 {
     DWORD dwResult = 99;
     const auto run = [&](DWORD dwType) {
@@ -190,7 +139,7 @@ TEST_F(GWndCertFailureTest, FailuresToRunAreReported)
     EXPECT_EQ(dwResult, static_cast<DWORD>(-1));
 }
 
-TEST_F(GWndCertFailureTest, RunsAndLeavesNothingBehindWhateverFails)
+TEST_F(GWndCertFailureHeadlessTest, RunsAndLeavesNothingBehindWhateverFails)
 {
     for (const char* pszOperation :
          {"LoadIconWithScaleDown", "OpenThemeData", "CreateFontW", "CreateDIBSection", "CreateCompatibleDC",
@@ -204,14 +153,14 @@ TEST_F(GWndCertFailureTest, RunsAndLeavesNothingBehindWhateverFails)
     }
 }
 
-TEST_F(GWndCertFailureTest, OwnerMayEndItAsSoonAsItStandsAtItsPlace)
+TEST_F(GWndCertFailureHeadlessTest, OwnerMayEndItAsSoonAsItStandsAtItsPlace)
 {
     const Interception inactive(Parent(), WM_ACTIVATE, [] { DestroyWindow(desk::TopLevelWindows()[0]); });
     GWndCertFailure::WndCertFailure(nullptr, Parent(), nullptr, nullptr, CFT_UNTRUSTED, 0x7FF, L"", L"");
     EXPECT_TRUE(inactive.Happened());
 }
 
-TEST_F(GWndCertFailureTest, CopyDrawsTheSameAndOwnsNothing)
+TEST_F(GWndCertFailureHeadlessTest, CopyDrawsTheSameAndOwnsNothing)
 {
     Run(CFT_UNTRUSTED, 0x02, [](HWND hDlg) {
         auto& dialog = *reinterpret_cast<GWndCertFailure*>(GetWindowLongPtrW(hDlg, DWLP_USER));
