@@ -1,117 +1,162 @@
-// The tabs: one layout for hit-testing and drawing.
+// The tabs and their pages: which there are, which one is active, and which shows instead of a hidden one.
 
+#include <gesso/containers/Misuse.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/framework/Frame.h>
-#include <gesso/framework/Metrics.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
 
-using gesso::Pixels;
-namespace Metrics = gesso::Metrics;
-
 namespace {
 
-void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush)
+template <class HANDLE_TYPE> void GiveHandle(HANDLE_TYPE* pHandle, HANDLE_TYPE handle)
 {
-    FillRect(hdc, &rc, hBrush);
-}
-
-// The outline of a tab, from and to the base line.
-void DrawOutline(HDC hdc, int nLeft, int nRight, int nBaseLine)
-{
-    LineTo(hdc, nLeft, 0);
-    LineTo(hdc, nRight, 0);
-    LineTo(hdc, nRight, nBaseLine);
+    if (!pHandle) {
+        return gesso::Misuse("GRibbon::GetPageDrawInfo: a null pointer");
+    }
+    *pHandle = handle;
 }
 
 } // namespace
 
-// Visits the visible tabs from left to right, with where they start and end, until `visit` returns false.
-template <class VISIT> void GRibbon::VisitTabs(VISIT visit) const
+void GRibbon::DeletePage(GRibbonPage* pPage)
 {
-    const int nMargins = 2 * Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
-    const int nGap = Pixels(m_hWnd, Metrics::RIBBON_TAB_GAP);
-    int nLeft = 0;
+    delete pPage;
+}
+
+UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
+{
+    if (!pPage) {
+        pPage = MakePage(dwId, pszTitle);
+    } else if (dwId) {
+        pPage->m_dwId = dwId;
+    }
+    if (!pPage) {
+        return RIBBON_NONE;
+    }
+    if (IndexOf(pPage) != RIBBON_NONE) {
+        gesso::Misuse("GRibbon::AddPage: a page that is in the ribbon already");
+        m_ownPages.Forget(pPage);
+    }
+    m_ownPages.Add(pPage);
+    const UINT uWidth = MeasureTitle(pszTitle ? pszTitle : pPage->Title());
+    const UINT nIndex = m_aTabs.Add({uWidth, RIBBON_TAB_VISIBLE, pPage});
+    pPage->Create(this);
+    Invalidate(0);
+    return nIndex;
+}
+
+void GRibbon::RemovePage(GRibbonPage* pPage)
+{
+    const UINT nIndex = IndexOf(pPage);
+    if (nIndex == RIBBON_NONE) {
+        return;
+    }
+    m_ownPages.Forget(pPage);
+    m_aTabs.RemoveAt(nIndex, 1);
+    Invalidate(0);
+    if (m_nActive >= m_aTabs.GetLength()) {
+        ChangeActive(m_aTabs.GetLength() - 1);
+    }
+}
+
+void GRibbon::RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle)
+{
+    if (!pPage) {
+        return gesso::Misuse("GRibbon::RenamePage: no page");
+    }
+    // Measured first: the title may be the page's own, which goes.
+    const UINT uWidth = MeasureTitle(gesso::TextOrEmpty(pszTitle));
+    pPage->SetTitle(pszTitle);
+    const UINT nIndex = IndexOf(pPage);
+    if (nIndex == RIBBON_NONE) {
+        return gesso::Misuse("GRibbon::RenamePage: a page that is not in the ribbon");
+    }
+    m_aTabs[nIndex].uTextWidth = uWidth;
+}
+
+GRibbonPage* GRibbon::MakePage(DWORD dwId, LPCWSTR pszTitle)
+{
+    return new GRibbonPage(dwId, pszTitle);
+}
+
+GRibbonPage* GRibbon::GetPage(DWORD dwId)
+{
+    for (const RibbonTab& tab : m_aTabs) {
+        if (tab.pPage->m_dwId == dwId) {
+            return tab.pPage;
+        }
+    }
+    return nullptr;
+}
+
+void GRibbon::SetActive(UINT nIndex)
+{
+    ChangeActive(nIndex);
+    Invalidate(0);
+}
+
+// The one place where the active tab changes.
+void GRibbon::ChangeActive(UINT nIndex)
+{
+    m_nActive = nIndex;
+}
+
+void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
+{
+    if (nIndex >= m_aTabs.GetLength()) {
+        return gesso::Misuse("GRibbon::SetStatus: an index beyond the tabs");
+    }
+    m_aTabs[nIndex].uStatus = uStatus;
+    if (nIndex == m_nActive && !IsVisible(nIndex)) {
+        ChangeActive(TabToShowInsteadOf(nIndex));
+    }
+    Invalidate(0);
+}
+
+UINT GRibbon::TabToShowInsteadOf(UINT nIndex) const
+{
+    for (UINT i = nIndex; i < m_aTabs.GetLength(); i++) {
+        if (IsVisible(i)) {
+            return i;
+        }
+    }
+    while (nIndex != 0 && !IsVisible(nIndex)) {
+        nIndex--;
+    }
+    return nIndex;
+}
+
+void GRibbon::GetPageDrawInfo(HBRUSH* phBrush, HPEN* phPen, HFONT* phFont) const
+{
+    GiveHandle<HBRUSH>(phBrush, m_hActiveBrush);
+    GiveHandle<HPEN>(phPen, m_hPagePen);
+    GiveHandle<HFONT>(phFont, m_hPageFont);
+}
+
+bool GRibbon::IsVisible(UINT nIndex) const
+{
+    return m_aTabs[nIndex].uStatus & RIBBON_TAB_VISIBLE;
+}
+
+UINT GRibbon::IndexOf(const GRibbonPage* pPage) const
+{
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
-        if (!IsVisible(i)) {
-            continue;
+        if (m_aTabs[i].pPage == pPage) {
+            return i;
         }
-        const int nRight = nLeft + nMargins + static_cast<int>(m_aTabs[i].uTextWidth);
-        if (!visit(i, nLeft, nRight)) {
-            return;
-        }
-        nLeft = nRight + nGap;
     }
+    return RIBBON_NONE;
 }
 
-UINT GRibbon::HitTest(POINTS pt) const
+GRibbonPage* GRibbon::ActivePage() const
 {
-    UINT nHit = RIBBON_NONE;
-    if (pt.y >= Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP) || pt.x < 0) {
-        return nHit;
-    }
-    VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
-        if (pt.x < nLeft) {
-            return false;
-        }
-        if (pt.x <= nRight) {
-            nHit = nIndex;
-        }
-        return pt.x > nRight;
-    });
-    return nHit;
+    return m_nActive < m_aTabs.GetLength() ? m_aTabs[m_nActive].pPage : nullptr;
 }
 
-void GRibbon::Draw(HDC hdc)
+UINT GRibbon::MeasureTitle(LPCWSTR pszTitle) const
 {
-    RECT rc{};
-    {
-        const gesso::TransparentScope mode(hdc);
-        if (!gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
-            return;
-        }
-        const gesso::SelectScope font(hdc, m_hTabFont);
-        const gesso::SelectScope pen(hdc, m_hActivePen);
-        VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
-            DrawTab(hdc, nIndex, nLeft, nRight, rc.right);
-            return true;
-        });
-        MoveToEx(hdc, 0, rc.bottom - 1, nullptr);
-        LineTo(hdc, rc.right, rc.bottom - 1);
-    }
-    if (GRibbonPage* pPage = ActivePage()) {
-        pPage->Draw(hdc);
-    }
-}
-
-void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRight) const
-{
-    if (nIndex == m_nActive) {
-        DrawActiveTab(hdc, nLeft, nRight, nClientRight);
-    } else if (nIndex == m_nHot) {
-        DrawHotTab(hdc, nLeft, nRight);
-    }
-    const int nMargin = Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
-    RECT rcText{nLeft + nMargin, 1, nRight - nMargin, Pixels(m_hWnd, Metrics::RIBBON_TAB_TEXT_BOTTOM)};
-    DrawTextW(hdc, m_aTabs[nIndex].pPage->Title(), -1, &rcText, DT_VCENTER | DT_SINGLELINE);
-}
-
-// The base line is drawn with the active tab alone, left and right of it, and painted out under it.
-void GRibbon::DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) const
-{
-    const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
-    MoveToEx(hdc, 0, nBaseLine, nullptr);
-    LineTo(hdc, nLeft, nBaseLine);
-    DrawOutline(hdc, nLeft, nRight, nBaseLine);
-    LineTo(hdc, nClientRight, nBaseLine);
-    FillArea(hdc, {nLeft + 1, 1, nRight, Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP)}, m_hActiveBrush);
-}
-
-void GRibbon::DrawHotTab(HDC hdc, int nLeft, int nRight) const
-{
-    const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
-    const gesso::SelectScope pen(hdc, m_hHotPen);
-    MoveToEx(hdc, nLeft, nBaseLine, nullptr);
-    DrawOutline(hdc, nLeft, nRight, nBaseLine);
-    FillArea(hdc, {nLeft + 1, 1, nRight - 1, nBaseLine}, m_hHotBrush);
+    const gesso::MemoryContext context;
+    const gesso::SelectScope font(context, m_hTabFont);
+    SIZE size{};
+    GetTextExtentPointW(context, pszTitle, gesso::TextLength(pszTitle), &size);
+    return static_cast<UINT>(size.cx);
 }

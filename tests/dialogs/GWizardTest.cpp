@@ -212,6 +212,7 @@ TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
             }
             EXPECT_TRUE(IsWindowEnabled(Parent())) << uCode;
             user::Wait(SETTLE); // what is left to do finds no wizard
+            user::Pump();
         }
     }
 }

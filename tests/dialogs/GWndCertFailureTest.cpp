@@ -53,12 +53,12 @@ TEST_F(GWndCertFailureTest, CheckBoxAndFlagStayEqual)
                       RECT rc{};
                       box.GetPos(&rc);
                       user::Click(rc.left + 5, (rc.top + rc.bottom) / 2);
-                      WhenIdle([&box](HWND hDlg) {
+                      WhenIdle([&box](HWND hwnd) {
                           EXPECT_EQ(box.GetCheck(), 1);
-                          SendMessageW(hDlg, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
+                          SendMessageW(hwnd, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
                           EXPECT_EQ(box.GetCheck(), 0);
-                          SendMessageW(hDlg, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
-                          SendMessageW(hDlg, WM_COMMAND, IDYES, 0);
+                          SendMessageW(hwnd, WM_COMMAND, CHECKBOX, reinterpret_cast<LPARAM>(box.GetHwnd()));
+                          SendMessageW(hwnd, WM_COMMAND, IDYES, 0);
                       });
                   }),
               CFR_DONTASK | IDYES);

@@ -1,0 +1,117 @@
+// How the tabs look, with one layout for hit-testing and drawing.
+
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/ribbon/GRibbon.h>
+#include <gesso/ribbon/GRibbonPage.h>
+
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
+
+namespace {
+
+void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush)
+{
+    FillRect(hdc, &rc, hBrush);
+}
+
+// The outline of a tab, from and to the base line.
+void DrawOutline(HDC hdc, int nLeft, int nRight, int nBaseLine)
+{
+    LineTo(hdc, nLeft, 0);
+    LineTo(hdc, nRight, 0);
+    LineTo(hdc, nRight, nBaseLine);
+}
+
+} // namespace
+
+// Visits the visible tabs from left to right, with where they start and end, until `visit` returns false.
+template <class VISIT> void GRibbon::VisitTabs(VISIT visit) const
+{
+    const int nMargins = 2 * Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
+    const int nGap = Pixels(m_hWnd, Metrics::RIBBON_TAB_GAP);
+    int nLeft = 0;
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        if (!IsVisible(i)) {
+            continue;
+        }
+        const int nRight = nLeft + nMargins + static_cast<int>(m_aTabs[i].uTextWidth);
+        if (!visit(i, nLeft, nRight)) {
+            return;
+        }
+        nLeft = nRight + nGap;
+    }
+}
+
+UINT GRibbon::HitTest(POINTS pt) const
+{
+    UINT nHit = RIBBON_NONE;
+    if (pt.y >= Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP) || pt.x < 0) {
+        return nHit;
+    }
+    VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
+        if (pt.x < nLeft) {
+            return false;
+        }
+        if (pt.x <= nRight) {
+            nHit = nIndex;
+        }
+        return pt.x > nRight;
+    });
+    return nHit;
+}
+
+void GRibbon::Draw(HDC hdc)
+{
+    RECT rc{};
+    {
+        const gesso::TransparentScope mode(hdc);
+        if (!gesso::Frame::DrawParentBackground(*this, hdc, &rc)) {
+            return;
+        }
+        const gesso::SelectScope font(hdc, m_hTabFont);
+        const gesso::SelectScope pen(hdc, m_hActivePen);
+        VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
+            DrawTab(hdc, nIndex, nLeft, nRight, rc.right);
+            return true;
+        });
+        MoveToEx(hdc, 0, rc.bottom - 1, nullptr);
+        LineTo(hdc, rc.right, rc.bottom - 1);
+    }
+    if (GRibbonPage* pPage = ActivePage()) {
+        pPage->Draw(hdc);
+    }
+}
+
+void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRight) const
+{
+    if (nIndex == m_nActive) {
+        DrawActiveTab(hdc, nLeft, nRight, nClientRight);
+    } else if (nIndex == m_nHot) {
+        DrawHotTab(hdc, nLeft, nRight);
+    }
+    const int nMargin = Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
+    RECT rcText{nLeft + nMargin, 1, nRight - nMargin, Pixels(m_hWnd, Metrics::RIBBON_TAB_TEXT_BOTTOM)};
+    DrawTextW(hdc, m_aTabs[nIndex].pPage->Title(), -1, &rcText, DT_VCENTER | DT_SINGLELINE);
+}
+
+// The base line is drawn with the active tab alone, left and right of it, and painted out under it.
+void GRibbon::DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) const
+{
+    const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
+    MoveToEx(hdc, 0, nBaseLine, nullptr);
+    LineTo(hdc, nLeft, nBaseLine);
+    DrawOutline(hdc, nLeft, nRight, nBaseLine);
+    LineTo(hdc, nClientRight, nBaseLine);
+    FillArea(hdc, {nLeft + 1, 1, nRight, Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP)}, m_hActiveBrush);
+}
+
+void GRibbon::DrawHotTab(HDC hdc, int nLeft, int nRight) const
+{
+    const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
+    const gesso::SelectScope pen(hdc, m_hHotPen);
+    MoveToEx(hdc, nLeft, nBaseLine, nullptr);
+    DrawOutline(hdc, nLeft, nRight, nBaseLine);
+    FillArea(hdc, {nLeft + 1, 1, nRight - 1, nBaseLine}, m_hHotBrush);
+}
