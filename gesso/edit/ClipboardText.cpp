@@ -1,4 +1,5 @@
 #include <gesso/edit/ClipboardText.h>
+#include <gesso/framework/Frame.h>
 
 namespace gesso {
 namespace {
@@ -41,20 +42,7 @@ bool PutOnClipboard(HWND hwnd, HGLOBAL hText)
     return clipboard && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, hText);
 }
 
-} // namespace
-
-bool PutClipboardText(HWND hwnd, LPCWSTR psz, UINT nLength)
-{
-    // First of all: emptying the clipboard tells its owner, who may destroy whose text this is.
-    const HGLOBAL hText = GlobalCopy(psz, nLength);
-    const bool fTaken = hText && PutOnClipboard(hwnd, hText);
-    if (hText && !fTaken) {
-        GlobalFree(hText);
-    }
-    return fTaken;
-}
-
-bool GetClipboardText(HWND hwnd, OStringEx<wchar_t>* pstr)
+bool ReadClipboard(HWND hwnd, OStringEx<wchar_t>* pstr)
 {
     const OpenedClipboard clipboard(hwnd);
     const HGLOBAL hText = clipboard ? GetClipboardData(CF_UNICODETEXT) : nullptr;
@@ -68,6 +56,26 @@ bool GetClipboardText(HWND hwnd, OStringEx<wchar_t>* pstr)
     pstr->Insert(0, psz, nLength);
     GlobalUnlock(hText);
     return true;
+}
+
+} // namespace
+
+bool PutClipboardText(const GWnd& wnd, LPCWSTR psz, UINT nLength)
+{
+    const HWND hwnd = Frame::Handle(wnd);
+    // First of all: emptying the clipboard tells its owner, who may destroy whose text this is.
+    const HGLOBAL hText = GlobalCopy(psz, nLength);
+    const bool fTaken = hText && PutOnClipboard(hwnd, hText);
+    if (hText && !fTaken) {
+        GlobalFree(hText);
+    }
+    return fTaken && Frame::IsAlive(hwnd, &wnd);
+}
+
+bool GetClipboardText(const GWnd& wnd, OStringEx<wchar_t>* pstr)
+{
+    const HWND hwnd = Frame::Handle(wnd);
+    return ReadClipboard(hwnd, pstr) && Frame::IsAlive(hwnd, &wnd);
 }
 
 } // namespace gesso

@@ -1,4 +1,6 @@
 #include <gesso/edit/FieldText.h>
+#include <gesso/framework/Colors.h>
+#include <gesso/framework/OwnedHandles.h>
 
 #include <algorithm>
 
@@ -28,9 +30,9 @@ void DrawRun(HDC hdc, const RECT& rc, int nLeft, LPCWSTR psz, UINT nLength)
 
 void FillSelection(HDC hdc, const RECT& rc)
 {
-    const HBRUSH hBrush = CreateSolidBrush(SELECTION_COLOR);
-    FillRect(hdc, &rc, hBrush);
-    DeleteObject(hBrush);
+    BrushHandle brush;
+    brush.Reset(CreateSolidBrush(ColorOf(Color::FieldSelection)));
+    FillRect(hdc, &rc, brush);
 }
 
 } // namespace

@@ -5,9 +5,6 @@
 
 namespace gesso {
 
-// The colour behind selected text, whose own colour stays.
-constexpr COLORREF SELECTION_COLOR = 0xFFD6AD;
-
 // What the formats of measuring and of drawing a line have in common.
 constexpr UINT FIELD_MEASURE = DT_SINGLELINE | DT_CALCRECT | DT_EXTERNALLEADING | DT_NOPREFIX;
 constexpr UINT FIELD_DRAW = DT_NOPREFIX | DT_SINGLELINE;

@@ -1,7 +1,7 @@
 // A combo box's window, its items and the selection.
 
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GComboBoxList.h>
+#include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/Frame.h>
@@ -19,8 +19,7 @@ namespace {
 
 constexpr int FIRST_TEXT_LIMIT = 30000;
 constexpr int DROPDOWN_DIALOG_UNITS = 150;
-constexpr UINT NONE = static_cast<UINT>(-1);
-constexpr GComboBox::HitTestInfo NO_HIT{{}, -1, 0};
+constexpr GComboBox::HitTestInfo NO_HIT{{}, gesso::COMBO_OUTSIDE, 0};
 
 UINT FirstDropdownHeight(HWND hwndParent)
 {
@@ -38,12 +37,34 @@ void gesso::DeleteComboList(GComboBoxList* pList)
 
 // --- The object and its window
 
-GComboBox::GComboBox() : m_nTextLimit(FIRST_TEXT_LIMIT), m_hitDown(NO_HIT), m_hitMove(NO_HIT)
+// Where a host's compiler has put what derived classes know by name.
+struct GComboBox::Layout
+{
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+    static_assert(offsetof(GComboBox, m_hTheme) == 24);
+    static_assert(offsetof(GComboBox, m_hFont) == 40);
+    static_assert(offsetof(GComboBox, m_nTextLimit) == 48);
+    static_assert(offsetof(GComboBox, m_nDropdownHeight) == 52);
+    static_assert(offsetof(GComboBox, m_strText) == 56);
+    static_assert(offsetof(GComboBox, m_aItems) == 64);
+    static_assert(offsetof(GComboBox, m_pList) == 88);
+    static_assert(offsetof(GComboBox, m_hitDown) == 104);
+    static_assert(offsetof(GComboBox, m_hitMove) == 116);
+    static_assert(offsetof(GComboBox, m_nCaret) == 128);
+    static_assert(offsetof(GComboBox, m_nAnchor) == 132);
+    static_assert(offsetof(GComboBox, m_bCaret) == 136);
+    static_assert(sizeof(GComboBox) <= 144);
+#pragma GCC diagnostic pop
+};
+
+GComboBox::GComboBox()
+    : m_nTextLimit(FIRST_TEXT_LIMIT), m_pList(new GComboBoxList), m_inside(new Inside), m_hitDown(NO_HIT),
+      m_hitMove(NO_HIT)
 {
     if (!s_hIbeam) {
         s_hIbeam = gesso::LoadIBeam();
     }
-    m_pList.Reset(new GComboBoxList);
     m_pList->m_pOwner = this;
     m_pList->m_pItems = &m_aItems;
 }
@@ -51,16 +72,18 @@ GComboBox::GComboBox() : m_nTextLimit(FIRST_TEXT_LIMIT), m_hitDown(NO_HIT), m_hi
 GComboBox::GComboBox(const GComboBox& other)
     : GWnd(other), m_hTheme(other.m_hTheme), m_hFont(other.m_hFont), m_nTextLimit(other.m_nTextLimit),
       m_nDropdownHeight(other.m_nDropdownHeight), m_strText(other.m_strText), m_aItems(other.m_aItems),
-      m_pList(other.m_pList), m_hitDown(other.m_hitDown), m_hitMove(other.m_hitMove),
-      m_nCaret(other.m_nCaret), m_nAnchor(other.m_nAnchor), m_bCaret(other.m_bCaret), m_fOwnsItems(false)
+      m_pList(other.m_pList), m_inside(other.m_inside), m_hitDown(other.m_hitDown),
+      m_hitMove(other.m_hitMove), m_nCaret(other.m_nCaret), m_nAnchor(other.m_nAnchor),
+      m_bCaret(other.m_bCaret), m_fOwner(false)
 {}
 
 GComboBox& GComboBox::operator=(const GComboBox& other)
 {
-    if (this == &other) {
-        return *this;
+    // From a copy of its own: what both share stays.
+    if (m_inside != other.m_inside) {
+        ReleaseAll();
+        m_fOwner = false;
     }
-    ReleaseItems();
     GWnd::operator=(other);
     m_hTheme = other.m_hTheme;
     m_hFont = other.m_hFont;
@@ -69,21 +92,30 @@ GComboBox& GComboBox::operator=(const GComboBox& other)
     m_strText = other.m_strText;
     m_aItems = other.m_aItems;
     m_pList = other.m_pList;
+    m_inside = other.m_inside;
     m_hitDown = other.m_hitDown;
     m_hitMove = other.m_hitMove;
     m_nCaret = other.m_nCaret;
     m_nAnchor = other.m_nAnchor;
     m_bCaret = other.m_bCaret;
-    m_fOwnsItems = false;
     return *this;
 }
 
 GComboBox::~GComboBox()
 {
-    if (m_fOwnsItems && IsDropped()) {
-        m_pList->Close();
+    ReleaseAll();
+}
+
+void GComboBox::ReleaseAll()
+{
+    if (m_fOwner && IsDropped()) {
+        ChangeExpansion(false);
     }
     ReleaseItems();
+    if (m_fOwner) {
+        gesso::DeleteComboList(m_pList);
+        delete m_inside;
+    }
 }
 
 ATOM GComboBox::IsolationAwareRegisterClassW()
@@ -146,8 +178,8 @@ void GComboBox::SetDropdownHeight(UINT nHeight)
 
 LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
 {
-    m_dwState = Frame::FIRST_STATE;
-    m_hTheme.Reset(OpenThemeData(m_hWnd, L"COMBOBOX"));
+    Frame::SetState(*this, Frame::FIRST_STATE);
+    m_hTheme.Open(m_hWnd, L"COMBOBOX");
     m_hFont = g_hDefaultFont;
     m_hitDown = NO_HIT;
     m_hitMove = NO_HIT;
@@ -161,7 +193,7 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
 LRESULT GComboBox::OnDestroy()
 {
     if (IsDropped()) {
-        m_pList->Close();
+        ChangeExpansion(false);
     }
     m_bCaret = 0;
     m_hTheme.Reset();
@@ -173,7 +205,9 @@ LRESULT GComboBox::OnDestroy()
 int GComboBox::SetText(LPCWSTR pszText)
 {
     m_strText = gesso::TextOrEmpty(pszText);
-    SetCaret(m_strText.GetLength(), m_strText.GetLength());
+    Field field(*this);
+    field.text.MoveTo(field.lines.End(), false);
+    ChangeField(field.text);
     UpdateCursorPos();
     Invalidate(0);
     return 1;
@@ -194,7 +228,7 @@ int GComboBox::GetText(LPWSTR pszBuffer, int* pnLength) const
 // A copy leaves the items to the control that it was made from.
 void GComboBox::Release(ComboItem* pItem) const
 {
-    if (m_fOwnsItems) {
+    if (m_fOwner) {
         gesso::FreeText(pItem->pszText);
         delete pItem;
     }
@@ -233,7 +267,7 @@ UINT GComboBox::RemoveItem(UINT nIndex)
 {
     ComboItem* pItem = ItemAt(nIndex);
     if (!pItem) {
-        return NONE;
+        return gesso::NO_INDEX;
     }
     m_aItems.RemoveAt(nIndex, 1);
     Release(pItem);
@@ -243,7 +277,7 @@ UINT GComboBox::RemoveItem(UINT nIndex)
 void GComboBox::RemoveAllItems()
 {
     ReleaseItems();
-    m_pList->m_nSelected = NONE;
+    ChangeSelection(gesso::NO_INDEX);
 }
 
 UINT GComboBox::GetItemCount() const
@@ -309,12 +343,20 @@ void GComboBox::SetItemCustomData(UINT nIndex, void* pData)
 
 UINT GComboBox::Selected() const
 {
-    return m_pList->m_nSelected;
+    return m_inside->nSelected;
+}
+
+// Fixed behaviour: the list has the selected item in a field of its own, also while it is closed; a class
+// derived from the list would read a former one there.
+void GComboBox::ChangeSelection(UINT nIndex)
+{
+    m_inside->nSelected = nIndex;
+    m_pList->m_nSelected = nIndex;
 }
 
 UINT GComboBox::SetSelected(UINT nIndex)
 {
-    const UINT nNew = nIndex < m_aItems.GetLength() ? nIndex : NONE;
+    const UINT nNew = nIndex < m_aItems.GetLength() ? nIndex : gesso::NO_INDEX;
     Callback(nNew);
     return nNew;
 }
@@ -326,7 +368,7 @@ UINT GComboBox::GetSelected() const
 
 void GComboBox::Callback(UINT nIndex)
 {
-    m_pList->m_nSelected = nIndex;
+    ChangeSelection(nIndex);
     Update(false);
 }
 
@@ -334,11 +376,13 @@ void GComboBox::Update(bool bNotify)
 {
     const ComboItem* pItem = ItemAt(Selected());
     m_strText = pItem ? pItem->pszText : L"";
+    Field field(*this);
     if (Kind() == GCBS_DROPDOWN) {
-        SetCaret(m_strText.GetLength(), 0);
+        field.text.SelectAll();
+    }
+    ChangeField(field.text);
+    if (Kind() == GCBS_DROPDOWN) {
         UpdateCursorPos();
-    } else {
-        LimitSelection();
     }
     Invalidate(0);
     if (bNotify) {
@@ -400,41 +444,40 @@ LRESULT GComboBox::OnGetDlgCode() const
 
 LRESULT CALLBACK GComboBox::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pCombo = Frame::ObjectOf<GComboBox>(hwnd);
-    if (!pCombo) {
-        return uMsg == WM_CREATE ? Frame::Attach<GComboBox>(hwnd, lParam)
-                                 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GComboBox& combo = *pCombo;
+    return Frame::Route<GComboBox>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GComboBox::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_DESTROY: return combo.OnDestroy();
-    case WM_SETFOCUS: return combo.OnSetFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KILLFOCUS: return combo.OnKillFocus(reinterpret_cast<HWND>(wParam));
-    case WM_ENABLE: return combo.OnEnable(wParam != 0);
-    case WM_SETTEXT: return combo.OnSetText(reinterpret_cast<LPCWSTR>(lParam));
-    case WM_GETTEXT: return combo.OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
-    case WM_GETTEXTLENGTH: return combo.OnGetTextLength();
-    case WM_PAINT: return gesso::PaintControl(combo, hwnd);
+    case WM_DESTROY: return OnDestroy();
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_ENABLE: return OnEnable(wParam != 0);
+    case WM_SETTEXT: return OnSetText(reinterpret_cast<LPCWSTR>(lParam));
+    case WM_GETTEXT: return OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
+    case WM_GETTEXTLENGTH: return OnGetTextLength();
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
     case WM_ERASEBKGND: return 1;
-    case WM_SETFONT: return combo.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
-    case WM_GETFONT: return combo.OnGetFont();
-    case WM_STYLECHANGED: return combo.OnStyleChanged();
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(combo, reinterpret_cast<HDC>(wParam), lParam);
-    case WM_THEMECHANGED: return combo.OnThemeChanged();
-    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(combo, wParam, lParam);
-    case WM_GETDLGCODE: return combo.OnGetDlgCode();
-    case WM_SETCURSOR: return combo.OnSetCursor(wParam, lParam);
-    case WM_KEYDOWN: return combo.OnKeyDown(static_cast<UINT>(wParam), lParam);
-    case WM_CHAR: return combo.OnChar(static_cast<wchar_t>(wParam), lParam);
+    case WM_SETFONT: return OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
+    case WM_GETFONT: return OnGetFont();
+    case WM_STYLECHANGED: return OnStyleChanged();
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_THEMECHANGED: return OnThemeChanged();
+    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(*this, wParam, lParam);
+    case WM_GETDLGCODE: return OnGetDlgCode();
+    case WM_SETCURSOR: return OnSetCursor(wParam, lParam);
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), lParam);
+    case WM_CHAR: return OnChar(static_cast<wchar_t>(wParam), lParam);
     case WM_KEYUP:
     case WM_DEADCHAR: return 0;
-    case WM_LBUTTONDOWN: return combo.OnLButtonDown(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONUP: return combo.OnLButtonUp(wParam, gesso::PointOf(lParam));
-    case WM_LBUTTONDBLCLK: return combo.OnLButtonDblClk(wParam, gesso::PointOf(lParam));
-    case WM_MOUSEMOVE: return combo.OnMouseMove(wParam, gesso::PointOf(lParam));
-    case WM_MOUSEWHEEL: return combo.OnMouseWheel(GET_WHEEL_DELTA_WPARAM(wParam));
-    case WM_MOUSELEAVE: return combo.OnMouseLeave();
-    case WM_CAPTURECHANGED: return combo.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-    default: return combo.OnComboMessage(uMsg, wParam, lParam);
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
+    case WM_LBUTTONDBLCLK: return OnLButtonDblClk(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
+    case WM_MOUSEWHEEL: return OnMouseWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    default: return OnComboMessage(uMsg, wParam, lParam);
     }
 }

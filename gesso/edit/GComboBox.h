@@ -23,7 +23,6 @@
 #include <gesso/containers/OArray.h>
 #include <gesso/containers/OStringEx.h>
 #include <gesso/framework/GWnd.h>
-#include <gesso/framework/Owned.h>
 #include <gesso/framework/ThemeHandle.h>
 
 // The kinds. A style with neither bit has no border and no button, and otherwise acts like GCBS_PLAIN.
@@ -44,8 +43,11 @@ struct ComboItem
 class GComboBoxList;
 
 namespace gesso {
+class TextField;
+// Deletes the list of a combo box. Fixed behaviour: a host that was built when the public class released its
+// list by it would not start without it.
 GESSO_API void DeleteComboList(GComboBoxList* pList);
-}
+} // namespace gesso
 
 class GESSO_API GComboBox : public GWnd
 {
@@ -58,6 +60,8 @@ public:
     };
 
     GComboBox();
+    // A copy shares window, items, selection and list with the control that it was made from, which owns them
+    // and must outlive it.
     GComboBox(const GComboBox& other);
     GComboBox& operator=(const GComboBox& other);
     // Frees the items. An open list goes too; the control's own window stays.
@@ -174,8 +178,13 @@ protected:
     UINT m_nDropdownHeight = 0; // in pixels; 0 until it is known
     OStringEx<wchar_t> m_strText;
     OArray<ComboItem*, ComboItem*> m_aItems;
-    // Holds the selection, also while it has no window.
-    gesso::Owned<GComboBoxList*, gesso::DeleteComboList> m_pList;
+    GComboBoxList* m_pList; // also while it has no window
+
+private:
+    struct Inside; // what the library keeps for itself
+    Inside* m_inside;
+
+protected:
     HitTestInfo m_hitDown;
     HitTestInfo m_hitMove;
     // The ends of the selection in the text, in no order: neither is beyond its length.
@@ -186,17 +195,17 @@ protected:
 private:
     friend class gesso::Frame;
     friend class GComboBoxList;
-    struct TextRange
-    {
-        UINT nFrom, nTo;
-    };
+    struct Field;
+    struct Layout;
     struct Look
     {
         int nBorder, nButton; // states of the parts
     };
 
-    bool m_fOwnsItems = true;
+    bool m_fOwner = true; // of the items, the list and what is inside
 
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void ReleaseAll();
     void Release(ComboItem* pItem) const;
     void ReleaseItems();
     ComboItem* ItemAt(UINT nIndex) const;
@@ -204,7 +213,11 @@ private:
     ComboItem* CheckedItem(UINT nIndex, const char* pszOperation) const;
     DWORD Kind() const;
     UINT Selected() const;
-    void SelectUnchecked(UINT nIndex);
+
+    // The one place each where the selected item, the field's selection and the list's being open change.
+    void ChangeSelection(UINT nIndex);
+    void ChangeField(const gesso::TextField& field);
+    void ChangeExpansion(bool fOpen);
 
     LRESULT OnComboMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnGetEditSel(DWORD* pdwStart, DWORD* pdwEnd) const;
@@ -217,9 +230,6 @@ private:
     UINT FindStringExact(UINT nStart, LPCWSTR pszSearch) const;
     LRESULT OnSelectString(UINT nStart, LPCWSTR pszSearch);
 
-    TextRange Selection() const;
-    void SetCaret(UINT nCaret, UINT nAnchor);
-    void LimitSelection();
     void SelectAllText();
     void PressText(bool fExtend);
     int PartAt(POINTS pt) const;
@@ -228,14 +238,12 @@ private:
     void SelectWithin(int nIndex);
     void EditByKey(UINT uKey);
     void EditByControlKey(UINT uKey);
-    void MoveCaret(UINT nCaret);
+    bool MoveByKey(UINT uKey);
     void StepItem(int nStep);
-    void RemoveText(TextRange range);
-    void ReplaceSelection(LPCWSTR psz, UINT nLength);
-    void SendChanged();
+    void Edited(const gesso::TextField& field);
     void DeleteForward();
     void DeleteBackward();
-    bool Copy() const;
+    void Insert(LPCWSTR psz);
     void Cut();
     void Paste();
 

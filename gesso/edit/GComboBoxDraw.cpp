@@ -1,20 +1,18 @@
 // Drawing of a combo box.
 
 #include <gesso/edit/FieldText.h>
-#include <gesso/edit/GComboBoxList.h>
+#include <gesso/edit/GComboBoxInside.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
+
+#include <algorithm>
 
 using gesso::Frame;
 using gesso::PlainPart;
 using gesso::ThemePart;
-
-namespace {
-
-constexpr int BUTTON = 2;
-
-} // namespace
 
 bool GComboBox::IsDropped() const
 {
@@ -28,7 +26,7 @@ GComboBox::Look GComboBox::LookNow() const
         return {CBXS_PRESSED, CBXS_PRESSED};
     }
     if (m_dwState & GWS_HOT) {
-        return {CBXS_HOT, m_hitMove.nPart == BUTTON ? CBXS_HOT : CBXS_NORMAL};
+        return {CBXS_HOT, m_hitMove.nPart == gesso::COMBO_BUTTON ? CBXS_HOT : CBXS_NORMAL};
     }
     const int nIdle = Frame::Style(*this) & WS_DISABLED ? CBXS_DISABLED : CBXS_NORMAL;
     return {nIdle, nIdle};
@@ -41,7 +39,7 @@ RECT GComboBox::FieldRect(HDC hdc, int nState) const
     GetClientRect(m_hWnd, &rc);
     int nBorder = 0;
     if (FAILED(GetThemeInt(m_hTheme, 0, nState, TMT_BORDERSIZE, &nBorder))) {
-        nBorder = GetSystemMetrics(SM_CXEDGE);
+        nBorder = gesso::SystemMetric(m_hWnd, SM_CXEDGE);
     }
     InflateRect(&rc, -nBorder, -nBorder);
     return ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::EntryField).ContentOf(rc);
@@ -49,7 +47,7 @@ RECT GComboBox::FieldRect(HDC hdc, int nState) const
 
 RECT GComboBox::ButtonRect(const RECT& rcClient) const
 {
-    const int cxButton = GetSystemMetrics(SM_CXVSCROLL);
+    const int cxButton = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
     RECT rc = rcClient;
     if (IsButtonLeft()) {
         rc.right = rc.left + cxButton;
@@ -85,9 +83,10 @@ void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
 void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
 {
     const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
-    const TextRange range = fSelection ? Selection() : TextRange{0, 0};
-    const gesso::TextColorScope color(hdc, RGB(0, 0, 0));
-    gesso::DrawField(hdc, rcText, m_strText, m_strText.GetLength(), range.nFrom, range.nTo);
+    const UINT nFrom = fSelection ? std::min(m_nCaret, m_nAnchor) : 0;
+    const UINT nTo = fSelection ? std::max(m_nCaret, m_nAnchor) : 0;
+    const gesso::TextColorScope color(hdc, gesso::ColorOf(gesso::Color::FieldText));
+    gesso::DrawField(hdc, rcText, m_strText, m_strText.GetLength(), nFrom, nTo);
 }
 
 void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
@@ -112,9 +111,10 @@ void GComboBox::Draw(HDC hdc)
     const Look look = LookNow();
     DrawFrame(hdc, rcClient, look);
 
-    // The button's room is left free also by the kinds that have none: hosts know it so.
+    // Fixed behaviour: the button's room is left free also by the kinds that have none; their text would
+    // reach further.
     RECT rcText = FieldRect(hdc, look.nBorder);
-    const int cxButton = GetSystemMetrics(SM_CXVSCROLL);
+    const int cxButton = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
     if (IsButtonLeft()) {
         rcText.left += cxButton;
     } else {

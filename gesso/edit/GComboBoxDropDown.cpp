@@ -54,9 +54,18 @@ void GComboBox::Direct(MSG* pMsg, HWND hwndForeground)
     }
     const HWND hwndNow = GetForegroundWindow();
     if (hwndNow != hwndForeground && hwndNow != m_pList->GetHwnd()) {
-        m_pList->Close();
+        ChangeExpansion(false);
     } else {
         m_pList->Redirect(pMsg);
+    }
+}
+
+void GComboBox::ChangeExpansion(bool fOpen)
+{
+    if (fOpen) {
+        m_pList->Open(m_hWnd, m_hFont, m_nDropdownHeight);
+    } else {
+        m_pList->Close();
     }
 }
 
@@ -88,16 +97,16 @@ bool GComboBox::RunList()
     return fAlive;
 }
 
-// A text that was typed gives way to the selected item's, also where the user chose nothing: hosts know it
-// so.
+// Fixed behaviour: a text that was typed gives way to the selected item's, also where the user chose nothing;
+// a host would read the typed text where it now reads the item's.
 void GComboBox::ShowDropDown()
 {
     if (IsDropped()) {
         return;
     }
     HideCursor();
-    m_dwState |= GWS_PRESSED;
-    m_pList->Open(m_hWnd, m_hFont, m_nDropdownHeight);
+    Frame::AddState(*this, GWS_PRESSED);
+    ChangeExpansion(true);
     if (!RunList()) {
         return;
     }
@@ -109,6 +118,6 @@ void GComboBox::ShowDropDown()
         return;
     }
     ShowCursor();
-    m_dwState &= ~GWS_PRESSED;
+    Frame::ClearState(*this, GWS_PRESSED);
     Update(false);
 }

@@ -1,50 +1,34 @@
 // A combo box's text field: caret, selection, mouse, keys and clipboard.
 
-#include <gesso/edit/ClipboardText.h>
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GComboBoxList.h>
+#include <gesso/edit/GComboBoxInside.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 
 #include <algorithm>
 #include <climits>
 
+using gesso::COMBO_BUTTON;
+using gesso::COMBO_OUTSIDE;
+using gesso::COMBO_TEXT;
 using gesso::Frame;
 using gesso::IsKeyDown;
 
-namespace {
-
-constexpr int OUTSIDE = -1;
-constexpr int TEXT = 1;
-constexpr int BUTTON = 2;
-
-constexpr int HIT_SLACK = 3; // pixels by which a point reaches the character behind it
-
-} // namespace
-
 // --- Selection
 
-GComboBox::TextRange GComboBox::Selection() const
+// The one place that changes the field's selection, after every edit as well. Both ends are in the text then.
+void GComboBox::ChangeField(const gesso::TextField& field)
 {
-    return {std::min(m_nCaret, m_nAnchor), std::max(m_nCaret, m_nAnchor)};
-}
-
-void GComboBox::SetCaret(UINT nCaret, UINT nAnchor)
-{
-    m_nCaret = nCaret;
-    m_nAnchor = nAnchor;
-    LimitSelection();
-}
-
-void GComboBox::LimitSelection()
-{
-    m_nCaret = std::min(m_nCaret, m_strText.GetLength());
-    m_nAnchor = std::min(m_nAnchor, m_strText.GetLength());
+    m_nCaret = field.Caret().nChar;
+    m_nAnchor = field.Anchor().nChar;
 }
 
 void GComboBox::SelectAllText()
 {
-    SetCaret(m_strText.GetLength(), 0);
+    Field field(*this);
+    field.text.SelectAll();
+    ChangeField(field.text);
     ShowCursor();
     Invalidate(0);
 }
@@ -57,8 +41,7 @@ void GComboBox::ShowCursor()
         UpdateCursorPos();
         return;
     }
-    const TEXTMETRICW metric = gesso::WindowMeasure(m_hWnd, m_hFont, false).FontMetric();
-    CreateCaret(m_hWnd, nullptr, 0, metric.tmAscent + metric.tmDescent);
+    gesso::CreateTextCaret(m_hWnd, m_hFont);
     m_bCaret = 1;
     UpdateCursorPos();
     ShowCaret(m_hWnd);
@@ -72,8 +55,8 @@ void GComboBox::HideCursor()
     }
 }
 
-// The field does not scroll: a caret behind more text than fits stands beyond its edge. A button at the left
-// is not taken into account either; hosts know it so.
+// Fixed behaviour: the field does not scroll, a caret behind more text than fits stands beyond its edge, and
+// a button at the left is not taken into account; the caret would stand elsewhere.
 void GComboBox::UpdateCursorPos()
 {
     const HWND hwndFocus = GetFocus();
@@ -111,29 +94,30 @@ int GComboBox::PartAt(POINTS pt) const
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     if (pt.x < 0 || pt.y < 0 || pt.x > rcClient.right || pt.y > rcClient.bottom) {
-        return OUTSIDE;
+        return COMBO_OUTSIDE;
     }
     switch (Kind()) {
-    case GCBS_DROPDOWNLIST: return BUTTON;
+    case GCBS_DROPDOWNLIST: return COMBO_BUTTON;
     case GCBS_DROPDOWN: {
         const RECT rcButton = ButtonRect(rcClient);
-        return pt.x >= rcButton.left && pt.x <= rcButton.right ? BUTTON : TEXT;
+        return pt.x >= rcButton.left && pt.x <= rcButton.right ? COMBO_BUTTON : COMBO_TEXT;
     }
-    default: return TEXT;
+    default: return COMBO_TEXT;
     }
 }
 
 UINT GComboBox::CharAt(int x) const
 {
     const gesso::WindowMeasure measure(m_hWnd, m_hFont, false);
-    return measure->CountBefore(m_strText, m_strText.GetLength(), x + HIT_SLACK);
+    return measure->CountBefore(m_strText, m_strText.GetLength(),
+                                x + gesso::Pixels(m_hWnd, gesso::Metrics::COMBO_HIT_SLACK));
 }
 
 int GComboBox::HitTest(HitTestInfo* pInfo) const
 {
-    const bool fSelecting = (m_dwState & GWS_PRESSED) && m_hitDown.nPart == TEXT;
-    pInfo->nPart = fSelecting ? TEXT : PartAt(pInfo->pt);
-    if (pInfo->nPart == TEXT) {
+    const bool fSelecting = (m_dwState & GWS_PRESSED) && m_hitDown.nPart == COMBO_TEXT;
+    pInfo->nPart = fSelecting ? COMBO_TEXT : PartAt(pInfo->pt);
+    if (pInfo->nPart == COMBO_TEXT) {
         pInfo->nChar = CharAt(pInfo->pt.x);
     }
     return pInfo->nPart;
@@ -151,8 +135,8 @@ LRESULT GComboBox::OnLButtonDown(WPARAM wKeys, POINTS pt)
     Invalidate(0);
     m_hitDown.pt = pt;
     switch (HitTest(&m_hitDown)) {
-    case TEXT: PressText(wKeys & MK_SHIFT); break;
-    case BUTTON: ShowDropDown(); break;
+    case COMBO_TEXT: PressText(wKeys & MK_SHIFT); break;
+    case COMBO_BUTTON: ShowDropDown(); break;
     default: break;
     }
     return 0;
@@ -166,8 +150,10 @@ void GComboBox::PressText(bool fExtend)
     if (!Frame::IsAlive(hwnd, this)) {
         return;
     }
-    m_dwState |= GWS_PRESSED;
-    SetCaret(m_hitDown.nChar, fExtend ? m_nAnchor : m_hitDown.nChar);
+    Frame::AddState(*this, GWS_PRESSED);
+    Field field(*this);
+    field.text.MoveTo({0, m_hitDown.nChar}, fExtend);
+    ChangeField(field.text);
     UpdateCursorPos();
 }
 
@@ -178,7 +164,7 @@ LRESULT GComboBox::OnLButtonUp(WPARAM, POINTS)
         ReleaseCapture();
         if (Frame::IsAlive(hwnd, this)) {
             Invalidate(0);
-            m_hitDown = {{}, OUTSIDE, 0};
+            m_hitDown = {{}, COMBO_OUTSIDE, 0};
         }
     }
     return 0;
@@ -198,9 +184,11 @@ LRESULT GComboBox::OnMouseMove(WPARAM, POINTS pt)
     const int nFormer = m_hitMove.nPart;
     m_hitMove.pt = pt;
     HitTest(&m_hitMove);
-    m_dwState |= GWS_HOT;
-    if ((m_dwState & GWS_PRESSED) && m_hitMove.nPart == TEXT) {
-        SetCaret(m_hitMove.nChar, m_nAnchor);
+    Frame::AddState(*this, GWS_HOT);
+    if ((m_dwState & GWS_PRESSED) && m_hitMove.nPart == COMBO_TEXT) {
+        Field field(*this);
+        field.text.MoveTo({0, m_hitMove.nChar}, true);
+        ChangeField(field.text);
         ShowCursor();
         Invalidate(0);
     }
@@ -212,7 +200,7 @@ LRESULT GComboBox::OnMouseMove(WPARAM, POINTS pt)
 
 LRESULT GComboBox::OnMouseLeave()
 {
-    m_hitMove.nPart = OUTSIDE;
+    m_hitMove.nPart = COMBO_OUTSIDE;
     return Frame::OnMouseLeave(*this);
 }
 
@@ -229,11 +217,11 @@ LRESULT GComboBox::OnSetCursor(WPARAM wParam, LPARAM lParam)
     GetCursorPos(&pt);
     ScreenToClient(m_hWnd, &pt);
     const POINTS ptClient{static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)};
-    if (Kind() == GCBS_DROPDOWN && PartAt(ptClient) == TEXT) {
+    if (Kind() == GCBS_DROPDOWN && PartAt(ptClient) == COMBO_TEXT) {
         SetCursor(s_hIbeam);
         return TRUE;
     }
-    return DefWindowProcW(m_hWnd, WM_SETCURSOR, wParam, lParam);
+    return Frame::Default(*this, WM_SETCURSOR, wParam, lParam);
 }
 
 // --- Keys
@@ -251,7 +239,7 @@ LRESULT GComboBox::OnKeyDown(UINT uKey, LPARAM)
 void GComboBox::SelectWithin(int nIndex)
 {
     const int nLast = static_cast<int>(m_aItems.GetLength()) - 1;
-    m_pList->m_nSelected = static_cast<UINT>(nIndex < 0 ? 0 : std::min(nIndex, nLast));
+    ChangeSelection(static_cast<UINT>(nIndex < 0 ? 0 : std::min(nIndex, nLast)));
     Update(true);
 }
 
@@ -273,11 +261,10 @@ void GComboBox::StepThroughItems(UINT uKey)
 
 void GComboBox::EditByKey(UINT uKey)
 {
+    if (MoveByKey(uKey)) {
+        return;
+    }
     switch (uKey) {
-    case VK_END: MoveCaret(m_strText.GetLength()); break;
-    case VK_HOME: MoveCaret(0); break;
-    case VK_LEFT: MoveCaret(m_nCaret > 0 ? m_nCaret - 1 : 0); break;
-    case VK_RIGHT: MoveCaret(m_nCaret + 1); break;
     case VK_UP: StepItem(-1); break;
     case VK_DOWN: StepItem(1); break;
     case VK_DELETE: DeleteForward(); break;
@@ -297,33 +284,46 @@ void GComboBox::EditByControlKey(UINT uKey)
 {
     switch (uKey) {
     case 'A': SelectAllText(); break;
-    case 'C': Copy(); break;
+    case 'C': Field(*this).text.Copy(*this); break;
     case 'X': Cut(); break;
     case 'V': Paste(); break;
     default: break;
     }
 }
 
-void GComboBox::MoveCaret(UINT nCaret)
+// False for a key that is none of those that move the caret.
+bool GComboBox::MoveByKey(UINT uKey)
 {
-    SetCaret(nCaret, IsKeyDown(VK_SHIFT) ? m_nAnchor : nCaret);
+    Field field(*this);
+    gesso::Place caret = field.text.Caret();
+    switch (uKey) {
+    case VK_END: caret = field.lines.End(); break;
+    case VK_HOME: caret = {}; break;
+    case VK_LEFT: caret = field.lines.Before(caret); break;
+    case VK_RIGHT: caret = field.lines.Behind(caret); break;
+    default: return false;
+    }
+    field.text.MoveTo(caret, IsKeyDown(VK_SHIFT));
+    ChangeField(field.text);
     ShowCursor();
     Invalidate(0);
+    return true;
 }
 
 void GComboBox::StepItem(int nStep)
 {
     const UINT nSelected = Selected();
-    const bool fRoom = nStep > 0 ? nSelected + 1 < m_aItems.GetLength()
-                                 : nSelected != 0 && nSelected != static_cast<UINT>(-1);
+    const bool fRoom =
+        nStep > 0 ? nSelected + 1 < m_aItems.GetLength() : nSelected != 0 && nSelected != gesso::NO_INDEX;
     if (fRoom) {
-        m_pList->m_nSelected = nSelected + static_cast<UINT>(nStep);
+        ChangeSelection(nSelected + static_cast<UINT>(nStep));
         ShowCursor();
         Update(true);
     }
 }
 
-// Ctrl swallows every character, those of AltGr included: hosts know it so.
+// Fixed behaviour: Ctrl swallows every character, those of AltGr included; characters would come in that are
+// swallowed now.
 LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
 {
     if (Kind() != GCBS_DROPDOWN) {
@@ -337,7 +337,8 @@ LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
     case gesso::CHAR_RETURN: return 0;
     default:
         if (c && !IsKeyDown(VK_CONTROL)) {
-            ReplaceSelection(&c, 1);
+            const wchar_t szTyped[] = {c, 0};
+            Insert(szTyped);
         }
         return 0;
     }
@@ -345,72 +346,53 @@ LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
 
 // --- Editing: each operation ends with the notification, after which the control may be gone
 
-void GComboBox::SendChanged()
+void GComboBox::Edited(const gesso::TextField& field)
 {
+    ChangeField(field);
     UpdateCursorPos();
     Invalidate(0);
     Frame::SendCommand(*this, EN_CHANGE);
 }
 
-void GComboBox::RemoveText(TextRange range)
-{
-    m_strText.Delete(range.nFrom, range.nTo - range.nFrom);
-    SetCaret(range.nFrom, range.nFrom);
-    SendChanged();
-}
-
-void GComboBox::ReplaceSelection(LPCWSTR psz, UINT nLength)
-{
-    const TextRange range = Selection();
-    m_strText.Delete(range.nFrom, range.nTo - range.nFrom);
-    m_strText.Insert(range.nFrom, psz, nLength);
-    SetCaret(range.nFrom + nLength, range.nFrom + nLength);
-    SendChanged();
-}
-
 void GComboBox::DeleteForward()
 {
-    if (m_nCaret != m_nAnchor) {
-        RemoveText(Selection());
-    } else if (m_nCaret < m_strText.GetLength()) {
-        RemoveText({m_nCaret, m_nCaret + 1});
+    Field field(*this);
+    if (field.text.RemoveBehind()) {
+        Edited(field.text);
     }
 }
 
 void GComboBox::DeleteBackward()
 {
-    if (m_nCaret != m_nAnchor) {
-        RemoveText(Selection());
-    } else if (m_nCaret > 0) {
-        RemoveText({m_nCaret - 1, m_nCaret});
+    Field field(*this);
+    if (field.text.RemoveBefore()) {
+        Edited(field.text);
     }
 }
 
-// False where there is no selection, or the clipboard did not take it. The control may be gone afterwards.
-bool GComboBox::Copy() const
+void GComboBox::Insert(LPCWSTR psz)
 {
-    const TextRange range = Selection();
-    return range.nFrom != range.nTo &&
-           gesso::PutClipboardText(m_hWnd, static_cast<LPCWSTR>(m_strText) + range.nFrom,
-                                   range.nTo - range.nFrom);
+    Field field(*this);
+    field.text.Insert(psz);
+    Edited(field.text);
 }
 
 void GComboBox::Cut()
 {
-    const HWND hwnd = m_hWnd;
-    if (Copy() && Frame::IsAlive(hwnd, this)) {
-        RemoveText(Selection());
+    if (Field(*this).text.Copy(*this)) {
+        Field field(*this);
+        field.text.RemoveSelection();
+        Edited(field.text);
     }
 }
 
 void GComboBox::Paste()
 {
-    const HWND hwnd = m_hWnd;
     OStringEx<wchar_t> strPasted;
-    if (!gesso::GetClipboardText(hwnd, &strPasted) || !Frame::IsAlive(hwnd, this)) {
+    if (!gesso::GetClipboardText(*this, &strPasted)) {
         return;
     }
     strPasted.Remove(L'\r');
     strPasted.Replace(L'\n', L' ');
-    ReplaceSelection(strPasted, strPasted.GetLength());
+    Insert(strPasted);
 }

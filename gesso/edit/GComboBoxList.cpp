@@ -1,8 +1,9 @@
-#include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GComboBoxList.h>
+#include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
@@ -10,18 +11,23 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::NO_INDEX;
+using gesso::Pixels;
 using gesso::PlainPart;
+using gesso::SystemMetric;
 using gesso::ThemePart;
+namespace Metrics = gesso::Metrics;
 
 namespace {
 
-constexpr UINT NONE = static_cast<UINT>(-1);
 constexpr UINT ABOVE = static_cast<UINT>(-2);
 constexpr UINT FIRST_NO_ITEM = 0xFFFFFFFD; // from here on an index stands for no item
 
-constexpr int PAGE_ROWS = 10; // of the page keys
-constexpr int TEXT_INSET = 4;
-constexpr int PANEL_OVERLAP = 2; // by which the background's own frame stands outside
+constexpr int PAGE_ROWS = 10;                  // of the page keys
+constexpr UINT MOST_WHEEL_LINES = WHEEL_DELTA; // "a page" a notch is more lines than a list shows
+
+constexpr LPCWSTR COMBO_CLASS = L"COMBOBOX"; // of the style
+constexpr LPCWSTR LIST_CLASS = L"LISTVIEW";
 
 constexpr DWORD LIST_STYLE = WS_POPUP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_BORDER;
 constexpr DWORD LIST_EX_STYLE = WS_EX_TOOLWINDOW | WS_EX_TOPMOST;
@@ -33,14 +39,10 @@ UINT KeysOf(WPARAM wKeys)
     return (wKeys & MK_CONTROL ? 2u : 0u) | (wKeys & MK_SHIFT ? 4u : 0u);
 }
 
-int WheelLines()
-{
-    UINT nLines = 1;
-    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &nLines, 0);
-    return static_cast<int>(std::min<UINT>(nLines, WHEEL_DELTA)); // "a page" is more lines than a list shows
-}
-
 } // namespace
+
+GComboBoxList::GComboBoxList() : m_nItemHeight(static_cast<UINT>(Pixels(nullptr, Metrics::COMBO_ROW_HEIGHT)))
+{}
 
 GComboBoxList::~GComboBoxList()
 {
@@ -104,16 +106,16 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
         return FALSE;
     }
     SetWindowTheme(m_hWnd, L"explorer", nullptr);
-    m_dwState = Frame::FIRST_STATE;
+    Frame::SetState(*this, Frame::FIRST_STATE);
     GWndScroll::m_hitDown = {};
     m_hitNow = {};
     GWndScroll::OnNcCreate(pcs);
-    m_hComboTheme.Reset(OpenThemeData(m_hWnd, L"COMBOBOX"));
-    m_hListTheme.Open(m_hWnd, L"LISTVIEW");
+    m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
+    m_hListTheme.Open(m_hWnd, LIST_CLASS);
     SetUpScrolling(pcs->cy - 2 * static_cast<int>(FrameSize().cy));
-    m_hitDown = {{}, NONE, 0};
-    m_hitMove = {{}, NONE};
-    m_nHot = m_nSelected;
+    m_hitDown = {{}, NO_INDEX, 0};
+    m_hitMove = {{}, NO_INDEX};
+    m_nHot = m_pOwner->Selected();
     return TRUE;
 }
 
@@ -147,9 +149,9 @@ LRESULT GComboBoxList::OnNcDestroy()
 
 LRESULT GComboBoxList::OnThemeChanged()
 {
-    m_hThemeScroll.Reset(OpenThemeData(m_hWnd, L"SCROLLBAR"));
-    m_hComboTheme.Reset(OpenThemeData(m_hWnd, L"COMBOBOX"));
-    m_hListTheme.Open(m_hWnd, L"LISTVIEW");
+    m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
+    m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
+    m_hListTheme.Open(m_hWnd, LIST_CLASS);
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     return 0;
 }
@@ -164,7 +166,7 @@ SIZE GComboBoxList::FrameSize() const
         return size;
     }
     if (FAILED(GetThemePartSize(m_hComboTheme, nullptr, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
-        size = {GetSystemMetrics(SM_CXBORDER), GetSystemMetrics(SM_CYBORDER)};
+        size = {SystemMetric(m_hWnd, SM_CXBORDER), SystemMetric(m_hWnd, SM_CYBORDER)};
     }
     return size;
 }
@@ -214,7 +216,8 @@ void GComboBoxList::Draw(HDC hdc)
         return;
     }
     RECT rcPanel = rcClient;
-    InflateRect(&rcPanel, PANEL_OVERLAP, PANEL_OVERLAP);
+    const int nOverlap = Pixels(m_hWnd, Metrics::COMBO_PANEL_OVERLAP);
+    InflateRect(&rcPanel, nOverlap, nOverlap);
     m_hListTheme.DrawBackground(hdc, rcPanel);
 
     const gesso::SelectScope font(hdc, m_hFont);
@@ -233,13 +236,14 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
         m_hListTheme.DrawRow(hdc, LISS_HOTSELECTED, rc);
     }
     RECT rcText = rc;
-    InflateRect(&rcText, -TEXT_INSET, -TEXT_INSET);
+    const int nInset = Pixels(m_hWnd, Metrics::COMBO_ROW_INSET);
+    InflateRect(&rcText, -nInset, -nInset);
     ThemePart(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
               PlainPart::Row)
         .DrawString((*m_pItems)[nItem]->pszText, DT_SINGLELINE | DT_VCENTER | DT_HIDEPREFIX, rcText);
 }
 
-// The row at a point in the client area: ABOVE or NONE where there is none.
+// The row at a point in the client area: ABOVE or NO_INDEX where there is none.
 UINT GComboBoxList::HitTest(POINTS pt) const
 {
     RECT rcWindow{};
@@ -248,13 +252,13 @@ UINT GComboBoxList::HitTest(POINTS pt) const
     GetClientRect(m_hWnd, &rcClient);
     const POINTS ptScreen = gesso::ToScreen(m_hWnd, pt);
     if (!PtInRect(&rcWindow, {ptScreen.x, ptScreen.y}) || pt.y >= rcClient.bottom) {
-        return NONE;
+        return NO_INDEX;
     }
     if (pt.y < 0) {
         return ABOVE;
     }
     const auto nItem = static_cast<UINT>((m_siV.nPos + pt.y) / ItemHeight());
-    return IsRow(nItem) ? nItem : NONE;
+    return IsRow(nItem) ? nItem : NO_INDEX;
 }
 
 bool GComboBoxList::IsOverBar(POINTS ptScreen) const
@@ -310,7 +314,8 @@ void GComboBoxList::ShowRow(UINT nItem)
 LRESULT GComboBoxList::OnMouseWheel(int nDelta)
 {
     if (static_cast<int>(m_siV.nPage) < m_siV.nMax - m_siV.nMin) {
-        ScrollTo(m_siV.nPos - nDelta / WHEEL_DELTA * ItemHeight() * WheelLines());
+        const auto nLines = static_cast<int>(std::min(gesso::WheelLines(), MOST_WHEEL_LINES));
+        ScrollTo(m_siV.nPos - nDelta / WHEEL_DELTA * ItemHeight() * nLines);
     }
     return 0;
 }
@@ -323,17 +328,11 @@ int GComboBoxList::ThumbPos(WORD wPos) const
 
 LRESULT GComboBoxList::OnVScroll(WORD wCode, WORD wPos)
 {
-    const int nPage = static_cast<int>(m_siV.nPage) * 5 / 6;
-    switch (wCode) {
-    case SB_LINEUP: ScrollTo(m_siV.nPos - ItemHeight()); break;
-    case SB_LINEDOWN: ScrollTo(m_siV.nPos + ItemHeight()); break;
-    case SB_PAGEUP: ScrollTo(m_siV.nPos - nPage); break;
-    case SB_PAGEDOWN: ScrollTo(m_siV.nPos + nPage); break;
-    case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(ThumbPos(wPos)); break;
-    case SB_TOP: ScrollTo(m_siV.nMin); break;
-    case SB_BOTTOM: ScrollTo(m_siV.nMax); break;
-    default: break;
+    const auto nThumb = static_cast<UINT>(ThumbPos(wPos));
+    if (wCode == SB_TOP || wCode == SB_BOTTOM) {
+        ScrollTo(wCode == SB_TOP ? m_siV.nMin : m_siV.nMax);
+    } else if (const auto nTarget = gesso::ScrollTarget(m_siV, wCode, nThumb, ItemHeight())) {
+        ScrollTo(static_cast<int>(*nTarget));
     }
     return 0;
 }
@@ -345,7 +344,7 @@ LRESULT GComboBoxList::OnKeyDown(UINT uKey)
     switch (uKey) {
     case VK_RETURN:
     case VK_ESCAPE:
-    case VK_F4: Close(); break;
+    case VK_F4: m_pOwner->ChangeExpansion(false); break;
     case VK_PRIOR: MoveBy(-PAGE_ROWS); break;
     case VK_NEXT: MoveBy(PAGE_ROWS); break;
     case VK_UP: MoveBy(-1); break;
@@ -355,17 +354,18 @@ LRESULT GComboBoxList::OnKeyDown(UINT uKey)
     return 0;
 }
 
-// The owner's text follows at once, so that Esc takes nothing back: hosts know it so.
+// Fixed behaviour: the owner's text follows at once, so that Esc takes nothing back; a host that reads the
+// selection after Esc would find the former item.
 void GComboBoxList::MoveBy(int nRows)
 {
-    const auto nSelected = static_cast<int>(m_nSelected);
+    const auto nSelected = static_cast<int>(m_pOwner->Selected());
     const int nLast = ItemCount() - 1;
     const bool fAtEdge = nRows < 0 ? nSelected <= 0 : nSelected >= nLast;
     if (fAtEdge || nLast < 0) {
         return;
     }
-    m_nSelected = static_cast<UINT>(std::clamp(nSelected + nRows, 0, nLast));
-    m_nHot = m_nSelected;
+    m_nHot = static_cast<UINT>(std::clamp(nSelected + nRows, 0, nLast));
+    m_pOwner->ChangeSelection(m_nHot);
     ShowRow(m_nHot);
     m_pOwner->Update(false);
 }
@@ -399,7 +399,7 @@ LRESULT GComboBoxList::OnNcMouseLeave()
     POINT pt{};
     GetCursorPos(&pt);
     if (IsOverBar({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)})) {
-        m_dwState &= ~GWS_NCTRACKING;
+        Frame::ClearState(*this, GWS_NCTRACKING);
         return 0;
     }
     return GWndScroll::OnNcMouseLeave();
@@ -416,7 +416,7 @@ LRESULT GComboBoxList::OnLButtonDown(WPARAM wKeys, POINTS pt)
     if (PtInRect(&rcClient, {pt.x, pt.y})) {
         m_hitDown = {pt, HitTest(pt), KeysOf(wKeys)};
     } else {
-        Close();
+        m_pOwner->ChangeExpansion(false);
     }
     return 0;
 }
@@ -426,7 +426,7 @@ LRESULT GComboBoxList::OnNcLButtonDown(UINT uHit, POINTS ptScreen)
     if (IsOverBar(ptScreen)) {
         return GWndScroll::OnNcLButtonDown(uHit, BarPoint(ptScreen));
     }
-    Close();
+    m_pOwner->ChangeExpansion(false);
     return 0;
 }
 
@@ -435,7 +435,7 @@ LRESULT GComboBoxList::OnLButtonUp(WPARAM, POINTS pt)
     if (m_dwState & GWS_NCPRESSED) {
         return OnNcLButtonUp(HTVSCROLL, gesso::ToScreen(m_hWnd, pt));
     }
-    const UINT nPressed = std::exchange(m_hitDown.nItem, NONE);
+    const UINT nPressed = std::exchange(m_hitDown.nItem, NO_INDEX);
     const UINT nItem = HitTest(pt);
     if (IsRow(nItem) && IsRow(nPressed)) {
         Pick(nItem);
@@ -446,45 +446,44 @@ LRESULT GComboBoxList::OnLButtonUp(WPARAM, POINTS pt)
 void GComboBoxList::Pick(UINT nItem)
 {
     const HWND hwnd = m_hWnd;
-    m_nSelected = nItem;
+    m_pOwner->ChangeSelection(nItem);
     Frame::SendCommand(*m_pOwner, CBN_SELCHANGE);
     if (Frame::IsAlive(hwnd, this)) {
-        Close();
+        m_pOwner->ChangeExpansion(false);
     }
 }
 
 LRESULT CALLBACK GComboBoxList::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pList = Frame::ObjectOf<GComboBoxList>(hwnd);
-    if (!pList) {
-        return uMsg == WM_NCCREATE ? Frame::Attach<GComboBoxList>(hwnd, lParam)
-                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GComboBoxList& list = *pList;
+    return Frame::Route<GComboBoxList>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GComboBoxList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     const POINTS pt = gesso::PointOf(lParam);
     switch (uMsg) {
-    case WM_NCDESTROY: return list.OnNcDestroy();
-    case WM_NCCALCSIZE: return list.OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
-    case WM_NCHITTEST: return list.OnNcHitTest(pt);
-    case WM_NCPAINT: return list.OnNcPaint(wParam);
-    case WM_PAINT: return gesso::PaintControl(list, hwnd);
-    case WM_PRINTCLIENT: return list.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
+    case WM_NCDESTROY: return OnNcDestroy();
+    case WM_NCCALCSIZE: return OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
+    case WM_NCHITTEST: return OnNcHitTest(pt);
+    case WM_NCPAINT: return OnNcPaint(wParam);
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND:
     case WM_NCACTIVATE: return 1;
     case WM_MOUSEACTIVATE: return MA_NOACTIVATE;
-    case WM_THEMECHANGED: return list.OnThemeChanged();
-    case WM_KEYDOWN: return list.OnKeyDown(static_cast<UINT>(wParam));
-    case WM_MOUSEMOVE: return list.OnMouseMove(wParam, pt);
+    case WM_THEMECHANGED: return OnThemeChanged();
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, pt);
     case WM_LBUTTONDOWN:
-    case WM_LBUTTONDBLCLK: return list.OnLButtonDown(wParam, pt);
-    case WM_LBUTTONUP: return list.OnLButtonUp(wParam, pt);
-    case WM_MOUSEWHEEL: return list.OnMouseWheel(GET_WHEEL_DELTA_WPARAM(wParam));
-    case WM_VSCROLL: return list.OnVScroll(LOWORD(wParam), HIWORD(wParam));
-    case WM_NCMOUSEMOVE: return list.OnNcMouseMove(static_cast<UINT>(wParam), pt);
-    case WM_NCMOUSELEAVE: return list.OnNcMouseLeave();
+    case WM_LBUTTONDBLCLK: return OnLButtonDown(wParam, pt);
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, pt);
+    case WM_MOUSEWHEEL: return OnMouseWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+    case WM_VSCROLL: return OnVScroll(LOWORD(wParam), HIWORD(wParam));
+    case WM_NCMOUSEMOVE: return OnNcMouseMove(static_cast<UINT>(wParam), pt);
+    case WM_NCMOUSELEAVE: return OnNcMouseLeave();
     case WM_NCLBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK: return list.OnNcLButtonDown(static_cast<UINT>(wParam), pt);
-    case WM_NCLBUTTONUP: return list.OnNcLButtonUp(static_cast<UINT>(wParam), pt);
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    case WM_NCLBUTTONDBLCLK: return OnNcLButtonDown(static_cast<UINT>(wParam), pt);
+    case WM_NCLBUTTONUP: return OnNcLButtonUp(static_cast<UINT>(wParam), pt);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

@@ -2,6 +2,7 @@
 // rows itself, and changes the combo box as the user moves through it. Hosts have no need to name it.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/edit/GComboBox.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/ItemTheme.h>
@@ -9,7 +10,7 @@
 class GESSO_API GComboBoxList : public GWndScroll
 {
 public:
-    GComboBoxList() = default;
+    GComboBoxList();
     GComboBoxList(const GComboBoxList&) = default;
     GComboBoxList& operator=(const GComboBoxList&) = default;
     // Destroys the window.
@@ -53,19 +54,20 @@ protected:
     gesso::ThemeHandle m_hComboTheme;
     gesso::ItemTheme m_hListTheme;
     HFONT m_hFont = nullptr;
-    UINT m_nItemHeight = 22; // in pixels
+    UINT m_nItemHeight; // in pixels
     GComboBox* m_pOwner = nullptr;
     OArray<ComboItem*, ComboItem*>* m_pItems = nullptr; // the owner's
     PressInfo m_hitDown{};
     HoverInfo m_hitMove{};
-    // The selection of the whole control, also while the list is closed; -1 for none. It may be beyond the
-    // items.
-    UINT m_nSelected = static_cast<UINT>(-1);
-    UINT m_nHot = static_cast<UINT>(-1);
+    // The owner's selected item, also while the list is closed; -1 for none. It may be beyond the items.
+    UINT m_nSelected = gesso::NO_INDEX;
+    UINT m_nHot = gesso::NO_INDEX;
 
 private:
     friend class gesso::Frame;
     friend class GComboBox;
+
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     bool IsOpen() const;
     // Makes and shows the window below the owner's, no higher than the items need.

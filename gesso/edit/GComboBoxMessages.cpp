@@ -1,13 +1,16 @@
 // The platform's messages to a combo box.
 
-#include <gesso/edit/GComboBox.h>
+#include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/ControlText.h>
+#include <gesso/framework/Frame.h>
 
 #include <algorithm>
 
+using gesso::Frame;
+using gesso::NO_INDEX;
+
 namespace {
 
-constexpr UINT NONE = static_cast<UINT>(-1);
 constexpr int NO_TEXT_LIMIT = 0x7FFFFFFE;
 
 // Indices are answered as 32 bits, so that none is the platform's CB_ERR.
@@ -34,14 +37,14 @@ template <class MATCHES> UINT GComboBox::Search(UINT nStart, MATCHES matches) co
     if (ppHit == ppEnd) {
         ppHit = std::find_if(ppFirst, ppStart, matches);
         if (ppHit == ppStart) {
-            return NONE;
+            return NO_INDEX;
         }
     }
     return static_cast<UINT>(ppHit - ppFirst);
 }
 
-// An item matches if its first letter stands anywhere in the search text, in either case: a longer text finds
-// more items. Hosts rely on it.
+// Fixed behaviour: an item matches if its first letter stands anywhere in the search text, in either case, so
+// that a longer text finds more items; another item would be found, and selected by CB_SELECTSTRING.
 UINT GComboBox::FindString(UINT nStart, LPCWSTR pszSearch) const
 {
     return Search(nStart, [&](const ComboItem* pItem) {
@@ -51,7 +54,7 @@ UINT GComboBox::FindString(UINT nStart, LPCWSTR pszSearch) const
     });
 }
 
-// Finds the first item whose text is not the search text: hosts rely on it.
+// Fixed behaviour: finds the first item whose text is not the search text; a host would get another item.
 UINT GComboBox::FindStringExact(UINT nStart, LPCWSTR pszSearch) const
 {
     return Search(nStart, [&](const ComboItem* pItem) { return _wcsicmp(pItem->pszText, pszSearch) != 0; });
@@ -60,19 +63,20 @@ UINT GComboBox::FindStringExact(UINT nStart, LPCWSTR pszSearch) const
 LRESULT GComboBox::OnSelectString(UINT nStart, LPCWSTR pszSearch)
 {
     const UINT nHit = FindString(nStart, pszSearch);
-    return Answer(nHit == NONE ? NONE : SetSelected(nHit));
+    return Answer(nHit == NO_INDEX ? NO_INDEX : SetSelected(nHit));
 }
 
 LRESULT GComboBox::OnGetEditSel(DWORD* pdwStart, DWORD* pdwEnd) const
 {
-    const TextRange range = Selection();
+    const UINT nFrom = std::min(m_nCaret, m_nAnchor);
+    const UINT nTo = std::max(m_nCaret, m_nAnchor);
     if (pdwStart) {
-        *pdwStart = range.nFrom;
+        *pdwStart = nFrom;
     }
     if (pdwEnd) {
-        *pdwEnd = range.nTo;
+        *pdwEnd = nTo;
     }
-    return MAKELONG(range.nFrom, range.nTo);
+    return MAKELONG(nFrom, nTo);
 }
 
 LRESULT GComboBox::OnSetEditSel(UINT nStart, UINT nEnd)
@@ -80,7 +84,9 @@ LRESULT GComboBox::OnSetEditSel(UINT nStart, UINT nEnd)
     if (Kind() != GCBS_DROPDOWN) {
         return CB_ERR;
     }
-    SetCaret(nEnd, nStart);
+    Field field(*this);
+    field.text.Select({0, nStart}, {0, nEnd});
+    ChangeField(field.text);
     return 1;
 }
 
@@ -114,7 +120,7 @@ LRESULT GComboBox::OnComboMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
         return OnGetEditSel(reinterpret_cast<DWORD*>(wParam), reinterpret_cast<DWORD*>(lParam));
     case CB_SETEDITSEL: return OnSetEditSel(LOWORD(lParam), HIWORD(lParam));
     case CB_LIMITTEXT: return OnLimitText(nIndex);
-    case CB_ADDSTRING: return Answer(InsertItem(NONE, 0, TextArgument(lParam), 0, nullptr));
+    case CB_ADDSTRING: return Answer(InsertItem(NO_INDEX, 0, TextArgument(lParam), 0, nullptr));
     case CB_INSERTSTRING: return Answer(InsertItem(nIndex, 0, TextArgument(lParam), 0, nullptr));
     case CB_DELETESTRING: return Answer(RemoveItem(nIndex));
     case CB_RESETCONTENT: RemoveAllItems(); return 0;
@@ -146,6 +152,6 @@ LRESULT GComboBox::OnComboMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case CB_SETDROPPEDWIDTH:
     case CB_INITSTORAGE:
     case CB_GETCOMBOBOXINFO: return CB_ERR;
-    default: return DefWindowProcW(m_hWnd, uMsg, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

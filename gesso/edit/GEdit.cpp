@@ -1,7 +1,7 @@
 // Coming to life, and the window procedure.
 
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GEdit.h>
+#include <gesso/edit/GEditInside.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
@@ -35,7 +35,28 @@ ATOM GEdit::IsolationAwareRegisterClassW()
     return gesso::RegisterControlClass(s_aClass, L"GEdit", WindowProc, gesso::CLASS_TEXT_ENTRY);
 }
 
-GEdit::GEdit() : m_strText(FIRST_CAPACITY)
+// Where a host's compiler has put what derived classes know by name.
+struct GEdit::Layout
+{
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+    static_assert(sizeof(GWndScroll) == 160);
+    static_assert(offsetof(GEdit, m_hTheme) == 160);
+    static_assert(offsetof(GEdit, m_hFont) == 176);
+    static_assert(offsetof(GEdit, m_nMargin) == 184);
+    static_assert(offsetof(GEdit, m_strText) == 192);
+    static_assert(offsetof(GEdit, m_aLines) == 200);
+    static_assert(offsetof(GEdit, m_hitDown) == 224);
+    static_assert(offsetof(GEdit, m_hitMove) == 236);
+    static_assert(offsetof(GEdit, m_nCaretLine) == 248);
+    static_assert(offsetof(GEdit, m_nCaretChar) == 252);
+    static_assert(offsetof(GEdit, m_nAnchorLine) == 256);
+    static_assert(offsetof(GEdit, m_nAnchorChar) == 260);
+    static_assert(sizeof(GEdit) <= 280);
+#pragma GCC diagnostic pop
+};
+
+GEdit::GEdit() : m_strText(gesso::EditLines::FIRST_CAPACITY), m_inside(new Inside(*this))
 {
     m_aLines.Add(0);
     if (!s_hIbeam) {
@@ -43,19 +64,49 @@ GEdit::GEdit() : m_strText(FIRST_CAPACITY)
     }
 }
 
+GEdit::GEdit(const GEdit& other)
+    : GWndScroll(other), m_hTheme(other.m_hTheme), m_hFont(other.m_hFont), m_nMargin(other.m_nMargin),
+      m_strText(other.m_strText), m_aLines(other.m_aLines), m_hitDown(other.m_hitDown),
+      m_hitMove(other.m_hitMove), m_nCaretLine(other.m_nCaretLine), m_nCaretChar(other.m_nCaretChar),
+      m_nAnchorLine(other.m_nAnchorLine), m_nAnchorChar(other.m_nAnchorChar), m_inside(new Inside(*this))
+{
+    m_inside->fCaret = other.m_inside->fCaret;
+    m_inside->chRefused = other.m_inside->chRefused;
+}
+
+GEdit& GEdit::operator=(const GEdit& other)
+{
+    GWndScroll::operator=(other);
+    m_hTheme = other.m_hTheme;
+    m_hFont = other.m_hFont;
+    m_nMargin = other.m_nMargin;
+    m_strText = other.m_strText;
+    m_aLines = other.m_aLines;
+    m_hitDown = other.m_hitDown;
+    m_hitMove = other.m_hitMove;
+    ChangeField(other.Field());
+    m_inside->lines.ForgetWrapping();
+    m_inside->fCaret = other.m_inside->fCaret;
+    m_inside->chRefused = other.m_inside->chRefused;
+    return *this;
+}
+
+GEdit::~GEdit()
+{
+    delete m_inside;
+}
+
 HWND GEdit::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwStyle,
                    DWORD dwExStyle)
 {
-    m_strText = gesso::TextOrEmpty(pszText);
-    BeOneLine();
+    StartText(gesso::TextOrEmpty(pszText));
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
 }
 
 void GEdit::Init(void* pCreateData)
 {
-    m_strText = pCreateData ? static_cast<LPCWSTR>(pCreateData) + 1 : L"";
-    BeOneLine();
+    StartText(pCreateData ? static_cast<LPCWSTR>(pCreateData) + 1 : L"");
 }
 
 int GEdit::Destroy()
@@ -66,7 +117,7 @@ int GEdit::Destroy()
 void GEdit::SetFont(HFONT hFont)
 {
     m_hFont = hFont;
-    m_nSettled = 0;
+    m_inside->lines.ForgetWrapping();
 }
 
 HFONT GEdit::GetFont() const
@@ -88,8 +139,8 @@ int GEdit::GetText(LPWSTR pszBuffer, int* pnLength) const
 
 LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 {
-    m_dwState = Frame::FIRST_STATE;
-    m_hTheme.Reset(OpenThemeData(m_hWnd, THEME_CLASS));
+    Frame::SetState(*this, Frame::FIRST_STATE);
+    m_hTheme.Open(m_hWnd, THEME_CLASS);
     return GWndScroll::OnNcCreate(pcs);
 }
 
@@ -104,17 +155,15 @@ LRESULT GEdit::OnNcDestroy()
 {
     GWndScroll::OnNcDestroy();
     m_hTheme.Reset();
-    m_strText = L"";
-    BeOneLine();
+    StartText(L"");
     return Frame::Detach(*this);
 }
 
 LRESULT GEdit::OnSetFocus(HWND)
 {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
-    const TEXTMETRICW metric = gesso::WindowMeasure(m_hWnd, m_hFont, false).FontMetric();
-    CreateCaret(m_hWnd, nullptr, 0, metric.tmAscent + metric.tmDescent);
-    m_fCaret = true;
+    gesso::CreateTextCaret(m_hWnd, m_hFont);
+    m_inside->fCaret = true;
     UpdateCursorPos();
     ShowCaret(m_hWnd);
     Frame::SendNotify(*this, static_cast<UINT>(NM_SETFOCUS));
@@ -124,7 +173,7 @@ LRESULT GEdit::OnSetFocus(HWND)
 LRESULT GEdit::OnKillFocus(HWND)
 {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
-    m_fCaret = false;
+    m_inside->fCaret = false;
     DestroyCaret();
     Frame::SendNotify(*this, static_cast<UINT>(NM_KILLFOCUS));
     return 0;
@@ -152,7 +201,7 @@ LRESULT GEdit::OnGetTextLength() const
 
 LRESULT GEdit::OnSetFont(HFONT hFont, UINT uRedraw)
 {
-    m_nSettled = 0;
+    m_inside->lines.ForgetWrapping();
     return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
 }
 
@@ -163,7 +212,7 @@ LRESULT GEdit::OnGetFont() const
 
 LRESULT GEdit::OnStyleChanged()
 {
-    m_nSettled = 0;
+    m_inside->lines.ForgetWrapping();
     return Frame::OnStyleChanged(*this);
 }
 
@@ -197,51 +246,50 @@ LRESULT GEdit::OnSetSel(int nStart, int nEnd)
 
 LRESULT CALLBACK GEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pEdit = Frame::ObjectOf<GEdit>(hwnd);
-    if (!pEdit) {
-        return uMsg == WM_NCCREATE ? Frame::Attach<GEdit>(hwnd, lParam)
-                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GEdit& edit = *pEdit;
+    return Frame::Route<GEdit>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GEdit::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     const POINTS pt = gesso::PointOf(lParam);
     const auto uHit = static_cast<UINT>(wParam);
     switch (uMsg) {
-    case WM_CREATE: return edit.OnCreate(reinterpret_cast<const CREATESTRUCTW*>(lParam));
-    case WM_NCDESTROY: return edit.OnNcDestroy();
-    case WM_SETFOCUS: return edit.OnSetFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KILLFOCUS: return edit.OnKillFocus(reinterpret_cast<HWND>(wParam));
-    case WM_ENABLE: return edit.OnEnable(wParam != 0);
-    case WM_SETTEXT: return edit.OnSetText(reinterpret_cast<LPCWSTR>(lParam));
-    case WM_GETTEXT: return edit.OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
-    case WM_GETTEXTLENGTH: return edit.OnGetTextLength();
-    case WM_PAINT: return gesso::PaintControl(edit, hwnd);
-    case WM_PRINTCLIENT: return edit.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
+    case WM_CREATE: return OnCreate(reinterpret_cast<const CREATESTRUCTW*>(lParam));
+    case WM_NCDESTROY: return OnNcDestroy();
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_ENABLE: return OnEnable(wParam != 0);
+    case WM_SETTEXT: return OnSetText(reinterpret_cast<LPCWSTR>(lParam));
+    case WM_GETTEXT: return OnGetText(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam));
+    case WM_GETTEXTLENGTH: return OnGetTextLength();
+    case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
+    case WM_PRINTCLIENT: return OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    case WM_SETCURSOR: return edit.OnSetCursor();
-    case WM_SETFONT: return edit.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
-    case WM_GETFONT: return edit.OnGetFont();
-    case WM_STYLECHANGED: return edit.OnStyleChanged();
-    case WM_VSCROLL: edit.Invalidate(0); return 0;
-    case WM_NCCALCSIZE: return edit.OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
-    case WM_NCHITTEST: return edit.OnNcHitTest(pt);
-    case WM_NCPAINT: return edit.OnNcPaint(wParam);
-    case WM_GETDLGCODE: return edit.OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
-    case WM_NCMOUSEMOVE: return edit.OnNcMouseMove(uHit, pt);
-    case WM_NCLBUTTONDOWN: return edit.OnNcLButtonDown(uHit, pt);
-    case WM_NCLBUTTONDBLCLK: return edit.OnNcLButtonDblClk(uHit, pt);
-    case WM_NCLBUTTONUP: return edit.OnNcLButtonUp(uHit, pt);
-    case WM_NCMOUSELEAVE: return edit.OnNcMouseLeave();
-    case EM_SETSEL: return edit.OnSetSel(static_cast<int>(wParam), static_cast<int>(lParam));
-    case WM_KEYDOWN: return edit.OnKeyDown(static_cast<UINT>(wParam), RepeatOf(lParam), FlagsOf(lParam));
-    case WM_CHAR: return edit.OnChar(static_cast<UINT>(wParam), RepeatOf(lParam), FlagsOf(lParam));
-    case WM_LBUTTONDOWN: return edit.OnLButtonDown(wParam, pt);
-    case WM_LBUTTONDBLCLK: return edit.OnLButtonDblClk(wParam, pt);
-    case WM_LBUTTONUP: return edit.OnLButtonUp(wParam, pt);
-    case WM_MOUSEMOVE: return edit.OnMouseMove(wParam, pt);
-    case WM_MOUSELEAVE: return edit.OnMouseLeave();
-    case WM_CAPTURECHANGED: return edit.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-    case WM_THEMECHANGED: return edit.OnThemeChanged();
-    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(edit, wParam, lParam);
+    case WM_SETCURSOR: return OnSetCursor();
+    case WM_SETFONT: return OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
+    case WM_GETFONT: return OnGetFont();
+    case WM_STYLECHANGED: return OnStyleChanged();
+    case WM_VSCROLL: Invalidate(0); return 0;
+    case WM_NCCALCSIZE: return OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
+    case WM_NCHITTEST: return OnNcHitTest(pt);
+    case WM_NCPAINT: return OnNcPaint(wParam);
+    case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
+    case WM_NCMOUSEMOVE: return OnNcMouseMove(uHit, pt);
+    case WM_NCLBUTTONDOWN: return OnNcLButtonDown(uHit, pt);
+    case WM_NCLBUTTONDBLCLK: return OnNcLButtonDblClk(uHit, pt);
+    case WM_NCLBUTTONUP: return OnNcLButtonUp(uHit, pt);
+    case WM_NCMOUSELEAVE: return OnNcMouseLeave();
+    case EM_SETSEL: return OnSetSel(static_cast<int>(wParam), static_cast<int>(lParam));
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), RepeatOf(lParam), FlagsOf(lParam));
+    case WM_CHAR: return OnChar(static_cast<UINT>(wParam), RepeatOf(lParam), FlagsOf(lParam));
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, pt);
+    case WM_LBUTTONDBLCLK: return OnLButtonDblClk(wParam, pt);
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, pt);
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, pt);
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    case WM_THEMECHANGED: return OnThemeChanged();
+    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(*this, wParam, lParam);
     case WM_DESTROY:
     case WM_WINDOWPOSCHANGED:
     case WM_NOTIFY:
@@ -254,6 +302,6 @@ LRESULT CALLBACK GEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM l
     case WM_MOUSEWHEEL:
     case WM_MOUSEHWHEEL:
     case WM_APPCOMMAND: return 0;
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

@@ -20,7 +20,9 @@
 #include <gesso/containers/OStringEx.h>
 #include <gesso/framework/GWndScroll.h>
 
-#include <compare>
+namespace gesso {
+class TextField;
+}
 
 class GESSO_API GEdit : public GWndScroll
 {
@@ -34,6 +36,10 @@ public:
     };
 
     GEdit();
+    // A copy shares window, theme and font, and has a text and a caret of its own.
+    GEdit(const GEdit& other);
+    GEdit& operator=(const GEdit& other);
+    ~GEdit() override;
 
     // Makes the window; position and size in pixels in the parent's client area. The text is copied and shown
     // as one line until it is set or edited; a null one counts as empty. Note the order of the styles.
@@ -54,8 +60,9 @@ public:
     // needed and returns 0.
     virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
     // Selects from nStart to nEnd, where the caret goes; a negative number is the end. Repaints. Both are
-    // offsets in a text of one line. With several lines, one that is at or beyond the length of the first
-    // line is that line's end, and any smaller one ends up at the start of the last line: hosts rely on it.
+    // offsets in a text of one line. Fixed behaviour: with several lines, one that is at or beyond the length
+    // of the first line is that line's end, and any smaller one ends up at the start of the last line; a host
+    // that selects by such numbers would select something else.
     virtual void SetSel(int nStart, int nEnd);
 
     // DestroyWindow. Returns 0 without a window.
@@ -149,57 +156,24 @@ protected:
 
 private:
     friend class gesso::Frame;
-    class LineFitter;
+    class ClientMeasure;
+    struct Inside; // what the library keeps for itself
+    struct Layout;
 
-    static constexpr UINT FIRST_CAPACITY = 32; // of the text, in characters
-    static constexpr UINT BREAK_LENGTH = 2;    // CR LF
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
-    struct Place
-    {
-        UINT nLine, nChar;
-        auto operator<=>(const Place&) const = default;
-    };
-
-    // Text
-    wchar_t CharAt(UINT nOffset) const;
-    bool IsLineEnd(UINT nOffset) const;
-    UINT LengthWithin(UINT nLine, UINT nOffset) const;
-    LPCWSTR TextAt(UINT nOffset) const;
-    Place Limited(UINT nLine, UINT nChar) const;
-    Place Caret() const;
-    Place Anchor() const;
-    Place End() const;
-    UINT OffsetOf(const Place& place) const;
-    UINT LineHolding(UINT nOffset) const;
-    Place PlaceOfSel(int n) const;
-    void PutCaret(const Place& place);
-    void PutCaretAt(UINT nOffset);
-    void PutAnchor(const Place& place);
-    bool HasSelection() const;
+    // Text. The two are the only ways to the members above that say where caret and anchor are.
+    gesso::TextField Field() const;
+    void ChangeField(const gesso::TextField& field);
+    void StartText(LPCWSTR pszText);
     void BeOneLine();
-    void Reserve(UINT nMore);
-    void InsertText(LPCWSTR pszText);
-    UINT InsertChar(wchar_t ch);
-    void RemoveChar(UINT nLine, UINT nOffset);
-    void DropEmptied(UINT nLine, UINT nOffset);
-    void JoinWithLineBefore();
+    void Show(const gesso::TextField& field);
 
     // Wrapping
     bool IsMasked() const;
     bool KeepsLines() const;
-    void RepairLines();
-    void WrapAll();
-    void FitFrom(const LineFitter& fitter, UINT nFirst, bool fAll);
-    bool IsBehindEmpty(UINT nLine) const;
-    bool IsStuck(const LineFitter& fitter, UINT nLine, UINT nOffset, bool fBehindEmpty) const;
-    int FitLine(const LineFitter& fitter, UINT nLine, UINT nOffset);
-    UINT Shortened(const LineFitter& fitter, UINT nOffset, UINT nLength) const;
-    UINT Lengthened(const LineFitter& fitter, UINT nOffset, UINT nLength) const;
-    UINT ShorterByWord(UINT nOffset, UINT nLength) const;
-    UINT LongerByWord(UINT nOffset, UINT nLength) const;
-    void HandOn(UINT nLine, UINT nOldEnd, UINT nNewEnd);
-    void TakeOver(UINT nLine, UINT nOldEnd, UINT nNewEnd);
-    void Touch(UINT nLine);
+    void Repair(gesso::TextField& field) const;
+    void WrapAll(gesso::TextField& field) const;
 
     // View
     bool HasBorder() const;
@@ -208,17 +182,14 @@ private:
     int PosThatShows(int x, const RECT& rcText) const;
 
     // Input
-    void Moved();
-    LRESULT Edited();
-    void ClickAt(POINTS pt, HitTestInfo* pInfo);
-    bool MoveCaret(UINT uKey);
-    bool MoveLeft();
-    bool MoveRight();
-    bool MoveUp();
-    bool MoveDown();
-    void MoveToRow(POINTS pt);
+    void Moved(gesso::TextField& field);
+    LRESULT Edited(gesso::TextField& field);
+    void ClickAt(POINTS pt, HitTestInfo* pInfo, bool fExtend);
+    bool MoveByKey(UINT uKey, gesso::TextField& field) const;
+    void MoveUp(gesso::TextField& field) const;
+    void MoveDown(gesso::TextField& field) const;
+    void MoveToRow(POINTS pt, gesso::TextField& field) const;
     void SelectAll();
-    bool Copy() const;
     LRESULT OnControlKey(UINT uKey);
     LRESULT OnCut();
     LRESULT OnPaste();
@@ -226,13 +197,9 @@ private:
     LRESULT OnBackspace();
     LRESULT OnEnter();
     LRESULT OnTyped(wchar_t ch);
+    void InsertIfRoom(gesso::TextField& field, wchar_t ch);
     bool WrapsWhenTyped() const;
-    bool HasRoomForTyped();
-    void TakeBack(UINT nOffset);
+    bool HasRoomForTyped(gesso::TextField& field) const;
 
-    bool m_fCaret = false;   // the platform's caret is this window's
-    wchar_t m_chRefused = 0; // the first half of a character for which there was no room
-    // So many lines, counted from the end, are known to be as long as fits into this width.
-    UINT m_nSettled = 0;
-    int m_cxSettled = 0;
+    Inside* m_inside;
 };

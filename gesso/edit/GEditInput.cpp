@@ -2,35 +2,32 @@
 //
 // The parent may do anything when it is told, destroying the control included: EN_CHANGE is sent last.
 
-#include <gesso/edit/ClipboardText.h>
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GEdit.h>
+#include <gesso/edit/GEditInside.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
 
-#include <algorithm>
-#include <utility>
-
+using gesso::EditLines;
 using gesso::Frame;
 using gesso::IsKeyDown;
+using gesso::Place;
+using gesso::TextField;
 
 // --- After a change
 
-void GEdit::Moved()
+void GEdit::Moved(TextField& field)
 {
     if (!IsKeyDown(VK_SHIFT)) {
-        PutAnchor(Caret());
+        field.Collapse();
     }
-    UpdateCursorPos();
-    Invalidate(0);
+    Show(field);
 }
 
 // Ends every edit, a refused one too. The control may be gone afterwards.
-LRESULT GEdit::Edited()
+LRESULT GEdit::Edited(TextField& field)
 {
-    PutAnchor(Caret());
-    UpdateCursorPos();
-    Invalidate(0);
+    field.Collapse();
+    Show(field);
     Frame::SendCommand(*this, EN_CHANGE);
     return 0;
 }
@@ -39,11 +36,12 @@ LRESULT GEdit::Edited()
 
 LRESULT GEdit::OnKeyDown(UINT uKey, UINT, UINT)
 {
+    TextField field = Field();
     // What SetSel or a deleted line end left outside of a line comes back in.
-    PutCaret(Caret());
-    PutAnchor(Anchor());
-    if (MoveCaret(uKey)) {
-        Moved();
+    field.Limit();
+    ChangeField(field);
+    if (MoveByKey(uKey, field)) {
+        Moved(field);
         return 0;
     }
     if (uKey == VK_DELETE) {
@@ -52,18 +50,49 @@ LRESULT GEdit::OnKeyDown(UINT uKey, UINT, UINT)
     return IsKeyDown(VK_CONTROL) ? OnControlKey(uKey) : 0;
 }
 
-// False where the key moves nothing.
-bool GEdit::MoveCaret(UINT uKey)
+// False for a key that is none of those that move the caret. At the text's start and end these leave it where
+// it is.
+bool GEdit::MoveByKey(UINT uKey, TextField& field) const
 {
+    const Place caret = field.Caret();
     switch (uKey) {
-    case VK_END: m_nCaretChar = m_aLines[m_nCaretLine]; return true;
-    case VK_HOME: m_nCaretChar = 0; return true;
-    case VK_LEFT: return MoveLeft();
-    case VK_RIGHT: return MoveRight();
-    case VK_UP: return MoveUp();
-    case VK_DOWN: return MoveDown();
+    case VK_END: field.PutCaret({caret.nLine, field.Lines().Length(caret.nLine)}); break;
+    case VK_HOME: field.PutCaret({caret.nLine, 0}); break;
+    case VK_LEFT: field.PutCaret(field.Lines().Before(caret)); break;
+    case VK_RIGHT: field.PutCaret(field.Lines().Behind(caret)); break;
+    case VK_UP: MoveUp(field); break;
+    case VK_DOWN: MoveDown(field); break;
     default: return false;
     }
+    return true;
+}
+
+void GEdit::MoveUp(TextField& field) const
+{
+    if (field.Caret().nLine > 0) {
+        POINT pt{};
+        GetCaretPos(&pt);
+        MoveToRow({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y - 1)}, field);
+    }
+}
+
+// Fixed behaviour: the distance is the line height of the context's own font, which need not be the
+// control's; in a much larger font the caret would otherwise leave a line that it stays in now.
+void GEdit::MoveDown(TextField& field) const
+{
+    if (field.Caret().nLine + 1 < field.Lines().Count()) {
+        POINT pt{};
+        GetCaretPos(&pt);
+        const int nHeight = gesso::WindowMeasure(m_hWnd, nullptr, false)->LineHeight();
+        MoveToRow({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y + nHeight)}, field);
+    }
+}
+
+void GEdit::MoveToRow(POINTS pt, TextField& field) const
+{
+    HitTestInfo info{pt, 0, 0};
+    HitTest(&info);
+    field.PutCaret({info.nLine, info.nChar});
 }
 
 LRESULT GEdit::OnControlKey(UINT uKey)
@@ -71,10 +100,10 @@ LRESULT GEdit::OnControlKey(UINT uKey)
     switch (uKey) {
     case 'A':
         SelectAll();
-        // Hosts are told of a change though only the selection did.
+        // Told as a change though only the selection changed.
         Frame::SendCommand(*this, EN_CHANGE);
         break;
-    case 'C': Copy(); break;
+    case 'C': Field().Copy(*this); break;
     case 'X': return OnCut();
     case 'V': return OnPaste();
     default: break;
@@ -82,112 +111,30 @@ LRESULT GEdit::OnControlKey(UINT uKey)
     return 0;
 }
 
-bool GEdit::MoveLeft()
-{
-    if (m_nCaretChar > 0) {
-        --m_nCaretChar;
-        return true;
-    }
-    if (m_nCaretLine == 0) {
-        return false;
-    }
-    const UINT nUpper = m_nCaretLine - 1;
-    const UINT nLength = m_aLines[nUpper];
-    const bool fWrapped = !IsLineEnd(OffsetOfLine(nUpper) + nLength);
-    PutCaret({nUpper, fWrapped && nLength > 0 ? nLength - 1 : nLength});
-    return true;
-}
-
-bool GEdit::MoveRight()
-{
-    if (m_nCaretChar < m_aLines[m_nCaretLine]) {
-        ++m_nCaretChar;
-        return true;
-    }
-    const UINT nLower = m_nCaretLine + 1;
-    if (nLower == m_aLines.GetLength()) {
-        return false;
-    }
-    const bool fWrapped = !IsLineEnd(OffsetOf(Caret()));
-    PutCaret({nLower, fWrapped ? std::min(m_aLines[nLower], 1u) : 0});
-    return true;
-}
-
-bool GEdit::MoveUp()
-{
-    if (m_nCaretLine == 0) {
-        return false;
-    }
-    POINT pt{};
-    GetCaretPos(&pt);
-    MoveToRow({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y - 1)});
-    return true;
-}
-
-// The distance is the line height of the context's own font, which need not be the control's: hosts know the
-// key so.
-bool GEdit::MoveDown()
-{
-    if (m_nCaretLine + 1 == m_aLines.GetLength()) {
-        return false;
-    }
-    POINT pt{};
-    GetCaretPos(&pt);
-    const int nHeight = gesso::WindowMeasure(m_hWnd, nullptr, false)->LineHeight();
-    MoveToRow({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y + nHeight)});
-    return true;
-}
-
-void GEdit::MoveToRow(POINTS pt)
-{
-    HitTestInfo info{pt, 0, 0};
-    HitTest(&info);
-    PutCaret({info.nLine, info.nChar});
-}
-
 void GEdit::SelectAll()
 {
-    PutAnchor({0, 0});
-    PutCaret(End());
-    UpdateCursorPos();
-    Invalidate(0);
+    TextField field = Field();
+    field.SelectAll();
+    Show(field);
 }
 
 LRESULT GEdit::OnDelete()
 {
-    const Place caret = Caret();
-    const UINT nOffset = OffsetOfLine(caret.nLine);
-    const UINT nEnd = nOffset + m_aLines[caret.nLine];
-    const UINT nNext = caret.nLine + 1;
-    if (HasSelection()) {
-        DeleteSelection();
-    } else if (caret.nChar < m_aLines[caret.nLine]) {
-        RemoveChar(caret.nLine, nOffset + caret.nChar);
-    } else if (nNext == m_aLines.GetLength()) {
+    TextField field = Field();
+    if (!field.RemoveBehind()) {
         return 0;
-    } else if (IsLineEnd(nEnd)) {
-        // This is the next line's offset only where both lines are equally long. Elsewhere other characters
-        // than the line end go: hosts know the key so.
-        PutCaret({nNext, 0});
-        DeleteBreak(nNext, nOffset + LengthOfLine(nNext, nOffset));
-    } else {
-        UINT nHolder = caret.nLine;
-        while (m_aLines[nHolder] == 0 && nHolder + 1 < m_aLines.GetLength()) {
-            ++nHolder;
-        }
-        RemoveChar(nHolder, nEnd);
-        PutCaretAt(nEnd);
     }
-    RepairLines();
-    return Edited();
+    Repair(field);
+    return Edited(field);
 }
 
 // --- Characters
 
 LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
 {
-    PutCaret(Caret());
-    PutAnchor(Anchor());
+    TextField field = Field();
+    field.Limit();
+    ChangeField(field);
     switch (uChar) {
     case gesso::CHAR_BACKSPACE: return OnBackspace();
     case gesso::CHAR_TAB: gesso::SendTab(*this); return 0;
@@ -200,51 +147,48 @@ LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
 
 LRESULT GEdit::OnBackspace()
 {
-    const Place caret = Caret();
-    if (HasSelection()) {
-        DeleteSelection();
-    } else if (caret.nChar > 0) {
-        PutCaret({caret.nLine, caret.nChar - 1});
-        RemoveChar(caret.nLine, OffsetOf(Caret()));
-    } else if (caret.nLine > 0) {
-        JoinWithLineBefore();
-    }
-    RepairLines();
-    return Edited();
+    TextField field = Field();
+    field.RemoveBefore();
+    Repair(field);
+    return Edited(field);
 }
 
 LRESULT GEdit::OnEnter()
 {
-    if (HasSelection()) {
-        DeleteSelection();
+    TextField field = Field();
+    field.InsertBreak();
+    Repair(field);
+    const UINT nLine = field.Caret().nLine;
+    if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && nLine > 0) {
+        field.PutCaret(field.Lines().DeleteBreak(nLine, field.Lines().OffsetOfLine(nLine)));
+        Repair(field);
     }
-    InsertBreak(m_nCaretLine, OffsetOfLine(m_nCaretLine));
-    RepairLines();
-    if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && m_nCaretLine > 0) {
-        DeleteBreak(m_nCaretLine, OffsetOfLine(m_nCaretLine));
-        RepairLines();
-    }
-    return Edited();
+    return Edited(field);
 }
 
 LRESULT GEdit::OnTyped(wchar_t ch)
 {
-    const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && m_chRefused;
-    m_chRefused = 0;
-    if (HasSelection()) {
-        DeleteSelection();
-    }
+    TextField field = Field();
+    const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && m_inside->chRefused;
+    m_inside->chRefused = 0;
+    field.RemoveSelection();
     if (ch && !fRestOfRefused) {
-        const Place caret = Caret();
-        const OArray<UINT, UINT const&> aLines = m_aLines;
-        const UINT nOffset = InsertChar(ch);
-        if (!HasRoomForTyped()) {
-            m_aLines = aLines;
-            PutCaret(caret);
-            TakeBack(nOffset);
-        }
+        InsertIfRoom(field, ch);
     }
-    return Edited();
+    return Edited(field);
+}
+
+void GEdit::InsertIfRoom(TextField& field, wchar_t ch)
+{
+    gesso::TypedChar typed(field.Lines(), field.Caret(), ch);
+    field.PutCaret(typed.Behind());
+    if (HasRoomForTyped(field)) {
+        return;
+    }
+    field.PutCaret(typed.TakeBack(&m_inside->chRefused));
+    if (WrapsWhenTyped()) {
+        Repair(field);
+    }
 }
 
 bool GEdit::WrapsWhenTyped() const
@@ -252,76 +196,49 @@ bool GEdit::WrapsWhenTyped() const
     return Frame::Style(*this) & (ES_MULTILINE | ES_AUTOHSCROLL);
 }
 
-bool GEdit::HasRoomForTyped()
+bool GEdit::HasRoomForTyped(TextField& field) const
 {
     if (!WrapsWhenTyped()) {
-        return DoesFitLine(m_nCaretLine);
+        return DoesFitLine(field.Caret().nLine);
     }
-    RepairLines();
+    Repair(field);
     return (Frame::Style(*this) & ES_AUTOVSCROLL) || DoesFitHeight();
-}
-
-// Ends the refusal of a typed character, once the lines and the caret are what they were before. A character
-// of two halves goes as a whole, whichever of them has no room.
-void GEdit::TakeBack(UINT nOffset)
-{
-    const wchar_t ch = CharAt(nOffset);
-    m_chRefused = IS_HIGH_SURROGATE(ch) ? ch : L'\0';
-    m_strText.Delete(nOffset, 1);
-    m_nSettled = 0;
-    if (IS_LOW_SURROGATE(ch) && nOffset > 0 && IS_HIGH_SURROGATE(CharAt(nOffset - 1))) {
-        RemoveChar(LineHolding(nOffset - 1), nOffset - 1);
-        PutCaretAt(nOffset - 1);
-    }
-    if (WrapsWhenTyped()) {
-        RepairLines();
-    }
 }
 
 // --- Clipboard
 
-// False if there was nothing to copy, or the clipboard would not take it. The control may be gone afterwards.
-bool GEdit::Copy() const
-{
-    const UINT nLength = m_strText.GetLength();
-    const UINT nStart = std::min(OffsetOf(std::min(Caret(), Anchor())), nLength);
-    const UINT nEnd = std::min(OffsetOf(std::max(Caret(), Anchor())), nLength);
-    return nStart < nEnd && gesso::PutClipboardText(m_hWnd, TextAt(nStart), nEnd - nStart);
-}
-
 // What the clipboard did not take stays. The lines are not wrapped anew before the next edit.
 LRESULT GEdit::OnCut()
 {
-    const HWND hwnd = m_hWnd;
-    if (!Copy() || !Frame::IsAlive(hwnd, this)) {
+    if (!Field().Copy(*this)) {
         return 0;
     }
-    DeleteSelection();
-    return Edited();
+    TextField field = Field();
+    field.RemoveSelection();
+    return Edited(field);
 }
 
 LRESULT GEdit::OnPaste()
 {
-    const HWND hwnd = m_hWnd;
     OStringEx<wchar_t> strText;
-    if (!gesso::GetClipboardText(hwnd, &strText) || !Frame::IsAlive(hwnd, this)) {
+    if (!gesso::GetClipboardText(*this, &strText)) {
         return 0;
     }
-    if (HasSelection()) {
-        DeleteSelection();
-    }
-    InsertText(strText);
-    WrapAll();
-    return Edited();
+    TextField field = Field();
+    field.Insert(strText);
+    WrapAll(field);
+    return Edited(field);
 }
 
 // --- Mouse
 
-void GEdit::ClickAt(POINTS pt, HitTestInfo* pInfo)
+void GEdit::ClickAt(POINTS pt, HitTestInfo* pInfo, bool fExtend)
 {
+    TextField field = Field();
     pInfo->pt = pt;
     HitTest(pInfo);
-    PutCaret({pInfo->nLine, pInfo->nChar});
+    field.MoveTo({pInfo->nLine, pInfo->nChar}, fExtend);
+    ChangeField(field);
 }
 
 LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)
@@ -337,12 +254,8 @@ LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
-    m_dwState |= GWS_PRESSED;
-    PutAnchor(Anchor());
-    ClickAt(pt, &m_hitDown);
-    if (!(wKeys & MK_SHIFT)) {
-        PutAnchor(Caret());
-    }
+    Frame::AddState(*this, GWS_PRESSED);
+    ClickAt(pt, &m_hitDown, wKeys & MK_SHIFT);
     UpdateCursorPos();
     return 0;
 }
@@ -375,7 +288,7 @@ LRESULT GEdit::OnMouseMove(WPARAM, POINTS pt)
     }
     Frame::TrackLeave(*this);
     if (m_dwState & GWS_PRESSED) {
-        ClickAt(pt, &m_hitMove);
+        ClickAt(pt, &m_hitMove, true);
         UpdateCursorPos();
         Invalidate(0);
     }

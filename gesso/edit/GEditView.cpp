@@ -1,22 +1,23 @@
 // What a GEdit paints, and where points and the caret are in it.
 
 #include <gesso/edit/FieldText.h>
-#include <gesso/edit/GEdit.h>
+#include <gesso/edit/GEditInside.h>
 #include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
 
+using gesso::Color;
+using gesso::ColorOf;
 using gesso::Frame;
 using gesso::PlainPart;
 using gesso::ThemePart;
-using gesso::WindowMeasure;
 
 namespace {
 
-constexpr COLORREF TEXT_COLOR = RGB(0, 0, 0);
-constexpr COLORREF DISABLED_TEXT_COLOR = RGB(0x6D, 0x6D, 0x6D);
 constexpr int BACKGROUND_NORMAL = 1;
 constexpr int BACKGROUND_DISABLED = 3;
 constexpr int SCROLL_STEP = 10; // average characters
@@ -58,16 +59,19 @@ void GEdit::Draw(HDC hdc)
     OffsetViewportOrgEx(hdc, -GetScrollPos(SB_HORZ), 0, &ptFormer);
     {
         const gesso::SelectScope font(hdc, m_hFont);
-        const gesso::TextColorScope color(hdc, fDisabled ? DISABLED_TEXT_COLOR : TEXT_COLOR);
+        const gesso::TextColorScope color(hdc,
+                                          ColorOf(fDisabled ? Color::FieldDisabledText : Color::FieldText));
         DrawLines(hdc, rcClient);
     }
     SetViewportOrgEx(hdc, ptFormer.x, ptFormer.y, nullptr);
 }
 
-// Lines below the client area are left out. ES_CENTER and ES_RIGHT move no text: hosts know the field so.
+// Lines below the client area are left out. Fixed behaviour: ES_CENTER and ES_RIGHT move no text; a field
+// that has such a bit would look different.
 void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
 {
     const gesso::TextMeasure measure(hdc, IsMasked());
+    const gesso::EditLines& lines = m_inside->lines;
     const int nHeight = measure.LineHeight();
     const int nInset = m_nMargin + 1;
     RECT rcLine{nInset, nInset, rcClient.right - nInset + GetScrollPos(SB_HORZ), nInset + nHeight};
@@ -76,11 +80,11 @@ void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
         int nFrom = 0;
         int nTo = 0;
         CalcHighliteOfLine(nFrom, nTo, i);
-        const UINT nLength = LengthWithin(i, nOffset);
-        gesso::DrawField(hdc, rcLine, measure.Shown(TextAt(nOffset), nLength), nLength,
+        const UINT nLength = lines.LengthWithin(i, nOffset);
+        gesso::DrawField(hdc, rcLine, measure.Shown(lines.TextAt(nOffset), nLength), nLength,
                          std::min(static_cast<UINT>(nFrom), nLength),
                          std::min(static_cast<UINT>(nTo), nLength));
-        nOffset += LengthOfLine(i, nOffset);
+        nOffset += lines.LengthWithBreak(i, nOffset);
         OffsetRect(&rcLine, 0, nHeight);
     }
 }
@@ -140,14 +144,15 @@ LRESULT GEdit::OnNcHitTest(POINTS ptScreen) const
 // true characters.
 void GEdit::HitTest(HitTestInfo* pInfo) const
 {
-    const WindowMeasure measure(m_hWnd, m_hFont, false);
-    const int x = pInfo->pt.x + 2 + GetScrollPos(SB_HORZ);
+    const gesso::WindowMeasure measure(m_hWnd, m_hFont, false);
+    const int x = pInfo->pt.x + gesso::Pixels(m_hWnd, gesso::Metrics::EDIT_HIT_SLACK) + GetScrollPos(SB_HORZ);
     const int y = GetScrollPos(SB_VERT) + pInfo->pt.y - 1;
     const int nHeight = measure->LineHeight();
     pInfo->nLine =
         y > 0 && nHeight > 0 ? std::min(static_cast<UINT>(y / nHeight), m_aLines.GetLength() - 1) : 0;
-    const UINT nOffset = OffsetOfLine(pInfo->nLine);
-    pInfo->nChar = measure->CountBefore(TextAt(nOffset), LengthWithin(pInfo->nLine, nOffset), x);
+    const gesso::EditLines& lines = m_inside->lines;
+    const UINT nOffset = lines.OffsetOfLine(pInfo->nLine);
+    pInfo->nChar = measure->CountBefore(lines.TextAt(nOffset), lines.LengthWithin(pInfo->nLine, nOffset), x);
 }
 
 // The horizontal scroll position, in steps from the present one, at which the caret's x is to be seen.
@@ -159,7 +164,7 @@ int GEdit::PosThatShows(int x, const RECT& rcText) const
         return nPos;
     }
     // The step is ten characters of the context's own font.
-    const WindowMeasure measure(m_hWnd, nullptr, false);
+    const gesso::WindowMeasure measure(m_hWnd, nullptr, false);
     const int nStep = std::max(1, SCROLL_STEP * static_cast<int>(measure.FontMetric().tmAveCharWidth));
     if (nLeftOut > 0) {
         nPos = std::max(0, nPos - StepsOver(nLeftOut, nStep) * nStep);
@@ -173,10 +178,12 @@ void GEdit::UpdateCursorPos()
     if (!m_hWnd) {
         return;
     }
-    const Place caret = Caret();
-    const UINT nOffset = OffsetOfLine(caret.nLine);
-    const UINT nBefore = std::min(caret.nChar, LengthWithin(caret.nLine, nOffset));
-    const SIZE extent = WindowMeasure(m_hWnd, m_hFont, IsMasked())->Extent(TextAt(nOffset), nBefore);
+    const gesso::EditLines& lines = m_inside->lines;
+    const gesso::Place caret = Field().Caret();
+    const UINT nOffset = lines.OffsetOfLine(caret.nLine);
+    const UINT nBefore = std::min(caret.nChar, lines.LengthWithin(caret.nLine, nOffset));
+    const SIZE extent =
+        gesso::WindowMeasure(m_hWnd, m_hFont, IsMasked())->Extent(lines.TextAt(nOffset), nBefore);
     RECT rcText = ClientRect(m_hWnd);
     const int nInset = m_nMargin + 1;
     InflateRect(&rcText, -nInset, -nInset);
@@ -185,12 +192,13 @@ void GEdit::UpdateCursorPos()
     if (nPos != GetScrollPos(SB_HORZ)) {
         Invalidate(0);
     }
-    // Without a range from the host the position stays 0, and only the caret moves: hosts know it so.
+    // Fixed behaviour: without a range from the host the position stays 0, and only the caret moves; the text
+    // would move under a field that has no bar.
     if (m_siH.nMax > m_siH.nMin) {
         SetScrollPos(SB_HORZ, nPos, FALSE);
     }
     // Another window's caret stays where it is.
-    if (m_fCaret) {
+    if (m_inside->fCaret) {
         SetCaretPos(x - nPos, extent.cy * static_cast<int>(caret.nLine) + rcText.top);
     }
 }

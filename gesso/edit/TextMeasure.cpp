@@ -96,4 +96,10 @@ TEXTMETRICW WindowMeasure::FontMetric() const
     return metric;
 }
 
+void CreateTextCaret(HWND hwnd, HFONT hFont)
+{
+    const TEXTMETRICW metric = WindowMeasure(hwnd, hFont, false).FontMetric();
+    CreateCaret(hwnd, nullptr, 0, metric.tmAscent + metric.tmDescent);
+}
+
 } // namespace gesso

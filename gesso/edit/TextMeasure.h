@@ -59,4 +59,7 @@ private:
     TextMeasure m_measure;
 };
 
+// Makes the platform's caret for a window, as high as the font.
+void CreateTextCaret(HWND hwnd, HFONT hFont);
+
 } // namespace gesso

@@ -8,6 +8,7 @@ COLORREF ColorOf(Color color)
     case Color::LayoutOverlay: return RGB(0xFF, 0x00, 0xFF);
     case Color::FieldText: return RGB(0x00, 0x00, 0x00);
     case Color::FieldDisabledText: return RGB(0x6D, 0x6D, 0x6D);
+    case Color::FieldSelection: return RGB(0xAD, 0xD6, 0xFF);
 
     case Color::RibbonActiveLine: return RGB(0xDB, 0xDB, 0xDB);
     case Color::RibbonActiveFill: return RGB(0xF6, 0xF6, 0xF6);

@@ -11,6 +11,7 @@ enum class Color
     LayoutOverlay,     // the outlines that a debug build shows over a control
     FieldText,         // of edit fields and combo boxes
     FieldDisabledText, // of an edit field that is disabled
+    FieldSelection,    // behind selected text in both, whose own colour stays
 
     // Ribbon
     RibbonActiveLine, // the outline of the active tab, and the base line

@@ -44,6 +44,14 @@ inline constexpr Measure COMMAND_GLYPH_GAP{5};  // between a command link's glyp
 inline constexpr Measure SCROLLBAR_BUTTON{17};  // the extent of a button of GScrollbar, and the bar's width
 inline constexpr Measure SCROLLBAR_SMALLEST_THUMB{22};
 
+// --- Edit fields and combo boxes
+inline constexpr Measure EDIT_HIT_SLACK{2};  // by which a point reaches the character behind it
+inline constexpr Measure COMBO_HIT_SLACK{3}; // the same in a combo box's field
+inline constexpr Measure COMBO_ROW_HEIGHT{22};
+inline constexpr Measure COMBO_ROW_INSET{4}; // of a row's text, on each side
+// By which the list's background reaches beyond its client area.
+inline constexpr Measure COMBO_PANEL_OVERLAP{2};
+
 // --- Trees
 inline constexpr Measure TREE_ITEM_HEIGHT{20};
 

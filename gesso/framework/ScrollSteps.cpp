@@ -3,7 +3,6 @@
 #include <gesso/framework/ScrollSteps.h>
 
 namespace gesso {
-namespace {
 
 UINT WheelLines()
 {
@@ -11,8 +10,6 @@ UINT WheelLines()
     SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &nLines, 0);
     return nLines;
 }
-
-} // namespace
 
 std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThumb, int64_t nLine)
 {

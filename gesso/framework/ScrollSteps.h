@@ -17,4 +17,7 @@ std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThum
 // with the wheel by itself would part from the control.
 std::optional<int64_t> WheelTarget(const SCROLLINFO& si, int nDelta);
 
+// How many lines a notch of the wheel is to scroll.
+UINT WheelLines();
+
 } // namespace gesso

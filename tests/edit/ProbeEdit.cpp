@@ -2,6 +2,8 @@
 
 #include "../support/Host.h"
 
+#include <gesso/edit/EditLines.h>
+
 #include <algorithm>
 
 namespace test {
@@ -49,19 +51,7 @@ void ProbeEdit::Select(UINT nAnchorLine, UINT nAnchorChar, UINT nCaretLine, UINT
 
 std::string ProbeEdit::TextFault() const
 {
-    if (m_aLines.GetLength() == 0) {
-        return "no line";
-    }
-    UINT nOffset = 0;
-    for (UINT i = 0; i < m_aLines.GetLength(); ++i) {
-        nOffset += LengthOfLine(i, nOffset);
-    }
-    if (nOffset != m_strText.GetLength()) {
-        return "lines of " + std::to_string(nOffset) + " in all for a text of " +
-               std::to_string(m_strText.GetLength());
-    }
-    const bool fEnds = wcslen(m_strText) == m_strText.GetLength();
-    return fEnds && m_strText.GetBufferLength() > m_strText.GetLength() ? "" : "a text without its end";
+    return gesso::EditLines::Check(m_strText, m_aLines) ? "" : "lines that are not the text";
 }
 
 std::string ProbeEdit::PlaceFault() const

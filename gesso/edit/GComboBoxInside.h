@@ -1,0 +1,34 @@
+// What a GComboBox keeps for itself, behind the one pointer in its public class, and its text as a TextField.
+#pragma once
+
+#include <gesso/containers/Index.h>
+#include <gesso/edit/GComboBoxList.h>
+#include <gesso/edit/TextField.h>
+
+namespace gesso {
+
+// The parts of a combo box, as GComboBox::HitTestInfo counts them.
+inline constexpr int COMBO_OUTSIDE = -1;
+inline constexpr int COMBO_TEXT = 1;
+inline constexpr int COMBO_BUTTON = 2;
+
+} // namespace gesso
+
+struct GComboBox::Inside
+{
+    UINT nSelected = gesso::NO_INDEX; // it may be beyond the items
+};
+
+// The field for one operation. Whatever is in it is one line.
+struct GComboBox::Field
+{
+    explicit Field(GComboBox& combo)
+        : lines(combo.m_strText, aLines), text(lines, {0, combo.m_nCaret}, {0, combo.m_nAnchor})
+    {
+        lines.BeOneLine();
+    }
+
+    gesso::LineTable aLines;
+    gesso::EditLines lines;
+    gesso::TextField text;
+};

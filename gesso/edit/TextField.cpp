@@ -1,0 +1,66 @@
+#include <gesso/edit/TextField.h>
+
+namespace gesso {
+
+void TextField::Select(const Place& anchor, const Place& caret)
+{
+    m_anchor = anchor;
+    m_caret = caret;
+}
+
+void TextField::MoveTo(const Place& caret, bool fExtend)
+{
+    Select(fExtend ? Anchor() : caret, caret);
+}
+
+void TextField::RemoveSelection()
+{
+    if (HasSelection()) {
+        const Place caret = m_lines.Remove(First(), Last());
+        Select(caret, caret);
+    }
+}
+
+void TextField::Insert(LPCWSTR psz)
+{
+    RemoveSelection();
+    MoveTo(m_lines.Insert(Caret(), psz), false);
+}
+
+void TextField::InsertBreak()
+{
+    RemoveSelection();
+    MoveTo(m_lines.InsertBreak(Caret(), m_lines.OffsetOfLine(Caret().nLine)), false);
+}
+
+bool TextField::RemoveBefore()
+{
+    if (HasSelection()) {
+        RemoveSelection();
+        return true;
+    }
+    const Place former = Caret();
+    MoveTo(m_lines.RemoveBefore(former), false);
+    return former != Place{0, 0};
+}
+
+bool TextField::RemoveBehind()
+{
+    if (HasSelection()) {
+        RemoveSelection();
+        return true;
+    }
+    Place caret = Caret();
+    const bool fRemoved = m_lines.RemoveBehind(&caret);
+    MoveTo(caret, false);
+    return fRemoved;
+}
+
+bool TextField::Copy(const GWnd& wnd) const
+{
+    const UINT nStart = std::min(m_lines.OffsetOf(First()), m_lines.TextLength());
+    const UINT nEnd = std::min(m_lines.OffsetOf(Last()), m_lines.TextLength());
+    return nStart < nEnd && PutClipboardText(wnd, m_lines.TextAt(nStart), nEnd - nStart);
+}
+
+} // namespace gesso
