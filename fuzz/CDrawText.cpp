@@ -71,12 +71,12 @@ Plan ReadPlan(Input& input)
 
 void OrderFault(const Plan& plan)
 {
-    static constexpr const char* c_operations[] = {"ScriptItemize", "ScriptShape", "ScriptPlace",
-                                                   "ScriptBreak", "GetTextMetricsW"};
+    static constexpr const char* OPERATIONS[] = {"ScriptItemize", "ScriptShape", "ScriptPlace", "ScriptBreak",
+                                                 "GetTextMetricsW"};
     const int operation = plan.fault & 7;
-    if (operation < static_cast<int>(std::size(c_operations))) {
+    if (operation < static_cast<int>(std::size(OPERATIONS))) {
         const DWORD error = static_cast<DWORD>(plan.fault & 8 ? E_OUTOFMEMORY : E_FAIL);
-        desk::Fail(c_operations[operation], 1 + (plan.fault >> 4), error, plan.faultAfter);
+        desk::Fail(OPERATIONS[operation], 1 + (plan.fault >> 4), error, plan.faultAfter);
     }
 }
 

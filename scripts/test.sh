@@ -95,6 +95,7 @@ with_display() {
 step_style() {
     check "formatting" scripts/format.sh --check
     check "layers" scripts/check-includes.py
+    check "the simulated desktop's operations" scripts/check-platform.py
 }
 
 step_headless() {

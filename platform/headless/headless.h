@@ -192,9 +192,27 @@ bool HeapIsClean();
 
 // --- Faults ---
 
-// Lets the named operation ("CreateWindowExW", "BeginPaint", ...) fail: its first `skip` calls go through,
-// the `times` calls after them fail with `error` as the last error.
+// An operation that can fail. `failure` is what it then returns ("null", "FALSE", ...; "HRESULT" is that of
+// the error); `releases` tells one that gives something back, which stays held where the operation fails.
+struct FallibleOperation
+{
+    std::string_view name;
+    std::string_view failure;
+    bool releases = false;
+};
+
+// All of them, in alphabetic order: what a test goes through that lets each fail in turn.
+std::span<const FallibleOperation> FallibleOperations();
+
+// Lets the named operation ("CreateWindowExW", "BeginPaint", ...) fail: the first `skip` calls that the
+// program makes go through, the `times` calls after them do nothing and fail with `error` as the last error.
+// What the platform asks of itself meanwhile never fails. A name that is none of FallibleOperations() stops
+// the program with a message. A second order for an operation takes the place of the first.
 void Fail(std::string_view operation, int times = 1, DWORD error = ERROR_NOT_ENOUGH_MEMORY, int skip = 0);
+// The operations that were told to fail and of which no call has failed yet: a test that ends with one has
+// tested nothing by it.
+std::vector<std::string> PendingFaults();
+// Drops all faults, whether they fired or not, as Reset() does.
 void ClearFaults();
 
 // --- Settings ---

@@ -1,11 +1,9 @@
 // What the tests of controls on the simulated desktop share: a fresh one each, its record, and its pointer.
 #pragma once
 
+#include "Faults.h"
+
 #include <gesso/gesso.h>
-#include <platform/headless/headless.h>
-
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
@@ -13,7 +11,8 @@ namespace test {
 
 namespace desk = gesso::headless;
 
-// A fresh desktop below a fixture; at the end nothing may be left of what the test made.
+// A fresh desktop below a fixture; at the end nothing may be left of what the test made, and no fault that
+// never fired.
 class FreshDesktop
 {
 public:
@@ -25,6 +24,7 @@ public:
     }
     ~FreshDesktop()
     {
+        EndFaults();
         EXPECT_EQ(desk::Live(), m_before);
         EXPECT_TRUE(desk::HeapIsClean());
     }

@@ -5,7 +5,7 @@
 namespace test {
 namespace {
 
-constexpr UINT c_clusterRange = 0x10000;
+constexpr UINT CLUSTER_RANGE = 0x10000;
 
 class TextChecker
 {
@@ -56,7 +56,7 @@ private:
     {
         const stcDrawTextRun& run = m_buffer.pRuns[item];
         for (UINT c = firstChar; run.nGlyphs > 0 && c < firstChar + static_cast<UINT>(run.nChars); ++c) {
-            const UINT offset = (m_buffer.pLogClust[c] - run.nFirstGlyph) % c_clusterRange;
+            const UINT offset = (m_buffer.pLogClust[c] - run.nFirstGlyph) % CLUSTER_RANGE;
             Expect(offset < static_cast<UINT>(run.nGlyphs), "character ", c, " has another item's glyph");
         }
     }

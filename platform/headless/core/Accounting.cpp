@@ -18,12 +18,12 @@
 namespace gesso::headless {
 namespace {
 
-constexpr const char* c_names[] = {
+constexpr const char* NAMES[] = {
     "windows",       "device contexts", "bitmaps", "fonts",  "pens",
     "brushes",       "themes",          "regions", "timers", "hooks",
     "script caches", "image lists",     "icons",   "menus",  "activation contexts",
     "global memory"};
-static_assert(std::size(c_names) == static_cast<size_t>(Kind::Count));
+static_assert(std::size(NAMES) == static_cast<size_t>(Kind::Count));
 
 using Objects = std::unordered_set<const void*>;
 
@@ -64,7 +64,7 @@ std::ostream& operator<<(std::ostream& out, const Census& census)
     const char* separator = "";
     for (size_t i = 0; i < census.counts.size(); ++i) {
         if (census.counts[i] != 0) {
-            out << separator << census.counts[i] << ' ' << c_names[i];
+            out << separator << census.counts[i] << ' ' << NAMES[i];
             separator = ", ";
         }
     }

@@ -1,6 +1,8 @@
 #include "Faults.h"
 
+#include <cstdio>
 #include <map>
+#include <utility>
 
 namespace gesso::headless {
 namespace {
@@ -10,19 +12,46 @@ struct Fault
     int skip;
     int times;
     DWORD error;
+    bool fired = false;
 };
 
-std::map<std::string, Fault, std::less<>>& Faults()
+// By place in the table. Each thread orders its own.
+std::map<size_t, Fault>& Faults()
 {
-    static std::map<std::string, Fault, std::less<>> s_faults;
-    return s_faults;
+    thread_local std::map<size_t, Fault> t_faults;
+    return t_faults;
 }
+
+constinit thread_local Caller t_caller = Caller::Program;
 
 } // namespace
 
+std::span<const FallibleOperation> FallibleOperations()
+{
+    return FALLIBLE_OPERATIONS;
+}
+
 void Fail(std::string_view operation, int times, DWORD error, int skip)
 {
-    Faults()[std::string(operation)] = {skip, times, error};
+    const size_t place = PlaceInTable(operation);
+    if (place == FALLIBLE_COUNT) {
+        std::fprintf(stderr,
+                     "headless::Fail: '%.*s' is no operation that can fail here; see docs/headless.md\n",
+                     static_cast<int>(operation.size()), operation.data());
+        std::abort();
+    }
+    Faults()[place] = {skip, times, error};
+}
+
+std::vector<std::string> PendingFaults()
+{
+    std::vector<std::string> pending;
+    for (const auto& [place, fault] : Faults()) {
+        if (!fault.fired) {
+            pending.emplace_back(FALLIBLE_OPERATIONS[place].name);
+        }
+    }
+    return pending;
 }
 
 void ClearFaults()
@@ -30,9 +59,12 @@ void ClearFaults()
     Faults().clear();
 }
 
-bool FaultFires(const char* operation)
+bool FaultFires(Operation operation)
 {
-    const auto found = Faults().find(std::string_view(operation));
+    if (t_caller == Caller::Platform || Faults().empty()) {
+        return false;
+    }
+    const auto found = Faults().find(operation.Place());
     if (found == Faults().end()) {
         return false;
     }
@@ -41,11 +73,19 @@ bool FaultFires(const char* operation)
         --fault.skip;
         return false;
     }
+    fault.fired = true;
     SetLastError(fault.error);
     if (--fault.times <= 0) {
         Faults().erase(found);
     }
     return true;
+}
+
+CallsBy::CallsBy(Caller caller) : m_former(std::exchange(t_caller, caller)) {}
+
+CallsBy::~CallsBy()
+{
+    t_caller = m_former;
 }
 
 } // namespace gesso::headless

@@ -68,6 +68,9 @@ HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size)
 
 HGLOBAL WINAPI GlobalFree(HGLOBAL handle)
 {
+    if (FaultFires("GlobalFree")) {
+        return handle;
+    }
     if (!FindBlock(handle)) {
         return handle;
     }
@@ -88,6 +91,9 @@ LPVOID WINAPI GlobalLock(HGLOBAL handle)
 
 BOOL WINAPI GlobalUnlock(HGLOBAL handle)
 {
+    if (FaultFires("GlobalUnlock")) {
+        return FALSE;
+    }
     Block* block = FindBlock(handle);
     if (!block) {
         return FALSE;
@@ -102,6 +108,9 @@ BOOL WINAPI GlobalUnlock(HGLOBAL handle)
 
 SIZE_T WINAPI GlobalSize(HGLOBAL handle)
 {
+    if (FaultFires("GlobalSize")) {
+        return 0;
+    }
     const Block* block = FindBlock(handle);
     return block ? block->size : 0;
 }

@@ -5,7 +5,7 @@
 namespace gesso::headless {
 namespace {
 
-constexpr char32_t c_replacement = 0xFFFD;
+constexpr char32_t REPLACEMENT = 0xFFFD;
 
 void AppendUtf8(std::string& out, char32_t c)
 {
@@ -47,7 +47,7 @@ char32_t TakeUtf16(WideView& text)
         text.remove_prefix(1);
         return 0x10000 + ((first & 0x3FFU) << 10) + (second & 0x3FFU);
     }
-    return (first & 0xF800) == 0xD800 ? c_replacement : first;
+    return (first & 0xF800) == 0xD800 ? REPLACEMENT : first;
 }
 
 char32_t TakeUtf8(std::string_view& text)
@@ -59,13 +59,13 @@ char32_t TakeUtf8(std::string_view& text)
     }
     const size_t more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
     if (more == 0 || text.size() < more) {
-        return c_replacement;
+        return REPLACEMENT;
     }
     char32_t c = first & (0x3FU >> more);
     for (size_t i = 0; i < more; ++i) {
         const auto next = static_cast<unsigned char>(text[i]);
         if ((next & 0xC0) != 0x80) {
-            return c_replacement;
+            return REPLACEMENT;
         }
         c = (c << 6) | (next & 0x3FU);
     }

@@ -162,6 +162,9 @@ HDC WINAPI CreateCompatibleDC(HDC)
 
 BOOL WINAPI DeleteDC(HDC hdc)
 {
+    if (FaultFires("DeleteDC")) {
+        return FALSE;
+    }
     const Context* context = FindContext(hdc);
     if (!context || !context->IsMemory()) {
         return FALSE; // a window's context is released, not deleted
@@ -172,6 +175,9 @@ BOOL WINAPI DeleteDC(HDC hdc)
 
 INT WINAPI SaveDC(HDC hdc)
 {
+    if (FaultFires("SaveDC")) {
+        return 0;
+    }
     Context* context = FindContext(hdc);
     if (!context) {
         return 0;
@@ -182,6 +188,9 @@ INT WINAPI SaveDC(HDC hdc)
 
 BOOL WINAPI RestoreDC(HDC hdc, INT level)
 {
+    if (FaultFires("RestoreDC")) {
+        return FALSE;
+    }
     Context* context = FindContext(hdc);
     const INT depth = context ? static_cast<INT>(context->saved.size()) : 0;
     const INT index = level < 0 ? depth + level : level - 1;

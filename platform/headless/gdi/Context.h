@@ -27,8 +27,8 @@ struct ContextState
 
 struct Context : Object
 {
-    static constexpr Kind c_kind = Kind::DeviceContext;
-    Context() : Object(c_kind) {}
+    static constexpr Kind KIND = Kind::DeviceContext;
+    Context() : Object(KIND) {}
 
     bool IsMemory() const { return state.bitmap != nullptr; }
     POINT ToDevice(POINT logical) const;

@@ -55,6 +55,7 @@ HGDIOBJ PutBitmap(Context& context, HBITMAP bitmap)
 
 HGDIOBJ SelectRegion(HDC hdc, HGDIOBJ region)
 {
+    const CallsBy platform(Caller::Platform);
     return reinterpret_cast<HGDIOBJ>(static_cast<uintptr_t>(SelectClipRgn(hdc, static_cast<HRGN>(region))));
 }
 
@@ -96,11 +97,17 @@ HGDIOBJ WINAPI GetCurrentObject(HDC hdc, UINT type)
 
 COLORREF WINAPI SetTextColor(HDC hdc, COLORREF color)
 {
+    if (FaultFires("SetTextColor")) {
+        return COLORREF{CLR_INVALID};
+    }
     return Exchange(hdc, &ContextState::textColor, color, COLORREF{CLR_INVALID});
 }
 
 COLORREF WINAPI GetTextColor(HDC hdc)
 {
+    if (FaultFires("GetTextColor")) {
+        return COLORREF{CLR_INVALID};
+    }
     return Get(hdc, &ContextState::textColor, COLORREF{CLR_INVALID});
 }
 
@@ -109,13 +116,11 @@ COLORREF WINAPI SetBkColor(HDC hdc, COLORREF color)
     return Exchange(hdc, &ContextState::backColor, color, COLORREF{CLR_INVALID});
 }
 
-COLORREF WINAPI GetBkColor(HDC hdc)
-{
-    return Get(hdc, &ContextState::backColor, COLORREF{CLR_INVALID});
-}
-
 INT WINAPI SetBkMode(HDC hdc, INT mode)
 {
+    if (FaultFires("SetBkMode")) {
+        return 0;
+    }
     return mode == OPAQUE || mode == TRANSPARENT ? Exchange(hdc, &ContextState::backMode, mode, 0) : 0;
 }
 
@@ -126,22 +131,34 @@ INT WINAPI GetBkMode(HDC hdc)
 
 BOOL WINAPI SetWindowOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
 {
+    if (FaultFires("SetWindowOrgEx")) {
+        return FALSE;
+    }
     return ExchangePoint(hdc, &ContextState::windowOrigin, {x, y}, former);
 }
 
 BOOL WINAPI OffsetWindowOrgEx(HDC hdc, INT dx, INT dy, LPPOINT former)
 {
+    if (FaultFires("OffsetWindowOrgEx")) {
+        return FALSE;
+    }
     return ExchangePoint(hdc, &ContextState::windowOrigin, Moved(hdc, &ContextState::windowOrigin, dx, dy),
                          former);
 }
 
 BOOL WINAPI SetViewportOrgEx(HDC hdc, INT x, INT y, LPPOINT former)
 {
+    if (FaultFires("SetViewportOrgEx")) {
+        return FALSE;
+    }
     return ExchangePoint(hdc, &ContextState::viewportOrigin, {x, y}, former);
 }
 
 BOOL WINAPI OffsetViewportOrgEx(HDC hdc, INT dx, INT dy, LPPOINT former)
 {
+    if (FaultFires("OffsetViewportOrgEx")) {
+        return FALSE;
+    }
     return ExchangePoint(hdc, &ContextState::viewportOrigin,
                          Moved(hdc, &ContextState::viewportOrigin, dx, dy), former);
 }
@@ -174,21 +191,33 @@ BOOL WINAPI DPtoLP(HDC hdc, LPPOINT points, INT count)
 
 DWORD WINAPI GetLayout(HDC hdc)
 {
+    if (FaultFires("GetLayout")) {
+        return DWORD{GDI_ERROR};
+    }
     return FindContext(hdc) ? 0 : DWORD{GDI_ERROR};
 }
 
 INT WINAPI GetMapMode(HDC hdc)
 {
+    if (FaultFires("GetMapMode")) {
+        return 0;
+    }
     return FindContext(hdc) ? MM_TEXT : 0;
 }
 
 INT WINAPI GetGraphicsMode(HDC hdc)
 {
+    if (FaultFires("GetGraphicsMode")) {
+        return 0;
+    }
     return FindContext(hdc) ? GM_COMPATIBLE : 0;
 }
 
 INT WINAPI GetDeviceCaps(HDC, INT index)
 {
+    if (FaultFires("GetDeviceCaps")) {
+        return 0;
+    }
     switch (index) {
     case LOGPIXELSX:
     case LOGPIXELSY: return static_cast<INT>(GetDpiForSystem());

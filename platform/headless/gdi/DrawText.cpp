@@ -9,7 +9,7 @@ using namespace gesso::headless;
 
 namespace {
 
-constexpr UINT c_ellipsis = DT_END_ELLIPSIS | DT_WORD_ELLIPSIS | DT_PATH_ELLIPSIS;
+constexpr UINT ELLIPSIS = DT_END_ELLIPSIS | DT_WORD_ELLIPSIS | DT_PATH_ELLIPSIS;
 
 bool IsBreak(wchar_t c)
 {
@@ -69,7 +69,7 @@ int TextLines::NextWidth(bool last)
     }
     m_next = used < m_units.size() ? m_units[used].source : PastBreak(end);
     const int width = WidthOf(shown);
-    return last && (m_format & c_ellipsis) ? Ellipsified(width) : width;
+    return last && (m_format & ELLIPSIS) ? Ellipsified(width) : width;
 }
 
 // Gathers the characters up to the next hard break and returns where that is.
@@ -121,7 +121,7 @@ size_t TextLines::BreakLine(size_t fitting, size_t& used) const
         used = IsSpace(shown) ? shown + 1 : shown;
         return shown;
     }
-    if ((m_format & (DT_EDITCONTROL | c_ellipsis)) == DT_EDITCONTROL) {
+    if ((m_format & (DT_EDITCONTROL | ELLIPSIS)) == DT_EDITCONTROL) {
         return used = std::max<size_t>(fitting, 1);
     }
     // A word too wide for a line of its own is not broken.
@@ -159,8 +159,8 @@ int TextLines::Ellipsified(int width) const
 
 int TabWidth(UINT format, const DRAWTEXTPARAMS* params, int advance)
 {
-    constexpr int c_defaultStop = 8;
-    return (format & DT_TABSTOP && params && params->iTabLength > 0 ? params->iTabLength : c_defaultStop) *
+    constexpr int DEFAULT_STOP = 8;
+    return (format & DT_TABSTOP && params && params->iTabLength > 0 ? params->iTabLength : DEFAULT_STOP) *
            advance;
 }
 
@@ -243,12 +243,12 @@ INT WINAPI DrawTextExW(HDC hdc, LPWSTR text, INT count, LPRECT rect, UINT format
 INT WINAPI DrawTextW(HDC hdc, LPCWSTR text, INT count, LPRECT rect, UINT format)
 {
     // With DT_TABSTOP the second byte is the distance of the stops, and no flags.
-    constexpr UINT c_stopMask = 0xFF00;
+    constexpr UINT STOP_MASK = 0xFF00;
     DRAWTEXTPARAMS params{};
     params.cbSize = sizeof(params);
     if (format & DT_TABSTOP) {
-        params.iTabLength = static_cast<int>((format & c_stopMask) >> 8);
-        format &= ~c_stopMask;
+        params.iTabLength = static_cast<int>((format & STOP_MASK) >> 8);
+        format &= ~STOP_MASK;
     }
     // Only DT_MODIFYSTRING writes to the text, and nothing is shortened here.
     return DrawTextExW(hdc, const_cast<LPWSTR>(text), count, rect, format, &params);

@@ -25,28 +25,12 @@ bool CoversBitmap(const Context& context, const RECT& rect)
            area.right >= bounds.right && area.bottom >= bounds.bottom;
 }
 
-BOOL RecordFill(HDC hdc, const char* operation, const RECT* rect, HBRUSH brush)
+BOOL RecordFill(HDC hdc, Operation operation, const RECT* rect, HBRUSH brush)
 {
     if (FaultFires(operation) || !FindContext(hdc)) {
         return FALSE;
     }
-    Line(hdc, operation).Put(*rect).Put(ResolveBrush(brush));
-    return TRUE;
-}
-
-BOOL RecordPoints(HDC hdc, const char* operation, const POINT* points, INT count, bool filled)
-{
-    if (!FindContext(hdc) || count < 2) {
-        return FALSE;
-    }
-    Line line(hdc, operation);
-    for (INT i = 0; i < count; ++i) {
-        line.Put(points[i]);
-    }
-    line.SelectedPen();
-    if (filled) {
-        line.SelectedBrush();
-    }
+    Line(hdc, operation.Name()).Put(*rect).Put(ResolveBrush(brush));
     return TRUE;
 }
 
@@ -125,6 +109,9 @@ BOOL WINAPI DrawEdge(HDC hdc, LPRECT rect, UINT edge, UINT flags)
 
 BOOL WINAPI DrawFrameControl(HDC hdc, LPRECT rect, UINT type, UINT state)
 {
+    if (FaultFires("DrawFrameControl")) {
+        return FALSE;
+    }
     if (!FindContext(hdc)) {
         return FALSE;
     }
@@ -141,30 +128,11 @@ BOOL WINAPI Rectangle(HDC hdc, INT left, INT top, INT right, INT bottom)
     return TRUE;
 }
 
-BOOL WINAPI RoundRect(HDC hdc, INT left, INT top, INT right, INT bottom, INT width, INT height)
-{
-    if (!FindContext(hdc)) {
-        return FALSE;
-    }
-    Line(hdc, "RoundRect")
-        .Put(RECT{left, top, right, bottom})
-        .Put(POINT{width, height})
-        .SelectedPen()
-        .SelectedBrush();
-    return TRUE;
-}
-
-BOOL WINAPI Ellipse(HDC hdc, INT left, INT top, INT right, INT bottom)
-{
-    if (!FindContext(hdc)) {
-        return FALSE;
-    }
-    Line(hdc, "Ellipse").Put(RECT{left, top, right, bottom}).SelectedPen().SelectedBrush();
-    return TRUE;
-}
-
 BOOL WINAPI MoveToEx(HDC hdc, INT x, INT y, LPPOINT former)
 {
+    if (FaultFires("MoveToEx")) {
+        return FALSE;
+    }
     Context* context = FindContext(hdc);
     if (!context) {
         return FALSE;
@@ -178,6 +146,9 @@ BOOL WINAPI MoveToEx(HDC hdc, INT x, INT y, LPPOINT former)
 
 BOOL WINAPI LineTo(HDC hdc, INT x, INT y)
 {
+    if (FaultFires("LineTo")) {
+        return FALSE;
+    }
     Context* context = FindContext(hdc);
     if (!context) {
         return FALSE;
@@ -187,27 +158,11 @@ BOOL WINAPI LineTo(HDC hdc, INT x, INT y)
     return TRUE;
 }
 
-BOOL WINAPI Polyline(HDC hdc, const POINT* points, INT count)
-{
-    return RecordPoints(hdc, "Polyline", points, count, false);
-}
-
-BOOL WINAPI Polygon(HDC hdc, const POINT* points, INT count)
-{
-    return RecordPoints(hdc, "Polygon", points, count, true);
-}
-
-COLORREF WINAPI SetPixel(HDC hdc, INT x, INT y, COLORREF color)
-{
-    if (!FindContext(hdc)) {
-        return CLR_INVALID;
-    }
-    Line(hdc, "SetPixel").Put(POINT{x, y}).Color("color", color);
-    return color;
-}
-
 BOOL WINAPI PatBlt(HDC hdc, INT x, INT y, INT cx, INT cy, DWORD rop)
 {
+    if (FaultFires("PatBlt")) {
+        return FALSE;
+    }
     Context* context = FindContext(hdc);
     if (!context) {
         return FALSE;
@@ -246,73 +201,20 @@ INT WINAPI SetDIBitsToDevice(HDC hdc, INT x, INT y, DWORD cx, DWORD cy, INT, INT
 
 BOOL WINAPI GdiFlush()
 {
-    return TRUE;
-}
-
-BOOL WINAPI StretchBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
-                       INT fromCy, DWORD rop)
-{
-    if (FaultFires("StretchBlt") || !FindContext(hdc) || !FindContext(from)) {
+    if (FaultFires("GdiFlush")) {
         return FALSE;
     }
-    JoinDrawing(hdc, from);
-    Line(hdc, "StretchBlt")
-        .Size(x, y, cx, cy)
-        .Word("from")
-        .Size(fromX, fromY, fromCx, fromCy)
-        .Word(RopName(rop));
-    return TRUE;
-}
-
-BOOL WINAPI AlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
-                       INT fromCy, BLENDFUNCTION blend)
-{
-    if (!FindContext(hdc) || !FindContext(from)) {
-        return FALSE;
-    }
-    JoinDrawing(hdc, from);
-    Line(hdc, "AlphaBlend")
-        .Size(x, y, cx, cy)
-        .Word("from")
-        .Size(fromX, fromY, fromCx, fromCy)
-        .Number(blend.SourceConstantAlpha);
-    return TRUE;
-}
-
-BOOL WINAPI GradientFill(HDC hdc, PTRIVERTEX vertices, ULONG count, PVOID, ULONG, ULONG mode)
-{
-    if (!FindContext(hdc)) {
-        return FALSE;
-    }
-    Line line(hdc, "GradientFill");
-    for (ULONG i = 0; i < count; ++i) {
-        const TRIVERTEX& v = vertices[i];
-        line.Put(POINT{v.x, v.y}).Color("color", RGB(v.Red >> 8, v.Green >> 8, v.Blue >> 8));
-    }
-    line.Hex(mode);
     return TRUE;
 }
 
 BOOL WINAPI TextOutW(HDC hdc, INT x, INT y, LPCWSTR text, INT count)
 {
+    if (FaultFires("TextOutW")) {
+        return FALSE;
+    }
     if (!FindContext(hdc)) {
         return FALSE;
     }
     Line(hdc, "TextOutW").Text(text, count).Put(POINT{x, y}).TextState();
-    return TRUE;
-}
-
-BOOL WINAPI ExtTextOutW(HDC hdc, INT x, INT y, UINT options, const RECT* rect, LPCWSTR text, UINT count,
-                        const INT*)
-{
-    if (!FindContext(hdc)) {
-        return FALSE;
-    }
-    Line line(hdc, "ExtTextOutW");
-    line.Text(text, static_cast<int>(count)).Put(POINT{x, y}).Hex(options);
-    if (rect) {
-        line.Put(*rect);
-    }
-    line.TextState();
     return TRUE;
 }

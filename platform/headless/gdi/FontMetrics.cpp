@@ -9,10 +9,10 @@ namespace gesso::headless {
 
 FontMetrics MeasureFont(const LOGFONTW& font)
 {
-    constexpr int c_defaultEm = 12;
+    constexpr int DEFAULT_EM = 12;
     const int em = font.lfHeight < 0   ? -font.lfHeight
                    : font.lfHeight > 0 ? font.lfHeight * 4 / 5
-                                       : c_defaultEm;
+                                       : DEFAULT_EM;
     const int height = font.lfHeight > 0 ? font.lfHeight : em + em / 4;
     const int width = font.lfWidth != 0 ? abs(font.lfWidth) : std::max(em / 2, 1);
     return {em, height, em, width};
@@ -75,12 +75,18 @@ BOOL WINAPI GetTextExtentPoint32W(HDC hdc, LPCWSTR text, INT count, LPSIZE size)
 
 BOOL WINAPI GetTextExtentPointW(HDC hdc, LPCWSTR text, INT count, LPSIZE size)
 {
+    if (FaultFires("GetTextExtentPointW")) {
+        return FALSE;
+    }
     return GetTextExtentPoint32W(hdc, text, count, size);
 }
 
 BOOL WINAPI GetTextExtentExPointW(HDC hdc, LPCWSTR text, INT count, INT limit, LPINT fit, LPINT positions,
                                   LPSIZE size)
 {
+    if (FaultFires("GetTextExtentExPointW")) {
+        return FALSE;
+    }
     if (!GetTextExtentPoint32W(hdc, text, count, size)) {
         return FALSE;
     }
@@ -93,19 +99,4 @@ BOOL WINAPI GetTextExtentExPointW(HDC hdc, LPCWSTR text, INT count, INT limit, L
         positions[i] = (i + 1) * width;
     }
     return TRUE;
-}
-
-INT WINAPI GetTextFaceW(HDC hdc, INT size, LPWSTR face)
-{
-    const Context* context = FindContext(hdc);
-    const auto* font = context ? Find<Font>(context->state.font) : nullptr;
-    if (!font) {
-        return 0;
-    }
-    const size_t length = wcslen(font->log.lfFaceName);
-    if (face && size > 0) {
-        wcsncpy(face, font->log.lfFaceName, static_cast<size_t>(size) - 1);
-        face[std::min(length, static_cast<size_t>(size) - 1)] = 0;
-    }
-    return static_cast<INT>(length) + 1;
 }

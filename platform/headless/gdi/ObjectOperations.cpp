@@ -49,16 +49,16 @@ HGDIOBJ MakeStockObject(int index)
 // Copies a record out as GetObject does: null asks for its size, too small a buffer gets nothing.
 template <typename RECORD> int Deliver(const RECORD& record, int size, void* buffer)
 {
-    constexpr int c_size = static_cast<int>(sizeof(RECORD));
+    constexpr int RECORD_SIZE = static_cast<int>(sizeof(RECORD));
     if (!buffer) {
-        return c_size;
+        return RECORD_SIZE;
     }
-    if (size < c_size) {
+    if (size < RECORD_SIZE) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
     memcpy(buffer, &record, sizeof(RECORD));
-    return c_size;
+    return RECORD_SIZE;
 }
 
 // A font may be asked for with a shorter record, as hosts with older ones do.
@@ -74,8 +74,8 @@ int DeliverFont(const LOGFONTW& font, int size, void* buffer)
 
 int StrideOf(const Bitmap& bitmap)
 {
-    constexpr int c_word = 16;
-    return (bitmap.width * bitmap.bits + c_word - 1) / c_word * 2;
+    constexpr int WORD_BITS = 16;
+    return (bitmap.width * bitmap.bits + WORD_BITS - 1) / WORD_BITS * 2;
 }
 
 BITMAP RecordOf(Bitmap& bitmap)
@@ -189,7 +189,7 @@ HBITMAP WINAPI CreateBitmap(INT width, INT height, UINT planes, UINT bits, LPCVO
 
 HBITMAP WINAPI CreateCompatibleBitmap(HDC hdc, INT width, INT height)
 {
-    constexpr int c_screenBits = 32;
+    constexpr int SCREEN_BITS = 32;
     if (FaultFires("CreateCompatibleBitmap")) {
         return nullptr;
     }
@@ -199,7 +199,7 @@ HBITMAP WINAPI CreateCompatibleBitmap(HDC hdc, INT width, INT height)
     }
     // A new memory context is compatible with nothing but its own two colours.
     const auto* selected = Find<Bitmap>(context->state.bitmap);
-    return MakeBitmap(width, height, selected ? selected->bits : c_screenBits);
+    return MakeBitmap(width, height, selected ? selected->bits : SCREEN_BITS);
 }
 
 HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, void** bits, HANDLE, DWORD)
@@ -213,8 +213,8 @@ HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, void** bits, 
         return nullptr;
     }
     auto bitmap = std::make_unique<Bitmap>(header.biWidth, abs(header.biHeight), header.biBitCount);
-    constexpr int c_alignment = 32;
-    const int stride = (bitmap->width * bitmap->bits + c_alignment - 1) / c_alignment * 4;
+    constexpr int ALIGNMENT = 32;
+    const int stride = (bitmap->width * bitmap->bits + ALIGNMENT - 1) / ALIGNMENT * 4;
     bitmap->pixels.resize(static_cast<size_t>(stride) * static_cast<size_t>(bitmap->height));
     if (bits) {
         *bits = bitmap->pixels.data();
@@ -239,6 +239,9 @@ INT WINAPI GetObjectW(HANDLE handle, INT size, LPVOID buffer)
 
 DWORD WINAPI GetObjectType(HGDIOBJ handle)
 {
+    if (FaultFires("GetObjectType")) {
+        return 0;
+    }
     const Object* object = FindObject(handle);
     const DWORD type = object ? TypeOf(*object) : 0;
     if (type == 0) {
@@ -249,6 +252,10 @@ DWORD WINAPI GetObjectType(HGDIOBJ handle)
 
 BOOL WINAPI DeleteObject(HGDIOBJ handle)
 {
+    if (FaultFires("DeleteObject")) {
+        return FALSE;
+    }
+    const CallsBy platform(Caller::Platform);
     const Object* object = FindObject(handle);
     if (!object || object->kind == Kind::Icon) {
         SetLastError(ERROR_INVALID_HANDLE);

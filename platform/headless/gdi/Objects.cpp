@@ -22,7 +22,7 @@ HANDLE NextHandle()
 
 } // namespace
 
-Bitmap::Bitmap(int w, int h, int bitsOfPixel) : Object(c_kind), width(w), height(h), bits(bitsOfPixel) {}
+Bitmap::Bitmap(int w, int h, int bitsOfPixel) : Object(KIND), width(w), height(h), bits(bitsOfPixel) {}
 
 HANDLE AddObject(std::unique_ptr<Object> object)
 {

@@ -20,29 +20,29 @@ struct Object
 
 struct Pen : Object
 {
-    static constexpr Kind c_kind = Kind::Pen;
-    explicit Pen(const LOGPEN& l) : Object(c_kind), log(l) {}
+    static constexpr Kind KIND = Kind::Pen;
+    explicit Pen(const LOGPEN& l) : Object(KIND), log(l) {}
     LOGPEN log;
 };
 
 struct Brush : Object
 {
-    static constexpr Kind c_kind = Kind::Brush;
-    explicit Brush(const LOGBRUSH& l, int index = -1) : Object(c_kind), log(l), systemColor(index) {}
+    static constexpr Kind KIND = Kind::Brush;
+    explicit Brush(const LOGBRUSH& l, int index = -1) : Object(KIND), log(l), systemColor(index) {}
     LOGBRUSH log;
     int systemColor; // the index of a brush of GetSysColorBrush, or -1
 };
 
 struct Font : Object
 {
-    static constexpr Kind c_kind = Kind::Font;
-    explicit Font(const LOGFONTW& l) : Object(c_kind), log(l) {}
+    static constexpr Kind KIND = Kind::Font;
+    explicit Font(const LOGFONTW& l) : Object(KIND), log(l) {}
     LOGFONTW log;
 };
 
 struct Bitmap : Object
 {
-    static constexpr Kind c_kind = Kind::Bitmap;
+    static constexpr Kind KIND = Kind::Bitmap;
     Bitmap(int w, int h, int bitsOfPixel);
 
     int width;
@@ -54,16 +54,16 @@ struct Bitmap : Object
 
 struct Region : Object
 {
-    static constexpr Kind c_kind = Kind::Region;
-    explicit Region(const Area& a) : Object(c_kind), area(a) {}
+    static constexpr Kind KIND = Kind::Region;
+    explicit Region(const Area& a) : Object(KIND), area(a) {}
     Area area;
 };
 
 // An icon or a cursor.
 struct Icon : Object
 {
-    static constexpr Kind c_kind = Kind::Icon;
-    Icon(int w, int h, std::string n) : Object(c_kind), width(w), height(h), name(std::move(n)) {}
+    static constexpr Kind KIND = Kind::Icon;
+    Icon(int w, int h, std::string n) : Object(KIND), width(w), height(h), name(std::move(n)) {}
     int width;
     int height;
     std::string name; // what the drawing record calls it
@@ -80,7 +80,7 @@ Object* FindObject(HANDLE handle);
 template <typename OBJECT> OBJECT* Find(HANDLE handle)
 {
     Object* object = FindObject(handle);
-    return object && object->kind == OBJECT::c_kind ? static_cast<OBJECT*>(object) : nullptr;
+    return object && object->kind == OBJECT::KIND ? static_cast<OBJECT*>(object) : nullptr;
 }
 
 template <typename HANDLE_TYPE, typename OBJECT, typename... ARGS> HANDLE_TYPE MakeObject(ARGS&&... args)

@@ -75,8 +75,8 @@ std::string Describe(const LOGFONTW& font)
 
 const char* PenStyle(UINT style)
 {
-    static constexpr const char* c_styles[] = {"solid", "dash", "dot", "dashdot", "dashdotdot", "null"};
-    return style < std::size(c_styles) ? c_styles[style] : "other";
+    static constexpr const char* STYLES[] = {"solid", "dash", "dot", "dashdot", "dashdotdot", "null"};
+    return style < std::size(STYLES) ? STYLES[style] : "other";
 }
 
 } // namespace

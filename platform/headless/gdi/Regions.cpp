@@ -80,11 +80,6 @@ HRGN WINAPI CreateRectRgn(INT left, INT top, INT right, INT bottom)
                                        : MakeObject<HRGN, Region>(Area(Ordered(left, top, right, bottom)));
 }
 
-HRGN WINAPI CreateRectRgnIndirect(const RECT* rect)
-{
-    return CreateRectRgn(rect->left, rect->top, rect->right, rect->bottom);
-}
-
 BOOL WINAPI SetRectRgn(HRGN handle, INT left, INT top, INT right, INT bottom)
 {
     Region* region = FindRegion(handle);
@@ -97,6 +92,9 @@ BOOL WINAPI SetRectRgn(HRGN handle, INT left, INT top, INT right, INT bottom)
 
 INT WINAPI CombineRgn(HRGN target, HRGN first, HRGN second, INT mode)
 {
+    if (FaultFires("CombineRgn")) {
+        return ERROR;
+    }
     Region* to = FindRegion(target);
     const Region* a = FindRegion(first);
     const Region* b = mode == RGN_COPY ? a : FindRegion(second);
@@ -109,6 +107,9 @@ INT WINAPI CombineRgn(HRGN target, HRGN first, HRGN second, INT mode)
 
 INT WINAPI OffsetRgn(HRGN handle, INT dx, INT dy)
 {
+    if (FaultFires("OffsetRgn")) {
+        return ERROR;
+    }
     Region* region = FindRegion(handle);
     if (!region) {
         return ERROR;
@@ -142,6 +143,9 @@ BOOL WINAPI EqualRgn(HRGN first, HRGN second)
 
 INT WINAPI SelectClipRgn(HDC hdc, HRGN handle)
 {
+    if (FaultFires("SelectClipRgn")) {
+        return ERROR;
+    }
     return ExtSelectClipRgn(hdc, handle, RGN_COPY);
 }
 
@@ -176,6 +180,9 @@ INT WINAPI IntersectClipRect(HDC hdc, INT left, INT top, INT right, INT bottom)
 
 INT WINAPI ExcludeClipRect(HDC hdc, INT left, INT top, INT right, INT bottom)
 {
+    if (FaultFires("ExcludeClipRect")) {
+        return ERROR;
+    }
     Context* context = FindContext(hdc);
     if (!context) {
         return ERROR;
@@ -194,16 +201,6 @@ INT WINAPI GetClipBox(HDC hdc, LPRECT box)
     const Area reach = context->Reach();
     *box = context->ToLogical(reach.Bounds());
     return Complexity(reach);
-}
-
-BOOL WINAPI RectVisible(HDC hdc, const RECT* rect)
-{
-    const Context* context = FindContext(hdc);
-    Area reach = context ? context->Reach() : Area();
-    if (context) {
-        reach.Intersect(context->ToDevice(*rect));
-    }
-    return !reach.IsEmpty();
 }
 
 BOOL WINAPI PtVisible(HDC hdc, INT x, INT y)

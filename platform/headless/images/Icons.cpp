@@ -9,9 +9,9 @@ using namespace gesso::headless;
 
 namespace {
 
-const LPCWSTR c_groupIcon = MAKEINTRESOURCEW(14);
-const LPCWSTR c_groupCursor = MAKEINTRESOURCEW(12);
-const LPCWSTR c_bitmap = MAKEINTRESOURCEW(2);
+const LPCWSTR GROUP_ICON_TYPE = MAKEINTRESOURCEW(14);
+const LPCWSTR GROUP_CURSOR_TYPE = MAKEINTRESOURCEW(12);
+const LPCWSTR BITMAP_TYPE = MAKEINTRESOURCEW(2);
 
 std::string NameOf(LPCWSTR name)
 {
@@ -21,14 +21,15 @@ std::string NameOf(LPCWSTR name)
 // The system's own icons and cursors; a module's are resources.
 bool IsSystemImage(LPCWSTR name)
 {
-    constexpr uintptr_t c_first = 32512;
-    constexpr uintptr_t c_last = 32663;
+    constexpr uintptr_t FIRST = 32512;
+    constexpr uintptr_t LAST = 32663;
     const auto id = reinterpret_cast<uintptr_t>(name);
-    return id >= c_first && id <= c_last;
+    return id >= FIRST && id <= LAST;
 }
 
 bool HasImage(HINSTANCE module, LPCWSTR name, LPCWSTR type)
 {
+    const CallsBy platform(Caller::Platform);
     if (!module && IsSystemImage(name)) {
         return true;
     }
@@ -62,7 +63,8 @@ HICON LoadOwnIcon(HINSTANCE module, LPCWSTR name, LPCWSTR type, int cx, int cy)
 
 HBITMAP LoadBitmapResource(HINSTANCE module, LPCWSTR name)
 {
-    const HRSRC resource = FindResourceW(module, name, c_bitmap);
+    const CallsBy platform(Caller::Platform);
+    const HRSRC resource = FindResourceW(module, name, BITMAP_TYPE);
     if (!resource || SizeofResource(module, resource) < sizeof(BITMAPINFOHEADER)) {
         return nullptr;
     }
@@ -109,7 +111,8 @@ HICON WINAPI LoadIconW(HINSTANCE module, LPCWSTR name)
     if (FaultFires("LoadIconW")) {
         return nullptr;
     }
-    return SharedImage(module, name, c_groupIcon, GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON));
+    return SharedImage(module, name, GROUP_ICON_TYPE, GetSystemMetrics(SM_CXICON),
+                       GetSystemMetrics(SM_CYICON));
 }
 
 HCURSOR WINAPI LoadCursorW(HINSTANCE module, LPCWSTR name)
@@ -117,13 +120,8 @@ HCURSOR WINAPI LoadCursorW(HINSTANCE module, LPCWSTR name)
     if (FaultFires("LoadCursorW")) {
         return nullptr;
     }
-    return SharedImage(module, name, c_groupCursor, GetSystemMetrics(SM_CXCURSOR),
+    return SharedImage(module, name, GROUP_CURSOR_TYPE, GetSystemMetrics(SM_CXCURSOR),
                        GetSystemMetrics(SM_CYCURSOR));
-}
-
-HBITMAP WINAPI LoadBitmapW(HINSTANCE module, LPCWSTR name)
-{
-    return LoadBitmapResource(module, name);
 }
 
 HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, INT cx, INT cy, UINT flags)
@@ -137,14 +135,15 @@ HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, INT cx, INT 
     const bool icon = type == IMAGE_ICON;
     const int width = cx != 0 ? cx : GetSystemMetrics(icon ? SM_CXICON : SM_CXCURSOR);
     const int height = cy != 0 ? cy : GetSystemMetrics(icon ? SM_CYICON : SM_CYCURSOR);
-    const LPCWSTR group = icon ? c_groupIcon : c_groupCursor;
+    const LPCWSTR group = icon ? GROUP_ICON_TYPE : GROUP_CURSOR_TYPE;
     return flags & LR_SHARED ? SharedImage(module, name, group, width, height)
                              : LoadOwnIcon(module, name, group, width, height);
 }
 
 HRESULT WINAPI LoadIconWithScaleDown(HINSTANCE module, const WCHAR* name, int cx, int cy, HICON* icon)
 {
-    *icon = FaultFires("LoadIconWithScaleDown") ? nullptr : LoadOwnIcon(module, name, c_groupIcon, cx, cy);
+    *icon =
+        FaultFires("LoadIconWithScaleDown") ? nullptr : LoadOwnIcon(module, name, GROUP_ICON_TYPE, cx, cy);
     return *icon ? S_OK : HRESULT_FROM_WIN32(GetLastError());
 }
 
@@ -169,6 +168,9 @@ HICON WINAPI CreateIcon(HINSTANCE, INT width, INT height, BYTE, BYTE, LPCVOID, L
 
 BOOL WINAPI DestroyIcon(HICON handle)
 {
+    if (FaultFires("DestroyIcon")) {
+        return FALSE;
+    }
     const auto* icon = Find<Icon>(handle);
     if (!icon) {
         SetLastError(ERROR_INVALID_CURSOR_HANDLE);
@@ -209,6 +211,10 @@ BOOL WINAPI DrawIconEx(HDC hdc, INT x, INT y, HICON handle, INT cx, INT cy, UINT
 
 BOOL WINAPI DrawIcon(HDC hdc, INT x, INT y, HICON icon)
 {
+    if (FaultFires("DrawIcon")) {
+        return FALSE;
+    }
+    const CallsBy platform(Caller::Platform);
     return DrawIconEx(hdc, x, y, icon, GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON), 0, nullptr,
                       DI_NORMAL | DI_COMPAT | DI_DEFAULTSIZE);
 }
@@ -216,11 +222,11 @@ BOOL WINAPI DrawIcon(HDC hdc, INT x, INT y, HICON icon)
 BOOL WINAPI DrawStateW(HDC hdc, HBRUSH, DRAWSTATEPROC, LPARAM data, WPARAM length, INT x, INT y, INT cx,
                        INT cy, UINT flags)
 {
-    constexpr UINT c_typeMask = 0xF;
+    constexpr UINT TYPE_MASK = 0xF;
     if (FaultFires("DrawStateW") || !FindContext(hdc)) {
         return FALSE;
     }
-    const UINT type = flags & c_typeMask;
+    const UINT type = flags & TYPE_MASK;
     const SIZE own = StateImageSize(data, type);
     Line line(hdc, "DrawStateW");
     PutStateImage(line, data, length, type);

@@ -104,7 +104,7 @@ HRESULT List::Add(HBITMAP image, HBITMAP, int* index)
 {
     const auto* bitmap = Find<Bitmap>(image);
     *index = -1;
-    if (FaultFires("ImageList_Add") || !bitmap) {
+    if (!bitmap) {
         return E_FAIL;
     }
     *index = m_count;
@@ -142,7 +142,7 @@ HRESULT List::Draw(IMAGELISTDRAWPARAMS* params)
 {
     const bool known =
         params->cbSize == sizeof(IMAGELISTDRAWPARAMS) || params->cbSize == IMAGELISTDRAWPARAMS_V3_SIZE;
-    if (FaultFires("ImageList_Draw") || !known || !Has(params->i) || !FindContext(params->hdcDst)) {
+    if (!known || !Has(params->i) || !FindContext(params->hdcDst)) {
         return E_INVALIDARG;
     }
     const int cx = params->cx != 0 ? params->cx : m_cx;
@@ -228,6 +228,9 @@ HIMAGELIST WINAPI ImageList_Create(INT cx, INT cy, UINT, INT, INT)
 
 BOOL WINAPI ImageList_Destroy(HIMAGELIST handle)
 {
+    if (FaultFires("ImageList_Destroy")) {
+        return FALSE;
+    }
     IImageList* list = ListOf(handle);
     if (!list) {
         return FALSE;
@@ -238,6 +241,9 @@ BOOL WINAPI ImageList_Destroy(HIMAGELIST handle)
 
 INT WINAPI ImageList_Add(HIMAGELIST handle, HBITMAP image, HBITMAP mask)
 {
+    if (FaultFires("ImageList_Add")) {
+        return -1;
+    }
     IImageList* list = ListOf(handle);
     int index = -1;
     return list && SUCCEEDED(list->Add(image, mask, &index)) ? index : -1;
@@ -250,12 +256,6 @@ INT WINAPI ImageList_GetImageCount(HIMAGELIST handle)
     return list && SUCCEEDED(list->GetImageCount(&count)) ? count : 0;
 }
 
-BOOL WINAPI ImageList_GetIconSize(HIMAGELIST handle, INT* cx, INT* cy)
-{
-    IImageList* list = ListOf(handle);
-    return list && SUCCEEDED(list->GetIconSize(cx, cy));
-}
-
 BOOL WINAPI ImageList_DrawIndirect(IMAGELISTDRAWPARAMS* params)
 {
     IImageList* list = ListOf(params->himl);
@@ -265,6 +265,9 @@ BOOL WINAPI ImageList_DrawIndirect(IMAGELISTDRAWPARAMS* params)
 BOOL WINAPI ImageList_DrawEx(HIMAGELIST handle, INT index, HDC hdc, INT x, INT y, INT cx, INT cy,
                              COLORREF back, COLORREF fore, UINT style)
 {
+    if (FaultFires("ImageList_DrawEx")) {
+        return FALSE;
+    }
     IMAGELISTDRAWPARAMS params{};
     params.cbSize = sizeof(params);
     params.himl = handle;
@@ -278,9 +281,4 @@ BOOL WINAPI ImageList_DrawEx(HIMAGELIST handle, INT index, HDC hdc, INT x, INT y
     params.rgbFg = fore;
     params.fStyle = style;
     return ImageList_DrawIndirect(&params);
-}
-
-BOOL WINAPI ImageList_Draw(HIMAGELIST handle, INT index, HDC hdc, INT x, INT y, UINT style)
-{
-    return ImageList_DrawEx(handle, index, hdc, x, y, 0, 0, CLR_DEFAULT, CLR_DEFAULT, style);
 }

@@ -80,14 +80,15 @@ BOOL WINAPI QueryActCtxW(DWORD, HANDLE, PVOID, ULONG info, PVOID buffer, SIZE_T 
 
 HANDLE WINAPI CreateActCtxW(PCACTCTXW source)
 {
-    constexpr DWORD c_needed = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+    constexpr DWORD NEEDED = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
     if (FaultFires("CreateActCtxW")) {
         return INVALID_HANDLE_VALUE;
     }
-    if (source->cbSize != sizeof(ACTCTXW) || (source->dwFlags & c_needed) != c_needed) {
+    if (source->cbSize != sizeof(ACTCTXW) || (source->dwFlags & NEEDED) != NEEDED) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return INVALID_HANDLE_VALUE;
     }
+    const CallsBy platform(Caller::Platform);
     const HRSRC resource = FindResourceW(source->hModule, source->lpResourceName, MAKEINTRESOURCEW(24));
     if (!resource) {
         return INVALID_HANDLE_VALUE;
@@ -134,6 +135,9 @@ BOOL WINAPI ActivateActCtx(HANDLE context, ULONG_PTR* cookie)
 
 BOOL WINAPI DeactivateActCtx(DWORD, ULONG_PTR cookie)
 {
+    if (FaultFires("DeactivateActCtx")) {
+        return FALSE;
+    }
     auto& stack = Activations();
     const auto found = std::find_if(stack.begin(), stack.end(),
                                     [cookie](const Activation& a) { return a.cookie == cookie; });

@@ -93,6 +93,9 @@ HMODULE LibraryModule()
 
 HMODULE WINAPI GetModuleHandleW(LPCWSTR name)
 {
+    if (FaultFires("GetModuleHandleW")) {
+        return nullptr;
+    }
     Module* module = name ? FindByName(name) : &s_modules[0];
     if (!module || module->references == 0) {
         SetLastError(ERROR_MOD_NOT_FOUND);
@@ -107,6 +110,7 @@ BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module)
         *module = nullptr;
         return FALSE;
     }
+    const CallsBy platform(Caller::Platform);
     // Only the library asks by address, for its own module.
     *module = flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS ? LibraryModule() : GetModuleHandleW(name);
     if (*module && !(flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT)) {

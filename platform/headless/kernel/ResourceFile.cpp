@@ -9,8 +9,8 @@ __asm__(".pushsection .rodata\n"
         "gesso_resource_file_end:\n"
         ".popsection\n");
 
-extern const std::byte c_fileBegin[] __asm__("gesso_resource_file");
-extern const std::byte c_fileEnd[] __asm__("gesso_resource_file_end");
+extern const std::byte EMBEDDED_BEGIN[] __asm__("gesso_resource_file");
+extern const std::byte EMBEDDED_END[] __asm__("gesso_resource_file_end");
 
 namespace gesso::headless {
 namespace {
@@ -35,7 +35,7 @@ private:
     size_t m_at = 0;
 };
 
-constexpr wchar_t c_numberMark = 0xFFFF;
+constexpr wchar_t NUMBER_MARK = 0xFFFF;
 
 bool Reader::AddEntry(HMODULE module)
 {
@@ -68,7 +68,7 @@ template <typename VALUE> VALUE Reader::Read()
 std::vector<wchar_t> Reader::ReadName()
 {
     std::vector<wchar_t> name{Read<wchar_t>()};
-    if (name[0] == c_numberMark) {
+    if (name[0] == NUMBER_MARK) {
         name.push_back(Read<wchar_t>());
         return name;
     }
@@ -80,7 +80,7 @@ std::vector<wchar_t> Reader::ReadName()
 
 LPCWSTR Reader::NameOf(const std::vector<wchar_t>& name)
 {
-    return name[0] == c_numberMark ? MAKEINTRESOURCEW(name[1]) : name.data();
+    return name[0] == NUMBER_MARK ? MAKEINTRESOURCEW(name[1]) : name.data();
 }
 
 } // namespace
@@ -98,7 +98,7 @@ bool AddResourceFile(HMODULE module, std::span<const std::byte> file)
 
 void AddLibraryResources()
 {
-    AddResourceFile(LibraryModule(), {c_fileBegin, c_fileEnd});
+    AddResourceFile(LibraryModule(), {EMBEDDED_BEGIN, EMBEDDED_END});
 }
 
 } // namespace gesso::headless

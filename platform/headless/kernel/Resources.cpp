@@ -13,8 +13,8 @@ using namespace gesso::headless;
 
 namespace {
 
-constexpr UINT c_tableSize = 16;
-const LPCWSTR c_stringTable = MAKEINTRESOURCEW(6);
+constexpr UINT TABLE_SIZE = 16;
+const LPCWSTR STRING_TABLE = MAKEINTRESOURCEW(6);
 
 // A type or name: a number, or a text of which case does not count.
 struct ResourceName
@@ -69,7 +69,7 @@ DWORD ErrorOf(const ResourceKey& missing)
     return hasType ? ERROR_RESOURCE_NAME_NOT_FOUND : ERROR_RESOURCE_TYPE_NOT_FOUND;
 }
 
-using StringTable = std::array<std::vector<wchar_t>, c_tableSize>;
+using StringTable = std::array<std::vector<wchar_t>, TABLE_SIZE>;
 
 // A table holds, for each of its texts, a count and that many units.
 StringTable ReadTable(const Bytes& bytes)
@@ -108,10 +108,10 @@ void AddResource(HMODULE module, LPCWSTR type, LPCWSTR name, std::span<const std
 
 void AddString(HMODULE module, UINT id, std::string_view text)
 {
-    Bytes& bytes = Store()[KeyOf(module, c_stringTable, MAKEINTRESOURCEW(id / c_tableSize + 1))];
+    Bytes& bytes = Store()[KeyOf(module, STRING_TABLE, MAKEINTRESOURCEW(id / TABLE_SIZE + 1))];
     StringTable table = ReadTable(bytes);
     const WideText wide = FromUtf8(text);
-    table[id % c_tableSize].assign(wide.begin(), wide.end());
+    table[id % TABLE_SIZE].assign(wide.begin(), wide.end());
     bytes = WriteTable(table);
 }
 
@@ -149,21 +149,31 @@ HGLOBAL WINAPI LoadResource(HMODULE, HRSRC resource)
 
 LPVOID WINAPI LockResource(HGLOBAL data)
 {
+    if (FaultFires("LockResource")) {
+        return nullptr;
+    }
     return data;
 }
 
 DWORD WINAPI SizeofResource(HMODULE, HRSRC resource)
 {
+    if (FaultFires("SizeofResource")) {
+        return 0;
+    }
     return resource ? static_cast<DWORD>(reinterpret_cast<Bytes*>(resource)->size()) : 0;
 }
 
 INT WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR to, INT size)
 {
-    const HRSRC table = FindResourceW(module, MAKEINTRESOURCEW(id / c_tableSize + 1), c_stringTable);
+    if (FaultFires("LoadStringW")) {
+        return 0;
+    }
+    const CallsBy platform(Caller::Platform);
+    const HRSRC table = FindResourceW(module, MAKEINTRESOURCEW(id / TABLE_SIZE + 1), STRING_TABLE);
     if (!table || size <= 0) {
         return 0;
     }
-    const auto text = ReadTable(*reinterpret_cast<Bytes*>(table))[id % c_tableSize];
+    const auto text = ReadTable(*reinterpret_cast<Bytes*>(table))[id % TABLE_SIZE];
     const size_t length = std::min(text.size(), static_cast<size_t>(size) - 1);
     std::copy_n(text.begin(), length, to);
     to[length] = 0;

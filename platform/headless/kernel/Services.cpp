@@ -81,11 +81,6 @@ void WINAPI OutputDebugStringA(LPCSTR text)
     fputs(text, stderr);
 }
 
-void WINAPI OutputDebugStringW(LPCWSTR text)
-{
-    fputs(ToUtf8(View(text)).c_str(), stderr);
-}
-
 DWORD WINAPI GetTickCount()
 {
     return static_cast<DWORD>(Now());
@@ -99,9 +94,9 @@ ULONGLONG WINAPI GetTickCount64()
 void WINAPI GetSystemTimeAsFileTime(LPFILETIME time)
 {
     // The clock of the desktop starts on the first day of the year 2000.
-    constexpr ULONGLONG c_start = 125911584000000000;
-    constexpr ULONGLONG c_ticksOfMillisecond = 10000;
-    const ULONGLONG ticks = c_start + Now() * c_ticksOfMillisecond;
+    constexpr ULONGLONG START = 125911584000000000;
+    constexpr ULONGLONG TICKS_OF_MILLISECOND = 10000;
+    const ULONGLONG ticks = START + Now() * TICKS_OF_MILLISECOND;
     time->dwLowDateTime = static_cast<DWORD>(ticks);
     time->dwHighDateTime = static_cast<DWORD>(ticks >> 32);
 }
@@ -109,11 +104,6 @@ void WINAPI GetSystemTimeAsFileTime(LPFILETIME time)
 void WINAPI Sleep(DWORD milliseconds)
 {
     SetNow(Now() + milliseconds);
-}
-
-DWORD WINAPI GetCurrentProcessId()
-{
-    return static_cast<DWORD>(getpid());
 }
 
 DWORD WINAPI GetCurrentThreadId()

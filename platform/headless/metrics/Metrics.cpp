@@ -9,8 +9,8 @@
 namespace gesso::headless {
 namespace {
 
-constexpr int c_screenWidth = 1280;
-constexpr int c_screenHeight = 1024;
+constexpr int SCREEN_WIDTH = 1280;
+constexpr int SCREEN_HEIGHT = 1024;
 
 struct Settings
 {
@@ -35,11 +35,11 @@ int DefaultMetric(int index)
     case SM_CXSCREEN:
     case SM_CXFULLSCREEN:
     case SM_CXVIRTUALSCREEN:
-    case SM_CXMAXIMIZED: return c_screenWidth;
+    case SM_CXMAXIMIZED: return SCREEN_WIDTH;
     case SM_CYSCREEN:
     case SM_CYFULLSCREEN:
     case SM_CYVIRTUALSCREEN:
-    case SM_CYMAXIMIZED: return c_screenHeight;
+    case SM_CYMAXIMIZED: return SCREEN_HEIGHT;
     case SM_CXVSCROLL:
     case SM_CYHSCROLL:
     case SM_CYVSCROLL:
@@ -155,8 +155,8 @@ template <typename VALUE> BOOL Answer(PVOID to, VALUE value)
 BOOL AnswerNonClientMetrics(NONCLIENTMETRICSW* metrics)
 {
     const UINT size = metrics->cbSize;
-    constexpr UINT c_sizeBeforePadding = offsetof(NONCLIENTMETRICSW, iPaddedBorderWidth);
-    if (size != sizeof(NONCLIENTMETRICSW) && size != c_sizeBeforePadding) {
+    constexpr UINT SIZE_BEFORE_PADDING = offsetof(NONCLIENTMETRICSW, iPaddedBorderWidth);
+    if (size != sizeof(NONCLIENTMETRICSW) && size != SIZE_BEFORE_PADDING) {
         return FALSE;
     }
     NONCLIENTMETRICSW answer{};

@@ -220,6 +220,9 @@ HRESULT WINAPI ScriptTextOut(HDC hdc, SCRIPT_CACHE* cache, int x, int y, UINT op
 
 HRESULT WINAPI ScriptFreeCache(SCRIPT_CACHE* cache)
 {
+    if (FaultFires("ScriptFreeCache")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
     if (!cache) {
         return E_INVALIDARG;
     }

@@ -11,7 +11,7 @@ struct Range
 };
 
 // In ascending order; what stands in no range is Latin.
-constexpr Range c_ranges[] = {
+constexpr Range RANGES[] = {
     {0x0000, 0x001F, Script::Control},    {0x0020, 0x0040, Script::Neutral},
     {0x005B, 0x0060, Script::Neutral},    {0x007B, 0x007E, Script::Neutral},
     {0x007F, 0x009F, Script::Control},    {0x00A0, 0x00BF, Script::Neutral},
@@ -30,10 +30,10 @@ constexpr Range c_ranges[] = {
     {0xFE70, 0xFEFE, Script::Arabic},     {0xFF00, 0xFF20, Script::Neutral},
 };
 
-constexpr const char* c_names[] = {"neutral",  "control", "latin",  "greek",      "cyrillic",
-                                   "armenian", "hebrew",  "arabic", "devanagari", "thai",
-                                   "hangul",   "kana",    "han",    "surrogate"};
-static_assert(std::size(c_names) == static_cast<size_t>(Script::Surrogate) + 1);
+constexpr const char* NAMES[] = {"neutral",  "control", "latin",  "greek",      "cyrillic",
+                                 "armenian", "hebrew",  "arabic", "devanagari", "thai",
+                                 "hangul",   "kana",    "han",    "surrogate"};
+static_assert(std::size(NAMES) == static_cast<size_t>(Script::Surrogate) + 1);
 
 bool IsIdeograph(wchar_t c)
 {
@@ -45,7 +45,7 @@ bool IsIdeograph(wchar_t c)
 
 Script ScriptOf(wchar_t c)
 {
-    for (const Range& range : c_ranges) {
+    for (const Range& range : RANGES) {
         if (c <= range.last) {
             return c >= range.first ? range.script : Script::Latin;
         }
@@ -56,7 +56,7 @@ Script ScriptOf(wchar_t c)
 const char* ScriptName(Script script)
 {
     const auto index = static_cast<size_t>(script);
-    return index < std::size(c_names) ? c_names[index] : "unknown";
+    return index < std::size(NAMES) ? NAMES[index] : "unknown";
 }
 
 bool IsRightToLeft(Script script)

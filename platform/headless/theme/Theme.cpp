@@ -15,7 +15,7 @@ using namespace gesso::headless;
 
 namespace {
 
-constexpr auto c_notFound = static_cast<HRESULT>(0x80070490); // of ERROR_NOT_FOUND
+constexpr auto NOT_FOUND = static_cast<HRESULT>(0x80070490); // of ERROR_NOT_FOUND
 
 struct ThemeHandle
 {
@@ -74,7 +74,7 @@ std::string FirstAvailable(const std::string& list, const std::string& applicati
 
 // Runs a query that needs a live theme and a place for its answer.
 template <typename ANSWER, typename QUERY>
-HRESULT Answer(HTHEME theme, const char* operation, ANSWER* to, QUERY query)
+HRESULT Answer(HTHEME theme, Operation operation, ANSWER* to, QUERY query)
 {
     if (FaultFires(operation)) {
         return HRESULT_FROM_WIN32(GetLastError());
@@ -88,13 +88,13 @@ HRESULT Answer(HTHEME theme, const char* operation, ANSWER* to, QUERY query)
     }
     const auto answer = query(*themeClass);
     if (!answer) {
-        return c_notFound;
+        return NOT_FOUND;
     }
     *to = *answer;
     return S_OK;
 }
 
-HRESULT CheckDrawing(HTHEME theme, HDC hdc, int part, const char* operation)
+HRESULT CheckDrawing(HTHEME theme, HDC hdc, int part, Operation operation)
 {
     if (FaultFires(operation)) {
         return HRESULT_FROM_WIN32(GetLastError());
@@ -103,7 +103,7 @@ HRESULT CheckDrawing(HTHEME theme, HDC hdc, int part, const char* operation)
     if (!themeClass || !FindContext(hdc)) {
         return E_HANDLE;
     }
-    return IsThemePartAvailable(*themeClass, part) ? S_OK : c_notFound;
+    return IsThemePartAvailable(*themeClass, part) ? S_OK : NOT_FOUND;
 }
 
 // Selects the font that the style has for a part, if any, as long as it lives.
@@ -112,6 +112,7 @@ class PartFont
 public:
     PartFont(HTHEME theme, HDC hdc, int part, int state) : m_hdc(hdc)
     {
+        const CallsBy platform(Caller::Platform);
         LOGFONTW font;
         if (SUCCEEDED(GetThemeFont(theme, hdc, part, state, TMT_FONT, &font))) {
             m_font = MakeStock<HFONT, Font>(font);
@@ -122,6 +123,7 @@ public:
     PartFont& operator=(const PartFont&) = delete;
     ~PartFont()
     {
+        const CallsBy platform(Caller::Platform);
         if (m_font) {
             SelectObject(m_hdc, m_former);
             RemoveObject(m_font);
@@ -179,13 +181,16 @@ HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
         Windows()[hwnd].theme = theme;
     }
     if (!theme) {
-        SetLastError(static_cast<DWORD>(c_notFound));
+        SetLastError(static_cast<DWORD>(NOT_FOUND));
     }
     return theme;
 }
 
 HRESULT WINAPI CloseThemeData(HTHEME theme)
 {
+    if (FaultFires("CloseThemeData")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
     if (Handles().erase(theme) == 0) {
         return E_HANDLE;
     }
@@ -262,6 +267,10 @@ HRESULT WINAPI GetThemeInt(HTHEME theme, int part, int state, int property, int*
 
 HRESULT WINAPI GetThemeEnumValue(HTHEME theme, int part, int state, int property, int* value)
 {
+    if (FaultFires("GetThemeEnumValue")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    const CallsBy platform(Caller::Platform);
     return GetThemeInt(theme, part, state, property, value);
 }
 
@@ -300,6 +309,7 @@ HRESULT WINAPI GetThemeTextExtent(HTHEME theme, HDC hdc, int part, int state, LP
         return E_POINTER;
     }
     const PartFont font(theme, hdc, part, state);
+    const CallsBy platform(Caller::Platform);
     RECT rect = bounds ? *bounds : RECT{};
     DrawTextW(hdc, text, count, &rect, flags | DT_CALCRECT);
     *extent = rect;
@@ -315,6 +325,7 @@ HRESULT WINAPI GetThemeTextMetrics(HTHEME theme, HDC hdc, int part, int state, T
         return E_HANDLE;
     }
     const PartFont font(theme, hdc, part, state);
+    const CallsBy platform(Caller::Platform);
     return GetTextMetricsW(hdc, metrics) ? S_OK : E_FAIL;
 }
 
@@ -345,6 +356,7 @@ HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)
     if (!IsWindow(hwnd) || !FindContext(hdc)) {
         return E_HANDLE;
     }
+    const CallsBy platform(Caller::Platform);
     RECT client;
     GetClientRect(hwnd, &client);
     Line(hdc, "DrawThemeParentBackground").Put(rect ? *rect : client);
@@ -368,6 +380,10 @@ HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)
 HRESULT WINAPI DrawThemeText(HTHEME theme, HDC hdc, int part, int state, LPCWSTR text, int count, DWORD flags,
                              DWORD, const RECT* rect)
 {
+    if (FaultFires("DrawThemeText")) {
+        return HRESULT_FROM_WIN32(GetLastError());
+    }
+    const CallsBy platform(Caller::Platform);
     RECT copy = *rect;
     return DrawThemeTextEx(theme, hdc, part, state, text, count, flags, &copy, nullptr);
 }
@@ -375,11 +391,11 @@ HRESULT WINAPI DrawThemeText(HTHEME theme, HDC hdc, int part, int state, LPCWSTR
 HRESULT WINAPI DrawThemeTextEx(HTHEME theme, HDC hdc, int part, int state, LPCWSTR text, int count,
                                DWORD flags, RECT* rect, const DTTOPTS* options)
 {
-    const char* operation = options ? "DrawThemeTextEx" : "DrawThemeText";
-    const HRESULT result = CheckDrawing(theme, hdc, part, operation);
+    const HRESULT result = CheckDrawing(theme, hdc, part, "DrawThemeTextEx");
     if (FAILED(result)) {
         return result;
     }
+    const CallsBy platform(Caller::Platform);
     const PartFont font(theme, hdc, part, state);
     if (options && options->dwFlags & DTT_CALCRECT) {
         DrawTextW(hdc, text, count, rect, flags | DT_CALCRECT);
@@ -389,7 +405,7 @@ HRESULT WINAPI DrawThemeTextEx(HTHEME theme, HDC hdc, int part, int state, LPCWS
     const COLORREF color =
         ownColor ? options->crText : FindThemeColor(*ClassOf(theme), part, state, TMT_TEXTCOLOR).value_or(0);
     const int mode = SetBkMode(hdc, TRANSPARENT); // the style never fills behind its texts
-    Line(hdc, operation)
+    Line(hdc, options ? "DrawThemeTextEx" : "DrawThemeText")
         .Word(*ClassOf(theme))
         .Number(part)
         .Number(state)

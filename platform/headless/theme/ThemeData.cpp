@@ -54,7 +54,7 @@ std::optional<VALUE> FindSet(const Properties<VALUE>& properties, const std::str
     return found != properties.end() ? std::optional(found->second) : std::nullopt;
 }
 
-constexpr std::string_view c_classes[] = {
+constexpr std::string_view CLASSES[] = {
     "AEROWIZARD", "BUTTON",      "COMBOBOX",   "COMPOSITEDWINDOW::WINDOW",
     "EDIT",       "EXPLORERBAR", "HEADER",     "LISTBOX",
     "LISTVIEW",   "MENU",        "NAVIGATION", "PROGRESS",
@@ -70,7 +70,7 @@ struct PartMargins
     MARGINS margins; // left, right, top, bottom
 };
 
-constexpr PartMargins c_margins[] = {
+constexpr PartMargins STYLE_MARGINS[] = {
     {"BUTTON", BP_PUSHBUTTON, {3, 3, 3, 3}}, {"BUTTON", BP_COMMANDLINK, {6, 6, 6, 6}},
     {"COMBOBOX", 0, {2, 2, 2, 2}},           {"EDIT", 0, {2, 2, 1, 1}},
     {"EDIT", EP_EDITTEXT, {2, 2, 1, 1}},     {"EDIT", 6, {2, 2, 1, 1}},
@@ -85,7 +85,7 @@ struct PartSize
     SIZE size;
 };
 
-constexpr PartSize c_sizes[] = {
+constexpr PartSize STYLE_SIZES[] = {
     {"BUTTON", BP_RADIOBUTTON, {13, 13}},
     {"BUTTON", BP_CHECKBOX, {13, 13}},
     {"BUTTON", 7, {16, 16}},
@@ -99,20 +99,20 @@ constexpr PartSize c_sizes[] = {
     {"TREEVIEW", 4, {9, 9}},
 };
 
-constexpr COLORREF c_titleBlue = RGB(0, 51, 153);
+constexpr COLORREF TITLE_BLUE = RGB(0, 51, 153);
 
 bool HasTitleColor(std::string_view themeClass, int part)
 {
-    constexpr int c_mainInstruction = 1;
-    constexpr int c_taskDialogInstruction = 2;
-    return (themeClass == "TEXTSTYLE" && part == c_mainInstruction) ||
-           (themeClass == "TASKDIALOG" && part == c_taskDialogInstruction) ||
+    constexpr int MAIN_INSTRUCTION = 1;
+    constexpr int TASK_DIALOG_INSTRUCTION = 2;
+    return (themeClass == "TEXTSTYLE" && part == MAIN_INSTRUCTION) ||
+           (themeClass == "TASKDIALOG" && part == TASK_DIALOG_INSTRUCTION) ||
            (themeClass == "LISTVIEW" && part == 7);
 }
 
 std::optional<LOGFONTW> OwnFont(std::string_view themeClass, int part, int property)
 {
-    constexpr int c_bodyText = 4;
+    constexpr int BODY_TEXT = 4;
     const bool commandLink = themeClass == "BUTTON" && part == BP_COMMANDLINK;
     if (property == TMT_BODYFONT && commandLink) {
         return UserInterfaceFont(9);
@@ -123,7 +123,7 @@ std::optional<LOGFONTW> OwnFont(std::string_view themeClass, int part, int prope
     if (commandLink || HasTitleColor(themeClass, part)) {
         return UserInterfaceFont(12);
     }
-    if ((themeClass == "TEXTSTYLE" || themeClass == "TASKDIALOG") && part <= c_bodyText) {
+    if ((themeClass == "TEXTSTYLE" || themeClass == "TASKDIALOG") && part <= BODY_TEXT) {
         return UserInterfaceFont(9);
     }
     return std::nullopt;
@@ -139,7 +139,7 @@ bool ThemesActive()
 bool IsThemeClassAvailable(const std::string& themeClass)
 {
     const std::string name = PlainName(themeClass);
-    return std::find(std::begin(c_classes), std::end(c_classes), name) != std::end(c_classes) &&
+    return std::find(std::begin(CLASSES), std::end(CLASSES), name) != std::end(CLASSES) &&
            !Current().hiddenClasses.contains(name);
 }
 
@@ -154,10 +154,10 @@ std::optional<MARGINS> FindThemeMargins(const std::string& themeClass, int part,
     if (const auto set = FindSet(Current().margins, name, part, state, property)) {
         return set;
     }
-    const auto* own = std::find_if(std::begin(c_margins), std::end(c_margins), [&](const PartMargins& m) {
-        return m.themeClass == name && m.part == part;
-    });
-    return own != std::end(c_margins) && property == TMT_CONTENTMARGINS ? own->margins : MARGINS{};
+    const auto* own =
+        std::find_if(std::begin(STYLE_MARGINS), std::end(STYLE_MARGINS),
+                     [&](const PartMargins& m) { return m.themeClass == name && m.part == part; });
+    return own != std::end(STYLE_MARGINS) && property == TMT_CONTENTMARGINS ? own->margins : MARGINS{};
 }
 
 std::optional<SIZE> FindThemePartSize(const std::string& themeClass, int part, int state)
@@ -166,9 +166,9 @@ std::optional<SIZE> FindThemePartSize(const std::string& themeClass, int part, i
     if (const auto set = FindSet(Current().sizes, name, part, state, 0)) {
         return set;
     }
-    const auto* own = std::find_if(std::begin(c_sizes), std::end(c_sizes),
+    const auto* own = std::find_if(std::begin(STYLE_SIZES), std::end(STYLE_SIZES),
                                    [&](const PartSize& s) { return s.themeClass == name && s.part == part; });
-    return own != std::end(c_sizes) ? own->size : SIZE{};
+    return own != std::end(STYLE_SIZES) ? own->size : SIZE{};
 }
 
 std::optional<COLORREF> FindThemeColor(const std::string& themeClass, int part, int state, int property)
@@ -178,7 +178,7 @@ std::optional<COLORREF> FindThemeColor(const std::string& themeClass, int part, 
         return set;
     }
     switch (property) {
-    case TMT_TEXTCOLOR: return HasTitleColor(name, part) ? c_titleBlue : RGB(0, 0, 0);
+    case TMT_TEXTCOLOR: return HasTitleColor(name, part) ? TITLE_BLUE : RGB(0, 0, 0);
     case TMT_EDGEFILLCOLOR: return RGB(240, 240, 240);
     case TMT_BORDERCOLOR: return RGB(130, 135, 144);
     case TMT_FILLCOLOR: return RGB(255, 255, 255);

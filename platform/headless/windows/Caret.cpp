@@ -1,5 +1,7 @@
 #include "Desktop.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
@@ -29,6 +31,9 @@ extern "C" {
 
 BOOL WINAPI CreateCaret(HWND hwnd, HBITMAP, int width, int height)
 {
+    if (FaultFires("CreateCaret")) {
+        return FALSE;
+    }
     if (!Find(hwnd)) {
         return FALSE;
     }
@@ -40,6 +45,9 @@ BOOL WINAPI CreateCaret(HWND hwnd, HBITMAP, int width, int height)
 
 BOOL WINAPI DestroyCaret()
 {
+    if (FaultFires("DestroyCaret")) {
+        return FALSE;
+    }
     if (!TheDesktop().caret.hwnd) {
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
@@ -51,6 +59,9 @@ BOOL WINAPI DestroyCaret()
 
 BOOL WINAPI ShowCaret(HWND hwnd)
 {
+    if (FaultFires("ShowCaret")) {
+        return FALSE;
+    }
     if (!IsCaretOf(hwnd)) {
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
@@ -74,6 +85,9 @@ BOOL WINAPI HideCaret(HWND hwnd)
 
 BOOL WINAPI SetCaretPos(int x, int y)
 {
+    if (FaultFires("SetCaretPos")) {
+        return FALSE;
+    }
     if (!TheDesktop().caret.hwnd) {
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
@@ -84,6 +98,9 @@ BOOL WINAPI SetCaretPos(int x, int y)
 
 BOOL WINAPI GetCaretPos(LPPOINT out)
 {
+    if (FaultFires("GetCaretPos")) {
+        return FALSE;
+    }
     *out = TheDesktop().caret.position;
     return TRUE;
 }

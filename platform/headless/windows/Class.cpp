@@ -8,9 +8,9 @@
 namespace gesso::headless {
 namespace {
 
-constexpr ATOM c_firstAtom = 0xC000;
-constexpr ATOM c_desktopAtom = 0x8001;
-constexpr ATOM c_dialogAtom = 0x8002;
+constexpr ATOM FIRST_ATOM = 0xC000;
+constexpr ATOM DESKTOP_ATOM = 0x8001;
+constexpr ATOM DIALOG_ATOM = 0x8002;
 
 std::list<WindowClass>& Classes()
 {
@@ -33,7 +33,7 @@ ATOM AtomOf(LPCWSTR name)
             return known.atom;
         }
     }
-    const auto next = static_cast<ATOM>(c_firstAtom + s_atoms.size());
+    const auto next = static_cast<ATOM>(FIRST_ATOM + s_atoms.size());
     return s_atoms.emplace(View(name), next).first->second;
 }
 
@@ -97,8 +97,8 @@ void RegisterBuiltInClass(LPCWSTR name, UINT style, WNDPROC procedure, int extra
     data.lpfnWndProc = procedure;
     data.cbWndExtra = extraBytes;
     data.lpszClassName = name;
-    AddClass(data, EqualIgnoringCase(View(name), u"#32769")   ? c_desktopAtom
-                   : EqualIgnoringCase(View(name), u"#32770") ? c_dialogAtom
+    AddClass(data, EqualIgnoringCase(View(name), u"#32769")   ? DESKTOP_ATOM
+                   : EqualIgnoringCase(View(name), u"#32770") ? DIALOG_ATOM
                                                               : AtomOf(name));
 }
 
@@ -137,6 +137,10 @@ ATOM WINAPI RegisterClassExW(const WNDCLASSEXW* data)
 
 ATOM WINAPI RegisterClassW(const WNDCLASSW* data)
 {
+    if (FaultFires("RegisterClassW")) {
+        return 0;
+    }
+    const CallsBy platform(Caller::Platform);
     const WNDCLASSEXW extended{sizeof(WNDCLASSEXW), data->style,        data->lpfnWndProc,   data->cbClsExtra,
                                data->cbWndExtra,    data->hInstance,    data->hIcon,         data->hCursor,
                                data->hbrBackground, data->lpszMenuName, data->lpszClassName, nullptr};
@@ -172,34 +176,10 @@ BOOL WINAPI GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* out)
 
 int WINAPI GetClassNameW(HWND hwnd, LPWSTR buffer, int capacity)
 {
-    const WindowRef window = Find(hwnd);
-    return window ? CopyText(window->windowClass->name, buffer, capacity) : 0;
-}
-
-ULONG_PTR WINAPI GetClassLongPtrW(HWND hwnd, int index)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
+    if (FaultFires("GetClassNameW")) {
         return 0;
     }
-    const WNDCLASSEXW& data = window->windowClass->data;
-    switch (index) {
-    case GCL_STYLE: return data.style;
-    case GCL_CBWNDEXTRA: return static_cast<ULONG_PTR>(data.cbWndExtra);
-    case GCL_CBCLSEXTRA: return static_cast<ULONG_PTR>(data.cbClsExtra);
-    case GCW_ATOM: return window->windowClass->atom;
-    case GCLP_HBRBACKGROUND: return reinterpret_cast<ULONG_PTR>(data.hbrBackground);
-    case GCLP_HCURSOR: return reinterpret_cast<ULONG_PTR>(data.hCursor);
-    case GCLP_HICON: return reinterpret_cast<ULONG_PTR>(data.hIcon);
-    case GCLP_HICONSM: return reinterpret_cast<ULONG_PTR>(data.hIconSm);
-    case GCLP_HMODULE: return reinterpret_cast<ULONG_PTR>(data.hInstance);
-    case GCLP_WNDPROC: return reinterpret_cast<ULONG_PTR>(data.lpfnWndProc);
-    default: SetLastError(ERROR_INVALID_INDEX); return 0;
-    }
-}
-
-DWORD WINAPI GetClassLongW(HWND hwnd, int index)
-{
-    return static_cast<DWORD>(GetClassLongPtrW(hwnd, index));
+    const WindowRef window = Find(hwnd);
+    return window ? CopyText(window->windowClass->name, buffer, capacity) : 0;
 }
 }

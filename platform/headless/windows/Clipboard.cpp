@@ -16,6 +16,7 @@ bool IsOpen()
 
 void FreeData()
 {
+    const CallsBy platform(Caller::Platform);
     for (const auto& [format, data] : TheDesktop().clipboard.data) {
         GlobalFree(data);
     }
@@ -39,6 +40,7 @@ std::string ClipboardText()
 
 void SetClipboardText(std::string_view text)
 {
+    const CallsBy platform(Caller::Platform);
     FreeData();
     TheDesktop().clipboard.owner = nullptr; // of another program
     if (text.empty()) {
@@ -74,6 +76,9 @@ BOOL WINAPI OpenClipboard(HWND hwnd)
 
 BOOL WINAPI CloseClipboard()
 {
+    if (FaultFires("CloseClipboard")) {
+        return FALSE;
+    }
     if (!IsOpen()) {
         return FALSE;
     }
@@ -83,6 +88,9 @@ BOOL WINAPI CloseClipboard()
 
 BOOL WINAPI EmptyClipboard()
 {
+    if (FaultFires("EmptyClipboard")) {
+        return FALSE;
+    }
     if (!IsOpen()) {
         return FALSE;
     }
@@ -104,6 +112,7 @@ HANDLE WINAPI SetClipboardData(UINT format, HANDLE data)
         SetLastError(ERROR_ACCESS_DENIED);
         return nullptr;
     }
+    const CallsBy platform(Caller::Platform);
     HANDLE& kept = TheDesktop().clipboard.data[format];
     if (kept && kept != data) {
         GlobalFree(kept);

@@ -2,21 +2,24 @@
 #include "Class.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
 // The first extra word of a button: whether it is checked. Of an edit or a static: its font.
-constexpr int c_word = 0;
-constexpr int c_font = 8;
+constexpr int CHECK_WORD = 0;
+constexpr int FONT_WORD = 8;
 
 LRESULT KeepFont(HWND hwnd, UINT message, WPARAM wParam)
 {
-    return message == WM_SETFONT ? SetWindowLongPtrW(hwnd, c_font, static_cast<LONG_PTR>(wParam)),
-           0                     : GetWindowLongPtrW(hwnd, c_font);
+    return message == WM_SETFONT ? SetWindowLongPtrW(hwnd, FONT_WORD, static_cast<LONG_PTR>(wParam)),
+           0                     : GetWindowLongPtrW(hwnd, FONT_WORD);
 }
 
 LRESULT CALLBACK StaticProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CallsBy platform(Caller::Platform);
     switch (message) {
     case WM_NCHITTEST: return GetWindowLongW(hwnd, GWL_STYLE) & SS_NOTIFY ? HTCLIENT : HTTRANSPARENT;
     case WM_GETDLGCODE: return DLGC_STATIC;
@@ -40,6 +43,7 @@ void Append(HWND hwnd, WPARAM character)
 
 LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CallsBy platform(Caller::Platform);
     switch (message) {
     case WM_GETDLGCODE: return DLGC_WANTCHARS | DLGC_HASSETSEL | DLGC_WANTARROWS;
     case WM_CHAR: Append(hwnd, wParam); return 0;
@@ -108,6 +112,7 @@ void Release(HWND hwnd, LPARAM lParam)
 
 LRESULT CALLBACK ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CallsBy platform(Caller::Platform);
     switch (message) {
     case WM_GETDLGCODE: return ButtonCode(hwnd);
     case WM_LBUTTONDOWN:
@@ -121,8 +126,8 @@ LRESULT CALLBACK ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
         }
         return 0;
     case BM_CLICK: Press(hwnd); return 0;
-    case BM_GETCHECK: return GetWindowLongW(hwnd, c_word);
-    case BM_SETCHECK: SetWindowLongW(hwnd, c_word, static_cast<LONG>(wParam)); return 0;
+    case BM_GETCHECK: return GetWindowLongW(hwnd, CHECK_WORD);
+    case BM_SETCHECK: SetWindowLongW(hwnd, CHECK_WORD, static_cast<LONG>(wParam)); return 0;
     case BM_SETSTYLE: {
         const WindowRef window = Find(hwnd);
         window->style = (window->style & ~DWORD{BS_TYPEMASK}) | (static_cast<DWORD>(wParam) & BS_TYPEMASK);

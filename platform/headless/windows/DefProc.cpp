@@ -5,6 +5,8 @@
 #include "Send.h"
 #include "UiState.h"
 
+#include "../core/Faults.h"
+
 #include <algorithm>
 
 namespace gesso::headless {
@@ -340,6 +342,7 @@ using namespace gesso::headless;
 
 extern "C" LRESULT WINAPI DefWindowProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CallsBy platform(Caller::Platform);
     const WindowRef window = Find(hwnd);
     LRESULT result = 0;
     if (window && (HandleState(*window, message, wParam, lParam, result) ||

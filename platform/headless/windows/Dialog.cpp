@@ -3,6 +3,8 @@
 #include "DialogItems.h"
 #include "DialogTemplate.h"
 #include "Focus.h"
+#include "Position.h"
+#include "Queue.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
@@ -13,16 +15,16 @@ namespace gesso::headless {
 namespace {
 
 // The dialog base units of a common 9 point font at 96 dots an inch. They are the same for every font.
-constexpr SIZE c_baseUnits = {7, 15};
+constexpr SIZE BASE_UNITS = {7, 15};
 
 int ToPixelsX(int units)
 {
-    return MulDiv(units, c_baseUnits.cx, 4);
+    return MulDiv(units, BASE_UNITS.cx, 4);
 }
 
 int ToPixelsY(int units)
 {
-    return MulDiv(units, c_baseUnits.cy, 8);
+    return MulDiv(units, BASE_UNITS.cy, 8);
 }
 
 HFONT MakeFont(LOGFONTW font)
@@ -71,6 +73,8 @@ void CompleteStyles(DialogTemplate& source)
 
 HWND MakeBox(const DialogTemplate& source, HINSTANCE instance, HWND owner)
 {
+    // A dialog without a window that it wants is one of the program's failures.
+    const CallsBy program(Caller::Program);
     RECT r = {0, 0, ToPixelsX(source.size.cx), ToPixelsY(source.size.cy)};
     AdjustWindowRectEx(&r, source.style, FALSE, source.exStyle);
     const SIZE size = SizeOf(r);
@@ -83,6 +87,8 @@ HWND MakeBox(const DialogTemplate& source, HINSTANCE instance, HWND owner)
 
 HWND MakeControl(const DialogItem& item, HWND dialog, HINSTANCE instance)
 {
+    // A dialog without a window that it wants is one of the program's failures.
+    const CallsBy program(Caller::Program);
     const DWORD style = (item.style | WS_CHILD) & ~static_cast<DWORD>(WS_POPUP);
     const LPCWSTR text = IS_INTRESOURCE(item.text) ? nullptr : item.text;
     return CreateWindowExW(
@@ -150,6 +156,7 @@ void Initialize(Window& dialog, LPARAM param)
 WindowRef MakeDialog(HINSTANCE instance, const DLGTEMPLATE* memory, HWND owner, DLGPROC procedure,
                      LPARAM param)
 {
+    const CallsBy platform(Caller::Platform);
     DialogTemplate source = ReadTemplate(memory);
     CompleteStyles(source);
     const HWND hwnd = MakeBox(source, instance, owner);
@@ -189,7 +196,7 @@ void RunModal(const WindowRef& dialog)
             ShowWindow(dialog->handle, SW_SHOW); // at the latest when there is nothing else to do
             shown = true;
         }
-        if (!GetMessageW(&message, nullptr, 0, 0)) {
+        if (!WaitForMessage({}, message)) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
@@ -227,6 +234,7 @@ INT_PTR RunBox(HINSTANCE instance, const DLGTEMPLATE* source, HWND parent, DLGPR
         EnableWindow(owner, TRUE);
     }
     if (dialog && dialog->alive) {
+        const CallsBy platform(Caller::Platform);
         DestroyWindow(dialog->handle);
     }
     return result;
@@ -271,6 +279,10 @@ INT_PTR WINAPI DialogBoxIndirectParamW(HINSTANCE instance, LPCDLGTEMPLATEW sourc
 
 BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
 {
+    if (FaultFires("EndDialog")) {
+        return FALSE;
+    }
+    const CallsBy platform(Caller::Platform);
     const WindowRef window = Find(hwnd);
     if (!window || !window->dialog) {
         return FALSE;
@@ -284,8 +296,8 @@ BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
     if (IsChild(hwnd, GetFocus())) {
         SetFocus(hwnd);
     }
-    SetWindowPos(hwnd, nullptr, 0, 0, 0, 0,
-                 SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
+    Reposition(hwnd, nullptr, 0, 0, 0, 0,
+               SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
     if (GetActiveWindow() == hwnd) {
         ActivateNext(*window);
     }
@@ -295,6 +307,9 @@ BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
 
 BOOL WINAPI MapDialogRect(HWND hwnd, LPRECT r)
 {
+    if (FaultFires("MapDialogRect")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window || !window->dialog) {
         return FALSE;

@@ -1,6 +1,8 @@
 #include "DialogItems.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 #include <algorithm>
 
 namespace gesso::headless {
@@ -218,6 +220,9 @@ extern "C" {
 
 HWND WINAPI GetDlgItem(HWND hwnd, int id)
 {
+    if (FaultFires("GetDlgItem")) {
+        return nullptr;
+    }
     const WindowRef dialog = Find(hwnd);
     if (!dialog) {
         return nullptr;
@@ -233,6 +238,9 @@ HWND WINAPI GetDlgItem(HWND hwnd, int id)
 
 HWND WINAPI GetNextDlgTabItem(HWND hwnd, HWND control, BOOL previous)
 {
+    if (FaultFires("GetNextDlgTabItem")) {
+        return nullptr;
+    }
     const WindowRef dialog = Find(hwnd);
     if (!dialog) {
         return nullptr;
@@ -263,6 +271,7 @@ HWND WINAPI GetNextDlgGroupItem(HWND hwnd, HWND control, BOOL previous)
 
 LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CallsBy platform(Caller::Platform);
     const HWND control = GetDlgItem(dialog, id);
     return control ? SendMessageW(control, message, wParam, lParam) : 0;
 }
@@ -274,6 +283,7 @@ BOOL WINAPI SetDlgItemTextW(HWND dialog, int id, LPCWSTR text)
 
 UINT WINAPI GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int capacity)
 {
+    const CallsBy platform(Caller::Platform);
     const HWND control = GetDlgItem(dialog, id);
     return control ? static_cast<UINT>(GetWindowTextW(control, buffer, capacity)) : 0;
 }

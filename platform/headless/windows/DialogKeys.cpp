@@ -3,6 +3,8 @@
 #include "DialogItems.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
@@ -130,6 +132,7 @@ using namespace gesso::headless;
 
 extern "C" BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message)
 {
+    const CallsBy platform(Caller::Platform);
     if (!Peek(dialog) || (message->hwnd != dialog && !IsChild(dialog, message->hwnd))) {
         return FALSE;
     }

@@ -3,6 +3,8 @@
 #include "DialogItems.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
@@ -115,6 +117,12 @@ bool AnswersItself(UINT message)
            message == WM_QUERYDRAGICON;
 }
 
+INT_PTR CallProgram(DLGPROC procedure, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const CallsBy program(Caller::Program);
+    return procedure(hwnd, message, wParam, lParam);
+}
+
 } // namespace
 } // namespace gesso::headless
 
@@ -122,6 +130,7 @@ using namespace gesso::headless;
 
 extern "C" LRESULT WINAPI DefDlgProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CallsBy platform(Caller::Platform);
     const WindowRef window = Find(hwnd);
     if (!window) {
         return 0;
@@ -131,7 +140,7 @@ extern "C" LRESULT WINAPI DefDlgProcW(HWND hwnd, UINT message, WPARAM wParam, LP
     }
     SetWindowLongPtrW(hwnd, DWLP_MSGRESULT, 0);
     const auto procedure = reinterpret_cast<DLGPROC>(GetWindowLongPtrW(hwnd, DWLP_DLGPROC));
-    const INT_PTR result = procedure ? procedure(hwnd, message, wParam, lParam) : FALSE;
+    const INT_PTR result = procedure ? CallProgram(procedure, hwnd, message, wParam, lParam) : FALSE;
     if (!window->alive) {
         return 0;
     }

@@ -3,7 +3,7 @@
 namespace gesso::headless {
 namespace {
 
-constexpr WORD c_marked = 0xFFFF; // a number follows in the place of a name
+constexpr WORD MARKED = 0xFFFF; // a number follows in the place of a name
 
 // Walks through a template. The numbers in it are aligned to words only.
 class Reader
@@ -25,7 +25,7 @@ public:
     LPCWSTR ReadName()
     {
         const auto first = PeekWord();
-        if (first == c_marked) {
+        if (first == MARKED) {
             m_at += sizeof(WORD);
             return MAKEINTRESOURCEW(Read<WORD>());
         }
@@ -100,7 +100,7 @@ DialogItem ReadItem(Reader& reader, bool extended)
 void ReadFont(Reader& reader, bool extended, LOGFONTW& font)
 {
     font.lfHeight = reader.ReadShort();
-    font.lfWeight = FW_NORMAL;
+    font.lfWeight = FW_DONTCARE;
     if (extended) {
         font.lfWeight = reader.ReadShort();
         font.lfItalic = reader.Read<BYTE>();
@@ -130,7 +130,7 @@ DialogTemplate ReadTemplate(const DLGTEMPLATE* source)
 {
     Reader reader(source);
     const auto* words = reinterpret_cast<const WORD*>(source);
-    const bool extended = words[0] == 1 && words[1] == c_marked;
+    const bool extended = words[0] == 1 && words[1] == MARKED;
     DialogTemplate out;
     const WORD count = ReadHead(reader, extended, out);
     out.corner.x = reader.ReadShort();

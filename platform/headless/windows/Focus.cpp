@@ -2,6 +2,8 @@
 #include "Position.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 #include <algorithm>
 
 namespace gesso::headless {
@@ -46,7 +48,7 @@ bool Welcome(const WindowRef& window, HWND former, bool byMouse)
 {
     Desktop& desktop = TheDesktop();
     if (window->parent->children.front() != window.get()) {
-        SetWindowPos(window->handle, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+        Reposition(window->handle, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
     }
     if (!former || desktop.elsewhere) {
         desktop.elsewhere = false;
@@ -170,6 +172,9 @@ HWND WINAPI GetFocus()
 
 HWND WINAPI SetFocus(HWND hwnd)
 {
+    if (FaultFires("SetFocus")) {
+        return nullptr;
+    }
     Desktop& desktop = TheDesktop();
     const HWND former = desktop.focus;
     if (!hwnd) {
@@ -234,6 +239,9 @@ HWND WINAPI SetCapture(HWND hwnd)
 
 BOOL WINAPI ReleaseCapture()
 {
+    if (FaultFires("ReleaseCapture")) {
+        return FALSE;
+    }
     // The pointer may be over another window than the one that had all its moves.
     TheDesktop().pointerStale = TheDesktop().capture != nullptr;
     SetCaptureTo(nullptr);

@@ -3,6 +3,8 @@
 #include "Position.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
@@ -73,6 +75,9 @@ extern "C" {
 
 BOOL WINAPI GetWindowRect(HWND hwnd, LPRECT out)
 {
+    if (FaultFires("GetWindowRect")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
@@ -83,6 +88,9 @@ BOOL WINAPI GetWindowRect(HWND hwnd, LPRECT out)
 
 BOOL WINAPI GetClientRect(HWND hwnd, LPRECT out)
 {
+    if (FaultFires("GetClientRect")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
@@ -93,6 +101,9 @@ BOOL WINAPI GetClientRect(HWND hwnd, LPRECT out)
 
 int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
 {
+    if (FaultFires("MapWindowPoints")) {
+        return 0;
+    }
     const WindowRef source = from ? Find(from) : TheDesktop().root;
     const WindowRef target = to ? Find(to) : TheDesktop().root;
     if (!source || !target) {
@@ -108,6 +119,9 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
 
 BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
 {
+    if (FaultFires("ClientToScreen")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
@@ -118,6 +132,9 @@ BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
 
 BOOL WINAPI ScreenToClient(HWND hwnd, LPPOINT point)
 {
+    if (FaultFires("ScreenToClient")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
@@ -145,30 +162,8 @@ HWND WINAPI WindowFromPoint(POINT point)
     return window ? window->handle : Root().handle;
 }
 
-HWND WINAPI ChildWindowFromPointEx(HWND hwnd, POINT point, UINT flags)
-{
-    const WindowRef window = Find(hwnd);
-    if (!window) {
-        return nullptr;
-    }
-    const POINT screen = {point.x + window->client.left, point.y + window->client.top};
-    for (const Window* child : window->children) {
-        const bool skipped = ((flags & CWP_SKIPINVISIBLE) && !child->Has(WS_VISIBLE)) ||
-                             ((flags & CWP_SKIPDISABLED) && child->Has(WS_DISABLED));
-        if (!skipped && PtInRect(&child->frame, screen)) {
-            return child->handle;
-        }
-    }
-    return PtInRect(&window->client, screen) ? hwnd : nullptr;
-}
-
-// No window of this desktop is ever made an icon or fills the screen.
+// No window of this desktop is ever made an icon.
 BOOL WINAPI IsIconic(HWND)
-{
-    return FALSE;
-}
-
-BOOL WINAPI IsZoomed(HWND)
 {
     return FALSE;
 }

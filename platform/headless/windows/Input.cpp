@@ -6,10 +6,12 @@
 #include "Queue.h"
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
-constexpr UINT c_nonClientOffset = UINT{WM_NCMOUSEMOVE} - UINT{WM_MOUSEMOVE};
+constexpr UINT NON_CLIENT_OFFSET = UINT{WM_NCMOUSEMOVE} - UINT{WM_MOUSEMOVE};
 
 enum class Outcome
 {
@@ -118,7 +120,7 @@ MSG MouseMessage(const InputEvent& event, const Target& target, UINT message)
         const RECT& client = target.window->client;
         out.lParam = MAKELPARAM(p.x - client.left, p.y - client.top);
     } else {
-        out.message += c_nonClientOffset;
+        out.message += NON_CLIENT_OFFSET;
         out.wParam = static_cast<WPARAM>(target.hit);
         out.lParam = MAKELPARAM(p.x, p.y);
     }
@@ -246,6 +248,9 @@ extern "C" {
 
 BOOL WINAPI TrackMouseEvent(LPTRACKMOUSEEVENT request)
 {
+    if (FaultFires("TrackMouseEvent")) {
+        return FALSE;
+    }
     Desktop& desktop = TheDesktop();
     if (request->dwFlags == TME_QUERY) {
         request->hwndTrack = desktop.tracking.hwnd;
@@ -282,13 +287,10 @@ UINT WINAPI GetDoubleClickTime()
 
 BOOL WINAPI GetCursorPos(LPPOINT point)
 {
+    if (FaultFires("GetCursorPos")) {
+        return FALSE;
+    }
     *point = TheDesktop().pointer;
-    return TRUE;
-}
-
-BOOL WINAPI SetCursorPos(int x, int y)
-{
-    MoveMouse(x, y);
     return TRUE;
 }
 }

@@ -5,13 +5,13 @@
 namespace gesso::headless {
 namespace {
 
-constexpr BYTE c_down = 0x80;
-constexpr BYTE c_toggled = 0x01;
+constexpr BYTE DOWN = 0x80;
+constexpr BYTE TOGGLED = 0x01;
 
-constexpr LPARAM c_extended = 1 << 24;
-constexpr LPARAM c_context = 1 << 29;
-constexpr LPARAM c_wasDown = 1 << 30;
-constexpr LPARAM c_released = LPARAM{1} << 31;
+constexpr LPARAM EXTENDED_BIT = 1 << 24;
+constexpr LPARAM CONTEXT_BIT = 1 << 29;
+constexpr LPARAM WAS_DOWN_BIT = 1 << 30;
+constexpr LPARAM RELEASED_BIT = LPARAM{1} << 31;
 
 struct PunctuationKey
 {
@@ -20,14 +20,14 @@ struct PunctuationKey
     char16_t shifted;
 };
 
-constexpr PunctuationKey c_punctuation[] = {
+constexpr PunctuationKey PUNCTUATION[] = {
     {VK_SPACE, ' ', ' '},     {VK_OEM_1, ';', ':'},      {VK_OEM_PLUS, '=', '+'}, {VK_OEM_COMMA, ',', '<'},
     {VK_OEM_MINUS, '-', '_'}, {VK_OEM_PERIOD, '.', '>'}, {VK_OEM_2, '/', '?'},    {VK_OEM_3, '`', '~'},
     {VK_OEM_4, '[', '{'},     {VK_OEM_5, '\\', '|'},     {VK_OEM_6, ']', '}'},    {VK_OEM_7, '\'', '"'},
     {VK_MULTIPLY, '*', '*'},  {VK_ADD, '+', '+'},        {VK_SUBTRACT, '-', '-'}, {VK_DECIMAL, '.', '.'},
     {VK_DIVIDE, '/', '/'},
 };
-constexpr char16_t c_shiftedDigits[] = u")!@#$%^&*(";
+constexpr char16_t SHIFTED_DIGITS[] = u")!@#$%^&*(";
 
 bool IsLetter(UINT vk)
 {
@@ -76,7 +76,7 @@ UINT SharedKey(UINT vk)
 
 bool Holds(UINT vk)
 {
-    return (TheDesktop().keysSeen[vk] & c_down) != 0;
+    return (TheDesktop().keysSeen[vk] & DOWN) != 0;
 }
 
 // Control characters: with Ctrl held, letters and a few more.
@@ -100,12 +100,12 @@ std::optional<char16_t> ControlCharacter(UINT vk)
 std::optional<char16_t> PrintedCharacter(UINT vk, bool shift)
 {
     if (IsDigit(vk)) {
-        return shift ? c_shiftedDigits[vk - '0'] : static_cast<char16_t>(vk);
+        return shift ? SHIFTED_DIGITS[vk - '0'] : static_cast<char16_t>(vk);
     }
     if (vk >= VK_NUMPAD0 && vk <= VK_NUMPAD9) {
         return static_cast<char16_t>(u'0' + (vk - VK_NUMPAD0));
     }
-    for (const PunctuationKey& key : c_punctuation) {
+    for (const PunctuationKey& key : PUNCTUATION) {
         if (key.vk == vk) {
             return shift ? key.shifted : key.plain;
         }
@@ -116,7 +116,7 @@ std::optional<char16_t> PrintedCharacter(UINT vk, bool shift)
 std::optional<char16_t> PlainCharacter(UINT vk)
 {
     const bool shift = Holds(VK_SHIFT);
-    const bool capital = shift != ((TheDesktop().keysSeen[VK_CAPITAL] & c_toggled) != 0);
+    const bool capital = shift != ((TheDesktop().keysSeen[VK_CAPITAL] & TOGGLED) != 0);
     if (IsLetter(vk)) {
         return static_cast<char16_t>(capital ? vk : vk + ('a' - 'A'));
     }
@@ -148,9 +148,9 @@ void SeeKeys(const InputEvent& event, bool remove)
     }
     const auto press = [](UINT vk, bool down) {
         BYTE& state = TheDesktop().keysSeen[vk];
-        const bool wasDown = (state & c_down) != 0;
-        const auto toggled = static_cast<BYTE>((state ^ (down && !wasDown ? c_toggled : 0)) & c_toggled);
-        state = static_cast<BYTE>((down ? c_down : 0) | toggled);
+        const bool wasDown = (state & DOWN) != 0;
+        const auto toggled = static_cast<BYTE>((state ^ (down && !wasDown ? TOGGLED : 0)) & TOGGLED);
+        state = static_cast<BYTE>((down ? DOWN : 0) | toggled);
     };
     switch (event.message) {
     case WM_LBUTTONDOWN:
@@ -182,12 +182,12 @@ bool KeyMessage(const InputEvent& event, MSG& message)
     const bool alt = Holds(VK_MENU) || SharedKey(vk) == VK_MENU;
     const bool system = !desktop.focus || vk == VK_F10 || (alt && !Holds(VK_CONTROL));
     UINT kind = system ? WM_SYSKEYDOWN : WM_KEYDOWN;
-    LPARAM lParam = 1 | (IsExtended(vk) ? c_extended : 0) | (alt ? c_context : 0);
+    LPARAM lParam = 1 | (IsExtended(vk) ? EXTENDED_BIT : 0) | (alt ? CONTEXT_BIT : 0);
     if (event.released) {
         kind += WM_KEYUP - WM_KEYDOWN;
-        lParam |= c_wasDown | c_released;
+        lParam |= WAS_DOWN_BIT | RELEASED_BIT;
     } else if (HIWORD(event.wParam) != 0 && vk != VK_PACKET) {
-        lParam |= c_wasDown;
+        lParam |= WAS_DOWN_BIT;
     }
     const WPARAM wParam = vk == VK_PACKET ? event.wParam : SharedKey(vk);
     message = {hwnd, kind, wParam, lParam, static_cast<DWORD>(event.time), event.point};
@@ -212,14 +212,14 @@ UINT KeyOf(char16_t character, bool& shift)
     case '\n': return VK_RETURN;
     default: break;
     }
-    for (const PunctuationKey& key : c_punctuation) {
+    for (const PunctuationKey& key : PUNCTUATION) {
         if (key.plain == character || key.shifted == character) {
             shift = key.plain != character;
             return key.vk;
         }
     }
     for (UINT digit = 0; digit < 10; ++digit) {
-        if (c_shiftedDigits[digit] == character) {
+        if (SHIFTED_DIGITS[digit] == character) {
             shift = true;
             return '0' + digit;
         }
@@ -248,13 +248,13 @@ BOOL WINAPI TranslateMessage(const MSG* message)
 SHORT WINAPI GetKeyState(int vk)
 {
     const BYTE state = TheDesktop().keysSeen[static_cast<size_t>(vk & 0xFF)];
-    return static_cast<SHORT>(((state & c_down) ? 0xFF80 : 0) | (state & c_toggled));
+    return static_cast<SHORT>(((state & DOWN) ? 0xFF80 : 0) | (state & TOGGLED));
 }
 
 SHORT WINAPI GetAsyncKeyState(int vk)
 {
     const BYTE state = TheDesktop().keysNow[static_cast<size_t>(vk & 0xFF)];
-    return static_cast<SHORT>((state & c_down) ? 0x8000 : 0);
+    return static_cast<SHORT>((state & DOWN) ? 0x8000 : 0);
 }
 
 BOOL WINAPI GetKeyboardState(PBYTE states)

@@ -230,13 +230,9 @@ bool TakePaint(const Filter& filter, MSG& message)
     return true;
 }
 
-} // namespace gesso::headless
+namespace {
 
-using namespace gesso::headless;
-
-extern "C" {
-
-BOOL WINAPI RedrawWindow(HWND hwnd, const RECT* rect, HRGN region, UINT flags)
+BOOL Redraw(HWND hwnd, const RECT* rect, HRGN region, UINT flags)
 {
     const WindowRef window = hwnd ? Find(hwnd) : TheDesktop().root;
     if (!window) {
@@ -255,24 +251,39 @@ BOOL WINAPI RedrawWindow(HWND hwnd, const RECT* rect, HRGN region, UINT flags)
     return TRUE;
 }
 
+} // namespace
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+BOOL WINAPI RedrawWindow(HWND hwnd, const RECT* rect, HRGN region, UINT flags)
+{
+    return FaultFires("RedrawWindow") ? FALSE : Redraw(hwnd, rect, region, flags);
+}
+
 BOOL WINAPI InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase)
 {
-    return RedrawWindow(hwnd, rect, nullptr, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
+    if (FaultFires("InvalidateRect")) {
+        return FALSE;
+    }
+    return Redraw(hwnd, rect, nullptr, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
 }
 
 BOOL WINAPI InvalidateRgn(HWND hwnd, HRGN region, BOOL erase)
 {
-    return RedrawWindow(hwnd, nullptr, region, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
+    return Redraw(hwnd, nullptr, region, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
 }
 
 BOOL WINAPI ValidateRect(HWND hwnd, const RECT* rect)
 {
-    return RedrawWindow(hwnd, rect, nullptr, RDW_VALIDATE | (rect ? 0U : UINT{RDW_NOFRAME}));
+    return Redraw(hwnd, rect, nullptr, RDW_VALIDATE | (rect ? 0U : UINT{RDW_NOFRAME}));
 }
 
 BOOL WINAPI UpdateWindow(HWND hwnd)
 {
-    return hwnd && RedrawWindow(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    return hwnd && Redraw(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 BOOL WINAPI GetUpdateRect(HWND hwnd, LPRECT out, BOOL erase)
@@ -326,6 +337,7 @@ HDC WINAPI BeginPaint(HWND hwnd, LPPAINTSTRUCT paint)
 
 BOOL WINAPI EndPaint(HWND hwnd, const PAINTSTRUCT* paint)
 {
+    const CallsBy platform(Caller::Platform);
     if (paint->hdc) {
         DeleteWindowContext(paint->hdc);
     }
@@ -346,7 +358,7 @@ HDC WINAPI GetDCEx(HWND hwnd, HRGN region, DWORD flags)
     const HDC hdc = CreateWindowContext(window->handle, SizeOf(r), whole);
     if (hdc && region && (flags & DCX_INTERSECTRGN)) {
         SetVisibleArea(hdc, AreaOf(region));
-        DeleteObject(region); // the context has taken it over
+        RemoveObject(region); // the context has taken it over
     }
     return hdc;
 }
@@ -363,6 +375,9 @@ HDC WINAPI GetWindowDC(HWND hwnd)
 
 int WINAPI ReleaseDC(HWND, HDC hdc)
 {
+    if (FaultFires("ReleaseDC")) {
+        return 0;
+    }
     if (!WindowOfContext(hdc)) {
         return 0;
     }

@@ -10,7 +10,7 @@
 namespace gesso::headless {
 namespace {
 
-constexpr UINT c_clientFlags = SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE;
+constexpr UINT CLIENT_FLAGS = SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE;
 
 RECT Moved(RECT r, int dx, int dy)
 {
@@ -222,9 +222,9 @@ void ChangeVisibility(Window& window, UINT flags)
 
 bool IsNoChange(UINT flags)
 {
-    constexpr UINT nothing = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | c_clientFlags;
-    constexpr UINT something = SWP_FRAMECHANGED | SWP_SHOWWINDOW | SWP_HIDEWINDOW;
-    return (flags & (nothing | something)) == nothing;
+    constexpr UINT NOTHING = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | CLIENT_FLAGS;
+    constexpr UINT SOMETHING = SWP_FRAMECHANGED | SWP_SHOWWINDOW | SWP_HIDEWINDOW;
+    return (flags & (NOTHING | SOMETHING)) == NOTHING;
 }
 
 void ActivateAsAsked(Window& window, UINT flags)
@@ -286,6 +286,7 @@ UINT ShowFlags(const Window& window, int command)
 // focus of a window within it stays where it is.
 void LeaveHidden(Window& window)
 {
+    const CallsBy platform(Caller::Platform);
     if (TheDesktop().active == window.handle) {
         ActivateNext(window);
     } else if (window.IsChild() && TheDesktop().focus == window.handle) {
@@ -329,16 +330,10 @@ void RaiseToTop(Window& window)
     Reorder(window, HWND_TOP);
 }
 
-} // namespace gesso::headless
-
-using namespace gesso::headless;
-
-extern "C" {
-
-BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
+BOOL Reposition(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
 {
     const WindowRef window = Find(hwnd);
-    if (!window || window.get() == &Root() || FaultFires("SetWindowPos")) {
+    if (!window || window.get() == &Root()) {
         return FALSE;
     }
     WINDOWPOS pos{hwnd, after, x, y, cx, cy, flags};
@@ -358,10 +353,24 @@ BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UI
     return TRUE;
 }
 
+} // namespace gesso::headless
+
+using namespace gesso::headless;
+
+extern "C" {
+
+BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
+{
+    return FaultFires("SetWindowPos") ? FALSE : Reposition(hwnd, after, x, y, cx, cy, flags);
+}
+
 BOOL WINAPI MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint)
 {
+    if (FaultFires("MoveWindow")) {
+        return FALSE;
+    }
     const UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0U : UINT{SWP_NOREDRAW});
-    return SetWindowPos(hwnd, nullptr, x, y, cx, cy, flags);
+    return Reposition(hwnd, nullptr, x, y, cx, cy, flags);
 }
 
 BOOL WINAPI ShowWindow(HWND hwnd, int command)
@@ -380,7 +389,7 @@ BOOL WINAPI ShowWindow(HWND hwnd, int command)
     if (window->alive && window->IsChild() && !IsShown(*window->parent)) {
         window->style = show ? window->style | WS_VISIBLE : window->style & ~static_cast<DWORD>(WS_VISIBLE);
     } else if (window->alive) {
-        SetWindowPos(hwnd, HWND_TOP, 0, 0, 0, 0, ShowFlags(*window, command));
+        Reposition(hwnd, HWND_TOP, 0, 0, 0, 0, ShowFlags(*window, command));
     }
     if (window->alive) {
         FinishShow(*window, show);
@@ -390,7 +399,7 @@ BOOL WINAPI ShowWindow(HWND hwnd, int command)
 
 BOOL WINAPI BringWindowToTop(HWND hwnd)
 {
-    return SetWindowPos(hwnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    return Reposition(hwnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
 HDWP WINAPI BeginDeferWindowPos(int)
@@ -419,7 +428,7 @@ BOOL WINAPI EndDeferWindowPos(HDWP batch)
         return FALSE;
     }
     for (const WINDOWPOS& m : *moves) {
-        SetWindowPos(m.hwnd, m.hwndInsertAfter, m.x, m.y, m.cx, m.cy, m.flags);
+        Reposition(m.hwnd, m.hwndInsertAfter, m.x, m.y, m.cx, m.cy, m.flags);
     }
     return TRUE;
 }

@@ -8,6 +8,8 @@ namespace gesso::headless {
 // Asks the window by WM_NCCALCSIZE for its client area within the frame that it has.
 void CalculateClient(Window& window);
 void SendSizeAndMove(Window& window);
+// What SetWindowPos does.
+BOOL Reposition(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags);
 // Puts a window before its siblings in z-order.
 void RaiseToTop(Window& window);
 // The frame that DefWindowProc leaves around a client area.

@@ -8,7 +8,7 @@
 namespace gesso::headless {
 namespace {
 
-constexpr auto c_noWindow = static_cast<intptr_t>(-1);
+constexpr auto NO_WINDOW = static_cast<intptr_t>(-1);
 
 bool TakePosted(const Filter& filter, bool remove, MSG& message)
 {
@@ -101,7 +101,7 @@ bool Filter::Takes(HWND window, UINT message) const
     if (!hwnd) {
         return true;
     }
-    if (reinterpret_cast<intptr_t>(hwnd) == c_noWindow) {
+    if (reinterpret_cast<intptr_t>(hwnd) == NO_WINDOW) {
         return !window;
     }
     return window == hwnd || IsChild(hwnd, window);
@@ -128,6 +128,18 @@ bool RunIdleAction()
     actions.pop_front();
     action();
     return true;
+}
+
+bool WaitForMessage(const Filter& filter, MSG& message)
+{
+    while (!TakeAndNote(filter, true, true, message)) {
+        if (!RunIdleAction()) {
+            TheDesktop().deadlocked = true;
+            message = {nullptr, WM_QUIT, 0, 0, static_cast<DWORD>(Now()), TheDesktop().pointer};
+            return false;
+        }
+    }
+    return message.message != WM_QUIT;
 }
 
 void ForgetMessages(HWND hwnd)
@@ -182,17 +194,13 @@ BOOL WINAPI PeekMessageW(LPMSG message, HWND hwnd, UINT first, UINT last, UINT f
 
 BOOL WINAPI GetMessageW(LPMSG message, HWND hwnd, UINT first, UINT last)
 {
-    if (hwnd && reinterpret_cast<intptr_t>(hwnd) != c_noWindow && !Find(hwnd)) {
+    if (FaultFires("GetMessageW")) {
         return -1;
     }
-    while (!TakeAndNote({hwnd, first, last}, true, true, *message)) {
-        if (!RunIdleAction()) {
-            TheDesktop().deadlocked = true;
-            *message = {nullptr, WM_QUIT, 0, 0, static_cast<DWORD>(Now()), TheDesktop().pointer};
-            return FALSE;
-        }
+    if (hwnd && reinterpret_cast<intptr_t>(hwnd) != NO_WINDOW && !Find(hwnd)) {
+        return -1;
     }
-    return message->message != WM_QUIT;
+    return WaitForMessage({hwnd, first, last}, *message);
 }
 
 BOOL WINAPI WaitMessage()
@@ -211,6 +219,7 @@ LRESULT WINAPI DispatchMessageW(const MSG* message)
 {
     if (message->message == WM_TIMER && message->lParam) {
         const auto procedure = reinterpret_cast<TIMERPROC>(message->lParam);
+        const CallsBy program(Caller::Program);
         procedure(message->hwnd, WM_TIMER, message->wParam, static_cast<DWORD>(Now()));
         return 0;
     }

@@ -19,6 +19,8 @@ void Post(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 void DispatchPending();
 // Runs the next idle action; false if there is none.
 bool RunIdleAction();
+// Takes out the next message, running idle actions until there is one; false for WM_QUIT.
+bool WaitForMessage(const Filter& filter, MSG& message);
 // Removes the messages of a window that is going.
 void ForgetMessages(HWND hwnd);
 

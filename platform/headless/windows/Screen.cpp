@@ -6,7 +6,7 @@
 namespace gesso::headless {
 namespace {
 
-const auto c_monitor = reinterpret_cast<HMONITOR>(uintptr_t{0x10001});
+const auto MONITOR = reinterpret_cast<HMONITOR>(uintptr_t{0x10001});
 
 } // namespace
 } // namespace gesso::headless
@@ -32,31 +32,27 @@ int WINAPI ShowCursor(BOOL show)
 
 HMONITOR WINAPI MonitorFromWindow(HWND, DWORD)
 {
-    return c_monitor;
+    if (FaultFires("MonitorFromWindow")) {
+        return nullptr;
+    }
+    return MONITOR;
 }
 
 HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags)
 {
-    return flags != MONITOR_DEFAULTTONULL || PtInRect(&Root().frame, point) ? c_monitor : nullptr;
+    return flags != MONITOR_DEFAULTTONULL || PtInRect(&Root().frame, point) ? MONITOR : nullptr;
 }
 
 BOOL WINAPI GetMonitorInfoW(HMONITOR monitor, LPMONITORINFO info)
 {
-    if (monitor != c_monitor || FaultFires("GetMonitorInfoW")) {
+    if (monitor != MONITOR || FaultFires("GetMonitorInfoW")) {
         SetLastError(ERROR_INVALID_MONITOR_HANDLE);
         return FALSE;
     }
+    const CallsBy platform(Caller::Platform);
     info->rcMonitor = Root().frame;
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &info->rcWork, 0);
     info->dwFlags = MONITORINFOF_PRIMARY;
     return TRUE;
-}
-
-DWORD WINAPI GetWindowThreadProcessId(HWND hwnd, LPDWORD process)
-{
-    if (process) {
-        *process = GetCurrentProcessId();
-    }
-    return Find(hwnd) ? GetCurrentThreadId() : 0;
 }
 }

@@ -1,5 +1,6 @@
 // The platform's standard scroll bars: their numbers, and whether they show.
 #include "Desktop.h"
+#include "Position.h"
 
 #include "../core/Faults.h"
 
@@ -59,8 +60,8 @@ void Show(Window& window, int bar, bool show)
     const DWORD style = show ? window.style | bits : window.style & ~bits;
     if (style != window.style) {
         window.style = style;
-        SetWindowPos(window.handle, nullptr, 0, 0, 0, 0,
-                     SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER | SWP_FRAMECHANGED);
+        Reposition(window.handle, nullptr, 0, 0, 0, 0,
+                   SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER | SWP_FRAMECHANGED);
     }
 }
 
@@ -87,6 +88,9 @@ extern "C" {
 
 int WINAPI SetScrollInfo(HWND hwnd, int bar, const SCROLLINFO* info, BOOL)
 {
+    if (FaultFires("SetScrollInfo")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     ScrollBar* state = window ? BarOf(*window, bar) : nullptr;
     if (!state || (info->fMask & ~static_cast<UINT>(SIF_ALL | SIF_DISABLENOSCROLL))) {
@@ -100,6 +104,9 @@ int WINAPI SetScrollInfo(HWND hwnd, int bar, const SCROLLINFO* info, BOOL)
 
 BOOL WINAPI GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 {
+    if (FaultFires("GetScrollInfo")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     const ScrollBar* state = window ? BarOf(*window, bar) : nullptr;
     // Setting one bar gives a window both.
@@ -124,6 +131,10 @@ BOOL WINAPI GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 
 int WINAPI SetScrollPos(HWND hwnd, int bar, int position, BOOL redraw)
 {
+    if (FaultFires("SetScrollPos")) {
+        return 0;
+    }
+    const CallsBy platform(Caller::Platform);
     const WindowRef window = Find(hwnd);
     const ScrollBar* state = window ? BarOf(*window, bar) : nullptr;
     if (!state) {
@@ -137,6 +148,9 @@ int WINAPI SetScrollPos(HWND hwnd, int bar, int position, BOOL redraw)
 
 int WINAPI GetScrollPos(HWND hwnd, int bar)
 {
+    if (FaultFires("GetScrollPos")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     const ScrollBar* state = window ? BarOf(*window, bar) : nullptr;
     return state ? state->position : 0;
@@ -144,6 +158,9 @@ int WINAPI GetScrollPos(HWND hwnd, int bar)
 
 BOOL WINAPI ShowScrollBar(HWND hwnd, int bar, BOOL show)
 {
+    if (FaultFires("ShowScrollBar")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;

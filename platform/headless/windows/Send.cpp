@@ -1,5 +1,7 @@
 #include "Send.h"
 
+#include "../core/Faults.h"
+
 namespace gesso::headless {
 namespace {
 
@@ -13,6 +15,7 @@ LRESULT Call(Window& window, UINT message, WPARAM wParam, LPARAM lParam, bool po
         desktop.trace.push_back({window.handle, message, wParam, lParam, posted});
     }
     const WindowRef keep = window.shared_from_this();
+    const CallsBy program(Caller::Program);
     return window.procedure(window.handle, message, wParam, lParam);
 }
 

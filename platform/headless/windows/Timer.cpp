@@ -33,6 +33,7 @@ Timer* FirstDue(const Filter& filter)
 
 void KillTimersOf(HWND hwnd)
 {
+    const CallsBy platform(Caller::Platform);
     auto& timers = TheDesktop().timers;
     for (;;) {
         const auto found =
@@ -98,6 +99,9 @@ UINT_PTR WINAPI SetTimer(HWND hwnd, UINT_PTR id, UINT period, TIMERPROC procedur
 
 BOOL WINAPI KillTimer(HWND hwnd, UINT_PTR id)
 {
+    if (FaultFires("KillTimer")) {
+        return FALSE;
+    }
     const auto found = FindTimer(hwnd, id);
     if (found == TheDesktop().timers.end()) {
         SetLastError(ERROR_INVALID_PARAMETER);

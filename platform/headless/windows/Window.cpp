@@ -172,6 +172,7 @@ std::vector<WindowRef> ChildrenOf(const Window& window)
 void SendDestroy(Window& window)
 {
     if (TheDesktop().caret.hwnd == window.handle) {
+        const CallsBy platform(Caller::Platform);
         DestroyCaret();
     }
     if (TheDesktop().active == window.handle) {
@@ -188,6 +189,7 @@ void SendDestroy(Window& window)
 
 void DestroyOwned(const Window& owner)
 {
+    const CallsBy platform(Caller::Platform);
     for (const HWND top : TopLevelWindows()) {
         const WindowRef window = Peek(top);
         if (window && window->owner == owner.handle) {
@@ -202,8 +204,8 @@ void HideForDestruction(Window& window)
         if (window.IsChild()) {
             ShowWindow(window.handle, SW_HIDE);
         } else {
-            SetWindowPos(window.handle, nullptr, 0, 0, 0, 0,
-                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
+            Reposition(window.handle, nullptr, 0, 0, 0, 0,
+                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
         }
     }
 }
@@ -223,6 +225,7 @@ bool Introduce(Window& window, CREATESTRUCTW& create)
     }
     if (window.alive && Send(window, WM_CREATE, 0, Pointer(&create)) == -1) {
         if (window.alive) {
+            const CallsBy platform(Caller::Platform);
             DestroyWindow(window.handle);
         }
         return false;
@@ -309,6 +312,9 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWOR
 
 BOOL WINAPI DestroyWindow(HWND hwnd)
 {
+    if (FaultFires("DestroyWindow")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window || window.get() == &Root()) {
         return FALSE;

@@ -147,18 +147,27 @@ extern "C" {
 
 LONG_PTR WINAPI GetWindowLongPtrW(HWND hwnd, int index)
 {
+    if (FaultFires("GetWindowLongPtrW")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     return window ? ReadWord(*window, index) : 0;
 }
 
 LONG_PTR WINAPI SetWindowLongPtrW(HWND hwnd, int index, LONG_PTR value)
 {
+    if (FaultFires("SetWindowLongPtrW")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     return window ? WriteWord(*window, index, value) : 0;
 }
 
 LONG WINAPI GetWindowLongW(HWND hwnd, int index)
 {
+    if (FaultFires("GetWindowLongW")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return 0;
@@ -172,6 +181,9 @@ LONG WINAPI GetWindowLongW(HWND hwnd, int index)
 
 LONG WINAPI SetWindowLongW(HWND hwnd, int index, LONG value)
 {
+    if (FaultFires("SetWindowLongW")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return 0;
@@ -184,33 +196,28 @@ LONG WINAPI SetWindowLongW(HWND hwnd, int index, LONG value)
                       : static_cast<LONG>(WriteWord(*window, index, value));
 }
 
-LONG_PTR WINAPI GetWindowLongPtrA(HWND hwnd, int index)
-{
-    return GetWindowLongPtrW(hwnd, index);
-}
-
-LONG_PTR WINAPI SetWindowLongPtrA(HWND hwnd, int index, LONG_PTR value)
-{
-    return SetWindowLongPtrW(hwnd, index, value);
-}
-
-LONG WINAPI GetWindowLongA(HWND hwnd, int index)
-{
-    return GetWindowLongW(hwnd, index);
-}
-
 LONG WINAPI SetWindowLongA(HWND hwnd, int index, LONG value)
 {
+    if (FaultFires("SetWindowLongA")) {
+        return 0;
+    }
+    const CallsBy platform(Caller::Platform);
     return SetWindowLongW(hwnd, index, value);
 }
 
 BOOL WINAPI SetWindowTextW(HWND hwnd, LPCWSTR text)
 {
+    if (FaultFires("SetWindowTextW")) {
+        return FALSE;
+    }
     return static_cast<BOOL>(SendMessageW(hwnd, WM_SETTEXT, 0, Pointer(text)));
 }
 
 int WINAPI GetWindowTextW(HWND hwnd, LPWSTR buffer, int capacity)
 {
+    if (FaultFires("GetWindowTextW")) {
+        return 0;
+    }
     if (buffer && capacity > 0) {
         buffer[0] = 0;
     }
@@ -258,6 +265,9 @@ HWND WINAPI GetDesktopWindow()
 
 HWND WINAPI GetParent(HWND hwnd)
 {
+    if (FaultFires("GetParent")) {
+        return nullptr;
+    }
     const WindowRef window = Find(hwnd);
     return window ? OwnerOrParent(*window) : nullptr;
 }
@@ -280,7 +290,7 @@ HWND WINAPI SetParent(HWND hwnd, HWND newParent)
     std::erase(former.children, window.get());
     parent->children.insert(parent->children.begin(), window.get());
     window->parent = parent.get();
-    SetWindowPos(hwnd, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Reposition(hwnd, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     if (shown) {
         ShowWindow(hwnd, SW_SHOWNA);
     }
@@ -373,6 +383,9 @@ BOOL WINAPI IsWindowEnabled(HWND hwnd)
 
 int WINAPI GetDlgCtrlID(HWND hwnd)
 {
+    if (FaultFires("GetDlgCtrlID")) {
+        return 0;
+    }
     const WindowRef window = Find(hwnd);
     return window ? static_cast<int>(window->id) : 0;
 }

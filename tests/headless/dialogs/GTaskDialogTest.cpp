@@ -100,7 +100,7 @@ TEST_F(GTaskDialogHeadlessTest, RunsAndLeavesNothingBehindWhateverFails)
         EXPECT_EQ(Box(MB_YESNO | MB_ICONERROR, [](HWND) { desk::TypeKey(VK_ESCAPE); }),
                   static_cast<UINT>(IDCANCEL))
             << pszOperation;
-        desk::ClearFaults();
+        EndFaults();
     }
     const AllowMisuse allowed;
     UINT uButton = 0;

@@ -149,7 +149,7 @@ TEST_F(GWndCertFailureHeadlessTest, RunsAndLeavesNothingBehindWhateverFails)
         desk::Fail(pszOperation, 100, ERROR_NOT_ENOUGH_MEMORY,
                    pszOperation == std::string("CreateWindowExW"));
         EXPECT_EQ(Run(CFT_UNTRUSTED, 0x7FF, Command(IDYES)), static_cast<DWORD>(IDYES)) << pszOperation;
-        desk::ClearFaults();
+        EndFaults();
     }
 }
 

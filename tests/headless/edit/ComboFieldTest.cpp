@@ -159,13 +159,13 @@ TEST_F(ComboFieldTest, AClipboardThatCannotBeHadChangesNothing)
         desk::Fail(pszOperation);
         Type('V', {VK_CONTROL});
         EXPECT_EQ(TextOf(Combo()), "abcd") << pszOperation;
-        desk::ClearFaults();
+        EndFaults();
     }
     for (const char* pszOperation : {"OpenClipboard", "GlobalAlloc", "GlobalLock", "SetClipboardData"}) {
         desk::Fail(pszOperation);
         Type('X', {VK_CONTROL});
         EXPECT_EQ(TextOf(Combo()), "abcd") << pszOperation;
-        desk::ClearFaults();
+        EndFaults();
     }
     desk::SetClipboardText("");
     Type('V', {VK_CONTROL});

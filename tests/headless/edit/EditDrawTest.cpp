@@ -193,7 +193,7 @@ TEST_F(EditDrawTest, CutKeepsWhatTheClipboardDoesNotTake)
     desk::TypeKey('V', {VK_CONTROL});
     desk::Pump();
     EXPECT_EQ(TextOf(edit), "keep");
-    desk::ClearFaults();
+    EndFaults();
     desk::TypeKey('X', {VK_CONTROL});
     desk::Pump();
     EXPECT_EQ(TextOf(edit), "");

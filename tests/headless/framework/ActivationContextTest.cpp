@@ -1,16 +1,14 @@
 // The activation context under faults of the platform.
 
 #include <gesso/framework/ActivationContext.h>
-#include <gesso/gesso.h>
-#include <platform/headless/headless.h>
 
-#include <gtest/gtest.h>
+#include "../FreshDesktop.h"
 
 #include <utility>
 
 namespace {
 
-namespace desk = gesso::headless;
+using namespace test;
 
 constexpr ULONG_PTR NOT_SET_UP = ~static_cast<ULONG_PTR>(0);
 
@@ -26,7 +24,7 @@ protected:
     }
     void TearDown() override
     {
-        desk::ClearFaults();
+        EndFaults();
         g_hActCtx = m_hFormer;
         g_fActCtxUnavailable = m_fFormer;
     }
@@ -56,7 +54,7 @@ TEST_F(ActivationContextTest, PlatformWithoutContextsIsRememberedAndTheCallGoesT
             EXPECT_TRUE(hwnd) << pszOperation << " " << dwError;
             EXPECT_TRUE(g_fActCtxUnavailable);
             DestroyWindow(hwnd);
-            desk::ClearFaults();
+            EndFaults();
         }
     }
 }
@@ -91,12 +89,22 @@ TEST_F(ActivationContextTest, LibraryWithoutAManifestGoesOnWithoutAContext)
     }
 }
 
-TEST_F(ActivationContextTest, FailedCallKeepsItsOwnErrorAndLeavesNoContextActive)
+TEST_F(ActivationContextTest, FailedCallKeepsItsOwnErrorWhetherItsContextCanBeLeftOrNot)
 {
-    desk::Fail("CreateWindowExW", 1, ERROR_NOT_ENOUGH_MEMORY);
-    desk::Fail("DeactivateActCtx", 1, ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(MakeWindow(), nullptr);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NOT_ENOUGH_MEMORY));
+    DestroyWindow(MakeWindow()); // sets the context up
+    ULONG_PTR below = 0;
+    ASSERT_TRUE(ActivateActCtx(nullptr, &below));
+    for (const int nStuck : {0, 1}) {
+        desk::Fail("CreateWindowExW", 1, ERROR_NOT_ENOUGH_MEMORY);
+        if (nStuck) {
+            desk::Fail("DeactivateActCtx", 1, ERROR_INVALID_PARAMETER);
+        }
+        EXPECT_EQ(MakeWindow(), nullptr);
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NOT_ENOUGH_MEMORY));
+        EXPECT_EQ(desk::ActivationDepth(), 1 + nStuck);
+    }
+    DeactivateActCtx(0, below); // and what lies on it
+    EXPECT_EQ(desk::ActivationDepth(), 0);
 }
 
 TEST_F(ActivationContextTest, EachWrapperHasItsOwnFailureValue)

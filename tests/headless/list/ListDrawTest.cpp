@@ -300,7 +300,7 @@ TEST_F(ListDrawTest, AListWithoutFontsThemesOrBitmapsStaysUsable)
     desk::Fail("CreateFontW", 4);
     desk::Fail("OpenThemeData", 4);
     MakeList(GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES);
-    desk::ClearFaults();
+    EndFaults();
     AddColumns(1);
     desk::Fail("GetTextMetricsW", 2);
     AddItems(3);
@@ -310,7 +310,7 @@ TEST_F(ListDrawTest, AListWithoutFontsThemesOrBitmapsStaysUsable)
     Draw("");
     desk::Fail("GetDC", 1);
     list.SetItemText(0, 0, L"x");
-    desk::ClearFaults();
+    EndFaults();
 }
 
 } // namespace

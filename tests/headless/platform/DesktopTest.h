@@ -2,14 +2,13 @@
 #pragma once
 
 #include "../../support/TestWindow.h"
-
-#include <gesso/platform/headless/headless.h>
+#include "../Faults.h"
 
 namespace gesso::headless::test {
 
 using namespace ::test;
 
-// Starts each test with a fresh desktop, and fails it if it leaves anything behind.
+// Starts each test with a fresh desktop, and fails it if it leaves anything behind or a fault never fired.
 class DesktopTest : public WindowsTest
 {
 protected:
@@ -20,6 +19,7 @@ protected:
     }
     void TearDown() override
     {
+        EndFaults();
         Reset();
         EXPECT_EQ(Live(), m_before);
     }

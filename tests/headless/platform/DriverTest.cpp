@@ -10,59 +10,32 @@ namespace {
 
 using DriverTest = DesktopTest;
 
-TEST_F(DriverTest, MessagesComeInTheOrderPostedInputPaintTimer)
+TEST_F(DriverTest, QuitIsLeftToTheLoopThatItIsMeantFor)
 {
-    const HWND top = MakeTop({0, 0, 100, 100});
-    Pump();
-    SetTimer(top, 1, 10, nullptr);
-    const auto act = [top] {
-        InvalidateRect(top, nullptr, FALSE);
-        TypeKey(VK_LEFT);
-        PostMessageW(top, WM_USER, 0, 0);
-        Advance(10);
-    };
-    EXPECT_EQ(Names(Traced(act)), "WM_USER, WM_KEYDOWN, WM_KEYUP, WM_PAINT, WM_TIMER");
-}
-
-TEST_F(DriverTest, FiltersTakeOnlyTheirOwn)
-{
-    const HWND top = MakeTop({0, 0, 100, 100});
-    const HWND child = MakeChild(top, {0, 0, 10, 10});
-    const HWND other = MakeTop({200, 0, 300, 100});
-    Pump();
-    PostMessageW(other, WM_USER, 0, 0);
-    PostMessageW(child, WM_USER + 1, 0, 0);
-    PostMessageW(top, WM_USER + 2, 0, 0);
-    MSG message{};
-    EXPECT_TRUE(PeekMessageW(&message, top, 0, 0, PM_NOREMOVE));
-    EXPECT_EQ(message.hwnd, child);
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_USER + 2, WM_USER + 2, PM_REMOVE));
-    EXPECT_EQ(message.hwnd, top);
-    EXPECT_FALSE(PeekMessageW(&message, top, WM_USER, WM_USER, PM_REMOVE));
-    DestroyWindow(child);
-    EXPECT_FALSE(PeekMessageW(&message, top, WM_USER, WM_USER + 2, PM_REMOVE)); // its message went with it
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
-    EXPECT_EQ(message.hwnd, other);
-}
-
-TEST_F(DriverTest, QuitComesAfterWhatIsPostedAndEndsAPump)
-{
-    const HWND top = MakeTop();
-    Pump();
     PostQuitMessage(5);
-    PostMessageW(top, WM_USER, 0, 0);
-    StartTrace(top);
-    EXPECT_FALSE(Pump());
-    const auto trace = StopTrace();
-    ASSERT_EQ(trace.size(), 1U);
-    EXPECT_EQ(MessageName(trace[0].message), "WM_USER");
-    EXPECT_TRUE(trace[0].posted);
-    EXPECT_TRUE(Pump());
-    PostQuitMessage(5);
-    Advance(100); // leaves it to the loop that it is meant for
+    Advance(100);
     MSG message{};
     EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
     EXPECT_EQ(message.wParam, 5U);
+}
+
+TEST_F(DriverTest, TheTraceTellsWhatWasPostedFromWhatWasSent)
+{
+    const HWND top = MakeTop();
+    Pump();
+    PostMessageW(top, WM_USER, 0, 0);
+    StartTrace(top);
+    SendMessageW(top, WM_USER + 1, 0, 0);
+    EXPECT_GE(GetAsyncKeyState(VK_SHIFT), 0);
+    PressKey(VK_SHIFT);
+    EXPECT_LT(GetAsyncKeyState(VK_SHIFT), 0) << "the key's own state, before any message tells of it";
+    ReleaseKey(VK_SHIFT);
+    Pump();
+    const auto trace = StopTrace();
+    ASSERT_GE(trace.size(), 2U);
+    EXPECT_FALSE(trace[0].posted);
+    EXPECT_EQ(MessageName(trace[1].message), "WM_USER");
+    EXPECT_TRUE(trace[1].posted);
 }
 
 TEST_F(DriverTest, IdleActionsDriveALoopAndAForgottenLoopIsEnded)
@@ -122,6 +95,44 @@ TEST_F(DriverTest, AFaultFiresAsOftenAsOrderedAfterWhatItSkips)
     EXPECT_EQ(SetTimer(nullptr, 0, 10, nullptr), 0U);
     Reset();
     EXPECT_NE(SetTimer(nullptr, 0, 10, nullptr), 0U);
+}
+
+TEST_F(DriverTest, AFaultIsPendingUntilItFirstFires)
+{
+    Fail("SetTimer", 2);
+    Fail("CreateWindowExW", 1, ERROR_ACCESS_DENIED, 1);
+    EXPECT_EQ(PendingFaults(), (std::vector<std::string>{"CreateWindowExW", "SetTimer"}));
+    SetTimer(nullptr, 0, 10, nullptr);
+    MakeTop();
+    EXPECT_EQ(PendingFaults(), std::vector<std::string>{"CreateWindowExW"}) << "it let one call through";
+    ClearFaults();
+    EXPECT_TRUE(PendingFaults().empty());
+    Fail("SetTimer");
+    Reset();
+    EXPECT_TRUE(PendingFaults().empty());
+}
+
+TEST_F(DriverTest, OnlyAnOperationThatCanFailTakesAFault)
+{
+    EXPECT_DEATH(Fail("IsWindow"), "'IsWindow' is no operation that can fail");
+    EXPECT_DEATH(Fail("CreateWindow"), "'CreateWindow' is no operation that can fail");
+}
+
+TEST_F(DriverTest, CallsOfTheProgramFailAndThoseWithinThePlatformDoNot)
+{
+    BOOL moved = TRUE;
+    const HWND top = Make({.style = WS_POPUP}, [&](HWND self, UINT message, WPARAM, LPARAM) {
+        if (message == WM_SHOWWINDOW) {
+            moved = SetWindowPos(self, nullptr, 1, 1, 9, 9, SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        return std::optional<LRESULT>();
+    });
+    Fail("SetWindowPos", 9);
+    EXPECT_TRUE(MoveWindow(top, 5, 5, 50, 50, TRUE)) << "another operation, whatever it is made of";
+    EXPECT_EQ(PendingFaults(), std::vector<std::string>{"SetWindowPos"});
+    ShowWindow(top, SW_SHOW);
+    EXPECT_TRUE(IsWindowVisible(top));
+    EXPECT_FALSE(moved) << "a window procedure's call, within one of the platform's, is the program's";
 }
 
 TEST_F(DriverTest, TheClipboardOwnsWhatItIsGiven)

@@ -169,7 +169,7 @@ TEST_F(RibbonLifeTest, ATemplateThatCannotBeLoadedGivesEmptyLists)
         desk::Fail(pszOperation);
         OpenRibbon ribbon(UINT{120});
         ExpectImages(ribbon, 0, 0);
-        desk::ClearFaults();
+        EndFaults();
     }
     desk::Fail("CreateDIBSection");
     OpenRibbon half(UINT{120});

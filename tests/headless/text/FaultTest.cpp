@@ -17,14 +17,14 @@ class TextFault : public testing::Test
 {
 protected:
     void SetUp() override { Prepare(context, u"an earlier text, of which nothing may be seen", 0); }
-    void TearDown() override { desk::ClearFaults(); }
+    void TearDown() override { EndFaults(); }
 
     // "aa βββ" at 30 pixels with a fault, checked for order.
     Text PrepareFailing(const char* operation, DWORD error, int times = 1)
     {
         desk::Fail(operation, times, error);
         Text text = Prepare(context, u"aa βββ", 30);
-        desk::ClearFaults();
+        EndFaults();
         EXPECT_EQ(CheckText(*text), "") << operation;
         CDrawText::DrawTextW(context, text.get(), RECT{0, 0, 20, 20});
         return text;
