@@ -2,8 +2,8 @@
 // behind them, or a host that subclassed them hears of a change of the capture or the style. Under the
 // sanitizers, any touch of an object after its end shows here.
 
+#include "../support/AllControls.h"
 #include "../support/Interception.h"
-#include "MakeControl.h"
 
 #include <gtest/gtest.h>
 
@@ -14,18 +14,6 @@ using namespace test;
 // A point where a press takes the capture.
 template <class CONTROL> constexpr LPARAM INSIDE = MAKELPARAM(5, 5);
 template <> constexpr LPARAM INSIDE<GRibbon> = MAKELPARAM(5, 60);
-
-template <class CONTROL> HWND Make(CONTROL& control, HWND hwndParent)
-{
-    if constexpr (requires { control.GetPage(1); }) {
-        const HWND hwnd = control.Create(10, 10, 100, 118, hwndParent, nullptr);
-        control.AddPage(nullptr, 1, L"Page");
-        control.GetPage(1)->InsertGroup(0, 1, L"Group", 0);
-        return hwnd;
-    } else {
-        return MakeControl(control, hwndParent);
-    }
-}
 
 void Destroy(GWnd* pControl, bool fObjectToo)
 {
@@ -46,7 +34,7 @@ protected:
         Host host;
         for (const bool fObjectToo : {false, true}) {
             auto* pControl = new CONTROL;
-            const HWND hwnd = Make(*pControl, host);
+            const HWND hwnd = MakeAnyControl(*pControl, host);
             const Interception background(host, WM_ERASEBKGND, [&] { Destroy(pControl, fObjectToo); });
             act(hwnd);
             EXPECT_TRUE(background.Happened());
@@ -58,8 +46,9 @@ protected:
     }
 };
 
-using Transparent = testing::Types<GLabel, GButton, GCheckBox, GRadioButton, GCommandButton, GProgressBar,
-                                   GList, GEdit, GComboBox, GRibbon>;
+// The others paint all of their background themselves.
+using Transparent =
+    AllControlsBut<GNavigationButton, GSeparator, GScrollbar, GTree, GNavigationBar, GRightClickMenu>;
 TYPED_TEST_SUITE(ParentBackgroundTest, Transparent);
 
 TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaintsOrPrints)
@@ -98,12 +87,10 @@ template <class CONTROL> class MouseTest : public testing::Test
 protected:
     Host host;
     CONTROL* pControl = new CONTROL;
-    HWND hwnd = Make(*pControl, host);
+    HWND hwnd = MakeAnyControl(*pControl, host);
 };
 
-using Pressable =
-    testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton, GSeparator,
-                   GScrollbar, GTree, GNavigationBar, GList, GEdit, GComboBox, GRibbon>;
+using Pressable = AllControlsBut<GLabel, GProgressBar, GRightClickMenu>;
 TYPED_TEST_SUITE(MouseTest, Pressable);
 
 TYPED_TEST(MouseTest, SubclassMayDestroyTheControlAsItGivesUpTheCapture)
