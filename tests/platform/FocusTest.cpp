@@ -7,7 +7,7 @@ namespace {
 
 using FocusTest = WindowsTest;
 
-const std::initializer_list<UINT> c_focus = {WM_NCACTIVATE, WM_ACTIVATE, WM_KILLFOCUS, WM_SETFOCUS};
+const std::initializer_list<UINT> FOCUS_MESSAGES = {WM_NCACTIVATE, WM_ACTIVATE, WM_KILLFOCUS, WM_SETFOCUS};
 
 TEST_F(FocusTest, FocusMovesWithLossBeforeGain)
 {
@@ -17,7 +17,7 @@ TEST_F(FocusTest, FocusMovesWithLossBeforeGain)
     EXPECT_EQ(GetFocus(), top); // from the activation that came with the showing
     EXPECT_EQ(SetFocus(a), top);
     const auto trace = Traced([&] { EXPECT_EQ(SetFocus(b), a); });
-    EXPECT_EQ(Names(trace, {{a, 'a'}, {b, 'b'}}, c_focus), "a:WM_KILLFOCUS, b:WM_SETFOCUS");
+    EXPECT_EQ(Names(trace, {{a, 'a'}, {b, 'b'}}, FOCUS_MESSAGES), "a:WM_KILLFOCUS, b:WM_SETFOCUS");
     EXPECT_EQ(trace[0].wParam, reinterpret_cast<WPARAM>(b));
     EXPECT_EQ(trace[1].wParam, reinterpret_cast<WPARAM>(a));
     EXPECT_TRUE(Traced([&] { SetFocus(b); }).empty());
@@ -49,7 +49,7 @@ TEST_F(FocusTest, ActivationPassesFromWindowToWindow)
     const HWND b = MakeTop({200, 0, 300, 100});
     const auto trace = Traced([&] { SetActiveWindow(a); });
     EXPECT_EQ(
-        Names(trace, {{a, 'a'}, {b, 'b'}}, c_focus),
+        Names(trace, {{a, 'a'}, {b, 'b'}}, FOCUS_MESSAGES),
         "b:WM_NCACTIVATE, b:WM_ACTIVATE, a:WM_NCACTIVATE, a:WM_ACTIVATE, b:WM_KILLFOCUS, a:WM_SETFOCUS");
     EXPECT_EQ(GetForegroundWindow(), a);
 }

@@ -9,7 +9,7 @@ namespace {
 using WindowTest = WindowsTest;
 
 // What paints come with, at times that the platforms choose.
-const std::initializer_list<UINT> c_paints = {WM_NCPAINT, WM_ERASEBKGND, WM_GETTEXT};
+const std::initializer_list<UINT> PAINT_MESSAGES = {WM_NCPAINT, WM_ERASEBKGND, WM_GETTEXT};
 
 TEST_F(WindowTest, CreationSendsWhatThePlatformSendsInItsOrder)
 {
@@ -43,7 +43,7 @@ TEST_F(WindowTest, CreationSendsWhatThePlatformSendsInItsOrder)
         auto trace = Traced([&] { hwnd = Make(c.options); });
         // Of the former window's messages only the parent's notification belongs here.
         std::erase_if(trace, [&](const Seen& m) { return m.hwnd != hwnd && m.message != WM_PARENTNOTIFY; });
-        EXPECT_EQ(Names(trace, c_paints), c.messages) << c.what;
+        EXPECT_EQ(Names(trace, PAINT_MESSAGES), c.messages) << c.what;
         DestroyWindow(hwnd);
     }
 }
@@ -110,7 +110,7 @@ TEST_F(WindowTest, MovingAndSizingReportJustWhatChanged)
         return Names(
             Traced([&] { SetWindowPos(child, nullptr, x, y, cx, cy, flags | SWP_NOZORDER | SWP_NOACTIVATE); },
                    child),
-            c_paints);
+            PAINT_MESSAGES);
     };
     EXPECT_EQ(change(10, 20, 100, 50, 0), "WM_WINDOWPOSCHANGING");
     EXPECT_EQ(change(11, 22, 0, 0, SWP_NOSIZE), "WM_WINDOWPOSCHANGING, WM_WINDOWPOSCHANGED, WM_MOVE");
@@ -152,7 +152,7 @@ TEST_F(WindowTest, PlatformScrollBarsComeAndGoWithTheirRange)
     const HWND hwnd = Make({.style = WS_POPUP | WS_VISIBLE | WS_VSCROLL, .place = {0, 0, 100, 100}});
     const auto set = [&](int max, UINT page, UINT more) {
         const SCROLLINFO info{sizeof(info), SIF_RANGE | SIF_PAGE | more, 0, max, page, 0, 0};
-        return Names(Traced([&] { SetScrollInfo(hwnd, SB_VERT, &info, FALSE); }, hwnd), c_paints);
+        return Names(Traced([&] { SetScrollInfo(hwnd, SB_VERT, &info, FALSE); }, hwnd), PAINT_MESSAGES);
     };
     EXPECT_EQ(set(99, 10, 0), "");
     EXPECT_EQ(set(9, 10, 0), "WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_SIZE");
