@@ -113,6 +113,8 @@ TEST_F(ProgressDrawTest, ChangeOfTheStyleLeavesTheThemeThatWasOpened)
     desk::Fail("OpenThemeData");
     SendMessageW(bar, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(RightAt(1000), 104) << "still drawn by the style";
+    EXPECT_EQ(desk::PendingFaults(), std::vector<std::string>{"OpenThemeData"}) << "nothing is opened";
+    desk::ClearFaults();
 }
 
 TEST_F(ProgressDrawTest, SeparatorDrawsNothing)

@@ -13,7 +13,7 @@ void CALLBACK OnThreadTimer(HWND, UINT, UINT_PTR id, DWORD time)
     s_fired.push_back(std::to_string(id) + "@" + std::to_string(time));
 }
 
-class TimerTest : public DesktopTest
+class TimerClockTest : public DesktopTest
 {
 protected:
     void SetUp() override
@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(TimerTest, TimersFireInTheOrderOfTheirTimes)
+TEST_F(TimerClockTest, TimersFireInTheOrderOfTheirTimes)
 {
     const HWND top =
         MakeTop({0, 0, 10, 10}, [](HWND, UINT message, WPARAM id, LPARAM) -> std::optional<LRESULT> {
@@ -40,7 +40,7 @@ TEST_F(TimerTest, TimersFireInTheOrderOfTheirTimes)
     EXPECT_EQ(Now(), 210U);
 }
 
-TEST_F(TimerTest, ATimerGoesWithItsWindowOrWhenItIsKilled)
+TEST_F(TimerClockTest, ATimerGoesWithItsWindowOrWhenItIsKilled)
 {
     const HWND top = MakeTop();
     SetTimer(top, 1, 10, OnThreadTimer);

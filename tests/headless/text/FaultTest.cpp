@@ -24,9 +24,9 @@ protected:
     {
         desk::Fail(operation, times, error);
         Text text = Prepare(context, u"aa βββ", 30);
-        EndFaults();
         EXPECT_EQ(CheckText(*text), "") << operation;
         CDrawText::DrawTextW(context, text.get(), RECT{0, 0, 20, 20});
+        EndFaults();
         return text;
     }
 
