@@ -10,6 +10,10 @@ COLORREF ColorOf(Color color)
     case Color::FieldDisabledText: return RGB(0x6D, 0x6D, 0x6D);
     case Color::FieldSelection: return RGB(0xAD, 0xD6, 0xFF);
 
+    case Color::TreeBackground: return RGB(0xFF, 0xFF, 0xFF);
+    case Color::NavigationHeaderText: return RGB(0x5C, 0x5C, 0x5C);
+    case Color::NavigationLine: return RGB(0xE5, 0xE5, 0xE5);
+
     case Color::RibbonActiveLine: return RGB(0xDB, 0xDB, 0xDB);
     case Color::RibbonActiveFill: return RGB(0xF6, 0xF6, 0xF6);
     case Color::RibbonHotLine: return RGB(0xEB, 0xEB, 0xEB);

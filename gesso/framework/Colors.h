@@ -13,6 +13,11 @@ enum class Color
     FieldDisabledText, // of an edit field that is disabled
     FieldSelection,    // behind selected text in both, whose own colour stays
 
+    // Trees
+    TreeBackground,       // of trees and navigation bars
+    NavigationHeaderText, // of the headers between a bar's rows
+    NavigationLine,       // of its separators
+
     // Ribbon
     RibbonActiveLine, // the outline of the active tab, and the base line
     RibbonActiveFill, // the active tab

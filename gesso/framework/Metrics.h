@@ -54,6 +54,26 @@ inline constexpr Measure COMBO_PANEL_OVERLAP{2};
 
 // --- Trees
 inline constexpr Measure TREE_ITEM_HEIGHT{20};
+inline constexpr Measure TREE_SCROLL_LINE{20}; // of WM_VSCROLL, whatever the height of an item is
+inline constexpr Measure TREE_LEVEL_STEP{15};
+inline constexpr Measure TREE_CELL{20};        // of each cell in front of the label, as it is painted
+inline constexpr Measure TREE_HIT_CELL{15};    // as it is hit
+inline constexpr Measure TREE_IMAGE{16};       // the side of an image, of a navigation bar's too
+inline constexpr Measure TREE_TEXT_ROOM{1000}; // for a text that is measured: a single line takes its part
+
+// --- Navigation bars
+inline constexpr Measure NAVIGATION_ITEM_HEIGHT{40};
+inline constexpr Measure NAVIGATION_SUBITEM_HEIGHT{20};
+inline constexpr Measure NAVIGATION_THIN_HEIGHT{5}; // of a separator or spacer
+inline constexpr Measure NAVIGATION_LINE_TOP{2};    // of a separator's line, in its row
+inline constexpr Measure NAVIGATION_LINE{1};
+inline constexpr Measure NAVIGATION_HEADER_FONT{12};
+inline constexpr int NAVIGATION_HEADER_WEIGHT = 600;
+inline constexpr Measure NAVIGATION_LEVEL_STEP{15};
+inline constexpr Measure NAVIGATION_LEFT_MARGIN{10};
+inline constexpr Measure NAVIGATION_GLYPH_CELL{25};
+inline constexpr Measure NAVIGATION_IMAGE_CELL{20};
+inline constexpr Measure NAVIGATION_RIGHT_MARGIN{5}; // behind a glyph at the right
 
 // --- Ribbon
 inline constexpr Measure RIBBON_TAB_FONT{14}; // the heights of the fonts

@@ -2,6 +2,7 @@
 
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/tree/GNavigationBar.h>
 
 #include <algorithm>
@@ -10,17 +11,13 @@ using Control = GNavigationBar;
 #include <gesso/tree/TreeMembers.inl>
 
 using gesso::Frame;
+namespace Metrics = gesso::Metrics;
 
 constinit ATOM GNavigationBar::s_aClass = 0;
 
-namespace {
-
-constexpr int HEADER_FONT_HEIGHT = -12;
-constexpr int HEADER_FONT_WEIGHT = 600;
-
-} // namespace
-
-GNavigationBar::GNavigationBar() : m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
+GNavigationBar::GNavigationBar()
+    : m_nItemHeight(static_cast<UINT>(gesso::Pixels(nullptr, Metrics::NAVIGATION_ITEM_HEIGHT))),
+      m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
 {
     m_pRoot->uState = NBIS_EXPANDED;
 }
@@ -56,7 +53,7 @@ bool GNavigationBar::UpdateScrollbars()
     if (m_hWnd) {
         RECT rc{};
         GetClientRect(m_hWnd, &rc);
-        CalcScrollbars(rc.bottom + (m_dwHStyle & GSB_HIDDEN ? GetSystemMetrics(SM_CYHSCROLL) : 0));
+        CalcScrollbars(rc.bottom + (m_dwHStyle & GSB_HIDDEN ? gesso::SystemMetric(m_hWnd, SM_CYHSCROLL) : 0));
     }
     return life;
 }
@@ -85,8 +82,8 @@ void GNavigationBar::EnsureVisible(UINT row)
 
 LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
 {
-    m_hHeaderFont.Reset(
-        CreateFontW(HEADER_FONT_HEIGHT, 0, 0, 0, HEADER_FONT_WEIGHT, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI"));
+    m_hHeaderFont.Reset(CreateFontW(-gesso::Pixels(m_hWnd, Metrics::NAVIGATION_HEADER_FONT), 0, 0, 0,
+                                    Metrics::NAVIGATION_HEADER_WEIGHT, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI"));
     m_hFont = g_hDefaultFont;
     return 0;
 }
@@ -140,18 +137,17 @@ LRESULT GNavigationBar::OnGetDlgCode() const
 
 LRESULT CALLBACK GNavigationBar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pBar = Frame::ObjectOf<GNavigationBar>(hwnd);
-    if (!pBar) {
-        return uMsg == WM_NCCREATE ? Frame::Attach<GNavigationBar>(hwnd, lParam)
-                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GNavigationBar& bar = *pBar;
+    return Frame::Route<GNavigationBar>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GNavigationBar::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     switch (uMsg) {
-    case WM_SIZE: return bar.OnSize();
-    case WM_PRINTCLIENT: return Frame::OnPrintClient(bar, reinterpret_cast<HDC>(wParam), lParam);
-    case WM_GETDLGCODE: return bar.OnGetDlgCode();
-    case WM_KEYDOWN: return bar.OnKeyDown(static_cast<UINT>(wParam), lParam);
-    case WM_KEYUP: return bar.OnKeyUp(static_cast<UINT>(wParam), lParam);
-    default: return bar.OnTreeMessage(uMsg, wParam, lParam);
+    case WM_SIZE: return OnSize();
+    case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
+    case WM_GETDLGCODE: return OnGetDlgCode();
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), lParam);
+    case WM_KEYUP: return OnKeyUp(static_cast<UINT>(wParam), lParam);
+    default: return OnTreeMessage(uMsg, wParam, lParam);
     }
 }

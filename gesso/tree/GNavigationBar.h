@@ -22,8 +22,8 @@
 // a caller's mistake: what takes it does nothing, and a getter returns 0 or null. No operation sends a
 // notification but Expand and Collapse. A copy of a bar shares its items and window and has rows of its own.
 //
-// The scroll range counts every row as high as an item, so that a bar with many separators may be scrolled
-// past its end: hosts rely on it.
+// Fixed behaviour: the scroll range counts every row as high as an item, so that a bar with many separators
+// may be scrolled past its end; hosts lay their own things out by that range.
 #pragma once
 
 #include <gesso/framework/GWndScroll.h>
@@ -60,7 +60,7 @@ constexpr WORD NHT_LABEL = 4;
 
 using GNAVNOTIFY = GLISTNOTIFY;
 
-// One row's item, owned by its bar; hosts know it by its handle only.
+// One row's item, owned by its bar; named by its handle.
 struct NavigationBarItem : gesso::TreeRecord<NavigationBarItem>
 {
     using TreeRecord::TreeRecord;
@@ -77,7 +77,7 @@ public:
         WORD wReserved;
     };
 
-    static constexpr HitTestInfo NO_HIT{{0, 0}, gesso::NO_ROW, 0xFFFF, 0xFFFF};
+    static constexpr HitTestInfo NO_HIT{{0, 0}, gesso::NO_INDEX, 0xFFFF, 0xFFFF};
 
     GNavigationBar();
     GNavigationBar(const GNavigationBar&) = default;
@@ -92,8 +92,9 @@ public:
     // DestroyWindow. Returns 0 without a window.
     virtual int Destroy();
 
-    // Of an item that is in view, with the notifications; repaints. Nothing for an item that is not. The
-    // selection stays at its row's number, though rows below move: hosts rely on it.
+    // Of an item that is in view, with the notifications; repaints. Nothing for an item that is not.
+    // Fixed behaviour: the selection stays at its row's number, though rows below move; hosts select anew
+    // after an expansion, and would find their item selected already, with no repaint.
     virtual void Expand(void* hItem);
     virtual void Collapse(void* hItem);
     // Scrolls until the row would be in sight if all rows were as high as an item; repaints.
@@ -115,9 +116,10 @@ public:
     virtual void* GetRootItem() const;
     // Makes an item below hParent, GetRootItem() for the top, and behind its child hAfter: null for the
     // front, no child of it for the end. The text is copied, null for none; nImage is an index into the image
-    // list; uState holds the kind. Returns the handle, or null for a bad hParent. Repaints. Below an expanded
-    // item the row's number is counted from the children alone, so that behind an expanded one it lands in
-    // that one's branch; and the selected row keeps its number: hosts rely on both.
+    // list; uState holds the kind. Returns the handle, or null for a bad hParent. Repaints.
+    // Fixed behaviour: below an expanded item the row's number is counted from the children alone, so that
+    // behind an expanded one it lands in that one's branch, and the selected row keeps its number; the rows
+    // of hosts that insert so, and then collapse and expand, would change their order.
     virtual void* InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState,
                              void* pData);
     // Removes an item with all below it; repaints.
@@ -198,18 +200,19 @@ protected:
     gesso::TreeTheme m_hTheme;
     gesso::FontHandle m_hHeaderFont;
     HFONT m_hFont = nullptr;
-    UINT m_nItemHeight = 40;
+    UINT m_nItemHeight;
     HIMAGELIST m_hImageList = nullptr;
     NavigationBarItem* m_pRoot;
     NavigationBarItem* m_pSelected = nullptr;
     gesso::ItemRows<NavigationBarItem> m_aVisible;
-    UINT m_nSelected = gesso::NO_ROW;
+    UINT m_nSelected = gesso::NO_INDEX;
     HitTestInfo m_hitDown = NO_HIT;
     HitTestInfo m_hitMove = NO_HIT;
 
 private:
     friend class gesso::Frame;
 
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     NavigationBarItem* ItemOf(void* hItem) const;
     NavigationBarItem* ItemOrNone(void* hItem) const;
     UINT RowForNew(const NavigationBarItem& item) const;
@@ -224,6 +227,7 @@ private:
     void ScrollTo(int nBar, int64_t nPos);
     bool ScrollRowIntoView(UINT row, bool fFromAbove, bool fFromBelow);
 
+    int LeftOf(const NavigationBarItem& item) const;
     int RowHeight(const NavigationBarItem& item) const;
     UINT RowReaching(int64_t y, int64_t* pTop) const;
     struct Cells;
@@ -232,6 +236,7 @@ private:
     WORD PartAt(const NavigationBarItem& item, int x, int nRight) const;
     void DrawRow(HDC hdc, UINT row, const RECT& rc) const;
     void DrawItemRow(HDC hdc, UINT row, const RECT& rc) const;
+    void DrawSeparator(HDC hdc, const RECT& rc) const;
     void DrawHeader(HDC hdc, const NavigationBarItem& item, RECT rc) const;
     bool IsGlyphHot(UINT row) const;
     void Toggle(UINT row);

@@ -7,13 +7,14 @@ using Control = GNavigationBar;
 
 #include <algorithm>
 
-// Counted from the children alone, as if none of them were expanded: hosts rely on it. Below an item that is
-// expanded but not in view itself there is no row.
+// Below an item that is expanded but not in view itself there is no row.
+// Fixed behaviour: counted from the children alone, as if none of them were expanded; any other row would
+// show what hosts insert behind an expanded item in another place than before.
 UINT GNavigationBar::RowForNew(const NavigationBarItem& item) const
 {
     const UINT rowParent = m_aVisible.Find(item.pParent);
-    if (rowParent == gesso::NO_ROW && item.pParent != m_pRoot) {
-        return gesso::NO_ROW;
+    if (rowParent == gesso::NO_INDEX && item.pParent != m_pRoot) {
+        return gesso::NO_INDEX;
     }
     return std::min(rowParent + 1 + item.place.iChild, m_aVisible.GetLength());
 }

@@ -1,7 +1,9 @@
 // Painting of a navigation bar, what a point hits, and what the mouse does.
 
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
 #include <gesso/tree/GNavigationBar.h>
 #include <gesso/tree/ItemHold.h>
@@ -10,30 +12,21 @@
 #include <algorithm>
 #include <utility>
 
+using gesso::ColorOf;
 using gesso::Frame;
-using gesso::NO_ROW;
+using gesso::NO_INDEX;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 
 namespace {
-
-constexpr int LEVEL_STEP = 15;
-constexpr int LEFT_MARGIN = 10;
-constexpr int GLYPH_CELL = 25;
-constexpr int IMAGE_CELL = 20;
-constexpr int RIGHT_GLYPH_END = 5; // from the right edge
-
-constexpr int THIN_ROW = 5; // a separator or spacer
-constexpr int SUBITEM_ROW = 20;
-constexpr int LINE_TOP = 2; // of a separator's line, in its row
-
-constexpr COLORREF HEADER_COLOR = 0x5C5C5C;
-constexpr COLORREF LINE_COLOR = 0xE5E5E5;
 
 UINT KindOf(const NavigationBarItem& item)
 {
     return item.uState & NBIK_MASK;
 }
 
-// A compact row shows its glyph for children that are there, and not for those to come: hosts know it so.
+// Fixed behaviour: a compact row shows its glyph for children that are there, and not for those to come; a
+// glyph would appear in rows of hosts that set NBIS_HASCHILDREN in all of them.
 bool ShowsGlyph(const NavigationBarItem& item)
 {
     return KindOf(item) == NBIK_SUBITEM ? item.aChildren.GetLength() > 0 : gesso::HasExpander(item);
@@ -57,22 +50,31 @@ bool GNavigationBar::HasGlyphAtLeft(const NavigationBarItem& item) const
     return KindOf(item) == NBIK_SUBITEM || (Frame::Style(*this) & GNS_GLYPHLEFT);
 }
 
+// Where a row begins: its header's text, or its first cell.
+int GNavigationBar::LeftOf(const NavigationBarItem& item) const
+{
+    return item.nLevel * Pixels(m_hWnd, Metrics::NAVIGATION_LEVEL_STEP) +
+           Pixels(m_hWnd, Metrics::NAVIGATION_LEFT_MARGIN);
+}
+
 GNavigationBar::Cells GNavigationBar::CellsOf(const NavigationBarItem& item, int nRight) const
 {
-    const int x = item.nLevel * LEVEL_STEP + LEFT_MARGIN;
+    const int x = LeftOf(item);
+    const int cxGlyph = Pixels(m_hWnd, Metrics::NAVIGATION_GLYPH_CELL);
+    const int cxImage = Pixels(m_hWnd, Metrics::NAVIGATION_IMAGE_CELL);
     if (HasGlyphAtLeft(item)) {
-        const int nImage = x + GLYPH_CELL;
-        return {x, nImage, nImage, nImage + IMAGE_CELL};
+        return {x, x + cxGlyph, x + cxGlyph, x + cxGlyph + cxImage};
     }
-    return {nRight - GLYPH_CELL, nRight - RIGHT_GLYPH_END, x, x + IMAGE_CELL};
+    const int nGlyphEnd = nRight - Pixels(m_hWnd, Metrics::NAVIGATION_RIGHT_MARGIN);
+    return {nRight - cxGlyph, nGlyphEnd, x, x + cxImage};
 }
 
 int GNavigationBar::RowHeight(const NavigationBarItem& item) const
 {
     switch (KindOf(item)) {
     case NBIK_SEPARATOR:
-    case NBIK_SPACER: return THIN_ROW;
-    case NBIK_SUBITEM: return SUBITEM_ROW;
+    case NBIK_SPACER: return Pixels(m_hWnd, Metrics::NAVIGATION_THIN_HEIGHT);
+    case NBIK_SUBITEM: return Pixels(m_hWnd, Metrics::NAVIGATION_SUBITEM_HEIGHT);
     default: return static_cast<int>(std::min<UINT>(m_nItemHeight, SHRT_MAX));
     }
 }
@@ -88,7 +90,7 @@ UINT GNavigationBar::RowReaching(int64_t y, int64_t* pTop) const
         }
         *pTop += nHeight;
     }
-    return NO_ROW;
+    return NO_INDEX;
 }
 
 // --- Painting
@@ -98,7 +100,7 @@ void GNavigationBar::Draw(HDC hdc)
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const gesso::TransparentScope mode(hdc);
-    FillRect(hdc, &rcClient, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    gesso::FillTreeBackground(hdc, rcClient);
     const gesso::SelectScope font(hdc, m_hFont);
     int64_t nTop = 0;
     UINT row = RowReaching(m_siV.nPos, &nTop);
@@ -118,22 +120,25 @@ void GNavigationBar::DrawRow(HDC hdc, UINT row, const RECT& rc) const
     case NBIK_ITEM:
     case NBIK_SUBITEM: DrawItemRow(hdc, row, rc); break;
     case NBIK_HEADER: DrawHeader(hdc, item, rc); break;
-    case NBIK_SEPARATOR: {
-        gesso::BrushHandle brush;
-        brush.Reset(CreateSolidBrush(LINE_COLOR));
-        const RECT rcLine{rc.left, rc.top + LINE_TOP, rc.right, rc.top + LINE_TOP + 1};
-        FillRect(hdc, &rcLine, brush);
-        break;
-    }
+    case NBIK_SEPARATOR: DrawSeparator(hdc, rc); break;
     default: break;
     }
 }
 
+void GNavigationBar::DrawSeparator(HDC hdc, const RECT& rc) const
+{
+    const int nTop = rc.top + Pixels(m_hWnd, Metrics::NAVIGATION_LINE_TOP);
+    const RECT rcLine{rc.left, nTop, rc.right, nTop + Pixels(m_hWnd, Metrics::NAVIGATION_LINE)};
+    gesso::BrushHandle brush;
+    brush.Reset(CreateSolidBrush(ColorOf(gesso::Color::NavigationLine)));
+    FillRect(hdc, &rcLine, brush);
+}
+
 void GNavigationBar::DrawHeader(HDC hdc, const NavigationBarItem& item, RECT rc) const
 {
-    rc.left = item.nLevel * LEVEL_STEP + LEFT_MARGIN;
+    rc.left = LeftOf(item);
     const gesso::SelectScope font(hdc, m_hHeaderFont);
-    const gesso::TextColorScope color(hdc, HEADER_COLOR);
+    const gesso::TextColorScope color(hdc, ColorOf(gesso::Color::NavigationHeaderText));
     gesso::DrawTreeLabel(hdc, item.strName, rc);
 }
 
@@ -151,8 +156,9 @@ void GNavigationBar::DrawItemRow(HDC hdc, UINT row, const RECT& rc) const
         m_hTheme.DrawGlyph(hdc, IsGlyphHot(row), item.uState & NBIS_EXPANDED,
                            {cells.nGlyph, rc.top, cells.nGlyphEnd, rc.bottom});
     }
-    gesso::DrawTreeImage(hdc, m_hImageList, item.nImage, cells.nImage,
-                         (rc.top + rc.bottom - gesso::TREE_IMAGE_SIZE) / 2);
+    const int nSide = Pixels(m_hWnd, Metrics::TREE_IMAGE);
+    gesso::DrawTreeImage(hdc, m_hImageList, item.nImage, cells.nImage, (rc.top + rc.bottom - nSide) / 2,
+                         nSide);
     gesso::DrawTreeLabel(hdc, item.strName, {cells.nLabel, rc.top, rc.right, rc.bottom});
 }
 
@@ -173,7 +179,7 @@ void GNavigationBar::HitTest(HitTestInfo* pInfo) const
     const POINTS pt = pInfo->pt;
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
-    pInfo->nItem = NO_ROW;
+    pInfo->nItem = NO_INDEX;
     pInfo->nPart = NHT_NOWHERE;
     if (m_aVisible.GetLength() == 0 || pt.x < 0 || pt.y < 0 || pt.x > rc.right || pt.y > rc.bottom) {
         return;
@@ -182,7 +188,7 @@ void GNavigationBar::HitTest(HitTestInfo* pInfo) const
     const int64_t y = int64_t{pt.y} + m_siV.nPos;
     int64_t nTop = 0;
     const UINT row = RowReaching(y, &nTop);
-    if (row == NO_ROW) {
+    if (row == NO_INDEX) {
         return;
     }
     pInfo->nItem = row;
@@ -201,7 +207,8 @@ WORD GNavigationBar::PartAt(const NavigationBarItem& item, int x, int nRight) co
     }
     const Cells cells = CellsOf(item, nRight);
     const bool fAtLeft = HasGlyphAtLeft(item);
-    // A compact row has the glyph's part also where there is no glyph: hosts rely on it.
+    // Fixed behaviour: a compact row has the glyph's part also where there is no glyph; a click there
+    // would select in place of toggling.
     const bool fGlyph = gesso::HasExpander(item) || KindOf(item) == NBIK_SUBITEM;
     if (isWithin(cells.nImage, cells.nLabel)) {
         return NHT_IMAGE;
@@ -209,7 +216,8 @@ WORD GNavigationBar::PartAt(const NavigationBarItem& item, int x, int nRight) co
     if (fGlyph && isWithin(cells.nGlyph, cells.nGlyphEnd)) {
         return NHT_GLYPH;
     }
-    // With the glyph at the right, the label's part is the room around it and not the text: hosts rely on it.
+    // Fixed behaviour: with the glyph at the right, the label's part is the room around it and not the text;
+    // hosts that ask for the part under the pointer would get another one.
     return isWithin(fAtLeft ? cells.nLabel : cells.nGlyph, nRight) ? NHT_LABEL : NHT_ROW;
 }
 
@@ -265,7 +273,7 @@ LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     Invalidate(0);
-    HitTestInfo hit{pt, NO_ROW, NHT_NOWHERE, 0};
+    HitTestInfo hit{pt, NO_INDEX, NHT_NOWHERE, 0};
     HitTest(&hit);
     const HitTestInfo press = std::exchange(m_hitDown, NO_HIT);
     NavigationBarItem* item = m_aVisible[hit.nItem];
@@ -301,9 +309,9 @@ void GNavigationBar::ClickItem(NavigationBarItem* item, POINTS pt)
 
 LRESULT GNavigationBar::OnLButtonDblClk(WPARAM, POINTS pt)
 {
-    HitTestInfo hit{pt, NO_ROW, NHT_NOWHERE, 0};
+    HitTestInfo hit{pt, NO_INDEX, NHT_NOWHERE, 0};
     HitTest(&hit);
-    if (hit.nItem != NO_ROW && hit.nPart != NHT_GLYPH) {
+    if (hit.nItem != NO_INDEX && hit.nPart != NHT_GLYPH) {
         SendItem(static_cast<UINT>(NM_DBLCLK), hit.nItem, 0, pt.x, pt.y);
     }
     return 0;

@@ -2,6 +2,7 @@
 
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemeFont.h>
 #include <gesso/tree/GTree.h>
 #include <gesso/tree/TreeCells.h>
@@ -14,10 +15,10 @@ using Control = GTree;
 #include <gesso/tree/TreeMembers.inl>
 
 using gesso::Frame;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 
 namespace {
-
-constexpr int TEXT_ROOM = 1000; // of a text that is measured: a single line takes what it needs
 
 // Whether a bar has a range and page already, so that setting them again would change nothing. The platform
 // limits a page otherwise than the bar does, so that the one that both were given must be the same.
@@ -32,7 +33,9 @@ bool IsSet(const SCROLLINFO& si, DWORD dwFlags, const SCROLLINFO& siNew, UINT nP
 
 constinit ATOM GTree::s_aClass = 0;
 
-GTree::GTree() : m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
+GTree::GTree()
+    : m_nItemHeight(static_cast<UINT>(Pixels(nullptr, Metrics::TREE_ITEM_HEIGHT))), m_pRoot(m_tree.Root()),
+      m_aVisible(m_tree.Store())
 {
     m_pRoot->uState = TIS_EXPANDED;
 }
@@ -57,7 +60,8 @@ void GTree::SetFont(HFONT hFont)
     m_uTreeStyle |= GTS_OWNFONT;
 }
 
-// A host's font is deleted as well once SetTreeStyle has cleared GTS_OWNFONT: hosts rely on it.
+// Fixed behaviour: a host's font is deleted as well once SetTreeStyle has cleared GTS_OWNFONT; hosts that
+// hand a font over so would leak it.
 void GTree::TakeFont(HFONT hFont)
 {
     if (m_hFont != hFont) {
@@ -83,7 +87,7 @@ void GTree::ReleaseFont()
 void GTree::MakeFont()
 {
     gesso::ThemeHandle theme;
-    theme.Reset(OpenThemeData(m_hWnd, L"TEXTSTYLE"));
+    theme.Open(m_hWnd, L"TEXTSTYLE");
     const HFONT hFont = gesso::MakeThemeFont(theme, TEXT_BODYTEXT, TMT_FONT, 100);
     TakeFont(hFont);
     m_hMadeFont.Reset(hFont);
@@ -121,18 +125,19 @@ void GTree::MeasureRows()
             hdc.emplace(IsWindow(m_hWnd) ? m_hWnd : nullptr);
             font.emplace(*hdc, m_hFont);
         }
-        RECT rc{0, 0, TEXT_ROOM, static_cast<LONG>(m_nItemHeight)};
+        RECT rc{0, 0, Pixels(m_hWnd, Metrics::TREE_TEXT_ROOM), static_cast<LONG>(m_nItemHeight)};
         DrawTextW(*hdc, item.strName, -1, &rc, gesso::TREE_LABEL_FORMAT | DT_CALCRECT);
         return static_cast<int>(rc.right - rc.left);
     };
+    const gesso::TreeMeasures cells = gesso::PaintedMeasures(m_hWnd);
     const int nWidest = m_aVisible.Widest([&](TreeItem& item) {
         int& nWidth = item.place.nTextWidth;
         if (nWidth == gesso::NOT_MEASURED) {
             nWidth = item.strName.GetLength() > 0 ? measure(item) : 0;
         }
-        return (item.nLevel + 1) * gesso::PAINTED.nLevelStep + nWidth; // the root's level is -1
+        return (item.nLevel + 1) * cells.nLevelStep + nWidth; // the root's level is -1
     });
-    const int nLabel = gesso::LayOutCells(gesso::PAINTED, -1, m_uTreeStyle).nLabel;
+    const int nLabel = gesso::LayOutCells(cells, -1, m_uTreeStyle).nLabel;
     m_nContentWidth = m_aVisible.GetLength() > 0 ? static_cast<UINT>(nWidest + nLabel) : 0;
 }
 
@@ -149,12 +154,12 @@ bool GTree::UpdateScrollbars()
     return life;
 }
 
-// What fits leaves its own page shorter by the other bar, and what does not is left alone: hosts know the
-// pages so.
+// Fixed behaviour: what fits leaves its own page shorter by the other bar, and what does not is left alone;
+// hosts that ask for the page would get another one, and bars would come and go at other sizes.
 void GTree::CalcScrollbars(int cx, int cy)
 {
-    const auto info = [](int nMax, int nRoom, int nBarMetric) {
-        const int nPage = nMax < nRoom ? nRoom - GetSystemMetrics(nBarMetric) : nRoom;
+    const auto info = [this](int nMax, int nRoom, int nBarMetric) {
+        const int nPage = nMax < nRoom ? nRoom - gesso::SystemMetric(m_hWnd, nBarMetric) : nRoom;
         return SCROLLINFO{
             sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, nMax, static_cast<UINT>(std::max(nPage, 0)), 0, 0};
     };
@@ -194,7 +199,7 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 
 LRESULT GTree::OnCreate(const CREATESTRUCTW*)
 {
-    m_hThemeButton.Reset(OpenThemeData(m_hWnd, L"BUTTON"));
+    m_hThemeButton.Open(m_hWnd, L"BUTTON");
     MakeFont();
     return 0;
 }
@@ -214,7 +219,7 @@ LRESULT GTree::OnDestroy()
 LRESULT GTree::OnThemeChanged()
 {
     m_hTheme.Open(m_hWnd);
-    m_hThemeButton.Reset(OpenThemeData(m_hWnd, L"BUTTON"));
+    m_hThemeButton.Open(m_hWnd, L"BUTTON");
     if (!(m_uTreeStyle & GTS_OWNFONT)) {
         MakeFont();
     }
@@ -230,7 +235,7 @@ LRESULT GTree::OnPrintClient(HDC hdc, LPARAM lParam)
 LRESULT GTree::OnEnable(BOOL fEnable)
 {
     if (!fEnable) {
-        m_dwState &= ~(GWS_HOT | GWS_PRESSED);
+        Frame::ClearState(*this, GWS_HOT | GWS_PRESSED);
     }
     Invalidate(0);
     return 0;
@@ -255,23 +260,22 @@ LRESULT GTree::OnSetFocus(HWND)
 
 LRESULT CALLBACK GTree::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pTree = Frame::ObjectOf<GTree>(hwnd);
-    if (!pTree) {
-        return uMsg == WM_NCCREATE ? Frame::Attach<GTree>(hwnd, lParam)
-                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GTree& tree = *pTree;
+    return Frame::Route<GTree>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GTree::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     const auto uKey = static_cast<UINT>(wParam);
     switch (uMsg) {
-    case WM_PRINTCLIENT: return tree.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
-    case WM_GETDLGCODE: return tree.OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
-    case WM_KEYDOWN: return tree.OnKeyDown(uKey, LOWORD(lParam), HIWORD(lParam));
-    case WM_CHAR: return tree.OnChar(uKey, LOWORD(lParam), HIWORD(lParam));
-    case WM_HSCROLL: return tree.OnHScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_PRINTCLIENT: return OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
+    case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
+    case WM_KEYDOWN: return OnKeyDown(uKey, LOWORD(lParam), HIWORD(lParam));
+    case WM_CHAR: return OnChar(uKey, LOWORD(lParam), HIWORD(lParam));
+    case WM_HSCROLL: return OnHScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_CONTEXTMENU:
     case WM_KEYUP:
     case WM_DEADCHAR:
     case WM_MOUSEHWHEEL: return 0;
-    default: return tree.OnTreeMessage(uMsg, wParam, lParam);
+    default: return OnTreeMessage(uMsg, wParam, lParam);
     }
 }

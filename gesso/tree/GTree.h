@@ -53,7 +53,7 @@ constexpr WORD THT_CHECKBOX = 3;
 constexpr WORD THT_IMAGE = 4;
 constexpr WORD THT_LABEL = 5;
 
-// One item, owned by its tree; hosts know it by its handle only.
+// One item, owned by its tree; named by its handle.
 struct TreeItem : gesso::TreeRecord<TreeItem>
 {
     using TreeRecord::TreeRecord;
@@ -85,7 +85,8 @@ public:
     // Of an item that is in view, with the notifications; repaints. Nothing for an item that is not.
     virtual void Expand(void* hItem);
     virtual void Collapse(void* hItem);
-    // Scrolls until the selected row is in sight, whichever item in view is given: hosts rely on it.
+    // Scrolls until the selected row is in sight.
+    // Fixed behaviour: whichever item in view is given; trees of hosts that give another one would jump.
     virtual void EnsureVisible(void* hItem);
 
     // The whole window style; repaints. Returns the former style.
@@ -111,9 +112,10 @@ public:
     // Returns the handle, or null for a bad hParent. Repaints.
     virtual void* InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState,
                              void* pData);
-    // Removes an item with all below it; repaints. A row of it stays where it is, with nothing behind it,
-    // until the branch that it stands in is collapsed or all items are removed: hosts rely on it. Until then
-    // the getters answer for it.
+    // Removes an item with all below it; repaints.
+    // Fixed behaviour: a row of it stays where it is, with nothing behind it, until the branch that it stands
+    // in is collapsed or all items are removed, and until then the getters answer for it; the rows behind it
+    // would move under hosts that count them, or that still ask for the item.
     virtual void RemoveItem(void* hItem);
     virtual void RemoveAllItems();
     // 0 for the top items, -1 for the root.
@@ -201,21 +203,22 @@ protected:
     gesso::TreeTheme m_hTheme;
     gesso::ThemeHandle m_hThemeButton;
     HFONT m_hFont = nullptr;
-    UINT m_nItemHeight = 20;
+    UINT m_nItemHeight;
     HIMAGELIST m_hImageList = nullptr;
     TreeItem* m_pRoot;
     TreeItem* m_pSelected = nullptr; // also while it is not in view
     gesso::ItemRows<TreeItem> m_aVisible;
-    UINT m_nSelected = gesso::NO_ROW;
+    UINT m_nSelected = gesso::NO_INDEX;
     UINT m_nContentWidth = 0; // of the widest row, in pixels, as of the last expansion or collapse
-    HitTestInfo m_hitDown{{0, 0}, gesso::NO_ROW, THT_NOWHERE};
-    HitTestInfo m_hitMove{{0, 0}, gesso::NO_ROW, THT_NOWHERE};
+    HitTestInfo m_hitDown{{0, 0}, gesso::NO_INDEX, THT_NOWHERE};
+    HitTestInfo m_hitMove{{0, 0}, gesso::NO_INDEX, THT_NOWHERE};
     ULONGLONG m_ftLastChar = 0; // in 100 nanoseconds: when the type-ahead search got its last character
     wchar_t m_szSearch[8]{};
 
 private:
     friend class gesso::Frame;
 
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     TreeItem* ItemOf(void* hItem) const;
     TreeItem* ItemOrNone(void* hItem) const;
     UINT RowForNew(const TreeItem& item) const;

@@ -17,7 +17,8 @@ void GTree::SetItemParent(void* hItem, void* hNewParent)
     Invalidate(0);
 }
 
-// Levels and scroll ranges stay as they are: hosts rely on it.
+// Fixed behaviour: levels and scroll ranges stay as they are; all rows would move to the right, and bars
+// come, in trees of hosts that show the root.
 void GTree::SetRootVisible(bool fVisible)
 {
     const bool fShown = m_aVisible[0] == m_pRoot;
@@ -36,10 +37,12 @@ UINT GTree::RowForNew(const TreeItem& item) const
     const UINT i = item.place.iChild;
     TreeItem* pAnchor = i > 0 ? parent.aChildren[i - 1] : item.pParent;
     if (pAnchor == m_pRoot) {
-        return 0; // in front of the root's own row as well: hosts rely on it
+        // Fixed behaviour: in front of the root's own row as well; hosts that show the root would find their
+        // first item in another row.
+        return 0;
     }
     const UINT row = m_aVisible.Find(pAnchor);
-    return row == gesso::NO_ROW ? row : m_aVisible.SkipDeeper(row + 1, item.nLevel);
+    return row == gesso::NO_INDEX ? row : m_aVisible.SkipDeeper(row + 1, item.nLevel);
 }
 
 // An item that no row shows changes what is seen only where it gives its parent an expander.

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 using gesso::Frame;
-using gesso::NO_ROW;
+using gesso::NO_INDEX;
 
 namespace {
 
@@ -85,7 +85,8 @@ void GTree::StepTo(UINT row)
     }
 }
 
-// The number moves alone, and no item is selected: hosts rely on it.
+// Fixed behaviour: the number moves alone, and no item is selected; hosts that insert afterwards would find
+// the first row still selected.
 void GTree::StepToStart()
 {
     m_nSelected = 0;
@@ -176,7 +177,7 @@ LRESULT GTree::OnChar(UINT ch, UINT, UINT)
         return 0;
     }
     const UINT row = FindTyped(static_cast<wchar_t>(ch));
-    if (row != NO_ROW) {
+    if (row != NO_INDEX) {
         SelectRow(row);
         EnsureVisible(row);
         RedrawAll();
@@ -198,7 +199,7 @@ UINT GTree::FindTyped(wchar_t ch)
         return FindByPrefix(rowSelected + StartsWith(m_nSelected, 1), 1);
     }
     if (nTyped + 1 >= std::size(m_szSearch)) {
-        return NO_ROW;
+        return NO_INDEX;
     }
     m_szSearch[nTyped] = ch;
     m_szSearch[nTyped + 1] = 0;
@@ -221,5 +222,5 @@ UINT GTree::FindByPrefix(UINT rowFrom, UINT nLength) const
             return row;
         }
     }
-    return NO_ROW;
+    return NO_INDEX;
 }

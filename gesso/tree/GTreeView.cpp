@@ -2,7 +2,7 @@
 
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
@@ -13,11 +13,10 @@
 #include <utility>
 
 using gesso::Frame;
-using gesso::NO_ROW;
+using gesso::NO_INDEX;
 
 namespace {
 
-constexpr COLORREF WHITE = 0xFFFFFF;
 constexpr WORD NO_PART = 0xFFFF;
 
 } // namespace
@@ -29,9 +28,7 @@ void GTree::Draw(HDC hdc)
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const gesso::TransparentScope mode(hdc);
-    gesso::BrushHandle brush;
-    brush.Reset(CreateSolidBrush(WHITE));
-    FillRect(hdc, &rcClient, brush);
+    gesso::FillTreeBackground(hdc, rcClient);
     if (m_nItemHeight == 0) {
         return;
     }
@@ -54,10 +51,11 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
     if (fSelected || fHot || (Frame::Style(*this) & WS_DISABLED)) {
         m_hTheme.Items().DrawRow(hdc, gesso::RowStateOf(fSelected, fFocused, fHot), rc);
     }
-    const gesso::TreeCells cells = gesso::LayOutCells(gesso::PAINTED, item.nLevel, m_uTreeStyle);
+    const gesso::TreeMeasures measures = gesso::PaintedMeasures(m_hWnd);
+    const gesso::TreeCells cells = gesso::LayOutCells(measures, item.nLevel, m_uTreeStyle);
     const auto cell = [&](int nLeft) {
         const int x = nLeft - m_siH.nPos;
-        return RECT{x, rc.top, x + gesso::PAINTED.nCell, rc.bottom};
+        return RECT{x, rc.top, x + measures.nCell, rc.bottom};
     };
     if (gesso::HasExpander(item)) {
         m_hTheme.DrawGlyph(hdc, fHot && m_hitMove.nPart == THT_EXPANDER, item.uState & TIS_EXPANDED,
@@ -69,7 +67,8 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
             .DrawBackground(cell(cells.nCheckBox));
     }
     if (m_uTreeStyle & GTS_IMAGES) {
-        gesso::DrawTreeImage(hdc, m_hImageList, item.nImage, cell(cells.nImage).left, rc.top);
+        gesso::DrawTreeImage(hdc, m_hImageList, item.nImage, cell(cells.nImage).left, rc.top,
+                             gesso::Pixels(m_hWnd, gesso::Metrics::TREE_IMAGE));
     }
     rc.left = cells.nLabel - m_siH.nPos;
     gesso::DrawTreeLabel(hdc, item.strName, rc);
@@ -82,14 +81,14 @@ void GTree::HitTest(HitTestInfo* pInfo) const
     const POINTS pt = pInfo->pt;
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
-    pInfo->nItem = NO_ROW;
+    pInfo->nItem = NO_INDEX;
     pInfo->nPart = THT_NOWHERE;
     if (m_aVisible.GetLength() == 0 || pt.x < 0 || pt.y < 0 || pt.x > rc.right || pt.y > rc.bottom) {
         return;
     }
     pInfo->nPart = THT_ROW;
     const int64_t y = int64_t{m_siV.nPos} + pt.y;
-    const UINT row = m_nItemHeight ? static_cast<UINT>(y) / m_nItemHeight : NO_ROW;
+    const UINT row = m_nItemHeight ? static_cast<UINT>(y) / m_nItemHeight : NO_INDEX;
     if (row < m_aVisible.GetLength()) {
         pInfo->nItem = row;
         pInfo->nPart = PartAt(*m_aVisible[row], pt.x);
@@ -98,7 +97,7 @@ void GTree::HitTest(HitTestInfo* pInfo) const
 
 WORD GTree::PartAt(const TreeItem& item, int x) const
 {
-    const gesso::TreeCells cells = gesso::LayOutCells(gesso::HIT, item.nLevel, m_uTreeStyle);
+    const gesso::TreeCells cells = gesso::LayOutCells(gesso::HitMeasures(m_hWnd), item.nLevel, m_uTreeStyle);
     if (x < cells.nExpander) {
         return THT_ROW;
     }
@@ -132,9 +131,9 @@ LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     Invalidate(0);
-    HitTestInfo hit{pt, NO_ROW, THT_NOWHERE};
+    HitTestInfo hit{pt, NO_INDEX, THT_NOWHERE};
     HitTest(&hit);
-    const HitTestInfo press = std::exchange(m_hitDown, HitTestInfo{m_hitDown.pt, NO_ROW, NO_PART});
+    const HitTestInfo press = std::exchange(m_hitDown, HitTestInfo{m_hitDown.pt, NO_INDEX, NO_PART});
     if (hit.nItem != press.nItem) {
         return 0;
     }
@@ -149,7 +148,7 @@ LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
 
 LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
 {
-    HitTestInfo hit{pt, NO_ROW, THT_NOWHERE};
+    HitTestInfo hit{pt, NO_INDEX, THT_NOWHERE};
     HitTest(&hit);
     if (hit.nPart != THT_IMAGE && hit.nPart != THT_LABEL) {
         return 0;
@@ -166,7 +165,8 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
 
 // --- Scrolling
 
-// Whatever row is given, it is the selected one that is brought into view: hosts rely on it.
+// Fixed behaviour: whatever row is given, it is the selected one that is brought into view; keys that reach
+// another row by its number would scroll the tree.
 void GTree::EnsureVisible(UINT)
 {
     if (static_cast<int>(m_siV.nPage) < m_siV.nMax && m_nSelected < m_aVisible.GetLength()) {
@@ -174,7 +174,8 @@ void GTree::EnsureVisible(UINT)
     }
 }
 
-// A line across is as wide as an item is high: hosts rely on it.
+// Fixed behaviour: a line across is as wide as an item is high; hosts that scroll by lines would end
+// elsewhere.
 LRESULT GTree::OnHScroll(UINT uCode, UINT nPos, HWND)
 {
     if (const auto nTarget = gesso::ScrollTarget(m_siH, uCode, nPos, m_nItemHeight)) {

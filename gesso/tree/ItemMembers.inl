@@ -92,7 +92,8 @@ void* Control::GetItemCustomData(void* hItem) const
     return item ? item->pCustomData : nullptr;
 }
 
-// The bits to set are not limited by the mask: hosts rely on it.
+// Fixed behaviour: the bits to set are not limited by the mask; hosts that give a mask of 0 would set
+// nothing.
 void Control::SetItemState(void* hItem, UINT uState, UINT uMask)
 {
     if (Item* item = ItemOf(hItem)) {
@@ -141,11 +142,11 @@ void* Control::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nIm
     item->uState = uState;
     item->nImage = nImage;
     item->pCustomData = pData;
-    const UINT row = parent->uState & Rules::EXPANDED ? RowForNew(*item) : gesso::NO_ROW;
-    if (row != gesso::NO_ROW) {
+    const UINT row = parent->uState & Rules::EXPANDED ? RowForNew(*item) : gesso::NO_INDEX;
+    if (row != gesso::NO_INDEX) {
         m_aVisible.Insert(row, item);
     }
-    ItemInserted(*item, row != gesso::NO_ROW);
+    ItemInserted(*item, row != gesso::NO_INDEX);
     return item;
 }
 
@@ -157,14 +158,15 @@ void Control::RemoveItem(void* hItem)
         return;
     }
     const UINT row = m_aVisible.Find(item);
-    if (row != gesso::NO_ROW) {
+    if (row != gesso::NO_INDEX) {
         const UINT rowEnd = m_aVisible.EndOfBranch(row);
         const UINT rowFirst = Rules::REMOVED_ROW_STAYS ? row + 1 : row;
         m_aVisible.Remove(rowFirst, rowEnd - rowFirst);
-        // A selection below keeps its number, though its row has moved: hosts rely on it.
+        // Fixed behaviour: a selection below keeps its number, though its row has moved; hosts that remove an
+        // item above it and select again would repaint nothing.
         if (m_nSelected >= row && m_nSelected < rowEnd) {
             m_pSelected = nullptr;
-            m_nSelected = gesso::NO_ROW;
+            m_nSelected = gesso::NO_INDEX;
         }
         if (!UpdateScrollbars()) {
             return;
@@ -179,7 +181,7 @@ void Control::RemoveAllItems()
     m_aVisible.RemoveAll();
     m_tree.RemoveChildren(*m_pRoot, [](const Item*) {});
     m_pSelected = nullptr;
-    m_nSelected = gesso::NO_ROW;
+    m_nSelected = gesso::NO_INDEX;
     if (UpdateScrollbars()) {
         RedrawAll();
     }
@@ -203,10 +205,11 @@ void Control::SortChildren(void* hItem)
     }
     gesso::SortByName(item->aChildren.GetData(), item->aChildren.GetLength());
     const UINT row = m_aVisible.Find(item);
-    const bool fPlaced = row != gesso::NO_ROW || item == m_pRoot || !Rules::SORT_NEEDS_ROW;
+    const bool fPlaced = row != gesso::NO_INDEX || item == m_pRoot || !Rules::SORT_NEEDS_ROW;
     if (fPlaced && (item->uState & Rules::EXPANDED)) {
-        // Of no row the number is -1, so that its children begin at 0. Open branches among them are not
-        // reckoned with: hosts rely on it.
+        // Of no row the number is -1, so that its children begin at 0.
+        // Fixed behaviour: open branches among the children are not reckoned with; the rows of hosts that
+        // sort with open branches would come out in another order.
         const UINT rowFirst = row + 1;
         const UINT nRows = m_aVisible.GetLength();
         for (UINT i = 0; i < item->aChildren.GetLength() && i < nRows - rowFirst && rowFirst < nRows; ++i) {
@@ -272,7 +275,7 @@ void Control::Collapse(void* hItem)
 void Control::EnsureVisible(void* hItem)
 {
     const UINT row = m_aVisible.Find(ItemOrNone(hItem));
-    if (row != gesso::NO_ROW) {
+    if (row != gesso::NO_INDEX) {
         EnsureVisible(row);
     }
 }
@@ -327,7 +330,7 @@ bool Control::AskExpansion(UINT* pRow, UINT uAction)
         *pRow = m_aVisible.Find(item);
     }
     const bool fExpanded = item->uState & Rules::EXPANDED;
-    return *pRow != gesso::NO_ROW && fExpanded == (uAction == TVE_COLLAPSE);
+    return *pRow != gesso::NO_INDEX && fExpanded == (uAction == TVE_COLLAPSE);
 }
 
 LRESULT Control::SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const

@@ -6,7 +6,7 @@
 
 namespace gesso {
 
-// An item without a row has NO_ROW as `row`. Returns the parent's answer.
+// An item without a row has NO_INDEX as `row`. Returns the parent's answer.
 inline LRESULT SendItemNotify(const GWnd& wnd, UINT uCode, void* hItem, UINT row, UINT uAction, int x, int y)
 {
     GLISTNOTIFY notify{};

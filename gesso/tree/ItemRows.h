@@ -8,6 +8,7 @@
 // ever points to an item that is gone.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/tree/ItemStore.h>
 #include <gesso/tree/TreeRecord.h>
 
@@ -17,8 +18,6 @@
 #include <vector>
 
 namespace gesso {
-
-constexpr UINT NO_ROW = static_cast<UINT>(-1);
 
 template <class ITEM> class ItemRows;
 
@@ -68,17 +67,17 @@ public:
     }
     ITEM* GetAt(UINT row) const { return (*this)[row]; }
 
-    // The first row of an item; NO_ROW if it has none.
+    // The first row of an item; NO_INDEX if it has none.
     UINT Find(ITEM* item) const
     {
         if (!item || item->place.nRows == 0) {
-            return NO_ROW;
+            return NO_INDEX;
         }
         TreePlace<ITEM>& place = item->place;
         if (place.nRows > 1 || !place.pChunk) {
             return FindByWalking(item);
         }
-        return place.pChunk->pOwner == this ? PlaceIn(*place.pChunk, item) : NO_ROW;
+        return place.pChunk->pOwner == this ? PlaceIn(*place.pChunk, item) : NO_INDEX;
     }
 
     // The first row behind a row's branch: the next one of a level not above its own.
@@ -218,19 +217,19 @@ private:
     {
         for (const auto& pChunk : m_chunks) {
             const UINT row = PlaceIn(*pChunk, item);
-            if (row != NO_ROW) {
+            if (row != NO_INDEX) {
                 item->place.pChunk = pChunk.get();
                 return row;
             }
         }
-        return NO_ROW;
+        return NO_INDEX;
     }
 
     static UINT PlaceIn(const Chunk& chunk, const ITEM* item)
     {
         const auto* pEnd = chunk.aItems + chunk.nCount;
         const auto* pFound = std::find(chunk.aItems, pEnd, item);
-        return pFound == pEnd ? NO_ROW : chunk.nFirst + static_cast<UINT>(pFound - chunk.aItems);
+        return pFound == pEnd ? NO_INDEX : chunk.nFirst + static_cast<UINT>(pFound - chunk.aItems);
     }
 
     static void Enter(Chunk& chunk, ITEM* item)

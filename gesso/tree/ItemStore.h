@@ -71,7 +71,9 @@ private:
 
     struct Block
     {
-        explicit Block(size_t n) : nItems(n), pMemory(new std::byte[n * sizeof(ITEM)]), used(n) {}
+        explicit Block(size_t n)
+            : nItems(n), pMemory(std::make_unique_for_overwrite<std::byte[]>(n * sizeof(ITEM))), used(n)
+        {}
         ITEM* At(size_t i) const { return reinterpret_cast<ITEM*>(pMemory.get()) + i; }
         const std::byte* Begin() const { return pMemory.get(); }
 

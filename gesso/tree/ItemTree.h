@@ -3,6 +3,7 @@
 // A copy shares the items, which live as long as any copy does.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/tree/ItemStore.h>
 #include <gesso/tree/TreeRecord.h>
 
@@ -44,7 +45,7 @@ public:
     {
         auto& aSiblings = item.place.pHolder->aChildren;
         const UINT iNear = IndexNear(aSiblings, item);
-        if (iNear != NO_CHILD) {
+        if (iNear != NO_INDEX) {
             return aSiblings[iNear]->place.iChild = iNear;
         }
         // After this the places of all siblings are known, but for what comes and goes.
@@ -58,7 +59,7 @@ public:
     // no child.
     static ITEM* NextChild(const ITEM& parent, const ITEM* child)
     {
-        const UINT i = !child ? 0 : IsChildOf(child, parent) ? IndexOf(*child) + 1 : NO_CHILD;
+        const UINT i = !child ? 0 : IsChildOf(child, parent) ? IndexOf(*child) + 1 : NO_INDEX;
         return i < parent.aChildren.GetLength() ? parent.aChildren[i] : nullptr;
     }
 
@@ -136,7 +137,6 @@ public:
     }
 
 private:
-    static constexpr UINT NO_CHILD = static_cast<UINT>(-1);
     static constexpr UINT NEAR_BY = 64;
 
     // Around where it was seen last: siblings that came or went since, one by one, have moved it a little.
@@ -151,7 +151,7 @@ private:
                 }
             }
         }
-        return NO_CHILD;
+        return NO_INDEX;
     }
 
     static void Hold(ITEM& parent, UINT i, ITEM& item)

@@ -1,7 +1,11 @@
-// Where the cells of a tree's row lie. Painting and hit-testing have measures of their own that do not agree,
-// and only painting moves with the horizontal position: hosts know the tree so.
+// Where the cells of a tree's row lie.
+//
+// Fixed behaviour: painting and hit-testing have measures of their own that do not agree, and only painting
+// moves with the horizontal position; a click on the same pixel would tick, toggle or select where it did not
+// before.
 #pragma once
 
+#include <gesso/framework/Metrics.h>
 #include <gesso/tree/GTree.h>
 
 namespace gesso {
@@ -12,8 +16,15 @@ struct TreeMeasures
     int nCell; // the width of each cell in front of the label
 };
 
-constexpr TreeMeasures PAINTED{15, 20};
-constexpr TreeMeasures HIT{15, 15};
+inline TreeMeasures PaintedMeasures(HWND hwnd)
+{
+    return {Pixels(hwnd, Metrics::TREE_LEVEL_STEP), Pixels(hwnd, Metrics::TREE_CELL)};
+}
+
+inline TreeMeasures HitMeasures(HWND hwnd)
+{
+    return {Pixels(hwnd, Metrics::TREE_LEVEL_STEP), Pixels(hwnd, Metrics::TREE_HIT_CELL)};
+}
 
 // The left ends of a row's cells, in pixels. A cell that is not there is as wide as nothing.
 struct TreeCells

@@ -8,6 +8,7 @@
 
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/Press.h>
 #include <gesso/framework/ScrollSteps.h>
@@ -109,7 +110,8 @@ bool Control::ScrollRowIntoView(UINT row, bool fFromAbove, bool fFromBelow)
 LRESULT Control::OnVScroll(UINT uCode, UINT nPos, HWND)
 {
     const bool fKnown = uCode != SB_THUMBPOSITION || Rules::THUMB_POSITION_SCROLLS;
-    const int64_t nLine = Rules::LINE ? Rules::LINE : int64_t{m_nItemHeight};
+    const int64_t nLine = Rules::LINE_IS_FIXED ? gesso::Pixels(m_hWnd, gesso::Metrics::TREE_SCROLL_LINE)
+                                               : int64_t{m_nItemHeight};
     if (const auto nTarget = gesso::ScrollTarget(m_siV, uCode, nPos, nLine); nTarget && fKnown) {
         ScrollTo(SB_VERT, *nTarget);
     }
@@ -143,7 +145,8 @@ LRESULT Control::OnLButtonDown(WPARAM, POINTS pt)
     return 0;
 }
 
-// GWS_HOT is set where the pointer is over nothing, and cleared over a row: hosts know the bit so.
+// Fixed behaviour: GWS_HOT is set where the pointer is over nothing, and cleared over a row; derived classes
+// that read the bit would take the one for the other.
 LRESULT Control::OnMouseMove(WPARAM, POINTS pt)
 {
     if (m_dwState & GWS_NCPRESSED) {
@@ -153,7 +156,7 @@ LRESULT Control::OnMouseMove(WPARAM, POINTS pt)
     const HitTestInfo former = m_hitMove;
     m_hitMove.pt = pt;
     HitTest(&m_hitMove);
-    m_dwState = m_hitMove.nPart ? m_dwState & ~GWS_HOT : m_dwState | GWS_HOT;
+    gesso::Frame::ChangeState(*this, GWS_HOT, m_hitMove.nPart == 0);
     if (m_hitMove.nItem != former.nItem || m_hitMove.nPart != former.nPart) {
         Invalidate(0);
     }
@@ -162,7 +165,7 @@ LRESULT Control::OnMouseMove(WPARAM, POINTS pt)
 
 LRESULT Control::OnMouseLeave()
 {
-    m_hitMove.nItem = gesso::NO_ROW;
+    m_hitMove.nItem = gesso::NO_INDEX;
     return gesso::Frame::OnMouseLeave(*this);
 }
 
@@ -177,7 +180,7 @@ LRESULT Control::OnNcCreate(const CREATESTRUCTW* pcs)
 {
     SetWindowTheme(m_hWnd, L"explorer", nullptr);
     GWndScroll::OnNcCreate(pcs);
-    m_dwState = gesso::Frame::FIRST_STATE;
+    gesso::Frame::SetState(*this, gesso::Frame::FIRST_STATE);
     m_hTheme.Open(m_hWnd);
     return 1;
 }
@@ -245,6 +248,6 @@ LRESULT Control::OnTreeMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
     case WM_MOUSEWHEEL: return OnMouseWheel(LOWORD(wParam), GET_WHEEL_DELTA_WPARAM(wParam), pt);
     case WM_VSCROLL: return OnVScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
-    default: return DefWindowProcW(m_hWnd, uMsg, wParam, lParam);
+    default: return gesso::Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

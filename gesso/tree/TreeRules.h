@@ -33,8 +33,8 @@ template <> struct TreeRules<GTree>
     // Sorting writes over the first rows where the item has no row itself.
     static constexpr bool SORT_NEEDS_ROW = false;
     static constexpr bool SELECTING_REPAINTS = false;
-    // Of WM_VSCROLL, in pixels; the height of an item for 0.
-    static constexpr int LINE = 20;
+    // WM_VSCROLL's line is always as high as at first, and not as high as an item.
+    static constexpr bool LINE_IS_FIXED = true;
     static constexpr bool THUMB_POSITION_SCROLLS = true;
 };
 
@@ -53,7 +53,7 @@ template <> struct TreeRules<GNavigationBar>
     static constexpr bool SELECTION_FOLLOWS_ITEM = false;
     static constexpr bool SORT_NEEDS_ROW = true;
     static constexpr bool SELECTING_REPAINTS = true;
-    static constexpr int LINE = 0;
+    static constexpr bool LINE_IS_FIXED = false;
     static constexpr bool THUMB_POSITION_SCROLLS = false;
 };
 

@@ -1,3 +1,5 @@
+#include <gesso/framework/Colors.h>
+#include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/tree/TreeTheme.h>
 
@@ -33,7 +35,14 @@ int RowStateOf(bool fSelected, bool fFocused, bool fHot)
     return fHot ? TREIS_HOT : TREIS_DISABLED;
 }
 
-void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y)
+void FillTreeBackground(HDC hdc, const RECT& rc)
+{
+    BrushHandle brush;
+    brush.Reset(CreateSolidBrush(ColorOf(Color::TreeBackground)));
+    FillRect(hdc, &rc, brush);
+}
+
+void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, int nSide)
 {
     if (!hImageList) {
         return;
@@ -45,8 +54,8 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y)
     params.hdcDst = hdc;
     params.x = x;
     params.y = y;
-    params.cx = TREE_IMAGE_SIZE;
-    params.cy = TREE_IMAGE_SIZE;
+    params.cx = nSide;
+    params.cy = nSide;
     params.rgbBk = CLR_NONE;
     reinterpret_cast<IImageList*>(hImageList)->Draw(&params);
 }

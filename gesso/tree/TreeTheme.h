@@ -25,13 +25,13 @@ private:
     bool m_fHotGlyph = false;
 };
 
-constexpr int TREE_IMAGE_SIZE = 16;
 constexpr UINT TREE_LABEL_FORMAT = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER;
 
 // The state that a row is drawn in (TREIS_).
 int RowStateOf(bool fSelected, bool fFocused, bool fHot);
-// Draws the image of 16 by 16 pixels; nothing without a list or with an index past its end.
-void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y);
+void FillTreeBackground(HDC hdc, const RECT& rc);
+// Draws the image in a square; nothing without a list or with an index past its end.
+void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, int nSide);
 void DrawTreeLabel(HDC hdc, LPCWSTR pszName, RECT rc);
 
 } // namespace gesso

@@ -11,7 +11,7 @@ namespace {
 
 using gesso::ItemRows;
 using gesso::ItemStore;
-using gesso::NO_ROW;
+using gesso::NO_INDEX;
 
 class ItemRowsTest : public testing::Test
 {
@@ -102,7 +102,7 @@ TEST_F(ItemRowsTest, AnySplicesLeaveWhatAPlainArrayHolds)
 TEST_F(ItemRowsTest, ABranchEndsAtTheNextRowThatIsNoDeeper)
 {
     for (const int level : {0, 1, 2, 2, 1, 0, 3}) {
-        Insert(NO_ROW, {NewItem(level)});
+        Insert(NO_INDEX, {NewItem(level)});
     }
     EXPECT_EQ(rows.EndOfBranch(0), 5u);
     EXPECT_EQ(rows.EndOfBranch(1), 4u);
