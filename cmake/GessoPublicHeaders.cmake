@@ -48,9 +48,7 @@ set(GESSO_PUBLIC_HEADERS
   text/CDrawText.h
   tree/GNavigationBar.h
   tree/GTree.h
-  tree/ItemRows.h
-  tree/ItemStore.h
-  tree/ItemTree.h
   tree/TreeRecord.h
   tree/TreeTheme.h
+  tree/VisibleRows.h
 )

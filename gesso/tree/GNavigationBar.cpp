@@ -3,26 +3,106 @@
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/WindowClass.h>
 #include <gesso/tree/GNavigationBar.h>
+#include <gesso/tree/RowGeometry.h>
+#include <gesso/tree/TreeInput.h>
+#include <gesso/tree/TreeRules.h>
 
 #include <algorithm>
-
-using Control = GNavigationBar;
-#include <gesso/tree/TreeMembers.inl>
+#include <cstddef>
 
 using gesso::Frame;
+using gesso::Pixels;
+using gesso::TreeActions;
+using gesso::TreeInput;
 namespace Metrics = gesso::Metrics;
 
 constinit ATOM GNavigationBar::s_aClass = 0;
 
-GNavigationBar::GNavigationBar()
-    : m_nItemHeight(static_cast<UINT>(gesso::Pixels(nullptr, Metrics::NAVIGATION_ITEM_HEIGHT))),
-      m_pRoot(m_tree.Root()), m_aVisible(m_tree.Store())
+// Fixed behaviour: the places of the fields; derived classes have them in their own code.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+struct GNavigationBar::Layout
 {
-    m_pRoot->uState = NBIS_EXPANDED;
+    static_assert(offsetof(GNavigationBar, m_hTheme) == 184);
+    static_assert(offsetof(GNavigationBar, m_hHeaderFont) == 240);
+    static_assert(offsetof(GNavigationBar, m_hFont) == 256);
+    static_assert(offsetof(GNavigationBar, m_nItemHeight) == 264);
+    static_assert(offsetof(GNavigationBar, m_hImageList) == 272);
+    static_assert(offsetof(GNavigationBar, m_pRoot) == 280);
+    static_assert(offsetof(GNavigationBar, m_pSelected) == 288);
+    static_assert(offsetof(GNavigationBar, m_aVisible) == 296);
+    static_assert(offsetof(GNavigationBar, m_nSelected) == 344);
+    static_assert(offsetof(GNavigationBar, m_hitDown) == 348);
+    static_assert(offsetof(GNavigationBar, m_hitMove) == 360);
+    static_assert(sizeof(GNavigationBar) == 376);
+};
+#pragma GCC diagnostic pop
+
+GNavigationBar::GNavigationBar()
+    : m_nItemHeight(static_cast<UINT>(Pixels(nullptr, Metrics::NAVIGATION_ITEM_HEIGHT)))
+{
+    m_pRoot = View().OpenRoot();
 }
 
+GNavigationBar::GNavigationBar(const GNavigationBar& other) = default;
+GNavigationBar& GNavigationBar::operator=(const GNavigationBar& other) = default;
 GNavigationBar::~GNavigationBar() = default;
+
+ATOM GNavigationBar::IsolationAwareRegisterClassW()
+{
+    return gesso::RegisterControlClass(s_aClass, L"GNavigationBar", WindowProc, gesso::CLASS_SCROLLING);
+}
+
+HWND GNavigationBar::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
+                            DWORD dwStyle)
+{
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
+                               dwExStyle, dwStyle);
+}
+
+int GNavigationBar::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+// --- Style, font and images
+
+DWORD GNavigationBar::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GNavigationBar::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
+HFONT GNavigationBar::GetFont() const
+{
+    return m_hFont;
+}
+
+UINT GNavigationBar::GetItemHeight() const
+{
+    return m_nItemHeight;
+}
+
+void GNavigationBar::SetItemHeight(UINT nHeight)
+{
+    TreeActions::SetItemHeight(*this, nHeight);
+}
+
+HIMAGELIST GNavigationBar::GetImageList() const
+{
+    return m_hImageList;
+}
+
+void GNavigationBar::SetImageList(HIMAGELIST hImageList)
+{
+    m_hImageList = hImageList;
+}
 
 void GNavigationBar::SetFont(HFONT hFont)
 {
@@ -38,11 +118,7 @@ LRESULT GNavigationBar::OnSetFont(HFONT hFont, UINT uRedraw)
 
 bool GNavigationBar::RowsChanged()
 {
-    if (!UpdateScrollbars()) {
-        return false;
-    }
-    RedrawAll();
-    return true;
+    return TreeActions::RedrawWithBars(*this);
 }
 
 // False where the object is gone: a bar that comes or goes repaints the frame, in whose corner the parent
@@ -60,11 +136,10 @@ bool GNavigationBar::UpdateScrollbars()
 
 void GNavigationBar::CalcScrollbars(int nPage)
 {
-    const int64_t nHeight = int64_t{m_aVisible.GetLength()} * m_nItemHeight;
     const SCROLLINFO si{sizeof(SCROLLINFO),
                         SIF_RANGE | SIF_PAGE,
                         0,
-                        static_cast<int>(std::min<int64_t>(nHeight, INT_MAX)) - 1,
+                        gesso::EvenRows{m_nItemHeight}.LastPixel(m_aVisible.GetLength()),
                         static_cast<UINT>(std::max(nPage, 0)),
                         0,
                         0};
@@ -73,7 +148,7 @@ void GNavigationBar::CalcScrollbars(int nPage)
 
 void GNavigationBar::EnsureVisible(UINT row)
 {
-    if (static_cast<int>(m_siV.nPage) < m_siV.nMax && ScrollRowIntoView(row, true, true)) {
+    if (static_cast<int>(m_siV.nPage) < m_siV.nMax && TreeInput::ScrollRowIntoView(*this, row, true, true)) {
         Invalidate(0);
     }
 }
@@ -82,7 +157,7 @@ void GNavigationBar::EnsureVisible(UINT row)
 
 LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
 {
-    m_hHeaderFont.Reset(CreateFontW(-gesso::Pixels(m_hWnd, Metrics::NAVIGATION_HEADER_FONT), 0, 0, 0,
+    m_hHeaderFont.Reset(CreateFontW(-Pixels(m_hWnd, Metrics::NAVIGATION_HEADER_FONT), 0, 0, 0,
                                     Metrics::NAVIGATION_HEADER_WEIGHT, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI"));
     m_hFont = g_hDefaultFont;
     return 0;
@@ -133,6 +208,41 @@ LRESULT GNavigationBar::OnKeyUp(UINT uKey, LPARAM)
 LRESULT GNavigationBar::OnGetDlgCode() const
 {
     return DLGC_WANTARROWS;
+}
+
+LRESULT GNavigationBar::OnNcCreate(const CREATESTRUCTW* pcs)
+{
+    return TreeInput::OnNcCreate(*this, pcs);
+}
+
+LRESULT GNavigationBar::OnNcDestroy()
+{
+    return TreeInput::OnNcDestroy(*this);
+}
+
+LRESULT GNavigationBar::OnNcPaint(WPARAM wRegion)
+{
+    return Frame::OnNcPaint(*this, wRegion);
+}
+
+LRESULT GNavigationBar::OnGetFont() const
+{
+    return reinterpret_cast<LRESULT>(m_hFont);
+}
+
+LRESULT GNavigationBar::OnKillFocus(HWND)
+{
+    return Frame::OnKillFocus(*this);
+}
+
+LRESULT GNavigationBar::OnCaptureChanged(HWND hwndNew)
+{
+    return Frame::OnCaptureChanged(*this, hwndNew);
+}
+
+LRESULT GNavigationBar::OnTreeMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    return TreeInput::OnMessage(*this, uMsg, wParam, lParam);
 }
 
 LRESULT CALLBACK GNavigationBar::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)

@@ -26,12 +26,12 @@
 // may be scrolled past its end; hosts lay their own things out by that range.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/list/GListNotify.h>
-#include <gesso/tree/ItemRows.h>
-#include <gesso/tree/ItemTree.h>
 #include <gesso/tree/TreeTheme.h>
+#include <gesso/tree/VisibleRows.h>
 
 // State of an item. The bits 8 to 15 are out of reach of the getter and setter.
 constexpr UINT NBIS_EXPANDED = 0x1;
@@ -66,6 +66,12 @@ struct NavigationBarItem : gesso::TreeRecord<NavigationBarItem>
     using TreeRecord::TreeRecord;
 };
 
+namespace gesso {
+
+class NavigationRows;
+
+} // namespace gesso
+
 class GESSO_API GNavigationBar : public GWndScroll
 {
 public:
@@ -80,8 +86,8 @@ public:
     static constexpr HitTestInfo NO_HIT{{0, 0}, gesso::NO_INDEX, 0xFFFF, 0xFFFF};
 
     GNavigationBar();
-    GNavigationBar(const GNavigationBar&) = default;
-    GNavigationBar& operator=(const GNavigationBar&) = default;
+    GNavigationBar(const GNavigationBar& other);
+    GNavigationBar& operator=(const GNavigationBar& other);
     // Releases the items.
     ~GNavigationBar() override;
 
@@ -196,40 +202,39 @@ protected:
     void HitTest(HitTestInfo* pInfo) const;
     void NcDraw(HDC hdc, RECT rc);
 
-    gesso::ItemTree<NavigationBarItem> m_tree;
+private:
+    // Keeps the fields behind it at the places that derived classes have in their own code.
+    [[maybe_unused]] void* m_pReserved[3]{};
+
+protected:
     gesso::TreeTheme m_hTheme;
     gesso::FontHandle m_hHeaderFont;
     HFONT m_hFont = nullptr;
     UINT m_nItemHeight;
     HIMAGELIST m_hImageList = nullptr;
-    NavigationBarItem* m_pRoot;
+    NavigationBarItem* m_pRoot = nullptr;
     NavigationBarItem* m_pSelected = nullptr;
-    gesso::ItemRows<NavigationBarItem> m_aVisible;
+    gesso::VisibleRows<NavigationBarItem> m_aVisible; // and, behind them, all items
     UINT m_nSelected = gesso::NO_INDEX;
     HitTestInfo m_hitDown = NO_HIT;
     HitTestInfo m_hitMove = NO_HIT;
 
 private:
     friend class gesso::Frame;
+    friend struct gesso::TreeActions;
+    friend struct gesso::TreeInput;
+    using Rules = gesso::TreeRules<GNavigationBar>;
+    struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
-    NavigationBarItem* ItemOf(void* hItem) const;
-    NavigationBarItem* ItemOrNone(void* hItem) const;
-    UINT RowForNew(const NavigationBarItem& item) const;
+    gesso::TreeItems<NavigationBarItem, Rules> Items() const;
+    gesso::TreeView<NavigationBarItem, Rules> View();
     void ItemInserted(const NavigationBarItem& item, bool fShown);
     bool RowsChanged();
-    void FindSelectedRow();
-    void SelectRow(UINT row);
     bool UpdateScrollbars();
-    void RedrawAll();
-    bool AskExpansion(UINT* pRow, UINT uAction);
-    LRESULT SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const;
-    void ScrollTo(int nBar, int64_t nPos);
-    bool ScrollRowIntoView(UINT row, bool fFromAbove, bool fFromBelow);
 
     int LeftOf(const NavigationBarItem& item) const;
-    int RowHeight(const NavigationBarItem& item) const;
-    UINT RowReaching(int64_t y, int64_t* pTop) const;
+    gesso::NavigationRows Rows() const;
     struct Cells;
     Cells CellsOf(const NavigationBarItem& item, int nRight) const;
     bool HasGlyphAtLeft(const NavigationBarItem& item) const;
@@ -239,7 +244,6 @@ private:
     void DrawSeparator(HDC hdc, const RECT& rc) const;
     void DrawHeader(HDC hdc, const NavigationBarItem& item, RECT rc) const;
     bool IsGlyphHot(UINT row) const;
-    void Toggle(UINT row);
     bool ToggleByClick(UINT row, bool fOnGlyph);
     void ClickItem(NavigationBarItem* item, POINTS pt);
     UINT FirstExpanded() const;

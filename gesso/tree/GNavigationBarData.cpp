@@ -1,22 +1,160 @@
-// The items of a navigation bar, and where their rows stand.
+// The items of a navigation bar, its rows, and which of them is selected.
 
 #include <gesso/tree/GNavigationBar.h>
+#include <gesso/tree/TreeActions.h>
+#include <gesso/tree/TreeRules.h>
 
-using Control = GNavigationBar;
-#include <gesso/tree/ItemMembers.inl>
+using gesso::NO_INDEX;
+using gesso::TreeActions;
 
-#include <algorithm>
-
-// Below an item that is expanded but not in view itself there is no row.
-// Fixed behaviour: counted from the children alone, as if none of them were expanded; any other row would
-// show what hosts insert behind an expanded item in another place than before.
-UINT GNavigationBar::RowForNew(const NavigationBarItem& item) const
+gesso::TreeItems<NavigationBarItem, GNavigationBar::Rules> GNavigationBar::Items() const
 {
-    const UINT rowParent = m_aVisible.Find(item.pParent);
-    if (rowParent == gesso::NO_INDEX && item.pParent != m_pRoot) {
-        return gesso::NO_INDEX;
+    return gesso::TreeItems<NavigationBarItem, Rules>(m_aVisible);
+}
+
+gesso::TreeView<NavigationBarItem, GNavigationBar::Rules> GNavigationBar::View()
+{
+    return {m_aVisible, m_pSelected, m_nSelected};
+}
+
+// --- Items
+
+void* GNavigationBar::GetRootItem() const
+{
+    return m_pRoot;
+}
+
+int GNavigationBar::GetItemLevel(void* hItem) const
+{
+    return Items().GetLevel(hItem);
+}
+
+UINT GNavigationBar::GetItemState(void* hItem) const
+{
+    return Items().GetState(hItem);
+}
+
+LPCWSTR GNavigationBar::GetItemName(void* hItem) const
+{
+    return Items().GetName(hItem);
+}
+
+UINT GNavigationBar::GetItemImage(void* hItem) const
+{
+    return Items().GetImage(hItem);
+}
+
+void* GNavigationBar::GetItemParent(void* hItem) const
+{
+    return Items().GetParent(hItem);
+}
+
+UINT GNavigationBar::GetItemChildCount(void* hItem) const
+{
+    return Items().GetChildCount(hItem);
+}
+
+void* GNavigationBar::GetItemNextChild(void* hParent, void* hChild) const
+{
+    return Items().GetNextChild(hParent, hChild);
+}
+
+void* GNavigationBar::GetItemCustomData(void* hItem) const
+{
+    return Items().GetCustomData(hItem);
+}
+
+void GNavigationBar::SetItemState(void* hItem, UINT uState, UINT uMask)
+{
+    View().SetState(hItem, uState, uMask);
+}
+
+void GNavigationBar::SetItemName(void* hItem, LPCWSTR pszName)
+{
+    Items().SetName(hItem, pszName);
+}
+
+void GNavigationBar::SetItemImage(void* hItem, UINT nImage)
+{
+    Items().SetImage(hItem, nImage);
+}
+
+void GNavigationBar::SetItemCustomData(void* hItem, void* pData)
+{
+    Items().SetCustomData(hItem, pData);
+}
+
+void* GNavigationBar::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState,
+                                 void* pData)
+{
+    return TreeActions::InsertItem(*this, hParent, hAfter, pszName, nImage, uState, pData);
+}
+
+void GNavigationBar::RemoveItem(void* hItem)
+{
+    TreeActions::RemoveItem(*this, hItem);
+}
+
+void GNavigationBar::RemoveAllItems()
+{
+    TreeActions::RemoveAllItems(*this);
+}
+
+void GNavigationBar::DeleteItem(NavigationBarItem* item)
+{
+    View().Delete(*item);
+}
+
+void GNavigationBar::SortChildren(void* hItem)
+{
+    TreeActions::SortChildren(*this, hItem);
+}
+
+// --- Rows and selection
+
+void* GNavigationBar::GetSelectedItem() const
+{
+    return m_aVisible[m_nSelected];
+}
+
+void GNavigationBar::SetSelectedItem(void* hItem)
+{
+    if (View().Select(hItem)) {
+        Invalidate(0);
     }
-    return std::min(rowParent + 1 + item.place.iChild, m_aVisible.GetLength());
+}
+
+UINT GNavigationBar::FindVisibleIndex(NavigationBarItem* item) const
+{
+    return Items().FindRow(item);
+}
+
+void GNavigationBar::Expand(void* hItem)
+{
+    Expand(Items().RowOf(hItem));
+}
+
+void GNavigationBar::Expand(UINT row)
+{
+    TreeActions::Expand(*this, row);
+}
+
+void GNavigationBar::Collapse(void* hItem)
+{
+    Collapse(Items().RowOf(hItem));
+}
+
+void GNavigationBar::Collapse(UINT row)
+{
+    TreeActions::Collapse(*this, row);
+}
+
+void GNavigationBar::EnsureVisible(void* hItem)
+{
+    const UINT row = Items().RowOf(hItem);
+    if (row != NO_INDEX) {
+        EnsureVisible(row);
+    }
 }
 
 void GNavigationBar::ItemInserted(const NavigationBarItem&, bool fShown)

@@ -5,25 +5,23 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
-#include <gesso/tree/GNavigationBar.h>
-#include <gesso/tree/ItemHold.h>
-#include <gesso/tree/ItemNotify.h>
+#include <gesso/tree/NavigationRows.h>
+#include <gesso/tree/TreeInput.h>
+#include <gesso/tree/TreeRules.h>
 
 #include <algorithm>
 #include <utility>
 
 using gesso::ColorOf;
 using gesso::Frame;
+using gesso::KindOf;
 using gesso::NO_INDEX;
 using gesso::Pixels;
+using gesso::TreeActions;
+using gesso::TreeInput;
 namespace Metrics = gesso::Metrics;
 
 namespace {
-
-UINT KindOf(const NavigationBarItem& item)
-{
-    return item.uState & NBIK_MASK;
-}
 
 // Fixed behaviour: a compact row shows its glyph for children that are there, and not for those to come; a
 // glyph would appear in rows of hosts that set NBIS_HASCHILDREN in all of them.
@@ -69,28 +67,12 @@ GNavigationBar::Cells GNavigationBar::CellsOf(const NavigationBarItem& item, int
     return {nRight - cxGlyph, nGlyphEnd, x, x + cxImage};
 }
 
-int GNavigationBar::RowHeight(const NavigationBarItem& item) const
+gesso::NavigationRows GNavigationBar::Rows() const
 {
-    switch (KindOf(item)) {
-    case NBIK_SEPARATOR:
-    case NBIK_SPACER: return Pixels(m_hWnd, Metrics::NAVIGATION_THIN_HEIGHT);
-    case NBIK_SUBITEM: return Pixels(m_hWnd, Metrics::NAVIGATION_SUBITEM_HEIGHT);
-    default: return static_cast<int>(std::min<UINT>(m_nItemHeight, SHRT_MAX));
-    }
-}
-
-// The first row whose bottom is at y or below, and where its top is; y counts from the first row's top.
-UINT GNavigationBar::RowReaching(int64_t y, int64_t* pTop) const
-{
-    *pTop = 0;
-    for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
-        const int nHeight = RowHeight(*m_aVisible[row]);
-        if (*pTop + nHeight >= y) {
-            return row;
-        }
-        *pTop += nHeight;
-    }
-    return NO_INDEX;
+    const gesso::NavigationHeights heights{static_cast<int>(std::min<UINT>(m_nItemHeight, SHRT_MAX)),
+                                           Pixels(m_hWnd, Metrics::NAVIGATION_SUBITEM_HEIGHT),
+                                           Pixels(m_hWnd, Metrics::NAVIGATION_THIN_HEIGHT)};
+    return {m_aVisible, heights};
 }
 
 // --- Painting
@@ -102,14 +84,14 @@ void GNavigationBar::Draw(HDC hdc)
     const gesso::TransparentScope mode(hdc);
     gesso::FillTreeBackground(hdc, rcClient);
     const gesso::SelectScope font(hdc, m_hFont);
-    int64_t nTop = 0;
-    UINT row = RowReaching(m_siV.nPos, &nTop);
-    nTop -= m_siV.nPos;
-    for (; row < m_aVisible.GetLength() && nTop <= rcClient.bottom; ++row) {
-        const auto y = static_cast<int>(nTop);
-        const int nHeight = RowHeight(*m_aVisible[row]);
-        DrawRow(hdc, row, {0, y, rcClient.right, y + nHeight});
-        nTop += nHeight;
+    const gesso::NavigationRows rows = Rows();
+    for (gesso::RowPlace place = rows.Reaching(m_siV.nPos); place.row != NO_INDEX; place = rows.Behind(place))
+    {
+        const RECT rc = gesso::RectOf(place, m_siV.nPos, rcClient.right);
+        if (rc.top > rcClient.bottom) {
+            break;
+        }
+        DrawRow(hdc, place.row, rc);
     }
 }
 
@@ -172,6 +154,11 @@ bool GNavigationBar::IsGlyphHot(UINT row) const
     return (fAtRight && (dwStyle & GNS_CLICKEXPAND)) || m_hitMove.nPart == NHT_GLYPH;
 }
 
+void GNavigationBar::NcDraw(HDC hdc, RECT rc)
+{
+    TreeInput::NcDraw(*this, hdc, rc);
+}
+
 // --- Hit-testing
 
 void GNavigationBar::HitTest(HitTestInfo* pInfo) const
@@ -186,15 +173,14 @@ void GNavigationBar::HitTest(HitTestInfo* pInfo) const
     }
     pInfo->nPart = NHT_ROW;
     const int64_t y = int64_t{pt.y} + m_siV.nPos;
-    int64_t nTop = 0;
-    const UINT row = RowReaching(y, &nTop);
-    if (row == NO_INDEX) {
+    const gesso::RowPlace place = Rows().Reaching(y);
+    if (place.row == NO_INDEX) {
         return;
     }
-    pInfo->nItem = row;
-    const NavigationBarItem& item = *m_aVisible[row];
+    pInfo->nItem = place.row;
     // A row has its bottom line as well, but its cells do not reach there.
-    if (y < nTop + RowHeight(item)) {
+    if (y < place.nBottom) {
+        const NavigationBarItem& item = *m_aVisible[place.row];
         pInfo->nPart = PartAt(item, pt.x, rc.right);
     }
 }
@@ -223,13 +209,29 @@ WORD GNavigationBar::PartAt(const NavigationBarItem& item, int x, int nRight) co
 
 // --- The mouse
 
-void GNavigationBar::Toggle(UINT row)
+LRESULT GNavigationBar::OnLButtonDown(WPARAM, POINTS pt)
 {
-    if (m_aVisible[row]->uState & NBIS_EXPANDED) {
-        Collapse(row);
-    } else {
-        Expand(row);
-    }
+    return TreeInput::OnLButtonDown(*this, pt);
+}
+
+LRESULT GNavigationBar::OnMouseMove(WPARAM, POINTS pt)
+{
+    return TreeInput::OnMouseMove(*this, pt);
+}
+
+LRESULT GNavigationBar::OnMouseLeave()
+{
+    return TreeInput::OnMouseLeave(*this);
+}
+
+LRESULT GNavigationBar::OnMouseWheel(UINT, int nDelta, POINTS)
+{
+    return TreeInput::OnMouseWheel(*this, nDelta);
+}
+
+LRESULT GNavigationBar::OnVScroll(UINT uCode, UINT nPos, HWND)
+{
+    return TreeInput::OnVScroll(*this, uCode, nPos);
 }
 
 UINT GNavigationBar::FirstExpanded() const
@@ -253,7 +255,7 @@ bool GNavigationBar::ToggleByClick(UINT row, bool fOnGlyph)
     }
     const bool fSingle = Frame::Style(*this) & GNS_SINGLEEXPAND;
     NavigationBarItem* pOpen = fSingle ? m_aVisible[FirstExpanded()] : nullptr;
-    const gesso::ItemHold hold(m_tree.Store(), pOpen);
+    const auto hold = Items().Hold(pOpen);
     Expand(row);
     if (!Frame::IsAlive(hwnd, this)) {
         return false;
@@ -280,11 +282,11 @@ LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
     if (!item || hit.nItem != press.nItem || !IsSelectable(*item)) {
         return 0;
     }
-    const gesso::ItemHold hold(m_tree.Store(), item);
+    const auto hold = Items().Hold(item);
     const bool fOnGlyph = press.nPart == NHT_GLYPH && hit.nPart == NHT_GLYPH;
     if (HasGlyphAtLeft(*item)) {
         if (fOnGlyph) {
-            Toggle(hit.nItem);
+            TreeActions::Toggle(*this, hit.nItem);
             return 0;
         }
     } else if (fOnGlyph || (Frame::Style(*this) & GNS_CLICKEXPAND)) {
@@ -299,11 +301,10 @@ LRESULT GNavigationBar::OnLButtonUp(WPARAM, POINTS pt)
 // A collapse above may have moved the item's row by now, or hidden it.
 void GNavigationBar::ClickItem(NavigationBarItem* item, POINTS pt)
 {
-    if (!m_tree.FindInTree(item)) {
+    if (!Items().IsInTree(item)) {
         return;
     }
-    m_pSelected = item;
-    FindSelectedRow();
+    View().SelectItem(item);
     gesso::SendItemNotify(*this, static_cast<UINT>(NM_CLICK), item, m_nSelected, 0, pt.x, pt.y);
 }
 
@@ -312,7 +313,7 @@ LRESULT GNavigationBar::OnLButtonDblClk(WPARAM, POINTS pt)
     HitTestInfo hit{pt, NO_INDEX, NHT_NOWHERE, 0};
     HitTest(&hit);
     if (hit.nItem != NO_INDEX && hit.nPart != NHT_GLYPH) {
-        SendItem(static_cast<UINT>(NM_DBLCLK), hit.nItem, 0, pt.x, pt.y);
+        TreeActions::SendItem(*this, static_cast<UINT>(NM_DBLCLK), hit.nItem, 0, pt.x, pt.y);
     }
     return 0;
 }

@@ -4,18 +4,22 @@
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemeFont.h>
+#include <gesso/framework/WindowClass.h>
 #include <gesso/tree/GTree.h>
+#include <gesso/tree/RowGeometry.h>
 #include <gesso/tree/TreeCells.h>
+#include <gesso/tree/TreeInput.h>
+#include <gesso/tree/TreeRules.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <utility>
 
-using Control = GTree;
-#include <gesso/tree/TreeMembers.inl>
-
 using gesso::Frame;
 using gesso::Pixels;
+using gesso::TreeActions;
+using gesso::TreeInput;
 namespace Metrics = gesso::Metrics;
 
 namespace {
@@ -33,16 +37,93 @@ bool IsSet(const SCROLLINFO& si, DWORD dwFlags, const SCROLLINFO& siNew, UINT nP
 
 constinit ATOM GTree::s_aClass = 0;
 
-GTree::GTree()
-    : m_nItemHeight(static_cast<UINT>(Pixels(nullptr, Metrics::TREE_ITEM_HEIGHT))), m_pRoot(m_tree.Root()),
-      m_aVisible(m_tree.Store())
+// Fixed behaviour: the places of the fields; derived classes have them in their own code.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+struct GTree::Layout
 {
-    m_pRoot->uState = TIS_EXPANDED;
+    static_assert(offsetof(GTree, m_uTreeStyle) == 184);
+    static_assert(offsetof(GTree, m_hTheme) == 192);
+    static_assert(offsetof(GTree, m_hThemeButton) == 248);
+    static_assert(offsetof(GTree, m_hFont) == 264);
+    static_assert(offsetof(GTree, m_nItemHeight) == 272);
+    static_assert(offsetof(GTree, m_hImageList) == 280);
+    static_assert(offsetof(GTree, m_pRoot) == 288);
+    static_assert(offsetof(GTree, m_pSelected) == 296);
+    static_assert(offsetof(GTree, m_aVisible) == 304);
+    static_assert(offsetof(GTree, m_nSelected) == 352);
+    static_assert(offsetof(GTree, m_nContentWidth) == 356);
+    static_assert(offsetof(GTree, m_hitDown) == 360);
+    static_assert(offsetof(GTree, m_hitMove) == 372);
+    static_assert(offsetof(GTree, m_ftLastChar) == 384);
+    static_assert(offsetof(GTree, m_szSearch) == 392);
+    static_assert(sizeof(GTree) == 440);
+};
+#pragma GCC diagnostic pop
+
+GTree::GTree() : m_nItemHeight(static_cast<UINT>(Pixels(nullptr, Metrics::TREE_ITEM_HEIGHT)))
+{
+    m_pRoot = View().OpenRoot();
 }
 
+GTree::GTree(const GTree& other) = default;
+GTree& GTree::operator=(const GTree& other) = default;
 GTree::~GTree() = default;
 
-// --- Style and font
+ATOM GTree::IsolationAwareRegisterClassW()
+{
+    return gesso::RegisterControlClass(s_aClass, L"GTree", WindowProc, gesso::CLASS_SCROLLING);
+}
+
+HWND GTree::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle, DWORD dwStyle)
+{
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
+                               dwExStyle, dwStyle);
+}
+
+int GTree::Destroy()
+{
+    return DestroyWindow(m_hWnd);
+}
+
+// --- Style, font and images
+
+DWORD GTree::SetStyle(DWORD dwStyle)
+{
+    return Frame::SetStyle(*this, dwStyle);
+}
+
+DWORD GTree::GetStyle() const
+{
+    return Frame::Style(*this);
+}
+
+HFONT GTree::GetFont() const
+{
+    return m_hFont;
+}
+
+UINT GTree::GetItemHeight() const
+{
+    return m_nItemHeight;
+}
+
+void GTree::SetItemHeight(UINT nHeight)
+{
+    TreeActions::SetItemHeight(*this, nHeight);
+}
+
+HIMAGELIST GTree::GetImageList() const
+{
+    return m_hImageList;
+}
+
+void GTree::SetImageList(HIMAGELIST hImageList)
+{
+    m_hImageList = hImageList;
+}
+
+// --- Tree style and font
 
 UINT GTree::SetTreeStyle(UINT uStyle)
 {
@@ -68,8 +149,7 @@ void GTree::TakeFont(HFONT hFont)
         ReleaseFont();
     }
     m_hFont = hFont;
-    m_tree.Store()->ForEach([](TreeItem& item) { item.place.nTextWidth = gesso::NOT_MEASURED; });
-    m_aVisible.AllChanged();
+    Items().ForgetWidths();
 }
 
 void GTree::ReleaseFont()
@@ -110,8 +190,8 @@ bool GTree::RowsChanged()
     if (!UpdateScrollbars()) {
         return false;
     }
-    FindSelectedRow();
-    RedrawAll();
+    View().FindSelectedRow();
+    TreeActions::RedrawAll(*this);
     return true;
 }
 
@@ -130,7 +210,7 @@ void GTree::MeasureRows()
         return static_cast<int>(rc.right - rc.left);
     };
     const gesso::TreeMeasures cells = gesso::PaintedMeasures(m_hWnd);
-    const int nWidest = m_aVisible.Widest([&](TreeItem& item) {
+    const int nWidest = m_aVisible.Inside().rows.Widest([&](TreeItem& item) {
         int& nWidth = item.place.nTextWidth;
         if (nWidth == gesso::NOT_MEASURED) {
             nWidth = item.strName.GetLength() > 0 ? measure(item) : 0;
@@ -163,9 +243,9 @@ void GTree::CalcScrollbars(int cx, int cy)
         return SCROLLINFO{
             sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, nMax, static_cast<UINT>(std::max(nPage, 0)), 0, 0};
     };
-    const int64_t nHeight = int64_t{m_aVisible.GetLength()} * m_nItemHeight;
+    const int nLast = gesso::EvenRows{m_nItemHeight}.LastPixel(m_aVisible.GetLength());
     const SCROLLINFO siH = info(static_cast<int>(m_nContentWidth) - 1, cx, SM_CXVSCROLL);
-    const SCROLLINFO siV = info(static_cast<int>(std::min<int64_t>(nHeight, INT_MAX)) - 1, cy, SM_CYHSCROLL);
+    const SCROLLINFO siV = info(nLast, cy, SM_CYHSCROLL);
     const gesso::Lifeline life(*this);
     if (!IsSet(m_siH, m_dwHStyle, siH, std::exchange(m_nPageH, siH.nPage))) {
         SetScrollInfo(SB_HORZ, &siH);
@@ -252,10 +332,44 @@ LRESULT GTree::OnGetDlgCode(const MSG* pMessage) const
 LRESULT GTree::OnSetFocus(HWND)
 {
     if (m_nSelected >= m_aVisible.GetLength()) {
-        m_pSelected = nullptr;
-        m_nSelected = 0;
+        View().ChangeSelection(nullptr, 0);
     }
     return Frame::OnSetFocus(*this);
+}
+
+LRESULT GTree::OnNcCreate(const CREATESTRUCTW* pcs)
+{
+    return TreeInput::OnNcCreate(*this, pcs);
+}
+
+LRESULT GTree::OnNcDestroy()
+{
+    return TreeInput::OnNcDestroy(*this);
+}
+
+LRESULT GTree::OnNcPaint(WPARAM wRegion)
+{
+    return Frame::OnNcPaint(*this, wRegion);
+}
+
+LRESULT GTree::OnGetFont() const
+{
+    return reinterpret_cast<LRESULT>(m_hFont);
+}
+
+LRESULT GTree::OnKillFocus(HWND)
+{
+    return Frame::OnKillFocus(*this);
+}
+
+LRESULT GTree::OnCaptureChanged(HWND hwndNew)
+{
+    return Frame::OnCaptureChanged(*this, hwndNew);
+}
+
+LRESULT GTree::OnTreeMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    return TreeInput::OnMessage(*this, uMsg, wParam, lParam);
 }
 
 LRESULT CALLBACK GTree::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)

@@ -28,12 +28,12 @@
 // items and window and has rows of its own.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/list/GListNotify.h>
-#include <gesso/tree/ItemRows.h>
-#include <gesso/tree/ItemTree.h>
 #include <gesso/tree/TreeTheme.h>
+#include <gesso/tree/VisibleRows.h>
 
 // State of an item. The bits 8 to 15 are out of reach of the getter and setter.
 constexpr UINT TIS_EXPANDED = 0x2;     // its children are among the rows
@@ -70,8 +70,8 @@ public:
     };
 
     GTree();
-    GTree(const GTree&) = default;
-    GTree& operator=(const GTree&) = default;
+    GTree(const GTree& other);
+    GTree& operator=(const GTree& other);
     // Releases the items.
     ~GTree() override;
 
@@ -198,16 +198,20 @@ protected:
     void HitTest(HitTestInfo* pInfo) const;
     void NcDraw(HDC hdc, RECT rc);
 
-    gesso::ItemTree<TreeItem> m_tree;
+private:
+    // Keeps the fields behind it at the places that derived classes have in their own code.
+    [[maybe_unused]] void* m_pReserved[3]{};
+
+protected:
     UINT m_uTreeStyle = 0;
     gesso::TreeTheme m_hTheme;
     gesso::ThemeHandle m_hThemeButton;
     HFONT m_hFont = nullptr;
     UINT m_nItemHeight;
     HIMAGELIST m_hImageList = nullptr;
-    TreeItem* m_pRoot;
-    TreeItem* m_pSelected = nullptr; // also while it is not in view
-    gesso::ItemRows<TreeItem> m_aVisible;
+    TreeItem* m_pRoot = nullptr;
+    TreeItem* m_pSelected = nullptr;         // also while it is not in view
+    gesso::VisibleRows<TreeItem> m_aVisible; // and, behind them, all items
     UINT m_nSelected = gesso::NO_INDEX;
     UINT m_nContentWidth = 0; // of the widest row, in pixels, as of the last expansion or collapse
     HitTestInfo m_hitDown{{0, 0}, gesso::NO_INDEX, THT_NOWHERE};
@@ -217,29 +221,26 @@ protected:
 
 private:
     friend class gesso::Frame;
+    friend struct gesso::TreeActions;
+    friend struct gesso::TreeInput;
+    using Rules = gesso::TreeRules<GTree>;
+    struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
-    TreeItem* ItemOf(void* hItem) const;
-    TreeItem* ItemOrNone(void* hItem) const;
-    UINT RowForNew(const TreeItem& item) const;
+    gesso::TreeItems<TreeItem, Rules> Items() const;
+    gesso::TreeView<TreeItem, Rules> View();
     void ItemInserted(const TreeItem& item, bool fShown);
     bool RowsChanged();
-    void FindSelectedRow();
-    void SelectRow(UINT row);
     bool UpdateScrollbars();
-    void RedrawAll();
-    bool AskExpansion(UINT* pRow, UINT uAction);
-    LRESULT SendItem(UINT uCode, UINT row, UINT uAction, int x, int y) const;
-    void ScrollTo(int nBar, int64_t nPos);
-    bool ScrollRowIntoView(UINT row, bool fFromAbove, bool fFromBelow);
 
     void MeasureRows();
     void TakeFont(HFONT hFont);
     void MakeFont();
     void ReleaseFont();
+    RECT RowRect(UINT row, int cx) const;
+    UINT RowAt(int y) const;
     void DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const;
     WORD PartAt(const TreeItem& item, int x) const;
-    void Toggle(UINT row);
 
     void StepByKey(UINT uKey);
     void StepTo(UINT row);

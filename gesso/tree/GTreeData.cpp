@@ -1,48 +1,173 @@
-// The items of a tree, and where their rows stand.
+// The items of a tree, its rows, and which of them is selected.
 
 #include <gesso/tree/GTree.h>
+#include <gesso/tree/TreeActions.h>
+#include <gesso/tree/TreeRules.h>
 
-using Control = GTree;
-#include <gesso/tree/ItemMembers.inl>
+using gesso::NO_INDEX;
+using gesso::TreeActions;
+
+gesso::TreeItems<TreeItem, GTree::Rules> GTree::Items() const
+{
+    return gesso::TreeItems<TreeItem, Rules>(m_aVisible);
+}
+
+gesso::TreeView<TreeItem, GTree::Rules> GTree::View()
+{
+    return {m_aVisible, m_pSelected, m_nSelected};
+}
+
+// --- Items
+
+void* GTree::GetRootItem() const
+{
+    return m_pRoot;
+}
+
+int GTree::GetItemLevel(void* hItem) const
+{
+    return Items().GetLevel(hItem);
+}
+
+UINT GTree::GetItemState(void* hItem) const
+{
+    return Items().GetState(hItem);
+}
+
+LPCWSTR GTree::GetItemName(void* hItem) const
+{
+    return Items().GetName(hItem);
+}
+
+UINT GTree::GetItemImage(void* hItem) const
+{
+    return Items().GetImage(hItem);
+}
+
+void* GTree::GetItemParent(void* hItem) const
+{
+    return Items().GetParent(hItem);
+}
+
+UINT GTree::GetItemChildCount(void* hItem) const
+{
+    return Items().GetChildCount(hItem);
+}
+
+void* GTree::GetItemNextChild(void* hParent, void* hChild) const
+{
+    return Items().GetNextChild(hParent, hChild);
+}
+
+void* GTree::GetItemCustomData(void* hItem) const
+{
+    return Items().GetCustomData(hItem);
+}
+
+void GTree::SetItemState(void* hItem, UINT uState, UINT uMask)
+{
+    View().SetState(hItem, uState, uMask);
+}
+
+void GTree::SetItemName(void* hItem, LPCWSTR pszName)
+{
+    Items().SetName(hItem, pszName);
+}
+
+void GTree::SetItemImage(void* hItem, UINT nImage)
+{
+    Items().SetImage(hItem, nImage);
+}
+
+void GTree::SetItemCustomData(void* hItem, void* pData)
+{
+    Items().SetCustomData(hItem, pData);
+}
+
+void* GTree::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
+{
+    return TreeActions::InsertItem(*this, hParent, hAfter, pszName, nImage, uState, pData);
+}
+
+void GTree::RemoveItem(void* hItem)
+{
+    TreeActions::RemoveItem(*this, hItem);
+}
+
+void GTree::RemoveAllItems()
+{
+    TreeActions::RemoveAllItems(*this);
+}
+
+void GTree::DeleteItem(TreeItem* item)
+{
+    View().Delete(*item);
+}
+
+void GTree::SortChildren(void* hItem)
+{
+    TreeActions::SortChildren(*this, hItem);
+}
+
+// --- Rows and selection
+
+void* GTree::GetSelectedItem() const
+{
+    return m_aVisible[m_nSelected];
+}
+
+void GTree::SetSelectedItem(void* hItem)
+{
+    View().Select(hItem);
+}
+
+UINT GTree::FindVisibleIndex(TreeItem* item) const
+{
+    return Items().FindRow(item);
+}
+
+void GTree::Expand(void* hItem)
+{
+    Expand(Items().RowOf(hItem));
+}
+
+void GTree::Expand(UINT row)
+{
+    TreeActions::Expand(*this, row);
+}
+
+void GTree::Collapse(void* hItem)
+{
+    Collapse(Items().RowOf(hItem));
+}
+
+void GTree::Collapse(UINT row)
+{
+    TreeActions::Collapse(*this, row);
+}
+
+void GTree::EnsureVisible(void* hItem)
+{
+    const UINT row = Items().RowOf(hItem);
+    if (row != NO_INDEX) {
+        EnsureVisible(row);
+    }
+}
 
 void GTree::SetItemParent(void* hItem, void* hNewParent)
 {
-    TreeItem* item = m_tree.FindInTree(hItem);
-    TreeItem* pNewParent = m_tree.FindInTree(hNewParent);
-    if (!item || item == m_pRoot || !pNewParent || !m_tree.Move(*item, *pNewParent)) {
+    if (View().Move(hItem, hNewParent)) {
+        Invalidate(0);
+    } else {
         gesso::Misuse("GTree::SetItemParent: a bad handle, or a parent below the item");
-        return;
     }
-    FindSelectedRow();
-    Invalidate(0);
 }
 
 // Fixed behaviour: levels and scroll ranges stay as they are; all rows would move to the right, and bars
 // come, in trees of hosts that show the root.
 void GTree::SetRootVisible(bool fVisible)
 {
-    const bool fShown = m_aVisible[0] == m_pRoot;
-    if (fVisible && !fShown) {
-        m_aVisible.Insert(0, m_pRoot);
-    } else if (!fVisible && fShown) {
-        m_aVisible.Remove(0, 1);
-    }
-}
-
-// Behind the branch of its sibling, or of its parent. Below an item that is expanded but not in view itself
-// there is no row.
-UINT GTree::RowForNew(const TreeItem& item) const
-{
-    const TreeItem& parent = *item.pParent;
-    const UINT i = item.place.iChild;
-    TreeItem* pAnchor = i > 0 ? parent.aChildren[i - 1] : item.pParent;
-    if (pAnchor == m_pRoot) {
-        // Fixed behaviour: in front of the root's own row as well; hosts that show the root would find their
-        // first item in another row.
-        return 0;
-    }
-    const UINT row = m_aVisible.Find(pAnchor);
-    return row == gesso::NO_INDEX ? row : m_aVisible.SkipDeeper(row + 1, item.nLevel);
+    View().ShowRoot(fVisible);
 }
 
 // An item that no row shows changes what is seen only where it gives its parent an expander.
@@ -52,9 +177,9 @@ void GTree::ItemInserted(const TreeItem& item, bool fShown)
     if (!UpdateScrollbars()) {
         return;
     }
-    FindSelectedRow();
+    View().FindSelectedRow();
     if (fShown) {
-        RedrawAll(); // the thumb too
+        TreeActions::RedrawAll(*this); // the thumb too
     } else if (item.pParent->aChildren.GetLength() == 1 || m_nSelected != rowFormer) {
         Invalidate(0);
     }

@@ -3,11 +3,15 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/SystemTime.h>
 #include <gesso/tree/GTree.h>
+#include <gesso/tree/TreeInput.h>
+#include <gesso/tree/TreeRules.h>
 
 #include <algorithm>
 
 using gesso::Frame;
 using gesso::NO_INDEX;
+using gesso::TreeActions;
+using gesso::TreeInput;
 
 namespace {
 
@@ -31,7 +35,7 @@ LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT)
     if (uKey == VK_RETURN || uKey == VK_SPACE) {
         m_ftLastChar = 0;
         if (m_aVisible[m_nSelected]) {
-            SendItem(static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
+            TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
         }
         return 0;
     }
@@ -43,9 +47,9 @@ LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT)
     StepByKey(uKey);
     if (Frame::IsAlive(hwnd, this)) {
         if (m_nSelected < m_aVisible.GetLength()) {
-            ScrollRowIntoView(m_nSelected, GoesUp(uKey), !GoesUp(uKey));
+            TreeInput::ScrollRowIntoView(*this, m_nSelected, GoesUp(uKey), !GoesUp(uKey));
         }
-        RedrawAll();
+        TreeActions::RedrawAll(*this);
     }
     return 0;
 }
@@ -79,7 +83,7 @@ void GTree::StepByKey(UINT uKey)
 void GTree::StepTo(UINT row)
 {
     if (row < m_aVisible.GetLength()) {
-        SelectRow(row);
+        View().SelectRow(row);
         EnsureVisible(row);
         Invalidate(0);
     }
@@ -89,8 +93,7 @@ void GTree::StepTo(UINT row)
 // the first row still selected.
 void GTree::StepToStart()
 {
-    m_nSelected = 0;
-    m_pSelected = nullptr;
+    View().ChangeSelection(nullptr, 0);
     EnsureVisible(m_nSelected);
     Invalidate(0);
 }
@@ -178,9 +181,9 @@ LRESULT GTree::OnChar(UINT ch, UINT, UINT)
     }
     const UINT row = FindTyped(static_cast<wchar_t>(ch));
     if (row != NO_INDEX) {
-        SelectRow(row);
+        View().SelectRow(row);
         EnsureVisible(row);
-        RedrawAll();
+        TreeActions::RedrawAll(*this);
     }
     m_ftLastChar = ftNow;
     return 0;

@@ -6,20 +6,36 @@
 #include <gesso/framework/Press.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/tree/ItemHold.h>
 #include <gesso/tree/TreeCells.h>
+#include <gesso/tree/TreeInput.h>
+#include <gesso/tree/TreeRules.h>
 
 #include <algorithm>
 #include <utility>
 
 using gesso::Frame;
 using gesso::NO_INDEX;
+using gesso::TreeActions;
+using gesso::TreeInput;
 
 namespace {
 
 constexpr WORD NO_PART = 0xFFFF;
 
 } // namespace
+
+// --- Rows
+
+// Of the client area; painting, hit-testing and scrolling reckon by the same even rows.
+RECT GTree::RowRect(UINT row, int cx) const
+{
+    return gesso::RectOf(gesso::EvenRows{m_nItemHeight}.PlaceOf(row), m_siV.nPos, cx);
+}
+
+UINT GTree::RowAt(int y) const
+{
+    return gesso::EvenRows{m_nItemHeight}.RowAt(int64_t{m_siV.nPos} + y);
+}
 
 // --- Painting
 
@@ -29,17 +45,14 @@ void GTree::Draw(HDC hdc)
     GetClientRect(m_hWnd, &rcClient);
     const gesso::TransparentScope mode(hdc);
     gesso::FillTreeBackground(hdc, rcClient);
-    if (m_nItemHeight == 0) {
-        return;
-    }
     const gesso::SelectScope font(hdc, m_hFont);
     const bool fFocused = GetFocus() == m_hWnd;
-    const UINT rowFirst = static_cast<UINT>(m_siV.nPos) / m_nItemHeight;
-    int64_t nTop = int64_t{rowFirst} * m_nItemHeight - m_siV.nPos;
-    for (UINT row = rowFirst; row < m_aVisible.GetLength() && nTop < rcClient.bottom; ++row) {
-        const int64_t nBottom = std::min<int64_t>(nTop + m_nItemHeight, LONG_MAX);
-        DrawRow(hdc, row, {0, static_cast<LONG>(nTop), rcClient.right, static_cast<LONG>(nBottom)}, fFocused);
-        nTop = nBottom;
+    for (UINT row = RowAt(0); row < m_aVisible.GetLength(); ++row) {
+        const RECT rc = RowRect(row, rcClient.right);
+        if (rc.top >= rcClient.bottom) {
+            break;
+        }
+        DrawRow(hdc, row, rc, fFocused);
     }
 }
 
@@ -74,6 +87,11 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
     gesso::DrawTreeLabel(hdc, item.strName, rc);
 }
 
+void GTree::NcDraw(HDC hdc, RECT rc)
+{
+    TreeInput::NcDraw(*this, hdc, rc);
+}
+
 // --- Hit-testing
 
 void GTree::HitTest(HitTestInfo* pInfo) const
@@ -87,8 +105,7 @@ void GTree::HitTest(HitTestInfo* pInfo) const
         return;
     }
     pInfo->nPart = THT_ROW;
-    const int64_t y = int64_t{m_siV.nPos} + pt.y;
-    const UINT row = m_nItemHeight ? static_cast<UINT>(y) / m_nItemHeight : NO_INDEX;
+    const UINT row = RowAt(pt.y);
     if (row < m_aVisible.GetLength()) {
         pInfo->nItem = row;
         pInfo->nPart = PartAt(*m_aVisible[row], pt.x);
@@ -112,14 +129,29 @@ WORD GTree::PartAt(const TreeItem& item, int x) const
 
 // --- The mouse
 
-void GTree::Toggle(UINT row)
+LRESULT GTree::OnLButtonDown(WPARAM, POINTS pt)
 {
-    const TreeItem* item = m_aVisible[row];
-    if (item && (item->uState & TIS_EXPANDED)) {
-        Collapse(row);
-    } else {
-        Expand(row);
-    }
+    return TreeInput::OnLButtonDown(*this, pt);
+}
+
+LRESULT GTree::OnMouseMove(WPARAM, POINTS pt)
+{
+    return TreeInput::OnMouseMove(*this, pt);
+}
+
+LRESULT GTree::OnMouseLeave()
+{
+    return TreeInput::OnMouseLeave(*this);
+}
+
+LRESULT GTree::OnMouseWheel(UINT, int nDelta, POINTS)
+{
+    return TreeInput::OnMouseWheel(*this, nDelta);
+}
+
+LRESULT GTree::OnVScroll(UINT uCode, UINT nPos, HWND)
+{
+    return TreeInput::OnVScroll(*this, uCode, nPos);
 }
 
 LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
@@ -138,10 +170,10 @@ LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     if (hit.nPart == THT_EXPANDER) {
-        Toggle(hit.nItem);
+        TreeActions::Toggle(*this, hit.nItem);
     } else if (hit.nPart > THT_EXPANDER) {
-        SelectRow(hit.nItem);
-        SendItem(static_cast<UINT>(NM_CLICK), hit.nItem, 0, pt.x, pt.y);
+        View().SelectRow(hit.nItem);
+        TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), hit.nItem, 0, pt.x, pt.y);
     }
     return 0;
 }
@@ -155,10 +187,11 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
     }
     const HWND hwnd = m_hWnd;
     TreeItem* item = m_aVisible[hit.nItem];
-    const gesso::ItemHold hold(m_tree.Store(), item);
-    const LRESULT lAnswer = SendItem(static_cast<UINT>(NM_DBLCLK), hit.nItem, 0, pt.x, pt.y);
+    const auto hold = Items().Hold(item);
+    const LRESULT lAnswer =
+        TreeActions::SendItem(*this, static_cast<UINT>(NM_DBLCLK), hit.nItem, 0, pt.x, pt.y);
     if (lAnswer == 0 && Frame::IsAlive(hwnd, this)) {
-        Toggle(m_aVisible[hit.nItem] == item ? hit.nItem : m_aVisible.Find(item));
+        TreeActions::Toggle(*this, m_aVisible[hit.nItem] == item ? hit.nItem : Items().FindRow(item));
     }
     return 0;
 }
@@ -170,7 +203,7 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
 void GTree::EnsureVisible(UINT)
 {
     if (static_cast<int>(m_siV.nPage) < m_siV.nMax && m_nSelected < m_aVisible.GetLength()) {
-        ScrollRowIntoView(m_nSelected, true, true);
+        TreeInput::ScrollRowIntoView(*this, m_nSelected, true, true);
     }
 }
 
@@ -179,7 +212,7 @@ void GTree::EnsureVisible(UINT)
 LRESULT GTree::OnHScroll(UINT uCode, UINT nPos, HWND)
 {
     if (const auto nTarget = gesso::ScrollTarget(m_siH, uCode, nPos, m_nItemHeight)) {
-        ScrollTo(SB_HORZ, *nTarget);
+        TreeInput::ScrollTo(*this, SB_HORZ, *nTarget);
     }
     Invalidate(0);
     return 0;

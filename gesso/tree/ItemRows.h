@@ -1,5 +1,5 @@
-// The rows that a tree shows now, in the order of display: an array of items in which rows come and go, and
-// an item's row is found, at a cost that hardly depends on how many rows there are.
+// The upkeep of a tree's VisibleRows: an array of items in which rows come and go, and an item's row is
+// found, at a cost that hardly depends on how many rows there are.
 //
 // The rows stand in chunks of up to 256, each of which knows the number of its first row; an item knows its
 // chunk. Splicing moves the rows of one chunk and renumbers the chunks behind it.
@@ -10,62 +10,32 @@
 
 #include <gesso/containers/Index.h>
 #include <gesso/tree/ItemStore.h>
-#include <gesso/tree/TreeRecord.h>
+#include <gesso/tree/VisibleRows.h>
 
 #include <algorithm>
 #include <memory>
 #include <span>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace gesso {
-
-template <class ITEM> class ItemRows;
-
-template <class ITEM> struct RowChunk
-{
-    static constexpr UINT CAPACITY = 256;
-
-    const ItemRows<ITEM>* pOwner;
-    UINT nFirst = 0; // number of the first row
-    UINT nCount = 0;
-    int nWidest = NOT_MEASURED;
-    ITEM* aItems[CAPACITY];
-};
 
 template <class ITEM> class ItemRows
 {
 public:
     using Chunk = RowChunk<ITEM>;
 
-    explicit ItemRows(std::shared_ptr<ItemStore<ITEM>> pStore) : m_pStore(std::move(pStore)) {}
-    // A copy has rows of its own to the same items.
-    ItemRows(const ItemRows& other) : m_pStore(other.m_pStore) { InsertAll(other); }
-    ItemRows& operator=(const ItemRows& other)
-    {
-        if (this != &other) {
-            RemoveAll();
-            m_pStore = other.m_pStore;
-            InsertAll(other);
-        }
-        return *this;
-    }
+    ItemRows(std::shared_ptr<ItemStore<ITEM>> pStore, VisibleRows<ITEM>& shown)
+        : m_pStore(std::move(pStore)), m_shown(shown)
+    {}
+    ItemRows(const ItemRows&) = delete;
+    ItemRows& operator=(const ItemRows&) = delete;
     ~ItemRows() { RemoveAll(); }
 
-    UINT GetLength() const
-    {
-        return m_chunks.empty() ? 0 : m_chunks.back()->nFirst + m_chunks.back()->nCount;
-    }
-
+    UINT GetLength() const { return m_shown.GetLength(); }
     // The item of a row; null past the last one.
-    ITEM* operator[](UINT row) const
-    {
-        if (row >= GetLength()) {
-            return nullptr;
-        }
-        const Chunk& chunk = *m_chunks[ChunkOf(row)];
-        return chunk.aItems[row - chunk.nFirst];
-    }
-    ITEM* GetAt(UINT row) const { return (*this)[row]; }
+    ITEM* operator[](UINT row) const { return m_shown[row]; }
 
     // The first row of an item; NO_INDEX if it has none.
     UINT Find(ITEM* item) const
@@ -77,7 +47,7 @@ public:
         if (place.nRows > 1 || !place.pChunk) {
             return FindByWalking(item);
         }
-        return place.pChunk->pOwner == this ? PlaceIn(*place.pChunk, item) : NO_INDEX;
+        return place.pChunk->pOwner == &m_shown ? PlaceIn(*place.pChunk, item) : NO_INDEX;
     }
 
     // The first row behind a row's branch: the next one of a level not above its own.
@@ -142,16 +112,17 @@ public:
             RemoveFrom(*m_chunks[k], iAt, nHere);
             n -= nHere;
         }
-        std::erase_if(m_chunks, [](const std::unique_ptr<Chunk>& pChunk) { return pChunk->nCount == 0; });
+        DeleteEmpty();
         Renumber(MergeAround(iFirst));
     }
 
     void RemoveAll()
     {
-        for (const auto& pChunk : m_chunks) {
+        for (Chunk* pChunk : m_chunks) {
             RemoveFrom(*pChunk, 0, pChunk->nCount);
         }
-        m_chunks.clear();
+        DeleteEmpty();
+        Publish();
     }
 
     // The greatest of widthOf(item) over all rows, at least 0. Only rows that came, and the rows around those
@@ -159,7 +130,7 @@ public:
     template <class FUNCTION> int Widest(FUNCTION widthOf)
     {
         int nWidest = 0;
-        for (const auto& pChunk : m_chunks) {
+        for (Chunk* pChunk : m_chunks) {
             Chunk& chunk = *pChunk;
             if (chunk.nWidest == NOT_MEASURED) {
                 chunk.nWidest = 0;
@@ -184,41 +155,75 @@ public:
 
     void AllChanged()
     {
-        for (const auto& pChunk : m_chunks) {
+        for (Chunk* pChunk : m_chunks) {
             pChunk->nWidest = NOT_MEASURED;
         }
     }
 
-private:
+    // Behind the rows that there are, those of another tree with the same items.
     void InsertAll(const ItemRows& other)
     {
-        for (const auto& pChunk : other.m_chunks) {
+        for (const Chunk* pChunk : other.m_chunks) {
             Insert(GetLength(), std::span<ITEM* const>(pChunk->aItems, pChunk->nCount));
         }
     }
 
-    // The chunk of a row that exists. Rows are mostly asked for one after the other.
-    size_t ChunkOf(UINT row) const
+    // Whether all is as it must be: for tests.
+    bool Check() const
     {
-        const auto holds = [&](size_t k) {
-            return k < m_chunks.size() && row - m_chunks[k]->nFirst < m_chunks[k]->nCount;
-        };
-        if (!holds(m_iLastChunk)) {
-            const auto behind = std::upper_bound(
-                m_chunks.begin(), m_chunks.end(), row,
-                [](UINT n, const std::unique_ptr<Chunk>& pChunk) { return n < pChunk->nFirst; });
-            m_iLastChunk = static_cast<size_t>(behind - m_chunks.begin()) - 1;
+        UINT nFirst = 0;
+        std::unordered_map<const ITEM*, UINT> shown;
+        for (const Chunk* pChunk : m_chunks) {
+            if (pChunk->pOwner != &m_shown || pChunk->nFirst != nFirst || pChunk->nCount == 0 ||
+                pChunk->nCount > Chunk::CAPACITY)
+            {
+                return false;
+            }
+            nFirst += pChunk->nCount;
+            std::for_each_n(pChunk->aItems, pChunk->nCount, [&](const ITEM* item) { ++shown[item]; });
         }
-        return m_iLastChunk;
+        return m_shown.GetLength() == nFirst &&
+               std::all_of(shown.begin(), shown.end(),
+                           [this](const auto& entry) { return CheckItem(entry.first, entry.second); });
     }
+
+private:
+    // Of an item that n rows show: it lives, knows of as many rows at least, copies having some as well, and
+    // where its only one is.
+    bool CheckItem(const ITEM* item, UINT n) const
+    {
+        if (m_pStore->Find(item) != item || item->place.nRows < n) {
+            return false;
+        }
+        const Chunk* pChunk = item->place.pChunk;
+        const bool fKnown = item->place.nRows == 1 && pChunk;
+        return !fKnown || (pChunk->pOwner == &m_shown && PlaceIn(*pChunk, item) != NO_INDEX);
+    }
+
+    // Lets the tree, and classes derived from it, see the chunks.
+    void Publish()
+    {
+        m_shown.m_ppFirst = m_chunks.data();
+        m_shown.m_ppEnd = m_chunks.data() + m_chunks.size();
+    }
+
+    void DeleteEmpty()
+    {
+        std::erase_if(m_chunks, [](Chunk* pChunk) {
+            const std::unique_ptr<Chunk> empty(pChunk->nCount == 0 ? pChunk : nullptr);
+            return empty != nullptr;
+        });
+    }
+
+    size_t ChunkOf(UINT row) const { return m_shown.ChunkOf(row); }
 
     // What is found of an item with one row is kept, so that the next search needs no walk.
     UINT FindByWalking(ITEM* item) const
     {
-        for (const auto& pChunk : m_chunks) {
+        for (Chunk* pChunk : m_chunks) {
             const UINT row = PlaceIn(*pChunk, item);
             if (row != NO_INDEX) {
-                item->place.pChunk = pChunk.get();
+                item->place.pChunk = pChunk;
                 return row;
             }
         }
@@ -252,6 +257,7 @@ private:
     {
         if (m_chunks.empty()) {
             m_chunks.push_back(MakeChunk());
+            Publish();
         }
         size_t k = row < GetLength() ? ChunkOf(row) : m_chunks.size() - 1;
         UINT iAt = row - m_chunks[k]->nFirst;
@@ -263,11 +269,11 @@ private:
         *pAt = iAt;
     }
 
-    std::unique_ptr<Chunk> MakeChunk() const
+    Chunk* MakeChunk() const
     {
         auto pChunk = std::make_unique_for_overwrite<Chunk>();
-        pChunk->pOwner = this;
-        return pChunk;
+        pChunk->pOwner = &m_shown;
+        return pChunk.release();
     }
 
     static void InsertInto(Chunk& chunk, UINT iAt, std::span<ITEM* const> items)
@@ -285,15 +291,15 @@ private:
     // Fills the chunk and new ones behind it; what stood behind the place comes last.
     void InsertByChunks(size_t k, UINT iAt, std::span<ITEM* const> items)
     {
-        Chunk* pChunk = m_chunks[k].get();
+        Chunk* pChunk = m_chunks[k];
         const std::vector<ITEM*> tail(pChunk->aItems + iAt, pChunk->aItems + pChunk->nCount);
         pChunk->nCount = iAt;
         pChunk->nWidest = NOT_MEASURED;
-        std::vector<std::unique_ptr<Chunk>> added;
+        std::vector<Chunk*> added;
         const auto append = [&](ITEM* item) {
             if (pChunk->nCount == Chunk::CAPACITY) {
                 added.push_back(MakeChunk());
-                pChunk = added.back().get();
+                pChunk = added.back();
             }
             pChunk->aItems[pChunk->nCount++] = item;
         };
@@ -305,8 +311,7 @@ private:
             append(item);
             item->place.pChunk = pChunk;
         }
-        m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(k) + 1,
-                        std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+        m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(k) + 1, added.begin(), added.end());
     }
 
     void RemoveFrom(Chunk& chunk, UINT iAt, UINT n)
@@ -323,22 +328,23 @@ private:
         const size_t iFirst = k > 0 ? k - 1 : 0;
         for (size_t i = iFirst; i + 1 < m_chunks.size() && i <= k;) {
             Chunk& chunk = *m_chunks[i];
-            const Chunk& next = *m_chunks[i + 1];
+            Chunk& next = *m_chunks[i + 1];
             if (chunk.nCount + next.nCount > Chunk::CAPACITY / 2) {
                 ++i;
                 continue;
             }
             std::copy_n(next.aItems, next.nCount, chunk.aItems + chunk.nCount);
             std::for_each_n(next.aItems, next.nCount, [&](ITEM* item) { item->place.pChunk = &chunk; });
-            chunk.nCount += next.nCount;
+            chunk.nCount += std::exchange(next.nCount, 0);
             chunk.nWidest = NOT_MEASURED;
-            m_chunks.erase(m_chunks.begin() + static_cast<std::ptrdiff_t>(i) + 1);
+            DeleteEmpty();
         }
         return iFirst;
     }
 
     void Renumber(size_t k)
     {
+        Publish();
         UINT nFirst = k == 0 ? 0 : m_chunks[k - 1]->nFirst + m_chunks[k - 1]->nCount;
         for (; k < m_chunks.size(); ++k) {
             m_chunks[k]->nFirst = nFirst;
@@ -347,8 +353,8 @@ private:
     }
 
     std::shared_ptr<ItemStore<ITEM>> m_pStore;
-    std::vector<std::unique_ptr<Chunk>> m_chunks; // none of them empty
-    mutable size_t m_iLastChunk = 0;
+    VisibleRows<ITEM>& m_shown;
+    std::vector<Chunk*> m_chunks; // owned; none of them empty
 };
 
 } // namespace gesso

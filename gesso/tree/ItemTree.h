@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -136,7 +137,45 @@ public:
         }
     }
 
+    // Whether all is as it must be: for tests. Every item is the root, in the tree once, or removed and still
+    // named or shown by something.
+    bool Check() const
+    {
+        std::vector<const ITEM*> open{m_pRoot};
+        size_t nInTree = 0;
+        while (!open.empty()) {
+            const ITEM& parent = *open.back();
+            open.pop_back();
+            ++nInTree;
+            for (UINT i = 0; i < parent.aChildren.GetLength(); ++i) {
+                const ITEM* child = parent.aChildren[i];
+                if (Find(child) != child || !IsChildOf(child, parent)) {
+                    return false;
+                }
+                open.push_back(child);
+            }
+        }
+        return CheckItems(nInTree);
+    }
+
 private:
+    // Each item names a parent that lives, which counts those that it has lost.
+    bool CheckItems(size_t nInTree) const
+    {
+        size_t nKept = 0;
+        bool fGood = true;
+        std::unordered_map<const ITEM*, UINT> strays;
+        m_pStore->ForEach([&](const ITEM& item) {
+            nKept += !IsRemoved(item);
+            fGood = fGood && (!IsRemoved(item) || item.place.nRows + item.place.nStrays > 0);
+            fGood = fGood && (!item.pParent || Find(item.pParent) == item.pParent);
+            strays[item.pParent] += IsStray(item);
+        });
+        return fGood && nKept == nInTree && std::all_of(strays.begin(), strays.end(), [](const auto& entry) {
+                   return !entry.first || entry.first->place.nStrays >= entry.second;
+               });
+    }
+
     static constexpr UINT NEAR_BY = 64;
 
     // Around where it was seen last: siblings that came or went since, one by one, have moved it a little.

@@ -1,5 +1,4 @@
-// Where the rules of the two trees part. All else they have in common, in ItemMembers.inl and
-// TreeMembers.inl.
+// Where the rules of the two trees part. All else they have in common: TreeView, TreeActions, TreeInput.
 #pragma once
 
 #include <gesso/tree/GNavigationBar.h>
@@ -13,7 +12,6 @@ template <class CONTROL> struct TreeRules;
 
 template <> struct TreeRules<GTree>
 {
-    using Item = TreeItem;
     static constexpr LPCWSTR CLASS_NAME = L"GTree";
     static constexpr const char* BAD_HANDLE = "GTree: a handle that names none of its items";
     static constexpr UINT EXPANDED = TIS_EXPANDED;
@@ -24,6 +22,8 @@ template <> struct TreeRules<GTree>
     static constexpr bool PARENT_IS_FRONT = true;
     // What GetItemNextChild answers at the end.
     static constexpr LONG_PTR NO_MORE_CHILDREN = -1;
+    // Where a new item's row stands is counted from the children before it alone.
+    static constexpr bool ROWS_COUNT_CHILDREN_ALONE = false;
     // A removed item's own row stays.
     static constexpr bool REMOVED_ROW_STAYS = true;
     // An item that got no children by TVN_ITEMEXPANDINGW stays closed.
@@ -32,7 +32,6 @@ template <> struct TreeRules<GTree>
     static constexpr bool SELECTION_FOLLOWS_ITEM = true;
     // Sorting writes over the first rows where the item has no row itself.
     static constexpr bool SORT_NEEDS_ROW = false;
-    static constexpr bool SELECTING_REPAINTS = false;
     // WM_VSCROLL's line is always as high as at first, and not as high as an item.
     static constexpr bool LINE_IS_FIXED = true;
     static constexpr bool THUMB_POSITION_SCROLLS = true;
@@ -40,7 +39,6 @@ template <> struct TreeRules<GTree>
 
 template <> struct TreeRules<GNavigationBar>
 {
-    using Item = NavigationBarItem;
     static constexpr LPCWSTR CLASS_NAME = L"GNavigationBar";
     static constexpr const char* BAD_HANDLE = "GNavigationBar: a handle that names none of its items";
     static constexpr UINT EXPANDED = NBIS_EXPANDED;
@@ -48,11 +46,11 @@ template <> struct TreeRules<GNavigationBar>
     static constexpr bool NULL_CHILD_IS_FRONT = true;
     static constexpr bool PARENT_IS_FRONT = false;
     static constexpr LONG_PTR NO_MORE_CHILDREN = 0;
+    static constexpr bool ROWS_COUNT_CHILDREN_ALONE = true;
     static constexpr bool REMOVED_ROW_STAYS = false;
     static constexpr bool EXPANDS_WITHOUT_CHILDREN = true;
     static constexpr bool SELECTION_FOLLOWS_ITEM = false;
     static constexpr bool SORT_NEEDS_ROW = true;
-    static constexpr bool SELECTING_REPAINTS = true;
     static constexpr bool LINE_IS_FIXED = false;
     static constexpr bool THUMB_POSITION_SCROLLS = false;
 };

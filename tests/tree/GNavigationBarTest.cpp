@@ -255,7 +255,7 @@ TEST_F(GNavigationBarTest, AnItemPutInPlaceOfTheExpandingOneStaysClosed)
     EXPECT_EQ(tree.Rows(), "Folders new - _ news zoo");
     EXPECT_EQ(tree.GetItemState(made), NBIS_HASCHILDREN);
     EXPECT_EQ(host.Take().size(), 1u);
-    EXPECT_FALSE(tree.m_tree.Find(m_mail)) << "nothing holds the former one any more";
+    EXPECT_FALSE(tree.m_aVisible.Inside().tree.Find(m_mail)) << "nothing holds the former one any more";
 }
 
 TEST_F(GNavigationBarTest, TheScrollRangeCountsEveryRowAsAnItem)

@@ -41,53 +41,6 @@ TEST_F(GTreeDataTest, ItemsStandWhereTheyWereInserted)
     EXPECT_EQ(tree.GetItemNextChild(b, d), END);
 }
 
-TEST_F(GTreeDataTest, AnItemIsKnownAmongManySiblingsThatCameAndWent)
-{
-    std::vector<void*> items;
-    for (int i = 0; i < 300; ++i) {
-        items.insert(items.begin(), tree.Add(nullptr, "x", 0, tree.GetRootItem()));
-    }
-    const auto checkOrder = [&] {
-        void* p = nullptr;
-        for (void* item : items) {
-            p = tree.GetItemNextChild(nullptr, p);
-            ASSERT_EQ(p, item);
-        }
-        EXPECT_EQ(tree.GetItemNextChild(nullptr, p), END);
-    };
-    checkOrder();
-    for (int i = 0; i < 100; ++i) {
-        tree.RemoveItem(items.front());
-        items.erase(items.begin());
-    }
-    checkOrder();
-}
-
-TEST_F(GTreeDataTest, RowsUnderAnExpandedItemFollowItsBranch)
-{
-    void* a = tree.Add(nullptr, "a");
-    tree.Add(nullptr, "z");
-    void* a1 = tree.Add(a, "a1");
-    EXPECT_EQ(tree.Rows(), "a z");
-    tree.Expand(a);
-    tree.Add(a1, "a11");
-    tree.Expand(a1);
-    EXPECT_EQ(tree.Rows(), "a a1 a11 z");
-    tree.Add(a, "a2");
-    tree.Add(a, "a0", 0, a);
-    tree.Add(a, "a15", 0, a1);
-    EXPECT_EQ(tree.Rows(), "a a0 a1 a11 a15 a2 z");
-    tree.Add(nullptr, "y", 0, a);
-    EXPECT_EQ(tree.Rows(), "a a0 a1 a11 a15 a2 y z");
-
-    // Expanded, but not in view itself.
-    tree.Collapse(a);
-    tree.Add(a1, "a12");
-    EXPECT_EQ(tree.Rows(), "a y z");
-    tree.Expand(a);
-    EXPECT_EQ(tree.Rows(), "a a0 a1 a11 a12 a15 a2 y z");
-}
-
 TEST_F(GTreeDataTest, ExpansionTellsTheParentAndLetsItFillTheItem)
 {
     void* a = tree.Add(nullptr, "a", TIS_HASCHILDREN);
@@ -265,108 +218,6 @@ TEST_F(GTreeDataTest, StatesAndOtherFieldsAreStored)
     EXPECT_EQ(tree.GetItemHeight(), 20u);
 }
 
-TEST_F(GTreeDataTest, ItemsThatMoveKeepRowLevelAndNamedParent)
-{
-    void* a = tree.Add(nullptr, "a");
-    void* b = tree.Add(nullptr, "b");
-    void* a1 = tree.Add(a, "a1");
-    void* a2 = tree.Add(a, "a2");
-    tree.Expand(a);
-    tree.SetItemParent(a1, b);
-    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
-    EXPECT_EQ(tree.Children(a), "a2");
-    EXPECT_EQ(tree.Children(b), "a1");
-    EXPECT_EQ(tree.GetItemParent(a1), a);
-    tree.Expand(b); // now a1 has two rows
-    EXPECT_EQ(tree.Rows(), "a a1 a2 b a1");
-    EXPECT_EQ(tree.FindVisibleIndex(static_cast<TreeItem*>(a1)), 1u);
-    tree.Collapse(a);
-    EXPECT_EQ(tree.Rows(), "a b a1");
-    EXPECT_EQ(tree.FindVisibleIndex(static_cast<TreeItem*>(a1)), 2u);
-    // The parent that a1 still names goes.
-    tree.RemoveItem(a);
-    EXPECT_EQ(tree.GetItemParent(a1), nullptr);
-    tree.SetItemParent(a1, tree.GetRootItem());
-    tree.RemoveItem(b);
-    EXPECT_EQ(tree.Children(nullptr), "a1");
-
-    const AllowMisuse allowed;
-    void* x = tree.Add(a1, "x");
-    tree.SetItemParent(a1, x);
-    tree.SetItemParent(a1, a1);
-    tree.SetItemParent(tree.GetRootItem(), a1);
-    tree.SetItemParent(a1, nullptr);
-    tree.SetItemParent(a2, a1);
-    EXPECT_EQ(tree.Children(nullptr), "a1");
-    EXPECT_EQ(tree.Children(a1), "x");
-}
-
-TEST_F(GTreeDataTest, SortingOrdersByNameAndWritesTheRowsBehindTheItem)
-{
-    void* a = tree.Add(nullptr, "a");
-    for (const char* name : {"delta", "Alpha", "charlie", "BRAVO"}) {
-        tree.Add(a, name);
-    }
-    tree.Expand(a);
-    tree.SetSelectedItem(tree.At(1));
-    tree.SortChildren(a);
-    EXPECT_EQ(tree.Rows(), "a Alpha BRAVO charlie delta");
-    EXPECT_EQ(tree.Selected(), "delta");
-    tree.Add(nullptr, "B", 0, tree.GetRootItem());
-    tree.Collapse(a);
-    tree.SortChildren(tree.GetRootItem());
-    EXPECT_EQ(tree.Rows(), "a B");
-
-    // An open branch among the children: its rows are written over.
-    void* c = tree.Add(a, "C", 0, a);
-    tree.Add(c, "c1");
-    tree.Expand(a);
-    tree.Expand(c);
-    EXPECT_EQ(tree.Rows(), "a C c1 Alpha BRAVO charlie delta B");
-    tree.SortChildren(a);
-    EXPECT_EQ(tree.Rows(), "a Alpha BRAVO C charlie delta delta B");
-    // Never beyond the last row.
-    tree.SortChildren(tree.GetRootItem());
-    EXPECT_EQ(tree.Rows(), "a B BRAVO C charlie delta delta B");
-    tree.RemoveAllItems();
-    EXPECT_EQ(tree.Rows(), "");
-}
-
-// Worked through apart from the code: which of the equal names the partition swaps, and that the insertion
-// sort takes parts of 16.
-TEST_F(GTreeDataTest, EqualNamesComeOutInTheOrderOfTheStatedSort)
-{
-    constexpr std::string_view NAMES = "CaBaBbAcBcBbBcacAccaccaBBbabaBAACaaAaaBCAAACcBBbCAbBBCabAbbb";
-    for (UINT i = 0; i < NAMES.size(); ++i) {
-        tree.InsertItem(nullptr, nullptr, WideText(std::string(1, NAMES[i])), i, 0, nullptr);
-    }
-    tree.SortChildren(tree.GetRootItem());
-    std::string order;
-    for (UINT row = 0; row < NAMES.size(); ++row) {
-        order += std::to_string(tree.GetItemImage(tree.At(row))) + " ";
-    }
-    EXPECT_EQ(order,
-              "19 22 26 28 30 31 33 34 35 36 37 40 41 42 49 54 56 6 3 14 1 16 55 57 52 51 50 2 47 46 45 "
-              "58 4 5 38 59 8 10 11 12 29 23 27 25 24 17 18 20 0 21 15 53 48 13 44 43 32 39 9 7 ");
-}
-
-TEST_F(GTreeDataTest, TheRootHasARowOnDemand)
-{
-    tree.SetRootVisible(true);
-    EXPECT_EQ(tree.m_aVisible.GetLength(), 1u);
-    tree.SetRootVisible(false);
-    tree.SetRootVisible(false);
-    EXPECT_EQ(tree.m_aVisible.GetLength(), 0u);
-    tree.Add(nullptr, "b");
-    tree.SetRootVisible(true);
-    tree.SetRootVisible(true);
-    EXPECT_EQ(tree.Rows(), " b");
-    tree.Add(nullptr, "a", 0, tree.GetRootItem());
-    EXPECT_EQ(tree.Rows(), "a  b") << "the first child lands in front of the root";
-    tree.RemoveAllItems();
-    EXPECT_EQ(tree.Rows(), "");
-}
-
 TEST_F(GTreeDataTest, HandlesThatNameNoItemAreIgnored)
 {
     void* a = tree.Add(nullptr, "a");
@@ -408,25 +259,6 @@ TEST_F(GTreeDataTest, HandlesThatNameNoItemAreIgnored)
     EXPECT_EQ(tree.Rows(), "a");
     EXPECT_EQ(tree.GetSelectedItem(), nullptr);
     EXPECT_EQ(other.Rows(), "foreign");
-}
-
-TEST_F(GTreeDataTest, ADeepChainIsShownAndRemovedWithoutRecursion)
-{
-    constexpr int DEEP = 100'000;
-    void* top = tree.Add(nullptr, "top", TIS_EXPANDED);
-    void* p = top;
-    for (int i = 0; i < DEEP; ++i) {
-        p = tree.InsertItem(p, nullptr, L"", 0, TIS_EXPANDED, nullptr);
-    }
-    EXPECT_EQ(tree.m_aVisible.GetLength(), DEEP + 1u);
-    EXPECT_EQ(tree.GetItemLevel(p), DEEP);
-    tree.Collapse(top);
-    EXPECT_EQ(tree.Rows(), "top");
-    tree.Expand(top);
-    EXPECT_EQ(tree.m_aVisible.GetLength(), DEEP + 1u);
-    tree.RemoveItem(top);
-    EXPECT_EQ(tree.Rows(), "top");
-    EXPECT_EQ(tree.GetItemChildCount(tree.GetRootItem()), 0u);
 }
 
 TEST_F(GTreeDataTest, ACopySharesTheItemsAndHasRowsOfItsOwn)

@@ -1,6 +1,7 @@
 // The rows of a tree beside a plain array of the same items.
 
 #include <gesso/tree/GTree.h>
+#include <gesso/tree/TreeInside.h>
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,7 @@ namespace {
 using gesso::ItemRows;
 using gesso::ItemStore;
 using gesso::NO_INDEX;
+using gesso::VisibleRows;
 
 class ItemRowsTest : public testing::Test
 {
@@ -50,12 +52,14 @@ protected:
         for (const TreeItem* item : plain) {
             widest = std::max(widest, item->place.nTextWidth);
         }
+        ASSERT_TRUE(rows.Check());
         ASSERT_EQ(rows.Widest([](const TreeItem& item) { return item.place.nTextWidth; }), widest);
     }
 
     TreeItem holder{nullptr};
-    std::shared_ptr<ItemStore<TreeItem>> store = std::make_shared<ItemStore<TreeItem>>();
-    ItemRows<TreeItem> rows{store};
+    VisibleRows<TreeItem> shown;
+    std::shared_ptr<ItemStore<TreeItem>> store = shown.Inside().tree.Store();
+    ItemRows<TreeItem>& rows = shown.Inside().rows;
     std::vector<TreeItem*> plain;
 };
 
@@ -115,14 +119,14 @@ TEST_F(ItemRowsTest, ARemovedItemLivesAsLongAsARowShowsIt)
 {
     TreeItem* item = NewItem();
     Insert(0, {item, NewItem(), item});
-    ItemRows<TreeItem> copy(rows);
+    const VisibleRows<TreeItem> copy(shown);
     item->place.pHolder = nullptr;
     Remove(0, 1);
     EXPECT_EQ(store->Find(item), item);
     Check();
     Remove(1, 1);
     EXPECT_EQ(store->Find(item), item) << "the copy still shows it";
-    copy.RemoveAll();
+    copy.Inside().rows.RemoveAll();
     EXPECT_EQ(store->Find(item), nullptr);
 }
 
@@ -130,7 +134,7 @@ TEST_F(ItemRowsTest, OnceACopyIsGoneTheFirstSearchTellsTheNextOneWhereToLook)
 {
     TreeItem* item = NewItem();
     Insert(0, {item});
-    ItemRows<TreeItem>(rows).RemoveAll();
+    VisibleRows<TreeItem>(shown).Inside().rows.RemoveAll();
     ASSERT_FALSE(item->place.pChunk);
     EXPECT_EQ(rows.Find(item), 0u);
     EXPECT_TRUE(item->place.pChunk);

@@ -4,6 +4,9 @@
 #include "../support/Keys.h"
 #include "../support/NotifyHost.h"
 
+#include <gesso/tree/TreeRules.h>
+#include <gesso/tree/TreeView.h>
+
 #include <gtest/gtest.h>
 
 namespace test {
@@ -47,7 +50,6 @@ public:
     using CONTROL::m_pSelected;
     using CONTROL::m_siH;
     using CONTROL::m_siV;
-    using CONTROL::m_tree;
     using HitTestInfo = typename CONTROL::HitTestInfo;
 
     void* Add(void* parent, const std::string& name, UINT state = 0, void* after = nullptr)
@@ -87,6 +89,11 @@ public:
         return info;
     }
     void* At(UINT row) const { return m_aVisible.GetAt(row); }
+    bool Check()
+    {
+        using Item = std::remove_pointer_t<decltype(m_pRoot)>;
+        return gesso::TreeView<Item, gesso::TreeRules<CONTROL>>(m_aVisible, m_pSelected, m_nSelected).Check();
+    }
 };
 
 struct HitCase

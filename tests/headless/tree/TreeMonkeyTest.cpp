@@ -269,6 +269,7 @@ private:
 
     void Check()
     {
+        ASSERT_TRUE(m_tree.Check());
         ASSERT_EQ(m_tree.m_aVisible.GetLength(), m_model.rows.size());
         for (UINT row = 0; row < m_model.rows.size(); ++row) {
             ASSERT_EQ(m_tree.At(row), m_model.rows[row]->handle) << "row " << row;

@@ -1,0 +1,51 @@
+// What a tree has behind its VisibleRows: the items, shared with its copies, and the upkeep of its own rows.
+#pragma once
+
+#include <gesso/tree/ItemRows.h>
+#include <gesso/tree/ItemTree.h>
+
+#include <memory>
+
+namespace gesso {
+
+template <class ITEM> struct TreeInside
+{
+    explicit TreeInside(VisibleRows<ITEM>& shown) : rows(tree.Store(), shown) {}
+    TreeInside(const TreeInside& other, VisibleRows<ITEM>& shown)
+        : tree(other.tree), rows(tree.Store(), shown)
+    {
+        rows.InsertAll(other.rows);
+    }
+    TreeInside(const TreeInside&) = delete;
+    TreeInside& operator=(const TreeInside&) = delete;
+
+    ItemTree<ITEM> tree;
+    ItemRows<ITEM> rows;
+};
+
+// Made once the record itself is there, into which the rows are published.
+template <class ITEM> VisibleRows<ITEM>::VisibleRows() : m_inside(nullptr)
+{
+    m_inside = std::make_unique<TreeInside<ITEM>>(*this).release();
+}
+
+template <class ITEM> VisibleRows<ITEM>::VisibleRows(const VisibleRows& other) : m_inside(nullptr)
+{
+    m_inside = std::make_unique<TreeInside<ITEM>>(*other.m_inside, *this).release();
+}
+
+template <class ITEM> VisibleRows<ITEM>& VisibleRows<ITEM>::operator=(const VisibleRows& other)
+{
+    if (this != &other) {
+        delete m_inside;
+        m_inside = std::make_unique<TreeInside<ITEM>>(*other.m_inside, *this).release();
+    }
+    return *this;
+}
+
+template <class ITEM> VisibleRows<ITEM>::~VisibleRows()
+{
+    delete m_inside;
+}
+
+} // namespace gesso

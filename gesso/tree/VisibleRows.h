@@ -1,0 +1,86 @@
+// The rows that a tree shows now, in the order of display, as derived classes read them, and the one pointer
+// to what is the library's own: the items and the rows' upkeep (TreeInside).
+#pragma once
+
+#include <gesso/tree/TreeRecord.h>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace gesso {
+
+template <class ITEM> class ItemRows;
+template <class ITEM> struct TreeInside;
+template <class ITEM, class RULES> class TreeItems;
+template <class ITEM, class RULES> class TreeView;
+template <class CONTROL> struct TreeRules;
+struct TreeActions;
+struct TreeInput;
+
+// Up to 256 rows that follow each other.
+template <class ITEM> struct RowChunk
+{
+    static constexpr UINT CAPACITY = 256;
+
+    const void* pOwner;
+    UINT nFirst = 0; // number of the first row
+    UINT nCount = 0;
+    int nWidest = NOT_MEASURED;
+    ITEM* aItems[CAPACITY];
+};
+
+template <class ITEM> class VisibleRows
+{
+public:
+    // Of a new tree, with a root and no rows.
+    VisibleRows();
+    // A copy shares the items, which live as long as any copy does, and has rows of its own.
+    VisibleRows(const VisibleRows& other);
+    VisibleRows& operator=(const VisibleRows& other);
+    ~VisibleRows();
+
+    UINT GetLength() const { return m_ppFirst == m_ppEnd ? 0 : m_ppEnd[-1]->nFirst + m_ppEnd[-1]->nCount; }
+
+    // The item of a row; null past the last one.
+    ITEM* operator[](UINT row) const
+    {
+        if (row >= GetLength()) {
+            return nullptr;
+        }
+        const Chunk& chunk = *m_ppFirst[ChunkOf(row)];
+        return chunk.aItems[row - chunk.nFirst];
+    }
+    ITEM* GetAt(UINT row) const { return (*this)[row]; }
+
+    TreeInside<ITEM>& Inside() const { return *m_inside; }
+
+private:
+    friend class ItemRows<ITEM>;
+    using Chunk = RowChunk<ITEM>;
+
+    // The chunk of a row that exists. Rows are mostly asked for one after the other.
+    size_t ChunkOf(UINT row) const
+    {
+        const auto nChunks = static_cast<size_t>(m_ppEnd - m_ppFirst);
+        const auto holds = [&](size_t k) {
+            return k < nChunks && row - m_ppFirst[k]->nFirst < m_ppFirst[k]->nCount;
+        };
+        if (!holds(m_iLastChunk)) {
+            const auto* behind = std::upper_bound(
+                m_ppFirst, m_ppEnd, row, [](UINT n, const Chunk* pChunk) { return n < pChunk->nFirst; });
+            m_iLastChunk = static_cast<size_t>(behind - m_ppFirst) - 1;
+        }
+        return m_iLastChunk;
+    }
+
+    // Fixed behaviour: the chunks' two ends and the last one asked for keep their places, and the record its
+    // size; derived classes that were compiled earlier have the reading of rows in their own code.
+    TreeInside<ITEM>* m_inside;
+    void* m_pReserved1 = nullptr;
+    Chunk* const* m_ppFirst = nullptr;
+    Chunk* const* m_ppEnd = nullptr;
+    void* m_pReserved2 = nullptr;
+    mutable size_t m_iLastChunk = 0;
+};
+
+} // namespace gesso
