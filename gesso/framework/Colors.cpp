@@ -34,6 +34,8 @@ COLORREF ColorOf(Color color)
     case Color::CertInvalidText: return RGB(0xFF, 0xFF, 0xFF);
     case Color::CertInvalidLeft: return RGB(0xAE, 0x00, 0x00);
     case Color::CertInvalidRight: return RGB(0xE2, 0x00, 0x00);
+    case Color::ListText: return RGB(0x00, 0x00, 0x00);
+    case Color::ListTileCaption: return RGB(0x76, 0x76, 0x76);
     }
     return CLR_INVALID;
 }

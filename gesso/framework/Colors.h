@@ -40,6 +40,9 @@ enum class Color
     CertInvalidText,
     CertInvalidLeft,
     CertInvalidRight,
+
+    ListText,        // of a list's items, headers and groups
+    ListTileCaption, // before the value in a tile
 };
 
 COLORREF ColorOf(Color color);

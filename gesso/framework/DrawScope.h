@@ -49,6 +49,22 @@ private:
     HDC m_hdc;
 };
 
+// What WM_PAINT draws into.
+class PaintContext
+{
+public:
+    explicit PaintContext(HWND hwnd) : m_hWnd(hwnd), m_hdc(BeginPaint(hwnd, &m_paint)) {}
+    ~PaintContext() { EndPaint(m_hWnd, &m_paint); }
+    PaintContext(const PaintContext&) = delete;
+    PaintContext& operator=(const PaintContext&) = delete;
+    operator HDC() const { return m_hdc; }
+
+private:
+    HWND m_hWnd;
+    PAINTSTRUCT m_paint{};
+    HDC m_hdc;
+};
+
 // A bitmap that goes with its scope. One that is selected is let go first: the SelectScope comes behind it.
 class BitmapScope
 {

@@ -51,6 +51,28 @@ inline constexpr Measure COMBO_ROW_HEIGHT{22};
 inline constexpr Measure COMBO_ROW_INSET{4}; // of a row's text, on each side
 // By which the list's background reaches beyond its client area.
 inline constexpr Measure COMBO_PANEL_OVERLAP{2};
+// --- Lists
+inline constexpr Measure LIST_TITLE_FONT{13}; // of items and groups
+inline constexpr Measure LIST_FONT{12};
+inline constexpr Measure LIST_HEADER_HEIGHT{25};
+inline constexpr Measure LIST_HEADER_GAP{10};   // below the header
+inline constexpr Measure LIST_CAPTION_TOP{5};   // of a header's captions, and the bottom of its arrow
+inline constexpr Measure LIST_DIVIDER_REACH{6}; // to either side of a header's divider
+inline constexpr Measure LIST_GROUP_HEIGHT{26};
+inline constexpr Measure LIST_ITEM_WIDTH{90};
+inline constexpr Measure LIST_ITEM_HEIGHT{22};
+inline constexpr Measure LIST_LINE_HEIGHT{20};
+inline constexpr Measure LIST_MARGIN{2};    // of a cell that asks for none of its own
+inline constexpr Measure LIST_CHECK_GAP{3}; // between a check box and the first column
+inline constexpr Measure LIST_TILE_CAPTION_GAP{5};
+inline constexpr Measure LIST_ICON_CHECK_SLOT{40}; // its width and height
+inline constexpr Measure LIST_ICON_SPACING{5};
+inline constexpr Measure LIST_ICON_MARGINS{4};   // beside an icon, both together
+inline constexpr Measure LIST_ICON_TEXT_GAP{2};  // above an icon, between it and its text, and below that
+inline constexpr Measure LIST_EMPTY_WIDTH{10};   // of the content before there are columns
+inline constexpr Measure LIST_FRAME_OVERHANG{2}; // by which the background reaches out of the client area
+inline constexpr Measure LIST_FRAME_NUMBER_CX{50};
+inline constexpr Measure LIST_FRAME_NUMBER_CY{20};
 
 // --- Trees
 inline constexpr Measure TREE_ITEM_HEIGHT{20};

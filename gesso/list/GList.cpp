@@ -1,6 +1,8 @@
 // How a list comes to life and goes, and its messages.
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/list/GList.h>
@@ -8,20 +10,28 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::NO_INDEX;
+using gesso::Pixels;
+namespace Metrics = gesso::Metrics;
 
 constinit ATOM GList::s_aClass = 0;
 constinit HCURSOR GList::s_hColumnSizing = nullptr;
 
 namespace {
 
-constexpr UINT NONE = static_cast<UINT>(-1);
 constexpr WORD SIZING_CURSOR = 140;
 
-constexpr GList::HitTestInfo NO_HIT{{0, 0}, NONE, NONE, 0xFFFF, 0xFFFF};
+constexpr GList::HitTestInfo NO_HIT{{0, 0}, NO_INDEX, NO_INDEX, 0xFFFF, 0xFFFF};
 
-HFONT MakeFont(int nHeight, int nWeight)
+// Of a list that has no window yet.
+UINT Usual(gesso::Measure measure)
 {
-    return CreateFontW(nHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    return static_cast<UINT>(Pixels(nullptr, measure));
+}
+
+HFONT MakeFont(int nCharacterHeight, int nWeight)
+{
+    return CreateFontW(-nCharacterHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
 }
 
 // Takes a font as the list's own in the place of another.
@@ -35,7 +45,12 @@ void TakeFont(HFONT& hField, HFONT hFont)
 
 } // namespace
 
-GList::GList() : hitPress(NO_HIT), hitHot(NO_HIT)
+GList::GList()
+    : headerHeight(Usual(Metrics::LIST_HEADER_HEIGHT)), headerItemSpacing(Usual(Metrics::LIST_HEADER_GAP)),
+      groupHeight(Usual(Metrics::LIST_GROUP_HEIGHT)), itemWidth(Usual(Metrics::LIST_ITEM_WIDTH)),
+      itemWidthBase(itemWidth), itemHeight(Usual(Metrics::LIST_ITEM_HEIGHT)), itemHeightBase(itemHeight),
+      lineHeight(Pixels(nullptr, Metrics::LIST_LINE_HEIGHT)), hitPress(NO_HIT), hitHot(NO_HIT),
+      contentCx(Usual(Metrics::LIST_EMPTY_WIDTH))
 {
     items.AllocExtra(0, 64);
     if (!s_hColumnSizing) {
@@ -209,7 +224,7 @@ LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
 {
     SetWindowTheme(m_hWnd, L"explorer", nullptr);
     GWndScroll::OnNcCreate(pcs);
-    m_dwState = Frame::FIRST_STATE;
+    Frame::SetState(*this, Frame::FIRST_STATE);
     themeList.Open(m_hWnd, L"LISTVIEW");
     return 1;
 }
@@ -217,17 +232,19 @@ LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
 LRESULT GList::OnCreate(const CREATESTRUCTW*)
 {
     OpenCellThemes();
-    TakeFont(fontLabelTitle, MakeFont(-13, 0));
-    TakeFont(fontLabelHeader, MakeFont(-12, 0));
-    TakeFont(fontLabelText, MakeFont(-12, FW_NORMAL));
-    TakeFont(fontGroupTitle, MakeFont(-13, FW_BOLD));
+    const int nTitle = Pixels(m_hWnd, Metrics::LIST_TITLE_FONT);
+    const int nText = Pixels(m_hWnd, Metrics::LIST_FONT);
+    TakeFont(fontLabelTitle, MakeFont(nTitle, 0));
+    TakeFont(fontLabelHeader, MakeFont(nText, 0));
+    TakeFont(fontLabelText, MakeFont(nText, FW_NORMAL));
+    TakeFont(fontGroupTitle, MakeFont(nTitle, FW_BOLD));
     return 0;
 }
 
 void GList::OpenCellThemes()
 {
-    themeHeader.Reset(OpenThemeData(m_hWnd, L"HEADER"));
-    themeButton.Reset(OpenThemeData(m_hWnd, L"BUTTON"));
+    themeHeader.Open(m_hWnd, L"HEADER");
+    themeButton.Open(m_hWnd, L"BUTTON");
 }
 
 // The groups stay: they go with the object.
@@ -253,7 +270,7 @@ LRESULT GList::OnNcDestroy()
 
 LRESULT GList::OnThemeChanged()
 {
-    m_hThemeScroll.Reset(OpenThemeData(m_hWnd, L"SCROLLBAR"));
+    m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
     themeList.Open(m_hWnd, L"LISTVIEW");
     OpenCellThemes();
     Invalidate(0);
@@ -265,7 +282,7 @@ LRESULT GList::OnThemeChanged()
 LRESULT GList::OnEnable(BOOL fEnable)
 {
     if (!fEnable) {
-        m_dwState &= ~(GWS_HOT | GWS_PRESSED | GWS_LISTDRAG);
+        Frame::ClearState(*this, GWS_HOT | GWS_PRESSED | GWS_LISTDRAG);
     }
     Invalidate(0);
     return 0;
@@ -273,7 +290,7 @@ LRESULT GList::OnEnable(BOOL fEnable)
 
 LRESULT GList::OnSetFocus(HWND)
 {
-    if (lastItem == NONE && items.GetLength() > 0) {
+    if (lastItem == NO_INDEX && items.GetLength() > 0) {
         lastItem = 0;
         SelectRange(0, 0);
     }
@@ -302,53 +319,52 @@ LRESULT GList::OnGetDlgCode(const MSG* pMessage) const
 
 LRESULT CALLBACK GList::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    auto* pList = Frame::ObjectOf<GList>(hwnd);
-    if (!pList) {
-        return uMsg == WM_NCCREATE ? Frame::Attach<GList>(hwnd, lParam)
-                                   : DefWindowProcW(hwnd, uMsg, wParam, lParam);
-    }
-    GList& list = *pList;
+    return Frame::Route<GList>(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT GList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
     const auto uHit = static_cast<UINT>(wParam);
     const POINTS pt = gesso::PointOf(lParam);
     switch (uMsg) {
-    case WM_CREATE: return list.OnCreate(reinterpret_cast<const CREATESTRUCTW*>(lParam));
-    case WM_DESTROY: return list.OnDestroy();
-    case WM_NCDESTROY: return list.OnNcDestroy();
-    case WM_NCCALCSIZE: return list.OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
-    case WM_NCHITTEST: return list.OnNcHitTest(pt);
-    case WM_NCPAINT: return list.OnNcPaint(wParam);
-    case WM_NCMOUSEMOVE: return list.OnNcMouseMove(uHit, pt);
-    case WM_NCMOUSELEAVE: return list.OnNcMouseLeave();
-    case WM_NCLBUTTONDOWN: return list.OnNcLButtonDown(uHit, pt);
-    case WM_NCLBUTTONDBLCLK: return list.OnNcLButtonDblClk(uHit, pt);
-    case WM_NCLBUTTONUP: return list.OnNcLButtonUp(uHit, pt);
-    case WM_PAINT: return list.OnPaint();
-    case WM_PRINTCLIENT: return list.OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
+    case WM_CREATE: return OnCreate(reinterpret_cast<const CREATESTRUCTW*>(lParam));
+    case WM_DESTROY: return OnDestroy();
+    case WM_NCDESTROY: return OnNcDestroy();
+    case WM_NCCALCSIZE: return OnNcCalcSize(wParam != 0, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
+    case WM_NCHITTEST: return OnNcHitTest(pt);
+    case WM_NCPAINT: return OnNcPaint(wParam);
+    case WM_NCMOUSEMOVE: return OnNcMouseMove(uHit, pt);
+    case WM_NCMOUSELEAVE: return OnNcMouseLeave();
+    case WM_NCLBUTTONDOWN: return OnNcLButtonDown(uHit, pt);
+    case WM_NCLBUTTONDBLCLK: return OnNcLButtonDblClk(uHit, pt);
+    case WM_NCLBUTTONUP: return OnNcLButtonUp(uHit, pt);
+    case WM_PAINT: return OnPaint();
+    case WM_PRINTCLIENT: return OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
-    case WM_THEMECHANGED: return list.OnThemeChanged();
-    case WM_STYLECHANGED: return Frame::OnStyleChanged(list);
-    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(list, wParam, lParam);
-    case WM_ENABLE: return list.OnEnable(wParam != 0);
-    case WM_SETFOCUS: return list.OnSetFocus(reinterpret_cast<HWND>(wParam));
-    case WM_KILLFOCUS: return list.OnKillFocus(reinterpret_cast<HWND>(wParam));
-    case WM_GETDLGCODE: return list.OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
-    case WM_KEYDOWN: return list.OnKeyDown(static_cast<UINT>(wParam), lParam, HIWORD(lParam));
-    case WM_KEYUP: return list.OnKeyUp(static_cast<UINT>(wParam));
+    case WM_THEMECHANGED: return OnThemeChanged();
+    case WM_STYLECHANGED: return Frame::OnStyleChanged(*this);
+    case WM_UPDATEUISTATE: return Frame::OnUpdateUIState(*this, wParam, lParam);
+    case WM_ENABLE: return OnEnable(wParam != 0);
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return OnKillFocus(reinterpret_cast<HWND>(wParam));
+    case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), lParam, HIWORD(lParam));
+    case WM_KEYUP: return OnKeyUp(static_cast<UINT>(wParam));
     case WM_CHAR:
-    case WM_DEADCHAR: return list.OnChar(static_cast<UINT>(wParam));
-    case WM_MOUSEMOVE: return list.OnMouseMove(wParam, pt);
-    case WM_MOUSELEAVE: return list.OnMouseLeave();
-    case WM_LBUTTONDOWN: return list.OnLButtonDown(wParam, pt);
-    case WM_LBUTTONUP: return list.OnLButtonUp(wParam, pt);
-    case WM_LBUTTONDBLCLK: return list.OnLButtonDblClk(wParam, pt);
-    case WM_CAPTURECHANGED: return list.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
-    case WM_SETCURSOR: return list.OnSetCursor(reinterpret_cast<HWND>(wParam), lParam);
-    case WM_MOUSEWHEEL: return list.OnMouseWheel(LOWORD(wParam), GET_WHEEL_DELTA_WPARAM(wParam), pt);
-    case WM_VSCROLL: return list.OnVScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
-    case WM_HSCROLL: return list.OnHScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
-    case WM_NOTIFY: return list.OnNotify(static_cast<UINT>(wParam), reinterpret_cast<const NMHDR*>(lParam));
+    case WM_DEADCHAR: return OnChar(static_cast<UINT>(wParam));
+    case WM_MOUSEMOVE: return OnMouseMove(wParam, pt);
+    case WM_MOUSELEAVE: return OnMouseLeave();
+    case WM_LBUTTONDOWN: return OnLButtonDown(wParam, pt);
+    case WM_LBUTTONUP: return OnLButtonUp(wParam, pt);
+    case WM_LBUTTONDBLCLK: return OnLButtonDblClk(wParam, pt);
+    case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    case WM_SETCURSOR: return OnSetCursor(reinterpret_cast<HWND>(wParam), lParam);
+    case WM_MOUSEWHEEL: return OnMouseWheel(LOWORD(wParam), GET_WHEEL_DELTA_WPARAM(wParam), pt);
+    case WM_VSCROLL: return OnVScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_HSCROLL: return OnHScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_NOTIFY: return OnNotify(static_cast<UINT>(wParam), reinterpret_cast<const NMHDR*>(lParam));
     case WM_MOUSEHWHEEL:
     case WM_CONTEXTMENU: return 0;
-    default: return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+    default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

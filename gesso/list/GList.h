@@ -110,9 +110,10 @@ public:
     virtual void RemoveColumn(UINT column);
     virtual void RemoveAllColumns();
     virtual UINT GetColumnCount();
-    // Format and width reach the cells with the next SetListStyle, flags too; texts stay prepared in the
-    // format that they were set in, and the header goes on showing the caption that the column was inserted
-    // with: hosts rely on all three.
+    // Fixed behaviour: format, width and flags reach the cells with the next SetListStyle, texts stay
+    // prepared in the format that they were set in, and the header goes on showing the caption that the
+    // column was inserted with. A program that stores a column's fields for later use would else see its list
+    // change.
     virtual void SetColumnFlags(UINT column, UINT flags);
     virtual void SetColumnFormat(UINT column, UINT format);
     virtual void SetColumnCx(UINT column, UINT cx);
@@ -260,13 +261,14 @@ protected:
     void CalculateItem(UINT item);
 
     // Texts
-    // Prepares a text in the fonts of a mode: 1 and 2 the text font and, with ":" behind it, the header font;
-    // 3 only the group title font, as second; 4 and 5 the text font and the title font. The pair is the
-    // caller's, to be given to FreeText; of null it makes nothing.
+    // Prepares a text in the fonts of a mode (LTM_): LTM_COLUMN and LTM_CAPTION the text font and, with ":"
+    // behind it, the header font; LTM_GROUP only the group title font, as second; LTM_ITEM and LTM_TITLE the
+    // text font and the title font. The pair is the caller's, to be given to FreeText; of null it makes
+    // nothing.
     ListTextPair* PrepareText(HDC hdc, UINT mode, LPCWSTR text, RECT* rc, UINT format, int lineHeight);
     static void FreeText(void* pair);
-    // Draws a pair in rc: 1 and 4 first in the text font, 2 second in the header font, 3 second in the group
-    // title font, 5 second in the title font.
+    // Draws a pair in rc: LTM_COLUMN and LTM_ITEM first in the text font, LTM_CAPTION second in the header
+    // font, LTM_GROUP second in the group title font, LTM_TITLE second in the title font.
     void TextOutW(HDC hdc, UINT mode, void* pair, RECT rc);
 
     // Layout
@@ -325,14 +327,14 @@ protected:
     HFONT fontLabelText = nullptr;
     HFONT fontGroupTitle = nullptr;
     UINT headerArea = 0; // the room above the first row
-    UINT headerHeight = 25;
-    UINT headerItemSpacing = 10;
-    UINT groupHeight = 26;
-    UINT itemWidth = 90; // in use; the base is what was asked for
-    UINT itemWidthBase = 90;
-    UINT itemHeight = 22;
-    UINT itemHeightBase = 22;
-    int lineHeight = 20;
+    UINT headerHeight;
+    UINT headerItemSpacing;
+    UINT groupHeight;
+    UINT itemWidth; // in use; the base is what was asked for
+    UINT itemWidthBase;
+    UINT itemHeight;
+    UINT itemHeightBase;
+    int lineHeight;
     UINT itemSpacingX = 0;
     UINT itemSpacingY = 0;
     HIMAGELIST imageList = nullptr;
@@ -346,13 +348,14 @@ protected:
     UINT shiftAnchor = static_cast<UINT>(-1);
     WORD keyMods = 0;                      // KEYMOD_ bits, as last seen
     UINT lastItem = static_cast<UINT>(-1); // last acted on
-    // A Group before any Sort sorts by the first column, descending: hosts rely on it.
+    // Fixed behaviour: a Group before any Sort sorts by the first column, descending. Another start would
+    // turn the items of every grouped list around.
     UINT sortColumn = 0;
     bool sortAscending = false;
     OArray<stcElementPosition, stcElementPosition const&> elements; // the laid-out rows, in drawing order
     OArray<stcColumnDrawInfo, stcColumnDrawInfo const&> columnDraw; // what every item shows
     RECT rcGroupFormat{};
-    UINT contentCx = 10;
+    UINT contentCx;
     UINT contentCy = 0;
     HWND* editWindows = nullptr; // of an edit in progress, ended by null
     WNDPROC* editProcs = nullptr;
@@ -367,6 +370,8 @@ private:
     friend class gesso::Frame;
 
     class RowPainter;
+
+    LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     // Data
     ListColumn* ColumnFor(UINT column, const char* operation) const;

@@ -1,8 +1,10 @@
 // What every item shows: the elements of its cell, made once for each list style.
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
@@ -10,19 +12,14 @@
 #include <algorithm>
 #include <utility>
 
+using gesso::NO_INDEX;
+using gesso::Pixels;
 using gesso::Saturated;
 using gesso::SelectScope;
 using gesso::WindowContext;
+namespace Metrics = gesso::Metrics;
 
 namespace {
-
-constexpr UINT NO_STYLE = static_cast<UINT>(-1);
-constexpr UINT NO_COLUMN = static_cast<UINT>(-1);
-
-constexpr int CHECK_GAP = 3; // between a check box and the first column
-constexpr int CAPTION_GAP = 5;
-constexpr RECT ICON_CHECK_SLOT{0, 0, 40, 40};
-constexpr UINT ICON_SPACING = 5;
 
 SIZE TextSize(HFONT hFont, LPCWSTR text)
 {
@@ -51,7 +48,7 @@ UINT GList::SetListStyle(UINT style)
     case GLS_TILES:
         // Nothing to show: the style stays stored, and the cells of the view before stay too.
         if (!MakeTilesCell(context)) {
-            return NO_STYLE;
+            return NO_INDEX;
         }
         break;
     case GLS_ICONS: MakeIconsCell(); break;
@@ -94,7 +91,7 @@ SIZE GList::CheckBoxSize(HDC hdc) const
 stcColumnDrawInfo GList::CheckBoxElement(SIZE size) const
 {
     const int top = Saturated((int64_t{itemHeight} - size.cy) >> 1);
-    return {LCT_CHECKSLOT, NO_COLUMN, 0, 0, {0, top, size.cx, Saturated(int64_t{top} + size.cy)}};
+    return {LCT_CHECKSLOT, NO_INDEX, 0, 0, {0, top, size.cx, Saturated(int64_t{top} + size.cy)}};
 }
 
 // --- Details
@@ -110,7 +107,7 @@ void GList::MakeDetailsCell(HDC hdc)
         const SIZE size = CheckBoxSize(hdc);
         itemHeight = std::max(itemHeight, static_cast<UINT>(size.cy));
         columnDraw.Add(CheckBoxElement(size));
-        x = size.cx + CHECK_GAP;
+        x = size.cx + Pixels(m_hWnd, Metrics::LIST_CHECK_GAP);
     }
     for (UINT column = 0; column < columns.GetLength(); ++column) {
         const ListColumn& c = *columns[column];
@@ -119,7 +116,9 @@ void GList::MakeDetailsCell(HDC hdc)
         x = right;
     }
     StampRows(0, x);
-    contentCx = ColumnsWidth(); // without the check box: hosts rely on it
+    // Fixed behaviour: without the check box, by whose width the bar across falls short of the last column.
+    // The bar would else show in lists whose columns just fill the window.
+    contentCx = ColumnsWidth();
 }
 
 // --- Tiles
@@ -165,14 +164,19 @@ void GList::AddTileElements(UINT column)
     columnDraw.Add({c.type, column, c.format, 0, rc});
 }
 
-// The caption that is measured is that of the element at the column's number, which is the column's own only
-// while every column before made just one element: hosts have placed their tiles by it.
+// Fixed behaviour: the caption that is measured is that of the element at the column's number, which is the
+// column's own only while every column before made just one element. Values would else move in tiles of
+// several captions.
 int GList::CaptionWidth(UINT column) const
 {
     const UINT named = column < columnDraw.GetLength() ? columnDraw[column].column : column;
     const UINT measured = named < columns.GetLength() ? named : column;
     const LPCWSTR text = columns[measured]->text;
-    return text ? TextSize(fontLabelHeader, OString<wchar_t>::Build(L"%s:", text)).cx + CAPTION_GAP : 0;
+    if (!text) {
+        return 0;
+    }
+    const SIZE size = TextSize(fontLabelHeader, OString<wchar_t>::Build(L"%s:", text));
+    return size.cx + Pixels(m_hWnd, Metrics::LIST_TILE_CAPTION_GAP);
 }
 
 // --- Icons
@@ -187,9 +191,10 @@ SIZE GList::IconSize() const
     return {cx, cy};
 }
 
-// Makes the elements three, and leaves what an earlier view wrote into the fields that this one does not
-// name: the column that an icon shows depends on it, and hosts rely on it. A fresh element names the first
-// column.
+// Makes the elements three. A fresh element names the first column.
+//
+// Fixed behaviour: what an earlier view wrote into the fields that this one does not name stays. Icons that
+// follow another view would else show another column's image and text.
 void GList::MakeThreeElements()
 {
     while (columnDraw.GetLength() < 3) {
@@ -204,21 +209,24 @@ void GList::MakeIconsCell()
     const LPCWSTR text = columns.GetLength() > 1 ? columns[1]->text : nullptr;
     const int textCy = text ? TextSize(fontLabelText, text).cy : 0;
     const SIZE icon = IconSize();
-    itemHeight = std::max(itemHeightBase, static_cast<UINT>(textCy + icon.cy + 6));
-    itemWidth = std::max(itemWidthBase, static_cast<UINT>(icon.cx + 4));
+    const int gap = Pixels(m_hWnd, Metrics::LIST_ICON_TEXT_GAP);
+    const int slot = Pixels(m_hWnd, Metrics::LIST_ICON_CHECK_SLOT);
+    const int margins = Pixels(m_hWnd, Metrics::LIST_ICON_MARGINS);
+    itemHeight = std::max(itemHeightBase, static_cast<UINT>(textCy + icon.cy + 3 * gap));
+    itemWidth = std::max(itemWidthBase, static_cast<UINT>(icon.cx + margins));
     const int cx = Saturated(itemWidth);
     const int cy = Saturated(itemHeight);
 
     MakeThreeElements();
     columnDraw[0].type = LCT_CHECKSLOT;
-    columnDraw[0].rect = ICON_CHECK_SLOT;
-    const int imageBottom = cy - textCy - 4;
+    columnDraw[0].rect = {0, 0, slot, slot};
+    const int imageBottom = cy - textCy - 2 * gap;
     columnDraw[1].type = LCT_ICONIMAGE;
-    columnDraw[1].rect = {(cx >> 1) - icon.cx / 2, (imageBottom >> 1) - icon.cy / 2 + 2, cx, imageBottom};
+    columnDraw[1].rect = {(cx >> 1) - icon.cx / 2, (imageBottom >> 1) - icon.cy / 2 + gap, cx, imageBottom};
     columnDraw[2].type = LCT_ICONTEXT;
     columnDraw[2].format = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
-    columnDraw[2].rect = {0, imageBottom + 2, cx, cy};
-    itemSpacingX = itemSpacingY = ICON_SPACING;
+    columnDraw[2].rect = {0, imageBottom + gap, cx, cy};
+    itemSpacingX = itemSpacingY = static_cast<UINT>(Pixels(m_hWnd, Metrics::LIST_ICON_SPACING));
     // Once more than SetListStyle does, since showing the bars may change what there is room for.
     Calculate();
 }

@@ -1,5 +1,6 @@
 // Columns, groups and items: the records, and what is stored in them.
 
+#include <gesso/containers/Index.h>
 #include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/containers/StringOf.h>
@@ -11,16 +12,12 @@
 #include <new>
 #include <utility>
 
+using gesso::NO_INDEX;
 using gesso::WindowContext;
 
 namespace {
 
-constexpr UINT NONE = static_cast<UINT>(-1);
 constexpr UINT LEAST_ITEM_GROWTH = 64;
-
-// Modes of PrepareText.
-constexpr UINT CAPTION_TEXT = 1;
-constexpr UINT GROUP_TEXT = 3;
 
 // A field of a record, or `neutral` without a record.
 template <class RECORD, class VALUE>
@@ -115,7 +112,7 @@ UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT c
                                   fktGet};
     if (text) {
         const WindowContext context(m_hWnd);
-        column->prepared = PrepareText(context, CAPTION_TEXT, text, nullptr, format, lineHeight);
+        column->prepared = PrepareText(context, LTM_COLUMN, text, nullptr, format, lineHeight);
     }
     columns.InsertAt(position, column);
     SetListStyle(listStyle);
@@ -185,7 +182,8 @@ void GList::SetColumnCxMin(UINT column, UINT cxMin)
     }
 }
 
-// The prepared caption stays, so that the header goes on showing the former text: hosts rely on it.
+// Fixed behaviour: the prepared caption stays, so that the header goes on showing the former text. Captions
+// would else change in programs that keep a column's key in its text.
 void GList::SetColumnText(UINT column, LPCWSTR text)
 {
     if (ListColumn* record = ColumnFor(column, "GList::SetColumnText: no such column")) {
@@ -286,7 +284,7 @@ void GList::NameGroup(ListGroup& group, LPCWSTR name)
 {
     group.name = gesso::StringOf(name);
     const WindowContext context(m_hWnd);
-    ListTextPair* prepared = PrepareText(context, GROUP_TEXT, group.name, nullptr, group.format, lineHeight);
+    ListTextPair* prepared = PrepareText(context, LTM_GROUP, group.name, nullptr, group.format, lineHeight);
     FreeText(std::exchange(group.prepared, prepared));
 }
 
@@ -369,7 +367,7 @@ void GList::SetGroupGroup(UINT index, UINT group)
 
 UINT GList::GetGroupFormat(UINT group) const
 {
-    return Field(GroupAt(group), &ListGroup::format, NONE);
+    return Field(GroupAt(group), &ListGroup::format, NO_INDEX);
 }
 
 RECT* GList::GetGroupFormatRect()
@@ -390,12 +388,12 @@ LPCWSTR GList::GetGroupName(UINT group) const
 
 UINT GList::GetGroupImage(UINT group) const
 {
-    return Field(GroupAt(group), &ListGroup::image, NONE);
+    return Field(GroupAt(group), &ListGroup::image, NO_INDEX);
 }
 
 UINT GList::GetGroupGroup(UINT group) const
 {
-    return Field(GroupAt(group), &ListGroup::group, NONE);
+    return Field(GroupAt(group), &ListGroup::group, NO_INDEX);
 }
 
 // --- Items

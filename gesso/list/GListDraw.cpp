@@ -1,8 +1,12 @@
 // Painting. Nothing is measured or shaped here, and only the rows that show are visited.
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
@@ -11,25 +15,29 @@
 #include <algorithm>
 #include <utility>
 
+using gesso::Color;
 using gesso::Frame;
+using gesso::NO_INDEX;
+using gesso::Pixels;
 using gesso::PlainPart;
 using gesso::Saturated;
 using gesso::SelectScope;
 using gesso::ThemePart;
+namespace Metrics = gesso::Metrics;
 
 namespace {
 
-constexpr COLORREF CAPTION_COLOR = 0x767676;
-constexpr int USUAL_MARGIN = 2;
-constexpr int HEADER_TOP = 5; // of the captions, and the bottom of the sort arrow, in the window
 constexpr UINT MOST_FRAMES = 100;
 // Stands for what an item made with fewer columns does not have.
-constexpr ListSubItem NO_SUB_ITEM{0, static_cast<UINT>(-1), nullptr, nullptr};
-constexpr RECT FRAME_NUMBER_RECT{0, 0, 50, 20};
+constexpr ListSubItem NO_SUB_ITEM{0, NO_INDEX, nullptr, nullptr};
 
-int Margin(LONG side)
+// The margins of a column's cells, with the usual one where the column names none.
+RECT MarginsOf(HWND hwnd, const ListColumn& column)
 {
-    return side == -1 ? USUAL_MARGIN : side;
+    const int usual = Pixels(hwnd, Metrics::LIST_MARGIN);
+    const auto margin = [usual](LONG side) { return side == -1 ? usual : side; };
+    const RECT& rc = column.rcFormat;
+    return {margin(rc.left), margin(rc.top), margin(rc.right), margin(rc.bottom)};
 }
 
 RECT Shifted(const RECT& rc, int64_t dx, int64_t dy)
@@ -168,7 +176,8 @@ void GList::RowPainter::DrawHighlight(const ListItem& item, bool fHot, const REC
     }
 }
 
-// All check boxes of a list light up and press together, by the state of the control: hosts know them so.
+// Fixed behaviour: all check boxes of a list light up and press together, by the state of the control. With a
+// state for each, every picture of a list with check boxes under the pointer would change.
 int GList::RowPainter::CheckBoxState(bool fChecked) const
 {
     constexpr DWORD HOT_AND_PRESSED = GWS_HOT | GWS_PRESSED;
@@ -196,8 +205,8 @@ RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& 
     RECT rc = Shifted(element.rect, rcRow.left, rcRow.top);
     Inset(rc, m_border, m_border, m_border, m_border);
     if ((m_list.listStyle & VIEWS_WITH_MARGINS) && element.column < m_list.columns.GetLength()) {
-        const RECT& margins = m_list.columns[element.column]->rcFormat;
-        Inset(rc, Margin(margins.left), Margin(margins.top), Margin(margins.right), Margin(margins.bottom));
+        const RECT margins = MarginsOf(m_list.m_hWnd, *m_list.columns[element.column]);
+        Inset(rc, margins.left, margins.top, margins.right, margins.bottom);
     }
     return rc;
 }
@@ -240,9 +249,9 @@ void GList::RowPainter::DrawCaption(UINT column, const RECT& rc)
 {
     const ListColumn* c = column < m_list.columns.GetLength() ? m_list.columns[column] : nullptr;
     if (c && c->text && c->prepared) {
-        SetTextColor(m_hdc, CAPTION_COLOR);
+        SetTextColor(m_hdc, ColorOf(Color::ListTileCaption));
         DrawIn(m_list.fontLabelHeader, c->prepared->second, rc);
-        SetTextColor(m_hdc, 0);
+        SetTextColor(m_hdc, ColorOf(Color::ListText));
     }
 }
 
@@ -280,7 +289,8 @@ void GList::Draw(HDC hdc)
         return;
     }
     RECT rcFrame = rc;
-    InflateRect(&rcFrame, 2, 2);
+    const int overhang = Pixels(m_hWnd, Metrics::LIST_FRAME_OVERHANG);
+    InflateRect(&rcFrame, overhang, overhang);
     themeList.DrawBackground(hdc, rcFrame);
     DrawElements(hdc, rc);
     if (listStyle & GLS_HEADER) {
@@ -311,7 +321,8 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
             painter.DrawItem(elements[k].index, Shifted(elements[k].rect, x, y));
             ++k;
         } while (k < count && elements[k].type == LET_ITEM && elements[k].rect.top + y <= bottom);
-        // A run that reaches below the window ends the painting without its grid: hosts know the grid so.
+        // Fixed behaviour: a run that reaches below the window ends the painting without its grid. A list
+        // that is longer than its window would else get lines that it never had.
         if (k < count && elements[k].type == LET_ITEM) {
             return;
         }
@@ -321,31 +332,30 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
     }
 }
 
-// The grid stays where it is when the list is scrolled: hosts know it so.
+// Fixed behaviour: the grid stays where it is when the list is scrolled, so that a scrolled list shows its
+// lines across the rows.
 void GList::DrawGrid(HDC hdc, UINT first, UINT last) const
 {
-    const HPEN hPen = CreatePen(PS_SOLID, 1, themeList.GridColor());
+    gesso::PenHandle gridPen;
+    gridPen.Reset(CreatePen(PS_SOLID, 1, themeList.GridColor()));
     const auto line = [hdc](int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
         MoveToEx(hdc, Saturated(x1), Saturated(y1), nullptr);
         LineTo(hdc, Saturated(x2), Saturated(y2));
     };
-    {
-        const SelectScope pen(hdc, hPen);
-        const int64_t y = headerArea;
-        const int64_t top = elements[first].rect.top + y;
-        const int64_t bottom = elements[last].rect.bottom + y;
-        const UINT cells = columnDraw.GetLength();
-        line(0, top, 0, bottom);
-        for (UINT cell = 0; cell < cells; ++cell) {
-            line(columnDraw[cell].rect.right, top, columnDraw[cell].rect.right, bottom);
-        }
-        const int right = cells ? columnDraw[cells - 1].rect.right : 0;
-        for (UINT k = first; k <= last; ++k) {
-            line(0, elements[k].rect.top + y, right, elements[k].rect.top + y);
-        }
-        line(0, bottom, right, bottom);
+    const SelectScope pen(hdc, gridPen);
+    const int64_t y = headerArea;
+    const int64_t top = elements[first].rect.top + y;
+    const int64_t bottom = elements[last].rect.bottom + y;
+    const UINT cells = columnDraw.GetLength();
+    line(0, top, 0, bottom);
+    for (UINT cell = 0; cell < cells; ++cell) {
+        line(columnDraw[cell].rect.right, top, columnDraw[cell].rect.right, bottom);
     }
-    DeleteObject(hPen);
+    const int right = cells ? columnDraw[cells - 1].rect.right : 0;
+    for (UINT k = first; k <= last; ++k) {
+        line(0, elements[k].rect.top + y, right, elements[k].rect.top + y);
+    }
+    line(0, bottom, right, bottom);
 }
 
 // --- The header
@@ -375,16 +385,17 @@ void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
     const UINT column = columnDraw[cell].column;
     const ListColumn* c = column < columns.GetLength() ? columns[column] : nullptr;
     const UINT sorted = c ? c->state & (LCS_SORTUP | LCS_SORTDOWN) : 0;
+    const int captionTop = Pixels(m_hWnd, Metrics::LIST_CAPTION_TOP);
     DrawHeaderPart(hdc, HP_HEADERITEM, HeaderState(cell, sorted != 0), rc);
     if (sorted) {
-        const RECT rcArrow{rc.left, rc.top, rc.right, HEADER_TOP};
+        const RECT rcArrow{rc.left, rc.top, rc.right, captionTop};
         DrawHeaderPart(hdc, HP_HEADERSORTARROW, sorted & LCS_SORTUP ? HSAS_SORTEDUP : HSAS_SORTEDDOWN,
                        rcArrow);
     }
     if (c && c->prepared && c->prepared->first) {
-        Inset(rc, int64_t{nBorder} + Margin(c->rcFormat.left), nBorder,
-              int64_t{nBorder} + Margin(c->rcFormat.right), nBorder);
-        rc.top = HEADER_TOP;
+        const RECT margins = MarginsOf(m_hWnd, *c);
+        Inset(rc, int64_t{nBorder} + margins.left, nBorder, int64_t{nBorder} + margins.right, nBorder);
+        rc.top = captionTop;
         const SelectScope font(hdc, fontLabelText);
         CDrawText::DrawTextW(hdc, c->prepared->first, rc);
     }
@@ -459,20 +470,18 @@ void GList::KeepFrame(HDC hdc)
 
 void GList::ReplayFrame()
 {
-    PAINTSTRUCT ps{};
-    const HDC hdc = BeginPaint(m_hWnd, &ps);
+    const gesso::PaintContext context(m_hWnd);
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
     const auto frame = static_cast<UINT>(frameIndex);
-    const HDC hdcFrame = CreateCompatibleDC(hdc);
     {
-        const SelectScope bitmap(hdcFrame, frame < frames.GetLength() ? HGDIOBJ(frames[frame]) : nullptr);
-        BitBlt(hdc, 0, 0, rc.right, rc.bottom, hdcFrame, 0, 0, SRCCOPY);
+        const gesso::MemoryContext kept;
+        const SelectScope bitmap(kept, frame < frames.GetLength() ? HGDIOBJ(frames[frame]) : nullptr);
+        BitBlt(context, 0, 0, rc.right, rc.bottom, kept, 0, 0, SRCCOPY);
     }
-    DeleteDC(hdcFrame);
-    RECT rcNumber = FRAME_NUMBER_RECT;
-    ::DrawTextW(hdc, OString<wchar_t>::Build(L"%i", frameIndex), -1, &rcNumber, 0);
-    EndPaint(m_hWnd, &ps);
+    RECT rcNumber{0, 0, Pixels(m_hWnd, Metrics::LIST_FRAME_NUMBER_CX),
+                  Pixels(m_hWnd, Metrics::LIST_FRAME_NUMBER_CY)};
+    ::DrawTextW(context, OString<wchar_t>::Build(L"%i", frameIndex), -1, &rcNumber, 0);
 }
 
 void GList::ReleaseFrames()

@@ -1,10 +1,12 @@
 // In-place editing: the host's edit windows run on the list's procedure meanwhile, which tells the list when
 // one of them loses the focus.
 
+#include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/list/GList.h>
 
+#include <algorithm>
 #include <utility>
 
 using gesso::Frame;
@@ -21,6 +23,14 @@ WNDPROC SetProc(HWND hwnd, WNDPROC pfn)
     return reinterpret_cast<WNDPROC>(SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfn)));
 }
 
+// A block of null entries.
+template <class ENTRY> ENTRY* MakeTable(size_t count)
+{
+    auto* first = static_cast<ENTRY*>(gesso::Allocate(count * sizeof(ENTRY)));
+    std::fill_n(first, count, nullptr);
+    return first;
+}
+
 } // namespace
 
 void GList::BeginEdit(UINT count, HWND* windows)
@@ -28,8 +38,8 @@ void GList::BeginEdit(UINT count, HWND* windows)
     if (editWindows) {
         EndEdit();
     }
-    editWindows = new HWND[count + 1]{};
-    editProcs = new WNDPROC[count + 1]{};
+    editWindows = MakeTable<HWND>(count + 1);
+    editProcs = MakeTable<WNDPROC>(count + 1);
     UINT taken = 0;
     for (UINT i = 0; windows && i < count && windows[i]; ++i) {
         if (::GetParent(windows[i]) != m_hWnd || EditProcOf(windows[i])) {
@@ -52,8 +62,8 @@ void GList::EndEdit()
             SetProc(editWindows[i], editProcs[i]);
         }
     }
-    delete[] std::exchange(editWindows, nullptr);
-    delete[] std::exchange(editProcs, nullptr);
+    gesso::Free(std::exchange(editWindows, nullptr));
+    gesso::Free(std::exchange(editProcs, nullptr));
 }
 
 // The window's own procedure; null for a window that is none of the edit's.
@@ -89,13 +99,14 @@ LRESULT CALLBACK GList::ListEditProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM
     const WNDPROC pfnSaved = list ? list->EditProcOf(hwnd) : nullptr;
     const WNDPROC pfn = pfnSaved ? pfnSaved : ProcOf(hwnd);
     if (!pfn || pfn == ListEditProc) {
-        return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+        return Frame::Default(hwnd, uMsg, wParam, lParam);
     }
     return CallWindowProcW(pfn, hwnd, uMsg, wParam, lParam);
 }
 
-// A child's loss of the focus is the end of its edit to the parent, also where the focus goes to another of
-// the edit's windows: hosts rely on it.
+// Fixed behaviour: a child's loss of the focus is the end of its edit to the parent, also where the focus
+// goes to another of the edit's windows. A host that takes each field's text as it is left would else lose
+// some.
 LRESULT GList::OnNotify(UINT, const NMHDR* pHeader)
 {
     if (pHeader && pHeader->code == static_cast<UINT>(NM_KILLFOCUS)) {

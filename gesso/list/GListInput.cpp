@@ -1,6 +1,8 @@
 // What a point hits, and what the mouse does.
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
 
@@ -8,14 +10,16 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::NO_INDEX;
+using gesso::Pixels;
 using gesso::Saturated;
+using gesso::SystemMetric;
+namespace Metrics = gesso::Metrics;
 
 namespace {
 
-constexpr UINT NONE = static_cast<UINT>(-1);
 constexpr WORD NO_PART = 0xFFFF;
 constexpr UINT FIRST_MARK = static_cast<UINT>(-3); // from it on a hit's item is a mark and no index
-constexpr int DIVIDER_REACH = 6;
 
 void SetHit(GList::HitTestInfo* pInfo, UINT item, WORD subItem, WORD part)
 {
@@ -24,8 +28,8 @@ void SetHit(GList::HitTestInfo* pInfo, UINT item, WORD subItem, WORD part)
     pInfo->part = part;
 }
 
-// A place in the content has 16 bits: further down or right than that, a point hits what lies at the rest of
-// the place. Hosts know the hits so.
+// Fixed behaviour: a place in the content has 16 bits: further down or right than that, a point hits what
+// lies at the rest of the place. GetHotItem and the item of a click would else change in lists of many rows.
 SHORT Wrap16(int64_t n)
 {
     return static_cast<SHORT>(n);
@@ -37,8 +41,8 @@ SHORT Wrap16(int64_t n)
 
 void GList::HitTest(HitTestInfo* pInfo) const
 {
-    pInfo->reserved = NONE;
-    SetHit(pInfo, NONE, NO_PART, NO_PART);
+    pInfo->reserved = NO_INDEX;
+    SetHit(pInfo, NO_INDEX, NO_PART, NO_PART);
     const POINTS pt = pInfo->pt;
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
@@ -63,7 +67,7 @@ WORD GList::CellAt(int x, int reach) const
     return static_cast<WORD>(cell);
 }
 
-// The far half of the last divider is out of reach: hosts know the header so.
+// Fixed behaviour: the far half of the last divider is out of reach, so that a click there does nothing.
 void GList::HitTestHeader(HitTestInfo* pInfo, int x) const
 {
     pInfo->item = LHI_HEADER;
@@ -71,9 +75,10 @@ void GList::HitTestHeader(HitTestInfo* pInfo, int x) const
     if (cells == 0 || x > columnDraw[cells - 1].rect.right) {
         return;
     }
-    const WORD cell = CellAt(x, DIVIDER_REACH);
+    const int reach = Pixels(m_hWnd, Metrics::LIST_DIVIDER_REACH);
+    const WORD cell = CellAt(x, reach);
     const int64_t right = columnDraw[cell].rect.right;
-    const bool fDivider = x > right - DIVIDER_REACH && x < right + DIVIDER_REACH;
+    const bool fDivider = x > right - reach && x < right + reach;
     SetHit(pInfo, LHI_HEADER, cell, fDivider ? LHP_DIVIDER : LHP_BODY);
 }
 
@@ -97,8 +102,8 @@ bool GList::HitTestRow(HitTestInfo* pInfo, UINT row, int x) const
     const stcElementPosition& element = elements[row];
     const RECT& rc = element.rect;
     if (element.type == LET_GROUP) {
-        // The group's index stands where an item's does, so that the pointer on a group's row acts on the
-        // item of that number: hosts rely on it.
+        // Fixed behaviour: the group's index stands where an item's does, so that the pointer on a group's
+        // row acts on the item of that number. Clicks on group rows would else send no NM_CLICK.
         if (x <= rc.right && element.index < groups.GetLength()) {
             SetHit(pInfo, element.index, NO_PART, LHP_BODY);
         }
@@ -106,7 +111,8 @@ bool GList::HitTestRow(HitTestInfo* pInfo, UINT row, int x) const
     }
     const bool fItem = element.index < items.GetLength();
     if ((listStyle & GLS_VIEWMASK) == GLS_ICONS) {
-        // Hosts rely on the comparisons as they are; beyond the three elements of an icon nothing is hit.
+        // Fixed behaviour: the comparisons let no icon be hit while it lies where its elements do, and beyond
+        // the three elements of an icon nothing is hit. Icons would else light up, and clicks on them tell.
         const bool fHit =
             fItem && row < columnDraw.GetLength() && columnDraw[row].rect.left >= x && rc.right < x;
         if (fHit) {
@@ -143,7 +149,7 @@ LRESULT GList::OnLButtonDown(WPARAM, POINTS pt)
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
-    m_dwState |= GWS_PRESSED;
+    Frame::AddState(*this, GWS_PRESSED);
     Invalidate(0);
     hitPress.pt = pt;
     HitTest(&hitPress);
@@ -169,7 +175,7 @@ LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     Invalidate(0);
-    cursorItem = NONE;
+    cursorItem = NO_INDEX;
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
@@ -187,17 +193,18 @@ void GList::Click(const HitTestInfo& hit, WORD pressedPart)
         if (hit.subItem != NO_PART && pressedPart != LHP_DIVIDER) {
             Sort(hit.subItem, hit.subItem != sortColumn || !sortAscending);
         }
-    } else if (hit.item != NONE) {
+    } else if (hit.item != NO_INDEX) {
         SelectByMouse(hit.item, mods);
         lastItem = hit.item;
         SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
     } else if (mods == 0) {
         SelectNone();
-        lastItem = NONE;
+        lastItem = NO_INDEX;
     }
 }
 
-// A double click leaves the item selected alone, whatever the keys: hosts rely on it.
+// Fixed behaviour: a double click leaves the item selected alone, whatever the keys, so that what a host
+// opens is the one selected item.
 LRESULT GList::OnLButtonDblClk(WPARAM, POINTS pt)
 {
     Invalidate(0);
@@ -250,8 +257,8 @@ LRESULT GList::OnMouseMove(WPARAM, POINTS pt)
     return 0;
 }
 
-// Elements count as columns here and in sorting, which they are but for check boxes and tiles: hosts rely on
-// it.
+// Fixed behaviour: elements count as columns here and in sorting, which they are but for check boxes and
+// tiles. With check boxes a header click would else sort by another column.
 void GList::SizeColumn(int x)
 {
     Invalidate(0);
@@ -263,17 +270,17 @@ void GList::SizeColumn(int x)
     SetListStyle(listStyle);
 }
 
-// A drag starts where the pointer has left its place both across and down, and with it the element: hosts
-// know it so.
+// Fixed behaviour: a drag starts where the pointer has left its place both across and down, and with it the
+// element. A drag along a row would else start one.
 void GList::StartDrag(POINTS pt)
 {
     if (!(m_dwState & GWS_PRESSED) || (m_dwState & GWS_LISTDRAG)) {
         return;
     }
-    const bool fOutside = std::abs(pt.x - hitPress.pt.x) > GetSystemMetrics(SM_CXDRAG) &&
-                          std::abs(pt.y - hitPress.pt.y) > GetSystemMetrics(SM_CYDRAG);
+    const bool fOutside = std::abs(pt.x - hitPress.pt.x) > SystemMetric(m_hWnd, SM_CXDRAG) &&
+                          std::abs(pt.y - hitPress.pt.y) > SystemMetric(m_hWnd, SM_CYDRAG);
     if (fOutside) {
-        m_dwState |= GWS_LISTDRAG;
+        Frame::AddState(*this, GWS_LISTDRAG);
         GLISTNOTIFY notify{};
         notify.iItem = static_cast<int>(hitPress.item);
         Frame::SendNotify(*this, static_cast<UINT>(LVN_BEGINDRAG), &notify.hdr);
@@ -282,7 +289,7 @@ void GList::StartDrag(POINTS pt)
 
 LRESULT GList::OnMouseLeave()
 {
-    hitHot.item = NONE;
+    hitHot.item = NO_INDEX;
     hitHot.subItem = hitHot.part = NO_PART;
     return Frame::OnMouseLeave(*this);
 }
@@ -290,7 +297,7 @@ LRESULT GList::OnMouseLeave()
 LRESULT GList::OnCaptureChanged(HWND hwndNew)
 {
     if (hwndNew != m_hWnd) {
-        m_dwState &= ~(GWS_PRESSED | GWS_LISTDRAG);
+        Frame::ClearState(*this, GWS_PRESSED | GWS_LISTDRAG);
         // Without its press a header cell does not look pressed, nor the pointer like sizing.
         hitPress = HitTestInfo{};
         Invalidate(0);
@@ -304,7 +311,7 @@ LRESULT GList::OnSetCursor(HWND hwndUnder, LPARAM lParam)
         SetCursor(s_hColumnSizing);
         return 1;
     }
-    return DefWindowProcW(m_hWnd, WM_SETCURSOR, reinterpret_cast<WPARAM>(hwndUnder), lParam);
+    return Frame::Default(*this, WM_SETCURSOR, reinterpret_cast<WPARAM>(hwndUnder), lParam);
 }
 
 // --- Notifications

@@ -3,6 +3,7 @@
 // The keyboard goes by the rectangles and rows that are kept with the items (StampRows), and not by the
 // laid-out rows. Where indices are compared, -1 is the largest of them.
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
@@ -11,10 +12,10 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::NO_INDEX;
 
 namespace {
 
-constexpr UINT NONE = static_cast<UINT>(-1);
 constexpr SHORT KEY_IS_DOWN = static_cast<SHORT>(0x8000);
 
 bool GoesForward(UINT vk)
@@ -32,7 +33,7 @@ bool IsNavigation(UINT vk)
 LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
 {
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
-    if (cursorItem == NONE) {
+    if (cursorItem == NO_INDEX) {
         cursorItem = lastItem;
     }
     if (IsNavigation(vk)) {
@@ -46,8 +47,8 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
     } else if (vk == VK_SPACE) {
         OnSpace();
     } else if (vk == 'A' && (GetKeyState(VK_CONTROL) & KEY_IS_DOWN)) {
-        SelectRange(0, NONE);
-        cursorItem = shiftAnchor = hitHot.item = NONE;
+        SelectRange(0, NO_INDEX);
+        cursorItem = shiftAnchor = hitHot.item = NO_INDEX;
     }
     if (IsNavigation(vk)) {
         BringCursorIntoView(vk);
@@ -69,7 +70,7 @@ void GList::Navigate(UINT vk, bool fIcons)
     case VK_NEXT: WalkPageDown(); break;
     case VK_HOME: MoveToEdge(0); break;
     case VK_END: MoveToEdge(items.GetLength() - 1); break;
-    // In the icons view these two leave the cursor where it is: hosts rely on it.
+    // Fixed behaviour: in the icons view these two leave the cursor where it is, and select it.
     case VK_UP: StepBack(fIcons ? cursor : cursor - 1); break;
     case VK_DOWN: StepForward(fIcons ? cursor : cursor + 1); break;
     case VK_LEFT: StepBack(cursor - 1); break;
@@ -78,12 +79,13 @@ void GList::Navigate(UINT vk, bool fIcons)
     }
 }
 
-// Ctrl counts here only if a navigation key has seen it: hosts rely on it.
+// Fixed behaviour: Ctrl counts here only if a navigation key has seen it. Ctrl and space would else invert an
+// item that no key has led to.
 void GList::OnSpace()
 {
     if (keyMods & KEYMOD_CTRL) {
         InvertItem(cursorItem);
-    } else if (cursorItem == NONE && items.GetLength() > 0) {
+    } else if (cursorItem == NO_INDEX && items.GetLength() > 0) {
         cursorItem = 0;
         SelectRange(0, 0);
     }
@@ -118,10 +120,10 @@ void GList::WalkPageUp()
             return bottom > static_cast<UINT>(item.rcItem.top) - itemSpacingY - itemHeight + m_siV.nPage &&
                    item.column == from->column;
         };
-        while (cursorItem != NONE && !reaches(*items[cursorItem])) {
+        while (cursorItem != NO_INDEX && !reaches(*items[cursorItem])) {
             --cursorItem;
         }
-        cursorItem = cursorItem == NONE ? from->column : cursorItem;
+        cursorItem = cursorItem == NO_INDEX ? from->column : cursorItem;
     }
     cursorItem = cursorItem == start ? 0 : cursorItem;
     SelectToCursor();
@@ -151,7 +153,7 @@ void GList::WalkPageDown()
 void GList::SelectToCursor()
 {
     if (items.GetLength() == 0) {
-        cursorItem = NONE;
+        cursorItem = NO_INDEX;
     }
     hitHot.item = cursorItem;
     if (!(keyMods & KEYMOD_CTRL)) {
@@ -169,8 +171,8 @@ void GList::SelectToCursor()
 void GList::MoveToEdge(UINT edge)
 {
     // A list without items has no edge.
-    cursorItem = items.GetLength() == 0 ? NONE : edge;
-    hitHot.item = keyMods == 0 ? NONE : cursorItem;
+    cursorItem = items.GetLength() == 0 ? NO_INDEX : edge;
+    hitHot.item = keyMods == 0 ? NO_INDEX : cursorItem;
     if (!(keyMods & KEYMOD_CTRL)) {
         SelectNone();
     }
@@ -178,7 +180,7 @@ void GList::MoveToEdge(UINT edge)
         SelectRange(shiftAnchor, edge);
     } else if (keyMods == 0) {
         SelectRange(edge, edge);
-        shiftAnchor = NONE;
+        shiftAnchor = NO_INDEX;
     }
 }
 
@@ -186,7 +188,7 @@ void GList::MoveToEdge(UINT edge)
 
 void GList::StepForward(UINT target)
 {
-    if (cursorItem == NONE) {
+    if (cursorItem == NO_INDEX) {
         StepFromNowhere();
     } else if (cursorItem < items.GetLength() - 1 && items.GetLength() > 0) {
         Step(target, target > shiftAnchor);
@@ -195,13 +197,13 @@ void GList::StepForward(UINT target)
 
 void GList::StepBack(UINT target)
 {
-    if (cursorItem != 0 && cursorItem != NONE) {
+    if (cursorItem != 0 && cursorItem != NO_INDEX) {
         Step(target, target < shiftAnchor);
     }
 }
 
-// With Shift alone a step away from the anchor selects where it comes from and where it goes to, and one
-// toward the anchor unselects both: hosts rely on it.
+// Fixed behaviour: with Shift alone a step away from the anchor selects where it comes from and where it goes
+// to, and one toward the anchor unselects both, so that the cursor's item is left unselected.
 void GList::Step(UINT target, bool fAway)
 {
     const UINT from = std::exchange(cursorItem, target);
@@ -214,12 +216,13 @@ void GList::Step(UINT target, bool fAway)
         break;
     default:
         SelectOnly(target);
-        shiftAnchor = hitHot.item = NONE;
+        shiftAnchor = hitHot.item = NO_INDEX;
         break;
     }
 }
 
-// The first step leads to the second item, which hosts rely on: to the first where there is no other.
+// Fixed behaviour: the first step leads to the second item, as if the first had been the cursor; to the first
+// where there is no other.
 void GList::StepFromNowhere()
 {
     const UINT count = items.GetLength();
@@ -227,12 +230,12 @@ void GList::StepFromNowhere()
         return;
     }
     cursorItem = std::min(1U, count - 1);
-    hitHot.item = keyMods == 0 ? NONE : cursorItem;
+    hitHot.item = keyMods == 0 ? NO_INDEX : cursorItem;
     if (keyMods & KEYMOD_SHIFT) {
         shiftAnchor = 0;
         SelectRange(0, cursorItem);
     } else if (keyMods == 0) {
-        shiftAnchor = NONE;
+        shiftAnchor = NO_INDEX;
         SelectRange(cursorItem, cursorItem);
     }
 }

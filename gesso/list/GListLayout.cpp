@@ -4,6 +4,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/Saturate.h>
 
@@ -69,9 +70,9 @@ public:
 
     void StartIcons() { m_x = 0U - static_cast<UINT>(m_spacing.cx) - static_cast<UINT>(m_item.cx) - 1; }
 
-    // The first icon of a group opens a row; from then on there is always room, so that all icons of a group
-    // lie in one cell, of which the first has the right edge of what came before. What follows a group begins
-    // just below the top of its cell. Hosts rely on all of it.
+    // Fixed behaviour: the first icon of a group opens a row; from then on there is always room, so that all
+    // icons of a group lie in one cell, of which the first has the right edge of what came before. What
+    // follows a group begins just below the top of its cell. Every picture of icons would else change.
     void AddIcon(UINT item, bool fLastOfGroup)
     {
         const auto cx = static_cast<UINT>(m_item.cx);
@@ -139,7 +140,10 @@ void GList::RefreshLayout()
 }
 
 // Items must stand in the order of the groups. One that matches neither the group that the walk has come to
-// nor any behind it has no row. Groups behind the last item have none either: hosts rely on it.
+// nor any behind it has no row.
+//
+// Fixed behaviour: groups behind the last item have no row. Empty groups at the end would else show, and make
+// the content higher.
 int GList::PlaceElements()
 {
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
@@ -226,8 +230,9 @@ UINT GList::RowOf(UINT item) const
     return static_cast<UINT>(std::find_if(element, element + count, isItem) - element);
 }
 
-// The new row's index is its place among the elements, and the indices behind it move on, those of groups as
-// well: in a list with groups they are right again with the next Calculate, and hosts rely on it.
+// Fixed behaviour: the new row's index is its place among the elements, and the indices behind it move on,
+// those of groups as well: in a list with groups they are right again with the next Calculate. What a paint
+// between the two shows would else change.
 void GList::InsertRow(UINT row, UINT item)
 {
     const UINT count = elements.GetLength();
@@ -309,8 +314,10 @@ void GList::GetItemRect(RECT* rc, UINT item, UINT subItem)
 
 // --- What the keyboard goes by
 
-// Where the items lie, as far as the keyboard knows: set by SetListStyle and by single insertions alone, so
-// that it stays behind after a sort or a bulk fill. Hosts rely on it.
+// Where the items lie, as far as the keyboard knows.
+//
+// Fixed behaviour: set by SetListStyle and by single insertions alone, so that it stays behind after a sort
+// or a bulk fill. The page keys would else lead elsewhere, and scroll, in lists that are filled in bulk.
 void GList::StampRows(UINT first, int right)
 {
     for (UINT i = first; i < items.GetLength(); ++i) {
@@ -345,18 +352,19 @@ bool GList::SetContentHeight(int rowsEnd)
 {
     const gesso::Lifeline life(*this);
     contentCy = headerArea + static_cast<UINT>(rowsEnd);
-    // Room is added for the bars that do not show: hosts know the ranges so.
+    // Fixed behaviour: room is added for the bars that do not show. The pages of the bars would else change.
     RECT rc{};
     GetClientRectNoScroll(&rc);
     CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right, rc.bottom);
     return life;
 }
 
-// The pages are reduced when both directions fit, and not when neither does: hosts know the bars so.
+// Fixed behaviour: the pages are reduced when both directions fit, and not when neither does. Thumbs, and the
+// last position of either bar, would else change.
 void GList::CalcScrollbars(int contentWidth, int contentHeight, int clientWidth, int clientHeight)
 {
-    const auto cxBar = static_cast<UINT>(GetSystemMetrics(SM_CXVSCROLL));
-    const auto cyBar = static_cast<UINT>(GetSystemMetrics(SM_CYHSCROLL));
+    const auto cxBar = static_cast<UINT>(gesso::SystemMetric(m_hWnd, SM_CXVSCROLL));
+    const auto cyBar = static_cast<UINT>(gesso::SystemMetric(m_hWnd, SM_CYHSCROLL));
     const auto clientCx = static_cast<UINT>(clientWidth);
     const auto clientCy = static_cast<UINT>(clientHeight);
     const UINT lastX = static_cast<UINT>(contentWidth) - 1;

@@ -1,14 +1,11 @@
 // The selection: a bit of each item. None of the public operations sends a notification.
 
+#include <gesso/containers/Index.h>
 #include <gesso/list/GList.h>
 
 #include <algorithm>
 
-namespace {
-
-constexpr UINT NONE = static_cast<UINT>(-1);
-
-} // namespace
+using gesso::NO_INDEX;
 
 UINT GList::GetSelectedCount() const
 {
@@ -81,7 +78,7 @@ UINT GList::SelectedFrom(UINT item) const
     while (item < items.GetLength() && !GetSelected(item)) {
         ++item;
     }
-    return item < items.GetLength() ? item : NONE;
+    return item < items.GetLength() ? item : NO_INDEX;
 }
 
 // Both ends included, in either order; what lies past the end is left out.
@@ -96,7 +93,7 @@ void GList::SelectRange(UINT a, UINT b, bool on)
 
 void GList::SelectNone()
 {
-    SelectRange(0, NONE, false);
+    SelectRange(0, NO_INDEX, false);
 }
 
 void GList::SelectOnly(UINT item)

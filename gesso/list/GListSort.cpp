@@ -1,5 +1,6 @@
 // The order of the items, and their gathering by group.
 
+#include <gesso/containers/Index.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/list/GList.h>
@@ -9,9 +10,9 @@
 #include <unordered_map>
 #include <vector>
 
-namespace {
+using gesso::NO_INDEX;
 
-constexpr UINT NO_COLUMN = static_cast<UINT>(-1);
+namespace {
 
 struct DataKey
 {
@@ -185,8 +186,8 @@ void GList::GatherByGroup()
     }
 }
 
-// The items are left with the index of their group, while sorting and layout go by its id: hosts give their
-// groups ids that are the indices.
+// Fixed behaviour: the items are left with the index of their group, while sorting and layout go by its id.
+// The two agree where groups have their index as id, and GetItemGroup answers the index in any case.
 void GList::Group(UINT column, bool)
 {
     RemoveAllGroups();
@@ -194,7 +195,7 @@ void GList::Group(UINT column, bool)
         Calculate();
         return;
     }
-    const bool fOff = column == NO_COLUMN;
+    const bool fOff = column == NO_INDEX;
     const PFNLISTGROUP groupOf = column < columns.GetLength() ? columns[column]->fktGroup : nullptr;
     for (UINT i = 0; (fOff || groupOf) && i < items.GetLength(); ++i) {
         const UINT id = fOff ? 0 : groupOf(this, items[i]->customData);

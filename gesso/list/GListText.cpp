@@ -13,8 +13,6 @@ using gesso::WindowContext;
 
 namespace {
 
-constexpr UINT ITEM_TEXT = 4; // mode of PrepareText
-
 void CloseText(void* hText)
 {
     if (hText) {
@@ -45,14 +43,14 @@ ListTextPair* GList::PrepareText(HDC hdc, UINT mode, LPCWSTR text, RECT* rc, UIN
         return PrepareIn(hdc, hFont, psz, rc, format, nLineHeight);
     };
     switch (mode) {
-    case 1:
-    case 2:
+    case LTM_COLUMN:
+    case LTM_CAPTION:
         pair->first = prepare(fontLabelText, text);
         pair->second = prepare(fontLabelHeader, OString<wchar_t>::Build(L"%s:", gesso::TextOrEmpty(text)));
         break;
-    case 3: pair->second = prepare(fontGroupTitle, text); break;
-    case 4:
-    case 5:
+    case LTM_GROUP: pair->second = prepare(fontGroupTitle, text); break;
+    case LTM_ITEM:
+    case LTM_TITLE:
         pair->first = prepare(fontLabelText, text);
         pair->second = prepare(fontLabelTitle, text);
         break;
@@ -77,11 +75,11 @@ void GList::TextOutW(HDC hdc, UINT mode, void* pair, RECT rc)
         return;
     }
     switch (mode) {
-    case 1:
-    case 4: DrawIn(hdc, fontLabelText, texts->first, rc); break;
-    case 2: DrawIn(hdc, fontLabelHeader, texts->second, rc); break;
-    case 3: DrawIn(hdc, fontGroupTitle, texts->second, rc); break;
-    case 5: DrawIn(hdc, fontLabelTitle, texts->second, rc); break;
+    case LTM_COLUMN:
+    case LTM_ITEM: DrawIn(hdc, fontLabelText, texts->first, rc); break;
+    case LTM_CAPTION: DrawIn(hdc, fontLabelHeader, texts->second, rc); break;
+    case LTM_GROUP: DrawIn(hdc, fontGroupTitle, texts->second, rc); break;
+    case LTM_TITLE: DrawIn(hdc, fontLabelTitle, texts->second, rc); break;
     default: break;
     }
 }
@@ -94,7 +92,7 @@ UINT GList::FormatOf(UINT column) const
 void GList::PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column)
 {
     if (sub.text) {
-        ListTextPair* prepared = PrepareText(hdc, ITEM_TEXT, sub.text, nullptr, FormatOf(column), lineHeight);
+        ListTextPair* prepared = PrepareText(hdc, LTM_ITEM, sub.text, nullptr, FormatOf(column), lineHeight);
         FreeText(std::exchange(sub.prepared, prepared));
     }
 }

@@ -36,6 +36,13 @@ constexpr int LCT_ICONIMAGE = 0x200;
 constexpr int LCT_CHECKSLOT = 0x400;
 constexpr int LCT_CAPTION = 0x8000;
 
+// What a prepared text is for: mode of GList::PrepareText and TextOutW.
+constexpr UINT LTM_COLUMN = 1;  // a header's caption
+constexpr UINT LTM_CAPTION = 2; // a column's caption before its value, with a colon
+constexpr UINT LTM_GROUP = 3;   // a group's title
+constexpr UINT LTM_ITEM = 4;    // an item's text
+constexpr UINT LTM_TITLE = 5;   // an item's text in the title font
+
 constexpr UINT LIS_SELECTED = 0x2; // state of an item
 
 // State of the first sub-item: the check mark. All other bits of sub-items are the host's.
