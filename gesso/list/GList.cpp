@@ -5,7 +5,7 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
 #include <gesso/framework/WindowClass.h>
-#include <gesso/list/GList.h>
+#include <gesso/list/ListInside.h>
 
 #include <utility>
 
@@ -52,6 +52,7 @@ GList::GList()
       lineHeight(Pixels(nullptr, Metrics::LIST_LINE_HEIGHT)), hitPress(NO_HIT), hitHot(NO_HIT),
       contentCx(Usual(Metrics::LIST_EMPTY_WIDTH))
 {
+    m_inside->fOwner = true;
     items.AllocExtra(0, 64);
     if (!s_hColumnSizing) {
         s_hColumnSizing = LoadCursorW(g_hModule, MAKEINTRESOURCEW(SIZING_CURSOR));
@@ -61,7 +62,7 @@ GList::GList()
 // Of what the window has not released already, the object releases what it made itself.
 GList::~GList()
 {
-    if (!m_owner) {
+    if (!m_inside->fOwner) {
         return;
     }
     if (editWindows) {
@@ -291,8 +292,8 @@ LRESULT GList::OnEnable(BOOL fEnable)
 LRESULT GList::OnSetFocus(HWND)
 {
     if (lastItem == NO_INDEX && items.GetLength() > 0) {
-        lastItem = 0;
-        SelectRange(0, 0);
+        ChangeCursor(cursorItem, 0);
+        Select(0);
     }
     return Frame::OnSetFocus(*this);
 }

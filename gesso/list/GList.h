@@ -32,7 +32,7 @@
 #include <gesso/containers/OArray.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/ItemTheme.h>
-#include <gesso/framework/Owned.h>
+#include <gesso/framework/ThemeHandle.h>
 #include <gesso/list/GListNotify.h>
 #include <gesso/list/ListRecords.h>
 
@@ -42,6 +42,38 @@ constexpr DWORD GWS_LISTDRAG = 0x08; // state bit: LVN_BEGINDRAG was sent for th
 constexpr WORD KEYMOD_CTRL = 2;
 constexpr WORD KEYMOD_SHIFT = 4;
 static_assert(KEYMOD_CTRL == LVKF_CONTROL && KEYMOD_SHIFT == LVKF_SHIFT);
+
+namespace gesso {
+
+class ListGeometry;
+class ListLayout;
+struct ListInside;
+struct ListMeasures;
+
+// A list's hold on what is Gesso's own of it, made when it is first asked for. A copy has one of its own.
+//
+// Fixed behaviour: bit 0 of the word says that the pointer is this object's. Programs that were built when
+// this was an owner's mark clear the first byte of a copy and take the others over: such a copy has nothing
+// either, and would else release what is another's.
+class GESSO_API ListInsideHold
+{
+public:
+    ListInsideHold() noexcept = default;
+    ListInsideHold(const ListInsideHold&) noexcept {}
+    ListInsideHold& operator=(const ListInsideHold& other) noexcept;
+    ~ListInsideHold();
+
+    ListInside& operator*() const;
+    ListInside* operator->() const { return &**this; }
+
+private:
+    void Release() noexcept;
+
+    static constexpr UINT_PTR OWN = 1;
+    mutable UINT_PTR m_word = 0;
+};
+
+} // namespace gesso
 
 class GESSO_API GList : public GWndScroll
 {
@@ -368,6 +400,7 @@ protected:
 
 private:
     friend class gesso::Frame;
+    friend struct gesso::ListInside;
 
     class RowPainter;
 
@@ -399,29 +432,19 @@ private:
     UINT HeaderRoom() const;
     UINT ColumnsWidth() const;
     SIZE CheckBoxSize(HDC hdc) const;
-    stcColumnDrawInfo CheckBoxElement(SIZE size) const;
     SIZE IconSize() const;
+    int TileCaptionWidth(LPCWSTR caption) const;
     void MakeDetailsCell(HDC hdc);
     bool MakeTilesCell(HDC hdc);
     void MakeIconsCell();
-    void MakeThreeElements();
-    bool HasTileColumns() const;
-    void AddTileElements(UINT column);
-    int CaptionWidth(UINT column) const;
 
     // Layout
-    int PlaceElements();
+    gesso::ListMeasures Measures() const;
+    gesso::ListGeometry Geometry() const;
+    gesso::ListLayout Layout();
     void RefreshLayout();
-    UINT FirstRowFrom(UINT item) const;
-    UINT RowOf(UINT item) const;
-    UINT FirstRowReaching(int64_t y) const;
-    void InsertRow(UINT row, UINT item);
-    bool FitRow(UINT row);
-    bool IsInOrder(UINT row) const;
-    int ElementsEnd() const;
+    void ForgetLayout();
     bool SetContentHeight(int rowsEnd);
-    void StampRows(UINT first, int right);
-    void StampRowsOfView(UINT first);
     void ScrollTo(int nBar, int64_t position);
     void RedrawAll();
 
@@ -444,11 +467,6 @@ private:
     LRESULT OnPrintClient(HDC hdc, LPARAM lParam);
 
     // Input
-    WORD CellAt(int x, int reach) const;
-    void HitTestHeader(HitTestInfo* pInfo, int x) const;
-    void HitTestRows(HitTestInfo* pInfo, int x, int y) const;
-    bool HitTestRow(HitTestInfo* pInfo, UINT row, int x) const;
-    void HitTestCell(HitTestInfo* pInfo, UINT item, int x) const;
     void Click(const HitTestInfo& hit, WORD pressedPart);
     void SizeColumn(int x);
     void StartDrag(POINTS pt);
@@ -456,9 +474,7 @@ private:
     static WORD ModifierKeys();
     void Navigate(UINT vk, bool fIcons);
     void OnSpace();
-    void WalkPageUp();
-    void WalkPageDown();
-    void SelectToCursor();
+    void MoveByPage(UINT target);
     void MoveToEdge(UINT edge);
     void StepForward(UINT target);
     void StepBack(UINT target);
@@ -466,26 +482,25 @@ private:
     void StepFromNowhere();
     void BringCursorIntoView(UINT vk);
 
+    // What can change of the items: each in one place, where whoever is to hear of it is told.
+    void ChangeSelection(UINT a, UINT b, bool on);
+    void ChangeCursor(UINT cursor, UINT last);
+    void ChangeHot(const HitTestInfo& hit);
+    void ChangeSubItemState(ListSubItem& sub, UINT state);
+
     // Selection
     UINT SelectedFrom(UINT item) const;
-    void SelectRange(UINT a, UINT b, bool on = true);
+    void Select(UINT item);
     void SelectNone();
     void SelectOnly(UINT item);
     void SelectByMouse(UINT item, WORD mods);
     void InvertItem(UINT item);
+    void MoveCursor(UINT item);
+    void SetHotItem(UINT item);
 
     // Editing
     WNDPROC EditProcOf(HWND hwnd) const;
     bool IsFocusInside() const;
 
-    gesso::OwnerMark m_owner;
-    // Where elements is just what Calculate would make of the records.
-    bool m_fLayoutCurrent = false;
-    // Where the rows lie one below the other, so that a row is found by its place.
-    bool m_fStacked = true;
-    // Where the items' rows stand in the order of their indices, so that a row is found by its item.
-    bool m_fAscending = true;
-    UINT m_groupRowsEnd = 0; // above every index in a group's row
-    bool m_fSizing = false;  // in WM_NCCALCSIZE
-    UINT m_itemChanges = 0;  // counts insertions and removals
+    gesso::ListInsideHold m_inside;
 };

@@ -7,6 +7,8 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
+#include <gesso/list/ListCellLayout.h>
+#include <gesso/list/ListLayout.h>
 #include <gesso/list/Saturate.h>
 
 #include <algorithm>
@@ -30,11 +32,6 @@ SIZE TextSize(HFONT hFont, LPCWSTR text)
     return size;
 }
 
-int RightEnd(int x, UINT cx)
-{
-    return Saturated(int64_t{x} + cx);
-}
-
 } // namespace
 
 UINT GList::SetListStyle(UINT style)
@@ -42,7 +39,7 @@ UINT GList::SetListStyle(UINT style)
     const UINT former = std::exchange(listStyle, style);
     const WindowContext context(m_hWnd);
     const gesso::Lifeline life(*this);
-    m_fLayoutCurrent = false;
+    ForgetLayout();
     switch (listStyle & GLS_VIEWMASK) {
     case GLS_DETAILS: MakeDetailsCell(context); break;
     case GLS_TILES:
@@ -87,99 +84,45 @@ SIZE GList::CheckBoxSize(HDC hdc) const
         .Size(nullptr);
 }
 
-// The check box's element names no column, so that the header shows an empty cell above it.
-stcColumnDrawInfo GList::CheckBoxElement(SIZE size) const
-{
-    const int top = Saturated((int64_t{itemHeight} - size.cy) >> 1);
-    return {LCT_CHECKSLOT, NO_INDEX, 0, 0, {0, top, size.cx, Saturated(int64_t{top} + size.cy)}};
-}
-
-// --- Details
+// --- The three views
 
 void GList::MakeDetailsCell(HDC hdc)
 {
     itemSpacingX = itemSpacingY = 0;
     itemHeight = itemHeightBase;
     headerArea = HeaderRoom();
-    columnDraw.RemoveAll();
-    int x = 0;
-    if (listStyle & GLS_CHECKBOXES) {
-        const SIZE size = CheckBoxSize(hdc);
-        itemHeight = std::max(itemHeight, static_cast<UINT>(size.cy));
-        columnDraw.Add(CheckBoxElement(size));
-        x = size.cx + Pixels(m_hWnd, Metrics::LIST_CHECK_GAP);
-    }
-    for (UINT column = 0; column < columns.GetLength(); ++column) {
-        const ListColumn& c = *columns[column];
-        const int right = RightEnd(x, c.cx);
-        columnDraw.Add({c.type, column, c.format, 0, {x, 0, right, Saturated(itemHeight)}});
-        x = right;
-    }
-    StampRows(0, x);
+    const bool fCheckBoxes = listStyle & GLS_CHECKBOXES;
+    const SIZE box = fCheckBoxes ? CheckBoxSize(hdc) : SIZE{};
+    itemHeight = std::max(itemHeight, static_cast<UINT>(box.cy));
+    const int end = gesso::ArrangeDetails(columnDraw, columns, itemHeight, fCheckBoxes ? &box : nullptr,
+                                          Pixels(m_hWnd, Metrics::LIST_CHECK_GAP));
+    Layout().Stamp(0, end);
     // Fixed behaviour: without the check box, by whose width the bar across falls short of the last column.
     // The bar would else show in lists whose columns just fill the window.
     contentCx = ColumnsWidth();
 }
 
-// --- Tiles
-
 bool GList::MakeTilesCell(HDC hdc)
 {
     headerArea = itemSpacingX = itemSpacingY = 0;
     itemHeight = itemHeightBase;
-    if (!HasTileColumns()) {
+    if (!gesso::HasTileColumns(columns)) {
         return false;
     }
-    columnDraw.RemoveAll();
-    if (listStyle & GLS_CHECKBOXES) {
-        columnDraw.Add(CheckBoxElement(CheckBoxSize(hdc)));
-    }
-    for (UINT column = 0; column < columns.GetLength(); ++column) {
-        AddTileElements(column);
-    }
-    StampRows(0, Saturated(itemWidth));
+    const bool fCheckBoxes = listStyle & GLS_CHECKBOXES;
+    const SIZE box = fCheckBoxes ? CheckBoxSize(hdc) : SIZE{};
+    gesso::ArrangeTiles(columnDraw, columns, itemHeight, fCheckBoxes ? &box : nullptr,
+                        [this](LPCWSTR caption) { return TileCaptionWidth(caption); });
+    Layout().Stamp(0);
     contentCx = ColumnsWidth();
     return true;
 }
 
-bool GList::HasTileColumns() const
+int GList::TileCaptionWidth(LPCWSTR caption) const
 {
-    const auto* first = columns.GetData();
-    return std::any_of(first, first + columns.GetLength(), [](const ListColumn* column) {
-        return (column->flags & (LCF_TILELINE | LCF_TILECAPTION)) != 0;
-    });
-}
-
-void GList::AddTileElements(UINT column)
-{
-    const ListColumn& c = *columns[column];
-    RECT rc = c.rcFormat;
-    if (!(c.flags & LCF_TILELINE)) {
-        if (!(c.flags & LCF_TILECAPTION)) {
-            return;
-        }
-        columnDraw.Add({LCT_CAPTION, column, c.format, 0, rc});
-        rc.left = Saturated(int64_t{rc.left} + CaptionWidth(column));
-    }
-    columnDraw.Add({c.type, column, c.format, 0, rc});
-}
-
-// Fixed behaviour: the caption that is measured is that of the element at the column's number, which is the
-// column's own only while every column before made just one element. Values would else move in tiles of
-// several captions.
-int GList::CaptionWidth(UINT column) const
-{
-    const UINT named = column < columnDraw.GetLength() ? columnDraw[column].column : column;
-    const UINT measured = named < columns.GetLength() ? named : column;
-    const LPCWSTR text = columns[measured]->text;
-    if (!text) {
-        return 0;
-    }
-    const SIZE size = TextSize(fontLabelHeader, OString<wchar_t>::Build(L"%s:", text));
+    const SIZE size = TextSize(fontLabelHeader, OString<wchar_t>::Build(L"%s:", caption));
     return size.cx + Pixels(m_hWnd, Metrics::LIST_TILE_CAPTION_GAP);
 }
-
-// --- Icons
 
 SIZE GList::IconSize() const
 {
@@ -191,18 +134,6 @@ SIZE GList::IconSize() const
     return {cx, cy};
 }
 
-// Makes the elements three. A fresh element names the first column.
-//
-// Fixed behaviour: what an earlier view wrote into the fields that this one does not name stays. Icons that
-// follow another view would else show another column's image and text.
-void GList::MakeThreeElements()
-{
-    while (columnDraw.GetLength() < 3) {
-        columnDraw.Add(stcColumnDrawInfo());
-    }
-    columnDraw.SetLength(3, -1);
-}
-
 void GList::MakeIconsCell()
 {
     headerArea = 0;
@@ -210,23 +141,15 @@ void GList::MakeIconsCell()
     const int textCy = text ? TextSize(fontLabelText, text).cy : 0;
     const SIZE icon = IconSize();
     const int gap = Pixels(m_hWnd, Metrics::LIST_ICON_TEXT_GAP);
-    const int slot = Pixels(m_hWnd, Metrics::LIST_ICON_CHECK_SLOT);
-    const int margins = Pixels(m_hWnd, Metrics::LIST_ICON_MARGINS);
     itemHeight = std::max(itemHeightBase, static_cast<UINT>(textCy + icon.cy + 3 * gap));
-    itemWidth = std::max(itemWidthBase, static_cast<UINT>(icon.cx + margins));
-    const int cx = Saturated(itemWidth);
-    const int cy = Saturated(itemHeight);
-
-    MakeThreeElements();
-    columnDraw[0].type = LCT_CHECKSLOT;
-    columnDraw[0].rect = {0, 0, slot, slot};
-    const int imageBottom = cy - textCy - 2 * gap;
-    columnDraw[1].type = LCT_ICONIMAGE;
-    columnDraw[1].rect = {(cx >> 1) - icon.cx / 2, (imageBottom >> 1) - icon.cy / 2 + gap, cx, imageBottom};
-    columnDraw[2].type = LCT_ICONTEXT;
-    columnDraw[2].format = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
-    columnDraw[2].rect = {0, imageBottom + gap, cx, cy};
+    itemWidth =
+        std::max(itemWidthBase, static_cast<UINT>(icon.cx + Pixels(m_hWnd, Metrics::LIST_ICON_MARGINS)));
     itemSpacingX = itemSpacingY = static_cast<UINT>(Pixels(m_hWnd, Metrics::LIST_ICON_SPACING));
+    gesso::ArrangeIcons(columnDraw, {{Saturated(itemWidth), Saturated(itemHeight)},
+                                     icon,
+                                     textCy,
+                                     gap,
+                                     Pixels(m_hWnd, Metrics::LIST_ICON_CHECK_SLOT)});
     // Once more than SetListStyle does, since showing the bars may change what there is room for.
     Calculate();
 }

@@ -6,7 +6,8 @@
 #include <gesso/containers/StringOf.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/list/GList.h>
+#include <gesso/list/ListInside.h>
+#include <gesso/list/ListLayout.h>
 
 #include <algorithm>
 #include <new>
@@ -276,7 +277,7 @@ UINT GList::InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group)
 {
     auto* record = new ListGroup{format, image, group, {}, nullptr};
     NameGroup(*record, name);
-    m_fLayoutCurrent = false;
+    ForgetLayout();
     return groups.Add(record);
 }
 
@@ -299,7 +300,7 @@ void GList::RemoveGroup(UINT group)
     if (group < groups.GetLength()) {
         ReleaseGroup(groups[group]);
         groups.RemoveAt(group, 1);
-        m_fLayoutCurrent = false;
+        ForgetLayout();
     }
 }
 
@@ -314,7 +315,7 @@ void GList::ReleaseGroups()
         ReleaseGroup(groups[group]);
     }
     groups.RemoveAll();
-    m_fLayoutCurrent = false;
+    ForgetLayout();
 }
 
 UINT GList::GetGroupCount() const
@@ -361,7 +362,7 @@ void GList::SetGroupImage(UINT group, UINT image)
 void GList::SetGroupGroup(UINT index, UINT group)
 {
     if (Store(GroupAt(index), &ListGroup::group, group)) {
-        m_fLayoutCurrent = false;
+        ForgetLayout();
     }
 }
 
@@ -413,13 +414,13 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
         items.AllocExtra(count + std::max(count / 2, LEAST_ITEM_GROWTH));
     }
     items.InsertAt(position, item);
-    ++m_itemChanges;
+    ++m_inside->itemChanges;
     if (bulkInsert) {
-        m_fLayoutCurrent = false;
+        ForgetLayout();
         return position;
     }
     PrepareSubItem(*item->SubItems(), 0);
-    StampRowsOfView(position);
+    Layout().Stamp(position);
     CalculateU(position, true);
     return position;
 }
@@ -438,7 +439,7 @@ void GList::RemoveItem(UINT item)
     if (item < items.GetLength()) {
         ReleaseItem(items[item]);
         items.RemoveAt(item, 1);
-        ++m_itemChanges;
+        ++m_inside->itemChanges;
         Calculate();
     }
 }
@@ -455,7 +456,7 @@ void GList::ReleaseItems()
         ReleaseItem(items[item]);
     }
     items.RemoveAll();
-    ++m_itemChanges;
+    ++m_inside->itemChanges;
 }
 
 UINT GList::GetItemCount() const
@@ -494,7 +495,7 @@ void GList::SetItemCustomData(UINT item, void* customData)
 void GList::SetItemGroup(UINT item, UINT group)
 {
     if (Store(ItemFor(item, "GList::SetItemGroup: no such item"), &ListItem::group, group)) {
-        m_fLayoutCurrent = false;
+        ForgetLayout();
         RefreshLayout();
     }
 }
@@ -504,7 +505,7 @@ void GList::SetItem(UINT item, UINT group, void* customData)
     if (ListItem* record = ItemFor(item, "GList::SetItem: no such item")) {
         record->group = group;
         record->customData = customData;
-        m_fLayoutCurrent = false;
+        ForgetLayout();
         RefreshLayout();
     }
 }
@@ -512,7 +513,7 @@ void GList::SetItem(UINT item, UINT group, void* customData)
 void GList::SetItemState(UINT item, UINT subItem, UINT state, UINT mask)
 {
     if (ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemState: no such sub-item")) {
-        sub->state = (sub->state & ~mask) | state;
+        ChangeSubItemState(*sub, (sub->state & ~mask) | state);
         RefreshLayout();
     }
 }
@@ -539,7 +540,7 @@ void GList::SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT i
     if (!sub) {
         return;
     }
-    sub->state = state;
+    ChangeSubItemState(*sub, state);
     sub->image = image;
     StoreText(*sub, subItem, text);
     RefreshLayout();

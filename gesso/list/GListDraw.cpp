@@ -9,6 +9,7 @@
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
+#include <gesso/list/ListGeometry.h>
 #include <gesso/list/Saturate.h>
 #include <gesso/text/CDrawText.h>
 
@@ -22,6 +23,7 @@ using gesso::Pixels;
 using gesso::PlainPart;
 using gesso::Saturated;
 using gesso::SelectScope;
+using gesso::Shifted;
 using gesso::ThemePart;
 namespace Metrics = gesso::Metrics;
 
@@ -38,12 +40,6 @@ RECT MarginsOf(HWND hwnd, const ListColumn& column)
     const auto margin = [usual](LONG side) { return side == -1 ? usual : side; };
     const RECT& rc = column.rcFormat;
     return {margin(rc.left), margin(rc.top), margin(rc.right), margin(rc.bottom)};
-}
-
-RECT Shifted(const RECT& rc, int64_t dx, int64_t dy)
-{
-    return {Saturated(rc.left + dx), Saturated(rc.top + dy), Saturated(rc.right + dx),
-            Saturated(rc.bottom + dy)};
 }
 
 void Inset(RECT& rc, int64_t left, int64_t top, int64_t right, int64_t bottom)
@@ -301,26 +297,27 @@ void GList::Draw(HDC hdc)
 
 void GList::DrawElements(HDC hdc, const RECT& rcClient)
 {
-    const int64_t x = int64_t{rcClient.left} - m_siH.nPos;
-    const int64_t y = int64_t{headerArea} + rcClient.top - m_siV.nPos;
+    const gesso::ListGeometry geometry = Geometry();
+    const int64_t dx = int64_t{rcClient.left} - m_siH.nPos;
+    const int64_t dy = int64_t{rcClient.top} - m_siV.nPos;
+    const int64_t bottom = int64_t{headerArea} + rcClient.bottom - dy;
     // Rows that lie one below the other need no look once even a title that is moved up would be out of
     // sight.
-    const int64_t end = int64_t{headerArea} + rcClient.bottom - std::min<int64_t>(rcGroupFormat.top, 0);
+    const int64_t end = bottom - std::min<int64_t>(rcGroupFormat.top, 0);
     const UINT count = elements.GetLength();
     RowPainter painter(*this, hdc);
-    UINT k = FirstRowReaching(int64_t{m_siV.nPos} + 1);
-    while (k < count && !(m_fStacked && elements[k].rect.top + y > end)) {
+    UINT k = geometry.FirstRowReaching(int64_t{m_siV.nPos} + 1);
+    while (k < count && !geometry.AreBelow(k, end)) {
         if (elements[k].type == LET_GROUP) {
-            painter.DrawGroup(elements[k].index, Shifted(elements[k].rect, x, y));
+            painter.DrawGroup(elements[k].index, geometry.RowRect(k, dx, dy));
             ++k;
             continue;
         }
         const UINT first = k;
-        const int64_t bottom = int64_t{headerArea} + rcClient.bottom;
         do {
-            painter.DrawItem(elements[k].index, Shifted(elements[k].rect, x, y));
+            painter.DrawItem(elements[k].index, geometry.RowRect(k, dx, dy));
             ++k;
-        } while (k < count && elements[k].type == LET_ITEM && elements[k].rect.top + y <= bottom);
+        } while (k < count && elements[k].type == LET_ITEM && !geometry.IsBelow(k, bottom));
         // Fixed behaviour: a run that reaches below the window ends the painting without its grid. A list
         // that is longer than its window would else get lines that it never had.
         if (k < count && elements[k].type == LET_ITEM) {
@@ -338,14 +335,14 @@ void GList::DrawGrid(HDC hdc, UINT first, UINT last) const
 {
     gesso::PenHandle gridPen;
     gridPen.Reset(CreatePen(PS_SOLID, 1, themeList.GridColor()));
-    const auto line = [hdc](int64_t x1, int64_t y1, int64_t x2, int64_t y2) {
-        MoveToEx(hdc, Saturated(x1), Saturated(y1), nullptr);
-        LineTo(hdc, Saturated(x2), Saturated(y2));
-    };
     const SelectScope pen(hdc, gridPen);
-    const int64_t y = headerArea;
-    const int64_t top = elements[first].rect.top + y;
-    const int64_t bottom = elements[last].rect.bottom + y;
+    const auto line = [hdc](int x1, int y1, int x2, int y2) {
+        MoveToEx(hdc, x1, y1, nullptr);
+        LineTo(hdc, x2, y2);
+    };
+    const gesso::ListGeometry geometry = Geometry();
+    const int top = geometry.RowRect(first).top;
+    const int bottom = geometry.RowRect(last).bottom;
     const UINT cells = columnDraw.GetLength();
     line(0, top, 0, bottom);
     for (UINT cell = 0; cell < cells; ++cell) {
@@ -353,7 +350,8 @@ void GList::DrawGrid(HDC hdc, UINT first, UINT last) const
     }
     const int right = cells ? columnDraw[cells - 1].rect.right : 0;
     for (UINT k = first; k <= last; ++k) {
-        line(0, elements[k].rect.top + y, right, elements[k].rect.top + y);
+        const int y = geometry.RowRect(k).top;
+        line(0, y, right, y);
     }
     line(0, bottom, right, bottom);
 }

@@ -4,6 +4,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/list/GList.h>
+#include <gesso/list/ListGeometry.h>
 #include <gesso/list/Saturate.h>
 
 #include <algorithm>
@@ -18,22 +19,8 @@ namespace Metrics = gesso::Metrics;
 
 namespace {
 
-constexpr WORD NO_PART = 0xFFFF;
+constexpr WORD NO_PART = gesso::ListHit::NO_PART;
 constexpr UINT FIRST_MARK = static_cast<UINT>(-3); // from it on a hit's item is a mark and no index
-
-void SetHit(GList::HitTestInfo* pInfo, UINT item, WORD subItem, WORD part)
-{
-    pInfo->item = item;
-    pInfo->subItem = subItem;
-    pInfo->part = part;
-}
-
-// Fixed behaviour: a place in the content has 16 bits: further down or right than that, a point hits what
-// lies at the rest of the place. GetHotItem and the item of a click would else change in lists of many rows.
-SHORT Wrap16(int64_t n)
-{
-    return static_cast<SHORT>(n);
-}
 
 } // namespace
 
@@ -41,99 +28,12 @@ SHORT Wrap16(int64_t n)
 
 void GList::HitTest(HitTestInfo* pInfo) const
 {
-    pInfo->reserved = NO_INDEX;
-    SetHit(pInfo, NO_INDEX, NO_PART, NO_PART);
-    const POINTS pt = pInfo->pt;
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
-    if (items.GetLength() == 0 || pt.x < 0 || pt.y < 0 || pt.x > rc.right || pt.y > rc.bottom) {
-        return;
-    }
-    const int x = Wrap16(int64_t{pt.x} + m_siH.nPos);
-    if (static_cast<UINT>(pt.y) < headerArea) {
-        HitTestHeader(pInfo, x);
-    } else {
-        HitTestRows(pInfo, x, Wrap16(int64_t{pt.y} + m_siV.nPos - headerArea));
-    }
-}
-
-// The element at x, of which each ends where the next one, moved on by `reach`, begins.
-WORD GList::CellAt(int x, int reach) const
-{
-    UINT cell = 0;
-    while (cell + 1 < columnDraw.GetLength() && x > int64_t{columnDraw[cell + 1].rect.left} + reach) {
-        ++cell;
-    }
-    return static_cast<WORD>(cell);
-}
-
-// Fixed behaviour: the far half of the last divider is out of reach, so that a click there does nothing.
-void GList::HitTestHeader(HitTestInfo* pInfo, int x) const
-{
-    pInfo->item = LHI_HEADER;
-    const UINT cells = columnDraw.GetLength();
-    if (cells == 0 || x > columnDraw[cells - 1].rect.right) {
-        return;
-    }
-    const int reach = Pixels(m_hWnd, Metrics::LIST_DIVIDER_REACH);
-    const WORD cell = CellAt(x, reach);
-    const int64_t right = columnDraw[cell].rect.right;
-    const bool fDivider = x > right - reach && x < right + reach;
-    SetHit(pInfo, LHI_HEADER, cell, fDivider ? LHP_DIVIDER : LHP_BODY);
-}
-
-void GList::HitTestRows(HitTestInfo* pInfo, int x, int y) const
-{
-    const auto holds = [y](const RECT& rc) { return rc.top < y && y <= rc.bottom; };
-    for (UINT k = FirstRowReaching(y); k < elements.GetLength(); ++k) {
-        const stcElementPosition& element = elements[k];
-        if (m_fStacked && element.rect.top >= y) {
-            return;
-        }
-        if (holds(element.rect) && HitTestRow(pInfo, k, x)) {
-            return;
-        }
-    }
-}
-
-// Whether the row ends the search, with or without a hit.
-bool GList::HitTestRow(HitTestInfo* pInfo, UINT row, int x) const
-{
-    const stcElementPosition& element = elements[row];
-    const RECT& rc = element.rect;
-    if (element.type == LET_GROUP) {
-        // Fixed behaviour: the group's index stands where an item's does, so that the pointer on a group's
-        // row acts on the item of that number. Clicks on group rows would else send no NM_CLICK.
-        if (x <= rc.right && element.index < groups.GetLength()) {
-            SetHit(pInfo, element.index, NO_PART, LHP_BODY);
-        }
-        return true;
-    }
-    const bool fItem = element.index < items.GetLength();
-    if ((listStyle & GLS_VIEWMASK) == GLS_ICONS) {
-        // Fixed behaviour: the comparisons let no icon be hit while it lies where its elements do, and beyond
-        // the three elements of an icon nothing is hit. Icons would else light up, and clicks on them tell.
-        const bool fHit =
-            fItem && row < columnDraw.GetLength() && columnDraw[row].rect.left >= x && rc.right < x;
-        if (fHit) {
-            SetHit(pInfo, element.index, NO_PART, LHP_BODY);
-        }
-        return fHit;
-    }
-    if (x <= rc.right && fItem) {
-        HitTestCell(pInfo, element.index, x);
-    }
-    return true;
-}
-
-void GList::HitTestCell(HitTestInfo* pInfo, UINT item, int x) const
-{
-    const UINT cells = columnDraw.GetLength();
-    if ((listStyle & GLS_CHECKBOXES) && cells > 0 && x < columnDraw[0].rect.left) {
-        SetHit(pInfo, item, NO_PART, LHP_CHECKBOX);
-    } else {
-        SetHit(pInfo, item, CellAt(x, 0), LHP_BODY);
-    }
+    const gesso::ListViewport view{{rc.right, rc.bottom}, {m_siH.nPos, m_siV.nPos}};
+    const gesso::ListHit hit =
+        Geometry().HitAt({pInfo->pt.x, pInfo->pt.y}, view, Pixels(m_hWnd, Metrics::LIST_DIVIDER_REACH));
+    *pInfo = {pInfo->pt, NO_INDEX, hit.item, hit.subItem, hit.part};
 }
 
 // --- Pressing
@@ -175,7 +75,7 @@ LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     Invalidate(0);
-    cursorItem = NO_INDEX;
+    MoveCursor(NO_INDEX);
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
@@ -195,11 +95,11 @@ void GList::Click(const HitTestInfo& hit, WORD pressedPart)
         }
     } else if (hit.item != NO_INDEX) {
         SelectByMouse(hit.item, mods);
-        lastItem = hit.item;
+        ChangeCursor(cursorItem, hit.item);
         SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
     } else if (mods == 0) {
         SelectNone();
-        lastItem = NO_INDEX;
+        ChangeCursor(cursorItem, NO_INDEX);
     }
 }
 
@@ -212,7 +112,7 @@ LRESULT GList::OnLButtonDblClk(WPARAM, POINTS pt)
     hit.pt = pt;
     HitTest(&hit);
     if (hit.item < FIRST_MARK) {
-        lastItem = hit.item;
+        ChangeCursor(cursorItem, hit.item);
         SelectOnly(hit.item);
         SendItemNotify(static_cast<UINT>(NM_DBLCLK), hit);
     }
@@ -227,7 +127,7 @@ WORD GList::ModifierKeys()
 void GList::SelectByMouse(UINT item, WORD mods)
 {
     if (mods & KEYMOD_SHIFT) {
-        SelectRange(item, lastItem);
+        ChangeSelection(item, lastItem, true);
     } else if (mods & KEYMOD_CTRL) {
         InvertItem(item);
     } else {
@@ -248,9 +148,11 @@ LRESULT GList::OnMouseMove(WPARAM, POINTS pt)
         return 0;
     }
     const HitTestInfo former = hitHot;
-    hitHot.pt = pt;
-    HitTest(&hitHot);
-    if (hitHot.item != former.item || hitHot.subItem != former.subItem) {
+    HitTestInfo hit{};
+    hit.pt = pt;
+    HitTest(&hit);
+    ChangeHot(hit);
+    if (hit.item != former.item || hit.subItem != former.subItem) {
         Invalidate(0);
         StartDrag(pt);
     }
@@ -289,8 +191,7 @@ void GList::StartDrag(POINTS pt)
 
 LRESULT GList::OnMouseLeave()
 {
-    hitHot.item = NO_INDEX;
-    hitHot.subItem = hitHot.part = NO_PART;
+    ChangeHot({hitHot.pt, hitHot.reserved, NO_INDEX, NO_PART, NO_PART});
     return Frame::OnMouseLeave(*this);
 }
 

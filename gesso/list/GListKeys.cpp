@@ -1,12 +1,12 @@
 // What the keys do.
 //
-// The keyboard goes by the rectangles and rows that are kept with the items (StampRows), and not by the
-// laid-out rows. Where indices are compared, -1 is the largest of them.
+// The page keys go by the rectangles and rows that are kept with the items, and not by the laid-out rows: see
+// ListGeometry. Where indices are compared, -1 is the largest of them.
 
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/list/GList.h>
-#include <gesso/list/Saturate.h>
+#include <gesso/list/ListGeometry.h>
 
 #include <algorithm>
 #include <utility>
@@ -34,7 +34,7 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
 {
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
     if (cursorItem == NO_INDEX) {
-        cursorItem = lastItem;
+        MoveCursor(lastItem);
     }
     if (IsNavigation(vk)) {
         if (!fIcons && (vk == VK_LEFT || vk == VK_RIGHT)) {
@@ -47,14 +47,16 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
     } else if (vk == VK_SPACE) {
         OnSpace();
     } else if (vk == 'A' && (GetKeyState(VK_CONTROL) & KEY_IS_DOWN)) {
-        SelectRange(0, NO_INDEX);
-        cursorItem = shiftAnchor = hitHot.item = NO_INDEX;
+        ChangeSelection(0, NO_INDEX, true);
+        shiftAnchor = NO_INDEX;
+        MoveCursor(NO_INDEX);
+        SetHotItem(NO_INDEX);
     }
     if (IsNavigation(vk)) {
         BringCursorIntoView(vk);
     }
     RedrawAll();
-    lastItem = cursorItem;
+    ChangeCursor(cursorItem, cursorItem);
     GLISTNOTIFY notify{};
     notify.uKeyFlags = flags;
     notify.vKey = vk;
@@ -66,8 +68,8 @@ void GList::Navigate(UINT vk, bool fIcons)
 {
     const UINT cursor = cursorItem;
     switch (vk) {
-    case VK_PRIOR: WalkPageUp(); break;
-    case VK_NEXT: WalkPageDown(); break;
+    case VK_PRIOR: MoveByPage(Geometry().PageUpFrom(cursor, m_siV.nPage)); break;
+    case VK_NEXT: MoveByPage(Geometry().PageDownFrom(cursor, m_siV.nPage)); break;
     case VK_HOME: MoveToEdge(0); break;
     case VK_END: MoveToEdge(items.GetLength() - 1); break;
     // Fixed behaviour: in the icons view these two leave the cursor where it is, and select it.
@@ -86,8 +88,8 @@ void GList::OnSpace()
     if (keyMods & KEYMOD_CTRL) {
         InvertItem(cursorItem);
     } else if (cursorItem == NO_INDEX && items.GetLength() > 0) {
-        cursorItem = 0;
-        SelectRange(0, 0);
+        MoveCursor(0);
+        Select(0);
     }
 }
 
@@ -111,75 +113,36 @@ LRESULT GList::OnChar(UINT character)
 
 // --- Pages
 
-void GList::WalkPageUp()
+// A list without items has no cursor.
+void GList::MoveByPage(UINT target)
 {
-    const UINT start = cursorItem;
-    if (const ListItem* from = ItemAt(start)) {
-        const auto bottom = static_cast<UINT>(from->rcItem.bottom);
-        const auto reaches = [&](const ListItem& item) {
-            return bottom > static_cast<UINT>(item.rcItem.top) - itemSpacingY - itemHeight + m_siV.nPage &&
-                   item.column == from->column;
-        };
-        while (cursorItem != NO_INDEX && !reaches(*items[cursorItem])) {
-            --cursorItem;
-        }
-        cursorItem = cursorItem == NO_INDEX ? from->column : cursorItem;
-    }
-    cursorItem = cursorItem == start ? 0 : cursorItem;
-    SelectToCursor();
-}
-
-void GList::WalkPageDown()
-{
-    const UINT start = cursorItem;
-    const UINT last = items.GetLength() - 1;
-    if (const ListItem* from = ItemAt(start)) {
-        const auto reaches = [&](const ListItem& item) {
-            return from->rcItem.top < int64_t{item.rcItem.bottom} - m_siV.nPage + itemSpacingY + itemHeight &&
-                   item.column == from->column;
-        };
-        while (cursorItem < last && !reaches(*items[cursorItem])) {
-            ++cursorItem;
-        }
-        while (cursorItem == last && cursorItem > 0 && items[cursorItem]->column != from->column) {
-            --cursorItem;
-        }
-    }
-    cursorItem = cursorItem == start ? last : cursorItem;
-    SelectToCursor();
-}
-
-// After a page walk. A list without items has no cursor.
-void GList::SelectToCursor()
-{
-    if (items.GetLength() == 0) {
-        cursorItem = NO_INDEX;
-    }
-    hitHot.item = cursorItem;
+    const UINT cursor = items.GetLength() == 0 ? NO_INDEX : target;
+    MoveCursor(cursor);
+    SetHotItem(cursor);
     if (!(keyMods & KEYMOD_CTRL)) {
         SelectNone();
     }
     if (keyMods & KEYMOD_SHIFT) {
-        SelectRange(shiftAnchor, cursorItem);
+        ChangeSelection(shiftAnchor, cursor, true);
     } else if (!(keyMods & KEYMOD_CTRL)) {
-        SelectRange(cursorItem, cursorItem);
+        Select(cursor);
     }
 }
 
 // --- Edges
 
+// A list without items has no edge.
 void GList::MoveToEdge(UINT edge)
 {
-    // A list without items has no edge.
-    cursorItem = items.GetLength() == 0 ? NO_INDEX : edge;
-    hitHot.item = keyMods == 0 ? NO_INDEX : cursorItem;
+    MoveCursor(items.GetLength() == 0 ? NO_INDEX : edge);
+    SetHotItem(keyMods == 0 ? NO_INDEX : cursorItem);
     if (!(keyMods & KEYMOD_CTRL)) {
         SelectNone();
     }
     if (keyMods & KEYMOD_SHIFT) {
-        SelectRange(shiftAnchor, edge);
+        ChangeSelection(shiftAnchor, edge, true);
     } else if (keyMods == 0) {
-        SelectRange(edge, edge);
+        Select(edge);
         shiftAnchor = NO_INDEX;
     }
 }
@@ -206,17 +169,19 @@ void GList::StepBack(UINT target)
 // to, and one toward the anchor unselects both, so that the cursor's item is left unselected.
 void GList::Step(UINT target, bool fAway)
 {
-    const UINT from = std::exchange(cursorItem, target);
+    const UINT from = cursorItem;
+    MoveCursor(target);
     switch (keyMods) {
-    case KEYMOD_CTRL | KEYMOD_SHIFT: SelectRange(from, target); break;
-    case KEYMOD_CTRL: hitHot.item = target; break;
+    case KEYMOD_CTRL | KEYMOD_SHIFT: ChangeSelection(from, target, true); break;
+    case KEYMOD_CTRL: SetHotItem(target); break;
     case KEYMOD_SHIFT:
-        hitHot.item = target;
-        SelectRange(from, target, fAway);
+        SetHotItem(target);
+        ChangeSelection(from, target, fAway);
         break;
     default:
         SelectOnly(target);
-        shiftAnchor = hitHot.item = NO_INDEX;
+        shiftAnchor = NO_INDEX;
+        SetHotItem(NO_INDEX);
         break;
     }
 }
@@ -229,14 +194,14 @@ void GList::StepFromNowhere()
     if (count == 0) {
         return;
     }
-    cursorItem = std::min(1U, count - 1);
-    hitHot.item = keyMods == 0 ? NO_INDEX : cursorItem;
+    MoveCursor(std::min(1U, count - 1));
+    SetHotItem(keyMods == 0 ? NO_INDEX : cursorItem);
     if (keyMods & KEYMOD_SHIFT) {
         shiftAnchor = 0;
-        SelectRange(0, cursorItem);
+        ChangeSelection(0, cursorItem, true);
     } else if (keyMods == 0) {
         shiftAnchor = NO_INDEX;
-        SelectRange(cursorItem, cursorItem);
+        Select(cursorItem);
     }
 }
 
@@ -244,21 +209,13 @@ void GList::StepFromNowhere()
 
 void GList::BringCursorIntoView(UINT vk)
 {
-    const ListItem* item = ItemAt(cursorItem);
-    if (!item) {
+    if (cursorItem >= items.GetLength()) {
         return;
     }
-    const int64_t height = int64_t{itemHeight} + itemSpacingY;
-    if (GoesForward(vk)) {
-        const int64_t end = int64_t{headerArea} - itemSpacingY + (int64_t{item->row} + 1) * height;
-        if (end > int64_t{m_siV.nPos} + m_siV.nPage) {
-            ScrollTo(SB_VERT, end - m_siV.nPage);
-        }
-    } else {
-        const UINT gap = listStyle & GLS_HEADER ? headerItemSpacing : 0;
-        const int64_t top = item->row == 0 ? 0 : item->row * height - 2 * int64_t{itemSpacingY} + gap;
-        if (item->row == 0 || top < m_siV.nPos) {
-            ScrollTo(SB_VERT, top);
-        }
+    const UINT gap = listStyle & GLS_HEADER ? headerItemSpacing : 0;
+    const auto position = GoesForward(vk) ? Geometry().PositionOfEnd(cursorItem, m_siV.nPos, m_siV.nPage)
+                                          : Geometry().PositionOfStart(cursorItem, m_siV.nPos, gap);
+    if (position) {
+        ScrollTo(SB_VERT, *position);
     }
 }

@@ -60,7 +60,9 @@ LRESULT GList::OnMouseWheel(UINT, int delta, POINTS)
     ScrollTo(SB_VERT, *target);
     RedrawAll();
     if (m_dwState & GWS_TRACKING) {
-        HitTest(&hitHot);
+        HitTestInfo hit = hitHot;
+        HitTest(&hit);
+        ChangeHot(hit);
     }
     return 0;
 }

@@ -23,7 +23,7 @@ void GList::ClearSelection()
 void GList::SetSelected(UINT item, int on)
 {
     if (item < items.GetLength()) {
-        SelectRange(item, item, on != 0);
+        ChangeSelection(item, item, on != 0);
         Invalidate(0);
     }
 }
@@ -38,7 +38,7 @@ void GList::SetFirstSelectedItemIndex(UINT item)
 {
     if (item < items.GetLength()) {
         ClearSelection();
-        SelectRange(item, item);
+        Select(item);
         Invalidate(0);
     }
 }
@@ -46,7 +46,7 @@ void GList::SetFirstSelectedItemIndex(UINT item)
 void GList::SetNextSelectedItemIndex(UINT item)
 {
     if (item < items.GetLength()) {
-        SelectRange(item, item);
+        Select(item);
         Invalidate(0);
     }
 }
@@ -71,8 +71,6 @@ WORD GList::GetHotSubItem() const
     return hitHot.subItem;
 }
 
-// --- What the user's input is made of
-
 UINT GList::SelectedFrom(UINT item) const
 {
     while (item < items.GetLength() && !GetSelected(item)) {
@@ -81,8 +79,10 @@ UINT GList::SelectedFrom(UINT item) const
     return item < items.GetLength() ? item : NO_INDEX;
 }
 
+// --- What changes, each in its one place
+
 // Both ends included, in either order; what lies past the end is left out.
-void GList::SelectRange(UINT a, UINT b, bool on)
+void GList::ChangeSelection(UINT a, UINT b, bool on)
 {
     const UINT count = items.GetLength();
     for (UINT item = std::min(a, b); item < count && item <= std::max(a, b); ++item) {
@@ -91,18 +91,55 @@ void GList::SelectRange(UINT a, UINT b, bool on)
     }
 }
 
+// The keyboard's item, none after a click; and the item last acted on, where the keyboard starts then.
+void GList::ChangeCursor(UINT cursor, UINT last)
+{
+    cursorItem = cursor;
+    lastItem = last;
+}
+
+void GList::ChangeHot(const HitTestInfo& hit)
+{
+    hitHot = hit;
+}
+
+// The check mark, and the host's bits.
+void GList::ChangeSubItemState(ListSubItem& sub, UINT state)
+{
+    sub.state = state;
+}
+
+// --- What the user's input is made of
+
+void GList::Select(UINT item)
+{
+    ChangeSelection(item, item, true);
+}
+
 void GList::SelectNone()
 {
-    SelectRange(0, NO_INDEX, false);
+    ChangeSelection(0, NO_INDEX, false);
 }
 
 void GList::SelectOnly(UINT item)
 {
     SelectNone();
-    SelectRange(item, item);
+    Select(item);
 }
 
 void GList::InvertItem(UINT item)
 {
-    SelectRange(item, item, !GetSelected(item));
+    ChangeSelection(item, item, !GetSelected(item));
+}
+
+void GList::MoveCursor(UINT item)
+{
+    ChangeCursor(item, lastItem);
+}
+
+void GList::SetHotItem(UINT item)
+{
+    HitTestInfo hit = hitHot;
+    hit.item = item;
+    ChangeHot(hit);
 }

@@ -3,7 +3,7 @@
 #include <gesso/containers/Index.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Lifeline.h>
-#include <gesso/list/GList.h>
+#include <gesso/list/ListInside.h>
 #include <gesso/list/PartitionSort.h>
 
 #include <algorithm>
@@ -148,14 +148,14 @@ void GList::Sort(UINT column, bool ascending)
 void GList::SortItems(UINT column, bool ascending)
 {
     const UINT count = items.GetLength();
-    const UINT changes = m_itemChanges;
+    const UINT changes = m_inside->itemChanges;
     std::vector<ListItem*> sorted(items.GetData(), items.GetData() + count);
     if (const PFNLISTSORT compare = columns[column]->fktSort) {
         FastSortItemPtr(sorted.data(), count, ascending, compare);
     } else {
         SortAlphabetical(sorted.data(), count, ascending, column);
     }
-    if (changes != m_itemChanges) {
+    if (changes != m_inside->itemChanges) {
         gesso::Misuse("GList::Sort: fktSort changed the items");
         return;
     }
@@ -180,7 +180,7 @@ void GList::GatherByGroup()
         }
     }
     items.RemoveAll();
-    ++m_itemChanges;
+    ++m_inside->itemChanges;
     for (const auto& group : members) {
         items.Add(group.data(), static_cast<UINT>(group.size()));
     }
@@ -203,7 +203,7 @@ void GList::Group(UINT column, bool)
             items[i]->group = fOff ? id : GroupIndexOf(id);
         }
     }
-    m_fLayoutCurrent = false;
+    ForgetLayout();
     const gesso::Lifeline life(*this);
     Sort(sortColumn, sortAscending);
     if (life) {

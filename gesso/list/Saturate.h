@@ -2,6 +2,8 @@
 // the numbers' range, so that what lies lower in the list never comes out above.
 #pragma once
 
+#include <gesso/api.h>
+
 #include <algorithm>
 #include <climits>
 #include <cstdint>
@@ -11,6 +13,12 @@ namespace gesso {
 constexpr int Saturated(int64_t n)
 {
     return static_cast<int>(std::clamp<int64_t>(n, INT_MIN, INT_MAX));
+}
+
+constexpr RECT Shifted(const RECT& rc, int64_t dx, int64_t dy)
+{
+    return {Saturated(rc.left + dx), Saturated(rc.top + dy), Saturated(rc.right + dx),
+            Saturated(rc.bottom + dy)};
 }
 
 } // namespace gesso

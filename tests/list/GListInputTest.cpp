@@ -33,91 +33,27 @@ int MiddleOf(UINT item)
     return HEADER_AREA + static_cast<int>(item) * 22 + 11;
 }
 
-struct HitCase
-{
-    int x, y;
-    int item;
-    int subItem;
-    int part;
-};
-
+// As the layout finds it, from where the window and its bars are.
 TEST_F(GListInputTest, APointHitsTheCellThatShowsThere)
 {
-    constexpr int NONE = 0xFFFF;
-    const HitCase cases[] = {
-        {5, 5, -2, 0, LHP_BODY},
-        {94, 5, -2, 0, LHP_BODY},
-        {95, 5, -2, 0, LHP_DIVIDER},
-        {105, 5, -2, 0, LHP_DIVIDER},
-        {106, 5, -2, 0, LHP_BODY}, // the first column ends 6 behind the second one's left
-        {107, 5, -2, 1, LHP_BODY},
-        {195, 5, -2, 1, LHP_DIVIDER},
-        {200, 5, -2, 1, LHP_DIVIDER},
-        {201, 5, -2, NONE, NONE}, // the last divider's far half
-        {5, HEADER_AREA - 1, -2, 0, LHP_BODY},
-        {5, HEADER_AREA, -1, NONE, NONE}, // the row's first line
-        {5, HEADER_AREA + 1, 0, 0, LHP_BODY},
-        {5, HEADER_AREA + 22, 0, 0, LHP_BODY},
-        {5, HEADER_AREA + 23, 1, 0, LHP_BODY},
-        {100, HEADER_AREA + 23, 1, 0, LHP_BODY},
-        {101, HEADER_AREA + 23, 1, 1, LHP_BODY},
-        {200, HEADER_AREA + 23, 1, 1, LHP_BODY},
-        {201, HEADER_AREA + 23, -1, NONE, NONE},
-        {5, HEADER_AREA + 5 * 22, 4, 0, LHP_BODY},
-        {5, HEADER_AREA + 5 * 22 + 1, -1, NONE, NONE},
-        {-1, 50, -1, NONE, NONE},
-        {5, -1, -1, NONE, NONE},
-        {LIST_CX + 1, 50, -1, NONE, NONE},
-        {5, LIST_CY + 1, -1, NONE, NONE},
+    const auto hit = [this](int x, int y) {
+        const GList::HitTestInfo info = list.HitAt(x, y);
+        EXPECT_EQ(info.reserved, END);
+        return std::to_string(static_cast<int>(info.item)) + " " + Numbers(info.subItem, info.part);
     };
-    for (const HitCase& c : cases) {
-        SCOPED_TRACE(std::to_string(c.x) + "," + std::to_string(c.y));
-        const GList::HitTestInfo hit = list.HitAt(c.x, c.y);
-        EXPECT_EQ(static_cast<int>(hit.item), c.item);
-        EXPECT_EQ(hit.subItem, c.subItem);
-        EXPECT_EQ(hit.part, c.part);
-        EXPECT_EQ(hit.reserved, END);
-    }
-    list.RemoveAllItems();
-    EXPECT_EQ(list.HitAt(5, 5).item, END) << "an empty list has no header to click";
-}
-
-TEST_F(GListInputTest, GroupRowsCheckBoxesAndIconsHitByTheirOwnRules)
-{
+    EXPECT_EQ(hit(105, 5), "-2 0,2");
+    EXPECT_EQ(hit(106, 5), "-2 0,0");
+    EXPECT_EQ(hit(101, MiddleOf(1)), "1 1,0");
+    EXPECT_EQ(hit(LIST_CX + 1, 50), "-1 65535,65535");
+    list.m_siH.nPos = 10;
+    list.m_siV.nPos = 22;
+    EXPECT_EQ(hit(100, MiddleOf(1)), "2 1,0");
+    EXPECT_EQ(hit(95, 5), "-2 0,2");
+    list.m_siH.nPos = list.m_siV.nPos = 0;
     list.SetListStyle(GLS_DETAILS);
     AddGroup(0);
     list.Calculate();
-    EXPECT_EQ(list.HitAt(5, 10).item, 0u) << "the group's index";
-    EXPECT_EQ(list.HitAt(5, 10).subItem, 0xFFFF);
-    EXPECT_EQ(list.HitAt(250, 10).item, END);
-    list.RemoveAllGroups();
-
-    list.SetListStyle(GLS_DETAILS | GLS_CHECKBOXES);
-    EXPECT_EQ(list.HitAt(3, 10).subItem, 0) << "the box is the first element";
-    EXPECT_EQ(list.HitAt(3, 10).part, LHP_BODY);
-    EXPECT_EQ(list.HitAt(50, 10).subItem, 1);
-
-    list.SetListStyle(GLS_ICONS);
-    for (int x = 0; x < LIST_CX; x += 7) {
-        for (int y = 0; y < LIST_CY; y += 7) {
-            EXPECT_EQ(list.HitAt(x, y).item, END) << "icons overlap their elements nowhere";
-        }
-    }
-}
-
-// Only so many rows as 16 bits of pixels hold can be told apart.
-TEST_F(GListInputTest, AHitFarDownIsTakenIn16Bits)
-{
-    list.SetListStyle(GLS_DETAILS);
-    for (int i = 0; i < 4000; ++i) {
-        list.InsertItem(END, 0, nullptr, 0, nullptr, 0);
-    }
-    list.m_siV.nPos = 22000;
-    EXPECT_EQ(list.HitAt(5, 10).item, 1000u);
-    list.m_siV.nPos = 33000;
-    EXPECT_EQ(list.HitAt(5, 10).item, END);
-    list.m_siV.nPos = 65536 + 2200;
-    EXPECT_EQ(list.HitAt(5, 10).item, 100u);
+    EXPECT_EQ(hit(5, 10), "0 65535,0") << "a group's index";
 }
 
 TEST_F(GListInputTest, AClickSelectsAndTells)

@@ -148,17 +148,6 @@ TEST_F(GListLayoutTest, IconsAreAnImageAndALineOfText)
     ImageList_Destroy(images);
 }
 
-TEST_F(GListLayoutTest, AllIconsOfAGroupShareACell)
-{
-    MakeFilledList(2, 3, GLS_ICONS);
-    const auto height = static_cast<int>(list.GetItemHeight());
-    const auto at = [&](UINT k) { return Numbers(list.elements[k].rect); };
-    EXPECT_EQ(at(0), "0,5," + Numbers(200, 5 + height)) << "with the right edge of what came before";
-    EXPECT_EQ(at(1), "0,5," + Numbers(90, 5 + height));
-    EXPECT_EQ(at(2), at(1));
-    EXPECT_EQ(list.contentCy, 10u);
-}
-
 TEST_F(GListLayoutTest, RowsFollowTheGroupsInTheOrderOfTheItems)
 {
     MakeList();
@@ -178,34 +167,6 @@ TEST_F(GListLayoutTest, RowsFollowTheGroupsInTheOrderOfTheItems)
         << "groups behind the last item have no row";
     list.SetGroupHeight(10);
     EXPECT_EQ(list.contentCy, 10u + 66u);
-}
-
-// Where the walk would never end: such an item has no row, and it hides no other.
-TEST_F(GListLayoutTest, AnItemThatMatchesNoGroupHasNoRow)
-{
-    MakeFilledList(1, 3);
-    list.SetItemGroup(1, 9);
-    EXPECT_EQ(list.Rows(), (Rows{"item 0 at 0..22", "item 2 at 22..44"}));
-    AddGroup(1);
-    AddGroup(2);
-    list.SetItemGroup(0, 1);
-    list.SetItemGroup(2, 2);
-    EXPECT_EQ(list.Rows(),
-              (Rows{"group 0 at 0..26", "item 0 at 26..48", "group 1 at 48..74", "item 2 at 74..96"}));
-}
-
-TEST_F(GListLayoutTest, AnInsertionMendsTheRowsAsANewLayoutWould)
-{
-    MakeList();
-    AddColumns(1);
-    for (const UINT position : {0U, 0U, 1U, 3U, 2U}) {
-        list.InsertItem(position, 0, nullptr, 0, L"x", 0);
-        const Rows mended = list.Rows();
-        const UINT height = list.contentCy;
-        list.Calculate();
-        EXPECT_EQ(mended, list.Rows());
-        EXPECT_EQ(height, list.contentCy);
-    }
 }
 
 TEST_F(GListLayoutTest, AnInsertionAmongGroupsIsRightWithTheNextLayout)
@@ -256,42 +217,6 @@ TEST_F(GListLayoutTest, ARowsCellIsInTheContentBelowTheHeader)
     EXPECT_EQ(rc.top, 35 + 26 + 39 * 22);
 }
 
-struct BarCase
-{
-    UINT contentCx, contentCy;
-    int reducedX, reducedY; // by how many bar widths
-};
-
-// The rule of the pages, by what fits with and without the bars, in a window of 300 x 200.
-TEST_F(GListLayoutTest, PagesAreReducedWhereOneOrBothDirectionsFit)
-{
-    MakeList();
-    const int bar = GetSystemMetrics(SM_CXVSCROLL);
-    const UINT tightX = LIST_CX - 3;
-    const UINT tightY = LIST_CY - 3;
-    const BarCase cases[] = {
-        {1000, 1000, 0, 0},     // neither fits: 0
-        {tightX, 1000, 1, 0},   // across fits, but not beside a bar: 5
-        {1000, tightY, 0, 1},   // down fits, but not beside a bar: 10
-        {tightX, tightY, 1, 1}, // 15
-        {50, 50, 1, 1},         // all fits everywhere: 15
-        {50, 1000, 1, 0},       // 5
-        {tightX, 50, 1, 1},     // 15
-        {1000, 50, 0, 1},       // 10
-    };
-    for (const BarCase& c : cases) {
-        list.contentCx = c.contentCx;
-        list.contentCy = c.contentCy;
-        SetWindowPos(list, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
-        const auto page = [](int client, int reduced, UINT content) {
-            return static_cast<UINT>(std::min(client - reduced, static_cast<int>(content) - 1));
-        };
-        EXPECT_EQ(list.m_siH.nPage, page(LIST_CX, c.reducedX * bar, c.contentCx)) << c.contentCx;
-        EXPECT_EQ(list.m_siV.nPage, page(LIST_CY, c.reducedY * bar, c.contentCy)) << c.contentCy;
-        EXPECT_EQ(list.m_siV.nMax, static_cast<int>(c.contentCy) - 1);
-    }
-}
-
 TEST_F(GListLayoutTest, BarsComeAndGoWithTheContentAndTheWindow)
 {
     MakeList();
@@ -301,6 +226,8 @@ TEST_F(GListLayoutTest, BarsComeAndGoWithTheContentAndTheWindow)
     EXPECT_EQ(bars(), 0);
     AddItems(20);
     EXPECT_EQ(bars(), WS_VSCROLL);
+    EXPECT_EQ(list.m_siV.nPage, UINT{LIST_CY});
+    EXPECT_EQ(list.m_siH.nPage, 99u) << "of a content of 100, whatever room there is";
     SetWindowPos(list, nullptr, 0, 0, LIST_CX, 1000, SWP_NOMOVE | SWP_NOZORDER);
     EXPECT_EQ(bars(), 0);
     SetWindowPos(list, nullptr, 0, 0, 50, 1000, SWP_NOMOVE | SWP_NOZORDER);

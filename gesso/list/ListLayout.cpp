@@ -1,0 +1,220 @@
+#include <gesso/list/ListLayout.h>
+#include <gesso/list/Saturate.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+int Below(int y, UINT height)
+{
+    return Saturated(int64_t{y} + height);
+}
+
+void Move(stcElementPosition& row, int64_t dy)
+{
+    row.rect.top = Saturated(row.rect.top + dy);
+    row.rect.bottom = Saturated(row.rect.bottom + dy);
+}
+
+void Reserve(ListRows& rows, UINT count)
+{
+    if (count > rows.GetBufferLength()) {
+        rows.AllocExtra(std::max(count, rows.GetLength() + rows.GetLength() / 2));
+    }
+}
+
+bool AreAlike(const stcElementPosition& a, const stcElementPosition& b)
+{
+    return a.type == b.type && a.index == b.index && EqualRect(&a.rect, &b.rect);
+}
+
+// The walk that places the rows of groups and items, top down, in the order in which they stand in their
+// arrays.
+class Placing
+{
+public:
+    // `nMost` is how many rows there may be.
+    Placing(ListRows& rows, UINT nMost, const ListMeasures& measures)
+        : m_rows(rows), m_right(Saturated(measures.columnsWidth)), m_item{Saturated(measures.itemWidth),
+                                                                          Saturated(measures.itemHeight)},
+          m_spacing{Saturated(measures.spacingX), Saturated(measures.spacingY)}
+    {
+        Reserve(rows, nMost);
+        rows.SetLength(nMost, -1);
+        m_next = rows.GetData();
+    }
+    ~Placing() { m_rows.SetLength(static_cast<UINT>(m_next - m_rows.GetData()), -1); }
+    Placing(const Placing&) = delete;
+    Placing& operator=(const Placing&) = delete;
+
+    void AddGroup(UINT group, UINT height)
+    {
+        m_y = Below(m_y, height);
+        m_bottom = m_end = m_y;
+        Append(LET_GROUP, group);
+        m_top = m_y;
+    }
+
+    void AddRow(UINT item)
+    {
+        m_y = Below(m_y, static_cast<UINT>(m_item.cy));
+        m_bottom = m_end = m_y;
+        Append(LET_ITEM, item);
+        m_top = m_y;
+    }
+
+    void StartIcons() { m_x = 0U - static_cast<UINT>(m_spacing.cx) - static_cast<UINT>(m_item.cx) - 1; }
+
+    // Fixed behaviour: the first icon of a group opens a row; from then on there is always room, so that all
+    // icons of a group lie in one cell, of which the first has the right edge of what came before. What
+    // follows a group begins just below the top of its cell. Every picture of icons would else change.
+    void AddIcon(UINT item, bool fLastOfGroup)
+    {
+        const auto cx = static_cast<UINT>(m_item.cx);
+        const auto spacingX = static_cast<UINT>(m_spacing.cx);
+        const auto spacingY = static_cast<UINT>(m_spacing.cy);
+        if (cx + spacingX + m_x > static_cast<UINT>(m_right)) {
+            m_y = m_top = Below(m_end, spacingY);
+            m_bottom = Below(m_y, static_cast<UINT>(m_item.cy));
+            m_x = 0U - spacingX;
+        }
+        Append(LET_ITEM, item);
+        m_left = static_cast<int>(spacingX + m_x);
+        m_right = Below(m_left, cx);
+        m_bottom = m_end = Below(m_y, static_cast<UINT>(m_item.cy));
+        if (fLastOfGroup) {
+            m_y = m_end = m_bottom = Below(m_y, spacingY);
+        }
+        m_top = m_y;
+    }
+
+    int End() const { return m_end; }
+
+private:
+    void Append(UINT type, UINT index) { *m_next++ = {type, index, {m_left, m_top, m_right, m_bottom}}; }
+
+    ListRows& m_rows;
+    stcElementPosition* m_next;
+    int m_left = 0;
+    int m_top = 0;
+    int m_right;
+    int m_bottom = 0;
+    int m_y = 0;
+    int m_end = 0; // of the rows
+    UINT m_x = 0;  // wraps
+    SIZE m_item;
+    SIZE m_spacing;
+};
+
+} // namespace
+
+int ListLayout::Place()
+{
+    const bool fIcons = m_measures.view == GLS_ICONS;
+    const UINT groupCount = m_groups.GetLength();
+    const UINT itemCount = m_items.GetLength();
+    Placing placing(m_placed, groupCount + itemCount, m_measures);
+    UINT id = 0;
+    UINT i = 0;
+    for (UINT g = 0; g == 0 || i < itemCount; ++g) {
+        if (g < groupCount) {
+            placing.AddGroup(g, m_measures.groupHeight);
+            id = m_groups[g]->group;
+        } else if (g > 0) {
+            ++i;
+        }
+        placing.StartIcons();
+        for (; i < itemCount && m_items[i]->group == id; ++i) {
+            if (fIcons) {
+                placing.AddIcon(i, i + 1 == itemCount || m_items[i + 1]->group != id);
+            } else {
+                placing.AddRow(i);
+            }
+        }
+    }
+    m_known = {true, !fIcons, true, groupCount};
+    return placing.End();
+}
+
+UINT ListLayout::Insert(UINT item)
+{
+    const UINT count = m_placed.GetLength();
+    if (count == 0) {
+        m_known = {m_known.fCurrent, true, true, 0};
+    }
+    const UINT row = RowFrom(item);
+    const bool fPlain = m_known.groupRowsEnd == 0 && m_groups.GetLength() == 0;
+    // Where nothing before the row can have such an index, the walk begins there.
+    for (UINT k = m_known.fAscending && m_known.groupRowsEnd <= item ? row : 0; k < count; ++k) {
+        m_placed[k].index += m_placed[k].index >= item ? 1 : 0;
+    }
+    m_known.groupRowsEnd += m_known.groupRowsEnd > item ? 1 : 0;
+
+    Reserve(m_placed, count + 1);
+    const int y = row > 0 ? m_placed[row - 1].rect.bottom : 0;
+    m_placed.InsertAt(row, {LET_ITEM, row, {0, y, Saturated(m_measures.columnsWidth), y}});
+    m_known.fAscending = m_known.fAscending && IsInOrder(row);
+    m_known.fCurrent = m_known.fCurrent && fPlain && row == item && m_items[item]->group == 0;
+    return row;
+}
+
+// Whether a row's index lies between those of the items' rows around it.
+bool ListLayout::IsInOrder(UINT row) const
+{
+    UINT before = row;
+    while (before > 0 && m_placed[before - 1].type != LET_ITEM) {
+        --before;
+    }
+    UINT behind = row + 1;
+    while (behind < m_placed.GetLength() && m_placed[behind].type != LET_ITEM) {
+        ++behind;
+    }
+    return (before == 0 || m_placed[before - 1].index < m_placed[row].index) &&
+           (behind == m_placed.GetLength() || m_placed[behind].index > m_placed[row].index);
+}
+
+bool ListLayout::Fit(UINT row)
+{
+    RECT& rc = m_placed[row].rect;
+    const int bottom = Below(rc.top, m_measures.itemHeight);
+    const int64_t dy = int64_t{bottom} - rc.bottom;
+    rc.bottom = bottom;
+    for (UINT below = row + 1; dy != 0 && below < m_placed.GetLength(); ++below) {
+        Move(m_placed[below], dy);
+    }
+    return dy != 0;
+}
+
+void ListLayout::Stamp(UINT first)
+{
+    const UINT cells = m_cells.GetLength();
+    if (m_measures.view == GLS_DETAILS) {
+        Stamp(first, cells ? m_cells[cells - 1].rect.right : 0);
+    } else if (m_measures.view == GLS_TILES) {
+        Stamp(first, Saturated(m_measures.itemWidth));
+    }
+}
+
+void ListLayout::Stamp(UINT first, int right)
+{
+    for (UINT i = first; i < m_items.GetLength(); ++i) {
+        const int64_t top = int64_t{i} * m_measures.itemHeight;
+        m_items[i]->rcItem = {0, Saturated(top), right, Saturated(top + m_measures.itemHeight)};
+        m_items[i]->row = i;
+    }
+}
+
+bool ListLayout::Check() const
+{
+    if (!m_known.fCurrent) {
+        return ListGeometry::Check();
+    }
+    ListRows rows;
+    RowOrder order;
+    ListLayout(m_measures, m_items, m_groups, m_cells, rows, order).Place();
+    return ListGeometry::Check() &&
+           std::equal(rows.begin(), rows.end(), m_placed.begin(), m_placed.end(), AreAlike);
+}
+
+} // namespace gesso
