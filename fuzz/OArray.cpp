@@ -2,7 +2,7 @@
 // rules of growth written out. Lengths, capacities and elements must agree after each. Elements and ranges
 // that are passed in may lie in the arrays themselves.
 
-#include <gesso/containers/OArray.h>
+#include <gesso/containers/Check.h>
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -84,7 +84,7 @@ private:
     {
         Check(m_array.GetLength() == m_values.size());
         Check(m_array.GetBufferLength() == m_nCapacity);
-        Check((m_array.GetData() == nullptr) == (m_nCapacity == 0));
+        Check(gesso::Check(m_array));
         for (UINT i = 0; i < Size(m_values); i++) {
             Check(KIND::Same(m_array[i], m_values[i]));
         }

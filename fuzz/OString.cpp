@@ -2,7 +2,7 @@
 // the plainest way. Texts, results and capacities must agree after each. Arguments are new texts as well as
 // pieces of the strings themselves.
 
-#include <gesso/containers/OStringEx.h>
+#include <gesso/containers/Check.h>
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -109,8 +109,7 @@ private:
                    std::equal(m_text.begin(), m_text.end(), psz);
         };
         Check(same(m_str) && same(m_strEx) && m_str == m_strEx);
-        const wchar_t* psz = m_str;
-        Check(m_str.d(const_cast<wchar_t*>(psz))->nBufferLength == m_text.size() + 1);
+        Check(gesso::Check(m_str) && gesso::Check(m_strEx));
         Check(m_strEx.GetBufferLength() == m_nCapacity);
     }
 

@@ -1,17 +1,16 @@
 #include <gesso/containers/Misuse.h>
 
+#include <atomic>
 #include <cstdio>
 
 namespace gesso {
 namespace {
-constinit bool s_fStop = true;
+constinit std::atomic<bool> s_fStop = true;
 } // namespace
 
 bool SetMisuseStops(bool fStop) noexcept
 {
-    const bool fFormer = s_fStop;
-    s_fStop = fStop;
-    return fFormer;
+    return s_fStop.exchange(fStop);
 }
 
 void StopOnMisuse(const char* pszOperation) noexcept

@@ -22,8 +22,9 @@
 
 #include <algorithm>
 #include <climits>
-#include <functional>
-#include <memory>
+#include <cstdint>
+#include <cstring>
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -110,7 +111,7 @@ protected:
 private:
     static constexpr bool PLAIN = std::is_trivially_copyable_v<TYPE>;
 
-    void Check(UINT i) const;
+    void CheckIndex(UINT i) const;
     UINT Count() const;
     bool Owns(const TYPE* p) const;
     void StartAnew();
@@ -200,13 +201,13 @@ template <class TYPE, class ARG_TYPE> const TYPE* OArray<TYPE, ARG_TYPE>::GetDat
 
 template <class TYPE, class ARG_TYPE> TYPE& OArray<TYPE, ARG_TYPE>::GetAt(UINT i)
 {
-    Check(i);
+    CheckIndex(i);
     return m_pData[i];
 }
 
 template <class TYPE, class ARG_TYPE> const TYPE& OArray<TYPE, ARG_TYPE>::GetAt(UINT i) const
 {
-    Check(i);
+    CheckIndex(i);
     return m_pData[i];
 }
 
@@ -397,7 +398,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::FreeExtra(UIN
     }
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Check(UINT i) const
+template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::CheckIndex(UINT i) const
 {
     if (i >= Count()) {
         gesso::Misuse("OArray: an index beyond the length");
@@ -412,7 +413,9 @@ template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::Count() const
 
 template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Owns(const TYPE* p) const
 {
-    return std::less_equal<>{}(m_pData, p) && std::less<>{}(p, m_pData + m_nBufferLength);
+    const auto nPlace = reinterpret_cast<uintptr_t>(p);
+    return reinterpret_cast<uintptr_t>(m_pData) <= nPlace &&
+           nPlace < reinterpret_cast<uintptr_t>(m_pData + m_nBufferLength);
 }
 
 // Makes an array that was moved from an empty one.
@@ -454,7 +457,9 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Grow(size_t n
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Lengthen(UINT n)
 {
     if constexpr (!PLAIN) {
-        std::uninitialized_value_construct(m_pData + m_nLength, m_pData + n);
+        for (UINT i = m_nLength; i < n; ++i) {
+            new (m_pData + i) TYPE();
+        }
     }
     m_nLength = n;
 }
@@ -479,13 +484,21 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Construct(UIN
 
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Construct(UINT i, const TYPE* p, UINT n)
 {
-    std::uninitialized_copy_n(p, n, m_pData + i);
+    if constexpr (PLAIN) {
+        Relocate(m_pData + i, p, n);
+    } else {
+        for (UINT k = 0; k < n; ++k) {
+            new (m_pData + i + k) TYPE(p[k]);
+        }
+    }
 }
 
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Destroy(UINT iFirst, UINT iEnd)
 {
     if constexpr (!PLAIN) {
-        std::destroy(m_pData + iFirst, m_pData + std::max(iFirst, iEnd));
+        for (UINT i = iFirst; i < iEnd; ++i) {
+            m_pData[i].~TYPE();
+        }
     }
 }
 

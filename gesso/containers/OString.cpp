@@ -47,19 +47,15 @@ template <class TYPE> typename OString<TYPE>::_stcStringData* OString<TYPE>::All
 }
 
 template <class TYPE>
-typename OString<TYPE>::_stcStringData* OString<TYPE>::Join(std::initializer_list<gesso::TextSpan> pieces)
+typename OString<TYPE>::_stcStringData* OString<TYPE>::Join(gesso::TextSpan first, gesso::TextSpan second,
+                                                            gesso::TextSpan third)
 {
-    size_t nLength = 0;
-    for (const gesso::TextSpan piece : pieces) {
-        nLength += piece.size();
-    }
+    const size_t nLength = first.size() + second.size() + third.size();
     _stcStringData* pData = Allocate(nLength + 1);
     pData->nLength = static_cast<UINT>(nLength);
-    TYPE* pEnd = TextOf(pData);
-    for (const gesso::TextSpan piece : pieces) {
-        pEnd = std::copy(piece.begin(), piece.end(), pEnd);
-    }
-    *pEnd = 0;
+    TYPE* pEnd = std::copy(first.begin(), first.end(), TextOf(pData));
+    pEnd = std::copy(second.begin(), second.end(), pEnd);
+    *std::copy(third.begin(), third.end(), pEnd) = 0;
     return pData;
 }
 
@@ -119,8 +115,7 @@ template <class TYPE> OString<TYPE>::OString(OString&& str) noexcept : m_psz(str
 }
 
 template <class TYPE>
-OString<TYPE>::OString(UINT nId, HINSTANCE hInst)
-    : OString(Copy(gesso::FindStringResource(nId, hInst).value_or(gesso::TextSpan())))
+OString<TYPE>::OString(UINT nId, HINSTANCE hInst) : OString(Copy(gesso::FindStringResource(nId, hInst)))
 {}
 
 template <class TYPE> OString<TYPE>::~OString()
@@ -348,7 +343,7 @@ template <class TYPE> UINT OString<TYPE>::Delete(UINT nPos, UINT nCount)
 {
     const gesso::TextSpan text = Span();
     if (nPos < text.size() && nCount > 0) {
-        Adopt(Join({text.first(nPos), text.subspan(nPos + std::min<size_t>(nCount, text.size() - nPos))}));
+        Adopt(Join(text.first(nPos), text.subspan(nPos + std::min<size_t>(nCount, text.size() - nPos))));
     }
     return GetLength();
 }
@@ -373,9 +368,10 @@ template <class TYPE> UINT OString<TYPE>::Replace(wchar_t cOld, wchar_t cNew)
     if (cOld == cNew) {
         return 0;
     }
-    const std::span<TYPE> text(Own(), GetLength());
-    const auto nCount = std::count(text.begin(), text.end(), cOld);
-    std::replace(text.begin(), text.end(), cOld, cNew);
+    TYPE* const pText = Own();
+    TYPE* const pEnd = pText + GetLength();
+    const auto nCount = std::count(pText, pEnd, cOld);
+    std::replace(pText, pEnd, cOld, cNew);
     return static_cast<UINT>(nCount);
 }
 
@@ -543,16 +539,16 @@ template <class TYPE> void OString<TYPE>::AppendFormat(LPCWSTR pszFormat, ...)
 template <class TYPE> void OString<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_list args)
 {
     const gesso::FormattedText formatted(pszFormat, args);
-    Adopt(Join({Span(), formatted}));
+    Adopt(Join(Span(), formatted));
 }
 
 template <class TYPE> bool OString<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
 {
-    const auto text = gesso::FindStringResource(nId, hInst);
-    if (text) {
-        Adopt(Copy(*text));
+    const gesso::TextSpan text = gesso::FindStringResource(nId, hInst);
+    if (!text.empty()) {
+        Adopt(Copy(text));
     }
-    return text.has_value();
+    return !text.empty();
 }
 
 template class OString<wchar_t>;

@@ -21,7 +21,6 @@
 #include <gesso/containers/StringText.h>
 
 #include <concepts>
-#include <initializer_list>
 #include <type_traits>
 
 template <class TYPE> class OString
@@ -175,7 +174,7 @@ protected:
     // A block with `text` and room for `nBufferLength` characters, or for just the text if that is more.
     static _stcStringData* Copy(gesso::TextSpan text, size_t nBufferLength = 0);
     // An exact block with the pieces one behind the other.
-    static _stcStringData* Join(std::initializer_list<gesso::TextSpan> pieces);
+    static _stcStringData* Join(gesso::TextSpan first, gesso::TextSpan second, gesso::TextSpan third = {});
     static TYPE* TextOf(_stcStringData* pData);
 
     // Of any string, since a derived class may look into those of its own kind only.

@@ -281,7 +281,7 @@ template <class TYPE> int OStringEx<TYPE>::InsertText(UINT nPos, gesso::TextSpan
     }
     const size_t nLength = present.size() + text.size();
     if (this->d(Own())->nBufferLength <= nLength) {
-        Adopt(Join({present.first(nPos), text, present.subspan(nPos)}));
+        Adopt(Join(present.first(nPos), text, present.subspan(nPos)));
     } else if (Owns(text)) {
         const OStringEx strText(Copy(text));
         InsertText(nPos, strText.Span());
@@ -341,11 +341,11 @@ template <class TYPE> void OStringEx<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_
 
 template <class TYPE> bool OStringEx<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
 {
-    const auto text = gesso::FindStringResource(nId, hInst);
-    if (text) {
-        Assign(*text);
+    const gesso::TextSpan text = gesso::FindStringResource(nId, hInst);
+    if (!text.empty()) {
+        Assign(text);
     }
-    return text.has_value();
+    return !text.empty();
 }
 
 template class OStringEx<wchar_t>;

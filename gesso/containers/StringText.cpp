@@ -4,6 +4,7 @@
 #include <gesso/containers/Misuse.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace gesso {
 namespace {
@@ -40,14 +41,14 @@ int WriteFormatted(wchar_t* pTo, size_t cch, LPCWSTR pszFormat, va_list args)
 }
 
 // A string table holds 16 entries: a count each, then as many characters. One that ends early has no more.
-std::optional<TextSpan> TableEntry(TextSpan table, UINT iEntry)
+TextSpan TableEntry(TextSpan table, UINT iEntry)
 {
     for (;; --iEntry) {
         if (table.empty() || table.front() >= table.size()) {
-            return std::nullopt;
+            return {};
         }
         if (iEntry == 0) {
-            return table.subspan(1, table.front());
+            return table.subspan(1).first(table.front());
         }
         table = table.subspan(1u + table.front());
     }
@@ -120,24 +121,21 @@ TextSpan Trimmed(TextSpan text, TextSpan set, TrimEnds ends)
 TextSpan BlankSet()
 {
     static constexpr wchar_t s_aBlanks[] = {L' ', L'\t', L'\r', L'\n'};
-    return s_aBlanks;
+    return {s_aBlanks, std::size(s_aBlanks)};
 }
 
-std::optional<TextSpan> FindStringResource(UINT nId, HINSTANCE hInst)
+TextSpan FindStringResource(UINT nId, HINSTANCE hInst)
 {
     const HRSRC hResource =
         FindResourceW(hInst, MAKEINTRESOURCEW((nId >> 4) + 1), reinterpret_cast<LPCWSTR>(RT_STRING));
     const HGLOBAL hData = hResource ? LoadResource(hInst, hResource) : nullptr;
     const void* pTable = hData ? LockResource(hData) : nullptr;
     if (!pTable) {
-        return std::nullopt;
+        return {};
     }
     const size_t cch = SizeofResource(hInst, hResource) / sizeof(wchar_t);
-    const auto entry = TableEntry({static_cast<const wchar_t*>(pTable), cch}, nId & 15);
-    if (!entry || entry->empty()) {
-        return std::nullopt;
-    }
-    return entry->back() == 0 ? entry->first(entry->size() - 1) : *entry;
+    const TextSpan entry = TableEntry({static_cast<const wchar_t*>(pTable), cch}, nId & 15);
+    return !entry.empty() && entry.back() == 0 ? entry.first(entry.size() - 1) : entry;
 }
 
 FormattedText::FormattedText(LPCWSTR pszFormat, va_list args)

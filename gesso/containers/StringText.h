@@ -3,13 +3,34 @@
 
 #include <gesso/api.h>
 
-#include <optional>
-#include <span>
+#include <cstddef>
 
 namespace gesso {
 
-// Characters without a terminator of their own.
-using TextSpan = std::span<const wchar_t>;
+// Characters without a terminator of their own: two words, the same whatever compiler a host is built with.
+class TextSpan
+{
+public:
+    constexpr TextSpan() = default;
+    constexpr TextSpan(LPCWSTR pText, size_t nLength) : m_pText(pText), m_nLength(nLength) {}
+
+    constexpr LPCWSTR data() const { return m_pText; }
+    constexpr size_t size() const { return m_nLength; }
+    constexpr size_t size_bytes() const { return m_nLength * sizeof(wchar_t); }
+    constexpr bool empty() const { return m_nLength == 0; }
+    constexpr LPCWSTR begin() const { return m_pText; }
+    constexpr LPCWSTR end() const { return m_pText + m_nLength; }
+    constexpr wchar_t front() const { return *m_pText; }
+    constexpr wchar_t back() const { return m_pText[m_nLength - 1]; }
+    // The first `n` characters, and those from `nStart` on; neither number is beyond the length.
+    constexpr TextSpan first(size_t n) const { return {m_pText, n}; }
+    constexpr TextSpan subspan(size_t nStart) const { return {m_pText + nStart, m_nLength - nStart}; }
+
+private:
+    LPCWSTR m_pText = nullptr;
+    size_t m_nLength = 0;
+};
+static_assert(sizeof(TextSpan) == 2 * sizeof(void*));
 
 // Null, a caller's mistake, reads as empty text.
 LPCWSTR OrEmpty(LPCWSTR psz);
@@ -37,9 +58,9 @@ TextSpan Trimmed(TextSpan text, TextSpan set, TrimEnds ends);
 // The set of the forms that are given none: space, tab, carriage return, line feed.
 TextSpan BlankSet();
 
-// The entry `nId` of the module's string tables; nothing if there is none or it is empty. The characters stay
-// valid while the module is loaded.
-std::optional<TextSpan> FindStringResource(UINT nId, HINSTANCE hInst);
+// The entry `nId` of the module's string tables; empty if there is none. The characters stay valid while the
+// module is loaded.
+TextSpan FindStringResource(UINT nId, HINSTANCE hInst);
 
 // A text while it is made from a format. It stands apart from every string, so that a string that takes it
 // over may have been among the arguments.

@@ -17,6 +17,7 @@ Numbers Make(std::vector<unsigned int> values)
 
 std::vector<unsigned int> Values(const Numbers& a)
 {
+    EXPECT_TRUE(gesso::Check(a));
     return {a.begin(), a.end()};
 }
 
@@ -33,9 +34,10 @@ Strings MakeStrings(std::initializer_list<LPCWSTR> texts)
 
 std::string Joined(const Strings& a)
 {
+    EXPECT_TRUE(gesso::Check(a));
     std::string result;
     for (const OString<wchar_t>& str : a) {
-        result += Checked(str) + ",";
+        result += Narrow(str) + ",";
     }
     return result;
 }

@@ -1,7 +1,7 @@
 // What the tests of the strings share.
 #pragma once
 
-#include <gesso/containers/OString.h>
+#include <gesso/containers/Check.h>
 
 #include <tests/support/AllowMisuse.h>
 
@@ -26,10 +26,9 @@ inline UINT Capacity(const OString<wchar_t>& str)
     return str.d(const_cast<wchar_t*>(static_cast<LPCWSTR>(str)))->nBufferLength;
 }
 
-// The text, after a look at what holds for every string: a terminator at its length, within the block.
-inline std::string Checked(const OString<wchar_t>& str)
+// The text, after a look at what holds for every string of its class.
+template <class STRING> std::string Checked(const STRING& str)
 {
-    EXPECT_EQ(static_cast<LPCWSTR>(str)[str.GetLength()], 0);
-    EXPECT_GT(Capacity(str), str.GetLength());
+    EXPECT_TRUE(gesso::Check(str));
     return Narrow(str);
 }
