@@ -6,6 +6,7 @@
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
@@ -62,9 +63,7 @@ GComboBox::GComboBox()
     : m_nTextLimit(FIRST_TEXT_LIMIT), m_pList(new GComboBoxList), m_inside(new Inside), m_hitDown(NO_HIT),
       m_hitMove(NO_HIT)
 {
-    if (!s_hIbeam) {
-        s_hIbeam = gesso::LoadIBeam();
-    }
+    gesso::MakeOnce(s_hIbeam, gesso::LoadIBeam);
     m_pList->m_pOwner = this;
     m_pList->m_pItems = &m_aItems;
 }

@@ -7,6 +7,7 @@
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
@@ -59,9 +60,7 @@ struct GEdit::Layout
 GEdit::GEdit() : m_strText(gesso::EditLines::FIRST_CAPACITY), m_inside(new Inside(*this))
 {
     m_aLines.Add(0);
-    if (!s_hIbeam) {
-        s_hIbeam = gesso::LoadIBeam();
-    }
+    gesso::MakeOnce(s_hIbeam, gesso::LoadIBeam);
 }
 
 GEdit::GEdit(const GEdit& other)

@@ -1,4 +1,10 @@
 #include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/MakeOnce.h>
+
+#include <atomic>
+
+using gesso::MakeOnce;
+using gesso::ScopedLock;
 
 namespace {
 
@@ -137,9 +143,19 @@ bool Activate(ULONG_PTR* pCookie)
     return true;
 }
 
+// The first thread that comes sets the context up, and the others wait for it.
+constinit SRWLOCK s_setUpLock = SRWLOCK_INIT;
+
 bool Enter(ULONG_PTR* pCookie)
 {
+    const ScopedLock lock(s_setUpLock);
     return g_fIsolationDownlevel || g_fActCtxUnavailable || Activate(pCookie);
+}
+
+bool EnterUnlessUnavailable(ULONG_PTR* pCookie)
+{
+    const ScopedLock lock(s_setUpLock);
+    return g_fActCtxUnavailable || Activate(pCookie);
 }
 
 // The caller is to see the wrapped operation's last error, not the deactivation's.
@@ -170,16 +186,14 @@ template <class RESULT, class CALL> RESULT CallInContext(RESULT failure, CALL ca
 
 FARPROC LookUpInContext(const char* pszName)
 {
-    if (!g_hComctl32) {
-        g_hComctl32 = LoadLibraryW(COMMON_CONTROLS);
-    }
-    return GetProcAddress(g_hComctl32, pszName);
+    const HMODULE hModule = MakeOnce(g_hComctl32, [] { return LoadLibraryW(COMMON_CONTROLS); });
+    return GetProcAddress(hModule, pszName);
 }
 
 FARPROC IsolationAwareGetProcAddress(const char* pszName)
 {
     ULONG_PTR cookie = 0;
-    if (!g_fActCtxUnavailable && !Activate(&cookie)) {
+    if (!EnterUnlessUnavailable(&cookie)) {
         return nullptr;
     }
     const FARPROC pfn = LookUpInContext(pszName);
@@ -188,19 +202,21 @@ FARPROC IsolationAwareGetProcAddress(const char* pszName)
 }
 
 // Looks the operation up at its first use; only a success is remembered.
-template <class FUNCTION> bool LookUp(FUNCTION& pfn, const char* pszName)
+template <class FUNCTION> FUNCTION LookUp(std::atomic<FUNCTION>& known, const char* pszName)
 {
+    FUNCTION pfn = known;
     if (!pfn) {
         pfn = reinterpret_cast<FUNCTION>(reinterpret_cast<void*>(IsolationAwareGetProcAddress(pszName)));
+        known = pfn;
     }
-    return pfn != nullptr;
+    return pfn;
 }
 
-constinit decltype(&ImageList_Create) s_pfnImageListCreate = nullptr;
-constinit decltype(&ImageList_Destroy) s_pfnImageListDestroy = nullptr;
-constinit decltype(&ImageList_Add) s_pfnImageListAdd = nullptr;
-constinit decltype(&ImageList_DrawEx) s_pfnImageListDrawEx = nullptr;
-constinit decltype(&LoadIconWithScaleDown) s_pfnLoadIconWithScaleDown = nullptr;
+constinit std::atomic<decltype(&ImageList_Create)> s_pfnImageListCreate = nullptr;
+constinit std::atomic<decltype(&ImageList_Destroy)> s_pfnImageListDestroy = nullptr;
+constinit std::atomic<decltype(&ImageList_Add)> s_pfnImageListAdd = nullptr;
+constinit std::atomic<decltype(&ImageList_DrawEx)> s_pfnImageListDrawEx = nullptr;
+constinit std::atomic<decltype(&LoadIconWithScaleDown)> s_pfnLoadIconWithScaleDown = nullptr;
 
 HRESULT ResultOfLastError()
 {
@@ -246,33 +262,32 @@ HWND IsolationAwareCreateDialogIndirectParamW(HINSTANCE hInstance, const DLGTEMP
 HIMAGELIST IsolationAwareImageList_Create(int cx, int cy, int nInitial)
 {
     return CallInContext<HIMAGELIST>(nullptr, [&] {
-        return LookUp(s_pfnImageListCreate, "ImageList_Create")
-                   ? s_pfnImageListCreate(cx, cy, ILC_MASK | ILC_COLOR32, nInitial, 4)
-                   : nullptr;
+        const auto pfn = LookUp(s_pfnImageListCreate, "ImageList_Create");
+        return pfn ? pfn(cx, cy, ILC_MASK | ILC_COLOR32, nInitial, 4) : nullptr;
     });
 }
 
 BOOL IsolationAwareImageList_Destroy(HIMAGELIST hImageList)
 {
     return CallInContext<BOOL>(FALSE, [&] {
-        return LookUp(s_pfnImageListDestroy, "ImageList_Destroy") ? s_pfnImageListDestroy(hImageList) : FALSE;
+        const auto pfn = LookUp(s_pfnImageListDestroy, "ImageList_Destroy");
+        return pfn ? pfn(hImageList) : FALSE;
     });
 }
 
 int IsolationAwareImageList_Add(HIMAGELIST hImageList, HBITMAP hBitmap)
 {
     return CallInContext<int>(-1, [&] {
-        return LookUp(s_pfnImageListAdd, "ImageList_Add") ? s_pfnImageListAdd(hImageList, hBitmap, nullptr)
-                                                          : -1;
+        const auto pfn = LookUp(s_pfnImageListAdd, "ImageList_Add");
+        return pfn ? pfn(hImageList, hBitmap, nullptr) : -1;
     });
 }
 
 BOOL IsolationAwareImageList_DrawEx(HIMAGELIST hImageList, int i, HDC hdc, int x, int y, int cx, int cy)
 {
     return CallInContext<BOOL>(FALSE, [&] {
-        return LookUp(s_pfnImageListDrawEx, "ImageList_DrawEx")
-                   ? s_pfnImageListDrawEx(hImageList, i, hdc, x, y, cx, cy, CLR_NONE, CLR_NONE, ILD_NORMAL)
-                   : FALSE;
+        const auto pfn = LookUp(s_pfnImageListDrawEx, "ImageList_DrawEx");
+        return pfn ? pfn(hImageList, i, hdc, x, y, cx, cy, CLR_NONE, CLR_NONE, ILD_NORMAL) : FALSE;
     });
 }
 
@@ -284,9 +299,8 @@ HRESULT IsolationAwareLoadIconWithScaleDown(HINSTANCE hInstance, LPCWSTR pszName
     if (!Enter(&cookie)) {
         return ResultOfLastError();
     }
-    const HRESULT hr = LookUp(s_pfnLoadIconWithScaleDown, "LoadIconWithScaleDown")
-                           ? s_pfnLoadIconWithScaleDown(hInstance, pszName, cx, cy, phIcon)
-                           : ResultOfLastError();
+    const auto pfn = LookUp(s_pfnLoadIconWithScaleDown, "LoadIconWithScaleDown");
+    const HRESULT hr = pfn ? pfn(hInstance, pszName, cx, cy, phIcon) : ResultOfLastError();
     Leave(cookie, false);
     return hr;
 }

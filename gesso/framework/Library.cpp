@@ -1,5 +1,6 @@
 #include <gesso/framework/ControlTable.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
 
@@ -18,9 +19,7 @@ HFONT MakeDefaultFont()
 
 void InitControls()
 {
-    if (!g_hDefaultFont) {
-        g_hDefaultFont = MakeDefaultFont();
-    }
+    gesso::MakeOnce(g_hDefaultFont, MakeDefaultFont);
     for (const gesso::RegisterClassFunction pfnRegister : gesso::StartupClasses()) {
         pfnRegister();
     }

@@ -1,5 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/WindowClass.h>
 
 namespace gesso {
@@ -11,9 +12,6 @@ constexpr WORD ARROW_CURSOR = 32512; // IDC_ARROW, whose macro depends on how th
 
 ATOM RegisterControlClass(ATOM& aClass, LPCWSTR pszName, WNDPROC pfnWindow, UINT uStyle, int nBackground)
 {
-    if (aClass) {
-        return aClass;
-    }
     WNDCLASSEXW record{};
     record.cbSize = sizeof(record);
     record.style = uStyle;
@@ -24,8 +22,7 @@ ATOM RegisterControlClass(ATOM& aClass, LPCWSTR pszName, WNDPROC pfnWindow, UINT
     record.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(ARROW_CURSOR));
     record.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<LONG_PTR>(nBackground));
     record.lpszClassName = pszName;
-    aClass = IsolationAwareRegisterClassExW(&record);
-    return aClass;
+    return MakeOnce(aClass, [&record] { return IsolationAwareRegisterClassExW(&record); });
 }
 
 } // namespace gesso

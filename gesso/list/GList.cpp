@@ -2,6 +2,7 @@
 
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
 #include <gesso/framework/WindowClass.h>
@@ -54,9 +55,7 @@ GList::GList()
 {
     m_inside->fOwner = true;
     items.AllocExtra(0, 64);
-    if (!s_hColumnSizing) {
-        s_hColumnSizing = LoadCursorW(g_hModule, MAKEINTRESOURCEW(SIZING_CURSOR));
-    }
+    gesso::MakeOnce(s_hColumnSizing, [] { return LoadCursorW(g_hModule, MAKEINTRESOURCEW(SIZING_CURSOR)); });
 }
 
 // Of what the window has not released already, the object releases what it made itself.

@@ -17,8 +17,8 @@
 // Of the DT_ flags only DT_SINGLELINE, DT_CALCRECT, DT_CENTER, DT_RIGHT, DT_VCENTER and DT_BOTTOM have an
 // effect. Text without DT_SINGLELINE is always wrapped; there are no ellipses, prefixes, tabs or clipping.
 //
-// Preparing (but not DrawText_Calculate) uses working space of the whole process: one thread at a time. One
-// buffer must not be painted by two threads at once.
+// Threads may prepare and paint texts at the same time. One buffer is for one thread at a time, painting
+// included.
 #pragma once
 
 #include <gesso/api.h>
@@ -112,8 +112,8 @@ public:
     // Itemizes, shapes and measures nChars characters in the buffer's own arrays, which grow as needed.
     // nChars and nGlyphs of the buffer go on from where they stand.
     static void DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer* pBuffer);
-    // The same in the working space of the process; the buffer, which need not be prepared, gets arrays that
-    // fit exactly in the place of its own.
+    // The same in working space that the library keeps; the buffer, which need not be prepared, gets arrays
+    // that fit exactly in the place of its own.
     static void DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nChars,
                                              stcDrawTextBuffer* pBuffer);
     // Breaks a calculated text, given once more, into lines narrower than cxMax, a signed width.

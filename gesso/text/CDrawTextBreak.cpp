@@ -127,8 +127,8 @@ bool LineBreaker::BreakOverflow()
         m_cx = WrapAdd(m_cx, SumAdvances(m_buffer, m_nGlyph, m_nGlyphs));
         return false; // the last character's glyphs stay together
     }
-    // The glyph at the break starts the next line, but the measure of that line starts one glyph later: hosts
-    // rely on the widths that come of it.
+    // Fixed behaviour: the glyph at the break starts the next line, but the measure of that line starts one
+    // glyph later. With it measured, lines would break and align elsewhere.
     const UINT nGlyph = GlyphOf(m_nChar);
     Append(nGlyph, WrapSubtract(m_cx, SumAdvances(m_buffer, nGlyph, m_nGlyph)));
     m_nGlyph = nGlyph + 1;

@@ -3,7 +3,7 @@
 
 using namespace gesso;
 
-// Hosts read the records.
+// Fixed behaviour: programs read the records at these places, as their compiler laid them out.
 static_assert(sizeof(stcDrawTextBreak) == 12);
 static_assert(sizeof(stcDrawTextRun) == 24 && offsetof(stcDrawTextRun, abc) == 12);
 static_assert(sizeof(stcDrawTextBuffer) == 144 && offsetof(stcDrawTextBuffer, scriptCache) == 32);

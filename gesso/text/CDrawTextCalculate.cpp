@@ -2,13 +2,11 @@
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
 
+#include <atomic>
+
 using namespace gesso;
 
 namespace {
-
-// Only its arrays, their capacities and the running counts are used. The arrays serve one text after another,
-// never shrink and are never released.
-constinit stcDrawTextBuffer DrawTextScratch = {};
 
 constexpr UINT SCRATCH_ITEMS = 16;
 constexpr UINT SCRATCH_CHARS = 64;
@@ -70,22 +68,61 @@ UINT ScratchStep(UINT nRoom, UINT nChars, UINT nLeast)
     return std::max(nLeast, std::min(nRoom / 2, nChars - std::min(nRoom, nChars)));
 }
 
-void GrowScratchItems(UINT nChars)
+// Working space: a buffer of which only the arrays, their capacities and the running counts are used. One is
+// kept from text to text, and its arrays never shrink. Threads prepare their own texts: whoever gets the
+// pointer has the spare to itself, and whoever finds none makes another.
+class Scratch
 {
-    GrowItems(DrawTextScratch, ScratchStep(DrawTextScratch.nItemsAlloc, nChars, ITEM_STEP));
-}
+public:
+    Scratch() : m_pArrays(Exchange(nullptr))
+    {
+        if (!m_pArrays) {
+            m_pArrays = AllocateArray<stcDrawTextBuffer>(1);
+            CDrawText::PrepareBuffer(m_pArrays, SCRATCH_ITEMS, SCRATCH_CHARS, SCRATCH_GLYPHS);
+        }
+        m_pArrays->nItems = 0;
+        m_pArrays->nChars = 0;
+        m_pArrays->nGlyphs = 0;
+    }
+    ~Scratch()
+    {
+        stcDrawTextBuffer* const pOther = Exchange(m_pArrays);
+        if (pOther) {
+            CDrawText::FreeBuffer(pOther);
+            Free(pOther);
+        }
+    }
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
 
-void GrowScratchGlyphs(UINT nChars)
+    stcDrawTextBuffer& Arrays() const { return *m_pArrays; }
+
+private:
+    static stcDrawTextBuffer* Exchange(stcDrawTextBuffer* pArrays)
+    {
+        static constinit std::atomic<stcDrawTextBuffer*> s_pSpare = nullptr;
+        return s_pSpare.exchange(pArrays);
+    }
+
+    stcDrawTextBuffer* m_pArrays;
+};
+
+// How the arrays of a calculation grow: by fixed steps, which a buffer's capacities tell, or by what a text
+// needs.
+enum class Growth
 {
-    GrowGlyphs(DrawTextScratch, ScratchStep(DrawTextScratch.nGlyphsAlloc, nChars, GLYPH_STEP));
-}
+    BY_STEPS,
+    BY_NEED
+};
 
 // Itemizes, shapes and places one text in a set of arrays: those of a buffer, or the scratch.
 class Calculation
 {
 public:
-    Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, SCRIPT_CACHE& cache)
-        : m_hdc(hdc), m_pszText(pszText), m_nChars(pszText ? nChars : 0), m_arrays(arrays), m_cache(cache)
+    Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, Growth growth,
+                SCRIPT_CACHE& cache)
+        : m_hdc(hdc), m_pszText(pszText), m_nChars(pszText ? nChars : 0), m_arrays(arrays), m_growth(growth),
+          m_cache(cache)
     {}
 
     void Run()
@@ -101,8 +138,6 @@ public:
     }
 
 private:
-    bool IsScratch() const { return &m_arrays == &DrawTextScratch; }
-
     void Itemize();
     void AddItem(UINT nItem);
     void Shape(SCRIPT_ITEM& item, stcDrawTextRun& run);
@@ -110,13 +145,18 @@ private:
     void Place(SCRIPT_ITEM& item, stcDrawTextRun& run);
     void ClearPlaces(stcDrawTextRun& run);
 
-    void MakeItemRoom() { IsScratch() ? GrowScratchItems(m_nChars) : GrowItems(m_arrays, ITEM_STEP); }
-    void MakeGlyphRoom() { IsScratch() ? GrowScratchGlyphs(m_nChars) : GrowGlyphs(m_arrays, GLYPH_STEP); }
+    UINT Step(UINT nRoom, UINT nLeast) const
+    {
+        return m_growth == Growth::BY_NEED ? ScratchStep(nRoom, m_nChars, nLeast) : nLeast;
+    }
+    void MakeItemRoom() { GrowItems(m_arrays, Step(m_arrays.nItemsAlloc, ITEM_STEP)); }
+    void MakeGlyphRoom() { GrowGlyphs(m_arrays, Step(m_arrays.nGlyphsAlloc, GLYPH_STEP)); }
 
     HDC m_hdc;
     LPCWSTR m_pszText;
     UINT m_nChars;
     stcDrawTextBuffer& m_arrays;
+    Growth m_growth;
     SCRIPT_CACHE& m_cache;
 };
 
@@ -177,7 +217,7 @@ HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
     const uint64_t nLimit = AmpleRoom(m_arrays.nGlyphsAlloc, m_nChars);
     WORD* const pLogClust = m_arrays.pLogClust + m_arrays.nChars;
     std::fill_n(pLogClust, run.nChars, WORD());
-    if (IsScratch() && m_arrays.nGlyphsAlloc == nGlyphs) {
+    if (m_growth == Growth::BY_NEED && m_arrays.nGlyphsAlloc == nGlyphs) {
         MakeGlyphRoom(); // a buffer's own arrays offer no room at all here, and grow when that is refused
     }
     UINT nRoom = FirstRoom(m_arrays.nGlyphsAlloc - nGlyphs, run.nChars);
@@ -216,20 +256,9 @@ void Calculation::ClearPlaces(stcDrawTextRun& run)
     run.abc = {};
 }
 
-void ResetScratch()
-{
-    if (!DrawTextScratch.pItems) {
-        CDrawText::PrepareBuffer(&DrawTextScratch, SCRATCH_ITEMS, SCRATCH_CHARS, SCRATCH_GLYPHS);
-    }
-    DrawTextScratch.nItems = 0;
-    DrawTextScratch.nChars = 0;
-    DrawTextScratch.nGlyphs = 0;
-}
-
 // Gives the buffer exact copies of what the scratch holds. The end marker of the items is not kept.
-void Publish(stcDrawTextBuffer& buffer)
+void Publish(const stcDrawTextBuffer& scratch, stcDrawTextBuffer& buffer)
 {
-    const stcDrawTextBuffer& scratch = DrawTextScratch;
     CopyCalculated(buffer, scratch);
     buffer.nItems = buffer.nItemsAlloc = scratch.nItems;
     buffer.nChars = buffer.nCharsAlloc = scratch.nChars;
@@ -248,7 +277,7 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
         PrepareBuffer(pBuffer, 0, 0, 0);
     }
     PartCalculated(*pBuffer);
-    Calculation(hdc, pszText, nChars, *pBuffer, pBuffer->scriptCache).Run();
+    Calculation(hdc, pszText, nChars, *pBuffer, Growth::BY_STEPS, pBuffer->scriptCache).Run();
 }
 
 void CDrawText::DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nChars,
@@ -257,7 +286,7 @@ void CDrawText::DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nCha
     if (!IsBuffer(pBuffer)) {
         return;
     }
-    ResetScratch();
-    Calculation(hdc, pszText, nChars, DrawTextScratch, pBuffer->scriptCache).Run();
-    Publish(*pBuffer);
+    const Scratch scratch;
+    Calculation(hdc, pszText, nChars, scratch.Arrays(), Growth::BY_NEED, pBuffer->scriptCache).Run();
+    Publish(scratch.Arrays(), *pBuffer);
 }

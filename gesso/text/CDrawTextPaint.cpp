@@ -51,8 +51,9 @@ int FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc)
     return buffer.uFormat & DT_VCENTER ? WrapAdd(rc.top, WrapSubtract(y, rc.top) >> 1) : rc.top;
 }
 
-// The left end of a line of the given width. A line that is too wide starts at the left side, but for a
-// centred one: half of its negative room, as an unsigned number, lies far to the right. Hosts rely on it.
+// The left end of a line of the given width. A line that is too wide starts at the left side.
+// Fixed behaviour: but for a centred one, since half of its negative room, as an unsigned number, lies far to
+// the right; otherwise a text that a program hides by its width would show.
 int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
 {
     const int cxFree = WrapSubtract(WrapSubtract(rc.right, rc.left), static_cast<int>(cx));
@@ -65,8 +66,9 @@ int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
     return std::max<int>(x, rc.left);
 }
 
-// Paints a text of several lines. Its steps are kept as they stand, oddities included, and hosts rely on
-// their outcome within their clip region:
+// Paints a text of several lines.
+// Fixed behaviour: these steps, oddities included. With others, what shows within a program's clip region
+// would be other glyphs:
 // - what an item has in a line is painted from the item's first glyph, not from the line's start, up to the
 //   line's end;
 // - then the rest of the item, past the ends of all lines within it, is painted at the start of the new line,
@@ -202,8 +204,9 @@ void CDrawText::DrawText_TextOut(HDC hdc, int x, int y, stcDrawTextBuffer* pBuff
     }
 }
 
-// An item's slice is not reduced where the range starts in the middle of it: a range that ends in a later
-// item runs over into that item's glyphs. Hosts rely on it.
+// Fixed behaviour: an item's slice is not reduced where the range starts in the middle of it, so that a range
+// that ends in a later item runs over into that item's glyphs; reduced, programs that paint line by line
+// would lose glyphs.
 void CDrawText::DrawText_TextOut_Start_Glyph(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nStart,
                                              UINT nCount)
 {
@@ -238,7 +241,8 @@ void CDrawText::DrawText_TextOut_cxMax(HDC hdc, int x, int y, stcDrawTextBuffer*
     DrawText_TextOut_Start_Glyph(hdc, x, y, pBuffer, nStart, nCount);
 }
 
-// The glyphs are counted from the start of the text and not from nItem's first one. Hosts rely on it.
+// Fixed behaviour: the glyphs are counted from the start of the text and not from nItem's first one; other
+// glyphs would show otherwise.
 void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nItem,
                                       UINT /*nReserved*/)
 {

@@ -1,4 +1,5 @@
 #include "Accounting.h"
+#include "TableLock.h"
 
 #include <ostream>
 #include <unordered_set>
@@ -37,21 +38,25 @@ Objects& ObjectsOf(Kind kind)
 
 void Track(Kind kind, const void* object)
 {
+    const TableLock lock;
     ObjectsOf(kind).insert(object);
 }
 
 bool Untrack(Kind kind, const void* object)
 {
+    const TableLock lock;
     return ObjectsOf(kind).erase(object) != 0;
 }
 
 bool IsLive(Kind kind, const void* object)
 {
+    const TableLock lock;
     return ObjectsOf(kind).contains(object);
 }
 
 Census Live()
 {
+    const TableLock lock;
     Census census;
     for (size_t i = 0; i < census.counts.size(); ++i) {
         census.counts[i] = static_cast<int>(ObjectsOf(static_cast<Kind>(i)).size());

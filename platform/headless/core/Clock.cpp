@@ -2,7 +2,7 @@
 
 namespace gesso::headless {
 namespace {
-constinit ULONGLONG s_now = 0;
+constinit thread_local ULONGLONG s_now = 0;
 } // namespace
 
 ULONGLONG Now()

@@ -1,4 +1,5 @@
 #include "Faults.h"
+#include "TableLock.h"
 
 #include <cstdio>
 #include <map>
@@ -40,11 +41,13 @@ void Fail(std::string_view operation, int times, DWORD error, int skip)
                      static_cast<int>(operation.size()), operation.data());
         std::abort();
     }
+    const TableLock lock;
     Faults()[place] = {skip, times, error};
 }
 
 std::vector<std::string> PendingFaults()
 {
+    const TableLock lock;
     std::vector<std::string> pending;
     for (const auto& [place, fault] : Faults()) {
         if (!fault.fired) {
@@ -56,11 +59,13 @@ std::vector<std::string> PendingFaults()
 
 void ClearFaults()
 {
+    const TableLock lock;
     Faults().clear();
 }
 
 bool FaultFires(Operation operation)
 {
+    const TableLock lock;
     if (t_caller == Caller::Platform || Faults().empty()) {
         return false;
     }

@@ -1,6 +1,7 @@
 #include "GlobalMemory.h"
 #include "Accounting.h"
 #include "Faults.h"
+#include "TableLock.h"
 
 #include <memory>
 #include <unordered_map>
@@ -24,6 +25,7 @@ std::unordered_map<HGLOBAL, Block>& Blocks()
 
 Block* FindBlock(HGLOBAL handle)
 {
+    const TableLock lock;
     const auto found = Blocks().find(handle);
     if (found == Blocks().end()) {
         SetLastError(ERROR_INVALID_HANDLE);
@@ -46,6 +48,7 @@ namespace gesso::headless {
 
 void* BlockOf(HGLOBAL handle)
 {
+    const TableLock lock;
     const Block* block = FindBlock(handle);
     return block ? block->memory.get() : nullptr;
 }
@@ -56,6 +59,7 @@ extern "C" {
 
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size)
 {
+    const TableLock lock;
     if (FaultFires("GlobalAlloc")) {
         return nullptr;
     }
@@ -71,6 +75,7 @@ HGLOBAL WINAPI GlobalFree(HGLOBAL handle)
     if (FaultFires("GlobalFree")) {
         return handle;
     }
+    const TableLock lock;
     if (!FindBlock(handle)) {
         return handle;
     }
@@ -81,6 +86,7 @@ HGLOBAL WINAPI GlobalFree(HGLOBAL handle)
 
 LPVOID WINAPI GlobalLock(HGLOBAL handle)
 {
+    const TableLock lock;
     Block* block = FaultFires("GlobalLock") ? nullptr : FindBlock(handle);
     if (!block) {
         return nullptr;
@@ -94,6 +100,7 @@ BOOL WINAPI GlobalUnlock(HGLOBAL handle)
     if (FaultFires("GlobalUnlock")) {
         return FALSE;
     }
+    const TableLock lock;
     Block* block = FindBlock(handle);
     if (!block) {
         return FALSE;
@@ -111,6 +118,7 @@ SIZE_T WINAPI GlobalSize(HGLOBAL handle)
     if (FaultFires("GlobalSize")) {
         return 0;
     }
+    const TableLock lock;
     const Block* block = FindBlock(handle);
     return block ? block->size : 0;
 }

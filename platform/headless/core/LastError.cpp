@@ -1,7 +1,7 @@
 #include "../headless.h"
 
 namespace {
-constinit DWORD s_error = 0;
+constinit thread_local DWORD s_error = 0;
 } // namespace
 
 extern "C" {

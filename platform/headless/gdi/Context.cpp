@@ -2,6 +2,7 @@
 
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "DeviceContext.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ std::vector<HDC>& Contexts()
 
 HDC AddContext(std::unique_ptr<Context> context)
 {
+    const TableLock lock;
     const auto hdc = static_cast<HDC>(AddObject(std::move(context)));
     Contexts().push_back(hdc);
     return hdc;
@@ -24,6 +26,7 @@ HDC AddContext(std::unique_ptr<Context> context)
 
 void RemoveContext(HDC hdc)
 {
+    const TableLock lock;
     std::erase(Contexts(), hdc);
     RemoveObject(hdc);
 }
@@ -94,6 +97,7 @@ Context* FindContext(HDC hdc)
 
 bool IsSelected(HGDIOBJ object)
 {
+    const TableLock lock;
     return std::any_of(Contexts().begin(), Contexts().end(), [object](HDC hdc) {
         const auto* context = Find<Context>(hdc);
         return Holds(context->state, object) ||
@@ -178,6 +182,7 @@ INT WINAPI SaveDC(HDC hdc)
     if (FaultFires("SaveDC")) {
         return 0;
     }
+    const TableLock lock;
     Context* context = FindContext(hdc);
     if (!context) {
         return 0;
@@ -191,6 +196,7 @@ BOOL WINAPI RestoreDC(HDC hdc, INT level)
     if (FaultFires("RestoreDC")) {
         return FALSE;
     }
+    const TableLock lock;
     Context* context = FindContext(hdc);
     const INT depth = context ? static_cast<INT>(context->saved.size()) : 0;
     const INT index = level < 0 ? depth + level : level - 1;

@@ -1,5 +1,6 @@
 // What a program selects and sets in a device context.
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "Context.h"
 
 #include <algorithm>
@@ -63,6 +64,7 @@ HGDIOBJ SelectRegion(HDC hdc, HGDIOBJ region)
 
 HGDIOBJ WINAPI SelectObject(HDC hdc, HGDIOBJ handle)
 {
+    const TableLock lock;
     if (FaultFires("SelectObject")) {
         return nullptr;
     }

@@ -1,5 +1,6 @@
 // Pens, brushes, fonts and bitmaps: making them, asking about them, deleting them.
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "Context.h"
 
 #include <algorithm>
@@ -129,6 +130,7 @@ HBITMAP MakeBitmap(int width, int height, int bits)
 
 HGDIOBJ WINAPI GetStockObject(INT index)
 {
+    const TableLock lock;
     static std::array<HGDIOBJ, DC_PEN + 1> s_objects{};
     if (index < 0 || index > DC_PEN) {
         return nullptr;

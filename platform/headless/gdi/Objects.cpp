@@ -1,6 +1,7 @@
 #include "Objects.h"
 
 #include "../core/Accounting.h"
+#include "../core/TableLock.h"
 
 #include <unordered_map>
 
@@ -26,6 +27,7 @@ Bitmap::Bitmap(int w, int h, int bitsOfPixel) : Object(KIND), width(w), height(h
 
 HANDLE AddObject(std::unique_ptr<Object> object)
 {
+    const TableLock lock;
     const HANDLE handle = NextHandle();
     Track(object->kind, handle);
     Table().emplace(handle, std::move(object));
@@ -34,6 +36,7 @@ HANDLE AddObject(std::unique_ptr<Object> object)
 
 HANDLE AddStock(std::unique_ptr<Object> object)
 {
+    const TableLock lock;
     const HANDLE handle = NextHandle();
     object->stock = true;
     Table().emplace(handle, std::move(object));
@@ -42,6 +45,7 @@ HANDLE AddStock(std::unique_ptr<Object> object)
 
 bool RemoveObject(HANDLE handle)
 {
+    const TableLock lock;
     const auto found = Table().find(handle);
     if (found == Table().end()) {
         return false;
@@ -53,6 +57,7 @@ bool RemoveObject(HANDLE handle)
 
 Object* FindObject(HANDLE handle)
 {
+    const TableLock lock;
     const auto found = Table().find(handle);
     return found != Table().end() ? found->second.get() : nullptr;
 }

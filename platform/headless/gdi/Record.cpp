@@ -13,7 +13,7 @@ using Drawings = std::unordered_map<HWND, std::vector<std::string>>;
 
 Drawings& WindowDrawings()
 {
-    static Drawings s_drawings;
+    static thread_local Drawings s_drawings;
     return s_drawings;
 }
 

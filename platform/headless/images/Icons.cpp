@@ -1,5 +1,6 @@
 // Icons, cursors, and the loading of images.
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 #include "../gdi/Record.h"
 
@@ -39,6 +40,7 @@ bool HasImage(HINSTANCE module, LPCWSTR name, LPCWSTR type)
 // The one handle of a shared image: the same for every load.
 HICON SharedImage(HINSTANCE module, LPCWSTR name, LPCWSTR type, int cx, int cy)
 {
+    const TableLock lock;
     using Key = std::pair<HINSTANCE, std::string>;
     static std::map<Key, HICON> s_shared;
     if (!HasImage(module, name, type)) {

@@ -1,6 +1,7 @@
 // Activation contexts: those made from a module's manifest, and the stack of what is active.
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 
 #include <algorithm>
@@ -31,11 +32,11 @@ std::unordered_map<HANDLE, std::unique_ptr<Context>>& Contexts()
 
 std::vector<Activation>& Activations()
 {
-    static std::vector<Activation> s_activations;
+    static thread_local std::vector<Activation> s_activations;
     return s_activations;
 }
 
-constinit ULONG_PTR s_lastCookie = 0;
+constinit thread_local ULONG_PTR s_lastCookie = 0;
 
 BOOL FailWith(DWORD error)
 {
@@ -46,6 +47,7 @@ BOOL FailWith(DWORD error)
 // A manifest that names the common controls redirects their module.
 bool RedirectsCommonControls(HANDLE context)
 {
+    const TableLock lock;
     const auto found = Contexts().find(context);
     return found != Contexts().end() &&
            found->second->manifest.find("Microsoft.Windows.Common-Controls") != std::string::npos;
@@ -80,6 +82,7 @@ BOOL WINAPI QueryActCtxW(DWORD, HANDLE, PVOID, ULONG info, PVOID buffer, SIZE_T 
 
 HANDLE WINAPI CreateActCtxW(PCACTCTXW source)
 {
+    const TableLock lock;
     constexpr DWORD NEEDED = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
     if (FaultFires("CreateActCtxW")) {
         return INVALID_HANDLE_VALUE;
@@ -104,6 +107,7 @@ HANDLE WINAPI CreateActCtxW(PCACTCTXW source)
 
 void WINAPI AddRefActCtx(HANDLE context)
 {
+    const TableLock lock;
     const auto found = Contexts().find(context);
     if (found != Contexts().end()) {
         ++found->second->references;
@@ -112,6 +116,7 @@ void WINAPI AddRefActCtx(HANDLE context)
 
 void WINAPI ReleaseActCtx(HANDLE context)
 {
+    const TableLock lock;
     const auto found = Contexts().find(context);
     if (found != Contexts().end() && --found->second->references == 0) {
         Untrack(Kind::ActivationContext, context);

@@ -1,4 +1,5 @@
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "Resources.h"
 
 #include <algorithm>
@@ -96,6 +97,7 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR name)
     if (FaultFires("GetModuleHandleW")) {
         return nullptr;
     }
+    const TableLock lock;
     Module* module = name ? FindByName(name) : &s_modules[0];
     if (!module || module->references == 0) {
         SetLastError(ERROR_MOD_NOT_FOUND);
@@ -106,6 +108,7 @@ HMODULE WINAPI GetModuleHandleW(LPCWSTR name)
 
 BOOL WINAPI GetModuleHandleExW(DWORD flags, LPCWSTR name, HMODULE* module)
 {
+    const TableLock lock;
     if (FaultFires("GetModuleHandleExW")) {
         *module = nullptr;
         return FALSE;
@@ -145,6 +148,7 @@ DWORD WINAPI GetModuleFileNameW(HMODULE handle, LPWSTR path, DWORD size)
 
 HMODULE WINAPI LoadLibraryW(LPCWSTR name)
 {
+    const TableLock lock;
     if (FaultFires("LoadLibraryW")) {
         return nullptr;
     }
@@ -159,6 +163,7 @@ HMODULE WINAPI LoadLibraryW(LPCWSTR name)
 
 BOOL WINAPI FreeLibrary(HMODULE handle)
 {
+    const TableLock lock;
     Module* module = ModuleOf(handle);
     if (!module || module->references == 0) {
         SetLastError(ERROR_INVALID_HANDLE);

@@ -1,6 +1,7 @@
 #include "Resources.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 
 #include <algorithm>
@@ -63,6 +64,7 @@ ResourceKey KeyOf(HMODULE module, LPCWSTR type, LPCWSTR name)
 // Says what is missing: the type, or only the name.
 DWORD ErrorOf(const ResourceKey& missing)
 {
+    const TableLock lock;
     const auto next = Store().lower_bound({missing.module, missing.type, {}});
     const bool hasType =
         next != Store().end() && next->first.module == missing.module && next->first.type == missing.type;
@@ -103,11 +105,13 @@ namespace gesso::headless {
 
 void AddResource(HMODULE module, LPCWSTR type, LPCWSTR name, std::span<const std::byte> bytes)
 {
+    const TableLock lock;
     Store()[KeyOf(module, type, name)] = Bytes(bytes.begin(), bytes.end());
 }
 
 void AddString(HMODULE module, UINT id, std::string_view text)
 {
+    const TableLock lock;
     Bytes& bytes = Store()[KeyOf(module, STRING_TABLE, MAKEINTRESOURCEW(id / TABLE_SIZE + 1))];
     StringTable table = ReadTable(bytes);
     const WideText wide = FromUtf8(text);
@@ -117,6 +121,7 @@ void AddString(HMODULE module, UINT id, std::string_view text)
 
 void RemoveResources(HMODULE module)
 {
+    const TableLock lock;
     std::erase_if(Store(), [module](const auto& entry) { return entry.first.module == module; });
     if (module == LibraryModule()) {
         AddLibraryResources();
@@ -127,6 +132,7 @@ void RemoveResources(HMODULE module)
 
 HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)
 {
+    const TableLock lock;
     if (FaultFires("FindResourceW")) {
         return nullptr;
     }

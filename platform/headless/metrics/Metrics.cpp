@@ -1,6 +1,7 @@
 #include "Metrics.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../gdi/FontMetrics.h"
 #include "../gdi/Objects.h"
 
@@ -111,32 +112,38 @@ COLORREF DefaultColor(int index)
 
 void ResetMetrics()
 {
+    const TableLock lock;
     Current() = {};
 }
 
 void SetSystemMetric(int index, int value)
 {
+    const TableLock lock;
     Current().metrics[index] = value;
 }
 
 void SetSystemColor(int index, COLORREF color)
 {
+    const TableLock lock;
     Current().colors[index] = color;
 }
 
 void SetDpi(int dpi)
 {
+    const TableLock lock;
     Current().dpi = dpi;
 }
 
 void SetKeyboardRepeat(int delay, int speed)
 {
+    const TableLock lock;
     Current().keyboardDelay = delay;
     Current().keyboardSpeed = speed;
 }
 
 void SetWheelLines(UINT lines)
 {
+    const TableLock lock;
     Current().wheelLines = lines;
 }
 
@@ -181,23 +188,27 @@ BOOL AnswerNonClientMetrics(NONCLIENTMETRICSW* metrics)
 
 int WINAPI GetSystemMetrics(int index)
 {
+    const TableLock lock;
     const auto found = Current().metrics.find(index);
     return found != Current().metrics.end() ? found->second : DefaultMetric(index);
 }
 
 UINT WINAPI GetDpiForSystem()
 {
+    const TableLock lock;
     return static_cast<UINT>(Current().dpi);
 }
 
 DWORD WINAPI GetSysColor(INT index)
 {
+    const TableLock lock;
     const auto found = Current().colors.find(index);
     return found != Current().colors.end() ? found->second : DefaultColor(index);
 }
 
 HBRUSH WINAPI GetSysColorBrush(INT index)
 {
+    const TableLock lock;
     static std::map<INT, HBRUSH> s_brushes;
     if (index < 0 || index > COLOR_MENUBAR) {
         return nullptr;
@@ -211,6 +222,7 @@ HBRUSH WINAPI GetSysColorBrush(INT index)
 
 BOOL WINAPI SystemParametersInfoW(UINT action, UINT, PVOID to, UINT)
 {
+    const TableLock lock;
     if (FaultFires("SystemParametersInfoW")) {
         return FALSE;
     }

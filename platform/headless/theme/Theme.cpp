@@ -2,6 +2,7 @@
 #include "Theme.h"
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 #include "../gdi/DeviceContext.h"
 #include "../gdi/FontMetrics.h"
@@ -38,18 +39,20 @@ std::unordered_map<HTHEME, ThemeHandle>& Handles()
 
 std::unordered_map<HWND, WindowStyle>& Windows()
 {
-    static std::unordered_map<HWND, WindowStyle> s_windows;
+    static thread_local std::unordered_map<HWND, WindowStyle> s_windows;
     return s_windows;
 }
 
 const std::string* ClassOf(HTHEME theme)
 {
+    const TableLock lock;
     const auto found = Handles().find(theme);
     return found != Handles().end() ? &found->second.themeClass : nullptr;
 }
 
 HTHEME MakeHandle(std::string themeClass)
 {
+    const TableLock lock;
     static constinit uintptr_t s_last = 0x00020000;
     s_last += 4;
     const auto theme = reinterpret_cast<HTHEME>(s_last);
@@ -191,6 +194,7 @@ HRESULT WINAPI CloseThemeData(HTHEME theme)
     if (FaultFires("CloseThemeData")) {
         return HRESULT_FROM_WIN32(GetLastError());
     }
+    const TableLock lock;
     if (Handles().erase(theme) == 0) {
         return E_HANDLE;
     }

@@ -1,5 +1,6 @@
 #include "ThemeData.h"
 
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 #include "../gdi/FontMetrics.h"
 
@@ -133,11 +134,13 @@ std::optional<LOGFONTW> OwnFont(std::string_view themeClass, int part, int prope
 
 bool ThemesActive()
 {
+    const TableLock lock;
     return Current().active;
 }
 
 bool IsThemeClassAvailable(const std::string& themeClass)
 {
+    const TableLock lock;
     const std::string name = PlainName(themeClass);
     return std::find(std::begin(CLASSES), std::end(CLASSES), name) != std::end(CLASSES) &&
            !Current().hiddenClasses.contains(name);
@@ -145,11 +148,13 @@ bool IsThemeClassAvailable(const std::string& themeClass)
 
 bool IsThemePartAvailable(const std::string& themeClass, int part)
 {
+    const TableLock lock;
     return !Current().hiddenParts.contains({PlainName(themeClass), part});
 }
 
 std::optional<MARGINS> FindThemeMargins(const std::string& themeClass, int part, int state, int property)
 {
+    const TableLock lock;
     const std::string name = PlainName(themeClass);
     if (const auto set = FindSet(Current().margins, name, part, state, property)) {
         return set;
@@ -162,6 +167,7 @@ std::optional<MARGINS> FindThemeMargins(const std::string& themeClass, int part,
 
 std::optional<SIZE> FindThemePartSize(const std::string& themeClass, int part, int state)
 {
+    const TableLock lock;
     const std::string name = PlainName(themeClass);
     if (const auto set = FindSet(Current().sizes, name, part, state, 0)) {
         return set;
@@ -173,6 +179,7 @@ std::optional<SIZE> FindThemePartSize(const std::string& themeClass, int part, i
 
 std::optional<COLORREF> FindThemeColor(const std::string& themeClass, int part, int state, int property)
 {
+    const TableLock lock;
     const std::string name = PlainName(themeClass);
     if (const auto set = FindSet(Current().colors, name, part, state, property)) {
         return set;
@@ -188,6 +195,7 @@ std::optional<COLORREF> FindThemeColor(const std::string& themeClass, int part, 
 
 std::optional<int> FindThemeInt(const std::string& themeClass, int part, int state, int property)
 {
+    const TableLock lock;
     if (const auto set = FindSet(Current().ints, PlainName(themeClass), part, state, property)) {
         return set;
     }
@@ -196,6 +204,7 @@ std::optional<int> FindThemeInt(const std::string& themeClass, int part, int sta
 
 std::optional<LOGFONTW> FindThemeFont(const std::string& themeClass, int part, int state, int property)
 {
+    const TableLock lock;
     const std::string name = PlainName(themeClass);
     const auto set = FindSet(Current().fonts, name, part, state, property);
     return set ? set : OwnFont(name, part, property);
@@ -203,16 +212,19 @@ std::optional<LOGFONTW> FindThemeFont(const std::string& themeClass, int part, i
 
 void ResetThemeData()
 {
+    const TableLock lock;
     Current() = {};
 }
 
 void SetThemed(bool themed)
 {
+    const TableLock lock;
     Current().active = themed;
 }
 
 void SetThemeClassAvailable(std::string_view themeClass, bool available)
 {
+    const TableLock lock;
     const std::string name = PlainName(themeClass);
     if (available) {
         Current().hiddenClasses.erase(name);
@@ -223,6 +235,7 @@ void SetThemeClassAvailable(std::string_view themeClass, bool available)
 
 void SetThemePartAvailable(std::string_view themeClass, int part, bool available)
 {
+    const TableLock lock;
     const std::pair key{PlainName(themeClass), part};
     if (available) {
         Current().hiddenParts.erase(key);
@@ -233,26 +246,31 @@ void SetThemePartAvailable(std::string_view themeClass, int part, bool available
 
 void SetThemeMargins(std::string_view themeClass, int part, int state, int property, MARGINS margins)
 {
+    const TableLock lock;
     Current().margins[{PlainName(themeClass), part, state, property}] = margins;
 }
 
 void SetThemePartSize(std::string_view themeClass, int part, int state, SIZE size)
 {
+    const TableLock lock;
     Current().sizes[{PlainName(themeClass), part, state, 0}] = size;
 }
 
 void SetThemeColor(std::string_view themeClass, int part, int state, int property, COLORREF color)
 {
+    const TableLock lock;
     Current().colors[{PlainName(themeClass), part, state, property}] = color;
 }
 
 void SetThemeInt(std::string_view themeClass, int part, int state, int property, int value)
 {
+    const TableLock lock;
     Current().ints[{PlainName(themeClass), part, state, property}] = value;
 }
 
 void SetThemeFont(std::string_view themeClass, int part, int state, int property, const LOGFONTW& font)
 {
+    const TableLock lock;
     Current().fonts[{PlainName(themeClass), part, state, property}] = font;
 }
 

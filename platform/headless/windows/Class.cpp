@@ -2,7 +2,9 @@
 #include "Controls.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
+#include <atomic>
 #include <list>
 
 namespace gesso::headless {
@@ -27,6 +29,7 @@ bool IsNamed(const WindowClass& candidate, LPCWSTR nameOrAtom)
 // The atom of a name, the same for every class of that name.
 ATOM AtomOf(LPCWSTR name)
 {
+    const TableLock lock;
     static std::map<WideText, ATOM> s_atoms;
     for (const WindowClass& known : Classes()) {
         if (IsNamed(known, name)) {
@@ -44,6 +47,7 @@ bool IsSeenFrom(const WindowClass& candidate, HINSTANCE instance)
 
 bool IsTaken(LPCWSTR name, HINSTANCE instance)
 {
+    const TableLock lock;
     for (const WindowClass& known : Classes()) {
         if (IsNamed(known, name) && known.data.hInstance == instance) {
             return true;
@@ -60,6 +64,7 @@ bool IsValid(const WNDCLASSEXW& data)
 
 ATOM AddClass(const WNDCLASSEXW& data, ATOM atom)
 {
+    const TableLock lock;
     WindowClass added{atom, WideText(View(data.lpszClassName)), data};
     if (!added.data.hInstance) {
         added.data.hInstance = HostModule();
@@ -72,6 +77,7 @@ ATOM AddClass(const WNDCLASSEXW& data, ATOM atom)
 
 WindowClass* FindClass(LPCWSTR nameOrAtom, HINSTANCE instance)
 {
+    const TableLock lock;
     if (!nameOrAtom) {
         return nullptr;
     }
@@ -104,6 +110,7 @@ void RegisterBuiltInClass(LPCWSTR name, UINT style, WNDPROC procedure, int extra
 
 void RegisterBuiltInClasses()
 {
+    const TableLock lock;
     if (!Classes().empty()) {
         return;
     }
@@ -120,6 +127,7 @@ extern "C" {
 
 ATOM WINAPI RegisterClassExW(const WNDCLASSEXW* data)
 {
+    const TableLock lock;
     RegisterBuiltInClasses();
     if (FaultFires("RegisterClassExW")) {
         return 0;
@@ -149,12 +157,13 @@ ATOM WINAPI RegisterClassW(const WNDCLASSW* data)
 
 BOOL WINAPI UnregisterClassW(LPCWSTR name, HINSTANCE instance)
 {
+    const TableLock lock;
     WindowClass* found = FindClass(name, instance);
     if (!found) {
         SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
         return FALSE;
     }
-    if (found->windows > 0) {
+    if (std::atomic_ref(found->windows) > 0) {
         SetLastError(ERROR_CLASS_HAS_WINDOWS);
         return FALSE;
     }

@@ -42,7 +42,7 @@ void DestroyAllWindows()
 
 Desktop& TheDesktop()
 {
-    static Desktop s_desktop = FreshDesktop();
+    static thread_local Desktop s_desktop = FreshDesktop();
     return s_desktop;
 }
 

@@ -1,4 +1,5 @@
-// The state of the simulated desktop: all that the window manager knows, in one place.
+// The state of the simulated desktop: all that the window manager knows, in one place. Every thread has its
+// own.
 #pragma once
 
 #include "../core/Area.h"

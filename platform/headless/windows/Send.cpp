@@ -1,4 +1,5 @@
 #include "Send.h"
+#include "../core/TableLock.h"
 
 #include "../core/Faults.h"
 
@@ -91,6 +92,7 @@ LRESULT WINAPI CallWindowProcW(WNDPROC procedure, HWND hwnd, UINT message, WPARA
 
 UINT WINAPI RegisterWindowMessageW(LPCWSTR name)
 {
+    const TableLock lock;
     static std::map<WideText, UINT> s_messages;
     const auto next = static_cast<UINT>(0xC000 + s_messages.size());
     return s_messages.emplace(View(name), next).first->second;

@@ -13,6 +13,7 @@
 #include "../gdi/DeviceContext.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace gesso::headless {
 namespace {
@@ -20,9 +21,8 @@ namespace {
 HWND NextHandle()
 {
     // Never used again, so that a stale handle is always found out.
-    static constinit uintptr_t s_next = 0x10002;
-    s_next += 2;
-    return reinterpret_cast<HWND>(s_next);
+    static constinit std::atomic<uintptr_t> s_next = 0x10004;
+    return reinterpret_cast<HWND>(s_next.fetch_add(2));
 }
 
 DWORD CompletedStyle(DWORD style)
@@ -103,7 +103,7 @@ WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Wind
     window->frame = {origin.left + create.x, origin.top + create.y, origin.left + create.x + create.cx,
                      origin.top + create.y + create.cy};
     window->client = window->frame;
-    ++windowClass.windows;
+    std::atomic_ref(windowClass.windows).fetch_add(1);
     Track(Kind::Window, window->handle);
     TheDesktop().windows.emplace(window->handle, window);
     return window;
@@ -137,7 +137,7 @@ void Release(Window& window)
     std::erase_if(desktop.windows, [&](const auto& entry) { return entry.second.get() == &window; });
     Unlink(window);
     ForgetDrawing(window.handle);
-    --window.windowClass->windows;
+    std::atomic_ref(window.windowClass->windows).fetch_sub(1);
     Untrack(Kind::Window, window.handle);
     window.alive = false;
 }
