@@ -191,15 +191,17 @@ void GScrollbar::SendPress() const
 
 gesso::ScrollRepeat<GScrollbar> GScrollbar::Repeat()
 {
-    return {s_pScrollingWindow, s_dwTimer, s_ullTimerTime};
+    static constinit thread_local gesso::RepeatState<GScrollbar> s_own;
+    return {s_own, s_pScrollingWindow, s_dwTimer, s_ullTimerTime};
 }
 
 void CALLBACK GScrollbar::TimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
     // A message of the timer that was waiting when the bar went comes all the same.
-    const GScrollbar* pBar = s_pScrollingWindow;
+    const gesso::RepeatState<GScrollbar>& repeat = Repeat().own;
+    const GScrollbar* pBar = repeat.pBar;
     const bool fOnPart = pBar && (pBar->m_hitDown.wHit & pBar->m_hitNow.wHit);
-    if (fOnPart && s_ullTimerTime < gesso::SystemTicks() - DELAY_TICKS) {
+    if (fOnPart && repeat.time < gesso::SystemTicks() - DELAY_TICKS) {
         pBar->SendPress();
     }
 }

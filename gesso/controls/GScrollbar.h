@@ -95,7 +95,7 @@ protected:
     HitTestInfo m_hitDown{}; // the last press; no part while none is held
     HitTestInfo m_hitNow{};  // the pointer; no part while it is elsewhere
 
-    // Only one bar in a process repeats at a time.
+    // Of the bar that began to repeat last, on whichever thread: each thread repeats one bar at a time.
     static ULONGLONG s_ullTimerTime; // of the press, in 100 nanoseconds
     static UINT_PTR s_dwTimer;
     static GScrollbar* s_pScrollingWindow;

@@ -3,6 +3,8 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 
+#include <atomic>
+
 namespace gesso {
 namespace {
 
@@ -107,7 +109,7 @@ INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 
 INT_PTR OnDialogActivate(HWND hDlg, WPARAM wParam)
 {
-    GDialog::s_hActiveDlg = LOWORD(wParam) != WA_INACTIVE ? hDlg : nullptr;
+    std::atomic_ref(GDialog::s_hActiveDlg).store(LOWORD(wParam) != WA_INACTIVE ? hDlg : nullptr);
     return 1;
 }
 

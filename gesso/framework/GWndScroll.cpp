@@ -7,6 +7,7 @@
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollRepeat.h>
 
+#include <atomic>
 #include <utility>
 
 using gesso::BARS;
@@ -36,14 +37,15 @@ SCROLLINFO FirstScrollInfo()
     return si;
 }
 
-void ReadKeyboardRepeat(DWORD* pdwDelay, DWORD* pdwSpeed)
+// The two are the process's, and any thread may read them anew.
+void ReadKeyboardRepeat(DWORD& dwDelay, DWORD& dwRepeat)
 {
     int nDelay = 0;
     SystemParametersInfoW(SPI_GETKEYBOARDDELAY, 0, &nDelay, 0);
-    *pdwDelay = static_cast<DWORD>((nDelay + 1) * KEYBOARD_DELAY_UNIT);
+    std::atomic_ref(dwDelay).store(static_cast<DWORD>((nDelay + 1) * KEYBOARD_DELAY_UNIT));
     DWORD dwSpeed = 0;
     SystemParametersInfoW(SPI_GETKEYBOARDSPEED, 0, &dwSpeed, 0);
-    *pdwSpeed = 2000 / static_cast<DWORD>(MulDiv(static_cast<int>(dwSpeed), 55, 31) + 5);
+    std::atomic_ref(dwRepeat).store(2000 / static_cast<DWORD>(MulDiv(static_cast<int>(dwSpeed), 55, 31) + 5));
 }
 
 } // namespace
@@ -273,7 +275,7 @@ void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
 
 LRESULT GWndScroll::OnNcCreate(const CREATESTRUCTW* pcs)
 {
-    ReadKeyboardRepeat(&s_dwScrollRepeatDelay, &s_dwScrollRepeatSpeed);
+    ReadKeyboardRepeat(s_dwScrollRepeatDelay, s_dwScrollRepeatSpeed);
     m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
     ::SetScrollInfo(m_hWnd, SB_HORZ, &m_siH, FALSE);
     ::SetScrollInfo(m_hWnd, SB_VERT, &m_siV, FALSE);

@@ -132,7 +132,7 @@ protected:
     int m_nTrackStart = 0;
     ScrollBarHitTestInfo m_hitNow{};
 
-    // Only one bar in a process repeats at a time.
+    // Of the bar that began to repeat last, on whichever thread: each thread repeats one bar at a time.
     static DWORD s_dwScrollRepeatDelay; // milliseconds before repeating starts
     static DWORD s_dwScrollRepeatSpeed; // milliseconds between repeats
     static ULONGLONG s_ullTimerTime;    // in 100 nanoseconds: no repeat before

@@ -12,6 +12,7 @@
 #include <gesso/framework/ScrollRepeat.h>
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 using gesso::BARS;
@@ -92,20 +93,21 @@ void GWndScroll::SendScroll(UINT uMessage, WORD wCode, WORD wPos)
 
 gesso::ScrollRepeat<GWndScroll> GWndScroll::Repeat()
 {
-    return {s_pScrollingWindow, s_dwTimer, s_ullTimerTime};
+    static constinit thread_local gesso::RepeatState<GWndScroll> s_own;
+    return {s_own, s_pScrollingWindow, s_dwTimer, s_ullTimerTime};
 }
 
 void GWndScroll::ScrollBarSetTimer()
 {
-    Repeat().Start(*this, s_dwScrollRepeatSpeed,
-                   gesso::SystemTicks() + s_dwScrollRepeatDelay * gesso::TICKS_PER_MILLISECOND,
-                   ScrollBarTimerCallback);
+    const DWORD dwDelay = std::atomic_ref(s_dwScrollRepeatDelay);
+    Repeat().Start(*this, std::atomic_ref(s_dwScrollRepeatSpeed),
+                   gesso::SystemTicks() + dwDelay * gesso::TICKS_PER_MILLISECOND, ScrollBarTimerCallback);
 }
 
 void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
 {
     // A message of the timer that was waiting when the control went comes all the same.
-    GWndScroll* pWindow = s_pScrollingWindow;
+    GWndScroll* pWindow = Repeat().own.pBar;
     if (!pWindow) {
         return;
     }
@@ -115,7 +117,7 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
         Repeat().Stop();
         return;
     }
-    if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || gesso::SystemTicks() <= s_ullTimerTime) {
+    if (pWindow->m_hitDown.wHit != pWindow->m_hitNow.wHit || gesso::SystemTicks() <= Repeat().own.time) {
         return;
     }
     const HWND hwnd = pWindow->m_hWnd;
@@ -173,7 +175,7 @@ LRESULT GWndScroll::OnNcMouseMove(UINT, POINTS ptScreen)
     // A press that has lost its capture is over.
     if ((m_dwState & GWS_NCPRESSED) && GetCapture() != m_hWnd) {
         Frame::ClearState(*this, GWS_NCPRESSED);
-        if (s_pScrollingWindow == this) {
+        if (Repeat().IsOf(*this)) {
             Repeat().Stop();
         }
         DrawBarOfHit(std::exchange(m_hitDown.wHit, WORD{0}));
