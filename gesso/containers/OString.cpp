@@ -545,10 +545,10 @@ template <class TYPE> void OString<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_li
 template <class TYPE> bool OString<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
 {
     const gesso::TextSpan text = gesso::FindStringResource(nId, hInst);
-    if (!text.empty()) {
+    if (text.data()) {
         Adopt(Copy(text));
     }
-    return !text.empty();
+    return text.data() != nullptr;
 }
 
 template class OString<wchar_t>;

@@ -342,10 +342,10 @@ template <class TYPE> void OStringEx<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_
 template <class TYPE> bool OStringEx<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
 {
     const gesso::TextSpan text = gesso::FindStringResource(nId, hInst);
-    if (!text.empty()) {
+    if (text.data()) {
         Assign(text);
     }
-    return !text.empty();
+    return text.data() != nullptr;
 }
 
 template class OStringEx<wchar_t>;

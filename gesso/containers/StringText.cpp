@@ -135,7 +135,10 @@ TextSpan FindStringResource(UINT nId, HINSTANCE hInst)
     }
     const size_t cch = SizeofResource(hInst, hResource) / sizeof(wchar_t);
     const TextSpan entry = TableEntry({static_cast<const wchar_t*>(pTable), cch}, nId & 15);
-    return !entry.empty() && entry.back() == 0 ? entry.first(entry.size() - 1) : entry;
+    if (entry.empty()) {
+        return {};
+    }
+    return entry.back() == 0 ? entry.first(entry.size() - 1) : entry;
 }
 
 FormattedText::FormattedText(LPCWSTR pszFormat, va_list args)

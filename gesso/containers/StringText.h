@@ -58,8 +58,8 @@ TextSpan Trimmed(TextSpan text, TextSpan set, TrimEnds ends);
 // The set of the forms that are given none: space, tab, carriage return, line feed.
 TextSpan BlankSet();
 
-// The entry `nId` of the module's string tables; empty if there is none. The characters stay valid while the
-// module is loaded.
+// The entry `nId` of the module's string tables; without data if there is none or it is empty. The characters
+// stay valid while the module is loaded.
 TextSpan FindStringResource(UINT nId, HINSTANCE hInst);
 
 // A text while it is made from a format. It stands apart from every string, so that a string that takes it
