@@ -19,7 +19,7 @@ struct RowPlace
 // The rectangle of a row in a client area that is scrolled down by nPos.
 inline RECT RectOf(const RowPlace& place, int nPos, int cx)
 {
-    const auto y = [nPos](int64_t n) { return static_cast<LONG>(std::min<int64_t>(n - nPos, LONG_MAX)); };
+    const auto y = [nPos](int64_t n) { return static_cast<LONG>(std::min<int64_t>(n - nPos, INT_MAX)); };
     return {0, y(place.nTop), cx, y(place.nBottom)};
 }
 

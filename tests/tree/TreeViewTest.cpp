@@ -259,7 +259,7 @@ TEST(RowGeometryTest, EachPixelBelongsToTheRowThatPaintsIt)
     EXPECT_EQ(even.LastPixel(3), 59);
     const gesso::EvenRows tall{NONE};
     EXPECT_EQ(tall.LastPixel(1000), INT_MAX - 1);
-    EXPECT_EQ(gesso::RectOf(tall.PlaceOf(1), 0, 9).bottom, LONG_MAX);
+    EXPECT_EQ(gesso::RectOf(tall.PlaceOf(1), 0, 9).bottom, INT_MAX);
 }
 
 TEST(RowGeometryTest, ABarsRowsAreAsHighAsTheirKindsAndEndWithTheirBottomLine)

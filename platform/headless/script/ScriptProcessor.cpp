@@ -33,9 +33,9 @@ struct Cache
 // The one font here that lacks a script is Tahoma, as on Windows: it has no tables to shape Devanagari by.
 bool HasDevanagari(HDC hdc)
 {
-    wchar_t face[LF_FACESIZE] = {};
-    GetTextFaceW(hdc, LF_FACESIZE, face);
-    return _wcsicmp(face, L"Tahoma") != 0;
+    const Context* context = FindContext(hdc);
+    const auto* font = context ? Find<Font>(context->state.font) : nullptr;
+    return !font || _wcsicmp(font->log.lfFaceName, L"Tahoma") != 0;
 }
 
 // Makes the cache when it is first needed, which takes a context; null if there is neither.
