@@ -24,7 +24,7 @@ class Rule:
 
 RULES = [
     Rule(r"\bDefWindowProc[AW]?\(", [FRAMEWORK + "Frame.cpp"], "a window procedure ends in Frame::Default"),
-    Rule(r"\bm_dwState\s*[|&^]?=[^=]", [FRAMEWORK + "Frame.cpp"],
+    Rule(r"\bm_dwState\s*[|&^]?=[^=]", [FRAMEWORK + "Frame.cpp", FRAMEWORK + "GWnd.h"],
          "the state word changes by Frame::SetState and its like"),
     Rule(r"\bOpenThemeData\(", [FRAMEWORK + "ThemeHandle.cpp"], "a class of the style is opened by ThemeHandle::Open"),
     Rule(r"\bRGB\(|\bGetSysColor(?:Brush)?\(", [FRAMEWORK + "Colors.cpp"], "a colour is named in framework/Colors.h"),

@@ -19,7 +19,7 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 
 # What the library calls and nothing can make fail, by the reason.
 CANNOT_FAIL = {
-    "they only compute": "InflateRect MulDiv OffsetRect PtInRect",
+    "they only compute": "EqualRect InflateRect MulDiv OffsetRect PtInRect",
     "their answer is the state itself": """GetCapture GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible""",

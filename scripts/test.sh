@@ -3,7 +3,7 @@
 #
 #   scripts/test.sh [STEP...]
 #
-# Steps, all of them without an argument: style (formatting, layers), headless (the tests over the simulated
+# Steps, all of them without an argument: style (formatting, layers, house rules, names), headless (the tests over the simulated
 # desktop, with sanitizers), threads (those of several threads, under ThreadSanitizer), windows (the same tests
 # as a Windows program under Wine, and the DLL's imports), package (the installed package, used by a host outside
 # the tree), e2e (real mouse and keyboard input into the gallery). Logs stay in build/logs.
@@ -95,6 +95,8 @@ with_display() {
 step_style() {
     check "formatting" scripts/format.sh --check
     check "layers" scripts/check-includes.py
+    check "one place for each thing" scripts/check-house.py
+    check "every public name stands in the docs" scripts/check-names.py
     check "the simulated desktop's operations" scripts/check-platform.py
 }
 
@@ -131,9 +133,11 @@ imports_of_system_only() {
 step_package() {
     local place=$BUILD/package
     check "the headless package installs" install_package headless &&
+        check "its headers stand alone" scripts/check-headers.py "$place/headless/prefix" headless &&
         check "examples/headless_test builds with it" build_example headless headless_test &&
         check "examples/headless_test passes" timeout 60 "$place/headless/headless_test/counter_test"
     check "the windows package installs" install_package windows || return
+    check "its headers stand alone on Windows" scripts/check-headers.py "$place/windows/prefix" windows
     with_display
     windows_example hello hello Hello alt+F4
     windows_example subclass subclass "0 of 3 tasks done" alt+F4
