@@ -111,7 +111,7 @@ protected:
 private:
     static constexpr bool PLAIN = std::is_trivially_copyable_v<TYPE>;
 
-    void CheckIndex(UINT i) const;
+    void Check(UINT i) const;
     UINT Count() const;
     bool Owns(const TYPE* p) const;
     void StartAnew();
@@ -201,13 +201,13 @@ template <class TYPE, class ARG_TYPE> const TYPE* OArray<TYPE, ARG_TYPE>::GetDat
 
 template <class TYPE, class ARG_TYPE> TYPE& OArray<TYPE, ARG_TYPE>::GetAt(UINT i)
 {
-    CheckIndex(i);
+    Check(i);
     return m_pData[i];
 }
 
 template <class TYPE, class ARG_TYPE> const TYPE& OArray<TYPE, ARG_TYPE>::GetAt(UINT i) const
 {
-    CheckIndex(i);
+    Check(i);
     return m_pData[i];
 }
 
@@ -398,7 +398,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::FreeExtra(UIN
     }
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::CheckIndex(UINT i) const
+template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Check(UINT i) const
 {
     if (i >= Count()) {
         gesso::Misuse("OArray: an index beyond the length");
