@@ -1,6 +1,7 @@
 #include <gesso/controls/GLabel.h>
 #include <gesso/controls/Image.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
@@ -185,6 +186,7 @@ void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
     const gesso::TransparentScope mode(hdc);
     const gesso::SelectScope font(hdc, m_hFont);
     const gesso::TextColorScope color(hdc, m_crText);
+    gesso::LayoutOverlay::Add(hdc, rc);
     DrawTextW(hdc, gesso::TextOrEmpty(m_pszText), -1, &rc, uFormat);
 }
 

@@ -3,6 +3,7 @@
 #include <gesso/edit/FieldText.h>
 #include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -82,6 +83,7 @@ void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
 
 void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
 {
+    gesso::LayoutOverlay::Add(hdc, rcText);
     const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
     const UINT nFrom = fSelection ? std::min(m_nCaret, m_nAnchor) : 0;
     const UINT nTo = fSelection ? std::max(m_nCaret, m_nAnchor) : 0;

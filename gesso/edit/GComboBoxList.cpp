@@ -1,5 +1,6 @@
 #include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -231,6 +232,7 @@ void GComboBoxList::Draw(HDC hdc)
 
 void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
 {
+    gesso::LayoutOverlay::Add(hdc, rc);
     const bool fHot = nItem == m_nHot;
     if (fHot) {
         m_hListTheme.DrawRow(hdc, LISS_HOTSELECTED, rc);

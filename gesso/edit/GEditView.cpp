@@ -4,6 +4,7 @@
 #include <gesso/edit/GEditInside.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
@@ -77,6 +78,7 @@ void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
     RECT rcLine{nInset, nInset, rcClient.right - nInset + GetScrollPos(SB_HORZ), nInset + nHeight};
     UINT nOffset = 0;
     for (UINT i = 0; i < m_aLines.GetLength() && nHeight > 0 && rcLine.top < rcClient.bottom; ++i) {
+        gesso::LayoutOverlay::Add(hdc, {nInset, rcLine.top, rcClient.right - nInset, rcLine.bottom});
         int nFrom = 0;
         int nTo = 0;
         CalcHighliteOfLine(nFrom, nTo, i);

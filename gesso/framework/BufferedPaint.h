@@ -2,6 +2,7 @@
 // the end, so that nothing flickers.
 #pragma once
 
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/OffscreenSurface.h>
 
 namespace gesso {
@@ -22,6 +23,7 @@ private:
     PAINTSTRUCT m_paint;
     RECT m_rcClient;
     OffscreenSurface m_surface;
+    LayoutOverlay m_overlay;
 };
 
 // WM_PAINT of a control with a Draw(HDC).

@@ -4,6 +4,7 @@
 
 #if !defined(NDEBUG)
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <mutex>
@@ -17,6 +18,8 @@ namespace {
 
 constexpr size_t NAME_CAPACITY = 64;
 constexpr int ANY_ID = -1;
+// Deeper messages are indented no further, so that each line has its end.
+constexpr int DEEPEST_SHOWN = 40;
 
 // What is traced: read by every thread that has controls.
 struct TracedControl
@@ -52,8 +55,9 @@ void Say(UINT uMsg, const char* pszWhat)
     char name[16];
     std::snprintf(name, sizeof(name), "0x%04X", uMsg);
     const char* pszName = NameOfMessage(uMsg);
-    char line[160];
-    std::snprintf(line, sizeof(line), "%*s%s%s\n", 2 * s_nDepth, "", pszName ? pszName : name, pszWhat);
+    char line[256];
+    std::snprintf(line, sizeof(line), "%*s%s%s\n", 2 * std::min(s_nDepth, DEEPEST_SHOWN), "",
+                  pszName ? pszName : name, pszWhat);
     OutputDebugStringA(line);
 }
 
@@ -130,14 +134,19 @@ void ShowLayoutOfAll(bool fShow)
 }
 
 LayoutOverlay::LayoutOverlay(HWND hwnd, HDC hdc)
-    : m_pOuter(std::exchange(s_pPainting, this)), m_hdc(hdc), m_fShown(s_fAllShown || s_hwndShown == hwnd),
-      m_pRectangles(m_fShown ? new Rectangles : nullptr)
+    : m_pOuter(std::exchange(s_pPainting, this)), m_hdc(hdc),
+      m_pRectangles(s_fAllShown || (hwnd && s_hwndShown == hwnd) ? new Rectangles : nullptr)
 {}
 
 LayoutOverlay::~LayoutOverlay()
 {
     s_pPainting = m_pOuter;
-    if (!m_fShown) {
+    delete m_pRectangles;
+}
+
+void LayoutOverlay::Show()
+{
+    if (!m_pRectangles) {
         return;
     }
     const HBRUSH hBrush = CreateSolidBrush(ColorOf(Color::LayoutOverlay));
@@ -145,12 +154,11 @@ LayoutOverlay::~LayoutOverlay()
         FrameRect(m_hdc, &rc, hBrush);
     }
     DeleteObject(hBrush);
-    delete m_pRectangles;
 }
 
 void LayoutOverlay::Add(HDC hdc, const RECT& rc)
 {
-    if (s_pPainting && s_pPainting->m_fShown && s_pPainting->m_hdc == hdc) {
+    if (s_pPainting && s_pPainting->m_pRectangles && s_pPainting->m_hdc == hdc) {
         s_pPainting->m_pRectangles->all.push_back(rc);
     }
 }

@@ -19,6 +19,7 @@ class LayoutOverlay
 {
 public:
     LayoutOverlay(HWND, HDC) {}
+    void Show() {}
     static void Add(HDC, const RECT&) {}
 };
 
@@ -39,8 +40,9 @@ private:
     bool m_fTraced;
 };
 
-// One paint of a control: gathers the rectangles that are drawn by, and outlines them over the finished
-// picture.
+// One paint of a control: gathers the rectangles that are drawn by, where that control is to be shown, and
+// outlines them over the finished picture. A paint within it, of another control or into the same context,
+// has one of its own.
 class LayoutOverlay
 {
 public:
@@ -49,14 +51,16 @@ public:
     LayoutOverlay(const LayoutOverlay&) = delete;
     LayoutOverlay& operator=(const LayoutOverlay&) = delete;
 
+    // Outlines what was gathered, at the end of the paint.
+    void Show();
+
     // A rectangle of whatever is painted into this context now.
     static void Add(HDC hdc, const RECT& rc);
 
 private:
     LayoutOverlay* m_pOuter;
     HDC m_hdc;
-    bool m_fShown;
-    struct Rectangles* m_pRectangles = nullptr;
+    struct Rectangles* m_pRectangles; // null where the control is not to be shown
 };
 
 #endif

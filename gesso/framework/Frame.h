@@ -106,10 +106,11 @@ public:
     template <class DIALOG, DialogTail UNBOUND>
     static INT_PTR RouteDialog(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
+        MessageTrace trace(hDlg, uMsg, wParam, lParam);
         if (auto* pDialog = static_cast<DIALOG*>(DIALOG::ObjectOf(hDlg, uMsg, lParam))) {
-            return pDialog->OnMessage(hDlg, uMsg, wParam, lParam);
+            return trace.Returned(pDialog->OnMessage(hDlg, uMsg, wParam, lParam));
         }
-        return UNBOUND(hDlg, uMsg, wParam, lParam);
+        return trace.Returned(UNBOUND(hDlg, uMsg, wParam, lParam));
     }
 
     // The tail of every dialog's switch: what all dialogs answer alike, and then the platform's handling.
@@ -183,7 +184,9 @@ public:
     template <class CONTROL> static LRESULT OnPrintClient(CONTROL& control, HDC hdc, LPARAM lParam)
     {
         if (lParam & PRF_CLIENT) {
+            LayoutOverlay overlay(control.m_hWnd, hdc);
             control.Draw(hdc);
+            overlay.Show();
         }
         return 0;
     }

@@ -1,4 +1,5 @@
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
@@ -69,6 +70,7 @@ int LengthOf(LPCWSTR psz)
 
 void ThemePart::DrawBackground(const RECT& rc) const
 {
+    LayoutOverlay::Add(m_hdc, rc);
     if (!DrawCachedPart(m_hTheme, m_hdc, m_nPart, m_nState, rc) &&
         FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rc, nullptr)))
     {
@@ -84,8 +86,10 @@ RECT ThemePart::ContentOf(const RECT& rc) const
     {
         margins = {};
     }
-    return {rc.left + margins.cxLeftWidth, rc.top + margins.cyTopHeight, rc.right - margins.cxRightWidth,
-            rc.bottom - margins.cyBottomHeight};
+    rcBounds = {rc.left + margins.cxLeftWidth, rc.top + margins.cyTopHeight, rc.right - margins.cxRightWidth,
+                rc.bottom - margins.cyBottomHeight};
+    LayoutOverlay::Add(m_hdc, rcBounds);
+    return rcBounds;
 }
 
 SIZE ThemePart::Size(const RECT* prc) const
@@ -132,6 +136,7 @@ RECT ThemePart::TextExtent(LPCWSTR psz, int nLength, UINT uFormat, const RECT& r
 
 void ThemePart::DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const
 {
+    LayoutOverlay::Add(m_hdc, rc);
     if (FAILED(DrawThemeText(m_hTheme, m_hdc, m_nPart, m_nState, psz, LengthOf(psz), uFormat, 0, &rc))) {
         DrawPlainText(psz, uFormat, rc);
     }

@@ -3,6 +3,7 @@
 #include <gesso/containers/Index.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -136,6 +137,7 @@ void GList::RowPainter::DrawGroup(UINT index, RECT rc)
     const RECT& format = m_list.rcGroupFormat;
     rc = {Saturated(int64_t{rc.left} + format.left), Saturated(int64_t{rc.top} + format.top),
           Saturated(int64_t{rc.right} + format.right), Saturated(int64_t{rc.bottom} + format.bottom)};
+    gesso::LayoutOverlay::Add(m_hdc, rc);
     if (const ListGroup* group = m_list.GroupAt(index)) {
         DrawIn(m_list.fontGroupTitle, group->prepared->second, rc);
     }
@@ -148,6 +150,7 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     if (!item) {
         return;
     }
+    gesso::LayoutOverlay::Add(m_hdc, rc);
     const auto& cells = m_list.columnDraw;
     const bool fCheckBoxes = m_list.listStyle & GLS_CHECKBOXES;
     DrawHighlight(*item, m_list.hitHot.item == index, rc);
@@ -204,6 +207,7 @@ RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& 
         const RECT margins = MarginsOf(m_list.m_hWnd, *m_list.columns[element.column]);
         Inset(rc, margins.left, margins.top, margins.right, margins.bottom);
     }
+    gesso::LayoutOverlay::Add(m_hdc, rc);
     return rc;
 }
 

@@ -1,5 +1,6 @@
 // How the tabs look, with one layout for hit-testing and drawing.
 
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -86,6 +87,7 @@ void GRibbon::Draw(HDC hdc)
 
 void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRight) const
 {
+    gesso::LayoutOverlay::Add(hdc, {nLeft, 0, nRight, Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE)});
     if (nIndex == m_nActive) {
         DrawActiveTab(hdc, nLeft, nRight, nClientRight);
     } else if (nIndex == m_nHot) {

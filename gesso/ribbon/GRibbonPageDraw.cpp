@@ -1,5 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
@@ -129,6 +130,7 @@ void DrawGroupFrame(HWND hwnd, HDC hdc, const Group& group, int nTitleLeft, int 
     LineTo(hdc, group.nRight, nClientBottom - Pixels(hwnd, Metrics::RIBBON_LINE_BOTTOM));
     const int nTitleTop = nClientBottom - Pixels(hwnd, Metrics::RIBBON_TITLE_TOP);
     RECT rcTitle{nTitleLeft, nTitleTop, group.nRight, nClientBottom - 1};
+    gesso::LayoutOverlay::Add(hdc, rcTitle);
     DrawTextW(hdc, group.strTitle, -1, &rcTitle, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
@@ -175,6 +177,7 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
     for (UINT i = 0; i < group.aItems.GetLength(); i++) {
         const Item& item = group.aItems[i];
         const RECT rc{group.nLeft + item.nLeft, item.nTop, group.nLeft + item.nRight, item.nBottom};
+        gesso::LayoutOverlay::Add(hdc, rc);
         painter.Draw(item, rc, StateOf(gesso::ItemCode(nGroup, i), item));
     }
 }

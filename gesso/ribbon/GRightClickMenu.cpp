@@ -3,6 +3,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
@@ -110,6 +111,7 @@ void GRightClickMenu::DrawRows(HDC hdc) const
     const int cyRow = Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT);
     RECT rcRow{rc.left, rc.top, rc.right, rc.top + cyRow};
     for (UINT i = 0; i < m_aValues.GetLength(); i++) {
+        gesso::LayoutOverlay::Add(hdc, rcRow);
         if (static_cast<int>(i) == m_nHot) {
             FillColor(hdc, rcRow, ColorOf(Color::ValueMenuHotFill));
         }

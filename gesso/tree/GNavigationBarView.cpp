@@ -1,6 +1,7 @@
 // Painting of a navigation bar, what a point hits, and what the mouse does.
 
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -97,6 +98,7 @@ void GNavigationBar::Draw(HDC hdc)
 
 void GNavigationBar::DrawRow(HDC hdc, UINT row, const RECT& rc) const
 {
+    gesso::LayoutOverlay::Add(hdc, rc);
     const NavigationBarItem& item = *m_aVisible[row];
     switch (KindOf(item)) {
     case NBIK_ITEM:

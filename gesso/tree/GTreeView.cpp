@@ -1,5 +1,6 @@
 // Painting of a tree, what a point hits, and what the mouse does.
 
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -58,6 +59,7 @@ void GTree::Draw(HDC hdc)
 
 void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
 {
+    gesso::LayoutOverlay::Add(hdc, rc);
     const TreeItem& item = *m_aVisible[row];
     const bool fSelected = row == m_nSelected;
     const bool fHot = row == m_hitMove.nItem;

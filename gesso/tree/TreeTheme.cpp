@@ -1,4 +1,5 @@
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/tree/TreeTheme.h>
@@ -47,6 +48,7 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
     if (!hImageList) {
         return;
     }
+    LayoutOverlay::Add(hdc, {x, y, x + nSide, y + nSide});
     IMAGELISTDRAWPARAMS params{};
     params.cbSize = sizeof(params);
     params.himl = hImageList;
@@ -62,6 +64,7 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
 
 void DrawTreeLabel(HDC hdc, LPCWSTR pszName, RECT rc)
 {
+    LayoutOverlay::Add(hdc, rc);
     DrawTextW(hdc, pszName, -1, &rc, TREE_LABEL_FORMAT);
 }
 
