@@ -1,6 +1,6 @@
 // How objects and windows find each other and part again, seen through GButton and GLabel.
 
-#include "../controls/MakeControl.h"
+#include "../support/AllControls.h"
 #include "../support/Interception.h"
 #include "../support/Numbers.h"
 
@@ -271,7 +271,9 @@ protected:
     CONTROL control;
 };
 
-using TextControls = testing::Types<GLabel, GButton, GEdit, GComboBox>;
+// The others have no text of their own.
+using TextControls = AllControlsBut<GNavigationButton, GProgressBar, GSeparator, GScrollbar, GList, GTree,
+                                    GNavigationBar, GRibbon, GRightClickMenu>;
 TYPED_TEST_SUITE(ControlTextTest, TextControls);
 
 TYPED_TEST(ControlTextTest, GoesInAndOutWithTheStatedCounts)

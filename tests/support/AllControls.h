@@ -27,8 +27,9 @@ using AllControls = ClassList<GLabel, GButton, GCheckBox, GRadioButton, GCommand
                               GProgressBar, GSeparator, GScrollbar, GEdit, GComboBox, GList, GTree,
                               GNavigationBar, GRibbon, GRightClickMenu>;
 
-// Windows that are no controls: bases of hosts' classes, and what only another control makes.
-using NoControls = ClassList<GWindow2, GWndScroll, GDialog, GComboBoxList>;
+// Windows that are no controls: bases of hosts' classes, dialogs, and what only another control makes.
+using NoControls =
+    ClassList<GWindow2, GWndScroll, GDialog, GTaskDialog, GWizard, GWndCertFailure, GComboBoxList>;
 
 template <class... DECLARED> constexpr bool AreListed(ClassList<DECLARED...>)
 {
