@@ -12,6 +12,8 @@ import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+# Types of private fields, whose operations no host can reach.
+UNREACHABLE = {"ItemTheme", "TreeTheme"}
 # Known to every reader: what each class has by the platform's way, or by C++.
 COMMON = {"WindowProc", "DialogProc", "IsolationAwareRegisterClassW", "s_aClass"}
 
@@ -30,8 +32,8 @@ def code_of(path):
 
 
 class Scope:
-    def __init__(self, kind, name="", public=True):
-        self.kind, self.name, self.public = kind, name, public
+    def __init__(self, kind, name="", public=True, own=False):
+        self.kind, self.name, self.public, self.own = kind, name, public, own
 
 
 def declared_in(statement, scope):
@@ -61,10 +63,10 @@ def public_names(path):
     def in_gesso():
         return any(s.kind == "namespace" and s.name for s in scopes)
 
-    for token in re.findall(r"\bpublic:|\bprotected:|\bprivate:|[{};]|[^{};:]+|:", code_of(path)):
+    for token in re.split(r"(\b(?:public|protected|private):(?!:)|[{};])", code_of(path)):
         scope = scopes[-1]
         if token in ("public:", "protected:", "private:"):
-            scope.public, statement = token == "public:", ""
+            scope.public, statement = token == "public:" and not scope.own, ""
         elif token == "{":
             head = " ".join(statement.split())
             kind = re.match(r"(?:typedef )?(?:template ?<.*?> ?)?(class|struct|enum(?: class)?|union|namespace|extern)\b(.*)", head)
@@ -75,7 +77,7 @@ def public_names(path):
                 if name and word != "namespace" and is_open():
                     names.append((name, in_gesso() and "GESSO_API" not in head))
                 exported = not in_gesso() or "GESSO_API" in head or word in ("namespace", "enum")
-                scopes.append(Scope({"struct": "class", "union": "class"}.get(word, word), name, word != "class" and exported))
+                scopes.append(Scope({"struct": "class", "union": "class"}.get(word, word), name, word != "class" and exported and name not in UNREACHABLE, not exported or name in UNREACHABLE))
             else:
                 if is_open() and scope.kind != "enum":
                     names += [(n, in_gesso() and scope.kind != "class" and "GESSO_API" not in head) for n in declared_in(head, scope)]
