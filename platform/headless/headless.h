@@ -2,8 +2,8 @@
 //
 // Tests include this header beside platform/platform.h, make windows with the platform's own operations, act
 // as a user with the operations below, call Pump(), and look at what came of it. Each thread has a desktop of
-// its own: windows, input, clock, clipboard, records and trace. What the process has once (classes,
-// resources, graphics objects, the style, settings, the census, faults) all threads share. A thread destroys
+// its own: windows, input, clock, clipboard, records, trace and faults. What the process has once (classes,
+// resources, graphics objects, the style, settings, the census) all threads share. A thread destroys
 // its windows before it ends. Coordinates are pixels; those of the pointer are screen coordinates. Text is
 // UTF-8. docs/headless.md shows it at work.
 #pragma once
