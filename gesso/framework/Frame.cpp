@@ -63,6 +63,9 @@ GWnd* Frame::Attached(HWND hwnd)
 
 void Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
 {
+    // A host that makes the windows itself may tag two with one object. The former would go on with an object
+    // that answers for the other window, and its paints would never end.
+    Abandon(wnd);
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
     SetWindowLongW(hwnd, OWNER_WORD, fOwned ? WINDOW_OWNS : 0);
     wnd.m_hWnd = hwnd;

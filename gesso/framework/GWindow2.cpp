@@ -70,11 +70,11 @@ LRESULT CALLBACK GWindow2::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARA
 LRESULT GWindow2::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
-    case WM_DESTROY: return Quit(*this);
+    case WM_DESTROY: return Quit(m_hWnd);
     case WM_NCDESTROY: return End(*this, wParam, lParam);
     case WM_SETFOCUS:
     case WM_KILLFOCUS: return Repaint(*this);
-    case WM_CLOSE: return Close(*this, wParam, lParam);
+    case WM_CLOSE: return Close(m_hWnd, wParam, lParam);
     default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

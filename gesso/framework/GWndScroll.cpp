@@ -173,7 +173,7 @@ int GWndScroll::SetScrollPos(int nBar, int nPos, int bRedraw)
     if (bRedraw) {
         DrawScrollBar(nBar);
     }
-    return GetScrollPos(nBar);
+    return BarOf(nBar).si.nPos;
 }
 
 int GWndScroll::GetScrollInfo(int nBar, SCROLLINFO* psi) const
