@@ -1,7 +1,7 @@
 // Starting the library and making controls by number.
 //
-// Call InitControls once, on the thread that will use the windows, before the first control is made. There is
-// no call to end it: the default font and the window classes live until the process ends.
+// Call InitControls once before the first control is made; every thread that makes controls may call it.
+// There is no call to end it: the default font and the window classes live until the process ends.
 #pragma once
 
 #include <gesso/api.h>
