@@ -82,11 +82,6 @@ RECT GrowWindow(HWND hwnd, int cx, int cy)
     return rc;
 }
 
-HBRUSH DialogBrush()
-{
-    return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-}
-
 INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {

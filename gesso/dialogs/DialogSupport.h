@@ -40,9 +40,6 @@ HFONT FontOf(HWND hDlg);
 // The client rectangle's growth by cx and cy pixels, with no repaint, and then the client rectangle anew.
 RECT GrowWindow(HWND hwnd, int cx, int cy);
 
-// What the dialogs' backgrounds are filled with; not deleted.
-HBRUSH DialogBrush();
-
 // The tail of the white dialogs' switches: WM_CTLCOLOR..., and then what all dialogs answer alike.
 INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
 

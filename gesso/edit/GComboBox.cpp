@@ -7,6 +7,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/MakeOnce.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
@@ -19,12 +20,11 @@ constinit HCURSOR GComboBox::s_hIbeam = nullptr;
 namespace {
 
 constexpr int FIRST_TEXT_LIMIT = 30000;
-constexpr int DROPDOWN_DIALOG_UNITS = 150;
 constexpr GComboBox::HitTestInfo NO_HIT{{}, gesso::COMBO_OUTSIDE, 0};
 
 UINT FirstDropdownHeight(HWND hwndParent)
 {
-    RECT rc{0, 0, 0, DROPDOWN_DIALOG_UNITS};
+    RECT rc{0, 0, 0, gesso::Metrics::COMBO_DROPDOWN_HEIGHT};
     MapDialogRect(hwndParent, &rc); // leaves the units as pixels where the parent is no dialog
     return static_cast<UINT>(rc.bottom);
 }

@@ -50,4 +50,9 @@ HBRUSH SystemBrush(int nIndex)
     return GetSysColorBrush(nIndex);
 }
 
+HBRUSH DialogBrush()
+{
+    return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+}
+
 } // namespace gesso

@@ -51,4 +51,7 @@ COLORREF ColorOf(Color color);
 COLORREF SystemColor(int nIndex);
 HBRUSH SystemBrush(int nIndex);
 
+// What the dialogs' backgrounds are filled with; the platform's own white, and not deleted.
+HBRUSH DialogBrush();
+
 } // namespace gesso

@@ -51,6 +51,8 @@ inline constexpr Measure COMBO_ROW_HEIGHT{22};
 inline constexpr Measure COMBO_ROW_INSET{4}; // of a row's text, on each side
 // By which the list's background reaches beyond its client area.
 inline constexpr Measure COMBO_PANEL_OVERLAP{2};
+inline constexpr int COMBO_DROPDOWN_HEIGHT = 150; // of the open list, in dialog units
+
 // --- Lists
 inline constexpr Measure LIST_TITLE_FONT{13}; // of items and groups
 inline constexpr Measure LIST_FONT{12};

@@ -25,12 +25,12 @@ std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThum
     }
 }
 
-std::optional<int64_t> WheelTarget(const SCROLLINFO& si, int nDelta)
+std::optional<int64_t> WheelTarget(HWND hwnd, const SCROLLINFO& si, int nDelta)
 {
     if (static_cast<int>(si.nPage) >= RangeOf(si)) {
         return std::nullopt;
     }
-    return si.nPos - int64_t{nDelta / WHEEL_DELTA} * WheelLines() * Pixels(nullptr, Metrics::WHEEL_LINE);
+    return si.nPos - int64_t{nDelta / WHEEL_DELTA} * WheelLines() * Pixels(hwnd, Metrics::WHEEL_LINE);
 }
 
 } // namespace gesso

@@ -15,7 +15,7 @@ std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThum
 // The same for the wheel. None where all is in sight.
 // Fixed behaviour: 20 pixels a line, whatever a control's rows are high. A host that moves something along
 // with the wheel by itself would part from the control.
-std::optional<int64_t> WheelTarget(const SCROLLINFO& si, int nDelta);
+std::optional<int64_t> WheelTarget(HWND hwnd, const SCROLLINFO& si, int nDelta);
 
 // How many lines a notch of the wheel is to scroll.
 UINT WheelLines();

@@ -53,7 +53,7 @@ LRESULT GList::OnHScroll(UINT code, UINT position, HWND)
 
 LRESULT GList::OnMouseWheel(UINT, int delta, POINTS)
 {
-    const auto target = gesso::WheelTarget(m_siV, delta);
+    const auto target = gesso::WheelTarget(m_hWnd, m_siV, delta);
     if (!target) {
         return 0;
     }

@@ -58,7 +58,7 @@ struct TreeInput
 
     template <class CONTROL> static LRESULT OnMouseWheel(CONTROL& tree, int nDelta)
     {
-        const auto nTarget = WheelTarget(tree.m_siV, nDelta);
+        const auto nTarget = WheelTarget(tree.m_hWnd, tree.m_siV, nDelta);
         if (!nTarget) {
             return 0;
         }
