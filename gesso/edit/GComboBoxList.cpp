@@ -116,7 +116,7 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
     SetUpScrolling(pcs->cy - 2 * static_cast<int>(FrameSize().cy));
     m_hitDown = {{}, NO_INDEX, 0};
     m_hitMove = {{}, NO_INDEX};
-    m_nHot = m_pOwner->Selected();
+    ChangeHot(m_pOwner->Selected());
     return TRUE;
 }
 
@@ -356,6 +356,12 @@ LRESULT GComboBoxList::OnKeyDown(UINT uKey)
     return 0;
 }
 
+// The one place where the row that looks selected changes.
+void GComboBoxList::ChangeHot(UINT nItem)
+{
+    m_nHot = nItem;
+}
+
 // Fixed behaviour: the owner's text follows at once, so that Esc takes nothing back; a host that reads the
 // selection after Esc would find the former item.
 void GComboBoxList::MoveBy(int nRows)
@@ -366,7 +372,7 @@ void GComboBoxList::MoveBy(int nRows)
     if (fAtEdge || nLast < 0) {
         return;
     }
-    m_nHot = static_cast<UINT>(std::clamp(nSelected + nRows, 0, nLast));
+    ChangeHot(static_cast<UINT>(std::clamp(nSelected + nRows, 0, nLast)));
     m_pOwner->ChangeSelection(m_nHot);
     ShowRow(m_nHot);
     m_pOwner->Update(false);
@@ -389,7 +395,7 @@ LRESULT GComboBoxList::OnMouseMove(WPARAM, POINTS pt)
     }
     m_hitMove = {pt, HitTest(pt)};
     if (IsRow(m_hitMove.nItem) && m_hitMove.nItem != m_nHot) {
-        m_nHot = m_hitMove.nItem;
+        ChangeHot(m_hitMove.nItem);
         Invalidate(0);
     }
     return 0;

@@ -85,6 +85,7 @@ private:
     bool IsOverBar(POINTS ptScreen) const;
     POINTS BarPoint(POINTS ptScreen) const;
     UINT HitTest(POINTS pt) const;
+    void ChangeHot(UINT nItem);
     void MoveBy(int nRows);
     void ShowRow(UINT nItem);
     void ScrollTo(int nPos);

@@ -29,6 +29,7 @@
 // likely to answer with a state of its own are not const.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/containers/OArray.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/ItemTheme.h>
@@ -376,10 +377,10 @@ protected:
     HitTestInfo hitPress; // of the last press; all zero between presses
     HitTestInfo hitHot;   // under the pointer
     UINT columnCxAtPress = 0;
-    UINT cursorItem = static_cast<UINT>(-1);
-    UINT shiftAnchor = static_cast<UINT>(-1);
-    WORD keyMods = 0;                      // KEYMOD_ bits, as last seen
-    UINT lastItem = static_cast<UINT>(-1); // last acted on
+    UINT cursorItem = gesso::NO_INDEX;
+    UINT shiftAnchor = gesso::NO_INDEX;
+    WORD keyMods = 0;                // KEYMOD_ bits, as last seen
+    UINT lastItem = gesso::NO_INDEX; // last acted on
     // Fixed behaviour: a Group before any Sort sorts by the first column, descending. Another start would
     // turn the items of every grouped list around.
     UINT sortColumn = 0;

@@ -5,6 +5,7 @@
 // row below it. A row's own rectangle starts at that first row.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/list/ListRecords.h>
 
 #include <cstdint>
@@ -52,9 +53,9 @@ struct ListHit
 {
     static constexpr WORD NO_PART = 0xFFFF;
 
-    UINT item = static_cast<UINT>(-1); // item; of a group's row the group; LHI_HEADER
-    WORD subItem = NO_PART;            // element of the item's cell
-    WORD part = NO_PART;               // LHP_
+    UINT item = NO_INDEX;   // item; of a group's row the group; LHI_HEADER
+    WORD subItem = NO_PART; // element of the item's cell
+    WORD part = NO_PART;    // LHP_
 };
 
 // The pages and the last positions of the two bars.
