@@ -70,6 +70,21 @@ TEST_F(GWndTest, HostThatMakesTheWindowNamesItsObjectByTheTag)
     EXPECT_EQ(GetWindowLongW(hwnd, 8), 0) << "which stays the host's";
 }
 
+TEST_F(GWndTest, ObjectThatIsTaggedForASecondWindowLeavesTheFirst)
+{
+    stcCreateTag tag{0xFFFF, &button};
+    const auto make = [&] {
+        return CreateWindowExW(0, L"GButton", L"", CHILD, 0, 0, 80, 20, host, nullptr, nullptr, &tag);
+    };
+    const HWND first = make();
+    const HWND second = make();
+    EXPECT_EQ(button.GetHwnd(), second);
+    button.SetText(L"kept");
+    UpdateWindow(first);
+    EXPECT_TRUE(DestroyWindow(first));
+    EXPECT_EQ(button.GetTextLength(), 4) << "the text goes with the second window";
+}
+
 TEST_F(GWndTest, DeletingAnObjectLeavesItsWindowWithoutOne)
 {
     auto* pButton = new GButton;
