@@ -181,8 +181,10 @@ void EditLines::Note(TableChange::Kind kind, UINT nLine, UINT nFormer)
 
 void EditLines::SetLength(UINT nLine, UINT nLength)
 {
-    Note(TableChange::SET, nLine, m_aLines[nLine]);
-    m_aLines[nLine] = nLength;
+    if (m_aLines[nLine] != nLength) {
+        Note(TableChange::SET, nLine, m_aLines[nLine]);
+        m_aLines[nLine] = nLength;
+    }
 }
 
 void EditLines::InsertLine(UINT nLine, UINT nLength)
