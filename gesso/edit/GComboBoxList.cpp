@@ -210,6 +210,18 @@ bool GComboBoxList::IsRow(UINT nItem) const
     return nItem < FIRST_NO_ITEM && nItem < m_pItems->GetLength();
 }
 
+RECT GComboBoxList::RowRect(UINT nItem, int cx) const
+{
+    const int nTop = static_cast<int>(nItem) * ItemHeight() - m_siV.nPos;
+    return {0, nTop, cx, nTop + ItemHeight()};
+}
+
+// Whether there is such a row or not.
+UINT GComboBoxList::RowAt(int y) const
+{
+    return static_cast<UINT>((m_siV.nPos + y) / ItemHeight());
+}
+
 void GComboBoxList::Draw(HDC hdc)
 {
     RECT rcClient{};
@@ -223,10 +235,12 @@ void GComboBoxList::Draw(HDC hdc)
 
     const gesso::SelectScope font(hdc, m_hFont);
     const gesso::TransparentScope mode(hdc);
-    const int nFirst = m_siV.nPos / ItemHeight();
-    int y = nFirst * ItemHeight() - m_siV.nPos;
-    for (int n = nFirst; n < ItemCount() && y < rcClient.bottom; ++n, y += ItemHeight()) {
-        DrawRow(hdc, static_cast<UINT>(n), {0, y, rcClient.right, y + ItemHeight()});
+    for (UINT nItem = RowAt(0); IsRow(nItem); ++nItem) {
+        const RECT rc = RowRect(nItem, rcClient.right);
+        if (rc.top >= rcClient.bottom) {
+            break;
+        }
+        DrawRow(hdc, nItem, rc);
     }
 }
 
@@ -259,7 +273,7 @@ UINT GComboBoxList::HitTest(POINTS pt) const
     if (pt.y < 0) {
         return ABOVE;
     }
-    const auto nItem = static_cast<UINT>((m_siV.nPos + pt.y) / ItemHeight());
+    const UINT nItem = RowAt(pt.y);
     return IsRow(nItem) ? nItem : NO_INDEX;
 }
 
@@ -302,12 +316,11 @@ void GComboBoxList::ShowRow(UINT nItem)
     }
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
-    const int nTop = static_cast<int>(nItem) * ItemHeight();
-    const int nBottom = nTop + ItemHeight();
-    if (nTop < m_siV.nPos) {
-        ScrollTo(nTop);
-    } else if (nBottom > m_siV.nPos + rcClient.bottom) {
-        ScrollTo(nBottom - static_cast<int>(rcClient.bottom));
+    const RECT rc = RowRect(nItem, rcClient.right);
+    if (rc.top < 0) {
+        ScrollTo(m_siV.nPos + rc.top);
+    } else if (rc.bottom > rcClient.bottom) {
+        ScrollTo(m_siV.nPos + rc.bottom - rcClient.bottom);
     } else {
         RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     }

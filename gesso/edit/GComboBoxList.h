@@ -84,6 +84,9 @@ private:
     SIZE FrameSize() const;
     bool IsOverBar(POINTS ptScreen) const;
     POINTS BarPoint(POINTS ptScreen) const;
+    // Of the client area.
+    RECT RowRect(UINT nItem, int cx) const;
+    UINT RowAt(int y) const;
     UINT HitTest(POINTS pt) const;
     void ChangeHot(UINT nItem);
     void MoveBy(int nRows);
