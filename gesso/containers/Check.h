@@ -23,10 +23,21 @@ inline bool Check(const OString<wchar_t>& str)
     return pData->nBufferLength == pData->nLength + 1 && psz[pData->nLength] == 0;
 }
 
-template <class TYPE> constexpr bool Check(const TYPE&)
+// Elements that are strings or arrays hold by themselves; of others there is nothing to say. Check itself
+// does not take them, so that a call for what has no check does not build.
+template <class TYPE> constexpr bool CheckElement(const TYPE&)
 {
     return true;
 }
+inline bool CheckElement(const OStringEx<wchar_t>& str)
+{
+    return Check(str);
+}
+inline bool CheckElement(const OString<wchar_t>& str)
+{
+    return Check(str);
+}
+template <class TYPE, class ARG_TYPE> bool CheckElement(const OArray<TYPE, ARG_TYPE>& a);
 
 // The elements lie inside the block, and there is one just where there is capacity; each holds by itself. Not
 // of an array that was moved from, which keeps its capacity without a block.
@@ -34,7 +45,13 @@ template <class TYPE, class ARG_TYPE> bool Check(const OArray<TYPE, ARG_TYPE>& a
 {
     const bool fBlock =
         a.GetLength() <= a.GetBufferLength() && (a.GetData() != nullptr) == (a.GetBufferLength() > 0);
-    return fBlock && std::all_of(a.begin(), a.end(), [](const TYPE& element) { return Check(element); });
+    return fBlock &&
+           std::all_of(a.begin(), a.end(), [](const TYPE& element) { return CheckElement(element); });
+}
+
+template <class TYPE, class ARG_TYPE> bool CheckElement(const OArray<TYPE, ARG_TYPE>& a)
+{
+    return Check(a);
 }
 
 } // namespace gesso
