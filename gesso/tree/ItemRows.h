@@ -182,7 +182,9 @@ public:
             nFirst += pChunk->nCount;
             std::for_each_n(pChunk->aItems, pChunk->nCount, [&](const ITEM* item) { ++shown[item]; });
         }
-        return m_shown.GetLength() == nFirst &&
+        const bool fPublished = m_chunks.empty() || (m_shown.m_ppFirst == m_chunks.data() &&
+                                                     m_shown.m_ppEnd == m_chunks.data() + m_chunks.size());
+        return fPublished && m_shown.GetLength() == nFirst &&
                std::all_of(shown.begin(), shown.end(),
                            [this](const auto& entry) { return CheckItem(entry.first, entry.second); });
     }

@@ -5,6 +5,7 @@
 #include <gesso/tree/ItemTree.h>
 
 #include <memory>
+#include <utility>
 
 namespace gesso {
 
@@ -37,7 +38,7 @@ template <class ITEM> VisibleRows<ITEM>::VisibleRows(const VisibleRows& other) :
 template <class ITEM> VisibleRows<ITEM>& VisibleRows<ITEM>::operator=(const VisibleRows& other)
 {
     if (this != &other) {
-        delete m_inside;
+        delete std::exchange(m_inside, nullptr);
         m_inside = std::make_unique<TreeInside<ITEM>>(*other.m_inside, *this).release();
     }
     return *this;
