@@ -1,5 +1,6 @@
 // TextField: caret, anchor and text of an editable field, and what the user's edits do to them. GEdit and the
-// field of GComboBox, which is a text of one line, are both made of it. It needs no window.
+// field of GComboBox, which is a text of one line, are both made of it. Only Copy needs a window, which the
+// clipboard asks for.
 //
 // It is a copy of the control's caret and anchor, taken for one operation: the control writes them back in
 // one place, its ChangeField, and reads them anew after anything that sends messages. Caret and anchor are
