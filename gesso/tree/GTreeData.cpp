@@ -174,13 +174,15 @@ void GTree::SetRootVisible(bool fVisible)
 void GTree::ItemInserted(const TreeItem& item, bool fShown)
 {
     const UINT rowFormer = m_nSelected;
+    const bool fFirst = item.pParent->aChildren.GetLength() == 1;
+    // Bars that come or go let the parent draw, which may remove the item.
     if (!UpdateScrollbars()) {
         return;
     }
     View().FindSelectedRow();
     if (fShown) {
         TreeActions::RedrawAll(*this); // the thumb too
-    } else if (item.pParent->aChildren.GetLength() == 1 || m_nSelected != rowFormer) {
+    } else if (fFirst || m_nSelected != rowFormer) {
         Invalidate(0);
     }
 }

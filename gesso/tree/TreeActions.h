@@ -41,10 +41,14 @@ struct TreeActions
         if (!item) {
             return;
         }
+        const auto hold = tree.View().Hold(item);
         if (tree.View().RemoveRows(*item) && !RedrawWithBars(tree)) {
             return;
         }
-        tree.DeleteItem(item);
+        // The parent may have removed it as well, while it drew beside bars that went.
+        if (tree.View().IsInTree(item)) {
+            tree.DeleteItem(item);
+        }
     }
 
     template <class CONTROL> static void RemoveAllItems(CONTROL& tree)
