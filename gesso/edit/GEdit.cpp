@@ -29,6 +29,12 @@ UINT FlagsOf(LPARAM lParam)
     return HIWORD(lParam);
 }
 
+// The lower half of its address: it must fit where the values were.
+UINT MarkOf(const GEdit& edit)
+{
+    return static_cast<UINT>(reinterpret_cast<UINT_PTR>(&edit));
+}
+
 } // namespace
 
 ATOM GEdit::IsolationAwareRegisterClassW()
@@ -53,11 +59,12 @@ struct GEdit::Layout
     static_assert(offsetof(GEdit, m_nCaretChar) == 252);
     static_assert(offsetof(GEdit, m_nAnchorLine) == 256);
     static_assert(offsetof(GEdit, m_nAnchorChar) == 260);
-    static_assert(sizeof(GEdit) <= 280);
+    static_assert(offsetof(GEdit, m_inside) == 264 && offsetof(GEdit, m_nInsideMark) == 272);
+    static_assert(sizeof(GEdit) == 280);
 #pragma GCC diagnostic pop
 };
 
-GEdit::GEdit() : m_strText(gesso::EditLines::FIRST_CAPACITY), m_inside(new Inside(*this))
+GEdit::GEdit() : m_strText(gesso::EditLines::FIRST_CAPACITY)
 {
     m_aLines.Add(0);
     gesso::MakeOnce(s_hIbeam, gesso::LoadIBeam);
@@ -67,10 +74,10 @@ GEdit::GEdit(const GEdit& other)
     : GWndScroll(other), m_hTheme(other.m_hTheme), m_hFont(other.m_hFont), m_nMargin(other.m_nMargin),
       m_strText(other.m_strText), m_aLines(other.m_aLines), m_hitDown(other.m_hitDown),
       m_hitMove(other.m_hitMove), m_nCaretLine(other.m_nCaretLine), m_nCaretChar(other.m_nCaretChar),
-      m_nAnchorLine(other.m_nAnchorLine), m_nAnchorChar(other.m_nAnchorChar), m_inside(new Inside(*this))
+      m_nAnchorLine(other.m_nAnchorLine), m_nAnchorChar(other.m_nAnchorChar)
 {
-    m_inside->fCaret = other.m_inside->fCaret;
-    m_inside->chRefused = other.m_inside->chRefused;
+    Own().fCaret = other.Own().fCaret;
+    Own().chRefused = other.Own().chRefused;
 }
 
 GEdit& GEdit::operator=(const GEdit& other)
@@ -84,15 +91,31 @@ GEdit& GEdit::operator=(const GEdit& other)
     m_hitDown = other.m_hitDown;
     m_hitMove = other.m_hitMove;
     ChangeField(other.Field());
-    m_inside->lines.ForgetWrapping();
-    m_inside->fCaret = other.m_inside->fCaret;
-    m_inside->chRefused = other.m_inside->chRefused;
+    Own().lines.ForgetWrapping();
+    Own().fCaret = other.Own().fCaret;
+    Own().chRefused = other.Own().chRefused;
     return *this;
 }
 
 GEdit::~GEdit()
 {
-    delete m_inside;
+    if (HasOwn()) {
+        delete m_inside;
+    }
+}
+
+bool GEdit::HasOwn() const
+{
+    return m_inside && m_nInsideMark == MarkOf(*this);
+}
+
+GEdit::Inside& GEdit::Own() const
+{
+    if (!HasOwn()) {
+        m_inside = new Inside(const_cast<GEdit&>(*this)); // which changes nothing of it until it is asked to
+        m_nInsideMark = MarkOf(*this);
+    }
+    return *m_inside;
 }
 
 HWND GEdit::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwStyle,
@@ -116,7 +139,7 @@ int GEdit::Destroy()
 void GEdit::SetFont(HFONT hFont)
 {
     m_hFont = hFont;
-    m_inside->lines.ForgetWrapping();
+    Own().lines.ForgetWrapping();
 }
 
 HFONT GEdit::GetFont() const
@@ -162,7 +185,7 @@ LRESULT GEdit::OnSetFocus(HWND)
 {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     gesso::CreateTextCaret(m_hWnd, m_hFont);
-    m_inside->fCaret = true;
+    Own().fCaret = true;
     UpdateCursorPos();
     ShowCaret(m_hWnd);
     Frame::SendNotify(*this, static_cast<UINT>(NM_SETFOCUS));
@@ -172,7 +195,7 @@ LRESULT GEdit::OnSetFocus(HWND)
 LRESULT GEdit::OnKillFocus(HWND)
 {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
-    m_inside->fCaret = false;
+    Own().fCaret = false;
     DestroyCaret();
     Frame::SendNotify(*this, static_cast<UINT>(NM_KILLFOCUS));
     return 0;
@@ -200,7 +223,7 @@ LRESULT GEdit::OnGetTextLength() const
 
 LRESULT GEdit::OnSetFont(HFONT hFont, UINT uRedraw)
 {
-    m_inside->lines.ForgetWrapping();
+    Own().lines.ForgetWrapping();
     return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
 }
 
@@ -211,7 +234,7 @@ LRESULT GEdit::OnGetFont() const
 
 LRESULT GEdit::OnStyleChanged()
 {
-    m_inside->lines.ForgetWrapping();
+    Own().lines.ForgetWrapping();
     return Frame::OnStyleChanged(*this);
 }
 

@@ -201,5 +201,13 @@ private:
     bool WrapsWhenTyped() const;
     bool HasRoomForTyped(gesso::TextField& field) const;
 
-    Inside* m_inside;
+    // Made when it is first asked for. A copy has one of its own.
+    //
+    // Fixed behaviour: the pointer counts only with the mark of this object behind it. Programs that were
+    // built when plain values stood here copy them by code of their own, and such a copy has the pointer of
+    // the other, in part; it would write into what is another's, and release it.
+    Inside& Own() const;
+    bool HasOwn() const;
+    mutable Inside* m_inside = nullptr;
+    mutable UINT m_nInsideMark = 0;
 };

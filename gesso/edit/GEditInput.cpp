@@ -169,8 +169,8 @@ LRESULT GEdit::OnEnter()
 LRESULT GEdit::OnTyped(wchar_t ch)
 {
     TextField field = Field();
-    const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && m_inside->chRefused;
-    m_inside->chRefused = 0;
+    const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && Own().chRefused;
+    Own().chRefused = 0;
     field.RemoveSelection();
     if (ch && !fRestOfRefused) {
         InsertIfRoom(field, ch);
@@ -185,7 +185,7 @@ void GEdit::InsertIfRoom(TextField& field, wchar_t ch)
     if (HasRoomForTyped(field)) {
         return;
     }
-    field.PutCaret(typed.TakeBack(&m_inside->chRefused));
+    field.PutCaret(typed.TakeBack(&Own().chRefused));
     if (WrapsWhenTyped()) {
         Repair(field);
     }

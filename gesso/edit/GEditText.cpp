@@ -13,7 +13,7 @@ using gesso::TextField;
 
 TextField GEdit::Field() const
 {
-    return {m_inside->lines, {m_nCaretLine, m_nCaretChar}, {m_nAnchorLine, m_nAnchorChar}};
+    return {Own().lines, {m_nCaretLine, m_nCaretChar}, {m_nAnchorLine, m_nAnchorChar}};
 }
 
 // The one place that changes the selection, after every edit as well.
@@ -56,8 +56,8 @@ void GEdit::CalcHighliteOfLine(int& nFrom, int& nTo, UINT nLine) const
 
 void GEdit::BeOneLine()
 {
-    m_inside->lines.BeOneLine();
-    ChangeField({m_inside->lines, {}, {}});
+    Own().lines.BeOneLine();
+    ChangeField({Own().lines, {}, {}});
 }
 
 void GEdit::StartText(LPCWSTR pszText)
@@ -84,12 +84,12 @@ UINT GEdit::LengthOfLine(UINT nLine, UINT nOffset) const
         Misuse("GEdit::LengthOfLine: no such line");
         return 0;
     }
-    return m_inside->lines.LengthWithBreak(nLine, nOffset);
+    return Own().lines.LengthWithBreak(nLine, nOffset);
 }
 
 UINT GEdit::OffsetOfLine(UINT nLine) const
 {
-    return m_inside->lines.OffsetOfLine(nLine);
+    return Own().lines.OffsetOfLine(nLine);
 }
 
 // --- Edits

@@ -72,7 +72,7 @@ void GEdit::Draw(HDC hdc)
 void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
 {
     const gesso::TextMeasure measure(hdc, IsMasked());
-    const gesso::EditLines& lines = m_inside->lines;
+    const gesso::EditLines& lines = Own().lines;
     const int nHeight = measure.LineHeight();
     const int nInset = m_nMargin + 1;
     RECT rcLine{nInset, nInset, rcClient.right - nInset + GetScrollPos(SB_HORZ), nInset + nHeight};
@@ -152,7 +152,7 @@ void GEdit::HitTest(HitTestInfo* pInfo) const
     const int nHeight = measure->LineHeight();
     pInfo->nLine =
         y > 0 && nHeight > 0 ? std::min(static_cast<UINT>(y / nHeight), m_aLines.GetLength() - 1) : 0;
-    const gesso::EditLines& lines = m_inside->lines;
+    const gesso::EditLines& lines = Own().lines;
     const UINT nOffset = lines.OffsetOfLine(pInfo->nLine);
     pInfo->nChar = measure->CountBefore(lines.TextAt(nOffset), lines.LengthWithin(pInfo->nLine, nOffset), x);
 }
@@ -180,7 +180,7 @@ void GEdit::UpdateCursorPos()
     if (!m_hWnd) {
         return;
     }
-    const gesso::EditLines& lines = m_inside->lines;
+    const gesso::EditLines& lines = Own().lines;
     const gesso::Place caret = Field().Caret();
     const UINT nOffset = lines.OffsetOfLine(caret.nLine);
     const UINT nBefore = std::min(caret.nChar, lines.LengthWithin(caret.nLine, nOffset));
@@ -200,7 +200,7 @@ void GEdit::UpdateCursorPos()
         SetScrollPos(SB_HORZ, nPos, FALSE);
     }
     // Another window's caret stays where it is.
-    if (m_inside->fCaret) {
+    if (Own().fCaret) {
         SetCaretPos(x - nPos, extent.cy * static_cast<int>(caret.nLine) + rcText.top);
     }
 }

@@ -68,7 +68,7 @@ int GEdit::DoesFitLine(UINT nLine) const
         Misuse("GEdit::DoesFitLine: no such line");
         return 0;
     }
-    const EditLines& lines = m_inside->lines;
+    const EditLines& lines = Own().lines;
     const UINT nOffset = lines.OffsetOfLine(nLine);
     return ClientMeasure(*this).Compare(lines.TextAt(nOffset), lines.LengthWithin(nLine, nOffset)) < 0;
 }
@@ -87,7 +87,7 @@ int GEdit::LeftWordBreak(UINT nLine, UINT nOffset) const
         return 0;
     }
     const UINT nLength = m_aLines[nLine];
-    return -static_cast<int>(nLength - m_inside->lines.ShorterByWord(nOffset, nLength));
+    return -static_cast<int>(nLength - Own().lines.ShorterByWord(nOffset, nLength));
 }
 
 int GEdit::RightWordBreak(UINT nLine, UINT nOffset) const
@@ -96,7 +96,7 @@ int GEdit::RightWordBreak(UINT nLine, UINT nOffset) const
         Misuse("GEdit::RightWordBreak: no such line");
         return 0;
     }
-    const EditLines& lines = m_inside->lines;
+    const EditLines& lines = Own().lines;
     const UINT nLength = m_aLines[nLine];
     UINT i = lines.LongerByWord(nOffset, nLength);
     // Fixed behaviour: a line end is no space here, though wrapping stops at it; a derived class would be

@@ -25,28 +25,41 @@ template <class ITEM> struct TreeInside
 };
 
 // Made once the record itself is there, into which the rows are published.
-template <class ITEM> VisibleRows<ITEM>::VisibleRows() : m_inside(nullptr)
+template <class ITEM> VisibleRows<ITEM>::VisibleRows() : m_pOwner(this)
 {
     m_inside = std::make_unique<TreeInside<ITEM>>(*this).release();
 }
 
-template <class ITEM> VisibleRows<ITEM>::VisibleRows(const VisibleRows& other) : m_inside(nullptr)
+template <class ITEM> VisibleRows<ITEM>::VisibleRows(const VisibleRows& other) : m_pOwner(this)
 {
-    m_inside = std::make_unique<TreeInside<ITEM>>(*other.m_inside, *this).release();
+    m_inside = std::make_unique<TreeInside<ITEM>>(other.Inside(), *this).release();
 }
 
 template <class ITEM> VisibleRows<ITEM>& VisibleRows<ITEM>::operator=(const VisibleRows& other)
 {
     if (this != &other) {
+        TreeInside<ITEM>& inside = other.Inside();
+        Inside(); // of its own, to be deleted
         delete std::exchange(m_inside, nullptr);
-        m_inside = std::make_unique<TreeInside<ITEM>>(*other.m_inside, *this).release();
+        m_inside = std::make_unique<TreeInside<ITEM>>(inside, *this).release();
     }
     return *this;
 }
 
 template <class ITEM> VisibleRows<ITEM>::~VisibleRows()
 {
-    delete m_inside;
+    if (HasOwn()) {
+        delete m_inside;
+    }
+}
+
+// Of a copy that another program's code has made: the items of the tree that it was made from, which must
+// still be there, and the rows that it has now.
+template <class ITEM> void VisibleRows<ITEM>::MakeOwn() const
+{
+    m_ppFirst = m_ppEnd = nullptr;
+    m_pOwner = this;
+    m_inside = std::make_unique<TreeInside<ITEM>>(*m_inside, const_cast<VisibleRows&>(*this)).release();
 }
 
 } // namespace gesso

@@ -52,11 +52,20 @@ public:
     }
     ITEM* GetAt(UINT row) const { return (*this)[row]; }
 
-    TreeInside<ITEM>& Inside() const { return *m_inside; }
+    TreeInside<ITEM>& Inside() const
+    {
+        if (!HasOwn()) {
+            MakeOwn();
+        }
+        return *m_inside;
+    }
 
 private:
     friend class ItemRows<ITEM>;
     using Chunk = RowChunk<ITEM>;
+
+    bool HasOwn() const { return m_pOwner == this; }
+    void MakeOwn() const;
 
     // The chunk of a row that exists. Rows are mostly asked for one after the other.
     size_t ChunkOf(UINT row) const
@@ -74,12 +83,14 @@ private:
     }
 
     // Fixed behaviour: the chunks' two ends and the last one asked for keep their places, and the record its
-    // size; derived classes that were compiled earlier have the reading of rows in their own code.
-    TreeInside<ITEM>* m_inside;
-    void* m_pReserved1 = nullptr;
-    Chunk* const* m_ppFirst = nullptr;
-    Chunk* const* m_ppEnd = nullptr;
-    void* m_pReserved2 = nullptr;
+    // size; derived classes that were compiled earlier have the reading of rows in their own code. They copy
+    // a tree by code of their own as well: such a copy has the other's pointer, no owner, or one that is not
+    // itself, and chunks of its own. It would release what is the other's.
+    mutable TreeInside<ITEM>* m_inside = nullptr;
+    void* m_pReserved = nullptr; // they count by it, where it is not null
+    mutable Chunk* const* m_ppFirst = nullptr;
+    mutable Chunk* const* m_ppEnd = nullptr;
+    mutable const void* m_pOwner = nullptr; // whose the pointer is
     mutable size_t m_iLastChunk = 0;
 };
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <random>
 
@@ -138,6 +139,30 @@ TEST_F(ItemRowsTest, OnceACopyIsGoneTheFirstSearchTellsTheNextOneWhereToLook)
     ASSERT_FALSE(item->place.pChunk);
     EXPECT_EQ(rows.Find(item), 0u);
     EXPECT_TRUE(item->place.pChunk);
+}
+
+// As a program copies a tree whose code was compiled when the rows were their own owner: the pointer alone,
+// and chunks of its own, of which this copy has none.
+TEST_F(ItemRowsTest, ACopyMadeByOlderCodeReleasesNothingOfTheTreeAndGetsRowsOfItsOwn)
+{
+    TreeItem* item = shown.Inside().tree.Insert(*shown.Inside().tree.Root(), 0, L"item");
+    shown.Inside().rows.Insert(0, item);
+    struct OldCopy
+    {
+        explicit OldCopy(const VisibleRows<TreeItem>& rows) { std::memcpy(bytes, &rows, sizeof(void*)); }
+        ~OldCopy() { Rows().~VisibleRows(); }
+        VisibleRows<TreeItem>& Rows() { return *reinterpret_cast<VisibleRows<TreeItem>*>(bytes); }
+        alignas(VisibleRows<TreeItem>) unsigned char bytes[sizeof(VisibleRows<TreeItem>)]{};
+    };
+    OldCopy(shown).Rows();
+    EXPECT_EQ(shown.Inside().tree.Root()->aChildren.GetLength(), 1u) << "still there";
+    OldCopy copy(shown);
+    copy.Rows().Inside().rows.Remove(0, 1);
+    EXPECT_EQ(copy.Rows().GetLength(), 0u);
+    EXPECT_EQ(shown.GetLength(), 1u);
+    EXPECT_EQ(shown[0], item);
+    const VisibleRows<TreeItem> copyOfCopy(OldCopy(shown).Rows());
+    EXPECT_EQ(copyOfCopy[0], item);
 }
 
 TEST_F(ItemRowsTest, HandlesAreKnownWithoutALookAtWhatTheyPointTo)

@@ -2,6 +2,10 @@
 
 #include "LineModel.h"
 
+#include <gesso/edit/GEdit.h>
+
+#include <cstring>
+
 namespace {
 
 using namespace test;
@@ -167,6 +171,23 @@ TEST(EditLines, CheckFindsLinesThatAreNotTheText)
     EXPECT_FALSE(model.lines.Check()) << "no line";
     model.table.Add(UINT(-1));
     EXPECT_FALSE(model.lines.Check()) << "beyond all";
+}
+
+// As a program copies an edit control that was built when plain values stood where the pointer is: all bytes
+// of it but one, and what stands behind it.
+TEST(EditLines, AnEditControlKeepsItsLinesApartFromACopyMadeByOlderCode)
+{
+    constexpr size_t PLACE = 264;
+    GEdit edit;
+    edit.SetText(L"original");
+    GEdit copy;
+    auto* pTo = reinterpret_cast<unsigned char*>(static_cast<void*>(&copy)) + PLACE;
+    const auto* pFrom = reinterpret_cast<const unsigned char*>(static_cast<const void*>(&edit)) + PLACE;
+    std::memcpy(pTo, pFrom, 12);
+    pTo[1] = 0xcd;
+    copy.SetText(L"copy");
+    EXPECT_EQ(copy.GetTextLength(), 4);
+    EXPECT_EQ(edit.GetTextLength(), 8);
 }
 
 } // namespace
