@@ -10,6 +10,7 @@
 // nResult to non-zero; a page that does not answer refuses. Cancel, Esc and the close box ask nobody.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/containers/OArray.h>
 #include <gesso/dialogs/GDialog.h>
 #include <gesso/framework/Owned.h>
@@ -64,7 +65,7 @@ static_assert(offsetof(GWIZARDCONFIG, pszTitle) == 8 && offsetof(GWIZARDCONFIG, 
 class GESSO_API GWizard : public GDialog
 {
 public:
-    static constexpr UINT NO_PAGE = 0xFFFFFFFF;
+    static constexpr UINT NO_PAGE = gesso::NO_INDEX;
 
     // A wizard without a configuration; a subclass sets m_pConfig.
     GWizard() = default;

@@ -17,6 +17,7 @@
 // takes no focus and no keys.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/ribbon/OwnedSet.h>
@@ -27,7 +28,7 @@ class GRibbonPage;
 constexpr UINT RIBBON_TAB_VISIBLE = 0x1;
 
 // No tab, group or item.
-constexpr UINT RIBBON_NONE = 0xFFFFFFFF;
+constexpr UINT RIBBON_NONE = gesso::NO_INDEX;
 
 struct RibbonTab
 {
