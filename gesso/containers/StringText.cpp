@@ -120,8 +120,8 @@ TextSpan Trimmed(TextSpan text, TextSpan set, TrimEnds ends)
 
 TextSpan BlankSet()
 {
-    static constexpr wchar_t s_aBlanks[] = {L' ', L'\t', L'\r', L'\n'};
-    return {s_aBlanks, std::size(s_aBlanks)};
+    static constexpr wchar_t BLANKS[] = {L' ', L'\t', L'\r', L'\n'};
+    return {BLANKS, std::size(BLANKS)};
 }
 
 TextSpan FindStringResource(UINT nId, HINSTANCE hInst)

@@ -8,8 +8,8 @@ namespace {
 
 locale_t Unicode()
 {
-    static const locale_t s_unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return s_unicode;
+    static const locale_t UNICODE_LOCALE = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return UNICODE_LOCALE;
 }
 
 } // namespace

@@ -122,7 +122,7 @@ const wchar_t* Formatter::ParseSize(const wchar_t* at, Conversion::Size& size)
     {
         const wchar_t* spelling;
         Conversion::Size size;
-    } s_sizes[] = {
+    } SIZES[] = {
         {L"I64", Conversion::Size::LongLong}, {L"I32", Conversion::Size::Default},
         {L"I", Conversion::Size::LongLong},   {L"ll", Conversion::Size::LongLong},
         {L"l", Conversion::Size::Long},       {L"hh", Conversion::Size::Char},
@@ -130,7 +130,7 @@ const wchar_t* Formatter::ParseSize(const wchar_t* at, Conversion::Size& size)
         {L"z", Conversion::Size::LongLong},   {L"j", Conversion::Size::LongLong},
         {L"t", Conversion::Size::LongLong},   {L"L", Conversion::Size::LongDouble},
     };
-    for (const auto& candidate : s_sizes) {
+    for (const auto& candidate : SIZES) {
         const size_t length = wcslen(candidate.spelling);
         if (wcsncmp(at, candidate.spelling, length) == 0) {
             size = candidate.size;

@@ -19,11 +19,11 @@ struct Fault
 // By place in the table. Each thread orders its own.
 std::map<size_t, Fault>& Faults()
 {
-    thread_local std::map<size_t, Fault> t_faults;
-    return t_faults;
+    thread_local std::map<size_t, Fault> s_faults;
+    return s_faults;
 }
 
-constinit thread_local Caller t_caller = Caller::Program;
+constinit thread_local Caller s_caller = Caller::Program;
 
 } // namespace
 
@@ -66,7 +66,7 @@ void ClearFaults()
 bool FaultFires(Operation operation)
 {
     const TableLock lock;
-    if (t_caller == Caller::Platform || Faults().empty()) {
+    if (s_caller == Caller::Platform || Faults().empty()) {
         return false;
     }
     const auto found = Faults().find(operation.Place());
@@ -86,11 +86,11 @@ bool FaultFires(Operation operation)
     return true;
 }
 
-CallsBy::CallsBy(Caller caller) : m_former(std::exchange(t_caller, caller)) {}
+CallsBy::CallsBy(Caller caller) : m_former(std::exchange(s_caller, caller)) {}
 
 CallsBy::~CallsBy()
 {
-    t_caller = m_former;
+    s_caller = m_former;
 }
 
 } // namespace gesso::headless

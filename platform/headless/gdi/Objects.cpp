@@ -64,8 +64,8 @@ Object* FindObject(HANDLE handle)
 
 HBITMAP DefaultBitmap()
 {
-    static const auto s_bitmap = MakeStock<HBITMAP, Bitmap>(1, 1, 1);
-    return s_bitmap;
+    static const auto STOCK_BITMAP = MakeStock<HBITMAP, Bitmap>(1, 1, 1);
+    return STOCK_BITMAP;
 }
 
 } // namespace gesso::headless

@@ -33,7 +33,7 @@ template <typename OPERATION> FARPROC Address(OPERATION operation)
     return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(operation));
 }
 
-const Export s_commonControls[] = {
+const Export COMMON_CONTROLS[] = {
     {"ImageList_Add", Address(ImageList_Add)},
     {"ImageList_Create", Address(ImageList_Create)},
     {"ImageList_Destroy", Address(ImageList_Destroy)},
@@ -44,8 +44,7 @@ const Export s_commonControls[] = {
 Module s_modules[] = {
     {L"host.exe", L"C:\\Program Files\\Host\\host.exe", nullptr, 0, 1},
     {L"gesso.dll", L"C:\\Program Files\\Host\\gesso.dll", nullptr, 0, 1},
-    {L"comctl32.dll", L"C:\\Windows\\System32\\comctl32.dll", s_commonControls, std::size(s_commonControls),
-     0},
+    {L"comctl32.dll", L"C:\\Windows\\System32\\comctl32.dll", COMMON_CONTROLS, std::size(COMMON_CONTROLS), 0},
 };
 
 HMODULE HandleOf(Module& module)
@@ -74,7 +73,7 @@ BOOL AttachLibrary()
     return DllMain(LibraryModule(), DLL_PROCESS_ATTACH, nullptr);
 }
 
-const BOOL s_attached = AttachLibrary();
+const BOOL ATTACHED = AttachLibrary();
 
 } // namespace
 
