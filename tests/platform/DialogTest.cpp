@@ -150,10 +150,10 @@ TEST_F(DialogTest, TabGoesRoundTheUsableStopsAndIntoControlParents)
 
 TEST_F(DialogTest, ArrowsStayInTheGroupAndSelectAutomaticRadioButtons)
 {
-    constexpr DWORD radio = BS_AUTORADIOBUTTON;
-    Create({{radio | WS_TABSTOP | WS_GROUP, 1, L"BUTTON", L""},
-            {radio, 2, L"BUTTON", L""},
-            {radio, 3, L"BUTTON", L""},
+    constexpr DWORD RADIO = BS_AUTORADIOBUTTON;
+    Create({{RADIO | WS_TABSTOP | WS_GROUP, 1, L"BUTTON", L""},
+            {RADIO, 2, L"BUTTON", L""},
+            {RADIO, 3, L"BUTTON", L""},
             {TAB_STOP | WS_GROUP, 4, L"BUTTON", L""}});
     EXPECT_EQ(FocusAfter(VK_DOWN), 2);
     EXPECT_EQ(IsDlgButtonChecked(m_dialog, 2), UINT{BST_CHECKED});

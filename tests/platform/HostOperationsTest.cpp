@@ -118,13 +118,14 @@ TEST_F(HostOperationsTest, ThreadMonitorKeysAndClockAnswer)
     EXPECT_EQ(MonitorFromPoint({5, 5}, MONITOR_DEFAULTTONULL), MonitorFromWindow(top, MONITOR_DEFAULTTONULL));
     EXPECT_EQ(MonitorFromPoint({-30000, 0}, MONITOR_DEFAULTTONULL), nullptr);
 
+    constexpr int KEY = 'K';
     BYTE keys[256]{};
-    keys['K'] = 0x80;
+    keys[KEY] = 0x80;
     SetKeyboardState(keys);
-    keys['K'] = 0;
+    keys[KEY] = 0;
     EXPECT_TRUE(GetKeyboardState(keys));
-    EXPECT_EQ(keys['K'] & 0x80, 0x80);
-    keys['K'] = 0;
+    EXPECT_EQ(keys[KEY] & 0x80, 0x80);
+    keys[KEY] = 0;
     SetKeyboardState(keys);
 
     const ULONGLONG start = GetTickCount64();

@@ -48,9 +48,9 @@ size_t PlaceOf(const std::vector<Window*>& controls, HWND hwnd)
 
 // Goes round the controls of [first, last) from the one behind `from`, which comes last itself. With no
 // control to start from it begins at an end.
-template <typename Wanted>
+template <typename WANTED>
 HWND NextOf(const std::vector<Window*>& controls, size_t first, size_t last, size_t from, bool previous,
-            Wanted wanted)
+            WANTED wanted)
 {
     const size_t count = last - first;
     const bool fresh = from >= last;
