@@ -143,7 +143,8 @@ TEST_F(GScrollbarTest, DraggingTheThumbTellsLimitedPositions)
     EXPECT_EQ(drag(70), Reports{});
 }
 
-// There is no answer to a loss of the capture: hosts know the bar so.
+// There is no answer to a loss of the capture: a host that takes the capture in a notification would end the
+// drag.
 TEST_F(GScrollbarTest, CaptureThatGoesElsewhereLeavesTheDragUntilTheRelease)
 {
     ShowHalf();

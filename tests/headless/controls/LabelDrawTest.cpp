@@ -49,7 +49,7 @@ TEST_F(LabelDrawTest, EtchedLinesAndEmptiness)
     DeleteObject(hBitmap);
 }
 
-// Heights and widths that are not the image's own are what hosts know.
+// Heights and widths are not the image's own: with those, the images of such labels would be scaled anew.
 TEST_F(LabelDrawTest, ImagePlacesAndExtents)
 {
     const HBITMAP hBitmap = CreateBitmap(16, 12, 1, 32, nullptr);

@@ -77,7 +77,8 @@ TEST_F(ScrollbarDrawTest, StatesByPressAndPointer)
     bar.SetHits(0, 0);
 }
 
-// The two divide and multiply in different orders; hosts know the bar so.
+// The two divide and multiply in different orders: in one order, either what is seen or what a press does
+// would change.
 TEST_F(ScrollbarDrawTest, PaintingAndHitTestMayDisagreeByAPixel)
 {
     Make(17, 400);

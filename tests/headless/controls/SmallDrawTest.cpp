@@ -106,7 +106,7 @@ TEST_F(ProgressDrawTest, FillIsTruncatedAndUnlimited)
     EXPECT_EQ(RightAt(1000), -1);
 }
 
-// Unlike the other controls': hosts know it so.
+// Unlike the other controls': a host that changes the style would see another bar.
 TEST_F(ProgressDrawTest, ChangeOfTheStyleLeavesTheThemeThatWasOpened)
 {
     Make(109);
