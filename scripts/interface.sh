@@ -49,7 +49,7 @@ build_host_of_before() {
 # What the host takes from the library, as its import table has it.
 imported() {
     x86_64-w64-mingw32-objdump -p "$1" |
-        awk '/DLL Name: gesso.dll/ { ours = 1; next } /DLL Name:/ { ours = 0 } ours && $3 ~ /^_Z|^[A-Za-z]/ && NF == 3 { print $3 }' |
+        awk '/DLL Name: gesso.dll/ { ours = 1; next } !NF { ours = 0 } ours && NF == 3 && $2 ~ /^[0-9]+$/ { print $3 }' |
         LC_ALL=C sort
 }
 
