@@ -38,6 +38,10 @@ def commands(preset, wanted):
         words = shlex.split(entry["command"])
         while not words[0].endswith("++") and not words[0].endswith("++-posix"):
             words.pop(0)  # a launcher in front of the compiler
+        # What g++ has precompiled clang cannot read.
+        words = [word for i, word in enumerate(words)
+                 if not (word == "-Winvalid-pch" or "cmake_pch" in word or "cmake_pch" in " ".join(words[i:i + 2])
+                         and word == "-include")]
         place = words.index("-o")
         kept = words[1:place] + words[place + 2:]
         yield entry["directory"], ["clang++", *extra, "-fsyntax-only", "-Werror", *kept]
