@@ -12,9 +12,9 @@ protected:
     // What a user and the platform may send to any window.
     static void SendOfAll(HWND hwnd)
     {
-        for (const UINT uMsg :
-             {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_CAPTURECHANGED, WM_MOUSELEAVE, WM_SETFOCUS,
-              WM_KILLFOCUS, WM_THEMECHANGED, WM_SYSCOLORCHANGE, WM_TIMER, WM_GETDLGCODE})
+        for (const UINT uMsg : std::initializer_list<UINT>{
+                 WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_CAPTURECHANGED, WM_MOUSELEAVE, WM_SETFOCUS,
+                 WM_KILLFOCUS, WM_THEMECHANGED, WM_SYSCOLORCHANGE, WM_TIMER, WM_GETDLGCODE})
         {
             SendMessageW(hwnd, uMsg, 0, 0);
         }

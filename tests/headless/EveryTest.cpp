@@ -9,7 +9,7 @@ class Listener : public testing::EmptyTestEventListener
     void OnTestEnd(const testing::TestInfo&) override { EndFaults(); }
 };
 
-const bool s_listening = [] {
+const bool LISTENING = [] {
     testing::UnitTest::GetInstance()->listeners().Append(new Listener);
     return true;
 }();

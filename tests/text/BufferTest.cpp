@@ -27,7 +27,7 @@ void ExpectSameText(const stcDrawTextBuffer& a, const stcDrawTextBuffer& b)
     EXPECT_EQ(Bytes(a.pOffset, a.nGlyphs), Bytes(b.pOffset, b.nGlyphs));
 }
 
-const std::u16string_view c_mixed = u"abc דג סקרן, def\r\nx";
+const std::u16string_view MIXED = u"abc דג סקרן, def\r\nx";
 
 class TextBuffer : public testing::Test
 {
@@ -39,18 +39,18 @@ protected:
 
 TEST_F(TextBuffer, BothCalculationsFindTheSame)
 {
-    const auto length = static_cast<UINT>(c_mixed.size());
+    const auto length = static_cast<UINT>(MIXED.size());
     HandMadeText own;
     CDrawText::PrepareBuffer(&own, 0, 0, 0);
-    CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, &own);
+    CDrawText::DrawText_Calculate(hdc, Wide(MIXED), length, &own);
     HandMadeText published;
-    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &published);
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(MIXED), length, &published);
     ExpectSameText(own, published);
 
     // Once more, in the same buffer: nothing is added up and nothing is lost.
-    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &published);
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(MIXED), length, &published);
     ExpectSameText(own, published);
-    CDrawText::DrawText_Break(Wide(c_mixed), length, 30, &published);
+    CDrawText::DrawText_Break(Wide(MIXED), length, 30, &published);
     EXPECT_EQ(CheckText(published), "");
 }
 
@@ -94,20 +94,20 @@ TEST_F(TextBuffer, EachCalculationMeasuresInTheFontOfItsTime)
 // arrays counts double.
 TEST_F(TextBuffer, BuildingByHandGoesOnFromAPreparedText)
 {
-    const auto length = static_cast<UINT>(c_mixed.size());
-    const Text text = Prepare(hdc, c_mixed, 5000);
+    const auto length = static_cast<UINT>(MIXED.size());
+    const Text text = Prepare(hdc, MIXED, 5000);
     const UINT count = text->nGlyphs;
     const auto glyphs = Bytes(text->pGlyphs, count);
-    CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, text.get());
+    CDrawText::DrawText_Calculate(hdc, Wide(MIXED), length, text.get());
     ASSERT_EQ(text->nGlyphs, 2 * count);
     EXPECT_EQ(text->nChars, 2 * length);
     EXPECT_EQ(text->pRuns[0].nFirstGlyph, count);
     EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
     EXPECT_EQ(Bytes(text->pGlyphs + count, count), glyphs);
-    const std::u16string twice = std::u16string(c_mixed) + std::u16string(c_mixed);
+    const std::u16string twice = std::u16string(MIXED) + std::u16string(MIXED);
     CDrawText::DrawText_Break(Wide(twice), 2 * length, 10, text.get());
     CDrawText::DrawText_TextOut_Break(hdc, {0, 0, 30, 30}, text.get());
-    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, text.get());
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(MIXED), length, text.get());
     EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
     CDrawText::OptimizeBuffer(text.get());
     EXPECT_EQ(Bytes(text->pGlyphs, count), glyphs);
@@ -126,10 +126,10 @@ TEST_F(TextBuffer, CalculatingWithoutArraysIsMisuseButMakesThem)
 
 TEST_F(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
 {
-    const auto length = static_cast<UINT>(c_mixed.size());
+    const auto length = static_cast<UINT>(MIXED.size());
     HandMadeText text;
     CDrawText::PrepareBuffer(&text, 40, 80, 90);
-    CDrawText::DrawText_Calculate(hdc, Wide(c_mixed), length, &text);
+    CDrawText::DrawText_Calculate(hdc, Wide(MIXED), length, &text);
     const auto glyphs = Bytes(text.pGlyphs, text.nGlyphs);
     const auto advances = Bytes(text.pAdvance, text.nGlyphs);
     CDrawText::OptimizeBuffer(&text);
@@ -140,10 +140,10 @@ TEST_F(TextBuffer, OptimizingFitsTheArraysAndLosesItemsAndRuns)
     EXPECT_EQ(Bytes(text.pAdvance, text.nGlyphs), advances);
 
     // Such a buffer is of no use, but no operation goes astray with it.
-    CDrawText::DrawText_Break(Wide(c_mixed), length, 30, &text);
+    CDrawText::DrawText_Break(Wide(MIXED), length, 30, &text);
     PaintInEveryWay(hdc, &text, 0, 100);
     CDrawText::OptimizeBuffer(&text);
-    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(c_mixed), length, &text);
+    CDrawText::DrawText_Calculate_Optimized(hdc, Wide(MIXED), length, &text);
     EXPECT_EQ(Bytes(text.pGlyphs, text.nGlyphs), glyphs);
 }
 
@@ -176,8 +176,8 @@ TEST_F(TextBuffer, PaintingStaysInsideTheArraysForAnyArguments)
             PaintInEveryWay(hdc, text.get(), a, b);
         }
     }
-    constexpr LONG most = 0x7FFFFFFF;
-    for (const RECT rc : {RECT{0, 0, -5, -5}, RECT{most, most, -most, -most}, RECT{-most, -most, most, most}})
+    constexpr LONG MOST = 0x7FFFFFFF;
+    for (const RECT rc : {RECT{0, 0, -5, -5}, RECT{MOST, MOST, -MOST, -MOST}, RECT{-MOST, -MOST, MOST, MOST}})
     {
         for (const UINT format :
              std::initializer_list<UINT>{DT_LEFT, DT_CENTER, DT_RIGHT | DT_BOTTOM, DT_VCENTER}) {

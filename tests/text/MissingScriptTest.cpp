@@ -9,7 +9,7 @@
 namespace test {
 namespace {
 
-const std::u16string_view c_unshown = u"\u0928\u092E\u0938\u094D\u0924\u0947";
+const std::u16string_view UNSHOWN = u"\u0928\u092E\u0938\u094D\u0924\u0947";
 
 // The font is chosen for what it lacks; the test says so itself where a system's Tahoma has the script.
 class TextMissingScript : public testing::Test
@@ -19,13 +19,13 @@ protected:
     {
         std::array<SCRIPT_ITEM, 8> items{};
         int count = 0;
-        const int length = static_cast<int>(c_unshown.size());
-        ASSERT_EQ(ScriptItemize(Wide(c_unshown), length, 7, nullptr, nullptr, items.data(), &count), S_OK);
+        const int length = static_cast<int>(UNSHOWN.size());
+        ASSERT_EQ(ScriptItemize(Wide(UNSHOWN), length, 7, nullptr, nullptr, items.data(), &count), S_OK);
         std::array<WORD, 64> glyphs{};
         std::array<WORD, 64> clusters{};
         std::array<SCRIPT_VISATTR, 64> attributes{};
         SCRIPT_CACHE cache = nullptr;
-        ASSERT_EQ(ScriptShape(hdc, &cache, Wide(c_unshown), length, 64, &items[0].a, glyphs.data(),
+        ASSERT_EQ(ScriptShape(hdc, &cache, Wide(UNSHOWN), length, 64, &items[0].a, glyphs.data(),
                               clusters.data(), attributes.data(), &count),
                   USP_E_SCRIPT_NOT_IN_FONT);
         ScriptFreeCache(&cache);
@@ -47,10 +47,10 @@ protected:
 
 TEST_F(TextMissingScript, BoxesStandForItAndNoEarlierTextIsSeen)
 {
-    const auto boxes = GlyphsBehind(u"hunter2-secret", c_unshown);
-    EXPECT_EQ(boxes, std::vector<WORD>(c_unshown.size(), WORD())) << "a missing glyph's index is zero";
+    const auto boxes = GlyphsBehind(u"hunter2-secret", UNSHOWN);
+    EXPECT_EQ(boxes, std::vector<WORD>(UNSHOWN.size(), WORD())) << "a missing glyph's index is zero";
 
-    const Text text = Prepare(hdc, c_unshown, 0, DT_SINGLELINE);
+    const Text text = Prepare(hdc, UNSHOWN, 0, DT_SINGLELINE);
     ASSERT_EQ(text->nItems, 1U);
     EXPECT_EQ(text->pItems[0].a.eScript, SCRIPT_UNDEFINED) << "it is painted as it was shaped";
     EXPECT_GT(text->pAdvance[0], 0) << "boxes are seen";
@@ -59,7 +59,7 @@ TEST_F(TextMissingScript, BoxesStandForItAndNoEarlierTextIsSeen)
 
 TEST_F(TextMissingScript, TheTextAroundItIsShown)
 {
-    const std::u16string mixed = u"abc " + std::u16string(c_unshown) + u"\r\nxyz";
+    const std::u16string mixed = u"abc " + std::u16string(UNSHOWN) + u"\r\nxyz";
     const auto glyphs = GlyphsBehind(u"of quite another text", mixed);
     ASSERT_EQ(glyphs.size(), mixed.size());
     const auto latin = GlyphsBehind(u"", u"abc xyz");

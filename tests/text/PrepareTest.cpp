@@ -9,7 +9,7 @@
 namespace test {
 namespace {
 
-const HANDLE c_invalid = INVALID_HANDLE_VALUE;
+const HANDLE INVALID = INVALID_HANDLE_VALUE;
 
 struct Measured
 {
@@ -38,7 +38,7 @@ int SumOfAdvances(const stcDrawTextBuffer& text)
 }
 
 // One of each kind of text that the engine treats in its own way.
-const std::u16string_view c_samples[] = {
+const std::u16string_view SAMPLES[] = {
     u"a",
     u"The quick brown fox jumps over the lazy dog",
     u"e\u0301 o\u0308 a\u0308\u0301 combining marks",
@@ -70,7 +70,7 @@ protected:
 TEST_F(TextPrepare, MeasurementGivesNoHandleButTheRectangleAndTheLines)
 {
     const Measured wrapped = Measure(hdc, u"a\r\nb", {5, 7, 1005, 9}, 0, 20);
-    EXPECT_EQ(wrapped.handle, c_invalid);
+    EXPECT_EQ(wrapped.handle, INVALID);
     EXPECT_EQ(wrapped.lines, 2U);
     ExpectRect(wrapped.rc, {5, 7, 1005, 47});
 
@@ -130,9 +130,9 @@ TEST_F(TextPrepare, LengthsCountToTheTerminatorOrAreTakenAsGiven)
     };
     EXPECT_EQ(chars(L"four", -1), 4U);
     EXPECT_EQ(chars(L"four", 2), 2U);
-    constexpr wchar_t zeroWithin[] = {L't', L'o', 0, L'b', L'e', L'y', L'o', L'n', L'd', 0};
-    EXPECT_EQ(chars(zeroWithin, 9), 9U);
-    EXPECT_EQ(chars(zeroWithin, -1), 2U);
+    constexpr wchar_t ZERO_WITHIN[] = {L't', L'o', 0, L'b', L'e', L'y', L'o', L'n', L'd', 0};
+    EXPECT_EQ(chars(ZERO_WITHIN, 9), 9U);
+    EXPECT_EQ(chars(ZERO_WITHIN, -1), 2U);
     EXPECT_EQ(chars(L"", -1), 0U);
     EXPECT_EQ(chars(nullptr, -1), 0U);
     EXPECT_EQ(chars(nullptr, 3), 0U);
@@ -158,7 +158,7 @@ TEST_F(TextPrepare, AContextWithoutAFontGivesNoHandleAndChangesNothing)
 {
     UINT lines = 7;
     RECT rc = {1, 2, 3, 4};
-    EXPECT_EQ(CDrawText::DrawText_Prepare(nullptr, L"text", -1, &rc, 0, 20, &lines), c_invalid);
+    EXPECT_EQ(CDrawText::DrawText_Prepare(nullptr, L"text", -1, &rc, 0, 20, &lines), INVALID);
     EXPECT_EQ(CDrawText::DrawText_Prepare_Int(nullptr, L"text", -1, &rc, 0, 20, &lines), nullptr);
     EXPECT_EQ(CDrawText::DrawTextW(nullptr, L"text", -1, rc, 0, 20, &lines), E_FAIL);
     EXPECT_EQ(lines, 7U);
@@ -175,7 +175,7 @@ TEST_F(TextPrepare, DrawingAtOnceFailsForAMeasurement)
 
 TEST_F(TextPrepare, NullAndTheInvalidHandleAreSafeEverywhere)
 {
-    for (void* handle : {static_cast<void*>(nullptr), static_cast<void*>(c_invalid)}) {
+    for (void* handle : {static_cast<void*>(nullptr), static_cast<void*>(INVALID)}) {
         auto* const buffer = static_cast<stcDrawTextBuffer*>(handle);
         CDrawText::DrawText_CloseHandle(handle);
         EXPECT_EQ(CDrawText::DrawTextW(hdc, handle, RECT{0, 0, 9, 9}), 0);
@@ -191,11 +191,11 @@ TEST_F(TextPrepare, NullAndTheInvalidHandleAreSafeEverywhere)
 
 TEST_F(TextPrepare, EveryScriptKeepsTheRecordsInOrderAtEveryWidth)
 {
-    for (const std::u16string_view& sample : c_samples) {
+    for (const std::u16string_view& sample : SAMPLES) {
         for (const int width : {-50, 0, 1, 7, 20, 60, 200}) {
             for (const UINT format : {0U, static_cast<UINT>(DT_SINGLELINE)}) {
                 const Text text = Prepare(hdc, sample, width, format);
-                EXPECT_EQ(CheckText(*text), "") << "sample " << &sample - c_samples << " at " << width;
+                EXPECT_EQ(CheckText(*text), "") << "sample " << &sample - SAMPLES << " at " << width;
                 EXPECT_EQ(text->nChars, sample.size());
                 CDrawText::DrawTextW(hdc, text.get(), RECT{0, 0, width, 50});
             }
@@ -205,12 +205,12 @@ TEST_F(TextPrepare, EveryScriptKeepsTheRecordsInOrderAtEveryWidth)
 
 TEST_F(TextPrepare, ALineWithoutItsFirstGlyphStaysNarrowerThanTheArea)
 {
-    constexpr int width = 80;
+    constexpr int WIDTH = 80;
     const Text text =
-        Prepare(hdc, u"Several words, a fewofthemratherlonger than the others, in a narrow column", width);
+        Prepare(hdc, u"Several words, a fewofthemratherlonger than the others, in a narrow column", WIDTH);
     ASSERT_GT(text->nBreaks, 3U);
     for (UINT i = 0; i < text->nBreaks; ++i) {
-        EXPECT_LT(static_cast<int>(text->pBreaks[i].nWidth), width) << "line " << i;
+        EXPECT_LT(static_cast<int>(text->pBreaks[i].nWidth), WIDTH) << "line " << i;
         const UINT first = i == 0 ? 0 : text->pBreaks[i - 1].nGlyph + 1;
         EXPECT_EQ(static_cast<int>(text->pBreaks[i].nWidth),
                   std::accumulate(text->pAdvance + first, text->pAdvance + text->pBreaks[i].nGlyph, 0))

@@ -421,10 +421,10 @@ TEST_F(GTreeInputTest, FocusSelectsTheFirstRowByNumberAlone)
 // A tree that goes with its window.
 GTree* MakeOwnedTree(HWND hwndHost, DWORD dwStyle, int cx, int cy)
 {
-    static const WORD creation[] = {0, 0};
+    static const WORD CREATION[] = {0, 0};
     const HWND hwnd =
         CreateWindowExW(0, L"GTree", L"", WS_CHILD | WS_VISIBLE | dwStyle, 0, 0, cx, cy, hwndHost,
-                        reinterpret_cast<HMENU>(TREE_ID), nullptr, const_cast<WORD*>(creation));
+                        reinterpret_cast<HMENU>(TREE_ID), nullptr, const_cast<WORD*>(CREATION));
     return static_cast<GTree*>(GWnd::FromHwnd(hwnd));
 }
 

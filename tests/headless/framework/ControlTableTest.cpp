@@ -14,9 +14,9 @@ constexpr gesso::RegisterClassFunction ORDER[] = {&CONTROLS::IsolationAwareRegis
 
 TEST(ControlTable, ClassesStandInTheOrderOfRegistration)
 {
-    constexpr auto& order = ORDER<GButton, GCheckBox, GComboBox, GCommandButton, GEdit, GLabel, GList,
-                                  GProgressBar, GNavigationButton, GRadioButton, GTree>;
-    EXPECT_TRUE(std::ranges::equal(gesso::StartupClasses(), order));
+    constexpr auto& STATED = ORDER<GButton, GCheckBox, GComboBox, GCommandButton, GEdit, GLabel, GList,
+                                   GProgressBar, GNavigationButton, GRadioButton, GTree>;
+    EXPECT_TRUE(std::ranges::equal(gesso::StartupClasses(), STATED));
 }
 
 } // namespace

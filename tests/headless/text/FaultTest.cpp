@@ -9,9 +9,9 @@ namespace {
 
 using Breaks = std::vector<stcDrawTextBreak>;
 
-constexpr DWORD c_outOfRoom = 0x8007000E; // E_OUTOFMEMORY
-constexpr DWORD c_otherFailure = 0x80004005;
-constexpr int c_forever = 1 << 30;
+constexpr DWORD OUT_OF_ROOM = 0x8007000E; // E_OUTOFMEMORY
+constexpr DWORD OTHER_FAILURE = 0x80004005;
+constexpr int FOREVER = 1 << 30;
 
 class TextFault : public testing::Test
 {
@@ -34,49 +34,49 @@ protected:
     TextContext context;
 };
 
-const Breaks c_unharmed = {{0, 3, 18}, {1, 6, 18}};
+const Breaks UNHARMED = {{0, 3, 18}, {1, 6, 18}};
 
 } // namespace
 
 TEST_F(TextFault, ShortRoomIsAskedForAgain)
 {
     for (const char* operation : {"ScriptItemize", "ScriptShape"}) {
-        EXPECT_EQ(BreaksOf(*PrepareFailing(operation, c_outOfRoom, 1)), c_unharmed) << operation;
-        EXPECT_EQ(BreaksOf(*PrepareFailing(operation, c_outOfRoom, 40)), c_unharmed) << operation;
+        EXPECT_EQ(BreaksOf(*PrepareFailing(operation, OUT_OF_ROOM, 1)), UNHARMED) << operation;
+        EXPECT_EQ(BreaksOf(*PrepareFailing(operation, OUT_OF_ROOM, 40)), UNHARMED) << operation;
     }
 }
 
 TEST_F(TextFault, RoomThatIsNeverEnoughIsGivenUp)
 {
-    EXPECT_EQ(PrepareFailing("ScriptItemize", c_outOfRoom, c_forever)->nItems, 0U);
-    EXPECT_EQ(PrepareFailing("ScriptShape", c_outOfRoom, c_forever)->nGlyphs, 0U);
+    EXPECT_EQ(PrepareFailing("ScriptItemize", OUT_OF_ROOM, FOREVER)->nItems, 0U);
+    EXPECT_EQ(PrepareFailing("ScriptShape", OUT_OF_ROOM, FOREVER)->nGlyphs, 0U);
 }
 
 TEST_F(TextFault, OtherFailuresCostNoMoreThanTheirItem)
 {
-    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptItemize", c_otherFailure)), (Breaks{{0xFFFFFFFF, 0, 0}}));
+    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptItemize", OTHER_FAILURE)), (Breaks{{0xFFFFFFFF, 0, 0}}));
 
-    const Text unshaped = PrepareFailing("ScriptShape", c_otherFailure);
+    const Text unshaped = PrepareFailing("ScriptShape", OTHER_FAILURE);
     EXPECT_EQ(unshaped->nItems, 2U);
     EXPECT_EQ(unshaped->pRuns[0].nGlyphs, 0);
     EXPECT_EQ(unshaped->nGlyphs, 3U);
     EXPECT_EQ(BreaksOf(*unshaped), (Breaks{{1, 3, 18}}));
 
-    const Text unplaced = PrepareFailing("ScriptPlace", c_otherFailure);
+    const Text unplaced = PrepareFailing("ScriptPlace", OTHER_FAILURE);
     EXPECT_EQ(unplaced->pAdvance[0], 0);
     EXPECT_EQ(unplaced->pRuns[0].abc.abcB, 0U);
     EXPECT_EQ(BreaksOf(*unplaced), (Breaks{{1, 6, 18}}));
 
-    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptBreak", c_otherFailure)), (Breaks{{1, 4, 24}, {1, 6, 12}}))
+    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptBreak", OTHER_FAILURE)), (Breaks{{1, 4, 24}, {1, 6, 12}}))
         << "the space is not known as white";
-    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptTextOut", c_otherFailure, 9)), c_unharmed);
+    EXPECT_EQ(BreaksOf(*PrepareFailing("ScriptTextOut", OTHER_FAILURE, 9)), UNHARMED);
 }
 
 // The processor sets a count and writes no glyph: the space holds those of an earlier text.
 TEST_F(TextFault, ARunThatIsShapedInNoWayShowsNothing)
 {
     const TextContext tahoma(12, L"Tahoma");
-    for (const DWORD error : {DWORD{c_otherFailure}, static_cast<DWORD>(USP_E_SCRIPT_NOT_IN_FONT)}) {
+    for (const DWORD error : {DWORD{OTHER_FAILURE}, static_cast<DWORD>(USP_E_SCRIPT_NOT_IN_FONT)}) {
         Prepare(tahoma, u"hunter2-secret", 0);
         desk::Fail("ScriptShape", 1, error, 1); // the second try of the run that the font cannot show
         const Text text = Prepare(tahoma, u"\u0928\u092E abc", 0, DT_SINGLELINE);

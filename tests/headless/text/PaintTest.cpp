@@ -27,9 +27,9 @@ protected:
         ReleaseDC(host, hdc);
         Lines lines = desk::Drawing(host);
         for (std::string& line : lines) {
-            constexpr std::string_view operation = "ScriptTextOut ";
-            EXPECT_TRUE(line.starts_with(operation)) << line;
-            line = line.substr(operation.size(), line.find(" font=") - operation.size());
+            constexpr std::string_view OPERATION = "ScriptTextOut ";
+            EXPECT_TRUE(line.starts_with(OPERATION)) << line;
+            line = line.substr(OPERATION.size(), line.find(" font=") - OPERATION.size());
         }
         return lines;
     }
