@@ -1,5 +1,6 @@
 #include <gesso/containers/Memory.h>
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace gesso {
@@ -17,12 +18,22 @@ void* Checked(void* p) noexcept
 
 void* Allocate(size_t cb)
 {
-    return Checked(std::malloc(cb));
+    return Checked(TryAllocate(cb));
 }
 
 void* Reallocate(void* p, size_t cb)
 {
-    return Checked(std::realloc(p, cb));
+    return Checked(TryReallocate(p, cb));
+}
+
+void* TryAllocate(size_t cb) noexcept
+{
+    return std::malloc(cb);
+}
+
+void* TryReallocate(void* p, size_t cb) noexcept
+{
+    return std::realloc(p, cb);
 }
 
 void Free(void* p) noexcept
@@ -32,6 +43,7 @@ void Free(void* p) noexcept
 
 void OutOfMemory() noexcept
 {
+    std::fputs("gesso: out of memory\n", stderr);
     std::abort();
 }
 

@@ -13,9 +13,13 @@
 // array itself. Pointers and references to elements hold until the capacity changes, or elements in front of
 // them come or go. An array that was moved from keeps its length and capacity but has no elements: it may be
 // destroyed or assigned to, and any other operation that changes it starts from empty.
+//
+// Where there is no memory for what an operation would put in, it changes nothing and answers as it says
+// below; an assignment leaves the array as it was, and a constructor leaves it empty.
 #pragma once
 
 #include <gesso/api.h>
+#include <gesso/containers/Index.h>
 #include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/containers/OString.h>
@@ -71,20 +75,21 @@ public:
     TYPE& operator[](UINT i);
     const TYPE& operator[](UINT i) const;
     void SetAt(UINT i, ARG_TYPE v);
-    // The same for any index: the array is first lengthened to i + 1 elements.
+    // The same for any index: the array is first lengthened to i + 1 elements. Without memory GetAtGrow ends
+    // the program, since it has no element to answer with, and SetAtGrow returns false.
     TYPE& GetAtGrow(UINT i);
-    void SetAtGrow(UINT i, ARG_TYPE v);
+    bool SetAtGrow(UINT i, ARG_TYPE v);
 
-    // Appends; returns the index of the (first) new element.
+    // Appends; returns the index of the (first) new element, or gesso::NO_INDEX without memory.
     UINT Add(ARG_TYPE v);
     UINT Add(const TYPE* p, UINT n);
     UINT Add(const OArray& a);
-    // Makes the elements those given. Spare capacity stays.
-    void Copy(const TYPE* p, UINT n);
-    void Copy(const OArray& a);
+    // Makes the elements those given; false without memory. Spare capacity stays.
+    bool Copy(const TYPE* p, UINT n);
+    bool Copy(const OArray& a);
     // Puts elements in front of element `i`; an `i` beyond the length first lengthens the array up to there.
-    // The forms for several return the number stored.
-    void InsertAt(UINT i, ARG_TYPE v);
+    // The form for one returns whether it is stored, those for several the number stored: 0 without memory.
+    bool InsertAt(UINT i, ARG_TYPE v);
     UINT InsertAt(UINT i, const TYPE* p, UINT n);
     UINT InsertAt(UINT i, const OArray& a);
     // Removes `n` elements from `i` on. A range beyond the length is a mistake and is clipped.
@@ -92,13 +97,14 @@ public:
     // Leaves length 0 and the block.
     void RemoveAll();
 
-    // Sets the length, and the step if it is 0 or more. Never gives capacity up.
-    void SetLength(UINT n, int nGrowBy);
-    // Makes room for `n` elements in all. Capacity grows by at least an eighth of the length (4 to 1024
-    // elements), or by the array's step if that is more. With a step of 0 or more given, that is kept and is
-    // the growth.
-    void AllocExtra(UINT n);
-    void AllocExtra(UINT n, int nGrowBy);
+    // Sets the length, and the step if it is 0 or more; false, with the length as it was, without memory.
+    // Never gives capacity up.
+    bool SetLength(UINT n, int nGrowBy);
+    // Makes room for `n` elements in all; false without memory. Capacity grows by at least an eighth of the
+    // length (4 to 1024 elements), or by the array's step if that is more. With a step of 0 or more given,
+    // that is kept and is the growth.
+    bool AllocExtra(UINT n);
+    bool AllocExtra(UINT n, int nGrowBy);
     // Sets the capacity to `nMin`, or to the length if that is more; does nothing if the array is full.
     void FreeExtra(UINT nMin);
 
@@ -116,10 +122,10 @@ private:
     bool Owns(const TYPE* p) const;
     void StartAnew();
     UINT AdaptiveStep() const;
-    void Reserve(size_t n);
-    void Grow(size_t n, UINT nStep);
+    bool Reserve(size_t n);
+    bool Grow(size_t n, UINT nStep);
     void Lengthen(UINT n);
-    void OpenGap(UINT i, UINT n);
+    bool OpenGap(UINT i, UINT n);
     void Construct(UINT i, TYPE&& v);
     void Construct(UINT i, const TYPE* p, UINT n);
     void Destroy(UINT iFirst, UINT iEnd);
@@ -250,27 +256,31 @@ template <class TYPE, class ARG_TYPE> TYPE& OArray<TYPE, ARG_TYPE>::GetAtGrow(UI
 {
     StartAnew();
     if (i >= m_nLength) {
-        Reserve(size_t{i} + 1);
+        if (!Reserve(size_t{i} + 1)) {
+            gesso::OutOfMemory();
+        }
         Lengthen(i + 1);
     }
     return m_pData[i];
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::SetAtGrow(UINT i, ARG_TYPE v)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::SetAtGrow(UINT i, ARG_TYPE v)
 {
     StartAnew();
-    if (i < m_nLength) {
-        m_pData[i] = v;
-    } else {
-        InsertAt(i, v);
+    if (i >= m_nLength) {
+        return InsertAt(i, v);
     }
+    m_pData[i] = v;
+    return true;
 }
 
 template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::Add(ARG_TYPE v)
 {
     StartAnew();
     TYPE copy(v);
-    Reserve(size_t{m_nLength} + 1);
+    if (!Reserve(size_t{m_nLength} + 1)) {
+        return gesso::NO_INDEX;
+    }
     Construct(m_nLength, std::move(copy));
     return m_nLength++;
 }
@@ -279,8 +289,7 @@ template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::Add(const TYP
 {
     StartAnew();
     const UINT iFirst = m_nLength;
-    InsertAt(iFirst, p, n);
-    return iFirst;
+    return InsertAt(iFirst, p, n) == n ? iFirst : gesso::NO_INDEX;
 }
 
 template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::Add(const OArray& a)
@@ -288,43 +297,52 @@ template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::Add(const OAr
     return Add(a.m_pData, a.Count());
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Copy(const TYPE* p, UINT n)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Copy(const TYPE* p, UINT n)
 {
     if (!m_pData) {
         m_nLength = m_nBufferLength = 0;
     }
     if (Owns(p)) {
-        Copy(OArray(p, n));
-        return;
+        const OArray copy(p, n);
+        return copy.m_nLength == n && Copy(copy);
     }
-    Reserve(n);
+    if (!Reserve(n)) {
+        return false;
+    }
     const UINT nAssigned = std::min(n, m_nLength);
     std::copy_n(p, nAssigned, m_pData);
     Construct(nAssigned, p + nAssigned, n - nAssigned);
     Destroy(n, m_nLength);
     m_nLength = n;
+    return true;
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Copy(const OArray& a)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Copy(const OArray& a)
 {
-    Copy(a.m_pData, a.Count());
+    return Copy(a.m_pData, a.Count());
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::InsertAt(UINT i, ARG_TYPE v)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::InsertAt(UINT i, ARG_TYPE v)
 {
     StartAnew();
     TYPE copy(v);
-    OpenGap(i, 1);
+    if (!OpenGap(i, 1)) {
+        return false;
+    }
     Construct(i, std::move(copy));
+    return true;
 }
 
 template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::InsertAt(UINT i, const TYPE* p, UINT n)
 {
     StartAnew();
     if (Owns(p)) {
-        return InsertAt(i, OArray(p, n));
+        const OArray copy(p, n);
+        return copy.m_nLength == n ? InsertAt(i, copy) : 0;
     }
-    OpenGap(i, n);
+    if (!OpenGap(i, n)) {
+        return 0;
+    }
     Construct(i, p, n);
     return n;
 }
@@ -354,33 +372,33 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::RemoveAll()
     m_nLength = 0;
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::SetLength(UINT n, int nGrowBy)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::SetLength(UINT n, int nGrowBy)
 {
-    AllocExtra(n, nGrowBy);
+    if (!AllocExtra(n, nGrowBy)) {
+        return false;
+    }
     if (n > m_nLength) {
         Lengthen(n);
     }
     Destroy(n, m_nLength);
     m_nLength = n;
+    return true;
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::AllocExtra(UINT n)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::AllocExtra(UINT n)
 {
     StartAnew();
-    Reserve(n);
+    return Reserve(n);
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::AllocExtra(UINT n, int nGrowBy)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::AllocExtra(UINT n, int nGrowBy)
 {
     StartAnew();
     if (nGrowBy < 0) {
-        Reserve(n);
-        return;
+        return Reserve(n);
     }
     m_nGrowBy = nGrowBy;
-    if (n > m_nBufferLength) {
-        Grow(n, static_cast<UINT>(nGrowBy));
-    }
+    return n <= m_nBufferLength || Grow(n, static_cast<UINT>(nGrowBy));
 }
 
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::FreeExtra(UINT nMin)
@@ -389,13 +407,16 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::FreeExtra(UIN
     if (m_nLength == m_nBufferLength) {
         return;
     }
-    m_nBufferLength = std::max(nMin, m_nLength);
-    if (m_nBufferLength > 0) {
-        m_pData = static_cast<TYPE*>(gesso::Reallocate(m_pData, Bytes(m_nBufferLength)));
-    } else {
+    const UINT nCapacity = std::max(nMin, m_nLength);
+    if (nCapacity == 0) {
         gesso::Free(m_pData);
         m_pData = nullptr;
+    } else if (void* pData = gesso::TryReallocate(m_pData, Bytes(nCapacity))) {
+        m_pData = static_cast<TYPE*>(pData);
+    } else {
+        return;
     }
+    m_nBufferLength = nCapacity;
 }
 
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Check(UINT i) const
@@ -433,24 +454,26 @@ template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::AdaptiveStep(
     return std::max(nStep, static_cast<UINT>(std::max(m_nGrowBy, 0)));
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Reserve(size_t n)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Reserve(size_t n)
 {
-    if (n > m_nBufferLength) {
-        Grow(n, AdaptiveStep());
-    }
+    return n <= m_nBufferLength || Grow(n, AdaptiveStep());
 }
 
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Grow(size_t n, UINT nStep)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Grow(size_t n, UINT nStep)
 {
     if (n > UINT_MAX) {
-        gesso::OutOfMemory();
+        return false;
     }
     const size_t nCapacity = std::max(n, std::min<size_t>(size_t{m_nBufferLength} + nStep, UINT_MAX));
-    auto* pData = static_cast<TYPE*>(gesso::Allocate(Bytes(nCapacity)));
+    auto* pData = static_cast<TYPE*>(gesso::TryAllocate(Bytes(nCapacity)));
+    if (!pData) {
+        return false;
+    }
     Relocate(pData, m_pData, m_nLength);
     gesso::Free(m_pData);
     m_pData = pData;
     m_nBufferLength = static_cast<UINT>(nCapacity);
+    return true;
 }
 
 // Within the capacity.
@@ -465,9 +488,11 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Lengthen(UINT
 }
 
 // Leaves the places of `n` elements at `i` to be constructed.
-template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::OpenGap(UINT i, UINT n)
+template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::OpenGap(UINT i, UINT n)
 {
-    Reserve(std::max<size_t>(i, m_nLength) + n);
+    if (!Reserve(std::max<size_t>(i, m_nLength) + n)) {
+        return false;
+    }
     if (i < m_nLength) {
         Relocate(m_pData + i + n, m_pData + i, m_nLength - i);
         m_nLength += n;
@@ -475,6 +500,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::OpenGap(UINT 
         Lengthen(i);
         m_nLength = i + n;
     }
+    return true;
 }
 
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::Construct(UINT i, TYPE&& v)

@@ -36,14 +36,27 @@ static_assert(sizeof(OString<wchar_t>::_stcStringData) == 8, "the text stands be
 
 template <class TYPE> typename OString<TYPE>::_stcStringData* OString<TYPE>::Allocate(size_t nBufferLength)
 {
-    if (nBufferLength > UINT_MAX) {
-        gesso::OutOfMemory();
-    }
-    void* p = gesso::Allocate(sizeof(_stcStringData) + nBufferLength * sizeof(TYPE));
+    void* p = nBufferLength <= UINT_MAX ? gesso::TryAllocate(BlockSize(nBufferLength)) : nullptr;
+    return p ? StartBlock(p, nBufferLength) : nullptr;
+}
+
+template <class TYPE> typename OString<TYPE>::_stcStringData* OString<TYPE>::Empty()
+{
+    return StartBlock(gesso::Allocate(BlockSize(1)), 1);
+}
+
+template <class TYPE>
+typename OString<TYPE>::_stcStringData* OString<TYPE>::StartBlock(void* p, size_t nBufferLength)
+{
     auto* pData = static_cast<_stcStringData*>(p);
     *pData = {static_cast<UINT>(nBufferLength), 0};
     *TextOf(pData) = 0;
     return pData;
+}
+
+template <class TYPE> size_t OString<TYPE>::BlockSize(size_t nBufferLength)
+{
+    return sizeof(_stcStringData) + nBufferLength * sizeof(TYPE);
 }
 
 template <class TYPE>
@@ -52,6 +65,9 @@ typename OString<TYPE>::_stcStringData* OString<TYPE>::Join(gesso::TextSpan firs
 {
     const size_t nLength = first.size() + second.size() + third.size();
     _stcStringData* pData = Allocate(nLength + 1);
+    if (!pData) {
+        return nullptr;
+    }
     pData->nLength = static_cast<UINT>(nLength);
     TYPE* pEnd = std::copy(first.begin(), first.end(), TextOf(pData));
     pEnd = std::copy(second.begin(), second.end(), pEnd);
@@ -63,6 +79,9 @@ template <class TYPE>
 typename OString<TYPE>::_stcStringData* OString<TYPE>::Copy(gesso::TextSpan text, size_t nBufferLength)
 {
     _stcStringData* pData = Allocate(std::max(text.size() + 1, nBufferLength));
+    if (!pData) {
+        return nullptr;
+    }
     pData->nLength = static_cast<UINT>(text.size());
     *std::copy(text.begin(), text.end(), TextOf(pData)) = 0;
     return pData;
@@ -92,20 +111,25 @@ template <class TYPE> gesso::TextSpan OString<TYPE>::Span() const
 template <class TYPE> TYPE* OString<TYPE>::Own()
 {
     if (!HasBlock()) {
-        m_psz = TextOf(Allocate(1));
+        m_psz = TextOf(Empty());
     }
     return m_psz;
 }
 
-template <class TYPE> void OString<TYPE>::Adopt(_stcStringData* pData)
+template <class TYPE> bool OString<TYPE>::Adopt(_stcStringData* pData)
 {
+    if (!pData) {
+        return false;
+    }
     gesso::Free(d(m_psz));
     m_psz = TextOf(pData);
+    return true;
 }
 
-template <class TYPE> OString<TYPE>::OString() : OString(Allocate(1)) {}
+template <class TYPE> OString<TYPE>::OString() : OString(Empty()) {}
 
-template <class TYPE> OString<TYPE>::OString(_stcStringData* pData) : m_psz(TextOf(pData)) {}
+template <class TYPE> OString<TYPE>::OString(_stcStringData* pData) : m_psz(TextOf(pData ? pData : Empty()))
+{}
 
 template <class TYPE> OString<TYPE>::OString(const OString& str) : OString(Copy(str.Span())) {}
 
@@ -392,6 +416,9 @@ template <class TYPE> UINT OString<TYPE>::ReplaceText(gesso::TextSpan what, gess
     if (nCount > 0) {
         const size_t nLength = text.size() - nCount * what.size() + nCount * with.size();
         _stcStringData* pData = Allocate(nLength + 1);
+        if (!pData) {
+            return 0;
+        }
         pData->nLength = static_cast<UINT>(nLength);
         *gesso::CopyReplacing(TextOf(pData), text, what, with) = 0;
         Adopt(pData);
@@ -515,40 +542,40 @@ template <class TYPE> OString<TYPE> OString<TYPE>::Build(LPCWSTR pszFormat, va_l
     return OString(Copy(gesso::FormattedText(pszFormat, args)));
 }
 
-template <class TYPE> void OString<TYPE>::Format(LPCWSTR pszFormat, ...)
+template <class TYPE> bool OString<TYPE>::Format(LPCWSTR pszFormat, ...)
 {
     va_list args;
     va_start(args, pszFormat);
-    FormatV(pszFormat, args);
+    const bool fDone = FormatV(pszFormat, args);
     va_end(args);
+    return fDone;
 }
 
-template <class TYPE> void OString<TYPE>::FormatV(LPCWSTR pszFormat, va_list args)
-{
-    Adopt(Copy(gesso::FormattedText(pszFormat, args)));
-}
-
-template <class TYPE> void OString<TYPE>::AppendFormat(LPCWSTR pszFormat, ...)
-{
-    va_list args;
-    va_start(args, pszFormat);
-    AppendFormatV(pszFormat, args);
-    va_end(args);
-}
-
-template <class TYPE> void OString<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_list args)
+template <class TYPE> bool OString<TYPE>::FormatV(LPCWSTR pszFormat, va_list args)
 {
     const gesso::FormattedText formatted(pszFormat, args);
-    Adopt(Join(Span(), formatted));
+    return formatted.IsMade() && Adopt(Copy(formatted));
+}
+
+template <class TYPE> bool OString<TYPE>::AppendFormat(LPCWSTR pszFormat, ...)
+{
+    va_list args;
+    va_start(args, pszFormat);
+    const bool fDone = AppendFormatV(pszFormat, args);
+    va_end(args);
+    return fDone;
+}
+
+template <class TYPE> bool OString<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_list args)
+{
+    const gesso::FormattedText formatted(pszFormat, args);
+    return formatted.IsMade() && Adopt(Join(Span(), formatted));
 }
 
 template <class TYPE> bool OString<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
 {
     const gesso::TextSpan text = gesso::FindStringResource(nId, hInst);
-    if (text.data()) {
-        Adopt(Copy(text));
-    }
-    return text.data() != nullptr;
+    return text.data() && Adopt(Copy(text));
 }
 
 template class OString<wchar_t>;

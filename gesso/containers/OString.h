@@ -12,6 +12,9 @@
 // positions are in characters. Positions and counts beyond the text are clipped. A null text, a caller's
 // mistake, reads as empty. An argument may be the string itself or a piece of its text.
 //
+// Where there is no memory for the text that an operation would make, the string stays as it was and the
+// operation answers as it says below, or by that text unchanged; a new string is then empty.
+//
 // A string that was moved from has no block. It may be destroyed or assigned to; that any other use finds it
 // empty is a safeguard which stops the program in debug builds.
 #pragma once
@@ -125,12 +128,12 @@ public:
     // Removes `nCount` characters at `nPos`; returns the new length.
     UINT Delete(UINT nPos, UINT nCount);
     // Removes every occurrence, from left to right; what the removal brings together is not looked at again.
-    // Returns the number removed. Where there is none, as for empty text, the block stays.
+    // Returns the number removed, 0 without memory. Where there is none, as for empty text, the block stays.
     UINT Remove(wchar_t c);
     UINT Remove(LPCWSTR psz);
     UINT Remove(const OString& str);
-    // Replaces every occurrence, from left to right, none overlapping; returns the number replaced. The form
-    // for characters works in place, and the block stays where there is nothing to replace.
+    // Replaces every occurrence, from left to right, none overlapping; returns the number replaced, 0 without
+    // memory. The form for characters works in place, and the block stays where there is nothing to replace.
     UINT Replace(wchar_t cOld, wchar_t cNew);
     UINT Replace(LPCWSTR pszOld, LPCWSTR pszNew);
     UINT Replace(const OString& strOld, const OString& strNew);
@@ -155,21 +158,22 @@ public:
     OString Left(UINT nCount) const;
     OString Right(UINT nCount) const;
 
-    // Replaces the text by, or adds, formatted text. A format that the runtime rejects yields an empty text.
-    void Format(LPCWSTR pszFormat, ...);
-    void FormatV(LPCWSTR pszFormat, va_list args);
-    void AppendFormat(LPCWSTR pszFormat, ...);
-    void AppendFormatV(LPCWSTR pszFormat, va_list args);
+    // Replaces the text by, or adds, formatted text; false without memory. A format that the runtime rejects
+    // yields an empty text.
+    bool Format(LPCWSTR pszFormat, ...);
+    bool FormatV(LPCWSTR pszFormat, va_list args);
+    bool AppendFormat(LPCWSTR pszFormat, ...);
+    bool AppendFormatV(LPCWSTR pszFormat, va_list args);
 
     // Takes the text of the string resource `nId` of a module. False, with the string as it was, if there is
-    // none or it is empty.
+    // none, it is empty, or there is no memory.
     bool LoadStringW(UINT nId, HINSTANCE hInst);
 
 protected:
-    // Adopts a block.
+    // Adopts a block, or an empty one in the place of null.
     explicit OString(_stcStringData* pData);
 
-    // A block for `nBufferLength` characters, with empty text in it.
+    // A block for `nBufferLength` characters, with empty text in it. Like those below, null without memory.
     static _stcStringData* Allocate(size_t nBufferLength);
     // A block with `text` and room for `nBufferLength` characters, or for just the text if that is more.
     static _stcStringData* Copy(gesso::TextSpan text, size_t nBufferLength = 0);
@@ -184,12 +188,16 @@ protected:
     bool HasBlock() const;
     // The text for a change in place.
     TYPE* Own();
-    // Puts a new block in the place of the old one, which is freed.
-    void Adopt(_stcStringData* pData);
+    // Puts a new block in the place of the old one, which is freed. False, with nothing done, for null.
+    bool Adopt(_stcStringData* pData);
 
     TYPE* m_psz;
 
 private:
+    // A block of no characters, which there always is.
+    static _stcStringData* Empty();
+    static _stcStringData* StartBlock(void* p, size_t nBufferLength);
+    static size_t BlockSize(size_t nBufferLength);
     static OString BuildArguments(LPCWSTR pszFormat, ...);
     OString& CutEnds(gesso::TextSpan set, gesso::TrimEnds ends);
     UINT ReplaceText(gesso::TextSpan what, gesso::TextSpan with);

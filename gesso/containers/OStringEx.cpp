@@ -70,16 +70,16 @@ template <class TYPE> OStringEx<TYPE>& OStringEx<TYPE>::operator=(OString<TYPE>&
     return *this;
 }
 
-template <class TYPE> void OStringEx<TYPE>::Assign(gesso::TextSpan text)
+template <class TYPE> bool OStringEx<TYPE>::Assign(gesso::TextSpan text)
 {
     // A string that was moved from may be assigned to, and has no capacity.
     const _stcStringData* pData = this->d(m_psz);
     if (pData && pData->nBufferLength > text.size()) {
         MoveText(m_psz, text);
         SetLength(text.size());
-    } else {
-        Adopt(Copy(text));
+        return true;
     }
+    return Adopt(Copy(text));
 }
 
 // The block
@@ -91,8 +91,7 @@ template <class TYPE> UINT OStringEx<TYPE>::GetBufferLength() const
 
 template <class TYPE> TYPE* OStringEx<TYPE>::GetBuffer(UINT n)
 {
-    Enlarge(n);
-    return m_psz;
+    return Enlarge(n) ? m_psz : nullptr;
 }
 
 template <class TYPE> TYPE* OStringEx<TYPE>::SetBufferLength(UINT n)
@@ -100,15 +99,18 @@ template <class TYPE> TYPE* OStringEx<TYPE>::SetBufferLength(UINT n)
     return GetBuffer(n);
 }
 
-template <class TYPE> void OStringEx<TYPE>::Enlarge(size_t nBufferLength)
+template <class TYPE> bool OStringEx<TYPE>::Enlarge(size_t nBufferLength)
 {
     const _stcStringData* pOld = this->d(Own());
-    if (pOld->nBufferLength < nBufferLength) {
-        _stcStringData* pData = Allocate(nBufferLength);
+    if (pOld->nBufferLength >= nBufferLength) {
+        return true;
+    }
+    _stcStringData* pData = Allocate(nBufferLength);
+    if (pData) {
         pData->nLength = pOld->nLength;
         MoveText(TextOf(pData), {m_psz, pOld->nBufferLength});
-        Adopt(pData);
     }
+    return Adopt(pData);
 }
 
 template <class TYPE> void OStringEx<TYPE>::ReleaseBuffer(UINT n)
@@ -130,10 +132,12 @@ template <class TYPE> void OStringEx<TYPE>::FreeEmpty(UINT nMin)
         return;
     }
     const UINT nBufferLength = std::max(nMin, nNeed);
-    void* p = gesso::Reallocate(pData, sizeof(_stcStringData) + nBufferLength * sizeof(TYPE));
-    pData = static_cast<_stcStringData*>(p);
-    pData->nBufferLength = nBufferLength;
-    m_psz = TextOf(pData);
+    void* p = gesso::TryReallocate(pData, sizeof(_stcStringData) + nBufferLength * sizeof(TYPE));
+    if (p) {
+        pData = static_cast<_stcStringData*>(p);
+        pData->nBufferLength = nBufferLength;
+        m_psz = TextOf(pData);
+    }
 }
 
 template <class TYPE> void OStringEx<TYPE>::SetLength(size_t nLength)
@@ -191,7 +195,8 @@ template <class TYPE> UINT OStringEx<TYPE>::ReplaceText(gesso::TextSpan what, ge
     if (Owns(what) || Owns(with)) {
         const OStringEx strWhat(Copy(what));
         const OStringEx strWith(Copy(with));
-        return ReplaceText(strWhat.Span(), strWith.Span());
+        const bool fCopied = strWhat.GetLength() == what.size() && strWith.GetLength() == with.size();
+        return fCopied ? ReplaceText(strWhat.Span(), strWith.Span()) : 0;
     }
     const size_t nOld = this->GetLength();
     const size_t nCount = gesso::CountMatches(Span(), what);
@@ -199,7 +204,9 @@ template <class TYPE> UINT OStringEx<TYPE>::ReplaceText(gesso::TextSpan what, ge
         return 0;
     }
     const size_t nNew = nOld - nCount * what.size() + nCount * with.size();
-    Enlarge(nNew + 1);
+    if (!Enlarge(nNew + 1)) {
+        return 0;
+    }
     // A text that grows is first moved to where its tail will be, so that one pass from the left does it.
     TYPE* pText = m_psz + (nNew > nOld ? nNew - nOld : 0);
     MoveText(pText, {m_psz, nOld});
@@ -281,10 +288,12 @@ template <class TYPE> int OStringEx<TYPE>::InsertText(UINT nPos, gesso::TextSpan
     }
     const size_t nLength = present.size() + text.size();
     if (this->d(Own())->nBufferLength <= nLength) {
-        Adopt(Join(present.first(nPos), text, present.subspan(nPos)));
+        if (!Adopt(Join(present.first(nPos), text, present.subspan(nPos)))) {
+            return -1;
+        }
     } else if (Owns(text)) {
         const OStringEx strText(Copy(text));
-        InsertText(nPos, strText.Span());
+        return strText.GetLength() == text.size() ? InsertText(nPos, strText.Span()) : -1;
     } else {
         MoveText(m_psz + nPos + text.size(), present.subspan(nPos));
         MoveText(m_psz + nPos, text);
@@ -313,39 +322,40 @@ template <class TYPE> OStringEx<TYPE> OStringEx<TYPE>::Right(UINT nCount, UINT n
 
 // Formatting and resources
 
-template <class TYPE> void OStringEx<TYPE>::Format(LPCWSTR pszFormat, ...)
+template <class TYPE> bool OStringEx<TYPE>::Format(LPCWSTR pszFormat, ...)
 {
     va_list args;
     va_start(args, pszFormat);
-    FormatV(pszFormat, args);
+    const bool fDone = FormatV(pszFormat, args);
     va_end(args);
+    return fDone;
 }
 
-template <class TYPE> void OStringEx<TYPE>::FormatV(LPCWSTR pszFormat, va_list args)
+template <class TYPE> bool OStringEx<TYPE>::FormatV(LPCWSTR pszFormat, va_list args)
 {
-    Assign(gesso::FormattedText(pszFormat, args));
+    const gesso::FormattedText formatted(pszFormat, args);
+    return formatted.IsMade() && Assign(formatted);
 }
 
-template <class TYPE> void OStringEx<TYPE>::AppendFormat(LPCWSTR pszFormat, ...)
+template <class TYPE> bool OStringEx<TYPE>::AppendFormat(LPCWSTR pszFormat, ...)
 {
     va_list args;
     va_start(args, pszFormat);
-    AppendFormatV(pszFormat, args);
+    const bool fDone = AppendFormatV(pszFormat, args);
     va_end(args);
+    return fDone;
 }
 
-template <class TYPE> void OStringEx<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_list args)
+template <class TYPE> bool OStringEx<TYPE>::AppendFormatV(LPCWSTR pszFormat, va_list args)
 {
-    InsertText(this->GetLength(), gesso::FormattedText(pszFormat, args));
+    const gesso::FormattedText formatted(pszFormat, args);
+    return formatted.IsMade() && InsertText(this->GetLength(), formatted) >= 0;
 }
 
 template <class TYPE> bool OStringEx<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
 {
     const gesso::TextSpan text = gesso::FindStringResource(nId, hInst);
-    if (text.data()) {
-        Assign(text);
-    }
-    return text.data() != nullptr;
+    return text.data() && Assign(text);
 }
 
 template class OStringEx<wchar_t>;

@@ -20,7 +20,7 @@ template <class TYPE> class OStringEx : public OString<TYPE>
 public:
     using typename OString<TYPE>::_stcStringData;
 
-    // Empty, with a capacity of 1 or as given, which is 1 at least.
+    // Empty, with a capacity of 1 or as given, which is 1 at least; of 1 if there is no memory for more.
     OStringEx();
     explicit OStringEx(UINT nBufferLength);
     // A copy has the capacity of its source.
@@ -37,7 +37,7 @@ public:
 
     UINT GetBufferLength() const;
     // The text for writing, in a block of `n` characters at least; valid until an operation that may need
-    // another block. GetLength is stale until ReleaseBuffer.
+    // another block. GetLength is stale until ReleaseBuffer. Null, with nothing done, without memory.
     TYPE* GetBuffer(UINT n);
     TYPE* SetBufferLength(UINT n);
     // Ends the writing: the text is `n` characters long, or up to its terminator with 0xFFFFFFFF. A text
@@ -63,10 +63,10 @@ public:
     OStringEx& TrimRight();
     OStringEx& TrimRight(LPCWSTR pszSet);
     OStringEx& TrimRight(wchar_t c);
-    void Format(LPCWSTR pszFormat, ...);
-    void FormatV(LPCWSTR pszFormat, va_list args);
-    void AppendFormat(LPCWSTR pszFormat, ...);
-    void AppendFormatV(LPCWSTR pszFormat, va_list args);
+    bool Format(LPCWSTR pszFormat, ...);
+    bool FormatV(LPCWSTR pszFormat, va_list args);
+    bool AppendFormat(LPCWSTR pszFormat, ...);
+    bool AppendFormatV(LPCWSTR pszFormat, va_list args);
     bool LoadStringW(UINT nId, HINSTANCE hInst);
 
     // As in OString; the new string's capacity is `nBufferLength`, or just enough if that is more.
@@ -75,7 +75,8 @@ public:
     OStringEx Right(UINT nCount, UINT nBufferLength) const;
 
     // Inserts a text, of which the second form takes `nMax` characters at most and needs no terminator within
-    // them. Returns the number inserted, or -1, with nothing done, if `nPos` is beyond the length.
+    // them. Returns the number inserted, or -1, with nothing done, if `nPos` is beyond the length or there is
+    // no memory.
     int Insert(UINT nPos, const OString<TYPE>& str);
     int Insert(UINT nPos, LPCWSTR psz, UINT nMax);
 
@@ -96,14 +97,14 @@ protected:
 
 private:
     bool Owns(gesso::TextSpan text) const;
-    void Assign(gesso::TextSpan text);
+    bool Assign(gesso::TextSpan text);
     int InsertText(UINT nPos, gesso::TextSpan text);
     UINT ReplaceText(gesso::TextSpan what, gesso::TextSpan with);
     OStringEx& CutEnds(gesso::TextSpan set, gesso::TrimEnds ends);
     // Puts the terminator, too.
     void SetLength(size_t nLength);
-    // Keeps all that the old block holds, what stands behind the terminator as well.
-    void Enlarge(size_t nBufferLength);
+    // Keeps all that the old block holds, what stands behind the terminator as well. False without memory.
+    bool Enlarge(size_t nBufferLength);
 };
 
 extern template class GESSO_API OStringEx<wchar_t>;

@@ -148,7 +148,11 @@ FormattedText::FormattedText(LPCWSTR pszFormat, va_list args)
     if (nLength < 0) {
         nLength = std::max(CountFormatted(pszFormat, args), 0);
         const size_t cch = static_cast<size_t>(nLength) + 1;
-        m_pszLong = static_cast<wchar_t*>(Allocate(cch * sizeof(wchar_t)));
+        m_pszLong = static_cast<wchar_t*>(TryAllocate(cch * sizeof(wchar_t)));
+        m_fMade = m_pszLong != nullptr;
+        if (!m_fMade) {
+            return;
+        }
         WriteFormatted(m_pszLong, cch, pszFormat, args);
     }
     m_nLength = static_cast<size_t>(nLength);

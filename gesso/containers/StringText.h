@@ -67,12 +67,15 @@ TextSpan FindStringResource(UINT nId, HINSTANCE hInst);
 class FormattedText
 {
 public:
-    // A format that the runtime rejects gives an empty text. `args` is left as it was.
+    // A format that the runtime rejects gives an empty text, as does one whose text there is no memory for.
+    // `args` is left as it was.
     FormattedText(LPCWSTR pszFormat, va_list args);
     ~FormattedText();
     FormattedText(const FormattedText&) = delete;
     FormattedText& operator=(const FormattedText&) = delete;
 
+    // False if there was no memory.
+    bool IsMade() const { return m_fMade; }
     operator TextSpan() const { return {m_pszLong ? m_pszLong : m_szShort, m_nLength}; }
 
 private:
@@ -81,6 +84,7 @@ private:
     wchar_t m_szShort[SHORT_LENGTH];
     wchar_t* m_pszLong = nullptr;
     size_t m_nLength = 0;
+    bool m_fMade = true;
 };
 
 } // namespace gesso

@@ -10,7 +10,10 @@ namespace {
 
 LPWSTR CopyCharacters(LPCWSTR psz, size_t nLength)
 {
-    auto* pszCopy = static_cast<LPWSTR>(Allocate((nLength + 1) * sizeof(wchar_t)));
+    auto* pszCopy = static_cast<LPWSTR>(TryAllocate((nLength + 1) * sizeof(wchar_t)));
+    if (!pszCopy) {
+        return nullptr;
+    }
     std::memcpy(pszCopy, psz, nLength * sizeof(wchar_t));
     pszCopy[nLength] = 0;
     return pszCopy;
@@ -97,7 +100,11 @@ LPWSTR CopyTextOrNone(LPCWSTR psz)
 
 int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz)
 {
-    text.Reset(CopyText(psz));
+    LPWSTR pszCopy = CopyText(psz);
+    if (!pszCopy) {
+        return 0;
+    }
+    text.Reset(pszCopy);
     wnd.Invalidate(0);
     return 1;
 }

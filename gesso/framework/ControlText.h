@@ -34,12 +34,13 @@ private:
 };
 static_assert(sizeof(ControlText) == 2 * sizeof(void*), "what follows it in a control keeps its place");
 
-// A fresh heap copy of a text; of the empty text for a null pointer.
+// A fresh heap copy of a text; of the empty text for a null pointer. Null without memory.
 LPWSTR CopyText(LPCWSTR psz);
 // The same, but null for a null pointer.
 LPWSTR CopyTextOrNone(LPCWSTR psz);
 
-// SetText of all controls: holds a copy of the text, and repaints. Returns 1.
+// SetText of all controls: holds a copy of the text, and repaints. Returns 1; 0, with nothing done, without
+// memory.
 int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz);
 
 // A fresh heap copy of the text in a dialog template's creation data: a first word, which is skipped, and a
