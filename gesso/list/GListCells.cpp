@@ -5,11 +5,11 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListCellLayout.h>
 #include <gesso/list/ListLayout.h>
-#include <gesso/list/Saturate.h>
 
 #include <algorithm>
 #include <utility>

@@ -8,10 +8,10 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
-#include <gesso/list/Saturate.h>
 #include <gesso/text/CDrawText.h>
 
 #include <algorithm>

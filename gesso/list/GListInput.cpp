@@ -3,9 +3,9 @@
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
-#include <gesso/list/Saturate.h>
 
 #include <algorithm>
 #include <utility>

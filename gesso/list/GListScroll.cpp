@@ -1,8 +1,8 @@
 // What the scroll bars and the wheel do with the view.
 
+#include <gesso/framework/Saturate.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/list/GList.h>
-#include <gesso/list/Saturate.h>
 
 #include <optional>
 

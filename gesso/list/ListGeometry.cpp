@@ -1,6 +1,6 @@
 #include <gesso/containers/Index.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/list/ListGeometry.h>
-#include <gesso/list/Saturate.h>
 
 #include <algorithm>
 

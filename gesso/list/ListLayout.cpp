@@ -1,5 +1,5 @@
+#include <gesso/framework/Saturate.h>
 #include <gesso/list/ListLayout.h>
-#include <gesso/list/Saturate.h>
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
-// Sums of places and extents in a list, which a host may make as large as it likes: they stop at the ends of
-// the numbers' range, so that what lies lower in the list never comes out above.
+// Sums of places and extents that a host may make as large as it likes: they stop at the ends of the numbers'
+// range, so that what lies lower or further right never comes out above or to the left.
 #pragma once
 
 #include <gesso/api.h>
