@@ -12,38 +12,46 @@ namespace {
 constexpr wchar_t CR = L'\r';
 constexpr wchar_t LF = L'\n';
 
-// A text with its line ends made CR LF, and the length of each line.
-struct SplitText
+// Goes through a text: character(ch) for each character, lineEnd() for each line end.
+template <class CHARACTER, class LINE_END> void Walk(LPCWSTR psz, CHARACTER character, LINE_END lineEnd)
 {
-    explicit SplitText(LPCWSTR psz)
-    {
-        const auto nLength = static_cast<UINT>(wcslen(psz));
-        // A lone CR or LF becomes two characters.
-        wchar_t* pszTo = str.GetBuffer(2 * nLength + 1);
-        UINT nTo = 0;
-        UINT nLineStart = 0;
-        for (LPCWSTR p = psz; *p; ++p) {
-            if (*p != CR && *p != LF) {
-                pszTo[nTo++] = *p;
-                continue;
-            }
-            if (*p == CR && p[1] == LF) {
-                ++p;
-            }
-            aLines.Add(nTo - nLineStart);
-            pszTo[nTo++] = CR;
-            pszTo[nTo++] = LF;
-            nLineStart = nTo;
+    for (LPCWSTR p = psz; *p; ++p) {
+        if (*p != CR && *p != LF) {
+            character(*p);
+            continue;
         }
-        aLines.Add(nTo - nLineStart);
-        str.ReleaseBuffer(nTo);
+        if (*p == CR && p[1] == LF) {
+            ++p;
+        }
+        lineEnd();
     }
-
-    OStringEx<wchar_t> str;
-    LineTable aLines;
-};
+}
 
 } // namespace
+
+LineText::LineText(LPCWSTR psz)
+{
+    UINT nText = 0;
+    UINT nBreaks = 0;
+    Walk(
+        psz, [&](wchar_t) { ++nText; }, [&] { ++nBreaks; });
+    const UINT nLength = nText + nBreaks * EditLines::BREAK_LENGTH;
+    wchar_t* pszTo = str.GetBuffer(std::max(nLength + 1, EditLines::FIRST_CAPACITY));
+    aLines.AllocExtra(nBreaks + 1, 0);
+    UINT nLine = 0;
+    const auto put = [&](wchar_t ch) {
+        *pszTo++ = ch;
+        ++nLine;
+    };
+    const auto endLine = [&] {
+        aLines.Add(std::exchange(nLine, 0));
+        *pszTo++ = CR;
+        *pszTo++ = LF;
+    };
+    Walk(psz, put, endLine);
+    aLines.Add(nLine);
+    str.ReleaseBuffer(nLength);
+}
 
 // --- The text and its lines
 
@@ -85,12 +93,6 @@ UINT EditLines::OffsetOfLine(UINT nLine) const
 }
 
 // --- Places
-
-Place EditLines::Limited(const Place& place) const
-{
-    const UINT nLine = std::min(place.nLine, Count() - 1);
-    return {nLine, place.nChar > INT_MAX ? 0 : std::min(place.nChar, m_aLines[nLine])};
-}
 
 Place EditLines::End() const
 {
@@ -230,30 +232,34 @@ void EditLines::BeOneLine()
     m_nSettled = 0;
 }
 
-Place EditLines::Replace(LPCWSTR psz)
+void EditLines::Start(LPCWSTR psz)
 {
-    // What psz may point into.
-    const OStringEx<wchar_t> strFormer = std::exchange(m_strText, OStringEx<wchar_t>(FIRST_CAPACITY));
+    m_strText = psz;
     BeOneLine();
-    return Insert({0, 0}, psz);
 }
 
-// The string itself grows to the exact need.
-void EditLines::Reserve(UINT nMore)
+Place EditLines::Replace(LineText&& text)
 {
-    const UINT nNeed = TextLength() + nMore + 1;
+    m_strText = std::move(text.str);
+    m_aLines = std::move(text.aLines);
+    m_nSettled = 0;
+    return End();
+}
+
+// Where the text changes without being another one altogether. The string itself grows to the exact need.
+void EditLines::ChangeText(UINT nOffset, UINT nRemoved, LPCWSTR psz, UINT nInserted)
+{
+    m_strText.Delete(nOffset, nRemoved);
+    const UINT nNeed = TextLength() + nInserted + 1;
     if (nNeed > m_strText.GetBufferLength()) {
         m_strText.GetBuffer(nNeed + nNeed / 4);
     }
+    m_strText.Insert(std::min(nOffset, TextLength()), psz, nInserted);
 }
 
-Place EditLines::Insert(const Place& place, LPCWSTR psz)
+Place EditLines::Insert(const Place& place, LineText&& text)
 {
-    SplitText text(psz);
-    const UINT nOffset = std::min(OffsetOf(place), TextLength());
-    Reserve(text.str.GetLength());
-    m_strText.Insert(nOffset, text.str);
-
+    InsertText(OffsetOf(place), text.str, text.str.GetLength());
     const UINT nLast = text.aLines.GetLength() - 1;
     const UINT nBehind = m_aLines[place.nLine] - place.nChar;
     text.aLines[0] += place.nChar;
@@ -267,8 +273,7 @@ Place EditLines::Insert(const Place& place, LPCWSTR psz)
 
 Place EditLines::InsertChar(const Place& place, wchar_t ch)
 {
-    Reserve(1);
-    m_strText.Insert(std::min(OffsetOf(place), TextLength()), &ch, 1);
+    InsertText(OffsetOf(place), &ch, 1);
     SetLength(place.nLine, m_aLines[place.nLine] + 1);
     Touch(place.nLine);
     return {place.nLine, place.nChar + 1};
@@ -276,8 +281,7 @@ Place EditLines::InsertChar(const Place& place, wchar_t ch)
 
 Place EditLines::InsertBreak(const Place& place, UINT nOffset)
 {
-    Reserve(BREAK_LENGTH);
-    m_strText.Insert(std::min(nOffset + place.nChar, TextLength()), L"\r\n", BREAK_LENGTH);
+    InsertText(nOffset + place.nChar, L"\r\n", BREAK_LENGTH);
     InsertLine(place.nLine + 1, m_aLines[place.nLine] - place.nChar);
     SetLength(place.nLine, place.nChar);
     Touch(place.nLine + 1);
@@ -290,7 +294,7 @@ Place EditLines::Remove(const Place& first, const Place& last)
     const UINT nEnd = OffsetOf(last);
     SetLength(first.nLine, m_aLines[last.nLine] - last.nChar + first.nChar);
     RemoveLines(first.nLine + 1, last.nLine - first.nLine);
-    m_strText.Delete(nStart, nEnd - nStart);
+    RemoveText(nStart, nEnd - nStart);
     Touch(first.nLine);
     Place caret = first;
     DropEmptied(first.nLine, nStart, &caret);
@@ -300,7 +304,7 @@ Place EditLines::Remove(const Place& first, const Place& last)
 // The caret must stand where it is to be afterwards.
 void EditLines::RemoveChar(UINT nLine, UINT nOffset, Place* pCaret)
 {
-    m_strText.Delete(nOffset, 1);
+    RemoveText(nOffset, 1);
     SetLength(nLine, m_aLines[nLine] - std::min(m_aLines[nLine], 1u));
     Touch(nLine);
     DropEmptied(nLine, nOffset, pCaret);
@@ -364,7 +368,7 @@ Place EditLines::DeleteBreak(UINT nLine, UINT nOffset)
     SetLength(nLine - 1, nBefore + m_aLines[nLine]);
     RemoveLines(nLine, 1);
     if (nOffset >= BREAK_LENGTH) {
-        m_strText.Delete(nOffset - BREAK_LENGTH, BREAK_LENGTH);
+        RemoveText(nOffset - BREAK_LENGTH, BREAK_LENGTH);
     }
     Touch(nLine - 1);
     if (!fOwnBreak) {
@@ -407,7 +411,7 @@ Place TypedChar::TakeBack(wchar_t* pchRefused)
     m_lines.TakeBack(m_aChanges);
     const wchar_t ch = m_lines.CharAt(m_nOffset);
     *pchRefused = IS_HIGH_SURROGATE(ch) ? ch : L'\0';
-    m_lines.m_strText.Delete(m_nOffset, 1);
+    m_lines.RemoveText(m_nOffset, 1);
     if (!IS_LOW_SURROGATE(ch) || m_nOffset == 0 || !IS_HIGH_SURROGATE(m_lines.CharAt(m_nOffset - 1))) {
         return m_place;
     }

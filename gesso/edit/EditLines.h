@@ -13,6 +13,8 @@
 #include <gesso/containers/OArray.h>
 #include <gesso/containers/OStringEx.h>
 
+#include <algorithm>
+#include <climits>
 #include <compare>
 
 namespace gesso {
@@ -41,6 +43,15 @@ public:
 
 protected:
     ~LineMeasure() = default;
+};
+
+// A text with its line ends made CR LF, and the length of each line. CR, LF and CR LF each are one line end.
+struct LineText
+{
+    explicit LineText(LPCWSTR psz);
+
+    OStringEx<wchar_t> str;
+    LineTable aLines;
 };
 
 class EditLines
@@ -72,6 +83,7 @@ public:
 
     // --- Places
 
+    bool Has(const Place& place) const { return Limited(place) == place; }
     // The nearest place that there is. A negative character, as SetSel may leave it, counts as 0.
     Place Limited(const Place& place) const;
     Place End() const;
@@ -88,10 +100,11 @@ public:
 
     // The whole text becomes one line, line ends and all.
     void BeOneLine();
-    // Replaces the text, which psz may be.
-    Place Replace(LPCWSTR psz);
-    // CR, LF and CR LF each become one line end.
-    Place Insert(const Place& place, LPCWSTR psz);
+    // Replaces the text, which psz may be, by one that is one line, line ends and all.
+    void Start(LPCWSTR psz);
+    // Replaces the text, which `text` may have been made from.
+    Place Replace(LineText&& text);
+    Place Insert(const Place& place, LineText&& text);
     Place InsertChar(const Place& place, wchar_t ch);
     // nOffset is where the place's line begins.
     Place InsertBreak(const Place& place, UINT nOffset);
@@ -146,7 +159,9 @@ private:
     void Note(TableChange::Kind kind, UINT nLine, UINT nFormer);
     void TakeBack(const Journal& aChanges);
 
-    void Reserve(UINT nMore);
+    void ChangeText(UINT nOffset, UINT nRemoved, LPCWSTR psz, UINT nInserted);
+    void InsertText(UINT nOffset, LPCWSTR psz, UINT nLength) { ChangeText(nOffset, 0, psz, nLength); }
+    void RemoveText(UINT nOffset, UINT nLength) { ChangeText(nOffset, nLength, L"", 0); }
     void Touch(UINT nLine);
     void DropEmptied(UINT nLine, UINT nOffset, Place* pCaret);
     Place JoinWithLineBefore(UINT nLine);
@@ -191,6 +206,12 @@ private:
     UINT m_nOffset;
     Place m_behind;
 };
+
+inline Place EditLines::Limited(const Place& place) const
+{
+    const UINT nLine = std::min(place.nLine, Count() - 1);
+    return {nLine, place.nChar > INT_MAX ? 0 : std::min(place.nChar, m_aLines[nLine])};
+}
 
 inline bool EditLines::Check(const OStringEx<wchar_t>& strText, const LineTable& aLines)
 {

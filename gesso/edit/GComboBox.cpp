@@ -1,5 +1,6 @@
 // A combo box's window, its items and the selection.
 
+#include <gesso/containers/Check.h>
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/BufferedPaint.h>
@@ -203,10 +204,11 @@ LRESULT GComboBox::OnDestroy()
 
 int GComboBox::SetText(LPCWSTR pszText)
 {
-    m_strText = gesso::TextOrEmpty(pszText);
-    Field field(*this);
-    field.text.MoveTo(field.lines.End(), false);
-    ChangeField(field.text);
+    ChangeText([&](gesso::TextField& field) {
+        field.Lines().Start(gesso::TextOrEmpty(pszText));
+        field.MoveTo(field.Lines().End(), false);
+        return true;
+    });
     UpdateCursorPos();
     Invalidate(0);
     return 1;
@@ -223,6 +225,17 @@ int GComboBox::GetText(LPWSTR pszBuffer, int* pnLength) const
 }
 
 // --- Items
+
+bool gesso::CheckItems(const OArray<ComboItem*, ComboItem*>& aItems)
+{
+    const auto isSound = [&](ComboItem* const& pItem) {
+        const auto isTwin = [&](const ComboItem* pOther) {
+            return pOther == pItem || pOther->pszText == pItem->pszText;
+        };
+        return pItem && pItem->pszText && std::none_of(aItems.begin(), &pItem, isTwin);
+    };
+    return gesso::Check(aItems) && std::all_of(aItems.begin(), aItems.end(), isSound);
+}
 
 // A copy leaves the items to the control that it was made from.
 void GComboBox::Release(ComboItem* pItem) const
@@ -374,12 +387,13 @@ void GComboBox::Callback(UINT nIndex)
 void GComboBox::Update(bool bNotify)
 {
     const ComboItem* pItem = ItemAt(Selected());
-    m_strText = pItem ? pItem->pszText : L"";
-    Field field(*this);
-    if (Kind() == GCBS_DROPDOWN) {
-        field.text.SelectAll();
-    }
-    ChangeField(field.text);
+    ChangeText([&](gesso::TextField& field) {
+        field.Lines().Start(pItem ? pItem->pszText : L"");
+        if (Kind() == GCBS_DROPDOWN) {
+            field.SelectAll();
+        }
+        return true;
+    });
     if (Kind() == GCBS_DROPDOWN) {
         UpdateCursorPos();
     }

@@ -214,7 +214,9 @@ private:
     DWORD Kind() const;
     UINT Selected() const;
 
-    // The one place each where the selected item, the field's selection and the list's being open change.
+    // The one place each where the text, the selected item, the field's selection and the list's being open
+    // change.
+    template <class EDIT> bool ChangeText(EDIT edit);
     void ChangeSelection(UINT nIndex);
     void ChangeField(const gesso::TextField& field);
     void ChangeExpansion(bool fOpen);
@@ -235,17 +237,12 @@ private:
     int PartAt(POINTS pt) const;
     UINT CharAt(int x) const;
     void StepThroughItems(UINT uKey);
-    void SelectWithin(int nIndex);
+    void SelectWithin(LONGLONG nIndex);
     void EditByKey(UINT uKey);
     void EditByControlKey(UINT uKey);
     bool MoveByKey(UINT uKey);
     void StepItem(int nStep);
-    void Edited(const gesso::TextField& field);
-    void DeleteForward();
-    void DeleteBackward();
-    void Insert(LPCWSTR psz);
-    void Cut();
-    void Paste();
+    template <class EDIT> void Edit(EDIT edit);
 
     bool IsDropped() const;
     Look LookNow() const;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <functional>
 
 using gesso::COMBO_BUTTON;
 using gesso::COMBO_OUTSIDE;
@@ -207,7 +208,7 @@ LRESULT GComboBox::OnMouseLeave()
 // Without items the selection becomes 0 or none, and the text empty for both.
 LRESULT GComboBox::OnMouseWheel(int nDelta)
 {
-    SelectWithin(static_cast<int>(Selected()) - nDelta / WHEEL_DELTA);
+    SelectWithin(LONGLONG{static_cast<int>(Selected())} - nDelta / WHEEL_DELTA);
     return 0;
 }
 
@@ -224,6 +225,17 @@ LRESULT GComboBox::OnSetCursor(WPARAM wParam, LPARAM lParam)
     return Frame::Default(*this, WM_SETCURSOR, wParam, lParam);
 }
 
+// --- Edits of the user's, which are told last: the control may be gone afterwards
+
+template <class EDIT> void GComboBox::Edit(EDIT edit)
+{
+    if (ChangeText([&](gesso::TextField& field) { return std::invoke(edit, field); })) {
+        UpdateCursorPos();
+        Invalidate(0);
+        Frame::SendCommand(*this, EN_CHANGE);
+    }
+}
+
 // --- Keys
 
 LRESULT GComboBox::OnKeyDown(UINT uKey, LPARAM)
@@ -236,16 +248,16 @@ LRESULT GComboBox::OnKeyDown(UINT uKey, LPARAM)
     return 0;
 }
 
-void GComboBox::SelectWithin(int nIndex)
+void GComboBox::SelectWithin(LONGLONG nIndex)
 {
-    const int nLast = static_cast<int>(m_aItems.GetLength()) - 1;
+    const LONGLONG nLast = LONGLONG{m_aItems.GetLength()} - 1;
     ChangeSelection(static_cast<UINT>(nIndex < 0 ? 0 : std::min(nIndex, nLast)));
     Update(true);
 }
 
 void GComboBox::StepThroughItems(UINT uKey)
 {
-    const int nSelected = static_cast<int>(Selected());
+    const LONGLONG nSelected = static_cast<int>(Selected());
     switch (uKey) {
     case VK_PRIOR:
     case VK_HOME: SelectWithin(0); break;
@@ -267,7 +279,7 @@ void GComboBox::EditByKey(UINT uKey)
     switch (uKey) {
     case VK_UP: StepItem(-1); break;
     case VK_DOWN: StepItem(1); break;
-    case VK_DELETE: DeleteForward(); break;
+    case VK_DELETE: Edit(&gesso::TextField::RemoveBehind); break;
     case VK_F4:
         Invalidate(0);
         ShowDropDown();
@@ -285,8 +297,10 @@ void GComboBox::EditByControlKey(UINT uKey)
     switch (uKey) {
     case 'A': SelectAllText(); break;
     case 'C': Field(*this).text.Copy(*this); break;
-    case 'X': Cut(); break;
-    case 'V': Paste(); break;
+    case 'X': Field(*this).text.Cut(*this, [&](auto remove) { Edit(remove); }); break;
+    case 'V':
+        gesso::TextField::Paste(*this, gesso::PastedAs::OneLine, [&](auto insert) { Edit(insert); });
+        break;
     default: break;
     }
 }
@@ -330,69 +344,19 @@ LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
         return 0;
     }
     switch (c) {
-    case gesso::CHAR_BACKSPACE: DeleteBackward(); return 0;
+    case gesso::CHAR_BACKSPACE: Edit(&gesso::TextField::RemoveBefore); return 0;
     case gesso::CHAR_TAB: gesso::SendTab(*this); return 0;
     case gesso::CHAR_LINE_FEED:
     case gesso::CHAR_ESCAPE: return 1;
     case gesso::CHAR_RETURN: return 0;
     default:
         if (c && !IsKeyDown(VK_CONTROL)) {
-            const wchar_t szTyped[] = {c, 0};
-            Insert(szTyped);
+            Edit([c](gesso::TextField& field) {
+                const wchar_t szTyped[] = {c, 0};
+                field.Insert(szTyped);
+                return true;
+            });
         }
         return 0;
     }
-}
-
-// --- Editing: each operation ends with the notification, after which the control may be gone
-
-void GComboBox::Edited(const gesso::TextField& field)
-{
-    ChangeField(field);
-    UpdateCursorPos();
-    Invalidate(0);
-    Frame::SendCommand(*this, EN_CHANGE);
-}
-
-void GComboBox::DeleteForward()
-{
-    Field field(*this);
-    if (field.text.RemoveBehind()) {
-        Edited(field.text);
-    }
-}
-
-void GComboBox::DeleteBackward()
-{
-    Field field(*this);
-    if (field.text.RemoveBefore()) {
-        Edited(field.text);
-    }
-}
-
-void GComboBox::Insert(LPCWSTR psz)
-{
-    Field field(*this);
-    field.text.Insert(psz);
-    Edited(field.text);
-}
-
-void GComboBox::Cut()
-{
-    if (Field(*this).text.Copy(*this)) {
-        Field field(*this);
-        field.text.RemoveSelection();
-        Edited(field.text);
-    }
-}
-
-void GComboBox::Paste()
-{
-    OStringEx<wchar_t> strPasted;
-    if (!gesso::GetClipboardText(*this, &strPasted)) {
-        return;
-    }
-    strPasted.Remove(L'\r');
-    strPasted.Replace(L'\n', L' ');
-    Insert(strPasted);
 }

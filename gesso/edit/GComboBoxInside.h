@@ -12,6 +12,9 @@ inline constexpr int COMBO_OUTSIDE = -1;
 inline constexpr int COMBO_TEXT = 1;
 inline constexpr int COMBO_BUTTON = 2;
 
+// Whether each item is a record of its own with a text of its own.
+bool CheckItems(const OArray<ComboItem*, ComboItem*>& aItems);
+
 } // namespace gesso
 
 struct GComboBox::Inside
@@ -32,3 +35,15 @@ struct GComboBox::Field
     gesso::EditLines lines;
     gesso::TextField text;
 };
+
+// The one place where the text changes. edit(field) does it, and answers whether it has done anything; the
+// selection in it then is the field's.
+template <class EDIT> bool GComboBox::ChangeText(EDIT edit)
+{
+    Field field(*this);
+    const bool fChanged = edit(field.text);
+    if (fChanged) {
+        ChangeField(field.text);
+    }
+    return fChanged;
+}

@@ -4,6 +4,8 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
@@ -15,6 +17,7 @@ using gesso::Frame;
 using gesso::NO_INDEX;
 using gesso::Pixels;
 using gesso::PlainPart;
+using gesso::Saturated;
 using gesso::SystemMetric;
 using gesso::ThemePart;
 namespace Metrics = gesso::Metrics;
@@ -26,6 +29,9 @@ constexpr UINT FIRST_NO_ITEM = 0xFFFFFFFD; // from here on an index stands for n
 
 constexpr int PAGE_ROWS = 10;                  // of the page keys
 constexpr UINT MOST_WHEEL_LINES = WHEEL_DELTA; // "a page" a notch is more lines than a list shows
+
+constexpr UINT MOST_HEIGHT =
+    INT_MAX / 2; // of the window before it is shrunk: its bottom is a coordinate, too
 
 constexpr LPCWSTR COMBO_CLASS = L"COMBOBOX"; // of the style
 constexpr LPCWSTR LIST_CLASS = L"LISTVIEW";
@@ -42,8 +48,7 @@ UINT KeysOf(WPARAM wKeys)
 
 } // namespace
 
-GComboBoxList::GComboBoxList() : m_nItemHeight(static_cast<UINT>(Pixels(nullptr, Metrics::COMBO_ROW_HEIGHT)))
-{}
+GComboBoxList::GComboBoxList() = default;
 
 GComboBoxList::~GComboBoxList()
 {
@@ -70,7 +75,8 @@ void GComboBoxList::Open(HWND hwndOwner, HFONT hFont, UINT nHeight)
     const ATOM aClass = gesso::RegisterControlClass(s_aListClass, L"GComboBoxList", WindowProc,
                                                     CS_DROPSHADOW | CS_GLOBALCLASS);
     const gesso::Placement place{static_cast<int>(rc.left), static_cast<int>(rc.bottom),
-                                 static_cast<int>(rc.right - rc.left), static_cast<int>(nHeight), hwndOwner};
+                                 static_cast<int>(rc.right - rc.left),
+                                 static_cast<int>(std::min(nHeight, MOST_HEIGHT)), hwndOwner};
     if (!Frame::CreateTagged(*this, aClass, place, 0, LIST_EX_STYLE, LIST_STYLE)) {
         return;
     }
@@ -85,7 +91,7 @@ void GComboBoxList::ShrinkToItems()
     RECT rcClient{};
     GetWindowRect(m_hWnd, &rcWindow);
     GetClientRect(m_hWnd, &rcClient);
-    const int nFree = std::max(0, static_cast<int>(rcClient.bottom) - ItemCount() * ItemHeight());
+    const auto nFree = static_cast<int>(std::max<LONGLONG>(0, rcClient.bottom - RowsHeight()));
     SetWindowPos(m_hWnd, HWND_TOP, 0, 0, rcWindow.right - rcWindow.left,
                  rcWindow.bottom - rcWindow.top - nFree, SWP_NOMOVE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
@@ -111,9 +117,12 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
     GWndScroll::m_hitDown = {};
     m_hitNow = {};
     GWndScroll::OnNcCreate(pcs);
+    if (m_nItemHeight == 0) {
+        m_nItemHeight = static_cast<UINT>(Pixels(m_hWnd, Metrics::COMBO_ROW_HEIGHT));
+    }
     m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
     m_hListTheme.Open(m_hWnd, LIST_CLASS);
-    SetUpScrolling(pcs->cy - 2 * static_cast<int>(FrameSize().cy));
+    SetUpScrolling(Saturated(pcs->cy - 2 * LONGLONG{FrameSize().cy}));
     m_hitDown = {{}, NO_INDEX, 0};
     m_hitMove = {{}, NO_INDEX};
     ChangeHot(m_pOwner->Selected());
@@ -122,10 +131,11 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
 
 void GComboBoxList::SetUpScrolling(int nPage)
 {
-    const int nMax = ItemCount() * ItemHeight() - 1;
+    const int nMax = Saturated(RowsHeight() - 1);
     if (nMax <= nPage) {
-        m_siV.nMin = m_siV.nMax = m_siV.nPos = 0;
+        m_siV.nMin = m_siV.nMax = 0;
         m_siV.nPage = 0;
+        SetScrollPos(SB_VERT, 0, FALSE);
         return;
     }
     const SCROLLINFO si{sizeof(SCROLLINFO),
@@ -166,7 +176,8 @@ SIZE GComboBoxList::FrameSize() const
     if (!(Frame::Style(*this) & WS_BORDER)) {
         return size;
     }
-    if (FAILED(GetThemePartSize(m_hComboTheme, nullptr, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
+    const gesso::WindowContext hdc(m_hWnd);
+    if (FAILED(GetThemePartSize(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
         size = {SystemMetric(m_hWnd, SM_CXBORDER), SystemMetric(m_hWnd, SM_CYBORDER)};
     }
     return size;
@@ -199,9 +210,19 @@ LRESULT GComboBoxList::OnPrintClient(HDC hdc, LPARAM lParam)
 
 // --- Rows
 
+int GComboBoxList::ItemHeight() const
+{
+    return static_cast<int>(std::clamp(m_nItemHeight, 1u, UINT{INT_MAX}));
+}
+
 int GComboBoxList::ItemCount() const
 {
     return static_cast<int>(m_pItems->GetLength());
+}
+
+LONGLONG GComboBoxList::RowsHeight() const
+{
+    return LONGLONG{ItemCount()} * ItemHeight();
 }
 
 // The program may have removed items since the list was opened.
@@ -212,14 +233,14 @@ bool GComboBoxList::IsRow(UINT nItem) const
 
 RECT GComboBoxList::RowRect(UINT nItem, int cx) const
 {
-    const int nTop = static_cast<int>(nItem) * ItemHeight() - m_siV.nPos;
-    return {0, nTop, cx, nTop + ItemHeight()};
+    const LONGLONG nTop = LONGLONG{nItem} * ItemHeight() - m_siV.nPos;
+    return {0, Saturated(nTop), cx, Saturated(nTop + ItemHeight())};
 }
 
 // Whether there is such a row or not.
 UINT GComboBoxList::RowAt(int y) const
 {
-    return static_cast<UINT>((m_siV.nPos + y) / ItemHeight());
+    return static_cast<UINT>((LONGLONG{m_siV.nPos} + y) / ItemHeight());
 }
 
 void GComboBoxList::Draw(HDC hdc)
@@ -301,10 +322,10 @@ LRESULT GComboBoxList::OnNcMouseMove(UINT uHit, POINTS ptScreen)
 
 // --- Scrolling
 
-void GComboBoxList::ScrollTo(int nPos)
+void GComboBoxList::ScrollTo(LONGLONG nPos)
 {
     if (!(m_dwVStyle & GSB_HIDDEN)) {
-        SetScrollPos(SB_VERT, nPos, FALSE);
+        SetScrollPos(SB_VERT, Saturated(nPos), FALSE);
     }
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }
@@ -318,9 +339,9 @@ void GComboBoxList::ShowRow(UINT nItem)
     GetClientRect(m_hWnd, &rcClient);
     const RECT rc = RowRect(nItem, rcClient.right);
     if (rc.top < 0) {
-        ScrollTo(m_siV.nPos + rc.top);
+        ScrollTo(LONGLONG{m_siV.nPos} + rc.top);
     } else if (rc.bottom > rcClient.bottom) {
-        ScrollTo(m_siV.nPos + rc.bottom - rcClient.bottom);
+        ScrollTo(LONGLONG{m_siV.nPos} + rc.bottom - rcClient.bottom);
     } else {
         RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     }
@@ -328,9 +349,9 @@ void GComboBoxList::ShowRow(UINT nItem)
 
 LRESULT GComboBoxList::OnMouseWheel(int nDelta)
 {
-    if (static_cast<int>(m_siV.nPage) < m_siV.nMax - m_siV.nMin) {
+    if (static_cast<int>(m_siV.nPage) < gesso::RangeOf(m_siV)) {
         const auto nLines = static_cast<int>(std::min(gesso::WheelLines(), MOST_WHEEL_LINES));
-        ScrollTo(m_siV.nPos - nDelta / WHEEL_DELTA * ItemHeight() * nLines);
+        ScrollTo(m_siV.nPos - LONGLONG{nDelta / WHEEL_DELTA} * ItemHeight() * nLines);
     }
     return 0;
 }
@@ -347,7 +368,7 @@ LRESULT GComboBoxList::OnVScroll(WORD wCode, WORD wPos)
     if (wCode == SB_TOP || wCode == SB_BOTTOM) {
         ScrollTo(wCode == SB_TOP ? m_siV.nMin : m_siV.nMax);
     } else if (const auto nTarget = gesso::ScrollTarget(m_siV, wCode, nThumb, ItemHeight())) {
-        ScrollTo(static_cast<int>(*nTarget));
+        ScrollTo(*nTarget);
     }
     return 0;
 }
@@ -379,13 +400,13 @@ void GComboBoxList::ChangeHot(UINT nItem)
 // selection after Esc would find the former item.
 void GComboBoxList::MoveBy(int nRows)
 {
-    const auto nSelected = static_cast<int>(m_pOwner->Selected());
+    const LONGLONG nSelected = static_cast<int>(m_pOwner->Selected());
     const int nLast = ItemCount() - 1;
     const bool fAtEdge = nRows < 0 ? nSelected <= 0 : nSelected >= nLast;
     if (fAtEdge || nLast < 0) {
         return;
     }
-    ChangeHot(static_cast<UINT>(std::clamp(nSelected + nRows, 0, nLast)));
+    ChangeHot(static_cast<UINT>(std::clamp<LONGLONG>(nSelected + nRows, 0, nLast)));
     m_pOwner->ChangeSelection(m_nHot);
     ShowRow(m_nHot);
     m_pOwner->Update(false);

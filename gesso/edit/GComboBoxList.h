@@ -54,7 +54,7 @@ protected:
     gesso::ThemeHandle m_hComboTheme;
     gesso::ItemTheme m_hListTheme;
     HFONT m_hFont = nullptr;
-    UINT m_nItemHeight; // in pixels
+    UINT m_nItemHeight = 0; // in pixels; 0 until the list is opened
     GComboBox* m_pOwner = nullptr;
     OArray<ComboItem*, ComboItem*>* m_pItems = nullptr; // the owner's
     PressInfo m_hitDown{};
@@ -76,8 +76,9 @@ private:
     // Turns a message for another window into one for this list, if it is the user's input.
     void Redirect(MSG* pMsg) const;
 
-    int ItemHeight() const { return static_cast<int>(m_nItemHeight); }
+    int ItemHeight() const;
     int ItemCount() const;
+    LONGLONG RowsHeight() const;
     bool IsRow(UINT nItem) const;
     void ShrinkToItems();
     void SetUpScrolling(int nPage);
@@ -91,7 +92,7 @@ private:
     void ChangeHot(UINT nItem);
     void MoveBy(int nRows);
     void ShowRow(UINT nItem);
-    void ScrollTo(int nPos);
+    void ScrollTo(LONGLONG nPos);
     void Pick(UINT nItem);
     int ThumbPos(WORD wPos) const;
     void DrawRow(HDC hdc, UINT nItem, const RECT& rc) const;

@@ -90,7 +90,7 @@ GEdit& GEdit::operator=(const GEdit& other)
     m_aLines = other.m_aLines;
     m_hitDown = other.m_hitDown;
     m_hitMove = other.m_hitMove;
-    ChangeField(other.Field());
+    ChangeSelection(other.Field());
     Own().lines.ForgetWrapping();
     Own().fCaret = other.Own().fCaret;
     Own().chRefused = other.Own().chRefused;
@@ -169,7 +169,8 @@ LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 LRESULT GEdit::OnCreate(const CREATESTRUCTW*)
 {
     m_hFont = g_hDefaultFont;
-    BeOneLine();
+    Own().lines.BeOneLine();
+    ChangeSelection({Own().lines, {}, {}});
     return 0;
 }
 

@@ -162,12 +162,13 @@ private:
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
-    // Text. The two are the only ways to the members above that say where caret and anchor are.
+    // Text. All that changes it and caret and anchor goes through the two that say so.
     gesso::TextField Field() const;
-    void ChangeField(const gesso::TextField& field);
+    template <class EDIT> bool ChangeText(EDIT edit);
+    void ChangeSelection(const gesso::TextField& field);
     void StartText(LPCWSTR pszText);
-    void BeOneLine();
     void Show(const gesso::TextField& field);
+    void ShowChange();
 
     // Wrapping
     bool IsMasked() const;
@@ -178,21 +179,20 @@ private:
     // View
     bool HasBorder() const;
     int FrameState() const;
+    RECT TextRect() const;
     void DrawLines(HDC hdc, const RECT& rcClient) const;
-    int PosThatShows(int x, const RECT& rcText) const;
+    int PosThatShows(LONGLONG x, const RECT& rcText) const;
 
     // Input
     void Moved(gesso::TextField& field);
-    LRESULT Edited(gesso::TextField& field);
+    template <class EDIT> LRESULT Edit(EDIT edit);
     void ClickAt(POINTS pt, HitTestInfo* pInfo, bool fExtend);
     bool MoveByKey(UINT uKey, gesso::TextField& field) const;
     void MoveUp(gesso::TextField& field) const;
     void MoveDown(gesso::TextField& field) const;
-    void MoveToRow(POINTS pt, gesso::TextField& field) const;
+    void MoveToRow(LONGLONG x, LONGLONG y, gesso::TextField& field) const;
     void SelectAll();
     LRESULT OnControlKey(UINT uKey);
-    LRESULT OnCut();
-    LRESULT OnPaste();
     LRESULT OnDelete();
     LRESULT OnBackspace();
     LRESULT OnEnter();

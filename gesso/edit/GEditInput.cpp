@@ -7,9 +7,9 @@
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
 
-using gesso::EditLines;
 using gesso::Frame;
 using gesso::IsKeyDown;
+using gesso::PastedAs;
 using gesso::Place;
 using gesso::TextField;
 
@@ -23,12 +23,19 @@ void GEdit::Moved(TextField& field)
     Show(field);
 }
 
-// Ends every edit, a refused one too. The control may be gone afterwards.
-LRESULT GEdit::Edited(TextField& field)
+// An edit of the user's, after which nothing is selected; a refused one is told too. The control may be gone
+// afterwards.
+template <class EDIT> LRESULT GEdit::Edit(EDIT edit)
 {
-    field.Collapse();
-    Show(field);
-    Frame::SendCommand(*this, EN_CHANGE);
+    const auto andCollapse = [&](TextField& field) {
+        const bool fDone = edit(field);
+        field.Collapse();
+        return fDone;
+    };
+    if (ChangeText(andCollapse)) {
+        ShowChange();
+        Frame::SendCommand(*this, EN_CHANGE);
+    }
     return 0;
 }
 
@@ -39,7 +46,7 @@ LRESULT GEdit::OnKeyDown(UINT uKey, UINT, UINT)
     TextField field = Field();
     // What SetSel or a deleted line end left outside of a line comes back in.
     field.Limit();
-    ChangeField(field);
+    ChangeSelection(field);
     if (MoveByKey(uKey, field)) {
         Moved(field);
         return 0;
@@ -72,7 +79,7 @@ void GEdit::MoveUp(TextField& field) const
     if (field.Caret().nLine > 0) {
         POINT pt{};
         GetCaretPos(&pt);
-        MoveToRow({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y - 1)}, field);
+        MoveToRow(pt.x, LONGLONG{pt.y} - 1, field);
     }
 }
 
@@ -84,13 +91,13 @@ void GEdit::MoveDown(TextField& field) const
         POINT pt{};
         GetCaretPos(&pt);
         const int nHeight = gesso::WindowMeasure(m_hWnd, nullptr, false)->LineHeight();
-        MoveToRow({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y + nHeight)}, field);
+        MoveToRow(pt.x, LONGLONG{pt.y} + nHeight, field);
     }
 }
 
-void GEdit::MoveToRow(POINTS pt, TextField& field) const
+void GEdit::MoveToRow(LONGLONG x, LONGLONG y, TextField& field) const
 {
-    HitTestInfo info{pt, 0, 0};
+    HitTestInfo info{{static_cast<SHORT>(x), static_cast<SHORT>(y)}, 0, 0};
     HitTest(&info);
     field.PutCaret({info.nLine, info.nChar});
 }
@@ -104,8 +111,17 @@ LRESULT GEdit::OnControlKey(UINT uKey)
         Frame::SendCommand(*this, EN_CHANGE);
         break;
     case 'C': Field().Copy(*this); break;
-    case 'X': return OnCut();
-    case 'V': return OnPaste();
+    // The lines are not wrapped anew before the next edit.
+    case 'X': Field().Cut(*this, [&](auto remove) { Edit(remove); }); break;
+    case 'V':
+        TextField::Paste(*this, PastedAs::Lines, [&](auto insert) {
+            Edit([&](TextField& field) {
+                const bool fInserted = insert(field);
+                WrapAll(field);
+                return fInserted;
+            });
+        });
+        break;
     default: break;
     }
     return 0;
@@ -120,12 +136,13 @@ void GEdit::SelectAll()
 
 LRESULT GEdit::OnDelete()
 {
-    TextField field = Field();
-    if (!field.RemoveBehind()) {
-        return 0;
-    }
-    Repair(field);
-    return Edited(field);
+    return Edit([&](TextField& field) {
+        const bool fRemoved = field.RemoveBehind();
+        if (fRemoved) {
+            Repair(field);
+        }
+        return fRemoved;
+    });
 }
 
 // --- Characters
@@ -134,7 +151,7 @@ LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
 {
     TextField field = Field();
     field.Limit();
-    ChangeField(field);
+    ChangeSelection(field);
     switch (uChar) {
     case gesso::CHAR_BACKSPACE: return OnBackspace();
     case gesso::CHAR_TAB: gesso::SendTab(*this); return 0;
@@ -147,35 +164,38 @@ LRESULT GEdit::OnChar(UINT uChar, UINT, UINT)
 
 LRESULT GEdit::OnBackspace()
 {
-    TextField field = Field();
-    field.RemoveBefore();
-    Repair(field);
-    return Edited(field);
+    return Edit([&](TextField& field) {
+        field.RemoveBefore();
+        Repair(field);
+        return true;
+    });
 }
 
 LRESULT GEdit::OnEnter()
 {
-    TextField field = Field();
-    field.InsertBreak();
-    Repair(field);
-    const UINT nLine = field.Caret().nLine;
-    if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && nLine > 0) {
-        field.PutCaret(field.Lines().DeleteBreak(nLine, field.Lines().OffsetOfLine(nLine)));
+    return Edit([&](TextField& field) {
+        field.InsertBreak();
         Repair(field);
-    }
-    return Edited(field);
+        const UINT nLine = field.Caret().nLine;
+        if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && nLine > 0) {
+            field.PutCaret(field.Lines().DeleteBreak(nLine, field.Lines().OffsetOfLine(nLine)));
+            Repair(field);
+        }
+        return true;
+    });
 }
 
 LRESULT GEdit::OnTyped(wchar_t ch)
 {
-    TextField field = Field();
-    const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && Own().chRefused;
-    Own().chRefused = 0;
-    field.RemoveSelection();
-    if (ch && !fRestOfRefused) {
-        InsertIfRoom(field, ch);
-    }
-    return Edited(field);
+    return Edit([&](TextField& field) {
+        const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && Own().chRefused;
+        Own().chRefused = 0;
+        field.RemoveSelection();
+        if (ch && !fRestOfRefused) {
+            InsertIfRoom(field, ch);
+        }
+        return true;
+    });
 }
 
 void GEdit::InsertIfRoom(TextField& field, wchar_t ch)
@@ -205,31 +225,6 @@ bool GEdit::HasRoomForTyped(TextField& field) const
     return (Frame::Style(*this) & ES_AUTOVSCROLL) || DoesFitHeight();
 }
 
-// --- Clipboard
-
-// What the clipboard did not take stays. The lines are not wrapped anew before the next edit.
-LRESULT GEdit::OnCut()
-{
-    if (!Field().Copy(*this)) {
-        return 0;
-    }
-    TextField field = Field();
-    field.RemoveSelection();
-    return Edited(field);
-}
-
-LRESULT GEdit::OnPaste()
-{
-    OStringEx<wchar_t> strText;
-    if (!gesso::GetClipboardText(*this, &strText)) {
-        return 0;
-    }
-    TextField field = Field();
-    field.Insert(strText);
-    WrapAll(field);
-    return Edited(field);
-}
-
 // --- Mouse
 
 void GEdit::ClickAt(POINTS pt, HitTestInfo* pInfo, bool fExtend)
@@ -238,7 +233,7 @@ void GEdit::ClickAt(POINTS pt, HitTestInfo* pInfo, bool fExtend)
     pInfo->pt = pt;
     HitTest(pInfo);
     field.MoveTo({pInfo->nLine, pInfo->nChar}, fExtend);
-    ChangeField(field);
+    ChangeSelection(field);
 }
 
 LRESULT GEdit::OnLButtonDown(WPARAM wKeys, POINTS pt)

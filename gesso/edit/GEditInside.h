@@ -12,3 +12,15 @@ struct GEdit::Inside
     bool fCaret = false;   // the platform's caret is this window's
     wchar_t chRefused = 0; // the first half of a character for which there was no room
 };
+
+// The one place where the text changes. edit(field) does it, and answers whether it has done anything; caret
+// and anchor then are the field's.
+template <class EDIT> bool GEdit::ChangeText(EDIT edit)
+{
+    gesso::TextField field = Field();
+    const bool fChanged = edit(field);
+    if (fChanged) {
+        ChangeSelection(field);
+    }
+    return fChanged;
+}

@@ -17,7 +17,7 @@ TextField GEdit::Field() const
 }
 
 // The one place that changes the selection, after every edit as well.
-void GEdit::ChangeField(const TextField& field)
+void GEdit::ChangeSelection(const TextField& field)
 {
     m_nCaretLine = field.GivenCaret().nLine;
     m_nCaretChar = field.GivenCaret().nChar;
@@ -27,7 +27,12 @@ void GEdit::ChangeField(const TextField& field)
 
 void GEdit::Show(const TextField& field)
 {
-    ChangeField(field);
+    ChangeSelection(field);
+    ShowChange();
+}
+
+void GEdit::ShowChange()
+{
     UpdateCursorPos();
     Invalidate(0);
 }
@@ -54,25 +59,24 @@ void GEdit::CalcHighliteOfLine(int& nFrom, int& nTo, UINT nLine) const
 
 // --- The text as a whole
 
-void GEdit::BeOneLine()
-{
-    Own().lines.BeOneLine();
-    ChangeField({Own().lines, {}, {}});
-}
-
 void GEdit::StartText(LPCWSTR pszText)
 {
-    m_strText = pszText;
-    BeOneLine();
+    ChangeText([&](TextField& field) {
+        field.Lines().Start(pszText);
+        field.Select({}, {});
+        return true;
+    });
 }
 
 int GEdit::SetText(LPCWSTR pszText)
 {
-    TextField field = Field();
-    field.PutCaret(field.Lines().Replace(pszText ? pszText : L""));
-    WrapAll(field);
-    field.Collapse();
-    Show(field);
+    ChangeText([&](TextField& field) {
+        field.Replace(pszText ? pszText : L"");
+        WrapAll(field);
+        field.Collapse();
+        return true;
+    });
+    ShowChange();
     return 1;
 }
 
@@ -96,26 +100,29 @@ UINT GEdit::OffsetOfLine(UINT nLine) const
 
 void GEdit::DeleteSelection()
 {
-    TextField field = Field();
-    field.MoveTo(field.Lines().Remove(field.First(), field.Last()), false);
-    ChangeField(field);
+    ChangeText([](TextField& field) {
+        field.MoveTo(field.Lines().Remove(field.First(), field.Last()), false);
+        return true;
+    });
 }
 
 void GEdit::InsertBreak(UINT, UINT nOffset)
 {
-    TextField field = Field();
-    field.PutCaret(field.Lines().InsertBreak(field.Caret(), nOffset));
-    ChangeField(field);
+    ChangeText([&](TextField& field) {
+        field.PutCaret(field.Lines().InsertBreak(field.Caret(), nOffset));
+        return true;
+    });
 }
 
 void GEdit::DeleteBreak(UINT, UINT nOffset)
 {
-    TextField field = Field();
-    const UINT nLine = field.Caret().nLine;
+    const UINT nLine = Field().Caret().nLine;
     if (nLine == 0) {
         Misuse("GEdit::DeleteBreak: the caret is in the first line");
         return;
     }
-    field.PutCaret(field.Lines().DeleteBreak(nLine, nOffset));
-    ChangeField(field);
+    ChangeText([&](TextField& field) {
+        field.PutCaret(field.Lines().DeleteBreak(nLine, nOffset));
+        return true;
+    });
 }

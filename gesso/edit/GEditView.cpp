@@ -2,6 +2,7 @@
 
 #include <gesso/edit/FieldText.h>
 #include <gesso/edit/GEditInside.h>
+#include <gesso/edit/LineRows.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
@@ -14,7 +15,9 @@
 using gesso::Color;
 using gesso::ColorOf;
 using gesso::Frame;
+using gesso::LineRows;
 using gesso::PlainPart;
+using gesso::Saturated;
 using gesso::ThemePart;
 
 namespace {
@@ -31,7 +34,7 @@ RECT ClientRect(HWND hwnd)
 }
 
 // The number of steps that cover a distance.
-int StepsOver(int nDistance, int nStep)
+LONGLONG StepsOver(LONGLONG nDistance, int nStep)
 {
     return (nDistance + nStep - 1) / nStep;
 }
@@ -41,6 +44,15 @@ int StepsOver(int nDistance, int nStep)
 bool GEdit::HasBorder() const
 {
     return (Frame::Style(*this) & WS_BORDER) || (GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
+}
+
+// The client area without its margin: all lines begin at its left edge, the first one at its top.
+RECT GEdit::TextRect() const
+{
+    const RECT rcClient = ClientRect(m_hWnd);
+    const LONGLONG nInset = LONGLONG{m_nMargin} + 1;
+    return {Saturated(nInset), Saturated(nInset), Saturated(rcClient.right - nInset),
+            Saturated(rcClient.bottom - nInset)};
 }
 
 // --- Painting
@@ -57,7 +69,7 @@ void GEdit::Draw(HDC hdc)
               PlainPart::EditBackground)
         .DrawBackground(rcClient);
     POINT ptFormer{};
-    OffsetViewportOrgEx(hdc, -GetScrollPos(SB_HORZ), 0, &ptFormer);
+    OffsetViewportOrgEx(hdc, Saturated(-LONGLONG{GetScrollPos(SB_HORZ)}), 0, &ptFormer);
     {
         const gesso::SelectScope font(hdc, m_hFont);
         const gesso::TextColorScope color(hdc,
@@ -73,12 +85,13 @@ void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
 {
     const gesso::TextMeasure measure(hdc, IsMasked());
     const gesso::EditLines& lines = Own().lines;
-    const int nHeight = measure.LineHeight();
-    const int nInset = m_nMargin + 1;
-    RECT rcLine{nInset, nInset, rcClient.right - nInset + GetScrollPos(SB_HORZ), nInset + nHeight};
+    const RECT rcText = TextRect();
+    const LineRows rows{static_cast<int>(rcText.top), measure.LineHeight()};
+    const int nRight = Saturated(LONGLONG{rcText.right} + GetScrollPos(SB_HORZ));
     UINT nOffset = 0;
-    for (UINT i = 0; i < m_aLines.GetLength() && nHeight > 0 && rcLine.top < rcClient.bottom; ++i) {
-        gesso::LayoutOverlay::Add(hdc, {nInset, rcLine.top, rcClient.right - nInset, rcLine.bottom});
+    for (UINT i = 0; i < m_aLines.GetLength() && rows.nHeight > 0 && rows.TopOf(i) < rcClient.bottom; ++i) {
+        const RECT rcLine{rcText.left, rows.TopOf(i), nRight, rows.TopOf(i + 1)};
+        gesso::LayoutOverlay::Add(hdc, {rcText.left, rcLine.top, rcText.right, rcLine.bottom});
         int nFrom = 0;
         int nTo = 0;
         CalcHighliteOfLine(nFrom, nTo, i);
@@ -87,7 +100,6 @@ void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
                          std::min(static_cast<UINT>(nFrom), nLength),
                          std::min(static_cast<UINT>(nTo), nLength));
         nOffset += lines.LengthWithBreak(i, nOffset);
-        OffsetRect(&rcLine, 0, nHeight);
     }
 }
 
@@ -144,37 +156,41 @@ LRESULT GEdit::OnNcHitTest(POINTS ptScreen) const
 
 // A point belongs to the character that it touches, whichever half of it that is. Passwords are hit by their
 // true characters.
+// Fixed behaviour: hits know of no margin, and follow the vertical position, which lines and caret do not; a
+// derived class that has a margin or a vertical range would find other lines at its points.
 void GEdit::HitTest(HitTestInfo* pInfo) const
 {
+    constexpr int TOP = 1;
     const gesso::WindowMeasure measure(m_hWnd, m_hFont, false);
-    const int x = pInfo->pt.x + gesso::Pixels(m_hWnd, gesso::Metrics::EDIT_HIT_SLACK) + GetScrollPos(SB_HORZ);
-    const int y = GetScrollPos(SB_VERT) + pInfo->pt.y - 1;
-    const int nHeight = measure->LineHeight();
-    pInfo->nLine =
-        y > 0 && nHeight > 0 ? std::min(static_cast<UINT>(y / nHeight), m_aLines.GetLength() - 1) : 0;
+    const LineRows rows{TOP, measure->LineHeight()};
+    pInfo->nLine = rows.LineAt(LONGLONG{pInfo->pt.y} + GetScrollPos(SB_VERT), m_aLines.GetLength());
+    const int nSlack = gesso::Pixels(m_hWnd, gesso::Metrics::EDIT_HIT_SLACK);
+    const int x = Saturated(LONGLONG{pInfo->pt.x} + nSlack + GetScrollPos(SB_HORZ));
     const gesso::EditLines& lines = Own().lines;
     const UINT nOffset = lines.OffsetOfLine(pInfo->nLine);
     pInfo->nChar = measure->CountBefore(lines.TextAt(nOffset), lines.LengthWithin(pInfo->nLine, nOffset), x);
 }
 
 // The horizontal scroll position, in steps from the present one, at which the caret's x is to be seen.
-int GEdit::PosThatShows(int x, const RECT& rcText) const
+int GEdit::PosThatShows(LONGLONG x, const RECT& rcText) const
 {
-    int nPos = GetScrollPos(SB_HORZ);
-    const int nLeftOut = rcText.left + nPos - x;
+    LONGLONG nPos = GetScrollPos(SB_HORZ);
+    const LONGLONG nLeftOut = rcText.left + nPos - x;
     if (nLeftOut <= 0 && x - nPos <= rcText.right) {
-        return nPos;
+        return static_cast<int>(nPos);
     }
     // The step is ten characters of the context's own font.
     const gesso::WindowMeasure measure(m_hWnd, nullptr, false);
     const int nStep = std::max(1, SCROLL_STEP * static_cast<int>(measure.FontMetric().tmAveCharWidth));
     if (nLeftOut > 0) {
-        nPos = std::max(0, nPos - StepsOver(nLeftOut, nStep) * nStep);
+        nPos = std::max<LONGLONG>(0, nPos - StepsOver(nLeftOut, nStep) * nStep);
     }
-    const int nRightOut = x - nPos - rcText.right;
-    return nRightOut > 0 ? nPos + StepsOver(nRightOut, nStep) * nStep : nPos;
+    const LONGLONG nRightOut = x - nPos - rcText.right;
+    return Saturated(nRightOut > 0 ? nPos + StepsOver(nRightOut, nStep) * nStep : nPos);
 }
 
+// Fixed behaviour: the caret's rows are as high as the text in front of it, without the font's external
+// leading, which the lines have; in a font that has some it would stand elsewhere.
 void GEdit::UpdateCursorPos()
 {
     if (!m_hWnd) {
@@ -186,10 +202,8 @@ void GEdit::UpdateCursorPos()
     const UINT nBefore = std::min(caret.nChar, lines.LengthWithin(caret.nLine, nOffset));
     const SIZE extent =
         gesso::WindowMeasure(m_hWnd, m_hFont, IsMasked())->Extent(lines.TextAt(nOffset), nBefore);
-    RECT rcText = ClientRect(m_hWnd);
-    const int nInset = m_nMargin + 1;
-    InflateRect(&rcText, -nInset, -nInset);
-    const int x = extent.cx + nInset;
+    const RECT rcText = TextRect();
+    const LONGLONG x = LONGLONG{rcText.left} + extent.cx;
     const int nPos = PosThatShows(x, rcText);
     if (nPos != GetScrollPos(SB_HORZ)) {
         Invalidate(0);
@@ -201,6 +215,7 @@ void GEdit::UpdateCursorPos()
     }
     // Another window's caret stays where it is.
     if (Own().fCaret) {
-        SetCaretPos(x - nPos, extent.cy * static_cast<int>(caret.nLine) + rcText.top);
+        const LineRows rows{static_cast<int>(rcText.top), static_cast<int>(extent.cy)};
+        SetCaretPos(Saturated(x - nPos), rows.TopOf(caret.nLine));
     }
 }

@@ -120,6 +120,6 @@ int GEdit::RecalculateLine(UINT nLine)
     Place caret = field.Caret();
     const int nChanged = field.Lines().Refit(ClientMeasure(*this), nLine, &caret);
     field.PutCaret(caret);
-    ChangeField(field);
+    ChangeSelection(field);
     return nChanged;
 }

@@ -1,3 +1,4 @@
+#include <gesso/edit/ClipboardText.h>
 #include <gesso/edit/TextField.h>
 
 namespace gesso {
@@ -24,7 +25,12 @@ void TextField::RemoveSelection()
 void TextField::Insert(LPCWSTR psz)
 {
     RemoveSelection();
-    MoveTo(m_lines.Insert(Caret(), psz), false);
+    MoveTo(m_lines.Insert(Caret(), LineText(psz)), false);
+}
+
+void TextField::Replace(LPCWSTR psz)
+{
+    MoveTo(m_lines.Replace(LineText(psz)), false);
 }
 
 void TextField::InsertBreak()
@@ -61,6 +67,18 @@ bool TextField::Copy(const GWnd& wnd) const
     const UINT nStart = std::min(m_lines.OffsetOf(First()), m_lines.TextLength());
     const UINT nEnd = std::min(m_lines.OffsetOf(Last()), m_lines.TextLength());
     return nStart < nEnd && PutClipboardText(wnd, m_lines.TextAt(nStart), nEnd - nStart);
+}
+
+bool TextField::Offered(const GWnd& wnd, PastedAs as, OStringEx<wchar_t>* pstr)
+{
+    if (!GetClipboardText(wnd, pstr)) {
+        return false;
+    }
+    if (as == PastedAs::OneLine) {
+        pstr->Remove(L'\r');
+        pstr->Replace(L'\n', L' ');
+    }
+    return true;
 }
 
 } // namespace gesso

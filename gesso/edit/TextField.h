@@ -1,19 +1,26 @@
 // TextField: caret, anchor and text of an editable field, and what the user's edits do to them. GEdit and the
-// field of GComboBox, which is a text of one line, are both made of it. Only Copy needs a window, which the
-// clipboard asks for.
+// field of GComboBox, which is a text of one line, are both made of it. Only the clipboard asks for the
+// window.
 //
 // It is a copy of the control's caret and anchor, taken for one operation: the control writes them back in
-// one place, its ChangeField, and reads them anew after anything that sends messages. Caret and anchor are
+// one place and reads them anew after anything that sends messages. Caret and anchor are
 // the ends of the selection, in no order, and may be places that the text no longer has: they count as the
 // nearest ones.
 #pragma once
 
-#include <gesso/edit/ClipboardText.h>
 #include <gesso/edit/EditLines.h>
+#include <gesso/framework/GWnd.h>
 
 #include <algorithm>
 
 namespace gesso {
+
+// What a text that is pasted becomes.
+enum class PastedAs
+{
+    Lines,
+    OneLine, // with a space for each line end
+};
 
 class TextField
 {
@@ -47,20 +54,54 @@ public:
 
     void RemoveSelection();
     void Insert(LPCWSTR psz);
+    // The whole text, as a text of lines with the caret at its end.
+    void Replace(LPCWSTR psz);
     void InsertBreak();
     // The selection, or else the character in front of the caret, or behind it. False where there is neither.
     bool RemoveBefore();
     bool RemoveBehind();
 
-    // --- Clipboard
+    // --- Clipboard. It tells the window whose content it had or is asked for, and in that the program may
+    // change the field or destroy the control: what a cut and a paste do to the field as it is then goes to
+    // edit, which is the control's way to make an edit: it calls what it is given with the field, and is
+    // answered whether that has done anything. It is not called where nothing is selected, the clipboard
+    // gives or takes nothing, or the control is gone.
 
-    // False if there is no selection, the clipboard would not take it, or the control is gone.
+    // False where edit would not be called.
     bool Copy(const GWnd& wnd) const;
+    template <class EDIT> void Cut(const GWnd& wnd, EDIT edit) const;
+    template <class EDIT> static void Paste(const GWnd& wnd, PastedAs as, EDIT edit);
+
+    // Whether the lines are the text, and caret and anchor places in it, as they are after any edit.
+    bool Check() const { return m_lines.Check() && m_lines.Has(m_caret) && m_lines.Has(m_anchor); }
 
 private:
+    static bool Offered(const GWnd& wnd, PastedAs as, OStringEx<wchar_t>* pstr);
+
     EditLines& m_lines;
     Place m_caret;
     Place m_anchor;
 };
+
+template <class EDIT> void TextField::Cut(const GWnd& wnd, EDIT edit) const
+{
+    if (Copy(wnd)) {
+        edit([](TextField& field) {
+            field.RemoveSelection();
+            return true;
+        });
+    }
+}
+
+template <class EDIT> void TextField::Paste(const GWnd& wnd, PastedAs as, EDIT edit)
+{
+    OStringEx<wchar_t> strOffered;
+    if (Offered(wnd, as, &strOffered)) {
+        edit([&](TextField& field) {
+            field.Insert(strOffered);
+            return true;
+        });
+    }
+}
 
 } // namespace gesso

@@ -2,7 +2,7 @@
 
 #include "../support/Host.h"
 
-#include <gesso/edit/EditLines.h>
+#include <gesso/edit/TextField.h>
 
 #include <algorithm>
 
@@ -49,18 +49,11 @@ void ProbeEdit::Select(UINT nAnchorLine, UINT nAnchorChar, UINT nCaretLine, UINT
     UpdateCursorPos();
 }
 
-std::string ProbeEdit::TextFault() const
+std::string ProbeEdit::Fault()
 {
-    return gesso::EditLines::Check(m_strText, m_aLines) ? "" : "lines that are not the text";
-}
-
-std::string ProbeEdit::PlaceFault() const
-{
-    const auto isInside = [&](UINT nLine, UINT nChar) {
-        return nLine < m_aLines.GetLength() && nChar <= m_aLines[nLine];
-    };
-    const bool fInside = isInside(m_nCaretLine, m_nCaretChar) && isInside(m_nAnchorLine, m_nAnchorChar);
-    return fInside ? "" : "a place outside of the lines: " + Caret();
+    gesso::EditLines lines(m_strText, m_aLines);
+    const gesso::TextField field(lines, {m_nCaretLine, m_nCaretChar}, {m_nAnchorLine, m_nAnchorChar});
+    return field.Check() ? "" : "lines that are not the text, or a place outside of them: " + Caret();
 }
 
 std::string ProbeEdit::HitAt(int x, int y) const

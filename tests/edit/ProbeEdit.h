@@ -34,9 +34,7 @@ public:
     const OStringEx<wchar_t>& Text() const { return m_strText; }
     DWORD State() const { return m_dwState; }
     // What is wrong with the text and its lines, or with the places of caret and anchor; empty if nothing is.
-    std::string TextFault() const;
-    std::string PlaceFault() const;
-    std::string Fault() const { return TextFault() + PlaceFault(); }
+    std::string Fault();
     // By their places: the end of a wrapped line and the start of the next are two.
     bool IsSelected() const { return m_nCaretLine != m_nAnchorLine || m_nCaretChar != m_nAnchorChar; }
     UINT CaretOffset() const { return OffsetOfLine(m_nCaretLine) + m_nCaretChar; }

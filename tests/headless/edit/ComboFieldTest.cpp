@@ -299,6 +299,20 @@ TEST_F(ComboFieldTest, TheFaceShowsTheSelectedItemAndTheFocus)
     EXPECT_EQ(Draw(Combo(), "DrawThemeText"), Lines{}) << "the selection is past the end";
 }
 
+TEST_F(ComboFieldTest, CheckFindsItemsThatShareOrLackATextOfTheirOwn)
+{
+    Make(GCBS_DROPDOWN, 2);
+    EXPECT_TRUE(gesso::CheckItems(Combo().Items()));
+    ComboItem* const pSecond = std::exchange(Combo().Items()[1], Combo().Items()[0]);
+    EXPECT_FALSE(gesso::CheckItems(Combo().Items()));
+    Combo().Items()[1] = pSecond;
+    const LPWSTR pszText = std::exchange(pSecond->pszText, Combo().Items()[0]->pszText);
+    EXPECT_FALSE(gesso::CheckItems(Combo().Items()));
+    pSecond->pszText = nullptr;
+    EXPECT_FALSE(gesso::CheckItems(Combo().Items()));
+    pSecond->pszText = pszText;
+}
+
 TEST_F(ComboFieldTest, WithoutAStyleItStaysUsable)
 {
     desk::SetThemed(false);

@@ -3,6 +3,8 @@
 
 #include "../controls/DrawFixture.h"
 
+#include <gesso/edit/GComboBoxInside.h>
+
 #include <memory>
 
 namespace test {
@@ -20,7 +22,12 @@ public:
     DWORD State() const { return m_dwState; }
     void SetState(DWORD dwState) { m_dwState = dwState; }
     using GComboBox::Update;
-    bool IsSound() const { return m_nCaret <= m_strText.GetLength() && m_nAnchor <= m_strText.GetLength(); }
+    bool IsSound() const
+    {
+        return m_nCaret <= m_strText.GetLength() && m_nAnchor <= m_strText.GetLength() &&
+               gesso::CheckItems(m_aItems);
+    }
+    OArray<ComboItem*, ComboItem*>& Items() { return m_aItems; }
 };
 
 class ComboFixture : public DrawFixture

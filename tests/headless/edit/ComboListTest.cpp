@@ -63,12 +63,44 @@ TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
     while (Combo().GetItemCount() > 2) {
         Combo().RemoveItem(0);
     }
+    SCROLLINFO si{sizeof(si), SIF_POS, 0, 0, 0, -1, 0};
     WithList({[&] {
         client = ClientSize(List());
+        GetScrollInfo(List(), SB_VERT, &si);
         ClickRow(1);
     }});
     EXPECT_EQ(client.cx, COMBO_CX);
+    EXPECT_EQ(si.nPos, 0) << "as the platform knows it";
     EXPECT_EQ(Combo().GetSelected(), 1u);
+}
+
+TEST_F(ComboListTest, AnyHeightIsLimitedToTheItems)
+{
+    Make(GCBS_DROPDOWNLIST, 3);
+    for (const UINT nHeight : {UINT{INT_MAX}, UINT{INT_MAX} + 1, UINT_MAX}) {
+        Combo().SetDropdownHeight(nHeight);
+        SIZE client{};
+        WithList({[&] { client = ClientSize(List()); }, TypeEscape});
+        EXPECT_EQ(Numbers(client), Numbers(COMBO_CX, 3 * COMBO_ROW)) << nHeight;
+    }
+}
+
+// Callback takes any index: steps from one that is no item's end at the items.
+TEST_F(ComboListTest, StepsFromAnyIndexEndAtTheItems)
+{
+    Make(GCBS_PLAIN, 3);
+    SetFocus(Combo());
+    for (const UINT nIndex : {UINT{INT_MAX}, UINT{INT_MAX} + 1}) {
+        const UINT nNearest = nIndex > INT_MAX ? 0 : 2;
+        for (const int nDelta : {WHEEL_DELTA, -WHEEL_DELTA}) {
+            Combo().Callback(nIndex);
+            SendMessageW(Combo(), WM_MOUSEWHEEL, MAKEWPARAM(0, nDelta), 0);
+            EXPECT_EQ(Combo().GetSelected(), nNearest);
+            Combo().Callback(nIndex);
+            SendMessageW(Combo(), WM_KEYDOWN, nDelta > 0 ? VK_UP : VK_DOWN, 1);
+            EXPECT_EQ(Combo().GetSelected(), nNearest);
+        }
+    }
 }
 
 TEST_F(ComboListTest, AnEmptyListHasNoHeightAndCloses)

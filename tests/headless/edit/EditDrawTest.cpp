@@ -68,6 +68,33 @@ TEST_F(EditDrawTest, SelectionIsFilledBehindThreePieces)
     EXPECT_EQ(Fills(), (Lines{"FillRect (31,1,37,16) brush=ADD6FF", "FillRect (1,16,13,31) brush=ADD6FF"}));
 }
 
+// A program may give the bars any range; with positions at the ends of the numbers all goes on.
+TEST_F(EditDrawTest, APositionAtTheNumbersEndHasItsText)
+{
+    Make(ES_MULTILINE, L"one\ntwo");
+    SetFocus(edit);
+    const struct
+    {
+        int nBar, nMin, nMax, nPos;
+        const char* pszHit;
+    } rows[] = {{SB_HORZ, 0, INT_MAX, INT_MAX, "0,3"},
+                {SB_HORZ, INT_MIN, 0, INT_MIN, "0,0"},
+                {SB_VERT, 0, INT_MAX, INT_MAX, "1,1"},
+                {SB_VERT, INT_MIN, 0, INT_MIN, "0,1"}};
+    for (const auto& row : rows) {
+        const SCROLLINFO si{sizeof(si), SIF_RANGE | SIF_PAGE | SIF_POS, row.nMin, row.nMax, 1, row.nPos, 0};
+        EXPECT_EQ(edit.SetScrollInfo(row.nBar, &si, FALSE), row.nPos) << &row - rows;
+        EXPECT_EQ(edit.HitAt(6, 5), row.pszHit) << &row - rows;
+        EXPECT_FALSE(Draw(edit, "DrawThemeParentBackground").empty());
+        for (const UINT uKey : {VK_DOWN, VK_END, VK_UP}) {
+            SendMessageW(edit, WM_KEYDOWN, uKey, 1);
+        }
+        EXPECT_EQ(edit.Fault(), "");
+        const SCROLLINFO none{sizeof(none), SIF_RANGE | SIF_PAGE | SIF_POS, 0, 0, 0, 0, 0};
+        edit.SetScrollInfo(row.nBar, &none, FALSE);
+    }
+}
+
 TEST_F(EditDrawTest, PasswordIsDrawnAndMeasuredAsMarks)
 {
     Make(ES_PASSWORD, L"secret");

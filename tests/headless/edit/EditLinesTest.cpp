@@ -3,6 +3,7 @@
 #include "LineModel.h"
 
 #include <gesso/edit/GEdit.h>
+#include <gesso/edit/LineRows.h>
 
 #include <cstring>
 
@@ -171,6 +172,19 @@ TEST(EditLines, CheckFindsLinesThatAreNotTheText)
     EXPECT_FALSE(model.lines.Check()) << "no line";
     model.table.Add(UINT(-1));
     EXPECT_FALSE(model.lines.Check()) << "beyond all";
+}
+
+TEST(EditLines, RowsFollowOneAnotherAsFarAsNumbersGo)
+{
+    const gesso::LineRows rows{3, 15};
+    for (const UINT nLine : {0u, 1u, 7u}) {
+        EXPECT_EQ(rows.LineAt(rows.TopOf(nLine), 8), nLine);
+        EXPECT_EQ(rows.LineAt(rows.TopOf(nLine + 1) - 1, 8), nLine);
+    }
+    EXPECT_EQ(rows.LineAt(INT64_C(-1) << 40, 8), 0u);
+    EXPECT_EQ(rows.LineAt(INT64_C(1) << 40, 8), 7u);
+    EXPECT_EQ(rows.TopOf(1u << 31), INT_MAX);
+    EXPECT_EQ((gesso::LineRows{0, 0}.LineAt(9, 8)), 0u) << "without a height all is the first";
 }
 
 // As a program copies an edit control that was built when plain values stood where the pointer is: all bytes

@@ -35,7 +35,7 @@ private:
 
 struct LineModel
 {
-    explicit LineModel(LPCWSTR psz = L"") { lines.Replace(psz); }
+    explicit LineModel(LPCWSTR psz = L"") { lines.Replace(gesso::LineText(psz)); }
     LineModel(LPCWSTR psz, const Columns& columns) : LineModel(psz) { lines.WrapAll(columns, {}); }
     LineModel(const LineModel&) = delete;
     LineModel& operator=(const LineModel&) = delete;

@@ -8,9 +8,16 @@ using namespace test;
 using gesso::Place;
 using gesso::TextField;
 
-std::string Ends(const TextField& field)
+std::string EndsOf(const TextField& field)
 {
     return Shown(field.Anchor()) + "-" + Shown(field.Caret());
+}
+
+// As they are after any operation.
+std::string Ends(const TextField& field)
+{
+    EXPECT_TRUE(field.Check());
+    return EndsOf(field);
 }
 
 TEST(TextField, TheAnchorFollowsUnlessTheSelectionIsExtended)
@@ -35,7 +42,8 @@ TEST(TextField, PlacesThatTheTextNoLongerHasCountAsTheNearest)
 {
     LineModel model(L"ab");
     TextField field(model.lines, {3, 7}, {0, static_cast<UINT>(-2)});
-    EXPECT_EQ(Ends(field), "0,0-0,2");
+    EXPECT_EQ(EndsOf(field), "0,0-0,2");
+    EXPECT_FALSE(field.Check());
     EXPECT_EQ(Shown(field.GivenCaret()), "3,7") << "as derived classes see it";
     field.Insert(L"x");
     EXPECT_EQ(model.Shown(), "x|");
