@@ -107,6 +107,25 @@ TEST_F(DialogTest, BothFormsOfTemplateMakeTheSameDialog)
     }
 }
 
+TEST_F(DialogTest, TitleAndFontOfATemplateAreTextsWhateverTheyStartWith)
+{
+    constexpr WORD MARK = 0xFFFF; // announces a number where one can stand
+    constexpr WORD POPUP = 0x8000;
+    alignas(4)
+        const WORD source[] = {DS_SETFONT, POPUP, 0, 0, 0,    10, 10, 50, 50, 0, 0, // no menu, no class
+                               MARK,       7,     0, 9, MARK, 1,  0};
+    m_dialog = CreateDialogIndirectParamW(
+        GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(source), nullptr, DialogProcedure, 0);
+    ASSERT_NE(m_dialog, nullptr);
+    wchar_t text[8]{};
+    EXPECT_EQ(GetWindowTextW(m_dialog, text, 8), 2);
+    EXPECT_EQ(text[0], MARK);
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(m_dialog, WM_GETFONT, 0, 0)), sizeof(font), &font);
+    EXPECT_EQ(font.lfFaceName[0], MARK);
+    EXPECT_EQ(font.lfFaceName[1], 1);
+}
+
 TEST_F(DialogTest, CreationDataIsHandedOverWithItsSizeInFront)
 {
     static std::vector<std::vector<BYTE>> s_got;

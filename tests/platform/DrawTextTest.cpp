@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <string>
 
 using test::Numbers;
@@ -123,6 +124,20 @@ TEST_F(TextDrawing, EmptyTextHasAHeightButNoWidth)
     DrawTextW(m_hdc, L"", -1, &rect, DT_CALCRECT);
     EXPECT_EQ(Numbers(rect), "5,5,5,5");
     EXPECT_EQ(DrawTextW(m_hdc, nullptr, -1, &rect, 0), 0);
+}
+
+TEST_F(TextDrawing, RectanglesReachToTheEndsOfTheCoordinates)
+{
+    RECT rect = {INT_MIN, 0, INT_MAX, 10};
+    EXPECT_EQ(DrawTextW(m_hdc, L"ab", 2, &rect, DT_CALCRECT | DT_WORDBREAK), m_unit.cy);
+    EXPECT_EQ(rect.right, INT_MIN + 2 * m_unit.cx);
+    rect = {INT_MAX - 2, INT_MAX - 2, INT_MAX, INT_MAX};
+    EXPECT_EQ(DrawTextW(m_hdc, L"ab", 2, &rect, DT_CALCRECT), m_unit.cy);
+    EXPECT_EQ(rect.right, INT_MIN + 2 * m_unit.cx - 3) << "it goes round";
+    DRAWTEXTPARAMS wide{sizeof(wide), INT_MAX, INT_MAX, INT_MAX, 0};
+    wchar_t text[] = L"a\tb";
+    rect = {0, 0, 100, 100};
+    EXPECT_EQ(DrawTextExW(m_hdc, text, 3, &rect, DT_CALCRECT | DT_EXPANDTABS | DT_TABSTOP, &wide), m_unit.cy);
 }
 
 TEST_F(TextDrawing, CountsAreHonoured)

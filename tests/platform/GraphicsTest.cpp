@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 using test::Numbers;
 
 namespace {
@@ -196,6 +198,32 @@ TEST(Graphics, ClippingNarrowsWhatAContextReaches)
     EXPECT_EQ(Numbers(box), "0,0,100,50");
     SelectObject(hdc, former);
     DeleteObject(bitmap);
+}
+
+TEST(Graphics, CoordinatesBeyondTheLastOneGoRound)
+{
+    RECT r = {0, 0, 10, 10};
+    OffsetRect(&r, INT_MAX, INT_MIN);
+    EXPECT_EQ(Numbers(r), "2147483647,-2147483648,-2147483639,-2147483638");
+    r = {INT_MIN, INT_MIN, INT_MAX, INT_MAX};
+    InflateRect(&r, 1, 1);
+    EXPECT_EQ(Numbers(r), "2147483647,2147483647,-2147483648,-2147483648");
+    r = {INT_MIN, INT_MIN, INT_MAX, INT_MAX};
+    AdjustWindowRectEx(&r, WS_POPUP | WS_BORDER, FALSE, 0);
+    EXPECT_EQ(Numbers(r), "2147483647,2147483647,-2147483648,-2147483648");
+
+    const HRGN whole = CreateRectRgn(INT_MIN, INT_MIN, INT_MAX, INT_MAX);
+    EXPECT_EQ(GetRgnBox(whole, &r), SIMPLEREGION);
+    EXPECT_NE(OffsetRgn(whole, INT_MAX, INT_MAX), ERROR);
+    DeleteObject(whole);
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    POINT origin{};
+    SetViewportOrgEx(hdc, INT_MAX, INT_MIN, nullptr);
+    OffsetViewportOrgEx(hdc, 5, -5, nullptr);
+    GetViewportOrgEx(hdc, &origin);
+    EXPECT_EQ(Numbers(origin.x, origin.y), "-2147483644,2147483643");
+    EXPECT_TRUE(PatBlt(hdc, INT_MAX, INT_MAX, INT_MAX, INT_MAX, PATCOPY));
+    DeleteDC(hdc);
 }
 
 TEST(Graphics, RectanglesMeetJoinAndSubtract)

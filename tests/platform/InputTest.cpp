@@ -4,6 +4,7 @@
 #include "../support/User.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace test;
 using namespace test::user;
@@ -238,6 +239,45 @@ TEST_F(InputTest, APressAsksForActivationAndTellsTheParents)
         std::find_if(trace.begin(), trace.end(), [](const Seen& m) { return m.message == WM_PARENTNOTIFY; });
     EXPECT_EQ(told->wParam, WPARAM{WM_LBUTTONDOWN});
     EXPECT_EQ(told->lParam, MAKELPARAM(150, 150));
+}
+
+TEST_F(InputTest, ALoopWithinAMessageOfTheInputTakesWhatComesBehindIt)
+{
+    bool nested = false;
+    MSG shared{};
+    const auto loop = [&] {
+        while (PeekMessageW(&shared, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageW(&shared);
+        }
+    };
+    MakeChild(m_top, {250, 100, 350, 200}, [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message == WM_SETCURSOR && !std::exchange(nested, true)) {
+            loop();
+        }
+        return std::nullopt;
+    });
+    const std::string seen = Mouse([&] {
+        MoveMouse(300, 150);
+        PressButton();
+        ReleaseButton();
+        loop(); // both loops keep their message in one record
+    });
+    EXPECT_EQ(seen, "other:LBUTTONDOWN(50,50) other:LBUTTONUP(50,50) other:MOUSEMOVE(50,50)");
+}
+
+TEST_F(InputTest, AWindowMayDestroyItsTopLevelWindowAsAPressAsksForActivation)
+{
+    MakeChild(m_top, {250, 100, 350, 200}, [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+        if (message != WM_MOUSEACTIVATE) {
+            return std::nullopt;
+        }
+        DestroyWindow(m_top);
+        return MA_ACTIVATE;
+    });
+    MakeTop({500, 0, 600, 100});
+    const std::string seen = Mouse([] { Click(300, 150); });
+    EXPECT_EQ(seen, "other:MOUSEMOVE(50,50)");
+    EXPECT_FALSE(IsWindow(m_top));
 }
 
 TEST_F(InputTest, AWindowMayRefuseActivationOrEatThePress)

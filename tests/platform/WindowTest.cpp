@@ -2,6 +2,8 @@
 #include "../support/Numbers.h"
 #include "../support/TestWindow.h"
 
+#include <climits>
+
 using namespace test;
 
 namespace {
@@ -168,6 +170,37 @@ TEST_F(WindowTest, PlatformScrollBarsComeAndGoWithTheirRange)
     EXPECT_EQ(info.nPos, 41);
     EXPECT_TRUE(GetScrollInfo(hwnd, SB_HORZ, &info));
     EXPECT_FALSE(GetScrollInfo(MakeTop(), SB_HORZ, &info)); // neither of its bars was ever set
+}
+
+TEST_F(WindowTest, ScrollBarsBearTheEndsOfTheNumbers)
+{
+    const HWND hwnd = Make({.style = WS_POPUP | WS_VISIBLE});
+    const auto set = [&](int min, int max, UINT page, int position) {
+        SCROLLINFO info{sizeof(info), SIF_ALL, min, max, page, position, 0};
+        EXPECT_EQ(SetScrollInfo(hwnd, SB_VERT, &info, FALSE), position);
+        EXPECT_TRUE(GetScrollInfo(hwnd, SB_VERT, &info));
+        return std::to_string(info.nMin) + " " + std::to_string(info.nMax) + " " + std::to_string(info.nPage);
+    };
+    EXPECT_EQ(set(0, INT_MAX, 0x80000000U, INT_MAX), "0 2147483647 0");
+    EXPECT_EQ(set(0, 10, UINT_MAX, 5), "0 10 0") << "below zero, as a signed number";
+    EXPECT_EQ(set(INT_MIN, -2, INT_MAX, INT_MIN), "-2147483648 -2 2147483647");
+    EXPECT_EQ(set(INT_MIN, INT_MIN, 5, INT_MIN), "-2147483648 -2147483648 1");
+}
+
+TEST_F(WindowTest, PlacesAreAskedForInSixteenBitsAndPointsGoRound)
+{
+    const HWND top = MakeTop({10, 10, 110, 110});
+    const HWND child = MakeChild(top, {0, 0, 10, 10});
+    MoveWindow(child, INT_MIN, INT_MAX, INT_MIN, INT_MAX, FALSE);
+    EXPECT_EQ(Numbers(PlaceIn(top, child)), "-32768,32767,-32768,65534");
+    POINT point = {INT_MAX, INT_MIN};
+    MapWindowPoints(top, nullptr, &point, 1);
+    EXPECT_EQ(Numbers(point.x, point.y), "-2147483639,-2147483638");
+    point = {INT_MIN, INT_MAX};
+    ScreenToClient(top, &point);
+    EXPECT_EQ(Numbers(point.x, point.y), "2147483638,2147483637");
+    const HWND remote = Make({.style = WS_CHILD, .place = {INT_MAX - 50, 0, INT_MAX, 50}, .parent = top});
+    EXPECT_TRUE(DestroyWindow(remote)) << "wherever it is";
 }
 
 TEST_F(WindowTest, RelationsTellParentsFromOwners)

@@ -1,4 +1,5 @@
 #include "Area.h"
+#include "Arithmetic.h"
 
 #include <algorithm>
 
@@ -115,11 +116,12 @@ void Area::Intersect(const Area& other)
     m_rects = std::move(rest);
 }
 
-void Area::Offset(int dx, int dy)
+void Area::Offset(int64_t dx, int64_t dy)
 {
     for (RECT& r : m_rects) {
-        r = {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
+        r = Shifted(r, dx, dy);
     }
+    std::erase_if(m_rects, [](const RECT& r) { return !HasExtent(r); });
 }
 
 } // namespace gesso::headless

@@ -24,7 +24,8 @@ public:
     void Subtract(const Area& other);
     void Intersect(const RECT& rect);
     void Intersect(const Area& other);
-    void Offset(int dx, int dy);
+    // What would lie beyond the last coordinate is cut off.
+    void Offset(int64_t dx, int64_t dy);
 
 private:
     std::vector<RECT> m_rects;

@@ -1,7 +1,7 @@
 // The platform's rectangle arithmetic.
-#include "../headless.h"
+#include "Arithmetic.h"
 
-#include <algorithm>
+using gesso::headless::Wrapped;
 
 extern "C" {
 
@@ -40,13 +40,15 @@ BOOL WINAPI PtInRect(const RECT* r, POINT p)
 
 BOOL WINAPI InflateRect(LPRECT r, int dx, int dy)
 {
-    *r = {r->left - dx, r->top - dy, r->right + dx, r->bottom + dy};
+    *r = {Wrapped(int64_t{r->left} - dx), Wrapped(int64_t{r->top} - dy), Wrapped(int64_t{r->right} + dx),
+          Wrapped(int64_t{r->bottom} + dy)};
     return TRUE;
 }
 
 BOOL WINAPI OffsetRect(LPRECT r, int dx, int dy)
 {
-    *r = {r->left + dx, r->top + dy, r->right + dx, r->bottom + dy};
+    *r = {Wrapped(int64_t{r->left} + dx), Wrapped(int64_t{r->top} + dy), Wrapped(int64_t{r->right} + dx),
+          Wrapped(int64_t{r->bottom} + dy)};
     return TRUE;
 }
 

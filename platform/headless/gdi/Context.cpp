@@ -31,6 +31,13 @@ void RemoveContext(HDC hdc)
     RemoveObject(hdc);
 }
 
+// The rectangle with its corner at another place.
+RECT Moved(const RECT& r, const POINT& corner)
+{
+    return {corner.x, corner.y, Saturated(int64_t{corner.x} + r.right - r.left),
+            Saturated(int64_t{corner.y} + r.bottom - r.top)};
+}
+
 bool Holds(const ContextState& state, HGDIOBJ object)
 {
     return state.pen == object || state.brush == object || state.font == object || state.bitmap == object;
@@ -46,26 +53,22 @@ ContextState::ContextState()
 
 POINT Context::ToDevice(POINT p) const
 {
-    return {p.x - state.windowOrigin.x + state.viewportOrigin.x,
-            p.y - state.windowOrigin.y + state.viewportOrigin.y};
+    return Sum(Difference(p, state.windowOrigin), state.viewportOrigin);
 }
 
 POINT Context::ToLogical(POINT p) const
 {
-    return {p.x + state.windowOrigin.x - state.viewportOrigin.x,
-            p.y + state.windowOrigin.y - state.viewportOrigin.y};
+    return Difference(Sum(p, state.windowOrigin), state.viewportOrigin);
 }
 
 RECT Context::ToDevice(const RECT& r) const
 {
-    const POINT from = ToDevice(POINT{r.left, r.top});
-    return {from.x, from.y, from.x + r.right - r.left, from.y + r.bottom - r.top};
+    return Moved(r, ToDevice(Corner(r)));
 }
 
 RECT Context::ToLogical(const RECT& r) const
 {
-    const POINT from = ToLogical(POINT{r.left, r.top});
-    return {from.x, from.y, from.x + r.right - r.left, from.y + r.bottom - r.top};
+    return Moved(r, ToLogical(Corner(r)));
 }
 
 RECT Context::Bounds() const

@@ -34,7 +34,7 @@ POINT Moved(HDC hdc, POINT ContextState::*field, int dx, int dy)
 {
     const auto* context = Find<Context>(hdc);
     const POINT from = context ? context->state.*field : POINT{};
-    return {from.x + dx, from.y + dy};
+    return Sum(from, {dx, dy});
 }
 
 template <typename VALUE> VALUE Get(HDC hdc, VALUE ContextState::*field, VALUE failure)

@@ -20,14 +20,14 @@ bool IsBreak(wchar_t c)
 class TextLines
 {
 public:
-    TextLines(LPCWSTR text, size_t length, UINT format, int limit, int advance, int tab)
+    TextLines(LPCWSTR text, size_t length, UINT format, int64_t limit, int advance, int64_t tab)
         : m_text(text), m_end(length), m_format(format), m_limit(limit), m_advance(advance), m_tab(tab)
     {}
 
     bool AtEnd() const { return m_next >= m_end; }
     size_t Position() const { return m_next; }
     // Moves on to the next line and gives its width; `last` is the line that may end in an ellipsis.
-    int NextWidth(bool last);
+    int64_t NextWidth(bool last);
 
 private:
     // One character that shows, where it comes from and where it ends.
@@ -35,7 +35,7 @@ private:
     {
         wchar_t c;
         size_t source;
-        int right;
+        int64_t right;
     };
 
     size_t Collect();
@@ -45,21 +45,21 @@ private:
     size_t Fitting() const;
     size_t BreakLine(size_t fitting, size_t& used) const;
     size_t PastBreak(size_t at) const;
-    int WidthOf(size_t units) const { return units == 0 ? 0 : m_units[units - 1].right; }
+    int64_t WidthOf(size_t units) const { return units == 0 ? 0 : m_units[units - 1].right; }
     bool IsSpace(size_t unit) const { return unit < m_units.size() && m_units[unit].c == L' '; }
-    int Ellipsified(int width) const;
+    int64_t Ellipsified(int64_t width) const;
 
     LPCWSTR m_text;
     size_t m_end;
     size_t m_next = 0;
     UINT m_format;
-    int m_limit;
+    int64_t m_limit;
     int m_advance;
-    int m_tab;
+    int64_t m_tab;
     std::vector<Unit> m_units; // up to the next hard break
 };
 
-int TextLines::NextWidth(bool last)
+int64_t TextLines::NextWidth(bool last)
 {
     const size_t end = Collect();
     size_t shown = m_units.size();
@@ -68,7 +68,7 @@ int TextLines::NextWidth(bool last)
         shown = BreakLine(Fitting(), used);
     }
     m_next = used < m_units.size() ? m_units[used].source : PastBreak(end);
-    const int width = WidthOf(shown);
+    const int64_t width = WidthOf(shown);
     return last && (m_format & ELLIPSIS) ? Ellipsified(width) : width;
 }
 
@@ -95,7 +95,7 @@ bool TextLines::TakesPrefix(size_t at) const
 
 void TextLines::AddUnit(wchar_t c, size_t source)
 {
-    const int left = WidthOf(m_units.size());
+    const int64_t left = WidthOf(m_units.size());
     const bool tab = c == L'\t' && (m_format & DT_EXPANDTABS);
     m_units.push_back({c, source, tab ? (left / m_tab + 1) * m_tab : left + m_advance});
 }
@@ -142,13 +142,13 @@ size_t TextLines::PastBreak(size_t at) const
     return at + (pair ? 2 : 1);
 }
 
-int TextLines::Ellipsified(int width) const
+int64_t TextLines::Ellipsified(int64_t width) const
 {
     if (width <= m_limit) {
         return width;
     }
-    const int dots = 3 * m_advance;
-    int kept = m_advance;
+    const int64_t dots = int64_t{3} * m_advance;
+    int64_t kept = m_advance;
     for (const Unit& unit : m_units) {
         if (unit.right + dots <= m_limit) {
             kept = unit.right;
@@ -157,22 +157,22 @@ int TextLines::Ellipsified(int width) const
     return kept + dots;
 }
 
-int TabWidth(UINT format, const DRAWTEXTPARAMS* params, int advance)
+int64_t TabWidth(UINT format, const DRAWTEXTPARAMS* params, int advance)
 {
-    constexpr int DEFAULT_STOP = 8;
+    constexpr int64_t DEFAULT_STOP = 8;
     return (format & DT_TABSTOP && params && params->iTabLength > 0 ? params->iTabLength : DEFAULT_STOP) *
            advance;
 }
 
 struct Measured
 {
-    int width;
-    int height;
+    int64_t width;
+    int64_t height;
     size_t length;
 };
 
 // Without DT_NOCLIP and DT_CALCRECT the lines below the rectangle are left out.
-Measured MeasureLines(TextLines& lines, UINT format, int room, int lineHeight)
+Measured MeasureLines(TextLines& lines, UINT format, int64_t room, int lineHeight)
 {
     const bool all = (format & (DT_NOCLIP | DT_CALCRECT)) != 0;
     const int need = format & DT_EDITCONTROL ? 2 * lineHeight - 1 : lineHeight;
@@ -188,7 +188,7 @@ Measured MeasureLines(TextLines& lines, UINT format, int room, int lineHeight)
 }
 
 // The distance of the text's end from the rectangle's top, which is what DrawTextW returns.
-int EndOf(const Measured& measured, UINT format, int room)
+int64_t EndOf(const Measured& measured, UINT format, int64_t room)
 {
     if (format & DT_SINGLELINE && format & DT_VCENTER) {
         return (room - measured.height) / 2 + measured.height;
@@ -200,7 +200,7 @@ int DrawEmpty(LPRECT rect, UINT format, int lineHeight)
 {
     if (format & DT_CALCRECT) {
         rect->right = rect->left;
-        rect->bottom = rect->top + (format & DT_SINGLELINE ? lineHeight : 0);
+        rect->bottom = Wrapped(int64_t{rect->top} + (format & DT_SINGLELINE ? lineHeight : 0));
     }
     return lineHeight;
 }
@@ -212,21 +212,21 @@ int DrawLines(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format, LPDRAW
     if (length == 0) {
         return DrawEmpty(rect, format, font.height);
     }
-    const int margins = params ? params->iLeftMargin + params->iRightMargin : 0;
-    TextLines lines(text, length, format, rect->right - rect->left - margins, font.width,
+    const int64_t margins = params ? int64_t{params->iLeftMargin} + params->iRightMargin : 0;
+    TextLines lines(text, length, format, int64_t{rect->right} - rect->left - margins, font.width,
                     TabWidth(format, params, font.width));
-    const int room = rect->bottom - rect->top;
+    const int64_t room = int64_t{rect->bottom} - rect->top;
     const Measured measured = MeasureLines(lines, format, room, font.height);
     if (params) {
         params->uiLengthDrawn = static_cast<UINT>(measured.length);
     }
     if (!(format & DT_CALCRECT)) {
         Line(hdc, "DrawTextW").Text(text, count).Put(*rect).Hex(format).TextState();
-        return EndOf(measured, format, room);
+        return Saturated(EndOf(measured, format, room));
     }
-    rect->right = rect->left + measured.width + margins;
-    rect->bottom = rect->top + measured.height;
-    return measured.height;
+    rect->right = Wrapped(rect->left + measured.width + margins);
+    rect->bottom = Wrapped(rect->top + measured.height);
+    return Saturated(measured.height);
 }
 
 } // namespace

@@ -59,10 +59,10 @@ int EdgeWidth(UINT edge)
 void InsetByEdge(RECT& rect, UINT edge, UINT flags)
 {
     const int width = flags & (BF_MONO | BF_FLAT) ? 1 : EdgeWidth(edge);
-    rect.left += flags & BF_LEFT ? width : 0;
-    rect.top += flags & BF_TOP ? width : 0;
-    rect.right -= flags & BF_RIGHT ? width : 0;
-    rect.bottom -= flags & BF_BOTTOM ? width : 0;
+    rect.left = Wrapped(int64_t{rect.left} + (flags & BF_LEFT ? width : 0));
+    rect.top = Wrapped(int64_t{rect.top} + (flags & BF_TOP ? width : 0));
+    rect.right = Wrapped(int64_t{rect.right} - (flags & BF_RIGHT ? width : 0));
+    rect.bottom = Wrapped(int64_t{rect.bottom} - (flags & BF_BOTTOM ? width : 0));
 }
 
 } // namespace
@@ -168,7 +168,7 @@ BOOL WINAPI PatBlt(HDC hdc, INT x, INT y, INT cx, INT cy, DWORD rop)
         return FALSE;
     }
     auto* lines = DrawingOf(*context);
-    if (rop == BLACKNESS && lines && CoversBitmap(*context, {x, y, x + cx, y + cy})) {
+    if (rop == BLACKNESS && lines && CoversBitmap(*context, Spanned(x, y, cx, cy))) {
         lines->clear(); // black as a new bitmap is, whatever it showed
         return TRUE;
     }

@@ -4,17 +4,19 @@
 #include "Context.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace gesso::headless {
 
 FontMetrics MeasureFont(const LOGFONTW& font)
 {
     constexpr int DEFAULT_EM = 12;
-    const int em = font.lfHeight < 0   ? -font.lfHeight
-                   : font.lfHeight > 0 ? font.lfHeight * 4 / 5
-                                       : DEFAULT_EM;
-    const int height = font.lfHeight > 0 ? font.lfHeight : em + em / 4;
-    const int width = font.lfWidth != 0 ? abs(font.lfWidth) : std::max(em / 2, 1);
+    constexpr LONG LARGEST = SHRT_MAX;
+    const int asked = std::clamp(font.lfHeight, -LARGEST, LARGEST);
+    const int em = asked < 0 ? -asked : asked > 0 ? asked * 4 / 5 : DEFAULT_EM;
+    const int height = asked > 0 ? asked : em + em / 4;
+    const int width =
+        font.lfWidth != 0 ? abs(std::clamp(font.lfWidth, -LARGEST, LARGEST)) : std::max(em / 2, 1);
     return {em, height, em, width};
 }
 
@@ -69,7 +71,7 @@ BOOL WINAPI GetTextExtentPoint32W(HDC hdc, LPCWSTR text, INT count, LPSIZE size)
         return FALSE;
     }
     const FontMetrics measures = MeasureSelectedFont(hdc);
-    *size = {count * measures.width, measures.height};
+    *size = {Saturated(int64_t{count} * measures.width), measures.height};
     return TRUE;
 }
 
@@ -96,7 +98,7 @@ BOOL WINAPI GetTextExtentExPointW(HDC hdc, LPCWSTR text, INT count, INT limit, L
         *fit = fitting;
     }
     for (int i = 0; positions && i < fitting; ++i) {
-        positions[i] = (i + 1) * width;
+        positions[i] = Saturated((int64_t{i} + 1) * width);
     }
     return TRUE;
 }

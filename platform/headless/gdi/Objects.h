@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../core/Area.h"
+#include "../core/Arithmetic.h"
 
 #include <memory>
 

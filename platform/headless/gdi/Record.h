@@ -20,7 +20,7 @@ public:
     Line& Hex(UINT number);
     Line& Put(POINT point);
     Line& Put(const RECT& rect);
-    Line& Size(int x, int y, int cx, int cy) { return Put(RECT{x, y, x + cx, y + cy}); }
+    Line& Size(int x, int y, int cx, int cy) { return Put(Spanned(x, y, cx, cy)); }
     // Quoted, with \r, \n, \t and quotes escaped. A length of -1 runs to the terminator.
     Line& Text(LPCWSTR text, int length);
     Line& Color(std::string_view name, COLORREF color);

@@ -8,9 +8,10 @@ using namespace gesso::headless;
 
 namespace {
 
-int64_t Extent(const RECT& r)
+uint64_t Extent(const RECT& r)
 {
-    return int64_t{r.right - r.left} * (r.bottom - r.top);
+    const auto cx = static_cast<uint64_t>(int64_t{r.right} - r.left);
+    return cx * static_cast<uint64_t>(int64_t{r.bottom} - r.top);
 }
 
 // NULLREGION, SIMPLEREGION or COMPLEXREGION: an area is simple if it fills its bounds, in however many
@@ -20,7 +21,7 @@ INT Complexity(const Area& area)
     if (area.IsEmpty()) {
         return NULLREGION;
     }
-    int64_t filled = 0;
+    uint64_t filled = 0;
     for (const RECT& rect : area.Rects()) {
         filled += Extent(rect);
     }

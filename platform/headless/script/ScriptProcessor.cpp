@@ -158,7 +158,7 @@ HRESULT WINAPI ScriptPlace(HDC hdc, SCRIPT_CACHE* cache, const WORD*, int count,
     std::fill_n(advances, count, found->font.width);
     std::fill_n(offsets, count, GOFFSET{});
     if (abc) {
-        *abc = {0, static_cast<UINT>(count * found->font.width), 0};
+        *abc = {0, static_cast<UINT>(int64_t{count} * found->font.width), 0};
     }
     return S_OK;
 }

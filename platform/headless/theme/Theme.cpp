@@ -375,7 +375,8 @@ HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)
     }
     POINT origin{};
     MapWindowPoints(hwnd, parent, &origin, 1);
-    OffsetViewportOrgEx(hdc, -origin.x, -origin.y, nullptr);
+    const POINT back = Difference({}, origin);
+    OffsetViewportOrgEx(hdc, back.x, back.y, nullptr);
     DrawParentInto(parent, hdc);
     RestoreDC(hdc, saved);
     return S_OK;

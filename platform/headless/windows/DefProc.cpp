@@ -1,6 +1,7 @@
 // What the platform itself does with a message.
 #include "Desktop.h"
 #include "Focus.h"
+#include "Paint.h"
 #include "Position.h"
 #include "Send.h"
 #include "UiState.h"
@@ -15,6 +16,12 @@ namespace {
 bool HasParent(const Window& window)
 {
     return window.IsChild() && window.parent && window.parent != &Root();
+}
+
+RECT Inset(const RECT& r, const RECT& widths)
+{
+    return {Saturated(int64_t{r.left} + widths.left), Saturated(int64_t{r.top} + widths.top),
+            Saturated(int64_t{r.right} - widths.right), Saturated(int64_t{r.bottom} - widths.bottom)};
 }
 
 // Takes the room of the standard scroll bars off a client area.
@@ -39,7 +46,7 @@ LRESULT OnNcCalcSize(const Window& window, WPARAM withParams, LPARAM lParam)
     RECT& r =
         withParams ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0] : *reinterpret_cast<RECT*>(lParam);
     const RECT widths = FrameWidths(window.style, window.exStyle, false);
-    r = {r.left + widths.left, r.top + widths.top, r.right - widths.right, r.bottom - widths.bottom};
+    r = Inset(r, widths);
     r.right = std::max(r.left, r.right);
     r.bottom = std::max(r.top, r.bottom);
     ExcludeBars(window, r);
@@ -55,12 +62,11 @@ LRESULT OnNcHitTest(const Window& window, POINT point)
         return HTCLIENT;
     }
     const RECT widths = FrameWidths(window.style, window.exStyle, false);
-    const RECT inner = {window.frame.left + widths.left, window.frame.top + widths.left,
-                        window.frame.right - widths.right, window.frame.bottom - widths.bottom};
+    const RECT inner = Inset(window.frame, {widths.left, widths.left, widths.right, widths.bottom});
     if (!PtInRect(&inner, point)) {
         return HTBORDER;
     }
-    if (point.y < window.frame.top + widths.top) {
+    if (point.y < int64_t{window.frame.top} + widths.top) {
         return HTCAPTION;
     }
     const bool below = point.y >= window.client.bottom;
@@ -91,15 +97,12 @@ LRESULT OnPaint(const Window& window)
 
 void PrintChildren(Window& window, HDC hdc, LPARAM flags)
 {
-    for (size_t i = window.children.size(); i-- > 0;) {
-        Window& child = *window.children[i];
-        if (!child.Has(WS_VISIBLE)) {
-            continue;
-        }
-        const POINT step = {window.client.left - child.client.left, window.client.top - child.client.top};
+    const std::vector<WindowRef> children = VisibleChildren(window);
+    for (auto at = children.rbegin(); at != children.rend(); ++at) {
+        const POINT step = Difference(Corner(window.client), Corner((*at)->client));
         POINT former{};
         OffsetWindowOrgEx(hdc, step.x, step.y, &former);
-        Send(child, WM_PRINT, reinterpret_cast<WPARAM>(hdc), flags);
+        Send(**at, WM_PRINT, reinterpret_cast<WPARAM>(hdc), flags);
         SetWindowOrgEx(hdc, former.x, former.y, nullptr);
     }
 }
@@ -148,7 +151,8 @@ LRESULT OnWindowPosChanged(Window& window, const WINDOWPOS& pos)
     const POINT origin = {window.parent ? window.parent->client.left : 0,
                           window.parent ? window.parent->client.top : 0};
     if (!(flags & SWP_NOCLIENTMOVE)) {
-        Send(window, WM_MOVE, 0, MAKELPARAM(window.client.left - origin.x, window.client.top - origin.y));
+        const POINT corner = Difference(Corner(window.client), origin);
+        Send(window, WM_MOVE, 0, MAKELPARAM(corner.x, corner.y));
     }
     if (window.alive && !(flags & SWP_NOCLIENTSIZE)) {
         const SIZE size = SizeOf(window.client);

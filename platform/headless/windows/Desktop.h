@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../core/Area.h"
+#include "../core/Arithmetic.h"
 #include "../core/Text.h"
 
 #include <deque>
@@ -71,6 +72,7 @@ struct Window : std::enable_shared_from_this<Window>
     bool frameInvalid = false;
     bool eraseInvalid = false;
     bool sizePending = false; // WM_SIZE and WM_MOVE are due with the first showing
+    int failedPaints = 0;     // BeginPaints in a row, since a loop last had nothing else to do
     bool beingDestroyed = false;
     bool alive = true;
     WORD uiState = 0;
@@ -99,6 +101,8 @@ struct InputEvent
     ULONGLONG time;
     bool released;      // of a key
     bool apart = false; // a press that makes no double-click with the one before
+    uint64_t serial = 0;
+    bool inWork = false; // a loop is finding out whose it is; loops within that one pass it over
 };
 
 struct PointerTracking
@@ -130,7 +134,8 @@ struct Desktop
 
     std::deque<MSG> posted;
     std::optional<int> quit;
-    std::deque<InputEvent> input;
+    std::deque<InputEvent> input; // by serial
+    uint64_t lastInput = 0;
     std::deque<std::function<void()>> idleActions;
     bool deadlocked = false;
     DWORD messageTime = 0;
@@ -182,7 +187,7 @@ bool IsTopLevel(const Window& window);
 
 inline SIZE SizeOf(const RECT& r)
 {
-    return {r.right - r.left, r.bottom - r.top};
+    return {Saturated(int64_t{r.right} - r.left), Saturated(int64_t{r.bottom} - r.top)};
 }
 inline bool SameRect(const RECT& a, const RECT& b)
 {

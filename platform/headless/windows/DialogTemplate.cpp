@@ -29,9 +29,16 @@ public:
             m_at += sizeof(WORD);
             return MAKEINTRESOURCEW(Read<WORD>());
         }
+        const LPCWSTR text = ReadText();
+        return first == 0 ? nullptr : text;
+    }
+
+    // A text where no number can stand: 0xFFFF is a character of it.
+    LPCWSTR ReadText()
+    {
         const auto* text = reinterpret_cast<LPCWSTR>(m_at);
         m_at += (wcslen(text) + 1) * sizeof(wchar_t);
-        return first == 0 ? nullptr : text;
+        return text;
     }
 
     // The creation data of an item. The extended form counts the bytes behind the size, the plain one all.
@@ -106,7 +113,7 @@ void ReadFont(Reader& reader, bool extended, LOGFONTW& font)
         font.lfItalic = reader.Read<BYTE>();
         font.lfCharSet = reader.Read<BYTE>();
     }
-    CopyText(View(reader.ReadName()), font.lfFaceName, LF_FACESIZE);
+    CopyText(View(reader.ReadText()), font.lfFaceName, LF_FACESIZE);
 }
 
 // Reads the head up to the number of items.
@@ -139,7 +146,7 @@ DialogTemplate ReadTemplate(const DLGTEMPLATE* source)
     out.size.cy = reader.ReadShort();
     reader.ReadName(); // there are no menus
     out.className = reader.ReadName();
-    out.text = reader.ReadName();
+    out.text = reader.ReadText();
     out.hasFont = (out.style & DS_SETFONT) != 0;
     if (out.hasFont) {
         ReadFont(reader, extended, out.font);

@@ -31,7 +31,7 @@ ButtonMessages MessagesOf(Button button)
 void Queue(UINT message, WPARAM wParam = 0, bool released = false)
 {
     Desktop& desktop = TheDesktop();
-    desktop.input.push_back({message, wParam, desktop.pointer, Now(), released});
+    QueueInput({message, wParam, desktop.pointer, Now(), released});
     desktop.keyboardLast = message == WM_KEYDOWN;
 }
 
@@ -61,7 +61,8 @@ void MoveMouse(int x, int y)
     Desktop& desktop = TheDesktop();
     const RECT& screen = Root().frame;
     desktop.pointer = {std::clamp<LONG>(x, 0, screen.right - 1), std::clamp<LONG>(y, 0, screen.bottom - 1)};
-    if (!desktop.input.empty() && desktop.input.back().message == WM_MOUSEMOVE) {
+    const bool moves = !desktop.input.empty() && desktop.input.back().message == WM_MOUSEMOVE;
+    if (moves && !desktop.input.back().inWork) {
         desktop.input.pop_back();
     }
     Queue(WM_MOUSEMOVE);

@@ -109,10 +109,10 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
     if (!source || !target) {
         return 0;
     }
-    const int dx = source->client.left - target->client.left;
-    const int dy = source->client.top - target->client.top;
+    const LONG dx = Wrapped(int64_t{source->client.left} - target->client.left);
+    const LONG dy = Wrapped(int64_t{source->client.top} - target->client.top);
     for (UINT i = 0; i < count; ++i) {
-        points[i] = {points[i].x + dx, points[i].y + dy};
+        points[i] = Sum(points[i], {dx, dy});
     }
     return static_cast<int>(MAKELONG(dx, dy));
 }
@@ -126,7 +126,7 @@ BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
     if (!window) {
         return FALSE;
     }
-    *point = {point->x + window->client.left, point->y + window->client.top};
+    *point = Sum(*point, Corner(window->client));
     return TRUE;
 }
 
@@ -139,14 +139,15 @@ BOOL WINAPI ScreenToClient(HWND hwnd, LPPOINT point)
     if (!window) {
         return FALSE;
     }
-    *point = {point->x - window->client.left, point->y - window->client.top};
+    *point = Difference(*point, Corner(window->client));
     return TRUE;
 }
 
 BOOL WINAPI AdjustWindowRectEx(LPRECT r, DWORD style, BOOL menu, DWORD exStyle)
 {
     const RECT w = FrameWidths(style, exStyle, menu);
-    *r = {r->left - w.left, r->top - w.top, r->right + w.right, r->bottom + w.bottom};
+    *r = {Wrapped(int64_t{r->left} - w.left), Wrapped(int64_t{r->top} - w.top),
+          Wrapped(int64_t{r->right} + w.right), Wrapped(int64_t{r->bottom} + w.bottom)};
     return TRUE;
 }
 

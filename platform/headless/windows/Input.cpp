@@ -8,6 +8,8 @@
 
 #include "../core/Faults.h"
 
+#include <algorithm>
+
 namespace gesso::headless {
 namespace {
 
@@ -75,14 +77,14 @@ void EndTracking(const Target& target)
 // Asks by WM_MOUSEACTIVATE whether the press activates the window. False if the press is eaten.
 bool ActivateByMouse(Window& window, LRESULT hit, UINT message)
 {
-    Window& top = TopLevelOf(window);
+    const WindowRef top = TopLevelOf(window).shared_from_this();
     if (window.handle == TheDesktop().active) {
         return true;
     }
     const auto answer =
-        Send(window, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(top.handle), MAKELPARAM(hit, message));
-    if ((answer == 0 || answer == MA_ACTIVATE || answer == MA_ACTIVATEANDEAT) && top.alive) {
-        Activate(&top, true);
+        Send(window, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(top->handle), MAKELPARAM(hit, message));
+    if ((answer == 0 || answer == MA_ACTIVATE || answer == MA_ACTIVATEANDEAT) && top->alive) {
+        Activate(top.get(), true);
     }
     return answer != MA_ACTIVATEANDEAT && answer != MA_NOACTIVATEANDEAT && window.alive;
 }
@@ -118,7 +120,7 @@ MSG MouseMessage(const InputEvent& event, const Target& target, UINT message)
     MSG out{target.window->handle, message, HeldKeys(), 0, static_cast<DWORD>(event.time), p};
     if (target.hit == HTCLIENT) {
         const RECT& client = target.window->client;
-        out.lParam = MAKELPARAM(p.x - client.left, p.y - client.top);
+        out.lParam = MAKELPARAM(Wrapped(int64_t{p.x} - client.left), Wrapped(int64_t{p.y} - client.top));
     } else {
         out.message += NON_CLIENT_OFFSET;
         out.wParam = static_cast<WPARAM>(target.hit);
@@ -153,17 +155,13 @@ Outcome TranslateMouse(const InputEvent& event, const Filter& filter, bool remov
     if (!target.window) {
         return Outcome::Dropped;
     }
-    message = MouseMessage(event, target, PressMessage(event, *target.window, target.hit, remove));
-    if (!filter.Takes(message.hwnd, message.message)) {
+    const MSG found = MouseMessage(event, target, PressMessage(event, *target.window, target.hit, remove));
+    if (!filter.Takes(found.hwnd, found.message)) {
         return Outcome::NotWanted;
     }
-    if (!remove) {
-        return target.hit == HTERROR ? Outcome::Dropped : Outcome::Message;
-    }
-    if (target.captured) {
-        return Outcome::Message;
-    }
-    return Announce(target, event.message) ? Outcome::Message : Outcome::Dropped;
+    const bool wanted = remove ? target.captured || Announce(target, event.message) : target.hit != HTERROR;
+    message = found; // only now: a loop within those messages may use the same record
+    return wanted ? Outcome::Message : Outcome::Dropped;
 }
 
 Outcome TranslateWheel(const InputEvent& event, const Filter& filter, MSG& message)
@@ -209,30 +207,55 @@ void MoveStalePointer()
     const Target target = FindTarget(desktop.pointer);
     const HWND now = target.window ? target.window->handle : nullptr;
     if (now != desktop.pointerWindow) {
-        desktop.input.push_back({WM_MOUSEMOVE, 0, desktop.pointer, Now(), false});
+        QueueInput({WM_MOUSEMOVE, 0, desktop.pointer, Now(), false});
+    }
+}
+
+// The first event behind `serial` that no loop further out is at work on.
+InputEvent* NextBehind(uint64_t serial)
+{
+    auto& input = TheDesktop().input;
+    const auto next = std::find_if(input.begin(), input.end(), [serial](const InputEvent& event) {
+        return event.serial > serial && !event.inWork;
+    });
+    return next == input.end() ? nullptr : &*next;
+}
+
+// Ends the work on an event. What was sent meanwhile may have changed the queue around it.
+void Settle(uint64_t serial, bool remove)
+{
+    auto& input = TheDesktop().input;
+    const auto at = std::find_if(input.begin(), input.end(),
+                                 [serial](const InputEvent& event) { return event.serial == serial; });
+    if (at != input.end()) {
+        at->inWork = false;
+        if (remove) {
+            input.erase(at);
+        }
     }
 }
 
 } // namespace
 
+void QueueInput(InputEvent event)
+{
+    event.serial = ++TheDesktop().lastInput;
+    TheDesktop().input.push_back(event);
+}
+
 bool TakeInput(const Filter& filter, bool remove, MSG& message)
 {
     MoveStalePointer();
-    auto& input = TheDesktop().input;
-    for (size_t i = 0; i < input.size();) {
-        const InputEvent event = input[i];
-        const bool first = i == 0;
-        if (first) {
+    uint64_t last = 0;
+    while (InputEvent* next = NextBehind(last)) {
+        const InputEvent event = *next;
+        if (last == 0) {
             SeeKeys(event, remove);
         }
+        last = event.serial;
+        next->inWork = true;
         const Outcome outcome = Translate(event, filter, remove, message);
-        if (outcome == Outcome::NotWanted) {
-            ++i;
-            continue;
-        }
-        if (remove || outcome == Outcome::Dropped) {
-            input.erase(input.begin() + static_cast<std::ptrdiff_t>(i));
-        }
+        Settle(last, outcome == Outcome::Dropped || (remove && outcome == Outcome::Message));
         if (outcome == Outcome::Message) {
             return true;
         }

@@ -7,6 +7,18 @@
 #include "../gdi/Objects.h"
 
 namespace gesso::headless {
+
+std::vector<WindowRef> VisibleChildren(const Window& window)
+{
+    std::vector<WindowRef> children;
+    for (Window* child : window.children) {
+        if (child->Has(WS_VISIBLE)) {
+            children.push_back(child->shared_from_this());
+        }
+    }
+    return children;
+}
+
 namespace {
 
 // The part of a window that its ancestors leave to be seen, in its client coordinates.
@@ -16,8 +28,7 @@ RECT VisiblePart(const Window& window)
     for (const Window* above = window.parent; above; above = above->parent) {
         IntersectRect(&part, &part, &above->client);
     }
-    OffsetRect(&part, -window.client.left, -window.client.top);
-    return part;
+    return Within(Corner(window.client), part);
 }
 
 RECT ClientRect(const Window& window)
@@ -49,7 +60,8 @@ bool ReachesChildren(const Window& window, UINT flags)
 
 Area WithinChild(const Window& parent, const Window& child, Area area)
 {
-    area.Offset(parent.client.left - child.client.left, parent.client.top - child.client.top);
+    area.Offset(int64_t{parent.client.left} - child.client.left,
+                int64_t{parent.client.top} - child.client.top);
     return area;
 }
 
@@ -57,9 +69,7 @@ void ExcludeChildren(const Window& window, Area& area)
 {
     for (const Window* child : window.children) {
         if (child->Has(WS_VISIBLE)) {
-            RECT r = child->frame;
-            OffsetRect(&r, -window.client.left, -window.client.top);
-            area.Subtract(r);
+            area.Subtract(Within(Corner(window.client), child->frame));
         }
     }
 }
@@ -68,9 +78,7 @@ void InvalidateChildren(const Window& window, const Area& area, UINT flags)
 {
     for (Window* child : window.children) {
         Area within = WithinChild(window, *child, area);
-        RECT frame = child->frame;
-        OffsetRect(&frame, -child->client.left, -child->client.top);
-        within.Intersect(frame);
+        within.Intersect(Within(Corner(child->client), child->frame));
         if (!within.IsEmpty()) {
             Invalidate(*child, within, flags | RDW_FRAME | RDW_ERASE);
         }
@@ -98,12 +106,21 @@ bool NeedsPaint(const Window& window)
     return !window.invalid.IsEmpty() || window.frameInvalid;
 }
 
+// A window that cannot begin its paint stays invalid. It is asked a few times, so that one failure passes;
+// then the loop goes on to what else there is.
+bool IsGivenUp(const Window& window)
+{
+    constexpr int TRIES = 10;
+    return window.failedPaints >= TRIES;
+}
+
 Window* FirstToPaint(Window& window, const Filter& filter)
 {
     if (!window.Has(WS_VISIBLE)) {
         return nullptr;
     }
-    if (&window != &Root() && NeedsPaint(window) && filter.Takes(window.handle, WM_PAINT)) {
+    if (&window != &Root() && NeedsPaint(window) && !IsGivenUp(window) &&
+        filter.Takes(window.handle, WM_PAINT)) {
         return &window;
     }
     for (Window* child : window.children) {
@@ -112,17 +129,6 @@ Window* FirstToPaint(Window& window, const Filter& filter)
         }
     }
     return nullptr;
-}
-
-std::vector<WindowRef> VisibleChildren(const Window& window)
-{
-    std::vector<WindowRef> children;
-    for (Window* child : window.children) {
-        if (child->Has(WS_VISIBLE)) {
-            children.push_back(child->shared_from_this());
-        }
-    }
-    return children;
 }
 
 void PaintNow(Window& window, bool children)
@@ -216,8 +222,15 @@ void Uncover(Window& window, const RECT& screen)
     if (window.Has(WS_VISIBLE)) {
         area.Subtract(window.frame);
     }
-    area.Offset(-window.parent->client.left, -window.parent->client.top);
+    area.Offset(-int64_t{window.parent->client.left}, -int64_t{window.parent->client.top});
     Invalidate(*window.parent, area, RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void RetryPaints()
+{
+    for (const auto& [handle, window] : TheDesktop().windows) {
+        window->failedPaints = 0;
+    }
 }
 
 bool TakePaint(const Filter& filter, MSG& message)
@@ -320,14 +333,22 @@ int WINAPI GetUpdateRgn(HWND hwnd, HRGN region, BOOL erase)
 HDC WINAPI BeginPaint(HWND hwnd, LPPAINTSTRUCT paint)
 {
     const WindowRef window = Find(hwnd);
-    *paint = {};
-    if (!window || FaultFires("BeginPaint")) {
+    if (!window) {
         return nullptr;
     }
+    if (FaultFires("BeginPaint")) {
+        ++window->failedPaints;
+        return nullptr;
+    }
+    window->failedPaints = 0;
     if (TheDesktop().caret.hwnd == hwnd) {
         HideCaret(hwnd);
     }
     PaintFrame(*window);
+    if (!window->alive) {
+        return nullptr;
+    }
+    *paint = {};
     const Area area = std::exchange(window->invalid, Area());
     paint->rcPaint = area.Bounds();
     paint->hdc = ContextClippedTo(*window, area);

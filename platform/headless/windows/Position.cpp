@@ -6,25 +6,31 @@
 #include "../core/Faults.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace gesso::headless {
 namespace {
 
 constexpr UINT CLIENT_FLAGS = SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE;
 
-RECT Moved(RECT r, int dx, int dy)
-{
-    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
-}
-
 RECT FromParent(const Window& window, const RECT& r)
 {
-    return Moved(r, window.parent->client.left, window.parent->client.top);
+    return OutOf(Corner(window.parent->client), r);
 }
 
 RECT ToParent(const Window& window, const RECT& r)
 {
-    return Moved(r, -window.parent->client.left, -window.parent->client.top);
+    return Within(Corner(window.parent->client), r);
+}
+
+// Places and sizes are asked for in 16 bits, and no size is below zero.
+WINDOWPOS Bounded(WINDOWPOS pos)
+{
+    pos.x = std::clamp(pos.x, SHRT_MIN, SHRT_MAX);
+    pos.y = std::clamp(pos.y, SHRT_MIN, SHRT_MAX);
+    pos.cx = std::clamp(pos.cx, 0, SHRT_MAX);
+    pos.cy = std::clamp(pos.cy, 0, SHRT_MAX);
+    return pos;
 }
 
 // A client area never reaches out of its window's frame by being turned inside out.
@@ -35,16 +41,16 @@ RECT Upright(RECT r)
     return r;
 }
 
-void MoveTree(Window& window, int dx, int dy)
+void MoveTree(Window& window, int64_t dx, int64_t dy)
 {
-    window.frame = Moved(window.frame, dx, dy);
-    window.client = Moved(window.client, dx, dy);
+    window.frame = Shifted(window.frame, dx, dy);
+    window.client = Shifted(window.client, dx, dy);
     for (Window* child : window.children) {
         MoveTree(*child, dx, dy);
     }
 }
 
-void MoveChildren(Window& window, int dx, int dy)
+void MoveChildren(Window& window, int64_t dx, int64_t dy)
 {
     for (Window* child : window.children) {
         MoveTree(*child, dx, dy);
@@ -54,11 +60,12 @@ void MoveChildren(Window& window, int dx, int dy)
 // Gives the window a frame and a client area; its children go with the client area.
 void Place(Window& window, const RECT& frame, const RECT& client)
 {
-    const POINT step = {client.left - window.client.left, client.top - window.client.top};
+    const int64_t dx = int64_t{client.left} - window.client.left;
+    const int64_t dy = int64_t{client.top} - window.client.top;
     window.frame = frame;
     window.client = client;
-    if (step.x != 0 || step.y != 0) {
-        MoveChildren(window, step.x, step.y);
+    if (dx != 0 || dy != 0) {
+        MoveChildren(window, dx, dy);
     }
 }
 
@@ -129,14 +136,16 @@ RECT WantedFrame(const Window& window, const WINDOWPOS& pos)
     if (!(pos.flags & SWP_NOSIZE)) {
         size = {std::max(pos.cx, 0), std::max(pos.cy, 0)};
     }
-    return FromParent(window, {frame.left, frame.top, frame.left + size.cx, frame.top + size.cy});
+    return FromParent(window, {frame.left, frame.top, Saturated(int64_t{frame.left} + size.cx),
+                               Saturated(int64_t{frame.top} + size.cy)});
 }
 
 // The client area within a new frame: asked of the window if the size or the frame changes.
 RECT WantedClient(Window& window, WINDOWPOS& pos, const RECT& frame)
 {
     if ((pos.flags & (SWP_FRAMECHANGED | SWP_NOSIZE)) == SWP_NOSIZE) {
-        return Moved(window.client, frame.left - window.frame.left, frame.top - window.frame.top);
+        return Shifted(window.client, int64_t{frame.left} - window.frame.left,
+                       int64_t{frame.top} - window.frame.top);
     }
     NCCALCSIZE_PARAMS params{
         {ToParent(window, frame), ToParent(window, window.frame), ToParent(window, window.client)}, &pos};
@@ -336,7 +345,7 @@ BOOL Reposition(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
     if (!window || window.get() == &Root()) {
         return FALSE;
     }
-    WINDOWPOS pos{hwnd, after, x, y, cx, cy, flags};
+    WINDOWPOS pos = Bounded({hwnd, after, x, y, cx, cy, flags});
     if (!(flags & SWP_NOSENDCHANGING)) {
         Send(*window, WM_WINDOWPOSCHANGING, 0, Pointer(&pos));
     }

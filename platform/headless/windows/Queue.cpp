@@ -81,6 +81,7 @@ void StopIfEndless(int count)
 bool DispatchAll(HWND dialog, bool takeQuit)
 {
     MSG message{};
+    RetryPaints();
     for (int count = 0; TakeAndNote({}, true, takeQuit, message); ++count) {
         StopIfEndless(count);
         if (message.message == WM_QUIT) {
@@ -126,6 +127,7 @@ bool RunIdleAction()
     }
     const auto action = std::move(actions.front());
     actions.pop_front();
+    RetryPaints();
     action();
     return true;
 }

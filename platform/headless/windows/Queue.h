@@ -27,6 +27,8 @@ void ForgetMessages(HWND hwnd);
 // The next message that comes of input, of an invalid region, and of a due timer.
 bool TakeInput(const Filter& filter, bool remove, MSG& message);
 bool TakePaint(const Filter& filter, MSG& message);
+// Offers the paints again that were given up, since BeginPaint failed again and again.
+void RetryPaints();
 bool TakeTimer(const Filter& filter, bool remove, MSG& message);
 
 } // namespace gesso::headless

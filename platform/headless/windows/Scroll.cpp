@@ -5,6 +5,7 @@
 #include "../core/Faults.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace gesso::headless {
 namespace {
@@ -20,7 +21,7 @@ ScrollBar* BarOf(Window& window, int bar)
 
 int LastPosition(const ScrollBar& bar)
 {
-    return bar.max - std::max(static_cast<int>(bar.page) - 1, 0);
+    return Saturated(int64_t{bar.max} - std::max<int64_t>(int64_t{bar.page} - 1, 0));
 }
 
 void StoreRange(ScrollBar& bar, int min, int max)
@@ -42,7 +43,9 @@ void Store(ScrollBar& bar, const SCROLLINFO& info)
     if (info.fMask & SIF_RANGE) {
         StoreRange(bar, info.nMin, info.nMax);
     }
-    bar.page = std::min<UINT>(bar.page, static_cast<UINT>(bar.max) - static_cast<UINT>(bar.min) + 1);
+    // A page that is below zero as a signed number is none.
+    const UINT whole = static_cast<UINT>(bar.max) - static_cast<UINT>(bar.min) + 1;
+    bar.page = bar.page > INT_MAX ? 0 : std::min(bar.page, whole);
     bar.position = std::max(bar.min, std::min(bar.position, LastPosition(bar)));
 }
 

@@ -50,7 +50,8 @@ void NotifyParents(Window& window, WORD event)
 void NotifyParentsOfPress(Window& window, WORD event, POINT point)
 {
     TellParents(window, event, [point](const Window& parent) {
-        return MAKELPARAM(point.x - parent.client.left, point.y - parent.client.top);
+        const POINT within = Difference(point, Corner(parent.client));
+        return MAKELPARAM(within.x, within.y);
     });
 }
 

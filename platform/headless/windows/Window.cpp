@@ -99,9 +99,9 @@ WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Wind
     }
     Link(*window, parent ? *parent : Root());
     window->uiState = parentOrOwner ? parentOrOwner->uiState : WORD{0};
-    const RECT origin = window->parent->client;
-    window->frame = {origin.left + create.x, origin.top + create.y, origin.left + create.x + create.cx,
-                     origin.top + create.y + create.cy};
+    const RECT place = {create.x, create.y, Saturated(int64_t{create.x} + create.cx),
+                        Saturated(int64_t{create.y} + create.cy)};
+    window->frame = OutOf(Corner(window->parent->client), place);
     window->client = window->frame;
     std::atomic_ref(windowClass.windows).fetch_add(1);
     Track(Kind::Window, window->handle);
@@ -123,8 +123,8 @@ void ApplyMinMaxInfo(Window& window, CREATESTRUCTW& create)
                                  std::max(info.ptMinTrackSize.x, info.ptMaxTrackSize.x));
     create.cy = std::clamp<LONG>(create.cy, info.ptMinTrackSize.y,
                                  std::max(info.ptMinTrackSize.y, info.ptMaxTrackSize.y));
-    window.frame.right = window.frame.left + create.cx;
-    window.frame.bottom = window.frame.top + create.cy;
+    window.frame.right = Saturated(int64_t{window.frame.left} + create.cx);
+    window.frame.bottom = Saturated(int64_t{window.frame.top} + create.cy);
     window.client = window.frame;
 }
 
@@ -142,18 +142,25 @@ void Release(Window& window)
     window.alive = false;
 }
 
-// Children go before their parent's WM_NCDESTROY.
-void FreeTree(Window& window)
+void FreeTree(Window& window);
+
+void FreeChildren(const Window& window)
 {
     while (window.alive && !window.children.empty()) {
         const WindowRef child = window.children.front()->shared_from_this();
         child->beingDestroyed = true;
         FreeTree(*child);
     }
-    if (!window.alive) {
-        return;
+}
+
+// Children go before their parent's WM_NCDESTROY, and those that it makes in there after it.
+void FreeTree(Window& window)
+{
+    FreeChildren(window);
+    if (window.alive) {
+        Send(window, WM_NCDESTROY);
     }
-    Send(window, WM_NCDESTROY);
+    FreeChildren(window);
     if (window.alive) {
         Release(window);
     }

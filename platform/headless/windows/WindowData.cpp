@@ -284,13 +284,16 @@ HWND WINAPI SetParent(HWND hwnd, HWND newParent)
         return nullptr;
     }
     const bool shown = ShowWindow(hwnd, SW_HIDE) != FALSE;
+    if (!window->alive || !parent->alive || IsWithin(*parent, *window)) {
+        return nullptr;
+    }
     Window& former = *window->parent;
     const HWND formerHandle = former.handle;
-    const POINT place = {window->frame.left - former.client.left, window->frame.top - former.client.top};
+    const RECT place = Within(Corner(former.client), window->frame);
     std::erase(former.children, window.get());
     parent->children.insert(parent->children.begin(), window.get());
     window->parent = parent.get();
-    Reposition(hwnd, nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Reposition(hwnd, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     if (shown) {
         ShowWindow(hwnd, SW_SHOWNA);
     }
