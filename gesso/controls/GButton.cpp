@@ -38,7 +38,9 @@ ATOM GButton::IsolationAwareRegisterClassW()
 HWND GButton::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwExStyle,
                      DWORD dwStyle)
 {
-    m_pszText.Reset(gesso::CopyText(pszText));
+    if (!gesso::HoldText(m_pszText, pszText)) {
+        return nullptr;
+    }
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
 }

@@ -31,7 +31,7 @@ public:
 
     // Makes the window; position and size in pixels in the parent's client area. The text is copied; a null
     // one counts as empty. The style is used as it is: WS_CHILD is the caller's to give. Returns the window,
-    // or null where it could not be made.
+    // or null where it could not be made; where there is no memory for the text, the control stays as it was.
     virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText,
                         DWORD dwExStyle, DWORD dwStyle);
     // DestroyWindow. Returns 0 without a window.
@@ -43,7 +43,8 @@ public:
     // that the drawing context happens to have.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
-    // Copies the text (an ampersand marks the mnemonic; null counts as empty) and repaints. Returns 1.
+    // Copies the text (an ampersand marks the mnemonic; null counts as empty) and repaints. Returns 1; 0,
+    // with nothing done, without memory.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator.
     virtual int GetTextLength() const;
@@ -58,7 +59,8 @@ public:
     virtual HBITMAP SetBitmap(HBITMAP hBitmap);
     virtual HBITMAP GetBitmap() const;
 
-    // Takes the text from a dialog template's creation data; null gives the empty text.
+    // Takes the text from a dialog template's creation data; null, or no memory, gives the empty
+    // text.
     void Init(void* pCreateData);
     // Draws the control at the origin of a context.
     void Draw(HDC hdc);

@@ -46,7 +46,8 @@ public:
     virtual void SetCheck(int nCheck);
     virtual int GetCheck() const;
 
-    // Takes the text from a dialog template's creation data; null gives the empty text.
+    // Takes the text from a dialog template's creation data; null, or no memory, gives the empty
+    // text.
     void Init(void* pCreateData);
     // Draws the control at the origin of a context.
     void Draw(HDC hdc);

@@ -53,8 +53,11 @@ ATOM GCommandButton::IsolationAwareRegisterClassW()
 HWND GCommandButton::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText,
                             LPCWSTR pszNote, DWORD dwExStyle, DWORD dwStyle)
 {
-    m_pszText.Reset(gesso::CopyText(pszText));
-    m_pszNote.Reset(gesso::CopyTextOrNone(pszNote));
+    gesso::ControlText text;
+    if (!gesso::HoldText(text, pszText) || !gesso::HoldTextOrNone(m_pszNote, pszNote)) {
+        return nullptr;
+    }
+    m_pszText = text;
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
 }
@@ -62,7 +65,8 @@ HWND GCommandButton::Create(int x, int y, int cx, int cy, HWND hwndParent, int n
 void GCommandButton::Init(void* pCreateData)
 {
     m_pszText.Reset(gesso::CopyCreationText(pCreateData));
-    m_pszNote.Reset(gesso::CopyTextOrNone(pCreateData ? NoteIn(pCreateData) : nullptr));
+    const LPCWSTR pszNote = pCreateData ? NoteIn(pCreateData) : nullptr;
+    m_pszNote.Reset(pszNote ? gesso::CopyText(pszNote) : nullptr);
 }
 
 int GCommandButton::Destroy()
@@ -137,7 +141,9 @@ HFONT GCommandButton::GetNoteFont() const
 
 int GCommandButton::SetNote(LPCWSTR pszNote)
 {
-    m_pszNote.Reset(gesso::CopyTextOrNone(pszNote));
+    if (!gesso::HoldTextOrNone(m_pszNote, pszNote)) {
+        return 0;
+    }
     Invalidate(0);
     return 1;
 }

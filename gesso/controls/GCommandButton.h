@@ -56,14 +56,15 @@ public:
     // The same for the note's font.
     virtual void SetNoteFont(HFONT hFont);
     virtual HFONT GetNoteFont() const;
-    // Copies the note (null for none) and repaints. Returns 1.
+    // Copies the note (null for none) and repaints. Returns 1; 0, with nothing done, without memory.
     virtual int SetNote(LPCWSTR pszNote);
     // In characters, without the terminator; 0 without a note.
     virtual int GetNoteLength() const;
     // As GetText; without a note, the empty text.
     virtual int GetNote(LPWSTR pszBuffer, int* pnLength) const;
 
-    // Takes title and note from a dialog template's creation data; null gives an empty title and no note.
+    // Takes title and note from a dialog template's creation data; null gives an empty title and no note,
+    // and so does no memory for either.
     void Init(void* pCreateData);
     // Draws the control at the origin of a context.
     void Draw(HDC hdc);

@@ -62,7 +62,9 @@ ATOM GLabel::IsolationAwareRegisterClassW()
 HWND GLabel::Create(int x, int y, int cx, int cy, HWND hwndParent, int, LPCWSTR pszText, DWORD dwExStyle,
                     DWORD dwStyle)
 {
-    m_pszText.Reset(gesso::CopyText(pszText));
+    if (!gesso::HoldText(m_pszText, pszText)) {
+        return nullptr;
+    }
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, 0,
                                dwExStyle, dwStyle);
 }

@@ -30,7 +30,7 @@ public:
 
     // Makes the window; position and size in pixels in the parent's client area. The text is copied; a null
     // one counts as empty. The style is used as it is. Returns the window, or null where it could not be
-    // made.
+    // made; where there is no memory for the text, the label stays as it was.
     // Fixed behaviour: the id is not passed on, so that a label's window id is 0. GetDlgItem would find a
     // label where it finds another control of that id today.
     HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwExStyle,
@@ -45,7 +45,7 @@ public:
     // the drawing context happens to have.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
-    // Copies the text (null counts as empty) and repaints. Returns 1.
+    // Copies the text (null counts as empty) and repaints. Returns 1; 0, with nothing done, without memory.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator.
     virtual int GetTextLength() const;
@@ -67,12 +67,14 @@ public:
     // cxMax and cyMax (pixels) are the rectangle and nothing is checked; with a GLC_ flag that direction is
     // free, and the result is E_FAIL where its limit is exceeded, a limit of 0 being none. bWrap breaks lines
     // hard at 48 columns first. *prc holds the measure in either case; E_FAIL also where the platform could
-    // not measure.
+    // not measure. Without memory for the text E_OUTOFMEMORY, and *prc is as it was.
     HRESULT CalcSizeText(RECT* prc, DWORD dwFlags, LPCWSTR pszText, UINT bWrap, UINT cxMax, UINT cyMax) const;
-    // Inserts CR LF so that no line is longer than 48 columns, at a space where there is one.
+    // Inserts CR LF so that no line is longer than 48 columns, at a space where there is one. Without memory
+    // `out` stays as it was.
     static void WrapText(OString<wchar_t>& out, const OString<wchar_t>& in);
 
-    // Takes the text from a dialog template's creation data; null gives the empty text.
+    // Takes the text from a dialog template's creation data; null, or no memory, gives the empty
+    // text.
     void Init(void* pCreateData);
     // Draws the label at the origin of a context.
     void Draw(HDC hdc);

@@ -1,9 +1,9 @@
 // Measuring a text for the host: CalcSizeText and the wrapping at 48 columns that it may be given.
 
-#include <gesso/containers/StringOf.h>
 #include <gesso/controls/GLabel.h>
 #include <gesso/framework/DrawScope.h>
 
+#include <new>
 #include <vector>
 
 namespace {
@@ -48,12 +48,9 @@ std::vector<UINT> FindBreaks(LPCWSTR psz)
     return breaks;
 }
 
-} // namespace
-
-void GLabel::WrapText(OString<wchar_t>& out, const OString<wchar_t>& in)
+// With its terminator.
+std::vector<wchar_t> Wrapped(LPCWSTR psz, UINT nLength)
 {
-    const LPCWSTR psz = in;
-    const UINT nLength = in.GetLength();
     std::vector<wchar_t> text;
     UINT nStart = 0;
     for (const UINT nBreak : FindBreaks(psz)) {
@@ -62,17 +59,32 @@ void GLabel::WrapText(OString<wchar_t>& out, const OString<wchar_t>& in)
         nStart = nBreak;
     }
     text.insert(text.end(), psz + nStart, psz + nLength + 1);
-    out = gesso::StringOf(text.data());
+    return text;
+}
+
+// False, with nothing done, without memory.
+bool TryWrapText(OString<wchar_t>& out, const OString<wchar_t>& in)
+{
+    try {
+        return out.Format(L"%s", Wrapped(in, in.GetLength()).data());
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+} // namespace
+
+void GLabel::WrapText(OString<wchar_t>& out, const OString<wchar_t>& in)
+{
+    TryWrapText(out, in);
 }
 
 HRESULT GLabel::CalcSizeText(RECT* prc, DWORD dwFlags, LPCWSTR pszText, UINT bWrap, UINT cxMax,
                              UINT cyMax) const
 {
-    OString<wchar_t> text = gesso::StringOf(pszText);
-    if (bWrap) {
-        OString<wchar_t> wrapped;
-        WrapText(wrapped, text);
-        text = static_cast<OString<wchar_t>&&>(wrapped);
+    OString<wchar_t> text;
+    if (!text.Format(L"%s", gesso::TextOrEmpty(pszText)) || (bWrap && !TryWrapText(text, text))) {
+        return E_OUTOFMEMORY;
     }
     RECT rc{0, 0, dwFlags & GLC_FREEWIDTH ? UNBOUNDED : static_cast<LONG>(cxMax),
             dwFlags & GLC_FREEHEIGHT ? UNBOUNDED : static_cast<LONG>(cyMax)};

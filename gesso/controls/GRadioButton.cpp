@@ -18,7 +18,9 @@ ATOM GRadioButton::IsolationAwareRegisterClassW()
 HWND GRadioButton::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText,
                           DWORD dwExStyle, DWORD dwStyle)
 {
-    m_pszText.Reset(gesso::CopyText(pszText));
+    if (!gesso::HoldText(m_pszText, pszText)) {
+        return nullptr;
+    }
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
 }

@@ -12,6 +12,7 @@ LPWSTR CopyCharacters(LPCWSTR psz, size_t nLength)
 {
     auto* pszCopy = static_cast<LPWSTR>(TryAllocate((nLength + 1) * sizeof(wchar_t)));
     if (!pszCopy) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
     }
     std::memcpy(pszCopy, psz, nLength * sizeof(wchar_t));
@@ -93,18 +94,28 @@ LPWSTR CopyText(LPCWSTR psz)
     return psz ? CopyCharacters(psz, wcslen(psz)) : CopyCharacters(L"", 0);
 }
 
-LPWSTR CopyTextOrNone(LPCWSTR psz)
+bool HoldText(ControlText& text, LPCWSTR psz)
 {
-    return psz ? CopyText(psz) : nullptr;
+    LPWSTR pszCopy = CopyText(psz);
+    if (pszCopy) {
+        text.Reset(pszCopy);
+    }
+    return pszCopy;
+}
+
+bool HoldTextOrNone(ControlText& text, LPCWSTR psz)
+{
+    if (!psz) {
+        text.Reset();
+    }
+    return !psz || HoldText(text, psz);
 }
 
 int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz)
 {
-    LPWSTR pszCopy = CopyText(psz);
-    if (!pszCopy) {
+    if (!HoldText(text, psz)) {
         return 0;
     }
-    text.Reset(pszCopy);
     wnd.Invalidate(0);
     return 1;
 }

@@ -34,17 +34,21 @@ private:
 };
 static_assert(sizeof(ControlText) == 2 * sizeof(void*), "what follows it in a control keeps its place");
 
-// A fresh heap copy of a text; of the empty text for a null pointer. Null without memory.
+// A fresh heap copy of a text; of the empty text for a null pointer. Without memory null, and the last error
+// is ERROR_NOT_ENOUGH_MEMORY.
 LPWSTR CopyText(LPCWSTR psz);
-// The same, but null for a null pointer.
-LPWSTR CopyTextOrNone(LPCWSTR psz);
+
+// Holds a copy of a text; of the empty text for a null pointer. False, with nothing done, without memory.
+[[nodiscard]] bool HoldText(ControlText& text, LPCWSTR psz);
+// The same, but holds none for a null pointer.
+[[nodiscard]] bool HoldTextOrNone(ControlText& text, LPCWSTR psz);
 
 // SetText of all controls: holds a copy of the text, and repaints. Returns 1; 0, with nothing done, without
 // memory.
 int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz);
 
 // A fresh heap copy of the text in a dialog template's creation data: a first word, which is skipped, and a
-// terminated text. Without creation data, the empty text.
+// terminated text. Without creation data, the empty text; null without memory.
 LPWSTR CopyCreationText(const void* pCreateData);
 
 inline LPCWSTR TextOrEmpty(LPCWSTR psz)

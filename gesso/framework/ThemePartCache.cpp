@@ -67,12 +67,11 @@ class Canvas
 public:
     explicit Canvas(SIZE size) : m_bitmap(MakeBitmap(size, &m_pPixels)), m_selection(m_context, m_bitmap) {}
 
+    bool HasBitmap() const { return m_bitmap; }
+
     // What the part makes of a background whose bytes are all the same; null where it cannot be drawn.
     const void* Draw(const Entry& entry, int nByte)
     {
-        if (!m_bitmap) {
-            return nullptr;
-        }
         std::memset(m_pPixels, nByte, entry.ByteCount());
         const RECT rc{0, 0, entry.size.cx, entry.size.cy};
         const HRESULT hr =
@@ -137,7 +136,8 @@ bool CheckEntries()
     return pixels == s_pixelsCached && pixels <= MOST_PIXELS;
 }
 
-// What a part makes of the darkest background and of the lightest is the same where it covers both.
+// What a part makes of the darkest background and of the lightest is the same where it covers both. Without
+// memory it is tried again the next time.
 State ReadPixels(Entry& entry)
 {
     int nKind = 0;
@@ -147,11 +147,15 @@ State ReadPixels(Entry& entry)
         return State::Uncacheable;
     }
     Canvas canvas(entry.size);
+    auto* pPixels = canvas.HasBitmap() ? static_cast<DWORD*>(TryAllocate(entry.ByteCount())) : nullptr;
+    if (!pPixels) {
+        return State::Seen;
+    }
     const void* pOnDark = canvas.Draw(entry, 0);
     if (!pOnDark) {
+        Free(pPixels);
         return State::Uncacheable;
     }
-    auto* pPixels = static_cast<DWORD*>(Allocate(entry.ByteCount()));
     std::memcpy(pPixels, pOnDark, entry.ByteCount());
     const void* pOnLight = canvas.Draw(entry, 0xFF);
     if (!pOnLight || std::memcmp(pPixels, pOnLight, entry.ByteCount()) != 0) {

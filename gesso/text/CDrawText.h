@@ -81,8 +81,8 @@ public:
     //   nLineHeight  from line to line. A text of one line is as tall as the font instead, upwards if
     //                nLineHeight is negative.
     //   pnLines      receives the number of lines; may be null.
-    // Returns a handle, or the invalid handle if the context has no font to measure with (prc and pnLines are
-    // then unchanged), and always with DT_CALCRECT, which only measures.
+    // Returns a handle, or the invalid handle if the context has no font to measure with or there is no
+    // memory (prc and pnLines are then unchanged), and always with DT_CALCRECT, which only measures.
     static void* DrawText_Prepare(HDC hdc, LPCWSTR pszText, int nChars, RECT* prc, UINT uFormat,
                                   int nLineHeight, UINT* pnLines);
     // The same, with null in the place of the invalid handle.
@@ -101,22 +101,24 @@ public:
     // DrawText_Break, painting, FreeBuffer.
 
     // Allocates arrays of the given capacities, 3 items at least, and zeroes nChars and nGlyphs. Neither
-    // former arrays nor a former cache are released.
+    // former arrays nor a former cache are released. Without memory the arrays have the least capacities.
     static void PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nChars, UINT nGlyphs);
     // Shrinks the arrays to their counts. pItems and pRuns lose their contents, so that the buffer can only
-    // be freed.
+    // be freed. Without memory the buffer is as it was.
     static void OptimizeBuffer(stcDrawTextBuffer* pBuffer);
     // Releases all that the buffer owns, but not the buffer.
     static void FreeBuffer(stcDrawTextBuffer* pBuffer);
 
     // Itemizes, shapes and measures nChars characters in the buffer's own arrays, which grow as needed.
-    // nChars and nGlyphs of the buffer go on from where they stand.
+    // nChars and nGlyphs of the buffer go on from where they stand. Without memory these stay, and there are
+    // no items.
     static void DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer* pBuffer);
     // The same in working space that the library keeps; the buffer, which need not be prepared, gets arrays
-    // that fit exactly in the place of its own.
+    // that fit exactly in the place of its own. Without memory the buffer keeps those that it has.
     static void DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nChars,
                                              stcDrawTextBuffer* pBuffer);
-    // Breaks a calculated text, given once more, into lines narrower than cxMax, a signed width.
+    // Breaks a calculated text, given once more, into lines narrower than cxMax, a signed width. Without
+    // memory the lines are as they were.
     static void DrawText_Break(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer* pBuffer);
 
     // Painting a buffer. (x, y) is the top left corner of the first glyph; items stand in logical order from

@@ -1,6 +1,8 @@
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
 
+#include <new>
+#include <utility>
 #include <vector>
 
 using namespace gesso;
@@ -185,20 +187,30 @@ void FindBreakAttributes(LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer
 
 } // namespace
 
-void CDrawText::DrawText_Break(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer* pBuffer)
-{
-    if (!IsBuffer(pBuffer)) {
-        return;
-    }
-    nChars = pszText ? std::min(nChars, UsableChars(*pBuffer)) : 0;
-    FindBreakAttributes(pszText, nChars, *pBuffer);
-    LineBreaker breaker(pszText, nChars, cxMax, *pBuffer);
+bool gesso::BreakText(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer& buffer)
+try {
+    nChars = pszText ? std::min(nChars, UsableChars(buffer)) : 0;
+    FindBreakAttributes(pszText, nChars, buffer);
+    LineBreaker breaker(pszText, nChars, cxMax, buffer);
     breaker.Run();
 
     const UINT nBreaks = static_cast<UINT>(breaker.Breaks().size());
-    FreeArray(pBuffer->pBreaks);
-    pBuffer->nBreaks = nBreaks;
-    pBuffer->pBreaks = AllocateArray<stcDrawTextBreak>(nBreaks + 1);
-    std::copy(breaker.Breaks().begin(), breaker.Breaks().end(), pBuffer->pBreaks);
-    pBuffer->pBreaks[nBreaks] = {pBuffer->nItems - 1, pBuffer->nGlyphs, breaker.LastWidth()};
+    auto* const pBreaks = AllocateArray<stcDrawTextBreak>(nBreaks + 1);
+    if (!pBreaks) {
+        return false;
+    }
+    std::copy(breaker.Breaks().begin(), breaker.Breaks().end(), pBreaks);
+    pBreaks[nBreaks] = {buffer.nItems - 1, buffer.nGlyphs, breaker.LastWidth()};
+    Free(std::exchange(buffer.pBreaks, pBreaks));
+    buffer.nBreaks = nBreaks;
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+void CDrawText::DrawText_Break(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer* pBuffer)
+{
+    if (IsBuffer(pBuffer)) {
+        static_cast<void>(BreakText(pszText, nChars, cxMax, *pBuffer));
+    }
 }

@@ -1,6 +1,8 @@
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
 
+#include <utility>
+
 using namespace gesso;
 
 // Fixed behaviour: programs read the records at these places, as their compiler laid them out.
@@ -16,6 +18,24 @@ namespace {
 // ScriptItemize takes no less room than two items and the end marker.
 constexpr UINT MIN_ITEMS = 3;
 
+// Of a buffer without any. False, with what there is of them, without memory for all.
+bool MakeArrays(stcDrawTextBuffer& buffer, UINT nItems, UINT nChars, UINT nGlyphs)
+{
+    buffer.nItemsAlloc = std::max(nItems, MIN_ITEMS);
+    buffer.pItems = AllocateArray<SCRIPT_ITEM>(buffer.nItemsAlloc);
+    buffer.pRuns = AllocateArray<stcDrawTextRun>(buffer.nItemsAlloc);
+    buffer.nCharsAlloc = nChars;
+    buffer.pLogClust = AllocateArray<WORD>(nChars);
+    buffer.pLogAttr = AllocateArray<SCRIPT_LOGATTR>(nChars);
+    buffer.nGlyphsAlloc = nGlyphs;
+    buffer.pGlyphs = AllocateArray<WORD>(nGlyphs);
+    buffer.pVisAttr = AllocateArray<SCRIPT_VISATTR>(nGlyphs);
+    buffer.pAdvance = AllocateArray<int>(nGlyphs);
+    buffer.pOffset = AllocateArray<GOFFSET>(nGlyphs);
+    return buffer.pItems && buffer.pRuns && buffer.pLogClust && buffer.pLogAttr && buffer.pGlyphs &&
+           buffer.pVisAttr && buffer.pAdvance && buffer.pOffset;
+}
+
 } // namespace
 
 void CDrawText::PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nChars, UINT nGlyphs)
@@ -25,19 +45,15 @@ void CDrawText::PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nCha
     }
     pBuffer->scriptCache = nullptr;
     pBuffer->fOneBlock = FALSE;
-    pBuffer->nItemsAlloc = std::max(nItems, MIN_ITEMS);
-    pBuffer->pItems = AllocateArray<SCRIPT_ITEM>(pBuffer->nItemsAlloc);
-    pBuffer->pRuns = AllocateArray<stcDrawTextRun>(pBuffer->nItemsAlloc);
     pBuffer->nChars = 0;
-    pBuffer->nCharsAlloc = nChars;
-    pBuffer->pLogClust = AllocateArray<WORD>(nChars);
-    pBuffer->pLogAttr = AllocateArray<SCRIPT_LOGATTR>(nChars);
     pBuffer->nGlyphs = 0;
-    pBuffer->nGlyphsAlloc = nGlyphs;
-    pBuffer->pGlyphs = AllocateArray<WORD>(nGlyphs);
-    pBuffer->pVisAttr = AllocateArray<SCRIPT_VISATTR>(nGlyphs);
-    pBuffer->pAdvance = AllocateArray<int>(nGlyphs);
-    pBuffer->pOffset = AllocateArray<GOFFSET>(nGlyphs);
+    if (MakeArrays(*pBuffer, nItems, nChars, nGlyphs)) {
+        return;
+    }
+    FreeCalculated(*pBuffer);
+    if (!MakeArrays(*pBuffer, 0, 0, 0)) {
+        OutOfMemory();
+    }
 }
 
 void CDrawText::OptimizeBuffer(stcDrawTextBuffer* pBuffer)
@@ -45,23 +61,19 @@ void CDrawText::OptimizeBuffer(stcDrawTextBuffer* pBuffer)
     if (!IsBuffer(pBuffer) || !pBuffer->pItems) {
         return;
     }
-    PartCalculated(*pBuffer);
     // The items and runs are not carried over, as they stand. Zeros in their place keep every operation that
     // meets the buffer afterwards inside the arrays.
-    pBuffer->nItemsAlloc = pBuffer->nItems;
-    FreeArray(pBuffer->pItems);
-    FreeArray(pBuffer->pRuns);
-    pBuffer->pItems = AllocateArray<SCRIPT_ITEM>(pBuffer->nItems);
-    pBuffer->pRuns = AllocateArray<stcDrawTextRun>(pBuffer->nItems);
-
-    pBuffer->nCharsAlloc = pBuffer->nChars;
-    ReplaceArray(pBuffer->pLogClust, pBuffer->pLogClust, pBuffer->nChars);
-    ReplaceArray(pBuffer->pLogAttr, pBuffer->pLogAttr, pBuffer->nChars);
-    pBuffer->nGlyphsAlloc = pBuffer->nGlyphs;
-    ReplaceArray(pBuffer->pGlyphs, pBuffer->pGlyphs, pBuffer->nGlyphs);
-    ReplaceArray(pBuffer->pVisAttr, pBuffer->pVisAttr, pBuffer->nGlyphs);
-    ReplaceArray(pBuffer->pAdvance, pBuffer->pAdvance, pBuffer->nGlyphs);
-    ReplaceArray(pBuffer->pOffset, pBuffer->pOffset, pBuffer->nGlyphs);
+    auto* pItems = AllocateArray<SCRIPT_ITEM>(pBuffer->nItems);
+    auto* pRuns = AllocateArray<stcDrawTextRun>(pBuffer->nItems);
+    if (pItems && pRuns && PartCalculated(*pBuffer)) {
+        std::swap(pBuffer->pItems, pItems);
+        std::swap(pBuffer->pRuns, pRuns);
+        pBuffer->nItemsAlloc = pBuffer->nItems;
+        pBuffer->nCharsAlloc = pBuffer->nChars;
+        pBuffer->nGlyphsAlloc = pBuffer->nGlyphs;
+    }
+    Free(pItems);
+    Free(pRuns);
 }
 
 void CDrawText::FreeBuffer(stcDrawTextBuffer* pBuffer)

@@ -34,31 +34,32 @@ UINT FirstRoom(UINT nRoom, int nRunChars)
         std::min<uint64_t>(nRoom, uint64_t{PER_CHAR} * static_cast<UINT>(nRunChars) + ANYWAY));
 }
 
-void GrowItems(stcDrawTextBuffer& buffer, UINT nStep)
+// Gives arrays that have one capacity another. False without memory: all have the former one, though some may
+// have more room.
+template <class... T> bool GrowArrays(UINT& nCapacity, UINT n, T*&... p)
 {
-    const UINT nFormer = buffer.nItemsAlloc;
-    buffer.nItemsAlloc += nStep;
-    GrowArray(buffer.pItems, nFormer, buffer.nItemsAlloc);
-    GrowArray(buffer.pRuns, nFormer, buffer.nItemsAlloc);
-}
-
-void GrowGlyphs(stcDrawTextBuffer& buffer, UINT nStep)
-{
-    const UINT nFormer = buffer.nGlyphsAlloc;
-    buffer.nGlyphsAlloc += nStep;
-    GrowArray(buffer.pGlyphs, nFormer, buffer.nGlyphsAlloc);
-    GrowArray(buffer.pVisAttr, nFormer, buffer.nGlyphsAlloc);
-    GrowArray(buffer.pAdvance, nFormer, buffer.nGlyphsAlloc);
-    GrowArray(buffer.pOffset, nFormer, buffer.nGlyphsAlloc);
-}
-
-void ReserveChars(stcDrawTextBuffer& buffer, UINT nChars)
-{
-    if (nChars > buffer.nCharsAlloc) {
-        GrowArray(buffer.pLogClust, buffer.nCharsAlloc, nChars);
-        GrowArray(buffer.pLogAttr, buffer.nCharsAlloc, nChars);
-        buffer.nCharsAlloc = nChars;
+    if (!(GrowArray(p, nCapacity, n) && ...)) {
+        return false;
     }
+    nCapacity = n;
+    return true;
+}
+
+bool GrowItems(stcDrawTextBuffer& buffer, UINT nStep)
+{
+    return GrowArrays(buffer.nItemsAlloc, buffer.nItemsAlloc + nStep, buffer.pItems, buffer.pRuns);
+}
+
+bool GrowGlyphs(stcDrawTextBuffer& buffer, UINT nStep)
+{
+    return GrowArrays(buffer.nGlyphsAlloc, buffer.nGlyphsAlloc + nStep, buffer.pGlyphs, buffer.pVisAttr,
+                      buffer.pAdvance, buffer.pOffset);
+}
+
+bool ReserveChars(stcDrawTextBuffer& buffer, UINT nChars)
+{
+    return nChars <= buffer.nCharsAlloc ||
+           GrowArrays(buffer.nCharsAlloc, nChars, buffer.pLogClust, buffer.pLogAttr);
 }
 
 // The scratch grows by the same steps as a buffer does, but by half of what it has where a long text needs
@@ -77,7 +78,8 @@ public:
     Scratch() : m_pArrays(Exchange(nullptr))
     {
         if (!m_pArrays) {
-            m_pArrays = AllocateArray<stcDrawTextBuffer>(1);
+            m_pArrays = static_cast<stcDrawTextBuffer*>(Allocate(sizeof(stcDrawTextBuffer)));
+            *m_pArrays = {};
             CDrawText::PrepareBuffer(m_pArrays, SCRATCH_ITEMS, SCRATCH_CHARS, SCRATCH_GLYPHS);
         }
         m_pArrays->nItems = 0;
@@ -125,16 +127,25 @@ public:
           m_cache(cache)
     {}
 
-    void Run()
+    // False without memory: there are no items then, and the other counts are as they were.
+    bool Run()
     {
+        const UINT nFormerChars = m_arrays.nChars;
+        const UINT nFormerGlyphs = m_arrays.nGlyphs;
         FreeCache(m_cache); // of another font, it may be
         Itemize();
         if (m_arrays.nItems != 0) {
-            ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
+            m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
         }
-        for (UINT n = 0; n < m_arrays.nItems; ++n) {
+        for (UINT n = 0; n < m_arrays.nItems && !m_fRefused; ++n) {
             AddItem(n);
         }
+        if (m_fRefused) {
+            m_arrays.nItems = 0;
+            m_arrays.nChars = nFormerChars;
+            m_arrays.nGlyphs = nFormerGlyphs;
+        }
+        return !m_fRefused;
     }
 
 private:
@@ -149,8 +160,13 @@ private:
     {
         return m_growth == Growth::BY_NEED ? ScratchStep(nRoom, m_nChars, nLeast) : nLeast;
     }
-    void MakeItemRoom() { GrowItems(m_arrays, Step(m_arrays.nItemsAlloc, ITEM_STEP)); }
-    void MakeGlyphRoom() { GrowGlyphs(m_arrays, Step(m_arrays.nGlyphsAlloc, GLYPH_STEP)); }
+    bool MakeItemRoom() { return Made(GrowItems(m_arrays, Step(m_arrays.nItemsAlloc, ITEM_STEP))); }
+    bool MakeGlyphRoom() { return Made(GrowGlyphs(m_arrays, Step(m_arrays.nGlyphsAlloc, GLYPH_STEP))); }
+    bool Made(bool fMade)
+    {
+        m_fRefused = m_fRefused || !fMade;
+        return fMade;
+    }
 
     HDC m_hdc;
     LPCWSTR m_pszText;
@@ -158,6 +174,7 @@ private:
     stcDrawTextBuffer& m_arrays;
     Growth m_growth;
     SCRIPT_CACHE& m_cache;
+    bool m_fRefused = false; // there was no memory
 };
 
 void Calculation::Itemize()
@@ -170,10 +187,9 @@ void Calculation::Itemize()
         // One entry is kept back for the end marker, which is not counted.
         hr = ScriptItemize(m_pszText, static_cast<int>(m_nChars), static_cast<int>(m_arrays.nItemsAlloc) - 1,
                            nullptr, nullptr, m_arrays.pItems, &nItems);
-        if (hr != E_OUTOFMEMORY || m_arrays.nItemsAlloc > nLimit) {
+        if (hr != E_OUTOFMEMORY || m_arrays.nItemsAlloc > nLimit || !MakeItemRoom()) {
             break;
         }
-        MakeItemRoom();
     }
     m_arrays.nItems = FAILED(hr) ? 0 : std::min(static_cast<UINT>(nItems), m_arrays.nItemsAlloc - 1);
 }
@@ -217,8 +233,9 @@ HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
     const uint64_t nLimit = AmpleRoom(m_arrays.nGlyphsAlloc, m_nChars);
     WORD* const pLogClust = m_arrays.pLogClust + m_arrays.nChars;
     std::fill_n(pLogClust, run.nChars, WORD());
-    if (m_growth == Growth::BY_NEED && m_arrays.nGlyphsAlloc == nGlyphs) {
-        MakeGlyphRoom(); // a buffer's own arrays offer no room at all here, and grow when that is refused
+    // A buffer's own arrays offer no room at all here, and grow when that is refused.
+    if (m_growth == Growth::BY_NEED && m_arrays.nGlyphsAlloc == nGlyphs && !MakeGlyphRoom()) {
+        return E_OUTOFMEMORY;
     }
     UINT nRoom = FirstRoom(m_arrays.nGlyphsAlloc - nGlyphs, run.nChars);
     for (;;) {
@@ -229,8 +246,8 @@ HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
         if (hr != E_OUTOFMEMORY || m_arrays.nGlyphsAlloc > nLimit) {
             return hr;
         }
-        if (nRoom == m_arrays.nGlyphsAlloc - nGlyphs) {
-            MakeGlyphRoom();
+        if (nRoom == m_arrays.nGlyphsAlloc - nGlyphs && !MakeGlyphRoom()) {
+            return hr;
         }
         nRoom = m_arrays.nGlyphsAlloc - nGlyphs;
     }
@@ -256,13 +273,17 @@ void Calculation::ClearPlaces(stcDrawTextRun& run)
     run.abc = {};
 }
 
-// Gives the buffer exact copies of what the scratch holds. The end marker of the items is not kept.
-void Publish(const stcDrawTextBuffer& scratch, stcDrawTextBuffer& buffer)
+// Gives the buffer exact copies of what the scratch holds. The end marker of the items is not kept. False,
+// with nothing done, without memory.
+bool Publish(const stcDrawTextBuffer& scratch, stcDrawTextBuffer& buffer)
 {
-    CopyCalculated(buffer, scratch);
+    if (!CopyCalculated(buffer, scratch)) {
+        return false;
+    }
     buffer.nItems = buffer.nItemsAlloc = scratch.nItems;
     buffer.nChars = buffer.nCharsAlloc = scratch.nChars;
     buffer.nGlyphs = buffer.nGlyphsAlloc = scratch.nGlyphs;
+    return true;
 }
 
 } // namespace
@@ -276,17 +297,28 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
         Misuse("CDrawText::DrawText_Calculate: PrepareBuffer comes first");
         PrepareBuffer(pBuffer, 0, 0, 0);
     }
-    PartCalculated(*pBuffer);
+    if (pBuffer->fOneBlock && !PartCalculated(*pBuffer)) {
+        pBuffer->nItems = 0;
+        return;
+    }
     Calculation(hdc, pszText, nChars, *pBuffer, Growth::BY_STEPS, pBuffer->scriptCache).Run();
+}
+
+bool gesso::CalculateExactly(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer)
+{
+    const Scratch scratch;
+    Calculation calculation(hdc, pszText, nChars, scratch.Arrays(), Growth::BY_NEED, buffer.scriptCache);
+    const bool fDone = calculation.Run() && Publish(scratch.Arrays(), buffer);
+    if (!fDone) {
+        FreeCache(buffer.scriptCache); // what the buffer still holds may be of another font
+    }
+    return fDone;
 }
 
 void CDrawText::DrawText_Calculate_Optimized(HDC hdc, LPCWSTR pszText, UINT nChars,
                                              stcDrawTextBuffer* pBuffer)
 {
-    if (!IsBuffer(pBuffer)) {
-        return;
+    if (IsBuffer(pBuffer)) {
+        static_cast<void>(CalculateExactly(hdc, pszText, nChars, *pBuffer));
     }
-    const Scratch scratch;
-    Calculation(hdc, pszText, nChars, scratch.Arrays(), Growth::BY_NEED, pBuffer->scriptCache).Run();
-    Publish(scratch.Arrays(), *pBuffer);
 }

@@ -63,27 +63,44 @@ int TextHeight(const stcDrawTextBuffer& buffer)
 }
 
 // The whole text as one line: a CR LF stays on it, and pLogAttr stays unfilled.
-void MakeSingleLine(stcDrawTextBuffer& buffer, RECT* prc)
+bool MakeSingleLine(stcDrawTextBuffer& buffer, RECT* prc)
 {
     const int cx = TotalWidth(buffer);
     buffer.nBreaks = 0;
     buffer.pBreaks = AllocateArray<stcDrawTextBreak>(1);
+    if (!buffer.pBreaks) {
+        return false;
+    }
     buffer.pBreaks[0] = {buffer.nItems - 1, buffer.nGlyphs, static_cast<UINT>(cx)};
     buffer.rcText.right = WrapAdd(buffer.rcText.left, cx);
     buffer.rcText.bottom = WrapAdd(buffer.rcText.top, TextHeight(buffer));
     if (prc) {
         prc->right = buffer.rcText.right;
     }
+    return true;
 }
 
-void MakeLines(stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
+bool MakeLines(stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
 {
     const int cxMax = WrapSubtract(buffer.rcText.right, buffer.rcText.left);
-    CDrawText::DrawText_Break(pszText, nChars, static_cast<UINT>(cxMax), &buffer);
+    if (!BreakText(pszText, nChars, static_cast<UINT>(cxMax), buffer)) {
+        return false;
+    }
     buffer.rcText.bottom = WrapAdd(buffer.rcText.top, TextHeight(buffer));
     if (prc) {
         prc->bottom = buffer.rcText.bottom;
     }
+    return true;
+}
+
+// False without memory, and *prc is then as it was.
+bool MakeText(HDC hdc, stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
+{
+    if (!CalculateExactly(hdc, pszText, nChars, buffer)) {
+        return false;
+    }
+    return buffer.uFormat & DT_SINGLELINE ? MakeSingleLine(buffer, prc)
+                                          : MakeLines(buffer, pszText, nChars, prc);
 }
 
 } // namespace
@@ -109,12 +126,8 @@ stcDrawTextBuffer* CDrawText::DrawText_Prepare_Int(HDC hdc, LPCWSTR pszText, int
     buffer->uFormat = uFormat;
     buffer->nLineHeight = nLineHeight;
 
-    const UINT nLength = CountChars(pszText, nChars);
-    DrawText_Calculate_Optimized(hdc, pszText, nLength, buffer.get());
-    if (uFormat & DT_SINGLELINE) {
-        MakeSingleLine(*buffer, prc);
-    } else {
-        MakeLines(*buffer, pszText, nLength, prc);
+    if (!MakeText(hdc, *buffer, pszText, CountChars(pszText, nChars), prc)) {
+        return nullptr;
     }
     if (pnLines) {
         *pnLines = buffer->nBreaks + 1;

@@ -38,20 +38,25 @@ int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
     return cx;
 }
 
-void CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from)
+bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from)
 {
-    FreeCalculated(buffer);
     if (from.nItems == 0) {
-        return;
+        FreeCalculated(buffer);
+        return true;
     }
     size_t cb = 0;
     VisitCalculated(buffer, from, [&cb](auto*&, const auto* pFrom, UINT n) { cb += n * sizeof(*pFrom); });
-    auto* pNext = static_cast<std::byte*>(Allocate(cb));
+    auto* pNext = static_cast<std::byte*>(TryAllocate(cb));
+    if (!pNext) {
+        return false;
+    }
+    FreeCalculated(buffer);
     VisitCalculated(buffer, from, [&pNext]<class T>(T*& p, const T* pFrom, UINT n) {
         p = n != 0 ? static_cast<T*>(std::memcpy(pNext, pFrom, n * sizeof(T))) : nullptr;
         pNext += n * sizeof(T);
     });
     buffer.fOneBlock = TRUE;
+    return true;
 }
 
 void FreeCalculated(stcDrawTextBuffer& buffer)
@@ -68,15 +73,25 @@ void FreeCalculated(stcDrawTextBuffer& buffer)
     buffer.fOneBlock = FALSE;
 }
 
-void PartCalculated(stcDrawTextBuffer& buffer)
+bool PartCalculated(stcDrawTextBuffer& buffer)
 {
-    if (buffer.fOneBlock) {
-        void* const pBlock = buffer.pItems;
-        VisitCalculated(buffer, buffer,
-                        []<class T>(T*& p, const T* pFrom, UINT n) { p = CopyArray(pFrom, n); });
-        buffer.fOneBlock = FALSE;
-        Free(pBlock);
+    stcDrawTextBuffer parts{};
+    bool fAll = true;
+    VisitCalculated(parts, buffer, [&fAll]<class T>(T*& p, const T* pFrom, UINT n) {
+        const bool fAny = pFrom && n != 0;
+        p = fAny ? static_cast<T*>(TryAllocate(n * sizeof(T))) : nullptr;
+        fAll = fAll && (p || !fAny);
+        if (p) {
+            std::memcpy(p, pFrom, n * sizeof(T));
+        }
+    });
+    if (!fAll) {
+        FreeCalculated(parts);
+        return false;
     }
+    FreeCalculated(buffer);
+    VisitCalculated(buffer, parts, []<class T>(T*& p, T* pPart, UINT) { p = pPart; });
+    return true;
 }
 
 void FreeCache(SCRIPT_CACHE& cache)

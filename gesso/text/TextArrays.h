@@ -70,11 +70,13 @@ int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd);
 
 void FreeCache(SCRIPT_CACHE& cache);
 
-// A block of n zeros. There is a block for none too: the platform refuses null arrays, however short.
+// A block of n zeros; null without memory. There is a block for none too: the platform refuses null arrays,
+// however short.
 template <class T> T* AllocateArray(UINT n)
 {
     const size_t cb = std::max(n, 1U) * sizeof(T);
-    return static_cast<T*>(std::memset(Allocate(cb), 0, cb));
+    void* const p = TryAllocate(cb);
+    return p ? static_cast<T*>(std::memset(p, 0, cb)) : nullptr;
 }
 
 template <class T> void FreeArray(T*& p)
@@ -83,34 +85,33 @@ template <class T> void FreeArray(T*& p)
     p = nullptr;
 }
 
-// A block with a copy of n elements; null for none.
-template <class T> T* CopyArray(const T* pFrom, UINT n)
+// Gives an array of nFormer elements room for n, the new ones being zero. False, with the array as it was,
+// without memory.
+template <class T> [[nodiscard]] bool GrowArray(T*& p, UINT nFormer, UINT n)
 {
-    return n != 0 ? static_cast<T*>(std::memcpy(Allocate(n * sizeof(T)), pFrom, n * sizeof(T))) : nullptr;
-}
-
-// Replaces an array with one of exactly n elements, copied from another.
-template <class T> void ReplaceArray(T*& p, const T* pFrom, UINT n)
-{
-    T* const pFormer = p;
-    p = CopyArray(pFrom, n);
-    Free(pFormer);
-}
-
-// Gives an array of nFormer elements room for n, the new ones being zero.
-template <class T> void GrowArray(T*& p, UINT nFormer, UINT n)
-{
-    p = static_cast<T*>(Reallocate(p, n * sizeof(T)));
+    void* const pGrown = TryReallocate(p, n * sizeof(T));
+    if (!pGrown) {
+        return false;
+    }
+    p = static_cast<T*>(pGrown);
     std::memset(p + nFormer, 0, (n - nFormer) * sizeof(T));
+    return true;
 }
 
 // What a calculation fills has one block in a prepared text, which pItems begins: of the time that a list
 // takes to prepare its texts, a block an array took almost a quarter.
+//
+// What is false without memory has then done nothing.
 
 // Replaces the arrays with exact copies of those of another buffer, in one block.
-void CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from);
+[[nodiscard]] bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from);
 void FreeCalculated(stcDrawTextBuffer& buffer);
-// Gives each array a block of its own, before any of them grows or shrinks.
-void PartCalculated(stcDrawTextBuffer& buffer);
+// Gives each array an exact block of its own.
+[[nodiscard]] bool PartCalculated(stcDrawTextBuffer& buffer);
+
+// The operations of CDrawText by these names. False without memory, and then the buffer is as their header
+// says.
+[[nodiscard]] bool CalculateExactly(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer);
+[[nodiscard]] bool BreakText(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer& buffer);
 
 } // namespace gesso

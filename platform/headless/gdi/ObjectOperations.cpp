@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <array>
+#include <new>
 
 using namespace gesso::headless;
 
@@ -217,7 +218,12 @@ HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, void** bits, 
     auto bitmap = std::make_unique<Bitmap>(header.biWidth, abs(header.biHeight), header.biBitCount);
     constexpr int ALIGNMENT = 32;
     const int stride = (bitmap->width * bitmap->bits + ALIGNMENT - 1) / ALIGNMENT * 4;
-    bitmap->pixels.resize(static_cast<size_t>(stride) * static_cast<size_t>(bitmap->height));
+    try {
+        bitmap->pixels.resize(static_cast<size_t>(stride) * static_cast<size_t>(bitmap->height));
+    } catch (const std::bad_alloc&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return nullptr;
+    }
     if (bits) {
         *bits = bitmap->pixels.data();
     }

@@ -1,6 +1,7 @@
 // The cache of theme parts: which parts it takes, and that each is copied in its own place.
 
 #include "../controls/DrawFixture.h"
+#include "../memory/MemoryLimit.h"
 
 #include <gesso/framework/ThemeHandle.h>
 #include <gesso/framework/ThemePart.h>
@@ -62,12 +63,23 @@ TEST_F(ThemePartCacheTest, WhatShowsThroughOrIsNoImageOrCannotBeReadIsDrawn)
 {
     desk::SetThemeInt("HEADER", HEADER_PART, 2, TMT_TRANSPARENT, TRUE);
     desk::SetThemeInt("HEADER", HEADER_PART, 3, TMT_BGTYPE, BT_BORDERFILL);
-    desk::Fail("CreateDIBSection");
+    desk::Fail("CreateDIBSection", 3);
     for (int n = 0; n < 3; n++) {
         EXPECT_EQ(Draw(), DRAWN);
         EXPECT_EQ(Draw(2), "DrawThemeBackground HEADER 1 2 (10,5,60,25)");
         EXPECT_EQ(Draw(3), "DrawThemeBackground HEADER 1 3 (10,5,60,25)");
     }
+}
+
+TEST_F(ThemePartCacheTest, WhatIsTooLargeForTheMemoryIsDrawnUntilThereIsSome)
+{
+    const RECT rc{0, 0, 200, 100};
+    for (int n = 0; n < 3; n++) {
+        const MemoryLimit limit;
+        EXPECT_EQ(Draw(1, rc), "DrawThemeBackground HEADER 1 1 (0,0,200,100)");
+    }
+    Draw(1, rc);
+    EXPECT_EQ(Draw(1, rc), "SetDIBitsToDevice (0,0,200,100) 0x0101");
 }
 
 TEST_F(ThemePartCacheTest, CopyThatFailsIsDrawn)
