@@ -3,8 +3,10 @@
 
     scripts/check-platform.py [--write]
 
-Each operation is called by somebody: the library, a test, an example or the simulation itself. The table is in order; each operation in it asks whether it is to fail; docs/headless.md prints it (--write puts
-it there); and whatever of the platform the library calls is in it, or among those below that cannot fail.
+Each operation is called by somebody: the library, a test, an example or the simulation itself. The table is in
+order; each operation in it asks, in its own body and by its own name, whether it is to fail; docs/headless.md
+prints it (--write puts it there); and whatever of the platform the library calls, methods of interfaces too, is
+in it, or among those below that cannot fail.
 Prints what does not hold, a line each, and fails if anything does not.
 """
 import pathlib
@@ -32,8 +34,13 @@ CANNOT_FAIL = {
 }
 
 OPERATION = re.compile(r"^[A-Za-z_][\w \*]*?\bWINAPI\s+(\w+)\(", re.M)
-ROW = re.compile(r'\{"(\w+)", "([^"]+)"(, true)?\}')
-ASKED = re.compile(r'(?:FaultFires|Answer|CheckDrawing|RecordFill)\([^;{]*?"(\w+)"')
+# The classes of the simulation that are an interface of the platform.
+INTERFACES = {"List": "IImageList"}
+METHOD = re.compile(r"^HRESULT (" + "|".join(INTERFACES) + r")::(\w+)\(", re.M)
+BODY = re.compile(r"^(?:extern \"C\" )?[A-Za-z_][^\n;{}]*?\b(?:WINAPI\s+|(?P<owner>\w+)::)(?P<name>\w+)"
+                  r"\([^;{}]*?\)[^;{}]*?\n\{\n(?P<code>.*?)^\}", re.M | re.S)
+ROW = re.compile(r'\{"([\w:]+)", "([^"]+)"(, true)?\}')
+ASKED = re.compile(r'(?:FaultFires|Answer|CheckDrawing|RecordFill)\([^;{]*?"([\w:]+)"')
 
 
 def words_below(folder):
@@ -44,6 +51,20 @@ def words_below(folder):
             code = re.sub(r'//[^\n]*|"(?:[^"\\\n]|\\.)*"', "", path.read_text(encoding="utf-8"))
             found.update(re.findall(r"\b[A-Za-z_]\w+\b", code))
     return found
+
+
+def operation_name(owner, name):
+    return f"{INTERFACES.get(owner, owner)}::{name}" if owner else name
+
+
+def methods_called(sources):
+    """The methods of interfaces that a source of the library calls where it names the interface."""
+    methods = {operation_name(*found) for found in METHOD.findall(sources)}
+    for path in (ROOT / "gesso").rglob("*.cpp"):
+        code = path.read_text(encoding="utf-8")
+        for interface in INTERFACES.values():
+            if interface in code:
+                yield from methods & {f"{interface}::{name}" for name in re.findall(r"->(\w+)\(", code)}
 
 
 def printed(rows):
@@ -69,8 +90,13 @@ def table_complaints(rows, sources):
     names = [name for name, _, _ in rows]
     if names != sorted(set(names)):
         yield "the table is not in alphabetic order"
-    asked = set(ASKED.findall(sources))
-    yield from (f"{name} is in the table and never asks whether it is to fail" for name in names if name not in asked)
+    asked = Counter((operation_name(body["owner"], body["name"]), name)
+                    for body in BODY.finditer(sources) for name in ASKED.findall(body["code"]))
+    yield from (f"{name} is in the table and never asks in its own body whether it is to fail"
+                for name in names if not asked[name, name])
+    yield from (f"{operation} asks whether {name} is to fail" for operation, name in asked if operation != name)
+    beside = Counter(ASKED.findall(sources)) - Counter(name for _, name in asked.elements())
+    yield from (f"a helper asks whether {name} is to fail" for name in beside)
 
 
 def idle_complaints(sources):
@@ -85,7 +111,7 @@ def library_complaints(rows, sources):
     known = {name for name, _, _ in rows}
     safe = {name for names in CANNOT_FAIL.values() for name in names.split()}
     yield from (f"{name} cannot fail, and is in the table" for name in sorted(known & safe))
-    called = set(OPERATION.findall(sources)) & set(words_below("gesso"))
+    called = set(OPERATION.findall(sources)) & set(words_below("gesso")) | set(methods_called(sources))
     yield from (f"{name} is called by the library and never fails" for name in sorted(called - known - safe))
     yield from (f"{name} is not called by the library: drop it here" for name in sorted(safe - called))
 

@@ -78,7 +78,13 @@ bool GComboBox::RunList()
     bool fAlive = Frame::IsAlive(hwnd, this);
     while (fAlive && IsDropped()) {
         MSG msg{};
-        if (GetMessageW(&msg, nullptr, 0, 0) <= 0) {
+        const BOOL nGot = GetMessageW(&msg, nullptr, 0, 0);
+        if (nGot < 0) {
+            ChangeExpansion(false); // no message would ever close it
+            fAlive = Frame::IsAlive(hwnd, this);
+            continue;
+        }
+        if (nGot == 0) {
             // All is left as it is: capture, pressed state and list. The loop around this one is to end too.
             PostQuitMessage(static_cast<int>(msg.wParam));
             return false;

@@ -101,8 +101,17 @@ void GComboBoxList::Close()
     const HWND hwndOwner = m_hwndOwner;
     const GComboBox* pOwner = m_pOwner;
     DestroyWindow(m_hWnd);
-    if (Frame::IsAlive(hwndOwner, pOwner)) {
-        m_hWnd = nullptr;
+    if (!Frame::IsAlive(hwndOwner, pOwner)) {
+        return;
+    }
+    const HWND hwnd = m_hWnd;
+    const bool fRemains = IsOpen();
+    if (fRemains) {
+        Frame::Abandon(*this);
+    }
+    m_hWnd = nullptr;
+    if (fRemains) {
+        ShowWindow(hwnd, SW_HIDE); // until it goes with its owner
     }
 }
 

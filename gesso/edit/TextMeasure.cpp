@@ -67,8 +67,11 @@ UINT TextMeasure::CountFitting(LPCWSTR psz, UINT nCount, int nLimit) const
         const UINT nTried = std::min(nChunk, nCount);
         int nFitting = 0;
         SIZE size{};
-        GetTextExtentExPointW(m_hdc, Shown(psz, nTried), static_cast<int>(nTried), nLimit, &nFitting, nullptr,
-                              &size);
+        if (!GetTextExtentExPointW(m_hdc, Shown(psz, nTried), static_cast<int>(nTried), nLimit, &nFitting,
+                                   nullptr, &size))
+        {
+            return nCount; // none would be pushed from line to line without an end
+        }
         if (static_cast<UINT>(nFitting) < nTried || nTried == nCount) {
             return static_cast<UINT>(nFitting);
         }

@@ -18,6 +18,9 @@ void MarkDetached(HWND hwnd)
     const LONG nWord = GetWindowLongW(hwnd, Frame::OWNER_WORD);
     if (!(nWord & DETACHED)) {
         SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord | DETACHED);
+        if (!(GetWindowLongW(hwnd, Frame::OWNER_WORD) & DETACHED)) {
+            SetWindowLongPtrW(hwnd, Frame::OBJECT_WORD, 0); // rather than be followed once the object is gone
+        }
         OffscreenSurface::RemoveUser();
     }
 }

@@ -86,6 +86,12 @@ bool FaultFires(Operation operation)
     return true;
 }
 
+HRESULT FaultResult()
+{
+    const DWORD error = GetLastError();
+    return error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error);
+}
+
 CallsBy::CallsBy(Caller caller) : m_former(std::exchange(s_caller, caller)) {}
 
 CallsBy::~CallsBy()

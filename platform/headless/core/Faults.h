@@ -39,6 +39,10 @@ private:
 // failure value without doing anything.
 bool FaultFires(Operation operation);
 
+// What an operation that answers by HRESULT returns where its fault has fired. A fault without an error fails
+// all the same.
+HRESULT FaultResult();
+
 // Whose code runs. Only the program's calls fail: what the platform asks of itself on the way goes through.
 enum class Caller
 {

@@ -207,6 +207,10 @@ int DrawEmpty(LPRECT rect, UINT format, int lineHeight)
 
 int DrawLines(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format, LPDRAWTEXTPARAMS params)
 {
+    const bool valid = text && rect && (!params || params->cbSize == sizeof(DRAWTEXTPARAMS));
+    if (!valid || !FindContext(hdc)) {
+        return 0;
+    }
     const FontMetrics font = MeasureSelectedFont(hdc);
     const size_t length = count < 0 ? wcslen(text) : static_cast<size_t>(count);
     if (length == 0) {
@@ -233,15 +237,14 @@ int DrawLines(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format, LPDRAW
 
 INT WINAPI DrawTextExW(HDC hdc, LPWSTR text, INT count, LPRECT rect, UINT format, LPDRAWTEXTPARAMS params)
 {
-    const bool valid = text && rect && (!params || params->cbSize == sizeof(DRAWTEXTPARAMS));
-    if (!valid || FaultFires("DrawTextW") || !FindContext(hdc)) {
-        return 0;
-    }
     return DrawLines(hdc, text, count, rect, format, params);
 }
 
 INT WINAPI DrawTextW(HDC hdc, LPCWSTR text, INT count, LPRECT rect, UINT format)
 {
+    if (FaultFires("DrawTextW")) {
+        return 0;
+    }
     // With DT_TABSTOP the second byte is the distance of the stops, and no flags.
     constexpr UINT STOP_MASK = 0xFF00;
     DRAWTEXTPARAMS params{};
@@ -250,6 +253,5 @@ INT WINAPI DrawTextW(HDC hdc, LPCWSTR text, INT count, LPRECT rect, UINT format)
         params.iTabLength = static_cast<int>((format & STOP_MASK) >> 8);
         format &= ~STOP_MASK;
     }
-    // Only DT_MODIFYSTRING writes to the text, and nothing is shortened here.
-    return DrawTextExW(hdc, const_cast<LPWSTR>(text), count, rect, format, &params);
+    return DrawLines(hdc, text, count, rect, format, &params);
 }

@@ -144,8 +144,11 @@ HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, INT cx, INT 
 
 HRESULT WINAPI LoadIconWithScaleDown(HINSTANCE module, const WCHAR* name, int cx, int cy, HICON* icon)
 {
-    *icon =
-        FaultFires("LoadIconWithScaleDown") ? nullptr : LoadOwnIcon(module, name, GROUP_ICON_TYPE, cx, cy);
+    *icon = nullptr;
+    if (FaultFires("LoadIconWithScaleDown")) {
+        return FaultResult();
+    }
+    *icon = LoadOwnIcon(module, name, GROUP_ICON_TYPE, cx, cy);
     return *icon ? S_OK : HRESULT_FROM_WIN32(GetLastError());
 }
 

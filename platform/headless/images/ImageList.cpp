@@ -140,6 +140,9 @@ HRESULT List::Remove(int index)
 
 HRESULT List::Draw(IMAGELISTDRAWPARAMS* params)
 {
+    if (FaultFires("IImageList::Draw")) {
+        return FaultResult();
+    }
     const bool known =
         params->cbSize == sizeof(IMAGELISTDRAWPARAMS) || params->cbSize == IMAGELISTDRAWPARAMS_V3_SIZE;
     if (!known || !Has(params->i) || !FindContext(params->hdcDst)) {
@@ -166,12 +169,15 @@ HRESULT List::GetImageRect(int index, RECT* rect)
     if (!Has(index)) {
         return E_INVALIDARG;
     }
-    *rect = {index * m_cx, 0, (index + 1) * m_cx, m_cy};
+    *rect = Spanned(Saturated(int64_t{index} * m_cx), 0, m_cx, m_cy);
     return S_OK;
 }
 
 HRESULT List::GetIconSize(int* cx, int* cy)
 {
+    if (FaultFires("IImageList::GetIconSize")) {
+        return FaultResult();
+    }
     *cx = m_cx;
     *cy = m_cy;
     return S_OK;
@@ -179,6 +185,9 @@ HRESULT List::GetIconSize(int* cx, int* cy)
 
 HRESULT List::SetIconSize(int cx, int cy)
 {
+    if (cx <= 0 || cy <= 0) {
+        return E_INVALIDARG;
+    }
     m_cx = cx;
     m_cy = cy;
     m_count = 0;
@@ -187,12 +196,19 @@ HRESULT List::SetIconSize(int cx, int cy)
 
 HRESULT List::GetImageCount(int* count)
 {
+    if (FaultFires("IImageList::GetImageCount")) {
+        return FaultResult();
+    }
     *count = m_count;
     return S_OK;
 }
 
 HRESULT List::SetImageCount(UINT count)
 {
+    constexpr UINT MOST = 0xFFFF;
+    if (count > MOST) {
+        return E_OUTOFMEMORY;
+    }
     m_count = static_cast<int>(count);
     return S_OK;
 }
@@ -251,6 +267,7 @@ INT WINAPI ImageList_Add(HIMAGELIST handle, HBITMAP image, HBITMAP mask)
 
 INT WINAPI ImageList_GetImageCount(HIMAGELIST handle)
 {
+    const CallsBy platform(Caller::Platform);
     IImageList* list = ListOf(handle);
     int count = 0;
     return list && SUCCEEDED(list->GetImageCount(&count)) ? count : 0;
@@ -258,6 +275,7 @@ INT WINAPI ImageList_GetImageCount(HIMAGELIST handle)
 
 BOOL WINAPI ImageList_DrawIndirect(IMAGELISTDRAWPARAMS* params)
 {
+    const CallsBy platform(Caller::Platform);
     IImageList* list = ListOf(params->himl);
     return list && SUCCEEDED(list->Draw(params));
 }

@@ -75,18 +75,13 @@ SCRIPT_ITEM ItemAt(int position, Script script)
     return item;
 }
 
-HRESULT Failure()
-{
-    return HRESULT_FROM_WIN32(GetLastError());
-}
-
 } // namespace
 
 HRESULT WINAPI ScriptItemize(const WCHAR* text, int length, int maxItems, const SCRIPT_CONTROL*,
                              const SCRIPT_STATE*, SCRIPT_ITEM* items, int* count)
 {
     if (FaultFires("ScriptItemize")) {
-        return Failure();
+        return FaultResult();
     }
     if (!text || length <= 0 || !items || !count || maxItems < 2) {
         return E_INVALIDARG;
@@ -117,7 +112,7 @@ HRESULT WINAPI ScriptShape(HDC hdc, SCRIPT_CACHE* cache, const WCHAR* text, int 
     }
     *count = length; // set before any glyph is written, and left so where the call fails
     if (FaultFires("ScriptShape")) {
-        return Failure();
+        return FaultResult();
     }
     if (length > maxGlyphs) {
         return E_OUTOFMEMORY;
@@ -146,7 +141,7 @@ HRESULT WINAPI ScriptPlace(HDC hdc, SCRIPT_CACHE* cache, const WORD*, int count,
                            GOFFSET* offsets, ABC* abc)
 {
     if (FaultFires("ScriptPlace")) {
-        return Failure();
+        return FaultResult();
     }
     if (!cache || !attributes || !offsets || count < 0) {
         return E_INVALIDARG;
@@ -167,7 +162,7 @@ HRESULT WINAPI ScriptBreak(const WCHAR* text, int length, const SCRIPT_ANALYSIS*
                            SCRIPT_LOGATTR* attributes)
 {
     if (FaultFires("ScriptBreak")) {
-        return Failure();
+        return FaultResult();
     }
     if (!text || length < 0 || !analysis || !attributes) {
         return E_INVALIDARG;
@@ -188,7 +183,7 @@ HRESULT WINAPI ScriptTextOut(HDC hdc, SCRIPT_CACHE* cache, int x, int y, UINT op
                              int count, const int* advances, const int* justified, const GOFFSET* offsets)
 {
     if (FaultFires("ScriptTextOut")) {
-        return Failure();
+        return FaultResult();
     }
     if (!FindContext(hdc) || !cache || !analysis || !glyphs || !advances || !offsets || count < 0) {
         return E_INVALIDARG;
@@ -221,7 +216,7 @@ HRESULT WINAPI ScriptTextOut(HDC hdc, SCRIPT_CACHE* cache, int x, int y, UINT op
 HRESULT WINAPI ScriptFreeCache(SCRIPT_CACHE* cache)
 {
     if (FaultFires("ScriptFreeCache")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     if (!cache) {
         return E_INVALIDARG;

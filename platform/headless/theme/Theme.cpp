@@ -80,7 +80,7 @@ template <typename ANSWER, typename QUERY>
 HRESULT Answer(HTHEME theme, Operation operation, ANSWER* to, QUERY query)
 {
     if (FaultFires(operation)) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     const std::string* themeClass = ClassOf(theme);
     if (!themeClass) {
@@ -100,7 +100,7 @@ HRESULT Answer(HTHEME theme, Operation operation, ANSWER* to, QUERY query)
 HRESULT CheckDrawing(HTHEME theme, HDC hdc, int part, Operation operation)
 {
     if (FaultFires(operation)) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     const std::string* themeClass = ClassOf(theme);
     if (!themeClass || !FindContext(hdc)) {
@@ -192,7 +192,7 @@ HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
 HRESULT WINAPI CloseThemeData(HTHEME theme)
 {
     if (FaultFires("CloseThemeData")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     const TableLock lock;
     if (Handles().erase(theme) == 0) {
@@ -211,7 +211,7 @@ HTHEME WINAPI GetWindowTheme(HWND hwnd)
 HRESULT WINAPI SetWindowTheme(HWND hwnd, LPCWSTR application, LPCWSTR classes)
 {
     if (FaultFires("SetWindowTheme")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     if (!IsWindow(hwnd)) {
         return E_HANDLE;
@@ -272,7 +272,7 @@ HRESULT WINAPI GetThemeInt(HTHEME theme, int part, int state, int property, int*
 HRESULT WINAPI GetThemeEnumValue(HTHEME theme, int part, int state, int property, int* value)
 {
     if (FaultFires("GetThemeEnumValue")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     const CallsBy platform(Caller::Platform);
     return GetThemeInt(theme, part, state, property, value);
@@ -288,7 +288,7 @@ HRESULT WINAPI GetThemeFont(HTHEME theme, HDC, int part, int state, int property
 HRESULT WINAPI GetThemeSysFont(HTHEME, int id, LOGFONTW* font)
 {
     if (FaultFires("GetThemeSysFont")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     if (!font) {
         return E_POINTER;
@@ -304,7 +304,7 @@ HRESULT WINAPI GetThemeTextExtent(HTHEME theme, HDC hdc, int part, int state, LP
                                   DWORD flags, const RECT* bounds, RECT* extent)
 {
     if (FaultFires("GetThemeTextExtent")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     if (!ClassOf(theme) || !FindContext(hdc)) {
         return E_HANDLE;
@@ -323,7 +323,7 @@ HRESULT WINAPI GetThemeTextExtent(HTHEME theme, HDC hdc, int part, int state, LP
 HRESULT WINAPI GetThemeTextMetrics(HTHEME theme, HDC hdc, int part, int state, TEXTMETRICW* metrics)
 {
     if (FaultFires("GetThemeTextMetrics")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     if (!ClassOf(theme) || !FindContext(hdc)) {
         return E_HANDLE;
@@ -355,7 +355,7 @@ HRESULT WINAPI DrawThemeBackground(HTHEME theme, HDC hdc, int part, int state, c
 HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)
 {
     if (FaultFires("DrawThemeParentBackground")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     if (!IsWindow(hwnd) || !FindContext(hdc)) {
         return E_HANDLE;
@@ -386,7 +386,7 @@ HRESULT WINAPI DrawThemeText(HTHEME theme, HDC hdc, int part, int state, LPCWSTR
                              DWORD, const RECT* rect)
 {
     if (FaultFires("DrawThemeText")) {
-        return HRESULT_FROM_WIN32(GetLastError());
+        return FaultResult();
     }
     const CallsBy platform(Caller::Platform);
     RECT copy = *rect;

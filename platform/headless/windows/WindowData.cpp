@@ -215,11 +215,11 @@ BOOL WINAPI SetWindowTextW(HWND hwnd, LPCWSTR text)
 
 int WINAPI GetWindowTextW(HWND hwnd, LPWSTR buffer, int capacity)
 {
+    if (buffer && capacity > 0) {
+        buffer[0] = 0; // whether it fails or not
+    }
     if (FaultFires("GetWindowTextW")) {
         return 0;
-    }
-    if (buffer && capacity > 0) {
-        buffer[0] = 0;
     }
     return static_cast<int>(SendMessageW(hwnd, WM_GETTEXT, static_cast<WPARAM>(capacity), Pointer(buffer)));
 }

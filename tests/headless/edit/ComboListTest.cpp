@@ -400,6 +400,32 @@ TEST_F(ComboListTest, AListThatGoesOrNeverComesFreesTheCapture)
     DestroyWindow(hwnd);
 }
 
+TEST_F(ComboListTest, AListThatCannotBeDestroyedGoesOutOfSightAndLaterWithItsOwner)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    desk::Fail("DestroyWindow");
+    WithList({TypeEscape});
+    EXPECT_FALSE(IsWindowVisible(List()));
+    EXPECT_EQ(Combo().State() & GWS_PRESSED, 0u);
+    bool fOpen = false;
+    WithList({[&] {
+        fOpen = IsWindowVisible(List());
+        TypeEscape();
+    }});
+    EXPECT_TRUE(fOpen) << "a new one";
+}
+
+TEST_F(ComboListTest, AListThatGetsNoMessagesCloses)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    desk::Fail("GetMessageW", INT_MAX);
+    WithList({});
+    EXPECT_FALSE(List());
+    EXPECT_FALSE(GetCapture());
+    EXPECT_EQ(Combo().State() & GWS_PRESSED, 0u);
+    EXPECT_TRUE(desk::Pump()) << "the program goes on";
+}
+
 TEST_F(ComboListTest, AfterwardsEveryKindHasACaret)
 {
     Make(GCBS_DROPDOWNLIST, 5);

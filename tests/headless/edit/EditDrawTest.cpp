@@ -3,6 +3,8 @@
 #include "../../edit/ProbeEdit.h"
 #include "../controls/DrawFixture.h"
 
+#include <climits>
+
 namespace {
 
 using namespace test;
@@ -204,6 +206,15 @@ TEST_F(EditDrawTest, PrintsItsFrameAndItsContent)
     EXPECT_FALSE(AnyStartsWith(print(PRF_NONCLIENT), "DrawTextW"));
     EXPECT_TRUE(AnyStartsWith(print(PRF_CLIENT), "DrawTextW"));
     ReleaseDC(Parent(), hdc);
+}
+
+TEST_F(EditDrawTest, TextThatCannotBeMeasuredIsBrokenAllTheSame)
+{
+    Make(ES_MULTILINE, L"", 60);
+    desk::Fail("GetTextExtentExPointW", INT_MAX);
+    edit.SetText(L"several words that need more than one line");
+    EXPECT_EQ(TextOf(edit), "several words that need more than one line");
+    EXPECT_GT(edit.Lengths().size(), 1u);
 }
 
 TEST_F(EditDrawTest, CutKeepsWhatTheClipboardDoesNotTake)

@@ -5,6 +5,8 @@
 #include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
+#include <climits>
+
 namespace {
 
 using namespace test;
@@ -38,6 +40,17 @@ TEST_F(FrameTest, RibbonThatTheParentDeletesDuringCreateIsNotTouchedAgain)
     });
     EXPECT_EQ(pRibbon->Create(0, 0, 100, 100, Parent(), nullptr), nullptr);
     EXPECT_TRUE(told.Happened());
+}
+
+TEST_F(FrameTest, AnObjectThatCannotBeMarkedAsGoneIsFollowedNoMore)
+{
+    const HWND hwnd =
+        CreateWindowExW(0, L"GButton", nullptr, WS_CHILD, 0, 0, 50, 20, Parent(), nullptr, nullptr,
+                        nullptr); // owns its object
+    ASSERT_TRUE(GWnd::FromHwnd(hwnd));
+    desk::Fail("SetWindowLongW", INT_MAX);
+    DestroyWindow(hwnd); // WM_NCDESTROY comes after the object has gone
+    EXPECT_FALSE(IsWindow(hwnd));
 }
 
 TEST_F(FrameTest, FailedRegistrationIsTriedAgain)

@@ -118,6 +118,49 @@ TEST_F(DriverTest, OnlyAnOperationThatCanFailTakesAFault)
     EXPECT_DEATH(Fail("CreateWindow"), "'CreateWindow' is no operation that can fail");
 }
 
+TEST_F(DriverTest, AFailureLeavesWhatThePlatformWouldLeave)
+{
+    const HWND top = MakeTop();
+    SetWindowTextW(top, L"text");
+    wchar_t text[8] = L"before";
+    Fail("GetWindowTextW");
+    EXPECT_EQ(GetWindowTextW(top, text, 8), 0);
+    EXPECT_EQ(text[0], 0);
+    PAINTSTRUCT paint{};
+    paint.fErase = 7;
+    Fail("BeginPaint");
+    EXPECT_EQ(BeginPaint(top, &paint), nullptr);
+    EXPECT_EQ(paint.fErase, 7);
+    const HTHEME theme = OpenThemeData(top, L"BUTTON");
+    COLORREF color = 7;
+    Fail("GetThemeColor", 1, ERROR_SUCCESS);
+    EXPECT_TRUE(FAILED(GetThemeColor(theme, BP_PUSHBUTTON, 1, TMT_TEXTCOLOR, &color)))
+        << "without an error too";
+    EXPECT_EQ(color, 7U);
+    CloseThemeData(theme);
+}
+
+TEST_F(DriverTest, MethodsOfImageListsFailUnderTheirOwnNames)
+{
+    const HIMAGELIST handle = ImageList_Create(16, 16, 0, 0, 1);
+    auto* list = reinterpret_cast<IImageList*>(handle);
+    int count = 7;
+    int size = 7;
+    IMAGELISTDRAWPARAMS params{};
+    params.cbSize = sizeof(params);
+    for (const char* name : {"IImageList::Draw", "IImageList::GetIconSize", "IImageList::GetImageCount"}) {
+        Fail(name, 1, ERROR_ACCESS_DENIED);
+    }
+    EXPECT_EQ(ImageList_GetImageCount(handle), 0) << "a function fails under its own name alone";
+    EXPECT_EQ(PendingFaults().size(), 3U);
+    EXPECT_EQ(list->GetImageCount(&count), E_ACCESSDENIED);
+    EXPECT_EQ(list->GetIconSize(&size, &size), E_ACCESSDENIED);
+    EXPECT_EQ(list->Draw(&params), E_ACCESSDENIED);
+    EXPECT_EQ(count + size, 14);
+    EXPECT_EQ(list->SetIconSize(0, 16), E_INVALIDARG);
+    ImageList_Destroy(handle);
+}
+
 TEST_F(DriverTest, CallsOfTheProgramFailAndThoseWithinThePlatformDoNot)
 {
     BOOL moved = TRUE;
