@@ -1,0 +1,74 @@
+#include "Classes.h"
+
+#include "ControlWorld.h"
+
+namespace attack {
+
+namespace {
+
+template <class CONTROL> AttackedClass OfControl()
+{
+    return {NameOf<CONTROL>(), [](Source& source) -> std::unique_ptr<World> {
+                return std::make_unique<ControlWorld<CONTROL>>(source);
+            }};
+}
+
+template <class... CONTROLS> std::vector<AttackedClass> OfControls(test::ClassList<CONTROLS...>)
+{
+    return {OfControl<CONTROLS>()...};
+}
+
+} // namespace
+
+const std::vector<AttackedClass>& Classes()
+{
+    static const std::vector<AttackedClass> CLASSES = OfControls(test::AllControls());
+    return CLASSES;
+}
+
+// --- What all controls are made by
+
+std::vector<wchar_t> AnyCreationData(Source& source)
+{
+    const Text first = source.ShortText();
+    const Text second = source.ShortText();
+    std::vector<wchar_t> data{static_cast<wchar_t>(2 * (first.Length() + second.Length() + 2))};
+    data.insert(data.end(), static_cast<LPCWSTR>(first), first + first.Length() + 1);
+    data.insert(data.end(), static_cast<LPCWSTR>(second), second + second.Length() + 1);
+    return data;
+}
+
+namespace {
+
+INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM, LPARAM lParam)
+{
+    if (uMsg == WM_INITDIALOG) {
+        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
+    }
+    if (auto* pWorld = reinterpret_cast<World*>(GetWindowLongPtrW(hDlg, DWLP_USER))) {
+        pWorld->OnHostMessage(hDlg, uMsg);
+    }
+    return FALSE;
+}
+
+} // namespace
+
+HWND MakeInDialog(World& world, LPCWSTR pszClass, Source& source)
+{
+    constexpr WORD ID = 900;
+    test::DialogTemplate dialog(WS_POPUP | WS_VISIBLE | (source.Flag() ? DS_SETFONT : 0), 180, 90,
+                                source.Flag());
+    const DWORD dwStyle = WS_TABSTOP | source.Bits();
+    const std::vector<wchar_t> data = AnyCreationData(source);
+    const auto* pBytes = reinterpret_cast<const BYTE*>(data.data() + 1);
+    test::DialogItem item{dwStyle, ID, pszClass, L"Title"};
+    if (source.Flag()) {
+        item.data.assign(pBytes, pBytes + (data.size() - 1) * sizeof(wchar_t));
+    }
+    dialog.Add(item);
+    const HWND hDlg = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), world.Host(),
+                                                 DialogProc, reinterpret_cast<LPARAM>(&world));
+    return GetDlgItem(hDlg, ID);
+}
+
+} // namespace attack

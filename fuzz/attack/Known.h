@@ -1,0 +1,21 @@
+// What does not hold yet, and is left out until it does. Each entry goes with the change that mends it.
+#pragma once
+
+#include <string_view>
+
+namespace attack::known {
+
+// Whether objects of a class may be assigned to: a list loses its fonts.
+constexpr bool MayAssign(std::string_view name)
+{
+    return name != "GList";
+}
+
+// Whether an operation of the platform may be made to fail.
+constexpr bool MayFail(std::string_view operation)
+{
+    // A window whose words cannot be written or read loses its object.
+    return !operation.starts_with("SetWindowLong") && !operation.starts_with("GetWindowLong");
+}
+
+} // namespace attack::known
