@@ -1,11 +1,13 @@
 // The driver of the simulated desktop: what a test has in the place of a user, a clock and a pair of eyes.
 //
 // Tests include this header beside platform/platform.h, make windows with the platform's own operations, act
-// as a user with the operations below, call Pump(), and look at what came of it. Each thread has a desktop of
-// its own: windows, input, clock, clipboard, records, trace and faults. What the process has once (classes,
-// resources, graphics objects, the style, settings, the census) all threads share. A thread destroys
-// its windows before it ends. Coordinates are pixels; those of the pointer are screen coordinates. Text is
-// UTF-8. docs/headless.md shows it at work.
+// as a user with the operations below, call Pump(), and look at what came of it. Coordinates are pixels;
+// those of the pointer are screen coordinates. Text is UTF-8. docs/headless.md shows it at work.
+//
+// Each thread has windows, a queue, a user, a clock, a trace and faults of its own, and the operations below
+// act on those of the calling thread. All threads see all windows, and send and post to them. A thread's user
+// acts on its windows and on those of threads that are joined with it by a parent or an owner; while a thread
+// has never had a window, on everybody's: so a test drives windows that run on threads of their own.
 #pragma once
 
 #include "../platform.h"
@@ -22,14 +24,16 @@ namespace gesso::headless {
 
 // --- The desktop as a whole ---
 
-// Gives a fresh desktop: destroys every window, sets the clock to zero and the pointer to the screen's last
-// pixel, and clears queues, key states, clipboard, records, faults and settings. Window classes, graphics
-// objects and the library's own globals stay, as they would in a process that goes on. Call it at the start
-// of each test, with no modal loop running.
+// Gives the calling thread a fresh desktop: destroys every window of it, sets the clock to zero and the
+// pointer to the screen's last pixel, and clears queues, key states, clipboard, records, faults and settings.
+// Window classes, graphics objects and the library's own globals stay, as they would in a process that goes
+// on. Call it at the start of each test, with no modal loop running.
 void Reset();
 
-// The top-level windows that exist, topmost first, visible or not.
+// The top-level windows of the calling thread, topmost first, visible or not.
 std::vector<HWND> TopLevelWindows();
+// Those of another thread.
+std::vector<HWND> TopLevelWindows(DWORD thread);
 
 // The module handles of the program and of the library. The library's entry point has run before `main`.
 HMODULE HostModule();
@@ -97,9 +101,17 @@ void Advance(DWORD milliseconds);
 // Milliseconds since Reset().
 ULONGLONG Now();
 
+// Waits until another thread that runs a message loop has nothing left to do: no message, no timer due. False
+// if it ended, or did not come to rest while nothing happened on the desktop for ten seconds.
+bool WaitUntilIdle(DWORD thread);
+// Moves the clock of such a thread on, as Advance does: the thread itself dispatches at each timer.
+bool Advance(DWORD milliseconds, DWORD thread);
+
 // Queues an action. Each time that a GetMessageW or WaitMessage of the program finds nothing to do, the next
-// action runs in its place: so a test drives a modal loop from within. When a loop would wait with no action
-// left it is ended by WM_QUIT, and Deadlocked() says so until Reset().
+// action runs in its place: so a test drives a modal loop from within. With no action left the loop waits for
+// other threads. Where none is there that could wake it, or nothing happened on the desktop for ten seconds,
+// it is ended by WM_QUIT, and Deadlocked() says so until Reset(). It also says so of a message to another
+// thread that did not look for so long; the message is then not sent.
 void WhenIdle(std::function<void()> action);
 bool Deadlocked();
 
@@ -116,7 +128,8 @@ struct Message
     bool posted;
 };
 
-// Starts keeping the messages that `hwnd` gets, or those of all windows with null, and forgets those kept so
+// Starts keeping the messages that `hwnd` gets, whichever thread it is of, or those of all windows of the
+// calling thread with null, and forgets those kept so
 // far.
 void StartTrace(HWND hwnd = nullptr);
 // Ends the trace and gives what was kept, in the order in which the window procedures were entered.

@@ -5,7 +5,10 @@
 
 namespace gesso::headless {
 
-// Sets the clock, in milliseconds since Reset(). Only the driver's operations move it.
+// The clock of the calling thread, for its desktop: another thread may move it on, under the lock.
+ULONGLONG& ClockOfThread();
+
+// Sets that clock, in milliseconds since Reset(). Only the driver's operations move it.
 void SetNow(ULONGLONG milliseconds);
 
 } // namespace gesso::headless

@@ -1,5 +1,6 @@
 // The drawing operations of shapes, fills and blits. Nothing is painted: each is recorded with its arguments.
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "FontMetrics.h"
 #include "Record.h"
 
@@ -160,6 +161,7 @@ BOOL WINAPI LineTo(HDC hdc, INT x, INT y)
 
 BOOL WINAPI PatBlt(HDC hdc, INT x, INT y, INT cx, INT cy, DWORD rop)
 {
+    const TableLock lock;
     if (FaultFires("PatBlt")) {
         return FALSE;
     }

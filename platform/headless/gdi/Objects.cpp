@@ -64,6 +64,7 @@ Object* FindObject(HANDLE handle)
 
 HBITMAP DefaultBitmap()
 {
+    const TableLock lock; // before the one who makes it: he takes the lock as well
     static const auto STOCK_BITMAP = MakeStock<HBITMAP, Bitmap>(1, 1, 1);
     return STOCK_BITMAP;
 }

@@ -1,5 +1,6 @@
 #include "Record.h"
 
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 #include "FontMetrics.h"
 
@@ -13,7 +14,7 @@ using Drawings = std::unordered_map<HWND, std::vector<std::string>>;
 
 Drawings& WindowDrawings()
 {
-    static thread_local Drawings s_drawings;
+    static Drawings s_drawings;
     return s_drawings;
 }
 
@@ -84,6 +85,7 @@ const char* PenStyle(UINT style)
 std::vector<std::string>* DrawingOf(Context& context)
 {
     if (!context.IsMemory()) {
+        const TableLock lock;
         return &WindowDrawings()[context.window];
     }
     // All new memory contexts share the default bitmap, which shows nothing.
@@ -93,6 +95,7 @@ std::vector<std::string>* DrawingOf(Context& context)
 
 void JoinDrawing(HDC to, HDC from)
 {
+    const TableLock lock;
     auto* target = Find<Context>(to);
     auto* source = Find<Context>(from);
     auto* lines = target ? DrawingOf(*target) : nullptr;
@@ -106,6 +109,7 @@ Line::Line(HDC hdc, std::string_view operation) : m_context(Find<Context>(hdc)),
 
 Line::~Line()
 {
+    const TableLock lock;
     auto* lines = m_context ? DrawingOf(*m_context) : nullptr;
     if (lines) {
         PutContextState();
@@ -224,12 +228,14 @@ Line& Line::TextState(COLORREF color)
 
 std::vector<std::string> Drawing(HWND hwnd)
 {
+    const TableLock lock;
     const auto found = WindowDrawings().find(hwnd);
     return found != WindowDrawings().end() ? found->second : std::vector<std::string>();
 }
 
 void ClearDrawing(HWND hwnd)
 {
+    const TableLock lock;
     WindowDrawings().erase(hwnd);
 }
 

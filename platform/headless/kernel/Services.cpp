@@ -111,6 +111,11 @@ DWORD WINAPI GetCurrentThreadId()
     return static_cast<DWORD>(gettid());
 }
 
+DWORD WINAPI GetCurrentProcessId()
+{
+    return static_cast<DWORD>(getpid());
+}
+
 LPWSTR WINAPI CharLowerW(LPWSTR text)
 {
     return ChangeCase(text, towlower_l);

@@ -39,7 +39,7 @@ std::unordered_map<HTHEME, ThemeHandle>& Handles()
 
 std::unordered_map<HWND, WindowStyle>& Windows()
 {
-    static thread_local std::unordered_map<HWND, WindowStyle> s_windows;
+    static std::unordered_map<HWND, WindowStyle> s_windows;
     return s_windows;
 }
 
@@ -162,6 +162,7 @@ namespace gesso::headless {
 
 void ForgetWindowTheme(HWND hwnd)
 {
+    const TableLock lock;
     Windows().erase(hwnd);
 }
 
@@ -169,6 +170,7 @@ void ForgetWindowTheme(HWND hwnd)
 
 HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
 {
+    const TableLock lock;
     if (FaultFires("OpenThemeData")) {
         return nullptr;
     }
@@ -204,12 +206,14 @@ HRESULT WINAPI CloseThemeData(HTHEME theme)
 
 HTHEME WINAPI GetWindowTheme(HWND hwnd)
 {
+    const TableLock lock;
     const auto found = Windows().find(hwnd);
     return found != Windows().end() ? found->second.theme : nullptr;
 }
 
 HRESULT WINAPI SetWindowTheme(HWND hwnd, LPCWSTR application, LPCWSTR classes)
 {
+    const TableLock lock;
     if (FaultFires("SetWindowTheme")) {
         return FaultResult();
     }

@@ -1,6 +1,8 @@
 #include "Desktop.h"
+#include "Focus.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 namespace gesso::headless {
 namespace {
@@ -18,8 +20,18 @@ void UpdateVisible()
 
 } // namespace
 
+void EndCaretOf(const Window& window)
+{
+    Desktop& desktop = *window.desktop;
+    if (desktop.caret.hwnd == window.handle) {
+        desktop.caret = {};
+        desktop.caretHidden = 0;
+    }
+}
+
 CaretState Caret()
 {
+    const TableLock lock;
     return TheDesktop().caret;
 }
 
@@ -31,10 +43,12 @@ extern "C" {
 
 BOOL WINAPI CreateCaret(HWND hwnd, HBITMAP, int width, int height)
 {
+    const TableLock lock;
     if (FaultFires("CreateCaret")) {
         return FALSE;
     }
-    if (!Find(hwnd)) {
+    const WindowRef window = Find(hwnd);
+    if (!window || DenyForeign(*window)) {
         return FALSE;
     }
     const auto orOne = [](int extent) { return extent > 0 ? extent : 1; };
@@ -45,6 +59,7 @@ BOOL WINAPI CreateCaret(HWND hwnd, HBITMAP, int width, int height)
 
 BOOL WINAPI DestroyCaret()
 {
+    const TableLock lock;
     if (FaultFires("DestroyCaret")) {
         return FALSE;
     }
@@ -59,6 +74,7 @@ BOOL WINAPI DestroyCaret()
 
 BOOL WINAPI ShowCaret(HWND hwnd)
 {
+    const TableLock lock;
     if (FaultFires("ShowCaret")) {
         return FALSE;
     }
@@ -74,6 +90,7 @@ BOOL WINAPI ShowCaret(HWND hwnd)
 
 BOOL WINAPI HideCaret(HWND hwnd)
 {
+    const TableLock lock;
     if (!IsCaretOf(hwnd)) {
         SetLastError(ERROR_ACCESS_DENIED);
         return FALSE;
@@ -85,6 +102,7 @@ BOOL WINAPI HideCaret(HWND hwnd)
 
 BOOL WINAPI SetCaretPos(int x, int y)
 {
+    const TableLock lock;
     if (FaultFires("SetCaretPos")) {
         return FALSE;
     }
@@ -98,6 +116,7 @@ BOOL WINAPI SetCaretPos(int x, int y)
 
 BOOL WINAPI GetCaretPos(LPPOINT out)
 {
+    const TableLock lock;
     if (FaultFires("GetCaretPos")) {
         return FALSE;
     }

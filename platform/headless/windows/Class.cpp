@@ -173,6 +173,7 @@ BOOL WINAPI UnregisterClassW(LPCWSTR name, HINSTANCE instance)
 
 BOOL WINAPI GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* out)
 {
+    const TableLock lock;
     const WindowClass* found = FindClass(name, instance);
     if (!found) {
         SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
@@ -185,6 +186,7 @@ BOOL WINAPI GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* out)
 
 int WINAPI GetClassNameW(HWND hwnd, LPWSTR buffer, int capacity)
 {
+    const TableLock lock;
     if (FaultFires("GetClassNameW")) {
         return 0;
     }

@@ -1,31 +1,34 @@
 #include "Desktop.h"
+#include "Send.h"
 
 #include "../core/Faults.h"
 #include "../core/GlobalMemory.h"
+#include "../core/TableLock.h"
 
 namespace gesso::headless {
 namespace {
 
 bool IsOpen()
 {
-    if (!TheDesktop().clipboard.open) {
+    const bool open = TheClipboard().open && TheClipboard().thread == GetCurrentThreadId();
+    if (!open) {
         SetLastError(ERROR_CLIPBOARD_NOT_OPEN);
     }
-    return TheDesktop().clipboard.open;
+    return open;
 }
 
 void FreeData()
 {
     const CallsBy platform(Caller::Platform);
-    for (const auto& [format, data] : TheDesktop().clipboard.data) {
+    for (const auto& [format, data] : TheClipboard().data) {
         GlobalFree(data);
     }
-    TheDesktop().clipboard.data.clear();
+    TheClipboard().data.clear();
 }
 
 HANDLE DataOf(UINT format)
 {
-    const auto& data = TheDesktop().clipboard.data;
+    const auto& data = TheClipboard().data;
     const auto found = data.find(format);
     return found == data.end() ? nullptr : found->second;
 }
@@ -34,15 +37,17 @@ HANDLE DataOf(UINT format)
 
 std::string ClipboardText()
 {
+    const TableLock lock;
     const HANDLE text = DataOf(CF_UNICODETEXT);
     return text ? ToUtf8(View(static_cast<LPCWSTR>(BlockOf(text)))) : std::string();
 }
 
 void SetClipboardText(std::string_view text)
 {
+    const TableLock lock;
     const CallsBy platform(Caller::Platform);
     FreeData();
-    TheDesktop().clipboard.owner = nullptr; // of another program
+    TheClipboard().owner = nullptr; // of another program
     if (text.empty()) {
         return;
     }
@@ -50,7 +55,7 @@ void SetClipboardText(std::string_view text)
     const size_t size = (wide.size() + 1) * sizeof(wchar_t);
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
     std::memcpy(BlockOf(block), wide.c_str(), size);
-    TheDesktop().clipboard.data[CF_UNICODETEXT] = block;
+    TheClipboard().data[CF_UNICODETEXT] = block;
 }
 
 } // namespace gesso::headless
@@ -61,7 +66,8 @@ extern "C" {
 
 BOOL WINAPI OpenClipboard(HWND hwnd)
 {
-    Clipboard& clipboard = TheDesktop().clipboard;
+    const TableLock lock;
+    Clipboard& clipboard = TheClipboard();
     if (FaultFires("OpenClipboard")) {
         return FALSE;
     }
@@ -71,32 +77,35 @@ BOOL WINAPI OpenClipboard(HWND hwnd)
     }
     clipboard.open = true;
     clipboard.opener = hwnd;
+    clipboard.thread = GetCurrentThreadId();
     return TRUE;
 }
 
 BOOL WINAPI CloseClipboard()
 {
+    const TableLock lock;
     if (FaultFires("CloseClipboard")) {
         return FALSE;
     }
     if (!IsOpen()) {
         return FALSE;
     }
-    TheDesktop().clipboard.open = false;
+    TheClipboard().open = false;
     return TRUE;
 }
 
 BOOL WINAPI EmptyClipboard()
 {
+    const TableLock lock;
     if (FaultFires("EmptyClipboard")) {
         return FALSE;
     }
     if (!IsOpen()) {
         return FALSE;
     }
-    Clipboard& clipboard = TheDesktop().clipboard;
-    if (Find(clipboard.owner)) {
-        SendMessageW(clipboard.owner, WM_DESTROYCLIPBOARD, 0, 0);
+    Clipboard& clipboard = TheClipboard();
+    if (const WindowRef owner = Find(clipboard.owner)) {
+        Notify(*owner, WM_DESTROYCLIPBOARD); // a thread that is busy keeps nobody from copying
     }
     FreeData();
     clipboard.owner = clipboard.opener;
@@ -105,15 +114,16 @@ BOOL WINAPI EmptyClipboard()
 
 HANDLE WINAPI SetClipboardData(UINT format, HANDLE data)
 {
+    const TableLock lock;
     if (FaultFires("SetClipboardData") || !IsOpen()) {
         return nullptr;
     }
-    if (!TheDesktop().clipboard.owner) { // emptied by no window, or not at all
+    if (!TheClipboard().owner) { // emptied by no window, or not at all
         SetLastError(ERROR_ACCESS_DENIED);
         return nullptr;
     }
     const CallsBy platform(Caller::Platform);
-    HANDLE& kept = TheDesktop().clipboard.data[format];
+    HANDLE& kept = TheClipboard().data[format];
     if (kept && kept != data) {
         GlobalFree(kept);
     }
@@ -123,11 +133,12 @@ HANDLE WINAPI SetClipboardData(UINT format, HANDLE data)
 
 HANDLE WINAPI GetClipboardData(UINT format)
 {
+    const TableLock lock;
     if (FaultFires("GetClipboardData") || !IsOpen()) {
         return nullptr;
     }
     // What was put there as null is made when it is wanted.
-    const Clipboard& clipboard = TheDesktop().clipboard;
+    const Clipboard& clipboard = TheClipboard();
     if (clipboard.data.contains(format) && !DataOf(format) && Find(clipboard.owner)) {
         SendMessageW(clipboard.owner, WM_RENDERFORMAT, format, 0);
     }
@@ -136,6 +147,7 @@ HANDLE WINAPI GetClipboardData(UINT format)
 
 BOOL WINAPI IsClipboardFormatAvailable(UINT format)
 {
-    return TheDesktop().clipboard.data.contains(format);
+    const TableLock lock;
+    return TheClipboard().data.contains(format);
 }
 }

@@ -3,6 +3,7 @@
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 namespace gesso::headless {
 namespace {
@@ -31,6 +32,7 @@ LRESULT CALLBACK StaticProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
 
 void Append(HWND hwnd, WPARAM character)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (character == '\b') {
         if (!window->text.empty()) {
@@ -129,6 +131,7 @@ LRESULT CALLBACK ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     case BM_GETCHECK: return GetWindowLongW(hwnd, CHECK_WORD);
     case BM_SETCHECK: SetWindowLongW(hwnd, CHECK_WORD, static_cast<LONG>(wParam)); return 0;
     case BM_SETSTYLE: {
+        const TableLock lock;
         const WindowRef window = Find(hwnd);
         window->style = (window->style & ~DWORD{BS_TYPEMASK}) | (static_cast<DWORD>(wParam) & BS_TYPEMASK);
         return 0;

@@ -7,6 +7,7 @@
 #include "UiState.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -15,7 +16,7 @@ namespace {
 
 bool HasParent(const Window& window)
 {
-    return window.IsChild() && window.parent && window.parent != &Root();
+    return window.IsChild() && window.parent && !IsRoot(window.parent);
 }
 
 RECT Inset(const RECT& r, const RECT& widths)
@@ -331,7 +332,7 @@ bool HandleInput(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LRE
     case WM_ACTIVATE: result = OnActivate(window, wParam); return true;
     case WM_NCACTIVATE: result = TRUE; return true;
     case WM_CANCELMODE:
-        if (TheDesktop().capture == window.handle) {
+        if (TheDesktop().shared->capture == window.handle) {
             ReleaseCapture();
         }
         return true;
@@ -346,6 +347,7 @@ using namespace gesso::headless;
 
 extern "C" LRESULT WINAPI DefWindowProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const TableLock lock;
     const CallsBy platform(Caller::Platform);
     const WindowRef window = Find(hwnd);
     LRESULT result = 0;

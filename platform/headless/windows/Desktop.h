@@ -1,12 +1,14 @@
-// The state of the simulated desktop: all that the window manager knows, in one place. Every thread has its
-// own.
+// The state of the simulated desktop: all that the window manager knows, in one place. The windows are the
+// process's; the rest is kept for each thread. All of it stands under the one TableLock.
 #pragma once
 
 #include "../core/Area.h"
 #include "../core/Arithmetic.h"
+#include "../core/TableLock.h"
 #include "../core/Text.h"
 
 #include <deque>
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
@@ -45,12 +47,15 @@ struct DialogState
     INT_PTR result = 0;
 };
 
+struct Desktop;
+
 struct Window : std::enable_shared_from_this<Window>
 {
     HWND handle = nullptr;
     WindowClass* windowClass = nullptr;
-    Window* parent =
-        nullptr; // the desktop's root for a top-level window; null for the root and for a dead one
+    std::shared_ptr<Desktop> desktop; // of the thread that made it; null for a root
+    // The root of the thread's desktop for a top-level window; null for the root and for a dead one.
+    Window* parent = nullptr;
     HWND owner = nullptr;
     std::vector<Window*> children; // topmost first
 
@@ -103,6 +108,7 @@ struct InputEvent
     bool apart = false; // a press that makes no double-click with the one before
     uint64_t serial = 0;
     bool inWork = false; // a loop is finding out whose it is; loops within that one pass it over
+    HWND to = nullptr;   // a mouse event that the user of another thread meant for this window
 };
 
 struct PointerTracking
@@ -119,18 +125,49 @@ struct LastPress
     ULONGLONG time = 0;
 };
 
+// What a thread asks of another one and waits for, unless nobody does: an answer to a message, mostly.
+struct Request
+{
+    std::shared_ptr<Desktop> from;
+    std::function<LRESULT()> call; // runs on the thread that is asked, with the lock held
+    LRESULT answer = 0;
+    bool begun = false;
+    bool answered = false;
+};
+using RequestRef = std::shared_ptr<Request>;
+
+// What threads have together whose windows are parents, children or owners of one another.
+struct InputState
+{
+    HWND active = nullptr;
+    HWND focus = nullptr;
+    HWND capture = nullptr;
+    bool elsewhere = false; // another program has the foreground
+};
+
 struct Clipboard
 {
     bool open = false;
+    DWORD thread = 0; // that opened it
     HWND opener = nullptr;
     HWND owner = nullptr; // who emptied it last
     std::map<UINT, HANDLE> data;
 };
 
-struct Desktop
+// What one thread has of the desktop: its top-level windows, its queue, and a user and a clock of its own.
+struct Desktop : std::enable_shared_from_this<Desktop>
 {
-    std::unordered_map<HWND, WindowRef> windows;
+    DWORD thread = 0;
     WindowRef root;
+    bool hadWindows = false;    // if not, the thread's user acts on those of others
+    ULONGLONG* clock = nullptr; // of core/Clock.h
+
+    std::deque<RequestRef> requests; // of other threads
+    std::vector<RequestRef> serving; // those that it is at, the innermost last
+    std::condition_variable wake;
+    bool woken = false;         // another thread did something since this one last looked
+    bool waiting = false;       // in WaitForOthers
+    bool readsMessages = false; // and that for any message, not just for an answer
 
     std::deque<MSG> posted;
     std::optional<int> quit;
@@ -141,14 +178,12 @@ struct Desktop
     DWORD messageTime = 0;
     POINT messagePoint{};
 
-    HWND active = nullptr;
-    HWND focus = nullptr;
-    HWND capture = nullptr;
-    bool elsewhere = false; // another program has the foreground
+    std::shared_ptr<InputState> shared = std::make_shared<InputState>();
 
     POINT pointer{};
     bool pointerStale = false; // windows changed under the pointer: it may be over another one
     HWND pointerWindow = nullptr;
+    std::weak_ptr<Desktop> pointerGuest; // has the pointer over a window of its own meanwhile
     PointerTracking tracking;
     LastPress lastPress;
     std::array<BYTE, 256> keysNow{};  // as the user holds them
@@ -162,20 +197,39 @@ struct Desktop
 
     CaretState caret{};
     int caretHidden = 0;
-    Clipboard clipboard;
 
     bool tracing = false;
     HWND traced = nullptr;
     std::vector<Message> trace;
 };
 
+// The calling thread's.
 Desktop& TheDesktop();
+std::shared_ptr<Desktop> TheDesktopRef();
+// Those of all threads that live and have used the desktop, the oldest first.
+const std::vector<std::shared_ptr<Desktop>>& AllDesktops();
+// Null for a thread that has none.
+std::shared_ptr<Desktop> DesktopOf(DWORD thread);
+// True for a window of another thread.
+bool IsForeign(const Window& window);
+// The same, with the last error set: for what only the thread of a window may do.
+bool DenyForeign(const Window& window);
+// The thread that an active window was last given to.
+std::weak_ptr<Desktop>& Foreground();
+// Gives the threads of two windows one focus, one active window and one capture.
+void JoinInput(Desktop& kept, Desktop& other);
+// True if the input of the two is joined.
+bool AreJoined(const Desktop& a, const Desktop& b);
+Clipboard& TheClipboard();
 
+std::unordered_map<HWND, WindowRef>& Windows();
 // The window of a handle; null, with the last error set, for a handle that is none.
 WindowRef Find(HWND hwnd);
 // The same without touching the last error.
 WindowRef Peek(HWND hwnd);
+// The bare desktop behind the calling thread's windows. Each thread has such a root, all with one handle.
 Window& Root();
+bool IsRoot(const Window* window);
 
 // The nearest ancestor or self that is no child.
 Window& TopLevelOf(Window& window);
@@ -183,7 +237,9 @@ Window& TopLevelOf(Window& window);
 bool IsWithin(const Window& window, const Window& ancestor);
 bool IsShown(const Window& window);  // visible with all its ancestors
 bool IsUsable(const Window& window); // enabled with all its ancestors
-bool IsTopLevel(const Window& window);
+// The top-level windows of a thread, topmost first.
+std::vector<HWND> TopLevelsOf(const Desktop& desktop);
+std::vector<HWND> OwnTopLevels(); // of the calling one
 
 inline SIZE SizeOf(const RECT& r)
 {

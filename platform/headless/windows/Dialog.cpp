@@ -5,9 +5,11 @@
 #include "Focus.h"
 #include "Position.h"
 #include "Queue.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -250,6 +252,7 @@ extern "C" {
 HWND WINAPI CreateDialogIndirectParamW(HINSTANCE instance, LPCDLGTEMPLATEW source, HWND owner,
                                        DLGPROC procedure, LPARAM param)
 {
+    const TableLock lock;
     if (FaultFires("CreateDialogIndirectParamW")) {
         return nullptr;
     }
@@ -264,6 +267,7 @@ HWND WINAPI CreateDialogIndirectParamW(HINSTANCE instance, LPCDLGTEMPLATEW sourc
 INT_PTR WINAPI DialogBoxIndirectParamW(HINSTANCE instance, LPCDLGTEMPLATEW source, HWND owner,
                                        DLGPROC procedure, LPARAM param)
 {
+    const TableLock lock;
     if (FaultFires("DialogBoxIndirectParamW")) {
         return -1;
     }
@@ -279,6 +283,7 @@ INT_PTR WINAPI DialogBoxIndirectParamW(HINSTANCE instance, LPCDLGTEMPLATEW sourc
 
 BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
 {
+    const TableLock lock;
     if (FaultFires("EndDialog")) {
         return FALSE;
     }
@@ -286,6 +291,9 @@ BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
     const WindowRef window = Find(hwnd);
     if (!window || !window->dialog) {
         return FALSE;
+    }
+    if (IsForeign(*window)) {
+        return Ask(*window->desktop, [=]() -> LRESULT { return EndDialog(hwnd, result); }) != 0;
     }
     DialogState& state = *window->dialog;
     state.result = result;
@@ -307,6 +315,7 @@ BOOL WINAPI EndDialog(HWND hwnd, INT_PTR result)
 
 BOOL WINAPI MapDialogRect(HWND hwnd, LPRECT r)
 {
+    const TableLock lock;
     if (FaultFires("MapDialogRect")) {
         return FALSE;
     }

@@ -2,6 +2,7 @@
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -220,6 +221,7 @@ extern "C" {
 
 HWND WINAPI GetDlgItem(HWND hwnd, int id)
 {
+    const TableLock lock;
     if (FaultFires("GetDlgItem")) {
         return nullptr;
     }
@@ -238,6 +240,7 @@ HWND WINAPI GetDlgItem(HWND hwnd, int id)
 
 HWND WINAPI GetNextDlgTabItem(HWND hwnd, HWND control, BOOL previous)
 {
+    const TableLock lock;
     if (FaultFires("GetNextDlgTabItem")) {
         return nullptr;
     }
@@ -255,6 +258,7 @@ HWND WINAPI GetNextDlgTabItem(HWND hwnd, HWND control, BOOL previous)
 
 HWND WINAPI GetNextDlgGroupItem(HWND hwnd, HWND control, BOOL previous)
 {
+    const TableLock lock;
     const WindowRef dialog = Find(hwnd);
     if (!dialog) {
         return nullptr;

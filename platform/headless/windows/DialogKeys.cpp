@@ -4,6 +4,7 @@
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 namespace gesso::headless {
 namespace {
@@ -132,6 +133,7 @@ using namespace gesso::headless;
 
 extern "C" BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message)
 {
+    const TableLock lock;
     const CallsBy platform(Caller::Platform);
     if (!Peek(dialog) || (message->hwnd != dialog && !IsChild(dialog, message->hwnd))) {
         return FALSE;

@@ -4,6 +4,7 @@
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 namespace gesso::headless {
 namespace {
@@ -120,6 +121,7 @@ bool AnswersItself(UINT message)
 INT_PTR CallProgram(DLGPROC procedure, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const CallsBy program(Caller::Program);
+    const TableUnlock unlock;
     return procedure(hwnd, message, wParam, lParam);
 }
 
@@ -130,6 +132,7 @@ using namespace gesso::headless;
 
 extern "C" LRESULT WINAPI DefDlgProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const TableLock lock;
     const CallsBy platform(Caller::Platform);
     const WindowRef window = Find(hwnd);
     if (!window) {

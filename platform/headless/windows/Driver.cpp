@@ -3,6 +3,7 @@
 #include "Input.h"
 #include "Keyboard.h"
 #include "Queue.h"
+#include "Requests.h"
 #include "Timer.h"
 
 #include "../core/Clock.h"
@@ -31,7 +32,7 @@ ButtonMessages MessagesOf(Button button)
 void Queue(UINT message, WPARAM wParam = 0, bool released = false)
 {
     Desktop& desktop = TheDesktop();
-    QueueInput({message, wParam, desktop.pointer, Now(), released});
+    QueueInput(desktop, {message, wParam, desktop.pointer, Now(), released});
     desktop.keyboardLast = message == WM_KEYDOWN;
 }
 
@@ -58,30 +59,30 @@ void QueuePacket(char16_t character)
 
 void MoveMouse(int x, int y)
 {
+    const TableLock lock;
     Desktop& desktop = TheDesktop();
     const RECT& screen = Root().frame;
     desktop.pointer = {std::clamp<LONG>(x, 0, screen.right - 1), std::clamp<LONG>(y, 0, screen.bottom - 1)};
-    const bool moves = !desktop.input.empty() && desktop.input.back().message == WM_MOUSEMOVE;
-    if (moves && !desktop.input.back().inWork) {
-        desktop.input.pop_back();
-    }
     Queue(WM_MOUSEMOVE);
 }
 
 void PressButton(Button button)
 {
+    const TableLock lock;
     Hold(MessagesOf(button).vk, true);
     Queue(MessagesOf(button).down);
 }
 
 void ReleaseButton(Button button)
 {
+    const TableLock lock;
     Hold(MessagesOf(button).vk, false);
     Queue(MessagesOf(button).up);
 }
 
 void Click(int x, int y, Button button)
 {
+    const TableLock lock;
     MoveMouse(x, y);
     PressButton(button);
     TheDesktop().input.back().apart = true;
@@ -97,16 +98,19 @@ void DoubleClick(int x, int y, Button button)
 
 void Wheel(int delta)
 {
+    const TableLock lock;
     Queue(WM_MOUSEWHEEL, static_cast<WORD>(delta));
 }
 
 void PressKey(UINT vk)
 {
+    const TableLock lock;
     QueueKey(vk, false);
 }
 
 void ReleaseKey(UINT vk)
 {
+    const TableLock lock;
     QueueKey(vk, true);
 }
 
@@ -124,6 +128,7 @@ void TypeKey(UINT vk, std::initializer_list<UINT> modifiers)
 
 void TypeText(std::string_view text)
 {
+    const TableLock lock;
     for (const char16_t character : FromUtf8(text)) {
         bool shift = false;
         if (const UINT vk = KeyOf(character, shift)) {
@@ -136,10 +141,11 @@ void TypeText(std::string_view text)
 
 void Advance(DWORD milliseconds)
 {
+    const TableLock lock;
     const ULONGLONG end = Now() + milliseconds;
     for (;;) {
         DispatchPending();
-        const auto due = NextDue();
+        const auto due = NextDue(TheDesktop());
         if (!due || *due > end) {
             break;
         }
@@ -147,6 +153,40 @@ void Advance(DWORD milliseconds)
     }
     SetNow(end);
     DispatchPending();
+}
+
+bool WaitUntilIdle(DWORD thread)
+{
+    const TableLock lock;
+    const auto desktop = DesktopOf(thread);
+    while (desktop && DesktopOf(thread) == desktop && !IsAtRest(*desktop)) {
+        Serve();
+        if (!WaitForOthers(false)) {
+            return false;
+        }
+    }
+    return desktop && DesktopOf(thread) == desktop;
+}
+
+bool Advance(DWORD milliseconds, DWORD thread)
+{
+    const TableLock lock;
+    if (!WaitUntilIdle(thread)) {
+        return false;
+    }
+    const auto desktop = DesktopOf(thread);
+    const ULONGLONG end = *desktop->clock + milliseconds;
+    const auto moveTo = [&](ULONGLONG time) {
+        *desktop->clock = std::max(time, *desktop->clock);
+        Wake(*desktop);
+        return WaitUntilIdle(thread);
+    };
+    for (auto due = NextDue(*desktop); due && *due <= end; due = NextDue(*desktop)) {
+        if (!moveTo(*due)) {
+            return false;
+        }
+    }
+    return moveTo(end);
 }
 
 } // namespace gesso::headless

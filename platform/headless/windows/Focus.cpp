@@ -1,8 +1,10 @@
 #include "Focus.h"
 #include "Position.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -16,7 +18,7 @@ WPARAM Handle(const WindowRef& window)
 
 void TellAll(bool active)
 {
-    for (const HWND top : TopLevelWindows()) {
+    for (const HWND top : OwnTopLevels()) {
         if (const WindowRef window = Peek(top)) {
             Send(*window, WM_ACTIVATEAPP, active, 1);
         }
@@ -37,7 +39,7 @@ bool Deactivate(Window& window, const WindowRef& next)
 
 void FocusIntoActive(const WindowRef& active)
 {
-    const WindowRef focus = Peek(TheDesktop().focus);
+    const WindowRef focus = Peek(TheDesktop().shared->focus);
     if (!focus || !IsWithin(*focus, *active)) {
         MoveFocus(active.get());
     }
@@ -50,17 +52,17 @@ bool Welcome(const WindowRef& window, HWND former, bool byMouse)
     if (window->parent->children.front() != window.get()) {
         Reposition(window->handle, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
     }
-    if (!former || desktop.elsewhere) {
-        desktop.elsewhere = false;
+    if (!former || desktop.shared->elsewhere) {
+        desktop.shared->elsewhere = false;
         TellAll(true);
     }
     const auto other = reinterpret_cast<LPARAM>(former);
     Send(*window, WM_NCACTIVATE, TRUE, other);
     Send(*window, WM_ACTIVATE, byMouse ? WA_CLICKACTIVE : WA_ACTIVE, other);
-    if (desktop.active == window->handle) {
+    if (desktop.shared->active == window->handle) {
         FocusIntoActive(window);
     }
-    return desktop.active == window->handle;
+    return desktop.shared->active == window->handle;
 }
 
 bool CanBeActive(const Window& window)
@@ -71,8 +73,8 @@ bool CanBeActive(const Window& window)
 void SetCaptureTo(HWND next)
 {
     Desktop& desktop = TheDesktop();
-    const WindowRef former = Peek(desktop.capture);
-    desktop.capture = next;
+    const WindowRef former = Peek(desktop.shared->capture);
+    desktop.shared->capture = next;
     if (former) {
         Send(*former, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(next));
     }
@@ -84,10 +86,10 @@ bool Activate(Window* window, bool byMouse)
 {
     Desktop& desktop = TheDesktop();
     const HWND next = window ? window->handle : nullptr;
-    if (desktop.active == next) {
+    if (desktop.shared->active == next) {
         return true;
     }
-    const HWND former = desktop.active;
+    const HWND former = desktop.shared->active;
     const WindowRef target = Peek(next);
     const WindowRef leaving = Peek(former);
     if (leaving && !Deactivate(*leaving, target)) {
@@ -96,12 +98,13 @@ bool Activate(Window* window, bool byMouse)
     if (target && !target->alive) {
         return false;
     }
-    desktop.active = next;
+    desktop.shared->active = next;
     if (!target) {
         TellAll(false);
         MoveFocus(nullptr);
         return true;
     }
+    Foreground() = target->desktop;
     return Welcome(target, leaving && leaving->alive ? former : nullptr, byMouse);
 }
 
@@ -112,7 +115,7 @@ void ActivateNext(Window& leaving)
         Activate(owner.get(), false);
         return;
     }
-    for (const HWND top : TopLevelWindows()) {
+    for (const HWND top : OwnTopLevels()) {
         const WindowRef candidate = Peek(top);
         if (candidate.get() != &leaving && CanBeActive(*candidate)) {
             Activate(candidate.get(), false);
@@ -126,25 +129,26 @@ void MoveFocus(Window* window)
 {
     Desktop& desktop = TheDesktop();
     const HWND next = window ? window->handle : nullptr;
-    const HWND former = desktop.focus;
+    const HWND former = desktop.shared->focus;
     if (former == next) {
         return;
     }
-    desktop.focus = next;
+    desktop.shared->focus = next;
     if (const WindowRef leaving = Peek(former)) {
         Send(*leaving, WM_KILLFOCUS, reinterpret_cast<WPARAM>(next));
     }
     const WindowRef entering = Peek(next);
-    if (entering && desktop.focus == next) {
+    if (entering && desktop.shared->focus == next) {
         Send(*entering, WM_SETFOCUS, reinterpret_cast<WPARAM>(IsWindow(former) ? former : nullptr));
     }
 }
 
 void ForgetFocus(Window& window)
 {
-    Desktop& desktop = TheDesktop();
+    Desktop& desktop = *window.desktop;
+    InputState& shared = *desktop.shared;
     for (HWND* held :
-         {&desktop.active, &desktop.focus, &desktop.capture, &desktop.tracking.hwnd, &desktop.pointerWindow})
+         {&shared.active, &shared.focus, &shared.capture, &desktop.tracking.hwnd, &desktop.pointerWindow})
     {
         if (*held == window.handle) {
             *held = nullptr;
@@ -155,7 +159,8 @@ void ForgetFocus(Window& window)
 
 void SwitchAway()
 {
-    TheDesktop().elsewhere = true;
+    const TableLock lock;
+    TheDesktop().shared->elsewhere = true;
     Activate(nullptr, false);
 }
 
@@ -167,26 +172,28 @@ extern "C" {
 
 HWND WINAPI GetFocus()
 {
-    return TheDesktop().focus;
+    const TableLock lock;
+    return TheDesktop().shared->focus;
 }
 
 HWND WINAPI SetFocus(HWND hwnd)
 {
+    const TableLock lock;
     if (FaultFires("SetFocus")) {
         return nullptr;
     }
     Desktop& desktop = TheDesktop();
-    const HWND former = desktop.focus;
+    const HWND former = desktop.shared->focus;
     if (!hwnd) {
         MoveFocus(nullptr);
         return former;
     }
     const WindowRef window = Find(hwnd);
-    if (!window || !IsUsable(*window)) {
+    if (!window || !IsUsable(*window) || (!AreJoined(*window->desktop, desktop) && DenyForeign(*window))) {
         return nullptr;
     }
     const WindowRef top = TopLevelOf(*window).shared_from_this();
-    if (desktop.active != top->handle) {
+    if (desktop.shared->active != top->handle) {
         // The focus comes here and not to the top-level window, unless its WM_ACTIVATE has it so.
         if (!Activate(top.get(), false) || !window->alive) {
             return nullptr;
@@ -198,14 +205,19 @@ HWND WINAPI SetFocus(HWND hwnd)
 
 HWND WINAPI GetActiveWindow()
 {
-    return TheDesktop().active;
+    const TableLock lock;
+    return TheDesktop().shared->active;
 }
 
 HWND WINAPI SetActiveWindow(HWND hwnd)
 {
-    const HWND former = TheDesktop().active;
+    const TableLock lock;
+    const HWND former = TheDesktop().shared->active;
     const WindowRef window = hwnd ? Find(hwnd) : nullptr;
     if (hwnd && (!window || window->IsChild())) {
+        return nullptr;
+    }
+    if (window && !AreJoined(*window->desktop, TheDesktop()) && DenyForeign(*window)) {
         return nullptr;
     }
     return Activate(window.get(), false) ? former : nullptr;
@@ -213,24 +225,34 @@ HWND WINAPI SetActiveWindow(HWND hwnd)
 
 HWND WINAPI GetForegroundWindow()
 {
-    return TheDesktop().elsewhere ? Root().handle : TheDesktop().active;
+    const TableLock lock;
+    const InputState& shared = *TheDesktop().shared;
+    const auto foreground = shared.active ? nullptr : Foreground().lock();
+    return shared.elsewhere ? Root().handle : foreground ? foreground->shared->active : shared.active;
 }
 
 BOOL WINAPI SetForegroundWindow(HWND hwnd)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
+    if (window && !AreJoined(*window->desktop, TheDesktop())) {
+        return Ask(*window->desktop, [hwnd]() -> LRESULT { return SetForegroundWindow(hwnd); }) != 0;
+    }
     return window && Activate(&TopLevelOf(*window), false);
 }
 
 HWND WINAPI GetCapture()
 {
-    return TheDesktop().capture;
+    const TableLock lock;
+    return TheDesktop().shared->capture;
 }
 
 HWND WINAPI SetCapture(HWND hwnd)
 {
-    const HWND former = TheDesktop().capture;
-    if (hwnd && !Find(hwnd)) {
+    const TableLock lock;
+    const HWND former = TheDesktop().shared->capture;
+    const WindowRef window = hwnd ? Find(hwnd) : nullptr;
+    if ((hwnd && !window) || (window && DenyForeign(*window))) {
         return nullptr;
     }
     SetCaptureTo(hwnd);
@@ -239,20 +261,25 @@ HWND WINAPI SetCapture(HWND hwnd)
 
 BOOL WINAPI ReleaseCapture()
 {
+    const TableLock lock;
     if (FaultFires("ReleaseCapture")) {
         return FALSE;
     }
     // The pointer may be over another window than the one that had all its moves.
-    TheDesktop().pointerStale = TheDesktop().capture != nullptr;
+    TheDesktop().pointerStale = TheDesktop().shared->capture != nullptr;
     SetCaptureTo(nullptr);
     return TRUE;
 }
 
 BOOL WINAPI EnableWindow(HWND hwnd, BOOL enable)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
+    }
+    if (IsForeign(*window)) {
+        return Ask(*window->desktop, [=]() -> LRESULT { return EnableWindow(hwnd, enable); }) != 0;
     }
     const bool wasDisabled = window->Has(WS_DISABLED);
     if (enable && wasDisabled) {
@@ -261,7 +288,7 @@ BOOL WINAPI EnableWindow(HWND hwnd, BOOL enable)
     } else if (!enable && !wasDisabled) {
         Send(*window, WM_CANCELMODE);
         window->style |= WS_DISABLED;
-        const WindowRef focus = Peek(TheDesktop().focus);
+        const WindowRef focus = Peek(TheDesktop().shared->focus);
         if (focus.get() == window.get()) {
             MoveFocus(nullptr); // a disabled window hears no keys
         }

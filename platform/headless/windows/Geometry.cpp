@@ -4,23 +4,50 @@
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
+
+#include <algorithm>
 
 namespace gesso::headless {
 namespace {
 
 // Children under the point first, each before what it lies in; disabled children are looked through.
-void Collect(const Window& parent, POINT point, std::vector<WindowRef>& found)
+void Collect(const std::vector<Window*>& windows, POINT point, std::vector<WindowRef>& found)
 {
-    for (Window* window : parent.children) {
+    for (Window* window : windows) {
         const bool passedOver = window->IsChild() && window->Has(WS_DISABLED);
         if (!window->Has(WS_VISIBLE) || passedOver || !PtInRect(&window->frame, point)) {
             continue;
         }
         if (PtInRect(&window->client, point)) {
-            Collect(*window, point, found);
+            Collect(window->children, point, found);
         }
         found.push_back(window->shared_from_this());
     }
+}
+
+// Puts the top-level windows of another thread behind those that are there, but before their owners.
+void PutBehind(const Desktop& other, std::vector<Window*>& windows)
+{
+    for (Window* window : other.root->children) {
+        const auto owner = std::find_if(windows.begin(), windows.end(),
+                                        [&](const Window* w) { return w->handle == window->owner; });
+        windows.insert(owner, window);
+    }
+}
+
+// What the user of this thread acts on: its windows, and those of the threads whose input is joined with its
+// own. A user whose thread never had a window acts on those of all.
+std::vector<Window*> TopLevelsInReach()
+{
+    const Desktop& mine = TheDesktop();
+    std::vector<Window*> windows = Root().children;
+    for (const auto& other : AllDesktops()) {
+        if (other.get() != &mine && (!mine.hadWindows || AreJoined(*other, mine))) {
+            PutBehind(*other, windows);
+        }
+    }
+    return windows;
 }
 
 } // namespace
@@ -52,19 +79,23 @@ RECT FrameWidths(DWORD style, DWORD exStyle, bool menu)
 WindowRef WindowAt(POINT point, LRESULT& hit)
 {
     std::vector<WindowRef> found;
-    Collect(Root(), point, found);
+    Collect(TopLevelsInReach(), point, found);
     for (const WindowRef& window : found) {
-        if (window->Has(WS_DISABLED)) {
-            hit = HTERROR;
-            return window;
-        }
-        hit = Send(*window, WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
+        hit = HitIn(*window, point);
         if (hit != HTTRANSPARENT && window->alive) {
             return window;
         }
     }
     hit = HTNOWHERE;
     return nullptr;
+}
+
+LRESULT HitIn(Window& window, POINT point)
+{
+    if (IsForeign(window)) {
+        return HTCLIENT; // its own thread asks it
+    }
+    return window.Has(WS_DISABLED) ? HTERROR : Send(window, WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
 }
 
 } // namespace gesso::headless
@@ -75,6 +106,7 @@ extern "C" {
 
 BOOL WINAPI GetWindowRect(HWND hwnd, LPRECT out)
 {
+    const TableLock lock;
     if (FaultFires("GetWindowRect")) {
         return FALSE;
     }
@@ -88,6 +120,7 @@ BOOL WINAPI GetWindowRect(HWND hwnd, LPRECT out)
 
 BOOL WINAPI GetClientRect(HWND hwnd, LPRECT out)
 {
+    const TableLock lock;
     if (FaultFires("GetClientRect")) {
         return FALSE;
     }
@@ -101,6 +134,7 @@ BOOL WINAPI GetClientRect(HWND hwnd, LPRECT out)
 
 int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
 {
+    const TableLock lock;
     if (FaultFires("MapWindowPoints")) {
         return 0;
     }
@@ -119,6 +153,7 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
 
 BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
 {
+    const TableLock lock;
     if (FaultFires("ClientToScreen")) {
         return FALSE;
     }
@@ -132,6 +167,7 @@ BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
 
 BOOL WINAPI ScreenToClient(HWND hwnd, LPPOINT point)
 {
+    const TableLock lock;
     if (FaultFires("ScreenToClient")) {
         return FALSE;
     }
@@ -158,6 +194,7 @@ BOOL WINAPI AdjustWindowRect(LPRECT r, DWORD style, BOOL menu)
 
 HWND WINAPI WindowFromPoint(POINT point)
 {
+    const TableLock lock;
     LRESULT hit = 0;
     const WindowRef window = WindowAt(point, hit);
     return window ? window->handle : Root().handle;

@@ -4,9 +4,11 @@
 #include "Keyboard.h"
 #include "Position.h"
 #include "Queue.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -18,7 +20,7 @@ constexpr UINT NON_CLIENT_OFFSET = UINT{WM_NCMOUSEMOVE} - UINT{WM_MOUSEMOVE};
 enum class Outcome
 {
     Message,
-    Dropped,
+    Dropped, // or another thread's
     NotWanted
 };
 
@@ -49,9 +51,19 @@ WPARAM HeldKeys()
     return held;
 }
 
+// Of a mouse event that the user of another thread meant for a window of this one.
+Target TargetOf(HWND hwnd, POINT point)
+{
+    Target target{Peek(hwnd), HTNOWHERE};
+    if (target.window) {
+        target.hit = HitIn(*target.window, point);
+    }
+    return target;
+}
+
 Target FindTarget(POINT point)
 {
-    if (WindowRef holder = Peek(TheDesktop().capture)) {
+    if (WindowRef holder = Peek(TheDesktop().shared->capture)) {
         return {holder, HTCLIENT, true};
     }
     Target target;
@@ -74,11 +86,43 @@ void EndTracking(const Target& target)
     }
 }
 
+// Gives an event to the queue of another thread, whose window it is for.
+void PassOn(InputEvent event, Desktop& to)
+{
+    const Desktop& mine = TheDesktop();
+    event.time = *to.clock;
+    to.pointer = event.point;
+    to.keysNow = mine.keysNow;
+    to.keyboardLast = mine.keyboardLast;
+    QueueInput(to, event);
+    Wake(to);
+}
+
+// The pointer of this thread's user is over a window of that thread, or no longer over one of another thread.
+void MovePointerTo(const std::shared_ptr<Desktop>& guest)
+{
+    const auto former = std::exchange(TheDesktop().pointerGuest, guest).lock();
+    if (former && former != guest) {
+        PassOn({WM_MOUSELEAVE, 0, TheDesktop().pointer, 0, false}, *former);
+    }
+}
+
+Outcome PassOnMouse(InputEvent event, const Target& target)
+{
+    EndTracking(target);
+    TheDesktop().pointerWindow = nullptr;
+    TheDesktop().pointerStale = false;
+    MovePointerTo(target.window->desktop);
+    event.to = target.window->handle;
+    PassOn(event, *target.window->desktop);
+    return Outcome::Dropped;
+}
+
 // Asks by WM_MOUSEACTIVATE whether the press activates the window. False if the press is eaten.
 bool ActivateByMouse(Window& window, LRESULT hit, UINT message)
 {
     const WindowRef top = TopLevelOf(window).shared_from_this();
-    if (window.handle == TheDesktop().active) {
+    if (window.handle == TheDesktop().shared->active) {
         return true;
     }
     const auto answer =
@@ -146,8 +190,12 @@ bool Announce(const Target& target, UINT message)
 Outcome TranslateMouse(const InputEvent& event, const Filter& filter, bool remove, MSG& message)
 {
     TheDesktop().messagePoint = event.point;
-    const Target target = FindTarget(event.point);
+    const Target target = event.to ? TargetOf(event.to, event.point) : FindTarget(event.point);
+    if (target.window && IsForeign(*target.window)) {
+        return PassOnMouse(event, target);
+    }
     if (remove) {
+        MovePointerTo(nullptr);
         EndTracking(target);
         TheDesktop().pointerWindow = target.window ? target.window->handle : nullptr;
         TheDesktop().pointerStale = false;
@@ -164,12 +212,22 @@ Outcome TranslateMouse(const InputEvent& event, const Filter& filter, bool remov
     return wanted ? Outcome::Message : Outcome::Dropped;
 }
 
-Outcome TranslateWheel(const InputEvent& event, const Filter& filter, MSG& message)
+HWND FocusOf(const InputState& input)
 {
-    const HWND focus = TheDesktop().focus ? TheDesktop().focus : TheDesktop().active;
-    if (!focus) {
-        return Outcome::Dropped;
-    }
+    return input.focus ? input.focus : input.active;
+}
+
+// Where the keys of the user go. With a thread that never had a window the user's are those in the
+// foreground.
+HWND FocusOfUser()
+{
+    const auto foreground = TheDesktop().hadWindows ? nullptr : Foreground().lock();
+    const HWND own = FocusOf(*TheDesktop().shared);
+    return own || !foreground ? own : FocusOf(*foreground->shared);
+}
+
+Outcome TranslateWheel(const InputEvent& event, HWND focus, const Filter& filter, MSG& message)
+{
     message = {focus,
                WM_MOUSEWHEEL,
                MAKEWPARAM(HeldKeys(), event.wParam),
@@ -187,11 +245,30 @@ Outcome TranslateKey(const InputEvent& event, const Filter& filter, MSG& message
     return filter.Takes(message.hwnd, message.message) ? Outcome::Message : Outcome::NotWanted;
 }
 
+Outcome TranslateFocused(const InputEvent& event, const Filter& filter, MSG& message)
+{
+    const HWND focus = FocusOfUser();
+    const WindowRef window = Peek(focus);
+    if (!focus) {
+        return Outcome::Dropped;
+    }
+    if (window && IsForeign(*window)) {
+        PassOn(event, *window->desktop);
+        return Outcome::Dropped;
+    }
+    return event.message == WM_KEYDOWN ? TranslateKey(event, filter, message)
+                                       : TranslateWheel(event, focus, filter, message);
+}
+
 Outcome Translate(const InputEvent& event, const Filter& filter, bool remove, MSG& message)
 {
     switch (event.message) {
-    case WM_KEYDOWN: return TranslateKey(event, filter, message);
-    case WM_MOUSEWHEEL: return TranslateWheel(event, filter, message);
+    case WM_KEYDOWN:
+    case WM_MOUSEWHEEL: return TranslateFocused(event, filter, message);
+    case WM_MOUSELEAVE:
+        EndTracking({});
+        TheDesktop().pointerWindow = nullptr;
+        return Outcome::Dropped;
     default: return TranslateMouse(event, filter, remove, message);
     }
 }
@@ -206,8 +283,9 @@ void MoveStalePointer()
     desktop.pointerStale = false;
     const Target target = FindTarget(desktop.pointer);
     const HWND now = target.window ? target.window->handle : nullptr;
-    if (now != desktop.pointerWindow) {
-        QueueInput({WM_MOUSEMOVE, 0, desktop.pointer, Now(), false});
+    const bool own = !target.window || !IsForeign(*target.window);
+    if (own && now != desktop.pointerWindow) {
+        QueueInput(desktop, {WM_MOUSEMOVE, 0, desktop.pointer, Now(), false});
     }
 }
 
@@ -237,10 +315,17 @@ void Settle(uint64_t serial, bool remove)
 
 } // namespace
 
-void QueueInput(InputEvent event)
+void QueueInput(Desktop& desktop, InputEvent event)
 {
-    event.serial = ++TheDesktop().lastInput;
-    TheDesktop().input.push_back(event);
+    auto& input = desktop.input;
+    const bool moves =
+        event.message == WM_MOUSEMOVE && !input.empty() && input.back().message == WM_MOUSEMOVE;
+    if (moves && input.back().to == event.to && !input.back().inWork) {
+        input.pop_back();
+    }
+    event.serial = ++desktop.lastInput;
+    event.inWork = false;
+    input.push_back(event);
 }
 
 bool TakeInput(const Filter& filter, bool remove, MSG& message)
@@ -271,6 +356,7 @@ extern "C" {
 
 BOOL WINAPI TrackMouseEvent(LPTRACKMOUSEEVENT request)
 {
+    const TableLock lock;
     if (FaultFires("TrackMouseEvent")) {
         return FALSE;
     }
@@ -281,7 +367,8 @@ BOOL WINAPI TrackMouseEvent(LPTRACKMOUSEEVENT request)
             desktop.tracking.hwnd ? TME_LEAVE | (desktop.tracking.nonClient ? TME_NONCLIENT : 0U) : 0U;
         return TRUE;
     }
-    if (!Find(request->hwndTrack)) {
+    const WindowRef window = Find(request->hwndTrack);
+    if (!window || DenyForeign(*window)) {
         return FALSE;
     }
     if (!(request->dwFlags & TME_LEAVE)) {
@@ -310,6 +397,7 @@ UINT WINAPI GetDoubleClickTime()
 
 BOOL WINAPI GetCursorPos(LPPOINT point)
 {
+    const TableLock lock;
     if (FaultFires("GetCursorPos")) {
         return FALSE;
     }

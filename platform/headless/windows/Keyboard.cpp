@@ -2,6 +2,8 @@
 #include "Input.h"
 #include "Queue.h"
 
+#include "../core/TableLock.h"
+
 namespace gesso::headless {
 namespace {
 
@@ -174,13 +176,13 @@ void SeeKeys(const InputEvent& event, bool remove)
 bool KeyMessage(const InputEvent& event, MSG& message)
 {
     Desktop& desktop = TheDesktop();
-    const HWND hwnd = desktop.focus ? desktop.focus : desktop.active;
+    const HWND hwnd = desktop.shared->focus ? desktop.shared->focus : desktop.shared->active;
     if (!hwnd) {
         return false;
     }
     const UINT vk = LOWORD(event.wParam);
     const bool alt = Holds(VK_MENU) || SharedKey(vk) == VK_MENU;
-    const bool system = !desktop.focus || vk == VK_F10 || (alt && !Holds(VK_CONTROL));
+    const bool system = !desktop.shared->focus || vk == VK_F10 || (alt && !Holds(VK_CONTROL));
     UINT kind = system ? WM_SYSKEYDOWN : WM_KEYDOWN;
     LPARAM lParam = 1 | (IsExtended(vk) ? EXTENDED_BIT : 0) | (alt ? CONTEXT_BIT : 0);
     if (event.released) {
@@ -235,6 +237,7 @@ extern "C" {
 
 BOOL WINAPI TranslateMessage(const MSG* message)
 {
+    const TableLock lock;
     const bool system = message->message == WM_SYSKEYDOWN;
     if (message->message != WM_KEYDOWN && !system) {
         return message->message == WM_KEYUP || message->message == WM_SYSKEYUP;
@@ -247,24 +250,28 @@ BOOL WINAPI TranslateMessage(const MSG* message)
 
 SHORT WINAPI GetKeyState(int vk)
 {
+    const TableLock lock;
     const BYTE state = TheDesktop().keysSeen[static_cast<size_t>(vk & 0xFF)];
     return static_cast<SHORT>(((state & DOWN) ? 0xFF80 : 0) | (state & TOGGLED));
 }
 
 SHORT WINAPI GetAsyncKeyState(int vk)
 {
+    const TableLock lock;
     const BYTE state = TheDesktop().keysNow[static_cast<size_t>(vk & 0xFF)];
     return static_cast<SHORT>((state & DOWN) ? 0x8000 : 0);
 }
 
 BOOL WINAPI GetKeyboardState(PBYTE states)
 {
+    const TableLock lock;
     std::memcpy(states, TheDesktop().keysSeen.data(), TheDesktop().keysSeen.size());
     return TRUE;
 }
 
 BOOL WINAPI SetKeyboardState(LPBYTE states)
 {
+    const TableLock lock;
     std::memcpy(TheDesktop().keysSeen.data(), states, TheDesktop().keysSeen.size());
     return TRUE;
 }

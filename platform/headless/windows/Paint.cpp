@@ -1,8 +1,10 @@
 #include "Paint.h"
 #include "Queue.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../gdi/DeviceContext.h"
 #include "../gdi/Objects.h"
 
@@ -119,8 +121,9 @@ Window* FirstToPaint(Window& window, const Filter& filter)
     if (!window.Has(WS_VISIBLE)) {
         return nullptr;
     }
-    if (&window != &Root() && NeedsPaint(window) && !IsGivenUp(window) &&
-        filter.Takes(window.handle, WM_PAINT)) {
+    if (window.desktop.get() == &TheDesktop() && NeedsPaint(window) && !IsGivenUp(window) &&
+        filter.Takes(window.handle, WM_PAINT))
+    {
         return &window;
     }
     for (Window* child : window.children) {
@@ -131,6 +134,18 @@ Window* FirstToPaint(Window& window, const Filter& filter)
     return nullptr;
 }
 
+// The first window of this thread: in its own top-level windows, or within those of other threads.
+Window* FirstToPaint(const Filter& filter)
+{
+    Window* found = FirstToPaint(Root(), filter);
+    for (const auto& desktop : AllDesktops()) {
+        if (!found && desktop->root.get() != &Root()) {
+            found = FirstToPaint(*desktop->root, filter);
+        }
+    }
+    return found;
+}
+
 void PaintNow(Window& window, bool children)
 {
     if (window.alive && IsShown(window) && NeedsPaint(window)) {
@@ -138,7 +153,9 @@ void PaintNow(Window& window, bool children)
     }
     if (window.alive && children) {
         for (const WindowRef& child : VisibleChildren(window)) {
-            PaintNow(*child, true);
+            if (!IsForeign(*child)) { // whose thread paints in its own time
+                PaintNow(*child, true);
+            }
         }
     }
 }
@@ -189,6 +206,9 @@ void Invalidate(Window& window, Area area, UINT flags)
     window.frameInvalid = window.frameInvalid || (flags & RDW_FRAME);
     window.eraseInvalid = window.eraseInvalid || ((flags & RDW_ERASE) && !area.IsEmpty());
     window.invalid.Add(area);
+    if (IsForeign(window)) {
+        Wake(*window.desktop);
+    }
 }
 
 void InvalidateWhole(Window& window, UINT flags)
@@ -199,8 +219,11 @@ void InvalidateWhole(Window& window, UINT flags)
 void EraseNow(Window& window)
 {
     const WindowRef keep = window.shared_from_this();
-    PaintFrame(window);
-    if (window.alive && window.eraseInvalid && !window.invalid.IsEmpty()) {
+    const bool own = !IsForeign(window);
+    if (own) {
+        PaintFrame(window);
+    }
+    if (own && window.alive && window.eraseInvalid && !window.invalid.IsEmpty()) {
         const HDC hdc = ContextClippedTo(window, window.invalid);
         const bool open = PaintBackground(window, hdc);
         window.eraseInvalid = open;
@@ -215,7 +238,7 @@ void EraseNow(Window& window)
 
 void Uncover(Window& window, const RECT& screen)
 {
-    if (!window.parent || window.parent == &Root()) {
+    if (!window.parent || IsRoot(window.parent)) {
         return;
     }
     Area area(screen);
@@ -228,14 +251,14 @@ void Uncover(Window& window, const RECT& screen)
 
 void RetryPaints()
 {
-    for (const auto& [handle, window] : TheDesktop().windows) {
-        window->failedPaints = 0;
+    for (const auto& [handle, window] : Windows()) {
+        window->failedPaints = IsForeign(*window) ? window->failedPaints : 0;
     }
 }
 
 bool TakePaint(const Filter& filter, MSG& message)
 {
-    const Window* window = FirstToPaint(Root(), filter);
+    const Window* window = FirstToPaint(filter);
     if (!window) {
         return false;
     }
@@ -273,11 +296,13 @@ extern "C" {
 
 BOOL WINAPI RedrawWindow(HWND hwnd, const RECT* rect, HRGN region, UINT flags)
 {
+    const TableLock lock;
     return FaultFires("RedrawWindow") ? FALSE : Redraw(hwnd, rect, region, flags);
 }
 
 BOOL WINAPI InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase)
 {
+    const TableLock lock;
     if (FaultFires("InvalidateRect")) {
         return FALSE;
     }
@@ -286,21 +311,25 @@ BOOL WINAPI InvalidateRect(HWND hwnd, const RECT* rect, BOOL erase)
 
 BOOL WINAPI InvalidateRgn(HWND hwnd, HRGN region, BOOL erase)
 {
+    const TableLock lock;
     return Redraw(hwnd, nullptr, region, RDW_INVALIDATE | (erase ? RDW_ERASE : 0U));
 }
 
 BOOL WINAPI ValidateRect(HWND hwnd, const RECT* rect)
 {
+    const TableLock lock;
     return Redraw(hwnd, rect, nullptr, RDW_VALIDATE | (rect ? 0U : UINT{RDW_NOFRAME}));
 }
 
 BOOL WINAPI UpdateWindow(HWND hwnd)
 {
+    const TableLock lock;
     return hwnd && Redraw(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 BOOL WINAPI GetUpdateRect(HWND hwnd, LPRECT out, BOOL erase)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
@@ -316,6 +345,7 @@ BOOL WINAPI GetUpdateRect(HWND hwnd, LPRECT out, BOOL erase)
 
 int WINAPI GetUpdateRgn(HWND hwnd, HRGN region, BOOL erase)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return ERROR;
@@ -332,6 +362,7 @@ int WINAPI GetUpdateRgn(HWND hwnd, HRGN region, BOOL erase)
 
 HDC WINAPI BeginPaint(HWND hwnd, LPPAINTSTRUCT paint)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return nullptr;
@@ -358,6 +389,7 @@ HDC WINAPI BeginPaint(HWND hwnd, LPPAINTSTRUCT paint)
 
 BOOL WINAPI EndPaint(HWND hwnd, const PAINTSTRUCT* paint)
 {
+    const TableLock lock;
     const CallsBy platform(Caller::Platform);
     if (paint->hdc) {
         DeleteWindowContext(paint->hdc);
@@ -370,6 +402,7 @@ BOOL WINAPI EndPaint(HWND hwnd, const PAINTSTRUCT* paint)
 
 HDC WINAPI GetDCEx(HWND hwnd, HRGN region, DWORD flags)
 {
+    const TableLock lock;
     const WindowRef window = hwnd ? Find(hwnd) : TheDesktop().root;
     if (!window) {
         return nullptr;
@@ -396,6 +429,7 @@ HDC WINAPI GetWindowDC(HWND hwnd)
 
 int WINAPI ReleaseDC(HWND, HDC hdc)
 {
+    const TableLock lock;
     if (FaultFires("ReleaseDC")) {
         return 0;
     }

@@ -1,9 +1,11 @@
 #include "Position.h"
 #include "Focus.h"
 #include "Paint.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 #include <climits>
@@ -213,7 +215,7 @@ void EraseChanges(Window& window, UINT flags)
     if (flags & SWP_NOREDRAW) {
         return;
     }
-    if (window.parent != &Root()) {
+    if (!IsRoot(window.parent)) {
         EraseNow(*window.parent);
     } else if (window.Has(WS_VISIBLE)) {
         EraseNow(window);
@@ -296,10 +298,10 @@ UINT ShowFlags(const Window& window, int command)
 void LeaveHidden(Window& window)
 {
     const CallsBy platform(Caller::Platform);
-    if (TheDesktop().active == window.handle) {
+    if (TheDesktop().shared->active == window.handle) {
         ActivateNext(window);
-    } else if (window.IsChild() && TheDesktop().focus == window.handle) {
-        SetFocus(window.parent == &Root() ? nullptr : window.parent->handle);
+    } else if (window.IsChild() && TheDesktop().shared->focus == window.handle) {
+        SetFocus(IsRoot(window.parent) ? nullptr : window.parent->handle);
     }
 }
 
@@ -342,8 +344,12 @@ void RaiseToTop(Window& window)
 BOOL Reposition(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
 {
     const WindowRef window = Find(hwnd);
-    if (!window || window.get() == &Root()) {
+    if (!window || IsRoot(window.get())) {
         return FALSE;
+    }
+    if (IsForeign(*window)) {
+        return Ask(*window->desktop,
+                   [=]() -> LRESULT { return Reposition(hwnd, after, x, y, cx, cy, flags); }) != 0;
     }
     WINDOWPOS pos = Bounded({hwnd, after, x, y, cx, cy, flags});
     if (!(flags & SWP_NOSENDCHANGING)) {
@@ -370,11 +376,13 @@ extern "C" {
 
 BOOL WINAPI SetWindowPos(HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
 {
+    const TableLock lock;
     return FaultFires("SetWindowPos") ? FALSE : Reposition(hwnd, after, x, y, cx, cy, flags);
 }
 
 BOOL WINAPI MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint)
 {
+    const TableLock lock;
     if (FaultFires("MoveWindow")) {
         return FALSE;
     }
@@ -384,9 +392,13 @@ BOOL WINAPI MoveWindow(HWND hwnd, int x, int y, int cx, int cy, BOOL repaint)
 
 BOOL WINAPI ShowWindow(HWND hwnd, int command)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
+    }
+    if (IsForeign(*window)) {
+        return Ask(*window->desktop, [=]() -> LRESULT { return ShowWindow(hwnd, command); }) != 0;
     }
     const bool wasVisible = window->Has(WS_VISIBLE);
     const bool show = command != SW_HIDE;
@@ -408,6 +420,7 @@ BOOL WINAPI ShowWindow(HWND hwnd, int command)
 
 BOOL WINAPI BringWindowToTop(HWND hwnd)
 {
+    const TableLock lock;
     return Reposition(hwnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
@@ -421,6 +434,7 @@ HDWP WINAPI BeginDeferWindowPos(int)
 
 HDWP WINAPI DeferWindowPos(HDWP batch, HWND hwnd, HWND after, int x, int y, int cx, int cy, UINT flags)
 {
+    const TableLock lock;
     auto* moves = static_cast<std::vector<WINDOWPOS>*>(batch);
     if (!moves || !Find(hwnd)) {
         delete moves;
@@ -432,6 +446,7 @@ HDWP WINAPI DeferWindowPos(HDWP batch, HWND hwnd, HWND after, int x, int y, int 
 
 BOOL WINAPI EndDeferWindowPos(HDWP batch)
 {
+    const TableLock lock;
     const std::unique_ptr<std::vector<WINDOWPOS>> moves(static_cast<std::vector<WINDOWPOS>*>(batch));
     if (!moves) {
         return FALSE;

@@ -17,5 +17,7 @@ RECT FrameWidths(DWORD style, DWORD exStyle, bool menu);
 
 // The window under a point of the screen, and what its WM_NCHITTEST says of it; null for the bare desktop.
 WindowRef WindowAt(POINT point, LRESULT& hit);
+// What a window says to that point; HTERROR where it is disabled, HTCLIENT for another thread's.
+LRESULT HitIn(Window& window, POINT point);
 
 } // namespace gesso::headless

@@ -1,7 +1,9 @@
 #include "Queue.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -42,6 +44,7 @@ bool TakeQuit(bool remove, MSG& message)
 // The next message in the platform's order of kinds.
 bool Take(const Filter& filter, bool remove, bool takeQuit, MSG& message)
 {
+    Serve();
     return TakePosted(filter, remove, message) || (takeQuit && TakeQuit(remove, message)) ||
            TakeInput(filter, remove, message) ||
            // Input that found no window may yet have told a window that the pointer left it.
@@ -110,8 +113,15 @@ bool Filter::Takes(HWND window, UINT message) const
 
 void Post(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    TheDesktop().posted.push_back(
-        {hwnd, message, wParam, lParam, static_cast<DWORD>(Now()), TheDesktop().pointer});
+    const WindowRef window = Peek(hwnd);
+    PostTo(window && window->desktop ? *window->desktop : TheDesktop(), hwnd, message, wParam, lParam);
+}
+
+void PostTo(Desktop& desktop, HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto time = static_cast<DWORD>(*desktop.clock);
+    desktop.posted.push_back({hwnd, message, wParam, lParam, time, desktop.pointer});
+    Wake(desktop);
 }
 
 void DispatchPending()
@@ -128,6 +138,7 @@ bool RunIdleAction()
     const auto action = std::move(actions.front());
     actions.pop_front();
     RetryPaints();
+    const TableUnlock unlock;
     action();
     return true;
 }
@@ -135,7 +146,7 @@ bool RunIdleAction()
 bool WaitForMessage(const Filter& filter, MSG& message)
 {
     while (!TakeAndNote(filter, true, true, message)) {
-        if (!RunIdleAction()) {
+        if (!RunIdleAction() && !WaitForOthers(true)) {
             TheDesktop().deadlocked = true;
             message = {nullptr, WM_QUIT, 0, 0, static_cast<DWORD>(Now()), TheDesktop().pointer};
             return false;
@@ -144,28 +155,32 @@ bool WaitForMessage(const Filter& filter, MSG& message)
     return message.message != WM_QUIT;
 }
 
-void ForgetMessages(HWND hwnd)
+void ForgetMessages(const Window& window)
 {
-    std::erase_if(TheDesktop().posted, [&](const MSG& message) { return message.hwnd == hwnd; });
+    std::erase_if(window.desktop->posted, [&](const MSG& message) { return message.hwnd == window.handle; });
 }
 
 bool Pump()
 {
+    const TableLock lock;
     return DispatchAll(nullptr, true);
 }
 
 bool Pump(HWND dialog)
 {
+    const TableLock lock;
     return DispatchAll(dialog, true);
 }
 
 void WhenIdle(std::function<void()> action)
 {
+    const TableLock lock;
     TheDesktop().idleActions.push_back(std::move(action));
 }
 
 bool Deadlocked()
 {
+    const TableLock lock;
     return TheDesktop().deadlocked;
 }
 
@@ -177,6 +192,7 @@ extern "C" {
 
 BOOL WINAPI PostMessageW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const TableLock lock;
     if (FaultFires("PostMessageW") || (hwnd && !Find(hwnd))) {
         return FALSE;
     }
@@ -184,18 +200,33 @@ BOOL WINAPI PostMessageW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     return TRUE;
 }
 
+BOOL WINAPI PostThreadMessageW(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const TableLock lock;
+    const auto desktop = DesktopOf(thread);
+    if (!desktop) {
+        SetLastError(ERROR_INVALID_THREAD_ID);
+        return FALSE;
+    }
+    PostTo(*desktop, nullptr, message, wParam, lParam);
+    return TRUE;
+}
+
 void WINAPI PostQuitMessage(int code)
 {
+    const TableLock lock;
     TheDesktop().quit = code;
 }
 
 BOOL WINAPI PeekMessageW(LPMSG message, HWND hwnd, UINT first, UINT last, UINT flags)
 {
+    const TableLock lock;
     return TakeAndNote({hwnd, first, last}, (flags & PM_REMOVE) != 0, true, *message);
 }
 
 BOOL WINAPI GetMessageW(LPMSG message, HWND hwnd, UINT first, UINT last)
 {
+    const TableLock lock;
     if (FaultFires("GetMessageW")) {
         return -1;
     }
@@ -207,9 +238,10 @@ BOOL WINAPI GetMessageW(LPMSG message, HWND hwnd, UINT first, UINT last)
 
 BOOL WINAPI WaitMessage()
 {
+    const TableLock lock;
     MSG message{};
     while (!Take({}, false, true, message)) {
-        if (!RunIdleAction()) {
+        if (!RunIdleAction() && !WaitForOthers(true)) {
             TheDesktop().deadlocked = true;
             PostQuitMessage(0);
         }
@@ -219,24 +251,31 @@ BOOL WINAPI WaitMessage()
 
 LRESULT WINAPI DispatchMessageW(const MSG* message)
 {
+    const TableLock lock;
     if (message->message == WM_TIMER && message->lParam) {
         const auto procedure = reinterpret_cast<TIMERPROC>(message->lParam);
+        const auto time = static_cast<DWORD>(Now());
         const CallsBy program(Caller::Program);
-        procedure(message->hwnd, WM_TIMER, message->wParam, static_cast<DWORD>(Now()));
+        const TableUnlock unlock;
+        procedure(message->hwnd, WM_TIMER, message->wParam, time);
         return 0;
     }
     const WindowRef window = message->hwnd ? Find(message->hwnd) : nullptr;
-    return window ? Deliver(*window, message->message, message->wParam, message->lParam) : 0;
+    return window && !IsForeign(*window)
+               ? Deliver(*window, message->message, message->wParam, message->lParam)
+               : 0;
 }
 
 DWORD WINAPI GetMessagePos()
 {
+    const TableLock lock;
     const POINT p = TheDesktop().messagePoint;
     return static_cast<DWORD>(MAKELONG(p.x, p.y));
 }
 
 LONG WINAPI GetMessageTime()
 {
+    const TableLock lock;
     return static_cast<LONG>(TheDesktop().messageTime);
 }
 }

@@ -2,6 +2,7 @@
 #include "Desktop.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 namespace gesso::headless {
 namespace {
@@ -17,16 +18,19 @@ extern "C" {
 
 HCURSOR WINAPI SetCursor(HCURSOR cursor)
 {
+    const TableLock lock;
     return std::exchange(TheDesktop().cursor, cursor);
 }
 
 HCURSOR WINAPI GetCursor()
 {
+    const TableLock lock;
     return TheDesktop().cursor;
 }
 
 int WINAPI ShowCursor(BOOL show)
 {
+    const TableLock lock;
     return TheDesktop().cursorShown += show ? 1 : -1;
 }
 
@@ -40,11 +44,13 @@ HMONITOR WINAPI MonitorFromWindow(HWND, DWORD)
 
 HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags)
 {
+    const TableLock lock;
     return flags != MONITOR_DEFAULTTONULL || PtInRect(&Root().frame, point) ? MONITOR : nullptr;
 }
 
 BOOL WINAPI GetMonitorInfoW(HMONITOR monitor, LPMONITORINFO info)
 {
+    const TableLock lock;
     if (monitor != MONITOR || FaultFires("GetMonitorInfoW")) {
         SetLastError(ERROR_INVALID_MONITOR_HANDLE);
         return FALSE;

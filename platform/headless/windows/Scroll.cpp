@@ -3,6 +3,7 @@
 #include "Position.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 #include <climits>
@@ -91,6 +92,7 @@ extern "C" {
 
 int WINAPI SetScrollInfo(HWND hwnd, int bar, const SCROLLINFO* info, BOOL)
 {
+    const TableLock lock;
     if (FaultFires("SetScrollInfo")) {
         return 0;
     }
@@ -107,6 +109,7 @@ int WINAPI SetScrollInfo(HWND hwnd, int bar, const SCROLLINFO* info, BOOL)
 
 BOOL WINAPI GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 {
+    const TableLock lock;
     if (FaultFires("GetScrollInfo")) {
         return FALSE;
     }
@@ -134,6 +137,7 @@ BOOL WINAPI GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 
 int WINAPI SetScrollPos(HWND hwnd, int bar, int position, BOOL redraw)
 {
+    const TableLock lock;
     if (FaultFires("SetScrollPos")) {
         return 0;
     }
@@ -151,6 +155,7 @@ int WINAPI SetScrollPos(HWND hwnd, int bar, int position, BOOL redraw)
 
 int WINAPI GetScrollPos(HWND hwnd, int bar)
 {
+    const TableLock lock;
     if (FaultFires("GetScrollPos")) {
         return 0;
     }
@@ -161,6 +166,7 @@ int WINAPI GetScrollPos(HWND hwnd, int bar)
 
 BOOL WINAPI ShowScrollBar(HWND hwnd, int bar, BOOL show)
 {
+    const TableLock lock;
     if (FaultFires("ShowScrollBar")) {
         return FALSE;
     }

@@ -5,9 +5,11 @@
 
 namespace gesso::headless {
 
-// Calls the window's procedure; 0 for a window that is gone.
+// Calls the window's procedure, on the thread of the window; 0 for a window that is gone.
 LRESULT Send(Window& window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-// The same for a message that came through the queue.
+// The same without waiting for another thread.
+void Notify(Window& window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+// Calls the procedure for a message that came through the queue.
 LRESULT Deliver(Window& window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Tells the ancestors of a child by WM_PARENTNOTIFY that it comes or goes.

@@ -4,6 +4,7 @@
 
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -31,24 +32,16 @@ Timer* FirstDue(const Filter& filter)
 
 } // namespace
 
-void KillTimersOf(HWND hwnd)
+void KillTimersOf(const Window& window)
 {
-    const CallsBy platform(Caller::Platform);
-    auto& timers = TheDesktop().timers;
-    for (;;) {
-        const auto found =
-            std::find_if(timers.begin(), timers.end(), [&](const Timer& t) { return t.hwnd == hwnd; });
-        if (found == timers.end()) {
-            return;
-        }
-        KillTimer(hwnd, found->id);
-    }
+    window.desktop->timers.remove_if(
+        [&](const Timer& timer) { return timer.hwnd == window.handle && Untrack(Kind::Timer, &timer); });
 }
 
-std::optional<uint64_t> NextDue()
+std::optional<uint64_t> NextDue(const Desktop& desktop)
 {
     std::optional<uint64_t> next;
-    for (const Timer& timer : TheDesktop().timers) {
+    for (const Timer& timer : desktop.timers) {
         next = next ? std::min(*next, timer.due) : timer.due;
     }
     return next;
@@ -80,7 +73,12 @@ extern "C" {
 
 UINT_PTR WINAPI SetTimer(HWND hwnd, UINT_PTR id, UINT period, TIMERPROC procedure)
 {
-    if (FaultFires("SetTimer") || (hwnd && !Find(hwnd))) {
+    const TableLock lock;
+    if (FaultFires("SetTimer")) {
+        return 0;
+    }
+    const WindowRef window = hwnd ? Find(hwnd) : nullptr;
+    if ((hwnd && !window) || (window && DenyForeign(*window))) {
         return 0;
     }
     auto& timers = TheDesktop().timers;
@@ -99,6 +97,7 @@ UINT_PTR WINAPI SetTimer(HWND hwnd, UINT_PTR id, UINT period, TIMERPROC procedur
 
 BOOL WINAPI KillTimer(HWND hwnd, UINT_PTR id)
 {
+    const TableLock lock;
     if (FaultFires("KillTimer")) {
         return FALSE;
     }

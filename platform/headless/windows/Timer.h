@@ -5,8 +5,8 @@
 
 namespace gesso::headless {
 
-void KillTimersOf(HWND hwnd);
-// When the next timer falls due; nothing if there is no timer.
-std::optional<uint64_t> NextDue();
+void KillTimersOf(const Window& window);
+// When the next timer of a thread falls due; nothing if it has no timer.
+std::optional<uint64_t> NextDue(const Desktop& desktop);
 
 } // namespace gesso::headless

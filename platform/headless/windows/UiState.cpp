@@ -30,7 +30,7 @@ void OnChange(Window& window, WPARAM change)
     if (Applied(window.uiState, wanted) == window.uiState) {
         return;
     }
-    if (window.IsChild() && window.parent != &Root()) {
+    if (window.IsChild() && !IsRoot(window.parent)) {
         Send(*window.parent, WM_CHANGEUISTATE, wanted);
     } else {
         Send(window, WM_UPDATEUISTATE, wanted);

@@ -1,15 +1,18 @@
 // Windows come and go.
+#include "Window.h"
 #include "Class.h"
 #include "Desktop.h"
 #include "Focus.h"
 #include "Paint.h"
 #include "Position.h"
 #include "Queue.h"
+#include "Requests.h"
 #include "Send.h"
 #include "Timer.h"
 
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 #include "../gdi/DeviceContext.h"
 
 #include <algorithm>
@@ -84,6 +87,8 @@ WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Wind
 {
     auto window = std::make_shared<Window>();
     window->handle = NextHandle();
+    window->desktop = TheDesktopRef();
+    window->desktop->hadWindows = true;
     window->windowClass = &windowClass;
     window->procedure = windowClass.data.lpfnWndProc;
     window->style = static_cast<DWORD>(create.style) & ~static_cast<DWORD>(WS_VISIBLE);
@@ -105,7 +110,10 @@ WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Wind
     window->client = window->frame;
     std::atomic_ref(windowClass.windows).fetch_add(1);
     Track(Kind::Window, window->handle);
-    TheDesktop().windows.emplace(window->handle, window);
+    Windows().emplace(window->handle, window);
+    if (parentOrOwner && IsForeign(*parentOrOwner)) {
+        JoinInput(*parentOrOwner->desktop, TheDesktop());
+    }
     return window;
 }
 
@@ -130,11 +138,10 @@ void ApplyMinMaxInfo(Window& window, CREATESTRUCTW& create)
 
 void Release(Window& window)
 {
-    Desktop& desktop = TheDesktop();
     ForgetFocus(window);
-    ForgetMessages(window.handle);
-    KillTimersOf(window.handle);
-    std::erase_if(desktop.windows, [&](const auto& entry) { return entry.second.get() == &window; });
+    ForgetMessages(window);
+    KillTimersOf(window);
+    Windows().erase(window.handle);
     Unlink(window);
     ForgetDrawing(window.handle);
     std::atomic_ref(window.windowClass->windows).fetch_sub(1);
@@ -178,11 +185,8 @@ std::vector<WindowRef> ChildrenOf(const Window& window)
 // The parent hears WM_DESTROY before its children do.
 void SendDestroy(Window& window)
 {
-    if (TheDesktop().caret.hwnd == window.handle) {
-        const CallsBy platform(Caller::Platform);
-        DestroyCaret();
-    }
-    if (TheDesktop().active == window.handle) {
+    EndCaretOf(window);
+    if (window.desktop->shared->active == window.handle) {
         ActivateNext(window);
     }
     Send(window, WM_DESTROY);
@@ -197,10 +201,15 @@ void SendDestroy(Window& window)
 void DestroyOwned(const Window& owner)
 {
     const CallsBy platform(Caller::Platform);
-    for (const HWND top : TopLevelWindows()) {
+    for (const HWND top : OwnTopLevels()) {
         const WindowRef window = Peek(top);
         if (window && window->owner == owner.handle) {
             DestroyWindow(top);
+        }
+    }
+    for (const auto& [handle, window] : Windows()) {
+        if (window->owner == owner.handle && IsForeign(*window)) {
+            window->owner = nullptr; // another thread's goes on without an owner
         }
     }
 }
@@ -287,7 +296,7 @@ HWND Create(CREATESTRUCTW& create)
     create.style = static_cast<LONG>(CompletedStyle(static_cast<DWORD>(create.style)));
     create.dwExStyle = CompletedExStyle(create.dwExStyle, static_cast<DWORD>(create.style));
     ReplaceDefaults(create);
-    Window* above = parent.get() == &Root() ? nullptr : parent.get();
+    Window* above = IsRoot(parent.get()) ? nullptr : parent.get();
     const WindowRef window = MakeWindow(create, *windowClass, above);
     if (!Introduce(*window, create)) {
         return nullptr;
@@ -299,7 +308,37 @@ HWND Create(CREATESTRUCTW& create)
     return window->alive ? window->handle : nullptr;
 }
 
+// Another thread's child of a window that goes: hidden at once, and for that thread to destroy.
+void Orphan(Window& child)
+{
+    Unlink(child);
+    child.style &= ~static_cast<DWORD>(WS_VISIBLE);
+    child.parent = child.desktop->root.get();
+    child.parent->children.push_back(&child);
+    Tell(*child.desktop, [hwnd = child.handle]() -> LRESULT {
+        const CallsBy platform(Caller::Platform);
+        return DestroyWindow(hwnd);
+    });
+}
+
 } // namespace
+
+void Abandon(Window& window)
+{
+    const CallsBy platform(Caller::Platform);
+    for (const WindowRef& child : ChildrenOf(window)) {
+        if (child->desktop != window.desktop) {
+            Orphan(*child);
+        }
+    }
+    Uncover(window, window.frame);
+    EndCaretOf(window);
+    if (window.dialog && window.dialog->font) {
+        DeleteObject(window.dialog->font);
+    }
+    Release(window);
+}
+
 } // namespace gesso::headless
 
 using namespace gesso::headless;
@@ -309,6 +348,7 @@ extern "C" {
 HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x, int y, int cx,
                             int cy, HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param)
 {
+    const TableLock lock;
     if (FaultFires("CreateWindowExW")) {
         return nullptr;
     }
@@ -319,11 +359,12 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWOR
 
 BOOL WINAPI DestroyWindow(HWND hwnd)
 {
+    const TableLock lock;
     if (FaultFires("DestroyWindow")) {
         return FALSE;
     }
     const WindowRef window = Find(hwnd);
-    if (!window || window.get() == &Root()) {
+    if (!window || IsRoot(window.get()) || DenyForeign(*window)) {
         return FALSE;
     }
     if (window->beingDestroyed) {
@@ -348,8 +389,19 @@ BOOL WINAPI DestroyWindow(HWND hwnd)
     return TRUE;
 }
 
+DWORD WINAPI GetWindowThreadProcessId(HWND hwnd, LPDWORD process)
+{
+    const TableLock lock;
+    const WindowRef window = Find(hwnd);
+    if (window && process) {
+        *process = GetCurrentProcessId();
+    }
+    return window && window->desktop ? window->desktop->thread : 0;
+}
+
 BOOL WINAPI IsWindow(HWND hwnd)
 {
+    const TableLock lock;
     return Peek(hwnd) != nullptr;
 }
 }

@@ -2,9 +2,11 @@
 #include "Desktop.h"
 #include "Paint.h"
 #include "Position.h"
+#include "Requests.h"
 #include "Send.h"
 
 #include "../core/Faults.h"
+#include "../core/TableLock.h"
 
 #include <algorithm>
 
@@ -43,7 +45,7 @@ template <typename T> T WriteExtra(Window& window, int index, T value)
 HWND OwnerOrParent(const Window& window)
 {
     if (window.IsChild()) {
-        return window.parent && window.parent != &Root() ? window.parent->handle : nullptr;
+        return window.parent && !IsRoot(window.parent) ? window.parent->handle : nullptr;
     }
     return window.owner;
 }
@@ -123,6 +125,12 @@ HWND FirstOrNull(const std::vector<Window*>& windows, bool last = false)
     return windows.empty() ? nullptr : (last ? windows.back() : windows.front())->handle;
 }
 
+BOOL Show(HWND hwnd, WNDENUMPROC procedure, LPARAM param)
+{
+    const TableUnlock unlock;
+    return procedure(hwnd, param);
+}
+
 BOOL EnumerateTree(const Window& window, WNDENUMPROC procedure, LPARAM param)
 {
     std::vector<HWND> children;
@@ -131,7 +139,7 @@ BOOL EnumerateTree(const Window& window, WNDENUMPROC procedure, LPARAM param)
     }
     for (const HWND hwnd : children) {
         const WindowRef child = Peek(hwnd);
-        if (child && (!procedure(hwnd, param) || !EnumerateTree(*child, procedure, param))) {
+        if (child && (!Show(hwnd, procedure, param) || !EnumerateTree(*child, procedure, param))) {
             return FALSE;
         }
     }
@@ -147,6 +155,7 @@ extern "C" {
 
 LONG_PTR WINAPI GetWindowLongPtrW(HWND hwnd, int index)
 {
+    const TableLock lock;
     if (FaultFires("GetWindowLongPtrW")) {
         return 0;
     }
@@ -156,6 +165,7 @@ LONG_PTR WINAPI GetWindowLongPtrW(HWND hwnd, int index)
 
 LONG_PTR WINAPI SetWindowLongPtrW(HWND hwnd, int index, LONG_PTR value)
 {
+    const TableLock lock;
     if (FaultFires("SetWindowLongPtrW")) {
         return 0;
     }
@@ -165,6 +175,7 @@ LONG_PTR WINAPI SetWindowLongPtrW(HWND hwnd, int index, LONG_PTR value)
 
 LONG WINAPI GetWindowLongW(HWND hwnd, int index)
 {
+    const TableLock lock;
     if (FaultFires("GetWindowLongW")) {
         return 0;
     }
@@ -181,6 +192,7 @@ LONG WINAPI GetWindowLongW(HWND hwnd, int index)
 
 LONG WINAPI SetWindowLongW(HWND hwnd, int index, LONG value)
 {
+    const TableLock lock;
     if (FaultFires("SetWindowLongW")) {
         return 0;
     }
@@ -231,6 +243,7 @@ int WINAPI GetWindowTextLengthW(HWND hwnd)
 
 BOOL WINAPI SetPropW(HWND hwnd, LPCWSTR name, HANDLE value)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
@@ -241,6 +254,7 @@ BOOL WINAPI SetPropW(HWND hwnd, LPCWSTR name, HANDLE value)
 
 HANDLE WINAPI GetPropW(HWND hwnd, LPCWSTR name)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return nullptr;
@@ -251,6 +265,7 @@ HANDLE WINAPI GetPropW(HWND hwnd, LPCWSTR name)
 
 HANDLE WINAPI RemovePropW(HWND hwnd, LPCWSTR name)
 {
+    const TableLock lock;
     const HANDLE former = GetPropW(hwnd, name);
     if (const WindowRef window = Peek(hwnd)) {
         window->properties.erase(WideText(View(name)));
@@ -260,11 +275,13 @@ HANDLE WINAPI RemovePropW(HWND hwnd, LPCWSTR name)
 
 HWND WINAPI GetDesktopWindow()
 {
+    const TableLock lock;
     return Root().handle;
 }
 
 HWND WINAPI GetParent(HWND hwnd)
 {
+    const TableLock lock;
     if (FaultFires("GetParent")) {
         return nullptr;
     }
@@ -274,10 +291,15 @@ HWND WINAPI GetParent(HWND hwnd)
 
 HWND WINAPI SetParent(HWND hwnd, HWND newParent)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     const WindowRef parent = newParent ? Find(newParent) : TheDesktop().root;
-    if (!window || !parent || window.get() == &Root()) {
+    if (!window || !parent || IsRoot(window.get())) {
         return nullptr;
+    }
+    if (IsForeign(*window)) {
+        const auto ask = [=] { return reinterpret_cast<LRESULT>(SetParent(hwnd, newParent)); };
+        return reinterpret_cast<HWND>(Ask(*window->desktop, ask));
     }
     if (IsWithin(*parent, *window)) {
         SetLastError(ERROR_INVALID_PARAMETER);
@@ -293,6 +315,9 @@ HWND WINAPI SetParent(HWND hwnd, HWND newParent)
     std::erase(former.children, window.get());
     parent->children.insert(parent->children.begin(), window.get());
     window->parent = parent.get();
+    if (IsForeign(*parent)) {
+        JoinInput(*parent->desktop, *window->desktop);
+    }
     Reposition(hwnd, nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     if (shown) {
         ShowWindow(hwnd, SW_SHOWNA);
@@ -302,15 +327,16 @@ HWND WINAPI SetParent(HWND hwnd, HWND newParent)
 
 HWND WINAPI GetAncestor(HWND hwnd, UINT which)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
-    if (!window || window.get() == &Root()) {
+    if (!window || IsRoot(window.get())) {
         return nullptr;
     }
     if (which == GA_PARENT) {
         return window->parent->handle;
     }
     Window* at = window.get();
-    while (at->parent != &Root()) {
+    while (!IsRoot(at->parent)) {
         at = at->parent;
     }
     while (which == GA_ROOTOWNER && at->owner && Peek(at->owner)) {
@@ -321,6 +347,7 @@ HWND WINAPI GetAncestor(HWND hwnd, UINT which)
 
 HWND WINAPI GetWindow(HWND hwnd, UINT which)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     if (!window) {
         return nullptr;
@@ -328,7 +355,7 @@ HWND WINAPI GetWindow(HWND hwnd, UINT which)
     if (which == GW_CHILD) {
         return FirstOrNull(window->children);
     }
-    if (window.get() == &Root()) {
+    if (IsRoot(window.get())) {
         return nullptr;
     }
     switch (which) {
@@ -343,6 +370,7 @@ HWND WINAPI GetWindow(HWND hwnd, UINT which)
 
 BOOL WINAPI IsChild(HWND parent, HWND hwnd)
 {
+    const TableLock lock;
     const WindowRef above = Peek(parent);
     const WindowRef window = Peek(hwnd);
     if (!above || !window) {
@@ -358,14 +386,16 @@ BOOL WINAPI IsChild(HWND parent, HWND hwnd)
 
 BOOL WINAPI EnumChildWindows(HWND hwnd, WNDENUMPROC procedure, LPARAM param)
 {
+    const TableLock lock;
     const WindowRef window = hwnd ? Find(hwnd) : TheDesktop().root;
     return window && EnumerateTree(*window, procedure, param);
 }
 
-BOOL WINAPI EnumThreadWindows(DWORD, WNDENUMPROC procedure, LPARAM param)
+BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC procedure, LPARAM param)
 {
-    for (const HWND top : TopLevelWindows()) {
-        if (Peek(top) && !procedure(top, param)) {
+    const TableLock lock;
+    for (const HWND top : TopLevelWindows(thread)) {
+        if (Peek(top) && !Show(top, procedure, param)) {
             return FALSE;
         }
     }
@@ -374,18 +404,21 @@ BOOL WINAPI EnumThreadWindows(DWORD, WNDENUMPROC procedure, LPARAM param)
 
 BOOL WINAPI IsWindowVisible(HWND hwnd)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     return window && IsShown(*window);
 }
 
 BOOL WINAPI IsWindowEnabled(HWND hwnd)
 {
+    const TableLock lock;
     const WindowRef window = Find(hwnd);
     return window && !window->Has(WS_DISABLED);
 }
 
 int WINAPI GetDlgCtrlID(HWND hwnd)
 {
+    const TableLock lock;
     if (FaultFires("GetDlgCtrlID")) {
         return 0;
     }
