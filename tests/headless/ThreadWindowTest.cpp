@@ -65,15 +65,25 @@ int RunLoop()
     return static_cast<int>(message.wParam);
 }
 
+enum class AtEnd
+{
+    DestroysWindow,
+    LeavesWindow
+};
+
 // A thread that makes a window and runs a message loop until it is told to leave it.
 class WindowThread
 {
 public:
-    explicit WindowThread(std::function<HWND()> make)
-        : m_thread([this, make = std::move(make)] {
+    explicit WindowThread(std::function<HWND()> make, AtEnd atEnd = AtEnd::DestroysWindow)
+        : m_thread([this, make = std::move(make), atEnd] {
               m_id = GetCurrentThreadId();
-              m_made.set_value(make());
+              const HWND hwnd = make();
+              m_made.set_value(hwnd);
               RunLoop();
+              if (atEnd == AtEnd::DestroysWindow) {
+                  DestroyWindow(hwnd);
+              }
           }),
           m_hwnd(Made())
     {}
@@ -260,14 +270,17 @@ TEST_F(ThreadWindows, AThreadThatEndsTakesItsWindowsWithIt)
     const HWND mine = MakeWindow(script);
     HWND orphan = nullptr;
     {
-        WindowThread other([&] {
-            const HWND hwnd = MakeWindow(script);
-            child = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, hwnd, nullptr, nullptr, nullptr);
-            CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, mine, nullptr, nullptr, nullptr);
-            SetTimer(hwnd, 1, 100, nullptr);
-            SetTimer(nullptr, 0, 100, nullptr);
-            return hwnd;
-        });
+        WindowThread other(
+            [&] {
+                const HWND hwnd = MakeWindow(script);
+                child =
+                    CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, hwnd, nullptr, nullptr, nullptr);
+                CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, mine, nullptr, nullptr, nullptr);
+                SetTimer(hwnd, 1, 100, nullptr);
+                SetTimer(nullptr, 0, 100, nullptr);
+                return hwnd;
+            },
+            AtEnd::LeavesWindow);
         orphan =
             CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, other.Hwnd(), nullptr, nullptr, nullptr);
         EXPECT_TRUE(IsChild(other.Hwnd(), orphan));
