@@ -70,12 +70,14 @@ template <> void AddOperations<GCommandButton>(Table& table)
                 Often(4, OP(Button, SetText)), OP(Button, GetTextLength), Often(4, OP(Button, SetNote)),
                 OP(Button, GetNoteLength), GetTextOf<Button>("GetNote", &Button::GetNote),
                 OP(Button, SetIcon), OP(Button, GetIcon), OP(Button, SetBitmap), OP(Button, GetBitmap),
-                Making(OP(Button, Create)), OP(Button, Destroy),
-                Own<Button>("GetFont",
-                            [](Button& button, World& world, Source&) { NoteFont(world, button.GetFont()); }),
-                Own<Button>("GetNoteFont", [](Button& button, World& world, Source&) {
-                    NoteFont(world, button.GetNoteFont());
-                })});
+                Making(OP(Button, Create)), OP(Button, Destroy)});
+    if (known::COMMAND_FONTS) {
+        Add(table, {Own<Button>("GetFont", [](Button& button, World& world,
+                                              Source&) { NoteFont(world, button.GetFont()); }),
+                    Own<Button>("GetNoteFont", [](Button& button, World& world, Source&) {
+                        NoteFont(world, button.GetNoteFont());
+                    })});
+    }
 }
 
 template <> void AddOperations<GNavigationButton>(Table& table)
@@ -106,7 +108,7 @@ template <> void AddOperations<GScrollbar>(Table& table)
 template <> void AddOperations<GRightClickMenu>(Table& table)
 {
     using Menu = GRightClickMenu;
-    Add(table, {Making(OP(Menu, Create)), OP(Menu, Destroy), Often(4, OP(Menu, AddValue)),
+    Add(table, {OP(Menu, Create), OP(Menu, Destroy), Often(4, OP(Menu, AddValue)),
                 Often(2, OP(Menu, SetValue)), OP(Menu, GetValue), OP(Menu, GetValueCount)});
 }
 

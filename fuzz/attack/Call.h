@@ -5,10 +5,12 @@
 // What a call needs that a type does not say (a buffer and its length, say) is an operation written out.
 #pragma once
 
+#include "Known.h"
 #include "World.h"
 
 #include <gesso/framework/GWndScroll.h>
 
+#include <algorithm>
 #include <tuple>
 
 namespace attack {
@@ -95,11 +97,10 @@ template <> struct Argument<SCROLLINFO*>
     {
         si.cbSize = source.Chance(12) ? source.Number() : static_cast<UINT>(sizeof(SCROLLINFO));
         si.fMask = source.Chance(2) ? UINT{SIF_ALL} : source.Bits();
-        si.nMin = source.Integer();
-        si.nMax = source.Integer();
+        for (int* pn : {&si.nMin, &si.nMax, &si.nPos, &si.nTrackPos}) {
+            *pn = std::clamp(source.Integer(), -known::FARTHEST_SCROLL, known::FARTHEST_SCROLL);
+        }
         si.nPage = source.Number();
-        si.nPos = source.Integer();
-        si.nTrackPos = source.Integer();
     }
     operator SCROLLINFO*() { return &si; }
     SCROLLINFO si;

@@ -1,6 +1,7 @@
 #include "Classes.h"
 
 #include "ControlWorld.h"
+#include "Plain.h"
 
 namespace attack {
 
@@ -22,7 +23,14 @@ template <class... CONTROLS> std::vector<AttackedClass> OfControls(test::ClassLi
 
 const std::vector<AttackedClass>& Classes()
 {
-    static const std::vector<AttackedClass> CLASSES = OfControls(test::AllControls());
+    static const std::vector<AttackedClass> CLASSES = [] {
+        std::vector<AttackedClass> classes = OfControls(test::AllControls());
+        AddBases(classes);
+        AddDialogs(classes);
+        AddContainers(classes);
+        AddTexts(classes);
+        return classes;
+    }();
     return CLASSES;
 }
 
@@ -40,14 +48,9 @@ std::vector<wchar_t> AnyCreationData(Source& source)
 
 namespace {
 
-INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM, LPARAM lParam)
+INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM, LPARAM)
 {
-    if (uMsg == WM_INITDIALOG) {
-        SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
-    }
-    if (auto* pWorld = reinterpret_cast<World*>(GetWindowLongPtrW(hDlg, DWLP_USER))) {
-        pWorld->OnHostMessage(hDlg, uMsg);
-    }
+    NoteHostMessage(hDlg, uMsg);
     return FALSE;
 }
 

@@ -56,12 +56,15 @@ template <class CONTROL> const Table& TableOf()
         AddMessages(table);
         AddInput(table);
         AddSurroundings(table);
+        AddFaults(table);
         AddCommon<CONTROL>(table);
         AddOperations<CONTROL>(table);
         return table;
     }();
     return TABLE;
 }
+
+template <class CONTROL> constexpr bool OutlivesItsWindow = std::is_same_v<CONTROL, GScrollbar>;
 
 template <class CONTROL> class ControlWorld : public World
 {
@@ -98,7 +101,7 @@ public:
         switch (source.Below(8)) {
         case 0:
         case 1: MakeByName(source); break;
-        case 2: m_hwnd = MakeInDialog(*this, WideNameOf<CONTROL>().data(), source); break;
+        case 2: NoteWindow([&] { return MakeInDialog(*this, WideNameOf<CONTROL>().data(), source); }); break;
         case 3: MakeTagged(source); break;
         default: MakeOwn(source); break;
         }
@@ -193,7 +196,21 @@ private:
     void MakeByName(Source& source)
     {
         std::vector<wchar_t> data = AnyCreationData(source);
-        m_hwnd = CreateByName(source.Chance(2) ? nullptr : data.data(), source);
+        const bool fData = source.Chance(2);
+        NoteWindow([&] { return CreateByName(fData ? data.data() : nullptr, source); });
+    }
+
+    // Some objects outlive the window that made them, and are the host's to free.
+    template <class MAKE> void NoteWindow(MAKE make)
+    {
+        if constexpr (OutlivesItsWindow<CONTROL>) {
+            const Quiet quiet(*this);
+            desk::ClearFaults();
+            const HWND hwnd = make();
+            m_pOwn = hwnd ? static_cast<CONTROL*>(GWnd::FromHwnd(hwnd)) : nullptr;
+        } else {
+            m_hwnd = make();
+        }
     }
 
     // As a host does that makes the window itself.

@@ -23,7 +23,8 @@ struct OpenEdit : GEdit
 bool IsInside(const GEdit& edit, UINT nLine, UINT nChar)
 {
     const auto& aLines = edit.*&OpenEdit::m_aLines;
-    return nLine < aLines.GetLength() && nChar <= aLines[nLine];
+    // By SetSel with several lines it may count below 0, which is as good as 0.
+    return nLine < aLines.GetLength() && static_cast<int>(nChar) <= static_cast<int>(aLines[nLine]);
 }
 
 } // namespace

@@ -11,6 +11,12 @@ constexpr bool MayAssign(std::string_view name)
     return name != "GList";
 }
 
+// Whether a command button's own fonts may be asked for: one that is made later is never deleted.
+constexpr bool COMMAND_FONTS = false;
+
+// Whether a bar's range and position may be at the ends of int: sums of them overflow.
+constexpr int FARTHEST_SCROLL = 1 << 28;
+
 // Whether an operation of the platform may be made to fail.
 constexpr bool MayFail(std::string_view operation)
 {

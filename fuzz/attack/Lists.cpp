@@ -160,6 +160,12 @@ void SetView(GList& list, World&, Source& source)
     list.SetListStyle(style);
 }
 
+// Any bits but the one that only the list sets.
+void SetBits(GList& list, World&, Source& source)
+{
+    list.SetListStyle(source.Bits() & ~GLS_OWNFONT);
+}
+
 // Two windows, which the host destroys when it likes.
 void EditInPlace(GList& list, World& world, Source& source)
 {
@@ -191,7 +197,7 @@ template <> void AddOperations<GList>(Table& table)
                 OP(GList, Destroy),
                 OP(GList, SetStyle),
                 OP(GList, GetStyle),
-                OP(GList, SetListStyle),
+                Own<GList>("SetListStyle", SetBits),
                 OP(GList, GetListStyle),
                 Own<GList>("SetView", SetView),
                 OP(GList, SetImageList),

@@ -226,7 +226,9 @@ void SendPosition(World& world, Source& source)
 void SendCalcSize(World& world, Source& source)
 {
     WINDOWPOS pos{};
-    NCCALCSIZE_PARAMS params{{source.Rect(), source.Rect(), source.Rect()}, &pos};
+    // As large as windows are: the platform makes these itself.
+    const RECT rc{0, 0, source.Size(), source.Size()};
+    NCCALCSIZE_PARAMS params{{rc, rc, rc}, &pos};
     SendMessageW(world.Window(), WM_NCCALCSIZE, source.Flag(), Pointer(&params));
 }
 
@@ -269,10 +271,13 @@ void PointAtWindow(World& world, Source& source)
 {
     RECT rc{};
     GetWindowRect(world.Window(), &rc);
-    const auto cx = static_cast<UINT>(std::clamp<LONG>(rc.right - rc.left, 1, 2000));
-    const auto cy = static_cast<UINT>(std::clamp<LONG>(rc.bottom - rc.top, 1, 2000));
-    const int x = static_cast<int>(rc.left) + static_cast<int>(source.Below(cx + 8)) - 4;
-    const int y = static_cast<int>(rc.top) + static_cast<int>(source.Below(cy + 8)) - 4;
+    const auto between = [&source](LONG nFrom, LONG nTo) {
+        const int nFirst = std::clamp(nFrom, -0x8000, 0x8000);
+        const auto nSize = static_cast<UINT>(std::clamp(std::clamp(nTo, -0x8000, 0x8000) - nFirst, 1, 2000));
+        return nFirst + static_cast<int>(source.Below(nSize + 8)) - 4;
+    };
+    const int x = between(rc.left, rc.right);
+    const int y = between(rc.top, rc.bottom);
     source.Note(std::to_string(x) + "," + std::to_string(y));
     desk::MoveMouse(x, y);
 }

@@ -141,9 +141,15 @@ void AddSurroundings(Table& table)
                    {"ChangeThemeClass", ChangeThemeClass},
                    {"ChangeThemeNumbers", ChangeThemeNumbers},
                    {"ChangeSettings", ChangeSettings},
+                   {"Arm", [](World& world, Source& source) { world.Arm(source); }, 12},
+               });
+}
+
+void AddFaults(Table& table)
+{
+    Add(table, {
                    {"LetFail", LetFail, 6},
                    {"LetNothingFail", [](World&, Source&) { desk::ClearFaults(); }, 4},
-                   {"Arm", [](World& world, Source& source) { world.Arm(source); }, 12},
                });
 }
 

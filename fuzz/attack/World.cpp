@@ -15,9 +15,7 @@ World* s_pWorld = nullptr;
 
 LRESULT CALLBACK HostProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
-    if (s_pWorld) {
-        s_pWorld->OnHostMessage(hwnd, uMsg);
-    }
+    NoteHostMessage(hwnd, uMsg);
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);
 }
 
@@ -67,6 +65,13 @@ bool IsOfKind(UINT nKind, UINT uMsg)
 constexpr UINT KINDS = 5;
 
 } // namespace
+
+void NoteHostMessage(HWND hwnd, UINT uMsg)
+{
+    if (s_pWorld) {
+        s_pWorld->OnHostMessage(hwnd, uMsg);
+    }
+}
 
 // What a host does within a message. One line adds one more.
 struct Behaviours

@@ -130,10 +130,14 @@ private:
     friend struct Behaviours;
 };
 
+// For the procedures of the host's windows and dialogs: tells the world that goes on.
+void NoteHostMessage(HWND hwnd, UINT uMsg);
+
 // What every window is attacked with: messages, input, its life, the style, faults.
 void AddMessages(Table& table);
 void AddInput(Table& table);
 void AddSurroundings(Table& table);
+void AddFaults(Table& table);
 // The object's and its window's coming and going.
 void AddLife(Table& table);
 
