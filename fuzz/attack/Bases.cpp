@@ -15,8 +15,8 @@ class HostWindow : public GWnd
 public:
     HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle, DWORD dwStyle)
     {
-        return gesso::Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
-                                          dwExStyle, dwStyle);
+        return gesso::Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
+                                          nId, dwExStyle, dwStyle);
     }
     static ATOM IsolationAwareRegisterClassW()
     {
@@ -57,13 +57,14 @@ public:
 
     HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle, DWORD dwStyle)
     {
-        return gesso::Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
-                                          dwExStyle, dwStyle);
+        return gesso::Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
+                                          nId, dwExStyle, dwStyle);
     }
     static ATOM IsolationAwareRegisterClassW()
     {
         static ATOM s_aClass = 0;
-        return gesso::RegisterControlClass(s_aClass, L"attack::HostScroll", WindowProc, gesso::CLASS_SCROLLING);
+        return gesso::RegisterControlClass(s_aClass, L"attack::HostScroll", WindowProc,
+                                           gesso::CLASS_SCROLLING);
     }
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
@@ -138,8 +139,8 @@ private:
     static const Table& Operations()
     {
         static const Table TABLE = [] {
-            Table table{OP(GWindow2, Destroy), OP(GWindow2, Invalidate), OP(GWindow2, MoveWindow),
-                        OP(GWindow2, SetVisible), OP(GWindow2, GetPos), OP(GWindow2, GetParent)};
+            Table table{OP(GWindow2, Destroy),    OP(GWindow2, Invalidate), OP(GWindow2, MoveWindow),
+                        OP(GWindow2, SetVisible), OP(GWindow2, GetPos),     OP(GWindow2, GetParent)};
             AddLife(table);
             AddMessages(table);
             AddInput(table);

@@ -94,19 +94,41 @@ template <class ELEMENT> const Table& ArrayWorld<ELEMENT>::Operations()
                         self.KeepShort();
                     }),
         Plain<Self>("CopyOther", [](Self& self, Source&) { self.m_array.Copy(self.m_other); }),
-        Often(3, Plain<Self>("InsertAt", [any](Self& self, Source& source) { self.m_array.InsertAt(self.Place(source), any(source)); })),
+        Often(3, Plain<Self>("InsertAt",
+                             [any](Self& self, Source& source) {
+                                 self.m_array.InsertAt(self.Place(source), any(source));
+                             })),
         Plain<Self>("InsertOwn", [](Self& self, Source& source) { self.InsertOwn(source); }),
-        Plain<Self>("InsertFar", [any](Self& self, Source& source) { self.m_array.InsertAt(self.Length(source), any(source)); }),
-        Often(2, Plain<Self>("RemoveAt", [](Self& self, Source& source) { self.m_array.RemoveAt(self.Place(source), source.Number()); })),
+        Plain<Self>(
+            "InsertFar",
+            [any](Self& self, Source& source) { self.m_array.InsertAt(self.Length(source), any(source)); }),
+        Often(2, Plain<Self>("RemoveAt",
+                             [](Self& self, Source& source) {
+                                 self.m_array.RemoveAt(self.Place(source), source.Number());
+                             })),
         Plain<Self>("RemoveAll", [](Self& self, Source&) { self.m_array.RemoveAll(); }),
-        Plain<Self>("SetAtGrow", [any](Self& self, Source& source) { self.m_array.SetAtGrow(self.Place(source), any(source)); }),
-        Plain<Self>("GetAtGrow", [](Self& self, Source& source) { self.m_array.GetAtGrow(self.Place(source)); }),
-        Plain<Self>("SetLength", [](Self& self, Source& source) { self.m_array.SetLength(self.Length(source), static_cast<int>(source.Below(30)) - 2); }),
-        Plain<Self>("AllocExtra", [](Self& self, Source& source) { self.m_array.AllocExtra(self.Length(source), static_cast<int>(source.Below(30)) - 2); }),
-        Plain<Self>("FreeExtra", [](Self& self, Source& source) { self.m_array.FreeExtra(self.Length(source)); }),
+        Plain<Self>(
+            "SetAtGrow",
+            [any](Self& self, Source& source) { self.m_array.SetAtGrow(self.Place(source), any(source)); }),
+        Plain<Self>("GetAtGrow",
+                    [](Self& self, Source& source) { self.m_array.GetAtGrow(self.Place(source)); }),
+        Plain<Self>("SetLength",
+                    [](Self& self, Source& source) {
+                        self.m_array.SetLength(self.Length(source), static_cast<int>(source.Below(30)) - 2);
+                    }),
+        Plain<Self>("AllocExtra",
+                    [](Self& self, Source& source) {
+                        self.m_array.AllocExtra(self.Length(source), static_cast<int>(source.Below(30)) - 2);
+                    }),
+        Plain<Self>("FreeExtra",
+                    [](Self& self, Source& source) { self.m_array.FreeExtra(self.Length(source)); }),
         Plain<Self>("Swap", [](Self& self, Source&) { std::swap(self.m_array, self.m_other); }),
         Plain<Self>("Move", [](Self& self, Source& source) { self.Move(source); }),
-        Plain<Self>("AssignItself", [](Self& self, Source&) { const Array& array = self.m_array; self.m_array = array; }),
+        Plain<Self>("AssignItself",
+                    [](Self& self, Source&) {
+                        const Array& array = self.m_array;
+                        self.m_array = array;
+                    }),
     };
     return TABLE;
 }
@@ -146,7 +168,10 @@ private:
         case 0: m_str.Replace(what, source.AnyText()); break;
         case 1: m_str.Replace(Piece(source), what); break;
         case 2: m_str.Replace(m_str, m_other); break;
-        default: m_str.Replace(static_cast<wchar_t>(L'a' + source.Below(26)), static_cast<wchar_t>(source.Number())); break;
+        default:
+            m_str.Replace(static_cast<wchar_t>(L'a' + source.Below(26)),
+                          static_cast<wchar_t>(source.Number()));
+            break;
         }
         KeepShort();
     }
@@ -174,8 +199,13 @@ private:
     {
         const Text text = source.ShortText();
         switch (source.Below(4)) {
-        case 0: m_str.Format(L"%s %d %u", static_cast<LPCWSTR>(text), source.Integer(), source.Number()); break;
-        case 1: m_str.AppendFormat(L"%-20s|%5d|%08x", static_cast<LPCWSTR>(m_str), source.Integer(), source.Bits()); break;
+        case 0:
+            m_str.Format(L"%s %d %u", static_cast<LPCWSTR>(text), source.Integer(), source.Number());
+            break;
+        case 1:
+            m_str.AppendFormat(L"%-20s|%5d|%08x", static_cast<LPCWSTR>(m_str), source.Integer(),
+                               source.Bits());
+            break;
         case 2: m_str.Format(L"%.*s", static_cast<int>(source.Below(50)), static_cast<LPCWSTR>(m_str)); break;
         default: m_str.AppendFormat(L"%c%%", static_cast<int>(L'a' + source.Below(26))); break;
         }
@@ -244,29 +274,38 @@ private:
 template <class STRING> void StringWorld<STRING>::AddChanges(Table& table)
 {
     using Self = StringWorld;
-    Add(table, {Often(3, Plain<Self>("Replace", [](Self& self, Source& source) { self.Replace(source); })),
-                Plain<Self>("Remove", [](Self& self, Source& source) { self.Remove(source); }),
-                Plain<Self>("Trim", [](Self& self, Source& source) { self.Trim(source); }),
-                Often(3, Plain<Self>("Format", [](Self& self, Source& source) { self.Format(source); })),
-                Often(4, Plain<Self>("Insert", [](Self& self, Source& source) { self.Insert(source); })),
-                Plain<Self>("Delete", [](Self& self, Source& source) { self.m_str.Delete(source.Number(), source.Number()); }),
-                Plain<Self>("Case", [](Self& self, Source& source) { source.Flag() ? self.m_str.MakeLower() : self.m_str.MakeUpper(); }),
-                Plain<Self>("Reverse", [](Self& self, Source&) { self.m_str.MakeReverse(); }),
-                Plain<Self>("Write", [](Self& self, Source& source) { self.Write(source); }),
-                Plain<Self>("FreeEmpty", [](Self& self, Source& source) { self.m_str.FreeEmpty(source.Count(3000)); }),
-                Plain<Self>("Load", [](Self& self, Source& source) { self.m_str.LoadStringW(source.Number(), desk::LibraryModule()); })});
+    Add(table,
+        {Often(3, Plain<Self>("Replace", [](Self& self, Source& source) { self.Replace(source); })),
+         Plain<Self>("Remove", [](Self& self, Source& source) { self.Remove(source); }),
+         Plain<Self>("Trim", [](Self& self, Source& source) { self.Trim(source); }),
+         Often(3, Plain<Self>("Format", [](Self& self, Source& source) { self.Format(source); })),
+         Often(4, Plain<Self>("Insert", [](Self& self, Source& source) { self.Insert(source); })),
+         Plain<Self>("Delete",
+                     [](Self& self, Source& source) { self.m_str.Delete(source.Number(), source.Number()); }),
+         Plain<Self>("Case",
+                     [](Self& self, Source& source) {
+                         source.Flag() ? self.m_str.MakeLower() : self.m_str.MakeUpper();
+                     }),
+         Plain<Self>("Reverse", [](Self& self, Source&) { self.m_str.MakeReverse(); }),
+         Plain<Self>("Write", [](Self& self, Source& source) { self.Write(source); }),
+         Plain<Self>("FreeEmpty",
+                     [](Self& self, Source& source) { self.m_str.FreeEmpty(source.Count(3000)); }),
+         Plain<Self>("Load", [](Self& self, Source& source) {
+             self.m_str.LoadStringW(source.Number(), desk::LibraryModule());
+         })});
 }
 
 template <class STRING> void StringWorld<STRING>::AddReading(Table& table)
 {
     using Self = StringWorld;
-    Add(table, {Plain<Self>("Find", [](Self& self, Source& source) { self.Find(source); }),
-                Plain<Self>("Compare", [](Self& self, Source& source) { self.Compare(source); }),
-                Plain<Self>("Cut", [](Self& self, Source& source) { self.Cut(source); }),
-                Often(3, Plain<Self>("Assign", [](Self& self, Source& source) { self.m_str = source.AnyText(); })),
-                Plain<Self>("AssignPiece", [](Self& self, Source& source) { self.m_str = self.Piece(source); }),
-                Plain<Self>("Swap", [](Self& self, Source&) { std::swap(self.m_str, self.m_other); }),
-                Plain<Self>("Move", [](Self& self, Source& source) { self.Move(source); })});
+    Add(table,
+        {Plain<Self>("Find", [](Self& self, Source& source) { self.Find(source); }),
+         Plain<Self>("Compare", [](Self& self, Source& source) { self.Compare(source); }),
+         Plain<Self>("Cut", [](Self& self, Source& source) { self.Cut(source); }),
+         Often(3, Plain<Self>("Assign", [](Self& self, Source& source) { self.m_str = source.AnyText(); })),
+         Plain<Self>("AssignPiece", [](Self& self, Source& source) { self.m_str = self.Piece(source); }),
+         Plain<Self>("Swap", [](Self& self, Source&) { std::swap(self.m_str, self.m_other); }),
+         Plain<Self>("Move", [](Self& self, Source& source) { self.Move(source); })});
 }
 
 template <class STRING> const Table& StringWorld<STRING>::Operations()

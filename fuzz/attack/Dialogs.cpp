@@ -71,7 +71,8 @@ private:
     {
         const Text texts[] = {source.AnyText(), source.AnyText(), source.AnyText()};
         GTaskDialog::IsolationAwareTaskDialog(world.AnyParent(source), nullptr, texts[0], texts[1], texts[2],
-                                              source.Below(64), source.Flag() ? IDI_ERROR : nullptr, nullptr);
+                                              source.Below(64),
+                                              source.Flag() ? MAKEINTRESOURCEW(32513) : nullptr, nullptr);
     }
     static void RunMessageBox(World& world, Source& source)
     {
@@ -83,7 +84,9 @@ private:
     static const Table& Operations()
     {
         static const Table TABLE = [] {
-            Table table{{"TaskDialogIndirect", RunConfig, 12}, {"TaskDialog", RunPlain, 6}, {"MessageBox", RunMessageBox, 6}};
+            Table table{{"TaskDialogIndirect", RunConfig, 12},
+                        {"TaskDialog", RunPlain, 6},
+                        {"MessageBox", RunMessageBox, 6}};
             AddAll(table);
             return table;
         }();
@@ -111,7 +114,8 @@ private:
         DWORD dwResult = 0;
         GWndCertFailure::WndCertFailure(source.Flag() ? &dwResult : nullptr, world.AnyParent(source),
                                         source.Flag() ? ShowCertificate : nullptr, nullptr,
-                                        source.Chance(6) ? source.Number() : source.Below(3), source.Bits(), texts[0], texts[1]);
+                                        source.Chance(6) ? source.Number() : source.Below(3), source.Bits(),
+                                        texts[0], texts[1]);
     }
     static const Table& Operations()
     {
@@ -181,7 +185,8 @@ private:
     {
         WizardWorld& self = Of(world);
         if (!self.m_fRuns) {
-            self.m_wizard.InsertPage(source.Number(), source.Chance(12) ? nullptr : &self.m_pages[source.Below(4)]);
+            self.m_wizard.InsertPage(source.Number(),
+                                     source.Chance(12) ? nullptr : &self.m_pages[source.Below(4)]);
         }
     }
     static void Remove(World& world, Source& source)
@@ -199,7 +204,8 @@ private:
     {
         UINT nIndex = 0;
         stcPage* pPage = nullptr;
-        SendMessageW(world.Window(), WZM_GETCURPAGE, reinterpret_cast<WPARAM>(source.Flag() ? &nIndex : nullptr),
+        SendMessageW(world.Window(), WZM_GETCURPAGE,
+                     reinterpret_cast<WPARAM>(source.Flag() ? &nIndex : nullptr),
                      reinterpret_cast<LPARAM>(source.Flag() ? &pPage : nullptr));
     }
     static void SetButtons(World& world, Source& source)
@@ -210,11 +216,19 @@ private:
     static const Table& Operations()
     {
         static const Table TABLE = [] {
-            Table table{{"DoModal", RunIt, 10},        {"InsertPage", Insert, 6},     {"RemovePage", Remove, 1},
-                        {"SetCurPage", SetCurrent, 6}, {"GetCurPage", GetCurrent, 2}, {"SetButtons", SetButtons, 2},
-                        Own<Wizard>("NextPage", [](Wizard& wizard, World&, Source&) { wizard.NextPage(); }),
-                        Own<Wizard>("PreviousPage", [](Wizard& wizard, World&, Source&) { wizard.PreviousPage(); }),
-                        OP(Wizard, GetPage), OP(Wizard, SetText), OP(Wizard, GetTextLength), OP(Wizard, GetDlgItem)};
+            Table table{
+                {"DoModal", RunIt, 10},
+                {"InsertPage", Insert, 6},
+                {"RemovePage", Remove, 1},
+                {"SetCurPage", SetCurrent, 6},
+                {"GetCurPage", GetCurrent, 2},
+                {"SetButtons", SetButtons, 2},
+                Own<Wizard>("NextPage", [](Wizard& wizard, World&, Source&) { wizard.NextPage(); }),
+                Own<Wizard>("PreviousPage", [](Wizard& wizard, World&, Source&) { wizard.PreviousPage(); }),
+                OP(Wizard, GetPage),
+                OP(Wizard, SetText),
+                OP(Wizard, GetTextLength),
+                OP(Wizard, GetDlgItem)};
             AddAll(table);
             return table;
         }();
@@ -228,17 +242,24 @@ private:
 
 // --- A host's dialog over any template
 
-constexpr LPCWSTR CLASSES[] = {L"GButton", L"GCheckBox", L"GRadioButton",  L"GCommandButton",    L"GLabel",
-                               L"GEdit",   L"GComboBox", L"GList",         L"GTree",             L"GProgressBar",
-                               L"STATIC",  L"BUTTON",    L"EDIT",          L"GNavigationButton", L"NoSuchClass"};
+constexpr LPCWSTR CLASSES[] = {L"GButton",      L"GCheckBox",
+                               L"GRadioButton", L"GCommandButton",
+                               L"GLabel",       L"GEdit",
+                               L"GComboBox",    L"GList",
+                               L"GTree",        L"GProgressBar",
+                               L"STATIC",       L"BUTTON",
+                               L"EDIT",         L"GNavigationButton",
+                               L"NoSuchClass"};
 
 test::DialogTemplate AnyTemplate(Source& source)
 {
     const DWORD dwStyle = WS_POPUP | WS_VISIBLE | (source.Chance(2) ? DS_SETFONT : 0);
-    test::DialogTemplate dialog(dwStyle, static_cast<SHORT>(source.Integer()), static_cast<SHORT>(source.Size()), source.Flag());
+    test::DialogTemplate dialog(dwStyle, static_cast<SHORT>(source.Integer()),
+                                static_cast<SHORT>(source.Size()), source.Flag());
     for (UINT n = source.Below(6); n > 0; --n) {
         const std::vector<wchar_t> text = AnyCreationData(source);
-        test::DialogItem item{source.Bits(), static_cast<WORD>(source.Number()), source.Any(std::span<const LPCWSTR>(CLASSES)), L"Title"};
+        test::DialogItem item{source.Bits(), static_cast<WORD>(source.Number()),
+                              source.Any(std::span<const LPCWSTR>(CLASSES)), L"Title"};
         const auto* pBytes = reinterpret_cast<const BYTE*>(text.data() + 1);
         if (source.Flag()) {
             item.data.assign(pBytes, pBytes + (text.size() - 1) * sizeof(wchar_t));
@@ -304,12 +325,15 @@ private:
     // A ribbon's images, of which some bytes are others.
     static void MakeRibbon(World& world, Source& source)
     {
-        std::vector<BYTE> bytes = test::LayOutTemplate(test::Strip::Numbered(64, 32, 0), test::Strip::Numbered(32, 16, 5000));
+        std::vector<BYTE> bytes =
+            test::LayOutTemplate(test::Strip::Numbered(64, 32, 0), test::Strip::Numbered(32, 16, 5000));
         for (UINT n = source.Below(6); n > 0; --n) {
-            bytes[source.Below(source.Flag() ? 80 : static_cast<UINT>(bytes.size()))] = static_cast<BYTE>(source.Next());
+            bytes[source.Below(source.Flag() ? 80 : static_cast<UINT>(bytes.size()))] =
+                static_cast<BYTE>(source.Next());
         }
         bytes.resize(source.Chance(3) ? source.Below(static_cast<UINT>(bytes.size())) : bytes.size());
-        desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(78), std::as_bytes(std::span(bytes)));
+        desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(78),
+                          std::as_bytes(std::span(bytes)));
         GRibbon ribbon(UINT{78});
         const HWND hwnd = ribbon.Create(0, 0, source.Size(), 120, world.Host(), desk::HostModule());
         desk::Pump();
@@ -319,9 +343,15 @@ private:
     static const Table& Operations()
     {
         static const Table TABLE = [] {
-            Table table{{"CreateIndirect", MakeIndirect, 14}, {"DoModal", RunFromResource, 4}, {"MakeRibbon", MakeRibbon, 4},
-                        OP(HostDialog, SetText), OP(HostDialog, GetTextLength), OP(HostDialog, GetDlgItem),
-                        OP(HostDialog, Destroy), OP(HostDialog, MoveWindow), OP(HostDialog, Invalidate),
+            Table table{{"CreateIndirect", MakeIndirect, 14},
+                        {"DoModal", RunFromResource, 4},
+                        {"MakeRibbon", MakeRibbon, 4},
+                        OP(HostDialog, SetText),
+                        OP(HostDialog, GetTextLength),
+                        OP(HostDialog, GetDlgItem),
+                        OP(HostDialog, Destroy),
+                        OP(HostDialog, MoveWindow),
+                        OP(HostDialog, Invalidate),
                         GetTextOf<HostDialog>("GetText", &HostDialog::GetText)};
             AddAll(table);
             return table;

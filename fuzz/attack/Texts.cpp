@@ -7,6 +7,7 @@
 #include <gesso/text/CDrawText.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace attack {
 
@@ -45,8 +46,8 @@ private:
         RECT rc = source.Rect();
         UINT nLines = 0;
         stcDrawTextBuffer* const pText = CDrawText::DrawText_Prepare_Int(
-            AnyContext(source), text, nChars, source.Chance(4) ? nullptr : &rc, source.Bits() & ~UINT{DT_CALCRECT},
-            source.Integer(), source.Flag() ? &nLines : nullptr);
+            AnyContext(source), text, nChars, source.Chance(4) ? nullptr : &rc,
+            source.Bits() & ~UINT{DT_CALCRECT}, source.Integer(), source.Flag() ? &nLines : nullptr);
         if (!pText) {
             return;
         }
@@ -62,7 +63,8 @@ private:
     {
         const Text text = source.AnyText();
         RECT rc = source.Rect();
-        CDrawText::DrawText_Prepare(AnyContext(source), text, -1, &rc, source.Bits() | DT_CALCRECT, source.Integer(), nullptr);
+        CDrawText::DrawText_Prepare(AnyContext(source), text, -1, &rc, source.Bits() | DT_CALCRECT,
+                                    source.Integer(), nullptr);
         CDrawText::DrawTextW(AnyContext(source), text, -1, rc, source.Bits(), source.Integer(), nullptr);
     }
 
@@ -116,14 +118,15 @@ const Table& TextWorld::Operations()
 {
     using Self = TextWorld;
     static const Table TABLE = [] {
-        Table table{Often(6, Plain<Self>("Prepare", [](Self& self, Source& source) { self.Prepare(source); })),
-                    Plain<Self>("Measure", [](Self& self, Source& source) { self.Measure(source); }),
-                    Often(6, Plain<Self>("Paint", [](Self& self, Source& source) { self.Paint(source); })),
-                    Often(2, Plain<Self>("ByHand", [](Self& self, Source& source) { self.ByHand(source); })),
-                    Plain<Self>("Close", [](Self& self, Source& source) { self.Close(source); }),
-                    Plain<Self>("SelectFont", [](Self& self, Source& source) {
-                        SelectObject(self.AnyContext(source), self.AnyFont(source));
-                    })};
+        Table table{
+            Often(6, Plain<Self>("Prepare", [](Self& self, Source& source) { self.Prepare(source); })),
+            Plain<Self>("Measure", [](Self& self, Source& source) { self.Measure(source); }),
+            Often(6, Plain<Self>("Paint", [](Self& self, Source& source) { self.Paint(source); })),
+            Often(2, Plain<Self>("ByHand", [](Self& self, Source& source) { self.ByHand(source); })),
+            Plain<Self>("Close", [](Self& self, Source& source) { self.Close(source); }),
+            Plain<Self>("SelectFont", [](Self& self, Source& source) {
+                SelectObject(self.AnyContext(source), self.AnyFont(source));
+            })};
         AddFaults(table);
         return table;
     }();
