@@ -3,14 +3,14 @@
 #
 #   scripts/test.sh [STEP...]
 #
-# Steps, all of them without an argument: style (formatting, layers, house rules, names), headless (the tests over the simulated
-# desktop, with sanitizers), threads (those of several threads, under ThreadSanitizer), windows (the same tests
+# Steps, all of them without an argument: style (formatting, layers, house rules, names), headless (the tests over
+# the simulated desktop, with sanitizers), attack (a minute of hostile operations on every class), threads (those of several threads, under ThreadSanitizer), windows (the same tests
 # as a Windows program under Wine, and the DLL's imports), package (the installed package, used by a host outside
 # the tree), e2e (real mouse and keyboard input into the gallery). Logs stay in build/logs.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-ALL_STEPS=(style headless threads windows package e2e)
+ALL_STEPS=(style headless attack threads windows package e2e)
 TEST_SECONDS=900 # for one test program
 LOGS=$BUILD/logs
 passed=0
@@ -104,6 +104,10 @@ step_headless() {
     check_build headless || return
     run_tests headless timeout --kill-after=10 "$TEST_SECONDS" build/headless/tests/gesso_tests
     check "the code in the docs compiles" scripts/check-docs.py
+}
+
+step_attack() {
+    check "no attack finds anything" scripts/attack.sh 60
 }
 
 # The library and one small program: the tests of several threads, which no other sanitizer can judge.
