@@ -108,7 +108,7 @@ template <> void AddOperations<GScrollbar>(Table& table)
 template <> void AddOperations<GRightClickMenu>(Table& table)
 {
     using Menu = GRightClickMenu;
-    Add(table, {OP(Menu, Create), OP(Menu, Destroy), Often(4, OP(Menu, AddValue)),
+    Add(table, {Making(OP(Menu, Create)), OP(Menu, Destroy), Often(4, OP(Menu, AddValue)),
                 Often(2, OP(Menu, SetValue)), OP(Menu, GetValue), OP(Menu, GetValueCount)});
 }
 

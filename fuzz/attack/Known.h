@@ -1,9 +1,17 @@
 // What does not hold yet, and is left out until it does. Each entry goes with the change that mends it.
 #pragma once
 
+#include <platform/platform.h>
+
 #include <string_view>
 
 namespace attack::known {
+
+// Whether the host may act in a message: within those of painting it destroys what is painted next.
+constexpr bool MayActIn(UINT uMsg)
+{
+    return uMsg != WM_ERASEBKGND && uMsg != WM_PRINTCLIENT;
+}
 
 // Whether objects of a class may be assigned to: a list loses its fonts.
 constexpr bool MayAssign(std::string_view name)

@@ -166,6 +166,17 @@ void SetBits(GList& list, World&, Source& source)
     list.SetListStyle(source.Bits() & ~GLS_OWNFONT);
 }
 
+void MakeWindow(GList& list, World& world, Source& source)
+{
+    const int x = source.Integer();
+    const int y = source.Integer();
+    const int cx = source.Integer();
+    const int cy = source.Integer();
+    const UINT style = source.Bits() & ~GLS_OWNFONT;
+    const DWORD dwExStyle = source.Bits();
+    list.Create(x, y, cx, cy, world.AnyParent(source), source.Integer(), style, dwExStyle, source.Bits());
+}
+
 // Two windows, which the host destroys when it likes.
 void EditInPlace(GList& list, World& world, Source& source)
 {
@@ -193,7 +204,7 @@ template <> void AddOperations<GList>(Table& table)
     AddGroups(table);
     AddItems(table);
     AddSelection(table);
-    Add(table, {Making(OP(GList, Create)),
+    Add(table, {Making(Own<GList>("Create", MakeWindow)),
                 OP(GList, Destroy),
                 OP(GList, SetStyle),
                 OP(GList, GetStyle),

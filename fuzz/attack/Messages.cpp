@@ -3,6 +3,8 @@
 
 #include "Call.h"
 
+#include <gesso/framework/Library.h>
+
 #include <algorithm>
 
 namespace attack {
@@ -64,7 +66,6 @@ constexpr UINT NUMBERS[] = {
     WM_UPDATEUISTATE,
     WM_CHANGEUISTATE,
     WM_QUERYUISTATE,
-    WM_GETFONT,
     WM_GETTEXTLENGTH,
     WM_CUT,
     WM_COPY,
@@ -197,6 +198,15 @@ void SendFont(World& world, Source& source)
     SendMessageW(world.Window(), WM_SETFONT, reinterpret_cast<WPARAM>(hFont), source.Flag());
 }
 
+// What a control gives out is the host's from then on, but for the font that all share.
+void SendGetFont(World& world, Source&)
+{
+    const auto hFont = reinterpret_cast<HFONT>(SendMessageW(world.Window(), WM_GETFONT, 0, 0));
+    if (hFont != g_hDefaultFont) {
+        world.Keep(hFont);
+    }
+}
+
 void SendContext(World& world, Source& source)
 {
     static constexpr UINT MESSAGES[] = {WM_PRINTCLIENT, WM_PRINTCLIENT, WM_PRINT, WM_ERASEBKGND,
@@ -255,6 +265,7 @@ void AddMessages(Table& table)
                    {"SendGetItemText", SendGetItemText},
                    {"SendGetSelection", SendGetSelection},
                    {"SendFont", SendFont, 2},
+                   {"SendGetFont", SendGetFont},
                    {"SendContext", SendContext, 2, true},
                    {"SendStyle", SendStyle},
                    {"SendPosition", SendPosition},

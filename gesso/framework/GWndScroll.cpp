@@ -4,6 +4,7 @@
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollRepeat.h>
 
@@ -237,10 +238,10 @@ void GWndScroll::GetClientRectNoScroll(RECT* prc) const
 {
     GetClientRect(m_hWnd, prc);
     if (m_dwVStyle & GSB_HIDDEN) {
-        prc->right += gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
+        prc->right = gesso::Saturated(int64_t{prc->right} + gesso::SystemMetric(m_hWnd, SM_CXVSCROLL));
     }
     if (m_dwHStyle & GSB_HIDDEN) {
-        prc->bottom += gesso::SystemMetric(m_hWnd, SM_CYHSCROLL);
+        prc->bottom = gesso::Saturated(int64_t{prc->bottom} + gesso::SystemMetric(m_hWnd, SM_CYHSCROLL));
     }
 }
 

@@ -55,6 +55,9 @@ ATOM GRightClickMenu::IsolationAwareRegisterClassW()
 
 HWND GRightClickMenu::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId)
 {
+    // A window that has this object, made by its class's name, goes on without it: it would ask for its paint
+    // for ever, since the object paints the new one.
+    Frame::Abandon(*this);
     const gesso::Lifeline life(*this);
     // The parameter is this object itself and no tag, so that the window makes an object of its own.
     const HWND hwnd = IsolationAwareCreateWindowExW(

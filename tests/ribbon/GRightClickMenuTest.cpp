@@ -51,6 +51,21 @@ TEST(GRightClickMenu, ItsWindowRunsOnAnObjectOfItsOwn)
     EXPECT_EQ(menu.GetHwnd(), nullptr);
 }
 
+TEST(GRightClickMenu, AWindowGoesOnWithoutTheObjectThatIsGivenAnother)
+{
+    GRightClickMenu::IsolationAwareRegisterClassW();
+    const HWND first = CreateWindowExW(0, L"GRightClickMenu", nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 50, 40,
+                                       nullptr, nullptr, nullptr, nullptr);
+    auto* pMenu = static_cast<GRightClickMenu*>(GWnd::FromHwnd(first));
+    const HWND second = pMenu->Create(0, 0, 50, 40, nullptr, 0);
+    DispatchAll();
+    EXPECT_FALSE(GetUpdateRect(first, nullptr, FALSE));
+    DestroyWindow(first);
+    EXPECT_EQ(pMenu->GetHwnd(), second) << "whose window is gone, not the object";
+    pMenu->Delete(pMenu);
+    DestroyWindow(second);
+}
+
 TEST(GRightClickMenu, ValuesAreCopiedAndRowsThatAreNotThereAreEmpty)
 {
     const AllowMisuse allowed;
