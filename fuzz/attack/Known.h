@@ -19,8 +19,8 @@ constexpr bool MayAssign(std::string_view name)
     return name != "GList";
 }
 
-// Whether a command button's own fonts may be asked for: one that is made later is never deleted.
-constexpr bool COMMAND_FONTS = false;
+// Whether a control's own fonts may be asked for: a command button never deletes one that it makes later.
+constexpr bool GIVES_FONTS = false;
 
 // Whether a bar's range and position may be at the ends of int: sums of them overflow.
 constexpr int FARTHEST_SCROLL = 1 << 28;

@@ -265,13 +265,16 @@ void AddMessages(Table& table)
                    {"SendGetItemText", SendGetItemText},
                    {"SendGetSelection", SendGetSelection},
                    {"SendFont", SendFont, 2},
-                   {"SendGetFont", SendGetFont},
+
                    {"SendContext", SendContext, 2, true},
                    {"SendStyle", SendStyle},
                    {"SendPosition", SendPosition},
                    {"SendCalcSize", SendCalcSize},
                    {"SendGetDlgCode", SendGetDlgCode},
                });
+    if (known::GIVES_FONTS) {
+        table.push_back({"SendGetFont", SendGetFont});
+    }
 }
 
 // --- A user

@@ -1,6 +1,7 @@
 #include "Call.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace attack {
@@ -35,6 +36,15 @@ HWND MakeWindow(LPCWSTR pszClass, WNDPROC pfn, RECT place)
     return CreateWindowExW(0, pszClass, L"Host", WS_POPUP | WS_VISIBLE, place.left, place.top,
                            place.right - place.left, place.bottom - place.top, nullptr, nullptr,
                            GetModuleHandleW(nullptr), nullptr);
+}
+
+uint64_t HashOf(std::string_view name)
+{
+    uint64_t n = 0xCBF29CE484222325u;
+    for (const char c : name) {
+        n = (n ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
+    }
+    return n;
 }
 
 // --- Which messages of the host make it act
@@ -146,6 +156,10 @@ struct Behaviours
 World::World(const Table& table, Source& source) : m_table(table)
 {
     s_pWorld = this;
+    for (const Operation& operation : table) {
+        const uint64_t nName = HashOf(operation.pszName);
+        m_names.push_back(nName + static_cast<uint64_t>(std::count(m_names.begin(), m_names.end(), nName)));
+    }
     m_nIdleSeed = source.Next();
     m_hwndOther = MakeWindow(L"GessoAttackOther", DefWindowProcW, {500, 0, 700, 100});
     m_hwndGone = MakeWindow(L"GessoAttackOther", DefWindowProcW, {500, 0, 700, 100});
@@ -200,21 +214,21 @@ void World::WaitForIdle()
 
 // --- Operations
 
+// By names and not by places, so that a line more in a table leaves most choices of a seed as they were.
 const Operation& World::Choose(Source& source, bool fOnCopy) const
 {
-    UINT nTotal = 0;
-    for (const Operation& operation : m_table) {
-        nTotal += !fOnCopy || operation.fOnCopy ? operation.nWeight : 0;
-    }
-    UINT nLeft = source.Below(std::max(nTotal, 1u));
-    for (const Operation& operation : m_table) {
-        const UINT nWeight = !fOnCopy || operation.fOnCopy ? operation.nWeight : 0;
-        if (nLeft < nWeight) {
-            return operation;
+    const uint64_t nDrawn = source.Next();
+    double fNearest = HUGE_VAL;
+    size_t nChosen = 0;
+    for (size_t n = 0; n < m_table.size(); ++n) {
+        if (!fOnCopy || m_table[n].fOnCopy) {
+            const double fDrawn = static_cast<double>(Source(nDrawn, m_names[n]).Next() >> 11) + 1;
+            const double fDistance = -std::log(fDrawn * 0x1p-53) / m_table[n].nWeight;
+            nChosen = fDistance < fNearest ? n : nChosen;
+            fNearest = std::min(fNearest, fDistance);
         }
-        nLeft -= nWeight;
     }
-    return m_table.front();
+    return m_table[nChosen];
 }
 
 const char* World::Step(Source& source)

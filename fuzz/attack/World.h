@@ -108,6 +108,7 @@ private:
     void DeleteObjects();
 
     const Table& m_table;
+    std::vector<uint64_t> m_names; // of its operations, as numbers
     HWND m_hwndHost = nullptr;
     HWND m_hwndOther = nullptr;
     HWND m_hwndGone = nullptr;
