@@ -35,7 +35,7 @@ CHANGES = [
     # A copy takes over the whole object.
     (["m_nCaret", "m_nAnchor"], ["edit/GComboBoxField.cpp", "edit/GComboBox.cpp"]),
     (["m_nSelected", "m_pSelected"], ["tree/TreeView.h", "edit/GComboBox.cpp"]),
-    (["cursorItem", "lastItem", "hitHot"], ["list/GListSelection.cpp"]),
+    (["cursorItem", "lastItem", "hitHot"], ["list/GListSelection.cpp", "list/GListAssign.cpp"]),
     (["m_nActive"], ["ribbon/GRibbonTabs.cpp"]),
     (["m_nHot"], ["ribbon/GRibbon.cpp", "ribbon/GRightClickMenu.cpp", "edit/GComboBoxList.cpp"]),
     (["m_uHotItem"], ["ribbon/GRibbonPageInput.cpp"]),

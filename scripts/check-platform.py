@@ -30,7 +30,7 @@ CANNOT_FAIL = {
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW
         SendMessageW""",
     "they have no failure to tell": """AcquireSRWLockExclusive EndPaint OutputDebugStringA PostQuitMessage
-        ReleaseSRWLockExclusive TranslateMessage TryAcquireSRWLockExclusive""",
+        ReleaseActCtx ReleaseSRWLockExclusive TranslateMessage TryAcquireSRWLockExclusive""",
 }
 
 OPERATION = re.compile(r"^[A-Za-z_][\w \*]*?\bWINAPI\s+(\w+)\(", re.M)

@@ -14,6 +14,8 @@ constinit ATOM GProgressBar::s_aClass = 0;
 
 namespace {
 
+constexpr LPCWSTR STYLE_CLASS = L"PROGRESS";
+
 // Drawing has no coordinates beyond this, and no bar is that long.
 constexpr double FARTHEST = 0x7FFFFFF;
 
@@ -78,7 +80,7 @@ void GProgressBar::Draw(HDC hdc)
 
 LRESULT GProgressBar::OnCreate(const CREATESTRUCTW*)
 {
-    m_hTheme.Open(m_hWnd, L"PROGRESS");
+    m_hTheme.Open(m_hWnd, STYLE_CLASS);
     return 0;
 }
 
@@ -107,6 +109,8 @@ LRESULT GProgressBar::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
     case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
+    // Fixed behaviour: a style that is open stays open. A host would see a plain bar where reopening fails.
+    case WM_THEMECHANGED: return m_hTheme ? 0 : Frame::OnThemeChanged(*this, m_hTheme, STYLE_CLASS);
     default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

@@ -6,6 +6,7 @@
 #include <gesso/framework/ScrollBarLook.h>
 #include <gesso/framework/ScrollRepeat.h>
 #include <gesso/framework/WindowClass.h>
+#include <gesso/framework/Wrapped.h>
 
 #include <algorithm>
 #include <climits>
@@ -19,6 +20,8 @@ constinit UINT_PTR GScrollbar::s_dwTimer = 0;
 constinit GScrollbar* GScrollbar::s_pScrollingWindow = nullptr;
 
 namespace {
+
+constexpr LPCWSTR STYLE_CLASS = L"SCROLLBAR";
 
 // This bar follows neither the system's metrics nor the keyboard's repeat settings.
 constexpr UINT REPEAT_MILLISECONDS = 100;
@@ -69,7 +72,7 @@ int GScrollbar::Destroy()
 
 void GScrollbar::InitScrollBar(UINT nTotal)
 {
-    m_hTheme.Open(m_hWnd, L"SCROLLBAR");
+    m_hTheme.Open(m_hWnd, STYLE_CLASS);
     m_nTotal = nTotal;
     m_nPage = nTotal;
     ResetScroll();
@@ -78,6 +81,7 @@ void GScrollbar::InitScrollBar(UINT nTotal)
 void GScrollbar::UninitScrollBar()
 {
     m_hTheme.Reset();
+    m_nInit45 = 0;
 }
 
 void GScrollbar::ScrSetTotalHeight(UINT nTotal)
@@ -85,7 +89,7 @@ void GScrollbar::ScrSetTotalHeight(UINT nTotal)
     const int nHeight = ClientHeight(m_hWnd);
     m_nTotal = nTotal;
     m_nPage = static_cast<UINT>(nHeight);
-    m_nFiveSixths = 5 * nHeight / 6;
+    m_nFiveSixths = static_cast<int>(LONGLONG{5} * nHeight / 6);
     m_nTrack = nHeight - 2 * ButtonExtent(m_hWnd);
     // Before there is a total the track is whole.
     const int nSmallest = gesso::Pixels(m_hWnd, gesso::Metrics::SCROLLBAR_SMALLEST_THUMB);
@@ -155,7 +159,7 @@ int GScrollbar::HitThumbOffset() const
 gesso::BarStops GScrollbar::StopsAt(int nThumbOffset) const
 {
     const int nButton = ButtonExtent(m_hWnd);
-    return {ClientHeight(m_hWnd), nButton, nButton + nThumbOffset, m_nThumb};
+    return {ClientHeight(m_hWnd), nButton, gesso::Wrapped(int64_t{nButton} + nThumbOffset), m_nThumb};
 }
 
 // The whole width of the client area counts, and its edges belong to it.
@@ -246,6 +250,12 @@ LRESULT GScrollbar::OnSize()
         SendScroll(SB_LINEDOWN);
     }
     return 0;
+}
+
+// A bar that was not initialized has no style, nor has one that is initialized no more.
+LRESULT GScrollbar::OnThemeChanged()
+{
+    return m_nInit45 ? Frame::OnThemeChanged(*this, m_hTheme, STYLE_CLASS) : 0;
 }
 
 LRESULT GScrollbar::InvalidateParent()
@@ -350,6 +360,7 @@ LRESULT GScrollbar::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
     case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
+    case WM_THEMECHANGED: return OnThemeChanged();
     default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

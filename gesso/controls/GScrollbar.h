@@ -85,7 +85,7 @@ protected:
     int m_nThumb = 0; // the thumb's length, in pixels
     UINT m_nTotal = 0;
     UINT m_nPage = 0;
-    // These three are stored and not read here.
+    // These three are stored; of the second it is read whether it is 0, as it is while there is no style.
     int m_nInit20 = 0;
     int m_nInit45 = 0;
     int m_nFiveSixths = 0;
@@ -114,5 +114,6 @@ private:
     void SendScroll(WORD wCode, WORD wPos = 0) const;
     void Drag(int y);
     LRESULT InvalidateParent();
+    LRESULT OnThemeChanged();
     LRESULT OnNcDestroy(WPARAM wParam, LPARAM lParam);
 };

@@ -37,9 +37,10 @@ void ButtonRow::Make(GButton& button, int nPlace, int nId, LPCWSTR pszLabel, DWO
 
 void ButtonRow::MakeAt(GButton& button, int x, int cx, int nId, LPCWSTR pszLabel, DWORD dwStyle) const
 {
-    button.Create(x, m_y, cx, m_size.cy, m_hDlg, nId, pszLabel, 0, dwStyle);
+    // Tells the dialog, which may end there and delete the button.
+    const HWND hwnd = button.Create(x, m_y, cx, m_size.cy, m_hDlg, nId, pszLabel, 0, dwStyle);
     if (m_hFont) {
-        SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont), 0);
+        SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont), 0);
     }
 }
 

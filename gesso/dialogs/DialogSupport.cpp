@@ -4,6 +4,7 @@
 #include <gesso/framework/Metrics.h>
 
 #include <atomic>
+#include <new>
 
 namespace gesso {
 namespace {
@@ -20,6 +21,15 @@ const DLGTEMPLATE* LoadDialogTemplate(HINSTANCE hInstance, LPCWSTR pszTemplate)
 }
 
 EmptyDialogTemplate::EmptyDialogTemplate(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle)
+{
+    try {
+        Build(dwExStyle, dwStyle, cx, cy, pszTitle);
+    } catch (const std::bad_alloc&) {
+        m_words.clear();
+    }
+}
+
+void EmptyDialogTemplate::Build(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle)
 {
     constexpr WORD VERSION = 1, SIGNATURE = 0xFFFF, ITEMS = 0, X = 200, Y = 200, NO_MENU = 0, NO_CLASS = 0;
     constexpr DWORD HELP_ID = 0;

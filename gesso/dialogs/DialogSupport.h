@@ -19,9 +19,14 @@ class EmptyDialogTemplate
 public:
     // cx and cy in dialog units.
     EmptyDialogTemplate(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle);
-    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(m_words.data()); }
+    // Null without memory for the title.
+    const DLGTEMPLATE* Get() const
+    {
+        return m_words.empty() ? nullptr : reinterpret_cast<const DLGTEMPLATE*>(m_words.data());
+    }
 
 private:
+    void Build(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle);
     void AddDouble(DWORD dw);
     void AddText(LPCWSTR psz);
 

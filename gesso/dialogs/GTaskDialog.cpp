@@ -75,6 +75,9 @@ HRESULT GTaskDialog::IsolationAwareTaskDialogIndirect(const GTASKDIALOGCONFIG* p
                                             pConfig->cxWidth ? pConfig->cxWidth : Metrics::TASK_DIALOG_WIDTH,
                                             Metrics::TASK_DIALOG_HEIGHT, pConfig->pszWindowTitle);
     GTaskDialog object(pConfig);
+    if (!dialog.Get() || !object.HasTexts()) {
+        return GiveButton(-1, puButton);
+    }
     return GiveButton(IsolationAwareDialogBoxIndirectParamW(pConfig->hInstance, dialog.Get(),
                                                             pConfig->hwndParent, DialogProc,
                                                             reinterpret_cast<LPARAM>(&object)),
@@ -123,6 +126,12 @@ GTaskDialog::GTaskDialog(const GTASKDIALOGCONFIG* pConfig) : m_pConfig(pConfig)
         m_pszMainInstruction.Reset(gesso::CopyText(pConfig->pszMainInstruction));
     }
     m_pszContent.Reset(gesso::CopyText(pConfig->pszContent));
+}
+
+// Whether there was memory for the texts.
+bool GTaskDialog::HasTexts() const
+{
+    return m_pszContent && (m_pszMainInstruction || !m_pConfig->pszMainInstruction);
 }
 
 DLGPROC GTaskDialog::GetDialogProc()
@@ -180,7 +189,7 @@ INT_PTR GTaskDialog::OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lPara
     case WM_INITDIALOG: return OnInitDialog();
     case WM_COMMAND: return OnCommand(LOWORD(wParam));
     case WM_ACTIVATE: return gesso::OnDialogActivate(hDlg, wParam);
-    case WM_PAINT: return gesso::PaintControl(*this, hDlg);
+    case WM_PAINT: return gesso::PaintControl<gesso::Lifeline>(*this, hDlg);
     case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_NOTIFY: return 1;
     case WM_DESTROY: return OnDestroy();

@@ -34,7 +34,7 @@ class GESSO_API GTaskDialog : public GDialog
 {
 public:
     // Runs the dialog that the record describes. Returns S_OK, and in *puButton the id of the button; E_FAIL,
-    // and -1, where the dialog could not run. puButton may be null.
+    // and -1, where the dialog could not run, as without memory for its texts. puButton may be null.
     static HRESULT IsolationAwareTaskDialogIndirect(const GTASKDIALOGCONFIG* pConfig, UINT* puButton);
     // The same for the usual case. The default button is OK, or else Yes. pszIcon names a system icon (IDI_
     // as for LoadIconWithScaleDown without a module), or is null.
@@ -77,5 +77,6 @@ private:
     void FitTexts(int cxNeeded);
     void MakeButtons();
     void SetDefaultButton();
+    bool HasTexts() const;
     int TextLimit(HDC hdc) const;
 };

@@ -101,7 +101,8 @@ void GTaskDialog::MakeButtons()
     m_ppButtons = gesso::MakeButtonArray(std::size(COMMON_BUTTONS));
     int nPlace = 0;
     for (const CommonButton& common : COMMON_BUTTONS) {
-        if (dwButtons & common.dwBit) {
+        // A dialog that ends while a button is made has no place for more.
+        if (m_ppButtons && (dwButtons & common.dwBit)) {
             m_ppButtons[nPlace] = new GButton;
             row.Make(*m_ppButtons[nPlace], nPlace, common.nId, common.pszLabel);
             nPlace++;

@@ -20,6 +20,9 @@ namespace Metrics = gesso::Metrics;
 
 namespace {
 
+// A host that is built without optimization reads the constant from here, so that the library must have it.
+[[gnu::used]] const UINT* const s_pNoPage = &GWizard::NO_PAGE;
+
 constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN | WS_CAPTION | WS_SYSMENU | DS_CENTER |
                                DS_MODALFRAME | DS_SETFONT | DS_FIXEDSYS;
 static_assert(DIALOG_STYLE == 0x92C808C8);
@@ -60,6 +63,9 @@ INT_PTR GWizard::DoModal(HWND hwndParent, HINSTANCE)
     }
     const gesso::EmptyDialogTemplate dialog(WS_EX_WINDOWEDGE, DIALOG_STYLE, Metrics::WIZARD_WIDTH,
                                             Metrics::WIZARD_HEIGHT, Title());
+    if (!dialog.Get()) {
+        return -1;
+    }
     return static_cast<int>(IsolationAwareDialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), dialog.Get(), hwndParent, DialogProc, reinterpret_cast<LPARAM>(this)));
 }
@@ -84,6 +90,9 @@ int GWizard::OnInitDialog()
     }
     m_rcFooter = {m_rcClient.left, m_rcClient.bottom - cyFooter, m_rcClient.right, m_rcClient.bottom};
     MakeButtons();
+    if (!life) {
+        return 1;
+    }
     SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig ? m_pConfig->nDefaultId : 0, 0);
     ActivatePage(0);
     return 1;
@@ -131,7 +140,11 @@ void GWizard::MakeButtons()
 {
     gesso::ButtonRow row(m_hWnd);
     row.StandIn(m_rcFooter);
-    const auto make = [&row](OwnedButton& button, int nPlace, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
+    const gesso::Lifeline life(*this);
+    const auto make = [&](OwnedButton& button, int nPlace, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
+        if (!life) {
+            return;
+        }
         button.Reset(new GButton);
         row.Make(*button, nPlace, static_cast<int>(uId), pszLabel, dwStyle);
     };

@@ -179,7 +179,7 @@ INT_PTR GWndCertFailure::OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM l
     case WM_COMMAND: return OnCommand(LOWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_CLOSE: return OnClose();
     case WM_ACTIVATE: return gesso::OnDialogActivate(hDlg, wParam);
-    case WM_PAINT: return gesso::PaintControl(*this, hDlg);
+    case WM_PAINT: return gesso::PaintControl<gesso::Lifeline>(*this, hDlg);
     case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_DESTROY: return OnDestroy();
     default: return Frame::DialogDefault(hDlg, uMsg, wParam, lParam);

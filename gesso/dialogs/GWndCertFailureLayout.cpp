@@ -233,12 +233,19 @@ void GWndCertFailure::PlaceButtons(Layout& layout)
     const int xRight = std::max(cxNeeded, layout.xWidest);
     row.StandAt(xRight, (cyFooter - row.Height()) / 2 + layout.y);
     m_ppButtons = gesso::MakeButtonArray(gesso::CERT_BUTTONS);
-    const auto add = [this](size_t nIndex) -> GButton& { return *(m_ppButtons[nIndex] = new GButton); };
-    row.Make(add(gesso::NO_BUTTON), 0, fAsks ? IDNO : IDOK, fAsks ? L"Nein" : L"OK");
-    if (fAsks) {
-        row.Make(add(gesso::YES_BUTTON), 1, IDYES, L"Ja");
+    // A dialog that ends while a button is made has no place for more.
+    const auto add = [this](size_t nIndex) {
+        return m_ppButtons ? m_ppButtons[nIndex] = new GButton : nullptr;
+    };
+    if (GButton* pNo = add(gesso::NO_BUTTON)) {
+        row.Make(*pNo, 0, fAsks ? IDNO : IDOK, fAsks ? L"Nein" : L"OK");
     }
-    row.MakeAt(add(gesso::SHOW_BUTTON), layout.cxMargin, cxShow, SHOW_ID, L"Zertifikat anzeigen...");
+    if (GButton* pYes = fAsks ? add(gesso::YES_BUTTON) : nullptr) {
+        row.Make(*pYes, 1, IDYES, L"Ja");
+    }
+    if (GButton* pShow = add(gesso::SHOW_BUTTON)) {
+        row.MakeAt(*pShow, layout.cxMargin, cxShow, SHOW_ID, L"Zertifikat anzeigen...");
+    }
     m_rcFooter = {0, layout.y, layout.cxMargin + xRight, layout.y + cyFooter};
 }
 

@@ -52,10 +52,9 @@ bool ReadClipboard(HWND hwnd, OStringEx<wchar_t>* pstr)
     }
     // Another program's text need not have its terminator.
     const auto nLength = static_cast<UINT>(wcsnlen(psz, GlobalSize(hText) / sizeof(wchar_t)));
-    *pstr = L"";
-    pstr->Insert(0, psz, nLength);
+    const bool fCopied = pstr->Insert(0, psz, nLength) >= 0;
     GlobalUnlock(hText);
-    return true;
+    return fCopied;
 }
 
 } // namespace

@@ -11,7 +11,8 @@ namespace gesso {
 // them: nothing happens while another window has it open.
 bool PutClipboardText(const GWnd& wnd, LPCWSTR psz, UINT nLength);
 
-// A copy of the clipboard's text in *pstr. False, with *pstr as it was, where there is none to be had.
+// A copy of the clipboard's text in *pstr, which is empty. False where there is none to be had, or no memory
+// for it.
 bool GetClipboardText(const GWnd& wnd, OStringEx<wchar_t>* pstr);
 
 } // namespace gesso

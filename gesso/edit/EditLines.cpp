@@ -37,7 +37,9 @@ LineText::LineText(LPCWSTR psz)
         psz, [&](wchar_t) { ++nText; }, [&] { ++nBreaks; });
     const UINT nLength = nText + nBreaks * EditLines::BREAK_LENGTH;
     wchar_t* pszTo = str.GetBuffer(std::max(nLength + 1, EditLines::FIRST_CAPACITY));
-    aLines.AllocExtra(nBreaks + 1, 0);
+    if (!pszTo || !aLines.AllocExtra(nBreaks + 1, 0)) {
+        return;
+    }
     UINT nLine = 0;
     const auto put = [&](wchar_t ch) {
         *pszTo++ = ch;
@@ -181,6 +183,11 @@ void EditLines::Note(TableChange::Kind kind, UINT nLine, UINT nFormer)
     }
 }
 
+bool EditLines::ReserveNotes(UINT nMore)
+{
+    return !m_pJournal || m_pJournal->AllocExtra(m_pJournal->GetLength() + nMore);
+}
+
 void EditLines::SetLength(UINT nLine, UINT nLength)
 {
     if (m_aLines[nLine] != nLength) {
@@ -232,10 +239,15 @@ void EditLines::BeOneLine()
     m_nSettled = 0;
 }
 
-void EditLines::Start(LPCWSTR psz)
+bool EditLines::Start(LPCWSTR psz)
 {
+    // What is of the text itself has room there.
+    if (!m_strText.GetBuffer(static_cast<UINT>(wcslen(psz)) + 1)) {
+        return false;
+    }
     m_strText = psz;
     BeOneLine();
+    return true;
 }
 
 Place EditLines::Replace(LineText&& text)
@@ -246,14 +258,18 @@ Place EditLines::Replace(LineText&& text)
     return End();
 }
 
-// Where the text changes without being another one altogether. The string itself grows to the exact need.
+// The string itself grows to the exact need.
+bool EditLines::Reserve(UINT nCharacters, UINT nLines)
+{
+    const UINT nNeed = TextLength() + nCharacters + 1;
+    const bool fText = nNeed <= m_strText.GetBufferLength() || m_strText.GetBuffer(nNeed + nNeed / 4);
+    return fText && m_aLines.AllocExtra(Count() + nLines);
+}
+
+// Where the text changes without being another one altogether.
 void EditLines::ChangeText(UINT nOffset, UINT nRemoved, LPCWSTR psz, UINT nInserted)
 {
     m_strText.Delete(nOffset, nRemoved);
-    const UINT nNeed = TextLength() + nInserted + 1;
-    if (nNeed > m_strText.GetBufferLength()) {
-        m_strText.GetBuffer(nNeed + nNeed / 4);
-    }
     m_strText.Insert(std::min(nOffset, TextLength()), psz, nInserted);
 }
 

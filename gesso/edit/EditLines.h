@@ -50,6 +50,9 @@ struct LineText
 {
     explicit LineText(LPCWSTR psz);
 
+    // False where there was no memory for it: then there is not even a line.
+    explicit operator bool() const { return aLines.GetLength() > 0; }
+
     OStringEx<wchar_t> str;
     LineTable aLines;
 };
@@ -96,12 +99,16 @@ public:
     Place Before(const Place& place) const;
     Place Behind(const Place& place) const;
 
-    // --- Edits. Each takes a place that there is, and returns where the caret goes.
+    // --- Edits. Each takes a place that there is, and returns where the caret goes. Those that insert need
+    // room, which is made before anything is changed.
 
+    // Room for so many characters and lines more. False, with nothing changed, without memory.
+    bool Reserve(UINT nCharacters, UINT nLines);
     // The whole text becomes one line, line ends and all.
     void BeOneLine();
-    // Replaces the text, which psz may be, by one that is one line, line ends and all.
-    void Start(LPCWSTR psz);
+    // Replaces the text, which psz may be, by one that is one line, line ends and all. False, with nothing
+    // changed, without memory.
+    bool Start(LPCWSTR psz);
     // Replaces the text, which `text` may have been made from.
     Place Replace(LineText&& text);
     Place Insert(const Place& place, LineText&& text);
@@ -118,7 +125,8 @@ public:
     void RemoveChar(UINT nLine, UINT nOffset, Place* pCaret);
     UINT LineHolding(UINT nOffset) const;
 
-    // --- Wrapping. Each returns where the place is afterwards.
+    // --- Wrapping. Each returns where the place is afterwards. Lines that there is no memory for stay part
+    // of those that they are in.
 
     // What an edit at the caret may have changed.
     Place Repair(const LineMeasure& measure, const Place& caret);
@@ -162,10 +170,12 @@ private:
     void ChangeText(UINT nOffset, UINT nRemoved, LPCWSTR psz, UINT nInserted);
     void InsertText(UINT nOffset, LPCWSTR psz, UINT nLength) { ChangeText(nOffset, 0, psz, nLength); }
     void RemoveText(UINT nOffset, UINT nLength) { ChangeText(nOffset, nLength, L"", 0); }
+    bool ReserveNotes(UINT nMore);
     void Touch(UINT nLine);
     void DropEmptied(UINT nLine, UINT nOffset, Place* pCaret);
     Place JoinWithLineBefore(UINT nLine);
 
+    bool HasRoomToFit();
     bool IsBehindEmpty(UINT nLine) const;
     bool IsStuck(const LineMeasure& measure, UINT nLine, UINT nOffset, bool fBehindEmpty) const;
     void FitFrom(const LineMeasure& measure, UINT nFirst, bool fAll);
@@ -173,7 +183,7 @@ private:
     UINT Shortened(const LineMeasure& measure, UINT nOffset, UINT nLength) const;
     UINT Lengthened(const LineMeasure& measure, UINT nOffset, UINT nLength) const;
     void PushToNextLine(UINT nLine, UINT nOldEnd, UINT nNewEnd);
-    void PullFromNextLine(UINT nLine, UINT nOldEnd, UINT nNewEnd);
+    bool PullFromNextLine(UINT nLine, UINT nOldEnd, UINT nNewEnd);
 
     OStringEx<wchar_t>& m_strText;
     LineTable& m_aLines;
@@ -183,8 +193,8 @@ private:
     Journal* m_pJournal = nullptr; // of the character that is being typed
 };
 
-// A character that is put into the text and may be taken back, for want of room. The lines are what they were
-// then, and only what has changed of them is remembered.
+// A character that is put into the text, which has memory for it, and may be taken back, for want of room.
+// The lines are what they were then, and only what has changed of them is remembered.
 class TypedChar
 {
 public:

@@ -81,36 +81,49 @@ void EditLines::PushToNextLine(UINT nLine, UINT nOldEnd, UINT nNewEnd)
 
 // The characters from nOldEnd to nNewEnd came from the following lines of the paragraph. What is left of
 // those that they came from, and of as many more as are no longer than that, is one line, which is fitted in
-// turn.
-void EditLines::PullFromNextLine(UINT nLine, UINT nOldEnd, UINT nNewEnd)
+// turn. False, with nothing changed, where so much could not be taken back.
+bool EditLines::PullFromNextLine(UINT nLine, UINT nOldEnd, UINT nNewEnd)
 {
     const UINT nFirst = nLine + 1;
     UINT nNext = nFirst;
     while (nNext < Count() && !IsLineEnd(nOldEnd) && nOldEnd <= m_aLines[nNext] + nNewEnd) {
         nOldEnd += m_aLines[nNext++];
     }
+    if (!ReserveNotes(nNext - nFirst + 2)) {
+        return false;
+    }
     RemoveLines(nFirst, nNext - nFirst);
     if (nOldEnd > nNewEnd) {
         InsertLine(nFirst, nOldEnd - nNewEnd);
     }
     Touch(nFirst);
+    return true;
+}
+
+// For a line that is new, and the notes of three changes.
+bool EditLines::HasRoomToFit()
+{
+    constexpr UINT MOST_CHANGES = 3;
+    return m_aLines.AllocExtra(Count() + 1) && ReserveNotes(MOST_CHANGES);
 }
 
 int EditLines::FitLine(const LineMeasure& measure, UINT nLine, UINT nOffset)
 {
     const UINT nFormer = LengthWithin(nLine, nOffset);
     const int nCompared = measure.Compare(TextAt(nOffset), nFormer);
-    if (nCompared == 0) {
+    // Without memory it stays as if it were exactly as wide.
+    if (nCompared == 0 || !HasRoomToFit()) {
         return 0;
     }
     const UINT nLength =
         nCompared > 0 ? Shortened(measure, nOffset, nFormer) : Lengthened(measure, nOffset, nFormer);
-    SetLength(nLine, nLength);
+    if (nLength > nFormer && !PullFromNextLine(nLine, nOffset + nFormer, nOffset + nLength)) {
+        return 0;
+    }
     if (nLength < nFormer) {
         PushToNextLine(nLine, nOffset + nFormer, nOffset + nLength);
-    } else if (nLength > nFormer) {
-        PullFromNextLine(nLine, nOffset + nFormer, nOffset + nLength);
     }
+    SetLength(nLine, nLength);
     return 1;
 }
 
@@ -145,6 +158,9 @@ void EditLines::FitFrom(const LineMeasure& measure, UINT nFirst, bool fAll)
     UINT nSettledFrom = nFirst;
     bool fBehindEmpty = IsBehindEmpty(nFirst);
     for (UINT i = nFirst; Count() - i > m_nSettled; ++i) {
+        if (!HasRoomToFit()) {
+            return;
+        }
         if (IsStuck(measure, i, nOffset, fBehindEmpty)) {
             // Only as long as the line before is empty.
             nSettledFrom = i + 1;

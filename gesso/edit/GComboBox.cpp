@@ -12,6 +12,7 @@
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
+#include <utility>
 
 using gesso::Frame;
 
@@ -131,9 +132,7 @@ HWND GComboBox::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, D
 
 void GComboBox::Init(void* pCreateData)
 {
-    gesso::ControlText text;
-    text.Reset(gesso::CopyCreationText(pCreateData));
-    SetText(text);
+    SetText(pCreateData ? static_cast<LPCWSTR>(pCreateData) + 1 : nullptr);
 }
 
 int GComboBox::Destroy()
@@ -204,14 +203,16 @@ LRESULT GComboBox::OnDestroy()
 
 int GComboBox::SetText(LPCWSTR pszText)
 {
-    ChangeText([&](gesso::TextField& field) {
-        field.Lines().Start(gesso::TextOrEmpty(pszText));
+    const bool fSet = ChangeText([&](gesso::TextField& field) {
+        const bool fStarted = field.Lines().Start(gesso::TextOrEmpty(pszText));
         field.MoveTo(field.Lines().End(), false);
-        return true;
+        return fStarted;
     });
-    UpdateCursorPos();
-    Invalidate(0);
-    return 1;
+    if (fSet) {
+        UpdateCursorPos();
+        Invalidate(0);
+    }
+    return fSet;
 }
 
 int GComboBox::GetTextLength() const
@@ -271,7 +272,12 @@ ComboItem* GComboBox::CheckedItem(UINT nIndex, const char* pszOperation) const
 UINT GComboBox::InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImage, void* pData)
 {
     const UINT nAt = std::min(nIndex, m_aItems.GetLength());
-    m_aItems.InsertAt(nAt, new ComboItem{nFlags, gesso::CopyText(pszText), nImage, pData});
+    const LPWSTR pszCopy = gesso::CopyText(pszText);
+    if (!pszCopy || !m_aItems.AllocExtra(m_aItems.GetLength() + 1)) {
+        gesso::FreeText(pszCopy);
+        return gesso::NO_INDEX;
+    }
+    m_aItems.InsertAt(nAt, new ComboItem{nFlags, pszCopy, nImage, pData});
     return nAt;
 }
 
@@ -331,9 +337,9 @@ void GComboBox::SetItemFlags(UINT nIndex, UINT nFlags)
 void GComboBox::SetItemText(UINT nIndex, LPCWSTR pszText)
 {
     if (ComboItem* pItem = CheckedItem(nIndex, "GComboBox::SetItemText: the index")) {
-        const LPWSTR pszFormer = pItem->pszText;
-        pItem->pszText = gesso::CopyText(pszText);
-        gesso::FreeText(pszFormer);
+        if (const LPWSTR pszCopy = gesso::CopyText(pszText)) {
+            gesso::FreeText(std::exchange(pItem->pszText, pszCopy));
+        }
     }
 }
 
@@ -360,16 +366,25 @@ UINT GComboBox::Selected() const
 
 // Fixed behaviour: the list has the selected item in a field of its own, also while it is closed; a class
 // derived from the list would read a former one there.
-void GComboBox::ChangeSelection(UINT nIndex)
+bool GComboBox::ChangeSelection(UINT nIndex)
 {
+    // False, with nothing changed, where the text to be shown would have no room.
+    const ComboItem* pItem = ItemAt(nIndex);
+    if (pItem && !m_strText.GetBuffer(static_cast<UINT>(wcslen(pItem->pszText)) + 1)) {
+        return false;
+    }
     m_inside->nSelected = nIndex;
     m_pList->m_nSelected = nIndex;
+    return true;
 }
 
 UINT GComboBox::SetSelected(UINT nIndex)
 {
     const UINT nNew = nIndex < m_aItems.GetLength() ? nIndex : gesso::NO_INDEX;
-    Callback(nNew);
+    if (!ChangeSelection(nNew)) {
+        return gesso::NO_INDEX;
+    }
+    Update(false);
     return nNew;
 }
 
@@ -380,19 +395,20 @@ UINT GComboBox::GetSelected() const
 
 void GComboBox::Callback(UINT nIndex)
 {
-    ChangeSelection(nIndex);
-    Update(false);
+    if (ChangeSelection(nIndex)) {
+        Update(false);
+    }
 }
 
 void GComboBox::Update(bool bNotify)
 {
     const ComboItem* pItem = ItemAt(Selected());
     ChangeText([&](gesso::TextField& field) {
-        field.Lines().Start(pItem ? pItem->pszText : L"");
+        const bool fStarted = field.Lines().Start(pItem ? pItem->pszText : L"");
         if (Kind() == GCBS_DROPDOWN) {
             field.SelectAll();
         }
-        return true;
+        return fStarted;
     });
     if (Kind() == GCBS_DROPDOWN) {
         UpdateCursorPos();

@@ -88,7 +88,7 @@ public:
     UINT GetDropdownHeight() { return SetDropdownHeight(); }
 
     // Copies the text (null counts as empty), puts the caret behind it and repaints. The selected item stays.
-    // Returns 1.
+    // Returns 1, or 0 with nothing done where there is no memory for the text.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator.
     virtual int GetTextLength() const;
@@ -98,15 +98,16 @@ public:
     virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
 
     // Inserts a copy of the text before the item nIndex, or at the end where there is no such item. Returns
-    // the index of the new item. The index of the selected one is left as it is, here and in RemoveItem; none
-    // of these operations repaints.
+    // the index of the new item, or -1 with nothing done where there is no memory for it. The index of the
+    // selected one is left as it is, here and in RemoveItem; none of these operations repaints.
     virtual UINT InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImage, void* pData);
     // Returns the number of items left, or -1 for a bad index.
     virtual UINT RemoveItem(UINT nIndex);
     // No item is selected afterwards. The text stays.
     virtual void RemoveAllItems();
     virtual UINT GetItemCount() const;
-    // A bad index gets 0 or null, and is ignored by the setters. The text is valid until the item changes.
+    // A bad index gets 0 or null, and is ignored by the setters. The text is valid until the item changes; it
+    // stays where there is no memory for another one.
     virtual UINT GetItemFlags(UINT nIndex) const;
     virtual LPCWSTR GetItemText(UINT nIndex) const;
     virtual UINT GetItemImage(UINT nIndex) const;
@@ -117,7 +118,8 @@ public:
     virtual void SetItemCustomData(UINT nIndex, void* pData);
 
     // Selects an item, shows its text and repaints, without a notification. Returns nIndex; a bad index
-    // selects none, empties the text and returns -1.
+    // selects none, empties the text and returns -1. Where there is no memory for the text, nothing is done,
+    // by a user's step neither, and -1 returned.
     virtual UINT SetSelected(UINT nIndex);
     // -1 for none. After RemoveItem it may be beyond the items.
     virtual UINT GetSelected() const;
@@ -217,7 +219,7 @@ private:
     // The one place each where the text, the selected item, the field's selection and the list's being open
     // change.
     template <class EDIT> bool ChangeText(EDIT edit);
-    void ChangeSelection(UINT nIndex);
+    bool ChangeSelection(UINT nIndex);
     void ChangeField(const gesso::TextField& field);
     void ChangeExpansion(bool fOpen);
 

@@ -251,8 +251,9 @@ LRESULT GComboBox::OnKeyDown(UINT uKey, LPARAM)
 void GComboBox::SelectWithin(LONGLONG nIndex)
 {
     const LONGLONG nLast = LONGLONG{m_aItems.GetLength()} - 1;
-    ChangeSelection(static_cast<UINT>(nIndex < 0 ? 0 : std::min(nIndex, nLast)));
-    Update(true);
+    if (ChangeSelection(static_cast<UINT>(nIndex < 0 ? 0 : std::min(nIndex, nLast)))) {
+        Update(true);
+    }
 }
 
 void GComboBox::StepThroughItems(UINT uKey)
@@ -329,8 +330,7 @@ void GComboBox::StepItem(int nStep)
     const UINT nSelected = Selected();
     const bool fRoom =
         nStep > 0 ? nSelected + 1 < m_aItems.GetLength() : nSelected != 0 && nSelected != gesso::NO_INDEX;
-    if (fRoom) {
-        ChangeSelection(nSelected + static_cast<UINT>(nStep));
+    if (fRoom && ChangeSelection(nSelected + static_cast<UINT>(nStep))) {
         ShowCursor();
         Update(true);
     }
@@ -353,8 +353,7 @@ LRESULT GComboBox::OnChar(wchar_t c, LPARAM)
         if (c && !IsKeyDown(VK_CONTROL)) {
             Edit([c](gesso::TextField& field) {
                 const wchar_t szTyped[] = {c, 0};
-                field.Insert(szTyped);
-                return true;
+                return field.Insert(szTyped);
             });
         }
         return 0;

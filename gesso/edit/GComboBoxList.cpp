@@ -415,10 +415,12 @@ void GComboBoxList::MoveBy(int nRows)
     if (fAtEdge || nLast < 0) {
         return;
     }
-    ChangeHot(static_cast<UINT>(std::clamp<LONGLONG>(nSelected + nRows, 0, nLast)));
-    m_pOwner->ChangeSelection(m_nHot);
-    ShowRow(m_nHot);
-    m_pOwner->Update(false);
+    const auto nItem = static_cast<UINT>(std::clamp<LONGLONG>(nSelected + nRows, 0, nLast));
+    if (m_pOwner->ChangeSelection(nItem)) {
+        ChangeHot(nItem);
+        ShowRow(nItem);
+        m_pOwner->Update(false);
+    }
 }
 
 // --- Mouse
@@ -497,8 +499,9 @@ LRESULT GComboBoxList::OnLButtonUp(WPARAM, POINTS pt)
 void GComboBoxList::Pick(UINT nItem)
 {
     const HWND hwnd = m_hWnd;
-    m_pOwner->ChangeSelection(nItem);
-    Frame::SendCommand(*m_pOwner, CBN_SELCHANGE);
+    if (m_pOwner->ChangeSelection(nItem)) {
+        Frame::SendCommand(*m_pOwner, CBN_SELCHANGE);
+    }
     if (Frame::IsAlive(hwnd, this)) {
         m_pOwner->ChangeExpansion(false);
     }

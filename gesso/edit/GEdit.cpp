@@ -72,10 +72,10 @@ GEdit::GEdit() : m_strText(gesso::EditLines::FIRST_CAPACITY)
 
 GEdit::GEdit(const GEdit& other)
     : GWndScroll(other), m_hTheme(other.m_hTheme), m_hFont(other.m_hFont), m_nMargin(other.m_nMargin),
-      m_strText(other.m_strText), m_aLines(other.m_aLines), m_hitDown(other.m_hitDown),
-      m_hitMove(other.m_hitMove), m_nCaretLine(other.m_nCaretLine), m_nCaretChar(other.m_nCaretChar),
-      m_nAnchorLine(other.m_nAnchorLine), m_nAnchorChar(other.m_nAnchorChar)
+      m_strText(gesso::EditLines::FIRST_CAPACITY), m_hitDown(other.m_hitDown), m_hitMove(other.m_hitMove)
 {
+    m_aLines.Add(0);
+    CopyTextOf(other);
     Own().fCaret = other.Own().fCaret;
     Own().chRefused = other.Own().chRefused;
 }
@@ -86,11 +86,9 @@ GEdit& GEdit::operator=(const GEdit& other)
     m_hTheme = other.m_hTheme;
     m_hFont = other.m_hFont;
     m_nMargin = other.m_nMargin;
-    m_strText = other.m_strText;
-    m_aLines = other.m_aLines;
     m_hitDown = other.m_hitDown;
     m_hitMove = other.m_hitMove;
-    ChangeSelection(other.Field());
+    CopyTextOf(other);
     Own().lines.ForgetWrapping();
     Own().fCaret = other.Own().fCaret;
     Own().chRefused = other.Own().chRefused;
@@ -121,7 +119,9 @@ GEdit::Inside& GEdit::Own() const
 HWND GEdit::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwStyle,
                    DWORD dwExStyle)
 {
-    StartText(gesso::TextOrEmpty(pszText));
+    if (!StartText(gesso::TextOrEmpty(pszText))) {
+        return nullptr;
+    }
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
 }

@@ -11,6 +11,9 @@
 // would not fit is refused. Positions are a line and a character in it, or an offset in the text, in
 // characters of 16 bits.
 //
+// Where there is no memory for what a key or the clipboard would put in, nothing is done and nothing sent.
+// Lines that there is no memory for stay part of those that they are in until the next edit.
+//
 // Sends to its parent: WM_COMMAND with the id and EN_CHANGE for each edit by the keyboard, a refused one too;
 // WM_NOTIFY with NM_SETFOCUS and NM_KILLFOCUS; WM_NEXTDLGCTL for a Tab that reaches it. Answers WM_GETTEXT,
 // WM_SETTEXT, WM_GETTEXTLENGTH, WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, WM_PRINTCLIENT and EM_SETSEL.
@@ -36,14 +39,15 @@ public:
     };
 
     GEdit();
-    // A copy shares window, theme and font, and has a text and a caret of its own.
+    // A copy shares window, theme and font, and has a text and a caret of its own. Without memory for the
+    // text both are those of a new control, and stay as they are in an assignment.
     GEdit(const GEdit& other);
     GEdit& operator=(const GEdit& other);
     ~GEdit() override;
 
     // Makes the window; position and size in pixels in the parent's client area. The text is copied and shown
     // as one line until it is set or edited; a null one counts as empty. Note the order of the styles.
-    // Returns the window, or null where it could not be made.
+    // Returns the window, or null where it could not be made or there is no memory for the text.
     virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText,
                         DWORD dwStyle, DWORD dwExStyle);
     // The font stays the host's, and must live as long as the control uses it. Neither repaints nor wraps
@@ -51,7 +55,8 @@ public:
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
     // Replaces the text (null counts as empty), with the caret at its end. CR, LF and CR LF each are one line
-    // end, and are stored as CR LF. Wraps and repaints; sends nothing. Returns 1.
+    // end, and are stored as CR LF. Wraps and repaints; sends nothing. Returns 1, or 0 with nothing done
+    // where there is no memory for the text.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator; a line end counts as two.
     virtual int GetTextLength() const;
@@ -67,7 +72,8 @@ public:
 
     // DestroyWindow. Returns 0 without a window.
     int Destroy();
-    // Takes the text from a dialog template's creation data; null gives the empty text.
+    // Takes the text from a dialog template's creation data; null gives the empty text. Without memory for it
+    // the text stays as it is.
     void Init(void* pCreateData);
     // Draws the client area at the origin of a context.
     void Draw(HDC hdc);
@@ -87,7 +93,7 @@ protected:
     void CalcHighliteOfLine(int& nFrom, int& nTo, UINT nLine) const;
     void DeleteSelection();
     // Puts a line end at the caret, whose line begins at nOffset; the caret goes behind it. nLine is not
-    // read.
+    // read. Does nothing without memory.
     void InsertBreak(UINT nLine, UINT nOffset);
     // Joins the caret's line with the one before, where the caret goes, and takes the two characters in front
     // of nOffset out of the text. nLine is not read.
@@ -166,7 +172,8 @@ private:
     gesso::TextField Field() const;
     template <class EDIT> bool ChangeText(EDIT edit);
     void ChangeSelection(const gesso::TextField& field);
-    void StartText(LPCWSTR pszText);
+    bool StartText(LPCWSTR pszText);
+    bool CopyTextOf(const GEdit& other);
     void Show(const gesso::TextField& field);
     void ShowChange();
 

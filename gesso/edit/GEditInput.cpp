@@ -117,7 +117,9 @@ LRESULT GEdit::OnControlKey(UINT uKey)
         TextField::Paste(*this, PastedAs::Lines, [&](auto insert) {
             Edit([&](TextField& field) {
                 const bool fInserted = insert(field);
-                WrapAll(field);
+                if (fInserted) {
+                    WrapAll(field);
+                }
                 return fInserted;
             });
         });
@@ -174,7 +176,9 @@ LRESULT GEdit::OnBackspace()
 LRESULT GEdit::OnEnter()
 {
     return Edit([&](TextField& field) {
-        field.InsertBreak();
+        if (!field.InsertBreak()) {
+            return false;
+        }
         Repair(field);
         const UINT nLine = field.Caret().nLine;
         if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && nLine > 0) {
@@ -187,9 +191,13 @@ LRESULT GEdit::OnEnter()
 
 LRESULT GEdit::OnTyped(wchar_t ch)
 {
+    constexpr UINT MOST_UNITS = 2; // of a character, whose halves come one after the other
     return Edit([&](TextField& field) {
         const bool fRestOfRefused = IS_LOW_SURROGATE(ch) && Own().chRefused;
         Own().chRefused = 0;
+        if (ch && !fRestOfRefused && !field.Lines().Reserve(MOST_UNITS, 0)) {
+            return false;
+        }
         field.RemoveSelection();
         if (ch && !fRestOfRefused) {
             InsertIfRoom(field, ch);

@@ -59,25 +59,43 @@ void GEdit::CalcHighliteOfLine(int& nFrom, int& nTo, UINT nLine) const
 
 // --- The text as a whole
 
-void GEdit::StartText(LPCWSTR pszText)
+bool GEdit::StartText(LPCWSTR pszText)
 {
-    ChangeText([&](TextField& field) {
-        field.Lines().Start(pszText);
+    return ChangeText([&](TextField& field) {
         field.Select({}, {});
-        return true;
+        return field.Lines().Start(pszText);
     });
+}
+
+// With the caret and the anchor. False, with nothing changed, without memory.
+bool GEdit::CopyTextOf(const GEdit& other)
+{
+    OStringEx<wchar_t> strText(other.m_strText);
+    gesso::LineTable aLines(other.m_aLines);
+    if (strText.GetLength() < other.m_strText.GetLength() || aLines.GetLength() < other.m_aLines.GetLength())
+    {
+        return false;
+    }
+    m_strText = std::move(strText);
+    m_aLines = std::move(aLines);
+    ChangeSelection(other.Field());
+    return true;
 }
 
 int GEdit::SetText(LPCWSTR pszText)
 {
-    ChangeText([&](TextField& field) {
-        field.Replace(pszText ? pszText : L"");
-        WrapAll(field);
-        field.Collapse();
-        return true;
+    const bool fSet = ChangeText([&](TextField& field) {
+        const bool fReplaced = field.Replace(pszText ? pszText : L"");
+        if (fReplaced) {
+            WrapAll(field);
+            field.Collapse();
+        }
+        return fReplaced;
     });
-    ShowChange();
-    return 1;
+    if (fSet) {
+        ShowChange();
+    }
+    return fSet;
 }
 
 // --- Lines
@@ -109,8 +127,11 @@ void GEdit::DeleteSelection()
 void GEdit::InsertBreak(UINT, UINT nOffset)
 {
     ChangeText([&](TextField& field) {
-        field.PutCaret(field.Lines().InsertBreak(field.Caret(), nOffset));
-        return true;
+        const bool fRoom = field.Lines().Reserve(EditLines::BREAK_LENGTH, 1);
+        if (fRoom) {
+            field.PutCaret(field.Lines().InsertBreak(field.Caret(), nOffset));
+        }
+        return fRoom;
     });
 }
 

@@ -96,9 +96,10 @@ void GEdit::DrawLines(HDC hdc, const RECT& rcClient) const
         int nTo = 0;
         CalcHighliteOfLine(nFrom, nTo, i);
         const UINT nLength = lines.LengthWithin(i, nOffset);
-        gesso::DrawField(hdc, rcLine, measure.Shown(lines.TextAt(nOffset), nLength), nLength,
-                         std::min(static_cast<UINT>(nFrom), nLength),
-                         std::min(static_cast<UINT>(nTo), nLength));
+        const gesso::TextMeasure::Piece shown = measure.Shown(lines.TextAt(nOffset), nLength);
+        gesso::DrawField(hdc, rcLine, shown.psz, shown.nCount,
+                         std::min(static_cast<UINT>(nFrom), shown.nCount),
+                         std::min(static_cast<UINT>(nTo), shown.nCount));
         nOffset += lines.LengthWithBreak(i, nOffset);
     }
 }

@@ -1,6 +1,8 @@
 #include <gesso/edit/ClipboardText.h>
 #include <gesso/edit/TextField.h>
 
+#include <utility>
+
 namespace gesso {
 
 void TextField::Select(const Place& anchor, const Place& caret)
@@ -22,21 +24,35 @@ void TextField::RemoveSelection()
     }
 }
 
-void TextField::Insert(LPCWSTR psz)
+bool TextField::Insert(LPCWSTR psz)
 {
+    LineText text(psz);
+    if (!text || !m_lines.Reserve(text.str.GetLength(), text.aLines.GetLength())) {
+        return false;
+    }
     RemoveSelection();
-    MoveTo(m_lines.Insert(Caret(), LineText(psz)), false);
+    MoveTo(m_lines.Insert(Caret(), std::move(text)), false);
+    return true;
 }
 
-void TextField::Replace(LPCWSTR psz)
+bool TextField::Replace(LPCWSTR psz)
 {
-    MoveTo(m_lines.Replace(LineText(psz)), false);
+    LineText text(psz);
+    if (text) {
+        MoveTo(m_lines.Replace(std::move(text)), false);
+        return true;
+    }
+    return false;
 }
 
-void TextField::InsertBreak()
+bool TextField::InsertBreak()
 {
+    if (!m_lines.Reserve(EditLines::BREAK_LENGTH, 1)) {
+        return false;
+    }
     RemoveSelection();
     MoveTo(m_lines.InsertBreak(Caret(), m_lines.OffsetOfLine(Caret().nLine)), false);
+    return true;
 }
 
 bool TextField::RemoveBefore()

@@ -50,13 +50,14 @@ public:
     // The caret goes to a place, and the anchor with it unless the selection is extended.
     void MoveTo(const Place& caret, bool fExtend);
 
-    // --- Edits. Those that insert take the selection's place, and leave nothing selected.
+    // --- Edits. Those that insert take the selection's place, and leave nothing selected; without memory for
+    // what comes in they are false, and nothing is changed.
 
     void RemoveSelection();
-    void Insert(LPCWSTR psz);
+    bool Insert(LPCWSTR psz);
     // The whole text, as a text of lines with the caret at its end.
-    void Replace(LPCWSTR psz);
-    void InsertBreak();
+    bool Replace(LPCWSTR psz);
+    bool InsertBreak();
     // The selection, or else the character in front of the caret, or behind it. False where there is neither.
     bool RemoveBefore();
     bool RemoveBehind();
@@ -97,10 +98,7 @@ template <class EDIT> void TextField::Paste(const GWnd& wnd, PastedAs as, EDIT e
 {
     OStringEx<wchar_t> strOffered;
     if (Offered(wnd, as, &strOffered)) {
-        edit([&](TextField& field) {
-            field.Insert(strOffered);
-            return true;
-        });
+        edit([&](TextField& field) { return field.Insert(strOffered); });
     }
 }
 

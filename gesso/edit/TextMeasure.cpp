@@ -13,26 +13,29 @@ constexpr UINT CHUNK = 512;
 
 } // namespace
 
-LPCWSTR TextMeasure::Shown(LPCWSTR psz, UINT nCount) const
+TextMeasure::Piece TextMeasure::Shown(LPCWSTR psz, UINT nCount) const
 {
     if (!m_fMasked) {
-        return psz;
+        return {psz, nCount};
     }
-    if (m_marks.size() < nCount) {
-        m_marks.resize(nCount, PASSWORD_MARK);
+    const UINT nFormer = m_marks.GetLength();
+    if (nFormer < nCount && m_marks.SetLength(nCount, -1)) {
+        std::fill(m_marks.begin() + nFormer, m_marks.end(), PASSWORD_MARK);
     }
-    return m_marks.data();
+    return {m_marks.GetData(), std::min(nCount, m_marks.GetLength())};
 }
 
 int TextMeasure::Width(LPCWSTR psz, UINT nCount) const
 {
-    return nCount > 0 ? MeasureField(m_hdc, Shown(psz, nCount), nCount).cx : 0;
+    const Piece shown = Shown(psz, nCount);
+    return shown.nCount > 0 ? MeasureField(m_hdc, shown.psz, shown.nCount).cx : 0;
 }
 
 SIZE TextMeasure::Extent(LPCWSTR psz, UINT nCount) const
 {
-    return nCount > 0 ? MeasureField(m_hdc, Shown(psz, nCount), nCount, MEASURE_TEXT)
-                      : SIZE{0, GlyphHeight()};
+    const Piece shown = Shown(psz, nCount);
+    return shown.nCount > 0 ? MeasureField(m_hdc, shown.psz, shown.nCount, MEASURE_TEXT)
+                            : SIZE{0, GlyphHeight()};
 }
 
 int TextMeasure::LineHeight() const
@@ -65,9 +68,10 @@ UINT TextMeasure::CountFitting(LPCWSTR psz, UINT nCount, int nLimit) const
 {
     for (UINT nChunk = CHUNK;; nChunk *= 2) {
         const UINT nTried = std::min(nChunk, nCount);
+        const Piece shown = Shown(psz, nTried);
         int nFitting = 0;
         SIZE size{};
-        if (!GetTextExtentExPointW(m_hdc, Shown(psz, nTried), static_cast<int>(nTried), nLimit, &nFitting,
+        if (!GetTextExtentExPointW(m_hdc, shown.psz, static_cast<int>(shown.nCount), nLimit, &nFitting,
                                    nullptr, &size))
         {
             return nCount; // none would be pushed from line to line without an end

@@ -1,9 +1,8 @@
 // How wide and high a piece of text is in the font of a context, by DrawTextW without painting.
 #pragma once
 
+#include <gesso/containers/OArray.h>
 #include <gesso/framework/DrawScope.h>
-
-#include <vector>
 
 namespace gesso {
 
@@ -16,8 +15,14 @@ public:
     // A masked text is measured as so many marks.
     TextMeasure(HDC hdc, bool fMasked) : m_hdc(hdc), m_fMasked(fMasked) {}
 
-    // The piece as it is shown: itself, or marks, which hold until the next call.
-    LPCWSTR Shown(LPCWSTR psz, UINT nCount) const;
+    struct Piece
+    {
+        LPCWSTR psz;
+        UINT nCount;
+    };
+    // The piece as it is shown: itself, or marks, which hold until the next call. These are fewer where there
+    // is no memory for so many.
+    Piece Shown(LPCWSTR psz, UINT nCount) const;
     // Of one line of text, in pixels; 0 for no characters.
     int Width(LPCWSTR psz, UINT nCount) const;
     // Of a text that may contain line ends.
@@ -38,7 +43,7 @@ private:
 
     HDC m_hdc;
     bool m_fMasked;
-    mutable std::vector<wchar_t> m_marks;
+    mutable OArray<wchar_t, wchar_t> m_marks;
 };
 
 // The same with a font and a context of its own, a window's.

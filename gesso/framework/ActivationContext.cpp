@@ -1,10 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
-#include <gesso/framework/MakeOnce.h>
 
 #include <atomic>
-
-using gesso::MakeOnce;
-using gesso::ScopedLock;
 
 namespace {
 
@@ -24,9 +20,20 @@ constexpr WORD MANIFEST_ID = 3;
 constexpr DWORD PATH_CAPACITY = MAX_PATH + 1;
 constexpr const wchar_t* COMMON_CONTROLS = L"Comctl32.dll";
 
-HANDLE ContextHandle()
+// The library's one context, which any thread may be setting up.
+ULONG_PTR Context()
 {
-    return reinterpret_cast<HANDLE>(g_hActCtx);
+    return std::atomic_ref(g_hActCtx);
+}
+
+bool IsUnavailable()
+{
+    return std::atomic_ref(g_fActCtxUnavailable);
+}
+
+HANDLE HandleOf(ULONG_PTR hActCtx)
+{
+    return reinterpret_cast<HANDLE>(hActCtx);
 }
 
 // --- Set-up
@@ -72,10 +79,10 @@ bool CreateOwnContext(ULONG_PTR* phActCtx)
 }
 
 // Keeps the version of the common controls that the context names loaded.
-void PinCommonControls()
+void PinCommonControls(ULONG_PTR hActCtx)
 {
     ULONG_PTR cookie = 0;
-    if (!ActivateActCtx(ContextHandle(), &cookie)) {
+    if (!ActivateActCtx(HandleOf(hActCtx), &cookie)) {
         return;
     }
     ACTCTX_SECTION_KEYED_DATA data{};
@@ -87,9 +94,11 @@ void PinCommonControls()
     DeactivateActCtx(0, cookie);
 }
 
+// Without a lock, since loading a library takes the loader's. Of threads that come at once each makes a
+// context, and all but the first give theirs back.
 bool IsolationAwareInit()
 {
-    if (g_fActCtxUnavailable || g_hActCtx != NOT_SET_UP) {
+    if (IsUnavailable() || Context() != NOT_SET_UP) {
         return true;
     }
     ACTIVATION_CONTEXT_BASIC_INFORMATION basic{};
@@ -99,11 +108,15 @@ bool IsolationAwareInit()
         return false;
     }
     auto hActCtx = reinterpret_cast<ULONG_PTR>(basic.hActCtx);
-    if (!hActCtx && !CreateOwnContext(&hActCtx)) {
+    const bool fOwn = !hActCtx;
+    if (fOwn && !CreateOwnContext(&hActCtx)) {
         return false;
     }
-    g_hActCtx = hActCtx;
-    PinCommonControls();
+    PinCommonControls(hActCtx);
+    ULONG_PTR former = NOT_SET_UP;
+    if (!std::atomic_ref(g_hActCtx).compare_exchange_strong(former, hActCtx) && fOwn && hActCtx) {
+        ReleaseActCtx(HandleOf(hActCtx));
+    }
     return true;
 }
 
@@ -127,41 +140,36 @@ bool Activate(ULONG_PTR* pCookie)
     bool fSetUp = true;
     if (g_fIsolationCleanupCalled) {
         OutputDebugStringA("IsolationAware function called after IsolationAwareCleanup\n");
-        if (g_fActCtxUnavailable) {
+        if (IsUnavailable()) {
             return true;
         }
     } else {
         fSetUp = IsolationAwareInit();
     }
-    if (fSetUp && ActivateActCtx(ContextHandle(), pCookie)) {
+    if (fSetUp && ActivateActCtx(HandleOf(Context()), pCookie)) {
         return true;
     }
     if (!MeansNoContexts(GetLastError())) {
         return false;
     }
-    g_fActCtxUnavailable = true;
+    std::atomic_ref(g_fActCtxUnavailable).store(true);
     return true;
 }
 
-// The first thread that comes sets the context up, and the others wait for it.
-constinit SRWLOCK s_setUpLock = SRWLOCK_INIT;
-
 bool Enter(ULONG_PTR* pCookie)
 {
-    const ScopedLock lock(s_setUpLock);
-    return g_fIsolationDownlevel || g_fActCtxUnavailable || Activate(pCookie);
+    return g_fIsolationDownlevel || IsUnavailable() || Activate(pCookie);
 }
 
 bool EnterUnlessUnavailable(ULONG_PTR* pCookie)
 {
-    const ScopedLock lock(s_setUpLock);
-    return g_fActCtxUnavailable || Activate(pCookie);
+    return IsUnavailable() || Activate(pCookie);
 }
 
 // The caller is to see the wrapped operation's last error, not the deactivation's.
 void Leave(ULONG_PTR cookie, bool fKeepError)
 {
-    if (g_fIsolationDownlevel && g_fActCtxUnavailable) {
+    if (g_fIsolationDownlevel && IsUnavailable()) {
         return;
     }
     const DWORD dwError = fKeepError ? GetLastError() : 0;
@@ -186,7 +194,11 @@ template <class RESULT, class CALL> RESULT CallInContext(RESULT failure, CALL ca
 
 FARPROC LookUpInContext(const char* pszName)
 {
-    const HMODULE hModule = MakeOnce(g_hComctl32, [] { return LoadLibraryW(COMMON_CONTROLS); });
+    HMODULE hModule = std::atomic_ref(g_hComctl32);
+    if (!hModule) {
+        hModule = LoadLibraryW(COMMON_CONTROLS);
+        std::atomic_ref(g_hComctl32).store(hModule);
+    }
     return GetProcAddress(hModule, pszName);
 }
 
@@ -217,6 +229,19 @@ constinit std::atomic<decltype(&ImageList_Destroy)> s_pfnImageListDestroy = null
 constinit std::atomic<decltype(&ImageList_Add)> s_pfnImageListAdd = nullptr;
 constinit std::atomic<decltype(&ImageList_DrawEx)> s_pfnImageListDrawEx = nullptr;
 constinit std::atomic<decltype(&LoadIconWithScaleDown)> s_pfnLoadIconWithScaleDown = nullptr;
+
+// As it was looked up before, or can be without the context; null where the common controls were not needed
+// yet, and no list was made.
+decltype(&ImageList_Destroy) DestroyFunction()
+{
+    const HMODULE hModule = std::atomic_ref(g_hComctl32);
+    const auto pfnKnown = s_pfnImageListDestroy.load();
+    if (pfnKnown || !hModule) {
+        return pfnKnown;
+    }
+    const FARPROC pfn = GetProcAddress(hModule, "ImageList_Destroy");
+    return reinterpret_cast<decltype(&ImageList_Destroy)>(reinterpret_cast<void*>(pfn));
+}
 
 HRESULT ResultOfLastError()
 {
@@ -269,10 +294,15 @@ HIMAGELIST IsolationAwareImageList_Create(int cx, int cy, int nInitial)
 
 BOOL IsolationAwareImageList_Destroy(HIMAGELIST hImageList)
 {
-    return CallInContext<BOOL>(FALSE, [&] {
-        const auto pfn = LookUp(s_pfnImageListDestroy, "ImageList_Destroy");
-        return pfn ? pfn(hImageList) : FALSE;
-    });
+    // Without the context too: nobody would destroy the list later.
+    ULONG_PTR cookie = 0;
+    const bool fEntered = Enter(&cookie);
+    const auto pfn = fEntered ? LookUp(s_pfnImageListDestroy, "ImageList_Destroy") : DestroyFunction();
+    const BOOL fDestroyed = pfn ? pfn(hImageList) : FALSE;
+    if (fEntered) {
+        Leave(cookie, !fDestroyed);
+    }
+    return fDestroyed;
 }
 
 int IsolationAwareImageList_Add(HIMAGELIST hImageList, HBITMAP hBitmap)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OffscreenSurface.h>
 
 namespace gesso {
@@ -26,11 +27,15 @@ private:
     LayoutOverlay m_overlay;
 };
 
-// WM_PAINT of a control with a Draw(HDC).
-template <class CONTROL> LRESULT PaintControl(CONTROL& control, HWND hwnd)
+// WM_PAINT of a control with a Draw(HDC). The paint begins with the frame, in whose corner the parent draws
+// and may destroy the control. A dialog's window is not found by what a Watch asks: it takes a Lifeline.
+template <class WATCH = Watch, class CONTROL> LRESULT PaintControl(CONTROL& control, HWND hwnd)
 {
+    const WATCH watch(control);
     BufferedPaint paint(hwnd);
-    control.Draw(paint.Context());
+    if (watch) {
+        control.Draw(paint.Context());
+    }
     return 0;
 }
 

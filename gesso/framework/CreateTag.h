@@ -1,6 +1,8 @@
 // The creation data by which a window of the library finds the object that it is to run on, instead of making
 // one of its own. Every Create passes it; a host that makes the window itself, by CreateWindowExW and the
-// class's name, may do so too. The window then owns nothing, and a text is the host's to set.
+// class's name, may do so too. The window then owns nothing, and a text is the host's to set. In a dialog
+// such a host leaves WS_EX_NOPARENTNOTIFY out: it tells a template's controls, whose creation data begins
+// with its size and may look like a tag.
 #pragma once
 
 #include <gesso/api.h>

@@ -65,7 +65,8 @@ private:
     HDC m_hdc;
 };
 
-// A bitmap that goes with its scope. One that is selected is let go first: the SelectScope comes behind it.
+// A bitmap that goes with its scope. One that is selected is let go first: the context and the SelectScope
+// come behind it, so that the context is gone by then even where it could not let go.
 class BitmapScope
 {
 public:

@@ -3,6 +3,8 @@
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OffscreenSurface.h>
 
+#include <utility>
+
 namespace gesso {
 namespace {
 
@@ -12,6 +14,18 @@ constexpr WORD TAG_MARK = 0xFFFF;
 // more.
 constexpr LONG WINDOW_OWNS = 1;
 constexpr LONG DETACHED = 2;
+
+// The tag that CreateTagged hands over; nobody else's creation data lies there.
+constinit thread_local const stcCreateTag* s_pOwnTag = nullptr;
+
+// Whether a window is one of a dialog template's: its dialog has a procedure already, and the dialog manager
+// has every control's parent hear nothing. What such a window is made with lies in the template and is no
+// tag, though its size may be the tag's mark.
+bool IsOfTemplate(const CREATESTRUCTW& cs)
+{
+    return cs.lpCreateParams != s_pOwnTag && (cs.dwExStyle & WS_EX_NOPARENTNOTIFY) && cs.hwndParent &&
+           GetWindowLongPtrW(cs.hwndParent, DWLP_DLGPROC);
+}
 
 void MarkDetached(HWND hwnd)
 {
@@ -33,10 +47,12 @@ HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId
     Abandon(wnd);
     wnd.m_hWnd = nullptr;
     stcCreateTag tag{TAG_MARK, &wnd};
+    const stcCreateTag* pFormerTag = std::exchange(s_pOwnTag, &tag);
     const Lifeline life(wnd);
     const HWND hwnd = IsolationAwareCreateWindowExW(
         dwExStyle, MAKEINTRESOURCEW(aClass), nullptr, dwStyle, place.x, place.y, place.cx, place.cy,
         place.hwndParent, reinterpret_cast<HMENU>(static_cast<LONG_PTR>(nId)), nullptr, &tag);
+    s_pOwnTag = pFormerTag;
     // The parent is told of a new child, and may have deleted the object, or given it another window.
     if (life && !(wnd.m_hWnd && IsAlive(wnd.m_hWnd, &wnd))) {
         wnd.m_hWnd = hwnd;
@@ -44,17 +60,17 @@ HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId
     return hwnd;
 }
 
-GWnd* Frame::TaggedObject(const void* pCreateParams)
+GWnd* Frame::TaggedObject(const CREATESTRUCTW& cs)
 {
     stcCreateTag tag{};
-    if (!pCreateParams) {
+    if (!cs.lpCreateParams || IsOfTemplate(cs)) {
         return nullptr;
     }
-    std::memcpy(&tag.wMark, pCreateParams, sizeof(tag.wMark));
+    std::memcpy(&tag.wMark, cs.lpCreateParams, sizeof(tag.wMark));
     if (tag.wMark != TAG_MARK) {
         return nullptr;
     }
-    std::memcpy(&tag, pCreateParams, sizeof(tag));
+    std::memcpy(&tag, cs.lpCreateParams, sizeof(tag));
     return static_cast<GWnd*>(tag.pObject);
 }
 
@@ -64,15 +80,24 @@ GWnd* Frame::Attached(HWND hwnd)
     return pWnd && !(GetWindowLongW(hwnd, OWNER_WORD) & DETACHED) ? pWnd : nullptr;
 }
 
-void Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
+bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
 {
     // A host that makes the windows itself may tag two with one object. The former would go on with an object
     // that answers for the other window, and its paints would never end.
     Abandon(wnd);
+    const LONG nOwner = fOwned ? WINDOW_OWNS : 0;
+    SetWindowLongW(hwnd, OWNER_WORD, nOwner);
+    if (GetWindowLongW(hwnd, OWNER_WORD) != nOwner) {
+        return false;
+    }
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
-    SetWindowLongW(hwnd, OWNER_WORD, fOwned ? WINDOW_OWNS : 0);
+    if (GWnd::FromHwnd(hwnd) != &wnd) {
+        SetWindowLongPtrW(hwnd, OBJECT_WORD, 0);
+        return false;
+    }
     wnd.m_hWnd = hwnd;
     OffscreenSurface::AddUser();
+    return true;
 }
 
 LRESULT Frame::Detach(GWnd& wnd)
@@ -153,6 +178,17 @@ LRESULT Frame::OnThemeChanged(GWnd& wnd, ThemeHandle& theme, LPCWSTR pszClass)
     return 0;
 }
 
+constinit thread_local HWND Frame::s_hwndAttaching = nullptr;
+
+void Frame::RenewFrame(HWND hwnd)
+{
+    if (hwnd == s_hwndAttaching) {
+        return;
+    }
+    SetWindowPos(hwnd, nullptr, 0, 0, 0, 0,
+                 SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
 LRESULT Frame::OnUpdateUIState(GWnd& wnd, WPARAM wParam, LPARAM lParam)
 {
     const HWND hwnd = wnd.m_hWnd;
@@ -191,18 +227,15 @@ void Frame::TrackLeave(GWnd& wnd)
         return;
     }
     TRACKMOUSEEVENT track{sizeof(TRACKMOUSEEVENT), TME_LEAVE, wnd.m_hWnd, 0};
-    TrackMouseEvent(&track);
-    AddState(wnd, GWS_TRACKING);
+    ChangeState(wnd, GWS_TRACKING, TrackMouseEvent(&track)); // the next move asks again
 }
 
 bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)
 {
-    const HWND hwnd = wnd.m_hWnd;
-    // Not necessarily wnd itself: a copy of a control may draw too.
-    const GWnd* pAttached = Attached(hwnd);
-    GetClientRect(hwnd, prcClient);
-    DrawThemeParentBackground(hwnd, hdc, prcClient);
-    return IsAlive(hwnd, pAttached);
+    const Watch watch(wnd);
+    GetClientRect(wnd.m_hWnd, prcClient);
+    DrawThemeParentBackground(wnd.m_hWnd, hdc, prcClient);
+    return watch;
 }
 
 void Frame::SendClick(const GWnd& wnd)

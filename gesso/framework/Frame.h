@@ -5,8 +5,11 @@
 #include <gesso/framework/CreateTag.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/GWnd.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemeHandle.h>
+
+#include <utility>
 
 namespace gesso {
 
@@ -60,7 +63,7 @@ public:
     template <class CONTROL> static LRESULT Attach(HWND hwnd, LPARAM lParam)
     {
         const auto* pcs = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-        auto* pControl = static_cast<CONTROL*>(TaggedObject(pcs->lpCreateParams));
+        auto* pControl = static_cast<CONTROL*>(TaggedObject(*pcs));
         const bool fOwned = !pControl;
         if (fOwned) {
             pControl = new CONTROL;
@@ -68,9 +71,18 @@ public:
                 pControl->Init(pcs->lpCreateParams);
             }
         }
-        Bind(hwnd, *pControl, fOwned);
-        if constexpr (requires { pControl->OnNcCreate(pcs); }) {
-            return pControl->OnNcCreate(pcs);
+        constexpr bool NON_CLIENT = FirstMessage<CONTROL>() == WM_NCCREATE;
+        if (!Bind(hwnd, *pControl, fOwned)) {
+            if (fOwned) {
+                delete pControl;
+            }
+            return NON_CLIENT ? FALSE : -1; // the window cannot be made
+        }
+        if constexpr (NON_CLIENT) {
+            const HWND hwndOuter = std::exchange(s_hwndAttaching, hwnd);
+            const LRESULT lAnswer = pControl->OnNcCreate(pcs);
+            s_hwndAttaching = hwndOuter;
+            return lAnswer;
         } else {
             return pControl->OnCreate(pcs);
         }
@@ -85,7 +97,7 @@ public:
     {
         MessageTrace trace(hwnd, uMsg, wParam, lParam);
         if (CONTROL* pControl = ObjectOf<CONTROL>(hwnd)) {
-            return trace.Returned(pControl->OnMessage(uMsg, wParam, lParam));
+            return trace.Returned(Answer(*pControl, uMsg, wParam, lParam));
         }
         return trace.Returned(uMsg == FirstMessage<CONTROL>() ? Attach<CONTROL>(hwnd, lParam)
                                                               : Default(hwnd, uMsg, wParam, lParam));
@@ -132,7 +144,8 @@ public:
     }
 
     // Whether the window is still there and still this object's, to be asked after anything that a parent may
-    // have answered by destroying either. Reads nothing of the object.
+    // have answered by destroying either. Reads nothing of the object. Where the object need not be the
+    // window's, a copy for one, a Watch tells.
     static bool IsAlive(HWND hwnd, const GWnd* pWnd) { return Attached(hwnd) == pWnd; }
 
     // --- The state word (GWS_), which is changed here and nowhere else
@@ -201,13 +214,12 @@ public:
     }
     template <class CONTROL> static LRESULT OnPrintWhole(CONTROL& control, HDC hdc, LPARAM lParam)
     {
-        const HWND hwnd = control.m_hWnd;
-        const GWnd* pAttached = Attached(hwnd); // not necessarily the control itself: a copy may draw too
+        const Watch watch(control);
         if (lParam & PRF_NONCLIENT) {
-            const NonClientPrint print(hwnd, hdc);
+            const NonClientPrint print(control.m_hWnd, hdc);
             control.NcDraw(print.Context(), print.WindowRect());
         }
-        return IsAlive(hwnd, pAttached) ? OnPrintClient(control, hdc, lParam) : 0;
+        return watch ? OnPrintClient(control, hdc, lParam) : 0;
     }
 
     // --- Notifications; the control may be gone when they return
@@ -235,9 +247,37 @@ private:
         ? WM_NCCREATE : WM_CREATE;
     }
 
-    static GWnd* TaggedObject(const void* pCreateParams);
+    template <class CONTROL> static LRESULT Answer(CONTROL& control, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if constexpr (requires { control.OpenBarTheme(); }) {
+            if (uMsg == WM_THEMECHANGED) {
+                return ChangeBarTheme(control, wParam, lParam);
+            }
+        }
+        return control.OnMessage(uMsg, wParam, lParam);
+    }
+
+    // WM_THEMECHANGED of every control with bars: what the class does, between bars and a frame of the new
+    // style.
+    template <class CONTROL> static LRESULT ChangeBarTheme(CONTROL& control, WPARAM wParam, LPARAM lParam)
+    {
+        const HWND hwnd = control.m_hWnd;
+        control.OpenBarTheme();
+        const LRESULT lAnswer = control.OnMessage(WM_THEMECHANGED, wParam, lParam);
+        if (IsAlive(hwnd, &control)) {
+            RenewFrame(hwnd);
+        }
+        return lAnswer;
+    }
+    // The frame's size and picture anew; the window may be gone afterwards. Nothing in WM_NCCREATE, where a
+    // control that chooses its style hears of it before it has a frame.
+    static void RenewFrame(HWND hwnd);
+    static thread_local HWND s_hwndAttaching;
+
+    static GWnd* TaggedObject(const CREATESTRUCTW& cs);
     static GWnd* Attached(HWND hwnd);
-    static void Bind(HWND hwnd, GWnd& wnd, bool fOwned);
+    // False where the platform does not keep the object with the window.
+    static bool Bind(HWND hwnd, GWnd& wnd, bool fOwned);
 };
 
 } // namespace gesso

@@ -14,7 +14,7 @@ GWnd& GWnd::operator=(const GWnd& other)
 
 GWnd::~GWnd()
 {
-    gesso::Lifeline::Cut(*this);
+    gesso::Lifeline::Cut(this);
     gesso::Frame::Abandon(*this);
 }
 

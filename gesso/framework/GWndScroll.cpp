@@ -259,17 +259,19 @@ void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
     const bool fFlippedV = m_dwVStyle & GSB_FLIPPED;
     const bool fFlippedH = m_dwHStyle & GSB_FLIPPED;
     if (Shows(BARS[SB_VERT], m_dwVStyle)) {
-        (fFlippedV ? prcClient->left : prcClient->right) += fFlippedV ? cxV : -cxV;
+        LONG& nEdge = fFlippedV ? prcClient->left : prcClient->right;
+        nEdge = gesso::Saturated(int64_t{nEdge} + (fFlippedV ? cxV : -cxV));
     }
     if (Shows(BARS[SB_HORZ], m_dwHStyle)) {
-        (fFlippedH ? prcClient->top : prcClient->bottom) += fFlippedH ? cyH : -cyH;
+        LONG& nEdge = fFlippedH ? prcClient->top : prcClient->bottom;
+        nEdge = gesso::Saturated(int64_t{nEdge} + (fFlippedH ? cyH : -cyH));
     }
     RECT rc = *prcClient;
     OffsetRect(&rc, -prcWindow->left, -prcWindow->top);
     const int yH = fFlippedH ? rc.top : rc.bottom;
     const int xV = fFlippedV ? rc.left : rc.right;
-    m_rcHScroll = {rc.left, yH, rc.right, yH + cyH};
-    m_rcVScroll = {xV, rc.top, xV + cxV, rc.bottom};
+    m_rcHScroll = {rc.left, yH, rc.right, gesso::Saturated(int64_t{yH} + cyH)};
+    m_rcVScroll = {xV, rc.top, gesso::Saturated(int64_t{xV} + cxV), rc.bottom};
 }
 
 // --- Messages
@@ -277,13 +279,18 @@ void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
 LRESULT GWndScroll::OnNcCreate(const CREATESTRUCTW* pcs)
 {
     ReadKeyboardRepeat(s_dwScrollRepeatDelay, s_dwScrollRepeatSpeed);
-    m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
+    OpenBarTheme();
     ::SetScrollInfo(m_hWnd, SB_HORZ, &m_siH, FALSE);
     ::SetScrollInfo(m_hWnd, SB_VERT, &m_siV, FALSE);
     const auto dwStyle = static_cast<DWORD>(pcs->style);
     m_dwHStyle = GSB_HIDDEN | (dwStyle & GSS_FLIPHORZ ? GSB_FLIPPED : 0);
     m_dwVStyle = GSB_HIDDEN | (dwStyle & GSS_FLIPVERT ? GSB_FLIPPED : 0);
     return 1;
+}
+
+void GWndScroll::OpenBarTheme()
+{
+    m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
 }
 
 LRESULT GWndScroll::OnNcDestroy()

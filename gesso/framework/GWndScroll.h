@@ -140,6 +140,8 @@ protected:
     static GWndScroll* s_pScrollingWindow;
 
 private:
+    friend class gesso::Frame;
+
     struct Bar
     {
         SCROLLINFO& si;
@@ -152,8 +154,9 @@ private:
     void ChangePos(int nBar, int nPos);
     void LimitPage(int nBar, UINT nPage);
     void Update(int nBar, const SCROLLINFO& siNew);
+    void OpenBarTheme();
     void DrawBar(HDC hdc, int nBar);
-    void DrawBarNow(HDC hdcWindow, HDC hdcMemory, int nBar);
+    void DrawBarNow(HDC hdcWindow, int nBar);
     void DrawBarOfHit(WORD wHit);
     void Redraw(bool fFlagsChanged, int nBar);
     WORD HitTestBar(int nBar, DWORD dwFlags, POINT pt) const;

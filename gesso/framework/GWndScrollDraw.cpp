@@ -46,7 +46,7 @@ void GWndScroll::DrawScrollBar(HDC hdc, DWORD dwStyle)
 }
 
 // Draws into a bitmap of the bar's size, and copies that to the bar's place.
-void GWndScroll::DrawBarNow(HDC hdcWindow, HDC hdcMemory, int nBar)
+void GWndScroll::DrawBarNow(HDC hdcWindow, int nBar)
 {
     const RECT& rc = RectOf(nBar);
     if (!Shows(BARS[nBar], BarOf(nBar).dwFlags)) {
@@ -54,7 +54,9 @@ void GWndScroll::DrawBarNow(HDC hdcWindow, HDC hdcMemory, int nBar)
     }
     const int cx = rc.right - rc.left;
     const int cy = rc.bottom - rc.top;
+    // The context goes first, so that it holds the bitmap no more, whatever failed.
     const gesso::BitmapScope bitmap(CreateCompatibleBitmap(hdcWindow, cx, cy));
+    const gesso::MemoryContext hdcMemory(hdcWindow);
     const gesso::SelectScope selection(hdcMemory, bitmap);
     SetWindowOrgEx(hdcMemory, rc.left, rc.top, nullptr);
     DrawBar(hdcMemory, nBar);
@@ -68,12 +70,11 @@ void GWndScroll::DrawScrollBar(int nWhich)
         return;
     }
     const gesso::FrameContext hdcWindow(m_hWnd);
-    const gesso::MemoryContext hdcMemory(hdcWindow);
     if (nWhich == SB_VERT || nWhich == SB_BOTH) {
-        DrawBarNow(hdcWindow, hdcMemory, SB_VERT);
+        DrawBarNow(hdcWindow, SB_VERT);
     }
     if (nWhich == SB_HORZ || nWhich == SB_BOTH) {
-        DrawBarNow(hdcWindow, hdcMemory, SB_HORZ);
+        DrawBarNow(hdcWindow, SB_HORZ);
     }
 }
 

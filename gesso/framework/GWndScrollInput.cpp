@@ -10,6 +10,7 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollRepeat.h>
+#include <gesso/framework/Wrapped.h>
 
 #include <algorithm>
 #include <atomic>
@@ -208,7 +209,7 @@ void GWndScroll::DragThumb(POINTS pt)
     const int nLength = gesso::LengthOf(BARS[nBar], RectOf(nBar));
     const int nTrack = gesso::ThumbOf(m_hWnd, BARS[nBar], nLength, si).nTrack;
     const int nDelta = MulDiv(nMoved, gesso::RangeOf(si), nTrack);
-    const int nLimit = gesso::RangeOf(si) - static_cast<int>(si.nPage) + 1;
+    const int nLimit = gesso::Wrapped(int64_t{gesso::RangeOf(si)} - static_cast<int>(si.nPage) + 1);
     const int64_t nPos = int64_t{nDelta} + m_nTrackStart;
     SCROLLINFO& siOwn = BarOf(nBar).si;
     siOwn.nTrackPos = nPos < 0 ? 0 : static_cast<int>(std::min<int64_t>(nPos, nLimit));

@@ -40,9 +40,10 @@ OffscreenSurface::OffscreenSurface(HDC hdcLike, SIZE size)
 
 OffscreenSurface::~OffscreenSurface()
 {
-    RestoreDC(m_parts.hdc, m_nSaved);
-    if (m_parts.hdc && m_parts.hBitmap && PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT &&
-        InterlockedCompareExchange(&s_nUsers, 0, 0) > 0)
+    // What a paint has set must not stay for the next one.
+    const bool fRestored = RestoreDC(m_parts.hdc, m_nSaved);
+    if (fRestored && m_parts.hdc && m_parts.hBitmap && m_parts.hFormer &&
+        PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && InterlockedCompareExchange(&s_nUsers, 0, 0) > 0)
     {
         KeepSpare(m_parts);
     } else {

@@ -1,5 +1,6 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ScrollBarGeometry.h>
+#include <gesso/framework/Wrapped.h>
 
 #include <algorithm>
 
@@ -9,8 +10,14 @@ namespace {
 // A stretch of a bar from one distance to another along its axis.
 RECT Stretch(const RECT& rc, bool fVertical, int nFrom, int nTo)
 {
-    return fVertical ? RECT{rc.left, rc.top + nFrom, rc.right, rc.top + nTo}
-                     : RECT{rc.left + nFrom, rc.top, rc.left + nTo, rc.bottom};
+    const auto at = [](LONG nStart, int n) { return Wrapped(int64_t{nStart} + n); };
+    return fVertical ? RECT{rc.left, at(rc.top, nFrom), rc.right, at(rc.top, nTo)}
+                     : RECT{at(rc.left, nFrom), rc.top, at(rc.left, nTo), rc.bottom};
+}
+
+int ThumbEnd(const BarStops& stops)
+{
+    return Wrapped(int64_t{stops.nThumb} + stops.nThumbLength);
 }
 
 } // namespace
@@ -48,7 +55,7 @@ WORD PartAt(const BarTraits& traits, const BarStops& stops, int nAt)
     if (nAt < stops.nThumb) {
         return traits.wPageFirst;
     }
-    return nAt > stops.nThumb + stops.nThumbLength ? traits.wPageLast : traits.wThumb;
+    return nAt > ThumbEnd(stops) ? traits.wPageLast : traits.wThumb;
 }
 
 BarLayout LayOutBar(const BarTraits& traits, const RECT& rc, const BarStops& stops)
@@ -57,13 +64,13 @@ BarLayout LayOutBar(const BarTraits& traits, const RECT& rc, const BarStops& sto
     const int nLast = stops.nLength - stops.nArrow;
     return {Stretch(rc, fVertical, stops.nArrow, nLast), Stretch(rc, fVertical, 0, stops.nArrow),
             Stretch(rc, fVertical, nLast, stops.nLength),
-            Stretch(rc, fVertical, stops.nThumb, stops.nThumb + stops.nThumbLength)};
+            Stretch(rc, fVertical, stops.nThumb, ThumbEnd(stops))};
 }
 
 void EnlargeThumb(int nSmallest, int* pnTrack, int* pnLength)
 {
     if (*pnLength < nSmallest) {
-        *pnTrack += *pnLength - nSmallest;
+        *pnTrack = Wrapped(int64_t{*pnTrack} + *pnLength - nSmallest);
         *pnLength = nSmallest;
     }
 }
@@ -97,7 +104,7 @@ BarStops StopsOf(HWND hwnd, const BarTraits& traits, const RECT& rc, const SCROL
     const int nLength = LengthOf(traits, rc);
     const int nArrow = SystemMetric(hwnd, traits.nArrowMetric);
     const Thumb thumb = ThumbOf(hwnd, traits, nLength, si);
-    return {nLength, nArrow, nArrow + thumb.nOffset, thumb.nLength};
+    return {nLength, nArrow, Wrapped(int64_t{nArrow} + thumb.nOffset), thumb.nLength};
 }
 
 } // namespace gesso

@@ -20,6 +20,13 @@ public:
         return *this;
     }
 
+    // Takes a font that nobody has yet.
+    void Reset(HFONT hFont = nullptr) noexcept
+    {
+        Owned::Reset(hFont);
+        m_fHandedOut = false;
+    }
+
     HFONT HandOut() const noexcept
     {
         m_fHandedOut = true;
@@ -35,7 +42,7 @@ public:
     }
 
 private:
-    mutable bool m_fHandedOut = false; // some font of this place, at some time
+    mutable bool m_fHandedOut = false; // the font, or a host's that came in its place
 };
 
 // A control's font, for a caller who may keep it.

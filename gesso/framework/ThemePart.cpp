@@ -4,6 +4,7 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/ThemePartCache.h>
+#include <gesso/framework/Wrapped.h>
 
 namespace gesso {
 namespace {
@@ -61,6 +62,18 @@ bool IsPressedHeader(int nState)
     return nState == HIS_PRESSED || nState == HIS_SORTEDPRESSED;
 }
 
+int Middle(LONG a, LONG b)
+{
+    return static_cast<int>((int64_t{a} + b) / 2);
+}
+
+// So far on both sides of a point, and so much more on the far side.
+RECT Around(int x, int y, int cx, int cy, int nMore)
+{
+    return {Wrapped(int64_t{x} - cx), Wrapped(int64_t{y} - cy), Wrapped(int64_t{x} + cx + nMore),
+            Wrapped(int64_t{y} + cy + nMore)};
+}
+
 int LengthOf(LPCWSTR psz)
 {
     return static_cast<int>(wcslen(psz));
@@ -86,8 +99,10 @@ RECT ThemePart::ContentOf(const RECT& rc) const
     {
         margins = {};
     }
-    rcBounds = {rc.left + margins.cxLeftWidth, rc.top + margins.cyTopHeight, rc.right - margins.cxRightWidth,
-                rc.bottom - margins.cyBottomHeight};
+    rcBounds = {Wrapped(int64_t{rc.left} + margins.cxLeftWidth),
+                Wrapped(int64_t{rc.top} + margins.cyTopHeight),
+                Wrapped(int64_t{rc.right} - margins.cxRightWidth),
+                Wrapped(int64_t{rc.bottom} - margins.cyBottomHeight)};
     LayoutOverlay::Add(m_hdc, rcBounds);
     return rcBounds;
 }
@@ -211,8 +226,9 @@ void ThemePart::DrawPlainRow(const RECT& rc) const
 void ThemePart::DrawPlainSortArrow(RECT rc) const
 {
     const int nHeight = rc.bottom - rc.top;
-    rc.left = (rc.left + rc.right) / 2 - nHeight;
-    rc.right = rc.left + 2 * nHeight;
+    const int x = Middle(rc.left, rc.right);
+    rc.left = Wrapped(int64_t{x} - nHeight);
+    rc.right = Wrapped(int64_t{x} + nHeight);
     DrawPlainFrame(rc, DFC_SCROLL, DFCS_FLAT | (m_nState == HSAS_SORTEDUP ? DFCS_SCROLLUP : DFCS_SCROLLDOWN));
 }
 
@@ -221,11 +237,11 @@ void ThemePart::DrawPlainTreeGlyph(const RECT& rc) const
 {
     const int nBox = Pixels(nullptr, Metrics::PLAIN_GLYPH_REACH);
     const int nMark = Pixels(nullptr, Metrics::PLAIN_GLYPH_MARK_REACH);
-    const int x = (rc.left + rc.right) / 2;
-    const int y = (rc.top + rc.bottom) / 2;
-    const RECT rcBox{x - nBox, y - nBox, x + nBox + 1, y + nBox + 1};
-    const RECT rcAcross{x - nMark, y, x + nMark + 1, y + 1};
-    const RECT rcDown{x, y - nMark, x + 1, y + nMark + 1};
+    const int x = Middle(rc.left, rc.right);
+    const int y = Middle(rc.top, rc.bottom);
+    const RECT rcBox = Around(x, y, nBox, nBox, 1);
+    const RECT rcAcross = Around(x, y, nMark, 0, 1);
+    const RECT rcDown = Around(x, y, 0, nMark, 1);
     FillRect(m_hdc, &rcBox, SystemBrush(COLOR_WINDOW));
     FrameRect(m_hdc, &rcBox, SystemBrush(COLOR_GRAYTEXT));
     FillRect(m_hdc, &rcAcross, SystemBrush(COLOR_WINDOWTEXT));

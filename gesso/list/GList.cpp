@@ -35,6 +35,12 @@ HFONT MakeFont(int nCharacterHeight, int nWeight)
     return CreateFontW(-nCharacterHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
 }
 
+// What is made where there is no font.
+void MakeMissing(HFONT& hField, int nCharacterHeight, int nWeight)
+{
+    hField = hField ? hField : MakeFont(nCharacterHeight, nWeight);
+}
+
 // Takes a font as the list's own in the place of another.
 void TakeFont(HFONT& hField, HFONT hFont)
 {
@@ -61,11 +67,11 @@ GList::GList()
 // Of what the window has not released already, the object releases what it made itself.
 GList::~GList()
 {
+    if (m_inside->fEdits) {
+        GList::EndEdit();
+    }
     if (!m_inside->fOwner) {
         return;
-    }
-    if (editWindows) {
-        GList::EndEdit();
     }
     ReleaseItems();
     ReleaseColumns();
@@ -238,7 +244,25 @@ LRESULT GList::OnCreate(const CREATESTRUCTW*)
     TakeFont(fontLabelHeader, MakeFont(nText, 0));
     TakeFont(fontLabelText, MakeFont(nText, FW_NORMAL));
     TakeFont(fontGroupTitle, MakeFont(nTitle, FW_BOLD));
+    m_inside->fFontsMissing = !fontLabelTitle || !fontLabelHeader || !fontLabelText || !fontGroupTitle;
     return 0;
+}
+
+// A null font that the host has set stays.
+void GList::MakeMissingFonts()
+{
+    if (!std::exchange(m_inside->fFontsMissing, false)) {
+        return;
+    }
+    const int nTitle = Pixels(m_hWnd, Metrics::LIST_TITLE_FONT);
+    const int nText = Pixels(m_hWnd, Metrics::LIST_FONT);
+    MakeMissing(fontLabelTitle, nTitle, 0);
+    MakeMissing(fontLabelHeader, nText, 0);
+    if (!(listStyle & GLS_OWNFONT)) {
+        MakeMissing(fontLabelText, nText, FW_NORMAL);
+    }
+    MakeMissing(fontGroupTitle, nTitle, FW_BOLD);
+    m_inside->fFontsMissing = !fontLabelTitle || !fontLabelHeader || !fontLabelText || !fontGroupTitle;
 }
 
 void GList::OpenCellThemes()
@@ -270,9 +294,9 @@ LRESULT GList::OnNcDestroy()
 
 LRESULT GList::OnThemeChanged()
 {
-    m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
     themeList.Open(m_hWnd, L"LISTVIEW");
     OpenCellThemes();
+    MakeMissingFonts();
     Invalidate(0);
     return 0;
 }

@@ -22,7 +22,12 @@
 // Columns, groups, items and sub-items are named by index, from 0. Where nothing else is said, an index past
 // the end is a caller's mistake: a setter ignores it, a getter returns 0 or null. Every operation that
 // changes what is seen lays out and repaints, if nothing else is said; none but those in response to the user
-// sends a notification. A copy of a list shares its records and window and releases nothing.
+// sends a notification. A copy of a list shares its records and window and releases nothing;
+// a list that is assigned another releases what it had.
+//
+// Where a program's data needs more memory than there is, an operation does nothing: one that inserts returns
+// -1, Sort leaves the order and the arrow, BeginEdit a former edit. A text that can be kept but not prepared
+// does not show until it is set again. A copy without memory for its records has none of that kind.
 //
 // A derived class may override every virtual operation. The list's own calls of SetListStyle, GetColumnCount,
 // Sort, ClearSelection and the three RemoveAll... reach the override as well; those that an override is
@@ -90,7 +95,7 @@ public:
 
     GList();
     GList(const GList&) = default;
-    GList& operator=(const GList&) = default;
+    GList& operator=(const GList& other);
     ~GList() override;
 
     // Makes the window; position and size in pixels in the parent's client area. The window style is used as
@@ -258,7 +263,8 @@ public:
     // whose group is none of the groups goes.
     virtual void Sort(UINT column, bool ascending);
     // Removes all groups, gives each item the group that the column's fktGroup answers, which is to insert
-    // groups with their index as id, and sorts as before. Column -1 turns grouping off.
+    // groups with their index as id, and sorts as before. Column -1 turns grouping off. Items that memory
+    // fails to sort stay in their order, and those that do not stand in that of the groups do not show.
     virtual void Group(UINT column, bool);
     virtual void GetCurrentSort(UINT* column, bool* ascending);
     // Does nothing: for a derived class to fill.
@@ -310,7 +316,8 @@ protected:
     void CalculateU(UINT item, bool inserted);
     void CalcScrollbars(int contentWidth, int contentHeight, int clientWidth, int clientHeight);
 
-    // Sorting. Neither is stable; both end, and stay inside the array, whatever `compare` answers.
+    // Sorting. Neither is stable; both end, and stay inside the array, whatever `compare` answers. Without
+    // memory the array is as it was.
     void FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare);
     void SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column);
 
@@ -413,8 +420,11 @@ private:
     ListItem* ItemFor(UINT item, const char* operation) const;
     ListSubItem* SubItemFor(UINT item, UINT subItem, const char* operation) const;
     ListGroup* GroupAt(UINT group) const;
-    void NameGroup(ListGroup& group, LPCWSTR name);
-    void StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
+    bool AddColumn(UINT position, ListColumn* column);
+    bool NameGroup(ListGroup& group, LPCWSTR name);
+    bool ReserveRow();
+    bool AddItem(UINT position, ListItem* item);
+    bool StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
     void PrepareSubItem(ListSubItem& sub, UINT column);
     void PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column);
     void PrepareItems(HDC hdc, HFONT hFont, void* ListTextPair::*part);
@@ -427,7 +437,10 @@ private:
     void ReleaseItems();
     void ReleaseFrames();
     void ReleaseFonts();
+    bool ReleaseAllBut(const GList& other);
+    void TakeFields(const GList& other);
     void OpenCellThemes();
+    void MakeMissingFonts();
 
     // Cells
     UINT HeaderRoom() const;
@@ -451,8 +464,8 @@ private:
 
     // Sorting
     void SetSortState(UINT column, UINT state);
-    void SortItems(UINT column, bool ascending);
-    void GatherByGroup();
+    void ChangeSort(UINT column, bool ascending, UINT state);
+    void OrderItems(UINT column, bool ascending);
     UINT GroupIndexOf(UINT id) const;
 
     // Drawing
@@ -500,6 +513,7 @@ private:
     void SetHotItem(UINT item);
 
     // Editing
+    GList* Editor() const;
     WNDPROC EditProcOf(HWND hwnd) const;
     bool IsFocusInside() const;
 

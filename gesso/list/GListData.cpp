@@ -3,9 +3,9 @@
 #include <gesso/containers/Index.h>
 #include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
-#include <gesso/containers/StringOf.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/list/ListCellLayout.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
 
@@ -36,20 +36,25 @@ template <class RECORD, class VALUE> bool Store(RECORD* record, VALUE RECORD::*f
     return record;
 }
 
-LPWSTR CopyOrNull(LPCWSTR text)
+// Stores a copy of a text; none for null. False, with nothing done, without memory.
+bool ReplaceText(LPWSTR& field, LPCWSTR text)
 {
-    return text ? gesso::CopyText(text) : nullptr;
+    LPWSTR copy = text ? gesso::CopyText(text) : nullptr;
+    if (text && !copy) {
+        return false;
+    }
+    gesso::FreeText(std::exchange(field, copy));
+    return true;
 }
 
-void ReplaceText(LPWSTR& field, LPCWSTR text)
-{
-    gesso::FreeText(std::exchange(field, CopyOrNull(text)));
-}
-
+// Null without memory.
 ListItem* MakeItem(UINT subItemCount)
 {
-    const size_t size = sizeof(ListItem) + subItemCount * sizeof(ListSubItem);
-    auto* item = new (gesso::Allocate(size)) ListItem();
+    void* block = gesso::TryAllocate(sizeof(ListItem) + subItemCount * sizeof(ListSubItem));
+    if (!block) {
+        return nullptr;
+    }
+    auto* item = new (block) ListItem();
     std::fill_n(item->SubItems(), subItemCount, ListSubItem());
     item->subItemCount = subItemCount;
     return item;
@@ -104,20 +109,27 @@ UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT c
                          PFNLISTSORT fktSort, PFNLISTGET fktGet)
 {
     position = std::min(position, columns.GetLength());
-    auto* column = new ListColumn{flags,    0,
-                                  format,   cx,
-                                  cxMin,    CopyOrNull(text),
-                                  nullptr,  image,
-                                  type,     rcFormat ? *rcFormat : RECT{-1, -1, -1, -1},
-                                  fktGroup, fktSort,
-                                  fktGet};
+    auto* column =
+        new ListColumn{flags,    0,       format, cx,   cxMin,
+                       nullptr,  nullptr, image,  type, rcFormat ? *rcFormat : RECT{-1, -1, -1, -1},
+                       fktGroup, fktSort, fktGet};
+    if (!ReplaceText(column->text, text) || !AddColumn(position, column)) {
+        ReleaseColumn(column);
+        return NO_INDEX;
+    }
     if (text) {
         const WindowContext context(m_hWnd);
         column->prepared = PrepareText(context, LTM_COLUMN, text, nullptr, format, lineHeight);
     }
-    columns.InsertAt(position, column);
     SetListStyle(listStyle);
     return position;
+}
+
+// Makes room for what a column shows too, so that no view fails for want of it. False without memory.
+bool GList::AddColumn(UINT position, ListColumn* column)
+{
+    return columnDraw.AllocExtra(gesso::MostCells(columns.GetLength() + 1)) &&
+           columns.InsertAt(position, column);
 }
 
 void GList::ReleaseColumn(ListColumn* column)
@@ -187,8 +199,8 @@ void GList::SetColumnCxMin(UINT column, UINT cxMin)
 // would else change in programs that keep a column's key in its text.
 void GList::SetColumnText(UINT column, LPCWSTR text)
 {
-    if (ListColumn* record = ColumnFor(column, "GList::SetColumnText: no such column")) {
-        ReplaceText(record->text, text);
+    ListColumn* record = ColumnFor(column, "GList::SetColumnText: no such column");
+    if (record && ReplaceText(record->text, text)) {
         RefreshLayout();
     }
 }
@@ -276,17 +288,31 @@ PFNLISTGET GList::GetColumnFktGet(UINT column) const
 UINT GList::InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group)
 {
     auto* record = new ListGroup{format, image, group, {}, nullptr};
-    NameGroup(*record, name);
+    if (!NameGroup(*record, name) || !ReserveRow() || groups.Add(record) == NO_INDEX) {
+        ReleaseGroup(record);
+        return NO_INDEX;
+    }
     ForgetLayout();
-    return groups.Add(record);
+    return groups.GetLength() - 1;
 }
 
-void GList::NameGroup(ListGroup& group, LPCWSTR name)
+// False, with nothing done, without memory.
+bool GList::NameGroup(ListGroup& group, LPCWSTR name)
 {
-    group.name = gesso::StringOf(name);
+    if (!group.name.Format(L"%s", gesso::TextOrEmpty(name))) {
+        return false;
+    }
     const WindowContext context(m_hWnd);
     ListTextPair* prepared = PrepareText(context, LTM_GROUP, group.name, nullptr, group.format, lineHeight);
     FreeText(std::exchange(group.prepared, prepared));
+    return true;
+}
+
+// Makes room for one row more than there are records, so that no layout fails for want of it. False without
+// memory.
+bool GList::ReserveRow()
+{
+    return gesso::ReserveRows(elements, groups.GetLength() + items.GetLength() + 1);
 }
 
 void GList::ReleaseGroup(ListGroup* group)
@@ -346,8 +372,8 @@ void GList::SetGroupHeight(UINT height)
 
 void GList::SetGroupName(UINT group, LPCWSTR name)
 {
-    if (ListGroup* record = GroupAt(group)) {
-        NameGroup(*record, name);
+    ListGroup* record = GroupAt(group);
+    if (record && NameGroup(*record, name)) {
         RefreshLayout();
     }
 }
@@ -404,16 +430,14 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
     position = std::min(position, items.GetLength());
     // A list without columns keeps the text all the same.
     ListItem* item = MakeItem(std::max(GetColumnCount(), 1U));
+    if (!item || !ReplaceText(item->SubItems()->text, text) || !ReserveRow() || !AddItem(position, item)) {
+        ReleaseItem(item);
+        return NO_INDEX;
+    }
     item->group = group;
     item->customData = customData;
     item->SubItems()->state = state;
     item->SubItems()->image = image;
-    item->SubItems()->text = CopyOrNull(text);
-    const UINT count = items.GetLength();
-    if (count == items.GetBufferLength()) {
-        items.AllocExtra(count + std::max(count / 2, LEAST_ITEM_GROWTH));
-    }
-    items.InsertAt(position, item);
     ++m_inside->itemChanges;
     if (bulkInsert) {
         ForgetLayout();
@@ -425,9 +449,20 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
     return position;
 }
 
+// False without memory.
+bool GList::AddItem(UINT position, ListItem* item)
+{
+    const UINT count = items.GetLength();
+    if (count == items.GetBufferLength()) {
+        items.AllocExtra(count + std::max(count / 2, LEAST_ITEM_GROWTH));
+    }
+    return items.InsertAt(position, item);
+}
+
+// Null is ignored.
 void GList::ReleaseItem(ListItem* item)
 {
-    for (UINT subItem = 0; subItem < item->subItemCount; ++subItem) {
+    for (UINT subItem = 0; item && subItem < item->subItemCount; ++subItem) {
         gesso::FreeText(item->SubItems()[subItem].text);
         FreeText(item->SubItems()[subItem].prepared);
     }
@@ -528,8 +563,8 @@ void GList::SetItemImage(UINT item, UINT subItem, UINT image)
 
 void GList::SetItemText(UINT item, UINT subItem, LPCWSTR text)
 {
-    if (ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemText: no such sub-item")) {
-        StoreText(*sub, subItem, text);
+    ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemText: no such sub-item");
+    if (sub && StoreText(*sub, subItem, text)) {
         CalculateU(item, false);
     }
 }
@@ -537,22 +572,25 @@ void GList::SetItemText(UINT item, UINT subItem, LPCWSTR text)
 void GList::SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT image)
 {
     ListSubItem* sub = SubItemFor(item, subItem, "GList::SetSubItem: no such sub-item");
-    if (!sub) {
+    if (!sub || !StoreText(*sub, subItem, text)) {
         return;
     }
     ChangeSubItemState(*sub, state);
     sub->image = image;
-    StoreText(*sub, subItem, text);
     RefreshLayout();
 }
 
-void GList::StoreText(ListSubItem& sub, UINT column, LPCWSTR text)
+// False, with nothing done, without memory.
+bool GList::StoreText(ListSubItem& sub, UINT column, LPCWSTR text)
 {
-    ReplaceText(sub.text, text);
+    if (!ReplaceText(sub.text, text)) {
+        return false;
+    }
     FreeText(std::exchange(sub.prepared, nullptr));
     if (!bulkInsert) {
         PrepareSubItem(sub, column);
     }
+    return true;
 }
 
 void* GList::GetItemCustomData(UINT item) const

@@ -441,10 +441,12 @@ LRESULT GList::OnPaint()
         ReplayFrame();
         return 0;
     }
-    const HWND hwnd = m_hWnd;
-    gesso::BufferedPaint paint(hwnd);
-    Draw(paint.Context());
-    if (Frame::IsAlive(hwnd, this) && frameRecord) {
+    const gesso::Watch watch(*this);
+    gesso::BufferedPaint paint(m_hWnd);
+    if (watch) {
+        Draw(paint.Context());
+    }
+    if (watch && frameRecord) {
         KeepFrame(paint.Context());
     }
     return 0;
@@ -472,7 +474,11 @@ void GList::KeepFrame(HDC hdc)
 
 void GList::ReplayFrame()
 {
+    const gesso::Watch watch(*this);
     const gesso::PaintContext context(m_hWnd);
+    if (!watch) {
+        return;
+    }
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
     const auto frame = static_cast<UINT>(frameIndex);

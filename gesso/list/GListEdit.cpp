@@ -4,7 +4,7 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/list/GList.h>
+#include <gesso/list/ListInside.h>
 
 #include <algorithm>
 #include <utility>
@@ -23,11 +23,13 @@ WNDPROC SetProc(HWND hwnd, WNDPROC pfn)
     return reinterpret_cast<WNDPROC>(SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfn)));
 }
 
-// A block of null entries.
+// A block of null entries, one more than `count`. Null without memory.
 template <class ENTRY> ENTRY* MakeTable(size_t count)
 {
-    auto* first = static_cast<ENTRY*>(gesso::Allocate(count * sizeof(ENTRY)));
-    std::fill_n(first, count, nullptr);
+    auto* first = static_cast<ENTRY*>(gesso::TryAllocate((count + 1) * sizeof(ENTRY)));
+    if (first) {
+        std::fill_n(first, count + 1, nullptr);
+    }
     return first;
 }
 
@@ -35,19 +37,29 @@ template <class ENTRY> ENTRY* MakeTable(size_t count)
 
 void GList::BeginEdit(UINT count, HWND* windows)
 {
+    auto* entries = MakeTable<HWND>(count);
+    auto* procs = MakeTable<WNDPROC>(count);
+    if (!entries || !procs) {
+        gesso::Free(entries);
+        gesso::Free(procs);
+        return;
+    }
     if (editWindows) {
         EndEdit();
     }
-    editWindows = MakeTable<HWND>(count + 1);
-    editProcs = MakeTable<WNDPROC>(count + 1);
+    editWindows = entries;
+    editProcs = procs;
+    m_inside->fEdits = true;
     UINT taken = 0;
     for (UINT i = 0; windows && i < count && windows[i]; ++i) {
         if (::GetParent(windows[i]) != m_hWnd || EditProcOf(windows[i])) {
             gesso::Misuse("GList::BeginEdit: a window that is no child of the list, or named twice");
             continue;
         }
-        editProcs[taken] = SetProc(windows[i], ListEditProc);
-        editWindows[taken++] = windows[i];
+        if (const WNDPROC pfn = SetProc(windows[i], ListEditProc)) {
+            editProcs[taken] = pfn;
+            editWindows[taken++] = windows[i];
+        }
     }
 }
 
@@ -57,19 +69,33 @@ void GList::EndEdit()
         gesso::Misuse("GList::EndEdit: no edit in progress");
         return;
     }
-    for (UINT i = 0; editWindows[i]; ++i) {
-        if (IsWindow(editWindows[i])) {
-            SetProc(editWindows[i], editProcs[i]);
+    GList* editor = Editor();
+    HWND* windows = std::exchange(editWindows, nullptr);
+    WNDPROC* procs = std::exchange(editProcs, nullptr);
+    if (editor != this) {
+        return editor ? editor->EndEdit() : void();
+    }
+    m_inside->fEdits = false;
+    for (UINT i = 0; windows[i]; ++i) {
+        if (IsWindow(windows[i])) {
+            SetProc(windows[i], procs[i]);
         }
     }
-    gesso::Free(std::exchange(editWindows, nullptr));
-    gesso::Free(std::exchange(editProcs, nullptr));
+    gesso::Free(windows);
+    gesso::Free(procs);
+}
+
+// The list whose edit this is, which a copy has taken over: the window's own. Null where it is over.
+GList* GList::Editor() const
+{
+    auto* editor = m_inside->fEdits ? const_cast<GList*>(this) : Frame::ObjectOf<GList>(m_hWnd);
+    return editor && editor->m_inside->fEdits && editor->editWindows == editWindows ? editor : nullptr;
 }
 
 // The window's own procedure; null for a window that is none of the edit's.
 WNDPROC GList::EditProcOf(HWND hwnd) const
 {
-    for (UINT i = 0; editWindows && editWindows[i]; ++i) {
+    for (UINT i = 0; editWindows && Editor() && editWindows[i]; ++i) {
         if (editWindows[i] == hwnd) {
             return editProcs[i];
         }

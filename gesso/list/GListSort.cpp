@@ -7,6 +7,7 @@
 #include <gesso/list/PartitionSort.h>
 
 #include <algorithm>
+#include <new>
 #include <unordered_map>
 #include <vector>
 
@@ -90,12 +91,10 @@ template <class KEY> void StoreItems(const std::vector<KEY>& keys, ListItem** a)
     std::transform(keys.begin(), keys.end(), a, [](const KEY& key) { return key.item; });
 }
 
-} // namespace
-
-void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare)
+void SortByData(ListItem** a, size_t n, bool ascending, PFNLISTSORT compare)
 {
     std::vector<DataKey> keys;
-    std::transform(a, a + std::max<__int64>(n, 0), std::back_inserter(keys), [](ListItem* item) {
+    std::transform(a, a + n, std::back_inserter(keys), [](ListItem* item) {
         return DataKey{item->customData, item};
     });
     SortKeys(keys, ascending,
@@ -104,9 +103,9 @@ void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT
 }
 
 // What all texts begin with decides nothing, so that the keys leave it out.
-void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column)
+void SortByText(ListItem** a, size_t n, bool ascending, UINT column)
 {
-    ListItem** end = a + std::max<__int64>(n, 0);
+    ListItem** end = a + n;
     const LPCWSTR first = a < end ? TextOf(*a, column) : L"";
     size_t start = wcslen(first);
     std::for_each(a, end, [&](ListItem* item) { start = CommonStart(first, TextOf(item, column), start); });
@@ -119,6 +118,51 @@ void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT colum
     StoreItems(keys, a);
 }
 
+// The items brought, within each group in the order that they have, into the order of the groups. One whose
+// id several groups have goes to the first; `strays` are those whose group is none of these.
+std::vector<ListItem*> ByGroup(const std::vector<ListItem*>& items, const gesso::ListGroups& groups,
+                               std::vector<ListItem*>& strays)
+{
+    std::unordered_map<UINT, UINT> groupOf;
+    for (UINT group = 0; group < groups.GetLength(); ++group) {
+        groupOf.try_emplace(groups[group]->group, group);
+    }
+    std::vector<std::vector<ListItem*>> members(groups.GetLength());
+    for (ListItem* item : items) {
+        const auto found = groupOf.find(item->group);
+        (found != groupOf.end() ? members[found->second] : strays).push_back(item);
+    }
+    std::vector<ListItem*> gathered;
+    gathered.reserve(items.size());
+    for (const auto& group : members) {
+        gathered.insert(gathered.end(), group.begin(), group.end());
+    }
+    return gathered;
+}
+
+// Does what needs memory; false where there is none.
+template <class FUNCTION> bool Tried(FUNCTION function)
+{
+    try {
+        function();
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+} // namespace
+
+void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare)
+{
+    Tried([=] { SortByData(a, static_cast<size_t>(std::max<__int64>(n, 0)), ascending, compare); });
+}
+
+void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column)
+{
+    Tried([=] { SortByText(a, static_cast<size_t>(std::max<__int64>(n, 0)), ascending, column); });
+}
+
 void GList::SetSortState(UINT column, UINT state)
 {
     if (column < columns.GetLength()) {
@@ -128,62 +172,64 @@ void GList::SetSortState(UINT column, UINT state)
 
 void GList::Sort(UINT column, bool ascending)
 {
-    SetSortState(sortColumn, 0);
-    sortColumn = column;
-    sortAscending = ascending;
-    SetSortState(column, ascending ? LCS_SORTUP : LCS_SORTDOWN);
+    const UINT formerColumn = sortColumn;
+    const bool formerAscending = sortAscending;
+    const UINT formerState =
+        formerColumn < columns.GetLength() ? columns[formerColumn]->state & (LCS_SORTUP | LCS_SORTDOWN) : 0;
+    ChangeSort(column, ascending, ascending ? LCS_SORTUP : LCS_SORTDOWN);
     if (items.GetLength() == 0) {
         return;
     }
-    if (column < columns.GetLength()) {
-        SortItems(column, ascending);
+    const gesso::Watch watch(*this);
+    const bool fOrdered = Tried([&] { OrderItems(column, ascending); });
+    if (!watch) {
+        return;
     }
-    if (groups.GetLength() > 0) {
-        GatherByGroup();
+    if (fOrdered) {
+        Calculate();
+    } else {
+        ChangeSort(formerColumn, formerAscending, formerState);
     }
-    Calculate();
 }
 
-// Sorts a copy: the callback is not to change the items, and nothing is lost if it does.
-void GList::SortItems(UINT column, bool ascending)
+// The one place: which column the list is sorted by, and the arrow that shows it.
+void GList::ChangeSort(UINT column, bool ascending, UINT state)
 {
-    const UINT count = items.GetLength();
+    SetSortState(sortColumn, 0);
+    sortColumn = column;
+    sortAscending = ascending;
+    SetSortState(column, state);
+}
+
+// Orders a copy: the callback is not to change the items, and nothing is lost if it does, if the list goes,
+// nor where there is no memory for more. What belongs to no group goes.
+void GList::OrderItems(UINT column, bool ascending)
+{
     const UINT changes = m_inside->itemChanges;
-    std::vector<ListItem*> sorted(items.GetData(), items.GetData() + count);
-    if (const PFNLISTSORT compare = columns[column]->fktSort) {
-        FastSortItemPtr(sorted.data(), count, ascending, compare);
-    } else {
-        SortAlphabetical(sorted.data(), count, ascending, column);
+    const gesso::Watch watch(*this);
+    std::vector<ListItem*> order(items.begin(), items.end());
+    if (column < columns.GetLength()) {
+        if (const PFNLISTSORT compare = columns[column]->fktSort) {
+            SortByData(order.data(), order.size(), ascending, compare);
+        } else {
+            SortByText(order.data(), order.size(), ascending, column);
+        }
+    }
+    if (!watch) {
+        return;
     }
     if (changes != m_inside->itemChanges) {
         gesso::Misuse("GList::Sort: fktSort changed the items");
-        return;
+        order.assign(items.begin(), items.end());
     }
-    std::copy(sorted.begin(), sorted.end(), items.GetData());
-}
-
-// Brings the items, within each group in the order that they have, into the order of the groups. An item
-// whose group is none of these goes; one whose id several groups have goes to the first.
-void GList::GatherByGroup()
-{
-    std::unordered_map<UINT, UINT> groupOf;
-    for (UINT group = 0; group < groups.GetLength(); ++group) {
-        groupOf.try_emplace(groups[group]->group, group);
+    std::vector<ListItem*> strays;
+    if (groups.GetLength() > 0) {
+        order = ByGroup(order, groups, strays);
+        ++m_inside->itemChanges;
     }
-    std::vector<std::vector<ListItem*>> members(groups.GetLength());
-    for (UINT i = 0; i < items.GetLength(); ++i) {
-        const auto found = groupOf.find(items[i]->group);
-        if (found != groupOf.end()) {
-            members[found->second].push_back(items[i]);
-        } else {
-            ReleaseItem(items[i]);
-        }
-    }
-    items.RemoveAll();
-    ++m_inside->itemChanges;
-    for (const auto& group : members) {
-        items.Add(group.data(), static_cast<UINT>(group.size()));
-    }
+    std::for_each(strays.begin(), strays.end(), [](ListItem* item) { ReleaseItem(item); });
+    std::copy(order.begin(), order.end(), items.GetData());
+    items.SetLength(static_cast<UINT>(order.size()), -1);
 }
 
 // Fixed behaviour: the items are left with the index of their group, while sorting and layout go by its id.
@@ -197,16 +243,19 @@ void GList::Group(UINT column, bool)
     }
     const bool fOff = column == NO_INDEX;
     const PFNLISTGROUP groupOf = column < columns.GetLength() ? columns[column]->fktGroup : nullptr;
+    const gesso::Watch watch(*this);
     for (UINT i = 0; (fOff || groupOf) && i < items.GetLength(); ++i) {
         const UINT id = fOff ? 0 : groupOf(this, items[i]->customData);
+        if (!watch) {
+            return;
+        }
         if (i < items.GetLength()) {
             items[i]->group = fOff ? id : GroupIndexOf(id);
         }
     }
     ForgetLayout();
-    const gesso::Lifeline life(*this);
     Sort(sortColumn, sortAscending);
-    if (life) {
+    if (watch) {
         RefreshLayout();
     }
 }

@@ -37,7 +37,7 @@ LPCWSTR MeasuredCaption(const ListCells& cells, const ListColumns& columns, UINT
 void MakeIconCells(ListCells& cells)
 {
     while (cells.GetLength() < ICON_CELLS) {
-        cells.Add(stcColumnDrawInfo());
+        cells.GetAtGrow(cells.GetLength()) = stcColumnDrawInfo();
     }
     cells.SetLength(ICON_CELLS, -1);
 }

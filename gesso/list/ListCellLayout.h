@@ -4,9 +4,16 @@
 
 #include <gesso/list/ListGeometry.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace gesso {
+
+// How many elements an item shows of so many columns at the most, in any view.
+constexpr UINT MostCells(UINT columns)
+{
+    return std::max(2 * columns + 1, 3U);
+}
 
 // Side by side, behind the check box if there is one. Returns where the next would begin.
 int ArrangeDetails(ListCells& cells, const ListColumns& columns, UINT itemHeight, const SIZE* pCheckBox,

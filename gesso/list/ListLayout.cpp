@@ -17,13 +17,6 @@ void Move(stcElementPosition& row, int64_t dy)
     row.rect.bottom = Saturated(row.rect.bottom + dy);
 }
 
-void Reserve(ListRows& rows, UINT count)
-{
-    if (count > rows.GetBufferLength()) {
-        rows.AllocExtra(std::max(count, rows.GetLength() + rows.GetLength() / 2));
-    }
-}
-
 bool AreAlike(const stcElementPosition& a, const stcElementPosition& b)
 {
     return a.type == b.type && a.index == b.index && EqualRect(&a.rect, &b.rect);
@@ -34,16 +27,12 @@ bool AreAlike(const stcElementPosition& a, const stcElementPosition& b)
 class Placing
 {
 public:
-    // `nMost` is how many rows there may be.
-    Placing(ListRows& rows, UINT nMost, const ListMeasures& measures)
+    // `rows` are as many as there may be.
+    Placing(ListRows& rows, const ListMeasures& measures)
         : m_rows(rows), m_right(Saturated(measures.columnsWidth)), m_item{Saturated(measures.itemWidth),
                                                                           Saturated(measures.itemHeight)},
           m_spacing{Saturated(measures.spacingX), Saturated(measures.spacingY)}
-    {
-        Reserve(rows, nMost);
-        rows.SetLength(nMost, -1);
-        m_next = rows.GetData();
-    }
+    {}
     ~Placing() { m_rows.SetLength(static_cast<UINT>(m_next - m_rows.GetData()), -1); }
     Placing(const Placing&) = delete;
     Placing& operator=(const Placing&) = delete;
@@ -95,7 +84,7 @@ private:
     void Append(UINT type, UINT index) { *m_next++ = {type, index, {m_left, m_top, m_right, m_bottom}}; }
 
     ListRows& m_rows;
-    stcElementPosition* m_next;
+    stcElementPosition* m_next = m_rows.GetData();
     int m_left = 0;
     int m_top = 0;
     int m_right;
@@ -109,12 +98,23 @@ private:
 
 } // namespace
 
+bool ReserveRows(ListRows& rows, UINT count)
+{
+    const UINT room = rows.GetBufferLength();
+    return count <= room || rows.AllocExtra(std::max(count, room + room / 2));
+}
+
 int ListLayout::Place()
 {
     const bool fIcons = m_measures.view == GLS_ICONS;
     const UINT groupCount = m_groups.GetLength();
     const UINT itemCount = m_items.GetLength();
-    Placing placing(m_placed, groupCount + itemCount, m_measures);
+    if (!ReserveRows(m_placed, groupCount + itemCount)) {
+        m_known.fCurrent = false;
+        return RowsEnd();
+    }
+    m_placed.SetLength(groupCount + itemCount, -1);
+    Placing placing(m_placed, m_measures);
     UINT id = 0;
     UINT i = 0;
     for (UINT g = 0; g == 0 || i < itemCount; ++g) {
@@ -140,6 +140,10 @@ int ListLayout::Place()
 UINT ListLayout::Insert(UINT item)
 {
     const UINT count = m_placed.GetLength();
+    if (!ReserveRows(m_placed, count + 1)) {
+        m_known.fCurrent = false;
+        return count;
+    }
     if (count == 0) {
         m_known = {m_known.fCurrent, true, true, 0};
     }
@@ -151,7 +155,6 @@ UINT ListLayout::Insert(UINT item)
     }
     m_known.groupRowsEnd += m_known.groupRowsEnd > item ? 1 : 0;
 
-    Reserve(m_placed, count + 1);
     const int y = row > 0 ? m_placed[row - 1].rect.bottom : 0;
     m_placed.InsertAt(row, {LET_ITEM, row, {0, y, Saturated(m_measures.columnsWidth), y}});
     m_known.fAscending = m_known.fAscending && IsInOrder(row);

@@ -7,6 +7,9 @@
 
 namespace gesso {
 
+// Makes room for so many rows, all that there may be. False without memory.
+bool ReserveRows(ListRows& rows, UINT count);
+
 class ListLayout : public ListGeometry
 {
 public:
@@ -15,7 +18,8 @@ public:
         : ListGeometry(measures, items, groups, cells, rows, order), m_placed(rows), m_known(order)
     {}
 
-    // Places all rows anew. Returns where they end, as far as the content goes.
+    // Places all rows anew. Returns where they end, as far as the content goes. Without memory the rows are
+    // as they were, and not current.
     //
     // Items must stand in the order of the groups. One that matches neither the group that the walk has come
     // to nor any behind it has no row.

@@ -27,6 +27,13 @@ HPEN MakePen(COLORREF cr)
     return CreatePen(PS_SOLID, 1, cr);
 }
 
+template <class HANDLE, class MAKE> void MakeMissing(HANDLE& handle, const MAKE& make)
+{
+    if (!handle) {
+        handle.Reset(make());
+    }
+}
+
 LRESULT PassToParent(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     SendMessageW(GetParent(hwnd), uMsg, wParam, lParam);
@@ -58,11 +65,9 @@ GRibbon::~GRibbon() = default;
 
 HWND GRibbon::Create(int x, int y, int cx, int cy, HWND hwndParent, HINSTANCE hInstance)
 {
-    const gesso::RibbonImages images =
-        m_template ? gesso::LoadRibbonImages(hInstance, reinterpret_cast<LPCWSTR>(m_template))
-                   : gesso::MakeEmptyRibbonImages();
-    m_hLargeImages.Reset(images.hLarge);
-    m_hSmallImages.Reset(images.hSmall);
+    m_hLargeImages.Reset();
+    m_hSmallImages.Reset();
+    TakeMissingImages(hInstance);
     const gesso::Lifeline life(*this);
     const HWND hwnd = Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
                                           0, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN);
@@ -85,15 +90,64 @@ void GRibbon::Init(void*) {}
 LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
 {
     Frame::SetState(*this, Frame::FIRST_STATE);
-    m_hActivePen.Reset(MakePen(m_crActiveLine));
-    m_hActiveBrush.Reset(CreateSolidBrush(m_crActiveFill));
-    m_hHotPen.Reset(MakePen(m_crHotLine));
-    m_hHotBrush.Reset(CreateSolidBrush(m_crHotFill));
-    m_hPagePen.Reset(MakePen(m_crPageLine));
-    m_hPageFont.Reset(MakeFont(m_hWnd, Metrics::RIBBON_PAGE_FONT));
+    ReleaseTools();
+    MakeMissingTools();
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         m_aTabs[i].pPage->Create(this);
     }
+    return 0;
+}
+
+void GRibbon::ReleaseTools()
+{
+    m_hActivePen.Reset();
+    m_hActiveBrush.Reset();
+    m_hHotPen.Reset();
+    m_hHotBrush.Reset();
+    m_hPagePen.Reset();
+    m_hPageFont.Reset();
+}
+
+void GRibbon::MakeMissingTools()
+{
+    MakeMissing(m_hActivePen, [this] { return MakePen(m_crActiveLine); });
+    MakeMissing(m_hActiveBrush, [this] { return CreateSolidBrush(m_crActiveFill); });
+    MakeMissing(m_hHotPen, [this] { return MakePen(m_crHotLine); });
+    MakeMissing(m_hHotBrush, [this] { return CreateSolidBrush(m_crHotFill); });
+    MakeMissing(m_hPagePen, [this] { return MakePen(m_crPageLine); });
+    MakeMissing(m_hPageFont, [this] { return MakeFont(m_hWnd, Metrics::RIBBON_PAGE_FONT); });
+}
+
+// A list that there is stays: it may be of another module's template.
+void GRibbon::TakeMissingImages(HINSTANCE hInstance)
+{
+    const gesso::RibbonImages images =
+        m_template ? gesso::LoadRibbonImages(hInstance, reinterpret_cast<LPCWSTR>(m_template))
+                   : gesso::MakeEmptyRibbonImages();
+    gesso::ImageListHandle hLarge;
+    gesso::ImageListHandle hSmall;
+    (m_hLargeImages ? hLarge : m_hLargeImages).Reset(images.hLarge);
+    (m_hSmallImages ? hSmall : m_hSmallImages).Reset(images.hSmall);
+}
+
+// Opens the pages' style anew, and makes what could not be made before. Images that are lacking come from the
+// program: where else a template may lie is known to Create alone.
+LRESULT GRibbon::OnThemeChanged()
+{
+    if (!m_template) {
+        MakeMissing(m_hTabFont, [] { return MakeFont(nullptr, Metrics::RIBBON_TAB_FONT); });
+    }
+    MakeMissingTools();
+    if (!m_hLargeImages || !m_hSmallImages) {
+        TakeMissingImages(nullptr);
+    }
+    for (const RibbonTab& tab : m_aTabs) {
+        // A derived page need not have called the base class's Create.
+        if (tab.pPage->RibbonWindow()) {
+            tab.pPage->TakeStyle();
+        }
+    }
+    Invalidate(0);
     return 0;
 }
 
@@ -102,12 +156,7 @@ LRESULT GRibbon::OnDestroy()
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         m_aTabs[i].pPage->Destroy();
     }
-    m_hActivePen.Reset();
-    m_hActiveBrush.Reset();
-    m_hHotPen.Reset();
-    m_hHotBrush.Reset();
-    m_hPagePen.Reset();
-    m_hPageFont.Reset();
+    ReleaseTools();
     m_hLargeImages.Reset();
     m_hSmallImages.Reset();
     return Frame::Detach(*this);
@@ -194,6 +243,7 @@ LRESULT GRibbon::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_PAINT: return gesso::PaintControl(*this, m_hWnd);
     case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return 1;
+    case WM_THEMECHANGED: return OnThemeChanged();
     case WM_WINDOWPOSCHANGED: return OnWindowPosChanged();
     case WM_COMMAND:
     case WM_NOTIFY: return PassToParent(m_hWnd, uMsg, wParam, lParam);

@@ -60,16 +60,17 @@ public:
     virtual int Destroy();
     // Adds a visible tab behind the others, and repaints. A given page, from new, belongs to the ribbon from
     // now on; an id other than 0 becomes its id. Without a page, MakePage makes one with the id and the
-    // title. Returns the tab's index, or RIBBON_NONE where MakePage made no page. Fixed behaviour: with a
+    // title. Returns the tab's index, or RIBBON_NONE where MakePage made no page, and without memory, when a
+    // given page stays the caller's. Fixed behaviour: with a
     // page, a title only sets the tab's width, and the page keeps its own; a host that asks for room this way
     // would find its tabs renamed.
     virtual UINT AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle);
     // Takes the page out and repaints; it belongs to the caller again, who deletes it. A page that is not in
     // the ribbon is ignored. Where no tab is left behind the active one's place, the last becomes active.
     virtual void RemovePage(GRibbonPage* pPage);
-    // Sets the page's title and the width of its tab. Does not repaint.
+    // Sets the page's title and the width of its tab; nothing without memory. Does not repaint.
     virtual void RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle);
-    // Makes the page for AddPage; a subclass may supply its own kind.
+    // Makes the page for AddPage; a subclass may supply its own kind. Null without memory.
     virtual GRibbonPage* MakePage(DWORD dwId, LPCWSTR pszTitle);
     // The first page with that id, or null.
     virtual GRibbonPage* GetPage(DWORD dwId);
@@ -127,6 +128,10 @@ private:
     friend class gesso::Frame;
     friend class GRibbonPage;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnThemeChanged();
+    void MakeMissingTools();
+    void ReleaseTools();
+    void TakeMissingImages(HINSTANCE hInstance);
     static void DeletePage(GRibbonPage* pPage);
     void ChangeActive(UINT nIndex);
     void ChangeHot(UINT nIndex);

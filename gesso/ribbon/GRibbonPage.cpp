@@ -1,12 +1,14 @@
+#include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
-#include <gesso/containers/StringOf.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/ribbon/GRibbonPage.h>
 
 #include <algorithm>
+#include <utility>
 
 using gesso::Frame;
 
@@ -14,11 +16,11 @@ namespace {
 
 constexpr LPCWSTR THEME_CLASS = L"BUTTON";
 
+// Null without memory.
 UINT* CopyOptions(const UINT* puOptions, size_t nCount)
 {
-    auto* pCopy = static_cast<UINT*>(std::malloc(nCount * sizeof(UINT)));
-    std::memcpy(pCopy, puOptions, nCount * sizeof(UINT));
-    return pCopy;
+    void* pCopy = gesso::TryAllocate(nCount * sizeof(UINT));
+    return pCopy ? static_cast<UINT*>(std::memcpy(pCopy, puOptions, nCount * sizeof(UINT))) : nullptr;
 }
 
 // The index of the first group or item with that id; their count where there is none.
@@ -38,7 +40,10 @@ GRibbonPage::GRibbonPage(DWORD dwId, LPCWSTR pszTitle) : m_dwId(dwId), m_hItemFo
     m_pszTitle.Reset(gesso::CopyText(pszTitle));
 }
 
-GRibbonPage::~GRibbonPage() = default;
+GRibbonPage::~GRibbonPage()
+{
+    gesso::Lifeline::Cut(this);
+}
 
 void GRibbonPage::Delete(void* p)
 {
@@ -47,7 +52,7 @@ void GRibbonPage::Delete(void* p)
 
 void GRibbonPage::FreeBlock(void* p)
 {
-    std::free(p);
+    gesso::Free(p);
 }
 
 // --- The ribbon
@@ -63,10 +68,15 @@ void GRibbonPage::Create(GRibbon* pRibbon)
     m_hItemFont = g_hDefaultFont;
     m_pRibbon = pRibbon;
     m_hwndRibbon = pRibbon->GetHwnd();
-    pRibbon->GetPageDrawInfo(&m_hBrush, &m_hPen, &m_hGroupFont);
     m_hwndTarget = pRibbon->GetParent();
-    m_hTheme.Open(m_hwndRibbon, THEME_CLASS);
+    TakeStyle();
     ChangeState(~0u, false);
+}
+
+void GRibbonPage::TakeStyle()
+{
+    m_pRibbon->GetPageDrawInfo(&m_hBrush, &m_hPen, &m_hGroupFont);
+    m_hTheme.Open(m_hwndRibbon, THEME_CLASS);
 }
 
 void GRibbonPage::Destroy()
@@ -81,7 +91,7 @@ HWND GRibbonPage::RibbonWindow() const
 
 void GRibbonPage::SetTitle(LPCWSTR pszTitle)
 {
-    m_pszTitle.Reset(gesso::CopyText(pszTitle));
+    static_cast<void>(gesso::HoldText(m_pszTitle, pszTitle));
 }
 
 LPCWSTR GRibbonPage::Title() const
@@ -106,7 +116,13 @@ int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT
     const UINT nCount = m_aGroups.GetLength();
     const UINT nIndex = dwAfterId ? std::min(IndexOfId(m_aGroups, dwAfterId) + 1, nCount) : 0;
     const int nWidth = gesso::Pixels(RibbonWindow(), gesso::Metrics::RIBBON_EMPTY_GROUP_WIDTH);
-    m_aGroups.InsertAt(nIndex, Group{dwId, gesso::StringOf(pszTitle), {}, 0, nWidth, uFixedWidth, 0});
+    OString<wchar_t> strTitle;
+    if (!strTitle.Format(L"%s", gesso::TextOrEmpty(pszTitle)) ||
+        !m_aGroups.InsertAt(nIndex, Group{dwId, {}, {}, 0, nWidth, uFixedWidth, 0}))
+    {
+        return 0;
+    }
+    m_aGroups[nIndex].strTitle = std::move(strTitle);
     RecalcWidth();
     return 1;
 }
@@ -114,7 +130,7 @@ int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT
 void GRibbonPage::SetGroupName(DWORD dwId, LPCWSTR pszTitle)
 {
     if (Group* pGroup = FindGroup(dwId)) {
-        pGroup->strTitle = gesso::StringOf(pszTitle);
+        pGroup->strTitle.Format(L"%s", gesso::TextOrEmpty(pszTitle));
     }
 }
 
@@ -148,7 +164,9 @@ void GRibbonPage::InsertItem(DWORD dwGroupId, DWORD dwBeforeId, ItemInfo* pInfo)
     Item item{};
     item.uType = pInfo->uType;
     item.nId = pInfo->nId;
-    TakeInfo(item, *pInfo);
+    if (!pGroup->aItems.AllocExtra(pGroup->aItems.GetLength() + 1) || !TakeInfo(item, *pInfo)) {
+        return;
+    }
     Measure(item);
     const UINT nIndex = IndexOfId(pGroup->aItems, dwBeforeId);
     pGroup->aItems.InsertAt(nIndex, item);
@@ -169,10 +187,9 @@ void GRibbonPage::SetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
         return gesso::Misuse("GRibbonPage::SetItemInfo: an item that is not in the group");
     }
     Item& item = pGroup->aItems[nIndex];
-    if (item.uType != pInfo->uType) {
+    if (item.uType != pInfo->uType || !TakeInfo(item, *pInfo)) {
         return;
     }
-    TakeInfo(item, *pInfo);
     Measure(item);
     OnItemsChanged(*pGroup, nIndex);
 }
@@ -229,7 +246,7 @@ void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
     if (!phwnd) {
         return gesso::Misuse("GRibbonPage::AddWindow: no windows");
     }
-    if (!pGroup) {
+    if (!pGroup || !pGroup->aItems.AllocExtra(pGroup->aItems.GetLength() + nCount)) {
         return;
     }
     for (UINT i = 0; i < nCount; i++) {
@@ -243,32 +260,44 @@ void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
     }
 }
 
-void GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
+// False, with nothing done, without memory.
+bool GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
 {
-    if (item.uType == RIT_BUTTON) {
-        item.nId = info.nId;
-        TakeOptions(item, info);
+    const bool fButton = item.uType == RIT_BUTTON;
+    if (!fButton && item.uType != RIT_CHECKBOX) {
+        return true;
+    }
+    const LPCWSTR pszText = fButton ? info.pszText : info.pszCheckText;
+    const bool fOptions = fButton && info.puOptions && info.nOptions > 1;
+    LPWSTR pszCopy = pszText ? gesso::CopyText(pszText) : nullptr;
+    UINT* puCopy = fOptions ? CopyOptions(info.puOptions, static_cast<size_t>(info.nOptions)) : nullptr;
+    if ((pszText && !pszCopy) || (fOptions && !puCopy) || !m_ownBlocks.Reserve(2)) {
+        FreeBlock(pszCopy);
+        FreeBlock(puCopy);
+        return false;
+    }
+    item.nId = info.nId;
+    if (fButton) {
         item.nImage = info.nImage;
-        TakeText(item, info.pszText);
-    } else if (item.uType == RIT_CHECKBOX) {
-        item.nId = info.nId;
+        TakeOptions(item, info, puCopy);
+    } else {
         item.nImage = -1;
         ChangeCheck(item, info.bChecked);
-        TakeText(item, info.pszCheckText);
     }
+    TakeText(item, pszCopy);
+    return true;
 }
 
 // Fixed behaviour: of several sizes only the last is used, and a single one is not kept. To use the first
 // would change every item that names several, and a kept one would be told by GetItemInfo.
-void GRibbonPage::TakeOptions(Item& item, const ItemInfo& info)
+void GRibbonPage::TakeOptions(Item& item, const ItemInfo& info, UINT* puCopy)
 {
     const int nOptions = info.puOptions ? info.nOptions : 0;
     UINT* puFormer = item.puOptions;
-    item.puOptions = nullptr;
+    item.puOptions = puCopy;
     item.wOptions = 0;
-    if (nOptions > 1) {
-        item.puOptions = CopyOptions(info.puOptions, static_cast<size_t>(nOptions));
-        m_ownBlocks.Add(item.puOptions);
+    if (puCopy) {
+        m_ownBlocks.Add(puCopy);
         item.wOptions = static_cast<WORD>(nOptions);
     }
     if (nOptions != 0) {
@@ -278,12 +307,10 @@ void GRibbonPage::TakeOptions(Item& item, const ItemInfo& info)
     m_ownBlocks.Free(puFormer);
 }
 
-void GRibbonPage::TakeText(Item& item, LPCWSTR pszText)
+void GRibbonPage::TakeText(Item& item, LPWSTR pszCopy)
 {
-    if (pszText) {
-        LPWSTR pszFormer = item.pszText;
-        item.pszText = gesso::CopyText(pszText);
-        m_ownBlocks.Add(item.pszText);
-        m_ownBlocks.Free(pszFormer);
+    if (pszCopy) {
+        m_ownBlocks.Add(pszCopy);
+        m_ownBlocks.Free(std::exchange(item.pszText, pszCopy));
     }
 }

@@ -107,7 +107,7 @@ public:
         LPCWSTR pszText; // button
     };
 
-    // A page on the heap, for GRibbon::AddPage. The title is copied; null counts as empty.
+    // A page on the heap, for GRibbon::AddPage. The title is copied; null, or no memory, counts as empty.
     GRibbonPage(DWORD dwId, LPCWSTR pszTitle);
     // A copy has groups of its own, but shares the title and the items' texts and options, which stay those
     // of the page that it was copied from, as does the theme.
@@ -122,12 +122,13 @@ public:
     virtual void Create(GRibbon* pRibbon);
     // Called by the ribbon when its window goes: closes the theme.
     virtual void Destroy();
-    // Copies the title. The tab keeps its width: GRibbon::RenamePage sets both.
+    // Copies the title; without memory nothing is done. The tab keeps its width: GRibbon::RenamePage sets
+    // both.
     virtual void SetTitle(LPCWSTR pszTitle);
 
     // Inserts an empty group behind the one with dwAfterId: in front for 0, at the end where there is none
     // such. uFixedWidth is 0, or the width in pixels of a group whose room the host uses for its own windows.
-    // Returns 1.
+    // Returns 1; 0, with nothing done, without memory.
     virtual int InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT uFixedWidth);
     virtual void SetGroupName(DWORD dwId, LPCWSTR pszTitle);
     // Removes a group with its items. Pointers from GetItemInfo stay good until the page goes. Returns 0 if
@@ -137,7 +138,8 @@ public:
     virtual int RemoveGroup(DWORD dwId);
 
     // Inserts an item before the one with dwBeforeId, or at the end of the group where there is none such.
-    // Texts and options are copied. Without options a button has no size and does not show.
+    // Texts and options are copied. Without options a button has no size and does not show. Without memory
+    // this, SetItemInfo, SetGroupName and AddWindow do nothing.
     virtual void InsertItem(DWORD dwGroupId, DWORD dwBeforeId, ItemInfo* pInfo);
     // Changes an item to what *pInfo says, the id included; nothing where the item is of another type. A null
     // text, and 0 options, leave the former text and size.
@@ -199,12 +201,13 @@ private:
     // The ribbon's window; null without one, and where the ribbon is gone.
     HWND RibbonWindow() const;
     void InvalidateRibbon() const;
+    void TakeStyle();
 
     Group* FindGroup(DWORD dwId);
     Item* ItemOfCode(UINT uItem);
-    void TakeInfo(Item& item, const ItemInfo& info);
-    void TakeOptions(Item& item, const ItemInfo& info);
-    void TakeText(Item& item, LPCWSTR pszText);
+    bool TakeInfo(Item& item, const ItemInfo& info);
+    void TakeOptions(Item& item, const ItemInfo& info, UINT* puCopy);
+    void TakeText(Item& item, LPWSTR pszCopy);
     void Measure(Item& item) const;
     void ChangeHot(UINT uItem);
     void ChangeState(UINT uBits, bool fOn);

@@ -4,6 +4,7 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/Wrapped.h>
 #include <gesso/ribbon/GRibbonPageWatch.h>
 #include <gesso/ribbon/ItemCode.h>
 
@@ -22,6 +23,14 @@ namespace {
 // Fixed behaviour: a checked box is drawn one state beyond that of its plain counterpart, which the style
 // draws hot where nothing is under the pointer. The counterpart itself would look unlike every ribbon so far.
 constexpr int CHECKED_STATES = 5;
+
+// Drawing has no coordinates beyond this, and what is added to one that is nearer stays in an int's range.
+constexpr int FARTHEST = 0x7FFFFFF;
+
+bool IsNear(int x)
+{
+    return x >= -FARTHEST && x <= FARTHEST;
+}
 
 // Draws items of one page into one context, in the font that is selected there. Each rectangle is the item's,
 // with x in the ribbon.
@@ -176,7 +185,11 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
     const Group& group = m_aGroups[nGroup];
     for (UINT i = 0; i < group.aItems.GetLength(); i++) {
         const Item& item = group.aItems[i];
-        const RECT rc{group.nLeft + item.nLeft, item.nTop, group.nLeft + item.nRight, item.nBottom};
+        const auto at = [&](int x) { return gesso::Wrapped(int64_t{group.nLeft} + x); };
+        const RECT rc{at(item.nLeft), item.nTop, at(item.nRight), item.nBottom};
+        if (!IsNear(rc.left) || !IsNear(rc.right)) {
+            continue;
+        }
         gesso::LayoutOverlay::Add(hdc, rc);
         painter.Draw(item, rc, StateOf(gesso::ItemCode(nGroup, i), item));
     }

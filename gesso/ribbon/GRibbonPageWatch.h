@@ -8,16 +8,21 @@ class GRibbonPage::Watch
 {
 public:
     explicit Watch(const GRibbonPage& page)
-        : m_hWnd(page.RibbonWindow()), m_pRibbon(page.m_pRibbon), m_pPage(&page), m_fListed(IsListed())
+        : m_life(&page), m_hWnd(page.RibbonWindow()), m_pRibbon(page.m_pRibbon), m_pPage(&page),
+          m_fListed(IsListed())
     {}
 
     // Reads nothing of the page; where it is false, nothing of it may be touched. A page that was in no
-    // ribbon before the call, a copy for one, is its caller's and counts as there while its ribbon is.
-    bool IsAlive() const { return gesso::Frame::IsAlive(m_hWnd, m_pRibbon) && (!m_fListed || IsListed()); }
+    // ribbon before the call, a copy for one, is its caller's, and there while it and its ribbon are.
+    bool IsAlive() const
+    {
+        return m_life && gesso::Frame::IsAlive(m_hWnd, m_pRibbon) && (!m_fListed || IsListed());
+    }
 
 private:
     bool IsListed() const { return m_hWnd && m_pRibbon->IndexOf(m_pPage) != RIBBON_NONE; }
 
+    gesso::Lifeline m_life;
     HWND m_hWnd;
     const GRibbon* m_pRibbon;
     const GRibbonPage* m_pPage;

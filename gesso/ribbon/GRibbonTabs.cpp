@@ -5,6 +5,8 @@
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
 
+#include <memory>
+
 namespace {
 
 template <class HANDLE_TYPE> void GiveHandle(HANDLE_TYPE* pHandle, HANDLE_TYPE handle)
@@ -24,6 +26,9 @@ void GRibbon::DeletePage(GRibbonPage* pPage)
 
 UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
 {
+    if (!m_aTabs.AllocExtra(m_aTabs.GetLength() + 1) || !m_ownPages.Reserve(1)) {
+        return RIBBON_NONE;
+    }
     if (!pPage) {
         pPage = MakePage(dwId, pszTitle);
     } else if (dwId) {
@@ -63,19 +68,23 @@ void GRibbon::RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle)
     if (!pPage) {
         return gesso::Misuse("GRibbon::RenamePage: no page");
     }
-    // Measured first: the title may be the page's own, which goes.
-    const UINT uWidth = MeasureTitle(gesso::TextOrEmpty(pszTitle));
-    pPage->SetTitle(pszTitle);
+    // A copy: the title may be the page's own, which goes.
+    gesso::ControlText title;
+    if (!gesso::HoldText(title, pszTitle)) {
+        return;
+    }
+    pPage->SetTitle(title);
     const UINT nIndex = IndexOf(pPage);
     if (nIndex == RIBBON_NONE) {
         return gesso::Misuse("GRibbon::RenamePage: a page that is not in the ribbon");
     }
-    m_aTabs[nIndex].uTextWidth = uWidth;
+    m_aTabs[nIndex].uTextWidth = MeasureTitle(title);
 }
 
 GRibbonPage* GRibbon::MakePage(DWORD dwId, LPCWSTR pszTitle)
 {
-    return new GRibbonPage(dwId, pszTitle);
+    auto pPage = std::make_unique<GRibbonPage>(dwId, pszTitle);
+    return gesso::TextLength(pszTitle) > 0 && !*pPage->Title() ? nullptr : pPage.release();
 }
 
 GRibbonPage* GRibbon::GetPage(DWORD dwId)

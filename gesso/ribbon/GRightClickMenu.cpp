@@ -1,8 +1,9 @@
+#include <gesso/containers/Index.h>
 #include <gesso/containers/Misuse.h>
-#include <gesso/containers/StringOf.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/ControlText.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
@@ -78,7 +79,12 @@ void GRightClickMenu::Init(void*) {}
 
 void GRightClickMenu::AddValue(LPCWSTR pszText)
 {
-    m_aValues.Add(gesso::StringOf(pszText));
+    OString<wchar_t> str;
+    const bool fKept = str.Format(L"%s", gesso::TextOrEmpty(pszText));
+    const UINT nIndex = fKept ? m_aValues.Add(OString<wchar_t>()) : gesso::NO_INDEX;
+    if (nIndex != gesso::NO_INDEX) {
+        m_aValues[nIndex] = std::move(str);
+    }
 }
 
 void GRightClickMenu::SetValue(UINT nIndex, LPCWSTR pszText)
@@ -86,7 +92,7 @@ void GRightClickMenu::SetValue(UINT nIndex, LPCWSTR pszText)
     if (nIndex >= m_aValues.GetLength()) {
         return gesso::Misuse("GRightClickMenu::SetValue: a row that is not there");
     }
-    m_aValues[nIndex] = gesso::StringOf(pszText);
+    m_aValues[nIndex].Format(L"%s", gesso::TextOrEmpty(pszText));
 }
 
 LPCWSTR GRightClickMenu::GetValue(UINT nIndex) const
@@ -140,8 +146,11 @@ LRESULT GRightClickMenu::OnDestroy()
 
 LRESULT GRightClickMenu::OnPaint()
 {
+    const gesso::Watch watch(*this);
     const gesso::BufferedPaint paint(m_hWnd);
-    DrawRows(paint.Context());
+    if (watch) {
+        DrawRows(paint.Context());
+    }
     return 0;
 }
 

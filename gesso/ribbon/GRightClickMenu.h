@@ -41,9 +41,10 @@ public:
     // DestroyWindow. Returns 0 without a window.
     int Destroy();
 
-    // Appends a copy of the text; null counts as empty. No repaint.
+    // Appends a copy of the text; null counts as empty. No repaint. Without memory, no row.
     virtual void AddValue(LPCWSTR pszText);
     // Replaces the text of a row, counted from 0; a row that is not there is ignored. No repaint.
+    // Without memory the row stays as it was.
     virtual void SetValue(UINT nIndex, LPCWSTR pszText);
     // Valid until the row changes; the empty text for a row that is not there.
     LPCWSTR GetValue(UINT nIndex) const;

@@ -18,7 +18,10 @@ public:
         }
     }
 
-    // Takes a pointer that is not in the set.
+    // Makes room for `n` more. False without memory.
+    bool Reserve(UINT n) { return m_ap.AllocExtra(m_ap.GetLength() + n); }
+
+    // Takes a pointer that is not in the set, for which there is room.
     void Add(POINTER p) { m_ap.Add(p); }
 
     // Gives the pointer away. False if it is not in the set: it belongs to somebody else.

@@ -1,4 +1,5 @@
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Wrapped.h>
 #include <gesso/ribbon/ItemCode.h>
 #include <gesso/ribbon/RibbonLayout.h>
 
@@ -60,12 +61,17 @@ private:
     int m_nMaxRight = 0;
 };
 
+int WidthOf(const Group& group)
+{
+    return Wrapped(int64_t{group.nRight} - group.nLeft);
+}
+
 // The index in the group, or the count of items.
 UINT FindItemAt(HWND hwnd, const Group& group, POINTS pt)
 {
     const int nOffset = Pixels(hwnd, Metrics::RIBBON_HIT_OFFSET); // right of and below each rectangle
     const auto& items = group.aItems;
-    const int x = pt.x - group.nLeft - nOffset;
+    const int x = Wrapped(int64_t{pt.x} - group.nLeft - nOffset);
     const int y = pt.y - nOffset;
     const UINT nCount = items.GetLength();
     UINT i = 0;
@@ -103,7 +109,7 @@ bool CheckItems(HWND hwnd, const Group& group)
         }
     }
     const int nWidth = group.uFixedWidth ? static_cast<int>(group.uFixedWidth) : columns.GroupWidth();
-    return group.nRight - group.nLeft == nWidth;
+    return WidthOf(group) == nWidth;
 }
 
 } // namespace
@@ -123,10 +129,10 @@ void PlaceGroups(RibbonGroups& groups)
 {
     int x = 0;
     for (Group& group : groups) {
-        const int nWidth = group.nRight - group.nLeft;
+        const int nWidth = group.uFixedWidth ? static_cast<int>(group.uFixedWidth) : WidthOf(group);
         group.nLeft = x;
-        group.nRight = x + (group.uFixedWidth ? static_cast<int>(group.uFixedWidth) : nWidth);
-        x = group.nRight + 1;
+        group.nRight = Wrapped(int64_t{x} + nWidth);
+        x = Wrapped(int64_t{group.nRight} + 1);
     }
 }
 
@@ -150,7 +156,7 @@ bool CheckGroups(HWND hwnd, const RibbonGroups& groups)
         if (group.nLeft < x || !CheckItems(hwnd, group)) {
             return false;
         }
-        x = group.nRight + 1;
+        x = Wrapped(int64_t{group.nRight} + 1);
     }
     return true;
 }

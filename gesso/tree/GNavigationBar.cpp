@@ -157,10 +157,15 @@ void GNavigationBar::EnsureVisible(UINT row)
 
 LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
 {
-    m_hHeaderFont.Reset(CreateFontW(-Pixels(m_hWnd, Metrics::NAVIGATION_HEADER_FONT), 0, 0, 0,
-                                    Metrics::NAVIGATION_HEADER_WEIGHT, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI"));
+    MakeHeaderFont();
     m_hFont = g_hDefaultFont;
     return 0;
+}
+
+void GNavigationBar::MakeHeaderFont()
+{
+    m_hHeaderFont.Reset(CreateFontW(-Pixels(m_hWnd, Metrics::NAVIGATION_HEADER_FONT), 0, 0, 0,
+                                    Metrics::NAVIGATION_HEADER_WEIGHT, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI"));
 }
 
 LRESULT GNavigationBar::OnDestroy()
@@ -181,6 +186,9 @@ LRESULT GNavigationBar::OnSize()
 LRESULT GNavigationBar::OnThemeChanged()
 {
     m_hTheme.Open(m_hWnd);
+    if (!m_hHeaderFont) {
+        MakeHeaderFont();
+    }
     Invalidate(0);
     return 0;
 }

@@ -22,6 +22,9 @@
 // a caller's mistake: what takes it does nothing, and a getter returns 0 or null. No operation sends a
 // notification but Expand and Collapse. A copy of a bar shares its items and window and has rows of its own.
 //
+// Where an operation needs more memory than there is, it does nothing: InsertItem returns null, Expand leaves
+// the item closed. A copy without memory for its rows has none.
+//
 // Fixed behaviour: the scroll range counts every row as high as an item, so that a bar with many separators
 // may be scrolled past its end; hosts lay their own things out by that range.
 #pragma once
@@ -122,7 +125,7 @@ public:
     virtual void* GetRootItem() const;
     // Makes an item below hParent, GetRootItem() for the top, and behind its child hAfter: null for the
     // front, no child of it for the end. The text is copied, null for none; nImage is an index into the image
-    // list; uState holds the kind. Returns the handle, or null for a bad hParent. Repaints.
+    // list; uState holds the kind. Returns the handle, or null for a bad hParent or without memory. Repaints.
     // Fixed behaviour: below an expanded item the row's number is counted from the children alone, so that
     // behind an expanded one it lands in that one's branch, and the selected row keeps its number; the rows
     // of hosts that insert so, and then collapse and expand, would change their order.
@@ -227,6 +230,7 @@ private:
     struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void MakeHeaderFont();
     gesso::TreeItems<NavigationBarItem, Rules> Items() const;
     gesso::TreeView<NavigationBarItem, Rules> View();
     void ItemInserted(const NavigationBarItem& item, bool fShown);

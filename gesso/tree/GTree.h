@@ -26,6 +26,9 @@
 // another tree, or of an item that is gone is a caller's mistake: what takes it does nothing, and a getter
 // returns 0 or null. No operation sends a notification but Expand and Collapse. A copy of a tree shares its
 // items and window and has rows of its own.
+//
+// Where an operation needs more memory than there is, it does nothing: InsertItem returns null, Expand leaves
+// the item closed. A copy without memory for its rows has none.
 #pragma once
 
 #include <gesso/containers/Index.h>
@@ -109,7 +112,7 @@ public:
     virtual void* GetRootItem() const;
     // Makes an item below hParent (null: the root) and behind its child hAfter: null, or no child of it, for
     // the end, and hParent itself for the front. The text is copied; nImage is an index into the image list.
-    // Returns the handle, or null for a bad hParent. Repaints.
+    // Returns the handle, or null for a bad hParent or without memory. Repaints.
     virtual void* InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState,
                              void* pData);
     // Removes an item with all below it; repaints.

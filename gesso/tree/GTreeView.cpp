@@ -7,6 +7,7 @@
 #include <gesso/framework/Press.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/Wrapped.h>
 #include <gesso/tree/TreeCells.h>
 #include <gesso/tree/TreeInput.h>
 #include <gesso/tree/TreeRules.h>
@@ -69,8 +70,8 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
     const gesso::TreeMeasures measures = gesso::PaintedMeasures(m_hWnd);
     const gesso::TreeCells cells = gesso::LayOutCells(measures, item.nLevel, m_uTreeStyle);
     const auto cell = [&](int nLeft) {
-        const int x = nLeft - m_siH.nPos;
-        return RECT{x, rc.top, x + measures.nCell, rc.bottom};
+        const int64_t x = int64_t{nLeft} - m_siH.nPos;
+        return RECT{gesso::Wrapped(x), rc.top, gesso::Wrapped(x + measures.nCell), rc.bottom};
     };
     if (gesso::HasExpander(item)) {
         m_hTheme.DrawGlyph(hdc, fHot && m_hitMove.nPart == THT_EXPANDER, item.uState & TIS_EXPANDED,
@@ -85,7 +86,7 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
         gesso::DrawTreeImage(hdc, m_hImageList, item.nImage, cell(cells.nImage).left, rc.top,
                              gesso::Pixels(m_hWnd, gesso::Metrics::TREE_IMAGE));
     }
-    rc.left = cells.nLabel - m_siH.nPos;
+    rc.left = gesso::Wrapped(int64_t{cells.nLabel} - m_siH.nPos);
     gesso::DrawTreeLabel(hdc, item.strName, rc);
 }
 

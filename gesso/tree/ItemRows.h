@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <span>
 #include <unordered_map>
 #include <utility>
@@ -67,11 +68,11 @@ public:
         return row;
     }
 
-    // In front of row `row`; past the last row, behind it.
-    void Insert(UINT row, std::span<ITEM* const> items)
-    {
+    // In front of row `row`; past the last row, behind it. False, with nothing done, without memory.
+    bool Insert(UINT row, std::span<ITEM* const> items)
+    try {
         if (items.empty()) {
-            return;
+            return true;
         }
         size_t k = 0;
         UINT iAt = 0;
@@ -82,8 +83,13 @@ public:
             InsertByChunks(k, iAt, items);
         }
         Renumber(k);
+        return true;
+    } catch (const std::bad_alloc&) {
+        DeleteEmpty(); // the first one
+        Publish();
+        return false;
     }
-    void Insert(UINT row, ITEM* item) { Insert(row, std::span<ITEM* const>(&item, 1)); }
+    bool Insert(UINT row, ITEM* item) { return Insert(row, std::span<ITEM* const>(&item, 1)); }
 
     void Set(UINT row, ITEM* item)
     {
@@ -160,11 +166,14 @@ public:
         }
     }
 
-    // Behind the rows that there are, those of another tree with the same items.
+    // Behind the rows that there are, those of another tree with the same items. Without memory there are
+    // none.
     void InsertAll(const ItemRows& other)
     {
         for (const Chunk* pChunk : other.m_chunks) {
-            Insert(GetLength(), std::span<ITEM* const>(pChunk->aItems, pChunk->nCount));
+            if (!Insert(GetLength(), std::span<ITEM* const>(pChunk->aItems, pChunk->nCount))) {
+                return RemoveAll();
+            }
         }
     }
 
@@ -258,7 +267,9 @@ private:
     void Locate(UINT row, size_t* pChunk, UINT* pAt)
     {
         if (m_chunks.empty()) {
-            m_chunks.push_back(MakeChunk());
+            auto pFirst = MakeChunk();
+            m_chunks.push_back(pFirst.get());
+            static_cast<void>(pFirst.release()); // owned above
             Publish();
         }
         size_t k = row < GetLength() ? ChunkOf(row) : m_chunks.size() - 1;
@@ -271,11 +282,23 @@ private:
         *pAt = iAt;
     }
 
-    Chunk* MakeChunk() const
+    std::unique_ptr<Chunk> MakeChunk() const
     {
         auto pChunk = std::make_unique_for_overwrite<Chunk>();
         pChunk->pOwner = &m_shown;
-        return pChunk.release();
+        return pChunk;
+    }
+
+    // With room for them among the chunks. Throws, with nothing done, without memory.
+    std::vector<std::unique_ptr<Chunk>> MakeChunks(size_t n)
+    {
+        std::vector<std::unique_ptr<Chunk>> added(n);
+        std::generate(added.begin(), added.end(), [this] { return MakeChunk(); });
+        if (m_chunks.size() + n > m_chunks.capacity()) {
+            m_chunks.reserve(std::max(m_chunks.size() + n, 2 * m_chunks.capacity()));
+            Publish();
+        }
+        return added;
     }
 
     static void InsertInto(Chunk& chunk, UINT iAt, std::span<ITEM* const> items)
@@ -295,13 +318,14 @@ private:
     {
         Chunk* pChunk = m_chunks[k];
         const std::vector<ITEM*> tail(pChunk->aItems + iAt, pChunk->aItems + pChunk->nCount);
+        auto added = MakeChunks((pChunk->nCount + items.size() - 1) / Chunk::CAPACITY);
+        // From here on nothing needs memory.
         pChunk->nCount = iAt;
         pChunk->nWidest = NOT_MEASURED;
-        std::vector<Chunk*> added;
+        auto next = added.begin();
         const auto append = [&](ITEM* item) {
             if (pChunk->nCount == Chunk::CAPACITY) {
-                added.push_back(MakeChunk());
-                pChunk = added.back();
+                pChunk = next++->get();
             }
             pChunk->aItems[pChunk->nCount++] = item;
         };
@@ -313,7 +337,11 @@ private:
             append(item);
             item->place.pChunk = pChunk;
         }
-        m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(k) + 1, added.begin(), added.end());
+        auto at =
+            m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(k) + 1, added.size(), nullptr);
+        for (auto& pAdded : added) {
+            *at++ = pAdded.release();
+        }
     }
 
     void RemoveFrom(Chunk& chunk, UINT iAt, UINT n)

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace gesso {
@@ -25,15 +26,21 @@ public:
     ItemStore(const ItemStore&) = delete;
     ItemStore& operator=(const ItemStore&) = delete;
 
+    // Null without memory for the item or its name.
     ITEM* Make(LPCWSTR pszName)
     {
-        if (m_free.empty()) {
-            AddBlock();
+        if (!m_pGaps && !AddBlock()) {
+            return nullptr;
         }
-        const Slot slot = m_free.back();
-        m_free.pop_back();
-        slot.pBlock->used[slot.i] = true;
-        return std::construct_at(slot.pBlock->At(slot.i), pszName);
+        const Gap gap = *m_pGaps;
+        ITEM* item = std::construct_at(reinterpret_cast<ITEM*>(m_pGaps), pszName);
+        m_pGaps = gap.pNext;
+        gap.pBlock->used[gap.pBlock->IndexOf(item)] = true;
+        if (pszName && *pszName && item->strName.GetLength() == 0) {
+            Free(item);
+            return nullptr;
+        }
+        return item;
     }
 
     void Free(ITEM* item)
@@ -44,7 +51,7 @@ public:
         }
         slot.pBlock->used[slot.i] = false;
         std::destroy_at(item);
-        m_free.push_back(slot);
+        AddGap(*slot.pBlock, slot.i);
     }
 
     // The item that a handle names; null where it names none of this store.
@@ -75,6 +82,7 @@ private:
             : nItems(n), pMemory(std::make_unique_for_overwrite<std::byte[]>(n * sizeof(ITEM))), used(n)
         {}
         ITEM* At(size_t i) const { return reinterpret_cast<ITEM*>(pMemory.get()) + i; }
+        size_t IndexOf(const ITEM* item) const { return static_cast<size_t>(item - At(0)); }
         const std::byte* Begin() const { return pMemory.get(); }
 
         size_t nItems;
@@ -83,21 +91,36 @@ private:
     };
     static_assert(alignof(ITEM) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
 
+    // What stands in the place of an item that is not there: so it needs no memory to free one.
+    struct Gap
+    {
+        Gap* pNext;
+        Block* pBlock;
+    };
+    static_assert(sizeof(ITEM) >= sizeof(Gap) && alignof(ITEM) >= alignof(Gap));
+
     struct Slot
     {
         Block* pBlock;
         size_t i;
     };
 
-    void AddBlock()
-    {
-        const size_t nLast = m_nLastBlock;
-        m_nLastBlock = std::clamp(2 * nLast, SMALLEST_BLOCK, LARGEST_BLOCK);
-        auto pBlock = std::make_unique<Block>(m_nLastBlock);
-        for (size_t i = m_nLastBlock; i-- > 0;) {
-            m_free.push_back({pBlock.get(), i});
+    void AddGap(Block& block, size_t i) { m_pGaps = new (block.At(i)) Gap{m_pGaps, &block}; }
+
+    // False, with nothing done, without memory.
+    bool AddBlock()
+    try {
+        const size_t nItems = std::clamp(2 * m_nLastBlock, SMALLEST_BLOCK, LARGEST_BLOCK);
+        auto pNew = std::make_unique<Block>(nItems);
+        Block& block = *pNew;
+        m_blocks.insert(Behind(block.Begin()), std::move(pNew));
+        for (size_t i = nItems; i-- > 0;) {
+            AddGap(block, i);
         }
-        m_blocks.insert(Behind(pBlock->Begin()), std::move(pBlock));
+        m_nLastBlock = nItems;
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
     }
 
     // The first block that lies behind an address.
@@ -123,7 +146,7 @@ private:
     }
 
     std::vector<std::unique_ptr<Block>> m_blocks; // in the order of their addresses
-    std::vector<Slot> m_free;
+    Gap* m_pGaps = nullptr;
     size_t m_nLastBlock = 0;
 };
 

@@ -64,29 +64,42 @@ public:
         return i < parent.aChildren.GetLength() ? parent.aChildren[i] : nullptr;
     }
 
+    // Null, with nothing done, without memory.
     ITEM* Insert(ITEM& parent, UINT i, LPCWSTR pszName)
     {
+        if (!ReserveChild(parent)) {
+            return nullptr;
+        }
         ITEM* item = m_pStore->Make(pszName);
-        item->nLevel = parent.nLevel + 1;
-        item->pParent = &parent;
-        Hold(parent, i, *item);
+        if (item) {
+            item->nLevel = parent.nLevel + 1;
+            item->pParent = &parent;
+            Hold(parent, i, *item);
+        }
         return item;
     }
 
-    // Makes an item the last child of another one; the parent that it names, and its level, stay as they are.
-    // False, with nothing done, where the new parent is a descendant of the item or the item itself.
-    bool Move(ITEM& item, ITEM& newParent)
+    // Whether an item stands below another one, or is that one.
+    static bool IsWithin(const ITEM& item, const ITEM& top)
     {
-        for (const ITEM* p = &newParent; p; p = p->place.pHolder) {
-            if (p == &item) {
-                return false;
-            }
+        const ITEM* p = &item;
+        while (p && p != &top) {
+            p = p->place.pHolder;
+        }
+        return p;
+    }
+
+    // Makes an item the last child of another one, which does not stand within it; the parent that it names,
+    // and its level, stay as they are. Without memory nothing is done.
+    void Move(ITEM& item, ITEM& newParent)
+    {
+        if (!ReserveChild(newParent)) {
+            return;
         }
         Unlink(item);
         item.pParent->place.nStrays -= IsStray(item);
         Hold(newParent, newParent.aChildren.GetLength(), item);
         item.pParent->place.nStrays += IsStray(item);
-        return true;
     }
 
     // Takes an item out with all of its descendants. Those that rows show live on, without children and
@@ -120,6 +133,7 @@ public:
     }
 
     // Adds what shows below an item that is expanded: its children and, below each that has the bit, its own.
+    // Throws without memory.
     static void AddOpenBranch(const ITEM& item, UINT uExpanded, std::vector<ITEM*>& branch)
     {
         std::vector<std::pair<const ITEM*, UINT>> path{{&item, 0}};
@@ -193,6 +207,12 @@ private:
         return NO_INDEX;
     }
 
+    static bool ReserveChild(ITEM& parent)
+    {
+        return parent.aChildren.AllocExtra(parent.aChildren.GetLength() + 1);
+    }
+
+    // There is room for it.
     static void Hold(ITEM& parent, UINT i, ITEM& item)
     {
         parent.aChildren.InsertAt(i, &item);

@@ -118,13 +118,11 @@ private:
     // control, taken the row away, or expanded or collapsed it itself. The row may have moved.
     template <class CONTROL> static bool AskExpansion(CONTROL& tree, UINT* pRow, UINT uAction)
     {
-        const HWND hwnd = tree.m_hWnd;
-        // Not necessarily this object: a copy may be expanded too, and a tree that has no window any more.
-        const GWnd* pAttached = Frame::ObjectOf<GWnd>(hwnd);
+        const Watch watch(tree); // a copy may be expanded too, and a tree that has no window any more
         auto* item = tree.m_aVisible[*pRow];
         const auto hold = tree.View().Hold(item);
         SendItem(tree, TVN_ITEMEXPANDINGW, *pRow, uAction, -1, 0);
-        if (!Frame::IsAlive(hwnd, pAttached)) {
+        if (!watch) {
             return false;
         }
         if (tree.m_aVisible[*pRow] != item) {

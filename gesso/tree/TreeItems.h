@@ -55,8 +55,8 @@ public:
 
     void SetName(void* hItem, LPCWSTR pszName) const
     {
-        if (ITEM* item = ItemOf(hItem)) {
-            item->strName = NameOf(pszName);
+        ITEM* item = ItemOf(hItem);
+        if (item && item->strName.Format(L"%s", pszName ? pszName : L"")) {
             item->place.nTextWidth = NOT_MEASURED;
             m_rows.Changed(*item);
         }

@@ -2,6 +2,7 @@
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/Wrapped.h>
 #include <gesso/tree/TreeTheme.h>
 
 namespace gesso {
@@ -48,7 +49,7 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
     if (!hImageList) {
         return;
     }
-    LayoutOverlay::Add(hdc, {x, y, x + nSide, y + nSide});
+    LayoutOverlay::Add(hdc, {x, y, Wrapped(int64_t{x} + nSide), Wrapped(int64_t{y} + nSide)});
     IMAGELISTDRAWPARAMS params{};
     params.cbSize = sizeof(params);
     params.himl = hImageList;

@@ -10,6 +10,7 @@
 #include <gesso/tree/TreeItems.h>
 
 #include <algorithm>
+#include <new>
 #include <vector>
 
 namespace gesso {
@@ -81,7 +82,7 @@ public:
         UINT row; // NO_INDEX where no row shows it
     };
 
-    // No item for a bad parent.
+    // No item for a bad parent, or without memory.
     Place Insert(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
     {
         ITEM* parent =
@@ -90,12 +91,16 @@ public:
             return {nullptr, NO_INDEX};
         }
         ITEM* item = m_tree.Insert(*parent, IndexBehind(*parent, hAfter), pszName);
+        if (!item) {
+            return {nullptr, NO_INDEX};
+        }
         item->nImage = nImage;
         item->pCustomData = pData;
         ChangeState(*item, uState);
         const UINT row = IsExpanded(*parent) ? RowForNew(*item) : NO_INDEX;
-        if (row != NO_INDEX) {
-            m_rows.Insert(row, item);
+        if (row != NO_INDEX && !m_rows.Insert(row, item)) {
+            m_tree.Remove(*item, [](const ITEM*) {});
+            return {nullptr, NO_INDEX};
         }
         return {item, row};
     }
@@ -157,17 +162,17 @@ public:
     }
 
     // Of a row that may be expanded. What was expanded below comes back with it. False where there is nothing
-    // to show, and the tree's rule keeps the item closed.
+    // to show, and the tree's rule keeps the item closed; and, with nothing done, without memory.
     bool Expand(UINT row)
     {
         ITEM& item = *m_rows[row];
         if (item.aChildren.GetLength() == 0 && !RULES::EXPANDS_WITHOUT_CHILDREN) {
             return false;
         }
+        if (!ShowBranch(row + 1, item)) {
+            return false;
+        }
         ChangeState(item, item.uState | RULES::EXPANDED);
-        std::vector<ITEM*> branch;
-        m_tree.AddOpenBranch(item, RULES::EXPANDED, branch);
-        m_rows.Insert(row + 1, branch);
         return true;
     }
 
@@ -196,14 +201,15 @@ public:
     }
 
     // Makes an item the last child of another one. Its rows stay. False, with nothing done, for a bad handle
-    // and where the parent is the item itself or stands below it.
+    // and where the parent is the item itself or stands below it. Nothing is done without memory either.
     bool Move(void* hItem, void* hNewParent)
     {
         ITEM* item = m_tree.FindInTree(hItem);
         ITEM* pNewParent = m_tree.FindInTree(hNewParent);
-        if (!item || item == m_tree.Root() || !pNewParent || !m_tree.Move(*item, *pNewParent)) {
+        if (!item || item == m_tree.Root() || !pNewParent || m_tree.IsWithin(*pNewParent, *item)) {
             return false;
         }
+        m_tree.Move(*item, *pNewParent);
         FindSelectedRow();
         return true;
     }
@@ -228,6 +234,16 @@ public:
 private:
     // The one place of what an item's state is: what is expanded, promised or checked.
     static void ChangeState(ITEM& item, UINT uState) { item.uState = uState; }
+
+    // False, with nothing done, without memory.
+    bool ShowBranch(UINT row, const ITEM& item)
+    try {
+        std::vector<ITEM*> branch;
+        m_tree.AddOpenBranch(item, RULES::EXPANDED, branch);
+        return m_rows.Insert(row, branch);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 
     // Where a child behind `hAfter` stands among its siblings.
     UINT IndexBehind(const ITEM& parent, void* hAfter) const

@@ -129,8 +129,7 @@ struct Message
 };
 
 // Starts keeping the messages that `hwnd` gets, whichever thread it is of, or those of all windows of the
-// calling thread with null, and forgets those kept so
-// far.
+// calling thread with null, and forgets those kept so far.
 void StartTrace(HWND hwnd = nullptr);
 // Ends the trace and gives what was kept, in the order in which the window procedures were entered.
 std::vector<Message> StopTrace();

@@ -63,6 +63,96 @@ TYPED_TEST(ParentBackgroundTest, ParentMayDestroyTheControlWhileItPaintsOrPrints
     DeleteDC(hdc);
 }
 
+// A copy has no window of its own; an object parts from its window when it is assigned another's.
+TYPED_TEST(ParentBackgroundTest, ParentMayDeleteACopyOrAPartedObjectThatDraws)
+{
+    if constexpr (requires(TypeParam & control) { control.Draw(HDC()); }) {
+        Host host;
+        const HDC hdc = CreateCompatibleDC(nullptr);
+        for (const bool fParted : {false, true}) {
+            auto* pControl = new TypeParam;
+            const HWND hwnd = MakeAnyControl(*pControl, host);
+            auto* pOther = fParted ? new TypeParam : new TypeParam(*pControl);
+            HWND hwndOther = nullptr;
+            if (fParted) {
+                hwndOther = MakeAnyControl(*pOther, host);
+                *pOther = *pControl;
+            }
+            const Interception background(host, WM_ERASEBKGND, [&] { pOther->Delete(pOther); });
+            pOther->Draw(hdc);
+            EXPECT_TRUE(background.Happened());
+            EXPECT_TRUE(IsWindow(hwnd));
+            DestroyWindow(hwnd);
+            DestroyWindow(hwndOther);
+            pControl->Delete(pControl);
+        }
+        DeleteDC(hdc);
+    }
+}
+
+TEST(RibbonPageBackgroundTest, ParentMayDeleteACopyOfAPageThatDraws)
+{
+    Host host;
+    GRibbon ribbon;
+    MakeAnyControl(ribbon, host);
+    auto* pCopy = new GRibbonPage(*ribbon.GetPage(1));
+    const Interception background(host, WM_ERASEBKGND, [&] { pCopy->Delete(pCopy); });
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    pCopy->Draw(hdc);
+    DeleteDC(hdc);
+    EXPECT_TRUE(background.Happened());
+    DestroyWindow(ribbon);
+}
+
+template <class CONTROL> class CornerTest : public testing::Test
+{};
+
+using WithBars = testing::Types<GEdit, GList, GNavigationBar>;
+TYPED_TEST_SUITE(CornerTest, WithBars);
+
+TYPED_TEST(CornerTest, ParentMayDestroyTheControlWhileItsFrameIsPainted)
+{
+    Host host;
+    for (const bool fObjectToo : {false, true}) {
+        auto* pControl = new TypeParam;
+        const HWND hwnd = MakeControl(*pControl, host, 33, WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL);
+        const SCROLLINFO si{sizeof(si), SIF_RANGE | SIF_PAGE, 0, 100, 10, 0, 0};
+        pControl->SetScrollInfo(SB_HORZ, &si, FALSE);
+        pControl->SetScrollInfo(SB_VERT, &si, FALSE);
+        RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+        const Interception background(host, WM_ERASEBKGND, [&] { Destroy(pControl, fObjectToo); });
+        UpdateWindow(hwnd);
+        EXPECT_TRUE(background.Happened());
+        EXPECT_FALSE(IsWindow(hwnd));
+        if (!fObjectToo) {
+            pControl->Delete(pControl);
+        }
+    }
+}
+
+template <class TREE> class ExpandingCopyTest : public testing::Test
+{};
+
+using Trees = testing::Types<GTree, GNavigationBar>;
+TYPED_TEST_SUITE(ExpandingCopyTest, Trees);
+
+TYPED_TEST(ExpandingCopyTest, ParentMayDeleteACopyThatExpands)
+{
+    Host host;
+    TypeParam tree;
+    MakeControl(tree, host);
+    void* hItem = tree.InsertItem(tree.GetRootItem(), nullptr, L"Item", 0, 0, nullptr);
+    tree.InsertItem(hItem, nullptr, L"Child", 0, 0, nullptr);
+    auto* pCopy = new TypeParam(tree);
+    host.onNotify = [&](const NMHDR&) {
+        host.onNotify = nullptr;
+        pCopy->Delete(pCopy);
+    };
+    pCopy->Expand(hItem);
+    EXPECT_FALSE(host.onNotify);
+    DestroyWindow(tree);
+}
+
 TEST(CornerBackgroundTest, ParentMayDestroyTheFieldWhileItsFrameIsPrinted)
 {
     Host host;

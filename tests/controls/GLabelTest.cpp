@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using namespace test;
@@ -130,6 +132,29 @@ TEST(Dialog, TemplateMakesControlsWithTheirTextAndTheKeyboardWorks)
         << "the focused button has become the default";
     EXPECT_TRUE(key(WM_SYSCHAR, 'l'));
     EXPECT_EQ(GetFocus(), GetDlgItem(hDlg, 101)) << "a label's mnemonic goes on to the next control";
+}
+
+// Its size in bytes is the first word that the control sees, and looks like the mark of a tag.
+TEST(Dialog, CreationDataOfTheLargestSizeIsAText)
+{
+    Host host;
+    constexpr size_t SIZE = 0xFFFF;
+    constexpr size_t LENGTH = SIZE / 2 - 1;
+    std::vector<BYTE> data(SIZE, 'A');
+    std::fill(data.begin() + 2 * LENGTH, data.end(), BYTE{0});
+    DialogTemplate dialog(WS_POPUP, 200, 100);
+    dialog.Add({0, 1, L"GButton", L"", data}).Add({0, 2, L"GLabel", L"", std::vector<BYTE>(SIZE, 0)});
+    const DLGPROC pfnDialog = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; };
+    const HWND hDlg = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), host, pfnDialog, 0);
+    ASSERT_TRUE(hDlg);
+    EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(hDlg, 1)), static_cast<int>(LENGTH));
+    EXPECT_EQ(TextOf(GetDlgItem(hDlg, 2)), "");
+
+    // An object's own Create finds it there all the same.
+    GButton button;
+    button.Create(0, 0, 10, 10, hDlg, 3, L"Own", WS_EX_NOPARENTNOTIFY, WS_CHILD);
+    EXPECT_EQ(GWnd::FromHwnd(button), &button);
+    DestroyWindow(hDlg);
 }
 
 } // namespace

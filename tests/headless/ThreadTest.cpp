@@ -47,8 +47,10 @@ public:
     }
     void Fill(int count)
     {
-        const wchar_t name[] = {m_mark, m_mark, 0};
+        wchar_t name[2000] = {};
         for (int i = 0; i < count; ++i) {
+            // Ever longer ones, so that what texts are prepared in grows.
+            std::fill_n(name, std::min<size_t>(static_cast<size_t>(i) * 90 + 2, std::size(name) - 1), m_mark);
             m_list.InsertItem(NO_PLACE, 0, nullptr, 0, name, 0);
             m_tree.InsertItem(nullptr, nullptr, name, 0, 0, nullptr);
         }

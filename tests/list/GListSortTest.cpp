@@ -3,8 +3,10 @@
 #include <gesso/list/PartitionSort.h>
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -18,6 +20,22 @@ void* Data(size_t n)
 int CompareData(void* a, void* b)
 {
     return a < b ? -1 : a > b ? 1 : 0;
+}
+
+std::function<void()> s_onCallback; // once, at the next call
+
+int CompareAndAct(void* a, void* b)
+{
+    if (const auto act = std::exchange(s_onCallback, nullptr)) {
+        act();
+    }
+    return CompareData(a, b);
+}
+
+UINT GroupAndAct(GList*, void*)
+{
+    CompareAndAct(nullptr, nullptr);
+    return 0;
 }
 
 class GListSortTest : public ListFixture
@@ -243,6 +261,42 @@ TEST(PartitionSort, EqualAndHostileInputOfAMillionEndsInTime)
     EXPECT_LT(comparisons, 150 * COUNT) << "hostile";
     for (size_t i = 1; i < COUNT; ++i) {
         ASSERT_LT(adversary.Compare(hostile[i - 1], hostile[i]), 0) << i;
+    }
+}
+
+// By its object, by its window, or by both; and a copy by its original.
+TEST(GListLifeTest, TheListMayGoWhileItSortsAndGroups)
+{
+    Host host;
+    constexpr int OBJECT = 1, WINDOW = 2, COPY = 4;
+    for (const int gone : {OBJECT, WINDOW, OBJECT | WINDOW, COPY | OBJECT, COPY | WINDOW}) {
+        for (const bool groups : {false, true}) {
+            auto* list = new GList;
+            const HWND hwnd = list->Create(0, 0, 200, 100, host, 1, GLS_DETAILS, 0, WS_CHILD | WS_VISIBLE);
+            list->InsertColumn(0, 0, 0, 100, 20, L"Column", 0, LCT_TEXT, nullptr, GroupAndAct, CompareAndAct,
+                               nullptr);
+            for (size_t i = 0; i < 20; ++i) {
+                list->InsertItem(0, 0, Data(i * 7 % 20), 0, L"Item", 0);
+            }
+            auto* sorter = gone & COPY ? new GList(*list) : list;
+            s_onCallback = [&] {
+                if (gone & WINDOW) {
+                    DestroyWindow(hwnd);
+                }
+                if (gone & OBJECT) {
+                    list->Delete(list);
+                }
+            };
+            groups ? sorter->Group(0, true) : sorter->Sort(0, true);
+            EXPECT_FALSE(s_onCallback) << gone;
+            DestroyWindow(hwnd);
+            if (sorter != list) {
+                sorter->Delete(sorter);
+            }
+            if (!(gone & OBJECT)) {
+                list->Delete(list);
+            }
+        }
     }
 }
 

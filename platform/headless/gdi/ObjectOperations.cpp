@@ -217,7 +217,7 @@ HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, void** bits, 
     }
     auto bitmap = std::make_unique<Bitmap>(header.biWidth, abs(header.biHeight), header.biBitCount);
     constexpr int ALIGNMENT = 32;
-    const int stride = (bitmap->width * bitmap->bits + ALIGNMENT - 1) / ALIGNMENT * 4;
+    const int64_t stride = (int64_t{bitmap->width} * bitmap->bits + ALIGNMENT - 1) / ALIGNMENT * 4;
     try {
         bitmap->pixels.resize(static_cast<size_t>(stride) * static_cast<size_t>(bitmap->height));
     } catch (const std::bad_alloc&) {

@@ -10,6 +10,7 @@
 #include "../core/TableLock.h"
 
 #include <algorithm>
+#include <new>
 
 namespace gesso::headless {
 namespace {
@@ -249,7 +250,12 @@ LRESULT PassToParent(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
 
 LRESULT OnSetText(Window& window, LPARAM lParam)
 {
-    window.text = View(reinterpret_cast<LPCWSTR>(lParam));
+    try {
+        window.text = View(reinterpret_cast<LPCWSTR>(lParam));
+    } catch (const std::bad_alloc&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return FALSE;
+    }
     return TRUE;
 }
 

@@ -70,6 +70,16 @@ bool CanBeActive(const Window& window)
     return window.Has(WS_VISIBLE) && !window.Has(WS_DISABLED) && !(window.exStyle & WS_EX_NOACTIVATE);
 }
 
+// For a window that the calling thread may not make active, with the last error set.
+bool DenyUnjoined(const Window& window)
+{
+    if (IsRoot(&window)) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return true;
+    }
+    return !AreJoined(*window.desktop, TheDesktop()) && DenyForeign(window);
+}
+
 void SetCaptureTo(HWND next)
 {
     Desktop& desktop = TheDesktop();
@@ -189,7 +199,7 @@ HWND WINAPI SetFocus(HWND hwnd)
         return former;
     }
     const WindowRef window = Find(hwnd);
-    if (!window || !IsUsable(*window) || (!AreJoined(*window->desktop, desktop) && DenyForeign(*window))) {
+    if (!window || !IsUsable(*window) || DenyUnjoined(*window)) {
         return nullptr;
     }
     const WindowRef top = TopLevelOf(*window).shared_from_this();
@@ -217,7 +227,7 @@ HWND WINAPI SetActiveWindow(HWND hwnd)
     if (hwnd && (!window || window->IsChild())) {
         return nullptr;
     }
-    if (window && !AreJoined(*window->desktop, TheDesktop()) && DenyForeign(*window)) {
+    if (window && DenyUnjoined(*window)) {
         return nullptr;
     }
     return Activate(window.get(), false) ? former : nullptr;
@@ -235,10 +245,13 @@ BOOL WINAPI SetForegroundWindow(HWND hwnd)
 {
     const TableLock lock;
     const WindowRef window = Find(hwnd);
-    if (window && !AreJoined(*window->desktop, TheDesktop())) {
+    if (!window || IsRoot(window.get())) {
+        return FALSE;
+    }
+    if (!AreJoined(*window->desktop, TheDesktop())) {
         return Ask(*window->desktop, [hwnd]() -> LRESULT { return SetForegroundWindow(hwnd); }) != 0;
     }
-    return window && Activate(&TopLevelOf(*window), false);
+    return Activate(&TopLevelOf(*window), false);
 }
 
 HWND WINAPI GetCapture()

@@ -332,14 +332,16 @@ bool TakeInput(const Filter& filter, bool remove, MSG& message)
 {
     MoveStalePointer();
     uint64_t last = 0;
+    bool first = true; // none in front of it is left
     while (InputEvent* next = NextBehind(last)) {
         const InputEvent event = *next;
-        if (last == 0) {
+        if (first) {
             SeeKeys(event, remove);
         }
         last = event.serial;
         next->inWork = true;
         const Outcome outcome = Translate(event, filter, remove, message);
+        first = first && outcome == Outcome::Dropped;
         Settle(last, outcome == Outcome::Dropped || (remove && outcome == Outcome::Message));
         if (outcome == Outcome::Message) {
             return true;

@@ -10,6 +10,21 @@ namespace {
 
 using namespace test;
 
+// Ends as soon as it is told of its first button.
+class EndingDialog : public GTaskDialog
+{
+public:
+    explicit EndingDialog(const GTASKDIALOGCONFIG& config) : GTaskDialog(&config) {}
+
+    static INT_PTR CALLBACK EndingProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if (uMsg == WM_PARENTNOTIFY && LOWORD(wParam) == WM_CREATE) {
+            DestroyWindow(hDlg);
+        }
+        return DialogProc(hDlg, uMsg, wParam, lParam);
+    }
+};
+
 class GTaskDialogHeadlessTest : public DrawFixture
 {
 protected:
@@ -133,6 +148,18 @@ TEST_F(GTaskDialogHeadlessTest, NullTextsCountAsEmptyAndUnknownButtonsAreNone)
     UINT uButton = 0;
     EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(&config, &uButton), S_OK);
     EXPECT_EQ(uButton, static_cast<UINT>(IDCANCEL));
+}
+
+TEST_F(GTaskDialogHeadlessTest, MayEndWhileItMakesItsButtons)
+{
+    GTASKDIALOGCONFIG config{};
+    config.dwCommonButtons = TDCBF_YES_BUTTON | TDCBF_NO_BUTTON;
+    EndingDialog object(config);
+    const gesso::EmptyDialogTemplate dialog(0, 0x80C80848, 123, 65, L"Hi");
+    DialogBoxIndirectParamW(nullptr, dialog.Get(), Parent(), EndingDialog::EndingProc,
+                            reinterpret_cast<LPARAM>(&object));
+    EXPECT_FALSE(IsWindow(object));
+    EXPECT_FALSE(desk::Deadlocked());
 }
 
 TEST(EmptyDialogTemplate, HasThePlatformsLayout)

@@ -122,6 +122,16 @@ TEST_F(ActivationContextTest, EachWrapperHasItsOwnFailureValue)
               HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
 }
 
+TEST_F(ActivationContextTest, ImageListGoesWithoutTheContextToo)
+{
+    const desk::Census before = desk::Live();
+    const HIMAGELIST hList = IsolationAwareImageList_Create(16, 16, 1);
+    ASSERT_TRUE(hList);
+    desk::Fail("ActivateActCtx", 1, ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(IsolationAwareImageList_Destroy(hList));
+    EXPECT_EQ(desk::Live()[desk::Kind::ImageList], before[desk::Kind::ImageList]);
+}
+
 // In a process of its own, in which no test before this one has looked anything up.
 TEST_F(ActivationContextTest, CommonControlsAreLookedUpOnceAndOnlyASuccessIsKept)
 {

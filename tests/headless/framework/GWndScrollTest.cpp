@@ -310,6 +310,12 @@ TEST_F(GWndScrollTest, DrawingThatFailsLeavesNothingBehind)
         probe.DrawScrollBar(SB_VERT);
         EXPECT_EQ(desk::Live(), before) << operation;
     }
+    for (int nSkip = 0; nSkip < 40; ++nSkip) {
+        desk::Fail("SelectObject", 1, ERROR_INVALID_HANDLE, nSkip);
+        probe.DrawScrollBar(SB_VERT);
+        EXPECT_EQ(desk::Live(), before) << "SelectObject, call " << nSkip;
+        desk::ClearFaults();
+    }
 }
 
 TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)

@@ -52,6 +52,21 @@ TEST_F(OffscreenSurfaceTest, GoesWithTheLastControlOnly)
     EXPECT_EQ(desk::Live(), before);
 }
 
+TEST_F(OffscreenSurfaceTest, SelectionThatFailsLeavesNothingBehind)
+{
+    const desk::Census before = desk::Live();
+    for (int nSkip = 0; nSkip < 4; ++nSkip) {
+        const HDC hdc = GetDC(Parent());
+        desk::Fail("SelectObject", 1, ERROR_INVALID_HANDLE, nSkip);
+        {
+            const OffscreenSurface surface(hdc, {50, 50}); // not kept: there is no control
+        }
+        desk::ClearFaults();
+        ReleaseDC(Parent(), hdc);
+        EXPECT_EQ(desk::Live(), before) << nSkip;
+    }
+}
+
 TEST_F(OffscreenSurfaceTest, PaintWithinAPaintHasASurfaceOfItsOwn)
 {
     OffscreenSurface::AddUser();

@@ -53,6 +53,32 @@ TEST_F(RobustnessTest, ALoopGoesOnWhereAPaintNeverBegins)
     EXPECT_EQ(painted, 2) << "one failure passes within one loop";
 }
 
+TEST_F(RobustnessTest, KeysBehindInputThatFindsNoWindowAreSeenAsTheyAreTaken)
+{
+    WPARAM typed = 0;
+    const HWND top = MakeTop({0, 0, 50, 50}, [&](HWND, UINT message, WPARAM wParam, LPARAM) {
+        typed = message == WM_CHAR ? wParam : typed;
+        return std::optional<LRESULT>();
+    });
+    SetFocus(top);
+    Pump();
+    MoveMouse(500, 400);
+    TypeText("A"); // the pointer's move is dropped, and Shift comes in its place
+    Pump();
+    EXPECT_EQ(typed, WPARAM{'A'});
+}
+
+TEST_F(RobustnessTest, TheDesktopItselfTakesNoFocus)
+{
+    const HWND top = MakeTop({0, 0, 50, 50});
+    SetFocus(top);
+    const HWND desktop = GetDesktopWindow();
+    EXPECT_EQ(SetFocus(desktop), nullptr);
+    EXPECT_EQ(SetActiveWindow(desktop), nullptr);
+    EXPECT_FALSE(SetForegroundWindow(desktop));
+    EXPECT_EQ(GetFocus(), top);
+}
+
 TEST_F(RobustnessTest, ChildrenMadeAsTheirParentEndsGoWithIt)
 {
     HWND late = nullptr;

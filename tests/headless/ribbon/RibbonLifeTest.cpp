@@ -180,4 +180,18 @@ TEST_F(RibbonLifeTest, ATemplateThatCannotBeLoadedGivesEmptyLists)
     desk::RemoveResources(desk::HostModule());
 }
 
+TEST_F(RibbonLifeTest, AListThatThereIsStaysWhereTheOtherIsLacking)
+{
+    AddTemplate(MAKEINTRESOURCEW(120), 3, 5);
+    OpenRibbon ribbon(UINT{120});
+    desk::Fail("ImageList_Create", 1, ERROR_NOT_ENOUGH_MEMORY, 1);
+    const HWND hwnd = CreateRibbon(ribbon, Parent());
+    EndFaults();
+    desk::RemoveResources(desk::HostModule()); // as where the template is another module's
+    SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
+    EXPECT_EQ(ImageList_GetImageCount(ribbon.m_hLargeImages), 3);
+    EXPECT_TRUE(ribbon.m_hSmallImages);
+    ribbon.Destroy();
+}
+
 } // namespace

@@ -1,0 +1,192 @@
+// Edit fields and combo boxes without memory for what is to come in: it stays out, and what is there stays.
+
+#include "../../edit/EditFixture.h"
+#include "../edit/ComboFixture.h"
+#include "../edit/LineModel.h"
+#include "MemoryLimit.h"
+
+#include <gesso/edit/TextMeasure.h>
+
+#include <vector>
+
+namespace {
+
+using namespace test;
+using gesso::Place;
+
+constexpr size_t MANY = 100'000;
+
+// So many times the text, and its end.
+std::vector<wchar_t> Repeated(LPCWSTR psz, size_t nTimes)
+{
+    std::vector<wchar_t> text;
+    for (size_t n = 0; n < nTimes; ++n) {
+        text.insert(text.end(), psz, psz + wcslen(psz));
+    }
+    text.push_back(0);
+    return text;
+}
+
+class EditMemoryTest : public EditFixture
+{
+protected:
+    // What is there, and what was reported.
+    std::string Now()
+    {
+        EXPECT_EQ(edit.Fault(), "");
+        const std::vector<std::string> reports = host.TakeReports();
+        return edit.Lines() + " " + edit.Caret() + (reports.empty() ? "" : " " + reports[0]);
+    }
+};
+
+TEST_F(EditMemoryTest, ATextThatThereIsNoMemoryForLeavesTextAndSelection)
+{
+    const std::vector<wchar_t> many = Repeated(L"x", MANY);
+    Make(10);
+    edit.SetText(L"ab\ncd");
+    edit.Select(0, 1, 1, 1);
+    const std::string before = Now();
+    SetClipboard(many.data());
+    {
+        const MemoryLimit limit;
+        EXPECT_EQ(edit.SetText(many.data()), 0);
+        EXPECT_EQ(SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(many.data())), 0);
+        Key('V', {VK_CONTROL});
+        ProbeEdit other;
+        EXPECT_FALSE(other.Create(0, 0, 10, 10, host, 9, many.data(), WS_CHILD, 0));
+        EXPECT_GE(limit.Refused(), 4u);
+    }
+    EXPECT_EQ(Now(), before);
+    Key('V', {VK_CONTROL});
+    EXPECT_EQ(edit.GetTextLength(), static_cast<int>(MANY) + 2) << "with memory it comes in";
+}
+
+TEST_F(EditMemoryTest, KeysThatNeedMemoryDoNothingAndOthersGoOn)
+{
+    Make(1000, 5);
+    edit.SetText(Repeated(L"x", MANY).data());
+    edit.Select(0, 10, 0, 5);
+    const std::string before = Now();
+    {
+        const MemoryLimit limit;
+        Type(L"a\r\xD83D\xDE00");
+        EXPECT_EQ(limit.Refused(), 4u);
+    }
+    EXPECT_EQ(Now(), before);
+    const MemoryLimit limit;
+    Key('X', {VK_CONTROL});
+    EXPECT_EQ(edit.GetTextLength(), static_cast<int>(MANY) - 5);
+    EXPECT_EQ(Clipboard(), "xxxxx");
+    Key('A', {VK_CONTROL});
+    Key(VK_DELETE);
+    EXPECT_EQ(edit.GetTextLength(), 0);
+}
+
+TEST_F(EditMemoryTest, ACopyWithoutMemoryIsEmptyAndAnAssignedOneAsItWas)
+{
+    Make(1000, 5);
+    edit.SetText(Repeated(L"x", MANY).data());
+    ProbeEdit assigned;
+    assigned.SetText(L"own");
+    const MemoryLimit limit;
+    ProbeEdit copy(edit);
+    EXPECT_EQ(copy.GetTextLength(), 0);
+    EXPECT_EQ(copy.Fault(), "");
+    assigned = edit;
+    EXPECT_EQ(assigned.Lines(), "own|");
+    EXPECT_EQ(assigned.Fault(), "");
+}
+
+// In all three the table of lines, or what notes its changes, takes more than there is.
+TEST(EditLinesMemory, LinesThatThereIsNoMemoryForAreNotWrapped)
+{
+    const std::vector<wchar_t> words = Repeated(L"a ", 20'000);
+    const Columns columns(2);
+    LineModel model(words.data());
+    {
+        const MemoryLimit limit;
+        model.lines.WrapAll(columns, {});
+        EXPECT_GT(limit.Refused(), 0u);
+    }
+    EXPECT_TRUE(model.lines.Check());
+    EXPECT_GT(model.lines.Count(), 5'000u) << "as far as it goes";
+    EXPECT_LT(model.lines.Count(), 20'000u);
+    model.lines.Repair(columns, {model.lines.Count() - 1, 0});
+    EXPECT_EQ(model.lines.Count(), 20'000u) << "the next edit goes on";
+}
+
+TEST(EditLinesMemory, ACharacterIsTakenBackAsFarAsItsChangesWereNoted)
+{
+    const std::vector<wchar_t> text = Repeated(L"x", 20'000);
+    const Columns columns(2);
+    LineModel model(text.data(), columns);
+    ASSERT_TRUE(model.lines.Reserve(1, 1));
+    const std::string before = model.Shown();
+    const MemoryLimit limit;
+    gesso::TypedChar typed(model.lines, {0, 1}, L'y');
+    model.lines.Repair(columns, typed.Behind());
+    EXPECT_GT(limit.Refused(), 0u);
+    EXPECT_TRUE(model.lines.Check());
+    wchar_t chRefused = 0;
+    typed.TakeBack(&chRefused);
+    EXPECT_EQ(model.Shown(), before);
+}
+
+TEST(EditLinesMemory, APasswordIsShownAsFarAsThereAreMarks)
+{
+    const std::vector<wchar_t> text = Repeated(L"x", MANY);
+    const gesso::TextMeasure measure(nullptr, true);
+    const MemoryLimit limit;
+    EXPECT_EQ(measure.Shown(text.data(), 7).nCount, 7u);
+    const gesso::TextMeasure::Piece shown = measure.Shown(text.data(), MANY);
+    EXPECT_EQ(shown.nCount, 7u);
+    EXPECT_EQ(shown.psz[6], gesso::PASSWORD_MARK);
+}
+
+class ComboMemoryTest : public ComboFixture
+{};
+
+TEST_F(ComboMemoryTest, WhatThereIsNoMemoryForIsRefused)
+{
+    const std::vector<wchar_t> many = Repeated(L"x", MANY);
+    Make(GCBS_DROPDOWN, 2);
+    Combo().InsertItem(1, 0, many.data(), 0, nullptr);
+    Combo().SetSelected(0);
+    SetFocus(Combo());
+    TheHost().TakeReports();
+    Type('A', {VK_CONTROL});
+    SetClipboard(many.data());
+    const MemoryLimit limit;
+    EXPECT_EQ(Combo().InsertItem(0, 0, many.data(), 0, nullptr), NONE);
+    EXPECT_EQ(SendMessageW(Combo(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(many.data())), CB_ERR);
+    Combo().SetItemText(0, many.data());
+    EXPECT_EQ(Combo().SetText(many.data()), 0);
+    EXPECT_EQ(Combo().SetSelected(1), NONE);
+    Combo().Callback(1);
+    Type(VK_DOWN);
+    Type('V', {VK_CONTROL});
+    EXPECT_GE(limit.Refused(), 8u);
+    EXPECT_EQ(Combo().GetItemCount(), 3u);
+    EXPECT_EQ(Narrow(Combo().GetItemText(0)), "item 0");
+    EXPECT_EQ(Combo().GetSelected(), 0u);
+    EXPECT_EQ(TextOf(Combo()), "item 0");
+    EXPECT_EQ(Combo().AnchorIndex(), 0u) << "still selected";
+    EXPECT_EQ(TheHost().TakeReports(), Reports{});
+    EXPECT_TRUE(Combo().IsSound());
+    EmptyTheClipboard();
+}
+
+TEST_F(ComboMemoryTest, ATableOfItemsThatCannotGrowKeepsThem)
+{
+    Make(GCBS_DROPDOWN);
+    const MemoryLimit limit;
+    UINT nCount = 0;
+    while (Combo().InsertItem(0, 0, L"", 0, nullptr) == 0) {
+        ++nCount;
+    }
+    EXPECT_GT(nCount, 7'000u);
+    EXPECT_EQ(Combo().GetItemCount(), nCount);
+    EXPECT_EQ(limit.Refused(), 1u);
+}
+
+} // namespace

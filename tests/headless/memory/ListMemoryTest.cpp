@@ -1,0 +1,264 @@
+// A list to which memory is refused: each operation says so, the records, rows and order are as they were,
+// and it goes on afterwards.
+#include "../list/ListDesktop.h"
+#include "LongText.h"
+
+#include <functional>
+
+using test::END;
+using test::LongText;
+using test::MemoryLimit;
+
+namespace {
+
+class ListMemoryTest : public test::ListDesktop
+{
+protected:
+    // What the operations below change.
+    std::string State() const
+    {
+        std::string state = list.Texts() + "," + list.Selected() + ",";
+        for (UINT column = 0; column < list.columns.GetLength(); ++column) {
+            state +=
+                test::Narrow(list.GetColumnText(column)) + std::to_string(list.columns[column]->state) + " ";
+        }
+        for (UINT group = 0; group < list.groups.GetLength(); ++group) {
+            state += test::Narrow(list.GetGroupName(group)) + " ";
+        }
+        for (UINT item = 0; item < list.items.GetLength(); ++item) {
+            state += std::to_string(list.GetItemState(item, 0)) + std::to_string(list.GetItemImage(item, 0));
+        }
+        return state;
+    }
+    void Paint() const
+    {
+        InvalidateRect(list, nullptr, FALSE);
+        UpdateWindow(list);
+        list.Check();
+    }
+    // Inserts until that is refused; returns how often it was not.
+    static UINT Fill(const std::function<UINT()>& insert)
+    {
+        const MemoryLimit limit;
+        UINT n = 0;
+        while (n < LongText::LENGTH && insert() != gesso::NO_INDEX) {
+            ++n;
+        }
+        EXPECT_LT(n, LongText::LENGTH);
+        return n;
+    }
+    UINT InsertPlain() { return list.InsertItem(END, 0, nullptr, 0, nullptr, 0); }
+    // In the reverse of their order by text and by data, in so many groups in turn.
+    void FillReversed(UINT items, UINT groups)
+    {
+        for (UINT group = 0; group < groups; ++group) {
+            list.InsertGroup(0, nullptr, 0, group);
+        }
+        list.BulkInsertOn();
+        for (UINT item = 0; item < items; ++item) {
+            const auto text = test::Wide(std::to_string(2 * items - item));
+            list.InsertItem(END, groups ? item % groups : 0, reinterpret_cast<void*>(uintptr_t{items - item}),
+                            0, text.data(), 0);
+        }
+        list.BulkInsertOff();
+    }
+    static int ByData(void* a, void* b) { return (a > b) - (a < b); }
+};
+
+} // namespace
+
+TEST_F(ListMemoryTest, ATextThatIsRefusedChangesNothing)
+{
+    const LongText text;
+    MakeFilledList(2, 3);
+    AddGroup(0);
+    const auto column = [&] {
+        return list.InsertColumn(0, 0, 0, 50, 0, text, 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    };
+    const std::function<void()> setters[] = {
+        [&] { list.SetColumnText(1, text); },
+        [&] { list.SetGroupName(0, text); },
+        [&] { list.SetItemText(1, 0, text); },
+        [&] { list.SetSubItem(1, 0, LIS_SELECTED, text, 5); },
+    };
+    const std::string before = State();
+    {
+        const MemoryLimit limit;
+        EXPECT_EQ(column(), END);
+        EXPECT_EQ(list.InsertGroup(0, text, 0, 7), END);
+        EXPECT_EQ(list.InsertItem(0, 0, nullptr, 0, text, 0), END);
+        for (const auto& set : setters) {
+            set();
+            EXPECT_EQ(State(), before);
+        }
+        Paint();
+        EXPECT_EQ(limit.Refused(), 7u);
+    }
+    for (const auto& set : setters) {
+        set();
+    }
+    EXPECT_EQ(column(), 0u);
+    EXPECT_EQ(list.InsertGroup(0, text, 0, 7), 1u);
+    EXPECT_EQ(list.InsertItem(0, 0, nullptr, 0, text, 0), 0u);
+    EXPECT_NE(State(), before);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, ATextThatIsKeptButNotPreparedDoesNotShow)
+{
+    const LongText text(MemoryLimit::LARGEST / 4);
+    MakeFilledList(1, 1);
+    {
+        const MemoryLimit limit;
+        list.SetItemText(0, 0, text);
+        EXPECT_GT(limit.Refused(), 0u);
+        Paint();
+    }
+    EXPECT_EQ(test::Narrow(list.GetItemText(0, 0)), test::Narrow(text));
+    list.SetItemText(0, 0, text);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, WhatTheTablesHaveNoRoomForIsNotInserted)
+{
+    MakeFilledList(1, 0);
+    const UINT items = Fill([&] { return InsertPlain(); });
+    EXPECT_EQ(list.GetItemCount(), items);
+    Paint();
+    const UINT groups = Fill([&] { return list.InsertGroup(0, L"Group", 0, 1); });
+    EXPECT_EQ(list.GetGroupCount(), groups);
+    list.RemoveAllGroups();
+    list.RemoveAllItems();
+    const UINT columns = Fill([&] {
+        return list.InsertColumn(0, 0, 0, 1, 0, nullptr, 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    });
+    EXPECT_EQ(list.GetColumnCount(), columns + 1);
+    list.SetListStyle(GLS_TILES | GLS_CHECKBOXES);
+    list.SetListStyle(GLS_ICONS);
+    list.SetListStyle(GLS_DETAILS | GLS_CHECKBOXES);
+    EXPECT_EQ(list.columnDraw.GetLength(), columns + 2);
+    {
+        const MemoryLimit limit(4096);
+        EXPECT_EQ(InsertPlain(), END) << "an item of so many sub-items";
+    }
+    EXPECT_EQ(InsertPlain(), 0u);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, ABulkFillEndsWithRowsForAllThatWasInserted)
+{
+    MakeFilledList(1, 0);
+    list.BulkInsertOn();
+    const UINT items = Fill([&] { return InsertPlain(); });
+    {
+        const MemoryLimit limit;
+        list.BulkInsertOff();
+    }
+    EXPECT_EQ(list.elements.GetLength(), items);
+    Paint();
+    EXPECT_EQ(InsertPlain(), items);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, ASortWithoutMemoryLeavesOrderAndArrow)
+{
+    // What is refused first: the keys, the copy that is ordered, and what gathers the groups.
+    for (const auto& [items, groups] : {std::pair(5000U, 0U), std::pair(9000U, 0U), std::pair(4000U, 3000U)})
+    {
+        MakeList();
+        AddColumn(nullptr, ByData);
+        AddColumn(nullptr, nullptr);
+        FillReversed(items, groups);
+        list.Sort(1, false);
+        const std::vector<ListItem*> before(list.items.begin(), list.items.end());
+        for (const UINT column : {0U, 1U}) {
+            const MemoryLimit limit;
+            list.Sort(column, true);
+            EXPECT_GT(limit.Refused(), 0u);
+            EXPECT_TRUE(std::equal(before.begin(), before.end(), list.items.begin(), list.items.end()));
+            UINT current = 7;
+            list.GetCurrentSort(&current, nullptr);
+            EXPECT_EQ(current, 1u);
+            EXPECT_EQ(list.columns[0]->state, 0u);
+            EXPECT_EQ(list.columns[1]->state, LCS_SORTDOWN);
+        }
+        Paint();
+        list.Sort(0, true);
+        const UINT last = groups ? (items - 1) / groups * groups : items - 1;
+        EXPECT_EQ(list.items[0]->customData, reinterpret_cast<void*>(uintptr_t{items - last}));
+        Paint();
+        DestroyWindow(list);
+        Renew();
+    }
+}
+
+TEST_F(ListMemoryTest, AnArrayThatCannotBeSortedIsAsItWas)
+{
+    MakeList();
+    AddColumn(nullptr, nullptr);
+    FillReversed(5000, 0);
+    ListItem* const first = list.items[0];
+    const MemoryLimit limit;
+    list.FastSortItemPtr(list.items.GetData(), 5000, true, ByData);
+    EXPECT_EQ(list.items[0], first);
+    list.SortAlphabetical(list.items.GetData(), 5000, true, 0);
+    EXPECT_EQ(list.items[0], first);
+    EXPECT_EQ(limit.Refused(), 2u);
+}
+
+TEST_F(ListMemoryTest, AnEditThatIsRefusedLeavesTheFormerOne)
+{
+    MakeFilledList(1, 1);
+    std::vector<HWND> windows(LongText::LENGTH);
+    windows[0] =
+        CreateWindowExW(0, L"STATIC", nullptr, WS_CHILD, 0, 0, 10, 10, list, nullptr, nullptr, nullptr);
+    list.BeginEdit(1, windows.data());
+    {
+        const MemoryLimit limit;
+        list.BeginEdit(LongText::LENGTH, windows.data());
+        EXPECT_EQ(list.editWindows[0], windows[0]);
+        EXPECT_EQ(limit.Refused(), 2u);
+    }
+    list.BeginEdit(LongText::LENGTH, windows.data());
+    list.EndEdit();
+}
+
+TEST_F(ListMemoryTest, ACopyHasNoneOfWhatItHasNoMemoryFor)
+{
+    for (const UINT items : {4000U, 10000U}) {
+        MakeList();
+        AddColumn(nullptr, nullptr);
+        FillReversed(items, 0);
+        {
+            const MemoryLimit limit;
+            test::ProbeList copy(list);
+            test::ProbeList other;
+            other = list;
+            EXPECT_EQ(copy.items.GetLength(), items < MemoryLimit::LARGEST / sizeof(void*) ? items : 0);
+            EXPECT_EQ(copy.elements.GetLength(), 0u);
+            EXPECT_EQ(other.elements.GetLength(), 0u);
+            for (test::ProbeList* pCopy : {&copy, &other}) {
+                pCopy->Calculate();
+                pCopy->HitAt(5, 60);
+                pCopy->Check();
+            }
+        }
+        Paint();
+        DestroyWindow(list);
+        Renew();
+    }
+}
+
+TEST_F(ListMemoryTest, AListHasNoneOfWhatItReleasedForWhatItHasNoMemoryFor)
+{
+    MakeList();
+    AddColumn(nullptr, nullptr);
+    FillReversed(10000, 0);
+    test::ProbeList other;
+    other.InsertItem(0, 0, nullptr, 0, L"Gone", 0);
+    {
+        const MemoryLimit limit;
+        other = list;
+    }
+    EXPECT_EQ(other.items.GetLength(), 0u);
+}

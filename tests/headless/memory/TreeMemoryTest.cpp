@@ -1,0 +1,188 @@
+// Trees to which memory is refused: nothing is inserted, expanded, moved or named, and what was there stays.
+#include "../../tree/TreeFixture.h"
+#include "../FreshDesktop.h"
+#include "LongText.h"
+
+using test::LongText;
+using test::MemoryLimit;
+
+namespace {
+
+constexpr size_t NOTHING = 0;
+constexpr size_t A_FEW_POINTERS = 64;
+constexpr size_t BELOW_A_CHUNK = 2060; // of rows
+
+// The model, without any window.
+template <class CONTROL> class TreeModelMemoryTest : public testing::Test
+{
+protected:
+    using Item = std::conditional_t<std::is_same_v<CONTROL, GTree>, TreeItem, NavigationBarItem>;
+    using Rows = gesso::VisibleRows<Item>;
+    using View = gesso::TreeView<Item, gesso::TreeRules<CONTROL>>;
+
+    TreeModelMemoryTest() { m_view.OpenRoot(); }
+    Item* Root() { return m_view.Root(); }
+    Item* Add(Item* parent) { return m_view.Insert(parent, nullptr, L"x", 0, 0, nullptr).item; }
+    Item* AddWithChildren(UINT n)
+    {
+        Item* item = Add(Root());
+        AddMany(item, n);
+        return item;
+    }
+    void AddMany(Item* parent, UINT n)
+    {
+        for (UINT i = 0; i < n; ++i) {
+            Add(parent);
+        }
+    }
+    // Adds until that is refused; returns how often it was not.
+    UINT Fill(Item* parent, size_t cbLargest)
+    {
+        const MemoryLimit limit(cbLargest);
+        UINT n = 0;
+        while (n < LongText::LENGTH && Add(parent)) {
+            ++n;
+        }
+        EXPECT_LT(n, LongText::LENGTH);
+        return n;
+    }
+
+    Item* m_pSelected = nullptr;
+    UINT m_nSelected = gesso::NO_INDEX;
+    Rows m_rows;
+    View m_view{m_rows, m_pSelected, m_nSelected};
+};
+
+template <class CONTROL> class TreeMemoryTest : private test::FreshDesktop, public test::TreeTest<CONTROL>
+{
+protected:
+    void SetUp() override { this->Make(WS_VSCROLL); }
+    void* Add(LPCWSTR pszName, void* parent = nullptr)
+    {
+        return this->tree.InsertItem(parent ? parent : this->tree.GetRootItem(), nullptr, pszName, 0, 0,
+                                     nullptr);
+    }
+    void Paint()
+    {
+        InvalidateRect(this->tree, nullptr, FALSE);
+        UpdateWindow(this->tree);
+        EXPECT_TRUE(this->tree.Check());
+    }
+};
+
+using Trees = testing::Types<GTree, GNavigationBar>;
+
+} // namespace
+
+TYPED_TEST_SUITE(TreeModelMemoryTest, Trees);
+TYPED_TEST_SUITE(TreeMemoryTest, Trees);
+
+TYPED_TEST(TreeModelMemoryTest, ItemsThatAreRefusedLeaveThoseThatAreThere)
+{
+    for (const size_t cbLargest : {NOTHING, BELOW_A_CHUNK, MemoryLimit::LARGEST}) {
+        const UINT n = this->Fill(this->Root(), cbLargest);
+        EXPECT_EQ(this->Root()->aChildren.GetLength(), n);
+        EXPECT_EQ(this->m_rows.GetLength(), n);
+        EXPECT_TRUE(this->m_view.Check());
+        this->AddMany(this->Root(), 600);
+        EXPECT_TRUE(this->m_view.Check());
+        const MemoryLimit none(NOTHING);
+        auto* item = this->m_rows[0];
+        this->m_view.RemoveRows(*item);
+        this->m_view.Delete(*item);
+        this->m_view.RemoveAll();
+        EXPECT_EQ(none.Refused(), 0u);
+    }
+    // The array of the children, where the blocks of the items have room.
+    this->AddMany(this->Root(), 9000);
+    const UINT n = this->Fill(this->Root(), MemoryLimit::LARGEST);
+    EXPECT_EQ(this->m_rows.GetLength(), 9000 + n);
+    EXPECT_TRUE(this->m_view.Check());
+}
+
+TYPED_TEST(TreeModelMemoryTest, ABranchThatIsRefusedStaysClosed)
+{
+    this->AddMany(this->Root(), 100);
+    auto* item = this->AddWithChildren(200);
+    this->AddMany(this->Root(), 10);
+    const UINT row = this->m_view.RowOf(item);
+    for (const size_t cbLargest : {A_FEW_POINTERS, BELOW_A_CHUNK}) {
+        const MemoryLimit limit(cbLargest);
+        EXPECT_FALSE(this->m_view.Expand(row));
+        EXPECT_TRUE(this->m_view.MayExpand(row));
+        EXPECT_EQ(this->m_rows.GetLength(), 111u);
+        EXPECT_EQ(limit.Refused(), 1u);
+    }
+    EXPECT_TRUE(this->m_view.Check());
+    EXPECT_TRUE(this->m_view.Expand(row));
+    EXPECT_EQ(this->m_rows.GetLength(), 311u);
+    EXPECT_TRUE(this->m_view.Check());
+}
+
+TYPED_TEST(TreeModelMemoryTest, AnItemThatCannotBeMovedStaysWhereItIs)
+{
+    auto* parent = this->AddWithChildren(30);
+    this->AddMany(this->Root(), 100);
+    const MemoryLimit limit(A_FEW_POINTERS);
+    UINT n = 0;
+    while (n < 100 && limit.Refused() == 0) {
+        EXPECT_TRUE(this->m_view.Move(this->Root()->aChildren[this->Root()->aChildren[0] == parent], parent));
+        ++n;
+    }
+    EXPECT_LT(n, 100u);
+    EXPECT_EQ(parent->aChildren.GetLength(), 30 + n - 1);
+    EXPECT_EQ(this->Root()->aChildren.GetLength(), 101 - n + 1);
+    EXPECT_FALSE(this->m_view.Move(parent, parent->aChildren[0]));
+}
+
+TYPED_TEST(TreeModelMemoryTest, ACopyWithoutMemoryForItsRowsHasNone)
+{
+    this->AddMany(this->Root(), 300);
+    const MemoryLimit limit(BELOW_A_CHUNK);
+    typename TestFixture::Rows copy(this->m_rows);
+    typename TestFixture::Rows other;
+    other = this->m_rows;
+    EXPECT_EQ(copy.GetLength() + other.GetLength(), 0u);
+    EXPECT_EQ(limit.Refused(), 2u);
+    EXPECT_EQ(this->m_rows.GetLength(), 300u);
+}
+
+TYPED_TEST(TreeMemoryTest, ANameThatIsRefusedMakesNoItemAndLeavesTheFormerOne)
+{
+    const LongText text;
+    void* hItem = this->Add(L"Before");
+    {
+        const MemoryLimit limit;
+        EXPECT_EQ(this->Add(text), nullptr);
+        this->tree.SetItemName(hItem, text);
+        EXPECT_EQ(limit.Refused(), 2u);
+        EXPECT_EQ(this->tree.Rows(), "Before");
+        this->Paint();
+    }
+    this->tree.SetItemName(hItem, text);
+    EXPECT_EQ(test::Narrow(this->tree.GetItemName(hItem)), test::Narrow(text));
+    EXPECT_NE(this->Add(text), nullptr);
+    this->Paint();
+}
+
+TYPED_TEST(TreeMemoryTest, AnItemThatCannotExpandIsNotSaidToHave)
+{
+    void* hItem = this->Add(L"Parent");
+    for (UINT i = 0; i < 9000; ++i) {
+        this->Add(L"x", hItem);
+    }
+    this->host.Take();
+    {
+        const MemoryLimit limit;
+        this->tree.Expand(hItem);
+        EXPECT_EQ(this->host.Take().size(), 1u) << "it was to expand";
+        while (this->Add(L"y")) {
+        }
+        EXPECT_GE(limit.Refused(), 2u);
+    }
+    this->Paint();
+    EXPECT_EQ(this->tree.GetItemChildCount(hItem), 9000u);
+    this->tree.Expand(hItem);
+    EXPECT_GT(this->tree.m_aVisible.GetLength(), 9000u);
+    this->Paint();
+}
