@@ -16,13 +16,13 @@ declare -A PACKAGES=(
            xvfb xdotool libxrender1 libxcursor1 libxcomposite1 libxfixes3 libxi6 libxinerama1 libxrandr2
            libxxf86vm1"
     [test]="clang-format python3"
-    [lint]="clang clang-tidy cppcheck libclang-rt-14-dev python3"
+    [lint]="clang clang-tidy cppcheck libclang-rt-14-dev llvm python3"
 )
 
 # A tool that the machine already has some other way counts as its package.
 declare -A COMMANDS=(
     [cmake]=cmake [ninja-build]=ninja [g++]=g++ [xvfb]=Xvfb [xdotool]=xdotool [clang-format]=clang-format
-    [python3]=python3 [clang]=clang++ [clang-tidy]=clang-tidy [cppcheck]=cppcheck
+    [python3]=python3 [clang]=clang++ [clang-tidy]=clang-tidy [cppcheck]=cppcheck [llvm]=llvm-cov
     [g++-mingw-w64-x86-64-posix]=x86_64-w64-mingw32-g++-posix
 )
 

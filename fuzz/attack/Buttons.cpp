@@ -71,13 +71,11 @@ template <> void AddOperations<GCommandButton>(Table& table)
                 OP(Button, GetNoteLength), GetTextOf<Button>("GetNote", &Button::GetNote),
                 OP(Button, SetIcon), OP(Button, GetIcon), OP(Button, SetBitmap), OP(Button, GetBitmap),
                 Making(OP(Button, Create)), OP(Button, Destroy)});
-    if (known::GIVES_FONTS) {
-        Add(table, {Own<Button>("GetFont", [](Button& button, World& world,
-                                              Source&) { NoteFont(world, button.GetFont()); }),
-                    Own<Button>("GetNoteFont", [](Button& button, World& world, Source&) {
-                        NoteFont(world, button.GetNoteFont());
-                    })});
-    }
+    Add(table, {Own<Button>("GetFont",
+                            [](Button& button, World& world, Source&) { NoteFont(world, button.GetFont()); }),
+                Own<Button>("GetNoteFont", [](Button& button, World& world, Source&) {
+                    NoteFont(world, button.GetNoteFont());
+                })});
 }
 
 template <> void AddOperations<GNavigationButton>(Table& table)

@@ -5,7 +5,6 @@
 // What a call needs that a type does not say (a buffer and its length, say) is an operation written out.
 #pragma once
 
-#include "Known.h"
 #include "World.h"
 
 #include <gesso/framework/GWndScroll.h>
@@ -98,7 +97,7 @@ template <> struct Argument<SCROLLINFO*>
         si.cbSize = source.Chance(12) ? source.Number() : static_cast<UINT>(sizeof(SCROLLINFO));
         si.fMask = source.Chance(2) ? UINT{SIF_ALL} : source.Bits();
         for (int* pn : {&si.nMin, &si.nMax, &si.nPos, &si.nTrackPos}) {
-            *pn = std::clamp(source.Integer(), -known::FARTHEST_SCROLL, known::FARTHEST_SCROLL);
+            *pn = source.Integer();
         }
         si.nPage = source.Number();
     }

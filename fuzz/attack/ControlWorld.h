@@ -4,7 +4,6 @@
 
 #include "Call.h"
 #include "ControlTables.h"
-#include "Known.h"
 #include "NameOf.h"
 
 #include <tests/controls/MakeControl.h>
@@ -136,7 +135,7 @@ public:
     // The object that was assigned to is a copy from now on, and goes before what it was assigned.
     void Assign(Source& source) override
     {
-        if (!m_pOwn || m_pCopy || !known::MayAssign(NameOf<CONTROL>())) {
+        if (!m_pOwn || m_pCopy) {
             return;
         }
         CONTROL other;

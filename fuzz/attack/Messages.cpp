@@ -271,10 +271,8 @@ void AddMessages(Table& table)
                    {"SendPosition", SendPosition},
                    {"SendCalcSize", SendCalcSize},
                    {"SendGetDlgCode", SendGetDlgCode},
+                   {"SendGetFont", SendGetFont},
                });
-    if (known::GIVES_FONTS) {
-        table.push_back({"SendGetFont", SendGetFont});
-    }
 }
 
 // --- A user

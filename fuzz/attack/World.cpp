@@ -397,9 +397,7 @@ void World::Arm(Source& source)
 
 void World::OnHostMessage(HWND, UINT uMsg)
 {
-    if (m_nQuiet > 0 || m_nCountdown == 0 || !known::MayActIn(uMsg) || !IsOfKind(m_nArmedKind, uMsg) ||
-        --m_nCountdown > 0)
-    {
+    if (m_nQuiet > 0 || m_nCountdown == 0 || !IsOfKind(m_nArmedKind, uMsg) || --m_nCountdown > 0) {
         return;
     }
     ++m_nActed;

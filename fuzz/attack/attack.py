@@ -136,7 +136,11 @@ def main():
         name, seed, operations, *seconds = rest
         print(shrink(program, name, seed, operations, operations, *map(int, seconds)))
         return 1
-    names = rest or subprocess.run([program, "--list"], stdout=subprocess.PIPE, text=True).stdout.split()
+    known = subprocess.run([program, "--list"], stdout=subprocess.PIPE, text=True).stdout.split()
+    # A name that is none would be attacked with nothing, and a run of it never be made again.
+    if unknown := {*rest, *(name for name, *_ in old_runs())} - set(known):
+        sys.exit(f"attack.py: there is no class {', '.join(sorted(unknown))}")
+    names = rest or known
     cores = os.cpu_count() or 1
     seconds = max(float(first) * cores / len(names), 1)
     with concurrent.futures.ThreadPoolExecutor(cores) as pool:

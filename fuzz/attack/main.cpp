@@ -196,6 +196,13 @@ void List()
     }
 }
 
+bool Knows(const std::string& name)
+{
+    const auto& classes = Classes();
+    return std::any_of(classes.begin(), classes.end(),
+                       [&](const AttackedClass& attacked) { return attacked.name == name; });
+}
+
 bool Read(int argc, char** argv, Plan& plan)
 {
     for (int i = 1; i < argc; ++i) {
@@ -205,6 +212,10 @@ bool Read(int argc, char** argv, Plan& plan)
             continue;
         }
         if (option == "--list" || ++i == argc) {
+            return false;
+        }
+        if (option == "--class" && !Knows(argv[i])) {
+            std::fprintf(stderr, "attack: there is no class %s\n", argv[i]);
             return false;
         }
         if (option == "--class") {
