@@ -397,7 +397,11 @@ void World::Arm(Source& source)
 
 void World::OnHostMessage(HWND, UINT uMsg)
 {
-    if (m_nQuiet > 0 || m_nCountdown == 0 || !IsOfKind(m_nArmedKind, uMsg) || --m_nCountdown > 0) {
+    // A child that is made within its parent's last message goes without one of its own, and the object that
+    // it owns stays.
+    if (m_nQuiet > 0 || m_nCountdown == 0 || uMsg == WM_NCDESTROY || !IsOfKind(m_nArmedKind, uMsg) ||
+        --m_nCountdown > 0)
+    {
         return;
     }
     ++m_nActed;

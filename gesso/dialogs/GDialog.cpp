@@ -2,7 +2,43 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Lifeline.h>
 
+#include <utility>
+
 constinit HWND GDialog::s_hActiveDlg = nullptr;
+
+namespace {
+
+// A dialog that this thread is making: until it is bound to its window its procedure may delete the object.
+class Making
+{
+public:
+    explicit Making(const GDialog& dialog)
+        : m_pDialog(&dialog), m_life(dialog), m_pOuter(std::exchange(s_pInnermost, this))
+    {}
+    ~Making() { s_pInnermost = m_pOuter; }
+    Making(const Making&) = delete;
+    Making& operator=(const Making&) = delete;
+
+    operator bool() const { return m_life; }
+    // Whether it is the object of a dialog in the making, and is there no more.
+    static bool IsGone(const GDialog* pDialog)
+    {
+        const Making* pMaking = s_pInnermost;
+        while (pMaking && pMaking->m_pDialog != pDialog) {
+            pMaking = pMaking->m_pOuter;
+        }
+        return pMaking && !*pMaking;
+    }
+
+private:
+    const GDialog* m_pDialog;
+    gesso::Lifeline m_life;
+    const Making* m_pOuter;
+
+    static constinit inline thread_local const Making* s_pInnermost = nullptr;
+};
+
+} // namespace
 
 GDialog::GDialog(UINT nId) : m_template(reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(nId))) {}
 
@@ -31,12 +67,12 @@ int GDialog::CreateIndirect(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPL
 
 void GDialog::Start(HWND hwndParent, HINSTANCE hInstance, const DLGTEMPLATE* pTemplate)
 {
-    const gesso::Lifeline life(*this);
+    const Making making(*this);
     const HWND hwnd =
         pTemplate ? IsolationAwareCreateDialogIndirectParamW(hInstance, pTemplate, hwndParent,
                                                              GetDialogProc(), reinterpret_cast<LPARAM>(this))
                   : nullptr;
-    if (life) { // the procedure may have deleted the object
+    if (making) { // the procedure may have deleted the object
         m_hWnd = hwnd;
     }
 }
@@ -52,6 +88,7 @@ INT_PTR GDialog::DoModal(HWND hwndParent, HINSTANCE hInstance)
     if (!pTemplate) {
         return static_cast<INT_PTR>(GetLastError());
     }
+    const Making making(*this);
     return IsolationAwareDialogBoxIndirectParamW(GetModuleHandleW(nullptr), pTemplate, hwndParent,
                                                  GetDialogProc(), reinterpret_cast<LPARAM>(this));
 }
@@ -86,9 +123,10 @@ HWND GDialog::GetDlgItem(int nId) const
 
 GDialog* GDialog::ObjectOf(HWND hDlg, UINT uMsg, LPARAM lParam)
 {
-    if (uMsg == WM_INITDIALOG && lParam) {
+    auto* pDialog = reinterpret_cast<GDialog*>(lParam);
+    if (uMsg == WM_INITDIALOG && pDialog && !Making::IsGone(pDialog)) {
         SetWindowLongPtrW(hDlg, DWLP_USER, lParam);
-        reinterpret_cast<GDialog*>(lParam)->m_hWnd = hDlg;
+        pDialog->m_hWnd = hDlg;
     }
     return reinterpret_cast<GDialog*>(GetWindowLongPtrW(hDlg, DWLP_USER));
 }

@@ -3,6 +3,7 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemeFont.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/tree/GTree.h>
@@ -266,7 +267,8 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
     // before.
     if (!std::exchange(m_fSizing, true)) {
         const gesso::Lifeline life(*this);
-        CalcScrollbars(rc.right - rc.left, rc.bottom - rc.top);
+        CalcScrollbars(gesso::Saturated(int64_t{rc.right} - rc.left),
+                       gesso::Saturated(int64_t{rc.bottom} - rc.top));
         if (!life) {
             return 0;
         }

@@ -64,6 +64,27 @@ private:
     UINT m_nCommands = 0;
 };
 
+// Deletes itself at the first message.
+class DoomedDialog : public GDialog
+{
+public:
+    DoomedDialog() : GDialog(EMPTY_TEMPLATE) { s_pDoomed = this; }
+    DLGPROC GetDialogProc() override { return DialogProc; }
+
+    static inline HWND s_hWnd = nullptr;
+
+private:
+    static INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM, LPARAM lParam)
+    {
+        s_hWnd = hDlg;
+        delete std::exchange(s_pDoomed, nullptr);
+        EXPECT_EQ(ObjectOf(hDlg, uMsg, lParam), nullptr);
+        return FALSE;
+    }
+
+    static inline DoomedDialog* s_pDoomed = nullptr;
+};
+
 class GDialogTest : public testing::Test
 {
 protected:
@@ -99,6 +120,13 @@ TEST_F(GDialogTest, StartsFromAnotherModulesResourceAndBindsItsObject)
     dialog.Create(host, LibraryModule());
     EXPECT_TRUE(IsWindow(dialog)) << "an object can start its dialog again";
     dialog.Destroy();
+}
+
+TEST_F(GDialogTest, AnObjectThatIsDeletedBeforeItIsBoundIsNotRead)
+{
+    EXPECT_EQ((new DoomedDialog)->Create(host, LibraryModule()), 1);
+    ASSERT_TRUE(IsWindow(DoomedDialog::s_hWnd));
+    DestroyWindow(DoomedDialog::s_hWnd);
 }
 
 TEST_F(GDialogTest, MissingTemplateShowsNothing)
