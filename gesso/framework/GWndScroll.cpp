@@ -266,8 +266,7 @@ void GWndScroll::NcCalcSizeScroll(const RECT* prcWindow, RECT* prcClient)
         LONG& nEdge = fFlippedH ? prcClient->top : prcClient->bottom;
         nEdge = gesso::Saturated(int64_t{nEdge} + (fFlippedH ? cyH : -cyH));
     }
-    RECT rc = *prcClient;
-    OffsetRect(&rc, -prcWindow->left, -prcWindow->top);
+    const RECT rc = gesso::Shifted(*prcClient, -int64_t{prcWindow->left}, -int64_t{prcWindow->top});
     const int yH = fFlippedH ? rc.top : rc.bottom;
     const int xV = fFlippedV ? rc.left : rc.right;
     m_rcHScroll = {rc.left, yH, rc.right, gesso::Saturated(int64_t{yH} + cyH)};

@@ -5,6 +5,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
 
@@ -137,8 +138,9 @@ LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
     // before.
     if (!std::exchange(m_inside->fSizing, true)) {
         const gesso::Lifeline life(*this);
-        CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right - rc.left,
-                       rc.bottom - rc.top);
+        CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy),
+                       gesso::Saturated(int64_t{rc.right} - rc.left),
+                       gesso::Saturated(int64_t{rc.bottom} - rc.top));
         if (!life) {
             return 0;
         }
