@@ -80,6 +80,9 @@ GComboBox::GComboBox(const GComboBox& other)
 
 GComboBox& GComboBox::operator=(const GComboBox& other)
 {
+    if (this == &other) {
+        return *this;
+    }
     // From a copy of its own: what both share stays.
     if (m_inside != other.m_inside) {
         ReleaseAll();

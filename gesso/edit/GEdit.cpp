@@ -82,6 +82,9 @@ GEdit::GEdit(const GEdit& other)
 
 GEdit& GEdit::operator=(const GEdit& other)
 {
+    if (this == &other) {
+        return *this;
+    }
     GWndScroll::operator=(other);
     m_hTheme = other.m_hTheme;
     m_hFont = other.m_hFont;

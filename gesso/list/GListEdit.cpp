@@ -26,7 +26,9 @@ WNDPROC SetProc(HWND hwnd, WNDPROC pfn)
 // A block of null entries, one more than `count`. Null without memory.
 template <class ENTRY> ENTRY* MakeTable(size_t count)
 {
-    auto* first = static_cast<ENTRY*>(gesso::TryAllocate((count + 1) * sizeof(ENTRY)));
+    // It is the pointers' own size that is meant.
+    const size_t size = (count + 1) * sizeof(ENTRY); // NOLINT(bugprone-sizeof-expression)
+    auto* first = static_cast<ENTRY*>(gesso::TryAllocate(size));
     if (first) {
         std::fill_n(first, count + 1, nullptr);
     }

@@ -124,7 +124,7 @@ TEST(ListLayout, RowsAreFoundAsByAWalkOverAll)
             for (UINT n = 0; n < 30; ++n) {
                 EXPECT_EQ(known.RowFrom(n), walking.RowFrom(n));
                 EXPECT_EQ(known.RowOf(n), walking.RowOf(n));
-                EXPECT_EQ(known.FirstRowReaching(n * 20), walking.FirstRowReaching(n * 20));
+                EXPECT_EQ(known.FirstRowReaching(int64_t{n} * 20), walking.FirstRowReaching(int64_t{n} * 20));
             }
         }
     }
