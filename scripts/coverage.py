@@ -70,7 +70,8 @@ def read(file, wanted):
     data = json.loads(pathlib.Path(file).read_text())["data"][0]
     sources = {}
     for entry in data["files"]:
-        path = pathlib.Path(entry["filename"]).resolve().relative_to(ROOT).as_posix()
+        file = pathlib.Path(entry["filename"]).resolve()
+        path = file.relative_to(ROOT).as_posix() if file.is_relative_to(ROOT) else ""
         if path.startswith("gesso/") and (not wanted or any(part in path for part in wanted)):
             source = sources.setdefault(path, Source(path))
             source.add_segments(entry["segments"])

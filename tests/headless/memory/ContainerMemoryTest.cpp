@@ -84,12 +84,12 @@ TEST(ContainerMemoryTest, AStringWithoutMemoryStaysAsItWas)
     EXPECT_FALSE(str.AppendFormat(L"%ls", text.data()));
     EXPECT_EQ(str.Replace(L"x", text.data()), 0u);
     str = strLong;
-    EXPECT_STREQ(str, L"one x two");
+    EXPECT_TRUE(str == L"one x two");
     EXPECT_EQ(OString<wchar_t>(strLong).GetLength(), 0u);
     EXPECT_EQ(strLong.Mid(1, MANY).GetLength(), 0u);
     EXPECT_EQ(OString<wchar_t>::Build(L"%ls", text.data()).GetLength(), 0u);
     OString<wchar_t> strTaken(std::move(str));
-    EXPECT_STREQ(strTaken, L"one x two");
+    EXPECT_TRUE(strTaken == L"one x two");
 }
 
 TEST(ContainerMemoryTest, ATextThatIsEditedStaysAsItWasWithoutMemory)
@@ -109,7 +109,7 @@ TEST(ContainerMemoryTest, ATextThatIsEditedStaysAsItWasWithoutMemory)
     EXPECT_EQ(str.SetBufferLength(MANY), nullptr);
     str = strLong;
     str = text.data();
-    EXPECT_STREQ(str, L"one x two");
+    EXPECT_TRUE(str == L"one x two");
     EXPECT_EQ(OStringEx<wchar_t>(MANY).GetBufferLength(), 1u);
     EXPECT_EQ(strLong.Replace(static_cast<LPCWSTR>(strLong) + 1, L"y"), 0u) << "what it looks for is its own";
     strLong.ReleaseBuffer(MANY / 2);

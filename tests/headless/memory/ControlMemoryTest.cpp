@@ -96,7 +96,7 @@ TEST_F(LabelMemoryTest, ATextThatCannotBeWrappedIsNotMeasured)
     {
         const MemoryLimit limit;
         GLabel::WrapText(str, strLong);
-        EXPECT_STREQ(str, L"before");
+        EXPECT_TRUE(str == L"before");
         EXPECT_EQ(label.CalcSizeText(&rc, 0, text, FALSE, 90, 40), E_OUTOFMEMORY);
         EXPECT_EQ(label.CalcSizeText(&rc, 0, text, TRUE, 90, 40), E_OUTOFMEMORY);
         EXPECT_EQ(rc.right, 3);
