@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # How much the tests notice: changes one condition, constant or call of gesso/ at a time, in a sample of places, and
-# runs the headless tests of the release build on each. Not part of the other checks; 300 mutants take about an hour.
+# runs the headless tests of the release build on each. Not part of the other checks.
 #
 #   scripts/mutants.sh [COUNT [SEED]]    30 mutants and the seed 1 without arguments; a seed gives the same sample
 #

@@ -30,7 +30,9 @@ void Use(HWND hwnd)
         desk::Wheel(-120);
         desk::Pump();
     }
-    for (const WPARAM code : {SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_THUMBTRACK}) {
+    for (const WPARAM code :
+         std::initializer_list<WPARAM>{SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_THUMBTRACK})
+    {
         SendMessageW(hwnd, WM_VSCROLL, code, 0);
         SendMessageW(hwnd, WM_HSCROLL, code, 0);
     }

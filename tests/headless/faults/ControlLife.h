@@ -246,10 +246,10 @@ private:
     {
         SetFocus(m_hwnd);
         desk::TypeText("ab");
-        for (const UINT vk : {VK_DOWN, VK_RIGHT, VK_BACK, VK_RETURN}) {
+        for (const UINT vk : std::initializer_list<UINT>{VK_DOWN, VK_RIGHT, VK_BACK, VK_RETURN}) {
             desk::TypeKey(vk);
         }
-        for (const UINT vk : {'A', 'C', 'X', 'V'}) {
+        for (const UINT vk : std::initializer_list<UINT>{'A', 'C', 'X', 'V'}) {
             desk::TypeKey(vk, {VK_CONTROL});
         }
         desk::TypeKey(VK_DOWN, {VK_MENU});
@@ -258,8 +258,8 @@ private:
     }
     void Scroll() const
     {
-        for (const UINT uMsg : {WM_VSCROLL, WM_HSCROLL}) {
-            for (const WPARAM code : {SB_LINEDOWN, SB_PAGEDOWN, SB_BOTTOM}) {
+        for (const UINT uMsg : std::initializer_list<UINT>{WM_VSCROLL, WM_HSCROLL}) {
+            for (const WPARAM code : std::initializer_list<WPARAM>{SB_LINEDOWN, SB_PAGEDOWN, SB_BOTTOM}) {
                 SendMessageW(m_hwnd, uMsg, code, 0);
             }
         }
@@ -270,7 +270,8 @@ private:
     {
         Resize(WIDTH / 2, HEIGHT / 2);
         desk::Pump();
-        for (const UINT uMsg : {WM_SYSCOLORCHANGE, WM_SETTINGCHANGE, WM_THEMECHANGED}) {
+        for (const UINT uMsg :
+             std::initializer_list<UINT>{WM_SYSCOLORCHANGE, WM_SETTINGCHANGE, WM_THEMECHANGED}) {
             SendMessageW(m_hwnd, uMsg, 0, 0);
         }
         EnableWindow(m_hwnd, FALSE);

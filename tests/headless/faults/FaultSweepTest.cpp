@@ -116,6 +116,7 @@ template <class RUN> Counts Sweep(std::string_view subject, const RUN& run)
             ++counts.nRuns;
             const bool fFired = run(operation, call);
             EXPECT_EQ(desk::TopLevelWindows().size(), 0U);
+            EXPECT_FALSE(desk::Deadlocked()) << "a loop that nothing ends";
             desk::Reset(); // the clipboard is the user's
             if (!operation.releases) {
                 EXPECT_EQ(desk::Live(), before);
