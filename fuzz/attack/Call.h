@@ -31,6 +31,12 @@ template <> struct Argument<UINT> : Value<UINT>
 {
     Argument(World&, Source& source) : Value{source.Chance(4) ? source.Bits() : source.Number()} {}
 };
+#if defined(_WIN32) // where it is a type of its own
+template <> struct Argument<DWORD> : Argument<UINT>
+{
+    using Argument<UINT>::Argument;
+};
+#endif
 template <> struct Argument<WORD> : Value<WORD>
 {
     Argument(World&, Source& source) : Value{static_cast<WORD>(source.Number())} {}

@@ -34,9 +34,11 @@ inline std::string CheckObject(const GWnd&)
 {
     return {};
 }
+#if !defined(_WIN32) // whose DLL keeps the checks to itself
 std::string CheckObject(const GList& list);
 std::string CheckObject(const GEdit& edit);
 std::string CheckObject(GTree& tree);
 std::string CheckObject(GNavigationBar& bar);
+#endif
 
 } // namespace attack

@@ -55,6 +55,7 @@ template <class CONTROL> const Table& TableOf()
         AddMessages(table);
         AddInput(table);
         AddSurroundings(table);
+        AddSettings(table);
         AddFaults(table);
         AddCommon<CONTROL>(table);
         AddOperations<CONTROL>(table);
@@ -79,7 +80,7 @@ public:
         if (m_pCopy) {
             return m_pCopy;
         }
-        return m_pOwn ? m_pOwn : gesso::Frame::ObjectOf<CONTROL>(m_hwnd);
+        return m_pOwn ? m_pOwn : ObjectOf(m_hwnd);
     }
 
     HWND Window() override
@@ -118,7 +119,7 @@ public:
     void TakeOver() override
     {
         if (!m_pOwn && !m_pCopy) {
-            m_pOwn = gesso::Frame::ObjectOf<CONTROL>(std::exchange(m_hwnd, nullptr));
+            m_pOwn = ObjectOf(std::exchange(m_hwnd, nullptr));
         }
     }
 
@@ -158,6 +159,14 @@ public:
     }
 
 private:
+    // What gesso::Frame says, which the DLL keeps to itself.
+    static CONTROL* ObjectOf(HWND hwnd)
+    {
+        constexpr LONG DETACHED = 2;
+        const bool fDetached = GetWindowLongW(hwnd, gesso::Frame::OWNER_WORD) & DETACHED;
+        return fDetached ? nullptr : static_cast<CONTROL*>(GWnd::FromHwnd(hwnd));
+    }
+
     void Delete(Source& source)
     {
         CONTROL* const pObject = std::exchange(m_pOwn, nullptr);

@@ -1,10 +1,10 @@
 // Dialogs: each is run, and ended at every moment, by a user, by its program, or with its parent. While one
 // runs the world acts in the loop's idle moments.
 
+#include "Dialogs.h"
 #include "ControlWorld.h"
 #include "Plain.h"
 
-#include <tests/support/RibbonTemplate.h>
 #include <tests/support/TestDialogs.h>
 
 namespace attack {
@@ -37,6 +37,7 @@ protected:
         AddMessages(table);
         AddInput(table);
         AddSurroundings(table);
+        AddSettings(table);
         AddFaults(table);
         Add(table, {{"Command", Command, 6}, {"EndDialog", EndIt}, {"Close", CloseIt}});
     }
@@ -251,6 +252,8 @@ constexpr LPCWSTR CLASSES[] = {L"GButton",      L"GCheckBox",
                                L"EDIT",         L"GNavigationButton",
                                L"NoSuchClass"};
 
+} // namespace
+
 test::DialogTemplate AnyTemplate(Source& source)
 {
     const DWORD dwStyle = WS_POPUP | WS_VISIBLE | (source.Chance(2) ? DS_SETFONT : 0);
@@ -274,30 +277,13 @@ test::DialogTemplate AnyTemplate(Source& source)
     return dialog;
 }
 
-class HostDialog : public GDialog
-{
-public:
-    using GDialog::GDialog;
-    DLGPROC GetDialogProc() override { return Proc; }
-
-private:
-    static INT_PTR CALLBACK Proc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
-    {
-        ObjectOf(hDlg, uMsg, lParam);
-        NoteHostMessage(hDlg, uMsg);
-        return uMsg == WM_COMMAND && LOWORD(wParam) == IDCANCEL && EndDialog(hDlg, IDCANCEL);
-    }
-};
+namespace {
 
 class TemplateWorld : public DialogWorld
 {
 public:
     explicit TemplateWorld(Source& source) : DialogWorld(Operations(), source) {}
-    ~TemplateWorld() override
-    {
-        delete m_pDialog;
-        desk::RemoveResources(desk::HostModule());
-    }
+    ~TemplateWorld() override { delete m_pDialog; }
     void* Object() override { return m_pDialog; }
     void DeleteObject(Source&) override { delete std::exchange(m_pDialog, nullptr); }
 
@@ -315,37 +301,10 @@ private:
             self.m_hwnd = pDialog->GetHwnd();
         }
     }
-    static void RunFromResource(World& world, Source& source)
-    {
-        const test::DialogTemplate dialog = AnyTemplate(source);
-        desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(77), dialog.Bytes());
-        HostDialog modal(UINT{77});
-        modal.DoModal(world.AnyParent(source), desk::HostModule());
-    }
-    // A ribbon's images, of which some bytes are others.
-    static void MakeRibbon(World& world, Source& source)
-    {
-        std::vector<BYTE> bytes =
-            test::LayOutTemplate(test::Strip::Numbered(64, 32, 0), test::Strip::Numbered(32, 16, 5000));
-        for (UINT n = source.Below(6); n > 0; --n) {
-            bytes[source.Below(source.Flag() ? 80 : static_cast<UINT>(bytes.size()))] =
-                static_cast<BYTE>(source.Next());
-        }
-        bytes.resize(source.Chance(3) ? source.Below(static_cast<UINT>(bytes.size())) : bytes.size());
-        desk::AddResource(desk::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(78),
-                          std::as_bytes(std::span(bytes)));
-        GRibbon ribbon(UINT{78});
-        const HWND hwnd = ribbon.Create(0, 0, source.Size(), 120, world.Host(), desk::HostModule());
-        desk::Pump();
-        DestroyWindow(hwnd);
-    }
-
     static const Table& Operations()
     {
         static const Table TABLE = [] {
             Table table{{"CreateIndirect", MakeIndirect, 14},
-                        {"DoModal", RunFromResource, 4},
-                        {"MakeRibbon", MakeRibbon, 4},
                         OP(HostDialog, SetText),
                         OP(HostDialog, GetTextLength),
                         OP(HostDialog, GetDlgItem),
@@ -353,6 +312,7 @@ private:
                         OP(HostDialog, MoveWindow),
                         OP(HostDialog, Invalidate),
                         GetTextOf<HostDialog>("GetText", &HostDialog::GetText)};
+            AddFromResources(table);
             AddAll(table);
             return table;
         }();

@@ -3,41 +3,7 @@
 #include "Call.h"
 #include "ControlTables.h"
 
-#include <gesso/edit/EditLines.h>
-
 namespace attack {
-
-namespace {
-
-// Opens the members that a check looks at, of any edit field.
-struct OpenEdit : GEdit
-{
-    using GEdit::m_aLines;
-    using GEdit::m_nAnchorChar;
-    using GEdit::m_nAnchorLine;
-    using GEdit::m_nCaretChar;
-    using GEdit::m_nCaretLine;
-    using GEdit::m_strText;
-};
-
-bool IsInside(const GEdit& edit, UINT nLine, UINT nChar)
-{
-    const auto& aLines = edit.*&OpenEdit::m_aLines;
-    // By SetSel with several lines it may count below 0, which is as good as 0.
-    return nLine < aLines.GetLength() && static_cast<int>(nChar) <= static_cast<int>(aLines[nLine]);
-}
-
-} // namespace
-
-std::string CheckObject(const GEdit& edit)
-{
-    if (!gesso::EditLines::Check(edit.*&OpenEdit::m_strText, edit.*&OpenEdit::m_aLines)) {
-        return "lines that are not the text";
-    }
-    const bool fCaret = IsInside(edit, edit.*&OpenEdit::m_nCaretLine, edit.*&OpenEdit::m_nCaretChar);
-    const bool fAnchor = IsInside(edit, edit.*&OpenEdit::m_nAnchorLine, edit.*&OpenEdit::m_nAnchorChar);
-    return fCaret && fAnchor ? "" : "caret or anchor outside of the lines";
-}
 
 template <> void AddOperations<GEdit>(Table& table)
 {

@@ -3,8 +3,6 @@
 #include "Call.h"
 #include "ControlTables.h"
 
-#include <gesso/list/ListInside.h>
-
 namespace attack {
 
 namespace {
@@ -227,11 +225,6 @@ template <> void AddOperations<GList>(Table& table)
                 OP(GList, SetHeaderItemSpacing),
                 Own<GList>("BeginEdit", EditInPlace),
                 OP(GList, EndEdit)});
-}
-
-std::string CheckObject(const GList& list)
-{
-    return gesso::ListInside::CheckLayout(list) ? "" : "a layout that is not that of the records";
 }
 
 } // namespace attack

@@ -5,6 +5,8 @@
 
 #include <gesso/framework/Library.h>
 
+#include <tests/support/User.h>
+
 #include <algorithm>
 
 namespace attack {
@@ -283,7 +285,7 @@ void PointAtWindow(World& world, Source& source)
 {
     RECT rc{};
     GetWindowRect(world.Window(), &rc);
-    const auto between = [&source](LONG nFrom, LONG nTo) {
+    const auto between = [&source](int nFrom, int nTo) {
         const int nFirst = std::clamp(nFrom, -0x8000, 0x8000);
         const auto nSize = static_cast<UINT>(std::clamp(std::clamp(nTo, -0x8000, 0x8000) - nFirst, 1, 2000));
         return nFirst + static_cast<int>(source.Below(nSize + 8)) - 4;
@@ -291,7 +293,7 @@ void PointAtWindow(World& world, Source& source)
     const int x = between(rc.left, rc.right);
     const int y = between(rc.top, rc.bottom);
     source.Note(std::to_string(x) + "," + std::to_string(y));
-    desk::MoveMouse(x, y);
+    test::user::MoveMouse(x, y);
 }
 
 desk::Button AnyButton(Source& source)
@@ -340,12 +342,12 @@ void UseKeys(World&, Source& source)
     const UINT vk = source.Any(std::span<const UINT>(KEYS));
     source.Note("key " + std::to_string(vk));
     switch (source.Below(6)) {
-    case 0: desk::TypeKey(vk, {VK_CONTROL}); break;
-    case 1: desk::TypeKey(vk, {VK_SHIFT}); break;
-    case 2: desk::PressKey(vk); break;
-    case 3: desk::ReleaseKey(vk); break;
-    case 4: desk::TypeKey(vk, {VK_CONTROL, VK_SHIFT}); break;
-    default: desk::TypeKey(vk); break;
+    case 0: test::user::TypeKey(vk, {VK_CONTROL}); break;
+    case 1: test::user::TypeKey(vk, {VK_SHIFT}); break;
+    case 2: test::user::PressKey(vk); break;
+    case 3: test::user::ReleaseKey(vk); break;
+    case 4: test::user::TypeKey(vk, {VK_CONTROL, VK_SHIFT}); break;
+    default: test::user::TypeKey(vk); break;
     }
     if (source.Chance(2)) {
         desk::Pump();
@@ -356,19 +358,19 @@ void Type(World&, Source& source)
 {
     static constexpr const char* TEXTS[] = {"a",        "Word and more", "\xF0\x9F\x98\x80",
                                             "\xCC\x81", "\xD7\x90",      "  "};
-    desk::TypeText(source.Any(std::span<const char* const>(TEXTS)));
+    test::user::TypeText(source.Any(std::span<const char* const>(TEXTS)));
     desk::Pump();
 }
 
 void TurnWheel(World&, Source& source)
 {
-    desk::Wheel(std::clamp(source.Integer(), -0x8000, 0x7FFF));
+    test::user::Wheel(std::clamp(source.Integer(), -0x8000, 0x7FFF));
     desk::Pump();
 }
 
 void LetTimePass(World&, Source& source)
 {
-    desk::Advance(source.Below(source.Chance(4) ? 2000 : 60));
+    desk::LetPass(source.Below(source.Chance(4) ? 2000 : 60));
 }
 
 void FocusIt(World& world, Source&)

@@ -21,5 +21,6 @@ void AddContainers(std::vector<AttackedClass>& classes);
 void AddTexts(std::vector<AttackedClass>& classes);
 void AddDialogs(std::vector<AttackedClass>& classes);
 void AddBases(std::vector<AttackedClass>& classes);
+void AddHostBases(std::vector<AttackedClass>& classes);
 
 } // namespace attack

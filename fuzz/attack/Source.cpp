@@ -1,5 +1,7 @@
 #include "Source.h"
 
+#include "Desktop.h"
+
 #include <algorithm>
 #include <climits>
 #include <cstdio>
@@ -81,7 +83,8 @@ UINT Source::Count(UINT nMost)
 int Source::Size()
 {
     static constexpr int ODD[] = {0, 1, 2, 5, 30000, 32767, 16, 3000};
-    const int n = Chance(5) ? Any(std::span<const int>(ODD)) : static_cast<int>(Below(300));
+    const int nDrawn = Chance(5) ? Any(std::span<const int>(ODD)) : static_cast<int>(Below(300));
+    const int n = std::min(nDrawn, desk::LARGEST_SIZE);
     Note(std::to_string(n));
     return n;
 }
@@ -148,7 +151,7 @@ Text Source::AnyText()
     const UINT nKind = Below(1000);
     Text text;
     if (nKind == 0) {
-        text = Made(*this, Chance(10) ? 100000 : 3000);
+        text = Made(*this, Chance(10) ? desk::LONGEST_TEXT : 3000);
     } else if (nKind < 10) {
         text = Made(*this, Below(400));
     } else if (nKind >= 50) {

@@ -12,7 +12,7 @@
 
 namespace attack {
 
-// A text that is drawn: null, empty, short, with broken surrogates, or 100,000 characters long.
+// A text that is drawn: null, empty, short, with broken surrogates, or desk::LONGEST_TEXT long.
 class Text
 {
 public:
@@ -47,7 +47,7 @@ public:
     UINT Number() { return static_cast<UINT>(Integer()); }
     // A number that asks for no more memory than a test has.
     UINT Count(UINT nMost);
-    // A size: mostly a control's, else 0 or 30,000.
+    // A size: mostly a control's, else 0 or desk::LARGEST_SIZE.
     int Size();
     // Some bits.
     UINT Bits();

@@ -3,9 +3,6 @@
 #include "Call.h"
 #include "ControlTables.h"
 
-#include <gesso/tree/TreeRules.h>
-#include <gesso/tree/TreeView.h>
-
 namespace attack {
 
 namespace {
@@ -47,22 +44,6 @@ template <class CONTROL> void AddTree(Table& table)
                 Often(3, OP(CONTROL, SetSelectedItem))});
 }
 
-// Opens the members that a check looks at.
-template <class CONTROL> struct Open : CONTROL
-{
-    using CONTROL::m_aVisible;
-    using CONTROL::m_nSelected;
-    using CONTROL::m_pSelected;
-};
-
-template <class ITEM, class CONTROL> std::string CheckTree(CONTROL& tree)
-{
-    using Fields = Open<CONTROL>;
-    const gesso::TreeView<ITEM, gesso::TreeRules<CONTROL>> view(
-        tree.*&Fields::m_aVisible, tree.*&Fields::m_pSelected, tree.*&Fields::m_nSelected);
-    return view.Check() ? "" : "items and rows that do not agree";
-}
-
 } // namespace
 
 template <> void AddOperations<GTree>(Table& table)
@@ -75,16 +56,6 @@ template <> void AddOperations<GTree>(Table& table)
 template <> void AddOperations<GNavigationBar>(Table& table)
 {
     AddTree<GNavigationBar>(table);
-}
-
-std::string CheckObject(GTree& tree)
-{
-    return CheckTree<TreeItem>(tree);
-}
-
-std::string CheckObject(GNavigationBar& bar)
-{
-    return CheckTree<NavigationBarItem>(bar);
 }
 
 } // namespace attack

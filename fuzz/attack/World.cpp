@@ -1,5 +1,7 @@
 #include "Call.h"
 
+#include <tests/support/User.h>
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -123,7 +125,7 @@ struct Behaviours
     static void Disable(World& world, Source& source) { EnableWindow(world.Window(), source.Flag()); }
     static void ChangeTheme(World& world, Source& source)
     {
-        desk::SetThemed(source.Flag());
+        desk::SetThemed(world.Window(), source.Flag());
         SendMessageW(world.Window(), WM_THEMECHANGED, 0, 0);
     }
     static void Another(World& world, Source& source) { world.DoAnother(source); }
@@ -432,17 +434,17 @@ void World::OnIdle()
     if (m_nIdle > 2 * PATIENCE) {
         PostQuitMessage(0);
     } else if (m_nIdle > PATIENCE) {
-        desk::TypeKey(VK_ESCAPE);
+        test::user::TypeKey(VK_ESCAPE);
     } else if (source.Chance(4)) {
         ++m_nActed;
         Act(source);
     } else if (source.Chance(2)) {
-        desk::MoveMouse(static_cast<int>(source.Below(500)), static_cast<int>(source.Below(400)));
+        test::user::MoveMouse(static_cast<int>(source.Below(500)), static_cast<int>(source.Below(400)));
         source.Chance(2) ? desk::PressButton() : desk::ReleaseButton();
     } else {
         static constexpr UINT KEYS[] = {VK_DOWN, VK_UP,   VK_RETURN, VK_ESCAPE, VK_TAB,
                                         VK_F4,   VK_NEXT, VK_SPACE,  'A'};
-        desk::TypeKey(source.Any(std::span<const UINT>(KEYS)));
+        test::user::TypeKey(source.Any(std::span<const UINT>(KEYS)));
     }
 }
 

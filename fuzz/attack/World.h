@@ -2,17 +2,14 @@
 // does in the midst of a message. A world of a control knows how its object and its window are made.
 #pragma once
 
+#include "Desktop.h"
 #include "Source.h"
-
-#include <platform/headless/headless.h>
 
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace attack {
-
-namespace desk = gesso::headless;
 
 class World;
 
@@ -134,10 +131,11 @@ private:
 // For the procedures of the host's windows and dialogs: tells the world that goes on.
 void NoteHostMessage(HWND hwnd, UINT uMsg);
 
-// What every window is attacked with: messages, input, its life, the style, faults.
+// What every window is attacked with: messages, input, its life, the style, settings, faults.
 void AddMessages(Table& table);
 void AddInput(Table& table);
 void AddSurroundings(Table& table);
+void AddSettings(Table& table);
 void AddFaults(Table& table);
 // The object's and its window's coming and going.
 void AddLife(Table& table);

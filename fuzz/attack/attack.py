@@ -3,6 +3,8 @@
 
     attack.py PROGRAM SECONDS [CLASS...]
     attack.py PROGRAM --shrink CLASS SEED OPERATIONS [SECONDS]
+
+With the variable GESSO_WINE the program is a Windows program that it runs, one at a time: a session has one user.
 """
 import concurrent.futures
 import os
@@ -17,6 +19,7 @@ SEEDS = HERE / "seeds.txt"
 RUNS_A_DAY = 1_000_000
 LONGEST_RUN = 150  # seconds, of one run
 LONGEST_SHRINK = 120
+WINE = os.environ.get("GESSO_WINE")
 
 
 class Result:
@@ -24,6 +27,7 @@ class Result:
         self.name = name
         self.operations = 0
         self.seconds = 0.0
+        self.held = []  # what the process held, where it tells
         self.findings = []  # outputs
 
 
@@ -31,7 +35,7 @@ def call(program, *options, seconds=LONGEST_RUN, symbolize=True):
     """The program's result and all that it printed."""
     environment = dict(os.environ, ASAN_OPTIONS=f"symbolize={int(symbolize)}:allocator_may_return_null=1",
                        UBSAN_OPTIONS="print_stacktrace=1")
-    command = [program, *map(str, options)]
+    command = [*filter(None, [WINE]), program, *map(str, options)]
     try:
         run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment,
                              timeout=seconds)
@@ -96,6 +100,8 @@ def shrink(program, name, seed, operations, last, seconds=LONGEST_SHRINK):
 
 def old_runs():
     runs = []
+    if WINE:  # where the same seeds do other things
+        return runs
     for line in SEEDS.read_text().splitlines():
         if line and not line.startswith("#"):
             runs.append(line.split(maxsplit=3))
@@ -109,6 +115,7 @@ def attack(program, name, seconds):
     today = int(time.time()) // 86400 * RUNS_A_DAY
     for options in calls + [["--seed", today, "--seconds", seconds]]:
         status, output = call(program, "--class", name, *options, seconds=seconds + LONGEST_RUN)
+        result.held += re.findall(r"held .*", output)
         if done := re.search(r"(\d+) operations", output):
             result.operations += int(done.group(1))
         elif found := re.search(r"--seed (\d+) --ops (\d+), in operation (\d+)", output):
@@ -136,12 +143,12 @@ def main():
         name, seed, operations, *seconds = rest
         print(shrink(program, name, seed, operations, operations, *map(int, seconds)))
         return 1
-    known = subprocess.run([program, "--list"], stdout=subprocess.PIPE, text=True).stdout.split()
+    known = call(program, "--list")[1].split()
     # A name that is none would be attacked with nothing, and a run of it never be made again.
     if unknown := {*rest, *(name for name, *_ in old_runs())} - set(known):
         sys.exit(f"attack.py: there is no class {', '.join(sorted(unknown))}")
     names = rest or known
-    cores = os.cpu_count() or 1
+    cores = 1 if WINE else os.cpu_count() or 1
     seconds = max(float(first) * cores / len(names), 1)
     with concurrent.futures.ThreadPoolExecutor(cores) as pool:
         results = list(pool.map(lambda name: attack(program, name, seconds), names))

@@ -1,6 +1,6 @@
-// The attack: any operations with hostile arguments on each class of the library, on the simulated desktop.
-// The sanitizers watch, and so do the library's own checks of its data and the census of the platform's
-// objects.
+// The attack: any operations with hostile arguments on each class of the library. On the simulated desktop
+// the sanitizers watch, and so do the library's own checks of its data; on both platforms the census of the
+// platform's objects.
 //
 //   gesso_attack [--class NAME]...   these classes alone
 //                [--seed N]          the first run's; the runs behind it count on
@@ -17,18 +17,13 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/gesso.h>
 
-#include <sanitizer/common_interface_defs.h>
-
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 #include <sstream>
 #include <string>
-#include <unistd.h>
 
 namespace {
 
@@ -65,19 +60,6 @@ void TellHowToRepeat()
     }
 }
 
-extern "C" void OnAbort(int)
-{
-    TellHowToRepeat();
-    _exit(1);
-}
-
-extern "C" void OnAlarm(int)
-{
-    static constexpr char LINE[] = "attack: the operation does not end\n";
-    static_cast<void>(!write(2, LINE, sizeof(LINE) - 1));
-    std::abort();
-}
-
 [[noreturn]] void Find(const std::string& finding)
 {
     std::fprintf(stderr, "attack: %s\n", finding.c_str());
@@ -85,8 +67,6 @@ extern "C" void OnAlarm(int)
 }
 
 // --- One run
-
-constexpr unsigned LONGEST_RUN = 120; // seconds
 
 bool Takes(const Plan& plan, UINT nOperation)
 {
@@ -111,9 +91,7 @@ void Step(World& world, const Plan& plan, uint64_t nSeed, UINT nOperation)
 
 std::string Lost(const desk::Census& before, const desk::Census& after)
 {
-    std::ostringstream out;
-    out << "left behind: " << after << " where there was " << before;
-    return out.str();
+    return "left behind: " + desk::Told(after) + " where there was " + desk::Told(before);
 }
 
 desk::Census Play(const AttackedClass& attacked, const Plan& plan, uint64_t nSeed)
@@ -133,24 +111,26 @@ desk::Census Play(const AttackedClass& attacked, const Plan& plan, uint64_t nSee
     return desk::Live();
 }
 
-// What the library makes once and keeps is not lost: a second run makes no more of it.
 void Run(const AttackedClass& attacked, const Plan& plan, uint64_t nSeed)
 {
     s_now = {std::string(attacked.name), nSeed, plan.nOps, 0, true};
-    alarm(LONGEST_RUN);
+    desk::EndAfter(desk::LONGEST_RUN);
     desk::Reset();
-    const desk::Census before = desk::Live();
-    const desk::Census after = Play(attacked, plan, nSeed);
-    if (after != before) {
-        const desk::Census again = Play(attacked, plan, nSeed);
-        if (again != after) {
-            Find(Lost(after, again));
+    desk::Census before = desk::Live();
+    for (UINT nPlay = 1;; ++nPlay) {
+        desk::Census after = Play(attacked, plan, nSeed);
+        if (!desk::Grew(before, after)) {
+            break;
         }
+        if (nPlay == desk::PLAYS) {
+            Find(Lost(before, after));
+        }
+        before = std::move(after);
     }
     if (!desk::HeapIsClean()) {
         Find("memory that nothing holds");
     }
-    alarm(0);
+    desk::EndAfter(0);
     s_now.fRuns = false;
 }
 
@@ -165,14 +145,18 @@ void Attack(const AttackedClass& attacked, const Plan& plan)
 {
     const double fStart = Seconds();
     UINT nRuns = 0;
+    desk::Census first;
     do {
         Run(attacked, plan, plan.nSeed + nRuns);
+        first = nRuns == 0 ? desk::Live() : first;
         ++nRuns;
     } while (plan.fSeconds > 0 ? Seconds() - fStart < plan.fSeconds : nRuns < plan.nRuns);
     const double fTook = Seconds() - fStart;
     const double fOps = static_cast<double>(nRuns) * plan.nOps;
     std::printf("%-20s %9.0f operations %6.1f seconds %7.0f a second\n", std::string(attacked.name).c_str(),
                 fOps, fTook, fOps / fTook);
+    std::printf("  held after the first run: %s; at the end: %s\n", desk::Told(first).c_str(),
+                desk::Told(desk::Live()).c_str());
     std::fflush(stdout);
 }
 
@@ -246,9 +230,7 @@ int main(int argc, char** argv)
         List();
         return 2;
     }
-    std::signal(SIGABRT, OnAbort);
-    std::signal(SIGALRM, OnAlarm);
-    __sanitizer_set_death_callback(TellHowToRepeat);
+    desk::AtBadEnd(TellHowToRepeat);
     gesso::SetMisuseStops(false);
     Source::TellAll(plan.fTell);
     InitControls();

@@ -1,0 +1,87 @@
+// What the attack needs of the desktop beyond the platform's own operations and tests/support/User.h.
+// headless/ has it from the simulated desktop, windows/ from the process and its session.
+#pragma once
+
+#include <platform/platform.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace attack::desk {
+
+#if defined(_WIN32)
+// As much as Wine draws, measures and waits for in a moment.
+constexpr int LARGEST_SIZE = 3000;
+constexpr UINT LONGEST_TEXT = 3000;
+constexpr DWORD LONGEST_WAIT = 60; // milliseconds
+// Wine keeps contexts and regions for later use, a few more now and then. A leak is what each of as many
+// plays of the same run adds to.
+constexpr UINT PLAYS = 5;
+constexpr unsigned LONGEST_RUN = 30; // seconds
+#else
+constexpr int LARGEST_SIZE = 32767;
+constexpr UINT LONGEST_TEXT = 100000;
+constexpr DWORD LONGEST_WAIT = 2000;
+// What the library makes once and keeps is not lost: a second play makes no more of it.
+constexpr UINT PLAYS = 2;
+constexpr unsigned LONGEST_RUN = 120;
+#endif
+
+// Windows without an owner's leave, the user's doings and what was told of the style are gone.
+void Reset();
+// The thread's own top-level windows.
+std::vector<HWND> TopLevelWindows();
+HMODULE HostModule();
+HMODULE LibraryModule();
+std::string MessageName(UINT uMsg);
+
+// --- A user, and the time
+
+enum class Button
+{
+    Left,
+    Right,
+    Middle
+};
+void PressButton(Button button = Button::Left);
+void ReleaseButton(Button button = Button::Left);
+// To another program.
+void SwitchAway();
+void SetClipboardText(std::string_view text);
+
+// Dispatches what is pending.
+void Pump();
+// Lets time pass, of a large part just LONGEST_WAIT, dispatching what comes.
+void LetPass(DWORD dwMilliseconds);
+// What a modal loop runs where it finds nothing to do. Pump does not run it.
+void WhenIdle(void (*pfn)());
+
+// --- The style, and faults
+
+// Of all windows, or of the one alone where the platform has it so.
+void SetThemed(HWND hwnd, bool fThemed);
+void ClearFaults();
+
+// --- What the process holds
+
+// Counts, each of a kind of the platform's objects.
+struct Census
+{
+    std::vector<int> counts;
+};
+Census Live();
+// Whether something is held that was not.
+bool Grew(const Census& before, const Census& after);
+std::string Told(const Census& census);
+// Whether memory is lost, where that can be told.
+bool HeapIsClean();
+
+// --- Its end
+
+// What is told where it ends by a fault, and not by itself.
+void AtBadEnd(void (*pfnTell)());
+// Ends it where it still runs after so many seconds; 0 puts the end off.
+void EndAfter(unsigned nSeconds);
+
+} // namespace attack::desk
