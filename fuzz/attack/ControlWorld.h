@@ -184,9 +184,9 @@ private:
         m_pOwn = pObject;
         const HWND hwnd = test::MakeAnyControl(*pObject, Host());
         if (source.Chance(2)) {
-            SetWindowLongW(
-                hwnd, GWL_STYLE,
-                static_cast<LONG>(WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL | source.Bits()));
+            SetWindowLongW(hwnd, GWL_STYLE,
+                           static_cast<LONG>(WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL |
+                                             (source.Bits() & ~desk::STYLES_LEFT_OUT)));
         }
     }
 
@@ -194,7 +194,8 @@ private:
     {
         const auto name = WideNameOf<CONTROL>();
         const DWORD dwStyle =
-            WS_CHILD | WS_VISIBLE | (source.Chance(2) ? source.Bits() : WS_HSCROLL | WS_VSCROLL);
+            WS_CHILD | WS_VISIBLE |
+            (source.Chance(2) ? source.Bits() & ~desk::STYLES_LEFT_OUT : WS_HSCROLL | WS_VSCROLL);
         const int cx = source.Size();
         return CreateWindowExW(source.Chance(4) ? source.Bits() : 0, name.data(), L"Window", dwStyle, 10, 10,
                                cx, source.Size(), AnyParent(source), reinterpret_cast<HMENU>(UINT_PTR{7}),

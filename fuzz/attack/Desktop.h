@@ -19,6 +19,9 @@ constexpr DWORD LONGEST_WAIT = 60; // milliseconds
 // plays of the same run adds to.
 constexpr UINT PLAYS = 5;
 constexpr unsigned LONGEST_RUN = 30; // seconds
+// Of a child that turns into a popup or an icon the platform's own DestroyWindow does not always come back
+// under Wine.
+constexpr DWORD STYLES_LEFT_OUT = WS_POPUP | WS_MINIMIZE | WS_MAXIMIZE;
 #else
 constexpr int LARGEST_SIZE = 32767;
 constexpr UINT LONGEST_TEXT = 100000;
@@ -26,6 +29,7 @@ constexpr DWORD LONGEST_WAIT = 2000;
 // What the library makes once and keeps is not lost: a second play makes no more of it.
 constexpr UINT PLAYS = 2;
 constexpr unsigned LONGEST_RUN = 120;
+constexpr DWORD STYLES_LEFT_OUT = 0;
 #endif
 
 // Windows without an owner's leave, the user's doings and what was told of the style are gone.

@@ -28,7 +28,7 @@ void Reparent(World& world, Source& source)
 
 void ChangeStyle(World& world, Source& source)
 {
-    const auto nStyle = static_cast<LONG>(WS_CHILD | WS_VISIBLE | source.Bits());
+    const auto nStyle = static_cast<LONG>(WS_CHILD | WS_VISIBLE | (source.Bits() & ~desk::STYLES_LEFT_OUT));
     SetWindowLongW(world.Window(), source.Chance(4) ? GWL_EXSTYLE : GWL_STYLE, nStyle);
 }
 

@@ -20,6 +20,7 @@ RUNS_A_DAY = 1_000_000
 LONGEST_RUN = 150  # seconds, of one run
 LONGEST_SHRINK = 120
 WINE = os.environ.get("GESSO_WINE")
+RUN_LENGTH = ["--ops", 50] if WINE else []  # where dialogs wait for real time
 
 
 class Result:
@@ -113,7 +114,7 @@ def attack(program, name, seconds):
     start = time.monotonic()
     calls = [["--seed", seed, "--ops", operations] for known, seed, operations, *_ in old_runs() if known == name]
     today = int(time.time()) // 86400 * RUNS_A_DAY
-    for options in calls + [["--seed", today, "--seconds", seconds]]:
+    for options in calls + [["--seed", today, "--seconds", seconds, *RUN_LENGTH]]:
         status, output = call(program, "--class", name, *options, seconds=seconds + LONGEST_RUN)
         result.held += re.findall(r"held .*", output)
         if done := re.search(r"(\d+) operations", output):
@@ -157,6 +158,8 @@ def main():
     print(f"{'class':<24} {'operations':>12} {'findings':>9} {'seconds':>8}")
     for result in results:
         print(f"{result.name:<24} {result.operations:>12} {len(result.findings):>9} {result.seconds:>8.1f}")
+        if WINE:
+            print("\n".join(f"    {held}" for held in result.held))
     return any(result.findings for result in results)
 
 

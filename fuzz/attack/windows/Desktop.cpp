@@ -114,11 +114,18 @@ void SetClipboardText(std::string_view text)
     CloseClipboard();
 }
 
+constexpr UINT MOST_MESSAGES = 5000; // of one look into the queue
+
 // The idle timer, which is no window's, is for the loops of others.
 void Pump()
 {
     MSG message{};
+    UINT nLeft = MOST_MESSAGES;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
+        if (--nLeft == 0) {
+            std::fprintf(stderr, "attack: the loop does not end: %s\n", MessageName(message.message).c_str());
+            std::abort();
+        }
         if (message.hwnd || message.message != WM_TIMER) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
