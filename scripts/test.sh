@@ -122,7 +122,6 @@ step_windows() {
     check "gesso.dll needs system DLLs only" imports_of_system_only build/windows/bin/gesso.dll
     with_display
     run_tests windows run_wine "$TEST_SECONDS" build/windows/bin/gesso_tests.exe
-    check "no attack under Wine finds anything" scripts/attack.sh --wine 60
     check "gesso.dll exports what gesso/gesso.symbols lists" scripts/interface.sh check
     check "a host of the commit before runs over the new gesso.dll" scripts/interface.sh before
 }
