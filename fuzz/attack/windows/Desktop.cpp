@@ -114,6 +114,8 @@ void SetClipboardText(std::string_view text)
     CloseClipboard();
 }
 
+std::atomic<UINT> s_nMoves = 0; // of the user and of the loops
+
 constexpr UINT MOST_MESSAGES = 5000; // of one look into the queue
 
 // The idle timer, which is no window's, is for the loops of others.
@@ -121,6 +123,7 @@ void Pump()
 {
     MSG message{};
     UINT nLeft = MOST_MESSAGES;
+    ++s_nMoves;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
         if (--nLeft == 0) {
             std::fprintf(stderr, "attack: the loop does not end: %s\n", MessageName(message.message).c_str());
@@ -149,6 +152,7 @@ void (*s_pfnIdle)() = nullptr;
 
 void CALLBACK RunIdle(HWND, UINT, UINT_PTR, DWORD)
 {
+    ++s_nMoves;
     if (void (*pfn)() = std::exchange(s_pfnIdle, nullptr)) {
         pfn();
     }
@@ -276,10 +280,21 @@ extern "C" void OnAbort(int)
     TerminateProcess(GetCurrentProcess(), 1);
 }
 
+// A press on a caption or on its buttons waits in a loop that takes nothing but the mouse's messages.
+void ReleaseWhereNothingMoves()
+{
+    static UINT s_nSeen = 0;
+    if (std::exchange(s_nSeen, s_nMoves.load()) == s_nMoves) {
+        ReleaseButton(Button::Left);
+        ReleaseButton(Button::Right);
+    }
+}
+
 DWORD WINAPI Watch(void*)
 {
     for (;;) {
         Sleep(250);
+        ReleaseWhereNothingMoves();
         const ULONGLONG nEnd = s_nEnd;
         if (nEnd && GetTickCount64() > nEnd) {
             std::fprintf(stderr, "attack: the operation does not end\n");
