@@ -29,7 +29,7 @@ template <> struct Argument<int> : Value<int>
 };
 template <> struct Argument<UINT> : Value<UINT>
 {
-    Argument(World&, Source& source) : Value{source.Chance(4) ? source.Bits() : source.Number()} {}
+    Argument(World&, Source& source) : Value{source.NumberOrBits()} {}
 };
 #if defined(_WIN32) // where it is a type of its own
 template <> struct Argument<DWORD> : Argument<UINT>

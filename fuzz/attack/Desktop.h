@@ -4,6 +4,7 @@
 
 #include <platform/platform.h>
 
+#include <climits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,9 @@ namespace attack::desk {
 #if defined(_WIN32)
 // As much as Wine draws, measures and waits for in a moment.
 constexpr int LARGEST_SIZE = 3000;
+// Any may be a size, and Wine draws the parts of the style whole, however little of them shows.
+constexpr int LARGEST_NUMBER = 0x10001;
+constexpr int SMALLEST_NUMBER = -0x10001;
 constexpr UINT LONGEST_TEXT = 3000;
 constexpr DWORD LONGEST_WAIT = 60; // milliseconds
 // Wine keeps contexts and regions for later use, a few more now and then. A leak is what each of as many
@@ -24,6 +28,8 @@ constexpr unsigned LONGEST_RUN = 30; // seconds
 constexpr DWORD STYLES_LEFT_OUT = WS_POPUP | WS_MINIMIZE | WS_MAXIMIZE;
 #else
 constexpr int LARGEST_SIZE = 32767;
+constexpr int LARGEST_NUMBER = INT_MAX;
+constexpr int SMALLEST_NUMBER = INT_MIN;
 constexpr UINT LONGEST_TEXT = 100000;
 constexpr DWORD LONGEST_WAIT = 2000;
 // What the library makes once and keeps is not lost: a second play makes no more of it.

@@ -52,6 +52,15 @@ int Source::Hostile()
     return Any(std::span<const int>(ENDS));
 }
 
+namespace {
+
+int Bounded(int n)
+{
+    return std::clamp(n, desk::SMALLEST_NUMBER, desk::LARGEST_NUMBER);
+}
+
+} // namespace
+
 int Source::Integer()
 {
     int n;
@@ -69,8 +78,14 @@ int Source::Integer()
     case 10: n = -static_cast<int>(Below(200)); break;
     default: n = static_cast<int>(Below(6)); break;
     }
+    n = Bounded(n);
     Note(std::to_string(n));
     return n;
+}
+
+UINT Source::NumberOrBits()
+{
+    return Chance(4) ? static_cast<UINT>(Bounded(static_cast<int>(Bits()))) : Number();
 }
 
 UINT Source::Count(UINT nMost)

@@ -42,9 +42,10 @@ public:
     }
 
     // Mostly what may be an index, a size or a position; else an end of int, 2^15, 2^16, 2^30 or their
-    // neighbours.
+    // neighbours. None beyond desk::LARGEST_NUMBER.
     int Integer();
     UINT Number() { return static_cast<UINT>(Integer()); }
+    UINT NumberOrBits();
     // A number that asks for no more memory than a test has.
     UINT Count(UINT nMost);
     // A size: mostly a control's, else 0 or desk::LARGEST_SIZE.
