@@ -23,7 +23,7 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 CANNOT_FAIL = {
     "they only compute": "EqualRect InflateRect MulDiv OffsetRect PtInRect",
     "their answer is the state itself": """GetCapture GetFocus GetForegroundWindow
-        GetKeyState GetLastError GetMessagePos GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
+        GetKeyState GetLastError GetMessagePos GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",

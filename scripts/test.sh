@@ -99,6 +99,7 @@ step_style() {
     check "one place for each thing" scripts/check-house.py
     check "every public name stands in the docs" scripts/check-names.py
     check "the simulated desktop's operations" scripts/check-platform.py
+    check "the rules of both behaviours" scripts/check-quirks.py
 }
 
 step_headless() {

@@ -1,7 +1,9 @@
 #include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/Behavior.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OffscreenSurface.h>
+#include <gesso/framework/Quirks.h>
 
 #include <utility>
 
@@ -10,10 +12,23 @@ namespace {
 
 constexpr WORD TAG_MARK = 0xFFFF;
 
-// Bits of the ownership word. The second is ours: the pointer beside it stays as it is, but is followed no
-// more.
+// Bits of the ownership word. All but the first are ours. Behind DETACHED the pointer beside the word stays
+// as it is, but is followed no more.
 constexpr LONG WINDOW_OWNS = 1;
 constexpr LONG DETACHED = 2;
+constexpr LONG MODERN = 4;
+constexpr LONG HOLDS_PAINT = 8;
+
+LONG WordOf(HWND hwnd)
+{
+    return GetWindowLongW(hwnd, Frame::OWNER_WORD);
+}
+
+bool SetWord(HWND hwnd, LONG nWord)
+{
+    SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord);
+    return WordOf(hwnd) == nWord;
+}
 
 // The tag that CreateTagged hands over; nobody else's creation data lies there.
 constinit thread_local const stcCreateTag* s_pOwnTag = nullptr;
@@ -29,10 +44,9 @@ bool IsOfTemplate(const CREATESTRUCTW& cs)
 
 void MarkDetached(HWND hwnd)
 {
-    const LONG nWord = GetWindowLongW(hwnd, Frame::OWNER_WORD);
+    const LONG nWord = WordOf(hwnd);
     if (!(nWord & DETACHED)) {
-        SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord | DETACHED);
-        if (!(GetWindowLongW(hwnd, Frame::OWNER_WORD) & DETACHED)) {
+        if (!SetWord(hwnd, nWord | DETACHED)) {
             SetWindowLongPtrW(hwnd, Frame::OBJECT_WORD, 0); // rather than be followed once the object is gone
         }
         OffscreenSurface::RemoveUser();
@@ -77,7 +91,7 @@ GWnd* Frame::TaggedObject(const CREATESTRUCTW& cs)
 GWnd* Frame::Attached(HWND hwnd)
 {
     GWnd* pWnd = GWnd::FromHwnd(hwnd);
-    return pWnd && !(GetWindowLongW(hwnd, OWNER_WORD) & DETACHED) ? pWnd : nullptr;
+    return pWnd && !(WordOf(hwnd) & DETACHED) ? pWnd : nullptr;
 }
 
 bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
@@ -85,9 +99,11 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     // A host that makes the windows itself may tag two with one object. The former would go on with an object
     // that answers for the other window, and its paints would never end.
     Abandon(wnd);
-    const LONG nOwner = fOwned ? WINDOW_OWNS : 0;
-    SetWindowLongW(hwnd, OWNER_WORD, nOwner);
-    if (GetWindowLongW(hwnd, OWNER_WORD) != nOwner) {
+    const bool fModern = GetBehavior() == Behavior::Modern;
+    if (fModern && !SetPropW(hwnd, MODERN_MARK, reinterpret_cast<HANDLE>(1))) {
+        return false;
+    }
+    if (!SetWord(hwnd, (fOwned ? WINDOW_OWNS : 0) | (fModern ? MODERN : 0))) {
         return false;
     }
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
@@ -103,7 +119,7 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
 LRESULT Frame::Detach(GWnd& wnd)
 {
     const HWND hwnd = wnd.m_hWnd;
-    const bool fOwned = GetWindowLongW(hwnd, OWNER_WORD) & WINDOW_OWNS;
+    const bool fOwned = WordOf(hwnd) & WINDOW_OWNS;
     MarkDetached(hwnd);
     if (fOwned) {
         delete &wnd;
@@ -115,6 +131,46 @@ void Frame::Abandon(GWnd& wnd)
 {
     if (wnd.m_hWnd && GWnd::FromHwnd(wnd.m_hWnd) == &wnd) {
         MarkDetached(wnd.m_hWnd);
+    }
+}
+
+bool Frame::IsModern(HWND hwnd)
+{
+    return WordOf(hwnd) & MODERN;
+}
+
+bool Frame::GiveToWindow(GWnd& wnd)
+{
+    const HWND hwnd = wnd.m_hWnd;
+    return hwnd && Attached(hwnd) == &wnd && SetWord(hwnd, WordOf(hwnd) | WINDOW_OWNS);
+}
+
+bool Frame::Redraws(HWND hwnd)
+{
+    return !(WordOf(hwnd) & HOLDS_PAINT);
+}
+
+bool Frame::AnswersRedraw(const GWnd& wnd, UINT uMsg, WPARAM wParam)
+{
+    const HWND hwnd = wnd.m_hWnd;
+    switch (uMsg) {
+    case WM_SETREDRAW:
+        if (Has(wnd, Quirk::RedrawShows)) {
+            return false;
+        }
+        SetWord(hwnd, wParam ? WordOf(hwnd) & ~HOLDS_PAINT : WordOf(hwnd) | HOLDS_PAINT);
+        if (wParam) {
+            RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        }
+        return true;
+    case WM_PAINT:
+        if (Redraws(hwnd)) {
+            return false;
+        }
+        Default(hwnd, WM_PAINT, 0, 0); // counts as painted
+        return true;
+    case WM_NCPAINT: return !Redraws(hwnd);
+    default: return false;
     }
 }
 

@@ -51,6 +51,9 @@ public:
 
     static constexpr DWORD FIRST_STATE = GWS_HIDEFOCUS | GWS_HIDEACCEL;
 
+    // The property of windows that were made in Modern, which other windows cannot have by chance.
+    static constexpr LPCWSTR MODERN_MARK = L"gesso.modern";
+
     // --- Coming to life and going
 
     // Makes the window for an object that the host made. A window that the object still had goes on without
@@ -87,6 +90,11 @@ public:
             return pControl->OnCreate(pcs);
         }
     }
+
+    // Whether a control's window was made in Modern. Asked through Has, by the name of a rule.
+    static bool IsModern(HWND hwnd);
+    // Lets the window own its object. False where the two are not attached.
+    static bool GiveToWindow(GWnd& wnd);
 
     // --- The road of every message
 
@@ -160,6 +168,9 @@ public:
     }
 
     // --- Common rows
+
+    // Whether the control may paint now: WM_SETREDRAW holds the painting of one that was made in Modern.
+    static bool Redraws(HWND hwnd);
 
     static LRESULT OnSetFocus(GWnd& wnd);
     // A held space key clicks on losing the focus, unless the mouse button is held as well.
@@ -254,8 +265,14 @@ private:
                 return ChangeBarTheme(control, wParam, lParam);
             }
         }
+        if (AnswersRedraw(control, uMsg, wParam)) {
+            return 0;
+        }
         return control.OnMessage(uMsg, wParam, lParam);
     }
+
+    // WM_SETREDRAW, and the paints of a window that holds them. False for all else.
+    static bool AnswersRedraw(const GWnd& wnd, UINT uMsg, WPARAM wParam);
 
     // WM_THEMECHANGED of every control with bars: what the class does, between bars and a frame of the new
     // style.

@@ -66,7 +66,7 @@ void GWndScroll::DrawBarNow(HDC hdcWindow, int nBar)
 void GWndScroll::DrawScrollBar(int nWhich)
 {
     // To the platform a null window means the screen.
-    if (!m_hWnd) {
+    if (!m_hWnd || !gesso::Frame::Redraws(m_hWnd)) {
         return;
     }
     const gesso::FrameContext hdcWindow(m_hWnd);

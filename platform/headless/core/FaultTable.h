@@ -157,6 +157,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"SetClipboardData", "null"},
     {"SetDIBitsToDevice", "0"},
     {"SetFocus", "null"},
+    {"SetPropW", "FALSE"},
     {"SetScrollInfo", "0"},
     {"SetScrollPos", "0"},
     {"SetTextColor", "CLR_INVALID"},

@@ -245,7 +245,7 @@ BOOL WINAPI SetPropW(HWND hwnd, LPCWSTR name, HANDLE value)
 {
     const TableLock lock;
     const WindowRef window = Find(hwnd);
-    if (!window) {
+    if (!window || FaultFires("SetPropW")) {
         return FALSE;
     }
     window->properties[WideText(View(name))] = value;
