@@ -6,7 +6,7 @@ namespace gesso {
 
 LRESULT OnButtonCreate(GWnd& wnd, ThemeHandle& theme, HFONT& hFont)
 {
-    Frame::SetState(wnd, Frame::FIRST_STATE);
+    Frame::SetState(wnd, Frame::FirstState(wnd));
     theme.Open(Frame::Handle(wnd), BUTTON_THEME);
     hFont = g_hDefaultFont;
     return 0;

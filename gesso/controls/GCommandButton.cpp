@@ -239,7 +239,7 @@ void GCommandButton::CloseTheme()
 
 LRESULT GCommandButton::OnCreate(const CREATESTRUCTW*)
 {
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     OpenTheme();
     return 0;
 }

@@ -196,7 +196,7 @@ void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
 
 LRESULT GLabel::OnCreate(const CREATESTRUCTW*)
 {
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     m_hFont = g_hDefaultFont;
     return 0;
 }

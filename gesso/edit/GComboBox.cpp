@@ -180,7 +180,7 @@ void GComboBox::SetDropdownHeight(UINT nHeight)
 
 LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
 {
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     m_hTheme.Open(m_hWnd, L"COMBOBOX");
     m_hFont = g_hDefaultFont;
     m_hitDown = NO_HIT;

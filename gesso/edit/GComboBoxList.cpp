@@ -122,7 +122,7 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
         return FALSE;
     }
     SetWindowTheme(m_hWnd, L"explorer", nullptr);
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     GWndScroll::m_hitDown = {};
     m_hitNow = {};
     GWndScroll::OnNcCreate(pcs);

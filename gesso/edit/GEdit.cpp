@@ -164,7 +164,7 @@ int GEdit::GetText(LPWSTR pszBuffer, int* pnLength) const
 
 LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 {
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     m_hTheme.Open(m_hWnd, THEME_CLASS);
     return GWndScroll::OnNcCreate(pcs);
 }

@@ -31,4 +31,9 @@ GESSO_API Behavior BehaviorOf(HWND hwnd);
 // window, and null, are ignored.
 GESSO_API void OwnByWindow(GWnd* pObject);
 
+// Shows focus rectangles and underlined mnemonics in a window and all below it, and in those that are made
+// there later. Controls made in Modern call it themselves, for their top-level window: for the focus
+// rectangles at the first Tab or arrow, for both at the first Alt. What is no window is ignored.
+GESSO_API void ShowKeyboardCues(HWND hwnd);
+
 } // namespace gesso

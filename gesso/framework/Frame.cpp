@@ -1,6 +1,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Behavior.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/KeyboardCues.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OffscreenSurface.h>
 #include <gesso/framework/Quirks.h>
@@ -29,6 +30,9 @@ bool SetWord(HWND hwnd, LONG nWord)
     SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord);
     return WordOf(hwnd) == nWord;
 }
+
+// Of the state word: what a window and its user make, and no host.
+constexpr DWORD OF_THE_USER = 0xFFFF & ~(GWS_HIDEFOCUS | GWS_HIDEACCEL);
 
 // The tag that CreateTagged hands over; nobody else's creation data lies there.
 constinit thread_local const stcCreateTag* s_pOwnTag = nullptr;
@@ -112,6 +116,9 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
         return false;
     }
     wnd.m_hWnd = hwnd;
+    if (!Has(wnd, Quirk::StateOutlivesWindow)) {
+        wnd.m_dwState &= ~OF_THE_USER;
+    }
     OffscreenSurface::AddUser();
     return true;
 }
@@ -150,6 +157,43 @@ bool Frame::Redraws(HWND hwnd)
     return !(WordOf(hwnd) & HOLDS_PAINT);
 }
 
+DWORD Frame::FirstState(const GWnd& wnd)
+{
+    constexpr DWORD HIDDEN = GWS_HIDEFOCUS | GWS_HIDEACCEL;
+    if (Has(wnd, Quirk::CuesStayHidden)) {
+        return HIDDEN;
+    }
+    return HIDDEN & ~StateOfCues(CuesShownAround(wnd.m_hWnd));
+}
+
+bool Frame::ShowsCues(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    if (!(wnd.m_dwState & (GWS_HIDEFOCUS | GWS_HIDEACCEL)) || Has(wnd, Quirk::CuesStayHidden)) {
+        return false;
+    }
+    const WORD wCues = CuesOfMessage(uMsg, wParam, lParam);
+    if (!(StateOfCues(wCues) & wnd.m_dwState)) {
+        return false;
+    }
+    const HWND hwnd = wnd.m_hWnd;
+    ShowCues(GetAncestor(hwnd, GA_ROOT), wCues);
+    return !IsAlive(hwnd, &wnd);
+}
+
+bool Frame::AsksForContextMenu(UINT uMsg, WPARAM wParam)
+{
+    return uMsg == WM_CONTEXTMENU || (uMsg == WM_KEYUP && wParam == VK_APPS);
+}
+
+bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
+        *plAnswer = Default(wnd, uMsg, wParam, lParam);
+        return true;
+    }
+    return AnswersRedraw(wnd, uMsg, wParam) || ShowsCues(wnd, uMsg, wParam, lParam);
+}
+
 bool Frame::AnswersRedraw(const GWnd& wnd, UINT uMsg, WPARAM wParam)
 {
     const HWND hwnd = wnd.m_hWnd;
@@ -181,14 +225,14 @@ LRESULT Frame::OnSetFocus(GWnd& wnd)
     return 0;
 }
 
-LRESULT Frame::OnKillFocus(GWnd& wnd)
+LRESULT Frame::OnKillFocus(GWnd& wnd, ClickFunction pfnClick)
 {
     const HWND hwnd = wnd.m_hWnd;
     wnd.Invalidate(0);
     if (wnd.m_dwState & GWS_KEYDOWN) {
         ClearState(wnd, GWS_KEYDOWN);
         if (!(wnd.m_dwState & GWS_PRESSED)) {
-            SendClick(wnd);
+            pfnClick(wnd);
         }
     }
     if (IsAlive(hwnd, &wnd)) {
@@ -294,7 +338,7 @@ bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)
     return watch;
 }
 
-void Frame::SendClick(const GWnd& wnd)
+void Frame::SendClick(GWnd& wnd)
 {
     SendCommand(wnd, BN_CLICKED);
 }

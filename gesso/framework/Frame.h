@@ -49,7 +49,8 @@ public:
     static constexpr int OWNER_WORD = 8;
     static constexpr int EXTRA_BYTES = 12;
 
-    static constexpr DWORD FIRST_STATE = GWS_HIDEFOCUS | GWS_HIDEACCEL;
+    // What a control's state is once its window is made: no cues, but those that are shown around it already.
+    static DWORD FirstState(const GWnd& wnd);
 
     // The property of windows that were made in Modern, which other windows cannot have by chance.
     static constexpr LPCWSTR MODERN_MARK = L"gesso.modern";
@@ -173,8 +174,10 @@ public:
     static bool Redraws(HWND hwnd);
 
     static LRESULT OnSetFocus(GWnd& wnd);
+    // What a click does; the control may be gone when it returns.
+    using ClickFunction = void (*)(GWnd& wnd);
     // A held space key clicks on losing the focus, unless the mouse button is held as well.
-    static LRESULT OnKillFocus(GWnd& wnd);
+    static LRESULT OnKillFocus(GWnd& wnd, ClickFunction pfnClick = SendClick);
     static LRESULT OnEnable(GWnd& wnd, BOOL fEnable);
     static LRESULT OnStyleChanged(GWnd& wnd);
     static LRESULT OnCaptureChanged(GWnd& wnd, HWND hwndNew);
@@ -235,7 +238,7 @@ public:
 
     // --- Notifications; the control may be gone when they return
 
-    static void SendClick(const GWnd& wnd);
+    static void SendClick(GWnd& wnd);
     // WM_COMMAND with a notification code.
     static void SendCommand(const GWnd& wnd, UINT uCode);
     static void SendNotify(const GWnd& wnd, UINT uCode);
@@ -265,14 +268,18 @@ private:
                 return ChangeBarTheme(control, wParam, lParam);
             }
         }
-        if (AnswersRedraw(control, uMsg, wParam)) {
-            return 0;
-        }
-        return control.OnMessage(uMsg, wParam, lParam);
+        LRESULT lAnswer = 0;
+        return AnswersAlike(control, uMsg, wParam, lParam, &lAnswer)
+                   ? lAnswer
+                   : control.OnMessage(uMsg, wParam, lParam);
     }
 
-    // WM_SETREDRAW, and the paints of a window that holds them. False for all else.
+    // What all controls made in Modern do alike, before their class's switch: whether that is all, and the
+    // answer. The first three are of single messages.
     static bool AnswersRedraw(const GWnd& wnd, UINT uMsg, WPARAM wParam);
+    static bool ShowsCues(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    static bool AsksForContextMenu(UINT uMsg, WPARAM wParam);
+    static bool AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
 
     // WM_THEMECHANGED of every control with bars: what the class does, between bars and a frame of the new
     // style.

@@ -19,7 +19,7 @@ LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey)
     return 0;
 }
 
-LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey)
+LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey, Frame::ClickFunction pfnClick)
 {
     if (uKey != VK_SPACE || !(Frame::State(wnd) & GWS_KEYDOWN)) {
         return 0;
@@ -27,7 +27,7 @@ LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey)
     Frame::ClearState(wnd, GWS_KEYDOWN);
     wnd.Invalidate(0);
     if (!(Frame::State(wnd) & GWS_PRESSED)) {
-        Frame::SendClick(wnd);
+        pfnClick(wnd);
     }
     return 0;
 }
@@ -68,7 +68,7 @@ LRESULT OnButtonDown(GWnd& wnd)
     return 0;
 }
 
-LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
+LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds, Frame::ClickFunction pfnClick)
 {
     if (!EndPress(wnd)) {
         return 0;
@@ -79,7 +79,7 @@ LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds)
     }
     Frame::AddState(wnd, GWS_HOT);
     if (!(fKeyHolds && (Frame::State(wnd) & GWS_KEYDOWN))) {
-        Frame::SendClick(wnd);
+        pfnClick(wnd);
     }
     return 0;
 }

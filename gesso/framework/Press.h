@@ -5,7 +5,7 @@
 // those of GWS_HOT, GWS_PRESSED and GWS_KEYDOWN; the mouse holds the capture while pressed.
 #pragma once
 
-#include <gesso/framework/GWnd.h>
+#include <gesso/framework/Frame.h>
 
 namespace gesso {
 
@@ -13,14 +13,15 @@ namespace gesso {
 int HitTestClient(HWND hwnd, POINTS pt);
 
 LRESULT OnButtonKeyDown(GWnd& wnd, UINT uKey);
-LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey);
+LRESULT OnButtonKeyUp(GWnd& wnd, UINT uKey, Frame::ClickFunction pfnClick = Frame::SendClick);
 // Focus, capture and GWS_PRESSED; false where the control was destroyed meanwhile.
 bool TakePress(GWnd& wnd);
 // Gives the capture up again. False where nothing was pressed, or the control was destroyed meanwhile.
 bool EndPress(GWnd& wnd);
 LRESULT OnButtonDown(GWnd& wnd);
 // fKeyHolds: a held space key keeps the mouse from clicking.
-LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds = true);
+LRESULT OnButtonUp(GWnd& wnd, POINTS pt, bool fKeyHolds = true,
+                   Frame::ClickFunction pfnClick = Frame::SendClick);
 LRESULT OnButtonMove(GWnd& wnd, POINTS pt);
 
 } // namespace gesso

@@ -10,7 +10,10 @@ namespace gesso {
 enum class Quirk
 {
     // All controls
-    RedrawShows, // WM_SETREDRAW is the platform's, which shows a window that was hidden
+    ContextMenuEnds,     // WM_CONTEXTMENU and the menu key do not leave most of the controls
+    CuesStayHidden,      // a key shows focus rectangles and mnemonics only where the platform says so
+    StateOutlivesWindow, // pressed, hot and the like are what they were before a second Create
+    RedrawShows,         // WM_SETREDRAW is the platform's, which shows a window that was hidden
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.

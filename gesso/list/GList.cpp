@@ -230,7 +230,7 @@ LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
 {
     SetWindowTheme(m_hWnd, L"explorer", nullptr);
     GWndScroll::OnNcCreate(pcs);
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     themeList.Open(m_hWnd, L"LISTVIEW");
     return 1;
 }

@@ -89,7 +89,7 @@ void GRibbon::Init(void*) {}
 
 LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
 {
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     ReleaseTools();
     MakeMissingTools();
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {

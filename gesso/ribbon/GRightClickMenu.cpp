@@ -135,7 +135,7 @@ void GRightClickMenu::DrawRows(HDC hdc) const
 
 LRESULT GRightClickMenu::OnCreate(const CREATESTRUCTW*)
 {
-    Frame::SetState(*this, Frame::FIRST_STATE);
+    Frame::SetState(*this, Frame::FirstState(*this));
     return 0;
 }
 

@@ -129,7 +129,7 @@ struct TreeInput
     {
         SetWindowTheme(tree.m_hWnd, L"explorer", nullptr);
         tree.GWndScroll::OnNcCreate(pcs);
-        Frame::SetState(tree, Frame::FIRST_STATE);
+        Frame::SetState(tree, Frame::FirstState(tree));
         tree.m_hTheme.Open(tree.m_hWnd);
         return 1;
     }

@@ -9,6 +9,37 @@ namespace {
 using namespace test;
 using gesso::Behavior;
 
+// Tells of each WM_CONTEXTMENU that a window gets, while it lives.
+class Contexts
+{
+public:
+    using Told = std::function<void(WPARAM wParam, LPARAM lParam)>;
+    Contexts(HWND hwnd, Told told) : m_hWnd(hwnd), m_told(std::move(told))
+    {
+        s_pCurrent = this;
+        m_pfnFormer = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc)));
+    }
+    ~Contexts() { SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_pfnFormer)); }
+    Contexts(const Contexts&) = delete;
+    Contexts& operator=(const Contexts&) = delete;
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if (uMsg == WM_CONTEXTMENU) {
+            s_pCurrent->m_told(wParam, lParam);
+            return 0;
+        }
+        return CallWindowProcW(s_pCurrent->m_pfnFormer, hwnd, uMsg, wParam, lParam);
+    }
+
+    static inline Contexts* s_pCurrent = nullptr;
+    HWND m_hWnd;
+    Told m_told;
+    WNDPROC m_pfnFormer;
+};
+
 template <class CONTROL> class BehaviorTest : public testing::Test
 {
 protected:
@@ -58,6 +89,55 @@ TYPED_TEST(BehaviorTest, RedrawHoldsThePaintsOfAModernControlAndShowsNone)
     SendMessageW(hwnd, WM_SETREDRAW, FALSE, 0);
     SendMessageW(hwnd, WM_SETREDRAW, TRUE, 0);
     EXPECT_FALSE(IsWindowVisible(hwnd));
+}
+
+TYPED_TEST(BehaviorTest, TheMenuKeyAndTheRightButtonAskTheParent)
+{
+    const Modern modern;
+    TypeParam control;
+    const HWND hwnd = MakeAnyControl(control, this->host);
+    HWND hwndAsked = nullptr;
+    LPARAM lWhere = 0;
+    const auto asked = [&](WPARAM wParam, LPARAM lParam) {
+        hwndAsked = reinterpret_cast<HWND>(wParam);
+        lWhere = lParam;
+    };
+    const Contexts contexts(this->host, asked);
+    SendMessageW(hwnd, WM_KEYUP, VK_APPS, 0);
+    EXPECT_EQ(hwndAsked, hwnd);
+    EXPECT_EQ(lWhere, -1);
+
+    hwndAsked = nullptr;
+    SendMessageW(hwnd, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 6));
+    SendMessageW(hwnd, WM_RBUTTONUP, 0, MAKELPARAM(5, 6));
+    POINT pt{5, 6};
+    ClientToScreen(hwnd, &pt);
+    EXPECT_EQ(hwndAsked, hwnd);
+    EXPECT_EQ(lWhere, MAKELPARAM(pt.x, pt.y));
+}
+
+TYPED_TEST(BehaviorTest, AKeyShowsTheCuesOfAllAndOfThoseMadeLater)
+{
+    struct Shown : TypeParam
+    {
+        DWORD Hidden() const { return this->m_dwState & (GWS_HIDEFOCUS | GWS_HIDEACCEL); }
+    };
+    const Modern modern;
+    Shown first;
+    Shown second;
+    Shown later;
+    const HWND hwnd = MakeAnyControl(first, this->host);
+    MakeAnyControl(second, this->host);
+    const DWORD dwHidden = second.Hidden(); // none, of controls that have no cues
+    SendMessageW(hwnd, WM_KEYDOWN, 'A', 0);
+    EXPECT_EQ(second.Hidden(), dwHidden);
+    MSG message{hwnd, WM_KEYDOWN, VK_TAB, 0, 0, {}};
+    SendMessageW(hwnd, WM_GETDLGCODE, VK_TAB, reinterpret_cast<LPARAM>(&message));
+    EXPECT_EQ(second.Hidden(), dwHidden & GWS_HIDEACCEL);
+    SendMessageW(hwnd, WM_SYSKEYDOWN, VK_MENU, 1 << 29);
+    EXPECT_EQ(second.Hidden(), 0U);
+    MakeAnyControl(later, this->host);
+    EXPECT_EQ(later.Hidden(), 0U);
 }
 
 TYPED_TEST(BehaviorTest, AWindowDeletesTheObjectThatItOwns)

@@ -329,7 +329,7 @@ HWND WINAPI GetAncestor(HWND hwnd, UINT which)
 {
     const TableLock lock;
     const WindowRef window = Find(hwnd);
-    if (!window || IsRoot(window.get())) {
+    if (!window || IsRoot(window.get()) || FaultFires("GetAncestor")) {
         return nullptr;
     }
     if (which == GA_PARENT) {
@@ -388,7 +388,7 @@ BOOL WINAPI EnumChildWindows(HWND hwnd, WNDENUMPROC procedure, LPARAM param)
 {
     const TableLock lock;
     const WindowRef window = hwnd ? Find(hwnd) : TheDesktop().root;
-    return window && EnumerateTree(*window, procedure, param);
+    return window && !FaultFires("EnumChildWindows") && EnumerateTree(*window, procedure, param);
 }
 
 BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC procedure, LPARAM param)
