@@ -21,7 +21,21 @@ struct GdiHandleEntry
 static_assert(sizeof(GdiHandleEntry) == 24 && offsetof(GdiHandleEntry, bType) == 14);
 
 constexpr size_t GDI_TABLE_IN_PROCESS_BLOCK = 0xF8;
-constexpr int GDI_TABLE_ENTRIES = 0x10000;
+constexpr DWORD GDI_TABLE_ENTRIES = 0x10000;
+
+// Types of entries.
+constexpr BYTE CONTEXT = 1;
+constexpr BYTE REGION = 4;
+constexpr BYTE SURFACE = 5;
+
+// A window's context that was released. Wine keeps up to 64 of them for the next windows, each with a region
+// and a surface.
+bool IsKept(DWORD nIndex, const GdiHandleEntry& entry)
+{
+    const auto hObject = reinterpret_cast<HGDIOBJ>(UINT_PTR{nIndex | DWORD{entry.wUnique} << 16});
+    return entry.bType == CONTEXT && GetObjectType(hObject) == OBJ_DC &&
+           !WindowFromDC(static_cast<HDC>(hObject));
+}
 
 std::vector<int> CountGdiTable()
 {
@@ -30,8 +44,13 @@ std::vector<int> CountGdiTable()
     const auto* pBlock = reinterpret_cast<const BYTE*>(info.PebBaseAddress);
     const auto* pEntries = *reinterpret_cast<GdiHandleEntry* const*>(pBlock + GDI_TABLE_IN_PROCESS_BLOCK);
     std::vector<int> used(0x100);
-    for (int i = 0; pEntries && i < GDI_TABLE_ENTRIES; i++) {
+    for (DWORD i = 0; pEntries && i < GDI_TABLE_ENTRIES; i++) {
         ++used[pEntries[i].bType];
+        if (IsKept(i, pEntries[i])) {
+            --used[CONTEXT];
+            --used[REGION];
+            --used[SURFACE];
+        }
     }
     used[0] = 0;
     return used;

@@ -5,9 +5,10 @@
 #
 # Steps, all but the last without an argument: style (formatting, layers, house rules, names), headless (the tests
 # over the simulated desktop, with sanitizers), threads (those of several threads, under ThreadSanitizer), windows
-# (the same tests as a Windows program under Wine, and the DLL's imports), package (the installed package, used by a
-# host outside the tree), e2e (real mouse and keyboard input into the gallery), attack (a minute of hostile operations
-# on every class, other ones each day; it still finds faults). Logs stay in build/logs.
+# (the same tests as a Windows program under Wine, the DLL's imports and exports, and a minute of hostile operations
+# on it), package (the installed package, used by a host outside the tree), e2e (real mouse and keyboard input into
+# the gallery), attack (a minute of hostile operations on every class over the simulated desktop, other ones each day;
+# it still finds faults). Logs stay in build/logs.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -123,8 +124,13 @@ step_windows() {
     check "gesso.dll needs system DLLs only" imports_of_system_only build/windows/bin/gesso.dll
     with_display
     run_tests windows run_wine "$TEST_SECONDS" build/windows/bin/gesso_tests.exe
+    check "no attack finds anything under Wine" attack_under_wine
     check "gesso.dll exports what gesso/gesso.symbols lists" scripts/interface.sh check
     check "a host of the commit before runs over the new gesso.dll" scripts/interface.sh before
+}
+
+attack_under_wine() {
+    GESSO_WINE=$WINE python3 fuzz/attack/attack.py build/windows/bin/gesso_attack.exe 60
 }
 
 imports_of_system_only() {

@@ -19,13 +19,16 @@ constexpr int LARGEST_NUMBER = 0x10001;
 constexpr int SMALLEST_NUMBER = -0x10001;
 constexpr UINT LONGEST_TEXT = 3000;
 constexpr DWORD LONGEST_WAIT = 60; // milliseconds
-// Wine keeps contexts and regions for later use, a few more now and then. A leak is what each of as many
-// plays of the same run adds to.
-constexpr UINT PLAYS = 5;
-constexpr unsigned LONGEST_RUN = 30; // seconds
+// Wine keeps parts of the style, icons and brushes once they were used. A leak is what each of as many plays
+// of the same run adds to.
+constexpr UINT PLAYS = 4;
+constexpr unsigned LONGEST_OPERATION = 30; // seconds
+constexpr UINT PATIENCE = 8;               // moves of a user in a modal loop, each in a timer's time
 // Of a child that turns into a popup or an icon the platform's own DestroyWindow does not always come back
 // under Wine.
 constexpr DWORD STYLES_LEFT_OUT = WS_POPUP | WS_MINIMIZE | WS_MAXIMIZE;
+// Wine's own static control ends the process where it shortens some texts.
+constexpr DWORD ITEM_STYLES_LEFT_OUT = SS_ELLIPSISMASK;
 #else
 constexpr int LARGEST_SIZE = 32767;
 constexpr int LARGEST_NUMBER = INT_MAX;
@@ -34,8 +37,10 @@ constexpr UINT LONGEST_TEXT = 100000;
 constexpr DWORD LONGEST_WAIT = 2000;
 // What the library makes once and keeps is not lost: a second play makes no more of it.
 constexpr UINT PLAYS = 2;
-constexpr unsigned LONGEST_RUN = 120;
+constexpr unsigned LONGEST_OPERATION = 120;
+constexpr UINT PATIENCE = 24;
 constexpr DWORD STYLES_LEFT_OUT = 0;
+constexpr DWORD ITEM_STYLES_LEFT_OUT = 0;
 #endif
 
 // Windows without an owner's leave, the user's doings and what was told of the style are gone.
@@ -64,6 +69,8 @@ void SetClipboardText(std::string_view text);
 void Pump();
 // Lets time pass, of a large part just LONGEST_WAIT, dispatching what comes.
 void LetPass(DWORD dwMilliseconds);
+// Whether a host that is sent a message may do anything within it.
+bool IsHostFree();
 // What a modal loop runs where it finds nothing to do. Pump does not run it.
 void WhenIdle(void (*pfn)());
 

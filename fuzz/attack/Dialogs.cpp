@@ -261,7 +261,7 @@ test::DialogTemplate AnyTemplate(Source& source)
                                 static_cast<SHORT>(source.Size()), source.Flag());
     for (UINT n = source.Below(6); n > 0; --n) {
         const std::vector<wchar_t> text = AnyCreationData(source);
-        test::DialogItem item{source.Bits(), static_cast<WORD>(source.Number()),
+        test::DialogItem item{source.Bits() & ~desk::ITEM_STYLES_LEFT_OUT, static_cast<WORD>(source.Number()),
                               source.Any(std::span<const LPCWSTR>(CLASSES)), L"Title"};
         const auto* pBytes = reinterpret_cast<const BYTE*>(text.data() + 1);
         if (source.Flag()) {

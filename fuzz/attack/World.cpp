@@ -10,8 +10,7 @@ namespace attack {
 
 namespace {
 
-constexpr UINT DEEPEST = 3;   // of operations within operations
-constexpr UINT PATIENCE = 24; // moves of a user in a modal loop
+constexpr UINT DEEPEST = 3; // of operations within operations
 constexpr size_t HANDLES = 48;
 
 World* s_pWorld = nullptr;
@@ -402,7 +401,7 @@ void World::OnHostMessage(HWND, UINT uMsg)
     // A child that is made within its parent's last message goes without one of its own, and the object that
     // it owns stays.
     if (m_nQuiet > 0 || m_nCountdown == 0 || uMsg == WM_NCDESTROY || !IsOfKind(m_nArmedKind, uMsg) ||
-        --m_nCountdown > 0)
+        !desk::IsHostFree() || --m_nCountdown > 0)
     {
         return;
     }
@@ -431,9 +430,9 @@ void World::OnIdle()
     WaitForIdle();
     ++m_nIdle;
     Source source(m_nIdleSeed, m_nIdle);
-    if (m_nIdle > 2 * PATIENCE) {
+    if (m_nIdle > 2 * desk::PATIENCE) {
         PostQuitMessage(0);
-    } else if (m_nIdle > PATIENCE) {
+    } else if (m_nIdle > desk::PATIENCE) {
         test::user::TypeKey(VK_ESCAPE);
     } else if (source.Chance(4)) {
         ++m_nActed;

@@ -76,6 +76,7 @@ bool Takes(const Plan& plan, UINT nOperation)
 void Step(World& world, const Plan& plan, uint64_t nSeed, UINT nOperation)
 {
     s_now.nOperation = nOperation;
+    desk::EndAfter(desk::LONGEST_OPERATION);
     Source source(nSeed, nOperation + 1);
     if (plan.fTell) {
         std::printf("%6u", nOperation);
@@ -105,6 +106,7 @@ desk::Census Play(const AttackedClass& attacked, const Plan& plan, uint64_t nSee
             }
         }
         s_now.nOperation = plan.nOps;
+        desk::EndAfter(desk::LONGEST_OPERATION);
         world->End(source);
     }
     desk::Reset();
@@ -114,7 +116,6 @@ desk::Census Play(const AttackedClass& attacked, const Plan& plan, uint64_t nSee
 void Run(const AttackedClass& attacked, const Plan& plan, uint64_t nSeed)
 {
     s_now = {std::string(attacked.name), nSeed, plan.nOps, 0, true};
-    desk::EndAfter(desk::LONGEST_RUN);
     desk::Reset();
     desk::Census before = desk::Live();
     for (UINT nPlay = 1;; ++nPlay) {

@@ -72,6 +72,11 @@ void LetPass(DWORD dwMilliseconds)
     simulated::Advance(dwMilliseconds);
 }
 
+bool IsHostFree()
+{
+    return true;
+}
+
 void WhenIdle(void (*pfn)())
 {
     simulated::WhenIdle(pfn);

@@ -42,6 +42,58 @@ void SendMouse(DWORD dwFlags)
 
 } // namespace
 
+// --- Dialogs that give a control of theirs the focus
+
+namespace {
+
+std::vector<HWND> s_focusing;
+
+bool PassesFocusOn(UINT uMsg)
+{
+    return uMsg == WM_ACTIVATE || uMsg == WM_SETFOCUS;
+}
+
+bool IsDialog(HWND hwnd)
+{
+    return GetClassLongPtrW(hwnd, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(WC_DIALOG);
+}
+
+LRESULT CALLBACK OnSent(int nCode, WPARAM wParam, LPARAM lParam)
+{
+    const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (nCode == HC_ACTION && PassesFocusOn(sent.message) && IsDialog(sent.hwnd)) {
+        s_focusing.push_back(sent.hwnd);
+    }
+    return CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
+
+LRESULT CALLBACK OnReturned(int nCode, WPARAM wParam, LPARAM lParam)
+{
+    const auto& sent = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+    if (nCode == HC_ACTION && PassesFocusOn(sent.message) && !s_focusing.empty() &&
+        s_focusing.back() == sent.hwnd)
+    {
+        s_focusing.pop_back();
+    }
+    return CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
+
+void WatchFocus()
+{
+    SetWindowsHookExW(WH_CALLWNDPROC, OnSent, nullptr, GetCurrentThreadId());
+    SetWindowsHookExW(WH_CALLWNDPROCRET, OnReturned, nullptr, GetCurrentThreadId());
+}
+
+} // namespace
+
+// Wine writes into a dialog's data once it has given a control of it the focus, whether or not the dialog is
+// still there.
+bool IsHostFree()
+{
+    std::erase_if(s_focusing, [](HWND hwnd) { return !IsWindow(hwnd); });
+    return s_focusing.empty();
+}
+
 // A key or a button that a run left down would be pressed in the next one as well.
 void Reset()
 {
@@ -263,8 +315,19 @@ void TellStack(const CONTEXT& context)
     }
 }
 
+// Faults alone: what else is raised is for somebody to catch.
+bool IsFault(DWORD dwCode)
+{
+    return dwCode == EXCEPTION_ACCESS_VIOLATION || dwCode == EXCEPTION_ILLEGAL_INSTRUCTION ||
+           dwCode == EXCEPTION_INT_DIVIDE_BY_ZERO || dwCode == EXCEPTION_STACK_OVERFLOW;
+}
+
+// Before all others, since Wine goes on after a fault in a window's procedure.
 LONG CALLBACK OnException(EXCEPTION_POINTERS* pInfo)
 {
+    if (!IsFault(pInfo->ExceptionRecord->ExceptionCode)) {
+        return EXCEPTION_CONTINUE_SEARCH;
+    }
     std::fprintf(stderr, "attack: exception %08lx\n", pInfo->ExceptionRecord->ExceptionCode);
     TellStack(*pInfo->ContextRecord);
     s_pfnTell();
@@ -280,13 +343,14 @@ extern "C" void OnAbort(int)
     TerminateProcess(GetCurrentProcess(), 1);
 }
 
-// A press on a caption or on its buttons waits in a loop that takes nothing but the mouse's messages.
+// A press on a caption or on its buttons waits in a loop that takes nothing but the mouse's messages. A
+// user's would go to whatever is in front, and that need not be a window of this program.
 void ReleaseWhereNothingMoves()
 {
     static UINT s_nSeen = 0;
     if (std::exchange(s_nSeen, s_nMoves.load()) == s_nMoves) {
-        ReleaseButton(Button::Left);
-        ReleaseButton(Button::Right);
+        PostThreadMessageW(GetThreadId(s_hMain), WM_LBUTTONUP, 0, 0);
+        PostThreadMessageW(GetThreadId(s_hMain), WM_RBUTTONUP, 0, 0);
     }
 }
 
@@ -314,7 +378,8 @@ void AtBadEnd(void (*pfnTell)())
 {
     s_pfnTell = pfnTell;
     SetErrorMode(SEM_NOGPFAULTERRORBOX | SEM_FAILCRITICALERRORS);
-    SetUnhandledExceptionFilter(OnException);
+    AddVectoredExceptionHandler(1, OnException);
+    WatchFocus();
     std::signal(SIGABRT, OnAbort);
     DuplicateHandle(GetCurrentProcess(), GetCurrentThread(), GetCurrentProcess(), &s_hMain, 0, FALSE,
                     DUPLICATE_SAME_ACCESS);
