@@ -6,7 +6,7 @@ namespace gesso {
 int PressState(DWORD dwState, DWORD dwStyle)
 {
     constexpr DWORD HOT_AND_PRESSED = GWS_HOT | GWS_PRESSED;
-    if ((dwState & GWS_KEYDOWN) || (dwState & HOT_AND_PRESSED) == HOT_AND_PRESSED) {
+    if ((dwState & (GWS_KEYDOWN | SHOWN_PRESSED)) || (dwState & HOT_AND_PRESSED) == HOT_AND_PRESSED) {
         return PBS_PRESSED;
     }
     if (dwState & GWS_HOT) {

@@ -5,6 +5,9 @@
 
 namespace gesso {
 
+// Of a button's state word: BM_SETSTATE shows it pressed, with nothing behind it.
+inline constexpr DWORD SHOWN_PRESSED = 0x80;
+
 // PBS_PRESSED, PBS_HOT, PBS_DISABLED or PBS_NORMAL, by the state bits and the window style. Every part of the
 // family has these numbers for them.
 int PressState(DWORD dwState, DWORD dwStyle);

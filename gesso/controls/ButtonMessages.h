@@ -20,12 +20,21 @@ LRESULT OnButtonDestroy(GWnd& wnd, ThemeHandle& theme, ControlText& text);
 LRESULT CodeOfDefaultButton(const GWnd& wnd);
 LRESULT OnSetDefaultButton(GWnd& wnd, WPARAM wStyle, UINT uRedraw);
 
+// BM_CLICK, BM_GETSTATE and BM_SETSTATE, which buttons made in Modern answer as the platform's do: whether it
+// was one of them, and the answer.
+bool AnswersPlatformButton(GWnd& wnd, UINT uMsg, WPARAM wParam, Frame::ClickFunction pfnClick,
+                           LRESULT* plAnswer);
+
 // The rows of the four classes' switches that are the same.
 class ButtonMessages
 {
 public:
     template <class BUTTON> static LRESULT Answer(BUTTON& button, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
+        LRESULT lAnswer = 0;
+        if (AnswersPlatformButton(button, uMsg, wParam, ClickOf<BUTTON>(), &lAnswer)) {
+            return lAnswer;
+        }
         switch (uMsg) {
         case WM_DESTROY: return button.OnDestroy();
         case WM_ENABLE: return button.OnEnable(wParam != 0);
@@ -51,6 +60,17 @@ public:
         case WM_GETTEXTLENGTH: return button.OnGetTextLength();
         case WM_GETDLGCODE: return button.OnGetDlgCode();
         default: return Frame::Default(button, uMsg, wParam, lParam);
+        }
+    }
+
+private:
+    // What a click does to a button of the class, its own mark included where it has one.
+    template <class BUTTON> static constexpr Frame::ClickFunction ClickOf()
+    {
+        if constexpr (requires { &BUTTON::Click; }) {
+            return BUTTON::Click;
+        } else {
+            return Frame::SendClick;
         }
     }
 };

@@ -75,11 +75,13 @@ RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, co
     const int nGap = Pixels(content.hwnd, Metrics::IMAGE_GAP);
     PlacedImage image = ImageOf(content);
     const bool fImage = image.kind != ImageKind::None;
-    RECT rcText = fImage ? RoomBesideImage(rcContent, image.side, image.size, nGap) : rcContent;
-    rcText = part.TextExtent(content.pszText, uFormat, rcText);
-    AlignText(&rcText, rcContent, dwStyle);
+    const RECT rcRoom = fImage ? RoomBesideImage(rcContent, image.side, image.size, nGap) : rcContent;
+    RECT rcText = part.TextExtent(content.pszText, uFormat, rcRoom);
+    AlignText(&rcText, content.fImageBesideItsPlace ? rcContent : rcRoom, dwStyle);
     if (fImage) {
-        image.pt = PlaceImage(&rcText, image.side, image.size, nGap, dwStyle);
+        image.pt = content.fImageBesideItsPlace
+                       ? PlaceImage(&rcText, image.side, image.size, nGap, dwStyle)
+                       : ImageBeside(rcText, rcContent, image.side, image.size, nGap, dwStyle);
         DrawImage(hdc, image.kind, content.hImage, image.pt.x, image.pt.y, image.size.cx, image.size.cy,
                   dwStyle);
     }

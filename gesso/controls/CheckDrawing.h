@@ -16,6 +16,7 @@ struct CheckContent
     HFONT hFont;
     LPCWSTR pszText;
     HANDLE hImage;
+    bool fImageBesideItsPlace;
 };
 
 // The check value, in the upper half of a control's m_dwState.

@@ -45,6 +45,20 @@ void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle)
                AlignmentOffset(rcContent.bottom - prcText->bottom, dwStyle, GS_VCENTER, GS_BOTTOM));
 }
 
+POINT ImageBeside(const RECT& rcText, const RECT& rcContent, ImageSide side, SIZE image, int nGap,
+                  DWORD dwStyle)
+{
+    const int x = AlignTo(rcContent.left, rcContent.right, image.cx, dwStyle, GS_CENTER, GS_RIGHT);
+    const int y = AlignTo(rcContent.top, rcContent.bottom, image.cy, dwStyle, GS_VCENTER, GS_BOTTOM);
+    switch (side) {
+    case ImageSide::Left: return {rcText.left - nGap - image.cx, y};
+    case ImageSide::Right: return {rcText.right + nGap, y};
+    case ImageSide::Top: return {x, rcText.top - nGap - image.cy};
+    case ImageSide::Bottom: break;
+    }
+    return {x, rcText.bottom + nGap};
+}
+
 POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, int nGap, DWORD dwStyle)
 {
     if (!IsBeside(side)) {

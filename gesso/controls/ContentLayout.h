@@ -24,6 +24,11 @@ RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image, int nGap
 // Moves a measured text to its place in the content, by GS_CENTER, GS_RIGHT, GS_VCENTER and GS_BOTTOM.
 void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle);
 
+// The place of an image beside a text that was aligned in its room; across the two it is aligned in the
+// content.
+POINT ImageBeside(const RECT& rcText, const RECT& rcContent, ImageSide side, SIZE image, int nGap,
+                  DWORD dwStyle);
+
 // The image's place, and the text's shift that goes with it for an image to the left or right.
 //
 // Fixed behaviour: beside the text, x is worked out from the image's vertical place and height, always to the

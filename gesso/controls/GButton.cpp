@@ -7,6 +7,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
@@ -132,11 +133,14 @@ void GButton::Draw(HDC hdc)
     const int nGap = gesso::Pixels(m_hWnd, gesso::Metrics::IMAGE_GAP);
     const UINT uFormat = dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE;
 
-    RECT rcText = kind == ImageKind::None ? rcContent : gesso::RoomBesideImage(rcContent, side, image, nGap);
-    rcText = part.TextExtent(pszText, uFormat, rcText);
-    gesso::AlignText(&rcText, rcContent, dwStyle);
+    const RECT rcRoom =
+        kind == ImageKind::None ? rcContent : gesso::RoomBesideImage(rcContent, side, image, nGap);
+    RECT rcText = part.TextExtent(pszText, uFormat, rcRoom);
+    const bool fBesideItsPlace = Has(*this, gesso::Quirk::ImageBesideItsPlace);
+    gesso::AlignText(&rcText, fBesideItsPlace ? rcContent : rcRoom, dwStyle);
     if (kind != ImageKind::None) {
-        const POINT pt = gesso::PlaceImage(&rcText, side, image, nGap, dwStyle);
+        const POINT pt = fBesideItsPlace ? gesso::PlaceImage(&rcText, side, image, nGap, dwStyle)
+                                         : gesso::ImageBeside(rcText, rcContent, side, image, nGap, dwStyle);
         gesso::DrawImage(hdc, kind, m_hImage, pt.x, pt.y, image.cx, image.cy, dwStyle);
     }
     part.DrawString(pszText, uFormat | gesso::PrefixFormat(m_dwState), rcText);

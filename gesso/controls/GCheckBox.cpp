@@ -2,11 +2,15 @@
 #include <gesso/controls/CheckDrawing.h>
 #include <gesso/controls/GCheckBox.h>
 #include <gesso/controls/Image.h>
+#include <gesso/framework/Behavior.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Press.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
+using gesso::Quirk;
 
 constinit ATOM GCheckBox::s_aClass = 0;
 
@@ -107,6 +111,27 @@ void GCheckBox::ChangeCheck(int nCheck)
     Frame::SetState(*this, gesso::WithCheck(m_dwState, nCheck));
 }
 
+int GCheckBox::NextCheck() const
+{
+    const int nCheck = GetCheck();
+    if (nCheck == BST_CHECKED && (GetStyle() & GBS_3STATE)) {
+        return BST_INDETERMINATE;
+    }
+    return nCheck == BST_UNCHECKED ? BST_CHECKED : BST_UNCHECKED;
+}
+
+void GCheckBox::Click(GWnd& wnd)
+{
+    auto& box = static_cast<GCheckBox&>(wnd);
+    const gesso::Watch watch(box);
+    if ((Frame::Style(box) & GBS_AUTO) && !Has(box, Quirk::MarkIsTheHosts)) {
+        box.SetCheck(box.NextCheck());
+    }
+    if (watch) {
+        Frame::SendClick(wnd);
+    }
+}
+
 // --- Drawing
 
 void GCheckBox::Draw(HDC hdc)
@@ -114,9 +139,10 @@ void GCheckBox::Draw(HDC hdc)
     RECT rc{};
     const DWORD dwStyle = Frame::Style(*this);
     if (Frame::DrawParentBackground(*this, hdc, &rc)) {
-        gesso::DrawCheck(
-            hdc, rc, {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
-            BP_CHECKBOX, gesso::PlainPart::CheckBox);
+        gesso::DrawCheck(hdc, rc,
+                         {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText),
+                          m_hImage, Has(*this, Quirk::ImageBesideItsPlace)},
+                         BP_CHECKBOX, gesso::PlainPart::CheckBox);
     }
 }
 
@@ -149,7 +175,7 @@ LRESULT GCheckBox::OnSetFocus(HWND)
 
 LRESULT GCheckBox::OnKillFocus(HWND)
 {
-    return Frame::OnKillFocus(*this);
+    return Frame::OnKillFocus(*this, Click);
 }
 
 LRESULT GCheckBox::OnKeyDown(UINT uKey, LPARAM)
@@ -159,7 +185,7 @@ LRESULT GCheckBox::OnKeyDown(UINT uKey, LPARAM)
 
 LRESULT GCheckBox::OnKeyUp(UINT uKey, LPARAM)
 {
-    return gesso::OnButtonKeyUp(*this, uKey);
+    return gesso::OnButtonKeyUp(*this, uKey, Click);
 }
 
 LRESULT GCheckBox::OnLButtonDown(WPARAM, POINTS)
@@ -169,7 +195,7 @@ LRESULT GCheckBox::OnLButtonDown(WPARAM, POINTS)
 
 LRESULT GCheckBox::OnLButtonUp(WPARAM, POINTS pt)
 {
-    return gesso::OnButtonUp(*this, pt);
+    return gesso::OnButtonUp(*this, pt, true, Click);
 }
 
 LRESULT GCheckBox::OnMouseMove(WPARAM, POINTS pt)

@@ -6,9 +6,11 @@
 // template, with the text in the control's creation data.
 //
 // Sends to its parent: WM_COMMAND with the id and BN_CLICKED for each click; WM_NOTIFY with NM_SETFOCUS and
-// NM_KILLFOCUS. A click does not change the mark: the parent decides what it becomes, and calls SetCheck.
-// Answers WM_GETTEXT, WM_SETTEXT, WM_GETTEXTLENGTH, WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, BM_GETCHECK,
-// BM_SETCHECK and WM_PRINTCLIENT.
+// NM_KILLFOCUS. A click does not change the mark: the parent decides what it becomes, and calls SetCheck. In
+// Modern (framework/Behavior.h) GBS_AUTO has a click change it first, to checked and back, or with GBS_3STATE
+// on to indeterminate in between; BM_CLICK, BM_GETSTATE and BM_SETSTATE are answered as well. Answers
+// WM_GETTEXT, WM_SETTEXT, WM_GETTEXTLENGTH, WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, BM_GETCHECK, BM_SETCHECK
+// and WM_PRINTCLIENT.
 #pragma once
 
 #include <gesso/controls/ControlStyles.h>
@@ -94,4 +96,8 @@ private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void ChangeCheck(int nCheck);
+    // The mark that a click leads to.
+    int NextCheck() const;
+    // What a click does: the next mark by itself, with GBS_AUTO, and BN_CLICKED.
+    static void Click(GWnd& wnd);
 };

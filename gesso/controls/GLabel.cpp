@@ -3,13 +3,16 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FirstFont.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
 using gesso::ImageKind;
+using gesso::Quirk;
 
 constinit ATOM GLabel::s_aClass = 0;
 
@@ -59,14 +62,14 @@ ATOM GLabel::IsolationAwareRegisterClassW()
     return gesso::RegisterControlClass(s_aClass, L"GLabel", WindowProc, gesso::CLASS_CONTROL);
 }
 
-HWND GLabel::Create(int x, int y, int cx, int cy, HWND hwndParent, int, LPCWSTR pszText, DWORD dwExStyle,
+HWND GLabel::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwExStyle,
                     DWORD dwStyle)
 {
     if (!gesso::HoldText(m_pszText, pszText)) {
         return nullptr;
     }
-    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, 0,
-                               dwExStyle, dwStyle);
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
+                               gesso::WillHave(Quirk::IdIsDropped) ? 0 : nId, dwExStyle, dwStyle);
 }
 
 void GLabel::Init(void* pCreateData)
@@ -171,8 +174,12 @@ void GLabel::DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const
     if (!gesso::MeasureImage(kind, m_hImage, &size)) {
         return;
     }
-    const Span across = PlaceHorizontally(rc, size.cx, dwStyle);
-    const Span down = PlaceVertically(rc, size.cy, dwStyle);
+    Span across = PlaceHorizontally(rc, size.cx, dwStyle);
+    Span down = PlaceVertically(rc, size.cy, dwStyle);
+    if (!Has(*this, Quirk::LabelImageIsStretched)) {
+        across.nExtent = size.cx;
+        down.nExtent = size.cy;
+    }
     gesso::DrawImage(hdc, kind, m_hImage, across.nStart, down.nStart, across.nExtent, down.nExtent, dwStyle);
 }
 
@@ -197,7 +204,7 @@ void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
 LRESULT GLabel::OnCreate(const CREATESTRUCTW*)
 {
     Frame::SetState(*this, Frame::FirstState(*this));
-    m_hFont = g_hDefaultFont;
+    gesso::TakeFirstFont(*this, m_hFont);
     return 0;
 }
 

@@ -1,19 +1,27 @@
+#include <gesso/controls/ButtonLook.h>
+#include <gesso/controls/ButtonMessages.h>
 #include <gesso/controls/GNavigationButton.h>
-#include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Press.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
+using gesso::Quirk;
 
 constinit ATOM GNavigationButton::s_aClass = 0;
 
 namespace {
 
+constexpr LPCWSTR STYLE_CLASS = L"NAVIGATION";
+
 // One bit alone is hot: also a press from which the pointer was dragged away. A held space key does not show.
 int ThemeState(DWORD dwState, DWORD dwStyle)
 {
+    if (dwState & gesso::SHOWN_PRESSED) {
+        return NAV_BB_PRESSED;
+    }
     switch (dwState & (GWS_HOT | GWS_PRESSED)) {
     case GWS_HOT | GWS_PRESSED: return NAV_BB_PRESSED;
     case 0: return dwStyle & WS_DISABLED ? NAV_BB_DISABLED : NAV_BB_NORMAL;
@@ -55,7 +63,11 @@ DWORD GNavigationButton::GetStyle() const
 void GNavigationButton::Draw(HDC hdc)
 {
     RECT rc{};
-    GetClientRect(m_hWnd, &rc);
+    if (Has(*this, Quirk::BackButtonOnBlack)) {
+        GetClientRect(m_hWnd, &rc);
+    } else if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
+        return;
+    }
     const int nState = ThemeState(m_dwState, Frame::Style(*this));
     gesso::ThemePart(m_hTheme, hdc, NAV_BACKBUTTON, nState, gesso::PlainPart::BackButton).DrawBackground(rc);
 }
@@ -65,7 +77,7 @@ void GNavigationButton::Draw(HDC hdc)
 LRESULT GNavigationButton::OnCreate(const CREATESTRUCTW*)
 {
     Frame::SetState(*this, 0);
-    m_hTheme.Open(m_hWnd, L"NAVIGATION");
+    m_hTheme.Open(m_hWnd, STYLE_CLASS);
     return 0;
 }
 
@@ -149,7 +161,8 @@ int GNavigationButton::HitTest(POINTS pt) const
 // that changes the style at run time would see another button from then on.
 LRESULT GNavigationButton::OnThemeChanged()
 {
-    return Frame::OnThemeChanged(*this, m_hTheme, L"BUTTON");
+    return Frame::OnThemeChanged(
+        *this, m_hTheme, Has(*this, Quirk::BackButtonChangesStyle) ? gesso::BUTTON_THEME : STYLE_CLASS);
 }
 
 LRESULT GNavigationButton::OnStyleChanged()
@@ -169,6 +182,7 @@ LRESULT CALLBACK GNavigationButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wPar
 
 LRESULT GNavigationButton::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT lAnswer = 0;
     switch (uMsg) {
     case WM_DESTROY: return OnDestroy();
     case WM_ENABLE: return OnEnable(wParam != 0);
@@ -187,6 +201,9 @@ LRESULT GNavigationButton::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_THEMECHANGED: return OnThemeChanged();
     case WM_STYLECHANGED: return OnStyleChanged();
     case WM_GETDLGCODE: return OnGetDlgCode();
-    default: return Frame::Default(*this, uMsg, wParam, lParam);
+    default:
+        return gesso::AnswersPlatformButton(*this, uMsg, wParam, Frame::SendClick, &lAnswer)
+                   ? lAnswer
+                   : Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

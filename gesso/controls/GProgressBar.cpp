@@ -1,6 +1,7 @@
 #include <gesso/controls/GProgressBar.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 
@@ -32,10 +33,11 @@ ATOM GProgressBar::IsolationAwareRegisterClassW()
     return gesso::RegisterControlClass(s_aClass, L"GProgressBar", WindowProc, gesso::CLASS_CONTROL);
 }
 
-HWND GProgressBar::Create(int x, int y, int cx, int cy, HWND hwndParent, int, DWORD dwExStyle, DWORD dwStyle)
+HWND GProgressBar::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, DWORD dwExStyle,
+                          DWORD dwStyle)
 {
-    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, 0,
-                               dwExStyle, dwStyle);
+    return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
+                               gesso::WillHave(gesso::Quirk::IdIsDropped) ? 0 : nId, dwExStyle, dwStyle);
 }
 
 int GProgressBar::Destroy()

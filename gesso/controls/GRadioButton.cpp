@@ -2,11 +2,16 @@
 #include <gesso/controls/CheckDrawing.h>
 #include <gesso/controls/GRadioButton.h>
 #include <gesso/controls/Image.h>
+#include <gesso/controls/RadioGroup.h>
+#include <gesso/framework/Behavior.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Press.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
 
 using gesso::Frame;
+using gesso::Quirk;
 
 constinit ATOM GRadioButton::s_aClass = 0;
 
@@ -105,6 +110,29 @@ int GRadioButton::GetCheck() const
 void GRadioButton::ChangeCheck(int nCheck)
 {
     Frame::SetState(*this, gesso::WithCheck(m_dwState, nCheck));
+    if (IsOfGroup()) {
+        gesso::MoveTabStop(m_hWnd, nCheck == BST_CHECKED);
+    }
+}
+
+bool GRadioButton::IsOfGroup() const
+{
+    return m_hWnd && (Frame::Style(*this) & GBS_AUTO) && !Has(*this, Quirk::MarkIsTheHosts);
+}
+
+void GRadioButton::Click(GWnd& wnd)
+{
+    auto& radio = static_cast<GRadioButton&>(wnd);
+    const gesso::Watch watch(radio);
+    if (radio.IsOfGroup()) {
+        radio.SetCheck(BST_CHECKED);
+        if (watch) {
+            gesso::UncheckOthers(radio.m_hWnd);
+        }
+    }
+    if (watch) {
+        Frame::SendClick(wnd);
+    }
 }
 
 // --- Drawing
@@ -114,9 +142,10 @@ void GRadioButton::Draw(HDC hdc)
     RECT rc{};
     const DWORD dwStyle = Frame::Style(*this);
     if (Frame::DrawParentBackground(*this, hdc, &rc)) {
-        gesso::DrawCheck(
-            hdc, rc, {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText), m_hImage},
-            BP_RADIOBUTTON, gesso::PlainPart::RadioButton);
+        gesso::DrawCheck(hdc, rc,
+                         {m_hWnd, dwStyle, m_dwState, m_hTheme, m_hFont, gesso::TextOrEmpty(m_pszText),
+                          m_hImage, Has(*this, Quirk::ImageBesideItsPlace)},
+                         BP_RADIOBUTTON, gesso::PlainPart::RadioButton);
     }
 }
 
@@ -124,7 +153,11 @@ void GRadioButton::Draw(HDC hdc)
 
 LRESULT GRadioButton::OnCreate(const CREATESTRUCTW*)
 {
-    return gesso::OnButtonCreate(*this, m_hTheme, m_hFont);
+    gesso::OnButtonCreate(*this, m_hTheme, m_hFont);
+    if (IsOfGroup()) {
+        gesso::JoinGroup(m_hWnd);
+    }
+    return 0;
 }
 
 LRESULT GRadioButton::OnDestroy()
@@ -149,7 +182,7 @@ LRESULT GRadioButton::OnSetFocus(HWND)
 
 LRESULT GRadioButton::OnKillFocus(HWND)
 {
-    return Frame::OnKillFocus(*this);
+    return Frame::OnKillFocus(*this, Click);
 }
 
 LRESULT GRadioButton::OnKeyDown(UINT uKey, LPARAM)
@@ -159,7 +192,7 @@ LRESULT GRadioButton::OnKeyDown(UINT uKey, LPARAM)
 
 LRESULT GRadioButton::OnKeyUp(UINT uKey, LPARAM)
 {
-    return gesso::OnButtonKeyUp(*this, uKey);
+    return gesso::OnButtonKeyUp(*this, uKey, Click);
 }
 
 LRESULT GRadioButton::OnLButtonDown(WPARAM, POINTS)
@@ -169,7 +202,7 @@ LRESULT GRadioButton::OnLButtonDown(WPARAM, POINTS)
 
 LRESULT GRadioButton::OnLButtonUp(WPARAM, POINTS pt)
 {
-    return gesso::OnButtonUp(*this, pt);
+    return gesso::OnButtonUp(*this, pt, true, Click);
 }
 
 LRESULT GRadioButton::OnMouseMove(WPARAM, POINTS pt)
@@ -246,6 +279,10 @@ LRESULT CALLBACK GRadioButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, L
 LRESULT GRadioButton::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
+    case WM_GETDLGCODE: return IsOfGroup() ? gesso::CodeOfGroupRadio(lParam) : OnGetDlgCode();
+    case WM_KEYDOWN:
+        return IsOfGroup() && gesso::GoInGroup(m_hWnd, wParam) ? 0
+                                                               : OnKeyDown(static_cast<UINT>(wParam), lParam);
     case BM_GETCHECK: return OnGetCheck();
     case BM_SETCHECK: return OnSetCheck(static_cast<int>(wParam));
     default: return gesso::ButtonMessages::Answer(*this, uMsg, wParam, lParam);

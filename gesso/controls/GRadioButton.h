@@ -7,8 +7,12 @@
 //
 // Sends to its parent: WM_COMMAND with the id and BN_CLICKED for each click; WM_NOTIFY with NM_SETFOCUS and
 // NM_KILLFOCUS. A click does not change the mark, and there are no groups: the parent calls SetCheck on the
-// button that was clicked and on those that are to go out. Answers WM_GETTEXT, WM_SETTEXT, WM_GETTEXTLENGTH,
-// WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, BM_GETCHECK, BM_SETCHECK and WM_PRINTCLIENT.
+// button that was clicked and on those that are to go out. In Modern (framework/Behavior.h) those with
+// GBS_AUTO are groups, each from one with WS_GROUP to the next window with it: a click checks the one and
+// unchecks all others before BN_CLICKED is sent, arrow keys move and check, and Tab stops at the checked one
+// alone; SetCheck unchecks none. BM_CLICK, BM_GETSTATE and BM_SETSTATE are answered as well. Answers
+// WM_GETTEXT, WM_SETTEXT, WM_GETTEXTLENGTH, WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, BM_GETCHECK, BM_SETCHECK
+// and WM_PRINTCLIENT.
 #pragma once
 
 #include <gesso/controls/ControlStyles.h>
@@ -95,4 +99,8 @@ private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void ChangeCheck(int nCheck);
+    // Whether it has GBS_AUTO, and knows it.
+    bool IsOfGroup() const;
+    // What a click does: the mark by itself, with GBS_AUTO, and BN_CLICKED.
+    static void Click(GWnd& wnd);
 };

@@ -5,6 +5,7 @@
 #include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
+#include <gesso/framework/FirstFont.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/MakeOnce.h>
@@ -182,7 +183,7 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
 {
     Frame::SetState(*this, Frame::FirstState(*this));
     m_hTheme.Open(m_hWnd, L"COMBOBOX");
-    m_hFont = g_hDefaultFont;
+    gesso::TakeFirstFont(*this, m_hFont);
     m_hitDown = NO_HIT;
     m_hitMove = NO_HIT;
     m_bCaret = 0;

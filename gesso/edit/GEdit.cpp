@@ -5,6 +5,7 @@
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
+#include <gesso/framework/FirstFont.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/MakeOnce.h>
@@ -171,7 +172,7 @@ LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 
 LRESULT GEdit::OnCreate(const CREATESTRUCTW*)
 {
-    m_hFont = g_hDefaultFont;
+    gesso::TakeFirstFont(*this, m_hFont);
     Own().lines.BeOneLine();
     ChangeSelection({Own().lines, {}, {}});
     return 0;

@@ -10,4 +10,9 @@ bool Has(const GWnd& wnd, Quirk)
     return hwnd ? !Frame::IsModern(hwnd) : GetBehavior() == Behavior::Classic;
 }
 
+bool WillHave(Quirk)
+{
+    return GetBehavior() == Behavior::Classic;
+}
+
 } // namespace gesso

@@ -13,10 +13,23 @@ enum class Quirk
     ContextMenuEnds,     // WM_CONTEXTMENU and the menu key do not leave most of the controls
     CuesStayHidden,      // a key shows focus rectangles and mnemonics only where the platform says so
     StateOutlivesWindow, // pressed, hot and the like are what they were before a second Create
+    FontEndsWithWindow,  // a second Create forgets the font that the host has set
     RedrawShows,         // WM_SETREDRAW is the platform's, which shows a window that was hidden
+
+    // Buttons, labels and bars
+    NoPlatformButton,       // BM_CLICK, BM_GETSTATE and BM_SETSTATE do nothing
+    MarkIsTheHosts,         // GBS_AUTO and GBS_3STATE do nothing
+    MarkEndsWithWindow,     // a second Create forgets the mark that the host has set
+    IdIsDropped,            // labels and progress bars have the id 0
+    ImageBesideItsPlace,    // an image stands beside the place that the style bits say
+    LabelImageIsStretched,  // a label's image is as large as its place tells
+    BackButtonOnBlack,      // no parent's background is behind the back button
+    BackButtonChangesStyle, // the back button opens another class of the style at WM_THEMECHANGED
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.
 bool Has(const GWnd& wnd, Quirk quirk);
+// The same of the window that an object is about to be given.
+bool WillHave(Quirk quirk);
 
 } // namespace gesso

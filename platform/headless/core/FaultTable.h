@@ -97,6 +97,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"GetThemeSysFont", "HRESULT"},
     {"GetThemeTextExtent", "HRESULT"},
     {"GetThemeTextMetrics", "HRESULT"},
+    {"GetWindow", "null"},
     {"GetWindowDC", "null"},
     {"GetWindowLongPtrW", "0"},
     {"GetWindowLongW", "0"},

@@ -349,7 +349,7 @@ HWND WINAPI GetWindow(HWND hwnd, UINT which)
 {
     const TableLock lock;
     const WindowRef window = Find(hwnd);
-    if (!window) {
+    if (!window || FaultFires("GetWindow")) {
         return nullptr;
     }
     if (which == GW_CHILD) {
