@@ -279,7 +279,7 @@ LRESULT CALLBACK GRadioButton::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, L
 LRESULT GRadioButton::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
-    case WM_GETDLGCODE: return IsOfGroup() ? gesso::CodeOfGroupRadio(lParam) : OnGetDlgCode();
+    case WM_GETDLGCODE: return OnGetDlgCode() | (IsOfGroup() ? gesso::CodeOfArrows(lParam) : 0);
     case WM_KEYDOWN:
         return IsOfGroup() && gesso::GoInGroup(m_hWnd, wParam) ? 0
                                                                : OnKeyDown(static_cast<UINT>(wParam), lParam);

@@ -95,11 +95,11 @@ void JoinGroup(HWND hwnd)
     }
 }
 
-LRESULT CodeOfGroupRadio(LPARAM lParam)
+LRESULT CodeOfArrows(LPARAM lParam)
 {
     const auto* pMessage = reinterpret_cast<const MSG*>(lParam);
     const bool fArrow = pMessage && pMessage->message == WM_KEYDOWN && IsArrow(pMessage->wParam);
-    return DLGC_BUTTON | DLGC_RADIOBUTTON | (fArrow ? DLGC_WANTARROWS : 0);
+    return fArrow ? DLGC_WANTARROWS : 0;
 }
 
 bool GoInGroup(HWND hwnd, WPARAM wKey)

@@ -13,8 +13,8 @@ void UncheckOthers(HWND hwnd);
 void MoveTabStop(HWND hwnd, bool fChecked);
 void JoinGroup(HWND hwnd);
 
-// WM_GETDLGCODE: a button of a group takes the arrow keys.
-LRESULT CodeOfGroupRadio(LPARAM lParam);
+// What a button of a group adds to WM_GETDLGCODE: it takes the arrow keys.
+LRESULT CodeOfArrows(LPARAM lParam);
 // An arrow key: the focus and the mark go on to the next button that can have them. False for any other key.
 bool GoInGroup(HWND hwnd, WPARAM wKey);
 

@@ -120,7 +120,9 @@ TEST_F(ModernCheckTest, InClassicTheStylesDoNothing)
     EXPECT_EQ(host.TakeReports(), Reports{});
     EXPECT_EQ(box.GetCheck(), 0);
     EXPECT_EQ(radio.GetCheck(), 0);
-    EXPECT_EQ(SendMessageW(radio, WM_GETDLGCODE, 0, 0), DLGC_BUTTON);
+    MSG message{radio, WM_KEYDOWN, VK_DOWN, 0, 0, {}};
+    EXPECT_EQ(SendMessageW(radio, WM_GETDLGCODE, VK_DOWN, reinterpret_cast<LPARAM>(&message)),
+              DLGC_BUTTON | DLGC_RADIOBUTTON);
 }
 
 class RadioGroupTest : public ModernCheckTest
