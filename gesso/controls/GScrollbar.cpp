@@ -2,7 +2,9 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Ownership.h>
 #include <gesso/framework/Press.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ScrollBarLook.h>
 #include <gesso/framework/ScrollRepeat.h>
 #include <gesso/framework/WindowClass.h>
@@ -234,13 +236,18 @@ LRESULT GScrollbar::OnCreate(const CREATESTRUCTW* pcs)
     return 0;
 }
 
-// The object outlives its window also where the window made it: the theme is the host's to close, and hosts
-// do that when the window is gone.
+// In Classic the object outlives its window also where the window made it: the theme is the host's to close,
+// and hosts do that when the window is gone.
 LRESULT GScrollbar::OnNcDestroy(WPARAM wParam, LPARAM lParam)
 {
+    const HWND hwnd = m_hWnd;
     ForgetInput();
-    Frame::Abandon(*this);
-    return Frame::Default(*this, WM_NCDESTROY, wParam, lParam);
+    if (Has(*this, gesso::Quirk::BarOutlivesWindow) && !gesso::IsGivenToWindow(hwnd)) {
+        Frame::Abandon(*this);
+    } else {
+        Frame::Detach(*this);
+    }
+    return Frame::Default(hwnd, WM_NCDESTROY, wParam, lParam);
 }
 
 LRESULT GScrollbar::OnSize()

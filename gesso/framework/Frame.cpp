@@ -4,6 +4,7 @@
 #include <gesso/framework/KeyboardCues.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/OffscreenSurface.h>
+#include <gesso/framework/Ownership.h>
 #include <gesso/framework/Quirks.h>
 
 #include <utility>
@@ -19,6 +20,7 @@ constexpr LONG WINDOW_OWNS = 1;
 constexpr LONG DETACHED = 2;
 constexpr LONG MODERN = 4;
 constexpr LONG HOLDS_PAINT = 8;
+constexpr LONG GIVEN = 16;
 
 LONG WordOf(HWND hwnd)
 {
@@ -58,6 +60,11 @@ void MarkDetached(HWND hwnd)
 }
 
 } // namespace
+
+bool IsGivenToWindow(HWND hwnd)
+{
+    return WordOf(hwnd) & GIVEN;
+}
 
 HWND Frame::CreateTagged(GWnd& wnd, ATOM aClass, const Placement& place, int nId, DWORD dwExStyle,
                          DWORD dwStyle)
@@ -149,7 +156,7 @@ bool Frame::IsModern(HWND hwnd)
 bool Frame::GiveToWindow(GWnd& wnd)
 {
     const HWND hwnd = wnd.m_hWnd;
-    return hwnd && Attached(hwnd) == &wnd && SetWord(hwnd, WordOf(hwnd) | WINDOW_OWNS);
+    return hwnd && Attached(hwnd) == &wnd && SetWord(hwnd, WordOf(hwnd) | WINDOW_OWNS | GIVEN);
 }
 
 bool Frame::Redraws(HWND hwnd)
@@ -189,6 +196,10 @@ bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
 {
     if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
         *plAnswer = Default(wnd, uMsg, wParam, lParam);
+        return true;
+    }
+    if (uMsg == WM_UPDATEUISTATE && !Has(wnd, Quirk::CuesStayHidden)) {
+        *plAnswer = OnUpdateUIState(wnd, wParam, lParam); // also of those that have no cues in Classic
         return true;
     }
     return AnswersRedraw(wnd, uMsg, wParam) || ShowsCues(wnd, uMsg, wParam, lParam);

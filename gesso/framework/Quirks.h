@@ -23,6 +23,7 @@ enum class Quirk
     IdIsDropped,            // labels and progress bars have the id 0
     ImageBesideItsPlace,    // an image stands beside the place that the style bits say
     LabelImageIsStretched,  // a label's image is as large as its place tells
+    BarOutlivesWindow,      // the object of a scroll bar that its window made stays when that goes
     BackButtonOnBlack,      // no parent's background is behind the back button
     BackButtonChangesStyle, // the back button opens another class of the style at WM_THEMECHANGED
 };

@@ -20,8 +20,8 @@ protected:
     BUTTON button;
 };
 
-TYPED_TEST_SUITE(ModernButtonTest,
-                 (testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton>));
+using Buttons = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton>;
+TYPED_TEST_SUITE(ModernButtonTest, Buttons);
 
 TYPED_TEST(ModernButtonTest, AnswersAsThePlatformsButton)
 {
