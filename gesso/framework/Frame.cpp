@@ -7,7 +7,9 @@
 #include <gesso/framework/Ownership.h>
 #include <gesso/framework/Quirks.h>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace gesso {
 namespace {
@@ -48,12 +50,19 @@ bool IsOfTemplate(const CREATESTRUCTW& cs)
            GetWindowLongPtrW(cs.hwndParent, DWLP_DLGPROC);
 }
 
+// Windows whose object has gone, where the platform let neither word be written. None, as long as it keeps
+// what is its own.
+thread_local std::vector<HWND> s_forsaken;
+
 void MarkDetached(HWND hwnd)
 {
     const LONG nWord = WordOf(hwnd);
     if (!(nWord & DETACHED)) {
         if (!SetWord(hwnd, nWord | DETACHED)) {
             SetWindowLongPtrW(hwnd, Frame::OBJECT_WORD, 0); // rather than be followed once the object is gone
+            if (GWnd::FromHwnd(hwnd)) {
+                s_forsaken.push_back(hwnd);
+            }
         }
         OffscreenSurface::RemoveUser();
     }
@@ -102,6 +111,9 @@ GWnd* Frame::TaggedObject(const CREATESTRUCTW& cs)
 GWnd* Frame::Attached(HWND hwnd)
 {
     GWnd* pWnd = GWnd::FromHwnd(hwnd);
+    if (!s_forsaken.empty() && std::ranges::find(s_forsaken, hwnd) != s_forsaken.end()) {
+        return nullptr;
+    }
     return pWnd && !(WordOf(hwnd) & DETACHED) ? pWnd : nullptr;
 }
 
@@ -110,6 +122,7 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     // A host that makes the windows itself may tag two with one object. The former would go on with an object
     // that answers for the other window, and its paints would never end.
     Abandon(wnd);
+    std::erase(s_forsaken, hwnd); // of a former window with this handle
     const bool fModern = GetBehavior() == Behavior::Modern;
     if (fModern && !SetPropW(hwnd, MODERN_MARK, reinterpret_cast<HANDLE>(1))) {
         return false;

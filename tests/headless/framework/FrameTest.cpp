@@ -51,6 +51,12 @@ TEST_F(FrameTest, AnObjectThatCannotBeMarkedAsGoneIsFollowedNoMore)
     desk::Fail("SetWindowLongW", INT_MAX);
     DestroyWindow(hwnd); // WM_NCDESTROY comes after the object has gone
     EXPECT_FALSE(IsWindow(hwnd));
+
+    auto pButton = std::make_unique<GButton>();
+    const HWND hwndKept = pButton->Create(0, 0, 50, 20, Parent(), 7, L"Text", 0, WS_CHILD);
+    desk::Fail("SetWindowLongPtrW", INT_MAX); // not even the pointer can be taken away
+    pButton.reset();
+    EXPECT_EQ(SendMessageW(hwndKept, WM_GETDLGCODE, 0, 0), 0);
 }
 
 TEST_F(FrameTest, FailedRegistrationIsTriedAgain)
