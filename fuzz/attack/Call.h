@@ -31,10 +31,11 @@ template <> struct Argument<UINT> : Value<UINT>
 {
     Argument(World&, Source& source) : Value{source.NumberOrBits()} {}
 };
-#if defined(_WIN32) // where it is a type of its own
-template <> struct Argument<DWORD> : Argument<UINT>
+#if defined(_WIN32) // where it is a type of its own, of styles mostly, and Wine wants children to stay
+                    // children
+template <> struct Argument<DWORD> : Value<DWORD>
 {
-    using Argument<UINT>::Argument;
+    Argument(World&, Source& source) : Value{WS_CHILD | (source.NumberOrBits() & ~desk::STYLES_LEFT_OUT)} {}
 };
 #endif
 template <> struct Argument<WORD> : Value<WORD>

@@ -61,7 +61,7 @@ HWND MakeInDialog(World& world, LPCWSTR pszClass, Source& source)
     constexpr WORD ID = 900;
     test::DialogTemplate dialog(WS_POPUP | WS_VISIBLE | (source.Flag() ? DS_SETFONT : 0), 180, 90,
                                 source.Flag());
-    const DWORD dwStyle = WS_TABSTOP | source.Bits();
+    const DWORD dwStyle = WS_TABSTOP | (source.Bits() & ~desk::ITEM_STYLES_LEFT_OUT);
     const std::vector<wchar_t> data = AnyCreationData(source);
     const auto* pBytes = reinterpret_cast<const BYTE*>(data.data() + 1);
     test::DialogItem item{dwStyle, ID, pszClass, L"Title"};

@@ -25,10 +25,10 @@ constexpr UINT PLAYS = 4;
 constexpr unsigned LONGEST_OPERATION = 30; // seconds
 constexpr UINT PATIENCE = 8;               // moves of a user in a modal loop, each in a timer's time
 // Of a child that turns into a popup or an icon the platform's own DestroyWindow does not always come back
-// under Wine.
+// under Wine. Nor does its search for a dialog's next control where one is no child any more.
 constexpr DWORD STYLES_LEFT_OUT = WS_POPUP | WS_MINIMIZE | WS_MAXIMIZE;
 // Wine's own static control ends the process where it shortens some texts.
-constexpr DWORD ITEM_STYLES_LEFT_OUT = SS_ELLIPSISMASK;
+constexpr DWORD ITEM_STYLES_LEFT_OUT = STYLES_LEFT_OUT | SS_ELLIPSISMASK;
 #else
 constexpr int LARGEST_SIZE = 32767;
 constexpr int LARGEST_NUMBER = INT_MAX;

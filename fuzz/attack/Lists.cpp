@@ -172,7 +172,8 @@ void MakeWindow(GList& list, World& world, Source& source)
     const int cy = source.Integer();
     const UINT style = source.Bits() & ~GLS_OWNFONT;
     const DWORD dwExStyle = source.Bits();
-    list.Create(x, y, cx, cy, world.AnyParent(source), source.Integer(), style, dwExStyle, source.Bits());
+    list.Create(x, y, cx, cy, world.AnyParent(source), source.Integer(), style, dwExStyle,
+                source.Bits() & ~desk::STYLES_LEFT_OUT);
 }
 
 // Two windows, which the host destroys when it likes.
