@@ -21,7 +21,7 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 
 # What the library calls and nothing can make fail, by the reason.
 CANNOT_FAIL = {
-    "they only compute": "CharLowerW EqualRect InflateRect MulDiv OffsetRect PtInRect",
+    "they only compute": "CharLowerW EqualRect InflateRect MulDiv OffsetRect PtInRect StrCmpLogicalW",
     "their answer is the state itself": """GetCapture GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible""",

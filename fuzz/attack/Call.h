@@ -46,6 +46,10 @@ template <> struct Argument<bool> : Value<bool>
 {
     Argument(World&, Source& source) : Value{source.Flag()} {}
 };
+template <> struct Argument<POINT> : Value<POINT>
+{
+    Argument(World&, Source& source) : Value{{source.Integer(), source.Integer()}} {}
+};
 template <> struct Argument<LPCWSTR>
 {
     Argument(World&, Source& source) : text(source.AnyText()) {}

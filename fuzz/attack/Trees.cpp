@@ -50,7 +50,8 @@ template <> void AddOperations<GTree>(Table& table)
 {
     AddTree<GTree>(table);
     Add(table, {Often(3, OP(GTree, SetTreeStyle)), OP(GTree, GetTreeStyle), OP(GTree, SetItemParent),
-                OP(GTree, SetRootVisible)});
+                OP(GTree, SetRootVisible), OP(GTree, ItemFromPoint), OP(GTree, GetItemRect),
+                Often(3, OP(GTree, InsertSorted)), Often(2, OP(GTree, EditLabel))});
 }
 
 template <> void AddOperations<GNavigationBar>(Table& table)

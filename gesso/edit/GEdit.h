@@ -24,8 +24,9 @@
 #include <gesso/framework/GWndScroll.h>
 
 namespace gesso {
+class LabelEdit;
 class TextField;
-}
+} // namespace gesso
 
 class GESSO_API GEdit : public GWndScroll
 {
@@ -162,6 +163,7 @@ protected:
 
 private:
     friend class gesso::Frame;
+    friend class gesso::LabelEdit;
     class ClientMeasure;
     struct Inside; // what the library keeps for itself
     struct Layout;

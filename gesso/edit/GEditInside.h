@@ -10,6 +10,7 @@ struct GEdit::Inside
 
     gesso::EditLines lines;
     bool fCaret = false;   // the platform's caret is this window's
+    bool fOneLine = false; // its lines are not wrapped
     wchar_t chRefused = 0; // the first half of a character for which there was no room
 };
 

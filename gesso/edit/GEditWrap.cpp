@@ -42,10 +42,10 @@ bool GEdit::IsMasked() const
     return Frame::Style(*this) & ES_PASSWORD;
 }
 
-// A popup's lines end where the text says so.
+// A popup's lines end where the text says so, and so do those of a field for a label.
 bool GEdit::KeepsLines() const
 {
-    return !m_hWnd || (Frame::Style(*this) & WS_POPUP);
+    return !m_hWnd || Own().fOneLine || (Frame::Style(*this) & WS_POPUP);
 }
 
 void GEdit::Repair(TextField& field) const

@@ -83,6 +83,8 @@ inline constexpr Measure TREE_LEVEL_STEP{15};
 inline constexpr Measure TREE_CELL{20};        // of each cell in front of the label, as it is painted
 inline constexpr Measure TREE_HIT_CELL{15};    // as it is hit
 inline constexpr Measure TREE_IMAGE{16};       // the side of an image, of a navigation bar's too
+inline constexpr Measure LABEL_EDIT_INSET{2};  // from the edge of a field over a label to its text
+inline constexpr Measure LABEL_EDIT_ROOM{16};  // behind the text
 inline constexpr Measure TREE_TEXT_ROOM{1000}; // for a text that is measured: a single line takes its part
 
 // --- Navigation bars

@@ -26,6 +26,25 @@ enum class Quirk
     BarOutlivesWindow,      // the object of a scroll bar that its window made stays when that goes
     BackButtonOnBlack,      // no parent's background is behind the back button
     BackButtonChangesStyle, // the back button opens another class of the style at WM_THEMECHANGED
+
+    // GTree and GNavigationBar
+    TreeSelectionIsSilent,  // nobody is told of a selection that changes, nor is it painted
+    TreeRemovalIsSilent,    // nobody is told of an item that goes
+    TreeSelectsByNumber,    // what is selected is a row's number, which its item may leave
+    TreeRowsStay,           // rows stay where they are when their items go, move or are sorted
+    TreeSettersShowLater,   // the setters of items neither repaint nor measure
+    TreeOpensRowsInView,    // what stands below a closed item is neither expanded nor brought into view
+    TreeEnsuresSelection,   // whatever is to be brought into view, the selected row is
+    TreeHitsByOwnSteps,     // points hit cells in other places than those that are painted
+    TreeLosesSecondClicks,  // the second of two fast clicks on an expander or check box does nothing
+    TreeBoxesTickNothing,   // check boxes are the host's to tick
+    TreeEnterClicks,        // Enter is the tree's in a dialog too, and is a click
+    TreeRightClickIsSilent, // a right click selects nothing and is not told
+    TreePagesForgetBars,    // of two bars that show each covers the end of the other one's range
+    TreeF2IsIdle,           // F2 does nothing
+    TreeTypesLatinWords,    // type-ahead is of Latin letters and digits, a quarter of a second apart
+    PaneRangeIsEven,        // every row of a pane counts as high as an item
+    PaneHasNoKeys,          // no key moves a pane's selection, and Space is a button's click
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.

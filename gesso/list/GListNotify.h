@@ -15,7 +15,11 @@ struct GLISTNOTIFY
     int x;        // the point of the event in client coordinates
     int y;
     void* pItem; // handle of the item, for the controls that have handles
-    void* pReserved;
+    union
+    {
+        void* pReserved;
+        LPCWSTR pszText; // at the end of a renaming: the new text, null where it is dropped
+    };
     UINT uKeyFlags; // of the mouse: LVKF_ALT, LVKF_CONTROL, LVKF_SHIFT; of a key: the high word of its lParam
     UINT vKey;      // virtual code of the key
 };

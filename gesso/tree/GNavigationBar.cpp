@@ -5,6 +5,7 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/tree/GNavigationBar.h>
+#include <gesso/tree/NavigationRows.h>
 #include <gesso/tree/RowGeometry.h>
 #include <gesso/tree/TreeInput.h>
 #include <gesso/tree/TreeRules.h>
@@ -13,7 +14,9 @@
 #include <cstddef>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::Pixels;
+using gesso::Quirk;
 using gesso::TreeActions;
 using gesso::TreeInput;
 namespace Metrics = gesso::Metrics;
@@ -127,9 +130,7 @@ bool GNavigationBar::UpdateScrollbars()
 {
     const gesso::Lifeline life(*this);
     if (m_hWnd) {
-        RECT rc{};
-        GetClientRect(m_hWnd, &rc);
-        CalcScrollbars(rc.bottom + (m_dwHStyle & GSB_HIDDEN ? gesso::SystemMetric(m_hWnd, SM_CYHSCROLL) : 0));
+        CalcScrollbars(PageHeight());
     }
     return life;
 }
@@ -139,11 +140,33 @@ void GNavigationBar::CalcScrollbars(int nPage)
     const SCROLLINFO si{sizeof(SCROLLINFO),
                         SIF_RANGE | SIF_PAGE,
                         0,
-                        gesso::EvenRows{m_nItemHeight}.LastPixel(m_aVisible.GetLength()),
+                        LastPixel(),
                         static_cast<UINT>(std::max(nPage, 0)),
                         0,
                         0};
     SetScrollInfo(SB_VERT, &si, 0);
+}
+
+int GNavigationBar::LastPixel() const
+{
+    return Has(*this, Quirk::PaneRangeIsEven)
+               ? gesso::EvenRows{m_nItemHeight}.LastPixel(m_aVisible.GetLength())
+               : Rows().LastPixel();
+}
+
+gesso::RowPlace GNavigationBar::PlaceOf(UINT row) const
+{
+    return Has(*this, Quirk::PaneRangeIsEven) ? gesso::EvenRows{m_nItemHeight}.PlaceOf(row)
+                                              : Rows().PlaceOf(row);
+}
+
+// The room that the rows are shown in.
+int GNavigationBar::PageHeight() const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const bool fHiddenToo = Has(*this, Quirk::PaneRangeIsEven) && (m_dwHStyle & GSB_HIDDEN);
+    return rc.bottom + (fHiddenToo ? gesso::SystemMetric(m_hWnd, SM_CYHSCROLL) : 0);
 }
 
 void GNavigationBar::EnsureVisible(UINT row)
@@ -158,7 +181,7 @@ void GNavigationBar::EnsureVisible(UINT row)
 LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
 {
     MakeHeaderFont();
-    m_hFont = g_hDefaultFont;
+    m_hFont = m_hFont && !Has(*this, Quirk::FontEndsWithWindow) ? m_hFont : g_hDefaultFont;
     return 0;
 }
 
@@ -201,16 +224,6 @@ LRESULT GNavigationBar::OnEnable(BOOL fEnable)
 LRESULT GNavigationBar::OnSetFocus(HWND)
 {
     return Frame::OnSetFocus(*this);
-}
-
-LRESULT GNavigationBar::OnKeyDown(UINT uKey, LPARAM)
-{
-    return gesso::OnButtonKeyDown(*this, uKey);
-}
-
-LRESULT GNavigationBar::OnKeyUp(UINT uKey, LPARAM)
-{
-    return gesso::OnButtonKeyUp(*this, uKey);
 }
 
 LRESULT GNavigationBar::OnGetDlgCode() const
@@ -263,8 +276,9 @@ LRESULT GNavigationBar::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     switch (uMsg) {
     case WM_SIZE: return OnSize();
     case WM_PRINTCLIENT: return Frame::OnPrintClient(*this, reinterpret_cast<HDC>(wParam), lParam);
-    case WM_GETDLGCODE: return OnGetDlgCode();
+    case WM_GETDLGCODE: return OnGetDlgCode() | KeysWanted(reinterpret_cast<const MSG*>(lParam));
     case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), lParam);
+    case WM_CHAR: return OnTyped(wParam, lParam);
     case WM_KEYUP: return OnKeyUp(static_cast<UINT>(wParam), lParam);
     default: return OnTreeMessage(uMsg, wParam, lParam);
     }

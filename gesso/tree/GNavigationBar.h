@@ -13,8 +13,10 @@
 //   TVN_ITEMEXPANDINGW    GNAVNOTIFY: before a row expands or collapses (uAction); the result is not read
 //   TVN_ITEMEXPANDEDW     GNAVNOTIFY: after it
 //   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
+// and in Modern TVN_SELCHANGEDW, TVN_DELETEITEMW, NM_RCLICK and NM_RDBLCLK, as a GTree does.
 // Each GNAVNOTIFY has the row in iItem, -1 in iSubItem, the item's handle in pItem and the modifier keys in
-// uKeyFlags. The space key sends WM_COMMAND, as a button's click; no key moves the selection.
+// uKeyFlags. In Classic the space key sends WM_COMMAND, as a button's click, and no key moves the selection;
+// in Modern the arrows, Home and End do, Left and Right close and open, Enter and Space send NM_CLICK.
 // Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT), WM_VSCROLL, WM_MOUSEWHEEL.
 //
 // Items are named by handles, which hold until the item is removed; the root, which is always there, is never
@@ -25,8 +27,8 @@
 // Where an operation needs more memory than there is, it does nothing: InsertItem returns null, Expand leaves
 // the item closed. A copy without memory for its rows has none.
 //
-// Fixed behaviour: the scroll range counts every row as high as an item, so that a bar with many separators
-// may be scrolled past its end; hosts lay their own things out by that range.
+// Fixed behaviour of Classic: the scroll range counts every row as high as an item, so that a bar with many
+// separators may be scrolled past its end; hosts lay their own things out by that range.
 #pragma once
 
 #include <gesso/containers/Index.h>
@@ -72,6 +74,7 @@ struct NavigationBarItem : gesso::TreeRecord<NavigationBarItem>
 namespace gesso {
 
 class NavigationRows;
+struct RowPlace;
 
 } // namespace gesso
 
@@ -236,6 +239,17 @@ private:
     void ItemInserted(const NavigationBarItem& item, bool fShown);
     bool RowsChanged();
     bool UpdateScrollbars();
+
+    int LastPixel() const;
+    gesso::RowPlace PlaceOf(UINT row) const;
+    int PageHeight() const;
+    UINT SelectableAt(POINTS pt) const;
+    LRESULT KeysWanted(const MSG* pMessage) const;
+    LRESULT OnTyped(WPARAM wChar, LPARAM lParam);
+    UINT SelectableFrom(UINT row, bool fDown) const;
+    void StepTo(UINT row);
+    void StepOut();
+    void StepIn();
 
     int LeftOf(const NavigationBarItem& item) const;
     gesso::NavigationRows Rows() const;

@@ -4,7 +4,9 @@
 #include <gesso/tree/TreeActions.h>
 #include <gesso/tree/TreeRules.h>
 
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 using gesso::TreeActions;
 
 gesso::TreeItems<NavigationBarItem, GNavigationBar::Rules> GNavigationBar::Items() const
@@ -14,7 +16,7 @@ gesso::TreeItems<NavigationBarItem, GNavigationBar::Rules> GNavigationBar::Items
 
 gesso::TreeView<NavigationBarItem, GNavigationBar::Rules> GNavigationBar::View()
 {
-    return {m_aVisible, m_pSelected, m_nSelected};
+    return {m_aVisible, m_pSelected, m_nSelected, gesso::RowQuirksOf(*this)};
 }
 
 // --- Items
@@ -66,17 +68,19 @@ void* GNavigationBar::GetItemCustomData(void* hItem) const
 
 void GNavigationBar::SetItemState(void* hItem, UINT uState, UINT uMask)
 {
-    View().SetState(hItem, uState, uMask);
+    TreeActions::SetItemState(*this, hItem, uState, uMask);
 }
 
 void GNavigationBar::SetItemName(void* hItem, LPCWSTR pszName)
 {
     Items().SetName(hItem, pszName);
+    TreeActions::ShowField(*this);
 }
 
 void GNavigationBar::SetItemImage(void* hItem, UINT nImage)
 {
     Items().SetImage(hItem, nImage);
+    TreeActions::ShowField(*this);
 }
 
 void GNavigationBar::SetItemCustomData(void* hItem, void* pData)
@@ -114,13 +118,14 @@ void GNavigationBar::SortChildren(void* hItem)
 
 void* GNavigationBar::GetSelectedItem() const
 {
-    return m_aVisible[m_nSelected];
+    return Has(*this, Quirk::TreeSelectsByNumber) ? m_aVisible[m_nSelected] : m_pSelected;
 }
 
 void GNavigationBar::SetSelectedItem(void* hItem)
 {
     if (View().Select(hItem)) {
         Invalidate(0);
+        TreeActions::TellSelection(*this);
     }
 }
 
@@ -131,7 +136,10 @@ UINT GNavigationBar::FindVisibleIndex(NavigationBarItem* item) const
 
 void GNavigationBar::Expand(void* hItem)
 {
-    Expand(Items().RowOf(hItem));
+    const UINT row = TreeActions::RowToShow(*this, hItem);
+    if (row != NO_INDEX) {
+        Expand(row);
+    }
 }
 
 void GNavigationBar::Expand(UINT row)
@@ -151,7 +159,7 @@ void GNavigationBar::Collapse(UINT row)
 
 void GNavigationBar::EnsureVisible(void* hItem)
 {
-    const UINT row = Items().RowOf(hItem);
+    const UINT row = TreeActions::RowToShow(*this, hItem);
     if (row != NO_INDEX) {
         EnsureVisible(row);
     }

@@ -15,6 +15,7 @@
 
 using gesso::ColorOf;
 using gesso::Frame;
+using gesso::IsSelectable;
 using gesso::KindOf;
 using gesso::NO_INDEX;
 using gesso::Pixels;
@@ -29,11 +30,6 @@ namespace {
 bool ShowsGlyph(const NavigationBarItem& item)
 {
     return KindOf(item) == NBIK_SUBITEM ? item.aChildren.GetLength() > 0 : gesso::HasExpander(item);
-}
-
-bool IsSelectable(const NavigationBarItem& item)
-{
-    return KindOf(item) == NBIK_ITEM || KindOf(item) == NBIK_SUBITEM;
 }
 
 } // namespace
@@ -209,6 +205,15 @@ WORD GNavigationBar::PartAt(const NavigationBarItem& item, int x, int nRight) co
     return isWithin(fAtLeft ? cells.nLabel : cells.nGlyph, nRight) ? NHT_LABEL : NHT_ROW;
 }
 
+// The row at a point that a click there may select.
+UINT GNavigationBar::SelectableAt(POINTS pt) const
+{
+    HitTestInfo hit{pt, NO_INDEX, NHT_NOWHERE, 0};
+    HitTest(&hit);
+    const NavigationBarItem* item = m_aVisible[hit.nItem];
+    return item && IsSelectable(*item) ? hit.nItem : NO_INDEX;
+}
+
 // --- The mouse
 
 LRESULT GNavigationBar::OnLButtonDown(WPARAM, POINTS pt)
@@ -307,7 +312,9 @@ void GNavigationBar::ClickItem(NavigationBarItem* item, POINTS pt)
         return;
     }
     View().SelectItem(item);
-    gesso::SendItemNotify(*this, static_cast<UINT>(NM_CLICK), item, m_nSelected, 0, pt.x, pt.y);
+    if (TreeActions::TellSelection(*this) && Items().IsInTree(item)) {
+        gesso::SendItemNotify(*this, static_cast<UINT>(NM_CLICK), item, Items().FindRow(item), 0, pt.x, pt.y);
+    }
 }
 
 LRESULT GNavigationBar::OnLButtonDblClk(WPARAM, POINTS pt)

@@ -18,7 +18,9 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::Pixels;
+using gesso::Quirk;
 using gesso::TreeActions;
 using gesso::TreeInput;
 namespace Metrics = gesso::Metrics;
@@ -196,27 +198,51 @@ bool GTree::RowsChanged()
     return true;
 }
 
-// A text is measured once; it is measured again when it, or the font, has changed.
-void GTree::MeasureRows()
+// Measures texts in the tree's font, in a context that is made for the first of them. A text is measured
+// once; it is measured again when it, or the font, has changed.
+class GTree::TextMeasure
 {
-    std::optional<gesso::WindowContext> hdc;
-    std::optional<gesso::SelectScope> font;
-    const auto measure = [&](const TreeItem& item) {
-        if (!hdc) {
-            hdc.emplace(IsWindow(m_hWnd) ? m_hWnd : nullptr);
-            font.emplace(*hdc, m_hFont);
-        }
-        RECT rc{0, 0, Pixels(m_hWnd, Metrics::TREE_TEXT_ROOM), static_cast<LONG>(m_nItemHeight)};
-        DrawTextW(*hdc, item.strName, -1, &rc, gesso::TREE_LABEL_FORMAT | DT_CALCRECT);
-        return static_cast<int>(rc.right - rc.left);
-    };
-    const gesso::TreeMeasures cells = gesso::PaintedMeasures(m_hWnd);
-    const int nWidest = m_aVisible.Inside().rows.Widest([&](TreeItem& item) {
+public:
+    explicit TextMeasure(const GTree& tree) : m_tree(tree) {}
+
+    int WidthOf(TreeItem& item)
+    {
         int& nWidth = item.place.nTextWidth;
         if (nWidth == gesso::NOT_MEASURED) {
-            nWidth = item.strName.GetLength() > 0 ? measure(item) : 0;
+            nWidth = item.strName.GetLength() > 0 ? Measure(item) : 0;
         }
-        return (item.nLevel + 1) * cells.nLevelStep + nWidth; // the root's level is -1
+        return nWidth;
+    }
+
+private:
+    int Measure(const TreeItem& item)
+    {
+        const HWND hwnd = m_tree.m_hWnd;
+        if (!m_hdc) {
+            m_hdc.emplace(IsWindow(hwnd) ? hwnd : nullptr);
+            m_font.emplace(*m_hdc, m_tree.m_hFont);
+        }
+        RECT rc{0, 0, Pixels(hwnd, Metrics::TREE_TEXT_ROOM), static_cast<LONG>(m_tree.m_nItemHeight)};
+        DrawTextW(*m_hdc, item.strName, -1, &rc, gesso::TREE_LABEL_FORMAT | DT_CALCRECT);
+        return static_cast<int>(rc.right - rc.left);
+    }
+
+    const GTree& m_tree;
+    std::optional<gesso::WindowContext> m_hdc;
+    std::optional<gesso::SelectScope> m_font;
+};
+
+int GTree::TextWidth(TreeItem& item) const
+{
+    return TextMeasure(*this).WidthOf(item);
+}
+
+void GTree::MeasureRows()
+{
+    TextMeasure measure(*this);
+    const gesso::TreeMeasures cells = gesso::PaintedMeasures(m_hWnd);
+    const int nWidest = m_aVisible.Inside().rows.Widest([&](TreeItem& item) {
+        return (item.nLevel + 1) * cells.nLevelStep + measure.WidthOf(item); // the root's level is -1
     });
     const int nLabel = gesso::LayOutCells(cells, -1, m_uTreeStyle).nLabel;
     m_nContentWidth = m_aVisible.GetLength() > 0 ? static_cast<UINT>(nWidest + nLabel) : 0;
@@ -230,6 +256,10 @@ bool GTree::UpdateScrollbars()
     if (m_hWnd) {
         RECT rc{};
         GetClientRectNoScroll(&rc);
+        if (!Has(*this, Quirk::TreePagesForgetBars)) {
+            rc.right = RoomWithBar(SB_VERT);
+            rc.bottom = RoomWithBar(SB_HORZ);
+        }
         CalcScrollbars(rc.right, rc.bottom);
     }
     return life;
@@ -245,8 +275,11 @@ void GTree::CalcScrollbars(int cx, int cy)
             sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, nMax, static_cast<UINT>(std::max(nPage, 0)), 0, 0};
     };
     const int nLast = gesso::EvenRows{m_nItemHeight}.LastPixel(m_aVisible.GetLength());
-    const SCROLLINFO siH = info(static_cast<int>(m_nContentWidth) - 1, cx, SM_CXVSCROLL);
-    const SCROLLINFO siV = info(nLast, cy, SM_CYHSCROLL);
+    SCROLLINFO siH = info(static_cast<int>(m_nContentWidth) - 1, cx, SM_CXVSCROLL);
+    SCROLLINFO siV = info(nLast, cy, SM_CYHSCROLL);
+    if (!Has(*this, Quirk::TreePagesForgetBars)) {
+        CalcTruePages(cx, cy, siH, siV);
+    }
     const gesso::Lifeline life(*this);
     if (!IsSet(m_siH, m_dwHStyle, siH, std::exchange(m_nPageH, siH.nPage))) {
         SetScrollInfo(SB_HORZ, &siH);
@@ -254,6 +287,30 @@ void GTree::CalcScrollbars(int cx, int cy)
     if (life && !IsSet(m_siV, m_dwVStyle, siV, std::exchange(m_nPageV, siV.nPage))) {
         SetScrollInfo(SB_VERT, &siV);
     }
+}
+
+// What the client area would be across without the vertical bar, or down without the horizontal one.
+int GTree::RoomWithBar(int nBar) const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const bool fVert = nBar == SB_VERT;
+    const bool fStyle = Frame::Style(*this) & (fVert ? WS_VSCROLL : WS_HSCROLL);
+    const bool fShown = fStyle && !((fVert ? m_dwVStyle : m_dwHStyle) & GSB_HIDDEN);
+    const int nBarSize = gesso::SystemMetric(m_hWnd, fVert ? SM_CXVSCROLL : SM_CYHSCROLL);
+    return gesso::Saturated(int64_t{fVert ? rc.right : rc.bottom} + (fShown ? nBarSize : 0));
+}
+
+// Each bar that is needed takes its room off the other one's page.
+void GTree::CalcTruePages(int cx, int cy, SCROLLINFO& siH, SCROLLINFO& siV) const
+{
+    const int cxBar = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
+    const int cyBar = gesso::SystemMetric(m_hWnd, SM_CYHSCROLL);
+    bool fVert = siV.nMax >= cy;
+    const bool fHorz = siH.nMax >= cx - (fVert ? cxBar : 0);
+    fVert = fVert || (fHorz && siV.nMax >= cy - cyBar);
+    siH.nPage = static_cast<UINT>(std::max(cx - (fVert ? cxBar : 0), 0));
+    siV.nPage = static_cast<UINT>(std::max(cy - (fHorz ? cyBar : 0), 0));
 }
 
 LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
@@ -282,12 +339,16 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 LRESULT GTree::OnCreate(const CREATESTRUCTW*)
 {
     m_hThemeButton.Open(m_hWnd, L"BUTTON");
-    MakeFont();
+    const bool fHosts = m_hFont && (m_uTreeStyle & GTS_OWNFONT) && !Has(*this, Quirk::FontEndsWithWindow);
+    if (!fHosts) {
+        MakeFont();
+    }
     return 0;
 }
 
 LRESULT GTree::OnDestroy()
 {
+    ForgetEdit();
     m_hThemeButton.Reset();
     ReleaseFont();
     // With GTS_OWNFONT too: the font was made while the bit was set, or was given to SetFont.
@@ -326,14 +387,18 @@ LRESULT GTree::OnEnable(BOOL fEnable)
 // Tab and Escape are left to the dialog.
 LRESULT GTree::OnGetDlgCode(const MSG* pMessage) const
 {
+    constexpr LRESULT CODE = DLGC_WANTARROWS | DLGC_WANTCHARS;
+    if (!Has(*this, Quirk::TreeEnterClicks)) {
+        return CODE; // Enter too
+    }
     const bool fLeft = pMessage && pMessage->message == WM_KEYDOWN &&
                        (pMessage->wParam == VK_TAB || pMessage->wParam == VK_ESCAPE);
-    return DLGC_WANTARROWS | DLGC_WANTCHARS | (fLeft ? 0 : DLGC_WANTALLKEYS);
+    return CODE | (fLeft ? 0 : DLGC_WANTALLKEYS);
 }
 
 LRESULT GTree::OnSetFocus(HWND)
 {
-    if (m_nSelected >= m_aVisible.GetLength()) {
+    if (m_nSelected >= m_aVisible.GetLength() && Has(*this, Quirk::TreeSelectsByNumber)) {
         View().ChangeSelection(nullptr, 0);
     }
     return Frame::OnSetFocus(*this);

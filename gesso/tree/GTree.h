@@ -16,16 +16,24 @@
 //   TVN_ITEMEXPANDINGW    GLISTNOTIFY: before a row expands or collapses (uAction); the result is not read
 //   TVN_ITEMEXPANDEDW     GLISTNOTIFY: after it
 //   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
+//   TVN_BEGINLABELEDITW   GLISTNOTIFY: before an item is renamed; a non-zero answer refuses it
+//   TVN_ENDLABELEDITW     GLISTNOTIFY: after it; pszText, null where it is dropped; non-zero takes it
+// and in Modern
+//   TVN_SELCHANGEDW       GLISTNOTIFY: another item is selected, or none, by the user or by a call
+//   TVN_DELETEITEMW       GLISTNOTIFY: before an item goes, each of a branch
+//   NM_RETURN             GLISTNOTIFY: Enter
+//   NM_RCLICK, NM_RDBLCLK GLISTNOTIFY: a right click or a double one; where NM_RCLICK is answered by 0,
+//                         WM_CONTEXTMENU follows
 // Each GLISTNOTIFY has the row in iItem, -1 in iSubItem, the item's handle in pItem and the modifier keys in
-// uKeyFlags. A change of the selection alone is not reported. Check boxes change no state by themselves: the
-// host answers NM_CLICK by SetItemState with TIS_CHECKED, if it wishes.
+// uKeyFlags. In Classic check boxes change no state by themselves: the host answers NM_CLICK by SetItemState
+// with TIS_CHECKED, if it wishes.
 // Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT, PRF_NONCLIENT), WM_VSCROLL, WM_HSCROLL, WM_MOUSEWHEEL.
 //
 // Items are named by handles, which hold until the item is removed; the root, which is always there, is
 // hidden at first and stands above the top items. Where nothing else is said, a handle that is null, or of
 // another tree, or of an item that is gone is a caller's mistake: what takes it does nothing, and a getter
-// returns 0 or null. No operation sends a notification but Expand and Collapse. A copy of a tree shares its
-// items and window and has rows of its own.
+// returns 0 or null. In Classic no operation sends a notification but Expand and Collapse. A copy of a tree
+// shares its items and window and has rows of its own.
 //
 // Where an operation needs more memory than there is, it does nothing: InsertItem returns null, Expand leaves
 // the item closed. A copy without memory for its rows has none.
@@ -56,6 +64,12 @@ constexpr WORD THT_CHECKBOX = 3;
 constexpr WORD THT_IMAGE = 4;
 constexpr WORD THT_LABEL = 5;
 
+namespace gesso {
+
+struct RowPlace;
+
+} // namespace gesso
+
 // One item, owned by its tree; named by its handle.
 struct TreeItem : gesso::TreeRecord<TreeItem>
 {
@@ -85,10 +99,11 @@ public:
     // DestroyWindow. Returns 0 without a window.
     virtual int Destroy();
 
-    // Of an item that is in view, with the notifications; repaints. Nothing for an item that is not.
+    // Of an item that is in view, with the notifications; repaints. Nothing for an item that is not; in
+    // Modern Expand opens what stands above it first, with the notifications.
     virtual void Expand(void* hItem);
     virtual void Collapse(void* hItem);
-    // Scrolls until the selected row is in sight.
+    // Scrolls until the selected row is in sight; in Modern the given item's, opening what stands above it.
     // Fixed behaviour: whichever item in view is given; trees of hosts that give another one would jump.
     virtual void EnsureVisible(void* hItem);
 
@@ -116,9 +131,9 @@ public:
     virtual void* InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState,
                              void* pData);
     // Removes an item with all below it; repaints.
-    // Fixed behaviour: a row of it stays where it is, with nothing behind it, until the branch that it stands
-    // in is collapsed or all items are removed, and until then the getters answer for it; the rows behind it
-    // would move under hosts that count them, or that still ask for the item.
+    // Fixed behaviour of Classic: a row of it stays where it is, with nothing behind it, until the branch
+    // that it stands in is collapsed or all items are removed, and until then the getters answer for it; the
+    // rows behind it would move under hosts that count them, or that still ask for the item.
     virtual void RemoveItem(void* hItem);
     virtual void RemoveAllItems();
     // 0 for the top items, -1 for the root.
@@ -133,28 +148,42 @@ public:
     // result is -1 and not null: callers loop until that value.
     virtual void* GetItemNextChild(void* hParent, void* hChild) const;
     virtual void* GetItemCustomData(void* hItem) const;
-    // Clears the bits of uMask, then sets those of uState, which uMask does not limit. None of the setters
-    // repaints.
+    // Clears the bits of uMask, then sets those of uState, which uMask does not limit. In Classic none of the
+    // setters repaints; in Modern they show at once, TIS_EXPANDED with the rows.
     virtual void SetItemState(void* hItem, UINT uState, UINT uMask);
     virtual void SetItemName(void* hItem, LPCWSTR pszName);
     virtual void SetItemImage(void* hItem, UINT nImage);
-    // Makes an item the last child of another one, for moves within a level: the rows, the item's level and
-    // the parent that GetItemParent names stay as they are until the branches are collapsed and expanded.
-    // Ignored where hNewParent is below hItem. Repaints.
+    // Makes an item the last child of another one. In Classic it is for moves within a level: the rows, the
+    // item's level and the parent that GetItemParent names stay as they are until the branches are collapsed
+    // and expanded. Ignored where hNewParent is below hItem. Repaints.
     virtual void SetItemParent(void* hItem, void* hNewParent);
     virtual void SetItemCustomData(void* hItem, void* pData);
     // Sorts the children by name, capitals and small letters being alike; GetRootItem() for the top items.
-    // Meant for items in view whose children are collapsed: the rows behind the item become its children, one
-    // after the other, whatever stood there. Repaints.
+    // In Classic meant for items in view whose children are collapsed: the rows behind the item become its
+    // children, one after the other, whatever stood there. Repaints.
     virtual void SortChildren(void* hItem);
-    // The item of the selected row, null for none.
+    // The item of the selected row, null for none; in Modern the selected item, in view or not.
     virtual void* GetSelectedItem() const;
-    // Null selects nothing. No repaint, no scrolling.
+    // Null selects nothing. No scrolling, and in Classic no repaint.
     virtual void SetSelectedItem(void* hItem);
     // Whether the root has a row, the first one. No repaint.
     virtual void SetRootVisible(bool fVisible);
 
     void Draw(HDC hdc);
+
+    // The item whose row is at a point in client coordinates; null outside of the client area and of all
+    // rows.
+    void* ItemFromPoint(POINT client) const;
+    // Writes where an item's row is, or its label's text alone, in client coordinates; it may be out of
+    // sight. False, with nothing written, where the item has no row.
+    bool GetItemRect(void* hItem, bool labelOnly, RECT* prc) const;
+    // As InsertItem, behind the siblings that the shell's order of names puts in front of it: capitals and
+    // small letters are alike, "file 2" comes before "file 10". The siblings are to be in that order already.
+    void* InsertSorted(void* hParent, LPCWSTR pszName, UINT nImage, UINT uState, void* pData);
+    // Lets the user rename an item: opens what stands above it, brings it into view, and puts a text field
+    // over its label, with the notifications. A field that is there takes its text first. False for a bad
+    // item, where the parent refuses, and where there is no window; so it is for a copy.
+    bool EditLabel(void* hItem);
 
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
@@ -236,15 +265,33 @@ private:
     bool RowsChanged();
     bool UpdateScrollbars();
 
+    class TextMeasure;
+    int RoomWithBar(int nBar) const;
+    void CalcTruePages(int cx, int cy, SCROLLINFO& siH, SCROLLINFO& siV) const;
     void MeasureRows();
+    int TextWidth(TreeItem& item) const;
     void TakeFont(HFONT hFont);
     void MakeFont();
     void ReleaseFont();
+    gesso::RowPlace PlaceOf(UINT row) const;
     RECT RowRect(UINT row, int cx) const;
     UINT RowAt(int y) const;
+    UINT SelectableAt(POINTS pt) const;
+    UINT SelectableFrom(UINT row, bool fDown) const;
     void DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const;
     WORD PartAt(const TreeItem& item, int x) const;
 
+    bool ShowWholeLabel(TreeItem* item);
+    bool BeginEdit(TreeItem* item);
+    static void OnEditEnded(HWND hwndTree, LPCWSTR pszText);
+    void EndEdit(LPCWSTR pszText);
+    void EndLostEdit();
+    void PlaceEdit();
+    void ForgetEdit();
+
+    void Tick(TreeItem& item);
+    void ClickRow(UINT row, WORD nPart, POINTS pt);
+    void ClickSelected();
     void StepByKey(UINT uKey);
     void StepTo(UINT row);
     void StepToStart();

@@ -4,7 +4,9 @@
 #include <gesso/tree/TreeActions.h>
 #include <gesso/tree/TreeRules.h>
 
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 using gesso::TreeActions;
 
 gesso::TreeItems<TreeItem, GTree::Rules> GTree::Items() const
@@ -14,7 +16,7 @@ gesso::TreeItems<TreeItem, GTree::Rules> GTree::Items() const
 
 gesso::TreeView<TreeItem, GTree::Rules> GTree::View()
 {
-    return {m_aVisible, m_pSelected, m_nSelected};
+    return {m_aVisible, m_pSelected, m_nSelected, gesso::RowQuirksOf(*this)};
 }
 
 // --- Items
@@ -66,17 +68,21 @@ void* GTree::GetItemCustomData(void* hItem) const
 
 void GTree::SetItemState(void* hItem, UINT uState, UINT uMask)
 {
-    View().SetState(hItem, uState, uMask);
+    TreeActions::SetItemState(*this, hItem, uState, uMask);
 }
 
 void GTree::SetItemName(void* hItem, LPCWSTR pszName)
 {
     Items().SetName(hItem, pszName);
+    if (!Has(*this, Quirk::TreeSettersShowLater)) {
+        RowsChanged();
+    }
 }
 
 void GTree::SetItemImage(void* hItem, UINT nImage)
 {
     Items().SetImage(hItem, nImage);
+    TreeActions::ShowField(*this);
 }
 
 void GTree::SetItemCustomData(void* hItem, void* pData)
@@ -87,6 +93,11 @@ void GTree::SetItemCustomData(void* hItem, void* pData)
 void* GTree::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
 {
     return TreeActions::InsertItem(*this, hParent, hAfter, pszName, nImage, uState, pData);
+}
+
+void* GTree::InsertSorted(void* hParent, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
+{
+    return TreeActions::InsertSorted(*this, hParent, pszName, nImage, uState, pData);
 }
 
 void GTree::RemoveItem(void* hItem)
@@ -113,12 +124,13 @@ void GTree::SortChildren(void* hItem)
 
 void* GTree::GetSelectedItem() const
 {
-    return m_aVisible[m_nSelected];
+    return Has(*this, Quirk::TreeSelectsByNumber) ? m_aVisible[m_nSelected] : m_pSelected;
 }
 
 void GTree::SetSelectedItem(void* hItem)
 {
     View().Select(hItem);
+    TreeActions::TellSelection(*this);
 }
 
 UINT GTree::FindVisibleIndex(TreeItem* item) const
@@ -128,7 +140,10 @@ UINT GTree::FindVisibleIndex(TreeItem* item) const
 
 void GTree::Expand(void* hItem)
 {
-    Expand(Items().RowOf(hItem));
+    const UINT row = TreeActions::RowToShow(*this, hItem);
+    if (row != NO_INDEX) {
+        Expand(row);
+    }
 }
 
 void GTree::Expand(UINT row)
@@ -148,7 +163,7 @@ void GTree::Collapse(UINT row)
 
 void GTree::EnsureVisible(void* hItem)
 {
-    const UINT row = Items().RowOf(hItem);
+    const UINT row = TreeActions::RowToShow(*this, hItem);
     if (row != NO_INDEX) {
         EnsureVisible(row);
     }
@@ -156,10 +171,12 @@ void GTree::EnsureVisible(void* hItem)
 
 void GTree::SetItemParent(void* hItem, void* hNewParent)
 {
-    if (View().Move(hItem, hNewParent)) {
+    if (!View().Move(hItem, hNewParent)) {
+        gesso::Misuse("GTree::SetItemParent: a bad handle, or a parent below the item");
+    } else if (Has(*this, Quirk::TreeRowsStay)) {
         Invalidate(0);
     } else {
-        gesso::Misuse("GTree::SetItemParent: a bad handle, or a parent below the item");
+        RowsChanged();
     }
 }
 

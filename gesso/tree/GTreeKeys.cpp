@@ -9,7 +9,9 @@
 #include <algorithm>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 using gesso::TreeActions;
 using gesso::TreeInput;
 
@@ -30,13 +32,28 @@ bool TakesPartInSearch(UINT ch)
 
 } // namespace
 
+// Any row can be.
+UINT GTree::SelectableFrom(UINT row, bool) const
+{
+    return row;
+}
+
 LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT)
 {
+    if (TreeInput::GoesOnWithWord(*this, uKey)) {
+        return 0;
+    }
     if (uKey == VK_RETURN || uKey == VK_SPACE) {
         m_ftLastChar = 0;
-        if (m_aVisible[m_nSelected]) {
-            TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
+        if (uKey == VK_RETURN && !Has(*this, Quirk::TreeEnterClicks)) {
+            TreeActions::SendItem(*this, static_cast<UINT>(NM_RETURN), m_nSelected, 0, -1, -1);
+        } else {
+            ClickSelected();
         }
+        return 0;
+    }
+    if (uKey == VK_F2 && m_aVisible[m_nSelected] && !Has(*this, Quirk::TreeF2IsIdle)) {
+        EditLabel(m_pSelected);
         return 0;
     }
     if (uKey < VK_PRIOR || uKey > VK_DOWN) {
@@ -50,8 +67,19 @@ LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT)
             TreeInput::ScrollRowIntoView(*this, m_nSelected, GoesUp(uKey), !GoesUp(uKey));
         }
         TreeActions::RedrawAll(*this);
+        TreeActions::TellSelection(*this);
     }
     return 0;
+}
+
+void GTree::ClickSelected()
+{
+    if (TreeItem* item = m_aVisible[m_nSelected]) {
+        if (m_uTreeStyle & GTS_CHECKBOXES) {
+            Tick(*item);
+        }
+        TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
+    }
 }
 
 // May end in the control's destruction.
@@ -93,6 +121,9 @@ void GTree::StepTo(UINT row)
 // the first row still selected.
 void GTree::StepToStart()
 {
+    if (!Has(*this, Quirk::TreeSelectsByNumber)) {
+        return StepTo(0);
+    }
     View().ChangeSelection(nullptr, 0);
     EnsureVisible(m_nSelected);
     Invalidate(0);
@@ -172,6 +203,9 @@ void GTree::StepIn()
 
 LRESULT GTree::OnChar(UINT ch, UINT, UINT)
 {
+    if (!Has(*this, Quirk::TreeTypesLatinWords)) {
+        return TreeInput::OnTyped(*this, static_cast<wchar_t>(ch));
+    }
     const ULONGLONG ftNow = gesso::SystemTicks();
     if (m_ftLastChar + TYPING_PAUSE < ftNow) {
         m_szSearch[0] = 0;

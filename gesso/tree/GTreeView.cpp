@@ -16,7 +16,9 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 using gesso::TreeActions;
 using gesso::TreeInput;
 
@@ -28,15 +30,48 @@ constexpr WORD NO_PART = 0xFFFF;
 
 // --- Rows
 
+gesso::RowPlace GTree::PlaceOf(UINT row) const
+{
+    return gesso::EvenRows{m_nItemHeight}.PlaceOf(row);
+}
+
 // Of the client area; painting, hit-testing and scrolling reckon by the same even rows.
 RECT GTree::RowRect(UINT row, int cx) const
 {
-    return gesso::RectOf(gesso::EvenRows{m_nItemHeight}.PlaceOf(row), m_siV.nPos, cx);
+    return gesso::RectOf(PlaceOf(row), m_siV.nPos, cx);
 }
 
 UINT GTree::RowAt(int y) const
 {
     return gesso::EvenRows{m_nItemHeight}.RowAt(int64_t{m_siV.nPos} + y);
+}
+
+void* GTree::ItemFromPoint(POINT client) const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    return PtInRect(&rc, client) ? m_aVisible[RowAt(client.y)] : nullptr;
+}
+
+bool GTree::GetItemRect(void* hItem, bool labelOnly, RECT* prc) const
+{
+    const UINT row = Items().RowOf(hItem);
+    if (!hItem || !prc) {
+        gesso::Misuse("GTree::GetItemRect: no item, or nowhere to write to");
+    }
+    if (row == NO_INDEX || !prc) {
+        return false;
+    }
+    RECT rcClient{};
+    GetClientRect(m_hWnd, &rcClient);
+    *prc = RowRect(row, rcClient.right);
+    if (labelOnly) {
+        TreeItem& item = *m_aVisible[row];
+        const auto cells = gesso::LayOutCells(gesso::PaintedMeasures(m_hWnd), item.nLevel, m_uTreeStyle);
+        prc->left = gesso::Wrapped(int64_t{cells.nLabel} - m_siH.nPos);
+        prc->right = gesso::Wrapped(int64_t{prc->left} + TextWidth(item));
+    }
+    return true;
 }
 
 // --- Painting
@@ -115,9 +150,19 @@ void GTree::HitTest(HitTestInfo* pInfo) const
     }
 }
 
+UINT GTree::SelectableAt(POINTS pt) const
+{
+    HitTestInfo hit{pt, NO_INDEX, THT_NOWHERE};
+    HitTest(&hit);
+    return hit.nItem;
+}
+
 WORD GTree::PartAt(const TreeItem& item, int x) const
 {
-    const gesso::TreeCells cells = gesso::LayOutCells(gesso::HitMeasures(m_hWnd), item.nLevel, m_uTreeStyle);
+    const bool fAsPainted = !Has(*this, Quirk::TreeHitsByOwnSteps);
+    const auto measures = fAsPainted ? gesso::PaintedMeasures(m_hWnd) : gesso::HitMeasures(m_hWnd);
+    const gesso::TreeCells cells = gesso::LayOutCells(measures, item.nLevel, m_uTreeStyle);
+    x = fAsPainted ? gesso::Wrapped(int64_t{x} + m_siH.nPos) : x;
     if (x < cells.nExpander) {
         return THT_ROW;
     }
@@ -175,10 +220,31 @@ LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
     if (hit.nPart == THT_EXPANDER) {
         TreeActions::Toggle(*this, hit.nItem);
     } else if (hit.nPart > THT_EXPANDER) {
-        View().SelectRow(hit.nItem);
-        TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), hit.nItem, 0, pt.x, pt.y);
+        ClickRow(hit.nItem, press.nPart == hit.nPart ? hit.nPart : THT_ROW, pt);
     }
     return 0;
+}
+
+void GTree::ClickRow(UINT row, WORD nPart, POINTS pt)
+{
+    View().SelectRow(row);
+    TreeItem* item = m_aVisible[row];
+    const auto hold = Items().Hold(item);
+    if (!TreeActions::TellSelection(*this)) {
+        return;
+    }
+    if (nPart == THT_CHECKBOX) {
+        Tick(*item);
+    }
+    TreeActions::SendItemAgain(*this, static_cast<UINT>(NM_CLICK), item, row, 0, pt.x, pt.y);
+}
+
+void GTree::Tick(TreeItem& item)
+{
+    if (!Has(*this, Quirk::TreeBoxesTickNothing)) {
+        View().Tick(item, TIS_CHECKED);
+        Invalidate(0);
+    }
 }
 
 LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
@@ -186,7 +252,8 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
     HitTestInfo hit{pt, NO_INDEX, THT_NOWHERE};
     HitTest(&hit);
     if (hit.nPart != THT_IMAGE && hit.nPart != THT_LABEL) {
-        return 0;
+        const bool fClicks = hit.nItem != NO_INDEX && !Has(*this, Quirk::TreeLosesSecondClicks);
+        return fClicks ? TreeInput::OnLButtonDown(*this, pt) : 0;
     }
     const HWND hwnd = m_hWnd;
     TreeItem* item = m_aVisible[hit.nItem];
@@ -203,10 +270,14 @@ LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
 
 // Fixed behaviour: whatever row is given, it is the selected one that is brought into view; keys that reach
 // another row by its number would scroll the tree.
-void GTree::EnsureVisible(UINT)
+void GTree::EnsureVisible(UINT row)
 {
-    if (static_cast<int>(m_siV.nPage) < m_siV.nMax && m_nSelected < m_aVisible.GetLength()) {
-        TreeInput::ScrollRowIntoView(*this, m_nSelected, true, true);
+    const bool fSelected = Has(*this, Quirk::TreeEnsuresSelection);
+    row = fSelected ? m_nSelected : row;
+    if (static_cast<int>(m_siV.nPage) < m_siV.nMax && row < m_aVisible.GetLength() &&
+        TreeInput::ScrollRowIntoView(*this, row, true, true) && !fSelected)
+    {
+        Invalidate(0);
     }
 }
 

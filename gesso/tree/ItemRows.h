@@ -122,6 +122,20 @@ public:
         Renumber(MergeAround(iFirst));
     }
 
+    // After items have moved among rows: what is looked for next needs no walk.
+    void FindAgain(UINT row, UINT rowEnd) const
+    {
+        rowEnd = std::min(rowEnd, GetLength());
+        while (row < rowEnd) {
+            Chunk& chunk = *m_chunks[ChunkOf(row)];
+            const UINT iEnd = std::min(chunk.nCount, rowEnd - chunk.nFirst);
+            for (UINT i = row - chunk.nFirst; i < iEnd; ++i) {
+                chunk.aItems[i]->place.pChunk = &chunk;
+            }
+            row = chunk.nFirst + iEnd;
+        }
+    }
+
     void RemoveAll()
     {
         for (Chunk* pChunk : m_chunks) {

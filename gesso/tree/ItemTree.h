@@ -64,6 +64,19 @@ public:
         return i < parent.aChildren.GetLength() ? parent.aChildren[i] : nullptr;
     }
 
+    // The item behind another one in a branch, whose top comes first; null behind the last one.
+    static ITEM* NextWithin(const ITEM& top, const ITEM& item)
+    {
+        ITEM* child = NextChild(item, nullptr);
+        return child ? child : NextBehind(top, item);
+    }
+    // The same of what shows of a branch whose top is open: what is below a closed item is left out.
+    static ITEM* NextOpen(const ITEM& top, const ITEM& item, UINT uExpanded)
+    {
+        const bool fOpen = &item == &top || (item.uState & uExpanded);
+        return fOpen ? NextWithin(top, item) : NextBehind(top, item);
+    }
+
     // Null, with nothing done, without memory.
     ITEM* Insert(ITEM& parent, UINT i, LPCWSTR pszName)
     {
@@ -100,6 +113,30 @@ public:
         item.pParent->place.nStrays -= IsStray(item);
         Hold(newParent, newParent.aChildren.GetLength(), item);
         item.pParent->place.nStrays += IsStray(item);
+    }
+
+    // Whether there is memory for one more child.
+    static bool ReserveChild(ITEM& parent)
+    {
+        return parent.aChildren.AllocExtra(parent.aChildren.GetLength() + 1);
+    }
+
+    // Moves an item as Move does, and its level and the parent that it names with it. There is room for it.
+    void Adopt(ITEM& item, ITEM& newParent)
+    {
+        ITEM* const pNamed = item.pParent;
+        const bool fWasStray = IsStray(item);
+        Unlink(item);
+        Hold(newParent, newParent.aChildren.GetLength(), item);
+        item.pParent = &newParent;
+        if (fWasStray) {
+            --pNamed->place.nStrays;
+            FreeIfForgotten(*m_pStore, pNamed);
+        }
+        const int nDown = newParent.nLevel + 1 - item.nLevel;
+        for (ITEM* p = &item; p; p = NextWithin(item, *p)) {
+            p->nLevel += nDown;
+        }
     }
 
     // Takes an item out with all of its descendants. Those that rows show live on, without children and
@@ -207,9 +244,15 @@ private:
         return NO_INDEX;
     }
 
-    static bool ReserveChild(ITEM& parent)
+    // The item behind the branch of another one.
+    static ITEM* NextBehind(const ITEM& top, const ITEM& item)
     {
-        return parent.aChildren.AllocExtra(parent.aChildren.GetLength() + 1);
+        for (const ITEM* p = &item; p != &top; p = p->place.pHolder) {
+            if (ITEM* next = NextChild(*p->place.pHolder, p)) {
+                return next;
+            }
+        }
+        return nullptr;
     }
 
     // There is room for it.

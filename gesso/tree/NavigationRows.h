@@ -1,7 +1,7 @@
 // Where the rows of a navigation bar stand as they are painted and hit: each as high as its kind.
 //
-// Fixed behaviour: for the scroll range and EnsureVisible all rows are as high as an item (EvenRows); pages
-// and positions that hosts keep would mean other rows.
+// Fixed behaviour: for the scroll range and EnsureVisible all rows are as high as an item (EvenRows), but for
+// PaneRangeIsEven; pages and positions that hosts keep would mean other rows.
 #pragma once
 
 #include <gesso/tree/GNavigationBar.h>
@@ -21,6 +21,11 @@ inline UINT KindOf(const NavigationBarItem& item)
     return item.uState & NBIK_MASK;
 }
 
+inline bool IsSelectable(const NavigationBarItem& item)
+{
+    return KindOf(item) == NBIK_ITEM || KindOf(item) == NBIK_SUBITEM;
+}
+
 class NavigationRows
 {
 public:
@@ -38,6 +43,16 @@ public:
         return place;
     }
     RowPlace Behind(const RowPlace& place) const { return At(place.row + 1, place.nBottom); }
+    RowPlace PlaceOf(UINT row) const
+    {
+        RowPlace place = At(0, 0);
+        while (place.row < row) {
+            place = Behind(place);
+        }
+        return place;
+    }
+    // What the scroll range of all rows ends with.
+    int LastPixel() const { return static_cast<int>(std::min<int64_t>(PlaceOf(NO_INDEX).nTop, INT_MAX)) - 1; }
 
 private:
     RowPlace At(UINT row, int64_t nTop) const

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/tree/ItemNotify.h>
 #include <gesso/tree/TreeView.h>
 
@@ -15,6 +17,35 @@ struct TreeActions
     static LRESULT SendItem(CONTROL& tree, UINT uCode, UINT row, UINT uAction, int x, int y)
     {
         return SendItemNotify(tree, uCode, tree.m_aVisible[row], row, uAction, x, y);
+    }
+
+    // The same of an item that another notification may have moved by now; of one that is gone nothing is
+    // told.
+    template <class CONTROL, class ITEM>
+    static void SendItemAgain(CONTROL& tree, UINT uCode, ITEM* item, UINT rowFormer, UINT uAction, int x,
+                              int y)
+    {
+        const UINT row = tree.m_aVisible[rowFormer] == item ? rowFormer : tree.View().FindRow(item);
+        if (row != NO_INDEX) {
+            SendItem(tree, uCode, row, uAction, x, y);
+        }
+    }
+
+    // --- Selection
+
+    // Tells the parent of the selection, if that is another than it knows. False where there is nothing to go
+    // on with.
+    template <class CONTROL> static bool TellSelection(CONTROL& tree)
+    {
+        auto& pTold = tree.m_aVisible.Inside().pToldSelection;
+        if (pTold == tree.m_pSelected || Has(tree, Quirk::TreeSelectionIsSilent)) {
+            return true;
+        }
+        pTold = tree.m_pSelected;
+        RedrawAll(tree);
+        const Watch watch(tree);
+        SendItemNotify(tree, TVN_SELCHANGEDW, tree.m_pSelected, tree.m_nSelected, 0, -1, -1);
+        return watch;
     }
 
     template <class CONTROL> static void SetItemHeight(CONTROL& tree, UINT nHeight)
@@ -35,6 +66,16 @@ struct TreeActions
         return item;
     }
 
+    template <class CONTROL, class... FIELDS>
+    static void* InsertSorted(CONTROL& tree, void* hParent, LPCWSTR pszName, FIELDS... fields)
+    {
+        const auto [item, row] = tree.View().InsertSorted(hParent, pszName, fields...);
+        if (item) {
+            tree.ItemInserted(*item, row != NO_INDEX);
+        }
+        return item;
+    }
+
     template <class CONTROL> static void RemoveItem(CONTROL& tree, void* hItem)
     {
         auto* item = tree.View().Removable(hItem);
@@ -42,19 +83,54 @@ struct TreeActions
             return;
         }
         const auto hold = tree.View().Hold(item);
-        if (tree.View().RemoveRows(*item) && !RedrawWithBars(tree)) {
+        if (!TellRemoval(tree, *item)) {
             return;
         }
+        const Lifeline life(tree);
+        if (tree.View().RemoveRows(*item)) {
+            RedrawWithBars(tree);
+        } else if (!Has(tree, Quirk::TreeRowsStay)) {
+            tree.Invalidate(0); // its parent may have no expander any more
+        }
         // The parent may have removed it as well, while it drew beside bars that went.
-        if (tree.View().IsInTree(item)) {
+        if (life && tree.View().IsInTree(item)) {
             tree.DeleteItem(item);
+        }
+        if (life) {
+            TellAfterRemoval(tree);
         }
     }
 
     template <class CONTROL> static void RemoveAllItems(CONTROL& tree)
     {
+        auto& root = *tree.View().Root();
+        if (root.fGoing || !TellRemoval(tree, root)) {
+            return;
+        }
+        root.fGoing = root.fTold = false;
         tree.View().RemoveAll();
-        RedrawWithBars(tree);
+        if (RedrawWithBars(tree)) {
+            TellAfterRemoval(tree);
+        }
+    }
+
+    template <class CONTROL> static void SetItemState(CONTROL& tree, void* hItem, UINT uState, UINT uMask)
+    {
+        if (tree.View().SetState(hItem, uState, uMask)) {
+            if (tree.RowsChanged()) {
+                TellSelection(tree);
+            }
+        } else {
+            ShowField(tree);
+        }
+    }
+
+    // After a change of what a row shows.
+    template <class CONTROL> static void ShowField(CONTROL& tree)
+    {
+        if (!Has(tree, Quirk::TreeSettersShowLater)) {
+            tree.Invalidate(0);
+        }
     }
 
     template <class CONTROL> static void SortChildren(CONTROL& tree, void* hItem)
@@ -82,10 +158,38 @@ struct TreeActions
         if (!tree.View().MayCollapse(row) || !AskExpansion(tree, &row, TVE_COLLAPSE)) {
             return;
         }
+        auto* item = tree.m_aVisible[row];
+        const auto hold = tree.View().Hold(item);
         tree.View().Collapse(row);
-        if (tree.RowsChanged()) {
-            SendItem(tree, TVN_ITEMEXPANDEDW, row, TVE_COLLAPSE, -1, 0);
+        if (tree.RowsChanged() && TellSelection(tree)) {
+            SendItemAgain(tree, TVN_ITEMEXPANDEDW, item, row, TVE_COLLAPSE, -1, 0);
         }
+    }
+
+    // Opens what is closed above an item, from the top down. The item's row; NO_INDEX where it has none
+    // still, and where there is nothing to go on with.
+    template <class CONTROL, class ITEM> static UINT OpenAbove(CONTROL& tree, ITEM* item)
+    {
+        const Watch watch(tree);
+        const auto hold = tree.View().Hold(item);
+        while (auto* pClosed = tree.View().ClosedAbove(*item)) {
+            const auto holdClosed = tree.View().Hold(pClosed);
+            Expand(tree, tree.View().FindRow(pClosed));
+            if (!watch || !tree.View().IsInTree(item) || !tree.View().IsExpanded(*pClosed)) {
+                return NO_INDEX;
+            }
+        }
+        return tree.View().FindRow(item);
+    }
+
+    // The row of an item that is to be expanded or brought into view.
+    template <class CONTROL> static UINT RowToShow(CONTROL& tree, void* hItem)
+    {
+        auto* item = hItem ? tree.View().ItemOf(hItem) : nullptr;
+        if (!item || Has(tree, Quirk::TreeOpensRowsInView)) {
+            return tree.View().FindRow(item);
+        }
+        return OpenAbove(tree, item);
     }
 
     template <class CONTROL> static void Toggle(CONTROL& tree, UINT row)
@@ -101,6 +205,14 @@ struct TreeActions
         if (tree.m_hWnd) {
             RedrawWindow(tree.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
         }
+        PlaceEdit(tree);
+    }
+
+    template <class CONTROL> static void PlaceEdit(CONTROL& tree)
+    {
+        if constexpr (requires { tree.PlaceEdit(); }) {
+            tree.PlaceEdit();
+        }
     }
 
     // False where the object is gone: bars that come or go let the parent draw.
@@ -114,6 +226,36 @@ struct TreeActions
     }
 
 private:
+    // Tells the parent of each item of a branch, which stays as it is meanwhile, that it goes. False where
+    // that leaves nothing to do: the tree is gone, or the parent has removed more.
+    template <class CONTROL, class ITEM> static bool TellRemoval(CONTROL& tree, ITEM& top)
+    {
+        if (Has(tree, Quirk::TreeRemovalIsSilent)) {
+            return true;
+        }
+        tree.View().Doom(top);
+        top.fTold = &top == tree.View().Root();
+        const Lifeline life(tree);
+        for (ITEM* item = &top; (item = tree.View().NextUntold(top, *item));) {
+            item->fTold = true;
+            SendItemNotify(tree, TVN_DELETEITEMW, item, tree.View().FindRow(item), 0, -1, -1);
+            if (!life || (&top != tree.View().Root() && !tree.View().IsInTree(&top))) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // The selection, and the end of an edit, that went with what was removed.
+    template <class CONTROL> static void TellAfterRemoval(CONTROL& tree)
+    {
+        if (TellSelection(tree)) {
+            if constexpr (requires { tree.EndLostEdit(); }) {
+                tree.EndLostEdit();
+            }
+        }
+    }
+
     // Tells the parent what is to come. False where that leaves nothing to do: the parent has destroyed the
     // control, taken the row away, or expanded or collapsed it itself. The row may have moved.
     template <class CONTROL> static bool AskExpansion(CONTROL& tree, UINT* pRow, UINT uAction)

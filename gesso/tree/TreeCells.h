@@ -1,8 +1,8 @@
 // Where the cells of a tree's row lie.
 //
-// Fixed behaviour: painting and hit-testing have measures of their own that do not agree, and only painting
-// moves with the horizontal position; a click on the same pixel would tick, toggle or select where it did not
-// before.
+// Fixed behaviour, but for TreeHitsByOwnSteps: painting and hit-testing have measures of their own that do
+// not agree, and only painting moves with the horizontal position; a click on the same pixel would tick,
+// toggle or select where it did not before.
 #pragma once
 
 #include <gesso/framework/Metrics.h>

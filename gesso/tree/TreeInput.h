@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <utility>
 
 namespace gesso {
 
@@ -24,13 +25,14 @@ struct TreeInput
     {
         const auto nLimited = static_cast<int>(std::clamp<int64_t>(nPos, INT_MIN, INT_MAX));
         tree.GWndScroll::SetScrollPos(nBar, nLimited, 1);
+        TreeActions::PlaceEdit(tree);
     }
 
-    // By the height of an item, whatever height the rows have. False where there is nothing to do.
+    // False where there is nothing to do.
     template <class CONTROL>
     static bool ScrollRowIntoView(CONTROL& tree, UINT row, bool fFromAbove, bool fFromBelow)
     {
-        const RowPlace place = EvenRows{tree.m_nItemHeight}.PlaceOf(row);
+        const RowPlace place = tree.PlaceOf(row);
         const auto nPage = static_cast<int>(tree.m_siV.nPage);
         if (fFromAbove && place.nTop < tree.m_siV.nPos) {
             ScrollTo(tree, SB_VERT, place.nTop);
@@ -123,6 +125,97 @@ struct TreeInput
         return Frame::OnMouseLeave(tree);
     }
 
+    // --- Type-ahead
+
+    template <class CONTROL> static LRESULT OnTyped(CONTROL& tree, wchar_t c)
+    {
+        auto& typed = tree.m_aVisible.Inside().typed;
+        if (!typed.Add(c)) {
+            return 0;
+        }
+        const auto textOf = [&](UINT row) -> LPCWSTR {
+            const bool fSelectable = tree.SelectableFrom(row, true) == row;
+            return fSelectable ? static_cast<LPCWSTR>(tree.m_aVisible[row]->strName) : nullptr;
+        };
+        const UINT row = typed.Find(tree.m_nSelected, tree.m_aVisible.GetLength(), textOf);
+        if (row != NO_INDEX) {
+            tree.View().SelectRow(row);
+            tree.EnsureVisible(row);
+            TreeActions::RedrawAll(tree);
+            TreeActions::TellSelection(tree);
+        }
+        return 0;
+    }
+
+    // A key that is none of a word's ends the word. Whether it is a blank that goes on with one.
+    template <class CONTROL> static bool GoesOnWithWord(CONTROL& tree, UINT uKey)
+    {
+        auto& typed = tree.m_aVisible.Inside().typed;
+        if (uKey == VK_SPACE && typed.IsUnderWay()) {
+            return true;
+        }
+        if (uKey == VK_RETURN || (uKey >= VK_PRIOR && uKey <= VK_DOWN)) {
+            typed.Forget();
+        }
+        return false;
+    }
+
+    // --- The right button
+
+    // A press selects the item under the pointer at once, and the release tells of it, unless the press began
+    // elsewhere: then the item is the one of the release.
+    template <class CONTROL> static LRESULT OnRButtonDown(CONTROL& tree, POINTS pt)
+    {
+        const Watch watch(tree);
+        SetFocus(tree.m_hWnd);
+        if (watch) {
+            SelectUnder(tree, tree.SelectableAt(pt));
+        }
+        return 0;
+    }
+
+    template <class CONTROL> static LRESULT OnRButtonDblClk(CONTROL& tree, POINTS pt)
+    {
+        const UINT row = tree.SelectableAt(pt);
+        auto* item = tree.m_aVisible[row];
+        const auto hold = tree.View().Hold(item);
+        const Watch watch(tree);
+        OnRButtonDown(tree, pt);
+        if (watch) {
+            SendRightClick(tree, static_cast<UINT>(NM_RDBLCLK), item, row, pt);
+        }
+        return 0;
+    }
+
+    // The platform's handling of the release asks for the context menu.
+    template <class CONTROL> static LRESULT OnRButtonUp(CONTROL& tree, WPARAM wParam, LPARAM lParam)
+    {
+        const HWND hwnd = tree.m_hWnd;
+        const POINTS pt = PointOf(lParam);
+        const UINT row = tree.SelectableAt(pt);
+        auto* item = tree.m_aVisible[row];
+        const auto hold = tree.View().Hold(item);
+        const Watch watch(tree);
+        if (!SelectUnder(tree, row)) {
+            return 0;
+        }
+        const LRESULT lAnswer = SendRightClick(tree, static_cast<UINT>(NM_RCLICK), item, row, pt);
+        return watch && lAnswer == 0 ? Frame::Default(hwnd, WM_RBUTTONUP, wParam, lParam) : 0;
+    }
+
+    template <class CONTROL>
+    static LRESULT OnRightButton(CONTROL& tree, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if (Has(tree, Quirk::TreeRightClickIsSilent)) {
+            return Frame::Default(tree, uMsg, wParam, lParam);
+        }
+        switch (uMsg) {
+        case WM_RBUTTONDOWN: return OnRButtonDown(tree, PointOf(lParam));
+        case WM_RBUTTONDBLCLK: return OnRButtonDblClk(tree, PointOf(lParam));
+        default: return OnRButtonUp(tree, wParam, lParam);
+        }
+    }
+
     // --- Coming to life and going
 
     template <class CONTROL> static LRESULT OnNcCreate(CONTROL& tree, const CREATESTRUCTW* pcs)
@@ -131,7 +224,20 @@ struct TreeInput
         tree.GWndScroll::OnNcCreate(pcs);
         Frame::SetState(tree, Frame::FirstState(tree));
         tree.m_hTheme.Open(tree.m_hWnd);
+        StartAnew(tree);
         return 1;
+    }
+
+    // What a former window and its user have left.
+    template <class CONTROL> static void StartAnew(CONTROL& tree)
+    {
+        auto& inside = tree.m_aVisible.Inside();
+        if (std::exchange(inside.fHadWindow, true) && !Has(tree, Quirk::StateOutlivesWindow)) {
+            tree.m_hitDown.nItem = tree.m_hitMove.nItem = NO_INDEX;
+            tree.m_hitDown.nPart = tree.m_hitMove.nPart = 0;
+            tree.View().ChangeSelection(nullptr, NO_INDEX);
+        }
+        inside.pToldSelection = tree.m_pSelected;
     }
 
     template <class CONTROL> static LRESULT OnNcDestroy(CONTROL& tree)
@@ -183,12 +289,33 @@ struct TreeInput
         case WM_LBUTTONDOWN: return tree.OnLButtonDown(wParam, pt);
         case WM_LBUTTONUP: return tree.OnLButtonUp(wParam, pt);
         case WM_LBUTTONDBLCLK: return tree.OnLButtonDblClk(wParam, pt);
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+        case WM_RBUTTONUP: return OnRightButton(tree, uMsg, wParam, lParam);
         case WM_CAPTURECHANGED: return tree.OnCaptureChanged(reinterpret_cast<HWND>(lParam));
         case WM_MOUSEWHEEL: return tree.OnMouseWheel(LOWORD(wParam), GET_WHEEL_DELTA_WPARAM(wParam), pt);
         case WM_VSCROLL:
             return tree.OnVScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
         default: return Frame::Default(tree, uMsg, wParam, lParam);
         }
+    }
+
+private:
+    // False where there is nothing to go on with.
+    template <class CONTROL> static bool SelectUnder(CONTROL& tree, UINT row)
+    {
+        if (row != NO_INDEX) {
+            tree.View().SelectRow(row);
+        }
+        return TreeActions::TellSelection(tree);
+    }
+
+    // Of no item, or of one that is still there.
+    template <class CONTROL, class ITEM>
+    static LRESULT SendRightClick(CONTROL& tree, UINT uCode, ITEM* item, UINT rowFormer, POINTS pt)
+    {
+        const UINT row = tree.m_aVisible[rowFormer] == item ? rowFormer : tree.View().FindRow(item);
+        return TreeActions::SendItem(tree, uCode, row, 0, pt.x, pt.y);
     }
 };
 

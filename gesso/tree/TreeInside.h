@@ -1,6 +1,8 @@
 // What a tree has behind its VisibleRows: the items, shared with its copies, and the upkeep of its own rows.
 #pragma once
 
+#include <gesso/framework/TypeAhead.h>
+#include <gesso/tree/ItemHold.h>
 #include <gesso/tree/ItemRows.h>
 #include <gesso/tree/ItemTree.h>
 
@@ -8,6 +10,14 @@
 #include <utility>
 
 namespace gesso {
+
+// A renaming in progress.
+template <class ITEM> struct ItemEdit
+{
+    HWND hwnd = nullptr; // of the field; null for none
+    ITEM* item = nullptr;
+    std::unique_ptr<ItemHold<ITEM>> pHold;
+};
 
 template <class ITEM> struct TreeInside
 {
@@ -22,6 +32,10 @@ template <class ITEM> struct TreeInside
 
     ItemTree<ITEM> tree;
     ItemRows<ITEM> rows;
+    const ITEM* pToldSelection = nullptr; // the selected item that the parent knows of; only compared
+    bool fHadWindow = false;
+    ItemEdit<ITEM> edit;
+    TypeAhead typed;
 };
 
 // Made once the record itself is there, into which the rows are published.

@@ -6,7 +6,9 @@
 // expanded or checked.
 #pragma once
 
+#include <gesso/tree/NameOrder.h>
 #include <gesso/tree/NameSort.h>
+#include <gesso/tree/RowQuirks.h>
 #include <gesso/tree/TreeItems.h>
 
 #include <algorithm>
@@ -21,8 +23,8 @@ template <class ITEM, class RULES> class TreeView : public TreeItems<ITEM, RULES
     using TreeItems<ITEM, RULES>::m_rows;
 
 public:
-    TreeView(VisibleRows<ITEM>& shown, ITEM*& pSelected, UINT& nSelected)
-        : TreeItems<ITEM, RULES>(shown), m_pSelected(pSelected), m_nSelected(nSelected)
+    TreeView(VisibleRows<ITEM>& shown, ITEM*& pSelected, UINT& nSelected, RowQuirks quirks = {})
+        : TreeItems<ITEM, RULES>(shown), m_pSelected(pSelected), m_nSelected(nSelected), m_quirks(quirks)
     {}
 
     // The root, which is expanded from the start.
@@ -65,14 +67,28 @@ public:
 
     // --- State
 
+    // True where rows came or went, which they do but for TreeRowsStay.
     // Fixed behaviour: the bits to set are not limited by the mask; hosts that give a mask of 0 would set
     // nothing.
-    void SetState(void* hItem, UINT uState, UINT uMask)
+    bool SetState(void* hItem, UINT uState, UINT uMask)
     {
-        if (ITEM* item = this->ItemOf(hItem)) {
-            ChangeState(*item, (item->uState & ~(uMask & ~HIDDEN_STATE)) | (uState & ~HIDDEN_STATE));
+        ITEM* item = this->ItemOf(hItem);
+        if (!item) {
+            return false;
         }
+        const UINT uNew = (item->uState & ~(uMask & ~HIDDEN_STATE)) | (uState & ~HIDDEN_STATE);
+        const UINT row = m_quirks.fRowsStay ? NO_INDEX : m_rows.Find(item);
+        const bool fToggles = row != NO_INDEX && ((item->uState ^ uNew) & RULES::EXPANDED);
+        if (fToggles && IsExpanded(*item)) {
+            Collapse(row);
+        } else if (fToggles && !ShowBranch(row + 1, *item)) {
+            return false;
+        }
+        ChangeState(*item, uNew);
+        FollowSelection();
+        return fToggles;
     }
+    void Tick(ITEM& item, UINT uBit) { ChangeState(item, item.uState ^ uBit); }
 
     // --- Items that come and go
 
@@ -85,31 +101,69 @@ public:
     // No item for a bad parent, or without memory.
     Place Insert(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
     {
-        ITEM* parent =
-            this->IsRootByNull(hParent) ? m_tree.Root() : this->OrMisuse(m_tree.FindInTree(hParent));
-        if (!parent) {
-            return {nullptr, NO_INDEX};
-        }
-        ITEM* item = m_tree.Insert(*parent, IndexBehind(*parent, hAfter), pszName);
+        ITEM* parent = ParentForNew(hParent);
+        return parent ? InsertAt(*parent, IndexBehind(*parent, hAfter), pszName, nImage, uState, pData)
+                      : Place{nullptr, NO_INDEX};
+    }
+
+    // By name among its siblings, behind those with the same one; these are to be in that order already.
+    Place InsertSorted(void* hParent, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
+    {
+        ITEM* parent = ParentForNew(hParent);
+        return parent ? InsertAt(*parent, IndexByName(*parent, pszName ? pszName : L""), pszName, nImage,
+                                 uState, pData)
+                      : Place{nullptr, NO_INDEX};
+    }
+
+    // The item that a handle names if it may have a new child.
+    ITEM* ParentForNew(void* hParent) const
+    {
+        ITEM* parent = this->IsRootByNull(hParent) ? m_tree.Root() : m_tree.FindInTree(hParent);
+        return this->OrMisuse(parent && parent->fGoing ? nullptr : parent);
+    }
+
+    Place InsertAt(ITEM& parent, UINT i, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
+    {
+        ITEM* item = m_tree.Insert(parent, i, pszName);
         if (!item) {
             return {nullptr, NO_INDEX};
         }
         item->nImage = nImage;
         item->pCustomData = pData;
         ChangeState(*item, uState);
-        const UINT row = IsExpanded(*parent) ? RowForNew(*item) : NO_INDEX;
+        const UINT row = IsExpanded(parent) ? RowForNew(*item) : NO_INDEX;
         if (row != NO_INDEX && !m_rows.Insert(row, item)) {
             m_tree.Remove(*item, [](const ITEM*) {});
             return {nullptr, NO_INDEX};
         }
+        FollowSelection();
         return {item, row};
     }
 
-    // The item that a handle names if it can be removed.
+    // The item that a handle names if it can be removed; null also for one that goes already.
     ITEM* Removable(void* hItem) const
     {
         ITEM* item = m_tree.FindInTree(hItem);
-        return this->OrMisuse(item == m_tree.Root() ? nullptr : item);
+        this->OrMisuse(item == m_tree.Root() ? nullptr : item);
+        return !item || item == m_tree.Root() || item->fGoing ? nullptr : item;
+    }
+
+    // Marks a branch as one that goes: nothing enters or leaves it any more.
+    void Doom(ITEM& top) const
+    {
+        for (ITEM* p = &top; p; p = m_tree.NextWithin(top, *p)) {
+            p->fGoing = true;
+        }
+    }
+    // The first item of a branch, from another one on, of which the parent has not been told yet; null for
+    // none.
+    ITEM* NextUntold(const ITEM& top, ITEM& from) const
+    {
+        ITEM* p = &from;
+        while (p && p->fTold) {
+            p = m_tree.NextWithin(top, *p);
+        }
+        return p;
     }
 
     // The first step of a removal; false where no row shows the item.
@@ -120,13 +174,14 @@ public:
             return false;
         }
         const UINT rowEnd = m_rows.EndOfBranch(row);
-        const UINT rowFirst = RULES::REMOVED_ROW_STAYS ? row + 1 : row;
+        const UINT rowFirst = RULES::REMOVED_ROW_STAYS && m_quirks.fRowsStay ? row + 1 : row;
         m_rows.Remove(rowFirst, rowEnd - rowFirst);
         // Fixed behaviour: a selection below keeps its number, though its row has moved; hosts that remove an
         // item above it and select again would repaint nothing.
         if (m_nSelected >= row && m_nSelected < rowEnd) {
             ChangeSelection(nullptr, NO_INDEX);
         }
+        FollowSelection();
         return true;
     }
 
@@ -173,23 +228,45 @@ public:
             return false;
         }
         ChangeState(item, item.uState | RULES::EXPANDED);
+        FollowSelection();
         return true;
     }
 
-    // Of a row that may be collapsed. What is expanded below stays so.
+    // Of a row that may be collapsed. What is expanded below stays so. Where the selected item is hidden by
+    // it, the item is selected instead, but for TreeSelectsByNumber.
     void Collapse(UINT row)
     {
         ITEM& item = *m_rows[row];
         ChangeState(item, item.uState & ~RULES::EXPANDED);
         m_rows.Remove(row + 1, m_rows.EndOfBranch(row) - row - 1);
+        if (!m_quirks.fSelectsByNumber && m_pSelected && m_tree.IsWithin(*m_pSelected, item)) {
+            SelectItem(&item);
+        }
+        FollowSelection();
+    }
+
+    // The highest closed item above another one; null where none keeps that from being in view.
+    ITEM* ClosedAbove(const ITEM& item) const
+    {
+        ITEM* pClosed = nullptr;
+        for (ITEM* p = item.place.pHolder; p; p = p->place.pHolder) {
+            pClosed = IsExpanded(*p) ? pClosed : p;
+        }
+        return pClosed;
     }
 
     // --- Order
 
     void SortChildren(ITEM& item)
     {
+        if (item.fGoing) {
+            return;
+        }
         SortByName(item.aChildren.GetData(), item.aChildren.GetLength());
         const UINT row = m_rows.Find(&item);
+        if (!m_quirks.fRowsStay) {
+            return RewriteBranch(item, row);
+        }
         const bool fPlaced = row != NO_INDEX || &item == m_tree.Root() || !RULES::SORT_NEEDS_ROW;
         if (fPlaced && IsExpanded(item)) {
             // Of no row the number is -1, so that its children begin at 0.
@@ -209,7 +286,11 @@ public:
         if (!item || item == m_tree.Root() || !pNewParent || m_tree.IsWithin(*pNewParent, *item)) {
             return false;
         }
-        m_tree.Move(*item, *pNewParent);
+        if (m_quirks.fRowsStay) {
+            m_tree.Move(*item, *pNewParent);
+        } else if (!item->fGoing && !pNewParent->fGoing) {
+            MoveBranch(*item, *pNewParent);
+        }
         FindSelectedRow();
         return true;
     }
@@ -223,6 +304,7 @@ public:
         } else if (!fShow && fShown) {
             m_rows.Remove(0, 1);
         }
+        FollowSelection();
     }
 
     // Whether all is as it must be: for tests.
@@ -245,6 +327,59 @@ private:
         return false;
     }
 
+    // After rows came, went or moved.
+    void FollowSelection()
+    {
+        if (!m_quirks.fSelectsByNumber) {
+            FindSelectedRow();
+        }
+    }
+
+    // The rows below an item become what shows of it now. Only where another tree has the same items can
+    // there be more or fewer of these than of rows.
+    void RewriteBranch(ITEM& item, UINT row)
+    {
+        if (!IsExpanded(item) || (row == NO_INDEX && &item != m_tree.Root())) {
+            return;
+        }
+        const UINT rowFirst = row + 1;
+        const UINT rowEnd = row == NO_INDEX ? m_rows.GetLength() : m_rows.EndOfBranch(row);
+        UINT rowNext = rowFirst;
+        for (ITEM* p = &item; (p = m_tree.NextOpen(item, *p, RULES::EXPANDED)) && rowNext < rowEnd;) {
+            m_rows.Set(rowNext++, p);
+        }
+        m_rows.Remove(rowNext, rowEnd - rowNext);
+        m_rows.FindAgain(rowFirst, rowNext);
+        FindSelectedRow();
+    }
+
+    // With level, named parent and rows. The new rows come before the old ones go, so that nothing is done
+    // without memory.
+    void MoveBranch(ITEM& item, ITEM& newParent)
+    try {
+        const UINT rowParent = m_rows.Find(&newParent);
+        const UINT rowOld = m_rows.Find(&item);
+        const UINT nOld = rowOld == NO_INDEX ? 0 : m_rows.EndOfBranch(rowOld) - rowOld;
+        std::vector<ITEM*> branch;
+        if (IsExpanded(newParent) && (rowParent != NO_INDEX || &newParent == m_tree.Root())) {
+            branch.push_back(&item);
+            if (IsExpanded(item)) {
+                m_tree.AddOpenBranch(item, RULES::EXPANDED, branch);
+            }
+        }
+        const auto nNew = static_cast<UINT>(branch.size());
+        const UINT rowNew = rowParent == NO_INDEX ? m_rows.GetLength() : m_rows.EndOfBranch(rowParent);
+        if (!m_tree.ReserveChild(newParent) || !m_rows.Insert(rowNew, branch)) {
+            return;
+        }
+        const bool fOldBehind = nOld > 0 && rowNew <= rowOld;
+        m_rows.Remove(fOldBehind ? rowOld + nNew : rowOld, nOld);
+        m_tree.Adopt(item, newParent);
+        const UINT rowFirst = nOld > 0 && !fOldBehind ? rowNew - nOld : rowNew;
+        m_rows.FindAgain(rowFirst, rowFirst + nNew);
+    } catch (const std::bad_alloc&) {
+    }
+
     // Where a child behind `hAfter` stands among its siblings.
     UINT IndexBehind(const ITEM& parent, void* hAfter) const
     {
@@ -256,10 +391,21 @@ private:
         return fFront ? 0 : parent.aChildren.GetLength();
     }
 
+    static UINT IndexByName(const ITEM& parent, LPCWSTR pszName)
+    {
+        ITEM* const* const pFirst = parent.aChildren.GetData();
+        ITEM* const* const pEnd = pFirst + parent.aChildren.GetLength();
+        const auto* pAt = std::upper_bound(pFirst, pEnd, pszName, [](LPCWSTR pszNew, const ITEM* item) {
+            return CompareAsShell(pszNew, item->strName) < 0;
+        });
+        return static_cast<UINT>(pAt - pFirst);
+    }
+
     // Below an item that is expanded but not in view itself there is no row.
     UINT RowForNew(const ITEM& item) const
     {
-        return RULES::ROWS_COUNT_CHILDREN_ALONE ? RowByChildrenAlone(item) : RowByBranches(item);
+        const bool fChildrenAlone = RULES::ROWS_COUNT_CHILDREN_ALONE && m_quirks.fRowsStay;
+        return fChildrenAlone ? RowByChildrenAlone(item) : RowByBranches(item);
     }
 
     // Behind the branch of its sibling, or of its parent.
@@ -270,7 +416,7 @@ private:
         if (pAnchor == m_tree.Root()) {
             // Fixed behaviour: in front of the root's own row as well; hosts that show the root would find
             // their first item in another row.
-            return 0;
+            return m_quirks.fRowsStay ? 0 : m_rows.Find(pAnchor) + 1;
         }
         const UINT row = m_rows.Find(pAnchor);
         return row == NO_INDEX ? row : m_rows.SkipDeeper(row + 1, item.nLevel);
@@ -301,6 +447,7 @@ private:
 
     ITEM*& m_pSelected;
     UINT& m_nSelected;
+    RowQuirks m_quirks;
 };
 
 } // namespace gesso
