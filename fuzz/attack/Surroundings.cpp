@@ -72,6 +72,7 @@ void AddSurroundings(Table& table)
                    {"Show", Show},
                    {"Invalidate", Invalidate, 3},
                    {"ChangeTheme", ChangeTheme},
+                   {"ShowCues", [](World& world, Source&) { gesso::ShowKeyboardCues(world.Host()); }},
                    {"Arm", [](World& world, Source& source) { world.Arm(source); }, 12},
                });
 }

@@ -3,7 +3,9 @@
 // platform's objects.
 //
 //   gesso_attack [--class NAME]...   these classes alone
-//                [--seed N]          the first run's; the runs behind it count on
+//                [--seed N]          the first run's; the runs behind it count on. With an even one the
+//                controls
+//                                    are made in Modern
 //                [--ops N]           operations of a run
 //                [--runs N | --seconds S]
 //                [--only 3,17,22]    of a run's operations these alone
@@ -116,6 +118,7 @@ desk::Census Play(const AttackedClass& attacked, const Plan& plan, uint64_t nSee
 void Run(const AttackedClass& attacked, const Plan& plan, uint64_t nSeed)
 {
     s_now = {std::string(attacked.name), nSeed, plan.nOps, 0, true};
+    gesso::SetBehavior(nSeed % 2 ? gesso::Behavior::Classic : gesso::Behavior::Modern);
     desk::Reset();
     desk::Census before = desk::Live();
     for (UINT nPlay = 1;; ++nPlay) {

@@ -2,12 +2,14 @@
 #include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GTaskDialog.h>
+#include <gesso/dialogs/MessageDialog.h>
 #include <gesso/dialogs/TaskDialogContent.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
@@ -51,13 +53,18 @@ HRESULT GiveButton(INT_PTR nResult, UINT* puButton)
     return static_cast<int>(nResult) == -1 ? E_FAIL : S_OK;
 }
 
+void FreeIcon(const GTASKDIALOGCONFIG& config)
+{
+    if (config.hMainIcon) {
+        DestroyIcon(config.hMainIcon);
+    }
+}
+
 // Runs the dialog, and frees the icon that was loaded for it.
 HRESULT RunWithIcon(const GTASKDIALOGCONFIG& config, UINT* puButton)
 {
     const HRESULT hr = GTaskDialog::IsolationAwareTaskDialogIndirect(&config, puButton);
-    if (config.hMainIcon) {
-        DestroyIcon(config.hMainIcon);
-    }
+    FreeIcon(config);
     return hr;
 }
 
@@ -70,6 +77,11 @@ HRESULT GTaskDialog::IsolationAwareTaskDialogIndirect(const GTASKDIALOGCONFIG* p
     if (!pConfig) {
         gesso::Misuse("GTaskDialog: no configuration");
         return GiveButton(-1, puButton);
+    }
+    if (!gesso::WillHave(gesso::Quirk::TaskDialogAsItWas)) {
+        gesso::MessageContent content = gesso::ContentOf(*pConfig);
+        return GiveButton(gesso::MessageDialog(content).Run(pConfig->hwndParent, pConfig->hInstance),
+                          puButton);
     }
     const gesso::EmptyDialogTemplate dialog(0, DIALOG_STYLE,
                                             pConfig->cxWidth ? pConfig->cxWidth : Metrics::TASK_DIALOG_WIDTH,
@@ -116,8 +128,32 @@ UINT GTaskDialog::MessageBoxW(HWND hwndParent, LPCWSTR pszText, LPCWSTR pszCapti
     config.dwCommonButtons = type.dwButtons;
     config.dwDefaultButton = DefaultOf(type, uType);
     UINT uButton = 0;
-    RunWithIcon(config, &uButton);
+    if (gesso::WillHave(gesso::Quirk::TaskDialogAsItWas)) {
+        RunWithIcon(config, &uButton);
+        return uButton;
+    }
+    gesso::MessageContent content = gesso::ContentOf(config);
+    gesso::TakeMessageType(uType, &content);
+    GiveButton(gesso::MessageDialog(content).Run(hwndParent, config.hInstance), &uButton);
+    FreeIcon(config);
     return uButton;
+}
+
+HRESULT GTaskDialog::Ask(const GTASKDIALOGCONFIG* pConfig, LPCWSTR pszVerification, bool* pfChecked,
+                         UINT* puButton)
+{
+    if (!pConfig) {
+        gesso::Misuse("GTaskDialog::Ask: no configuration");
+        return GiveButton(-1, puButton);
+    }
+    gesso::MessageContent content = gesso::ContentOf(*pConfig);
+    content.pszVerification = pszVerification;
+    content.fChecked = pfChecked && *pfChecked;
+    const INT_PTR nResult = gesso::MessageDialog(content).Run(pConfig->hwndParent, pConfig->hInstance);
+    if (pfChecked) {
+        *pfChecked = content.fChecked;
+    }
+    return GiveButton(nResult, puButton);
 }
 
 GTaskDialog::GTaskDialog(const GTASKDIALOGCONFIG* pConfig) : m_pConfig(pConfig)

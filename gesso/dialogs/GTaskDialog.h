@@ -1,6 +1,8 @@
 // GTaskDialog: the library's task dialog and message box. A host calls one of the three static functions;
 // each runs a modal dialog and gives back the id of the button that ended it. Esc and the close box end it
-// with IDCANCEL, also where no Cancel button is shown. The button labels are German.
+// with IDCANCEL, also where no Cancel button is shown. The button labels are German. In Modern texts are
+// shown as they are, ampersands too, Ctrl+C copies them, and a dialog grows no larger than its monitor's work
+// area: what is beyond scrolls by wheel and keys.
 #pragma once
 
 #include <gesso/dialogs/GDialog.h>
@@ -41,9 +43,17 @@ public:
     static HRESULT IsolationAwareTaskDialog(HWND hwndParent, HINSTANCE hInstance, LPCWSTR pszTitle,
                                             LPCWSTR pszMainInstruction, LPCWSTR pszContent,
                                             DWORD dwCommonButtons, LPCWSTR pszIcon, UINT* puButton);
-    // A message box, with uType as the platform's: MB_ABORTRETRYIGNORE shows an OK button. Returns the
-    // button's id, or (UINT)-1 where the dialog could not run.
+    // A message box, with uType as the platform's. Returns the button's id, or (UINT)-1 where the dialog
+    // could not run. In Classic MB_ABORTRETRYIGNORE shows an OK button; in Modern (framework/Behavior.h)
+    // every type has its own buttons, Esc does nothing where they are Abort, Retry and Ignore, and MB_HELP
+    // shows one that sends WM_HELP to the owner and ends nothing.
     static UINT MessageBoxW(HWND hwndParent, LPCWSTR pszText, LPCWSTR pszCaption, UINT uType);
+    // The dialog that the record describes with a check box below its texts, in either behaviour as Modern
+    // shows it. *pfChecked is its mark at first, and then the one that the dialog was left with, whatever
+    // ended it. A null or empty pszVerification, in which an ampersand marks the mnemonic, shows no box;
+    // pfChecked may be null. All else as with IsolationAwareTaskDialogIndirect.
+    static HRESULT Ask(const GTASKDIALOGCONFIG* pConfig, LPCWSTR pszVerification, bool* pfChecked,
+                       UINT* puButton);
 
     DLGPROC GetDialogProc() override;
     // Draws the dialog at the origin of a context.

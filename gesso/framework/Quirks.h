@@ -45,6 +45,9 @@ enum class Quirk
     TreeTypesLatinWords,    // type-ahead is of Latin letters and digits, a quarter of a second apart
     PaneRangeIsEven,        // every row of a pane counts as high as an item
     PaneHasNoKeys,          // no key moves a pane's selection, and Space is a button's click
+
+    // Dialogs
+    TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.
