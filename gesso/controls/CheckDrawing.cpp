@@ -5,6 +5,7 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 
 #include <algorithm>
 
@@ -27,16 +28,16 @@ RECT CutBox(RECT* prcContent, SIZE size, int nGap, DWORD dwStyle)
     RECT rcBox{};
     if (dwStyle & GCS_BOXRIGHT) {
         rcBox.right = prcContent->right;
-        rcBox.left = rcBox.right - size.cx;
-        prcContent->right = rcBox.left - nGap;
+        rcBox.left = Saturated(int64_t{rcBox.right} - size.cx);
+        prcContent->right = Saturated(int64_t{rcBox.left} - nGap);
     } else {
         rcBox.left = prcContent->left;
-        rcBox.right = rcBox.left + size.cx;
-        prcContent->left = rcBox.right + nGap;
+        rcBox.right = Saturated(int64_t{rcBox.left} + size.cx);
+        prcContent->left = Saturated(int64_t{rcBox.right} + nGap);
     }
-    const int nSlack = prcContent->bottom - size.cy - prcContent->top;
-    rcBox.top = prcContent->top + AlignmentOffset(nSlack, dwStyle, GS_VCENTER, GS_BOTTOM);
-    rcBox.bottom = rcBox.top + size.cy;
+    const int nSlack = Saturated(int64_t{prcContent->bottom} - size.cy - prcContent->top);
+    rcBox.top = Saturated(int64_t{prcContent->top} + AlignmentOffset(nSlack, dwStyle, GS_VCENTER, GS_BOTTOM));
+    rcBox.bottom = Saturated(int64_t{rcBox.top} + size.cy);
     return rcBox;
 }
 

@@ -104,6 +104,19 @@ TEST_F(ExtremesTest, BarsTotalAndPositionMayBeAnything)
     DestroyWindow(bar);
 }
 
+TEST_F(ExtremesTest, AStylesMarginsMayBeAnyNumber)
+{
+    for (const int nMargin : ENDS) {
+        desk::SetThemeMargins("BUTTON", BP_CHECKBOX, 0, TMT_CONTENTMARGINS, {nMargin, 0x10000, 1, nMargin});
+        for (const DWORD dwStyle : {0UL, GCS_BOXRIGHT, GS_BOTTOM}) {
+            GCheckBox box;
+            MakeControl(box, Parent(), 1, WS_CHILD | WS_VISIBLE | dwStyle);
+            Use(box);
+            DestroyWindow(box);
+        }
+    }
+}
+
 TEST_F(ExtremesTest, GroupsMayBeAnyWidth)
 {
     GRibbon ribbon;
