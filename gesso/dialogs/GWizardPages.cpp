@@ -5,6 +5,7 @@
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/framework/Lifeline.h>
 
+#include <algorithm>
 #include <utility>
 
 void GWizard::InsertPage(UINT nIndex, stcPage* pPage)
@@ -13,7 +14,9 @@ void GWizard::InsertPage(UINT nIndex, stcPage* pPage)
         gesso::Misuse("GWizard::InsertPage: no page");
         return;
     }
-    m_aPages.InsertAt(nIndex < m_aPages.GetLength() ? nIndex : m_aPages.GetLength(), pPage);
+    const UINT nCount = m_aPages.GetLength();
+    m_aPages.GetAtGrow(nCount) = pPage;
+    std::rotate(m_aPages.begin() + std::min(nIndex, nCount), m_aPages.begin() + nCount, m_aPages.end());
 }
 
 void GWizard::RemovePage(UINT nIndex)

@@ -56,6 +56,11 @@ constexpr int BODY_COLUMNS = 58;
 constexpr DWORD CHECKBOX_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_VCENTER;
 static_assert(CHECKBOX_STYLE == 0x50010004);
 
+void Keep(OArray<void*, void* const&>& aKept, void* p)
+{
+    aKept.GetAtGrow(aKept.GetLength()) = p;
+}
+
 const gesso::CertSeverity& SeverityOf(const GWNDCERTFAILURECONFIG& config)
 {
     return SEVERITIES[std::min<size_t>(config.dwType, std::size(SEVERITIES) - 1)];
@@ -94,7 +99,7 @@ DWORD Blend(DWORD crLeft, DWORD crRight, int nShift, int x, int nSteps)
 
 void GWndCertFailure::AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc)
 {
-    m_aElements.Add(new CertElement{KIND_TEXT, {.text = {hFont, cr, psz, rc}}});
+    Keep(m_aElements, new CertElement{KIND_TEXT, {.text = {hFont, cr, psz, rc}}});
 }
 
 HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
@@ -102,13 +107,13 @@ HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
     HICON hIcon = nullptr;
     const auto hInstance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(m_hWnd, GWLP_HINSTANCE));
     IsolationAwareLoadIconWithScaleDown(hInstance, MAKEINTRESOURCEW(wId), cx, cy, &hIcon);
-    m_aIcons.Add(hIcon);
+    Keep(m_aIcons, hIcon);
     return hIcon;
 }
 
 void GWndCertFailure::AddIcon(HICON hIcon, int x, int y)
 {
-    m_aElements.Add(new CertElement{KIND_ICON, {.icon = {hIcon, x, y}}});
+    Keep(m_aElements, new CertElement{KIND_ICON, {.icon = {hIcon, x, y}}});
 }
 
 int GWndCertFailure::OnInitDialog()
@@ -127,7 +132,7 @@ void GWndCertFailure::PlaceElements()
 {
     const gesso::WindowContext context(m_hWnd);
     const HFONT hFontHeader = MakeHeaderFont(m_hWnd);
-    m_aFonts.Add(hFontHeader);
+    Keep(m_aFonts, hFontHeader);
     const RECT rcUnits = MapUnits(m_hWnd, Metrics::CERT_MARGIN, 0, Metrics::CERT_GAP_X, Metrics::CERT_GAP_Y);
     Layout layout{.hdc = context,
                   .hFontHeader = hFontHeader,

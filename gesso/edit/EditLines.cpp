@@ -235,7 +235,7 @@ void EditLines::Touch(UINT nLine)
 void EditLines::BeOneLine()
 {
     m_aLines.RemoveAll();
-    m_aLines.Add(TextLength());
+    m_aLines.GetAtGrow(0) = TextLength();
     m_nSettled = 0;
 }
 

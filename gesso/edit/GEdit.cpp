@@ -67,7 +67,7 @@ struct GEdit::Layout
 
 GEdit::GEdit() : m_strText(gesso::EditLines::FIRST_CAPACITY)
 {
-    m_aLines.Add(0);
+    m_aLines.GetAtGrow(0) = 0;
     gesso::MakeOnce(s_hIbeam, gesso::LoadIBeam);
 }
 
@@ -75,7 +75,7 @@ GEdit::GEdit(const GEdit& other)
     : GWndScroll(other), m_hTheme(other.m_hTheme), m_hFont(other.m_hFont), m_nMargin(other.m_nMargin),
       m_strText(gesso::EditLines::FIRST_CAPACITY), m_hitDown(other.m_hitDown), m_hitMove(other.m_hitMove)
 {
-    m_aLines.Add(0);
+    m_aLines.GetAtGrow(0) = 0;
     CopyTextOf(other);
     Own().fCaret = other.Own().fCaret;
     Own().chRefused = other.Own().chRefused;

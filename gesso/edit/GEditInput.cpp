@@ -181,7 +181,7 @@ LRESULT GEdit::OnEnter()
         }
         Repair(field);
         const UINT nLine = field.Caret().nLine;
-        if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight() && nLine > 0) {
+        if (!(Frame::Style(*this) & ES_AUTOVSCROLL) && !DoesFitHeight()) {
             field.PutCaret(field.Lines().DeleteBreak(nLine, field.Lines().OffsetOfLine(nLine)));
             Repair(field);
         }

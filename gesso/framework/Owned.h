@@ -48,22 +48,4 @@ private:
     bool m_fOwner = false;
 };
 
-// Tells the object that made its records, and releases them, from its copies, which share them.
-class OwnerMark
-{
-public:
-    constexpr OwnerMark() noexcept = default;
-    OwnerMark(const OwnerMark&) noexcept : m_fOwner(false) {}
-    OwnerMark& operator=(const OwnerMark& other) noexcept
-    {
-        m_fOwner = m_fOwner && this == &other;
-        return *this;
-    }
-
-    operator bool() const noexcept { return m_fOwner; }
-
-private:
-    bool m_fOwner = true;
-};
-
 } // namespace gesso

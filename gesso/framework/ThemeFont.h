@@ -45,16 +45,6 @@ private:
     mutable bool m_fHandedOut = false; // the font, or a host's that came in its place
 };
 
-// A control's font, for a caller who may keep it.
-inline HFONT HandOut(HFONT hFont) noexcept
-{
-    return hFont;
-}
-inline HFONT HandOut(const ThemeFont& font) noexcept
-{
-    return font.HandOut();
-}
-
 // The font that the style gives a part in its state 0 (nProperty: TMT_FONT, ...). Where the style has none,
 // one like the library's default font, nPercent of its size; null before InitControls. The caller deletes it.
 HFONT MakeThemeFont(HTHEME hTheme, int nPart, int nProperty, int nPercent);

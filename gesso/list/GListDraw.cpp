@@ -465,7 +465,7 @@ void GList::KeepFrame(HDC hdc)
         const SelectScope bitmap(frame, hBitmap);
         BitBlt(frame, 0, 0, rc.right, rc.bottom, hdc, 0, 0, SRCCOPY);
     }
-    frames.Add(reinterpret_cast<stcDrawItem*>(hBitmap));
+    frames.GetAtGrow(frames.GetLength()) = reinterpret_cast<stcDrawItem*>(hBitmap);
     if (frames.GetLength() > MOST_FRAMES) {
         DeleteObject(reinterpret_cast<HBITMAP>(frames[0]));
         frames.RemoveAt(0, 1);

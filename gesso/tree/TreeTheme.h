@@ -15,7 +15,6 @@ public:
     void Close();
 
     const ItemTheme& Items() const { return m_items; }
-    operator HTHEME() const { return m_items; }
 
     void DrawGlyph(HDC hdc, bool fHot, bool fOpen, const RECT& rc) const;
 

@@ -4,6 +4,7 @@
 #include "Record.h"
 
 #include <algorithm>
+#include <new>
 
 using namespace gesso::headless;
 
@@ -206,7 +207,7 @@ int DrawEmpty(LPRECT rect, UINT format, int lineHeight)
 }
 
 int DrawLines(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format, LPDRAWTEXTPARAMS params)
-{
+try {
     const bool valid = text && rect && (!params || params->cbSize == sizeof(DRAWTEXTPARAMS));
     if (!valid || !FindContext(hdc)) {
         return 0;
@@ -231,6 +232,9 @@ int DrawLines(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format, LPDRAW
     rect->right = Wrapped(rect->left + measured.width + margins);
     rect->bottom = Wrapped(rect->top + measured.height);
     return Saturated(measured.height);
+} catch (const std::bad_alloc&) {
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return 0;
 }
 
 } // namespace

@@ -103,3 +103,18 @@ TEST_F(LabelMemoryTest, ATextThatCannotBeWrappedIsNotMeasured)
     }
     EXPECT_EQ(label.CalcSizeText(&rc, 0, text, TRUE, 90, 40), S_OK);
 }
+
+TEST_F(LabelMemoryTest, ATextThatThePlatformHasNoMemoryForIsNotDrawn)
+{
+    const LongText text;
+    GLabel label;
+    Make(label, Parent(), text);
+    test::desk::ClearDrawing(label);
+    const MemoryLimit limit;
+    UpdateWindow(label);
+    EXPECT_GT(limit.Refused(), 0u);
+    EXPECT_FALSE(GetUpdateRect(label, nullptr, FALSE));
+    const test::Lines drawn = test::desk::Drawing(label);
+    EXPECT_FALSE(drawn.empty()) << "but for its background";
+    EXPECT_FALSE(test::AnyStartsWith(drawn, "DrawTextW"));
+}
