@@ -16,6 +16,7 @@ template <class CONTROL> class ProbeOf : public CONTROL
 {
 public:
     DWORD& State() { return this->m_dwState; }
+    bool Hits(int x, int y) const { return this->HitTest({static_cast<SHORT>(x), static_cast<SHORT>(y)}); }
     DWORD Held() const { return this->m_dwState & (GWS_HOT | GWS_PRESSED | GWS_KEYDOWN); }
 };
 

@@ -47,4 +47,64 @@ TYPED_TEST(EveryControlTest, ObjectAndWindowFindEachOtherAndEitherMayGoFirst)
     EXPECT_TRUE(DestroyWindow(hwndSecond));
 }
 
+// Classes that nothing of it changes the look of.
+using WithoutUiState = ClassList<GNavigationButton, GProgressBar, GScrollbar, GRibbon>;
+using WithoutADisabledLook = ClassList<GSeparator, GScrollbar, GRibbon>;
+
+template <class CONTROL> struct WithState : CONTROL
+{
+    DWORD UiState() const { return this->m_dwState & (GWS_HIDEFOCUS | GWS_HIDEACCEL); }
+};
+
+TYPED_TEST(EveryControlTest, OperationsAndMessagesTellAndPaintWhatWasSet)
+{
+    WithState<TypeParam> control;
+    const HWND hwnd = MakeAnyControl(control, this->host);
+    if constexpr (requires { control.SetFont(HFONT()); }) {
+        for (const bool fRedraw : {false, true}) {
+            const auto makeFont = [] { return CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L""); };
+            const HFONT hSet = makeFont();
+            const HFONT hSent = makeFont();
+            control.SetFont(hSet);
+            EXPECT_EQ(SendMessageW(hwnd, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(hSet));
+            TakeRepaint(hwnd);
+            SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(hSent), fRedraw);
+            EXPECT_EQ(TakeRepaint(hwnd), fRedraw);
+            EXPECT_EQ(control.GetFont(), hSent);
+            control.SetFont(nullptr);
+            DeleteObject(hSet);
+            DeleteObject(hSent);
+        }
+    }
+    if constexpr (requires { control.SetStyle(DWORD()); }) {
+        const DWORD dwStyle = control.GetStyle();
+        TakeRepaint(hwnd);
+        EXPECT_EQ(control.SetStyle(dwStyle | WS_TABSTOP), dwStyle);
+        EXPECT_EQ(control.GetStyle(), dwStyle | WS_TABSTOP);
+        EXPECT_NE(TakeRepaint(hwnd), (std::is_same_v<TypeParam, GProgressBar>));
+    }
+    if constexpr (requires { control.SetBitmap(HBITMAP()); }) {
+        const HBITMAP hBitmap = CreateBitmap(16, 12, 1, 1, nullptr);
+        const auto hIcon = reinterpret_cast<HICON>(static_cast<LONG_PTR>(0x1234));
+        EXPECT_EQ(control.SetBitmap(hBitmap), nullptr);
+        EXPECT_EQ(control.GetBitmap(), hBitmap);
+        EXPECT_EQ(static_cast<void*>(control.GetIcon()), static_cast<void*>(hBitmap));
+        EXPECT_EQ(static_cast<void*>(control.SetIcon(hIcon)), static_cast<void*>(hBitmap))
+            << "no icon, and no fault";
+        EXPECT_EQ(control.SetIcon(nullptr), hIcon);
+        DeleteObject(hBitmap);
+    }
+    TakeRepaint(hwnd);
+    for (const UINT uAction : {UIS_SET, UIS_CLEAR}) {
+        SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(uAction, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+        EXPECT_NE(TakeRepaint(hwnd), WithoutUiState::Has<TypeParam>());
+        EXPECT_TRUE(WithoutUiState::Has<TypeParam>() || (control.UiState() != 0) == (uAction == UIS_SET));
+    }
+    EnableWindow(hwnd, FALSE);
+    EXPECT_NE(TakeRepaint(hwnd), WithoutADisabledLook::Has<TypeParam>());
+    EXPECT_TRUE(control.Destroy());
+    EXPECT_FALSE(IsWindow(hwnd));
+    EXPECT_FALSE(control.Destroy());
+}
+
 } // namespace

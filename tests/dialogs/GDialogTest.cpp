@@ -122,6 +122,26 @@ TEST_F(GDialogTest, StartsFromAnotherModulesResourceAndBindsItsObject)
     dialog.Destroy();
 }
 
+TEST_F(GDialogTest, RunsModallyAndLetsTheHostMakeItsOwnMeanwhile)
+{
+    DialogTemplate source(WS_POPUP, 100, 50);
+    HostDialog dialog(EMPTY_TEMPLATE);
+    HostDialog own;
+    dialog.onInit = [&] {
+        for (HostDialog* pOwn : {&own, static_cast<HostDialog*>(nullptr)}) {
+            const HWND hOwn = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), source.Get(), nullptr,
+                                                         own.GetDialogProc(), reinterpret_cast<LPARAM>(pOwn));
+            EXPECT_EQ(pOwn ? own.GetHwnd() : hOwn, hOwn);
+            EXPECT_TRUE(DestroyWindow(hOwn)) << "with an object and without one";
+        }
+        EndDialog(dialog, 42);
+    };
+    EXPECT_EQ(dialog.DoModal(host, LibraryModule()), 42);
+    EXPECT_EQ(dialog.CountOf(WM_INITDIALOG), 1u);
+    EXPECT_EQ(own.CountOf(WM_INITDIALOG), 1u);
+    EXPECT_TRUE(IsWindowEnabled(host));
+}
+
 TEST_F(GDialogTest, AnObjectThatIsDeletedBeforeItIsBoundIsNotRead)
 {
     EXPECT_EQ((new DoomedDialog)->Create(host, LibraryModule()), 1);

@@ -1,5 +1,6 @@
 // The task dialog and the message box. Runs on both platforms.
 
+#include "../support/Numbers.h"
 #include "../support/OnWine.h"
 #include "ModalFixture.h"
 
@@ -51,6 +52,7 @@ TEST_F(GTaskDialogTest, MessageTypesShowTheirButtonsAndDefaults)
         {MB_YESNOCANCEL | MB_DEFBUTTON3, "Ja Nein [Abbrechen]"},
         {MB_YESNO, "[Ja] Nein"},
         {MB_RETRYCANCEL | MB_DEFBUTTON2, "Wiederholen [Abbrechen]"},
+        {MB_OK | MB_USERICON, "[OK]"},
         {0xF, "OK"},
     };
     for (const auto& row : rows) {
@@ -79,6 +81,38 @@ TEST_F(GTaskDialogTest, AnswersByMouseKeyboardAndCloseBox)
     EXPECT_EQ(Box(MB_YESNO, [](HWND) { user::TypeKey(VK_RETURN); }), static_cast<UINT>(IDYES));
     EXPECT_EQ(Box(MB_YESNO, [](HWND) { user::TypeKey(VK_ESCAPE); }), static_cast<UINT>(IDCANCEL));
     EXPECT_EQ(Box(MB_OK, [](HWND hDlg) { PostMessageW(hDlg, WM_CLOSE, 0, 0); }), static_cast<UINT>(IDCANCEL));
+}
+
+TEST_F(GTaskDialogTest, IsAsWideAsItsConfigurationSaysAndWhite)
+{
+    GTASKDIALOGCONFIG config{};
+    config.hwndParent = Parent();
+    config.dwCommonButtons = TDCBF_OK_BUTTON;
+    config.dwDefaultButton = TDCBF_YES_BUTTON; // which is not there
+    int cxFormer = 0;
+    for (const UINT cxWidth : {0U, 200U, 300U}) {
+        config.cxWidth = cxWidth;
+        UINT uButton = 0;
+        WhenIdle([&](HWND hDlg) {
+            EXPECT_GT(ClientSize(hDlg).cx, cxFormer) << cxWidth;
+            cxFormer = ClientSize(hDlg).cx;
+            EXPECT_NE(LOWORD(SendMessageW(hDlg, DM_GETDEFID, 0, 0)), IDYES);
+            for (const UINT uMsg : std::initializer_list<UINT>{
+                     WM_CTLCOLORDLG, WM_CTLCOLORMSGBOX, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX, WM_CTLCOLORBTN,
+                     WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC})
+            {
+                EXPECT_EQ(SendMessageW(hDlg, uMsg, 0, 0),
+                          reinterpret_cast<LRESULT>(GetStockObject(WHITE_BRUSH)))
+                    << uMsg;
+            }
+            EXPECT_EQ(SendMessageW(hDlg, WM_CTLCOLORBTN, 0, 2),
+                      reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE)));
+            SendMessageW(hDlg, WM_COMMAND, 999, 0);
+            SendMessageW(hDlg, WM_COMMAND, IDOK, 0);
+        });
+        EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(&config, &uButton), S_OK);
+        EXPECT_EQ(uButton, static_cast<UINT>(IDOK));
+    }
 }
 
 TEST_F(GTaskDialogTest, InnerDialogGivesTheKeyboardBackToTheOuter)

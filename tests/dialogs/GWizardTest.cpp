@@ -1,6 +1,7 @@
 // The wizard's pages, buttons and focus. Runs on both platforms.
 
 #include "../support/AllowMisuse.h"
+#include "../support/DialogTemplate.h"
 #include "../support/OnWine.h"
 #include "WizardFixture.h"
 
@@ -72,6 +73,8 @@ TEST_F(GWizardTest, MessagesSetAndTellThePageAndTheButtons)
         SendMessageW(hDlg, WZM_SETCURPAGE, 1000, 0);
         wizard.NextPage();
         EXPECT_EQ(wizard.Current(), 2u) << "beyond the end nothing changes";
+        EXPECT_EQ(SendMessageW(hDlg, WZM_GETCURPAGE, 0, 0), 1);
+        EXPECT_EQ(SendMessageW(hDlg, WM_COMMAND, 999, 0), 0);
         SendMessageW(hDlg, WZM_SETCURPAGE, 0, 0);
         wizard.PreviousPage();
         EXPECT_EQ(wizard.Current(), 0u);
@@ -215,6 +218,27 @@ TEST_F(GWizardTest, PageMayEndTheWizardInAnyAnswer)
             user::Pump();
         }
     }
+}
+
+TEST_F(GWizardTest, PagesComeInWhereTheHostPutsThem)
+{
+    AddPages(2);
+    stcPage first{};
+    wizard.InsertPage(0, &first);
+    EXPECT_EQ(wizard.GetPage(0), &first);
+    EXPECT_EQ(wizard.GetPage(2), &pages[1]);
+    wizard.RemovePage(0);
+}
+
+TEST_F(GWizardTest, AHostMayShowOneWithoutAConfigurationItself)
+{
+    const DialogTemplate source(WS_POPUP | WS_VISIBLE, 200, 100);
+    GWizard bare;
+    stcPage page{nullptr, TestDialogs(), MAKEINTRESOURCEW(TEST_PAGE), PageProc, 0};
+    bare.InsertPage(0, &page);
+    bare.CreateIndirect(Parent(), GetModuleHandleW(nullptr), source.Get());
+    EXPECT_EQ(Buttons(bare), "(Back)  Cancel") << "Finish has no label";
+    EXPECT_TRUE(bare.Destroy());
 }
 
 TEST_F(GWizardTest, IgnoresANullPageAndRefusesToRunWithoutConfiguration)

@@ -1,5 +1,6 @@
 // The certificate dialog. Runs on both platforms.
 
+#include "../support/AllowMisuse.h"
 #include "ModalFixture.h"
 
 namespace {
@@ -62,6 +63,20 @@ TEST_F(GWndCertFailureTest, CheckBoxAndFlagStayEqual)
                       });
                   }),
               CFR_DONTASK | IDYES);
+}
+
+TEST_F(GWndCertFailureTest, CommandsOfOthersAndAButtonWithoutACallbackDoNothing)
+{
+    EXPECT_EQ(Run(CFT_UNTRUSTED, 0,
+                  [](HWND hDlg) {
+                      for (const int nId : {CHECKBOX, SHOW, 999}) {
+                          SendMessageW(hDlg, WM_COMMAND, static_cast<WPARAM>(nId), 0);
+                      }
+                      SendMessageW(hDlg, WM_COMMAND, IDYES, 0);
+                  }),
+              static_cast<DWORD>(IDYES));
+    const AllowMisuse allowed;
+    EXPECT_EQ(GWndCertFailure::WndCertFailureIndirect(nullptr, Parent(), nullptr), E_INVALIDARG);
 }
 
 TEST_F(GWndCertFailureTest, CertificateButtonCallsBackAndTheDialogStays)

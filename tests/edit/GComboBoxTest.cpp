@@ -152,6 +152,7 @@ TEST_F(GComboBoxTest, DialogCodeFillsAndReadsItByMessages)
     EXPECT_EQ(Send(CB_GETLBTEXT, 1, Text(buffer)), 1);
     EXPECT_EQ(Narrow(buffer), "b");
     EXPECT_EQ(Send(CB_GETLBTEXT, 4, Text(buffer)), CB_ERR);
+    EXPECT_EQ(Send(CB_GETLBTEXT, 1, 0), CB_ERR);
     EXPECT_EQ(Send(CB_GETLBTEXTLEN, static_cast<WPARAM>(-1)), CB_ERR);
     EXPECT_EQ(Send(CB_DELETESTRING, 1), 3);
     EXPECT_EQ(Send(CB_DELETESTRING, 3), CB_ERR);
@@ -159,9 +160,26 @@ TEST_F(GComboBoxTest, DialogCodeFillsAndReadsItByMessages)
     EXPECT_EQ(Send(CB_RESETCONTENT), 0);
     EXPECT_EQ(Send(CB_GETCOUNT), 0);
     EXPECT_EQ(Send(WM_GETDLGCODE), DLGC_WANTCHARS | DLGC_WANTARROWS);
-    for (const UINT uMsg : std::initializer_list<UINT>{
-             CB_DIR, CB_SHOWDROPDOWN, CB_GETITEMDATA, CB_SETITEMDATA, CB_GETDROPPEDCONTROLRECT,
-             CB_GETITEMHEIGHT, CB_GETDROPPEDSTATE, CB_INITSTORAGE, CB_GETCOMBOBOXINFO})
+    for (const UINT uMsg : std::initializer_list<UINT>{CB_DIR,
+                                                       CB_SHOWDROPDOWN,
+                                                       CB_GETITEMDATA,
+                                                       CB_SETITEMDATA,
+                                                       CB_GETDROPPEDCONTROLRECT,
+                                                       CB_GETITEMHEIGHT,
+                                                       CB_SETITEMHEIGHT,
+                                                       CB_GETDROPPEDSTATE,
+                                                       CB_INITSTORAGE,
+                                                       CB_GETCOMBOBOXINFO,
+                                                       CB_SETEXTENDEDUI,
+                                                       CB_GETEXTENDEDUI,
+                                                       CB_SETLOCALE,
+                                                       CB_GETLOCALE,
+                                                       CB_GETTOPINDEX,
+                                                       CB_SETTOPINDEX,
+                                                       CB_GETHORIZONTALEXTENT,
+                                                       CB_SETHORIZONTALEXTENT,
+                                                       CB_GETDROPPEDWIDTH,
+                                                       CB_SETDROPPEDWIDTH})
     {
         EXPECT_EQ(Send(uMsg, 1, 0), CB_ERR) << uMsg;
     }
@@ -223,6 +241,7 @@ TEST_F(GComboBoxTest, TheEditSelectionStaysWithinTheText)
     EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 5));
     combo.SetText(L"hi");
     EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(2, 2));
+    EXPECT_EQ(Send(CB_LIMITTEXT, 0), 1);
     EXPECT_EQ(Send(CB_LIMITTEXT, 1), 1);
     Type("!!");
     EXPECT_EQ(TextOf(combo), "hi!!") << "the limit is kept, and limits nothing";
@@ -439,6 +458,10 @@ TEST_F(GComboBoxTest, ACopySharesTheWindowAndOwnsNothing)
         GComboBox other;
         other.InsertItem(NONE, 0, L"own", 0, nullptr);
         other = copy;
+        EXPECT_EQ(Narrow(other.GetItemText(1)), "b");
+        other = copy;
+        const GComboBox& self = other;
+        other = self;
         EXPECT_EQ(Narrow(other.GetItemText(1)), "b");
     }
     EXPECT_EQ(ItemTexts(), "a.b.");

@@ -48,6 +48,15 @@ TEST_F(GEditInputTest, TypingInsertsReplacesAndTellsTheParent)
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
+TEST_F(GEditInputTest, ACharacterOfNothingTakesTheSelectionAlone)
+{
+    Make(20);
+    edit.SetText(L"abc");
+    edit.SetSel(0, 1);
+    Char(L'\0');
+    EXPECT_EQ(edit.Lines(), "bc|");
+}
+
 TEST_F(GEditInputTest, EditsWrapTheirParagraphAnew)
 {
     Make(10);
@@ -349,11 +358,15 @@ TEST_F(GEditInputTest, DialogCodesAndTab)
 TEST_F(GEditInputTest, MessagesThatDoNothingAreAnsweredWith0)
 {
     Make(10);
-    for (const UINT uMsg : {UINT{WM_CONTEXTMENU}, UINT{WM_MOUSEWHEEL}, UINT{WM_KEYUP}, UINT{WM_DEADCHAR},
-                            UINT{WM_HSCROLL}, UINT{WM_COMMAND}, UINT{WM_NCACTIVATE}})
+    for (const UINT uMsg :
+         {UINT{WM_CONTEXTMENU}, UINT{WM_MOUSEWHEEL}, UINT{WM_KEYUP}, UINT{WM_DEADCHAR}, UINT{WM_HSCROLL},
+          UINT{WM_COMMAND}, UINT{WM_NCACTIVATE}, UINT{WM_NOTIFY}, UINT{WM_MOUSEHWHEEL}, UINT{WM_APPCOMMAND}})
     {
         EXPECT_EQ(SendMessageW(edit, uMsg, 0, 0), 0) << uMsg;
     }
+    TakeRepaint(edit);
+    SendMessageW(edit, WM_VSCROLL, SB_LINEDOWN, 0);
+    EXPECT_TRUE(TakeRepaint(edit)) << "but for a scrolled text, which is painted";
     EXPECT_EQ(SendMessageW(edit, WM_SETCURSOR, 0, 0), 1);
     EXPECT_EQ(GetCursor(), GEdit::s_hIbeam);
     EXPECT_EQ(SendMessageW(edit, WM_ERASEBKGND, 0, 0), 1);
@@ -362,7 +375,14 @@ TEST_F(GEditInputTest, MessagesThatDoNothingAreAnsweredWith0)
     GetWindowRect(edit, &rc);
     EXPECT_EQ(SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(rc.right, rc.bottom)), HTCLIENT)
         << "edges included";
-    EXPECT_EQ(SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(rc.right + 1, rc.bottom)), HTBORDER);
+    for (const POINT pt : {POINT{rc.right + 1, rc.bottom},
+                           {rc.right, rc.bottom + 1},
+                           {rc.left - 1, rc.top},
+                           {rc.left, rc.top - 1}})
+    {
+        EXPECT_EQ(SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(pt.x, pt.y)), HTBORDER)
+            << pt.x << "," << pt.y;
+    }
 }
 
 TEST_F(GEditInputTest, TheParentMayDestroyTheFieldInEveryReport)

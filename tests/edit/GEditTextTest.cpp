@@ -1,5 +1,6 @@
 // The text, the table of its lines, and how they wrap.
 
+#include "../support/AllowMisuse.h"
 #include "EditFixture.h"
 
 namespace {
@@ -144,6 +145,30 @@ TEST_F(GEditTextTest, LengthsAndOffsetsCountLineEndsOnce)
     EXPECT_EQ(edit.LengthOfLine(1, 4), 5u);
     EXPECT_EQ(edit.OffsetOfLine(3), 11u);
     EXPECT_EQ(edit.OffsetOfLine(0), 0u);
+}
+
+TEST_F(GEditTextTest, EditsOfADerivedClassAreMadeAtTheCaret)
+{
+    Make(20);
+    edit.SetText(L"first\nsecond");
+    edit.Select(0, 1, 0, 3);
+    edit.DeleteSelection();
+    EXPECT_EQ(edit.Lines() + edit.Caret(), "fst/|second|0,1");
+    edit.InsertBreak(0, 0);
+    EXPECT_EQ(edit.Lines() + edit.Caret(), "f/|st/|second|0,1-1,0");
+    edit.DeleteBreak(1, 3);
+    EXPECT_EQ(edit.Lines() + edit.Caret(), "fst/|second|0,1");
+    const AllowMisuse allowed;
+    edit.DeleteBreak(0, 0);
+    EXPECT_EQ(edit.LengthOfLine(2, 0), 0u);
+    EXPECT_EQ(edit.DoesFitLine(2), 0);
+    EXPECT_EQ(edit.LeftWordBreak(2, 0), 0);
+    EXPECT_EQ(edit.RightWordBreak(2, 0), 0);
+    EXPECT_EQ(edit.RecalculateLine(2), 0);
+    EXPECT_EQ(edit.Lines(), "fst/|second|") << "where there is no such line nothing is done";
+    const ProbeEdit& self = edit;
+    edit = self;
+    EXPECT_EQ(edit.Lines(), "fst/|second|");
 }
 
 TEST_F(GEditTextTest, SetSelSelectsInOneLineAndRunsDownSeveral)

@@ -14,6 +14,7 @@ class ProbeEdit : public GEdit
 public:
     using GEdit::CalcHighliteOfLine;
     using GEdit::DeleteBreak;
+    using GEdit::DeleteSelection;
     using GEdit::DoesFitHeight;
     using GEdit::DoesFitLine;
     using GEdit::InsertBreak;

@@ -64,10 +64,17 @@ TEST_F(GWndTest, ObjectFirstKeepsTheObjectTheCreators)
 TEST_F(GWndTest, HostThatMakesTheWindowNamesItsObjectByTheTag)
 {
     stcCreateTag tag{0xFFFF, &button};
-    const HWND hwnd = CreateWindowExW(0, L"GButton", L"", CHILD, 0, 0, 80, 20, host, nullptr, nullptr, &tag);
-    EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
-    EXPECT_EQ(button.GetHwnd(), hwnd);
-    EXPECT_EQ(GetWindowLongW(hwnd, 8), 0) << "which stays the host's";
+    for (const auto& [dwExStyle, hwndParent] : {std::pair(DWORD{0}, host.Window()),
+                                                {WS_EX_NOPARENTNOTIFY, host.Window()},
+                                                {WS_EX_NOPARENTNOTIFY, HWND()}})
+    {
+        const HWND hwnd = CreateWindowExW(dwExStyle, L"GButton", L"", hwndParent ? CHILD : WS_POPUP, 0, 0, 80,
+                                          20, hwndParent, nullptr, nullptr, &tag);
+        EXPECT_EQ(GWnd::FromHwnd(hwnd), &button);
+        EXPECT_EQ(button.GetHwnd(), hwnd);
+        EXPECT_EQ(GetWindowLongW(hwnd, 8), 0) << "which stays the host's";
+        DestroyWindow(hwnd);
+    }
 }
 
 TEST_F(GWndTest, ObjectThatIsTaggedForASecondWindowLeavesTheFirst)
@@ -323,6 +330,12 @@ TYPED_TEST(ControlTextTest, GoesInAndOutWithTheStatedCounts)
     nLength = -1;
     EXPECT_EQ(this->control.GetText(buffer, &nLength), 0);
     EXPECT_EQ(this->control.GetText(nullptr, nullptr), 0);
+    this->control.SetText(L"hello");
+    EXPECT_EQ(get(UINT_MAX), 5);
+    EXPECT_EQ(SendMessageW(hwnd, WM_GETTEXT, 6, 0), 0);
+    nLength = 7;
+    EXPECT_EQ(this->control.GetText(nullptr, &nLength), 0);
+    EXPECT_EQ(nLength, 6);
 }
 
 } // namespace

@@ -44,6 +44,46 @@ TEST_F(GListDataTest, ColumnsKeepWhatTheyAreGiven)
     EXPECT_EQ(list.columnDraw.GetLength(), 0u);
 }
 
+TEST_F(GListDataTest, WhatIsSetOneByOneIsTold)
+{
+    MakeFilledList(1, 1);
+    AddGroup(0);
+    const auto group = [](GList*, void*) -> UINT { return 7; };
+    const auto sort = [](void*, void*) { return 0; };
+    const auto get = [](GList*, UINT, UINT, UINT, void*) {};
+    list.SetColumnFktGroup(0, group);
+    list.SetColumnFktSort(0, sort);
+    list.SetColumnFktGet(0, get);
+    list.SetColumnCxMin(0, 33);
+    list.SetColumnImage(0, 4);
+    EXPECT_EQ(list.GetColumnFktGroup(0), PFNLISTGROUP(group));
+    EXPECT_EQ(list.GetColumnFktSort(0), PFNLISTSORT(sort));
+    EXPECT_EQ(list.GetColumnFktGet(0), PFNLISTGET(get));
+    EXPECT_EQ(list.GetColumnCxMin(0), 33u);
+    EXPECT_EQ(list.GetColumnImage(0), 4u);
+    list.SetGroupFormat(0, DT_RIGHT);
+    list.SetGroupImage(0, 6);
+    list.SetGroupHeight(31);
+    EXPECT_EQ(list.GetGroupFormat(0), UINT{DT_RIGHT});
+    EXPECT_EQ(list.GetGroupImage(0), 6u);
+    EXPECT_EQ(list.GetGroupHeight(), 31u);
+    const RECT rc{1, 2, 3, 4};
+    for (const RECT* pRect : {&rc, static_cast<const RECT*>(nullptr)}) {
+        list.SetGroupFormatRect(pRect);
+        EXPECT_EQ(Numbers(*list.GetGroupFormatRect()), "1,2,3,4") << "null is ignored";
+    }
+    list.SetItemCustomData(0, &list);
+    EXPECT_EQ(list.GetItemCustomData(0), &list);
+    list.SetHeaderHeight(41);
+    list.SetHeaderItemSpacing(9);
+    EXPECT_EQ(list.GetHeaderHeight(), 41u);
+    EXPECT_EQ(list.GetHeaderItemSpacing(), 9u);
+    bool ascending = false;
+    list.Sort(0, true);
+    list.GetCurrentSort(nullptr, &ascending);
+    EXPECT_TRUE(ascending);
+}
+
 // Stores do not reach what was derived from the columns before.
 TEST_F(GListDataTest, ColumnSettersReachCellsOnlyWithTheNextListStyle)
 {
@@ -120,6 +160,11 @@ TEST_F(GListDataTest, CallsThatNameNothingAreAnsweredSafely)
     MakeFilledList(1, 2);
     const AllowMisuse allowed;
     list.SetColumnCx(3, 5);
+    list.SetColumnCxMin(3, 5);
+    list.SetColumnImage(3, 5);
+    list.SetGroupFormat(3, 5);
+    list.SetGroupImage(3, 5);
+    list.SetItem(9, 0, nullptr);
     list.SetItemText(9, 0, L"x");
     list.SetItemGroup(9, 1);
     list.SetItemImage(0, 9, 1);
@@ -200,6 +245,15 @@ TEST_F(GListDataTest, OneFontOfTheListsOwnIsReplacedByTheHosts)
     list.SetLabelTextFont(makeFont());
     EXPECT_TRUE(isFont(lent)) << "a font that was lent stays the host's";
     list.OnSetFont(lent, 0);
+    for (const auto& [set, get] : {std::pair(&GList::SetLabelHeaderFont, &GList::GetLabelHeaderFont),
+                                   {&GList::SetGroupTitleFont, &GList::GetGroupTitleFont}})
+    {
+        const HFONT hFont = makeFont();
+        (list.*set)(hFont);
+        (list.*set)(hFont);
+        EXPECT_EQ((list.*get)(), hFont);
+        EXPECT_TRUE(isFont(hFont)) << "the same once more";
+    }
     DestroyWindow(list);
     EXPECT_TRUE(isFont(lent));
     EXPECT_FALSE(isFont(title));

@@ -252,7 +252,13 @@ TEST_F(GListInputTest, SmallMessagesAreAnswered)
     EXPECT_EQ(code(VK_TAB), DLGC_WANTCHARS | DLGC_WANTARROWS);
     EXPECT_EQ(code(VK_RETURN), DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTALLKEYS);
     EXPECT_EQ(SendMessageW(list, WM_ERASEBKGND, 0, 0), 1);
-    EXPECT_EQ(SendMessageW(list, WM_CONTEXTMENU, 0, 0), 0);
+    MSG released{list, WM_KEYUP, VK_TAB, 0, 0, {}};
+    EXPECT_EQ(SendMessageW(list, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&released)),
+              DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTALLKEYS);
+    for (const UINT uMsg : std::initializer_list<UINT>{WM_CONTEXTMENU, WM_MOUSEHWHEEL, WM_DEADCHAR, WM_KEYUP})
+    {
+        EXPECT_EQ(SendMessageW(list, uMsg, 'A', 0), 0) << uMsg;
+    }
     Mouse(WM_LBUTTONDOWN, 5, MiddleOf(0));
     EXPECT_TRUE(list.m_dwState & GWS_PRESSED);
     EnableWindow(list, FALSE);

@@ -1,3 +1,4 @@
+#include "../support/AllowMisuse.h"
 #include "ListFixture.h"
 
 #include <gesso/list/PartitionSort.h>
@@ -298,6 +299,28 @@ TEST(GListLifeTest, TheListMayGoWhileItSortsAndGroups)
             }
         }
     }
+}
+
+TEST(GListLifeTest, CallbacksMayChangeTheItemsThatTheyAreAskedOf)
+{
+    const Host host;
+    const AllowMisuse allowed;
+    GList list;
+    list.Create(0, 0, 200, 100, host, 1, GLS_DETAILS, 0, WS_CHILD | WS_VISIBLE);
+    list.InsertColumn(0, 0, 0, 100, 20, L"Column", 0, LCT_TEXT, nullptr, GroupAndAct, CompareAndAct, nullptr);
+    for (const size_t n : {2, 1, 3}) {
+        list.InsertItem(END, 0, Data(n), 0, L"Item", 0);
+    }
+    s_onCallback = [&] { list.InsertItem(0, 0, Data(9), 0, L"New", 0); };
+    list.Sort(0, true);
+    ASSERT_EQ(list.GetItemCount(), 4u);
+    EXPECT_EQ(list.GetItemCustomData(0), Data(9)) << "the order stays";
+    list.Group(0, true);
+    EXPECT_EQ(list.GetItemGroup(0), 0u) << "the id, for there is no such group";
+    s_onCallback = [&] { list.RemoveAllItems(); };
+    list.Group(0, true);
+    EXPECT_EQ(list.GetItemCount(), 0u);
+    DestroyWindow(list);
 }
 
 TEST(PartitionSort, AnInconsistentOrderEndsInsideTheArray)

@@ -18,10 +18,14 @@ class ProbeList : public GList
 public:
     using GList::Calculate;
     using GList::CalculateU;
+    using GList::DrawItem;
     using GList::FastSortItemPtr;
+    using GList::FreeText;
     using GList::OnGetFont;
     using GList::OnSetFont;
+    using GList::PrepareText;
     using GList::SortAlphabetical;
+    using GList::TextOutW;
 
     using GList::columnDraw;
     using GList::columns;

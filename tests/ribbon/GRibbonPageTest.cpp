@@ -205,6 +205,10 @@ TEST_F(GRibbonPageTest, ItemsTellWhatTheyWereToldUnlessTheTypeDiffers)
     page.GetItemInfo(1, 11, &info);
     EXPECT_EQ(info.bChecked, 1);
     EXPECT_EQ(info.nOptions, 0x7F01) << "one byte is written";
+    InsertCheckBox(page, 1, 12, false, L"Grid");
+    page.GetItemInfo(1, 12, &info);
+    EXPECT_EQ(info.bChecked, 0);
+    page.GetItemInfo(1, 11, &info);
     EXPECT_EQ(Narrow(info.pszCheckText), "Ruler");
     EXPECT_EQ(page.ItemAt(0, 1).nImage, -1);
 

@@ -74,6 +74,8 @@ TEST(GRibbon, HidingTheActiveTabActivatesTheNextThenTheNearestBefore)
     made.ribbon.SetActive(1);
     made.ribbon.SetStatus(3, 0);
     EXPECT_EQ(made.ribbon.m_nActive, 1u) << "another tab was hidden";
+    made.ribbon.SetStatus(1, RIBBON_TAB_VISIBLE);
+    EXPECT_EQ(made.ribbon.m_nActive, 1u) << "nothing was hidden";
     made.ribbon.SetStatus(1, 0);
     EXPECT_EQ(made.ribbon.m_nActive, 2u);
     made.ribbon.SetStatus(2, 0);

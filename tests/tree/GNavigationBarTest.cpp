@@ -65,6 +65,15 @@ TEST_F(GNavigationBarTest, ItemsStandWhereTheyWereInserted)
     tree.SetItemState(m_inbox, NBIK_HEADER | 0x20, 0xFFFF);
     EXPECT_EQ(tree.GetItemState(m_inbox), 0x20u);
 
+    tree.SetItemImage(m_inbox, 4);
+    tree.SetItemCustomData(m_inbox, &tree);
+    EXPECT_EQ(tree.GetItemImage(m_inbox), 4u);
+    EXPECT_EQ(tree.GetItemCustomData(m_inbox), &tree);
+    EXPECT_EQ(tree.GetItemHeight(), 40u);
+    Probe<GNavigationBar> copy;
+    copy = tree;
+    EXPECT_EQ(copy.Rows(), tree.Rows());
+
     // The place among the rows is counted from the children alone.
     tree.Expand(m_mail);
     tree.Add(m_root, "x", 0, m_mail);
@@ -157,6 +166,7 @@ TEST_F(GNavigationBarTest, APointHitsThePartsOfEachKindOfRow)
                          {70, 127, 5, NHT_ROW},
                          {TREE_CX + 1, 60, -1, NHT_NOWHERE},
                          {60, -1, -1, NHT_NOWHERE},
+                         {-1, 60, -1, NHT_NOWHERE},
                      });
     tree.SetStyle(tree.GetStyle() | GNS_GLYPHLEFT);
     ExpectHits(tree, {

@@ -134,6 +134,12 @@ TEST_F(GTreeInputTest, ADoubleClickTogglesUnlessTheParentObjects)
     host.Take();
     Mouse(WM_LBUTTONDBLCLK, 5, 5); // on the expander
     EXPECT_TRUE(host.Take().empty());
+    tree.SetTreeStyle(GTS_IMAGES);
+    ASSERT_EQ(tree.HitAt(20, 5).nPart, THT_IMAGE);
+    Mouse(WM_LBUTTONDBLCLK, 20, 5);
+    EXPECT_EQ(tree.Rows(), "a a1 a2 b");
+    tree.SetTreeStyle(0);
+    host.Take();
     // What the parent does to the row holds.
     host.onNotify = [&](const Notified& n) {
         if (n.code == DOUBLE_CLICKED) {
@@ -416,6 +422,14 @@ TEST_F(GTreeInputTest, FocusSelectsTheFirstRowByNumberAlone)
         EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, vk, reinterpret_cast<LPARAM>(&msg)), 0x81);
     }
     EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, 0, 0), 0x85);
+    for (const auto& [uMsg, vk] : {std::pair(WM_KEYDOWN, WPARAM{VK_RETURN}), {WM_KEYUP, WPARAM{VK_TAB}}}) {
+        MSG msg{tree, static_cast<UINT>(uMsg), vk, 0, 0, {}};
+        EXPECT_EQ(SendMessageW(tree, WM_GETDLGCODE, vk, reinterpret_cast<LPARAM>(&msg)), 0x85);
+    }
+    for (const UINT uMsg : std::initializer_list<UINT>{WM_CONTEXTMENU, WM_KEYUP, WM_DEADCHAR, WM_MOUSEHWHEEL})
+    {
+        EXPECT_EQ(SendMessageW(tree, uMsg, 0, 0), 0) << uMsg;
+    }
 }
 
 // A tree that goes with its window.
@@ -513,6 +527,15 @@ TEST_F(GTreeInputTest, TheParentMayDestroyTheTreeAsItDrawsBehindTheBars)
         EXPECT_TRUE(background.Happened()) << action;
         EXPECT_FALSE(IsWindow(hwnd)) << action;
     }
+}
+
+TEST_F(GTreeInputTest, AFontThatTheHostHandsOverIsTheTreesToDelete)
+{
+    const HFONT handed = CreateFontW(-30, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    tree.SetFont(handed);
+    tree.SetTreeStyle(0);
+    tree.SetFont(nullptr);
+    EXPECT_EQ(GetObjectType(handed), 0u);
 }
 
 TEST_F(GTreeInputTest, FontsAreTheTreesUntilTheHostGivesOne)

@@ -76,6 +76,14 @@ TYPED_TEST(CheckDrawTest, WholeRecord)
               }));
 }
 
+TYPED_TEST(CheckDrawTest, TextOfSeveralLinesIsBrokenAtItsWords)
+{
+    this->Make(GS_MULTILINE, L"a b");
+    const Lines lines = this->Draw(this->control, "DrawThemeText");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find(" 0x100010 "), std::string::npos) << lines[0];
+}
+
 TYPED_TEST(CheckDrawTest, ThemeStateByPressAndMark)
 {
     this->Make(0, L"");
@@ -160,6 +168,10 @@ TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
     std::snprintf(state, sizeof(state), "0x%04X", DFCS_CHECKED | uKind);
     EXPECT_NE(lines[0].find(state), std::string::npos) << lines[0];
     EXPECT_FALSE(this->Draw(this->control, "DrawTextW \"abcd\"").empty());
+    this->control.SetCheck(2);
+    std::snprintf(state, sizeof(state), "0x%04X",
+                  DFCS_CHECKED | (this->RADIO ? DFCS_BUTTONRADIO : DFCS_BUTTONCHECK | DFCS_BUTTON3STATE));
+    EXPECT_NE(this->Draw(this->control, "DrawFrameControl").at(0).find(state), std::string::npos);
 }
 
 TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDrawn)

@@ -90,6 +90,13 @@ TEST_F(LabelDrawTest, IconsAreMeasuredWithoutLeavingTheirBitmapsBehind)
     label.SetIcon(hIcon);
     EXPECT_EQ(desk::Live(), before) << "nor where they cannot be measured";
     DestroyIcon(hIcon);
+    ICONINFO info{TRUE, 0, 0, CreateBitmap(16, 32, 1, 1, nullptr), nullptr};
+    const HICON hMonochrome = CreateIconIndirect(&info);
+    ASSERT_TRUE(hMonochrome);
+    DeleteObject(info.hbmMask);
+    label.SetIcon(hMonochrome);
+    EXPECT_EQ(Content(GS_ICON).size(), 1u) << "an icon of masks alone";
+    DestroyIcon(hMonochrome);
 }
 
 TEST_F(LabelDrawTest, MeasuringFailsWithThePlatformAndLeavesNothingBehind)

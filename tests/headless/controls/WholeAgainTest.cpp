@@ -152,6 +152,10 @@ TYPED_TEST(FrameStyleTest, FrameIsCalculatedAnewForTheNewStyle)
     ASSERT_NE(clientOf(hwndBefore), clientOf(hwndAfter));
     ChangeTheme(hwndBefore);
     EXPECT_EQ(clientOf(hwndBefore), clientOf(hwndAfter));
+    SetWindowLongW(hwndBefore, GWL_STYLE, GetWindowLongW(hwndBefore, GWL_STYLE) & ~WS_BORDER);
+    SetWindowLongW(hwndBefore, GWL_EXSTYLE, WS_EX_CLIENTEDGE);
+    ChangeTheme(hwndBefore);
+    EXPECT_EQ(clientOf(hwndBefore), clientOf(hwndAfter)) << "the other style of a frame";
     DestroyWindow(hwndBefore);
     DestroyWindow(hwndAfter);
 }

@@ -207,6 +207,27 @@ TEST_F(ComboFieldTest, TheIBeamShowsOverTheTextAlone)
     EXPECT_NE(cursorAt(COMBO_CX - 5), GComboBox::s_hIbeam);
     Combo().SetStyle(WS_CHILD | WS_VISIBLE | GCBS_PLAIN);
     EXPECT_NE(cursorAt(30), GComboBox::s_hIbeam);
+    Combo().Destroy();
+    Make(GCBS_DROPDOWN, 0, WS_EX_LEFTSCROLLBAR);
+    EXPECT_NE(cursorAt(5), GComboBox::s_hIbeam) << "the button is at the left";
+    EXPECT_EQ(cursorAt(30), GComboBox::s_hIbeam);
+}
+
+TEST_F(ComboFieldTest, PointsOutsideOfItAreInNoPart)
+{
+    MakeField(L"abcd");
+    Type(VK_END);
+    for (const POINT pt : {POINT{-1, 10}, {10, -1}, {COMBO_CX + 1, 10}, {10, COMBO_CY + 1}}) {
+        for (const UINT uMsg : {WM_MOUSEMOVE, WM_LBUTTONDOWN}) {
+            SendMessageW(Combo(), uMsg, 0, MAKELPARAM(pt.x, pt.y));
+        }
+        EXPECT_EQ(Ends(), "4-4") << pt.x << "," << pt.y;
+        EXPECT_FALSE(List());
+        SendMessageW(Combo(), WM_LBUTTONUP, 0, MAKELPARAM(pt.x, pt.y));
+    }
+    Combo().SetStyle(WS_CHILD | WS_VISIBLE | GCBS_DROPDOWNLIST);
+    SendMessageW(Combo(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(10, 10));
+    EXPECT_EQ(Ends(), "4-4") << "and there is nothing to select without a field";
 }
 
 TEST_F(ComboFieldTest, EachKindHasItsParts)
@@ -324,6 +345,8 @@ TEST_F(ComboFieldTest, WithoutAStyleItStaysUsable)
     size_t nRows = 0;
     WithList({[&] { nRows = Draw(List(), "DrawTextW \"item").size(); }, [] { desk::TypeKey(VK_ESCAPE); }});
     EXPECT_EQ(nRows, 3u);
+    EnableWindow(Combo(), FALSE);
+    EXPECT_TRUE(AnyStartsWith(Draw(Combo(), "FillRect"), "FillRect (0,0,120,24) brush=sys15"));
 }
 
 } // namespace

@@ -206,6 +206,38 @@ TEST_F(ComboListTest, AClickPicksARowAndTellsTheParent)
     EXPECT_EQ(TheHost().TakeReports(), (Reports{"setfocus 5", SELCHANGE}));
 }
 
+TEST_F(ComboListTest, InputElsewhereReachesTheListAndAPressOnAFrameClosesIt)
+{
+    Make(GCBS_DROPDOWNLIST, 5);
+    bool fOpen = false;
+    Lines printed;
+    WithList({[&] {
+                  PostMessageW(Parent(), WM_NCMOUSEMOVE, HTCAPTION, MAKELPARAM(1, 1));
+                  PostMessageW(Parent(), WM_XBUTTONDOWN, 0, MAKELPARAM(1, 1));
+                  PostMessageW(Parent(), WM_NCXBUTTONDOWN, HTCAPTION, MAKELPARAM(1, 1));
+                  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+              },
+              [&] {
+                  fOpen = List() != nullptr;
+                  const HDC hdc = GetDC(List());
+                  desk::ClearDrawing(List());
+                  SendMessageW(List(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(hdc), PRF_CLIENT);
+                  printed = desk::Drawing(List());
+                  ReleaseDC(List(), hdc);
+                  // On its own frame: no row.
+                  MoveTo(List(), 5, -1);
+                  desk::PressButton();
+                  desk::ReleaseButton();
+              },
+              [&] { PostMessageW(Parent(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(1, 1)); }, TypeEscape});
+    EXPECT_TRUE(fOpen);
+    EXPECT_TRUE(std::any_of(printed.begin(), printed.end(), [](const std::string& line) {
+        return line.find("\"item 4\"") != std::string::npos;
+    }));
+    EXPECT_FALSE(List());
+    EXPECT_EQ(Combo().GetSelected(), NONE);
+}
+
 TEST_F(ComboListTest, AReleaseWithoutAPressOnARowPicksNothing)
 {
     Make(GCBS_DROPDOWNLIST, 5);

@@ -132,6 +132,28 @@ TEST_F(ActivationContextTest, ImageListGoesWithoutTheContextToo)
     EXPECT_EQ(desk::Live()[desk::Kind::ImageList], before[desk::Kind::ImageList]);
 }
 
+// As a host has it that isolates its parts by other means, or has cleaned up already.
+TEST_F(ActivationContextTest, FlagsOfTheHostsLetTheCallsThrough)
+{
+    struct
+    {
+        bool fUnavailable, fDownlevel, fCleanedUp;
+    } const rows[] = {{true, false, false}, {false, true, false}, {true, true, false}, {false, false, true}};
+    for (const auto& row : rows) {
+        g_hActCtx = NOT_SET_UP;
+        row.fCleanedUp ? void(DestroyWindow(MakeWindow())) : void();
+        const ULONG_PTR hActCtx = g_hActCtx;
+        g_fActCtxUnavailable = row.fUnavailable;
+        g_fIsolationDownlevel = row.fDownlevel;
+        g_fIsolationCleanupCalled = row.fCleanedUp;
+        EXPECT_TRUE(DestroyWindow(MakeWindow())) << &row - rows;
+        EXPECT_TRUE(IsolationAwareImageList_Destroy(IsolationAwareImageList_Create(16, 16, 1)));
+        EXPECT_EQ(g_hActCtx, hActCtx) << "no context was made";
+        EXPECT_EQ(desk::ActivationDepth(), 0);
+        g_fActCtxUnavailable = g_fIsolationDownlevel = g_fIsolationCleanupCalled = false;
+    }
+}
+
 // In a process of its own, in which no test before this one has looked anything up.
 TEST_F(ActivationContextTest, CommonControlsAreLookedUpOnceAndOnlyASuccessIsKept)
 {
@@ -142,6 +164,19 @@ TEST_F(ActivationContextTest, CommonControlsAreLookedUpOnceAndOnlyASuccessIsKept
         }
         return IsolationAwareImageList_Create(16, 16, 1) != nullptr;
     };
+    const auto fail = [] { desk::Fail("GetProcAddress", 1, ERROR_PROC_NOT_FOUND); };
+    const auto othersFail = [&] {
+        HICON hIcon = nullptr;
+        fail();
+        bool fFail = IsolationAwareImageList_Add(nullptr, nullptr) == -1;
+        fail();
+        fFail = fFail && !IsolationAwareImageList_DrawEx(nullptr, 0, nullptr, 0, 0, 0, 0);
+        fail();
+        fFail = fFail && !IsolationAwareImageList_Destroy(nullptr);
+        fail();
+        return fFail && FAILED(IsolationAwareLoadIconWithScaleDown(nullptr, nullptr, 16, 16, &hIcon));
+    };
+    EXPECT_EXIT(std::_Exit(othersFail() ? 0 : 1), testing::ExitedWithCode(0), "");
     EXPECT_EXIT(std::_Exit(!isMade(true) && isMade(false) && isMade(true) ? 0 : 1),
                 testing::ExitedWithCode(0), "");
 }

@@ -95,6 +95,77 @@ TEST_F(GWndScrollTest, BarsTakeTheirRoomAndGiveItBack)
     RECT rc{};
     probe.GetClientRectNoScroll(&rc);
     EXPECT_EQ(Numbers(rc.right, rc.bottom), Numbers(CX - BAR, CY + BAR));
+    probe.ShowScrollBar(SB_VERT, 0);
+    probe.GetClientRectNoScroll(&rc);
+    EXPECT_EQ(Numbers(rc.right, rc.bottom), Numbers(CX + BAR, CY + BAR));
+}
+
+TEST_F(GWndScrollTest, FlippedBarsLieAtTheOppositeEdges)
+{
+    probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL | GSS_FLIPHORZ | GSS_FLIPVERT);
+    probe.ShowRange(SB_VERT);
+    probe.ShowRange(SB_HORZ);
+    EXPECT_EQ(Numbers(ClientSize(probe)), Numbers(CX - BAR, CY - BAR));
+    EXPECT_EQ(Numbers(probe.VRect()), Numbers({BAR, BAR, 2 * BAR, CY}));
+    EXPECT_EQ(Numbers(probe.m_rcHScroll), Numbers({BAR, BAR, CX, 2 * BAR}));
+}
+
+TEST_F(GWndScrollTest, PointsBesideTheClientAreaBelongToABarOrToTheBorder)
+{
+    probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
+    probe.ShowRange(SB_VERT);
+    probe.ShowRange(SB_HORZ);
+    desk::Pump();
+    const std::tuple<int, int, LRESULT> rows[] = {
+        {CX - BAR, CY - BAR, HTCLIENT}, {CX - 5, 20, HTVSCROLL}, {20, CY - 5, HTHSCROLL}, {CX, CY, HTSIZE},
+        {CX + 1, CY, HTBORDER},         {-1, CY - 5, HTBORDER},  {CX, CY + 1, HTBORDER},  {-1, 20, HTBORDER},
+        {CX - 5, CY - 5, HTVSCROLL}};
+    for (const auto& [x, y, nPart] : rows) {
+        POINT pt{x, y};
+        ClientToScreen(probe, &pt);
+        EXPECT_EQ(SendMessageW(probe, WM_NCHITTEST, 0, MAKELPARAM(pt.x, pt.y)), nPart) << x << " " << y;
+    }
+}
+
+TEST_F(GWndScrollTest, BothBarsAreSetAtOnceAndDrawnOrLaidOutAnew)
+{
+    probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
+    SCROLLINFO si{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, 99, 10, 20, 0};
+    const SCROLLINFO siH{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, 9, 1, 3, 0};
+    desk::Pump();
+    probe.SetScrollInfo(&siH, &si, TRUE);
+    EXPECT_TRUE(GetUpdateRect(probe, nullptr, FALSE)) << "bars have come";
+    EXPECT_EQ(Numbers(probe.GetScrollPos(SB_HORZ), probe.GetScrollPos(SB_VERT)), Numbers(3, 20));
+    desk::Pump();
+    desk::ClearDrawing(probe);
+    probe.SetScrollInfo(&siH, &si, TRUE);
+    EXPECT_FALSE(GetUpdateRect(probe, nullptr, FALSE));
+    EXPECT_TRUE(AnyStartsWith(desk::Drawing(probe), "DrawThemeBackground SCROLLBAR 2 "));
+    EXPECT_TRUE(AnyStartsWith(desk::Drawing(probe), "DrawThemeBackground SCROLLBAR 3 "));
+
+    si.nPos = 30;
+    desk::ClearDrawing(probe);
+    probe.SetScrollInfo(&siH, &si, FALSE);
+    EXPECT_EQ(probe.GetScrollPos(SB_VERT), 30);
+    EXPECT_EQ(desk::Drawing(probe), Lines{});
+    EXPECT_EQ(probe.GetScrollBarStyle(SB_HORZ), 0u);
+
+    EXPECT_EQ(probe.SetScrollBarStyle(2, 0), static_cast<UINT>(-1));
+    EXPECT_EQ(probe.GetScrollInfo(SB_VERT, nullptr), 0);
+    EXPECT_EQ(probe.SetScrollInfo(SB_VERT, nullptr, TRUE), 0);
+    ASSERT_EQ(probe.GetScrollInfo(SB_HORZ, &si), 1);
+    EXPECT_EQ(si.nMax, 9);
+    // Of a derived class that writes the record itself.
+    for (const auto& [fMask, dwFlag] :
+         {std::pair(SIF_POS, GSB_HIDDEN), {SIF_POS | SIF_DISABLENOSCROLL, GSB_DISABLED}})
+    {
+        probe.m_siV.nPage = 1000;
+        si.fMask = static_cast<UINT>(fMask);
+        probe.GWndScroll::SetScrollInfo(SB_VERT, &si, FALSE);
+        EXPECT_TRUE(probe.GetScrollBarStyle(SB_VERT) & dwFlag);
+    }
+    si.cbSize = 1;
+    EXPECT_EQ(probe.SetScrollInfo(SB_VERT, &si, TRUE), 0);
 }
 
 TEST_F(GWndScrollTest, EachPartIsHitAndItsFlagMakesItInactive)
@@ -204,11 +275,17 @@ TEST_F(GWndScrollTest, IdleArrowsLookDisabledAndComeUpUnderThePointer)
     EXPECT_EQ(arrowsAt(20, 20), "4 8 ");
 }
 
-TEST_F(GWndScrollTest, FrameIsPaintedWholeWithoutARegionToo)
+TEST_F(GWndScrollTest, FrameIsPaintedWholeWithoutARegionAndWithinOne)
 {
     MakeVertical();
     SendMessageW(probe, WM_NCPAINT, 0, 0);
     EXPECT_TRUE(desk::Drawing(probe).back().ends_with(" clip=(183,0,200,150) nonclient"));
+    RECT rc{};
+    GetWindowRect(probe, &rc);
+    const HRGN hRegion = CreateRectRgn(rc.left, rc.top, rc.right, rc.top + 40);
+    SendMessageW(probe, WM_NCPAINT, reinterpret_cast<WPARAM>(hRegion), 0);
+    EXPECT_TRUE(desk::Drawing(probe).back().ends_with(" clip=(183,0,200,40) nonclient"));
+    EXPECT_TRUE(DeleteObject(hRegion)) << "it stays the platform's";
 }
 
 // As when a message box comes up: the button is let go where the control does not see it.
@@ -227,6 +304,16 @@ TEST_F(GWndScrollTest, PressThatLosesItsCaptureScrollsNoMore)
     desk::Advance(2000);
     EXPECT_EQ(probe.TakeScrolls(), Lines{});
     EXPECT_FALSE(ScrollProbe::Repeats());
+
+    MoveTo(CX - 5, CY - 5);
+    PressThere();
+    probe.TakeScrolls();
+    SetCapture(Parent());
+    desk::Advance(2000);
+    EXPECT_EQ(probe.TakeScrolls(), Lines{}) << "while the button is still down";
+    EXPECT_FALSE(ScrollProbe::Repeats());
+    ReleaseThere();
+    ReleaseCapture();
 
     MoveTo(CX - 5, BAR + 5);
     PressThere();
@@ -323,6 +410,8 @@ TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)
     probe.ShowRange(SB_VERT, 7);
     EXPECT_EQ(probe.GetScrollPos(SB_VERT), 7);
     probe.DrawScrollBar(SB_BOTH);
+    const SCROLLINFO si{sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, 8, 0};
+    EXPECT_EQ(probe.GWndScroll::SetScrollInfo(SB_VERT, &si, TRUE), 8);
     EXPECT_EQ(desk::Live()[desk::Kind::DeviceContext], 0);
 }
 

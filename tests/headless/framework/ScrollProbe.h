@@ -46,6 +46,10 @@ public:
         return ScrollBarHitTest(&info);
     }
 
+    using GWndScroll::m_rcHScroll;
+    using GWndScroll::m_siV;
+    using GWndScroll::SetScrollInfo;
+
     bool fFollow = true; // answers by SetScrollPos, as a control does
 
 private:

@@ -52,6 +52,51 @@ TEST_F(ListAssignTest, ListThatTakesItsCopyBackStaysTheOwner)
     DestroyWindow(list);
 }
 
+// The sanitizers, and what the desktop still has at the end, tell whether each goes just once.
+TEST_F(ListAssignTest, ListTakesBackWhatIsLeftOfItsCopysShare)
+{
+    for (const int nGone : {0, 1, 2, 3}) {
+        struct : GList
+        {
+            using GList::OnSetFont;
+        } list;
+        Fill(list, L"One");
+        GList copy(list);
+        const HFONT lent = CreateFontW(-20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+        nGone > 0 ? list.RemoveAllItems() : void();
+        nGone > 1 ? list.RemoveAllColumns() : void();
+        nGone > 2 ? list.RemoveAllGroups() : void();
+        nGone > 2 ? void(list.OnSetFont(lent, 0)) : void();
+        copy = list;
+        GList& assigned = list;
+        assigned = copy;
+        assigned = static_cast<const GList&>(list);
+        EXPECT_EQ(list.GetItemCount(), nGone == 0 ? 1u : 0u);
+        DestroyWindow(list);
+        EXPECT_TRUE(DeleteObject(lent));
+    }
+}
+
+TEST_F(ListAssignTest, ListThatIsAssignedEndsItsEdit)
+{
+    GList list, other;
+    Fill(list, L"One");
+    Fill(other, L"Two");
+    HWND field = Field(list);
+    const LONG_PTR procedure = GetWindowLongPtrW(field, GWLP_WNDPROC);
+    const HWND hwnd = list;
+    list.BeginEdit(1, &field);
+    {
+        const GList copy(list);
+        list = copy;
+        EXPECT_NE(GetWindowLongPtrW(field, GWLP_WNDPROC), procedure) << "the copy's edit is its own";
+    }
+    list = other;
+    EXPECT_EQ(GetWindowLongPtrW(field, GWLP_WNDPROC), procedure);
+    DestroyWindow(hwnd);
+    DestroyWindow(other);
+}
+
 TEST_F(ListAssignTest, CopyEndsTheEditOfItsOriginal)
 {
     GList list;

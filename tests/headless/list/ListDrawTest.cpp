@@ -39,6 +39,33 @@ TEST_F(ListDrawTest, TheWholePaintInItsOrder)
                         }));
 }
 
+TEST_F(ListDrawTest, ADerivedClassMayDrawItemsAndTexts)
+{
+    MakeFilledList(1, 2);
+    const HDC hdc = GetDC(list);
+    const auto drawn = [&](const std::function<void()>& act) {
+        desk::ClearDrawing(list);
+        act();
+        const Lines lines = desk::Drawing(list);
+        return lines.empty() ? "nothing" : lines.back();
+    };
+    Lines lines;
+    for (const UINT mode : {LTM_COLUMN, LTM_CAPTION, LTM_GROUP, LTM_ITEM, LTM_TITLE, 99U}) {
+        ListTextPair* pair = list.PrepareText(hdc, mode, L"x", nullptr, DT_SINGLELINE, 18);
+        lines.push_back(drawn([&] { list.TextOutW(hdc, mode, pair, {1, 2, 50, 30}); }));
+        list.FreeText(pair);
+    }
+    lines.push_back(drawn([&] { list.TextOutW(hdc, LTM_ITEM, nullptr, {1, 2, 50, 30}); }));
+    lines.push_back(drawn([&] { list.DrawItem(hdc, 1, {0, 50, 100, 72}); }));
+    const std::string x = "ScriptTextOut \"x\" (1,2) cx=6 latin font=\"Segoe UI\" ";
+    const std::string rest = " color=000000 back=FFFFFF";
+    EXPECT_EQ(lines,
+              (Lines{x + "12" + rest, "ScriptTextOut \"x:\" (1,2) cx=12 latin font=\"Segoe UI\" 12" + rest,
+                     x + "13 bold" + rest, x + "12" + rest, x + "13" + rest, "nothing", "nothing",
+                     "ScriptTextOut \"item1\" (3,53) cx=30 latin font=\"Segoe UI\" 12" + rest}));
+    ReleaseDC(list, hdc);
+}
+
 TEST_F(ListDrawTest, ARowsLookFollowsSelectionFocusAndPointer)
 {
     MakeFilledList(1, 2);

@@ -128,9 +128,28 @@ TEST(ContainerMemoryDeathTest, WhatNoOperationCouldGoOnWithoutEndsTheProgramWith
         "out of memory");
     EXPECT_DEATH(
         {
+            void* p = gesso::Reallocate(gesso::Allocate(8), 16);
+            const MemoryLimit limit(0);
+            gesso::Reallocate(p, 32);
+        },
+        "out of memory");
+    EXPECT_DEATH(
+        {
             Numbers a;
             const MemoryLimit limit;
             a.GetAtGrow(MANY) = 1;
         },
         "out of memory");
 }
+
+#if !defined(NDEBUG)
+TEST(MisuseDeathTest, AMistakeOfTheHostsEndsTheProgramWithItsName)
+{
+    EXPECT_DEATH(
+        {
+            const Numbers a = FirstNumbers(3);
+            static_cast<void>(a.GetAt(3));
+        },
+        "misuse of OArray: an index beyond the length");
+}
+#endif

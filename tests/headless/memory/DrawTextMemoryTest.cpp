@@ -112,3 +112,45 @@ TEST_F(DrawTextMemoryTest, ABufferKeepsWhatItHoldsWithoutMemoryForAnother)
     CDrawText::OptimizeBuffer(&buffer);
     CDrawText::FreeBuffer(&buffer);
 }
+
+TEST_F(DrawTextMemoryTest, WhicheverArrayIsRefusedTheBufferTakesAnotherText)
+{
+    static constexpr wchar_t MIXED[] = L"a \x05D0 b \x05D1 c \x05D2 d e f g h i j \x05D3 k l m n";
+    constexpr UINT LENGTH = std::size(MIXED) - 1;
+    struct
+    {
+        UINT nItems, nChars, nGlyphs;
+    } const rows[] = {{3, 1, 1}, {3, LENGTH, LENGTH}, {200, 1, 1}, {3, 200, 1}, {3, 1, 200}};
+    for (size_t cbLargest = 72; cbLargest < 2400; cbLargest += 12) {
+        for (const auto& row : rows) {
+            stcDrawTextBuffer buffer{};
+            {
+                const MemoryLimit limit(cbLargest);
+                CDrawText::PrepareBuffer(&buffer, row.nItems, row.nChars, row.nGlyphs);
+                CDrawText::DrawText_Calculate(m_hdc, MIXED, LENGTH, &buffer);
+                CDrawText::DrawText_Break(MIXED, LENGTH, 1, &buffer);
+                CDrawText::OptimizeBuffer(&buffer);
+                EXPECT_TRUE(buffer.nChars == 0 || buffer.nChars == LENGTH) << cbLargest;
+            }
+            Paint(buffer);
+            CDrawText::FreeBuffer(&buffer);
+            CDrawText::PrepareBuffer(&buffer, row.nItems, row.nChars, row.nGlyphs);
+            CDrawText::DrawText_Calculate(m_hdc, SHORT_TEXT, SHORT_LENGTH, &buffer);
+            EXPECT_EQ(buffer.nChars, SHORT_LENGTH) << cbLargest;
+            CDrawText::FreeBuffer(&buffer);
+        }
+    }
+    stcDrawTextBuffer buffer{};
+    CDrawText::PrepareBuffer(&buffer, 3, 1, 1);
+    CDrawText::DrawText_Calculate(m_hdc, MIXED, LENGTH, &buffer);
+    for (size_t cbLargest = 12; cbLargest < 2400; cbLargest += 12) {
+        for (UINT nChars = 1; nChars <= LENGTH; ++nChars) {
+            const MemoryLimit limit(cbLargest);
+            CDrawText::DrawText_Break(MIXED, nChars, 1, &buffer);
+            CDrawText::OptimizeBuffer(&buffer);
+        }
+        Paint(buffer);
+        EXPECT_EQ(buffer.nChars, LENGTH) << cbLargest;
+    }
+    CDrawText::FreeBuffer(&buffer);
+}

@@ -20,6 +20,7 @@ protected:
         ImageList_Add(images, hbm, nullptr);
         DeleteObject(hbm);
         this->tree.SetImageList(images);
+        EXPECT_EQ(this->tree.GetImageList(), images);
     }
     void TearDown() override
     {
@@ -256,6 +257,8 @@ TEST_F(GNavigationBarDrawTest, TheGlyphAtTheRightLightsUpAsTheStylesSay)
     EXPECT_FALSE(hot(GNS_GLYPHLEFT | GNS_CLICKEXPAND, 100));
     PointAt(tree, TREE_CX + 50, 5);
     EXPECT_EQ(Rows(), Lines{});
+    EnableWindow(tree, FALSE);
+    EXPECT_FALSE(Rows().empty()) << "of a disabled bar each row is drawn";
 }
 
 TEST_F(GNavigationBarDrawTest, PaintingBeginsAtTheRowThatReachesThePosition)
