@@ -14,9 +14,12 @@ say "build"
 build headless-coverage gesso_tests -DGESSO_WERROR=OFF >"$BUILD/coverage.log" 2>&1 ||
     die "the build failed: $BUILD/coverage.log"
 say "tests"
-LLVM_PROFILE_FILE=$place/tests.profraw "$place/tests/gesso_tests" --gtest_brief=1 ||
+# %c counts in the file itself, so that processes count whose end is sudden, those of the fault sweep for one; with %m
+# a process that begins anew goes on in the same file.
+rm -f "$place"/tests*.profraw
+LLVM_PROFILE_FILE=$place/tests-%m%c.profraw "$place/tests/gesso_tests" --gtest_brief=1 ||
     die "the tests have to pass first"
-llvm-profdata merge -sparse "$place/tests.profraw" -o "$place/tests.profdata" || exit 1
+llvm-profdata merge -sparse "$place"/tests-*.profraw -o "$place/tests.profdata" || exit 1
 llvm-cov export "$place/tests/gesso_tests" -instr-profile="$place/tests.profdata" "$ROOT/gesso" \
     >"$place/coverage.json" || exit 1
 scripts/coverage.py "$place/coverage.json" "$@"

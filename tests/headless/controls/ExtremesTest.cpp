@@ -108,7 +108,7 @@ TEST_F(ExtremesTest, AStylesMarginsMayBeAnyNumber)
 {
     for (const int nMargin : ENDS) {
         desk::SetThemeMargins("BUTTON", BP_CHECKBOX, 0, TMT_CONTENTMARGINS, {nMargin, 0x10000, 1, nMargin});
-        for (const DWORD dwStyle : {0UL, GCS_BOXRIGHT, GS_BOTTOM}) {
+        for (const DWORD dwStyle : {DWORD{0}, GCS_BOXRIGHT, GS_BOTTOM}) {
             GCheckBox box;
             MakeControl(box, Parent(), 1, WS_CHILD | WS_VISIBLE | dwStyle);
             Use(box);
