@@ -48,6 +48,21 @@ enum class Quirk
 
     // Dialogs
     TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need
+
+    // GList
+    ListCursorStays,        // SetFirstSelectedItemIndex leaves the cursor where it is
+    ListCursorUnseen,       // no focus rectangle shows where the keyboard is
+    ListElementsAreColumns, // the header sorts and sizes the column of an element's number
+    ListEmptyRoom,          // a drag from empty room selects nothing
+    ListFirstFocusSelects,  // the first focus selects the first item
+    ListGoesWithWindow,     // columns and fonts go with the window
+    ListHeaderSilent,       // a header click sorts, and nobody is asked
+    ListIndicesStay,        // cursor, anchor and hot item keep their number when their item gets another
+    ListKeyboard,           // the keyboard starts from what was last acted on, by rules of its own
+    ListRemovalSilent,      // items go, and nobody is told
+    ListRightClickIgnored,  // a right click does nothing
+    ListSelectionSilent,    // the selection changes, and nobody is told
+    ListTiltIgnored,        // a wheel that tilts does nothing
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.

@@ -2,17 +2,21 @@
 
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/list/ListInside.h>
 
 #include <utility>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
 using gesso::Pixels;
+using gesso::Quirk;
 namespace Metrics = gesso::Metrics;
 
 constinit ATOM GList::s_aClass = 0;
@@ -231,13 +235,36 @@ LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
     SetWindowTheme(m_hWnd, L"explorer", nullptr);
     GWndScroll::OnNcCreate(pcs);
     Frame::SetState(*this, Frame::FirstState(*this));
+    StartAnew();
     themeList.Open(m_hWnd, L"LISTVIEW");
     return 1;
+}
+
+// Of what a former window's user had made.
+void GList::StartAnew()
+{
+    ChangeCursor(NO_INDEX, NO_INDEX);
+    shiftAnchor = NO_INDEX;
+    const bool fAgain = std::exchange(m_inside->fHadWindow, true);
+    if (fAgain && !Has(*this, Quirk::StateOutlivesWindow)) {
+        SelectNone();
+        m_inside->selection = {};
+        hitPress = NO_HIT;
+        ChangeHot(NO_HIT);
+    }
 }
 
 LRESULT GList::OnCreate(const CREATESTRUCTW*)
 {
     OpenCellThemes();
+    if (!Has(*this, Quirk::ListGoesWithWindow)) {
+        m_inside->fFontsMissing = true;
+        MakeMissingFonts();
+        if (columns.GetLength() > 0) {
+            SetListStyle(listStyle);
+        }
+        return 0;
+    }
     const int nTitle = Pixels(m_hWnd, Metrics::LIST_TITLE_FONT);
     const int nText = Pixels(m_hWnd, Metrics::LIST_FONT);
     TakeFont(fontLabelTitle, MakeFont(nTitle, 0));
@@ -271,14 +298,28 @@ void GList::OpenCellThemes()
     themeButton.Open(m_hWnd, L"BUTTON");
 }
 
-// The groups stay: they go with the object.
+// The groups stay: they go with the object. So do, in Modern, columns and fonts, which a next window has
+// then.
 LRESULT GList::OnDestroy()
 {
+    const gesso::Watch watch(*this);
+    m_inside->fEnding = true;
     RemoveAllItems();
-    RemoveAllColumns();
+    if (!watch) {
+        return 0;
+    }
+    m_inside->fEnding = false;
+    if (Has(*this, Quirk::ListGoesWithWindow)) {
+        RemoveAllColumns();
+        ReleaseFonts();
+    } else {
+        ReleaseItems(); // what the parent has put in meanwhile
+        if (listStyle & GLS_OWNFONT) {
+            fontLabelText = nullptr;
+        }
+    }
     themeHeader.Reset();
     themeButton.Reset();
-    ReleaseFonts();
     return 0;
 }
 
@@ -314,7 +355,11 @@ LRESULT GList::OnEnable(BOOL fEnable)
 
 LRESULT GList::OnSetFocus(HWND)
 {
-    if (lastItem == NO_INDEX && items.GetLength() > 0) {
+    if (!Has(*this, Quirk::ListFirstFocusSelects)) {
+        if (GetCursorItem() == NO_INDEX && items.GetLength() > 0) {
+            PutCursor(StartOfKeys());
+        }
+    } else if (lastItem == NO_INDEX && items.GetLength() > 0) {
         ChangeCursor(cursorItem, 0);
         Select(0);
     }
@@ -381,13 +426,16 @@ LRESULT GList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_LBUTTONDOWN: return OnLButtonDown(wParam, pt);
     case WM_LBUTTONUP: return OnLButtonUp(wParam, pt);
     case WM_LBUTTONDBLCLK: return OnLButtonDblClk(wParam, pt);
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+    case WM_RBUTTONDBLCLK: return OnRightButton(uMsg, wParam, lParam);
     case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
     case WM_SETCURSOR: return OnSetCursor(reinterpret_cast<HWND>(wParam), lParam);
     case WM_MOUSEWHEEL: return OnMouseWheel(LOWORD(wParam), GET_WHEEL_DELTA_WPARAM(wParam), pt);
     case WM_VSCROLL: return OnVScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_HSCROLL: return OnHScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
     case WM_NOTIFY: return OnNotify(static_cast<UINT>(wParam), reinterpret_cast<const NMHDR*>(lParam));
-    case WM_MOUSEHWHEEL:
+    case WM_MOUSEHWHEEL: return OnMouseHWheel(GET_WHEEL_DELTA_WPARAM(wParam));
     case WM_CONTEXTMENU: return 0;
     default: return Frame::Default(*this, uMsg, wParam, lParam);
     }

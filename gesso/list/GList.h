@@ -55,6 +55,8 @@ class ListGeometry;
 class ListLayout;
 struct ListInside;
 struct ListMeasures;
+struct ListIndices;
+struct ListKept;
 
 // A list's hold on what is Gesso's own of it, made when it is first asked for. A copy has one of its own.
 //
@@ -286,6 +288,15 @@ public:
     void BulkInsertOn();
     void BulkInsertOff();
 
+    // The item that the keyboard starts from: the last one that a key or a click led to, or that was set; -1
+    // for none. In Modern it is that item, wherever it goes.
+    UINT GetCursorItem() const;
+    // -1 takes it away; past the end is ignored. Repaints; neither selects nor scrolls.
+    void SetCursorItem(UINT item);
+    // Scrolls the rows so that the item shows whole, or its upper end where it is higher than the window.
+    // Ignored past the end, for an item that has no row, and during a bulk fill.
+    void EnsureVisible(UINT item);
+
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
     // What the windows of an in-place edit run on.
@@ -414,6 +425,8 @@ private:
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
+    void StartAnew();
+
     // Data
     ListColumn* ColumnFor(UINT column, const char* operation) const;
     ListItem* ItemAt(UINT item) const;
@@ -481,10 +494,12 @@ private:
     LRESULT OnPrintClient(HDC hdc, LPARAM lParam);
 
     // Input
-    void Click(const HitTestInfo& hit, WORD pressedPart);
+    void Click(const HitTestInfo& hit);
+    void ClickHeader(const HitTestInfo& hit, WORD pressedPart);
+    UINT ColumnOf(WORD element) const;
     void SizeColumn(int x);
     void StartDrag(POINTS pt);
-    void SendItemNotify(UINT code, const HitTestInfo& hit) const;
+    LRESULT SendItemNotify(UINT code, const HitTestInfo& hit) const;
     static WORD ModifierKeys();
     void Navigate(UINT vk, bool fIcons);
     void OnSpace();
@@ -496,9 +511,34 @@ private:
     void StepFromNowhere();
     void BringCursorIntoView(UINT vk);
 
+    // The mouse of lists made in Modern
+    void ModernClick(const HitTestInfo& hit);
+    void SelectForMenu(const HitTestInfo& hit);
+    LRESULT OnRightButton(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseHWheel(int delta);
+    void RenewHot();
+    POINT InRows(POINTS pt) const;
+    void StartBand(POINTS pt);
+    void MoveBand(POINTS pt);
+    void ScrollToward(POINTS pt);
+    void SelectInBand();
+    void DrawBand(HDC hdc) const;
+
+    // The keyboard of lists made in Modern
+    LRESULT OnModernKeyDown(UINT vk, UINT flags);
+    void ModernNavigate(UINT vk);
+    UINT ModernTarget(UINT vk, UINT from) const;
+    UINT StartOfKeys() const;
+    void MoveTo(UINT target, WORD mods, bool fStep);
+    void StepRange(UINT from, UINT target);
+    void ModernSpace();
+    void SendReturn();
+    void BringIntoView(UINT item);
+
     // What can change of the items: each in one place, where whoever is to hear of it is told.
     void ChangeSelection(UINT a, UINT b, bool on);
     void ChangeCursor(UINT cursor, UINT last);
+    void PutCursor(UINT item);
     void ChangeHot(const HitTestInfo& hit);
     void ChangeSubItemState(ListSubItem& sub, UINT state);
 
@@ -507,6 +547,25 @@ private:
     void Select(UINT item);
     void SelectNone();
     void SelectOnly(UINT item);
+    void SelectOnlyRange(UINT a, UINT b);
+    bool TellSelection();
+
+    // Items that change their index, or go
+    bool IsHotOnItem() const;
+    bool IsPressOnItem() const;
+    gesso::ListIndices Indices() const;
+    void SetIndices(const gesso::ListIndices& indices);
+    bool FollowsItems() const;
+    void FollowInsertion(UINT item);
+    ListItem* StayingFrom(UINT item) const;
+    gesso::ListKept KeepItems() const;
+    void FindItems(const gesso::ListKept& kept);
+    void RemoveAndTell(UINT first, UINT last);
+    bool RemoveItems(UINT first, UINT last, bool fStraysAlone);
+    bool MarkGoing(UINT first, UINT last, bool fStraysAlone, UINT depth);
+    void TellGoing(UINT first, UINT last, UINT depth);
+    void DropGoing(UINT depth);
+    bool IsStray(const ListItem& item) const;
     void SelectByMouse(UINT item, WORD mods);
     void InvertItem(UINT item);
     void MoveCursor(UINT item);

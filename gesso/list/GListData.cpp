@@ -5,6 +5,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/list/ListCellLayout.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
@@ -13,7 +14,9 @@
 #include <new>
 #include <utility>
 
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 using gesso::WindowContext;
 
 namespace {
@@ -439,6 +442,7 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
     item->SubItems()->state = state;
     item->SubItems()->image = image;
     ++m_inside->itemChanges;
+    FollowInsertion(position);
     if (bulkInsert) {
         ForgetLayout();
         return position;
@@ -471,16 +475,25 @@ void GList::ReleaseItem(ListItem* item)
 
 void GList::RemoveItem(UINT item)
 {
-    if (item < items.GetLength()) {
-        ReleaseItem(items[item]);
-        items.RemoveAt(item, 1);
-        ++m_inside->itemChanges;
-        Calculate();
+    if (item >= items.GetLength()) {
+        return;
     }
+    if (!Has(*this, Quirk::ListRemovalSilent)) {
+        RemoveAndTell(item, item);
+        return;
+    }
+    ReleaseItem(items[item]);
+    items.RemoveAt(item, 1);
+    ++m_inside->itemChanges;
+    Calculate();
 }
 
 void GList::RemoveAllItems()
 {
+    if (!Has(*this, Quirk::ListRemovalSilent)) {
+        RemoveAndTell(0, NO_INDEX);
+        return;
+    }
     ReleaseItems();
     Calculate();
 }

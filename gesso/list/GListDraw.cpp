@@ -8,6 +8,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
@@ -19,9 +20,11 @@
 
 using gesso::Color;
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
 using gesso::Pixels;
 using gesso::PlainPart;
+using gesso::Quirk;
 using gesso::Saturated;
 using gesso::SelectScope;
 using gesso::Shifted;
@@ -107,6 +110,7 @@ private:
     FontCursor m_fonts;
     bool m_fFocused;
     bool m_fDisabled;
+    UINT m_cursor = NO_INDEX; // the item with the focus rectangle
     int m_border;
     UINT m_imageCount = 0;
     SIZE m_icon;
@@ -122,6 +126,9 @@ GList::RowPainter::RowPainter(GList& list, HDC hdc)
         reinterpret_cast<IImageList*>(list.imageList)->GetImageCount(&count);
     }
     m_imageCount = static_cast<UINT>(count);
+    if (m_fFocused && !(list.m_dwState & GWS_HIDEFOCUS) && !Has(list, Quirk::ListCursorUnseen)) {
+        m_cursor = list.GetCursorItem();
+    }
 }
 
 void GList::RowPainter::DrawIn(HFONT hFont, void* hText, const RECT& rc)
@@ -160,6 +167,9 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     for (UINT k = fCheckBoxes ? 1 : 0; k < cells.GetLength(); ++k) {
         const ListSubItem* sub = item->SubItem(cells[k].column);
         DrawElement(cells[k], sub ? *sub : NO_SUB_ITEM, ContentOf(cells[k], rc));
+    }
+    if (index == m_cursor) {
+        DrawFocusRect(m_hdc, &rc);
     }
 }
 
@@ -293,6 +303,7 @@ void GList::Draw(HDC hdc)
     InflateRect(&rcFrame, overhang, overhang);
     themeList.DrawBackground(hdc, rcFrame);
     DrawElements(hdc, rc);
+    DrawBand(hdc);
     if (listStyle & GLS_HEADER) {
         rc.bottom = Saturated(int64_t{rc.top} + headerHeight);
         DrawDetailsHeader(hdc, rc);

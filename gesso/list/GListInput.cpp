@@ -2,17 +2,20 @@
 
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
-#include <gesso/list/GList.h>
-#include <gesso/list/ListGeometry.h>
+#include <gesso/list/ListInside.h>
 
 #include <algorithm>
 #include <utility>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
 using gesso::Pixels;
+using gesso::Quirk;
 using gesso::Saturated;
 using gesso::SystemMetric;
 namespace Metrics = gesso::Metrics;
@@ -53,8 +56,12 @@ LRESULT GList::OnLButtonDown(WPARAM, POINTS pt)
     Invalidate(0);
     hitPress.pt = pt;
     HitTest(&hitPress);
-    if (hitPress.part == LHP_DIVIDER && hitPress.subItem < columns.GetLength()) {
-        columnCxAtPress = columns[hitPress.subItem]->cx;
+    const UINT column = ColumnOf(hitPress.subItem);
+    if (hitPress.part == LHP_DIVIDER && column < columns.GetLength()) {
+        columnCxAtPress = columns[column]->cx;
+    }
+    if (hitPress.item == NO_INDEX && !Has(*this, Quirk::ListEmptyRoom)) {
+        StartBand(pt);
     }
     return 0;
 }
@@ -69,31 +76,38 @@ LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
     }
     const HWND hwnd = m_hWnd;
     const HitTestInfo press = std::exchange(hitPress, HitTestInfo{});
+    const bool fBand = m_inside->band.fOn;
     // Sends WM_CAPTURECHANGED, in which a host that subclassed the list may destroy it.
     ReleaseCapture();
     if (!Frame::IsAlive(hwnd, this)) {
         return 0;
     }
     Invalidate(0);
-    MoveCursor(NO_INDEX);
+    const bool fClassic = Has(*this, Quirk::ListKeyboard);
+    if (fClassic) {
+        MoveCursor(NO_INDEX);
+    }
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
-    if (hit.item == press.item && hit.subItem == press.subItem) {
-        Click(hit, press.part);
+    if (hit.item != press.item || hit.subItem != press.subItem || fBand) {
+        return 0;
+    }
+    if (hit.item == LHI_HEADER) {
+        ClickHeader(hit, press.part);
+    } else if (fClassic) {
+        Click(hit);
+    } else {
+        ModernClick(hit);
     }
     return 0;
 }
 
 // The parent may do anything in the notification, so that it comes last.
-void GList::Click(const HitTestInfo& hit, WORD pressedPart)
+void GList::Click(const HitTestInfo& hit)
 {
     const WORD mods = ModifierKeys();
-    if (hit.item == LHI_HEADER) {
-        if (hit.subItem != NO_PART && pressedPart != LHP_DIVIDER) {
-            Sort(hit.subItem, hit.subItem != sortColumn || !sortAscending);
-        }
-    } else if (hit.item != NO_INDEX) {
+    if (hit.item != NO_INDEX) {
         SelectByMouse(hit.item, mods);
         ChangeCursor(cursorItem, hit.item);
         SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
@@ -101,6 +115,37 @@ void GList::Click(const HitTestInfo& hit, WORD pressedPart)
         SelectNone();
         ChangeCursor(cursorItem, NO_INDEX);
     }
+}
+
+// A non-zero answer to the notification keeps the list from sorting.
+void GList::ClickHeader(const HitTestInfo& hit, WORD pressedPart)
+{
+    const UINT column = ColumnOf(hit.subItem);
+    if (hit.subItem == NO_PART || pressedPart == LHP_DIVIDER || column == NO_INDEX) {
+        return;
+    }
+    const gesso::Watch watch(*this);
+    if (!Has(*this, Quirk::ListHeaderSilent)) {
+        HitTestInfo clicked = hit;
+        clicked.item = NO_INDEX;
+        clicked.subItem = static_cast<WORD>(column);
+        if (SendItemNotify(static_cast<UINT>(LVN_COLUMNCLICK), clicked) || !watch) {
+            return;
+        }
+    }
+    Sort(column, column != sortColumn || !sortAscending);
+}
+
+// The column that an element of the header stands for.
+//
+// Fixed behaviour: in Classic elements count as columns here, which they are but for check boxes and tiles.
+// With check boxes a header click would else sort by another column.
+UINT GList::ColumnOf(WORD element) const
+{
+    if (Has(*this, Quirk::ListElementsAreColumns)) {
+        return element;
+    }
+    return element < columnDraw.GetLength() ? columnDraw[element].column : NO_INDEX;
 }
 
 // Fixed behaviour: a double click leaves the item selected alone, whatever the keys, so that what a host
@@ -111,9 +156,16 @@ LRESULT GList::OnLButtonDblClk(WPARAM, POINTS pt)
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
-    if (hit.item < FIRST_MARK) {
+    if (hit.item >= FIRST_MARK) {
+        return 0;
+    }
+    if (Has(*this, Quirk::ListKeyboard)) {
         ChangeCursor(cursorItem, hit.item);
-        SelectOnly(hit.item);
+    } else {
+        PutCursor(hit.item);
+    }
+    SelectOnly(hit.item);
+    if (TellSelection()) {
         SendItemNotify(static_cast<UINT>(NM_DBLCLK), hit);
     }
     return 0;
@@ -147,6 +199,10 @@ LRESULT GList::OnMouseMove(WPARAM, POINTS pt)
         SizeColumn(pt.x);
         return 0;
     }
+    if (m_inside->band.fBegun) {
+        MoveBand(pt);
+        return 0;
+    }
     const HitTestInfo former = hitHot;
     HitTestInfo hit{};
     hit.pt = pt;
@@ -159,13 +215,12 @@ LRESULT GList::OnMouseMove(WPARAM, POINTS pt)
     return 0;
 }
 
-// Fixed behaviour: elements count as columns here and in sorting, which they are but for check boxes and
-// tiles. With check boxes a header click would else sort by another column.
 void GList::SizeColumn(int x)
 {
     Invalidate(0);
-    if (hitPress.subItem < columns.GetLength()) {
-        ListColumn& column = *columns[hitPress.subItem];
+    const UINT index = ColumnOf(hitPress.subItem);
+    if (index < columns.GetLength()) {
+        ListColumn& column = *columns[index];
         const int64_t cx = int64_t{static_cast<int>(columnCxAtPress)} - hitPress.pt.x + x;
         column.cx = static_cast<UINT>(std::max(Saturated(cx), static_cast<int>(column.cxMin)));
     }
@@ -201,6 +256,7 @@ LRESULT GList::OnCaptureChanged(HWND hwndNew)
         Frame::ClearState(*this, GWS_PRESSED | GWS_LISTDRAG);
         // Without its press a header cell does not look pressed, nor the pointer like sizing.
         hitPress = HitTestInfo{};
+        m_inside->band = {};
         Invalidate(0);
     }
     return 0;
@@ -217,7 +273,7 @@ LRESULT GList::OnSetCursor(HWND hwndUnder, LPARAM lParam)
 
 // --- Notifications
 
-void GList::SendItemNotify(UINT code, const HitTestInfo& hit) const
+LRESULT GList::SendItemNotify(UINT code, const HitTestInfo& hit) const
 {
     GLISTNOTIFY notify{};
     notify.iItem = static_cast<int>(hit.item);
@@ -225,5 +281,5 @@ void GList::SendItemNotify(UINT code, const HitTestInfo& hit) const
     notify.x = hit.pt.x;
     notify.y = hit.pt.y;
     notify.uKeyFlags = gesso::ModifierFlags();
-    Frame::SendNotify(*this, code, &notify.hdr);
+    return Frame::SendNotify(*this, code, &notify.hdr);
 }

@@ -1,10 +1,11 @@
-// What the keys do.
+// What the keys do in Classic.
 //
 // The page keys go by the rectangles and rows that are kept with the items, and not by the laid-out rows: see
 // ListGeometry. Where indices are compared, -1 is the largest of them.
 
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
 
@@ -12,7 +13,9 @@
 #include <utility>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 
 namespace {
 
@@ -32,6 +35,9 @@ bool IsNavigation(UINT vk)
 
 LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
 {
+    if (!Has(*this, Quirk::ListKeyboard)) {
+        return OnModernKeyDown(vk, flags);
+    }
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
     if (cursorItem == NO_INDEX) {
         MoveCursor(lastItem);

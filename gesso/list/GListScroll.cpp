@@ -59,10 +59,16 @@ LRESULT GList::OnMouseWheel(UINT, int delta, POINTS)
     }
     ScrollTo(SB_VERT, *target);
     RedrawAll();
+    RenewHot();
+    return 0;
+}
+
+// The rows have moved under the pointer.
+void GList::RenewHot()
+{
     if (m_dwState & GWS_TRACKING) {
         HitTestInfo hit = hitHot;
         HitTest(&hit);
         ChangeHot(hit);
     }
-    return 0;
 }

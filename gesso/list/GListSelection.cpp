@@ -1,11 +1,19 @@
-// The selection: a bit of each item. None of the public operations sends a notification.
+// The selection: a bit of each item; and the cursor.
 
 #include <gesso/containers/Index.h>
-#include <gesso/list/GList.h>
+#include <gesso/containers/Misuse.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Quirks.h>
+#include <gesso/list/ListInside.h>
 
 #include <algorithm>
+#include <utility>
 
+using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 
 UINT GList::GetSelectedCount() const
 {
@@ -18,6 +26,7 @@ void GList::ClearSelection()
 {
     SelectNone();
     Invalidate(0);
+    TellSelection();
 }
 
 void GList::SetSelected(UINT item, int on)
@@ -25,6 +34,7 @@ void GList::SetSelected(UINT item, int on)
     if (item < items.GetLength()) {
         ChangeSelection(item, item, on != 0);
         Invalidate(0);
+        TellSelection();
     }
 }
 
@@ -34,13 +44,26 @@ int GList::GetSelected(UINT item) const
     return record && (record->state & LIS_SELECTED) ? 1 : 0;
 }
 
+// An override of ClearSelection hears of it, and the parent of both as one change.
 void GList::SetFirstSelectedItemIndex(UINT item)
 {
-    if (item < items.GetLength()) {
-        ClearSelection();
-        Select(item);
-        Invalidate(0);
+    if (item >= items.GetLength()) {
+        return;
     }
+    const bool fHeld = std::exchange(m_inside->fHoldsTelling, true);
+    const bool fSelected = GetSelected(item);
+    ClearSelection();
+    const bool fTwice = fSelected && !GetSelected(item);
+    Select(item);
+    if (fTwice) {
+        m_inside->selection.TakeBack();
+    }
+    m_inside->fHoldsTelling = fHeld;
+    if (!Has(*this, Quirk::ListCursorStays)) {
+        PutCursor(item);
+    }
+    Invalidate(0);
+    TellSelection();
 }
 
 void GList::SetNextSelectedItemIndex(UINT item)
@@ -48,6 +71,7 @@ void GList::SetNextSelectedItemIndex(UINT item)
     if (item < items.GetLength()) {
         Select(item);
         Invalidate(0);
+        TellSelection();
     }
 }
 
@@ -79,6 +103,34 @@ UINT GList::SelectedFrom(UINT item) const
     return item < items.GetLength() ? item : NO_INDEX;
 }
 
+// --- The cursor
+
+// Classic's lies in one of two places: after a click only in the second.
+UINT GList::GetCursorItem() const
+{
+    const UINT cursor = cursorItem != NO_INDEX ? cursorItem : lastItem;
+    return cursor < items.GetLength() ? cursor : NO_INDEX;
+}
+
+void GList::SetCursorItem(UINT item)
+{
+    if (item != NO_INDEX && !ItemFor(item, "GList::SetCursorItem: no such item")) {
+        return;
+    }
+    ChangeCursor(item, item);
+    if (!Has(*this, Quirk::ListKeyboard)) {
+        shiftAnchor = NO_INDEX;
+    }
+    Invalidate(0);
+}
+
+// Where a range that the user selects starts as well.
+void GList::PutCursor(UINT item)
+{
+    ChangeCursor(item, item);
+    shiftAnchor = item;
+}
+
 // --- What changes, each in its one place
 
 // Both ends included, in either order; what lies past the end is left out.
@@ -87,8 +139,28 @@ void GList::ChangeSelection(UINT a, UINT b, bool on)
     const UINT count = items.GetLength();
     for (UINT item = std::min(a, b); item < count && item <= std::max(a, b); ++item) {
         UINT& state = items[item]->state;
-        state = on ? state | LIS_SELECTED : state & ~LIS_SELECTED;
+        if (((state & LIS_SELECTED) != 0) != on) {
+            state ^= LIS_SELECTED;
+            m_inside->selection.Note(item);
+        }
     }
+}
+
+// Tells the parent of what has changed since the last time. False where the list is gone.
+bool GList::TellSelection()
+{
+    if (m_inside->fHoldsTelling) {
+        return true;
+    }
+    const gesso::SelectionChange change = std::exchange(m_inside->selection, {});
+    if (change.count == 0 || bulkInsert || !m_hWnd || Has(*this, Quirk::ListSelectionSilent)) {
+        return true;
+    }
+    const gesso::Watch watch(*this);
+    GLISTNOTIFY notify{};
+    notify.iItem = static_cast<int>(change.OneItem());
+    Frame::SendNotify(*this, static_cast<UINT>(LVN_ITEMCHANGED), &notify.hdr);
+    return watch;
 }
 
 // The keyboard's item, none after a click; and the item last acted on, where the keyboard starts then.
@@ -123,8 +195,20 @@ void GList::SelectNone()
 
 void GList::SelectOnly(UINT item)
 {
-    SelectNone();
-    Select(item);
+    SelectOnlyRange(item, item);
+}
+
+void GList::SelectOnlyRange(UINT a, UINT b)
+{
+    const UINT first = std::min(a, b);
+    const UINT last = std::max(a, b);
+    if (first > 0) {
+        ChangeSelection(0, first - 1, false);
+    }
+    if (last < items.GetLength()) {
+        ChangeSelection(last + 1, NO_INDEX, false);
+    }
+    ChangeSelection(first, last, true);
 }
 
 void GList::InvertItem(UINT item)

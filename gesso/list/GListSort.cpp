@@ -3,6 +3,7 @@
 #include <gesso/containers/Index.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/PartitionSort.h>
 
@@ -11,7 +12,9 @@
 #include <unordered_map>
 #include <vector>
 
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 
 namespace {
 
@@ -181,12 +184,18 @@ void GList::Sort(UINT column, bool ascending)
         return;
     }
     const gesso::Watch watch(*this);
+    if (!Has(*this, Quirk::ListRemovalSilent) && !RemoveItems(0, NO_INDEX, true)) {
+        return;
+    }
     const bool fOrdered = Tried([&] { OrderItems(column, ascending); });
     if (!watch) {
         return;
     }
     if (fOrdered) {
         Calculate();
+        if (watch) {
+            TellSelection();
+        }
     } else {
         ChangeSort(formerColumn, formerAscending, formerState);
     }
@@ -227,9 +236,14 @@ void GList::OrderItems(UINT column, bool ascending)
         order = ByGroup(order, groups, strays);
         ++m_inside->itemChanges;
     }
+    const bool fFollows = FollowsItems();
+    const gesso::ListKept kept = fFollows ? KeepItems() : gesso::ListKept{};
     std::for_each(strays.begin(), strays.end(), [](ListItem* item) { ReleaseItem(item); });
     std::copy(order.begin(), order.end(), items.GetData());
     items.SetLength(static_cast<UINT>(order.size()), -1);
+    if (fFollows) {
+        FindItems(kept);
+    }
 }
 
 // Fixed behaviour: the items are left with the index of their group, while sorting and layout go by its id.

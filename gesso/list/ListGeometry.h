@@ -116,6 +116,17 @@ public:
     std::optional<int64_t> PositionOfEnd(UINT item, int position, UINT page) const;
     std::optional<int64_t> PositionOfStart(UINT item, int position, UINT headerGap) const;
 
+    // --- Where the keys of Modern lead, by the rows that show: the item itself where there is none further
+    // on.
+
+    // The item in the same place of the line above or below, of items that lie side by side.
+    UINT ItemAbove(UINT item) const;
+    UINT ItemBelow(UINT item) const;
+    // The furthest item that shows together with this one in so many pixels; the next one where that is
+    // itself.
+    UINT ItemPageAbove(UINT item, int page) const;
+    UINT ItemPageBelow(UINT item, int page) const;
+
     // Whether the rows agree with what is known of them.
     bool Check() const;
 
@@ -126,6 +137,7 @@ private:
     bool HitRow(ListHit& hit, UINT row, int x) const;
     bool HitIcon(ListHit& hit, UINT row, int x) const;
     ListHit HitCell(UINT item, int x) const;
+    UINT ItemOfRow(UINT row, UINT none) const;
     bool ReachesPageUp(const ListItem& item, const ListItem& from, UINT page) const;
     bool ReachesPageDown(const ListItem& item, const ListItem& from, UINT page) const;
     bool IsStacked() const;

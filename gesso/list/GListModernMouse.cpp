@@ -1,0 +1,187 @@
+// What the mouse does in Modern besides: the right button, and the rectangle that a drag from empty room
+// draws.
+
+#include <gesso/containers/Index.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/framework/ScrollSteps.h>
+#include <gesso/list/ListInside.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+using gesso::Frame;
+using gesso::Has;
+using gesso::LIS_KEPT;
+using gesso::LIS_TOUCHED;
+using gesso::NO_INDEX;
+using gesso::Quirk;
+using gesso::Saturated;
+using gesso::SystemMetric;
+
+// --- Clicks
+
+void GList::ModernClick(const HitTestInfo& hit)
+{
+    const WORD mods = ModifierKeys();
+    if (hit.item == NO_INDEX) {
+        if (mods == 0) {
+            SelectNone();
+        }
+        TellSelection();
+        return;
+    }
+    if (mods & KEYMOD_SHIFT) {
+        MoveTo(hit.item, mods, false);
+    } else if (mods & KEYMOD_CTRL) {
+        InvertItem(hit.item);
+        PutCursor(hit.item);
+    } else {
+        SelectOnly(hit.item);
+        PutCursor(hit.item);
+    }
+    if (TellSelection()) {
+        SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
+    }
+}
+
+// What a menu is for: the item under the pointer, with those selected besides if it is one of them. With Ctrl
+// nothing is unselected.
+void GList::SelectForMenu(const HitTestInfo& hit)
+{
+    const bool fKeep = ModifierKeys() & KEYMOD_CTRL;
+    if (hit.item == NO_INDEX && !fKeep) {
+        SelectNone();
+    }
+    if (hit.item < LHI_HEADER) {
+        if (!GetSelected(hit.item)) {
+            fKeep ? Select(hit.item) : SelectOnly(hit.item);
+        }
+        PutCursor(hit.item);
+    }
+    Invalidate(0);
+}
+
+// The press selects; the release tells, and asks for a menu if the parent has none of its own.
+LRESULT GList::OnRightButton(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    const HWND hwnd = m_hWnd;
+    if (Has(*this, Quirk::ListRightClickIgnored)) {
+        return Frame::Default(hwnd, uMsg, wParam, lParam);
+    }
+    const gesso::Watch watch(*this);
+    if (uMsg != WM_RBUTTONUP) {
+        SetFocus(hwnd);
+    }
+    if (!watch) {
+        return 0;
+    }
+    HitTestInfo hit{};
+    hit.pt = gesso::PointOf(lParam);
+    HitTest(&hit);
+    SelectForMenu(hit);
+    if (!TellSelection() || uMsg == WM_RBUTTONDOWN) {
+        return 0;
+    }
+    hit.item = hit.item == LHI_HEADER ? NO_INDEX : hit.item;
+    const bool fDouble = uMsg == WM_RBUTTONDBLCLK;
+    if (SendItemNotify(static_cast<UINT>(fDouble ? NM_RDBLCLK : NM_RCLICK), hit) || fDouble || !watch) {
+        return 0;
+    }
+    return Frame::Default(hwnd, uMsg, wParam, lParam);
+}
+
+// --- The wheel that tilts
+
+LRESULT GList::OnMouseHWheel(int delta)
+{
+    const auto target =
+        Has(*this, Quirk::ListTiltIgnored) ? std::nullopt : gesso::WheelTarget(m_hWnd, m_siH, -delta);
+    if (target) {
+        ScrollTo(SB_HORZ, *target);
+        RedrawAll();
+        RenewHot();
+    }
+    return 0;
+}
+
+// --- The rectangle
+
+// A point of the client area among the rows.
+POINT GList::InRows(POINTS pt) const
+{
+    return {Saturated(int64_t{pt.x} + m_siH.nPos), Saturated(int64_t{pt.y} + m_siV.nPos - headerArea)};
+}
+
+void GList::StartBand(POINTS pt)
+{
+    const POINT start = InRows(pt);
+    m_inside->band = {true, false, start, start};
+    const bool fKeep = ModifierKeys() & KEYMOD_CTRL;
+    for (ListItem* item : items) {
+        const bool fKept = fKeep && (item->state & LIS_SELECTED);
+        item->state = fKept ? item->state | LIS_KEPT : item->state & ~LIS_KEPT;
+    }
+}
+
+void GList::MoveBand(POINTS pt)
+{
+    gesso::ListBand& band = m_inside->band;
+    band.fOn = band.fOn || std::abs(pt.x - hitPress.pt.x) > SystemMetric(m_hWnd, SM_CXDRAG) ||
+               std::abs(pt.y - hitPress.pt.y) > SystemMetric(m_hWnd, SM_CYDRAG);
+    if (!band.fOn) {
+        return;
+    }
+    ScrollToward(pt);
+    band.end = InRows(pt);
+    SelectInBand();
+    RedrawAll();
+    TellSelection();
+}
+
+// A line toward a pointer that has left the rows.
+void GList::ScrollToward(POINTS pt)
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const auto step = [this](int at, int64_t first, int64_t end) {
+        return at < first ? -int64_t{itemHeight} : at >= end ? int64_t{itemHeight} : 0;
+    };
+    ScrollTo(SB_VERT, m_siV.nPos + step(pt.y, headerArea, rc.bottom));
+    ScrollTo(SB_HORZ, m_siH.nPos + step(pt.x, 0, rc.right));
+}
+
+void GList::SelectInBand()
+{
+    const gesso::ListBand& band = m_inside->band;
+    const RECT rcBand{std::min(band.start.x, band.end.x), std::min(band.start.y, band.end.y),
+                      Saturated(int64_t{std::max(band.start.x, band.end.x)} + 1),
+                      Saturated(int64_t{std::max(band.start.y, band.end.y)} + 1)};
+    for (const stcElementPosition& row : elements) {
+        const bool fTouched = row.rect.left < rcBand.right && rcBand.left < row.rect.right &&
+                              row.rect.top < rcBand.bottom && rcBand.top < row.rect.bottom;
+        if (ListItem* item = fTouched && row.type == LET_ITEM ? ItemAt(row.index) : nullptr) {
+            item->state |= LIS_TOUCHED;
+        }
+    }
+    for (UINT i = 0; i < items.GetLength(); ++i) {
+        ChangeSelection(i, i, (items[i]->state & (LIS_KEPT | LIS_TOUCHED)) != 0);
+        items[i]->state &= ~LIS_TOUCHED;
+    }
+}
+
+void GList::DrawBand(HDC hdc) const
+{
+    const gesso::ListBand& band = m_inside->band;
+    if (!band.fOn) {
+        return;
+    }
+    RECT rc{std::min(band.start.x, band.end.x), std::min(band.start.y, band.end.y),
+            Saturated(int64_t{std::max(band.start.x, band.end.x)} + 1),
+            Saturated(int64_t{std::max(band.start.y, band.end.y)} + 1)};
+    rc = gesso::Shifted(rc, -int64_t{m_siH.nPos}, int64_t{headerArea} - m_siV.nPos);
+    DrawFocusRect(hdc, &rc);
+}
