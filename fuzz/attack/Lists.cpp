@@ -34,6 +34,11 @@ int Always(void*, void*)
 
 void GetNothing(GList*, UINT, UINT, UINT, void*) {}
 
+int ByContext(const GList*, UINT column, void* a, void* b, void* context)
+{
+    return reinterpret_cast<size_t>(context) & 1 ? AnyOrder(a, b) : static_cast<int>(column) - 1;
+}
+
 } // namespace
 
 template <> struct Argument<PFNLISTGROUP> : Value<PFNLISTGROUP>
@@ -51,6 +56,10 @@ template <> struct Argument<PFNLISTSORT> : Value<PFNLISTSORT>
                 : source.Chance(3) ? Always
                                    : AnyOrder}
     {}
+};
+template <> struct Argument<PFNLISTCOMPARE> : Value<PFNLISTCOMPARE>
+{
+    Argument(World&, Source& source) : Value{source.Chance(2) ? nullptr : ByContext} {}
 };
 template <> struct Argument<PFNLISTGET> : Value<PFNLISTGET>
 {
@@ -140,12 +149,13 @@ void AddItems(Table& table)
 
 void AddSelection(Table& table)
 {
-    Add(table,
-        {OP(GList, GetSelectedCount), OP(GList, ClearSelection), OP(GList, SetSelected),
-         OP(GList, GetSelected), OP(GList, SetFirstSelectedItemIndex), OP(GList, SetNextSelectedItemIndex),
-         OP(GList, GetFirstSelectedItemIndex), OP(GList, GetNextSelectedItemIndex), OP(GList, GetHotItem),
-         OP(GList, GetHotSubItem), Often(2, OP(GList, Sort)), Often(2, OP(GList, Group)),
-         OP(GList, GetCurrentSort), OP(GList, GetCurrentGroup)});
+    Add(table, {OP(GList, GetSelectedCount), OP(GList, ClearSelection), OP(GList, SetSelected),
+                OP(GList, GetSelected), OP(GList, SetFirstSelectedItemIndex),
+                OP(GList, SetNextSelectedItemIndex), OP(GList, GetFirstSelectedItemIndex),
+                OP(GList, GetNextSelectedItemIndex), OP(GList, GetHotItem), OP(GList, GetHotSubItem),
+                Often(2, OP(GList, Sort)), Often(2, OP(GList, Group)), OP(GList, GetCurrentSort),
+                OP(GList, GetCurrentGroup), OP(GList, GetCursorItem), OP(GList, SetCursorItem),
+                OP(GList, EnsureVisible), OP(GList, SetSortCallback), OP(GList, FitColumn)});
 }
 
 // The view with its options, or any bits.

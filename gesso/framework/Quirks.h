@@ -50,19 +50,28 @@ enum class Quirk
     TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need
 
     // GList
+    ListBars,               // the bars' pages leave the end of the content out of reach
+    ListColumnsMoveNothing, // a column that comes or goes moves no sub-item
+    ListColumnsWait,        // a column's width, format and caption wait for the next SetListStyle
     ListCursorStays,        // SetFirstSelectedItemIndex leaves the cursor where it is
     ListCursorUnseen,       // no focus rectangle shows where the keyboard is
+    ListDividerFitsNothing, // a double click on a divider does nothing
     ListElementsAreColumns, // the header sorts and sizes the column of an element's number
     ListEmptyRoom,          // a drag from empty room selects nothing
     ListFirstFocusSelects,  // the first focus selects the first item
     ListGoesWithWindow,     // columns and fonts go with the window
+    ListGridStays,          // the grid stays where it is when the list scrolls, and ends with the window
     ListHeaderSilent,       // a header click sorts, and nobody is asked
     ListIndicesStay,        // cursor, anchor and hot item keep their number when their item gets another
     ListKeyboard,           // the keyboard starts from what was last acted on, by rules of its own
+    ListPlaces,             // hits, rectangles and icons' cells are not where things are drawn
     ListRemovalSilent,      // items go, and nobody is told
     ListRightClickIgnored,  // a right click does nothing
     ListSelectionSilent,    // the selection changes, and nobody is told
+    ListSortUnstable,       // equal items change places in a sort
+    ListTakesAllKeys,       // Enter and Esc do not reach a dialog's buttons
     ListTiltIgnored,        // a wheel that tilts does nothing
+    ListTypingIgnored,      // typed characters lead nowhere
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.

@@ -383,7 +383,16 @@ LRESULT GList::OnKillFocus(HWND)
 LRESULT GList::OnGetDlgCode(const MSG* pMessage) const
 {
     const bool fTab = pMessage && pMessage->message == WM_KEYDOWN && pMessage->wParam == VK_TAB;
-    return DLGC_WANTCHARS | DLGC_WANTARROWS | (fTab ? 0 : DLGC_WANTALLKEYS);
+    const bool fLeft = fTab || LeavesToDialog(pMessage);
+    return DLGC_WANTCHARS | DLGC_WANTARROWS | (fLeft ? 0 : DLGC_WANTALLKEYS);
+}
+
+// Enter and Esc, but for an edit in progress.
+bool GList::LeavesToDialog(const MSG* pMessage) const
+{
+    const bool fKey = pMessage && pMessage->message == WM_KEYDOWN &&
+                      (pMessage->wParam == VK_RETURN || pMessage->wParam == VK_ESCAPE);
+    return fKey && !editWindows && !Has(*this, Quirk::ListTakesAllKeys);
 }
 
 LRESULT CALLBACK GList::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
@@ -419,7 +428,7 @@ LRESULT GList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
     case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam), lParam, HIWORD(lParam));
     case WM_KEYUP: return OnKeyUp(static_cast<UINT>(wParam));
-    case WM_CHAR:
+    case WM_CHAR: return OnTyped(static_cast<wchar_t>(wParam));
     case WM_DEADCHAR: return OnChar(static_cast<UINT>(wParam));
     case WM_MOUSEMOVE: return OnMouseMove(wParam, pt);
     case WM_MOUSELEAVE: return OnMouseLeave();
@@ -430,6 +439,7 @@ LRESULT GList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_RBUTTONUP:
     case WM_RBUTTONDBLCLK: return OnRightButton(uMsg, wParam, lParam);
     case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam));
+    case WM_SIZE: return OnSize(wParam, lParam);
     case WM_SETCURSOR: return OnSetCursor(reinterpret_cast<HWND>(wParam), lParam);
     case WM_MOUSEWHEEL: return OnMouseWheel(LOWORD(wParam), GET_WHEEL_DELTA_WPARAM(wParam), pt);
     case WM_VSCROLL: return OnVScroll(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));

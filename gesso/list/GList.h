@@ -17,13 +17,20 @@
 //   LVN_BEGINDRAG  GLISTNOTIFY: the pressed pointer has left its place; iItem
 //   LVN_FIRST      NMHDR: a window of the in-place edit lost the focus
 //   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
+// and, where it was made in Modern, as GLISTNOTIFY:
+//   LVN_ITEMCHANGED  what is selected has changed, by the user or a call; iItem, or -1 for several
+//   LVN_DELETEITEM   an item is about to go; iItem
+//   LVN_COLUMNCLICK  a header click is about to sort; iSubItem, the column; non-zero keeps it from sorting
+//   NM_RETURN        Enter; iItem, the cursor
+//   NM_RCLICK, NM_RDBLCLK  the right button, the fields of NM_CLICK; non-zero to the first is to ask for no
+//   menu
 // Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT, PRF_NONCLIENT), WM_VSCROLL, WM_HSCROLL, WM_MOUSEWHEEL.
 //
 // Columns, groups, items and sub-items are named by index, from 0. Where nothing else is said, an index past
 // the end is a caller's mistake: a setter ignores it, a getter returns 0 or null. Every operation that
-// changes what is seen lays out and repaints, if nothing else is said; none but those in response to the user
-// sends a notification. A copy of a list shares its records and window and releases nothing;
-// a list that is assigned another releases what it had.
+// changes what is seen lays out and repaints, if nothing else is said; in Classic none sends a notification.
+// A copy of a list shares its records and window and releases nothing; a list that is assigned another
+// releases what it had.
 //
 // Where a program's data needs more memory than there is, an operation does nothing: one that inserts returns
 // -1, Sort leaves the order and the arrow, BeginEdit a former edit. A text that can be kept but not prepared
@@ -137,8 +144,9 @@ public:
     virtual UINT GetHeaderItemSpacing() const;
     virtual void SetHeaderItemSpacing(UINT spacing);
 
-    // Columns. They are to stand before the first item is made: an item has as many sub-items as there were
-    // columns then, and a column that is inserted or removed moves none of them.
+    // Columns. In Classic they are to stand before the first item is made: an item has as many sub-items as
+    // there were columns then, and a column that is inserted or removed moves none of them. In Modern the
+    // sub-items go with their columns.
 
     // `position` past the end appends. `format` is the DT_ format of the column's texts, `cx` and `cxMin` are
     // pixels, `text` is copied (null for none), `image` is kept for the host, `type` is one of the LCT_
@@ -150,8 +158,8 @@ public:
     virtual void RemoveColumn(UINT column);
     virtual void RemoveAllColumns();
     virtual UINT GetColumnCount();
-    // Fixed behaviour: format, width and flags reach the cells with the next SetListStyle, texts stay
-    // prepared in the format that they were set in, and the header goes on showing the caption that the
+    // Fixed behaviour: in Classic format, width and flags reach the cells with the next SetListStyle, texts
+    // stay prepared in the format that they were set in, and the header goes on showing the caption that the
     // column was inserted with. A program that stores a column's fields for later use would else see its list
     // change.
     virtual void SetColumnFlags(UINT column, UINT flags);
@@ -214,7 +222,8 @@ public:
     // list with groups Sort or Group is to follow.
     virtual UINT InsertItem(UINT position, UINT group, void* customData, UINT state, LPCWSTR text,
                             UINT image);
-    // Ignored past the end. The cursor and the hot item keep their indices.
+    // Ignored past the end. In Classic the cursor and the hot item keep their indices; in Modern they follow
+    // their items, and the parent is told before the item goes.
     virtual void RemoveItem(UINT item);
     virtual void RemoveAllItems();
     virtual UINT GetItemCount() const;
@@ -249,7 +258,7 @@ public:
     virtual void SetSelected(UINT item, int on);
     // 1 or 0.
     virtual int GetSelected(UINT item) const;
-    // Selects this item alone.
+    // Selects this item alone. In Modern the cursor goes there.
     virtual void SetFirstSelectedItemIndex(UINT item);
     // Selects this item besides the others.
     virtual void SetNextSelectedItemIndex(UINT item);
@@ -260,9 +269,9 @@ public:
     virtual UINT GetHotItem() const;
     virtual WORD GetHotSubItem() const;
 
-    // Orders the items by the column's fktSort or else by its texts, without case, and then by groups; sets
-    // the header's arrow. A column that is not there leaves the order. Equal items may change places. An item
-    // whose group is none of the groups goes.
+    // Orders the items by the sort callback, or by the column's fktSort, or else by its texts, without case,
+    // and then by groups; sets the header's arrow. A column that is not there leaves the order. In Classic
+    // equal items may change places. An item whose group is none of the groups goes.
     virtual void Sort(UINT column, bool ascending);
     // Removes all groups, gives each item the group that the column's fktGroup answers, which is to insert
     // groups with their index as id, and sorts as before. Column -1 turns grouping off. Items that memory
@@ -296,6 +305,13 @@ public:
     // Scrolls the rows so that the item shows whole, or its upper end where it is higher than the window.
     // Ignored past the end, for an item that has no row, and during a bulk fill.
     void EnsureVisible(UINT item);
+    // What orders the items of every column from then on, in the place of the columns' fktSort and of their
+    // texts; null for none. `context` goes to each call. Sorts nothing by itself. The function must not
+    // change the list.
+    void SetSortCallback(PFNLISTCOMPARE compare, void* context);
+    // Makes a column as wide as its widest text and its caption need, its least width at least. Lays out and
+    // repaints.
+    void FitColumn(UINT column);
 
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
@@ -422,6 +438,14 @@ private:
     friend struct gesso::ListInside;
 
     class RowPainter;
+    // What has changed of a column.
+    enum class ListColumnPart
+    {
+        Place,
+        Width,
+        Caption,
+        Texts
+    };
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
@@ -454,6 +478,12 @@ private:
     void TakeFields(const GList& other);
     void OpenCellThemes();
     void MakeMissingFonts();
+    void ShowColumn(UINT column, ListColumnPart part);
+    bool InsertSubItems(UINT position);
+    void RemoveSubItems(UINT column);
+    void FollowSortColumn(UINT column, bool fInserted);
+    bool LeavesToDialog(const MSG* pMessage) const;
+    bool TakesForEdit(UINT uMsg, const MSG* pMessage) const;
 
     // Cells
     UINT HeaderRoom() const;
@@ -469,6 +499,12 @@ private:
     gesso::ListMeasures Measures() const;
     gesso::ListGeometry Geometry() const;
     gesso::ListLayout Layout();
+    bool HasExactPlaces() const;
+    UINT RowsWidth() const;
+    UINT CellWidth() const;
+    int PlaceRows();
+    SIZE RoomOfBarsAndClient() const;
+    LRESULT OnSize(WPARAM wParam, LPARAM lParam);
     void RefreshLayout();
     void ForgetLayout();
     bool SetContentHeight(int rowsEnd);
@@ -483,7 +519,8 @@ private:
 
     // Drawing
     void DrawElements(HDC hdc, const RECT& rcClient);
-    void DrawGrid(HDC hdc, UINT first, UINT last) const;
+    RECT MarginsOf(const ListColumn& column) const;
+    void DrawGrid(HDC hdc, UINT first, UINT last, POINT shift) const;
     int HeaderState(UINT cell, bool fSorted) const;
     void DrawHeaderPart(HDC hdc, int nPart, int nState, const RECT& rc) const;
     void DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const;
@@ -526,6 +563,7 @@ private:
 
     // The keyboard of lists made in Modern
     LRESULT OnModernKeyDown(UINT vk, UINT flags);
+    LRESULT OnTyped(wchar_t character);
     void ModernNavigate(UINT vk);
     UINT ModernTarget(UINT vk, UINT from) const;
     UINT StartOfKeys() const;

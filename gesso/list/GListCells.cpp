@@ -97,9 +97,7 @@ void GList::MakeDetailsCell(HDC hdc)
     const int end = gesso::ArrangeDetails(columnDraw, columns, itemHeight, fCheckBoxes ? &box : nullptr,
                                           Pixels(m_hWnd, Metrics::LIST_CHECK_GAP));
     Layout().Stamp(0, end);
-    // Fixed behaviour: without the check box, by whose width the bar across falls short of the last column.
-    // The bar would else show in lists whose columns just fill the window.
-    contentCx = ColumnsWidth();
+    contentCx = RowsWidth();
 }
 
 bool GList::MakeTilesCell(HDC hdc)
@@ -114,7 +112,7 @@ bool GList::MakeTilesCell(HDC hdc)
     gesso::ArrangeTiles(columnDraw, columns, itemHeight, fCheckBoxes ? &box : nullptr,
                         [this](LPCWSTR caption) { return TileCaptionWidth(caption); });
     Layout().Stamp(0);
-    contentCx = ColumnsWidth();
+    contentCx = RowsWidth();
     return true;
 }
 
@@ -137,7 +135,8 @@ SIZE GList::IconSize() const
 void GList::MakeIconsCell()
 {
     headerArea = 0;
-    const LPCWSTR text = columns.GetLength() > 1 ? columns[1]->text : nullptr;
+    const bool fExact = HasExactPlaces();
+    const LPCWSTR text = fExact ? L"X" : columns.GetLength() > 1 ? columns[1]->text : nullptr;
     const int textCy = text ? TextSize(fontLabelText, text).cy : 0;
     const SIZE icon = IconSize();
     const int gap = Pixels(m_hWnd, Metrics::LIST_ICON_TEXT_GAP);
@@ -145,6 +144,10 @@ void GList::MakeIconsCell()
     itemWidth =
         std::max(itemWidthBase, static_cast<UINT>(icon.cx + Pixels(m_hWnd, Metrics::LIST_ICON_MARGINS)));
     itemSpacingX = itemSpacingY = static_cast<UINT>(Pixels(m_hWnd, Metrics::LIST_ICON_SPACING));
+    if (fExact) {
+        columnDraw.RemoveAll(); // so that nothing is left of another view
+        contentCx = RowsWidth();
+    }
     gesso::ArrangeIcons(columnDraw, {{Saturated(itemWidth), Saturated(itemHeight)},
                                      icon,
                                      textCy,

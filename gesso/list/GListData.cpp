@@ -120,6 +120,14 @@ UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT c
         ReleaseColumn(column);
         return NO_INDEX;
     }
+    if (!Has(*this, Quirk::ListColumnsMoveNothing)) {
+        if (!InsertSubItems(position)) {
+            columns.RemoveAt(position, 1);
+            ReleaseColumn(column);
+            return NO_INDEX;
+        }
+        FollowSortColumn(position, true);
+    }
     if (text) {
         const WindowContext context(m_hWnd);
         column->prepared = PrepareText(context, LTM_COLUMN, text, nullptr, format, lineHeight);
@@ -145,6 +153,10 @@ void GList::ReleaseColumn(ListColumn* column)
 void GList::RemoveColumn(UINT column)
 {
     if (column < columns.GetLength()) {
+        if (!Has(*this, Quirk::ListColumnsMoveNothing)) {
+            RemoveSubItems(column);
+            FollowSortColumn(column, false);
+        }
         ReleaseColumn(columns[column]);
         columns.RemoveAt(column, 1);
         SetListStyle(listStyle);
@@ -153,6 +165,10 @@ void GList::RemoveColumn(UINT column)
 
 void GList::RemoveAllColumns()
 {
+    const bool fSubItemsGo = !Has(*this, Quirk::ListColumnsMoveNothing);
+    for (UINT column = columns.GetLength(); fSubItemsGo && column > 0; --column) {
+        RemoveSubItems(column - 1);
+    }
     ReleaseColumns();
     SetListStyle(listStyle);
 }
@@ -173,21 +189,21 @@ UINT GList::GetColumnCount()
 void GList::SetColumnFlags(UINT column, UINT flags)
 {
     if (Store(ColumnFor(column, "GList::SetColumnFlags: no such column"), &ListColumn::flags, flags)) {
-        RefreshLayout();
+        ShowColumn(column, ListColumnPart::Place);
     }
 }
 
 void GList::SetColumnFormat(UINT column, UINT format)
 {
     if (Store(ColumnFor(column, "GList::SetColumnFormat: no such column"), &ListColumn::format, format)) {
-        RefreshLayout();
+        ShowColumn(column, ListColumnPart::Texts);
     }
 }
 
 void GList::SetColumnCx(UINT column, UINT cx)
 {
     if (Store(ColumnFor(column, "GList::SetColumnCx: no such column"), &ListColumn::cx, cx)) {
-        Calculate();
+        ShowColumn(column, ListColumnPart::Width);
     }
 }
 
@@ -198,13 +214,11 @@ void GList::SetColumnCxMin(UINT column, UINT cxMin)
     }
 }
 
-// Fixed behaviour: the prepared caption stays, so that the header goes on showing the former text. Captions
-// would else change in programs that keep a column's key in its text.
 void GList::SetColumnText(UINT column, LPCWSTR text)
 {
     ListColumn* record = ColumnFor(column, "GList::SetColumnText: no such column");
     if (record && ReplaceText(record->text, text)) {
-        RefreshLayout();
+        ShowColumn(column, ListColumnPart::Caption);
     }
 }
 

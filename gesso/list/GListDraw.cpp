@@ -37,15 +37,6 @@ constexpr UINT MOST_FRAMES = 100;
 // Stands for what an item made with fewer columns does not have.
 constexpr ListSubItem NO_SUB_ITEM{0, NO_INDEX, nullptr, nullptr};
 
-// The margins of a column's cells, with the usual one where the column names none.
-RECT MarginsOf(HWND hwnd, const ListColumn& column)
-{
-    const int usual = Pixels(hwnd, Metrics::LIST_MARGIN);
-    const auto margin = [usual](LONG side) { return side == -1 ? usual : side; };
-    const RECT& rc = column.rcFormat;
-    return {margin(rc.left), margin(rc.top), margin(rc.right), margin(rc.bottom)};
-}
-
 void Inset(RECT& rc, int64_t left, int64_t top, int64_t right, int64_t bottom)
 {
     rc = {Saturated(rc.left + left), Saturated(rc.top + top), Saturated(rc.right - right),
@@ -214,7 +205,7 @@ RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& 
     RECT rc = Shifted(element.rect, rcRow.left, rcRow.top);
     Inset(rc, m_border, m_border, m_border, m_border);
     if ((m_list.listStyle & VIEWS_WITH_MARGINS) && element.column < m_list.columns.GetLength()) {
-        const RECT margins = MarginsOf(m_list.m_hWnd, *m_list.columns[element.column]);
+        const RECT margins = m_list.MarginsOf(*m_list.columns[element.column]);
         Inset(rc, margins.left, margins.top, margins.right, margins.bottom);
     }
     gesso::LayoutOverlay::Add(m_hdc, rc);
@@ -284,6 +275,15 @@ void GList::RowPainter::DrawImage(UINT image, const RECT& rc) const
     reinterpret_cast<IImageList*>(m_list.imageList)->Draw(&params);
 }
 
+// The margins of a column's cells, with the usual one where the column names none.
+RECT GList::MarginsOf(const ListColumn& column) const
+{
+    const int usual = Pixels(m_hWnd, Metrics::LIST_MARGIN);
+    const auto margin = [usual](LONG side) { return side == -1 ? usual : side; };
+    const RECT& rc = column.rcFormat;
+    return {margin(rc.left), margin(rc.top), margin(rc.right), margin(rc.bottom)};
+}
+
 void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 {
     RowPainter(*this, hdc).DrawItem(item, rc);
@@ -304,7 +304,9 @@ void GList::Draw(HDC hdc)
     themeList.DrawBackground(hdc, rcFrame);
     DrawElements(hdc, rc);
     DrawBand(hdc);
-    if (listStyle & GLS_HEADER) {
+    // Fixed behaviour: in Classic every view shows the header, over its first rows where it has no room for
+    // one.
+    if ((listStyle & GLS_HEADER) && ((listStyle & GLS_VIEWMASK) == GLS_DETAILS || !HasExactPlaces())) {
         rc.bottom = Saturated(int64_t{rc.top} + headerHeight);
         DrawDetailsHeader(hdc, rc);
     }
@@ -320,6 +322,8 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
     // sight.
     const int64_t end = bottom - std::min<int64_t>(rcGroupFormat.top, 0);
     const UINT count = elements.GetLength();
+    const bool fGridStays = Has(*this, Quirk::ListGridStays);
+    const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
     RowPainter painter(*this, hdc);
     UINT k = geometry.FirstRowReaching(int64_t{m_siV.nPos} + 1);
     while (k < count && !geometry.AreBelow(k, end)) {
@@ -333,27 +337,33 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
             painter.DrawItem(elements[k].index, geometry.RowRect(k, dx, dy));
             ++k;
         } while (k < count && elements[k].type == LET_ITEM && !geometry.IsBelow(k, bottom));
-        // Fixed behaviour: a run that reaches below the window ends the painting without its grid. A list
-        // that is longer than its window would else get lines that it never had.
-        if (k < count && elements[k].type == LET_ITEM) {
+        // Fixed behaviour: in Classic a run that reaches below the window ends the painting without its grid.
+        // A list that is longer than its window would else get lines that it never had.
+        const bool fBeyond = k < count && elements[k].type == LET_ITEM;
+        if (fBeyond && fGridStays) {
             return;
         }
-        if (listStyle & GLS_GRIDLINES) {
-            DrawGrid(hdc, first, k - 1);
+        // Fixed behaviour: in Classic the grid stays where it is when the list is scrolled, so that a
+        // scrolled list shows its lines across the rows.
+        if ((listStyle & GLS_GRIDLINES) && fGridStays) {
+            DrawGrid(hdc, first, k - 1, {0, 0});
+        } else if ((listStyle & GLS_GRIDLINES) && !fIcons) {
+            DrawGrid(hdc, first, k - 1, {Saturated(dx), Saturated(dy)});
+        }
+        if (fBeyond) {
+            return;
         }
     }
 }
 
-// Fixed behaviour: the grid stays where it is when the list is scrolled, so that a scrolled list shows its
-// lines across the rows.
-void GList::DrawGrid(HDC hdc, UINT first, UINT last) const
+void GList::DrawGrid(HDC hdc, UINT first, UINT last, POINT shift) const
 {
     gesso::PenHandle gridPen;
     gridPen.Reset(CreatePen(PS_SOLID, 1, themeList.GridColor()));
     const SelectScope pen(hdc, gridPen);
-    const auto line = [hdc](int x1, int y1, int x2, int y2) {
-        MoveToEx(hdc, x1, y1, nullptr);
-        LineTo(hdc, x2, y2);
+    const auto line = [hdc, shift](int x1, int y1, int x2, int y2) {
+        MoveToEx(hdc, Saturated(int64_t{x1} + shift.x), Saturated(int64_t{y1} + shift.y), nullptr);
+        LineTo(hdc, Saturated(int64_t{x2} + shift.x), Saturated(int64_t{y2} + shift.y));
     };
     const gesso::ListGeometry geometry = Geometry();
     const int top = geometry.RowRect(first).top;
@@ -406,7 +416,7 @@ void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
                        rcArrow);
     }
     if (c && c->prepared && c->prepared->first) {
-        const RECT margins = MarginsOf(m_hWnd, *c);
+        const RECT margins = MarginsOf(*c);
         Inset(rc, int64_t{nBorder} + margins.left, nBorder, int64_t{nBorder} + margins.right, nBorder);
         rc.top = captionTop;
         const SelectScope font(hdc, fontLabelText);

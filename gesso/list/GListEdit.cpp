@@ -4,12 +4,15 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/list/ListInside.h>
 
 #include <algorithm>
 #include <utility>
 
 using gesso::Frame;
+using gesso::Has;
+using gesso::Quirk;
 
 namespace {
 
@@ -129,7 +132,16 @@ LRESULT CALLBACK GList::ListEditProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM
     if (!pfn || pfn == ListEditProc) {
         return Frame::Default(hwnd, uMsg, wParam, lParam);
     }
-    return CallWindowProcW(pfn, hwnd, uMsg, wParam, lParam);
+    const bool fTakesAll = pfnSaved && list->TakesForEdit(uMsg, reinterpret_cast<const MSG*>(lParam));
+    return CallWindowProcW(pfn, hwnd, uMsg, wParam, lParam) | (fTakesAll ? DLGC_WANTALLKEYS : 0);
+}
+
+// Whether a dialog asks for Enter or Esc, which end an edit in progress rather than the dialog.
+bool GList::TakesForEdit(UINT uMsg, const MSG* pMessage) const
+{
+    const bool fKey = uMsg == WM_GETDLGCODE && pMessage && pMessage->message == WM_KEYDOWN &&
+                      (pMessage->wParam == VK_RETURN || pMessage->wParam == VK_ESCAPE);
+    return fKey && !Has(*this, Quirk::ListTakesAllKeys);
 }
 
 // Fixed behaviour: a child's loss of the focus is the end of its edit to the parent, also where the focus

@@ -90,7 +90,8 @@ LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
-    if (hit.item != press.item || hit.subItem != press.subItem || fBand) {
+    const bool fElements = fClassic || hit.item == LHI_HEADER || (listStyle & GLS_VIEWMASK) == GLS_DETAILS;
+    if (hit.item != press.item || (fElements && hit.subItem != press.subItem) || fBand) {
         return 0;
     }
     if (hit.item == LHI_HEADER) {
@@ -156,6 +157,12 @@ LRESULT GList::OnLButtonDblClk(WPARAM, POINTS pt)
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
+    if (hit.item == LHI_HEADER && hit.part == LHP_DIVIDER && !Has(*this, Quirk::ListDividerFitsNothing)) {
+        const UINT column = ColumnOf(hit.subItem);
+        if (column < columns.GetLength()) {
+            FitColumn(column);
+        }
+    }
     if (hit.item >= FIRST_MARK) {
         return 0;
     }

@@ -5,25 +5,62 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
 
+#include <algorithm>
 #include <utility>
 
+using gesso::Has;
+using gesso::Quirk;
+using gesso::Saturated;
 using gesso::SystemMetric;
 
 gesso::ListMeasures GList::Measures() const
 {
-    return {listStyle & GLS_VIEWMASK,
-            (listStyle & GLS_CHECKBOXES) != 0,
-            ColumnsWidth(),
-            itemWidth,
-            itemHeight,
-            itemSpacingX,
-            itemSpacingY,
-            groupHeight,
-            headerArea};
+    gesso::ListMeasures measures{listStyle & GLS_VIEWMASK,
+                                 (listStyle & GLS_CHECKBOXES) != 0,
+                                 ColumnsWidth(),
+                                 itemWidth,
+                                 itemHeight,
+                                 itemSpacingX,
+                                 itemSpacingY,
+                                 groupHeight,
+                                 headerArea};
+    measures.fExact = HasExactPlaces();
+    if (measures.fExact) {
+        const bool fHeader = measures.view == GLS_DETAILS && (listStyle & GLS_HEADER);
+        measures.columnsWidth = CellWidth();
+        measures.headerHeight = fHeader ? headerHeight : 0;
+        measures.linesWidth = m_inside->linesWidth;
+    }
+    return measures;
+}
+
+// Whether hits and rectangles are those of what is drawn.
+bool GList::HasExactPlaces() const
+{
+    return !Has(*this, Quirk::ListPlaces);
+}
+
+// Fixed behaviour: in Classic without the check box, by whose width the bar across falls short of the last
+// column. The bar would else show in lists whose columns just fill the window.
+UINT GList::RowsWidth() const
+{
+    return HasExactPlaces() ? CellWidth() : ColumnsWidth();
+}
+
+// Of what an item shows.
+UINT GList::CellWidth() const
+{
+    const UINT view = listStyle & GLS_VIEWMASK;
+    LONG right = view == GLS_TILES ? Saturated(itemWidth) : 0;
+    for (const stcColumnDrawInfo& cell : columnDraw) {
+        right = std::max(right, cell.rect.right);
+    }
+    return static_cast<UINT>(view == GLS_ICONS ? Saturated(int64_t{itemSpacingX} + itemWidth) : right);
 }
 
 gesso::ListGeometry GList::Geometry() const
@@ -38,9 +75,51 @@ gesso::ListLayout GList::Layout()
 
 void GList::Calculate()
 {
-    if (SetContentHeight(Layout().Place())) {
+    if (SetContentHeight(PlaceRows())) {
         Invalidate(1);
     }
+}
+
+// Returns where the rows end. In lines, which are as long as the window is wide, they end higher up without
+// the bar that goes down.
+int GList::PlaceRows()
+{
+    if ((listStyle & GLS_VIEWMASK) != GLS_ICONS || !HasExactPlaces()) {
+        return Layout().Place();
+    }
+    const SIZE room = m_inside->linesRoom = RoomOfBarsAndClient();
+    m_inside->linesWidth = room.cx;
+    int end = Layout().Place();
+    if (end > room.cy) {
+        m_inside->linesWidth = Saturated(int64_t{room.cx} - SystemMetric(m_hWnd, SM_CXVSCROLL));
+        end = Layout().Place();
+    }
+    return end;
+}
+
+// Lines are broken anew.
+LRESULT GList::OnSize(WPARAM wParam, LPARAM lParam)
+{
+    const HWND hwnd = m_hWnd;
+    const SIZE room = m_inside->linesRoom;
+    if ((listStyle & GLS_VIEWMASK) == GLS_ICONS && HasExactPlaces()) {
+        const SIZE now = RoomOfBarsAndClient();
+        if (now.cx != room.cx || now.cy != room.cy) {
+            Calculate();
+        }
+    }
+    return gesso::Frame::Default(hwnd, WM_SIZE, wParam, lParam);
+}
+
+SIZE GList::RoomOfBarsAndClient() const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    const DWORD dwStyle = gesso::Frame::Style(*this);
+    const bool fDown = (dwStyle & WS_VSCROLL) && !(m_dwVStyle & GSB_HIDDEN);
+    const bool fAcross = (dwStyle & WS_HSCROLL) && !(m_dwHStyle & GSB_HIDDEN);
+    return {Saturated(int64_t{rc.right} + (fDown ? SystemMetric(m_hWnd, SM_CXVSCROLL) : 0)),
+            Saturated(int64_t{rc.bottom} + (fAcross ? SystemMetric(m_hWnd, SM_CYHSCROLL) : 0))};
 }
 
 // Calculate, of a change that moves no row. A bulk fill lays out at its end.
@@ -67,7 +146,8 @@ void GList::ForgetLayout()
 
 void GList::CalculateU(UINT item, bool inserted)
 {
-    if ((listStyle & GLS_VIEWMASK) == GLS_ICONS) {
+    const bool fGrouped = groups.GetLength() > 0 && HasExactPlaces();
+    if ((listStyle & GLS_VIEWMASK) == GLS_ICONS || fGrouped) {
         Calculate();
         return;
     }
@@ -103,18 +183,25 @@ bool GList::SetContentHeight(int rowsEnd)
 {
     const gesso::Lifeline life(*this);
     contentCy = headerArea + static_cast<UINT>(rowsEnd);
-    // Fixed behaviour: room is added for the bars that do not show. The pages of the bars would else change.
+    // Fixed behaviour: in Classic room is added for the bars that do not show. The pages of the bars would
+    // else change.
     RECT rc{};
-    GetClientRectNoScroll(&rc);
+    if (Has(*this, Quirk::ListBars)) {
+        GetClientRectNoScroll(&rc);
+    } else {
+        const SIZE room = RoomOfBarsAndClient();
+        rc = {0, 0, room.cx, room.cy};
+    }
     CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right, rc.bottom);
     return life;
 }
 
 void GList::CalcScrollbars(int contentWidth, int contentHeight, int clientWidth, int clientHeight)
 {
+    const auto barsOf = Has(*this, Quirk::ListBars) ? gesso::BarsOf : gesso::ExactBarsOf;
     const gesso::ListBars bars =
-        gesso::BarsOf({contentWidth, contentHeight}, {clientWidth, clientHeight},
-                      {SystemMetric(m_hWnd, SM_CXVSCROLL), SystemMetric(m_hWnd, SM_CYHSCROLL)});
+        barsOf({contentWidth, contentHeight}, {clientWidth, clientHeight},
+               {SystemMetric(m_hWnd, SM_CXVSCROLL), SystemMetric(m_hWnd, SM_CYHSCROLL)});
     constexpr UINT MASK = SIF_RANGE | SIF_PAGE;
     const SCROLLINFO siH{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(bars.lastX), bars.pageX, 0, 0};
     const SCROLLINFO siV{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(bars.lastY), bars.pageY, 0, 0};

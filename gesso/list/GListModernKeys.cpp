@@ -3,12 +3,15 @@
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/list/ListInside.h>
 
 #include <algorithm>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 
 namespace {
 
@@ -37,8 +40,9 @@ LRESULT GList::OnModernKeyDown(UINT vk, UINT flags)
     const gesso::Watch watch(*this);
     keyMods = ModifierKeys();
     if (IsNavigation(vk)) {
+        m_inside->typed.Forget();
         ModernNavigate(vk);
-    } else if (vk == VK_SPACE) {
+    } else if (vk == VK_SPACE && (keyMods || !m_inside->typed.IsUnderWay())) {
         ModernSpace();
     } else if (vk == 'A' && (gesso::ModifierFlags() & (LVKF_CONTROL | LVKF_ALT)) == LVKF_CONTROL) {
         ChangeSelection(0, NO_INDEX, true);
@@ -170,6 +174,30 @@ void GList::ModernSpace()
         SelectOnly(item);
     }
     PutCursor(item);
+}
+
+// --- Typing
+
+// Characters lead to an item; those that Ctrl makes do not, but what AltGr makes does.
+LRESULT GList::OnTyped(wchar_t character)
+{
+    if (Has(*this, Quirk::ListTypingIgnored)) {
+        return OnChar(character);
+    }
+    const bool fCommand = (gesso::ModifierFlags() & (LVKF_CONTROL | LVKF_ALT)) == LVKF_CONTROL;
+    if (fCommand || !m_inside->typed.Add(character)) {
+        return 0;
+    }
+    const UINT found = m_inside->typed.Find(GetCursorItem(), items.GetLength(), [this](UINT item) {
+        const ListSubItem* sub = items[item]->SubItem(0);
+        return sub ? LPCWSTR{sub->text} : nullptr;
+    });
+    if (found != NO_INDEX) {
+        MoveTo(found, 0, false);
+        RedrawAll();
+        TellSelection();
+    }
+    return 0;
 }
 
 // --- Into view

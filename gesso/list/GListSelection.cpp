@@ -133,11 +133,27 @@ void GList::PutCursor(UINT item)
 
 // --- What changes, each in its one place
 
-// Both ends included, in either order; what lies past the end is left out.
+// Both ends included, in either order; what lies past the end is left out. In Classic a derived class may
+// have set the bit of any item.
 void GList::ChangeSelection(UINT a, UINT b, bool on)
 {
     const UINT count = items.GetLength();
-    for (UINT item = std::min(a, b); item < count && item <= std::max(a, b); ++item) {
+    UINT first = std::min(a, b);
+    UINT end = std::min(std::max(a, b), count - 1) + 1;
+    if (count == 0 || first >= count) {
+        return;
+    }
+    gesso::SelectedSpan& span = m_inside->selected;
+    span.Renew(m_inside->itemChanges);
+    if (on) {
+        span.Include(first, end);
+    } else if (!Has(*this, Quirk::ListSelectionSilent)) {
+        const gesso::SelectedSpan former = span;
+        span.Exclude(first, end);
+        first = std::max(first, former.first);
+        end = std::min(end, former.end);
+    }
+    for (UINT item = first; item < end; ++item) {
         UINT& state = items[item]->state;
         if (((state & LIS_SELECTED) != 0) != on) {
             state ^= LIS_SELECTED;

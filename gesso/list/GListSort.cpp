@@ -81,12 +81,24 @@ int Reversed(int order)
     return (order < 0) - (order > 0);
 }
 
-template <class KEY, class ORDER> void SortKeys(std::vector<KEY>& keys, bool ascending, ORDER order)
+// Which way up, and whether equal items keep their order.
+struct Direction
 {
+    bool fAscending;
+    bool fStable = false;
+};
+
+template <class KEY, class ORDER> void SortKeys(std::vector<KEY>& keys, Direction direction, ORDER order)
+{
+    const bool ascending = direction.fAscending;
     const auto directed = [=](const KEY& a, const KEY& b) {
         return ascending ? order(a, b) : Reversed(order(a, b));
     };
-    gesso::PartitionSort<KEY, decltype(directed)>::Sort(keys, directed);
+    if (direction.fStable) {
+        gesso::MergeSort(keys, directed);
+    } else {
+        gesso::PartitionSort<KEY, decltype(directed)>::Sort(keys, directed);
+    }
 }
 
 template <class KEY> void StoreItems(const std::vector<KEY>& keys, ListItem** a)
@@ -94,19 +106,19 @@ template <class KEY> void StoreItems(const std::vector<KEY>& keys, ListItem** a)
     std::transform(keys.begin(), keys.end(), a, [](const KEY& key) { return key.item; });
 }
 
-void SortByData(ListItem** a, size_t n, bool ascending, PFNLISTSORT compare)
+template <class COMPARE> void SortByData(ListItem** a, size_t n, Direction direction, COMPARE compare)
 {
     std::vector<DataKey> keys;
     std::transform(a, a + n, std::back_inserter(keys), [](ListItem* item) {
         return DataKey{item->customData, item};
     });
-    SortKeys(keys, ascending,
+    SortKeys(keys, direction,
              [compare](const DataKey& x, const DataKey& y) { return compare(x.customData, y.customData); });
     StoreItems(keys, a);
 }
 
 // What all texts begin with decides nothing, so that the keys leave it out.
-void SortByText(ListItem** a, size_t n, bool ascending, UINT column)
+void SortByText(ListItem** a, size_t n, Direction direction, UINT column)
 {
     ListItem** end = a + n;
     const LPCWSTR first = a < end ? TextOf(*a, column) : L"";
@@ -117,7 +129,7 @@ void SortByText(ListItem** a, size_t n, bool ascending, UINT column)
         const LPCWSTR text = TextOf(item, column) + start;
         return TextKey{LeadOf(text), text, item};
     });
-    SortKeys(keys, ascending, OrderTexts);
+    SortKeys(keys, direction, OrderTexts);
     StoreItems(keys, a);
 }
 
@@ -158,12 +170,18 @@ template <class FUNCTION> bool Tried(FUNCTION function)
 
 void GList::FastSortItemPtr(ListItem** a, __int64 n, bool ascending, PFNLISTSORT compare)
 {
-    Tried([=] { SortByData(a, static_cast<size_t>(std::max<__int64>(n, 0)), ascending, compare); });
+    Tried([=] { SortByData(a, static_cast<size_t>(std::max<__int64>(n, 0)), {ascending}, compare); });
 }
 
 void GList::SortAlphabetical(ListItem** a, __int64 n, bool ascending, UINT column)
 {
-    Tried([=] { SortByText(a, static_cast<size_t>(std::max<__int64>(n, 0)), ascending, column); });
+    Tried([=] { SortByText(a, static_cast<size_t>(std::max<__int64>(n, 0)), {ascending}, column); });
+}
+
+void GList::SetSortCallback(PFNLISTCOMPARE compare, void* context)
+{
+    m_inside->compare = compare;
+    m_inside->compareContext = context;
 }
 
 void GList::SetSortState(UINT column, UINT state)
@@ -218,17 +236,24 @@ void GList::OrderItems(UINT column, bool ascending)
     const gesso::Watch watch(*this);
     std::vector<ListItem*> order(items.begin(), items.end());
     if (column < columns.GetLength()) {
-        if (const PFNLISTSORT compare = columns[column]->fktSort) {
-            SortByData(order.data(), order.size(), ascending, compare);
+        const Direction direction{ascending, !Has(*this, Quirk::ListSortUnstable)};
+        if (const PFNLISTCOMPARE compare = m_inside->compare) {
+            void* context = m_inside->compareContext;
+            SortByData(order.data(), order.size(), direction,
+                       [this, column, compare, context](void* data1, void* data2) {
+                           return compare(this, column, data1, data2, context);
+                       });
+        } else if (const PFNLISTSORT sort = columns[column]->fktSort) {
+            SortByData(order.data(), order.size(), direction, sort);
         } else {
-            SortByText(order.data(), order.size(), ascending, column);
+            SortByText(order.data(), order.size(), direction, column);
         }
     }
     if (!watch) {
         return;
     }
     if (changes != m_inside->itemChanges) {
-        gesso::Misuse("GList::Sort: fktSort changed the items");
+        gesso::Misuse("GList::Sort: the comparison changed the items");
         order.assign(items.begin(), items.end());
     }
     std::vector<ListItem*> strays;

@@ -33,6 +33,17 @@ ListBars BarsOf(SIZE content, SIZE client, SIZE bar)
             clientCy - (fBoth || code == 10 ? cyBar : 0)};
 }
 
+ListBars ExactBarsOf(SIZE content, SIZE client, SIZE bar)
+{
+    bool fDown = content.cy > client.cy;
+    const bool fAcross = content.cx > client.cx - (fDown ? bar.cx : 0);
+    fDown = content.cy > client.cy - (fAcross ? bar.cy : 0);
+    const auto last = [](LONG extent) { return static_cast<UINT>(std::max<LONG>(extent, 1) - 1); };
+    const auto page = [](LONG extent) { return static_cast<UINT>(std::max<LONG>(extent, 0)); };
+    return {last(content.cx), last(content.cy), page(client.cx - (fDown ? bar.cx : 0)),
+            page(client.cy - (fAcross ? bar.cy : 0))};
+}
+
 // --- Rows
 
 UINT ListGeometry::RowFrom(UINT item) const
@@ -107,6 +118,9 @@ RECT ListGeometry::CellRect(UINT row, UINT cell) const
 {
     const RECT rcRow = RowRect(row);
     const RECT& rcCell = m_cells[cell].rect;
+    if (m_measures.fExact && m_measures.view != GLS_DETAILS) {
+        return Shifted(rcCell, rcRow.left, rcRow.top);
+    }
     return {rcCell.left, rcRow.top, rcCell.right, rcRow.bottom};
 }
 
@@ -114,6 +128,9 @@ RECT ListGeometry::CellRect(UINT row, UINT cell) const
 
 ListHit ListGeometry::HitAt(POINT pt, const ListViewport& view, int dividerReach) const
 {
+    if (m_measures.fExact) {
+        return HitExact(pt, view, dividerReach);
+    }
     if (m_items.GetLength() == 0 || pt.x < 0 || pt.y < 0 || pt.x > view.client.cx || pt.y > view.client.cy) {
         return {};
     }

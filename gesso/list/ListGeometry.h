@@ -31,6 +31,10 @@ struct ListMeasures
     UINT spacingY = 0;
     UINT groupHeight = 0;
     UINT headerArea = 0;
+    // Of lists made in Modern, where hits and rectangles are those of what is drawn.
+    bool fExact = false;
+    UINT headerHeight = 0; // as drawn, 0 without a header
+    int linesWidth = 0;    // what icons lie side by side in
 };
 
 // What is known of the rows, so that few of them need a look. Nothing is known of rows that are only copied.
@@ -67,6 +71,9 @@ struct ListBars
 // Of a content in a client area without bars, where a bar is so wide.
 ListBars BarsOf(SIZE content, SIZE client, SIZE bar);
 
+// The same, of bars that show where they are needed, with all of the content in reach.
+ListBars ExactBarsOf(SIZE content, SIZE client, SIZE bar);
+
 // Bound to a list's arrays, which stay the list's.
 class ListGeometry
 {
@@ -94,7 +101,8 @@ public:
 
     // A row in the content, moved on.
     RECT RowRect(UINT row, int64_t dx = 0, int64_t dy = 0) const;
-    // An element of a row: as wide as the element, and as high as the row.
+    // An element of a row: as wide as the element, and as high as the row; where elements do not lie in
+    // columns, and places are exact, the element itself.
     RECT CellRect(UINT row, UINT cell) const;
 
     // --- Hits
@@ -137,6 +145,9 @@ private:
     bool HitRow(ListHit& hit, UINT row, int x) const;
     bool HitIcon(ListHit& hit, UINT row, int x) const;
     ListHit HitCell(UINT item, int x) const;
+    ListHit HitExact(POINT pt, const ListViewport& view, int reach) const;
+    ListHit HitExactHeader(int64_t x, int reach) const;
+    ListHit HitExactCell(UINT row, int64_t x, int64_t y) const;
     UINT ItemOfRow(UINT row, UINT none) const;
     bool ReachesPageUp(const ListItem& item, const ListItem& from, UINT page) const;
     bool ReachesPageDown(const ListItem& item, const ListItem& from, UINT page) const;

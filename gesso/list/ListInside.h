@@ -1,9 +1,11 @@
 // What is Gesso's own of a list, behind the one pointer that its class has for it.
 #pragma once
 
+#include <gesso/framework/TypeAhead.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
 
+#include <algorithm>
 #include <array>
 
 namespace gesso {
@@ -24,6 +26,37 @@ struct SelectionChange
     // One that was selected is no more there.
     void NoteGone() { count += 2; }
     UINT OneItem() const { return count == 1 ? items : NO_INDEX; }
+};
+
+// Where the selected items are: none lies outside, as long as the items are those of then. So a key in a long
+// list looks at few of them.
+struct SelectedSpan
+{
+    UINT first = 0;
+    UINT end = NO_INDEX;
+    UINT itemChanges = 0;
+
+    void Renew(UINT changes)
+    {
+        if (itemChanges != changes) {
+            *this = {0, NO_INDEX, changes};
+        }
+    }
+    void Include(UINT from, UINT to)
+    {
+        const bool fEmpty = first >= end;
+        first = fEmpty ? from : std::min(first, from);
+        end = fEmpty ? to : std::max(end, to);
+    }
+    void Exclude(UINT from, UINT to)
+    {
+        if (from <= first) {
+            first = std::max(first, to);
+        }
+        if (to >= end) {
+            end = std::min(end, from);
+        }
+    }
 };
 
 // Bits of an item's state while it is on its way out of the list: how deep its removal is nested in others,
@@ -66,11 +99,17 @@ struct ListInside
     bool fEdits = false;        // the edit in progress is this list's own, which a copy has only seen
     UINT itemChanges = 0;       // counts insertions and removals
     SelectionChange selection;
+    SelectedSpan selected;
     bool fHoldsTelling = false; // a change of the selection goes on
     bool fEnding = false;       // the window goes
     bool fHadWindow = false;
     ListBand band;
-    UINT removals = 0; // how many go on, one within the other
+    TypeAhead typed;
+    PFNLISTCOMPARE compare = nullptr; // what sorts every column
+    void* compareContext = nullptr;
+    int linesWidth = 0; // what icons lie side by side in
+    SIZE linesRoom{};   // of the window, bars included, that this came from
+    UINT removals = 0;  // how many go on, one within the other
 
     // Whether a list's layout agrees with its records, for tests.
     static bool CheckLayout(const GList& list);

@@ -96,6 +96,56 @@ private:
     SIZE m_spacing;
 };
 
+// The same for lists made in Modern whose items lie side by side: each in a cell of its own, in lines.
+class LinePlacing
+{
+public:
+    LinePlacing(ListRows& rows, const ListMeasures& measures)
+        : m_rows(rows), m_width(std::max(measures.linesWidth, 0)), m_item{Saturated(measures.itemWidth),
+                                                                          Saturated(measures.itemHeight)},
+          m_spacing{Saturated(measures.spacingX), Saturated(measures.spacingY)}
+    {}
+    ~LinePlacing() { m_rows.SetLength(m_count, -1); }
+    LinePlacing(const LinePlacing&) = delete;
+    LinePlacing& operator=(const LinePlacing&) = delete;
+
+    void AddGroup(UINT group, UINT height)
+    {
+        const int bottom = Below(m_end, height);
+        Append({LET_GROUP, group, {0, m_end, m_width, bottom}});
+        m_end = bottom;
+        m_right = m_width; // a line of its own
+    }
+
+    // One at least in each line.
+    void AddItem(UINT item)
+    {
+        const int64_t left = int64_t{m_right} + m_spacing.cx;
+        const bool fNewLine = m_count == 0 || left + m_item.cx > m_width;
+        if (fNewLine) {
+            m_top = Saturated(int64_t{m_end} + m_spacing.cy);
+            m_end = Saturated(int64_t{m_top} + m_item.cy);
+        }
+        const int x = fNewLine ? m_spacing.cx : Saturated(left);
+        m_right = Saturated(int64_t{x} + m_item.cx);
+        Append({LET_ITEM, item, {x, m_top, m_right, m_end}});
+    }
+
+    int End() const { return m_end; }
+
+private:
+    void Append(const stcElementPosition& row) { m_rows[m_count++] = row; }
+
+    ListRows& m_rows;
+    UINT m_count = 0;
+    int m_width;
+    int m_right = 0; // of the last cell
+    int m_top = 0;   // of the line
+    int m_end = 0;   // of the rows
+    SIZE m_item;
+    SIZE m_spacing;
+};
+
 } // namespace
 
 bool ReserveRows(ListRows& rows, UINT count)
@@ -114,27 +164,58 @@ int ListLayout::Place()
         return RowsEnd();
     }
     m_placed.SetLength(groupCount + itemCount, -1);
+    m_known = {true, !fIcons, true, groupCount};
+    return fIcons && m_measures.fExact ? PlaceLines() : PlaceRows();
+}
+
+int ListLayout::PlaceLines()
+{
+    LinePlacing placing(m_placed, m_measures);
+    Walk(
+        [&](UINT group) {
+            if (group != NO_INDEX) {
+                placing.AddGroup(group, m_measures.groupHeight);
+            }
+        },
+        [&](UINT item, bool) { placing.AddItem(item); });
+    return placing.End();
+}
+
+int ListLayout::PlaceRows()
+{
+    const bool fIcons = m_measures.view == GLS_ICONS;
     Placing placing(m_placed, m_measures);
+    Walk(
+        [&](UINT group) {
+            if (group != NO_INDEX) {
+                placing.AddGroup(group, m_measures.groupHeight);
+            }
+            placing.StartIcons();
+        },
+        [&](UINT item, bool fLastOfGroup) {
+            fIcons ? placing.AddIcon(item, fLastOfGroup) : placing.AddRow(item);
+        });
+    return placing.End();
+}
+
+// Visits the groups, each with its items behind it. What is started with no group goes on with the last one.
+template <class START, class ITEM> void ListLayout::Walk(START start, ITEM addItem)
+{
+    const UINT groupCount = m_groups.GetLength();
+    const UINT itemCount = m_items.GetLength();
     UINT id = 0;
     UINT i = 0;
     for (UINT g = 0; g == 0 || i < itemCount; ++g) {
         if (g < groupCount) {
-            placing.AddGroup(g, m_measures.groupHeight);
             id = m_groups[g]->group;
         } else if (g > 0) {
             ++i;
         }
-        placing.StartIcons();
+        start(g < groupCount ? g : NO_INDEX);
         for (; i < itemCount && m_items[i]->group == id; ++i) {
-            if (fIcons) {
-                placing.AddIcon(i, i + 1 == itemCount || m_items[i + 1]->group != id);
-            } else {
-                placing.AddRow(i);
-            }
+            addItem(i, i + 1 == itemCount || m_items[i + 1]->group != id);
         }
     }
-    m_known = {true, !fIcons, true, groupCount};
-    return placing.End();
 }
 
 UINT ListLayout::Insert(UINT item)

@@ -47,6 +47,9 @@ public:
     bool Check() const;
 
 private:
+    template <class START, class ITEM> void Walk(START start, ITEM addItem);
+    int PlaceRows();
+    int PlaceLines();
     bool IsInOrder(UINT row) const;
 
     ListRows& m_placed;

@@ -62,6 +62,9 @@ constexpr WORD LHP_DIVIDER = 2;
 using PFNLISTGROUP = UINT (*)(GList* pList, void* customData);
 // Negative, 0 or positive, as the first is less than, equal to or greater than the second.
 using PFNLISTSORT = int (*)(void* customData1, void* customData2);
+// The same of any column, by the custom data of two items and what was given with the function.
+using PFNLISTCOMPARE = int (*)(const GList* pList, UINT column, void* customData1, void* customData2,
+                               void* context);
 // Kept for the host's own use: the list never calls it.
 using PFNLISTGET = void (*)(GList* pList, UINT, UINT, UINT, void*);
 

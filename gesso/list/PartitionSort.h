@@ -8,6 +8,8 @@
 // `order` is not consistent.
 #pragma once
 
+#include <gesso/list/MergeSort.h>
+
 #include <algorithm>
 #include <bit>
 #include <utility>
@@ -70,15 +72,7 @@ private:
     bool MergeDistinct(VALUE* a, size_t n)
     {
         std::vector<VALUE> from(a, a + n);
-        std::vector<VALUE> to(n);
-        for (size_t run = 1; run < n; run *= 2) {
-            for (size_t start = 0; start < n; start += 2 * run) {
-                const size_t middle = std::min(start + run, n);
-                const size_t end = std::min(start + 2 * run, n);
-                MergeRuns(from.data() + start, from.data() + middle, from.data() + end, to.data() + start);
-            }
-            from.swap(to);
-        }
+        MergeSort(from, m_order);
         for (size_t i = 1; i < n; ++i) {
             if (m_order(from[i - 1], from[i]) >= 0) {
                 return false;
@@ -86,15 +80,6 @@ private:
         }
         std::copy(from.begin(), from.end(), a);
         return true;
-    }
-
-    void MergeRuns(const VALUE* left, const VALUE* middle, const VALUE* end, VALUE* to)
-    {
-        const VALUE* right = middle;
-        while (left != middle && right != end) {
-            *to++ = m_order(*right, *left) < 0 ? *right++ : *left++;
-        }
-        std::copy(right, end, std::copy(left, middle, to));
     }
 
     ORDER m_order;

@@ -1,6 +1,6 @@
 // The word that is typed to find an item.
 
-#include "../support/User.h"
+#include "../../support/User.h"
 
 #include <gesso/framework/TypeAhead.h>
 
