@@ -235,7 +235,8 @@ template <> void AddOperations<GList>(Table& table)
                 OP(GList, GetHeaderItemSpacing),
                 OP(GList, SetHeaderItemSpacing),
                 Own<GList>("BeginEdit", EditInPlace),
-                OP(GList, EndEdit)});
+                OP(GList, EndEdit),
+                Often(2, OP(GList, EditItem))});
 }
 
 } // namespace attack

@@ -72,6 +72,7 @@ enum class Quirk
     ListTakesAllKeys,       // Enter and Esc do not reach a dialog's buttons
     ListTiltIgnored,        // a wheel that tilts does nothing
     ListTypingIgnored,      // typed characters lead nowhere
+    ListF2IsIdle,           // F2 does nothing
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.

@@ -302,6 +302,7 @@ void GList::OpenCellThemes()
 // then.
 LRESULT GList::OnDestroy()
 {
+    ForgetRenaming();
     const gesso::Watch watch(*this);
     m_inside->fEnding = true;
     RemoveAllItems();

@@ -16,6 +16,8 @@
 //   NM_KEYDOWN     GLISTNOTIFY: a key, once it is handled; uKeyFlags, vKey
 //   LVN_BEGINDRAG  GLISTNOTIFY: the pressed pointer has left its place; iItem
 //   LVN_FIRST      NMHDR: a window of the in-place edit lost the focus
+//   LVN_BEGINLABELEDITW  GLISTNOTIFY: before an item is renamed; iItem; a non-zero answer refuses it
+//   LVN_ENDLABELEDITW    GLISTNOTIFY: after it; iItem, pszText, null where it is dropped; non-zero takes it
 //   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
 // and, where it was made in Modern, as GLISTNOTIFY:
 //   LVN_ITEMCHANGED  what is selected has changed, by the user or a call; iItem, or -1 for several
@@ -312,6 +314,11 @@ public:
     // Makes a column as wide as its widest text and its caption need, its least width at least. Lays out and
     // repaints.
     void FitColumn(UINT column);
+    // Lets the user rename an item, in both behaviours: brings it into view and puts a text field over the
+    // text of its first column, with the notifications. A field that is there takes its text first. False for
+    // an item that is not there or shows no such text, where the parent refuses, and where there is no
+    // window; so it is for a copy.
+    bool EditItem(UINT item);
 
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
@@ -547,6 +554,7 @@ private:
     void Step(UINT target, bool fAway);
     void StepFromNowhere();
     void BringCursorIntoView(UINT vk);
+    void EditCursorItem();
 
     // The mouse of lists made in Modern
     void ModernClick(const HitTestInfo& hit);
@@ -613,6 +621,18 @@ private:
     GList* Editor() const;
     WNDPROC EditProcOf(HWND hwnd) const;
     bool IsFocusInside() const;
+
+    // Renaming
+    RECT ContentRect(const stcColumnDrawInfo& element, const RECT& rcRow, int border) const;
+    bool GetLabelRect(UINT item, RECT* rc) const;
+    UINT IndexOf(const ListItem* item) const;
+    void ShowLabel(UINT item);
+    bool BeginRenaming(UINT item);
+    static void OnRenamed(HWND hwndList, LPCWSTR text);
+    void EndRenaming(LPCWSTR text);
+    void EndLostRenaming();
+    void PlaceRenaming();
+    void ForgetRenaming();
 
     gesso::ListInsideHold m_inside;
 };

@@ -5,6 +5,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/list/ListCellLayout.h>
 #include <gesso/list/ListInside.h>
@@ -499,7 +500,11 @@ void GList::RemoveItem(UINT item)
     ReleaseItem(items[item]);
     items.RemoveAt(item, 1);
     ++m_inside->itemChanges;
+    const gesso::Lifeline life(*this);
     Calculate();
+    if (life) {
+        EndLostRenaming();
+    }
 }
 
 void GList::RemoveAllItems()
@@ -509,7 +514,11 @@ void GList::RemoveAllItems()
         return;
     }
     ReleaseItems();
+    const gesso::Lifeline life(*this);
     Calculate();
+    if (life) {
+        EndLostRenaming();
+    }
 }
 
 void GList::ReleaseItems()

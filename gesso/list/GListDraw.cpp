@@ -198,16 +198,22 @@ void GList::RowPainter::DrawCheckBox(UINT index, const RECT& rc) const
     ThemePart(m_list.themeButton, m_hdc, BP_CHECKBOX, nState, PlainPart::CheckBox).DrawBackground(rc);
 }
 
-// Where an element of a row shows its content.
-RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow) const
+RECT GList::ContentRect(const stcColumnDrawInfo& element, const RECT& rcRow, int border) const
 {
     constexpr UINT VIEWS_WITH_MARGINS = 1; // details and icons
     RECT rc = Shifted(element.rect, rcRow.left, rcRow.top);
-    Inset(rc, m_border, m_border, m_border, m_border);
-    if ((m_list.listStyle & VIEWS_WITH_MARGINS) && element.column < m_list.columns.GetLength()) {
-        const RECT margins = m_list.MarginsOf(*m_list.columns[element.column]);
+    Inset(rc, border, border, border, border);
+    if ((listStyle & VIEWS_WITH_MARGINS) && element.column < columns.GetLength()) {
+        const RECT margins = MarginsOf(*columns[element.column]);
         Inset(rc, margins.left, margins.top, margins.right, margins.bottom);
     }
+    return rc;
+}
+
+// Where an element of a row shows its content.
+RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow) const
+{
+    const RECT rc = m_list.ContentRect(element, rcRow, m_border);
     gesso::LayoutOverlay::Add(m_hdc, rc);
     return rc;
 }

@@ -193,6 +193,9 @@ bool GList::SetContentHeight(int rowsEnd)
         rc = {0, 0, room.cx, room.cy};
     }
     CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right, rc.bottom);
+    if (life) {
+        PlaceRenaming();
+    }
     return life;
 }
 

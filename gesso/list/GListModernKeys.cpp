@@ -60,7 +60,18 @@ LRESULT GList::OnModernKeyDown(UINT vk, UINT flags)
         notify.vKey = vk;
         Frame::SendNotify(*this, static_cast<UINT>(NM_KEYDOWN), &notify.hdr);
     }
+    if (watch && vk == VK_F2 && !Has(*this, gesso::Quirk::ListF2IsIdle)) {
+        EditCursorItem();
+    }
     return 0;
+}
+
+void GList::EditCursorItem()
+{
+    const UINT item = cursorItem < items.GetLength() ? cursorItem : GetFirstSelectedItemIndex();
+    if (item != NO_INDEX) {
+        EditItem(item);
+    }
 }
 
 void GList::SendReturn()

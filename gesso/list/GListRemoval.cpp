@@ -21,6 +21,9 @@ void GList::RemoveAndTell(UINT first, UINT last)
         if (watch && !m_inside->fEnding) {
             TellSelection();
         }
+        if (watch) {
+            EndLostRenaming();
+        }
     }
 }
 

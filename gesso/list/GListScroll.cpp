@@ -21,6 +21,7 @@ std::optional<int64_t> Target(const SCROLLINFO& si, UINT code, UINT position, UI
 void GList::ScrollTo(int nBar, int64_t position)
 {
     GWndScroll::SetScrollPos(nBar, Saturated(position), 1);
+    PlaceRenaming();
 }
 
 void GList::RedrawAll()
@@ -29,6 +30,7 @@ void GList::RedrawAll()
     if (m_hWnd) {
         RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     }
+    PlaceRenaming();
 }
 
 LRESULT GList::OnVScroll(UINT code, UINT position, HWND)

@@ -214,6 +214,9 @@ void GList::Sort(UINT column, bool ascending)
         if (watch) {
             TellSelection();
         }
+        if (watch) {
+            EndLostRenaming();
+        }
     } else {
         ChangeSort(formerColumn, formerAscending, formerState);
     }

@@ -10,6 +10,13 @@
 
 namespace gesso {
 
+// A renaming in progress.
+struct ListRenaming
+{
+    HWND hwnd = nullptr; // of the field; null for none
+    const ListItem* item = nullptr;
+};
+
 // What has been selected or unselected since the parent was last told.
 struct SelectionChange
 {
@@ -98,6 +105,7 @@ struct ListInside
     bool fFontsMissing = false; // some could not be made
     bool fEdits = false;        // the edit in progress is this list's own, which a copy has only seen
     UINT itemChanges = 0;       // counts insertions and removals
+    ListRenaming renaming;
     SelectionChange selection;
     SelectedSpan selected;
     bool fHoldsTelling = false; // a change of the selection goes on

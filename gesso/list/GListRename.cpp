@@ -1,0 +1,165 @@
+// Renaming an item of a list in place.
+
+#include <gesso/edit/LabelEdit.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/list/ListGeometry.h>
+#include <gesso/list/ListInside.h>
+
+#include <algorithm>
+#include <utility>
+
+using gesso::Frame;
+using gesso::LabelEdit;
+using gesso::NO_INDEX;
+using gesso::Saturated;
+
+namespace {
+
+// Whether an element shows an item's name. An icon has one text, whatever column its element names.
+bool IsLabel(const stcColumnDrawInfo& element)
+{
+    const bool fText = element.type == LCT_TEXT || element.type == LCT_TITLE || element.type == LCT_IMAGETEXT;
+    return element.type == LCT_ICONTEXT || (fText && element.column == 0);
+}
+
+LRESULT SendRenaming(const GList& list, UINT code, UINT item, LPCWSTR text)
+{
+    GLISTNOTIFY notify{};
+    notify.iItem = static_cast<int>(item);
+    notify.pszText = text;
+    return Frame::SendNotify(list, code, &notify.hdr);
+}
+
+} // namespace
+
+bool GList::EditItem(UINT item)
+{
+    const ListItem* record = ItemFor(item, "GList::EditItem: no such item");
+    if (!record || !Frame::IsAlive(m_hWnd, this)) {
+        return false;
+    }
+    const gesso::Watch watch(*this);
+    LabelEdit::End(m_inside->renaming.hwnd, true);
+    if (!watch || IndexOf(record) == NO_INDEX) {
+        return false;
+    }
+    ShowLabel(IndexOf(record));
+    const bool fRefused = SendRenaming(*this, LVN_BEGINLABELEDITW, IndexOf(record), nullptr) != 0;
+    // The parent may have begun a renaming itself.
+    return watch && !fRefused && !m_inside->renaming.hwnd && BeginRenaming(IndexOf(record));
+}
+
+// The record is only compared.
+UINT GList::IndexOf(const ListItem* item) const
+{
+    for (UINT i = 0; item && i < items.GetLength(); ++i) {
+        if (items[i] == item) {
+            return i;
+        }
+    }
+    return NO_INDEX;
+}
+
+// Of the first column's text, in client coordinates. False where the view or the item shows none.
+bool GList::GetLabelRect(UINT item, RECT* rc) const
+{
+    const gesso::ListGeometry geometry = Geometry();
+    const UINT row = geometry.RowOf(item);
+    for (UINT k = 0; row < elements.GetLength() && k < columnDraw.GetLength(); ++k) {
+        const stcColumnDrawInfo& element = columnDraw[k];
+        if (!IsLabel(element)) {
+            continue;
+        }
+        const RECT rcRow = geometry.RowRect(row, -int64_t{m_siH.nPos}, -int64_t{m_siV.nPos});
+        const RECT rcContent = ContentRect(element, rcRow, themeList.BorderSize());
+        const int image = element.type == LCT_IMAGETEXT ? IconSize().cx * 5 / 4 : 0;
+        *rc = {Saturated(int64_t{rcContent.left} + image), Saturated(int64_t{rcRow.top} + element.rect.top),
+               rcContent.right, Saturated(int64_t{rcRow.top} + element.rect.bottom)};
+        return true;
+    }
+    return false;
+}
+
+void GList::ShowLabel(UINT item)
+{
+    RECT rc{}, rcClient{};
+    if (!GetLabelRect(item, &rc)) {
+        return;
+    }
+    GetClientRect(m_hWnd, &rcClient);
+    const int top = static_cast<int>(headerArea);
+    if (rc.top < top || rc.bottom > rcClient.bottom) {
+        const int below = std::min<int>(rc.top - top, rc.bottom - rcClient.bottom);
+        ScrollTo(SB_VERT, int64_t{m_siV.nPos} + (rc.top < top ? rc.top - top : below));
+    }
+    if (rc.left < 0 || rc.left >= rcClient.right) {
+        ScrollTo(SB_HORZ, int64_t{m_siH.nPos} + rc.left);
+    }
+    Invalidate(0);
+}
+
+bool GList::BeginRenaming(UINT item)
+{
+    RECT rc{};
+    if (item == NO_INDEX || !GetLabelRect(item, &rc)) {
+        return false;
+    }
+    const ListItem* record = items[item];
+    const LPCWSTR text = GetItemText(item, 0);
+    // The parent hears of the new window, and then that the list loses the focus, and may do anything.
+    const gesso::Watch watch(*this);
+    const HWND hwnd = LabelEdit::Make(m_hWnd, rc, fontLabelText, text ? text : L"", OnRenamed);
+    if (!watch || !hwnd) {
+        return false;
+    }
+    m_inside->renaming = {hwnd, record};
+    return LabelEdit::Begin(hwnd);
+}
+
+void GList::OnRenamed(HWND hwndList, LPCWSTR text)
+{
+    if (auto* list = Frame::ObjectOf<GList>(hwndList)) {
+        list->EndRenaming(text);
+    }
+}
+
+void GList::EndRenaming(LPCWSTR text)
+{
+    const ListItem* record = std::exchange(m_inside->renaming, {}).item;
+    if (!record) {
+        return; // the list was assigned another one meanwhile
+    }
+    const UINT item = IndexOf(record);
+    text = item != NO_INDEX ? text : nullptr;
+    const gesso::Watch watch(*this);
+    const bool fTaken = SendRenaming(*this, LVN_ENDLABELEDITW, item, text) != 0;
+    if (watch && fTaken && text && IndexOf(record) != NO_INDEX) {
+        SetItemText(IndexOf(record), 0, text);
+    }
+}
+
+// After a removal.
+void GList::EndLostRenaming()
+{
+    const gesso::ListRenaming renaming = m_inside->renaming;
+    if (renaming.hwnd && IndexOf(renaming.item) == NO_INDEX) {
+        LabelEdit::End(renaming.hwnd, false);
+    }
+}
+
+// After rows or columns have moved.
+void GList::PlaceRenaming()
+{
+    const gesso::ListRenaming renaming = m_inside->renaming;
+    RECT rc{};
+    if (renaming.hwnd && GetLabelRect(IndexOf(renaming.item), &rc)) {
+        LabelEdit::Place(renaming.hwnd, rc);
+    }
+}
+
+void GList::ForgetRenaming()
+{
+    LabelEdit::Forget(std::exchange(m_inside->renaming, {}).hwnd);
+}
