@@ -1,4 +1,5 @@
 #include <gesso/controls/ContentLayout.h>
+#include <gesso/framework/Saturate.h>
 
 namespace gesso {
 namespace {
@@ -9,12 +10,18 @@ bool IsBeside(ImageSide side)
 }
 
 // Where something of a given extent starts when it is aligned with the text from nearEdge to farEdge.
-int AlignTo(int nearEdge, int farEdge, int nExtent, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
+int AlignTo(int64_t nearEdge, int64_t farEdge, int nExtent, DWORD dwStyle, DWORD dwCenter, DWORD dwFar)
 {
     if (dwStyle & dwCenter) {
-        return (nearEdge + farEdge - nExtent) >> 1;
+        return Saturated((nearEdge + farEdge - nExtent) >> 1);
     }
-    return dwStyle & dwFar ? farEdge - nExtent : nearEdge;
+    return Saturated(dwStyle & dwFar ? farEdge - nExtent : nearEdge);
+}
+
+// As OffsetRect, up to the ends of the numbers.
+void Shift(RECT* prc, int64_t dx, int64_t dy)
+{
+    *prc = Shifted(*prc, dx, dy);
 }
 
 } // namespace
@@ -31,18 +38,20 @@ RECT RoomBesideImage(const RECT& rcContent, ImageSide side, SIZE image, int nGap
 {
     RECT rc = rcContent;
     switch (side) {
-    case ImageSide::Left: rc.left += nGap + image.cx; break;
-    case ImageSide::Right: rc.right -= image.cx + nGap; break;
-    case ImageSide::Top: rc.top += nGap + image.cy; break;
-    case ImageSide::Bottom: rc.bottom -= image.cy + nGap; break;
+    case ImageSide::Left: rc.left = Saturated(int64_t{rc.left} + nGap + image.cx); break;
+    case ImageSide::Right: rc.right = Saturated(int64_t{rc.right} - image.cx - nGap); break;
+    case ImageSide::Top: rc.top = Saturated(int64_t{rc.top} + nGap + image.cy); break;
+    case ImageSide::Bottom: rc.bottom = Saturated(int64_t{rc.bottom} - image.cy - nGap); break;
     }
     return rc;
 }
 
 void AlignText(RECT* prcText, const RECT& rcContent, DWORD dwStyle)
 {
-    OffsetRect(prcText, AlignmentOffset(rcContent.right - prcText->right, dwStyle, GS_CENTER, GS_RIGHT),
-               AlignmentOffset(rcContent.bottom - prcText->bottom, dwStyle, GS_VCENTER, GS_BOTTOM));
+    const int nSlackX = Saturated(int64_t{rcContent.right} - prcText->right);
+    const int nSlackY = Saturated(int64_t{rcContent.bottom} - prcText->bottom);
+    Shift(prcText, AlignmentOffset(nSlackX, dwStyle, GS_CENTER, GS_RIGHT),
+          AlignmentOffset(nSlackY, dwStyle, GS_VCENTER, GS_BOTTOM));
 }
 
 POINT ImageBeside(const RECT& rcText, const RECT& rcContent, ImageSide side, SIZE image, int nGap,
@@ -51,24 +60,24 @@ POINT ImageBeside(const RECT& rcText, const RECT& rcContent, ImageSide side, SIZ
     const int x = AlignTo(rcContent.left, rcContent.right, image.cx, dwStyle, GS_CENTER, GS_RIGHT);
     const int y = AlignTo(rcContent.top, rcContent.bottom, image.cy, dwStyle, GS_VCENTER, GS_BOTTOM);
     switch (side) {
-    case ImageSide::Left: return {rcText.left - nGap - image.cx, y};
-    case ImageSide::Right: return {rcText.right + nGap, y};
-    case ImageSide::Top: return {x, rcText.top - nGap - image.cy};
+    case ImageSide::Left: return {Saturated(int64_t{rcText.left} - nGap - image.cx), y};
+    case ImageSide::Right: return {Saturated(int64_t{rcText.right} + nGap), y};
+    case ImageSide::Top: return {x, Saturated(int64_t{rcText.top} - nGap - image.cy)};
     case ImageSide::Bottom: break;
     }
-    return {x, rcText.bottom + nGap};
+    return {x, Saturated(int64_t{rcText.bottom} + nGap)};
 }
 
 POINT PlaceImage(RECT* prcText, ImageSide side, SIZE image, int nGap, DWORD dwStyle)
 {
     if (!IsBeside(side)) {
         return {AlignTo(prcText->left, prcText->right, image.cx, dwStyle, GS_CENTER, GS_RIGHT),
-                prcText->top - image.cy - nGap};
+                Saturated(int64_t{prcText->top} - image.cy - nGap)};
     }
     const int y = AlignTo(prcText->top, prcText->bottom, image.cy, dwStyle, GS_VCENTER, GS_BOTTOM);
-    const int nShift = (image.cx + nGap) >> 1;
-    OffsetRect(prcText, side == ImageSide::Left ? nShift : -nShift, 0);
-    return {prcText->left - (y + image.cy) - nGap, y};
+    const int64_t nShift = (int64_t{image.cx} + nGap) >> 1;
+    Shift(prcText, side == ImageSide::Left ? nShift : -nShift, 0);
+    return {Saturated(int64_t{prcText->left} - (int64_t{y} + image.cy) - nGap), y};
 }
 
 } // namespace gesso
