@@ -150,8 +150,13 @@ void GList::ScrollToward(POINTS pt)
     const auto step = [this](int at, int64_t first, int64_t end) {
         return at < first ? -int64_t{itemHeight} : at >= end ? int64_t{itemHeight} : 0;
     };
-    ScrollTo(SB_VERT, m_siV.nPos + step(pt.y, headerArea, rc.bottom));
-    ScrollTo(SB_HORZ, m_siH.nPos + step(pt.x, 0, rc.right));
+    // A content that fits has a position 1 as well.
+    if (contentCy > static_cast<UINT>(rc.bottom)) {
+        ScrollTo(SB_VERT, m_siV.nPos + step(pt.y, headerArea, rc.bottom));
+    }
+    if (contentCx > static_cast<UINT>(rc.right)) {
+        ScrollTo(SB_HORZ, m_siH.nPos + step(pt.x, 0, rc.right));
+    }
 }
 
 void GList::SelectInBand()
