@@ -2,6 +2,8 @@
 
 #include "Call.h"
 
+#include <gesso/framework/Behavior.h>
+
 namespace attack {
 
 namespace {
