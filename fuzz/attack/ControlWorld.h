@@ -64,7 +64,10 @@ template <class CONTROL> const Table& TableOf()
     return TABLE;
 }
 
-template <class CONTROL> constexpr bool OutlivesItsWindow = std::is_same_v<CONTROL, GScrollbar>;
+template <class CONTROL> bool OutlivesItsWindow()
+{
+    return std::is_same_v<CONTROL, GScrollbar> && gesso::GetBehavior() == gesso::Behavior::Classic;
+}
 
 template <class CONTROL> class ControlWorld : public World
 {
@@ -212,7 +215,7 @@ private:
     // Some objects outlive the window that made them, and are the host's to free.
     template <class MAKE> void NoteWindow(MAKE make)
     {
-        if constexpr (OutlivesItsWindow<CONTROL>) {
+        if (OutlivesItsWindow<CONTROL>()) {
             const Quiet quiet(*this);
             desk::ClearFaults();
             const HWND hwnd = make();

@@ -14,7 +14,8 @@
 namespace gesso {
 namespace {
 
-constexpr DWORD STYLE = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL;
+// Text is taken also where its line is higher than the row.
+constexpr DWORD STYLE = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | ES_AUTOVSCROLL;
 
 // What was typed or pasted, up to its first line end.
 std::vector<wchar_t> FirstLineOf(LPCWSTR psz)

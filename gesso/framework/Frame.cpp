@@ -38,6 +38,9 @@ bool SetWord(HWND hwnd, LONG nWord)
 // Of the state word: what a window and its user make, and no host.
 constexpr DWORD OF_THE_USER = 0xFFFF & ~(GWS_HIDEFOCUS | GWS_HIDEACCEL);
 
+// Of a WM_CONTEXTMENU that the keyboard asks for: -1 and -1.
+constexpr LPARAM KEYBOARD_PLACE = -1;
+
 // The tag that CreateTagged hands over; nobody else's creation data lies there.
 constinit thread_local const stcCreateTag* s_pOwnTag = nullptr;
 
@@ -208,7 +211,10 @@ bool Frame::AsksForContextMenu(UINT uMsg, WPARAM wParam)
 bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
-        *plAnswer = Default(wnd, uMsg, wParam, lParam);
+        // Windows does so at the menu key's release, and Wine does not.
+        *plAnswer = uMsg == WM_KEYUP ? SendMessageW(wnd.m_hWnd, WM_CONTEXTMENU,
+                                                    reinterpret_cast<WPARAM>(wnd.m_hWnd), KEYBOARD_PLACE)
+                                     : Default(wnd, uMsg, wParam, lParam);
         return true;
     }
     if (uMsg == WM_UPDATEUISTATE && !Has(wnd, Quirk::CuesStayHidden)) {

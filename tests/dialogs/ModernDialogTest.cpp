@@ -1,5 +1,6 @@
 // The task dialog and the message box of Modern. Runs on both platforms.
 
+#include "../support/Keys.h"
 #include "../support/WithBehavior.h"
 #include "ModalFixture.h"
 
@@ -132,6 +133,7 @@ TEST_F(ModernDialogTest, CtrlCCopiesTheTexts)
             user::TypeKey(VK_ESCAPE);
         });
     });
+    HoldKeys({}); // the dialog may have ended before the release came
     const std::string rule = std::string(27, '-') + "\r\n";
     EXPECT_EQ(copied,
               rule + "\r\n" + rule + "Instruction\r\n" + rule + "\r\n" + rule + "OK   Abbrechen\r\n" + rule);
