@@ -2,7 +2,9 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/ThemePart.h>
 
+#include <algorithm>
 #include <atomic>
 #include <new>
 
@@ -65,6 +67,18 @@ RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom)
     RECT rc{left, top, right, bottom};
     MapDialogRect(hDlg, &rc);
     return rc;
+}
+
+int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc)
+{
+    // In average characters of each pane.
+    constexpr int INSTRUCTION_COLUMNS = 40;
+    constexpr int CONTENT_COLUMNS = 58;
+    const int cxIcon = MapUnits(hDlg, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, 0).left;
+    const ThemePart instruction(hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText);
+    const ThemePart content(hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
+    return cxIcon + std::max(INSTRUCTION_COLUMNS * instruction.AverageCharWidth(),
+                             CONTENT_COLUMNS * content.AverageCharWidth());
 }
 
 HFONT FontOf(HWND hDlg)

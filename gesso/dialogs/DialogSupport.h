@@ -39,6 +39,10 @@ RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom);
 // Centres a window of a size in the work area of the monitor nearest to hwndNear, and gives it that size.
 void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size);
 
+// Where the texts of a task dialog end on the right, in pixels: the icon's room, and the columns of the wider
+// pane.
+int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc);
+
 // The font that the dialog's template asked for.
 HFONT FontOf(HWND hDlg);
 

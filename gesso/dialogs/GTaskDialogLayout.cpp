@@ -19,22 +19,9 @@ using gesso::PlainPart;
 using gesso::ThemePart;
 namespace Metrics = gesso::Metrics;
 
-namespace {
-
-// Columns of text, in average characters of each pane, that the dialog is wide enough for.
-constexpr int INSTRUCTION_COLUMNS = 40;
-constexpr int CONTENT_COLUMNS = 58;
-
-} // namespace
-
-// Where texts end on the right: 35 units for the icon, and the columns of the wider pane.
 int GTaskDialog::TextLimit(HDC hdc) const
 {
-    const int cxIcon = MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, 0).left;
-    const ThemePart instruction(m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText);
-    const ThemePart content(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
-    return cxIcon + std::max(INSTRUCTION_COLUMNS * instruction.AverageCharWidth(),
-                             CONTENT_COLUMNS * content.AverageCharWidth());
+    return gesso::TaskTextLimit(m_hWnd, m_hTheme, hdc);
 }
 
 // Places icon and texts, and returns the right edge of the widest text.

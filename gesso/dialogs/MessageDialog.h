@@ -71,7 +71,6 @@ private:
 
     // Layout; lengths in pixels.
     void LayOut();
-    int TextLimit(HDC hdc) const;
     int PlaceTexts(HDC hdc, int xLimit);
     int ButtonWidth(HDC hdc) const;
     int CheckWidth(HDC hdc) const;

@@ -13,10 +13,6 @@
 namespace gesso {
 namespace {
 
-// Columns of text, in average characters of each pane, that a line is long at most.
-constexpr int INSTRUCTION_COLUMNS = 40;
-constexpr int CONTENT_COLUMNS = 58;
-
 constexpr UINT TEXT_FORMAT = DT_WORDBREAK | DT_NOPREFIX;
 
 // Beyond any message, so that the rest of the arithmetic has room; a longer one ends there.
@@ -57,15 +53,6 @@ template <class CONTROL> void TakeKeysOf(HWND hwnd)
 }
 
 } // namespace
-
-int MessageDialog::TextLimit(HDC hdc) const
-{
-    const int xText = MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, 0).left;
-    const ThemePart instruction(m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText);
-    const ThemePart content(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
-    return xText + std::max(INSTRUCTION_COLUMNS * instruction.AverageCharWidth(),
-                            CONTENT_COLUMNS * content.AverageCharWidth());
-}
 
 // Returns the right edge of the widest text.
 int MessageDialog::PlaceTexts(HDC hdc, int xLimit)
@@ -160,7 +147,9 @@ void MessageDialog::LayOut()
         const SelectScope font(context, FontOf(m_hWnd));
         const int cxMargin = MapUnits(m_hWnd, Metrics::TASK_DIALOG_ICON, 0, 0, 0).left;
         cxButton = ButtonWidth(context);
-        needed.cx = PlaceTexts(context, std::min<int>(TextLimit(context), most.cx - cxMargin)) + cxMargin;
+        needed.cx =
+            PlaceTexts(context, std::min<int>(TaskTextLimit(m_hWnd, m_hTheme, context), most.cx - cxMargin)) +
+            cxMargin;
         if (HasCheckBox()) {
             m_cyCheck = rcUnits.top + rcUnits.left;
             needed.cx = std::max<LONG>(needed.cx, m_rcContent.left + CheckWidth(context) + cxMargin);
