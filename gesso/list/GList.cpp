@@ -93,7 +93,7 @@ HWND GList::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, UINT 
                    DWORD dwStyle)
 {
     listStyle = style;
-    ForgetLayoutOfWindow(!gesso::WillHave(Quirk::ListPlaces));
+    ForgetLayout();
     return Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent}, nId,
                                dwExStyle, dwStyle);
 }
@@ -246,7 +246,7 @@ void GList::StartAnew()
 {
     ChangeCursor(NO_INDEX, NO_INDEX);
     shiftAnchor = NO_INDEX;
-    ForgetLayoutOfWindow(HasExactPlaces());
+    ForgetLayout();
     const bool fAgain = std::exchange(m_inside->fHadWindow, true);
     if (fAgain && !Has(*this, Quirk::StateOutlivesWindow)) {
         SelectNone();
@@ -254,14 +254,6 @@ void GList::StartAnew()
         m_inside->band = {};
         hitPress = NO_HIT;
         ChangeHot(NO_HIT);
-    }
-}
-
-// Without a window places are Classic's, or those of the process, and with another they are the window's.
-void GList::ForgetLayoutOfWindow(bool fExact)
-{
-    if (fExact) {
-        ForgetLayout();
     }
 }
 
@@ -340,7 +332,7 @@ LRESULT GList::OnNcDestroy()
     if (editWindows) {
         EndEdit();
     }
-    ForgetLayoutOfWindow(HasExactPlaces());
+    ForgetLayout();
     GWndScroll::OnNcDestroy();
     themeList.Close();
     return Frame::Detach(*this);

@@ -457,7 +457,6 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     void StartAnew();
-    void ForgetLayoutOfWindow(bool fExact);
 
     // Data
     ListColumn* ColumnFor(UINT column, const char* operation) const;

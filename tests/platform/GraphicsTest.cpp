@@ -82,6 +82,18 @@ TEST(Graphics, DeletedObjectsAreGoneAndStockObjectsStay)
     EXPECT_EQ(GetObjectW(GetStockObject(WHITE_BRUSH), sizeof(log), &log), static_cast<int>(sizeof(log)));
 }
 
+TEST(Graphics, AFontDeletedInAContextGoesWhenTheContextHasAnother)
+{
+    const MemoryContext hdc;
+    const LOGFONTW log{.lfHeight = -12};
+    const HFONT font = CreateFontIndirectW(&log);
+    const HGDIOBJ original = SelectObject(hdc, font);
+    EXPECT_TRUE(DeleteObject(font));
+    EXPECT_EQ(GetCurrentObject(hdc, OBJ_FONT), font);
+    EXPECT_EQ(SelectObject(hdc, original), font);
+    EXPECT_EQ(SelectObject(hdc, font), nullptr);
+}
+
 TEST(Graphics, ADibSectionHasBitsThatCanBeWritten)
 {
     BITMAPINFO info{};

@@ -6,6 +6,7 @@
 #include "DeviceContext.h"
 
 #include <algorithm>
+#include <set>
 
 namespace gesso::headless {
 namespace {
@@ -14,6 +15,13 @@ std::vector<HDC>& Contexts()
 {
     static std::vector<HDC> s_contexts;
     return s_contexts;
+}
+
+// What the program has deleted while a context held it.
+std::set<HGDIOBJ>& Doomed()
+{
+    static std::set<HGDIOBJ> s_doomed;
+    return s_doomed;
 }
 
 HDC AddContext(std::unique_ptr<Context> context)
@@ -29,6 +37,7 @@ void RemoveContext(HDC hdc)
     const TableLock lock;
     std::erase(Contexts(), hdc);
     RemoveObject(hdc);
+    RemoveReleased();
 }
 
 // The rectangle with its corner at another place.
@@ -107,6 +116,22 @@ bool IsSelected(HGDIOBJ object)
                std::any_of(context->saved.begin(), context->saved.end(),
                            [object](const ContextState& state) { return Holds(state, object); });
     });
+}
+
+bool RemoveOnceReleased(HGDIOBJ object)
+{
+    const TableLock lock;
+    if (!IsSelected(object)) {
+        return RemoveObject(object);
+    }
+    Doomed().insert(object);
+    return true;
+}
+
+void RemoveReleased()
+{
+    const TableLock lock;
+    std::erase_if(Doomed(), [](HGDIOBJ object) { return !IsSelected(object) && RemoveObject(object); });
 }
 
 HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow)
@@ -208,5 +233,6 @@ BOOL WINAPI RestoreDC(HDC hdc, INT level)
     }
     context->state = context->saved[static_cast<size_t>(index)];
     context->saved.erase(context->saved.begin() + index, context->saved.end());
+    RemoveReleased();
     return TRUE;
 }

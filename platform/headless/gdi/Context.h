@@ -52,5 +52,10 @@ Context* FindContext(HDC hdc);
 
 // True if a context holds the object, now or in a saved state.
 bool IsSelected(HGDIOBJ object);
+// Ends an object, one that a context holds as soon as none does any more; false if there is none of that
+// handle.
+bool RemoveOnceReleased(HGDIOBJ object);
+// Ends what RemoveOnceReleased left. Called when a context has given something up.
+void RemoveReleased();
 
 } // namespace gesso::headless

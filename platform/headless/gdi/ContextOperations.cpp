@@ -54,6 +54,14 @@ HGDIOBJ PutBitmap(Context& context, HBITMAP bitmap)
     return std::exchange(context.state.bitmap, bitmap);
 }
 
+template <typename HANDLE_TYPE>
+HGDIOBJ Put(HANDLE_TYPE ContextState::*field, Context& context, HGDIOBJ handle)
+{
+    const HGDIOBJ former = std::exchange(context.state.*field, static_cast<HANDLE_TYPE>(handle));
+    RemoveReleased();
+    return former;
+}
+
 HGDIOBJ SelectRegion(HDC hdc, HGDIOBJ region)
 {
     const CallsBy platform(Caller::Platform);
@@ -74,11 +82,10 @@ HGDIOBJ WINAPI SelectObject(HDC hdc, HGDIOBJ handle)
         SetLastError(ERROR_INVALID_HANDLE);
         return nullptr;
     }
-    ContextState& state = context->state;
     switch (object->kind) {
-    case Kind::Pen: return std::exchange(state.pen, static_cast<HPEN>(handle));
-    case Kind::Brush: return std::exchange(state.brush, static_cast<HBRUSH>(handle));
-    case Kind::Font: return std::exchange(state.font, static_cast<HFONT>(handle));
+    case Kind::Pen: return Put(&ContextState::pen, *context, handle);
+    case Kind::Brush: return Put(&ContextState::brush, *context, handle);
+    case Kind::Font: return Put(&ContextState::font, *context, handle);
     case Kind::Bitmap: return PutBitmap(*context, static_cast<HBITMAP>(handle));
     case Kind::Region: return SelectRegion(hdc, handle);
     default: SetLastError(ERROR_INVALID_HANDLE); return nullptr;

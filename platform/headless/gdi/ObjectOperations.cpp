@@ -272,6 +272,7 @@ BOOL WINAPI DeleteObject(HGDIOBJ handle)
     if (object->kind == Kind::DeviceContext) {
         return DeleteDC(static_cast<HDC>(handle));
     }
-    // The platform's own objects may be handed in, and stay.
-    return object->stock || (!IsSelected(handle) && RemoveObject(handle));
+    // The platform's own objects may be handed in, and stay, as does a bitmap that a context holds.
+    return object->stock ||
+           (!(object->kind == Kind::Bitmap && IsSelected(handle)) && RemoveOnceReleased(handle));
 }
