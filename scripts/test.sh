@@ -3,16 +3,16 @@
 #
 #   scripts/test.sh [STEP...]
 #
-# Steps, all but the last without an argument: style (formatting, layers, house rules, names), headless (the tests
-# over the simulated desktop, with sanitizers), threads (those of several threads, under ThreadSanitizer), windows
-# (the same tests as a Windows program under Wine, the DLL's imports and exports, and a minute of hostile operations
-# on it), package (the installed package, used by a host outside the tree), e2e (real mouse and keyboard input into
-# the gallery), attack (a minute of hostile operations on every class over the simulated desktop, other ones each day;
-# it still finds faults). Logs stay in build/logs.
+# Steps, all without an argument: style (formatting, layers, house rules, names), headless (the tests over the
+# simulated desktop, with sanitizers), attack (a minute of hostile operations on every class over the simulated
+# desktop, other ones each day), threads (the tests of several threads, under ThreadSanitizer), windows (the same tests
+# as a Windows program under Wine, the DLL's imports and exports, and a minute of hostile operations on it), package
+# (the installed package, used by a host outside the tree), e2e (real mouse and keyboard input into the gallery). Logs
+# stay in build/logs.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-ALL_STEPS=(style headless threads windows package e2e)
+ALL_STEPS=(style headless attack threads windows package e2e)
 TEST_SECONDS=900 # for one test program
 LOGS=$BUILD/logs
 passed=0
