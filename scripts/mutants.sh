@@ -5,7 +5,7 @@
 #   scripts/mutants.sh [COUNT [SEED]]    30 mutants and the seed 1 without arguments; a seed gives the same sample
 #
 # Prints each mutant that no test noticed, as a change of a line, and the share of those noticed. What it works on
-# are copies of the tree as it is committed, in build/mutants.
+# are copies of the tree as it is committed, in build/mutants. Headers that most sources include are left out.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$ROOT" || exit 1

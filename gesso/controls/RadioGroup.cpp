@@ -112,7 +112,7 @@ bool GoInGroup(HWND hwnd, WPARAM wKey)
         std::ranges::reverse(group);
     }
     const auto self = std::ranges::find(group, hwnd);
-    std::ranges::rotate(group, self);
+    std::rotate(group.begin(), self, group.end());
     const auto next = std::find_if(group.begin() + !group.empty(), group.end(), TakesFocus);
     if (next != group.end()) {
         SetFocus(*next);
