@@ -296,7 +296,7 @@ private:
     // The frame's size and picture anew; the window may be gone afterwards. Nothing in WM_NCCREATE, where a
     // control that chooses its style hears of it before it has a frame.
     static void RenewFrame(HWND hwnd);
-    static thread_local HWND s_hwndAttaching;
+    static constinit thread_local HWND s_hwndAttaching;
 
     static GWnd* TaggedObject(const CREATESTRUCTW& cs);
     static GWnd* Attached(HWND hwnd);

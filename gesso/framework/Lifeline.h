@@ -26,7 +26,7 @@ private:
     const void* m_pObject;
     Lifeline* m_pOuter;
 
-    static thread_local Lifeline* s_pInnermost;
+    static constinit thread_local Lifeline* s_pInnermost;
 };
 
 // Whether to go on with an object: it is still there, and so is whatever its window was attached to. A copy
