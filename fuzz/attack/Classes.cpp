@@ -46,6 +46,21 @@ std::vector<wchar_t> AnyCreationData(Source& source)
     return data;
 }
 
+std::vector<BYTE> AnyItemData(Source& source)
+{
+    constexpr size_t AS_A_TAGS_MARK = 0xFFFF; // bytes
+    const std::vector<wchar_t> data = AnyCreationData(source);
+    const auto* pBytes = reinterpret_cast<const BYTE*>(data.data() + 1);
+    std::vector<BYTE> bytes;
+    if (source.Flag()) {
+        bytes.assign(pBytes, pBytes + (data.size() - 1) * sizeof(wchar_t));
+    }
+    if (source.Chance(50)) {
+        bytes.resize(AS_A_TAGS_MARK);
+    }
+    return bytes;
+}
+
 namespace {
 
 INT_PTR CALLBACK DialogProc(HWND hDlg, UINT uMsg, WPARAM, LPARAM)
@@ -62,12 +77,8 @@ HWND MakeInDialog(World& world, LPCWSTR pszClass, Source& source)
     test::DialogTemplate dialog(WS_POPUP | WS_VISIBLE | (source.Flag() ? DS_SETFONT : 0), 180, 90,
                                 source.Flag());
     const DWORD dwStyle = WS_TABSTOP | (source.Bits() & ~desk::ITEM_STYLES_LEFT_OUT);
-    const std::vector<wchar_t> data = AnyCreationData(source);
-    const auto* pBytes = reinterpret_cast<const BYTE*>(data.data() + 1);
     test::DialogItem item{dwStyle, ID, pszClass, L"Title"};
-    if (source.Flag()) {
-        item.data.assign(pBytes, pBytes + (data.size() - 1) * sizeof(wchar_t));
-    }
+    item.data = AnyItemData(source);
     dialog.Add(item);
     const HWND hDlg = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialog.Get(), world.Host(),
                                                  DialogProc, reinterpret_cast<LPARAM>(&world));

@@ -37,6 +37,7 @@ inline std::string CheckObject(const GWnd&)
 #if !defined(_WIN32) // whose DLL keeps the checks to itself
 std::string CheckObject(const GList& list);
 std::string CheckObject(const GEdit& edit);
+std::string CheckObject(const GComboBox& combo);
 std::string CheckObject(GTree& tree);
 std::string CheckObject(GNavigationBar& bar);
 #endif

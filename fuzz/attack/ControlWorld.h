@@ -18,6 +18,9 @@ namespace attack {
 
 // What a window's creation data is in a template: its size, and the texts.
 std::vector<wchar_t> AnyCreationData(Source& source);
+// What a template says for an item: nothing, what a control expects, or as many bytes as a tag has for its
+// mark.
+std::vector<BYTE> AnyItemData(Source& source);
 
 // Makes a dialog over the host with one control in it; the control's window.
 HWND MakeInDialog(World& world, LPCWSTR pszClass, Source& source);

@@ -118,10 +118,18 @@ private:
                                         source.Chance(6) ? source.Number() : source.Below(3), source.Bits(),
                                         texts[0], texts[1]);
     }
+    static void RunRecord(World& world, Source& source)
+    {
+        const Text texts[] = {source.AnyText(), source.AnyText()};
+        const GWNDCERTFAILURECONFIG config{
+            source.Below(3), source.Bits(), texts[0], texts[1], source.Flag() ? ShowCertificate : nullptr,
+            nullptr};
+        GWndCertFailure::WndCertFailureIndirect(nullptr, world.AnyParent(source), &config);
+    }
     static const Table& Operations()
     {
         static const Table TABLE = [] {
-            Table table{{"WndCertFailure", RunIt, 20}};
+            Table table{{"WndCertFailure", RunIt, 20}, {"WndCertFailureIndirect", RunRecord, 6}};
             AddAll(table);
             return table;
         }();
@@ -260,13 +268,9 @@ test::DialogTemplate AnyTemplate(Source& source)
     test::DialogTemplate dialog(dwStyle, static_cast<SHORT>(source.Integer()),
                                 static_cast<SHORT>(source.Size()), source.Flag());
     for (UINT n = source.Below(6); n > 0; --n) {
-        const std::vector<wchar_t> text = AnyCreationData(source);
         test::DialogItem item{source.Bits() & ~desk::ITEM_STYLES_LEFT_OUT, static_cast<WORD>(source.Number()),
                               source.Any(std::span<const LPCWSTR>(CLASSES)), L"Title"};
-        const auto* pBytes = reinterpret_cast<const BYTE*>(text.data() + 1);
-        if (source.Flag()) {
-            item.data.assign(pBytes, pBytes + (text.size() - 1) * sizeof(wchar_t));
-        }
+        item.data = AnyItemData(source);
         item.dwExStyle = source.Chance(4) ? source.Bits() : 0;
         item.x = static_cast<SHORT>(source.Integer());
         item.y = static_cast<SHORT>(source.Integer());

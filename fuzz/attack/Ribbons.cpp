@@ -29,6 +29,14 @@ void RemovePage(GRibbon& ribbon, World&, Source& source)
     }
 }
 
+void MakePage(GRibbon& ribbon, World&, Source& source)
+{
+    const Text title = source.AnyText();
+    if (GRibbonPage* const pPage = ribbon.MakePage(source.Below(6), title)) {
+        pPage->Delete(pPage);
+    }
+}
+
 void RenamePage(GRibbon& ribbon, World&, Source& source)
 {
     if (GRibbonPage* const pPage = AnyPage(ribbon, source)) {
@@ -110,6 +118,26 @@ void CopyPage(GRibbonPage& page, World& world, Source& source)
     copy.HitTest(&hit);
 }
 
+// Records of the host's own.
+void Measure(GRibbonPage& page, World& world, Source& source)
+{
+    const Text text = source.AnyText();
+    UINT options[] = {source.Number(), source.Number()};
+    GRibbonPage::Item item{};
+    item.uType = source.Chance(8) ? source.Number() : source.Below(4);
+    item.wSize = static_cast<WORD>(source.Below(4));
+    item.wOptions = static_cast<WORD>(source.Below(3));
+    item.puOptions = options;
+    item.nImage = source.Integer();
+    item.pszText = source.Flag() ? const_cast<LPWSTR>(static_cast<LPCWSTR>(text)) : nullptr;
+    item.nTop = source.Integer();
+    page.CalculateItemSize(world.AnyContext(source), &item);
+    GRibbonPage::Group group{};
+    group.uFixedWidth = source.Chance(3) ? source.Number() : 0;
+    group.aItems.Add(item);
+    page.CalculateGroupSize(&group);
+}
+
 void HitPage(GRibbonPage& page, World&, Source& source)
 {
     GRibbonPage::HitTestInfo hit{
@@ -132,6 +160,7 @@ void AddPages(Table& table)
         {Often(4, OnPage("InsertGroup", InsertGroup)), Often(10, OnPage("InsertItem", InsertItem)),
          Often(3, OnPage("SetItemInfo", SetItem)), OnPage("GetItemInfo", GetItem),
          OnPage("AddWindow", AddHostWindow), OnPage("CopyPage", CopyPage), OnPage("HitTest", HitPage),
+         OnPage("CalculateSizes", Measure),
          OnPage("SetTitle",
                 [](GRibbonPage& page, World&, Source& source) { page.SetTitle(source.AnyText()); }),
          OnPage("SetGroupName", [](GRibbonPage& page, World&,
@@ -153,8 +182,8 @@ template <> void AddOperations<GRibbon>(Table& table)
     AddPages(table);
     Add(table, {Making(OP(GRibbon, Create)), OP(GRibbon, Destroy), Often(3, OP(GRibbon, SetActive)),
                 Often(2, OP(GRibbon, SetStatus)), Own<GRibbon>("AddPage", AddPageOfOwn),
-                Own<GRibbon>("RemovePage", RemovePage), Own<GRibbon>("RenamePage", RenamePage),
-                Own<GRibbon>("GetPageDrawInfo", GetDrawInfo)});
+                Own<GRibbon>("MakePage", MakePage), Own<GRibbon>("RemovePage", RemovePage),
+                Own<GRibbon>("RenamePage", RenamePage), Own<GRibbon>("GetPageDrawInfo", GetDrawInfo)});
 }
 
 } // namespace attack

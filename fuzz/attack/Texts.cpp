@@ -100,6 +100,9 @@ private:
         CDrawText::DrawText_Break(text, text.Length(), source.Number(), &buffer);
         m_fault = test::CheckLines(buffer);
         CDrawText::DrawText_TextOut(hdc, 0, 0, &buffer);
+        if (source.Chance(3)) {
+            CDrawText::OptimizeBuffer(&buffer);
+        }
         CDrawText::FreeBuffer(&buffer);
     }
 

@@ -5,7 +5,6 @@
 #include <gesso/dialogs/TaskDialogContent.h>
 
 #include <algorithm>
-#include <ranges>
 #include <span>
 
 namespace gesso {
@@ -40,10 +39,10 @@ MessageContent ContentOf(const GTASKDIALOGCONFIG& config)
     content.pszContent = config.pszContent;
     content.hIcon = config.hMainIcon;
     content.cxWidth = config.cxWidth;
-    for (const CommonButton& common : std::views::reverse(COMMON_BUTTONS)) {
-        if (config.dwCommonButtons & common.dwBit) {
-            content.buttons.push_back({common.pszLabel, common.nId});
-            content.nDefaultId = config.dwDefaultButton == common.dwBit ? common.nId : content.nDefaultId;
+    for (auto common = std::rbegin(COMMON_BUTTONS); common != std::rend(COMMON_BUTTONS); ++common) {
+        if (config.dwCommonButtons & common->dwBit) {
+            content.buttons.push_back({common->pszLabel, common->nId});
+            content.nDefaultId = config.dwDefaultButton == common->dwBit ? common->nId : content.nDefaultId;
         }
     }
     return content;

@@ -3,6 +3,7 @@
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 
 #include <algorithm>
 #include <climits>
@@ -43,7 +44,7 @@ LabelEdit::LabelEdit(EndFunction pfnEnd) : m_pfnEnd(pfnEnd)
 HWND LabelEdit::Make(HWND hwndOwner, const RECT& rcLabel, HFONT hFont, LPCWSTR pszText, EndFunction pfnEnd)
 try {
     std::unique_ptr<LabelEdit> pEdit(new LabelEdit(pfnEnd));
-    const int cy = rcLabel.bottom - rcLabel.top;
+    const int cy = Saturated(int64_t{rcLabel.bottom} - rcLabel.top);
     const HWND hwnd = pEdit->Create(rcLabel.left, rcLabel.top, cy, cy, hwndOwner, 0, pszText, STYLE, 0);
     if (!hwnd || !Frame::GiveToWindow(*pEdit)) {
         DestroyWindow(hwnd);
@@ -86,7 +87,7 @@ void LabelEdit::Fit()
     GetWindowRect(m_hWnd, &rc);
     const int nInset = Pixels(m_hWnd, Metrics::LABEL_EDIT_INSET);
     const int nText = WindowMeasure(m_hWnd, m_hFont, false)->Extent(m_strText, m_strText.GetLength()).cx;
-    const int nLeft = std::max<int>(m_ptLabel.x - nInset, 0);
+    const int nLeft = Saturated(std::max<int64_t>(int64_t{m_ptLabel.x} - nInset, 0));
     const int nWanted = nText + 2 * nInset + Pixels(m_hWnd, Metrics::LABEL_EDIT_ROOM);
     const int nWidth = std::max(std::min<int>(nWanted, rcOwner.right - nLeft), nInset);
     SetWindowPos(m_hWnd, nullptr, nLeft, m_ptLabel.y, nWidth, rc.bottom - rc.top,

@@ -1,4 +1,5 @@
 #include <gesso/framework/NonClientPaint.h>
+#include <gesso/framework/Saturate.h>
 
 namespace gesso {
 namespace {
@@ -17,8 +18,10 @@ WindowAreas AreasOf(HWND hwnd)
     GetClientRect(hwnd, &areas.rcClient);
     MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT*>(&areas.rcClient), 2);
     areas.ptOrigin = {areas.rcWindow.left, areas.rcWindow.top};
-    OffsetRect(&areas.rcClient, -areas.ptOrigin.x, -areas.ptOrigin.y);
-    OffsetRect(&areas.rcWindow, -areas.ptOrigin.x, -areas.ptOrigin.y);
+    const int64_t dx = -int64_t{areas.ptOrigin.x};
+    const int64_t dy = -int64_t{areas.ptOrigin.y};
+    areas.rcClient = Shifted(areas.rcClient, dx, dy);
+    areas.rcWindow = Shifted(areas.rcWindow, dx, dy);
     return areas;
 }
 
@@ -32,7 +35,7 @@ void ClipToRegion(HDC hdcWindow, HRGN hRegion, POINT ptOrigin)
 {
     const HRGN hCopy = CreateRectRgn(0, 0, 0, 0);
     CombineRgn(hCopy, hRegion, nullptr, RGN_COPY);
-    OffsetRgn(hCopy, -ptOrigin.x, -ptOrigin.y);
+    OffsetRgn(hCopy, Saturated(-int64_t{ptOrigin.x}), Saturated(-int64_t{ptOrigin.y}));
     SelectClipRgn(hdcWindow, hCopy);
     DeleteObject(hCopy);
 }

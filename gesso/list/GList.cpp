@@ -19,6 +19,8 @@ using gesso::Pixels;
 using gesso::Quirk;
 namespace Metrics = gesso::Metrics;
 
+constexpr LPCWSTR STYLE_NAME = L"explorer";
+
 constinit ATOM GList::s_aClass = 0;
 constinit HCURSOR GList::s_hColumnSizing = nullptr;
 
@@ -233,7 +235,7 @@ void GList::SetHeaderItemSpacing(UINT spacing)
 
 LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
 {
-    SetWindowTheme(m_hWnd, L"explorer", nullptr);
+    m_inside->fStyleMissing = FAILED(SetWindowTheme(m_hWnd, STYLE_NAME, nullptr));
     GWndScroll::OnNcCreate(pcs);
     Frame::SetState(*this, Frame::FirstState(*this));
     StartAnew();
@@ -340,6 +342,9 @@ LRESULT GList::OnNcDestroy()
 
 LRESULT GList::OnThemeChanged()
 {
+    if (std::exchange(m_inside->fStyleMissing, false)) { // the call sends this message itself
+        m_inside->fStyleMissing = FAILED(SetWindowTheme(m_hWnd, STYLE_NAME, nullptr));
+    }
     themeList.Open(m_hWnd, L"LISTVIEW");
     OpenCellThemes();
     MakeMissingFonts();

@@ -71,20 +71,24 @@ int64_t WidthOf(const void* hText)
 
 // Fixed behaviour: in Classic format, width and flags wait for the next SetListStyle, and the prepared
 // caption stays, so that the header goes on showing the former text. Captions would else change in programs
-// that keep a column's key in its text.
+// that keep a column's key in its text. One that could not be prepared is prepared now.
 void GList::ShowColumn(UINT column, ListColumnPart part)
 {
-    if (Has(*this, Quirk::ListColumnsWait)) {
-        part == ListColumnPart::Width ? Calculate() : RefreshLayout();
-        return;
-    }
+    const bool fWaits = Has(*this, Quirk::ListColumnsWait);
     ListColumn& record = *columns[column];
+    const auto* former = static_cast<const ListTextPair*>(record.prepared);
+    const bool fFailed = former && (!former->first || !former->second);
+    const bool fCaption = part == ListColumnPart::Caption || part == ListColumnPart::Texts;
     const WindowContext context(m_hWnd);
-    if (part == ListColumnPart::Caption || part == ListColumnPart::Texts) {
+    if (fCaption && (fFailed || !fWaits)) {
         ListTextPair* prepared =
             record.text ? PrepareText(context, LTM_COLUMN, record.text, nullptr, record.format, lineHeight)
                         : nullptr;
         FreeText(std::exchange(record.prepared, prepared));
+    }
+    if (fWaits) {
+        part == ListColumnPart::Width ? Calculate() : RefreshLayout();
+        return;
     }
     for (UINT i = 0; part == ListColumnPart::Texts && i < items.GetLength(); ++i) {
         ListSubItem* sub = items[i]->SubItem(column);
@@ -119,6 +123,7 @@ bool GList::InsertSubItems(UINT position)
         wider.push_back(item);
     }
     for (UINT i = 0; i < count; ++i) {
+        m_inside->tracks.Replace(items[i], wider[i]);
         gesso::Free(std::exchange(items[i], wider[i]));
         if (position == 0) {
             MoveCheckMark(items[i]->SubItems()[1], items[i]->SubItems()[0]);

@@ -36,19 +36,21 @@ LRESULT SendRenaming(const GList& list, UINT code, UINT item, LPCWSTR text)
 
 bool GList::EditItem(UINT item)
 {
-    const ListItem* record = ItemFor(item, "GList::EditItem: no such item");
-    if (!record || !Frame::IsAlive(m_hWnd, this)) {
+    const ListItem* asked = ItemFor(item, "GList::EditItem: no such item");
+    if (!asked || !Frame::IsAlive(m_hWnd, this)) {
         return false;
     }
+    const gesso::ListItemTrack record = m_inside->tracks.Follow(asked);
     const gesso::Watch watch(*this);
     LabelEdit::End(m_inside->renaming.hwnd, true);
-    if (!watch || IndexOf(record) == NO_INDEX) {
+    RECT rc{};
+    if (!watch || !GetLabelRect(IndexOf(*record), &rc)) {
         return false;
     }
-    ShowLabel(IndexOf(record));
-    const bool fRefused = SendRenaming(*this, LVN_BEGINLABELEDITW, IndexOf(record), nullptr) != 0;
+    ShowLabel(IndexOf(*record));
+    const bool fRefused = SendRenaming(*this, LVN_BEGINLABELEDITW, IndexOf(*record), nullptr) != 0;
     // The parent may have begun a renaming itself.
-    return watch && !fRefused && !m_inside->renaming.hwnd && BeginRenaming(IndexOf(record));
+    return watch && !fRefused && !m_inside->renaming.hwnd && BeginRenaming(IndexOf(*record));
 }
 
 // The record is only compared.
@@ -91,8 +93,9 @@ void GList::ShowLabel(UINT item)
     GetClientRect(m_hWnd, &rcClient);
     const int top = static_cast<int>(headerArea);
     if (rc.top < top || rc.bottom > rcClient.bottom) {
-        const int below = std::min<int>(rc.top - top, rc.bottom - rcClient.bottom);
-        ScrollTo(SB_VERT, int64_t{m_siV.nPos} + (rc.top < top ? rc.top - top : below));
+        const int64_t above = int64_t{rc.top} - top;
+        const int64_t below = std::min(above, int64_t{rc.bottom} - rcClient.bottom);
+        ScrollTo(SB_VERT, m_siV.nPos + (rc.top < top ? above : below));
     }
     if (rc.left < 0 || rc.left >= rcClient.right) {
         ScrollTo(SB_HORZ, int64_t{m_siH.nPos} + rc.left);
@@ -106,15 +109,19 @@ bool GList::BeginRenaming(UINT item)
     if (item == NO_INDEX || !GetLabelRect(item, &rc)) {
         return false;
     }
-    const ListItem* record = items[item];
+    const gesso::ListItemTrack record = m_inside->tracks.Follow(items[item]);
     const LPCWSTR text = GetItemText(item, 0);
     // The parent hears of the new window, and then that the list loses the focus, and may do anything.
     const gesso::Watch watch(*this);
     const HWND hwnd = LabelEdit::Make(m_hWnd, rc, fontLabelText, text ? text : L"", OnRenamed);
-    if (!watch || !hwnd) {
+    if (!watch) {
         return false;
     }
     m_inside->renaming = {hwnd, record};
+    if (!hwnd) {
+        EndRenaming(nullptr); // the parent has allowed it
+        return false;
+    }
     return LabelEdit::Begin(hwnd);
 }
 
@@ -127,24 +134,25 @@ void GList::OnRenamed(HWND hwndList, LPCWSTR text)
 
 void GList::EndRenaming(LPCWSTR text)
 {
-    const ListItem* record = std::exchange(m_inside->renaming, {}).item;
+    const gesso::ListItemTrack record = std::exchange(m_inside->renaming, {}).item;
     if (!record) {
         return; // the list was assigned another one meanwhile
     }
-    const UINT item = IndexOf(record);
+    const UINT item = IndexOf(*record);
     text = item != NO_INDEX ? text : nullptr;
     const gesso::Watch watch(*this);
     const bool fTaken = SendRenaming(*this, LVN_ENDLABELEDITW, item, text) != 0;
-    if (watch && fTaken && text && IndexOf(record) != NO_INDEX) {
-        SetItemText(IndexOf(record), 0, text);
+    if (watch && fTaken && text && IndexOf(*record) != NO_INDEX) {
+        SetItemText(IndexOf(*record), 0, text);
     }
 }
 
 // After a removal.
 void GList::EndLostRenaming()
 {
+    m_inside->tracks.ForgetLost(items);
     const gesso::ListRenaming renaming = m_inside->renaming;
-    if (renaming.hwnd && IndexOf(renaming.item) == NO_INDEX) {
+    if (renaming.hwnd && !*renaming.item) {
         LabelEdit::End(renaming.hwnd, false);
     }
 }
@@ -154,7 +162,7 @@ void GList::PlaceRenaming()
 {
     const gesso::ListRenaming renaming = m_inside->renaming;
     RECT rc{};
-    if (renaming.hwnd && GetLabelRect(IndexOf(renaming.item), &rc)) {
+    if (renaming.hwnd && GetLabelRect(IndexOf(*renaming.item), &rc)) {
         LabelEdit::Place(renaming.hwnd, rc);
     }
 }

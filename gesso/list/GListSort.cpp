@@ -240,14 +240,17 @@ void GList::OrderItems(UINT column, bool ascending)
     std::vector<ListItem*> order(items.begin(), items.end());
     if (column < columns.GetLength()) {
         const Direction direction{ascending, !Has(*this, Quirk::ListSortUnstable)};
+        // The host may have freed its data with the items: it is asked no more then.
+        const gesso::Lifeline life(*this);
+        const auto asks = [&] { return life && changes == m_inside->itemChanges; };
         if (const PFNLISTCOMPARE compare = m_inside->compare) {
             void* context = m_inside->compareContext;
-            SortByData(order.data(), order.size(), direction,
-                       [this, column, compare, context](void* data1, void* data2) {
-                           return compare(this, column, data1, data2, context);
-                       });
+            SortByData(order.data(), order.size(), direction, [&](void* data1, void* data2) {
+                return asks() ? compare(this, column, data1, data2, context) : 0;
+            });
         } else if (const PFNLISTSORT sort = columns[column]->fktSort) {
-            SortByData(order.data(), order.size(), direction, sort);
+            SortByData(order.data(), order.size(), direction,
+                       [&](void* data1, void* data2) { return asks() ? sort(data1, data2) : 0; });
         } else {
             SortByText(order.data(), order.size(), direction, column);
         }

@@ -88,6 +88,34 @@ struct ListInside::FieldPlaces
 
 #pragma GCC diagnostic pop
 
+ListItemTrack ListItemTracks::Follow(const ListItem* item)
+{
+    std::erase_if(m_tracks, [](const auto& track) { return track.expired(); });
+    ListItemTrack track = std::make_shared<const ListItem*>(item);
+    m_tracks.push_back(track);
+    return track;
+}
+
+void ListItemTracks::Replace(const ListItem* former, const ListItem* item)
+{
+    for (const auto& known : m_tracks) {
+        const ListItemTrack track = known.lock();
+        if (track && *track == former) {
+            *track = item;
+        }
+    }
+}
+
+void ListItemTracks::ForgetLost(const OArray<ListItem*, ListItem*>& items)
+{
+    for (const auto& known : m_tracks) {
+        const ListItemTrack track = known.lock();
+        if (track && std::find(items.begin(), items.end(), *track) == items.end()) {
+            *track = nullptr;
+        }
+    }
+}
+
 bool ListInside::CheckLayout(const GList& list)
 {
     ListRows rows(list.elements);

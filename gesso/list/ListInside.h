@@ -7,14 +7,31 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <vector>
 
 namespace gesso {
+
+// Where an item's record is, null once it is gone. A record moves when a column is inserted.
+using ListItemTrack = std::shared_ptr<const ListItem*>;
+
+class ListItemTracks
+{
+public:
+    ListItemTrack Follow(const ListItem* item);
+    void Replace(const ListItem* former, const ListItem* item);
+    // After a removal.
+    void ForgetLost(const OArray<ListItem*, ListItem*>& items);
+
+private:
+    std::vector<std::weak_ptr<const ListItem*>> m_tracks;
+};
 
 // A renaming in progress.
 struct ListRenaming
 {
     HWND hwnd = nullptr; // of the field; null for none
-    const ListItem* item = nullptr;
+    ListItemTrack item;  // null for none
 };
 
 // What has been selected or unselected since the parent was last told.
@@ -103,8 +120,10 @@ struct ListInside
     RowOrder rowOrder;
     bool fSizing = false;       // in WM_NCCALCSIZE
     bool fFontsMissing = false; // some could not be made
+    bool fStyleMissing = false; // the window's style could not be set
     bool fEdits = false;        // the edit in progress is this list's own, which a copy has only seen
     UINT itemChanges = 0;       // counts insertions and removals
+    ListItemTracks tracks;
     ListRenaming renaming;
     SelectionChange selection;
     SelectedSpan selected;

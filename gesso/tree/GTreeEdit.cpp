@@ -56,7 +56,7 @@ bool GTree::ShowWholeLabel(TreeItem* item)
     GetItemRect(item, true, &rc);
     if (rc.left < 0 || rc.right > rcClient.right) {
         TreeInput::ScrollTo(*this, SB_HORZ,
-                            int64_t{m_siH.nPos} + std::min(rc.left, rc.right - rcClient.right));
+                            m_siH.nPos + std::min(int64_t{rc.left}, int64_t{rc.right} - rcClient.right));
     }
     Invalidate(0);
     return true;
@@ -70,13 +70,17 @@ try {
     // The parent hears of the new window, and then that the tree loses the focus, and may do anything.
     const gesso::Watch watch(*this);
     const HWND hwnd = LabelEdit::Make(m_hWnd, rc, m_hFont, item->strName, OnEditEnded);
-    if (!watch || !hwnd) {
+    if (!watch) {
         return false;
     }
     auto& edit = m_aVisible.Inside().edit;
     edit.hwnd = hwnd;
     edit.item = item;
     edit.pHold = std::move(pHold);
+    if (!hwnd) {
+        EndEdit(nullptr); // the parent has allowed it
+        return false;
+    }
     return LabelEdit::Begin(hwnd);
 } catch (const std::bad_alloc&) {
     return false;

@@ -303,6 +303,7 @@ TEST_F(GListModernLayoutTest, EnterAndEscAreTheDialogsButForAnEditInProgress)
     EXPECT_TRUE(wants(list, VK_RETURN));
     EXPECT_TRUE(wants(edit, VK_RETURN));
     EXPECT_TRUE(wants(edit, VK_ESCAPE));
+    EXPECT_FALSE(wants(edit, VK_TAB));
     list.EndEdit();
 }
 

@@ -323,6 +323,30 @@ TEST(GListLifeTest, CallbacksMayChangeTheItemsThatTheyAreAskedOf)
     DestroyWindow(list);
 }
 
+TEST(GListLifeTest, AComparisonThatEndsItsItemsIsAskedNoMore)
+{
+    const Host host;
+    const AllowMisuse allowed;
+    for (const bool fList : {false, true}) {
+        auto* list = new GList;
+        list->Create(0, 0, 200, 100, host, 1, GLS_DETAILS, 0, WS_CHILD | WS_VISIBLE);
+        list->InsertColumn(0, 0, 0, 100, 20, L"Column", 0, LCT_TEXT, nullptr, nullptr, CompareAndAct,
+                           nullptr);
+        for (size_t n = 0; n < 30; ++n) {
+            list->InsertItem(END, 0, Data(n * 7 % 30), 0, L"Item", 0);
+        }
+        s_onCallback = [&] {
+            fList ? list->Delete(list) : list->RemoveAllItems();
+            s_onCallback = [] { ADD_FAILURE() << "of data that the host may have freed"; };
+        };
+        list->Sort(0, true);
+        s_onCallback = nullptr;
+        if (!fList) {
+            list->Delete(list);
+        }
+    }
+}
+
 TEST(PartitionSort, AnInconsistentOrderEndsInsideTheArray)
 {
     std::mt19937 random(3);

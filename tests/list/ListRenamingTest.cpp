@@ -128,6 +128,16 @@ TEST_P(ListRenamingTest, TheFieldFollowsItsItem)
     EXPECT_EQ(Told(), (Reports{"-175 3", "-176 -1 (null)"}));
 }
 
+TEST_P(ListRenamingTest, AColumnInsertedMeanwhileLeavesTheFieldWithItsItem)
+{
+    ASSERT_TRUE(list.EditItem(1));
+    list.InsertColumn(2, 0, 0, 50, 20, L"More", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    Type("new");
+    KeyOfField(VK_RETURN);
+    EXPECT_EQ(TextOfItem(1), "new");
+    EXPECT_EQ(Told(), (Reports{"-175 1", "-176 1 new"}));
+}
+
 TEST_P(ListRenamingTest, EachViewWithATextHasAField)
 {
     for (const UINT view : {GLS_DETAILS | GLS_CHECKBOXES, GLS_ICONS, GLS_DETAILS}) {

@@ -85,7 +85,8 @@ TEST(Graphics, DeletedObjectsAreGoneAndStockObjectsStay)
 TEST(Graphics, AFontDeletedInAContextGoesWhenTheContextHasAnother)
 {
     const MemoryContext hdc;
-    const LOGFONTW log{.lfHeight = -12};
+    LOGFONTW log{};
+    log.lfHeight = -12;
     const HFONT font = CreateFontIndirectW(&log);
     const HGDIOBJ original = SelectObject(hdc, font);
     EXPECT_TRUE(DeleteObject(font));

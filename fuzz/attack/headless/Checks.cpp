@@ -22,6 +22,13 @@ struct OpenEdit : GEdit
     using GEdit::m_strText;
 };
 
+struct OpenCombo : GComboBox
+{
+    using GComboBox::m_nAnchor;
+    using GComboBox::m_nCaret;
+    using GComboBox::m_strText;
+};
+
 bool IsInside(const GEdit& edit, UINT nLine, UINT nChar)
 {
     const auto& aLines = edit.*&OpenEdit::m_aLines;
@@ -55,6 +62,13 @@ std::string CheckObject(const GEdit& edit)
     const bool fCaret = IsInside(edit, edit.*&OpenEdit::m_nCaretLine, edit.*&OpenEdit::m_nCaretChar);
     const bool fAnchor = IsInside(edit, edit.*&OpenEdit::m_nAnchorLine, edit.*&OpenEdit::m_nAnchorChar);
     return fCaret && fAnchor ? "" : "caret or anchor outside of the lines";
+}
+
+std::string CheckObject(const GComboBox& combo)
+{
+    const UINT nLength = (combo.*&OpenCombo::m_strText).GetLength();
+    const bool fInside = combo.*&OpenCombo::m_nCaret <= nLength && combo.*&OpenCombo::m_nAnchor <= nLength;
+    return fInside ? "" : "caret or anchor outside of the text";
 }
 
 std::string CheckObject(const GList& list)

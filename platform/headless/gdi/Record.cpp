@@ -68,7 +68,8 @@ std::string Describe(const LOGFONTW& font)
     std::string out = Quoted(ToUtf8(View(font.lfFaceName)));
     out += ' ';
     out += std::to_string(MeasureFont(font).em);
-    out += font.lfWeight >= FW_SEMIBOLD ? " bold" : "";
+    const bool light = font.lfWeight != FW_DONTCARE && font.lfWeight < FW_NORMAL;
+    out += font.lfWeight >= FW_SEMIBOLD ? " bold" : light ? " light" : "";
     out += font.lfItalic ? " italic" : "";
     out += font.lfUnderline ? " underline" : "";
     return out + (font.lfStrikeOut ? " strikeout" : "");

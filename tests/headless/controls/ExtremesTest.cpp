@@ -1,6 +1,7 @@
 // Values at the ends of their range: nothing overflows on the way to the picture, or to what a press does.
 
 #include "../../support/AllControls.h"
+#include "../../support/WithBehavior.h"
 #include "DrawFixture.h"
 
 #include <climits>
@@ -86,6 +87,37 @@ TYPED_TEST(ScrollExtremesTest, RangesAndPositionsMayBeAnything)
 }
 
 using ExtremesTest = DrawFixture;
+
+TEST_F(ExtremesTest, ALabelIsEditedWhereverItsRowLies)
+{
+    const Modern modern;
+    GTree tree;
+    MakeControl(tree, Parent(), 33, WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL);
+    void* hItem = tree.InsertItem(tree.GetRootItem(), nullptr, L"Item", 0, 0, nullptr);
+    for (const int nBar : {SB_HORZ, SB_VERT}) {
+        for (const int nPos : ENDS) {
+            const SCROLLINFO si{sizeof(si), SIF_RANGE | SIF_POS, INT_MIN, INT_MAX, 1, nPos, 0};
+            tree.SetScrollInfo(nBar, &si, FALSE);
+            EXPECT_TRUE(tree.EditLabel(hItem));
+            SetFocus(tree);
+        }
+    }
+    DestroyWindow(tree);
+}
+
+TEST_F(ExtremesTest, AFrameIsPaintedAtTheEndsOfTheScreen)
+{
+    GTree tree;
+    MakeControl(tree, Parent(), 33, WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL);
+    for (const int n : ENDS) {
+        SetWindowPos(tree, nullptr, n, n, 100, 80, SWP_NOZORDER);
+        const HRGN hRegion = CreateRectRgn(0, 0, 100, 100);
+        SendMessageW(tree, WM_NCPAINT, reinterpret_cast<WPARAM>(hRegion), 0);
+        SendMessageW(tree, WM_NCPAINT, 1, 0);
+        DeleteObject(hRegion);
+    }
+    DestroyWindow(tree);
+}
 
 TEST_F(ExtremesTest, BarsTotalAndPositionMayBeAnything)
 {

@@ -107,8 +107,8 @@ TYPED_TEST(WholeAgainTest, ControlIsWholeAfterAChangeOfTheStyleWhateverFailedBef
         live = desk::Live();
         DestroyWindow(hwnd);
     }
-    for (const char* pszOperation : {"OpenThemeData", "CreateFontW", "CreateFontIndirectW", "CreatePen",
-                                     "CreateSolidBrush", "ImageList_Create", "GetThemeFont"})
+    for (const char* pszOperation : {"OpenThemeData", "SetWindowTheme", "CreateFontW", "CreateFontIndirectW",
+                                     "CreatePen", "CreateSolidBrush", "ImageList_Create", "GetThemeFont"})
     {
         for (int nSkip = 0; nSkip < 6; ++nSkip) {
             for (const int nTimes : {1, 100}) {

@@ -77,8 +77,11 @@ TEST_F(GWndCertFailureHeadlessTest, EverythingStandsWhereItBelongs)
     Lines drawn, controls;
     Run(CFT_SECURE, 0x22, [&](HWND hDlg) {
         EXPECT_GT(Draw(hDlg, "BitBlt (0,").size(), 20u) << "one row of gradient, repeated";
+        EXPECT_EQ(Draw(hDlg, "FillRect (0,0,390,345)").size(), 1u);
         drawn = Draw(hDlg, "D");
         controls = Controls(hDlg);
+        EXPECT_EQ(ClientSize(hDlg).cx, 390);
+        EXPECT_EQ(ClientSize(hDlg).cy, 345);
         EndDialog(hDlg, 0);
     });
     const std::string header = R"( 0x0010 font="Segoe UI" 16 color=FFFFFF)";

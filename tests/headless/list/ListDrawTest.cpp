@@ -318,6 +318,7 @@ TEST_F(ListDrawTest, ThePaintHistoryKeepsAHundredFramesAndReplaysThem)
     const Lines lines = Draw("");
     ASSERT_FALSE(lines.empty());
     EXPECT_TRUE(lines.back().starts_with("DrawTextW \"42\" (0,0,50,20)")) << lines.back();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "BitBlt (0,0,250,150) from (0,0) SRCCOPY"), 1);
     list.frameIndex = 1000;
     Draw("");
 }
