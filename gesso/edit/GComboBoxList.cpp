@@ -2,6 +2,7 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Saturate.h>
@@ -121,7 +122,7 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
         gesso::Misuse("GComboBoxList: the window has no combo box");
         return FALSE;
     }
-    SetWindowTheme(m_hWnd, L"explorer", nullptr);
+    gesso::TakeExplorerStyle(m_hWnd);
     Frame::SetState(*this, Frame::FirstState(*this));
     GWndScroll::m_hitDown = {};
     m_hitNow = {};
@@ -169,6 +170,7 @@ LRESULT GComboBoxList::OnNcDestroy()
 
 LRESULT GComboBoxList::OnThemeChanged()
 {
+    gesso::MendExplorerStyle(m_hWnd);
     m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
     m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
     m_hListTheme.Open(m_hWnd, LIST_CLASS);

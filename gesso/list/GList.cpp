@@ -1,6 +1,7 @@
 // How a list comes to life and goes, and its messages.
 
 #include <gesso/containers/Index.h>
+#include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/MakeOnce.h>
@@ -18,8 +19,6 @@ using gesso::NO_INDEX;
 using gesso::Pixels;
 using gesso::Quirk;
 namespace Metrics = gesso::Metrics;
-
-constexpr LPCWSTR STYLE_NAME = L"explorer";
 
 constinit ATOM GList::s_aClass = 0;
 constinit HCURSOR GList::s_hColumnSizing = nullptr;
@@ -235,7 +234,7 @@ void GList::SetHeaderItemSpacing(UINT spacing)
 
 LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
 {
-    m_inside->fStyleMissing = FAILED(SetWindowTheme(m_hWnd, STYLE_NAME, nullptr));
+    gesso::TakeExplorerStyle(m_hWnd);
     GWndScroll::OnNcCreate(pcs);
     Frame::SetState(*this, Frame::FirstState(*this));
     StartAnew();
@@ -342,9 +341,7 @@ LRESULT GList::OnNcDestroy()
 
 LRESULT GList::OnThemeChanged()
 {
-    if (std::exchange(m_inside->fStyleMissing, false)) { // the call sends this message itself
-        m_inside->fStyleMissing = FAILED(SetWindowTheme(m_hWnd, STYLE_NAME, nullptr));
-    }
+    gesso::MendExplorerStyle(m_hWnd);
     themeList.Open(m_hWnd, L"LISTVIEW");
     OpenCellThemes();
     MakeMissingFonts();

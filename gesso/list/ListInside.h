@@ -120,7 +120,6 @@ struct ListInside
     RowOrder rowOrder;
     bool fSizing = false;       // in WM_NCCALCSIZE
     bool fFontsMissing = false; // some could not be made
-    bool fStyleMissing = false; // the window's style could not be set
     bool fEdits = false;        // the edit in progress is this list's own, which a copy has only seen
     UINT itemChanges = 0;       // counts insertions and removals
     ListItemTracks tracks;

@@ -1,5 +1,6 @@
 // How a navigation bar comes to life and goes, its sizes, and its messages.
 
+#include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
@@ -208,6 +209,7 @@ LRESULT GNavigationBar::OnSize()
 
 LRESULT GNavigationBar::OnThemeChanged()
 {
+    gesso::MendExplorerStyle(m_hWnd);
     m_hTheme.Open(m_hWnd);
     if (!m_hHeaderFont) {
         MakeHeaderFont();

@@ -1,6 +1,7 @@
 // How a tree comes to life and goes, its sizes, and its messages.
 
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Saturate.h>
@@ -361,6 +362,7 @@ LRESULT GTree::OnDestroy()
 
 LRESULT GTree::OnThemeChanged()
 {
+    gesso::MendExplorerStyle(m_hWnd);
     m_hTheme.Open(m_hWnd);
     m_hThemeButton.Open(m_hWnd, L"BUTTON");
     if (!(m_uTreeStyle & GTS_OWNFONT)) {

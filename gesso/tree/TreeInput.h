@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
@@ -220,7 +221,7 @@ struct TreeInput
 
     template <class CONTROL> static LRESULT OnNcCreate(CONTROL& tree, const CREATESTRUCTW* pcs)
     {
-        SetWindowTheme(tree.m_hWnd, L"explorer", nullptr);
+        TakeExplorerStyle(tree.m_hWnd);
         tree.GWndScroll::OnNcCreate(pcs);
         Frame::SetState(tree, Frame::FirstState(tree));
         tree.m_hTheme.Open(tree.m_hWnd);

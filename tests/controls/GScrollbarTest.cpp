@@ -208,6 +208,7 @@ TEST_F(GScrollbarTest, PointerRepaintsTheBarWhenItReachesAnotherPart)
     EXPECT_EQ(bar.HitNow(), SBH_VTHUMB);
     EXPECT_TRUE(repaints(WM_MOUSELEAVE, 0));
     EXPECT_EQ(bar.HitNow(), 0);
+    EXPECT_FALSE(bar.State() & GWS_TRACKING) << "so that the next leave is told";
     EXPECT_TRUE(repaints(WM_LBUTTONDOWN, 5));
     EXPECT_TRUE(repaints(WM_LBUTTONUP, 5));
     EXPECT_FALSE(repaints(WM_LBUTTONUP, 5)) << "no press, no repaint";

@@ -14,6 +14,7 @@ public:
     int Track() const { return m_nTrack; }
     int Thumb() const { return m_nThumb; }
     WORD HitNow() const { return m_hitNow.wHit; }
+    DWORD State() const { return m_dwState; }
     WORD HitAt(int y, int x = 5) const
     {
         HitTestInfo info{{static_cast<SHORT>(x), static_cast<SHORT>(y)}, 0};

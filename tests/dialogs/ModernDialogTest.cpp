@@ -186,6 +186,8 @@ TEST_F(ModernDialogTest, ALongTextScrollsWithinTheWorkArea)
             EXPECT_GE(rc.top, monitor.rcWork.top);
             const HWND hwndButton = GetDlgItem(hDlg, IDOK);
             UpdateWindow(hDlg);
+            EXPECT_TRUE(SendMessageW(hwndButton, WM_GETDLGCODE, VK_UP, 0) & DLGC_WANTARROWS);
+            EXPECT_FALSE(SendMessageW(hwndButton, WM_GETDLGCODE, VK_LEFT, 0) & DLGC_WANTARROWS);
             for (const UINT uKey : {VK_NEXT, VK_UP, VK_END, VK_PRIOR, VK_DOWN, VK_HOME}) {
                 SendMessageW(hwndButton, WM_KEYDOWN, uKey, 0);
                 EXPECT_TRUE(TakeRepaint(hDlg)) << uKey;

@@ -323,7 +323,9 @@ TEST_F(GEditInputTest, TheMouseSetsTheCaretAndDragsASelection)
     };
     EXPECT_EQ(caretAfter(WM_LBUTTONDOWN, 2, 0), "0,2") << "in front of the character that the point touches";
     EXPECT_EQ(GetCapture(), edit.GetHwnd());
+    TakeRepaint(edit);
     EXPECT_EQ(caretAfter(WM_MOUSEMOVE, 9, 1), "0,2-1,2") << "right of a line's end";
+    EXPECT_TRUE(TakeRepaint(edit));
     EXPECT_EQ(caretAfter(WM_MOUSEMOVE, 4, 0), "0,2-0,4");
     EXPECT_EQ(caretAfter(WM_LBUTTONUP, 4, 0), "0,2-0,4");
     EXPECT_FALSE(edit.State() & GWS_PRESSED);

@@ -107,6 +107,7 @@ TEST_F(GListModernLayoutTest, IconsHaveCellsOfTheirOwnInLinesAsWideAsTheWindow)
         return count;
     };
     EXPECT_EQ(inLine(), 3U);
+    EXPECT_EQ(list.elements[0].rect.top, 0);
     for (UINT a = 0; a < 9; ++a) {
         for (UINT b = a + 1; b < 9; ++b) {
             RECT rc{};
@@ -181,6 +182,10 @@ TEST_F(GListModernLayoutTest, SubItemsGoWithTheirColumn)
     EXPECT_EQ(sorted, 1U);
     list.SetItemText(0, 0, L"new");
     list.RemoveColumn(1);
+    AddColumn(L"Front");
+    list.InsertColumn(0, 0, 0, 50, 10, L"Front", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    list.RemoveColumn(0);
+    EXPECT_EQ(list.GetItemState(1, 0) & LSIS_CHECKED, LSIS_CHECKED) << "nor does it go with a column";
     EXPECT_STREQ(Narrow(list.GetItemText(0, 0)).c_str(), "new");
     list.GetCurrentSort(&sorted, &ascending);
     EXPECT_EQ(sorted, END);

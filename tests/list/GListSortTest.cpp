@@ -170,6 +170,8 @@ TEST_F(GListSortTest, GroupingAsksTheColumnAndSortsAsBefore)
     EXPECT_EQ(list.GetGroupCount(), 0u);
     EXPECT_EQ(list.elements.GetLength(), 5u);
     list.RemoveAllItems();
+    list.InsertGroup(0, L"left", 0, 0);
+    list.Calculate();
     list.Group(0, false);
     EXPECT_EQ(list.elements.GetLength(), 0u);
 }

@@ -290,13 +290,14 @@ TEST_F(GTreeInputTest, LettersSearchForWhatIsTyped)
         tree.Add(nullptr, name);
     }
     // a b beta Bingo barn alpha
-    SelectRow(0);
     const auto found = [&](const char* text) {
         for (const char* p = text; *p; ++p) {
             Send(WM_CHAR, static_cast<WPARAM>(*p), 1);
         }
         return tree.Selected();
     };
+    EXPECT_EQ(found("a"), "a") << "from the first row on, where none is selected";
+    Key(VK_HOME);
     EXPECT_EQ(found("b"), "b");
     EXPECT_EQ(found("b"), "beta") << "one letter again and again goes on";
     EXPECT_EQ(found("b"), "Bingo");

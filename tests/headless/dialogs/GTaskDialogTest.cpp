@@ -91,6 +91,9 @@ TEST_F(GTaskDialogHeadlessTest, TextsButtonsAndFooterStandWhereTheyBelong)
     EXPECT_EQ(drawn.at(1), "DrawThemeBackground TASKDIALOG 8 0 (0,69,197,122)") << "all of it";
     EXPECT_TRUE(drawn.at(2).find("(61,13,109,28)") != std::string::npos) << drawn.at(2);
     EXPECT_EQ(controls, (Lines{"7 'Nein' (102,82,190,108)", "6 'Ja' (7,82,95,108)"}));
+    config.pszContent = L"a a a a a a a a a a a a a a a a a a a a a a a a a a a a a a";
+    run();
+    EXPECT_TRUE(drawn.at(2).find("(61,13,409,43)") != std::string::npos) << drawn.at(2) << ": 58 characters";
     config.pszContent = L"a-word-that-no-limit-breaks-and-that-is-wider-than-the-columns-which-the-texts-"
                         L"are-given-and-than-six-buttons";
     config.dwCommonButtons = 0x3F;

@@ -76,7 +76,9 @@ TEST_F(GWndCertFailureHeadlessTest, EverythingStandsWhereItBelongs)
 {
     Lines drawn, controls;
     Run(CFT_SECURE, 0x22, [&](HWND hDlg) {
-        EXPECT_GT(Draw(hDlg, "BitBlt (0,").size(), 20u) << "one row of gradient, repeated";
+        const Lines gradient = Draw(hDlg, "BitBlt (0,");
+        ASSERT_GT(gradient.size(), 20u) << "one row of it, repeated";
+        EXPECT_EQ(gradient[0], "BitBlt (0,0,390,1) from (0,0) SRCCOPY");
         EXPECT_EQ(Draw(hDlg, "FillRect (0,0,390,345)").size(), 1u);
         drawn = Draw(hDlg, "D");
         controls = Controls(hDlg);

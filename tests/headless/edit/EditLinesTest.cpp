@@ -204,4 +204,14 @@ TEST(EditLines, AnEditControlKeepsItsLinesApartFromACopyMadeByOlderCode)
     EXPECT_EQ(edit.GetTextLength(), 8);
 }
 
+TEST(EditLines, AnEditControlThatIsAssignedAnotherHasItsText)
+{
+    GEdit edit;
+    edit.SetText(L"one\r\ntwo");
+    GEdit other;
+    other.SetText(L"other");
+    other = edit;
+    EXPECT_EQ(other.GetTextLength(), edit.GetTextLength());
+}
+
 } // namespace
