@@ -107,4 +107,18 @@ TYPED_TEST(EveryControlTest, OperationsAndMessagesTellAndPaintWhatWasSet)
     EXPECT_FALSE(control.Destroy());
 }
 
+TYPED_TEST(EveryControlTest, MessagesThatEveryControlMindsAreAnsweredWith0)
+{
+    TypeParam control;
+    const HWND hwnd = MakeAnyControl(control, this->host);
+    for (const UINT uMsg : std::initializer_list<UINT>{
+             WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MOUSELEAVE, WM_CAPTURECHANGED, WM_SETFOCUS,
+             WM_KILLFOCUS, WM_ENABLE, WM_THEMECHANGED, WM_TIMER, WM_DESTROY})
+    {
+        EXPECT_EQ(SendMessageW(hwnd, uMsg, 0, 0), 0) << uMsg;
+    }
+    ReleaseCapture();
+    DestroyWindow(hwnd);
+}
+
 } // namespace

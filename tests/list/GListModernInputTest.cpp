@@ -207,6 +207,11 @@ TEST_F(GListModernInputTest, ADragFromEmptyRoomSelectsWhatItsRectangleTouches)
     Mouse(WM_MOUSEMOVE, 60, RowY(2));
     EXPECT_EQ(list.Selected(), "4") << "without the capture it is over";
     EXPECT_EQ(ToldBy([&] { Click(20, below); }), "-101 4") << "a click there clears";
+    const int right = list.elements[4].rect.right;
+    Drag({right, below}, {right + 20, RowY(4)});
+    EXPECT_EQ(list.Selected(), "") << "beside it";
+    Drag({right - 1, below}, {right + 20, RowY(4)});
+    EXPECT_EQ(list.Selected(), "4");
 }
 
 TEST_F(GListModernInputTest, TheWheelTiltsSideways)

@@ -93,6 +93,7 @@ TEST_F(GListModernTest, AnItemIsToldBeforeItGoes)
     AddItem("item", 0, this);
     AddItem("item", 0, this);
     last = 0;
+    list.SetSelected(1, 1);
     EXPECT_EQ(ToldBy([&] { DestroyWindow(list); }), "-8 0, -103 0, -103 1") << "by the window's end too";
     host.onNotify = nullptr;
 }
