@@ -29,7 +29,6 @@ protected:
 
 TEST_F(PlainPartTest, ArrowsPointTheirWayInEveryState)
 {
-    constexpr UINT DIRECTIONS[] = {DFCS_SCROLLUP, DFCS_SCROLLDOWN, DFCS_SCROLLLEFT, DFCS_SCROLLRIGHT};
     for (UINT nDirection = 0; nDirection < 4; ++nDirection) {
         const auto first = static_cast<int>(ABS_UPNORMAL + 4 * nDirection);
         const Lines idle = Drawn(PlainPart::ScrollArrow, first);
