@@ -180,6 +180,10 @@ TEST_F(GListModernInputTest, ARightClickSelectsAndTellsAndThenAsksForAMenu)
     EXPECT_EQ(ToldBy([&] { RightClick(5, LIST_CY - 25); }), "-5 -1") << "with Ctrl the selection stays";
     HoldKeys(0);
     EXPECT_EQ(ToldBy([&] { RightClick(5, LIST_CY - 25); }), "-101 2, -5 -1");
+    list.SetListStyle(GLS_DETAILS | GLS_HEADER);
+    list.SetCursorItem(1);
+    RightClick(5, 5);
+    EXPECT_EQ(list.GetCursorItem(), 1U) << "the header is no item";
 }
 
 TEST_F(GListModernInputTest, ADragFromEmptyRoomSelectsWhatItsRectangleTouches)

@@ -75,6 +75,12 @@ TEST_F(GListModernLayoutTest, RectanglesAndHitsAgreeInEveryView)
         list.SetScrollPos(SB_HORZ, 0, FALSE);
         list.SetScrollPos(SB_VERT, 0, FALSE);
     }
+    list.SetListStyle(GLS_TILES);
+    const RECT rcFirst = ShownRect(0, 0);
+    const RECT rcSecond = ShownRect(0, 1);
+    Mouse(WM_LBUTTONDOWN, rcFirst.left + 2, rcFirst.top + 2);
+    Mouse(WM_LBUTTONUP, rcSecond.left + 2, rcSecond.bottom - 2);
+    EXPECT_EQ(list.Selected(), "0") << "anywhere in the tile";
 }
 
 TEST_F(GListModernLayoutTest, RowsTakeTheMouseHoweverFarDown)

@@ -266,6 +266,11 @@ TEST_F(ComboFieldTest, ThePointerAndThePressShowInTheParts)
     Make(GCBS_DROPDOWN);
     MoveTo(Combo(), 10, 10);
     EXPECT_EQ(states(), "21") << "over the text";
+    TakeRepaint(Combo());
+    SendMessageW(Combo(), WM_MOUSEMOVE, 0, MAKELPARAM(11, 10));
+    EXPECT_FALSE(TakeRepaint(Combo())) << "still over the text";
+    SendMessageW(Combo(), WM_MOUSEMOVE, 0, MAKELPARAM(110, 10));
+    EXPECT_TRUE(TakeRepaint(Combo()));
     MoveTo(Combo(), 110, 10);
     EXPECT_EQ(states(), "22") << "over the button";
     desk::MoveMouse(0, 0);

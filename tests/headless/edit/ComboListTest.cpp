@@ -72,6 +72,12 @@ TEST_F(ComboListTest, ScrollsWithItsBarWhereTheItemsDoNotFit)
     EXPECT_EQ(client.cx, COMBO_CX);
     EXPECT_EQ(si.nPos, 0) << "as the platform knows it";
     EXPECT_EQ(Combo().GetSelected(), 1u);
+    Combo().SetDropdownHeight(2 * 22 - 2);
+    WithList({[&] {
+        client = ClientSize(List());
+        TypeEscape();
+    }});
+    EXPECT_EQ(client.cx, COMBO_CX - 17) << "the last pixels do not fit";
 }
 
 TEST_F(ComboListTest, AnyHeightIsLimitedToTheItems)
@@ -128,8 +134,8 @@ TEST_F(ComboListTest, KeysMoveTheSelectionAndTheTextFollowsAtOnce)
         desk::WhenIdle([uKey] { desk::TypeKey(uKey); });
         desk::WhenIdle([&] { texts.push_back(TextOf(Combo())); });
     };
-    for (const UINT uKey : std::initializer_list<UINT>{VK_UP, VK_DOWN, VK_UP, VK_DOWN, VK_NEXT, VK_NEXT,
-                                                       VK_NEXT, VK_NEXT, VK_PRIOR, VK_UP})
+    for (const UINT uKey : std::initializer_list<UINT>{VK_UP, VK_DOWN, VK_UP, VK_DOWN, VK_UP, VK_DOWN,
+                                                       VK_NEXT, VK_NEXT, VK_NEXT, VK_NEXT, VK_PRIOR, VK_UP})
     {
         type(uKey);
     }
@@ -137,8 +143,9 @@ TEST_F(ComboListTest, KeysMoveTheSelectionAndTheTextFollowsAtOnce)
     SetFocus(Combo());
     TheHost().TakeReports();
     Type(VK_F4);
-    EXPECT_EQ(texts, (std::vector<std::string>{"", "item 0", "item 0", "item 1", "item 11", "item 21",
-                                               "item 29", "item 29", "item 19", "item 18"}));
+    EXPECT_EQ(texts,
+              (std::vector<std::string>{"", "item 0", "item 0", "item 1", "item 0", "item 1", "item 11",
+                                        "item 21", "item 29", "item 29", "item 19", "item 18"}));
     EXPECT_EQ(TextOf(Combo()), "item 18") << "Esc takes nothing back";
     EXPECT_EQ(TheHost().TakeReports(), Reports{}) << "keys in the list are not told of";
 }

@@ -67,6 +67,8 @@ TEST_F(ActivationContextTest, AnyOtherErrorGivesTheFailureValueWithoutTheCall)
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_ACCESS_DENIED));
     desk::Fail("CreateActCtxW", 1, ERROR_OUTOFMEMORY);
     EXPECT_EQ(MakeWindow(), nullptr);
+    desk::Fail("GetModuleFileNameW", 1, ERROR_OUTOFMEMORY);
+    EXPECT_EQ(MakeWindow(), nullptr);
     EXPECT_EQ(desk::Live(), before);
     EXPECT_FALSE(g_fActCtxUnavailable) << "and the next call tries again";
     const HWND hwnd = MakeWindow();

@@ -147,7 +147,11 @@ TEST_F(GWndScrollTest, BothBarsAreSetAtOnceAndDrawnOrLaidOutAnew)
     desk::ClearDrawing(probe);
     probe.SetScrollInfo(&siH, &si, FALSE);
     EXPECT_EQ(probe.GetScrollPos(SB_VERT), 30);
+    probe.SetScrollPos(SB_VERT, 31, FALSE);
     EXPECT_EQ(desk::Drawing(probe), Lines{});
+    probe.SetScrollPos(SB_VERT, 30, TRUE);
+    EXPECT_TRUE(AnyStartsWith(desk::Drawing(probe), "DrawThemeBackground SCROLLBAR 3 "));
+    desk::ClearDrawing(probe);
     EXPECT_EQ(probe.GetScrollBarStyle(SB_HORZ), 0u);
 
     EXPECT_EQ(probe.SetScrollBarStyle(2, 0), static_cast<UINT>(-1));

@@ -85,9 +85,13 @@ TEST_F(TypeAheadTest, WhatIsNoTextJoinsNoWord)
         EXPECT_FALSE(m_word.Add(c)) << static_cast<int>(c);
         EXPECT_FALSE(m_word.IsUnderWay());
     }
+    std::vector<wchar_t> word;
     for (int i = 0; i < 200; ++i) {
-        EXPECT_TRUE(m_word.Add(i % 2 ? L'a' : L'b'));
+        word.push_back(i % 2 ? L'a' : L'b');
     }
+    word.push_back(0);
+    m_items = {L"b", word.data()};
+    EXPECT_EQ(TypeAnew(word.data()), 1u) << "what is longer than a word goes by its start";
 }
 
 } // namespace
