@@ -205,6 +205,11 @@ TEST_F(RadioGroupTest, ArrowsMoveAndCheckAroundTheGroup)
     EXPECT_EQ(Marks(), "x----");
     Press(radios[0], VK_UP);
     EXPECT_EQ(Marks(), "--x--");
+    EnableWindow(radios[1], TRUE);
+    Press(radios[2], VK_UP);
+    EXPECT_EQ(Marks(), "-x---");
+    Press(radios[1], VK_RIGHT);
+    EXPECT_EQ(Marks(), "--x--");
 }
 
 TEST_F(RadioGroupTest, TheParentMayDestroyAnyOfThemInAClick)

@@ -201,6 +201,25 @@ TEST_F(ModernDialogTest, ALongTextScrollsWithinTheWorkArea)
         text.data());
 }
 
+TEST_F(ModernDialogTest, AWordWiderThanTheScreenIsAsWideAsTheWorkArea)
+{
+    std::vector<wchar_t> word(2000, L'W');
+    word.push_back(0);
+    SetWindowPos(Parent(), nullptr, 150, 90, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    Box(
+        MB_OK,
+        [](HWND hDlg) {
+            MONITORINFO monitor{};
+            monitor.cbSize = sizeof(monitor);
+            GetMonitorInfoW(MonitorFromWindow(hDlg, MONITOR_DEFAULTTONEAREST), &monitor);
+            RECT rc{};
+            GetWindowRect(hDlg, &rc);
+            EXPECT_EQ(rc.right - rc.left, monitor.rcWork.right - monitor.rcWork.left);
+            EndDialog(hDlg, IDOK);
+        },
+        word.data());
+}
+
 TEST_F(ModernDialogTest, TheOwnerMayEndTheDialogWhereItIsTold)
 {
     Box(MB_OK | MB_HELP, [](HWND hDlg) {

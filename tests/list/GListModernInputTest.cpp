@@ -184,6 +184,7 @@ TEST_F(GListModernInputTest, ARightClickSelectsAndTellsAndThenAsksForAMenu)
     list.SetCursorItem(1);
     RightClick(5, 5);
     EXPECT_EQ(list.GetCursorItem(), 1U) << "the header is no item";
+    EXPECT_EQ(SendMessageW(list, WM_KEYDOWN, VK_LEFT, 1), 0);
 }
 
 TEST_F(GListModernInputTest, ADragFromEmptyRoomSelectsWhatItsRectangleTouches)

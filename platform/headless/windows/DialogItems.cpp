@@ -149,15 +149,16 @@ HWND FindDefaultButton(HWND dialog)
     if (!window) {
         return nullptr;
     }
+    std::vector<HWND> handles;
     for (const Window* control : ControlsOf(*window)) {
-        if (control->Has(WS_DISABLED)) {
-            continue;
-        }
-        if (DialogCode(control->handle) & DLGC_DEFPUSHBUTTON) {
-            return control->handle;
-        }
+        handles.push_back(control->handle);
     }
-    return nullptr;
+    // A control that is asked may destroy any.
+    const auto found = std::find_if(handles.begin(), handles.end(), [](HWND handle) {
+        const WindowRef control = Peek(handle);
+        return control && !control->Has(WS_DISABLED) && (DialogCode(handle) & DLGC_DEFPUSHBUTTON);
+    });
+    return found != handles.end() ? *found : nullptr;
 }
 
 void SetDefaultId(Window& dialog, UINT id)

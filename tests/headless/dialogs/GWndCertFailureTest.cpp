@@ -7,6 +7,8 @@
 #include "../../support/Interception.h"
 #include "../controls/DrawFixture.h"
 
+#include <gesso/framework/Colors.h>
+
 namespace {
 
 using namespace test;
@@ -106,6 +108,27 @@ TEST_F(GWndCertFailureHeadlessTest, EverythingStandsWhereItBelongs)
               (Lines{"1080 'Nicht erneut nach Verbindungen mit diesem Computer fragen.' (12,254,390,273)",
                      "7 'Nein' (290,305,378,331)", "6 'Ja' (195,305,283,331)",
                      "2000 'Zertifikat anzeigen...' (12,305,152,331)"}));
+}
+
+struct OpenGradient : GWndCertFailure
+{
+    using GWndCertFailure::m_hGradient;
+};
+
+TEST_F(GWndCertFailureHeadlessTest, TheHeadersColoursRunFromEndToEnd)
+{
+    Run(CFT_SECURE, 0, [](HWND hDlg) {
+        const auto* pDialog = reinterpret_cast<GWndCertFailure*>(GetWindowLongPtrW(hDlg, DWLP_USER));
+        BITMAP bitmap{};
+        GetObjectW(pDialog->*&OpenGradient::m_hGradient, sizeof(bitmap), &bitmap);
+        const auto colorAt = [&](LONG x) {
+            const DWORD dwPixel = static_cast<const DWORD*>(bitmap.bmBits)[x];
+            return RGB(dwPixel >> 16, dwPixel >> 8, dwPixel);
+        };
+        EXPECT_EQ(colorAt(0), gesso::ColorOf(gesso::Color::CertSecureLeft));
+        EXPECT_EQ(colorAt(bitmap.bmWidth - 1), gesso::ColorOf(gesso::Color::CertSecureRight));
+        EndDialog(hDlg, 0);
+    });
 }
 
 TEST_F(GWndCertFailureHeadlessTest, LongSubjectMakesTheDialogTallerAndNotWider)

@@ -211,6 +211,8 @@ TEST_F(ComboListTest, AClickPicksARowAndTellsTheParent)
     EXPECT_EQ(TextOf(Combo()), "item 3");
     EXPECT_EQ(textWhenTold, "/3") << "the text follows when the list has closed";
     EXPECT_EQ(TheHost().TakeReports(), (Reports{"setfocus 5", SELCHANGE}));
+    WithList({[] { ClickAt(List(), 5, 0); }});
+    EXPECT_EQ(Combo().GetSelected(), 0u) << "by its first pixel";
 }
 
 TEST_F(ComboListTest, InputElsewhereReachesTheListAndAPressOnAFrameClosesIt)
@@ -284,6 +286,11 @@ TEST_F(ComboListTest, TheHoveredRowIsHotAndKeysGoOnFromTheSelection)
               [&] {
                   hot = Draw(List(), "DrawThemeBackground");
                   EXPECT_EQ(Combo().GetSelected(), 1u);
+                  EXPECT_EQ(SendMessageW(List(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 3 * 22 + 6)), 0);
+                  desk::SetThemed(false);
+                  SendMessageW(List(), WM_THEMECHANGED, 0, 0);
+                  EXPECT_EQ(Draw(List(), "DrawThemeBackground"), Lines{}) << "the style is gone";
+                  desk::SetThemed(true);
                   desk::TypeKey(VK_DOWN);
               },
               TypeEscape});
