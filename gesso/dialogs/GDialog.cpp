@@ -109,10 +109,11 @@ int GDialog::GetText(LPWSTR pszBuffer, int* pnLength) const
         return 0;
     }
     const int nCapacity = pszBuffer && *pnLength > 0 ? *pnLength : 0;
-    const auto nCopied = static_cast<int>(SendMessageW(m_hWnd, WM_GETTEXT, static_cast<WPARAM>(nCapacity),
+    const HWND hwnd = m_hWnd; // the host's procedure may delete the object
+    const auto nCopied = static_cast<int>(SendMessageW(hwnd, WM_GETTEXT, static_cast<WPARAM>(nCapacity),
                                                        reinterpret_cast<LPARAM>(pszBuffer)));
     const bool fFilled = nCopied + 1 >= nCapacity;
-    *pnLength = fFilled ? nCopied : GetTextLength() + 1;
+    *pnLength = fFilled ? nCopied : static_cast<int>(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0)) + 1;
     return fFilled;
 }
 

@@ -4,6 +4,7 @@
 
 #include "../support/DialogTemplate.h"
 #include "../support/Host.h"
+#include "../support/Interception.h"
 
 #include <gtest/gtest.h>
 
@@ -204,6 +205,22 @@ TEST_F(GDialogTest, WindowOutlivesItsObject)
         SendMessageW(hDlg, WM_COMMAND, IDOK, 0);
         EXPECT_TRUE(DestroyWindow(hDlg));
     }
+}
+
+TEST_F(GDialogTest, AHostMayDeleteItWhileItsTextIsAsked)
+{
+    auto* pDialog = new HostDialog(EMPTY_TEMPLATE);
+    pDialog->Create(host, LibraryModule());
+    const HWND hDlg = pDialog->GetHwnd();
+    pDialog->SetText(L"text");
+    {
+        const Interception deleted(hDlg, WM_GETTEXT, [&] { delete pDialog; });
+        int nLength = 20;
+        std::array<wchar_t, 20> buffer{};
+        EXPECT_EQ(pDialog->GetText(buffer.data(), &nLength), 0);
+        EXPECT_EQ(nLength, 5);
+    }
+    DestroyWindow(hDlg);
 }
 
 TEST_F(GDialogTest, FindsItsControls)

@@ -354,20 +354,6 @@ TEST_F(GComboBoxTest, TypingEditsTheFieldAndTells)
     EXPECT_EQ(host.TakeReports(), Reports{});
 }
 
-TEST_F(GComboBoxTest, AFieldTakes30000Characters)
-{
-    Make(GCBS_DROPDOWN);
-    std::vector<wchar_t> text(29999, L'x');
-    text.push_back(0);
-    combo.SetText(text.data());
-    SetFocus(combo);
-    SendMessageW(combo, WM_KEYDOWN, VK_END, 1);
-    SendMessageW(combo, WM_CHAR, 'y', 1);
-    EXPECT_EQ(combo.GetTextLength(), 30000);
-    SendMessageW(combo, WM_CHAR, 'z', 1);
-    EXPECT_EQ(combo.GetTextLength(), 30000);
-}
-
 TEST_F(GComboBoxTest, TextBeyondTheBasicPlaneIsKept)
 {
     Make(GCBS_DROPDOWN);

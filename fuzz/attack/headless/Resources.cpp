@@ -14,10 +14,13 @@ namespace simulated = gesso::headless;
 
 void RunFromResource(World& world, Source& source)
 {
+    static UINT s_nDepth = 0;
     const test::DialogTemplate dialog = AnyTemplate(source);
-    simulated::AddResource(simulated::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(77), dialog.Bytes());
-    HostDialog modal(UINT{77});
+    const UINT nId = 700 + s_nDepth++; // a template that is being read stays, whatever runs within
+    simulated::AddResource(simulated::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(nId), dialog.Bytes());
+    HostDialog modal(nId);
     modal.DoModal(world.AnyParent(source), simulated::HostModule());
+    --s_nDepth;
 }
 
 // A ribbon's images, of which some bytes are others.
