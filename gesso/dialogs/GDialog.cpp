@@ -110,8 +110,8 @@ int GDialog::GetText(LPWSTR pszBuffer, int* pnLength) const
     }
     const int nCapacity = pszBuffer && *pnLength > 0 ? *pnLength : 0;
     const HWND hwnd = m_hWnd; // the host's procedure may delete the object
-    const auto nCopied = static_cast<int>(SendMessageW(hwnd, WM_GETTEXT, static_cast<WPARAM>(nCapacity),
-                                                       reinterpret_cast<LPARAM>(pszBuffer)));
+    const auto nCopied = static_cast<int>(
+        SendMessageW(hwnd, WM_GETTEXT, static_cast<WPARAM>(nCapacity), reinterpret_cast<LPARAM>(pszBuffer)));
     const bool fFilled = nCopied + 1 >= nCapacity;
     *pnLength = fFilled ? nCopied : static_cast<int>(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0)) + 1;
     return fFilled;

@@ -70,7 +70,8 @@ TEST_F(GWndCertFailureTest, CommandsOfOthersAndAButtonWithoutACallbackDoNothing)
     EXPECT_EQ(Run(CFT_UNTRUSTED, 0,
                   [](HWND hDlg) {
                       for (const int nId : {CHECKBOX, SHOW, 999}) {
-                          SendMessageW(hDlg, WM_COMMAND, static_cast<WPARAM>(nId), 0);
+                          EXPECT_EQ(
+                              GWndCertFailure::DialogProc(hDlg, WM_COMMAND, static_cast<WPARAM>(nId), 0), 1);
                       }
                       SendMessageW(hDlg, WM_COMMAND, IDYES, 0);
                   }),

@@ -1,5 +1,6 @@
 // The task dialog and the message box of Modern. Runs on both platforms.
 
+#include "../support/AllowMisuse.h"
 #include "../support/Keys.h"
 #include "../support/WithBehavior.h"
 #include "ModalFixture.h"
@@ -199,6 +200,27 @@ TEST_F(ModernDialogTest, ALongTextScrollsWithinTheWorkArea)
             EndDialog(hDlg, IDOK);
         },
         text.data());
+}
+
+TEST_F(ModernDialogTest, ARecordShowsItsTextsAndNoneIsAMistake)
+{
+    GTASKDIALOGCONFIG config{};
+    config.hwndParent = Parent();
+    config.pszContent = L"Content";
+    config.hMainIcon = LoadIconW(nullptr, MAKEINTRESOURCEW(32516)); // information
+    config.cxWidth = 300;
+    UINT uButton = 0;
+    WhenIdle([](HWND hDlg) {
+        EXPECT_EQ(Buttons(hDlg), "");
+        UpdateWindow(hDlg);
+        EndDialog(hDlg, 7);
+    });
+    EXPECT_EQ(GTaskDialog::IsolationAwareTaskDialogIndirect(&config, &uButton), S_OK);
+    EXPECT_EQ(uButton, 7u);
+    const AllowMisuse allowed;
+    bool fChecked = true;
+    EXPECT_NE(GTaskDialog::Ask(nullptr, L"x", &fChecked, &uButton), S_OK);
+    EXPECT_EQ(uButton, static_cast<UINT>(-1));
 }
 
 TEST_F(ModernDialogTest, AWordWiderThanTheScreenIsAsWideAsTheWorkArea)

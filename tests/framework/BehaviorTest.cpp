@@ -160,6 +160,23 @@ TYPED_TEST(BehaviorTest, AWindowDeletesTheObjectThatItOwns)
     EXPECT_EQ(s_nDeleted, 1);
 }
 
+TEST(KeyboardCues, AHostShowsThemInAWindow)
+{
+    struct Shown : GButton
+    {
+        DWORD Hidden() const { return m_dwState & (GWS_HIDEFOCUS | GWS_HIDEACCEL); }
+    };
+    const Host host;
+    Shown button;
+    MakeAnyControl(button, host);
+    const DWORD dwHidden = button.Hidden();
+    ASSERT_NE(dwHidden, 0U);
+    gesso::ShowKeyboardCues(nullptr);
+    EXPECT_EQ(button.Hidden(), dwHidden);
+    gesso::ShowKeyboardCues(host);
+    EXPECT_EQ(button.Hidden(), 0U);
+}
+
 TEST(BehaviorOfTheProcess, StartsAsClassicAndTakesNoOtherValue)
 {
     const AllowMisuse allow;

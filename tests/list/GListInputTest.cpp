@@ -252,6 +252,10 @@ TEST_F(GListInputTest, SmallMessagesAreAnswered)
     EXPECT_EQ(code(VK_TAB), DLGC_WANTCHARS | DLGC_WANTARROWS);
     EXPECT_EQ(code(VK_RETURN), DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTALLKEYS);
     EXPECT_EQ(SendMessageW(list, WM_ERASEBKGND, 0, 0), 1);
+    for (const UINT uMsg : std::initializer_list<UINT>{WM_RBUTTONDOWN, WM_RBUTTONUP}) {
+        SendMessageW(list, uMsg, 0, MAKELPARAM(5, RowY(0)));
+    }
+    EXPECT_EQ(list.Selected(), "") << "the right button does nothing";
     MSG released{list, WM_KEYUP, VK_TAB, 0, 0, {}};
     EXPECT_EQ(SendMessageW(list, WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(&released)),
               DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTALLKEYS);

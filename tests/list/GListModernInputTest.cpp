@@ -177,6 +177,8 @@ TEST_F(GListModernInputTest, ARightClickSelectsAndTellsAndThenAsksForAMenu)
     EXPECT_EQ(ToldBy([&] { Mouse(WM_RBUTTONDBLCLK, 5, RowY(2)); }), "-101 -1, -6 2");
 
     HoldKeys(CTRL);
+    EXPECT_EQ(ToldBy([&] { RightClick(5, RowY(0)); }), "-101 0, -5 0") << "with Ctrl the others stay";
+    list.SetSelected(0, 0);
     EXPECT_EQ(ToldBy([&] { RightClick(5, LIST_CY - 25); }), "-5 -1") << "with Ctrl the selection stays";
     HoldKeys(0);
     EXPECT_EQ(ToldBy([&] { RightClick(5, LIST_CY - 25); }), "-101 2, -5 -1");
@@ -217,6 +219,31 @@ TEST_F(GListModernInputTest, ADragFromEmptyRoomSelectsWhatItsRectangleTouches)
     EXPECT_EQ(list.Selected(), "") << "beside it";
     Drag({right - 1, below}, {right + 20, RowY(4)});
     EXPECT_EQ(list.Selected(), "4");
+}
+
+TEST_F(GListModernInputTest, ADragBeyondTheEdgeScrolls)
+{
+    Fill(40, GLS_DETAILS, 1);
+    Mouse(WM_LBUTTONDOWN, 150, RowY(1));
+    Mouse(WM_MOUSEMOVE, 150, RowY(1) + 1);
+    EXPECT_EQ(list.Selected(), "") << "not far enough for a drag";
+    Mouse(WM_MOUSEMOVE, 50, LIST_CY + 40);
+    Mouse(WM_MOUSEMOVE, 50, LIST_CY + 41);
+    EXPECT_EQ(list.m_siV.nPos, static_cast<int>(2 * list.itemHeight)) << "a row each time";
+    Mouse(WM_MOUSEMOVE, 50, -10);
+    EXPECT_EQ(list.m_siV.nPos, static_cast<int>(list.itemHeight));
+    Mouse(WM_LBUTTONUP, 50, -10);
+    EXPECT_FALSE(list.Selected().empty());
+}
+
+TEST_F(GListModernInputTest, APressGoesWithItsItem)
+{
+    Fill(3);
+    Mouse(WM_LBUTTONDOWN, 5, RowY(1));
+    list.InsertItem(0, 0, nullptr, 0, L"new", 0);
+    host.Take();
+    Mouse(WM_LBUTTONUP, 5, RowY(2));
+    EXPECT_EQ(Told(), "-101 2, -2 2");
 }
 
 TEST_F(GListModernInputTest, TheWheelTiltsSideways)

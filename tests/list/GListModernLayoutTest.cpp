@@ -227,8 +227,30 @@ TEST_F(GListModernLayoutTest, AColumnFitsItsWidestTextItsCaptionAndItsLeastWidth
     list.SetColumnCxMin(1, 180);
     list.FitColumn(1);
     EXPECT_EQ(list.GetColumnCx(1), 180U);
+    list.SetColumnCxMin(1, 0);
+    const auto fits = [&](int type) {
+        AddColumn(L"", type);
+        list.InsertItem(END, 0, nullptr, 0, L"x", 0);
+        const UINT column = list.GetColumnCount() - 1;
+        list.SetSubItem(0, column, 0, L"the same text", 0);
+        list.FitColumn(column);
+        return list.GetColumnCx(column);
+    };
+    const UINT text = fits(LCT_TEXT);
+    EXPECT_LT(fits(LCT_IMAGE), text) << "no text shows";
+    EXPECT_EQ(fits(LCT_IMAGETEXT), text) << "without an image list an image has no width";
+    EXPECT_GE(fits(LCT_TITLE), text) << "in a larger font";
     const AllowMisuse allowed;
-    list.FitColumn(2);
+    list.FitColumn(99);
+}
+
+TEST_F(GListModernLayoutTest, AColumnsFormatShowsAtOnce)
+{
+    Fill(2);
+    const void* hText = list.items[0]->SubItem(1)->prepared;
+    list.SetColumnFormat(1, DT_RIGHT);
+    EXPECT_NE(list.items[0]->SubItem(1)->prepared, nullptr);
+    EXPECT_NE(list.items[0]->SubItem(1)->prepared, hText) << "prepared anew";
 }
 
 // --- Sorting

@@ -34,6 +34,7 @@ public:
     using GList::cursorItem;
     using GList::editWindows;
     using GList::elements;
+    using GList::fontLabelHeader;
     using GList::frameIndex;
     using GList::frameRecord;
     using GList::frameReplay;

@@ -146,6 +146,17 @@ TEST_P(ListRenamingTest, EachViewWithATextHasAField)
         EXPECT_EQ(TextOf(GetFocus()), "c");
         KeyOfField(VK_ESCAPE);
     }
+    for (const int type : {LCT_TITLE, LCT_IMAGETEXT}) {
+        Renew();
+        MakeList(GLS_DETAILS);
+        AddColumn(L"Name", type);
+        list.SetColumnCx(0, 2000);
+        AddItem("wide");
+        list.SetScrollPos(SB_HORZ, 500, FALSE);
+        EXPECT_TRUE(list.EditItem(0));
+        EXPECT_LT(list.m_siH.nPos, 10) << "the text's start is in view";
+        KeyOfField(VK_ESCAPE);
+    }
     list.RemoveAllItems();
     list.RemoveAllColumns();
     AddColumn(L"Picture", LCT_IMAGE);

@@ -156,6 +156,13 @@ TEST_F(GRibbonPageTest, GroupsFollowOneAnotherOnePixelApart)
     };
     EXPECT_EQ(edges(), (std::vector{0, 40, 41, 191, 192, 232}));
     InsertButton(page, 1, 10, RIS_LARGE, L"Kept");
+    GRibbonPage::Group measured = page.m_aGroups[0];
+    measured.nRight = -7;
+    measured.aItems[0].nLeft -= 7;
+    measured.aItems[0].nRight -= 7;
+    page.CalculateGroupSize(&measured);
+    EXPECT_EQ(measured.nRight, page.m_aGroups[0].nRight);
+    EXPECT_EQ(measured.aItems[0].nLeft, page.m_aGroups[0].aItems[0].nLeft);
     const ItemInfo info = Told(page, 10, RIT_BUTTON);
     EXPECT_EQ(edges(), (std::vector{0, 56, 57, 207, 208, 248}));
     // The groups behind one that goes stay where they are, until the next change.

@@ -101,6 +101,7 @@ TEST(GRightClickMenu, TheRowUnderTheMouseIsHotAndOnlyAnotherOneRepaints)
         EXPECT_EQ(menu.HotRow(), nRow) << y;
         EXPECT_EQ(TakeRepaint(hwnd), fRepaints) << y;
     }
+    EXPECT_EQ(SendMessageW(hwnd, WM_MOUSEMOVE, 0, 0), 0);
     DestroyWindow(hwnd);
 }
 

@@ -306,6 +306,11 @@ TEST_F(GTreeModernTest, AnItemIsOpenedAndBroughtIntoViewWhereverItIs)
         EXPECT_GE(rc.top, 0);
         EXPECT_LE(rc.bottom, rcClient.bottom);
     }
+    SCROLLINFO si{sizeof(si), SIF_PAGE, 0, 0, 7, 0, 0};
+    MoveWindow(tree, 0, 0, 10, 60, FALSE);
+    tree.GetScrollInfo(SB_HORZ, &si);
+    EXPECT_EQ(si.nPage, 0U) << "narrower than its bar";
+    MoveWindow(tree, 0, 0, rcClient.right, rcClient.bottom, FALSE);
     tree.Collapse(a);
     tree.EnsureVisible(a21);
     EXPECT_TRUE(tree.GetItemRect(a21, false, &rc));

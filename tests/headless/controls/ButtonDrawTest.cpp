@@ -1,6 +1,7 @@
 // What push buttons draw, operation by operation. Text is 6 pixels a character and 15 high; with the margins
 // set here, the content of a button of 100 x 40 is (3,5,96,34).
 
+#include "../../support/WithBehavior.h"
 #include "DrawFixture.h"
 
 namespace {
@@ -95,6 +96,19 @@ TEST_F(ButtonDrawTest, ImagePlaces)
     Make(CENTERED | WS_DISABLED);
     EXPECT_EQ(Draw(button, "DrawStateW"), Lines{"DrawStateW bitmap=16x12 (28,13,44,25) 0x0024"});
     DestroyWindow(button);
+    DeleteObject(hBitmap);
+}
+
+TEST_F(ButtonDrawTest, InModernTheImageStandsBesideTheText)
+{
+    const Modern modern;
+    const HBITMAP hBitmap = CreateBitmap(16, 12, 1, 32, nullptr);
+    button.SetBitmap(hBitmap);
+    constexpr DWORD CENTERED = GS_BITMAP | GS_CENTER | GS_VCENTER;
+    EXPECT_EQ(Places(CENTERED), (Lines{"(27,13,43,25)", "(48,12,72,27)"}));
+    EXPECT_EQ(Places(CENTERED | GBS_IMAGERIGHT), (Lines{"(56,13,72,25)", "(27,12,51,27)"}));
+    EXPECT_EQ(Places(CENTERED | GBS_IMAGETOP), (Lines{"(41,3,57,15)", "(37,20,61,35)"}));
+    EXPECT_EQ(Places(CENTERED | GBS_IMAGEBOTTOM), (Lines{"(41,23,57,35)", "(37,3,61,18)"}));
     DeleteObject(hBitmap);
 }
 

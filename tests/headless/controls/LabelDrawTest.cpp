@@ -1,5 +1,6 @@
 // What labels draw, operation by operation.
 
+#include "../../support/WithBehavior.h"
 #include "DrawFixture.h"
 
 namespace {
@@ -74,6 +75,12 @@ TEST_F(LabelDrawTest, ImagePlacesAndExtents)
                   Lines{"DrawStateW bitmap=16x12 " + rectangle + " 0x0004"});
     }
     EXPECT_EQ(Content(GS_BITMAP | WS_DISABLED), Lines{"DrawStateW bitmap=16x12 (0,0,16,12) 0x0024"});
+    {
+        const Modern modern;
+        EXPECT_EQ(Content(GS_BITMAP | GS_RIGHT | GS_BOTTOM),
+                  Lines{"DrawStateW bitmap=16x12 (84,28,100,40) 0x0004"})
+            << "as large as it is";
+    }
     label.SetBitmap(nullptr);
     EXPECT_EQ(Content(GS_BITMAP), Lines{}) << "an image hides the text, also where there is none";
     DeleteObject(hBitmap);

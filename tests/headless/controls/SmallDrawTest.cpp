@@ -1,5 +1,6 @@
 // What the back button, the progress bar and the separator draw.
 
+#include "../../support/WithBehavior.h"
 #include "DrawFixture.h"
 
 #include <climits>
@@ -41,6 +42,14 @@ TEST_F(SmallDrawTest, BackButtonStateByItsTwoLowBits)
     EnableWindow(button, FALSE);
     EXPECT_EQ(Draw(button, "DrawThemeBackground NAVIGATION 1 4").size(), 1u)
         << "cleared after the repaint was asked for, and before the paint";
+    EnableWindow(button, TRUE);
+    {
+        const Modern modern;
+        DestroyWindow(button);
+        button.Create(0, 0, 30, 30, Parent(), 5, 0, WS_CHILD | WS_VISIBLE);
+    }
+    SendMessageW(button, BM_SETSTATE, TRUE, 0);
+    EXPECT_EQ(Draw(button, "DrawThemeBackground NAVIGATION 1 3").size(), 1u);
 }
 
 TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)

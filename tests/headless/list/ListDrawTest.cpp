@@ -323,6 +323,21 @@ TEST_F(ListDrawTest, ThePaintHistoryKeepsAHundredFramesAndReplaysThem)
     Draw("");
 }
 
+TEST_F(ListDrawTest, AFontThatFailedIsMadeWithTheStyle)
+{
+    MakeList(GLS_DETAILS);
+    LOGFONTW whole{}, made{};
+    GetObjectW(list.fontLabelHeader, sizeof(whole), &whole);
+    Renew();
+    desk::Fail("CreateFontW", 1, ERROR_NOT_ENOUGH_MEMORY, 1);
+    MakeList(GLS_DETAILS);
+    EXPECT_FALSE(list.fontLabelHeader);
+    Send(WM_THEMECHANGED);
+    GetObjectW(list.fontLabelHeader, sizeof(made), &made);
+    EXPECT_EQ(made.lfHeight, whole.lfHeight);
+    EXPECT_EQ(made.lfWeight, whole.lfWeight);
+}
+
 TEST_F(ListDrawTest, AListWithoutFontsThemesOrBitmapsStaysUsable)
 {
     desk::Fail("CreateFontW", 4);
