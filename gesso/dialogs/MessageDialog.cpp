@@ -7,6 +7,8 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/framework/ScrollSteps.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
@@ -15,7 +17,6 @@ namespace gesso {
 namespace {
 
 constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_CENTER | DS_SETFONT | DS_FIXEDSYS;
-constexpr int WHEEL_LINES = 3;
 
 // A message's texts as the platform's box copies them.
 class CopiedText
@@ -118,7 +119,7 @@ bool MessageDialog::TakesKey(WPARAM wKey)
 {
     const int nLine = Pixels(m_hWnd, Metrics::WHEEL_LINE);
     switch (wKey) {
-    case 'C': return GetKeyState(VK_CONTROL) < 0 && CopyTexts();
+    case 'C': return GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0 && CopyTexts();
     case VK_UP: ScrollTo(m_nPosition - nLine); break;
     case VK_DOWN: ScrollTo(m_nPosition + nLine); break;
     case VK_PRIOR: ScrollTo(m_nPosition - ViewHeight()); break;
@@ -213,7 +214,10 @@ void MessageDialog::AskOwnerForHelp()
 
 INT_PTR MessageDialog::OnWheel(int nDelta)
 {
-    ScrollTo(m_nPosition - nDelta * WHEEL_LINES * Pixels(m_hWnd, Metrics::WHEEL_LINE) / WHEEL_DELTA);
+    const UINT uLines = WheelLines();
+    const int64_t nNotch = uLines == WHEEL_PAGESCROLL ? int64_t{ViewHeight()}
+                                                      : int64_t{uLines} * Pixels(m_hWnd, Metrics::WHEEL_LINE);
+    ScrollTo(Saturated(m_nPosition - nDelta * nNotch / WHEEL_DELTA));
     return 1;
 }
 

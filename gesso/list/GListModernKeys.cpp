@@ -42,7 +42,7 @@ LRESULT GList::OnModernKeyDown(UINT vk, UINT flags)
     if (IsNavigation(vk)) {
         m_inside->typed.Forget();
         ModernNavigate(vk);
-    } else if (vk == VK_SPACE && (keyMods || !m_inside->typed.IsUnderWay())) {
+    } else if (vk == VK_SPACE && ((keyMods & KEYMOD_CTRL) || !m_inside->typed.IsUnderWay())) {
         ModernSpace();
     } else if (vk == 'A' && (gesso::ModifierFlags() & (LVKF_CONTROL | LVKF_ALT)) == LVKF_CONTROL) {
         ChangeSelection(0, NO_INDEX, true);
@@ -51,7 +51,7 @@ LRESULT GList::OnModernKeyDown(UINT vk, UINT flags)
     if (!TellSelection()) {
         return 0;
     }
-    if (vk == VK_RETURN) {
+    if (vk == VK_RETURN && !(flags & KF_REPEAT)) { // nor the one that is held since it ended an edit
         SendReturn();
     }
     if (watch) {
@@ -100,6 +100,9 @@ void GList::ModernNavigate(UINT vk)
     if (from == NO_INDEX && vk != VK_END) {
         MoveTo(0, keyMods, false);
     } else {
+        if (cursor != from) {
+            PutCursor(from); // which Shift selects from
+        }
         MoveTo(ModernTarget(vk, from), keyMods, IsStep(vk));
     }
 }
@@ -199,7 +202,9 @@ LRESULT GList::OnTyped(wchar_t character)
     if (fCommand || !m_inside->typed.Add(character)) {
         return 0;
     }
-    const UINT found = m_inside->typed.Find(GetCursorItem(), items.GetLength(), [this](UINT item) {
+    const UINT cursor = GetCursorItem();
+    const UINT from = cursor != NO_INDEX ? cursor : SelectedFrom(0);
+    const UINT found = m_inside->typed.Find(from, items.GetLength(), [this](UINT item) {
         const ListSubItem* sub = items[item]->SubItem(0);
         return sub ? LPCWSTR{sub->text} : nullptr;
     });

@@ -38,17 +38,17 @@ UINT GTree::SelectableFrom(UINT row, bool) const
     return row;
 }
 
-LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT)
+LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT uFlags)
 {
     if (TreeInput::GoesOnWithWord(*this, uKey)) {
         return 0;
     }
     if (uKey == VK_RETURN || uKey == VK_SPACE) {
         m_ftLastChar = 0;
-        if (uKey == VK_RETURN && !Has(*this, Quirk::TreeEnterClicks)) {
-            TreeActions::SendItem(*this, static_cast<UINT>(NM_RETURN), m_nSelected, 0, -1, -1);
-        } else {
+        if (uKey != VK_RETURN || Has(*this, Quirk::TreeEnterClicks)) {
             ClickSelected();
+        } else if (!(uFlags & KF_REPEAT)) { // nor the one that is held since it ended an edit
+            TreeActions::SendItem(*this, static_cast<UINT>(NM_RETURN), m_nSelected, 0, -1, -1);
         }
         return 0;
     }

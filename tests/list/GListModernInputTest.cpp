@@ -83,6 +83,11 @@ TEST_F(GListModernInputTest, TheKeyboardStartsFromWhatIsSelectedAndFollowsTheRow
     list.SetCursorItem(END);
     list.SetSelected(20, 1);
     EXPECT_EQ(SelectedBy(VK_DOWN), "21");
+    list.SetCursorItem(END);
+    list.shiftAnchor = END;
+    EXPECT_EQ(SelectedBy(VK_DOWN, SHIFT), "21 22") << "from the selected one";
+    list.ClearSelection();
+    list.SetFirstSelectedItemIndex(21);
     list.Sort(0, false);
     const UINT cursor = list.GetFirstSelectedItemIndex();
     EXPECT_EQ(SelectedBy(VK_DOWN), std::to_string(cursor + 1));
@@ -129,6 +134,7 @@ TEST_F(GListModernInputTest, EnterIsTold)
     EXPECT_EQ(notified[0].record.iItem, 1);
     EXPECT_EQ(notified[1].code, KEY_PRESSED);
     EXPECT_EQ(list.Selected(), "1");
+    EXPECT_EQ(ToldBy([&] { Send(WM_KEYDOWN, VK_RETURN, LPARAM{KF_REPEAT} << 16 | 1); }), "") << "held";
 }
 
 // --- The mouse

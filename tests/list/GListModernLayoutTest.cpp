@@ -311,6 +311,15 @@ TEST_F(GListModernLayoutTest, TypedCharactersLeadToTheItemThatBeginsSo)
     EXPECT_EQ(type("b"), "3");
     EXPECT_EQ(type("b"), "0") << "one letter steps";
     user::Wait(1100);
+    EXPECT_EQ(type("be"), "2");
+    HoldKeys(KEYMOD_SHIFT);
+    EXPECT_EQ(type(" H"), "2") << "nor does Shift make a blank a command";
+    HoldKeys(0);
+    user::Wait(1100);
+    list.SetCursorItem(END);
+    EXPECT_EQ(type("b"), "3") << "from the selected one";
+    EXPECT_EQ(type("b"), "0");
+    user::Wait(1100);
     HoldKeys(KEYMOD_CTRL);
     EXPECT_EQ(type("a"), "0") << "no command is text";
     HoldKeys(0);

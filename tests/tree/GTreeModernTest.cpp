@@ -203,6 +203,8 @@ TEST_F(GTreeModernTest, EnterAndEscapeAreTheDialogsOrTold)
     host.Take();
     Key(VK_RETURN);
     EXPECT_EQ(host.TakeLines(), Lines{"-4 row 1 action 0 at -1,-1 keys 0"});
+    SendMessageW(tree, WM_KEYDOWN, VK_RETURN, LPARAM{KF_REPEAT} << 16 | 1);
+    EXPECT_EQ(host.TakeLines(), Lines{}) << "held";
     for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
         MSG msg{tree, WM_KEYDOWN, key, 1, 0, {0, 0}};
         EXPECT_TRUE(IsDialogMessageW(host, &msg));
