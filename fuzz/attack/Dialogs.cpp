@@ -68,6 +68,18 @@ private:
         UINT uButton = 0;
         GTaskDialog::IsolationAwareTaskDialogIndirect(&config, source.Flag() ? &uButton : nullptr);
     }
+    static void RunAsk(World& world, Source& source)
+    {
+        const Text texts[] = {source.AnyText(), source.AnyText()};
+        GTASKDIALOGCONFIG config{};
+        config.hwndParent = world.AnyParent(source);
+        config.pszContent = texts[0];
+        config.dwCommonButtons = source.Below(64);
+        bool fChecked = source.Flag();
+        UINT uButton = 0;
+        GTaskDialog::Ask(source.Chance(12) ? nullptr : &config, texts[1], source.Flag() ? &fChecked : nullptr,
+                         source.Flag() ? &uButton : nullptr);
+    }
     static void RunPlain(World& world, Source& source)
     {
         const Text texts[] = {source.AnyText(), source.AnyText(), source.AnyText()};
@@ -87,6 +99,7 @@ private:
         static const Table TABLE = [] {
             Table table{{"TaskDialogIndirect", RunConfig, 12},
                         {"TaskDialog", RunPlain, 6},
+                        {"Ask", RunAsk, 6},
                         {"MessageBox", RunMessageBox, 6}};
             AddAll(table);
             return table;

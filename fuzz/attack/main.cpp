@@ -3,14 +3,12 @@
 // platform's objects.
 //
 //   gesso_attack [--class NAME]...   these classes alone
-//                [--seed N]          the first run's; the runs behind it count on. With an even one the
-//                controls
-//                                    are made in Modern
+//                [--seed N]          the first run's; the runs behind it count on. Even ones are in Modern
 //                [--ops N]           operations of a run
 //                [--runs N | --seconds S]
 //                [--only 3,17,22]    of a run's operations these alone
 //                [--tell]            prints each operation with its arguments
-//                [--list]            prints the classes and their operations
+//                [--list]            prints the classes
 //
 // A finding ends the program. What it prints last is how to see it again.
 

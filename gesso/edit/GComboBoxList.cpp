@@ -170,7 +170,9 @@ LRESULT GComboBoxList::OnNcDestroy()
 
 LRESULT GComboBoxList::OnThemeChanged()
 {
-    gesso::MendExplorerStyle(m_hWnd);
+    if (gesso::MendExplorerStyle(m_hWnd)) {
+        return 0;
+    }
     m_hThemeScroll.Open(m_hWnd, L"SCROLLBAR");
     m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
     m_hListTheme.Open(m_hWnd, LIST_CLASS);

@@ -10,19 +10,19 @@ thread_local std::vector<HWND> s_lacking;
 
 } // namespace
 
-void TakeExplorerStyle(HWND hwnd)
+bool TakeExplorerStyle(HWND hwnd)
 {
-    if (FAILED(SetWindowTheme(hwnd, L"explorer", nullptr))) {
-        s_lacking.push_back(hwnd);
+    std::erase_if(s_lacking, [hwnd](HWND other) { return other == hwnd || !IsWindow(other); });
+    if (SUCCEEDED(SetWindowTheme(hwnd, L"explorer", nullptr))) {
+        return true;
     }
+    s_lacking.push_back(hwnd);
+    return false;
 }
 
-// The platform's call sends WM_THEMECHANGED itself.
-void MendExplorerStyle(HWND hwnd)
+bool MendExplorerStyle(HWND hwnd)
 {
-    if (std::erase(s_lacking, hwnd)) {
-        TakeExplorerStyle(hwnd);
-    }
+    return std::erase(s_lacking, hwnd) != 0 && TakeExplorerStyle(hwnd);
 }
 
 } // namespace gesso

@@ -341,7 +341,9 @@ LRESULT GList::OnNcDestroy()
 
 LRESULT GList::OnThemeChanged()
 {
-    gesso::MendExplorerStyle(m_hWnd);
+    if (gesso::MendExplorerStyle(m_hWnd)) {
+        return 0;
+    }
     themeList.Open(m_hWnd, L"LISTVIEW");
     OpenCellThemes();
     MakeMissingFonts();

@@ -499,6 +499,7 @@ void GList::RemoveItem(UINT item)
     }
     ReleaseItem(items[item]);
     items.RemoveAt(item, 1);
+    m_inside->tracks.ForgetLost(items);
     ++m_inside->itemChanges;
     const gesso::Lifeline life(*this);
     Calculate();
@@ -527,6 +528,7 @@ void GList::ReleaseItems()
         ReleaseItem(items[item]);
     }
     items.RemoveAll();
+    m_inside->tracks.ForgetLost(items);
     ++m_inside->itemChanges;
 }
 

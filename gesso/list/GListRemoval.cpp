@@ -106,6 +106,7 @@ void GList::DropGoing(UINT depth)
         ReleaseItem(items[i]);
     }
     items.SetLength(count, -1);
+    m_inside->tracks.ForgetLost(items);
     ++m_inside->itemChanges;
     if (fFollows) {
         FindItems(kept);

@@ -117,11 +117,14 @@ bool GList::BeginRenaming(UINT item)
     if (!watch) {
         return false;
     }
-    m_inside->renaming = {hwnd, record};
-    if (!hwnd) {
-        EndRenaming(nullptr); // the parent has allowed it
+    // The parent has allowed it, but there is no field, or it has begun another one meanwhile.
+    if (!hwnd || m_inside->renaming.hwnd) {
+        LabelEdit::Forget(hwnd);
+        DestroyWindow(hwnd);
+        SendRenaming(*this, LVN_ENDLABELEDITW, IndexOf(*record), nullptr);
         return false;
     }
+    m_inside->renaming = {hwnd, record};
     return LabelEdit::Begin(hwnd);
 }
 
@@ -150,7 +153,6 @@ void GList::EndRenaming(LPCWSTR text)
 // After a removal.
 void GList::EndLostRenaming()
 {
-    m_inside->tracks.ForgetLost(items);
     const gesso::ListRenaming renaming = m_inside->renaming;
     if (renaming.hwnd && !*renaming.item) {
         LabelEdit::End(renaming.hwnd, false);

@@ -272,6 +272,7 @@ void GList::OrderItems(UINT column, bool ascending)
     std::for_each(strays.begin(), strays.end(), [](ListItem* item) { ReleaseItem(item); });
     std::copy(order.begin(), order.end(), items.GetData());
     items.SetLength(static_cast<UINT>(order.size()), -1);
+    m_inside->tracks.ForgetLost(items);
     if (fFollows) {
         FindItems(kept);
     }

@@ -20,7 +20,7 @@ class ListItemTracks
 public:
     ListItemTrack Follow(const ListItem* item);
     void Replace(const ListItem* former, const ListItem* item);
-    // After a removal.
+    // Behind a removal, before anybody is told: a new item's record may lie where one was.
     void ForgetLost(const OArray<ListItem*, ListItem*>& items);
 
 private:

@@ -209,7 +209,9 @@ LRESULT GNavigationBar::OnSize()
 
 LRESULT GNavigationBar::OnThemeChanged()
 {
-    gesso::MendExplorerStyle(m_hWnd);
+    if (gesso::MendExplorerStyle(m_hWnd)) {
+        return 0;
+    }
     m_hTheme.Open(m_hWnd);
     if (!m_hHeaderFont) {
         MakeHeaderFont();

@@ -362,7 +362,9 @@ LRESULT GTree::OnDestroy()
 
 LRESULT GTree::OnThemeChanged()
 {
-    gesso::MendExplorerStyle(m_hWnd);
+    if (gesso::MendExplorerStyle(m_hWnd)) {
+        return 0;
+    }
     m_hTheme.Open(m_hWnd);
     m_hThemeButton.Open(m_hWnd, L"BUTTON");
     if (!(m_uTreeStyle & GTS_OWNFONT)) {

@@ -74,6 +74,11 @@ try {
         return false;
     }
     auto& edit = m_aVisible.Inside().edit;
+    if (edit.hwnd) { // the parent has begun another one meanwhile
+        LabelEdit::Forget(hwnd);
+        DestroyWindow(hwnd);
+        return false;
+    }
     edit.hwnd = hwnd;
     edit.item = item;
     edit.pHold = std::move(pHold);

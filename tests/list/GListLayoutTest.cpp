@@ -86,6 +86,19 @@ TEST_F(GListLayoutTest, TheHeaderTakesItsRoomInDetailsAlone)
     EXPECT_EQ(list.headerArea, 0u);
 }
 
+TEST_F(GListLayoutTest, ASecondWindowOfAnotherViewPlacesTheRowsAnew)
+{
+    MakeList(GLS_DETAILS);
+    AddColumns(2);
+    DestroyWindow(list);
+    list.InsertColumn(0, 0, 0, 100, 20, L"A", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    list.InsertItem(0, 0, nullptr, 0, L"a", 0);
+    list.InsertItem(1, 0, nullptr, 0, L"b", 0);
+    MakeList(GLS_ICONS);
+    list.SetHeaderItemSpacing(3);
+    list.Check();
+}
+
 TEST_F(GListLayoutTest, TilesPlaceTheFlaggedColumnsAndTheirCaptions)
 {
     MakeList();

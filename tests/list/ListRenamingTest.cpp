@@ -1,6 +1,7 @@
 // Items of a list are renamed in place, in both behaviours.
 
 #include "../support/AllowMisuse.h"
+#include "../support/Interception.h"
 #include "../support/User.h"
 #include "../support/WithBehavior.h"
 #include "ListFixture.h"
@@ -136,6 +137,21 @@ TEST_P(ListRenamingTest, AColumnInsertedMeanwhileLeavesTheFieldWithItsItem)
     KeyOfField(VK_RETURN);
     EXPECT_EQ(TextOfItem(1), "new");
     EXPECT_EQ(Told(), (Reports{"-175 1", "-176 1 new"}));
+}
+
+TEST_P(ListRenamingTest, TheParentMayBeginAnotherWhileTheFieldIsMade)
+{
+    {
+        const Interception made(list, WM_PARENTNOTIFY, [this] { list.EditItem(2); });
+        EXPECT_FALSE(list.EditItem(1));
+        EXPECT_TRUE(made.Happened());
+    }
+    EXPECT_EQ(TextOf(GetFocus()), "c");
+    EXPECT_EQ(GetWindow(GetWindow(list, GW_CHILD), GW_HWNDNEXT), nullptr) << "one field";
+    Type("new");
+    KeyOfField(VK_RETURN);
+    EXPECT_EQ(TextOfItem(2), "new");
+    EXPECT_EQ(TextOfItem(1), "b");
 }
 
 TEST_P(ListRenamingTest, EachViewWithATextHasAField)

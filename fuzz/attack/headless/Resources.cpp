@@ -12,11 +12,13 @@ namespace {
 
 namespace simulated = gesso::headless;
 
+// A template that is being read stays, whatever runs within: each has a number of its own.
+UINT s_nDepth = 0;
+
 void RunFromResource(World& world, Source& source)
 {
-    static UINT s_nDepth = 0;
     const test::DialogTemplate dialog = AnyTemplate(source);
-    const UINT nId = 700 + s_nDepth++; // a template that is being read stays, whatever runs within
+    const UINT nId = 700 + s_nDepth++;
     simulated::AddResource(simulated::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(nId), dialog.Bytes());
     HostDialog modal(nId);
     modal.DoModal(world.AnyParent(source), simulated::HostModule());
@@ -33,12 +35,14 @@ void MakeRibbon(World& world, Source& source)
             static_cast<BYTE>(source.Next());
     }
     bytes.resize(source.Chance(3) ? source.Below(static_cast<UINT>(bytes.size())) : bytes.size());
-    simulated::AddResource(simulated::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(78),
+    const UINT nId = 700 + s_nDepth++;
+    simulated::AddResource(simulated::HostModule(), L"RT_DLG", MAKEINTRESOURCEW(nId),
                            std::as_bytes(std::span(bytes)));
-    GRibbon ribbon(UINT{78});
+    GRibbon ribbon(nId);
     const HWND hwnd = ribbon.Create(0, 0, source.Size(), 120, world.Host(), simulated::HostModule());
     desk::Pump();
     DestroyWindow(hwnd);
+    --s_nDepth;
 }
 
 } // namespace

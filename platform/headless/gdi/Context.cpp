@@ -124,8 +124,13 @@ bool RemoveOnceReleased(HGDIOBJ object)
     if (!IsSelected(object)) {
         return RemoveObject(object);
     }
-    Doomed().insert(object);
-    return true;
+    return Doomed().insert(object).second;
+}
+
+bool IsDoomed(HGDIOBJ object)
+{
+    const TableLock lock;
+    return Doomed().contains(object);
 }
 
 void RemoveReleased()

@@ -53,8 +53,10 @@ Context* FindContext(HDC hdc);
 // True if a context holds the object, now or in a saved state.
 bool IsSelected(HGDIOBJ object);
 // Ends an object, one that a context holds as soon as none does any more; false if there is none of that
-// handle.
+// handle, and the second time.
 bool RemoveOnceReleased(HGDIOBJ object);
+// Whether it is one that goes so: as good as gone to the program.
+bool IsDoomed(HGDIOBJ object);
 // Ends what RemoveOnceReleased left. Called when a context has given something up.
 void RemoveReleased();
 

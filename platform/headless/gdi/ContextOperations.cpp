@@ -78,7 +78,7 @@ HGDIOBJ WINAPI SelectObject(HDC hdc, HGDIOBJ handle)
     }
     Context* context = FindContext(hdc);
     const Object* object = FindObject(handle);
-    if (!context || !object) {
+    if (!context || !object || IsDoomed(handle)) {
         SetLastError(ERROR_INVALID_HANDLE);
         return nullptr;
     }

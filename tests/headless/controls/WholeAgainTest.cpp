@@ -130,6 +130,39 @@ TYPED_TEST(WholeAgainTest, ControlIsWholeAfterAChangeOfTheStyleWhateverFailedBef
     }
 }
 
+// The message that comes within another one of its kind ends the control.
+template <class CONTROL> class NestedStyleTest : public DrawFixture
+{
+protected:
+    static LRESULT CALLBACK EndWithin(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        s_nDepth += uMsg == WM_THEMECHANGED;
+        const LRESULT lAnswer = CallWindowProcW(CONTROL::WindowProc, hwnd, uMsg, wParam, lParam);
+        if (uMsg == WM_THEMECHANGED && s_nDepth-- == 2) {
+            DestroyWindow(hwnd);
+            delete std::exchange(s_pControl, nullptr);
+        }
+        return lAnswer;
+    }
+
+    static inline int s_nDepth = 0;
+    static inline CONTROL* s_pControl = nullptr;
+};
+
+using WithAStyleOfTheirOwn = testing::Types<GList, GTree, GNavigationBar>;
+TYPED_TEST_SUITE(NestedStyleTest, WithAStyleOfTheirOwn);
+
+TYPED_TEST(NestedStyleTest, AControlMayEndWhenItsStyleComesAtLast)
+{
+    this->s_pControl = new TypeParam;
+    desk::Fail("SetWindowTheme");
+    const HWND hwnd = MakeControl(*this->s_pControl, this->Parent(), 33, STYLE);
+    SetWindowLongPtrW(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(this->EndWithin));
+    SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
+    EXPECT_FALSE(IsWindow(hwnd));
+    EXPECT_EQ(this->s_pControl, nullptr);
+}
+
 template <class CONTROL> class FrameStyleTest : public DrawFixture
 {};
 

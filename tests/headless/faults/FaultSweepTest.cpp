@@ -183,10 +183,10 @@ protected:
         return HealthyPicture(life);
     }
     // What a change of the style does not bring back: what a host told by a message that did not find the
-    // control's object, and the look that the platform was asked for once.
+    // control's object.
     static bool LosesForGood(const desk::FallibleOperation& operation)
     {
-        return operation.name == "GetWindowLongPtrW" || operation.name == "SetWindowTheme";
+        return operation.name == "GetWindowLongPtrW";
     }
     bool Run(const desk::FallibleOperation& operation, int call)
     {
