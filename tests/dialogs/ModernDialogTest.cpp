@@ -38,6 +38,13 @@ protected:
         }
         return hwnd;
     }
+    static RECT WorkAreaOf(HWND hwnd)
+    {
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof(monitor);
+        GetMonitorInfoW(MonitorFromWindow(hwnd, MONITOR_DEFAULTTONEAREST), &monitor);
+        return monitor.rcWork;
+    }
     // From left to right, with ids, the one that has the focus in brackets.
     static std::string Buttons(HWND hDlg)
     {
@@ -178,13 +185,11 @@ TEST_F(ModernDialogTest, ALongTextScrollsWithinTheWorkArea)
     Box(
         MB_OK,
         [](HWND hDlg) {
-            MONITORINFO monitor{};
-            monitor.cbSize = sizeof(monitor);
-            GetMonitorInfoW(MonitorFromWindow(hDlg, MONITOR_DEFAULTTONEAREST), &monitor);
+            const RECT rcWork = WorkAreaOf(hDlg);
             RECT rc{};
             GetWindowRect(hDlg, &rc);
-            EXPECT_LE(rc.bottom - rc.top, monitor.rcWork.bottom - monitor.rcWork.top);
-            EXPECT_GE(rc.top, monitor.rcWork.top);
+            EXPECT_LE(rc.bottom - rc.top, rcWork.bottom - rcWork.top);
+            EXPECT_GE(rc.top, rcWork.top);
             const HWND hwndButton = GetDlgItem(hDlg, IDOK);
             UpdateWindow(hDlg);
             EXPECT_TRUE(SendMessageW(hwndButton, WM_GETDLGCODE, VK_UP, 0) & DLGC_WANTARROWS);
@@ -231,12 +236,10 @@ TEST_F(ModernDialogTest, AWordWiderThanTheScreenIsAsWideAsTheWorkArea)
     Box(
         MB_OK,
         [](HWND hDlg) {
-            MONITORINFO monitor{};
-            monitor.cbSize = sizeof(monitor);
-            GetMonitorInfoW(MonitorFromWindow(hDlg, MONITOR_DEFAULTTONEAREST), &monitor);
+            const RECT rcWork = WorkAreaOf(hDlg);
             RECT rc{};
             GetWindowRect(hDlg, &rc);
-            EXPECT_EQ(rc.right - rc.left, monitor.rcWork.right - monitor.rcWork.left);
+            EXPECT_EQ(rc.right - rc.left, rcWork.right - rcWork.left);
             EndDialog(hDlg, IDOK);
         },
         word.data());
