@@ -1,6 +1,7 @@
 // Items of a tree are renamed in place, in both behaviours.
 
 #include "../support/AllowMisuse.h"
+#include "../support/Interception.h"
 #include "../support/User.h"
 #include "TreeModern.h"
 
@@ -120,6 +121,20 @@ TEST_P(RenamingTest, ASecondEditTakesTheTextOfTheFirst)
     KeyOfField(VK_RETURN);
     EXPECT_EQ(Told(), (Lines{"-459 b", "-460 b first", "-459 a", "-460 a second"}));
     EXPECT_EQ(Narrow(tree.GetItemName(b)), "first");
+}
+
+TEST_P(RenamingTest, TheParentMayBeginAnotherWhileTheFieldIsMade)
+{
+    {
+        const Interception made(tree, WM_PARENTNOTIFY, [this] { tree.EditLabel(a); });
+        EXPECT_FALSE(tree.EditLabel(b));
+        EXPECT_TRUE(made.Happened());
+    }
+    EXPECT_EQ(TextOf(Field()), "a");
+    EXPECT_EQ(GetWindow(GetWindow(tree, GW_CHILD), GW_HWNDNEXT), nullptr) << "one field";
+    Type("new");
+    KeyOfField(VK_RETURN);
+    EXPECT_EQ(Told().back(), "-460 a new");
 }
 
 TEST_P(RenamingTest, AnItemOutOfViewIsBroughtIntoView)
