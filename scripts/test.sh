@@ -83,6 +83,22 @@ run_tests() {
     printf '   %s: %d passed, %d failed\n' "$name" "$good" "$bad"
 }
 
+# in_shards COMMAND...: runs a test program on all cores, each with its share of the tests, and shows one output behind
+# the other.
+in_shards() {
+    local count pids=() status=0 i
+    count=$(nproc)
+    for ((i = 0; i < count; i++)); do
+        GTEST_TOTAL_SHARDS=$count GTEST_SHARD_INDEX=$i "$@" >"$LOGS/shard-$i.log" 2>&1 &
+        pids+=($!)
+    done
+    for ((i = 0; i < count; i++)); do
+        wait "${pids[i]}" || status=$?
+        cat "$LOGS/shard-$i.log"
+    done
+    return "$status"
+}
+
 last_test() {
     grep '^\[ RUN' "$1" | tail -n 1 | tr -d '\r'
 }
@@ -105,7 +121,7 @@ step_style() {
 
 step_headless() {
     check_build headless || return
-    run_tests headless timeout --kill-after=10 "$TEST_SECONDS" build/headless/tests/gesso_tests
+    run_tests headless in_shards timeout --kill-after=10 "$TEST_SECONDS" build/headless/tests/gesso_tests
     check "the code in the docs compiles" scripts/check-docs.py
 }
 
