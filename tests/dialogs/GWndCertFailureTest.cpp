@@ -70,9 +70,9 @@ TEST_F(GWndCertFailureTest, CommandsOfOthersAndAButtonWithoutACallbackDoNothing)
     EXPECT_EQ(Run(CFT_UNTRUSTED, 0,
                   [](HWND hDlg) {
                       for (const int nId : {CHECKBOX, SHOW, 999}) {
-                          EXPECT_EQ(
-                              GWndCertFailure::DialogProc(hDlg, WM_COMMAND, static_cast<WPARAM>(nId), 0), 1);
+                          SendMessageW(hDlg, WM_COMMAND, static_cast<WPARAM>(nId), 0);
                       }
+                      EXPECT_EQ(GWndCertFailure::DialogProc(hDlg, WM_COMMAND, 999, 0), 1);
                       SendMessageW(hDlg, WM_COMMAND, IDYES, 0);
                   }),
               static_cast<DWORD>(IDYES));

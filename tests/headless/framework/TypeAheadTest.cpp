@@ -90,6 +90,9 @@ TEST_F(TypeAheadTest, WhatIsNoTextJoinsNoWord)
         word.push_back(i % 2 ? L'a' : L'b');
     }
     word.push_back(0);
+    for (int i = 0; i < 200; ++i) {
+        EXPECT_TRUE(m_word.Add(i % 2 ? L'a' : L'b'));
+    }
     m_items = {L"b", word.data()};
     EXPECT_EQ(TypeAnew(word.data()), 1u) << "what is longer than a word goes by its start";
 }
