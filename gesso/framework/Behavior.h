@@ -10,6 +10,9 @@
 constexpr DWORD GBS_AUTO = 0x0200;   // a click changes the mark by itself, before BN_CLICKED is sent
 constexpr DWORD GBS_3STATE = 0x0400; // with GBS_AUTO, of a check box: three marks rather than two
 
+// Notification of a ribbon, in Modern: another tab is active. GLISTNOTIFY; iItem is the page's index, or -1.
+constexpr UINT GRN_TABCHANGED = 0u - 700u;
+
 namespace gesso {
 
 enum class Behavior

@@ -131,6 +131,10 @@ inline constexpr Measure RIBBON_MEDIUM_TEXT{26}; // the text beside an image, fr
 inline constexpr Measure RIBBON_LARGE_IMAGE_SHIFT{4};
 inline constexpr Measure RIBBON_LARGE_TEXT{10}; // from the top, without an image and under one
 inline constexpr Measure RIBBON_LARGE_TEXT_UNDER_IMAGE{42};
+inline constexpr Measure RIBBON_LARGE_IMAGE_OVER_LINES{4}; // from the top, where two lines have room under it
+inline constexpr Measure RIBBON_LARGE_TEXT_LINES{37};
+inline constexpr Measure RIBBON_FOCUS_INSET{2}; // of a focus rectangle in an item's face
+inline constexpr Measure RIBBON_TAB_FOCUS_INSET{3};
 inline constexpr Measure RIBBON_BOX_LEFT{8};
 inline constexpr Measure RIBBON_BOX_TOP{5};
 inline constexpr Measure RIBBON_BOX_BOTTOM{3}; // beyond the item's

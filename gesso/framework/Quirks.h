@@ -46,6 +46,15 @@ enum class Quirk
     PaneRangeIsEven,        // every row of a pane counts as high as an item
     PaneHasNoKeys,          // no key moves a pane's selection, and Space is a button's click
 
+    // GRibbon and GRibbonPage
+    RibbonTakesNoKeys,        // the ribbon is no Tab stop, and takes neither focus nor keys
+    RibbonTabsSilent,         // another tab becomes active, and nobody is told
+    RibbonActiveStaysByIndex, // the active tab keeps its number when a page is removed
+    RibbonWindowsStay,        // hosted windows show whichever page is active
+    RibbonCheckedLooksHot,    // a checked box is drawn one state beyond its own
+    RibbonHotStays,           // an item looks hot or pressed where the pointer is no more
+    RibbonTextCutOff,         // a large button with an image has no room for a second line
+
     // Dialogs
     TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need
 

@@ -3,14 +3,15 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
-#include <gesso/ribbon/GRibbon.h>
-#include <gesso/ribbon/GRibbonPage.h>
 #include <gesso/ribbon/RibbonImages.h>
+#include <gesso/ribbon/RibbonInside.h>
 
 using gesso::Color;
 using gesso::ColorOf;
 using gesso::Frame;
+using gesso::Quirk;
 namespace Metrics = gesso::Metrics;
 
 constinit ATOM GRibbon::s_aClass = 0;
@@ -69,8 +70,9 @@ HWND GRibbon::Create(int x, int y, int cx, int cy, HWND hwndParent, HINSTANCE hI
     m_hSmallImages.Reset();
     TakeMissingImages(hInstance);
     const gesso::Lifeline life(*this);
+    const DWORD dwTabStop = gesso::WillHave(Quirk::RibbonTakesNoKeys) ? 0 : WS_TABSTOP;
     const HWND hwnd = Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), {x, y, cx, cy, hwndParent},
-                                          0, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN);
+                                          0, 0, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | dwTabStop);
     if (!hwnd && life) {
         m_hLargeImages.Reset();
         m_hSmallImages.Reset();
@@ -128,6 +130,25 @@ void GRibbon::TakeMissingImages(HINSTANCE hInstance)
     gesso::ImageListHandle hSmall;
     (m_hLargeImages ? hLarge : m_hLargeImages).Reset(images.hLarge);
     (m_hSmallImages ? hSmall : m_hSmallImages).Reset(images.hSmall);
+}
+
+void GRibbon::SetImageLists(HIMAGELIST hLarge, HIMAGELIST hSmall)
+{
+    m_inside->hLargeImages = hLarge;
+    m_inside->hSmallImages = hSmall;
+    Invalidate(0);
+}
+
+HIMAGELIST GRibbon::LargeImages() const
+{
+    const HIMAGELIST hOfHost = m_inside->hLargeImages;
+    return hOfHost ? hOfHost : m_hLargeImages;
+}
+
+HIMAGELIST GRibbon::SmallImages() const
+{
+    const HIMAGELIST hOfHost = m_inside->hSmallImages;
+    return hOfHost ? hOfHost : m_hSmallImages;
 }
 
 // Opens the pages' style anew, and makes what could not be made before. Images that are lacking come from the
@@ -206,8 +227,10 @@ LRESULT GRibbon::OnMouseMove(WPARAM wKeys, POINTS pt)
         Invalidate(0);
     }
     GRibbonPage* pPage = ActivePage();
-    if (m_nHot == RIBBON_NONE && pPage) {
+    if (pPage && m_nHot == RIBBON_NONE) {
         pPage->OnMouseMove(wKeys, pt);
+    } else if (pPage) {
+        pPage->ForgetPointer();
     }
     return 0;
 }
@@ -247,6 +270,17 @@ LRESULT GRibbon::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_WINDOWPOSCHANGED: return OnWindowPosChanged();
     case WM_COMMAND:
     case WM_NOTIFY: return PassToParent(m_hWnd, uMsg, wParam, lParam);
+    case WM_GETDLGCODE:
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+    case WM_KEYDOWN: return OnKeyboardMessage(uMsg, wParam, lParam);
+    default: return OnMouseMessage(uMsg, wParam, lParam);
+    }
+}
+
+LRESULT GRibbon::OnMouseMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    switch (uMsg) {
     case WM_LBUTTONDOWN: return OnLButtonDown(wParam, gesso::PointOf(lParam));
     case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
     case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));

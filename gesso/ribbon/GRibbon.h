@@ -12,17 +12,51 @@
 // The ribbon owns the pages that are in it. Its two image lists may come from a template resource
 // (RibbonTemplate.h). A copy shares the window and the pages and owns none of them.
 //
-// Sends to its parent: nothing of its own, not even a change of tab. WM_COMMAND comes from the pages' items;
-// WM_COMMAND and WM_NOTIFY that hosted windows send to the ribbon are passed on. Answers WM_PRINTCLIENT. It
-// takes no focus and no keys.
+// Sends to its parent: WM_COMMAND comes from the pages' items; WM_COMMAND and WM_NOTIFY that hosted windows
+// send to the ribbon are passed on. Answers WM_PRINTCLIENT. In Classic that is all: it takes no focus and no
+// keys, and tells no change of tab.
+//
+// In Modern it is a Tab stop. Arrows go over the tabs, which become active, and from there by Down over the
+// page's items; Up goes back. Enter and Space press the item, Ctrl+Page Up and Page Down change the tab from
+// everywhere, Home and End go to the first and the last. Esc gives the focus back to where it was. It sends
+// NM_SETFOCUS, NM_KILLFOCUS, and GRN_TABCHANGED (framework/Behavior.h) after each change of the active tab,
+// by the user and by call. Hosted windows show while their page does.
 #pragma once
 
 #include <gesso/containers/Index.h>
+#include <gesso/containers/OArray.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/OwnedHandles.h>
-#include <gesso/ribbon/OwnedSet.h>
 
 class GRibbonPage;
+
+namespace gesso {
+
+struct RibbonInside;
+
+// A ribbon's hold on what is Gesso's own of it, made when it is first asked for. A copy has one of its own,
+// with the host's image lists.
+//
+// Fixed behaviour: the size, and that bit 0 of the word says that the pointer is this object's. Programs that
+// were built when a set of pages stood here put an empty one into a copy, whose first word has no such bit.
+class GESSO_API RibbonInsideHold
+{
+public:
+    RibbonInsideHold() noexcept = default;
+    RibbonInsideHold(const RibbonInsideHold& other);
+    RibbonInsideHold& operator=(const RibbonInsideHold& other);
+    ~RibbonInsideHold();
+
+    RibbonInside& operator*() const;
+    RibbonInside* operator->() const { return &**this; }
+
+private:
+    static constexpr UINT_PTR OWN = 1;
+    mutable UINT_PTR m_word = 0;
+    UINT_PTR m_room[2]{};
+};
+
+} // namespace gesso
 
 // Bits of a tab's status. The others are stored and mean nothing.
 constexpr UINT RIBBON_TAB_VISIBLE = 0x1;
@@ -66,7 +100,9 @@ public:
     // would find its tabs renamed.
     virtual UINT AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle);
     // Takes the page out and repaints; it belongs to the caller again, who deletes it. A page that is not in
-    // the ribbon is ignored. Where no tab is left behind the active one's place, the last becomes active.
+    // the ribbon is ignored. In Classic the active tab keeps its number: the next page shows where the active
+    // one goes, or the last where none is left behind it. In Modern the active page stays active; where it is
+    // the one that goes, none is, until SetActive, and the page's hosted windows are hidden.
     virtual void RemovePage(GRibbonPage* pPage);
     // Sets the page's title and the width of its tab; nothing without memory. Does not repaint.
     virtual void RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle);
@@ -75,7 +111,7 @@ public:
     // The first page with that id, or null.
     virtual GRibbonPage* GetPage(DWORD dwId);
 
-    // Makes a tab active and repaints. An index beyond the tabs shows no page.
+    // Makes a tab active and repaints. An index beyond the tabs shows no page. In Modern the parent is told.
     void SetActive(UINT nIndex);
     // Shows (RIBBON_TAB_VISIBLE) or hides (0) a tab and repaints. Where the active one is hidden, the next
     // visible one becomes active, or else the nearest one before it, or else the first, though hidden. An
@@ -83,6 +119,10 @@ public:
     void SetStatus(UINT nIndex, UINT uStatus);
     // What pages draw with; the handles stay the ribbon's. Null before the window is made.
     void GetPageDrawInfo(HBRUSH* phBrush, HPEN* phPen, HFONT* phFont) const;
+    // The images that items are drawn with, instead of the ribbon's own; null goes back to these. Large ones
+    // are drawn 32 pixels wide and high, small ones 16. They stay the host's, who destroys them when the
+    // ribbon has gone or has others. Before or after Create; repaints.
+    void SetImageLists(HIMAGELIST hLarge, HIMAGELIST hSmall);
 
     // Draws the ribbon at the origin of a context.
     void Draw(HDC hdc);
@@ -126,18 +166,25 @@ protected:
 
 private:
     friend class gesso::Frame;
+    friend struct gesso::RibbonInside;
     friend class GRibbonPage;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnKeyboardMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnThemeChanged();
     void MakeMissingTools();
     void ReleaseTools();
     void TakeMissingImages(HINSTANCE hInstance);
     static void DeletePage(GRibbonPage* pPage);
     void ChangeActive(UINT nIndex);
+    void TurnPages(GRibbonPage* pFormer);
+    void OnPageRemoved(GRibbonPage* pPage, UINT nIndex);
     void ChangeHot(UINT nIndex);
     bool IsVisible(UINT nIndex) const;
     UINT IndexOf(const GRibbonPage* pPage) const;
     GRibbonPage* ActivePage() const;
+    HIMAGELIST LargeImages() const;
+    HIMAGELIST SmallImages() const;
     UINT MeasureTitle(LPCWSTR pszTitle) const;
     UINT TabToShowInsteadOf(UINT nIndex) const;
     template <class VISIT> void VisitTabs(VISIT visit) const;
@@ -145,5 +192,17 @@ private:
     void DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) const;
     void DrawHotTab(HDC hdc, int nLeft, int nRight) const;
 
-    gesso::OwnedSet<GRibbonPage*, DeletePage> m_ownPages;
+    bool ShowsFocus() const;
+    UINT FocusItem() const;
+    HWND WindowBefore() const;
+    LRESULT OnGetDlgCode(const MSG* pMessage) const;
+    LRESULT OnSetFocus(HWND hwndFormer);
+    LRESULT OnKeyDown(UINT uKey, bool fRepeated);
+    void StepTab(UINT nFrom, int nStep);
+    void StepItem(UINT uFrom, int nStep);
+    void StepOnLevel(int nStep, bool fFromEnd);
+    void LeaveItems();
+    void PressFocusItem();
+
+    gesso::RibbonInsideHold m_inside;
 };

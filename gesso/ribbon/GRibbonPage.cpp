@@ -235,31 +235,6 @@ void GRibbonPage::RemoveItem(DWORD dwGroupId, DWORD dwItemId)
     OnItemsChanged(*pGroup, nIndex);
 }
 
-void GRibbonPage::AddWindow(DWORD dwGroupId, HWND hwnd)
-{
-    AddWindow(dwGroupId, &hwnd, 1);
-}
-
-void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
-{
-    Group* pGroup = FindGroup(dwGroupId);
-    if (!phwnd) {
-        return gesso::Misuse("GRibbonPage::AddWindow: no windows");
-    }
-    if (!pGroup || !pGroup->aItems.AllocExtra(pGroup->aItems.GetLength() + nCount)) {
-        return;
-    }
-    for (UINT i = 0; i < nCount; i++) {
-        Item item{};
-        item.hwnd = phwnd[i];
-        pGroup->aItems.Add(item);
-    }
-    // Last, since the host may answer the messages of this by changing the page.
-    for (UINT i = 0; i < nCount; i++) {
-        ShowWindow(phwnd[i], SW_SHOW);
-    }
-}
-
 // False, with nothing done, without memory.
 bool GRibbonPage::TakeInfo(Item& item, const ItemInfo& info)
 {

@@ -31,6 +31,7 @@
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/ThemeHandle.h>
 #include <gesso/ribbon/GRibbon.h>
+#include <gesso/ribbon/OwnedSet.h>
 
 // Kinds of item.
 constexpr UINT RIT_WINDOW = 0;
@@ -150,6 +151,8 @@ public:
     virtual void RemoveItem(DWORD dwGroupId, DWORD dwItemId);
 
     // Shows the host's window (a child of the ribbon) and notes it in the group. The host places it itself.
+    // In Modern the window shows while the page is the active one, and on another page is hidden until then;
+    // one that the host hides meanwhile stays hidden.
     void AddWindow(DWORD dwGroupId, HWND hwnd);
     void AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount);
 
@@ -214,9 +217,22 @@ private:
     static void ChangeCheck(Item& item, bool fChecked);
     void OnItemsChanged(Group& group, UINT nFirstChanged);
     int StateOf(UINT uItem, const Item& item) const;
+    int StateAsItIs(UINT uItem, const Item& item) const;
     void DrawItems(HDC hdc, UINT nGroup) const;
     void Click(UINT uItem);
     void TrackLeave();
+    void ForgetPointer();
+    bool KeepsHot() const;
+    void Settle();
+
+    UINT FocusItem() const;
+    UINT NextReachable(UINT uFrom, int nStep) const;
+    void ChangeFocusItem(UINT uItem);
+    void EnterFocusItem(bool fPress);
+
+    bool WindowsFollow() const;
+    void UpdateWindows();
+    HWND NextWindow(bool fShow);
 
     HWND m_hwndRibbon = nullptr;
     gesso::OwnedSet<void*, FreeBlock> m_ownBlocks; // the items' texts and options

@@ -3,6 +3,7 @@
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/Wrapped.h>
 #include <gesso/ribbon/GRibbonPageWatch.h>
@@ -13,6 +14,7 @@ using gesso::ColorOf;
 using gesso::Measure;
 using gesso::Pixels;
 using gesso::PlainPart;
+using gesso::Quirk;
 using gesso::ThemePart;
 using Group = GRibbonPage::Group;
 using Item = GRibbonPage::Item;
@@ -20,9 +22,12 @@ namespace Metrics = gesso::Metrics;
 
 namespace {
 
+// From the plain states of a check box to the checked ones.
+//
 // Fixed behaviour: a checked box is drawn one state beyond that of its plain counterpart, which the style
 // draws hot where nothing is under the pointer. The counterpart itself would look unlike every ribbon so far.
-constexpr int CHECKED_STATES = 5;
+constexpr int CHECKED_STATES = CBS_CHECKEDNORMAL - CBS_UNCHECKEDNORMAL;
+constexpr int CHECKED_STATES_HOT = CHECKED_STATES + 1;
 
 // Drawing has no coordinates beyond this, and what is added to one that is nearer stays in an int's range.
 constexpr int FARTHEST = 0x7FFFFFF;
@@ -41,6 +46,8 @@ struct ItemPainter
     HTHEME hTheme;
     HIMAGELIST hLargeImages;
     HIMAGELIST hSmallImages;
+    int nCheckedStates;
+    bool fTwoLines; // there is room for them under a large image
 
     void Draw(const Item& item, const RECT& rc, int nState) const
     {
@@ -53,6 +60,21 @@ struct ItemPainter
 
     int At(Measure measure) const { return Pixels(hwnd, measure); }
 
+    // What a button fills.
+    RECT Face(const RECT& rc) const
+    {
+        const int nNear = At(Metrics::RIBBON_FACE_LEFT_TOP), nFar = At(Metrics::RIBBON_FACE_RIGHT_BOTTOM);
+        return {rc.left + nNear, rc.top + nNear, rc.right + nFar, rc.bottom + nFar};
+    }
+
+    void DrawFocus(const RECT& rc) const
+    {
+        RECT rcFocus = Face(rc);
+        const int nInset = At(Metrics::RIBBON_FOCUS_INSET);
+        InflateRect(&rcFocus, -nInset, -nInset);
+        DrawFocusRect(hdc, &rcFocus);
+    }
+
     // Where a text ends in its item: one pixel beyond it.
     RECT TextRoom(const RECT& rc, int left, int top) const
     {
@@ -63,8 +85,7 @@ struct ItemPainter
     {
         const ThemePart part(hTheme, hdc, BP_PUSHBUTTON, nState, PlainPart::PushButton);
         if (nState > PBS_NORMAL) {
-            const int nNear = At(Metrics::RIBBON_FACE_LEFT_TOP), nFar = At(Metrics::RIBBON_FACE_RIGHT_BOTTOM);
-            part.DrawBackground({rc.left + nNear, rc.top + nNear, rc.right + nFar, rc.bottom + nFar});
+            part.DrawBackground(Face(rc));
         }
         switch (item.wSize) {
         case RIS_SMALL: return DrawSmallImage(item, rc);
@@ -85,20 +106,23 @@ struct ItemPainter
 
     void DrawLarge(const ThemePart& part, const Item& item, const RECT& rc) const
     {
-        int nTextTop = rc.top + At(Metrics::RIBBON_LARGE_TEXT);
+        RECT rcText =
+            TextRoom(rc, rc.left + At(Metrics::RIBBON_CONTENT), rc.top + At(Metrics::RIBBON_LARGE_TEXT));
         if (item.nImage != -1) {
             const int cx = At(Metrics::RIBBON_LARGE_IMAGE);
             const int x = (rc.right - rc.left - cx) / 2 + rc.left + At(Metrics::RIBBON_LARGE_IMAGE_SHIFT);
-            DrawImage(hLargeImages, item.nImage, x, rc.top + At(Metrics::RIBBON_CONTENT), cx);
-            nTextTop = rc.top + At(Metrics::RIBBON_LARGE_TEXT_UNDER_IMAGE);
+            const Measure top = fTwoLines ? Metrics::RIBBON_LARGE_IMAGE_OVER_LINES : Metrics::RIBBON_CONTENT;
+            DrawImage(hLargeImages, item.nImage, x, rc.top + At(top), cx);
+            rcText.top = rc.top + At(fTwoLines ? Metrics::RIBBON_LARGE_TEXT_LINES
+                                               : Metrics::RIBBON_LARGE_TEXT_UNDER_IMAGE);
+            rcText.bottom = fTwoLines ? Face(rc).bottom : rcText.bottom;
         }
-        DrawItemText(part, item, TextRoom(rc, rc.left + At(Metrics::RIBBON_CONTENT), nTextTop),
-                     DT_CENTER | DT_WORDBREAK);
+        DrawItemText(part, item, rcText, DT_CENTER | DT_WORDBREAK);
     }
 
     void DrawCheckBox(const Item& item, const RECT& rc, int nState) const
     {
-        const int nBoxState = nState + (item.uFlags & RIF_CHECKED ? CHECKED_STATES : 0);
+        const int nBoxState = nState + (item.uFlags & RIF_CHECKED ? nCheckedStates : 0);
         const ThemePart part(hTheme, hdc, BP_CHECKBOX, nBoxState, PlainPart::CheckBox);
         const int nLeft = rc.left + At(Metrics::RIBBON_BOX_LEFT);
         const RECT rcBox{nLeft, rc.top + At(Metrics::RIBBON_BOX_TOP), nLeft + part.Size(nullptr).cx,
@@ -178,8 +202,15 @@ void GRibbonPage::Draw(HDC hdc)
 
 void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
 {
-    const ItemPainter painter{RibbonWindow(), hdc, m_hTheme, m_pRibbon->m_hLargeImages,
-                              m_pRibbon->m_hSmallImages};
+    const GRibbon& ribbon = *m_pRibbon;
+    const ItemPainter painter{RibbonWindow(),
+                              hdc,
+                              m_hTheme,
+                              ribbon.LargeImages(),
+                              ribbon.SmallImages(),
+                              Has(ribbon, Quirk::RibbonCheckedLooksHot) ? CHECKED_STATES_HOT : CHECKED_STATES,
+                              !Has(ribbon, Quirk::RibbonTextCutOff)};
+    const UINT uFocusItem = ribbon.ShowsFocus() && ribbon.ActivePage() == this ? FocusItem() : RIBBON_NONE;
     // Once for all of them: a switch of fonts can cost more than the text.
     const gesso::SelectScope font(hdc, m_hItemFont);
     const Group& group = m_aGroups[nGroup];
@@ -191,8 +222,24 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
             continue;
         }
         gesso::LayoutOverlay::Add(hdc, rc);
-        painter.Draw(item, rc, StateOf(gesso::ItemCode(nGroup, i), item));
+        const UINT uItem = gesso::ItemCode(nGroup, i);
+        painter.Draw(item, rc, KeepsHot() ? StateOf(uItem, item) : StateAsItIs(uItem, item));
+        if (uItem == uFocusItem) {
+            painter.DrawFocus(rc);
+        }
     }
+}
+
+// Pressed is what was pressed, while the pointer is on it; nothing else is hot meanwhile.
+int GRibbonPage::StateAsItIs(UINT uItem, const Item& item) const
+{
+    if (item.uFlags & RIF_DISABLED) {
+        return PBS_DISABLED;
+    }
+    if (m_uState & GWS_PRESSED) {
+        return uItem == m_press.item && uItem == m_hover.item ? PBS_PRESSED : PBS_NORMAL;
+    }
+    return uItem == m_uHotItem ? PBS_HOT : PBS_NORMAL;
 }
 
 int GRibbonPage::StateOf(UINT uItem, const Item& item) const

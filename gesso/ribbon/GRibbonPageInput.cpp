@@ -1,5 +1,6 @@
 // The mouse, in the ribbon's client coordinates. It comes from the ribbon, while the page is the active one.
 
+#include <gesso/framework/Quirks.h>
 #include <gesso/ribbon/GRibbonPageWatch.h>
 
 #include <utility>
@@ -32,6 +33,9 @@ LRESULT GRibbonPage::OnLButtonDown(WPARAM, POINTS pt)
     m_press.pt = pt;
     HitTest(&m_press);
     ChangeHot(m_press.item);
+    if (!KeepsHot()) {
+        m_hover = m_press; // the pointer may have come without a move
+    }
     SetCapture(RibbonWindow());
     return 0;
 }
@@ -68,6 +72,10 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
     InvalidateRibbon();
     HitTestInfo release{pt, RIBBON_NONE, RIBBON_NONE};
     HitTest(&release);
+    if (!KeepsHot()) {
+        m_hover = release;
+        ChangeHot(release.item);
+    }
     m_press.group = RIBBON_NONE;
     if (std::exchange(m_press.item, RIBBON_NONE) == release.item) {
         Click(release.item);
@@ -104,12 +112,40 @@ GRibbonPage::Item* GRibbonPage::ItemOfCode(UINT uItem)
 
 // Fixed behaviour: the hot item stays as it is until the next move. The item that a click opened something
 // over would otherwise lose its highlight while that is open.
+bool GRibbonPage::KeepsHot() const
+{
+    return !RibbonWindow() || Has(*m_pRibbon, gesso::Quirk::RibbonHotStays);
+}
+
 LRESULT GRibbonPage::OnMouseLeave()
 {
     ChangeState(GWS_HOT | GWS_TRACKING, false);
     m_hover.group = m_hover.item = RIBBON_NONE;
+    if (!KeepsHot()) {
+        ChangeHot(RIBBON_NONE);
+    }
     InvalidateRibbon();
     return 0;
+}
+
+// The pointer is over the tabs.
+void GRibbonPage::ForgetPointer()
+{
+    if (m_hover.item != RIBBON_NONE && !KeepsHot()) {
+        m_hover.group = m_hover.item = RIBBON_NONE;
+        ChangeHot(RIBBON_NONE);
+        InvalidateRibbon();
+    }
+}
+
+// Another page is active now.
+void GRibbonPage::Settle()
+{
+    ChangeState(GWS_HOT | GWS_PRESSED, false);
+    m_press.group = m_press.item = RIBBON_NONE;
+    m_hover.group = m_hover.item = RIBBON_NONE;
+    ChangeHot(RIBBON_NONE);
+    ChangeFocusItem(RIBBON_NONE);
 }
 
 LRESULT GRibbonPage::OnCaptureChanged(HWND hwndNew)

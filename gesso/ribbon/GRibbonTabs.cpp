@@ -1,11 +1,18 @@
-// The tabs and their pages: which there are, which one is active, and which shows instead of a hidden one.
+// The tabs and their pages: which there are, which one is active, which shows instead of a hidden one, and
+// what comes with a change.
 
 #include <gesso/containers/Misuse.h>
+#include <gesso/framework/Behavior.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/ribbon/GRibbon.h>
-#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
+#include <gesso/list/GListNotify.h>
+#include <gesso/ribbon/RibbonInside.h>
 
 #include <memory>
+#include <utility>
+
+using gesso::Quirk;
 
 namespace {
 
@@ -26,7 +33,7 @@ void GRibbon::DeletePage(GRibbonPage* pPage)
 
 UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
 {
-    if (!m_aTabs.AllocExtra(m_aTabs.GetLength() + 1) || !m_ownPages.Reserve(1)) {
+    if (!m_aTabs.AllocExtra(m_aTabs.GetLength() + 1) || !m_inside->ownPages.Reserve(1)) {
         return RIBBON_NONE;
     }
     if (!pPage) {
@@ -39,13 +46,14 @@ UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
     }
     if (IndexOf(pPage) != RIBBON_NONE) {
         gesso::Misuse("GRibbon::AddPage: a page that is in the ribbon already");
-        m_ownPages.Forget(pPage);
+        m_inside->ownPages.Forget(pPage);
     }
-    m_ownPages.Add(pPage);
+    m_inside->ownPages.Add(pPage);
     const UINT uWidth = MeasureTitle(pszTitle ? pszTitle : pPage->Title());
     const UINT nIndex = m_aTabs.Add({uWidth, RIBBON_TAB_VISIBLE, pPage});
     pPage->Create(this);
     Invalidate(0);
+    pPage->UpdateWindows();
     return nIndex;
 }
 
@@ -55,12 +63,27 @@ void GRibbon::RemovePage(GRibbonPage* pPage)
     if (nIndex == RIBBON_NONE) {
         return;
     }
-    m_ownPages.Forget(pPage);
+    m_inside->ownPages.Forget(pPage);
     m_aTabs.RemoveAt(nIndex, 1);
     Invalidate(0);
-    if (m_nActive >= m_aTabs.GetLength()) {
-        ChangeActive(m_aTabs.GetLength() - 1);
+    if (!Has(*this, Quirk::RibbonActiveStaysByIndex)) {
+        OnPageRemoved(pPage, nIndex);
+    } else if (m_nActive >= m_aTabs.GetLength()) {
+        m_nActive = m_aTabs.GetLength() - 1;
     }
+}
+
+// The active page has another number now, or is the one that went. The parent may do anything here.
+void GRibbon::OnPageRemoved(GRibbonPage* pPage, UINT nIndex)
+{
+    if (nIndex == m_nActive) {
+        m_nActive = RIBBON_NONE;
+        return TurnPages(pPage);
+    }
+    if (m_nActive != RIBBON_NONE && nIndex < m_nActive) {
+        m_nActive--;
+    }
+    pPage->UpdateWindows();
 }
 
 void GRibbon::RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle)
@@ -100,13 +123,44 @@ GRibbonPage* GRibbon::GetPage(DWORD dwId)
 void GRibbon::SetActive(UINT nIndex)
 {
     ChangeActive(nIndex);
-    Invalidate(0);
 }
 
-// The one place where the active tab changes.
+// The one place where another tab becomes active. The parent may do anything here.
 void GRibbon::ChangeActive(UINT nIndex)
 {
-    m_nActive = nIndex;
+    const bool fSilent = Has(*this, Quirk::RibbonTabsSilent);
+    if (!fSilent && nIndex >= m_aTabs.GetLength()) {
+        nIndex = RIBBON_NONE;
+    }
+    GRibbonPage* pFormer = ActivePage();
+    const UINT nFormer = std::exchange(m_nActive, nIndex);
+    Invalidate(0);
+    if (!fSilent && nIndex != nFormer) {
+        TurnPages(pFormer);
+    }
+}
+
+// What comes with another active tab: a press ends, the hosted windows change, and the parent is told.
+void GRibbon::TurnPages(GRibbonPage* pFormer)
+{
+    const UINT nIndex = m_nActive;
+    const gesso::Watch watch(*this);
+    if (pFormer) {
+        pFormer->Settle();
+        pFormer->UpdateWindows();
+    }
+    if (watch && GetCapture() == m_hWnd) {
+        ReleaseCapture();
+    }
+    if (GRibbonPage* pPage = watch ? ActivePage() : nullptr) {
+        pPage->UpdateWindows();
+    }
+    // Told of a later change already, or of none without a window.
+    if (watch && m_hWnd && m_nActive == nIndex) {
+        GLISTNOTIFY record{};
+        record.iItem = static_cast<int>(nIndex);
+        gesso::Frame::SendNotify(*this, GRN_TABCHANGED, &record.hdr);
+    }
 }
 
 void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
@@ -117,8 +171,9 @@ void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
     m_aTabs[nIndex].uStatus = uStatus;
     if (nIndex == m_nActive && !IsVisible(nIndex)) {
         ChangeActive(TabToShowInsteadOf(nIndex));
+    } else {
+        Invalidate(0);
     }
-    Invalidate(0);
 }
 
 UINT GRibbon::TabToShowInsteadOf(UINT nIndex) const

@@ -11,7 +11,7 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/WindowClass.h>
-#include <gesso/ribbon/GRightClickMenu.h>
+#include <gesso/ribbon/TrackedMenu.h>
 
 using gesso::Color;
 using gesso::ColorOf;
@@ -109,7 +109,8 @@ UINT GRightClickMenu::GetValueCount() const
     return m_aValues.GetLength();
 }
 
-void GRightClickMenu::DrawRows(HDC hdc) const
+// From the given row on.
+void GRightClickMenu::DrawRows(HDC hdc, UINT nFirst) const
 {
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
@@ -119,7 +120,7 @@ void GRightClickMenu::DrawRows(HDC hdc) const
     const gesso::TextColorScope color(hdc, m_crText);
     const int cyRow = Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT);
     RECT rcRow{rc.left, rc.top, rc.right, rc.top + cyRow};
-    for (UINT i = 0; i < m_aValues.GetLength(); i++) {
+    for (UINT i = nFirst; i < m_aValues.GetLength(); i++) {
         gesso::LayoutOverlay::Add(hdc, rcRow);
         if (static_cast<int>(i) == m_nHot) {
             FillColor(hdc, rcRow, ColorOf(Color::ValueMenuHotFill));
@@ -149,7 +150,7 @@ LRESULT GRightClickMenu::OnPaint()
     const gesso::Watch watch(*this);
     const gesso::BufferedPaint paint(m_hWnd);
     if (watch) {
-        DrawRows(paint.Context());
+        DrawRows(paint.Context(), 0);
     }
     return 0;
 }
@@ -179,6 +180,18 @@ LRESULT GRightClickMenu::OnLButtonUp(WPARAM, POINTS pt)
     // An owner that deleted the object alone has left the window to be ended.
     EndMenu(hwnd, FromHwnd(hwnd) == this, hwndOwner);
     return 0;
+}
+
+UINT GRightClickMenu::Track(HWND hwndOwner, int x, int y, const LPCWSTR* ppszValues, UINT nCount,
+                            UINT uChecked)
+{
+    if (!IsWindow(hwndOwner) || !ppszValues) {
+        gesso::Misuse("GRightClickMenu::Track: no owner, or no texts");
+        return gesso::NO_INDEX;
+    }
+    gesso::TrackedMenu menu(ppszValues, nCount, uChecked);
+    const bool fKept = nCount > 0 && menu.GetValueCount() == nCount;
+    return fKept ? menu.Run(hwndOwner, {x, y}) : gesso::NO_INDEX;
 }
 
 void GRightClickMenu::Kill()

@@ -20,14 +20,26 @@
 //         }
 //     };
 //
-// Sends to its owner: WM_COMMAND with the window's id in the low word of wParam, the row from 0 in the high
-// word, and the window in lParam; the window then goes and the owner is shown. A row beyond the values is
-// told as well. It takes no capture, no focus and no keys: the host destroys the window to dismiss it.
+// Track needs none of that: it shows the menu, waits for the choice and returns it.
+//
+//     const LPCWSTR values[] = {L"Open", L"Rename", L"Delete"};
+//     const UINT nChoice = GRightClickMenu::Track(hwnd, x, y, values, 3, -1);
+//
+// Sends to its owner, but for Track: WM_COMMAND with the window's id in the low word of wParam, the row from
+// 0 in the high word, and the window in lParam; the window then goes and the owner is shown. A row beyond the
+// values is told as well. It takes no capture, no focus and no keys: the host destroys the window to dismiss
+// it.
 #pragma once
 
 #include <gesso/containers/OArray.h>
 #include <gesso/containers/OString.h>
 #include <gesso/framework/GWnd.h>
+
+namespace gesso {
+
+class TrackedMenu;
+
+} // namespace gesso
 
 class GESSO_API GRightClickMenu : public GWnd
 {
@@ -49,6 +61,14 @@ public:
     // Valid until the row changes; the empty text for a row that is not there.
     LPCWSTR GetValue(UINT nIndex) const;
     UINT GetValueCount() const;
+
+    // Shows a menu of nCount texts at a point of the screen, moved so that it is on the point's monitor, as
+    // wide as the texts need, in g_hDefaultFont, and returns the index of the one that was chosen, by click
+    // or by arrows and Enter; -1 for none: by Esc, by a click elsewhere, which goes on to where it was meant,
+    // by another program that is activated, or where the owner goes. Messages are dispatched meanwhile; keys
+    // go to the menu, and the focus stays where it is. uChecked is the row that is marked at first, or -1. In
+    // both behaviours. -1 at once for no owner, for one that is not there, and for no texts.
+    static UINT Track(HWND hwndOwner, int x, int y, const LPCWSTR* ppszValues, UINT nCount, UINT uChecked);
 
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
@@ -74,7 +94,8 @@ protected:
 
 private:
     friend class gesso::Frame;
+    friend class gesso::TrackedMenu;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void ChangeHot(int nRow);
-    void DrawRows(HDC hdc) const;
+    void DrawRows(HDC hdc, UINT nFirst) const;
 };

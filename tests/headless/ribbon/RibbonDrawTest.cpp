@@ -1,6 +1,7 @@
 // What ribbons, their pages and the value menu draw, operation by operation.
 
 #include "../../ribbon/RibbonTestSupport.h"
+#include "../../support/WithBehavior.h"
 #include "../controls/DrawFixture.h"
 
 #include <gesso/ribbon/GRightClickMenu.h>
@@ -193,6 +194,90 @@ TEST_F(RibbonDrawTest, ACheckedBoxIsDrawnOneStateBeyondItsPlainCounterpart)
                                      "DrawThemeBackground BUTTON 3 9 (8,75,21,95)"}));
     PointAt(hwnd, 10, 60);
     EXPECT_TRUE(AnyStartsWith(DrawnOfItems(), "DrawThemeBackground BUTTON 3 7 (8,53,21,73)"));
+}
+
+// --- In Modern
+
+namespace {
+
+struct MadeInModern
+{
+    test::Modern modern;
+};
+
+class RibbonModernDrawTest : MadeInModern, public RibbonDrawTest
+{};
+
+} // namespace
+
+TEST_F(RibbonModernDrawTest, ItemsLookAsTheyAre)
+{
+    OpenPage& page = AddPage();
+    Ribbon().AddPage(nullptr, 2, L"Two");
+    InsertCheckBox(page, 1, 1, false, L"A");
+    InsertCheckBox(page, 1, 2, true, L"B");
+    InsertCheckBox(page, 1, 3, true, L"C");
+    page.ItemAt(0, 2).uFlags |= RIF_DISABLED;
+    const auto states = [&] {
+        std::string all;
+        for (const std::string& line : DrawnOfItems()) {
+            if (line.starts_with("DrawThemeBackground BUTTON 3 ")) {
+                all += line[29];
+            }
+        }
+        return all;
+    };
+    EXPECT_EQ(states(), "158");
+    PointAt(hwnd, 10, 60);
+    EXPECT_EQ(states(), "168");
+    PressThere();
+    EXPECT_EQ(states(), "178");
+    PointAt(hwnd, 10, 40);
+    EXPECT_EQ(states(), "158") << "pressed, and the pointer is on another one";
+    desk::ReleaseButton();
+    desk::Pump();
+    EXPECT_EQ(states(), "258");
+    PointAt(hwnd, 10, 80);
+    EXPECT_EQ(states(), "158") << "disabled";
+    PointAt(hwnd, 10, 40);
+    PointAt(hwnd, 100, 10);
+    EXPECT_EQ(states(), "158") << "over another tab";
+    PointAt(hwnd, 10, 40);
+    desk::MoveMouse(1, 1);
+    desk::Pump();
+    EXPECT_EQ(states(), "158") << "off the ribbon";
+}
+
+TEST_F(RibbonModernDrawTest, ALargeButtonHasRoomForTwoLinesAndTheHostsImages)
+{
+    const HIMAGELIST hLarge = ImageList_Create(32, 32, ILC_COLOR32, 1, 1);
+    const HBITMAP hImage = CreateBitmap(32, 32, 1, 32, nullptr);
+    ImageList_Add(hLarge, hImage, nullptr);
+    DeleteObject(hImage);
+    InsertButton(AddPage(), 1, 1, RIS_LARGE, L"A wider text", 0);
+    TakeRepaint(hwnd);
+    Ribbon().SetImageLists(hLarge, nullptr);
+    EXPECT_TRUE(TakeRepaint(hwnd));
+    EXPECT_EQ(DrawnOfItems(),
+              (Lines{"ImageList_Draw 0 (12,30,44,62) 0x0000",
+                     "DrawThemeText BUTTON 1 1 \"A wider text\" (7,63,49,97) 0x0011 font=\"Segoe UI\" 12 "
+                     "color=000000"}));
+    Ribbon().SetImageLists(nullptr, nullptr);
+    EXPECT_FALSE(AnyStartsWith(DrawnOfItems(), "ImageList_Draw"));
+    ImageList_Destroy(hLarge);
+}
+
+TEST_F(RibbonModernDrawTest, TheFocusRectangleIsWhereTheKeyboardIs)
+{
+    InsertButton(AddPage(), 1, 1, RIS_LARGE, L"A", -1);
+    SetFocus(hwnd);
+    EXPECT_FALSE(AnyStartsWith(Drawn(), "DrawFocusRect")) << "no cues yet";
+    gesso::ShowKeyboardCues(Parent());
+    EXPECT_TRUE(AnyStartsWith(Drawn(), "DrawFocusRect (3,3,69,23)"));
+    SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 0);
+    EXPECT_TRUE(AnyStartsWith(Drawn(), "DrawFocusRect (5,31,49,95)"));
+    SetFocus(nullptr);
+    EXPECT_FALSE(AnyStartsWith(Drawn(), "DrawFocusRect"));
 }
 
 TEST_F(RibbonDrawTest, WithoutAStyleItemsAreDrawnPlain)

@@ -1,0 +1,227 @@
+// The ribbon by keyboard, in Modern: one Tab stop, in which arrows go over the tabs and over the active
+// page's items. The item that the keyboard is on carries a mark, so that it keeps it where others come and
+// go; where none has it, the keyboard is on the tabs.
+
+#include <gesso/controls/ButtonLook.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
+#include <gesso/ribbon/ItemCode.h>
+#include <gesso/ribbon/RibbonInside.h>
+
+using gesso::Frame;
+using gesso::ItemCode;
+using gesso::Quirk;
+
+namespace {
+
+bool CanTakeFocus(HWND hwnd)
+{
+    return hwnd && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd);
+}
+
+// Whether an item is seen: groups of a fixed width draw none.
+bool IsReachable(const GRibbonPage::Group& group, const GRibbonPage::Item& item)
+{
+    switch (item.uType) {
+    case RIT_WINDOW: return CanTakeFocus(item.hwnd);
+    case RIT_BUTTON:
+    case RIT_CHECKBOX: return !group.uFixedWidth && item.nRight > item.nLeft;
+    default: return false;
+    }
+}
+
+} // namespace
+
+// --- The page
+
+UINT GRibbonPage::FocusItem() const
+{
+    for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
+        const auto& items = m_aGroups[i].aItems;
+        for (UINT k = 0; k < items.GetLength(); k++) {
+            if (items[k].uFlags & gesso::ITEM_FOCUSED) {
+                return ItemCode(i, k);
+            }
+        }
+    }
+    return RIBBON_NONE;
+}
+
+void GRibbonPage::ChangeFocusItem(UINT uItem)
+{
+    if (Item* pFormer = ItemOfCode(FocusItem())) {
+        pFormer->uFlags &= ~gesso::ITEM_FOCUSED;
+    }
+    if (Item* pItem = ItemOfCode(uItem)) {
+        pItem->uFlags |= gesso::ITEM_FOCUSED;
+    }
+}
+
+UINT GRibbonPage::NextReachable(UINT uFrom, int nStep) const
+{
+    gesso::NextInOrder next(uFrom, nStep);
+    for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
+        const auto& items = m_aGroups[i].aItems;
+        for (UINT k = 0; k < items.GetLength(); k++) {
+            if (IsReachable(m_aGroups[i], items[k])) {
+                next.Offer(ItemCode(i, k));
+            }
+        }
+    }
+    return next.Found();
+}
+
+// The keyboard has come to the item, or presses it. A hosted window takes the focus.
+void GRibbonPage::EnterFocusItem(bool fPress)
+{
+    const UINT uItem = FocusItem();
+    const Item* pItem = ItemOfCode(uItem);
+    if (pItem && pItem->uType == RIT_WINDOW) {
+        SetFocus(pItem->hwnd);
+    } else if (pItem && fPress) {
+        InvalidateRibbon();
+        Click(uItem);
+    }
+}
+
+// --- The ribbon
+
+bool GRibbon::ShowsFocus() const
+{
+    return gesso::ShowsFocus(m_hWnd, m_dwState) && !Has(*this, Quirk::RibbonTakesNoKeys);
+}
+
+UINT GRibbon::FocusItem() const
+{
+    const GRibbonPage* pPage = ActivePage();
+    return pPage ? pPage->FocusItem() : RIBBON_NONE;
+}
+
+// Null where there is none to give the focus back to.
+HWND GRibbon::WindowBefore() const
+{
+    const HWND hwnd = m_inside->hwndBefore;
+    return CanTakeFocus(hwnd) ? hwnd : nullptr;
+}
+
+LRESULT GRibbon::OnKeyboardMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    if (Has(*this, Quirk::RibbonTakesNoKeys)) {
+        return Frame::Default(*this, uMsg, wParam, lParam);
+    }
+    switch (uMsg) {
+    case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
+    case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));
+    case WM_KILLFOCUS: return Frame::OnKillFocus(*this);
+    default: return OnKeyDown(static_cast<UINT>(wParam), HIWORD(lParam) & KF_REPEAT);
+    }
+}
+
+// Enter and Esc are the dialog's where the ribbon has no use for them.
+LRESULT GRibbon::OnGetDlgCode(const MSG* pMessage) const
+{
+    const WPARAM wKey = pMessage && pMessage->message == WM_KEYDOWN ? pMessage->wParam : 0;
+    const bool fOwn =
+        (wKey == VK_RETURN && FocusItem() != RIBBON_NONE) || (wKey == VK_ESCAPE && WindowBefore());
+    return DLGC_WANTARROWS | (fOwn ? DLGC_WANTMESSAGE : 0);
+}
+
+// From outside the keyboard comes to the tabs; from a hosted window, and from another program, it comes back
+// to where it was.
+LRESULT GRibbon::OnSetFocus(HWND hwndFormer)
+{
+    if (hwndFormer && !IsChild(m_hWnd, hwndFormer)) {
+        m_inside->hwndBefore = hwndFormer;
+        if (GRibbonPage* pPage = ActivePage()) {
+            pPage->ChangeFocusItem(RIBBON_NONE);
+        }
+    }
+    return Frame::OnSetFocus(*this);
+}
+
+// The parent may do anything in what a key leads to: nothing is touched afterwards.
+LRESULT GRibbon::OnKeyDown(UINT uKey, bool fRepeated)
+{
+    const bool fCtrl = GetKeyState(VK_CONTROL) < 0;
+    switch (uKey) {
+    case VK_LEFT: StepOnLevel(-1, false); break;
+    case VK_RIGHT: StepOnLevel(1, false); break;
+    case VK_HOME: StepOnLevel(1, true); break;
+    case VK_END: StepOnLevel(-1, true); break;
+    case VK_UP: LeaveItems(); break;
+    case VK_DOWN:
+        if (FocusItem() == RIBBON_NONE) {
+            StepItem(RIBBON_NONE, 1);
+        }
+        break;
+    case VK_PRIOR:
+    case VK_NEXT:
+        if (fCtrl) {
+            StepTab(m_nActive, uKey == VK_NEXT ? 1 : -1);
+        }
+        break;
+    case VK_RETURN:
+    case VK_SPACE:
+        if (!fRepeated) {
+            PressFocusItem();
+        }
+        break;
+    case VK_ESCAPE:
+        if (const HWND hwndBefore = WindowBefore()) {
+            SetFocus(hwndBefore);
+        }
+        break;
+    default: break;
+    }
+    return 0;
+}
+
+// Among the items where the keyboard is on one, and else among the tabs.
+void GRibbon::StepOnLevel(int nStep, bool fFromEnd)
+{
+    const UINT uItem = FocusItem();
+    if (uItem != RIBBON_NONE) {
+        StepItem(fFromEnd ? RIBBON_NONE : uItem, nStep);
+    } else {
+        StepTab(fFromEnd ? RIBBON_NONE : m_nActive, nStep);
+    }
+}
+
+void GRibbon::StepTab(UINT nFrom, int nStep)
+{
+    gesso::NextInOrder next(nFrom, nStep);
+    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
+        if (IsVisible(i)) {
+            next.Offer(i);
+        }
+    }
+    if (next.Found() != RIBBON_NONE && next.Found() != m_nActive) {
+        SetActive(next.Found());
+    }
+}
+
+void GRibbon::StepItem(UINT uFrom, int nStep)
+{
+    GRibbonPage* pPage = ActivePage();
+    const UINT uItem = pPage ? pPage->NextReachable(uFrom, nStep) : RIBBON_NONE;
+    if (uItem != RIBBON_NONE) {
+        pPage->ChangeFocusItem(uItem);
+        Invalidate(0);
+        pPage->EnterFocusItem(false);
+    }
+}
+
+void GRibbon::LeaveItems()
+{
+    if (GRibbonPage* pPage = ActivePage()) {
+        pPage->ChangeFocusItem(RIBBON_NONE);
+        Invalidate(0);
+    }
+}
+
+void GRibbon::PressFocusItem()
+{
+    if (GRibbonPage* pPage = ActivePage()) {
+        pPage->EnterFocusItem(true);
+    }
+}

@@ -1,0 +1,17 @@
+// What is Gesso's own of a ribbon, behind the one hold that its class has for it.
+#pragma once
+
+#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/OwnedSet.h>
+
+namespace gesso {
+
+struct RibbonInside
+{
+    OwnedSet<GRibbonPage*, GRibbon::DeletePage> ownPages;
+    HIMAGELIST hLargeImages = nullptr; // the host's; null for the ribbon's own
+    HIMAGELIST hSmallImages = nullptr;
+    HWND hwndBefore = nullptr; // had the focus before the ribbon
+};
+
+} // namespace gesso

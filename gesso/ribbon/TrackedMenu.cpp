@@ -1,0 +1,292 @@
+#include <gesso/containers/Misuse.h>
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Library.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/ribbon/TrackedMenu.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace gesso {
+namespace {
+
+constexpr DWORD EX_STYLE = WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
+constexpr DWORD STYLE = WS_POPUP | WS_BORDER;
+
+bool IsWithin(UINT n, UINT nFirst, UINT nLast)
+{
+    return n >= nFirst && n <= nLast;
+}
+
+bool IsPress(UINT uMsg)
+{
+    switch (uMsg) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_XBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+    case WM_NCLBUTTONDOWN:
+    case WM_NCRBUTTONDOWN:
+    case WM_NCMBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK: return true;
+    default: return false;
+    }
+}
+
+// The whole monitor where its work area is not known.
+RECT WorkAreaAt(POINT pt)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    if (GetMonitorInfoW(MonitorFromPoint(pt, MONITOR_DEFAULTTONEAREST), &monitor)) {
+        return monitor.rcWork;
+    }
+    return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
+// Right of and below the point; where there is no room below, above it.
+POINT PlaceBeside(POINT pt, SIZE size, const RECT& rcArea)
+{
+    const int nLeft = std::max(std::min<int>(pt.x, rcArea.right - size.cx), static_cast<int>(rcArea.left));
+    const bool fBelow = pt.y + size.cy <= rcArea.bottom || pt.y - size.cy < rcArea.top;
+    const int nTop = fBelow ? std::min<int>(pt.y, rcArea.bottom - size.cy) : pt.y - size.cy;
+    return {nLeft, std::max(nTop, static_cast<int>(rcArea.top))};
+}
+
+} // namespace
+
+TrackedMenu::TrackedMenu(const LPCWSTR* ppszValues, UINT nCount, UINT uChecked)
+{
+    for (UINT i = 0; i < nCount; i++) {
+        AddValue(ppszValues[i]);
+    }
+    m_hFont = g_hDefaultFont;
+    m_nHot = uChecked < GetValueCount() ? static_cast<int>(uChecked) : -1;
+}
+
+SIZE TrackedMenu::SizeOfRows() const
+{
+    const MemoryContext context;
+    const SelectScope font(context, m_hFont);
+    int cxText = 0;
+    for (UINT i = 0; i < GetValueCount(); i++) {
+        RECT rcText{};
+        DrawTextW(context, GetValue(i), -1, &rcText, DT_CALCRECT | DT_SINGLELINE);
+        cxText = std::max<int>(cxText, rcText.right);
+    }
+    return {cxText + 2 * Pixels(nullptr, Metrics::VALUE_MENU_INDENT),
+            static_cast<int>(GetValueCount()) * Pixels(nullptr, Metrics::VALUE_MENU_ROW_HEIGHT)};
+}
+
+bool TrackedMenu::Show(HWND hwndOwner, POINT pt)
+{
+    const RECT rcArea = WorkAreaAt(pt);
+    const SIZE rows = SizeOfRows();
+    RECT rc{0, 0, rows.cx, rows.cy};
+    AdjustWindowRectEx(&rc, STYLE, FALSE, EX_STYLE);
+    const SIZE size{std::min(rc.right - rc.left, rcArea.right - rcArea.left),
+                    std::min(rc.bottom - rc.top, rcArea.bottom - rcArea.top)};
+    const POINT ptPlace = PlaceBeside(pt, size, rcArea);
+    const Placement place{static_cast<int>(ptPlace.x), static_cast<int>(ptPlace.y), static_cast<int>(size.cx),
+                          static_cast<int>(size.cy), hwndOwner};
+    if (!Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), place, 0, EX_STYLE, STYLE)) {
+        return false;
+    }
+    SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc));
+    Mark(static_cast<UINT>(m_nHot));
+    ShowWindow(m_hWnd, SW_SHOWNOACTIVATE);
+    return IsWindow(m_hWnd);
+}
+
+UINT TrackedMenu::Run(HWND hwndOwner, POINT pt)
+{
+    POINT ptPointer{};
+    GetCursorPos(&ptPointer);
+    m_ptPointer = {static_cast<SHORT>(ptPointer.x), static_cast<SHORT>(ptPointer.y)};
+    ReleaseCapture(); // of a press that opened the menu: its moves would pass the menu by
+    const HWND hwndForeground = GetForegroundWindow();
+    m_fEnded = !IsWindow(hwndOwner) || !Show(hwndOwner, pt);
+    while (!m_fEnded) {
+        MSG msg{};
+        const BOOL nGot = GetMessageW(&msg, nullptr, 0, 0);
+        if (nGot <= 0) {
+            if (nGot == 0) {
+                PostQuitMessage(static_cast<int>(msg.wParam)); // of the loop around this one
+            }
+            break;
+        }
+        if (GetForegroundWindow() != hwndForeground) {
+            End();
+        }
+        if (m_fEnded || GoesOn(msg)) {
+            TranslateMessage(&msg);
+            DispatchMessageW(&msg);
+        }
+    }
+    if (Of(m_hWnd) == this) {
+        DestroyWindow(m_hWnd);
+    }
+    return m_nChoice;
+}
+
+bool TrackedMenu::GoesOn(const MSG& msg)
+{
+    if (IsWithin(msg.message, WM_KEYDOWN, WM_SYSDEADCHAR)) {
+        // What is let go was pressed before, or ends nothing.
+        const bool fRelease = msg.message == WM_KEYUP || msg.message == WM_SYSKEYUP;
+        if (msg.message == WM_KEYDOWN) {
+            OnKey(msg.wParam, HIWORD(msg.lParam) & KF_REPEAT);
+        } else if (msg.message == WM_SYSKEYDOWN) {
+            End();
+        }
+        return fRelease;
+    }
+    if (msg.message == WM_MOUSEWHEEL) {
+        OnWheel(static_cast<SHORT>(HIWORD(msg.wParam)));
+        return false;
+    }
+    if (msg.hwnd == m_hWnd) {
+        return true;
+    }
+    if (IsPress(msg.message)) {
+        ShowWindow(m_hWnd, SW_HIDE); // first, since the press may lead to another menu
+        End();
+    }
+    return msg.message != WM_MOUSEMOVE;
+}
+
+// A key that is held may be the one that opened the menu.
+void TrackedMenu::OnKey(WPARAM wKey, bool fRepeated)
+{
+    const UINT nCount = GetValueCount();
+    const auto nHot = static_cast<UINT>(m_nHot);
+    switch (wKey) {
+    case VK_DOWN: return Mark(nHot + 1 < nCount ? nHot + 1 : 0);
+    case VK_UP: return Mark(nHot - 1 < nCount ? nHot - 1 : nCount - 1);
+    case VK_HOME: return Mark(0);
+    case VK_END: return Mark(nCount - 1);
+    case VK_RETURN:
+        if (!fRepeated) {
+            Choose(nHot);
+        }
+        break;
+    case VK_ESCAPE: return End();
+    default: break;
+    }
+}
+
+// NO_INDEX marks none.
+void TrackedMenu::Mark(UINT nRow)
+{
+    ChangeHot(static_cast<int>(nRow));
+    if (nRow < m_nFirst) {
+        m_nFirst = nRow;
+    } else if (nRow < GetValueCount() && nRow >= m_nFirst + VisibleRows()) {
+        m_nFirst = nRow + 1 - VisibleRows();
+    }
+    Invalidate(0);
+}
+
+UINT TrackedMenu::VisibleRows() const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    return std::max<UINT>(static_cast<UINT>(rc.bottom / Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT)), 1);
+}
+
+void TrackedMenu::OnWheel(int nDelta)
+{
+    m_nWheel -= nDelta;
+    const int nSteps = m_nWheel / WHEEL_DELTA;
+    m_nWheel -= nSteps * WHEEL_DELTA;
+    const int nLast = std::max(static_cast<int>(GetValueCount()) - static_cast<int>(VisibleRows()), 0);
+    m_nFirst = static_cast<UINT>(std::clamp(static_cast<int>(m_nFirst) + nSteps, 0, nLast));
+    Invalidate(0);
+}
+
+UINT TrackedMenu::RowAt(POINTS pt) const
+{
+    RECT rc{};
+    GetClientRect(m_hWnd, &rc);
+    if (!PtInRect(&rc, {pt.x, pt.y})) {
+        return NO_INDEX;
+    }
+    const UINT nRow = m_nFirst + static_cast<UINT>(pt.y / Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT));
+    return nRow < GetValueCount() ? nRow : NO_INDEX;
+}
+
+// The window may have come under a pointer that rests: the mark then stays where it is.
+void TrackedMenu::OnPointer(POINTS pt)
+{
+    Frame::TrackLeave(*this);
+    const POINTS ptScreen = ToScreen(m_hWnd, pt);
+    const POINTS ptFormer = std::exchange(m_ptPointer, ptScreen);
+    const UINT nRow = RowAt(pt);
+    if ((ptScreen.x != ptFormer.x || ptScreen.y != ptFormer.y) && nRow != static_cast<UINT>(m_nHot)) {
+        ChangeHot(static_cast<int>(nRow));
+        Invalidate(0);
+    }
+}
+
+void TrackedMenu::Choose(UINT nRow)
+{
+    m_nChoice = nRow < GetValueCount() ? nRow : NO_INDEX;
+    End();
+}
+
+void TrackedMenu::End()
+{
+    m_fEnded = true;
+}
+
+// --- The window
+
+TrackedMenu* TrackedMenu::Of(HWND hwnd)
+{
+    return hwnd ? static_cast<TrackedMenu*>(Frame::ObjectOf<GRightClickMenu>(hwnd)) : nullptr;
+}
+
+LRESULT CALLBACK TrackedMenu::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    TrackedMenu* pMenu = Of(hwnd);
+    return pMenu ? pMenu->OnTrackMessage(hwnd, uMsg, wParam, lParam)
+                 : GRightClickMenu::WindowProc(hwnd, uMsg, wParam, lParam);
+}
+
+LRESULT TrackedMenu::OnTrackMessage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    switch (uMsg) {
+    case WM_MOUSEACTIVATE: return MA_NOACTIVATE;
+    case WM_PAINT: {
+        const BufferedPaint paint(hwnd);
+        DrawRows(paint.Context(), m_nFirst);
+        return 0;
+    }
+    case WM_MOUSEMOVE: OnPointer(PointOf(lParam)); return 0;
+    case WM_MOUSELEAVE:
+        Frame::OnMouseLeave(*this);
+        ChangeHot(-1);
+        return 0;
+    case WM_LBUTTONUP: {
+        const UINT nRow = RowAt(PointOf(lParam));
+        if (nRow != NO_INDEX) {
+            Choose(nRow);
+        }
+        return 0;
+    }
+    case WM_ACTIVATEAPP:
+    case WM_DESTROY:
+        m_fEnded = m_fEnded || uMsg == WM_DESTROY || !wParam;
+        PostMessageW(nullptr, WM_NULL, 0, 0); // wakes the loop, which may wait for a message
+        break;
+    default: break;
+    }
+    return GRightClickMenu::WindowProc(hwnd, uMsg, wParam, lParam);
+}
+
+} // namespace gesso
