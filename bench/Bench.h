@@ -87,6 +87,7 @@ void MeasureText(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);
+void MeasureKeys(Bench& bench);
 void MeasureTree(Bench& bench);
 
 } // namespace bench

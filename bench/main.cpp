@@ -27,6 +27,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"text", &bench::MeasureText},
     {"list", &bench::MeasureList},
     {"longlist", &bench::MeasureLongList},
+    {"keys", &bench::MeasureKeys},
     {"dialogs", &bench::MeasureDialogs},
     {"tree", &bench::MeasureTree},
 };

@@ -25,3 +25,7 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config.cmake.in
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/gesso-config-version.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/gesso-config.cmake ${PROJECT_BINARY_DIR}/gesso-config-version.cmake
   DESTINATION ${package})
+if(CMAKE_CROSSCOMPILING AND WIN32)
+  # So that a host is built as the library was.
+  install(FILES ${CMAKE_TOOLCHAIN_FILE} DESTINATION ${package})
+endif()

@@ -1,5 +1,6 @@
 #include <gallery/Fonts.h>
 #include <gallery/Glyphs.h>
+#include <gallery/Marks.h>
 #include <gallery/Pages.h>
 #include <gallery/Splitter.h>
 #include <gallery/resource.h>
@@ -179,8 +180,8 @@ private:
     {
         Grid grid(canvas, pt, L"Check boxes: a click goes on to the next mark", 3, CELL);
         const auto box = [&](LPCWSTR pszCaption, LPCWSTR pszText, int nCheck, DWORD dwStyle) -> GCheckBox& {
-            GCheckBox& control =
-                grid.Add<GCheckBox>(pszCaption ? pszCaption : MARKS[nCheck], pszText, MIDDLE | dwStyle);
+            GCheckBox& control = grid.Add<GCheckBox>(pszCaption ? pszCaption : MARKS[nCheck], pszText,
+                                                     MIDDLE | GBS_AUTO | GBS_3STATE | dwStyle);
             control.SetCheck(nCheck);
             m_boxes.push_back({&control, pszCaption ? nullptr : &grid.Caption()});
             return control;
@@ -201,8 +202,7 @@ private:
 
     static void GoOn(const Box& box)
     {
-        const int nCheck = (box.pControl->GetCheck() + 1) % static_cast<int>(std::size(MARKS));
-        box.pControl->SetCheck(nCheck);
+        const int nCheck = MarkAfterClick(*box.pControl, static_cast<int>(std::size(MARKS)));
         if (box.pCaption) {
             box.pCaption->SetText(MARKS[nCheck]);
         }
@@ -210,16 +210,18 @@ private:
 
     int MakeRadios(Canvas& canvas, POINT pt)
     {
-        Grid grid(canvas, pt, L"Radio buttons: the page makes them a group", 3, CELL);
+        Grid grid(canvas, pt, L"Radio buttons of one group", 3, CELL);
         for (LPCWSTR pszText : {L"&North", L"&East", L"&South"}) {
-            m_radios.push_back(&grid.Add<GRadioButton>(MARKS[BST_UNCHECKED], pszText, MIDDLE));
+            const DWORD dwGroup = m_radios.empty() ? WS_GROUP : 0;
+            m_radios.push_back(
+                &grid.Add<GRadioButton>(MARKS[BST_UNCHECKED], pszText, MIDDLE | GBS_AUTO | dwGroup));
             m_radioCaptions.push_back(&grid.Caption());
         }
         Choose(m_radios[1]->GetHwnd());
         return grid.Bottom();
     }
 
-    // Turns the chosen button on and the others off.
+    // Turns the chosen button on and the others off, as Modern has done already.
     void Choose(HWND hwnd)
     {
         for (size_t i = 0; i < m_radios.size(); i++) {
@@ -235,7 +237,7 @@ private:
         const RECT rcBack = grid.NextCell(L"back");
         canvas.Own(std::make_unique<GNavigationButton>())
             .Create(rcBack.left + (CELL.cx - BACK_SIZE) / 2, rcBack.top - 3, BACK_SIZE, BACK_SIZE,
-                    canvas.Window(), canvas.NextId(), 0, CHILD | WS_TABSTOP);
+                    canvas.Window(), canvas.NextId(), 0, CHILD | WS_TABSTOP | WS_GROUP);
         const RECT rcBar = grid.NextCell(L"on a timer");
         m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
         m_pProgress->Create(rcBar.left, rcBar.top + 4, CELL.cx, 16, canvas.Window(), 0, 0, CHILD);

@@ -11,6 +11,7 @@ void CommandBar::Create(HWND hwndParent)
     page.Group(L"Show");
     page.CheckBox(ID_SHOW_REPORT, true, L"What controls report");
     page.CheckBox(ID_SHOW_CUES, false, L"Keyboard cues");
+    page.CheckBox(ID_CLASSIC, false, L"Page in Classic");
     page.Group(L"Window");
     page.Button(ID_SMALL_WINDOW, RIS_MEDIUM, IMAGE_SMALL_WINDOW, L"800 x 600");
     page.Button(ID_LARGE_WINDOW, RIS_MEDIUM, IMAGE_LARGE_WINDOW, L"As large as the screen");

@@ -12,6 +12,7 @@ enum GalleryCommand : UINT
     ID_NEXT_PAGE,
     ID_SHOW_REPORT,
     ID_SHOW_CUES,
+    ID_CLASSIC,
     ID_SMALL_WINDOW,
     ID_LARGE_WINDOW,
     ID_ABOUT,

@@ -1,6 +1,7 @@
 #include <gallery/Canvas.h>
 #include <gallery/DemoWizard.h>
 #include <gallery/Fonts.h>
+#include <gallery/Marks.h>
 #include <gallery/resource.h>
 
 namespace gallery {
@@ -79,11 +80,11 @@ public:
         }
     }
 
-    // The page's own click: a box or a radio button changes its mark.
+    // The page's own click; in Classic the marks are the page's to change.
     void OnCommand(HWND hwndFrom)
     {
         if (m_pBox) {
-            m_pBox->SetCheck(!m_pBox->GetCheck());
+            MarkAfterClick(*m_pBox);
             m_pWarning->SetVisible(0);
         }
         for (GRadioButton* pRadio : m_radios) {
@@ -97,7 +98,7 @@ private:
         constexpr int TOP = TEXT_TOP + TEXT_HEIGHT;
         m_pBox = &m_canvas->Own(std::make_unique<GCheckBox>());
         m_pBox->Create(PAGE_MARGIN, TOP, BOX.cx, BOX.cy, m_canvas->Window(), m_canvas->NextId(),
-                       L"I have read this, and agree", 0, CHILD | WS_TABSTOP | GS_VCENTER);
+                       L"I have read this, and agree", 0, CHILD | WS_TABSTOP | GS_VCENTER | GBS_AUTO);
         m_pWarning = &m_canvas->Text({PAGE_MARGIN, TOP + BOX.cy + 8, xRight, TOP + 2 * BOX.cy + 8},
                                      L"Tick the box to go on.", g_hDefaultFont, WARNING_COLOR);
         m_pWarning->SetVisible(0);
@@ -109,7 +110,7 @@ private:
         for (LPCWSTR pszText : {L"Paintings", L"Photographs", L"Controls"}) {
             GRadioButton& radio = m_canvas->Own(std::make_unique<GRadioButton>());
             radio.Create(PAGE_MARGIN, y, BOX.cx, BOX.cy, m_canvas->Window(), m_canvas->NextId(), pszText, 0,
-                         CHILD | GS_VCENTER | (m_radios.empty() ? WS_TABSTOP | WS_GROUP : 0));
+                         CHILD | GS_VCENTER | GBS_AUTO | (m_radios.empty() ? WS_TABSTOP | WS_GROUP : 0));
             radio.SetCheck(m_radios.empty());
             m_radios.push_back(&radio);
             y += BOX.cy;

@@ -1,8 +1,6 @@
 #include <gallery/EditorRibbon.h>
 #include <gallery/resource.h>
 
-#include <commctrl.h>
-
 namespace gallery {
 namespace {
 
@@ -17,17 +15,6 @@ Part PartAt(LPCWSTR pszKind, UINT uId, LPCWSTR pszText, RECT rc, HWND hwndRibbon
 {
     MapWindowPoints(hwndRibbon, nullptr, reinterpret_cast<POINT*>(&rc), 2);
     return {pszKind, uId, pszText ? pszText : L"", rc};
-}
-
-// The ribbon tells nobody that another tab was made active. It does so on a press alone, so that this looks
-// after each.
-LRESULT CALLBACK FollowPresses(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR ribbon)
-{
-    const LRESULT result = DefSubclassProc(hwnd, uMsg, wParam, lParam);
-    if (uMsg == WM_LBUTTONDOWN) {
-        reinterpret_cast<const EditorRibbon*>(ribbon)->FollowActivePage();
-    }
-    return result;
 }
 
 } // namespace
@@ -68,15 +55,7 @@ void EditorPage::Host(HWND hwnd, int nRow)
     GetWindowRect(hwnd, &rc);
     SetWindowPos(hwnd, nullptr, group.nLeft + HOSTED_MARGIN, FIRST_ROW + nRow * ROW_HEIGHT,
                  rc.right - rc.left, rc.bottom - rc.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    m_hosted.push_back(hwnd);
     AddWindow(m_dwGroup, hwnd);
-}
-
-void EditorPage::ShowHosted(bool fShow) const
-{
-    for (const HWND hwnd : m_hosted) {
-        ShowWindow(hwnd, fShow ? SW_SHOW : SW_HIDE);
-    }
 }
 
 void EditorPage::SetDisabledLook(UINT nId, bool fDisabled)
@@ -111,12 +90,8 @@ EditorRibbon::EditorRibbon()
 
 HWND EditorRibbon::MakeWindow(const RECT& rc, HWND hwndParent)
 {
-    const HWND hwnd = GRibbon::Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent,
-                                      GetModuleHandleW(nullptr));
-    // So that Tab goes to hosted windows.
-    SetWindowLongPtrW(hwnd, GWL_EXSTYLE, GetWindowLongPtrW(hwnd, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
-    SetWindowSubclass(hwnd, &FollowPresses, 1, reinterpret_cast<DWORD_PTR>(this));
-    return hwnd;
+    return GRibbon::Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent,
+                           GetModuleHandleW(nullptr));
 }
 
 EditorPage& EditorRibbon::AddEditorPage(LPCWSTR pszTitle)
@@ -129,20 +104,12 @@ EditorPage& EditorRibbon::AddEditorPage(LPCWSTR pszTitle)
 void EditorRibbon::ShowTab(UINT nIndex, bool fShow)
 {
     SetStatus(nIndex, fShow ? RIBBON_TAB_VISIBLE : 0);
-    FollowActivePage();
 }
 
 void EditorRibbon::SetDisabledLook(UINT nId, bool fDisabled)
 {
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         PageAt(i).SetDisabledLook(nId, fDisabled);
-    }
-}
-
-void EditorRibbon::FollowActivePage() const
-{
-    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
-        PageAt(i).ShowHosted(i == m_nActive);
     }
 }
 

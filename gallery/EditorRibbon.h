@@ -1,5 +1,4 @@
-// The ribbon of the gallery's text editor: with images from a template, and with hosted windows that show on
-// the page that they belong to alone, which a ribbon leaves to its host.
+// The ribbon of the gallery's text editor, with images from a template.
 #pragma once
 
 #include <gallery/Page.h>
@@ -65,7 +64,6 @@ public:
     void CheckBox(UINT nId, bool fChecked, LPCWSTR pszText);
     // A window that the host makes as a child of the ribbon; it gets a place in the group, in rows from 0.
     void Host(HWND hwnd, int nRow);
-    void ShowHosted(bool fShow) const;
     // How the items with that id look. They report clicks all the same.
     void SetDisabledLook(UINT nId, bool fDisabled);
 
@@ -74,7 +72,6 @@ public:
 
 private:
     DWORD m_dwGroup = 0;
-    std::vector<HWND> m_hosted;
 };
 
 class EditorRibbon : public GRibbon
@@ -87,8 +84,6 @@ public:
     void ShowTab(UINT nIndex, bool fShow);
     // On every page; the caller repaints.
     void SetDisabledLook(UINT nId, bool fDisabled);
-    // Shows the hosted windows of the active page and hides the others.
-    void FollowActivePage() const;
 
     // The tabs and items that are in sight.
     void AddParts(std::vector<Part>& parts) const;

@@ -6,7 +6,7 @@
 #include <gallery/FolderTree.h>
 #include <gallery/Glyphs.h>
 #include <gallery/ListChoice.h>
-#include <gallery/NameEdit.h>
+#include <gallery/Marks.h>
 #include <gallery/Pages.h>
 #include <gallery/SampleFolder.h>
 #include <gallery/Slices.h>
@@ -65,7 +65,6 @@ public:
         m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
         m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
         m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, m_hwnd, 0, 0, WS_CHILD);
-        m_pEdit = std::make_unique<NameEdit>(*m_pList);
         const std::wstring sample = SampleFolder();
         m_pTree->AddTop(L"Sample files", sample);
         m_pTree->AddTop(L"C:", L"C:");
@@ -96,13 +95,13 @@ public:
         if (hwndFrom == m_pUp->GetHwnd()) {
             Open(ParentOf(m_path));
         } else if (hwndFrom == m_pGo->GetHwnd()) {
-            Open(PathTyped());
+            OnEnter();
         } else if (hwndFrom == m_pPath->GetHwnd() && uCode == CBN_SELCHANGE) {
             Open(m_pPath->GetItemText(m_pPath->GetSelected())); // the text follows a click later
         } else if (hwndFrom == m_pViews->GetHwnd() && uCode == CBN_SELCHANGE) {
             Show();
         } else if (hwndFrom == m_pGroup->GetHwnd()) {
-            m_pGroup->SetCheck(!m_pGroup->GetCheck());
+            MarkAfterClick(*m_pGroup);
             Show();
         }
         return 0;
@@ -113,7 +112,7 @@ public:
         if (header.hwndFrom == m_pTree->GetHwnd()) {
             OnTreeNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
         } else if (header.hwndFrom == m_pList->GetHwnd()) {
-            OnListNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
+            return OnListNotify(reinterpret_cast<const GLISTNOTIFY&>(header));
         } else if (const auto x = m_splitter.DraggedTo(header)) {
             m_cxTree = *x - EDGE;
             OnSize(m_size);
@@ -152,7 +151,7 @@ private:
         ReportChoiceOfList(*m_pViews);
         m_pGroup = &canvas.Own(std::make_unique<GCheckBox>());
         m_pGroup->Create(0, 0, GROUP_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(), L"&Group by type", 0,
-                         CHILD | WS_TABSTOP | GS_VCENTER);
+                         CHILD | WS_TABSTOP | GS_VCENTER | GBS_AUTO);
     }
 
     void MakePanes(Canvas& canvas)
@@ -175,6 +174,18 @@ private:
             m_pTree->FillFolder(notify.pItem);
         } else if (notify.hdr.code == static_cast<UINT>(NM_CLICK) && notify.pItem) {
             Open(m_pTree->PathOf(notify.pItem));
+        }
+    }
+
+    // The default button is what Enter comes to from the panes as well.
+    void OnEnter()
+    {
+        if (GetFocus() == m_pList->GetHwnd()) {
+            OpenItem(m_pList->GetFirstSelectedItemIndex());
+        } else if (void* hFolder = m_pTree->GetSelectedItem(); hFolder && GetFocus() == m_pTree->GetHwnd()) {
+            Open(m_pTree->PathOf(hFolder));
+        } else {
+            Open(PathTyped());
         }
     }
 
@@ -270,24 +281,25 @@ private:
 
     // --- The list
 
-    void OnListNotify(const GLISTNOTIFY& notify)
+    LRESULT OnListNotify(const GLISTNOTIFY& notify)
     {
-        const UINT item = m_pList->GetFirstSelectedItemIndex();
         switch (notify.hdr.code) {
-        case static_cast<UINT>(NM_DBLCLK): OpenItem(static_cast<UINT>(notify.iItem)); return;
-        case static_cast<UINT>(NM_KEYDOWN): OnListKey(notify.vKey, item); return;
-        case static_cast<UINT>(LVN_FIRST): EndRename(); return;
-        default: ShowStatus(); return;
+        case static_cast<UINT>(NM_DBLCLK): OpenItem(static_cast<UINT>(notify.iItem)); return 0;
+        case static_cast<UINT>(NM_KEYDOWN):
+            OnListKey(notify.vKey, m_pList->GetFirstSelectedItemIndex());
+            return 0;
+        case static_cast<UINT>(LVN_BEGINLABELEDITW): return IsBusy() || !MayChange();
+        case static_cast<UINT>(LVN_ENDLABELEDITW):
+            return notify.pszText && Rename(static_cast<UINT>(notify.iItem), notify.pszText);
+        default: ShowStatus(); return 0;
         }
     }
 
     void OnListKey(UINT uKey, UINT item)
     {
         switch (uKey) {
-        case VK_RETURN: OpenItem(item); break;
         case VK_BACK: Open(ParentOf(m_path)); break;
         case VK_F5: Open(m_path); break;
-        case VK_F2: BeginRename(item); break;
         case VK_DELETE: DeleteItem(item); break;
         default: ShowStatus(); break;
         }
@@ -311,28 +323,19 @@ private:
         return IsInSampleFolder(m_path);
     }
 
-    void BeginRename(UINT item)
+    // Whether the item is to show the name from now on.
+    bool Rename(UINT item, const std::wstring& name)
     {
-        if (m_pList->FileAt(item) && ViewShown() == DETAILS && !IsBusy() && !m_pEdit->IsActive() &&
-            MayChange()) {
-            m_pEdit->Begin(item, FileList::NAME);
-        }
-    }
-
-    void EndRename()
-    {
-        const std::wstring name = m_pEdit->End();
-        File* pFile = m_pList->FileAt(m_pEdit->Item());
+        File* pFile = m_pList->FileAt(item);
         if (!pFile || name.empty() || name == pFile->name) {
-            return;
+            return false;
         }
-        if (MoveFileW(PathOf(*pFile).c_str(), (m_path + L"\\" + name).c_str())) {
+        const bool fRenamed = MoveFileW(PathOf(*pFile).c_str(), (m_path + L"\\" + name).c_str());
+        m_pStatus->SetText(((fRenamed ? L"Renamed to " : L"This name does not go: ") + name).c_str());
+        if (fRenamed) {
             pFile->name = name;
-            m_pList->SetItemText(m_pEdit->Item(), FileList::NAME, name.c_str());
-            m_pStatus->SetText((L"Renamed to " + name).c_str());
-        } else {
-            m_pStatus->SetText((L"This name does not go: " + name).c_str());
         }
+        return fRenamed;
     }
 
     void DeleteItem(UINT item)
@@ -380,7 +383,6 @@ private:
     FileList* m_pList = nullptr;
     GLabel* m_pStatus = nullptr;
     GProgressBar* m_pProgress = nullptr;
-    std::unique_ptr<NameEdit> m_pEdit;
     int m_cxTree = 210;
     std::wstring m_path;
     std::wstring m_left; // the folder in it that was shown before

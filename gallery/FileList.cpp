@@ -1,7 +1,5 @@
 #include <gallery/FileList.h>
 
-#include <algorithm>
-
 namespace gallery {
 namespace {
 
@@ -95,7 +93,6 @@ void FileList::End()
     if (m_look.fGrouped) {
         Group(TYPE, true);
     }
-    SetListStyle(m_look.uStyle); // tells the keyboard where the rows are
 }
 
 void FileList::ShowNamesOnly(UINT uStyle)
@@ -111,8 +108,7 @@ void FileList::Restart(UINT uStyle, UINT nColumns)
     RemoveAllGroups();
     RemoveAllColumns();
     SetScrollPos(SB_VERT, 0, TRUE);
-    cursorItem = lastItem = shiftAnchor = END; // of the rows that were here
-    SetListStyle(GLS_DETAILS);                 // without columns, so that icons show the first one, the name
+    SetListStyle(GLS_DETAILS); // without columns, so that icons show the first one, the name
     SetImageList(uView == GLS_DETAILS ? SmallFileImages() : LargeFileImages());
     SetItemHeight(uView == GLS_TILES ? TILE_HEIGHT : ROW_HEIGHT);
     SetListStyle(uStyle);
@@ -160,12 +156,8 @@ void FileList::GoTo(const std::wstring& name)
     while (item > 0 && FileAt(item)->name != name) {
         item--;
     }
-    cursorItem = lastItem = shiftAnchor = item;
     SetFirstSelectedItemIndex(item);
-    RECT rcItem{}, rcList{};
-    GetItemRect(&rcItem, item, NAME);
-    GetClientRect(*this, &rcList);
-    SetScrollPos(SB_VERT, std::max(0L, rcItem.bottom - rcList.bottom), TRUE);
+    EnsureVisible(item);
 }
 
 void FileList::AddParts(std::vector<Part>& parts)

@@ -1,7 +1,7 @@
 #include <gallery/Gallery.h>
 #include <gallery/Layout.h>
-#include <gallery/Mnemonics.h>
 #include <gallery/Picture.h>
+#include <gallery/Report.h>
 
 #include <cstdio>
 #include <cwctype>
@@ -42,18 +42,6 @@ void HandleMessagesUntilIdle()
         TranslateMessage(&msg);
         DispatchMessageW(&msg);
     }
-}
-
-BOOL CALLBACK ShowCuesOf(HWND hwnd, LPARAM)
-{
-    SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
-    return TRUE;
-}
-
-BOOL CALLBACK ShowCuesIn(HWND hwnd, LPARAM lParam)
-{
-    EnumChildWindows(hwnd, &ShowCuesOf, lParam);
-    return TRUE;
 }
 
 // Ctrl+Tab leaves a field of many lines, which takes Tab itself from the dialog manager.
@@ -146,9 +134,14 @@ void Gallery::ShowPage(int nPage)
     m_nPage = nPage;
     m_pages.Select(nPage);
     m_page.reset();
+    // Also for what the page makes later.
+    gesso::SetBehavior(m_fClassic ? gesso::Behavior::Classic : gesso::Behavior::Modern);
     m_page = std::make_unique<PageWindow>(m_hwnd, PageRect(), PAGES[nPage].make(),
                                           [this](const std::wstring& line) { AddLine(line); });
-    ShowKeyboardCues();
+    ShowCues();
+    if (GetActiveWindow() == m_hwnd && !IsChild(m_hwnd, GetFocus())) {
+        OnSetFocus(); // what had it has gone
+    }
     UpdateWindow(m_hwnd);
     WriteLayoutFile();
 }
@@ -189,14 +182,15 @@ int Gallery::Run()
 // Tab goes round the page, and from the list of pages into it.
 bool Gallery::IsForDialogs(MSG& msg) const
 {
-    return PressMnemonic(m_hwnd, msg) || LeaveField(m_hwnd, msg) ||
-           IsDialogMessageW(m_page->Window(), &msg) || IsDialogMessageW(m_hwnd, &msg);
+    return LeaveField(m_hwnd, msg) || IsDialogMessageW(m_page->Window(), &msg) ||
+           IsDialogMessageW(m_hwnd, &msg);
 }
 
 // Sees the keys in every message loop, those of dialogs too.
 LRESULT CALLBACK Gallery::OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam)
 {
     const MSG& msg = *reinterpret_cast<const MSG*>(lParam);
+    // Without a focus a key is one of the system's.
     if (nCode == HC_ACTION && wParam == PM_REMOVE &&
         (msg.message == WM_KEYDOWN || msg.message == WM_SYSKEYDOWN)) {
         s_pGallery->OnKeyDown(static_cast<UINT>(msg.wParam));
@@ -209,20 +203,18 @@ void Gallery::OnKeyDown(UINT uKey)
     if (uKey == VK_F12) {
         WriteLayoutFile();
         AddLine(L"----"); // a place to find again
-    } else if (uKey == VK_TAB || uKey == VK_MENU) {
-        m_fKeyboardCues = true;
-        ShowKeyboardCues();
     } else if ((uKey == VK_NEXT || uKey == VK_PRIOR) && GetKeyState(VK_CONTROL) < 0 &&
-               IsWindowEnabled(m_hwnd)) {
+               IsWindowEnabled(m_hwnd) && ClassOf(GetFocus()) != L"GRibbon")
+    {
         OnRibbon(uKey == VK_NEXT ? ID_NEXT_PAGE : ID_PREVIOUS_PAGE, false);
     }
 }
 
-// Focus rectangles and underlines, once the keyboard is in use. Windows does this by itself, Wine does not.
-void Gallery::ShowKeyboardCues() const
+// Controls made in Modern do it by themselves once a key is typed; these are for those of a Classic page too.
+void Gallery::ShowCues() const
 {
-    if (m_fKeyboardCues) {
-        EnumThreadWindows(GetCurrentThreadId(), &ShowCuesIn, 0);
+    if (m_fCues) {
+        gesso::ShowKeyboardCues(m_hwnd);
     }
 }
 
@@ -286,7 +278,8 @@ LRESULT Gallery::OnActivate(bool fActive)
 LRESULT Gallery::OnSetFocus()
 {
     const bool fThere = m_hwndLastFocus && IsChild(m_hwnd, m_hwndLastFocus);
-    SetFocus(fThere ? m_hwndLastFocus : GetNextDlgTabItem(m_hwnd, nullptr, FALSE));
+    const HWND hwndFirst = m_page ? GetNextDlgTabItem(m_page->Window(), nullptr, FALSE) : nullptr;
+    SetFocus(fThere ? m_hwndLastFocus : hwndFirst ? hwndFirst : GetNextDlgTabItem(m_hwnd, nullptr, FALSE));
     return 0;
 }
 
@@ -308,8 +301,12 @@ void Gallery::OnRibbon(UINT uId, bool fChecked)
         OnSize();
         break;
     case ID_SHOW_CUES:
-        m_fKeyboardCues = fChecked;
-        ShowKeyboardCues();
+        m_fCues = fChecked;
+        ShowCues();
+        break;
+    case ID_CLASSIC:
+        m_fClassic = fChecked;
+        ShowPage(m_nPage);
         break;
     case ID_SMALL_WINDOW: SetSize(800, 600); break;
     case ID_LARGE_WINDOW: SetSize(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)); break;

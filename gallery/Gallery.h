@@ -39,7 +39,7 @@ private:
     bool IsForDialogs(MSG& msg) const;
     static LRESULT CALLBACK OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam);
     void OnKeyDown(UINT uKey);
-    void ShowKeyboardCues() const;
+    void ShowCues() const;
     void OnRibbon(UINT uId, bool fChecked);
     void SetSize(int cx, int cy) const;
 
@@ -55,7 +55,8 @@ private:
     HWND m_hwnd = nullptr;
     HWND m_hwndLastFocus = nullptr;
     HHOOK m_hHook = nullptr;
-    bool m_fKeyboardCues = false;
+    bool m_fCues = false;    // as the ribbon's check box says
+    bool m_fClassic = false; // so is the page
     bool m_fReport = true;
     int m_nPage = 0;
     CommandBar m_commands;

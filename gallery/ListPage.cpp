@@ -2,7 +2,7 @@
 
 #include <gallery/FileList.h>
 #include <gallery/Fonts.h>
-#include <gallery/NameEdit.h>
+#include <gallery/Marks.h>
 #include <gallery/Pages.h>
 #include <gallery/Slices.h>
 
@@ -32,7 +32,6 @@ public:
         m_pList = &canvas.Own(std::make_unique<FileList>(NAME_WIDTH));
         m_pList->Create(0, 0, 10, 10, canvas.Window(), canvas.NextId(), GLS_DETAILS, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN);
-        m_pEdit = std::make_unique<NameEdit>(*m_pList);
         m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
         m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
         m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, canvas.Window(), 0, 0, WS_CHILD);
@@ -73,9 +72,8 @@ public:
         }
         const auto& record = reinterpret_cast<const GLISTNOTIFY&>(header);
         switch (header.code) {
-        case static_cast<UINT>(NM_DBLCLK): Rename(static_cast<UINT>(record.iItem)); break;
-        case static_cast<UINT>(NM_KEYDOWN): OnKey(record.vKey); break;
-        case static_cast<UINT>(LVN_FIRST): EndRename(); break;
+        case static_cast<UINT>(NM_DBLCLK): m_pList->EditItem(static_cast<UINT>(record.iItem)); break;
+        case static_cast<UINT>(LVN_ENDLABELEDITW): Rename(record); break;
         default: break;
         }
         ShowStatus();
@@ -84,6 +82,13 @@ public:
 
     void OnTimer() override { m_slices.OnTimer(); }
     bool IsBusy() const override { return m_slices.AreRunning(); }
+
+    std::vector<Part> Parts() const override
+    {
+        std::vector<Part> parts;
+        m_pList->AddParts(parts);
+        return parts;
+    }
 
     std::vector<Exhibit> Exhibits() override
     {
@@ -126,24 +131,25 @@ private:
         constexpr int SECOND_ROW = FIRST_BLOCK + ROW_HEIGHT + 10;
         int x = MARGIN;
         for (int i = 0; i < VIEW_COUNT; i++) {
-            m_views[i] = &Make<GRadioButton>(canvas, x, FIRST_BLOCK, VIEWS[i]);
+            m_views[i] = &Make<GRadioButton>(canvas, x, FIRST_BLOCK, VIEWS[i], i ? 0 : WS_GROUP);
             x += OPTION_WIDTH;
         }
         x = MARGIN;
         for (int i = 0; i < OPTION_COUNT; i++) {
-            m_options[i] = &Make<GCheckBox>(canvas, x, SECOND_ROW, OPTIONS[i]);
+            m_options[i] = &Make<GCheckBox>(canvas, x, SECOND_ROW, OPTIONS[i], WS_GROUP);
             x += OPTION_WIDTH;
         }
-        m_pFolder = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"&Folder");
-        m_pMany = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"100,000 ro&ws");
+        m_pFolder = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"&Folder", GS_CENTER);
+        m_pMany = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"100,000 ro&ws", GS_CENTER);
     }
 
-    template <class CONTROL> static CONTROL& Make(Canvas& canvas, int x, int y, LPCWSTR pszText)
+    template <class CONTROL>
+    static CONTROL& Make(Canvas& canvas, int x, int y, LPCWSTR pszText, DWORD dwStyle)
     {
+        constexpr DWORD AUTO = std::is_same_v<CONTROL, GButton> ? 0 : GBS_AUTO;
         auto& control = canvas.Own(std::make_unique<CONTROL>());
-        const DWORD dwCenter = std::is_same_v<CONTROL, GButton> ? GS_CENTER : 0;
         control.Create(x, y, OPTION_WIDTH, ROW_HEIGHT, canvas.Window(), canvas.NextId(), pszText, 0,
-                       CHILD | WS_TABSTOP | GS_VCENTER | dwCenter);
+                       CHILD | WS_TABSTOP | GS_VCENTER | AUTO | dwStyle);
         return control;
     }
 
@@ -165,7 +171,7 @@ private:
     {
         for (GCheckBox* option : m_options) {
             if (option->GetHwnd() == hwnd) {
-                option->SetCheck(option->GetCheck() == BST_CHECKED ? BST_UNCHECKED : BST_CHECKED);
+                MarkAfterClick(*option);
                 return true;
             }
         }
@@ -181,7 +187,7 @@ private:
                (Is(CHECKBOXES) ? GLS_CHECKBOXES : 0) | (Is(GRIDLINES) ? GLS_GRIDLINES : 0);
     }
 
-    // In the icons view the icons of a group share one cell, so that one file is shown there.
+    // In Classic all icons share one cell, so that one file is shown there.
     void Show()
     {
         m_slices.Stop();
@@ -189,14 +195,18 @@ private:
         m_pChosen = pFormer ? pFormer : m_pChosen;
         const File* pOnly = m_pChosen || m_folder.files.empty() ? m_pChosen : &m_folder.files.front();
         m_pList->ShowFiles(m_folder,
-                           {ListStyle(), Is(GROUPS), Is(GROUPS), m_nView == ICONS ? pOnly : nullptr});
+                           {ListStyle(), Is(GROUPS), Is(GROUPS), SharesOneCell() ? pOnly : nullptr});
         ShowStatus();
     }
 
-    // In the icons view all rows would be painted over each other.
+    bool SharesOneCell() const
+    {
+        return m_nView == ICONS && gesso::BehaviorOf(*m_pList) == gesso::Behavior::Classic;
+    }
+
     void ShowMany()
     {
-        if (m_nView == ICONS) {
+        if (SharesOneCell()) {
             ChooseView(*m_views[DETAILS]);
         }
         m_pList->ShowNamesOnly(ListStyle());
@@ -216,32 +226,17 @@ private:
 
     void EndMany()
     {
-        m_pList->SetListStyle(m_pList->GetListStyle()); // tells the keyboard where the rows are
         m_lastWords = L"filled in " + std::to_wstring(GetTickCount64() - m_nManyStart) + L" ms";
         ShowStatus();
     }
 
-    void OnKey(UINT vKey)
+    // F2 has begun it in Modern, or a double click. The text is set here, so that the status shows it at
+    // once.
+    void Rename(const GLISTNOTIFY& record)
     {
-        if (vKey == VK_F2) {
-            Rename(m_pList->GetFirstSelectedItemIndex());
-        }
-    }
-
-    void Rename(UINT item)
-    {
-        if (m_pList->FileAt(item) && !m_pEdit->IsActive() &&
-            (m_pList->GetListStyle() & GLS_VIEWMASK) == GLS_DETAILS) {
-            m_pEdit->Begin(item, FileList::NAME);
-        }
-    }
-
-    void EndRename()
-    {
-        const std::wstring name = m_pEdit->End();
-        if (!name.empty()) {
-            m_pList->SetItemText(m_pEdit->Item(), FileList::NAME, name.c_str());
-            m_lastWords = L"renamed to " + name;
+        if (record.pszText && *record.pszText) {
+            m_lastWords = L"renamed to " + std::wstring(record.pszText);
+            m_pList->SetItemText(static_cast<UINT>(record.iItem), FileList::NAME, record.pszText);
         }
     }
 
@@ -264,7 +259,6 @@ private:
     GButton* m_pMany = nullptr;
     GRadioButton* m_views[VIEW_COUNT]{};
     GCheckBox* m_options[OPTION_COUNT]{};
-    std::unique_ptr<NameEdit> m_pEdit;
     Slices m_slices; // while many rows are added
     ULONGLONG m_nManyStart = 0;
     int m_nView = DETAILS;

@@ -34,6 +34,8 @@ public:
     // A control's WM_COMMAND and WM_NOTIFY, once they stand in the log; the result goes back to the control.
     virtual LRESULT OnCommand(UINT /*uId*/, UINT /*uCode*/, HWND /*hwndFrom*/) { return 0; }
     virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
+    // WM_CONTEXTMENU of a control, made in Modern; (-1, -1) where the keyboard asks for it.
+    virtual void OnContextMenu(HWND /*hwndFrom*/, POINT /*ptScreen*/) {}
     // The same for WM_VSCROLL; and WM_TIMER, for a page that sets a timer in its canvas's window.
     virtual void OnScroll(WORD /*wCode*/, WORD /*wPos*/, HWND /*hwndFrom*/) {}
     virtual void OnTimer() {}

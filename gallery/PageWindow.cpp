@@ -1,5 +1,7 @@
 #include <gallery/PageWindow.h>
 
+#include <windowsx.h>
+
 namespace gallery {
 namespace {
 
@@ -37,6 +39,13 @@ LONG ScrolledBy(HWND hwnd, int nBar, WPARAM wParam)
     case SB_THUMBTRACK: return info.nTrackPos;
     default: return info.nPos;
     }
+}
+
+// What lists and trees send for each item, be they 100,000. A separator's drag has the same number.
+bool TellsOfOneThatGoes(const NMHDR& header)
+{
+    return (header.code == static_cast<UINT>(LVN_DELETEITEM) && ClassOf(header.hwndFrom) == L"GList") ||
+           header.code == TVN_DELETEITEMW;
 }
 
 BOOL CALLBACK FindDefaultButton(HWND hwnd, LPARAM lParam)
@@ -85,6 +94,8 @@ LRESULT PageWindow::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case DM_GETDEFID: return OnGetDefaultId();
     case WM_COMMAND: return OnCommand(wParam, lParam);
     case WM_NOTIFY: return OnNotify(lParam);
+    case WM_CONTEXTMENU:
+        return OnContextMenu(reinterpret_cast<HWND>(wParam), {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
     case WM_HSCROLL:
     case WM_VSCROLL: return OnScroll(uMsg, wParam, lParam);
     case WM_MOUSEWHEEL: return OnWheel(static_cast<short>(HIWORD(wParam)));
@@ -115,11 +126,21 @@ LRESULT PageWindow::OnCommand(WPARAM wParam, LPARAM lParam)
 LRESULT PageWindow::OnNotify(LPARAM lParam)
 {
     const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
+    if (TellsOfOneThatGoes(header)) {
+        return 0;
+    }
     m_report(DescribeNotify(header));
     if (header.code == static_cast<UINT>(NM_SETFOCUS)) {
         BringIntoView(header.hwndFrom);
     }
     return m_page->OnNotify(header);
+}
+
+LRESULT PageWindow::OnContextMenu(HWND hwndFrom, POINT ptScreen)
+{
+    m_report(DescribeContextMenu(hwndFrom, ptScreen));
+    m_page->OnContextMenu(hwndFrom, ptScreen);
+    return 0;
 }
 
 LRESULT PageWindow::OnScroll(UINT uMsg, WPARAM wParam, LPARAM lParam)

@@ -32,6 +32,7 @@ private:
     LRESULT OnGetDefaultId() const;
     LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT OnNotify(LPARAM lParam);
+    LRESULT OnContextMenu(HWND hwndFrom, POINT ptScreen);
     LRESULT OnScroll(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnWheel(short nDelta);
     LRESULT OnSize();

@@ -63,6 +63,16 @@ std::wstring DescribeNotify(const NMHDR& header)
            L" from " + DescribeWindow(header.hwndFrom);
 }
 
+std::wstring DescribeContextMenu(HWND hwndFrom, POINT ptScreen)
+{
+    std::wstring place = L"by the keyboard";
+    if (ptScreen.x != -1 || ptScreen.y != -1) {
+        ScreenToClient(hwndFrom, &ptScreen);
+        place = L"at " + std::to_wstring(ptScreen.x) + L", " + std::to_wstring(ptScreen.y);
+    }
+    return L"WM_CONTEXTMENU " + place + L" from " + DescribeWindow(hwndFrom);
+}
+
 std::wstring DescribeScroll(UINT uCode, UINT uPos, HWND hwndFrom)
 {
     const std::wstring code = std::to_wstring(uCode) + L" position " + std::to_wstring(uPos);

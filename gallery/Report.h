@@ -13,6 +13,9 @@ namespace gallery {
 std::wstring DescribeCommand(UINT uId, UINT uCode, HWND hwndFrom);
 // "WM_NOTIFY id 12 code NM_SETFOCUS from GButton 'Save'"
 std::wstring DescribeNotify(const NMHDR& header);
+// "WM_CONTEXTMENU at 20, 30 from GList ''", in the window's client area; "by the keyboard" in the place of
+// the point.
+std::wstring DescribeContextMenu(HWND hwndFrom, POINT ptScreen);
 std::wstring DescribeScroll(UINT uCode, UINT uPos, HWND hwndFrom);
 
 // A window's class and text as the log names them: GButton 'Save'.

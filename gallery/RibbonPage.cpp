@@ -8,7 +8,6 @@
 #include <gesso/ribbon/GRightClickMenu.h>
 
 #include <algorithm>
-#include <commctrl.h>
 #include <cwctype>
 #include <iterator>
 
@@ -71,56 +70,6 @@ std::wstring Today()
     return szDate;
 }
 
-// The value menu's window runs on an object of its own, which has what it shows put in here.
-class ValueMenu : public GRightClickMenu
-{
-public:
-    void Show(POINT ptScreen, HWND hwndOwner, std::initializer_list<LPCWSTR> values)
-    {
-        Dismiss();
-        const int cy = static_cast<int>(values.size()) * ROW_HEIGHT + 2;
-        const POINT pt = WithinTheScreen(ptScreen, {WIDTH, cy});
-        const HWND hwnd = Create(pt.x, pt.y, WIDTH, cy, hwndOwner, 0);
-        auto& shown = static_cast<GRightClickMenu&>(*FromHwnd(hwnd));
-        shown.*& ValueMenu::m_hwndOwner = hwndOwner;
-        shown.*& ValueMenu::m_hFont = g_hDefaultFont;
-        for (const LPCWSTR psz : values) {
-            shown.AddValue(psz);
-        }
-        SetWindowSubclass(hwnd, &EndWhenInactive, 1, 0);
-    }
-
-    void Dismiss()
-    {
-        if (IsWindow(m_hWnd)) {
-            DestroyWindow(m_hWnd);
-        }
-    }
-
-private:
-    static constexpr int ROW_HEIGHT = 20;
-    static constexpr int WIDTH = 130;
-
-    // The menu opens where it is put, be that half outside.
-    static POINT WithinTheScreen(POINT pt, SIZE size)
-    {
-        MONITORINFO info{};
-        info.cbSize = sizeof(info);
-        GetMonitorInfoW(MonitorFromPoint(pt, MONITOR_DEFAULTTONEAREST), &info);
-        return {std::min(pt.x, info.rcWork.right - size.cx), std::min(pt.y, info.rcWork.bottom - size.cy)};
-    }
-
-    // The menu itself ends with a choice alone.
-    static LRESULT CALLBACK EndWhenInactive(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                            DWORD_PTR)
-    {
-        if (uMsg == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE) {
-            PostMessageW(hwnd, WM_CLOSE, 0, 0);
-        }
-        return DefSubclassProc(hwnd, uMsg, wParam, lParam);
-    }
-};
-
 class RibbonPage : public Page
 {
 public:
@@ -137,7 +86,6 @@ public:
         MakeEditor(canvas);
         m_find = &canvas.Own(std::make_unique<GEdit>());
         m_sizes = &canvas.Own(std::make_unique<GComboBox>());
-        SetWindowSubclass(*m_editor, &WatchRightClick, 1, reinterpret_cast<DWORD_PTR>(this));
         AddHome();
         AddInsert();
         AddReview();
@@ -158,15 +106,32 @@ public:
 
     LRESULT OnCommand(UINT uId, UINT uCode, HWND hwndFrom) override
     {
-        if (hwndFrom && hwndFrom == m_menu.GetHwnd()) {
-            OnValue(uCode);
-        } else if (uId == ID_SIZES && uCode == CBN_SELCHANGE) {
+        if (uId == ID_SIZES && uCode == CBN_SELCHANGE) {
             m_nPoints = SIZES[m_sizes->GetSelected()];
             ApplyFont();
         } else if (uCode == 0) {
             OnItem(uId, hwndFrom != nullptr);
         }
         return 0;
+    }
+
+    // The keyboard's menu stands in the text's corner.
+    void OnContextMenu(HWND hwndFrom, POINT ptScreen) override
+    {
+        if (hwndFrom != m_editor->GetHwnd()) {
+            return;
+        }
+        if (ptScreen.x == -1 && ptScreen.y == -1) {
+            ptScreen = {GAP, GAP};
+            ClientToScreen(hwndFrom, &ptScreen);
+        }
+        constexpr LPCWSTR VALUES[] = {L"Cut", L"Copy", L"Paste", L"Select all", L"Today's date"};
+        constexpr UINT COMMANDS[] = {ID_CUT, ID_COPY, ID_PASTE, ID_SELECT_ALL, ID_DATE};
+        const UINT nChoice = GRightClickMenu::Track(m_hwnd, ptScreen.x, ptScreen.y, VALUES,
+                                                    static_cast<UINT>(std::size(VALUES)), RIBBON_NONE);
+        if (nChoice != RIBBON_NONE) {
+            OnItem(COMMANDS[nChoice], false);
+        }
     }
 
     std::vector<Part> Parts() const override
@@ -308,27 +273,6 @@ private:
         m_ribbon->Invalidate(0);
     }
 
-    // A choice from the value menu.
-    void OnValue(UINT nRow)
-    {
-        constexpr UINT COMMANDS[] = {ID_CUT, ID_COPY, ID_PASTE, ID_SELECT_ALL, ID_DATE};
-        if (nRow < std::size(COMMANDS)) {
-            OnItem(COMMANDS[nRow], false);
-        }
-    }
-
-    static LRESULT CALLBACK WatchRightClick(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                            DWORD_PTR page)
-    {
-        if (uMsg != WM_CONTEXTMENU) {
-            return DefSubclassProc(hwnd, uMsg, wParam, lParam);
-        }
-        auto& self = *reinterpret_cast<RibbonPage*>(page);
-        self.m_menu.Show({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}, self.m_hwnd,
-                         {L"Cut", L"Copy", L"Paste", L"Select all", L"Today's date"});
-        return 0;
-    }
-
     void Toggle(bool& fStyle)
     {
         fStyle = !fStyle;
@@ -353,7 +297,6 @@ private:
     EditorField* m_editor = nullptr;
     GEdit* m_find = nullptr;
     GComboBox* m_sizes = nullptr;
-    ValueMenu m_menu;
     HFONT m_hFont = nullptr;
     int m_nPoints = SIZES[0];
     bool m_fBold = false;

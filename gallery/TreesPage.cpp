@@ -3,6 +3,7 @@
 
 #include <gallery/FolderTree.h>
 #include <gallery/Fonts.h>
+#include <gallery/Marks.h>
 #include <gallery/Pages.h>
 #include <gallery/Splitter.h>
 
@@ -159,7 +160,6 @@ private:
             m_pList->SetSubItem(item, 1, 0, file.sizeText.c_str(), 0);
         }
         m_pList->BulkInsertOff();
-        m_pList->SetListStyle(m_pList->GetListStyle());
     }
 
     Canvas* m_pCanvas = nullptr;
@@ -208,7 +208,7 @@ public:
     {
         for (GCheckBox* pOption : {m_pImages, m_pChecks}) {
             if (pOption->GetHwnd() == hwndFrom) {
-                pOption->SetCheck(pOption->GetCheck() == BST_CHECKED ? BST_UNCHECKED : BST_CHECKED);
+                MarkAfterClick(*pOption);
                 m_pTree->SetTreeStyle(TreeStyle());
                 m_pTree->Invalidate(0);
             }
@@ -219,10 +219,8 @@ public:
     LRESULT OnNotify(const NMHDR& header) override
     {
         m_browser.OnNotify(header);
-        if (header.hwndFrom == m_pTree->GetHwnd()) {
-            OnTree(reinterpret_cast<const GLISTNOTIFY&>(header));
-        }
-        return 0;
+        return header.hwndFrom == m_pTree->GetHwnd() ? OnTree(reinterpret_cast<const GLISTNOTIFY&>(header))
+                                                     : 0;
     }
 
     std::vector<Part> Parts() const override
@@ -237,7 +235,7 @@ private:
     {
         auto& box = canvas.Own(std::make_unique<GCheckBox>());
         box.Create(x, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT, canvas.Window(), canvas.NextId(), pszText, 0,
-                   CHILD | WS_TABSTOP | GS_VCENTER);
+                   CHILD | WS_TABSTOP | GS_VCENTER | GBS_AUTO);
         return box;
     }
 
@@ -257,36 +255,15 @@ private:
                (m_pChecks->GetCheck() == BST_CHECKED ? GTS_CHECKBOXES : 0);
     }
 
-    void OnTree(const GLISTNOTIFY& record)
+    // The directories of this machine keep their names.
+    LRESULT OnTree(const GLISTNOTIFY& record)
     {
-        switch (record.hdr.code) {
-        case TVN_ITEMEXPANDINGW:
-            if (record.uAction == TVE_EXPAND) {
-                m_pTree->FillFolder(record.pItem);
-            }
-            break;
-        case TVN_ITEMEXPANDEDW: ShowStatus(); break;
-        case static_cast<UINT>(NM_CLICK): OnClick(record); break;
-        default: break;
+        if (record.hdr.code == TVN_ITEMEXPANDINGW && record.uAction == TVE_EXPAND) {
+            m_pTree->FillFolder(record.pItem);
+        } else {
+            ShowStatus();
         }
-    }
-
-    // The space key, or a click on the check box, ticks it.
-    void OnClick(const GLISTNOTIFY& record)
-    {
-        if (m_pChecks->GetCheck() == BST_CHECKED && (record.x == -1 || HitsCheckBox(record))) {
-            m_pTree->SetItemState(record.pItem, m_pTree->GetItemState(record.pItem) ^ TIS_CHECKED,
-                                  TIS_CHECKED);
-            m_pTree->Invalidate(0);
-        }
-        ShowStatus();
-    }
-
-    bool HitsCheckBox(const GLISTNOTIFY& record) const
-    {
-        constexpr int STEP = 15; // the steps in which the tree hit-tests
-        const int x = record.x - (m_pTree->GetItemLevel(record.pItem) + 1) * STEP;
-        return x >= 0 && x < STEP;
+        return 0;
     }
 
     void ShowStatus()

@@ -9,6 +9,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
         return 2;
     }
     InitControls();
+    gesso::SetBehavior(gesso::Behavior::Modern);
     const gallery::PictureSession pictures;
     gallery::Gallery gallery(options);
     gallery::Stats stats;

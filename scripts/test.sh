@@ -189,7 +189,7 @@ install_package() {
 # build_example PRESET FOLDER: a project of its own, which sees nothing but the installed package.
 build_example() {
     local place=$BUILD/package/$1 options=()
-    [[ $1 == windows ]] && options=(--toolchain "$ROOT/cmake/mingw-w64-x86_64.cmake")
+    [[ $1 == windows ]] && options=(--toolchain "$place/prefix/lib/cmake/gesso/mingw-w64-x86_64.cmake")
     cmake -S "examples/$2" -B "$place/$2" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "${options[@]}" &&
         cmake --build "$place/$2"
 }

@@ -103,11 +103,25 @@ template <> void AddOperations<GScrollbar>(Table& table)
                 OP(GScrollbar, ScrGetPageSize), OP(GScrollbar, ResetScroll), OP(GScrollbar, IsScrollable)});
 }
 
+namespace {
+
+void TrackMenu(GRightClickMenu&, World& world, Source& source)
+{
+    const Text texts[] = {source.AnyText(), source.AnyText(), source.AnyText()};
+    const LPCWSTR values[] = {texts[0], source.Chance(8) ? nullptr : LPCWSTR{texts[1]}, texts[2]};
+    GRightClickMenu::Track(world.AnyParent(source), source.Integer(), source.Integer(),
+                           source.Chance(12) ? nullptr : values, source.Below(4),
+                           source.Chance(4) ? source.Number() : source.Below(4));
+}
+
+} // namespace
+
 template <> void AddOperations<GRightClickMenu>(Table& table)
 {
     using Menu = GRightClickMenu;
     Add(table, {Making(OP(Menu, Create)), OP(Menu, Destroy), Often(4, OP(Menu, AddValue)),
-                Often(2, OP(Menu, SetValue)), OP(Menu, GetValue), OP(Menu, GetValueCount)});
+                Often(2, OP(Menu, SetValue)), OP(Menu, GetValue), OP(Menu, GetValueCount),
+                Often(3, Own<Menu>("Track", TrackMenu))});
 }
 
 } // namespace attack

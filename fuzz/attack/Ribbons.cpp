@@ -180,10 +180,11 @@ void AddPages(Table& table)
 template <> void AddOperations<GRibbon>(Table& table)
 {
     AddPages(table);
-    Add(table, {Making(OP(GRibbon, Create)), OP(GRibbon, Destroy), Often(3, OP(GRibbon, SetActive)),
-                Often(2, OP(GRibbon, SetStatus)), Own<GRibbon>("AddPage", AddPageOfOwn),
-                Own<GRibbon>("MakePage", MakePage), Own<GRibbon>("RemovePage", RemovePage),
-                Own<GRibbon>("RenamePage", RenamePage), Own<GRibbon>("GetPageDrawInfo", GetDrawInfo)});
+    Add(table,
+        {Making(OP(GRibbon, Create)), OP(GRibbon, Destroy), Often(3, OP(GRibbon, SetActive)),
+         Often(2, OP(GRibbon, SetStatus)), OP(GRibbon, SetImageLists), Own<GRibbon>("AddPage", AddPageOfOwn),
+         Own<GRibbon>("MakePage", MakePage), Own<GRibbon>("RemovePage", RemovePage),
+         Own<GRibbon>("RenamePage", RenamePage), Own<GRibbon>("GetPageDrawInfo", GetDrawInfo)});
 }
 
 } // namespace attack

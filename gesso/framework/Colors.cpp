@@ -20,6 +20,7 @@ COLORREF ColorOf(Color color)
     case Color::RibbonHotFill: return RGB(0xFD, 0xFD, 0xFD);
     case Color::RibbonPageLine: return RGB(0xE4, 0xE4, 0xE4);
     case Color::RibbonGroupTitle: return RGB(0x76, 0x76, 0x76);
+    case Color::RibbonItemText: return RGB(0x00, 0x00, 0x00);
     case Color::RibbonAfterPage: return RGB(0x00, 0x00, 0x00);
     case Color::ValueMenuFill: return RGB(0xFF, 0xFF, 0xFF);
     case Color::ValueMenuHotFill: return RGB(0xFF, 0xC8, 0x8C);

@@ -25,6 +25,7 @@ enum class Color
     RibbonHotFill,    // that tab
     RibbonPageLine,   // between groups
     RibbonGroupTitle,
+    RibbonItemText,  // where the style has no colour for it
     RibbonAfterPage, // what a page leaves in its context
     ValueMenuFill,
     ValueMenuHotFill, // the row under the pointer

@@ -38,8 +38,18 @@ bool SetWord(HWND hwnd, LONG nWord)
 // Of the state word: what a window and its user make, and no host.
 constexpr DWORD OF_THE_USER = 0xFFFF & ~(GWS_HIDEFOCUS | GWS_HIDEACCEL);
 
-// Of a WM_CONTEXTMENU that the keyboard asks for: -1 and -1.
-constexpr LPARAM KEYBOARD_PLACE = -1;
+// The menu key's release asks for a menu. Where the platform does so as well, as it does for real input, its
+// message waits already.
+void AskForContextMenu(HWND hwnd)
+{
+    constexpr LPARAM BY_THE_KEYBOARD = -1; // -1 and -1
+    MSG msg{};
+    const bool fWaits = PeekMessageW(&msg, hwnd, WM_CONTEXTMENU, WM_CONTEXTMENU, PM_NOREMOVE) &&
+                        msg.message == WM_CONTEXTMENU; // and not that the program is to end
+    if (!fWaits) {
+        SendMessageW(hwnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(hwnd), BY_THE_KEYBOARD);
+    }
+}
 
 // The tag that CreateTagged hands over; nobody else's creation data lies there.
 constinit thread_local const stcCreateTag* s_pOwnTag = nullptr;
@@ -211,10 +221,11 @@ bool Frame::AsksForContextMenu(UINT uMsg, WPARAM wParam)
 bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
-        // Windows does so at the menu key's release, and Wine does not.
-        *plAnswer = uMsg == WM_KEYUP ? SendMessageW(wnd.m_hWnd, WM_CONTEXTMENU,
-                                                    reinterpret_cast<WPARAM>(wnd.m_hWnd), KEYBOARD_PLACE)
-                                     : Default(wnd, uMsg, wParam, lParam);
+        if (uMsg == WM_KEYUP) {
+            AskForContextMenu(wnd.m_hWnd);
+        } else {
+            *plAnswer = Default(wnd, uMsg, wParam, lParam);
+        }
         return true;
     }
     if (uMsg == WM_UPDATEUISTATE && !Has(wnd, Quirk::CuesStayHidden)) {

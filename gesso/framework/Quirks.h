@@ -54,6 +54,7 @@ enum class Quirk
     RibbonCheckedLooksHot,    // a checked box is drawn one state beyond its own
     RibbonHotStays,           // an item looks hot or pressed where the pointer is no more
     RibbonTextCutOff,         // a large button with an image has no room for a second line
+    RibbonTextsGrey, // where the style has no colour for an item's text, it has that of the groups' titles
 
     // Dialogs
     TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need

@@ -211,6 +211,9 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
                               Has(ribbon, Quirk::RibbonCheckedLooksHot) ? CHECKED_STATES_HOT : CHECKED_STATES,
                               !Has(ribbon, Quirk::RibbonTextCutOff)};
     const UINT uFocusItem = ribbon.ShowsFocus() && ribbon.ActivePage() == this ? FocusItem() : RIBBON_NONE;
+    const gesso::TextColorScope color(hdc, Has(ribbon, Quirk::RibbonTextsGrey)
+                                               ? ColorOf(Color::RibbonGroupTitle)
+                                               : ColorOf(Color::RibbonItemText));
     // Once for all of them: a switch of fonts can cost more than the text.
     const gesso::SelectScope font(hdc, m_hItemFont);
     const Group& group = m_aGroups[nGroup];

@@ -25,7 +25,7 @@ public:
             return;
         }
         m_nLeft = m_nMaxRight = items[nPlaced - 1].nLeft;
-        m_nOffset = items[nPlaced - 1].nBottom - m_nTop;
+        m_nOffset = Wrapped(int64_t{items[nPlaced - 1].nBottom} - m_nTop);
         for (UINT i = nPlaced; i-- > 0 && items[i].nLeft == m_nLeft;) {
             m_nMaxRight = std::max(m_nMaxRight, items[i].nRight);
         }
@@ -33,23 +33,24 @@ public:
 
     void Place(Item& item)
     {
-        const int cx = item.nRight - item.nLeft;
-        const int cy = item.nBottom - item.nTop;
+        // A host's own record may hold anything.
+        const int64_t cx = int64_t{item.nRight} - item.nLeft;
+        const int64_t cy = int64_t{item.nBottom} - item.nTop;
         if (m_nOffset + cy > m_nHeight) {
             m_nLeft = m_nMaxRight;
             m_nOffset = 0;
         }
         item.nLeft = m_nLeft;
-        item.nTop = m_nTop + m_nOffset;
-        item.nRight = item.nLeft + cx;
-        item.nBottom = item.nTop + cy;
-        m_nOffset += cy;
+        item.nTop = Wrapped(int64_t{m_nTop} + m_nOffset);
+        item.nRight = Wrapped(item.nLeft + cx);
+        item.nBottom = Wrapped(item.nTop + cy);
+        m_nOffset = Wrapped(m_nOffset + cy);
         m_nMaxRight = std::max(m_nMaxRight, item.nRight);
     }
 
     int GroupWidth() const
     {
-        return std::max(m_nMaxRight + Pixels(m_hWnd, Metrics::RIBBON_GROUP_MARGINS),
+        return std::max(Wrapped(int64_t{m_nMaxRight} + Pixels(m_hWnd, Metrics::RIBBON_GROUP_MARGINS)),
                         Pixels(m_hWnd, Metrics::RIBBON_EMPTY_GROUP_WIDTH));
     }
 

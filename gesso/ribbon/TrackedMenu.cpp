@@ -46,16 +46,16 @@ RECT WorkAreaAt(POINT pt)
     if (GetMonitorInfoW(MonitorFromPoint(pt, MONITOR_DEFAULTTONEAREST), &monitor)) {
         return monitor.rcWork;
     }
-    return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    return {0, 0, SystemMetric(nullptr, SM_CXSCREEN), SystemMetric(nullptr, SM_CYSCREEN)};
 }
 
-// Right of and below the point; where there is no room below, above it.
+// Right of and below the point; where there is no room below, above it. The size fits into the area.
 POINT PlaceBeside(POINT pt, SIZE size, const RECT& rcArea)
 {
-    const int nLeft = std::max(std::min<int>(pt.x, rcArea.right - size.cx), static_cast<int>(rcArea.left));
-    const bool fBelow = pt.y + size.cy <= rcArea.bottom || pt.y - size.cy < rcArea.top;
-    const int nTop = fBelow ? std::min<int>(pt.y, rcArea.bottom - size.cy) : pt.y - size.cy;
-    return {nLeft, std::max(nTop, static_cast<int>(rcArea.top))};
+    pt = {std::clamp(pt.x, rcArea.left, rcArea.right), std::clamp(pt.y, rcArea.top, rcArea.bottom)};
+    const LONG nLowest = rcArea.bottom - size.cy;
+    const bool fBelow = pt.y <= nLowest || pt.y - size.cy < rcArea.top;
+    return {std::min(pt.x, rcArea.right - size.cx), fBelow ? std::min(pt.y, nLowest) : pt.y - size.cy};
 }
 
 } // namespace
@@ -66,7 +66,7 @@ TrackedMenu::TrackedMenu(const LPCWSTR* ppszValues, UINT nCount, UINT uChecked)
         AddValue(ppszValues[i]);
     }
     m_hFont = g_hDefaultFont;
-    m_nHot = uChecked < GetValueCount() ? static_cast<int>(uChecked) : -1;
+    ChangeHot(uChecked < nCount ? static_cast<int>(uChecked) : -1);
 }
 
 SIZE TrackedMenu::SizeOfRows() const
@@ -87,10 +87,8 @@ bool TrackedMenu::Show(HWND hwndOwner, POINT pt)
 {
     const RECT rcArea = WorkAreaAt(pt);
     const SIZE rows = SizeOfRows();
-    RECT rc{0, 0, rows.cx, rows.cy};
-    AdjustWindowRectEx(&rc, STYLE, FALSE, EX_STYLE);
-    const SIZE size{std::min(rc.right - rc.left, rcArea.right - rcArea.left),
-                    std::min(rc.bottom - rc.top, rcArea.bottom - rcArea.top)};
+    const SIZE size{std::min(rows.cx + 2 * SystemMetric(nullptr, SM_CXBORDER), rcArea.right - rcArea.left),
+                    std::min(rows.cy + 2 * SystemMetric(nullptr, SM_CYBORDER), rcArea.bottom - rcArea.top)};
     const POINT ptPlace = PlaceBeside(pt, size, rcArea);
     const Placement place{static_cast<int>(ptPlace.x), static_cast<int>(ptPlace.y), static_cast<int>(size.cx),
                           static_cast<int>(size.cy), hwndOwner};

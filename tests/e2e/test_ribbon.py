@@ -7,6 +7,7 @@ from gallery import GalleryTest, save_pictures
 ROOT = pathlib.Path(__file__).parents[2]
 MENU_ROW = 20
 CBN_SELCHANGE = 1
+TAB_CHANGED = -700
 OPAQUE = 255
 
 
@@ -113,9 +114,9 @@ class Ribbon(GalleryTest):
 
     # --- Tabs
 
-    def test_a_click_on_a_tab_shows_its_page_and_reports_nothing(self):
+    def test_a_click_on_a_tab_shows_its_page_and_tells_of_it(self):
         self.gallery.click(self.tab("View").middle)
-        self.assertEqual(self.gallery.lines(), [])
+        self.assertEqual(self.gallery.lines(), [f"WM_NOTIFY id 0 code {TAB_CHANGED} from GRibbon ''"])
         self.assertEqual(self.there("ribbon item"), ["Locked", "Fixed pitch", "Show the tab Review"])
 
     def test_hosted_windows_show_with_their_page_alone(self):
@@ -196,14 +197,18 @@ class Ribbon(GalleryTest):
         reported = f"WM_COMMAND id {box.id} code {CBN_SELCHANGE} from GComboBox '10 points'"
         self.assertEqual(self.gallery.commands(), [reported])
 
-    def test_tab_goes_to_hosted_windows_and_with_ctrl_out_of_the_text(self):
+    def test_tab_goes_to_the_ribbon_and_arrows_to_hosted_windows_in_it(self):
         self.gallery.click(self.editor.middle)
-        stops = []
-        for keys in (("ctrl+Tab",), ("Tab",), ("Tab",)):
-            self.gallery.lines(*keys)
-            stops.append(self.gallery.first("focus").id)
-        hosted = {c.id for c in self.gallery.controls() if c.class_name in ("GComboBox", "GEdit")} - {self.editor.id}
-        self.assertEqual((set(stops[:2]), stops[2]), (hosted, self.editor.id))
+        self.gallery.lines("ctrl+shift+Tab")
+        ribbon = [c for c in self.gallery.controls() if c.class_name == "GRibbon"][-1]
+        self.assertEqual(self.gallery.first("focus").id, ribbon.id)
+        self.gallery.lines("Down", *["Right"] * 7)
+        self.assertEqual(self.gallery.first("focus").id, self.gallery.first("GComboBox").id)
+        self.gallery.lines("Tab")
+        field = min((c for c in self.gallery.controls() if c.class_name == "GEdit"), key=lambda c: c.cy)
+        if self.gallery.first("focus").id == field.id:  # Wine goes on within the ribbon, Windows leaves it
+            self.gallery.lines("Tab")
+        self.assertEqual(self.gallery.first("focus").id, self.editor.id)
 
     # --- The value menu
 
@@ -214,19 +219,21 @@ class Ribbon(GalleryTest):
         self.gallery.lines()
         return x + 20, y + MENU_ROW // 2
 
-    def test_a_value_is_reported_with_its_row_and_ends_the_menu(self):
+    def test_a_value_acts_and_ends_the_menu(self):
         self.write("one")
         x, y = self.open_menu()
         self.gallery.click((x, y + 3 * MENU_ROW))
-        reported = [line for line in self.gallery.commands() if "GRightClickMenu" in line]
-        self.assertEqual(reported, ["WM_COMMAND id 0 code 3 from GRightClickMenu ''"])
+        self.assertEqual([line for line in self.gallery.commands() if "GRightClickMenu" in line], [])
         # "Select all" acted, the menu is gone, and the text has the keyboard.
         self.gallery.type("two")
         self.assertEqual(self.text(), "two")
 
     def test_a_click_elsewhere_dismisses_the_menu(self):
         x, y = self.open_menu()
-        self.gallery.click(self.tab("Home").middle)
+        self.gallery.click(self.tab("Home").middle)  # which it reaches
+        self.assertIn("Paste", self.there("ribbon item"))
         self.gallery.lines()
-        self.gallery.click((x, y + 3 * MENU_ROW))
-        self.assertEqual([line for line in self.gallery.commands() if "GRightClickMenu" in line], [])
+        self.gallery.click((x, y + 3 * MENU_ROW))  # in the text
+        self.gallery.lines()
+        self.gallery.type("x")
+        self.assertGreater(len(self.text()), 1, "nothing was selected")

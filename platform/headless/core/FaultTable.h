@@ -128,6 +128,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"LockResource", "null"},
     {"MapDialogRect", "FALSE"},
     {"MapWindowPoints", "0"},
+    {"MonitorFromPoint", "null"},
     {"MonitorFromWindow", "null"},
     {"MoveToEx", "FALSE"},
     {"MoveWindow", "FALSE"},

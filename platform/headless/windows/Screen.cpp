@@ -45,6 +45,9 @@ HMONITOR WINAPI MonitorFromWindow(HWND, DWORD)
 HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags)
 {
     const TableLock lock;
+    if (FaultFires("MonitorFromPoint")) {
+        return nullptr;
+    }
     return flags != MONITOR_DEFAULTTONULL || PtInRect(&Root().frame, point) ? MONITOR : nullptr;
 }
 

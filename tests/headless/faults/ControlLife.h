@@ -138,7 +138,13 @@ inline void Fill(GRibbon& ribbon)
 template <class CONTROL> class ControlLife
 {
 public:
-    explicit ControlLife(HWND hwndParent) : m_hwndParent(hwndParent), m_pControl(new CONTROL) {}
+    explicit ControlLife(HWND hwndParent) : m_hwndParent(hwndParent), m_pControl(new CONTROL)
+    {
+        // So that a picture does not tell whether keys were typed before.
+        if (gesso::GetBehavior() == gesso::Behavior::Modern) {
+            gesso::ShowKeyboardCues(hwndParent);
+        }
+    }
     ~ControlLife()
     {
         End();
@@ -246,7 +252,7 @@ private:
     {
         SetFocus(m_hwnd);
         desk::TypeText("ab");
-        for (const UINT vk : std::initializer_list<UINT>{VK_DOWN, VK_RIGHT, VK_BACK, VK_RETURN}) {
+        for (const UINT vk : std::initializer_list<UINT>{VK_DOWN, VK_RIGHT, VK_BACK, VK_RETURN, VK_F2}) {
             desk::TypeKey(vk);
         }
         for (const UINT vk : std::initializer_list<UINT>{'A', 'C', 'X', 'V'}) {

@@ -4,6 +4,7 @@
 #include "ControlLife.h"
 
 #include "../../dialogs/WizardFixture.h"
+#include "../../support/WithBehavior.h"
 #include "../controls/DrawFixture.h"
 
 #include <gtest/gtest.h>
@@ -210,6 +211,16 @@ protected:
         return fFired;
     }
 
+    void SweepAll(const std::string& where)
+    {
+        InItsOwnProcess([&] {
+            TakeReference();
+            const std::string subject = testing::internal::GetTypeName<CONTROL>() + where;
+            Report(subject,
+                   Sweep(subject, [this](const auto& operation, int call) { return Run(operation, call); }));
+        });
+    }
+
     Lines m_healed, m_anew;
 };
 
@@ -217,13 +228,13 @@ TYPED_TEST_SUITE(FaultSweep, AllControls::Types);
 
 TYPED_TEST(FaultSweep, LosesNothingAndTheControlWorksAgain)
 {
-    InItsOwnProcess([this] {
-        this->TakeReference();
-        const std::string subject = testing::internal::GetTypeName<TypeParam>();
-        Report(subject, Sweep(subject, [this](const auto& operation, int call) {
-                   return this->Run(operation, call);
-               }));
-    });
+    this->SweepAll("");
+}
+
+TYPED_TEST(FaultSweep, LosesNothingInModernEither)
+{
+    const Modern modern;
+    this->SweepAll(" in Modern");
 }
 
 // --- Dialogs

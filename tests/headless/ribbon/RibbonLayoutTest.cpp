@@ -94,3 +94,16 @@ TEST(RibbonLayout, TheCheckFindsWhatStandsWrong)
 }
 
 } // namespace
+
+TEST(RibbonLayout, AHostsRecordMayHoldAnything)
+{
+    GRibbonPage::Group group{};
+    GRibbonPage::Item item{};
+    item.nLeft = item.nTop = INT_MIN;
+    item.nRight = item.nBottom = INT_MAX;
+    for (int i = 0; i < 3; i++) {
+        group.aItems.Add(item);
+    }
+    gesso::PlaceItems(nullptr, group);
+    EXPECT_EQ(group.nPlacedItems, 3u);
+}
