@@ -74,7 +74,7 @@ bool LabelEdit::Begin(HWND hwnd)
 void LabelEdit::Place(HWND hwnd, const RECT& rcLabel)
 {
     if (LabelEdit* edit = Of(hwnd)) {
-        edit->m_ptLabel = {rcLabel.left, rcLabel.top};
+        edit->m_rcLabel = rcLabel;
         edit->Fit();
     }
 }
@@ -82,16 +82,15 @@ void LabelEdit::Place(HWND hwnd, const RECT& rcLabel)
 // The text begins where the label's does.
 void LabelEdit::Fit()
 {
-    RECT rcOwner{}, rc{};
+    RECT rcOwner{};
     GetClientRect(::GetParent(m_hWnd), &rcOwner);
-    GetWindowRect(m_hWnd, &rc);
     const int nInset = Pixels(m_hWnd, Metrics::LABEL_EDIT_INSET);
     const int nText = WindowMeasure(m_hWnd, m_hFont, false)->Extent(m_strText, m_strText.GetLength()).cx;
-    const int nLeft = Saturated(std::max<int64_t>(int64_t{m_ptLabel.x} - nInset, 0));
+    const int nLeft = Saturated(std::max<int64_t>(int64_t{m_rcLabel.left} - nInset, 0));
     const int nWanted = nText + 2 * nInset + Pixels(m_hWnd, Metrics::LABEL_EDIT_ROOM);
     const int nWidth = std::max(std::min<int>(nWanted, rcOwner.right - nLeft), nInset);
-    SetWindowPos(m_hWnd, nullptr, nLeft, m_ptLabel.y, nWidth, rc.bottom - rc.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(m_hWnd, nullptr, nLeft, m_rcLabel.top, nWidth,
+                 Saturated(int64_t{m_rcLabel.bottom} - m_rcLabel.top), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LabelEdit* LabelEdit::Of(HWND hwnd)

@@ -36,7 +36,7 @@ private:
     void Fit();
 
     EndFunction m_pfnEnd; // null once the edit has ended
-    POINT m_ptLabel{};
+    RECT m_rcLabel{};
 };
 
 } // namespace gesso

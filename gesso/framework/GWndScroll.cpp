@@ -4,6 +4,7 @@
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollRepeat.h>
@@ -307,14 +308,25 @@ LRESULT GWndScroll::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
     return 0;
 }
 
-// Fixed behaviour: client coordinates meet bar rectangles that are relative to the window. A host that goes
-// by the answers along the bars' edges would get others there.
+// Fixed behaviour: in Classic client coordinates meet bar rectangles that are relative to the window, and the
+// client area is a pixel larger. A host that goes by the answers along the bars' edges would get others
+// there.
 LRESULT GWndScroll::OnNcHitTest(POINTS ptScreen) const
 {
     POINT pt{ptScreen.x, ptScreen.y};
     ScreenToClient(m_hWnd, &pt);
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
+    if (!gesso::Has(*this, gesso::Quirk::BarHitsBeside)) {
+        const POINT ptBar{BarPoint(ptScreen).x, BarPoint(ptScreen).y};
+        const auto isAt = [&](int nBar, DWORD dwFlags) {
+            return Shows(BARS[nBar], dwFlags) && PtInRect(&RectOf(nBar), ptBar);
+        };
+        return PtInRect(&rcClient, pt)     ? HTCLIENT
+               : isAt(SB_VERT, m_dwVStyle) ? HTVSCROLL
+               : isAt(SB_HORZ, m_dwHStyle) ? HTHSCROLL
+                                           : HTBORDER;
+    }
     if (pt.x >= 0 && pt.y >= 0 && pt.x <= rcClient.right && pt.y <= rcClient.bottom) {
         return HTCLIENT;
     }

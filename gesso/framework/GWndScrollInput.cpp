@@ -8,6 +8,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollRepeat.h>
 #include <gesso/framework/Wrapped.h>
@@ -19,6 +20,8 @@
 using gesso::BARS;
 using gesso::BarTraits;
 using gesso::Frame;
+using gesso::Has;
+using gesso::Quirk;
 
 namespace {
 
@@ -39,6 +42,16 @@ SCROLLINFO PlatformScrollInfo(HWND hwnd, int nBar)
 bool IsThumb(WORD wHit)
 {
     return wHit == SBH_VTHUMB || wHit == SBH_HTHUMB;
+}
+
+// What the repeat and the end of a press on a part of a bar are sent as.
+//
+// Fixed behaviour: in Classic as vertical scrolling, of both bars. A host's content would move sideways where
+// it moves up or down today, and one that settles its content at the end would not hear of it.
+UINT MessageOfPart(const GWnd& wnd, WORD wHit)
+{
+    const bool fAcross = (wHit & SBH_HORIZONTAL) && !Has(wnd, Quirk::BarAcrossSpeaksDown);
+    return fAcross ? WM_HSCROLL : WM_VSCROLL;
 }
 
 } // namespace
@@ -76,10 +89,17 @@ WORD GWndScroll::ScrollBarHitTest(ScrollBarHitTestInfo* pInfo) const
     return pInfo->wHit;
 }
 
-// Fixed behaviour: client coordinates, less the bars' own offset in the window. Flipped bars would be hit at
-// other places than a host's own drawing of them shows.
+// In Modern of the window.
+//
+// Fixed behaviour: in Classic client coordinates, less the bars' own offset in the window. Flipped bars would
+// be hit at other places than a host's own drawing of them shows.
 POINTS GWndScroll::BarPoint(POINTS ptScreen) const
 {
+    if (!Has(*this, Quirk::BarHitsBeside)) {
+        RECT rc{};
+        GetWindowRect(m_hWnd, &rc);
+        return {Wrap16(ptScreen.x - rc.left), Wrap16(ptScreen.y - rc.top)};
+    }
     POINT pt{ptScreen.x, ptScreen.y};
     ScreenToClient(m_hWnd, &pt);
     return {Wrap16(pt.x - m_rcHScroll.left), Wrap16(pt.y - m_rcVScroll.top)};
@@ -125,9 +145,7 @@ void CALLBACK GWndScroll::ScrollBarTimerCallback(HWND, UINT, UINT_PTR, DWORD)
     const WORD wHit = pWindow->m_hitDown.wHit;
     const WORD wCode = gesso::RuleOf(BARS[pWindow->BarOfHit(wHit)], wHit).wScrollCode;
     if (wCode != gesso::NO_SCROLL_CODE) {
-        // Fixed behaviour: a held arrow or track of the horizontal bar repeats as vertical scrolling. A
-        // host's content would move sideways where it moves up or down today.
-        pWindow->SendScroll(WM_VSCROLL, wCode);
+        pWindow->SendScroll(MessageOfPart(*pWindow, wHit), wCode);
     }
     // The thumb may have moved under the pointer.
     if (Frame::IsAlive(hwnd, pWindow)) {
@@ -227,10 +245,8 @@ LRESULT GWndScroll::OnNcLButtonUp(UINT, POINTS)
             const int nBar = BarOfHit(m_hitDown.wHit);
             SendScroll(BARS[nBar].uMessage, SB_THUMBPOSITION, static_cast<WORD>(BarOf(nBar).si.nTrackPos));
         }
-        // Fixed behaviour: the end of scrolling is told as vertical for both bars. A host that settles its
-        // content on it would not hear of the horizontal end.
         if (Frame::IsAlive(hwnd, this)) {
-            SendScroll(WM_VSCROLL, SB_ENDSCROLL);
+            SendScroll(MessageOfPart(*this, m_hitDown.wHit), SB_ENDSCROLL);
         }
     }
     if (!Frame::IsAlive(hwnd, this)) {

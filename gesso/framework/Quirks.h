@@ -27,6 +27,12 @@ enum class Quirk
     BackButtonOnBlack,      // no parent's background is behind the back button
     BackButtonChangesStyle, // the back button opens another class of the style at WM_THEMECHANGED
 
+    // Bars of controls that scroll
+    BarThumbWraps,       // a dragged thumb leads no further than the first 65,536 pixels
+    BarAcrossSpeaksDown, // a bar across repeats, and ends, as the one that goes down
+    BarHitsBeside,       // bars are hit a few pixels beside where they are drawn
+    BarWheelDropsRest,   // turns of the wheel by less than a notch are lost
+
     // GTree and GNavigationBar
     TreeSelectionIsSilent,  // nobody is told of a selection that changes, nor is it painted
     TreeRemovalIsSilent,    // nobody is told of an item that goes
@@ -83,6 +89,12 @@ enum class Quirk
     ListTiltIgnored,        // a wheel that tilts does nothing
     ListTypingIgnored,      // typed characters lead nowhere
     ListF2IsIdle,           // F2 does nothing
+    ListCaptionsMixed,      // in a tile a value begins where another column's caption would end
+    ListCellsLag,           // cells keep what a former height, width or view gave them
+    ListContentSpills,      // what a cell has no room for shows over others
+    ListHeaderDrags,        // a press on the header that moves away is told as a drag
+    ListLosesSecondClicks,  // the second of two fast clicks in the header or in empty room does nothing
+    ListTextsMisaligned,    // an icon's text lies as its column says, and a wide one that is centred is lost
 };
 
 // Whether a control has the rule. An object without a window has what it would be made with now.

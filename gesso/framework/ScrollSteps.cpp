@@ -1,8 +1,33 @@
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollSteps.h>
 
 namespace gesso {
+namespace {
+
+// What is left of the turns of the wheel.
+struct WheelRest
+{
+    const void* pBar; // only compared
+    int nDelta;
+};
+
+// Counts a turn, and what the last ones have left.
+int NotchesOf(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
+{
+    static constinit thread_local WheelRest s_rest{};
+    if (Has(wnd, Quirk::BarWheelDropsRest)) {
+        return nDelta / WHEEL_DELTA;
+    }
+    const bool fGoesOn = s_rest.pBar == &si && (s_rest.nDelta < 0) == (nDelta < 0);
+    const int nTurned = nDelta + (fGoesOn ? s_rest.nDelta : 0);
+    s_rest = {&si, nTurned % WHEEL_DELTA};
+    return nTurned / WHEEL_DELTA;
+}
+
+} // namespace
 
 UINT WheelLines()
 {
@@ -25,12 +50,24 @@ std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThum
     }
 }
 
-std::optional<int64_t> WheelTarget(HWND hwnd, const SCROLLINFO& si, int nDelta)
+UINT TrackedPos(const GWnd& wnd, const SCROLLINFO& si, UINT nTold)
+{
+    const bool fSame = LOWORD(si.nTrackPos) == nTold && si.nTrackPos >= 0;
+    return fSame && !Has(wnd, Quirk::BarThumbWraps) ? static_cast<UINT>(si.nTrackPos) : nTold;
+}
+
+int64_t WheelTravel(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
+{
+    return int64_t{NotchesOf(wnd, si, nDelta)} * WheelLines() *
+           Pixels(Frame::Handle(wnd), Metrics::WHEEL_LINE);
+}
+
+std::optional<int64_t> WheelTarget(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
 {
     if (static_cast<int>(si.nPage) >= RangeOf(si)) {
         return std::nullopt;
     }
-    return si.nPos - int64_t{nDelta / WHEEL_DELTA} * WheelLines() * Pixels(hwnd, Metrics::WHEEL_LINE);
+    return si.nPos - WheelTravel(wnd, si, nDelta);
 }
 
 } // namespace gesso

@@ -12,10 +12,18 @@ namespace gesso {
 // position that comes with the codes of the thumb.
 std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThumb, int64_t nLine);
 
+// Where the thumb is of which a message tells 16 bits: in Modern all of it, if the bar itself has sent the
+// message.
+UINT TrackedPos(const GWnd& wnd, const SCROLLINFO& si, UINT nTold);
+
 // The same for the wheel. None where all is in sight.
 // Fixed behaviour: 20 pixels a line, whatever a control's rows are high. A host that moves something along
 // with the wheel by itself would part from the control.
-std::optional<int64_t> WheelTarget(HWND hwnd, const SCROLLINFO& si, int nDelta);
+std::optional<int64_t> WheelTarget(const GWnd& wnd, const SCROLLINFO& si, int nDelta);
+
+// What a turn of the wheel moves a bar's position by, in pixels. In Modern what is less than a notch counts
+// with the next turn of the same bar in the same direction.
+int64_t WheelTravel(const GWnd& wnd, const SCROLLINFO& si, int nDelta);
 
 // How many lines a notch of the wheel is to scroll.
 UINT WheelLines();

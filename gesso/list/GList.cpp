@@ -456,6 +456,7 @@ LRESULT GList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_NOTIFY: return OnNotify(static_cast<UINT>(wParam), reinterpret_cast<const NMHDR*>(lParam));
     case WM_MOUSEHWHEEL: return OnMouseHWheel(GET_WHEEL_DELTA_WPARAM(wParam));
     case WM_CONTEXTMENU: return 0;
+    case WM_TIMER: return TakesTimer(wParam) ? 0 : Frame::Default(*this, uMsg, wParam, lParam);
     default: return Frame::Default(*this, uMsg, wParam, lParam);
     }
 }

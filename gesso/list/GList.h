@@ -120,8 +120,8 @@ public:
     virtual DWORD GetStyle() const;
 
     // The view and its options (GLS_), and with it what every item shows, made anew from the columns. Returns
-    // the former style; or -1, with the style stored and nothing laid out, for the tiles view when no column
-    // has a LCF_ flag.
+    // the former style; or -1, with the style stored, for the tiles view when no column has a LCF_ flag. In
+    // Classic nothing is laid out then; in Modern items show nothing.
     virtual UINT SetListStyle(UINT style);
     virtual UINT GetListStyle() const;
 
@@ -229,7 +229,8 @@ public:
     virtual void RemoveItem(UINT item);
     virtual void RemoveAllItems();
     virtual UINT GetItemCount() const;
-    // In pixels. What the view needs at least may make items larger.
+    // In pixels. What the view needs at least may make items larger. In Classic what the items show follows
+    // with the next SetListStyle.
     virtual void SetItemHeight(UINT height);
     virtual UINT GetItemHeight() const;
     virtual void SetItemWidth(UINT width);
@@ -304,7 +305,8 @@ public:
     UINT GetCursorItem() const;
     // -1 takes it away; past the end is ignored. Repaints; neither selects nor scrolls.
     void SetCursorItem(UINT item);
-    // Scrolls the rows so that the item shows whole, or its upper end where it is higher than the window.
+    // Scrolls the rows so that the item shows whole, or its upper end where it is higher than the window; the
+    // first item of a group with the group's row, if both fit.
     // Ignored past the end, for an item that has no row, and during a bulk fill.
     void EnsureVisible(UINT item);
     // What orders the items of every column from then on, in the place of the columns' fktSort and of their
@@ -507,6 +509,7 @@ private:
     gesso::ListGeometry Geometry() const;
     gesso::ListLayout Layout();
     bool HasExactPlaces() const;
+    bool HasExactBars() const;
     UINT RowsWidth() const;
     UINT CellWidth() const;
     int PlaceRows();
@@ -516,6 +519,7 @@ private:
     void ForgetLayout();
     bool SetContentHeight(int rowsEnd);
     void ScrollTo(int nBar, int64_t position);
+    void RedrawMoved();
     void RedrawAll();
 
     // Sorting
@@ -561,11 +565,15 @@ private:
     void SelectForMenu(const HitTestInfo& hit);
     LRESULT OnRightButton(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnMouseHWheel(int delta);
+    void ScrollByWheel(int nBar, int delta);
     void RenewHot();
     POINT InRows(POINTS pt) const;
     void StartBand(POINTS pt);
     void MoveBand(POINTS pt);
     void ScrollToward(POINTS pt);
+    void RenewBand();
+    void EndBand();
+    bool TakesTimer(WPARAM timer);
     void SelectInBand();
     void DrawBand(HDC hdc) const;
 
@@ -624,6 +632,7 @@ private:
 
     // Renaming
     RECT ContentRect(const stcColumnDrawInfo& element, const RECT& rcRow, int border) const;
+    const stcColumnDrawInfo* LabelElement() const;
     bool GetLabelRect(UINT item, RECT* rc) const;
     UINT IndexOf(const ListItem* item) const;
     void ShowLabel(UINT item);

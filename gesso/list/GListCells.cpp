@@ -5,17 +5,20 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/list/GList.h>
 #include <gesso/list/ListCellLayout.h>
+#include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
 
 #include <algorithm>
 #include <utility>
 
+using gesso::Has;
 using gesso::NO_INDEX;
 using gesso::Pixels;
+using gesso::Quirk;
 using gesso::Saturated;
 using gesso::SelectScope;
 using gesso::WindowContext;
@@ -36,16 +39,21 @@ SIZE TextSize(HFONT hFont, LPCWSTR text)
 
 UINT GList::SetListStyle(UINT style)
 {
-    const UINT former = std::exchange(listStyle, style);
+    UINT former = std::exchange(listStyle, style);
     const WindowContext context(m_hWnd);
     const gesso::Lifeline life(*this);
     ForgetLayout();
     switch (listStyle & GLS_VIEWMASK) {
     case GLS_DETAILS: MakeDetailsCell(context); break;
     case GLS_TILES:
-        // Nothing to show: the style stays stored, and the cells of the view before stay too.
+        // Nothing to show: the style stays stored, and in Classic the cells of the view before stay too.
         if (!MakeTilesCell(context)) {
-            return NO_INDEX;
+            if (Has(*this, Quirk::ListCellsLag)) {
+                return NO_INDEX;
+            }
+            columnDraw.RemoveAll();
+            contentCx = RowsWidth();
+            former = NO_INDEX;
         }
         break;
     case GLS_ICONS: MakeIconsCell(); break;
@@ -53,6 +61,9 @@ UINT GList::SetListStyle(UINT style)
     }
     if (life) {
         Calculate();
+    }
+    if (life) {
+        EndLostRenaming();
     }
     return former;
 }
@@ -109,8 +120,11 @@ bool GList::MakeTilesCell(HDC hdc)
     }
     const bool fCheckBoxes = listStyle & GLS_CHECKBOXES;
     const SIZE box = fCheckBoxes ? CheckBoxSize(hdc) : SIZE{};
-    gesso::ArrangeTiles(columnDraw, columns, itemHeight, fCheckBoxes ? &box : nullptr,
-                        [this](LPCWSTR caption) { return TileCaptionWidth(caption); });
+    // Fixed behaviour: in Classic captions are mixed up, where a column before has one. Values would else
+    // move in tiles of several captions.
+    gesso::ArrangeTiles(
+        columnDraw, columns, itemHeight, fCheckBoxes ? &box : nullptr,
+        [this](LPCWSTR caption) { return TileCaptionWidth(caption); }, Has(*this, Quirk::ListCaptionsMixed));
     Layout().Stamp(0);
     contentCx = RowsWidth();
     return true;

@@ -9,7 +9,7 @@
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/list/ListInside.h>
-#include <gesso/text/CDrawText.h>
+#include <gesso/list/PreparedText.h>
 
 #include <algorithm>
 #include <new>
@@ -51,18 +51,9 @@ void MoveCheckMark(ListSubItem& from, ListSubItem& to)
     from.state &= ~LSIS_CHECKED;
 }
 
-// As the list draws it.
-int64_t WidthOf(const void* hText)
+int64_t WidthOf(void* hText)
 {
-    const auto* buffer = static_cast<const stcDrawTextBuffer*>(hText);
-    if (!buffer || hText == reinterpret_cast<const void*>(~UINT_PTR{0}) || !buffer->pBreaks) {
-        return 0;
-    }
-    UINT width = 0;
-    for (UINT line = 0; line <= buffer->nBreaks; ++line) {
-        width = std::max(width, buffer->pBreaks[line].nWidth);
-    }
-    return width;
+    return gesso::PreparedSize(hText).cx;
 }
 
 } // namespace

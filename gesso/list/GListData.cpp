@@ -128,6 +128,7 @@ UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT c
             return NO_INDEX;
         }
         FollowSortColumn(position, true);
+        m_inside->renaming.fLost = m_inside->renaming.fLost || position == 0;
     }
     if (text) {
         const WindowContext context(m_hWnd);
@@ -157,6 +158,7 @@ void GList::RemoveColumn(UINT column)
         if (!Has(*this, Quirk::ListColumnsMoveNothing)) {
             RemoveSubItems(column);
             FollowSortColumn(column, false);
+            m_inside->renaming.fLost = m_inside->renaming.fLost || column == 0;
         }
         ReleaseColumn(columns[column]);
         columns.RemoveAt(column, 1);
@@ -169,6 +171,7 @@ void GList::RemoveAllColumns()
     const bool fSubItemsGo = !Has(*this, Quirk::ListColumnsMoveNothing);
     for (UINT column = columns.GetLength(); fSubItemsGo && column > 0; --column) {
         RemoveSubItems(column - 1);
+        FollowSortColumn(column - 1, false);
     }
     ReleaseColumns();
     SetListStyle(listStyle);
@@ -537,11 +540,13 @@ UINT GList::GetItemCount() const
     return items.GetLength();
 }
 
+// Fixed behaviour: in Classic, of this and the width, the cells of the items stay as they are. A program that
+// sets a style behind it would else have its view laid out twice, and one that does not another picture.
 void GList::SetItemHeight(UINT height)
 {
     itemHeight = itemHeightBase = height;
     headerArea = HeaderRoom();
-    Calculate();
+    Has(*this, Quirk::ListCellsLag) ? Calculate() : void(SetListStyle(listStyle));
 }
 
 UINT GList::GetItemHeight() const
@@ -552,7 +557,7 @@ UINT GList::GetItemHeight() const
 void GList::SetItemWidth(UINT width)
 {
     itemWidth = itemWidthBase = width;
-    Calculate();
+    Has(*this, Quirk::ListCellsLag) ? Calculate() : void(SetListStyle(listStyle));
 }
 
 UINT GList::GetItemWidth() const

@@ -13,6 +13,7 @@
 #include <gesso/framework/ThemePart.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
+#include <gesso/list/PreparedText.h>
 #include <gesso/text/CDrawText.h>
 
 #include <algorithm>
@@ -72,6 +73,36 @@ private:
     HFONT m_hNow = nullptr;
 };
 
+// A prepared text in another alignment than it was prepared in.
+class AlignmentScope
+{
+public:
+    AlignmentScope(stcDrawTextBuffer& buffer, UINT uAlignment) : m_buffer(buffer), m_uFormer(buffer.uFormat)
+    {
+        m_buffer.uFormat = (m_uFormer & ~UINT{DT_CENTER | DT_RIGHT}) | uAlignment;
+    }
+    ~AlignmentScope() { m_buffer.uFormat = m_uFormer; }
+    AlignmentScope(const AlignmentScope&) = delete;
+    AlignmentScope& operator=(const AlignmentScope&) = delete;
+
+private:
+    stcDrawTextBuffer& m_buffer;
+    UINT m_uFormer;
+};
+
+// Draws a text in another alignment than its own, NO_INDEX for that; one that is too wide begins at the left.
+void DrawAligned(HDC hdc, void* hText, const RECT& rc, UINT uAlignment)
+{
+    const bool fTooWide = gesso::PreparedSize(hText).cx > rc.right - rc.left;
+    stcDrawTextBuffer* buffer = gesso::PreparedBuffer(hText);
+    if (buffer && (fTooWide || uAlignment != NO_INDEX)) {
+        const AlignmentScope alignment(*buffer, fTooWide ? DT_LEFT : uAlignment);
+        CDrawText::DrawTextW(hdc, hText, rc);
+    } else {
+        CDrawText::DrawTextW(hdc, hText, rc);
+    }
+}
+
 } // namespace
 
 // One paint of items: what all of them need is asked once.
@@ -79,29 +110,38 @@ class GList::RowPainter
 {
 public:
     RowPainter(GList& list, HDC hdc);
+    ~RowPainter();
     RowPainter(const RowPainter&) = delete;
     RowPainter& operator=(const RowPainter&) = delete;
 
     void DrawItem(UINT index, const RECT& rc);
-    void DrawGroup(UINT index, RECT rc);
+    void DrawGroup(UINT index, RECT rc, int right);
 
 private:
     void DrawHighlight(const ListItem& item, bool fHot, const RECT& rc) const;
     void DrawCheckBox(UINT index, const RECT& rc) const;
     int CheckBoxState(bool fChecked) const;
-    RECT ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow) const;
+    RECT ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow);
     void DrawElement(const stcColumnDrawInfo& element, const ListSubItem& sub, RECT rc);
     void DrawSubText(const ListSubItem& sub, bool fTitle, const RECT& rc);
     void DrawCaption(UINT column, const RECT& rc);
-    void DrawImage(UINT image, const RECT& rc) const;
+    void DrawImage(UINT image, const RECT& rc, SIZE size) const;
+    void DrawIcon(UINT image, const RECT& rc) const;
+    SIZE RoomFor(const RECT& rc) const;
     void DrawIn(HFONT hFont, void* hText, const RECT& rc);
+    void DrawInCell(void* hText, const RECT& rc) const;
 
     GList& m_list;
     HDC m_hdc;
     FontCursor m_fonts;
     bool m_fFocused;
     bool m_fDisabled;
-    UINT m_cursor = NO_INDEX; // the item with the focus rectangle
+    bool m_fContained;           // cells show no more than they have room for
+    bool m_fAligned;             // texts that are too wide begin at the left, and icons' are centred
+    UINT m_alignment = NO_INDEX; // of the text to be drawn; NO_INDEX for its own
+    RECT m_rcCell{};             // of the element
+    UINT m_cursor = NO_INDEX;    // the item with the focus rectangle
+    RECT m_rcCursor{};
     int m_border;
     UINT m_imageCount = 0;
     SIZE m_icon;
@@ -109,7 +149,8 @@ private:
 
 GList::RowPainter::RowPainter(GList& list, HDC hdc)
     : m_list(list), m_hdc(hdc), m_fonts(hdc), m_fFocused(list.IsFocusInside()),
-      m_fDisabled(Frame::Style(list) & WS_DISABLED), m_border(list.themeList.BorderSize()),
+      m_fDisabled(Frame::Style(list) & WS_DISABLED), m_fContained(!Has(list, Quirk::ListContentSpills)),
+      m_fAligned(!Has(list, Quirk::ListTextsMisaligned)), m_border(list.themeList.BorderSize()),
       m_icon(list.IconSize())
 {
     int count = 0;
@@ -122,20 +163,48 @@ GList::RowPainter::RowPainter(GList& list, HDC hdc)
     }
 }
 
+// Over the grid, which may go through it.
+GList::RowPainter::~RowPainter()
+{
+    if (!IsRectEmpty(&m_rcCursor)) {
+        DrawFocusRect(m_hdc, &m_rcCursor);
+    }
+}
+
+// A rectangle without width would give the text all the room that there is.
 void GList::RowPainter::DrawIn(HFONT hFont, void* hText, const RECT& rc)
 {
-    if (hText) {
-        m_fonts.Select(hFont);
+    if (!hText || (m_fContained && rc.right <= rc.left)) {
+        return;
+    }
+    m_fonts.Select(hFont);
+    if (m_fContained && gesso::PreparedSize(hText).cy > m_rcCell.bottom - m_rcCell.top) {
+        const gesso::StateScope clip(m_hdc);
+        IntersectClipRect(m_hdc, m_rcCell.left, m_rcCell.top, m_rcCell.right, m_rcCell.bottom);
+        DrawInCell(hText, rc);
+    } else {
+        DrawInCell(hText, rc);
+    }
+}
+
+void GList::RowPainter::DrawInCell(void* hText, const RECT& rc) const
+{
+    if (m_fAligned) {
+        DrawAligned(m_hdc, hText, rc, m_alignment);
+    } else {
         CDrawText::DrawTextW(m_hdc, hText, rc);
     }
 }
 
-void GList::RowPainter::DrawGroup(UINT index, RECT rc)
+// In Modern a title has the room beside the columns too.
+void GList::RowPainter::DrawGroup(UINT index, RECT rc, int right)
 {
+    rc.right = m_list.HasExactPlaces() ? std::max<int>(rc.right, right) : rc.right;
     const RECT& format = m_list.rcGroupFormat;
     rc = {Saturated(int64_t{rc.left} + format.left), Saturated(int64_t{rc.top} + format.top),
           Saturated(int64_t{rc.right} + format.right), Saturated(int64_t{rc.bottom} + format.bottom)};
     gesso::LayoutOverlay::Add(m_hdc, rc);
+    m_rcCell = rc;
     if (const ListGroup* group = m_list.GroupAt(index)) {
         DrawIn(m_list.fontGroupTitle, group->prepared->second, rc);
     }
@@ -160,7 +229,7 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
         DrawElement(cells[k], sub ? *sub : NO_SUB_ITEM, ContentOf(cells[k], rc));
     }
     if (index == m_cursor) {
-        DrawFocusRect(m_hdc, &rc);
+        m_rcCursor = rc;
     }
 }
 
@@ -211,9 +280,10 @@ RECT GList::ContentRect(const stcColumnDrawInfo& element, const RECT& rcRow, int
 }
 
 // Where an element of a row shows its content.
-RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow) const
+RECT GList::RowPainter::ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow)
 {
     const RECT rc = m_list.ContentRect(element, rcRow, m_border);
+    m_rcCell = Shifted(element.rect, rcRow.left, rcRow.top);
     gesso::LayoutOverlay::Add(m_hdc, rc);
     return rc;
 }
@@ -226,12 +296,16 @@ void GList::RowPainter::DrawElement(const stcColumnDrawInfo& element, const List
             DrawSubText(sub, false, rc);
         }
         break;
-    case LCT_ICONTEXT: DrawSubText(sub, false, rc); break;
+    case LCT_ICONTEXT:
+        m_alignment = m_fAligned ? DT_CENTER : NO_INDEX;
+        DrawSubText(sub, false, rc);
+        m_alignment = NO_INDEX;
+        break;
     case LCT_TITLE: DrawSubText(sub, true, rc); break;
-    case LCT_IMAGE:
-    case LCT_ICONIMAGE: DrawImage(sub.image, rc); break;
+    case LCT_IMAGE: DrawImage(sub.image, rc, RoomFor(rc)); break;
+    case LCT_ICONIMAGE: DrawIcon(sub.image, rc); break;
     case LCT_IMAGETEXT:
-        DrawImage(sub.image, rc);
+        DrawImage(sub.image, rc, RoomFor(rc));
         rc.left = Saturated(rc.left + int64_t{m_icon.cx} * 5 / 4);
         DrawSubText(sub, false, rc);
         break;
@@ -262,9 +336,26 @@ void GList::RowPainter::DrawCaption(UINT column, const RECT& rc)
     }
 }
 
-void GList::RowPainter::DrawImage(UINT image, const RECT& rc) const
+// What of an image in a rectangle its cell has room for.
+SIZE GList::RowPainter::RoomFor(const RECT& rc) const
 {
-    if (image >= m_imageCount) {
+    if (!m_fContained) {
+        return m_icon;
+    }
+    return {std::min<LONG>(m_icon.cx, Saturated(int64_t{m_rcCell.right} - rc.left)),
+            std::min<LONG>(m_icon.cy, Saturated(int64_t{m_rcCell.bottom} - rc.top))};
+}
+
+// An icon's element is laid out around its image: an item has room for all of it.
+void GList::RowPainter::DrawIcon(UINT image, const RECT& rc) const
+{
+    DrawImage(image, m_fContained ? m_rcCell : rc, m_icon);
+}
+
+// No size at all would be that of the whole image.
+void GList::RowPainter::DrawImage(UINT image, const RECT& rc, SIZE size) const
+{
+    if (image >= m_imageCount || (m_fContained && (size.cx <= 0 || size.cy <= 0))) {
         return;
     }
     IMAGELISTDRAWPARAMS params{};
@@ -274,8 +365,8 @@ void GList::RowPainter::DrawImage(UINT image, const RECT& rc) const
     params.hdcDst = m_hdc;
     params.x = rc.left;
     params.y = rc.top;
-    params.cx = m_icon.cx;
-    params.cy = m_icon.cy;
+    params.cx = size.cx;
+    params.cy = size.cy;
     params.rgbBk = CLR_NONE;
     params.fStyle = ILD_NORMAL;
     reinterpret_cast<IImageList*>(m_list.imageList)->Draw(&params);
@@ -334,7 +425,7 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
     UINT k = geometry.FirstRowReaching(int64_t{m_siV.nPos} + 1);
     while (k < count && !geometry.AreBelow(k, end)) {
         if (elements[k].type == LET_GROUP) {
-            painter.DrawGroup(elements[k].index, geometry.RowRect(k, dx, dy));
+            painter.DrawGroup(elements[k].index, geometry.RowRect(k, dx, dy), rcClient.right);
             ++k;
             continue;
         }
@@ -425,8 +516,15 @@ void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
         const RECT margins = MarginsOf(*c);
         Inset(rc, int64_t{nBorder} + margins.left, nBorder, int64_t{nBorder} + margins.right, nBorder);
         rc.top = captionTop;
+        if (rc.right <= rc.left && !Has(*this, Quirk::ListContentSpills)) {
+            return;
+        }
         const SelectScope font(hdc, fontLabelText);
-        CDrawText::DrawTextW(hdc, c->prepared->first, rc);
+        if (Has(*this, Quirk::ListTextsMisaligned)) {
+            CDrawText::DrawTextW(hdc, c->prepared->first, rc);
+        } else {
+            DrawAligned(hdc, c->prepared->first, rc, NO_INDEX);
+        }
     }
 }
 
@@ -435,9 +533,14 @@ void GList::DrawDetailsHeader(HDC hdc, RECT rc)
     const int64_t x = int64_t{rc.left} - m_siH.nPos;
     const int nBorder = themeList.BorderSize();
     RECT rcCell{rc.left, rc.top, Saturated(x), Saturated(int64_t{rc.top} + headerHeight)};
-    for (UINT cell = 0; cell < columnDraw.GetLength(); ++cell) {
+    const bool fExact = HasExactPlaces();
+    const UINT cells = columnDraw.GetLength();
+    for (UINT cell = 0; cell < cells; ++cell) {
+        // In Modern the room behind the check boxes is theirs.
+        const bool fToNext = fExact && cell + 1 < cells && columnDraw[cell].column == NO_INDEX;
         rcCell.left = Saturated(columnDraw[cell].rect.left + x);
-        rcCell.right = Saturated(columnDraw[cell].rect.right + x);
+        rcCell.right =
+            Saturated((fToNext ? columnDraw[cell + 1].rect.left : columnDraw[cell].rect.right) + x);
         DrawHeaderCell(hdc, cell, rcCell, nBorder);
     }
     const RECT rcRest{rcCell.right, rcCell.top, rc.right, rcCell.bottom};

@@ -151,7 +151,7 @@ UINT GList::ColumnOf(WORD element) const
 
 // Fixed behaviour: a double click leaves the item selected alone, whatever the keys, so that what a host
 // opens is the one selected item.
-LRESULT GList::OnLButtonDblClk(WPARAM, POINTS pt)
+LRESULT GList::OnLButtonDblClk(WPARAM keys, POINTS pt)
 {
     Invalidate(0);
     HitTestInfo hit{};
@@ -162,9 +162,11 @@ LRESULT GList::OnLButtonDblClk(WPARAM, POINTS pt)
         if (column < columns.GetLength()) {
             FitColumn(column);
         }
+        return 0;
     }
     if (hit.item >= FIRST_MARK) {
-        return 0;
+        // A click like the first in Modern.
+        return Has(*this, Quirk::ListLosesSecondClicks) ? 0 : OnLButtonDown(keys, pt);
     }
     if (Has(*this, Quirk::ListKeyboard)) {
         ChangeCursor(cursorItem, hit.item);
@@ -241,6 +243,9 @@ void GList::StartDrag(POINTS pt)
     if (!(m_dwState & GWS_PRESSED) || (m_dwState & GWS_LISTDRAG)) {
         return;
     }
+    if (hitPress.item >= LHI_HEADER && !Has(*this, Quirk::ListHeaderDrags)) {
+        return;
+    }
     const bool fOutside = std::abs(pt.x - hitPress.pt.x) > SystemMetric(m_hWnd, SM_CXDRAG) &&
                           std::abs(pt.y - hitPress.pt.y) > SystemMetric(m_hWnd, SM_CYDRAG);
     if (fOutside) {
@@ -263,7 +268,7 @@ LRESULT GList::OnCaptureChanged(HWND hwndNew)
         Frame::ClearState(*this, GWS_PRESSED | GWS_LISTDRAG);
         // Without its press a header cell does not look pressed, nor the pointer like sizing.
         hitPress = HitTestInfo{};
-        m_inside->band = {};
+        EndBand();
         Invalidate(0);
     }
     return 0;

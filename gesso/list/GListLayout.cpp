@@ -18,6 +18,21 @@ using gesso::Quirk;
 using gesso::Saturated;
 using gesso::SystemMetric;
 
+namespace {
+
+// Of a range that starts at 0.
+LONG LastPosOf(const SCROLLINFO& si)
+{
+    return static_cast<LONG>(std::max<int64_t>(int64_t{si.nMax} + 1 - si.nPage, 0));
+}
+
+bool AreAlike(const SCROLLINFO& a, const SCROLLINFO& b)
+{
+    return a.nMax == b.nMax && a.nPage == b.nPage && a.nPos == b.nPos;
+}
+
+} // namespace
+
 gesso::ListMeasures GList::Measures() const
 {
     gesso::ListMeasures measures{listStyle & GLS_VIEWMASK,
@@ -43,6 +58,12 @@ gesso::ListMeasures GList::Measures() const
 bool GList::HasExactPlaces() const
 {
     return !Has(*this, Quirk::ListPlaces);
+}
+
+// Whether the bars are those of what does not fit, and are painted when they change.
+bool GList::HasExactBars() const
+{
+    return !Has(*this, Quirk::ListBars);
 }
 
 // Fixed behaviour: in Classic without the check box, by whose width the bar across falls short of the last
@@ -97,16 +118,20 @@ int GList::PlaceRows()
     return end;
 }
 
-// Lines are broken anew.
+// Lines are broken anew. A larger window may show what lies further up.
 LRESULT GList::OnSize(WPARAM wParam, LPARAM lParam)
 {
     const HWND hwnd = m_hWnd;
+    const gesso::Watch watch(*this);
     const SIZE room = m_inside->linesRoom;
     if ((listStyle & GLS_VIEWMASK) == GLS_ICONS && HasExactPlaces()) {
         const SIZE now = RoomOfBarsAndClient();
         if (now.cx != room.cx || now.cy != room.cy) {
             Calculate();
         }
+    }
+    if (watch) {
+        RedrawMoved();
     }
     return gesso::Frame::Default(hwnd, WM_SIZE, wParam, lParam);
 }
@@ -146,6 +171,10 @@ void GList::ForgetLayout()
 
 void GList::CalculateU(UINT item, bool inserted)
 {
+    if (!inserted && HasExactPlaces()) {
+        RefreshLayout();
+        return;
+    }
     const bool fGrouped = groups.GetLength() > 0 && HasExactPlaces();
     if ((listStyle & GLS_VIEWMASK) == GLS_ICONS || fGrouped) {
         Calculate();
@@ -186,37 +215,60 @@ bool GList::SetContentHeight(int rowsEnd)
     // Fixed behaviour: in Classic room is added for the bars that do not show. The pages of the bars would
     // else change.
     RECT rc{};
-    if (Has(*this, Quirk::ListBars)) {
+    if (!HasExactBars()) {
         GetClientRectNoScroll(&rc);
     } else {
+        contentCy = static_cast<UINT>(Saturated(int64_t{headerArea} + rowsEnd));
         const SIZE room = RoomOfBarsAndClient();
         rc = {0, 0, room.cx, room.cy};
     }
     CalcScrollbars(static_cast<int>(contentCx), static_cast<int>(contentCy), rc.right, rc.bottom);
     if (life) {
         PlaceRenaming();
+        RedrawMoved();
     }
     return life;
 }
 
+// A change of a bar shows with the next paint.
+void GList::RedrawMoved()
+{
+    if (std::exchange(m_inside->fBarsMoved, false)) {
+        RedrawAll();
+    }
+}
+
 void GList::CalcScrollbars(int contentWidth, int contentHeight, int clientWidth, int clientHeight)
 {
-    const auto barsOf = Has(*this, Quirk::ListBars) ? gesso::BarsOf : gesso::ExactBarsOf;
+    const bool fExact = HasExactBars();
+    const auto barsOf = fExact ? gesso::ExactBarsOf : gesso::BarsOf;
     const gesso::ListBars bars =
         barsOf({contentWidth, contentHeight}, {clientWidth, clientHeight},
                {SystemMetric(m_hWnd, SM_CXVSCROLL), SystemMetric(m_hWnd, SM_CYHSCROLL)});
-    constexpr UINT MASK = SIF_RANGE | SIF_PAGE;
-    const SCROLLINFO siH{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(bars.lastX), bars.pageX, 0, 0};
-    const SCROLLINFO siV{sizeof(SCROLLINFO), MASK, 0, static_cast<int>(bars.lastY), bars.pageY, 0, 0};
+    const UINT uMask = SIF_RANGE | SIF_PAGE | (fExact ? SIF_POS : 0);
+    SCROLLINFO siH{sizeof(SCROLLINFO), uMask, 0, static_cast<int>(bars.lastX), bars.pageX, 0, 0};
+    SCROLLINFO siV{sizeof(SCROLLINFO), uMask, 0, static_cast<int>(bars.lastY), bars.pageY, 0, 0};
+    if (fExact) {
+        // The bars themselves have a position 1 where all is in sight.
+        m_inside->lastPos = {LastPosOf(siH), LastPosOf(siV)};
+        siH.nPos = std::min<int>(m_siH.nPos, m_inside->lastPos.x);
+        siV.nPos = std::min<int>(m_siV.nPos, m_inside->lastPos.y);
+    }
+    const SCROLLINFO formerH = m_siH;
+    const SCROLLINFO formerV = m_siV;
     const gesso::Lifeline life(*this);
     GWndScroll::SetScrollInfo(SB_HORZ, &siH);
     if (life) {
         GWndScroll::SetScrollInfo(SB_VERT, &siV);
     }
+    if (life && fExact && !(AreAlike(formerH, m_siH) && AreAlike(formerV, m_siV))) {
+        m_inside->fBarsMoved = true;
+    }
 }
 
 LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 {
+    const RECT rcWindow = pParams->rgrc[0];
     RECT& rc = pParams->rgrc[0];
     const bool fBorder =
         (gesso::Frame::Style(*this) & WS_BORDER) || (GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_CLIENTEDGE);
@@ -236,5 +288,10 @@ LRESULT GList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
         }
         m_inside->fSizing = false;
     }
+    if (!Has(*this, Quirk::BarHitsBeside)) {
+        NcCalcSizeScroll(&rcWindow, &rc);
+        return 0;
+    }
+    // Without the border: the bars lie as far up and to the left as it is wide.
     return GWndScroll::OnNcCalcSize(fValidRects, pParams);
 }

@@ -236,7 +236,7 @@ void GList::BringIntoView(UINT item)
     GetClientRect(m_hWnd, &rcClient);
     const RECT rc = geometry.RowRect(row);
     const int64_t highest = int64_t{rc.bottom} - rcClient.bottom;
-    const int64_t lowest = int64_t{rc.top} - headerArea;
+    const int64_t lowest = geometry.StartOf(row, int64_t{rcClient.bottom} - headerArea);
     const int64_t position = std::min(std::max<int64_t>(m_siV.nPos, highest), lowest);
     if (position != m_siV.nPos) {
         ScrollTo(SB_VERT, position);

@@ -7,7 +7,6 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
-#include <gesso/framework/ScrollSteps.h>
 #include <gesso/list/ListInside.h>
 
 #include <algorithm>
@@ -21,6 +20,18 @@ using gesso::NO_INDEX;
 using gesso::Quirk;
 using gesso::Saturated;
 using gesso::SystemMetric;
+
+namespace {
+
+constexpr UINT BAND_PERIOD = 50; // milliseconds between the steps of a drag that rests beyond the rows
+
+// A number that no host's timer has.
+UINT_PTR TimerOf(const gesso::ListBand& band)
+{
+    return reinterpret_cast<UINT_PTR>(&band);
+}
+
+} // namespace
 
 // --- Clicks
 
@@ -98,12 +109,9 @@ LRESULT GList::OnRightButton(UINT uMsg, WPARAM wParam, LPARAM lParam)
 
 LRESULT GList::OnMouseHWheel(int delta)
 {
-    const auto target =
-        Has(*this, Quirk::ListTiltIgnored) ? std::nullopt : gesso::WheelTarget(m_hWnd, m_siH, -delta);
-    if (target) {
-        ScrollTo(SB_HORZ, *target);
-        RedrawAll();
-        RenewHot();
+    if (!Has(*this, Quirk::ListTiltIgnored)) {
+        ScrollByWheel(SB_HORZ, -delta);
+        TellSelection();
     }
     return 0;
 }
@@ -119,7 +127,7 @@ POINT GList::InRows(POINTS pt) const
 void GList::StartBand(POINTS pt)
 {
     const POINT start = InRows(pt);
-    m_inside->band = {true, false, start, start};
+    m_inside->band = {true, false, start, start, pt};
     const bool fKeep = ModifierKeys() & KEYMOD_CTRL;
     for (ListItem* item : items) {
         const bool fKept = fKeep && (item->state & LIS_SELECTED);
@@ -135,11 +143,42 @@ void GList::MoveBand(POINTS pt)
     if (!band.fOn) {
         return;
     }
+    band.pt = pt;
     ScrollToward(pt);
-    band.end = InRows(pt);
-    SelectInBand();
+    RenewBand();
     RedrawAll();
     TellSelection();
+}
+
+// After a scroll the pointer, where it rests, is over other rows.
+void GList::RenewBand()
+{
+    gesso::ListBand& band = m_inside->band;
+    if (band.fOn) {
+        band.end = InRows(band.pt);
+        SelectInBand();
+    }
+}
+
+void GList::EndBand()
+{
+    if (m_inside->band.fOn) {
+        KillTimer(m_hWnd, TimerOf(m_inside->band));
+    }
+    m_inside->band = {};
+}
+
+// Whether the timer is the drag's own. A pointer that rests beyond the rows scrolls on.
+bool GList::TakesTimer(WPARAM timer)
+{
+    const gesso::ListBand& band = m_inside->band;
+    if (timer != TimerOf(band)) {
+        return false;
+    }
+    if (band.fOn) {
+        MoveBand(band.pt);
+    }
+    return true;
 }
 
 // A line toward a pointer that has left the rows.
@@ -150,12 +189,18 @@ void GList::ScrollToward(POINTS pt)
     const auto step = [this](int at, int64_t first, int64_t end) {
         return at < first ? -int64_t{itemHeight} : at >= end ? int64_t{itemHeight} : 0;
     };
-    // A content that fits has a position 1 as well.
-    if (contentCy > static_cast<UINT>(rc.bottom)) {
-        ScrollTo(SB_VERT, m_siV.nPos + step(pt.y, headerArea, rc.bottom));
+    const int64_t down = step(pt.y, headerArea, rc.bottom);
+    const int64_t across = step(pt.x, 0, rc.right);
+    if (down || across) {
+        SetTimer(m_hWnd, TimerOf(m_inside->band), BAND_PERIOD, nullptr);
+    } else {
+        KillTimer(m_hWnd, TimerOf(m_inside->band));
     }
-    if (contentCx > static_cast<UINT>(rc.right)) {
-        ScrollTo(SB_HORZ, m_siH.nPos + step(pt.x, 0, rc.right));
+    if (down) {
+        ScrollTo(SB_VERT, m_siV.nPos + down);
+    }
+    if (across) {
+        ScrollTo(SB_HORZ, m_siH.nPos + across);
     }
 }
 

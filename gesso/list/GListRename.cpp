@@ -64,24 +64,28 @@ UINT GList::IndexOf(const ListItem* item) const
     return NO_INDEX;
 }
 
+// Of an item's name; null where the view shows none.
+const stcColumnDrawInfo* GList::LabelElement() const
+{
+    const auto found = std::find_if(columnDraw.begin(), columnDraw.end(), IsLabel);
+    return found != columnDraw.end() ? &*found : nullptr;
+}
+
 // Of the first column's text, in client coordinates. False where the view or the item shows none.
 bool GList::GetLabelRect(UINT item, RECT* rc) const
 {
     const gesso::ListGeometry geometry = Geometry();
     const UINT row = geometry.RowOf(item);
-    for (UINT k = 0; row < elements.GetLength() && k < columnDraw.GetLength(); ++k) {
-        const stcColumnDrawInfo& element = columnDraw[k];
-        if (!IsLabel(element)) {
-            continue;
-        }
-        const RECT rcRow = geometry.RowRect(row, -int64_t{m_siH.nPos}, -int64_t{m_siV.nPos});
-        const RECT rcContent = ContentRect(element, rcRow, themeList.BorderSize());
-        const int image = element.type == LCT_IMAGETEXT ? IconSize().cx * 5 / 4 : 0;
-        *rc = {Saturated(int64_t{rcContent.left} + image), Saturated(int64_t{rcRow.top} + element.rect.top),
-               rcContent.right, Saturated(int64_t{rcRow.top} + element.rect.bottom)};
-        return true;
+    const stcColumnDrawInfo* element = LabelElement();
+    if (row >= elements.GetLength() || !element) {
+        return false;
     }
-    return false;
+    const RECT rcRow = geometry.RowRect(row, -int64_t{m_siH.nPos}, -int64_t{m_siV.nPos});
+    const RECT rcContent = ContentRect(*element, rcRow, themeList.BorderSize());
+    const int image = element->type == LCT_IMAGETEXT ? IconSize().cx * 5 / 4 : 0;
+    *rc = {Saturated(int64_t{rcContent.left} + image), Saturated(int64_t{rcRow.top} + element->rect.top),
+           rcContent.right, Saturated(int64_t{rcRow.top} + element->rect.bottom)};
+    return true;
 }
 
 void GList::ShowLabel(UINT item)
@@ -113,7 +117,8 @@ bool GList::BeginRenaming(UINT item)
     const LPCWSTR text = GetItemText(item, 0);
     // The parent hears of the new window, and then that the list loses the focus, and may do anything.
     const gesso::Watch watch(*this);
-    const HWND hwnd = LabelEdit::Make(m_hWnd, rc, fontLabelText, text ? text : L"", OnRenamed);
+    const HFONT hFont = LabelElement()->type == LCT_TITLE ? fontLabelTitle : fontLabelText;
+    const HWND hwnd = LabelEdit::Make(m_hWnd, rc, hFont, text ? text : L"", OnRenamed);
     if (!watch) {
         return false;
     }
@@ -150,22 +155,26 @@ void GList::EndRenaming(LPCWSTR text)
     }
 }
 
-// After a removal.
+// After a removal, and after a change of what shows.
 void GList::EndLostRenaming()
 {
     const gesso::ListRenaming renaming = m_inside->renaming;
-    if (renaming.hwnd && !*renaming.item) {
+    RECT rc{};
+    if (renaming.hwnd && (renaming.fLost || !GetLabelRect(IndexOf(*renaming.item), &rc))) {
         LabelEdit::End(renaming.hwnd, false);
     }
 }
 
-// After rows or columns have moved.
+// After rows or columns have moved. A field that the header would cover, or that has left at the side, waits
+// out of sight: without the focus it would end.
 void GList::PlaceRenaming()
 {
     const gesso::ListRenaming renaming = m_inside->renaming;
     RECT rc{};
     if (renaming.hwnd && GetLabelRect(IndexOf(*renaming.item), &rc)) {
-        LabelEdit::Place(renaming.hwnd, rc);
+        const int top = HeaderRoom() ? static_cast<int>(headerHeight) : 0;
+        const bool fShows = rc.top >= top && rc.right > 0;
+        LabelEdit::Place(renaming.hwnd, fShows ? rc : gesso::Shifted(rc, 0, -int64_t{rc.bottom}));
     }
 }
 

@@ -2,8 +2,9 @@
 
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ScrollSteps.h>
-#include <gesso/list/GList.h>
+#include <gesso/list/ListInside.h>
 
+#include <algorithm>
 #include <optional>
 
 using gesso::Saturated;
@@ -20,8 +21,16 @@ std::optional<int64_t> Target(const SCROLLINFO& si, UINT code, UINT position, UI
 
 void GList::ScrollTo(int nBar, int64_t position)
 {
+    if (HasExactBars()) {
+        const POINT& last = m_inside->lastPos;
+        position = std::min<int64_t>(position, nBar == SB_VERT ? last.y : last.x);
+    }
     GWndScroll::SetScrollPos(nBar, Saturated(position), 1);
     PlaceRenaming();
+    if (HasExactPlaces()) {
+        RenewHot();
+    }
+    RenewBand();
 }
 
 void GList::RedrawAll()
@@ -33,12 +42,15 @@ void GList::RedrawAll()
     PlaceRenaming();
 }
 
+// A drag that selects goes on meanwhile.
 LRESULT GList::OnVScroll(UINT code, UINT position, HWND)
 {
-    if (const auto target = Target(m_siV, code, position, itemHeight + headerArea)) {
+    const UINT thumb = gesso::TrackedPos(*this, m_siV, position);
+    if (const auto target = Target(m_siV, code, thumb, itemHeight + headerArea)) {
         ScrollTo(SB_VERT, *target);
     }
     Invalidate(0);
+    TellSelection();
     return 0;
 }
 
@@ -46,23 +58,32 @@ LRESULT GList::OnVScroll(UINT code, UINT position, HWND)
 // else change.
 LRESULT GList::OnHScroll(UINT code, UINT position, HWND)
 {
-    if (const auto target = Target(m_siH, code, position, itemHeight)) {
+    const UINT thumb = gesso::TrackedPos(*this, m_siH, position);
+    if (const auto target = Target(m_siH, code, thumb, itemHeight)) {
         ScrollTo(SB_HORZ, *target);
     }
     Invalidate(0);
+    TellSelection();
     return 0;
 }
 
 LRESULT GList::OnMouseWheel(UINT, int delta, POINTS)
 {
-    const auto target = gesso::WheelTarget(m_hWnd, m_siV, delta);
-    if (!target) {
-        return 0;
-    }
-    ScrollTo(SB_VERT, *target);
-    RedrawAll();
-    RenewHot();
+    ScrollByWheel(SB_VERT, delta);
+    TellSelection();
     return 0;
+}
+
+void GList::ScrollByWheel(int nBar, int delta)
+{
+    const SCROLLINFO& si = nBar == SB_VERT ? m_siV : m_siH;
+    const auto target = HasExactBars() ? si.nPos - gesso::WheelTravel(*this, si, delta)
+                                       : gesso::WheelTarget(*this, si, delta);
+    if (target && *target != si.nPos) {
+        ScrollTo(nBar, *target);
+        RedrawAll();
+        RenewHot();
+    }
 }
 
 // The rows have moved under the pointer.

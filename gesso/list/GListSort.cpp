@@ -273,6 +273,7 @@ void GList::OrderItems(UINT column, bool ascending)
     std::copy(order.begin(), order.end(), items.GetData());
     items.SetLength(static_cast<UINT>(order.size()), -1);
     m_inside->tracks.ForgetLost(items);
+    m_inside->selected = {};
     if (fFollows) {
         FindItems(kept);
     }

@@ -24,10 +24,7 @@ void StartCells(ListCells& cells, UINT itemHeight, const SIZE* pCheckBox)
     }
 }
 
-// Fixed behaviour: the caption that is measured is that of the element at the column's number, which is the
-// column's own only while every column before made just one element. Values would else move in tiles of
-// several captions.
-LPCWSTR MeasuredCaption(const ListCells& cells, const ListColumns& columns, UINT column)
+LPCWSTR MixedCaption(const ListCells& cells, const ListColumns& columns, UINT column)
 {
     const UINT named = column < cells.GetLength() ? cells[column].column : column;
     return columns[named < columns.GetLength() ? named : column]->text;
@@ -66,7 +63,7 @@ bool HasTileColumns(const ListColumns& columns)
 }
 
 void ArrangeTiles(ListCells& cells, const ListColumns& columns, UINT itemHeight, const SIZE* pCheckBox,
-                  const std::function<int(LPCWSTR)>& captionWidth)
+                  const std::function<int(LPCWSTR)>& captionWidth, bool fMixed)
 {
     StartCells(cells, itemHeight, pCheckBox);
     for (UINT column = 0; column < columns.GetLength(); ++column) {
@@ -75,7 +72,7 @@ void ArrangeTiles(ListCells& cells, const ListColumns& columns, UINT itemHeight,
         RECT rc = c.rcFormat;
         if (!fLine && (c.flags & LCF_TILECAPTION)) {
             cells.Add({LCT_CAPTION, column, c.format, 0, rc});
-            const LPCWSTR caption = MeasuredCaption(cells, columns, column);
+            const LPCWSTR caption = fMixed ? MixedCaption(cells, columns, column) : LPCWSTR{c.text};
             rc.left = Saturated(int64_t{rc.left} + (caption ? captionWidth(caption) : 0));
         }
         if (c.flags & (LCF_TILELINE | LCF_TILECAPTION)) {

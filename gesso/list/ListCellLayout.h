@@ -21,9 +21,11 @@ int ArrangeDetails(ListCells& cells, const ListColumns& columns, UINT itemHeight
 
 // Whether any column shows in tiles.
 bool HasTileColumns(const ListColumns& columns);
-// Each at its column's own place. `captionWidth` measures a column's text with what stands behind it.
+// Each at its column's own place. `captionWidth` measures a column's text with what stands behind it; with
+// fMixed the caption that is measured is that of the element at the column's number, which is the column's
+// own only while every column before made just one element.
 void ArrangeTiles(ListCells& cells, const ListColumns& columns, UINT itemHeight, const SIZE* pCheckBox,
-                  const std::function<int(LPCWSTR)>& captionWidth);
+                  const std::function<int(LPCWSTR)>& captionWidth, bool fMixed = true);
 
 struct IconMeasures
 {

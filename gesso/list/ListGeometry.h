@@ -135,6 +135,10 @@ public:
     UINT ItemPageAbove(UINT item, int page) const;
     UINT ItemPageBelow(UINT item, int page) const;
 
+    // What is to show above a row, counted from the first row: its own top; of the first item of a group that
+    // of the group, if both fit in so many pixels; of the first item of all the start.
+    int64_t StartOf(UINT row, int64_t room) const;
+
     // Whether the rows agree with what is known of them.
     bool Check() const;
 
@@ -149,6 +153,7 @@ private:
     ListHit HitExactHeader(int64_t x, int reach) const;
     ListHit HitExactCell(UINT row, int64_t x, int64_t y) const;
     UINT ItemOfRow(UINT row, UINT none) const;
+    UINT InLineOf(UINT row, LONG left, UINT none) const;
     bool ReachesPageUp(const ListItem& item, const ListItem& from, UINT page) const;
     bool ReachesPageDown(const ListItem& item, const ListItem& from, UINT page) const;
     bool IsStacked() const;

@@ -39,7 +39,8 @@ ListHit ListGeometry::HitExact(POINT pt, const ListViewport& view, int reach) co
     return {};
 }
 
-// A divider reaches to both of its sides. The check boxes' element has none.
+// A divider reaches to both of its sides; the far one is that of the columns without width that lie there,
+// which are drawn out again by it. The check boxes' element has none.
 ListHit ListGeometry::HitExactHeader(int64_t x, int reach) const
 {
     const UINT cells = m_cells.GetLength();
@@ -54,6 +55,9 @@ ListHit ListGeometry::HitExactHeader(int64_t x, int reach) const
     }
     const int64_t right = m_cells[cell].rect.right;
     const bool fDivider = x > right - reach && m_cells[cell].column != NO_INDEX;
+    while (fDivider && x >= right && cell + 1 < cells && m_cells[cell + 1].rect.right == right) {
+        ++cell;
+    }
     return {LHI_HEADER, static_cast<WORD>(cell), fDivider ? LHP_DIVIDER : LHP_BODY};
 }
 

@@ -32,6 +32,7 @@ struct ListRenaming
 {
     HWND hwnd = nullptr; // of the field; null for none
     ListItemTrack item;  // null for none
+    bool fLost = false;  // the first column is another one now
 };
 
 // What has been selected or unselected since the parent was last told.
@@ -52,8 +53,8 @@ struct SelectionChange
     UINT OneItem() const { return count == 1 ? items : NO_INDEX; }
 };
 
-// Where the selected items are: none lies outside, as long as the items are those of then. So a key in a long
-// list looks at few of them.
+// Where the selected items are: none lies outside, as long as the items are those of then and in that order.
+// So a key in a long list looks at few of them.
 struct SelectedSpan
 {
     UINT first = 0;
@@ -101,6 +102,7 @@ struct ListBand
     bool fOn = false;    // and has become a drag
     POINT start{};
     POINT end{};
+    POINTS pt{}; // of the pointer, in the client area
 };
 
 // Bits of an item's state during such a drag.
@@ -119,6 +121,8 @@ struct ListInside
     bool fOwner = false; // of the list's records: their maker's, not a copy's
     RowOrder rowOrder;
     bool fSizing = false;       // in WM_NCCALCSIZE
+    bool fBarsMoved = false;    // since they were last painted
+    POINT lastPos{};            // what the bars may scroll to, of lists made in Modern
     bool fFontsMissing = false; // some could not be made
     bool fEdits = false;        // the edit in progress is this list's own, which a copy has only seen
     UINT itemChanges = 0;       // counts insertions and removals

@@ -198,6 +198,13 @@ int ListLayout::PlaceRows()
     return placing.End();
 }
 
+// Fixed behaviour: in Classic an item with the id of a group has no row while there are no groups, but for
+// one that was just inserted. Lists whose groups come later would else show their items before.
+bool ListLayout::IgnoresIds() const
+{
+    return m_measures.fExact && m_groups.GetLength() == 0;
+}
+
 // Visits the groups, each with its items behind it. What is started with no group goes on with the last one.
 template <class START, class ITEM> void ListLayout::Walk(START start, ITEM addItem)
 {
@@ -205,6 +212,13 @@ template <class START, class ITEM> void ListLayout::Walk(START start, ITEM addIt
     const UINT itemCount = m_items.GetLength();
     UINT id = 0;
     UINT i = 0;
+    if (IgnoresIds()) {
+        start(NO_INDEX);
+        for (; i < itemCount; ++i) {
+            addItem(i, i + 1 == itemCount);
+        }
+        return;
+    }
     for (UINT g = 0; g == 0 || i < itemCount; ++g) {
         if (g < groupCount) {
             id = m_groups[g]->group;
@@ -239,7 +253,8 @@ UINT ListLayout::Insert(UINT item)
     const int y = row > 0 ? m_placed[row - 1].rect.bottom : 0;
     m_placed.InsertAt(row, {LET_ITEM, row, {0, y, Saturated(m_measures.columnsWidth), y}});
     m_known.fAscending = m_known.fAscending && IsInOrder(row);
-    m_known.fCurrent = m_known.fCurrent && fPlain && row == item && m_items[item]->group == 0;
+    m_known.fCurrent =
+        m_known.fCurrent && fPlain && row == item && (m_items[item]->group == 0 || IgnoresIds());
     return row;
 }
 

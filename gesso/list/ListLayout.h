@@ -51,6 +51,7 @@ private:
     int PlaceRows();
     int PlaceLines();
     bool IsInOrder(UINT row) const;
+    bool IgnoresIds() const;
 
     ListRows& m_placed;
     RowOrder& m_known;

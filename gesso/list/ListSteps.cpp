@@ -49,24 +49,35 @@ UINT ListGeometry::ItemBelow(UINT item) const
     return below;
 }
 
+// Of the items in the line of a row the last one that begins no further right than `left`.
+UINT ListGeometry::InLineOf(UINT row, LONG left, UINT none) const
+{
+    const LONG top = m_rows[row].rect.top;
+    const auto isInLine = [&](UINT k) { return m_rows[k].type == LET_ITEM && m_rows[k].rect.top == top; };
+    while (row > 0 && isInLine(row - 1)) {
+        --row;
+    }
+    UINT found = none;
+    for (UINT k = row; k < m_rows.GetLength() && isInLine(k); ++k) {
+        found = k == row || m_rows[k].rect.left <= left ? ItemOfRow(k, found) : found;
+    }
+    return found;
+}
+
 UINT ListGeometry::ItemPageAbove(UINT item, int page) const
 {
     const UINT from = RowOf(item);
     if (from >= m_rows.GetLength()) {
         return item;
     }
-    const int64_t start = int64_t{m_rows[from].rect.bottom} - page;
-    for (UINT row = FirstRowReaching(start); row < from; ++row) {
+    const RECT& rc = m_rows[from].rect;
+    const int64_t start = int64_t{rc.bottom} - page;
+    for (UINT row = FirstRowReaching(start); row < from && m_rows[row].rect.top < rc.top; ++row) {
         if (m_rows[row].rect.top >= start && m_rows[row].type == LET_ITEM) {
-            return ItemOfRow(row, item);
+            return InLineOf(row, rc.left, item);
         }
     }
-    for (UINT row = from; row-- > 0;) {
-        if (m_rows[row].type == LET_ITEM) {
-            return ItemOfRow(row, item);
-        }
-    }
-    return item;
+    return ItemAbove(item);
 }
 
 UINT ListGeometry::ItemPageBelow(UINT item, int page) const
@@ -76,18 +87,23 @@ UINT ListGeometry::ItemPageBelow(UINT item, int page) const
     if (from >= count) {
         return item;
     }
-    const int64_t end = int64_t{m_rows[from].rect.top} + page;
+    const RECT& rc = m_rows[from].rect;
+    const int64_t end = int64_t{rc.top} + page;
     for (UINT row = std::min(FirstRowReaching(end + 1), count); row-- > from + 1;) {
-        if (m_rows[row].type == LET_ITEM) {
-            return ItemOfRow(row, item);
+        if (m_rows[row].type == LET_ITEM && m_rows[row].rect.top > rc.top) {
+            return InLineOf(row, rc.left, item);
         }
     }
-    for (UINT row = from + 1; row < count; ++row) {
-        if (m_rows[row].type == LET_ITEM) {
-            return ItemOfRow(row, item);
-        }
-    }
-    return item;
+    return ItemBelow(item);
+}
+
+int64_t ListGeometry::StartOf(UINT row, int64_t room) const
+{
+    const RECT& rc = m_rows[row].rect;
+    const bool fAfterGroup = row > 0 && m_rows[row - 1].type == LET_GROUP;
+    const bool fFirst = row == 0 || (row == 1 && fAfterGroup);
+    const int64_t start = fFirst ? 0 : fAfterGroup ? m_rows[row - 1].rect.top : rc.top;
+    return rc.bottom - start <= room ? start : rc.top;
 }
 
 } // namespace gesso

@@ -316,6 +316,7 @@ void GTree::CalcTruePages(int cx, int cy, SCROLLINFO& siH, SCROLLINFO& siV) cons
 
 LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 {
+    const RECT rcWindow = pParams->rgrc[0];
     RECT& rc = pParams->rgrc[0];
     if ((Frame::Style(*this) & WS_BORDER) || (GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_CLIENTEDGE)) {
         const int nBorder = m_hTheme.Items().BorderSize();
@@ -332,6 +333,11 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
         }
         m_fSizing = false;
     }
+    if (!Has(*this, Quirk::BarHitsBeside)) {
+        NcCalcSizeScroll(&rcWindow, &rc);
+        return 0;
+    }
+    // Without the border: the bars lie as far up and to the left as it is wide.
     return GWndScroll::OnNcCalcSize(fValidRects, pParams);
 }
 

@@ -285,7 +285,8 @@ void GTree::EnsureVisible(UINT row)
 // elsewhere.
 LRESULT GTree::OnHScroll(UINT uCode, UINT nPos, HWND)
 {
-    if (const auto nTarget = gesso::ScrollTarget(m_siH, uCode, nPos, m_nItemHeight)) {
+    const UINT nThumb = gesso::TrackedPos(*this, m_siH, nPos);
+    if (const auto nTarget = gesso::ScrollTarget(m_siH, uCode, nThumb, m_nItemHeight)) {
         TreeInput::ScrollTo(*this, SB_HORZ, *nTarget);
     }
     Invalidate(0);

@@ -52,7 +52,9 @@ struct TreeInput
         const bool fKnown = uCode != SB_THUMBPOSITION || Rules::THUMB_POSITION_SCROLLS;
         const int64_t nLine = Rules::LINE_IS_FIXED ? Pixels(tree.m_hWnd, Metrics::TREE_SCROLL_LINE)
                                                    : int64_t{tree.m_nItemHeight};
-        if (const auto nTarget = ScrollTarget(tree.m_siV, uCode, nPos, nLine); nTarget && fKnown) {
+        if (const auto nTarget = ScrollTarget(tree.m_siV, uCode, TrackedPos(tree, tree.m_siV, nPos), nLine);
+            nTarget && fKnown)
+        {
             ScrollTo(tree, SB_VERT, *nTarget);
         }
         tree.Invalidate(0);
@@ -61,7 +63,7 @@ struct TreeInput
 
     template <class CONTROL> static LRESULT OnMouseWheel(CONTROL& tree, int nDelta)
     {
-        const auto nTarget = WheelTarget(tree.m_hWnd, tree.m_siV, nDelta);
+        const auto nTarget = WheelTarget(tree, tree.m_siV, nDelta);
         if (!nTarget) {
             return 0;
         }

@@ -482,4 +482,14 @@ TEST_F(GTreeModernTest, TheParentMayDestroyTheTreeAsItsSelectionIsHidden)
     host.onNotify = nullptr;
 }
 
+TEST_F(GTreeModernTest, ThumbsLeadBeyondSixteenBits)
+{
+    tree.SetItemHeight(10000);
+    tree.m_siV.nTrackPos = 70000;
+    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, LOWORD(70000)));
+    EXPECT_EQ(tree.m_siV.nPos, 70000);
+    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 5));
+    EXPECT_EQ(tree.m_siV.nPos, 5) << "of a message that the bar has not sent";
+}
+
 } // namespace

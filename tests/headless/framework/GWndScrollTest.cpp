@@ -2,6 +2,7 @@
 // them.
 
 #include "../../support/Interception.h"
+#include "../../support/WithBehavior.h"
 #include "../controls/DrawFixture.h"
 #include "ScrollProbe.h"
 
@@ -417,6 +418,49 @@ TEST_F(GWndScrollTest, WithoutAWindowNothingHappens)
     const SCROLLINFO si{sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, 8, 0};
     EXPECT_EQ(probe.GWndScroll::SetScrollInfo(SB_VERT, &si, TRUE), 8);
     EXPECT_EQ(desk::Live()[desk::Kind::DeviceContext], 0);
+}
+
+// --- Made in Modern
+
+class ModernScrollTest : public GWndScrollTest
+{
+    const Modern m_modern;
+};
+
+TEST_F(ModernScrollTest, ABarAcrossRepeatsAndEndsAcross)
+{
+    probe.Create(Parent(), WS_HSCROLL);
+    probe.ShowRange(SB_HORZ);
+    desk::Pump();
+    MoveTo(CX - 5, CY - 5);
+    PressThere();
+    desk::Advance(540);
+    ReleaseThere();
+    EXPECT_EQ(probe.TakeScrolls(), (Lines{"H 1", "H 1", "H 8"}));
+}
+
+TEST_F(ModernScrollTest, BarsAreHitWhereTheyAreDrawn)
+{
+    probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
+    probe.ShowRange(SB_VERT);
+    probe.ShowRange(SB_HORZ);
+    desk::Pump();
+    RECT rcWindow{};
+    GetWindowRect(probe, &rcWindow);
+    const auto hit = [&](int x, int y) {
+        return SendMessageW(probe, WM_NCHITTEST, 0, MAKELPARAM(rcWindow.left + x, rcWindow.top + y));
+    };
+    const RECT rcV = probe.VRect();
+    EXPECT_EQ(hit(rcV.left - 1, rcV.top), HTCLIENT);
+    EXPECT_EQ(hit(rcV.left, rcV.top), HTVSCROLL);
+    EXPECT_EQ(hit(rcV.right - 1, rcV.bottom - 1), HTVSCROLL);
+    EXPECT_EQ(hit(rcV.left, rcV.bottom), HTBORDER) << "between the bars";
+    EXPECT_EQ(hit(5, probe.m_rcHScroll.top), HTHSCROLL);
+    EXPECT_EQ(hit(5, probe.m_rcHScroll.top - 1), HTCLIENT);
+    desk::MoveMouse(rcWindow.left + rcV.left, rcWindow.top + rcV.top);
+    PressThere();
+    ReleaseThere();
+    EXPECT_EQ(probe.TakeScrolls(), (Lines{"V 0", "V 8"})) << "its first pixel is the arrow's";
 }
 
 } // namespace
