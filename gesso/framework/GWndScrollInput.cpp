@@ -98,7 +98,8 @@ POINTS GWndScroll::BarPoint(POINTS ptScreen) const
     if (!Has(*this, Quirk::BarHitsBeside)) {
         RECT rc{};
         GetWindowRect(m_hWnd, &rc);
-        return {Wrap16(ptScreen.x - rc.left), Wrap16(ptScreen.y - rc.top)};
+        return {Wrap16(gesso::Wrapped(int64_t{ptScreen.x} - rc.left)),
+                Wrap16(gesso::Wrapped(int64_t{ptScreen.y} - rc.top))};
     }
     POINT pt{ptScreen.x, ptScreen.y};
     ScreenToClient(m_hWnd, &pt);

@@ -93,12 +93,13 @@ private:
 // Draws a text in another alignment than its own, NO_INDEX for that; one that is too wide begins at the left.
 void DrawAligned(HDC hdc, void* hText, const RECT& rc, UINT uAlignment)
 {
-    const bool fTooWide = gesso::PreparedSize(hText).cx > rc.right - rc.left;
+    const bool fTooWide = gesso::PreparedSize(hText).cx > int64_t{rc.right} - rc.left;
     stcDrawTextBuffer* buffer = gesso::PreparedBuffer(hText);
-    if (buffer && (fTooWide || uAlignment != NO_INDEX)) {
-        const AlignmentScope alignment(*buffer, fTooWide ? DT_LEFT : uAlignment);
-        CDrawText::DrawTextW(hdc, hText, rc);
-    } else {
+    if (buffer) {
+        const UINT uOwn = buffer->uFormat & (DT_CENTER | DT_RIGHT);
+        const AlignmentScope alignment(*buffer, fTooWide                 ? DT_LEFT
+                                                : uAlignment == NO_INDEX ? uOwn
+                                                                         : uAlignment);
         CDrawText::DrawTextW(hdc, hText, rc);
     }
 }
@@ -139,8 +140,9 @@ private:
     bool m_fContained;           // cells show no more than they have room for
     bool m_fAligned;             // texts that are too wide begin at the left, and icons' are centred
     UINT m_alignment = NO_INDEX; // of the text to be drawn; NO_INDEX for its own
-    RECT m_rcCell{};             // of the element
-    UINT m_cursor = NO_INDEX;    // the item with the focus rectangle
+    RECT m_rcRow{};
+    RECT m_rcCell{};          // of the element
+    UINT m_cursor = NO_INDEX; // the item with the focus rectangle
     RECT m_rcCursor{};
     int m_border;
     UINT m_imageCount = 0;
@@ -178,9 +180,9 @@ void GList::RowPainter::DrawIn(HFONT hFont, void* hText, const RECT& rc)
         return;
     }
     m_fonts.Select(hFont);
-    if (m_fContained && gesso::PreparedSize(hText).cy > m_rcCell.bottom - m_rcCell.top) {
+    if (m_fContained && gesso::PreparedSize(hText).cy > int64_t{m_rcRow.bottom} - m_rcRow.top) {
         const gesso::StateScope clip(m_hdc);
-        IntersectClipRect(m_hdc, m_rcCell.left, m_rcCell.top, m_rcCell.right, m_rcCell.bottom);
+        IntersectClipRect(m_hdc, m_rcRow.left, m_rcRow.top, m_rcRow.right, m_rcRow.bottom);
         DrawInCell(hText, rc);
     } else {
         DrawInCell(hText, rc);
@@ -204,7 +206,7 @@ void GList::RowPainter::DrawGroup(UINT index, RECT rc, int right)
     rc = {Saturated(int64_t{rc.left} + format.left), Saturated(int64_t{rc.top} + format.top),
           Saturated(int64_t{rc.right} + format.right), Saturated(int64_t{rc.bottom} + format.bottom)};
     gesso::LayoutOverlay::Add(m_hdc, rc);
-    m_rcCell = rc;
+    m_rcRow = rc;
     if (const ListGroup* group = m_list.GroupAt(index)) {
         DrawIn(m_list.fontGroupTitle, group->prepared->second, rc);
     }
@@ -218,6 +220,7 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
         return;
     }
     gesso::LayoutOverlay::Add(m_hdc, rc);
+    m_rcRow = rc;
     const auto& cells = m_list.columnDraw;
     const bool fCheckBoxes = m_list.listStyle & GLS_CHECKBOXES;
     DrawHighlight(*item, m_list.hitHot.item == index, rc);

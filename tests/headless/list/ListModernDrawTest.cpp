@@ -74,6 +74,12 @@ TEST_F(ListModernDrawTest, WhatACellHasNoRoomForIsCutOff)
     EXPECT_EQ(Draw("ScriptTextOut").size(), 2U);
     list.SetColumnCx(0, 5);
     EXPECT_EQ(Draw("ScriptTextOut"), Lines{}) << "neither text nor caption";
+    list.SetColumnCx(0, 100);
+    list.SetItemHeight(8);
+    const Lines tall = Draw("ScriptTextOut \"item0\"");
+    ASSERT_EQ(tall.size(), 1U);
+    EXPECT_NE(tall[0].find("clip=(0,35,100,43)"), std::string::npos) << tall[0];
+    list.SetItemHeight(22);
     list.RemoveAllColumns();
     AddColumn(L"", LCT_IMAGE);
     list.SetColumnCx(0, 20);
