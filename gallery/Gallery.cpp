@@ -204,10 +204,16 @@ void Gallery::OnKeyDown(UINT uKey)
         WriteLayoutFile();
         AddLine(L"----"); // a place to find again
     } else if ((uKey == VK_NEXT || uKey == VK_PRIOR) && GetKeyState(VK_CONTROL) < 0 &&
-               IsWindowEnabled(m_hwnd) && ClassOf(GetFocus()) != L"GRibbon")
+               IsWindowEnabled(m_hwnd) && !IsOfPagesRibbon(GetFocus()))
     {
         OnRibbon(uKey == VK_NEXT ? ID_NEXT_PAGE : ID_PREVIOUS_PAGE, false);
     }
+}
+
+// A ribbon changes its own tabs by these keys.
+bool Gallery::IsOfPagesRibbon(HWND hwnd) const
+{
+    return IsChild(m_page->Window(), hwnd) && ClassOf(hwnd) == L"GRibbon";
 }
 
 // Controls made in Modern do it by themselves once a key is typed; these are for those of a Classic page too.

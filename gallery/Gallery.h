@@ -39,6 +39,7 @@ private:
     bool IsForDialogs(MSG& msg) const;
     static LRESULT CALLBACK OnMessageTaken(int nCode, WPARAM wParam, LPARAM lParam);
     void OnKeyDown(UINT uKey);
+    bool IsOfPagesRibbon(HWND hwnd) const;
     void ShowCues() const;
     void OnRibbon(UINT uId, bool fChecked);
     void SetSize(int cx, int cy) const;

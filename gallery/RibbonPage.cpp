@@ -265,7 +265,9 @@ private:
 
     void Lock(bool fLocked)
     {
-        SetFocus(m_hwnd); // a disabled window would keep the keys to itself
+        if (GetFocus() == m_editor->GetHwnd()) {
+            SetFocus(m_hwnd); // a disabled window would keep the keys to itself
+        }
         EnableWindow(*m_editor, !fLocked);
         for (const UINT uId : EDITING_COMMANDS) {
             m_ribbon->SetDisabledLook(uId, fLocked);

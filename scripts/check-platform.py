@@ -24,7 +24,7 @@ CANNOT_FAIL = {
     "they only compute": "CharLowerW EqualRect InflateRect MulDiv OffsetRect PtInRect StrCmpLogicalW",
     "their answer is the state itself": """GetCapture GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
-        IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible""",
+        IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW

@@ -97,8 +97,11 @@ HBITMAP GRadioButton::GetBitmap() const
 
 void GRadioButton::SetCheck(int nCheck)
 {
+    const gesso::Watch watch(*this);
     ChangeCheck(nCheck);
-    Invalidate(0);
+    if (watch) { // others of the group may hear of it, and those who watch them
+        Invalidate(0);
+    }
 }
 
 int GRadioButton::GetCheck() const

@@ -84,7 +84,8 @@ void MoveTabStop(HWND hwnd, bool fChecked)
         }
     } else if (std::ranges::none_of(group, [](HWND hwndOne) { return (StyleOf(hwndOne) & WS_TABSTOP) != 0; }))
     {
-        SetTabStop(group.empty() ? hwnd : group.front(), true);
+        const auto first = std::ranges::find_if(group, TakesFocus);
+        SetTabStop(group.empty() ? hwnd : first != group.end() ? *first : group.front(), true);
     }
 }
 

@@ -7,7 +7,8 @@ namespace gesso {
 bool Has(const GWnd& wnd, Quirk)
 {
     const HWND hwnd = Frame::Handle(wnd);
-    return hwnd ? !Frame::IsModern(hwnd) : GetBehavior() == Behavior::Classic;
+    const bool fAsNow = !hwnd || (GetBehavior() == Behavior::Modern && !IsWindow(hwnd));
+    return fAsNow ? GetBehavior() == Behavior::Classic : !Frame::IsModern(hwnd);
 }
 
 bool WillHave(Quirk)

@@ -60,7 +60,8 @@ enum class Quirk
     RibbonCheckedLooksHot,    // a checked box is drawn one state beyond its own
     RibbonHotStays,           // an item looks hot or pressed where the pointer is no more
     RibbonTextCutOff,         // a large button with an image has no room for a second line
-    RibbonTextsGrey, // where the style has no colour for an item's text, it has that of the groups' titles
+    RibbonTextsGrey,    // where the style has no colour for an item's text, it has that of the groups' titles
+    RibbonLosesAnswers, // what the parent answers to a hosted window's notification is lost
 
     // Dialogs
     TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need

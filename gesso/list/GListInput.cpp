@@ -90,9 +90,12 @@ LRESULT GList::OnLButtonUp(WPARAM, POINTS pt)
     HitTestInfo hit{};
     hit.pt = pt;
     HitTest(&hit);
-    const bool fElements = fClassic || hit.item == LHI_HEADER || (listStyle & GLS_VIEWMASK) == GLS_DETAILS;
-    if (hit.item != press.item || (fElements && hit.subItem != press.subItem) || fBand) {
+    const bool fSame = hit.subItem == press.subItem;
+    if (hit.item != press.item || (!fSame && (fClassic || hit.item == LHI_HEADER)) || fBand) {
         return 0;
+    }
+    if (!fSame) {
+        hit.subItem = NO_PART; // of the item, and of none of its cells: a hand is not that steady
     }
     if (hit.item == LHI_HEADER) {
         ClickHeader(hit, press.part);

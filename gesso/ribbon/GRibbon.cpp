@@ -35,12 +35,6 @@ template <class HANDLE, class MAKE> void MakeMissing(HANDLE& handle, const MAKE&
     }
 }
 
-LRESULT PassToParent(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
-{
-    SendMessageW(GetParent(hwnd), uMsg, wParam, lParam);
-    return 0;
-}
-
 } // namespace
 
 ATOM GRibbon::IsolationAwareRegisterClassW()
@@ -92,6 +86,10 @@ void GRibbon::Init(void*) {}
 LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
 {
     Frame::SetState(*this, Frame::FirstState(*this));
+    if (!Has(*this, Quirk::StateOutlivesWindow)) {
+        m_inside->hwndBefore = nullptr;
+        ChangeHot(RIBBON_NONE);
+    }
     ReleaseTools();
     MakeMissingTools();
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
@@ -269,13 +267,21 @@ LRESULT GRibbon::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_THEMECHANGED: return OnThemeChanged();
     case WM_WINDOWPOSCHANGED: return OnWindowPosChanged();
     case WM_COMMAND:
-    case WM_NOTIFY: return PassToParent(m_hWnd, uMsg, wParam, lParam);
+    case WM_NOTIFY: return PassToParent(uMsg, wParam, lParam);
     case WM_GETDLGCODE:
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
     case WM_KEYDOWN: return OnKeyboardMessage(uMsg, wParam, lParam);
     default: return OnMouseMessage(uMsg, wParam, lParam);
     }
+}
+
+// Of a hosted window.
+LRESULT GRibbon::PassToParent(UINT uMsg, WPARAM wParam, LPARAM lParam) const
+{
+    const bool fLost = Has(*this, Quirk::RibbonLosesAnswers);
+    const LRESULT lAnswer = SendMessageW(::GetParent(m_hWnd), uMsg, wParam, lParam);
+    return fLost ? 0 : lAnswer;
 }
 
 LRESULT GRibbon::OnMouseMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)

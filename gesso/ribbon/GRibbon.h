@@ -17,10 +17,11 @@
 // keys, and tells no change of tab.
 //
 // In Modern it is a Tab stop. Arrows go over the tabs, which become active, and from there by Down over the
-// page's items; Up goes back. Enter and Space press the item, Ctrl+Page Up and Page Down change the tab from
-// everywhere, Home and End go to the first and the last. Esc gives the focus back to where it was. It sends
-// NM_SETFOCUS, NM_KILLFOCUS, and GRN_TABCHANGED (framework/Behavior.h) after each change of the active tab,
-// by the user and by call. Hosted windows show while their page does.
+// page's items; Up goes back. Enter and Space press the item, or take the focus into a hosted window, whose
+// keys are its own. Ctrl+Page Up and Page Down change the tab, Home and End go to the first and the last. Esc
+// gives the focus back to where it was. It sends NM_SETFOCUS, NM_KILLFOCUS, and GRN_TABCHANGED
+// (framework/Behavior.h) after each change of the active tab, by the user and by call. Hosted windows show
+// while their page does.
 #pragma once
 
 #include <gesso/containers/Index.h>
@@ -171,6 +172,7 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnMouseMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyboardMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT PassToParent(UINT uMsg, WPARAM wParam, LPARAM lParam) const;
     LRESULT OnThemeChanged();
     void MakeMissingTools();
     void ReleaseTools();
@@ -193,9 +195,11 @@ private:
     void DrawHotTab(HDC hdc, int nLeft, int nRight) const;
 
     bool ShowsFocus() const;
+    UINT FocusTab() const;
     UINT FocusItem() const;
     HWND WindowBefore() const;
     LRESULT OnGetDlgCode(const MSG* pMessage) const;
+    bool IsElsewhere(HWND hwnd) const;
     LRESULT OnSetFocus(HWND hwndFormer);
     LRESULT OnKeyDown(UINT uKey, bool fRepeated);
     void StepTab(UINT nFrom, int nStep);

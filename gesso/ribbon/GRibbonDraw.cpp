@@ -96,7 +96,7 @@ void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRi
     const int nMargin = Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
     RECT rcText{nLeft + nMargin, 1, nRight - nMargin, Pixels(m_hWnd, Metrics::RIBBON_TAB_TEXT_BOTTOM)};
     DrawTextW(hdc, m_aTabs[nIndex].pPage->Title(), -1, &rcText, DT_VCENTER | DT_SINGLELINE);
-    if (nIndex == m_nActive && ShowsFocus() && FocusItem() == RIBBON_NONE) {
+    if (ShowsFocus() && nIndex == FocusTab()) {
         const int nInset = Pixels(m_hWnd, Metrics::RIBBON_TAB_FOCUS_INSET);
         const RECT rcFocus{nLeft + nInset, nInset, nRight - nInset + 1,
                            Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP) - nInset};

@@ -19,11 +19,11 @@ bool CanTakeFocus(HWND hwnd)
     return hwnd && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd);
 }
 
-// Whether an item is seen: groups of a fixed width draw none.
+// Whether an item is seen, or takes the focus: groups of a fixed width draw no buttons.
 bool IsReachable(const GRibbonPage::Group& group, const GRibbonPage::Item& item)
 {
     switch (item.uType) {
-    case RIT_WINDOW: return CanTakeFocus(item.hwnd);
+    case RIT_WINDOW: return CanTakeFocus(item.hwnd) && (GetWindowLongW(item.hwnd, GWL_STYLE) & WS_TABSTOP);
     case RIT_BUTTON:
     case RIT_CHECKBOX: return !group.uFixedWidth && item.nRight > item.nLeft;
     default: return false;
@@ -34,12 +34,13 @@ bool IsReachable(const GRibbonPage::Group& group, const GRibbonPage::Item& item)
 
 // --- The page
 
+// None where it is out of sight by now.
 UINT GRibbonPage::FocusItem() const
 {
     for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
         const auto& items = m_aGroups[i].aItems;
         for (UINT k = 0; k < items.GetLength(); k++) {
-            if (items[k].uFlags & gesso::ITEM_FOCUSED) {
+            if ((items[k].uFlags & gesso::ITEM_FOCUSED) && IsReachable(m_aGroups[i], items[k])) {
                 return ItemCode(i, k);
             }
         }
@@ -49,8 +50,10 @@ UINT GRibbonPage::FocusItem() const
 
 void GRibbonPage::ChangeFocusItem(UINT uItem)
 {
-    if (Item* pFormer = ItemOfCode(FocusItem())) {
-        pFormer->uFlags &= ~gesso::ITEM_FOCUSED;
+    for (Group& group : m_aGroups) {
+        for (Item& item : group.aItems) {
+            item.uFlags &= ~gesso::ITEM_FOCUSED;
+        }
     }
     if (Item* pItem = ItemOfCode(uItem)) {
         pItem->uFlags |= gesso::ITEM_FOCUSED;
@@ -71,14 +74,14 @@ UINT GRibbonPage::NextReachable(UINT uFrom, int nStep) const
     return next.Found();
 }
 
-// The keyboard has come to the item, or presses it. A hosted window takes the focus.
-void GRibbonPage::EnterFocusItem(bool fPress)
+// Takes the focus into a hosted window.
+void GRibbonPage::PressFocusItem()
 {
     const UINT uItem = FocusItem();
     const Item* pItem = ItemOfCode(uItem);
     if (pItem && pItem->uType == RIT_WINDOW) {
         SetFocus(pItem->hwnd);
-    } else if (pItem && fPress) {
+    } else if (pItem) {
         InvalidateRibbon();
         Click(uItem);
     }
@@ -89,6 +92,19 @@ void GRibbonPage::EnterFocusItem(bool fPress)
 bool GRibbon::ShowsFocus() const
 {
     return gesso::ShowsFocus(m_hWnd, m_dwState) && !Has(*this, Quirk::RibbonTakesNoKeys);
+}
+
+// The tab that the keyboard is on: the first where none is active. None where it is on an item.
+UINT GRibbon::FocusTab() const
+{
+    if (FocusItem() != RIBBON_NONE) {
+        return RIBBON_NONE;
+    }
+    UINT nTab = m_nActive < m_aTabs.GetLength() ? m_nActive : 0;
+    while (nTab < m_aTabs.GetLength() && nTab != m_nActive && !IsVisible(nTab)) {
+        nTab++;
+    }
+    return nTab;
 }
 
 UINT GRibbon::FocusItem() const
@@ -126,11 +142,18 @@ LRESULT GRibbon::OnGetDlgCode(const MSG* pMessage) const
     return DLGC_WANTARROWS | (fOwn ? DLGC_WANTMESSAGE : 0);
 }
 
-// From outside the keyboard comes to the tabs; from a hosted window, and from another program, it comes back
-// to where it was.
+// Whether a window is another control around the ribbon, to which Esc may go back. A hosted window is not,
+// nor one of another program or of a dialog that stood above, nor one that passes the focus on.
+bool GRibbon::IsElsewhere(HWND hwnd) const
+{
+    return hwnd && !IsChild(m_hWnd, hwnd) && !IsChild(hwnd, m_hWnd) &&
+           GetAncestor(hwnd, GA_ROOT) == GetAncestor(m_hWnd, GA_ROOT);
+}
+
+// From elsewhere the keyboard comes to the tabs; else it comes back to where it was.
 LRESULT GRibbon::OnSetFocus(HWND hwndFormer)
 {
-    if (hwndFormer && !IsChild(m_hWnd, hwndFormer)) {
+    if (IsElsewhere(hwndFormer)) {
         m_inside->hwndBefore = hwndFormer;
         if (GRibbonPage* pPage = ActivePage()) {
             pPage->ChangeFocusItem(RIBBON_NONE);
@@ -207,7 +230,6 @@ void GRibbon::StepItem(UINT uFrom, int nStep)
     if (uItem != RIBBON_NONE) {
         pPage->ChangeFocusItem(uItem);
         Invalidate(0);
-        pPage->EnterFocusItem(false);
     }
 }
 
@@ -222,6 +244,6 @@ void GRibbon::LeaveItems()
 void GRibbon::PressFocusItem()
 {
     if (GRibbonPage* pPage = ActivePage()) {
-        pPage->EnterFocusItem(true);
+        pPage->PressFocusItem();
     }
 }

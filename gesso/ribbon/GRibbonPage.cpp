@@ -65,6 +65,7 @@ void GRibbonPage::Create(GRibbon* pRibbon)
     m_press.group = m_press.item = RIBBON_NONE;
     m_hover.group = m_hover.item = RIBBON_NONE;
     ChangeHot(RIBBON_NONE);
+    ChangeFocusItem(RIBBON_NONE);
     m_hItemFont = g_hDefaultFont;
     m_pRibbon = pRibbon;
     m_hwndRibbon = pRibbon->GetHwnd();

@@ -151,8 +151,8 @@ public:
     virtual void RemoveItem(DWORD dwGroupId, DWORD dwItemId);
 
     // Shows the host's window (a child of the ribbon) and notes it in the group. The host places it itself.
-    // In Modern the window shows while the page is the active one, and on another page is hidden until then;
-    // one that the host hides meanwhile stays hidden.
+    // In Modern the window shows while the page is the active one; on another page it is hidden until then.
+    // One that the host hides while its page is active stays hidden. Arrows come to those with WS_TABSTOP.
     void AddWindow(DWORD dwGroupId, HWND hwnd);
     void AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount);
 
@@ -228,11 +228,12 @@ private:
     UINT FocusItem() const;
     UINT NextReachable(UINT uFrom, int nStep) const;
     void ChangeFocusItem(UINT uItem);
-    void EnterFocusItem(bool fPress);
+    void PressFocusItem();
+    void DrawFocusOfWindow(HDC hdc) const;
 
     bool WindowsFollow() const;
     void UpdateWindows();
-    HWND NextWindow(bool fShow);
+    UINT NextWindow(UINT uFrom, bool fShow) const;
 
     HWND m_hwndRibbon = nullptr;
     gesso::OwnedSet<void*, FreeBlock> m_ownBlocks; // the items' texts and options

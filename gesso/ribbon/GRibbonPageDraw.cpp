@@ -195,9 +195,29 @@ void GRibbonPage::Draw(HDC hdc)
         }
         nLeft = m_aGroups[i].nRight;
     }
+    if (m_pRibbon->ShowsFocus() && m_pRibbon->ActivePage() == this) {
+        DrawFocusOfWindow(hdc);
+    }
     // Fixed behaviour: black afterwards, whatever it was before. What a host draws next into the context
     // would come out in the colour of the titles, or of its own text before.
     SetTextColor(hdc, ColorOf(Color::RibbonAfterPage));
+}
+
+// Around a hosted window that the keyboard has come to.
+void GRibbonPage::DrawFocusOfWindow(HDC hdc) const
+{
+    const UINT uItem = FocusItem();
+    if (uItem == RIBBON_NONE) {
+        return;
+    }
+    const Item& item = m_aGroups[HIWORD(uItem)].aItems[LOWORD(uItem)];
+    RECT rc{};
+    if (item.uType == RIT_WINDOW && GetWindowRect(item.hwnd, &rc)) {
+        MapWindowPoints(nullptr, m_hwndRibbon, reinterpret_cast<POINT*>(&rc), 2);
+        const int nGap = Pixels(m_hwndRibbon, Metrics::RIBBON_FOCUS_INSET);
+        InflateRect(&rc, nGap, nGap);
+        DrawFocusRect(hdc, &rc);
+    }
 }
 
 void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
@@ -217,6 +237,7 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
     // Once for all of them: a switch of fonts can cost more than the text.
     const gesso::SelectScope font(hdc, m_hItemFont);
     const Group& group = m_aGroups[nGroup];
+    const bool fAsBefore = KeepsHot();
     for (UINT i = 0; i < group.aItems.GetLength(); i++) {
         const Item& item = group.aItems[i];
         const auto at = [&](int x) { return gesso::Wrapped(int64_t{group.nLeft} + x); };
@@ -226,7 +247,7 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
         }
         gesso::LayoutOverlay::Add(hdc, rc);
         const UINT uItem = gesso::ItemCode(nGroup, i);
-        painter.Draw(item, rc, KeepsHot() ? StateOf(uItem, item) : StateAsItIs(uItem, item));
+        painter.Draw(item, rc, fAsBefore ? StateOf(uItem, item) : StateAsItIs(uItem, item));
         if (uItem == uFocusItem) {
             painter.DrawFocus(rc);
         }

@@ -65,6 +65,7 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     const Watch watch(*this);
+    const UINT uPressed = m_press.item; // which goes with the capture
     ReleaseCapture();
     if (!watch.IsAlive()) {
         return 0;
@@ -76,8 +77,8 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
         m_hover = release;
         ChangeHot(release.item);
     }
-    m_press.group = RIBBON_NONE;
-    if (std::exchange(m_press.item, RIBBON_NONE) == release.item) {
+    m_press.group = m_press.item = RIBBON_NONE;
+    if (uPressed == release.item) {
         Click(release.item);
     }
     return 0;
@@ -152,6 +153,10 @@ LRESULT GRibbonPage::OnCaptureChanged(HWND hwndNew)
 {
     if (hwndNew != RibbonWindow()) {
         ChangeState(GWS_PRESSED, false);
+        if (!KeepsHot()) {
+            m_press.group = m_press.item = RIBBON_NONE;
+            InvalidateRibbon();
+        }
     }
     return 0;
 }

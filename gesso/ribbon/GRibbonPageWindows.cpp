@@ -5,6 +5,8 @@
 #include <gesso/ribbon/GRibbonPageWatch.h>
 #include <gesso/ribbon/ItemCode.h>
 
+#include <utility>
+
 namespace {
 
 // By itself, whatever is hidden around it.
@@ -29,16 +31,19 @@ void GRibbonPage::AddWindow(DWORD dwGroupId, HWND* phwnd, UINT nCount)
     if (!pGroup || !pGroup->aItems.AllocExtra(pGroup->aItems.GetLength() + nCount)) {
         return;
     }
-    const bool fAway = WindowsFollow() && m_pRibbon->ActivePage() != this;
+    const bool fFollow = WindowsFollow();
     for (UINT i = 0; i < nCount; i++) {
         Item item{};
         item.hwnd = phwnd[i];
-        item.uFlags = fAway ? gesso::ITEM_AWAY : 0;
+        item.uFlags = fFollow ? gesso::ITEM_AWAY : 0;
         pGroup->aItems.Add(item);
     }
     // Last, since the host may answer the messages of this by changing the page.
+    if (fFollow) {
+        return UpdateWindows();
+    }
     for (UINT i = 0; i < nCount; i++) {
-        ShowWindow(phwnd[i], fAway ? SW_HIDE : SW_SHOW);
+        ShowWindow(phwnd[i], SW_SHOW);
     }
 }
 
@@ -55,29 +60,34 @@ void GRibbonPage::UpdateWindows()
         return;
     }
     const Watch watch(*this);
-    while (watch.IsAlive()) {
-        const bool fShow = m_pRibbon->ActivePage() == this;
-        const HWND hwnd = NextWindow(fShow);
-        if (!hwnd) {
+    const auto isActive = [this] { return m_pRibbon->ActivePage() == this; };
+    bool fShow = isActive();
+    for (UINT uItem = NextWindow(RIBBON_NONE, fShow); uItem != RIBBON_NONE;) {
+        Item& item = *ItemOfCode(uItem);
+        item.uFlags = fShow ? item.uFlags & ~gesso::ITEM_AWAY : item.uFlags | gesso::ITEM_AWAY;
+        ShowWindow(item.hwnd, fShow ? SW_SHOWNA : SW_HIDE);
+        if (!watch.IsAlive()) {
             return;
         }
-        ShowWindow(hwnd, fShow ? SW_SHOWNA : SW_HIDE);
+        const bool fTurned = std::exchange(fShow, isActive()) != fShow;
+        uItem = NextWindow(fTurned ? RIBBON_NONE : uItem, fShow);
     }
 }
 
-// A window that is to be shown or hidden, and counts as such now; null for none. One that the host has hidden
-// itself stays so.
-HWND GRibbonPage::NextWindow(bool fShow)
+// The next item, behind one or from the first on, whose window is to be shown or hidden. One that the host
+// has hidden itself stays so, and one that is no more the ribbon's is left alone.
+UINT GRibbonPage::NextWindow(UINT uFrom, bool fShow) const
 {
-    for (Group& group : m_aGroups) {
-        for (Item& item : group.aItems) {
-            const bool fAway = item.uFlags & gesso::ITEM_AWAY;
-            const bool fDue = fShow ? fAway : !fAway && IsShown(item.hwnd);
-            if (item.uType == RIT_WINDOW && item.hwnd && fDue) {
-                item.uFlags ^= gesso::ITEM_AWAY;
-                return item.hwnd;
+    gesso::NextInOrder next(uFrom, 1);
+    for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
+        const auto& items = m_aGroups[i].aItems;
+        for (UINT k = 0; k < items.GetLength(); k++) {
+            const Item& item = items[k];
+            const bool fDue = fShow ? (item.uFlags & gesso::ITEM_AWAY) != 0 : IsShown(item.hwnd);
+            if (item.uType == RIT_WINDOW && fDue && IsChild(m_hwndRibbon, item.hwnd)) {
+                next.Offer(gesso::ItemCode(i, k));
             }
         }
     }
-    return nullptr;
+    return next.Found();
 }

@@ -140,10 +140,14 @@ void GRibbon::ChangeActive(UINT nIndex)
     }
 }
 
-// What comes with another active tab: a press ends, the hosted windows change, and the parent is told.
+// What comes with another active tab: a press ends, the hosted windows change, and the parent is told. A copy
+// shows nothing, and is told of by nobody.
 void GRibbon::TurnPages(GRibbonPage* pFormer)
 {
-    const UINT nIndex = m_nActive;
+    if (!gesso::Frame::IsAlive(m_hWnd, this)) {
+        return;
+    }
+    const UINT nTurn = ++m_inside->nTurns;
     const gesso::Watch watch(*this);
     if (pFormer) {
         pFormer->Settle();
@@ -155,10 +159,9 @@ void GRibbon::TurnPages(GRibbonPage* pFormer)
     if (GRibbonPage* pPage = watch ? ActivePage() : nullptr) {
         pPage->UpdateWindows();
     }
-    // Told of a later change already, or of none without a window.
-    if (watch && m_hWnd && m_nActive == nIndex) {
+    if (watch && m_inside->nTurns == nTurn) {
         GLISTNOTIFY record{};
-        record.iItem = static_cast<int>(nIndex);
+        record.iItem = static_cast<int>(m_nActive);
         gesso::Frame::SendNotify(*this, GRN_TABCHANGED, &record.hdr);
     }
 }

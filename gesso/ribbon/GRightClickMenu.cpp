@@ -110,7 +110,7 @@ UINT GRightClickMenu::GetValueCount() const
 }
 
 // From the given row on.
-void GRightClickMenu::DrawRows(HDC hdc, UINT nFirst) const
+void GRightClickMenu::DrawRows(HDC hdc, UINT nFirst, UINT uFormat) const
 {
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
@@ -127,7 +127,7 @@ void GRightClickMenu::DrawRows(HDC hdc, UINT nFirst) const
         }
         RECT rcText = rcRow;
         rcText.left += Pixels(m_hWnd, Metrics::VALUE_MENU_INDENT);
-        DrawTextW(hdc, m_aValues[i], -1, &rcText, 0);
+        DrawTextW(hdc, m_aValues[i], -1, &rcText, uFormat);
         OffsetRect(&rcRow, 0, cyRow);
     }
 }
@@ -150,7 +150,7 @@ LRESULT GRightClickMenu::OnPaint()
     const gesso::Watch watch(*this);
     const gesso::BufferedPaint paint(m_hWnd);
     if (watch) {
-        DrawRows(paint.Context(), 0);
+        DrawRows(paint.Context(), 0, 0);
     }
     return 0;
 }
@@ -185,7 +185,8 @@ LRESULT GRightClickMenu::OnLButtonUp(WPARAM, POINTS pt)
 UINT GRightClickMenu::Track(HWND hwndOwner, int x, int y, const LPCWSTR* ppszValues, UINT nCount,
                             UINT uChecked)
 {
-    if (!IsWindow(hwndOwner) || !ppszValues) {
+    const bool fOwn = GetWindowThreadProcessId(hwndOwner, nullptr) == GetCurrentThreadId();
+    if (!IsWindow(hwndOwner) || !fOwn || !ppszValues) {
         gesso::Misuse("GRightClickMenu::Track: no owner, or no texts");
         return gesso::NO_INDEX;
     }

@@ -65,9 +65,10 @@ public:
     // Shows a menu of nCount texts at a point of the screen, moved so that it is on the point's monitor, as
     // wide as the texts need, in g_hDefaultFont, and returns the index of the one that was chosen, by click
     // or by arrows and Enter; -1 for none: by Esc, by a click elsewhere, which goes on to where it was meant,
-    // by another program that is activated, or where the owner goes. Messages are dispatched meanwhile; keys
+    // by another window that is activated, or where the owner goes. Messages are dispatched meanwhile; keys
     // go to the menu, and the focus stays where it is. uChecked is the row that is marked at first, or -1. In
-    // both behaviours. -1 at once for no owner, for one that is not there, and for no texts.
+    // both behaviours. -1 at once for no owner, for one that is not there or is another thread's, and for no
+    // texts. A null among the texts counts as empty; an ampersand is shown as it is.
     static UINT Track(HWND hwndOwner, int x, int y, const LPCWSTR* ppszValues, UINT nCount, UINT uChecked);
 
     static ATOM IsolationAwareRegisterClassW();
@@ -97,5 +98,5 @@ private:
     friend class gesso::TrackedMenu;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void ChangeHot(int nRow);
-    void DrawRows(HDC hdc, UINT nFirst) const;
+    void DrawRows(HDC hdc, UINT nFirst, UINT uFormat) const;
 };

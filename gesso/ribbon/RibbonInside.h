@@ -12,6 +12,7 @@ struct RibbonInside
     HIMAGELIST hLargeImages = nullptr; // the host's; null for the ribbon's own
     HIMAGELIST hSmallImages = nullptr;
     HWND hwndBefore = nullptr; // had the focus before the ribbon
+    UINT nTurns = 0;           // of pages: a later one tells for those before it
 };
 
 } // namespace gesso

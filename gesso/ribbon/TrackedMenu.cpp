@@ -14,6 +14,7 @@ namespace {
 
 constexpr DWORD EX_STYLE = WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
 constexpr DWORD STYLE = WS_POPUP | WS_BORDER;
+constexpr UINT TEXT_FORMAT = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
 
 bool IsWithin(UINT n, UINT nFirst, UINT nLast)
 {
@@ -30,11 +31,27 @@ bool IsPress(UINT uMsg)
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDBLCLK:
     case WM_MBUTTONDBLCLK:
+    case WM_XBUTTONDBLCLK:
     case WM_NCLBUTTONDOWN:
     case WM_NCRBUTTONDOWN:
     case WM_NCMBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK: return true;
+    case WM_NCXBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK:
+    case WM_NCRBUTTONDBLCLK:
+    case WM_NCMBUTTONDBLCLK:
+    case WM_NCXBUTTONDBLCLK: return true;
     default: return false;
+    }
+}
+
+// A menu that the keyboard asked for, and that waits.
+void DropContextMenu(HWND hwnd)
+{
+    MSG msg{};
+    while (PeekMessageW(&msg, hwnd, WM_CONTEXTMENU, WM_CONTEXTMENU, PM_REMOVE)) {
+        if (msg.message == WM_QUIT) {
+            return PostQuitMessage(static_cast<int>(msg.wParam));
+        }
     }
 }
 
@@ -76,7 +93,7 @@ SIZE TrackedMenu::SizeOfRows() const
     int cxText = 0;
     for (UINT i = 0; i < GetValueCount(); i++) {
         RECT rcText{};
-        DrawTextW(context, GetValue(i), -1, &rcText, DT_CALCRECT | DT_SINGLELINE);
+        DrawTextW(context, GetValue(i), -1, &rcText, DT_CALCRECT | TEXT_FORMAT);
         cxText = std::max<int>(cxText, rcText.right);
     }
     return {cxText + 2 * Pixels(nullptr, Metrics::VALUE_MENU_INDENT),
@@ -107,59 +124,92 @@ UINT TrackedMenu::Run(HWND hwndOwner, POINT pt)
     GetCursorPos(&ptPointer);
     m_ptPointer = {static_cast<SHORT>(ptPointer.x), static_cast<SHORT>(ptPointer.y)};
     ReleaseCapture(); // of a press that opened the menu: its moves would pass the menu by
-    const HWND hwndForeground = GetForegroundWindow();
+    m_hwndTrackOwner = hwndOwner;
+    m_hwndForeground = GetForegroundWindow();
     m_fEnded = !IsWindow(hwndOwner) || !Show(hwndOwner, pt);
-    while (!m_fEnded) {
-        MSG msg{};
-        const BOOL nGot = GetMessageW(&msg, nullptr, 0, 0);
-        if (nGot <= 0) {
-            if (nGot == 0) {
-                PostQuitMessage(static_cast<int>(msg.wParam)); // of the loop around this one
-            }
-            break;
-        }
-        if (GetForegroundWindow() != hwndForeground) {
+    MSG msg{};
+    while (!m_fEnded && TakeMessage(&msg)) {
+        if (IsLeft()) {
             End();
         }
         if (m_fEnded || GoesOn(msg)) {
             TranslateMessage(&msg);
             DispatchMessageW(&msg);
         }
+        m_fEnded = m_fEnded || !IsWindow(hwndOwner); // a child, whose end ends no pop-up
     }
+    m_fEnded = true;
     if (Of(m_hWnd) == this) {
         DestroyWindow(m_hWnd);
     }
     return m_nChoice;
 }
 
+// False where the program is to end, as the loop around this one then learns, or no message can be had.
+bool TrackedMenu::TakeMessage(MSG* pMsg)
+{
+    const BOOL nGot = GetMessageW(pMsg, nullptr, 0, 0);
+    if (nGot == 0) {
+        PostQuitMessage(static_cast<int>(pMsg->wParam));
+    }
+    return nGot > 0;
+}
+
+// Whether the owner has gone, or the user to another window. None is in front while that changes.
+bool TrackedMenu::IsLeft()
+{
+    const HWND hwndNow = GetForegroundWindow();
+    if (!m_hwndForeground) {
+        m_hwndForeground = hwndNow;
+    }
+    return !IsWindow(m_hwndTrackOwner) || (hwndNow && hwndNow != m_hwndForeground && hwndNow != m_hWnd);
+}
+
 bool TrackedMenu::GoesOn(const MSG& msg)
 {
     if (IsWithin(msg.message, WM_KEYDOWN, WM_SYSDEADCHAR)) {
-        // What is let go was pressed before, or ends nothing.
-        const bool fRelease = msg.message == WM_KEYUP || msg.message == WM_SYSKEYUP;
-        if (msg.message == WM_KEYDOWN) {
-            OnKey(msg.wParam, HIWORD(msg.lParam) & KF_REPEAT);
-        } else if (msg.message == WM_SYSKEYDOWN) {
-            End();
-        }
-        return fRelease;
+        return TakesKey(msg);
     }
-    if (msg.message == WM_MOUSEWHEEL) {
-        OnWheel(static_cast<SHORT>(HIWORD(msg.wParam)));
+    if (msg.message == WM_MOUSEWHEEL || msg.message == WM_MOUSEHWHEEL) {
+        OnWheel(msg.message == WM_MOUSEWHEEL ? static_cast<SHORT>(HIWORD(msg.wParam)) : 0);
         return false;
     }
     if (msg.hwnd == m_hWnd) {
         return true;
     }
     if (IsPress(msg.message)) {
-        ShowWindow(m_hWnd, SW_HIDE); // first, since the press may lead to another menu
-        End();
+        End(); // hides it first, since the press may lead to another menu
     }
     return msg.message != WM_MOUSEMOVE;
 }
 
-// A key that is held may be the one that opened the menu.
-void TrackedMenu::OnKey(WPARAM wKey, bool fRepeated)
+// Whether the focus gets a key too: what is let go was pressed before, or ends nothing. A key that is held
+// may be the one that opened the menu.
+bool TrackedMenu::TakesKey(const MSG& msg)
+{
+    const bool fRepeated = HIWORD(msg.lParam) & KF_REPEAT;
+    switch (msg.message) {
+    case WM_KEYDOWN:
+        if (!fRepeated || msg.wParam != VK_RETURN) {
+            OnKey(msg.wParam);
+        }
+        return false;
+    case WM_SYSKEYDOWN:
+        if (!fRepeated) {
+            End();
+        }
+        return false;
+    case WM_KEYUP:
+        if (msg.wParam == VK_APPS) {
+            DropContextMenu(msg.hwnd);
+            End();
+        }
+        return msg.wParam != VK_APPS;
+    default: return msg.message == WM_SYSKEYUP;
+    }
+}
+
+void TrackedMenu::OnKey(WPARAM wKey)
 {
     const UINT nCount = GetValueCount();
     const auto nHot = static_cast<UINT>(m_nHot);
@@ -168,11 +218,7 @@ void TrackedMenu::OnKey(WPARAM wKey, bool fRepeated)
     case VK_UP: return Mark(nHot - 1 < nCount ? nHot - 1 : nCount - 1);
     case VK_HOME: return Mark(0);
     case VK_END: return Mark(nCount - 1);
-    case VK_RETURN:
-        if (!fRepeated) {
-            Choose(nHot);
-        }
-        break;
+    case VK_RETURN: return Choose(nHot);
     case VK_ESCAPE: return End();
     default: break;
     }
@@ -203,8 +249,14 @@ void TrackedMenu::OnWheel(int nDelta)
     const int nSteps = m_nWheel / WHEEL_DELTA;
     m_nWheel -= nSteps * WHEEL_DELTA;
     const int nLast = std::max(static_cast<int>(GetValueCount()) - static_cast<int>(VisibleRows()), 0);
-    m_nFirst = static_cast<UINT>(std::clamp(static_cast<int>(m_nFirst) + nSteps, 0, nLast));
-    Invalidate(0);
+    const auto nFirst = static_cast<UINT>(std::clamp(static_cast<int>(m_nFirst) + nSteps, 0, nLast));
+    if (std::exchange(m_nFirst, nFirst) != nFirst) {
+        POINT pt{};
+        GetCursorPos(&pt);
+        ScreenToClient(m_hWnd, &pt);
+        ChangeHot(static_cast<int>(RowAt({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)})));
+        Invalidate(0);
+    }
 }
 
 UINT TrackedMenu::RowAt(POINTS pt) const
@@ -225,10 +277,22 @@ void TrackedMenu::OnPointer(POINTS pt)
     const POINTS ptScreen = ToScreen(m_hWnd, pt);
     const POINTS ptFormer = std::exchange(m_ptPointer, ptScreen);
     const UINT nRow = RowAt(pt);
-    if ((ptScreen.x != ptFormer.x || ptScreen.y != ptFormer.y) && nRow != static_cast<UINT>(m_nHot)) {
+    m_fUsed = m_fUsed || ptScreen.x != ptFormer.x || ptScreen.y != ptFormer.y;
+    if (m_fUsed && nRow != static_cast<UINT>(m_nHot)) {
         ChangeHot(static_cast<int>(nRow));
         Invalidate(0);
     }
+}
+
+// The first release may be that of the press that opened the menu under a pointer that rests.
+void TrackedMenu::OnRelease(POINTS pt)
+{
+    const POINTS ptScreen = ToScreen(m_hWnd, pt);
+    const UINT nRow = RowAt(pt);
+    if (nRow != NO_INDEX && (m_fUsed || ptScreen.x != m_ptPointer.x || ptScreen.y != m_ptPointer.y)) {
+        Choose(nRow);
+    }
+    m_fUsed = true;
 }
 
 void TrackedMenu::Choose(UINT nRow)
@@ -240,6 +304,7 @@ void TrackedMenu::Choose(UINT nRow)
 void TrackedMenu::End()
 {
     m_fEnded = true;
+    ShowWindow(m_hWnd, SW_HIDE);
 }
 
 // --- The window
@@ -262,7 +327,7 @@ LRESULT TrackedMenu::OnTrackMessage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM 
     case WM_MOUSEACTIVATE: return MA_NOACTIVATE;
     case WM_PAINT: {
         const BufferedPaint paint(hwnd);
-        DrawRows(paint.Context(), m_nFirst);
+        DrawRows(paint.Context(), m_nFirst, TEXT_FORMAT);
         return 0;
     }
     case WM_MOUSEMOVE: OnPointer(PointOf(lParam)); return 0;
@@ -270,17 +335,14 @@ LRESULT TrackedMenu::OnTrackMessage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM 
         Frame::OnMouseLeave(*this);
         ChangeHot(-1);
         return 0;
-    case WM_LBUTTONUP: {
-        const UINT nRow = RowAt(PointOf(lParam));
-        if (nRow != NO_INDEX) {
-            Choose(nRow);
-        }
-        return 0;
-    }
+    case WM_LBUTTONDOWN: m_fUsed = true; return 0;
+    case WM_LBUTTONUP: OnRelease(PointOf(lParam)); return 0;
     case WM_ACTIVATEAPP:
     case WM_DESTROY:
-        m_fEnded = m_fEnded || uMsg == WM_DESTROY || !wParam;
-        PostMessageW(nullptr, WM_NULL, 0, 0); // wakes the loop, which may wait for a message
+        if (!m_fEnded && (uMsg == WM_DESTROY || !wParam)) {
+            m_fEnded = true;
+            PostMessageW(nullptr, WM_NULL, 0, 0); // wakes the loop, which waits for a message
+        }
         break;
     default: break;
     }

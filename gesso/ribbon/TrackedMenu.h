@@ -23,8 +23,12 @@ private:
     SIZE SizeOfRows() const;
     // Whether a message of the loop goes to its window.
     bool GoesOn(const MSG& msg);
-    void OnKey(WPARAM wKey, bool fRepeated);
+    static bool TakeMessage(MSG* pMsg);
+    bool IsLeft();
+    bool TakesKey(const MSG& msg);
+    void OnKey(WPARAM wKey);
     void OnPointer(POINTS pt);
+    void OnRelease(POINTS pt);
     void OnWheel(int nDelta);
     void Mark(UINT nRow);
     UINT RowAt(POINTS pt) const;
@@ -32,10 +36,13 @@ private:
     void Choose(UINT nRow);
     void End();
 
+    HWND m_hwndTrackOwner = nullptr;
+    HWND m_hwndForeground = nullptr;
     UINT m_nChoice = NO_INDEX;
     bool m_fEnded = false;
     UINT m_nFirst = 0;    // the row at the top, where the monitor is too low for all
     POINTS m_ptPointer{}; // on the screen, where it was last
+    bool m_fUsed = false; // the pointer has moved, or was pressed in the menu
     int m_nWheel = 0;     // of a wheel's notch, so far
 };
 

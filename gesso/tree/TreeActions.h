@@ -138,6 +138,7 @@ struct TreeActions
         tree.Invalidate(0);
         if (auto* item = tree.View().ItemOf(hItem)) {
             tree.View().SortChildren(*item);
+            PlaceEdit(tree);
         }
     }
 

@@ -4,6 +4,8 @@
 
 #include "../support/AllControls.h"
 #include "../support/Interception.h"
+#include "../support/WithBehavior.h"
+#include "Survival.h"
 
 #include <gtest/gtest.h>
 
@@ -220,3 +222,134 @@ TYPED_TEST(DefaultButtonTest, SubclassMayDestroyTheControlAsItBecomesTheDefault)
 }
 
 } // namespace
+
+// --- Notifications of Modern
+
+namespace {
+
+// A control as a notification finds it, and what brings that about.
+struct Doomed
+{
+    const char* pszReport;
+    std::function<GWnd*(HWND)> make;
+    std::function<void(HWND, GWnd*)> act;
+};
+
+GList* ListOfTwo(HWND hwndHost)
+{
+    auto* pList = new GList;
+    MakeControl(*pList, hwndHost, 12);
+    pList->InsertColumn(0, 0, DT_SINGLELINE, 80, 20, L"Name", 0, LCT_TEXT, nullptr, nullptr, nullptr,
+                        nullptr);
+    pList->SetListStyle(GLS_DETAILS | GLS_HEADER);
+    pList->InsertItem(0, 0, nullptr, 0, L"One", 0);
+    pList->InsertItem(1, 0, nullptr, 0, L"Two", 0);
+    return pList;
+}
+
+GTree* TreeOfTwo(HWND hwndHost)
+{
+    auto* pTree = new GTree;
+    MakeControl(*pTree, hwndHost, 12);
+    void* hFirst = pTree->InsertItem(nullptr, nullptr, L"One", 0, 0, nullptr);
+    pTree->InsertItem(nullptr, nullptr, L"Two", 0, 0, nullptr);
+    pTree->SetSelectedItem(hFirst);
+    return pTree;
+}
+
+GRibbon* RibbonOfTwo(HWND hwndHost)
+{
+    auto* pRibbon = new GRibbon;
+    pRibbon->Create(0, 0, 300, 118, hwndHost, nullptr);
+    for (DWORD nId = 1; nId <= 2; nId++) {
+        pRibbon->AddPage(nullptr, nId, L"Page");
+    }
+    return pRibbon;
+}
+
+void RightClick(HWND hwnd, int x, int y, bool fDouble)
+{
+    const LPARAM lPoint = MAKELPARAM(x, y);
+    SendMessageW(hwnd, fDouble ? WM_RBUTTONDBLCLK : WM_RBUTTONDOWN, MK_RBUTTON, lPoint);
+    SendMessageW(hwnd, WM_RBUTTONUP, 0, lPoint);
+}
+
+void* FirstItem(GWnd* pTree)
+{
+    return static_cast<GTree*>(pTree)->GetItemNextChild(nullptr, nullptr);
+}
+
+// Ends a renaming by Enter in its field.
+void Rename(HWND hwnd)
+{
+    const HWND hwndField = GetWindow(hwnd, GW_CHILD);
+    SendMessageW(hwndField, WM_KEYDOWN, VK_RETURN, 0);
+}
+
+} // namespace
+
+TEST(DestroyedMidwayTest, TheParentMayDeleteTheControlInEachNotificationOfModern)
+{
+    const auto list = [](GWnd* pControl) { return static_cast<GList*>(pControl); };
+    const auto tree = [](GWnd* pControl) { return static_cast<GTree*>(pControl); };
+    const auto ribbon = [](GWnd* pControl) { return static_cast<GRibbon*>(pControl); };
+    const Doomed cases[] = {
+        {"notify 12 code -5", ListOfTwo, [](HWND hwnd, GWnd*) { RightClick(hwnd, 20, 50, false); }},
+        {"notify 12 code -6", ListOfTwo, [](HWND hwnd, GWnd*) { RightClick(hwnd, 20, 50, true); }},
+        {"notify 12 code -4", ListOfTwo,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_RETURN, 0); }},
+        {"notify 12 code -101", ListOfTwo,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 0); }},
+        {"notify 12 code -101", ListOfTwo, [=](HWND, GWnd* p) { list(p)->SetSelected(1, 1); }},
+        {"notify 12 code -108", ListOfTwo,
+         [](HWND hwnd, GWnd*) {
+             SendMessageW(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 8));
+             SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(20, 8));
+         }},
+        {"notify 12 code -103", ListOfTwo, [=](HWND, GWnd* p) { list(p)->RemoveItem(0); }},
+        {"notify 12 code -103", ListOfTwo, [=](HWND, GWnd* p) { list(p)->RemoveAllItems(); }},
+        {"notify 12 code -175", ListOfTwo, [=](HWND, GWnd* p) { list(p)->EditItem(0); }},
+        {"notify 12 code -176", ListOfTwo,
+         [=](HWND hwnd, GWnd* p) {
+             list(p)->EditItem(0);
+             Rename(hwnd);
+         }},
+        {"notify 12 code -5", TreeOfTwo, [](HWND hwnd, GWnd*) { RightClick(hwnd, 30, 5, false); }},
+        {"notify 12 code -6", TreeOfTwo, [](HWND hwnd, GWnd*) { RightClick(hwnd, 30, 5, true); }},
+        {"notify 12 code -4", TreeOfTwo,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_RETURN, 0); }},
+        {"notify 12 code -451", TreeOfTwo,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 0); }},
+        {"notify 12 code -451", TreeOfTwo, [=](HWND, GWnd* p) { tree(p)->SetSelectedItem(nullptr); }},
+        {"notify 12 code -458", TreeOfTwo, [=](HWND, GWnd* p) { tree(p)->RemoveItem(FirstItem(p)); }},
+        {"notify 12 code -459", TreeOfTwo, [=](HWND, GWnd* p) { tree(p)->EditLabel(FirstItem(p)); }},
+        {"notify 12 code -460", TreeOfTwo,
+         [=](HWND hwnd, GWnd* p) {
+             tree(p)->EditLabel(FirstItem(p));
+             Rename(hwnd);
+         }},
+        {"notify 0 code -700", RibbonOfTwo, [=](HWND, GWnd* p) { ribbon(p)->SetActive(1); }},
+        {"notify 0 code -700", RibbonOfTwo, [=](HWND, GWnd* p) { ribbon(p)->SetStatus(0, 0); }},
+        {"notify 0 code -700", RibbonOfTwo,
+         [=](HWND, GWnd* p) {
+             GRibbonPage* pPage = ribbon(p)->GetPage(1);
+             ribbon(p)->RemovePage(pPage);
+             delete pPage;
+         }},
+        {"notify 0 code -700", RibbonOfTwo,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_RIGHT, 0); }},
+        {"setfocus 0", RibbonOfTwo, [](HWND hwnd, GWnd*) { SetFocus(hwnd); }},
+        {"killfocus 0", RibbonOfTwo,
+         [](HWND hwnd, GWnd*) {
+             SetFocus(hwnd);
+             SetFocus(nullptr);
+         }},
+    };
+    const Modern modern;
+    for (const Doomed& doomed : cases) {
+        SCOPED_TRACE(std::to_string(&doomed - cases));
+        Host host;
+        GWnd* pControl = doomed.make(host);
+        ExpectSurvival(host, doomed.pszReport, pControl, [&](HWND hwnd) { doomed.act(hwnd, pControl); });
+    }
+}

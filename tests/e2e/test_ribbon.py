@@ -202,7 +202,7 @@ class Ribbon(GalleryTest):
         self.gallery.lines("ctrl+shift+Tab")
         ribbon = [c for c in self.gallery.controls() if c.class_name == "GRibbon"][-1]
         self.assertEqual(self.gallery.first("focus").id, ribbon.id)
-        self.gallery.lines("Down", *["Right"] * 7)
+        self.gallery.lines("Down", *["Right"] * 7, "Return")
         self.assertEqual(self.gallery.first("focus").id, self.gallery.first("GComboBox").id)
         self.gallery.lines("Tab")
         field = min((c for c in self.gallery.controls() if c.class_name == "GEdit"), key=lambda c: c.cy)

@@ -258,21 +258,84 @@ TEST_F(RibbonModernTest, HostedWindowsShowWithTheirPage)
     EXPECT_FALSE(IsSeen(third));
 }
 
-TEST_F(RibbonModernTest, ArrowsReachAHostedWindow)
+TEST_F(RibbonModernTest, EnterGoesIntoAHostedWindow)
 {
     InsertButton(Page(2), 1, CUT, RIS_SMALL, L"Cut");
+    HostWindow(2); // no stop
     const HWND hosted = HostWindow(2);
+    SetWindowLongW(hosted, GWL_STYLE, GetWindowLongW(hosted, GWL_STYLE) | WS_TABSTOP);
+    Page(2).InsertGroup(4, 5, L"Behind", 0);
+    InsertButton(Page(2), 5, COPY, RIS_SMALL, L"Copy");
     SetFocus(field);
     SetFocus(hwnd);
-    Key(VK_RIGHT);
-    Key(VK_DOWN);
-    Key(VK_RIGHT);
+    for (const UINT vk : {VK_RIGHT, VK_DOWN, VK_RIGHT}) {
+        Key(vk);
+    }
+    EXPECT_EQ(GetFocus(), hwnd);
+    EXPECT_EQ(Pressed(), Reports{});
     EXPECT_EQ(GetFocus(), hosted);
     SetFocus(hwnd);
+    Key(VK_RIGHT);
+    EXPECT_EQ(Pressed(), Reports{"click 12"}) << "it comes back to where it was";
     Key(VK_LEFT);
-    EXPECT_EQ(Pressed(), Reports{"click 11"}) << "it comes back to where it was";
+    ShowWindow(hosted, SW_HIDE);
+    Key(VK_RIGHT);
+    EXPECT_EQ(TakeTold(), (std::vector{1, 2})) << "with the item gone it is on the tabs";
     Key(VK_ESCAPE);
     EXPECT_EQ(GetFocus(), field.GetHwnd());
+}
+
+TEST_F(RibbonModernTest, ADialogThatAnItemOpensLeavesTheKeyboardWhereItIs)
+{
+    SetFocus(field);
+    SetFocus(hwnd);
+    Key(VK_DOWN);
+    Key(VK_RIGHT);
+    const HWND dialog = CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, host,
+                                        nullptr, nullptr, nullptr);
+    SetFocus(dialog);
+    SetFocus(hwnd);
+    SetFocus(host);
+    SetFocus(hwnd);
+    DestroyWindow(dialog);
+    EXPECT_EQ(Pressed(), Reports{"click 12"});
+    Key(VK_ESCAPE);
+    EXPECT_EQ(GetFocus(), field.GetHwnd());
+}
+
+TEST_F(RibbonModernTest, AHostedWindowGetsTheParentsAnswer)
+{
+    struct Answering
+    {
+        static LRESULT CALLBACK Proc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+        {
+            return uMsg == WM_NOTIFY ? 7 : DefWindowProcW(hwnd, uMsg, wParam, lParam);
+        }
+    };
+    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Answering::Proc));
+    NMHDR header{hwnd, 3, 5};
+    EXPECT_EQ(SendMessageW(hwnd, WM_NOTIFY, 3, reinterpret_cast<LPARAM>(&header)), 7);
+}
+
+TEST_F(RibbonModernTest, ALostCaptureEndsThePressAndASecondWindowStartsAfresh)
+{
+    const POINT pt = MiddleOf(Page(1), 0, 0);
+    Press(hwnd, pt.x, pt.y);
+    ReleaseCapture();
+    EXPECT_EQ(Page(1).m_press.item, RIBBON_NONE);
+    SetFocus(field);
+    SetFocus(hwnd);
+    Key(VK_DOWN);
+    Move(hwnd, ribbon.m_aTabs[0].uTextWidth + 60, 10);
+    EXPECT_EQ(ribbon.m_nHot, 1u);
+    ribbon.Destroy();
+    ribbon.SetActive(9);
+    EXPECT_EQ(ribbon.m_nActive, RIBBON_NONE) << "it is of Modern still";
+    hwnd = CreateRibbon(ribbon, host);
+    ribbon.SetActive(0);
+    SetFocus(hwnd);
+    EXPECT_EQ(ribbon.m_nHot, RIBBON_NONE);
+    EXPECT_EQ(Pressed(), Reports{}) << "on the tabs";
 }
 
 TEST_F(RibbonModernTest, AChangeOfTheTabEndsAPress)
@@ -350,12 +413,14 @@ TEST_F(RibbonModernTest, WhoeverHearsOfAHostedWindowMayEndThePageOrTheRibbon)
     EXPECT_FALSE(IsWindow(hwnd));
 }
 
-TEST_F(RibbonModernTest, ACopySharesTheHostsImages)
+TEST_F(RibbonModernTest, ACopyTellsNobodyAndOwnsNoImages)
 {
     const HIMAGELIST hImages = ImageList_Create(32, 32, ILC_COLOR32, 1, 1);
     ribbon.SetImageLists(hImages, nullptr);
     {
         GRibbon copy(ribbon);
+        copy.SetActive(2);
+        EXPECT_EQ(TakeTold(), std::vector<int>{});
         GRibbon other;
         other = ribbon;
         other = GRibbon();

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <vector>
 
 using namespace test;
 
@@ -33,6 +34,20 @@ HWND MenuWindow()
     HWND hwnd = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), TakeMenu, reinterpret_cast<LPARAM>(&hwnd));
     return hwnd;
+}
+
+RECT WorkAreaAt(POINT pt)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromPoint(pt, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+bool Within(const RECT& rc, const RECT& rcArea)
+{
+    return rc.left >= rcArea.left && rc.top >= rcArea.top && rc.right <= rcArea.right &&
+           rc.bottom <= rcArea.bottom;
 }
 
 class TrackedMenuTest : public testing::Test
@@ -119,10 +134,7 @@ TEST_F(TrackedMenuTest, StandsOnTheMonitorAndTakesNoFocus)
             [&](HWND hwnd) {
                 RECT rc{};
                 GetWindowRect(hwnd, &rc);
-                EXPECT_GE(rc.left, 0);
-                EXPECT_GE(rc.top, 0);
-                EXPECT_LE(rc.right, GetSystemMetrics(SM_CXSCREEN));
-                EXPECT_LE(rc.bottom, GetSystemMetrics(SM_CYSCREEN));
+                EXPECT_EQ(Within(rc, WorkAreaAt(pt)), true);
                 EXPECT_EQ(rc.bottom - rc.top, 62);
                 EXPECT_EQ(GetFocus(), host.Window());
                 user::TypeKey(VK_ESCAPE);
@@ -142,6 +154,55 @@ TEST_F(TrackedMenuTest, EndsWithItsOwnerAndWithTheProgram)
     EXPECT_FALSE(user::Pump()) << "the loop around it ends too";
 }
 
+// What opened the menu may still be held, or let go over it.
+TEST_F(TrackedMenuTest, TheKeyOrPressThatOpenedItChoosesNothing)
+{
+    const auto post = [&](UINT uMsg, WPARAM wKey, LPARAM lParam) { PostMessageW(host, uMsg, wKey, lParam); };
+    constexpr LPARAM REPEATED = LPARAM{KF_REPEAT} << 16;
+    EXPECT_EQ(Track(
+                  [&](HWND hwnd) {
+                      post(WM_KEYDOWN, VK_RETURN, REPEATED);
+                      post(WM_SYSKEYDOWN, VK_F10, REPEATED);
+                      POINT pt{};
+                      GetCursorPos(&pt);
+                      ScreenToClient(hwnd, &pt);
+                      SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(pt.x, pt.y));
+                      post(WM_KEYDOWN, VK_DOWN, 0);
+                      post(WM_KEYDOWN, VK_RETURN, 0);
+                  },
+                  0),
+              1u);
+    EXPECT_EQ(Track([&](HWND) { post(WM_SYSKEYDOWN, VK_F10, 0); }, 0), NONE);
+    EXPECT_EQ(Track([&](HWND) { post(WM_KEYUP, VK_APPS, 0); }, 0), NONE);
+}
+
+TEST_F(TrackedMenuTest, AMenuHigherThanTheScreenScrolls)
+{
+    const std::vector<LPCWSTR> values(200, L"Value");
+    const auto track = [&](std::function<void(HWND)> act) {
+        user::WhenIdle([act] { act(MenuWindow()); });
+        return GRightClickMenu::Track(host, 100, 100, values.data(), 200, NONE);
+    };
+    EXPECT_EQ(track([](HWND hwnd) {
+                  RECT rc{};
+                  GetWindowRect(hwnd, &rc);
+                  EXPECT_TRUE(Within(rc, WorkAreaAt({100, 100})));
+                  user::TypeKey(VK_UP);
+                  user::TypeKey(VK_RETURN);
+              }),
+              199u);
+    EXPECT_EQ(track([](HWND hwnd) {
+                  RECT rc{};
+                  GetWindowRect(hwnd, &rc);
+                  user::MoveMouse(rc.left + 8, rc.top + 30);
+                  user::Wheel(-3 * WHEEL_DELTA);
+                  user::TypeKey(VK_RETURN);
+              }),
+              4u)
+        << "the second row in sight";
+    HoldKeys({});
+}
+
 TEST_F(TrackedMenuTest, IsNoneWithoutAnOwnerOrTexts)
 {
     const AllowMisuse misuse;
@@ -152,4 +213,5 @@ TEST_F(TrackedMenuTest, IsNoneWithoutAnOwnerOrTexts)
     EXPECT_EQ(GRightClickMenu::Track(dead, 0, 0, VALUES, 3, 0), NONE);
     EXPECT_EQ(GRightClickMenu::Track(host, 0, 0, nullptr, 3, 0), NONE);
     EXPECT_EQ(GRightClickMenu::Track(host, 0, 0, VALUES, 0, 0), NONE);
+    EXPECT_EQ(GRightClickMenu::Track(GetDesktopWindow(), 0, 0, VALUES, 3, 0), NONE) << "of another thread";
 }

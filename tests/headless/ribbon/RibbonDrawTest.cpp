@@ -262,6 +262,11 @@ TEST_F(RibbonModernDrawTest, ALargeButtonHasRoomForTwoLinesAndTheHostsImages)
               (Lines{"ImageList_Draw 0 (12,30,44,62) 0x0000",
                      "DrawThemeText BUTTON 1 1 \"A wider text\" (7,63,49,97) 0x0011 font=\"Segoe UI\" 12 "
                      "color=000000"}));
+    desk::ClearDrawing(hwnd);
+    const HDC hdc = GetDC(hwnd);
+    OpenRibbon(Ribbon()).Draw(hdc);
+    ReleaseDC(hwnd, hdc);
+    EXPECT_TRUE(AnyStartsWith(desk::Drawing(hwnd), "ImageList_Draw 0")) << "a copy shows them too";
     Ribbon().SetImageLists(nullptr, nullptr);
     EXPECT_FALSE(AnyStartsWith(DrawnOfItems(), "ImageList_Draw"));
     ImageList_Destroy(hLarge);
