@@ -21,10 +21,11 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 
 # What the library calls and nothing can make fail, by the reason.
 CANNOT_FAIL = {
-    "they only compute": "CharLowerW EqualRect InflateRect MulDiv OffsetRect PtInRect StrCmpLogicalW",
-    "their answer is the state itself": """GetCapture GetFocus GetForegroundWindow
+    "they only compute": "CharLowerW EqualRect InflateRect IsRectEmpty MulDiv OffsetRect PtInRect StrCmpLogicalW",
+    "their answer is the state itself": """GetCapture GetCurrentThreadId GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
-        IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW""",
+        IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
+        GetWindowThreadProcessId""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW

@@ -5,6 +5,7 @@
 #include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ScrollBarGeometry.h>
 #include <gesso/framework/ScrollSteps.h>
@@ -320,10 +321,13 @@ bool GComboBoxList::IsOverBar(POINTS ptScreen) const
     return !(m_dwVStyle & GSB_HIDDEN) && PtInRect(&rcBar, {ptScreen.x, ptScreen.y});
 }
 
-// The base takes its bars to start in the corner of the client area, from which this frame parts them twice:
-// once in the point, once in the bars.
+// In Classic the base takes its bars to start in the corner of the client area, from which this frame parts
+// them twice: once in the point, once in the bars.
 POINTS GComboBoxList::BarPoint(POINTS ptScreen) const
 {
+    if (!Has(*this, gesso::Quirk::BarHitsBeside)) {
+        return ptScreen;
+    }
     const SIZE frame = FrameSize();
     return {static_cast<SHORT>(ptScreen.x + 2 * frame.cx), static_cast<SHORT>(ptScreen.y + 2 * frame.cy)};
 }

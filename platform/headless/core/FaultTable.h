@@ -115,6 +115,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"ImageList_Create", "null"},
     {"ImageList_Destroy", "FALSE", true},
     {"ImageList_DrawEx", "FALSE"},
+    {"IntersectClipRect", "ERROR"},
     {"InvalidateRect", "FALSE"},
     {"KillTimer", "FALSE", true},
     {"LineTo", "FALSE"},

@@ -170,6 +170,9 @@ INT WINAPI ExtSelectClipRgn(HDC hdc, HRGN handle, INT mode)
 
 INT WINAPI IntersectClipRect(HDC hdc, INT left, INT top, INT right, INT bottom)
 {
+    if (FaultFires("IntersectClipRect")) {
+        return ERROR;
+    }
     Context* context = FindContext(hdc);
     if (!context) {
         return ERROR;

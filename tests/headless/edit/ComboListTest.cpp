@@ -1,6 +1,7 @@
 // The open list: where it stands, how it is used and closed, and what the program may do meanwhile.
 
 #include "../../support/Interception.h"
+#include "../../support/WithBehavior.h"
 #include "ComboFixture.h"
 
 namespace {
@@ -13,7 +14,21 @@ class ComboListTest : public ComboFixture
 {
 protected:
     static void TypeEscape() { desk::TypeKey(VK_ESCAPE); }
+    void ScrollInAThickFrame();
 };
+
+void ComboListTest::ScrollInAThickFrame()
+{
+    constexpr int FRAME = 6;
+    desk::SetThemePartSize("COMBOBOX", CP_BORDER, 0, {FRAME, FRAME});
+    Make(GCBS_DROPDOWNLIST, 40);
+    Combo().SetDropdownHeight(110 + 2 * FRAME);
+    Combo().SetSelected(0);
+    const int xBar = COMBO_CX - 2 * FRAME - 8; // in the client area, as all points here
+    WithList({[&] { ClickAt(List(), xBar, 110 - 2); }, [&] { ClickAt(List(), xBar, 110 - 16); },
+              [&] { ClickAt(List(), xBar, 2); }, [] { ClickRow(0); }});
+    EXPECT_EQ(Combo().GetSelected(), 1u) << "two rows down, one up";
+}
 
 TEST_F(ComboListTest, StandsBelowTheControlNoHigherThanItsItems)
 {
@@ -356,15 +371,13 @@ TEST_F(ComboListTest, TheBarScrollsByMouseAndTheWheelByLines)
 
 TEST_F(ComboListTest, AThickFrameLeavesTheBarWhereItIsDrawn)
 {
-    constexpr int FRAME = 6;
-    desk::SetThemePartSize("COMBOBOX", CP_BORDER, 0, {FRAME, FRAME});
-    Make(GCBS_DROPDOWNLIST, 40);
-    Combo().SetDropdownHeight(110 + 2 * FRAME);
-    Combo().SetSelected(0);
-    const int xBar = COMBO_CX - 2 * FRAME - 8; // in the client area, as all points here
-    WithList({[&] { ClickAt(List(), xBar, 110 - 2); }, [&] { ClickAt(List(), xBar, 110 - 16); },
-              [&] { ClickAt(List(), xBar, 2); }, [] { ClickRow(0); }});
-    EXPECT_EQ(Combo().GetSelected(), 1u) << "two rows down, one up";
+    ScrollInAThickFrame();
+}
+
+TEST_F(ComboListTest, SoItDoesInModern)
+{
+    const Modern modern;
+    ScrollInAThickFrame();
 }
 
 TEST_F(ComboListTest, TheProgramMayRemoveItemsMeanwhile)
