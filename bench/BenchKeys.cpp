@@ -3,6 +3,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace bench {
 namespace {
@@ -11,6 +12,7 @@ constexpr int CX = 400;
 constexpr int CY = 480;
 constexpr UINT ROWS = 100'000;
 constexpr int KEYS = 10'000;
+constexpr UINT BRANCH = 101; // rows of a top item and what stands below it
 constexpr int FEW_ROUNDS = 3;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr LPCWSTR CLASS_NAME = L"GessoBenchListener";
@@ -156,10 +158,17 @@ void MeasureTreeKeys()
     Listener ownHost;
     GTree tree;
     tree.Create(0, 0, CX, CY, ownHost, 1, 0, CHILD | WS_VSCROLL);
-    void* hFirst = nullptr;
+    std::vector<void*> tops;
     for (UINT row = 0; row < ROWS; row++) {
-        void* hItem = tree.InsertItem(nullptr, nullptr, NameOf(row).c_str(), 0, 0, nullptr);
-        hFirst = hFirst ? hFirst : hItem;
+        const bool fTop = row % BRANCH == 0;
+        void* hItem =
+            tree.InsertItem(fTop ? nullptr : tops.back(), nullptr, NameOf(row).c_str(), 0, 0, nullptr);
+        if (fTop) {
+            tops.push_back(hItem);
+        }
+    }
+    for (void* hTop : tops) {
+        tree.Expand(hTop);
     }
     ownHost.Read([&](const NMHDR& header) -> std::wstring {
         void* hItem = reinterpret_cast<const GLISTNOTIFY&>(header).pItem;
@@ -169,16 +178,23 @@ void MeasureTreeKeys()
     Listener platformHost;
     const HWND hwnd = CreateWindowExW(0, L"SysTreeView32", L"", CHILD, 0, 0, CX, CY, platformHost, nullptr,
                                       GetModuleHandleW(nullptr), nullptr);
-    HTREEITEM hPlatformFirst = nullptr;
+    std::vector<HTREEITEM> platformTops;
     for (UINT row = 0; row < ROWS; row++) {
+        const bool fTop = row % BRANCH == 0;
         std::wstring text = NameOf(row);
         TVINSERTSTRUCTW record{};
+        record.hParent = fTop ? TVI_ROOT : platformTops.back();
         record.hInsertAfter = TVI_LAST;
         record.item.mask = TVIF_TEXT;
         record.item.pszText = text.data();
         const auto hItem = reinterpret_cast<HTREEITEM>(
             SendMessageW(hwnd, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&record)));
-        hPlatformFirst = hPlatformFirst ? hPlatformFirst : hItem;
+        if (fTop) {
+            platformTops.push_back(hItem);
+        }
+    }
+    for (const HTREEITEM hTop : platformTops) {
+        SendMessageW(hwnd, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(hTop));
     }
     platformHost.Read([hwnd](const NMHDR& header) -> std::wstring {
         if (header.code != TVN_SELCHANGEDW) {
@@ -196,11 +212,11 @@ void MeasureTreeKeys()
     MeasureBoth(
         "Tree", ownHost, tree,
         [&] {
-            tree.SetSelectedItem(hFirst);
-            tree.EnsureVisible(hFirst);
+            tree.SetSelectedItem(tops[0]);
+            tree.EnsureVisible(tops[0]);
         },
         platformHost, hwnd,
-        [&] { SendMessageW(hwnd, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(hPlatformFirst)); });
+        [&] { SendMessageW(hwnd, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(platformTops[0])); });
     DestroyWindow(tree);
 }
 
