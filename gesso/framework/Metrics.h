@@ -133,7 +133,8 @@ inline constexpr Measure RIBBON_LARGE_TEXT{10}; // from the top, without an imag
 inline constexpr Measure RIBBON_LARGE_TEXT_UNDER_IMAGE{42};
 inline constexpr Measure RIBBON_LARGE_IMAGE_OVER_LINES{4}; // from the top, where two lines have room under it
 inline constexpr Measure RIBBON_LARGE_TEXT_LINES{37};
-inline constexpr Measure RIBBON_FOCUS_INSET{2}; // of a focus rectangle in an item's face
+inline constexpr Measure RIBBON_LARGE_TEXT_SPARE{2}; // on each side
+inline constexpr Measure RIBBON_FOCUS_INSET{2};      // of a focus rectangle in an item's face
 inline constexpr Measure RIBBON_TAB_FOCUS_INSET{3};
 inline constexpr Measure RIBBON_BOX_LEFT{8};
 inline constexpr Measure RIBBON_BOX_TOP{5};

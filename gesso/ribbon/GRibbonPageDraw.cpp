@@ -117,6 +117,9 @@ struct ItemPainter
                                                : Metrics::RIBBON_LARGE_TEXT_UNDER_IMAGE);
             rcText.bottom = fTwoLines ? Face(rc).bottom : rcText.bottom;
         }
+        if (fTwoLines) { // a pixel too few would break the text into three
+            InflateRect(&rcText, At(Metrics::RIBBON_LARGE_TEXT_SPARE), 0);
+        }
         DrawItemText(part, item, rcText, DT_CENTER | DT_WORDBREAK);
     }
 

@@ -260,7 +260,7 @@ TEST_F(RibbonModernDrawTest, ALargeButtonHasRoomForTwoLinesAndTheHostsImages)
     EXPECT_TRUE(TakeRepaint(hwnd));
     EXPECT_EQ(DrawnOfItems(),
               (Lines{"ImageList_Draw 0 (12,30,44,62) 0x0000",
-                     "DrawThemeText BUTTON 1 1 \"A wider text\" (7,63,49,97) 0x0011 font=\"Segoe UI\" 12 "
+                     "DrawThemeText BUTTON 1 1 \"A wider text\" (5,63,51,97) 0x0011 font=\"Segoe UI\" 12 "
                      "color=000000"}));
     desk::ClearDrawing(hwnd);
     const HDC hdc = GetDC(hwnd);
