@@ -116,6 +116,7 @@ void MeasureListKeys()
     column.cx = CX;
     SendMessageW(hwnd, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
     SendMessageW(hwnd, LVM_SETITEMCOUNT, ROWS, 0);
+    SendMessageW(hwnd, WM_SETREDRAW, FALSE, 0);
     for (UINT row = 0; row < ROWS; row++) {
         std::wstring text = NameOf(row);
         LVITEMW item{};
@@ -124,6 +125,7 @@ void MeasureListKeys()
         item.pszText = text.data();
         SendMessageW(hwnd, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     }
+    SendMessageW(hwnd, WM_SETREDRAW, TRUE, 0);
     platformHost.Read([hwnd](const NMHDR& header) -> std::wstring {
         const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
         if (header.code != static_cast<UINT>(LVN_ITEMCHANGED) || !(change.uNewState & LVIS_SELECTED)) {
@@ -169,6 +171,7 @@ void MeasureTreeKeys()
     for (void* hTop : tops) {
         tree.Expand(hTop);
     }
+    SendMessageW(tree, WM_SETREDRAW, TRUE, 0);
     ownHost.Read([&](const NMHDR& header) -> std::wstring {
         void* hItem = reinterpret_cast<const GLISTNOTIFY&>(header).pItem;
         return header.code == TVN_SELCHANGEDW && hItem ? tree.GetItemName(hItem) : L"";
@@ -177,6 +180,7 @@ void MeasureTreeKeys()
     Listener platformHost;
     const HWND hwnd = CreateWindowExW(0, L"SysTreeView32", L"", CHILD, 0, 0, CX, CY, platformHost, nullptr,
                                       GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(hwnd, WM_SETREDRAW, FALSE, 0);
     std::vector<HTREEITEM> platformTops;
     for (UINT row = 0; row < ROWS; row++) {
         const bool fTop = row % BRANCH == 0;
@@ -195,6 +199,7 @@ void MeasureTreeKeys()
     for (const HTREEITEM hTop : platformTops) {
         SendMessageW(hwnd, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(hTop));
     }
+    SendMessageW(hwnd, WM_SETREDRAW, TRUE, 0);
     platformHost.Read([hwnd](const NMHDR& header) -> std::wstring {
         if (header.code != TVN_SELCHANGEDW) {
             return L"";
