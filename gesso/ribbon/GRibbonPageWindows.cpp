@@ -75,7 +75,7 @@ void GRibbonPage::UpdateWindows()
 }
 
 // The next item, behind one or from the first on, whose window is to be shown or hidden. One that the host
-// has hidden itself stays so, and one that is no more the ribbon's is left alone.
+// has hidden itself stays so.
 UINT GRibbonPage::NextWindow(UINT uFrom, bool fShow) const
 {
     gesso::NextInOrder next(uFrom, 1);
@@ -84,7 +84,7 @@ UINT GRibbonPage::NextWindow(UINT uFrom, bool fShow) const
         for (UINT k = 0; k < items.GetLength(); k++) {
             const Item& item = items[k];
             const bool fDue = fShow ? (item.uFlags & gesso::ITEM_AWAY) != 0 : IsShown(item.hwnd);
-            if (item.uType == RIT_WINDOW && fDue && IsChild(m_hwndRibbon, item.hwnd)) {
+            if (item.uType == RIT_WINDOW && item.hwnd && fDue) {
                 next.Offer(gesso::ItemCode(i, k));
             }
         }

@@ -37,6 +37,12 @@ class Results(unittest.TestResult):
             self._start = time.monotonic()
             self._print_end(test, "  FAILED  ")
 
+    def addSubTest(self, test, subtest, err):
+        super().addSubTest(test, subtest, err)
+        if err is not None:
+            self._bad = True
+            print((self.failures if issubclass(err[0], test.failureException) else self.errors)[-1][1])
+
     def _print_end(self, test, mark):
         print(f"[{mark}] {name_of(test)} ({(time.monotonic() - self._start) * 1000:.0f} ms)", flush=True)
 

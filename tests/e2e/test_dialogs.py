@@ -91,7 +91,7 @@ class MessageBoxes(DialogTest):
             ("Cancel is default", "IDCANCEL (2)"),
             ("No is default", "IDNO (7)"),
             ("Third is default", "IDCANCEL (2)"),
-            ("Abort, retry, ...", "IDOK (1)"),
+            ("Abort, retry, ...", "IDABORT (3)"),
         ):
             with self.subTest(box=box):
                 self.open(box)
