@@ -65,7 +65,9 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     const Watch watch(*this);
-    const UINT uPressed = m_press.item; // which goes with the capture
+    if (!KeepsHot()) {
+        ChangeState(GWS_PRESSED, false); // it is not lost
+    }
     ReleaseCapture();
     if (!watch.IsAlive()) {
         return 0;
@@ -77,8 +79,8 @@ LRESULT GRibbonPage::OnLButtonUp(WPARAM, POINTS pt)
         m_hover = release;
         ChangeHot(release.item);
     }
-    m_press.group = m_press.item = RIBBON_NONE;
-    if (uPressed == release.item) {
+    m_press.group = RIBBON_NONE;
+    if (std::exchange(m_press.item, RIBBON_NONE) == release.item) {
         Click(release.item);
     }
     return 0;
@@ -152,8 +154,9 @@ void GRibbonPage::Settle()
 LRESULT GRibbonPage::OnCaptureChanged(HWND hwndNew)
 {
     if (hwndNew != RibbonWindow()) {
+        const bool fLost = (m_uState & GWS_PRESSED) && !KeepsHot();
         ChangeState(GWS_PRESSED, false);
-        if (!KeepsHot()) {
+        if (fLost) {
             m_press.group = m_press.item = RIBBON_NONE;
             InvalidateRibbon();
         }
