@@ -30,6 +30,8 @@ constexpr DWORD GCBS_PLAIN = 0x4;        // a border and no button; the arrow ke
 constexpr DWORD GCBS_DROPDOWN = 0x8;     // a text field that the user edits, and a button for the list
 constexpr DWORD GCBS_DROPDOWNLIST = 0xC; // a face that shows the selected item; all of it opens the list
 constexpr DWORD GCBS_KIND = 0xC;
+// In Modern: CB_ADDSTRING inserts in the order of the texts, as the user's language has it.
+constexpr DWORD GCBS_SORT = 0x100;
 
 // One item. The control owns the record and its text, and gives no meaning to the other fields.
 struct ComboItem
@@ -123,6 +125,10 @@ public:
     virtual UINT SetSelected(UINT nIndex);
     // -1 for none. After RemoveItem it may be beyond the items.
     virtual UINT GetSelected() const;
+
+    // Whether what is typed in the field of GCBS_DROPDOWN is completed to the first item that begins so, with
+    // the rest selected. Off at first; nothing in Classic.
+    void SetAutoComplete(bool bComplete);
 
     // SetSelected without a look at the index.
     void Callback(UINT nIndex);

@@ -28,6 +28,15 @@ class LabelEdit;
 class TextField;
 } // namespace gesso
 
+// Notification of an edit field made in Modern, by WM_COMMAND: its context menu is about to open. An answer
+// other than 0 keeps it closed.
+constexpr UINT EN_CONTEXTMENU = 0x0900;
+
+// Flags of GEdit::Find.
+constexpr UINT GEF_CASE = 0x1; // upper and lower case differ
+constexpr UINT GEF_WORD = 0x2; // whole words alone
+constexpr UINT GEF_UP = 0x4;   // towards the start
+
 class GESSO_API GEdit : public GWndScroll
 {
 public:
@@ -70,6 +79,27 @@ public:
     // of the first line is that line's end, and any smaller one ends up at the start of the last line; a host
     // that selects by such numbers would select something else.
     virtual void SetSel(int nStart, int nEnd);
+
+    // The selection's ends as offsets in the text, the lower one first; both are the caret's where nothing is
+    // selected. A null pointer is left out.
+    void GetSel(int* pnStart, int* pnEnd) const;
+    // Puts a text (null counts as empty) in the place of the selection, with the caret behind it, wraps and
+    // repaints. A line end is as in SetText. Sends nothing in Classic; in Modern EN_UPDATE and EN_CHANGE
+    // where the text changed, as EM_REPLACESEL does, whose limit of the length holds here too. Without
+    // bCanUndo, of Modern, there is nothing to take back afterwards, of former edits neither. Without memory
+    // for the text nothing is done.
+    void ReplaceSel(LPCWSTR pszText, bool bCanUndo);
+    // Whether the user has edited the text since it was set, or SetModified has said so.
+    bool IsModified() const;
+    void SetModified(bool bModified);
+    // Does again what was taken back last (by EM_UNDO or a key). False where there is nothing, and in
+    // Classic.
+    bool Redo();
+    bool CanRedo() const;
+    // Finds a text from the offset nFrom on, without turning around at the end; with GEF_UP the last place
+    // that ends at nFrom or before it. Returns the offset of its first character, or -1 where it is not
+    // found, null or empty. nFrom below 0 counts as 0, and beyond the text as its end. Selects nothing.
+    int Find(LPCWSTR pszText, int nFrom, UINT uFlags) const;
 
     // DestroyWindow. Returns 0 without a window.
     int Destroy();

@@ -63,6 +63,20 @@ enum class Quirk
     RibbonTextsGrey,    // where the style has no colour for an item's text, it has that of the groups' titles
     RibbonLosesAnswers, // what the parent answers to a hosted window's notification is lost
 
+    // GEdit and GComboBox
+    EditIsPlain,           // an edit field shows what fits, in lines that wrap, and takes nothing back
+    ComboFieldIsPlain,     // the same of a combo box's field
+    ComboListIsModal,      // an open list runs a message loop, and Esc takes what the arrows led to
+    ComboListFixed,        // the list opens downwards, as wide as the control, and as high as it is told
+    ComboFindsByLetter,    // CB_FINDSTRING looks at first letters, and CB_FINDSTRINGEXACT for what is unlike
+    ComboKnowsFewMessages, // open state, item data, heights, cues and the like are not told
+    ComboTellsLittle,      // of the list and the field the parent is told of selections and edits alone
+    ComboKeysAreItems,     // keys do not open the list, and typed letters choose nothing
+
+    // CDrawText
+    TextHasOneFont,  // what the font lacks shows as boxes
+    TextRunsInOrder, // items stand one behind the other from left to right, whatever their direction
+
     // Dialogs
     TaskDialogAsItWas, // task dialogs and message boxes know six buttons, and grow as their texts need
 
