@@ -117,6 +117,7 @@ step_style() {
     check "every public name stands in the docs" scripts/check-names.py
     check "the simulated desktop's operations" scripts/check-platform.py
     check "the rules of both behaviours" scripts/check-quirks.py
+    check "the tables of characters" scripts/make-text-tables.py --check
 }
 
 step_headless() {
