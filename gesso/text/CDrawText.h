@@ -47,7 +47,7 @@ struct stcDrawTextBuffer
     int nLineHeight; // from line to line; lines go upwards if it is negative
     UINT uFormat;    // DT_ flags
     int nFontHeight;
-    UINT fOneBlock; // the library's own: the arrays but pBreaks lie in one block
+    UINT fOneBlock; // the library's own: how the arrays lie and are painted; 0 at first
     SCRIPT_CACHE scriptCache;
 
     UINT nItems;
@@ -121,8 +121,9 @@ public:
     // memory the lines are as they were.
     static void DrawText_Break(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer* pBuffer);
 
-    // Painting a buffer. (x, y) is the top left corner of the first glyph; items stand in logical order from
-    // left to right.
+    // Painting a buffer. (x, y) is the top left corner of the first glyph. In Classic items stand in logical
+    // order from left to right. A text that was prepared in Modern and has right-to-left items has them in
+    // each line as its reader expects, and each operation paints what it names, once.
 
     // The whole text, aligned in rc and line by line. A line that is too wide is cut before the glyph that
     // reaches the right side. Nothing if rc has no width.

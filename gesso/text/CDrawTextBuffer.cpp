@@ -44,7 +44,7 @@ void CDrawText::PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nCha
         return;
     }
     pBuffer->scriptCache = nullptr;
-    pBuffer->fOneBlock = FALSE;
+    pBuffer->fOneBlock = 0;
     pBuffer->nChars = 0;
     pBuffer->nGlyphs = 0;
     if (MakeArrays(*pBuffer, nItems, nChars, nGlyphs)) {

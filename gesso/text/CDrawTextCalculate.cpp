@@ -1,4 +1,5 @@
 #include <gesso/containers/Misuse.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
 
@@ -133,7 +134,7 @@ public:
         const UINT nFormerChars = m_arrays.nChars;
         const UINT nFormerGlyphs = m_arrays.nGlyphs;
         FreeCache(m_cache); // of another font, it may be
-        Itemize();
+        ItemizeByDirection();
         if (m_arrays.nItems != 0) {
             m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
         }
@@ -149,7 +150,8 @@ public:
     }
 
 private:
-    void Itemize();
+    void Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState);
+    void ItemizeByDirection();
     void AddItem(UINT nItem);
     void Shape(SCRIPT_ITEM& item, stcDrawTextRun& run);
     HRESULT ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run);
@@ -177,7 +179,7 @@ private:
     bool m_fRefused = false; // there was no memory
 };
 
-void Calculation::Itemize()
+void Calculation::Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState)
 {
     const uint64_t nLimit = AmpleRoom(m_arrays.nItemsAlloc, m_nChars);
     HRESULT hr;
@@ -186,12 +188,32 @@ void Calculation::Itemize()
         nItems = 0;
         // One entry is kept back for the end marker, which is not counted.
         hr = ScriptItemize(m_pszText, static_cast<int>(m_nChars), static_cast<int>(m_arrays.nItemsAlloc) - 1,
-                           nullptr, nullptr, m_arrays.pItems, &nItems);
+                           pControl, pState, m_arrays.pItems, &nItems);
         if (hr != E_OUTOFMEMORY || m_arrays.nItemsAlloc > nLimit || !MakeItemRoom()) {
             break;
         }
     }
     m_arrays.nItems = FAILED(hr) ? 0 : std::min(static_cast<UINT>(nItems), m_arrays.nItemsAlloc - 1);
+}
+
+// The script processor finds out which way spaces, punctuation and digits go only if it is given a state, and
+// parts texts otherwise then. Where nothing goes from right to left it is left to its first result.
+void Calculation::ItemizeByDirection()
+{
+    m_arrays.fOneBlock &= ~IN_VISUAL_ORDER;
+    Itemize(nullptr, nullptr);
+    const SCRIPT_ITEM* const pItems = m_arrays.pItems;
+    const auto isRightToLeft = [](const SCRIPT_ITEM& item) { return item.a.fRTL; };
+    if (std::none_of(pItems, pItems + m_arrays.nItems, isRightToLeft) || WillHave(Quirk::TextRunsInOrder)) {
+        return;
+    }
+    constexpr SCRIPT_CONTROL CONTROL{};
+    constexpr SCRIPT_STATE LEFT_TO_RIGHT{};
+    Itemize(&CONTROL, &LEFT_TO_RIGHT);
+    if (m_arrays.nItems == 0) {
+        Itemize(nullptr, nullptr);
+    }
+    m_arrays.fOneBlock |= IN_VISUAL_ORDER;
 }
 
 void Calculation::AddItem(UINT nItem)
@@ -297,7 +319,7 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
         Misuse("CDrawText::DrawText_Calculate: PrepareBuffer comes first");
         PrepareBuffer(pBuffer, 0, 0, 0);
     }
-    if (pBuffer->fOneBlock && !PartCalculated(*pBuffer)) {
+    if (pBuffer->fOneBlock & ONE_BLOCK && !PartCalculated(*pBuffer)) {
         pBuffer->nItems = 0;
         return;
     }

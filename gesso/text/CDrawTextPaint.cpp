@@ -1,69 +1,16 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
+#include <gesso/text/TextPaint.h>
 
 using namespace gesso;
 
 namespace {
 
-// Paints nCount glyphs from nFirst on, as part of an item. What lies outside the arrays is left out, and a
-// negative count paints nothing. Everything that is painted goes through here.
-void PaintSlice(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem, UINT nFirst, int nCount)
-{
-    const UINT nGlyphs = UsableGlyphs(buffer);
-    if (nCount <= 0 || nFirst >= nGlyphs || nItem >= UsableItems(buffer)) {
-        return;
-    }
-    const int nInside = static_cast<int>(std::min(static_cast<UINT>(nCount), nGlyphs - nFirst));
-    ScriptTextOut(hdc, &buffer.scriptCache, x, y, 0, nullptr, &buffer.pItems[nItem].a, nullptr, 0,
-                  buffer.pGlyphs + nFirst, nInside, buffer.pAdvance + nFirst, nullptr,
-                  buffer.pOffset + nFirst);
-}
-
 void PaintItem(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem)
 {
     const stcDrawTextRun& run = buffer.pRuns[nItem];
     PaintSlice(hdc, x, y, buffer, nItem, run.nFirstGlyph, run.nGlyphs);
-}
-
-// How many glyphs of a line come before the one with which the sum of advances reaches cxMax.
-UINT CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT cxMax)
-{
-    UINT cx = 0;
-    UINT n = nStart;
-    for (nStop = std::min(nStop, UsableGlyphs(buffer)); n < nStop; ++n) {
-        cx += static_cast<UINT>(buffer.pAdvance[n]);
-        if (cx >= cxMax) {
-            break;
-        }
-    }
-    return n - nStart;
-}
-
-// The top of the first line. A text that is taller than the rectangle starts above it, but for top alignment.
-int FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc)
-{
-    const int cyText = WrapSubtract(buffer.rcText.bottom, buffer.rcText.top);
-    const int y = WrapSubtract(rc.bottom, cyText);
-    if (buffer.uFormat & DT_BOTTOM) {
-        return y;
-    }
-    return buffer.uFormat & DT_VCENTER ? WrapAdd(rc.top, WrapSubtract(y, rc.top) >> 1) : rc.top;
-}
-
-// The left end of a line of the given width. A line that is too wide starts at the left side.
-// Fixed behaviour: but for a centred one, since half of its negative room, as an unsigned number, lies far to
-// the right; otherwise a text that a program hides by its width would show.
-int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
-{
-    const int cxFree = WrapSubtract(WrapSubtract(rc.right, rc.left), static_cast<int>(cx));
-    int x = rc.left;
-    if (buffer.uFormat & DT_CENTER) {
-        x = WrapAdd(rc.left, static_cast<int>(static_cast<UINT>(cxFree) >> 1));
-    } else if (buffer.uFormat & DT_RIGHT) {
-        x = WrapAdd(rc.left, cxFree);
-    }
-    return std::max<int>(x, rc.left);
 }
 
 // Paints a text of several lines.
@@ -172,9 +119,64 @@ void LinesPainter::PaintWholeItem()
 
 } // namespace
 
+void gesso::PaintSlice(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem, UINT nFirst, int nCount)
+{
+    const UINT nGlyphs = UsableGlyphs(buffer);
+    if (nCount <= 0 || nFirst >= nGlyphs || nItem >= UsableItems(buffer)) {
+        return;
+    }
+    const int nInside = static_cast<int>(std::min(static_cast<UINT>(nCount), nGlyphs - nFirst));
+    ScriptTextOut(hdc, &buffer.scriptCache, x, y, 0, nullptr, &buffer.pItems[nItem].a, nullptr, 0,
+                  buffer.pGlyphs + nFirst, nInside, buffer.pAdvance + nFirst, nullptr,
+                  buffer.pOffset + nFirst);
+}
+
+UINT gesso::CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT cxMax)
+{
+    UINT cx = 0;
+    UINT n = nStart;
+    for (nStop = std::min(nStop, UsableGlyphs(buffer)); n < nStop; ++n) {
+        cx += static_cast<UINT>(buffer.pAdvance[n]);
+        if (cx >= cxMax) {
+            break;
+        }
+    }
+    return n - nStart;
+}
+
+// The top of the first line. A text that is taller than the rectangle starts above it, but for top alignment.
+int gesso::FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc)
+{
+    const int cyText = WrapSubtract(buffer.rcText.bottom, buffer.rcText.top);
+    const int y = WrapSubtract(rc.bottom, cyText);
+    if (buffer.uFormat & DT_BOTTOM) {
+        return y;
+    }
+    return buffer.uFormat & DT_VCENTER ? WrapAdd(rc.top, WrapSubtract(y, rc.top) >> 1) : rc.top;
+}
+
+// The left end of a line of the given width. A line that is too wide starts at the left side.
+// Fixed behaviour: but for a centred one, since half of its negative room, as an unsigned number, lies far to
+// the right; otherwise a text that a program hides by its width would show.
+int gesso::LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
+{
+    const int cxFree = WrapSubtract(WrapSubtract(rc.right, rc.left), static_cast<int>(cx));
+    int x = rc.left;
+    if (buffer.uFormat & DT_CENTER) {
+        x = WrapAdd(rc.left, static_cast<int>(static_cast<UINT>(cxFree) >> 1));
+    } else if (buffer.uFormat & DT_RIGHT) {
+        x = WrapAdd(rc.left, cxFree);
+    }
+    return std::max<int>(x, rc.left);
+}
+
 void CDrawText::DrawText_TextOut_Break(HDC hdc, RECT rc, stcDrawTextBuffer* pBuffer)
 {
     if (!IsBuffer(pBuffer) || !pBuffer->pBreaks || rc.right == rc.left) {
+        return;
+    }
+    if (pBuffer->nBreaks != 0 && IsInVisualOrder(*pBuffer)) {
+        PaintLinesInOrder(hdc, rc, *pBuffer);
         return;
     }
     if (pBuffer->nBreaks != 0) {
@@ -197,6 +199,10 @@ void CDrawText::DrawText_TextOut(HDC hdc, int x, int y, stcDrawTextBuffer* pBuff
     if (!IsBuffer(pBuffer)) {
         return;
     }
+    if (IsInVisualOrder(*pBuffer)) {
+        PaintInOrder(hdc, x, y, *pBuffer, 0, UNCUT, UNCUT);
+        return;
+    }
     const UINT nItems = UsableItems(*pBuffer);
     for (UINT n = 0; n < nItems; ++n) {
         PaintItem(hdc, x, y, *pBuffer, n);
@@ -213,8 +219,12 @@ void CDrawText::DrawText_TextOut_Start_Glyph(HDC hdc, int x, int y, stcDrawTextB
     if (!IsBuffer(pBuffer)) {
         return;
     }
-    const UINT nItems = UsableItems(*pBuffer);
     const UINT nEnd = nStart + nCount;
+    if (IsInVisualOrder(*pBuffer)) {
+        PaintInOrder(hdc, x, y, *pBuffer, nStart, nEnd, UNCUT);
+        return;
+    }
+    const UINT nItems = UsableItems(*pBuffer);
     const UINT nLast = FindRun(*pBuffer, nEnd);
     UINT nCur = nStart;
     for (UINT n = FindRun(*pBuffer, nStart); n <= nLast && n < nItems; ++n) {
@@ -237,6 +247,10 @@ void CDrawText::DrawText_TextOut_cxMax(HDC hdc, int x, int y, stcDrawTextBuffer*
         return;
     }
     const UINT nStart = nLine == 0 ? 0 : pBuffer->pBreaks[nLine - 1].nGlyph;
+    if (IsInVisualOrder(*pBuffer)) {
+        PaintInOrder(hdc, x, y, *pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
+        return;
+    }
     const UINT nCount = CountFitting(*pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
     DrawText_TextOut_Start_Glyph(hdc, x, y, pBuffer, nStart, nCount);
 }
@@ -250,6 +264,10 @@ void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* 
         return;
     }
     const UINT nItems = UsableItems(*pBuffer);
+    if (IsInVisualOrder(*pBuffer) && nItem < nItems) {
+        PaintInOrder(hdc, x, y, *pBuffer, pBuffer->pRuns[nItem].nFirstGlyph, UNCUT, UNCUT);
+        return;
+    }
     UINT nFirst = 0;
     for (UINT n = nItem; n < nItems; ++n) {
         const stcDrawTextRun& run = pBuffer->pRuns[n];
@@ -263,6 +281,10 @@ void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* 
 void CDrawText::DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nGlyphs)
 {
     if (!IsBuffer(pBuffer)) {
+        return;
+    }
+    if (IsInVisualOrder(*pBuffer)) {
+        PaintInOrder(hdc, x, y, *pBuffer, 0, nGlyphs, UNCUT);
         return;
     }
     const UINT nItems = UsableItems(*pBuffer);

@@ -1,5 +1,7 @@
 #include <gesso/text/TextArrays.h>
 
+#include <utility>
+
 namespace gesso {
 namespace {
 
@@ -55,22 +57,31 @@ bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from)
         p = n != 0 ? static_cast<T*>(std::memcpy(pNext, pFrom, n * sizeof(T))) : nullptr;
         pNext += n * sizeof(T);
     });
-    buffer.fOneBlock = TRUE;
+    buffer.fOneBlock = ONE_BLOCK | (from.fOneBlock & IN_VISUAL_ORDER);
     return true;
+}
+
+void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from)
+{
+    FreeCalculated(buffer);
+    VisitCalculated(buffer, from, []<class T>(T*& p, T* pFrom, UINT) { p = pFrom; });
+    VisitCalculated(from, buffer, [](auto*& p, const auto*, UINT) { p = nullptr; });
+    buffer.fOneBlock = std::exchange(from.fOneBlock, 0);
 }
 
 void FreeCalculated(stcDrawTextBuffer& buffer)
 {
-    if (buffer.fOneBlock) {
+    const bool fOneBlock = buffer.fOneBlock & ONE_BLOCK;
+    if (fOneBlock) {
         Free(buffer.pItems);
     }
-    VisitCalculated(buffer, buffer, [&buffer](auto*& p, const auto*, UINT) {
-        if (!buffer.fOneBlock) {
+    VisitCalculated(buffer, buffer, [fOneBlock](auto*& p, const auto*, UINT) {
+        if (!fOneBlock) {
             Free(p);
         }
         p = nullptr;
     });
-    buffer.fOneBlock = FALSE;
+    buffer.fOneBlock = 0;
 }
 
 bool PartCalculated(stcDrawTextBuffer& buffer)

@@ -61,6 +61,15 @@ constexpr UINT RunEnd(const stcDrawTextRun& run)
     return run.nFirstGlyph + static_cast<UINT>(run.nGlyphs);
 }
 
+// What fOneBlock holds.
+constexpr UINT ONE_BLOCK = 1;       // the arrays but pBreaks lie in one block
+constexpr UINT IN_VISUAL_ORDER = 2; // there are right-to-left items, and all stand as their directions say
+
+inline bool IsInVisualOrder(const stcDrawTextBuffer& buffer)
+{
+    return buffer.fOneBlock & IN_VISUAL_ORDER;
+}
+
 // The first item that ends at the glyph or behind it, so that an item's end counts as its own; the number of
 // items if there is none.
 UINT FindRun(const stcDrawTextBuffer& buffer, UINT nGlyph);
@@ -105,6 +114,8 @@ template <class T> [[nodiscard]] bool GrowArray(T*& p, UINT nFormer, UINT n)
 
 // Replaces the arrays with exact copies of those of another buffer, in one block.
 [[nodiscard]] bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from);
+// Gives a buffer the one block of another, in the place of what it has. The other one keeps nothing.
+void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from);
 void FreeCalculated(stcDrawTextBuffer& buffer);
 // Gives each array an exact block of its own.
 [[nodiscard]] bool PartCalculated(stcDrawTextBuffer& buffer);

@@ -152,6 +152,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"ScriptBreak", "HRESULT"},
     {"ScriptFreeCache", "HRESULT", true},
     {"ScriptItemize", "HRESULT"},
+    {"ScriptLayout", "HRESULT"},
     {"ScriptPlace", "HRESULT"},
     {"ScriptShape", "HRESULT"},
     {"ScriptTextOut", "HRESULT"},

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
+#include <vector>
 
 using namespace gesso::headless;
 
@@ -65,20 +67,48 @@ Script ResolveScript(const wchar_t* text, int length, int at, Script former)
     return next == end || ScriptOf(*next) == Script::Control ? Script::Latin : ScriptOf(*next);
 }
 
-SCRIPT_ITEM ItemAt(int position, Script script)
+// What an item has in common.
+struct Trait
+{
+    Script script;
+    BYTE level;
+
+    bool operator==(const Trait&) const = default;
+};
+
+// The direction that neutral characters within right-to-left text have where the processor is given a state,
+// in a text that runs from left to right: that of the text, unless right-to-left characters or digits follow.
+Trait TraitInState(const wchar_t* text, int length, int at, Script script, Script former)
+{
+    const auto isDigit = [](wchar_t c) { return c >= L'0' && c <= L'9'; };
+    if (ScriptOf(text[at]) != Script::Neutral || !IsRightToLeft(script)) {
+        return {script, IsRightToLeft(script)};
+    }
+    if (isDigit(text[at])) {
+        return {Script::Latin, 2};
+    }
+    const wchar_t* const end = text + length;
+    const wchar_t* const next =
+        std::find_if(text + at, end, [&](wchar_t c) { return isDigit(c) || ScriptOf(c) != Script::Neutral; });
+    const bool within =
+        IsRightToLeft(former) && next != end && (isDigit(*next) || IsRightToLeft(ScriptOf(*next)));
+    return within ? Trait{script, 1} : Trait{Script::Latin, 0};
+}
+
+SCRIPT_ITEM ItemAt(int position, const Trait& trait)
 {
     SCRIPT_ITEM item{};
     item.iCharPos = position;
-    item.a.eScript = static_cast<WORD>(script) & 0x3FF;
-    item.a.fRTL = IsRightToLeft(script);
-    item.a.s.uBidiLevel = IsRightToLeft(script);
+    item.a.eScript = static_cast<WORD>(trait.script) & 0x3FF;
+    item.a.fRTL = trait.level % 2;
+    item.a.s.uBidiLevel = trait.level & 0x1F;
     return item;
 }
 
 } // namespace
 
-HRESULT WINAPI ScriptItemize(const WCHAR* text, int length, int maxItems, const SCRIPT_CONTROL*,
-                             const SCRIPT_STATE*, SCRIPT_ITEM* items, int* count)
+HRESULT WINAPI ScriptItemize(const WCHAR* text, int length, int maxItems, const SCRIPT_CONTROL* control,
+                             const SCRIPT_STATE* state, SCRIPT_ITEM* items, int* count)
 {
     if (FaultFires("ScriptItemize")) {
         return FaultResult();
@@ -88,18 +118,54 @@ HRESULT WINAPI ScriptItemize(const WCHAR* text, int length, int maxItems, const 
     }
     int used = 0;
     Script former = Script::Control;
+    Trait open{};
     for (int i = 0; i < length; ++i) {
         const Script script = ResolveScript(text, length, i, former);
-        if (i == 0 || script != former || script == Script::Control) {
+        const Trait trait = control && state ? TraitInState(text, length, i, script, former)
+                                             : Trait{script, IsRightToLeft(script)};
+        if (i == 0 || trait != open || script == Script::Control) {
             if (used == maxItems) {
                 return E_OUTOFMEMORY;
             }
-            items[used++] = ItemAt(i, script);
+            items[used++] = ItemAt(i, trait);
         }
         former = script;
+        open = trait;
     }
-    items[used] = ItemAt(length, Script::Neutral);
+    items[used] = ItemAt(length, Trait{Script::Neutral, 0});
     *count = used;
+    return S_OK;
+}
+
+// From the highest level down, each stretch of runs of that level or above is turned around.
+HRESULT WINAPI ScriptLayout(int count, const BYTE* levels, int* visualToLogical, int* logicalToVisual)
+{
+    if (FaultFires("ScriptLayout")) {
+        return FaultResult();
+    }
+    if (count < 0 || !levels || (!visualToLogical && !logicalToVisual)) {
+        return E_INVALIDARG;
+    }
+    std::vector<int> order(static_cast<size_t>(count));
+    std::iota(order.begin(), order.end(), 0);
+    for (int level = count ? *std::max_element(levels, levels + count) : 0; level > 0; --level) {
+        const auto isBelow = [&](int run) { return levels[run] < level; };
+        for (auto from = order.begin(); from != order.end();) {
+            from = std::find_if_not(from, order.end(), isBelow);
+            const auto to = std::find_if(from, order.end(), isBelow);
+            std::reverse(from, to);
+            from = to;
+        }
+    }
+    for (int place = 0; place < count; ++place) {
+        const int run = order[static_cast<size_t>(place)];
+        if (visualToLogical) {
+            visualToLogical[place] = run;
+        }
+        if (logicalToVisual) {
+            logicalToVisual[run] = place;
+        }
+    }
     return S_OK;
 }
 

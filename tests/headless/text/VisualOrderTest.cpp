@@ -1,0 +1,98 @@
+// Where the items of texts that mix directions are painted in Modern. Each character is one glyph of 6
+// pixels.
+
+#include "PaintedSlices.h"
+#include "tests/support/WithBehavior.h"
+#include "tests/text/TextSupport.h"
+
+#include <gesso/text/VisualOrder.h>
+
+#include <array>
+#include <tests/headless/FreshDesktop.h>
+
+namespace test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class TextVisualOrder : public testing::Test
+{
+protected:
+    Lines PaintedIn(int width, std::u16string_view text, UINT format = 0)
+    {
+        const Text prepared = Prepare(context, text, width, format);
+        EXPECT_EQ(CheckText(*prepared), "");
+        return PaintedSlices([&](HDC hdc) {
+            CDrawText::DrawTextW(hdc, prepared.get(), RECT{0, 0, width ? width : 500, 100});
+        });
+    }
+
+    FreshDesktop desktop;
+    TextContext context;
+    Modern modern;
+};
+
+} // namespace
+
+TEST_F(TextVisualOrder, ItemsStandAsTheirDirectionsSay)
+{
+    EXPECT_EQ(PaintedIn(0, u"a אב c"), (Lines{"\"a \" (0,0) cx=12 latin", "\"בא\" (12,0) cx=12 hebrew rtl",
+                                              "\" c\" (24,0) cx=12 latin"}))
+        << "the space behind the right-to-left word stays to the right of it";
+    EXPECT_EQ(PaintedIn(0, u"אב 12 גד"), (Lines{"\"דג \" (0,0) cx=18 hebrew rtl", "\"12\" (18,0) cx=12 latin",
+                                                "\" בא\" (30,0) cx=18 hebrew rtl"}));
+    EXPECT_EQ(PaintedIn(0, u"אב גד"), Lines{"\"דג בא\" (0,0) cx=30 hebrew rtl"});
+}
+
+TEST_F(TextVisualOrder, TheOrderOfItemsIsTold)
+{
+    const Text text = Prepare(context, u"x אב 12 גד y", 0);
+    ASSERT_EQ(text->nItems, 5U);
+    std::array<UINT, 5> order{};
+    gesso::VisualOrderOf(*text, 0, 5, order.data());
+    EXPECT_EQ(order, (std::array<UINT, 5>{0, 3, 2, 1, 4}));
+    gesso::VisualOrderOf(*text, 1, 2, order.data());
+    EXPECT_EQ(order[0], 2U);
+    EXPECT_EQ(order[1], 1U);
+    desk::Fail("ScriptLayout");
+    gesso::VisualOrderOf(*text, 0, 5, order.data());
+    EXPECT_EQ(order, (std::array<UINT, 5>{0, 1, 2, 3, 4})) << "their own without the script processor";
+    gesso::VisualOrderOf(*text, 3, 5, order.data());
+    EXPECT_EQ(order[4], 7U) << "items that there are not stay as they are";
+}
+
+TEST_F(TextVisualOrder, RangesShowWhatTheyNameWhereverItStands)
+{
+    const Text text = Prepare(context, u"a אב 12 גד", 0);
+    const auto range = [&](UINT start, UINT count) {
+        return PaintedSlices(
+            [&](HDC hdc) { CDrawText::DrawText_TextOut_Start_Glyph(hdc, 1, 2, text.get(), start, count); });
+    };
+    EXPECT_EQ(range(1, 2), (Lines{"\" \" (1,2) cx=6 latin", "\" \" (7,2) cx=6 hebrew rtl"}));
+    EXPECT_EQ(range(5, 5), (Lines{"\"דג \" (1,2) cx=18 hebrew rtl", "\"12\" (19,2) cx=12 latin"}));
+    EXPECT_EQ(range(99, 1), Lines{});
+}
+
+TEST_F(TextVisualOrder, ALineThatIsTooWideIsCutWhereItIsSeenToEnd)
+{
+    const Text text = Prepare(context, u"a אב גד c", 0, DT_SINGLELINE);
+    EXPECT_EQ(PaintedSlices([&](HDC hdc) {
+                  CDrawText::DrawTextW(hdc, text.get(), RECT{0, 0, 40, 20});
+              }),
+              (Lines{"\"a \" (0,0) cx=12 latin", "\"דג ב\" (12,0) cx=24 hebrew rtl"}));
+}
+
+TEST_F(TextVisualOrder, ClassicKeepsTheOrderOfTheText)
+{
+    const WithBehavior classic(gesso::Behavior::Classic);
+    EXPECT_EQ(PaintedIn(0, u"אב 12 גד"), Lines{"\"דג 21 בא\" (0,0) cx=48 hebrew rtl"});
+    EXPECT_EQ(Prepare(context, u"a אב", 0)->fOneBlock, 1U);
+}
+
+TEST_F(TextVisualOrder, WithoutASecondResultTheFirstOneServes)
+{
+    desk::Fail("ScriptItemize", 1, 0x80004005, 1);
+    EXPECT_EQ(Prepare(context, u"a אב c", 0)->nItems, 3U);
+}
+
+} // namespace test
