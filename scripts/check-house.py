@@ -33,7 +33,7 @@ ONE_PLACE = "it changes in the control's Change... member"
 CHANGES = [
     (["m_nCaretLine", "m_nCaretChar", "m_nAnchorLine", "m_nAnchorChar"], ["edit/GEditText.cpp"]),
     # A copy takes over the whole object.
-    (["m_nCaret", "m_nAnchor"], ["edit/GComboBoxField.cpp", "edit/GComboBox.cpp"]),
+    (["m_nCaret", "m_nAnchor"], ["edit/GComboBoxField.cpp", "edit/GComboBox.cpp", "edit/EditModel.cpp"]),
     (["m_nSelected", "m_pSelected"], ["tree/TreeView.h", "edit/GComboBox.cpp"]),
     (["cursorItem", "lastItem", "hitHot"], ["list/GListSelection.cpp", "list/GListAssign.cpp"]),
     (["m_nActive"], ["ribbon/GRibbonTabs.cpp"]),

@@ -21,7 +21,8 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 
 # What the library calls and nothing can make fail, by the reason.
 CANNOT_FAIL = {
-    "they only compute": "CharLowerW EqualRect InflateRect IsRectEmpty MulDiv OffsetRect PtInRect StrCmpLogicalW",
+    "they only compute": """CharLowerBuffW CharLowerW CharUpperBuffW EqualRect InflateRect IsRectEmpty MulDiv
+        OffsetRect PtInRect StrCmpLogicalW""",
     "their answer is the state itself": """GetCapture GetCurrentThreadId GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW

@@ -32,14 +32,6 @@ protected:
     ~TextListener() = default;
 };
 
-// How an edit joins the step before.
-enum class EditKind
-{
-    Typing,  // goes on with the word that was being typed, or removed character by character
-    Erasing, // the same for Backspace and Delete
-    Step     // a step of its own
-};
-
 class EditModel
 {
 public:
@@ -63,7 +55,8 @@ public:
 
     // The whole text, with the caret at its start; nothing can be taken back then, and nothing is modified.
     [[nodiscard]] bool SetText(LPCWSTR psz, UINT n);
-    // The range becomes n characters, with the caret behind them. Without fCanUndo no step can be taken back
+    // The range, with its ends where Select would put them, becomes n characters, with the caret behind
+    // them. Without fCanUndo no step can be taken back
     // afterwards. dwNow is in milliseconds: what is typed after a pause is a step of its own.
     [[nodiscard]] bool Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, DWORD dwNow,
                                bool fCanUndo = true);
@@ -71,12 +64,13 @@ public:
     void BeginStep();
     void EndStep();
 
-    // False where there is nothing to take back, or to do again. Caret and selection are what they were.
+    // False where there is nothing to take back, or to do again, or no memory for it. Caret and selection are
+    // what they were.
     bool Undo();
     bool Redo();
-    bool CanUndo() const;
-    bool CanRedo() const;
-    void EmptyUndo();
+    bool CanUndo() const { return m_undo.ToUndo() != nullptr; }
+    bool CanRedo() const { return m_undo.ToRedo() != nullptr; }
+    void EmptyUndo() { m_undo.Empty(); }
 
     bool IsModified() const { return m_fModified; }
     void SetModified(bool fModified) { m_fModified = fModified; }
@@ -96,6 +90,14 @@ public:
     [[nodiscard]] bool Unwrap();
 
 private:
+    UINT Snapped(UINT n) const;
+    UndoStack::Marks Marks() const { return {m_nAnchor, m_nCaret}; }
+    void SetMarks(const UndoStack::Marks& marks);
+    [[nodiscard]] bool MakeRoom(UINT nCharacters, LPCWSTR psz, UINT n);
+    void Change(const TextRange& range, LPCWSTR psz, UINT n);
+    [[nodiscard]] bool Play(UndoStep& step, bool fBack);
+    bool GoTo(UndoStep* pStep, bool fBack);
+
     TextListener& m_listener;
     TextBuffer m_text;
     RowTable m_rows;

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] bool SetAll(LPCWSTR psz, UINT n);
 
 private:
+    UINT Room() const { return m_nCapacity - m_nLength; }
     void MoveGap(UINT nTo);
 
     wchar_t* m_psz = nullptr;

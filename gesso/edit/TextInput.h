@@ -19,7 +19,11 @@ struct InputRules
 // was cut at nMost, which splits neither a line end nor a surrogate pair. Throws std::bad_alloc.
 std::vector<wchar_t> PrepareInput(LPCWSTR psz, UINT n, const InputRules& rules, UINT nMost, bool* pfCut);
 
-// GEdit::Find; see there. Uses the platform's comparison for letters without case.
+// Whether all of the text would be stored as it is, so that it needs no preparing.
+bool IsPrepared(LPCWSTR psz, UINT n, const InputRules& rules);
+
+// GEdit::Find; see there. Letters without case are equal if the platform's upper case of them is. Takes time
+// in proportion to the two texts. -1 without memory for the table of what is sought.
 int FindText(const SplitText& text, LPCWSTR psz, int nFrom, UINT uFlags);
 
 } // namespace gesso

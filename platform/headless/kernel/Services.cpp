@@ -126,6 +126,18 @@ LPWSTR WINAPI CharUpperW(LPWSTR text)
     return ChangeCase(text, towupper_l);
 }
 
+DWORD WINAPI CharLowerBuffW(LPWSTR text, DWORD length)
+{
+    std::transform(text, text + length, text, [](wchar_t c) { return ChangeCase(c, towlower_l); });
+    return length;
+}
+
+DWORD WINAPI CharUpperBuffW(LPWSTR text, DWORD length)
+{
+    std::transform(text, text + length, text, [](wchar_t c) { return ChangeCase(c, towupper_l); });
+    return length;
+}
+
 BOOL WINAPI IsCharAlphaW(WCHAR c)
 {
     return iswalpha_l(c, Unicode()) != 0;
