@@ -79,6 +79,7 @@ long long BytesHeld();
 void MeasureButtons(Bench& bench);
 void MeasureCheckBoxes(Bench& bench);
 void MeasureEdits(Bench& bench);
+void MeasureFields(Bench& bench);
 void MeasureCombos(Bench& bench);
 void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);

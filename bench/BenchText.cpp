@@ -12,6 +12,7 @@ static_assert(LENGTH == 20);
 constexpr int LINE_HEIGHT = 20;
 constexpr int TEXTS = 200;
 constexpr int PAINTS = 500;
+constexpr int MANY_ROUNDS = 201;
 constexpr size_t LONG_TEXT = 100'000;
 constexpr UINT LINE_WIDTH = 160;
 constexpr int CX = 640;
@@ -136,6 +137,22 @@ void MeasurePreparing(Bench& bench, HDC hdc)
         });
 }
 
+// What preparing costs where nothing has to be looked for in other fonts.
+void MeasureBehaviors(Bench& bench, HDC hdc)
+{
+    const auto prepareIn = [&](gesso::Behavior behavior) {
+        const gesso::Behavior former = gesso::GetBehavior();
+        gesso::SetBehavior(behavior);
+        for (int i = 0; i < TEXTS; i++) {
+            Prepare(hdc, TEXT, LENGTH, 0);
+        }
+        gesso::SetBehavior(former);
+    };
+    bench.Measure(
+        "prepare 20 Latin characters, Modern / Classic", TEXTS, [&] { prepareIn(gesso::Behavior::Modern); },
+        [&] { prepareIn(gesso::Behavior::Classic); });
+}
+
 void MeasurePainting(Bench& bench, HDC hdc)
 {
     const Text text = Prepare(hdc, TEXT, LENGTH, DT_SINGLELINE);
@@ -216,6 +233,9 @@ void MeasureText(Bench& bench)
     const Surface hdc;
     bench.Family("Prepared text (CDrawText)");
     MeasurePreparing(bench, hdc);
+    // A difference of a hundredth is to be seen.
+    Bench many(MANY_ROUNDS);
+    MeasureBehaviors(many, hdc);
     PrintSize(bench, hdc);
     MeasurePainting(bench, hdc);
     MeasureBreaking(bench, hdc, "break words, a character of 100,000 / of 10,000", Words(LONG_TEXT));

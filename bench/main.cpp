@@ -20,6 +20,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"buttons", &bench::MeasureButtons},
     {"checkboxes", &bench::MeasureCheckBoxes},
     {"edits", &bench::MeasureEdits},
+    {"fields", &bench::MeasureFields},
     {"combos", &bench::MeasureCombos},
     {"progressbars", &bench::MeasureProgressBars},
     {"ribbon", &bench::MeasureRibbon},
