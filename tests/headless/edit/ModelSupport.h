@@ -1,6 +1,8 @@
 // A text model for tests, and what it should be, plainly.
 #pragma once
 
+#include "PlainModel.h"
+
 #include <gesso/edit/EditModel.h>
 
 #include <gtest/gtest.h>
@@ -9,8 +11,6 @@
 #include <vector>
 
 namespace test {
-
-using Characters = std::vector<wchar_t>;
 
 // A slash stands for a line end.
 inline Characters Wide(const std::string& text)
