@@ -55,6 +55,10 @@ const char* NameOfMessage(UINT message)
     case WM_KEYDOWN: return "WM_KEYDOWN";
     case WM_KEYUP: return "WM_KEYUP";
     case WM_CHAR: return "WM_CHAR";
+    case WM_IME_STARTCOMPOSITION: return "WM_IME_STARTCOMPOSITION";
+    case WM_IME_COMPOSITION: return "WM_IME_COMPOSITION";
+    case WM_IME_ENDCOMPOSITION: return "WM_IME_ENDCOMPOSITION";
+    case WM_IME_CHAR: return "WM_IME_CHAR";
     case WM_SYSKEYDOWN: return "WM_SYSKEYDOWN";
     case WM_SYSKEYUP: return "WM_SYSKEYUP";
     case WM_SYSCHAR: return "WM_SYSCHAR";

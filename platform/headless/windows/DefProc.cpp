@@ -1,6 +1,7 @@
 // What the platform itself does with a message.
 #include "Desktop.h"
 #include "Focus.h"
+#include "InputMethod.h"
 #include "Paint.h"
 #include "Position.h"
 #include "Send.h"
@@ -337,6 +338,8 @@ bool HandleInput(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LRE
     case WM_KEYUP: result = wParam == VK_APPS ? AskForContextMenu(window) : 0; return true;
     case WM_ACTIVATE: result = OnActivate(window, wParam); return true;
     case WM_NCACTIVATE: result = TRUE; return true;
+    case WM_IME_COMPOSITION: TypeResult(window, lParam); return true;
+    case WM_IME_CHAR: PostMessageW(window.handle, WM_CHAR, wParam, lParam); return true;
     case WM_CANCELMODE:
         if (TheDesktop().shared->capture == window.handle) {
             ReleaseCapture();

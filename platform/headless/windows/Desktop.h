@@ -154,6 +154,18 @@ struct Clipboard
     std::map<UINT, HANDLE> data;
 };
 
+// The input method of a thread, which no user drives: programs compose by ImmSetCompositionStringW.
+struct InputMethod
+{
+    HWND window = nullptr; // that had the focus last, until it hears that it has not
+    bool composing = false;
+    WideText composed;
+    WideText result;
+    COMPOSITIONFORM place{};
+    std::array<CANDIDATEFORM, 4> candidates{};
+    LOGFONTW font{};
+};
+
 // What one thread has of the desktop: its top-level windows, its queue, and a user and a clock of its own.
 struct Desktop : std::enable_shared_from_this<Desktop>
 {
@@ -197,6 +209,7 @@ struct Desktop : std::enable_shared_from_this<Desktop>
 
     CaretState caret{};
     int caretHidden = 0;
+    InputMethod inputMethod{};
 
     bool tracing = false;
     HWND traced = nullptr;

@@ -1,4 +1,5 @@
 #include "Focus.h"
+#include "InputMethod.h"
 #include "Position.h"
 #include "Requests.h"
 #include "Send.h"
@@ -146,8 +147,12 @@ void MoveFocus(Window* window)
     desktop.shared->focus = next;
     if (const WindowRef leaving = Peek(former)) {
         Send(*leaving, WM_KILLFOCUS, reinterpret_cast<WPARAM>(next));
+        TellInputMethod(*leaving, false);
     }
     const WindowRef entering = Peek(next);
+    if (entering && desktop.shared->focus == next) {
+        TellInputMethod(*entering, true);
+    }
     if (entering && desktop.shared->focus == next) {
         Send(*entering, WM_SETFOCUS, reinterpret_cast<WPARAM>(IsWindow(former) ? former : nullptr));
     }
@@ -163,6 +168,9 @@ void ForgetFocus(Window& window)
         if (*held == window.handle) {
             *held = nullptr;
         }
+    }
+    if (desktop.inputMethod.window == window.handle) {
+        desktop.inputMethod.window = nullptr;
     }
     desktop.pointerStale = true;
 }

@@ -1,0 +1,265 @@
+#include <gesso/edit/Composition.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace gesso {
+
+// The input method's context of a window; none where the platform has none.
+class Composition::Context
+{
+public:
+    explicit Context(HWND hwnd) : m_hwnd(hwnd), m_himc(hwnd ? ImmGetContext(hwnd) : nullptr) {}
+    ~Context()
+    {
+        if (m_himc) {
+            ImmReleaseContext(m_hwnd, m_himc);
+        }
+    }
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+
+    explicit operator bool() const { return m_himc != nullptr; }
+    operator HIMC() const { return m_himc; }
+
+    // False, with the array as it was, where the platform fails or memory runs out.
+    template <class T> bool Read(DWORD dwIndex, std::vector<T>* pItems) const
+    try {
+        const LONG cb = m_himc ? ImmGetCompositionStringW(m_himc, dwIndex, nullptr, 0) : IMM_ERROR_GENERAL;
+        if (cb < 0) {
+            return false;
+        }
+        std::vector<T> items(static_cast<size_t>(cb) / sizeof(T));
+        if (!items.empty()) {
+            const auto cbRoom = static_cast<DWORD>(items.size() * sizeof(T));
+            const LONG cbRead = ImmGetCompositionStringW(m_himc, dwIndex, items.data(), cbRoom);
+            if (cbRead < 0) {
+                return false;
+            }
+            items.resize(std::min<size_t>(items.size(), static_cast<size_t>(cbRead) / sizeof(T)));
+        }
+        *pItems = std::move(items);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+
+private:
+    HWND m_hwnd;
+    HIMC m_himc;
+};
+
+bool Composition::IsTarget(UINT n) const
+{
+    return n < m_attributes.size() &&
+           (m_attributes[n] == ATTR_TARGET_CONVERTED || m_attributes[n] == ATTR_TARGET_NOTCONVERTED);
+}
+
+bool Composition::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    const GWnd& wnd = m_target.ComposedWindow();
+    switch (uMsg) {
+    case WM_IME_SETCONTEXT:
+        // The input method shows no window for what is drawn in the field.
+        *plAnswer = Frame::Default(wnd, uMsg, wParam, lParam & ~LPARAM{ISC_SHOWUICOMPOSITIONWINDOW});
+        return true;
+    case WM_IME_STARTCOMPOSITION: Start(); return true;
+    case WM_IME_COMPOSITION: return Compose(lParam);
+    case WM_IME_ENDCOMPOSITION: Forget(); return true;
+    case WM_IME_REQUEST: return Answer(wParam, lParam, plAnswer);
+    case WM_KEYDOWN:
+        if (wParam == VK_ESCAPE && IsActive()) {
+            Cancel();
+            return true;
+        }
+        return false;
+    case WM_KILLFOCUS:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN: return !Finish();
+    default: return false;
+    }
+}
+
+void Composition::Start()
+{
+    const Watch watch(m_target.ComposedWindow());
+    Forget();
+    if (watch && m_target.MayCompose()) {
+        TellFont(Context(Frame::Handle(m_target.ComposedWindow())));
+    }
+    if (watch && m_target.MayCompose()) {
+        Place();
+    }
+}
+
+// What is accepted and cannot be read is left to the platform, which sends it as characters.
+bool Composition::Compose(LPARAM lParam)
+{
+    if (!m_target.MayCompose()) {
+        Cancel();
+        return true;
+    }
+    const Context context(Frame::Handle(m_target.ComposedWindow()));
+    if (lParam & GCS_RESULTSTR) {
+        bool fAlive = true;
+        const bool fRead = AcceptResult(context, &fAlive);
+        if (!fRead || !fAlive) {
+            return fRead;
+        }
+    }
+    // Without its flag there is none any more, but that a change of attributes alone comes with no flag.
+    if ((lParam & GCS_COMPSTR) || !(lParam & GCS_RESULTSTR)) {
+        ReadComposed(context);
+    }
+    return true;
+}
+
+bool Composition::AcceptResult(const Context& context, bool* pfAlive)
+{
+    std::vector<wchar_t> result;
+    if (!context.Read(GCS_RESULTSTR, &result)) {
+        return false;
+    }
+    const Watch watch(m_target.ComposedWindow());
+    Forget();
+    if (watch && !result.empty()) {
+        m_target.Accept(result.data(), static_cast<UINT>(result.size()));
+    }
+    *pfAlive = watch;
+    return true;
+}
+
+void Composition::ReadComposed(const Context& context)
+{
+    std::vector<wchar_t> text;
+    if (!context.Read(GCS_COMPSTR, &text)) {
+        return;
+    }
+    m_text = std::move(text);
+    if (!context.Read(GCS_COMPATTR, &m_attributes)) {
+        m_attributes.clear();
+    }
+    const LONG nCaret = ImmGetCompositionStringW(context, GCS_CURSORPOS, nullptr, 0);
+    const auto nLength = static_cast<UINT>(m_text.size());
+    m_nCaret = nCaret < 0 ? nLength : std::min(static_cast<UINT>(nCaret), nLength);
+    const Watch watch(m_target.ComposedWindow());
+    m_target.ShowComposition();
+    if (watch) {
+        Place();
+    }
+}
+
+void Composition::Forget()
+{
+    m_attributes.clear();
+    m_nCaret = 0;
+    if (!std::exchange(m_text, {}).empty()) {
+        m_target.ShowComposition();
+    }
+}
+
+void Composition::Cancel()
+{
+    const Watch watch(m_target.ComposedWindow());
+    if (const Context context(Frame::Handle(m_target.ComposedWindow())); context) {
+        ImmNotifyIME(context, NI_COMPOSITIONSTR, CPS_CANCEL, 0);
+    }
+    if (watch) {
+        Forget();
+    }
+}
+
+// Takes what is composed as it stands. The input method is not asked for it: where the focus goes, it would
+// hand its result to the window that has it next. False if the control is gone.
+bool Composition::Finish()
+{
+    if (!IsActive()) {
+        return true;
+    }
+    const Watch watch(m_target.ComposedWindow());
+    const std::vector<wchar_t> text = std::exchange(m_text, {});
+    Cancel();
+    if (watch) {
+        m_target.ShowComposition();
+    }
+    if (watch && m_target.MayCompose()) {
+        m_target.Accept(text.data(), static_cast<UINT>(text.size()));
+    }
+    return watch;
+}
+
+// --- The input method's windows
+
+void Composition::Place() const
+{
+    const Context context(Frame::Handle(m_target.ComposedWindow()));
+    if (!context) {
+        return;
+    }
+    const RECT rc = m_target.ComposedRect();
+    COMPOSITIONFORM composition{CFS_POINT, {rc.left, rc.top}, {}};
+    ImmSetCompositionWindow(context, &composition);
+    CANDIDATEFORM candidates{0, CFS_EXCLUDE, {rc.left, rc.bottom}, rc};
+    ImmSetCandidateWindow(context, &candidates);
+}
+
+void Composition::TellFont(const Context& context) const
+{
+    LOGFONTW font;
+    if (context && GetObjectW(m_target.ComposedFont(), sizeof(font), &font)) {
+        ImmSetCompositionFontW(context, &font);
+    }
+}
+
+bool Composition::Answer(WPARAM wRequest, LPARAM lParam, LRESULT* plAnswer) const
+{
+    const RECT rc = m_target.ComposedRect();
+    switch (wRequest) {
+    case IMR_COMPOSITIONWINDOW:
+        if (auto* const pForm = reinterpret_cast<COMPOSITIONFORM*>(lParam)) {
+            *pForm = {CFS_POINT, {rc.left, rc.top}, {}};
+            *plAnswer = 1;
+        }
+        return true;
+    case IMR_CANDIDATEWINDOW:
+        if (auto* const pForm = reinterpret_cast<CANDIDATEFORM*>(lParam)) {
+            *pForm = {pForm->dwIndex, CFS_EXCLUDE, {rc.left, rc.bottom}, rc};
+            *plAnswer = 1;
+        }
+        return true;
+    case IMR_RECONVERTSTRING:
+        *plAnswer = AnswerReconversion(reinterpret_cast<RECONVERTSTRING*>(lParam));
+        return true;
+    default: return false;
+    }
+}
+
+// How many bytes it takes, with a record or without; 0 where there is nothing to convert or the record has
+// too little room.
+LRESULT Composition::AnswerReconversion(RECONVERTSTRING* pString) const
+{
+    const std::optional<TextRange> range = m_target.Reconvertible();
+    if (!range || range->Length() == 0) {
+        return 0;
+    }
+    const DWORD nLength = range->Length();
+    const auto cb = static_cast<DWORD>(sizeof(RECONVERTSTRING) + (nLength + 1) * sizeof(wchar_t));
+    if (!pString) {
+        return cb;
+    }
+    if (pString->dwSize < cb) {
+        return 0;
+    }
+    *pString = {cb, 0, nLength, sizeof(RECONVERTSTRING), nLength, 0, nLength, 0};
+    auto* const pszTo = reinterpret_cast<wchar_t*>(pString + 1);
+    pszTo[nLength] = 0;
+    m_target.Reconvert(*range, pszTo);
+    return cb;
+}
+
+} // namespace gesso
