@@ -146,7 +146,7 @@ void Composition::ReadComposed(const Context& context)
     }
     const LONG nCaret = ImmGetCompositionStringW(context, GCS_CURSORPOS, nullptr, 0);
     const auto nLength = static_cast<UINT>(m_text.size());
-    m_nCaret = nCaret < 0 ? nLength : std::min(static_cast<UINT>(nCaret), nLength);
+    m_nComposedCaret = nCaret < 0 ? nLength : std::min(static_cast<UINT>(nCaret), nLength);
     const Watch watch(m_target.ComposedWindow());
     m_target.ShowComposition();
     if (watch) {
@@ -157,7 +157,7 @@ void Composition::ReadComposed(const Context& context)
 void Composition::Forget()
 {
     m_attributes.clear();
-    m_nCaret = 0;
+    m_nComposedCaret = 0;
     if (!std::exchange(m_text, {}).empty()) {
         m_target.ShowComposition();
     }

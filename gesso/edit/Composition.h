@@ -47,7 +47,7 @@ public:
 
     bool IsActive() const { return !m_text.empty(); }
     const std::vector<wchar_t>& Text() const { return m_text; }
-    UINT Caret() const { return m_nCaret; }
+    UINT Caret() const { return m_nComposedCaret; }
     // Whether a character is of the part that is being converted.
     bool IsTarget(UINT n) const;
 
@@ -69,7 +69,7 @@ private:
     CompositionTarget& m_target;
     std::vector<wchar_t> m_text;
     std::vector<BYTE> m_attributes; // of each character, as far as they are known
-    UINT m_nCaret = 0;
+    UINT m_nComposedCaret = 0;
 };
 
 } // namespace gesso
