@@ -1,7 +1,7 @@
 // Coming to life, and the window procedure.
 
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GEditInside.h>
+#include <gesso/edit/GEditModern.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
@@ -9,7 +9,10 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/MakeOnce.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
+
+#include <utility>
 
 using gesso::Frame;
 
@@ -120,6 +123,25 @@ GEdit::Inside& GEdit::Own() const
     return *m_inside;
 }
 
+GEdit::Inside::~Inside()
+{
+    delete pModern;
+}
+
+GEdit::Modern* GEdit::AsModern() const
+{
+    return HasOwn() ? m_inside->pModern : nullptr;
+}
+
+// The text goes to where it is edited.
+bool GEdit::BeModern()
+{
+    Own().pModern = new Modern(*this);
+    const bool fTaken = Own().pModern->StartText(m_strText);
+    StartText(L"");
+    return fTaken;
+}
+
 HWND GEdit::Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText, DWORD dwStyle,
                    DWORD dwExStyle)
 {
@@ -144,6 +166,9 @@ void GEdit::SetFont(HFONT hFont)
 {
     m_hFont = hFont;
     Own().lines.ForgetWrapping();
+    if (Modern* modern = AsModern()) {
+        modern->editor.Reflow();
+    }
 }
 
 HFONT GEdit::GetFont() const
@@ -153,11 +178,15 @@ HFONT GEdit::GetFont() const
 
 int GEdit::GetTextLength() const
 {
-    return static_cast<int>(m_strText.GetLength());
+    const Modern* modern = AsModern();
+    return static_cast<int>(modern ? modern->editor.Text().Length() : m_strText.GetLength());
 }
 
 int GEdit::GetText(LPWSTR pszBuffer, int* pnLength) const
 {
+    if (const Modern* modern = AsModern()) {
+        return modern->editor.GetText(pszBuffer, pnLength);
+    }
     return gesso::ReadText(m_strText, pszBuffer, pnLength);
 }
 
@@ -173,6 +202,9 @@ LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 LRESULT GEdit::OnCreate(const CREATESTRUCTW*)
 {
     gesso::TakeFirstFont(*this, m_hFont);
+    if (!Has(*this, gesso::Quirk::EditIsPlain)) {
+        return BeModern() ? 0 : -1;
+    }
     Own().lines.BeOneLine();
     ChangeSelection({Own().lines, {}, {}});
     return 0;
@@ -182,6 +214,7 @@ LRESULT GEdit::OnNcDestroy()
 {
     GWndScroll::OnNcDestroy();
     m_hTheme.Reset();
+    delete std::exchange(Own().pModern, nullptr);
     StartText(L"");
     return Frame::Detach(*this);
 }
@@ -218,6 +251,9 @@ LRESULT GEdit::OnSetText(LPCWSTR pszText)
 
 LRESULT GEdit::OnGetText(UINT nCapacity, LPWSTR pszBuffer) const
 {
+    if (const Modern* modern = AsModern()) {
+        return modern->editor.CopyText(nCapacity, pszBuffer);
+    }
     return gesso::ReplyGetText(*this, m_strText, nCapacity, pszBuffer);
 }
 
@@ -229,7 +265,11 @@ LRESULT GEdit::OnGetTextLength() const
 LRESULT GEdit::OnSetFont(HFONT hFont, UINT uRedraw)
 {
     Own().lines.ForgetWrapping();
-    return Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
+    const LRESULT lAnswer = Frame::OnSetFont(*this, m_hFont, hFont, uRedraw);
+    if (Modern* modern = AsModern()) {
+        modern->editor.Reflow();
+    }
+    return lAnswer;
 }
 
 LRESULT GEdit::OnGetFont() const
@@ -277,6 +317,16 @@ LRESULT CALLBACK GEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM l
 }
 
 LRESULT GEdit::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    Modern* const modern = AsModern();
+    LRESULT lAnswer = 0;
+    if (modern && modern->OnMessage(uMsg, wParam, lParam, &lAnswer)) {
+        return lAnswer;
+    }
+    return OnClassicMessage(uMsg, wParam, lParam);
+}
+
+LRESULT GEdit::OnClassicMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const POINTS pt = gesso::PointOf(lParam);
     const auto uHit = static_cast<UINT>(wParam);

@@ -197,8 +197,12 @@ private:
     class ClientMeasure;
     struct Inside; // what the library keeps for itself
     struct Layout;
+    struct Modern;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    Modern* AsModern() const;
+    bool BeModern();
+    LRESULT OnClassicMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     // Text. All that changes it and caret and anchor goes through the two that say so.
     gesso::TextField Field() const;

@@ -33,6 +33,7 @@ template <class EDIT> LRESULT GEdit::Edit(EDIT edit)
         return fDone;
     };
     if (ChangeText(andCollapse)) {
+        Own().fModified = true;
         ShowChange();
         Frame::SendCommand(*this, EN_CHANGE);
     }

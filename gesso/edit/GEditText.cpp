@@ -1,6 +1,7 @@
 // The text, its lines and its selection, as hosts and derived classes know them.
 
-#include <gesso/edit/GEditInside.h>
+#include <gesso/edit/GEditModern.h>
+#include <gesso/edit/TextInput.h>
 
 #include <utility>
 
@@ -39,6 +40,12 @@ void GEdit::ShowChange()
 
 void GEdit::SetSel(int nStart, int nEnd)
 {
+    if (Modern* modern = AsModern()) {
+        const UINT nLength = modern->editor.Text().Length();
+        const auto place = [&](int n) { return n < 0 ? nLength : static_cast<UINT>(n); };
+        modern->editor.Select(place(nStart), place(nEnd));
+        return;
+    }
     TextField field = Field();
     field.Select(field.Lines().PlaceOfSel(nStart), field.Lines().PlaceOfSel(nEnd));
     Show(field);
@@ -70,6 +77,16 @@ bool GEdit::StartText(LPCWSTR pszText)
 // With the caret and the anchor. False, with nothing changed, without memory.
 bool GEdit::CopyTextOf(const GEdit& other)
 {
+    if (const Modern* modern = other.AsModern()) {
+        const gesso::SplitText text = modern->editor.Text();
+        OStringEx<wchar_t> strText;
+        if (!strText.GetBuffer(text.Length() + 1)) {
+            return false;
+        }
+        text.Copy({0, text.Length()}, strText.GetBuffer(text.Length() + 1));
+        strText.ReleaseBuffer(text.Length());
+        return StartText(strText);
+    }
     OStringEx<wchar_t> strText(other.m_strText);
     gesso::LineTable aLines(other.m_aLines);
     if (strText.GetLength() < other.m_strText.GetLength() || aLines.GetLength() < other.m_aLines.GetLength())
@@ -84,6 +101,10 @@ bool GEdit::CopyTextOf(const GEdit& other)
 
 int GEdit::SetText(LPCWSTR pszText)
 {
+    Own().fModified = false;
+    if (Modern* modern = AsModern()) {
+        return modern->editor.SetText(pszText);
+    }
     const bool fSet = ChangeText([&](TextField& field) {
         const bool fReplaced = field.Replace(pszText ? pszText : L"");
         if (fReplaced) {
@@ -96,6 +117,79 @@ int GEdit::SetText(LPCWSTR pszText)
         ShowChange();
     }
     return fSet;
+}
+
+// --- What both behaviours have for the platform's messages
+
+void GEdit::GetSel(int* pnStart, int* pnEnd) const
+{
+    gesso::TextRange range{};
+    if (const Modern* modern = AsModern()) {
+        range = modern->editor.Selection();
+    } else {
+        const TextField field = Field();
+        range = {field.Lines().OffsetOf(field.First()), field.Lines().OffsetOf(field.Last())};
+    }
+    if (pnStart) {
+        *pnStart = static_cast<int>(range.nFrom);
+    }
+    if (pnEnd) {
+        *pnEnd = static_cast<int>(range.nTo);
+    }
+}
+
+void GEdit::ReplaceSel(LPCWSTR pszText, bool bCanUndo)
+{
+    if (Modern* modern = AsModern()) {
+        modern->editor.ReplaceSelection(pszText, bCanUndo);
+        return;
+    }
+    const bool fDone = ChangeText([&](TextField& field) {
+        const bool fInserted = field.Insert(pszText ? pszText : L"");
+        if (fInserted) {
+            WrapAll(field);
+            field.Collapse();
+        }
+        return fInserted;
+    });
+    if (fDone) {
+        Own().fModified = true;
+        ShowChange();
+    }
+}
+
+bool GEdit::IsModified() const
+{
+    const Modern* modern = AsModern();
+    return modern ? modern->editor.IsModified() : Own().fModified;
+}
+
+void GEdit::SetModified(bool bModified)
+{
+    Own().fModified = bModified;
+    if (Modern* modern = AsModern()) {
+        modern->editor.SetModified(bModified);
+    }
+}
+
+bool GEdit::Redo()
+{
+    Modern* modern = AsModern();
+    return modern && modern->editor.Redo();
+}
+
+bool GEdit::CanRedo() const
+{
+    const Modern* modern = AsModern();
+    return modern && modern->editor.CanRedo();
+}
+
+int GEdit::Find(LPCWSTR pszText, int nFrom, UINT uFlags) const
+{
+    const Modern* modern = AsModern();
+    const gesso::SplitText text =
+        modern ? modern->editor.Text() : gesso::SplitText(m_strText, m_strText.GetLength());
+    return gesso::FindText(text, pszText, nFrom, uFlags);
 }
 
 // --- Lines

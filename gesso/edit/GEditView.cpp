@@ -1,7 +1,7 @@
 // What a GEdit paints, and where points and the caret are in it.
 
 #include <gesso/edit/FieldText.h>
-#include <gesso/edit/GEditInside.h>
+#include <gesso/edit/GEditModern.h>
 #include <gesso/edit/LineRows.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Colors.h>
@@ -59,6 +59,10 @@ RECT GEdit::TextRect() const
 
 void GEdit::Draw(HDC hdc)
 {
+    if (Modern* modern = AsModern()) {
+        modern->Draw(hdc, ClientRect(m_hWnd));
+        return;
+    }
     const bool fDisabled = Frame::Style(*this) & WS_DISABLED;
     RECT rcClient{};
     if (!Frame::DrawParentBackground(*this, hdc, &rcClient)) {
@@ -194,7 +198,7 @@ int GEdit::PosThatShows(LONGLONG x, const RECT& rcText) const
 // leading, which the lines have; in a font that has some it would stand elsewhere.
 void GEdit::UpdateCursorPos()
 {
-    if (!m_hWnd) {
+    if (!m_hWnd || AsModern()) {
         return;
     }
     const gesso::EditLines& lines = Own().lines;

@@ -18,14 +18,22 @@ namespace {
 // Text is taken also where its line is higher than the row.
 constexpr DWORD STYLE = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL | ES_AUTOVSCROLL;
 
-// What was typed or pasted, up to its first line end.
-std::vector<wchar_t> FirstLineOf(LPCWSTR psz)
+// With its terminator.
+std::vector<wchar_t> TextOf(const GEdit& edit)
 {
-    std::vector<wchar_t> text;
-    for (; *psz && *psz != L'\r' && *psz != L'\n'; ++psz) {
-        text.push_back(*psz);
-    }
-    text.push_back(0);
+    int nLength = edit.GetTextLength() + 1;
+    std::vector<wchar_t> text(static_cast<size_t>(nLength));
+    edit.GetText(text.data(), &nLength);
+    return text;
+}
+
+// What was typed or pasted, up to its first line end.
+std::vector<wchar_t> FirstLineOf(const GEdit& edit)
+{
+    std::vector<wchar_t> text = TextOf(edit);
+    const auto end = std::find_if(text.begin(), text.end() - 1,
+                                  [](wchar_t ch) { return ch == L'\r' || ch == L'\n'; });
+    text.erase(end, text.end() - 1);
     return text;
 }
 
@@ -85,7 +93,9 @@ void LabelEdit::Fit()
     RECT rcOwner{};
     GetClientRect(::GetParent(m_hWnd), &rcOwner);
     const int nInset = Pixels(m_hWnd, Metrics::LABEL_EDIT_INSET);
-    const int nText = WindowMeasure(m_hWnd, m_hFont, false)->Extent(m_strText, m_strText.GetLength()).cx;
+    const std::vector<wchar_t> text = TextOf(*this);
+    const auto nLength = static_cast<UINT>(text.size()) - 1;
+    const int nText = WindowMeasure(m_hWnd, m_hFont, false)->Extent(text.data(), nLength).cx;
     const int nLeft = Saturated(std::max<int64_t>(int64_t{m_rcLabel.left} - nInset, 0));
     const int nWanted = nText + 2 * nInset + Pixels(m_hWnd, Metrics::LABEL_EDIT_ROOM);
     const int nWidth = std::max(std::min<int>(nWanted, rcOwner.right - nLeft), nInset);
@@ -107,7 +117,7 @@ try {
         return;
     }
     const HWND hwndOwner = ::GetParent(hwnd);
-    const std::vector<wchar_t> text = FirstLineOf(edit->m_strText);
+    const std::vector<wchar_t> text = FirstLineOf(*edit);
     const EndFunction pfnEnd = std::exchange(edit->m_pfnEnd, nullptr);
     if (GetFocus() == hwnd) {
         SetFocus(hwndOwner); // tells the owner's parent, which may do anything

@@ -25,36 +25,46 @@ public:
     // gone afterwards.
     bool OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     // Draws the text, the selection and the cue into a context, over a background that is there.
-    void Draw(HDC hdc);
+    // rcShown is left out where rows do not touch it.
+    void Draw(HDC hdc, const RECT& rcShown);
 
     // --- For the control's own operations. They repaint. What tells nothing says so.
 
     // Line ends are normalised; the caret goes to 0. Tells nothing. False, with nothing done, without memory.
     bool SetText(LPCWSTR psz);
     SplitText Text() const;
+    // As GEdit::GetText does.
+    int GetText(LPWSTR pszBuffer, int* pnLength) const;
+    // WM_GETTEXT: as much as there is room for, with its terminator. Returns how many characters were copied.
+    LRESULT CopyText(UINT nCapacity, LPWSTR pszBuffer) const;
     TextRange Selection() const;
     UINT Caret() const;
+    UINT Anchor() const;
     // The caret goes to nCaret, and comes into view. Tells nothing.
     void Select(UINT nAnchor, UINT nCaret);
-    // As typed by the user, but that a limit cuts it without EN_MAXTEXT where fTell is false.
-    bool ReplaceSelection(LPCWSTR psz, bool fCanUndo, bool fTell);
+    // As EM_REPLACESEL does, which tells. False unless all of it has come in. The control may be gone afterwards.
+    bool ReplaceSelection(LPCWSTR psz, bool fCanUndo);
     bool Undo();
     bool Redo();
     bool CanRedo() const;
     bool IsModified() const;
     void SetModified(bool fModified);
-    void SetLimit(UINT nMost);
-    // Grey text while the field is empty; null for none. False without memory.
-    bool SetCue(LPCWSTR psz, bool fWithFocus);
     // What was prepared is of another font, width, style or theme now.
     void Reflow();
+    // WM_VSCROLL and WM_HSCROLL with the thumb's whole position. The control may be gone afterwards.
+    void ScrollByBar(int nBar, UINT uCode, UINT nThumb);
 
 private:
     struct Inside;
 
     void OnTextChange(const TextChange& change) override;
+    // The field under a point of the screen; null for none of this thread's.
+    static TextEditor* At(POINT ptScreen);
 
     Inside* m_inside;
+    TextEditor* m_pNext;
+
+    static constinit thread_local TextEditor* s_pFirst;
 };
 
 } // namespace gesso

@@ -1,0 +1,177 @@
+#include <gesso/edit/GEditModern.h>
+#include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Colors.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
+#include <gesso/framework/ScrollSteps.h>
+#include <gesso/framework/ThemePart.h>
+
+#include <algorithm>
+#include <utility>
+
+using gesso::Frame;
+using gesso::Watch;
+
+namespace {
+
+constexpr int BACKGROUND_NORMAL = 1;
+constexpr int BACKGROUND_DISABLED = 3;
+constexpr int BACKGROUND_READ_ONLY = 5;
+constexpr DWORD BARS = WS_VSCROLL | WS_HSCROLL;
+
+int BackgroundState(DWORD dwStyle)
+{
+    if (dwStyle & WS_DISABLED) {
+        return BACKGROUND_DISABLED;
+    }
+    return dwStyle & ES_READONLY ? BACKGROUND_READ_ONLY : BACKGROUND_NORMAL;
+}
+
+} // namespace
+
+GEdit::Modern::Modern(GEdit& owner)
+    : edit(owner), editor(*this), m_dwBars(Frame::Style(owner) & BARS)
+{}
+
+// --- What the field asks its control for
+
+DWORD GEdit::Modern::EditStyle() const
+{
+    return (Frame::Style(edit) & ~BARS) | m_dwBars;
+}
+
+LRESULT GEdit::Modern::Tell(UINT uCode)
+{
+    const WPARAM wParam = MAKEWPARAM(GetDlgCtrlID(edit.m_hWnd), uCode);
+    return SendMessageW(edit.GetParent(), WM_COMMAND, wParam, reinterpret_cast<LPARAM>(edit.m_hWnd));
+}
+
+// A bar that the host has not asked for stays away. The platform adds and removes the style's bit with its
+// bar, which sizes the window.
+void GEdit::Modern::SetRange(int nBar, int nMax, UINT nPage, int nPos)
+{
+    const DWORD dwBit = nBar == SB_VERT ? WS_VSCROLL : WS_HSCROLL;
+    if (!(m_dwBars & dwBit)) {
+        return;
+    }
+    const SCROLLINFO& siNow = nBar == SB_VERT ? edit.m_siV : edit.m_siH;
+    const DWORD& dwFlags = nBar == SB_VERT ? edit.m_dwVStyle : edit.m_dwHStyle;
+    const bool fFits = int64_t{nMax} < int64_t{nPage};
+    const bool fHidden = dwFlags & GSB_HIDDEN;
+    if (fFits && fHidden) {
+        return;
+    }
+    const UINT nShown = std::min(nPage, static_cast<UINT>(nMax) + 1);
+    if (!fHidden && !fFits && siNow.nMax == nMax && siNow.nPage == nShown && siNow.nPos == nPos) {
+        return;
+    }
+    const Watch watch(edit);
+    const bool fOuter = std::exchange(m_fOwnStyle, true);
+    SCROLLINFO si{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, nMax, nPage, nPos, 0};
+    edit.SetScrollInfo(nBar, &si, TRUE);
+    if (watch && fFits != fHidden) {
+        edit.ShowScrollBar(nBar, !fFits);
+    }
+    if (watch) {
+        m_fOwnStyle = fOuter;
+    }
+}
+
+// --- The control
+
+bool GEdit::Modern::StartText(LPCWSTR psz)
+{
+    return editor.SetText(psz);
+}
+
+void GEdit::Modern::Draw(HDC hdc, const RECT& rcShown)
+{
+    RECT rcClient{};
+    if (!Frame::DrawParentBackground(edit, hdc, &rcClient)) {
+        return;
+    }
+    {
+        const gesso::TransparentScope mode(hdc);
+        gesso::ThemePart(edit.m_hTheme, hdc, EP_BACKGROUND, BackgroundState(EditStyle()),
+                         gesso::PlainPart::EditBackground)
+            .DrawBackground(rcClient);
+    }
+    editor.Draw(hdc, rcShown);
+}
+
+LRESULT GEdit::Modern::Paint()
+{
+    const Watch watch(edit);
+    const HWND hwnd = edit.m_hWnd;
+    RECT rcShown{};
+    GetUpdateRect(hwnd, &rcShown, FALSE);
+    gesso::BufferedPaint paint(hwnd);
+    if (watch) {
+        Draw(paint.Context(), rcShown);
+    }
+    return 0;
+}
+
+void GEdit::Modern::OnFocus(bool fGained)
+{
+    const Watch watch(edit);
+    RedrawWindow(edit.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    LRESULT lAnswer = 0;
+    editor.OnMessage(fGained ? WM_SETFOCUS : WM_KILLFOCUS, 0, 0, &lAnswer);
+    if (watch) {
+        Frame::SendNotify(edit, static_cast<UINT>(fGained ? NM_SETFOCUS : NM_KILLFOCUS));
+    }
+    if (watch) {
+        Tell(fGained ? EN_SETFOCUS : EN_KILLFOCUS);
+    }
+}
+
+bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    const bool fInBar = edit.m_dwState & GWS_NCPRESSED;
+    switch (uMsg) {
+    case WM_PAINT: *plAnswer = Paint(); return true;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        *plAnswer = 0;
+        OnFocus(uMsg == WM_SETFOCUS);
+        return true;
+    case WM_LBUTTONUP:
+    case WM_MOUSEMOVE:
+        if (fInBar) {
+            return false;
+        }
+        if (uMsg == WM_MOUSEMOVE) {
+            Frame::TrackLeave(edit);
+        }
+        break;
+    case WM_VSCROLL:
+    case WM_HSCROLL: {
+        const SCROLLINFO& si = uMsg == WM_VSCROLL ? edit.m_siV : edit.m_siH;
+        const UINT nThumb = gesso::TrackedPos(edit, si, HIWORD(wParam));
+        editor.ScrollByBar(uMsg == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam), nThumb);
+        *plAnswer = 0;
+        return true;
+    }
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+        // What there is nothing to scroll for is the parent's.
+        if (!editor.OnMessage(uMsg, wParam, lParam, plAnswer)) {
+            *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam);
+        }
+        return true;
+    case WM_CAPTURECHANGED:
+        editor.OnMessage(uMsg, wParam, lParam, plAnswer);
+        return false;
+    case WM_STYLECHANGED:
+        if (!m_fOwnStyle && wParam == static_cast<WPARAM>(GWL_STYLE)) {
+            m_dwBars |= Frame::Style(edit) & BARS;
+            editor.Reflow();
+        }
+        return false;
+    case WM_SETFONT:
+    case WM_THEMECHANGED: return false;
+    default: break;
+    }
+    return editor.OnMessage(uMsg, wParam, lParam, plAnswer);
+}

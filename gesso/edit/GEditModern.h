@@ -1,0 +1,32 @@
+// A GEdit that was made in Modern: a text field in its window, with bars and a frame.
+#pragma once
+
+#include <gesso/edit/GEditInside.h>
+#include <gesso/edit/TextEditor.h>
+
+struct GEdit::Modern final : private gesso::EditorSite
+{
+    explicit Modern(GEdit& owner);
+
+    // What the control does with a message. False where it does the same as in Classic.
+    bool OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    void Draw(HDC hdc, const RECT& rcShown);
+    bool StartText(LPCWSTR psz);
+
+    GEdit& edit;
+    gesso::TextEditor editor;
+
+private:
+    const GWnd& Window() const override { return edit; }
+    HFONT Font() const override { return edit.m_hFont; }
+    DWORD EditStyle() const override;
+    RECT TextRect() const override { return edit.TextRect(); }
+    LRESULT Tell(UINT uCode) override;
+    void SetRange(int nBar, int nMax, UINT nPage, int nPos) override;
+
+    LRESULT Paint();
+    void OnFocus(bool fGained);
+
+    DWORD m_dwBars = 0;   // WS_VSCROLL and WS_HSCROLL as the host gave them
+    bool m_fOwnStyle = false; // the platform changes the style as bars come and go
+};

@@ -1,0 +1,252 @@
+#include <gesso/edit/TextEditorInside.h>
+#include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/ScrollSteps.h>
+
+#include <algorithm>
+#include <new>
+
+namespace gesso {
+namespace {
+
+constexpr wchar_t CR = 13;
+constexpr wchar_t LF = 10;
+
+// Whether a text can be stored as it is.
+bool HasStoredLineEnds(LPCWSTR psz, UINT nLength, bool fOneLine)
+{
+    for (UINT n = 0; n < nLength; ++n) {
+        if (psz[n] == LF || (psz[n] == CR && (fOneLine || psz[n + 1] != LF))) {
+            return false;
+        }
+        n += psz[n] == CR;
+    }
+    return true;
+}
+
+} // namespace
+
+void TextEditor::OnTextChange(const TextChange& change)
+try {
+    m_inside->FollowChange(change);
+} catch (const std::bad_alloc&) {
+    m_inside->ForgetLines();
+}
+
+// --- Operations
+
+bool TextEditor::SetText(LPCWSTR psz)
+try {
+    Inside& own = *m_inside;
+    const InputRules rules{!own.IsMultiLine(), false, false, false};
+    bool fCut = false;
+    const LPCWSTR pszText = psz ? psz : L"";
+    const auto nLength = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
+    own.ForgetLines();
+    if (HasStoredLineEnds(pszText, nLength, rules.fOneLine)) {
+        if (!own.model.SetText(pszText, nLength)) {
+            return false;
+        }
+    } else {
+        const std::vector<wchar_t> text = PrepareInput(pszText, nLength, rules, TextBuffer::MOST, &fCut);
+        if (!own.model.SetText(text.data(), static_cast<UINT>(text.size()))) {
+            return false;
+        }
+    }
+    own.fTrailing = false;
+    own.nColumn = -1;
+    own.nTop = 0;
+    own.xScroll = 0;
+    Reflow();
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+SplitText TextEditor::Text() const
+{
+    return m_inside->model.Text();
+}
+
+LRESULT TextEditor::CopyText(UINT nCapacity, LPWSTR pszBuffer) const
+{
+    if (nCapacity == 0 || !pszBuffer) {
+        return 0;
+    }
+    const UINT n = std::min(nCapacity - 1, Text().Length());
+    Text().Copy({0, n}, pszBuffer);
+    pszBuffer[n] = 0;
+    return n;
+}
+
+int TextEditor::GetText(LPWSTR pszBuffer, int* pnLength) const
+{
+    if (!pnLength) {
+        return 0;
+    }
+    const int nLength = static_cast<int>(Text().Length());
+    if (nLength >= *pnLength || !pszBuffer) {
+        *pnLength = nLength + 1;
+        return 0;
+    }
+    CopyText(static_cast<UINT>(nLength) + 1, pszBuffer);
+    *pnLength = nLength;
+    return 1;
+}
+
+TextRange TextEditor::Selection() const
+{
+    return m_inside->model.Selection();
+}
+
+UINT TextEditor::Caret() const
+{
+    return m_inside->model.Caret();
+}
+
+UINT TextEditor::Anchor() const
+{
+    return m_inside->model.Anchor();
+}
+
+void TextEditor::Select(UINT nAnchor, UINT nCaret)
+try {
+    m_inside->Select(nAnchor, nCaret);
+    m_inside->ShowChange();
+} catch (const std::bad_alloc&) {
+}
+
+bool TextEditor::ReplaceSelection(LPCWSTR psz, bool fCanUndo)
+try {
+    const LPCWSTR pszText = psz ? psz : L"";
+    const auto n = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
+    return m_inside->Insert(pszText, n, EditKind::Step, Inside::Origin::Program, fCanUndo);
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+bool TextEditor::Undo()
+{
+    return m_inside->TakeBack(&EditModel::Undo);
+}
+
+bool TextEditor::Redo()
+{
+    return m_inside->TakeBack(&EditModel::Redo);
+}
+
+bool TextEditor::CanRedo() const
+{
+    return m_inside->MayChange() && m_inside->model.CanRedo();
+}
+
+bool TextEditor::IsModified() const
+{
+    return m_inside->model.IsModified();
+}
+
+void TextEditor::SetModified(bool fModified)
+{
+    m_inside->model.SetModified(fModified);
+}
+
+// The view stays at the text that it shows.
+void TextEditor::Reflow()
+try {
+    Inside& own = *m_inside;
+    own.fStyled = false;
+    own.ForgetLines();
+    own.nWidest = 0;
+    if (own.Window()) {
+        const EditContext hdc(own.Window(), own.site.Font());
+        own.NeedStyle(hdc);
+        own.WrapAgain();
+    }
+    const Watch watch(own.site.Window());
+    own.Arrange();
+    if (watch) {
+        own.UpdateCaret();
+        own.Repaint();
+    }
+} catch (const std::bad_alloc&) {
+}
+
+void TextEditor::ScrollByBar(int nBar, UINT uCode, UINT nThumb)
+try {
+    m_inside->OnScroll(nBar, uCode, nThumb);
+} catch (const std::bad_alloc&) {
+}
+
+// --- Messages
+
+bool TextEditor::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    const Watch watch(m_inside->site.Window());
+    try {
+        return m_inside->OnEditMessage(uMsg, wParam, lParam, plAnswer) ||
+               m_inside->OnInput(uMsg, wParam, lParam, plAnswer) ||
+               m_inside->OnClipboardMessage(uMsg, plAnswer);
+    } catch (const std::bad_alloc&) {
+        if (watch) {
+            m_inside->ForgetLines();
+            m_inside->fPlacing = false;
+        }
+        return true;
+    }
+}
+
+bool TextEditor::Inside::OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    const POINT pt{PointOf(lParam).x, PointOf(lParam).y};
+    *plAnswer = 0;
+    switch (uMsg) {
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: return OnKey(static_cast<UINT>(wParam));
+    case WM_CHAR: return OnChar(static_cast<wchar_t>(wParam), plAnswer);
+    case WM_GETDLGCODE: *plAnswer = DialogCode(reinterpret_cast<const MSG*>(lParam)); return true;
+    case WM_LBUTTONDOWN: OnButtonDown(wParam, pt); return true;
+    case WM_LBUTTONDBLCLK: OnDoubleClick(pt); return true;
+    case WM_LBUTTONUP: OnButtonUp(pt); return true;
+    case WM_MOUSEMOVE: OnMove(pt); return true;
+    case WM_CAPTURECHANGED: OnCaptureLost(reinterpret_cast<HWND>(lParam)); return true;
+    case WM_SETCURSOR: *plAnswer = SetsCursor(LOWORD(lParam)); return *plAnswer != 0;
+    case WM_MOUSEWHEEL: return OnWheel(GET_WHEEL_DELTA_WPARAM(wParam), false);
+    case WM_MOUSEHWHEEL: return OnWheel(GET_WHEEL_DELTA_WPARAM(wParam), true);
+    case WM_VSCROLL: OnScroll(SB_VERT, LOWORD(wParam), HIWORD(wParam)); return true;
+    case WM_HSCROLL: OnScroll(SB_HORZ, LOWORD(wParam), HIWORD(wParam)); return true;
+    case WM_TIMER: return OnTimer(wParam);
+    case WM_CONTEXTMENU: return OnContextMenu(lParam);
+    case WM_SIZE: Arrange(); return false;
+    case WM_SETFOCUS: OnFocus(true); return true;
+    case WM_KILLFOCUS: OnFocus(false); return true;
+    default: return false;
+    }
+}
+
+bool TextEditor::Inside::OnClipboardMessage(UINT uMsg, LRESULT* plAnswer)
+{
+    *plAnswer = 0;
+    switch (uMsg) {
+    case WM_CUT: Cut(); return true;
+    case WM_COPY: Copy(); return true;
+    case WM_PASTE: Paste(); return true;
+    case WM_CLEAR: Erase(model.Selection()); return true;
+    default: return false;
+    }
+}
+
+void TextEditor::Inside::OnFocus(bool fGained)
+{
+    fCaret = fGained;
+    fDoubleClicked = false;
+    Repaint();
+    if (!fGained) {
+        DestroyCaret();
+        return;
+    }
+    CreateTextCaret(Window(), site.Font());
+    UpdateCaret();
+    ShowCaret(Window());
+}
+
+} // namespace gesso

@@ -1,0 +1,166 @@
+// Selected text that is dragged: within a field, and to another one of the program.
+
+#include <gesso/edit/FieldInput.h>
+#include <gesso/edit/TextEditorInside.h>
+#include <gesso/framework/Frame.h>
+
+#include <utility>
+
+namespace gesso {
+
+// The fields of a thread, so that one finds the other under the pointer.
+constinit thread_local TextEditor* TextEditor::s_pFirst = nullptr;
+
+TextEditor::TextEditor(EditorSite& site) : m_inside(new Inside(*this, site)), m_pNext(std::exchange(s_pFirst, this))
+{}
+
+TextEditor::~TextEditor()
+{
+    TextEditor** pp = &s_pFirst;
+    while (*pp != this) {
+        pp = &(*pp)->m_pNext;
+    }
+    *pp = m_pNext;
+    delete m_inside;
+}
+
+TextEditor* TextEditor::At(POINT ptScreen)
+{
+    const HWND hwnd = WindowFromPoint(ptScreen);
+    TextEditor* pEditor = s_pFirst;
+    while (pEditor && (!hwnd || pEditor->m_inside->Window() != hwnd)) {
+        pEditor = pEditor->m_pNext;
+    }
+    return pEditor;
+}
+
+namespace {
+
+POINT ToField(HWND hwnd, POINT ptScreen)
+{
+    ScreenToClient(hwnd, &ptScreen);
+    return ptScreen;
+}
+
+} // namespace
+
+// Masked text is not given away.
+void TextEditor::Inside::StartDrag()
+{
+    press = Mask() ? Press::None : Press::Dragging;
+}
+
+// The field under the pointer shows where the text would go.
+void TextEditor::Inside::MoveDrag(POINT pt)
+{
+    if (press != Press::Dragging) {
+        return;
+    }
+    POINT ptScreen = pt;
+    ClientToScreen(Window(), &ptScreen);
+    TextEditor* pTarget = TextEditor::At(ptScreen);
+    for (TextEditor* pEditor = TextEditor::s_pFirst; pEditor; pEditor = pEditor->m_pNext) {
+        Inside& field = *pEditor->m_inside;
+        const bool fHere = pEditor == pTarget && field.MayChange();
+        bool fBehind = false;
+        field.ShowDropAt(fHere ? std::optional(field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind))
+                               : std::nullopt);
+    }
+    constexpr WORD ARROW_CURSOR = 32512;
+    constexpr WORD NO_CURSOR = 32648;
+    const bool fTakes = pTarget && pTarget->m_inside->MayChange();
+    SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(fTakes ? ARROW_CURSOR : NO_CURSOR)));
+}
+
+void TextEditor::Inside::ShowDropAt(std::optional<UINT> at)
+{
+    if (dropAt != at) {
+        dropAt = at;
+        Repaint();
+    }
+}
+
+void TextEditor::Inside::EndDrag()
+{
+    for (TextEditor* pEditor = TextEditor::s_pFirst; pEditor; pEditor = pEditor->m_pNext) {
+        pEditor->m_inside->ShowDropAt(std::nullopt);
+    }
+}
+
+// With Ctrl the text stays where it was as well. Dropped on itself it stays as it is.
+void TextEditor::Inside::Drop(POINT pt)
+{
+    POINT ptScreen = pt;
+    ClientToScreen(Window(), &ptScreen);
+    const Watch watch(site.Window());
+    const bool fCopies = IsKeyDown(VK_CONTROL) || !MayChange();
+    const TextRange range = model.Selection();
+    std::vector<wchar_t> text(range.Length());
+    model.Text().Copy(range, text.data());
+    ReleaseCapture();
+    TextEditor* const pTarget = watch ? TextEditor::At(ptScreen) : nullptr;
+    if (!pTarget || !pTarget->m_inside->MayChange() || range != model.Selection()) {
+        return;
+    }
+    Inside& field = *pTarget->m_inside;
+    bool fBehind = false;
+    const UINT at = field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind);
+    if (&field == this) {
+        DropWithin(range, at, text, fCopies);
+        return;
+    }
+    const HWND hwndTarget = field.Window();
+    const Watch watchTarget(field.site.Window());
+    const bool fTaken = field.TakeDrop(at, text);
+    if (watch && fTaken && !fCopies && range == model.Selection()) {
+        Replace(range, L"", 0, EditKind::Step, Origin::User);
+    }
+    if (watchTarget) {
+        SetFocus(hwndTarget);
+    }
+}
+
+// One step: what is taken out and put in.
+void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::vector<wchar_t>& text,
+                                    bool fCopies)
+{
+    if (at >= range.nFrom && at <= range.nTo) {
+        if (!fCopies || at == range.nFrom || at == range.nTo) {
+            return;
+        }
+    }
+    if (fCopies) {
+        TakeDrop(at, text);
+        return;
+    }
+    const UINT nLength = range.Length();
+    model.BeginStep();
+    const DWORD dwNow = GetTickCount();
+    bool fDone = model.Replace({at, at}, text.data(), nLength, EditKind::Step, dwNow);
+    if (fDone) {
+        const UINT nFrom = at < range.nFrom ? range.nFrom + nLength : range.nFrom;
+        fDone = model.Replace({nFrom, nFrom + nLength}, L"", 0, EditKind::Step, dwNow);
+        const UINT nStart = fDone && at > range.nTo ? at - nLength : at;
+        model.Select(nStart, nStart + nLength);
+    }
+    model.EndStep();
+    fTrailing = false;
+    model.SetModified(true);
+    Changed(Origin::User);
+}
+
+// False unless all of it has come in.
+bool TextEditor::Inside::TakeDrop(UINT at, const std::vector<wchar_t>& text)
+{
+    const Watch watch(site.Window());
+    Select(at, at);
+    const UINT nFormer = model.Length();
+    const bool fTaken = Insert(text.data(), static_cast<UINT>(text.size()), EditKind::Step, Origin::User);
+    if (watch && model.Length() > nFormer && at + (model.Length() - nFormer) <= model.Length()) {
+        Select(at, at + (model.Length() - nFormer));
+        ShowChange();
+    }
+    return fTaken;
+}
+
+} // namespace gesso

@@ -1,0 +1,113 @@
+// What a text field paints: over the background that its control has drawn, row by row.
+
+#include <gesso/edit/TextEditorInside.h>
+#include <gesso/framework/Colors.h>
+#include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Saturate.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+void Fill(HDC hdc, const RECT& rc, COLORREF cr)
+{
+    BrushHandle brush;
+    brush.Reset(CreateSolidBrush(cr));
+    FillRect(hdc, &rc, brush);
+}
+
+} // namespace
+
+void TextEditor::Draw(HDC hdc, const RECT& rcShown)
+{
+    const TransparentScope mode(hdc);
+    const SelectScope font(hdc, m_inside->site.Font());
+    const TextColorScope color(
+        hdc, ColorOf(m_inside->IsEnabled() ? Color::FieldText : Color::FieldDisabledText));
+    const StateScope state(hdc);
+    const RECT rc = m_inside->Area();
+    IntersectClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
+    try {
+        m_inside->NeedStyle(hdc);
+        m_inside->WrapInView(hdc);
+        m_inside->DrawRows(hdc, rcShown);
+        m_inside->DrawCue(hdc);
+        m_inside->DrawDropMark(hdc);
+    } catch (const std::bad_alloc&) {
+        m_inside->ForgetLines(); // the rest shows when there is memory again
+    }
+}
+
+// The rows that touch rcShown. A part of a row at the bottom shows.
+void TextEditor::Inside::DrawRows(HDC hdc, const RECT& rcShown)
+{
+    const RECT rc = Area();
+    int64_t y = rc.top;
+    for (UINT nRow = nTop; nRow < model.Rows().Count() && y < rc.bottom; ++nRow, y += nRowHeight) {
+        if (y < rcShown.bottom && y + nRowHeight > rcShown.top) {
+            DrawRow(hdc, nRow, static_cast<int>(y), rc);
+        }
+    }
+}
+
+void TextEditor::Inside::DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea)
+{
+    LayoutOverlay::Add(hdc, {rcArea.left, y, rcArea.right, y + nRowHeight});
+    PreparedLine& line = Line(hdc, nRow);
+    const LineSource source = Source(hdc, nRow);
+    const int nLeft = rcArea.left + LeftOf(hdc, nRow) - xScroll;
+    const int nFrom = rcArea.left - nLeft;
+    const int nTo = rcArea.right - nLeft;
+    const UINT nStart = source.nStart;
+    const TextRange selected = model.Selection();
+    const UINT nEnd = nStart + line.Length();
+    if (ShowsSelection() && selected.nFrom < nEnd && selected.nTo > nStart) {
+        const TextRange part{std::max(selected.nFrom, nStart) - nStart, std::min(selected.nTo, nEnd) - nStart};
+        for (const PreparedLine::Stretch& stretch : line.Stretches(source, part, nFrom, nTo)) {
+            Fill(hdc, {nLeft + std::max(stretch.nLeft, nFrom), y, nLeft + std::min(stretch.nRight, nTo),
+                       y + nRowHeight},
+                 ColorOf(Color::FieldSelection));
+        }
+    }
+    line.Draw(source, {nLeft, y}, nFrom, nTo);
+}
+
+bool TextEditor::Inside::ShowsSelection() const
+{
+    return model.HasSelection() && (HasFocus() || (Style() & ES_NOHIDESEL));
+}
+
+bool TextEditor::Inside::ShowsCue() const
+{
+    return model.Length() == 0 && cue.size() > 1 && (fCueWithFocus || !HasFocus());
+}
+
+void TextEditor::Inside::DrawCue(HDC hdc)
+{
+    if (!ShowsCue()) {
+        return;
+    }
+    const TextColorScope color(hdc, ColorOf(Color::FieldDisabledText));
+    RECT rc = Area();
+    const UINT uAlign = Style() & ES_CENTER ? DT_CENTER : Style() & ES_RIGHT ? DT_RIGHT : DT_LEFT;
+    const UINT uLines = IsMultiLine() ? DT_WORDBREAK : DT_SINGLELINE | DT_END_ELLIPSIS;
+    ::DrawTextW(hdc, cue.data(), -1, &rc, DT_NOPREFIX | uAlign | uLines);
+}
+
+// Where what is dragged would go.
+void TextEditor::Inside::DrawDropMark(HDC hdc)
+{
+    if (!dropAt || *dropAt > model.Length()) {
+        return;
+    }
+    const UINT nRow = model.Rows().RowOf(*dropAt);
+    const CaretPlace place{*dropAt - model.Rows().Start(nRow), false};
+    const RECT rc = Area();
+    const int x = rc.left + LeftOf(hdc, nRow) + Line(hdc, nRow).XOf(Source(hdc, nRow), place) - xScroll;
+    const int y = Saturated(rc.top + (int64_t{nRow} - nTop) * nRowHeight);
+    Fill(hdc, {x, y, x + 1, Saturated(int64_t{y} + nRowHeight)}, ColorOf(Color::FieldText));
+}
+
+} // namespace gesso

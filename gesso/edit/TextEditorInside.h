@@ -1,0 +1,254 @@
+// What a TextEditor keeps, and what its sources share. Each concern has a source of its own: TextEditorLayout
+// (rows, scrolling, caret), ...Draw, ...Edit (changes, clipboard, undo), ...Keys, ...Mouse, ...Drag, ...Menu
+// and ...Messages (EM_).
+#pragma once
+
+#include <gesso/edit/LineWrap.h>
+#include <gesso/edit/TextEditor.h>
+#include <gesso/edit/TextInput.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
+
+#include <optional>
+#include <vector>
+
+namespace gesso {
+
+// The context of the field's window with its font, and what lines are prepared from.
+class EditContext
+{
+public:
+    EditContext(HWND hwnd, HFONT hFont) : m_hdc(hwnd), m_font(m_hdc, hFont) {}
+    operator HDC() const { return m_hdc; }
+
+private:
+    WindowContext m_hdc;
+    SelectScope m_font;
+};
+
+struct TextEditor::Inside
+{
+    Inside(TextEditor& editor, EditorSite& owner) : site(owner), model(editor) {}
+
+    // What a drag with the pressed button selects by.
+    enum class DragUnit
+    {
+        Characters,
+        Words,
+        Paragraphs
+    };
+    // What a press has begun.
+    enum class Press
+    {
+        None,
+        Selecting,
+        OnSelection, // which a move drags away, and a release collapses
+        Dragging
+    };
+    struct CachedLine
+    {
+        UINT nRow;
+        PreparedLine line;
+    };
+
+    EditorSite& site;
+    EditModel model;
+
+    // --- View
+    std::vector<CachedLine> lines; // of the rows in view, in no order
+    LineStyle style;
+    std::vector<UINT> tabStops; // in dialog units; none for the first ones
+    UINT nTop = 0;              // the first row in view
+    int xScroll = 0;
+    int nColumn = -1; // the x that Up and Down keep; -1 before the first of them
+    bool fTrailing = false;
+    int nWidest = 0;    // the widest line so far, for the bar
+    int nWrapWidth = 0; // what rows are wrapped at; 0 where they are not
+    UINT nWrapped = 0;  // text up to here is wrapped
+    std::optional<TextRange> unwrapped{}; // but what edits have changed here
+    int nRowHeight = 0;
+    int nAverage = 0;
+    int nLeftMargin = 0;
+    int nRightMargin = 0;
+    int nWheelRest = 0;
+    std::optional<TextRange> changedRows{}; // since the last ShowEdit; none for all of them
+    bool fRowsChanged = false;
+    bool fStyled = false; // the five above are of the present font
+    bool fPlacing = false;
+    bool fCaret = false; // the platform's caret is this window's
+
+    // --- Input
+    Press press = Press::None;
+    DragUnit unit = DragUnit::Characters;
+    TextRange pressed{0, 0}; // what the press selected, from which a drag goes on
+    POINT ptPressed{};
+    LONG nClickTime = 0; // of the double click, which a third one may follow
+    bool fDoubleClicked = false;
+    bool fInDialog = false;
+    wchar_t chRefused = 0;             // the first half of a character for which there was no room
+    std::optional<UINT> dropAt{};      // where what is dragged would go
+    UINT nLimit = TextBuffer::MOST;
+    std::vector<wchar_t> cue{};
+    bool fCueWithFocus = false;
+    wchar_t chPassword = 0;
+
+    // --- The window
+    HWND Window() const;
+    DWORD Style() const { return site.EditStyle(); }
+    bool IsMultiLine() const { return Style() & ES_MULTILINE; }
+    bool IsReadOnly() const { return Style() & ES_READONLY; }
+    bool IsEnabled() const { return !(Style() & WS_DISABLED); }
+    bool HasFocus() const;
+    wchar_t Mask() const;
+
+    // --- Layout
+    RECT Area() const; // the room for text, without the margins
+    bool Wraps() const;
+    void NeedStyle(HDC hdc);
+    UINT RowsInView() const;
+    LineSource Source(HDC hdc, UINT nRow);
+    PreparedLine& Line(HDC hdc, UINT nRow);
+    CachedLine* FindLine(UINT nRow);
+    void ForgetLines();
+    void FollowChange(const TextChange& change);
+    void NoteUnwrapped(const TextRange& range, int64_t nBy);
+    void WrapChanged(HDC hdc);
+    void WrapParagraph(HDC hdc, UINT nRow);
+    void WrapInView(HDC hdc);
+    void WrapAgain();
+    void WrapSlice();
+    bool NeedsWrapping(HDC hdc, UINT nRow);
+    void MeasureWidest(HDC hdc);
+    int LeftOf(HDC hdc, UINT nRow);
+    UINT LastTop() const;
+    int LastX();
+    bool ScrollTo(int64_t nRow, int64_t x);
+    void PlaceBars();
+    void Arrange();
+    CaretPlace CaretInRow(UINT nRow) const;
+    UINT CaretRow() const;
+    POINT CaretPoint(HDC hdc);
+    void BringCaretIntoView();
+    void UpdateCaret();
+    void ShowChange();
+    void Repaint() const;
+    void RepaintRows(UINT nFirst, UINT nBehind) const;
+    void ShowSelection(UINT nFormerCaret);
+    void ShowEdit();
+    // The offset at a point; beyond the text the nearest one.
+    UINT OffsetAt(POINT pt, bool* pfTrailing);
+    UINT RowAt(int y) const;
+
+    // --- Selection
+    void MoveTo(UINT n, bool fTrailing, bool fExtend);
+    void Select(UINT nAnchor, UINT nCaret);
+    void SelectAll();
+
+    // --- Changes
+    bool MayChange() const { return !IsReadOnly() && IsEnabled(); }
+    enum class Origin
+    {
+        User,   // is told, and painted at once
+        Program // is told
+    };
+    bool Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, Origin origin,
+                 bool fCanUndo = true);
+    bool Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origin, bool fCanUndo = true);
+    UINT RoomFor(const TextRange& range) const;
+    UINT CountThatFits(const TextRange& range, const std::vector<wchar_t>& text);
+    UINT RowsWith(const TextRange& range, const wchar_t* psz, UINT n);
+    void Changed(Origin origin);
+    bool TakeBack(bool (EditModel::*pfnStep)());
+    void Type(wchar_t ch);
+    void TypeBreak();
+    void Erase(const TextRange& range);
+    void Backspace(bool fWord);
+    void Delete(bool fWord);
+    bool Copy() const;
+    void Cut();
+    void Paste();
+    LRESULT Tell(UINT uCode) { return site.Tell(uCode); }
+
+    // --- Input
+    bool OnKey(UINT uKey);
+    bool OnControlKey(UINT uKey, bool fShift);
+    bool OnChar(wchar_t ch, LRESULT* plAnswer);
+    bool MoveByKey(UINT uKey, bool fControl, bool fExtend);
+    void MoveAcross(bool fRight, bool fWord, bool fExtend);
+    void MoveByRows(int64_t nRows, bool fExtend);
+    void MovePage(bool fDown, bool fExtend);
+    void ScrollByKey(int nRows);
+    void TellScrolled(UINT nFormerTop, int xFormer);
+    LRESULT DialogCode(const MSG* pMsg);
+
+    void OnButtonDown(WPARAM wKeys, POINT pt);
+    void OnDoubleClick(POINT pt);
+    bool CharAt(POINT pt, UINT* pnChar);
+    TextRange ParagraphAt(UINT n) const;
+    TextRange UnitAt(UINT n) const;
+    void SelectUnit(DragUnit unitPressed, UINT n);
+    void OnButtonUp(POINT pt);
+    void OnMove(POINT pt);
+    void DragSelection(POINT pt);
+    void ExtendTo(POINT pt);
+    bool OnTimer(UINT_PTR uId);
+    void ScrollOn();
+    void OnCaptureLost(HWND hwndNew);
+    bool ScrollByUser(int64_t nRow, int64_t x);
+    bool OnWheel(int nDelta, bool fAcross);
+    void OnScroll(int nBar, UINT uCode, UINT nThumb);
+    bool SetsCursor(UINT uHit);
+
+    void StartDrag();
+    void MoveDrag(POINT pt);
+    void Drop(POINT pt);
+    void EndDrag();
+    void ShowDropAt(std::optional<UINT> at);
+    void DropWithin(const TextRange& range, UINT at, const std::vector<wchar_t>& text, bool fCopies);
+    bool TakeDrop(UINT at, const std::vector<wchar_t>& text);
+
+    bool OnContextMenu(LPARAM lParam);
+    bool CanRun(UINT uCommand) const;
+    UINT RunMenu(POINT ptScreen) const;
+    void RunMenuCommand(UINT uCommand);
+
+    // --- Messages
+    bool OnEditMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    LRESULT GetSel(DWORD* pdwStart, DWORD* pdwEnd) const;
+    void SetSel(int nStart, int nEnd);
+    void SelectionSet();
+    void ReplaceByMessage(LPCWSTR psz, bool fCanUndo);
+    LRESULT GetLine(UINT nLine, LPWSTR pszTo) const;
+    LRESULT LineFromChar(WPARAM wChar) const;
+    LRESULT LineIndex(WPARAM wLine) const;
+    LRESULT LineLength(WPARAM wChar) const;
+    LRESULT CharFromPos(POINTS pt);
+    LRESULT PosFromChar(UINT n);
+    LRESULT FirstVisibleChar();
+    LRESULT LineScroll(int nCharacters, int nLines);
+    LRESULT ScrollByCode(UINT uCode);
+    bool MayUndo() const;
+    LRESULT ChangeStyle(DWORD dwBit, bool fOn);
+    void SetMargins(WPARAM wWhich, UINT nLeft, UINT nRight);
+    void SetPasswordChar(wchar_t ch);
+    LRESULT SetTabStops(UINT n, const UINT* pnUnits);
+    LRESULT SetCueBanner(LPCWSTR psz, bool fWithFocus);
+    LRESULT GetCueBanner(LPWSTR pszTo, UINT nCapacity) const;
+    bool OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnClipboardMessage(UINT uMsg, LRESULT* plAnswer);
+    void OnFocus(bool fGained);
+
+    // --- Drawing
+    void DrawRows(HDC hdc, const RECT& rcShown);
+    void DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea);
+    bool ShowsSelection() const;
+    bool ShowsCue() const;
+    void DrawCue(HDC hdc);
+    void DrawDropMark(HDC hdc);
+};
+
+// The timers of a field's window.
+constexpr UINT_PTR EDIT_TIMER_SCROLL = 0x6501; // a drag beyond the edge
+constexpr UINT_PTR EDIT_TIMER_WRAP = 0x6502;   // the rest of a long text
+
+} // namespace gesso

@@ -1,0 +1,259 @@
+// What keys and characters do in a text field.
+
+#include <gesso/edit/FieldInput.h>
+#include <gesso/edit/TextEditorInside.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/text/TextBoundary.h>
+
+#include <algorithm>
+
+namespace gesso {
+
+// --- Selection
+
+void TextEditor::Inside::Select(UINT nAnchor, UINT nCaret)
+{
+    model.Select(nAnchor, nCaret);
+    fTrailing = false;
+    nColumn = -1;
+}
+
+void TextEditor::Inside::MoveTo(UINT n, bool fBehind, bool fExtend)
+{
+    model.Select(fExtend ? model.Anchor() : n, n);
+    fTrailing = fBehind;
+}
+
+void TextEditor::Inside::SelectAll()
+{
+    Select(0, model.Length());
+    ShowChange();
+}
+
+// --- Moving
+
+// Ctrl+Home and Ctrl+End lead to the ends of the text. False for a key that moves nothing.
+bool TextEditor::Inside::MoveByKey(UINT uKey, bool fControl, bool fExtend)
+{
+    const UINT nRow = CaretRow();
+    switch (uKey) {
+    case VK_LEFT: MoveAcross(false, fControl, fExtend); break;
+    case VK_RIGHT: MoveAcross(true, fControl, fExtend); break;
+    case VK_HOME: MoveTo(fControl ? 0 : model.Rows().Start(nRow), false, fExtend); break;
+    case VK_END: MoveTo(fControl ? model.Length() : model.RowText(nRow).nTo, true, fExtend); break;
+    case VK_UP: MoveByRows(-1, fExtend); return true;
+    case VK_DOWN: MoveByRows(1, fExtend); return true;
+    case VK_PRIOR: MovePage(false, fExtend); return true;
+    case VK_NEXT: MovePage(true, fExtend); return true;
+    default: return false;
+    }
+    nColumn = -1;
+    return true;
+}
+
+// By words in the order of the text, by characters as they are shown. From a row's end on it goes to the next
+// row, and from a selection to its end on that side.
+void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
+{
+    const SplitText text = model.Text();
+    if (fWord) {
+        const UINT n = model.Caret();
+        MoveTo(fRight ? NextWordStart(text, n) : PreviousWordStart(text, n), false, fExtend);
+        return;
+    }
+    if (model.HasSelection() && !fExtend) {
+        MoveTo(fRight ? model.Selection().nTo : model.Selection().nFrom, fRight, false);
+        return;
+    }
+    const UINT nRow = CaretRow();
+    const EditContext hdc(Window(), site.Font());
+    PreparedLine& line = Line(hdc, nRow);
+    CaretPlace place = CaretInRow(nRow);
+    if (fRight ? line.StepRight(Source(hdc, nRow), &place) : line.StepLeft(Source(hdc, nRow), &place)) {
+        MoveTo(model.Rows().Start(nRow) + place.n, place.fTrailing, fExtend);
+    } else if (fRight && nRow + 1 < model.Rows().Count()) {
+        const bool fHard = model.EndsParagraph(nRow);
+        const UINT nNext = model.Rows().Start(nRow + 1);
+        MoveTo(fHard ? nNext : ClusterEnd(text, nNext), false, fExtend);
+    } else if (!fRight && nRow > 0) {
+        const UINT nEnd = model.RowText(nRow - 1).nTo;
+        MoveTo(model.EndsParagraph(nRow - 1) ? nEnd : ClusterStart(text, nEnd), false, fExtend);
+    } else if (!fExtend) {
+        MoveTo(model.Caret(), fTrailing, false);
+    }
+}
+
+// The caret keeps its column, also across rows that are shorter.
+void TextEditor::Inside::MoveByRows(int64_t nRows, bool fExtend)
+{
+    const EditContext hdc(Window(), site.Font());
+    if (nColumn < 0) {
+        nColumn = CaretPoint(hdc).x;
+    }
+    const UINT nFormer = CaretRow();
+    const auto nRow = static_cast<UINT>(
+        std::clamp<int64_t>(int64_t{nFormer} + nRows, 0, int64_t{model.Rows().Count()} - 1));
+    if (nWrapWidth > 0 && NeedsWrapping(hdc, nRow)) {
+        WrapParagraph(hdc, nRow);
+    }
+    if (nRow == nFormer) {
+        MoveTo(model.Caret(), fTrailing, fExtend);
+        return;
+    }
+    const CaretPlace place = Line(hdc, nRow).PlaceAt(Source(hdc, nRow), nColumn - LeftOf(hdc, nRow));
+    MoveTo(model.Rows().Start(nRow) + place.n, place.fTrailing, fExtend);
+}
+
+// The view moves by as many rows as the caret does.
+void TextEditor::Inside::MovePage(bool fDown, bool fExtend)
+{
+    const int64_t nPage = std::max<int64_t>(int64_t{RowsInView()} - 1, 1);
+    const int64_t nBy = fDown ? nPage : -nPage;
+    const int64_t nFormerTop = nTop;
+    MoveByRows(nBy, fExtend);
+    if (IsMultiLine()) {
+        ScrollTo(nFormerTop + nBy, xScroll);
+    }
+}
+
+void TextEditor::Inside::ScrollByKey(int nRows)
+{
+    const UINT nFormerTop = nTop;
+    ScrollTo(int64_t{nTop} + nRows, xScroll);
+    const Watch watch(site.Window());
+    Arrange();
+    if (watch) {
+        UpdateCaret();
+        Repaint();
+        TellScrolled(nFormerTop, xScroll);
+    }
+}
+
+void TextEditor::Inside::TellScrolled(UINT nFormerTop, int xFormer)
+{
+    const Watch watch(site.Window());
+    const bool fAcross = xFormer != xScroll;
+    if (nFormerTop != nTop) {
+        Tell(EN_VSCROLL);
+    }
+    if (watch && fAcross) {
+        Tell(EN_HSCROLL);
+    }
+}
+
+// --- Keys
+
+bool TextEditor::Inside::OnKey(UINT uKey)
+{
+    const bool fControl = IsKeyDown(VK_CONTROL);
+    const bool fShift = IsKeyDown(VK_SHIFT);
+    if (press == Press::Dragging) {
+        if (uKey == VK_ESCAPE) {
+            ReleaseCapture();
+        }
+        return true;
+    }
+    if (IsKeyDown(VK_MENU)) {
+        const bool fUndo = uKey == VK_BACK && !fControl && !fShift;
+        return fUndo && (TakeBack(&EditModel::Undo), true);
+    }
+    if (fControl && IsMultiLine() && (uKey == VK_UP || uKey == VK_DOWN)) {
+        ScrollByKey(uKey == VK_UP ? -1 : 1);
+        return true;
+    }
+    if (!IsMultiLine() && (uKey == VK_PRIOR || uKey == VK_NEXT)) {
+        return true;
+    }
+    const UINT nFormerTop = nTop;
+    const int xFormer = xScroll;
+    if (MoveByKey(uKey, fControl, fShift)) {
+        const Watch watch(site.Window());
+        ShowChange();
+        if (watch) {
+            TellScrolled(nFormerTop, xFormer);
+        }
+        return true;
+    }
+    switch (uKey) {
+    case VK_DELETE:
+        if (fShift && !fControl) {
+            Cut();
+        } else {
+            Delete(fControl);
+        }
+        return true;
+    case VK_INSERT:
+        if (fControl && !fShift) {
+            Copy();
+        } else if (fShift && !fControl) {
+            Paste();
+        }
+        return true;
+    default: return fControl && OnControlKey(uKey, fShift);
+    }
+}
+
+bool TextEditor::Inside::OnControlKey(UINT uKey, bool fShift)
+{
+    switch (uKey) {
+    case 'A': SelectAll(); return true;
+    case 'C': Copy(); return true;
+    case 'X': Cut(); return true;
+    case 'V': Paste(); return true;
+    case 'Y': TakeBack(&EditModel::Redo); return true;
+    case 'Z': TakeBack(fShift ? &EditModel::Redo : &EditModel::Undo); return true;
+    case VK_BACK: Backspace(!model.HasSelection()); return true;
+    default: return false;
+    }
+}
+
+// Ctrl with Alt is AltGr, which types.
+bool TextEditor::Inside::OnChar(wchar_t ch, LRESULT* plAnswer)
+{
+    constexpr wchar_t CHAR_DELETED_WORD = 127; // Ctrl+Backspace, which the key has done
+    *plAnswer = 0;
+    if (press == Press::Dragging) {
+        return true;
+    }
+    const bool fControl = IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
+    switch (ch) {
+    case CHAR_BACKSPACE:
+        if (!fControl) {
+            Backspace(false);
+        }
+        return true;
+    case CHAR_TAB:
+        if (!IsMultiLine()) {
+            SendTab(site.Window());
+        } else if (!fInDialog && !fControl) {
+            Type(ch);
+        }
+        return true;
+    case CHAR_RETURN:
+        if (IsMultiLine() && !fControl && (!fInDialog || (Style() & ES_WANTRETURN))) {
+            TypeBreak();
+        }
+        return true;
+    default:
+        if (ch >= L' ' && ch != CHAR_DELETED_WORD && !fControl) {
+            Type(ch);
+        }
+        return true;
+    }
+}
+
+// In a dialog Enter is the field's where it has ES_WANTRETURN, and Tab never is.
+LRESULT TextEditor::Inside::DialogCode(const MSG* pMsg)
+{
+    LRESULT lCode = DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
+    fInDialog = fInDialog || pMsg;
+    const bool fReturn = IsMultiLine() && (Style() & ES_WANTRETURN);
+    const bool fAsked = pMsg && pMsg->message == WM_KEYDOWN;
+    if (fReturn && (!fAsked || pMsg->wParam == VK_RETURN)) {
+        lCode |= fAsked ? DLGC_WANTMESSAGE : 0;
+    }
+    return lCode;
+}
+
+} // namespace gesso

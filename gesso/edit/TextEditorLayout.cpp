@@ -1,0 +1,565 @@
+// Rows, scrolling, and the caret.
+
+#include <gesso/edit/TextEditorInside.h>
+#include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/text/TextBoundary.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace gesso {
+namespace {
+
+constexpr UINT TAB_DIALOG_UNITS = 32; // 8 average characters
+constexpr int UNITS_PER_CHARACTER = 4;
+// A line that is longer is not shaped to tell how wide it is, nor whether it has to be wrapped.
+constexpr UINT LONG_LINE = 20000;
+// Rows above and below the view that stay prepared.
+constexpr UINT SPARE_ROWS = 16;
+// After an edit so many paragraphs are wrapped at once, and the rest by and by.
+constexpr UINT PARAGRAPHS_AT_ONCE = 256;
+constexpr UINT SLICE_PERIOD = 10; // milliseconds
+constexpr DWORD SLICE_TIME = 8;
+constexpr UINT SLICE_STEP = 32; // paragraphs between two looks at the clock
+
+} // namespace
+
+HWND TextEditor::Inside::Window() const
+{
+    return Frame::Handle(site.Window());
+}
+
+bool TextEditor::Inside::HasFocus() const
+{
+    return Window() && GetFocus() == Window();
+}
+
+wchar_t TextEditor::Inside::Mask() const
+{
+    constexpr wchar_t BULLET = 0x25CF;
+    if (!(Style() & ES_PASSWORD)) {
+        return 0;
+    }
+    return chPassword ? chPassword : BULLET;
+}
+
+// --- Style and rows
+
+RECT TextEditor::Inside::Area() const
+{
+    RECT rc = site.TextRect();
+    rc.left = Saturated(int64_t{rc.left} + nLeftMargin);
+    rc.right = Saturated(int64_t{rc.right} - nRightMargin);
+    return rc;
+}
+
+bool TextEditor::Inside::Wraps() const
+{
+    return IsMultiLine() && !(Style() & (ES_AUTOHSCROLL | WS_HSCROLL));
+}
+
+void TextEditor::Inside::NeedStyle(HDC hdc)
+{
+    if (fStyled) {
+        return;
+    }
+    TEXTMETRICW metric{};
+    GetTextMetricsW(hdc, &metric);
+    nRowHeight = std::max<int>(metric.tmHeight + metric.tmExternalLeading, 1);
+    nAverage = std::max<int>(metric.tmAveCharWidth, 1);
+    style.chMask = Mask();
+    style.tabs.clear();
+    const auto pixels = [&](UINT nUnits) {
+        return static_cast<int>(std::min<int64_t>(int64_t{nUnits} * nAverage / UNITS_PER_CHARACTER, SHRT_MAX));
+    };
+    for (const UINT nUnits : tabStops) {
+        style.tabs.push_back(pixels(nUnits));
+    }
+    if (tabStops.empty()) {
+        style.tabs.push_back(pixels(TAB_DIALOG_UNITS));
+    }
+    fStyled = true;
+}
+
+UINT TextEditor::Inside::RowsInView() const
+{
+    const RECT rc = Area();
+    const int64_t nHeight = int64_t{rc.bottom} - rc.top;
+    return static_cast<UINT>(std::max<int64_t>(nHeight / std::max(nRowHeight, 1), 1));
+}
+
+LineSource TextEditor::Inside::Source(HDC hdc, UINT nRow)
+{
+    return {hdc, model.Text(), model.Rows().Start(nRow), style};
+}
+
+TextEditor::Inside::CachedLine* TextEditor::Inside::FindLine(UINT nRow)
+{
+    const auto found =
+        std::find_if(lines.begin(), lines.end(), [&](const CachedLine& line) { return line.nRow == nRow; });
+    return found == lines.end() ? nullptr : &*found;
+}
+
+PreparedLine& TextEditor::Inside::Line(HDC hdc, UINT nRow)
+{
+    NeedStyle(hdc);
+    if (CachedLine* found = FindLine(nRow)) {
+        return found->line;
+    }
+    const UINT nSpare = RowsInView() + SPARE_ROWS;
+    std::erase_if(lines, [&](const CachedLine& line) {
+        return line.nRow + SPARE_ROWS < nTop || line.nRow > uint64_t{nTop} + nSpare;
+    });
+    PreparedLine line;
+    line.Prepare(Source(hdc, nRow), model.RowText(nRow).Length());
+    nWidest = std::max(nWidest, line.Width());
+    lines.push_back({nRow, std::move(line)});
+    return lines.back().line;
+}
+
+void TextEditor::Inside::ForgetLines()
+{
+    lines.clear();
+}
+
+// What was prepared follows a change of the text: a row that has changed alone is changed, others go.
+void TextEditor::Inside::FollowChange(const TextChange& change)
+{
+    const bool fOneRow = change.nRowsRemoved == 1 && change.nRowsInserted == 1;
+    fRowsChanged = fRowsChanged || !fOneRow || (changedRows && changedRows->nFrom != change.nRow) ||
+                   model.Length() == change.nInserted || model.Length() == 0;
+    changedRows = {change.nRow, change.nRow + 1};
+    const UINT nStart = model.Rows().Start(change.nRow);
+    const UINT nBehind = change.nRow + change.nRowsRemoved;
+    std::erase_if(lines, [&](const CachedLine& line) {
+        return line.nRow >= change.nRow && line.nRow < nBehind && !fOneRow;
+    });
+    for (CachedLine& line : lines) {
+        if (line.nRow >= nBehind) {
+            line.nRow = line.nRow - change.nRowsRemoved + change.nRowsInserted;
+        }
+    }
+    if (nTop >= nBehind) {
+        nTop = nTop - change.nRowsRemoved + change.nRowsInserted;
+    }
+    const int64_t nBy = int64_t{change.nInserted} - change.nRemoved;
+    if (nWrapped > change.nFrom) {
+        nWrapped = static_cast<UINT>(std::max<int64_t>(int64_t{nWrapped} + nBy, change.nFrom));
+    }
+    const HWND hwnd = Window();
+    if (!hwnd) {
+        ForgetLines();
+        return;
+    }
+    if (CachedLine* line = fOneRow ? FindLine(change.nRow) : nullptr) {
+        const EditContext hdc(hwnd, site.Font());
+        line->line.Change(Source(hdc, change.nRow), change.nFrom - nStart, change.nRemoved, change.nInserted);
+        nWidest = std::max(nWidest, line->line.Width());
+    }
+    NoteUnwrapped({change.nFrom, change.nFrom + change.nInserted}, nBy);
+}
+
+// Text whose paragraphs are not wrapped any more, nBy characters of it or in front of it having come.
+void TextEditor::Inside::NoteUnwrapped(const TextRange& range, int64_t nBy)
+{
+    if (!unwrapped) {
+        unwrapped = range;
+        return;
+    }
+    const auto moved = [&](UINT n) {
+        return n <= range.nFrom ? n : static_cast<UINT>(std::max<int64_t>(int64_t{n} + nBy, range.nFrom));
+    };
+    unwrapped = {std::min(moved(unwrapped->nFrom), range.nFrom), std::max(moved(unwrapped->nTo), range.nTo)};
+}
+
+// What edits have left unwrapped: a few paragraphs at once, many by and by.
+void TextEditor::Inside::WrapChanged(HDC hdc)
+{
+    const std::optional<TextRange> range = std::exchange(unwrapped, {});
+    if (!range || nWrapWidth <= 0) {
+        return;
+    }
+    UINT nRow = model.Rows().RowOf(range->nFrom);
+    for (UINT i = 0; nRow < model.Rows().Count() && model.Rows().Start(nRow) <= range->nTo; ++i) {
+        if (i == PARAGRAPHS_AT_ONCE) {
+            nWrapped = std::min(nWrapped, model.Rows().Start(nRow));
+            SetTimer(Window(), EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
+            return;
+        }
+        WrapParagraph(hdc, nRow);
+        nRow = model.ParagraphRows(nRow).nTo;
+    }
+}
+
+// --- Wrapping
+
+bool TextEditor::Inside::NeedsWrapping(HDC hdc, UINT nRow)
+{
+    const UINT nLength = model.RowText(nRow).Length();
+    if (model.ParagraphRows(nRow).Length() > 1 || nLength == 0) {
+        return false;
+    }
+    return nLength > LONG_LINE || Line(hdc, nRow).Width() > nWrapWidth;
+}
+
+// The view stays at the text that it shows.
+void TextEditor::Inside::WrapParagraph(HDC hdc, UINT nRow)
+{
+    NeedStyle(hdc);
+    const TextRange rows = model.ParagraphRows(nRow);
+    const UINT nStart = model.Rows().Start(rows.nFrom);
+    const UINT nLength = model.RowText(rows.nTo - 1).nTo - nStart;
+    const LineSource source{hdc, model.Text(), nStart, style};
+    std::vector<UINT> starts = WrapRows(source, nLength, nWrapWidth, nAverage);
+    std::for_each(starts.begin(), starts.end(), [&](UINT& n) { n += nStart; });
+    const auto nNew = static_cast<UINT>(starts.size());
+    const bool fSame = nNew == rows.Length() && [&] {
+        for (UINT i = 0; i < nNew; ++i) {
+            if (model.Rows().Start(rows.nFrom + i) != starts[i]) {
+                return false;
+            }
+        }
+        return true;
+    }();
+    const UINT nTopOffset = model.Rows().Start(nTop);
+    fRowsChanged = fRowsChanged || !fSame;
+    if (fSame || !model.Wrap(rows.nFrom, rows.Length(), starts.data(), nNew)) {
+        return;
+    }
+    std::erase_if(lines,
+                  [&](const CachedLine& line) { return line.nRow >= rows.nFrom && line.nRow < rows.nTo; });
+    for (CachedLine& line : lines) {
+        if (line.nRow >= rows.nTo) {
+            line.nRow = line.nRow - rows.Length() + nNew;
+        }
+    }
+    nTop = model.Rows().RowOf(nTopOffset);
+}
+
+void TextEditor::Inside::WrapInView(HDC hdc)
+{
+    if (nWrapWidth <= 0) {
+        return;
+    }
+    for (UINT nRow = nTop; nRow < model.Rows().Count() && nRow <= nTop + RowsInView(); ++nRow) {
+        if (NeedsWrapping(hdc, nRow)) {
+            WrapParagraph(hdc, nRow);
+        }
+    }
+}
+
+// After a change of width, font or style: what is in view at once, the rest by and by.
+void TextEditor::Inside::WrapAgain()
+{
+    const RECT rc = Area();
+    const int nWidth = Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0;
+    ForgetLines();
+    nWidest = 0;
+    const UINT nTopOffset = model.Rows().Start(nTop);
+    if (nWrapWidth > 0 && !model.Unwrap()) {
+        return;
+    }
+    nTop = model.Rows().RowOf(nTopOffset);
+    nWrapWidth = nWidth;
+    nWrapped = 0;
+    if (nWrapWidth > 0 && Window()) {
+        WrapSlice();
+    }
+}
+
+void TextEditor::Inside::WrapSlice()
+{
+    const HWND hwnd = Window();
+    const EditContext hdc(hwnd, site.Font());
+    const DWORD dwStart = GetTickCount();
+    UINT nRow = model.Rows().RowOf(nWrapped);
+    UINT nDone = 0;
+    while (nRow < model.Rows().Count() && nWrapWidth > 0) {
+        WrapParagraph(hdc, nRow);
+        nRow = model.ParagraphRows(nRow).nTo;
+        if (++nDone % SLICE_STEP == 0 && GetTickCount() - dwStart >= SLICE_TIME) {
+            break;
+        }
+    }
+    nWrapped = model.Rows().Start(nRow);
+    if (nRow < model.Rows().Count() && nWrapWidth > 0) {
+        SetTimer(hwnd, EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
+    } else {
+        KillTimer(hwnd, EDIT_TIMER_WRAP);
+    }
+}
+
+// --- Scrolling
+
+// Of a text that is not wrapped the longest line is taken for the widest, until wider ones have been seen.
+void TextEditor::Inside::MeasureWidest(HDC hdc)
+{
+    if (nWidest > 0 || nWrapWidth > 0) {
+        return;
+    }
+    UINT nLongest = 0;
+    UINT nMost = 0;
+    for (UINT nRow = 0; nRow < model.Rows().Count(); ++nRow) {
+        const UINT nLength = model.Rows().Length(nRow);
+        if (nLength > nMost) {
+            nMost = nLength;
+            nLongest = nRow;
+        }
+    }
+    if (nMost > LONG_LINE) {
+        nWidest = Saturated(int64_t{nMost} * nAverage);
+        return;
+    }
+    PreparedLine line;
+    line.Prepare(Source(hdc, nLongest), model.RowText(nLongest).Length());
+    nWidest = std::max(line.Width(), 1);
+}
+
+// Where a row begins, before scrolling: aligned while it fits.
+int TextEditor::Inside::LeftOf(HDC hdc, UINT nRow)
+{
+    const RECT rc = Area();
+    const int nRoom = rc.right - rc.left - Line(hdc, nRow).Width();
+    if (nRoom <= 0 || !(Style() & (ES_CENTER | ES_RIGHT))) {
+        return 0;
+    }
+    return Style() & ES_CENTER ? nRoom / 2 : nRoom - 1;
+}
+
+UINT TextEditor::Inside::LastTop() const
+{
+    const UINT nRows = model.Rows().Count();
+    const UINT nView = RowsInView();
+    return nRows > nView ? nRows - nView : 0;
+}
+
+// How far the text can move to the left; the caret has a pixel behind it.
+int TextEditor::Inside::LastX()
+{
+    const RECT rc = Area();
+    return std::max(Saturated(int64_t{nWidest} + 1 - (int64_t{rc.right} - rc.left)), 0);
+}
+
+bool TextEditor::Inside::ScrollTo(int64_t nRow, int64_t x)
+{
+    const auto nNewTop = static_cast<UINT>(std::clamp<int64_t>(nRow, 0, LastTop()));
+    const int xNew = nWrapWidth > 0 ? 0 : Saturated(std::max<int64_t>(x, 0));
+    if (nNewTop == nTop && xNew == xScroll) {
+        return false;
+    }
+    nTop = nNewTop;
+    xScroll = xNew;
+    return true;
+}
+
+void TextEditor::Inside::PlaceBars()
+{
+    const RECT rc = Area();
+    site.SetRange(SB_VERT, static_cast<int>(model.Rows().Count()) - 1, RowsInView(), static_cast<int>(nTop));
+    site.SetRange(SB_HORZ, std::max(nWidest, xScroll + 1), static_cast<UINT>(std::max<int>(rc.right - rc.left, 1)),
+                  xScroll);
+}
+
+// Brings rows, view and bars in order after whatever may have changed them. A bar that comes or goes changes
+// the width, which comes back here.
+void TextEditor::Inside::Arrange()
+{
+    const HWND hwnd = Window();
+    if (!hwnd || fPlacing) {
+        return;
+    }
+    const Watch watch(site.Window());
+    fPlacing = true;
+    for (int nRound = 0; nRound < 3; ++nRound) {
+        const RECT rc = Area();
+        {
+            const EditContext hdc(hwnd, site.Font());
+            NeedStyle(hdc);
+            if (nWrapWidth != (Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0)) {
+                WrapAgain();
+            }
+            WrapChanged(hdc);
+            WrapInView(hdc);
+            MeasureWidest(hdc);
+            ScrollTo(nTop, xScroll);
+        }
+        PlaceBars();
+        if (!watch) {
+            return;
+        }
+        const RECT rcNow = Area();
+        if (EqualRect(&rc, &rcNow)) {
+            break;
+        }
+    }
+    fPlacing = false;
+}
+
+// --- The caret
+
+UINT TextEditor::Inside::CaretRow() const
+{
+    const UINT nRow = model.Rows().RowOf(model.Caret());
+    const bool fBehindRow = fTrailing && nRow > 0 && model.Rows().Start(nRow) == model.Caret() &&
+                            !model.EndsParagraph(nRow - 1);
+    return fBehindRow ? nRow - 1 : nRow;
+}
+
+CaretPlace TextEditor::Inside::CaretInRow(UINT nRow) const
+{
+    return {model.Caret() - model.Rows().Start(nRow), fTrailing};
+}
+
+// Before scrolling, from the left end and the top of the text.
+POINT TextEditor::Inside::CaretPoint(HDC hdc)
+{
+    const UINT nRow = CaretRow();
+    const int x = Line(hdc, nRow).XOf(Source(hdc, nRow), CaretInRow(nRow));
+    return {LeftOf(hdc, nRow) + x, Saturated(int64_t{nRow} * nRowHeight)};
+}
+
+void TextEditor::Inside::BringCaretIntoView()
+{
+    const HWND hwnd = Window();
+    if (!hwnd) {
+        return;
+    }
+    const EditContext hdc(hwnd, site.Font());
+    NeedStyle(hdc);
+    WrapChanged(hdc);
+    if (nWrapWidth > 0 && NeedsWrapping(hdc, CaretRow())) {
+        WrapParagraph(hdc, CaretRow());
+    }
+    const UINT nRow = CaretRow();
+    const UINT nView = RowsInView();
+    int64_t nNewTop = nTop;
+    if (nRow < nTop) {
+        nNewTop = nRow;
+    } else if (nRow >= uint64_t{nTop} + nView) {
+        nNewTop = int64_t{nRow} - nView + 1;
+    }
+    const RECT rc = Area();
+    const int nWidth = std::max<int>(rc.right - rc.left, 1);
+    const int x = CaretPoint(hdc).x;
+    int64_t xNew = xScroll;
+    if (x < xScroll) {
+        xNew = x;
+    } else if (x > int64_t{xScroll} + nWidth - 1) {
+        xNew = int64_t{x} - nWidth + 1;
+    }
+    // A line that has become shorter leaves no room behind its end.
+    if (!IsMultiLine()) {
+        xNew = std::min<int64_t>(xNew, std::max(Line(hdc, 0).Width() + 1 - nWidth, 0));
+    }
+    ScrollTo(nNewTop, xNew);
+}
+
+// Another window's caret stays where it is.
+void TextEditor::Inside::UpdateCaret()
+{
+    const HWND hwnd = Window();
+    if (!fCaret || !hwnd) {
+        return;
+    }
+    const RECT rc = Area();
+    const EditContext hdc(hwnd, site.Font());
+    const POINT pt = CaretPoint(hdc);
+    SetCaretPos(Saturated(int64_t{rc.left} + pt.x - xScroll),
+                Saturated(rc.top + int64_t{pt.y} - int64_t{nTop} * nRowHeight));
+}
+
+void TextEditor::Inside::Repaint() const
+{
+    if (const HWND hwnd = Window()) {
+        InvalidateRect(hwnd, nullptr, FALSE);
+    }
+}
+
+void TextEditor::Inside::ShowChange()
+{
+    const Watch watch(site.Window());
+    BringCaretIntoView();
+    Arrange();
+    if (watch) {
+        UpdateCaret();
+        Repaint();
+    }
+}
+
+void TextEditor::Inside::RepaintRows(UINT nFirst, UINT nBehind) const
+{
+    RECT rc{};
+    const HWND hwnd = Window();
+    if (!hwnd || !GetClientRect(hwnd, &rc)) {
+        return;
+    }
+    const int64_t nAreaTop = Area().top;
+    rc.top = Saturated(nAreaTop + (int64_t{nFirst} - nTop) * nRowHeight);
+    rc.bottom = Saturated(nAreaTop + (int64_t{nBehind} - nTop) * nRowHeight);
+    InvalidateRect(hwnd, &rc, FALSE);
+}
+
+// After the user has moved one end of the selection: what lies between the two places of it.
+void TextEditor::Inside::ShowSelection(UINT nFormerCaret)
+{
+    const UINT nFormerTop = nTop;
+    const int xFormer = xScroll;
+    const UINT nFormerRow = model.Rows().RowOf(nFormerCaret);
+    BringCaretIntoView();
+    if (nTop != nFormerTop || xScroll != xFormer) {
+        const Watch watch(site.Window());
+        ShowChange();
+        if (watch) {
+            TellScrolled(nFormerTop, xFormer);
+        }
+        return;
+    }
+    UpdateCaret();
+    const UINT nRow = CaretRow();
+    RepaintRows(std::min(nFormerRow, nRow), std::max(nFormerRow, nRow) + 1);
+}
+
+// After an edit: the rows that changed, or all where others have moved.
+void TextEditor::Inside::ShowEdit()
+{
+    const UINT nFormerTop = nTop;
+    const int xFormer = xScroll;
+    const Watch watch(site.Window());
+    BringCaretIntoView();
+    Arrange();
+    if (!watch) {
+        return;
+    }
+    UpdateCaret();
+    const std::optional<TextRange> rows = std::exchange(changedRows, {});
+    const bool fMoved = std::exchange(fRowsChanged, false) || nTop != nFormerTop || xScroll != xFormer;
+    if (rows && !fMoved && !(Style() & (ES_CENTER | ES_RIGHT))) {
+        RepaintRows(rows->nFrom, rows->nTo);
+    } else {
+        Repaint();
+    }
+}
+
+// --- Points
+
+UINT TextEditor::Inside::RowAt(int y) const
+{
+    const int64_t nBelow = int64_t{y} - Area().top;
+    const int64_t nStep = nRowHeight > 0 ? nBelow / nRowHeight - (nBelow < 0 ? 1 : 0) : 0;
+    return static_cast<UINT>(std::clamp<int64_t>(nTop + nStep, 0, int64_t{model.Rows().Count()} - 1));
+}
+
+UINT TextEditor::Inside::OffsetAt(POINT pt, bool* pfTrailing)
+{
+    const EditContext hdc(Window(), site.Font());
+    NeedStyle(hdc);
+    const UINT nRow = RowAt(pt.y);
+    const int64_t x = int64_t{pt.x} - Area().left + xScroll - LeftOf(hdc, nRow);
+    const CaretPlace place = Line(hdc, nRow).PlaceAt(Source(hdc, nRow), Saturated(x));
+    *pfTrailing = place.fTrailing;
+    return model.Rows().Start(nRow) + place.n;
+}
+
+} // namespace gesso

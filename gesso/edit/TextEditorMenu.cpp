@@ -1,0 +1,121 @@
+// The context menu of a text field.
+
+#include <gesso/edit/TextEditorInside.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Saturate.h>
+
+namespace gesso {
+namespace {
+
+enum Command : UINT
+{
+    CMD_UNDO = 1,
+    CMD_REDO,
+    CMD_CUT,
+    CMD_COPY,
+    CMD_PASTE,
+    CMD_DELETE,
+    CMD_SELECT_ALL
+};
+
+struct Entry
+{
+    UINT uCommand; // 0 for a line
+    LPCWSTR pszText;
+};
+
+constexpr Entry ENTRIES[] = {{CMD_UNDO, L"&Undo"},     {CMD_REDO, L"&Redo"},   {0, nullptr},
+                             {CMD_CUT, L"Cu&t"},       {CMD_COPY, L"&Copy"},   {CMD_PASTE, L"&Paste"},
+                             {CMD_DELETE, L"&Delete"}, {0, nullptr},           {CMD_SELECT_ALL, L"Select &all"}};
+
+class PopupMenu
+{
+public:
+    PopupMenu() : m_hMenu(CreatePopupMenu()) {}
+    ~PopupMenu()
+    {
+        if (m_hMenu) {
+            DestroyMenu(m_hMenu);
+        }
+    }
+    PopupMenu(const PopupMenu&) = delete;
+    PopupMenu& operator=(const PopupMenu&) = delete;
+    operator HMENU() const { return m_hMenu; }
+
+private:
+    HMENU m_hMenu;
+};
+
+} // namespace
+
+// True where the parent has answered, or the menu was shown. By a key it comes up at the caret.
+bool TextEditor::Inside::OnContextMenu(LPARAM lParam)
+{
+    constexpr LPARAM BY_KEY = -1;
+    const Watch watch(site.Window());
+    if (Tell(EN_CONTEXTMENU) || !watch || !IsEnabled()) {
+        return true;
+    }
+    const HWND hwnd = Window();
+    SetFocus(hwnd);
+    if (!watch) {
+        return true;
+    }
+    POINT pt{static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
+    if (lParam == BY_KEY) {
+        const EditContext hdc(hwnd, site.Font());
+        const RECT rc = Area();
+        const POINT ptCaret = CaretPoint(hdc);
+        pt = {Saturated(int64_t{rc.left} + ptCaret.x - xScroll),
+              Saturated(rc.top + int64_t{ptCaret.y} + (1 - int64_t{nTop}) * nRowHeight)};
+        ClientToScreen(hwnd, &pt);
+    }
+    const UINT uCommand = RunMenu(pt);
+    if (watch) {
+        RunMenuCommand(uCommand);
+    }
+    return true;
+}
+
+bool TextEditor::Inside::CanRun(UINT uCommand) const
+{
+    const bool fChange = MayChange();
+    const bool fSelection = model.HasSelection();
+    switch (uCommand) {
+    case CMD_UNDO: return fChange && model.CanUndo();
+    case CMD_REDO: return fChange && model.CanRedo();
+    case CMD_CUT: return fChange && fSelection && !Mask();
+    case CMD_COPY: return fSelection && !Mask();
+    case CMD_PASTE: return fChange && IsClipboardFormatAvailable(CF_UNICODETEXT);
+    case CMD_DELETE: return fChange && fSelection;
+    default: return model.Selection().Length() < model.Length();
+    }
+}
+
+// What was chosen, or 0.
+UINT TextEditor::Inside::RunMenu(POINT ptScreen) const
+{
+    const PopupMenu menu;
+    for (const Entry& entry : ENTRIES) {
+        const UINT uState = entry.uCommand && !CanRun(entry.uCommand) ? MF_GRAYED : MF_ENABLED;
+        AppendMenuW(menu, entry.uCommand ? MF_STRING | uState : MF_SEPARATOR, entry.uCommand, entry.pszText);
+    }
+    return static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, ptScreen.x,
+                                            ptScreen.y, 0, Window(), nullptr));
+}
+
+void TextEditor::Inside::RunMenuCommand(UINT uCommand)
+{
+    switch (uCommand) {
+    case CMD_UNDO: TakeBack(&EditModel::Undo); break;
+    case CMD_REDO: TakeBack(&EditModel::Redo); break;
+    case CMD_CUT: Cut(); break;
+    case CMD_COPY: Copy(); break;
+    case CMD_PASTE: Paste(); break;
+    case CMD_DELETE: Erase(model.Selection()); break;
+    case CMD_SELECT_ALL: SelectAll(); break;
+    default: break;
+    }
+}
+
+} // namespace gesso
