@@ -23,10 +23,10 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 CANNOT_FAIL = {
     "they only compute": """CharLowerBuffW CharLowerW CharUpperBuffW EqualRect InflateRect IsRectEmpty MulDiv
         OffsetRect PtInRect StrCmpLogicalW""",
-    "their answer is the state itself": """GetCapture GetCurrentThreadId GetFocus GetForegroundWindow
-        GetKeyState GetLastError GetMessagePos GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
-        IsChild IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
-        GetWindowThreadProcessId""",
+    "their answer is the state itself": """GetCapture GetCurrentThreadId GetDoubleClickTime GetFocus GetForegroundWindow
+        GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
+        GetTickCount IsChild IsClipboardFormatAvailable IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
+        GetWindowThreadProcessId WindowFromPoint""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW

@@ -29,9 +29,7 @@ int BackgroundState(DWORD dwStyle)
 
 } // namespace
 
-GEdit::Modern::Modern(GEdit& owner)
-    : edit(owner), editor(*this), m_dwBars(Frame::Style(owner) & BARS)
-{}
+GEdit::Modern::Modern(GEdit& owner) : edit(owner), editor(*this), m_dwBars(Frame::Style(owner) & BARS) {}
 
 // --- What the field asks its control for
 
@@ -104,7 +102,9 @@ LRESULT GEdit::Modern::Paint()
     const Watch watch(edit);
     const HWND hwnd = edit.m_hWnd;
     RECT rcShown{};
-    GetUpdateRect(hwnd, &rcShown, FALSE);
+    if (!GetUpdateRect(hwnd, &rcShown, FALSE)) {
+        GetClientRect(hwnd, &rcShown);
+    }
     gesso::BufferedPaint paint(hwnd);
     if (watch) {
         Draw(paint.Context(), rcShown);
@@ -160,9 +160,7 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
             *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam);
         }
         return true;
-    case WM_CAPTURECHANGED:
-        editor.OnMessage(uMsg, wParam, lParam, plAnswer);
-        return false;
+    case WM_CAPTURECHANGED: editor.OnMessage(uMsg, wParam, lParam, plAnswer); return false;
     case WM_STYLECHANGED:
         if (!m_fOwnStyle && wParam == static_cast<WPARAM>(GWL_STYLE)) {
             m_dwBars |= Frame::Style(edit) & BARS;

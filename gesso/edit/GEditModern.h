@@ -27,6 +27,6 @@ private:
     LRESULT Paint();
     void OnFocus(bool fGained);
 
-    DWORD m_dwBars = 0;   // WS_VSCROLL and WS_HSCROLL as the host gave them
+    DWORD m_dwBars = 0;       // WS_VSCROLL and WS_HSCROLL as the host gave them
     bool m_fOwnStyle = false; // the platform changes the style as bars come and go
 };

@@ -31,8 +31,8 @@ std::vector<wchar_t> TextOf(const GEdit& edit)
 std::vector<wchar_t> FirstLineOf(const GEdit& edit)
 {
     std::vector<wchar_t> text = TextOf(edit);
-    const auto end = std::find_if(text.begin(), text.end() - 1,
-                                  [](wchar_t ch) { return ch == L'\r' || ch == L'\n'; });
+    const auto end =
+        std::find_if(text.begin(), text.end() - 1, [](wchar_t ch) { return ch == L'\r' || ch == L'\n'; });
     text.erase(end, text.end() - 1);
     return text;
 }

@@ -66,7 +66,10 @@ public:
     }
 
 private:
-    bool Begins(UINT n) const { return n == 0 || IsClusterBoundary(m_source.text, m_source.nStart + m_nStart + n); }
+    bool Begins(UINT n) const
+    {
+        return n == 0 || IsClusterBoundary(m_source.text, m_source.nStart + m_nStart + n);
+    }
 
     void AddRun(UINT nItem, int x)
     {
@@ -305,7 +308,8 @@ size_t PreparedLine::BoundaryOf(const std::vector<TextCell>& cells, const Found&
     const UINT n = place.n - at.nStart;
     for (size_t i = 0; i < cells.size(); ++i) {
         const TextCell& cell = cells[i];
-        const bool fHere = place.fTrailing ? n > cell.nFrom && n <= cell.nTo : n >= cell.nFrom && n < cell.nTo;
+        const bool fHere =
+            place.fTrailing ? n > cell.nFrom && n <= cell.nTo : n >= cell.nFrom && n < cell.nTo;
         if (fHere) {
             return i + (cell.fRightToLeft != place.fTrailing ? 1 : 0);
         }
@@ -319,7 +323,8 @@ int PreparedLine::XOf(const LineSource& source, const CaretPlace& given)
         return 0;
     }
     const UINT nLength = Length();
-    const CaretPlace place{std::min(given.n, nLength), (given.fTrailing && given.n > 0) || given.n >= nLength};
+    const CaretPlace place{std::min(given.n, nLength),
+                           (given.fTrailing && given.n > 0) || given.n >= nLength};
     const Found at = FindChar(place.fTrailing ? place.n - 1 : place.n);
     const std::vector<TextCell>& cells = Cells(source, at);
     const size_t n = BoundaryOf(cells, at, place);
@@ -378,7 +383,8 @@ bool PreparedLine::StepRight(const LineSource& source, CaretPlace* pPlace)
         n = 0;
     }
     const TextCell& cell = Cells(source, at)[n];
-    *pPlace = cell.fRightToLeft ? CaretPlace{at.nStart + cell.nFrom, false} : CaretPlace{at.nStart + cell.nTo, true};
+    *pPlace = cell.fRightToLeft ? CaretPlace{at.nStart + cell.nFrom, false}
+                                : CaretPlace{at.nStart + cell.nTo, true};
     return true;
 }
 
@@ -399,7 +405,8 @@ bool PreparedLine::StepLeft(const LineSource& source, CaretPlace* pPlace)
         n = Cells(source, at).size();
     }
     const TextCell& cell = Cells(source, at)[n - 1];
-    *pPlace = cell.fRightToLeft ? CaretPlace{at.nStart + cell.nTo, true} : CaretPlace{at.nStart + cell.nFrom, false};
+    *pPlace = cell.fRightToLeft ? CaretPlace{at.nStart + cell.nTo, true}
+                                : CaretPlace{at.nStart + cell.nFrom, false};
     return true;
 }
 

@@ -1,8 +1,8 @@
 // One line of a text field, shaped: how wide it is, where its characters stand, and its painting.
 //
-// The line is prepared in pieces: from tab to tab, and a long line in stretches that an edit changes one by one.
-// What mixes directions is in visual order within a piece. Offsets are characters of the line, from its start;
-// x is in pixels from the line's left end.
+// The line is prepared in pieces: from tab to tab, and a long line in stretches that an edit changes one by
+// one. What mixes directions is in visual order within a piece. Offsets are characters of the line, from its
+// start; x is in pixels from the line's left end.
 #pragma once
 
 #include <gesso/text/CDrawText.h>
@@ -41,8 +41,8 @@ struct TextCell
     int Right() const { return x + cx; }
 };
 
-// A place for the caret: in front of a character, or where the one in front of it ends, which in a text of both
-// directions, and where a line is wrapped, is elsewhere.
+// A place for the caret: in front of a character, or where the one in front of it ends, which in a text of
+// both directions, and where a line is wrapped, is elsewhere.
 struct CaretPlace
 {
     UINT n;
@@ -100,7 +100,8 @@ private:
         bool fTab = false;
         bool fPrepared = false;
         stcDrawTextBuffer buffer{};
-        std::vector<TextCell> cells{}; // in visual order, from the piece's start; none before they are asked for
+        std::vector<TextCell>
+            cells{}; // in visual order, from the piece's start; none before they are asked for
     };
     struct Found
     {
@@ -110,7 +111,8 @@ private:
     };
 
     void Clear();
-    void AppendPieces(const LineSource& source, const TextRange& range, bool fLong, std::vector<Piece>* pPieces);
+    void AppendPieces(const LineSource& source, const TextRange& range, bool fLong,
+                      std::vector<Piece>* pPieces);
     void Measure(const LineSource& source);
     void Shape(const LineSource& source, Piece& piece, UINT nStart);
     const std::vector<TextCell>& Cells(const LineSource& source, const Found& at);

@@ -42,7 +42,8 @@ public:
     UINT Anchor() const;
     // The caret goes to nCaret, and comes into view. Tells nothing.
     void Select(UINT nAnchor, UINT nCaret);
-    // As EM_REPLACESEL does, which tells. False unless all of it has come in. The control may be gone afterwards.
+    // As EM_REPLACESEL does, which tells. False unless all of it has come in. The control may be gone
+    // afterwards.
     bool ReplaceSelection(LPCWSTR psz, bool fCanUndo);
     bool Undo();
     bool Redo();

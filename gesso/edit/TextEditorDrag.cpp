@@ -11,7 +11,8 @@ namespace gesso {
 // The fields of a thread, so that one finds the other under the pointer.
 constinit thread_local TextEditor* TextEditor::s_pFirst = nullptr;
 
-TextEditor::TextEditor(EditorSite& site) : m_inside(new Inside(*this, site)), m_pNext(std::exchange(s_pFirst, this))
+TextEditor::TextEditor(EditorSite& site)
+    : m_inside(new Inside(*this, site)), m_pNext(std::exchange(s_pFirst, this))
 {}
 
 TextEditor::~TextEditor()

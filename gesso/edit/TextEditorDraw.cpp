@@ -24,8 +24,8 @@ void TextEditor::Draw(HDC hdc, const RECT& rcShown)
 {
     const TransparentScope mode(hdc);
     const SelectScope font(hdc, m_inside->site.Font());
-    const TextColorScope color(
-        hdc, ColorOf(m_inside->IsEnabled() ? Color::FieldText : Color::FieldDisabledText));
+    const TextColorScope color(hdc,
+                               ColorOf(m_inside->IsEnabled() ? Color::FieldText : Color::FieldDisabledText));
     const StateScope state(hdc);
     const RECT rc = m_inside->Area();
     IntersectClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
@@ -64,10 +64,12 @@ void TextEditor::Inside::DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea)
     const TextRange selected = model.Selection();
     const UINT nEnd = nStart + line.Length();
     if (ShowsSelection() && selected.nFrom < nEnd && selected.nTo > nStart) {
-        const TextRange part{std::max(selected.nFrom, nStart) - nStart, std::min(selected.nTo, nEnd) - nStart};
+        const TextRange part{std::max(selected.nFrom, nStart) - nStart,
+                             std::min(selected.nTo, nEnd) - nStart};
         for (const PreparedLine::Stretch& stretch : line.Stretches(source, part, nFrom, nTo)) {
-            Fill(hdc, {nLeft + std::max(stretch.nLeft, nFrom), y, nLeft + std::min(stretch.nRight, nTo),
-                       y + nRowHeight},
+            Fill(hdc,
+                 {nLeft + std::max(stretch.nLeft, nFrom), y, nLeft + std::min(stretch.nRight, nTo),
+                  y + nRowHeight},
                  ColorOf(Color::FieldSelection));
         }
     }

@@ -59,7 +59,8 @@ UINT TextEditor::Inside::RoomFor(const TextRange& range) const
 UINT TextEditor::Inside::CountThatFits(const TextRange& range, const std::vector<wchar_t>& text)
 {
     const auto nAll = static_cast<UINT>(text.size());
-    const bool fScrolls = IsMultiLine() ? (Style() & (ES_AUTOVSCROLL | WS_VSCROLL)) : (Style() & ES_AUTOHSCROLL);
+    const bool fScrolls =
+        IsMultiLine() ? (Style() & (ES_AUTOVSCROLL | WS_VSCROLL)) : (Style() & ES_AUTOHSCROLL);
     if (fScrolls || !Window()) {
         return nAll;
     }
@@ -120,8 +121,8 @@ UINT TextEditor::Inside::RowsWith(const TextRange& range, const wchar_t* psz, UI
     return nRows;
 }
 
-// What comes in takes the selection's place, as far as it is allowed and there is room. False unless all of it
-// has come in.
+// What comes in takes the selection's place, as far as it is allowed and there is room. False unless all of
+// it has come in.
 bool TextEditor::Inside::Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origin, bool fCanUndo)
 {
     const Watch watch(site.Window());

@@ -62,9 +62,9 @@ struct TextEditor::Inside
     int xScroll = 0;
     int nColumn = -1; // the x that Up and Down keep; -1 before the first of them
     bool fTrailing = false;
-    int nWidest = 0;    // the widest line so far, for the bar
-    int nWrapWidth = 0; // what rows are wrapped at; 0 where they are not
-    UINT nWrapped = 0;  // text up to here is wrapped
+    int nWidest = 0;                      // the widest line so far, for the bar
+    int nWrapWidth = 0;                   // what rows are wrapped at; 0 where they are not
+    UINT nWrapped = 0;                    // text up to here is wrapped
     std::optional<TextRange> unwrapped{}; // but what edits have changed here
     int nRowHeight = 0;
     int nAverage = 0;
@@ -85,8 +85,8 @@ struct TextEditor::Inside
     LONG nClickTime = 0; // of the double click, which a third one may follow
     bool fDoubleClicked = false;
     bool fInDialog = false;
-    wchar_t chRefused = 0;             // the first half of a character for which there was no room
-    std::optional<UINT> dropAt{};      // where what is dragged would go
+    wchar_t chRefused = 0;        // the first half of a character for which there was no room
+    std::optional<UINT> dropAt{}; // where what is dragged would go
     UINT nLimit = TextBuffer::MOST;
     std::vector<wchar_t> cue{};
     bool fCueWithFocus = false;

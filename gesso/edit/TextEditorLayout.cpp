@@ -72,7 +72,8 @@ void TextEditor::Inside::NeedStyle(HDC hdc)
     style.chMask = Mask();
     style.tabs.clear();
     const auto pixels = [&](UINT nUnits) {
-        return static_cast<int>(std::min<int64_t>(int64_t{nUnits} * nAverage / UNITS_PER_CHARACTER, SHRT_MAX));
+        return static_cast<int>(
+            std::min<int64_t>(int64_t{nUnits} * nAverage / UNITS_PER_CHARACTER, SHRT_MAX));
     };
     for (const UINT nUnits : tabStops) {
         style.tabs.push_back(pixels(nUnits));
@@ -358,8 +359,8 @@ void TextEditor::Inside::PlaceBars()
 {
     const RECT rc = Area();
     site.SetRange(SB_VERT, static_cast<int>(model.Rows().Count()) - 1, RowsInView(), static_cast<int>(nTop));
-    site.SetRange(SB_HORZ, std::max(nWidest, xScroll + 1), static_cast<UINT>(std::max<int>(rc.right - rc.left, 1)),
-                  xScroll);
+    site.SetRange(SB_HORZ, std::max(nWidest, xScroll + 1),
+                  static_cast<UINT>(std::max<int>(rc.right - rc.left, 1)), xScroll);
 }
 
 // Brings rows, view and bars in order after whatever may have changed them. A bar that comes or goes changes
@@ -402,8 +403,8 @@ void TextEditor::Inside::Arrange()
 UINT TextEditor::Inside::CaretRow() const
 {
     const UINT nRow = model.Rows().RowOf(model.Caret());
-    const bool fBehindRow = fTrailing && nRow > 0 && model.Rows().Start(nRow) == model.Caret() &&
-                            !model.EndsParagraph(nRow - 1);
+    const bool fBehindRow =
+        fTrailing && nRow > 0 && model.Rows().Start(nRow) == model.Caret() && !model.EndsParagraph(nRow - 1);
     return fBehindRow ? nRow - 1 : nRow;
 }
 

@@ -1,5 +1,6 @@
 // The context menu of a text field.
 
+#include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextEditorInside.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Saturate.h>
@@ -24,9 +25,10 @@ struct Entry
     LPCWSTR pszText;
 };
 
-constexpr Entry ENTRIES[] = {{CMD_UNDO, L"&Undo"},     {CMD_REDO, L"&Redo"},   {0, nullptr},
-                             {CMD_CUT, L"Cu&t"},       {CMD_COPY, L"&Copy"},   {CMD_PASTE, L"&Paste"},
-                             {CMD_DELETE, L"&Delete"}, {0, nullptr},           {CMD_SELECT_ALL, L"Select &all"}};
+constexpr Entry ENTRIES[] = {
+    {CMD_UNDO, L"&Undo"},     {CMD_REDO, L"&Redo"}, {0, nullptr},
+    {CMD_CUT, L"Cu&t"},       {CMD_COPY, L"&Copy"}, {CMD_PASTE, L"&Paste"},
+    {CMD_DELETE, L"&Delete"}, {0, nullptr},         {CMD_SELECT_ALL, L"Select &all"}};
 
 class PopupMenu
 {

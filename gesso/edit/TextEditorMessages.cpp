@@ -26,7 +26,9 @@ bool TextEditor::Inside::OnEditMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
     LRESULT& lAnswer = *plAnswer;
     lAnswer = 0;
     switch (uMsg) {
-    case EM_GETSEL: lAnswer = GetSel(reinterpret_cast<DWORD*>(wParam), reinterpret_cast<DWORD*>(lParam)); break;
+    case EM_GETSEL:
+        lAnswer = GetSel(reinterpret_cast<DWORD*>(wParam), reinterpret_cast<DWORD*>(lParam));
+        break;
     case EM_SETSEL: SetSel(static_cast<int>(wParam), static_cast<int>(lParam)); break;
     case EM_REPLACESEL: ReplaceByMessage(reinterpret_cast<LPCWSTR>(lParam), wParam != 0); break;
     case EM_GETLINE: lAnswer = GetLine(static_cast<UINT>(wParam), reinterpret_cast<LPWSTR>(lParam)); break;
@@ -39,7 +41,9 @@ bool TextEditor::Inside::OnEditMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
     case EM_SCROLLCARET: ShowChange(); break;
     case EM_LINESCROLL: lAnswer = LineScroll(static_cast<int>(wParam), static_cast<int>(lParam)); break;
     case EM_SCROLL: lAnswer = ScrollByCode(static_cast<UINT>(wParam)); break;
-    case EM_GETFIRSTVISIBLELINE: lAnswer = IsMultiLine() ? static_cast<LRESULT>(nTop) : FirstVisibleChar(); break;
+    case EM_GETFIRSTVISIBLELINE:
+        lAnswer = IsMultiLine() ? static_cast<LRESULT>(nTop) : FirstVisibleChar();
+        break;
     case EM_GETMODIFY: lAnswer = model.IsModified(); break;
     case EM_SETMODIFY: model.SetModified(wParam != 0); break;
     case EM_SETMARGINS: SetMargins(wParam, LOWORD(lParam), HIWORD(lParam)); break;
@@ -50,7 +54,9 @@ bool TextEditor::Inside::OnEditMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
         }
         break;
     case EM_FMTLINES: lAnswer = static_cast<LRESULT>(wParam); break;
-    case EM_LIMITTEXT: nLimit = wParam == 0 || wParam > TextBuffer::MOST ? TextBuffer::MOST : static_cast<UINT>(wParam); break;
+    case EM_LIMITTEXT:
+        nLimit = wParam == 0 || wParam > TextBuffer::MOST ? TextBuffer::MOST : static_cast<UINT>(wParam);
+        break;
     case EM_GETLIMITTEXT: lAnswer = nLimit; break;
     case EM_CANUNDO: lAnswer = MayUndo(); break;
     case EM_UNDO:
@@ -59,9 +65,13 @@ bool TextEditor::Inside::OnEditMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
     case EM_SETREADONLY: lAnswer = ChangeStyle(ES_READONLY, wParam != 0); break;
     case EM_SETPASSWORDCHAR: SetPasswordChar(static_cast<wchar_t>(wParam)); break;
     case EM_GETPASSWORDCHAR: lAnswer = Mask(); break;
-    case EM_SETTABSTOPS: lAnswer = SetTabStops(static_cast<UINT>(wParam), reinterpret_cast<const UINT*>(lParam)); break;
+    case EM_SETTABSTOPS:
+        lAnswer = SetTabStops(static_cast<UINT>(wParam), reinterpret_cast<const UINT*>(lParam));
+        break;
     case EM_SETCUEBANNER: lAnswer = SetCueBanner(reinterpret_cast<LPCWSTR>(lParam), wParam != 0); break;
-    case EM_GETCUEBANNER: lAnswer = GetCueBanner(reinterpret_cast<LPWSTR>(wParam), static_cast<UINT>(lParam)); break;
+    case EM_GETCUEBANNER:
+        lAnswer = GetCueBanner(reinterpret_cast<LPWSTR>(wParam), static_cast<UINT>(lParam));
+        break;
     default: return false;
     }
     return true;
@@ -127,15 +137,15 @@ LRESULT TextEditor::Inside::GetLine(UINT nLine, LPWSTR pszTo) const
 // -1 is the line of the selection's start, here and in the two below that of the caret.
 LRESULT TextEditor::Inside::LineFromChar(WPARAM wChar) const
 {
-    const bool fCaret = static_cast<int>(wChar) == -1;
-    const UINT n = fCaret ? model.Selection().nFrom : static_cast<UINT>(wChar);
+    const bool fOfCaret = static_cast<int>(wChar) == -1;
+    const UINT n = fOfCaret ? model.Selection().nFrom : static_cast<UINT>(wChar);
     return model.Rows().RowOf(std::min(n, model.Length()));
 }
 
 LRESULT TextEditor::Inside::LineIndex(WPARAM wLine) const
 {
-    const bool fCaret = static_cast<int>(wLine) == -1;
-    const UINT nRow = fCaret ? CaretRow() : static_cast<UINT>(wLine);
+    const bool fOfCaret = static_cast<int>(wLine) == -1;
+    const UINT nRow = fOfCaret ? CaretRow() : static_cast<UINT>(wLine);
     return nRow < model.Rows().Count() ? static_cast<LRESULT>(model.Rows().Start(nRow)) : NO_POSITION;
 }
 
@@ -149,7 +159,8 @@ LRESULT TextEditor::Inside::LineLength(WPARAM wChar) const
     const TextRange range = model.Selection();
     const UINT nFirst = model.Rows().RowOf(range.nFrom);
     const UINT nLast = model.Rows().RowOf(range.nTo);
-    return (range.nFrom - model.Rows().Start(nFirst)) + (model.RowText(nLast).nTo - std::min(range.nTo, model.RowText(nLast).nTo));
+    return (range.nFrom - model.Rows().Start(nFirst)) +
+           (model.RowText(nLast).nTo - std::min(range.nTo, model.RowText(nLast).nTo));
 }
 
 // --- Points
@@ -211,7 +222,8 @@ LRESULT TextEditor::Inside::LineScroll(int nCharacters, int nLines)
 
 LRESULT TextEditor::Inside::ScrollByCode(UINT uCode)
 {
-    const bool fKnown = uCode == SB_LINEUP || uCode == SB_LINEDOWN || uCode == SB_PAGEUP || uCode == SB_PAGEDOWN;
+    const bool fKnown =
+        uCode == SB_LINEUP || uCode == SB_LINEDOWN || uCode == SB_PAGEUP || uCode == SB_PAGEDOWN;
     if (!IsMultiLine() || !fKnown) {
         return FALSE;
     }

@@ -18,7 +18,8 @@ constexpr int SCROLL_CHARACTERS = 3; // across, of such a step and of a notch th
 
 bool AreNear(HWND hwnd, POINT a, POINT b, int nAcross, int nDown)
 {
-    return std::abs(a.x - b.x) <= SystemMetric(hwnd, nAcross) && std::abs(a.y - b.y) <= SystemMetric(hwnd, nDown);
+    return std::abs(a.x - b.x) <= SystemMetric(hwnd, nAcross) &&
+           std::abs(a.y - b.y) <= SystemMetric(hwnd, nDown);
 }
 
 } // namespace
@@ -178,7 +179,8 @@ void TextEditor::Inside::OnMove(POINT pt)
 void TextEditor::Inside::DragSelection(POINT pt)
 {
     const RECT rc = Area();
-    const bool fBeyond = pt.x < rc.left || pt.x >= rc.right || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom));
+    const bool fBeyond =
+        pt.x < rc.left || pt.x >= rc.right || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom));
     if (fBeyond) {
         SetTimer(Window(), EDIT_TIMER_SCROLL, SCROLL_PERIOD, nullptr);
     } else {
@@ -279,7 +281,7 @@ bool TextEditor::Inside::OnWheel(int nDelta, bool fAcross)
         nWheelRest = 0;
     }
     const UINT nLines = WheelLines();
-    const int64_t nStep = fAcross                 ? int64_t{SCROLL_CHARACTERS} * nAverage
+    const int64_t nStep = fAcross                      ? int64_t{SCROLL_CHARACTERS} * nAverage
                           : nLines == WHEEL_PAGESCROLL ? std::max<int64_t>(int64_t{RowsInView()} - 1, 1)
                                                        : int64_t{nLines};
     const int64_t nTurn = int64_t{nWheelRest} + nDelta * nStep;
@@ -297,7 +299,8 @@ void TextEditor::Inside::OnScroll(int nBar, UINT uCode, UINT nThumb)
 {
     const bool fDown = nBar == SB_VERT;
     const RECT rc = Area();
-    const int64_t nPage = fDown ? std::max<int64_t>(int64_t{RowsInView()} - 1, 1) : std::max<int>(rc.right - rc.left, 1);
+    const int64_t nPage =
+        fDown ? std::max<int64_t>(int64_t{RowsInView()} - 1, 1) : std::max<int>(rc.right - rc.left, 1);
     const int64_t nLine = fDown ? 1 : nAverage;
     const int64_t nLast = fDown ? int64_t{LastTop()} : LastX();
     int64_t nPos = fDown ? int64_t{nTop} : xScroll;
@@ -327,8 +330,8 @@ bool TextEditor::Inside::SetsCursor(UINT uHit)
     ScreenToClient(Window(), &pt);
     UINT nChar = 0;
     const TextRange selected = model.Selection();
-    if (press == Press::Selecting || selected.Length() == 0 || !CharAt(pt, &nChar) || nChar < selected.nFrom ||
-        nChar >= selected.nTo)
+    if (press == Press::Selecting || selected.Length() == 0 || !CharAt(pt, &nChar) ||
+        nChar < selected.nFrom || nChar >= selected.nTo)
     {
         return false;
     }

@@ -160,6 +160,12 @@ struct CaretState
 };
 CaretState Caret();
 
+// The next menu that pops up is answered by the item of this text, as it was given, if there is such a one
+// that is not grey; otherwise, and without this call, by none.
+void ChooseFromMenu(std::string_view text);
+// The items of the last menu that popped up, as "&Undo (grey)|-|&Copy"; empty before the first.
+std::string LastMenu();
+
 // --- Accounting ---
 
 // The kinds of platform object that are counted while they live.

@@ -9,6 +9,7 @@ namespace gesso::headless {
 
 inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"ActivateActCtx", "FALSE"},
+    {"AppendMenuW", "FALSE"},
     {"BeginDeferWindowPos", "null"},
     {"BeginPaint", "null"},
     {"BitBlt", "FALSE"},
@@ -28,6 +29,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"CreateIcon", "null"},
     {"CreateIconIndirect", "null"},
     {"CreatePen", "null"},
+    {"CreatePopupMenu", "null"},
     {"CreateRectRgn", "null"},
     {"CreateSolidBrush", "null"},
     {"CreateWindowExW", "null"},
@@ -36,6 +38,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"DeleteObject", "FALSE", true},
     {"DestroyCaret", "FALSE", true},
     {"DestroyIcon", "FALSE", true},
+    {"DestroyMenu", "FALSE", true},
     {"DestroyWindow", "FALSE", true},
     {"DialogBoxIndirectParamW", "-1"},
     {"DrawEdge", "FALSE"},
@@ -97,6 +100,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"GetThemeSysFont", "HRESULT"},
     {"GetThemeTextExtent", "HRESULT"},
     {"GetThemeTextMetrics", "HRESULT"},
+    {"GetUpdateRect", "FALSE"},
     {"GetWindow", "null"},
     {"GetWindowDC", "null"},
     {"GetWindowLongPtrW", "0"},
@@ -189,6 +193,8 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"SystemParametersInfoW", "FALSE"},
     {"TextOutW", "FALSE"},
     {"TrackMouseEvent", "FALSE"},
+    {"TrackPopupMenu", "0"},
+    {"UpdateWindow", "FALSE"},
 };
 
 } // namespace gesso::headless

@@ -211,6 +211,9 @@ struct Desktop : std::enable_shared_from_this<Desktop>
     int caretHidden = 0;
     InputMethod inputMethod{};
 
+    std::string menuChoice; // what the next menu that pops up is answered by
+    std::string lastMenu;
+
     bool tracing = false;
     HWND traced = nullptr;
     std::vector<Message> trace;

@@ -324,12 +324,18 @@ BOOL WINAPI ValidateRect(HWND hwnd, const RECT* rect)
 BOOL WINAPI UpdateWindow(HWND hwnd)
 {
     const TableLock lock;
+    if (FaultFires("UpdateWindow")) {
+        return FALSE;
+    }
     return hwnd && Redraw(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 BOOL WINAPI GetUpdateRect(HWND hwnd, LPRECT out, BOOL erase)
 {
     const TableLock lock;
+    if (FaultFires("GetUpdateRect")) {
+        return FALSE;
+    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
