@@ -59,7 +59,7 @@ TEST_F(GEditModernTest, TypingGoesInAtTheCaretAndIsTold)
 {
     Make(20, 3, ONE_LINE);
     Focus();
-    host.Take();
+    host.TakeReports();
     Type(L"ab c");
     EXPECT_EQ(Shown(), "ab c|");
     Select(1, 2);

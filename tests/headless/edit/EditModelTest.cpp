@@ -24,7 +24,7 @@ protected:
     void Type(const std::string& text)
     {
         for (const char c : text) {
-            EXPECT_TRUE(Put(Wide(std::string(1, c)), EditKind::Typing));
+            EXPECT_TRUE(Put(CharactersOf(std::string(1, c)), EditKind::Typing));
         }
     }
     void Erase(UINT nFrom, UINT nTo)
@@ -33,7 +33,7 @@ protected:
     }
     void Start(const std::string& text)
     {
-        const Characters wide = Wide(text);
+        const Characters wide = CharactersOf(text);
         ASSERT_TRUE(model.SetText(wide.data(), static_cast<UINT>(wide.size())));
     }
     // A bar for the caret, and one for the anchor where it is elsewhere.
@@ -134,7 +134,7 @@ TEST_F(EditModelTest, WhatIsMadeTogetherIsTakenBackTogether)
     model.BeginStep();
     EXPECT_TRUE(Put({}));
     model.Select(3, 3);
-    EXPECT_TRUE(Put(Wide("/one")));
+    EXPECT_TRUE(Put(CharactersOf("/one")));
     model.Select(5, 8);
     model.EndStep();
     model.Select(0, 0);
@@ -148,7 +148,7 @@ TEST_F(EditModelTest, WhatIsMadeTogetherIsTakenBackTogether)
 TEST_F(EditModelTest, AnEditThatCannotBeTakenBackEmptiesTheStack)
 {
     Type("ab ");
-    EXPECT_TRUE(Put(Wide("c"), EditKind::Step, false));
+    EXPECT_TRUE(Put(CharactersOf("c"), EditKind::Step, false));
     EXPECT_FALSE(model.CanUndo());
     Type("d");
     EXPECT_EQ(TakeAllBack(), Texts{"ab c|"});
@@ -173,7 +173,7 @@ TEST_F(EditModelTest, NoPlaceIsWithinALineEndOrAPair)
 TEST_F(EditModelTest, TheOldestStepsGoFirstAndTheNewestStays)
 {
     for (UINT i = 0; i < UndoStack::MOST_STEPS + 5; ++i) {
-        EXPECT_TRUE(Put(Wide("x")));
+        EXPECT_TRUE(Put(CharactersOf("x")));
     }
     EXPECT_EQ(TakeAllBack().size(), UndoStack::MOST_STEPS);
     EXPECT_EQ(Now(), "xxxxx|");
@@ -186,7 +186,7 @@ TEST_F(EditModelTest, TheOldestStepsGoFirstAndTheNewestStays)
     EXPECT_TRUE(model.Undo() && model.Undo());
     EXPECT_FALSE(model.Undo()) << "two fill it";
     EXPECT_TRUE(model.Redo() && model.Redo());
-    EXPECT_TRUE(Put(Wide("y")));
+    EXPECT_TRUE(Put(CharactersOf("y")));
     EXPECT_TRUE(model.Undo() && model.Undo());
     EXPECT_FALSE(model.Undo());
     EXPECT_TRUE(model.Redo() && model.Redo());
@@ -218,7 +218,7 @@ TEST_F(EditModelTest, WhatThereIsNoMemoryForIsNotDone)
     model.Select(0, 50'000);
     {
         const MemoryLimit limit;
-        EXPECT_FALSE(Put(Wide("a"))) << "the step to take back";
+        EXPECT_FALSE(Put(CharactersOf("a"))) << "the step to take back";
         EXPECT_FALSE(model.Undo()) << "what goes, to be done again";
         EXPECT_EQ(limit.Refused(), 2u);
     }
@@ -234,7 +234,7 @@ TEST_F(EditModelTest, ALongTextTakesLittleMoreThanItself)
 {
     Characters text;
     for (UINT i = 0; i < 50'000; ++i) {
-        const Characters line = Wide("18 characters a li/");
+        const Characters line = CharactersOf("18 characters a li/");
         text.insert(text.end(), line.begin(), line.end());
     }
     const size_t cbText = text.size() * sizeof(wchar_t);

@@ -71,7 +71,7 @@ private:
         for (UINT n = Number(nMost) + 1; n > 0; --n) {
             text += "abc  /"[Number(6)];
         }
-        return Wide(text);
+        return CharactersOf(text);
     }
     void Select(UINT nAnchor, UINT nCaret)
     {

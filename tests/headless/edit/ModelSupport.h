@@ -13,7 +13,7 @@
 namespace test {
 
 // A slash stands for a line end.
-inline Characters Wide(const std::string& text)
+inline Characters CharactersOf(const std::string& text)
 {
     Characters wide;
     for (const char c : text) {

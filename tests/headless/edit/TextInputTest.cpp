@@ -33,15 +33,15 @@ Prepared Prepare(LPCWSTR psz, const InputRules& rules, UINT nMost = NO_LIMIT)
 
 TEST(TextInput, EveryLineEndBecomesOneOrASpace)
 {
-    EXPECT_EQ(Prepare(L"\ra\nb\r\nc\n\r\r\n\r", MANY_LINES), (Prepared{Wide("/a/b/c////"), false}));
-    EXPECT_EQ(Prepare(L"\ra\nb\r\nc\n\r\r\n\r", ONE_LINE), (Prepared{Wide(" a b c    "), false}));
+    EXPECT_EQ(Prepare(L"\ra\nb\r\nc\n\r\r\n\r", MANY_LINES), (Prepared{CharactersOf("/a/b/c////"), false}));
+    EXPECT_EQ(Prepare(L"\ra\nb\r\nc\n\r\r\n\r", ONE_LINE), (Prepared{CharactersOf(" a b c    "), false}));
     EXPECT_EQ(Prepare(L"", MANY_LINES), (Prepared{{}, false}));
 }
 
 TEST(TextInput, OnlyWhatMayBeStoredCounts)
 {
-    EXPECT_EQ(Prepare(L"-12 a\r\n3", {true, true, false, false}, 3), (Prepared{Wide("123"), false}));
-    EXPECT_EQ(Prepare(L"-12 a\r\n3", {false, true, false, false}), (Prepared{Wide("12/3"), false}));
+    EXPECT_EQ(Prepare(L"-12 a\r\n3", {true, true, false, false}, 3), (Prepared{CharactersOf("123"), false}));
+    EXPECT_EQ(Prepare(L"-12 a\r\n3", {false, true, false, false}), (Prepared{CharactersOf("12/3"), false}));
     EXPECT_EQ(Prepare(L"x1", {true, true, false, false}, 0), (Prepared{{}, true}));
     EXPECT_EQ(Prepare(L"x", {true, true, false, false}, 0), (Prepared{{}, false}));
 }
@@ -54,9 +54,9 @@ TEST(TextInput, CaseIsChangedBeyondAscii)
 
 TEST(TextInput, ACutGoesThroughNoLineEndAndNoPair)
 {
-    EXPECT_EQ(Prepare(L"ab\ncd", MANY_LINES, 3), (Prepared{Wide("ab"), true}));
-    EXPECT_EQ(Prepare(L"ab\ncd", MANY_LINES, 4), (Prepared{Wide("ab/"), true}));
-    EXPECT_EQ(Prepare(L"a\xD83D\xDE00", MANY_LINES, 2), (Prepared{Wide("a"), true}));
+    EXPECT_EQ(Prepare(L"ab\ncd", MANY_LINES, 3), (Prepared{CharactersOf("ab"), true}));
+    EXPECT_EQ(Prepare(L"ab\ncd", MANY_LINES, 4), (Prepared{CharactersOf("ab/"), true}));
+    EXPECT_EQ(Prepare(L"a\xD83D\xDE00", MANY_LINES, 2), (Prepared{CharactersOf("a"), true}));
     EXPECT_EQ(Prepare(L"a\xD83D\xDE00", MANY_LINES, 3).fCut, false);
     EXPECT_EQ(Prepare(L"\xDE00\xDE00", MANY_LINES, 1), (Prepared{{0xDE00}, true})) << "no pair";
 }
