@@ -167,8 +167,8 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
             editor.Reflow();
         }
         return false;
-    case WM_SETFONT:
-    case WM_THEMECHANGED: return false;
+    case WM_WINDOWPOSCHANGED: *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam); return true;
+    case WM_THEMECHANGED: editor.Reflow(); return false;
     default: break;
     }
     return editor.OnMessage(uMsg, wParam, lParam, plAnswer);

@@ -268,6 +268,9 @@ void TextEditor::Inside::SetMargins(WPARAM wWhich, UINT nLeft, UINT nRight)
 // 0 shows the characters themselves.
 void TextEditor::Inside::SetPasswordChar(wchar_t ch)
 {
+    if (IsMultiLine()) {
+        return;
+    }
     chPassword = ch;
     fStyled = false;
     ForgetLines();

@@ -40,7 +40,10 @@ protected:
             shown += n == nFrom && nFrom != nTo ? "[" : "";
             shown += n == nTo ? (nFrom == nTo ? "|" : "]") : "";
             const wchar_t ch = text[n];
-            shown += ch == 0 || ch == L'\r' ? "" : ch == L'\n' ? "/" : ch < 0x80 ? std::string(1, static_cast<char>(ch)) : "?";
+            shown += ch == 0 || ch == L'\r' ? ""
+                     : ch == L'\n'          ? "/"
+                     : ch < 0x80            ? std::string(1, static_cast<char>(ch))
+                                            : "?";
         }
         return shown;
     }
@@ -149,7 +152,7 @@ TEST_F(GEditModernTest, ALongTextScrollsUnderKeysAndWheel)
     Make(20, 5, ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL);
     Focus();
     SetText(L"0\n1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11");
-    const LRESULT nView = 5;
+    const LRESULT nView = 4; // rows, the whole ones
     EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 0);
     Key(VK_NEXT);
     EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), nView - 1);
