@@ -66,12 +66,20 @@ bool Composition::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* pl
         // The input method shows no window for what is drawn in the field.
         *plAnswer = Frame::Default(wnd, uMsg, wParam, lParam & ~LPARAM{ISC_SHOWUICOMPOSITIONWINDOW});
         return true;
-    case WM_IME_STARTCOMPOSITION: Start(); return true;
-    case WM_IME_COMPOSITION: return Compose(lParam);
-    case WM_IME_ENDCOMPOSITION: Forget(); return true;
-    case WM_IME_REQUEST: return Answer(wParam, lParam, plAnswer);
+    case WM_IME_STARTCOMPOSITION:
+        *plAnswer = 0;
+        Start();
+        return true;
+    case WM_IME_COMPOSITION: *plAnswer = 0; return Compose(lParam);
+    case WM_IME_ENDCOMPOSITION:
+        *plAnswer = 0;
+        Forget();
+        return true;
+    case WM_IME_REQUEST: *plAnswer = 0; return Answer(wParam, lParam, plAnswer);
+    case WM_GETDLGCODE: return WantsKey(reinterpret_cast<const MSG*>(lParam), plAnswer);
     case WM_KEYDOWN:
         if (wParam == VK_ESCAPE && IsActive()) {
+            *plAnswer = 0;
             Cancel();
             return true;
         }
@@ -83,6 +91,16 @@ bool Composition::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* pl
     case WM_MBUTTONDOWN: return !Finish();
     default: return false;
     }
+}
+
+// Esc is the composition's before it is the dialog's.
+bool Composition::WantsKey(const MSG* pMsg, LRESULT* plAnswer) const
+{
+    const bool fWants = IsActive() && pMsg && pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_ESCAPE;
+    if (fWants) {
+        *plAnswer = DLGC_WANTMESSAGE;
+    }
+    return fWants;
 }
 
 void Composition::Start()

@@ -54,6 +54,7 @@ public:
 private:
     class Context;
 
+    bool WantsKey(const MSG* pMsg, LRESULT* plAnswer) const;
     void Start();
     bool Compose(LPARAM lParam);
     void ReadComposed(const Context& context);

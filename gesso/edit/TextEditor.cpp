@@ -183,7 +183,8 @@ bool TextEditor::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plA
 {
     const Watch watch(m_inside->site.Window());
     try {
-        return m_inside->OnEditMessage(uMsg, wParam, lParam, plAnswer) ||
+        return m_inside->composition.OnMessage(uMsg, wParam, lParam, plAnswer) ||
+               m_inside->OnEditMessage(uMsg, wParam, lParam, plAnswer) ||
                m_inside->OnInput(uMsg, wParam, lParam, plAnswer) ||
                m_inside->OnClipboardMessage(uMsg, plAnswer);
     } catch (const std::bad_alloc&) {

@@ -9,16 +9,13 @@
 #include <algorithm>
 
 namespace gesso {
-namespace {
 
-void Fill(HDC hdc, const RECT& rc, COLORREF cr)
+void TextEditor::Inside::Fill(HDC hdc, const RECT& rc, COLORREF cr)
 {
     BrushHandle brush;
     brush.Reset(CreateSolidBrush(cr));
     FillRect(hdc, &rc, brush);
 }
-
-} // namespace
 
 void TextEditor::Draw(HDC hdc, const RECT& rcShown)
 {
@@ -55,6 +52,10 @@ void TextEditor::Inside::DrawRows(HDC hdc, const RECT& rcShown)
 void TextEditor::Inside::DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea)
 {
     LayoutOverlay::Add(hdc, {rcArea.left, y, rcArea.right, y + nRowHeight});
+    if (composition.IsActive() && nRow == CaretRow()) {
+        DrawComposedRow(hdc, rcArea);
+        return;
+    }
     PreparedLine& line = Line(hdc, nRow);
     const LineSource source = Source(hdc, nRow);
     const int nLeft = rcArea.left + LeftOf(hdc, nRow) - xScroll;
@@ -83,7 +84,7 @@ bool TextEditor::Inside::ShowsSelection() const
 
 bool TextEditor::Inside::ShowsCue() const
 {
-    return model.Length() == 0 && cue.size() > 1 && (fCueWithFocus || !HasFocus());
+    return model.Length() == 0 && !composition.IsActive() && cue.size() > 1 && (fCueWithFocus || !HasFocus());
 }
 
 void TextEditor::Inside::DrawCue(HDC hdc)

@@ -1,8 +1,9 @@
 // What a TextEditor keeps, and what its sources share. Each concern has a source of its own: TextEditorLayout
-// (rows, scrolling, caret), ...Draw, ...Edit (changes, clipboard, undo), ...Keys, ...Mouse, ...Drag, ...Menu
-// and ...Messages (EM_).
+// (rows, scrolling, caret), ...Draw, ...Compose (input methods), ...Edit (changes, clipboard, undo), ...Keys,
+// ...Mouse, ...Drag, ...Menu and ...Messages (EM_).
 #pragma once
 
+#include <gesso/edit/Composition.h>
 #include <gesso/edit/LineWrap.h>
 #include <gesso/edit/TextEditor.h>
 #include <gesso/edit/TextInput.h>
@@ -26,7 +27,7 @@ private:
     SelectScope m_font;
 };
 
-struct TextEditor::Inside
+struct TextEditor::Inside final : private CompositionTarget
 {
     Inside(TextEditor& editor, EditorSite& owner) : site(owner), model(editor) {}
 
@@ -50,9 +51,24 @@ struct TextEditor::Inside
         UINT nRow;
         PreparedLine line;
     };
+    // The caret's row with what is composed in it, as it shows. For one context, and until the next change.
+    struct ComposedRow
+    {
+        ComposedRow(Inside& own, HDC hdc);
+        LineSource Source(Inside& own, HDC hdc) const;
+        // Of a place in the composed text, in client coordinates.
+        int XOf(Inside& own, HDC hdc, UINT nComposed);
+
+        std::vector<wchar_t> characters;
+        PreparedLine line;
+        TextRange composed{0, 0}; // within the characters
+        int xLeft = 0;            // of the line, in client coordinates
+        int y = 0;
+    };
 
     EditorSite& site;
     EditModel model;
+    Composition composition{*this};
 
     // --- View
     std::vector<CachedLine> lines; // of the rows in view, in no order
@@ -119,7 +135,8 @@ struct TextEditor::Inside
     void WrapSlice();
     bool NeedsWrapping(HDC hdc, UINT nRow);
     void MeasureWidest(HDC hdc);
-    int LeftOf(HDC hdc, UINT nRow);
+    int LeftOf(HDC hdc, UINT nRow) { return LeftOf(Line(hdc, nRow)); }
+    int LeftOf(const PreparedLine& line) const;
     UINT LastTop() const;
     int LastX();
     bool ScrollTo(int64_t nRow, int64_t x);
@@ -238,7 +255,19 @@ struct TextEditor::Inside
     bool OnClipboardMessage(UINT uMsg, LRESULT* plAnswer);
     void OnFocus(bool fGained);
 
+    // --- Input methods
+    const GWnd& ComposedWindow() const override { return site.Window(); }
+    HFONT ComposedFont() const override { return site.Font(); }
+    bool MayCompose() const override { return !IsReadOnly(); }
+    void ShowComposition() override;
+    RECT ComposedRect() override;
+    void Accept(LPCWSTR psz, UINT n) override;
+    std::optional<TextRange> Reconvertible() const override;
+    void Reconvert(const TextRange& range, wchar_t* pszTo) override;
+
     // --- Drawing
+    static void Fill(HDC hdc, const RECT& rc, COLORREF cr);
+    void DrawComposedRow(HDC hdc, const RECT& rcArea);
     void DrawRows(HDC hdc, const RECT& rcShown);
     void DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea);
     bool ShowsSelection() const;

@@ -319,10 +319,10 @@ void TextEditor::Inside::MeasureWidest(HDC hdc)
 }
 
 // Where a row begins, before scrolling: aligned while it fits.
-int TextEditor::Inside::LeftOf(HDC hdc, UINT nRow)
+int TextEditor::Inside::LeftOf(const PreparedLine& line) const
 {
     const RECT rc = Area();
-    const int nRoom = rc.right - rc.left - Line(hdc, nRow).Width();
+    const int nRoom = rc.right - rc.left - line.Width();
     if (nRoom <= 0 || !(Style() & (ES_CENTER | ES_RIGHT))) {
         return 0;
     }
@@ -400,8 +400,12 @@ void TextEditor::Inside::Arrange()
 
 // --- The caret
 
+// While something is composed that row which it shows in.
 UINT TextEditor::Inside::CaretRow() const
 {
+    if (composition.IsActive() && model.HasSelection()) {
+        return model.Rows().RowOf(model.Selection().nFrom);
+    }
     const UINT nRow = model.Rows().RowOf(model.Caret());
     const bool fBehindRow =
         fTrailing && nRow > 0 && model.Rows().Start(nRow) == model.Caret() && !model.EndsParagraph(nRow - 1);
@@ -417,6 +421,10 @@ CaretPlace TextEditor::Inside::CaretInRow(UINT nRow) const
 POINT TextEditor::Inside::CaretPoint(HDC hdc)
 {
     const UINT nRow = CaretRow();
+    if (composition.IsActive()) {
+        const int xCaret = ComposedRow(*this, hdc).XOf(*this, hdc, composition.Caret());
+        return {Saturated(int64_t{xCaret} - Area().left + xScroll), Saturated(int64_t{nRow} * nRowHeight)};
+    }
     const int x = Line(hdc, nRow).XOf(Source(hdc, nRow), CaretInRow(nRow));
     return {LeftOf(hdc, nRow) + x, Saturated(int64_t{nRow} * nRowHeight)};
 }

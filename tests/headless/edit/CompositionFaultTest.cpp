@@ -1,0 +1,108 @@
+// Composing while the platform fails, and how composed text is drawn.
+
+#include "../../support/Host.h"
+#include "../../support/WithBehavior.h"
+#include "../Faults.h"
+#include "../FreshDesktop.h"
+
+#include <algorithm>
+
+namespace test {
+namespace {
+
+namespace desk = gesso::headless;
+
+class CompositionFaultTest : public testing::Test
+{
+protected:
+    CompositionFaultTest()
+    {
+        hwnd = edit.Create(10, 10, 200, 30, host, 7, L"xy", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, 0);
+        SetFocus(hwnd);
+        SendMessageW(hwnd, EM_SETSEL, 1, 1);
+        m_himc = ImmGetContext(hwnd);
+    }
+
+    void Compose(LPCWSTR text)
+    {
+        const auto cb = static_cast<DWORD>(wcslen(text) * sizeof(wchar_t));
+        ImmSetCompositionStringW(m_himc, SCS_SETSTR, text, cb, nullptr, 0);
+    }
+    void Complete() { ImmNotifyIME(m_himc, NI_COMPOSITIONSTR, CPS_COMPLETE, 0); }
+    // How many rectangles that are one pixel high were filled: underlines.
+    int64_t Underlines()
+    {
+        desk::ClearDrawing(hwnd);
+        InvalidateRect(hwnd, nullptr, FALSE);
+        UpdateWindow(hwnd);
+        const auto drawing = desk::Drawing(hwnd);
+        return std::count_if(drawing.begin(), drawing.end(), [](const std::string& line) {
+            int left = 0;
+            int top = 0;
+            int right = 0;
+            int bottom = 0;
+            return std::sscanf(line.c_str(), "FillRect (%d,%d,%d,%d)", &left, &top, &right, &bottom) == 4 &&
+                   bottom - top == 1 && right - left > 1;
+        });
+    }
+
+    const FreshDesktop desktop;
+    const Modern modern;
+    Host host;
+    GEdit edit;
+    HWND hwnd = nullptr;
+
+private:
+    HIMC m_himc = nullptr;
+};
+
+TEST_F(CompositionFaultTest, ComposedTextIsUnderlined)
+{
+    EXPECT_EQ(Underlines(), 0);
+    Compose(L"abc");
+    EXPECT_EQ(Underlines(), 1);
+    Complete();
+    EXPECT_EQ(Underlines(), 0);
+}
+
+TEST_F(CompositionFaultTest, AResultThatCannotBeReadComesAsCharacters)
+{
+    for (const char* const operation : {"ImmGetCompositionStringW", "ImmGetContext"}) {
+        for (int skip = 0; skip < 2; ++skip) {
+            edit.SetText(L"xy");
+            SendMessageW(hwnd, EM_SETSEL, 1, 1);
+            Compose(L"ab");
+            Complete(); // how often it is asked until the result comes is the second one's
+            desk::Pump();
+            ASSERT_EQ(TextOf(hwnd), "xaby");
+            edit.SetText(L"xy");
+            SendMessageW(hwnd, EM_SETSEL, 1, 1);
+            Compose(L"ab");
+            desk::Fail(operation, 100, ERROR_NOT_ENOUGH_MEMORY, skip);
+            Complete();
+            EndFaults();
+            desk::Pump();
+            EXPECT_EQ(TextOf(hwnd), "xaby") << operation << " but for " << skip;
+        }
+    }
+}
+
+TEST_F(CompositionFaultTest, NothingElseIsLostWhereTheInputMethodFails)
+{
+    for (const char* const operation : {"ImmNotifyIME", "ImmReleaseContext", "ImmSetCandidateWindow",
+                                        "ImmSetCompositionFontW", "ImmSetCompositionWindow"})
+    {
+        edit.SetText(L"xy");
+        SendMessageW(hwnd, EM_SETSEL, 1, 1);
+        desk::Fail(operation, 100);
+        Compose(L"ab");
+        SetFocus(host);
+        EndFaults();
+        EXPECT_EQ(TextOf(hwnd), "xaby") << operation;
+        ImmNotifyIME(ImmGetContext(host), NI_COMPOSITIONSTR, CPS_CANCEL, 0);
+        SetFocus(hwnd);
+    }
+}
+
+} // namespace
+} // namespace test
