@@ -1,5 +1,5 @@
-// The edit fields of the entry page: one line, many lines, and the platform's own beside them, with a count
-// of what they report.
+// The edit fields of the entry page: one line, a long file, and lines of both directions, with a count of
+// what they report.
 #pragma once
 
 #include <gallery/Canvas.h>
@@ -15,12 +15,16 @@ public:
 
 private:
     int BuildSingleLines(POINT pt);
+    int BuildFile(POINT pt);
     int BuildSeveralLines(POINT pt);
     GEdit& Add(const RECT& rc, LPCWSTR pszText, DWORD dwStyle);
+    void Wrap(bool fWrap) const;
     void ShowCount() const;
 
     Canvas* m_pCanvas = nullptr;
     std::vector<GEdit*> m_edits;
+    GEdit* m_pFile = nullptr;
+    GCheckBox* m_pWrap = nullptr;
     GLabel* m_pCount = nullptr;
     int m_nChanges = 0;
 };

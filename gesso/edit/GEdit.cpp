@@ -134,9 +134,9 @@ GEdit::Modern* GEdit::AsModern() const
 }
 
 // The text goes to where it is edited.
-bool GEdit::BeModern()
+bool GEdit::BeModern(DWORD dwStyle)
 {
-    Own().pModern = new Modern(*this);
+    Own().pModern = new Modern(*this, dwStyle);
     const bool fTaken = Own().pModern->StartText(m_strText);
     StartText(L"");
     return fTaken;
@@ -199,11 +199,11 @@ LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
     return GWndScroll::OnNcCreate(pcs);
 }
 
-LRESULT GEdit::OnCreate(const CREATESTRUCTW*)
+LRESULT GEdit::OnCreate(const CREATESTRUCTW* pcs)
 {
     gesso::TakeFirstFont(*this, m_hFont);
     if (!Has(*this, gesso::Quirk::EditIsPlain)) {
-        return BeModern() ? 0 : -1;
+        return BeModern(static_cast<DWORD>(pcs->style)) ? 0 : -1;
     }
     Own().lines.BeOneLine();
     ChangeSelection({Own().lines, {}, {}});

@@ -201,7 +201,7 @@ private:
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     Modern* AsModern() const;
-    bool BeModern();
+    bool BeModern(DWORD dwStyle);
     LRESULT OnClassicMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     // Text. All that changes it and caret and anchor goes through the two that say so.

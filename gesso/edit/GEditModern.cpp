@@ -29,7 +29,22 @@ int BackgroundState(DWORD dwStyle)
 
 } // namespace
 
-GEdit::Modern::Modern(GEdit& owner) : edit(owner), editor(*this), m_dwBars(Frame::Style(owner) & BARS) {}
+GEdit::Modern::Modern(GEdit& owner, DWORD dwStyle) : edit(owner), editor(*this), m_dwBars(dwStyle & BARS)
+{
+    KeepStyle();
+}
+
+// The platform takes the style's bit away with a bar that has no range. The host would miss it in what it
+// asks for, and gives back changed.
+void GEdit::Modern::KeepStyle()
+{
+    const DWORD dwStyle = Frame::Style(edit);
+    if ((dwStyle & BARS) != m_dwBars) {
+        const bool fOuter = std::exchange(m_fOwnStyle, true);
+        SetWindowLongW(edit.m_hWnd, GWL_STYLE, static_cast<LONG>((dwStyle & ~BARS) | m_dwBars));
+        m_fOwnStyle = fOuter;
+    }
+}
 
 // --- What the field asks its control for
 
@@ -44,8 +59,7 @@ LRESULT GEdit::Modern::Tell(UINT uCode)
     return SendMessageW(edit.GetParent(), WM_COMMAND, wParam, reinterpret_cast<LPARAM>(edit.m_hWnd));
 }
 
-// A bar that the host has not asked for stays away. The platform adds and removes the style's bit with its
-// bar, which sizes the window.
+// A bar that the host has not asked for stays away. One that comes or goes sizes the window.
 void GEdit::Modern::SetRange(int nBar, int nMax, UINT nPage, int nPos)
 {
     const DWORD dwBit = nBar == SB_VERT ? WS_VSCROLL : WS_HSCROLL;
@@ -65,8 +79,10 @@ void GEdit::Modern::SetRange(int nBar, int nMax, UINT nPage, int nPos)
     }
     const Watch watch(edit);
     const bool fOuter = std::exchange(m_fOwnStyle, true);
-    SCROLLINFO si{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, nMax, nPage, nPos, 0};
-    edit.SetScrollInfo(nBar, &si, TRUE);
+    if (!fFits) {
+        const SCROLLINFO si{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE | SIF_POS, 0, nMax, nPage, nPos, 0};
+        edit.SetScrollInfo(nBar, &si, TRUE);
+    }
     if (watch && fFits != fHidden) {
         edit.ShowScrollBar(nBar, !fFits);
     }
@@ -163,7 +179,7 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
     case WM_CAPTURECHANGED: editor.OnMessage(uMsg, wParam, lParam, plAnswer); return false;
     case WM_STYLECHANGED:
         if (!m_fOwnStyle && wParam == static_cast<WPARAM>(GWL_STYLE)) {
-            m_dwBars |= Frame::Style(edit) & BARS;
+            m_dwBars = Frame::Style(edit) & BARS;
             editor.Reflow();
         }
         return false;

@@ -6,7 +6,8 @@
 
 struct GEdit::Modern final : private gesso::EditorSite
 {
-    explicit Modern(GEdit& owner);
+    // dwStyle is the one that the window was made with.
+    Modern(GEdit& owner, DWORD dwStyle);
 
     // What the control does with a message. False where it does the same as in Classic.
     bool OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
@@ -26,7 +27,8 @@ private:
 
     LRESULT Paint();
     void OnFocus(bool fGained);
+    void KeepStyle();
 
-    DWORD m_dwBars = 0;       // WS_VSCROLL and WS_HSCROLL as the host gave them
-    bool m_fOwnStyle = false; // the platform changes the style as bars come and go
+    DWORD m_dwBars; // WS_VSCROLL and WS_HSCROLL as the host gave them
+    bool m_fOwnStyle = false;
 };
