@@ -246,7 +246,8 @@ LRESULT GEdit::OnEnable(BOOL fEnable)
 
 LRESULT GEdit::OnSetText(LPCWSTR pszText)
 {
-    return SetText(pszText);
+    Modern* modern = AsModern();
+    return modern ? modern->SetTextAndTell(pszText) : SetText(pszText);
 }
 
 LRESULT GEdit::OnGetText(UINT nCapacity, LPWSTR pszBuffer) const

@@ -1,9 +1,13 @@
 // GEdit: a text box of one line or many, drawn through the visual style's "EDIT" class.
 //
+// In Classic it shows what fits and nothing more; made in Modern it is a text field that a person can write
+// in, which scrolls, takes edits back, and answers the platform's messages of edit fields. What follows is
+// Classic; docs/edit.md tells the two apart.
+//
 // A host makes a GEdit and calls Create with WS_CHILD | WS_VISIBLE | WS_TABSTOP, the platform's ES_ bits and
 // WS_BORDER; or names the class "GEdit" in a dialog template, with the text in the control's creation data.
-// Of the ES_ bits ES_MULTILINE, ES_PASSWORD, ES_AUTOVSCROLL, ES_AUTOHSCROLL and ES_WANTRETURN count; there is
-// no ES_READONLY, ES_NUMBER, text limit or undo.
+// Of the ES_ bits ES_MULTILINE, ES_PASSWORD, ES_AUTOVSCROLL, ES_AUTOHSCROLL and ES_WANTRETURN count;
+// ES_READONLY, ES_NUMBER, a text limit and undo are Modern's.
 //
 // The text is one string; a line end in it is CR LF. Lines wrap at the width of the client area, whatever the
 // style, as soon as the text is set or edited; with WS_POPUP they stay as they are. An edit field that is not
@@ -64,9 +68,9 @@ public:
     // anew. Null: the font that the drawing context happens to have.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
-    // Replaces the text (null counts as empty), with the caret at its end. CR, LF and CR LF each are one line
-    // end, and are stored as CR LF. Wraps and repaints; sends nothing. Returns 1, or 0 with nothing done
-    // where there is no memory for the text.
+    // Replaces the text (null counts as empty), with the caret at its end, in Modern at its start. CR, LF and
+    // CR LF each are one line end, and are stored as CR LF. Wraps and repaints; sends nothing. Returns 1, or
+    // 0 with nothing done where there is no memory for the text.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator; a line end counts as two.
     virtual int GetTextLength() const;
@@ -74,10 +78,11 @@ public:
     // sets *pnLength to the length and returns 1; otherwise writes no text, sets *pnLength to the capacity
     // needed and returns 0.
     virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
-    // Selects from nStart to nEnd, where the caret goes; a negative number is the end. Repaints. Both are
-    // offsets in a text of one line. Fixed behaviour: with several lines, one that is at or beyond the length
-    // of the first line is that line's end, and any smaller one ends up at the start of the last line; a host
-    // that selects by such numbers would select something else.
+    // Selects from nStart to nEnd, where the caret goes; a negative number is the end. Repaints. In Modern
+    // both are offsets in the text; in Classic they are offsets in a text of one line. Fixed behaviour: with
+    // several lines, one that is at or beyond the length of the first line is that line's end, and any
+    // smaller one ends up at the start of the last line; a host that selects by such numbers would select
+    // something else.
     virtual void SetSel(int nStart, int nEnd);
 
     // The selection's ends as offsets in the text, the lower one first; both are the caret's where nothing is
@@ -89,7 +94,8 @@ public:
     // bCanUndo, of Modern, there is nothing to take back afterwards, of former edits neither. Without memory
     // for the text nothing is done.
     void ReplaceSel(LPCWSTR pszText, bool bCanUndo);
-    // Whether the user has edited the text since it was set, or SetModified has said so.
+    // Whether the user, ReplaceSel or a step taken back has changed the text since it was set, or SetModified
+    // has said so.
     bool IsModified() const;
     void SetModified(bool bModified);
     // Does again what was taken back last (by EM_UNDO or a key). False where there is nothing, and in
@@ -115,7 +121,8 @@ public:
     static HCURSOR s_hIbeam;
 
 protected:
-    // --- The text and its lines. nOffset is where line nLine begins in the text.
+    // --- The text and its lines, of Classic: in Modern they are one empty line. nOffset is where line nLine
+    // begins in the text.
 
     // Characters of the line, with its line end if it has one.
     UINT LengthOfLine(UINT nLine, UINT nOffset) const;

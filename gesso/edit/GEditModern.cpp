@@ -98,6 +98,20 @@ bool GEdit::Modern::StartText(LPCWSTR psz)
     return editor.SetText(psz);
 }
 
+LRESULT GEdit::Modern::SetTextAndTell(LPCWSTR psz)
+{
+    const Watch watch(edit);
+    const int nDone = edit.SetText(psz);
+    const bool fTell = watch && nDone && !(EditStyle() & ES_MULTILINE);
+    if (fTell) {
+        Tell(EN_UPDATE);
+    }
+    if (fTell && watch) {
+        Tell(EN_CHANGE);
+    }
+    return nDone;
+}
+
 void GEdit::Modern::Draw(HDC hdc, const RECT& rcShown)
 {
     RECT rcClient{};

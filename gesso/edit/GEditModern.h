@@ -13,6 +13,8 @@ struct GEdit::Modern final : private gesso::EditorSite
     bool OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     void Draw(HDC hdc, const RECT& rcShown);
     bool StartText(LPCWSTR psz);
+    // WM_SETTEXT, which tells of a field of one line.
+    LRESULT SetTextAndTell(LPCWSTR psz);
 
     GEdit& edit;
     gesso::TextEditor editor;

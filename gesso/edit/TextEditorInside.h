@@ -162,7 +162,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void SelectAll();
 
     // --- Changes
-    bool MayChange() const { return !IsReadOnly() && IsEnabled(); }
+    bool MayChange() const { return !IsReadOnly(); }
     enum class Origin
     {
         User,   // is told, and painted at once
