@@ -33,11 +33,10 @@ bool MayEnd(const LineSource& source, UINT n)
 {
     const wchar_t chBefore = source.At(n - 1);
     const wchar_t ch = source.At(n);
-    if (IsSpace(chBefore)) {
-        return !IsSpace(ch);
+    if (IsSpace(ch) || !IsClusterBoundary(source.text, source.nStart + n)) {
+        return false;
     }
-    return (IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch) && !IsSpace(ch) &&
-           IsClusterBoundary(source.text, source.nStart + n);
+    return IsSpace(chBefore) || ((IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch));
 }
 
 // Where a row ends of which nFit of nLength characters fit.
@@ -47,6 +46,7 @@ UINT RowEnd(const LineSource& source, UINT nFit, UINT nLength)
     while (n < nLength && IsSpace(source.At(n))) {
         ++n;
     }
+    n = SnapToCluster(source.text, source.nStart + n) - source.nStart;
     if (n > nFit) {
         return n;
     }

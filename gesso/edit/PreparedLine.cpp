@@ -62,6 +62,7 @@ public:
             AddRun(nItem, x);
             x += RunWidth(m_buffer.pRuns[nItem]);
         }
+        JoinLeads();
         return std::move(m_cells);
     }
 
@@ -77,6 +78,8 @@ private:
         const UINT nTo = nFrom + static_cast<UINT>(m_buffer.pRuns[nItem].nChars);
         const bool fRightToLeft = m_buffer.pItems[nItem].a.fRTL;
         const size_t nFirstCell = m_cells.size();
+        m_lead = {nFrom, nFrom};
+        m_cxLead = 0;
         for (UINT n = nFrom; n < nTo;) {
             UINT nEnd = n + 1;
             while (nEnd < nTo && m_buffer.pLogClust[nEnd] == m_buffer.pLogClust[n]) {
@@ -84,6 +87,9 @@ private:
             }
             AddCluster({n, nEnd}, nFirstCell, ClusterWidth(nItem, n, nEnd, nTo), fRightToLeft);
             n = nEnd;
+        }
+        if (m_lead.Length() > 0) {
+            m_leads.push_back(m_lead);
         }
         PlaceRun(nFirstCell, x, fRightToLeft);
     }
@@ -105,14 +111,14 @@ private:
     {
         const size_t nFormer = m_cells.size();
         for (UINT n = range.nFrom; n < range.nTo; ++n) {
-            if (Begins(n) || m_cells.size() == nFirstCell) {
-                m_cells.push_back({n, n, 0, 0, fRightToLeft});
+            if (Begins(n)) {
+                m_cells.push_back({n, n, 0, std::exchange(m_cxLead, 0), fRightToLeft});
             }
-            m_cells.back().nTo = n + 1;
+            (m_cells.size() > nFirstCell ? m_cells.back().nTo : m_lead.nTo) = n + 1;
         }
         const auto nNew = static_cast<int>(m_cells.size() - nFormer);
         if (nNew == 0) {
-            m_cells.back().cx += cx;
+            (m_cells.size() > nFirstCell ? m_cells.back().cx : m_cxLead) += cx;
         }
         for (int i = 0; i < nNew; ++i) {
             m_cells[nFormer + static_cast<size_t>(i)].cx += cx * (i + 1) / nNew - cx * i / nNew;
@@ -131,10 +137,27 @@ private:
         }
     }
 
+    // A run may begin within a character, whose first part is of the run before, wherever that shows.
+    void JoinLeads()
+    {
+        std::sort(m_leads.begin(), m_leads.end(),
+                  [](const TextRange& a, const TextRange& b) { return a.nFrom < b.nFrom; });
+        for (const TextRange& lead : m_leads) {
+            const auto cell = std::find_if(m_cells.begin(), m_cells.end(),
+                                           [&](const TextCell& other) { return other.nTo == lead.nFrom; });
+            if (cell != m_cells.end()) {
+                cell->nTo = lead.nTo;
+            }
+        }
+    }
+
     const LineSource& m_source;
     UINT m_nStart;
     const stcDrawTextBuffer& m_buffer;
     std::vector<TextCell> m_cells;
+    TextRange m_lead{0, 0}; // of the run that is added, what is in front of its first cell
+    int m_cxLead = 0;
+    std::vector<TextRange> m_leads;
 };
 
 } // namespace

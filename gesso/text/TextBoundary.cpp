@@ -303,16 +303,32 @@ constexpr bool IsOneRun(Kind a, Kind b)
     return a == b && (a == Kind::Punctuation || a == Kind::Space);
 }
 
+// Unicode ends some words within what a reader sees as one character, as in front of a vowel of Thai.
+bool IsPieceBoundary(const SplitText& text, UINT n)
+{
+    return IsWordBoundary(text, n) && IsClusterBoundary(text, n);
+}
+
+UINT PieceEnd(const SplitText& text, UINT n)
+{
+    return Behind<IsPieceBoundary>(text, n);
+}
+
+UINT PieceStart(const SplitText& text, UINT n)
+{
+    return InFrontOf<IsPieceBoundary>(text, n);
+}
+
 // The boundary at n or in front of it.
 UINT SnapToWord(const SplitText& text, UINT n)
 {
-    return IsWordBoundary(text, n) ? std::min(n, text.Length()) : WordBoundaryBefore(text, n);
+    return IsPieceBoundary(text, n) ? std::min(n, text.Length()) : PieceStart(text, n);
 }
 
 bool IsEdge(const SplitText& text, UINT n)
 {
     return n == 0 || n >= text.Length() ||
-           (IsWordBoundary(text, n) && !IsOneRun(KindAt(text, WordBoundaryBefore(text, n)), KindAt(text, n)));
+           (IsPieceBoundary(text, n) && !IsOneRun(KindAt(text, PieceStart(text, n)), KindAt(text, n)));
 }
 
 // Whether words stop at a boundary between two: not in front of spaces, but that a line begins with them.
@@ -374,7 +390,7 @@ UINT NextWordStart(const SplitText& text, UINT n)
         return text.Length();
     }
     Kind before = KindAt(text, SnapToWord(text, n));
-    for (n = WordBoundaryBehind(text, n); n < text.Length(); n = WordBoundaryBehind(text, n)) {
+    for (n = PieceEnd(text, n); n < text.Length(); n = PieceEnd(text, n)) {
         const Kind behind = KindAt(text, n);
         if (IsStop(before, behind)) {
             break;
@@ -386,9 +402,9 @@ UINT NextWordStart(const SplitText& text, UINT n)
 
 UINT PreviousWordStart(const SplitText& text, UINT n)
 {
-    n = WordBoundaryBefore(text, n);
+    n = PieceStart(text, n);
     while (n > 0) {
-        const UINT nBefore = WordBoundaryBefore(text, n);
+        const UINT nBefore = PieceStart(text, n);
         if (IsStop(KindAt(text, nBefore), KindAt(text, n))) {
             break;
         }
@@ -401,18 +417,18 @@ TextRange WordAt(const SplitText& text, UINT n)
 {
     n = SnapToWord(text, n);
     if (n == text.Length() || KindAt(text, n) == Kind::LineEnd) {
-        const UINT nBefore = WordBoundaryBefore(text, n);
+        const UINT nBefore = PieceStart(text, n);
         if (nBefore == n || KindAt(text, nBefore) == Kind::LineEnd) {
             return {n, n};
         }
         n = nBefore;
     }
-    TextRange word{n, WordBoundaryBehind(text, n)};
+    TextRange word{n, PieceEnd(text, n)};
     while (!IsEdge(text, word.nFrom)) {
-        word.nFrom = WordBoundaryBefore(text, word.nFrom);
+        word.nFrom = PieceStart(text, word.nFrom);
     }
     while (!IsEdge(text, word.nTo)) {
-        word.nTo = WordBoundaryBehind(text, word.nTo);
+        word.nTo = PieceEnd(text, word.nTo);
     }
     return word;
 }

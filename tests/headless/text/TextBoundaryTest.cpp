@@ -207,6 +207,7 @@ TEST(TextBoundary, MovingByWordsPassesSpacesAndStopsAtBothSidesOfALineEnd)
     EXPECT_EQ(WordStarts(u"one \t \r\n\r\n  two  "), (Offsets{0, 6, 8, 10, 12, 17}));
     EXPECT_EQ(WordStarts(u"  x\u3000\u65E5\u672C"), (Offsets{0, 2, 4, 5, 6})) << "an ideograph is a word";
     EXPECT_EQ(WordStarts(u"!\U0001F600\U0001F600!"), (Offsets{0, 1, 3, 5, 6})) << "and so is an emoji";
+    EXPECT_EQ(WordStarts(u"\u0E01\u0E33"), (Offsets{0, 2})) << "none begins within a character";
     EXPECT_EQ(WordStarts(u"   "), (Offsets{0, 3}));
     EXPECT_EQ(WordStarts(u""), Offsets{0});
 }
