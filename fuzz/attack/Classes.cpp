@@ -29,6 +29,7 @@ const std::vector<AttackedClass>& Classes()
         AddDialogs(classes);
         AddContainers(classes);
         AddTexts(classes);
+        AddFields(classes);
         return classes;
     }();
     return CLASSES;

@@ -22,5 +22,6 @@ void AddTexts(std::vector<AttackedClass>& classes);
 void AddDialogs(std::vector<AttackedClass>& classes);
 void AddBases(std::vector<AttackedClass>& classes);
 void AddHostBases(std::vector<AttackedClass>& classes);
+void AddFields(std::vector<AttackedClass>& classes);
 
 } // namespace attack

@@ -18,4 +18,7 @@ void AddFromResources(Table&) {}
 // Classes that the host registers as the library does its own need operations that the DLL keeps to itself.
 void AddHostBases(std::vector<AttackedClass>&) {}
 
+// The model stands beside the library's own sources.
+void AddFields(std::vector<AttackedClass>&) {}
+
 } // namespace attack

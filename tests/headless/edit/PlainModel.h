@@ -96,6 +96,8 @@ public:
         }
         return false;
     }
+    bool CanUndo() const { return m_nDone > 0; }
+    bool CanRedo() const { return m_nDone < m_steps.size(); }
     void EmptyUndo()
     {
         m_steps.clear();
