@@ -26,10 +26,10 @@ TextEditor::Inside::ComposedRow::ComposedRow(Inside& own, HDC hdc)
                              std::clamp(selected.nTo, row.nFrom, row.nTo)};
     const SplitText text = own.model.Text();
     const UINT nFrom = replaced.nFrom - row.nFrom > COMPOSED_AROUND
-                           ? SnapToCluster(text, replaced.nFrom - COMPOSED_AROUND)
+                           ? std::max(row.nFrom, SnapToCluster(text, replaced.nFrom - COMPOSED_AROUND))
                            : row.nFrom;
     const UINT nTo = row.nTo - replaced.nTo > COMPOSED_AROUND
-                         ? SnapToCluster(text, replaced.nTo + COMPOSED_AROUND)
+                         ? std::max(replaced.nTo, SnapToCluster(text, replaced.nTo + COMPOSED_AROUND))
                          : row.nTo;
     const std::vector<wchar_t>& inserted = own.composition.Text();
     composed = {replaced.nFrom - nFrom, replaced.nFrom - nFrom + static_cast<UINT>(inserted.size())};

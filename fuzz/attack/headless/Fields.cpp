@@ -106,6 +106,7 @@ private:
     void Limit(Source& source);
     void ChangeField(Source& source);
     void FindSome(Source& source);
+    void Compose(Source& source);
 
     Characters AnyCharacters(Source& source) const;
     Characters FieldText() const;
@@ -779,6 +780,46 @@ void FieldWorld::FindSome(Source& source)
     }
 }
 
+// What is composed is no part of the text before it is accepted, whatever happens to the field meanwhile.
+void FieldWorld::Compose(Source& source)
+{
+    static constexpr void (FieldWorld::*MEANWHILE[])(Source&) = {
+        &FieldWorld::SetSelection, &FieldWorld::ReplaceSelection, &FieldWorld::UndoOrRedo,
+        &FieldWorld::ChangeField,  &FieldWorld::SendAnyNumbers,   &FieldWorld::SetText};
+    SetFocus(m_edit);
+    const HIMC himc = ImmGetContext(m_edit);
+    Characters text;
+    for (UINT n = 1 + source.Below(3); n > 0; --n) {
+        text = AnyCharacters(source);
+        text.pop_back();
+        const auto cb = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+        ImmSetCompositionStringW(himc, SCS_SETSTR, text.data(), cb, nullptr, 0);
+        desk::Pump();
+        Find(Check());
+        if (!MayChange()) {
+            text.clear(); // refused
+        }
+        if (source.Chance(2)) {
+            (this->*MEANWHILE[source.Below(static_cast<UINT>(std::size(MEANWHILE)))])(source);
+            Find(Check());
+        }
+    }
+    const UINT nEnd = source.Below(4);
+    source.Note("end " + std::to_string(nEnd));
+    switch (nEnd) {
+    case 0: ImmNotifyIME(himc, NI_COMPOSITIONSTR, CPS_CANCEL, 0); break;
+    case 1: user::TypeKey(VK_ESCAPE); break;
+    case 2: SetFocus(Host()); break;
+    default: ImmNotifyIME(himc, NI_COMPOSITIONSTR, CPS_COMPLETE, 0); break;
+    }
+    ImmReleaseContext(m_edit, himc);
+    desk::Pump();
+    if (nEnd >= 2 && MayChange() && !text.empty()) {
+        Insert(text, EditKind::Step);
+    }
+    SetFocus(m_edit);
+}
+
 const Table& FieldWorld::Operations()
 {
     using Self = FieldWorld;
@@ -802,6 +843,7 @@ const Table& FieldWorld::Operations()
                              of("SendAnyNumbers", &Self::SendAnyNumbers, 6),
                              of("Limit", &Self::Limit, 1),
                              of("ChangeField", &Self::ChangeField, 5),
+                             of("Compose", &Self::Compose, 4),
                              of("FindSome", &Self::FindSome, 1)};
     return TABLE;
 }

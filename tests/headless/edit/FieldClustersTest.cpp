@@ -57,4 +57,27 @@ TEST_F(FieldClustersTest, ARunThatBeginsWithinACharacterIsPassedWithIt)
     EXPECT_EQ(CaretAfter(VK_LEFT), 0);
 }
 
+// More of it than what shows on both sides of a composed text.
+TEST_F(FieldClustersTest, TextIsComposedWithinAVeryLongCharacter)
+{
+    Make(20, 3, ES_MULTILINE | ES_AUTOHSCROLL);
+    const HWND hwnd = edit.GetHwnd();
+    SetFocus(hwnd);
+    std::u16string text(3000, u'\u0301');
+    text[0] = u'e';
+    edit.SetText(reinterpret_cast<LPCWSTR>(text.c_str()));
+    const HIMC himc = ImmGetContext(hwnd);
+    wchar_t szComposed[] = L"x";
+    ImmSetCompositionStringW(himc, SCS_SETSTR, szComposed, sizeof(wchar_t), nullptr, 0);
+    for (const WPARAM wAt : {0, 500, 1500, 3000}) {
+        Send(EM_SETSEL, wAt, static_cast<LPARAM>(wAt));
+        RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    }
+    Send(EM_SETSEL, 500, 500);
+    ImmNotifyIME(himc, NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
+    ImmReleaseContext(hwnd, himc);
+    EXPECT_EQ(edit.GetTextLength(), 3001);
+    EXPECT_EQ(edit.Find(szComposed, 0, GEF_CASE), 500);
+}
+
 } // namespace
