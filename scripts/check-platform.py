@@ -22,7 +22,7 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 # What the library calls and nothing can make fail, by the reason.
 CANNOT_FAIL = {
     "they only compute": """CharLowerBuffW CharLowerW CharUpperBuffW EqualRect InflateRect IsRectEmpty MulDiv
-        OffsetRect PtInRect StrCmpLogicalW""",
+        OffsetRect PtInRect StrCmpLogicalW lstrcmpiW""",
     "their answer is the state itself": """GetCapture GetCurrentThreadId GetDoubleClickTime GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         GetTickCount IsChild IsClipboardFormatAvailable IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW

@@ -2,7 +2,7 @@
 
 #include <gesso/containers/Check.h>
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GComboBoxInside.h>
+#include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/FirstFont.h>
@@ -10,6 +10,7 @@
 #include <gesso/framework/Library.h>
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
@@ -22,7 +23,6 @@ constinit HCURSOR GComboBox::s_hIbeam = nullptr;
 
 namespace {
 
-constexpr int FIRST_TEXT_LIMIT = 30000;
 constexpr GComboBox::HitTestInfo NO_HIT{{}, gesso::COMBO_OUTSIDE, 0};
 
 UINT FirstDropdownHeight(HWND hwndParent)
@@ -63,8 +63,8 @@ struct GComboBox::Layout
 };
 
 GComboBox::GComboBox()
-    : m_nTextLimit(FIRST_TEXT_LIMIT), m_pList(new GComboBoxList), m_inside(new Inside), m_hitDown(NO_HIT),
-      m_hitMove(NO_HIT)
+    : m_nTextLimit(gesso::FIRST_TEXT_LIMIT), m_pList(new GComboBoxList), m_inside(new Inside),
+      m_hitDown(NO_HIT), m_hitMove(NO_HIT)
 {
     gesso::MakeOnce(s_hIbeam, gesso::LoadIBeam);
     m_pList->m_pOwner = this;
@@ -162,6 +162,9 @@ DWORD GComboBox::Kind() const
 void GComboBox::SetFont(HFONT hFont)
 {
     m_hFont = hFont;
+    if (Modern* pModern = ModernPart()) {
+        pModern->Reflow();
+    }
 }
 
 HFONT GComboBox::GetFont() const
@@ -187,7 +190,8 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
     m_hitDown = NO_HIT;
     m_hitMove = NO_HIT;
     m_bCaret = 0;
-    if (!m_nDropdownHeight) {
+    StartModern();
+    if (!m_nDropdownHeight && Has(*this, gesso::Quirk::ComboListFixed)) {
         m_nDropdownHeight = FirstDropdownHeight(GetParent());
     }
     return 0;
@@ -198,6 +202,7 @@ LRESULT GComboBox::OnDestroy()
     if (IsDropped()) {
         ChangeExpansion(false);
     }
+    m_inside->pModern.reset();
     m_bCaret = 0;
     m_hTheme.Reset();
     return Frame::Detach(*this);
@@ -209,10 +214,13 @@ int GComboBox::SetText(LPCWSTR pszText)
 {
     const bool fSet = ChangeText([&](gesso::TextField& field) {
         const bool fStarted = field.Lines().Start(gesso::TextOrEmpty(pszText));
-        field.MoveTo(field.Lines().End(), false);
+        field.MoveTo(ModernPart() ? gesso::Place{} : field.Lines().End(), false);
         return fStarted;
     });
     if (fSet) {
+        if (Modern* pModern = ModernPart()) {
+            pModern->OnSelected();
+        }
         UpdateCursorPos();
         Invalidate(0);
     }
@@ -282,6 +290,7 @@ UINT GComboBox::InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImag
         return gesso::NO_INDEX;
     }
     m_aItems.InsertAt(nAt, new ComboItem{nFlags, pszCopy, nImage, pData});
+    FollowItem(nAt, 1);
     return nAt;
 }
 
@@ -293,6 +302,7 @@ UINT GComboBox::RemoveItem(UINT nIndex)
     }
     m_aItems.RemoveAt(nIndex, 1);
     Release(pItem);
+    FollowItem(nIndex, -1);
     return m_aItems.GetLength();
 }
 
@@ -300,6 +310,28 @@ void GComboBox::RemoveAllItems()
 {
     ReleaseItems();
     ChangeSelection(gesso::NO_INDEX);
+    if (Modern* pModern = ModernPart()) {
+        pModern->OnSelected();
+        pModern->OnItemsChanged(gesso::NO_INDEX, 0);
+    }
+}
+
+// The selection goes with its item, which has one place more or less in front of it or is gone.
+void GComboBox::FollowItem(UINT nIndex, int nDelta)
+{
+    if (Has(*this, gesso::Quirk::ComboIndexStays)) {
+        return;
+    }
+    const UINT nSelected = Selected();
+    if (nDelta < 0 && nSelected == nIndex) {
+        ChangeSelection(gesso::NO_INDEX);
+        Invalidate(0);
+    } else if (nSelected != gesso::NO_INDEX && nSelected >= nIndex) {
+        ChangeSelection(nSelected + static_cast<UINT>(nDelta));
+    }
+    if (Modern* pModern = ModernPart()) {
+        pModern->OnItemsChanged(nIndex, nDelta);
+    }
 }
 
 UINT GComboBox::GetItemCount() const
@@ -389,6 +421,9 @@ UINT GComboBox::SetSelected(UINT nIndex)
         return gesso::NO_INDEX;
     }
     Update(false);
+    if (Modern* pModern = ModernPart()) {
+        pModern->OnSelected();
+    }
     return nNew;
 }
 
@@ -399,9 +434,18 @@ UINT GComboBox::GetSelected() const
 
 void GComboBox::Callback(UINT nIndex)
 {
-    if (ChangeSelection(nIndex)) {
-        Update(false);
+    if (!ChangeSelection(nIndex)) {
+        return;
     }
+    Update(false);
+    if (Modern* pModern = ModernPart()) {
+        pModern->OnSelected();
+    }
+}
+
+void GComboBox::SetAutoComplete(bool bComplete)
+{
+    m_inside->fCompletes = bComplete;
 }
 
 void GComboBox::Update(bool bNotify)
@@ -482,6 +526,11 @@ LRESULT CALLBACK GComboBox::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPAR
 
 LRESULT GComboBox::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT lAnswer = 0;
+    Modern* pModern = ModernPart();
+    if (pModern && pModern->OnMessage(uMsg, wParam, lParam, &lAnswer)) {
+        return lAnswer;
+    }
     switch (uMsg) {
     case WM_DESTROY: return OnDestroy();
     case WM_SETFOCUS: return OnSetFocus(reinterpret_cast<HWND>(wParam));

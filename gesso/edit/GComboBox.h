@@ -205,6 +205,7 @@ private:
     friend class GComboBoxList;
     struct Field;
     struct Layout;
+    struct Modern;
     struct Look
     {
         int nBorder, nButton; // states of the parts
@@ -213,6 +214,10 @@ private:
     bool m_fOwner = true; // of the items, the list and what is inside
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // Null in Classic.
+    Modern* ModernPart() const;
+    void StartModern();
+    void FollowItem(UINT nIndex, int nDelta);
     void ReleaseAll();
     void Release(ComboItem* pItem) const;
     void ReleaseItems();
@@ -225,6 +230,7 @@ private:
     // The one place each where the text, the selected item, the field's selection and the list's being open
     // change.
     template <class EDIT> bool ChangeText(EDIT edit);
+    bool ShowText();
     bool ChangeSelection(UINT nIndex);
     void ChangeField(const gesso::TextField& field);
     void ChangeExpansion(bool fOpen);
@@ -255,6 +261,7 @@ private:
     bool IsDropped() const;
     Look LookNow() const;
     RECT FieldRect(HDC hdc, int nState) const;
+    RECT TextRect(HDC hdc, int nState) const;
     RECT ButtonRect(const RECT& rcClient) const;
     bool IsButtonLeft() const;
     void DrawFrame(HDC hdc, const RECT& rcClient, Look look) const;

@@ -1,7 +1,7 @@
 // Drawing of a combo box.
 
 #include <gesso/edit/FieldText.h>
-#include <gesso/edit/GComboBoxInside.h>
+#include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
@@ -46,6 +46,20 @@ RECT GComboBox::FieldRect(HDC hdc, int nState) const
     return ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::EntryField).ContentOf(rc);
 }
 
+// Fixed behaviour: the button's room is left free also by the kinds that have none; their text would reach
+// further.
+RECT GComboBox::TextRect(HDC hdc, int nState) const
+{
+    RECT rc = FieldRect(hdc, nState);
+    const int cxButton = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
+    if (IsButtonLeft()) {
+        rc.left += cxButton;
+    } else {
+        rc.right -= cxButton;
+    }
+    return rc;
+}
+
 RECT GComboBox::ButtonRect(const RECT& rcClient) const
 {
     const int cxButton = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
@@ -84,6 +98,10 @@ void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
 void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
 {
     gesso::LayoutOverlay::Add(hdc, rcText);
+    if (Modern* pModern = ModernPart(); pModern && pModern->HasField()) {
+        pModern->DrawField(hdc);
+        return;
+    }
     const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
     const UINT nFrom = fSelection ? std::min(m_nCaret, m_nAnchor) : 0;
     const UINT nTo = fSelection ? std::max(m_nCaret, m_nAnchor) : 0;
@@ -96,6 +114,8 @@ void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
     if (const ComboItem* pItem = ItemAt(Selected())) {
         ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::PushButton)
             .DrawString(pItem->pszText, DT_SINGLELINE | DT_HIDEPREFIX, rcText);
+    } else if (const Modern* pModern = ModernPart()) {
+        pModern->DrawCue(hdc, rcText);
     }
     if (GetFocus() == m_hWnd && !(m_dwState & GWS_HIDEFOCUS)) {
         DrawFocusRect(hdc, &rcText);
@@ -113,15 +133,7 @@ void GComboBox::Draw(HDC hdc)
     const Look look = LookNow();
     DrawFrame(hdc, rcClient, look);
 
-    // Fixed behaviour: the button's room is left free also by the kinds that have none; their text would
-    // reach further.
-    RECT rcText = FieldRect(hdc, look.nBorder);
-    const int cxButton = gesso::SystemMetric(m_hWnd, SM_CXVSCROLL);
-    if (IsButtonLeft()) {
-        rcText.left += cxButton;
-    } else {
-        rcText.right -= cxButton;
-    }
+    const RECT rcText = TextRect(hdc, look.nBorder);
     if (Kind() == GCBS_DROPDOWNLIST) {
         DrawFace(hdc, rcText, look.nBorder);
     } else {

@@ -3,7 +3,7 @@
 // Anything of the program's may run in the loop, and may destroy the control or its object: each turn looks
 // at the window again.
 
-#include <gesso/edit/GComboBoxList.h>
+#include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/Frame.h>
 
 using gesso::Frame;
@@ -107,6 +107,10 @@ bool GComboBox::RunList()
 // a host would read the typed text where it now reads the item's.
 void GComboBox::ShowDropDown()
 {
+    if (Modern* pModern = ModernPart()) {
+        pModern->Open();
+        return;
+    }
     if (IsDropped()) {
         return;
     }

@@ -1,10 +1,11 @@
 // A combo box's text field: caret, selection, mouse, keys and clipboard.
 
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GComboBoxInside.h>
+#include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
 
 #include <algorithm>
 #include <climits>
@@ -38,6 +39,9 @@ void GComboBox::SelectAllText()
 
 void GComboBox::ShowCursor()
 {
+    if (!Has(*this, gesso::Quirk::ComboFieldIsPlain)) {
+        return; // a field's caret is its own
+    }
     if (m_bCaret) {
         UpdateCursorPos();
         return;
@@ -119,7 +123,8 @@ int GComboBox::HitTest(HitTestInfo* pInfo) const
     const bool fSelecting = (m_dwState & GWS_PRESSED) && m_hitDown.nPart == COMBO_TEXT;
     pInfo->nPart = fSelecting ? COMBO_TEXT : PartAt(pInfo->pt);
     if (pInfo->nPart == COMBO_TEXT) {
-        pInfo->nChar = CharAt(pInfo->pt.x);
+        Modern* pModern = ModernPart();
+        pInfo->nChar = pModern && pModern->HasField() ? pModern->CharAt(pInfo->pt) : CharAt(pInfo->pt.x);
     }
     return pInfo->nPart;
 }

@@ -5,12 +5,16 @@
 #include <gesso/edit/GComboBoxList.h>
 #include <gesso/edit/TextField.h>
 
+#include <memory>
+
 namespace gesso {
 
 // The parts of a combo box, as GComboBox::HitTestInfo counts them.
 inline constexpr int COMBO_OUTSIDE = -1;
 inline constexpr int COMBO_TEXT = 1;
 inline constexpr int COMBO_BUTTON = 2;
+
+inline constexpr int FIRST_TEXT_LIMIT = 30000;
 
 // Whether each item is a record of its own with a text of its own.
 bool CheckItems(const OArray<ComboItem*, ComboItem*>& aItems);
@@ -20,6 +24,8 @@ bool CheckItems(const OArray<ComboItem*, ComboItem*>& aItems);
 struct GComboBox::Inside
 {
     UINT nSelected = gesso::NO_INDEX; // it may be beyond the items
+    bool fCompletes = false;          // SetAutoComplete
+    std::unique_ptr<Modern> pModern;  // of the window; null in Classic
 };
 
 // The field for one operation. Whatever is in it is one line.
@@ -41,9 +47,9 @@ struct GComboBox::Field
 template <class EDIT> bool GComboBox::ChangeText(EDIT edit)
 {
     Field field(*this);
-    const bool fChanged = edit(field.text);
-    if (fChanged) {
-        ChangeField(field.text);
+    if (!edit(field.text)) {
+        return false;
     }
-    return fChanged;
+    ChangeField(field.text);
+    return ShowText();
 }

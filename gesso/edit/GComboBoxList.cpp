@@ -1,4 +1,4 @@
-#include <gesso/edit/GComboBoxInside.h>
+#include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
@@ -66,20 +66,25 @@ bool GComboBoxList::IsOpen() const
     return m_hWnd && Frame::IsAlive(m_hWnd, this);
 }
 
-void GComboBoxList::Open(HWND hwndOwner, HFONT hFont, UINT nHeight)
+bool GComboBoxList::Make(HWND hwndOwner, HFONT hFont, const gesso::Placement& place)
 {
     m_hwndOwner = hwndOwner;
     m_hFont = hFont;
     m_rcHScroll = {};
     m_rcVScroll = {};
-    RECT rc{};
-    GetWindowRect(hwndOwner, &rc);
     const ATOM aClass = gesso::RegisterControlClass(s_aListClass, L"GComboBoxList", WindowProc,
                                                     CS_DROPSHADOW | CS_GLOBALCLASS);
+    return Frame::CreateTagged(*this, aClass, place, 0, LIST_EX_STYLE, LIST_STYLE) != nullptr;
+}
+
+void GComboBoxList::Open(HWND hwndOwner, HFONT hFont, UINT nHeight)
+{
+    RECT rc{};
+    GetWindowRect(hwndOwner, &rc);
     const gesso::Placement place{static_cast<int>(rc.left), static_cast<int>(rc.bottom),
                                  static_cast<int>(rc.right - rc.left),
                                  static_cast<int>(std::min(nHeight, MOST_HEIGHT)), hwndOwner};
-    if (!Frame::CreateTagged(*this, aClass, place, 0, LIST_EX_STYLE, LIST_STYLE)) {
+    if (!Make(hwndOwner, hFont, place)) {
         return;
     }
     ShrinkToItems();
@@ -522,6 +527,11 @@ LRESULT CALLBACK GComboBoxList::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, 
 
 LRESULT GComboBoxList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    LRESULT lAnswer = 0;
+    GComboBox::Modern* pModern = m_pOwner ? m_pOwner->ModernPart() : nullptr;
+    if (pModern && pModern->OnListMessage(uMsg, wParam, lParam, &lAnswer)) {
+        return lAnswer;
+    }
     const POINTS pt = gesso::PointOf(lParam);
     switch (uMsg) {
     case WM_NCDESTROY: return OnNcDestroy();

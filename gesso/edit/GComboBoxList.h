@@ -7,6 +7,10 @@
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/ItemTheme.h>
 
+namespace gesso {
+struct Placement;
+} // namespace gesso
+
 class GESSO_API GComboBoxList : public GWndScroll
 {
 public:
@@ -70,6 +74,8 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     bool IsOpen() const;
+    // Makes the window, hidden; false where it could not be made.
+    bool Make(HWND hwndOwner, HFONT hFont, const gesso::Placement& place);
     // Makes and shows the window below the owner's, no higher than the items need.
     void Open(HWND hwndOwner, HFONT hFont, UINT nHeight);
     void Close();

@@ -1,13 +1,17 @@
 // The platform's messages to a combo box.
 
+#include <gesso/edit/ComboSearch.h>
 #include <gesso/edit/GComboBoxInside.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
 
 #include <algorithm>
 
 using gesso::Frame;
+using gesso::Has;
 using gesso::NO_INDEX;
+using gesso::Quirk;
 
 namespace {
 
@@ -43,10 +47,14 @@ template <class MATCHES> UINT GComboBox::Search(UINT nStart, MATCHES matches) co
     return static_cast<UINT>(ppHit - ppFirst);
 }
 
-// Fixed behaviour: an item matches if its first letter stands anywhere in the search text, in either case, so
-// that a longer text finds more items; another item would be found, and selected by CB_SELECTSTRING.
+// Fixed behaviour: in Classic an item matches if its first letter stands anywhere in the search text, in
+// either case, so that a longer text finds more items; another item would be found, and selected by
+// CB_SELECTSTRING.
 UINT GComboBox::FindString(UINT nStart, LPCWSTR pszSearch) const
 {
+    if (!Has(*this, Quirk::ComboFindsByLetter)) {
+        return gesso::FindItem(m_aItems, nStart, pszSearch, gesso::ComboMatch::Start);
+    }
     return Search(nStart, [&](const ComboItem* pItem) {
         const wchar_t c = pItem->pszText[0];
         return c && (wcschr(pszSearch, static_cast<wchar_t>(towlower(c))) ||
@@ -54,9 +62,13 @@ UINT GComboBox::FindString(UINT nStart, LPCWSTR pszSearch) const
     });
 }
 
-// Fixed behaviour: finds the first item whose text is not the search text; a host would get another item.
+// Fixed behaviour: in Classic finds the first item whose text is not the search text; a host would get
+// another item.
 UINT GComboBox::FindStringExact(UINT nStart, LPCWSTR pszSearch) const
 {
+    if (!Has(*this, Quirk::ComboFindsByLetter)) {
+        return gesso::FindItem(m_aItems, nStart, pszSearch, gesso::ComboMatch::Whole);
+    }
     return Search(nStart, [&](const ComboItem* pItem) { return _wcsicmp(pItem->pszText, pszSearch) != 0; });
 }
 

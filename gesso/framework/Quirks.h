@@ -72,6 +72,7 @@ enum class Quirk
     ComboKnowsFewMessages, // open state, item data, heights, cues and the like are not told
     ComboTellsLittle,      // of the list and the field the parent is told of selections and edits alone
     ComboKeysAreItems,     // keys do not open the list, and typed letters choose nothing
+    ComboIndexStays,       // the selection keeps its number when items come or go in front of it
 
     // CDrawText
     TextHasOneFont,  // what the font lacks shows as boxes

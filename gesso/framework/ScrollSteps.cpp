@@ -14,8 +14,9 @@ struct WheelRest
     int nDelta;
 };
 
-// Counts a turn, and what the last ones have left.
-int NotchesOf(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
+} // namespace
+
+int WheelNotches(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
 {
     static constinit thread_local WheelRest s_rest{};
     if (Has(wnd, Quirk::BarWheelDropsRest)) {
@@ -26,8 +27,6 @@ int NotchesOf(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
     s_rest = {&si, nTurned % WHEEL_DELTA};
     return nTurned / WHEEL_DELTA;
 }
-
-} // namespace
 
 UINT WheelLines()
 {
@@ -58,7 +57,7 @@ UINT TrackedPos(const GWnd& wnd, const SCROLLINFO& si, UINT nTold)
 
 int64_t WheelTravel(const GWnd& wnd, const SCROLLINFO& si, int nDelta)
 {
-    return int64_t{NotchesOf(wnd, si, nDelta)} * WheelLines() *
+    return int64_t{WheelNotches(wnd, si, nDelta)} * WheelLines() *
            Pixels(Frame::Handle(wnd), Metrics::WHEEL_LINE);
 }
 

@@ -25,6 +25,9 @@ std::optional<int64_t> WheelTarget(const GWnd& wnd, const SCROLLINFO& si, int nD
 // with the next turn of the same bar in the same direction.
 int64_t WheelTravel(const GWnd& wnd, const SCROLLINFO& si, int nDelta);
 
+// The whole notches of a turn; in Modern the rest counts as above.
+int WheelNotches(const GWnd& wnd, const SCROLLINFO& si, int nDelta);
+
 // How many lines a notch of the wheel is to scroll.
 UINT WheelLines();
 

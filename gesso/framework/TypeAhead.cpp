@@ -1,3 +1,4 @@
+#include <gesso/framework/FoldCase.h>
 #include <gesso/framework/TypeAhead.h>
 
 namespace gesso {
@@ -6,21 +7,10 @@ namespace {
 constexpr ULONGLONG LONGEST_PAUSE = 1000 * TICKS_PER_MILLISECOND;
 constexpr wchar_t FIRST_PRINTABLE = L' ';
 constexpr wchar_t DELETE_CHARACTER = 0x7F; // Ctrl+Backspace
-constexpr wchar_t FIRST_FOREIGN = 0x80;
 
 bool IsLetter(wchar_t c)
 {
     return c >= FIRST_PRINTABLE && c != DELETE_CHARACTER;
-}
-
-wchar_t Folded(wchar_t c)
-{
-    if (c < FIRST_FOREIGN) {
-        return static_cast<wchar_t>(c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c);
-    }
-    // A character in the place of the pointer stands for itself.
-    return static_cast<wchar_t>(
-        reinterpret_cast<UINT_PTR>(CharLowerW(reinterpret_cast<LPWSTR>(UINT_PTR{c}))));
 }
 
 } // namespace
@@ -36,7 +26,7 @@ bool TypeAhead::Add(wchar_t c)
         m_letterLength = IS_HIGH_SURROGATE(c) ? 2 : 1;
     }
     if (m_length < MOST) {
-        m_word[m_length++] = Folded(c);
+        m_word[m_length++] = FoldCase(c);
     }
     return !IS_HIGH_SURROGATE(c);
 }
@@ -59,7 +49,7 @@ bool TypeAhead::IsOneLetter() const
 bool TypeAhead::IsStartOf(LPCWSTR text, UINT length) const
 {
     UINT i = 0;
-    while (text && i < length && text[i] && Folded(text[i]) == m_word[i]) {
+    while (text && i < length && text[i] && FoldCase(text[i]) == m_word[i]) {
         ++i;
     }
     return length > 0 && i == length;

@@ -267,6 +267,44 @@ GRibbon* RibbonOfTwo(HWND hwndHost)
     return pRibbon;
 }
 
+GComboBox* ComboOfTwo(HWND hwndHost)
+{
+    auto* pCombo = new GComboBox;
+    pCombo->Create(10, 10, 120, 24, hwndHost, 12, WS_CHILD | WS_VISIBLE | GCBS_DROPDOWN, 0);
+    pCombo->SetAutoComplete(true);
+    for (const LPCWSTR psz : {L"One", L"Two"}) {
+        pCombo->InsertItem(UINT(-1), 0, psz, 0, nullptr);
+    }
+    return pCombo;
+}
+
+// Opens the list of a combo box and then does something with it.
+auto WithOpenList(std::function<void(HWND)> act)
+{
+    return [act](HWND hwnd, GWnd*) {
+        SetFocus(hwnd);
+        SendMessageW(hwnd, CB_SHOWDROPDOWN, TRUE, 0);
+        act(hwnd);
+    };
+}
+
+auto WithOpenList(UINT uKey)
+{
+    return WithOpenList([uKey](HWND hwnd) {
+        SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 1);
+        SendMessageW(hwnd, WM_KEYDOWN, uKey, 1);
+    });
+}
+
+void ClickFirstRow(HWND hwnd)
+{
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    SendMessageW(hwnd, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    SendMessageW(info.hwndList, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, 10));
+    SendMessageW(info.hwndList, WM_LBUTTONUP, 0, MAKELPARAM(10, 10));
+}
+
 void RightClick(HWND hwnd, int x, int y, bool fDouble)
 {
     const LPARAM lPoint = MAKELPARAM(x, y);
@@ -343,6 +381,26 @@ TEST(DestroyedMidwayTest, TheParentMayDeleteTheControlInEachNotificationOfModern
          [](HWND hwnd, GWnd*) {
              SetFocus(hwnd);
              SetFocus(nullptr);
+         }},
+        {"click 12 code 3", ComboOfTwo, [](HWND hwnd, GWnd*) { SetFocus(hwnd); }},
+        {"click 12 code 4", ComboOfTwo, WithOpenList([](HWND) { SetFocus(nullptr); })},
+        {"click 12 code 8", ComboOfTwo, WithOpenList([](HWND) { SetFocus(nullptr); })},
+        {"click 12 code 7", ComboOfTwo, WithOpenList(VK_RETURN)},
+        {"click 12 code 1", ComboOfTwo, WithOpenList(VK_RETURN)},
+        {"click 12 code 9", ComboOfTwo, WithOpenList(VK_RETURN)},
+        {"click 12 code 8", ComboOfTwo, WithOpenList(VK_RETURN)},
+        {"click 12 code 10", ComboOfTwo, WithOpenList(VK_ESCAPE)},
+        {"click 12 code 1", ComboOfTwo, WithOpenList(ClickFirstRow)},
+        {"click 12 code 8", ComboOfTwo, WithOpenList(ClickFirstRow)},
+        {"click 12 code 9", ComboOfTwo, [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 1); }},
+        {"click 12 code 1", ComboOfTwo,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0); }},
+        {"click 12 code 6", ComboOfTwo, [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_CHAR, 'o', 1); }},
+        {"click 12 code 5", ComboOfTwo, [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_CHAR, 'o', 1); }},
+        {"click 12 code 6", ComboOfTwo,
+         [](HWND hwnd, GWnd* p) {
+             static_cast<GComboBox*>(p)->SetAutoComplete(false);
+             SendMessageW(hwnd, WM_CHAR, 'o', 1);
          }},
     };
     const Modern modern;

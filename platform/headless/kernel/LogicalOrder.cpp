@@ -1,4 +1,4 @@
-// The shell's order of names.
+// The shell's order of names, and that of the user's language.
 
 #include "../core/Text.h"
 
@@ -71,6 +71,20 @@ int WINAPI StrCmpLogicalW(LPCWSTR psz1, LPCWSTR psz2)
         if (const int order = CompareNext(a, b)) {
             return order < 0 ? -1 : 1;
         }
+    }
+    return a.empty() ? (b.empty() ? 0 : -1) : 1;
+}
+
+int WINAPI lstrcmpiW(LPCWSTR psz1, LPCWSTR psz2)
+{
+    WideView a = View(psz1);
+    WideView b = View(psz2);
+    while (!a.empty() && !b.empty()) {
+        if (const int order = CompareCharacters(a.front(), b.front())) {
+            return order < 0 ? -1 : 1;
+        }
+        a.remove_prefix(1);
+        b.remove_prefix(1);
     }
     return a.empty() ? (b.empty() ? 0 : -1) : 1;
 }

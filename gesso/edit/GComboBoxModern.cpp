@@ -1,0 +1,313 @@
+// A combo box that was made in Modern: its messages, its keys, and the steps from item to item.
+
+#include <gesso/edit/ComboSearch.h>
+#include <gesso/edit/FieldInput.h>
+#include <gesso/edit/GComboBoxModern.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Quirks.h>
+#include <gesso/framework/ScrollSteps.h>
+
+#include <algorithm>
+
+using gesso::Frame;
+using gesso::Has;
+using gesso::Lifeline;
+using gesso::NO_INDEX;
+using gesso::Quirk;
+
+GComboBox::Modern* GComboBox::ModernPart() const
+{
+    return m_inside->pModern.get();
+}
+
+void GComboBox::StartModern()
+{
+    m_inside->pModern.reset();
+    if (!Has(*this, Quirk::ComboListIsModal)) {
+        m_inside->pModern = std::make_unique<Modern>(*this);
+        m_inside->pModern->TakeText();
+    }
+}
+
+// False where the field has no memory for the control's text.
+bool GComboBox::ShowText()
+{
+    Modern* pModern = ModernPart();
+    return !pModern || pModern->TakeText();
+}
+
+GComboBox::Modern::~Modern()
+{
+    Lifeline::Cut(this);
+}
+
+bool GComboBox::Modern::HasList() const
+{
+    const DWORD dwKind = m_combo.Kind();
+    return dwKind == GCBS_DROPDOWN || dwKind == GCBS_DROPDOWNLIST;
+}
+
+bool GComboBox::Modern::HasField() const
+{
+    return m_combo.Kind() == GCBS_DROPDOWN;
+}
+
+bool GComboBox::Modern::Report(UINT uCode)
+{
+    if (uCode != CBN_SELCHANGE && Has(m_combo, Quirk::ComboTellsLittle)) {
+        return true;
+    }
+    const Lifeline life = Life();
+    Frame::SendCommand(m_combo, uCode);
+    return life;
+}
+
+// --- Messages
+
+bool GComboBox::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    return OnWindowMessage(uMsg, wParam, lParam, plAnswer) ||
+           (!Has(m_combo, Quirk::ComboKeysAreItems) && OnKey(uMsg, wParam)) ||
+           (!Has(m_combo, Quirk::ComboKnowsFewMessages) && OnComboMessage(uMsg, wParam, lParam, plAnswer)) ||
+           (HasField() && OnFieldMessage(uMsg, wParam, lParam, plAnswer));
+}
+
+bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    switch (uMsg) {
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS: return OnFocus(uMsg, wParam, lParam);
+    case WM_GETDLGCODE: *plAnswer = DlgCode(reinterpret_cast<const MSG*>(lParam)); return true;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: return OnPress(gesso::PointOf(lParam));
+    case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); return true;
+    case WM_CANCELMODE: return !Leave();
+    case WM_ENABLE: return !wParam && !Leave();
+    case WM_WINDOWPOSCHANGED: return !LeaveIfMoved();
+    case WM_STYLECHANGED: Reflow(); return !Leave();
+    case WM_SIZE: Reflow(); return false;
+    case WM_SETFONT:
+        m_combo.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
+        Reflow();
+        return true;
+    case WM_THEMECHANGED:
+        m_combo.OnThemeChanged();
+        Reflow();
+        return true;
+    default: return false;
+    }
+}
+
+bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    const bool fComes = uMsg == WM_SETFOCUS;
+    if (!fComes && !Leave()) {
+        return true;
+    }
+    const Lifeline life = Life();
+    if (HasField()) {
+        LRESULT lAnswer = 0;
+        m_editor.OnMessage(uMsg, wParam, lParam, &lAnswer);
+        if (life && fComes) {
+            m_editor.Select(0, TextLength());
+            CopySelection();
+        }
+    }
+    if (life && Report(fComes ? CBN_SETFOCUS : CBN_KILLFOCUS)) {
+        fComes ? Frame::OnSetFocus(m_combo) : Frame::OnKillFocus(m_combo);
+    }
+    return true;
+}
+
+// Enter and Esc are the open list's, and otherwise the dialog's.
+LRESULT GComboBox::Modern::DlgCode(const MSG* pMsg) const
+{
+    const bool fEnds = pMsg && (pMsg->wParam == VK_RETURN || pMsg->wParam == VK_ESCAPE);
+    return DLGC_WANTCHARS | DLGC_WANTARROWS | (fEnds && IsOpen() ? DLGC_WANTALLKEYS : 0);
+}
+
+// False for a press in the text, which takes the focus here all the same.
+bool GComboBox::Modern::OnPress(POINTS pt)
+{
+    const Lifeline life = Life();
+    SetFocus(m_combo.m_hWnd);
+    if (!life) {
+        return true;
+    }
+    if (m_combo.PartAt(pt) != gesso::COMBO_BUTTON) {
+        return false;
+    }
+    m_combo.Invalidate(0);
+    m_fHeld = true;
+    Open();
+    return true;
+}
+
+void GComboBox::Modern::OnWheel(int nDelta)
+{
+    const int nNotches = gesso::WheelNotches(m_combo, List().m_siV, nDelta);
+    if (nNotches == 0) {
+        return;
+    }
+    if (IsOpen()) {
+        List().OnMouseWheel(nNotches * WHEEL_DELTA);
+    } else {
+        StepBy(-nNotches);
+    }
+}
+
+// --- Keys
+
+bool GComboBox::Modern::OnKey(UINT uMsg, WPARAM wParam)
+{
+    switch (uMsg) {
+    case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam));
+    case WM_CHAR: return OnChar(static_cast<wchar_t>(wParam));
+    case WM_SYSKEYDOWN:
+        if ((wParam == VK_UP || wParam == VK_DOWN) && HasList()) {
+            Toggle();
+            return true;
+        }
+        return false;
+    default: return false;
+    }
+}
+
+bool GComboBox::Modern::OnKeyDown(UINT uKey)
+{
+    if (uKey == VK_RETURN || uKey == VK_ESCAPE) {
+        if (IsOpen()) {
+            Close(uKey == VK_RETURN);
+        }
+        return true;
+    }
+    const bool fToggles = m_fExtended ? uKey == VK_DOWN && !IsOpen() : uKey == VK_F4;
+    if (fToggles && HasList()) {
+        Toggle();
+        return true;
+    }
+    return StepByKey(uKey) || !HasField();
+}
+
+// Characters that stand for keys, and in the kinds without a field those of a typed word.
+bool GComboBox::Modern::OnChar(wchar_t c)
+{
+    switch (c) {
+    case gesso::CHAR_TAB: gesso::SendTab(m_combo); return true;
+    case gesso::CHAR_LINE_FEED:
+    case gesso::CHAR_RETURN:
+    case gesso::CHAR_ESCAPE: return true;
+    default: break;
+    }
+    if (HasField()) {
+        return false;
+    }
+    if (m_typed.Add(c)) {
+        const UINT nFound = m_typed.Find(m_combo.Selected(), m_combo.GetItemCount(),
+                                         [&](UINT n) { return m_combo.ItemAt(n)->pszText; });
+        if (nFound != NO_INDEX) {
+            StepTo(nFound);
+        }
+    }
+    return true;
+}
+
+// --- Steps
+
+int GComboBox::Modern::PageRows() const
+{
+    RECT rc{};
+    GetClientRect(List().m_hWnd, &rc);
+    return std::max<int>(1, rc.bottom / List().ItemHeight() - 1);
+}
+
+// False for a key that is the field's, or nobody's.
+bool GComboBox::Modern::StepByKey(UINT uKey)
+{
+    const int nAll = static_cast<int>(m_combo.GetItemCount());
+    const int nPage = IsOpen() ? PageRows() : nAll;
+    const bool fPages = IsOpen() || !HasField();
+    switch (uKey) {
+    case VK_UP: StepBy(-1); return true;
+    case VK_DOWN: StepBy(1); return true;
+    case VK_PRIOR:
+    case VK_NEXT:
+        if (fPages) {
+            StepBy(uKey == VK_PRIOR ? -nPage : nPage);
+        }
+        return fPages;
+    default: break;
+    }
+    if (HasField()) {
+        return false;
+    }
+    switch (uKey) {
+    case VK_LEFT: StepBy(-1); return true;
+    case VK_RIGHT: StepBy(1); return true;
+    case VK_HOME: StepBy(-nAll); return true;
+    case VK_END: StepBy(nAll); return true;
+    default: return false;
+    }
+}
+
+// The row that is highlighted, or the item that is selected or that the typed text leads to: to this a step
+// goes first. -1 for none.
+LONGLONG GComboBox::Modern::StepStart(bool fForward) const
+{
+    const UINT nHot = List().m_nHot;
+    if (IsOpen() && List().IsRow(nHot) && nHot != m_nShown) {
+        return nHot;
+    }
+    if (m_combo.ItemAt(m_combo.Selected())) {
+        return m_combo.Selected();
+    }
+    const UINT nMatch = MatchOfText();
+    return nMatch == NO_INDEX ? -1 : LONGLONG{nMatch} - (fForward ? 1 : 0);
+}
+
+void GComboBox::Modern::StepBy(int nRows)
+{
+    const LONGLONG nLast = LONGLONG{m_combo.GetItemCount()} - 1;
+    const LONGLONG nStart = StepStart(nRows > 0);
+    const bool fNothing = nLast < 0 || nRows == 0;
+    if (!fNothing) {
+        StepTo(static_cast<UINT>(std::clamp<LONGLONG>(nStart + nRows, 0, nLast)));
+    }
+}
+
+void GComboBox::Modern::StepTo(UINT nIndex)
+{
+    if (IsOpen()) {
+        if (!m_fStepped) {
+            m_nFormer = m_combo.Selected();
+            m_fStepped = gesso::HoldText(m_strFormer, m_combo.m_strText);
+        }
+        List().ChangeHot(nIndex);
+        List().ShowRow(nIndex);
+        m_nShown = NO_INDEX;
+        if (Choose(nIndex)) {
+            Report(CBN_SELCHANGE);
+        }
+    } else if (Choose(nIndex) && Report(CBN_SELENDOK)) {
+        Report(CBN_SELCHANGE);
+    }
+}
+
+// Whether another item is selected now. It may be the same one that takes the place of a text that was typed.
+bool GComboBox::Modern::Choose(UINT nIndex)
+{
+    const UINT nFormer = m_combo.Selected();
+    if (!m_combo.ChangeSelection(nIndex)) {
+        return false;
+    }
+    m_combo.Update(false);
+    return nIndex != nFormer;
+}
+
+void GComboBox::Modern::OnSelected()
+{
+    m_fStepped = false;
+    if (IsOpen()) {
+        HighlightText();
+    }
+}

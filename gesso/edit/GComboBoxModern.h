@@ -1,0 +1,166 @@
+// What a combo box that was made in Modern does otherwise than the rest of its sources tell: its text field,
+// its keys, the open list, the notifications, and the platform's messages.
+//
+// Made with the window, and gone with it. The parent may do anything when it is told, ending this object
+// included: what tells does so last, or holds a Lifeline.
+#pragma once
+
+#include <gesso/edit/EditorSite.h>
+#include <gesso/edit/GComboBoxInside.h>
+#include <gesso/edit/TextEditor.h>
+#include <gesso/framework/ControlText.h>
+#include <gesso/framework/Lifeline.h>
+#include <gesso/framework/TypeAhead.h>
+
+struct GComboBox::Modern final : private gesso::EditorSite
+{
+    explicit Modern(GComboBox& combo);
+    ~Modern();
+    Modern(const Modern&) = delete;
+    Modern& operator=(const Modern&) = delete;
+
+    // False for a message that is answered as in Classic. Otherwise the control may be gone.
+    bool OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    // The same of the open list's window.
+    bool OnListMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+
+    bool HasList() const;
+    bool HasField() const;
+    void Open();
+    // The control's text is another one: the field shows it. False, with the former text back, without
+    // memory.
+    bool TakeText();
+    // The program has selected an item, or changed the items.
+    void OnSelected();
+    void OnItemsChanged(UINT nIndex, int nDelta);
+    void Reflow();
+
+    void DrawField(HDC hdc);
+    // In a face without an item.
+    void DrawCue(HDC hdc, const RECT& rcText) const;
+    UINT CharAt(POINTS pt);
+
+private:
+    enum class Phase
+    {
+        Closed,
+        Opening, // while the parent is told
+        Open,
+        Closing
+    };
+    // What a list stays open for.
+    struct Place
+    {
+        RECT rcControl;
+        HWND hwndForeground;
+        bool fShown;
+        bool fEnabled;
+    };
+
+    // --- The control as a TextEditor's window
+    const GWnd& Window() const override { return m_combo; }
+    HFONT Font() const override { return m_combo.m_hFont; }
+    DWORD EditStyle() const override;
+    RECT TextRect() const override;
+    LRESULT Tell(UINT uCode) override;
+    void SetRange(int, int, UINT, int) override {}
+
+    // --- Messages
+    gesso::Lifeline Life() const { return gesso::Lifeline(static_cast<const void*>(this)); }
+    bool OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT DlgCode(const MSG* pMsg) const;
+    bool OnPress(POINTS pt);
+    void OnWheel(int nDelta);
+    bool OnComboMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnListQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnItemQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnFieldQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    // False where the control is gone.
+    bool Report(UINT uCode);
+
+    // --- Keys
+    bool OnKey(UINT uMsg, WPARAM wParam);
+    bool OnKeyDown(UINT uKey);
+    bool OnChar(wchar_t c);
+    bool StepByKey(UINT uKey);
+    LONGLONG StepStart(bool fForward) const;
+    void StepBy(int nRows);
+    void StepTo(UINT nIndex);
+    int PageRows() const;
+
+    // --- The field
+    bool OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnTyped(WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    void OnEdited();
+    void SetLimit();
+    bool IsPointerOnText() const;
+    void CompleteText();
+    void CopyText();
+    void CopySelection();
+    UINT TextLength() const { return m_editor.Text().Length(); }
+    // The item that the text of the field leads to.
+    UINT MatchOfText() const;
+
+    // --- The open list
+    GComboBoxList& List() const { return *m_combo.m_pList; }
+    bool IsOpen() const { return m_phase == Phase::Open; }
+    bool Show();
+    void Arrange();
+    RECT PlaceOfList() const;
+    int WidestItem() const;
+    SIZE ListFrame() const;
+    Place PlaceNow() const;
+    void Toggle();
+    // With the highlighted row, or with the former choice.
+    void Close(bool fTake);
+    bool Leave();
+    bool LeaveIfMoved();
+    void Finish(UINT uCode, bool fChanged);
+    bool Hide();
+    bool Choose(UINT nIndex);
+    bool GiveBack();
+    void HighlightText();
+    bool OnListPress(UINT uMsg, POINTS pt);
+    void OnListRelease(POINTS pt);
+    void OnListMove(WPARAM wKeys, POINTS pt);
+    void OnListTimer(WPARAM wTimer);
+    void Pick(UINT nIndex);
+
+    // --- The platform's messages
+    LRESULT AddString(LPCWSTR psz);
+    LRESULT SetItemHeight(int nIndex, int nHeight);
+    LRESULT ItemHeight(int nIndex) const;
+    LRESULT SetEditSelection(UINT nStart, UINT nEnd);
+    LRESULT SetCue(LPCWSTR psz);
+    LRESULT CopyCue(LPWSTR pszBuffer, int nCapacity) const;
+    LRESULT DroppedRect(RECT* prc) const;
+    LRESULT Info(COMBOBOXINFO* pInfo) const;
+    LRESULT SetTopIndex(UINT nIndex);
+    LRESULT SetMinVisible(UINT nRows);
+    int DroppedWidth() const;
+    void ArrangeIfOpen();
+    void ShowDropDown(bool fShow);
+    int FieldHeight() const;
+
+    GComboBox& m_combo;
+    gesso::TextEditor m_editor;
+    gesso::TypeAhead m_typed;
+    gesso::ControlText m_cue;
+    UINT m_nMinVisible = 30;
+    int m_nDroppedWidth = 0;
+    bool m_fExtended = false; // CB_SETEXTENDEDUI
+
+    bool m_fTyping = false; // edits are told at the end of the message
+    bool m_fEdited = false; // there was one
+
+    Phase m_phase = Phase::Closed;
+    Place m_place{};
+    bool m_fHeld = false;            // the press that opened the list lasts
+    bool m_fReleasing = false;       // the list's bar gives the capture up
+    POINTS m_ptSeen{};               // of the pointer, on the screen
+    UINT m_nShown = gesso::NO_INDEX; // a row that is highlighted without having been chosen
+    bool m_fStepped = false;         // the choice is not what it was when the list opened, which is:
+    UINT m_nFormer = gesso::NO_INDEX;
+    gesso::ControlText m_strFormer;
+};

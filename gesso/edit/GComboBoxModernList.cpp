@@ -1,0 +1,381 @@
+// The open list of a combo box that was made in Modern. The list has the capture, so that a press elsewhere
+// closes it, and the control keeps the focus; no loop waits for either.
+
+#include <gesso/edit/ComboListPlace.h>
+#include <gesso/edit/ComboSearch.h>
+#include <gesso/edit/GComboBoxModern.h>
+#include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Frame.h>
+#include <gesso/framework/Metrics.h>
+#include <gesso/framework/Quirks.h>
+#include <gesso/framework/Saturate.h>
+
+#include <algorithm>
+#include <utility>
+
+using gesso::Frame;
+using gesso::Has;
+using gesso::Lifeline;
+using gesso::NO_INDEX;
+using gesso::Quirk;
+
+namespace {
+
+constexpr UINT_PTR PLACE_TIMER = 1;
+constexpr UINT_PTR ARRANGE_TIMER = 2;
+constexpr UINT PLACE_PERIOD = 100; // milliseconds; a list that is left behind goes after it
+constexpr UINT ARRANGE_DELAY = 10; // for items that come or go one after the other
+
+constexpr int TALL = 1000; // more than frames are high: in a window so much higher than its rows no bar shows
+
+POINTS PointerPos()
+{
+    POINT pt{};
+    GetCursorPos(&pt);
+    return {static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)};
+}
+
+bool IsSame(POINTS a, POINTS b)
+{
+    return a.x == b.x && a.y == b.y;
+}
+
+void SetArrowCursor()
+{
+    constexpr WORD ARROW_CURSOR = 32512; // IDC_ARROW
+    SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(ARROW_CURSOR)));
+}
+
+} // namespace
+
+// --- Opening
+
+void GComboBox::Modern::Open()
+{
+    if (m_phase != Phase::Closed || !HasList()) {
+        return;
+    }
+    m_phase = Phase::Opening;
+    if (!Report(CBN_DROPDOWN)) {
+        return;
+    }
+    if (m_phase == Phase::Opening && Show()) {
+        return;
+    }
+    m_phase = Phase::Closed;
+    Report(CBN_CLOSEUP);
+}
+
+// False where there is no window to show. The control may be gone otherwise.
+bool GComboBox::Modern::Show()
+{
+    const HWND hwnd = m_combo.m_hWnd;
+    RECT rc{};
+    GetWindowRect(hwnd, &rc);
+    const int nTall = gesso::Saturated(List().RowsHeight() + TALL);
+    if (!List().Make(hwnd, m_combo.m_hFont, {rc.left, rc.bottom, rc.right - rc.left, nTall, hwnd})) {
+        return false;
+    }
+    m_phase = Phase::Open;
+    m_place = PlaceNow();
+    m_fStepped = false;
+    m_ptSeen = PointerPos();
+    Arrange();
+    HighlightText();
+    const HWND hwndList = List().m_hWnd;
+    SetWindowPos(hwndList, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    SetTimer(hwndList, PLACE_TIMER, PLACE_PERIOD, nullptr);
+    SetArrowCursor();
+    m_combo.Invalidate(0);
+    SetCapture(hwndList);
+    return true;
+}
+
+GComboBox::Modern::Place GComboBox::Modern::PlaceNow() const
+{
+    const HWND hwnd = m_combo.m_hWnd;
+    Place place{{}, GetForegroundWindow(), IsWindowVisible(hwnd) != 0, false};
+    GetWindowRect(hwnd, &place.rcControl);
+    place.fEnabled = IsWindowEnabled(hwnd) && IsWindowEnabled(GetAncestor(hwnd, GA_ROOT));
+    return place;
+}
+
+// What the frame of the list takes off each side, also before there is a list.
+SIZE GComboBox::Modern::ListFrame() const
+{
+    if (List().IsOpen()) {
+        return List().FrameSize();
+    }
+    SIZE size{};
+    const gesso::WindowContext hdc(m_combo.m_hWnd);
+    GetThemePartSize(m_combo.m_hTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size);
+    return size;
+}
+
+int GComboBox::Modern::WidestItem() const
+{
+    const gesso::WindowMeasure measure(m_combo.m_hWnd, m_combo.m_hFont, false);
+    int nWidest = 0;
+    for (const ComboItem* pItem : m_combo.m_aItems) {
+        nWidest = std::max(
+            nWidest, measure->Width(pItem->pszText, static_cast<UINT>(gesso::TextLength(pItem->pszText))));
+    }
+    return nWidest;
+}
+
+RECT GComboBox::Modern::PlaceOfList() const
+{
+    const HWND hwnd = m_combo.m_hWnd;
+    MONITORINFO monitor{sizeof(MONITORINFO), {}, {}, 0};
+    const BOOL fKnown = GetMonitorInfoW(MonitorFromWindow(hwnd, MONITOR_DEFAULTTONEAREST), &monitor);
+    gesso::ComboListRoom room{};
+    GetWindowRect(hwnd, &room.rcControl);
+    room.rcWork = fKnown ? monitor.rcWork : RECT{};
+    room.cxLeast = m_nDroppedWidth;
+    room.cxWidest =
+        gesso::Saturated(LONGLONG{WidestItem()} + 2 * gesso::Pixels(hwnd, gesso::Metrics::COMBO_ROW_INSET));
+    room.cxBar = gesso::SystemMetric(hwnd, SM_CXVSCROLL);
+    room.frame = ListFrame();
+    room.cyRow = static_cast<int>(ItemHeight(0));
+    room.nItems = m_combo.GetItemCount();
+    room.nMostRows = m_nMinVisible;
+    room.cyMost = m_combo.m_nDropdownHeight;
+    return gesso::PlaceComboList(room);
+}
+
+void GComboBox::Modern::Arrange()
+{
+    const RECT rc = PlaceOfList();
+    const int nPage = rc.bottom - rc.top - 2 * static_cast<int>(List().FrameSize().cy);
+    SetWindowPos(List().m_hWnd, nullptr, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    List().SetUpScrolling(nPage);
+    List().ShowScrollBar(SB_VERT, List().RowsHeight() > nPage);
+}
+
+void GComboBox::Modern::ArrangeIfOpen()
+{
+    if (IsOpen()) {
+        Arrange();
+        HighlightText();
+    }
+}
+
+// The row that the selection or the typed text leads to is highlighted, and comes into view.
+void GComboBox::Modern::HighlightText()
+{
+    const UINT nSelected = m_combo.Selected();
+    m_nShown = m_combo.ItemAt(nSelected) ? nSelected : MatchOfText();
+    List().ChangeHot(m_nShown);
+    List().ShowRow(m_nShown);
+    List().Invalidate(0);
+}
+
+// --- Closing
+
+void GComboBox::Modern::Toggle()
+{
+    if (IsOpen()) {
+        Close(true);
+    } else {
+        m_fHeld = false;
+        Open();
+    }
+}
+
+void GComboBox::Modern::Close(bool fTake)
+{
+    if (m_phase == Phase::Opening) {
+        m_phase = Phase::Closed; // Open sees to it
+    }
+    if (!IsOpen()) {
+        return;
+    }
+    m_phase = Phase::Closing;
+    const UINT nHot = List().m_nHot;
+    const bool fTakes = fTake && List().IsRow(nHot) && nHot != m_nShown;
+    const bool fChanged = fTake ? fTakes && Choose(nHot) : GiveBack();
+    Finish(fTake ? CBN_SELENDOK : CBN_SELENDCANCEL, fChanged);
+}
+
+void GComboBox::Modern::Finish(UINT uCode, bool fChanged)
+{
+    if (Report(uCode) && Hide() && Report(CBN_CLOSEUP) && fChanged) {
+        Report(CBN_SELCHANGE);
+    }
+}
+
+// False where the control is gone.
+bool GComboBox::Modern::Hide()
+{
+    const Lifeline life = Life();
+    m_phase = Phase::Closed;
+    if (List().IsOpen()) {
+        m_combo.ChangeExpansion(false);
+    }
+    if (life) {
+        m_combo.Invalidate(0);
+    }
+    return life;
+}
+
+// Closes with the former choice; false where the control is gone.
+bool GComboBox::Modern::Leave()
+{
+    const Lifeline life = Life();
+    Close(false);
+    return life;
+}
+
+bool GComboBox::Modern::LeaveIfMoved()
+{
+    if (!IsOpen()) {
+        return true;
+    }
+    const Place now = PlaceNow();
+    const bool fStays = EqualRect(&now.rcControl, &m_place.rcControl) && now.fShown == m_place.fShown &&
+                        now.fEnabled == m_place.fEnabled && now.hwndForeground == m_place.hwndForeground;
+    return fStays || Leave();
+}
+
+// Whether another item is selected now.
+bool GComboBox::Modern::GiveBack()
+{
+    if (!std::exchange(m_fStepped, false)) {
+        return false;
+    }
+    const UINT nLast = m_combo.Selected();
+    if (!m_combo.ChangeSelection(m_nFormer)) {
+        return false;
+    }
+    m_combo.ChangeText([&](gesso::TextField& field) {
+        const bool fStarted = field.Lines().Start(gesso::TextOrEmpty(m_strFormer));
+        field.SelectAll();
+        return fStarted;
+    });
+    m_combo.Invalidate(0);
+    return nLast != m_nFormer;
+}
+
+// The selection goes with its item, and so does what Esc gives back.
+void GComboBox::Modern::OnItemsChanged(UINT nIndex, int nDelta)
+{
+    if (nDelta < 0 && m_nFormer == nIndex) {
+        m_nFormer = NO_INDEX;
+    } else if (m_nFormer != NO_INDEX && m_nFormer >= nIndex) {
+        m_nFormer += static_cast<UINT>(nDelta);
+    }
+    if (IsOpen()) {
+        SetTimer(List().m_hWnd, ARRANGE_TIMER, ARRANGE_DELAY, nullptr);
+    }
+}
+
+// --- Messages of the list's window
+
+bool GComboBox::Modern::OnListMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+{
+    const POINTS pt = gesso::PointOf(lParam);
+    *plAnswer = 0;
+    switch (uMsg) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+    case WM_XBUTTONDOWN:
+    case WM_XBUTTONDBLCLK: return OnListPress(uMsg, pt);
+    case WM_LBUTTONUP: OnListRelease(pt); return true;
+    case WM_RBUTTONUP: return true;
+    case WM_NCLBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK: return !List().IsOverBar(pt);
+    case WM_MOUSEMOVE: OnListMove(wParam, pt); return true;
+    case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); return true;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+    case WM_CHAR: SendMessageW(m_combo.m_hWnd, uMsg, wParam, lParam); return true;
+    case WM_TIMER: OnListTimer(wParam); return true;
+    case WM_CANCELMODE: Leave(); return true;
+    case WM_CAPTURECHANGED:
+        if (!m_fReleasing && reinterpret_cast<HWND>(lParam) != List().m_hWnd) {
+            Leave();
+        }
+        return true;
+    case WM_NCDESTROY: m_phase = Phase::Closed; return false;
+    default: return false;
+    }
+}
+
+// False for a press on a row or the bar with the left button, which is the list's own.
+bool GComboBox::Modern::OnListPress(UINT uMsg, POINTS pt)
+{
+    const POINTS ptScreen = gesso::ToScreen(List().m_hWnd, pt);
+    RECT rcWindow{};
+    RECT rcClient{};
+    GetWindowRect(List().m_hWnd, &rcWindow);
+    GetClientRect(List().m_hWnd, &rcClient);
+    m_fHeld = false;
+    if (!PtInRect(&rcWindow, {ptScreen.x, ptScreen.y})) {
+        Leave();
+        return true;
+    }
+    const bool fLeft = uMsg == WM_LBUTTONDOWN || uMsg == WM_LBUTTONDBLCLK;
+    return !fLeft || !(List().IsOverBar(ptScreen) || PtInRect(&rcClient, {pt.x, pt.y}));
+}
+
+// A row is chosen that was pressed too, or that the press on the control was drawn to.
+void GComboBox::Modern::OnListRelease(POINTS pt)
+{
+    const Lifeline life = Life();
+    if (Frame::State(List()) & GWS_NCPRESSED) {
+        m_fReleasing = true;
+        List().OnNcLButtonUp(HTVSCROLL, gesso::ToScreen(List().m_hWnd, pt));
+        if (life) {
+            m_fReleasing = false;
+            if (IsOpen()) {
+                SetCapture(List().m_hWnd);
+            }
+        }
+        return;
+    }
+    const UINT nPressed = std::exchange(List().m_hitDown.nItem, NO_INDEX);
+    const bool fDrawn = std::exchange(m_fHeld, false);
+    const UINT nItem = List().HitTest(pt);
+    if (List().IsRow(nItem) && (fDrawn || List().IsRow(nPressed))) {
+        Pick(nItem);
+    }
+}
+
+void GComboBox::Modern::Pick(UINT nIndex)
+{
+    if (IsOpen()) {
+        m_phase = Phase::Closing;
+        Finish(CBN_SELENDOK, Choose(nIndex));
+    }
+}
+
+// The platform sends moves of a pointer that rests, too, where a window comes up below it.
+void GComboBox::Modern::OnListMove(WPARAM wKeys, POINTS pt)
+{
+    const POINTS ptScreen = gesso::ToScreen(List().m_hWnd, pt);
+    if (IsSame(ptScreen, m_ptSeen)) {
+        return;
+    }
+    m_ptSeen = ptScreen;
+    const Lifeline life = Life();
+    const UINT nHot = List().m_nHot;
+    List().OnMouseMove(wKeys, pt);
+    if (life && List().m_nHot != nHot) {
+        m_nShown = NO_INDEX;
+    }
+}
+
+void GComboBox::Modern::OnListTimer(WPARAM wTimer)
+{
+    if (wTimer == PLACE_TIMER) {
+        LeaveIfMoved();
+    } else if (wTimer == ARRANGE_TIMER) {
+        KillTimer(List().m_hWnd, ARRANGE_TIMER);
+        ArrangeIfOpen();
+    }
+}

@@ -1,0 +1,608 @@
+// A combo box that was made in Modern: what it finds, its list, its keys, its field, and what it tells.
+
+#include "../support/Host.h"
+#include "../support/User.h"
+#include "../support/WithBehavior.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace test;
+
+constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+constexpr UINT NONE = static_cast<UINT>(-1);
+constexpr int COMBO_X = 10, COMBO_Y = 10, COMBO_CX = 120, COMBO_CY = 24; // in the host's client area
+constexpr int ROW = 22;
+
+LPARAM Text(LPCWSTR psz)
+{
+    return reinterpret_cast<LPARAM>(psz);
+}
+
+class GComboBoxModernTest : public testing::Test
+{
+protected:
+    void TearDown() override { combo.Destroy(); }
+
+    void Make(DWORD dwStyle,
+              std::initializer_list<LPCWSTR> items = {L"Alpha", L"beta", L"Beton", L"gamma", L"delta"})
+    {
+        combo.Destroy();
+        combo.RemoveAllItems();
+        ASSERT_TRUE(combo.Create(COMBO_X, COMBO_Y, COMBO_CX, COMBO_CY, host, 5, CHILD | dwStyle, 0));
+        for (const LPCWSTR psz : items) {
+            combo.InsertItem(NONE, 0, psz, 0, nullptr);
+        }
+        SetFocus(combo);
+        user::Pump();
+        host.TakeReports();
+    }
+
+    LRESULT Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        return SendMessageW(combo, uMsg, wParam, lParam);
+    }
+    void Key(UINT uKey, std::initializer_list<UINT> held = {})
+    {
+        user::TypeKey(uKey, held);
+        user::Pump();
+    }
+    void Type(std::string_view text)
+    {
+        user::TypeText(text);
+        user::Pump();
+    }
+    void Open()
+    {
+        Send(CB_SHOWDROPDOWN, TRUE);
+        user::Pump();
+        host.TakeReports();
+    }
+    bool IsOpen() { return Send(CB_GETDROPPEDSTATE) != 0; }
+    HWND List()
+    {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        Send(CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+        return info.hwndList;
+    }
+    RECT ListRect()
+    {
+        RECT rc{};
+        GetWindowRect(List(), &rc);
+        return rc;
+    }
+    RECT ComboRect()
+    {
+        RECT rc{};
+        GetWindowRect(combo, &rc);
+        return rc;
+    }
+    // Of the open list's client area, on the screen.
+    POINT RowPoint(int nRowInView)
+    {
+        POINT pt{20, nRowInView * ROW + ROW / 2};
+        ClientToScreen(List(), &pt);
+        return pt;
+    }
+    void ClickAt(POINT pt)
+    {
+        user::Click(pt.x, pt.y);
+        user::Pump();
+    }
+    POINT ButtonPoint()
+    {
+        const RECT rc = ComboRect();
+        return {rc.right - 5, rc.top + 10};
+    }
+
+    // The codes of WM_COMMAND that the parent was sent since the last call.
+    std::string Codes()
+    {
+        const std::string start = "click 5 code ";
+        std::string codes;
+        for (const std::string& report : host.TakeReports()) {
+            if (report.starts_with(start)) {
+                codes += (codes.empty() ? "" : " ") + report.substr(start.size());
+            }
+        }
+        return codes;
+    }
+    int Selected() const { return static_cast<int>(combo.GetSelected()); }
+
+    Modern modern;
+    Host host;
+    GComboBox combo;
+};
+
+TEST_F(GComboBoxModernTest, TextsAreFoundFromBehindTheStartAndAroundTheEnd)
+{
+    Make(GCBS_DROPDOWNLIST, {L"Alpha", L"beta", L"", L"Beton", L"\x00C4gypten"});
+    const struct
+    {
+        UINT uMsg;
+        int nStart;
+        LPCWSTR psz;
+        int nHit;
+    } rows[] = {
+        {CB_FINDSTRING, -1, L"BE", 1},       {CB_FINDSTRING, 1, L"be", 3},
+        {CB_FINDSTRING, 3, L"be", 1},        {CB_FINDSTRING, 99, L"be", 1},
+        {CB_FINDSTRING, -1, L"beto", 3},     {CB_FINDSTRING, -1, L"betons", -1},
+        {CB_FINDSTRING, -1, L"", -1},        {CB_FINDSTRING, 0, L"alpha", 0},
+        {CB_FINDSTRING, 0, L"\x00E4g", 4},   {CB_FINDSTRINGEXACT, -1, L"be", -1},
+        {CB_FINDSTRINGEXACT, 1, L"BETA", 1}, {CB_FINDSTRINGEXACT, 3, L"beton", 3},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Send(row.uMsg, static_cast<WPARAM>(row.nStart), Text(row.psz)), row.nHit) << &row - rows;
+    }
+    EXPECT_EQ(Send(CB_SELECTSTRING, 1, Text(L"BET")), 3);
+    EXPECT_EQ(Send(CB_SELECTSTRING, 1, Text(L"x")), CB_ERR);
+    EXPECT_EQ(Selected(), 3) << "no hit changes nothing";
+    EXPECT_EQ(Codes(), "") << "the program's own selections are not told";
+}
+
+TEST_F(GComboBoxModernTest, AnswersThePlatformsMessages)
+{
+    Make(GCBS_DROPDOWNLIST);
+    EXPECT_NE(Send(CB_SETITEMDATA, 2, 77), CB_ERR);
+    EXPECT_EQ(Send(CB_GETITEMDATA, 2), 77);
+    EXPECT_EQ(Send(CB_SETITEMDATA, 5, 77), CB_ERR);
+    EXPECT_EQ(Send(CB_GETITEMDATA, NONE), CB_ERR);
+    EXPECT_EQ(Send(CB_GETITEMHEIGHT, 0), ROW);
+    EXPECT_NE(Send(CB_SETITEMHEIGHT, 0, 30), CB_ERR);
+    EXPECT_EQ(Send(CB_GETITEMHEIGHT, 0), 30);
+    for (const auto& [nIndex, nHeight] : {std::pair{0, 0}, {0, 256}, {1, 30}, {-2, 30}, {-1, 0}}) {
+        EXPECT_EQ(Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(nIndex), nHeight), CB_ERR) << nIndex;
+    }
+    const LRESULT nField = Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
+    EXPECT_NE(Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), nField + 7), CB_ERR);
+    EXPECT_EQ(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)), nField + 7);
+    EXPECT_EQ(ComboRect().bottom - ComboRect().top, COMBO_CY + 7);
+    EXPECT_EQ(Send(CB_GETMINVISIBLE), 30);
+    EXPECT_EQ(Send(CB_SETMINVISIBLE, 4), TRUE);
+    EXPECT_EQ(Send(CB_SETMINVISIBLE, 0), FALSE);
+    EXPECT_EQ(Send(CB_GETMINVISIBLE), 4);
+    EXPECT_EQ(Send(CB_GETDROPPEDWIDTH), COMBO_CX);
+    EXPECT_EQ(Send(CB_SETDROPPEDWIDTH, 300), 300);
+    EXPECT_EQ(Send(CB_GETEXTENDEDUI), FALSE);
+    wchar_t cue[5] = L"----";
+    EXPECT_EQ(Send(CB_GETCUEBANNER, reinterpret_cast<WPARAM>(cue), 5), FALSE);
+    EXPECT_EQ(Send(CB_SETCUEBANNER, 0, Text(L"Choose one")), TRUE);
+    EXPECT_EQ(Send(CB_GETCUEBANNER, reinterpret_cast<WPARAM>(cue), 5), TRUE);
+    EXPECT_EQ(Narrow(cue), "Choo");
+    EXPECT_EQ(Send(CB_GETEDITSEL), CB_ERR) << "there is no field";
+    EXPECT_EQ(Send(CB_SETEDITSEL), CB_ERR);
+    EXPECT_EQ(Send(CB_DIR, 0, Text(L"*")), CB_ERR);
+    COMBOBOXINFO info{};
+    EXPECT_EQ(Send(CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info)), FALSE) << "of no size";
+    EXPECT_EQ(Codes(), "");
+}
+
+TEST_F(GComboBoxModernTest, SortsAsItFillsAndTheSelectionGoesWithItsItem)
+{
+    Make(GCBS_DROPDOWNLIST | GCBS_SORT, {});
+    EXPECT_EQ(Send(CB_ADDSTRING, 0, Text(L"melon")), 0);
+    EXPECT_EQ(Send(CB_SETCURSEL, 0), 0);
+    EXPECT_EQ(Send(CB_ADDSTRING, 0, Text(L"Apple")), 0);
+    EXPECT_EQ(Send(CB_ADDSTRING, 0, Text(L"zebra")), 2);
+    EXPECT_EQ(Send(CB_ADDSTRING, 0, Text(L"MELON")), 2) << "behind its like";
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(Send(CB_INSERTSTRING, 1, Text(L"told")), 1);
+    EXPECT_EQ(Selected(), 2);
+    EXPECT_EQ(TextOf(combo), "melon");
+    EXPECT_EQ(Send(CB_DELETESTRING, 0), 4);
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(Send(CB_DELETESTRING, 3), 3);
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(Send(CB_DELETESTRING, 1), 2);
+    EXPECT_EQ(Selected(), -1);
+    Make(GCBS_DROPDOWN);
+    combo.SetText(L"kept");
+    EXPECT_EQ(Send(CB_DELETESTRING, 0), 4);
+    EXPECT_EQ(TextOf(combo), "kept");
+    EXPECT_EQ(Send(CB_RESETCONTENT), 0);
+    EXPECT_EQ(TextOf(combo), "");
+    EXPECT_EQ(Codes(), "");
+}
+
+TEST_F(GComboBoxModernTest, KeysOpenAndCloseEveryList)
+{
+    for (const DWORD dwKind : {GCBS_DROPDOWN, GCBS_DROPDOWNLIST}) {
+        Make(dwKind);
+        const std::pair<UINT, UINT> rows[] = {{VK_F4, 0}, {VK_DOWN, VK_MENU}, {VK_UP, VK_MENU}};
+        for (const auto& [uKey, uHeld] : rows) {
+            SCOPED_TRACE(uKey);
+            const auto press = [&] { uHeld ? Key(uKey, {uHeld}) : Key(uKey); };
+            press();
+            EXPECT_TRUE(IsOpen());
+            EXPECT_EQ(GetFocus(), combo.GetHwnd());
+            EXPECT_EQ(Codes(), "7");
+            press();
+            EXPECT_FALSE(IsOpen());
+            EXPECT_EQ(Codes(), "9 8");
+        }
+        EXPECT_EQ(Send(CB_SHOWDROPDOWN, TRUE), TRUE);
+        EXPECT_EQ(Send(CB_SHOWDROPDOWN, TRUE), TRUE);
+        EXPECT_EQ(Codes(), "7");
+        EXPECT_EQ(Send(CB_SHOWDROPDOWN, FALSE), TRUE);
+        EXPECT_EQ(Send(CB_SHOWDROPDOWN, FALSE), TRUE);
+        EXPECT_EQ(Codes(), "10 8");
+        EXPECT_EQ(Send(CB_SETEXTENDEDUI, TRUE), CB_OKAY);
+        Key(VK_F4);
+        EXPECT_FALSE(IsOpen());
+        Key(VK_DOWN);
+        EXPECT_TRUE(IsOpen());
+        EXPECT_EQ(Selected(), -1);
+    }
+    Make(GCBS_PLAIN);
+    Key(VK_F4);
+    Key(VK_DOWN, {VK_MENU});
+    EXPECT_EQ(Send(CB_SHOWDROPDOWN, TRUE), TRUE);
+    EXPECT_FALSE(IsOpen()) << "this kind has no list";
+    EXPECT_EQ(Send(CB_SETEXTENDEDUI, TRUE), CB_ERR);
+    EXPECT_EQ(Codes(), "");
+}
+
+TEST_F(GComboBoxModernTest, StepsInTheOpenListAreTakenOrGivenBack)
+{
+    Make(GCBS_DROPDOWNLIST);
+    combo.SetSelected(1);
+    Open();
+    Key(VK_DOWN);
+    EXPECT_EQ(Selected(), 2);
+    EXPECT_EQ(Codes(), "1") << "at once";
+    Key(VK_END);
+    Key(VK_DOWN);
+    EXPECT_EQ(Codes(), "1") << "at the end there is nothing to tell";
+    Key(VK_ESCAPE);
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(TextOf(combo), "beta");
+    EXPECT_EQ(Codes(), "10 8 1");
+    Open();
+    Key(VK_UP);
+    Key(VK_RETURN);
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_EQ(Codes(), "1 9 8");
+    Open();
+    Key(VK_ESCAPE);
+    EXPECT_EQ(Codes(), "10 8") << "nothing had changed";
+    Open();
+    Key(VK_DOWN);
+    combo.SetSelected(3);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(Selected(), 3) << "the program's choice is no step";
+    combo.RemoveAllItems();
+    Open();
+    Key(VK_DOWN);
+    Key(VK_RETURN);
+    EXPECT_EQ(Codes(), "9 8");
+}
+
+TEST_F(GComboBoxModernTest, EscGivesATypedTextBack)
+{
+    Make(GCBS_DROPDOWN);
+    Type("be");
+    EXPECT_EQ(Codes(), "6 5 6 5");
+    EXPECT_EQ(Selected(), -1);
+    Open();
+    Key(VK_DOWN);
+    EXPECT_EQ(TextOf(combo), "beta") << "the item that the text leads to";
+    EXPECT_EQ(Codes(), "1");
+    Key(VK_DOWN);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(TextOf(combo), "be");
+    EXPECT_EQ(Selected(), -1);
+    EXPECT_EQ(Codes(), "1 10 8 1");
+    Open();
+    Key(VK_RETURN);
+    EXPECT_EQ(TextOf(combo), "be") << "highlighted is not chosen";
+    EXPECT_EQ(Codes(), "9 8");
+    Open();
+    Key(VK_DOWN);
+    Type("x");
+    EXPECT_EQ(Selected(), -1);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(TextOf(combo), "x") << "what was typed is the text";
+    EXPECT_EQ(Codes(), "1 6 5 10 8");
+    Key(VK_UP);
+    EXPECT_EQ(TextOf(combo), "Alpha");
+    EXPECT_EQ(Codes(), "9 1");
+}
+
+TEST_F(GComboBoxModernTest, TheMouseChoosesInTheListOrClosesIt)
+{
+    Make(GCBS_DROPDOWNLIST);
+    ClickAt(ButtonPoint());
+    EXPECT_TRUE(IsOpen()) << "the press has returned";
+    EXPECT_EQ(Codes(), "7");
+    ClickAt(RowPoint(2));
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(TextOf(combo), "Beton");
+    EXPECT_EQ(Codes(), "9 8 1");
+    Open();
+    ClickAt(RowPoint(2));
+    EXPECT_EQ(Codes(), "9 8") << "the same item";
+    Open();
+    Key(VK_DOWN);
+    ClickAt({HOST_X + 300, HOST_Y + 200});
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Selected(), 2);
+    EXPECT_EQ(Codes(), "1 10 8 1");
+    Open();
+    ClickAt(ButtonPoint());
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Codes(), "10 8");
+    const POINT pt = ButtonPoint();
+    user::MoveMouse(pt.x, pt.y);
+    user::PressButton();
+    user::Pump();
+    const POINT ptRow = RowPoint(0);
+    user::MoveMouse(ptRow.x, ptRow.y);
+    user::Pump();
+    user::ReleaseButton();
+    user::Pump();
+    EXPECT_EQ(Selected(), 0) << "a press that is drawn to a row";
+    EXPECT_EQ(Codes(), "7 9 8 1");
+    Open();
+    const POINT ptOver = RowPoint(3);
+    user::MoveMouse(ptOver.x, ptOver.y);
+    user::Pump();
+    EXPECT_EQ(Selected(), 0);
+    Key(VK_RETURN);
+    EXPECT_EQ(Selected(), 3) << "Enter takes what is highlighted";
+    EXPECT_EQ(Codes(), "9 8 1");
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(GComboBoxModernTest, TypedLettersChooseWithoutAField)
+{
+    for (const DWORD dwKind : {GCBS_PLAIN, GCBS_DROPDOWNLIST}) {
+        Make(dwKind);
+        Type("b");
+        EXPECT_EQ(TextOf(combo), "beta");
+        EXPECT_EQ(Codes(), "9 1");
+        Type("ETO");
+        EXPECT_EQ(TextOf(combo), "Beton");
+        EXPECT_EQ(Codes(), "9 1");
+        user::Wait(1100);
+        Type("x");
+        EXPECT_EQ(Codes(), "");
+    }
+    user::Wait(1100);
+    Open();
+    Type("g");
+    EXPECT_EQ(TextOf(combo), "gamma");
+    EXPECT_EQ(Codes(), "1") << "as a step in the open list";
+    Key(VK_RETURN);
+    EXPECT_EQ(Codes(), "9 8");
+}
+
+TEST_F(GComboBoxModernTest, KeysAndWheelStepThroughTheClosedList)
+{
+    Make(GCBS_DROPDOWNLIST);
+    Key(VK_END);
+    EXPECT_EQ(Codes(), "9 1");
+    Key(VK_DOWN);
+    EXPECT_EQ(Codes(), "") << "nothing has changed";
+    Key(VK_HOME);
+    Key(VK_RIGHT);
+    EXPECT_EQ(Selected(), 1);
+    EXPECT_EQ(Codes(), "9 1 9 1");
+    const auto wheel = [&](int nDelta) { Send(WM_MOUSEWHEEL, MAKEWPARAM(0, nDelta), 0); };
+    wheel(-60);
+    EXPECT_EQ(Selected(), 1);
+    wheel(-60);
+    EXPECT_EQ(Selected(), 2) << "two halves are a notch";
+    wheel(-1200);
+    EXPECT_EQ(Selected(), 4);
+    wheel(120);
+    EXPECT_EQ(Selected(), 3);
+}
+
+TEST_F(GComboBoxModernTest, EnterAndEscAreTheOpenListsAndOtherwiseTheDialogs)
+{
+    for (const DWORD dwKind : {GCBS_DROPDOWN, GCBS_DROPDOWNLIST}) {
+        Make(dwKind);
+        const auto key = [&](UINT uKey) {
+            user::TypeKey(uKey);
+            user::Pump(host);
+        };
+        for (const UINT uKey : {VK_RETURN, VK_ESCAPE}) {
+            Open();
+            key(uKey);
+            EXPECT_FALSE(IsOpen());
+            EXPECT_EQ(host.TakeReports(),
+                      (Reports{uKey == VK_RETURN ? "click 5 code 9" : "click 5 code 10", "click 5 code 8"}));
+            key(uKey);
+            EXPECT_EQ(host.TakeReports(), Reports{uKey == VK_RETURN ? "click 1" : "click 2"});
+        }
+        Open();
+        key(VK_DOWN);
+        EXPECT_EQ(Selected(), 0);
+    }
+}
+
+TEST_F(GComboBoxModernTest, TheListGoesWithWhatItBelongsTo)
+{
+    const std::function<void(GComboBoxModernTest&)> acts[] = {
+        [](auto& test) { SetFocus(test.host); },
+        [](auto& test) { ShowWindow(test.combo, SW_HIDE); },
+        [](auto& test) { EnableWindow(test.combo, FALSE); },
+        [](auto& test) { test.Send(WM_CANCELMODE); },
+        [](auto& test) { SetWindowPos(test.combo, nullptr, 20, 30, 0, 0, SWP_NOSIZE | SWP_NOZORDER); },
+        [](auto& test) { test.combo.SetStyle(CHILD | GCBS_PLAIN); },
+        [](auto& test) { SetCapture(test.host); },
+        [](auto& test) {
+            SetWindowPos(test.host, nullptr, 70, 80, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+            user::Wait(150);
+        },
+    };
+    for (const auto& act : acts) {
+        SCOPED_TRACE(&act - acts);
+        Make(GCBS_DROPDOWNLIST);
+        Open();
+        Key(VK_DOWN);
+        host.TakeReports();
+        act(*this);
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(Selected(), -1) << "with the former choice";
+        EXPECT_EQ(Codes().substr(0, 6), "10 8 1");
+        ReleaseCapture();
+    }
+    Make(GCBS_DROPDOWNLIST);
+    Open();
+    const HWND hwndList = List();
+    combo.Destroy();
+    EXPECT_FALSE(IsWindow(hwndList));
+}
+
+TEST_F(GComboBoxModernTest, TheParentHearsOfTheFocusAfterTheList)
+{
+    Make(GCBS_DROPDOWN);
+    SetFocus(host);
+    EXPECT_EQ(host.TakeReports(), (Reports{"click 5 code 4", "killfocus 5"}));
+    SetFocus(combo);
+    EXPECT_EQ(host.TakeReports(), (Reports{"click 5 code 3", "setfocus 5"}));
+    Open();
+    SetFocus(host);
+    EXPECT_EQ(Codes(), "10 8 4");
+}
+
+TEST_F(GComboBoxModernTest, TheListFitsItsItemsAndTheMonitor)
+{
+    Make(GCBS_DROPDOWNLIST);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromWindow(combo, MONITOR_DEFAULTTONEAREST), &monitor);
+    Open();
+    const RECT rcFew = ListRect();
+    EXPECT_EQ(rcFew.top, ComboRect().bottom);
+    EXPECT_EQ(rcFew.right - rcFew.left, COMBO_CX);
+    const int nFrame = static_cast<int>(rcFew.bottom - rcFew.top) - 5 * ROW;
+    RECT rcDropped{};
+    EXPECT_EQ(Send(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&rcDropped)), TRUE);
+    EXPECT_EQ(rcDropped.top, ComboRect().top);
+    EXPECT_EQ(rcDropped.bottom, rcFew.bottom);
+    combo.InsertItem(NONE, 0, L"An item that is quite a bit wider than the control", 0, nullptr);
+    user::Wait(50);
+    EXPECT_GT(ListRect().right - ListRect().left, COMBO_CX) << "also while it is open";
+    EXPECT_EQ(ListRect().bottom - ListRect().top, 6 * ROW + nFrame);
+    Send(CB_SHOWDROPDOWN, FALSE);
+
+    for (int i = 0; i < 60; ++i) {
+        combo.InsertItem(NONE, 0, L"more", 0, nullptr);
+    }
+    Send(CB_SETITEMHEIGHT, 0, 10);
+    Open();
+    EXPECT_EQ(ListRect().bottom - ListRect().top, 30 * 10 + nFrame);
+    Send(CB_SETMINVISIBLE, 7);
+    EXPECT_EQ(ListRect().bottom - ListRect().top, 7 * 10 + nFrame);
+    EXPECT_EQ(Send(CB_SETTOPINDEX, 20), CB_OKAY);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 20);
+    EXPECT_EQ(Send(CB_SETTOPINDEX, 66), CB_ERR);
+    Send(CB_SHOWDROPDOWN, FALSE);
+    combo.SetDropdownHeight(static_cast<UINT>(nFrame) + 45);
+    Open();
+    EXPECT_EQ(ListRect().bottom - ListRect().top, 4 * 10 + nFrame) << "full rows";
+    Send(CB_SHOWDROPDOWN, FALSE);
+    combo.SetDropdownHeight(0);
+
+    SetWindowPos(host, nullptr, 0, static_cast<int>(monitor.rcWork.bottom) - 100, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Send(CB_SETMINVISIBLE, 20);
+    Open();
+    EXPECT_EQ(ListRect().bottom, ComboRect().top) << "up";
+    EXPECT_EQ(ListRect().bottom - ListRect().top, 20 * 10 + nFrame);
+    Send(CB_SETMINVISIBLE, 1);
+    EXPECT_EQ(ListRect().top, ComboRect().bottom) << "there is room for one row";
+}
+
+TEST_F(GComboBoxModernTest, TypingCompletesTheFirstItemThatBeginsSo)
+{
+    Make(GCBS_DROPDOWN);
+    Type("b");
+    EXPECT_EQ(TextOf(combo), "b") << "off at first";
+    combo.SetText(L"");
+    combo.SetAutoComplete(true);
+    host.TakeReports();
+    Type("B");
+    EXPECT_EQ(TextOf(combo), "Beta");
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(1, 4));
+    EXPECT_EQ(Codes(), "6 5") << "told once";
+    EXPECT_EQ(Selected(), -1);
+    Type("eto");
+    EXPECT_EQ(TextOf(combo), "Beton");
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(4, 5));
+    host.TakeReports();
+    Key(VK_BACK);
+    EXPECT_EQ(TextOf(combo), "Beto") << "what was completed goes";
+    EXPECT_EQ(Codes(), "6 5");
+    Type("x");
+    EXPECT_EQ(TextOf(combo), "Betox");
+    combo.SetText(L"eta");
+    Type("b");
+    EXPECT_EQ(TextOf(combo), "beta") << "in front of a text nothing is completed";
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(1, 1));
+}
+
+TEST_F(GComboBoxModernTest, TheFieldIsATextField)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetText(L"one\r\ntwo");
+    EXPECT_EQ(TextOf(combo), "one two");
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 0)) << "the caret is at the start";
+    Send(WM_SETTEXT, 0, Text(L"hello"));
+    EXPECT_EQ(Codes(), "") << "what the program does is not told";
+    EXPECT_EQ(Send(CB_SETEDITSEL, 0, MAKELPARAM(1, 3)), 1);
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(1, 3));
+    EXPECT_EQ(Send(CB_SETEDITSEL, 0, MAKELPARAM(2, -1)), 1);
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(2, 5));
+    Type("y");
+    EXPECT_EQ(TextOf(combo), "hey");
+    EXPECT_EQ(Codes(), "6 5");
+    SetFocus(host);
+    SetFocus(combo);
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 3)) << "all, when the focus comes";
+    combo.SetSelected(2);
+    EXPECT_EQ(TextOf(combo), "Beton");
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 5));
+    combo.Destroy();
+    EXPECT_EQ(combo.GetTextLength(), 5) << "the text stays with the object";
+}
+
+// It may also fill, clear, close or open the list in what it is told.
+TEST_F(GComboBoxModernTest, TheParentMayChangeTheListWhenTold)
+{
+    Make(GCBS_DROPDOWN, {});
+    host.onReport = [&](const std::string& report) {
+        if (report == "click 5 code 7") {
+            combo.RemoveAllItems();
+            combo.InsertItem(NONE, 0, L"late", 0, nullptr);
+        }
+    };
+    Key(VK_F4);
+    Key(VK_DOWN);
+    EXPECT_EQ(TextOf(combo), "late");
+    host.onReport = [&](const std::string& report) {
+        if (report == "click 5 code 10" || report == "click 5 code 9") {
+            Send(CB_SHOWDROPDOWN, FALSE);
+            combo.RemoveAllItems();
+        }
+    };
+    host.TakeReports();
+    Key(VK_ESCAPE);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Codes(), "10 8 1");
+    host.onReport = [&](const std::string& report) {
+        if (report == "click 5 code 7") {
+            Send(CB_SHOWDROPDOWN, FALSE);
+        }
+    };
+    Key(VK_F4);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Codes(), "7 8");
+    host.onReport = nullptr;
+}
+
+} // namespace
