@@ -10,6 +10,7 @@ namespace {
 constexpr SIZE CELL = {122, 24};
 constexpr UINT APPEND = static_cast<UINT>(-1);
 constexpr int MANY_ROWS = 2000;
+constexpr WPARAM ROWS_IN_PICTURE = 7;
 constexpr DWORD COMBO_STYLE = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 
 constexpr LPCWSTR CITIES[] = {
@@ -43,6 +44,9 @@ int EntryCombos::Build(Canvas& canvas, POINT pt)
         many.InsertItem(APPEND, 0, (L"Row " + std::to_wstring(n)).c_str(), 0, nullptr);
     }
     many.SetSelected(MANY_ROWS / 2 - 1);
+    GComboBox& completing = Add(grid, L"completes what is typed", GCBS_DROPDOWN);
+    completing.SetAutoComplete(true);
+    SendMessageW(completing, CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(L"A city"));
     AddPlatformField(grid);
 
     const int y = grid.Bottom();
@@ -80,7 +84,7 @@ void EntryCombos::OnCommand(UINT uCode, HWND hwndFrom)
                                   [&](const GComboBox* p) { return p->GetHwnd() == hwndFrom; });
     if (fOwn) {
         m_nSelChanges += uCode == CBN_SELCHANGE;
-        m_nTextChanges += uCode == EN_CHANGE;
+        m_nTextChanges += uCode == EN_CHANGE || uCode == CBN_EDITCHANGE;
         ShowCounts();
     }
 }
@@ -94,6 +98,7 @@ Exhibit EntryCombos::OpenList() const
                       rc.bottom + 180};
     const auto open = [hwnd] {
         SetFocus(hwnd);
+        SendMessageW(hwnd, CB_SETMINVISIBLE, ROWS_IN_PICTURE, 0);
         SendMessageW(hwnd, WM_KEYDOWN, VK_DOWN, 0);
         SendMessageW(hwnd, WM_KEYDOWN, VK_F4, 0);
     };
@@ -102,9 +107,9 @@ Exhibit EntryCombos::OpenList() const
 
 void EntryCombos::ShowCounts() const
 {
-    m_pCounts->SetText((L"CBN_SELCHANGE " + std::to_wstring(m_nSelChanges) + L", EN_CHANGE " +
-                        std::to_wstring(m_nTextChanges))
-                           .c_str());
+    m_pCounts->SetText(
+        (L"CBN_SELCHANGE " + std::to_wstring(m_nSelChanges) + L", edits " + std::to_wstring(m_nTextChanges))
+            .c_str());
 }
 
 } // namespace gallery

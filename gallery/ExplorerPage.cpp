@@ -5,7 +5,6 @@
 #include <gallery/FileList.h>
 #include <gallery/FolderTree.h>
 #include <gallery/Glyphs.h>
-#include <gallery/ListChoice.h>
 #include <gallery/Marks.h>
 #include <gallery/Pages.h>
 #include <gallery/SampleFolder.h>
@@ -148,7 +147,6 @@ private:
         m_pViews->InsertItem(END, 0, L"Details", 0, nullptr);
         m_pViews->InsertItem(END, 0, L"Tiles", 0, nullptr);
         m_pViews->SetSelected(DETAILS);
-        ReportChoiceOfList(*m_pViews);
         m_pGroup = &canvas.Own(std::make_unique<GCheckBox>());
         m_pGroup->Create(0, 0, GROUP_WIDTH, ROW_HEIGHT, m_hwnd, canvas.NextId(), L"&Group by type", 0,
                          CHILD | WS_TABSTOP | GS_VCENTER | GBS_AUTO);

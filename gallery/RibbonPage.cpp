@@ -1,6 +1,5 @@
 #include <gallery/EditorField.h>
 #include <gallery/EditorRibbon.h>
-#include <gallery/ListChoice.h>
 #include <gallery/Pages.h>
 #include <gallery/Report.h>
 
@@ -167,7 +166,6 @@ private:
             m_sizes->InsertItem(m_sizes->GetItemCount(), 0, text.c_str(), 0, nullptr);
         }
         m_sizes->SetSelected(0);
-        ReportChoiceOfList(*m_sizes);
         return hwnd;
     }
 

@@ -39,6 +39,7 @@ template <> void AddOperations<GComboBox>(Table& table)
                 OP(GComboBox, SetItemCustomData),
                 Often(3, OP(GComboBox, SetSelected)),
                 OP(GComboBox, GetSelected),
+                OP(GComboBox, SetAutoComplete),
                 OP(GComboBox, Callback)});
 }
 

@@ -102,6 +102,14 @@ constexpr UINT NUMBERS[] = {
     CB_SETITEMDATA,
     CB_SETDROPPEDWIDTH,
     CB_GETTOPINDEX,
+    CB_SETTOPINDEX,
+    CB_GETDROPPEDSTATE,
+    CB_GETDROPPEDWIDTH,
+    CB_SETITEMHEIGHT,
+    CB_GETITEMHEIGHT,
+    CB_SETEXTENDEDUI,
+    CB_SETMINVISIBLE,
+    WM_CANCELMODE,
 };
 
 WPARAM AnyParameter(World& world, Source& source)
@@ -117,9 +125,9 @@ WPARAM AnyParameter(World& world, Source& source)
 // A key, a point inside or a code of scrolling: what a handler understands.
 WPARAM Sensible(UINT uMsg, Source& source)
 {
-    static constexpr UINT KEYS[] = {VK_UP,    VK_DOWN, VK_LEFT,  VK_RIGHT, VK_HOME,   VK_END,
-                                    VK_PRIOR, VK_NEXT, VK_SPACE, VK_TAB,   VK_RETURN, VK_DELETE,
-                                    VK_BACK,  VK_F4,   VK_SHIFT, 'A',      'V',       'X'};
+    static constexpr UINT KEYS[] = {VK_UP,    VK_DOWN,  VK_LEFT, VK_RIGHT,  VK_HOME,   VK_END,  VK_PRIOR,
+                                    VK_NEXT,  VK_SPACE, VK_TAB,  VK_RETURN, VK_DELETE, VK_BACK, VK_F4,
+                                    VK_SHIFT, 'A',      'V',     'X',       VK_ESCAPE};
     switch (uMsg) {
     case WM_KEYDOWN:
     case WM_KEYUP:
@@ -146,10 +154,14 @@ void SendNumbers(World& world, Source& source)
             : static_cast<void>(SendMessageW(world.Window(), uMsg, wParam, lSent));
 }
 
-// Of no known meaning.
+// Of no known meaning: the messages of the platform's newer controls take pointers.
 void SendUnknown(World& world, Source& source)
 {
+    constexpr UINT BEHIND_CONTROLS = CBM_FIRST + 0x100;
     const UINT uMsg = source.Chance(2) ? WM_USER + source.Below(0x7800) : 0xC000 + source.Below(0x3FFF);
+    if (uMsg >= ECM_FIRST && uMsg < BEHIND_CONTROLS) {
+        return;
+    }
     const WPARAM wParam = AnyParameter(world, source);
     SendMessageW(world.Window(), uMsg, wParam, static_cast<LPARAM>(AnyParameter(world, source)));
 }
@@ -161,8 +173,9 @@ LPARAM Pointer(const void* p)
 
 void SendTexts(World& world, Source& source)
 {
-    static constexpr UINT MESSAGES[] = {WM_SETTEXT,      CB_ADDSTRING,       CB_INSERTSTRING, CB_FINDSTRING,
-                                        CB_SELECTSTRING, CB_FINDSTRINGEXACT, WM_SETTINGCHANGE};
+    static constexpr UINT MESSAGES[] = {WM_SETTEXT,       CB_ADDSTRING,    CB_INSERTSTRING,
+                                        CB_FINDSTRING,    CB_SELECTSTRING, CB_FINDSTRINGEXACT,
+                                        WM_SETTINGCHANGE, CB_SETCUEBANNER};
     const UINT uMsg = source.Any(std::span<const UINT>(MESSAGES));
     source.Note(desk::MessageName(uMsg));
     const Text text = source.AnyText();
@@ -192,6 +205,19 @@ void SendGetSelection(World& world, Source& source)
     DWORD aEnds[2]{};
     SendMessageW(world.Window(), source.Flag() ? UINT{CB_GETEDITSEL} : UINT{EM_GETSEL},
                  static_cast<WPARAM>(Pointer(&aEnds[0])), Pointer(&aEnds[1]));
+}
+
+// What the list of a combo box is like, and the cue.
+void SendComboQueries(World& world, Source& source)
+{
+    RECT rc{};
+    SendMessageW(world.Window(), CB_GETDROPPEDCONTROLRECT, 0, Pointer(&rc));
+    COMBOBOXINFO info{};
+    info.cbSize = source.Chance(4) ? source.Bits() : sizeof(info);
+    SendMessageW(world.Window(), CB_GETCOMBOBOXINFO, 0, Pointer(&info));
+    std::vector<wchar_t> cue(source.Count(20));
+    SendMessageW(world.Window(), CB_GETCUEBANNER, static_cast<WPARAM>(Pointer(cue.data())),
+                 static_cast<LPARAM>(cue.size()));
 }
 
 void SendFont(World& world, Source& source)
@@ -266,6 +292,7 @@ void AddMessages(Table& table)
                    {"SendGetText", SendGetText},
                    {"SendGetItemText", SendGetItemText},
                    {"SendGetSelection", SendGetSelection},
+                   {"SendComboQueries", SendComboQueries},
                    {"SendFont", SendFont, 2},
 
                    {"SendContext", SendContext, 2, true},

@@ -113,6 +113,9 @@ GComboBox::~GComboBox()
 
 void GComboBox::ReleaseAll()
 {
+    if (m_fOwner) {
+        m_inside->pModern.reset();
+    }
     if (m_fOwner && IsDropped()) {
         ChangeExpansion(false);
     }
@@ -199,10 +202,10 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
 
 LRESULT GComboBox::OnDestroy()
 {
+    m_inside->pModern.reset(); // tells nobody of a list that goes with its control
     if (IsDropped()) {
         ChangeExpansion(false);
     }
-    m_inside->pModern.reset();
     m_bCaret = 0;
     m_hTheme.Reset();
     return Frame::Detach(*this);
@@ -375,6 +378,9 @@ void GComboBox::SetItemText(UINT nIndex, LPCWSTR pszText)
     if (ComboItem* pItem = CheckedItem(nIndex, "GComboBox::SetItemText: the index")) {
         if (const LPWSTR pszCopy = gesso::CopyText(pszText)) {
             gesso::FreeText(std::exchange(pItem->pszText, pszCopy));
+        }
+        if (Modern* pModern = ModernPart()) {
+            pModern->OnItemsChanged(gesso::NO_INDEX, 0);
         }
     }
 }

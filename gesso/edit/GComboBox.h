@@ -6,18 +6,23 @@
 // selected by the CB_ messages below, or by the operations of the class.
 //
 // Sends to its parent: WM_COMMAND with the id and CBN_SELCHANGE when the user selects another item by a key,
-// the wheel or a click in the list, or with EN_CHANGE when the user edits the text of GCBS_DROPDOWN;
-// WM_NOTIFY with NM_SETFOCUS and NM_KILLFOCUS; WM_NEXTDLGCTL for a Tab that it is given. Programs that change
-// the text or the selection get no notification.
+// the wheel or a click in the list; in Classic with EN_CHANGE when the user edits the text of GCBS_DROPDOWN,
+// in Modern with CBN_EDITUPDATE and CBN_EDITCHANGE, and with CBN_DROPDOWN, CBN_SELENDOK, CBN_SELENDCANCEL,
+// CBN_CLOSEUP, CBN_SETFOCUS and CBN_KILLFOCUS; WM_NOTIFY with NM_SETFOCUS and NM_KILLFOCUS; WM_NEXTDLGCTL for
+// a Tab that it is given. Programs that change the text or the selection get no notification.
 //
 // Answers WM_GETTEXT, WM_SETTEXT, WM_GETTEXTLENGTH, WM_GETFONT, WM_SETFONT, WM_GETDLGCODE, WM_PRINTCLIENT and
 // CB_ADDSTRING, CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT, CB_GETCOUNT, CB_GETCURSEL, CB_SETCURSEL,
 // CB_GETLBTEXT, CB_GETLBTEXTLEN, CB_FINDSTRING, CB_FINDSTRINGEXACT, CB_SELECTSTRING, CB_GETEDITSEL,
-// CB_SETEDITSEL and CB_LIMITTEXT; docs/combobox.md tells how the searches differ. The other CB_ messages up
-// to CB_GETCOMBOBOXINFO answer -1.
+// CB_SETEDITSEL and CB_LIMITTEXT; docs/combobox.md tells how the searches differ, and which others are
+// answered in Modern. The remaining CB_ messages up to CB_GETCOMBOBOXINFO answer -1.
 //
-// While the list is open the control runs a message loop of its own, in which the program goes on: it may
-// change the items, and destroy the control.
+// In Classic the control runs a message loop of its own while the list is open, in which the program goes on:
+// it may change the items, and destroy the control. In Modern the list opens and the call returns.
+//
+// In Modern the control handles its messages before the protected handlers, and the text of GCBS_DROPDOWN is
+// a text field's. m_strText, m_nCaret and m_nAnchor follow that; the handlers of keys, characters and the
+// mouse, and ShowCursor, are Classic's.
 #pragma once
 
 #include <gesso/containers/OArray.h>
@@ -83,14 +88,15 @@ public:
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
     // The height of the open list in pixels, its frame included; it never exceeds what the items need. 150
-    // dialog units of the parent unless it was set before the window was made. Without an argument the
+    // dialog units of the parent unless it was set before the window was made; in Modern 0 then, which leaves
+    // the height to the rows: 30, or CB_SETMINVISIBLE. Without an argument the
     // setter gets, as the first name in the interface has it.
     virtual UINT SetDropdownHeight();
     virtual void SetDropdownHeight(UINT nHeight);
     UINT GetDropdownHeight() { return SetDropdownHeight(); }
 
-    // Copies the text (null counts as empty), puts the caret behind it and repaints. The selected item stays.
-    // Returns 1, or 0 with nothing done where there is no memory for the text.
+    // Copies the text (null counts as empty), puts the caret behind it, in Modern before it, and repaints.
+    // The selected item stays. Returns 1, or 0 with nothing done where there is no memory for the text.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator.
     virtual int GetTextLength() const;
@@ -100,8 +106,9 @@ public:
     virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
 
     // Inserts a copy of the text before the item nIndex, or at the end where there is no such item. Returns
-    // the index of the new item, or -1 with nothing done where there is no memory for it. The index of the
-    // selected one is left as it is, here and in RemoveItem; none of these operations repaints.
+    // the index of the new item, or -1 with nothing done where there is no memory for it. In Classic the
+    // index of the selected one is left as it is, here and in RemoveItem, and in Modern it goes with its
+    // item; none of these operations repaints.
     virtual UINT InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImage, void* pData);
     // Returns the number of items left, or -1 for a bad index.
     virtual UINT RemoveItem(UINT nIndex);
@@ -123,7 +130,7 @@ public:
     // selects none, empties the text and returns -1. Where there is no memory for the text, nothing is done,
     // by a user's step neither, and -1 returned.
     virtual UINT SetSelected(UINT nIndex);
-    // -1 for none. After RemoveItem it may be beyond the items.
+    // -1 for none. After RemoveItem it may be beyond the items in Classic.
     virtual UINT GetSelected() const;
 
     // Whether what is typed in the field of GCBS_DROPDOWN is completed to the first item that begins so, with
@@ -177,7 +184,7 @@ protected:
     void HideCursor();
     // Puts the caret before the character m_nCaret, if there is a caret.
     void UpdateCursorPos();
-    // Opens the list and returns when it is closed. The control may be gone then.
+    // Opens the list; in Classic returns when it is closed. The control may be gone then.
     void ShowDropDown();
 
     gesso::ThemeHandle m_hTheme;

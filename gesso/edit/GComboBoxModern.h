@@ -107,8 +107,8 @@ private:
     bool IsOpen() const { return m_phase == Phase::Open; }
     bool Show();
     void Arrange();
-    RECT PlaceOfList() const;
-    int WidestItem() const;
+    RECT PlaceOfList();
+    int WidestItem();
     SIZE ListFrame() const;
     Place PlaceNow() const;
     void Toggle();
@@ -134,7 +134,7 @@ private:
     LRESULT SetEditSelection(UINT nStart, UINT nEnd);
     LRESULT SetCue(LPCWSTR psz);
     LRESULT CopyCue(LPWSTR pszBuffer, int nCapacity) const;
-    LRESULT DroppedRect(RECT* prc) const;
+    LRESULT DroppedRect(RECT* prc);
     LRESULT Info(COMBOBOXINFO* pInfo) const;
     LRESULT SetTopIndex(UINT nIndex);
     LRESULT SetMinVisible(UINT nRows);
@@ -149,6 +149,7 @@ private:
     gesso::ControlText m_cue;
     UINT m_nMinVisible = 30;
     int m_nDroppedWidth = 0;
+    int m_nWidest = -1;       // of the items, in pixels; -1 until they are measured
     bool m_fExtended = false; // CB_SETEXTENDEDUI
 
     bool m_fTyping = false; // edits are told at the end of the message

@@ -112,6 +112,7 @@ bool GComboBox::Modern::TakeText()
 
 void GComboBox::Modern::Reflow()
 {
+    m_nWidest = -1;
     m_editor.Reflow();
 }
 
@@ -134,8 +135,9 @@ bool GComboBox::Modern::IsPointerOnText() const
 
 bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
-    const bool fBeside = (IsMousePress(uMsg) && m_combo.PartAt(gesso::PointOf(lParam)) != gesso::COMBO_TEXT) ||
-                         (uMsg == WM_SETCURSOR && !IsPointerOnText());
+    const bool fBeside =
+        (IsMousePress(uMsg) && m_combo.PartAt(gesso::PointOf(lParam)) != gesso::COMBO_TEXT) ||
+        (uMsg == WM_SETCURSOR && !IsPointerOnText());
     if (fBeside || IsEditMessage(uMsg)) {
         return false;
     }

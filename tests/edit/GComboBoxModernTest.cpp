@@ -425,16 +425,16 @@ TEST_F(GComboBoxModernTest, EnterAndEscAreTheOpenListsAndOtherwiseTheDialogs)
 
 TEST_F(GComboBoxModernTest, TheListGoesWithWhatItBelongsTo)
 {
-    const std::function<void(GComboBoxModernTest&)> acts[] = {
-        [](auto& test) { SetFocus(test.host); },
-        [](auto& test) { ShowWindow(test.combo, SW_HIDE); },
-        [](auto& test) { EnableWindow(test.combo, FALSE); },
-        [](auto& test) { test.Send(WM_CANCELMODE); },
-        [](auto& test) { SetWindowPos(test.combo, nullptr, 20, 30, 0, 0, SWP_NOSIZE | SWP_NOZORDER); },
-        [](auto& test) { test.combo.SetStyle(CHILD | GCBS_PLAIN); },
-        [](auto& test) { SetCapture(test.host); },
-        [](auto& test) {
-            SetWindowPos(test.host, nullptr, 70, 80, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const std::function<void()> acts[] = {
+        [&] { SetFocus(host); },
+        [&] { ShowWindow(combo, SW_HIDE); },
+        [&] { EnableWindow(combo, FALSE); },
+        [&] { Send(WM_CANCELMODE); },
+        [&] { SetWindowPos(combo, nullptr, 20, 30, 0, 0, SWP_NOSIZE | SWP_NOZORDER); },
+        [&] { combo.SetStyle(CHILD | GCBS_PLAIN); },
+        [&] { SetCapture(host); },
+        [&] {
+            SetWindowPos(host, nullptr, 70, 80, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
             user::Wait(150);
         },
     };
@@ -444,7 +444,7 @@ TEST_F(GComboBoxModernTest, TheListGoesWithWhatItBelongsTo)
         Open();
         Key(VK_DOWN);
         host.TakeReports();
-        act(*this);
+        act();
         EXPECT_FALSE(IsOpen());
         EXPECT_EQ(Selected(), -1) << "with the former choice";
         EXPECT_EQ(Codes().substr(0, 6), "10 8 1");
