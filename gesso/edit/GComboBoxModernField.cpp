@@ -94,8 +94,12 @@ void GComboBox::Modern::CopyText()
 
 void GComboBox::Modern::CopySelection()
 {
-    m_combo.m_nCaret = m_editor.Caret();
-    m_combo.m_nAnchor = m_editor.Anchor();
+    if (m_combo.m_nCaret == m_editor.Caret() && m_combo.m_nAnchor == m_editor.Anchor()) {
+        return;
+    }
+    Field field(m_combo);
+    field.text.Select({0, m_editor.Anchor()}, {0, m_editor.Caret()});
+    m_combo.ChangeField(field.text);
 }
 
 bool GComboBox::Modern::TakeText()
@@ -152,8 +156,9 @@ bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
     if (fTaken) {
         CopySelection();
     }
-    // The control looks hot as well, and lets go of what it has pressed.
-    return fTaken && uMsg != WM_MOUSEMOVE && uMsg != WM_MOUSELEAVE && uMsg != WM_CAPTURECHANGED;
+    // A key that the field does not know is nobody's. The control looks hot as well, and lets go of what it
+    // has pressed.
+    return (fTaken || uMsg == WM_KEYDOWN) && uMsg != WM_MOUSEMOVE && uMsg != WM_MOUSELEAVE && uMsg != WM_CAPTURECHANGED;
 }
 
 // One notification of what was typed and completed.
@@ -162,7 +167,7 @@ bool GComboBox::Modern::OnTyped(WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
     const Lifeline life = Life();
     m_fTyping = m_combo.m_inside->fCompletes;
     m_fEdited = false;
-    const bool fTaken = m_editor.OnMessage(WM_CHAR, wParam, lParam, plAnswer);
+    m_editor.OnMessage(WM_CHAR, wParam, lParam, plAnswer);
     if (!life) {
         return true;
     }
@@ -176,7 +181,7 @@ bool GComboBox::Modern::OnTyped(WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
     if (std::exchange(m_fTyping, false) && m_fEdited && Report(CBN_EDITUPDATE)) {
         Report(CBN_EDITCHANGE);
     }
-    return fTaken;
+    return true;
 }
 
 void GComboBox::Modern::CompleteText()

@@ -104,9 +104,18 @@ protected:
     static void ClickRow(int nRowInView) { ClickAt(List(), 5, nRowInView * COMBO_ROW + 5); }
 
     // Opens the list with the button, or F4; the actions run one by one whenever all is quiet, and have to
-    // close it again.
+    // close it again. In Modern no loop runs that could be quiet.
     void WithList(std::initializer_list<std::function<void()>> actions)
     {
+        if (gesso::BehaviorOf(*pCombo) == gesso::Behavior::Modern) {
+            ClickAt(*pCombo, COMBO_CX - 5, 10);
+            desk::Pump();
+            for (const auto& action : actions) {
+                action();
+                desk::Pump();
+            }
+            return;
+        }
         for (const auto& action : actions) {
             desk::WhenIdle(action);
         }
