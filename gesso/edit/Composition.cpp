@@ -89,6 +89,7 @@ bool Composition::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* pl
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN: return !Finish();
+    case EM_SETREADONLY: return wParam && IsActive() && !Cancel();
     default: return false;
     }
 }
@@ -181,7 +182,8 @@ void Composition::Forget()
     }
 }
 
-void Composition::Cancel()
+// False if the control is gone.
+bool Composition::Cancel()
 {
     const Watch watch(m_target.ComposedWindow());
     if (const Context context(Frame::Handle(m_target.ComposedWindow())); context) {
@@ -190,6 +192,7 @@ void Composition::Cancel()
     if (watch) {
         Forget();
     }
+    return watch;
 }
 
 // Takes what is composed as it stands. The input method is not asked for it: where the focus goes, it would

@@ -42,7 +42,8 @@ public:
     Composition& operator=(const Composition&) = delete;
 
     // The input method's messages, and of the others those that end a composition: Esc, a press of a button,
-    // and the loss of the focus. True where the field has nothing more to do with it, or is gone.
+    // the loss of the focus, and that nothing may be typed any more. True where the field has nothing more to
+    // do with it, or is gone.
     bool OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
 
     bool IsActive() const { return !m_text.empty(); }
@@ -60,7 +61,7 @@ private:
     void ReadComposed(const Context& context);
     bool AcceptResult(const Context& context, bool* pfAlive);
     void Forget();
-    void Cancel();
+    bool Cancel();
     bool Finish();
     void Place() const;
     void TellFont(const Context& context) const;

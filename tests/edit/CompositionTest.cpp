@@ -181,9 +181,11 @@ TEST_F(CompositionTest, WhatIsAcceptedKeepsToTheFieldsRules)
     EXPECT_EQ(Shown(), "1234|");
     EXPECT_EQ(Told(), (std::vector<std::string>{std::to_string(EN_UPDATE), std::to_string(EN_CHANGE),
                                                 std::to_string(EN_MAXTEXT)}));
-    SendMessageW(hwnd, EM_SETREADONLY, TRUE, 0);
-    UpdateWindow(hwnd);
     const POINT ptFormer = CaretPoint();
+    Compose(L"5");
+    EXPECT_NE(CaretPoint().x, ptFormer.x);
+    SendMessageW(hwnd, EM_SETREADONLY, TRUE, 0);
+    EXPECT_EQ(CaretPoint().x, ptFormer.x);
     Compose(L"5");
     EXPECT_EQ(CaretPoint().x, ptFormer.x) << "nothing is composed where nothing is typed";
     Notify(CPS_COMPLETE);
