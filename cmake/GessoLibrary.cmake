@@ -16,7 +16,7 @@ if(WIN32)
   set_target_properties(gesso PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
   # Some records of the theme service are declared by their neutral names: the wide ones are meant.
   target_compile_definitions(gesso PRIVATE UNICODE _UNICODE)
-  target_link_libraries(gesso PRIVATE uxtheme usp10 comctl32 imm32 shlwapi gdi32 user32 kernel32)
+  target_link_libraries(gesso PRIVATE uxtheme usp10 comctl32 imm32 shlwapi advapi32 gdi32 user32 kernel32)
   # The compiler's runtime is linked in, so that the DLL needs system DLLs only.
   target_link_options(gesso PRIVATE -static)
 else()

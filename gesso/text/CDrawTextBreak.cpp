@@ -1,7 +1,9 @@
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
+#include <gesso/text/VisualBreak.h>
 
 #include <new>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -11,6 +13,9 @@ namespace {
 
 constexpr wchar_t CR = 13;
 constexpr wchar_t LF = 10;
+
+// The characters' glyphs are counted in 16 bits.
+constexpr UINT MOST_COUNTED = 0xFFFF;
 
 // Walks a calculated text and finds its line breaks. Two cursors move together: m_nGlyph, the next glyph to
 // be measured, and m_nChar, the first character that no measured glyph stands for.
@@ -185,13 +190,31 @@ void FindBreakAttributes(LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer
     }
 }
 
+// Lets each line have its glyphs, and its end the item that it then lies in.
+bool PartLines(stcDrawTextBuffer& buffer, const LogicalGlyphs& logical, std::span<stcDrawTextBreak> lines)
+try {
+    if (!PartAtLineEnds(buffer, logical, lines)) {
+        return false;
+    }
+    for (stcDrawTextBreak& line : lines) {
+        line.nItem = FindRun(buffer, line.nGlyph);
+    }
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
 } // namespace
 
 bool gesso::BreakText(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer& buffer)
 try {
     nChars = pszText ? std::min(nChars, UsableChars(buffer)) : 0;
     FindBreakAttributes(pszText, nChars, buffer);
-    LineBreaker breaker(pszText, nChars, cxMax, buffer);
+    std::optional<LogicalGlyphs> logical;
+    if (IsInVisualOrder(buffer) && UsableGlyphs(buffer) <= MOST_COUNTED) {
+        logical.emplace(buffer);
+    }
+    LineBreaker breaker(pszText, nChars, cxMax, logical ? logical->Buffer() : buffer);
     breaker.Run();
 
     const UINT nBreaks = static_cast<UINT>(breaker.Breaks().size());
@@ -200,7 +223,12 @@ try {
         return false;
     }
     std::copy(breaker.Breaks().begin(), breaker.Breaks().end(), pBreaks);
-    pBreaks[nBreaks] = {buffer.nItems - 1, buffer.nGlyphs, breaker.LastWidth()};
+    const UINT nLastWidth = breaker.LastWidth();
+    if (logical && !PartLines(buffer, *logical, {pBreaks, nBreaks})) {
+        Free(pBreaks);
+        return false;
+    }
+    pBreaks[nBreaks] = {buffer.nItems - 1, buffer.nGlyphs, nLastWidth};
     Free(std::exchange(buffer.pBreaks, pBreaks));
     buffer.nBreaks = nBreaks;
     return true;

@@ -1,9 +1,13 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/text/CDrawText.h>
+#include <gesso/text/FontSplit.h>
 #include <gesso/text/TextArrays.h>
 
 #include <atomic>
+#include <new>
+#include <optional>
+#include <vector>
 
 using namespace gesso;
 
@@ -61,6 +65,13 @@ bool ReserveChars(stcDrawTextBuffer& buffer, UINT nChars)
 {
     return nChars <= buffer.nCharsAlloc ||
            GrowArrays(buffer.nCharsAlloc, nChars, buffer.pLogClust, buffer.pLogAttr);
+}
+
+// The platform refuses arrays that are null, however short.
+bool FillArrays(stcDrawTextBuffer& buffer)
+{
+    return (buffer.pLogClust || GrowArrays(buffer.nCharsAlloc, 1U, buffer.pLogClust, buffer.pLogAttr)) &&
+           (buffer.pGlyphs || GrowGlyphs(buffer, GLYPH_STEP));
 }
 
 // The scratch grows by the same steps as a buffer does, but by half of what it has where a long text needs
@@ -138,8 +149,11 @@ public:
         if (m_arrays.nItems != 0) {
             m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
         }
-        for (UINT n = 0; n < m_arrays.nItems && !m_fRefused; ++n) {
-            AddItem(n);
+        AddItems();
+        if (PartItems()) {
+            m_arrays.nChars = nFormerChars;
+            m_arrays.nGlyphs = nFormerGlyphs;
+            AddItems();
         }
         if (m_fRefused) {
             m_arrays.nItems = 0;
@@ -149,13 +163,23 @@ public:
         return !m_fRefused;
     }
 
+    // Of each item, if another font than the context's shows any; empty otherwise.
+    std::span<const RunFontRef> Fonts() const { return m_fonts; }
+
 private:
     void Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState);
     void ItemizeByDirection();
+    void AddItems();
     void AddItem(UINT nItem);
-    void Shape(SCRIPT_ITEM& item, stcDrawTextRun& run);
-    HRESULT ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run);
-    void Place(SCRIPT_ITEM& item, stcDrawTextRun& run);
+    bool AddInFont(const RunFontRef& font, SCRIPT_ITEM& item, stcDrawTextRun& run);
+    void ShapeInFont(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
+    void NoteMissing(const SCRIPT_ITEM& item, const stcDrawTextRun& run, bool fWholeScript);
+    bool HasDefaultGlyph(const stcDrawTextRun& run);
+    bool PartItems();
+    bool TakeItems(const std::vector<SCRIPT_ITEM>& items);
+    bool Shape(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
+    HRESULT ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
+    void Place(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
     void ClearPlaces(stcDrawTextRun& run);
 
     UINT Step(UINT nRoom, UINT nLeast) const
@@ -177,6 +201,13 @@ private:
     Growth m_growth;
     SCRIPT_CACHE& m_cache;
     bool m_fRefused = false; // there was no memory
+
+    const bool m_fLinks = !WillHave(Quirk::TextHasOneFont);
+    bool m_fDefaultRead = false;
+    std::optional<WORD> m_wDefault; // the glyph for what the context's font lacks
+    std::optional<FontSplitter> m_splitter;
+    std::vector<FontStretch> m_stretches; // of the items up to the last one in which something is missing
+    std::vector<RunFontRef> m_fonts;      // of the items, once these are parted
 };
 
 void Calculation::Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState)
@@ -216,6 +247,13 @@ void Calculation::ItemizeByDirection()
     m_arrays.fOneBlock |= IN_VISUAL_ORDER;
 }
 
+void Calculation::AddItems()
+{
+    for (UINT n = 0; n < m_arrays.nItems && !m_fRefused; ++n) {
+        AddItem(n);
+    }
+}
+
 void Calculation::AddItem(UINT nItem)
 {
     SCRIPT_ITEM& item = m_arrays.pItems[nItem];
@@ -223,19 +261,49 @@ void Calculation::AddItem(UINT nItem)
     run = {};
     run.nChars = m_arrays.pItems[nItem + 1].iCharPos - item.iCharPos;
     run.nFirstGlyph = m_arrays.nGlyphs;
-    Shape(item, run);
-    Place(item, run);
+    if (nItem >= m_fonts.size() || !AddInFont(m_fonts[nItem], item, run)) {
+        ShapeInFont(item, run, m_cache);
+        if (nItem < m_fonts.size()) {
+            m_fonts[nItem] = {};
+        }
+    }
     m_arrays.nChars += static_cast<UINT>(run.nChars);
     m_arrays.nGlyphs += static_cast<UINT>(run.nGlyphs);
 }
 
-// A run that the font cannot show is shaped as of no script: boxes appear, and it is placed and painted so.
-void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
+// False where the item is to have the context's font.
+bool Calculation::AddInFont(const RunFontRef& font, SCRIPT_ITEM& item, stcDrawTextRun& run)
 {
-    HRESULT hr = ShapeInScript(item, run);
-    if (hr == USP_E_SCRIPT_NOT_IN_FONT) {
+    if (!font) {
+        return false;
+    }
+    const RunFontScope scope(m_hdc, *font.Get());
+    if (scope.IsSelected()) {
+        ShapeInFont(item, run, scope.Cache());
+        return true;
+    }
+    return false;
+}
+
+void Calculation::ShapeInFont(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache)
+{
+    const SCRIPT_ITEM asItemized = item;
+    const bool fWholeScript = !Shape(item, run, cache);
+    Place(item, run, cache);
+    if (m_fLinks && m_fonts.empty() && (fWholeScript || HasDefaultGlyph(run))) {
+        NoteMissing(asItemized, run, fWholeScript);
+    }
+}
+
+// A run that the font cannot show is shaped as of no script: boxes appear, and it is placed and painted so.
+// False for such a one.
+bool Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache)
+{
+    HRESULT hr = ShapeInScript(item, run, cache);
+    const bool fInFont = hr != USP_E_SCRIPT_NOT_IN_FONT;
+    if (!fInFont) {
         item.a.eScript = SCRIPT_UNDEFINED;
-        hr = ShapeInScript(item, run);
+        hr = ShapeInScript(item, run, cache);
     }
     // A failing call may have set a count and written no glyph: the arrays hold those of an earlier text
     // there.
@@ -246,10 +314,11 @@ void Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run)
     for (int n = 0; n < run.nChars; ++n) {
         pLogClust[n] = static_cast<WORD>((FAILED(hr) ? 0U : pLogClust[n]) + m_arrays.nGlyphs);
     }
+    return fInFont;
 }
 
 // Offers more room for glyphs until there is enough.
-HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
+HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache)
 {
     const UINT nGlyphs = m_arrays.nGlyphs;
     const uint64_t nLimit = AmpleRoom(m_arrays.nGlyphsAlloc, m_nChars);
@@ -262,7 +331,7 @@ HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
     UINT nRoom = FirstRoom(m_arrays.nGlyphsAlloc - nGlyphs, run.nChars);
     for (;;) {
         run.nGlyphs = 0;
-        const HRESULT hr = ScriptShape(m_hdc, &m_cache, m_pszText + item.iCharPos, run.nChars,
+        const HRESULT hr = ScriptShape(m_hdc, &cache, m_pszText + item.iCharPos, run.nChars,
                                        static_cast<int>(nRoom), &item.a, m_arrays.pGlyphs + nGlyphs,
                                        pLogClust, m_arrays.pVisAttr + nGlyphs, &run.nGlyphs);
         if (hr != E_OUTOFMEMORY || m_arrays.nGlyphsAlloc > nLimit) {
@@ -276,12 +345,12 @@ HRESULT Calculation::ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run)
 }
 
 // What a failing call has written is taken back: the glyphs have no widths then.
-void Calculation::Place(SCRIPT_ITEM& item, stcDrawTextRun& run)
+void Calculation::Place(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache)
 {
     const UINT nGlyphs = run.nFirstGlyph;
     ClearPlaces(run);
     const HRESULT hr =
-        ScriptPlace(m_hdc, &m_cache, m_arrays.pGlyphs + nGlyphs, run.nGlyphs, m_arrays.pVisAttr + nGlyphs,
+        ScriptPlace(m_hdc, &cache, m_arrays.pGlyphs + nGlyphs, run.nGlyphs, m_arrays.pVisAttr + nGlyphs,
                     &item.a, m_arrays.pAdvance + nGlyphs, m_arrays.pOffset + nGlyphs, &run.abc);
     if (FAILED(hr)) {
         ClearPlaces(run);
@@ -295,16 +364,98 @@ void Calculation::ClearPlaces(stcDrawTextRun& run)
     run.abc = {};
 }
 
+bool Calculation::HasDefaultGlyph(const stcDrawTextRun& run)
+{
+    if (!std::exchange(m_fDefaultRead, true)) {
+        SCRIPT_FONTPROPERTIES properties{};
+        properties.cBytes = sizeof(properties);
+        if (SUCCEEDED(ScriptGetFontProperties(m_hdc, &m_cache, &properties))) {
+            m_wDefault = properties.wgDefault;
+        }
+    }
+    const WORD* const pGlyphs = m_arrays.pGlyphs + run.nFirstGlyph;
+    const WORD* const pEnd = pGlyphs + run.nGlyphs;
+    return m_wDefault && std::find(pGlyphs, pEnd, *m_wDefault) != pEnd;
+}
+
+// Without memory to look for other fonts there are boxes.
+void Calculation::NoteMissing(const SCRIPT_ITEM& item, const stcDrawTextRun& run, bool fWholeScript)
+try {
+    const WORD* const pGlyphs = m_arrays.pGlyphs + run.nFirstGlyph;
+    const std::span<const WORD> glyphs(pGlyphs, fWholeScript ? 0 : static_cast<size_t>(run.nGlyphs));
+    if (!m_splitter) {
+        m_splitter.emplace(m_hdc, m_pszText, m_nChars);
+    }
+    m_splitter->Split({item, static_cast<UINT>(run.nChars), glyphs, m_arrays.pLogClust + m_arrays.nChars,
+                       static_cast<WORD>(run.nFirstGlyph)},
+                      m_wDefault.value_or(0), m_stretches);
+} catch (const std::bad_alloc&) {
+    m_stretches.clear();
+}
+
+// Makes an item of each stretch that has a font of its own. False if there is none: the items stay.
+bool Calculation::PartItems()
+try {
+    const auto hasFont = [](const FontStretch& stretch) { return bool(stretch.font); };
+    if (m_fRefused || std::none_of(m_stretches.begin(), m_stretches.end(), hasFont)) {
+        return false;
+    }
+    std::vector<SCRIPT_ITEM> items;
+    auto stretch = m_stretches.begin();
+    for (UINT n = 0; n < m_arrays.nItems; ++n) {
+        const auto nEnd = static_cast<UINT>(m_arrays.pItems[n + 1].iCharPos);
+        if (stretch == m_stretches.end() || stretch->nFrom >= nEnd) {
+            items.push_back(m_arrays.pItems[n]);
+            m_fonts.emplace_back();
+        }
+        for (; stretch != m_stretches.end() && stretch->nFrom < nEnd; ++stretch) {
+            items.push_back({static_cast<int>(stretch->nFrom), stretch->analysis});
+            m_fonts.push_back(stretch->font);
+        }
+    }
+    items.push_back(m_arrays.pItems[m_arrays.nItems]);
+    return TakeItems(items);
+} catch (const std::bad_alloc&) {
+    m_fonts.clear();
+    return false;
+}
+
+// The end marker is among them.
+bool Calculation::TakeItems(const std::vector<SCRIPT_ITEM>& items)
+{
+    const auto nNeeded = static_cast<UINT>(items.size());
+    if (nNeeded > m_arrays.nItemsAlloc && !Made(GrowItems(m_arrays, nNeeded - m_arrays.nItemsAlloc))) {
+        return false;
+    }
+    std::copy(items.begin(), items.end(), m_arrays.pItems);
+    m_arrays.nItems = nNeeded - 1;
+    return true;
+}
+
 // Gives the buffer exact copies of what the scratch holds. The end marker of the items is not kept. False,
 // with nothing done, without memory.
-bool Publish(const stcDrawTextBuffer& scratch, stcDrawTextBuffer& buffer)
+bool Publish(const stcDrawTextBuffer& scratch, std::span<const RunFontRef> fonts, stcDrawTextBuffer& buffer)
 {
-    if (!CopyCalculated(buffer, scratch)) {
+    if (!CopyCalculated(buffer, scratch, fonts)) {
         return false;
     }
     buffer.nItems = buffer.nItemsAlloc = scratch.nItems;
     buffer.nChars = buffer.nCharsAlloc = scratch.nChars;
     buffer.nGlyphs = buffer.nGlyphsAlloc = scratch.nGlyphs;
+    return true;
+}
+
+// A buffer has fonts of its own only where its arrays lie in one block.
+bool KeepFonts(stcDrawTextBuffer& buffer, std::span<const RunFontRef> fonts)
+{
+    stcDrawTextBuffer block{};
+    if (!CopyCalculated(block, buffer, fonts)) {
+        return false;
+    }
+    MoveCalculated(buffer, block);
+    buffer.nItemsAlloc = buffer.nItems;
+    buffer.nCharsAlloc = buffer.nChars;
+    buffer.nGlyphsAlloc = buffer.nGlyphs;
     return true;
 }
 
@@ -319,18 +470,21 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
         Misuse("CDrawText::DrawText_Calculate: PrepareBuffer comes first");
         PrepareBuffer(pBuffer, 0, 0, 0);
     }
-    if (pBuffer->fOneBlock & ONE_BLOCK && !PartCalculated(*pBuffer)) {
+    if (pBuffer->fOneBlock & ONE_BLOCK && !(PartCalculated(*pBuffer) && FillArrays(*pBuffer))) {
         pBuffer->nItems = 0;
         return;
     }
-    Calculation(hdc, pszText, nChars, *pBuffer, Growth::BY_STEPS, pBuffer->scriptCache).Run();
+    Calculation calculation(hdc, pszText, nChars, *pBuffer, Growth::BY_STEPS, pBuffer->scriptCache);
+    if (calculation.Run() && !calculation.Fonts().empty() && !KeepFonts(*pBuffer, calculation.Fonts())) {
+        pBuffer->nItems = 0;
+    }
 }
 
 bool gesso::CalculateExactly(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer)
 {
     const Scratch scratch;
     Calculation calculation(hdc, pszText, nChars, scratch.Arrays(), Growth::BY_NEED, buffer.scriptCache);
-    const bool fDone = calculation.Run() && Publish(scratch.Arrays(), buffer);
+    const bool fDone = calculation.Run() && Publish(scratch.Arrays(), calculation.Fonts(), buffer);
     if (!fDone) {
         FreeCache(buffer.scriptCache); // what the buffer still holds may be of another font
     }

@@ -126,9 +126,21 @@ void gesso::PaintSlice(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nI
         return;
     }
     const int nInside = static_cast<int>(std::min(static_cast<UINT>(nCount), nGlyphs - nFirst));
-    ScriptTextOut(hdc, &buffer.scriptCache, x, y, 0, nullptr, &buffer.pItems[nItem].a, nullptr, 0,
-                  buffer.pGlyphs + nFirst, nInside, buffer.pAdvance + nFirst, nullptr,
-                  buffer.pOffset + nFirst);
+    const auto paint = [&](SCRIPT_CACHE& cache, int yGlyphs) {
+        ScriptTextOut(hdc, &cache, x, yGlyphs, 0, nullptr, &buffer.pItems[nItem].a, nullptr, 0,
+                      buffer.pGlyphs + nFirst, nInside, buffer.pAdvance + nFirst, nullptr,
+                      buffer.pOffset + nFirst);
+    };
+    RunFont* const pFont = FontOfItem(buffer, nItem);
+    if (!pFont) {
+        paint(buffer.scriptCache, y);
+        return;
+    }
+    // In the context's own font the glyphs would be others.
+    const RunFontScope font(hdc, *pFont);
+    if (font.IsSelected()) {
+        paint(font.Cache(), WrapAdd(y, font.Drop()));
+    }
 }
 
 UINT gesso::CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT cxMax)

@@ -20,6 +20,24 @@ void VisitCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from, c
     visit(buffer.pLogAttr, from.pLogAttr, from.nChars);
 }
 
+// The fonts lie behind the arrays, as their number and so many pointers, each with a share in its font.
+constexpr size_t FONT_ALIGNMENT = 8;
+static_assert(sizeof(uint64_t) == FONT_ALIGNMENT && sizeof(RunFont*) == FONT_ALIGNMENT);
+
+size_t CostOf(std::span<const RunFontRef> fonts)
+{
+    return sizeof(uint64_t) + fonts.size() * sizeof(RunFont*);
+}
+
+void StoreFonts(std::byte* pTable, std::span<const RunFontRef> fonts)
+{
+    *reinterpret_cast<uint64_t*>(pTable) = fonts.size();
+    auto* pNext = reinterpret_cast<RunFont**>(pTable + sizeof(uint64_t));
+    for (const RunFontRef& font : fonts) {
+        *pNext++ = RunFontRef(font).Release();
+    }
+}
+
 } // namespace
 
 UINT FindRun(const stcDrawTextBuffer& buffer, UINT nGlyph)
@@ -40,7 +58,8 @@ int SumAdvances(const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
     return cx;
 }
 
-bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from)
+bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from,
+                    std::span<const RunFontRef> fonts)
 {
     if (from.nItems == 0) {
         FreeCalculated(buffer);
@@ -48,16 +67,25 @@ bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from)
     }
     size_t cb = 0;
     VisitCalculated(buffer, from, [&cb](auto*&, const auto* pFrom, UINT n) { cb += n * sizeof(*pFrom); });
-    auto* pNext = static_cast<std::byte*>(TryAllocate(cb));
-    if (!pNext) {
+    const size_t cbArrays = (cb + FONT_ALIGNMENT - 1) / FONT_ALIGNMENT * FONT_ALIGNMENT;
+    if (!fonts.empty() && cbArrays > FONTS_OFFSET) {
+        return false;
+    }
+    auto* const pBlock = static_cast<std::byte*>(TryAllocate(fonts.empty() ? cb : cbArrays + CostOf(fonts)));
+    if (!pBlock) {
         return false;
     }
     FreeCalculated(buffer);
+    std::byte* pNext = pBlock;
     VisitCalculated(buffer, from, [&pNext]<class T>(T*& p, const T* pFrom, UINT n) {
         p = n != 0 ? static_cast<T*>(std::memcpy(pNext, pFrom, n * sizeof(T))) : nullptr;
         pNext += n * sizeof(T);
     });
     buffer.fOneBlock = ONE_BLOCK | (from.fOneBlock & IN_VISUAL_ORDER);
+    if (!fonts.empty()) {
+        StoreFonts(pBlock + cbArrays, fonts);
+        buffer.fOneBlock |= static_cast<UINT>(cbArrays);
+    }
     return true;
 }
 
@@ -72,6 +100,9 @@ void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from)
 void FreeCalculated(stcDrawTextBuffer& buffer)
 {
     const bool fOneBlock = buffer.fOneBlock & ONE_BLOCK;
+    for (RunFont* const pFont : FontsOf(buffer)) {
+        const RunFontRef share(pFont); // which ends here
+    }
     if (fOneBlock) {
         Free(buffer.pItems);
     }
@@ -102,6 +133,9 @@ bool PartCalculated(stcDrawTextBuffer& buffer)
     }
     FreeCalculated(buffer);
     VisitCalculated(buffer, parts, []<class T>(T*& p, T* pPart, UINT) { p = pPart; });
+    buffer.nItemsAlloc = buffer.nItems;
+    buffer.nCharsAlloc = buffer.nChars;
+    buffer.nGlyphsAlloc = buffer.nGlyphs;
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include <gesso/containers/Memory.h>
 #include <gesso/text/CDrawText.h>
+#include <gesso/text/RunFonts.h>
 
 #include <algorithm>
 
@@ -64,6 +65,7 @@ constexpr UINT RunEnd(const stcDrawTextRun& run)
 // What fOneBlock holds.
 constexpr UINT ONE_BLOCK = 1;       // the arrays but pBreaks lie in one block
 constexpr UINT IN_VISUAL_ORDER = 2; // there are right-to-left items, and all stand as their directions say
+constexpr UINT FONTS_OFFSET = ~7U;  // where in the block the items' fonts begin; 0 if there are none
 
 inline bool IsInVisualOrder(const stcDrawTextBuffer& buffer)
 {
@@ -112,8 +114,10 @@ template <class T> [[nodiscard]] bool GrowArray(T*& p, UINT nFormer, UINT n)
 //
 // What is false without memory has then done nothing.
 
-// Replaces the arrays with exact copies of those of another buffer, in one block.
-[[nodiscard]] bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from);
+// Replaces the arrays with exact copies of those of another buffer, in one block. `fonts` has the font of
+// each item, or nothing.
+[[nodiscard]] bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from,
+                                  std::span<const RunFontRef> fonts);
 // Gives a buffer the one block of another, in the place of what it has. The other one keeps nothing.
 void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from);
 void FreeCalculated(stcDrawTextBuffer& buffer);

@@ -94,7 +94,7 @@ HGDIOBJ WINAPI SelectObject(HDC hdc, HGDIOBJ handle)
 
 HGDIOBJ WINAPI GetCurrentObject(HDC hdc, UINT type)
 {
-    const Context* context = FindContext(hdc);
+    const Context* context = FaultFires("GetCurrentObject") ? nullptr : FindContext(hdc);
     switch (context ? type : 0) {
     case OBJ_PEN: return context->state.pen;
     case OBJ_BRUSH: return context->state.brush;

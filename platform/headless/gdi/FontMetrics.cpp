@@ -2,6 +2,7 @@
 
 #include "../core/Faults.h"
 #include "Context.h"
+#include "InstalledFonts.h"
 
 #include <algorithm>
 #include <climits>
@@ -14,10 +15,12 @@ FontMetrics MeasureFont(const LOGFONTW& font)
     constexpr LONG LARGEST = SHRT_MAX;
     const int asked = std::clamp(font.lfHeight, -LARGEST, LARGEST);
     const int em = asked < 0 ? -asked : asked > 0 ? asked * 4 / 5 : DEFAULT_EM;
-    const int height = asked > 0 ? asked : em + em / 4;
+    const auto installed = FontShownFor(font);
+    const FontShape shape = installed ? installed->shape : FontShape{};
+    const int height = asked > 0 ? asked : em * (shape.ascent + shape.descent) / 100;
     const int width =
         font.lfWidth != 0 ? abs(std::clamp(font.lfWidth, -LARGEST, LARGEST)) : std::max(em / 2, 1);
-    return {em, height, em, width};
+    return {em, height, std::min(em * shape.ascent / 100, height), width};
 }
 
 FontMetrics MeasureSelectedFont(HDC hdc)

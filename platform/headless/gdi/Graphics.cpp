@@ -3,6 +3,7 @@
 #include "../theme/Theme.h"
 #include "../theme/ThemeData.h"
 #include "DeviceContext.h"
+#include "InstalledFonts.h"
 #include "Record.h"
 
 namespace gesso::headless {
@@ -17,6 +18,7 @@ void ResetGraphics()
 {
     ResetMetrics();
     ResetThemeData();
+    RemoveInstalledFonts();
 }
 
 } // namespace gesso::headless

@@ -5,6 +5,7 @@
 #include "../core/Faults.h"
 #include "../core/Text.h"
 #include "../gdi/FontMetrics.h"
+#include "../gdi/InstalledFonts.h"
 #include "../gdi/Record.h"
 #include "Scripts.h"
 
@@ -20,31 +21,52 @@ namespace {
 // The index of the box that stands for what a font lacks; it shows as U+25A1.
 constexpr WORD MISSING_GLYPH = 0;
 
-// What a SCRIPT_CACHE points to: the measures of the font that it was made with, and what it lacks.
+// What a SCRIPT_CACHE points to: the measures of the font that it was made with, and what it has.
 struct Cache
 {
     FontMetrics font;
     bool hasDevanagari;
+    std::shared_ptr<const InstalledFont> installed; // null for one that has all characters
 
     bool LacksScript(WORD script) const
     {
         return script == static_cast<WORD>(Script::Devanagari) && !hasDevanagari;
     }
+    bool Lacks(char32_t c) const
+    {
+        return installed ? !installed->Has(c)
+                         : c <= 0xFFFF && LacksScript(static_cast<WORD>(ScriptOf(static_cast<wchar_t>(c))));
+    }
 };
 
-// The one font here that lacks a script is Tahoma, as on Windows: it has no tables to shape Devanagari by.
-bool HasDevanagari(HDC hdc)
+// A font that is not installed has all scripts, unless it is Tahoma: as on Windows, it has no tables to shape
+// Devanagari by.
+bool HasDevanagari(const Font* font, const InstalledFont* installed)
 {
-    const Context* context = FindContext(hdc);
-    const auto* font = context ? Find<Font>(context->state.font) : nullptr;
-    return !font || _wcsicmp(font->log.lfFaceName, L"Tahoma") != 0;
+    constexpr char32_t KA = 0x0915;
+    return installed ? installed->Has(KA) : !font || _wcsicmp(font->log.lfFaceName, L"Tahoma") != 0;
+}
+
+// The code point that a character belongs to, be it the first or the second half of a pair.
+char32_t CodePointAt(const WCHAR* text, int length, int at)
+{
+    const auto isHigh = [](WCHAR c) { return (c & 0xFC00) == 0xD800; };
+    const auto isLow = [](WCHAR c) { return (c & 0xFC00) == 0xDC00; };
+    const int high = isLow(text[at]) && at > 0 ? at - 1 : at;
+    if (high + 1 >= length || !isHigh(text[high]) || !isLow(text[high + 1])) {
+        return text[at];
+    }
+    return 0x10000 + ((char32_t{text[high]} & 0x3FF) << 10) + (char32_t{text[high + 1]} & 0x3FF);
 }
 
 // Makes the cache when it is first needed, which takes a context; null if there is neither.
 Cache* NeedCache(HDC hdc, SCRIPT_CACHE* cache)
 {
-    if (!*cache && FindContext(hdc)) {
-        *cache = new Cache{MeasureSelectedFont(hdc), HasDevanagari(hdc)};
+    const Context* const context = *cache ? nullptr : FindContext(hdc);
+    if (context) {
+        const auto* font = Find<Font>(context->state.font);
+        const auto installed = font ? FontShownFor(font->log) : nullptr;
+        *cache = new Cache{MeasureSelectedFont(hdc), HasDevanagari(font, installed.get()), installed};
         Track(Kind::ScriptCache, *cache);
     }
     return static_cast<Cache*>(*cache);
@@ -193,12 +215,31 @@ HRESULT WINAPI ScriptShape(HDC hdc, SCRIPT_CACHE* cache, const WCHAR* text, int 
     for (int i = 0; i < length; ++i) {
         // The glyphs of a right-to-left item stand as they are seen, from left to right.
         const int glyph = analysis->fRTL ? length - 1 - i : i;
-        const bool missing = found->LacksScript(static_cast<WORD>(ScriptOf(text[i])));
+        const bool missing = found->Lacks(CodePointAt(text, length, i));
         glyphs[glyph] = missing ? WORD{MISSING_GLYPH} : WORD{text[i]};
         clusters[i] = static_cast<WORD>(glyph);
         attributes[glyph] = {};
         attributes[glyph].fClusterStart = 1;
     }
+    return S_OK;
+}
+
+HRESULT WINAPI ScriptGetFontProperties(HDC hdc, SCRIPT_CACHE* cache, SCRIPT_FONTPROPERTIES* properties)
+{
+    if (FaultFires("ScriptGetFontProperties")) {
+        return FaultResult();
+    }
+    if (!cache || !properties || properties->cBytes != static_cast<int>(sizeof(*properties))) {
+        return E_INVALIDARG;
+    }
+    if (!NeedCache(hdc, cache)) {
+        return E_PENDING;
+    }
+    properties->wgBlank = L' ';
+    properties->wgDefault = MISSING_GLYPH;
+    properties->wgInvalid = MISSING_GLYPH;
+    properties->wgKashida = 0xFFFF;
+    properties->iKashidaWidth = 0;
     return S_OK;
 }
 

@@ -8,6 +8,7 @@
 #include "../core/Clock.h"
 #include "../core/Faults.h"
 #include "../gdi/DeviceContext.h"
+#include "../kernel/Registry.h"
 
 #include <algorithm>
 
@@ -211,6 +212,7 @@ void Reset()
     SetClipboardText("");
     TheClipboard() = {};
     ResetGraphics();
+    ClearRegistry();
     SetNow(0);
     Own().Renew();
 }

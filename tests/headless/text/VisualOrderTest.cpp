@@ -1,6 +1,7 @@
 // Where the items of texts that mix directions are painted in Modern. Each character is one glyph of 6
 // pixels.
 
+#include "../memory/MemoryLimit.h"
 #include "PaintedSlices.h"
 #include "tests/support/WithBehavior.h"
 #include "tests/text/TextSupport.h"
@@ -80,6 +81,38 @@ TEST_F(TextVisualOrder, ALineThatIsTooWideIsCutWhereItIsSeenToEnd)
                   CDrawText::DrawTextW(hdc, text.get(), RECT{0, 0, 40, 20});
               }),
               (Lines{"\"a \" (0,0) cx=12 latin", "\"דג ב\" (12,0) cx=24 hebrew rtl"}));
+}
+
+TEST_F(TextVisualOrder, EachLineHasItsOwnWordsAndItsOwnOrder)
+{
+    EXPECT_EQ(PaintedIn(30, u"אבג דהו זח"),
+              (Lines{"\" גבא\" (0,0) cx=24 hebrew rtl", "\" והד\" (0,20) cx=24 hebrew rtl",
+                     "\"חז\" (0,40) cx=12 hebrew rtl"}));
+    EXPECT_EQ(PaintedIn(45, u"ab אבג דהו c"),
+              (Lines{"\"ab \" (0,0) cx=18 latin", "\" גבא\" (18,0) cx=24 hebrew rtl",
+                     "\"והד\" (0,20) cx=18 hebrew rtl", "\" c\" (18,20) cx=12 latin"}));
+    EXPECT_EQ(PaintedIn(31, u"אבגדהוזח"),
+              (Lines{"\"הדגבא\" (0,0) cx=30 hebrew rtl", "\"חזו\" (0,20) cx=18 hebrew rtl"}))
+        << "a word that is wider than the line is split";
+    EXPECT_EQ(PaintedIn(100, u"אב\r\nגד"),
+              (Lines{"\"בא\" (0,0) cx=12 hebrew rtl", "\"\\r\" (12,0) cx=6 control",
+                     "\"\\n\" (0,20) cx=6 control", "\"דג\" (6,20) cx=12 hebrew rtl"}));
+}
+
+TEST_F(TextVisualOrder, LinesThatAreRefusedStayAsTheyWere)
+{
+    const std::u16string text(4000, u'\x5D0');
+    const Text prepared = Prepare(context, text, 0);
+    const auto before = BreaksOf(*prepared);
+    {
+        const MemoryLimit limit(10'000);
+        CDrawText::DrawText_Break(Wide(text), 4000, 100, prepared.get());
+        EXPECT_GT(limit.Refused(), 0U);
+    }
+    EXPECT_EQ(BreaksOf(*prepared), before);
+    CDrawText::DrawText_Break(Wide(text), 4000, 100, prepared.get());
+    EXPECT_EQ(CheckText(*prepared), "");
+    EXPECT_GT(prepared->nItems, 100U);
 }
 
 TEST_F(TextVisualOrder, ClassicKeepsTheOrderOfTheText)

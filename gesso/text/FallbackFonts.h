@@ -1,0 +1,41 @@
+// Which font of the machine shows what another one lacks: one that the registry links to it, else one that
+// the platform has for the script, else any that has the characters. What each font has, and which font a
+// character was found in, is found out once a process.
+#pragma once
+
+#include <gesso/text/RunFonts.h>
+
+#include <functional>
+
+namespace gesso {
+
+// In which manner ideographs are written, by what stands beside them.
+enum class HanStyle
+{
+    Chinese,
+    Japanese,
+    Korean,
+    Taiwanese
+};
+HanStyle HanStyleOf(LPCWSTR pszText, UINT nChars);
+
+struct FontRequest
+{
+    HDC hdc;
+    const BaseFont& base;
+    const SCRIPT_ANALYSIS& analysis;      // of the item that lacks the characters
+    std::span<const char32_t> characters; // all of them are to be in the font; one at least
+    HanStyle style;
+};
+
+// Offers faces until one is accepted. False if none is: no font of the machine has the characters, or the
+// platform does not tell. Faces are offered by one thread at a time. Throws where there is no memory.
+bool FindFallbackFace(const FontRequest& request, const std::function<bool(LPCWSTR pszFace)>& accept);
+
+// Forgets all that was found out: for tests, whose fonts change.
+void ForgetFallbackFonts();
+
+// Whether a character shows nothing of its own: controls, joiners, marks of direction, variation selectors.
+bool IsIgnorable(char32_t c);
+
+} // namespace gesso

@@ -1,0 +1,338 @@
+#include <gesso/text/FontSplit.h>
+#include <gesso/text/TextArrays.h>
+#include <gesso/text/TextBoundary.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+constexpr bool IsHigh(wchar_t c)
+{
+    return (c & 0xFC00) == 0xD800;
+}
+
+constexpr bool IsLow(wchar_t c)
+{
+    return (c & 0xFC00) == 0xDC00;
+}
+
+constexpr bool IsSurrogate(char32_t c)
+{
+    return c >= 0xD800 && c <= 0xDFFF;
+}
+
+constexpr bool IsSpace(char32_t c)
+{
+    return c == L' ' || c == 0xA0 || (c >= 0x2000 && c <= 0x200A) || c == 0x202F || c == 0x205F ||
+           c == 0x3000;
+}
+
+// Letters that change with their neighbours, so that a word of them is torn where its font changes: from
+// Arabic to Myanmar, Khmer to Mongolian, and others up to Meetei Mayek.
+constexpr bool IsJoined(wchar_t c)
+{
+    return (c >= 0x0600 && c <= 0x109F) || (c >= 0x1700 && c <= 0x1AFF) || (c >= 0xA800 && c <= 0xABFF);
+}
+
+// Marks the characters of which a glyph is the one that stands for what is missing.
+void MarkDefaults(std::span<const WORD> glyphs, const WORD* pLogClust, WORD wFirst, bool fRightToLeft,
+                  WORD wDefault, std::span<char> missing)
+{
+    const auto clusterOf = [&](size_t n) { return static_cast<WORD>(pLogClust[n] - wFirst); };
+    for (size_t n = 0, nNext = 0; n < missing.size(); n = nNext) {
+        const size_t nOwn = clusterOf(n);
+        for (nNext = n + 1; nNext < missing.size() && clusterOf(nNext) == nOwn;) {
+            ++nNext;
+        }
+        // The cluster's glyphs reach up to the next one's: to the left of it, or to the right.
+        const bool fLast = nNext == missing.size();
+        size_t nFrom = nOwn;
+        size_t nTo = nOwn + 1;
+        if (fRightToLeft) {
+            nFrom = fLast ? 0 : std::min<size_t>(clusterOf(nNext) + size_t{1}, nOwn);
+        } else {
+            nTo = fLast ? glyphs.size() : std::max<size_t>(clusterOf(nNext), nOwn + 1);
+        }
+        nTo = std::min(nTo, glyphs.size());
+        for (size_t g = nFrom; g < nTo; ++g) {
+            if (glyphs[g] == wDefault) {
+                std::fill(missing.begin() + static_cast<ptrdiff_t>(n),
+                          missing.begin() + static_cast<ptrdiff_t>(nNext), char{1});
+            }
+        }
+    }
+}
+
+} // namespace
+
+template <class VISIT> void FontSplitter::VisitMissing(const Part& part, const VISIT& visit) const
+{
+    for (UINT n = part.nFrom; n < part.nTo; ++n) {
+        const UINT nStart = n;
+        while (n < part.nTo && m_missing[n]) {
+            ++n;
+        }
+        if (n > nStart) {
+            visit(Part{nStart, n});
+        }
+    }
+}
+
+bool FontSplitter::ReadBase()
+{
+    if (!m_fBaseRead) {
+        m_fBaseRead = m_base.Read(m_hdc);
+        m_style = HanStyleOf(m_pszText, m_nChars);
+    }
+    return m_fBaseRead;
+}
+
+char32_t FontSplitter::CodePoint(UINT nChar) const
+{
+    const wchar_t c = m_psz[nChar];
+    if (!IsHigh(c) || nChar + 1 >= m_nLength || !IsLow(m_psz[nChar + 1])) {
+        return c;
+    }
+    return 0x10000 + ((char32_t{c} & 0x3FF) << 10) + (char32_t{m_psz[nChar + 1]} & 0x3FF);
+}
+
+// Whether there would be something to see. Not of the second half of a pair, nor of a lone one.
+bool FontSplitter::ShowsSomething(UINT nChar) const
+{
+    const char32_t c = CodePoint(nChar);
+    return !IsSpace(c) && !IsSurrogate(c) && !IsIgnorable(c);
+}
+
+void FontSplitter::Split(const ShapedItem& shaped, WORD wDefault, std::vector<FontStretch>& stretches)
+{
+    const auto nFirst = static_cast<UINT>(shaped.item.iCharPos);
+    m_psz = m_pszText + nFirst;
+    m_nLength = shaped.nChars;
+    m_fontOf.assign(m_nLength, nullptr);
+    m_fonts.clear();
+    m_parts.clear();
+    Mark(shaped, wDefault);
+    FindFonts(shaped.item.a);
+    for (UINT n = 0, nNext = 0; n < m_nLength; n = nNext) {
+        for (nNext = n + 1; nNext < m_nLength && m_fontOf[nNext] == m_fontOf[n];) {
+            ++nNext;
+        }
+        const auto font = std::find_if(m_fonts.begin(), m_fonts.end(),
+                                       [&](const RunFontRef& ref) { return ref.Get() == m_fontOf[n]; });
+        stretches.push_back(
+            {nFirst + n, nFirst + nNext, shaped.item.a, font == m_fonts.end() ? RunFontRef() : *font});
+    }
+}
+
+void FontSplitter::Mark(const ShapedItem& shaped, WORD wDefault)
+{
+    m_missing.assign(m_nLength, shaped.glyphs.empty());
+    if (!shaped.glyphs.empty()) {
+        MarkDefaults(shaped.glyphs, shaped.pLogClust, shaped.wFirst, shaped.item.a.fRTL, wDefault, m_missing);
+    }
+}
+
+void FontSplitter::FindFonts(const SCRIPT_ANALYSIS& analysis)
+{
+    UINT nFirst = 0;
+    while (nFirst < m_nLength && !IsDecisive(nFirst)) {
+        ++nFirst;
+    }
+    if (nFirst == m_nLength || !ReadBase()) {
+        return;
+    }
+    m_lacking = m_missing;
+    const Part all{0, m_nLength};
+    MarkWholeClusters(all);
+    MarkJoinedLetters();
+    constexpr uint64_t ROUNDS = 64;
+    constexpr uint64_t ANYWAY = 4096;
+    m_nProbes = ROUNDS * m_nLength + ANYWAY;
+    VisitMissing(all, [this](const Part& part) { m_parts.push_back(part); });
+    while (!m_parts.empty()) {
+        const Part part = m_parts.back();
+        m_parts.pop_back();
+        FindFontsOf(part, analysis);
+    }
+}
+
+// A cluster of which a part is missing is to be shown by one font.
+void FontSplitter::MarkWholeClusters(const Part& part)
+{
+    const SplitText text(m_psz + part.nFrom, part.nTo - part.nFrom);
+    for (UINT n = part.nFrom, nNext = n; n < part.nTo; n = nNext) {
+        nNext = std::max(part.nFrom + ClusterEnd(text, n - part.nFrom), n + 1);
+        bool fMissing = false;
+        for (UINT i = n; i < nNext; ++i) {
+            fMissing = fMissing || IsDecisive(i);
+        }
+        if (fMissing) {
+            std::fill(m_missing.begin() + n, m_missing.begin() + nNext, char{1});
+        }
+    }
+}
+
+void FontSplitter::MarkJoinedLetters()
+{
+    const auto join = [this](UINT nMarked, UINT n) {
+        m_missing[n] = m_missing[n] || (m_missing[nMarked] && IsJoined(m_psz[nMarked]) && IsJoined(m_psz[n]));
+    };
+    for (UINT n = 1; n < m_nLength; ++n) {
+        join(n - 1, n);
+    }
+    for (UINT n = m_nLength - 1; n > 0; --n) {
+        join(n, n - 1);
+    }
+}
+
+// The first cluster, or word of letters that join, that a font is looked for; but the first that is not of
+// the letters and signs that all fonts have, if there is one: where a font lacks the whole script, those are
+// missing too. Empty if there is none.
+FontSplitter::Part FontSplitter::UnitOf(const Part& part) const
+{
+    constexpr wchar_t IN_ALL_FONTS = 0x80;
+    UINT nFound = part.nTo;
+    for (UINT n = part.nFrom; n < part.nTo; ++n) {
+        if (IsDecisive(n) && (nFound == part.nTo || m_psz[n] >= IN_ALL_FONTS)) {
+            nFound = n;
+        }
+        if (nFound < part.nTo && m_psz[nFound] >= IN_ALL_FONTS) {
+            break;
+        }
+    }
+    if (nFound == part.nTo) {
+        return {nFound, nFound};
+    }
+    const SplitText text(m_psz + part.nFrom, part.nTo - part.nFrom);
+    const UINT nInPart = nFound - part.nFrom;
+    Part unit{part.nFrom + SnapToCluster(text, nInPart), part.nFrom + ClusterEnd(text, nInPart)};
+    while (unit.nTo < part.nTo && IsJoined(m_psz[unit.nTo]) && IsJoined(m_psz[unit.nTo - 1])) {
+        ++unit.nTo;
+    }
+    return unit;
+}
+
+RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis)
+{
+    constexpr size_t MOST = 16; // what a longer cluster has behind them is left to luck
+    std::vector<char32_t> characters;
+    for (UINT n = unit.nFrom; n < unit.nTo && characters.size() < MOST; ++n) {
+        if (ShowsSomething(n)) {
+            characters.push_back(CodePoint(n));
+        }
+    }
+    RunFontRef font;
+    const auto accept = [&](LPCWSTR pszFace) {
+        RunFontRef next = OpenRunFont(m_hdc, m_base, pszFace);
+        if (!next || !Shows(*next.Get(), unit, analysis)) {
+            return false;
+        }
+        font = std::move(next);
+        return true;
+    };
+    FindFallbackFace({m_hdc, m_base, analysis, characters, m_style}, accept);
+    return font;
+}
+
+// Looks for a font for the first unit that needs one, and takes all from it that it has. What is left of the
+// part has a turn of its own.
+void FontSplitter::FindFontsOf(Part part, const SCRIPT_ANALYSIS& analysis)
+{
+    std::vector<char> lacking;
+    while (part.nFrom < part.nTo && m_nProbes > 0) {
+        const Part unit = UnitOf(part);
+        if (unit.nFrom == unit.nTo) {
+            return;
+        }
+        RunFontRef font = FontFor(unit, analysis);
+        if (font && Probe(*font.Get(), part, analysis, lacking)) {
+            std::copy(lacking.begin(), lacking.end(), m_missing.begin() + part.nFrom);
+            MarkWholeClusters(part);
+            std::fill(m_missing.begin() + unit.nFrom, m_missing.begin() + unit.nTo, char{0});
+            TakeShown(std::move(font), part);
+            return;
+        }
+        if (font) {
+            Use(std::move(font), unit);
+        } else {
+            FindFontsOneByOne(unit, analysis);
+        }
+        part.nFrom = unit.nTo;
+    }
+}
+
+// No font has all of a cluster: what the text's font has of it stays there.
+void FontSplitter::FindFontsOneByOne(const Part& cluster, const SCRIPT_ANALYSIS& analysis)
+{
+    for (UINT n = cluster.nFrom; n < cluster.nTo; ++n) {
+        if (m_lacking[n] && ShowsSomething(n)) {
+            const Part character{n, n + (CodePoint(n) > 0xFFFF ? 2U : 1U)};
+            RunFontRef font = FontFor(character, analysis);
+            if (font) {
+                Use(std::move(font), character);
+            }
+        }
+    }
+}
+
+void FontSplitter::TakeShown(RunFontRef font, const Part& part)
+{
+    UINT nShown = part.nFrom;
+    VisitMissing(part, [&](const Part& missing) {
+        Use(font, {nShown, missing.nFrom});
+        nShown = missing.nTo;
+        m_parts.push_back(missing);
+    });
+    Use(std::move(font), {nShown, part.nTo});
+}
+
+// Tells of each character of a part whether the font lacks it. False if it cannot shape the part at all.
+bool FontSplitter::Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis,
+                         std::vector<char>& lacking)
+{
+    const UINT nLength = part.nTo - part.nFrom;
+    m_nProbes -= std::min<uint64_t>(m_nProbes, nLength);
+    constexpr UINT PER_CHAR = 4;
+    constexpr UINT ANYWAY = 64;
+    std::vector<WORD> glyphs(size_t{PER_CHAR} * nLength + ANYWAY);
+    std::vector<WORD> clusters(nLength);
+    std::vector<SCRIPT_VISATTR> attributes(glyphs.size());
+    const RunFontScope scope(m_hdc, font);
+    int nGlyphs = 0;
+    if (!scope.IsSelected() ||
+        FAILED(ScriptShape(m_hdc, &scope.Cache(), m_psz + part.nFrom, static_cast<int>(nLength),
+                           static_cast<int>(glyphs.size()), &analysis, glyphs.data(), clusters.data(),
+                           attributes.data(), &nGlyphs)))
+    {
+        return false;
+    }
+    glyphs.resize(static_cast<size_t>(std::clamp(nGlyphs, 0, static_cast<int>(glyphs.size()))));
+    lacking.assign(nLength, char{0});
+    MarkDefaults(glyphs, clusters.data(), 0, analysis.fRTL, scope.DefaultGlyph(), lacking);
+    return true;
+}
+
+bool FontSplitter::Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis)
+{
+    std::vector<char> lacking;
+    if (!Probe(font, unit, analysis, lacking)) {
+        return false;
+    }
+    bool fAll = true;
+    for (UINT n = unit.nFrom; n < unit.nTo; ++n) {
+        fAll = fAll && !(lacking[n - unit.nFrom] && ShowsSomething(n));
+    }
+    return fAll;
+}
+
+void FontSplitter::Use(RunFontRef font, const Part& part)
+{
+    std::fill(m_fontOf.begin() + part.nFrom, m_fontOf.begin() + part.nTo, font.Get());
+    const auto isSame = [&](const RunFontRef& other) { return other.Get() == font.Get(); };
+    if (std::none_of(m_fonts.begin(), m_fonts.end(), isSame)) {
+        m_fonts.push_back(std::move(font));
+    }
+}
+
+} // namespace gesso

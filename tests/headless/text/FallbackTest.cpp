@@ -1,0 +1,328 @@
+// Other fonts show in Modern what a text's font lacks. Each character is one glyph of 6 pixels, in every font
+// of twelve.
+
+#include "../memory/MemoryLimit.h"
+#include "PaintedSlices.h"
+#include "tests/support/WithBehavior.h"
+#include "tests/text/TextSupport.h"
+
+#include <gesso/framework/DrawScope.h>
+#include <gesso/text/FallbackFonts.h>
+
+#include <chrono>
+#include <tests/headless/FreshDesktop.h>
+#include <thread>
+
+namespace test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr desk::CodeRange LATIN{0x20, 0x24F};
+constexpr desk::CodeRange HAN{0x3000, 0x9FFF};
+constexpr desk::CodeRange GREEK{0x370, 0x3FF};
+constexpr std::string_view LINKS = R"(SOFTWARE\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink)";
+
+class TextFallback : public testing::Test
+{
+protected:
+    TextFallback()
+    {
+        gesso::ForgetFallbackFonts();
+        desk::InstallFont("Segoe UI", {LATIN});
+    }
+    ~TextFallback() override { gesso::ForgetFallbackFonts(); }
+
+    Lines Painted(stcDrawTextBuffer& text, const RECT& rc = {0, 0, 500, 100})
+    {
+        return PaintedSlices(
+            [&](HDC hdc) {
+                const gesso::SelectScope font(hdc, GetCurrentObject(context, OBJ_FONT));
+                CDrawText::DrawTextW(hdc, &text, rc);
+            },
+            true);
+    }
+    Lines Painted(std::u16string_view text)
+    {
+        const Text prepared = Prepare(context, text, 0);
+        EXPECT_EQ(CheckText(*prepared), "");
+        return Painted(*prepared);
+    }
+    // The font of the last slice.
+    std::string FontOf(std::u16string_view text)
+    {
+        const std::string last = Painted(text).back();
+        const size_t font = last.find("font=\"") + 6;
+        return last.substr(font, last.find('"', font) - font);
+    }
+
+    FreshDesktop desktop;
+    TextContext context;
+    Modern modern;
+};
+
+} // namespace
+
+TEST_F(TextFallback, WhatTheFontLacksIsAnItemOfItsOwnInAnotherFont)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    desk::InstallFont("Sim Signs", {{0x2600, 0x26FF}, {0x1F300, 0x1FAFF}});
+    EXPECT_EQ(Painted(u"ab 日本 c"), (Lines{"\"ab \" (0,0) cx=18 latin font=\"Segoe UI\" 12",
+                                            "\"日本\" (18,0) cx=12 han font=\"Sim Han\" 12",
+                                            "\" \" (30,0) cx=6 han font=\"Segoe UI\" 12",
+                                            "\"c\" (36,0) cx=6 latin font=\"Segoe UI\" 12"}));
+    EXPECT_EQ(Painted(u"a☕b"), (Lines{"\"a\" (0,0) cx=6 latin font=\"Segoe UI\" 12",
+                                      "\"☕\" (6,0) cx=6 latin font=\"Sim Signs\" 12",
+                                      "\"b\" (12,0) cx=6 latin font=\"Segoe UI\" 12"}));
+    EXPECT_EQ(FontOf(u"a\U0001F600"), "Sim Signs");
+    const WithBehavior classic(gesso::Behavior::Classic);
+    EXPECT_EQ(Painted(u"a☕"), Lines{"\"a□\" (0,0) cx=12 latin font=\"Segoe UI\" 12"});
+}
+
+TEST_F(TextFallback, TheLinkedFontComesFirstThenTheScriptsThenAny)
+{
+    EXPECT_EQ(FontOf(u"日"), "Segoe UI") << "no font has it";
+    gesso::ForgetFallbackFonts();
+    desk::InstallFont("Any Han", {HAN});
+    EXPECT_EQ(FontOf(u"日"), "Any Han");
+    gesso::ForgetFallbackFonts();
+    desk::InstallFont("Malgun Gothic", {HAN});
+    desk::InstallFont("Yu Gothic UI", {HAN});
+    EXPECT_EQ(FontOf(u"日"), "Any Han") << "of the fonts for Chinese there is none";
+    EXPECT_EQ(FontOf(u"の日"), "Yu Gothic UI");
+    EXPECT_EQ(FontOf(u"한日"), "Malgun Gothic");
+    gesso::ForgetFallbackFonts();
+    desk::InstallFont("Linked", {HAN});
+    desk::SetRegistryTexts(LINKS, "Segoe UI", {"NOFACE.TTF", "G.TTF,Gone", "L.TTC,Linked,128,96"});
+    EXPECT_EQ(FontOf(u"日"), "Linked");
+}
+
+TEST_F(TextFallback, WhatWasFoundOutIsRemembered)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    Painted(u"日 \u0915 \U0001F600");
+    for (const char* operation : {"RegGetValueW", "EnumFontFamiliesExW", "GetFontUnicodeRanges"}) {
+        desk::Fail(operation, 1 << 30);
+    }
+    EXPECT_EQ(FontOf(u"本"), "Sim Han");
+    EXPECT_EQ(FontOf(u"\u0915"), "Segoe UI");
+    EXPECT_EQ(FontOf(u"\u0916"), "Segoe UI");
+    EXPECT_EQ(FontOf(u"\U0001F601"), "Segoe UI");
+    EXPECT_EQ(desk::PendingFaults().size(), 3U) << "none of them was asked again";
+    desk::ClearFaults();
+}
+
+TEST_F(TextFallback, ATallerFontIsMadeToFitAndStandsOnTheSameLine)
+{
+    desk::InstallFont("Tall", {HAN}, {150, 50});
+    desk::InstallFont("Low", {GREEK}, {80, 10});
+    EXPECT_EQ(Painted(u"a日"),
+              (Lines{"\"a\" (0,0) cx=6 latin font=\"Segoe UI\" 12", "\"日\" (6,2) cx=3 han font=\"Tall\" 7"}))
+        << "14 of the line's 15 high, 10 above the base line, which the line has at 12";
+    EXPECT_EQ(Painted(u"aβ").back(), "\"β\" (6,3) cx=6 greek font=\"Low\" 12");
+    EXPECT_EQ(Prepare(context, u"a日", 0)->nFontHeight, 15);
+}
+
+TEST_F(TextFallback, ACharacterAsAReaderSeesItIsShownByOneFontIfOneHasAllOfIt)
+{
+    constexpr auto KEYCAP = u"a1\uFE0F\u20E3";
+    desk::InstallFont("Marks", {{0x20D0, 0x20FF}});
+    EXPECT_EQ(Painted(KEYCAP), (Lines{"\"a1□\" (0,0) cx=18 latin font=\"Segoe UI\" 12",
+                                      "\"\u20E3\" (18,0) cx=6 latin font=\"Marks\" 12"}));
+    gesso::ForgetFallbackFonts();
+    desk::InstallFont("Keys", {{0x20, 0x7E}, {0x20D0, 0x20FF}, {0xFE0F, 0xFE0F}});
+    EXPECT_EQ(Painted(KEYCAP), (Lines{"\"a\" (0,0) cx=6 latin font=\"Segoe UI\" 12",
+                                      "\"1\uFE0F\u20E3\" (6,0) cx=18 latin font=\"Keys\" 12"}));
+    desk::InstallFont("Half", {{0x627, 0x628}});
+    desk::InstallFont("Whole", {{0x20, 0x20}, {0x600, 0x6FF}});
+    gesso::ForgetFallbackFonts();
+    const Lines word = Painted(u"ابپ ا");
+    ASSERT_EQ(word.size(), 3U);
+    EXPECT_EQ(word[2], "\"پبا\" (12,0) cx=18 arabic rtl font=\"Whole\" 12")
+        << "letters that join are not torn";
+}
+
+TEST_F(TextFallback, AScriptThatTheFontHasNoTablesForIsShown)
+{
+    const TextContext tahoma(12, L"Tahoma");
+    desk::InstallFont("Tahoma", {LATIN});
+    desk::InstallFont("Nirmala UI", {{0x20, 0x20}, {0x900, 0x97F}});
+    const Text text = Prepare(tahoma, u"abc \u0928\u092E", 0);
+    EXPECT_EQ(Painted(*text).back(), "\"\u0928\u092E\" (24,0) cx=12 devanagari font=\"Nirmala UI\" 12");
+}
+
+TEST_F(TextFallback, ATextOfWhichNothingIsMissingIsAsInClassic)
+{
+    constexpr auto PLAIN = u"Plain text, caf\u00E9\r\nand a second line";
+    const WithBehavior classic(gesso::Behavior::Classic);
+    const Text old = Prepare(context, PLAIN, 60);
+    gesso::SetBehavior(gesso::Behavior::Modern);
+    const desk::Census before = desk::Live();
+    const Text text = Prepare(context, PLAIN, 60);
+    EXPECT_EQ(Painted(*text), Painted(*old));
+    EXPECT_EQ(BreaksOf(*text), BreaksOf(*old));
+    EXPECT_EQ(text->fOneBlock, old->fOneBlock);
+    EXPECT_EQ(desk::Live()[desk::Kind::Font], before[desk::Kind::Font]);
+}
+
+TEST_F(TextFallback, TextsShareAFontAndTheLastOneEndsIt)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const desk::Census before = desk::Live();
+    const auto fonts = [&] { return desk::Live()[desk::Kind::Font] - before[desk::Kind::Font]; };
+    {
+        const Text first = Prepare(context, u"日本", 0);
+        EXPECT_EQ(fonts(), 1);
+        const Text second = Prepare(context, u"語 and 語", 0);
+        EXPECT_EQ(fonts(), 1);
+        const TextContext larger(20);
+        const Text third = Prepare(larger, u"語", 0);
+        EXPECT_EQ(fonts(), 3) << "with that of the larger context";
+        Painted(*second);
+    }
+    Prepare(context, u"語", 0, DT_CALCRECT);
+    EXPECT_EQ(desk::Live(), before);
+}
+
+TEST_F(TextFallback, BuffersThatAreMadeByHandHaveTheFontsToo)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const int fonts = desk::Live()[desk::Kind::Font];
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 0, 0, 0);
+    for (const auto* again : {u"a日b", u"日a日"}) {
+        text.nChars = text.nGlyphs = 0;
+        CDrawText::DrawText_Calculate(context, Wide(again), 3, &text);
+        CDrawText::DrawText_Break(Wide(again), 3, 100, &text);
+        EXPECT_EQ(CheckText(text), "") << Narrow(Wide(again));
+        EXPECT_EQ(text.nItems, 3U);
+    }
+    const Lines lines = PaintedSlices([&](HDC hdc) { CDrawText::DrawText_TextOut(hdc, 0, 0, &text); }, true);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0], "\"日\" (0,0) cx=6 han font=\"Sim Han\" 12");
+    CDrawText::DrawText_Calculate(context, L"plain", 5, &text);
+    EXPECT_EQ(text.nItems, 1U);
+    CDrawText::OptimizeBuffer(&text);
+    EXPECT_EQ(desk::Live()[desk::Kind::Font], fonts) << "those of the former text have gone";
+}
+
+TEST_F(TextFallback, LinesBreakAcrossFonts)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    desk::InstallFont("Sim Hebrew", {{0x5D0, 0x5EA}});
+    const Text text = Prepare(context, u"aa 日本語 bb אבג דהו", 30);
+    EXPECT_EQ(CheckText(*text), "");
+    EXPECT_EQ(text->nBreaks, 3U);
+    const Lines lines = Painted(*text, {0, 0, 30, 100});
+    EXPECT_EQ(lines.front(), "\"aa \" (0,0) cx=18 latin font=\"Segoe UI\" 12");
+    EXPECT_EQ(lines.back(), "\"והד\" (0,60) cx=18 hebrew rtl font=\"Sim Hebrew\" 12");
+}
+
+TEST_F(TextFallback, AnythingMayFailAndTextsStayInOrder)
+{
+    desk::InstallFont("Sim Han", {{0x20, 0x20}, HAN});
+    desk::SetRegistryTexts(LINKS, "Segoe UI", {"L.TTC,Linked"});
+    for (const char* operation :
+         {"RegGetValueW", "EnumFontFamiliesExW", "GetFontUnicodeRanges", "CreateFontIndirectW",
+          "SelectObject", "GetObjectW", "GetCurrentObject", "GetTextFaceW", "GetTextMetricsW",
+          "ScriptGetFontProperties", "ScriptShape", "ScriptPlace", "ScriptItemize"})
+    {
+        for (int skip = 0;; ++skip) {
+            gesso::ForgetFallbackFonts();
+            const TextContext own; // whose font may be lost
+            desk::Fail(operation, 1, 0x80004005, skip);
+            const Text text = Prepare(own, u"ab 日本 \U0001F600", 0);
+            const bool fired = desk::PendingFaults().empty();
+            desk::ClearFaults();
+            if (text) {
+                EXPECT_EQ(CheckText(*text), "") << operation << skip;
+                CDrawText::DrawTextW(own, text.get(), RECT{0, 0, 100, 100});
+            }
+            if (!fired) {
+                EXPECT_GT(skip, 0) << operation << " is never asked";
+                break;
+            }
+        }
+    }
+    const Text text = Prepare(context, u"日", 0);
+    EXPECT_EQ(PaintedSlices([&](HDC hdc) {
+                  desk::Fail("SelectObject");
+                  CDrawText::DrawTextW(hdc, text.get(), RECT{0, 0, 90, 90});
+              }),
+              Lines{})
+        << "its glyphs would be others in another font";
+}
+
+TEST_F(TextFallback, WithoutMemoryToLookForFontsThereAreBoxes)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const Text whole = Prepare(context, u"a日", 0); // so that the working space is there
+    UINT refused = 0;
+    for (size_t largest = 1200; largest > 150; largest -= 50) {
+        gesso::ForgetFallbackFonts();
+        const MemoryLimit limit(largest);
+        const Text text = Prepare(context, u"b日", 0);
+        if (text) {
+            EXPECT_EQ(CheckText(*text), "");
+            refused += text->nItems == 2 && text->fOneBlock == 1;
+        }
+    }
+    EXPECT_GT(refused, 0U);
+    EXPECT_EQ(FontOf(u"日"), "Sim Han") << "once there is memory again";
+}
+
+TEST_F(TextFallback, LongTextsOfManyFontsAreDoneInTime)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    desk::InstallFont("Sim Greek", {GREEK});
+    std::u16string mixed;
+    while (mixed.size() < 60'000) {
+        mixed += u"日\u2600β\u2601";
+    }
+    const std::u16string marks = u"e" + std::u16string(10'000, u'\x0301') + std::u16string(10'000, u'\x20E3');
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(CheckText(*Prepare(context, mixed, 0)), "");
+    EXPECT_EQ(CheckText(*Prepare(context, marks, 0)), "");
+    EXPECT_EQ(CheckText(*Prepare(context, std::u16string(20'000, u'\xD83D'), 0)), "");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
+}
+
+TEST_F(TextFallback, AListShowsWhatItsFontLacks)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const Host host;
+    GList list;
+    list.Create(0, 0, 200, 100, host, 1, GLS_DETAILS, 0, WS_CHILD | WS_VISIBLE);
+    list.InsertColumn(0, 0, DT_SINGLELINE, 100, 20, L"Name", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    list.InsertItem(0, 0, nullptr, 0, L"x\x65E5", 0);
+    const Lines lines = NextPaint(list.GetHwnd(), "ScriptTextOut \"日");
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_NE(lines[0].find("font=\"Sim Han\""), std::string::npos) << lines[0];
+    DestroyWindow(list.GetHwnd());
+}
+
+// Under ThreadSanitizer too.
+TEST(ThreadTextTest, ThreadsShareTheFontsThatTheyFind)
+{
+    const FreshDesktop desktop;
+    const Modern modern;
+    gesso::ForgetFallbackFonts();
+    desk::InstallFont("Segoe UI", {LATIN});
+    desk::InstallFont("Sim Han", {HAN});
+    desk::InstallFont("Sim Greek", {GREEK});
+    const auto work = [] {
+        const TextContext context;
+        for (int i = 0; i < 100; ++i) {
+            const Text text = Prepare(context, i % 2 ? u"a日β" : u"β日a", 20);
+            EXPECT_EQ(CheckText(*text), "");
+            EXPECT_EQ(text->nItems, 3U);
+            CDrawText::DrawTextW(context, text.get(), RECT{0, 0, 50, 50});
+        }
+    };
+    std::thread other(work);
+    work();
+    other.join();
+    gesso::ForgetFallbackFonts();
+}
+
+} // namespace test
