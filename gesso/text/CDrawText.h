@@ -121,9 +121,10 @@ public:
     // memory the lines are as they were.
     static void DrawText_Break(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer* pBuffer);
 
-    // Painting a buffer. (x, y) is the top left corner of the first glyph. In Classic items stand in logical
-    // order from left to right. A text that was prepared in Modern and has right-to-left items has them in
-    // each line as its reader expects, and each operation paints what it names, once.
+    // Painting a buffer. (x, y) is the top left corner of the first glyph. Items stand in logical order from
+    // left to right, unless the text was prepared in Modern and has right-to-left items, or such as other
+    // fonts show: then each line has its items as they are read, and each operation paints what it names,
+    // once.
 
     // The whole text, aligned in rc and line by line. A line that is too wide is cut before the glyph that
     // reaches the right side. Nothing if rc has no width.
@@ -141,4 +142,6 @@ public:
                                       UINT nReserved);
     // The first nGlyphs glyphs of the text.
     static void DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nGlyphs);
+    // One line, whole: each glyph of it once. Nothing if there is no such line.
+    static void DrawText_TextOut_Line(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nLine);
 };

@@ -211,7 +211,7 @@ try {
     nChars = pszText ? std::min(nChars, UsableChars(buffer)) : 0;
     FindBreakAttributes(pszText, nChars, buffer);
     std::optional<LogicalGlyphs> logical;
-    if (IsInVisualOrder(buffer) && UsableGlyphs(buffer) <= MOST_COUNTED) {
+    if (IsPaintedAsRead(buffer) && UsableGlyphs(buffer) <= MOST_COUNTED) {
         logical.emplace(buffer);
     }
     LineBreaker breaker(pszText, nChars, cxMax, logical ? logical->Buffer() : buffer);

@@ -231,7 +231,7 @@ void Calculation::Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pS
 // parts texts otherwise then. Where nothing goes from right to left it is left to its first result.
 void Calculation::ItemizeByDirection()
 {
-    m_arrays.fOneBlock &= ~IN_VISUAL_ORDER;
+    m_arrays.fOneBlock &= ~PAINTED_AS_READ;
     Itemize(nullptr, nullptr);
     const SCRIPT_ITEM* const pItems = m_arrays.pItems;
     const auto isRightToLeft = [](const SCRIPT_ITEM& item) { return item.a.fRTL; };
@@ -244,7 +244,7 @@ void Calculation::ItemizeByDirection()
     if (m_arrays.nItems == 0) {
         Itemize(nullptr, nullptr);
     }
-    m_arrays.fOneBlock |= IN_VISUAL_ORDER;
+    m_arrays.fOneBlock |= PAINTED_AS_READ;
 }
 
 void Calculation::AddItems()
@@ -429,6 +429,7 @@ bool Calculation::TakeItems(const std::vector<SCRIPT_ITEM>& items)
     }
     std::copy(items.begin(), items.end(), m_arrays.pItems);
     m_arrays.nItems = nNeeded - 1;
+    m_arrays.fOneBlock |= PAINTED_AS_READ;
     return true;
 }
 

@@ -187,7 +187,7 @@ void CDrawText::DrawText_TextOut_Break(HDC hdc, RECT rc, stcDrawTextBuffer* pBuf
     if (!IsBuffer(pBuffer) || !pBuffer->pBreaks || rc.right == rc.left) {
         return;
     }
-    if (pBuffer->nBreaks != 0 && IsInVisualOrder(*pBuffer)) {
+    if (pBuffer->nBreaks != 0 && IsPaintedAsRead(*pBuffer)) {
         PaintLinesInOrder(hdc, rc, *pBuffer);
         return;
     }
@@ -211,7 +211,7 @@ void CDrawText::DrawText_TextOut(HDC hdc, int x, int y, stcDrawTextBuffer* pBuff
     if (!IsBuffer(pBuffer)) {
         return;
     }
-    if (IsInVisualOrder(*pBuffer)) {
+    if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, 0, UNCUT, UNCUT);
         return;
     }
@@ -232,7 +232,7 @@ void CDrawText::DrawText_TextOut_Start_Glyph(HDC hdc, int x, int y, stcDrawTextB
         return;
     }
     const UINT nEnd = nStart + nCount;
-    if (IsInVisualOrder(*pBuffer)) {
+    if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, nStart, nEnd, UNCUT);
         return;
     }
@@ -259,7 +259,7 @@ void CDrawText::DrawText_TextOut_cxMax(HDC hdc, int x, int y, stcDrawTextBuffer*
         return;
     }
     const UINT nStart = nLine == 0 ? 0 : pBuffer->pBreaks[nLine - 1].nGlyph;
-    if (IsInVisualOrder(*pBuffer)) {
+    if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
         return;
     }
@@ -276,7 +276,7 @@ void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* 
         return;
     }
     const UINT nItems = UsableItems(*pBuffer);
-    if (IsInVisualOrder(*pBuffer) && nItem < nItems) {
+    if (IsPaintedAsRead(*pBuffer) && nItem < nItems) {
         PaintInOrder(hdc, x, y, *pBuffer, pBuffer->pRuns[nItem].nFirstGlyph, UNCUT, UNCUT);
         return;
     }
@@ -295,7 +295,7 @@ void CDrawText::DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* 
     if (!IsBuffer(pBuffer)) {
         return;
     }
-    if (IsInVisualOrder(*pBuffer)) {
+    if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, 0, nGlyphs, UNCUT);
         return;
     }
@@ -308,4 +308,17 @@ void CDrawText::DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* 
         x = WrapAdd(x, RunWidth(run));
         nLeft -= nSlice;
     }
+}
+
+void CDrawText::DrawText_TextOut_Line(HDC hdc, int x, int y, stcDrawTextBuffer* pBuffer, UINT nLine)
+{
+    if (!IsBuffer(pBuffer) || !pBuffer->pBreaks) {
+        return;
+    }
+    if (nLine > pBuffer->nBreaks) {
+        Misuse("CDrawText::DrawText_TextOut_Line: no such line");
+        return;
+    }
+    const UINT nStart = nLine == 0 ? 0 : pBuffer->pBreaks[nLine - 1].nGlyph;
+    PaintInOrder(hdc, x, y, *pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, UNCUT);
 }

@@ -81,7 +81,7 @@ bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from,
         p = n != 0 ? static_cast<T*>(std::memcpy(pNext, pFrom, n * sizeof(T))) : nullptr;
         pNext += n * sizeof(T);
     });
-    buffer.fOneBlock = ONE_BLOCK | (from.fOneBlock & IN_VISUAL_ORDER);
+    buffer.fOneBlock = ONE_BLOCK | (from.fOneBlock & PAINTED_AS_READ);
     if (!fonts.empty()) {
         StoreFonts(pBlock + cbArrays, fonts);
         buffer.fOneBlock |= static_cast<UINT>(cbArrays);

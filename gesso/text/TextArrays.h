@@ -63,13 +63,15 @@ constexpr UINT RunEnd(const stcDrawTextRun& run)
 }
 
 // What fOneBlock holds.
-constexpr UINT ONE_BLOCK = 1;       // the arrays but pBreaks lie in one block
-constexpr UINT IN_VISUAL_ORDER = 2; // there are right-to-left items, and all stand as their directions say
-constexpr UINT FONTS_OFFSET = ~7U;  // where in the block the items' fonts begin; 0 if there are none
+constexpr UINT ONE_BLOCK = 1; // the arrays but pBreaks lie in one block
+// There are right-to-left items, or items of several fonts: each line is painted once, in the order in which
+// it is read.
+constexpr UINT PAINTED_AS_READ = 2;
+constexpr UINT FONTS_OFFSET = ~7U; // where in the block the items' fonts begin; 0 if there are none
 
-inline bool IsInVisualOrder(const stcDrawTextBuffer& buffer)
+inline bool IsPaintedAsRead(const stcDrawTextBuffer& buffer)
 {
-    return buffer.fOneBlock & IN_VISUAL_ORDER;
+    return buffer.fOneBlock & PAINTED_AS_READ;
 }
 
 // The first item that ends at the glyph or behind it, so that an item's end counts as its own; the number of

@@ -16,8 +16,8 @@ UINT CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT
 int FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc);
 int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx);
 
-// In visual order: the glyphs from nFirst up to nEnd, all of one line, cut before the one that reaches cxMax;
-// and all lines.
+// Each glyph once, in visual order where the text is painted as it is read: those from nFirst up to nEnd, all
+// of one line, cut before the one that reaches cxMax; and all lines.
 constexpr UINT UNCUT = 0xFFFFFFFF;
 void PaintInOrder(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd, UINT cxMax);
 void PaintLinesInOrder(HDC hdc, const RECT& rc, stcDrawTextBuffer& buffer);

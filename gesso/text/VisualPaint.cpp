@@ -14,11 +14,12 @@ void PaintInOrder(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nFirst,
     const UINT nItems = std::min(FindRun(buffer, nEnd) + 1, UsableItems(buffer)) - nFirstItem;
     const ItemOrder order(buffer, nFirstItem, nItems);
     for (UINT n = 0; n < nItems; ++n) {
-        const stcDrawTextRun& run = buffer.pRuns[order[n]];
+        const UINT nItem = IsPaintedAsRead(buffer) ? order[n] : nFirstItem + n;
+        const stcDrawTextRun& run = buffer.pRuns[nItem];
         const UINT nFrom = std::max(nFirst, run.nFirstGlyph);
         const UINT nTo = std::min(nEnd, RunEnd(run));
         const UINT nFitting = nFrom < nTo ? CountFitting(buffer, nFrom, nTo, cxMax) : 0;
-        PaintSlice(hdc, x, y, buffer, order[n], nFrom, static_cast<int>(nFitting));
+        PaintSlice(hdc, x, y, buffer, nItem, nFrom, static_cast<int>(nFitting));
         if (nFrom + nFitting < nTo) {
             return;
         }
