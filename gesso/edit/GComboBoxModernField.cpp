@@ -158,7 +158,8 @@ bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
     }
     // A key that the field does not know is nobody's. The control looks hot as well, and lets go of what it
     // has pressed.
-    return (fTaken || uMsg == WM_KEYDOWN) && uMsg != WM_MOUSEMOVE && uMsg != WM_MOUSELEAVE && uMsg != WM_CAPTURECHANGED;
+    return (fTaken || uMsg == WM_KEYDOWN) && uMsg != WM_MOUSEMOVE && uMsg != WM_MOUSELEAVE &&
+           uMsg != WM_CAPTURECHANGED;
 }
 
 // One notification of what was typed and completed.

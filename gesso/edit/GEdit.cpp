@@ -95,7 +95,9 @@ GEdit& GEdit::operator=(const GEdit& other)
     m_nMargin = other.m_nMargin;
     m_hitDown = other.m_hitDown;
     m_hitMove = other.m_hitMove;
-    CopyTextOf(other);
+    if (CopyTextOf(other)) {
+        LeaveModern();
+    }
     Own().lines.ForgetWrapping();
     Own().fCaret = other.Own().fCaret;
     Own().chRefused = other.Own().chRefused;
@@ -131,6 +133,12 @@ GEdit::Inside::~Inside()
 GEdit::Modern* GEdit::AsModern() const
 {
     return HasOwn() ? m_inside->pModern : nullptr;
+}
+
+// What was edited belongs to the window that the object had.
+void GEdit::LeaveModern()
+{
+    delete std::exchange(Own().pModern, nullptr);
 }
 
 // The text goes to where it is edited.
@@ -201,6 +209,7 @@ LRESULT GEdit::OnNcCreate(const CREATESTRUCTW* pcs)
 
 LRESULT GEdit::OnCreate(const CREATESTRUCTW* pcs)
 {
+    LeaveModern();
     gesso::TakeFirstFont(*this, m_hFont);
     if (!Has(*this, gesso::Quirk::EditIsPlain)) {
         return BeModern(static_cast<DWORD>(pcs->style)) ? 0 : -1;
@@ -214,7 +223,7 @@ LRESULT GEdit::OnNcDestroy()
 {
     GWndScroll::OnNcDestroy();
     m_hTheme.Reset();
-    delete std::exchange(Own().pModern, nullptr);
+    LeaveModern();
     StartText(L"");
     return Frame::Detach(*this);
 }

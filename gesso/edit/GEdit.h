@@ -209,6 +209,7 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     Modern* AsModern() const;
     bool BeModern(DWORD dwStyle);
+    void LeaveModern();
     LRESULT OnClassicMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     // Text. All that changes it and caret and anchor goes through the two that say so.

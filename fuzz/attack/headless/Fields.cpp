@@ -511,7 +511,7 @@ void FieldWorld::UseClipboard(Source& source)
     Send(uMsg);
     m_nMeanwhile = 0;
     desk::ClearFaults();
-    if (fFails && FieldText() == m_plain.now.text) {
+    if (fFails && Check().empty()) {
         return; // nothing came of it
     }
     if (fCuts) {
