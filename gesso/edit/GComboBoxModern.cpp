@@ -119,11 +119,13 @@ bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
     return true;
 }
 
-// Enter and Esc are the open list's, and otherwise the dialog's.
+// Enter and Esc are the open list's, Esc before it what is being composed, and otherwise the dialog's.
 LRESULT GComboBox::Modern::DlgCode(const MSG* pMsg) const
 {
-    const bool fEnds = pMsg && (pMsg->wParam == VK_RETURN || pMsg->wParam == VK_ESCAPE);
-    return DLGC_WANTCHARS | DLGC_WANTARROWS | (fEnds && IsOpen() ? DLGC_WANTALLKEYS : 0);
+    const bool fEscape = pMsg && pMsg->wParam == VK_ESCAPE;
+    const bool fEnds = fEscape || (pMsg && pMsg->wParam == VK_RETURN);
+    const bool fOwn = (fEnds && IsOpen()) || (fEscape && m_editor.IsComposing());
+    return DLGC_WANTCHARS | DLGC_WANTARROWS | (fOwn ? DLGC_WANTALLKEYS : 0);
 }
 
 // False for a press in the text, which takes the focus here all the same.
@@ -175,6 +177,9 @@ bool GComboBox::Modern::OnKey(UINT uMsg, WPARAM wParam)
 
 bool GComboBox::Modern::OnKeyDown(UINT uKey)
 {
+    if (uKey == VK_ESCAPE && m_editor.IsComposing()) {
+        return false;
+    }
     if (uKey == VK_RETURN || uKey == VK_ESCAPE) {
         if (IsOpen()) {
             Close(uKey == VK_RETURN);

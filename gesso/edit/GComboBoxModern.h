@@ -91,7 +91,7 @@ private:
 
     // --- The field
     bool OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
-    bool OnTyped(WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     void OnEdited();
     void SetLimit();
     bool IsPointerOnText() const;

@@ -145,8 +145,8 @@ bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
     if (fBeside || IsEditMessage(uMsg)) {
         return false;
     }
-    if (uMsg == WM_CHAR) {
-        return OnTyped(wParam, lParam, plAnswer);
+    if (uMsg == WM_CHAR || (uMsg == WM_IME_COMPOSITION && (lParam & GCS_RESULTSTR))) {
+        return OnTyped(uMsg, wParam, lParam, plAnswer);
     }
     const Lifeline life = Life();
     const bool fTaken = m_editor.OnMessage(uMsg, wParam, lParam, plAnswer);
@@ -162,17 +162,17 @@ bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
            uMsg != WM_CAPTURECHANGED;
 }
 
-// One notification of what was typed and completed.
-bool GComboBox::Modern::OnTyped(WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+// One notification of what was typed, or accepted from an input method, and completed.
+bool GComboBox::Modern::OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     const Lifeline life = Life();
     m_fTyping = m_combo.m_inside->fCompletes;
     m_fEdited = false;
-    m_editor.OnMessage(WM_CHAR, wParam, lParam, plAnswer);
+    const bool fTaken = m_editor.OnMessage(uMsg, wParam, lParam, plAnswer);
     if (!life) {
         return true;
     }
-    if (m_fTyping && m_fEdited && IsPrintable(wParam)) {
+    if (m_fTyping && m_fEdited && (uMsg != WM_CHAR || IsPrintable(wParam))) {
         CompleteText();
     }
     if (!life) {
@@ -182,7 +182,7 @@ bool GComboBox::Modern::OnTyped(WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
     if (std::exchange(m_fTyping, false) && m_fEdited && Report(CBN_EDITUPDATE)) {
         Report(CBN_EDITCHANGE);
     }
-    return true;
+    return fTaken || uMsg == WM_CHAR;
 }
 
 void GComboBox::Modern::CompleteText()

@@ -140,6 +140,11 @@ bool TextEditor::CanRedo() const
     return m_inside->MayChange() && m_inside->model.CanRedo();
 }
 
+bool TextEditor::IsComposing() const
+{
+    return m_inside->composition.IsActive();
+}
+
 bool TextEditor::IsModified() const
 {
     return m_inside->model.IsModified();

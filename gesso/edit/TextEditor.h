@@ -48,6 +48,8 @@ public:
     bool Undo();
     bool Redo();
     bool CanRedo() const;
+    // Whether an input method shows text that is not accepted.
+    bool IsComposing() const;
     bool IsModified() const;
     void SetModified(bool fModified);
     // What was prepared is of another font, width, style or theme now.

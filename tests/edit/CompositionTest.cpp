@@ -20,9 +20,10 @@ protected:
         hwnd = edit->Create(10, 10, 200, 60, host, 7, text, WS_CHILD | WS_VISIBLE | dwStyle, 0);
         SetFocus(hwnd);
         SendMessageW(hwnd, EM_SETSEL, static_cast<WPARAM>(nFrom), nTo);
-        m_himc = ImmGetContext(hwnd);
+        Own(ImmGetContext(hwnd));
         host.TakeReports();
     }
+    void Own(HIMC himc) { m_himc = himc; }
     void TearDown() override { Notify(CPS_CANCEL); }
 
     void Compose(LPCWSTR text)
@@ -277,6 +278,26 @@ TEST_F(CompositionTest, ComposedTextStaysInViewInANarrowField)
     UpdateWindow(hwnd);
     Notify(CPS_CANCEL);
     EXPECT_LT(CaretPoint().x, rc.right);
+}
+
+TEST_F(CompositionTest, AComboBoxTakesEscForItsOwnAndCompletesWhatIsAccepted)
+{
+    GComboBox combo;
+    hwnd = combo.Create(10, 10, 200, 30, host, 8, WS_CHILD | WS_VISIBLE | GCBS_DROPDOWN, 0);
+    combo.InsertItem(0, 0, L"abcdef", 0, nullptr);
+    combo.SetAutoComplete(true);
+    SetFocus(hwnd);
+    Own(ImmGetContext(hwnd));
+    Compose(L"xyz");
+    SendMessageW(hwnd, WM_KEYDOWN, VK_ESCAPE, 1);
+    Notify(CPS_COMPLETE);
+    DispatchAll();
+    EXPECT_EQ(TextOf(hwnd), "");
+    host.TakeReports();
+    Accept(L"ab");
+    EXPECT_EQ(TextOf(hwnd), "abcdef");
+    SendMessageW(hwnd, WM_CHAR, 'x', 1);
+    EXPECT_EQ(TextOf(hwnd), "abx") << "what was completed is selected";
 }
 
 TEST_F(CompositionTest, TheControlMayGoWhenTheTextIsAccepted)
