@@ -24,7 +24,7 @@ class LineBreaker
 public:
     LineBreaker(LPCWSTR pszText, UINT nChars, UINT cxMax, const stcDrawTextBuffer& buffer)
         : m_pszText(pszText), m_nChars(nChars), m_cxMax(static_cast<int>(cxMax)), m_buffer(buffer),
-          m_nGlyphs(UsableGlyphs(buffer))
+          m_nGlyphs(UsableGlyphs(buffer)), m_fWholeWidths(IsPaintedAsRead(buffer))
     {}
 
     void Run();
@@ -55,6 +55,7 @@ private:
     const int m_cxMax;
     const stcDrawTextBuffer& m_buffer;
     const UINT m_nGlyphs;
+    const bool m_fWholeWidths;
 
     UINT m_nGlyph = 0;
     UINT m_nChar = 0;
@@ -83,7 +84,7 @@ void LineBreaker::Run()
 // Takes glyphs while the line stays narrower than m_cxMax.
 void LineBreaker::FillLine()
 {
-    m_cx = 0;
+    m_cx = m_fWholeWidths && !m_breaks.empty() ? SumAdvances(m_buffer, m_breaks.back().nGlyph, m_nGlyph) : 0;
     while (m_nGlyph < m_nGlyphs) {
         const int cx = WrapAdd(m_cx, m_buffer.pAdvance[m_nGlyph]);
         if (cx >= m_cxMax || AtHardBreak()) {
@@ -135,7 +136,8 @@ bool LineBreaker::BreakOverflow()
         return false; // the last character's glyphs stay together
     }
     // Fixed behaviour: the glyph at the break starts the next line, but the measure of that line starts one
-    // glyph later. With it measured, lines would break and align elsewhere.
+    // glyph later. With it measured, lines would break and align elsewhere. What is painted as it is read is
+    // new in Modern, and measured whole.
     const UINT nGlyph = GlyphOf(m_nChar);
     Append(nGlyph, WrapSubtract(m_cx, SumAdvances(m_buffer, nGlyph, m_nGlyph)));
     m_nGlyph = nGlyph + 1;

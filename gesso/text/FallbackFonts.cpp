@@ -60,7 +60,9 @@ bool KnownFonts::Find(const FontRequest& request, const std::function<bool(LPCWS
         return Search(request, accept) != NOWHERE;
     }
     constexpr int CHARACTER_BITS = 21;
-    const uint64_t font = PlaceOf(request.base.szFace) << 2 | static_cast<uint64_t>(request.style);
+    const bool fPlain = request.analysis.eScript == SCRIPT_UNDEFINED;
+    const uint64_t font =
+        PlaceOf(request.base.szFace) << 3 | uint64_t{fPlain} << 2 | static_cast<uint64_t>(request.style);
     const uint64_t key = font << CHARACTER_BITS | request.characters.front();
     const auto known = m_found.find(key);
     if (known != m_found.end() && (known->second == NOWHERE || accept(m_fonts[known->second].Face()))) {

@@ -58,6 +58,9 @@ FontCoverage::FontCoverage(LPCWSTR pszFace)
 
 Told FontCoverage::Has(HDC hdc, char32_t c, const SCRIPT_ANALYSIS& analysis)
 {
+    if (!m_fRead && !ReadRanges(hdc)) {
+        return Told::Nothing;
+    }
     if (c >= LISTED) {
         const char32_t first = c / BLOCK * BLOCK;
         if (!m_fBeyond) {
@@ -70,9 +73,6 @@ Told FontCoverage::Has(HDC hdc, char32_t c, const SCRIPT_ANALYSIS& analysis)
         }
         return block->second[c - first] ? Told::Yes : Told::No;
     }
-    if (!m_fRead && !ReadRanges(hdc)) {
-        return Told::Nothing;
-    }
     const auto endsBefore = [](const WCRANGE& range, char32_t n) {
         return char32_t{range.wcLow} + range.cGlyphs <= n;
     };
@@ -80,11 +80,21 @@ Told FontCoverage::Has(HDC hdc, char32_t c, const SCRIPT_ANALYSIS& analysis)
     return range != m_ranges.end() && range->wcLow <= c ? Told::Yes : Told::No;
 }
 
-// A font that is refused has no ranges: what is selected then is another one, and tells nothing.
+// In the place of a face that is not installed the platform puts some font or other, which is not asked: it
+// has its turn under its own name, if it suits.
 bool FontCoverage::ReadRanges(HDC hdc)
 {
     const ProbeFont font(hdc, m_szFace);
-    const DWORD cb = font ? GetFontUnicodeRanges(hdc, nullptr) : 0;
+    WCHAR szThere[LF_FACESIZE];
+    if (!font || GetTextFaceW(hdc, LF_FACESIZE, szThere) == 0) {
+        return false;
+    }
+    if (_wcsicmp(szThere, m_szFace) != 0) {
+        m_fBeyond = false;
+        m_fRead = true;
+        return true;
+    }
+    const DWORD cb = GetFontUnicodeRanges(hdc, nullptr);
     if (cb < offsetof(GLYPHSET, ranges)) {
         return false;
     }

@@ -104,24 +104,46 @@ bool FontSplitter::ShowsSomething(UINT nChar) const
     return !IsSpace(c) && !IsSurrogate(c) && !IsIgnorable(c);
 }
 
+// Whether it is to show nothing, but not a control: the font that has it shows no box.
+bool FontSplitter::IsFormat(UINT nChar) const
+{
+    const char32_t c = CodePoint(nChar);
+    const bool fControl = c < 0x20 || (c >= 0x7F && c < 0xA0);
+    return !fControl && IsIgnorable(c);
+}
+
+bool FontSplitter::IsSeen(const Part& unit) const
+{
+    bool fSeen = false;
+    for (UINT n = unit.nFrom; n < unit.nTo; ++n) {
+        fSeen = fSeen || ShowsSomething(n);
+    }
+    return fSeen;
+}
+
 void FontSplitter::Split(const ShapedItem& shaped, WORD wDefault, std::vector<FontStretch>& stretches)
 {
     const auto nFirst = static_cast<UINT>(shaped.item.iCharPos);
     m_psz = m_pszText + nFirst;
     m_nLength = shaped.nChars;
     m_fontOf.assign(m_nLength, nullptr);
+    m_plain.assign(m_nLength, char{0});
     m_fonts.clear();
     m_parts.clear();
     Mark(shaped, wDefault);
     FindFonts(shaped.item.a);
     for (UINT n = 0, nNext = 0; n < m_nLength; n = nNext) {
-        for (nNext = n + 1; nNext < m_nLength && m_fontOf[nNext] == m_fontOf[n];) {
+        for (nNext = n + 1;
+             nNext < m_nLength && m_fontOf[nNext] == m_fontOf[n] && m_plain[nNext] == m_plain[n];) {
             ++nNext;
         }
         const auto font = std::find_if(m_fonts.begin(), m_fonts.end(),
                                        [&](const RunFontRef& ref) { return ref.Get() == m_fontOf[n]; });
         stretches.push_back(
             {nFirst + n, nFirst + nNext, shaped.item.a, font == m_fonts.end() ? RunFontRef() : *font});
+        if (m_plain[n]) {
+            stretches.back().analysis.eScript = SCRIPT_UNDEFINED;
+        }
     }
 }
 
@@ -146,14 +168,37 @@ void FontSplitter::FindFonts(const SCRIPT_ANALYSIS& analysis)
     const Part all{0, m_nLength};
     MarkWholeClusters(all);
     MarkJoinedLetters();
+    FindFontsOfMissing(analysis);
+    if (analysis.eScript != SCRIPT_UNDEFINED) {
+        TryWithoutScript(analysis);
+    }
+}
+
+void FontSplitter::FindFontsOfMissing(const SCRIPT_ANALYSIS& analysis)
+{
     constexpr uint64_t ROUNDS = 64;
     constexpr uint64_t ANYWAY = 4096;
     m_nProbes = ROUNDS * m_nLength + ANYWAY;
-    VisitMissing(all, [this](const Part& part) { m_parts.push_back(part); });
+    VisitMissing({0, m_nLength}, [this](const Part& part) { m_parts.push_back(part); });
     while (!m_parts.empty()) {
         const Part part = m_parts.back();
         m_parts.pop_back();
         FindFontsOf(part, analysis);
+    }
+}
+
+// Where each font that has the characters lacks what their script needs, they are better seen one by one than
+// not at all.
+void FontSplitter::TryWithoutScript(SCRIPT_ANALYSIS analysis)
+{
+    const std::vector<RunFont*> shown = m_fontOf;
+    for (UINT n = 0; n < m_nLength; ++n) {
+        m_missing[n] = m_lacking[n] && !shown[n];
+    }
+    analysis.eScript = SCRIPT_UNDEFINED;
+    FindFontsOfMissing(analysis);
+    for (UINT n = 0; n < m_nLength; ++n) {
+        m_plain[n] = m_fontOf[n] != shown[n];
     }
 }
 
@@ -165,7 +210,7 @@ void FontSplitter::MarkWholeClusters(const Part& part)
         nNext = std::max(part.nFrom + ClusterEnd(text, n - part.nFrom), n + 1);
         bool fMissing = false;
         for (UINT i = n; i < nNext; ++i) {
-            fMissing = fMissing || IsDecisive(i);
+            fMissing = fMissing || (m_missing[i] && ShowsSomething(i));
         }
         if (fMissing) {
             std::fill(m_missing.begin() + n, m_missing.begin() + nNext, char{1});
@@ -216,9 +261,10 @@ FontSplitter::Part FontSplitter::UnitOf(const Part& part) const
 RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis)
 {
     constexpr size_t MOST = 16; // what a longer cluster has behind them is left to luck
+    const bool fSeen = IsSeen(unit);
     std::vector<char32_t> characters;
     for (UINT n = unit.nFrom; n < unit.nTo && characters.size() < MOST; ++n) {
-        if (ShowsSomething(n)) {
+        if (fSeen ? ShowsSomething(n) : IsFormat(n)) {
             characters.push_back(CodePoint(n));
         }
     }
@@ -249,7 +295,7 @@ void FontSplitter::FindFontsOf(Part part, const SCRIPT_ANALYSIS& analysis)
         if (font && Probe(*font.Get(), part, analysis, lacking)) {
             std::copy(lacking.begin(), lacking.end(), m_missing.begin() + part.nFrom);
             MarkWholeClusters(part);
-            std::fill(m_missing.begin() + unit.nFrom, m_missing.begin() + unit.nTo, char{0});
+            CountAsShown(unit);
             TakeShown(std::move(font), part);
             return;
         }
@@ -262,11 +308,23 @@ void FontSplitter::FindFontsOf(Part part, const SCRIPT_ANALYSIS& analysis)
     }
 }
 
+// Of a unit for which a font was found. What shows nothing, and the font lacks, may be in another one.
+void FontSplitter::CountAsShown(const Part& unit)
+{
+    const bool fSeen = IsSeen(unit);
+    for (UINT n = unit.nFrom; n < unit.nTo; ++n) {
+        const bool fSecondHalf = n > unit.nFrom && IsLow(m_psz[n]) && IsHigh(m_psz[n - 1]);
+        if (!fSeen || !IsFormat(fSecondHalf ? n - 1 : n)) {
+            m_missing[n] = 0;
+        }
+    }
+}
+
 // No font has all of a cluster: what the text's font has of it stays there.
 void FontSplitter::FindFontsOneByOne(const Part& cluster, const SCRIPT_ANALYSIS& analysis)
 {
     for (UINT n = cluster.nFrom; n < cluster.nTo; ++n) {
-        if (m_lacking[n] && ShowsSomething(n)) {
+        if (m_lacking[n] && IsWanted(n)) {
             const Part character{n, n + (CodePoint(n) > 0xFFFF ? 2U : 1U)};
             RunFontRef font = FontFor(character, analysis);
             if (font) {
@@ -319,9 +377,10 @@ bool FontSplitter::Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS&
     if (!Probe(font, unit, analysis, lacking)) {
         return false;
     }
+    const bool fSeen = IsSeen(unit);
     bool fAll = true;
     for (UINT n = unit.nFrom; n < unit.nTo; ++n) {
-        fAll = fAll && !(lacking[n - unit.nFrom] && ShowsSomething(n));
+        fAll = fAll && !(lacking[n - unit.nFrom] && (fSeen ? ShowsSomething(n) : IsFormat(n)));
     }
     return fAll;
 }

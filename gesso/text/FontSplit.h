@@ -48,18 +48,24 @@ private:
     void MarkWholeClusters(const Part& part);
     void MarkJoinedLetters();
     void FindFonts(const SCRIPT_ANALYSIS& analysis);
+    void FindFontsOfMissing(const SCRIPT_ANALYSIS& analysis);
+    void TryWithoutScript(SCRIPT_ANALYSIS analysis);
     void FindFontsOf(Part part, const SCRIPT_ANALYSIS& analysis);
     void FindFontsOneByOne(const Part& cluster, const SCRIPT_ANALYSIS& analysis);
     Part UnitOf(const Part& part) const;
     RunFontRef FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis);
     bool Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis, std::vector<char>& lacking);
     bool Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis);
+    void CountAsShown(const Part& unit);
     void TakeShown(RunFontRef font, const Part& part);
     void Use(RunFontRef font, const Part& part);
     char32_t CodePoint(UINT nChar) const;
     bool ShowsSomething(UINT nChar) const;
+    bool IsFormat(UINT nChar) const;
+    bool IsWanted(UINT nChar) const { return ShowsSomething(nChar) || IsFormat(nChar); }
     // Whether a font is looked for because of the character.
-    bool IsDecisive(UINT nChar) const { return m_missing[nChar] && ShowsSomething(nChar); }
+    bool IsDecisive(UINT nChar) const { return m_missing[nChar] && IsWanted(nChar); }
+    bool IsSeen(const Part& unit) const;
     template <class VISIT> void VisitMissing(const Part& part, const VISIT& visit) const;
 
     HDC m_hdc;
@@ -74,6 +80,7 @@ private:
     UINT m_nLength = 0;
     std::vector<char> m_missing; // from where it is looked for
     std::vector<char> m_lacking; // from the text's own font
+    std::vector<char> m_plain;   // shown as of no script
     std::vector<RunFont*> m_fontOf;
     std::vector<RunFontRef> m_fonts; // those in m_fontOf
     std::vector<Part> m_parts;       // to be looked at

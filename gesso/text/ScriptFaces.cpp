@@ -116,6 +116,12 @@ bool IsMarkedBeyond(const NEWTEXTMETRICEXW& metrics, DWORD dwType)
     return dwType & TRUETYPE_FONTTYPE && metrics.ntmFontSig.fsUsb[1] & BIT_57;
 }
 
+// Of a font whose lines are much higher than its letters little is left where it has to fit a line.
+bool IsTall(const TEXTMETRICW& metrics)
+{
+    return int64_t{metrics.tmHeight} * 2 > (int64_t{metrics.tmHeight} - metrics.tmInternalLeading) * 3;
+}
+
 int CALLBACK TakeFace(const LOGFONTW* pLog, const TEXTMETRICW* pMetrics, DWORD dwType, LPARAM lParam)
 {
     auto& all = *reinterpret_cast<Enumeration*>(lParam);
@@ -124,8 +130,8 @@ int CALLBACK TakeFace(const LOGFONTW* pLog, const TEXTMETRICW* pMetrics, DWORD d
     }
     constexpr BYTE PITCH = 0x03;
     constexpr BYTE FAMILY = 0xF0;
-    const bool fForReading =
-        (pLog->lfPitchAndFamily & FAMILY) == FF_SWISS && (pLog->lfPitchAndFamily & PITCH) == VARIABLE_PITCH;
+    const bool fForReading = (pLog->lfPitchAndFamily & FAMILY) == FF_SWISS &&
+                             (pLog->lfPitchAndFamily & PITCH) == VARIABLE_PITCH && !IsTall(*pMetrics);
     try {
         (fForReading ? all.forReading : all.others)
             .push_back({FaceOf({pLog->lfFaceName, wcsnlen(pLog->lfFaceName, LF_FACESIZE)}),

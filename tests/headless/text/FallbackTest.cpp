@@ -151,6 +151,21 @@ TEST_F(TextFallback, AScriptThatTheFontHasNoTablesForIsShown)
     EXPECT_EQ(Painted(*text).back(), "\"\u0928\u092E\" (24,0) cx=12 devanagari font=\"Nirmala UI\" 12");
 }
 
+TEST_F(TextFallback, CharactersThatShowNothingShowNoBox)
+{
+    desk::InstallFont("Sim Signs", {{0x200B, 0x200F}, {0x2600, 0x26FF}});
+    EXPECT_EQ(Painted(u"a\u200Bb").size(), 3U);
+    EXPECT_EQ(Painted(u"a\u200Bb")[1], "\"\u200B\" (6,0) cx=6 latin font=\"Sim Signs\" 12");
+    EXPECT_EQ(Painted(u"☕\uFE0F")[0], "\"☕\" (0,0) cx=6 latin font=\"Sim Signs\" 12")
+        << "a selector that no font has does not keep the sign from its font";
+}
+
+TEST_F(TextFallback, AScriptThatNoFontHasTheTablesForIsShownLetterByLetter)
+{
+    desk::InstallFont("Letters", {{0x901, 0x914}});
+    EXPECT_EQ(Painted(u"\u0905"), Lines{"\"\u0905\" (0,0) cx=6 neutral font=\"Letters\" 12"});
+}
+
 TEST_F(TextFallback, ATextOfWhichNothingIsMissingIsAsInClassic)
 {
     constexpr auto PLAIN = u"Plain text, caf\u00E9\r\nand a second line";
@@ -212,10 +227,10 @@ TEST_F(TextFallback, LinesBreakAcrossFonts)
     desk::InstallFont("Sim Hebrew", {{0x5D0, 0x5EA}});
     const Text text = Prepare(context, u"aa 日本語 bb אבג דהו", 30);
     EXPECT_EQ(CheckText(*text), "");
-    EXPECT_EQ(text->nBreaks, 3U);
+    EXPECT_EQ(text->nBreaks, 4U);
     const Lines lines = Painted(*text, {0, 0, 30, 100});
     EXPECT_EQ(lines.front(), "\"aa \" (0,0) cx=18 latin font=\"Segoe UI\" 12");
-    EXPECT_EQ(lines.back(), "\"והד\" (0,60) cx=18 hebrew rtl font=\"Sim Hebrew\" 12");
+    EXPECT_EQ(lines.back(), "\"והד\" (0,80) cx=18 hebrew rtl font=\"Sim Hebrew\" 12");
 }
 
 TEST_F(TextFallback, AnythingMayFailAndTextsStayInOrder)

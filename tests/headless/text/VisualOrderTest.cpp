@@ -85,7 +85,7 @@ TEST_F(TextVisualOrder, ALineThatIsTooWideIsCutWhereItIsSeenToEnd)
 
 TEST_F(TextVisualOrder, EachLineHasItsOwnWordsAndItsOwnOrder)
 {
-    EXPECT_EQ(PaintedIn(30, u"אבג דהו זח"),
+    EXPECT_EQ(PaintedIn(31, u"אבג דהו זח"),
               (Lines{"\" גבא\" (0,0) cx=24 hebrew rtl", "\" והד\" (0,20) cx=24 hebrew rtl",
                      "\"חז\" (0,40) cx=12 hebrew rtl"}));
     EXPECT_EQ(PaintedIn(45, u"ab אבג דהו c"),
