@@ -194,7 +194,7 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
     m_hitMove = NO_HIT;
     m_bCaret = 0;
     StartModern();
-    if (!m_nDropdownHeight && Has(*this, gesso::Quirk::ComboListFixed)) {
+    if (!m_nDropdownHeight && gesso::WillHave(gesso::Quirk::ComboListFixed)) {
         m_nDropdownHeight = FirstDropdownHeight(GetParent());
     }
     return 0;

@@ -20,10 +20,11 @@ GComboBox::Modern* GComboBox::ModernPart() const
     return m_inside->pModern.get();
 }
 
+// The window has just been made with the behaviour of now.
 void GComboBox::StartModern()
 {
     m_inside->pModern.reset();
-    if (!Has(*this, Quirk::ComboListIsModal)) {
+    if (!gesso::WillHave(Quirk::ComboListIsModal)) {
         m_inside->pModern = std::make_unique<Modern>(*this);
         m_inside->pModern->TakeText();
     }
