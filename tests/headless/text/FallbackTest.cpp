@@ -11,7 +11,6 @@
 
 #include <chrono>
 #include <tests/headless/FreshDesktop.h>
-#include <thread>
 
 namespace test {
 namespace {
@@ -314,30 +313,6 @@ TEST_F(TextFallback, AListShowsWhatItsFontLacks)
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_NE(lines[0].find("font=\"Sim Han\""), std::string::npos) << lines[0];
     DestroyWindow(list.GetHwnd());
-}
-
-// Under ThreadSanitizer too.
-TEST(ThreadTextTest, ThreadsShareTheFontsThatTheyFind)
-{
-    const FreshDesktop desktop;
-    const Modern modern;
-    gesso::ForgetFallbackFonts();
-    desk::InstallFont("Segoe UI", {LATIN});
-    desk::InstallFont("Sim Han", {HAN});
-    desk::InstallFont("Sim Greek", {GREEK});
-    const auto work = [] {
-        const TextContext context;
-        for (int i = 0; i < 100; ++i) {
-            const Text text = Prepare(context, i % 2 ? u"a日β" : u"β日a", 20);
-            EXPECT_EQ(CheckText(*text), "");
-            EXPECT_EQ(text->nItems, 3U);
-            CDrawText::DrawTextW(context, text.get(), RECT{0, 0, 50, 50});
-        }
-    };
-    std::thread other(work);
-    work();
-    other.join();
-    gesso::ForgetFallbackFonts();
 }
 
 } // namespace test
