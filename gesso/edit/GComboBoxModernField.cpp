@@ -221,6 +221,21 @@ UINT GComboBox::Modern::MatchOfText() const
                : NO_INDEX;
 }
 
+// The field's own menu. The control may be gone afterwards.
+bool GComboBox::AnswersContextMenu(LPARAM lParam)
+{
+    constexpr LPARAM BY_THE_KEYBOARD = -1;
+    Modern* pModern = ModernPart();
+    if (!pModern || !pModern->HasField()) {
+        return false;
+    }
+    POINT pt{gesso::PointOf(lParam).x, gesso::PointOf(lParam).y};
+    ScreenToClient(m_hWnd, &pt);
+    const bool fText = PartAt({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)}) == gesso::COMBO_TEXT;
+    LRESULT lAnswer = 0;
+    return (lParam == BY_THE_KEYBOARD || fText) && pModern->OnMessage(WM_CONTEXTMENU, 0, lParam, &lAnswer);
+}
+
 // --- Drawing, and where the characters are
 
 void GComboBox::Modern::DrawField(HDC hdc)
