@@ -129,8 +129,10 @@ void PageDownAndUp(HWND hwnd)
     }
 }
 
+// From no selection: a press on selected text would drag it away.
 void DragOverPage(HWND hwnd)
 {
+    SelectIn(hwnd, 0, 0);
     SendMessageW(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
     UpdateWindow(hwnd);
     for (int i = 1; i <= DRAG_STEPS; i++) {

@@ -114,6 +114,9 @@ LRESULT GEdit::Modern::SetTextAndTell(LPCWSTR psz)
 
 void GEdit::Modern::Draw(HDC hdc, const RECT& rcShown)
 {
+    // The fills below cost by what they cover.
+    const gesso::StateScope state(hdc);
+    IntersectClipRect(hdc, rcShown.left, rcShown.top, rcShown.right, rcShown.bottom);
     RECT rcClient{};
     if (!Frame::DrawParentBackground(edit, hdc, &rcClient)) {
         return;
