@@ -640,7 +640,7 @@ void FieldWorld::DragAndDrop(Source& source)
     m_plain.Select(nFirst, nLast);
     Send(EM_SCROLLCARET);
     const bool fCopies = source.Chance(3);
-    const Characters before = FieldText();
+    Send(EM_SETMODIFY, FALSE);
     POINT pt = PointAt(nFirst);
     user::MoveMouse(pt.x + 1, pt.y + 1);
     desk::PressButton();
@@ -657,8 +657,11 @@ void FieldWorld::DragAndDrop(Source& source)
         user::ReleaseKey(VK_CONTROL);
         desk::Pump();
     }
-    if (FieldText() != before) {
+    // Among its like it may have come to where the text stays the same.
+    if (m_edit.IsModified()) {
         FollowDrop({nFirst, nLast}, fCopies);
+    } else {
+        Send(EM_SETMODIFY, m_fModified);
     }
     TakeSelection();
 }
