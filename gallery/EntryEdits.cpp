@@ -54,7 +54,7 @@ void EntryEdits::Build(Canvas& canvas, POINT pt)
 int EntryEdits::BuildSingleLines(POINT pt)
 {
     Grid grid(*m_pCanvas, pt, L"Edit fields of one line", 3, LINE_CELL);
-    GEdit& name = Add(grid.NextCell(L"scrolls; a cue when empty"), L"Type here", ES_AUTOHSCROLL);
+    GEdit& name = Add(grid.NextCell(L"scrolls; has a cue"), L"Type here", ES_AUTOHSCROLL);
     SendMessageW(name, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(L"Your name"));
     Add(grid.NextCell(L"ES_NUMBER"), L"42", ES_AUTOHSCROLL | ES_NUMBER);
     Add(grid.NextCell(L"password"), L"secret", ES_AUTOHSCROLL | ES_PASSWORD);

@@ -336,6 +336,14 @@ LRESULT GEdit::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     return OnClassicMessage(uMsg, wParam, lParam);
 }
 
+// Its own menu, where it has one. The control may be gone afterwards.
+bool GEdit::AnswersContextMenu(LPARAM lParam)
+{
+    Modern* const modern = AsModern();
+    LRESULT lAnswer = 0;
+    return modern && modern->OnMessage(WM_CONTEXTMENU, 0, lParam, &lAnswer);
+}
+
 LRESULT GEdit::OnClassicMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const POINTS pt = gesso::PointOf(lParam);

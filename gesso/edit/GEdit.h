@@ -208,6 +208,7 @@ private:
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     Modern* AsModern() const;
+    bool AnswersContextMenu(LPARAM lParam);
     bool BeModern(DWORD dwStyle);
     void LeaveModern();
     LRESULT OnClassicMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);

@@ -32,8 +32,10 @@ template <class EDIT> LRESULT GEdit::Edit(EDIT edit)
         field.Collapse();
         return fDone;
     };
+    const UINT nFormer = m_strText.GetLength();
+    const bool fSelected = Field().HasSelection();
     if (ChangeText(andCollapse)) {
-        Own().fModified = true;
+        Own().fModified = Own().fModified || fSelected || m_strText.GetLength() != nFormer;
         ShowChange();
         Frame::SendCommand(*this, EN_CHANGE);
     }

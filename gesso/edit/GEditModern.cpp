@@ -159,6 +159,18 @@ void GEdit::Modern::OnFocus(bool fGained)
     }
 }
 
+void GEdit::Modern::OnStyleChanged(WPARAM wWhich, const STYLESTRUCT& styles)
+{
+    constexpr DWORD LAYS_OUT = BARS | ES_MULTILINE | ES_AUTOHSCROLL | ES_PASSWORD | ES_CENTER | ES_RIGHT;
+    if (m_fOwnStyle || wWhich != static_cast<WPARAM>(GWL_STYLE)) {
+        return;
+    }
+    m_dwBars = styles.styleNew & BARS;
+    if ((styles.styleOld ^ styles.styleNew) & LAYS_OUT) {
+        editor.Reflow();
+    }
+}
+
 bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     const bool fInBar = edit.m_dwState & GWS_NCPRESSED;
@@ -194,12 +206,7 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
         }
         return true;
     case WM_CAPTURECHANGED: editor.OnMessage(uMsg, wParam, lParam, plAnswer); return false;
-    case WM_STYLECHANGED:
-        if (!m_fOwnStyle && wParam == static_cast<WPARAM>(GWL_STYLE)) {
-            m_dwBars = Frame::Style(edit) & BARS;
-            editor.Reflow();
-        }
-        return false;
+    case WM_STYLECHANGED: OnStyleChanged(wParam, *reinterpret_cast<const STYLESTRUCT*>(lParam)); return false;
     case WM_WINDOWPOSCHANGED: *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam); return true;
     case WM_THEMECHANGED: editor.Reflow(); return false;
     default: break;

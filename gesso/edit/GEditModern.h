@@ -29,6 +29,7 @@ private:
 
     LRESULT Paint();
     void OnFocus(bool fGained);
+    void OnStyleChanged(WPARAM wWhich, const STYLESTRUCT& styles);
     void KeepStyle();
 
     DWORD m_dwBars; // WS_VSCROLL and WS_HSCROLL as the host gave them

@@ -3,6 +3,7 @@
 #include <gesso/edit/GEditModern.h>
 #include <gesso/edit/TextInput.h>
 
+#include <new>
 #include <utility>
 
 using gesso::EditLines;
@@ -101,7 +102,6 @@ bool GEdit::CopyTextOf(const GEdit& other)
 
 int GEdit::SetText(LPCWSTR pszText)
 {
-    Own().fModified = false;
     if (Modern* modern = AsModern()) {
         return modern->editor.SetText(pszText);
     }
@@ -114,6 +114,7 @@ int GEdit::SetText(LPCWSTR pszText)
         return fReplaced;
     });
     if (fSet) {
+        Own().fModified = false;
         ShowChange();
     }
     return fSet;
@@ -185,11 +186,13 @@ bool GEdit::CanRedo() const
 }
 
 int GEdit::Find(LPCWSTR pszText, int nFrom, UINT uFlags) const
-{
+try {
     const Modern* modern = AsModern();
     const gesso::SplitText text =
         modern ? modern->editor.Text() : gesso::SplitText(m_strText, m_strText.GetLength());
     return gesso::FindText(text, pszText, nFrom, uFlags);
+} catch (const std::bad_alloc&) {
+    return -1;
 }
 
 // --- Lines

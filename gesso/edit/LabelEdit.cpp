@@ -1,4 +1,4 @@
-#include <gesso/edit/GEditInside.h>
+#include <gesso/edit/GEditModern.h>
 #include <gesso/edit/LabelEdit.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <utility>
@@ -35,6 +36,15 @@ std::vector<wchar_t> FirstLineOf(const GEdit& edit)
         std::find_if(text.begin(), text.end() - 1, [](wchar_t ch) { return ch == L'\r' || ch == L'\n'; });
     text.erase(end, text.end() - 1);
     return text;
+}
+
+// Whether the text may be another after a message.
+bool MayChangeText(UINT uMsg)
+{
+    constexpr UINT MESSAGES[] = {WM_KEYDOWN,        WM_CHAR, WM_CUT,        WM_PASTE,     WM_CLEAR,
+                                 WM_UNDO,           EM_UNDO, EM_REPLACESEL, WM_LBUTTONUP, WM_CONTEXTMENU,
+                                 WM_IME_COMPOSITION};
+    return std::find(std::begin(MESSAGES), std::end(MESSAGES), uMsg) != std::end(MESSAGES);
 }
 
 bool IsEnding(WPARAM wKey)
@@ -145,7 +155,9 @@ bool LabelEdit::TakesKey(UINT uMsg, WPARAM wKey) const
 LRESULT CALLBACK LabelEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const LabelEdit* edit = Of(hwnd);
-    if (edit && edit->TakesKey(uMsg, wParam)) {
+    Modern* const modern = edit ? edit->AsModern() : nullptr;
+    const bool fComposing = modern && modern->editor.IsComposing();
+    if (edit && !fComposing && edit->TakesKey(uMsg, wParam)) {
         if (uMsg == WM_KEYDOWN) {
             End(hwnd, wParam == VK_RETURN);
         }
@@ -153,7 +165,11 @@ LRESULT CALLBACK LabelEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPAR
     }
     // The owner would take the field's own notification for that of a host's edit.
     if (edit && uMsg == WM_KILLFOCUS) {
-        DestroyCaret();
+        if (LRESULT lAnswer = 0; modern) {
+            modern->editor.OnMessage(uMsg, wParam, lParam, &lAnswer); // takes what is being composed
+        } else {
+            DestroyCaret();
+        }
         End(hwnd, true);
         return 0;
     }
@@ -162,7 +178,7 @@ LRESULT CALLBACK LabelEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPAR
     if (uMsg == WM_GETDLGCODE && pMessage && pMessage->message == WM_KEYDOWN && IsEnding(pMessage->wParam)) {
         lAnswer |= DLGC_WANTALLKEYS;
     }
-    if (uMsg == WM_KEYDOWN || uMsg == WM_CHAR) {
+    if (MayChangeText(uMsg)) {
         if (LabelEdit* changed = Of(hwnd)) {
             changed->Fit();
         }

@@ -38,12 +38,13 @@ try {
 bool TextEditor::SetText(LPCWSTR psz)
 try {
     Inside& own = *m_inside;
-    const InputRules rules{!own.IsMultiLine(), false, false, false};
+    const InputRules rules{!own.IsMultiLine(), false, (own.Style() & ES_UPPERCASE) != 0,
+                           (own.Style() & ES_LOWERCASE) != 0};
     bool fCut = false;
     const LPCWSTR pszText = psz ? psz : L"";
     const auto nLength = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
     own.ForgetLines();
-    if (HasStoredLineEnds(pszText, nLength, rules.fOneLine)) {
+    if (!rules.fUpper && !rules.fLower && HasStoredLineEnds(pszText, nLength, rules.fOneLine)) {
         if (!own.model.SetText(pszText, nLength)) {
             return false;
         }
@@ -126,13 +127,17 @@ try {
 }
 
 bool TextEditor::Undo()
-{
+try {
     return m_inside->TakeBack(&EditModel::Undo);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool TextEditor::Redo()
-{
+try {
     return m_inside->TakeBack(&EditModel::Redo);
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 bool TextEditor::CanRedo() const
@@ -167,12 +172,11 @@ try {
         own.NeedStyle(hdc);
         own.WrapAgain();
     }
-    const Watch watch(own.site.Window());
-    own.Arrange();
-    if (watch) {
-        own.UpdateCaret();
-        own.Repaint();
+    if (own.fCaret) {
+        CreateTextCaret(own.Window(), own.site.Font()); // of another height, it may be
+        ShowCaret(own.Window());
     }
+    own.Rearrange();
 } catch (const std::bad_alloc&) {
 }
 
@@ -209,6 +213,7 @@ bool TextEditor::Inside::OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESUL
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return OnKey(static_cast<UINT>(wParam));
     case WM_CHAR: return OnChar(static_cast<wchar_t>(wParam), plAnswer);
+    case WM_SYSCHAR: return wParam == VK_BACK; // which the key has done
     case WM_GETDLGCODE: *plAnswer = DialogCode(reinterpret_cast<const MSG*>(lParam)); return true;
     case WM_LBUTTONDOWN: OnButtonDown(wParam, pt); return true;
     case WM_LBUTTONDBLCLK: OnDoubleClick(pt); return true;

@@ -45,10 +45,9 @@ POINT ToField(HWND hwnd, POINT ptScreen)
 
 } // namespace
 
-// Masked text is not given away.
 void TextEditor::Inside::StartDrag()
 {
-    press = Mask() ? Press::None : Press::Dragging;
+    press = Press::Dragging;
 }
 
 // The field under the pointer shows where the text would go.
@@ -100,7 +99,7 @@ void TextEditor::Inside::Drop(POINT pt)
     model.Text().Copy(range, text.data());
     ReleaseCapture();
     TextEditor* const pTarget = watch ? TextEditor::At(ptScreen) : nullptr;
-    if (!pTarget || !pTarget->m_inside->MayChange() || range != model.Selection()) {
+    if (!pTarget || !pTarget->m_inside->MayChange() || range != model.Selection() || range.Length() == 0) {
         return;
     }
     Inside& field = *pTarget->m_inside;
@@ -113,12 +112,23 @@ void TextEditor::Inside::Drop(POINT pt)
     const HWND hwndTarget = field.Window();
     const Watch watchTarget(field.site.Window());
     const bool fTaken = field.TakeDrop(at, text);
-    if (watch && fTaken && !fCopies && range == model.Selection()) {
+    if (watch && fTaken && !fCopies && MayChange() && IsSelected(range, text)) {
         Replace(range, L"", 0, EditKind::Step, Origin::User);
     }
     if (watchTarget) {
         SetFocus(hwndTarget);
     }
+}
+
+// Whether a text is what is selected, still.
+bool TextEditor::Inside::IsSelected(const TextRange& range, const std::vector<wchar_t>& text) const
+{
+    if (range != model.Selection()) {
+        return false;
+    }
+    std::vector<wchar_t> now(range.Length());
+    model.Text().Copy(range, now.data());
+    return now == text;
 }
 
 // One step: what is taken out and put in.
@@ -145,6 +155,9 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
         model.Select(nStart, nStart + nLength);
     }
     model.EndStep();
+    if (!fDone) {
+        return;
+    }
     fTrailing = false;
     model.SetModified(true);
     Changed(Origin::User);
@@ -154,12 +167,16 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
 bool TextEditor::Inside::TakeDrop(UINT at, const std::vector<wchar_t>& text)
 {
     const Watch watch(site.Window());
+    const UINT nAnchor = model.Anchor();
+    const UINT nCaret = model.Caret();
     Select(at, at);
     const UINT nFormer = model.Length();
     const bool fTaken = Insert(text.data(), static_cast<UINT>(text.size()), EditKind::Step, Origin::User);
     if (watch && model.Length() > nFormer && at + (model.Length() - nFormer) <= model.Length()) {
         Select(at, at + (model.Length() - nFormer));
         ShowChange();
+    } else if (watch && model.Length() == nFormer) {
+        Select(nAnchor, nCaret);
     }
     return fTaken;
 }

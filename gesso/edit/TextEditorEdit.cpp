@@ -34,6 +34,8 @@ bool TextEditor::Inside::Replace(const TextRange& range, LPCWSTR psz, UINT n, Ed
 void TextEditor::Inside::Changed(Origin origin)
 {
     const Watch watch(site.Window());
+    const UINT nFormerTop = nTop;
+    const int xFormer = xScroll;
     nColumn = -1;
     ShowEdit();
     if (!watch) {
@@ -46,13 +48,17 @@ void TextEditor::Inside::Changed(Origin origin)
     if (watch) {
         Tell(EN_CHANGE);
     }
+    if (watch && origin == Origin::User && IsMultiLine()) {
+        TellScrolled(nFormerTop, xFormer);
+    }
 }
 
 // How many characters may come in the place of a range.
 UINT TextEditor::Inside::RoomFor(const TextRange& range) const
 {
     const UINT nKept = model.Length() - range.Length();
-    return nLimit > nKept ? nLimit - nKept : 0;
+    const UINT nMost = std::min(nLimit, TextBuffer::MOST);
+    return nMost > nKept ? nMost - nKept : 0;
 }
 
 // A field of one line that does not scroll takes what fits in it, and so does one of many.
@@ -127,15 +133,18 @@ bool TextEditor::Inside::Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origi
 {
     const Watch watch(site.Window());
     const TextRange range = model.Selection();
-    const InputRules rules{!IsMultiLine(), (Style() & ES_NUMBER) != 0, (Style() & ES_UPPERCASE) != 0,
+    // What a program puts in need not be a number.
+    const bool fNumber = (Style() & ES_NUMBER) && origin == Origin::User;
+    const InputRules rules{!IsMultiLine(), fNumber, (Style() & ES_UPPERCASE) != 0,
                            (Style() & ES_LOWERCASE) != 0};
     bool fCut = false;
     std::vector<wchar_t> text = PrepareInput(psz, n, rules, RoomFor(range), &fCut);
+    const bool fFiltered = fNumber && text.size() < n;
     const UINT nFit = CountThatFits(range, text);
     fCut = fCut || nFit < text.size();
     const bool fChanges = nFit > 0 || range.Length() > 0;
-    // A key that has no room leaves the selection, and so does what is filtered out.
-    const bool fRefused = n > 0 && nFit == 0 && (kind == EditKind::Typing || !fCut);
+    // What has no room, or is filtered out, leaves the selection.
+    const bool fRefused = n > 0 && nFit == 0;
     bool fDone = true;
     if (fChanges && !fRefused) {
         fDone = Replace(range, text.data(), nFit, kind, origin, fCanUndo);
@@ -145,7 +154,7 @@ bool TextEditor::Inside::Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origi
     if (watch && fCut) {
         Tell(EN_MAXTEXT);
     }
-    return fDone && !fCut && !fRefused;
+    return fDone && !fCut && !fRefused && !fFiltered;
 }
 
 bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
@@ -161,6 +170,13 @@ bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
 
 // --- Keys
 
+bool TextEditor::Inside::HasRoomForPair(wchar_t chHigh)
+{
+    constexpr wchar_t ANY_LOW = 0xDC00;
+    const TextRange range = model.Selection();
+    return RoomFor(range) >= 2 && CountThatFits(range, {chHigh, ANY_LOW}) == 2;
+}
+
 // The halves of a character come one after the other: the second one shares the first one's fate.
 void TextEditor::Inside::Type(wchar_t ch)
 {
@@ -171,7 +187,7 @@ void TextEditor::Inside::Type(wchar_t ch)
     if (IS_LOW_SURROGATE(ch) && chFormer) {
         return;
     }
-    if (IS_HIGH_SURROGATE(ch) && RoomFor(model.Selection()) < 2) {
+    if (IS_HIGH_SURROGATE(ch) && !HasRoomForPair(ch)) {
         chRefused = ch;
         Tell(EN_MAXTEXT);
         return;
@@ -189,7 +205,7 @@ void TextEditor::Inside::TypeBreak()
 void TextEditor::Inside::Erase(const TextRange& range)
 {
     if (MayChange() && range.Length() > 0) {
-        Replace(range, L"", 0, EditKind::Erasing, Origin::User);
+        Replace(range, L"", 0, model.HasSelection() ? EditKind::Step : EditKind::Erasing, Origin::User);
     }
 }
 
@@ -201,7 +217,7 @@ void TextEditor::Inside::Backspace(bool fWord)
         return;
     }
     const UINT n = model.Caret();
-    Erase({fWord ? PreviousWordStart(model.Text(), n) : CodePointStart(model.Text(), n), n});
+    Erase({fWord ? WordStart(n) : CodePointStart(model.Text(), n), n});
 }
 
 void TextEditor::Inside::Delete(bool fWord)
@@ -211,7 +227,7 @@ void TextEditor::Inside::Delete(bool fWord)
         return;
     }
     const UINT n = model.Caret();
-    Erase({n, fWord ? NextWordStart(model.Text(), n) : ClusterEnd(model.Text(), n)});
+    Erase({n, fWord ? WordEnd(n) : ClusterEnd(model.Text(), n)});
 }
 
 // --- Clipboard. It tells the window whose content it had, and in that the program may change the field or

@@ -31,6 +31,8 @@ struct TextEditor::Inside final : private CompositionTarget
 {
     Inside(TextEditor& editor, EditorSite& owner) : site(owner), model(editor) {}
 
+    static constexpr UINT NO_LIMIT = 0x7FFFFFFE; // as the platform tells it
+
     // What a drag with the pressed button selects by.
     enum class DragUnit
     {
@@ -103,7 +105,7 @@ struct TextEditor::Inside final : private CompositionTarget
     bool fInDialog = false;
     wchar_t chRefused = 0;        // the first half of a character for which there was no room
     std::optional<UINT> dropAt{}; // where what is dragged would go
-    UINT nLimit = TextBuffer::MOST;
+    UINT nLimit = NO_LIMIT;
     std::vector<wchar_t> cue{};
     bool fCueWithFocus = false;
     wchar_t chPassword = 0;
@@ -133,6 +135,8 @@ struct TextEditor::Inside final : private CompositionTarget
     void WrapInView(HDC hdc);
     void WrapAgain();
     void WrapSlice();
+    UINT WordEnd(UINT n) const;
+    UINT WordStart(UINT n) const;
     bool NeedsWrapping(HDC hdc, UINT nRow);
     void MeasureWidest(HDC hdc);
     int LeftOf(HDC hdc, UINT nRow) { return LeftOf(Line(hdc, nRow)); }
@@ -152,6 +156,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void RepaintRows(UINT nFirst, UINT nBehind) const;
     void ShowSelection(UINT nFormerCaret);
     void ShowEdit();
+    void Rearrange();
     // The offset at a point; beyond the text the nearest one.
     UINT OffsetAt(POINT pt, bool* pfTrailing);
     UINT RowAt(int y) const;
@@ -176,6 +181,7 @@ struct TextEditor::Inside final : private CompositionTarget
     UINT RowsWith(const TextRange& range, const wchar_t* psz, UINT n);
     void Changed(Origin origin);
     bool TakeBack(bool (EditModel::*pfnStep)());
+    bool HasRoomForPair(wchar_t chHigh);
     void Type(wchar_t ch);
     void TypeBreak();
     void Erase(const TextRange& range);
@@ -188,6 +194,8 @@ struct TextEditor::Inside final : private CompositionTarget
 
     // --- Input
     bool OnKey(UINT uKey);
+    // To the control's own window, where a host's subclass may see to it. The control may be gone afterwards.
+    void SendOwn(UINT uMsg) const { SendMessageW(Window(), uMsg, 0, 0); }
     bool OnControlKey(UINT uKey, bool fShift);
     bool OnChar(wchar_t ch, LRESULT* plAnswer);
     bool MoveByKey(UINT uKey, bool fControl, bool fExtend);
@@ -196,6 +204,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void MovePage(bool fDown, bool fExtend);
     void ScrollByKey(int nRows);
     void TellScrolled(UINT nFormerTop, int xFormer);
+    bool WantsKey(WPARAM wKey) const;
     LRESULT DialogCode(const MSG* pMsg);
 
     void OnButtonDown(WPARAM wKeys, POINT pt);
@@ -221,6 +230,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void Drop(POINT pt);
     void EndDrag();
     void ShowDropAt(std::optional<UINT> at);
+    bool IsSelected(const TextRange& range, const std::vector<wchar_t>& text) const;
     void DropWithin(const TextRange& range, UINT at, const std::vector<wchar_t>& text, bool fCopies);
     bool TakeDrop(UINT at, const std::vector<wchar_t>& text);
 
@@ -244,7 +254,7 @@ struct TextEditor::Inside final : private CompositionTarget
     LRESULT FirstVisibleChar();
     LRESULT LineScroll(int nCharacters, int nLines);
     LRESULT ScrollByCode(UINT uCode);
-    bool MayUndo() const;
+    LRESULT Undo();
     LRESULT ChangeStyle(DWORD dwBit, bool fOn);
     void SetMargins(WPARAM wWhich, UINT nLeft, UINT nRight);
     void SetPasswordChar(wchar_t ch);

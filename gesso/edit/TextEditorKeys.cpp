@@ -28,7 +28,8 @@ void TextEditor::Inside::MoveTo(UINT n, bool fBehind, bool fExtend)
 void TextEditor::Inside::SelectAll()
 {
     Select(0, model.Length());
-    ShowChange();
+    UpdateCaret();
+    Repaint();
 }
 
 // --- Moving
@@ -52,6 +53,17 @@ bool TextEditor::Inside::MoveByKey(UINT uKey, bool fControl, bool fExtend)
     return true;
 }
 
+// Masked text does not show where its words are.
+UINT TextEditor::Inside::WordEnd(UINT n) const
+{
+    return Mask() ? model.Length() : NextWordStart(model.Text(), n);
+}
+
+UINT TextEditor::Inside::WordStart(UINT n) const
+{
+    return Mask() ? 0 : PreviousWordStart(model.Text(), n);
+}
+
 // By words in the order of the text, by characters as they are shown. From a row's end on it goes to the next
 // row, and from a selection to its end on that side.
 void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
@@ -59,7 +71,7 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
     const SplitText text = model.Text();
     if (fWord) {
         const UINT n = model.Caret();
-        MoveTo(fRight ? NextWordStart(text, n) : PreviousWordStart(text, n), false, fExtend);
+        MoveTo(fRight ? WordEnd(n) : WordStart(n), false, fExtend);
         return;
     }
     if (model.HasSelection() && !fExtend) {
@@ -178,16 +190,16 @@ bool TextEditor::Inside::OnKey(UINT uKey)
     switch (uKey) {
     case VK_DELETE:
         if (fShift && !fControl) {
-            Cut();
+            SendOwn(WM_CUT);
         } else {
             Delete(fControl);
         }
         return true;
     case VK_INSERT:
         if (fControl && !fShift) {
-            Copy();
+            SendOwn(WM_COPY);
         } else if (fShift && !fControl) {
-            Paste();
+            SendOwn(WM_PASTE);
         }
         return true;
     default: return fControl && OnControlKey(uKey, fShift);
@@ -198,11 +210,17 @@ bool TextEditor::Inside::OnControlKey(UINT uKey, bool fShift)
 {
     switch (uKey) {
     case 'A': SelectAll(); return true;
-    case 'C': Copy(); return true;
-    case 'X': Cut(); return true;
-    case 'V': Paste(); return true;
+    case 'C': SendOwn(WM_COPY); return true;
+    case 'X': SendOwn(WM_CUT); return true;
+    case 'V': SendOwn(WM_PASTE); return true;
     case 'Y': TakeBack(&EditModel::Redo); return true;
-    case 'Z': TakeBack(fShift ? &EditModel::Redo : &EditModel::Undo); return true;
+    case 'Z':
+        if (fShift) {
+            TakeBack(&EditModel::Redo);
+        } else {
+            SendOwn(EM_UNDO);
+        }
+        return true;
     case VK_BACK: Backspace(!model.HasSelection()); return true;
     default: return false;
     }
@@ -226,8 +244,13 @@ bool TextEditor::Inside::OnChar(wchar_t ch, LRESULT* plAnswer)
     case CHAR_TAB:
         if (!IsMultiLine()) {
             SendTab(site.Window());
-        } else if (!fInDialog && !fControl) {
+        } else if (!fInDialog || fControl) {
             Type(ch);
+        }
+        return true;
+    case CHAR_LINE_FEED: // Ctrl+Enter
+        if (IsMultiLine()) {
+            TypeBreak();
         }
         return true;
     case CHAR_RETURN:
@@ -243,17 +266,27 @@ bool TextEditor::Inside::OnChar(wchar_t ch, LRESULT* plAnswer)
     }
 }
 
-// In a dialog Enter is the field's where it has ES_WANTRETURN, and Tab never is.
+// In a dialog Enter is the field's where it has ES_WANTRETURN, and Ctrl+Enter and Ctrl+Tab always are, of
+// many lines; Esc where it ends a drag.
+bool TextEditor::Inside::WantsKey(WPARAM wKey) const
+{
+    const bool fControl = IsKeyDown(VK_CONTROL);
+    switch (wKey) {
+    case VK_RETURN: return IsMultiLine() && (fControl || (Style() & ES_WANTRETURN));
+    case VK_TAB: return IsMultiLine() && fControl;
+    case VK_ESCAPE: return press == Press::Dragging;
+    default: return false;
+    }
+}
+
 LRESULT TextEditor::Inside::DialogCode(const MSG* pMsg)
 {
-    LRESULT lCode = DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
+    constexpr LRESULT CODE = DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
     fInDialog = fInDialog || pMsg;
-    const bool fReturn = IsMultiLine() && (Style() & ES_WANTRETURN);
-    const bool fAsked = pMsg && pMsg->message == WM_KEYDOWN;
-    if (fReturn && (!fAsked || pMsg->wParam == VK_RETURN)) {
-        lCode |= fAsked ? DLGC_WANTMESSAGE : 0;
+    if (!pMsg) {
+        return IsMultiLine() ? CODE | DLGC_WANTALLKEYS : CODE;
     }
-    return lCode;
+    return pMsg->message == WM_KEYDOWN && WantsKey(pMsg->wParam) ? CODE | DLGC_WANTMESSAGE : CODE;
 }
 
 } // namespace gesso

@@ -39,7 +39,7 @@ bool TextEditor::Inside::HasFocus() const
 wchar_t TextEditor::Inside::Mask() const
 {
     constexpr wchar_t BULLET = 0x25CF;
-    if (!(Style() & ES_PASSWORD)) {
+    if (!(Style() & ES_PASSWORD) || IsMultiLine()) {
         return 0;
     }
     return chPassword ? chPassword : BULLET;
@@ -490,6 +490,17 @@ void TextEditor::Inside::ShowChange()
 {
     const Watch watch(site.Window());
     BringCaretIntoView();
+    Arrange();
+    if (watch) {
+        UpdateCaret();
+        Repaint();
+    }
+}
+
+// After a change of what rows are like: the view stays.
+void TextEditor::Inside::Rearrange()
+{
+    const Watch watch(site.Window());
     Arrange();
     if (watch) {
         UpdateCaret();

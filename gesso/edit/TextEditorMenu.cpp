@@ -109,12 +109,12 @@ UINT TextEditor::Inside::RunMenu(POINT ptScreen) const
 void TextEditor::Inside::RunMenuCommand(UINT uCommand)
 {
     switch (uCommand) {
-    case CMD_UNDO: TakeBack(&EditModel::Undo); break;
+    case CMD_UNDO: SendOwn(EM_UNDO); break;
     case CMD_REDO: TakeBack(&EditModel::Redo); break;
-    case CMD_CUT: Cut(); break;
-    case CMD_COPY: Copy(); break;
-    case CMD_PASTE: Paste(); break;
-    case CMD_DELETE: Erase(model.Selection()); break;
+    case CMD_CUT: SendOwn(WM_CUT); break;
+    case CMD_COPY: SendOwn(WM_COPY); break;
+    case CMD_PASTE: SendOwn(WM_PASTE); break;
+    case CMD_DELETE: SendOwn(WM_CLEAR); break;
     case CMD_SELECT_ALL: SelectAll(); break;
     default: break;
     }

@@ -55,12 +55,12 @@ bool TextEditor::Inside::OnEditMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
         break;
     case EM_FMTLINES: lAnswer = static_cast<LRESULT>(wParam); break;
     case EM_LIMITTEXT:
-        nLimit = wParam == 0 || wParam > TextBuffer::MOST ? TextBuffer::MOST : static_cast<UINT>(wParam);
+        nLimit = wParam == 0 || wParam > NO_LIMIT ? NO_LIMIT : static_cast<UINT>(wParam);
         break;
     case EM_GETLIMITTEXT: lAnswer = nLimit; break;
-    case EM_CANUNDO: lAnswer = MayUndo(); break;
+    case EM_CANUNDO: lAnswer = model.CanUndo(); break;
     case EM_UNDO:
-    case WM_UNDO: lAnswer = TakeBack(&EditModel::Undo); break;
+    case WM_UNDO: lAnswer = Undo(); break;
     case EM_EMPTYUNDOBUFFER: model.EmptyUndo(); break;
     case EM_SETREADONLY: lAnswer = ChangeStyle(ES_READONLY, wParam != 0); break;
     case EM_SETPASSWORDCHAR: SetPasswordChar(static_cast<wchar_t>(wParam)); break;
@@ -124,6 +124,9 @@ void TextEditor::Inside::ReplaceByMessage(LPCWSTR psz, bool fCanUndo)
 
 LRESULT TextEditor::Inside::GetLine(UINT nLine, LPWSTR pszTo) const
 {
+    if (!IsMultiLine()) {
+        nLine = 0; // whatever is asked for
+    }
     if (nLine >= model.Rows().Count() || !pszTo) {
         return 0;
     }
@@ -131,6 +134,9 @@ LRESULT TextEditor::Inside::GetLine(UINT nLine, LPWSTR pszTo) const
     TextRange row = model.RowText(nLine);
     row.nTo = std::min(row.nTo, row.nFrom + nCapacity);
     model.Text().Copy(row, pszTo);
+    if (row.Length() < nCapacity) {
+        pszTo[row.Length()] = 0;
+    }
     return row.Length();
 }
 
@@ -144,6 +150,9 @@ LRESULT TextEditor::Inside::LineFromChar(WPARAM wChar) const
 
 LRESULT TextEditor::Inside::LineIndex(WPARAM wLine) const
 {
+    if (!IsMultiLine()) {
+        return 0;
+    }
     const bool fOfCaret = static_cast<int>(wLine) == -1;
     const UINT nRow = fOfCaret ? CaretRow() : static_cast<UINT>(wLine);
     return nRow < model.Rows().Count() ? static_cast<LRESULT>(model.Rows().Start(nRow)) : NO_POSITION;
@@ -152,6 +161,9 @@ LRESULT TextEditor::Inside::LineIndex(WPARAM wLine) const
 // With -1 how much of the selection's lines is not selected.
 LRESULT TextEditor::Inside::LineLength(WPARAM wChar) const
 {
+    if (!IsMultiLine()) {
+        return model.Length();
+    }
     if (static_cast<int>(wChar) != -1) {
         const auto n = static_cast<UINT>(wChar);
         return n > model.Length() ? 0 : model.RowText(model.Rows().RowOf(n)).Length();
@@ -178,10 +190,10 @@ LRESULT TextEditor::Inside::CharFromPos(POINTS pt)
     return MAKELONG(n, IsMultiLine() ? nRow : 0);
 }
 
-// Of the character's left upper corner. Behind the text -1.
+// The character's left upper corner; -1 where there is none.
 LRESULT TextEditor::Inside::PosFromChar(UINT n)
 {
-    if (n > model.Length() || (n == model.Length() && n > 0 && !IsMultiLine())) {
+    if (n >= model.Length()) {
         return NO_POSITION;
     }
     const EditContext hdc(Window(), site.Font());
@@ -235,9 +247,11 @@ LRESULT TextEditor::Inside::ScrollByCode(UINT uCode)
 
 // --- What the field is like
 
-bool TextEditor::Inside::MayUndo() const
+// One line always says that it has.
+LRESULT TextEditor::Inside::Undo()
 {
-    return MayChange() && model.CanUndo();
+    const bool fOneLine = !IsMultiLine();
+    return TakeBack(&EditModel::Undo) || fOneLine;
 }
 
 LRESULT TextEditor::Inside::ChangeStyle(DWORD dwBit, bool fOn)
@@ -262,7 +276,7 @@ void TextEditor::Inside::SetMargins(WPARAM wWhich, UINT nLeft, UINT nRight)
     if (wWhich & EC_RIGHTMARGIN) {
         nRightMargin = margin(nRight);
     }
-    ShowChange();
+    Rearrange();
 }
 
 // 0 shows the characters themselves.
@@ -278,7 +292,7 @@ void TextEditor::Inside::SetPasswordChar(wchar_t ch)
     const Watch watch(site.Window());
     ChangeStyle(ES_PASSWORD, ch != 0);
     if (watch) {
-        ShowChange();
+        Rearrange();
     }
 }
 
@@ -292,16 +306,17 @@ LRESULT TextEditor::Inside::SetTabStops(UINT n, const UINT* pnUnits)
     ForgetLines();
     nWidest = 0;
     nWrapWidth = nWrapWidth > 0 ? 1 : 0; // wraps anew
-    ShowChange();
+    Rearrange();
     return TRUE;
 }
 
 LRESULT TextEditor::Inside::SetCueBanner(LPCWSTR psz, bool fWithFocus)
 {
-    cue.clear();
+    std::vector<wchar_t> text;
     if (psz) {
-        cue.assign(psz, psz + wcslen(psz) + 1);
+        text.assign(psz, psz + wcslen(psz) + 1);
     }
+    cue.swap(text);
     fCueWithFocus = fWithFocus;
     Repaint();
     return TRUE;

@@ -31,6 +31,7 @@ void TextEditor::Inside::OnButtonDown(WPARAM wKeys, POINT pt)
 {
     const Watch watch(site.Window());
     const HWND hwnd = Window();
+    const bool fShown = ShowsSelection() && !Mask();
     const bool fTriple = fDoubleClicked &&
                          static_cast<DWORD>(GetMessageTime() - nClickTime) <= GetDoubleClickTime() &&
                          AreNear(hwnd, pt, ptPressed, SM_CXDOUBLECLK, SM_CYDOUBLECLK);
@@ -51,7 +52,9 @@ void TextEditor::Inside::OnButtonDown(WPARAM wKeys, POINT pt)
     UINT nChar = 0;
     if (fTriple) {
         SelectUnit(DragUnit::Paragraphs, n);
-    } else if (!(wKeys & MK_SHIFT) && CharAt(pt, &nChar) && nChar >= selected.nFrom && nChar < selected.nTo) {
+    } else if (fShown && !(wKeys & MK_SHIFT) && CharAt(pt, &nChar) && nChar >= selected.nFrom &&
+               nChar < selected.nTo)
+    {
         press = Press::OnSelection;
     } else {
         MoveTo(n, fBehind, wKeys & MK_SHIFT);

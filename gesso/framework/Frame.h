@@ -268,6 +268,11 @@ private:
                 return ChangeBarTheme(control, wParam, lParam);
             }
         }
+        if constexpr (requires { control.AnswersContextMenu(lParam); }) {
+            if (uMsg == WM_CONTEXTMENU && control.AnswersContextMenu(lParam)) {
+                return 0;
+            }
+        }
         LRESULT lAnswer = 0;
         return AnswersAlike(control, uMsg, wParam, lParam, &lAnswer)
                    ? lAnswer

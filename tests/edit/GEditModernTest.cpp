@@ -115,7 +115,7 @@ TEST_F(GEditModernTest, StepsAreTakenBackAndDoneAgain)
     EXPECT_FALSE(edit.Redo());
     edit.ReplaceSel(L"!", false);
     EXPECT_EQ(Shown(), "xy!| cd");
-    EXPECT_EQ(Send(WM_UNDO), FALSE) << "emptied";
+    EXPECT_EQ(Send(EM_CANUNDO), FALSE) << "emptied";
 }
 
 TEST_F(GEditModernTest, LinesWrapAtWordsAndTheCaretKeepsItsColumn)
