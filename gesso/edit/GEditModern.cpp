@@ -134,13 +134,9 @@ LRESULT GEdit::Modern::Paint()
 {
     const Watch watch(edit);
     const HWND hwnd = edit.m_hWnd;
-    RECT rcShown{};
-    if (!GetUpdateRect(hwnd, &rcShown, FALSE)) {
-        GetClientRect(hwnd, &rcShown);
-    }
     gesso::BufferedPaint paint(hwnd);
     if (watch) {
-        Draw(paint.Context(), rcShown);
+        Draw(paint.Context(), paint.Shown());
     }
     return 0;
 }
@@ -206,9 +202,28 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
         }
         return true;
     case WM_CAPTURECHANGED: editor.OnMessage(uMsg, wParam, lParam, plAnswer); return false;
-    case WM_STYLECHANGED: OnStyleChanged(wParam, *reinterpret_cast<const STYLESTRUCT*>(lParam)); return false;
+    case WM_STYLECHANGED:
+    case WM_THEMECHANGED: {
+        const Watch watch(edit);
+        if (uMsg == WM_THEMECHANGED) {
+            editor.Reflow();
+        } else {
+            OnStyleChanged(wParam, *reinterpret_cast<const STYLESTRUCT*>(lParam));
+        }
+        *plAnswer = 0;
+        return !watch;
+    }
+    case WM_SETCURSOR:
+        if (LOWORD(lParam) != HTCLIENT) {
+            *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam);
+            return true;
+        }
+        break;
+    case WM_KEYDOWN:
+        *plAnswer = 0;
+        editor.OnMessage(uMsg, wParam, lParam, plAnswer);
+        return true;
     case WM_WINDOWPOSCHANGED: *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam); return true;
-    case WM_THEMECHANGED: editor.Reflow(); return false;
     default: break;
     }
     return editor.OnMessage(uMsg, wParam, lParam, plAnswer);

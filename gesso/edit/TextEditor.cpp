@@ -57,6 +57,8 @@ try {
     own.fTrailing = false;
     own.nColumn = -1;
     own.nTop = 0;
+    own.nTopStart = 0;
+    own.pressed = {0, 0};
     own.xScroll = 0;
     Reflow();
     return true;
@@ -163,20 +165,7 @@ void TextEditor::SetModified(bool fModified)
 // The view stays at the text that it shows.
 void TextEditor::Reflow()
 try {
-    Inside& own = *m_inside;
-    own.fStyled = false;
-    own.ForgetLines();
-    own.nWidest = 0;
-    if (own.Window()) {
-        const EditContext hdc(own.Window(), own.site.Font());
-        own.NeedStyle(hdc);
-        own.WrapAgain();
-    }
-    if (own.fCaret) {
-        CreateTextCaret(own.Window(), own.site.Font()); // of another height, it may be
-        ShowCaret(own.Window());
-    }
-    own.Rearrange();
+    m_inside->Relayout();
 } catch (const std::bad_alloc&) {
 }
 
@@ -199,7 +188,7 @@ bool TextEditor::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plA
     } catch (const std::bad_alloc&) {
         if (watch) {
             m_inside->ForgetLines();
-            m_inside->fPlacing = false;
+            m_inside->Repaint();
         }
         return true;
     }
@@ -227,7 +216,7 @@ bool TextEditor::Inside::OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESUL
     case WM_HSCROLL: OnScroll(SB_HORZ, LOWORD(wParam), HIWORD(wParam)); return true;
     case WM_TIMER: return OnTimer(wParam);
     case WM_CONTEXTMENU: return OnContextMenu(lParam);
-    case WM_SIZE: Arrange(); return false;
+    case WM_SIZE: Rearrange(); return true;
     case WM_SETFOCUS: OnFocus(true); return true;
     case WM_KILLFOCUS: OnFocus(false); return true;
     default: return false;

@@ -147,8 +147,9 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
     const UINT nLength = range.Length();
     model.BeginStep();
     const DWORD dwNow = GetTickCount();
-    bool fDone = model.Replace({at, at}, text.data(), nLength, EditKind::Step, dwNow);
-    if (fDone) {
+    const bool fPutIn = model.Replace({at, at}, text.data(), nLength, EditKind::Step, dwNow);
+    bool fDone = fPutIn;
+    if (fPutIn) {
         const UINT nFrom = at < range.nFrom ? range.nFrom + nLength : range.nFrom;
         fDone = model.Replace({nFrom, nFrom + nLength}, L"", 0, EditKind::Step, dwNow);
         const UINT nStart = fDone && at > range.nTo ? at - nLength : at;
@@ -156,6 +157,10 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
     }
     model.EndStep();
     if (!fDone) {
+        if (fPutIn) {
+            model.Undo(); // nothing stands twice
+        }
+        Repaint();
         return;
     }
     fTrailing = false;

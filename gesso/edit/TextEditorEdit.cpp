@@ -7,6 +7,7 @@
 #include <gesso/text/TextBoundary.h>
 
 #include <algorithm>
+#include <new>
 
 namespace gesso {
 namespace {
@@ -20,6 +21,9 @@ constexpr wchar_t LINE_END[] = {CHAR_RETURN, CHAR_LINE_FEED};
 bool TextEditor::Inside::Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, Origin origin,
                                  bool fCanUndo)
 {
+    if (range.Length() == 0 && n == 0) {
+        return true;
+    }
     if (!model.Replace(range, psz, n, kind, GetTickCount(), fCanUndo)) {
         return false;
     }
@@ -37,7 +41,12 @@ void TextEditor::Inside::Changed(Origin origin)
     const UINT nFormerTop = nTop;
     const int xFormer = xScroll;
     nColumn = -1;
-    ShowEdit();
+    try {
+        ShowEdit();
+    } catch (const std::bad_alloc&) {
+        ForgetLines(); // what has changed is told all the same
+        Repaint();
+    }
     if (!watch) {
         return;
     }
@@ -85,7 +94,7 @@ UINT TextEditor::Inside::CountThatFits(const TextRange& range, const std::vector
         PreparedLine prepared;
         const LineSource source{hdc, {line.data(), static_cast<UINT>(line.size())}, 0, style};
         prepared.Prepare(source, static_cast<UINT>(line.size()));
-        return prepared.Width() < rc.right - rc.left;
+        return prepared.Width() < rc.right - rc.left || n <= range.Length();
     };
     if (fits(nAll)) {
         return nAll;
@@ -159,9 +168,11 @@ bool TextEditor::Inside::Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origi
 
 bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
 {
+    const bool fMarked = model.HasSelection() || composition.IsActive();
     if (!MayChange() || !(model.*pfnStep)()) {
         return false;
     }
+    fRowsChanged = fRowsChanged || fMarked || model.HasSelection();
     fTrailing = false;
     model.SetModified(true);
     Changed(Origin::User);

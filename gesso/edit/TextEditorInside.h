@@ -48,6 +48,7 @@ struct TextEditor::Inside final : private CompositionTarget
         OnSelection, // which a move drags away, and a release collapses
         Dragging
     };
+    class PlacingScope;
     struct CachedLine
     {
         UINT nRow;
@@ -77,6 +78,7 @@ struct TextEditor::Inside final : private CompositionTarget
     LineStyle style;
     std::vector<UINT> tabStops; // in dialog units; none for the first ones
     UINT nTop = 0;              // the first row in view
+    UINT nTopStart = 0;         // text in it, by which it is found again where rows have changed
     int xScroll = 0;
     int nColumn = -1; // the x that Up and Down keep; -1 before the first of them
     bool fTrailing = false;
@@ -88,12 +90,14 @@ struct TextEditor::Inside final : private CompositionTarget
     int nAverage = 0;
     int nLeftMargin = 0;
     int nRightMargin = 0;
-    int nWheelRest = 0;
+    int nWheelRests[2] = {};                // of turns across and down
     std::optional<TextRange> changedRows{}; // since the last ShowEdit; none for all of them
     bool fRowsChanged = false;
     bool fStyled = false; // the five above are of the present font
     bool fPlacing = false;
-    bool fCaret = false; // the platform's caret is this window's
+    bool fScrolling = false;   // the timer of a drag beyond the edge runs
+    bool fViewWrapped = false; // rows in view, or in front of it, have been wrapped anew
+    bool fCaret = false;       // the platform's caret is this window's
 
     // --- Input
     Press press = Press::None;
@@ -143,6 +147,10 @@ struct TextEditor::Inside final : private CompositionTarget
     int LeftOf(const PreparedLine& line) const;
     UINT LastTop() const;
     int LastX();
+    void FindTop();
+    int RoomBehindEnd(HDC hdc);
+    bool FollowCaret();
+    void Relayout();
     bool ScrollTo(int64_t nRow, int64_t x);
     void PlaceBars();
     void Arrange();
@@ -201,6 +209,8 @@ struct TextEditor::Inside final : private CompositionTarget
     bool MoveByKey(UINT uKey, bool fControl, bool fExtend);
     void MoveAcross(bool fRight, bool fWord, bool fExtend);
     void MoveByRows(int64_t nRows, bool fExtend);
+    void MoveToEnd(bool fRight);
+    void WrapBetween(HDC hdc, UINT nOne, UINT nOther);
     void MovePage(bool fDown, bool fExtend);
     void ScrollByKey(int nRows);
     void TellScrolled(UINT nFormerTop, int xFormer);
@@ -216,6 +226,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void OnButtonUp(POINT pt);
     void OnMove(POINT pt);
     void DragSelection(POINT pt);
+    UINT UnitOffset(POINT pt);
     void ExtendTo(POINT pt);
     bool OnTimer(UINT_PTR uId);
     void ScrollOn();

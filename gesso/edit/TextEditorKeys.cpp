@@ -7,6 +7,7 @@
 #include <gesso/text/TextBoundary.h>
 
 #include <algorithm>
+#include <climits>
 
 namespace gesso {
 
@@ -37,6 +38,9 @@ void TextEditor::Inside::SelectAll()
 // Ctrl+Home and Ctrl+End lead to the ends of the text. False for a key that moves nothing.
 bool TextEditor::Inside::MoveByKey(UINT uKey, bool fControl, bool fExtend)
 {
+    if (!IsMultiLine() && (uKey == VK_UP || uKey == VK_DOWN)) {
+        uKey = uKey == VK_UP ? VK_LEFT : VK_RIGHT; // as the platform's field of one line
+    }
     const UINT nRow = CaretRow();
     switch (uKey) {
     case VK_LEFT: MoveAcross(false, fControl, fExtend); break;
@@ -64,6 +68,24 @@ UINT TextEditor::Inside::WordStart(UINT n) const
     return Mask() ? 0 : PreviousWordStart(model.Text(), n);
 }
 
+// To the end of the selection that is shown at that side, if both are in one row.
+void TextEditor::Inside::MoveToEnd(bool fRight)
+{
+    const TextRange range = model.Selection();
+    const UINT nRow = model.Rows().RowOf(range.nFrom);
+    bool fLast = fRight;
+    if (nRow == model.Rows().RowOf(range.nTo)) {
+        const EditContext hdc(Window(), site.Font());
+        const UINT nStart = model.Rows().Start(nRow);
+        PreparedLine& line = Line(hdc, nRow);
+        const LineSource source = Source(hdc, nRow);
+        const bool fTurned =
+            line.XOf(source, {range.nFrom - nStart, false}) > line.XOf(source, {range.nTo - nStart, true});
+        fLast = fRight != fTurned;
+    }
+    MoveTo(fLast ? range.nTo : range.nFrom, fLast, false);
+}
+
 // By words in the order of the text, by characters as they are shown. From a row's end on it goes to the next
 // row, and from a selection to its end on that side.
 void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
@@ -75,7 +97,7 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
         return;
     }
     if (model.HasSelection() && !fExtend) {
-        MoveTo(fRight ? model.Selection().nTo : model.Selection().nFrom, fRight, false);
+        MoveToEnd(fRight);
         return;
     }
     const UINT nRow = CaretRow();
@@ -85,14 +107,35 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
     if (fRight ? line.StepRight(Source(hdc, nRow), &place) : line.StepLeft(Source(hdc, nRow), &place)) {
         MoveTo(model.Rows().Start(nRow) + place.n, place.fTrailing, fExtend);
     } else if (fRight && nRow + 1 < model.Rows().Count()) {
-        const bool fHard = model.EndsParagraph(nRow);
         const UINT nNext = model.Rows().Start(nRow + 1);
-        MoveTo(fHard ? nNext : ClusterEnd(text, nNext), false, fExtend);
+        if (model.EndsParagraph(nRow)) {
+            place = Line(hdc, nRow + 1).PlaceAt(Source(hdc, nRow + 1), SHRT_MIN);
+            MoveTo(nNext + place.n, place.fTrailing, fExtend);
+        } else {
+            MoveTo(ClusterEnd(text, nNext), false, fExtend);
+        }
     } else if (!fRight && nRow > 0) {
-        const UINT nEnd = model.RowText(nRow - 1).nTo;
-        MoveTo(model.EndsParagraph(nRow - 1) ? nEnd : ClusterStart(text, nEnd), false, fExtend);
+        if (model.EndsParagraph(nRow - 1)) {
+            place = Line(hdc, nRow - 1).PlaceAt(Source(hdc, nRow - 1), INT_MAX);
+            MoveTo(model.Rows().Start(nRow - 1) + place.n, place.fTrailing, fExtend);
+        } else {
+            MoveTo(ClusterStart(text, model.RowText(nRow - 1).nTo), false, fExtend);
+        }
     } else if (!fExtend) {
         MoveTo(model.Caret(), fTrailing, false);
+    }
+}
+
+// What the caret passes over counts by its rows.
+void TextEditor::Inside::WrapBetween(HDC hdc, UINT nOne, UINT nOther)
+{
+    const UINT nLast = std::max(nOne, nOther);
+    for (UINT nRow = std::min(nOne, nOther); nWrapWidth > 0 && nRow <= nLast && nRow < model.Rows().Count();
+         ++nRow)
+    {
+        if (NeedsWrapping(hdc, nRow)) {
+            WrapParagraph(hdc, nRow);
+        }
     }
 }
 
@@ -103,12 +146,13 @@ void TextEditor::Inside::MoveByRows(int64_t nRows, bool fExtend)
     if (nColumn < 0) {
         nColumn = CaretPoint(hdc).x;
     }
+    const auto target = [&](UINT nFrom) {
+        return static_cast<UINT>(
+            std::clamp<int64_t>(int64_t{nFrom} + nRows, 0, int64_t{model.Rows().Count()} - 1));
+    };
+    WrapBetween(hdc, CaretRow(), target(CaretRow()));
     const UINT nFormer = CaretRow();
-    const auto nRow = static_cast<UINT>(
-        std::clamp<int64_t>(int64_t{nFormer} + nRows, 0, int64_t{model.Rows().Count()} - 1));
-    if (nWrapWidth > 0 && NeedsWrapping(hdc, nRow)) {
-        WrapParagraph(hdc, nRow);
-    }
+    const UINT nRow = target(nFormer);
     if (nRow == nFormer) {
         MoveTo(model.Caret(), fTrailing, fExtend);
         return;
@@ -122,11 +166,11 @@ void TextEditor::Inside::MovePage(bool fDown, bool fExtend)
 {
     const int64_t nPage = std::max<int64_t>(int64_t{RowsInView()} - 1, 1);
     const int64_t nBy = fDown ? nPage : -nPage;
-    const int64_t nFormerTop = nTop;
+    const int64_t nBelowTop = int64_t{CaretRow()} - nTop;
+    const UINT nFormer = CaretRow();
     MoveByRows(nBy, fExtend);
-    if (IsMultiLine()) {
-        ScrollTo(nFormerTop + nBy, xScroll);
-    }
+    const bool fMoved = CaretRow() != nFormer;
+    ScrollTo(fMoved ? CaretRow() - nBelowTop : nTop + nBy, xScroll);
 }
 
 void TextEditor::Inside::ScrollByKey(int nRows)

@@ -52,6 +52,11 @@ RECT TextEditor::Inside::Area() const
     RECT rc = site.TextRect();
     rc.left = Saturated(int64_t{rc.left} + nLeftMargin);
     rc.right = Saturated(int64_t{rc.right} - nRightMargin);
+    // Of many lines a part of one at the bottom does not show.
+    const int nHeight = rc.bottom - rc.top;
+    if (IsMultiLine() && nRowHeight > 0 && nHeight > nRowHeight) {
+        rc.bottom -= nHeight % nRowHeight;
+    }
     return rc;
 }
 
@@ -133,6 +138,8 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
                    model.Length() == change.nInserted || model.Length() == 0;
     changedRows = {change.nRow, change.nRow + 1};
     const UINT nStart = model.Rows().Start(change.nRow);
+    const int64_t nBy = int64_t{change.nInserted} - change.nRemoved;
+    NoteUnwrapped({change.nFrom, change.nFrom + change.nInserted}, nBy);
     const UINT nBehind = change.nRow + change.nRowsRemoved;
     std::erase_if(lines, [&](const CachedLine& line) {
         return line.nRow >= change.nRow && line.nRow < nBehind && !fOneRow;
@@ -142,10 +149,12 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
             line.nRow = line.nRow - change.nRowsRemoved + change.nRowsInserted;
         }
     }
-    if (nTop >= nBehind) {
-        nTop = nTop - change.nRowsRemoved + change.nRowsInserted;
+    if (nTopStart >= change.nFrom + change.nRemoved) {
+        nTopStart = static_cast<UINT>(nTopStart + nBy);
+    } else {
+        nTopStart = std::min(nTopStart, change.nFrom + change.nInserted);
     }
-    const int64_t nBy = int64_t{change.nInserted} - change.nRemoved;
+    FindTop();
     if (nWrapped > change.nFrom) {
         nWrapped = static_cast<UINT>(std::max<int64_t>(int64_t{nWrapped} + nBy, change.nFrom));
     }
@@ -156,10 +165,17 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
     }
     if (CachedLine* line = fOneRow ? FindLine(change.nRow) : nullptr) {
         const EditContext hdc(hwnd, site.Font());
+        const bool fWidest = line->line.Width() == nWidest;
         line->line.Change(Source(hdc, change.nRow), change.nFrom - nStart, change.nRemoved, change.nInserted);
-        nWidest = std::max(nWidest, line->line.Width());
+        nWidest = fWidest && line->line.Width() < nWidest ? 0 : std::max(nWidest, line->line.Width());
+    } else if (change.nRowsRemoved > 1) {
+        nWidest = 0; // the widest may have gone
     }
-    NoteUnwrapped({change.nFrom, change.nFrom + change.nInserted}, nBy);
+}
+
+void TextEditor::Inside::FindTop()
+{
+    nTop = model.Rows().RowOf(std::min(nTopStart, model.Length()));
 }
 
 // Text whose paragraphs are not wrapped any more, nBy characters of it or in front of it having come.
@@ -182,9 +198,10 @@ void TextEditor::Inside::WrapChanged(HDC hdc)
     if (!range || nWrapWidth <= 0) {
         return;
     }
+    const DWORD dwStart = GetTickCount();
     UINT nRow = model.Rows().RowOf(range->nFrom);
     for (UINT i = 0; nRow < model.Rows().Count() && model.Rows().Start(nRow) <= range->nTo; ++i) {
-        if (i == PARAGRAPHS_AT_ONCE) {
+        if (i > 0 && (i == PARAGRAPHS_AT_ONCE || GetTickCount() - dwStart >= SLICE_TIME)) {
             nWrapped = std::min(nWrapped, model.Rows().Start(nRow));
             SetTimer(Window(), EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
             return;
@@ -224,8 +241,8 @@ void TextEditor::Inside::WrapParagraph(HDC hdc, UINT nRow)
         }
         return true;
     }();
-    const UINT nTopOffset = model.Rows().Start(nTop);
     fRowsChanged = fRowsChanged || !fSame;
+    fViewWrapped = fViewWrapped || (!fSame && rows.nFrom <= uint64_t{nTop} + RowsInView());
     if (fSame || !model.Wrap(rows.nFrom, rows.Length(), starts.data(), nNew)) {
         return;
     }
@@ -236,7 +253,7 @@ void TextEditor::Inside::WrapParagraph(HDC hdc, UINT nRow)
             line.nRow = line.nRow - rows.Length() + nNew;
         }
     }
-    nTop = model.Rows().RowOf(nTopOffset);
+    FindTop();
 }
 
 void TextEditor::Inside::WrapInView(HDC hdc)
@@ -258,16 +275,34 @@ void TextEditor::Inside::WrapAgain()
     const int nWidth = Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0;
     ForgetLines();
     nWidest = 0;
-    const UINT nTopOffset = model.Rows().Start(nTop);
     if (nWrapWidth > 0 && !model.Unwrap()) {
         return;
     }
-    nTop = model.Rows().RowOf(nTopOffset);
     nWrapWidth = nWidth;
     nWrapped = 0;
+    unwrapped.reset();
+    FindTop();
     if (nWrapWidth > 0 && Window()) {
+        const EditContext hdc(Window(), site.Font());
+        WrapParagraph(hdc, nTop);
         WrapSlice();
     }
+}
+
+// After another font, width or style.
+void TextEditor::Inside::Relayout()
+{
+    fStyled = false;
+    if (Window()) {
+        const EditContext hdc(Window(), site.Font());
+        NeedStyle(hdc);
+        WrapAgain();
+    }
+    if (fCaret) {
+        CreateTextCaret(Window(), site.Font()); // of another height, it may be
+        ShowCaret(Window());
+    }
+    Rearrange();
 }
 
 void TextEditor::Inside::WrapSlice()
@@ -351,17 +386,42 @@ bool TextEditor::Inside::ScrollTo(int64_t nRow, int64_t x)
         return false;
     }
     nTop = nNewTop;
+    nTopStart = model.Rows().Start(nTop);
     xScroll = xNew;
     return true;
 }
 
 void TextEditor::Inside::PlaceBars()
 {
+    const Watch watch(site.Window());
     const RECT rc = Area();
     site.SetRange(SB_VERT, static_cast<int>(model.Rows().Count()) - 1, RowsInView(), static_cast<int>(nTop));
+    if (!watch) {
+        return;
+    }
     site.SetRange(SB_HORZ, std::max(nWidest, xScroll + 1),
                   static_cast<UINT>(std::max<int>(rc.right - rc.left, 1)), xScroll);
 }
+
+// Until its end, also where memory has run out.
+class TextEditor::Inside::PlacingScope
+{
+public:
+    explicit PlacingScope(Inside& own) : m_own(own), m_watch(own.site.Window()) { own.fPlacing = true; }
+    ~PlacingScope()
+    {
+        if (m_watch) {
+            m_own.fPlacing = false;
+        }
+    }
+    PlacingScope(const PlacingScope&) = delete;
+    PlacingScope& operator=(const PlacingScope&) = delete;
+    explicit operator bool() const { return m_watch; }
+
+private:
+    Inside& m_own;
+    Watch m_watch;
+};
 
 // Brings rows, view and bars in order after whatever may have changed them. A bar that comes or goes changes
 // the width, which comes back here.
@@ -371,8 +431,7 @@ void TextEditor::Inside::Arrange()
     if (!hwnd || fPlacing) {
         return;
     }
-    const Watch watch(site.Window());
-    fPlacing = true;
+    const PlacingScope placing(*this);
     for (int nRound = 0; nRound < 3; ++nRound) {
         const RECT rc = Area();
         {
@@ -384,10 +443,10 @@ void TextEditor::Inside::Arrange()
             WrapChanged(hdc);
             WrapInView(hdc);
             MeasureWidest(hdc);
-            ScrollTo(nTop, xScroll);
+            ScrollTo(nTop, IsMultiLine() ? xScroll : std::min(xScroll, RoomBehindEnd(hdc)));
         }
         PlaceBars();
-        if (!watch) {
+        if (!placing) {
             return;
         }
         const RECT rcNow = Area();
@@ -395,7 +454,13 @@ void TextEditor::Inside::Arrange()
             break;
         }
     }
-    fPlacing = false;
+}
+
+// How far a single line can scroll, with a pixel for the caret behind its end.
+int TextEditor::Inside::RoomBehindEnd(HDC hdc)
+{
+    const RECT rc = Area();
+    return std::max<int>(Line(hdc, 0).Width() + 1 - std::max<int>(rc.right - rc.left, 1), 0);
 }
 
 // --- The caret
@@ -460,7 +525,7 @@ void TextEditor::Inside::BringCaretIntoView()
     }
     // A line that has become shorter leaves no room behind its end.
     if (!IsMultiLine()) {
-        xNew = std::min<int64_t>(xNew, std::max(Line(hdc, 0).Width() + 1 - nWidth, 0));
+        xNew = std::min<int64_t>(xNew, RoomBehindEnd(hdc));
     }
     ScrollTo(nNewTop, xNew);
 }
@@ -472,11 +537,23 @@ void TextEditor::Inside::UpdateCaret()
     if (!fCaret || !hwnd) {
         return;
     }
+    // One that is scrolled away stands above the window. Its row need not be prepared for that.
+    const int nAway = -2 * nRowHeight;
+    const UINT nRow = CaretRow();
+    if (nRow < nTop || nRow > uint64_t{nTop} + RowsInView()) {
+        SetCaretPos(0, nAway);
+        return;
+    }
     const RECT rc = Area();
     const EditContext hdc(hwnd, site.Font());
     const POINT pt = CaretPoint(hdc);
-    SetCaretPos(Saturated(int64_t{rc.left} + pt.x - xScroll),
-                Saturated(rc.top + int64_t{pt.y} - int64_t{nTop} * nRowHeight));
+    int64_t x = int64_t{rc.left} + pt.x - xScroll;
+    if (nWrapWidth > 0) {
+        x = std::min<int64_t>(x, int64_t{rc.right} - 1); // behind spaces that have no room in the row
+    }
+    const bool fShows = x >= rc.left && x <= rc.right;
+    SetCaretPos(fShows ? static_cast<int>(x) : 0,
+                fShows ? Saturated(rc.top + int64_t{pt.y} - int64_t{nTop} * nRowHeight) : nAway);
 }
 
 void TextEditor::Inside::Repaint() const
@@ -486,12 +563,31 @@ void TextEditor::Inside::Repaint() const
     }
 }
 
-void TextEditor::Inside::ShowChange()
+// What arranging wraps, or a bar that comes, may move the caret out of view again. False where the control is
+// gone.
+bool TextEditor::Inside::FollowCaret()
 {
     const Watch watch(site.Window());
-    BringCaretIntoView();
-    Arrange();
-    if (watch) {
+    for (int nRound = 0; nRound < 3; ++nRound) {
+        BringCaretIntoView();
+        const UINT nFormerTop = nTop;
+        const UINT nFormerRow = CaretRow();
+        const RECT rcFormer = Area();
+        Arrange();
+        if (!watch) {
+            return false;
+        }
+        const RECT rc = Area();
+        if (nTop == nFormerTop && CaretRow() == nFormerRow && EqualRect(&rc, &rcFormer)) {
+            break;
+        }
+    }
+    return true;
+}
+
+void TextEditor::Inside::ShowChange()
+{
+    if (FollowCaret()) {
         UpdateCaret();
         Repaint();
     }
@@ -546,10 +642,7 @@ void TextEditor::Inside::ShowEdit()
 {
     const UINT nFormerTop = nTop;
     const int xFormer = xScroll;
-    const Watch watch(site.Window());
-    BringCaretIntoView();
-    Arrange();
-    if (!watch) {
+    if (!FollowCaret()) {
         return;
     }
     UpdateCaret();

@@ -3,7 +3,8 @@
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextEditorInside.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/Saturate.h>
+
+#include <algorithm>
 
 namespace gesso {
 namespace {
@@ -25,10 +26,16 @@ struct Entry
     LPCWSTR pszText;
 };
 
-constexpr Entry ENTRIES[] = {
-    {CMD_UNDO, L"&Undo"},     {CMD_REDO, L"&Redo"}, {0, nullptr},
-    {CMD_CUT, L"Cu&t"},       {CMD_COPY, L"&Copy"}, {CMD_PASTE, L"&Paste"},
-    {CMD_DELETE, L"&Delete"}, {0, nullptr},         {CMD_SELECT_ALL, L"Select &all"}};
+// In the language of the dialogs.
+constexpr Entry ENTRIES[] = {{CMD_UNDO, L"&R\u00FCckg\u00E4ngig"},
+                             {CMD_REDO, L"&Wiederholen"},
+                             {0, nullptr},
+                             {CMD_CUT, L"&Ausschneiden"},
+                             {CMD_COPY, L"&Kopieren"},
+                             {CMD_PASTE, L"&Einf\u00FCgen"},
+                             {CMD_DELETE, L"&L\u00F6schen"},
+                             {0, nullptr},
+                             {CMD_SELECT_ALL, L"Alles &markieren"}};
 
 class PopupMenu
 {
@@ -68,8 +75,10 @@ bool TextEditor::Inside::OnContextMenu(LPARAM lParam)
         const EditContext hdc(hwnd, site.Font());
         const RECT rc = Area();
         const POINT ptCaret = CaretPoint(hdc);
-        pt = {Saturated(int64_t{rc.left} + ptCaret.x - xScroll),
-              Saturated(rc.top + int64_t{ptCaret.y} + (1 - int64_t{nTop}) * nRowHeight)};
+        const int64_t y = rc.top + int64_t{ptCaret.y} + (1 - int64_t{nTop}) * nRowHeight;
+        pt = {
+            static_cast<LONG>(std::clamp<int64_t>(int64_t{rc.left} + ptCaret.x - xScroll, rc.left, rc.right)),
+            static_cast<LONG>(std::clamp<int64_t>(y, rc.top, rc.bottom))};
         ClientToScreen(hwnd, &pt);
     }
     const UINT uCommand = RunMenu(pt);

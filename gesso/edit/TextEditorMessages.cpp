@@ -276,7 +276,7 @@ void TextEditor::Inside::SetMargins(WPARAM wWhich, UINT nLeft, UINT nRight)
     if (wWhich & EC_RIGHTMARGIN) {
         nRightMargin = margin(nRight);
     }
-    Rearrange();
+    Relayout();
 }
 
 // 0 shows the characters themselves.
@@ -286,13 +286,10 @@ void TextEditor::Inside::SetPasswordChar(wchar_t ch)
         return;
     }
     chPassword = ch;
-    fStyled = false;
-    ForgetLines();
-    nWidest = 0;
     const Watch watch(site.Window());
     ChangeStyle(ES_PASSWORD, ch != 0);
     if (watch) {
-        Rearrange();
+        Relayout();
     }
 }
 
@@ -302,11 +299,7 @@ LRESULT TextEditor::Inside::SetTabStops(UINT n, const UINT* pnUnits)
         return FALSE;
     }
     tabStops.assign(pnUnits, pnUnits + n);
-    fStyled = false;
-    ForgetLines();
-    nWidest = 0;
-    nWrapWidth = nWrapWidth > 0 ? 1 : 0; // wraps anew
-    Rearrange();
+    Relayout();
     return TRUE;
 }
 

@@ -50,12 +50,13 @@ void TextEditor::Inside::OnButtonDown(WPARAM wKeys, POINT pt)
     const UINT n = OffsetAt(pt, &fBehind);
     const TextRange selected = model.Selection();
     UINT nChar = 0;
+    const bool fPlain = !(wKeys & MK_SHIFT);
     if (fTriple) {
         SelectUnit(DragUnit::Paragraphs, n);
-    } else if (fShown && !(wKeys & MK_SHIFT) && CharAt(pt, &nChar) && nChar >= selected.nFrom &&
-               nChar < selected.nTo)
-    {
+    } else if (fShown && fPlain && CharAt(pt, &nChar) && nChar >= selected.nFrom && nChar < selected.nTo) {
         press = Press::OnSelection;
+        Repaint(); // the view stays, from which the text may be dragged
+        return;
     } else {
         MoveTo(n, fBehind, wKeys & MK_SHIFT);
         unit = DragUnit::Characters;
@@ -95,10 +96,7 @@ void TextEditor::Inside::OnDoubleClick(POINT pt)
     ptPressed = pt;
     fDoubleClicked = true;
     nClickTime = GetMessageTime();
-    UINT nChar = 0;
-    bool fBehind = false;
-    const UINT n = OffsetAt(pt, &fBehind);
-    SelectUnit(DragUnit::Words, CharAt(pt, &nChar) ? nChar : n);
+    SelectUnit(DragUnit::Words, UnitOffset(pt));
     ShowChange();
 }
 
@@ -156,6 +154,7 @@ void TextEditor::Inside::OnCaptureLost(HWND hwndNew)
     }
     EndDrag();
     press = Press::None;
+    fScrolling = false;
     if (const HWND hwnd = Window()) {
         KillTimer(hwnd, EDIT_TIMER_SCROLL);
     }
@@ -182,22 +181,32 @@ void TextEditor::Inside::OnMove(POINT pt)
 void TextEditor::Inside::DragSelection(POINT pt)
 {
     const RECT rc = Area();
-    const bool fBeyond =
-        pt.x < rc.left || pt.x >= rc.right || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom));
-    if (fBeyond) {
+    const bool fBeyondSide = nWrapWidth == 0 && (pt.x < rc.left || pt.x >= rc.right);
+    const bool fBeyond = fBeyondSide || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom));
+    if (fBeyond && !fScrolling) {
         SetTimer(Window(), EDIT_TIMER_SCROLL, SCROLL_PERIOD, nullptr);
-    } else {
+    } else if (!fBeyond) {
         KillTimer(Window(), EDIT_TIMER_SCROLL);
     }
+    fScrolling = fBeyond;
     const POINT ptIn{std::clamp(pt.x, rc.left, std::max(rc.left, rc.right - 1)),
                      IsMultiLine() ? std::clamp(pt.y, rc.top, std::max(rc.top, rc.bottom - 1)) : pt.y};
     ExtendTo(ptIn);
 }
 
+// The character that a point is on, or the one in front of the place that it is next to.
+UINT TextEditor::Inside::UnitOffset(POINT pt)
+{
+    UINT nChar = 0;
+    bool fBehind = false;
+    const UINT n = OffsetAt(pt, &fBehind);
+    return CharAt(pt, &nChar) ? nChar : fBehind && n > 0 ? ClusterStart(model.Text(), n) : n;
+}
+
 void TextEditor::Inside::ExtendTo(POINT pt)
 {
     bool fBehind = false;
-    const UINT n = OffsetAt(pt, &fBehind);
+    const UINT n = unit == DragUnit::Characters ? OffsetAt(pt, &fBehind) : UnitOffset(pt);
     const UINT nFormer = model.Caret();
     const UINT nFormerAnchor = model.Anchor();
     if (unit == DragUnit::Characters) {
@@ -217,10 +226,12 @@ void TextEditor::Inside::ExtendTo(POINT pt)
 bool TextEditor::Inside::OnTimer(UINT_PTR uId)
 {
     if (uId == EDIT_TIMER_WRAP) {
+        fViewWrapped = false;
+        const UINT nFormerTop = nTop;
         const Watch watch(site.Window());
         WrapSlice();
         Arrange();
-        if (watch) {
+        if (watch && (fViewWrapped || nTop != nFormerTop)) {
             UpdateCaret();
             Repaint();
         }
@@ -277,18 +288,19 @@ bool TextEditor::Inside::ScrollByUser(int64_t nRow, int64_t x)
 // False where there is nothing to scroll: the wheel is the parent's then.
 bool TextEditor::Inside::OnWheel(int nDelta, bool fAcross)
 {
-    if (!IsMultiLine() || (fAcross ? nWrapWidth > 0 : LastTop() == 0)) {
+    if (!IsMultiLine() || (fAcross ? nWrapWidth > 0 || LastX() == 0 : LastTop() == 0)) {
         return false;
     }
-    if ((nDelta < 0) != (nWheelRest < 0)) {
-        nWheelRest = 0;
+    int& nRest = nWheelRests[fAcross ? 0 : 1];
+    if ((nDelta < 0) != (nRest < 0)) {
+        nRest = 0;
     }
     const UINT nLines = WheelLines();
     const int64_t nStep = fAcross                      ? int64_t{SCROLL_CHARACTERS} * nAverage
                           : nLines == WHEEL_PAGESCROLL ? std::max<int64_t>(int64_t{RowsInView()} - 1, 1)
                                                        : int64_t{nLines};
-    const int64_t nTurn = int64_t{nWheelRest} + nDelta * nStep;
-    nWheelRest = static_cast<int>(nTurn % WHEEL_DELTA);
+    const int64_t nTurn = int64_t{nRest} + nDelta * nStep;
+    nRest = static_cast<int>(nTurn % WHEEL_DELTA);
     const int64_t nBy = nTurn / WHEEL_DELTA;
     if (fAcross) {
         ScrollByUser(nTop, std::min<int64_t>(xScroll + nBy, LastX()));

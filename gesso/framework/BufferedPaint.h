@@ -18,6 +18,8 @@ public:
 
     // What to draw into, in client coordinates.
     HDC Context() const { return m_surface.Context(); }
+    // What shows of it in the end.
+    const RECT& Shown() const { return m_paint.rcPaint; }
 
 private:
     HWND m_hWnd;

@@ -104,7 +104,6 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"GetThemeSysFont", "HRESULT"},
     {"GetThemeTextExtent", "HRESULT"},
     {"GetThemeTextMetrics", "HRESULT"},
-    {"GetUpdateRect", "FALSE"},
     {"GetWindow", "null"},
     {"GetWindowDC", "null"},
     {"GetWindowLongPtrW", "0"},

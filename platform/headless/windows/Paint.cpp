@@ -333,9 +333,6 @@ BOOL WINAPI UpdateWindow(HWND hwnd)
 BOOL WINAPI GetUpdateRect(HWND hwnd, LPRECT out, BOOL erase)
 {
     const TableLock lock;
-    if (FaultFires("GetUpdateRect")) {
-        return FALSE;
-    }
     const WindowRef window = Find(hwnd);
     if (!window) {
         return FALSE;
