@@ -92,7 +92,7 @@ bool TextBuffer::SetAll(LPCWSTR psz, UINT n)
     if (n > MOST) {
         return false;
     }
-    const UINT nCapacity = n + SLACK;
+    const UINT nCapacity = n + n / 8 + SLACK; // so that the first edit need not move it all
     auto* pszNew = static_cast<wchar_t*>(TryAllocate(Bytes(nCapacity)));
     if (!pszNew) {
         return false;

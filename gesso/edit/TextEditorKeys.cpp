@@ -262,7 +262,7 @@ bool TextEditor::Inside::OnControlKey(UINT uKey, bool fShift)
         if (fShift) {
             TakeBack(&EditModel::Redo);
         } else {
-            SendOwn(EM_UNDO);
+            SendOwn(WM_UNDO);
         }
         return true;
     case VK_BACK: Backspace(!model.HasSelection()); return true;

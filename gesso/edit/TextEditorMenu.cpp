@@ -118,7 +118,7 @@ UINT TextEditor::Inside::RunMenu(POINT ptScreen) const
 void TextEditor::Inside::RunMenuCommand(UINT uCommand)
 {
     switch (uCommand) {
-    case CMD_UNDO: SendOwn(EM_UNDO); break;
+    case CMD_UNDO: SendOwn(WM_UNDO); break;
     case CMD_REDO: TakeBack(&EditModel::Redo); break;
     case CMD_CUT: SendOwn(WM_CUT); break;
     case CMD_COPY: SendOwn(WM_COPY); break;
