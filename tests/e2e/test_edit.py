@@ -1,6 +1,9 @@
 """Edit fields under a real pointer and keyboard, and text that goes by the clipboard to and from the platform's own
-edit field and a combo box."""
-from gallery import GalleryTest, xdotool
+edit field, in another program too, and a combo box."""
+import os
+import subprocess
+
+from gallery import DEADLINE, GalleryTest, wait_for, window_titled, xdotool
 
 EN_CHANGE = 768
 
@@ -14,6 +17,8 @@ class Edit(GalleryTest):
         edits = [c for c in cls.gallery.controls() if c.class_name == "GEdit"]
         cls.line = next(c.id for c in edits if c.text == "Type here")
         cls.letter = next(c.id for c in edits if c.text.startswith("Dear reader"))
+        cls.number = next(c.id for c in edits if c.text == "42")
+        cls.file = next(c.id for c in edits if c.text.startswith("1\\tThis") or "This is line 1 of" in c.text)
         cls.platform = next(c.id for c in cls.gallery.controls() if c.class_name == "Edit")
         combos = [c for c in cls.gallery.controls() if c.class_name == "GComboBox"]
         cls.combo = min(combos, key=lambda c: c.id).id
@@ -53,16 +58,79 @@ class Edit(GalleryTest):
         self.gallery.key("End", "shift+Left", "shift+Left", "x")
         self.assertEqual(self.text(self.line), "ex")
 
-    def test_the_pointer_selects_by_dragging_and_all_by_a_double_click(self):
+    def test_the_pointer_selects_by_dragging_and_a_word_by_a_double_click(self):
         self.fill(self.line, "drag this")
-        self.gallery.drag(self.at(self.line, 4), self.at(self.line, 60), self.at(self.line, 110))
+        self.gallery.drag(self.at(self.line, 2), self.at(self.line, 60), self.at(self.line, 110))
         self.gallery.key("a")
         self.assertEqual(self.text(self.line), "a")
         self.fill(self.line, "two words")
-        point = self.at(self.line, 20)
+        point = self.at(self.line, 12)
         xdotool("mousemove", *point, "click", "--repeat", 2, "--delay", 20, 1)
         self.gallery.key("b")
-        self.assertEqual(self.text(self.line), "b")
+        self.assertEqual(self.text(self.line), "b words")
+
+    def test_words_are_passed_and_removed_and_edits_taken_back(self):
+        self.fill(self.line, "one two three")
+        self.gallery.key("ctrl+Left", "ctrl+shift+Left", "x")
+        self.assertEqual(self.text(self.line), "one xthree")
+        self.gallery.key("ctrl+BackSpace")
+        self.assertEqual(self.text(self.line), "one three")
+        self.gallery.key("ctrl+z", "ctrl+z")
+        self.assertEqual(self.text(self.line), "one two three")
+        self.gallery.key("ctrl+y")
+        self.assertEqual(self.text(self.line), "one xthree")
+
+    def test_selected_text_is_dragged_within_a_field_and_to_another(self):
+        self.fill(self.line, "ab cd")
+        self.gallery.key("Home", "ctrl+shift+Right")
+        self.gallery.drag(self.at(self.line, 8), self.at(self.line, 20), self.at(self.line, 100))
+        self.assertEqual(self.text(self.line), "cdab ")
+        self.fill(self.letter, "")
+        self.gallery.key("ctrl+a", "Delete")
+        self.fill(self.line, "moved")
+        self.gallery.key("ctrl+a")
+        self.gallery.drag(self.at(self.line, 8), self.at(self.line, 30), self.at(self.letter, 40, 8))
+        self.assertEqual(self.text(self.letter), "moved")
+        self.assertEqual(self.text(self.line), "")
+
+    def test_pages_and_the_wheel_scroll_a_long_text(self):
+        self.gallery.click(self.at(self.file, 100))
+        self.gallery.lines()
+        self.gallery.key("ctrl+Home", "Next", "Next")
+        self.assertEqual(len([line for line in self.gallery.commands() if "code 1538" in line]), 2)
+        xdotool("click", 5)
+        self.assertTrue(any("code 1538" in line for line in self.gallery.commands()))
+
+    def test_the_context_menu_offers_what_there_is_to_do(self):
+        self.fill(self.line, "menu")
+        self.gallery.key("ctrl+a")
+        self.gallery.right_click(self.at(self.line, 10))
+        self.gallery.key("a")  # the mnemonic of what cuts
+        self.assertEqual(self.text(self.line), "")
+        self.gallery.right_click(self.at(self.line, 10))
+        self.gallery.key("e")
+        self.assertEqual(self.text(self.line), "menu")
+
+    def test_characters_of_other_kinds_are_not_taken(self):
+        self.fill(self.number, "1a2b")
+        self.assertEqual(self.text(self.number), "12")
+
+    def test_text_goes_to_another_program_and_back(self):
+        self.fill(self.line, "there and back again")
+        self.gallery.key("ctrl+a", "ctrl+c")
+        other = subprocess.Popen([os.environ["GESSO_WINE"], "notepad"], stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL)
+        try:
+            x, y = wait_for("the other program", lambda: window_titled(".*(Notepad|Editor).*"))
+            self.gallery.click((x, y + 120))
+            self.gallery.key("ctrl+v", "exclam", "ctrl+a", "ctrl+c")
+            self.gallery.key("ctrl+a", "Delete")
+        finally:
+            other.terminate()
+            other.wait(DEADLINE)
+        self.fill(self.line, "")
+        self.gallery.key("ctrl+v")
+        self.assertEqual(self.text(self.line), "there and back again!")
 
     def test_text_goes_to_the_platforms_field_and_back(self):
         self.fill(self.line, "there and back")
@@ -96,5 +164,5 @@ class Edit(GalleryTest):
         self.assertEqual(self.text(self.letter), whole)
         self.gallery.key("Up", "Home", "x")
         self.assertNotIn(self.text(self.letter), (whole, "x" + whole))
-        self.gallery.key("BackSpace", "Up", "Up", "Up", "Home", "x")
+        self.gallery.key("BackSpace", "ctrl+Home", "x")
         self.assertEqual(self.text(self.letter), "x" + whole)

@@ -2,7 +2,6 @@
 
 #include "../../edit/EditFixture.h"
 #include "../../support/WithBehavior.h"
-#include "../FreshDesktop.h"
 
 #include <platform/headless/headless.h>
 
