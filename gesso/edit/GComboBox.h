@@ -224,7 +224,6 @@ private:
     bool AnswersContextMenu(LPARAM lParam);
     // Null in Classic.
     Modern* ModernPart() const;
-    bool AnswersContextMenu(LPARAM lParam);
     void StartModern();
     void FollowItem(UINT nIndex, int nDelta);
     void ReleaseAll();

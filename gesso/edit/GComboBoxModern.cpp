@@ -65,14 +65,6 @@ bool GComboBox::Modern::Report(UINT uCode)
 
 // --- Messages
 
-// The menu of its field, where it has one. The control may be gone afterwards.
-bool GComboBox::AnswersContextMenu(LPARAM lParam)
-{
-    Modern* const modern = ModernPart();
-    LRESULT lAnswer = 0;
-    return modern && modern->OnMessage(WM_CONTEXTMENU, 0, lParam, &lAnswer);
-}
-
 bool GComboBox::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     return OnWindowMessage(uMsg, wParam, lParam, plAnswer) ||
