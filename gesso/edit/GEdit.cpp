@@ -211,7 +211,8 @@ LRESULT GEdit::OnCreate(const CREATESTRUCTW* pcs)
 {
     LeaveModern();
     gesso::TakeFirstFont(*this, m_hFont);
-    if (!Has(*this, gesso::Quirk::EditIsPlain)) {
+    // The window has just been made with the behaviour of now.
+    if (!gesso::WillHave(gesso::Quirk::EditIsPlain)) {
         return BeModern(static_cast<DWORD>(pcs->style)) ? 0 : -1;
     }
     Own().lines.BeOneLine();

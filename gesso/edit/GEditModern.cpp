@@ -198,7 +198,7 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
     case WM_MOUSEHWHEEL:
         // What there is nothing to scroll for is the parent's.
         if (!editor.OnMessage(uMsg, wParam, lParam, plAnswer)) {
-            *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam);
+            *plAnswer = Frame::Default(edit, uMsg, wParam, lParam);
         }
         return true;
     case WM_CAPTURECHANGED: editor.OnMessage(uMsg, wParam, lParam, plAnswer); return false;
@@ -215,7 +215,7 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
     }
     case WM_SETCURSOR:
         if (LOWORD(lParam) != HTCLIENT) {
-            *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam);
+            *plAnswer = Frame::Default(edit, uMsg, wParam, lParam);
             return true;
         }
         break;
@@ -223,7 +223,7 @@ bool GEdit::Modern::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* 
         *plAnswer = 0;
         editor.OnMessage(uMsg, wParam, lParam, plAnswer);
         return true;
-    case WM_WINDOWPOSCHANGED: *plAnswer = DefWindowProcW(edit.m_hWnd, uMsg, wParam, lParam); return true;
+    case WM_WINDOWPOSCHANGED: *plAnswer = Frame::Default(edit, uMsg, wParam, lParam); return true;
     default: break;
     }
     return editor.OnMessage(uMsg, wParam, lParam, plAnswer);

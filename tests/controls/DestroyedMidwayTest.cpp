@@ -267,6 +267,16 @@ GRibbon* RibbonOfTwo(HWND hwndHost)
     return pRibbon;
 }
 
+// A field of more than it shows, which wraps nothing.
+GEdit* FieldOfLines(HWND hwndHost)
+{
+    constexpr DWORD STYLE = ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_VSCROLL | WS_HSCROLL;
+    auto* pEdit = new GEdit;
+    pEdit->Create(0, 0, 60, 60, hwndHost, 12, L"a line that is wider than the field\n1\n2\n3\n4\n5\n6",
+                  WS_CHILD | WS_VISIBLE | STYLE, 0);
+    return pEdit;
+}
+
 GComboBox* ComboOfTwo(HWND hwndHost)
 {
     auto* pCombo = new GComboBox;
@@ -382,6 +392,35 @@ TEST(DestroyedMidwayTest, TheParentMayDeleteTheControlInEachNotificationOfModern
              SetFocus(hwnd);
              SetFocus(nullptr);
          }},
+        {"click 12 code 256", FieldOfLines, [](HWND hwnd, GWnd*) { SetFocus(hwnd); }},
+        {"setfocus 12", FieldOfLines, [](HWND hwnd, GWnd*) { SetFocus(hwnd); }},
+        {"click 12 code 512", FieldOfLines,
+         [](HWND hwnd, GWnd*) {
+             SetFocus(hwnd);
+             SetFocus(nullptr);
+         }},
+        {"click 12 code 1024", FieldOfLines, [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_CHAR, 'o', 1); }},
+        {"click 12 code 768", FieldOfLines, [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_CHAR, 'o', 1); }},
+        {"click 12 code 768", FieldOfLines,
+         [](HWND, GWnd* p) { static_cast<GEdit*>(p)->ReplaceSel(L"x", true); }},
+        {"click 12 code 1024", FieldOfLines,
+         [](HWND hwnd, GWnd* p) {
+             static_cast<GEdit*>(p)->ReplaceSel(L"", false); // nothing, and so untold
+             SendMessageW(hwnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"x"));
+         }},
+        {"click 12 code 1281", FieldOfLines,
+         [](HWND hwnd, GWnd*) {
+             SendMessageW(hwnd, EM_LIMITTEXT, 1, 0);
+             SendMessageW(hwnd, WM_CHAR, 'o', 1);
+         }},
+        {"click 12 code 1538", FieldOfLines,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0); }},
+        {"click 12 code 1538", FieldOfLines,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_KEYDOWN, VK_NEXT, 1); }},
+        {"click 12 code 1537", FieldOfLines,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_HSCROLL, SB_PAGEDOWN, 0); }},
+        {"click 12 code 2304", FieldOfLines,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_CONTEXTMENU, 0, MAKELPARAM(5, 5)); }},
         {"click 12 code 3", ComboOfTwo, [](HWND hwnd, GWnd*) { SetFocus(hwnd); }},
         {"click 12 code 4", ComboOfTwo, WithOpenList([](HWND) { SetFocus(nullptr); })},
         {"click 12 code 8", ComboOfTwo, WithOpenList([](HWND) { SetFocus(nullptr); })},
