@@ -2,6 +2,7 @@
 
 #include "../support/AllControls.h"
 #include "../support/AllowMisuse.h"
+#include "../support/Interception.h"
 #include "../support/WithBehavior.h"
 
 namespace {
@@ -93,9 +94,17 @@ TYPED_TEST(BehaviorTest, RedrawHoldsThePaintsOfAModernControlAndShowsNone)
 
 TYPED_TEST(BehaviorTest, TheMenuKeyAndTheRightButtonAskTheParent)
 {
+    // A text field asks by EN_CONTEXTMENU, and has a menu of its own.
+    constexpr bool TEXT_FIELD = std::is_same_v<TypeParam, GEdit> || std::is_same_v<TypeParam, GComboBox>;
     const Modern modern;
     TypeParam control;
     const HWND hwnd = MakeAnyControl(control, this->host);
+    if constexpr (TEXT_FIELD) {
+        const Interception told(this->host, WM_COMMAND, [&] { control.Destroy(); });
+        SendMessageW(hwnd, WM_KEYUP, VK_APPS, 0);
+        EXPECT_TRUE(told.Happened());
+        return;
+    }
     HWND hwndAsked = nullptr;
     LPARAM lWhere = 0;
     const auto asked = [&](WPARAM wParam, LPARAM lParam) {

@@ -238,7 +238,7 @@ TEST_F(EditModelTest, ALongTextTakesLittleMoreThanItself)
         text.insert(text.end(), line.begin(), line.end());
     }
     const size_t cbText = text.size() * sizeof(wchar_t);
-    const MemoryLimit limit(cbText + cbText / 100);
+    const MemoryLimit limit(cbText + cbText / 7);
     EXPECT_TRUE(model.SetText(text.data(), static_cast<UINT>(text.size())));
     EXPECT_EQ(model.Rows().Count(), 50'001u);
     EXPECT_EQ(model.RowText(50'000), (gesso::TextRange{1'000'000, 1'000'000}));
