@@ -35,7 +35,7 @@ UINT StretchEnd(const LineSource& source, const TextRange& range)
         return range.nTo;
     }
     for (UINT n = range.nFrom + STRETCH; n > range.nFrom + STRETCH / 2; --n) {
-        if (source.At(n - 1) == L' ') {
+        if (source.At(n - 1) == L' ' && IsClusterBoundary(source.text, source.nStart + n)) {
             return n;
         }
     }
