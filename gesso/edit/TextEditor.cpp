@@ -7,24 +7,6 @@
 #include <new>
 
 namespace gesso {
-namespace {
-
-constexpr wchar_t CR = 13;
-constexpr wchar_t LF = 10;
-
-// Whether a text can be stored as it is.
-bool HasStoredLineEnds(LPCWSTR psz, UINT nLength, bool fOneLine)
-{
-    for (UINT n = 0; n < nLength; ++n) {
-        if (psz[n] == LF || (psz[n] == CR && (fOneLine || psz[n + 1] != LF))) {
-            return false;
-        }
-        n += psz[n] == CR;
-    }
-    return true;
-}
-
-} // namespace
 
 void TextEditor::OnTextChange(const TextChange& change)
 try {
@@ -44,7 +26,7 @@ try {
     const LPCWSTR pszText = psz ? psz : L"";
     const auto nLength = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
     own.ForgetLines();
-    if (!rules.fUpper && !rules.fLower && HasStoredLineEnds(pszText, nLength, rules.fOneLine)) {
+    if (IsPrepared(pszText, nLength, rules)) {
         if (!own.model.SetText(pszText, nLength)) {
             return false;
         }

@@ -37,7 +37,7 @@ void TextEditor::Draw(HDC hdc, const RECT& rcShown)
     }
 }
 
-// The rows that touch rcShown. A part of a row at the bottom shows.
+// The rows that touch rcShown.
 void TextEditor::Inside::DrawRows(HDC hdc, const RECT& rcShown)
 {
     const RECT rc = Area();
@@ -64,7 +64,7 @@ void TextEditor::Inside::DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea)
     const UINT nStart = source.nStart;
     const TextRange selected = model.Selection();
     const UINT nEnd = nStart + line.Length();
-    if (ShowsSelection() && selected.nFrom < nEnd && selected.nTo > nStart) {
+    if (selected.nFrom < nEnd && selected.nTo > nStart && ShowsSelection()) {
         const TextRange part{std::max(selected.nFrom, nStart) - nStart,
                              std::min(selected.nTo, nEnd) - nStart};
         for (const PreparedLine::Stretch& stretch : line.Stretches(source, part, nFrom, nTo)) {

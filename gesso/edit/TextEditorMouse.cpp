@@ -185,7 +185,7 @@ void TextEditor::Inside::DragSelection(POINT pt)
     const bool fBeyond = fBeyondSide || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom));
     if (fBeyond && !fScrolling) {
         SetTimer(Window(), EDIT_TIMER_SCROLL, SCROLL_PERIOD, nullptr);
-    } else if (!fBeyond) {
+    } else if (!fBeyond && fScrolling) {
         KillTimer(Window(), EDIT_TIMER_SCROLL);
     }
     fScrolling = fBeyond;
