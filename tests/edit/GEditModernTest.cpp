@@ -195,6 +195,60 @@ TEST_F(GEditModernTest, StylesLimitWhatComesIn)
     EXPECT_EQ(Clipboard(), "longer");
 }
 
+TEST_F(GEditModernTest, TheViewStaysWhereItIsUnlessTheCaretLeavesIt)
+{
+    Make(10, 5, ES_MULTILINE | ES_AUTOVSCROLL);
+    std::vector<wchar_t> text;
+    for (int i = 0; i < 40; ++i) {
+        for (const wchar_t ch : {L'a', L'b', L'c', L' '}) {
+            text.push_back(ch);
+        }
+    }
+    text.push_back(0);
+    SetText(text.data());
+    const LRESULT nRows = Send(EM_GETLINECOUNT);
+    EXPECT_EQ(nRows, 20) << "two words a row";
+    Send(EM_LINESCROLL, 0, 8);
+    const LRESULT nInView = Send(EM_LINEINDEX, 9);
+    Select(static_cast<int>(nInView), static_cast<int>(nInView));
+    Char(L'x');
+    EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 8) << "the paragraph begins above";
+    Send(EM_SETREADONLY, TRUE);
+    EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 8);
+    EXPECT_EQ(Send(EM_GETLINECOUNT), nRows);
+    Key('A', {VK_CONTROL});
+    EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 8) << "all is selected without scrolling";
+    Mouse(WM_LBUTTONDOWN, 2, 1);
+    Mouse(WM_LBUTTONUP, 2, 1);
+    EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 8) << "a press on the selection";
+}
+
+TEST_F(GEditModernTest, KeysWithControlAndAltTypeAndDoNothingElse)
+{
+    Make(20, 3, MULTILINE);
+    SetClipboard(L"pasted");
+    host.TakeReports();
+    Key('V', {VK_CONTROL, VK_MENU});
+    Key('A', {VK_CONTROL, VK_MENU});
+    EXPECT_EQ(Shown(), "|");
+    EXPECT_EQ(host.TakeReports(), Reports{});
+    {
+        const HeldKeys keys({VK_CONTROL, VK_MENU});
+        Char(L'@');
+    }
+    Char(10);
+    EXPECT_EQ(Shown(), "@/|") << "Ctrl+Enter";
+}
+
+TEST_F(GEditModernTest, AProgramMayPutInWhatAUserMayNot)
+{
+    Make(20, 3, ONE_LINE | ES_NUMBER | ES_UPPERCASE);
+    edit.ReplaceSel(L"-1,5x", true);
+    EXPECT_EQ(Shown(), "-1,5X|");
+    SetText(L"abc");
+    EXPECT_EQ(Shown(), "|ABC");
+}
+
 TEST_F(GEditModernTest, MaskedTextIsNotGivenAway)
 {
     Make(30, 3, ONE_LINE | ES_PASSWORD);
