@@ -1,7 +1,7 @@
 #include <gallery/EditorField.h>
+#include <gesso/framework/Behavior.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace gallery {
 namespace {
@@ -73,6 +73,11 @@ void EditorField::Clear()
 
 void EditorField::Undo()
 {
+    if (IsTextField()) {
+        SendMessageW(*this, EM_UNDO, 0, 0);
+        SetFocus(*this);
+        return;
+    }
     const std::wstring text = std::exchange(m_former, Text());
     SetText(text.c_str());
     SetFocus(*this);
@@ -89,13 +94,12 @@ void EditorField::Type(const std::wstring& text)
 
 void EditorField::ReplaceCharacters(wint_t (*convert)(wint_t))
 {
-    const auto [nFrom, nTo] = std::minmax(CaretOffset(), AnchorOffset());
-    std::wstring text = Text();
-    const auto at = [&](size_t n) { return text.begin() + static_cast<ptrdiff_t>(n); };
-    std::transform(at(nFrom), at(nTo), at(nFrom),
+    const auto [nFrom, nTo] = Selection();
+    std::wstring text = Text().substr(nFrom, nTo - nFrom);
+    std::transform(text.begin(), text.end(), text.begin(),
                    [convert](wchar_t c) { return static_cast<wchar_t>(convert(c)); });
     Remember();
-    SetText(text.c_str());
+    ReplaceSel(text.c_str(), true);
     Select(nFrom, nTo);
 }
 
@@ -117,20 +121,21 @@ void EditorField::SelectEnd()
 
 void EditorField::FindNext(const std::wstring& wanted)
 {
-    const std::wstring text = Text();
-    size_t nAt = text.find(wanted, std::max(CaretOffset(), AnchorOffset()));
-    if (nAt == std::wstring::npos) {
-        nAt = text.find(wanted);
+    int nAt = Find(wanted.c_str(), static_cast<int>(Selection().second), GEF_CASE);
+    if (nAt < 0) {
+        nAt = Find(wanted.c_str(), 0, GEF_CASE);
     }
-    if (!wanted.empty() && nAt != std::wstring::npos) {
-        Select(nAt, nAt + wanted.size());
+    if (nAt >= 0) {
+        Select(static_cast<size_t>(nAt), static_cast<size_t>(nAt) + wanted.size());
     }
 }
 
 void EditorField::WrapAnew()
 {
-    const size_t nFrom = AnchorOffset();
-    const size_t nTo = CaretOffset();
+    if (IsTextField()) {
+        return; // by itself
+    }
+    const auto [nFrom, nTo] = Selection();
     SetText(Text().c_str());
     PutSelection(nFrom, nTo);
 }
@@ -155,22 +160,31 @@ void EditorField::PressWithControl(UINT uKey)
     Press(uKey);
 }
 
-size_t EditorField::CaretOffset() const
+// Made in Modern.
+bool EditorField::IsTextField() const
 {
-    return size_t{OffsetOfLine(m_nCaretLine)} + m_nCaretChar;
+    return gesso::BehaviorOf(*this) == gesso::Behavior::Modern;
 }
 
-size_t EditorField::AnchorOffset() const
+std::pair<size_t, size_t> EditorField::Selection() const
 {
-    return size_t{OffsetOfLine(m_nAnchorLine)} + m_nAnchorChar;
+    int nStart = 0;
+    int nEnd = 0;
+    GetSel(&nStart, &nEnd);
+    return {static_cast<size_t>(nStart), static_cast<size_t>(nEnd)};
 }
 
 void EditorField::Select(size_t nFrom, size_t nTo)
 {
     SetFocus(*this);
-    PutSelection(nFrom, nTo);
+    if (IsTextField()) {
+        SetSel(static_cast<int>(nFrom), static_cast<int>(nTo));
+    } else {
+        PutSelection(nFrom, nTo);
+    }
 }
 
+// What SetSel makes of a text of several lines in Classic is other places.
 void EditorField::PutSelection(size_t nFrom, size_t nTo)
 {
     PutInLine(nFrom, m_nAnchorLine, m_nAnchorChar);

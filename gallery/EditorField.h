@@ -4,6 +4,7 @@
 #include <gesso/edit/GEdit.h>
 
 #include <string>
+#include <utility>
 
 namespace gallery {
 
@@ -28,7 +29,7 @@ public:
     // From the selection on, and then once more from the start. Nothing where it is not there.
     void FindNext(const std::wstring& wanted);
 
-    // Breaks the lines for the field's width, which it does not do by itself. The selection stays.
+    // Breaks the lines for the field's width, which it does not do by itself in Classic. The selection stays.
     void WrapAnew();
     // Wraps anew as well. The font is the caller's.
     void ChangeFont(HFONT hFont);
@@ -37,8 +38,8 @@ private:
     void Remember() { m_former = Text(); }
     void Press(UINT uKey);
     void PressWithControl(UINT uKey);
-    size_t CaretOffset() const;
-    size_t AnchorOffset() const;
+    bool IsTextField() const;
+    std::pair<size_t, size_t> Selection() const;
     void Select(size_t nFrom, size_t nTo);
     void PutSelection(size_t nFrom, size_t nTo);
     void PutInLine(size_t nOffset, UINT& nLine, UINT& nChar) const;

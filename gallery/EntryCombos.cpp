@@ -44,7 +44,7 @@ int EntryCombos::Build(Canvas& canvas, POINT pt)
         many.InsertItem(APPEND, 0, (L"Row " + std::to_wstring(n)).c_str(), 0, nullptr);
     }
     many.SetSelected(MANY_ROWS / 2 - 1);
-    GComboBox& completing = Add(grid, L"completes what is typed", GCBS_DROPDOWN);
+    GComboBox& completing = Add(grid, L"completes", GCBS_DROPDOWN);
     completing.SetAutoComplete(true);
     SendMessageW(completing, CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(L"A city"));
     AddPlatformField(grid);

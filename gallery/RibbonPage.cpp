@@ -108,10 +108,23 @@ public:
         if (uId == ID_SIZES && uCode == CBN_SELCHANGE) {
             m_nPoints = SIZES[m_sizes->GetSelected()];
             ApplyFont();
+        } else if (uCode == EN_CONTEXTMENU && hwndFrom == m_editor->GetHwnd()) {
+            OnContextMenu(hwndFrom, PlaceOfMenu(hwndFrom));
+            return 1; // in the place of the field's own
         } else if (uCode == 0) {
             OnItem(uId, hwndFrom != nullptr);
         }
         return 0;
+    }
+
+    // At the pointer, if it is there.
+    static POINT PlaceOfMenu(HWND hwnd)
+    {
+        RECT rc{};
+        POINT pt{};
+        GetWindowRect(hwnd, &rc);
+        GetCursorPos(&pt);
+        return PtInRect(&rc, pt) ? pt : POINT{-1, -1};
     }
 
     // The keyboard's menu stands in the text's corner.

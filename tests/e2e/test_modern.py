@@ -174,7 +174,8 @@ class ModernRibbon(GalleryTest):
         copy = self.gallery.control("ribbon item", "Copy")
         self.gallery.lines()
         self.gallery.key("Down", "Right", "Right", "space")
-        self.assertEqual(self.gallery.commands(), [f"WM_COMMAND id {copy.id} code 0 value 0"])
+        told = [line for line in self.gallery.commands() if "GEdit" not in line]  # whose focus it tells
+        self.assertEqual(told, [f"WM_COMMAND id {copy.id} code 0 value 0"])
         self.gallery.click(self.editor.middle)
         self.gallery.lines("ctrl+shift+Tab")
         self.assertEqual(self.focus(), self.ribbon.id)
