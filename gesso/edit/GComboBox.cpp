@@ -512,7 +512,9 @@ LRESULT GComboBox::OnSetText(LPCWSTR pszText)
 
 LRESULT GComboBox::OnGetText(UINT nCapacity, LPWSTR pszBuffer) const
 {
-    return gesso::ReplyGetText(*this, m_strText, nCapacity, pszBuffer);
+    const LRESULT lAnswer = gesso::ReplyGetText(*this, m_strText, nCapacity, pszBuffer);
+    const bool fCut = nCapacity > 0 && lAnswer == static_cast<LRESULT>(nCapacity);
+    return ModernPart() && fCut ? lAnswer - 1 : lAnswer; // what was copied
 }
 
 LRESULT GComboBox::OnGetTextLength() const

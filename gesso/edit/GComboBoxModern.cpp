@@ -129,9 +129,13 @@ LRESULT GComboBox::Modern::DlgCode(const MSG* pMsg) const
     return DLGC_WANTCHARS | DLGC_WANTARROWS | (fOwn ? DLGC_WANTALLKEYS : 0);
 }
 
-// False for a press in the text, which takes the focus here all the same.
+// False for a press in the text. That of a field takes the focus by itself: it knows what was selected
+// before.
 bool GComboBox::Modern::OnPress(POINTS pt)
 {
+    if (HasField() && m_combo.PartAt(pt) == gesso::COMBO_TEXT) {
+        return false;
+    }
     const Lifeline life = Life();
     SetFocus(m_combo.m_hWnd);
     if (!life) {
@@ -183,7 +187,7 @@ bool GComboBox::Modern::OnKeyDown(UINT uKey)
     }
     if (uKey == VK_RETURN || uKey == VK_ESCAPE) {
         if (IsOpen()) {
-            Close(uKey == VK_RETURN);
+            Close(uKey == VK_RETURN ? Ending::Take : Ending::GiveBack);
         }
         return true;
     }
@@ -268,7 +272,7 @@ LONGLONG GComboBox::Modern::StepStart(bool fForward) const
         return m_combo.Selected();
     }
     const UINT nMatch = MatchOfText();
-    return nMatch == NO_INDEX ? -1 : LONGLONG{nMatch} - (fForward ? 1 : 0);
+    return nMatch == NO_INDEX ? -1 : LONGLONG{nMatch} + (fForward ? -1 : 1);
 }
 
 void GComboBox::Modern::StepBy(int nRows)

@@ -112,8 +112,14 @@ private:
     SIZE ListFrame() const;
     Place PlaceNow() const;
     void Toggle();
-    // With the highlighted row, or with the former choice.
-    void Close(bool fTake);
+    // With the highlighted row, with the former choice, or with what was chosen last.
+    enum class Ending
+    {
+        Take,
+        GiveBack,
+        Leave
+    };
+    void Close(Ending ending);
     bool Leave();
     bool LeaveIfMoved();
     void Finish(UINT uCode, bool fChanged);
@@ -156,6 +162,7 @@ private:
     bool m_fEdited = false; // there was one
 
     Phase m_phase = Phase::Closed;
+    UINT m_nOpenings = 0;
     Place m_place{};
     bool m_fHeld = false;            // the press that opened the list lasts
     bool m_fReleasing = false;       // the list's bar gives the capture up

@@ -172,7 +172,7 @@ bool GComboBox::Modern::OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT
     if (!life) {
         return true;
     }
-    if (m_fTyping && m_fEdited && (uMsg != WM_CHAR || IsPrintable(wParam))) {
+    if (m_fTyping && m_fEdited && (uMsg != WM_CHAR || (IsPrintable(wParam) && !IS_HIGH_SURROGATE(wParam)))) {
         CompleteText();
     }
     if (!life) {

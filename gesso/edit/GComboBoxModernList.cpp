@@ -56,7 +56,9 @@ void GComboBox::Modern::Open()
         return;
     }
     m_phase = Phase::Opening;
-    if (!Report(CBN_DROPDOWN)) {
+    const UINT nOpening = ++m_nOpenings;
+    // What the parent opens when it is told stands in the place of this one.
+    if (!Report(CBN_DROPDOWN) || nOpening != m_nOpenings) {
         return;
     }
     if (m_phase == Phase::Opening && Show()) {
@@ -183,14 +185,14 @@ void GComboBox::Modern::HighlightText()
 void GComboBox::Modern::Toggle()
 {
     if (IsOpen()) {
-        Close(true);
+        Close(Ending::Take);
     } else {
         m_fHeld = false;
         Open();
     }
 }
 
-void GComboBox::Modern::Close(bool fTake)
+void GComboBox::Modern::Close(Ending ending)
 {
     if (m_phase == Phase::Opening) {
         m_phase = Phase::Closed; // Open sees to it
@@ -200,9 +202,9 @@ void GComboBox::Modern::Close(bool fTake)
     }
     m_phase = Phase::Closing;
     const UINT nHot = List().m_nHot;
-    const bool fTakes = fTake && List().IsRow(nHot) && nHot != m_nShown;
-    const bool fChanged = fTake ? fTakes && Choose(nHot) : GiveBack();
-    Finish(fTake ? CBN_SELENDOK : CBN_SELENDCANCEL, fChanged);
+    const bool fTakes = ending == Ending::Take && List().IsRow(nHot) && nHot != m_nShown;
+    const bool fChanged = fTakes ? Choose(nHot) : ending == Ending::GiveBack && GiveBack();
+    Finish(ending == Ending::Take ? CBN_SELENDOK : CBN_SELENDCANCEL, fChanged);
 }
 
 void GComboBox::Modern::Finish(UINT uCode, bool fChanged)
@@ -226,11 +228,11 @@ bool GComboBox::Modern::Hide()
     return life;
 }
 
-// Closes with the former choice; false where the control is gone.
+// Closes with what was chosen last, which the parent knows; false where the control is gone.
 bool GComboBox::Modern::Leave()
 {
     const Lifeline life = Life();
-    Close(false);
+    Close(Ending::Leave);
     return life;
 }
 
@@ -273,7 +275,13 @@ void GComboBox::Modern::OnItemsChanged(UINT nIndex, int nDelta)
         m_nFormer += static_cast<UINT>(nDelta);
     }
     m_nWidest = -1;
+    const auto moved = [&](UINT n) {
+        const bool fGone = nDelta < 0 && n == nIndex;
+        return fGone || n == NO_INDEX ? NO_INDEX : n >= nIndex ? n + static_cast<UINT>(nDelta) : n;
+    };
+    m_nShown = moved(m_nShown);
     if (IsOpen()) {
+        List().ChangeHot(moved(List().m_nHot)); // a key may come before the rows are arranged anew
         SetTimer(List().m_hWnd, ARRANGE_TIMER, ARRANGE_DELAY, nullptr);
     }
 }
@@ -324,7 +332,7 @@ bool GComboBox::Modern::OnListPress(UINT uMsg, POINTS pt)
     GetClientRect(List().m_hWnd, &rcClient);
     m_fHeld = false;
     if (!PtInRect(&rcWindow, {ptScreen.x, ptScreen.y})) {
-        Leave();
+        Close(Ending::GiveBack);
         return true;
     }
     const bool fLeft = uMsg == WM_LBUTTONDOWN || uMsg == WM_LBUTTONDBLCLK;

@@ -166,7 +166,7 @@ void GComboBox::Modern::ShowDropDown(bool fShow)
         m_fHeld = false;
         Open();
     } else {
-        Close(false);
+        Close(Ending::Leave);
     }
 }
 

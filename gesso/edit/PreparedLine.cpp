@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
+#include <numeric>
 #include <utility>
 
 namespace gesso {
@@ -56,7 +58,10 @@ public:
     {
         const UINT nItems = UsableItems(m_buffer);
         std::vector<UINT> order(nItems);
-        VisualOrderOf(m_buffer, 0, nItems, order.data());
+        std::iota(order.begin(), order.end(), 0U);
+        if (IsPaintedAsRead(m_buffer)) {
+            VisualOrderOf(m_buffer, 0, nItems, order.data());
+        }
         int x = 0;
         for (const UINT nItem : order) {
             AddRun(nItem, x);
@@ -252,7 +257,9 @@ void PreparedLine::Shape(const LineSource& source, Piece& piece, UINT nStart)
         const UINT nFrom = source.nStart + nStart;
         source.text.Copy({nFrom, nFrom + piece.nChars}, text.data());
     }
-    CDrawText::DrawText_Calculate_Optimized(source.hdc, text.data(), piece.nChars, &piece.buffer);
+    if (!CalculateExactly(source.hdc, text.data(), piece.nChars, piece.buffer)) {
+        throw std::bad_alloc();
+    }
     piece.fPrepared = true;
     int cx = 0;
     for (UINT n = 0; n < UsableItems(piece.buffer); ++n) {

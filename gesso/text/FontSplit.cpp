@@ -104,12 +104,12 @@ bool FontSplitter::ShowsSomething(UINT nChar) const
     return !IsSpace(c) && !IsSurrogate(c) && !IsIgnorable(c);
 }
 
-// Whether it is to show nothing, but not a control: the font that has it shows no box.
+// Whether it is to show nothing, or a space, but not a control: the font that has it shows no box.
 bool FontSplitter::IsFormat(UINT nChar) const
 {
     const char32_t c = CodePoint(nChar);
     const bool fControl = c < 0x20 || (c >= 0x7F && c < 0xA0);
-    return !fControl && IsIgnorable(c);
+    return !fControl && (IsIgnorable(c) || (IsSpace(c) && c != L' '));
 }
 
 bool FontSplitter::IsSeen(const Part& unit) const

@@ -446,8 +446,10 @@ TEST_F(GComboBoxModernTest, TheListGoesWithWhatItBelongsTo)
         host.TakeReports();
         act();
         EXPECT_FALSE(IsOpen());
-        EXPECT_EQ(Selected(), -1) << "with the former choice";
-        EXPECT_EQ(Codes().substr(0, 6), "10 8 1");
+        EXPECT_EQ(Selected(), 0) << "with the choice that the parent knows";
+        const std::string codes = Codes();
+        EXPECT_EQ(codes.substr(0, 4), "10 8");
+        EXPECT_EQ(codes.find(" 1"), std::string::npos) << codes;
         ReleaseCapture();
     }
     Make(GCBS_DROPDOWNLIST);
@@ -455,6 +457,52 @@ TEST_F(GComboBoxModernTest, TheListGoesWithWhatItBelongsTo)
     const HWND hwndList = List();
     combo.Destroy();
     EXPECT_FALSE(IsWindow(hwndList));
+}
+
+TEST_F(GComboBoxModernTest, WhatTheParentOpensWhenToldStandsInThePlaceOfTheFirst)
+{
+    Make(GCBS_DROPDOWNLIST);
+    int nTold = 0;
+    host.onReport = [&](const std::string& report) {
+        if (report == "click 5 code 7" && ++nTold == 1) {
+            Send(CB_SHOWDROPDOWN, FALSE);
+            Send(CB_SHOWDROPDOWN, TRUE);
+        }
+    };
+    Send(CB_SHOWDROPDOWN, TRUE);
+    host.onReport = nullptr;
+    EXPECT_TRUE(IsOpen());
+    Key(VK_ESCAPE);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(GComboBoxModernTest, ItemsThatComeAndGoLeaveTheHighlightOnItsItem)
+{
+    Make(GCBS_DROPDOWNLIST);
+    Open();
+    Key(VK_DOWN);
+    Key(VK_DOWN);
+    const int nChosen = Selected();
+    combo.InsertItem(0, 0, L"First of all", 0, nullptr);
+    Key(VK_RETURN);
+    EXPECT_EQ(Selected(), nChosen + 1) << "before the list is arranged anew";
+}
+
+TEST_F(GComboBoxModernTest, ADragInAFieldWithoutTheFocusSelects)
+{
+    Make(GCBS_DROPDOWN);
+    SetFocus(host);
+    combo.SetText(L"some words");
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 12));
+    Send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(30, 12));
+    Send(WM_LBUTTONUP, 0, MAKELPARAM(30, 12));
+    DWORD nFrom = 0;
+    DWORD nTo = 0;
+    Send(CB_GETEDITSEL, reinterpret_cast<WPARAM>(&nFrom), reinterpret_cast<LPARAM>(&nTo));
+    EXPECT_LT(nFrom, nTo);
+    EXPECT_LT(nTo, 10U) << "not all of it";
+    EXPECT_EQ(combo.GetTextLength(), 10);
 }
 
 TEST_F(GComboBoxModernTest, TheParentHearsOfTheFocusAfterTheList)
