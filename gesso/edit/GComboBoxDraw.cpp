@@ -113,7 +113,7 @@ void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
 {
     if (const ComboItem* pItem = ItemAt(Selected())) {
         ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::PushButton)
-            .DrawString(pItem->pszText, DT_SINGLELINE | DT_HIDEPREFIX, rcText);
+            .DrawString(pItem->pszText, DT_SINGLELINE | gesso::ItemPrefixFormat(*this), rcText);
     } else if (const Modern* pModern = ModernPart()) {
         pModern->DrawCue(hdc, rcText);
     }

@@ -4,6 +4,7 @@
 #include <gesso/containers/Index.h>
 #include <gesso/edit/GComboBoxList.h>
 #include <gesso/edit/TextField.h>
+#include <gesso/framework/Quirks.h>
 
 #include <memory>
 
@@ -18,6 +19,12 @@ inline constexpr int FIRST_TEXT_LIMIT = 30000;
 
 // Whether each item is a record of its own with a text of its own.
 bool CheckItems(const OArray<ComboItem*, ComboItem*>& aItems);
+
+// What a text format says of ampersands in the items' texts.
+inline UINT ItemPrefixFormat(const GWnd& combo)
+{
+    return Has(combo, Quirk::ComboHidesAmpersands) ? DT_HIDEPREFIX : DT_NOPREFIX;
+}
 
 } // namespace gesso
 

@@ -296,7 +296,8 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
     InflateRect(&rcText, -nInset, -nInset);
     ThemePart(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
               PlainPart::Row)
-        .DrawString((*m_pItems)[nItem]->pszText, DT_SINGLELINE | DT_VCENTER | DT_HIDEPREFIX, rcText);
+        .DrawString((*m_pItems)[nItem]->pszText,
+                    DT_SINGLELINE | DT_VCENTER | gesso::ItemPrefixFormat(*m_pOwner), rcText);
 }
 
 // The row at a point in the client area: ABOVE or NO_INDEX where there is none.

@@ -33,10 +33,10 @@ bool MayEnd(const LineSource& source, UINT n)
 {
     const wchar_t chBefore = source.At(n - 1);
     const wchar_t ch = source.At(n);
-    if (IsSpace(ch) || !IsClusterBoundary(source.text, source.nStart + n)) {
-        return false;
-    }
-    return IsSpace(chBefore) || ((IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch));
+    const bool fBetween = (IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch);
+    // The last question is the dearest.
+    return !IsSpace(ch) && (IsSpace(chBefore) || fBetween) &&
+           IsClusterBoundary(source.text, source.nStart + n);
 }
 
 // Where a row ends of which nFit of nLength characters fit.

@@ -73,6 +73,7 @@ enum class Quirk
     ComboTellsLittle,      // of the list and the field the parent is told of selections and edits alone
     ComboKeysAreItems,     // keys do not open the list, and typed letters choose nothing
     ComboIndexStays,       // the selection keeps its number when items come or go in front of it
+    ComboHidesAmpersands,  // an ampersand in an item's text does not show
 
     // CDrawText
     TextHasOneFont,  // what the font lacks shows as boxes

@@ -20,14 +20,15 @@ using Places = std::vector<size_t>; // of faces, among those that are known
 class KnownFonts
 {
 public:
-    bool Find(const FontRequest& request, const std::function<bool(LPCWSTR)>& accept);
+    bool Find(const FontRequest& request, const AcceptFace& accept);
 
 private:
     static constexpr size_t NOWHERE = static_cast<size_t>(-1);
     static constexpr size_t MOST_FOUND = 8192;
 
-    bool Offer(size_t nFace, const FontRequest& request, const std::function<bool(LPCWSTR)>& accept);
-    size_t Search(const FontRequest& request, const std::function<bool(LPCWSTR)>& accept);
+    bool Offer(size_t nFace, const FontRequest& request, const AcceptFace& accept);
+    bool IsAccepted(size_t nFace, const AcceptFace& accept);
+    size_t Search(const FontRequest& request, const AcceptFace& accept);
     const Places& LinkedTo(LPCWSTR pszFace);
     const Places& OfScript(char32_t c, HanStyle style);
     const Places& Installed(HDC hdc);
@@ -43,7 +44,7 @@ private:
     std::unordered_map<uint64_t, size_t> m_found;
 };
 
-bool KnownFonts::Offer(size_t nFace, const FontRequest& request, const std::function<bool(LPCWSTR)>& accept)
+bool KnownFonts::Offer(size_t nFace, const FontRequest& request, const AcceptFace& accept)
 {
     const auto isThere = [&](char32_t c) {
         const Told told = m_fonts[nFace].Has(request.hdc, c, request.analysis);
@@ -51,10 +52,17 @@ bool KnownFonts::Offer(size_t nFace, const FontRequest& request, const std::func
         return told == Told::Yes;
     };
     return std::all_of(request.characters.begin(), request.characters.end(), isThere) &&
-           accept(m_fonts[nFace].Face());
+           IsAccepted(nFace, accept);
 }
 
-bool KnownFonts::Find(const FontRequest& request, const std::function<bool(LPCWSTR)>& accept)
+bool KnownFonts::IsAccepted(size_t nFace, const AcceptFace& accept)
+{
+    const Told told = accept(m_fonts[nFace].Face());
+    m_fUntold = m_fUntold || told == Told::Nothing;
+    return told == Told::Yes;
+}
+
+bool KnownFonts::Find(const FontRequest& request, const AcceptFace& accept)
 {
     if (request.characters.size() != 1) {
         return Search(request, accept) != NOWHERE;
@@ -65,7 +73,7 @@ bool KnownFonts::Find(const FontRequest& request, const std::function<bool(LPCWS
         PlaceOf(request.base.szFace) << 3 | uint64_t{fPlain} << 2 | static_cast<uint64_t>(request.style);
     const uint64_t key = font << CHARACTER_BITS | request.characters.front();
     const auto known = m_found.find(key);
-    if (known != m_found.end() && (known->second == NOWHERE || accept(m_fonts[known->second].Face()))) {
+    if (known != m_found.end() && (known->second == NOWHERE || IsAccepted(known->second, accept))) {
         return known->second != NOWHERE;
     }
     const size_t nFace = Search(request, accept);
@@ -79,7 +87,7 @@ bool KnownFonts::Find(const FontRequest& request, const std::function<bool(LPCWS
 }
 
 // Lists of faces are fetched one after the other: most characters are found in the first two.
-size_t KnownFonts::Search(const FontRequest& request, const std::function<bool(LPCWSTR)>& accept)
+size_t KnownFonts::Search(const FontRequest& request, const AcceptFace& accept)
 {
     m_fUntold = false;
     const auto find = [&](const Places& places) {
@@ -181,7 +189,7 @@ HanStyle HanStyleOf(LPCWSTR pszText, UINT nChars)
     return style;
 }
 
-bool FindFallbackFace(const FontRequest& request, const std::function<bool(LPCWSTR pszFace)>& accept)
+bool FindFallbackFace(const FontRequest& request, const AcceptFace& accept)
 {
     const ScopedLock lock(s_lock);
     if (!s_pKnown) {

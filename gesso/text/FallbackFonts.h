@@ -3,6 +3,7 @@
 // character was found in, is found out once a process.
 #pragma once
 
+#include <gesso/text/FontCoverage.h>
 #include <gesso/text/RunFonts.h>
 
 #include <functional>
@@ -28,9 +29,12 @@ struct FontRequest
     HanStyle style;
 };
 
+// Yes takes a face; Nothing says that the platform failed, so that the refusal is not remembered.
+using AcceptFace = std::function<Told(LPCWSTR pszFace)>;
+
 // Offers faces until one is accepted. False if none is: no font of the machine has the characters, or the
 // platform does not tell. Faces are offered by one thread at a time. Throws where there is no memory.
-bool FindFallbackFace(const FontRequest& request, const std::function<bool(LPCWSTR pszFace)>& accept);
+bool FindFallbackFace(const FontRequest& request, const AcceptFace& accept);
 
 // Forgets all that was found out: for tests, whose fonts change.
 void ForgetFallbackFonts();

@@ -271,11 +271,14 @@ RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analys
     RunFontRef font;
     const auto accept = [&](LPCWSTR pszFace) {
         RunFontRef next = OpenRunFont(m_hdc, m_base, pszFace);
-        if (!next || !Shows(*next.Get(), unit, analysis)) {
-            return false;
+        if (!next) {
+            return Told::Nothing;
+        }
+        if (!Shows(*next.Get(), unit, analysis)) {
+            return Told::No;
         }
         font = std::move(next);
-        return true;
+        return Told::Yes;
     };
     FindFallbackFace({m_hdc, m_base, analysis, characters, m_style}, accept);
     return font;
