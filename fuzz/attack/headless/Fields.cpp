@@ -56,9 +56,10 @@ private:
     }
     bool MayChange() const { return !Has(ES_READONLY); }
     bool IsMasked() const { return Has(ES_PASSWORD) && !Has(ES_MULTILINE); }
-    gesso::InputRules Rules() const
+    // What a program puts in need not be a number.
+    gesso::InputRules Rules(bool fProgram) const
     {
-        return {!Has(ES_MULTILINE), Has(ES_NUMBER), Has(ES_UPPERCASE), Has(ES_LOWERCASE)};
+        return {!Has(ES_MULTILINE), Has(ES_NUMBER) && !fProgram, Has(ES_UPPERCASE), Has(ES_LOWERCASE)};
     }
 
     // --- The model's side
@@ -77,7 +78,7 @@ private:
         return m_nLimit > nKept ? m_nLimit - nKept : 0;
     }
     void Change(const TextRange& range, const Characters& text, EditKind kind, bool fCanUndo = true);
-    void Insert(const Characters& text, EditKind kind, bool fCanUndo = true);
+    void Insert(const Characters& text, EditKind kind, bool fCanUndo = true, bool fProgram = false);
     void Remove(const TextRange& range, EditKind kind);
     void StartAnew(const Characters& text);
     void TypeOne(wchar_t ch);
@@ -204,7 +205,7 @@ std::string FieldWorld::Check()
         return "another selection";
     }
     if (m_edit.CanRedo() != (MayChange() && m_plain.CanRedo()) ||
-        (SendMessageW(m_edit, EM_CANUNDO, 0, 0) != 0) != (MayChange() && m_plain.CanUndo()))
+        (SendMessageW(m_edit, EM_CANUNDO, 0, 0) != 0) != m_plain.CanUndo())
     {
         return "other steps to take back";
     }
@@ -222,13 +223,13 @@ void FieldWorld::Change(const TextRange& range, const Characters& text, EditKind
     }
 }
 
-void FieldWorld::Insert(const Characters& text, EditKind kind, bool fCanUndo)
+void FieldWorld::Insert(const Characters& text, EditKind kind, bool fCanUndo, bool fProgram)
 {
     bool fCut = false;
     const TextRange range = Selected();
     const Characters prepared =
-        gesso::PrepareInput(text.data(), static_cast<UINT>(text.size()), Rules(), Room(), &fCut);
-    const bool fRefused = !text.empty() && prepared.empty() && (kind == EditKind::Typing || !fCut);
+        gesso::PrepareInput(text.data(), static_cast<UINT>(text.size()), Rules(fProgram), Room(), &fCut);
+    const bool fRefused = !text.empty() && prepared.empty();
     if (!fRefused && (!prepared.empty() || range.Length() > 0)) {
         Change(range, prepared, kind, fCanUndo);
     } else if (!fCanUndo) {
@@ -245,7 +246,7 @@ void FieldWorld::Remove(const TextRange& range, EditKind kind)
 
 void FieldWorld::StartAnew(const Characters& text)
 {
-    const gesso::InputRules rules{!Has(ES_MULTILINE), false, false, false};
+    const gesso::InputRules rules{!Has(ES_MULTILINE), false, Has(ES_UPPERCASE), Has(ES_LOWERCASE)};
     bool fCut = false;
     m_plain = test::PlainModel();
     m_plain.now.text = gesso::PrepareInput(text.data(), static_cast<UINT>(text.size()), rules, MOST, &fCut);
@@ -273,10 +274,11 @@ void FieldWorld::BackspaceOne(bool fWord)
 {
     const UINT n = m_plain.now.nCaret;
     if (Selected().Length() > 0) {
-        Remove(Selected(), EditKind::Erasing);
+        Remove(Selected(), EditKind::Step);
     } else {
-        const UINT nFrom =
-            fWord ? gesso::PreviousWordStart(PlainText(), n) : gesso::CodePointStart(PlainText(), n);
+        const UINT nFrom = !fWord       ? gesso::CodePointStart(PlainText(), n)
+                           : IsMasked() ? 0
+                                        : gesso::PreviousWordStart(PlainText(), n);
         Remove({nFrom, n}, EditKind::Erasing);
     }
 }
@@ -285,10 +287,12 @@ void FieldWorld::DeleteOne(bool fWord)
 {
     const UINT n = m_plain.now.nCaret;
     if (Selected().Length() > 0) {
-        Remove(Selected(), EditKind::Erasing);
+        Remove(Selected(), EditKind::Step);
     } else {
-        Remove({n, fWord ? gesso::NextWordStart(PlainText(), n) : gesso::ClusterEnd(PlainText(), n)},
-               EditKind::Erasing);
+        const UINT nTo = !fWord       ? gesso::ClusterEnd(PlainText(), n)
+                         : IsMasked() ? PlainText().Length()
+                                      : gesso::NextWordStart(PlainText(), n);
+        Remove({n, nTo}, EditKind::Erasing);
     }
 }
 
@@ -379,9 +383,9 @@ void FieldWorld::SendChar(Source& source)
     Send(WM_CHAR, static_cast<WPARAM>(ch), 1);
     if (ch == VK_BACK) {
         BackspaceOne(false);
-    } else if (ch == VK_TAB || ch == VK_RETURN) {
+    } else if (ch == VK_TAB || ch == VK_RETURN || ch == L'\n') {
         if (Has(ES_MULTILINE)) {
-            TypeOne(ch);
+            TypeOne(ch == VK_TAB ? ch : L'\r');
         }
     } else if (ch >= L' ' && ch != 127) {
         TypeOne(ch);
@@ -474,7 +478,7 @@ void FieldWorld::ReplaceSelection(Source& source)
         m_edit.ReplaceSel(text.data(), fCanUndo);
     }
     text.pop_back();
-    Insert(text, EditKind::Step, fCanUndo);
+    Insert(text, EditKind::Step, fCanUndo, true);
 }
 
 void FieldWorld::SetText(Source& source)
@@ -519,7 +523,7 @@ void FieldWorld::UseClipboard(Source& source)
     } else if (uMsg == WM_PASTE && MayChange() && !clip.empty()) {
         Insert(clip, EditKind::Step);
     } else if (uMsg == WM_CLEAR) {
-        Remove(Selected(), EditKind::Erasing);
+        Remove(Selected(), EditKind::Step);
     }
 }
 
@@ -542,18 +546,21 @@ void FieldWorld::UndoOrRedo(Source& source)
     for (UINT n = 1 + source.Below(4); n > 0; --n) {
         const bool fUndo = !source.Chance(3);
         bool fDone = false;
+        bool fAsked = true;
         switch (source.Below(3)) {
         case 0: fDone = fUndo ? Send(EM_UNDO) != 0 : m_edit.Redo(); break;
         case 1: fDone = fUndo ? Send(WM_UNDO) != 0 : m_edit.Redo(); break;
         default:
             SetFocus(m_edit);
+            fAsked = false;
             fDone = MayChange() && (fUndo ? m_plain.CanUndo() : m_plain.CanRedo());
             user::TypeKey(fUndo ? 'Z' : 'Y', {VK_CONTROL});
             desk::Pump();
         }
         const bool fPlain = MayChange() && (fUndo ? m_plain.Undo() : m_plain.Redo());
         m_fModified |= fPlain;
-        if (fDone != fPlain) {
+        const bool fSaysSo = fAsked && fUndo && !Has(ES_MULTILINE); // whether there was one or not
+        if (!fSaysSo && fDone != fPlain) {
             Find("a step back or forth that was none");
         }
     }
@@ -564,8 +571,8 @@ void FieldWorld::TakeAllBack(Source& source)
     if (!MayChange()) {
         return;
     }
-    while (m_fault.empty() && Send(EM_UNDO)) {
-        if (!m_plain.Undo()) {
+    while (m_fault.empty() && Send(EM_CANUNDO)) {
+        if (!Send(EM_UNDO) || !m_plain.Undo()) {
             Find("a step more than there are");
         }
         m_fModified = true;
