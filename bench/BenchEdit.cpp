@@ -86,17 +86,6 @@ void Type(HWND hwnd)
     }
 }
 
-// Each character and what it changes on the screen.
-void TypeAndPaint(HWND hwnd)
-{
-    for (const WPARAM wChar : {WPARAM{'x'}, WPARAM{VK_BACK}}) {
-        for (int i = 0; i < KEYS; i++) {
-            SendMessageW(hwnd, WM_CHAR, wChar, 1);
-            UpdateWindow(hwnd);
-        }
-    }
-}
-
 void PasteIntoGesso(HWND hwnd)
 {
     BYTE states[256]{};
@@ -166,8 +155,8 @@ void MeasureEdits(Bench& bench)
         MeasurePainting(bench, fields.gesso, fields.platform);
         fields.PutCaretsInLine(2);
         bench.Measure(
-            "type a character in view, and paint", 2 * KEYS, [&] { TypeAndPaint(fields.gesso); },
-            [&] { TypeAndPaint(fields.platform); });
+            "type a character in view, and paint", 2 * KEYS, [&] { TypeAndPaint(fields.gesso, KEYS); },
+            [&] { TypeAndPaint(fields.platform, KEYS); });
     }
     MeasureLines(bench, 2000);
     Bench few(FEW_ROUNDS);

@@ -108,17 +108,6 @@ void PutCaretAt(HWND hwnd, size_t n)
     UpdateWindow(hwnd);
 }
 
-// Each character and what it changes on the screen.
-void TypeAndPaint(HWND hwnd)
-{
-    for (const WPARAM wChar : {WPARAM{'x'}, WPARAM{VK_BACK}}) {
-        for (int i = 0; i < KEYS; i++) {
-            SendMessageW(hwnd, WM_CHAR, wChar, 1);
-            UpdateWindow(hwnd);
-        }
-    }
-}
-
 void PageDownAndUp(HWND hwnd)
 {
     for (const WPARAM wKey : {WPARAM{VK_NEXT}, WPARAM{VK_PRIOR}}) {
@@ -169,7 +158,8 @@ void MeasureTyping(Bench& bench, size_t nLines, const std::string& lines)
     for (const HWND hwnd : {fields.gesso.GetHwnd(), fields.platform}) {
         PutCaretAt(hwnd, text.size() / 2 + 10);
     }
-    fields.Measure(bench, "type in the middle of " + lines + ", and paint", 2 * KEYS, TypeAndPaint);
+    fields.Measure(bench, "type in the middle of " + lines + ", and paint", 2 * KEYS,
+                   [](HWND hwnd) { TypeAndPaint(hwnd, KEYS); });
 }
 
 void MeasureWrapping(Bench& bench)
@@ -194,10 +184,11 @@ void MeasureLongLine(Bench& bench)
     }
     PutCaretAt(shorter.gesso, LONG / 200);
     bench.Measure(
-        "type in a line of 1,000,000 / of 10,000, and paint", 2 * KEYS, [&] { TypeAndPaint(fields.gesso); },
-        [&] { TypeAndPaint(shorter.gesso); });
+        "type in a line of 1,000,000 / of 10,000, and paint", 2 * KEYS,
+        [&] { TypeAndPaint(fields.gesso, KEYS); }, [&] { TypeAndPaint(shorter.gesso, KEYS); });
     Bench once(1);
-    fields.Measure(once, "type in a line of 1,000,000, and paint", 2 * KEYS, TypeAndPaint);
+    fields.Measure(once, "type in a line of 1,000,000, and paint", 2 * KEYS,
+                   [](HWND hwnd) { TypeAndPaint(hwnd, KEYS); });
 }
 
 void PutOnClipboard(const std::wstring& text)

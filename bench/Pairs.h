@@ -24,4 +24,15 @@ void MeasurePainting(Bench& bench, HWND hwndGesso, HWND hwndPlatform);
 // Painting one into a given context, where the platform's control answers WM_PRINTCLIENT as well.
 void MeasurePrinting(Bench& bench, HWND hwndGesso, HWND hwndPlatform);
 
+// Types so many characters into an edit field and takes them back, each with what it changes on the screen.
+inline void TypeAndPaint(HWND hwnd, int nKeys)
+{
+    for (const WPARAM wChar : {WPARAM{'x'}, WPARAM{VK_BACK}}) {
+        for (int i = 0; i < nKeys; i++) {
+            SendMessageW(hwnd, WM_CHAR, wChar, 1);
+            UpdateWindow(hwnd);
+        }
+    }
+}
+
 } // namespace bench

@@ -1,8 +1,10 @@
 // GEdit: a text box of one line or many, drawn through the visual style's "EDIT" class.
 //
-// In Classic it shows what fits and nothing more; made in Modern it is a text field that a person can write
-// in, which scrolls, takes edits back, and answers the platform's messages of edit fields. What follows is
-// Classic; docs/edit.md tells the two apart.
+// In Classic it shows what fits and nothing more. Made in Modern it is a text field that a person can write
+// in: it scrolls, with bars of its own, wraps unless ES_AUTOHSCROLL or WS_HSCROLL says not, takes edits back,
+// and has the platform's styles, messages (EM_, WM_CUT and its like, WM_UNDO) and notifications: EN_UPDATE,
+// EN_CHANGE, EN_MAXTEXT, EN_SETFOCUS, EN_KILLFOCUS, EN_HSCROLL, EN_VSCROLL, and EN_CONTEXTMENU below.
+// docs/edit.md tells the two apart. What follows is Classic where it does not say otherwise.
 //
 // A host makes a GEdit and calls Create with WS_CHILD | WS_VISIBLE | WS_TABSTOP, the platform's ES_ bits and
 // WS_BORDER; or names the class "GEdit" in a dialog template, with the text in the control's creation data.
@@ -65,7 +67,7 @@ public:
     virtual HWND Create(int x, int y, int cx, int cy, HWND hwndParent, int nId, LPCWSTR pszText,
                         DWORD dwStyle, DWORD dwExStyle);
     // The font stays the host's, and must live as long as the control uses it. Neither repaints nor wraps
-    // anew. Null: the font that the drawing context happens to have.
+    // anew in Classic; in Modern both. Null: the font that the drawing context happens to have.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
     // Replaces the text (null counts as empty), with the caret at its end, in Modern at its start. CR, LF and

@@ -395,48 +395,24 @@ bool PreparedLine::CharAt(const LineSource& source, int x, UINT* pnChar)
 }
 
 // The far side of the cell on that side is where the caret goes.
-bool PreparedLine::StepRight(const LineSource& source, CaretPlace* pPlace)
+bool PreparedLine::Step(const LineSource& source, bool fRight, CaretPlace* pPlace)
 {
     if (m_pieces.empty()) {
         return false;
     }
     const bool fTrailing = (pPlace->fTrailing && pPlace->n > 0) || pPlace->n >= Length();
     Found at = FindChar(fTrailing ? pPlace->n - 1 : pPlace->n);
-    size_t n = BoundaryOf(Cells(source, at), at, {pPlace->n, fTrailing});
-    if (n >= Cells(source, at).size()) {
-        if (at.nPiece + 1 >= m_pieces.size()) {
+    size_t nLeftOf = BoundaryOf(Cells(source, at), at, {pPlace->n, fTrailing});
+    if (nLeftOf == (fRight ? Cells(source, at).size() : 0)) {
+        if (at.nPiece == (fRight ? m_pieces.size() - 1 : 0)) {
             return false;
         }
-        at.nStart += m_pieces[at.nPiece].nChars;
-        at.x += m_pieces[at.nPiece].cx;
-        ++at.nPiece;
-        n = 0;
+        at = fRight ? FindChar(at.nStart + m_pieces[at.nPiece].nChars) : FindChar(at.nStart - 1);
+        nLeftOf = fRight ? 0 : Cells(source, at).size();
     }
-    const TextCell& cell = Cells(source, at)[n];
-    *pPlace = cell.fRightToLeft ? CaretPlace{at.nStart + cell.nFrom, false}
-                                : CaretPlace{at.nStart + cell.nTo, true};
-    return true;
-}
-
-bool PreparedLine::StepLeft(const LineSource& source, CaretPlace* pPlace)
-{
-    if (m_pieces.empty()) {
-        return false;
-    }
-    const bool fTrailing = (pPlace->fTrailing && pPlace->n > 0) || pPlace->n >= Length();
-    Found at = FindChar(fTrailing ? pPlace->n - 1 : pPlace->n);
-    size_t n = BoundaryOf(Cells(source, at), at, {pPlace->n, fTrailing});
-    if (n == 0) {
-        if (at.nPiece == 0) {
-            return false;
-        }
-        --at.nPiece;
-        at.nStart -= m_pieces[at.nPiece].nChars;
-        n = Cells(source, at).size();
-    }
-    const TextCell& cell = Cells(source, at)[n - 1];
-    *pPlace = cell.fRightToLeft ? CaretPlace{at.nStart + cell.nTo, true}
-                                : CaretPlace{at.nStart + cell.nFrom, false};
+    const TextCell& cell = Cells(source, at)[fRight ? nLeftOf : nLeftOf - 1];
+    *pPlace = cell.fRightToLeft == fRight ? CaretPlace{at.nStart + cell.nFrom, false}
+                                          : CaretPlace{at.nStart + cell.nTo, true};
     return true;
 }
 

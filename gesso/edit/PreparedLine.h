@@ -77,8 +77,7 @@ public:
     // The character that x is in; false where it is in none.
     bool CharAt(const LineSource& source, int x, UINT* pnChar);
     // The place to the right of one, or to the left. False at the line's end there.
-    bool StepRight(const LineSource& source, CaretPlace* pPlace);
-    bool StepLeft(const LineSource& source, CaretPlace* pPlace);
+    bool Step(const LineSource& source, bool fRight, CaretPlace* pPlace);
     // How many characters, whole ones, come to no more than nWidth, in the order of the text.
     UINT CountFitting(const LineSource& source, int nWidth);
 

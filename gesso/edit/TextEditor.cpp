@@ -1,7 +1,6 @@
 #include <gesso/edit/TextEditorInside.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/ScrollSteps.h>
 
 #include <algorithm>
 #include <new>
@@ -106,13 +105,6 @@ try {
     const LPCWSTR pszText = psz ? psz : L"";
     const auto n = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
     return m_inside->Insert(pszText, n, EditKind::Step, Inside::Origin::Program, fCanUndo);
-} catch (const std::bad_alloc&) {
-    return false;
-}
-
-bool TextEditor::Undo()
-try {
-    return m_inside->TakeBack(&EditModel::Undo);
 } catch (const std::bad_alloc&) {
     return false;
 }

@@ -45,7 +45,6 @@ public:
     // As EM_REPLACESEL does, which tells. False unless all of it has come in. The control may be gone
     // afterwards.
     bool ReplaceSelection(LPCWSTR psz, bool fCanUndo);
-    bool Undo();
     bool Redo();
     bool CanRedo() const;
     // Whether an input method shows text that is not accepted.

@@ -3,7 +3,6 @@
 #include <gesso/edit/ClipboardText.h>
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/TextEditorInside.h>
-#include <gesso/framework/Frame.h>
 #include <gesso/text/TextBoundary.h>
 
 #include <algorithm>

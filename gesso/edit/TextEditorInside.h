@@ -204,6 +204,7 @@ struct TextEditor::Inside final : private CompositionTarget
     bool OnKey(UINT uKey);
     // To the control's own window, where a host's subclass may see to it. The control may be gone afterwards.
     void SendOwn(UINT uMsg) const { SendMessageW(Window(), uMsg, 0, 0); }
+    bool OnEditKey(UINT uKey, bool fControl, bool fShift);
     bool OnControlKey(UINT uKey, bool fShift);
     bool OnChar(wchar_t ch, LRESULT* plAnswer);
     bool MoveByKey(UINT uKey, bool fControl, bool fExtend);

@@ -2,8 +2,6 @@
 
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/TextEditorInside.h>
-#include <gesso/framework/Frame.h>
-#include <gesso/framework/Saturate.h>
 #include <gesso/text/TextBoundary.h>
 
 #include <algorithm>
@@ -104,12 +102,12 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
     const EditContext hdc(Window(), site.Font());
     PreparedLine& line = Line(hdc, nRow);
     CaretPlace place = CaretInRow(nRow);
-    if (fRight ? line.StepRight(Source(hdc, nRow), &place) : line.StepLeft(Source(hdc, nRow), &place)) {
+    if (line.Step(Source(hdc, nRow), fRight, &place)) {
         MoveTo(model.Rows().Start(nRow) + place.n, place.fTrailing, fExtend);
     } else if (fRight && nRow + 1 < model.Rows().Count()) {
         const UINT nNext = model.Rows().Start(nRow + 1);
         if (model.EndsParagraph(nRow)) {
-            place = Line(hdc, nRow + 1).PlaceAt(Source(hdc, nRow + 1), SHRT_MIN);
+            place = Line(hdc, nRow + 1).PlaceAt(Source(hdc, nRow + 1), -1);
             MoveTo(nNext + place.n, place.fTrailing, fExtend);
         } else {
             MoveTo(ClusterEnd(text, nNext), false, fExtend);
@@ -231,6 +229,11 @@ bool TextEditor::Inside::OnKey(UINT uKey)
         }
         return true;
     }
+    return OnEditKey(uKey, fControl, fShift);
+}
+
+bool TextEditor::Inside::OnEditKey(UINT uKey, bool fControl, bool fShift)
+{
     switch (uKey) {
     case VK_DELETE:
         if (fShift && !fControl) {

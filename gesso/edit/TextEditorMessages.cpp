@@ -3,7 +3,6 @@
 #include <gesso/edit/TextEditorInside.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Saturate.h>
-#include <gesso/framework/ScrollSteps.h>
 
 #include <algorithm>
 

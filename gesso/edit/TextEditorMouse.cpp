@@ -1,9 +1,7 @@
 // What the mouse does in a text field: selecting by characters, words and paragraphs, and scrolling.
 
 #include <gesso/edit/TextEditorInside.h>
-#include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/Saturate.h>
 #include <gesso/framework/ScrollSteps.h>
 #include <gesso/text/TextBoundary.h>
 
