@@ -109,8 +109,8 @@ bool EditModel::Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind ki
 // Room for it was made.
 void EditModel::Change(const TextRange& range, LPCWSTR psz, UINT n)
 {
-    const UINT nRow = ParagraphRows(m_rows.RowOf(range.nFrom)).nFrom;
-    const UINT nRows = ParagraphRows(m_rows.RowOf(range.nTo)).nTo - nRow;
+    const UINT nRow = m_rows.RowOf(range.nFrom);
+    const UINT nRows = m_rows.RowOf(range.nTo) + 1 - nRow;
     const UINT nNew = CountLineEnds(psz, n) + 1;
     static_cast<void>(m_text.Replace(range, psz, n));
     m_rows.Move(nRow + nRows - 1, static_cast<int>(n) - static_cast<int>(range.Length()));

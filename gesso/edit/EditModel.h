@@ -19,7 +19,7 @@ struct TextChange
     UINT nInserted;
     UINT nRow;          // the first row that is not what it was
     UINT nRowsRemoved;  // so many went from there
-    UINT nRowsInserted; // and so many, none of them wrapped, have come
+    UINT nRowsInserted; // and so many have come: one, and one more for each line end
 };
 
 // Who shows the text. Changes nothing of the model when it is told, but for the wrapping of rows later.
@@ -83,8 +83,8 @@ public:
     TextRange RowText(UINT nRow) const;
     // The rows of the paragraph that nRow is of: the first one, and the one behind the last.
     TextRange ParagraphRows(UINT nRow) const;
-    // Rows nRow up to nRow + nRows, which are one paragraph, become nNew ones that begin at pStarts. The
-    // listener is not told.
+    // Rows nRow up to nRow + nRows, of one paragraph, become nNew ones that begin at pStarts. The listener is
+    // not told.
     [[nodiscard]] bool Wrap(UINT nRow, UINT nRows, const UINT* pStarts, UINT nNew);
     // Every paragraph becomes one row.
     [[nodiscard]] bool Unwrap();

@@ -39,11 +39,40 @@ bool MayEnd(const LineSource& source, UINT n)
            IsClusterBoundary(source.text, source.nStart + n);
 }
 
-// Where a row ends of which nFit of nLength characters fit.
-UINT RowEnd(const LineSource& source, UINT nFit, UINT nLength)
+// Whether the paragraph ends in front of a character.
+bool IsEnd(const LineSource& source, UINT n)
+{
+    const UINT nAt = source.nStart + n;
+    const UINT nLength = source.text.Length();
+    return nAt >= nLength || source.At(n) == L'\n' ||
+           (source.At(n) == L'\r' && nAt + 1 < nLength && source.At(n + 1) == L'\n');
+}
+
+// The characters up to the paragraph's end, from a place that is in front of it; nMost of them at most.
+UINT CountToEnd(const LineSource& source, UINT nFrom, UINT nMost)
+{
+    UINT n = nFrom;
+    while (n < nMost && !IsEnd(source, n)) {
+        ++n;
+    }
+    return n;
+}
+
+UINT BehindEnd(const LineSource& source, UINT n)
+{
+    while (source.nStart + n < source.text.Length()) {
+        if (source.At(n++) == L'\n') {
+            break;
+        }
+    }
+    return n;
+}
+
+// Where a row ends of which nFit characters fit, and others follow.
+UINT RowEnd(const LineSource& source, UINT nFit)
 {
     UINT n = nFit;
-    while (n < nLength && IsSpace(source.At(n))) {
+    while (!IsEnd(source, n) && IsSpace(source.At(n))) {
         ++n;
     }
     n = SnapToCluster(source.text, source.nStart + n) - source.nStart;
@@ -60,28 +89,29 @@ UINT RowEnd(const LineSource& source, UINT nFit, UINT nLength)
 
 } // namespace
 
-std::vector<UINT> WrapRows(const LineSource& source, UINT nLength, int nWidth, int nAverage)
+UINT RowLength(const LineSource& source, int nWidth, int nAverage)
 {
-    const auto nGuess = static_cast<UINT>(std::max(nWidth, 1) / std::max(nAverage, 1)) * 5 / 4 + 16;
-    std::vector<UINT> starts{0};
-    for (;;) {
-        const UINT nFrom = starts.back();
-        const LineSource row{source.hdc, source.text, source.nStart + nFrom, source.style};
-        const UINT nRest = nLength - nFrom;
-        PreparedLine line;
-        UINT nTaken = std::min(nGuess, nRest);
-        line.Prepare(row, nTaken);
-        while (nTaken < nRest && line.Width() <= nWidth) {
-            nTaken = std::min(nTaken * 2, nRest);
-            line.Prepare(row, nTaken);
-        }
-        const UINT nFit = line.Width() <= nWidth ? nTaken : line.CountFitting(row, nWidth);
-        const UINT nEnd = nFit >= nRest ? nRest : RowEnd(row, nFit, nRest);
-        if (nEnd >= nRest) {
-            return starts;
-        }
-        starts.push_back(nFrom + nEnd);
+    UINT nMost = static_cast<UINT>(std::max(nWidth, 1) / std::max(nAverage, 1)) * 5 / 4 + 16;
+    UINT nTaken = CountToEnd(source, 0, nMost);
+    PreparedLine line;
+    line.Prepare(source, nTaken);
+    while (!IsEnd(source, nTaken) && line.Width() <= nWidth) {
+        nMost *= 2;
+        nTaken = CountToEnd(source, nTaken, nMost);
+        line.Prepare(source, nTaken);
     }
+    const UINT nFit = line.Width() <= nWidth ? nTaken : line.CountFitting(source, nWidth);
+    const UINT nEnd = IsEnd(source, nFit) ? nFit : RowEnd(source, nFit);
+    return IsEnd(source, nEnd) ? BehindEnd(source, nEnd) : nEnd;
+}
+
+UINT CountHangingSpaces(const LineSource& source, UINT nLength)
+{
+    UINT n = 0;
+    while (n < nLength && IsSpace(source.At(nLength - n - 1))) {
+        ++n;
+    }
+    return n;
 }
 
 } // namespace gesso

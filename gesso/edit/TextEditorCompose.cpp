@@ -42,7 +42,7 @@ TextEditor::Inside::ComposedRow::ComposedRow(Inside& own, HDC hdc)
     const RECT rc = own.Area();
     const LineSource rowSource = own.Source(hdc, nRow);
     const int xCut = nFrom > row.nFrom ? own.Line(hdc, nRow).XOf(rowSource, {nFrom - row.nFrom, false}) : 0;
-    xLeft = Saturated(int64_t{rc.left} + own.LeftOf(line) + xCut - own.xScroll);
+    xLeft = Saturated(int64_t{rc.left} + own.LeftOf(line.Width()) + xCut - own.xScroll);
     // The caret is always in view, however narrow the field.
     const int xCaret = XOf(own, hdc, own.composition.Caret());
     xLeft += std::max<int>(rc.left, std::min<int>(xCaret, std::max(rc.left, rc.right - 1))) - xCaret;

@@ -120,19 +120,15 @@ UINT TextEditor::Inside::RowsWith(const TextRange& range, const wchar_t* psz, UI
     model.Text().Copy({range.nTo, nEnd}, text.data() + (range.nFrom - nStart) + n);
     const EditContext hdc(Window(), site.Font());
     const SplitText whole(text.data(), static_cast<UINT>(text.size()));
-    UINT nRows = rows.Count() - (nBehind - nFirst);
-    for (UINT nFrom = 0; nFrom <= whole.Length();) {
-        UINT nTo = nFrom;
-        while (nTo < whole.Length() && whole.At(nTo) != CHAR_RETURN) {
-            ++nTo;
-        }
-        const LineSource source{hdc, whole, nFrom, style};
-        nRows += nWrapWidth > 0
-                     ? static_cast<UINT>(WrapRows(source, nTo - nFrom, nWrapWidth, nAverage).size())
-                     : 1;
-        nFrom = nTo + static_cast<UINT>(std::size(LINE_END));
+    const UINT nOthers = rows.Count() - (nBehind - nFirst);
+    if (nWrapWidth <= 0) {
+        return nOthers + 1 + static_cast<UINT>(std::count(text.begin(), text.end(), L'\n'));
     }
-    return nRows;
+    UINT nRows = text.empty() || text.back() == L'\n' ? 1 : 0;
+    for (UINT nFrom = 0; nFrom < whole.Length(); ++nRows) {
+        nFrom += RowLength({hdc, whole, nFrom, style}, nWrapWidth, nAverage);
+    }
+    return nOthers + nRows;
 }
 
 // What comes in takes the selection's place, as far as it is allowed and there is room. False unless all of

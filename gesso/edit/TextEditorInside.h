@@ -1,6 +1,6 @@
 // What a TextEditor keeps, and what its sources share. Each concern has a source of its own: TextEditorLayout
-// (rows, scrolling, caret), ...Draw, ...Compose (input methods), ...Edit (changes, clipboard, undo), ...Keys,
-// ...Mouse, ...Drag, ...Menu and ...Messages (EM_).
+// (rows, scrolling, caret), ...Wrap, ...Draw, ...Compose (input methods), ...Edit (changes, clipboard, undo),
+// ...Keys, ...Mouse, ...Drag, ...Menu and ...Messages (EM_).
 #pragma once
 
 #include <gesso/edit/Composition.h>
@@ -132,19 +132,21 @@ struct TextEditor::Inside final : private CompositionTarget
     PreparedLine& Line(HDC hdc, UINT nRow);
     CachedLine* FindLine(UINT nRow);
     void ForgetLines();
+    void FollowRows(UINT nRow, UINT nRows, UINT nNew);
     void FollowChange(const TextChange& change);
     void NoteUnwrapped(const TextRange& range, int64_t nBy);
     void WrapChanged(HDC hdc);
-    void WrapParagraph(HDC hdc, UINT nRow);
+    bool MayBeUnwrapped(UINT nRow) const;
+    bool WrapRow(HDC hdc, UINT nRow);
+    void WrapAt(HDC hdc, UINT nOffset);
     void WrapInView(HDC hdc);
     void WrapAgain();
     void WrapSlice();
     UINT WordEnd(UINT n) const;
     UINT WordStart(UINT n) const;
-    bool NeedsWrapping(HDC hdc, UINT nRow);
     void MeasureWidest(HDC hdc);
-    int LeftOf(HDC hdc, UINT nRow) { return LeftOf(Line(hdc, nRow)); }
-    int LeftOf(const PreparedLine& line) const;
+    int LeftOf(HDC hdc, UINT nRow);
+    int LeftOf(int nWidth) const;
     UINT LastTop() const;
     int LastX();
     void FindTop();

@@ -127,12 +127,14 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
 // What the caret passes over counts by its rows.
 void TextEditor::Inside::WrapBetween(HDC hdc, UINT nOne, UINT nOther)
 {
-    const UINT nLast = std::max(nOne, nOther);
-    for (UINT nRow = std::min(nOne, nOther); nWrapWidth > 0 && nRow <= nLast && nRow < model.Rows().Count();
-         ++nRow)
-    {
-        if (NeedsWrapping(hdc, nRow)) {
-            WrapParagraph(hdc, nRow);
+    const RowTable& rows = model.Rows();
+    const UINT nEnd = rows.Start(nOne);
+    const auto isBetween = [&](UINT nRow) {
+        return nRow < rows.Count() && (nOther < nOne ? rows.Start(nRow) < nEnd : nRow <= nOther);
+    };
+    for (UINT nRow = std::min(nOne, nOther); isBetween(nRow); ++nRow) {
+        if (MayBeUnwrapped(nRow)) {
+            WrapRow(hdc, nRow);
         }
     }
 }

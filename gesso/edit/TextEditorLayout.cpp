@@ -14,15 +14,10 @@ namespace {
 
 constexpr UINT TAB_DIALOG_UNITS = 32; // 8 average characters
 constexpr int UNITS_PER_CHARACTER = 4;
-// A line that is longer is not shaped to tell how wide it is, nor whether it has to be wrapped.
+// A line that is longer is not shaped to tell how wide it is.
 constexpr UINT LONG_LINE = 20000;
 // Rows above and below the view that stay prepared.
 constexpr UINT SPARE_ROWS = 16;
-// After an edit so many paragraphs are wrapped at once, and the rest by and by.
-constexpr UINT PARAGRAPHS_AT_ONCE = 256;
-constexpr UINT SLICE_PERIOD = 10; // milliseconds
-constexpr DWORD SLICE_TIME = 8;
-constexpr UINT SLICE_STEP = 32; // paragraphs between two looks at the clock
 
 } // namespace
 
@@ -130,6 +125,16 @@ void TextEditor::Inside::ForgetLines()
     lines.clear();
 }
 
+// Rows nRow up to nRow + nRows have become nNew other ones.
+void TextEditor::Inside::FollowRows(UINT nRow, UINT nRows, UINT nNew)
+{
+    std::erase_if(lines,
+                  [&](const CachedLine& line) { return line.nRow >= nRow && line.nRow - nRow < nRows; });
+    for (CachedLine& line : lines) {
+        line.nRow = line.nRow < nRow ? line.nRow : line.nRow - nRows + nNew;
+    }
+}
+
 // What was prepared follows a change of the text: a row that has changed alone is changed, others go.
 void TextEditor::Inside::FollowChange(const TextChange& change)
 {
@@ -140,14 +145,8 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
     const UINT nStart = model.Rows().Start(change.nRow);
     const int64_t nBy = int64_t{change.nInserted} - change.nRemoved;
     NoteUnwrapped({change.nFrom, change.nFrom + change.nInserted}, nBy);
-    const UINT nBehind = change.nRow + change.nRowsRemoved;
-    std::erase_if(lines, [&](const CachedLine& line) {
-        return line.nRow >= change.nRow && line.nRow < nBehind && !fOneRow;
-    });
-    for (CachedLine& line : lines) {
-        if (line.nRow >= nBehind) {
-            line.nRow = line.nRow - change.nRowsRemoved + change.nRowsInserted;
-        }
+    if (!fOneRow) {
+        FollowRows(change.nRow, change.nRowsRemoved, change.nRowsInserted);
     }
     if (nTopStart >= change.nFrom + change.nRemoved) {
         nTopStart = static_cast<UINT>(nTopStart + nBy);
@@ -178,117 +177,6 @@ void TextEditor::Inside::FindTop()
     nTop = model.Rows().RowOf(std::min(nTopStart, model.Length()));
 }
 
-// Text whose paragraphs are not wrapped any more, nBy characters of it or in front of it having come.
-void TextEditor::Inside::NoteUnwrapped(const TextRange& range, int64_t nBy)
-{
-    if (!unwrapped) {
-        unwrapped = range;
-        return;
-    }
-    const auto moved = [&](UINT n) {
-        return n <= range.nFrom ? n : static_cast<UINT>(std::max<int64_t>(int64_t{n} + nBy, range.nFrom));
-    };
-    unwrapped = {std::min(moved(unwrapped->nFrom), range.nFrom), std::max(moved(unwrapped->nTo), range.nTo)};
-}
-
-// What edits have left unwrapped: a few paragraphs at once, many by and by.
-void TextEditor::Inside::WrapChanged(HDC hdc)
-{
-    const std::optional<TextRange> range = std::exchange(unwrapped, {});
-    if (!range || nWrapWidth <= 0) {
-        return;
-    }
-    const DWORD dwStart = GetTickCount();
-    UINT nRow = model.Rows().RowOf(range->nFrom);
-    for (UINT i = 0; nRow < model.Rows().Count() && model.Rows().Start(nRow) <= range->nTo; ++i) {
-        if (i > 0 && (i == PARAGRAPHS_AT_ONCE || GetTickCount() - dwStart >= SLICE_TIME)) {
-            nWrapped = std::min(nWrapped, model.Rows().Start(nRow));
-            SetTimer(Window(), EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
-            return;
-        }
-        WrapParagraph(hdc, nRow);
-        nRow = model.ParagraphRows(nRow).nTo;
-    }
-}
-
-// --- Wrapping
-
-bool TextEditor::Inside::NeedsWrapping(HDC hdc, UINT nRow)
-{
-    const UINT nLength = model.RowText(nRow).Length();
-    if (model.ParagraphRows(nRow).Length() > 1 || nLength == 0) {
-        return false;
-    }
-    return nLength > LONG_LINE || Line(hdc, nRow).Width() > nWrapWidth;
-}
-
-// The view stays at the text that it shows.
-void TextEditor::Inside::WrapParagraph(HDC hdc, UINT nRow)
-{
-    NeedStyle(hdc);
-    const TextRange rows = model.ParagraphRows(nRow);
-    const UINT nStart = model.Rows().Start(rows.nFrom);
-    const UINT nLength = model.RowText(rows.nTo - 1).nTo - nStart;
-    const LineSource source{hdc, model.Text(), nStart, style};
-    std::vector<UINT> starts = WrapRows(source, nLength, nWrapWidth, nAverage);
-    std::for_each(starts.begin(), starts.end(), [&](UINT& n) { n += nStart; });
-    const auto nNew = static_cast<UINT>(starts.size());
-    const bool fSame = nNew == rows.Length() && [&] {
-        for (UINT i = 0; i < nNew; ++i) {
-            if (model.Rows().Start(rows.nFrom + i) != starts[i]) {
-                return false;
-            }
-        }
-        return true;
-    }();
-    fRowsChanged = fRowsChanged || !fSame;
-    fViewWrapped = fViewWrapped || (!fSame && rows.nFrom <= uint64_t{nTop} + RowsInView());
-    if (fSame || !model.Wrap(rows.nFrom, rows.Length(), starts.data(), nNew)) {
-        return;
-    }
-    std::erase_if(lines,
-                  [&](const CachedLine& line) { return line.nRow >= rows.nFrom && line.nRow < rows.nTo; });
-    for (CachedLine& line : lines) {
-        if (line.nRow >= rows.nTo) {
-            line.nRow = line.nRow - rows.Length() + nNew;
-        }
-    }
-    FindTop();
-}
-
-void TextEditor::Inside::WrapInView(HDC hdc)
-{
-    if (nWrapWidth <= 0) {
-        return;
-    }
-    for (UINT nRow = nTop; nRow < model.Rows().Count() && nRow <= nTop + RowsInView(); ++nRow) {
-        if (NeedsWrapping(hdc, nRow)) {
-            WrapParagraph(hdc, nRow);
-        }
-    }
-}
-
-// After a change of width, font or style: what is in view at once, the rest by and by.
-void TextEditor::Inside::WrapAgain()
-{
-    const RECT rc = Area();
-    const int nWidth = Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0;
-    ForgetLines();
-    nWidest = 0;
-    if (nWrapWidth > 0 && !model.Unwrap()) {
-        return;
-    }
-    nWrapWidth = nWidth;
-    nWrapped = 0;
-    unwrapped.reset();
-    FindTop();
-    if (nWrapWidth > 0 && Window()) {
-        const EditContext hdc(Window(), site.Font());
-        WrapParagraph(hdc, nTop);
-        WrapSlice();
-    }
-}
-
 // After another font, width or style.
 void TextEditor::Inside::Relayout()
 {
@@ -303,28 +191,6 @@ void TextEditor::Inside::Relayout()
         ShowCaret(Window());
     }
     Rearrange();
-}
-
-void TextEditor::Inside::WrapSlice()
-{
-    const HWND hwnd = Window();
-    const EditContext hdc(hwnd, site.Font());
-    const DWORD dwStart = GetTickCount();
-    UINT nRow = model.Rows().RowOf(nWrapped);
-    UINT nDone = 0;
-    while (nRow < model.Rows().Count() && nWrapWidth > 0) {
-        WrapParagraph(hdc, nRow);
-        nRow = model.ParagraphRows(nRow).nTo;
-        if (++nDone % SLICE_STEP == 0 && GetTickCount() - dwStart >= SLICE_TIME) {
-            break;
-        }
-    }
-    nWrapped = model.Rows().Start(nRow);
-    if (nRow < model.Rows().Count() && nWrapWidth > 0) {
-        SetTimer(hwnd, EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
-    } else {
-        KillTimer(hwnd, EDIT_TIMER_WRAP);
-    }
 }
 
 // --- Scrolling
@@ -353,11 +219,28 @@ void TextEditor::Inside::MeasureWidest(HDC hdc)
     nWidest = std::max(line.Width(), 1);
 }
 
+// Spaces that a wrapped row ends with hang beyond its edge.
+int TextEditor::Inside::LeftOf(HDC hdc, UINT nRow)
+{
+    PreparedLine& line = Line(hdc, nRow);
+    const LineSource source = Source(hdc, nRow);
+    const bool fAligned = Style() & (ES_CENTER | ES_RIGHT);
+    const UINT nHanging =
+        fAligned && !model.EndsParagraph(nRow) ? CountHangingSpaces(source, line.Length()) : 0;
+    int nWidth = line.Width();
+    for (const auto& stretch :
+         line.Stretches(source, {line.Length() - nHanging, line.Length()}, 0, nHanging > 0 ? nWidth : 0))
+    {
+        nWidth -= stretch.nRight - stretch.nLeft;
+    }
+    return LeftOf(nWidth);
+}
+
 // Where a row begins, before scrolling: aligned while it fits.
-int TextEditor::Inside::LeftOf(const PreparedLine& line) const
+int TextEditor::Inside::LeftOf(int nWidth) const
 {
     const RECT rc = Area();
-    const int nRoom = rc.right - rc.left - line.Width();
+    const int nRoom = rc.right - rc.left - nWidth;
     if (nRoom <= 0 || !(Style() & (ES_CENTER | ES_RIGHT))) {
         return 0;
     }
@@ -503,9 +386,7 @@ void TextEditor::Inside::BringCaretIntoView()
     const EditContext hdc(hwnd, site.Font());
     NeedStyle(hdc);
     WrapChanged(hdc);
-    if (nWrapWidth > 0 && NeedsWrapping(hdc, CaretRow())) {
-        WrapParagraph(hdc, CaretRow());
-    }
+    WrapAt(hdc, model.Caret());
     const UINT nRow = CaretRow();
     const UINT nView = RowsInView();
     int64_t nNewTop = nTop;

@@ -1,0 +1,154 @@
+// Rows of paragraphs that are wrapped: one by one, each from where it begins, so that an edit costs the rows
+// that it changes, and a long text is wrapped in slices.
+
+#include <gesso/edit/TextEditorInside.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+// After an edit so many rows are wrapped at once, and the rest by and by.
+constexpr UINT ROWS_AT_ONCE = 256;
+constexpr UINT SLICE_PERIOD = 10; // milliseconds
+constexpr DWORD SLICE_TIME = 8;
+constexpr UINT SLICE_STEP = 32; // rows between two looks at the clock
+
+} // namespace
+
+// Text whose rows may end elsewhere now, nBy characters of it or in front of it having come.
+void TextEditor::Inside::NoteUnwrapped(const TextRange& range, int64_t nBy)
+{
+    if (!unwrapped) {
+        unwrapped = range;
+        return;
+    }
+    const auto moved = [&](UINT n) {
+        return n <= range.nFrom ? n : static_cast<UINT>(std::max<int64_t>(int64_t{n} + nBy, range.nFrom));
+    };
+    unwrapped = {std::min(moved(unwrapped->nFrom), range.nFrom), std::max(moved(unwrapped->nTo), range.nTo)};
+}
+
+bool TextEditor::Inside::MayBeUnwrapped(UINT nRow) const
+{
+    const UINT nStart = model.Rows().Start(nRow);
+    const UINT nEnd = model.Rows().Start(nRow + 1);
+    return nWrapWidth > 0 &&
+           (nEnd > nWrapped || (unwrapped && nStart <= unwrapped->nTo && nEnd >= unwrapped->nFrom));
+}
+
+// Brings a row's end to its place. What is left of the row is in the next one then, which is to be wrapped
+// itself; the view stays at the text that it shows. False where the row has changed.
+bool TextEditor::Inside::WrapRow(HDC hdc, UINT nRow)
+{
+    NeedStyle(hdc);
+    const RowTable& rows = model.Rows();
+    const UINT nEnd = rows.Start(nRow) + RowLength(Source(hdc, nRow), nWrapWidth, nAverage);
+    UINT nRows = 1;
+    while (nRow + nRows < rows.Count() && rows.Start(nRow + nRows) < nEnd) {
+        ++nRows;
+    }
+    const bool fEndsThere = rows.Start(nRow + nRows) == nEnd;
+    const UINT starts[] = {rows.Start(nRow), nEnd};
+    const UINT nNew = fEndsThere ? 1 : 2;
+    if ((fEndsThere && nRows == 1) || !model.Wrap(nRow, nRows, starts, nNew)) {
+        return true;
+    }
+    FollowRows(nRow, nRows, nNew);
+    fRowsChanged = true;
+    fViewWrapped = fViewWrapped || nRow <= uint64_t{nTop} + RowsInView();
+    FindTop();
+    return false;
+}
+
+// The row that a place is in, and those in front of it in its paragraph.
+void TextEditor::Inside::WrapAt(HDC hdc, UINT nOffset)
+{
+    for (;;) {
+        const UINT nRow = model.Rows().RowOf(nOffset);
+        if (!MayBeUnwrapped(nRow) || WrapRow(hdc, nRow)) {
+            return;
+        }
+    }
+}
+
+// What edits have left unwrapped, up to where rows end as before: what is in view at once, and more of it by
+// and by.
+void TextEditor::Inside::WrapChanged(HDC hdc)
+{
+    if (!unwrapped || nWrapWidth <= 0) {
+        unwrapped.reset();
+        return;
+    }
+    const DWORD dwStart = GetTickCount();
+    UINT nRow = model.Rows().RowOf(unwrapped->nFrom);
+    // A word that has become shorter may go back to the row in front.
+    nRow -= nRow > 0 && !model.EndsParagraph(nRow - 1) ? 1 : 0;
+    for (UINT i = 1; nRow < model.Rows().Count(); ++i) {
+        const bool fSame = WrapRow(hdc, nRow++);
+        const UINT nNext = model.Rows().Start(nRow);
+        if (fSame && nNext > unwrapped->nTo) {
+            break;
+        }
+        const bool fInView = nRow >= nTop && nRow <= uint64_t{nTop} + RowsInView();
+        if (!fInView && (i >= ROWS_AT_ONCE || GetTickCount() - dwStart >= SLICE_TIME)) {
+            unwrapped = {nNext, std::max(nNext, unwrapped->nTo)};
+            SetTimer(Window(), EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
+            return;
+        }
+    }
+    unwrapped.reset();
+}
+
+void TextEditor::Inside::WrapInView(HDC hdc)
+{
+    for (UINT nRow = nTop; nRow < model.Rows().Count() && nRow <= nTop + RowsInView(); ++nRow) {
+        if (MayBeUnwrapped(nRow)) {
+            WrapRow(hdc, nRow);
+        }
+    }
+}
+
+// After a change of width, font or style: what is in view at once, the rest by and by.
+void TextEditor::Inside::WrapAgain()
+{
+    const RECT rc = Area();
+    const int nWidth = Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0;
+    ForgetLines();
+    nWidest = 0;
+    if (nWrapWidth > 0 && !model.Unwrap()) {
+        return;
+    }
+    nWrapWidth = nWidth;
+    nWrapped = 0;
+    unwrapped.reset();
+    FindTop();
+    if (nWrapWidth > 0 && Window()) {
+        const EditContext hdc(Window(), site.Font());
+        WrapAt(hdc, std::min(nTopStart, model.Length()));
+        WrapSlice();
+    }
+}
+
+void TextEditor::Inside::WrapSlice()
+{
+    const HWND hwnd = Window();
+    const EditContext hdc(hwnd, site.Font());
+    const DWORD dwStart = GetTickCount();
+    WrapChanged(hdc);
+    UINT nRow = model.Rows().RowOf(nWrapped);
+    for (UINT nDone = 1; nRow < model.Rows().Count() && nWrapWidth > 0; ++nDone) {
+        WrapRow(hdc, nRow++);
+        if (nDone % SLICE_STEP == 0 && GetTickCount() - dwStart >= SLICE_TIME) {
+            break;
+        }
+    }
+    nWrapped = model.Rows().Start(nRow);
+    if (nWrapWidth > 0 && (nRow < model.Rows().Count() || unwrapped)) {
+        SetTimer(hwnd, EDIT_TIMER_WRAP, SLICE_PERIOD, nullptr);
+    } else {
+        KillTimer(hwnd, EDIT_TIMER_WRAP);
+    }
+}
+
+} // namespace gesso

@@ -1,0 +1,81 @@
+// Rows of wrapped text after edits, which are wrapped again from the row in front only.
+
+#include "EditFixture.h"
+
+#include "../support/WithBehavior.h"
+
+#include <random>
+
+namespace {
+
+using namespace test;
+
+class GEditWrapModernTest : public EditFixture
+{
+protected:
+    LRESULT Send(UINT uMsg, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        return SendMessageW(edit.GetHwnd(), uMsg, wParam, lParam);
+    }
+
+    std::vector<LRESULT> Rows()
+    {
+        std::vector<LRESULT> starts;
+        for (LRESULT n = 0; n < Send(EM_GETLINECOUNT); ++n) {
+            starts.push_back(Send(EM_LINEINDEX, static_cast<WPARAM>(n)));
+        }
+        return starts;
+    }
+
+    // The rows of the whole text, wrapped anew.
+    std::vector<LRESULT> FreshRows()
+    {
+        Send(WM_SETFONT, static_cast<WPARAM>(Send(WM_GETFONT)));
+        return Rows();
+    }
+
+    Modern modern;
+};
+
+TEST_F(GEditWrapModernTest, RowsAfterEditsAreThoseOfTheTextWrappedAnew)
+{
+    static constexpr LPCWSTR PARTS[] = {L"x",
+                                        L" ",
+                                        L"word ",
+                                        L"\r\n",
+                                        L"a-longer-word-than-a-row ",
+                                        L"    ",
+                                        L"\t",
+                                        L"\x4E2D\x6587\x3002",
+                                        L"e\x301",
+                                        L"",
+                                        L"\r\n\r\n",
+                                        L"one two three four five "};
+    Make(12, 4, ES_MULTILINE | ES_AUTOVSCROLL);
+    std::minstd_rand random(7);
+    const auto below = [&](size_t n) { return static_cast<int>(random() % n); };
+    for (int i = 0; i < 400; ++i) {
+        const int nLength = edit.GetTextLength();
+        const int nFrom = below(static_cast<size_t>(nLength) + 1);
+        const int nTo = below(3) ? nFrom : std::min(nLength, nFrom + below(nLength > 300 ? 200 : 12));
+        Send(EM_SETSEL, static_cast<WPARAM>(nFrom), nTo);
+        edit.ReplaceSel(PARTS[below(std::size(PARTS))], true);
+        if (below(5) == 0) {
+            Send(EM_UNDO);
+        }
+        const std::vector<LRESULT> rows = Rows();
+        ASSERT_EQ(rows, FreshRows()) << "after edit " << i;
+    }
+}
+
+TEST_F(GEditWrapModernTest, SpacesBehindACentredRowHangOverAndDoNotMoveIt)
+{
+    Make(10, 4, ES_MULTILINE | ES_AUTOVSCROLL | ES_RIGHT);
+    edit.SetText(L"aaaa bbbb    cccc");
+    ASSERT_EQ(Send(EM_LINEINDEX, 1), 13);
+    const int nRight = LOWORD(Send(EM_POSFROMCHAR, 9)); // where the row's last word ends
+    edit.SetText(L"aaaa bbbb\r\ncccc");
+    EXPECT_EQ(LOWORD(Send(EM_POSFROMCHAR, 9)), nRight);
+}
+
+} // namespace
