@@ -102,6 +102,9 @@ bool EditModel::Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind ki
     }
     m_fModified = true;
     Change(taken, psz, n);
+    if (kind == EditKind::Completing) {
+        SetMarks({nFrom, nFrom + n});
+    }
     m_undo.SetAfter(Marks());
     return true;
 }

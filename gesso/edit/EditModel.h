@@ -56,8 +56,8 @@ public:
     // The whole text, with the caret at its start; nothing can be taken back then, and nothing is modified.
     [[nodiscard]] bool SetText(LPCWSTR psz, UINT n);
     // The range, with its ends where Select would put them, becomes n characters, with the caret behind
-    // them. Without fCanUndo no step can be taken back
-    // afterwards. dwNow is in milliseconds: what is typed after a pause is a step of its own.
+    // them; what completes is selected. Without fCanUndo no step can be taken back afterwards. dwNow is in
+    // milliseconds: what is typed after a pause is a step of its own.
     [[nodiscard]] bool Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, DWORD dwNow,
                                bool fCanUndo = true);
     // All changes up to EndStep are one step. Not nested.

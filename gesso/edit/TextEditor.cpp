@@ -109,6 +109,13 @@ try {
     return false;
 }
 
+void TextEditor::Complete(LPCWSTR psz)
+try {
+    m_inside->Insert(psz, static_cast<UINT>(wcsnlen(psz, TextBuffer::MOST)), EditKind::Completing,
+                     Inside::Origin::Program);
+} catch (const std::bad_alloc&) {
+}
+
 bool TextEditor::Redo()
 try {
     return m_inside->TakeBack(&EditModel::Redo);
@@ -124,6 +131,11 @@ bool TextEditor::CanRedo() const
 bool TextEditor::IsComposing() const
 {
     return m_inside->composition.IsActive();
+}
+
+bool TextEditor::IsDragging() const
+{
+    return m_inside->press == Inside::Press::Dragging;
 }
 
 bool TextEditor::IsModified() const

@@ -45,10 +45,15 @@ public:
     // As EM_REPLACESEL does, which tells. False unless all of it has come in. The control may be gone
     // afterwards.
     bool ReplaceSelection(LPCWSTR psz, bool fCanUndo);
+    // What is typed is completed: the text comes in at the caret, selected, in one step with what was typed
+    // before it and is typed over it. Tells. The control may be gone afterwards.
+    void Complete(LPCWSTR psz);
     bool Redo();
     bool CanRedo() const;
     // Whether an input method shows text that is not accepted.
     bool IsComposing() const;
+    // Whether the user drags selected text.
+    bool IsDragging() const;
     bool IsModified() const;
     void SetModified(bool fModified);
     // What was prepared is of another font, width, style or theme now.
@@ -60,7 +65,7 @@ private:
     struct Inside;
 
     void OnTextChange(const TextChange& change) override;
-    // The field under a point of the screen; null for none of this thread's.
+    // The field that text may be dropped in at a point of the screen; null for none of this thread's.
     static TextEditor* At(POINT ptScreen);
 
     Inside* m_inside;

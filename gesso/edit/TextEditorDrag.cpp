@@ -25,16 +25,6 @@ TextEditor::~TextEditor()
     delete m_inside;
 }
 
-TextEditor* TextEditor::At(POINT ptScreen)
-{
-    const HWND hwnd = WindowFromPoint(ptScreen);
-    TextEditor* pEditor = s_pFirst;
-    while (pEditor && (!hwnd || pEditor->m_inside->Window() != hwnd)) {
-        pEditor = pEditor->m_pNext;
-    }
-    return pEditor;
-}
-
 namespace {
 
 POINT ToField(HWND hwnd, POINT ptScreen)
@@ -44,6 +34,17 @@ POINT ToField(HWND hwnd, POINT ptScreen)
 }
 
 } // namespace
+
+TextEditor* TextEditor::At(POINT ptScreen)
+{
+    const HWND hwnd = WindowFromPoint(ptScreen);
+    TextEditor* pEditor = s_pFirst;
+    while (pEditor && (!hwnd || pEditor->m_inside->Window() != hwnd)) {
+        pEditor = pEditor->m_pNext;
+    }
+    const bool fTakes = pEditor && pEditor->m_inside->site.TakesDropAt(ToField(hwnd, ptScreen));
+    return fTakes ? pEditor : nullptr;
+}
 
 void TextEditor::Inside::StartDrag()
 {

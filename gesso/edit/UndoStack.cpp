@@ -81,10 +81,26 @@ bool UndoStack::Joins(const UndoEdit& edit, EditKind kind, DWORD dwNow, bool fSp
     if (!m_fOpen || m_fHeld) {
         return m_fOpen;
     }
-    const UndoStep::Edits& edits = m_aSteps[m_nDone - 1]->aEdits;
+    if (kind == EditKind::Completing) {
+        return m_kind == EditKind::Typing && Adjoins(LastEdit(), edit, EditKind::Typing);
+    }
     const bool fSameWord = fSpace || !m_fBehindSpace;
-    return kind != EditKind::Step && kind == m_kind && fSameWord && dwNow - m_dwLast < PAUSE &&
-           Adjoins(edits[edits.GetLength() - 1], edit, kind);
+    const bool fGoesOn = Adjoins(LastEdit(), edit, kind) || TakesPlaceOfCompletion(edit);
+    return kind != EditKind::Step && kind == m_kind && fSameWord && dwNow - m_dwLast < PAUSE && fGoesOn;
+}
+
+// Of the newest step.
+const UndoEdit& UndoStack::LastEdit() const
+{
+    const UndoStep::Edits& edits = m_aSteps[m_nDone - 1]->aEdits;
+    return edits[edits.GetLength() - 1];
+}
+
+bool UndoStack::TakesPlaceOfCompletion(const UndoEdit& edit) const
+{
+    const UndoEdit& last = LastEdit();
+    return m_nCompleted > 0 && edit.nRemoved == m_nCompleted &&
+           edit.nFrom + edit.nRemoved == last.nFrom + last.nInserted;
 }
 
 // A step with memory for one more edit: the newest, or one that is not in the stack yet. Null without.
@@ -133,9 +149,12 @@ bool UndoStack::Note(const UndoEdit& edit, const SplitText& before, LPCWSTR pszI
         pStep->aEdits.Add(edit);
     }
     m_cb += Bytes(edit);
-    m_kind = kind;
-    m_dwLast = dwNow;
-    m_fBehindSpace = IsSpace(chLast);
+    m_nCompleted = kind == EditKind::Completing && fJoins ? edit.nInserted : 0;
+    if (m_nCompleted == 0) {
+        m_kind = kind;
+        m_dwLast = dwNow;
+        m_fBehindSpace = IsSpace(chLast);
+    }
     m_fOpen = m_fHeld || chLast != L'\n';
     Trim();
     return true;

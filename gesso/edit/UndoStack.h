@@ -12,9 +12,10 @@ namespace gesso {
 // How an edit joins the step before.
 enum class EditKind
 {
-    Typing,  // goes on with the word that was being typed
-    Erasing, // the same for Backspace and Delete
-    Step     // a step of its own
+    Typing,     // goes on with the word that was being typed
+    Completing, // what a program adds to the word: part of it, as is what is typed in its place
+    Erasing,    // as Typing, for Backspace and Delete
+    Step        // a step of its own
 };
 
 struct UndoEdit
@@ -65,6 +66,8 @@ public:
 
 private:
     bool Joins(const UndoEdit& edit, EditKind kind, DWORD dwNow, bool fSpace) const;
+    bool TakesPlaceOfCompletion(const UndoEdit& edit) const;
+    const UndoEdit& LastEdit() const;
     UndoStep* Prepared(bool fJoins, UINT nRemoved);
     void Drop(UINT nFrom, UINT n);
     void Trim();
@@ -74,6 +77,7 @@ private:
     size_t m_cb = 0;
     EditKind m_kind = EditKind::Step;
     DWORD m_dwLast = 0;
+    UINT m_nCompleted = 0;       // characters at the end of the newest step that complete it
     bool m_fHeld = false;        // between Begin and End
     bool m_fOpen = false;        // the newest step may be joined
     bool m_fBehindSpace = false; // its last character was one
