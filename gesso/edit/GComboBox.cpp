@@ -1,6 +1,7 @@
 // A combo box's window, its items and the selection.
 
 #include <gesso/containers/Check.h>
+#include <gesso/edit/ComboSearch.h>
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/BufferedPaint.h>
@@ -14,6 +15,7 @@
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 using gesso::Frame;
@@ -166,7 +168,7 @@ void GComboBox::SetFont(HFONT hFont)
 {
     m_hFont = hFont;
     if (Modern* pModern = ModernPart()) {
-        pModern->Reflow();
+        pModern->OnFont();
     }
 }
 
@@ -215,6 +217,9 @@ LRESULT GComboBox::OnDestroy()
 
 int GComboBox::SetText(LPCWSTR pszText)
 {
+    if (ModernPart() && !ModernPart()->HasField()) {
+        return 0; // the text is the selected item's
+    }
     const bool fSet = ChangeText([&](gesso::TextField& field) {
         const bool fStarted = field.Lines().Start(gesso::TextOrEmpty(pszText));
         field.MoveTo(ModernPart() ? gesso::Place{} : field.Lines().End(), false);
@@ -286,13 +291,18 @@ ComboItem* GComboBox::CheckedItem(UINT nIndex, const char* pszOperation) const
 
 UINT GComboBox::InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImage, void* pData)
 {
-    const UINT nAt = std::min(nIndex, m_aItems.GetLength());
     const LPWSTR pszCopy = gesso::CopyText(pszText);
-    if (!pszCopy || !m_aItems.AllocExtra(m_aItems.GetLength() + 1)) {
+    ComboItem* pItem = nullptr;
+    if (pszCopy && m_aItems.AllocExtra(m_aItems.GetLength() + 1)) {
+        pItem = new (std::nothrow) ComboItem{nFlags, pszCopy, nImage, pData};
+    }
+    if (!pItem) {
         gesso::FreeText(pszCopy);
         return gesso::NO_INDEX;
     }
-    m_aItems.InsertAt(nAt, new ComboItem{nFlags, pszCopy, nImage, pData});
+    const bool fSorted = nIndex == gesso::NO_INDEX && ModernPart() && (Frame::Style(*this) & GCBS_SORT);
+    const UINT nAt = fSorted ? gesso::SortedPlace(m_aItems, pszCopy) : std::min(nIndex, m_aItems.GetLength());
+    m_aItems.InsertAt(nAt, pItem);
     FollowItem(nAt, 1);
     return nAt;
 }
@@ -314,6 +324,7 @@ void GComboBox::RemoveAllItems()
     ReleaseItems();
     ChangeSelection(gesso::NO_INDEX);
     if (Modern* pModern = ModernPart()) {
+        pModern->ShowItem();
         pModern->OnSelected();
         pModern->OnItemsChanged(gesso::NO_INDEX, 0);
     }
@@ -326,13 +337,17 @@ void GComboBox::FollowItem(UINT nIndex, int nDelta)
         return;
     }
     const UINT nSelected = Selected();
-    if (nDelta < 0 && nSelected == nIndex) {
+    const bool fGone = nDelta < 0 && nSelected == nIndex;
+    if (fGone) {
         ChangeSelection(gesso::NO_INDEX);
         Invalidate(0);
     } else if (nSelected != gesso::NO_INDEX && nSelected >= nIndex) {
         ChangeSelection(nSelected + static_cast<UINT>(nDelta));
     }
     if (Modern* pModern = ModernPart()) {
+        if (fGone) {
+            pModern->ShowItem();
+        }
         pModern->OnItemsChanged(nIndex, nDelta);
     }
 }
@@ -380,6 +395,9 @@ void GComboBox::SetItemText(UINT nIndex, LPCWSTR pszText)
             gesso::FreeText(std::exchange(pItem->pszText, pszCopy));
         }
         if (Modern* pModern = ModernPart()) {
+            if (nIndex == Selected()) {
+                pModern->ShowItem();
+            }
             pModern->OnItemsChanged(gesso::NO_INDEX, 0);
         }
     }
@@ -406,8 +424,6 @@ UINT GComboBox::Selected() const
     return m_inside->nSelected;
 }
 
-// Fixed behaviour: the list has the selected item in a field of its own, also while it is closed; a class
-// derived from the list would read a former one there.
 bool GComboBox::ChangeSelection(UINT nIndex)
 {
     // False, with nothing changed, where the text to be shown would have no room.
@@ -415,18 +431,24 @@ bool GComboBox::ChangeSelection(UINT nIndex)
     if (pItem && !m_strText.GetBuffer(static_cast<UINT>(wcslen(pItem->pszText)) + 1)) {
         return false;
     }
-    m_inside->nSelected = nIndex;
-    m_pList->m_nSelected = nIndex;
+    Field::Mark(*this, nIndex);
     return true;
+}
+
+// Fixed behaviour: the list has the selected item in a field of its own, also while it is closed; a class
+// derived from the list would read a former one there.
+void GComboBox::Field::Mark(GComboBox& combo, UINT nIndex)
+{
+    combo.m_inside->nSelected = nIndex;
+    combo.m_pList->m_nSelected = nIndex;
 }
 
 UINT GComboBox::SetSelected(UINT nIndex)
 {
     const UINT nNew = nIndex < m_aItems.GetLength() ? nIndex : gesso::NO_INDEX;
-    if (!ChangeSelection(nNew)) {
+    if (!Field::Select(*this, nNew)) {
         return gesso::NO_INDEX;
     }
-    Update(false);
     if (Modern* pModern = ModernPart()) {
         pModern->OnSelected();
     }
@@ -440,10 +462,9 @@ UINT GComboBox::GetSelected() const
 
 void GComboBox::Callback(UINT nIndex)
 {
-    if (!ChangeSelection(nIndex)) {
+    if (!Field::Select(*this, nIndex)) {
         return;
     }
-    Update(false);
     if (Modern* pModern = ModernPart()) {
         pModern->OnSelected();
     }
@@ -454,20 +475,40 @@ void GComboBox::SetAutoComplete(bool bComplete)
     m_inside->fCompletes = bComplete;
 }
 
-void GComboBox::Update(bool bNotify)
+bool GComboBox::Field::ShowItem(GComboBox& combo)
 {
-    const ComboItem* pItem = ItemAt(Selected());
-    ChangeText([&](gesso::TextField& field) {
+    const ComboItem* pItem = combo.ItemAt(combo.Selected());
+    const bool fEdited = combo.Kind() == GCBS_DROPDOWN;
+    const bool fShown = combo.ChangeText([&](gesso::TextField& field) {
         const bool fStarted = field.Lines().Start(pItem ? pItem->pszText : L"");
-        if (Kind() == GCBS_DROPDOWN) {
+        if (fEdited) {
             field.SelectAll();
         }
         return fStarted;
     });
-    if (Kind() == GCBS_DROPDOWN) {
-        UpdateCursorPos();
+    if (fEdited) {
+        combo.UpdateCursorPos();
     }
-    Invalidate(0);
+    combo.Invalidate(0);
+    return fShown;
+}
+
+bool GComboBox::Field::Select(GComboBox& combo, UINT nIndex)
+{
+    const UINT nFormer = combo.Selected();
+    if (!combo.ChangeSelection(nIndex)) {
+        return false;
+    }
+    const bool fShown = ShowItem(combo);
+    if (!fShown) {
+        Mark(combo, nFormer);
+    }
+    return fShown;
+}
+
+void GComboBox::Update(bool bNotify)
+{
+    Field::ShowItem(*this);
     if (bNotify) {
         Frame::SendCommand(*this, CBN_SELCHANGE);
     }

@@ -43,6 +43,12 @@ struct GComboBox::Field
     {
         lines.BeOneLine();
     }
+    // The text becomes the selected item's, or empty without one, and all of it is selected where the user
+    // can edit it. False, with nothing done, without memory.
+    static bool ShowItem(GComboBox& combo);
+    // The item becomes the selected one, and its text shows. False, with nothing done, without memory.
+    static bool Select(GComboBox& combo, UINT nIndex);
+    static void Mark(GComboBox& combo, UINT nIndex);
 
     gesso::LineTable aLines;
     gesso::EditLines lines;

@@ -293,7 +293,8 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
     }
     RECT rcText = rc;
     const int nInset = Pixels(m_hWnd, Metrics::COMBO_ROW_INSET);
-    InflateRect(&rcText, -nInset, -nInset);
+    // In Modern the row is as high as the font needs.
+    InflateRect(&rcText, -nInset, Has(*m_pOwner, gesso::Quirk::ComboListFixed) ? -nInset : 0);
     ThemePart(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
               PlainPart::Row)
         .DrawString((*m_pItems)[nItem]->pszText,

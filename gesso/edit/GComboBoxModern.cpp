@@ -27,6 +27,7 @@ void GComboBox::StartModern()
     if (!gesso::WillHave(Quirk::ComboListIsModal)) {
         m_inside->pModern = std::make_unique<Modern>(*this);
         m_inside->pModern->TakeText();
+        m_inside->pModern->ShowItem();
     }
 }
 
@@ -81,16 +82,26 @@ bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam,
     case WM_GETDLGCODE: *plAnswer = DlgCode(reinterpret_cast<const MSG*>(lParam)); return true;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: return OnPress(gesso::PointOf(lParam));
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+    case WM_XBUTTONUP: return EndPress();
+    case WM_MOUSEMOVE: return m_fUsedUp;
+    case WM_CAPTURECHANGED: m_fUsedUp = false; return false;
     case WM_MOUSEWHEEL: OnWheel(GET_WHEEL_DELTA_WPARAM(wParam)); return true;
     case WM_CANCELMODE: return !Leave();
     case WM_ENABLE: return !wParam && !Leave();
     case WM_WINDOWPOSCHANGED: return !LeaveIfMoved();
-    case WM_STYLECHANGED: Reflow(); return !Leave();
+    case WM_STYLECHANGED:
+        Reflow();
+        ShowItem();
+        return !Leave();
     case WM_SIZE: Reflow(); return false;
     case WM_SETFONT:
         m_combo.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
-        Reflow();
+        OnFont();
         return true;
+    case WM_SETTEXT: *plAnswer = SetText(reinterpret_cast<LPCWSTR>(lParam)); return true;
     case WM_THEMECHANGED:
         m_combo.OnThemeChanged();
         Reflow();
@@ -102,6 +113,7 @@ bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam,
 bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const bool fComes = uMsg == WM_SETFOCUS;
+    m_typed.Forget();
     if (!fComes && !Leave()) {
         return true;
     }
@@ -120,12 +132,21 @@ bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
     return true;
 }
 
-// Enter and Esc are the open list's, Esc before it what is being composed, and otherwise the dialog's.
+LRESULT GComboBox::Modern::SetText(LPCWSTR psz)
+{
+    if (!HasField()) {
+        return CB_ERR;
+    }
+    return m_combo.OnSetText(psz) ? TRUE : CB_ERRSPACE;
+}
+
+// Enter and Esc are the open list's, Esc before it what is being composed or dragged, and otherwise the
+// dialog's.
 LRESULT GComboBox::Modern::DlgCode(const MSG* pMsg) const
 {
     const bool fEscape = pMsg && pMsg->wParam == VK_ESCAPE;
     const bool fEnds = fEscape || (pMsg && pMsg->wParam == VK_RETURN);
-    const bool fOwn = (fEnds && IsOpen()) || (fEscape && m_editor.IsComposing());
+    const bool fOwn = (fEnds && IsOpen()) || (fEscape && (m_editor.IsComposing() || IsDragging()));
     return DLGC_WANTCHARS | DLGC_WANTARROWS | (fOwn ? DLGC_WANTALLKEYS : 0);
 }
 
@@ -133,6 +154,7 @@ LRESULT GComboBox::Modern::DlgCode(const MSG* pMsg) const
 // before.
 bool GComboBox::Modern::OnPress(POINTS pt)
 {
+    m_typed.Forget();
     if (HasField() && m_combo.PartAt(pt) == gesso::COMBO_TEXT) {
         return false;
     }
@@ -167,6 +189,9 @@ void GComboBox::Modern::OnWheel(int nDelta)
 
 bool GComboBox::Modern::OnKey(UINT uMsg, WPARAM wParam)
 {
+    if (IsDragging()) {
+        return false;
+    }
     switch (uMsg) {
     case WM_KEYDOWN: return OnKeyDown(static_cast<UINT>(wParam));
     case WM_CHAR: return OnChar(static_cast<wchar_t>(wParam));
@@ -224,28 +249,28 @@ bool GComboBox::Modern::OnChar(wchar_t c)
 
 // --- Steps
 
-int GComboBox::Modern::PageRows() const
+// Of the open list, or of one that would open now.
+int GComboBox::Modern::PageRows()
 {
     RECT rc{};
-    GetClientRect(List().m_hWnd, &rc);
-    return std::max<int>(1, rc.bottom / List().ItemHeight() - 1);
+    if (IsOpen()) {
+        GetClientRect(List().m_hWnd, &rc);
+    } else {
+        rc = PlaceOfList();
+        InflateRect(&rc, 0, -ListFrame().cy);
+    }
+    return std::max(1, static_cast<int>(rc.bottom - rc.top) / RowHeight() - 1);
 }
 
 // False for a key that is the field's, or nobody's.
 bool GComboBox::Modern::StepByKey(UINT uKey)
 {
     const int nAll = static_cast<int>(m_combo.GetItemCount());
-    const int nPage = IsOpen() ? PageRows() : nAll;
-    const bool fPages = IsOpen() || !HasField();
     switch (uKey) {
     case VK_UP: StepBy(-1); return true;
     case VK_DOWN: StepBy(1); return true;
-    case VK_PRIOR:
-    case VK_NEXT:
-        if (fPages) {
-            StepBy(uKey == VK_PRIOR ? -nPage : nPage);
-        }
-        return fPages;
+    case VK_PRIOR: StepBy(-PageRows()); return true;
+    case VK_NEXT: StepBy(PageRows()); return true;
     default: break;
     }
     if (HasField()) {
@@ -277,6 +302,7 @@ LONGLONG GComboBox::Modern::StepStart(bool fForward) const
 
 void GComboBox::Modern::StepBy(int nRows)
 {
+    m_typed.Forget();
     const LONGLONG nLast = LONGLONG{m_combo.GetItemCount()} - 1;
     const LONGLONG nStart = StepStart(nRows > 0);
     const bool fNothing = nLast < 0 || nRows == 0;
@@ -287,31 +313,49 @@ void GComboBox::Modern::StepBy(int nRows)
 
 void GComboBox::Modern::StepTo(UINT nIndex)
 {
-    if (IsOpen()) {
-        if (!m_fStepped) {
-            m_nFormer = m_combo.Selected();
-            m_fStepped = gesso::HoldText(m_strFormer, m_combo.m_strText);
-        }
-        List().ChangeHot(nIndex);
-        List().ShowRow(nIndex);
-        m_nShown = NO_INDEX;
-        if (Choose(nIndex)) {
+    if (!IsOpen()) {
+        if (Choose(nIndex) && Report(CBN_SELENDOK)) {
             Report(CBN_SELCHANGE);
         }
-    } else if (Choose(nIndex) && Report(CBN_SELENDOK)) {
+        return;
+    }
+    const bool fChanged = KeepFormer() && Choose(nIndex);
+    if (m_combo.Selected() != nIndex) {
+        return; // there is no memory for it
+    }
+    List().ChangeHot(nIndex);
+    List().ShowRow(nIndex);
+    m_nShown = NO_INDEX;
+    if (fChanged) {
         Report(CBN_SELCHANGE);
     }
 }
 
-// Whether another item is selected now. It may be the same one that takes the place of a text that was typed.
+// What Esc gives back, from the first step on.
+bool GComboBox::Modern::KeepFormer()
+{
+    if (!m_fStepped) {
+        m_nFormer = m_combo.Selected();
+        m_fStepped = gesso::HoldText(m_strFormer, m_combo.m_strText);
+    }
+    return m_fStepped;
+}
+
+// Whether the selected item or the text is another one now: the item may be the same one that takes the place
+// of a text that was set.
 bool GComboBox::Modern::Choose(UINT nIndex)
 {
     const UINT nFormer = m_combo.Selected();
-    if (!m_combo.ChangeSelection(nIndex)) {
-        return false;
+    gesso::ControlText strFormer;
+    return gesso::HoldText(strFormer, m_combo.m_strText) && Field::Select(m_combo, nIndex) &&
+           (nIndex != nFormer || wcscmp(strFormer, m_combo.m_strText) != 0);
+}
+
+void GComboBox::Modern::ShowItem()
+{
+    if (!HasField()) {
+        Field::ShowItem(m_combo);
     }
-    m_combo.Update(false);
-    return nIndex != nFormer;
 }
 
 void GComboBox::Modern::OnSelected()

@@ -34,6 +34,9 @@ struct GComboBox::Modern final : private gesso::EditorSite
     void OnSelected();
     void OnItemsChanged(UINT nIndex, int nDelta);
     void Reflow();
+    void OnFont();
+    // The kinds without a field have no text but the selected item's.
+    void ShowItem();
 
     void DrawField(HDC hdc);
     // In a face without an item.
@@ -64,12 +67,15 @@ private:
     RECT TextRect() const override;
     LRESULT Tell(UINT uCode) override;
     void SetRange(int, int, UINT, int) override {}
+    bool TakesDropAt(POINT pt) const override;
 
     // --- Messages
     gesso::Lifeline Life() const { return gesso::Lifeline(static_cast<const void*>(this)); }
     bool OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     bool OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT DlgCode(const MSG* pMsg) const;
+    LRESULT SetText(LPCWSTR psz);
+    bool EndPress();
     bool OnPress(POINTS pt);
     void OnWheel(int nDelta);
     bool OnComboMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
@@ -87,17 +93,20 @@ private:
     LONGLONG StepStart(bool fForward) const;
     void StepBy(int nRows);
     void StepTo(UINT nIndex);
-    int PageRows() const;
+    bool KeepFormer();
+    int PageRows();
 
     // --- The field
     bool OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     bool OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
-    void OnEdited();
+    bool OnEdited();
+    bool IsDragging() const { return HasField() && m_editor.IsDragging(); }
     void SetLimit();
     bool IsPointerOnText() const;
     void CompleteText();
-    void CopyText();
+    bool CopyText();
     void CopySelection();
+    void GiveTextBack();
     UINT TextLength() const { return m_editor.Text().Length(); }
     // The item that the text of the field leads to.
     UINT MatchOfText() const;
@@ -107,6 +116,8 @@ private:
     bool IsOpen() const { return m_phase == Phase::Open; }
     bool Show();
     void Arrange();
+    int RowHeight() const;
+    UINT TopRow() const;
     RECT PlaceOfList();
     int WidestItem();
     SIZE ListFrame() const;
@@ -126,6 +137,9 @@ private:
     bool Hide();
     bool Choose(UINT nIndex);
     bool GiveBack();
+    bool GiveTextOrItemBack();
+    void CloseByPress();
+    UINT RowOfText() const;
     void HighlightText();
     bool OnListPress(UINT uMsg, POINTS pt);
     void OnListRelease(POINTS pt);
@@ -134,7 +148,8 @@ private:
     void Pick(UINT nIndex);
 
     // --- The platform's messages
-    LRESULT AddString(LPCWSTR psz);
+    LRESULT InsertString(int nIndex, LPCWSTR psz);
+    LRESULT InitStorage(UINT nItems);
     LRESULT SetItemHeight(int nIndex, int nHeight);
     LRESULT ItemHeight(int nIndex) const;
     LRESULT SetEditSelection(UINT nStart, UINT nEnd);
@@ -154,18 +169,22 @@ private:
     gesso::TypeAhead m_typed;
     gesso::ControlText m_cue;
     UINT m_nMinVisible = 30;
+    int m_nRowHeight = 0; // CB_SETITEMHEIGHT; 0 for what the font needs
+    UINT m_nTop = 0;      // the first row in view when the list opens
     int m_nDroppedWidth = 0;
     int m_nWidest = -1;       // of the items, in pixels; -1 until they are measured
     bool m_fExtended = false; // CB_SETEXTENDEDUI
 
     bool m_fTyping = false; // edits are told at the end of the message
     bool m_fEdited = false; // there was one
+    bool m_fLost = false;   // there was no memory for it, and it goes again
 
     Phase m_phase = Phase::Closed;
     UINT m_nOpenings = 0;
     Place m_place{};
     bool m_fHeld = false;            // the press that opened the list lasts
     bool m_fReleasing = false;       // the list's bar gives the capture up
+    bool m_fUsedUp = false;          // the press that closed the list lasts, and has the capture
     POINTS m_ptSeen{};               // of the pointer, on the screen
     UINT m_nShown = gesso::NO_INDEX; // a row that is highlighted without having been chosen
     bool m_fStepped = false;         // the choice is not what it was when the list opened, which is:

@@ -63,13 +63,15 @@ LRESULT GComboBox::Modern::Tell(UINT uCode)
 {
     switch (uCode) {
     case EN_UPDATE:
-        OnEdited();
-        if (!m_fTyping) {
+        m_fLost = !OnEdited();
+        if (!m_fLost && !m_fTyping) {
             Report(CBN_EDITUPDATE);
         }
         return 0;
     case EN_CHANGE:
-        if (!m_fTyping) {
+        if (std::exchange(m_fLost, false)) {
+            GiveTextBack();
+        } else if (!m_fTyping) {
             Report(CBN_EDITCHANGE);
         }
         return 0;
@@ -80,16 +82,32 @@ LRESULT GComboBox::Modern::Tell(UINT uCode)
     }
 }
 
+bool GComboBox::Modern::TakesDropAt(POINT pt) const
+{
+    return m_combo.PartAt({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)}) == gesso::COMBO_TEXT;
+}
+
 // --- What the members of the public class tell
 
-void GComboBox::Modern::CopyText()
+// False without memory.
+bool GComboBox::Modern::CopyText()
 {
     const gesso::SplitText text = m_editor.Text();
-    if (wchar_t* psz = m_combo.m_strText.GetBuffer(text.Length() + 1)) {
+    wchar_t* psz = m_combo.m_strText.GetBuffer(text.Length() + 1);
+    if (psz) {
         text.Copy({0, text.Length()}, psz);
         m_combo.m_strText.ReleaseBuffer(text.Length());
+        CopySelection();
     }
-    CopySelection();
+    return psz != nullptr;
+}
+
+// An edit that the members have no memory for goes, and with it what could be taken back.
+void GComboBox::Modern::GiveTextBack()
+{
+    if (m_editor.SetText(m_combo.m_strText)) {
+        m_editor.Select(m_combo.m_nAnchor, m_combo.m_nCaret);
+    }
 }
 
 void GComboBox::Modern::CopySelection()
@@ -118,6 +136,13 @@ void GComboBox::Modern::Reflow()
 {
     m_nWidest = -1;
     m_editor.Reflow();
+}
+
+void GComboBox::Modern::OnFont()
+{
+    Reflow();
+    List().m_hFont = m_combo.m_hFont;
+    ArrangeIfOpen();
 }
 
 // Of what is typed and pasted.
@@ -195,23 +220,22 @@ void GComboBox::Modern::CompleteText()
     if (nItem == NO_INDEX || wcslen(m_combo.ItemAt(nItem)->pszText) <= nTyped) {
         return;
     }
-    const Lifeline life = Life();
-    m_editor.ReplaceSelection(m_combo.ItemAt(nItem)->pszText + nTyped, true); // a limit may leave some out
-    if (life) {
-        m_editor.Select(nTyped, TextLength());
-    }
+    m_editor.Complete(m_combo.ItemAt(nItem)->pszText + nTyped); // a limit may leave some out
 }
 
-// The text is no item's any longer. An open list shows the item that it leads to.
-void GComboBox::Modern::OnEdited()
+// The text is no item's any longer. An open list shows the item that it leads to. False without memory.
+bool GComboBox::Modern::OnEdited()
 {
+    if (!CopyText()) {
+        return false;
+    }
     m_fEdited = true;
-    CopyText();
     m_combo.ChangeSelection(NO_INDEX);
     m_fStepped = false;
     if (IsOpen()) {
         HighlightText();
     }
+    return true;
 }
 
 UINT GComboBox::Modern::MatchOfText() const

@@ -2,7 +2,7 @@
 // closes it, and the control keeps the focus; no loop waits for either.
 
 #include <gesso/edit/ComboListPlace.h>
-#include <gesso/edit/ComboSearch.h>
+#include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
@@ -11,6 +11,7 @@
 #include <gesso/framework/Saturate.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using gesso::Frame;
@@ -26,6 +27,8 @@ constexpr UINT_PTR ARRANGE_TIMER = 2;
 constexpr UINT PLACE_PERIOD = 100; // milliseconds; a list that is left behind goes after it
 constexpr UINT ARRANGE_DELAY = 10; // for items that come or go one after the other
 
+constexpr gesso::Measure ROW_MARGIN{2}; // above and below the font of a row, at least
+
 constexpr int TALL = 1000; // more than frames are high: in a window so much higher than its rows no bar shows
 
 POINTS PointerPos()
@@ -38,6 +41,12 @@ POINTS PointerPos()
 bool IsSame(POINTS a, POINTS b)
 {
     return a.x == b.x && a.y == b.y;
+}
+
+bool IsAnyButtonDown()
+{
+    return std::ranges::any_of(std::array{VK_LBUTTON, VK_RBUTTON, VK_MBUTTON, VK_XBUTTON1, VK_XBUTTON2},
+                               gesso::IsKeyDown);
 }
 
 void SetArrowCursor()
@@ -74,6 +83,7 @@ bool GComboBox::Modern::Show()
     const HWND hwnd = m_combo.m_hWnd;
     RECT rc{};
     GetWindowRect(hwnd, &rc);
+    List().m_nItemHeight = static_cast<UINT>(RowHeight());
     const int nTall = gesso::Saturated(List().RowsHeight() + TALL);
     if (!List().Make(hwnd, m_combo.m_hFont, {rc.left, rc.bottom, rc.right - rc.left, nTall, hwnd})) {
         return false;
@@ -84,6 +94,7 @@ bool GComboBox::Modern::Show()
     m_ptSeen = PointerPos();
     m_fHeld = m_fHeld && GetKeyState(VK_LBUTTON) < 0;
     Arrange();
+    List().ScrollTo(LONGLONG{m_nTop} * List().ItemHeight());
     HighlightText();
     const HWND hwndList = List().m_hWnd;
     SetWindowPos(hwndList, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
@@ -145,36 +156,70 @@ RECT GComboBox::Modern::PlaceOfList()
         gesso::Saturated(LONGLONG{WidestItem()} + 2 * gesso::Pixels(hwnd, gesso::Metrics::COMBO_ROW_INSET));
     room.cxBar = gesso::SystemMetric(hwnd, SM_CXVSCROLL);
     room.frame = ListFrame();
-    room.cyRow = static_cast<int>(ItemHeight(0));
+    room.cyRow = RowHeight();
     room.nItems = m_combo.GetItemCount();
     room.nMostRows = m_nMinVisible;
     room.cyMost = m_combo.m_nDropdownHeight;
     return gesso::PlaceComboList(room);
 }
 
+int GComboBox::Modern::RowHeight() const
+{
+    if (m_nRowHeight) {
+        return m_nRowHeight;
+    }
+    const HWND hwnd = m_combo.m_hWnd;
+    const int nFont = gesso::WindowMeasure(hwnd, m_combo.m_hFont, false).FontMetric().tmHeight;
+    return std::max(gesso::Pixels(hwnd, gesso::Metrics::COMBO_ROW_HEIGHT),
+                    nFont + 2 * gesso::Pixels(hwnd, ROW_MARGIN));
+}
+
+// Also where the list is closed.
+UINT GComboBox::Modern::TopRow() const
+{
+    const UINT nCount = m_combo.GetItemCount();
+    return nCount == 0 ? 0 : std::min(List().IsOpen() ? List().RowAt(0) : m_nTop, nCount - 1);
+}
+
+// What is in view stays there as far as it can.
 void GComboBox::Modern::Arrange()
 {
+    const LONGLONG nFormerPos = List().m_siV.nPos;
+    const int nFormerHeight = List().ItemHeight();
+    List().m_nItemHeight = static_cast<UINT>(RowHeight());
+    const int nHeight = List().ItemHeight();
     const RECT rc = PlaceOfList();
     const int nPage = rc.bottom - rc.top - 2 * static_cast<int>(List().FrameSize().cy);
     SetWindowPos(List().m_hWnd, nullptr, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     List().SetUpScrolling(nPage);
     List().ShowScrollBar(SB_VERT, List().RowsHeight() > nPage);
+    List().ScrollTo(nHeight == nFormerHeight ? nFormerPos : nFormerPos / nFormerHeight * nHeight);
 }
 
 void GComboBox::Modern::ArrangeIfOpen()
 {
-    if (IsOpen()) {
-        Arrange();
+    if (!IsOpen()) {
+        return;
+    }
+    Arrange();
+    const UINT nHot = List().m_nHot;
+    if (nHot == m_nShown && nHot != RowOfText()) {
         HighlightText();
     }
 }
 
-// The row that the selection or the typed text leads to is highlighted, and comes into view.
-void GComboBox::Modern::HighlightText()
+// That the selection or the typed text leads to.
+UINT GComboBox::Modern::RowOfText() const
 {
     const UINT nSelected = m_combo.Selected();
-    m_nShown = m_combo.ItemAt(nSelected) ? nSelected : MatchOfText();
+    return m_combo.ItemAt(nSelected) ? nSelected : MatchOfText();
+}
+
+// The row of the text is highlighted, and comes into view.
+void GComboBox::Modern::HighlightText()
+{
+    m_nShown = RowOfText();
     List().ChangeHot(m_nShown);
     List().ShowRow(m_nShown);
     List().Invalidate(0);
@@ -220,6 +265,7 @@ bool GComboBox::Modern::Hide()
     const Lifeline life = Life();
     m_phase = Phase::Closed;
     if (List().IsOpen()) {
+        m_nTop = TopRow();
         m_combo.ChangeExpansion(false);
     }
     if (life) {
@@ -254,16 +300,28 @@ bool GComboBox::Modern::GiveBack()
         return false;
     }
     const UINT nLast = m_combo.Selected();
-    if (!m_combo.ChangeSelection(m_nFormer)) {
+    gesso::ControlText strLast;
+    if (!gesso::HoldText(strLast, m_combo.m_strText) || !m_combo.ChangeSelection(m_nFormer)) {
         return false;
     }
-    m_combo.ChangeText([&](gesso::TextField& field) {
+    if (!GiveTextOrItemBack()) {
+        Field::Mark(m_combo, nLast);
+        return false;
+    }
+    m_combo.Invalidate(0);
+    return nLast != m_nFormer || wcscmp(strLast, m_combo.m_strText) != 0;
+}
+
+bool GComboBox::Modern::GiveTextOrItemBack()
+{
+    if (!HasField()) {
+        return Field::ShowItem(m_combo); // whose text may be another one now
+    }
+    return m_combo.ChangeText([&](gesso::TextField& field) {
         const bool fStarted = field.Lines().Start(gesso::TextOrEmpty(m_strFormer));
         field.SelectAll();
         return fStarted;
     });
-    m_combo.Invalidate(0);
-    return nLast != m_nFormer;
 }
 
 // The selection goes with its item, and so does what Esc gives back.
@@ -302,7 +360,9 @@ bool GComboBox::Modern::OnListMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, L
     case WM_XBUTTONDOWN:
     case WM_XBUTTONDBLCLK: return OnListPress(uMsg, pt);
     case WM_LBUTTONUP: OnListRelease(pt); return true;
-    case WM_RBUTTONUP: return true;
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+    case WM_XBUTTONUP: return true;
     case WM_NCLBUTTONDOWN:
     case WM_NCLBUTTONDBLCLK: return !List().IsOverBar(pt);
     case WM_MOUSEMOVE: OnListMove(wParam, pt); return true;
@@ -332,11 +392,32 @@ bool GComboBox::Modern::OnListPress(UINT uMsg, POINTS pt)
     GetClientRect(List().m_hWnd, &rcClient);
     m_fHeld = false;
     if (!PtInRect(&rcWindow, {ptScreen.x, ptScreen.y})) {
-        Close(Ending::GiveBack);
+        CloseByPress();
         return true;
     }
     const bool fLeft = uMsg == WM_LBUTTONDOWN || uMsg == WM_LBUTTONDBLCLK;
     return !fLeft || !(List().IsOverBar(ptScreen) || PtInRect(&rcClient, {pt.x, pt.y}));
+}
+
+// The press is used up, and so is its release, for which another window might show its menu.
+void GComboBox::Modern::CloseByPress()
+{
+    const Lifeline life = Life();
+    Close(Ending::GiveBack);
+    if (life && m_phase == Phase::Closed && !GetCapture() && IsAnyButtonDown()) {
+        SetCapture(m_combo.m_hWnd);
+        m_fUsedUp = true;
+    }
+}
+
+// False where no press that closed the list lasts.
+bool GComboBox::Modern::EndPress()
+{
+    if (!std::exchange(m_fUsedUp, false)) {
+        return false;
+    }
+    ReleaseCapture();
+    return true;
 }
 
 // A row is chosen that was pressed too, or that the press on the control was drawn to.
@@ -364,6 +445,7 @@ void GComboBox::Modern::OnListRelease(POINTS pt)
 
 void GComboBox::Modern::Pick(UINT nIndex)
 {
+    m_typed.Forget();
     if (IsOpen()) {
         m_phase = Phase::Closing;
         Finish(CBN_SELENDOK, Choose(nIndex));

@@ -15,6 +15,7 @@ namespace {
 constexpr int MOST_ROW_HEIGHT = 255; // as the platform's lists have it
 constexpr int MOST_FIELD_HEIGHT = 32767;
 constexpr LRESULT DONE = 1;
+constexpr UINT MOST_STORAGE = 1 << 22; // items that room is made for at once
 
 // A new item's index, or that there is no memory for it.
 LRESULT Added(UINT nIndex)
@@ -46,14 +47,17 @@ bool GComboBox::Modern::OnItemQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
 {
     ComboItem* pItem = m_combo.ItemAt(static_cast<UINT>(wParam));
     switch (uMsg) {
-    case CB_ADDSTRING: *plAnswer = AddString(TextArgument(lParam)); return true;
-    case CB_INSERTSTRING:
-        *plAnswer = Added(m_combo.InsertItem(static_cast<UINT>(wParam), 0, TextArgument(lParam), 0, nullptr));
+    case CB_ADDSTRING:
+        *plAnswer = Added(m_combo.InsertItem(NO_INDEX, 0, TextArgument(lParam), 0, nullptr));
         return true;
+    case CB_INSERTSTRING:
+        *plAnswer = InsertString(static_cast<int>(wParam), TextArgument(lParam));
+        return true;
+    case CB_INITSTORAGE: *plAnswer = InitStorage(static_cast<UINT>(wParam)); return true;
     case CB_RESETCONTENT:
         m_combo.RemoveAllItems();
         m_combo.SetText(nullptr);
-        *plAnswer = 0;
+        *plAnswer = CB_OKAY;
         return true;
     case CB_GETITEMDATA: *plAnswer = pItem ? reinterpret_cast<LRESULT>(pItem->pData) : CB_ERR; return true;
     case CB_SETITEMDATA:
@@ -66,11 +70,21 @@ bool GComboBox::Modern::OnItemQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
     }
 }
 
-LRESULT GComboBox::Modern::AddString(LPCWSTR psz)
+// -1 is the end, also where the items are sorted.
+LRESULT GComboBox::Modern::InsertString(int nIndex, LPCWSTR psz)
 {
-    const bool fSorted = Frame::Style(m_combo) & GCBS_SORT;
-    return Added(m_combo.InsertItem(fSorted ? gesso::SortedPlace(m_combo.m_aItems, psz) : NO_INDEX, 0, psz, 0,
-                                    nullptr));
+    const UINT nCount = m_combo.GetItemCount();
+    const UINT nAt = nIndex == -1 ? nCount : static_cast<UINT>(nIndex);
+    return nAt > nCount ? CB_ERR : Added(m_combo.InsertItem(nAt, 0, psz, 0, nullptr));
+}
+
+// How many items there is room for then.
+LRESULT GComboBox::Modern::InitStorage(UINT nItems)
+{
+    if (nItems > MOST_STORAGE || !m_combo.m_aItems.AllocExtra(m_combo.GetItemCount() + nItems)) {
+        return CB_ERRSPACE;
+    }
+    return m_combo.m_aItems.GetBufferLength();
 }
 
 // --- The field
@@ -78,7 +92,12 @@ LRESULT GComboBox::Modern::AddString(LPCWSTR psz)
 bool GComboBox::Modern::OnFieldQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     switch (uMsg) {
-    case CB_GETEDITSEL: *plAnswer = CB_ERR; return !HasField();
+    case CB_GETEDITSEL:
+        if (!HasField()) {
+            *plAnswer = CB_ERR;
+            return true;
+        }
+        return m_editor.OnMessage(EM_GETSEL, wParam, lParam, plAnswer);
     case CB_SETEDITSEL: *plAnswer = SetEditSelection(LOWORD(lParam), HIWORD(lParam)); return true;
     case CB_LIMITTEXT:
         *plAnswer = m_combo.OnLimitText(static_cast<UINT>(wParam));
@@ -109,11 +128,15 @@ LRESULT GComboBox::Modern::SetEditSelection(UINT nStart, UINT nEnd)
 
 LRESULT GComboBox::Modern::SetCue(LPCWSTR psz)
 {
-    LRESULT lAnswer = 0;
-    m_editor.OnMessage(EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(psz), &lAnswer);
-    if (!gesso::HoldTextOrNone(m_cue, psz)) {
+    gesso::ControlText cue;
+    LRESULT lAnswer = FALSE;
+    if (gesso::HoldTextOrNone(cue, psz)) {
+        m_editor.OnMessage(EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(psz), &lAnswer);
+    }
+    if (!lAnswer) {
         return FALSE;
     }
+    m_cue = cue;
     m_combo.Invalidate(0);
     return TRUE;
 }
@@ -148,7 +171,7 @@ bool GComboBox::Modern::OnListQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
     case CB_GETMINVISIBLE: *plAnswer = static_cast<int>(m_nMinVisible); return true;
     case CB_SETDROPPEDWIDTH: m_nDroppedWidth = std::max(0, nArgument); [[fallthrough]];
     case CB_GETDROPPEDWIDTH: *plAnswer = DroppedWidth(); return true;
-    case CB_GETTOPINDEX: *plAnswer = List().IsOpen() ? static_cast<int>(List().RowAt(0)) : 0; return true;
+    case CB_GETTOPINDEX: *plAnswer = TopRow(); return true;
     case CB_SETTOPINDEX: *plAnswer = SetTopIndex(static_cast<UINT>(wParam)); return true;
     case CB_SETEXTENDEDUI:
         m_fExtended = wParam && HasList();
@@ -207,9 +230,7 @@ LRESULT GComboBox::Modern::ItemHeight(int nIndex) const
     if (nIndex == -1) {
         return FieldHeight();
     }
-    const UINT nHeight = List().m_nItemHeight;
-    return nHeight ? static_cast<int>(nHeight)
-                   : gesso::Pixels(m_combo.m_hWnd, gesso::Metrics::COMBO_ROW_HEIGHT);
+    return RowHeight();
 }
 
 // Of the field: the control becomes as much higher or lower.
@@ -220,7 +241,7 @@ LRESULT GComboBox::Modern::SetItemHeight(int nIndex, int nHeight)
         return CB_ERR;
     }
     if (nIndex == 0) {
-        List().m_nItemHeight = static_cast<UINT>(nHeight);
+        m_nRowHeight = nHeight;
         ArrangeIfOpen();
         return CB_OKAY;
     }
@@ -246,6 +267,7 @@ LRESULT GComboBox::Modern::SetTopIndex(UINT nIndex)
     if (!m_combo.ItemAt(nIndex)) {
         return CB_ERR;
     }
+    m_nTop = nIndex;
     if (List().IsOpen()) {
         List().ScrollTo(LONGLONG{nIndex} * List().ItemHeight());
     }

@@ -653,4 +653,213 @@ TEST_F(GComboBoxModernTest, TheParentMayChangeTheListWhenTold)
     host.onReport = nullptr;
 }
 
+TEST_F(GComboBoxModernTest, WithoutAFieldTheTextIsTheSelectedItems)
+{
+    for (const DWORD dwKind : {GCBS_PLAIN, GCBS_DROPDOWNLIST}) {
+        Make(dwKind);
+        combo.SetSelected(2);
+        EXPECT_EQ(Send(WM_SETTEXT, 0, Text(L"told")), CB_ERR);
+        EXPECT_EQ(combo.SetText(L"told"), 0);
+        EXPECT_EQ(TextOf(combo), "Beton");
+        combo.SetItemText(2, L"Renamed");
+        EXPECT_EQ(TextOf(combo), "Renamed");
+        Send(CB_DELETESTRING, 2);
+        EXPECT_EQ(TextOf(combo), "");
+        combo.SetSelected(1);
+        Send(CB_RESETCONTENT);
+        EXPECT_EQ(TextOf(combo), "");
+    }
+    Make(GCBS_DROPDOWN);
+    EXPECT_EQ(Send(WM_SETTEXT, 0, Text(L"told")), TRUE);
+    combo.SetStyle(CHILD | GCBS_DROPDOWNLIST);
+    EXPECT_EQ(TextOf(combo), "");
+    EXPECT_EQ(Codes(), "");
+}
+
+TEST_F(GComboBoxModernTest, AChoiceThatChangesTheTextAloneIsTold)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetSelected(1);
+    combo.SetText(L"other");
+    Open();
+    ClickAt(RowPoint(1));
+    EXPECT_EQ(TextOf(combo), "beta");
+    EXPECT_EQ(Codes(), "9 8 1");
+    combo.SetText(L"other");
+    Open();
+    Key(VK_DOWN);
+    Key(VK_UP);
+    EXPECT_EQ(TextOf(combo), "beta");
+    Key(VK_ESCAPE);
+    EXPECT_EQ(TextOf(combo), "other");
+    EXPECT_EQ(Codes(), "1 1 10 8 1");
+}
+
+TEST_F(GComboBoxModernTest, ItemsThatComeLeaveTheViewAndTheHighlight)
+{
+    Make(GCBS_DROPDOWNLIST, {});
+    for (int i = 0; i < 60; ++i) {
+        combo.InsertItem(NONE, 0, L"item", 0, nullptr);
+    }
+    Send(CB_SETMINVISIBLE, 10);
+    EXPECT_EQ(Send(CB_SETTOPINDEX, 20), CB_OKAY);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 20) << "of a closed list too";
+    Open();
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 20);
+    const POINT pt = RowPoint(2);
+    user::MoveMouse(pt.x, pt.y);
+    user::Pump();
+    combo.InsertItem(NONE, 0, L"late", 0, nullptr);
+    user::Wait(50);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 20);
+    Key(VK_RETURN);
+    EXPECT_EQ(Selected(), 22);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 20);
+    Send(CB_RESETCONTENT);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 0);
+}
+
+TEST_F(GComboBoxModernTest, RowsFitTheFont)
+{
+    Make(GCBS_DROPDOWNLIST);
+    Open();
+    const auto height = [&] { return static_cast<int>(ListRect().bottom - ListRect().top); };
+    const int nFrame = height() - 5 * ROW;
+    const HFONT hFont = CreateFontW(-40, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, nullptr);
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(hFont));
+    const int nRow = static_cast<int>(Send(CB_GETITEMHEIGHT));
+    EXPECT_GE(nRow, 40);
+    EXPECT_EQ(height(), 5 * nRow + nFrame) << "while it is open";
+    combo.SetFont(nullptr);
+    EXPECT_LT(height(), 5 * nRow + nFrame);
+    EXPECT_EQ(Send(CB_SETITEMHEIGHT, 0, 12), CB_OKAY);
+    combo.SetFont(hFont);
+    EXPECT_EQ(height(), 5 * 12 + nFrame) << "what the program says goes first";
+    combo.Destroy();
+    combo.SetFont(nullptr);
+    DeleteObject(hFont);
+}
+
+TEST_F(GComboBoxModernTest, IndicesAndOffsetsBeyondTheEndsAreAnsweredAsThePlatformDoes)
+{
+    Make(GCBS_DROPDOWN | GCBS_SORT, {});
+    combo.InsertItem(NONE, 0, L"melon", 0, nullptr);
+    EXPECT_EQ(combo.InsertItem(NONE, 0, L"apple", 0, nullptr), 0U) << "the operation sorts too";
+    EXPECT_EQ(combo.InsertItem(1, 0, L"zebra", 0, nullptr), 1U) << "but for a place that is given";
+    EXPECT_EQ(Send(CB_INSERTSTRING, NONE, Text(L"aaa")), 3) << "the end";
+    for (const int nIndex : {5, 99, -2}) {
+        EXPECT_EQ(Send(CB_INSERTSTRING, static_cast<WPARAM>(nIndex), Text(L"x")), CB_ERR) << nIndex;
+    }
+    EXPECT_EQ(Send(CB_INSERTSTRING, 4, Text(L"x")), 4);
+    EXPECT_EQ(Send(CB_GETCOUNT), 5);
+    EXPECT_GE(Send(CB_INITSTORAGE, 100, 1000), 105);
+    EXPECT_EQ(Send(CB_INITSTORAGE, 0x7FFFFFFF, 0), CB_ERRSPACE);
+    const std::vector<wchar_t> text = [] {
+        std::vector<wchar_t> characters(70'000, L'x');
+        characters.push_back(0);
+        return characters;
+    }();
+    combo.SetText(text.data());
+    DWORD nFrom = 1;
+    DWORD nTo = 0;
+    EXPECT_EQ(Send(CB_SETEDITSEL, 0, MAKELPARAM(0, -1)), 1);
+    EXPECT_EQ(Send(CB_GETEDITSEL, reinterpret_cast<WPARAM>(&nFrom), reinterpret_cast<LPARAM>(&nTo)), -1);
+    EXPECT_EQ(nFrom, 0U);
+    EXPECT_EQ(nTo, 70'000U);
+}
+
+TEST_F(GComboBoxModernTest, AWordThatWasCompletedIsTakenBackAsOne)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetAutoComplete(true);
+    Type("zz beto");
+    Key(VK_HOME, {VK_SHIFT});
+    Type("beto");
+    EXPECT_EQ(TextOf(combo), "beton");
+    Key('Z', {VK_CONTROL});
+    EXPECT_EQ(TextOf(combo), "zz beto");
+    Key('Y', {VK_CONTROL});
+    EXPECT_EQ(TextOf(combo), "beton");
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(4, 5));
+    Type("x");
+    EXPECT_EQ(TextOf(combo), "betox");
+    Key(VK_BACK);
+    Key('Z', {VK_CONTROL});
+    EXPECT_EQ(TextOf(combo), "betox") << "removing is a step of its own";
+}
+
+TEST_F(GComboBoxModernTest, AStepAClickOrTheFocusBeginsANewWord)
+{
+    const std::function<void()> acts[] = {
+        [&] { Key(VK_UP); },
+        [&] {
+            SetFocus(host);
+            SetFocus(combo);
+        },
+        [&] {
+            ClickAt(ButtonPoint());
+            ClickAt(ButtonPoint());
+        },
+    };
+    for (const auto& act : acts) {
+        SCOPED_TRACE(&act - acts);
+        Make(GCBS_DROPDOWNLIST);
+        Type("g");
+        EXPECT_EQ(TextOf(combo), "gamma");
+        act();
+        Type("a");
+        EXPECT_EQ(TextOf(combo), "Alpha");
+    }
+}
+
+TEST_F(GComboBoxModernTest, PagesInAClosedListAreOfTheRowsThatItWouldShow)
+{
+    for (const DWORD dwKind : {GCBS_PLAIN, GCBS_DROPDOWN, GCBS_DROPDOWNLIST}) {
+        Make(dwKind, {});
+        for (int i = 0; i < 60; ++i) {
+            combo.InsertItem(NONE, 0, L"item", 0, nullptr);
+        }
+        Send(CB_SETMINVISIBLE, 7);
+        combo.SetSelected(0);
+        Key(VK_NEXT);
+        EXPECT_EQ(Selected(), 6);
+        Key(VK_NEXT);
+        Key(VK_PRIOR);
+        EXPECT_EQ(Selected(), 6);
+        Key(VK_PRIOR);
+        Key(VK_PRIOR);
+        EXPECT_EQ(Selected(), 0);
+    }
+}
+
+TEST_F(GComboBoxModernTest, ADragOfTextHasTheKeysAndEndsInTheText)
+{
+    Make(GCBS_DROPDOWN);
+    const auto drag = [&] {
+        combo.SetText(L"some words");
+        Send(CB_SETEDITSEL, 0, MAKELPARAM(0, 4));
+        Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 12));
+        Send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(60, 12));
+    };
+    const auto wantsEscape = [&] {
+        const MSG msg{combo, WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};
+        return (Send(WM_GETDLGCODE, VK_ESCAPE, reinterpret_cast<LPARAM>(&msg)) & DLGC_WANTALLKEYS) != 0;
+    };
+    drag();
+    EXPECT_TRUE(wantsEscape()) << "or a dialog closes";
+    Send(WM_KEYDOWN, VK_DOWN, 1);
+    Send(WM_KEYDOWN, VK_F4, 1);
+    EXPECT_FALSE(IsOpen());
+    Send(WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_FALSE(wantsEscape());
+    Send(WM_LBUTTONUP, 0, MAKELPARAM(95, 12));
+    EXPECT_EQ(TextOf(combo), "some words");
+    drag();
+    Send(WM_LBUTTONUP, 0, MAKELPARAM(COMBO_CX - 5, 12));
+    EXPECT_EQ(TextOf(combo), "some words") << "on the button";
+    drag();
+    Send(WM_LBUTTONUP, 0, MAKELPARAM(95, 12));
+    EXPECT_EQ(TextOf(combo), " wordssome");
+}
+
 } // namespace

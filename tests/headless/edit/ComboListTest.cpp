@@ -553,4 +553,21 @@ TEST_F(ComboListTest, AWindowThatHadTheCaptureMayDestroyTheControlAsTheListClose
     EXPECT_FALSE(IsWindow(hwnd));
 }
 
+TEST_F(ComboListTest, ThePressThatClosesItInModernIsUsedUpWithItsRelease)
+{
+    const Modern modern;
+    Make(GCBS_DROPDOWNLIST, 5);
+    const POINT pt = OnScreen(Parent(), 300, 5);
+    const Interception release(Parent(), WM_RBUTTONUP, [] {});
+    SendMessageW(Combo(), CB_SHOWDROPDOWN, TRUE, 0);
+    desk::Click(pt.x, pt.y, desk::Button::Right);
+    desk::Pump();
+    EXPECT_FALSE(List());
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_FALSE(release.Happened()) << "or a menu comes up";
+    desk::Click(pt.x, pt.y, desk::Button::Right);
+    desk::Pump();
+    EXPECT_TRUE(release.Happened());
+}
+
 } // namespace

@@ -1,6 +1,7 @@
 // Edit fields and combo boxes without memory for what is to come in: it stays out, and what is there stays.
 
 #include "../../edit/EditFixture.h"
+#include "../../support/WithBehavior.h"
 #include "../edit/ComboFixture.h"
 #include "../edit/LineModel.h"
 #include "MemoryLimit.h"
@@ -187,6 +188,56 @@ TEST_F(ComboMemoryTest, ATableOfItemsThatCannotGrowKeepsThem)
     EXPECT_GT(nCount, 7'000u);
     EXPECT_EQ(Combo().GetItemCount(), nCount);
     EXPECT_EQ(limit.Refused(), 1u);
+}
+
+// Wherever it runs out, selection, text and what is told go together.
+TEST_F(ComboMemoryTest, InModernEachChangeIsWholeOrNotMade)
+{
+    const Modern modern;
+    const std::vector<wchar_t> many = Repeated(L"x", 20'000);
+    SetClipboard(Repeated(L"y", 3000).data());
+    int nDone = 0;
+    int nRefused = 0;
+    for (size_t cbLargest = 4096; cbLargest < 200'000; cbLargest += cbLargest / 4) {
+        SCOPED_TRACE(cbLargest);
+        Make(GCBS_DROPDOWN, 1);
+        Combo().InsertItem(NONE, 0, many.data(), 0, nullptr);
+        Combo().SetSelected(0);
+        ShowWindow(Combo(), SW_HIDE); // no record of its drawing takes memory
+        TheHost().TakeReports();
+        // What was done, and told, or neither; it leads from the first item to the second.
+        const auto check = [&](bool fTold) {
+            const bool fDone = Combo().GetSelected() == 1;
+            EXPECT_EQ(Combo().GetTextLength(), fDone ? 20'000 : 6);
+            EXPECT_EQ(!TheHost().TakeReports().empty(), fTold && fDone);
+            ++(fDone ? nDone : nRefused);
+            Combo().SetSelected(0);
+        };
+        const MemoryLimit limit(cbLargest);
+        Combo().SetSelected(1);
+        check(false);
+        SendMessageW(Combo(), WM_KEYDOWN, VK_DOWN, 1);
+        check(true);
+        Combo().SetText(L"");
+        for (int i = 0; i < 15; ++i) {
+            const int nFormer = Combo().GetTextLength();
+            SendMessageW(Combo(), WM_PASTE, 0, 0);
+            const int nLength = Combo().GetTextLength();
+            const bool fDone = nLength == nFormer + 3000;
+            EXPECT_TRUE(fDone || nLength == nFormer);
+            EXPECT_EQ(TheHost().TakeReports().size(), fDone ? 2U : 0U);
+            DWORD nCaret = 0;
+            SendMessageW(Combo(), CB_GETEDITSEL, 0, reinterpret_cast<LPARAM>(&nCaret));
+            EXPECT_EQ(nCaret, static_cast<DWORD>(nLength)) << "the field has the same text";
+            ++(fDone ? nDone : nRefused);
+        }
+        EXPECT_TRUE(Combo().IsSound());
+        Combo().Destroy();
+        Combo().RemoveAllItems();
+    }
+    EXPECT_GT(nDone, 0);
+    EXPECT_GT(nRefused, 0);
+    EmptyTheClipboard();
 }
 
 } // namespace
