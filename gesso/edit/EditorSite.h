@@ -20,6 +20,8 @@ public:
     virtual LRESULT Tell(UINT uCode) = 0;
     // How far the content reaches now: bars are shown and placed by it. A site without bars does nothing.
     virtual void SetRange(int nBar, int nMax, UINT nPage, int nPos) = 0;
+    // Whether the control, too, has memory for a text of so many characters: an edit is not made otherwise.
+    virtual bool HasRoomFor(UINT) { return true; }
     // Whether text that is dragged may be dropped at a point of the window, in client coordinates.
     virtual bool TakesDropAt(POINT) const { return true; }
 

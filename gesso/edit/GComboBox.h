@@ -35,7 +35,8 @@ constexpr DWORD GCBS_PLAIN = 0x4;        // a border and no button; the arrow ke
 constexpr DWORD GCBS_DROPDOWN = 0x8;     // a text field that the user edits, and a button for the list
 constexpr DWORD GCBS_DROPDOWNLIST = 0xC; // a face that shows the selected item; all of it opens the list
 constexpr DWORD GCBS_KIND = 0xC;
-// In Modern: CB_ADDSTRING inserts in the order of the texts, as the user's language has it.
+// In Modern: CB_ADDSTRING, and InsertItem with -1, insert in the order of the texts, as the user's language
+// has it. What is there before the window is made, or has another text later, stays where it is.
 constexpr DWORD GCBS_SORT = 0x100;
 
 // One item. The control owns the record and its text, and gives no meaning to the other fields.
@@ -83,8 +84,8 @@ public:
     // The whole window style; repaints. Returns the former style.
     virtual DWORD SetStyle(DWORD dwStyle);
     virtual DWORD GetStyle() const;
-    // The font stays the host's, and must live as long as the control uses it. No repaint. Null: the font
-    // that the drawing context happens to have.
+    // The font stays the host's, and must live as long as the control uses it. No repaint, but of an open
+    // list in Modern. Null: the font that the drawing context happens to have.
     virtual void SetFont(HFONT hFont);
     virtual HFONT GetFont() const;
     // The height of the open list in pixels, its frame included; it never exceeds what the items need. 150
@@ -96,7 +97,8 @@ public:
     UINT GetDropdownHeight() { return SetDropdownHeight(); }
 
     // Copies the text (null counts as empty), puts the caret behind it, in Modern before it, and repaints.
-    // The selected item stays. Returns 1, or 0 with nothing done where there is no memory for the text.
+    // The selected item stays. Returns 1, or 0 with nothing done where there is no memory for the text, and
+    // in Modern in the kinds without a field, whose text is the selected item's.
     virtual int SetText(LPCWSTR pszText);
     // In characters, without the terminator.
     virtual int GetTextLength() const;
@@ -105,14 +107,15 @@ public:
     // needed and returns 0.
     virtual int GetText(LPWSTR pszBuffer, int* pnLength) const;
 
-    // Inserts a copy of the text before the item nIndex, or at the end where there is no such item. Returns
+    // Inserts a copy of the text before the item nIndex, or at the end where there is no such item; see
+    // GCBS_SORT. Returns
     // the index of the new item, or -1 with nothing done where there is no memory for it. In Classic the
     // index of the selected one is left as it is, here and in RemoveItem, and in Modern it goes with its
     // item; none of these operations repaints.
     virtual UINT InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImage, void* pData);
     // Returns the number of items left, or -1 for a bad index.
     virtual UINT RemoveItem(UINT nIndex);
-    // No item is selected afterwards. The text stays.
+    // No item is selected afterwards. The text stays, in Modern in a field alone.
     virtual void RemoveAllItems();
     virtual UINT GetItemCount() const;
     // A bad index gets 0 or null, and is ignored by the setters. The text is valid until the item changes; it

@@ -67,6 +67,7 @@ private:
     RECT TextRect() const override;
     LRESULT Tell(UINT uCode) override;
     void SetRange(int, int, UINT, int) override {}
+    bool HasRoomFor(UINT nLength) override;
     bool TakesDropAt(POINT pt) const override;
 
     // --- Messages
@@ -99,14 +100,13 @@ private:
     // --- The field
     bool OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     bool OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
-    bool OnEdited();
+    void OnEdited();
     bool IsDragging() const { return HasField() && m_editor.IsDragging(); }
     void SetLimit();
     bool IsPointerOnText() const;
     void CompleteText();
-    bool CopyText();
+    void CopyText();
     void CopySelection();
-    void GiveTextBack();
     UINT TextLength() const { return m_editor.Text().Length(); }
     // The item that the text of the field leads to.
     UINT MatchOfText() const;
@@ -177,7 +177,6 @@ private:
 
     bool m_fTyping = false; // edits are told at the end of the message
     bool m_fEdited = false; // there was one
-    bool m_fLost = false;   // there was no memory for it, and it goes again
 
     Phase m_phase = Phase::Closed;
     UINT m_nOpenings = 0;

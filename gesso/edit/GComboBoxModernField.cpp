@@ -63,15 +63,13 @@ LRESULT GComboBox::Modern::Tell(UINT uCode)
 {
     switch (uCode) {
     case EN_UPDATE:
-        m_fLost = !OnEdited();
-        if (!m_fLost && !m_fTyping) {
+        OnEdited();
+        if (!m_fTyping) {
             Report(CBN_EDITUPDATE);
         }
         return 0;
     case EN_CHANGE:
-        if (std::exchange(m_fLost, false)) {
-            GiveTextBack();
-        } else if (!m_fTyping) {
+        if (!m_fTyping) {
             Report(CBN_EDITCHANGE);
         }
         return 0;
@@ -82,6 +80,11 @@ LRESULT GComboBox::Modern::Tell(UINT uCode)
     }
 }
 
+bool GComboBox::Modern::HasRoomFor(UINT nLength)
+{
+    return m_combo.m_strText.GetBuffer(nLength + 1) != nullptr;
+}
+
 bool GComboBox::Modern::TakesDropAt(POINT pt) const
 {
     return m_combo.PartAt({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)}) == gesso::COMBO_TEXT;
@@ -89,25 +92,15 @@ bool GComboBox::Modern::TakesDropAt(POINT pt) const
 
 // --- What the members of the public class tell
 
-// False without memory.
-bool GComboBox::Modern::CopyText()
+// There is room for it, by HasRoomFor, or since it was there before.
+void GComboBox::Modern::CopyText()
 {
     const gesso::SplitText text = m_editor.Text();
-    wchar_t* psz = m_combo.m_strText.GetBuffer(text.Length() + 1);
-    if (psz) {
+    if (wchar_t* psz = m_combo.m_strText.GetBuffer(text.Length() + 1)) {
         text.Copy({0, text.Length()}, psz);
         m_combo.m_strText.ReleaseBuffer(text.Length());
-        CopySelection();
     }
-    return psz != nullptr;
-}
-
-// An edit that the members have no memory for goes, and with it what could be taken back.
-void GComboBox::Modern::GiveTextBack()
-{
-    if (m_editor.SetText(m_combo.m_strText)) {
-        m_editor.Select(m_combo.m_nAnchor, m_combo.m_nCaret);
-    }
+    CopySelection();
 }
 
 void GComboBox::Modern::CopySelection()
@@ -223,19 +216,16 @@ void GComboBox::Modern::CompleteText()
     m_editor.Complete(m_combo.ItemAt(nItem)->pszText + nTyped); // a limit may leave some out
 }
 
-// The text is no item's any longer. An open list shows the item that it leads to. False without memory.
-bool GComboBox::Modern::OnEdited()
+// The text is no item's any longer. An open list shows the item that it leads to.
+void GComboBox::Modern::OnEdited()
 {
-    if (!CopyText()) {
-        return false;
-    }
     m_fEdited = true;
+    CopyText();
     m_combo.ChangeSelection(NO_INDEX);
     m_fStepped = false;
     if (IsOpen()) {
         HighlightText();
     }
-    return true;
 }
 
 UINT GComboBox::Modern::MatchOfText() const

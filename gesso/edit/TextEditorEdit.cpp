@@ -23,7 +23,9 @@ bool TextEditor::Inside::Replace(const TextRange& range, LPCWSTR psz, UINT n, Ed
     if (range.Length() == 0 && n == 0) {
         return true;
     }
-    if (!model.Replace(range, psz, n, kind, GetTickCount(), fCanUndo)) {
+    if (!site.HasRoomFor(model.Length() - range.Length() + n) ||
+        !model.Replace(range, psz, n, kind, GetTickCount(), fCanUndo))
+    {
         return false;
     }
     fTrailing = n > 0;
@@ -163,8 +165,13 @@ bool TextEditor::Inside::Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origi
 
 bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
 {
+    const auto pfnBack = pfnStep == &EditModel::Undo ? &EditModel::Redo : &EditModel::Undo;
     const bool fMarked = model.HasSelection() || composition.IsActive();
     if (!MayChange() || !(model.*pfnStep)()) {
+        return false;
+    }
+    if (!site.HasRoomFor(model.Length())) {
+        static_cast<void>((model.*pfnBack)());
         return false;
     }
     fRowsChanged = fRowsChanged || fMarked || model.HasSelection();

@@ -1,6 +1,7 @@
 // Random use of a combo box, open and closed, beside a plain model of its items; what must hold always is
 // looked at after each step.
 
+#include "../../support/WithBehavior.h"
 #include "ComboFixture.h"
 
 #include <random>
@@ -89,6 +90,41 @@ protected:
         Combo().SetStyle(WS_CHILD | WS_VISIBLE | kinds[Pick(std::size(kinds))]);
     }
 
+    // What Modern knows besides.
+    void ActInModern(HFONT hFont)
+    {
+        const POINT pt = OnScreen(Combo(), Pick(160) - 20, Pick(60) - 20);
+        const auto nAny = static_cast<WPARAM>(Pick(40) - 1);
+        switch (Pick(9)) {
+        case 0: Combo().SetFont(Pick(2) ? hFont : nullptr); break;
+        case 1: SendMessageW(Combo(), CB_SETTOPINDEX, nAny, 0); break;
+        case 2: SendMessageW(Combo(), CB_INITSTORAGE, nAny, 0); break;
+        case 3: SendMessageW(Combo(), CB_SETMINVISIBLE, nAny, 0); break;
+        case 4: SendMessageW(Combo(), CB_SETITEMHEIGHT, 0, Pick(30)); break;
+        case 5: desk::Click(pt.x, pt.y, desk::Button::Right); break;
+        case 6: Rename(); break;
+        case 7: desk::Advance(20); break;
+        default: desk::TypeText("aabc"); break;
+        }
+    }
+    void Rename()
+    {
+        const auto nAt = static_cast<size_t>(Pick(10));
+        if (nAt < m_model.size()) {
+            Combo().SetItemText(static_cast<UINT>(nAt), L"new");
+            m_model[nAt] = "new";
+        }
+    }
+    // Without a field the text is the selected item's.
+    void CheckText()
+    {
+        if ((Combo().GetStyle() & GCBS_KIND) != GCBS_DROPDOWN) {
+            const size_t nSelected = Combo().GetSelected();
+            ASSERT_EQ(TextOf(Combo()), nSelected < m_model.size() ? m_model[nSelected] : "");
+        }
+        ASSERT_EQ(List() != nullptr, SendMessageW(Combo(), CB_GETDROPPEDSTATE, 0, 0) != 0);
+    }
+
     // An action whenever the open list's loop is quiet; in the end the list is closed.
     void KeepActing()
     {
@@ -132,6 +168,37 @@ TEST_F(ComboMonkeyTest, AnyUseKeepsItemsTextAndSelectionInOrder)
         ASSERT_FALSE(List());
     }
     EXPECT_GT(nOpenings, 100) << "the list has to be used as well";
+    desk::SetClipboardText("");
+}
+
+TEST_F(ComboMonkeyTest, SoItDoesInModern)
+{
+    const Modern modern;
+    const HFONT hFont = CreateFontW(-30, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, nullptr);
+    desk::SetClipboardText("pasted\r\ntext");
+    int nOpen = 0;
+    for (unsigned uSeed = 1; uSeed <= 60 && !HasFatalFailure(); ++uSeed) {
+        SCOPED_TRACE(uSeed);
+        m_random.seed(uSeed);
+        m_model.clear();
+        pCombo = std::make_unique<ComboProbe>();
+        Make(uSeed % 3 ? GCBS_DROPDOWN : GCBS_DROPDOWNLIST);
+        Combo().SetAutoComplete(uSeed % 2);
+        SetFocus(Combo());
+        for (int nStep = 0; nStep < 150 && !HasFatalFailure(); ++nStep) {
+            Pick(3) ? Act() : ActInModern(hFont);
+            desk::Pump();
+            nOpen += List() != nullptr;
+            Check();
+            CheckText();
+        }
+        desk::ReleaseButton();
+        desk::Pump();
+        Combo().Destroy();
+        ASSERT_FALSE(List());
+    }
+    EXPECT_GT(nOpen, 1000) << "the list has to be used as well";
+    DeleteObject(hFont);
     desk::SetClipboardText("");
 }
 

@@ -198,7 +198,7 @@ TEST_F(ComboMemoryTest, InModernEachChangeIsWholeOrNotMade)
     SetClipboard(Repeated(L"y", 3000).data());
     int nDone = 0;
     int nRefused = 0;
-    for (size_t cbLargest = 4096; cbLargest < 200'000; cbLargest += cbLargest / 4) {
+    for (size_t cbLargest = 4096; cbLargest < 150'000; cbLargest += cbLargest / 16) {
         SCOPED_TRACE(cbLargest);
         Make(GCBS_DROPDOWN, 1);
         Combo().InsertItem(NONE, 0, many.data(), 0, nullptr);
@@ -238,6 +238,25 @@ TEST_F(ComboMemoryTest, InModernEachChangeIsWholeOrNotMade)
     EXPECT_GT(nDone, 0);
     EXPECT_GT(nRefused, 0);
     EmptyTheClipboard();
+}
+
+TEST_F(ComboMemoryTest, InModernAnEditThatTheTextHasNoRoomForGoes)
+{
+    const Modern modern;
+    Make(GCBS_DROPDOWN);
+    ShowWindow(Combo(), SW_HIDE);
+    Combo().SetText(Repeated(L"x", 20'000).data());
+    {
+        const MemoryLimit limit(30'000); // of which the field itself needs none
+        SendMessageW(Combo(), WM_CHAR, 'y', 1);
+        EXPECT_EQ(limit.Refused(), 1U);
+    }
+    EXPECT_EQ(Combo().GetTextLength(), 20'000);
+    EXPECT_EQ(TheHost().TakeReports(), Reports{});
+    SendMessageW(Combo(), WM_CHAR, 'z', 1);
+    EXPECT_EQ(TextOf(Combo()).substr(0, 2), "zx");
+    EXPECT_EQ(Combo().GetTextLength(), 20'001);
+    EXPECT_EQ(TheHost().TakeReports().size(), 2U);
 }
 
 } // namespace
