@@ -175,8 +175,8 @@ private:
     int m_nWidest = -1;       // of the items, in pixels; -1 until they are measured
     bool m_fExtended = false; // CB_SETEXTENDEDUI
 
-    bool m_fTyping = false; // edits are told at the end of the message
-    bool m_fEdited = false; // there was one
+    bool m_fTyped = false;      // the next edit is to be completed
+    bool m_fCompleting = false; // this one is part of what is told then
 
     Phase m_phase = Phase::Closed;
     UINT m_nOpenings = 0;

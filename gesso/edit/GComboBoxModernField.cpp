@@ -64,12 +64,15 @@ LRESULT GComboBox::Modern::Tell(UINT uCode)
     switch (uCode) {
     case EN_UPDATE:
         OnEdited();
-        if (!m_fTyping) {
+        if (std::exchange(m_fTyped, false)) {
+            CompleteText();
+        }
+        if (!m_fCompleting) {
             Report(CBN_EDITUPDATE);
         }
         return 0;
     case EN_CHANGE:
-        if (!m_fTyping) {
+        if (!m_fCompleting) {
             Report(CBN_EDITCHANGE);
         }
         return 0;
@@ -184,25 +187,18 @@ bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, 
 bool GComboBox::Modern::OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
     const Lifeline life = Life();
-    m_fTyping = m_combo.m_inside->fCompletes;
-    m_fEdited = false;
+    m_fTyped = m_combo.m_inside->fCompletes &&
+               (uMsg != WM_CHAR || (IsPrintable(wParam) && !IS_HIGH_SURROGATE(wParam)));
     const bool fTaken = m_editor.OnMessage(uMsg, wParam, lParam, plAnswer);
     if (!life) {
         return true;
     }
-    if (m_fTyping && m_fEdited && (uMsg != WM_CHAR || (IsPrintable(wParam) && !IS_HIGH_SURROGATE(wParam)))) {
-        CompleteText();
-    }
-    if (!life) {
-        return true;
-    }
+    m_fTyped = false;
     CopySelection();
-    if (std::exchange(m_fTyping, false) && m_fEdited && Report(CBN_EDITUPDATE)) {
-        Report(CBN_EDITCHANGE);
-    }
     return fTaken || uMsg == WM_CHAR;
 }
 
+// Within the edit that is completed, before anybody is told of it or sees it.
 void GComboBox::Modern::CompleteText()
 {
     const UINT nTyped = TextLength();
@@ -213,13 +209,14 @@ void GComboBox::Modern::CompleteText()
     if (nItem == NO_INDEX || wcslen(m_combo.ItemAt(nItem)->pszText) <= nTyped) {
         return;
     }
+    m_fCompleting = true;
     m_editor.Complete(m_combo.ItemAt(nItem)->pszText + nTyped); // a limit may leave some out
+    m_fCompleting = false;
 }
 
 // The text is no item's any longer. An open list shows the item that it leads to.
 void GComboBox::Modern::OnEdited()
 {
-    m_fEdited = true;
     CopyText();
     m_combo.ChangeSelection(NO_INDEX);
     m_fStepped = false;

@@ -116,8 +116,15 @@ void TextEditor::Inside::Drop(POINT pt)
     if (watch && fTaken && !fCopies && MayChange() && IsSelected(range, text)) {
         Replace(range, L"", 0, EditKind::Step, Origin::User);
     }
+    if (!watchTarget) {
+        return;
+    }
+    const UINT nAnchor = field.model.Anchor();
+    const UINT nCaret = field.model.Caret();
+    SetFocus(hwndTarget); // by which a combo box selects all
     if (watchTarget) {
-        SetFocus(hwndTarget);
+        field.Select(nAnchor, nCaret);
+        field.ShowChange();
     }
 }
 

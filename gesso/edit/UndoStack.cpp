@@ -82,7 +82,7 @@ bool UndoStack::Joins(const UndoEdit& edit, EditKind kind, DWORD dwNow, bool fSp
         return m_fOpen;
     }
     if (kind == EditKind::Completing) {
-        return m_kind == EditKind::Typing && Adjoins(LastEdit(), edit, EditKind::Typing);
+        return Adjoins(LastEdit(), edit, EditKind::Typing);
     }
     const bool fSameWord = fSpace || !m_fBehindSpace;
     const bool fGoesOn = Adjoins(LastEdit(), edit, kind) || TakesPlaceOfCompletion(edit);

@@ -298,6 +298,10 @@ TEST_F(CompositionTest, AComboBoxTakesEscForItsOwnAndCompletesWhatIsAccepted)
     EXPECT_EQ(TextOf(hwnd), "abcdef");
     SendMessageW(hwnd, WM_CHAR, 'x', 1);
     EXPECT_EQ(TextOf(hwnd), "abx") << "what was completed is selected";
+    SendMessageW(hwnd, WM_UNDO, 0, 0);
+    EXPECT_EQ(TextOf(hwnd), "abcdef");
+    SendMessageW(hwnd, WM_UNDO, 0, 0);
+    EXPECT_EQ(TextOf(hwnd), "") << "what was accepted and what completes it are one step";
 }
 
 TEST_F(CompositionTest, TheControlMayGoWhenTheTextIsAccepted)

@@ -574,7 +574,9 @@ TEST_F(GComboBoxModernTest, TypingCompletesTheFirstItemThatBeginsSo)
     combo.SetText(L"");
     combo.SetAutoComplete(true);
     host.TakeReports();
+    host.onReport = [&](const std::string&) { EXPECT_EQ(TextOf(combo), "Beta") << "whole when it is told"; };
     Type("B");
+    host.onReport = nullptr;
     EXPECT_EQ(TextOf(combo), "Beta");
     EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(1, 4));
     EXPECT_EQ(Codes(), "6 5") << "told once";
@@ -860,6 +862,18 @@ TEST_F(GComboBoxModernTest, ADragOfTextHasTheKeysAndEndsInTheText)
     drag();
     Send(WM_LBUTTONUP, 0, MAKELPARAM(95, 12));
     EXPECT_EQ(TextOf(combo), " wordssome");
+    GEdit edit;
+    edit.Create(COMBO_X, COMBO_Y + 40, COMBO_CX, COMBO_CY, host, 6, L"edit", CHILD | ES_AUTOHSCROLL, 0);
+    edit.SetSel(0, 4);
+    SetFocus(edit);
+    edit.SetSel(0, 4);
+    SendMessageW(edit, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 12));
+    SendMessageW(edit, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(60, 12));
+    SendMessageW(edit, WM_LBUTTONUP, 0, MAKELPARAM(95, static_cast<WORD>(12 - 40)));
+    EXPECT_EQ(TextOf(combo), " wordssomeedit");
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(10, 14)) << "what was dropped";
+    EXPECT_EQ(GetFocus(), combo.GetHwnd());
+    edit.Destroy();
 }
 
 } // namespace
