@@ -72,6 +72,14 @@ public:
     }
 
 private:
+    // What a run has of a character that began in the one before; of a run without a cell, where it is.
+    struct Lead
+    {
+        TextRange range;
+        int x;
+        int cx;
+    };
+
     bool Begins(UINT n) const
     {
         return n == 0 || IsClusterBoundary(m_source.text, m_source.nStart + m_nStart + n);
@@ -94,7 +102,7 @@ private:
             n = nEnd;
         }
         if (m_lead.Length() > 0) {
-            m_leads.push_back(m_lead);
+            m_leads.push_back({m_lead, x, std::exchange(m_cxLead, 0)});
         }
         PlaceRun(nFirstCell, x, fRightToLeft);
     }
@@ -146,14 +154,31 @@ private:
     void JoinLeads()
     {
         std::sort(m_leads.begin(), m_leads.end(),
-                  [](const TextRange& a, const TextRange& b) { return a.nFrom < b.nFrom; });
-        for (const TextRange& lead : m_leads) {
-            const auto cell = std::find_if(m_cells.begin(), m_cells.end(),
-                                           [&](const TextCell& other) { return other.nTo == lead.nFrom; });
+                  [](const Lead& a, const Lead& b) { return a.range.nFrom < b.range.nFrom; });
+        for (const Lead& lead : m_leads) {
+            const auto cell = std::find_if(m_cells.begin(), m_cells.end(), [&](const TextCell& other) {
+                return other.nTo == lead.range.nFrom;
+            });
             if (cell != m_cells.end()) {
-                cell->nTo = lead.nTo;
+                cell->nTo = lead.range.nTo;
+            }
+            if (lead.cx != 0 && !(cell != m_cells.end() && Widen(*cell, lead))) {
+                static_cast<void>(std::any_of(m_cells.begin(), m_cells.end(),
+                                              [&](TextCell& other) { return Widen(other, lead); }));
             }
         }
+    }
+
+    // A run that only goes on with a character has no cell: the room it takes is that of the cell beside it,
+    // best of the character's own.
+    static bool Widen(TextCell& cell, const Lead& lead)
+    {
+        if (cell.Right() != lead.x && cell.x != lead.x + lead.cx) {
+            return false;
+        }
+        cell.x = std::min(cell.x, lead.x);
+        cell.cx += lead.cx;
+        return true;
     }
 
     const LineSource& m_source;
@@ -162,7 +187,7 @@ private:
     std::vector<TextCell> m_cells;
     TextRange m_lead{0, 0}; // of the run that is added, what is in front of its first cell
     int m_cxLead = 0;
-    std::vector<TextRange> m_leads;
+    std::vector<Lead> m_leads;
 };
 
 } // namespace

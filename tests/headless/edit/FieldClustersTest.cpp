@@ -3,6 +3,8 @@
 #include "../../edit/EditFixture.h"
 #include "../../support/WithBehavior.h"
 
+#include <gesso/edit/PreparedLine.h>
+#include <gesso/framework/DrawScope.h>
 #include <gesso/text/TextBoundary.h>
 
 namespace {
@@ -55,6 +57,45 @@ TEST_F(FieldClustersTest, ARunThatBeginsWithinACharacterIsPassedWithIt)
     EXPECT_EQ(CaretAfter(VK_RIGHT), 3);
     EXPECT_EQ(CaretAfter(VK_LEFT), 1);
     EXPECT_EQ(CaretAfter(VK_LEFT), 0);
+}
+
+// The run of the mark has no other character: its room is that of the letter.
+TEST_F(FieldClustersTest, ACharacterIsAsWideAsAllItsRuns)
+{
+    Make(20, 3, ES_AUTOHSCROLL);
+    const gesso::WindowContext hdc(edit.GetHwnd());
+    constexpr wchar_t TEXT[] = L"ya\x08E4z";
+    const gesso::LineStyle style;
+    const gesso::LineSource source{hdc, SplitText(TEXT, 4), 0, style};
+    gesso::PreparedLine line;
+    line.Prepare(source, 4);
+    const auto stretches = line.Stretches(source, {1, 3}, 0, line.Width());
+    ASSERT_EQ(stretches.size(), 1U);
+    EXPECT_EQ(stretches[0].nLeft, line.XOf(source, {1, false}));
+    EXPECT_EQ(stretches[0].nRight, line.XOf(source, {3, false}));
+    EXPECT_EQ(line.PlaceAt(source, stretches[0].nRight - 1).n, 3U);
+    EXPECT_EQ(line.PlaceAt(source, (stretches[0].nLeft + stretches[0].nRight) / 2 - 1).n, 1U);
+}
+
+// A field keeps its behaviour; its lines are prepared as the process says.
+TEST_F(FieldClustersTest, AFieldOfModernStaysWholeAfterTheProcessTurnsClassic)
+{
+    Make(20, 3, ES_AUTOHSCROLL);
+    SetFocus(edit.GetHwnd());
+    edit.SetText(L"ab \x5D0\x5D1 12");
+    gesso::SetBehavior(gesso::Behavior::Classic);
+    edit.SetText(L"ab \x5D0\x5D1 123");
+    RedrawWindow(edit.GetHwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    std::vector<int> places;
+    for (int i = 0; i < 8; ++i) {
+        places.push_back(CaretAfter(VK_RIGHT));
+    }
+    EXPECT_EQ(std::vector<int>(places.begin(), places.begin() + 3), (std::vector<int>{1, 2, 3}));
+    Send(WM_CHAR, L'x');
+    EXPECT_EQ(Send(WM_GETTEXTLENGTH), 10);
+    EXPECT_EQ(Send(EM_UNDO), TRUE);
+    EXPECT_EQ(Send(WM_GETTEXTLENGTH), 9);
+    gesso::SetBehavior(gesso::Behavior::Modern);
 }
 
 // More of it than what shows on both sides of a composed text.
