@@ -1,5 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Behavior.h>
+#include <gesso/framework/FontChange.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/KeyboardCues.h>
 #include <gesso/framework/Lifeline.h>
@@ -220,6 +221,9 @@ bool Frame::AsksForContextMenu(UINT uMsg, WPARAM wParam)
 
 bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
+    if (uMsg == WM_FONTCHANGE) {
+        ForgetFonts();
+    }
     if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
         if (uMsg == WM_KEYUP) {
             AskForContextMenu(wnd.m_hWnd);

@@ -1,4 +1,5 @@
 #include <gesso/framework/ControlTable.h>
+#include <gesso/framework/FontChange.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
@@ -6,6 +7,7 @@
 
 constinit HMODULE g_hModule = nullptr;
 constinit HFONT g_hDefaultFont = nullptr;
+constinit std::atomic<void (*)()> gesso::g_pfnForgetFonts = nullptr;
 
 namespace {
 
@@ -34,10 +36,12 @@ void* CreateControl(int nKind)
     return kinds[static_cast<size_t>(nKind) - 1]();
 }
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void*)
+extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void* pProcessEnds)
 {
     if (dwReason == DLL_PROCESS_ATTACH) {
         g_hModule = hModule;
+    } else if (dwReason == DLL_PROCESS_DETACH && !pProcessEnds) {
+        gesso::ForgetFonts();
     }
     return TRUE;
 }

@@ -177,17 +177,35 @@ UINT LineBreaker::LastWidth() const
                                               : SumAdvances(m_buffer, m_breaks.back().nGlyph, m_nGlyphs));
 }
 
-// Fills pLogAttr, item by item. What a failing call does not write is zero: no white space and no soft break.
+// Whether an item goes on with the next one: they are of one script, and only their fonts or the end of a
+// line have parted them.
+bool GoesOn(const stcDrawTextBuffer& buffer, UINT nItem)
+{
+    const SCRIPT_ANALYSIS& a = buffer.pItems[nItem].a;
+    const SCRIPT_ANALYSIS& b = buffer.pItems[nItem + 1].a;
+    return IsPaintedAsRead(buffer) && a.fRTL == b.fRTL &&
+           (a.eScript == b.eScript || a.eScript == SCRIPT_UNDEFINED || b.eScript == SCRIPT_UNDEFINED);
+}
+
+// Fills pLogAttr, item by item, as they were before they were parted. What a failing call does not write is
+// zero: no white space and no soft break.
 void FindBreakAttributes(LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer)
 {
     std::fill_n(buffer.pLogAttr, nChars, SCRIPT_LOGATTR());
     const UINT nItems = UsableItems(buffer);
-    for (UINT n = 0; n < nItems; ++n) {
-        const SCRIPT_ITEM& item = buffer.pItems[n];
-        const int nRoom = static_cast<int>(nChars) - item.iCharPos;
-        const int nItemChars = std::min(buffer.pRuns[n].nChars, nRoom);
+    for (UINT n = 0, nNext = 0; n < nItems; n = nNext) {
+        const int nFrom = buffer.pItems[n].iCharPos;
+        SCRIPT_ANALYSIS analysis = buffer.pItems[n].a;
+        int nItemChars = buffer.pRuns[n].nChars;
+        for (nNext = n + 1; nNext < nItems && GoesOn(buffer, nNext - 1); ++nNext) {
+            nItemChars = buffer.pItems[nNext].iCharPos + buffer.pRuns[nNext].nChars - nFrom;
+            if (analysis.eScript == SCRIPT_UNDEFINED) {
+                analysis = buffer.pItems[nNext].a;
+            }
+        }
+        nItemChars = std::min(nItemChars, static_cast<int>(nChars) - nFrom);
         if (nItemChars > 0) {
-            ScriptBreak(pszText + item.iCharPos, nItemChars, &item.a, buffer.pLogAttr + item.iCharPos);
+            ScriptBreak(pszText + nFrom, nItemChars, &analysis, buffer.pLogAttr + nFrom);
         }
     }
 }

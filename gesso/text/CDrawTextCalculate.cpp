@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <new>
+#include <numeric>
 #include <optional>
 #include <vector>
 
@@ -139,6 +140,8 @@ public:
           m_cache(cache)
     {}
 
+    void UseOwnFontOnly() { m_fLinks = false; }
+
     // False without memory: there are no items then, and the other counts are as they were.
     bool Run()
     {
@@ -176,7 +179,7 @@ private:
     void NoteMissing(const SCRIPT_ITEM& item, const stcDrawTextRun& run, bool fWholeScript);
     bool HasDefaultGlyph(const stcDrawTextRun& run);
     bool PartItems();
-    bool TakeItems(const std::vector<SCRIPT_ITEM>& items);
+    bool TakeItems(const std::vector<FontStretch>& stretches);
     bool Shape(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
     HRESULT ShapeInScript(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
     void Place(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& cache);
@@ -202,7 +205,7 @@ private:
     SCRIPT_CACHE& m_cache;
     bool m_fRefused = false; // there was no memory
 
-    const bool m_fLinks = !WillHave(Quirk::TextHasOneFont);
+    bool m_fLinks = !WillHave(Quirk::TextHasOneFont);
     bool m_fDefaultRead = false;
     std::optional<WORD> m_wDefault; // the glyph for what the context's font lacks
     std::optional<FontSplitter> m_splitter;
@@ -355,6 +358,11 @@ void Calculation::Place(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& ca
     if (FAILED(hr)) {
         ClearPlaces(run);
     }
+    if (IsPaintedAsRead(m_arrays)) {
+        // The pen is moved by advances, from which the measures of the glyphs may differ.
+        const int* const pAdvance = m_arrays.pAdvance + nGlyphs;
+        run.abc = {0, static_cast<UINT>(std::accumulate(pAdvance, pAdvance + run.nGlyphs, 0, WrapAdd)), 0};
+    }
 }
 
 void Calculation::ClearPlaces(stcDrawTextRun& run)
@@ -400,35 +408,39 @@ try {
     if (m_fRefused || std::none_of(m_stretches.begin(), m_stretches.end(), hasFont)) {
         return false;
     }
-    std::vector<SCRIPT_ITEM> items;
+    std::vector<FontStretch> all;
     auto stretch = m_stretches.begin();
     for (UINT n = 0; n < m_arrays.nItems; ++n) {
         const auto nEnd = static_cast<UINT>(m_arrays.pItems[n + 1].iCharPos);
         if (stretch == m_stretches.end() || stretch->nFrom >= nEnd) {
-            items.push_back(m_arrays.pItems[n]);
-            m_fonts.emplace_back();
+            const SCRIPT_ITEM& item = m_arrays.pItems[n];
+            all.push_back({static_cast<UINT>(item.iCharPos), nEnd, item.a, RunFontRef()});
         }
         for (; stretch != m_stretches.end() && stretch->nFrom < nEnd; ++stretch) {
-            items.push_back({static_cast<int>(stretch->nFrom), stretch->analysis});
-            m_fonts.push_back(stretch->font);
+            all.push_back(*stretch);
         }
     }
-    items.push_back(m_arrays.pItems[m_arrays.nItems]);
-    return TakeItems(items);
+    m_splitter->UniteClusters(all);
+    return TakeItems(all);
 } catch (const std::bad_alloc&) {
     m_fonts.clear();
     return false;
 }
 
-// The end marker is among them.
-bool Calculation::TakeItems(const std::vector<SCRIPT_ITEM>& items)
+bool Calculation::TakeItems(const std::vector<FontStretch>& stretches)
 {
-    const auto nNeeded = static_cast<UINT>(items.size());
-    if (nNeeded > m_arrays.nItemsAlloc && !Made(GrowItems(m_arrays, nNeeded - m_arrays.nItemsAlloc))) {
+    const SCRIPT_ITEM endMarker = m_arrays.pItems[m_arrays.nItems];
+    const auto nItems = static_cast<UINT>(stretches.size());
+    if (nItems >= m_arrays.nItemsAlloc && !Made(GrowItems(m_arrays, nItems + 1 - m_arrays.nItemsAlloc))) {
         return false;
     }
-    std::copy(items.begin(), items.end(), m_arrays.pItems);
-    m_arrays.nItems = nNeeded - 1;
+    SCRIPT_ITEM* pNext = m_arrays.pItems;
+    for (const FontStretch& stretch : stretches) {
+        *pNext++ = {static_cast<int>(stretch.nFrom), stretch.analysis};
+        m_fonts.push_back(stretch.font);
+    }
+    *pNext = endMarker;
+    m_arrays.nItems = nItems;
     m_arrays.fOneBlock |= PAINTED_AS_READ;
     return true;
 }
@@ -475,9 +487,15 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
         pBuffer->nItems = 0;
         return;
     }
+    const UINT nFormerChars = pBuffer->nChars;
+    const UINT nFormerGlyphs = pBuffer->nGlyphs;
     Calculation calculation(hdc, pszText, nChars, *pBuffer, Growth::BY_STEPS, pBuffer->scriptCache);
     if (calculation.Run() && !calculation.Fonts().empty() && !KeepFonts(*pBuffer, calculation.Fonts())) {
-        pBuffer->nItems = 0;
+        pBuffer->nChars = nFormerChars;
+        pBuffer->nGlyphs = nFormerGlyphs;
+        Calculation boxes(hdc, pszText, nChars, *pBuffer, Growth::BY_STEPS, pBuffer->scriptCache);
+        boxes.UseOwnFontOnly();
+        static_cast<void>(boxes.Run());
     }
 }
 

@@ -1,4 +1,4 @@
-#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FontChange.h>
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/text/FallbackFonts.h>
 #include <gesso/text/FontCoverage.h>
@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
-#include <new>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -23,15 +23,22 @@ public:
     bool Find(const FontRequest& request, const AcceptFace& accept);
 
 private:
+    using Key = std::u32string;
     static constexpr size_t NOWHERE = static_cast<size_t>(-1);
     static constexpr size_t MOST_FOUND = 8192;
+    // A search ends after so many fonts that have the characters and yet do not show them.
+    static constexpr int MOST_TRIED = 32;
 
+    Key KeyOf(const FontRequest& request);
     bool Offer(size_t nFace, const FontRequest& request, const AcceptFace& accept);
     bool IsAccepted(size_t nFace, const AcceptFace& accept);
     size_t Search(const FontRequest& request, const AcceptFace& accept);
-    const Places& LinkedTo(LPCWSTR pszFace);
+    void Remember(const Key& key, size_t nFace);
+    Places LinkedTo(LPCWSTR pszFace);
+    Places LinkedTo(const BaseFont& base);
     const Places& OfScript(char32_t c, HanStyle style);
-    const Places& Installed(HDC hdc);
+    const Places& Installed(HDC hdc, bool fBeyond);
+    void TakeInstalled(const std::vector<InstalledFace>& faces);
     size_t PlaceOf(LPCWSTR pszFace);
     Places PlacesOf(const std::vector<FaceName>& faces);
 
@@ -39,99 +46,145 @@ private:
     std::map<size_t, Places> m_linked;
     std::map<size_t, Places> m_ofScript;
     Places m_installed;
+    Places m_installedBeyond; // for characters beyond the first 65,536
     bool m_fEnumerated = false;
     bool m_fUntold = false; // the platform failed in this search
-    std::unordered_map<uint64_t, size_t> m_found;
+    int m_nTries = 0;
+    std::unordered_map<Key, size_t> m_found;
 };
 
 bool KnownFonts::Offer(size_t nFace, const FontRequest& request, const AcceptFace& accept)
 {
     const auto isThere = [&](char32_t c) {
-        const Told told = m_fonts[nFace].Has(request.hdc, c, request.analysis);
+        const Told told = m_fonts[nFace].Has(request.hdc, c);
         m_fUntold = m_fUntold || told == Told::Nothing;
         return told == Told::Yes;
     };
-    return std::all_of(request.characters.begin(), request.characters.end(), isThere) &&
+    return m_nTries > 0 && std::all_of(request.characters.begin(), request.characters.end(), isThere) &&
            IsAccepted(nFace, accept);
 }
 
 bool KnownFonts::IsAccepted(size_t nFace, const AcceptFace& accept)
 {
+    --m_nTries;
     const Told told = accept(m_fonts[nFace].Face());
     m_fUntold = m_fUntold || told == Told::Nothing;
     return told == Told::Yes;
 }
 
+// All that the answer depends on: also the script, whose tables a font may lack, and the room in the line,
+// which it may not fit.
+KnownFonts::Key KnownFonts::KeyOf(const FontRequest& request)
+{
+    constexpr int STYLE_BITS = 2;
+    const BaseFont& base = request.base;
+    Key key{static_cast<char32_t>(PlaceOf(base.szFace)), static_cast<char32_t>(PlaceOf(base.log.lfFaceName)),
+            static_cast<char32_t>(base.metrics.tmAscent), static_cast<char32_t>(base.metrics.tmDescent),
+            static_cast<char32_t>(request.analysis.eScript << STYLE_BITS | static_cast<int>(request.style))};
+    return key.append(request.characters.begin(), request.characters.end());
+}
+
 bool KnownFonts::Find(const FontRequest& request, const AcceptFace& accept)
 {
-    if (request.characters.size() != 1) {
-        return Search(request, accept) != NOWHERE;
-    }
-    constexpr int CHARACTER_BITS = 21;
-    const bool fPlain = request.analysis.eScript == SCRIPT_UNDEFINED;
-    const uint64_t font =
-        PlaceOf(request.base.szFace) << 3 | uint64_t{fPlain} << 2 | static_cast<uint64_t>(request.style);
-    const uint64_t key = font << CHARACTER_BITS | request.characters.front();
+    m_fUntold = false;
+    m_nTries = MOST_TRIED;
+    const Key key = KeyOf(request);
     const auto known = m_found.find(key);
     if (known != m_found.end() && (known->second == NOWHERE || IsAccepted(known->second, accept))) {
         return known->second != NOWHERE;
     }
     const size_t nFace = Search(request, accept);
     if (nFace != NOWHERE || !m_fUntold) {
-        if (m_found.size() >= MOST_FOUND) {
-            m_found.clear();
-        }
-        m_found[key] = nFace;
+        Remember(key, nFace);
     }
     return nFace != NOWHERE;
+}
+
+void KnownFonts::Remember(const Key& key, size_t nFace)
+{
+    if (m_found.size() >= MOST_FOUND) {
+        m_found.clear();
+    }
+    m_found[key] = nFace;
 }
 
 // Lists of faces are fetched one after the other: most characters are found in the first two.
 size_t KnownFonts::Search(const FontRequest& request, const AcceptFace& accept)
 {
-    m_fUntold = false;
+    constexpr char32_t BEYOND = 0x10000;
     const auto find = [&](const Places& places) {
         const auto found = std::find_if(places.begin(), places.end(),
                                         [&](size_t nFace) { return Offer(nFace, request, accept); });
         return found == places.end() ? NOWHERE : *found;
     };
-    size_t nFound = find(LinkedTo(request.base.szFace));
+    const char32_t c = request.characters.front();
+    size_t nFound = find(LinkedTo(request.base));
     if (nFound == NOWHERE) {
-        nFound = find(OfScript(request.characters.front(), request.style));
+        nFound = find(OfScript(c, request.style));
     }
-    return nFound == NOWHERE ? find(Installed(request.hdc)) : nFound;
+    return nFound == NOWHERE ? find(Installed(request.hdc, c >= BEYOND)) : nFound;
 }
 
-const Places& KnownFonts::LinkedTo(LPCWSTR pszFace)
+Places KnownFonts::LinkedTo(LPCWSTR pszFace)
 {
-    const auto [entry, fNew] = m_linked.try_emplace(PlaceOf(pszFace));
-    if (fNew) {
-        entry->second = PlacesOf(LinkedFaces(pszFace));
+    const size_t nPlace = PlaceOf(pszFace);
+    const auto known = m_linked.find(nPlace);
+    if (known != m_linked.end()) {
+        return known->second;
     }
-    return entry->second;
+    std::vector<FaceName> faces;
+    if (!LinkedFaces(pszFace, faces)) {
+        m_fUntold = true;
+        return {};
+    }
+    return m_linked.emplace(nPlace, PlacesOf(faces)).first->second;
+}
+
+// The registry may have either of a font's names: that it bears, and that it was asked for by.
+Places KnownFonts::LinkedTo(const BaseFont& base)
+{
+    Places places = LinkedTo(base.szFace);
+    return places.empty() && *base.log.lfFaceName ? LinkedTo(base.log.lfFaceName) : places;
 }
 
 const Places& KnownFonts::OfScript(char32_t c, HanStyle style)
 {
-    const auto [entry, fNew] = m_ofScript.try_emplace(ScriptFacesRow(c, style));
-    if (fNew) {
-        entry->second = PlacesOf(ScriptFaces(entry->first));
-    }
-    return entry->second;
+    const size_t nRow = ScriptFacesRow(c, style);
+    const auto known = m_ofScript.find(nRow);
+    return known != m_ofScript.end() ? known->second
+                                     : m_ofScript.emplace(nRow, PlacesOf(ScriptFaces(nRow))).first->second;
 }
 
-const Places& KnownFonts::Installed(HDC hdc)
+const Places& KnownFonts::Installed(HDC hdc, bool fBeyond)
 {
     if (!m_fEnumerated) {
         std::vector<InstalledFace> faces;
-        m_fEnumerated = EnumerateFaces(hdc, faces);
-        m_fUntold = m_fUntold || !m_fEnumerated;
-        for (const InstalledFace& face : faces) {
-            m_installed.push_back(PlaceOf(face.name.data()));
-            m_fonts[m_installed.back()].SetBeyond(face.fBeyond);
+        if (EnumerateFaces(hdc, faces)) {
+            TakeInstalled(faces);
+        } else {
+            m_fUntold = true;
         }
     }
-    return m_installed;
+    return fBeyond ? m_installedBeyond : m_installed;
+}
+
+// Beyond the first 65,536 characters each block of a font is shaped to find out what it has: the fonts that
+// bear the mark are asked first, and of the others a few.
+void KnownFonts::TakeInstalled(const std::vector<InstalledFace>& faces)
+{
+    constexpr size_t MOST_UNMARKED = 64;
+    Places all;
+    Places marked;
+    Places unmarked;
+    for (const InstalledFace& face : faces) {
+        all.push_back(PlaceOf(face.name.data()));
+        (face.fBeyond ? marked : unmarked).push_back(all.back());
+    }
+    unmarked.resize(std::min(unmarked.size(), MOST_UNMARKED));
+    marked.insert(marked.end(), unmarked.begin(), unmarked.end());
+    m_installed.swap(all);
+    m_installedBeyond.swap(marked);
+    m_fEnumerated = true;
 }
 
 size_t KnownFonts::PlaceOf(LPCWSTR pszFace)
@@ -194,14 +247,18 @@ bool FindFallbackFace(const FontRequest& request, const AcceptFace& accept)
     const ScopedLock lock(s_lock);
     if (!s_pKnown) {
         s_pKnown = new KnownFonts;
+        g_pfnForgetFonts = ForgetFallbackFonts;
     }
     return s_pKnown->Find(request, accept);
 }
 
 void ForgetFallbackFonts()
 {
-    const ScopedLock lock(s_lock);
-    delete std::exchange(s_pKnown, nullptr);
+    {
+        const ScopedLock lock(s_lock);
+        delete std::exchange(s_pKnown, nullptr);
+    }
+    EndUnusedFonts();
 }
 
 bool IsIgnorable(char32_t c)

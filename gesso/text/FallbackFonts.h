@@ -36,7 +36,7 @@ using AcceptFace = std::function<Told(LPCWSTR pszFace)>;
 // platform does not tell. Faces are offered by one thread at a time. Throws where there is no memory.
 bool FindFallbackFace(const FontRequest& request, const AcceptFace& accept);
 
-// Forgets all that was found out: for tests, whose fonts change.
+// Forgets all that was found out, and ends the fonts that no text uses: what the machine has may be others.
 void ForgetFallbackFonts();
 
 // Whether a character shows nothing of its own: controls, joiners, marks of direction, variation selectors.

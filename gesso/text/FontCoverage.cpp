@@ -13,11 +13,12 @@ constexpr char32_t LISTED = 0x10000; // the platform lists what a font has below
 class ProbeFont
 {
 public:
-    ProbeFont(HDC hdc, LPCWSTR pszFace) : m_hFont(Make(pszFace)), m_select(hdc, m_hFont) {}
+    ProbeFont(HDC hdc, LPCWSTR pszFace) : m_hdc(hdc), m_hFont(Make(pszFace)), m_select(hdc, m_hFont) {}
     ProbeFont(const ProbeFont&) = delete;
     ProbeFont& operator=(const ProbeFont&) = delete;
 
-    explicit operator bool() const { return m_hFont; }
+    // Whether the context has the font now.
+    explicit operator bool() const { return m_hFont && GetCurrentObject(m_hdc, OBJ_FONT) == m_hFont; }
 
 private:
     struct Owned
@@ -45,9 +46,30 @@ private:
         return CreateFontIndirectW(&log);
     }
 
+    HDC m_hdc;
     Owned m_hFont;
     SelectScope m_select;
 };
+
+int CALLBACK NoteFace(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM lParam)
+{
+    *reinterpret_cast<bool*>(lParam) = true;
+    return FALSE;
+}
+
+// A font may bear another name than it is asked for by, that in the language of the machine.
+Told IsInstalled(HDC hdc, LPCWSTR pszFace)
+{
+    LOGFONTW log{};
+    log.lfCharSet = DEFAULT_CHARSET;
+    std::copy_n(pszFace, wcslen(pszFace), log.lfFaceName);
+    bool fFound = false;
+    const int nLast = EnumFontFamiliesExW(hdc, &log, NoteFace, reinterpret_cast<LPARAM>(&fFound), 0);
+    if (fFound) {
+        return Told::Yes;
+    }
+    return nLast != 0 ? Told::No : Told::Nothing;
+}
 
 } // namespace
 
@@ -56,18 +78,18 @@ FontCoverage::FontCoverage(LPCWSTR pszFace)
     std::copy_n(pszFace, std::min<size_t>(wcslen(pszFace), LF_FACESIZE - 1), m_szFace);
 }
 
-Told FontCoverage::Has(HDC hdc, char32_t c, const SCRIPT_ANALYSIS& analysis)
+Told FontCoverage::Has(HDC hdc, char32_t c)
 {
     if (!m_fRead && !ReadRanges(hdc)) {
         return Told::Nothing;
     }
     if (c >= LISTED) {
         const char32_t first = c / BLOCK * BLOCK;
-        if (!m_fBeyond) {
+        if (!m_fInstalled) {
             return Told::No;
         }
         const auto [block, fNew] = m_blocks.try_emplace(first);
-        if (fNew && !ReadBlock(hdc, first, analysis, block->second)) {
+        if (fNew && !ReadBlock(hdc, first, block->second)) {
             m_blocks.erase(block);
             return Told::Nothing;
         }
@@ -89,11 +111,13 @@ bool FontCoverage::ReadRanges(HDC hdc)
     if (!font || GetTextFaceW(hdc, LF_FACESIZE, szThere) == 0) {
         return false;
     }
-    if (_wcsicmp(szThere, m_szFace) != 0) {
-        m_fBeyond = false;
-        m_fRead = true;
-        return true;
+    const Told installed = _wcsicmp(szThere, m_szFace) == 0 ? Told::Yes : IsInstalled(hdc, m_szFace);
+    if (installed != Told::Yes) {
+        m_fInstalled = false;
+        m_fRead = installed == Told::No;
+        return m_fRead;
     }
+    m_fInstalled = true;
     const DWORD cb = GetFontUnicodeRanges(hdc, nullptr);
     if (cb < offsetof(GLYPHSET, ranges)) {
         return false;
@@ -109,9 +133,9 @@ bool FontCoverage::ReadRanges(HDC hdc)
     return true;
 }
 
-// By shaping, since the platform tells of these characters in no other way. What a call that fails has not
-// written counts as missing: the font has no way to shape the script.
-bool FontCoverage::ReadBlock(HDC hdc, char32_t first, SCRIPT_ANALYSIS analysis, Block& block)
+// By shaping, since the platform tells of these characters in no other way: as of no script, so that the
+// answer holds for every text.
+bool FontCoverage::ReadBlock(HDC hdc, char32_t first, Block& block)
 {
     constexpr int CHARS = 2 * BLOCK;
     constexpr int ROOM = 4 * CHARS;
@@ -130,6 +154,8 @@ bool FontCoverage::ReadBlock(HDC hdc, char32_t first, SCRIPT_ANALYSIS analysis, 
     SCRIPT_CACHE cache = nullptr;
     SCRIPT_FONTPROPERTIES properties{};
     properties.cBytes = sizeof(properties);
+    SCRIPT_ANALYSIS analysis{};
+    analysis.eScript = SCRIPT_UNDEFINED;
     int nGlyphs = 0;
     HRESULT hr = ScriptShape(hdc, &cache, text.data(), CHARS, ROOM, &analysis, glyphs.data(), clusters.data(),
                              attributes.data(), &nGlyphs);
@@ -141,7 +167,7 @@ bool FontCoverage::ReadBlock(HDC hdc, char32_t first, SCRIPT_ANALYSIS analysis, 
         const WORD wGlyph = clusters[2 * n];
         block[n] = wGlyph < nGlyphs && wGlyph < ROOM && glyphs[wGlyph] != properties.wgDefault;
     }
-    return SUCCEEDED(hr) || hr == USP_E_SCRIPT_NOT_IN_FONT;
+    return SUCCEEDED(hr);
 }
 
 } // namespace gesso

@@ -35,11 +35,68 @@ constexpr bool IsJoined(wchar_t c)
     return (c >= 0x0600 && c <= 0x109F) || (c >= 0x1700 && c <= 0x1AFF) || (c >= 0xA800 && c <= 0xABFF);
 }
 
+struct Letters
+{
+    wchar_t first;
+    wchar_t last;
+};
+
+bool IsOneOf(std::span<const Letters> ranges, wchar_t c)
+{
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [c](const Letters& range) { return c >= range.first && c <= range.last; });
+}
+
+// Of the Arabic letters: those that join the one in front of them, and those of them that join no other.
+bool JoinsFormer(wchar_t c)
+{
+    static constexpr Letters JOIN[] = {{0x0622, 0x064A}, {0x066E, 0x066F}, {0x0671, 0x0673},
+                                       {0x0675, 0x06D3}, {0x06D5, 0x06D5}, {0x06EE, 0x06EF},
+                                       {0x06FA, 0x06FC}, {0x06FF, 0x06FF}, {0x0750, 0x077F}};
+    return IsOneOf(JOIN, c);
+}
+
+bool JoinsNext(wchar_t c)
+{
+    static constexpr Letters DO_NOT[] = {
+        {0x0622, 0x0625}, {0x0627, 0x0627}, {0x0629, 0x0629}, {0x062F, 0x0632}, {0x0648, 0x0648},
+        {0x0671, 0x0673}, {0x0675, 0x0677}, {0x0688, 0x0699}, {0x06C0, 0x06C0}, {0x06C3, 0x06CB},
+        {0x06CD, 0x06CD}, {0x06CF, 0x06CF}, {0x06D2, 0x06D5}, {0x06EE, 0x06EF}, {0x0759, 0x075B},
+        {0x076B, 0x076C}, {0x0771, 0x0771}, {0x0773, 0x0774}, {0x0778, 0x0779}};
+    return JoinsFormer(c) && !IsOneOf(DO_NOT, c);
+}
+
+bool IsArabicMark(wchar_t c)
+{
+    static constexpr Letters MARKS[] = {{0x064B, 0x065F}, {0x0670, 0x0670}, {0x06D6, 0x06DC},
+                                        {0x06DF, 0x06E4}, {0x06E7, 0x06E8}, {0x06EA, 0x06ED}};
+    return IsOneOf(MARKS, c);
+}
+
+// The glyph of each character, counted from the item's first. In the values of 16 bits the count starts again
+// at zero, and within an item from right to left it goes down.
+std::vector<size_t> CountClusters(const WORD* pLogClust, WORD wFirst, size_t nChars, bool fRightToLeft)
+{
+    constexpr size_t AGAIN = 0x10000;
+    std::vector<size_t> clusters(nChars);
+    size_t nFormer = 0;
+    for (size_t i = 0; i < nChars; ++i) {
+        const size_t n = fRightToLeft ? nChars - 1 - i : i;
+        size_t nValue = nFormer / AGAIN * AGAIN + static_cast<WORD>(pLogClust[n] - wFirst);
+        if (nValue + AGAIN / 2 < nFormer) {
+            nValue += AGAIN;
+        }
+        clusters[n] = nFormer = nValue;
+    }
+    return clusters;
+}
+
 // Marks the characters of which a glyph is the one that stands for what is missing.
 void MarkDefaults(std::span<const WORD> glyphs, const WORD* pLogClust, WORD wFirst, bool fRightToLeft,
                   WORD wDefault, std::span<char> missing)
 {
-    const auto clusterOf = [&](size_t n) { return static_cast<WORD>(pLogClust[n] - wFirst); };
+    const std::vector<size_t> clusters = CountClusters(pLogClust, wFirst, missing.size(), fRightToLeft);
+    const auto clusterOf = [&](size_t n) { return clusters[n]; };
     for (size_t n = 0, nNext = 0; n < missing.size(); n = nNext) {
         const size_t nOwn = clusterOf(n);
         for (nNext = n + 1; nNext < missing.size() && clusterOf(nNext) == nOwn;) {
@@ -82,7 +139,7 @@ template <class VISIT> void FontSplitter::VisitMissing(const Part& part, const V
 bool FontSplitter::ReadBase()
 {
     if (!m_fBaseRead) {
-        m_fBaseRead = m_base.Read(m_hdc);
+        m_fBaseRead = m_base.Read(m_hdc) && m_base.HasLetters();
         m_style = HanStyleOf(m_pszText, m_nChars);
     }
     return m_fBaseRead;
@@ -131,7 +188,8 @@ void FontSplitter::Split(const ShapedItem& shaped, WORD wDefault, std::vector<Fo
     m_fonts.clear();
     m_parts.clear();
     Mark(shaped, wDefault);
-    FindFonts(shaped.item.a);
+    FindFonts(shaped);
+    const size_t nBefore = stretches.size();
     for (UINT n = 0, nNext = 0; n < m_nLength; n = nNext) {
         for (nNext = n + 1;
              nNext < m_nLength && m_fontOf[nNext] == m_fontOf[n] && m_plain[nNext] == m_plain[n];) {
@@ -145,6 +203,76 @@ void FontSplitter::Split(const ShapedItem& shaped, WORD wDefault, std::vector<Fo
             stretches.back().analysis.eScript = SCRIPT_UNDEFINED;
         }
     }
+    LinkStretches(std::span(stretches).subspan(nBefore));
+}
+
+// Letters that join are shaped so where their font changes too.
+void FontSplitter::LinkStretches(std::span<FontStretch> stretches) const
+{
+    for (size_t i = 1; i < stretches.size(); ++i) {
+        const UINT nSeam = stretches[i].nFrom;
+        UINT nFormer = nSeam - 1;
+        while (nFormer > stretches.front().nFrom && IsArabicMark(m_pszText[nFormer])) {
+            --nFormer;
+        }
+        stretches[i].analysis.fLinkBefore = JoinsNext(m_pszText[nFormer]) && JoinsFormer(m_pszText[nSeam]);
+    }
+    for (size_t i = 0; i + 1 < stretches.size(); ++i) {
+        stretches[i].analysis.fLinkAfter = stretches[i + 1].analysis.fLinkBefore;
+    }
+}
+
+void FontSplitter::UniteClusters(std::vector<FontStretch>& stretches)
+{
+    m_psz = m_pszText;
+    m_nLength = m_nChars;
+    m_nProbes = MostProbes();
+    const SplitText text(m_pszText, m_nChars);
+    std::vector<Cluster> clusters;
+    UINT nEnd = 0; // of the last one that was looked at
+    for (size_t i = 1; i < stretches.size() && m_nProbes > 0; ++i) {
+        const UINT nSeam = stretches[i].nFrom;
+        const bool fParted = stretches[i].font.Get() != stretches[i - 1].font.Get() &&
+                             stretches[i].analysis.eScript != stretches[i - 1].analysis.eScript;
+        if (nSeam < nEnd || !fParted || IsClusterBoundary(text, nSeam)) {
+            continue;
+        }
+        const Part part{ClusterStart(text, nSeam), ClusterEnd(text, nSeam)};
+        nEnd = part.nTo;
+        RunFontRef font = FontOfAll(stretches, part);
+        if (font) {
+            clusters.push_back({part, std::move(font)});
+        }
+    }
+    if (!clusters.empty()) {
+        GiveFonts(clusters, stretches);
+    }
+}
+
+// Parts the stretches where the clusters begin and end.
+void FontSplitter::GiveFonts(std::span<const Cluster> clusters, std::vector<FontStretch>& stretches)
+{
+    std::vector<FontStretch> parted;
+    auto cluster = clusters.begin();
+    for (const FontStretch& stretch : stretches) {
+        for (UINT n = stretch.nFrom; n < stretch.nTo; n = parted.back().nTo) {
+            while (cluster != clusters.end() && cluster->part.nTo <= n) {
+                ++cluster;
+            }
+            parted.push_back(stretch);
+            FontStretch& part = parted.back();
+            part.nFrom = n;
+            if (cluster != clusters.end() && cluster->part.nFrom <= n) {
+                part.font = cluster->font;
+                part.nTo = std::min(part.nTo, cluster->part.nTo);
+            } else if (cluster != clusters.end()) {
+                part.nTo = std::min(part.nTo, cluster->part.nFrom);
+            }
+            part.analysis.fLinkBefore = part.analysis.fLinkBefore && n == stretch.nFrom;
+            part.analysis.fLinkAfter = part.analysis.fLinkAfter && part.nTo == stretch.nTo;
+        }
+    }
+    stretches.swap(parted);
 }
 
 void FontSplitter::Mark(const ShapedItem& shaped, WORD wDefault)
@@ -155,30 +283,36 @@ void FontSplitter::Mark(const ShapedItem& shaped, WORD wDefault)
     }
 }
 
-void FontSplitter::FindFonts(const SCRIPT_ANALYSIS& analysis)
+void FontSplitter::FindFonts(const ShapedItem& shaped)
 {
+    const SCRIPT_ANALYSIS& analysis = shaped.item.a;
     UINT nFirst = 0;
     while (nFirst < m_nLength && !IsDecisive(nFirst)) {
         ++nFirst;
     }
-    if (nFirst == m_nLength || !ReadBase()) {
+    if (nFirst == m_nLength || !ReadBase() || !(shaped.glyphs.empty() || m_base.TellsOfMissing())) {
         return;
     }
     m_lacking = m_missing;
     const Part all{0, m_nLength};
     MarkWholeClusters(all);
-    MarkJoinedLetters();
+    MarkJoinedLetters(all);
     FindFontsOfMissing(analysis);
     if (analysis.eScript != SCRIPT_UNDEFINED) {
         TryWithoutScript(analysis);
     }
 }
 
-void FontSplitter::FindFontsOfMissing(const SCRIPT_ANALYSIS& analysis)
+uint64_t FontSplitter::MostProbes() const
 {
     constexpr uint64_t ROUNDS = 64;
     constexpr uint64_t ANYWAY = 4096;
-    m_nProbes = ROUNDS * m_nLength + ANYWAY;
+    return ROUNDS * m_nLength + ANYWAY;
+}
+
+void FontSplitter::FindFontsOfMissing(const SCRIPT_ANALYSIS& analysis)
+{
+    m_nProbes = MostProbes();
     VisitMissing({0, m_nLength}, [this](const Part& part) { m_parts.push_back(part); });
     while (!m_parts.empty()) {
         const Part part = m_parts.back();
@@ -205,9 +339,9 @@ void FontSplitter::TryWithoutScript(SCRIPT_ANALYSIS analysis)
 // A cluster of which a part is missing is to be shown by one font.
 void FontSplitter::MarkWholeClusters(const Part& part)
 {
-    const SplitText text(m_psz + part.nFrom, part.nTo - part.nFrom);
     for (UINT n = part.nFrom, nNext = n; n < part.nTo; n = nNext) {
-        nNext = std::max(part.nFrom + ClusterEnd(text, n - part.nFrom), n + 1);
+        // From here on, since a row of flags is counted from where the text begins.
+        nNext = n + std::max(ClusterEnd(SplitText(m_psz + n, part.nTo - n), 0), 1U);
         bool fMissing = false;
         for (UINT i = n; i < nNext; ++i) {
             fMissing = fMissing || (m_missing[i] && ShowsSomething(i));
@@ -218,15 +352,15 @@ void FontSplitter::MarkWholeClusters(const Part& part)
     }
 }
 
-void FontSplitter::MarkJoinedLetters()
+void FontSplitter::MarkJoinedLetters(const Part& part)
 {
     const auto join = [this](UINT nMarked, UINT n) {
         m_missing[n] = m_missing[n] || (m_missing[nMarked] && IsJoined(m_psz[nMarked]) && IsJoined(m_psz[n]));
     };
-    for (UINT n = 1; n < m_nLength; ++n) {
+    for (UINT n = part.nFrom + 1; n < part.nTo; ++n) {
         join(n - 1, n);
     }
-    for (UINT n = m_nLength - 1; n > 0; --n) {
+    for (UINT n = part.nTo - 1; n > part.nFrom; --n) {
         join(n, n - 1);
     }
 }
@@ -258,7 +392,8 @@ FontSplitter::Part FontSplitter::UnitOf(const Part& part) const
     return unit;
 }
 
-RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis)
+// What is looked for: the characters to be seen, or where there are none those that show nothing.
+std::vector<char32_t> FontSplitter::Wanted(const Part& unit) const
 {
     constexpr size_t MOST = 16; // what a longer cluster has behind them is left to luck
     const bool fSeen = IsSeen(unit);
@@ -268,20 +403,57 @@ RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analys
             characters.push_back(CodePoint(n));
         }
     }
+    return characters;
+}
+
+template <class SHOWS>
+RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis, const SHOWS& shows)
+{
+    const std::vector<char32_t> characters = Wanted(unit);
     RunFontRef font;
     const auto accept = [&](LPCWSTR pszFace) {
-        RunFontRef next = OpenRunFont(m_hdc, m_base, pszFace);
-        if (!next) {
-            return Told::Nothing;
+        RunFontRef next;
+        Told told = OpenRunFont(m_hdc, m_base, pszFace, &next);
+        if (told == Told::Yes) {
+            told = shows(*next.Get());
         }
-        if (!Shows(*next.Get(), unit, analysis)) {
-            return Told::No;
+        if (told == Told::Yes) {
+            font = std::move(next);
         }
-        font = std::move(next);
-        return Told::Yes;
+        return told;
     };
-    FindFallbackFace({m_hdc, m_base, analysis, characters, m_style}, accept);
+    if (!characters.empty()) {
+        FindFallbackFace({m_hdc, m_base, analysis, characters, m_style}, accept);
+    }
     return font;
+}
+
+RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis)
+{
+    return FontFor(unit, analysis, [&](RunFont& font) { return Shows(font, unit, analysis); });
+}
+
+// One that some of the cluster is shown in, or else any.
+RunFontRef FontSplitter::FontOfAll(std::span<const FontStretch> stretches, const Part& cluster)
+{
+    const auto endsBefore = [](const FontStretch& stretch, UINT n) { return stretch.nTo <= n; };
+    const auto first = std::lower_bound(stretches.begin(), stretches.end(), cluster.nFrom, endsBefore);
+    auto last = first;
+    while (last != stretches.end() && last->nFrom < cluster.nTo) {
+        ++last;
+    }
+    const auto shows = [&](RunFont& font) {
+        Told told = Told::Yes;
+        for (auto stretch = first; stretch != last && told == Told::Yes; ++stretch) {
+            told = Shows(font, {std::max(stretch->nFrom, cluster.nFrom), std::min(stretch->nTo, cluster.nTo)},
+                         stretch->analysis);
+        }
+        return told;
+    };
+    const auto shown = std::find_if(first, last, [&](const FontStretch& stretch) {
+        return stretch.font && shows(*stretch.font.Get()) == Told::Yes;
+    });
+    return shown != last ? shown->font : FontFor(cluster, first->analysis, shows);
 }
 
 // Looks for a font for the first unit that needs one, and takes all from it that it has. What is left of the
@@ -295,9 +467,10 @@ void FontSplitter::FindFontsOf(Part part, const SCRIPT_ANALYSIS& analysis)
             return;
         }
         RunFontRef font = FontFor(unit, analysis);
-        if (font && Probe(*font.Get(), part, analysis, lacking)) {
+        if (font && Probe(*font.Get(), part, analysis, lacking) == Told::Yes) {
             std::copy(lacking.begin(), lacking.end(), m_missing.begin() + part.nFrom);
             MarkWholeClusters(part);
+            MarkJoinedLetters(part);
             CountAsShown(unit);
             TakeShown(std::move(font), part);
             return;
@@ -348,8 +521,8 @@ void FontSplitter::TakeShown(RunFontRef font, const Part& part)
     Use(std::move(font), {nShown, part.nTo});
 }
 
-// Tells of each character of a part whether the font lacks it. False if it cannot shape the part at all.
-bool FontSplitter::Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis,
+// Tells of each character of a part whether the font lacks it. No if it has not the tables to shape the part.
+Told FontSplitter::Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis,
                          std::vector<char>& lacking)
 {
     const UINT nLength = part.nTo - part.nFrom;
@@ -361,31 +534,34 @@ bool FontSplitter::Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analys
     std::vector<SCRIPT_VISATTR> attributes(glyphs.size());
     const RunFontScope scope(m_hdc, font);
     int nGlyphs = 0;
-    if (!scope.IsSelected() ||
-        FAILED(ScriptShape(m_hdc, &scope.Cache(), m_psz + part.nFrom, static_cast<int>(nLength),
-                           static_cast<int>(glyphs.size()), &analysis, glyphs.data(), clusters.data(),
-                           attributes.data(), &nGlyphs)))
-    {
-        return false;
+    if (!scope.IsSelected()) {
+        return Told::Nothing;
+    }
+    const HRESULT hr = ScriptShape(m_hdc, &scope.Cache(), m_psz + part.nFrom, static_cast<int>(nLength),
+                                   static_cast<int>(glyphs.size()), &analysis, glyphs.data(), clusters.data(),
+                                   attributes.data(), &nGlyphs);
+    if (FAILED(hr)) {
+        return hr == USP_E_SCRIPT_NOT_IN_FONT ? Told::No : Told::Nothing;
     }
     glyphs.resize(static_cast<size_t>(std::clamp(nGlyphs, 0, static_cast<int>(glyphs.size()))));
     lacking.assign(nLength, char{0});
     MarkDefaults(glyphs, clusters.data(), 0, analysis.fRTL, scope.DefaultGlyph(), lacking);
-    return true;
+    return Told::Yes;
 }
 
-bool FontSplitter::Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis)
+Told FontSplitter::Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis)
 {
     std::vector<char> lacking;
-    if (!Probe(font, unit, analysis, lacking)) {
-        return false;
+    const Told told = Probe(font, unit, analysis, lacking);
+    if (told != Told::Yes) {
+        return told;
     }
     const bool fSeen = IsSeen(unit);
     bool fAll = true;
     for (UINT n = unit.nFrom; n < unit.nTo; ++n) {
         fAll = fAll && !(lacking[n - unit.nFrom] && (fSeen ? ShowsSomething(n) : IsFormat(n)));
     }
-    return fAll;
+    return fAll ? Told::Yes : Told::No;
 }
 
 void FontSplitter::Use(RunFontRef font, const Part& part)

@@ -35,6 +35,9 @@ public:
 
     // Appends the stretches of the item, which are one if no font of the machine can help.
     void Split(const ShapedItem& shaped, WORD wDefault, std::vector<FontStretch>& stretches);
+    // Of the stretches of the whole text: what a reader sees as one character may lie in several items, and
+    // is to be shown by one font if one has all of it.
+    void UniteClusters(std::vector<FontStretch>& stretches);
 
 private:
     struct Part
@@ -43,19 +46,32 @@ private:
         UINT nTo;
     };
 
+    struct Cluster
+    {
+        Part part;
+        RunFontRef font;
+    };
+
     bool ReadBase();
     void Mark(const ShapedItem& shaped, WORD wDefault);
     void MarkWholeClusters(const Part& part);
-    void MarkJoinedLetters();
-    void FindFonts(const SCRIPT_ANALYSIS& analysis);
+    void MarkJoinedLetters(const Part& part);
+    void FindFonts(const ShapedItem& shaped);
+    void LinkStretches(std::span<FontStretch> stretches) const;
+    static void GiveFonts(std::span<const Cluster> clusters, std::vector<FontStretch>& stretches);
+    uint64_t MostProbes() const;
+    RunFontRef FontOfAll(std::span<const FontStretch> stretches, const Part& cluster);
     void FindFontsOfMissing(const SCRIPT_ANALYSIS& analysis);
     void TryWithoutScript(SCRIPT_ANALYSIS analysis);
     void FindFontsOf(Part part, const SCRIPT_ANALYSIS& analysis);
     void FindFontsOneByOne(const Part& cluster, const SCRIPT_ANALYSIS& analysis);
     Part UnitOf(const Part& part) const;
     RunFontRef FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis);
-    bool Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis, std::vector<char>& lacking);
-    bool Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis);
+    template <class SHOWS>
+    RunFontRef FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis, const SHOWS& shows);
+    std::vector<char32_t> Wanted(const Part& unit) const;
+    Told Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis, std::vector<char>& lacking);
+    Told Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis);
     void CountAsShown(const Part& unit);
     void TakeShown(RunFontRef font, const Part& part);
     void Use(RunFontRef font, const Part& part);

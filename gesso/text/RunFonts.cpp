@@ -4,6 +4,7 @@
 #include <gesso/text/TextArrays.h>
 
 #include <atomic>
+#include <memory>
 #include <new>
 
 namespace gesso {
@@ -37,7 +38,7 @@ public:
     RunFont(const RunFont&) = delete;
     RunFont& operator=(const RunFont&) = delete;
 
-    bool Make(HDC hdc, const BaseFont& base);
+    Told Make(HDC hdc, const BaseFont& base);
 
     const RunFontKey m_key;
     std::atomic<int> m_nUsers = 1;
@@ -46,16 +47,19 @@ public:
     SRWLOCK m_lock = SRWLOCK_INIT;
     HFONT m_hFont = nullptr;
     SCRIPT_CACHE m_cache = nullptr;
-    int m_cyDrop = 0;
+    int m_cyTop = 0; // from the base font's top, downwards
+    int m_cyBottom = 0;
     WORD m_wDefault = 0;
 
 private:
     bool MakeOfHeight(HDC hdc, LONG lHeight, TEXTMETRICW& metrics);
+    bool ReadDefault(HDC hdc);
 };
 
 namespace {
 
-// All that are in use.
+// All that are in use, and those that were in use last.
+constexpr size_t KEPT_UNUSED = 8;
 constinit SRWLOCK s_lock = SRWLOCK_INIT;
 constinit RunFont* s_pFirst = nullptr;
 
@@ -71,7 +75,7 @@ RunFontKey KeyOf(const BaseFont& base, LPCWSTR pszFace)
     return key;
 }
 
-RunFont* FindInUse(const RunFontKey& key)
+RunFont* FindMade(const RunFontKey& key)
 {
     RunFont* pFont = s_pFirst;
     while (pFont && !(pFont->m_key == key)) {
@@ -87,6 +91,62 @@ void Unlink(const RunFont* pFont)
         ppNext = &(*ppNext)->m_pNext;
     }
     *ppNext = pFont->m_pNext;
+}
+
+// Of a font that nobody uses any more: it comes to the front, and the one that was used longest ago goes if
+// there are too many. Returns that.
+RunFont* KeepUnused(RunFont* pFont)
+{
+    Unlink(pFont);
+    pFont->m_pNext = std::exchange(s_pFirst, pFont);
+    size_t nUnused = 0;
+    RunFont* pLast = nullptr;
+    for (RunFont* p = s_pFirst; p; p = p->m_pNext) {
+        if (p->m_nUsers == 0) {
+            ++nUnused;
+            pLast = p;
+        }
+    }
+    if (nUnused <= KEPT_UNUSED) {
+        return nullptr;
+    }
+    Unlink(pLast);
+    return pLast;
+}
+
+RunFont* TakeUnused()
+{
+    RunFont* pFont = s_pFirst;
+    while (pFont && pFont->m_nUsers != 0) {
+        pFont = pFont->m_pNext;
+    }
+    if (pFont) {
+        Unlink(pFont);
+    }
+    return pFont;
+}
+
+bool Fits(const TEXTMETRICW& own, const TEXTMETRICW& line)
+{
+    return own.tmAscent <= line.tmAscent && own.tmDescent <= line.tmDescent;
+}
+
+// The next smaller em height to try, all of them negative: by what is too much of it, but a pixel may be
+// there by rounding.
+LONG Shrunk(LONG lHeight, const TEXTMETRICW& own, const TEXTMETRICW& line)
+{
+    const auto shrink = [lHeight](LONG lOwn, LONG lLine) {
+        return lOwn > lLine + 1 ? MulDiv(lHeight, lLine + 1, lOwn) : lHeight + 1;
+    };
+    return std::max(
+        {shrink(own.tmAscent, line.tmAscent), shrink(own.tmDescent, line.tmDescent), lHeight + 1});
+}
+
+bool GoesUp(HDC hdc)
+{
+    POINT points[] = {{0, 0}, {0, 0x1000}};
+    const int nMode = GetMapMode(hdc);
+    return nMode != 0 && nMode != MM_TEXT && LPtoDP(hdc, points, 2) && points[1].y < points[0].y;
 }
 
 } // namespace
@@ -111,51 +171,72 @@ bool RunFont::MakeOfHeight(HDC hdc, LONG lHeight, TEXTMETRICW& metrics)
         return false;
     }
     const SelectScope font(hdc, m_hFont);
-    return GetTextMetricsW(hdc, &metrics) && metrics.tmHeight > 0;
+    return GetCurrentObject(hdc, OBJ_FONT) == m_hFont && GetTextMetricsW(hdc, &metrics) &&
+           metrics.tmHeight > 0;
 }
 
 // Of the em height of the base font, or so much less that the line has room for it.
-bool RunFont::Make(HDC hdc, const BaseFont& base)
+Told RunFont::Make(HDC hdc, const BaseFont& base)
 {
-    constexpr int ROUNDED_TWICE = 3;
+    constexpr int MOST_TRIES = 16;
     const TEXTMETRICW& line = base.metrics;
-    LONG lHeight = base.log.lfHeight != 0 ? base.log.lfHeight : line.tmInternalLeading - line.tmHeight;
-    TEXTMETRICW own{};
-    if (!MakeOfHeight(hdc, lHeight, own)) {
-        return false;
-    }
-    for (int nTries = 0; own.tmHeight > line.tmHeight && nTries < ROUNDED_TWICE; ++nTries) {
-        const LONG lLess = MulDiv(lHeight, line.tmHeight, own.tmHeight);
-        lHeight = lLess != lHeight ? lLess : lHeight < 0 ? lHeight + 1 : lHeight - 1;
-        if (lHeight == 0 || !MakeOfHeight(hdc, lHeight, own)) {
-            return false;
+    LONG lHeight = base.log.lfHeight < 0 ? base.log.lfHeight : line.tmInternalLeading - line.tmHeight;
+    for (int nTries = 0; nTries < MOST_TRIES && lHeight < 0; ++nTries) {
+        TEXTMETRICW own{};
+        if (!MakeOfHeight(hdc, lHeight, own)) {
+            return Told::Nothing;
         }
+        if (Fits(own, line)) {
+            m_cyTop = line.tmAscent - own.tmAscent;
+            m_cyBottom = own.tmDescent - line.tmDescent;
+            return ReadDefault(hdc) ? Told::Yes : Told::Nothing;
+        }
+        lHeight = Shrunk(lHeight, own, line);
     }
-    m_cyDrop = line.tmAscent - own.tmAscent;
+    return Told::No;
+}
+
+bool RunFont::ReadDefault(HDC hdc)
+{
     const SelectScope font(hdc, m_hFont);
     SCRIPT_FONTPROPERTIES properties{};
     properties.cBytes = sizeof(properties);
-    if (SUCCEEDED(ScriptGetFontProperties(hdc, &m_cache, &properties))) {
-        m_wDefault = properties.wgDefault;
+    if (GetCurrentObject(hdc, OBJ_FONT) != m_hFont ||
+        FAILED(ScriptGetFontProperties(hdc, &m_cache, &properties))) {
+        return false;
     }
+    m_wDefault = properties.wgDefault;
     return true;
 }
 
-RunFontRef OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace)
+Told OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace, RunFontRef* pFont)
 {
     const RunFontKey key = KeyOf(base, pszFace);
     const ScopedLock lock(s_lock);
-    if (RunFont* const pFont = FindInUse(key)) {
-        ++pFont->m_nUsers;
-        return RunFontRef(pFont);
+    if (RunFont* const pMade = FindMade(key)) {
+        ++pMade->m_nUsers;
+        *pFont = RunFontRef(pMade);
+        return Told::Yes;
     }
-    auto* const pFont = new (std::nothrow) RunFont(key);
-    if (!pFont || !pFont->Make(hdc, base)) {
+    std::unique_ptr<RunFont> made(new (std::nothrow) RunFont(key));
+    const Told told = made ? made->Make(hdc, base) : Told::Nothing;
+    if (told == Told::Yes) {
+        made->m_pNext = std::exchange(s_pFirst, made.get());
+        *pFont = RunFontRef(made.release());
+    }
+    return told;
+}
+
+void EndUnusedFonts()
+{
+    RunFont* pFont;
+    do {
+        {
+            const ScopedLock lock(s_lock);
+            pFont = TakeUnused();
+        }
         delete pFont;
-        return {};
-    }
-    pFont->m_pNext = std::exchange(s_pFirst, pFont);
-    return RunFontRef(pFont);
+    } while (pFont);
 }
 
 RunFontRef::RunFontRef(const RunFontRef& other) : RunFontRef(Share(other.m_pFont)) {}
@@ -174,14 +255,14 @@ RunFontRef::~RunFontRef()
     if (!m_pFont) {
         return;
     }
+    RunFont* pEnded = nullptr;
     {
         const ScopedLock lock(s_lock);
-        if (--m_pFont->m_nUsers != 0) {
-            return;
+        if (--m_pFont->m_nUsers == 0) {
+            pEnded = KeepUnused(m_pFont);
         }
-        Unlink(m_pFont);
     }
-    delete m_pFont;
+    delete pEnded;
 }
 
 RunFontScope::RunFontScope(HDC hdc, RunFont& font) : m_hdc(hdc), m_font(font)
@@ -205,7 +286,10 @@ SCRIPT_CACHE& RunFontScope::Cache() const
 
 int RunFontScope::Drop() const
 {
-    return m_font.m_cyDrop;
+    constexpr UINT VERTICALLY = TA_TOP | TA_BOTTOM | TA_BASELINE;
+    const UINT uAligned = GetTextAlign(m_hdc) & VERTICALLY;
+    const int cy = uAligned == TA_BASELINE ? 0 : uAligned == TA_BOTTOM ? m_font.m_cyBottom : m_font.m_cyTop;
+    return cy != 0 && GoesUp(m_hdc) ? -cy : cy;
 }
 
 WORD RunFontScope::DefaultGlyph() const
@@ -222,7 +306,7 @@ RunFont* FontOfItem(const stcDrawTextBuffer& buffer, UINT nItem)
 std::span<RunFont* const> FontsOf(const stcDrawTextBuffer& buffer)
 {
     const UINT cbArrays = buffer.fOneBlock & FONTS_OFFSET;
-    if (cbArrays == 0 || !buffer.pItems) {
+    if (cbArrays == 0 || BlockSize(buffer) != cbArrays) {
         return {};
     }
     const auto* const pTable = reinterpret_cast<const std::byte*>(buffer.pItems) + cbArrays;

@@ -1,5 +1,5 @@
-// The fonts that show what another one lacks, in its size and manner: made when a text first needs one,
-// shared by all texts of the process that do, and gone with the last of them.
+// The fonts that show what another one lacks, in its size and manner: made when a text first needs one, and
+// shared by all texts of the process that do. Those that were used last are kept for a while without a text.
 #pragma once
 
 #include <gesso/api.h>
@@ -11,6 +11,13 @@ struct stcDrawTextBuffer;
 
 namespace gesso {
 
+enum class Told
+{
+    No,
+    Yes,
+    Nothing // the platform failed
+};
+
 // The font of a context, as another one has to be like.
 struct BaseFont
 {
@@ -20,6 +27,11 @@ struct BaseFont
 
     // False if the context does not tell.
     bool Read(HDC hdc);
+    // Whether its characters are letters, and not signs in their places.
+    bool HasLetters() const { return metrics.tmCharSet != SYMBOL_CHARSET; }
+    // Whether the glyph that stands for what it lacks stands for nothing else. In a font of bitmaps it is
+    // that of some character.
+    bool TellsOfMissing() const { return metrics.tmPitchAndFamily & (TMPF_VECTOR | TMPF_TRUETYPE); }
 };
 
 class RunFont;
@@ -49,8 +61,10 @@ private:
     RunFont* m_pFont = nullptr;
 };
 
-// The font of a face that is no taller than the base font; none if it cannot be made.
-RunFontRef OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace);
+// Gives the font of a face, in a size that a line of the base font has room for. No if there is no such size.
+Told OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace, RunFontRef* pFont);
+// Ends those that no text uses.
+void EndUnusedFonts();
 
 // A font, selected for as long as it is used. Nobody else uses it meanwhile, since its cache is one for all.
 class RunFontScope
@@ -63,7 +77,8 @@ public:
 
     bool IsSelected() const { return m_hFormer; }
     SCRIPT_CACHE& Cache() const;
-    // From the top of a line in the base font to the top of this one, so that they stand on one line.
+    // From where a line in the base font is painted to where it is in this one, so that they stand on one
+    // line: of the point that the context aligns, and in its logical units.
     int Drop() const;
     // The glyph that stands for what this font lacks.
     WORD DefaultGlyph() const;

@@ -144,23 +144,22 @@ int CALLBACK TakeFace(const LOGFONTW* pLog, const TEXTMETRICW* pMetrics, DWORD d
 
 } // namespace
 
-std::vector<FaceName> LinkedFaces(LPCWSTR pszFace)
+bool LinkedFaces(LPCWSTR pszFace, std::vector<FaceName>& faces)
 {
     constexpr DWORD LARGEST = 0x10000;
     DWORD cb = 0;
-    if (RegGetValueW(HKEY_LOCAL_MACHINE, LINKS_KEY, pszFace, RRF_RT_REG_MULTI_SZ, nullptr, nullptr, &cb) !=
-            ERROR_SUCCESS ||
-        cb > LARGEST)
-    {
-        return {};
+    LSTATUS lStatus =
+        RegGetValueW(HKEY_LOCAL_MACHINE, LINKS_KEY, pszFace, RRF_RT_REG_MULTI_SZ, nullptr, nullptr, &cb);
+    if (lStatus != ERROR_SUCCESS || cb > LARGEST) {
+        return lStatus == ERROR_SUCCESS || lStatus == ERROR_FILE_NOT_FOUND ||
+               lStatus == ERROR_UNSUPPORTED_TYPE;
     }
     std::vector<WCHAR> texts(cb / sizeof(WCHAR) + 1);
-    if (RegGetValueW(HKEY_LOCAL_MACHINE, LINKS_KEY, pszFace, RRF_RT_REG_MULTI_SZ, nullptr, texts.data(),
-                     &cb) != ERROR_SUCCESS)
-    {
-        return {};
+    lStatus =
+        RegGetValueW(HKEY_LOCAL_MACHINE, LINKS_KEY, pszFace, RRF_RT_REG_MULTI_SZ, nullptr, texts.data(), &cb);
+    if (lStatus != ERROR_SUCCESS) {
+        return false;
     }
-    std::vector<FaceName> faces;
     Name left(texts.data(), std::min<size_t>(cb / sizeof(WCHAR), texts.size()));
     while (!left.empty()) {
         const Name link = UpTo(left, L'\0');
@@ -170,7 +169,7 @@ std::vector<FaceName> LinkedFaces(LPCWSTR pszFace)
         }
         left = Behind(left, link);
     }
-    return faces;
+    return true;
 }
 
 size_t ScriptFacesRow(char32_t c, HanStyle style)

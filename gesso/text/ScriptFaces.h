@@ -14,11 +14,12 @@ using FaceName = std::array<WCHAR, LF_FACESIZE>;
 struct InstalledFace
 {
     FaceName name;
-    bool fBeyond; // there may be characters beyond the first 65,536
+    bool fBeyond; // bears the mark of fonts with characters beyond the first 65,536
 };
 
-// Those that FontLink\SystemLink names for a face, in its order; none if it names none.
-std::vector<FaceName> LinkedFaces(LPCWSTR pszFace);
+// Those that FontLink\SystemLink names for a face, in its order; none if it names none. False if the platform
+// does not tell.
+bool LinkedFaces(LPCWSTR pszFace, std::vector<FaceName>& faces);
 
 // The platform's fonts for a character, by the row of a table that it is in.
 size_t ScriptFacesRow(char32_t c, HanStyle style);

@@ -24,6 +24,11 @@ void VisitCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from, c
 constexpr size_t FONT_ALIGNMENT = 8;
 static_assert(sizeof(uint64_t) == FONT_ALIGNMENT && sizeof(RunFont*) == FONT_ALIGNMENT);
 
+constexpr size_t Aligned(size_t cb)
+{
+    return (cb + FONT_ALIGNMENT - 1) / FONT_ALIGNMENT * FONT_ALIGNMENT;
+}
+
 size_t CostOf(std::span<const RunFontRef> fonts)
 {
     return sizeof(uint64_t) + fonts.size() * sizeof(RunFont*);
@@ -67,7 +72,7 @@ bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from,
     }
     size_t cb = 0;
     VisitCalculated(buffer, from, [&cb](auto*&, const auto* pFrom, UINT n) { cb += n * sizeof(*pFrom); });
-    const size_t cbArrays = (cb + FONT_ALIGNMENT - 1) / FONT_ALIGNMENT * FONT_ALIGNMENT;
+    const size_t cbArrays = Aligned(cb);
     if (!fonts.empty() && cbArrays > FONTS_OFFSET) {
         return false;
     }
@@ -87,6 +92,25 @@ bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from,
         buffer.fOneBlock |= static_cast<UINT>(cbArrays);
     }
     return true;
+}
+
+size_t BlockSize(const stcDrawTextBuffer& buffer)
+{
+    stcDrawTextBuffer asMade = buffer;
+    asMade.nItems = buffer.nItemsAlloc;
+    asMade.nChars = buffer.nCharsAlloc;
+    asMade.nGlyphs = buffer.nGlyphsAlloc;
+    const auto* const pBlock = reinterpret_cast<const std::byte*>(buffer.pItems);
+    bool fAsMade = buffer.fOneBlock & ONE_BLOCK && pBlock;
+    size_t cb = 0;
+    VisitCalculated(asMade, asMade, [&](auto*& p, const auto* pArray, UINT n) {
+        const auto* const pHere = reinterpret_cast<const std::byte*>(pArray);
+        fAsMade = fAsMade &&
+                  (n == 0 ? !pHere
+                          : reinterpret_cast<uintptr_t>(pHere) == reinterpret_cast<uintptr_t>(pBlock) + cb);
+        cb += n * sizeof(*p);
+    });
+    return fAsMade ? Aligned(cb) : 0;
 }
 
 void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from)

@@ -123,6 +123,9 @@ template <class T> [[nodiscard]] bool GrowArray(T*& p, UINT nFormer, UINT n)
 // Gives a buffer the one block of another, in the place of what it has. The other one keeps nothing.
 void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from);
 void FreeCalculated(stcDrawTextBuffer& buffer);
+// How far the arrays reach in a block that the library made, up to the fonts; 0 where they do not lie in one,
+// as those of a buffer that a program filled, behind which nothing may be read.
+size_t BlockSize(const stcDrawTextBuffer& buffer);
 // Gives each array an exact block of its own.
 [[nodiscard]] bool PartCalculated(stcDrawTextBuffer& buffer);
 

@@ -37,11 +37,25 @@ public:
     }
 
     void Add(UINT nItem, std::span<const stcDrawTextBreak> breaks);
-    bool HasCuts() const { return !m_cuts.empty(); }
+    bool HasChanges() const { return m_fChanged; }
     bool Apply(stcDrawTextBuffer& buffer) const;
 
 private:
-    void Append(const SCRIPT_ITEM& item, const stcDrawTextRun& run, UINT nItem);
+    // What is left of an item.
+    struct Rest
+    {
+        UINT nItem;
+        SCRIPT_ITEM item;
+        stcDrawTextRun run;
+        bool fSpaces; // as the end of a line
+
+        UINT FirstChar() const { return static_cast<UINT>(item.iCharPos); }
+        UINT EndChar() const { return FirstChar() + static_cast<UINT>(run.nChars); }
+    };
+
+    void CutAt(Rest& rest, UINT nChar, UINT nGlyph);
+    void CutAtLineEnd(Rest& rest, UINT nGlyph);
+    void Append(const Rest& rest);
     static void Turn(stcDrawTextBuffer& buffer, const Cut& cut);
 
     const stcDrawTextBuffer& m_logical;
@@ -50,39 +64,70 @@ private:
     std::vector<stcDrawTextRun> m_runs;
     std::vector<RunFontRef> m_fonts;
     std::vector<Cut> m_cuts;
+    bool m_fChanged = false;
 };
 
-void Parting::Append(const SCRIPT_ITEM& item, const stcDrawTextRun& run, UINT nItem)
+void Parting::Append(const Rest& rest)
 {
-    m_items.push_back(item);
-    m_runs.push_back(run);
-    if (nItem < m_fontsBefore.size()) {
-        m_fonts.push_back(m_fontsBefore[nItem]);
+    m_items.push_back(rest.item);
+    if (rest.fSpaces) {
+        m_fChanged = m_fChanged || rest.item.a.s.uBidiLevel != 0;
+        m_items.back().a.s.uBidiLevel = 0;
+    }
+    m_runs.push_back(rest.run);
+    if (rest.nItem < m_fontsBefore.size()) {
+        m_fonts.push_back(m_fontsBefore[rest.nItem]);
     }
 }
 
-// The line ends are those within the item.
+// Nothing where the rest begins or ends there.
+void Parting::CutAt(Rest& rest, UINT nChar, UINT nGlyph)
+{
+    if (nChar <= rest.FirstChar() || nChar >= rest.EndChar() || nGlyph <= rest.run.nFirstGlyph) {
+        return;
+    }
+    const UINT nEndGlyph = RunEnd(rest.run);
+    m_cuts.push_back({rest.run.nFirstGlyph, nGlyph, nEndGlyph, rest.FirstChar(), nChar, rest.EndChar()});
+    m_fChanged = true;
+    Rest part = rest;
+    part.run = {static_cast<int>(nChar - rest.FirstChar()),
+                static_cast<int>(nGlyph - rest.run.nFirstGlyph),
+                rest.run.nFirstGlyph,
+                {}};
+    rest.run = {rest.run.nChars - part.run.nChars, static_cast<int>(nEndGlyph - nGlyph), nGlyph, {}};
+    rest.item.iCharPos += part.run.nChars;
+    Append(part);
+}
+
+// White space at a line's end stands there in the direction of the whole text, behind what it follows.
+void Parting::CutAtLineEnd(Rest& rest, UINT nGlyph)
+{
+    const WORD* const pClusters = m_logical.pLogClust;
+    const UINT nEndChar = rest.EndChar();
+    const UINT nChar = static_cast<UINT>(
+        std::lower_bound(pClusters + rest.FirstChar(), pClusters + nEndChar, nGlyph) - pClusters);
+    UINT nSpaces = nChar;
+    while (nSpaces > rest.FirstChar() && m_logical.pLogAttr[nSpaces - 1].fWhiteSpace) {
+        --nSpaces;
+    }
+    if (nSpaces < nChar) {
+        CutAt(rest, nSpaces, pClusters[nSpaces]);
+        rest.fSpaces = rest.FirstChar() == nSpaces;
+    }
+    CutAt(rest, nChar, nGlyph);
+    rest.fSpaces = rest.fSpaces && rest.EndChar() == nChar;
+}
+
+// The line ends are those within the item, and at its end.
 void Parting::Add(UINT nItem, std::span<const stcDrawTextBreak> breaks)
 {
-    SCRIPT_ITEM item = m_logical.pItems[nItem];
-    stcDrawTextRun rest = m_logical.pRuns[nItem];
+    Rest rest{nItem, m_logical.pItems[nItem], m_logical.pRuns[nItem], false};
     for (const stcDrawTextBreak& record : breaks) {
-        const auto nFirstChar = static_cast<UINT>(item.iCharPos);
-        const UINT nEndChar = nFirstChar + static_cast<UINT>(rest.nChars);
-        const WORD* const pClusters = m_logical.pLogClust;
-        const UINT nChar = static_cast<UINT>(
-            std::lower_bound(pClusters + nFirstChar, pClusters + nEndChar, record.nGlyph) - pClusters);
-        if (record.nGlyph <= rest.nFirstGlyph || nChar == nFirstChar || nChar == nEndChar) {
-            continue;
+        if (record.nGlyph > rest.run.nFirstGlyph) {
+            CutAtLineEnd(rest, record.nGlyph);
         }
-        m_cuts.push_back({rest.nFirstGlyph, record.nGlyph, RunEnd(rest), nFirstChar, nChar, nEndChar});
-        const auto nGlyphs = static_cast<int>(record.nGlyph - rest.nFirstGlyph);
-        const auto nChars = static_cast<int>(nChar - nFirstChar);
-        Append(item, {nChars, nGlyphs, rest.nFirstGlyph, {}}, nItem);
-        item.iCharPos += nChars;
-        rest = {rest.nChars - nChars, rest.nGlyphs - nGlyphs, record.nGlyph, {}};
     }
-    Append(item, rest, nItem);
+    Append(rest);
 }
 
 // Brings the last glyphs to the front.
@@ -173,10 +218,11 @@ bool PartAtLineEnds(stcDrawTextBuffer& buffer, const LogicalGlyphs& logical,
         while (nBreak < breaks.size() && breaks[nBreak].nGlyph < nEnd) {
             ++nBreak;
         }
+        const size_t nAtEnd = nBreak < breaks.size() && breaks[nBreak].nGlyph == nEnd ? 1 : 0;
         const bool fTurned = IsToBeTurned(buffer, n);
-        parting.Add(n, fTurned ? breaks.subspan(nFirst, nBreak - nFirst) : breaks.first(0));
+        parting.Add(n, fTurned ? breaks.subspan(nFirst, nBreak + nAtEnd - nFirst) : breaks.first(0));
     }
-    return !parting.HasCuts() || parting.Apply(buffer);
+    return !parting.HasChanges() || parting.Apply(buffer);
 }
 
 } // namespace gesso

@@ -29,7 +29,8 @@ private:
 };
 
 // Parts each right-to-left item in which lines end: what the first line has of it comes first then, as an
-// item of its own. False without memory, and nothing is done; throws where there is less still.
+// item of its own, and the white space that ends a line as one more. False without memory, and nothing is
+// done; throws where there is less still.
 [[nodiscard]] bool PartAtLineEnds(stcDrawTextBuffer& buffer, const LogicalGlyphs& logical,
                                   std::span<const stcDrawTextBreak> breaks);
 

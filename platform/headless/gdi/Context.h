@@ -19,6 +19,7 @@ struct ContextState
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF backColor = RGB(255, 255, 255);
     int backMode = OPAQUE;
+    UINT textAlign = TA_TOP | TA_LEFT; // recorded text has the point that was given, whatever it aligns
     POINT windowOrigin{};
     POINT viewportOrigin{};
     POINT position{};         // where LineTo starts

@@ -133,6 +133,19 @@ INT WINAPI SetBkMode(HDC hdc, INT mode)
     return mode == OPAQUE || mode == TRANSPARENT ? Exchange(hdc, &ContextState::backMode, mode, 0) : 0;
 }
 
+UINT WINAPI SetTextAlign(HDC hdc, UINT align)
+{
+    return Exchange(hdc, &ContextState::textAlign, align, UINT{GDI_ERROR});
+}
+
+UINT WINAPI GetTextAlign(HDC hdc)
+{
+    if (FaultFires("GetTextAlign")) {
+        return UINT{GDI_ERROR};
+    }
+    return Get(hdc, &ContextState::textAlign, UINT{GDI_ERROR});
+}
+
 INT WINAPI GetBkMode(HDC hdc)
 {
     return Get(hdc, &ContextState::backMode, 0);
@@ -180,7 +193,7 @@ BOOL WINAPI GetViewportOrgEx(HDC hdc, LPPOINT origin)
 
 BOOL WINAPI LPtoDP(HDC hdc, LPPOINT points, INT count)
 {
-    const Context* context = FindContext(hdc);
+    const Context* context = FaultFires("LPtoDP") ? nullptr : FindContext(hdc);
     if (!context) {
         return FALSE;
     }

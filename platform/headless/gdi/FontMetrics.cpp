@@ -61,6 +61,8 @@ BOOL WINAPI GetTextMetricsW(HDC hdc, LPTEXTMETRICW metrics)
     metrics->tmMaxCharWidth = measures.width;
     metrics->tmWeight = font && font->log.lfWeight ? font->log.lfWeight : FW_NORMAL;
     metrics->tmItalic = font ? font->log.lfItalic : FALSE;
+    metrics->tmPitchAndFamily = FF_SWISS | TMPF_VECTOR | TMPF_TRUETYPE;
+    metrics->tmCharSet = font ? font->log.lfCharSet : DEFAULT_CHARSET;
     metrics->tmFirstChar = L' ';
     metrics->tmLastChar = 0xFFFD;
     metrics->tmDefaultChar = L'?';

@@ -37,14 +37,17 @@ std::vector<WCRANGE> RangesOf(const InstalledFont* font)
     return ranges;
 }
 
-std::vector<WideText> Faces()
+// All of them for an empty name.
+std::vector<WideText> FacesNamed(WideView name)
 {
     const TableLock lock;
     std::vector<WideText> faces;
     for (const FontPointer& font : Fonts()) {
-        faces.push_back(font->face);
+        if (name.empty() || font->IsNamed(name)) {
+            faces.push_back(font->ownName);
+        }
     }
-    return faces.empty() ? std::vector<WideText>{u"Segoe UI", u"Tahoma"} : faces;
+    return Fonts().empty() ? std::vector<WideText>{u"Segoe UI", u"Tahoma"} : faces;
 }
 
 } // namespace
@@ -55,20 +58,30 @@ bool InstalledFont::Has(char32_t c) const
                        [c](const CodeRange& range) { return c >= range.first && c <= range.last; });
 }
 
+bool InstalledFont::IsNamed(WideView name) const
+{
+    return EqualIgnoringCase(face, name) || EqualIgnoringCase(ownName, name);
+}
+
 FontPointer FontShownFor(const LOGFONTW& font)
 {
     const TableLock lock;
     const std::vector<FontPointer>& fonts = Fonts();
     const auto found = std::find_if(fonts.begin(), fonts.end(), [&](const FontPointer& installed) {
-        return EqualIgnoringCase(installed->face, View(font.lfFaceName));
+        return installed->IsNamed(View(font.lfFaceName));
     });
     return found != fonts.end() ? *found : fonts.empty() ? nullptr : fonts.front();
 }
 
+// Behind a bar stands the name that the font itself bears, if it is another: a program in the machine's
+// language sees that one.
 void InstallFont(std::string_view face, std::initializer_list<CodeRange> characters, FontShape shape)
 {
     const TableLock lock;
-    Fonts().push_back(std::make_shared<InstalledFont>(InstalledFont{FromUtf8(face), characters, shape}));
+    const size_t bar = face.find('|');
+    const std::string_view own = bar == face.npos ? face : face.substr(bar + 1);
+    Fonts().push_back(std::make_shared<InstalledFont>(
+        InstalledFont{FromUtf8(face.substr(0, bar)), FromUtf8(own), characters, shape}));
 }
 
 void RemoveInstalledFonts()
@@ -89,7 +102,7 @@ INT WINAPI GetTextFaceW(HDC hdc, INT capacity, LPWSTR face)
         return 0;
     }
     const FontPointer shown = FontShownFor(font->log);
-    return CopyText(shown ? WideView(shown->face) : View(font->log.lfFaceName), face, capacity) + 1;
+    return CopyText(shown ? WideView(shown->ownName) : View(font->log.lfFaceName), face, capacity) + 1;
 }
 
 DWORD WINAPI GetFontUnicodeRanges(HDC hdc, LPGLYPHSET set)
@@ -110,19 +123,19 @@ DWORD WINAPI GetFontUnicodeRanges(HDC hdc, LPGLYPHSET set)
     return size;
 }
 
-// All families, without the styles of one.
-INT WINAPI EnumFontFamiliesExW(HDC hdc, LPLOGFONTW, FONTENUMPROCW visit, LPARAM context, DWORD)
+// All families, or the one of a name, without the styles of one. None bears the mark of fonts that have
+// characters beyond the first 65,536, whatever it has.
+INT WINAPI EnumFontFamiliesExW(HDC hdc, LPLOGFONTW asked, FONTENUMPROCW visit, LPARAM context, DWORD)
 {
     if (FaultFires("EnumFontFamiliesExW") || !FindContext(hdc)) {
         return 0;
     }
     INT answer = 1;
-    for (const WideText& face : Faces()) {
+    for (const WideText& face : FacesNamed(View(asked->lfFaceName))) {
         ENUMLOGFONTEXW font{};
         CopyText(face, font.elfLogFont.lfFaceName, LF_FACESIZE);
         font.elfLogFont.lfPitchAndFamily = VARIABLE_PITCH | FF_SWISS;
         NEWTEXTMETRICEXW metrics{};
-        metrics.ntmFontSig.fsUsb[1] = 1U << 25; // bit 57: there may be characters beyond the first 65,536
         answer =
             visit(&font.elfLogFont, reinterpret_cast<TEXTMETRICW*>(&metrics), TRUETYPE_FONTTYPE, context);
         if (answer == 0) {

@@ -10,10 +10,12 @@ namespace gesso::headless {
 struct InstalledFont
 {
     WideText face;
+    WideText ownName; // in the language of the machine
     std::vector<CodeRange> characters;
     FontShape shape;
 
     bool Has(char32_t c) const;
+    bool IsNamed(WideView name) const;
 };
 
 // The font that a face is shown in; null while none is installed, and each face has every character.

@@ -116,9 +116,32 @@ TEST_F(TextFallback, ATallerFontIsMadeToFitAndStandsOnTheSameLine)
     desk::InstallFont("Tall", {HAN}, {150, 50});
     desk::InstallFont("Low", {GREEK}, {80, 10});
     EXPECT_EQ(Painted(u"a日"),
-              (Lines{"\"a\" (0,0) cx=6 latin font=\"Segoe UI\" 12", "\"日\" (6,2) cx=3 han font=\"Tall\" 7"}))
-        << "14 of the line's 15 high, 10 above the base line, which the line has at 12";
+              (Lines{"\"a\" (0,0) cx=6 latin font=\"Segoe UI\" 12", "\"日\" (6,3) cx=3 han font=\"Tall\" 6"}))
+        << "9 above the base line, which the line has at 12, and 3 below it, as the line";
     EXPECT_EQ(Painted(u"aβ").back(), "\"β\" (6,3) cx=6 greek font=\"Low\" 12");
+    desk::InstallFont("Deep", {{0x2600, 0x26FF}}, {1, 5000});
+    EXPECT_EQ(FontOf(u"☕"), "Segoe UI") << "no size of that one fits";
+    const gesso::SelectScope byCell(context, CreateFontW(15, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                                                         DEFAULT_CHARSET, 0, 0, 0, 0, L"Segoe UI"));
+    EXPECT_EQ(Painted(u"aβ").back(), "\"β\" (6,3) cx=6 greek font=\"Low\" 12")
+        << "the em height, not the cell's";
+    DeleteObject(GetCurrentObject(context, OBJ_FONT));
+}
+
+TEST_F(TextFallback, LinesStandWhereTheContextAlignsThem)
+{
+    desk::InstallFont("Low", {GREEK}, {80, 10});
+    const Text text = Prepare(context, u"aβ", 0);
+    const auto paintedAt = [&](UINT align) {
+        return PaintedSlices([&](HDC hdc) {
+                   SetTextAlign(hdc, align);
+                   CDrawText::DrawText_TextOut(hdc, 0, 20, text.get());
+               })
+            .back();
+    };
+    EXPECT_EQ(paintedAt(TA_TOP), "\"β\" (6,23) cx=6 greek");
+    EXPECT_EQ(paintedAt(TA_BASELINE), "\"β\" (6,20) cx=6 greek");
+    EXPECT_EQ(paintedAt(TA_BOTTOM), "\"β\" (6,18) cx=6 greek") << "2 less below the base line";
     EXPECT_EQ(Prepare(context, u"a日", 0)->nFontHeight, 15);
 }
 
@@ -139,6 +162,37 @@ TEST_F(TextFallback, ACharacterAsAReaderSeesItIsShownByOneFontIfOneHasAllOfIt)
     ASSERT_EQ(word.size(), 3U);
     EXPECT_EQ(word[2], "\"پبا\" (12,0) cx=18 arabic rtl font=\"Whole\" 12")
         << "letters that join are not torn";
+    EXPECT_EQ(Painted(u"اب☕بپ"), (Lines{"\"پب\" (0,0) cx=12 arabic rtl font=\"Whole\" 12",
+                                        "\"□\" (12,0) cx=6 arabic rtl font=\"Segoe UI\" 12",
+                                        "\"با\" (18,0) cx=12 arabic rtl font=\"Half\" 12"}))
+        << "nor those of a later word";
+}
+
+TEST_F(TextFallback, ACharacterThatLiesInTwoItemsIsShownByOneFontToo)
+{
+    desk::InstallFont("Points", {{0x5B0, 0x5EA}});
+    EXPECT_EQ(Painted(u"xa\u05B0"), (Lines{"\"xa\" (0,0) cx=12 latin font=\"Segoe UI\" 12",
+                                           "\"\u05B0\" (12,0) cx=6 hebrew rtl font=\"Points\" 12"}));
+    gesso::ForgetFallbackFonts();
+    desk::InstallFont("Both", {{0x20, 0x7E}, {0x5B0, 0x5EA}});
+    EXPECT_EQ(Painted(u"xa\u05B0b"),
+              (Lines{"\"x\" (0,0) cx=6 latin font=\"Segoe UI\" 12", "\"a\" (6,0) cx=6 latin font=\"Both\" 12",
+                     "\"\u05B0\" (12,0) cx=6 hebrew rtl font=\"Both\" 12",
+                     "\"b\" (18,0) cx=6 latin font=\"Segoe UI\" 12"}));
+}
+
+TEST_F(TextFallback, LettersThatJoinAreShapedSoWhereTheirFontChanges)
+{
+    desk::InstallFont("Half", {{0x627, 0x628}});
+    desk::InstallFont("Other", {{0x67E, 0x67E}});
+    const auto linked = [&](std::u16string_view word) {
+        const Text text = Prepare(context, word, 0);
+        EXPECT_EQ(text->nItems, 2U);
+        EXPECT_EQ(text->pItems[0].a.fLinkAfter, text->pItems[1].a.fLinkBefore);
+        return text->pItems[0].a.fLinkAfter && !text->pItems[0].a.fLinkBefore;
+    };
+    EXPECT_TRUE(linked(u"بپ"));
+    EXPECT_FALSE(linked(u"اپ")) << "alef joins nothing behind it";
 }
 
 TEST_F(TextFallback, AScriptThatTheFontHasNoTablesForIsShown)
@@ -161,8 +215,41 @@ TEST_F(TextFallback, CharactersThatShowNothingShowNoBox)
 
 TEST_F(TextFallback, AScriptThatNoFontHasTheTablesForIsShownLetterByLetter)
 {
-    desk::InstallFont("Letters", {{0x901, 0x914}});
+    desk::InstallFont("Letters", {{0x901, 0x914}, {0x2600, 0x26FF}});
     EXPECT_EQ(Painted(u"\u0905"), Lines{"\"\u0905\" (0,0) cx=6 neutral font=\"Letters\" 12"});
+    EXPECT_EQ(Painted(u"\u0905☕").size(), 1U);
+    EXPECT_EQ(Painted(u"a☕").back(), "\"☕\" (6,0) cx=6 latin font=\"Letters\" 12")
+        << "what a font cannot do for one script it can for another";
+}
+
+TEST_F(TextFallback, AFontIsInstalledByEitherOfItsNames)
+{
+    desk::InstallFont("Any Han", {HAN});
+    desk::InstallFont("Sim Gothic|シム ゴシック", {HAN});
+    desk::SetRegistryTexts(LINKS, "Segoe UI", {"G.TTC,Sim Gothic", "N.TTF,Not there"});
+    EXPECT_EQ(FontOf(u"日"), "Sim Gothic");
+}
+
+TEST_F(TextFallback, TheSignsOfASymbolFontStayItsOwn)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const gesso::SelectScope symbols(context, CreateFontW(-12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                                                          SYMBOL_CHARSET, 0, 0, 0, 0, L"Segoe UI"));
+    EXPECT_EQ(Painted(u"a日").back(), "\"□\" (6,0) cx=6 han font=\"Segoe UI\" 12");
+    DeleteObject(GetCurrentObject(context, OBJ_FONT));
+}
+
+TEST_F(TextFallback, FontsThatComeAreFoundOnceAControlHears)
+{
+    const Host host;
+    GLabel label;
+    label.Create(0, 0, 10, 10, host, 1, L"", 0, WS_CHILD);
+    EXPECT_EQ(FontOf(u"日"), "Segoe UI");
+    desk::InstallFont("Sim Han", {HAN});
+    EXPECT_EQ(FontOf(u"日"), "Segoe UI");
+    SendMessageW(label.GetHwnd(), WM_FONTCHANGE, 0, 0);
+    EXPECT_EQ(FontOf(u"日"), "Sim Han");
+    DestroyWindow(label.GetHwnd());
 }
 
 TEST_F(TextFallback, ATextOfWhichNothingIsMissingIsAsInClassic)
@@ -179,7 +266,7 @@ TEST_F(TextFallback, ATextOfWhichNothingIsMissingIsAsInClassic)
     EXPECT_EQ(desk::Live()[desk::Kind::Font], before[desk::Kind::Font]);
 }
 
-TEST_F(TextFallback, TextsShareAFontAndTheLastOneEndsIt)
+TEST_F(TextFallback, TextsShareFontsAndAFewAreKeptForTheNextText)
 {
     desk::InstallFont("Sim Han", {HAN});
     const desk::Census before = desk::Live();
@@ -194,8 +281,21 @@ TEST_F(TextFallback, TextsShareAFontAndTheLastOneEndsIt)
         EXPECT_EQ(fonts(), 3) << "with that of the larger context";
         Painted(*second);
     }
+    EXPECT_EQ(fonts(), 2);
     Prepare(context, u"語", 0, DT_CALCRECT);
-    EXPECT_EQ(desk::Live(), before);
+    EXPECT_EQ(fonts(), 2);
+    for (int height = 10; height < 30; ++height) {
+        const TextContext other(height);
+        Prepare(other, u"語", 0);
+    }
+    EXPECT_EQ(fonts(), 8);
+    desk::Fail("CreateFontIndirectW", 1 << 30);
+    const TextContext last(29);
+    EXPECT_EQ(Prepare(last, u"a日", 0)->nItems, 2U);
+    EXPECT_TRUE(Prepare(last, u"a日", 0)->fOneBlock & ~7U) << "in the font that is still there";
+    desk::ClearFaults();
+    gesso::ForgetFallbackFonts();
+    EXPECT_EQ(fonts(), 1) << "that of the last context";
 }
 
 TEST_F(TextFallback, BuffersThatAreMadeByHandHaveTheFontsToo)
@@ -217,7 +317,61 @@ TEST_F(TextFallback, BuffersThatAreMadeByHandHaveTheFontsToo)
     CDrawText::DrawText_Calculate(context, L"plain", 5, &text);
     EXPECT_EQ(text.nItems, 1U);
     CDrawText::OptimizeBuffer(&text);
-    EXPECT_EQ(desk::Live()[desk::Kind::Font], fonts) << "those of the former text have gone";
+    gesso::ForgetFallbackFonts();
+    EXPECT_EQ(desk::Live()[desk::Kind::Font], fonts) << "nobody has those of the former text";
+}
+
+TEST_F(TextFallback, WithoutMemoryForFontsABufferMadeByHandHasItsOwn)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const std::u16string mixed = u"日" + std::u16string(400, u'a');
+    Prepare(context, mixed, 0); // so that the font is known, and there
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 8, 500, 500);
+    {
+        const MemoryLimit limit(6'000);
+        CDrawText::DrawText_Calculate(context, Wide(mixed), 401, &text);
+        EXPECT_GT(limit.Refused(), 0U);
+    }
+    EXPECT_EQ(text.nChars, 401U);
+    EXPECT_EQ(text.nGlyphs, 401U);
+    EXPECT_EQ(text.nItems, 2U);
+    EXPECT_EQ(text.fOneBlock, 0U);
+    text.nChars = text.nGlyphs = 0;
+    CDrawText::DrawText_Calculate(context, Wide(mixed), 401, &text);
+    EXPECT_NE(text.fOneBlock, 0U) << "once there is memory again";
+}
+
+// What a program leaves in the library's own field must not lead behind its arrays.
+TEST_F(TextFallback, ArraysThatAProgramMadeHaveNoFontsBehindThem)
+{
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 3, 4, 4);
+    CDrawText::DrawText_Calculate(context, L"abcd", 4, &text);
+    for (const UINT stray : {8U, 0x48U, 0x1000U, 0x49U}) {
+        text.fOneBlock = stray;
+        CDrawText::DrawText_TextOut(context, 0, 0, &text);
+    }
+    text.fOneBlock = 0;
+}
+
+TEST_F(TextFallback, LinesMayBreakWhereTheyWouldInOneFont)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    constexpr std::u16string_view TEXT = u"日☕本語 a-☕b 語☕日本";
+    const auto softBreaks = [&] {
+        const Text text = Prepare(context, TEXT, 31);
+        EXPECT_EQ(CheckText(*text), "");
+        std::string marks;
+        for (UINT n = 0; n < text->nChars; ++n) {
+            marks += text->pLogAttr[n].fSoftBreak ? '|' : '.';
+        }
+        return marks;
+    };
+    const std::string inParts = softBreaks();
+    const WithBehavior classic(gesso::Behavior::Classic);
+    EXPECT_EQ(inParts, softBreaks());
+    EXPECT_EQ(inParts.substr(0, 4), "..||") << "between ideographs, whichever font the sign beside them has";
 }
 
 TEST_F(TextFallback, LinesBreakAcrossFonts)
@@ -294,11 +448,26 @@ TEST_F(TextFallback, LongTextsOfManyFontsAreDoneInTime)
         mixed += u"日\u2600β\u2601";
     }
     const std::u16string marks = u"e" + std::u16string(10'000, u'\x0301') + std::u16string(10'000, u'\x20E3');
+    std::u16string flags;
+    while (flags.size() < 80'000) {
+        flags += u"\U0001F1E9\U0001F1EA";
+    }
     const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(CheckText(*Prepare(context, flags, 0, DT_SINGLELINE)), "");
     EXPECT_EQ(CheckText(*Prepare(context, mixed, 0)), "");
     EXPECT_EQ(CheckText(*Prepare(context, marks, 0)), "");
     EXPECT_EQ(CheckText(*Prepare(context, std::u16string(20'000, u'\xD83D'), 0)), "");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
+}
+
+TEST_F(TextFallback, WhatIsMissingIsFoundBehindGlyphsThatAreNoLongerCounted)
+{
+    desk::InstallFont("Sim Signs", {{0x2600, 0x26FF}});
+    std::u16string text(70'000, u'a');
+    text += u"☕";
+    const Text prepared = Prepare(context, text, 0, DT_SINGLELINE);
+    ASSERT_EQ(prepared->nItems, 2U);
+    EXPECT_EQ(prepared->pItems[1].iCharPos, 70'000);
 }
 
 TEST_F(TextFallback, AListShowsWhatItsFontLacks)

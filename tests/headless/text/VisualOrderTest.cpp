@@ -86,11 +86,14 @@ TEST_F(TextVisualOrder, ALineThatIsTooWideIsCutWhereItIsSeenToEnd)
 TEST_F(TextVisualOrder, EachLineHasItsOwnWordsAndItsOwnOrder)
 {
     EXPECT_EQ(PaintedIn(31, u"אבג דהו זח"),
-              (Lines{"\" גבא\" (0,0) cx=24 hebrew rtl", "\" והד\" (0,20) cx=24 hebrew rtl",
-                     "\"חז\" (0,40) cx=12 hebrew rtl"}));
-    EXPECT_EQ(PaintedIn(45, u"ab אבג דהו c"),
-              (Lines{"\"ab \" (0,0) cx=18 latin", "\" גבא\" (18,0) cx=24 hebrew rtl",
-                     "\"והד\" (0,20) cx=18 hebrew rtl", "\" c\" (18,20) cx=12 latin"}));
+              (Lines{"\"גבא\" (0,0) cx=18 hebrew rtl", "\" \" (18,0) cx=6 hebrew rtl",
+                     "\"והד\" (0,20) cx=18 hebrew rtl", "\" \" (18,20) cx=6 hebrew rtl",
+                     "\"חז\" (0,40) cx=12 hebrew rtl"}))
+        << "the space at a line's end stands there as the whole text goes";
+    EXPECT_EQ(
+        PaintedIn(45, u"ab אבג דהו c"),
+        (Lines{"\"ab \" (0,0) cx=18 latin", "\"גבא\" (18,0) cx=18 hebrew rtl", "\" \" (36,0) cx=6 hebrew rtl",
+               "\"והד\" (0,20) cx=18 hebrew rtl", "\" c\" (18,20) cx=12 latin"}));
     EXPECT_EQ(PaintedIn(31, u"אבגדהוזח"),
               (Lines{"\"הדגבא\" (0,0) cx=30 hebrew rtl", "\"חזו\" (0,20) cx=18 hebrew rtl"}))
         << "a word that is wider than the line is split";
