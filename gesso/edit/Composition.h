@@ -49,6 +49,8 @@ public:
     bool IsActive() const { return !m_text.empty(); }
     const std::vector<wchar_t>& Text() const { return m_text; }
     UINT Caret() const { return m_nComposedCaret; }
+    // Takes back what is composed. False if the control is gone.
+    bool Cancel();
     // Whether a character is of the part that is being converted.
     bool IsTarget(UINT n) const;
 
@@ -61,7 +63,6 @@ private:
     void ReadComposed(const Context& context);
     bool AcceptResult(const Context& context, bool* pfAlive);
     void Forget();
-    bool Cancel();
     bool Finish();
     void Place() const;
     void TellFont(const Context& context) const;

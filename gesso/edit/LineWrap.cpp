@@ -20,20 +20,29 @@ bool IsIdeograph(wchar_t ch)
            (ch >= 0xD840 && ch < 0xD88E); // the higher halves of the planes of ideographs
 }
 
-// Closing punctuation and small kana stay with what is in front of them.
+// Closing punctuation, small kana and signs of iteration stay with what is in front of them.
 bool BeginsNoRow(wchar_t ch)
 {
-    static constexpr wchar_t CLOSING[] = {0x3001, 0x3002, 0x3009, 0x300B, 0x300D, 0x300F, 0x3011,
-                                          0x3015, 0x30FC, 0xFF01, 0xFF09, 0xFF0C, 0xFF0E, 0xFF1A,
-                                          0xFF1B, 0xFF1F, 0x2026, L')',   L',',   L'.',   L'!'};
+    static constexpr wchar_t CLOSING[] = {
+        0x3001, 0x3002, 0x3005, 0x3009, 0x300B, 0x300D, 0x300F, 0x3011, 0x3015, 0x3041, 0x3043, 0x3045,
+        0x3047, 0x3049, 0x3063, 0x3083, 0x3085, 0x3087, 0x308E, 0x309D, 0x309E, 0x30A1, 0x30A3, 0x30A5,
+        0x30A7, 0x30A9, 0x30C3, 0x30E3, 0x30E5, 0x30E7, 0x30EE, 0x30FC, 0x30FD, 0x30FE, 0xFF01, 0xFF09,
+        0xFF0C, 0xFF0E, 0xFF1A, 0xFF1B, 0xFF1F, 0x2026, L')',   L',',   L'.',   L'!'};
     return std::find(std::begin(CLOSING), std::end(CLOSING), ch) != std::end(CLOSING);
+}
+
+bool EndsNoRow(wchar_t ch)
+{
+    static constexpr wchar_t OPENING[] = {0x3008, 0x300A, 0x300C, 0x300E, 0x3010, 0x3014, 0xFF08, L'('};
+    return std::find(std::begin(OPENING), std::end(OPENING), ch) != std::end(OPENING);
 }
 
 bool MayEnd(const LineSource& source, UINT n)
 {
     const wchar_t chBefore = source.At(n - 1);
     const wchar_t ch = source.At(n);
-    const bool fBetween = (IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch);
+    const bool fBetween =
+        (IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch) && !EndsNoRow(chBefore);
     // The last question is the dearest.
     return !IsSpace(ch) && (IsSpace(chBefore) || fBetween) &&
            IsClusterBoundary(source.text, source.nStart + n);

@@ -24,6 +24,9 @@ try {
     bool fCut = false;
     const LPCWSTR pszText = psz ? psz : L"";
     const auto nLength = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
+    if (own.composition.IsActive() && !own.composition.Cancel()) {
+        return false;
+    }
     own.ForgetLines();
     if (IsPrepared(pszText, nLength, rules)) {
         if (!own.model.SetText(pszText, nLength)) {

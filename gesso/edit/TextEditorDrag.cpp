@@ -60,6 +60,7 @@ void TextEditor::Inside::MoveDrag(POINT pt)
     POINT ptScreen = pt;
     ClientToScreen(Window(), &ptScreen);
     TextEditor* pTarget = TextEditor::At(ptScreen);
+    const RECT rcInner = ScrollingEdge();
     for (TextEditor* pEditor = TextEditor::s_pFirst; pEditor; pEditor = pEditor->m_pNext) {
         Inside& field = *pEditor->m_inside;
         const bool fHere = pEditor == pTarget && field.MayChange();
@@ -67,6 +68,7 @@ void TextEditor::Inside::MoveDrag(POINT pt)
         field.ShowDropAt(fHere ? std::optional(field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind))
                                : std::nullopt);
     }
+    KeepScrolling(pTarget && pTarget->m_inside == this && MayChange() && !PtInRect(&rcInner, pt));
     constexpr WORD ARROW_CURSOR = 32512;
     constexpr WORD NO_CURSOR = 32648;
     const bool fTakes = pTarget && pTarget->m_inside->MayChange();

@@ -232,6 +232,8 @@ struct TextEditor::Inside final : private CompositionTarget
     UINT UnitOffset(POINT pt);
     void ExtendTo(POINT pt);
     bool OnTimer(UINT_PTR uId);
+    void KeepScrolling(bool fScrolls);
+    RECT ScrollingEdge() const;
     void ScrollOn();
     void OnCaptureLost(HWND hwndNew);
     bool ScrollByUser(int64_t nRow, int64_t x);

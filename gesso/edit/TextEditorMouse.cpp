@@ -180,16 +180,31 @@ void TextEditor::Inside::DragSelection(POINT pt)
 {
     const RECT rc = Area();
     const bool fBeyondSide = nWrapWidth == 0 && (pt.x < rc.left || pt.x >= rc.right);
-    const bool fBeyond = fBeyondSide || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom));
-    if (fBeyond && !fScrolling) {
-        SetTimer(Window(), EDIT_TIMER_SCROLL, SCROLL_PERIOD, nullptr);
-    } else if (!fBeyond && fScrolling) {
-        KillTimer(Window(), EDIT_TIMER_SCROLL);
-    }
-    fScrolling = fBeyond;
+    KeepScrolling(fBeyondSide || (IsMultiLine() && (pt.y < rc.top || pt.y >= rc.bottom)));
     const POINT ptIn{std::clamp(pt.x, rc.left, std::max(rc.left, rc.right - 1)),
                      IsMultiLine() ? std::clamp(pt.y, rc.top, std::max(rc.top, rc.bottom - 1)) : pt.y};
     ExtendTo(ptIn);
+}
+
+void TextEditor::Inside::KeepScrolling(bool fScrolls)
+{
+    if (fScrolls && !fScrolling) {
+        SetTimer(Window(), EDIT_TIMER_SCROLL, SCROLL_PERIOD, nullptr);
+    } else if (!fScrolls && fScrolling) {
+        KillTimer(Window(), EDIT_TIMER_SCROLL);
+    }
+    fScrolling = fScrolls;
+}
+
+// What the pointer has to leave for the text to scroll. Text that is dragged may go elsewhere too, so that it
+// scrolls just within the edges.
+RECT TextEditor::Inside::ScrollingEdge() const
+{
+    RECT rc = Area();
+    if (press == Press::Dragging) {
+        InflateRect(&rc, nWrapWidth > 0 ? 0 : -nAverage, IsMultiLine() ? -nRowHeight / 2 : 0);
+    }
+    return rc;
 }
 
 // The character that a point is on, or the one in front of the place that it is next to.
@@ -244,14 +259,14 @@ bool TextEditor::Inside::OnTimer(UINT_PTR uId)
 // Toward a pointer that is beyond the edge.
 void TextEditor::Inside::ScrollOn()
 {
-    if (press != Press::Selecting) {
+    if (press != Press::Selecting && press != Press::Dragging) {
         KillTimer(Window(), EDIT_TIMER_SCROLL);
         return;
     }
     POINT pt{};
     GetCursorPos(&pt);
     ScreenToClient(Window(), &pt);
-    const RECT rc = Area();
+    const RECT rc = ScrollingEdge();
     const int nDown = !IsMultiLine() ? 0 : pt.y < rc.top ? -1 : pt.y >= rc.bottom ? 1 : 0;
     const int nAcross = pt.x < rc.left ? -1 : pt.x >= rc.right ? 1 : 0;
     const Watch watch(site.Window());
@@ -260,6 +275,8 @@ void TextEditor::Inside::ScrollOn()
                                    std::max(LastX(), xScroll)));
     if (watch && press == Press::Selecting) {
         DragSelection(pt);
+    } else if (watch) {
+        MoveDrag(pt);
     }
 }
 

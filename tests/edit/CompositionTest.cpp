@@ -138,6 +138,16 @@ TEST_F(CompositionTest, ACancelledOneBringsTheSelectionBack)
     }
 }
 
+TEST_F(CompositionTest, AnotherTextCancelsWhatIsComposed)
+{
+    Make(L"xy", 1, 1);
+    Compose(L"ab");
+    edit->SetText(L"new");
+    Notify(CPS_COMPLETE);
+    DispatchAll();
+    EXPECT_EQ(Shown(), "|new");
+}
+
 TEST_F(CompositionTest, AnAcceptedOneTakesTheSelectionsPlaceInOneStep)
 {
     Make(L"one two\r\nthree four", 4, 14, ES_MULTILINE | ES_AUTOVSCROLL);

@@ -5,6 +5,7 @@
 #include "../support/Interception.h"
 #include "../support/OnWine.h"
 #include "../support/TestStrings.h"
+#include "../support/User.h"
 #include "../support/WithBehavior.h"
 
 namespace {
@@ -308,6 +309,28 @@ TEST_F(GEditModernTest, SelectedTextIsDraggedAndDropped)
     Mouse(WM_LBUTTONDOWN, 1, 0);
     Mouse(WM_LBUTTONUP, 1, 0);
     EXPECT_EQ(Shown(), "o|ne two one three") << "a click";
+}
+
+TEST_F(GEditModernTest, TextThatIsDraggedToTheLastRowScrollsOn)
+{
+    Make(10, 4);
+    SetText(L"one\n1\n2\n3\n4\n5\n6\n7");
+    Select(0, 3);
+    Mouse(WM_LBUTTONDOWN, 1, 0);
+    Mouse(WM_MOUSEMOVE, 1, 2, MK_LBUTTON);
+    RECT rc{};
+    Send(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&rc));
+    POINT pt{rc.left + Column(), rc.top + 3 * Row() - 2};
+    SendMessageW(edit.GetHwnd(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(pt.x, pt.y));
+    ClientToScreen(edit.GetHwnd(), &pt);
+    user::MoveMouse(pt.x, pt.y);
+    const LRESULT nFormer = Send(EM_GETFIRSTVISIBLELINE);
+    for (int i = 0; i < 3; ++i) {
+        Send(WM_TIMER, 0x6501);
+    }
+    EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), nFormer + 3);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(Shown(), "[one]/1/2/3/4/5/6/7");
 }
 
 TEST_F(GEditModernTest, TextIsFoundByCaseWordAndDirection)
