@@ -170,6 +170,13 @@ void MeasureWrapping(Bench& bench)
         Set(hwnd, text);
         UpdateWindow(hwnd);
     });
+    constexpr size_t PARAGRAPH = 100'000;
+    fields.SetBoth(Words(PARAGRAPH));
+    for (const HWND hwnd : {fields.gesso.GetHwnd(), fields.platform}) {
+        PutCaretAt(hwnd, PARAGRAPH / 2);
+    }
+    fields.Measure(bench, "type in a paragraph of 100,000 that wraps, and paint", 2 * KEYS,
+                   [](HWND hwnd) { TypeAndPaint(hwnd, KEYS); });
 }
 
 void MeasureLongLine(Bench& bench)
