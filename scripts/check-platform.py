@@ -25,7 +25,8 @@ CANNOT_FAIL = {
         OffsetRect PtInRect StrCmpLogicalW lstrcmpiW""",
     "their answer is the state itself": """GetCapture GetCurrentThreadId GetDoubleClickTime GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
-        GetTickCount IsChild IsClipboardFormatAvailable IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
+        GetTickCount IsChild IsClipboardFormatAvailable
+        IsThemeBackgroundPartiallyTransparent IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
         GetWindowThreadProcessId WindowFromPoint""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",

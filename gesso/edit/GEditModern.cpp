@@ -118,14 +118,16 @@ void GEdit::Modern::Draw(HDC hdc, const RECT& rcShown)
     const gesso::StateScope state(hdc);
     IntersectClipRect(hdc, rcShown.left, rcShown.top, rcShown.right, rcShown.bottom);
     RECT rcClient{};
-    if (!Frame::DrawParentBackground(edit, hdc, &rcClient)) {
+    GetClientRect(edit.m_hWnd, &rcClient);
+    // The plain one is opaque too. To ask the parent takes longer than to draw a row.
+    const gesso::ThemePart background(edit.m_hTheme, hdc, EP_BACKGROUND, BackgroundState(EditStyle()),
+                                      gesso::PlainPart::EditBackground);
+    if (!background.IsOpaque() && !Frame::DrawParentBackground(edit, hdc, &rcClient)) {
         return;
     }
     {
         const gesso::TransparentScope mode(hdc);
-        gesso::ThemePart(edit.m_hTheme, hdc, EP_BACKGROUND, BackgroundState(EditStyle()),
-                         gesso::PlainPart::EditBackground)
-            .DrawBackground(rcClient);
+        background.DrawBackground(rcClient);
     }
     editor.Draw(hdc, rcShown);
 }

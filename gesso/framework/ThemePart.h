@@ -45,6 +45,8 @@ public:
     {}
 
     void DrawBackground(const RECT& rc) const;
+    // Whether nothing behind it shows. Where the style has no such part that is the caller's to know.
+    bool IsOpaque() const { return !IsThemeBackgroundPartiallyTransparent(m_hTheme, m_nPart, m_nState); }
     // rc less the part's content margins.
     RECT ContentOf(const RECT& rc) const;
     // The part's true size; that of the system's check mark where the style has none.

@@ -243,6 +243,13 @@ BOOL WINAPI IsThemePartDefined(HTHEME theme, int part, int)
     return themeClass && IsThemePartAvailable(*themeClass, part);
 }
 
+// Every part lets its parent show through unless TMT_TRANSPARENT says otherwise.
+BOOL WINAPI IsThemeBackgroundPartiallyTransparent(HTHEME theme, int part, int state)
+{
+    const std::string* themeClass = ClassOf(theme);
+    return themeClass && FindThemeInt(*themeClass, part, state, TMT_TRANSPARENT).value_or(TRUE);
+}
+
 HRESULT WINAPI GetThemeMargins(HTHEME theme, HDC, int part, int state, int property, RECT*, MARGINS* margins)
 {
     if (margins) {

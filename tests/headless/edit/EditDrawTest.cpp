@@ -1,6 +1,7 @@
 // What an edit field draws, and where its caret stands. The font is 6 wide and 15 high.
 
 #include "../../edit/ProbeEdit.h"
+#include "../../support/WithBehavior.h"
 #include "../controls/DrawFixture.h"
 
 #include <climits>
@@ -68,6 +69,16 @@ TEST_F(EditDrawTest, SelectionIsFilledBehindThreePieces)
     // Over a line end, and with the caret first; the focus does not matter.
     edit.Select(1, 2, 0, 5);
     EXPECT_EQ(Fills(), (Lines{"FillRect (31,1,37,16) brush=ADD6FF", "FillRect (1,16,13,31) brush=ADD6FF"}));
+}
+
+TEST_F(EditDrawTest, InModernTheParentIsAskedOnlyForWhatShowsIt)
+{
+    const Modern modern;
+    Make(0, L"a");
+    EXPECT_EQ(Draw(edit, "DrawThemeParentBackground").size(), 1U);
+    gesso::headless::SetThemeInt("EDIT", EP_BACKGROUND, 0, TMT_TRANSPARENT, FALSE);
+    EXPECT_TRUE(Draw(edit, "DrawThemeParentBackground").empty());
+    EXPECT_EQ(Draw(edit, "DrawThemeBackground").size(), 1U);
 }
 
 // A program may give the bars any range; with positions at the ends of the numbers all goes on.
