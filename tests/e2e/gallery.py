@@ -73,6 +73,11 @@ def window_titled(title):
     return int(place["X"]) + int(place["WIDTH"]) // 2, int(place["Y"]) + 10
 
 
+def window_in_front():
+    """The number of the window that gets the keys."""
+    return subprocess.check_output(["xdotool", "getwindowfocus"], text=True).strip()
+
+
 class Gallery:
     """A running gallery that shows one page."""
 

@@ -1,6 +1,6 @@
 """Edit fields under a real pointer and keyboard, and text that goes by the clipboard to and from the platform's own
-edit field and a combo box."""
-from gallery import GalleryTest, xdotool
+edit field, in another program too, and a combo box."""
+from gallery import Gallery, GalleryTest, window_in_front, xdotool
 
 EN_CHANGE = 768
 
@@ -111,6 +111,29 @@ class Edit(GalleryTest):
     def test_characters_of_other_kinds_are_not_taken(self):
         self.fill(self.number, "1a2b")
         self.assertEqual(self.text(self.number), "12")
+
+    def test_text_goes_to_the_platforms_field_of_another_program_and_back(self):
+        self.fill(self.line, "there and back again")
+        self.gallery.key("ctrl+a", "ctrl+c")
+        self.gallery.lines()
+        window = window_in_front()
+        other = Gallery(self.PAGE)  # in front, and with the keys
+        try:
+            field = next(c for c in other.controls() if c.class_name == "Edit")
+            other.click((field.x + 5, field.y + 10))
+            other.key("End", "shift+Home", "ctrl+v", "exclam")
+            other.lines()
+            text = next(c.text for c in other.controls() if c.class_name == "Edit")
+            self.assertEqual(text, "there and back again!")
+            other.key("shift+Home", "ctrl+c")
+            other.lines()
+            # There is no window manager that would do so.
+            xdotool("windowraise", window, "windowfocus", window)
+            self.fill(self.line, "")
+            self.gallery.key("ctrl+v")
+            self.assertEqual(self.text(self.line), "there and back again!")
+        finally:
+            other.close()
 
     def test_text_goes_to_the_platforms_field_and_back(self):
         self.fill(self.line, "there and back")
