@@ -133,6 +133,33 @@ inline void Fill(GRibbon& ribbon)
     }
 }
 
+// --- What a user and a host do with one class alone
+
+inline void ActOn(GWnd&) {}
+
+// In Modern the list stays open meanwhile.
+inline void ActOn(GComboBox& combo)
+{
+    const HWND hwnd = combo.GetHwnd();
+    if (!IsWindow(hwnd) || gesso::BehaviorOf(combo) != gesso::Behavior::Modern) {
+        return;
+    }
+    combo.SetAutoComplete(true);
+    SendMessageW(hwnd, CB_INITSTORAGE, 10, 0);
+    desk::TypeText("t");
+    SendMessageW(hwnd, CB_SHOWDROPDOWN, TRUE, 0);
+    desk::Pump();
+    combo.SetFont(combo.GetFont());
+    combo.InsertItem(0, 0, L"zero", 0, nullptr);
+    desk::Advance(20);
+    desk::TypeKey(VK_NEXT);
+    desk::Pump();
+    desk::Click(1, 1, desk::Button::Right);
+    desk::TypeKey(VK_PRIOR);
+    desk::TypeKey('Z', {VK_CONTROL});
+    desk::Pump();
+}
+
 // --- A life
 
 template <class CONTROL> class ControlLife
@@ -174,6 +201,7 @@ public:
             Point();
             Type();
         }
+        ActOn(*m_pControl);
         if (IsThere()) {
             Scroll();
             Tell();
