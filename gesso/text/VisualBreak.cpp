@@ -53,6 +53,7 @@ private:
         UINT EndChar() const { return FirstChar() + static_cast<UINT>(run.nChars); }
     };
 
+    void TurnBack(SCRIPT_ANALYSIS& analysis);
     void CutAt(Rest& rest, UINT nChar, UINT nGlyph);
     void CutAtLineEnd(Rest& rest, UINT nGlyph);
     void Append(const Rest& rest);
@@ -77,6 +78,17 @@ void Parting::Append(const Rest& rest)
     m_runs.push_back(rest.run);
     if (rest.nItem < m_fontsBefore.size()) {
         m_fonts.push_back(m_fontsBefore[rest.nItem]);
+    }
+}
+
+// White space that ended a line of the breaks before goes with what it follows again.
+void Parting::TurnBack(SCRIPT_ANALYSIS& analysis)
+{
+    const auto isLevelOf = [](const SCRIPT_ANALYSIS& a) { return a.s.uBidiLevel % 2 == a.fRTL; };
+    if (!isLevelOf(analysis)) {
+        const bool fFollows = !m_items.empty() && m_items.back().a.fRTL && isLevelOf(m_items.back().a);
+        analysis.s.uBidiLevel = fFollows ? m_items.back().a.s.uBidiLevel : 1;
+        m_fChanged = true;
     }
 }
 
@@ -122,6 +134,9 @@ void Parting::CutAtLineEnd(Rest& rest, UINT nGlyph)
 void Parting::Add(UINT nItem, std::span<const stcDrawTextBreak> breaks)
 {
     Rest rest{nItem, m_logical.pItems[nItem], m_logical.pRuns[nItem], false};
+    if (rest.item.a.fRTL) {
+        TurnBack(rest.item.a);
+    }
     for (const stcDrawTextBreak& record : breaks) {
         if (record.nGlyph > rest.run.nFirstGlyph) {
             CutAtLineEnd(rest, record.nGlyph);

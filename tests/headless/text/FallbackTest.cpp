@@ -410,6 +410,8 @@ TEST_F(TextFallback, AnythingMayFailAndTextsStayInOrder)
                 EXPECT_GT(skip, 0) << operation << " is never asked";
                 break;
             }
+            EXPECT_EQ(FontOf(u"日"), "Sim Han")
+                << operation << skip << ": a failure that passes is forgotten";
         }
     }
     const Text text = Prepare(context, u"日", 0);
@@ -464,9 +466,9 @@ TEST_F(TextFallback, WhatIsMissingIsFoundBehindGlyphsThatAreNoLongerCounted)
 {
     desk::InstallFont("Sim Signs", {{0x2600, 0x26FF}});
     std::u16string text(70'000, u'a');
-    text += u"☕";
+    text += u"☕a";
     const Text prepared = Prepare(context, text, 0, DT_SINGLELINE);
-    ASSERT_EQ(prepared->nItems, 2U);
+    ASSERT_EQ(prepared->nItems, 3U);
     EXPECT_EQ(prepared->pItems[1].iCharPos, 70'000);
 }
 

@@ -102,6 +102,29 @@ TEST_F(TextVisualOrder, EachLineHasItsOwnWordsAndItsOwnOrder)
                      "\"\\n\" (0,20) cx=6 control", "\"דג\" (6,20) cx=12 hebrew rtl"}));
 }
 
+TEST_F(TextVisualOrder, SpacesAtALinesEndAreWithinTheLineAgainOnceThereIsRoom)
+{
+    constexpr std::u16string_view TEXT = u"אבג  דהו";
+    HandMadeText text;
+    CDrawText::PrepareBuffer(&text, 0, 0, 0);
+    CDrawText::DrawText_Calculate(context, Wide(TEXT), 8, &text);
+    const auto paintedIn = [&](int width) {
+        CDrawText::DrawText_Break(Wide(TEXT), 8, static_cast<UINT>(width), &text);
+        EXPECT_EQ(CheckLines(text), "");
+        std::string shown;
+        for (const std::string& line : PaintedSlices([&](HDC hdc) {
+                 CDrawText::DrawText_TextOut_Break(hdc, {0, 0, width, 90}, &text);
+             }))
+        {
+            shown += line.substr(1, line.find('"', 1) - 1) + '|';
+        }
+        return shown;
+    };
+    EXPECT_EQ(paintedIn(500), "והד  גבא|");
+    EXPECT_EQ(paintedIn(32), "גבא|  |והד|");
+    EXPECT_EQ(paintedIn(500), "והד|  |גבא|");
+}
+
 TEST_F(TextVisualOrder, LinesThatAreRefusedStayAsTheyWere)
 {
     const std::u16string text(4000, u'\x5D0');
