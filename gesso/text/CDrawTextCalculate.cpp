@@ -21,6 +21,16 @@ constexpr UINT SCRATCH_GLYPHS = 64;
 constexpr UINT ITEM_STEP = 16;
 constexpr UINT GLYPH_STEP = 64;
 
+// Letters of the scripts that go from right to left, and halves of pairs that may be such.
+bool HasRightToLeftLetters(LPCWSTR pszText, UINT nChars)
+{
+    constexpr wchar_t FIRST = 0x0590;
+    return std::any_of(pszText, pszText + nChars, [](wchar_t c) {
+        return c >= FIRST && (c <= 0x08FF || (c >= 0xFB1D && c <= 0xFEFC) || (c >= 0xD802 && c <= 0xD803) ||
+                              (c >= 0xD83A && c <= 0xD83B));
+    });
+}
+
 // A script processor that still asks for room with all this is not short of room but of memory, and would ask
 // for ever.
 constexpr uint64_t AmpleRoom(UINT nRoom, UINT nChars)
@@ -172,6 +182,7 @@ public:
 private:
     void Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState);
     void ItemizeByDirection();
+    bool ItemizeAsRead();
     void AddItems();
     void AddItem(UINT nItem);
     bool AddInFont(const RunFontRef& font, SCRIPT_ITEM& item, stcDrawTextRun& run);
@@ -235,19 +246,25 @@ void Calculation::Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pS
 void Calculation::ItemizeByDirection()
 {
     m_arrays.fOneBlock &= ~PAINTED_AS_READ;
-    Itemize(nullptr, nullptr);
-    const SCRIPT_ITEM* const pItems = m_arrays.pItems;
-    const auto isRightToLeft = [](const SCRIPT_ITEM& item) { return item.a.fRTL; };
-    if (std::none_of(pItems, pItems + m_arrays.nItems, isRightToLeft) || WillHave(Quirk::TextRunsInOrder)) {
-        return;
+    const bool fAsRead = !WillHave(Quirk::TextRunsInOrder) && HasRightToLeftLetters(m_pszText, m_nChars);
+    if (!fAsRead || !ItemizeAsRead()) {
+        Itemize(nullptr, nullptr);
     }
+}
+
+// False where that finds nothing that goes from right to left.
+bool Calculation::ItemizeAsRead()
+{
     constexpr SCRIPT_CONTROL CONTROL{};
     constexpr SCRIPT_STATE LEFT_TO_RIGHT{};
     Itemize(&CONTROL, &LEFT_TO_RIGHT);
-    if (m_arrays.nItems == 0) {
-        Itemize(nullptr, nullptr);
+    const SCRIPT_ITEM* const pItems = m_arrays.pItems;
+    const auto isRightToLeft = [](const SCRIPT_ITEM& item) { return item.a.fRTL; };
+    if (m_fRefused || std::none_of(pItems, pItems + m_arrays.nItems, isRightToLeft)) {
+        return m_fRefused;
     }
     m_arrays.fOneBlock |= PAINTED_AS_READ;
+    return true;
 }
 
 void Calculation::AddItems()

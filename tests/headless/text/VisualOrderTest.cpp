@@ -148,9 +148,9 @@ TEST_F(TextVisualOrder, ClassicKeepsTheOrderOfTheText)
     EXPECT_EQ(Prepare(context, u"a אב", 0)->fOneBlock, 1U);
 }
 
-TEST_F(TextVisualOrder, WithoutASecondResultTheFirstOneServes)
+TEST_F(TextVisualOrder, WithoutTheResultByDirectionThePlainOneServes)
 {
-    desk::Fail("ScriptItemize", 1, 0x80004005, 1);
+    desk::Fail("ScriptItemize", 1, 0x80004005);
     EXPECT_EQ(Prepare(context, u"a אב c", 0)->nItems, 3U);
 }
 
