@@ -56,6 +56,7 @@ public:
 
     std::vector<TextCell> Make()
     {
+        FindBeginnings();
         const UINT nItems = UsableItems(m_buffer);
         std::vector<UINT> order(nItems);
         std::iota(order.begin(), order.end(), 0U);
@@ -80,9 +81,26 @@ private:
         int cx;
     };
 
-    bool Begins(UINT n) const
+    bool Begins(UINT n) const { return m_begins[n]; }
+
+    bool IsHalfFlag(UINT n) const
     {
-        return n == 0 || IsClusterBoundary(m_source.text, m_source.nStart + m_nStart + n);
+        const wchar_t chLow = m_source.At(m_nStart + n + 1);
+        return m_source.At(m_nStart + n) == 0xD83C && chLow >= 0xDDE6 && chLow <= 0xDDFF;
+    }
+
+    // In a row of flags every other half begins one; each asked alone, the row would be counted from its
+    // start each time.
+    void FindBeginnings()
+    {
+        const UINT nChars = UsableChars(m_buffer);
+        m_begins.assign(nChars, char{1});
+        for (UINT n = 1; n < nChars; ++n) {
+            const bool fWithinRow =
+                n > 4 && n + 1 < nChars && IsHalfFlag(n) && IsHalfFlag(n - 2) && IsHalfFlag(n - 4);
+            m_begins[n] = fWithinRow ? !m_begins[n - 2]
+                                     : IsClusterBoundary(m_source.text, m_source.nStart + m_nStart + n);
+        }
     }
 
     void AddRun(UINT nItem, int x)
@@ -184,6 +202,7 @@ private:
     const LineSource& m_source;
     UINT m_nStart;
     const stcDrawTextBuffer& m_buffer;
+    std::vector<char> m_begins; // of each character, whether a cluster does
     std::vector<TextCell> m_cells;
     TextRange m_lead{0, 0}; // of the run that is added, what is in front of its first cell
     int m_cxLead = 0;

@@ -77,6 +77,18 @@ TEST_F(FieldClustersTest, ACharacterIsAsWideAsAllItsRuns)
     EXPECT_EQ(line.PlaceAt(source, (stretches[0].nLeft + stretches[0].nRight) / 2 - 1).n, 1U);
 }
 
+TEST_F(FieldClustersTest, HalvesOfFlagsAreJoinedTwoByTwo)
+{
+    Make(40, 3, ES_AUTOHSCROLL);
+    SetFocus(edit.GetHwnd());
+    edit.SetText(L"x\xD83C\xDDE9\xD83C\xDDEA\xD83C\xDDEB\xD83C\xDDF7\xD83C\xDDE9\xD83C\xDDEA\xD83C\xDDEBy");
+    std::vector<int> places;
+    for (int i = 0; i < 6; ++i) {
+        places.push_back(CaretAfter(VK_RIGHT));
+    }
+    EXPECT_EQ(places, (std::vector<int>{1, 5, 9, 13, 15, 16}));
+}
+
 // A field keeps its behaviour; its lines are prepared as the process says.
 TEST_F(FieldClustersTest, AFieldOfModernStaysWholeAfterTheProcessTurnsClassic)
 {
