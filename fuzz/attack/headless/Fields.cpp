@@ -810,7 +810,11 @@ void FieldWorld::Compose(Source& source)
             text.clear(); // refused
         }
         if (source.Chance(2)) {
-            (this->*MEANWHILE[source.Below(static_cast<UINT>(std::size(MEANWHILE)))])(source);
+            const auto pfn = MEANWHILE[source.Below(static_cast<UINT>(std::size(MEANWHILE)))];
+            (this->*pfn)(source);
+            if (pfn == &FieldWorld::SetText) {
+                text.clear(); // taken back
+            }
             Find(Check());
         }
     }
