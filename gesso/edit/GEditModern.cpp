@@ -132,6 +132,13 @@ void GEdit::Modern::Draw(HDC hdc, const RECT& rcShown)
     editor.Draw(hdc, rcShown);
 }
 
+bool GEdit::Modern::TakesDropAt(POINT pt) const
+{
+    RECT rc{};
+    GetClientRect(edit.m_hWnd, &rc);
+    return PtInRect(&rc, pt);
+}
+
 LRESULT GEdit::Modern::Paint()
 {
     const Watch watch(edit);

@@ -26,6 +26,7 @@ private:
     RECT TextRect() const override { return edit.TextRect(); }
     LRESULT Tell(UINT uCode) override;
     void SetRange(int nBar, int nMax, UINT nPage, int nPos) override;
+    bool TakesDropAt(POINT pt) const override; // not on bars and frame
 
     LRESULT Paint();
     void OnFocus(bool fGained);

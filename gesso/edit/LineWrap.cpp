@@ -39,7 +39,8 @@ bool EndsNoRow(wchar_t ch)
 
 bool MayEnd(const LineSource& source, UINT n)
 {
-    const wchar_t chBefore = source.At(n - 1);
+    const wchar_t chLast = source.At(n - 1);
+    const wchar_t chBefore = IS_LOW_SURROGATE(chLast) && n > 1 ? source.At(n - 2) : chLast;
     const wchar_t ch = source.At(n);
     const bool fBetween =
         (IsIdeograph(chBefore) || IsIdeograph(ch)) && !BeginsNoRow(ch) && !EndsNoRow(chBefore);
@@ -84,7 +85,8 @@ UINT RowEnd(const LineSource& source, UINT nFit)
     while (!IsEnd(source, n) && IsSpace(source.At(n))) {
         ++n;
     }
-    n = SnapToCluster(source.text, source.nStart + n) - source.nStart;
+    // A row whose start is not settled yet may begin within a character.
+    n = std::max(SnapToCluster(source.text, source.nStart + n), source.nStart) - source.nStart;
     if (n > nFit) {
         return n;
     }

@@ -20,13 +20,14 @@ constexpr UINT STRETCH = 512;
 constexpr size_t KEPT_PIECES = 16;
 
 // The end of the tab that begins at x.
-int TabEnd(const std::vector<int>& tabs, int x)
+int TabEnd(const LineStyle& style, int x)
 {
+    const std::vector<int>& tabs = style.tabs;
     const auto next = std::upper_bound(tabs.begin(), tabs.end(), x);
     if (next != tabs.end()) {
         return *next;
     }
-    const int nStep = tabs.size() == 1 ? tabs.front() : 0;
+    const int nStep = tabs.size() == 1 ? tabs.front() : style.nTab;
     return nStep > 0 ? (x / nStep + 1) * nStep : x + 1;
 }
 
@@ -279,7 +280,7 @@ void PreparedLine::Measure(const LineSource& source)
     UINT nStart = 0;
     for (Piece& piece : m_pieces) {
         if (piece.fTab) {
-            piece.cx = TabEnd(source.style.tabs, x) - x;
+            piece.cx = TabEnd(source.style, x) - x;
         } else if (!piece.fPrepared && piece.cx == 0) {
             Shape(source, piece, nStart);
             if (m_pieces.size() > KEPT_PIECES) {

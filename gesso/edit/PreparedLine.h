@@ -15,6 +15,7 @@ namespace gesso {
 struct LineStyle
 {
     std::vector<int> tabs; // in pixels; one alone stands for all its multiples
+    int nTab = 0;          // behind the last of several, its multiples
     wchar_t chMask = 0;    // shows for every character; 0 for none
 };
 

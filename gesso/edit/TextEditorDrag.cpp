@@ -49,6 +49,7 @@ TextEditor* TextEditor::At(POINT ptScreen)
 void TextEditor::Inside::StartDrag()
 {
     press = Press::Dragging;
+    fDragInside = false;
 }
 
 // The field under the pointer shows where the text would go.
@@ -68,7 +69,9 @@ void TextEditor::Inside::MoveDrag(POINT pt)
         field.ShowDropAt(fHere ? std::optional(field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind))
                                : std::nullopt);
     }
-    KeepScrolling(pTarget && pTarget->m_inside == this && MayChange() && !PtInRect(&rcInner, pt));
+    const bool fInner = PtInRect(&rcInner, pt);
+    fDragInside = fDragInside || fInner;
+    KeepScrolling(pTarget && pTarget->m_inside == this && MayChange() && fDragInside && !fInner);
     constexpr WORD ARROW_CURSOR = 32512;
     constexpr WORD NO_CURSOR = 32648;
     const bool fTakes = pTarget && pTarget->m_inside->MayChange();
@@ -155,6 +158,7 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
         return;
     }
     const UINT nLength = range.Length();
+    const ViewPlace former = Place();
     model.BeginStep();
     const DWORD dwNow = GetTickCount();
     const bool fPutIn = model.Replace({at, at}, text.data(), nLength, EditKind::Step, dwNow);
@@ -175,7 +179,7 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
     }
     fTrailing = false;
     model.SetModified(true);
-    Changed(Origin::User);
+    Changed(Origin::User, former);
 }
 
 // False unless all of it has come in.

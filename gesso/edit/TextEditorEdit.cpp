@@ -23,6 +23,7 @@ bool TextEditor::Inside::Replace(const TextRange& range, LPCWSTR psz, UINT n, Ed
     if (range.Length() == 0 && n == 0) {
         return true;
     }
+    const ViewPlace former = Place();
     if (!site.HasRoomFor(model.Length() - range.Length() + n) ||
         !model.Replace(range, psz, n, kind, GetTickCount(), fCanUndo))
     {
@@ -30,17 +31,15 @@ bool TextEditor::Inside::Replace(const TextRange& range, LPCWSTR psz, UINT n, Ed
     }
     fTrailing = n > 0;
     model.SetModified(true);
-    Changed(origin);
+    Changed(origin, former);
     return true;
 }
 
 // The parent may do anything in either, destroying the control included. What the user has changed shows
 // between the two.
-void TextEditor::Inside::Changed(Origin origin)
+void TextEditor::Inside::Changed(Origin origin, const ViewPlace& former)
 {
     const Watch watch(site.Window());
-    const UINT nFormerTop = nTop;
-    const int xFormer = xScroll;
     nColumn = -1;
     try {
         ShowEdit();
@@ -59,7 +58,7 @@ void TextEditor::Inside::Changed(Origin origin)
         Tell(EN_CHANGE);
     }
     if (watch && origin == Origin::User && IsMultiLine()) {
-        TellScrolled(nFormerTop, xFormer);
+        TellScrolled(former);
     }
 }
 
@@ -167,6 +166,7 @@ bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
 {
     const auto pfnBack = pfnStep == &EditModel::Undo ? &EditModel::Redo : &EditModel::Undo;
     const bool fMarked = model.HasSelection() || composition.IsActive();
+    const ViewPlace former = Place();
     if (!MayChange() || !(model.*pfnStep)()) {
         return false;
     }
@@ -177,7 +177,7 @@ bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
     fRowsChanged = fRowsChanged || fMarked || model.HasSelection();
     fTrailing = false;
     model.SetModified(true);
-    Changed(Origin::User);
+    Changed(Origin::User, former);
     return true;
 }
 
@@ -246,7 +246,8 @@ void TextEditor::Inside::Delete(bool fWord)
 // --- Clipboard. It tells the window whose content it had, and in that the program may change the field or
 // destroy the control.
 
-// False where nothing was copied, or the control is gone. What is masked is not given away.
+// False where nothing was copied, what was is selected no more, or the control is gone. What is masked is not
+// given away.
 bool TextEditor::Inside::Copy() const
 {
     const TextRange range = model.Selection();
@@ -255,16 +256,13 @@ bool TextEditor::Inside::Copy() const
     }
     std::vector<wchar_t> text(range.Length());
     model.Text().Copy(range, text.data());
-    return PutClipboardText(site.Window(), text.data(), range.Length());
+    return PutClipboardText(site.Window(), text.data(), range.Length()) && IsSelected(range, text);
 }
 
 void TextEditor::Inside::Cut()
 {
     if (MayChange() && Copy()) {
-        const TextRange range = model.Selection();
-        if (range.Length() > 0) {
-            Replace(range, L"", 0, EditKind::Step, Origin::User);
-        }
+        Replace(model.Selection(), L"", 0, EditKind::Step, Origin::User);
     }
 }
 

@@ -48,6 +48,13 @@ struct TextEditor::Inside final : private CompositionTarget
         OnSelection, // which a move drags away, and a release collapses
         Dragging
     };
+    // What the view shows.
+    struct ViewPlace
+    {
+        UINT nTop;
+        UINT nTopStart;
+        int x;
+    };
     class PlacingScope;
     struct CachedLine
     {
@@ -96,7 +103,8 @@ struct TextEditor::Inside final : private CompositionTarget
     bool fStyled = false; // the five above are of the present font
     bool fPlacing = false;
     bool fScrolling = false;   // the timer of a drag beyond the edge runs
-    bool fViewWrapped = false; // rows in view, or in front of it, have been wrapped anew
+    bool fDragInside = false;  // what is dragged was away from the edges once
+    bool fViewWrapped = false; // rows in view have been wrapped anew
     bool fCaret = false;       // the platform's caret is this window's
 
     // --- Input
@@ -145,6 +153,7 @@ struct TextEditor::Inside final : private CompositionTarget
     UINT WordEnd(UINT n) const;
     UINT WordStart(UINT n) const;
     void MeasureWidest(HDC hdc);
+    void MeasureView(HDC hdc);
     int LeftOf(HDC hdc, UINT nRow);
     int LeftOf(int nWidth) const;
     UINT LastTop() const;
@@ -164,6 +173,8 @@ struct TextEditor::Inside final : private CompositionTarget
     void ShowChange();
     void Repaint() const;
     void RepaintRows(UINT nFirst, UINT nBehind) const;
+    ViewPlace Place() const { return {nTop, nTopStart, xScroll}; }
+    void ShowMove();
     void ShowSelection(UINT nFormerCaret);
     void ShowEdit();
     void Rearrange();
@@ -189,7 +200,7 @@ struct TextEditor::Inside final : private CompositionTarget
     UINT RoomFor(const TextRange& range) const;
     UINT CountThatFits(const TextRange& range, const std::vector<wchar_t>& text);
     UINT RowsWith(const TextRange& range, const wchar_t* psz, UINT n);
-    void Changed(Origin origin);
+    void Changed(Origin origin, const ViewPlace& former);
     bool TakeBack(bool (EditModel::*pfnStep)());
     bool HasRoomForPair(wchar_t chHigh);
     void Type(wchar_t ch);
@@ -216,7 +227,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void WrapBetween(HDC hdc, UINT nOne, UINT nOther);
     void MovePage(bool fDown, bool fExtend);
     void ScrollByKey(int nRows);
-    void TellScrolled(UINT nFormerTop, int xFormer);
+    void TellScrolled(const ViewPlace& former);
     bool WantsKey(WPARAM wKey) const;
     LRESULT DialogCode(const MSG* pMsg);
 

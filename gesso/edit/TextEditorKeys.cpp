@@ -175,22 +175,23 @@ void TextEditor::Inside::MovePage(bool fDown, bool fExtend)
 
 void TextEditor::Inside::ScrollByKey(int nRows)
 {
-    const UINT nFormerTop = nTop;
+    const ViewPlace former = Place();
     ScrollTo(int64_t{nTop} + nRows, xScroll);
     const Watch watch(site.Window());
     Arrange();
     if (watch) {
         UpdateCaret();
         Repaint();
-        TellScrolled(nFormerTop, xScroll);
+        TellScrolled(former);
     }
 }
 
-void TextEditor::Inside::TellScrolled(UINT nFormerTop, int xFormer)
+// Rows that are wrapped, or edited, in front of the view move it without scrolling.
+void TextEditor::Inside::TellScrolled(const ViewPlace& former)
 {
     const Watch watch(site.Window());
-    const bool fAcross = xFormer != xScroll;
-    if (nFormerTop != nTop) {
+    const bool fAcross = former.x != xScroll;
+    if (former.nTop != nTop && former.nTopStart != nTopStart) {
         Tell(EN_VSCROLL);
     }
     if (watch && fAcross) {
@@ -221,13 +222,12 @@ bool TextEditor::Inside::OnKey(UINT uKey)
     if (!IsMultiLine() && (uKey == VK_PRIOR || uKey == VK_NEXT)) {
         return true;
     }
-    const UINT nFormerTop = nTop;
-    const int xFormer = xScroll;
+    const ViewPlace former = Place();
     if (MoveByKey(uKey, fControl, fShift)) {
         const Watch watch(site.Window());
         ShowChange();
         if (watch) {
-            TellScrolled(nFormerTop, xFormer);
+            TellScrolled(former);
         }
         return true;
     }

@@ -71,6 +71,7 @@ void TextEditor::Inside::NeedStyle(HDC hdc)
     nAverage = std::max<int>(metric.tmAveCharWidth, 1);
     style.chMask = Mask();
     style.tabs.clear();
+    style.nTab = nAverage * static_cast<int>(TAB_DIALOG_UNITS) / UNITS_PER_CHARACTER;
     const auto pixels = [&](UINT nUnits) {
         return static_cast<int>(
             std::min<int64_t>(int64_t{nUnits} * nAverage / UNITS_PER_CHARACTER, SHRT_MAX));
@@ -148,13 +149,14 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
     if (!fOneRow) {
         FollowRows(change.nRow, change.nRowsRemoved, change.nRowsInserted);
     }
-    if (nTopStart >= change.nFrom + change.nRemoved) {
+    // What comes in at the start of the view comes into view.
+    if (nTopStart >= change.nFrom + change.nRemoved && nTopStart > change.nFrom) {
         nTopStart = static_cast<UINT>(nTopStart + nBy);
     } else {
         nTopStart = std::min(nTopStart, change.nFrom + change.nInserted);
     }
     FindTop();
-    if (nWrapped > change.nFrom) {
+    if (nWrapped >= change.nFrom) {
         nWrapped = static_cast<UINT>(std::max<int64_t>(int64_t{nWrapped} + nBy, change.nFrom));
     }
     const HWND hwnd = Window();
@@ -217,6 +219,15 @@ void TextEditor::Inside::MeasureWidest(HDC hdc)
     PreparedLine line;
     line.Prepare(Source(hdc, nLongest), model.RowText(nLongest).Length());
     nWidest = std::max(line.Width(), 1);
+}
+
+// Lines in view may be wider than the longest one.
+void TextEditor::Inside::MeasureView(HDC hdc)
+{
+    const uint64_t nBehind = uint64_t{nTop} + RowsInView();
+    for (UINT nRow = nTop; nWrapWidth == 0 && nRow < model.Rows().Count() && nRow < nBehind; ++nRow) {
+        nWidest = std::max(nWidest, Line(hdc, nRow).Width());
+    }
 }
 
 // Spaces that a wrapped row ends with hang beyond its edge.
@@ -326,7 +337,10 @@ void TextEditor::Inside::Arrange()
             WrapChanged(hdc);
             WrapInView(hdc);
             MeasureWidest(hdc);
-            ScrollTo(nTop, IsMultiLine() ? xScroll : std::min(xScroll, RoomBehindEnd(hdc)));
+            MeasureView(hdc);
+            if (ScrollTo(nTop, std::min(xScroll, IsMultiLine() ? LastX() : RoomBehindEnd(hdc)))) {
+                WrapInView(hdc);
+            }
         }
         PlaceBars();
         if (!placing) {
@@ -387,8 +401,11 @@ void TextEditor::Inside::BringCaretIntoView()
     NeedStyle(hdc);
     WrapChanged(hdc);
     WrapAt(hdc, model.Caret());
-    const UINT nRow = CaretRow();
     const UINT nView = RowsInView();
+    const UINT nUnwrappedRow = CaretRow();
+    // The rows that may come into view with it, which count for how far that is.
+    WrapBetween(hdc, nUnwrappedRow, nUnwrappedRow - std::min(nUnwrappedRow, nView));
+    const UINT nRow = CaretRow();
     int64_t nNewTop = nTop;
     if (nRow < nTop) {
         nNewTop = nRow;
@@ -400,7 +417,8 @@ void TextEditor::Inside::BringCaretIntoView()
     const int x = CaretPoint(hdc).x;
     int64_t xNew = xScroll;
     if (x < xScroll) {
-        xNew = x;
+        // In many lines further, so that who deletes sees what comes.
+        xNew = IsMultiLine() ? std::max(x - nWidth / 3, 0) : x;
     } else if (x > int64_t{xScroll} + nWidth - 1) {
         xNew = int64_t{x} - nWidth + 1;
     }
@@ -421,7 +439,7 @@ void TextEditor::Inside::UpdateCaret()
     // One that is scrolled away stands above the window. Its row need not be prepared for that.
     const int nAway = -2 * nRowHeight;
     const UINT nRow = CaretRow();
-    if (nRow < nTop || nRow > uint64_t{nTop} + RowsInView()) {
+    if (nRow < nTop || nRow >= uint64_t{nTop} + RowsInView()) {
         SetCaretPos(0, nAway);
         return;
     }
@@ -460,9 +478,10 @@ bool TextEditor::Inside::FollowCaret()
         }
         const RECT rc = Area();
         if (nTop == nFormerTop && CaretRow() == nFormerRow && EqualRect(&rc, &rcFormer)) {
-            break;
+            return true;
         }
     }
+    BringCaretIntoView();
     return true;
 }
 
@@ -471,6 +490,17 @@ void TextEditor::Inside::ShowChange()
     if (FollowCaret()) {
         UpdateCaret();
         Repaint();
+    }
+}
+
+// The user has moved the caret, which may have scrolled. The control may be gone afterwards.
+void TextEditor::Inside::ShowMove()
+{
+    const ViewPlace former = Place();
+    const Watch watch(site.Window());
+    ShowChange();
+    if (watch) {
+        TellScrolled(former);
     }
 }
 
@@ -501,15 +531,14 @@ void TextEditor::Inside::RepaintRows(UINT nFirst, UINT nBehind) const
 // After the user has moved one end of the selection: what lies between the two places of it.
 void TextEditor::Inside::ShowSelection(UINT nFormerCaret)
 {
-    const UINT nFormerTop = nTop;
-    const int xFormer = xScroll;
+    const ViewPlace former = Place();
     const UINT nFormerRow = model.Rows().RowOf(nFormerCaret);
     BringCaretIntoView();
-    if (nTop != nFormerTop || xScroll != xFormer) {
+    if (nTop != former.nTop || xScroll != former.x) {
         const Watch watch(site.Window());
         ShowChange();
         if (watch) {
-            TellScrolled(nFormerTop, xFormer);
+            TellScrolled(former);
         }
         return;
     }

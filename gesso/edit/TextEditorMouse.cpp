@@ -60,7 +60,7 @@ void TextEditor::Inside::OnButtonDown(WPARAM wKeys, POINT pt)
         unit = DragUnit::Characters;
         nColumn = -1;
     }
-    ShowChange();
+    ShowMove();
 }
 
 // Whether a point is on a character, and on which.
@@ -95,7 +95,7 @@ void TextEditor::Inside::OnDoubleClick(POINT pt)
     fDoubleClicked = true;
     nClickTime = GetMessageTime();
     SelectUnit(DragUnit::Words, UnitOffset(pt));
-    ShowChange();
+    ShowMove();
 }
 
 // The paragraph without its end.
@@ -141,7 +141,7 @@ void TextEditor::Inside::OnButtonUp(POINT pt)
     }
     ReleaseCapture();
     if (watch) {
-        ShowChange();
+        ShowMove();
     }
 }
 
@@ -202,7 +202,8 @@ RECT TextEditor::Inside::ScrollingEdge() const
 {
     RECT rc = Area();
     if (press == Press::Dragging) {
-        InflateRect(&rc, nWrapWidth > 0 ? 0 : -nAverage, IsMultiLine() ? -nRowHeight / 2 : 0);
+        const int nDown = std::min<int>(nRowHeight / 2, (rc.bottom - rc.top) / 4);
+        InflateRect(&rc, nWrapWidth > 0 ? 0 : -nAverage, IsMultiLine() && RowsInView() > 1 ? -nDown : 0);
     }
     return rc;
 }
@@ -240,11 +241,11 @@ bool TextEditor::Inside::OnTimer(UINT_PTR uId)
 {
     if (uId == EDIT_TIMER_WRAP) {
         fViewWrapped = false;
-        const UINT nFormerTop = nTop;
+        const UINT nFormerStart = model.Rows().Start(nTop);
         const Watch watch(site.Window());
         WrapSlice();
         Arrange();
-        if (watch && (fViewWrapped || nTop != nFormerTop)) {
+        if (watch && (fViewWrapped || model.Rows().Start(nTop) != nFormerStart)) {
             UpdateCaret();
             Repaint();
         }
@@ -285,8 +286,7 @@ void TextEditor::Inside::ScrollOn()
 // What the user asks for, by whatever means; the caret stays. The control may be gone afterwards.
 bool TextEditor::Inside::ScrollByUser(int64_t nRow, int64_t x)
 {
-    const UINT nFormerTop = nTop;
-    const int xFormer = xScroll;
+    const ViewPlace former = Place();
     if (!ScrollTo(nRow, x)) {
         return false;
     }
@@ -295,7 +295,7 @@ bool TextEditor::Inside::ScrollByUser(int64_t nRow, int64_t x)
     if (watch) {
         UpdateCaret();
         Repaint();
-        TellScrolled(nFormerTop, xFormer);
+        TellScrolled(former);
     }
     return true;
 }
@@ -360,7 +360,7 @@ bool TextEditor::Inside::SetsCursor(UINT uHit)
     ScreenToClient(Window(), &pt);
     UINT nChar = 0;
     const TextRange selected = model.Selection();
-    if (press == Press::Selecting || selected.Length() == 0 || !CharAt(pt, &nChar) ||
+    if (press == Press::Selecting || !ShowsSelection() || Mask() || !CharAt(pt, &nChar) ||
         nChar < selected.nFrom || nChar >= selected.nTo)
     {
         return false;

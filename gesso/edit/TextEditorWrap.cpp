@@ -44,8 +44,10 @@ bool TextEditor::Inside::WrapRow(HDC hdc, UINT nRow)
     NeedStyle(hdc);
     const RowTable& rows = model.Rows();
     const UINT nEnd = rows.Start(nRow) + RowLength(Source(hdc, nRow), nWrapWidth, nAverage);
+    // Behind the text's end there is no row, unless a line end is in front of it.
+    const bool fLast = nEnd == model.Length() && (nEnd == 0 || model.Text().At(nEnd - 1) != L'\n');
     UINT nRows = 1;
-    while (nRow + nRows < rows.Count() && rows.Start(nRow + nRows) < nEnd) {
+    while (nRow + nRows < rows.Count() && (fLast || rows.Start(nRow + nRows) < nEnd)) {
         ++nRows;
     }
     const bool fEndsThere = rows.Start(nRow + nRows) == nEnd;
@@ -56,7 +58,7 @@ bool TextEditor::Inside::WrapRow(HDC hdc, UINT nRow)
     }
     FollowRows(nRow, nRows, nNew);
     fRowsChanged = true;
-    fViewWrapped = fViewWrapped || nRow <= uint64_t{nTop} + RowsInView();
+    fViewWrapped = fViewWrapped || (nRow >= nTop && nRow <= uint64_t{nTop} + RowsInView());
     FindTop();
     return false;
 }

@@ -68,6 +68,41 @@ TEST_F(GEditWrapModernTest, RowsAfterEditsAreThoseOfTheTextWrappedAnew)
     }
 }
 
+TEST_F(GEditWrapModernTest, ARowThatHasLostItsWordIsGone)
+{
+    Make(5, 4, ES_MULTILINE | ES_AUTOVSCROLL);
+    edit.SetText(L"aaaa bbbb");
+    ASSERT_EQ(Send(EM_GETLINECOUNT), 2);
+    edit.SetSel(5, 9);
+    edit.ReplaceSel(L"", true);
+    EXPECT_EQ(Send(EM_GETLINECOUNT), 1);
+    edit.SetText(L"aaaa \r\nbbbb");
+    edit.SetSel(7, 11);
+    edit.ReplaceSel(L"", true);
+    EXPECT_EQ(Send(EM_GETLINECOUNT), 2) << "a line end leads to one";
+}
+
+TEST_F(GEditWrapModernTest, ALineEndAtTheStartOfTheViewShows)
+{
+    Make(10, 3, ES_MULTILINE | ES_AUTOVSCROLL);
+    edit.SetText(L"1\n2\n3\n4\n5\n6");
+    SetFocus(edit.GetHwnd());
+    Key(VK_HOME, {VK_CONTROL});
+    Char(13);
+    EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 0);
+}
+
+TEST_F(GEditWrapModernTest, WhatIsDeletedFromAWideLineStaysInView)
+{
+    Make(10, 3, ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL);
+    SetFocus(edit.GetHwnd());
+    Type(L"0123456789012345678901234567890123456789");
+    for (int i = 0; i < 36; ++i) {
+        Char(8);
+    }
+    EXPECT_GE(static_cast<short>(LOWORD(Send(EM_POSFROMCHAR, 3))), 0);
+}
+
 TEST_F(GEditWrapModernTest, SpacesBehindACentredRowHangOverAndDoNotMoveIt)
 {
     Make(10, 4, ES_MULTILINE | ES_AUTOVSCROLL | ES_RIGHT);
