@@ -170,7 +170,17 @@ void GEdit::Modern::OnStyleChanged(WPARAM wWhich, const STYLESTRUCT& styles)
     if (m_fOwnStyle || wWhich != static_cast<WPARAM>(GWL_STYLE)) {
         return;
     }
-    m_dwBars = styles.styleNew & BARS;
+    const DWORD dwFormer = std::exchange(m_dwBars, styles.styleNew & BARS);
+    const Watch watch(edit);
+    if (dwFormer != m_dwBars) {
+        const bool fOuter = std::exchange(m_fOwnStyle, true);
+        SetWindowPos(edit.m_hWnd, nullptr, 0, 0, 0, 0,
+                     SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        if (!watch) {
+            return;
+        }
+        m_fOwnStyle = fOuter;
+    }
     if ((styles.styleOld ^ styles.styleNew) & LAYS_OUT) {
         editor.Reflow();
     }

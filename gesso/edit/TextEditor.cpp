@@ -190,6 +190,7 @@ bool TextEditor::Inside::OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESUL
     switch (uMsg) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return OnKey(static_cast<UINT>(wParam));
+    case WM_KEYUP: wAsked = 0; return false;
     case WM_CHAR: return OnChar(static_cast<wchar_t>(wParam), plAnswer);
     case WM_SYSCHAR: return wParam == VK_BACK; // which the key has done
     case WM_GETDLGCODE: *plAnswer = DialogCode(reinterpret_cast<const MSG*>(lParam)); return true;

@@ -114,7 +114,8 @@ struct TextEditor::Inside final : private CompositionTarget
     POINT ptPressed{};
     LONG nClickTime = 0; // of the double click, which a third one may follow
     bool fDoubleClicked = false;
-    bool fInDialog = false;
+    WPARAM wAsked = 0; // the key that a dialog manager has asked for last, before it comes
+    bool fKeyOfDialog = false;
     wchar_t chRefused = 0;        // the first half of a character for which there was no room
     std::optional<UINT> dropAt{}; // where what is dragged would go
     UINT nLimit = NO_LIMIT;
@@ -219,6 +220,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void SendOwn(UINT uMsg) const { SendMessageW(Window(), uMsg, 0, 0); }
     bool OnEditKey(UINT uKey, bool fControl, bool fShift);
     bool OnControlKey(UINT uKey, bool fShift);
+    bool IsOfDialog(wchar_t ch) const;
     bool OnChar(wchar_t ch, LRESULT* plAnswer);
     bool MoveByKey(UINT uKey, bool fControl, bool fExtend);
     void MoveAcross(bool fRight, bool fWord, bool fExtend);

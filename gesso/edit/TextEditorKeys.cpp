@@ -205,6 +205,7 @@ bool TextEditor::Inside::OnKey(UINT uKey)
 {
     const bool fControl = IsKeyDown(VK_CONTROL);
     const bool fShift = IsKeyDown(VK_SHIFT);
+    fKeyOfDialog = std::exchange(wAsked, 0) == uKey;
     if (press == Press::Dragging) {
         if (uKey == VK_ESCAPE) {
             ReleaseCapture();
@@ -275,6 +276,13 @@ bool TextEditor::Inside::OnControlKey(UINT uKey, bool fShift)
     }
 }
 
+// Whether a dialog manager has asked for the key that a character is of, or for the character itself. It may
+// be asked of other keys than those that come, such as the Tab that has led here.
+bool TextEditor::Inside::IsOfDialog(wchar_t ch) const
+{
+    return fKeyOfDialog || wAsked == ch;
+}
+
 // Ctrl with Alt is AltGr, which types.
 bool TextEditor::Inside::OnChar(wchar_t ch, LRESULT* plAnswer)
 {
@@ -293,7 +301,7 @@ bool TextEditor::Inside::OnChar(wchar_t ch, LRESULT* plAnswer)
     case CHAR_TAB:
         if (!IsMultiLine()) {
             SendTab(site.Window());
-        } else if (!fInDialog || fControl) {
+        } else if (!IsOfDialog(ch) || fControl) {
             Type(ch);
         }
         return true;
@@ -303,7 +311,7 @@ bool TextEditor::Inside::OnChar(wchar_t ch, LRESULT* plAnswer)
         }
         return true;
     case CHAR_RETURN:
-        if (IsMultiLine() && !fControl && (!fInDialog || (Style() & ES_WANTRETURN))) {
+        if (IsMultiLine() && !fControl && (!IsOfDialog(ch) || (Style() & ES_WANTRETURN))) {
             TypeBreak();
         }
         return true;
@@ -331,7 +339,7 @@ bool TextEditor::Inside::WantsKey(WPARAM wKey) const
 LRESULT TextEditor::Inside::DialogCode(const MSG* pMsg)
 {
     constexpr LRESULT CODE = DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
-    fInDialog = fInDialog || pMsg;
+    wAsked = pMsg ? pMsg->wParam : wAsked;
     if (!pMsg) {
         return IsMultiLine() ? CODE | DLGC_WANTALLKEYS : CODE;
     }

@@ -241,6 +241,46 @@ TEST_F(GEditModernTest, KeysWithControlAndAltTypeAndDoNothingElse)
     EXPECT_EQ(Shown(), "@/|") << "Ctrl+Enter";
 }
 
+TEST_F(GEditModernTest, KeysAreADialogsOnlyWhereItAsksForThem)
+{
+    Make(20, 4, MULTILINE);
+    const auto ask = [&](UINT uKey) {
+        MSG msg{edit.GetHwnd(), WM_KEYDOWN, uKey, 1, 0, {}};
+        Send(WM_GETDLGCODE, uKey, reinterpret_cast<LPARAM>(&msg));
+    };
+    ask(VK_TAB); // of the Tab that has led here
+    Key(VK_RETURN);
+    Char(13);
+    Key(VK_TAB);
+    Char(9);
+    EXPECT_EQ(Shown(), "/\t|");
+    ask(VK_RETURN);
+    Key(VK_RETURN);
+    Char(13);
+    ask(VK_TAB);
+    Key(VK_TAB);
+    Char(9);
+    EXPECT_EQ(Shown(), "/\t|");
+}
+
+TEST_F(GEditModernTest, BarsFollowAStyleThatChangesWithTheWrapping)
+{
+    Make(10, 4, MULTILINE);
+    SetText(L"a line that is wider than the field");
+    const DWORD dwWrapped = static_cast<DWORD>(GetWindowLongW(edit.GetHwnd(), GWL_STYLE));
+    RECT rcWrapped{};
+    GetClientRect(edit.GetHwnd(), &rcWrapped);
+    for (int i = 0; i < 2; ++i) {
+        SetWindowLongW(edit.GetHwnd(), GWL_STYLE, static_cast<LONG>(dwWrapped | ES_AUTOHSCROLL | WS_HSCROLL));
+        RECT rc{};
+        GetClientRect(edit.GetHwnd(), &rc);
+        EXPECT_LT(rc.bottom, rcWrapped.bottom) << i;
+        SetWindowLongW(edit.GetHwnd(), GWL_STYLE, static_cast<LONG>(dwWrapped));
+        GetClientRect(edit.GetHwnd(), &rc);
+        EXPECT_EQ(rc.bottom, rcWrapped.bottom) << i;
+    }
+}
+
 TEST_F(GEditModernTest, AProgramMayPutInWhatAUserMayNot)
 {
     Make(20, 3, ONE_LINE | ES_NUMBER | ES_UPPERCASE);
