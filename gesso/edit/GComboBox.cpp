@@ -185,6 +185,20 @@ UINT GComboBox::SetDropdownHeight()
 void GComboBox::SetDropdownHeight(UINT nHeight)
 {
     m_nDropdownHeight = nHeight;
+    m_inside->fFirstHeight = false;
+}
+
+// Of a window that has just been made.
+void GComboBox::Inside::TakeFirstHeight(GComboBox& combo)
+{
+    if (!gesso::WillHave(gesso::Quirk::ComboListFixed)) {
+        if (std::exchange(fFirstHeight, false)) {
+            combo.m_nDropdownHeight = 0;
+        }
+    } else if (!combo.m_nDropdownHeight) {
+        combo.m_nDropdownHeight = FirstDropdownHeight(combo.GetParent());
+        fFirstHeight = true;
+    }
 }
 
 LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
@@ -196,9 +210,7 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
     m_hitMove = NO_HIT;
     m_bCaret = 0;
     StartModern();
-    if (!m_nDropdownHeight && gesso::WillHave(gesso::Quirk::ComboListFixed)) {
-        m_nDropdownHeight = FirstDropdownHeight(GetParent());
-    }
+    m_inside->TakeFirstHeight(*this);
     return 0;
 }
 

@@ -105,7 +105,9 @@ void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
     const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
     const UINT nFrom = fSelection ? std::min(m_nCaret, m_nAnchor) : 0;
     const UINT nTo = fSelection ? std::max(m_nCaret, m_nAnchor) : 0;
-    const gesso::TextColorScope color(hdc, gesso::ColorOf(gesso::Color::FieldText));
+    const bool fGrey = ModernPart() && (Frame::Style(*this) & WS_DISABLED);
+    const gesso::TextColorScope color(
+        hdc, gesso::ColorOf(fGrey ? gesso::Color::FieldDisabledText : gesso::Color::FieldText));
     gesso::DrawField(hdc, rcText, m_strText, m_strText.GetLength(), nFrom, nTo);
 }
 

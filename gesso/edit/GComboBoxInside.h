@@ -30,8 +30,12 @@ inline UINT ItemPrefixFormat(const GWnd& combo)
 
 struct GComboBox::Inside
 {
+    void TakeFirstHeight(GComboBox& combo);
+
     UINT nSelected = gesso::NO_INDEX; // it may be beyond the items
     bool fCompletes = false;          // SetAutoComplete
+    bool fLimited = false;            // CB_LIMITTEXT
+    bool fFirstHeight = false;        // the open list's is the one of Classic's first window
     std::unique_ptr<Modern> pModern;  // of the window; null in Classic
 };
 

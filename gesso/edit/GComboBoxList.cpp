@@ -1,4 +1,5 @@
 #include <gesso/edit/GComboBoxModern.h>
+#include <gesso/framework/BehaviorMark.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
@@ -126,6 +127,9 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
 {
     if (!m_pOwner) {
         gesso::Misuse("GComboBoxList: the window has no combo box");
+        return FALSE;
+    }
+    if (!gesso::TakeBehavior(m_hWnd, m_pOwner->GetHwnd())) {
         return FALSE;
     }
     gesso::TakeExplorerStyle(m_hWnd);

@@ -105,6 +105,7 @@ LRESULT GComboBox::OnSetEditSel(UINT nStart, UINT nEnd)
 LRESULT GComboBox::OnLimitText(UINT nLimit)
 {
     m_nTextLimit = nLimit ? static_cast<int>(nLimit) : NO_TEXT_LIMIT;
+    m_inside->fLimited = true;
     return 1;
 }
 

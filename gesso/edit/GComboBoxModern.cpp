@@ -8,12 +8,23 @@
 #include <gesso/framework/ScrollSteps.h>
 
 #include <algorithm>
+#include <utility>
 
 using gesso::Frame;
 using gesso::Has;
 using gesso::Lifeline;
 using gesso::NO_INDEX;
 using gesso::Quirk;
+
+namespace {
+
+// Whether the focus goes to another window than the control's top one, or to none.
+bool IsOtherWindow(HWND hwnd, HWND hwndNew)
+{
+    return !hwndNew || GetAncestor(hwndNew, GA_ROOT) != GetAncestor(hwnd, GA_ROOT);
+}
+
+} // namespace
 
 GComboBox::Modern* GComboBox::ModernPart() const
 {
@@ -92,10 +103,7 @@ bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam,
     case WM_CANCELMODE: return !Leave();
     case WM_ENABLE: return !wParam && !Leave();
     case WM_WINDOWPOSCHANGED: return !LeaveIfMoved();
-    case WM_STYLECHANGED:
-        Reflow();
-        ShowItem();
-        return !Leave();
+    case WM_STYLECHANGED: return !OnStyle() || !Leave();
     case WM_SIZE: Reflow(); return false;
     case WM_SETFONT:
         m_combo.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
@@ -110,6 +118,27 @@ bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam,
     }
 }
 
+// False where the control is gone. A field that comes or goes while the control has the focus is told.
+bool GComboBox::Modern::OnStyle()
+{
+    const Lifeline life = Life();
+    const bool fHad = std::exchange(m_fField, HasField());
+    LRESULT lAnswer = 0;
+    if (fHad && !m_fField && m_editor.IsPressed()) {
+        m_editor.OnMessage(WM_CAPTURECHANGED, 0, 0, &lAnswer);
+        ReleaseCapture();
+    }
+    if (life && fHad != m_fField && GetFocus() == m_combo.m_hWnd) {
+        m_editor.OnMessage(m_fField ? WM_SETFOCUS : WM_KILLFOCUS, 0, 0, &lAnswer);
+    }
+    if (life) {
+        Reflow();
+        ShowItem();
+    }
+    return life;
+}
+
+// All is selected, but where the focus comes back with its window.
 bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const bool fComes = uMsg == WM_SETFOCUS;
@@ -117,11 +146,13 @@ bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
     if (!fComes && !Leave()) {
         return true;
     }
+    const bool fReturns = fComes && m_fAway;
+    m_fAway = !fComes && IsOtherWindow(m_combo.m_hWnd, reinterpret_cast<HWND>(wParam));
     const Lifeline life = Life();
     if (HasField()) {
         LRESULT lAnswer = 0;
         m_editor.OnMessage(uMsg, wParam, lParam, &lAnswer);
-        if (life && fComes) {
+        if (life && fComes && !fReturns) {
             m_editor.Select(0, TextLength());
             CopySelection();
         }
@@ -147,7 +178,8 @@ LRESULT GComboBox::Modern::DlgCode(const MSG* pMsg) const
     const bool fEscape = pMsg && pMsg->wParam == VK_ESCAPE;
     const bool fEnds = fEscape || (pMsg && pMsg->wParam == VK_RETURN);
     const bool fOwn = (fEnds && IsOpen()) || (fEscape && (m_editor.IsComposing() || IsDragging()));
-    return DLGC_WANTCHARS | DLGC_WANTARROWS | (fOwn ? DLGC_WANTALLKEYS : 0);
+    return DLGC_WANTCHARS | DLGC_WANTARROWS | (HasField() ? DLGC_HASSETSEL : 0) |
+           (fOwn ? DLGC_WANTALLKEYS : 0);
 }
 
 // False for a press in the text. That of a field takes the focus by itself: it knows what was selected
@@ -174,6 +206,9 @@ bool GComboBox::Modern::OnPress(POINTS pt)
 
 void GComboBox::Modern::OnWheel(int nDelta)
 {
+    if (IsDragging()) {
+        return;
+    }
     const int nNotches = gesso::WheelNotches(m_combo, List().m_siV, nDelta);
     if (nNotches == 0) {
         return;
@@ -285,48 +320,47 @@ bool GComboBox::Modern::StepByKey(UINT uKey)
     }
 }
 
-// The row that is highlighted, or the item that is selected or that the typed text leads to: to this a step
-// goes first. -1 for none.
-LONGLONG GComboBox::Modern::StepStart(bool fForward) const
+// From the row that is highlighted, or the item that is selected. To the item that the typed text leads to,
+// however far the step.
+LONGLONG GComboBox::Modern::StepTarget(int nRows) const
 {
     const UINT nHot = List().m_nHot;
     if (IsOpen() && List().IsRow(nHot) && nHot != m_nShown) {
-        return nHot;
+        return LONGLONG{nHot} + nRows;
     }
     if (m_combo.ItemAt(m_combo.Selected())) {
-        return m_combo.Selected();
+        return LONGLONG{m_combo.Selected()} + nRows;
     }
     const UINT nMatch = MatchOfText();
-    return nMatch == NO_INDEX ? -1 : LONGLONG{nMatch} + (fForward ? -1 : 1);
+    return nMatch == NO_INDEX ? LONGLONG{nRows} - 1 : nMatch;
 }
 
 void GComboBox::Modern::StepBy(int nRows)
 {
     m_typed.Forget();
     const LONGLONG nLast = LONGLONG{m_combo.GetItemCount()} - 1;
-    const LONGLONG nStart = StepStart(nRows > 0);
     const bool fNothing = nLast < 0 || nRows == 0;
     if (!fNothing) {
-        StepTo(static_cast<UINT>(std::clamp<LONGLONG>(nStart + nRows, 0, nLast)));
+        StepTo(static_cast<UINT>(std::clamp<LONGLONG>(StepTarget(nRows), 0, nLast)));
     }
 }
 
 void GComboBox::Modern::StepTo(UINT nIndex)
 {
     if (!IsOpen()) {
-        if (Choose(nIndex) && Report(CBN_SELENDOK)) {
+        if (Choose(nIndex) == Choice::Changed && Report(CBN_SELENDOK)) {
             Report(CBN_SELCHANGE);
         }
         return;
     }
-    const bool fChanged = KeepFormer() && Choose(nIndex);
-    if (m_combo.Selected() != nIndex) {
-        return; // there is no memory for it
+    const Choice choice = KeepFormer() ? Choose(nIndex) : Choice::Failed;
+    if (choice == Choice::Failed) {
+        return;
     }
     List().ChangeHot(nIndex);
     List().ShowRow(nIndex);
     m_nShown = NO_INDEX;
-    if (fChanged) {
+    if (choice == Choice::Changed) {
         Report(CBN_SELCHANGE);
     }
 }
@@ -341,14 +375,17 @@ bool GComboBox::Modern::KeepFormer()
     return m_fStepped;
 }
 
-// Whether the selected item or the text is another one now: the item may be the same one that takes the place
-// of a text that was set.
-bool GComboBox::Modern::Choose(UINT nIndex)
+// Changed where the selected item or the text is another one now: the item may be the same one that takes the
+// place of a text that was set.
+GComboBox::Modern::Choice GComboBox::Modern::Choose(UINT nIndex)
 {
     const UINT nFormer = m_combo.Selected();
     gesso::ControlText strFormer;
-    return gesso::HoldText(strFormer, m_combo.m_strText) && Field::Select(m_combo, nIndex) &&
-           (nIndex != nFormer || wcscmp(strFormer, m_combo.m_strText) != 0);
+    if (!gesso::HoldText(strFormer, m_combo.m_strText) || !Field::Select(m_combo, nIndex)) {
+        return Choice::Failed;
+    }
+    const bool fChanged = nIndex != nFormer || wcscmp(strFormer, m_combo.m_strText) != 0;
+    return fChanged ? Choice::Changed : Choice::Same;
 }
 
 void GComboBox::Modern::ShowItem()

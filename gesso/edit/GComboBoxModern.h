@@ -73,6 +73,7 @@ private:
     // --- Messages
     gesso::Lifeline Life() const { return gesso::Lifeline(static_cast<const void*>(this)); }
     bool OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
+    bool OnStyle();
     bool OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT DlgCode(const MSG* pMsg) const;
     LRESULT SetText(LPCWSTR psz);
@@ -91,7 +92,7 @@ private:
     bool OnKeyDown(UINT uKey);
     bool OnChar(wchar_t c);
     bool StepByKey(UINT uKey);
-    LONGLONG StepStart(bool fForward) const;
+    LONGLONG StepTarget(int nRows) const;
     void StepBy(int nRows);
     void StepTo(UINT nIndex);
     bool KeepFormer();
@@ -135,7 +136,13 @@ private:
     bool LeaveIfMoved();
     void Finish(UINT uCode, bool fChanged);
     bool Hide();
-    bool Choose(UINT nIndex);
+    enum class Choice
+    {
+        Failed, // without memory
+        Same,
+        Changed
+    };
+    Choice Choose(UINT nIndex);
     bool GiveBack();
     bool GiveTextOrItemBack();
     void CloseByPress();
@@ -145,6 +152,9 @@ private:
     void OnListRelease(POINTS pt);
     void OnListMove(WPARAM wKeys, POINTS pt);
     void OnListTimer(WPARAM wTimer);
+    void KeepView(UINT nIndex, int nDelta);
+    void KeepScrolling(POINTS pt);
+    void ScrollByRow();
     void Pick(UINT nIndex);
 
     // --- The platform's messages
@@ -181,7 +191,10 @@ private:
     Phase m_phase = Phase::Closed;
     UINT m_nOpenings = 0;
     Place m_place{};
+    bool m_fField = HasField();
+    bool m_fAway = false;            // the focus has gone with the window
     bool m_fHeld = false;            // the press that opened the list lasts
+    bool m_fDrawn = false;           // a press lasts that has been on the rows
     bool m_fReleasing = false;       // the list's bar gives the capture up
     bool m_fUsedUp = false;          // the press that closed the list lasts, and has the capture
     POINTS m_ptSeen{};               // of the pointer, on the screen

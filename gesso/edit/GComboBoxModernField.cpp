@@ -40,7 +40,7 @@ bool IsPrintable(WPARAM wChar)
 
 GComboBox::Modern::Modern(GComboBox& combo) : m_combo(combo), m_editor(*this)
 {
-    if (combo.m_nTextLimit != gesso::FIRST_TEXT_LIMIT) {
+    if (combo.m_inside->fLimited || combo.m_nTextLimit != gesso::FIRST_TEXT_LIMIT) {
         SetLimit();
     }
 }
@@ -160,6 +160,11 @@ bool GComboBox::Modern::IsPointerOnText() const
 
 bool GComboBox::Modern::OnFieldMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
 {
+    if (uMsg == EM_SETSEL) { // of a dialog, to which the control has said that it has text to select
+        m_editor.OnMessage(uMsg, wParam, lParam, plAnswer);
+        CopySelection();
+        return true;
+    }
     const bool fBeside =
         (IsMousePress(uMsg) && m_combo.PartAt(gesso::PointOf(lParam)) != gesso::COMBO_TEXT) ||
         (uMsg == WM_SETCURSOR && !IsPointerOnText());

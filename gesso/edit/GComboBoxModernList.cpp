@@ -24,8 +24,10 @@ namespace {
 
 constexpr UINT_PTR PLACE_TIMER = 1;
 constexpr UINT_PTR ARRANGE_TIMER = 2;
+constexpr UINT_PTR SCROLL_TIMER = 3;
 constexpr UINT PLACE_PERIOD = 100; // milliseconds; a list that is left behind goes after it
 constexpr UINT ARRANGE_DELAY = 10; // for items that come or go one after the other
+constexpr UINT SCROLL_PERIOD = 50; // a row each
 
 constexpr gesso::Measure ROW_MARGIN{2}; // above and below the font of a row, at least
 
@@ -93,6 +95,7 @@ bool GComboBox::Modern::Show()
     m_fStepped = false;
     m_ptSeen = PointerPos();
     m_fHeld = m_fHeld && GetKeyState(VK_LBUTTON) < 0;
+    m_fDrawn = false;
     Arrange();
     List().ScrollTo(LONGLONG{m_nTop} * List().ItemHeight());
     HighlightText();
@@ -248,8 +251,10 @@ void GComboBox::Modern::Close(Ending ending)
     m_phase = Phase::Closing;
     const UINT nHot = List().m_nHot;
     const bool fTakes = ending == Ending::Take && List().IsRow(nHot) && nHot != m_nShown;
-    const bool fChanged = fTakes ? Choose(nHot) : ending == Ending::GiveBack && GiveBack();
-    Finish(ending == Ending::Take ? CBN_SELENDOK : CBN_SELENDCANCEL, fChanged);
+    const Choice choice = fTakes ? Choose(nHot) : Choice::Same;
+    const bool fGivenBack = ending == Ending::GiveBack && GiveBack();
+    Finish(ending == Ending::Take && choice != Choice::Failed ? CBN_SELENDOK : CBN_SELENDCANCEL,
+           fGivenBack || choice == Choice::Changed);
 }
 
 void GComboBox::Modern::Finish(UINT uCode, bool fChanged)
@@ -339,8 +344,21 @@ void GComboBox::Modern::OnItemsChanged(UINT nIndex, int nDelta)
     };
     m_nShown = moved(m_nShown);
     if (IsOpen()) {
+        KeepView(nIndex, nDelta);
         List().ChangeHot(moved(List().m_nHot)); // a key may come before the rows are arranged anew
         SetTimer(List().m_hWnd, ARRANGE_TIMER, ARRANGE_DELAY, nullptr);
+    }
+}
+
+// The rows in view stay where the pointer is when others come or go in front of them.
+void GComboBox::Modern::KeepView(UINT nIndex, int nDelta)
+{
+    GComboBoxList& list = List();
+    const LONGLONG nPos = list.m_siV.nPos;
+    const UINT nTop = list.RowAt(0);
+    if (nPos > 0 && (nDelta > 0 ? nIndex <= nTop : nIndex < nTop)) {
+        list.SetUpScrolling(static_cast<int>(list.m_siV.nPage));
+        list.ScrollTo(nPos + LONGLONG{nDelta} * list.ItemHeight());
     }
 }
 
@@ -435,6 +453,8 @@ void GComboBox::Modern::OnListRelease(POINTS pt)
         }
         return;
     }
+    m_fDrawn = false;
+    KillTimer(List().m_hWnd, SCROLL_TIMER);
     const UINT nPressed = std::exchange(List().m_hitDown.nItem, NO_INDEX);
     const bool fDrawn = std::exchange(m_fHeld, false);
     const UINT nItem = List().HitTest(pt);
@@ -448,7 +468,8 @@ void GComboBox::Modern::Pick(UINT nIndex)
     m_typed.Forget();
     if (IsOpen()) {
         m_phase = Phase::Closing;
-        Finish(CBN_SELENDOK, Choose(nIndex));
+        const Choice choice = Choose(nIndex);
+        Finish(choice == Choice::Failed ? CBN_SELENDCANCEL : CBN_SELENDOK, choice == Choice::Changed);
     }
 }
 
@@ -461,9 +482,44 @@ void GComboBox::Modern::OnListMove(WPARAM wKeys, POINTS pt)
     }
     m_ptSeen = ptScreen;
     const Lifeline life = Life();
-    const UINT nHot = List().m_nHot;
     List().OnMouseMove(wKeys, pt);
-    if (life && List().m_nHot != nHot) {
+    if (!life) {
+        return;
+    }
+    if (IsSame(List().m_hitMove.pt, pt) && List().IsRow(List().m_hitMove.nItem)) {
+        m_nShown = NO_INDEX;
+    }
+    KeepScrolling(pt);
+}
+
+// A press that is drawn from the rows beyond their edge scrolls them until it comes back.
+void GComboBox::Modern::KeepScrolling(POINTS pt)
+{
+    RECT rcClient{};
+    GetClientRect(List().m_hWnd, &rcClient);
+    const bool fBeyond = pt.y < 0 || pt.y >= rcClient.bottom;
+    const bool fPressed = m_fHeld || List().IsRow(List().m_hitDown.nItem);
+    m_fDrawn = fPressed && (m_fDrawn || PtInRect(&rcClient, {pt.x, pt.y}) || !m_fHeld);
+    if (m_fDrawn && fBeyond) {
+        SetTimer(List().m_hWnd, SCROLL_TIMER, SCROLL_PERIOD, nullptr);
+    } else {
+        KillTimer(List().m_hWnd, SCROLL_TIMER);
+    }
+}
+
+// The row at the edge is highlighted.
+void GComboBox::Modern::ScrollByRow()
+{
+    GComboBoxList& list = List();
+    RECT rcClient{};
+    GetClientRect(list.m_hWnd, &rcClient);
+    POINT pt{m_ptSeen.x, m_ptSeen.y};
+    ScreenToClient(list.m_hWnd, &pt);
+    const bool fUp = pt.y < 0;
+    list.ScrollTo(list.m_siV.nPos + (fUp ? -1 : 1) * LONGLONG{list.ItemHeight()});
+    const UINT nEdge = list.RowAt(fUp ? 0 : static_cast<int>(rcClient.bottom) - 1);
+    if (list.IsRow(nEdge)) {
+        list.ChangeHot(nEdge);
         m_nShown = NO_INDEX;
     }
 }
@@ -475,5 +531,7 @@ void GComboBox::Modern::OnListTimer(WPARAM wTimer)
     } else if (wTimer == ARRANGE_TIMER) {
         KillTimer(List().m_hWnd, ARRANGE_TIMER);
         ArrangeIfOpen();
+    } else if (wTimer == SCROLL_TIMER) {
+        ScrollByRow();
     }
 }

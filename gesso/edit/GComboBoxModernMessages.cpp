@@ -200,11 +200,14 @@ int GComboBox::Modern::DroppedWidth() const
     return std::max(m_nDroppedWidth, WidthOf(rc));
 }
 
-// The control and its list, which need not be open.
+// The control and its list, if it has one, which need not be open.
 LRESULT GComboBox::Modern::DroppedRect(RECT* prc)
 {
     if (!prc) {
         return FALSE;
+    }
+    if (!HasList()) {
+        return GetWindowRect(m_combo.m_hWnd, prc);
     }
     RECT rcList = PlaceOfList();
     if (List().IsOpen()) {

@@ -27,6 +27,13 @@ try {
     if (own.composition.IsActive() && !own.composition.Cancel()) {
         return false;
     }
+    if (IsDragging()) {
+        const Watch watch(own.site.Window());
+        ReleaseCapture(); // which ends the drag of a text that is gone
+        if (!watch) {
+            return false;
+        }
+    }
     own.ForgetLines();
     if (IsPrepared(pszText, nLength, rules)) {
         if (!own.model.SetText(pszText, nLength)) {
@@ -134,6 +141,11 @@ bool TextEditor::CanRedo() const
 bool TextEditor::IsComposing() const
 {
     return m_inside->composition.IsActive();
+}
+
+bool TextEditor::IsPressed() const
+{
+    return m_inside->press != Inside::Press::None;
 }
 
 bool TextEditor::IsDragging() const

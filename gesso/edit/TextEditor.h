@@ -52,6 +52,8 @@ public:
     bool CanRedo() const;
     // Whether an input method shows text that is not accepted.
     bool IsComposing() const;
+    // Whether the user's press in the text lasts.
+    bool IsPressed() const;
     // Whether the user drags selected text.
     bool IsDragging() const;
     bool IsModified() const;

@@ -1,5 +1,6 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Behavior.h>
+#include <gesso/framework/BehaviorMark.h>
 #include <gesso/framework/FontChange.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/KeyboardCues.h>
@@ -178,6 +179,19 @@ void Frame::Abandon(GWnd& wnd)
 bool Frame::IsModern(HWND hwnd)
 {
     return WordOf(hwnd) & MODERN;
+}
+
+bool TakeBehavior(HWND hwnd, HWND hwndOwner)
+{
+    const bool fModern = Frame::IsModern(hwndOwner);
+    const LONG nWord = WordOf(hwnd);
+    if (fModern == ((nWord & MODERN) != 0)) {
+        return true;
+    }
+    if (!SetPropW(hwnd, Frame::MODERN_MARK, reinterpret_cast<HANDLE>(INT_PTR{fModern}))) {
+        return false;
+    }
+    return SetWord(hwnd, fModern ? nWord | MODERN : nWord & ~MODERN);
 }
 
 bool Frame::GiveToWindow(GWnd& wnd)

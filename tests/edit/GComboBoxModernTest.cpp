@@ -876,4 +876,159 @@ TEST_F(GComboBoxModernTest, ADragOfTextHasTheKeysAndEndsInTheText)
     edit.Destroy();
 }
 
+TEST_F(GComboBoxModernTest, TheSelectionIsKeptWhereTheFocusComesBackWithItsWindow)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetText(L"some words");
+    Send(CB_SETEDITSEL, 0, MAKELPARAM(1, 3));
+    SetFocus(nullptr);
+    SetFocus(combo);
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(1, 3));
+    SetFocus(host);
+    SetFocus(combo);
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 10));
+    EXPECT_TRUE(Send(WM_GETDLGCODE) & DLGC_HASSETSEL);
+    Send(EM_SETSEL, 2, 4);
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(2, 4)) << "as a dialog selects";
+    combo.SetStyle(CHILD | GCBS_DROPDOWNLIST);
+    EXPECT_FALSE(Send(WM_GETDLGCODE) & DLGC_HASSETSEL);
+    const auto hasCaret = [&] { return HideCaret(combo) && ShowCaret(combo); };
+    EXPECT_FALSE(hasCaret()) << "a face has no caret";
+    combo.SetStyle(CHILD | GCBS_DROPDOWN);
+    EXPECT_TRUE(hasCaret());
+}
+
+TEST_F(GComboBoxModernTest, APageGoesFirstToWhatTheTypedTextLeadsTo)
+{
+    for (const UINT uKey : {VK_NEXT, VK_PRIOR, VK_DOWN, VK_UP}) {
+        Make(GCBS_DROPDOWN);
+        combo.SetText(L"bet");
+        Key(uKey);
+        EXPECT_EQ(TextOf(combo), "beta") << uKey;
+    }
+}
+
+TEST_F(GComboBoxModernTest, RowsInViewStayWhenOthersComeOrGoInFrontOfThem)
+{
+    Make(GCBS_DROPDOWNLIST, {});
+    for (int i = 0; i < 60; ++i) {
+        combo.InsertItem(NONE, 0, L"item", 0, nullptr);
+    }
+    Send(CB_SETMINVISIBLE, 10);
+    Send(CB_SETTOPINDEX, 20);
+    Open();
+    combo.InsertItem(0, 0, L"first", 0, nullptr);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 21) << "at once";
+    user::Wait(50);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 21);
+    combo.RemoveItem(0);
+    combo.RemoveItem(3);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 19);
+    combo.RemoveItem(40);
+    combo.InsertItem(40, 0, L"late", 0, nullptr);
+    user::Wait(50);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 19) << "behind the view";
+    Send(CB_SETTOPINDEX, 58);
+    const LRESULT nLast = Send(CB_GETTOPINDEX);
+    combo.InsertItem(0, 0, L"first", 0, nullptr);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), nLast + 1) << "beyond the former range";
+}
+
+TEST_F(GComboBoxModernTest, WhatThePointerIsOnIsTakenThoughItWasHighlightedBefore)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetText(L"bet");
+    Open();
+    Key(VK_RETURN);
+    EXPECT_EQ(TextOf(combo), "bet") << "the text leads to a row, and nobody has chosen it";
+    Open();
+    const POINT pt = RowPoint(1);
+    user::MoveMouse(pt.x, pt.y);
+    user::Pump();
+    Key(VK_RETURN);
+    EXPECT_EQ(TextOf(combo), "beta");
+}
+
+TEST_F(GComboBoxModernTest, APressDrawnBeyondTheListScrollsIt)
+{
+    Make(GCBS_DROPDOWNLIST, {});
+    for (int i = 0; i < 60; ++i) {
+        combo.InsertItem(NONE, 0, L"item", 0, nullptr);
+    }
+    Send(CB_SETMINVISIBLE, 10);
+    Open();
+    const POINT ptIn = RowPoint(9);
+    const POINT ptBelow{ptIn.x, ListRect().bottom + 20};
+    user::MoveMouse(ptBelow.x, ptBelow.y);
+    user::Wait(300);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), 0) << "without a press";
+    user::MoveMouse(ptIn.x, ptIn.y);
+    user::PressButton();
+    user::Pump();
+    user::MoveMouse(ptBelow.x, ptBelow.y);
+    user::Wait(300);
+    const LRESULT nTop = Send(CB_GETTOPINDEX);
+    EXPECT_GE(nTop, 3);
+    user::MoveMouse(ptIn.x, ptIn.y);
+    user::Pump();
+    const LRESULT nBack = Send(CB_GETTOPINDEX);
+    user::Wait(200);
+    EXPECT_EQ(Send(CB_GETTOPINDEX), nBack) << "back on the rows";
+    user::ReleaseButton();
+    user::Pump();
+    EXPECT_EQ(Selected(), nBack + 9);
+}
+
+TEST_F(GComboBoxModernTest, ADragOfTextEndsWithItsText)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetText(L"some words");
+    Send(CB_SETEDITSEL, 0, MAKELPARAM(0, 4));
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, 12));
+    Send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(60, 12));
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0);
+    EXPECT_EQ(TextOf(combo), "some words") << "the wheel is nobody's meanwhile";
+    combo.SetText(L"other words");
+    EXPECT_EQ(GetCapture(), nullptr);
+    Send(WM_LBUTTONUP, 0, MAKELPARAM(95, 12));
+    EXPECT_EQ(TextOf(combo), "other words");
+}
+
+TEST_F(GComboBoxModernTest, ASecondWindowHasWhatTheProgramSetAndNoMore)
+{
+    combo.Destroy();
+    gesso::SetBehavior(gesso::Behavior::Classic);
+    ASSERT_TRUE(combo.Create(COMBO_X, COMBO_Y, COMBO_CX, COMBO_CY, host, 5, CHILD | GCBS_DROPDOWN, 0));
+    EXPECT_GT(combo.GetDropdownHeight(), 0U);
+    gesso::SetBehavior(gesso::Behavior::Modern);
+    Make(GCBS_DROPDOWN);
+    EXPECT_EQ(combo.GetDropdownHeight(), 0U);
+    combo.SetDropdownHeight(77);
+    Send(CB_LIMITTEXT, 30'000);
+    Make(GCBS_DROPDOWN);
+    EXPECT_EQ(combo.GetDropdownHeight(), 77U);
+    std::vector<wchar_t> text(30'000, L'x');
+    text.back() = 0;
+    combo.SetText(text.data());
+    Send(CB_SETEDITSEL, 0, MAKELPARAM(-1, -1));
+    Key(VK_END);
+    Type("yz");
+    EXPECT_EQ(combo.GetTextLength(), 30'000) << "one more than there was";
+    Make(GCBS_PLAIN);
+    RECT rc{};
+    Send(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&rc));
+    const RECT rcCombo = ComboRect();
+    EXPECT_TRUE(EqualRect(&rc, &rcCombo)) << "this kind has no list";
+}
+
+TEST_F(GComboBoxModernTest, TheListActsAsItsControlDoes)
+{
+    Make(GCBS_DROPDOWNLIST);
+    gesso::SetBehavior(gesso::Behavior::Classic);
+    Open();
+    EXPECT_EQ(gesso::BehaviorOf(List()), gesso::Behavior::Modern);
+    gesso::SetBehavior(gesso::Behavior::Modern);
+    Send(CB_SHOWDROPDOWN, FALSE);
+}
+
 } // namespace
