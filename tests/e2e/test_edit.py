@@ -1,6 +1,6 @@
 """Edit fields under a real pointer and keyboard, and text that goes by the clipboard to and from the platform's own
 edit field, in another program too, and a combo box."""
-from gallery import Gallery, GalleryTest, window_in_front, xdotool
+from gallery import Gallery, GalleryTest, wait_for, window_in_front, xdotool
 
 EN_CHANGE = 768
 
@@ -41,6 +41,10 @@ class Edit(GalleryTest):
         self.gallery.key("End", "shift+Home", "Delete")
         if text:
             xdotool("type", "--delay", "5", text)
+
+    def is_emptied(self):
+        self.fill(self.line, "")
+        return self.text(self.line) == ""
 
     # --- Tests
 
@@ -128,8 +132,8 @@ class Edit(GalleryTest):
             other.key("shift+Home", "ctrl+c")
             other.lines()
             # There is no window manager that would do so.
-            xdotool("windowraise", window, "windowfocus", window)
-            self.fill(self.line, "")
+            xdotool("windowraise", window, "windowfocus", "--sync", window)
+            wait_for("the keys to come here again", self.is_emptied)
             self.gallery.key("ctrl+v")
             self.assertEqual(self.text(self.line), "there and back again!")
         finally:
