@@ -32,7 +32,7 @@ void AddCities(GComboBox& combo)
 int EntryCombos::Build(Canvas& canvas, POINT pt)
 {
     m_pCanvas = &canvas;
-    Grid grid(canvas, pt, L"Combo boxes: F4, the wheel, or a click on the button", 3, CELL);
+    Grid grid(canvas, pt, L"Combo boxes: F4 or a click opens, the wheel steps", 3, CELL);
     Add(grid, L"drop-down", GCBS_DROPDOWN);
     Add(grid, L"drop-down list", GCBS_DROPDOWNLIST).SetSelected(10);
     Add(grid, L"plain: arrow keys", GCBS_PLAIN).SetSelected(0);
@@ -48,6 +48,9 @@ int EntryCombos::Build(Canvas& canvas, POINT pt)
     completing.SetAutoComplete(true);
     SendMessageW(completing, CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(L"A city"));
     AddPlatformField(grid);
+    GComboBox& sorted = Add(grid, L"sorted, wide items", GCBS_DROPDOWNLIST | GCBS_SORT);
+    sorted.InsertItem(APPEND, 0, L"Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch", 0, nullptr);
+    sorted.SetSelected(sorted.InsertItem(APPEND, 0, L"ירושלים", 0, nullptr));
 
     const int y = grid.Bottom();
     m_pCounts = &canvas.Text({pt.x, y, pt.x + BLOCK_WIDTH, y + Grid::CAPTION_HEIGHT}, L"", g_hDefaultFont,
@@ -83,8 +86,7 @@ void EntryCombos::OnCommand(UINT uCode, HWND hwndFrom)
     const bool fOwn = std::any_of(m_combos.begin(), m_combos.end(),
                                   [&](const GComboBox* p) { return p->GetHwnd() == hwndFrom; });
     if (fOwn) {
-        m_nSelChanges += uCode == CBN_SELCHANGE;
-        m_nTextChanges += uCode == EN_CHANGE || uCode == CBN_EDITCHANGE;
+        ++m_counts[uCode == EN_CHANGE ? CBN_EDITCHANGE : uCode]; // the first in Classic
         ShowCounts();
     }
 }
@@ -105,11 +107,22 @@ Exhibit EntryCombos::OpenList() const
     return {L"combobox", open, {}, rcPart};
 }
 
-void EntryCombos::ShowCounts() const
+void EntryCombos::ShowCounts()
 {
-    m_pCounts->SetText(
-        (L"CBN_SELCHANGE " + std::to_wstring(m_nSelChanges) + L", edits " + std::to_wstring(m_nTextChanges))
-            .c_str());
+    const struct
+    {
+        LPCWSTR pszName;
+        UINT uCode;
+    } shown[] = {
+        {L"changes", CBN_SELCHANGE}, {L", edits", CBN_EDITCHANGE}, {L", opened", CBN_DROPDOWN},
+        {L", closed", CBN_CLOSEUP},  {L", taken", CBN_SELENDOK},   {L", left", CBN_SELENDCANCEL},
+        {L", focus", CBN_SETFOCUS},
+    };
+    std::wstring text;
+    for (const auto& count : shown) {
+        text += count.pszName + (L" " + std::to_wstring(m_counts[count.uCode]));
+    }
+    m_pCounts->SetText(text.c_str());
 }
 
 } // namespace gallery

@@ -4,6 +4,8 @@
 #include <gallery/Canvas.h>
 #include <gallery/Exhibit.h>
 
+#include <map>
+
 namespace gallery {
 
 class EntryCombos
@@ -19,13 +21,12 @@ public:
 private:
     GComboBox& Add(Grid& grid, LPCWSTR pszCaption, DWORD dwStyle, DWORD dwExStyle = 0);
     void AddPlatformField(Grid& grid) const;
-    void ShowCounts() const;
+    void ShowCounts();
 
     Canvas* m_pCanvas = nullptr;
     std::vector<GComboBox*> m_combos;
     GLabel* m_pCounts = nullptr;
-    int m_nSelChanges = 0;
-    int m_nTextChanges = 0;
+    std::map<UINT, int> m_counts; // by the code
 };
 
 } // namespace gallery

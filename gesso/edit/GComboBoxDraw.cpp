@@ -1,5 +1,6 @@
 // Drawing of a combo box.
 
+#include <gesso/edit/ComboText.h>
 #include <gesso/edit/FieldText.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/Colors.h>
@@ -102,21 +103,31 @@ void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
         pModern->DrawField(hdc);
         return;
     }
+    if (ModernPart()) {
+        const bool fGrey = Frame::Style(*this) & WS_DISABLED;
+        gesso::DrawComboText(
+            hdc, m_strText, rcText,
+            gesso::ColorOf(fGrey ? gesso::Color::FieldDisabledText : gesso::Color::FieldText));
+        return;
+    }
     const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
     const UINT nFrom = fSelection ? std::min(m_nCaret, m_nAnchor) : 0;
     const UINT nTo = fSelection ? std::max(m_nCaret, m_nAnchor) : 0;
-    const bool fGrey = ModernPart() && (Frame::Style(*this) & WS_DISABLED);
-    const gesso::TextColorScope color(
-        hdc, gesso::ColorOf(fGrey ? gesso::Color::FieldDisabledText : gesso::Color::FieldText));
+    const gesso::TextColorScope color(hdc, gesso::ColorOf(gesso::Color::FieldText));
     gesso::DrawField(hdc, rcText, m_strText, m_strText.GetLength(), nFrom, nTo);
 }
 
 void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
 {
+    const Modern* pModern = ModernPart();
     if (const ComboItem* pItem = ItemAt(Selected())) {
-        ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::PushButton)
-            .DrawString(pItem->pszText, DT_SINGLELINE | gesso::ItemPrefixFormat(*this), rcText);
-    } else if (const Modern* pModern = ModernPart()) {
+        const ThemePart part(m_hTheme, hdc, CP_READONLY, nState, PlainPart::PushButton);
+        if (pModern) {
+            gesso::DrawComboText(hdc, pItem->pszText, rcText, part.TextColor());
+        } else {
+            part.DrawString(pItem->pszText, DT_SINGLELINE | gesso::ItemPrefixFormat(*this), rcText);
+        }
+    } else if (pModern) {
         pModern->DrawCue(hdc, rcText);
     }
     if (GetFocus() == m_hWnd && !(m_dwState & GWS_HIDEFOCUS)) {

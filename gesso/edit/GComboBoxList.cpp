@@ -1,3 +1,4 @@
+#include <gesso/edit/ComboText.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/BehaviorMark.h>
 #include <gesso/framework/BufferedPaint.h>
@@ -299,10 +300,14 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
     const int nInset = Pixels(m_hWnd, Metrics::COMBO_ROW_INSET);
     // In Modern the row is as high as the font needs.
     InflateRect(&rcText, -nInset, Has(*m_pOwner, gesso::Quirk::ComboListFixed) ? -nInset : 0);
-    ThemePart(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
-              PlainPart::Row)
-        .DrawString((*m_pItems)[nItem]->pszText,
-                    DT_SINGLELINE | DT_VCENTER | gesso::ItemPrefixFormat(*m_pOwner), rcText);
+    const ThemePart part(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
+                         PlainPart::Row);
+    const LPCWSTR psz = (*m_pItems)[nItem]->pszText;
+    if (m_pOwner->ModernPart()) {
+        gesso::DrawComboText(hdc, psz, rcText, part.TextColor(), DT_VCENTER);
+    } else {
+        part.DrawString(psz, DT_SINGLELINE | DT_VCENTER | gesso::ItemPrefixFormat(*m_pOwner), rcText);
+    }
 }
 
 // The row at a point in the client area: ABOVE or NO_INDEX where there is none.

@@ -2,6 +2,7 @@
 // own members follow.
 
 #include <gesso/edit/ComboSearch.h>
+#include <gesso/edit/ComboText.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/framework/Colors.h>
@@ -263,9 +264,7 @@ void GComboBox::Modern::DrawField(HDC hdc)
 void GComboBox::Modern::DrawCue(HDC hdc, const RECT& rcText) const
 {
     if (m_cue) {
-        const gesso::TextColorScope color(hdc, gesso::SystemColor(COLOR_GRAYTEXT));
-        RECT rc = rcText;
-        DrawTextW(hdc, m_cue, -1, &rc, DT_SINGLELINE | DT_NOPREFIX);
+        gesso::DrawComboText(hdc, m_cue, rcText, gesso::SystemColor(COLOR_GRAYTEXT));
     }
 }
 

@@ -2,6 +2,7 @@
 // closes it, and the control keeps the focus; no loop waits for either.
 
 #include <gesso/edit/ComboListPlace.h>
+#include <gesso/edit/ComboText.h>
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/TextMeasure.h>
@@ -137,11 +138,11 @@ int GComboBox::Modern::WidestItem()
     if (m_nWidest >= 0) {
         return m_nWidest;
     }
-    const gesso::WindowMeasure measure(m_combo.m_hWnd, m_combo.m_hFont, false);
+    const gesso::WindowContext hdc(m_combo.m_hWnd);
+    const gesso::SelectScope font(hdc, m_combo.m_hFont);
     m_nWidest = 0;
     for (const ComboItem* pItem : m_combo.m_aItems) {
-        const auto nLength = static_cast<UINT>(gesso::TextLength(pItem->pszText));
-        m_nWidest = std::max(m_nWidest, measure->Width(pItem->pszText, nLength));
+        m_nWidest = std::max(m_nWidest, gesso::ComboTextWidth(hdc, pItem->pszText));
     }
     return m_nWidest;
 }

@@ -39,8 +39,17 @@ class Combos(GalleryTest):
 
     def codes(self, combo):
         """The codes of the combo box's commands since the last look."""
+        return self.codes_in(self.gallery.lines(), combo)
+
+    @staticmethod
+    def codes_in(lines, combo):
         start = f"WM_COMMAND id {combo.id} code "
-        return [int(line[len(start) :].split()[0]) for line in self.gallery.lines() if line.startswith(start)]
+        return [int(line[len(start) :].split()[0]) for line in lines if line.startswith(start)]
+
+    def is_given_up(self, combo):
+        """Whether the list has closed without a choice, as told so far."""
+        codes = self.codes_in(self.gallery.pending(), combo)
+        return [c for c in codes if c in (SELENDOK, SELENDCANCEL, CLOSEUP)] == [SELENDCANCEL, CLOSEUP]
 
     def empty(self, combo):
         """Clears a field, whose text is selected when it gets the focus by the pointer twice."""
@@ -129,6 +138,7 @@ class Combos(GalleryTest):
         self.empty(field)
         self.gallery.click(self.button_of(field))
         self.gallery.show_page("Labels")
+        self.assertEqual(self.codes(field)[-2:], [SELENDCANCEL, CLOSEUP])
         self.assertEqual(self.gallery.control("GLabel", "Entry").text, "Entry", "the page is the same")
         self.gallery.type("y")
         self.assertIn(EDITCHANGE, self.codes(field), "keys are the field's again")
@@ -139,5 +149,6 @@ class Combos(GalleryTest):
         self.gallery.click(self.button_of(field))
         other = Gallery("Labels")
         other.close()
+        wait_for("the list to close", lambda: self.is_given_up(field))
         self.gallery.click((field.x + 10, field.middle[1]))
         wait_for("the field to take a key", lambda: self.gallery.type("z") or EDITCHANGE in self.codes(field))

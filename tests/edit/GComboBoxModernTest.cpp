@@ -1031,4 +1031,25 @@ TEST_F(GComboBoxModernTest, TheListActsAsItsControlDoes)
     Send(CB_SHOWDROPDOWN, FALSE);
 }
 
+TEST_F(GComboBoxModernTest, TheListIsAsWideAsItsItemsAreInTheFontsThatTheyNeed)
+{
+    const LPCWSTR psz = L"\x5D9\x5E8\x5D5\x5E9\x5DC\x5D9\x5DD abc \x5D9\x5E8\x5D5\x5E9\x5DC\x5D9\x5DD "
+                        L"\x5D9\x5E8\x5D5\x5E9\x5DC\x5D9\x5DD \x5D9\x5E8\x5D5\x5E9\x5DC\x5D9\x5DD";
+    Make(GCBS_DROPDOWNLIST, {psz});
+    const HDC hdc = GetDC(combo);
+    const HGDIOBJ hFormer = combo.GetFont() ? SelectObject(hdc, combo.GetFont()) : nullptr;
+    RECT rcText{};
+    CDrawText::DrawText_Prepare(hdc, psz, -1, &rcText, DT_SINGLELINE | DT_CALCRECT, 1, nullptr);
+    if (hFormer) {
+        SelectObject(hdc, hFormer);
+    }
+    ReleaseDC(combo, hdc);
+    Open();
+    RECT rcRow{};
+    GetClientRect(List(), &rcRow);
+    EXPECT_GT(rcText.right, COMBO_CX);
+    EXPECT_GE(rcRow.right, rcText.right);
+    EXPECT_LT(rcRow.right, rcText.right + 20);
+}
+
 } // namespace

@@ -190,6 +190,32 @@ TEST_F(ComboMemoryTest, ATableOfItemsThatCannotGrowKeepsThem)
     EXPECT_EQ(limit.Refused(), 1u);
 }
 
+TEST_F(ComboMemoryTest, AChoiceInTheListThatIsNotMadeIsGivenUp)
+{
+    const Modern modern;
+    const std::vector<wchar_t> many = Repeated(L"x", MANY);
+    Make(GCBS_DROPDOWNLIST, 1);
+    Combo().InsertItem(NONE, 0, many.data(), 0, nullptr);
+    Combo().SetSelected(0);
+    SetFocus(Combo());
+    SendMessageW(Combo(), CB_SHOWDROPDOWN, TRUE, 0);
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    SendMessageW(Combo(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    TheHost().TakeReports();
+    {
+        const MemoryLimit limit;
+        constexpr LPARAM SECOND_ROW = MAKELPARAM(20, 33);
+        SendMessageW(info.hwndList, WM_LBUTTONDOWN, MK_LBUTTON, SECOND_ROW);
+        SendMessageW(info.hwndList, WM_LBUTTONUP, 0, SECOND_ROW);
+        EXPECT_GE(limit.Refused(), 1u);
+    }
+    const Reports reports = TheHost().TakeReports();
+    const std::string id = "click " + std::to_string(GetDlgCtrlID(Combo())) + " code ";
+    EXPECT_EQ(reports, (Reports{id + "10", id + "8"}));
+    EXPECT_EQ(Combo().GetSelected(), 0u);
+}
+
 // Wherever it runs out, selection, text and what is told go together.
 TEST_F(ComboMemoryTest, InModernEachChangeIsWholeOrNotMade)
 {
