@@ -70,7 +70,18 @@ bool Composition::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* pl
         *plAnswer = 0;
         Start();
         return true;
-    case WM_IME_COMPOSITION: *plAnswer = 0; return Compose(lParam);
+    case WM_IME_COMPOSITION:
+        *plAnswer = 0;
+        if (!Compose(lParam)) {
+            *plAnswer = TakeAsCharacters(wParam, lParam);
+        }
+        return true;
+    case WM_IME_CHAR:
+        *plAnswer = 0;
+        if (m_fTyping) {
+            m_target.AcceptCharacter(static_cast<wchar_t>(wParam));
+        }
+        return m_fTyping;
     case WM_IME_ENDCOMPOSITION:
         *plAnswer = 0;
         Forget();
@@ -116,7 +127,7 @@ void Composition::Start()
     }
 }
 
-// What is accepted and cannot be read is left to the platform, which sends it as characters.
+// False where what is accepted cannot be read, or there is no memory for it.
 bool Composition::Compose(LPARAM lParam)
 {
     if (!m_target.MayCompose()) {
@@ -126,9 +137,13 @@ bool Composition::Compose(LPARAM lParam)
     const Context context(Frame::Handle(m_target.ComposedWindow()));
     if (lParam & GCS_RESULTSTR) {
         bool fAlive = true;
-        const bool fRead = AcceptResult(context, &fAlive);
-        if (!fRead || !fAlive) {
-            return fRead;
+        const bool fAccepted = AcceptResult(context, &fAlive);
+        if (!fAccepted || !fAlive) {
+            return fAccepted;
+        }
+        if (!HasFocus()) { // what is composed now is another window's
+            Forget();
+            return true;
         }
     }
     // Without its flag there is none any more, but that a change of attributes alone comes with no flag.
@@ -146,11 +161,30 @@ bool Composition::AcceptResult(const Context& context, bool* pfAlive)
     }
     const Watch watch(m_target.ComposedWindow());
     Forget();
-    if (watch && !result.empty()) {
-        m_target.Accept(result.data(), static_cast<UINT>(result.size()));
-    }
+    const bool fAccepted =
+        !watch || result.empty() || m_target.Accept(result.data(), static_cast<UINT>(result.size()));
     *pfAlive = watch;
-    return true;
+    return fAccepted;
+}
+
+// The platform sends what is accepted, one by one.
+LRESULT Composition::TakeAsCharacters(WPARAM wParam, LPARAM lParam)
+{
+    const GWnd& wnd = m_target.ComposedWindow();
+    const Watch watch(wnd);
+    m_fTyping = true;
+    m_target.HoldStep(true);
+    const LRESULT lAnswer = Frame::Default(wnd, WM_IME_COMPOSITION, wParam, lParam);
+    if (watch) {
+        m_target.HoldStep(false);
+        m_fTyping = false;
+    }
+    return lAnswer;
+}
+
+bool Composition::HasFocus() const
+{
+    return GetFocus() == Frame::Handle(m_target.ComposedWindow());
 }
 
 void Composition::ReadComposed(const Context& context)
@@ -196,33 +230,59 @@ bool Composition::Cancel()
 }
 
 // Takes what is composed as it stands. The input method is not asked for it: where the focus goes, it would
-// hand its result to the window that has it next. False if the control is gone.
+// hand its result to the window that has it next. Without memory it stays composed. False if the control is
+// gone.
 bool Composition::Finish()
 {
     if (!IsActive()) {
         return true;
     }
     const Watch watch(m_target.ComposedWindow());
-    const std::vector<wchar_t> text = std::exchange(m_text, {});
+    std::vector<wchar_t> text = std::exchange(m_text, {});
     Cancel();
     if (watch) {
         m_target.ShowComposition();
     }
-    if (watch && m_target.MayCompose()) {
-        m_target.Accept(text.data(), static_cast<UINT>(text.size()));
+    const auto nLength = static_cast<UINT>(text.size());
+    if (watch && m_target.MayCompose() && !m_target.Accept(text.data(), nLength) && watch) {
+        m_text = std::move(text);
+        m_nComposedCaret = nLength;
+        m_target.ShowComposition();
     }
     return watch;
 }
 
 // --- The input method's windows
 
-void Composition::Place() const
+void Composition::Follow()
+{
+    if (IsActive()) {
+        const RECT rc = m_target.ComposedRect();
+        if (!EqualRect(&rc, &m_rcPlaced)) {
+            Place();
+        }
+    }
+}
+
+void Composition::FollowFont()
+{
+    if (IsActive()) {
+        const Watch watch(m_target.ComposedWindow());
+        TellFont(Context(Frame::Handle(m_target.ComposedWindow())));
+        if (watch) {
+            Follow();
+        }
+    }
+}
+
+void Composition::Place()
 {
     const Context context(Frame::Handle(m_target.ComposedWindow()));
     if (!context) {
         return;
     }
     const RECT rc = m_target.ComposedRect();
+    m_rcPlaced = rc;
     COMPOSITIONFORM composition{CFS_POINT, {rc.left, rc.top}, {}};
     ImmSetCompositionWindow(context, &composition);
     CANDIDATEFORM candidates{0, CFS_EXCLUDE, {rc.left, rc.bottom}, rc};
@@ -264,7 +324,7 @@ bool Composition::Answer(WPARAM wRequest, LPARAM lParam, LRESULT* plAnswer) cons
 // too little room.
 LRESULT Composition::AnswerReconversion(RECONVERTSTRING* pString) const
 {
-    const std::optional<TextRange> range = m_target.Reconvertible();
+    const std::optional<TextRange> range = IsActive() ? std::nullopt : m_target.Reconvertible();
     if (!range || range->Length() == 0) {
         return 0;
     }

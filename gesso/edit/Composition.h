@@ -22,8 +22,12 @@ public:
     virtual void ShowComposition() = 0;
     // From the composed text's start to its caret, as high as the row, in client coordinates.
     virtual RECT ComposedRect() = 0;
-    // Accepted text comes into the selection's place, as one step. The control may be gone afterwards.
-    virtual void Accept(LPCWSTR psz, UINT n) = 0;
+    // Accepted text comes into the selection's place, as one step. The control may be gone afterwards. False
+    // where there was no memory: nothing has come in.
+    virtual bool Accept(LPCWSTR psz, UINT n) = 0;
+    // All that is accepted meanwhile is one step.
+    virtual void HoldStep(bool fHold) = 0;
+    virtual void AcceptCharacter(wchar_t ch) = 0;
 
     // What is to be composed again: the selection, or else the word at the caret, which is then selected.
     // None where the text is not to be seen.
@@ -51,6 +55,9 @@ public:
     UINT Caret() const { return m_nComposedCaret; }
     // Takes back what is composed. False if the control is gone.
     bool Cancel();
+    // What is composed may show elsewhere, or in another font: the input method's windows follow.
+    void Follow();
+    void FollowFont();
     // Whether a character is of the part that is being converted.
     bool IsTarget(UINT n) const;
 
@@ -60,11 +67,13 @@ private:
     bool WantsKey(const MSG* pMsg, LRESULT* plAnswer) const;
     void Start();
     bool Compose(LPARAM lParam);
+    LRESULT TakeAsCharacters(WPARAM wParam, LPARAM lParam);
+    bool HasFocus() const;
     void ReadComposed(const Context& context);
     bool AcceptResult(const Context& context, bool* pfAlive);
     void Forget();
     bool Finish();
-    void Place() const;
+    void Place();
     void TellFont(const Context& context) const;
     bool Answer(WPARAM wRequest, LPARAM lParam, LRESULT* plAnswer) const;
     LRESULT AnswerReconversion(RECONVERTSTRING* pString) const;
@@ -73,6 +82,8 @@ private:
     std::vector<wchar_t> m_text;
     std::vector<BYTE> m_attributes; // of each character, as far as they are known
     UINT m_nComposedCaret = 0;
+    bool m_fTyping = false; // the platform sends what is accepted as characters
+    RECT m_rcPlaced{};
 };
 
 } // namespace gesso

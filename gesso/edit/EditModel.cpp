@@ -1,7 +1,5 @@
 #include <gesso/edit/EditModel.h>
 
-#include <utility>
-
 namespace gesso {
 namespace {
 
@@ -91,6 +89,7 @@ bool EditModel::Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind ki
     if (fChanges && (!MakeRoom(n - std::min(n, nRemoved), psz, n) ||
                      (fCanUndo && !m_undo.Note({nFrom, nRemoved, n}, Text(), psz, kind, dwNow, Marks()))))
     {
+        m_fRefused = true;
         return false;
     }
     if (!fCanUndo) {

@@ -9,6 +9,8 @@
 #include <gesso/edit/TextBuffer.h>
 #include <gesso/edit/UndoStack.h>
 
+#include <utility>
+
 namespace gesso {
 
 // One change of the text, after it was made.
@@ -60,6 +62,8 @@ public:
     // milliseconds: what is typed after a pause is a step of its own.
     [[nodiscard]] bool Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, DWORD dwNow,
                                bool fCanUndo = true);
+    // Whether a replacement was refused for want of memory since the last time that this was asked.
+    bool TakeRefusal() { return std::exchange(m_fRefused, false); }
     // All changes up to EndStep are one step. Not nested.
     void BeginStep();
     void EndStep();
@@ -105,6 +109,7 @@ private:
     UINT m_nCaret = 0;
     UINT m_nAnchor = 0;
     bool m_fModified = false;
+    bool m_fRefused = false;
 };
 
 } // namespace gesso

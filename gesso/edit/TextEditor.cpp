@@ -166,7 +166,11 @@ void TextEditor::SetModified(bool fModified)
 // The view stays at the text that it shows.
 void TextEditor::Reflow()
 try {
+    const Watch watch(m_inside->site.Window());
     m_inside->Relayout();
+    if (watch) {
+        m_inside->composition.FollowFont();
+    }
 } catch (const std::bad_alloc&) {
 }
 
@@ -182,10 +186,14 @@ bool TextEditor::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plA
 {
     const Watch watch(m_inside->site.Window());
     try {
-        return m_inside->composition.OnMessage(uMsg, wParam, lParam, plAnswer) ||
-               m_inside->OnEditMessage(uMsg, wParam, lParam, plAnswer) ||
-               m_inside->OnInput(uMsg, wParam, lParam, plAnswer) ||
-               m_inside->OnClipboardMessage(uMsg, plAnswer);
+        const bool fDone = m_inside->composition.OnMessage(uMsg, wParam, lParam, plAnswer) ||
+                           m_inside->OnEditMessage(uMsg, wParam, lParam, plAnswer) ||
+                           m_inside->OnInput(uMsg, wParam, lParam, plAnswer) ||
+                           m_inside->OnClipboardMessage(uMsg, plAnswer);
+        if (watch) {
+            m_inside->composition.Follow();
+        }
+        return fDone;
     } catch (const std::bad_alloc&) {
         if (watch) {
             m_inside->ForgetLines();

@@ -114,9 +114,26 @@ RECT TextEditor::Inside::ComposedRect()
     return {x, y, x, y + nRowHeight};
 }
 
-void TextEditor::Inside::Accept(LPCWSTR psz, UINT n)
+bool TextEditor::Inside::Accept(LPCWSTR psz, UINT n)
+try {
+    const Watch watch(site.Window());
+    if (!site.HasRoomFor(model.Length() + n)) {
+        return false;
+    }
+    model.TakeRefusal();
+    return Insert(psz, n, EditKind::Step, Origin::User) || !watch || !model.TakeRefusal();
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+void TextEditor::Inside::HoldStep(bool fHold)
 {
-    Insert(psz, n, EditKind::Step, Origin::User);
+    fHold ? model.BeginStep() : model.EndStep();
+}
+
+void TextEditor::Inside::AcceptCharacter(wchar_t ch)
+{
+    Type(ch);
 }
 
 std::optional<TextRange> TextEditor::Inside::Reconvertible() const

@@ -300,7 +300,9 @@ struct TextEditor::Inside final : private CompositionTarget
     bool MayCompose() const override { return !IsReadOnly(); }
     void ShowComposition() override;
     RECT ComposedRect() override;
-    void Accept(LPCWSTR psz, UINT n) override;
+    bool Accept(LPCWSTR psz, UINT n) override;
+    void HoldStep(bool fHold) override;
+    void AcceptCharacter(wchar_t ch) override;
     std::optional<TextRange> Reconvertible() const override;
     void Reconvert(const TextRange& range, wchar_t* pszTo) override;
 

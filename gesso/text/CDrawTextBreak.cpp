@@ -177,12 +177,10 @@ UINT LineBreaker::LastWidth() const
                                               : SumAdvances(m_buffer, m_breaks.back().nGlyph, m_nGlyphs));
 }
 
-// Whether an item goes on with the next one: they are of one script, and only their fonts or the end of a
-// line have parted them.
-bool GoesOn(const stcDrawTextBuffer& buffer, UINT nItem)
+// Whether what is of one script goes on with an item: only fonts or the end of a line have parted them.
+bool GoesOn(const stcDrawTextBuffer& buffer, const SCRIPT_ANALYSIS& a, UINT nItem)
 {
-    const SCRIPT_ANALYSIS& a = buffer.pItems[nItem].a;
-    const SCRIPT_ANALYSIS& b = buffer.pItems[nItem + 1].a;
+    const SCRIPT_ANALYSIS& b = buffer.pItems[nItem].a;
     return IsPaintedAsRead(buffer) && a.fRTL == b.fRTL &&
            (a.eScript == b.eScript || a.eScript == SCRIPT_UNDEFINED || b.eScript == SCRIPT_UNDEFINED);
 }
@@ -197,7 +195,7 @@ void FindBreakAttributes(LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer
         const int nFrom = buffer.pItems[n].iCharPos;
         SCRIPT_ANALYSIS analysis = buffer.pItems[n].a;
         int nItemChars = buffer.pRuns[n].nChars;
-        for (nNext = n + 1; nNext < nItems && GoesOn(buffer, nNext - 1); ++nNext) {
+        for (nNext = n + 1; nNext < nItems && GoesOn(buffer, analysis, nNext); ++nNext) {
             nItemChars = buffer.pItems[nNext].iCharPos + buffer.pRuns[nNext].nChars - nFrom;
             if (analysis.eScript == SCRIPT_UNDEFINED) {
                 analysis = buffer.pItems[nNext].a;

@@ -21,13 +21,15 @@ constexpr UINT SCRATCH_GLYPHS = 64;
 constexpr UINT ITEM_STEP = 16;
 constexpr UINT GLYPH_STEP = 64;
 
-// Letters of the scripts that go from right to left, and halves of pairs that may be such.
-bool HasRightToLeftLetters(LPCWSTR pszText, UINT nChars)
+// Letters of the scripts that go from right to left, halves of pairs that may be such, and the marks that
+// turn others.
+bool MayGoRightToLeft(LPCWSTR pszText, UINT nChars)
 {
     constexpr wchar_t FIRST = 0x0590;
     return std::any_of(pszText, pszText + nChars, [](wchar_t c) {
-        return c >= FIRST && (c <= 0x08FF || (c >= 0xFB1D && c <= 0xFEFC) || (c >= 0xD802 && c <= 0xD803) ||
-                              (c >= 0xD83A && c <= 0xD83B));
+        const bool fMark = c == 0x200F || c == 0x202B || c == 0x202E || c == 0x2067;
+        return c >= FIRST && (fMark || c <= 0x08FF || (c >= 0xFB1D && c <= 0xFEFC) ||
+                              (c >= 0xD802 && c <= 0xD803) || (c >= 0xD83A && c <= 0xD83B));
     });
 }
 
@@ -157,21 +159,25 @@ public:
     {
         const UINT nFormerChars = m_arrays.nChars;
         const UINT nFormerGlyphs = m_arrays.nGlyphs;
-        FreeCache(m_cache); // of another font, it may be
-        ItemizeByDirection();
-        if (m_arrays.nItems != 0) {
-            m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
-        }
-        AddItems();
-        if (PartItems()) {
+        const auto takeBack = [&] {
             m_arrays.nChars = nFormerChars;
             m_arrays.nGlyphs = nFormerGlyphs;
+        };
+        CalculateInOwnFont();
+        if (PartItems()) {
+            takeBack();
             AddItems();
+            if (m_fRefused) {
+                m_fRefused = false;
+                m_fonts.clear();
+                UseOwnFontOnly();
+                takeBack();
+                CalculateInOwnFont();
+            }
         }
         if (m_fRefused) {
             m_arrays.nItems = 0;
-            m_arrays.nChars = nFormerChars;
-            m_arrays.nGlyphs = nFormerGlyphs;
+            takeBack();
         }
         return !m_fRefused;
     }
@@ -183,6 +189,7 @@ private:
     void Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState);
     void ItemizeByDirection();
     bool ItemizeAsRead();
+    void CalculateInOwnFont();
     void AddItems();
     void AddItem(UINT nItem);
     bool AddInFont(const RunFontRef& font, SCRIPT_ITEM& item, stcDrawTextRun& run);
@@ -246,7 +253,7 @@ void Calculation::Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pS
 void Calculation::ItemizeByDirection()
 {
     m_arrays.fOneBlock &= ~PAINTED_AS_READ;
-    const bool fAsRead = !WillHave(Quirk::TextRunsInOrder) && HasRightToLeftLetters(m_pszText, m_nChars);
+    const bool fAsRead = !WillHave(Quirk::TextRunsInOrder) && MayGoRightToLeft(m_pszText, m_nChars);
     if (!fAsRead || !ItemizeAsRead()) {
         Itemize(nullptr, nullptr);
     }
@@ -265,6 +272,16 @@ bool Calculation::ItemizeAsRead()
     }
     m_arrays.fOneBlock |= PAINTED_AS_READ;
     return true;
+}
+
+void Calculation::CalculateInOwnFont()
+{
+    FreeCache(m_cache); // of another font, it may be
+    ItemizeByDirection();
+    if (m_arrays.nItems != 0) {
+        m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
+    }
+    AddItems();
 }
 
 void Calculation::AddItems()
@@ -418,7 +435,8 @@ try {
     m_stretches.clear();
 }
 
-// Makes an item of each stretch that has a font of its own. False if there is none: the items stay.
+// Makes an item of each stretch that has a font of its own. False if there is none, or no memory: the items
+// stay.
 bool Calculation::PartItems()
 try {
     const auto hasFont = [](const FontStretch& stretch) { return bool(stretch.font); };
@@ -440,7 +458,6 @@ try {
     m_splitter->UniteClusters(all);
     return TakeItems(all);
 } catch (const std::bad_alloc&) {
-    m_fonts.clear();
     return false;
 }
 
@@ -448,7 +465,8 @@ bool Calculation::TakeItems(const std::vector<FontStretch>& stretches)
 {
     const SCRIPT_ITEM endMarker = m_arrays.pItems[m_arrays.nItems];
     const auto nItems = static_cast<UINT>(stretches.size());
-    if (nItems >= m_arrays.nItemsAlloc && !Made(GrowItems(m_arrays, nItems + 1 - m_arrays.nItemsAlloc))) {
+    m_fonts.reserve(nItems);
+    if (nItems >= m_arrays.nItemsAlloc && !GrowItems(m_arrays, nItems + 1 - m_arrays.nItemsAlloc)) {
         return false;
     }
     SCRIPT_ITEM* pNext = m_arrays.pItems;
@@ -519,8 +537,16 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
 bool gesso::CalculateExactly(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer)
 {
     const Scratch scratch;
-    Calculation calculation(hdc, pszText, nChars, scratch.Arrays(), Growth::BY_NEED, buffer.scriptCache);
-    const bool fDone = calculation.Run() && Publish(scratch.Arrays(), calculation.Fonts(), buffer);
+    stcDrawTextBuffer& arrays = scratch.Arrays();
+    Calculation calculation(hdc, pszText, nChars, arrays, Growth::BY_NEED, buffer.scriptCache);
+    const bool fCalculated = calculation.Run();
+    bool fDone = fCalculated && Publish(arrays, calculation.Fonts(), buffer);
+    if (fCalculated && !fDone && !calculation.Fonts().empty()) {
+        arrays.nItems = arrays.nChars = arrays.nGlyphs = 0;
+        Calculation boxes(hdc, pszText, nChars, arrays, Growth::BY_NEED, buffer.scriptCache);
+        boxes.UseOwnFontOnly();
+        fDone = boxes.Run() && Publish(arrays, {}, buffer);
+    }
     if (!fDone) {
         FreeCache(buffer.scriptCache); // what the buffer still holds may be of another font
     }

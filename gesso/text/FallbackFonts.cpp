@@ -72,8 +72,8 @@ bool KnownFonts::IsAccepted(size_t nFace, const AcceptFace& accept)
     return told == Told::Yes;
 }
 
-// All that the answer depends on: also the script, whose tables a font may lack, and the room in the line,
-// which it may not fit.
+// All that the answer depends on: also the script, whose tables a font may lack, the room in the line, which
+// it may not fit, and what stands with the characters, which may keep a font from showing them.
 KnownFonts::Key KnownFonts::KeyOf(const FontRequest& request)
 {
     constexpr int STYLE_BITS = 2;
@@ -81,7 +81,8 @@ KnownFonts::Key KnownFonts::KeyOf(const FontRequest& request)
     Key key{static_cast<char32_t>(PlaceOf(base.szFace)), static_cast<char32_t>(PlaceOf(base.log.lfFaceName)),
             static_cast<char32_t>(base.metrics.tmAscent), static_cast<char32_t>(base.metrics.tmDescent),
             static_cast<char32_t>(request.analysis.eScript << STYLE_BITS | static_cast<int>(request.style))};
-    return key.append(request.characters.begin(), request.characters.end());
+    const std::span<const char32_t> told = request.unit.empty() ? request.characters : request.unit;
+    return key.append(told.begin(), told.end());
 }
 
 bool KnownFonts::Find(const FontRequest& request, const AcceptFace& accept)
@@ -89,12 +90,15 @@ bool KnownFonts::Find(const FontRequest& request, const AcceptFace& accept)
     m_fUntold = false;
     m_nTries = MOST_TRIED;
     const Key key = KeyOf(request);
+    const bool fWhole = !request.unit.empty();
     const auto known = m_found.find(key);
-    if (known != m_found.end() && (known->second == NOWHERE || IsAccepted(known->second, accept))) {
-        return known->second != NOWHERE;
+    if (known != m_found.end()) {
+        if (known->second == NOWHERE ? fWhole : IsAccepted(known->second, accept)) {
+            return known->second != NOWHERE;
+        }
     }
     const size_t nFace = Search(request, accept);
-    if (nFace != NOWHERE || !m_fUntold) {
+    if (nFace != NOWHERE || (fWhole && !m_fUntold)) {
         Remember(key, nFace);
     }
     return nFace != NOWHERE;
@@ -258,7 +262,7 @@ void ForgetFallbackFonts()
         const ScopedLock lock(s_lock);
         delete std::exchange(s_pKnown, nullptr);
     }
-    EndUnusedFonts();
+    ForgetRunFonts();
 }
 
 bool IsIgnorable(char32_t c)

@@ -27,6 +27,8 @@ struct FontRequest
     const SCRIPT_ANALYSIS& analysis;      // of the item that lacks the characters
     std::span<const char32_t> characters; // all of them are to be in the font; one at least
     HanStyle style;
+    // All that a face is tried with, in numbers; empty where that is too much to be remembered.
+    std::span<const char32_t> unit;
 };
 
 // Yes takes a face; Nothing says that the platform failed, so that the refusal is not remembered.

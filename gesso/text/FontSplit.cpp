@@ -407,30 +407,42 @@ std::vector<char32_t> FontSplitter::Wanted(const Part& unit) const
 }
 
 template <class SHOWS>
-RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis, const SHOWS& shows)
+RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis,
+                                 std::span<const char32_t> told, const SHOWS& shows)
 {
+    constexpr size_t MOST_TOLD = 64;
     const std::vector<char32_t> characters = Wanted(unit);
     RunFontRef font;
     const auto accept = [&](LPCWSTR pszFace) {
         RunFontRef next;
-        Told told = OpenRunFont(m_hdc, m_base, pszFace, &next);
-        if (told == Told::Yes) {
-            told = shows(*next.Get());
+        Told answer = OpenRunFont(m_hdc, m_base, pszFace, &next);
+        if (answer == Told::Yes) {
+            answer = shows(*next.Get());
         }
-        if (told == Told::Yes) {
+        if (answer == Told::Yes) {
             font = std::move(next);
         }
-        return told;
+        return answer;
     };
     if (!characters.empty()) {
-        FindFallbackFace({m_hdc, m_base, analysis, characters, m_style}, accept);
+        FindFallbackFace({m_hdc, m_base, analysis, characters, m_style,
+                          told.size() > MOST_TOLD ? std::span<const char32_t>() : told},
+                         accept);
     }
     return font;
 }
 
+// What the answer of a font depends on, besides its script.
+void FontSplitter::Tell(const Part& part, std::vector<char32_t>& told) const
+{
+    told.insert(told.end(), m_psz + part.nFrom, m_psz + part.nTo);
+}
+
 RunFontRef FontSplitter::FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis)
 {
-    return FontFor(unit, analysis, [&](RunFont& font) { return Shows(font, unit, analysis); });
+    std::vector<char32_t> told;
+    Tell(unit, told);
+    return FontFor(unit, analysis, told, [&](RunFont& font) { return Shows(font, unit, analysis); });
 }
 
 // One that some of the cluster is shown in, or else any.
@@ -442,18 +454,29 @@ RunFontRef FontSplitter::FontOfAll(std::span<const FontStretch> stretches, const
     while (last != stretches.end() && last->nFrom < cluster.nTo) {
         ++last;
     }
+    const auto within = [&](const FontStretch& stretch) {
+        return Part{std::max(stretch.nFrom, cluster.nFrom), std::min(stretch.nTo, cluster.nTo)};
+    };
     const auto shows = [&](RunFont& font) {
-        Told told = Told::Yes;
-        for (auto stretch = first; stretch != last && told == Told::Yes; ++stretch) {
-            told = Shows(font, {std::max(stretch->nFrom, cluster.nFrom), std::min(stretch->nTo, cluster.nTo)},
-                         stretch->analysis);
+        Told answer = Told::Yes;
+        for (auto stretch = first; stretch != last && answer == Told::Yes; ++stretch) {
+            answer = Shows(font, within(*stretch), stretch->analysis);
         }
-        return told;
+        return answer;
     };
     const auto shown = std::find_if(first, last, [&](const FontStretch& stretch) {
         return stretch.font && shows(*stretch.font.Get()) == Told::Yes;
     });
-    return shown != last ? shown->font : FontFor(cluster, first->analysis, shows);
+    if (shown != last) {
+        return shown->font;
+    }
+    constexpr char32_t NO_CHARACTER = 0x110000;
+    std::vector<char32_t> told;
+    for (auto stretch = first; stretch != last; ++stretch) {
+        told.push_back(NO_CHARACTER + stretch->analysis.eScript);
+        Tell(within(*stretch), told);
+    }
+    return FontFor(cluster, first->analysis, told, shows);
 }
 
 // Looks for a font for the first unit that needs one, and takes all from it that it has. What is left of the

@@ -68,7 +68,9 @@ private:
     Part UnitOf(const Part& part) const;
     RunFontRef FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis);
     template <class SHOWS>
-    RunFontRef FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis, const SHOWS& shows);
+    RunFontRef FontFor(const Part& unit, const SCRIPT_ANALYSIS& analysis, std::span<const char32_t> told,
+                       const SHOWS& shows);
+    void Tell(const Part& part, std::vector<char32_t>& told) const;
     std::vector<char32_t> Wanted(const Part& unit) const;
     Told Probe(RunFont& font, const Part& part, SCRIPT_ANALYSIS analysis, std::vector<char>& lacking);
     Told Shows(RunFont& font, const Part& unit, const SCRIPT_ANALYSIS& analysis);

@@ -19,6 +19,7 @@ struct RunFontKey
     LONG width;
     LONG aspectX;
     LONG aspectY;
+    LONG generation; // a face may be another font since fonts were forgotten
 
     bool operator==(const RunFontKey& other) const { return std::memcmp(this, &other, sizeof(other)) == 0; }
 };
@@ -62,12 +63,14 @@ namespace {
 constexpr size_t KEPT_UNUSED = 8;
 constinit SRWLOCK s_lock = SRWLOCK_INIT;
 constinit RunFont* s_pFirst = nullptr;
+constinit std::atomic<LONG> s_nGeneration = 0;
 
 RunFontKey KeyOf(const BaseFont& base, LPCWSTR pszFace)
 {
     const TEXTMETRICW& tm = base.metrics;
     RunFontKey key{base.log,          tm.tmHeight,           tm.tmAscent,
-                   tm.tmAveCharWidth, tm.tmDigitizedAspectX, tm.tmDigitizedAspectY};
+                   tm.tmAveCharWidth, tm.tmDigitizedAspectX, tm.tmDigitizedAspectY,
+                   s_nGeneration};
     key.log.lfCharSet = DEFAULT_CHARSET;
     key.log.lfPitchAndFamily = 0;
     std::memset(key.log.lfFaceName, 0, sizeof(key.log.lfFaceName));
@@ -94,10 +97,13 @@ void Unlink(const RunFont* pFont)
 }
 
 // Of a font that nobody uses any more: it comes to the front, and the one that was used longest ago goes if
-// there are too many. Returns that.
+// there are too many, or itself where it was forgotten. Returns that.
 RunFont* KeepUnused(RunFont* pFont)
 {
     Unlink(pFont);
+    if (pFont->m_key.generation != s_nGeneration) {
+        return pFont;
+    }
     pFont->m_pNext = std::exchange(s_pFirst, pFont);
     size_t nUnused = 0;
     RunFont* pLast = nullptr;
@@ -227,8 +233,9 @@ Told OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace, RunFontRef* pFo
     return told;
 }
 
-void EndUnusedFonts()
+void ForgetRunFonts()
 {
+    ++s_nGeneration;
     RunFont* pFont;
     do {
         {

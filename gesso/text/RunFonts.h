@@ -63,8 +63,8 @@ private:
 
 // Gives the font of a face, in a size that a line of the base font has room for. No if there is no such size.
 Told OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace, RunFontRef* pFont);
-// Ends those that no text uses.
-void EndUnusedFonts();
+// Ends those that no text uses. The others stay with their texts, and no other text gets them.
+void ForgetRunFonts();
 
 // A font, selected for as long as it is used. Nobody else uses it meanwhile, since its cache is one for all.
 class RunFontScope
