@@ -5,6 +5,19 @@
 
 #include <gesso/api.h>
 
+// What a tree asks its parent of a child that it only has the number of. The text is copied at once.
+struct GTREEDISPINFO
+{
+    UINT mask;       // GTDI_: what is asked for
+    LPCWSTR text;    // null: an empty one
+    UINT image;      // index into the image list
+    UINT childCount; // what SetChildCount would be given for the child; 0 for none
+};
+
+constexpr UINT GTDI_TEXT = 1;
+constexpr UINT GTDI_IMAGE = 2;
+constexpr UINT GTDI_CHILDREN = 4;
+
 struct GLISTNOTIFY
 {
     NMHDR hdr;
@@ -18,7 +31,8 @@ struct GLISTNOTIFY
     union
     {
         void* pReserved;
-        LPCWSTR pszText; // at the end of a renaming: the new text, null where it is dropped
+        LPCWSTR pszText;          // at the end of a renaming: the new text, null where it is dropped
+        GTREEDISPINFO* pDispInfo; // of TVN_GETDISPINFOW
     };
     UINT uKeyFlags; // of the mouse: LVKF_ALT, LVKF_CONTROL, LVKF_SHIFT; of a key: the high word of its lParam
     UINT vKey;      // virtual code of the key

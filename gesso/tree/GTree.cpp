@@ -62,6 +62,7 @@ struct GTree::Layout
     static_assert(offsetof(GTree, m_ftLastChar) == 384);
     static_assert(offsetof(GTree, m_szSearch) == 392);
     static_assert(sizeof(GTree) == 440);
+    static_assert(offsetof(gesso::RowChunk<TreeItem>, aItems) == 24);
 };
 #pragma GCC diagnostic pop
 
@@ -458,6 +459,7 @@ LRESULT GTree::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const auto uKey = static_cast<UINT>(wParam);
     switch (uMsg) {
+    case WM_PAINT: return AskInView() ? OnTreeMessage(uMsg, wParam, lParam) : 0;
     case WM_PRINTCLIENT: return OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
     case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
     case WM_KEYDOWN: return OnKeyDown(uKey, LOWORD(lParam), HIWORD(lParam));

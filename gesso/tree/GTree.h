@@ -16,6 +16,9 @@
 //   TVN_ITEMEXPANDINGW    GLISTNOTIFY: before a row expands or collapses (uAction); the result is not read
 //   TVN_ITEMEXPANDEDW     GLISTNOTIFY: after it
 //   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
+//   TVN_GETDISPINFOW      GLISTNOTIFY: a child that SetChildCount has only counted is to show, or is asked
+//                         for by a getter: iItem is its index and pItem its parent, null for the root; the
+//                         parent fills in pDispInfo
 //   TVN_BEGINLABELEDITW   GLISTNOTIFY: before an item is renamed; a non-zero answer refuses it
 //   TVN_ENDLABELEDITW     GLISTNOTIFY: after it; pszText, null where it is dropped; non-zero takes it
 // and in Modern
@@ -24,16 +27,24 @@
 //   NM_RETURN             GLISTNOTIFY: Enter
 //   NM_RCLICK, NM_RDBLCLK GLISTNOTIFY: a right click or a double one; where NM_RCLICK is answered by 0,
 //                         WM_CONTEXTMENU follows
-// Each GLISTNOTIFY has the row in iItem, -1 in iSubItem, the item's handle in pItem and the modifier keys in
-// uKeyFlags. In Classic check boxes change no state by themselves: the host answers NM_CLICK by SetItemState
-// with TIS_CHECKED, if it wishes.
-// Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT, PRF_NONCLIENT), WM_VSCROLL, WM_HSCROLL, WM_MOUSEWHEEL.
+// Each other GLISTNOTIFY has the row in iItem, -1 in iSubItem, the item's handle in pItem and the modifier
+// keys in uKeyFlags. In Classic check boxes change no state by themselves: the host answers NM_CLICK by
+// SetItemState with TIS_CHECKED, if it wishes. Answers WM_GETDLGCODE, WM_PRINTCLIENT (PRF_CLIENT,
+// PRF_NONCLIENT), WM_VSCROLL, WM_HSCROLL, WM_MOUSEWHEEL.
 //
 // Items are named by handles, which hold until the item is removed; the root, which is always there, is
 // hidden at first and stands above the top items. Where nothing else is said, a handle that is null, or of
 // another tree, or of an item that is gone is a caller's mistake: what takes it does nothing, and a getter
 // returns 0 or null. In Classic no operation sends a notification but Expand and Collapse. A copy of a tree
 // shares its items and window and has rows of its own.
+//
+// A folder of any length owns no items: SetChildCount says how many children it has, and the tree asks for
+// those that it is about to show. So it opens at once, and costs what was shown of it. A getter asks as well,
+// and may then be the one in which the host is called.
+//
+//     tree.SetChildCount(hFolder, 1000000);
+//     case TVN_GETDISPINFOW: // of a GLISTNOTIFY
+//         p->pDispInfo->text = NameOfRecord(p->iItem); // copied at once
 //
 // Where an operation needs more memory than there is, it does nothing: InsertItem returns null, Expand leaves
 // the item closed. A copy without memory for its rows has none.
@@ -75,6 +86,13 @@ struct TreeItem : gesso::TreeRecord<TreeItem>
 {
     using TreeRecord::TreeRecord;
 };
+
+namespace gesso {
+
+// The item of a row in a run, which is made if need be; null without memory.
+GESSO_API TreeItem* ItemOfRun(const RowChunk<TreeItem>& chunk, UINT row);
+
+} // namespace gesso
 
 class GESSO_API GTree : public GWndScroll
 {
@@ -185,6 +203,17 @@ public:
     // item, where the parent refuses, and where there is no window; so it is for a copy.
     bool EditLabel(void* hItem);
 
+    // Says that an item (null: the root) has so many children, without making them: the parent is asked for
+    // each by TVN_GETDISPINFOW when it first shows. They take the place of the children that the item has,
+    // which go as if they were removed; 0 leaves it without any, and as one that can be given them again. A
+    // count above 100,000,000 is that. An item that is expanded shows them at once. Such children cannot be
+    // inserted, removed, moved or sorted, which stops a debug build; what is below them can. Repaints.
+    void SetChildCount(void* hItem, UINT nChildren);
+    // The child of an item (null: the root) with an index from 0. One that is only counted is made, and the
+    // parent asked for it. Null for a bad index or handle, which is a caller's mistake, without memory, and
+    // where the parent, being asked, has done away with it.
+    void* GetChildAt(void* hItem, UINT nIndex);
+
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
     static ATOM s_aClass;
@@ -259,6 +288,12 @@ private:
     struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    bool Ask(TreeItem& item);
+    bool TakeAnswer(TreeItem& item, const GTREEDISPINFO& info);
+    bool AskFor(void* hItem) const;
+    bool AskForRow(UINT row);
+    bool AskInView();
+    bool Widen(TreeItem& item);
     gesso::TreeItems<TreeItem, Rules> Items() const;
     gesso::TreeView<TreeItem, Rules> View();
     void ItemInserted(const TreeItem& item, bool fShown);
@@ -302,6 +337,7 @@ private:
     UINT FindTyped(wchar_t ch);
     bool StartsWith(UINT row, UINT nLength) const;
     UINT FindByPrefix(UINT rowFrom, UINT nLength) const;
+    UINT FindByPrefix(UINT row, UINT rowEnd, UINT nLength) const;
 
     gesso::FontHandle m_hMadeFont; // of the visual style
     UINT m_nPageH = 0;             // the bars' pages as they were given, however they were limited

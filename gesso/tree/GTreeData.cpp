@@ -38,12 +38,12 @@ UINT GTree::GetItemState(void* hItem) const
 
 LPCWSTR GTree::GetItemName(void* hItem) const
 {
-    return Items().GetName(hItem);
+    return AskFor(hItem) ? Items().GetName(hItem) : nullptr;
 }
 
 UINT GTree::GetItemImage(void* hItem) const
 {
-    return Items().GetImage(hItem);
+    return AskFor(hItem) ? Items().GetImage(hItem) : 0;
 }
 
 void* GTree::GetItemParent(void* hItem) const
@@ -53,12 +53,13 @@ void* GTree::GetItemParent(void* hItem) const
 
 UINT GTree::GetItemChildCount(void* hItem) const
 {
-    return Items().GetChildCount(hItem);
+    return AskFor(hItem) ? Items().GetChildCount(hItem) : 0;
 }
 
 void* GTree::GetItemNextChild(void* hParent, void* hChild) const
 {
-    return Items().GetNextChild(hParent, hChild);
+    return AskFor(hParent) ? Items().GetNextChild(hParent, hChild)
+                           : reinterpret_cast<void*>(Rules::NO_MORE_CHILDREN);
 }
 
 void* GTree::GetItemCustomData(void* hItem) const
@@ -73,6 +74,9 @@ void GTree::SetItemState(void* hItem, UINT uState, UINT uMask)
 
 void GTree::SetItemName(void* hItem, LPCWSTR pszName)
 {
+    if (!AskFor(hItem)) {
+        return;
+    }
     Items().SetName(hItem, pszName);
     if (!Has(*this, Quirk::TreeSettersShowLater)) {
         RowsChanged();
@@ -81,6 +85,9 @@ void GTree::SetItemName(void* hItem, LPCWSTR pszName)
 
 void GTree::SetItemImage(void* hItem, UINT nImage)
 {
+    if (!AskFor(hItem)) {
+        return;
+    }
     Items().SetImage(hItem, nImage);
     TreeActions::ShowField(*this);
 }

@@ -30,7 +30,7 @@ bool GTree::EditLabel(void* hItem)
     const auto hold = Items().Hold(item);
     const gesso::Watch watch(*this);
     LabelEdit::End(m_aVisible.Inside().edit.hwnd, true);
-    if (!watch || !ShowWholeLabel(item)) {
+    if (!watch || !Ask(*item) || !ShowWholeLabel(item)) {
         return false;
     }
     const LRESULT lRefused =

@@ -170,13 +170,7 @@ void GTree::StepOut()
         return;
     }
     if (item->pParent && item->pParent != m_pRoot) {
-        UINT row = m_nSelected;
-        while (row > 0 && m_aVisible[row] != item->pParent) {
-            --row;
-        }
-        if (m_aVisible[row] == item->pParent) {
-            StepTo(row);
-        }
+        StepTo(m_aVisible.Inside().rows.FindAbove(m_nSelected, *item->pParent));
     }
 }
 
@@ -194,7 +188,7 @@ void GTree::StepIn()
             EnsureVisible(m_nSelected);
             Invalidate(0);
         }
-    } else if (item->aChildren.GetLength() > 0) {
+    } else if (gesso::HasChildren(*item)) {
         StepTo(m_nSelected + 1);
     }
 }
@@ -253,11 +247,20 @@ bool GTree::StartsWith(UINT row, UINT nLength) const
 UINT GTree::FindByPrefix(UINT rowFrom, UINT nLength) const
 {
     const UINT nRows = m_aVisible.GetLength();
-    for (UINT i = 0; i < nRows; ++i) {
-        const UINT row = (rowFrom + i) % nRows;
+    rowFrom = rowFrom < nRows ? rowFrom : 0;
+    const UINT row = FindByPrefix(rowFrom, nRows, nLength);
+    return row != NO_INDEX ? row : FindByPrefix(0, rowFrom, nLength);
+}
+
+// What has not been shown has no name yet.
+UINT GTree::FindByPrefix(UINT row, UINT rowEnd, UINT nLength) const
+{
+    const auto& rows = m_aVisible.Inside().rows;
+    while ((row = rows.NextKnown(row)) < rowEnd) {
         if (StartsWith(row, nLength)) {
             return row;
         }
+        ++row;
     }
     return NO_INDEX;
 }

@@ -55,6 +55,9 @@ void* GTree::ItemFromPoint(POINT client) const
 
 bool GTree::GetItemRect(void* hItem, bool labelOnly, RECT* prc) const
 {
+    if (labelOnly && hItem && !AskFor(hItem)) {
+        return false;
+    }
     const UINT row = Items().RowOf(hItem);
     if (!hItem || !prc) {
         gesso::Misuse("GTree::GetItemRect: no item, or nowhere to write to");
@@ -66,7 +69,7 @@ bool GTree::GetItemRect(void* hItem, bool labelOnly, RECT* prc) const
     GetClientRect(m_hWnd, &rcClient);
     *prc = RowRect(row, rcClient.right);
     if (labelOnly) {
-        TreeItem& item = *m_aVisible[row];
+        TreeItem& item = *Items().ItemOf(hItem);
         const auto cells = gesso::LayOutCells(gesso::PaintedMeasures(m_hWnd), item.nLevel, m_uTreeStyle);
         prc->left = gesso::Wrapped(int64_t{cells.nLabel} - m_siH.nPos);
         prc->right = gesso::Wrapped(int64_t{prc->left} + TextWidth(item));
@@ -78,6 +81,9 @@ bool GTree::GetItemRect(void* hItem, bool labelOnly, RECT* prc) const
 
 void GTree::Draw(HDC hdc)
 {
+    if (!AskInView()) {
+        return;
+    }
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const gesso::TransparentScope mode(hdc);
@@ -95,8 +101,12 @@ void GTree::Draw(HDC hdc)
 
 void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
 {
+    const TreeItem* pItem = m_aVisible[row];
+    if (!pItem) {
+        return; // there is no memory for it
+    }
     gesso::LayoutOverlay::Add(hdc, rc);
-    const TreeItem& item = *m_aVisible[row];
+    const TreeItem& item = *pItem;
     const bool fSelected = row == m_nSelected;
     const bool fHot = row == m_hitMove.nItem;
     if (fSelected || fHot || (Frame::Style(*this) & WS_DISABLED)) {
@@ -145,8 +155,9 @@ void GTree::HitTest(HitTestInfo* pInfo) const
     pInfo->nPart = THT_ROW;
     const UINT row = RowAt(pt.y);
     if (row < m_aVisible.GetLength()) {
+        const TreeItem* item = m_aVisible[row];
         pInfo->nItem = row;
-        pInfo->nPart = PartAt(*m_aVisible[row], pt.x);
+        pInfo->nPart = item ? PartAt(*item, pt.x) : THT_ROW;
     }
 }
 
@@ -179,12 +190,12 @@ WORD GTree::PartAt(const TreeItem& item, int x) const
 
 LRESULT GTree::OnLButtonDown(WPARAM, POINTS pt)
 {
-    return TreeInput::OnLButtonDown(*this, pt);
+    return TreeInput::AskAt(*this, pt) ? TreeInput::OnLButtonDown(*this, pt) : 0;
 }
 
 LRESULT GTree::OnMouseMove(WPARAM, POINTS pt)
 {
-    return TreeInput::OnMouseMove(*this, pt);
+    return TreeInput::AskAt(*this, pt) ? TreeInput::OnMouseMove(*this, pt) : 0;
 }
 
 LRESULT GTree::OnMouseLeave()
@@ -211,6 +222,9 @@ LRESULT GTree::OnLButtonUp(WPARAM, POINTS pt)
         return 0;
     }
     Invalidate(0);
+    if (!TreeInput::AskAt(*this, pt)) {
+        return 0;
+    }
     HitTestInfo hit{pt, NO_INDEX, THT_NOWHERE};
     HitTest(&hit);
     const HitTestInfo press = std::exchange(m_hitDown, HitTestInfo{m_hitDown.pt, NO_INDEX, NO_PART});
@@ -249,6 +263,9 @@ void GTree::Tick(TreeItem& item)
 
 LRESULT GTree::OnLButtonDblClk(WPARAM, POINTS pt)
 {
+    if (!TreeInput::AskAt(*this, pt)) {
+        return 0;
+    }
     HitTestInfo hit{pt, NO_INDEX, THT_NOWHERE};
     HitTest(&hit);
     if (hit.nPart != THT_IMAGE && hit.nPart != THT_LABEL) {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <gesso/api.h>
+#include <gesso/tree/CountedChildren.h>
 
 #include <algorithm>
 #include <functional>
@@ -71,6 +72,8 @@ public:
             }
         }
     }
+
+    CountedChildren<ITEM>& Counted() { return m_counted; }
 
 private:
     static constexpr size_t SMALLEST_BLOCK = 16; // items; each block is twice as large as the last one
@@ -148,6 +151,7 @@ private:
     std::vector<std::unique_ptr<Block>> m_blocks; // in the order of their addresses
     Gap* m_pGaps = nullptr;
     size_t m_nLastBlock = 0;
+    CountedChildren<ITEM> m_counted;
 };
 
 // Whether an item has been taken out of its tree: neither the root nor anyone's child.

@@ -5,6 +5,7 @@
 
 #include <gesso/containers/Index.h>
 #include <gesso/tree/ItemStore.h>
+#include <gesso/tree/RowBranch.h>
 #include <gesso/tree/TreeRecord.h>
 
 #include <algorithm>
@@ -41,9 +42,17 @@ public:
         return item && item->place.pHolder == &parent;
     }
 
+    UINT ChildCount(const ITEM& item) const
+    {
+        return item.fCounted ? Counted().CountOf(item) : item.aChildren.GetLength();
+    }
+
     // Of an item that is somebody's child.
     static UINT IndexOf(const ITEM& item)
     {
+        if (IsOneCounted(item)) {
+            return item.place.iChild;
+        }
         auto& aSiblings = item.place.pHolder->aChildren;
         const UINT iNear = IndexNear(aSiblings, item);
         if (iNear != NO_INDEX) {
@@ -56,22 +65,62 @@ public:
         return item.place.iChild;
     }
 
-    // The child behind another one, or the first one behind null; null at the end and behind an item that is
-    // no child.
-    static ITEM* NextChild(const ITEM& parent, const ITEM* child)
+    // The index behind a child, or the first one behind null; NO_INDEX behind an item that is no child.
+    static UINT IndexBehind(const ITEM& parent, const ITEM* child)
     {
-        const UINT i = !child ? 0 : IsChildOf(child, parent) ? IndexOf(*child) + 1 : NO_INDEX;
+        return !child ? 0 : IsChildOf(child, parent) ? IndexOf(*child) + 1 : NO_INDEX;
+    }
+    // The child behind another one, or the first one behind null; null at the end and behind an item that is
+    // no child. Of those that are only counted, one that has been made.
+    ITEM* NextChild(const ITEM& parent, const ITEM* child) const
+    {
+        const UINT i = IndexBehind(parent, child);
+        if (parent.fCounted) {
+            return Counted().FindFrom(parent, i);
+        }
         return i < parent.aChildren.GetLength() ? parent.aChildren[i] : nullptr;
     }
 
+    // The child with an index, which is made if it was only counted; null where there is none, and without
+    // memory.
+    ITEM* ChildAt(ITEM& parent, UINT i)
+    {
+        if (i >= ChildCount(parent)) {
+            return nullptr;
+        }
+        if (!parent.fCounted) {
+            return parent.aChildren[i];
+        }
+        ITEM* child = Counted().Find(parent, i);
+        return child ? child : MakeCounted(parent, i);
+    }
+
+    // For SetCount. False without memory.
+    bool ReserveCount(const ITEM& item) const { return Counted().Reserve(item); }
+    // Of an item without children: from now on it has so many. Above 0 there is room for it.
+    void SetCount(ITEM& item, UINT n) { Counted().SetCount(item, n); }
+    void StopCounting(ITEM& item)
+    {
+        if (item.fCounted) {
+            SetCount(item, 0);
+        }
+    }
+    // What ReserveCount has made, if it was not used.
+    void ForgetReserve(ITEM& item)
+    {
+        if (!item.fCounted) {
+            SetCount(item, 0);
+        }
+    }
+
     // The item behind another one in a branch, whose top comes first; null behind the last one.
-    static ITEM* NextWithin(const ITEM& top, const ITEM& item)
+    ITEM* NextWithin(const ITEM& top, const ITEM& item) const
     {
         ITEM* child = NextChild(item, nullptr);
         return child ? child : NextBehind(top, item);
     }
     // The same of what shows of a branch whose top is open: what is below a closed item is left out.
-    static ITEM* NextOpen(const ITEM& top, const ITEM& item, UINT uExpanded)
+    ITEM* NextOpen(const ITEM& top, const ITEM& item, UINT uExpanded) const
     {
         const bool fOpen = &item == &top || (item.uState & uExpanded);
         return fOpen ? NextWithin(top, item) : NextBehind(top, item);
@@ -148,10 +197,7 @@ public:
         ITEM* p = &item;
         // Downwards to the last descendant first, with no recursion: a tree may be very deep.
         while (p != pTop) {
-            const UINT nChildren = p->aChildren.GetLength();
-            if (nChildren > 0) {
-                ITEM* child = p->aChildren[nChildren - 1];
-                p->aChildren.RemoveAt(nChildren - 1, 1);
+            if (ITEM* child = TakeLastChild(*p)) {
                 p = child;
             } else {
                 ITEM* const pUp = p->place.pHolder;
@@ -164,25 +210,27 @@ public:
 
     template <class FUNCTION> void RemoveChildren(ITEM& item, FUNCTION onGone)
     {
-        for (UINT n = item.aChildren.GetLength(); n > 0; --n) {
-            Remove(*item.aChildren[n - 1], onGone);
+        while (ITEM* child = LastChild(item)) {
+            Remove(*child, onGone);
         }
     }
 
     // Adds what shows below an item that is expanded: its children and, below each that has the bit, its own.
     // Throws without memory.
-    static void AddOpenBranch(const ITEM& item, UINT uExpanded, std::vector<ITEM*>& branch)
+    void AddOpenBranch(ITEM& item, UINT uExpanded, RowBranch<ITEM>& branch) const
     {
-        std::vector<std::pair<const ITEM*, UINT>> path{{&item, 0}};
+        std::vector<std::pair<ITEM*, UINT>> path{{&item, 0}};
         while (!path.empty()) {
             auto& [parent, i] = path.back();
-            if (i == parent->aChildren.GetLength()) {
+            if (i == ChildCount(*parent)) {
                 path.pop_back();
                 continue;
             }
-            ITEM* child = parent->aChildren[i++];
-            branch.push_back(child);
-            if ((child->uState & uExpanded) && child->aChildren.GetLength() > 0) {
+            ITEM* child = parent->fCounted ? AddRun(*parent, &i, uExpanded, branch) : parent->aChildren[i++];
+            if (child && !parent->fCounted) {
+                branch.Add(child);
+            }
+            if (child && IsOpen(*child, uExpanded)) {
                 path.emplace_back(child, 0);
             }
         }
@@ -198,8 +246,7 @@ public:
             const ITEM& parent = *open.back();
             open.pop_back();
             ++nInTree;
-            for (UINT i = 0; i < parent.aChildren.GetLength(); ++i) {
-                const ITEM* child = parent.aChildren[i];
+            for (const ITEM* child = nullptr; (child = NextChild(parent, child));) {
                 if (Find(child) != child || !IsChildOf(child, parent)) {
                     return false;
                 }
@@ -210,6 +257,63 @@ public:
     }
 
 private:
+    CountedChildren<ITEM>& Counted() const { return m_pStore->Counted(); }
+
+    ITEM* MakeCounted(ITEM& parent, UINT i)
+    {
+        ITEM* item = m_pStore->Make(nullptr);
+        if (!item) {
+            return nullptr;
+        }
+        if (!Counted().Add(parent, i, *item)) {
+            m_pStore->Free(item);
+            return nullptr;
+        }
+        item->nLevel = parent.nLevel + 1;
+        item->pParent = &parent;
+        return item;
+    }
+
+    // Of those that are only counted, the last one that has been made.
+    ITEM* LastChild(const ITEM& parent) const
+    {
+        if (parent.fCounted) {
+            return Counted().FindLast(parent);
+        }
+        const UINT nChildren = parent.aChildren.GetLength();
+        return nChildren > 0 ? parent.aChildren[nChildren - 1] : nullptr;
+    }
+
+    ITEM* TakeLastChild(ITEM& parent)
+    {
+        ITEM* child = LastChild(parent);
+        if (child && parent.fCounted) {
+            Counted().Remove(*child);
+        } else if (child) {
+            parent.aChildren.RemoveAt(parent.aChildren.GetLength() - 1, 1);
+        }
+        return child;
+    }
+
+    static bool IsOpen(const ITEM& item, UINT uExpanded)
+    {
+        return (item.uState & uExpanded) && HasChildren(item);
+    }
+
+    // Adds the counted children from an index on to the next open one, or to the end. Sets the index to what
+    // is left, and returns the open one, or null.
+    ITEM* AddRun(ITEM& parent, UINT* pIndex, UINT uExpanded, RowBranch<ITEM>& branch) const
+    {
+        ITEM* child = Counted().FindFrom(parent, *pIndex);
+        while (child && !IsOpen(*child, uExpanded)) {
+            child = NextChild(parent, child);
+        }
+        const UINT iEnd = child ? child->place.iChild + 1 : ChildCount(parent);
+        branch.Add({&parent, *pIndex, iEnd - *pIndex});
+        *pIndex = iEnd;
+        return child;
+    }
+
     // Each item names a parent that lives, which counts those that it has lost.
     bool CheckItems(size_t nInTree) const
     {
@@ -245,7 +349,7 @@ private:
     }
 
     // The item behind the branch of another one.
-    static ITEM* NextBehind(const ITEM& top, const ITEM& item)
+    ITEM* NextBehind(const ITEM& top, const ITEM& item) const
     {
         for (const ITEM* p = &item; p != &top; p = p->place.pHolder) {
             if (ITEM* next = NextChild(*p->place.pHolder, p)) {
@@ -263,7 +367,14 @@ private:
         item.place.iChild = i;
     }
 
-    static void Unlink(ITEM& item) { item.place.pHolder->aChildren.RemoveAt(IndexOf(item), 1); }
+    void Unlink(const ITEM& item)
+    {
+        if (IsOneCounted(item)) {
+            Counted().Remove(item);
+        } else {
+            item.place.pHolder->aChildren.RemoveAt(IndexOf(item), 1);
+        }
+    }
 
     // An item that was moved is counted by the parent that it still names.
     static bool IsStray(const ITEM& item) { return item.pParent != item.place.pHolder; }
@@ -275,6 +386,7 @@ private:
             FreeIfForgotten(*m_pStore, item.pParent);
         }
         item.aChildren = {};
+        StopCounting(item);
         item.pParent = item.place.pHolder = nullptr;
         FreeIfForgotten(*m_pStore, &item);
     }

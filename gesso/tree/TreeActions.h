@@ -83,7 +83,7 @@ struct TreeActions
             return;
         }
         const auto hold = tree.View().Hold(item);
-        if (!TellRemoval(tree, *item)) {
+        if (!TellRemoval(tree, *item, false)) {
             return;
         }
         const Lifeline life(tree);
@@ -104,12 +104,24 @@ struct TreeActions
     template <class CONTROL> static void RemoveAllItems(CONTROL& tree)
     {
         auto& root = *tree.View().Root();
-        if (root.fGoing || !TellRemoval(tree, root)) {
+        if (root.fGoing || !TellRemoval(tree, root, true)) {
             return;
         }
         root.fGoing = root.fTold = false;
         tree.View().RemoveAll();
         if (RedrawWithBars(tree)) {
+            TellAfterRemoval(tree);
+        }
+    }
+
+    template <class CONTROL> static void SetChildCount(CONTROL& tree, void* hItem, UINT nChildren)
+    {
+        auto* item = tree.View().ParentOfAny(hItem);
+        if (!item || !TellRemoval(tree, *item, true)) {
+            return;
+        }
+        tree.View().Spare(*item);
+        if (tree.View().SetChildCount(*item, nChildren) && tree.RowsChanged()) {
             TellAfterRemoval(tree);
         }
     }
@@ -146,7 +158,7 @@ struct TreeActions
 
     template <class CONTROL> static void Expand(CONTROL& tree, UINT row)
     {
-        if (!tree.View().MayExpand(row) || !AskExpansion(tree, &row, TVE_EXPAND)) {
+        if (!AskFor(tree, row) || !tree.View().MayExpand(row) || !AskExpansion(tree, &row, TVE_EXPAND)) {
             return;
         }
         if (tree.View().Expand(row) && tree.RowsChanged()) {
@@ -226,16 +238,26 @@ struct TreeActions
         return true;
     }
 
+    // What a row shows, if that has not been told yet. False where there is nothing to go on with.
+    template <class CONTROL> static bool AskFor(CONTROL& tree, UINT row)
+    {
+        if constexpr (requires { tree.AskForRow(row); }) {
+            return tree.AskForRow(row);
+        }
+        return true;
+    }
+
 private:
-    // Tells the parent of each item of a branch, which stays as it is meanwhile, that it goes. False where
-    // that leaves nothing to do: the tree is gone, or the parent has removed more.
-    template <class CONTROL, class ITEM> static bool TellRemoval(CONTROL& tree, ITEM& top)
+    // Tells the parent of each item of a branch, which stays as it is meanwhile, that it goes; the top may
+    // stay. False where that leaves nothing to do: the tree is gone, or the parent has removed more.
+    template <class CONTROL, class ITEM> static bool TellRemoval(CONTROL& tree, ITEM& top, bool fTopStays)
     {
         if (Has(tree, Quirk::TreeRemovalIsSilent)) {
             return true;
         }
         tree.View().Doom(top);
-        top.fTold = &top == tree.View().Root();
+        top.fTold = fTopStays;
+        const auto hold = tree.View().Hold(&top);
         const Lifeline life(tree);
         for (ITEM* item = &top; (item = tree.View().NextUntold(top, *item));) {
             item->fTold = true;

@@ -13,7 +13,9 @@
 
 #include <algorithm>
 #include <climits>
+#include <new>
 #include <utility>
+#include <vector>
 
 namespace gesso {
 
@@ -68,6 +70,9 @@ struct TreeInput
             return 0;
         }
         ScrollTo(tree, SB_VERT, *nTarget);
+        if (!AskAt(tree, tree.m_hitMove.pt)) {
+            return 0;
+        }
         if (Frame::State(tree) & GWS_TRACKING) {
             ChangeHot(tree, HotAt(tree, tree.m_hitMove.pt));
         }
@@ -76,6 +81,15 @@ struct TreeInput
     }
 
     // --- The pointer
+
+    // Of the row at a point. False where there is nothing to go on with.
+    template <class CONTROL> static bool AskAt(CONTROL& tree, POINTS pt)
+    {
+        if constexpr (requires { tree.AskForRow(NO_INDEX); }) {
+            return tree.AskForRow(tree.RowAt(pt.y));
+        }
+        return true;
+    }
 
     // What the pointer is over at a point.
     template <class CONTROL> static typename CONTROL::HitTestInfo HotAt(const CONTROL& tree, POINTS pt)
@@ -140,7 +154,9 @@ struct TreeInput
             const bool fSelectable = tree.SelectableFrom(row, true) == row;
             return fSelectable ? static_cast<LPCWSTR>(tree.m_aVisible[row]->strName) : nullptr;
         };
-        const UINT row = typed.Find(tree.m_nSelected, tree.m_aVisible.GetLength(), textOf);
+        const UINT row = tree.m_aVisible.Inside().rows.HasRuns()
+                             ? FindAmongKnown(tree, textOf)
+                             : typed.Find(tree.m_nSelected, tree.m_aVisible.GetLength(), textOf);
         if (row != NO_INDEX) {
             tree.View().SelectRow(row);
             tree.EnsureVisible(row);
@@ -148,6 +164,24 @@ struct TreeInput
             TreeActions::TellSelection(tree);
         }
         return 0;
+    }
+
+    // The same where rows are not all known: those that are not have no text, and are not counted through.
+    // Nothing is found without memory.
+    template <class CONTROL, class TEXT_OF> static UINT FindAmongKnown(CONTROL& tree, TEXT_OF textOf)
+    try {
+        const auto& inside = tree.m_aVisible.Inside();
+        std::vector<UINT> known;
+        for (UINT row = 0; (row = inside.rows.NextKnown(row)) != NO_INDEX; ++row) {
+            known.push_back(row);
+        }
+        const auto at = std::lower_bound(known.begin(), known.end(), tree.m_nSelected);
+        const auto current = static_cast<UINT>(at - known.begin());
+        const UINT i = inside.typed.Find(current, static_cast<UINT>(known.size()),
+                                         [&](UINT k) { return textOf(known[k]); });
+        return i == NO_INDEX ? NO_INDEX : known[i];
+    } catch (const std::bad_alloc&) {
+        return NO_INDEX;
     }
 
     // A key that is none of a word's ends the word. Whether it is a blank that goes on with one.

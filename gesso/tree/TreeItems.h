@@ -91,15 +91,15 @@ public:
     UINT GetChildCount(void* hItem) const
     {
         const ITEM* item = ItemOf(hItem);
-        return item ? item->aChildren.GetLength() : 0;
+        return item ? m_tree.ChildCount(*item) : 0;
     }
     void* GetNextChild(void* hParent, void* hChild) const
     {
-        const ITEM* parent = IsRootByNull(hParent) ? m_tree.Root() : ItemOf(hParent);
+        ITEM* parent = IsRootByNull(hParent) ? m_tree.Root() : ItemOf(hParent);
         // A child that is none counts as the last one.
         const ITEM* child = m_tree.Find(hChild);
         const bool fKnown = parent && (child || !hChild);
-        ITEM* next = fKnown ? m_tree.NextChild(*parent, child) : nullptr;
+        ITEM* next = fKnown ? m_tree.ChildAt(*parent, m_tree.IndexBehind(*parent, child)) : nullptr;
         return next ? next : reinterpret_cast<void*>(RULES::NO_MORE_CHILDREN);
     }
 

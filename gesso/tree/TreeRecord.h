@@ -31,9 +31,11 @@ template <class ITEM> struct TreeRecord
     int nLevel = 0; // the parent's and 1; -1 for the root
     UINT uState = 0;
     OString<wchar_t> strName;
-    UINT nImage = 0;     // in the image list
-    bool fGoing = false; // in a branch that is being removed, of whose items the parent is told
-    bool fTold = false;  // and the parent has been told of it
+    UINT nImage = 0;       // in the image list
+    bool fGoing = false;   // in a branch that is being removed, of whose items the parent is told
+    bool fTold = false;    // and the parent has been told of it
+    bool fCounted = false; // its children are the host's, which has only counted them
+    bool fAsked = false;   // one of those: the host has told what it is
     ITEM* pParent = nullptr;
     OArray<ITEM*, ITEM*> aChildren; // in the order of display
     void* pCustomData = nullptr;    // the host's
@@ -43,9 +45,14 @@ template <class ITEM> struct TreeRecord
 // The bit by which both trees show an expander before there is a child.
 constexpr UINT SHOWS_EXPANDER = 0x10;
 
+template <class ITEM> bool HasChildren(const ITEM& item)
+{
+    return item.aChildren.GetLength() > 0 || item.fCounted;
+}
+
 template <class ITEM> bool HasExpander(const ITEM& item)
 {
-    return item.aChildren.GetLength() > 0 || (item.uState & SHOWS_EXPANDER);
+    return HasChildren(item) || (item.uState & SHOWS_EXPANDER);
 }
 
 } // namespace gesso

@@ -118,8 +118,48 @@ public:
     // The item that a handle names if it may have a new child.
     ITEM* ParentForNew(void* hParent) const
     {
+        ITEM* parent = ParentOfAny(hParent);
+        if (parent && parent->fCounted) {
+            Misuse(COUNTED);
+            return nullptr;
+        }
+        return parent;
+    }
+
+    // The item that a handle names if its children may change.
+    ITEM* ParentOfAny(void* hParent) const
+    {
         ITEM* parent = this->IsRootByNull(hParent) ? m_tree.Root() : m_tree.FindInTree(hParent);
         return this->OrMisuse(parent && parent->fGoing ? nullptr : parent);
+    }
+
+    // Replaces what stands below an item by children that are only counted. False, with nothing done, without
+    // memory.
+    bool SetChildCount(ITEM& item, UINT n)
+    {
+        const UINT row = m_rows.Find(&item);
+        const bool fAll = row == NO_INDEX && &item == m_tree.Root();
+        const bool fShown = row != NO_INDEX || fAll;
+        // Of no row the number is -1, so that the root's children begin at 0.
+        const UINT rowFirst = row + 1;
+        const UINT rowEnd = fAll ? m_rows.GetLength() : fShown ? m_rows.EndOfBranch(row) : rowFirst;
+        const bool fRows = fShown && n > 0 && IsExpanded(item);
+        if (!m_tree.ReserveCount(item) || (fRows && !m_rows.InsertRun(rowEnd, {&item, 0, n}))) {
+            m_tree.ForgetReserve(item);
+            return false;
+        }
+        m_rows.Remove(rowFirst, rowEnd - rowFirst);
+        if (m_nSelected >= rowFirst && m_nSelected < rowEnd) {
+            ChangeSelection(nullptr, NO_INDEX);
+        }
+        m_tree.RemoveChildren(item, [this](const ITEM* gone) {
+            if (gone == m_pSelected) {
+                ChangeSelection(nullptr, NO_INDEX);
+            }
+        });
+        m_tree.SetCount(item, n);
+        FollowSelection();
+        return true;
     }
 
     Place InsertAt(ITEM& parent, UINT i, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
@@ -145,6 +185,10 @@ public:
     {
         ITEM* item = m_tree.FindInTree(hItem);
         this->OrMisuse(item == m_tree.Root() ? nullptr : item);
+        if (item && IsOneCounted(*item)) {
+            Misuse(COUNTED);
+            return nullptr;
+        }
         return !item || item == m_tree.Root() || item->fGoing ? nullptr : item;
     }
 
@@ -153,6 +197,13 @@ public:
     {
         for (ITEM* p = &top; p; p = m_tree.NextWithin(top, *p)) {
             p->fGoing = true;
+        }
+    }
+    // Takes that back, for what has not gone after all.
+    void Spare(ITEM& top) const
+    {
+        for (ITEM* p = &top; p; p = m_tree.NextWithin(top, *p)) {
+            p->fGoing = p->fTold = false;
         }
     }
     // The first item of a branch, from another one on, of which the parent has not been told yet; null for
@@ -199,6 +250,7 @@ public:
     {
         m_rows.RemoveAll();
         m_tree.RemoveChildren(*m_tree.Root(), [](const ITEM*) {});
+        m_tree.StopCounting(*m_tree.Root());
         ChangeSelection(nullptr, NO_INDEX);
     }
 
@@ -221,7 +273,7 @@ public:
     bool Expand(UINT row)
     {
         ITEM& item = *m_rows[row];
-        if (item.aChildren.GetLength() == 0 && !RULES::EXPANDS_WITHOUT_CHILDREN) {
+        if (!HasChildren(item) && !RULES::EXPANDS_WITHOUT_CHILDREN) {
             return false;
         }
         if (!ShowBranch(row + 1, item)) {
@@ -259,6 +311,9 @@ public:
 
     void SortChildren(ITEM& item)
     {
+        if (item.fCounted) {
+            return Misuse(COUNTED);
+        }
         if (item.fGoing) {
             return;
         }
@@ -278,12 +333,15 @@ public:
     }
 
     // Makes an item the last child of another one. Its rows stay. False, with nothing done, for a bad handle
-    // and where the parent is the item itself or stands below it. Nothing is done without memory either.
+    // and where the parent is the item itself or stands below it, or children are only counted. Nothing is
+    // done without memory either.
     bool Move(void* hItem, void* hNewParent)
     {
         ITEM* item = m_tree.FindInTree(hItem);
         ITEM* pNewParent = m_tree.FindInTree(hNewParent);
-        if (!item || item == m_tree.Root() || !pNewParent || m_tree.IsWithin(*pNewParent, *item)) {
+        if (!item || item == m_tree.Root() || !pNewParent || m_tree.IsWithin(*pNewParent, *item) ||
+            IsOneCounted(*item) || pNewParent->fCounted)
+        {
             return false;
         }
         if (m_quirks.fRowsStay) {
@@ -318,9 +376,9 @@ private:
     static void ChangeState(ITEM& item, UINT uState) { item.uState = uState; }
 
     // False, with nothing done, without memory.
-    bool ShowBranch(UINT row, const ITEM& item)
+    bool ShowBranch(UINT row, ITEM& item)
     try {
-        std::vector<ITEM*> branch;
+        RowBranch<ITEM> branch;
         m_tree.AddOpenBranch(item, RULES::EXPANDED, branch);
         return m_rows.Insert(row, branch);
     } catch (const std::bad_alloc&) {
@@ -344,12 +402,27 @@ private:
         }
         const UINT rowFirst = row + 1;
         const UINT rowEnd = row == NO_INDEX ? m_rows.GetLength() : m_rows.EndOfBranch(row);
+        if (m_rows.HasRuns()) {
+            return ReplaceRows(item, rowFirst, rowEnd);
+        }
         UINT rowNext = rowFirst;
         for (ITEM* p = &item; (p = m_tree.NextOpen(item, *p, RULES::EXPANDED)) && rowNext < rowEnd;) {
             m_rows.Set(rowNext++, p);
         }
         m_rows.Remove(rowNext, rowEnd - rowNext);
         m_rows.FindAgain(rowFirst, rowNext);
+        FindSelectedRow();
+    }
+
+    // The new rows come before the old ones go. Without memory those stay as they are.
+    void ReplaceRows(ITEM& item, UINT rowFirst, UINT rowEnd)
+    {
+        const UINT nFormer = m_rows.GetLength();
+        if (ShowBranch(rowEnd, item)) {
+            const UINT nNew = m_rows.GetLength() - nFormer;
+            m_rows.Remove(rowFirst, rowEnd - rowFirst);
+            m_rows.FindAgain(rowFirst, rowFirst + nNew);
+        }
         FindSelectedRow();
     }
 
@@ -360,14 +433,14 @@ private:
         const UINT rowParent = m_rows.Find(&newParent);
         const UINT rowOld = m_rows.Find(&item);
         const UINT nOld = rowOld == NO_INDEX ? 0 : m_rows.EndOfBranch(rowOld) - rowOld;
-        std::vector<ITEM*> branch;
+        RowBranch<ITEM> branch;
         if (IsExpanded(newParent) && (rowParent != NO_INDEX || &newParent == m_tree.Root())) {
-            branch.push_back(&item);
+            branch.Add(&item);
             if (IsExpanded(item)) {
                 m_tree.AddOpenBranch(item, RULES::EXPANDED, branch);
             }
         }
-        const auto nNew = static_cast<UINT>(branch.size());
+        const auto nNew = static_cast<UINT>(branch.GetLength());
         const UINT rowNew = rowParent == NO_INDEX ? m_rows.GetLength() : m_rows.EndOfBranch(rowParent);
         if (!m_tree.ReserveChild(newParent) || !m_rows.Insert(rowNew, branch)) {
             return;
@@ -444,6 +517,9 @@ private:
             m_rows.Set(rowFirst + i, parent.aChildren[i]);
         }
     }
+
+    static constexpr const char* COUNTED =
+        "tree: children that are only counted are not the host's to change";
 
     ITEM*& m_pSelected;
     UINT& m_nSelected;

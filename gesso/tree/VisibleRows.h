@@ -2,6 +2,7 @@
 // to what is the library's own: the items and the rows' upkeep (TreeInside).
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/tree/TreeRecord.h>
 
 #include <algorithm>
@@ -17,7 +18,8 @@ template <class CONTROL> struct TreeRules;
 struct TreeActions;
 struct TreeInput;
 
-// Up to 256 rows that follow each other.
+// Up to 256 rows that follow each other; or a run, of any number of children of one item that are only
+// counted.
 template <class ITEM> struct RowChunk
 {
     static constexpr UINT CAPACITY = 256;
@@ -26,7 +28,10 @@ template <class ITEM> struct RowChunk
     UINT nFirst = 0; // number of the first row
     UINT nCount = 0;
     int nWidest = NOT_MEASURED;
+    UINT iFirstChild = NO_INDEX; // of a run: the first row's index among the children of the item in aItems
     ITEM* aItems[CAPACITY];
+
+    bool IsRun() const { return iFirstChild != NO_INDEX; }
 };
 
 template <class ITEM> class VisibleRows
@@ -41,13 +46,18 @@ public:
 
     UINT GetLength() const { return m_ppFirst == m_ppEnd ? 0 : m_ppEnd[-1]->nFirst + m_ppEnd[-1]->nCount; }
 
-    // The item of a row; null past the last one.
+    // The item of a row; null past the last one, and without memory for a child that was only counted.
     ITEM* operator[](UINT row) const
     {
         if (row >= GetLength()) {
             return nullptr;
         }
         const Chunk& chunk = *m_ppFirst[ChunkOf(row)];
+        if constexpr (requires { ItemOfRun(chunk, row); }) {
+            if (chunk.IsRun()) {
+                return ItemOfRun(chunk, row);
+            }
+        }
         return chunk.aItems[row - chunk.nFirst];
     }
     ITEM* GetAt(UINT row) const { return (*this)[row]; }
