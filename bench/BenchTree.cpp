@@ -249,6 +249,81 @@ void MeasureTrees(UINT nItems, int nRounds)
     MeasureOneBranch(bench, "  open and close one branch, the others closed", own, platform);
 }
 
+// --- A folder of which only the number of children is known
+
+LRESULT CALLBACK AnswerProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    static std::wstring s_name;
+    auto* pNotify = reinterpret_cast<GLISTNOTIFY*>(lParam);
+    if (uMsg == WM_NOTIFY && pNotify->hdr.code == TVN_GETDISPINFOW) {
+        s_name = L"Document number " + std::to_wstring(pNotify->iItem);
+        pNotify->pDispInfo->text = s_name.c_str();
+    }
+    return DefWindowProcW(hwnd, uMsg, wParam, lParam);
+}
+
+class CountedTree : public OwnTree
+{
+public:
+    CountedTree(HWND hwndHost, UINT nChildren)
+        : OwnTree(hwndHost), m_hFolder(InsertItem(nullptr, nullptr, L"Folder", 0, 0, nullptr)),
+          m_nChildren(nChildren)
+    {}
+
+    // Of what was shown before nothing is left.
+    void CountAndOpen()
+    {
+        GTree::Collapse(m_hFolder);
+        SetChildCount(m_hFolder, m_nChildren);
+        OpenAgain();
+    }
+    void OpenAgain()
+    {
+        GTree::Expand(m_hFolder);
+        UpdateWindow(m_hWnd);
+    }
+    void Close()
+    {
+        GTree::Collapse(m_hFolder);
+        UpdateWindow(m_hWnd);
+    }
+    void GoToEnd()
+    {
+        SendMessageW(m_hWnd, WM_KEYDOWN, VK_END, 1);
+        UpdateWindow(m_hWnd);
+    }
+    long long BytesOfShowing()
+    {
+        const long long before = BytesHeld();
+        CountAndOpen();
+        GoToEnd();
+        return BytesHeld() - before;
+    }
+
+private:
+    void* m_hFolder;
+    UINT m_nChildren;
+};
+
+// Each with its paint. The second column is the same tree with 1,000 children.
+void MeasureFolder(UINT nChildren)
+{
+    const Host host(2 * CX, CY);
+    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerProc));
+    CountedTree many(host, nChildren);
+    CountedTree few(host, 1'000);
+    Bench bench(4 * FEW_ROUNDS);
+    bench.Family("Tree, a folder of " + std::to_string(nChildren) +
+                 " children that are only counted, beside one of 1000 of them");
+    const auto step = [&](const char* pszName, void (CountedTree::*act)()) {
+        return Step{pszName, 1, Timed([&many, act] { (many.*act)(); }), Timed([&few, act] { (few.*act)(); })};
+    };
+    bench.MeasureCourse({step("  count and open", &CountedTree::CountAndOpen),
+                         step("  End", &CountedTree::GoToEnd), step("  collapse", &CountedTree::Close),
+                         step("  open again", &CountedTree::OpenAgain)});
+    bench.Print("  bytes of what has shown", many.BytesOfShowing(), few.BytesOfShowing());
+}
+
 } // namespace
 
 void MeasureTree(Bench&)
@@ -257,6 +332,7 @@ void MeasureTree(Bench&)
     InitCommonControlsEx(&classes);
     MeasureTrees(20'000, FEW_ROUNDS);
     MeasureTrees(100'000, 1);
+    MeasureFolder(1'000'000);
 }
 
 } // namespace bench

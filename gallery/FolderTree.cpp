@@ -12,6 +12,27 @@ void* FolderTree::AddTop(LPCWSTR pszName, const std::wstring& path)
     return hTop;
 }
 
+void* FolderTree::AddCounted(LPCWSTR pszName, UINT nEntries)
+{
+    void* hTop = InsertItem(nullptr, nullptr, pszName, FolderImage(), 0, nullptr);
+    m_topPaths[hTop] = pszName;
+    SetChildCount(hTop, nEntries);
+    return hTop;
+}
+
+void FolderTree::RemoveTop(void* hTop)
+{
+    m_topPaths.erase(hTop);
+    RemoveItem(hTop);
+}
+
+void FolderTree::NameEntry(const GLISTNOTIFY& record)
+{
+    m_entry = L"Entry " + std::to_wstring(record.iItem + 1);
+    record.pDispInfo->text = m_entry.c_str();
+    record.pDispInfo->image = FolderImage();
+}
+
 void FolderTree::FillFolder(void* hFolder)
 {
     if (GetItemChildCount(hFolder) > 0) {

@@ -13,6 +13,11 @@ class FolderTree : public GTree
 public:
     // A folder at the top, under a name of its own. Returns its item.
     void* AddTop(LPCWSTR pszName, const std::wstring& path);
+    // A folder at the top of which only the number of entries is known, and that without it again.
+    void* AddCounted(LPCWSTR pszName, UINT nEntries);
+    void RemoveTop(void* hTop);
+    // For the host's TVN_GETDISPINFO: an entry is named by its number.
+    void NameEntry(const GLISTNOTIFY& record);
     // For the host's TVN_ITEMEXPANDING: once filled, a folder stays as it is.
     void FillFolder(void* hFolder);
     // Null where there is none.
@@ -29,6 +34,7 @@ private:
     void* TopAbove(const std::wstring& path) const;
 
     std::map<void*, std::wstring> m_topPaths;
+    std::wstring m_entry;
 };
 
 } // namespace gallery

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 namespace gallery {
 namespace {
@@ -180,6 +181,7 @@ public:
                      L"GTree: the directories of this machine. GNavigationBar: places that fill a list.");
         m_pImages = &MakeOption(canvas, MARGIN, L"&Images");
         m_pChecks = &MakeOption(canvas, MARGIN + OPTION_WIDTH, L"&Check boxes");
+        m_pMillion = &MakeOption(canvas, MARGIN + 2 * OPTION_WIDTH, L"A &million");
         m_pImages->SetCheck(BST_CHECKED);
         m_pTree = &canvas.Own(std::make_unique<FolderTree>());
         m_pTree->Create(0, 0, 10, 10, canvas.Window(), canvas.NextId(), 0,
@@ -212,6 +214,10 @@ public:
                 m_pTree->SetTreeStyle(TreeStyle());
                 m_pTree->Invalidate(0);
             }
+        }
+        if (m_pMillion->GetHwnd() == hwndFrom) {
+            MarkAfterClick(*m_pMillion);
+            ShowMillion(m_pMillion->GetCheck() == BST_CHECKED);
         }
         return 0;
     }
@@ -249,6 +255,21 @@ private:
         }
     }
 
+    // A folder of so many entries, none of which is made before it shows.
+    void ShowMillion(bool fShow)
+    {
+        if (fShow && !m_hMillion) {
+            m_hMillion = m_pTree->AddCounted(L"A million entries", 1'000'000);
+            m_pTree->Expand(m_hMillion);
+            m_pTree->SetSelectedItem(m_hMillion);
+            m_pTree->EnsureVisible(m_hMillion);
+        } else if (!fShow && m_hMillion) {
+            m_pTree->Collapse(m_hMillion);
+            m_pTree->RemoveTop(std::exchange(m_hMillion, nullptr));
+        }
+        ShowStatus();
+    }
+
     UINT TreeStyle() const
     {
         return (m_pImages->GetCheck() == BST_CHECKED ? GTS_IMAGES : 0) |
@@ -258,7 +279,9 @@ private:
     // The directories of this machine keep their names.
     LRESULT OnTree(const GLISTNOTIFY& record)
     {
-        if (record.hdr.code == TVN_ITEMEXPANDINGW && record.uAction == TVE_EXPAND) {
+        if (record.hdr.code == TVN_GETDISPINFOW) {
+            m_pTree->NameEntry(record);
+        } else if (record.hdr.code == TVN_ITEMEXPANDINGW && record.uAction == TVE_EXPAND) {
             m_pTree->FillFolder(record.pItem);
         } else {
             ShowStatus();
@@ -275,6 +298,8 @@ private:
     FolderTree* m_pTree = nullptr;
     GCheckBox* m_pImages = nullptr;
     GCheckBox* m_pChecks = nullptr;
+    GCheckBox* m_pMillion = nullptr;
+    void* m_hMillion = nullptr;
     GLabel* m_pStatus = nullptr;
     Browser m_browser;
 };

@@ -51,7 +51,8 @@ template <> void AddOperations<GTree>(Table& table)
     AddTree<GTree>(table);
     Add(table, {Often(3, OP(GTree, SetTreeStyle)), OP(GTree, GetTreeStyle), OP(GTree, SetItemParent),
                 OP(GTree, SetRootVisible), OP(GTree, ItemFromPoint), OP(GTree, GetItemRect),
-                Often(3, OP(GTree, InsertSorted)), Often(2, OP(GTree, EditLabel))});
+                Often(3, OP(GTree, InsertSorted)), Often(2, OP(GTree, EditLabel)),
+                Often(4, OP(GTree, SetChildCount)), Often(4, OP(GTree, GetChildAt))});
 }
 
 template <> void AddOperations<GNavigationBar>(Table& table)

@@ -257,6 +257,15 @@ GTree* TreeOfTwo(HWND hwndHost)
     return pTree;
 }
 
+// Of which nothing is known yet but how many children it has.
+GTree* CountedTree(HWND hwndHost)
+{
+    auto* pTree = new GTree;
+    MakeControl(*pTree, hwndHost, 12);
+    pTree->SetChildCount(nullptr, 1'000'000);
+    return pTree;
+}
+
 GRibbon* RibbonOfTwo(HWND hwndHost)
 {
     auto* pRibbon = new GRibbon;
@@ -375,6 +384,45 @@ TEST(DestroyedMidwayTest, TheParentMayDeleteTheControlInEachNotificationOfModern
          [=](HWND hwnd, GWnd* p) {
              tree(p)->EditLabel(FirstItem(p));
              Rename(hwnd);
+         }},
+        {"notify 12 code -452", CountedTree, [](HWND hwnd, GWnd*) { UpdateWindow(hwnd); }},
+        {"notify 12 code -452", CountedTree,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_PRINTCLIENT, 0, PRF_CLIENT); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->GetChildAt(nullptr, 7); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->GetItemName(FirstItem(p)); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->GetItemImage(FirstItem(p)); }},
+        {"notify 12 code -452", CountedTree,
+         [=](HWND, GWnd* p) { tree(p)->GetItemChildCount(FirstItem(p)); }},
+        {"notify 12 code -452", CountedTree,
+         [=](HWND, GWnd* p) { tree(p)->GetItemNextChild(FirstItem(p), nullptr); }},
+        {"notify 12 code -452", CountedTree,
+         [=](HWND, GWnd* p) { tree(p)->SetItemName(FirstItem(p), L"x"); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->SetItemImage(FirstItem(p), 1); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->SetChildCount(FirstItem(p), 1); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->Expand(FirstItem(p)); }},
+        {"notify 12 code -452", CountedTree, [=](HWND, GWnd* p) { tree(p)->EditLabel(FirstItem(p)); }},
+        {"notify 12 code -452", CountedTree,
+         [=](HWND, GWnd* p) {
+             RECT rc{};
+             tree(p)->GetItemRect(FirstItem(p), true, &rc);
+         }},
+        {"notify 12 code -452", CountedTree,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5)); }},
+        {"notify 12 code -452", CountedTree,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5)); }},
+        {"notify 12 code -452", CountedTree,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_LBUTTONDBLCLK, 0, MAKELPARAM(5, 5)); }},
+        {"notify 12 code -452", CountedTree,
+         [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0); }},
+        {"notify 12 code -452", CountedTree,
+         [=](HWND hwnd, GWnd* p) {
+             tree(p)->SetSelectedItem(FirstItem(p));
+             SendMessageW(hwnd, WM_KEYDOWN, VK_RIGHT, 0);
+         }},
+        {"notify 12 code -458", CountedTree,
+         [=](HWND, GWnd* p) {
+             FirstItem(p);
+             tree(p)->SetChildCount(nullptr, 5);
          }},
         {"notify 0 code -700", RibbonOfTwo, [=](HWND, GWnd* p) { ribbon(p)->SetActive(1); }},
         {"notify 0 code -700", RibbonOfTwo, [=](HWND, GWnd* p) { ribbon(p)->SetStatus(0, 0); }},

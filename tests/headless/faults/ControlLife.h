@@ -78,6 +78,14 @@ template <class TREE> void FillTree(TREE& tree)
 inline void Fill(GTree& tree)
 {
     FillTree(tree);
+    // One that has a million children that are only counted, of which one is open.
+    void* hFolder = tree.InsertItem(nullptr, tree.GetRootItem(), L"folder", 0, 0, nullptr);
+    if (hFolder) {
+        tree.SetChildCount(hFolder, 1'000'000);
+        tree.Expand(hFolder);
+        tree.SetChildCount(tree.GetChildAt(hFolder, 1), 2);
+        tree.Expand(tree.GetChildAt(hFolder, 1));
+    }
 }
 
 inline void Fill(GNavigationBar& bar)

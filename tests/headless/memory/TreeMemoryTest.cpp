@@ -11,6 +11,7 @@ namespace {
 constexpr size_t NOTHING = 0;
 constexpr size_t A_FEW_POINTERS = 64;
 constexpr size_t BELOW_A_CHUNK = 2060; // of rows
+constexpr size_t BELOW_A_BLOCK = 2300; // of items
 
 // The model, without any window.
 template <class CONTROL> class TreeModelMemoryTest : public testing::Test
@@ -185,4 +186,82 @@ TYPED_TEST(TreeMemoryTest, AnItemThatCannotExpandIsNotSaidToHave)
     this->tree.Expand(hItem);
     EXPECT_GT(this->tree.m_aVisible.GetLength(), 9000u);
     this->Paint();
+}
+
+using CountedModelMemoryTest = TreeModelMemoryTest<GTree>;
+using CountedMemoryTest = TreeMemoryTest<GTree>;
+
+TEST_F(CountedModelMemoryTest, CountedChildrenThatAreRefusedLeaveThoseThatAreThere)
+{
+    auto* item = AddWithChildren(20);
+    m_view.Expand(0);
+    AddMany(Root(), 300);
+    for (const size_t cbLargest : {NOTHING, BELOW_A_CHUNK}) {
+        {
+            const MemoryLimit limit(cbLargest);
+            EXPECT_FALSE(m_view.SetChildCount(*item, 1'000'000));
+        }
+        EXPECT_EQ(item->aChildren.GetLength(), 20u);
+        EXPECT_EQ(m_rows.GetLength(), 321u);
+        EXPECT_TRUE(m_view.Check());
+    }
+    EXPECT_TRUE(m_view.SetChildCount(*item, 1'000'000));
+    auto* child = m_rows.Inside().tree.ChildAt(*item, 70);
+    AddMany(child, 300);
+    {
+        const MemoryLimit limit(BELOW_A_CHUNK);
+        EXPECT_FALSE(m_view.Expand(71)) << "the run is not split";
+        EXPECT_EQ(m_rows.GetLength(), 1'000'301u);
+    }
+    EXPECT_TRUE(m_view.Check());
+    EXPECT_TRUE(m_view.Expand(71));
+    const MemoryLimit none(NOTHING);
+    m_view.Collapse(71); // which joins it again
+    m_view.Collapse(0);
+    EXPECT_EQ(m_rows.GetLength(), 301u);
+    m_view.RemoveAll();
+}
+
+TEST_F(CountedMemoryTest, RowsWhoseItemsCannotBeMadeAreBlankUntilTheyCan)
+{
+    tree.SetChildCount(nullptr, 1'000'000);
+    host.Take();
+    {
+        const MemoryLimit limit(BELOW_A_BLOCK);
+        UINT n = 500;
+        while (tree.GetChildAt(nullptr, n)) {
+            ++n;
+        }
+        EXPECT_LT(n, 600u);
+        EXPECT_EQ(tree.At(3), nullptr);
+        EXPECT_EQ(tree.ItemFromPoint({5, 5}), nullptr);
+        EXPECT_EQ(tree.HitAt(5, 5).nItem, 0u);
+        Click(40, 30);
+        Key(VK_DOWN);
+        Key(VK_END);
+        Key(VK_HOME);
+        EXPECT_EQ(tree.GetItemNextChild(nullptr, nullptr), reinterpret_cast<void*>(-1));
+        EXPECT_GE(limit.Refused(), 5u);
+    }
+    Paint();
+    EXPECT_NE(tree.At(3), nullptr);
+    EXPECT_TRUE(tree.Check());
+}
+
+TEST_F(CountedMemoryTest, ATextThatIsRefusedIsAskedForAgain)
+{
+    tree.SetChildCount(nullptr, 3);
+    const LongText text;
+    host.onNotify = [&](const test::Notified& n) {
+        if (n.code == -452) {
+            n.record.pDispInfo->text = text;
+        }
+    };
+    {
+        const MemoryLimit limit;
+        Paint();
+        EXPECT_GE(limit.Refused(), 3u);
+    }
+    Paint();
+    EXPECT_EQ(test::Narrow(tree.GetItemName(tree.At(1))), test::Narrow(text));
 }
