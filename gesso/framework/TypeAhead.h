@@ -24,16 +24,25 @@ public:
     // so.
     template <class TEXT_OF> UINT Find(UINT current, UINT count, TEXT_OF textOf) const
     {
-        const bool fSteps = IsOneLetter();
-        const UINT first = current < count ? current + (fSteps ? 1 : 0) : 0;
+        const UINT first = First(current, count);
+        const UINT length = Length();
         for (UINT64 i = first; i < UINT64{first} + count; ++i) {
             const auto item = static_cast<UINT>(i % count);
-            if (IsStartOf(textOf(item), fSteps ? m_letterLength : m_length)) {
+            if (IsStartOf(textOf(item), length)) {
                 return item;
             }
         }
         return NO_INDEX;
     }
+
+    // The item to look at first.
+    UINT First(UINT current, UINT count) const
+    {
+        return current < count ? (current + (IsOneLetter() ? 1 : 0)) % count : 0;
+    }
+    // What an item's text is to begin with: so many characters, in lower case.
+    LPCWSTR Word() const { return m_word; }
+    UINT Length() const { return IsOneLetter() ? m_letterLength : m_length; }
 
 private:
     static constexpr UINT MOST = 64; // what a longer word goes on with is left out

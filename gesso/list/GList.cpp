@@ -135,6 +135,7 @@ HIMAGELIST GList::GetImageList() const
 void GList::SetLabelTitleFont(HFONT hFont)
 {
     TakeFont(fontLabelTitle, hFont);
+    ForgetCells();
     RefreshLayout();
 }
 
@@ -152,6 +153,7 @@ void GList::SetLabelTextFont(HFONT hFont)
         fontLabelText = nullptr;
     }
     TakeFont(fontLabelText, hFont);
+    ForgetCells();
     RefreshLayout();
 }
 
@@ -203,6 +205,7 @@ LRESULT GList::OnSetFont(HFONT hFont, UINT uRedraw)
         TakeFont(fontLabelText, nullptr);
     }
     listStyle |= GLS_OWNFONT;
+    ForgetCells();
     return Frame::OnSetFont(*this, fontLabelText, hFont, uRedraw);
 }
 
@@ -313,6 +316,7 @@ LRESULT GList::OnDestroy()
     if (!watch) {
         return 0;
     }
+    DropVirtualItems();
     m_inside->fEnding = false;
     if (Has(*this, Quirk::ListGoesWithWindow)) {
         RemoveAllColumns();
@@ -365,10 +369,10 @@ LRESULT GList::OnEnable(BOOL fEnable)
 LRESULT GList::OnSetFocus(HWND)
 {
     if (!Has(*this, Quirk::ListFirstFocusSelects)) {
-        if (GetCursorItem() == NO_INDEX && items.GetLength() > 0) {
+        if (GetCursorItem() == NO_INDEX && ItemCount() > 0) {
             PutCursor(StartOfKeys());
         }
-    } else if (lastItem == NO_INDEX && items.GetLength() > 0) {
+    } else if (lastItem == NO_INDEX && ItemCount() > 0) {
         ChangeCursor(cursorItem, 0);
         Select(0);
     }

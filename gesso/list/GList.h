@@ -64,8 +64,15 @@ class ListGeometry;
 class ListLayout;
 struct ListInside;
 struct ListMeasures;
+struct ListCut;
 struct ListIndices;
 struct ListKept;
+struct ListPlace;
+struct ShownItems;
+struct CellNeeds;
+class ListItemTrack;
+struct ViewAnchor;
+struct VirtualList;
 
 // A list's hold on what is Gesso's own of it, made when it is first asked for. A copy has one of its own.
 //
@@ -322,6 +329,34 @@ public:
     // window; so it is for a copy.
     bool EditItem(UINT item);
 
+    // A virtual list has no items of its own: it asks each column's fktGet (LGET_) for what is about to show,
+    // each cell once, and keeps what it was told of the last few screens. The callback may change the list,
+    // and may answer nothing: no text, no image, not checked. In a virtual list what sets, inserts, removes,
+    // sorts or groups items is ignored, and InsertItem returns -1; the getters ask; the custom data is null,
+    // and GetItemGroup returns -1 for an item behind the last group. Icons have a cell each in both
+    // behaviours, as in Modern. A copy of a virtual list is none, and has no items. It ends with its window.
+
+    // Makes the list virtual, with so many items, 4,000,000,000 at the most; its own items go as by
+    // RemoveAllItems. Of a list that is virtual already: what is selected below the new count stays, and the
+    // groups' counts are forgotten. Lays out and repaints.
+    void SetVirtualItems(UINT count);
+    bool IsVirtual() const;
+    // Back to an empty list of its own items. Ignored for a list that is not virtual, and so are the next
+    // four.
+    void LeaveVirtual();
+    // What is kept of the items from `first` to `last`, which is included, is asked for anew: 0 and -1 for
+    // all. Repaints.
+    void ItemsChanged(UINT first, UINT last);
+    // Items have come in at `first`, unselected, the count for behind the last, or have gone from there. The
+    // selection, the cursor and what is in view move along; a cursor whose item went has the next one. The
+    // group that held `first` grows, at a border the later one. Ignored past the end. Lays out and repaints.
+    void ItemsInserted(UINT first, UINT count);
+    void ItemsRemoved(UINT first, UINT count);
+    // How many items belong to a group, by its index: the groups' items come one behind the other, in the
+    // order of the groups. Items that no group has stand behind the last one. Lays out and repaints. Ignored
+    // past the end.
+    void SetGroupItemCount(UINT group, UINT count);
+
     static ATOM IsolationAwareRegisterClassW();
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
     // What the windows of an in-place edit run on.
@@ -469,6 +504,7 @@ private:
     bool AddColumn(UINT position, ListColumn* column);
     bool NameGroup(ListGroup& group, LPCWSTR name);
     bool ReserveRow();
+    static ListItem* MakeItem(UINT subItemCount);
     bool AddItem(UINT position, ListItem* item);
     bool StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
     void PrepareSubItem(ListSubItem& sub, UINT column);
@@ -513,6 +549,8 @@ private:
     UINT RowsWidth() const;
     UINT CellWidth() const;
     int PlaceRows();
+    gesso::ListGeometry GeometryAround(UINT item, int64_t reach, gesso::ListCut& cut) const;
+    gesso::ListGeometry GeometryInView(UINT item, gesso::ListCut& cut) const;
     SIZE RoomOfBarsAndClient() const;
     LRESULT OnSize(WPARAM wParam, LPARAM lParam);
     void RefreshLayout();
@@ -551,6 +589,7 @@ private:
     static WORD ModifierKeys();
     void Navigate(UINT vk, bool fIcons);
     void OnSpace();
+    UINT PageTarget(bool fDown) const;
     void MoveByPage(UINT target);
     void MoveToEdge(UINT edge);
     void StepForward(UINT target);
@@ -567,7 +606,7 @@ private:
     LRESULT OnMouseHWheel(int delta);
     void ScrollByWheel(int nBar, int delta);
     void RenewHot();
-    POINT InRows(POINTS pt) const;
+    gesso::ListPlace InRows(POINTS pt) const;
     void StartBand(POINTS pt);
     void MoveBand(POINTS pt);
     void ScrollToward(POINTS pt);
@@ -581,7 +620,9 @@ private:
     LRESULT OnModernKeyDown(UINT vk, UINT flags);
     LRESULT OnTyped(wchar_t character);
     void ModernNavigate(UINT vk);
+    template <class TARGET> UINT ByRows(UINT from, int64_t reach, bool fUp, TARGET target) const;
     UINT ModernTarget(UINT vk, UINT from) const;
+    UINT MatchByTexts(UINT from) const;
     UINT StartOfKeys() const;
     void MoveTo(UINT target, WORD mods, bool fStep);
     void StepRange(UINT from, UINT target);
@@ -634,7 +675,8 @@ private:
     RECT ContentRect(const stcColumnDrawInfo& element, const RECT& rcRow, int border) const;
     const stcColumnDrawInfo* LabelElement() const;
     bool GetLabelRect(UINT item, RECT* rc) const;
-    UINT IndexOf(const ListItem* item) const;
+    gesso::ListItemTrack Track(UINT item) const;
+    UINT IndexOf(const gesso::ListItemTrack& track) const;
     void ShowLabel(UINT item);
     bool BeginRenaming(UINT item);
     static void OnRenamed(HWND hwndList, LPCWSTR text);
@@ -642,6 +684,47 @@ private:
     void EndLostRenaming();
     void PlaceRenaming();
     void ForgetRenaming();
+
+    // Items of the host's
+    gesso::VirtualList* Virtual() const;
+    gesso::VirtualList& VirtualInStep() const;
+    UINT ItemCount() const;
+    bool HasItem(UINT item, const char* operation) const;
+    bool IsForeign(const char* operation) const;
+    bool IsHosts(const char* operation) const;
+    bool BecomeVirtual();
+    void DropVirtualItems();
+    template <class MOVE> void MoveIndices(MOVE move);
+    gesso::ViewAnchor AnchorOfView() const;
+    void LayOutAround(const gesso::ViewAnchor& anchor);
+    UINT GetVirtualGroup(UINT item) const;
+    void AskToSort(const HitTestInfo& hit, UINT column, bool ascending);
+    UINT MatchByHost(UINT from);
+
+    // Their rows, and the scale of the bar
+    int PlaceVirtualRows();
+    void CutView() const;
+    int64_t Origin() const;
+    SCROLLINFO BarInPixels() const;
+    void ScaleBar(SCROLLINFO& si, int contentHeight);
+    int64_t StoreTop(int64_t position);
+    int64_t PlaceOfThumb(UINT position) const;
+    void BringVirtualCursorIntoView(bool fForward, UINT gap);
+
+    // What is asked of the host
+    UINT SubItemCount() const;
+    bool ShowsImage(UINT column) const;
+    ListSubItem* KeptCell(UINT item, UINT column) const;
+    ListSubItem Answered(UINT item, UINT subItem, UINT bit, const char* operation) const;
+    bool Ask(UINT item, UINT column, UINT bits) const;
+    bool AskOne(UINT item, UINT column, UINT bit) const;
+    gesso::CellNeeds Needs() const;
+    gesso::ShownItems ItemsInView() const;
+    bool AskForItems(const gesso::ShownItems& shown);
+    bool AskForView();
+    void PrepareCells(const gesso::ShownItems& shown, const gesso::CellNeeds& needs, bool fTitle);
+    void ForgetCells();
+    int64_t WidestInView(UINT column, bool fTitle);
 
     gesso::ListInsideHold m_inside;
 };

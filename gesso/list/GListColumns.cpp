@@ -5,6 +5,7 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
@@ -76,6 +77,9 @@ void GList::ShowColumn(UINT column, ListColumnPart part)
             record.text ? PrepareText(context, LTM_COLUMN, record.text, nullptr, record.format, lineHeight)
                         : nullptr;
         FreeText(std::exchange(record.prepared, prepared));
+    }
+    if (fCaption) {
+        ForgetCells();
     }
     if (fWaits) {
         part == ListColumnPart::Width ? Calculate() : RefreshLayout();
@@ -168,7 +172,11 @@ void GList::FitColumn(UINT column)
         return;
     }
     const bool fTitle = record->type == LCT_TITLE;
-    int64_t text = 0;
+    const gesso::Lifeline life(*this);
+    int64_t text = IsVirtual() ? WidestInView(column, fTitle) : 0;
+    if (!life || column >= columns.GetLength() || columns[column] != record) {
+        return;
+    }
     for (UINT i = 0; i < items.GetLength(); ++i) {
         const ListSubItem* sub = items[i]->SubItem(column);
         if (sub && sub->prepared) {

@@ -51,19 +51,6 @@ bool ReplaceText(LPWSTR& field, LPCWSTR text)
     return true;
 }
 
-// Null without memory.
-ListItem* MakeItem(UINT subItemCount)
-{
-    void* block = gesso::TryAllocate(sizeof(ListItem) + subItemCount * sizeof(ListSubItem));
-    if (!block) {
-        return nullptr;
-    }
-    auto* item = new (block) ListItem();
-    std::fill_n(item->SubItems(), subItemCount, ListSubItem());
-    item->subItemCount = subItemCount;
-    return item;
-}
-
 } // namespace
 
 // --- Looking records up
@@ -134,6 +121,7 @@ UINT GList::InsertColumn(UINT position, UINT flags, UINT format, UINT cx, UINT c
         const WindowContext context(m_hWnd);
         column->prepared = PrepareText(context, LTM_COLUMN, text, nullptr, format, lineHeight);
     }
+    ForgetCells();
     SetListStyle(listStyle);
     return position;
 }
@@ -162,6 +150,7 @@ void GList::RemoveColumn(UINT column)
         }
         ReleaseColumn(columns[column]);
         columns.RemoveAt(column, 1);
+        ForgetCells();
         SetListStyle(listStyle);
     }
 }
@@ -174,6 +163,7 @@ void GList::RemoveAllColumns()
         FollowSortColumn(column - 1, false);
     }
     ReleaseColumns();
+    ForgetCells();
     SetListStyle(listStyle);
 }
 
@@ -347,6 +337,9 @@ void GList::RemoveGroup(UINT group)
     if (group < groups.GetLength()) {
         ReleaseGroup(groups[group]);
         groups.RemoveAt(group, 1);
+        if (gesso::VirtualList* list = Virtual()) {
+            list->rows.ForgetGroup(group);
+        }
         ForgetLayout();
     }
 }
@@ -362,6 +355,9 @@ void GList::ReleaseGroups()
         ReleaseGroup(groups[group]);
     }
     groups.RemoveAll();
+    if (gesso::VirtualList* list = Virtual()) {
+        list->rows.ForgetGroups();
+    }
     ForgetLayout();
 }
 
@@ -448,6 +444,9 @@ UINT GList::GetGroupGroup(UINT group) const
 
 UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, LPCWSTR text, UINT image)
 {
+    if (IsForeign("GList::InsertItem: the items are the host's")) {
+        return NO_INDEX;
+    }
     position = std::min(position, items.GetLength());
     // A list without columns keeps the text all the same.
     ListItem* item = MakeItem(std::max(GetColumnCount(), 1U));
@@ -469,6 +468,19 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
     Layout().Stamp(position);
     CalculateU(position, true);
     return position;
+}
+
+// Null without memory.
+ListItem* GList::MakeItem(UINT subItemCount)
+{
+    void* block = gesso::TryAllocate(sizeof(ListItem) + subItemCount * sizeof(ListSubItem));
+    if (!block) {
+        return nullptr;
+    }
+    auto* item = new (block) ListItem();
+    std::fill_n(item->SubItems(), subItemCount, ListSubItem());
+    item->subItemCount = subItemCount;
+    return item;
 }
 
 // False without memory.
@@ -493,7 +505,7 @@ void GList::ReleaseItem(ListItem* item)
 
 void GList::RemoveItem(UINT item)
 {
-    if (item >= items.GetLength()) {
+    if (IsForeign("GList::RemoveItem: the items are the host's") || item >= items.GetLength()) {
         return;
     }
     if (!Has(*this, Quirk::ListRemovalSilent)) {
@@ -513,6 +525,11 @@ void GList::RemoveItem(UINT item)
 
 void GList::RemoveAllItems()
 {
+    if (m_inside->fEnding) {
+        DropVirtualItems();
+    } else if (IsForeign("GList::RemoveAllItems: the items are the host's")) {
+        return;
+    }
     if (!Has(*this, Quirk::ListRemovalSilent)) {
         RemoveAndTell(0, NO_INDEX);
         return;
@@ -537,7 +554,7 @@ void GList::ReleaseItems()
 
 UINT GList::GetItemCount() const
 {
-    return items.GetLength();
+    return ItemCount();
 }
 
 // Fixed behaviour: in Classic, of this and the width, the cells of the items stay as they are. A program that
@@ -638,25 +655,40 @@ bool GList::StoreText(ListSubItem& sub, UINT column, LPCWSTR text)
 
 void* GList::GetItemCustomData(UINT item) const
 {
+    if (item < ItemCount() && IsVirtual()) {
+        return nullptr;
+    }
     return Field(ItemFor(item, "GList::GetItemCustomData: no such item"), &ListItem::customData);
 }
 
 UINT GList::GetItemGroup(UINT item) const
 {
+    if (item < ItemCount() && IsVirtual()) {
+        return GetVirtualGroup(item);
+    }
     return Field(ItemFor(item, "GList::GetItemGroup: no such item"), &ListItem::group);
 }
 
 UINT GList::GetItemState(UINT item, UINT subItem) const
 {
+    if (IsVirtual()) {
+        return Answered(item, subItem, gesso::CELL_STATE, "GList::GetItemState: no such sub-item").state;
+    }
     return Field(SubItemFor(item, subItem, "GList::GetItemState: no such sub-item"), &ListSubItem::state);
 }
 
 LPCWSTR GList::GetItemText(UINT item, UINT subItem) const
 {
+    if (IsVirtual()) {
+        return Answered(item, subItem, gesso::CELL_TEXT, "GList::GetItemText: no such sub-item").text;
+    }
     return Field(SubItemFor(item, subItem, "GList::GetItemText: no such sub-item"), &ListSubItem::text);
 }
 
 UINT GList::GetItemImage(UINT item, UINT subItem) const
 {
+    if (IsVirtual()) {
+        return Answered(item, subItem, gesso::CELL_IMAGE, "GList::GetItemImage: no such sub-item").image;
+    }
     return Field(SubItemFor(item, subItem, "GList::GetItemImage: no such sub-item"), &ListSubItem::image);
 }

@@ -11,8 +11,7 @@
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/list/GList.h>
-#include <gesso/list/ListGeometry.h>
+#include <gesso/list/ListInside.h>
 #include <gesso/list/PreparedText.h>
 #include <gesso/text/CDrawText.h>
 
@@ -119,8 +118,8 @@ public:
     void DrawGroup(UINT index, RECT rc, int right);
 
 private:
-    void DrawHighlight(const ListItem& item, bool fHot, const RECT& rc) const;
-    void DrawCheckBox(UINT index, const RECT& rc) const;
+    void DrawHighlight(bool fSelected, bool fHot, const RECT& rc) const;
+    void DrawCheckBox(bool fChecked, const RECT& rc) const;
     int CheckBoxState(bool fChecked) const;
     RECT ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow);
     void DrawElement(const stcColumnDrawInfo& element, const ListSubItem& sub, RECT rc);
@@ -215,7 +214,8 @@ void GList::RowPainter::DrawGroup(UINT index, RECT rc, int right)
 void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
 {
     // After an insertion into a list with groups a row may stand for no item until the next layout.
-    ListItem* item = m_list.ItemAt(index);
+    const gesso::VirtualList* list = m_list.Virtual();
+    ListItem* item = list ? list->cells.Find(index) : m_list.ItemAt(index);
     if (!item) {
         return;
     }
@@ -223,9 +223,11 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     m_rcRow = rc;
     const auto& cells = m_list.columnDraw;
     const bool fCheckBoxes = m_list.listStyle & GLS_CHECKBOXES;
-    DrawHighlight(*item, m_list.hitHot.item == index, rc);
+    const bool fSelected = list ? list->selected.Has(index) : (item->state & LIS_SELECTED) != 0;
+    DrawHighlight(fSelected, m_list.hitHot.item == index, rc);
     if (fCheckBoxes && cells.GetLength() > 0) {
-        DrawCheckBox(index, Shifted(cells[0].rect, rc.left, rc.top));
+        const UINT state = list ? item->SubItems()->state : m_list.GetItemState(index, 0);
+        DrawCheckBox(state & LSIS_CHECKED, Shifted(cells[0].rect, rc.left, rc.top));
     }
     for (UINT k = fCheckBoxes ? 1 : 0; k < cells.GetLength(); ++k) {
         const ListSubItem* sub = item->SubItem(cells[k].column);
@@ -236,10 +238,10 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     }
 }
 
-void GList::RowPainter::DrawHighlight(const ListItem& item, bool fHot, const RECT& rc) const
+void GList::RowPainter::DrawHighlight(bool fSelected, bool fHot, const RECT& rc) const
 {
     const auto draw = [&](int nState) { m_list.themeList.DrawRow(m_hdc, nState, rc); };
-    if (item.state & LIS_SELECTED) {
+    if (fSelected) {
         draw(!m_fFocused ? LISS_SELECTEDNOTFOCUS : fHot ? LISS_HOTSELECTED : LISS_SELECTED);
     } else if (fHot) {
         draw(LISS_HOT);
@@ -264,9 +266,9 @@ int GList::RowPainter::CheckBoxState(bool fChecked) const
     return (m_fDisabled ? CBS_UNCHECKEDDISABLED : CBS_UNCHECKEDNORMAL) + nChecked;
 }
 
-void GList::RowPainter::DrawCheckBox(UINT index, const RECT& rc) const
+void GList::RowPainter::DrawCheckBox(bool fChecked, const RECT& rc) const
 {
-    const int nState = CheckBoxState(m_list.GetItemState(index, 0) & LSIS_CHECKED);
+    const int nState = CheckBoxState(fChecked);
     ThemePart(m_list.themeButton, m_hdc, BP_CHECKBOX, nState, PlainPart::CheckBox).DrawBackground(rc);
 }
 
@@ -386,6 +388,9 @@ RECT GList::MarginsOf(const ListColumn& column) const
 
 void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 {
+    if (IsVirtual() && !AskForItems({{item}})) {
+        return;
+    }
     RowPainter(*this, hdc).DrawItem(item, rc);
 }
 
@@ -393,6 +398,9 @@ void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 
 void GList::Draw(HDC hdc)
 {
+    if (!AskForView()) {
+        return;
+    }
     RECT rc{};
     const gesso::TransparentScope mode(hdc);
     if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
@@ -421,25 +429,24 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
     // Rows that lie one below the other need no look once even a title that is moved up would be out of
     // sight.
     const int64_t end = bottom - std::min<int64_t>(rcGroupFormat.top, 0);
-    const UINT count = elements.GetLength();
+    const UINT count = geometry.RowCount();
     const bool fGridStays = Has(*this, Quirk::ListGridStays);
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
     RowPainter painter(*this, hdc);
     UINT k = geometry.FirstRowReaching(int64_t{m_siV.nPos} + 1);
     while (k < count && !geometry.AreBelow(k, end)) {
-        if (elements[k].type == LET_GROUP) {
-            painter.DrawGroup(elements[k].index, geometry.RowRect(k, dx, dy), rcClient.right);
+        if (geometry.Row(k).type == LET_GROUP) {
+            painter.DrawGroup(geometry.Row(k).index, geometry.RowRect(k, dx, dy), rcClient.right);
             ++k;
             continue;
         }
         const UINT first = k;
-        do {
-            painter.DrawItem(elements[k].index, geometry.RowRect(k, dx, dy));
-            ++k;
-        } while (k < count && elements[k].type == LET_ITEM && !geometry.IsBelow(k, bottom));
+        for (const UINT runEnd = geometry.RunEnd(first, bottom); k < runEnd; ++k) {
+            painter.DrawItem(geometry.Row(k).index, geometry.RowRect(k, dx, dy));
+        }
         // Fixed behaviour: in Classic a run that reaches below the window ends the painting without its grid.
         // A list that is longer than its window would else get lines that it never had.
-        const bool fBeyond = k < count && elements[k].type == LET_ITEM;
+        const bool fBeyond = k < count && geometry.Row(k).type == LET_ITEM;
         if (fBeyond && fGridStays) {
             return;
         }

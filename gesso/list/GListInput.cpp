@@ -129,7 +129,7 @@ void GList::ClickHeader(const HitTestInfo& hit, WORD pressedPart)
         return;
     }
     const gesso::Watch watch(*this);
-    if (!Has(*this, Quirk::ListHeaderSilent)) {
+    if (!IsVirtual() && !Has(*this, Quirk::ListHeaderSilent)) {
         HitTestInfo clicked = hit;
         clicked.item = NO_INDEX;
         clicked.subItem = static_cast<WORD>(column);
@@ -137,7 +137,8 @@ void GList::ClickHeader(const HitTestInfo& hit, WORD pressedPart)
             return;
         }
     }
-    Sort(column, column != sortColumn || !sortAscending);
+    const bool fAscending = column != sortColumn || !sortAscending;
+    IsVirtual() ? AskToSort(hit, column, fAscending) : Sort(column, fAscending);
 }
 
 // The column that an element of the header stands for.

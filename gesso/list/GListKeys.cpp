@@ -6,8 +6,8 @@
 #include <gesso/containers/Index.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Quirks.h>
-#include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
+#include <gesso/list/ListInside.h>
 
 #include <algorithm>
 #include <utility>
@@ -74,10 +74,10 @@ void GList::Navigate(UINT vk, bool fIcons)
 {
     const UINT cursor = cursorItem;
     switch (vk) {
-    case VK_PRIOR: MoveByPage(Geometry().PageUpFrom(cursor, m_siV.nPage)); break;
-    case VK_NEXT: MoveByPage(Geometry().PageDownFrom(cursor, m_siV.nPage)); break;
+    case VK_PRIOR: MoveByPage(PageTarget(false)); break;
+    case VK_NEXT: MoveByPage(PageTarget(true)); break;
     case VK_HOME: MoveToEdge(0); break;
-    case VK_END: MoveToEdge(items.GetLength() - 1); break;
+    case VK_END: MoveToEdge(ItemCount() - 1); break;
     // Fixed behaviour: in the icons view these two leave the cursor where it is, and select it.
     case VK_UP: StepBack(fIcons ? cursor : cursor - 1); break;
     case VK_DOWN: StepForward(fIcons ? cursor : cursor + 1); break;
@@ -93,7 +93,7 @@ void GList::OnSpace()
 {
     if (keyMods & KEYMOD_CTRL) {
         InvertItem(cursorItem);
-    } else if (cursorItem == NO_INDEX && items.GetLength() > 0) {
+    } else if (cursorItem == NO_INDEX && ItemCount() > 0) {
         MoveCursor(0);
         Select(0);
     }
@@ -119,10 +119,19 @@ LRESULT GList::OnChar(UINT character)
 
 // --- Pages
 
+UINT GList::PageTarget(bool fDown) const
+{
+    const UINT page = BarInPixels().nPage;
+    if (const gesso::VirtualList* list = Virtual()) {
+        return fDown ? list->rows.PageDownFrom(cursorItem, page) : list->rows.PageUpFrom(cursorItem, page);
+    }
+    return fDown ? Geometry().PageDownFrom(cursorItem, page) : Geometry().PageUpFrom(cursorItem, page);
+}
+
 // A list without items has no cursor.
 void GList::MoveByPage(UINT target)
 {
-    const UINT cursor = items.GetLength() == 0 ? NO_INDEX : target;
+    const UINT cursor = ItemCount() == 0 ? NO_INDEX : target;
     MoveCursor(cursor);
     SetHotItem(cursor);
     if (!(keyMods & KEYMOD_CTRL)) {
@@ -140,7 +149,7 @@ void GList::MoveByPage(UINT target)
 // A list without items has no edge.
 void GList::MoveToEdge(UINT edge)
 {
-    MoveCursor(items.GetLength() == 0 ? NO_INDEX : edge);
+    MoveCursor(ItemCount() == 0 ? NO_INDEX : edge);
     SetHotItem(keyMods == 0 ? NO_INDEX : cursorItem);
     if (!(keyMods & KEYMOD_CTRL)) {
         SelectNone();
@@ -159,7 +168,7 @@ void GList::StepForward(UINT target)
 {
     if (cursorItem == NO_INDEX) {
         StepFromNowhere();
-    } else if (cursorItem < items.GetLength() - 1 && items.GetLength() > 0) {
+    } else if (cursorItem < ItemCount() - 1 && ItemCount() > 0) {
         Step(target, target > shiftAnchor);
     }
 }
@@ -196,7 +205,7 @@ void GList::Step(UINT target, bool fAway)
 // where there is no other.
 void GList::StepFromNowhere()
 {
-    const UINT count = items.GetLength();
+    const UINT count = ItemCount();
     if (count == 0) {
         return;
     }
@@ -215,10 +224,14 @@ void GList::StepFromNowhere()
 
 void GList::BringCursorIntoView(UINT vk)
 {
-    if (cursorItem >= items.GetLength()) {
+    if (cursorItem >= ItemCount()) {
         return;
     }
     const UINT gap = listStyle & GLS_HEADER ? headerItemSpacing : 0;
+    if (IsVirtual()) {
+        BringVirtualCursorIntoView(GoesForward(vk), gap);
+        return;
+    }
     const auto position = GoesForward(vk) ? Geometry().PositionOfEnd(cursorItem, m_siV.nPos, m_siV.nPage)
                                           : Geometry().PositionOfStart(cursorItem, m_siV.nPos, gap);
     if (position) {

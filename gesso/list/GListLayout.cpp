@@ -51,13 +51,19 @@ gesso::ListMeasures GList::Measures() const
         measures.headerHeight = fHeader ? headerHeight : 0;
         measures.linesWidth = m_inside->linesWidth;
     }
+    if (IsVirtual()) {
+        measures.fVirtual = true;
+        measures.count = ItemCount();
+        measures.itemHeight = std::max(measures.itemHeight, 1U);
+    }
     return measures;
 }
 
-// Whether hits and rectangles are those of what is drawn.
+// Whether hits and rectangles are those of what is drawn. Icons without records are never heaped up: all of
+// them would be drawn.
 bool GList::HasExactPlaces() const
 {
-    return !Has(*this, Quirk::ListPlaces);
+    return !Has(*this, Quirk::ListPlaces) || (IsVirtual() && (listStyle & GLS_VIEWMASK) == GLS_ICONS);
 }
 
 // Whether the bars are those of what does not fit, and are painted when they change.
@@ -86,6 +92,11 @@ UINT GList::CellWidth() const
 
 gesso::ListGeometry GList::Geometry() const
 {
+    if (IsVirtual()) {
+        CutView();
+        const gesso::VirtualList& list = *Virtual();
+        return {Measures(), items, groups, columnDraw, list.view.rows, list.order};
+    }
     return {Measures(), items, groups, columnDraw, elements, m_inside->rowOrder};
 }
 
@@ -105,15 +116,16 @@ void GList::Calculate()
 // the bar that goes down.
 int GList::PlaceRows()
 {
+    const auto place = [this] { return IsVirtual() ? PlaceVirtualRows() : Layout().Place(); };
     if ((listStyle & GLS_VIEWMASK) != GLS_ICONS || !HasExactPlaces()) {
-        return Layout().Place();
+        return place();
     }
     const SIZE room = m_inside->linesRoom = RoomOfBarsAndClient();
     m_inside->linesWidth = room.cx;
-    int end = Layout().Place();
+    int end = place();
     if (end > room.cy) {
         m_inside->linesWidth = Saturated(int64_t{room.cx} - SystemMetric(m_hWnd, SM_CXVSCROLL));
-        end = Layout().Place();
+        end = place();
     }
     return end;
 }
@@ -171,6 +183,10 @@ void GList::ForgetLayout()
 
 void GList::CalculateU(UINT item, bool inserted)
 {
+    if (IsVirtual()) {
+        Calculate();
+        return;
+    }
     if (!inserted && HasExactPlaces()) {
         RefreshLayout();
         return;
@@ -195,9 +211,10 @@ void GList::GetItemRect(RECT* rc, UINT item, UINT subItem)
         return;
     }
     *rc = {};
-    const gesso::ListGeometry geometry = Geometry();
+    gesso::ListCut cut;
+    const gesso::ListGeometry geometry = GeometryInView(item, cut);
     const UINT row = geometry.RowOf(item);
-    if (row >= elements.GetLength() || subItem >= columnDraw.GetLength()) {
+    if (row >= geometry.RowCount() || subItem >= columnDraw.GetLength()) {
         gesso::Misuse("GList::GetItemRect: no such item or element");
         return;
     }
@@ -214,6 +231,9 @@ bool GList::SetContentHeight(int rowsEnd)
     contentCy = headerArea + static_cast<UINT>(rowsEnd);
     // Fixed behaviour: in Classic room is added for the bars that do not show. The pages of the bars would
     // else change.
+    if (IsVirtual()) {
+        contentCy = static_cast<UINT>(Saturated(int64_t{headerArea} + rowsEnd));
+    }
     RECT rc{};
     if (!HasExactBars()) {
         GetClientRectNoScroll(&rc);
@@ -253,6 +273,10 @@ void GList::CalcScrollbars(int contentWidth, int contentHeight, int clientWidth,
         m_inside->lastPos = {LastPosOf(siH), LastPosOf(siV)};
         siH.nPos = std::min<int>(m_siH.nPos, m_inside->lastPos.x);
         siV.nPos = std::min<int>(m_siV.nPos, m_inside->lastPos.y);
+    }
+    if (IsVirtual()) {
+        ScaleBar(siV, contentHeight);
+        m_inside->lastPos.y = fExact ? LastPosOf(siV) : m_inside->lastPos.y;
     }
     const SCROLLINFO formerH = m_siH;
     const SCROLLINFO formerV = m_siV;

@@ -68,7 +68,7 @@ LRESULT GList::OnModernKeyDown(UINT vk, UINT flags)
 
 void GList::EditCursorItem()
 {
-    const UINT item = cursorItem < items.GetLength() ? cursorItem : GetFirstSelectedItemIndex();
+    const UINT item = cursorItem < ItemCount() ? cursorItem : GetFirstSelectedItemIndex();
     if (item != NO_INDEX) {
         EditItem(item);
     }
@@ -86,13 +86,13 @@ void GList::SendReturn()
 UINT GList::StartOfKeys() const
 {
     const UINT selected = SelectedFrom(0);
-    return selected != NO_INDEX || items.GetLength() == 0 ? selected : 0;
+    return selected != NO_INDEX || ItemCount() == 0 ? selected : 0;
 }
 
 // With neither cursor nor selection a key leads to the first item, but for the one that leads to the last.
 void GList::ModernNavigate(UINT vk)
 {
-    if (items.GetLength() == 0) {
+    if (ItemCount() == 0) {
         return;
     }
     const UINT cursor = GetCursorItem();
@@ -107,28 +107,48 @@ void GList::ModernNavigate(UINT vk)
     }
 }
 
+// Where the rows that show lead. Of an item without a record those around it are looked at, and more of them
+// where empty groups lie between it and the next line.
+template <class TARGET> UINT GList::ByRows(UINT from, int64_t reach, bool fUp, TARGET target) const
+{
+    const gesso::VirtualList* list = Virtual();
+    if (!list) {
+        return target(Geometry());
+    }
+    const UINT edge = fUp ? 0 : ItemCount() - 1;
+    const bool fLast = list->rows.PlaceOf(from).top == list->rows.PlaceOf(edge).top;
+    for (;; reach = std::max<int64_t>(reach, 1) * 4) {
+        gesso::ListCut cut;
+        const UINT to = target(GeometryAround(from, reach, cut));
+        if (to != from || fLast || reach > list->rows.End()) {
+            return to;
+        }
+    }
+}
+
 UINT GList::ModernTarget(UINT vk, UINT from) const
 {
-    const UINT last = items.GetLength() - 1;
+    const UINT last = ItemCount() - 1;
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
-    const gesso::ListGeometry geometry = Geometry();
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
     const int page = rc.bottom - static_cast<int>(headerArea);
     switch (vk) {
     case VK_HOME: return 0;
     case VK_END: return last;
-    case VK_PRIOR: return geometry.ItemPageAbove(from, page);
-    case VK_NEXT: return geometry.ItemPageBelow(from, page);
+    case VK_PRIOR:
+        return ByRows(from, page, true, [&](const auto& rows) { return rows.ItemPageAbove(from, page); });
+    case VK_NEXT:
+        return ByRows(from, page, false, [&](const auto& rows) { return rows.ItemPageBelow(from, page); });
     case VK_UP:
         if (fIcons) {
-            return geometry.ItemAbove(from);
+            return ByRows(from, 0, true, [&](const auto& rows) { return rows.ItemAbove(from); });
         }
         [[fallthrough]];
     case VK_LEFT: return from > 0 ? from - 1 : 0;
     case VK_DOWN:
         if (fIcons) {
-            return geometry.ItemBelow(from);
+            return ByRows(from, 0, false, [&](const auto& rows) { return rows.ItemBelow(from); });
         }
         [[fallthrough]];
     default: return std::min(from + 1, last);
@@ -141,7 +161,7 @@ void GList::MoveTo(UINT target, WORD mods, bool fStep)
 {
     const UINT cursor = GetCursorItem();
     const UINT from = cursor != NO_INDEX ? cursor : target;
-    if (shiftAnchor >= items.GetLength()) {
+    if (shiftAnchor >= ItemCount()) {
         shiftAnchor = from;
     }
     if (mods == 0) {
@@ -177,7 +197,7 @@ void GList::ModernSpace()
     if (item == NO_INDEX) {
         return;
     }
-    if ((keyMods & KEYMOD_SHIFT) && shiftAnchor < items.GetLength()) {
+    if ((keyMods & KEYMOD_SHIFT) && shiftAnchor < ItemCount()) {
         SelectOnlyRange(shiftAnchor, item);
         ChangeCursor(item, item);
         return;
@@ -192,6 +212,14 @@ void GList::ModernSpace()
 
 // --- Typing
 
+UINT GList::MatchByTexts(UINT from) const
+{
+    return m_inside->typed.Find(from, ItemCount(), [this](UINT item) {
+        const ListSubItem* sub = items[item]->SubItem(0);
+        return sub ? LPCWSTR{sub->text} : nullptr;
+    });
+}
+
 // Characters lead to an item; those that Ctrl makes do not, but what AltGr makes does.
 LRESULT GList::OnTyped(wchar_t character)
 {
@@ -204,11 +232,9 @@ LRESULT GList::OnTyped(wchar_t character)
     }
     const UINT cursor = GetCursorItem();
     const UINT from = cursor != NO_INDEX ? cursor : SelectedFrom(0);
-    const UINT found = m_inside->typed.Find(from, items.GetLength(), [this](UINT item) {
-        const ListSubItem* sub = items[item]->SubItem(0);
-        return sub ? LPCWSTR{sub->text} : nullptr;
-    });
-    if (found != NO_INDEX) {
+    const gesso::Watch watch(*this);
+    const UINT found = IsVirtual() ? MatchByHost(from) : MatchByTexts(from);
+    if (found != NO_INDEX && watch) {
         MoveTo(found, 0, false);
         RedrawAll();
         TellSelection();
@@ -220,16 +246,17 @@ LRESULT GList::OnTyped(wchar_t character)
 
 void GList::EnsureVisible(UINT item)
 {
-    if (ItemFor(item, "GList::EnsureVisible: no such item")) {
+    if (HasItem(item, "GList::EnsureVisible: no such item")) {
         BringIntoView(item);
     }
 }
 
 void GList::BringIntoView(UINT item)
 {
-    const gesso::ListGeometry geometry = Geometry();
-    const UINT row = bulkInsert ? elements.GetLength() : geometry.RowOf(item);
-    if (row >= elements.GetLength()) {
+    gesso::ListCut cut;
+    const gesso::ListGeometry geometry = GeometryAround(item, 0, cut);
+    const UINT row = bulkInsert ? geometry.RowCount() : geometry.RowOf(item);
+    if (row >= geometry.RowCount()) {
         return;
     }
     RECT rcClient{};
@@ -237,9 +264,10 @@ void GList::BringIntoView(UINT item)
     const RECT rc = geometry.RowRect(row);
     const int64_t highest = int64_t{rc.bottom} - rcClient.bottom;
     const int64_t lowest = geometry.StartOf(row, int64_t{rcClient.bottom} - headerArea);
-    const int64_t position = std::min(std::max<int64_t>(m_siV.nPos, highest), lowest);
-    if (position != m_siV.nPos) {
-        ScrollTo(SB_VERT, position);
+    const int64_t now = m_siV.nPos + Origin() - cut.origin;
+    const int64_t position = std::min(std::max(now, highest), lowest);
+    if (position != now) {
+        ScrollTo(SB_VERT, position + cut.origin - Origin());
         RedrawAll();
     }
 }

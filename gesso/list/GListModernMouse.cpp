@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 using gesso::Frame;
 using gesso::Has;
@@ -29,6 +30,12 @@ constexpr UINT BAND_PERIOD = 50; // milliseconds between the steps of a drag tha
 UINT_PTR TimerOf(const gesso::ListBand& band)
 {
     return reinterpret_cast<UINT_PTR>(&band);
+}
+
+gesso::VirtualRows::Area BandArea(const gesso::ListBand& band)
+{
+    return {std::min(band.start.x, band.end.x), std::min(band.start.y, band.end.y),
+            std::max(band.start.x, band.end.x) + 1, std::max(band.start.y, band.end.y) + 1};
 }
 
 } // namespace
@@ -119,16 +126,19 @@ LRESULT GList::OnMouseHWheel(int delta)
 // --- The rectangle
 
 // A point of the client area among the rows.
-POINT GList::InRows(POINTS pt) const
+gesso::ListPlace GList::InRows(POINTS pt) const
 {
-    return {Saturated(int64_t{pt.x} + m_siH.nPos), Saturated(int64_t{pt.y} + m_siV.nPos - headerArea)};
+    return {int64_t{pt.x} + m_siH.nPos, int64_t{pt.y} + m_siV.nPos + Origin() - headerArea};
 }
 
 void GList::StartBand(POINTS pt)
 {
-    const POINT start = InRows(pt);
+    const gesso::ListPlace start = InRows(pt);
     m_inside->band = {true, false, start, start, pt};
     const bool fKeep = ModifierKeys() & KEYMOD_CTRL;
+    if (gesso::VirtualList* list = Virtual()) {
+        list->kept = fKeep ? list->selected : gesso::IndexRanges();
+    }
     for (ListItem* item : items) {
         const bool fKept = fKeep && (item->state & LIS_SELECTED);
         item->state = fKept ? item->state | LIS_KEPT : item->state & ~LIS_KEPT;
@@ -206,13 +216,18 @@ void GList::ScrollToward(POINTS pt)
 
 void GList::SelectInBand()
 {
-    const gesso::ListBand& band = m_inside->band;
-    const RECT rcBand{std::min(band.start.x, band.end.x), std::min(band.start.y, band.end.y),
-                      Saturated(int64_t{std::max(band.start.x, band.end.x)} + 1),
-                      Saturated(int64_t{std::max(band.start.y, band.end.y)} + 1)};
+    const gesso::VirtualRows::Area area = BandArea(m_inside->band);
+    if (gesso::VirtualList* list = Virtual()) {
+        gesso::IndexRanges wanted = list->kept;
+        list->rows.VisitTouched(area, [&wanted](UINT first, UINT end) { wanted.Add(first, end); });
+        const auto change = list->selected.DifferenceTo(wanted);
+        list->selected = std::move(wanted);
+        m_inside->selection.NoteMany(change.count, change.first);
+        return;
+    }
     for (const stcElementPosition& row : elements) {
-        const bool fTouched = row.rect.left < rcBand.right && rcBand.left < row.rect.right &&
-                              row.rect.top < rcBand.bottom && rcBand.top < row.rect.bottom;
+        const bool fTouched = row.rect.left < area.right && area.left < row.rect.right &&
+                              row.rect.top < area.bottom && area.top < row.rect.bottom;
         if (ListItem* item = fTouched && row.type == LET_ITEM ? ItemAt(row.index) : nullptr) {
             item->state |= LIS_TOUCHED;
         }
@@ -229,9 +244,10 @@ void GList::DrawBand(HDC hdc) const
     if (!band.fOn) {
         return;
     }
-    RECT rc{std::min(band.start.x, band.end.x), std::min(band.start.y, band.end.y),
-            Saturated(int64_t{std::max(band.start.x, band.end.x)} + 1),
-            Saturated(int64_t{std::max(band.start.y, band.end.y)} + 1)};
-    rc = gesso::Shifted(rc, -int64_t{m_siH.nPos}, int64_t{headerArea} - m_siV.nPos);
+    const gesso::VirtualRows::Area area = BandArea(band);
+    const int64_t dx = -int64_t{m_siH.nPos};
+    const int64_t dy = int64_t{headerArea} - m_siV.nPos - Origin();
+    const RECT rc{Saturated(area.left + dx), Saturated(area.top + dy), Saturated(area.right + dx),
+                  Saturated(area.bottom + dy)};
     DrawFocusRect(hdc, &rc);
 }

@@ -36,28 +36,35 @@ LRESULT SendRenaming(const GList& list, UINT code, UINT item, LPCWSTR text)
 
 bool GList::EditItem(UINT item)
 {
-    const ListItem* asked = ItemFor(item, "GList::EditItem: no such item");
-    if (!asked || !Frame::IsAlive(m_hWnd, this)) {
+    if (!HasItem(item, "GList::EditItem: no such item") || !Frame::IsAlive(m_hWnd, this)) {
         return false;
     }
-    const gesso::ListItemTrack record = m_inside->tracks.Follow(asked);
+    const gesso::ListItemTrack record = Track(item);
     const gesso::Watch watch(*this);
     LabelEdit::End(m_inside->renaming.hwnd, true);
     RECT rc{};
-    if (!watch || !GetLabelRect(IndexOf(*record), &rc)) {
+    if (!watch || !GetLabelRect(IndexOf(record), &rc)) {
         return false;
     }
-    ShowLabel(IndexOf(*record));
-    const bool fRefused = SendRenaming(*this, LVN_BEGINLABELEDITW, IndexOf(*record), nullptr) != 0;
+    ShowLabel(IndexOf(record));
+    const bool fRefused = SendRenaming(*this, LVN_BEGINLABELEDITW, IndexOf(record), nullptr) != 0;
     // The parent may have begun a renaming itself.
-    return watch && !fRefused && !m_inside->renaming.hwnd && BeginRenaming(IndexOf(*record));
+    return watch && !fRefused && !m_inside->renaming.hwnd && BeginRenaming(IndexOf(record));
+}
+
+gesso::ListItemTrack GList::Track(UINT item) const
+{
+    return m_inside->tracks.Follow({ItemAt(item), IsVirtual() ? item : NO_INDEX});
 }
 
 // The record is only compared.
-UINT GList::IndexOf(const ListItem* item) const
+UINT GList::IndexOf(const gesso::ListItemTrack& track) const
 {
-    for (UINT i = 0; item && i < items.GetLength(); ++i) {
-        if (items[i] == item) {
+    if (IsVirtual()) {
+        return track->index;
+    }
+    for (UINT i = 0; track->item && i < items.GetLength(); ++i) {
+        if (items[i] == track->item) {
             return i;
         }
     }
@@ -74,10 +81,11 @@ const stcColumnDrawInfo* GList::LabelElement() const
 // Of the first column's text, in client coordinates. False where the view or the item shows none.
 bool GList::GetLabelRect(UINT item, RECT* rc) const
 {
-    const gesso::ListGeometry geometry = Geometry();
+    gesso::ListCut cut;
+    const gesso::ListGeometry geometry = GeometryInView(item, cut);
     const UINT row = geometry.RowOf(item);
     const stcColumnDrawInfo* element = LabelElement();
-    if (row >= elements.GetLength() || !element) {
+    if (row >= geometry.RowCount() || !element) {
         return false;
     }
     const RECT rcRow = geometry.RowRect(row, -int64_t{m_siH.nPos}, -int64_t{m_siV.nPos});
@@ -113,10 +121,14 @@ bool GList::BeginRenaming(UINT item)
     if (item == NO_INDEX || !GetLabelRect(item, &rc)) {
         return false;
     }
-    const gesso::ListItemTrack record = m_inside->tracks.Follow(items[item]);
-    const LPCWSTR text = GetItemText(item, 0);
-    // The parent hears of the new window, and then that the list loses the focus, and may do anything.
+    const gesso::ListItemTrack record = Track(item);
+    // The parent hears of the new window, and then that the list loses the focus, and may do anything; so it
+    // may where it is asked for the text.
     const gesso::Watch watch(*this);
+    const LPCWSTR text = GetItemText(item, 0);
+    if (!watch || !LabelElement()) {
+        return false;
+    }
     const HFONT hFont = LabelElement()->type == LCT_TITLE ? fontLabelTitle : fontLabelText;
     const HWND hwnd = LabelEdit::Make(m_hWnd, rc, hFont, text ? text : L"", OnRenamed);
     if (!watch) {
@@ -126,7 +138,7 @@ bool GList::BeginRenaming(UINT item)
     if (!hwnd || m_inside->renaming.hwnd) {
         LabelEdit::Forget(hwnd);
         DestroyWindow(hwnd);
-        SendRenaming(*this, LVN_ENDLABELEDITW, IndexOf(*record), nullptr);
+        SendRenaming(*this, LVN_ENDLABELEDITW, IndexOf(record), nullptr);
         return false;
     }
     m_inside->renaming = {hwnd, record};
@@ -146,13 +158,15 @@ void GList::EndRenaming(LPCWSTR text)
     if (!record) {
         return; // the list was assigned another one meanwhile
     }
-    const UINT item = IndexOf(*record);
+    const UINT item = IndexOf(record);
     text = item != NO_INDEX ? text : nullptr;
     const gesso::Watch watch(*this);
     const bool fTaken = SendRenaming(*this, LVN_ENDLABELEDITW, item, text) != 0;
-    if (watch && fTaken && text && IndexOf(*record) != NO_INDEX) {
-        SetItemText(IndexOf(*record), 0, text);
+    const UINT now = watch ? IndexOf(record) : NO_INDEX;
+    if (now == NO_INDEX || !fTaken || !text) {
+        return;
     }
+    IsVirtual() ? ItemsChanged(now, now) : SetItemText(now, 0, text);
 }
 
 // After a removal, and after a change of what shows.
@@ -160,7 +174,7 @@ void GList::EndLostRenaming()
 {
     const gesso::ListRenaming renaming = m_inside->renaming;
     RECT rc{};
-    if (renaming.hwnd && (renaming.fLost || !GetLabelRect(IndexOf(*renaming.item), &rc))) {
+    if (renaming.hwnd && (renaming.fLost || !GetLabelRect(IndexOf(renaming.item), &rc))) {
         LabelEdit::End(renaming.hwnd, false);
     }
 }
@@ -171,7 +185,7 @@ void GList::PlaceRenaming()
 {
     const gesso::ListRenaming renaming = m_inside->renaming;
     RECT rc{};
-    if (renaming.hwnd && GetLabelRect(IndexOf(*renaming.item), &rc)) {
+    if (renaming.hwnd && GetLabelRect(IndexOf(renaming.item), &rc)) {
         const int top = HeaderRoom() ? static_cast<int>(headerHeight) : 0;
         const bool fShows = rc.top >= top && rc.right > 0;
         LabelEdit::Place(renaming.hwnd, fShows ? rc : gesso::Shifted(rc, 0, -int64_t{rc.bottom}));

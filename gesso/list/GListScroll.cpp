@@ -21,6 +21,9 @@ std::optional<int64_t> Target(const SCROLLINFO& si, UINT code, UINT position, UI
 
 void GList::ScrollTo(int nBar, int64_t position)
 {
+    if (nBar == SB_VERT) {
+        position = StoreTop(position);
+    }
     if (HasExactBars()) {
         const POINT& last = m_inside->lastPos;
         position = std::min<int64_t>(position, nBar == SB_VERT ? last.y : last.x);
@@ -45,8 +48,11 @@ void GList::RedrawAll()
 // A drag that selects goes on meanwhile.
 LRESULT GList::OnVScroll(UINT code, UINT position, HWND)
 {
-    const UINT thumb = gesso::TrackedPos(*this, m_siV, position);
-    if (const auto target = Target(m_siV, code, thumb, itemHeight + headerArea)) {
+    if (IsVirtual() && code == SB_THUMBTRACK) {
+        ScrollTo(SB_VERT, PlaceOfThumb(position));
+    } else if (const auto target = Target(BarInPixels(), code, gesso::TrackedPos(*this, m_siV, position),
+                                          itemHeight + headerArea))
+    {
         ScrollTo(SB_VERT, *target);
     }
     Invalidate(0);

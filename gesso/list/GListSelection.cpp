@@ -17,6 +17,9 @@ using gesso::Quirk;
 
 UINT GList::GetSelectedCount() const
 {
+    if (const gesso::VirtualList* rows = Virtual()) {
+        return rows->selected.Count();
+    }
     const auto* first = items.GetData();
     const auto isSelected = [](const ListItem* item) { return (item->state & LIS_SELECTED) != 0; };
     return static_cast<UINT>(std::count_if(first, first + items.GetLength(), isSelected));
@@ -31,7 +34,7 @@ void GList::ClearSelection()
 
 void GList::SetSelected(UINT item, int on)
 {
-    if (item < items.GetLength()) {
+    if (item < ItemCount()) {
         ChangeSelection(item, item, on != 0);
         Invalidate(0);
         TellSelection();
@@ -40,6 +43,9 @@ void GList::SetSelected(UINT item, int on)
 
 int GList::GetSelected(UINT item) const
 {
+    if (const gesso::VirtualList* rows = Virtual()) {
+        return rows->selected.Has(item) ? 1 : 0;
+    }
     const ListItem* record = ItemAt(item);
     return record && (record->state & LIS_SELECTED) ? 1 : 0;
 }
@@ -47,7 +53,7 @@ int GList::GetSelected(UINT item) const
 // An override of ClearSelection hears of it, and the parent of both as one change.
 void GList::SetFirstSelectedItemIndex(UINT item)
 {
-    if (item >= items.GetLength()) {
+    if (item >= ItemCount()) {
         return;
     }
     const bool fHeld = std::exchange(m_inside->fHoldsTelling, true);
@@ -68,7 +74,7 @@ void GList::SetFirstSelectedItemIndex(UINT item)
 
 void GList::SetNextSelectedItemIndex(UINT item)
 {
-    if (item < items.GetLength()) {
+    if (item < ItemCount()) {
         Select(item);
         Invalidate(0);
         TellSelection();
@@ -97,6 +103,9 @@ WORD GList::GetHotSubItem() const
 
 UINT GList::SelectedFrom(UINT item) const
 {
+    if (const gesso::VirtualList* rows = Virtual()) {
+        return rows->selected.Next(item);
+    }
     while (item < items.GetLength() && !GetSelected(item)) {
         ++item;
     }
@@ -109,12 +118,12 @@ UINT GList::SelectedFrom(UINT item) const
 UINT GList::GetCursorItem() const
 {
     const UINT cursor = cursorItem != NO_INDEX ? cursorItem : lastItem;
-    return cursor < items.GetLength() ? cursor : NO_INDEX;
+    return cursor < ItemCount() ? cursor : NO_INDEX;
 }
 
 void GList::SetCursorItem(UINT item)
 {
-    if (item != NO_INDEX && !ItemFor(item, "GList::SetCursorItem: no such item")) {
+    if (item != NO_INDEX && !HasItem(item, "GList::SetCursorItem: no such item")) {
         return;
     }
     ChangeCursor(item, item);
@@ -137,10 +146,15 @@ void GList::PutCursor(UINT item)
 // have set the bit of any item.
 void GList::ChangeSelection(UINT a, UINT b, bool on)
 {
-    const UINT count = items.GetLength();
+    const UINT count = ItemCount();
     UINT first = std::min(a, b);
     UINT end = std::min(std::max(a, b), count - 1) + 1;
     if (count == 0 || first >= count) {
+        return;
+    }
+    if (gesso::VirtualList* rows = Virtual()) {
+        const auto change = on ? rows->selected.Add(first, end) : rows->selected.Remove(first, end);
+        m_inside->selection.NoteMany(change.count, change.first);
         return;
     }
     gesso::SelectedSpan& span = m_inside->selected;
@@ -221,7 +235,7 @@ void GList::SelectOnlyRange(UINT a, UINT b)
     if (first > 0) {
         ChangeSelection(0, first - 1, false);
     }
-    if (last < items.GetLength()) {
+    if (last < ItemCount()) {
         ChangeSelection(last + 1, NO_INDEX, false);
     }
     ChangeSelection(first, last, true);

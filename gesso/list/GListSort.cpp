@@ -193,6 +193,9 @@ void GList::SetSortState(UINT column, UINT state)
 
 void GList::Sort(UINT column, bool ascending)
 {
+    if (IsForeign("GList::Sort: the items are the host's")) {
+        return;
+    }
     const UINT formerColumn = sortColumn;
     const bool formerAscending = sortAscending;
     const UINT formerState =
@@ -283,6 +286,9 @@ void GList::OrderItems(UINT column, bool ascending)
 // The two agree where groups have their index as id, and GetItemGroup answers the index in any case.
 void GList::Group(UINT column, bool)
 {
+    if (IsForeign("GList::Group: the items are the host's")) {
+        return;
+    }
     RemoveAllGroups();
     if (items.GetLength() == 0) {
         Calculate();
@@ -299,6 +305,9 @@ void GList::Group(UINT column, bool)
         if (i < items.GetLength()) {
             items[i]->group = fOff ? id : GroupIndexOf(id);
         }
+    }
+    if (IsVirtual()) {
+        return; // the callback has made it so
     }
     ForgetLayout();
     Sort(sortColumn, sortAscending);

@@ -108,7 +108,7 @@ void GList::PrepareSubItem(ListSubItem& sub, UINT column)
 
 void GList::BulkInsertOn()
 {
-    bulkInsert = bulkInsert || items.GetLength() == 0;
+    bulkInsert = bulkInsert || (items.GetLength() == 0 && !IsVirtual());
 }
 
 void GList::BulkInsertOff()

@@ -5,17 +5,6 @@
 #include <algorithm>
 
 namespace gesso {
-namespace {
-
-// Fixed behaviour: a place in the content has 16 bits: further down or right than that, a point hits what
-// lies at the rest of the place. GetHotItem and the item of a click would else change in lists of many rows.
-SHORT Wrap16(int64_t n)
-{
-    return static_cast<SHORT>(n);
-}
-
-} // namespace
-
 // Fixed behaviour: the pages are reduced when both directions fit, and not when neither does. Thumbs, and the
 // last position of either bar, would else change.
 ListBars BarsOf(SIZE content, SIZE client, SIZE bar)
@@ -97,6 +86,14 @@ int ListGeometry::RowsEnd() const
     return count ? m_rows[count - 1].rect.bottom : 0;
 }
 
+UINT ListGeometry::RunEnd(UINT row, int64_t y) const
+{
+    do {
+        ++row;
+    } while (row < m_rows.GetLength() && m_rows[row].type == LET_ITEM && !IsBelow(row, y));
+    return row;
+}
+
 bool ListGeometry::IsBelow(UINT row, int64_t y) const
 {
     return int64_t{m_rows[row].rect.top} + m_measures.headerArea > y;
@@ -126,18 +123,25 @@ RECT ListGeometry::CellRect(UINT row, UINT cell) const
 
 // --- Hits
 
+// Fixed behaviour: a place in the content has 16 bits: further down or right than that, a point hits what
+// lies at the rest of the place. GetHotItem and the item of a click would else change in lists of many rows.
+int ListGeometry::HitPlace(int64_t n) const
+{
+    return m_measures.fVirtual ? Saturated(n) : static_cast<SHORT>(n);
+}
+
 ListHit ListGeometry::HitAt(POINT pt, const ListViewport& view, int dividerReach) const
 {
     if (m_measures.fExact) {
         return HitExact(pt, view, dividerReach);
     }
-    if (m_items.GetLength() == 0 || pt.x < 0 || pt.y < 0 || pt.x > view.client.cx || pt.y > view.client.cy) {
+    if (ItemCount() == 0 || pt.x < 0 || pt.y < 0 || pt.x > view.client.cx || pt.y > view.client.cy) {
         return {};
     }
-    const int x = Wrap16(int64_t{pt.x} + view.scroll.x);
+    const int x = HitPlace(int64_t{pt.x} + view.scroll.x);
     return static_cast<UINT>(pt.y) < m_measures.headerArea
                ? HitHeader(x, dividerReach)
-               : HitRows(x, Wrap16(int64_t{pt.y} + view.scroll.y - m_measures.headerArea));
+               : HitRows(x, HitPlace(int64_t{pt.y} + view.scroll.y - m_measures.headerArea));
 }
 
 // The element at x, of which each ends where the next one, moved on by `reach`, begins.
@@ -192,7 +196,7 @@ bool ListGeometry::HitRow(ListHit& hit, UINT row, int x) const
     if (m_measures.view == GLS_ICONS) {
         return HitIcon(hit, row, x);
     }
-    if (fInside && element.index < m_items.GetLength()) {
+    if (fInside && element.index < ItemCount()) {
         hit = HitCell(element.index, x);
     }
     return true;
@@ -203,7 +207,7 @@ bool ListGeometry::HitRow(ListHit& hit, UINT row, int x) const
 bool ListGeometry::HitIcon(ListHit& hit, UINT row, int x) const
 {
     const stcElementPosition& element = m_rows[row];
-    const bool fHit = element.index < m_items.GetLength() && row < m_cells.GetLength() &&
+    const bool fHit = element.index < ItemCount() && row < m_cells.GetLength() &&
                       m_cells[row].rect.left >= x && element.rect.right < x;
     if (fHit) {
         hit = {element.index, ListHit::NO_PART, LHP_BODY};

@@ -35,6 +35,9 @@ struct ListMeasures
     bool fExact = false;
     UINT headerHeight = 0; // as drawn, 0 without a header
     int linesWidth = 0;    // what icons lie side by side in
+    // Of lists whose items have no records: how many there are. A point's place is not cut to 16 bits.
+    bool fVirtual = false;
+    UINT count = 0;
 };
 
 // What is known of the rows, so that few of them need a look. Nothing is known of rows that are only copied.
@@ -85,6 +88,9 @@ public:
 
     // --- Rows. The number of rows stands for none.
 
+    UINT RowCount() const { return m_rows.GetLength(); }
+    const stcElementPosition& Row(UINT row) const { return m_rows[row]; }
+
     // The first row of an item of this index or a larger one.
     UINT RowFrom(UINT item) const;
     // The first row of this very item.
@@ -93,6 +99,8 @@ public:
     UINT FirstRowReaching(int64_t y) const;
     // Where the rows end, counted from the first.
     int RowsEnd() const;
+    // Where the run of items ends that begins with a row: at a group's row, or below y of the content.
+    UINT RunEnd(UINT row, int64_t y) const;
     // Whether a row begins below y of the content; and whether it and all behind it do.
     bool IsBelow(UINT row, int64_t y) const;
     bool AreBelow(UINT row, int64_t y) const;
@@ -143,6 +151,8 @@ public:
     bool Check() const;
 
 private:
+    UINT ItemCount() const { return m_measures.fVirtual ? m_measures.count : m_items.GetLength(); }
+    int HitPlace(int64_t n) const;
     WORD CellAt(int x, int reach) const;
     ListHit HitHeader(int x, int reach) const;
     ListHit HitRows(int x, int y) const;

@@ -65,7 +65,7 @@ ListHit ListGeometry::HitExactHeader(int64_t x, int reach) const
 ListHit ListGeometry::HitExactCell(UINT row, int64_t x, int64_t y) const
 {
     const stcElementPosition& element = m_rows[row];
-    if (element.type != LET_ITEM || element.index >= m_items.GetLength()) {
+    if (element.type != LET_ITEM || element.index >= ItemCount()) {
         return {};
     }
     ListHit hit{element.index, ListHit::NO_PART, LHP_BODY};

@@ -88,10 +88,10 @@ struct ListInside::FieldPlaces
 
 #pragma GCC diagnostic pop
 
-ListItemTrack ListItemTracks::Follow(const ListItem* item)
+ListItemTrack ListItemTracks::Follow(const TrackedItem& item)
 {
     std::erase_if(m_tracks, [](const auto& track) { return track.expired(); });
-    ListItemTrack track = std::make_shared<const ListItem*>(item);
+    ListItemTrack track = std::make_shared<TrackedItem>(item);
     m_tracks.push_back(track);
     return track;
 }
@@ -100,8 +100,8 @@ void ListItemTracks::Replace(const ListItem* former, const ListItem* item)
 {
     for (const auto& known : m_tracks) {
         const ListItemTrack track = known.lock();
-        if (track && *track == former) {
-            *track = item;
+        if (track && track->item == former) {
+            track->item = item;
         }
     }
 }
@@ -110,8 +110,8 @@ void ListItemTracks::ForgetLost(const OArray<ListItem*, ListItem*>& items)
 {
     for (const auto& known : m_tracks) {
         const ListItemTrack track = known.lock();
-        if (track && std::find(items.begin(), items.end(), *track) == items.end()) {
-            *track = nullptr;
+        if (track && std::find(items.begin(), items.end(), track->item) == items.end()) {
+            track->item = nullptr;
         }
     }
 }

@@ -4,27 +4,49 @@
 #include <gesso/framework/TypeAhead.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
+#include <gesso/list/VirtualList.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace gesso {
 
-// Where an item's record is, null once it is gone. A record moves when a column is inserted.
-using ListItemTrack = std::shared_ptr<const ListItem*>;
+// Where an item is that is kept an eye on. A record moves when a column is inserted.
+struct TrackedItem
+{
+    const ListItem* item = nullptr; // null once it is gone
+    UINT index = NO_INDEX;          // of an item without a record; NO_INDEX once it is gone
+};
+class ListItemTrack : public std::shared_ptr<TrackedItem>
+{
+public:
+    using std::shared_ptr<TrackedItem>::shared_ptr;
+    ListItemTrack(std::shared_ptr<TrackedItem> track) : std::shared_ptr<TrackedItem>(std::move(track)) {}
+};
 
 class ListItemTracks
 {
 public:
-    ListItemTrack Follow(const ListItem* item);
+    ListItemTrack Follow(const TrackedItem& item);
     void Replace(const ListItem* former, const ListItem* item);
     // Behind a removal, before anybody is told: a new item's record may lie where one was.
     void ForgetLost(const OArray<ListItem*, ListItem*>& items);
+    // Of items without records: each goes to the index that `move` answers, NO_INDEX for one that is gone.
+    template <class MOVE> void MoveIndices(MOVE move)
+    {
+        for (const auto& known : m_tracks) {
+            if (const ListItemTrack track = known.lock()) {
+                track->index = track->index == NO_INDEX ? NO_INDEX : move(track->index);
+            }
+        }
+    }
 
 private:
-    std::vector<std::weak_ptr<const ListItem*>> m_tracks;
+    std::vector<std::weak_ptr<TrackedItem>> m_tracks;
 };
 
 // A renaming in progress.
@@ -46,11 +68,19 @@ struct SelectionChange
         ++count;
         items ^= item;
     }
+    // Of several items `first` is of no account.
+    void NoteMany(UINT changed, UINT first)
+    {
+        count = std::min(count + std::min(changed, MANY), MANY);
+        items ^= first;
+    }
     // One of the items has changed twice.
     void TakeBack() { count -= 2; }
     // One that was selected is no more there.
     void NoteGone() { count += 2; }
     UINT OneItem() const { return count == 1 ? items : NO_INDEX; }
+
+    static constexpr UINT MANY = 0x40000000; // and more
 };
 
 // Where the selected items are: none lies outside, as long as the items are those of then and in that order.
@@ -95,13 +125,20 @@ inline UINT RemovalOf(const ListItem& item)
     return item.state >> GOING_SHIFT;
 }
 
-// The rectangle that a drag from empty room draws, as the rows' rectangles count.
+// A place among the rows, from the first one's top.
+struct ListPlace
+{
+    int64_t x;
+    int64_t y;
+};
+
+// The rectangle that a drag from empty room draws.
 struct ListBand
 {
     bool fBegun = false; // a press on empty room goes on
     bool fOn = false;    // and has become a drag
-    POINT start{};
-    POINT end{};
+    ListPlace start{};
+    ListPlace end{};
     POINTS pt{}; // of the pointer, in the client area
 };
 
@@ -139,6 +176,7 @@ struct ListInside
     void* compareContext = nullptr;
     int linesWidth = 0; // what icons lie side by side in
     SIZE linesRoom{};   // of the window, bars included, that this came from
+    std::unique_ptr<VirtualList> virtualList; // null for a list that owns its items
     UINT removals = 0;  // how many go on, one within the other
 
     // Whether a list's layout agrees with its records, for tests.

@@ -65,8 +65,22 @@ using PFNLISTSORT = int (*)(void* customData1, void* customData2);
 // The same of any column, by the custom data of two items and what was given with the function.
 using PFNLISTCOMPARE = int (*)(const GList* pList, UINT column, void* customData1, void* customData2,
                                void* context);
-// Kept for the host's own use: the list never calls it.
-using PFNLISTGET = void (*)(GList* pList, UINT, UINT, UINT, void*);
+// What a virtual list asks a column for (LGET_): `item` is the item's index, `column` the column's. Of a list
+// that owns its items it is kept for the host's own use.
+using PFNLISTGET = void (*)(GList* pList, UINT item, UINT column, UINT what, void* answer);
+
+// What a virtual list asks, and what the answer is written to.
+constexpr UINT LGET_TEXT = 1;  // LPCWSTR*: the cell's text, the host's, which lives until the next question
+constexpr UINT LGET_IMAGE = 2; // UINT*: index into the image list; of columns that show an image
+constexpr UINT LGET_STATE = 3; // UINT*: LSIS_CHECKED or 0; of column 0
+constexpr UINT LGET_MATCH = 4; // GLISTMATCH*: the item that typed characters lead to; of column 0, item -1
+
+struct GLISTMATCH
+{
+    LPCWSTR text; // in lower case
+    UINT from;    // the item to look at first; the search goes on around the end
+    UINT found;   // in: -1; left so where no item's text begins so, or the host does not search
+};
 
 // A text prepared in two fonts, as handles of CDrawText: null where none was made.
 struct ListTextPair

@@ -10,7 +10,7 @@ namespace gesso {
 UINT ListGeometry::ItemOfRow(UINT row, UINT none) const
 {
     const stcElementPosition& element = m_rows[row];
-    return element.type == LET_ITEM && element.index < m_items.GetLength() ? element.index : none;
+    return element.type == LET_ITEM && element.index < ItemCount() ? element.index : none;
 }
 
 UINT ListGeometry::ItemAbove(UINT item) const

@@ -1,0 +1,135 @@
+#include <gesso/list/IndexRanges.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace gesso {
+
+// Where the range ends that holds the index; the index itself without one.
+UINT IndexRanges::EndAt(UINT index) const
+{
+    const auto behind = m_ends.upper_bound(index);
+    return behind == m_ends.begin() ? index : std::max(index, std::prev(behind)->second);
+}
+
+bool IndexRanges::Has(UINT index) const
+{
+    return EndAt(index) != index;
+}
+
+UINT IndexRanges::Next(UINT from) const
+{
+    if (Has(from)) {
+        return from;
+    }
+    const auto behind = m_ends.upper_bound(from);
+    return behind == m_ends.end() ? NO_INDEX : behind->first;
+}
+
+IndexRanges::Change IndexRanges::Add(UINT first, UINT end)
+{
+    if (first >= end) {
+        return {};
+    }
+    const UINT changed = EndAt(first);
+    const UINT count = end - first - Remove(first, end).count;
+    auto behind = m_ends.upper_bound(first);
+    UINT start = first;
+    UINT last = end;
+    if (behind != m_ends.end() && behind->first == end) {
+        last = behind->second;
+        behind = m_ends.erase(behind);
+    }
+    if (behind != m_ends.begin() && std::prev(behind)->second == first) {
+        start = std::prev(behind)->first;
+    }
+    m_ends[start] = last;
+    m_count += end - first;
+    return count ? Change{count, changed} : Change{};
+}
+
+IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
+{
+    Change change;
+    if (first >= end) {
+        return change;
+    }
+    auto range = m_ends.upper_bound(first);
+    if (range != m_ends.begin() && std::prev(range)->second > first) {
+        --range;
+    }
+    while (range != m_ends.end() && range->first < end) {
+        const auto [from, to] = *range;
+        const UINT cut = std::max(from, first);
+        const UINT cutEnd = std::min(to, end);
+        change = {change.count + (cutEnd - cut), std::min(change.first, cut)};
+        range = m_ends.erase(range);
+        if (from < cut) {
+            m_ends.emplace_hint(range, from, cut);
+        }
+        if (to > cutEnd) {
+            m_ends.emplace_hint(range, cutEnd, to);
+        }
+    }
+    m_count -= change.count;
+    return change;
+}
+
+// Behind all others, which it may touch.
+void IndexRanges::Append(UINT first, UINT end)
+{
+    if (!m_ends.empty() && m_ends.rbegin()->second == first) {
+        m_ends.rbegin()->second = end;
+    } else if (first < end) {
+        m_ends.emplace_hint(m_ends.end(), first, end);
+    }
+}
+
+void IndexRanges::Insert(UINT first, UINT count)
+{
+    const std::map<UINT, UINT> former = std::exchange(m_ends, {});
+    for (const auto& [from, to] : former) {
+        if (from < first) {
+            Append(from, std::min(to, first));
+        }
+        if (to > first) {
+            Append(std::max(from, first) + count, to + count);
+        }
+    }
+}
+
+UINT IndexRanges::Erase(UINT first, UINT end)
+{
+    const UINT gone = Remove(first, end).count;
+    const std::map<UINT, UINT> former = std::exchange(m_ends, {});
+    for (const auto& [from, to] : former) {
+        const UINT up = from < first ? 0 : end - first;
+        Append(from - up, to - up);
+    }
+    return gone;
+}
+
+IndexRanges::Change IndexRanges::DifferenceTo(const IndexRanges& other) const
+{
+    Change change;
+    auto a = m_ends.begin();
+    auto b = other.m_ends.begin();
+    UINT at = 0;
+    while (a != m_ends.end() || b != other.m_ends.end()) {
+        const bool fA = a != m_ends.end() && a->first <= at;
+        const bool fB = b != other.m_ends.end() && b->first <= at;
+        UINT next = NO_INDEX;
+        next = a == m_ends.end() ? next : std::min(next, fA ? a->second : a->first);
+        next = b == other.m_ends.end() ? next : std::min(next, fB ? b->second : b->first);
+        if (fA != fB && next > at) {
+            change = {change.count + (next - at), std::min(change.first, at)};
+        }
+        at = next;
+        a = fA && a->second == at ? std::next(a) : a;
+        b = fB && b->second == at ? std::next(b) : b;
+    }
+    return change;
+}
+
+} // namespace gesso
