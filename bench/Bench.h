@@ -88,6 +88,7 @@ void MeasureText(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);
+void MeasureVirtualList();
 void MeasureKeys(Bench& bench);
 void MeasureTree(Bench& bench);
 

@@ -322,6 +322,7 @@ void MeasureList(Bench&)
 {
     MeasureLists(20'000);
     MeasureLayout();
+    MeasureVirtualList();
 }
 
 void MeasureLongList(Bench&)

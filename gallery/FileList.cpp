@@ -100,11 +100,43 @@ void FileList::ShowNamesOnly(UINT uStyle)
     Restart(uStyle, 1);
 }
 
+void FileList::ShowNumbers(UINT uStyle, UINT nCount, UINT nFirstGroup)
+{
+    Restart(uStyle, TYPE);
+    if (nFirstGroup) {
+        InsertGroup(LINE, (L"The first " + std::to_wstring(nFirstGroup)).c_str(), 0, 0);
+        InsertGroup(LINE, L"All others", 0, 1);
+    }
+    SetVirtualItems(nCount);
+    if (nFirstGroup) {
+        SetGroupItemCount(0, nFirstGroup);
+        SetGroupItemCount(1, nCount - nFirstGroup);
+    }
+}
+
+// What the list asks of a row that shows: its number, and the number's square as a size.
+void FileList::GetOfNumber(GList*, UINT item, UINT column, UINT what, void* answer)
+{
+    static std::wstring text; // until the next question
+    if (what == LGET_TEXT) {
+        text = column == NAME ? L"Row " + std::to_wstring(item) : std::to_wstring(ULONGLONG{item} * item);
+        *static_cast<LPCWSTR*>(answer) = text.c_str();
+    } else if (what == LGET_IMAGE) {
+        *static_cast<UINT*>(answer) = item % 2;
+    } else if (what == LGET_STATE) {
+        *static_cast<UINT*>(answer) = item % 3 == 0 ? LSIS_CHECKED : 0;
+    }
+}
+
 // From the start, since the places of the tiles and the margins of the cells are the columns'.
 void FileList::Restart(UINT uStyle, UINT nColumns)
 {
     const UINT uView = uStyle & GLS_VIEWMASK;
-    RemoveAllItems();
+    if (IsVirtual()) {
+        LeaveVirtual();
+    } else {
+        RemoveAllItems();
+    }
     RemoveAllGroups();
     RemoveAllColumns();
     SetScrollPos(SB_VERT, 0, TRUE);
@@ -128,7 +160,7 @@ void FileList::AddColumn(Column column, UINT uStyle)
     OffsetRect(&rcTile, uStyle & GLS_CHECKBOXES ? CHECK_BOX_ROOM : 0, 0);
     InsertColumn(END, kind.uTileFlags, fTiles ? LINE : kind.uFormat, column == NAME ? m_cxName : kind.cx, 40,
                  kind.pszName, 0, kind.nType, fTiles ? &rcTile : nullptr,
-                 column == TYPE ? &GroupByType : nullptr, kind.pfnSort, nullptr);
+                 column == TYPE ? &GroupByType : nullptr, kind.pfnSort, &GetOfNumber);
 }
 
 UINT FileList::GroupByType(GList* pList, void* customData)
@@ -160,14 +192,33 @@ void FileList::GoTo(const std::wstring& name)
     EnsureVisible(item);
 }
 
+// Of rows that are computed, which lie in the order of their numbers; all others are looked at.
+UINT FileList::FirstInView()
+{
+    UINT low = 0;
+    UINT high = IsVirtual() ? GetItemCount() : 0;
+    while (low < high) {
+        const UINT middle = low + (high - low) / 2;
+        RECT rc{};
+        GetItemRect(&rc, middle, NAME);
+        const bool fAbove = rc.bottom <= GetScrollPos(SB_VERT);
+        low = fAbove ? middle + 1 : low;
+        high = fAbove ? high : middle;
+    }
+    return low;
+}
+
 void FileList::AddParts(std::vector<Part>& parts)
 {
     RECT rcList{};
     GetClientRect(*this, &rcList);
-    for (UINT i = 0; i < GetItemCount(); i++) {
+    for (UINT i = FirstInView(); i < GetItemCount(); i++) {
         RECT rc{};
         GetItemRect(&rc, i, NAME);
         OffsetRect(&rc, -GetScrollPos(SB_HORZ), -GetScrollPos(SB_VERT));
+        if (IsVirtual() && rc.top >= rcList.bottom) {
+            break;
+        }
         if (IntersectRect(&rc, &rc, &rcList)) {
             MapWindowPoints(*this, nullptr, reinterpret_cast<POINT*>(&rc), 2);
             parts.push_back({L"list item", i, GetItemText(i, NAME), rc});

@@ -39,6 +39,8 @@ public:
     void End();
     // Takes all rows away, and all columns but that of the names, for rows of the host's own.
     void ShowNamesOnly(UINT uStyle);
+    // So many rows that are computed from their number, in groups, if any, of so many and of all others.
+    void ShowNumbers(UINT uStyle, UINT nCount, UINT nFirstGroup);
     // Null where there is no such item.
     File* FileAt(UINT item) const;
     // Selects a file and has the keys go on from there: the one of that name, or else the first.
@@ -51,6 +53,8 @@ private:
     void Restart(UINT uStyle, UINT nColumns);
     void AddColumn(Column column, UINT uStyle);
     static UINT GroupByType(GList* pList, void* customData);
+    static void GetOfNumber(GList* pList, UINT item, UINT column, UINT what, void* answer);
+    UINT FirstInView();
 
     UINT m_cxName;
     const Folder* m_pFolder = nullptr;

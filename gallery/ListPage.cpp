@@ -15,6 +15,8 @@ constexpr int ROW_HEIGHT = 26;
 constexpr int OPTION_WIDTH = 112;
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 constexpr UINT MANY = 100'000;
+constexpr UINT NUMBERS = 100'000'000;
+constexpr UINT NUMBERS_IN_GROUP = 1'000; // the first one
 constexpr UINT END = static_cast<UINT>(-1);
 constexpr UINT NAME_WIDTH = 360;
 constexpr int PROGRESS_WIDTH = 180;
@@ -48,6 +50,8 @@ public:
         const int nBottom = size.cy - STATUS_ROOM;
         m_pMany->MoveWindow(nRight - OPTION_WIDTH, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
         m_pFolder->MoveWindow(nRight - 2 * OPTION_WIDTH - GAP, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
+        m_pNumbers->MoveWindow(nRight - OPTION_WIDTH, FIRST_BLOCK + ROW_HEIGHT + 10, OPTION_WIDTH,
+                               ROW_HEIGHT);
         m_pList->MoveWindow(MARGIN, LIST_TOP, nRight - MARGIN, nBottom - LIST_TOP);
         m_pStatus->MoveWindow(MARGIN, nBottom + 8, nRight - PROGRESS_WIDTH - GAP - MARGIN, 20);
         m_pProgress->MoveWindow(nRight - PROGRESS_WIDTH, nBottom + 12, PROGRESS_WIDTH, 12);
@@ -57,6 +61,8 @@ public:
     {
         if (hwndFrom == m_pMany->GetHwnd()) {
             ShowMany();
+        } else if (hwndFrom == m_pNumbers->GetHwnd()) {
+            ShowNumbers();
         } else if (hwndFrom == m_pFolder->GetHwnd()) {
             Show();
         } else if (ChooseView(hwndFrom) || ChooseOption(hwndFrom)) {
@@ -141,6 +147,7 @@ private:
         }
         m_pFolder = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"&Folder", GS_CENTER);
         m_pMany = &Make<GButton>(canvas, 0, FIRST_BLOCK, L"100,000 ro&ws", GS_CENTER);
+        m_pNumbers = &Make<GButton>(canvas, 0, SECOND_ROW, L"100 m&illion", GS_CENTER);
     }
 
     template <class CONTROL>
@@ -216,6 +223,15 @@ private:
             GetParent(*m_pList), *m_pProgress, [this] { return AddRow(); }, [this] { EndMany(); });
     }
 
+    // Rows that are not filled in: each is computed from its number when it shows.
+    void ShowNumbers()
+    {
+        m_slices.Stop();
+        m_pList->ShowNumbers(ListStyle(), NUMBERS, Is(GROUPS) ? NUMBERS_IN_GROUP : 0);
+        m_lastWords.clear();
+        ShowStatus();
+    }
+
     UINT AddRow()
     {
         const UINT row = m_pList->GetItemCount();
@@ -236,7 +252,9 @@ private:
     {
         if (record.pszText && *record.pszText) {
             m_lastWords = L"renamed to " + std::wstring(record.pszText);
-            m_pList->SetItemText(static_cast<UINT>(record.iItem), FileList::NAME, record.pszText);
+            if (!m_pList->IsVirtual()) {
+                m_pList->SetItemText(static_cast<UINT>(record.iItem), FileList::NAME, record.pszText);
+            }
         }
     }
 
@@ -257,6 +275,7 @@ private:
     GProgressBar* m_pProgress = nullptr;
     GButton* m_pFolder = nullptr;
     GButton* m_pMany = nullptr;
+    GButton* m_pNumbers = nullptr;
     GRadioButton* m_views[VIEW_COUNT]{};
     GCheckBox* m_options[OPTION_COUNT]{};
     Slices m_slices; // while many rows are added

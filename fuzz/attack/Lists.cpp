@@ -34,6 +34,29 @@ int Always(void*, void*)
 
 void GetNothing(GList*, UINT, UINT, UINT, void*) {}
 
+// Answers anything, and changes the list by the way.
+void GetAnything(GList* pList, UINT item, UINT column, UINT what, void* answer)
+{
+    switch (item % 23) {
+    case 3: pList->SetVirtualItems(item % 40); break;
+    case 5: pList->ItemsChanged(0, item); break;
+    case 7: pList->ItemsInserted(item, 2); break;
+    case 11: pList->ItemsRemoved(column, 3); break;
+    case 13: pList->GetItemText(item + 1, column); break;
+    case 17: pList->SetListStyle(item % 4); break;
+    case 19: pList->RemoveColumn(column); break;
+    case 22: pList->LeaveVirtual(); break;
+    default: break;
+    }
+    if (what == LGET_TEXT) {
+        *static_cast<LPCWSTR*>(answer) = item % 5 ? L"text" : nullptr;
+    } else if (what == LGET_MATCH) {
+        static_cast<GLISTMATCH*>(answer)->found = static_cast<GLISTMATCH*>(answer)->from + 7;
+    } else {
+        *static_cast<UINT*>(answer) = item * 0x10001;
+    }
+}
+
 int ByContext(const GList*, UINT column, void* a, void* b, void* context)
 {
     return reinterpret_cast<size_t>(context) & 1 ? AnyOrder(a, b) : static_cast<int>(column) - 1;
@@ -63,7 +86,11 @@ template <> struct Argument<PFNLISTCOMPARE> : Value<PFNLISTCOMPARE>
 };
 template <> struct Argument<PFNLISTGET> : Value<PFNLISTGET>
 {
-    Argument(World&, Source& source) : Value{source.Chance(2) ? nullptr : GetNothing} {}
+    Argument(World&, Source& source)
+        : Value{source.Chance(2)   ? nullptr
+                : source.Chance(3) ? GetNothing
+                                   : GetAnything}
+    {}
 };
 
 namespace {
@@ -149,13 +176,32 @@ void AddItems(Table& table)
 
 void AddSelection(Table& table)
 {
-    Add(table, {OP(GList, GetSelectedCount), OP(GList, ClearSelection), OP(GList, SetSelected),
-                OP(GList, GetSelected), OP(GList, SetFirstSelectedItemIndex),
-                OP(GList, SetNextSelectedItemIndex), OP(GList, GetFirstSelectedItemIndex),
-                OP(GList, GetNextSelectedItemIndex), OP(GList, GetHotItem), OP(GList, GetHotSubItem),
-                Often(2, OP(GList, Sort)), Often(2, OP(GList, Group)), OP(GList, GetCurrentSort),
-                OP(GList, GetCurrentGroup), OP(GList, GetCursorItem), OP(GList, SetCursorItem),
-                OP(GList, EnsureVisible), OP(GList, SetSortCallback), OP(GList, FitColumn)});
+    Add(table, {OP(GList, GetSelectedCount),
+                OP(GList, ClearSelection),
+                OP(GList, SetSelected),
+                OP(GList, GetSelected),
+                OP(GList, SetFirstSelectedItemIndex),
+                OP(GList, SetNextSelectedItemIndex),
+                OP(GList, GetFirstSelectedItemIndex),
+                OP(GList, GetNextSelectedItemIndex),
+                OP(GList, GetHotItem),
+                OP(GList, GetHotSubItem),
+                Often(2, OP(GList, Sort)),
+                Often(2, OP(GList, Group)),
+                OP(GList, GetCurrentSort),
+                OP(GList, GetCurrentGroup),
+                OP(GList, GetCursorItem),
+                OP(GList, SetCursorItem),
+                OP(GList, EnsureVisible),
+                OP(GList, SetSortCallback),
+                OP(GList, FitColumn),
+                Often(2, OP(GList, SetVirtualItems)),
+                OP(GList, IsVirtual),
+                OP(GList, LeaveVirtual),
+                OP(GList, ItemsChanged),
+                OP(GList, ItemsInserted),
+                OP(GList, ItemsRemoved),
+                OP(GList, SetGroupItemCount)});
 }
 
 // The view with its options, or any bits.

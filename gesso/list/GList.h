@@ -17,6 +17,7 @@
 //   LVN_BEGINDRAG  GLISTNOTIFY: the pressed pointer has left its place; iItem
 //   LVN_FIRST      NMHDR: a window of the in-place edit lost the focus
 //   LVN_BEGINLABELEDITW  GLISTNOTIFY: before an item is renamed; iItem; a non-zero answer refuses it
+//   LVN_COLUMNCLICK  GLISTNOTIFY: of a virtual list, a header click asks the host to sort
 //   LVN_ENDLABELEDITW    GLISTNOTIFY: after it; iItem, pszText, null where it is dropped; non-zero takes it
 //   NM_SETFOCUS, NM_KILLFOCUS  NMHDR
 // and, where it was made in Modern, as GLISTNOTIFY:

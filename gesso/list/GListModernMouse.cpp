@@ -222,7 +222,7 @@ void GList::SelectInBand()
         list->rows.VisitTouched(area, [&wanted](UINT first, UINT end) { wanted.Add(first, end); });
         const auto change = list->selected.DifferenceTo(wanted);
         list->selected = std::move(wanted);
-        m_inside->selection.NoteMany(change.count, change.first);
+        m_inside->selection.Note(change);
         return;
     }
     for (const stcElementPosition& row : elements) {

@@ -154,7 +154,7 @@ void GList::ChangeSelection(UINT a, UINT b, bool on)
     }
     if (gesso::VirtualList* rows = Virtual()) {
         const auto change = on ? rows->selected.Add(first, end) : rows->selected.Remove(first, end);
-        m_inside->selection.NoteMany(change.count, change.first);
+        m_inside->selection.Note(change);
         return;
     }
     gesso::SelectedSpan& span = m_inside->selected;

@@ -5,6 +5,26 @@
 #include <utility>
 
 namespace gesso {
+namespace {
+
+// Of all numbers below `end`.
+UINT MixedBelow(UINT end)
+{
+    switch (end % 4) {
+    case 0: return 0;
+    case 1: return end - 1;
+    case 2: return 1;
+    default: return end;
+    }
+}
+
+} // namespace
+
+void IndexRanges::Change::Note(UINT first, UINT end)
+{
+    count += end - first;
+    mixed ^= MixedBelow(first) ^ MixedBelow(end);
+}
 
 // Where the range ends that holds the index; the index itself without one.
 UINT IndexRanges::EndAt(UINT index) const
@@ -32,8 +52,10 @@ IndexRanges::Change IndexRanges::Add(UINT first, UINT end)
     if (first >= end) {
         return {};
     }
-    const UINT changed = EndAt(first);
-    const UINT count = end - first - Remove(first, end).count;
+    const Change held = Remove(first, end);
+    Change change;
+    change.Note(first, end);
+    change = {change.count - held.count, change.mixed ^ held.mixed};
     auto behind = m_ends.upper_bound(first);
     UINT start = first;
     UINT last = end;
@@ -46,7 +68,7 @@ IndexRanges::Change IndexRanges::Add(UINT first, UINT end)
     }
     m_ends[start] = last;
     m_count += end - first;
-    return count ? Change{count, changed} : Change{};
+    return change;
 }
 
 IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
@@ -63,7 +85,7 @@ IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
         const auto [from, to] = *range;
         const UINT cut = std::max(from, first);
         const UINT cutEnd = std::min(to, end);
-        change = {change.count + (cutEnd - cut), std::min(change.first, cut)};
+        change.Note(cut, cutEnd);
         range = m_ends.erase(range);
         if (from < cut) {
             m_ends.emplace_hint(range, from, cut);
@@ -123,7 +145,7 @@ IndexRanges::Change IndexRanges::DifferenceTo(const IndexRanges& other) const
         next = a == m_ends.end() ? next : std::min(next, fA ? a->second : a->first);
         next = b == other.m_ends.end() ? next : std::min(next, fB ? b->second : b->first);
         if (fA != fB && next > at) {
-            change = {change.count + (next - at), std::min(change.first, at)};
+            change.Note(at, next);
         }
         at = next;
         a = fA && a->second == at ? std::next(a) : a;

@@ -10,11 +10,14 @@ namespace gesso {
 class IndexRanges
 {
 public:
-    // How many indices an operation has changed, and the first of these; NO_INDEX for none.
+    // How many indices an operation has changed, and these as one number: each is taken in and out by the
+    // exclusive or. Of one index it is that index.
     struct Change
     {
         UINT count = 0;
-        UINT first = NO_INDEX;
+        UINT mixed = 0;
+
+        void Note(UINT first, UINT end);
     };
 
     bool Has(UINT index) const;

@@ -68,11 +68,10 @@ struct SelectionChange
         ++count;
         items ^= item;
     }
-    // Of several items `first` is of no account.
-    void NoteMany(UINT changed, UINT first)
+    void Note(const IndexRanges::Change& change)
     {
-        count = std::min(count + std::min(changed, MANY), MANY);
-        items ^= first;
+        count = std::min(count + std::min(change.count, MANY), MANY);
+        items ^= change.mixed;
     }
     // One of the items has changed twice.
     void TakeBack() { count -= 2; }
@@ -174,10 +173,10 @@ struct ListInside
     TypeAhead typed;
     PFNLISTCOMPARE compare = nullptr; // what sorts every column
     void* compareContext = nullptr;
-    int linesWidth = 0; // what icons lie side by side in
-    SIZE linesRoom{};   // of the window, bars included, that this came from
+    int linesWidth = 0;                       // what icons lie side by side in
+    SIZE linesRoom{};                         // of the window, bars included, that this came from
     std::unique_ptr<VirtualList> virtualList; // null for a list that owns its items
-    UINT removals = 0;  // how many go on, one within the other
+    UINT removals = 0;                        // how many go on, one within the other
 
     // Whether a list's layout agrees with its records, for tests.
     static bool CheckLayout(const GList& list);

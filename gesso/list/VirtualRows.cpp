@@ -96,6 +96,7 @@ void VirtualRows::Place(const ListMeasures& measures, UINT groups)
     if (m_width < m_spacingX + m_itemCx) {
         m_perLine = 1;
     }
+    m_groupCounts.resize(groups);
     m_fGroups = groups > 0;
     m_groupHeight = m_fGroups ? Saturated(measures.groupHeight) : 0;
     m_blocks = {{0, 0}};

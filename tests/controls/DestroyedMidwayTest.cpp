@@ -247,6 +247,14 @@ GList* ListOfTwo(HWND hwndHost)
     return pList;
 }
 
+GList* VirtualListOfTwo(HWND hwndHost)
+{
+    GList* pList = ListOfTwo(hwndHost);
+    pList->SetVirtualItems(2);
+    pList->SetSelected(0, 1);
+    return pList;
+}
+
 GTree* TreeOfTwo(HWND hwndHost)
 {
     auto* pTree = new GTree;
@@ -363,6 +371,17 @@ TEST(DestroyedMidwayTest, TheParentMayDeleteTheControlInEachNotificationOfModern
              SendMessageW(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 8));
              SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(20, 8));
          }},
+        {"notify 12 code -108", VirtualListOfTwo,
+         [](HWND hwnd, GWnd*) {
+             SendMessageW(hwnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 8));
+             SendMessageW(hwnd, WM_LBUTTONUP, 0, MAKELPARAM(20, 8));
+         }},
+        {"notify 12 code -101", VirtualListOfTwo, [=](HWND, GWnd* p) { list(p)->SetSelected(1, 1); }},
+        {"notify 12 code -101", VirtualListOfTwo, [=](HWND, GWnd* p) { list(p)->ItemsRemoved(0, 1); }},
+        {"notify 12 code -101", VirtualListOfTwo, [=](HWND, GWnd* p) { list(p)->SetVirtualItems(0); }},
+        {"notify 12 code -101", VirtualListOfTwo, [=](HWND, GWnd* p) { list(p)->LeaveVirtual(); }},
+        {"notify 12 code -175", VirtualListOfTwo, [=](HWND, GWnd* p) { list(p)->EditItem(0); }},
+        {"notify 12 code -103", ListOfTwo, [=](HWND, GWnd* p) { list(p)->SetVirtualItems(5); }},
         {"notify 12 code -103", ListOfTwo, [=](HWND, GWnd* p) { list(p)->RemoveItem(0); }},
         {"notify 12 code -103", ListOfTwo, [=](HWND, GWnd* p) { list(p)->RemoveAllItems(); }},
         {"notify 12 code -175", ListOfTwo, [=](HWND, GWnd* p) { list(p)->EditItem(0); }},

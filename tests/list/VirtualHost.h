@@ -42,6 +42,7 @@ public:
     // Called before an answer; false for none.
     std::function<bool(GList*, const Question&)> onQuestion;
     GLISTMATCH match{};
+    std::string word; // of the match
     UINT found = END;
 
 private:
@@ -56,11 +57,12 @@ private:
             *static_cast<LPCWSTR*>(answer) = m_text.data();
         } else if (question.what == LGET_MATCH) {
             match = *static_cast<GLISTMATCH*>(answer);
+            word = Narrow(match.text);
             static_cast<GLISTMATCH*>(answer)->found = found;
         } else {
-            *static_cast<UINT*>(answer) = question.what == LGET_IMAGE    ? question.item % 3
-                                          : question.item % 2 ? LSIS_CHECKED
-                                                              : 0;
+            *static_cast<UINT*>(answer) = question.what == LGET_IMAGE ? question.item % 3
+                                          : question.item % 2         ? LSIS_CHECKED
+                                                                      : 0;
         }
     }
 

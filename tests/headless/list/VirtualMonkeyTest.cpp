@@ -81,6 +81,7 @@ protected:
     void Scroll();
     void Select();
     void Step();
+    void LayOutTwice();
     void Follow();
     void Compare();
     void Run(unsigned seed, bool fGrouped);
@@ -91,6 +92,7 @@ protected:
     std::unique_ptr<ProbeList> m_own;
     std::vector<UINT> m_counts; // of the groups
     bool m_fModern = false;
+    UINT m_kind = 0;
 };
 
 void VirtualMonkeyTest::Make(bool fGrouped)
@@ -124,7 +126,8 @@ void VirtualMonkeyTest::Make(bool fGrouped)
 void VirtualMonkeyTest::InsertOwn(UINT item)
 {
     const Row& row = g_rows[item];
-    m_own->InsertItem(item, row.group, nullptr, row.fChecked ? LSIS_CHECKED : 0, Wide(row.texts[0]).data(), 0);
+    m_own->InsertItem(item, row.group, nullptr, row.fChecked ? LSIS_CHECKED : 0, Wide(row.texts[0]).data(),
+                      0);
     for (UINT column = 1; column < COLUMNS; ++column) {
         m_own->SetSubItem(item, column, 0, Wide(row.texts[column]).data(), 0);
     }
@@ -184,6 +187,7 @@ void VirtualMonkeyTest::Change()
     m_own->SetItemText(item, column, Wide(row.texts[column]).data());
     m_own->SetItemState(item, 0, row.fChecked ? LSIS_CHECKED : 0, LSIS_CHECKED);
     list.ItemsChanged(item, item);
+    LayOutTwice();
 }
 
 void VirtualMonkeyTest::ChangeLook()
@@ -201,13 +205,14 @@ void VirtualMonkeyTest::ChangeLook()
             break;
         default: l.SetListStyle(views[Random(3)] | bits[Random(4)] | bits[Random(4)]); break;
         }
-        l.SetListStyle(l.GetListStyle());
     });
+    LayOutTwice();
 }
 
 void VirtualMonkeyTest::UseKeys()
 {
-    const UINT keys[] = {VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_PRIOR, VK_NEXT, VK_HOME, VK_END, VK_SPACE, 'A'};
+    const UINT keys[] = {VK_UP,   VK_DOWN, VK_LEFT, VK_RIGHT, VK_PRIOR,
+                         VK_NEXT, VK_HOME, VK_END,  VK_SPACE, 'A'};
     const UINT key = keys[Random(10)];
     HoldKeys(static_cast<WORD>(Random(4) * 2));
     Both([&](ProbeList& l) { SendMessageW(l, WM_KEYDOWN, key, 1); });
@@ -264,11 +269,18 @@ void VirtualMonkeyTest::Select()
     });
 }
 
+// The pages of Classic's bars go by the bars before: a second layout settles them.
+void VirtualMonkeyTest::LayOutTwice()
+{
+    for (int i = 0; i < 2; ++i) {
+        Both([](ProbeList& l) { l.SetListStyle(l.GetListStyle()); });
+    }
+}
+
 // What the list with items of its own does otherwise when they come and go.
 void VirtualMonkeyTest::Follow()
 {
-    m_own->SetListStyle(m_own->GetListStyle());
-    list.SetListStyle(list.GetListStyle());
+    LayOutTwice();
     m_own->SetScrollPos(SB_VERT, list.GetScrollPos(SB_VERT), 0);
     m_own->hitHot = list.hitHot;
     if (!m_fModern) {
@@ -284,7 +296,8 @@ void VirtualMonkeyTest::Follow()
 
 void VirtualMonkeyTest::Step()
 {
-    switch (Random(11)) {
+    m_kind = Random(11);
+    switch (m_kind) {
     case 0:
     case 1:
         Insert();
@@ -304,6 +317,27 @@ void VirtualMonkeyTest::Step()
     }
 }
 
+// Without what a list with items of its own draws below its window.
+Lines Seen(Lines lines, HWND hwnd)
+{
+    RECT rc{};
+    GetClientRect(hwnd, &rc);
+    std::erase_if(lines, [&rc](const std::string& line) {
+        const size_t place = line.find("("); // no text has one
+        const size_t comma = line.find(',', place);
+        return place != std::string::npos && comma != std::string::npos &&
+               std::atoi(line.c_str() + comma + 1) >= rc.bottom;
+    });
+    return lines;
+}
+
+void ExpectSameLines(const Lines& lines, const Lines& own)
+{
+    const auto [a, b] = std::mismatch(lines.begin(), lines.end(), own.begin(), own.end());
+    EXPECT_EQ(a == lines.end() ? "the end" : *a, b == own.end() ? "the end" : *b)
+        << "behind " << a - lines.begin() << " lines";
+}
+
 std::string Told(NotifyHost& host)
 {
     std::string told;
@@ -320,6 +354,7 @@ void VirtualMonkeyTest::Compare()
     EXPECT_EQ(list.GetCursorItem(), m_own->GetCursorItem());
     EXPECT_EQ(list.GetScrollPos(SB_VERT), m_own->GetScrollPos(SB_VERT));
     EXPECT_EQ(list.GetScrollPos(SB_HORZ), m_own->GetScrollPos(SB_HORZ));
+    EXPECT_EQ(Numbers(list.m_siV.nMax, list.m_siV.nPage), Numbers(m_own->m_siV.nMax, m_own->m_siV.nPage));
     EXPECT_EQ(list.contentCy, m_own->contentCy);
     EXPECT_EQ(list.contentCx, m_own->contentCx);
     EXPECT_EQ(Told(host), Told(*m_host));
@@ -343,12 +378,13 @@ void VirtualMonkeyTest::Compare()
         EXPECT_EQ(list.GetItemGroup(item), m_counts.empty() ? END : m_own->GetItemGroup(item));
     }
     const auto drawing = [](ProbeList& l) {
-        InvalidateRect(l, nullptr, FALSE);
-        desk::ClearDrawing(l);
         UpdateWindow(l);
-        return desk::Drawing(l);
+        desk::ClearDrawing(l);
+        InvalidateRect(l, nullptr, FALSE);
+        UpdateWindow(l);
+        return Seen(desk::Drawing(l), l);
     };
-    EXPECT_EQ(drawing(list), drawing(*m_own));
+    ExpectSameLines(drawing(list), drawing(*m_own));
 }
 
 void VirtualMonkeyTest::Run(unsigned seed, bool fGrouped)
@@ -361,6 +397,7 @@ void VirtualMonkeyTest::Run(unsigned seed, bool fGrouped)
     for (int step = 0; step < STEPS && !HasFailure(); ++step) {
         SCOPED_TRACE("step " + std::to_string(step));
         Step();
+        SCOPED_TRACE("of kind " + std::to_string(m_kind));
         Compare();
     }
     DestroyWindow(list);
