@@ -3,6 +3,7 @@
 #include <gesso/list/VirtualRows.h>
 
 #include <algorithm>
+#include <new>
 
 namespace gesso {
 
@@ -16,10 +17,21 @@ void VirtualRows::SetCount(UINT count)
 
 void VirtualRows::SetGroupCount(UINT group, UINT count)
 {
-    if (group >= m_groupCounts.size()) {
-        m_groupCounts.resize(group + size_t{1});
+    if (group < m_groupCounts.size() || SetGroups(group + size_t{1})) {
+        m_groupCounts[group] = count;
     }
-    m_groupCounts[group] = count;
+}
+
+// False without memory.
+bool VirtualRows::SetGroups(size_t groups)
+{
+    try {
+        m_groupCounts.resize(groups);
+        m_blocks.reserve(groups + 1);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 void VirtualRows::ForgetGroup(UINT group)
@@ -82,7 +94,6 @@ UINT VirtualRows::Erase(UINT first, UINT count)
 
 // --- Layout
 
-// Groups behind the last item have no row, but for the first of all.
 void VirtualRows::Place(const ListMeasures& measures, UINT groups)
 {
     const bool fLines = measures.view == GLS_ICONS;
@@ -92,30 +103,32 @@ void VirtualRows::Place(const ListMeasures& measures, UINT groups)
     m_width = fLines ? std::max(measures.linesWidth, 0) : m_itemCx;
     m_pitchX = std::max<int64_t>(m_itemCx + m_spacingX, 1);
     m_pitchY = std::max<int64_t>(Saturated(measures.itemHeight), 1) + m_spacingY;
-    m_perLine = fLines ? std::max<int64_t>((m_width - m_spacingX - m_itemCx) / m_pitchX + 1, 1) : 1;
-    if (m_width < m_spacingX + m_itemCx) {
-        m_perLine = 1;
-    }
-    m_groupCounts.resize(groups);
+    const int64_t room = m_width - m_spacingX - m_itemCx; // behind the first of a line
+    m_perLine = fLines && room > 0 ? room / m_pitchX + 1 : 1;
     m_fGroups = groups > 0;
     m_groupHeight = m_fGroups ? Saturated(measures.groupHeight) : 0;
-    m_blocks = {{0, 0}};
-    uint64_t end = 0;
+    if (!SetGroups(groups)) {
+        groups = static_cast<UINT>(std::min(m_groupCounts.size(), m_blocks.capacity() - 1));
+    }
+    PlaceBlocks(groups);
+}
+
+// Groups behind the last item have no row, but for the first of all.
+void VirtualRows::PlaceBlocks(UINT groups)
+{
+    m_blocks.assign(1, {0, 0});
+    UINT end = 0;
     int64_t lines = 0;
     for (UINT group = 0; group < groups && (group == 0 || end < m_count); ++group) {
         if (group > 0) {
-            m_blocks.push_back({static_cast<UINT>(end), lines});
+            m_blocks.push_back({end, lines});
         }
-        const UINT items = group < m_groupCounts.size() ? m_groupCounts[group] : 0;
-        const UINT shown = static_cast<UINT>(std::min<uint64_t>(items, m_count - end));
-        end += shown;
-        lines += LinesOf(shown);
+        const UINT items = std::min(m_groupCounts[group], m_count - end);
+        end += items;
+        lines += LinesOf(items);
     }
-    m_groupedEnd = static_cast<UINT>(end);
+    m_groupedEnd = m_fGroups ? end : m_count;
     m_lines = m_blocks.back().firstLine + LinesOf(m_count - m_blocks.back().firstItem);
-    if (groups == 0) {
-        m_groupedEnd = m_count;
-    }
 }
 
 int64_t VirtualRows::TopOf(size_t block) const

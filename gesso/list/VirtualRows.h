@@ -27,7 +27,7 @@ public:
     UINT Count() const { return m_count; }
     // MOST at the most. Forgets the groups' counts.
     void SetCount(UINT count);
-    // How many items a group has, by its index.
+    // How many items a group has, by its index; ignored without memory.
     void SetGroupCount(UINT group, UINT count);
     void ForgetGroup(UINT group);
     void ForgetGroups() { m_groupCounts.clear(); }
@@ -36,7 +36,7 @@ public:
     UINT Insert(UINT first, UINT count);
     UINT Erase(UINT first, UINT count);
 
-    // Lays out for so many groups. What follows goes by it.
+    // Lays out for so many groups, or those that there is memory for. What follows goes by it.
     void Place(const ListMeasures& measures, UINT groups);
 
     int64_t End() const;
@@ -66,6 +66,8 @@ private:
         int64_t firstLine;
     };
 
+    bool SetGroups(size_t groups);
+    void PlaceBlocks(UINT groups);
     void CutGroupCounts();
     size_t BlockAt(int64_t y) const;
     size_t BlockOf(UINT item) const;

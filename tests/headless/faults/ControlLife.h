@@ -57,6 +57,31 @@ inline void Fill(GList& list)
     list.SetSelected(1, 1);
 }
 
+// A list whose items are the host's.
+class HostedList : public GList
+{
+public:
+    static void Answer(GList*, UINT item, UINT column, UINT what, void* answer)
+    {
+        if (what == LGET_TEXT) {
+            *static_cast<LPCWSTR*>(answer) = column ? L"12 KB" : item % 2 ? L"odd" : L"even";
+        }
+    }
+};
+
+inline void Fill(HostedList& list)
+{
+    list.SetVirtualItems(0); // which leads to the top
+    list.RemoveAllColumns();
+    for (const wchar_t* psz : {L"Name", L"Size"}) {
+        list.InsertColumn(gesso::NO_INDEX, 0, DT_SINGLELINE, 80, 20, psz, 0, LCT_TEXT, nullptr, nullptr,
+                          nullptr, HostedList::Answer);
+    }
+    list.SetVirtualItems(12);
+    list.ClearSelection();
+    list.SetSelected(1, 1);
+}
+
 template <class TREE> void FillTree(TREE& tree)
 {
     tree.RemoveAllItems();

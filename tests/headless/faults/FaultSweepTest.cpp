@@ -237,6 +237,15 @@ TYPED_TEST(FaultSweep, LosesNothingInModernEither)
     this->SweepAll(" in Modern");
 }
 
+using HostedListFaultSweep = FaultSweep<HostedList>;
+
+TEST_F(HostedListFaultSweep, AListWhoseItemsAreTheHostsLosesNothing)
+{
+    SweepAll("");
+    const Modern modern;
+    SweepAll(" in Modern");
+}
+
 // --- Dialogs
 
 // A dialog is run with an answer that comes when its loop is idle, and draws in between.
