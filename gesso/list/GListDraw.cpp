@@ -398,7 +398,7 @@ void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 
 void GList::Draw(HDC hdc)
 {
-    if (!AskForView()) {
+    if (!m_inside->fAsked && !AskForView()) {
         return;
     }
     RECT rc{};
@@ -575,6 +575,7 @@ LRESULT GList::OnPrintClient(HDC hdc, LPARAM lParam)
     return Frame::OnPrintWhole(*this, hdc, lParam);
 }
 
+// The host is asked before the painting begins, so that what it changes in its answers is painted with it.
 LRESULT GList::OnPaint()
 {
     if (frameReplay) {
@@ -582,9 +583,16 @@ LRESULT GList::OnPaint()
         return 0;
     }
     const gesso::Watch watch(*this);
+    if (!AskForView()) {
+        return 0;
+    }
+    m_inside->fAsked = true;
     gesso::BufferedPaint paint(m_hWnd);
     if (watch) {
         Draw(paint.Context());
+    }
+    if (watch) {
+        m_inside->fAsked = false;
     }
     if (watch && frameRecord) {
         KeepFrame(paint.Context());

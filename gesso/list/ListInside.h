@@ -176,6 +176,7 @@ struct ListInside
     int linesWidth = 0;                       // what icons lie side by side in
     SIZE linesRoom{};                         // of the window, bars included, that this came from
     std::unique_ptr<VirtualList> virtualList; // null for a list that owns its items
+    bool fAsked = false;                      // for what is painted now, so that painting asks for nothing
     UINT removals = 0;                        // how many go on, one within the other
 
     // Whether a list's layout agrees with its records, for tests.

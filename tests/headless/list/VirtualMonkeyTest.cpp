@@ -415,6 +415,22 @@ TEST_F(VirtualMonkeyTest, ItemsOfTheHostsAreLikeTheListsOwnInClassic)
     MakeList();
 }
 
+// A paint that asks for another one would never come to an end.
+TEST_F(VirtualMonkeyTest, AHostThatChangesItsItemsInEachAnswerIsPaintedAndDone)
+{
+    MakeList();
+    const auto change = [](GList* pList, UINT, UINT, UINT, void*) {
+        pList->ItemsChanged(0, END);
+        pList->ItemsInserted(0, 1);
+    };
+    list.InsertColumn(0, 0, 0, 50, 10, L"A", 0, LCT_TEXT, nullptr, nullptr, nullptr, change);
+    list.SetVirtualItems(10);
+    desk::Pump();
+    EXPECT_FALSE(GetUpdateRect(list, nullptr, FALSE));
+    EXPECT_GT(list.GetItemCount(), 10U);
+    EXPECT_LT(list.GetItemCount(), 30U);
+}
+
 TEST_F(VirtualMonkeyTest, ItemsOfTheHostsAreLikeTheListsOwnInModern)
 {
     const Modern modern;
