@@ -252,10 +252,10 @@ void SetThemeColor(std::string_view themeClass, int part, int state, int propert
 void SetThemeInt(std::string_view themeClass, int part, int state, int property, int value);
 void SetThemeFont(std::string_view themeClass, int part, int state, int property, const LOGFONTW& font);
 
-// Installs a font that has these characters and no others. Until the first is installed every face is a font
-// that has all characters, but for Tahoma, which cannot show Devanagari; from then on there are the installed
-// ones alone, and the first is in the place of each face that is none of them. The shape is in hundredths of
-// the em height.
+// Installs a font that has these characters, in ascending order, and no others. Until the first is installed
+// every face is a font that has all characters, but for Tahoma, which cannot show Devanagari; from then on
+// there are the installed ones alone, and the first is in the place of each face that is none of them. The
+// shape is in hundredths of the em height.
 struct CodeRange
 {
     char32_t first;
@@ -267,6 +267,9 @@ struct FontShape
     int descent = 25;
 };
 void InstallFont(std::string_view face, std::initializer_list<CodeRange> characters, FontShape shape = {});
+
+// The input method accepts a text and goes on with another, and tells of both at once.
+void AcceptAndCompose(std::u16string_view accepted, std::u16string_view composed);
 
 // Sets a registry value of several texts; the key is one below HKEY_LOCAL_MACHINE.
 void SetRegistryTexts(std::string_view key, std::string_view value, const std::vector<std::string>& texts);

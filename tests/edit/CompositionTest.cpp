@@ -225,6 +225,18 @@ TEST_F(CompositionTest, TheInputMethodsWindowsStandBelowTheText)
     EXPECT_EQ(SendMessageW(hwnd, WM_IME_REQUEST, IMR_CANDIDATEWINDOW, 0), 0);
 }
 
+TEST_F(CompositionTest, TheInputMethodsWindowsFollowWhatMovesTheText)
+{
+    Make(L"xy", 1, 1);
+    Compose(L"abc");
+    const LONG xFormer = Candidates().ptCurrentPos.x;
+    const auto dwMargins = static_cast<DWORD>(SendMessageW(hwnd, EM_GETMARGINS, 0, 0));
+    SendMessageW(hwnd, EM_SETMARGINS, EC_LEFTMARGIN, MAKELPARAM(LOWORD(dwMargins) + 20, 0));
+    EXPECT_EQ(Candidates().ptCurrentPos.x, xFormer + 20);
+    EXPECT_EQ(SendMessageW(hwnd, WM_IME_REQUEST, IMR_RECONVERTSTRING, 0), 0)
+        << "nothing else is converted meanwhile";
+}
+
 TEST_F(CompositionTest, WhatIsSelectedCanBeConvertedAgain)
 {
     Make(L"one two", 4, 6);

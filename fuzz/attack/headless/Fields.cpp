@@ -112,6 +112,12 @@ private:
     Characters AnyCharacters(Source& source) const;
     Characters FieldText() const;
     Characters ClipboardNow() const;
+    Characters SelectedText() const
+    {
+        const TextRange range = Selected();
+        const auto from = m_plain.now.text.begin() + range.nFrom;
+        return {from, from + range.Length()};
+    }
     void TakeSelection();
     void FollowDrop(const TextRange& dragged, bool fCopies);
     POINT PointAt(UINT n);
@@ -507,6 +513,8 @@ void FieldWorld::UseClipboard(Source& source)
     static constexpr UINT MESSAGES[] = {WM_COPY, WM_CUT, WM_PASTE, WM_CLEAR};
     const UINT uMsg = source.Any(std::span<const UINT>(MESSAGES));
     const bool fCuts = uMsg == WM_CUT && MayChange() && !IsMasked() && Selected().Length() > 0;
+    const TextRange selected = Selected();
+    const Characters taken = SelectedText();
     const Characters clip = ClipboardNow();
     const bool fFails = source.Chance(5);
     if (fFails) {
@@ -518,8 +526,14 @@ void FieldWorld::UseClipboard(Source& source)
     if (fFails && Check().empty()) {
         return; // nothing came of it
     }
+    if (fCuts && fFails && ClipboardNow() != taken) {
+        m_fault = "what was cut is lost";
+    }
     if (fCuts) {
-        Remove(Selected(), EditKind::Step);
+        // What the clipboard's former owner has changed meanwhile stays.
+        if (Selected() == selected && SelectedText() == taken) {
+            Remove(selected, EditKind::Step);
+        }
     } else if (uMsg == WM_PASTE && MayChange() && !clip.empty()) {
         Insert(clip, EditKind::Step);
     } else if (uMsg == WM_CLEAR) {

@@ -119,6 +119,17 @@ void TypeResult(Window& window, LPARAM what)
     }
 }
 
+void AcceptAndCompose(std::u16string_view accepted, std::u16string_view composed)
+{
+    const TableLock lock;
+    InputMethod& method = TheDesktop().inputMethod;
+    method.composing = true;
+    method.result = accepted;
+    method.composed = composed;
+    TellWindow(WM_IME_COMPOSITION, First(method.result),
+               GCS_RESULTSTR | GCS_RESULTCLAUSE | GCS_COMPSTR | GCS_COMPATTR | GCS_COMPCLAUSE);
+}
+
 } // namespace gesso::headless
 
 using namespace gesso::headless;

@@ -4,6 +4,7 @@
 #include "../../support/WithBehavior.h"
 #include "../Faults.h"
 #include "../FreshDesktop.h"
+#include "../memory/MemoryLimit.h"
 
 #include <algorithm>
 
@@ -85,6 +86,52 @@ TEST_F(CompositionFaultTest, AResultThatCannotBeReadComesAsCharacters)
             EXPECT_EQ(TextOf(hwnd), "xaby") << operation << " but for " << skip;
         }
     }
+}
+
+TEST_F(CompositionFaultTest, AResultThatComesAsCharactersIsOneStep)
+{
+    Compose(L"a b c");
+    desk::Fail("ImmGetCompositionStringW", 100);
+    Complete();
+    EndFaults();
+    EXPECT_EQ(TextOf(hwnd), "xa b cy");
+    SendMessageW(hwnd, EM_UNDO, 0, 0);
+    EXPECT_EQ(TextOf(hwnd), "xy");
+}
+
+TEST_F(CompositionFaultTest, WhatIsComposedBehindAResultIsShownUnlessTheFocusHasGone)
+{
+    GEdit other;
+    const HWND hwndOther = other.Create(10, 50, 200, 30, host, 8, L"", WS_CHILD | WS_VISIBLE, 0);
+    desk::AcceptAndCompose(u"a", u"bc");
+    EXPECT_EQ(TextOf(hwnd), "xay");
+    EXPECT_EQ(Underlines(), 1);
+    host.onReport = [&](const std::string&) { SetFocus(hwndOther); };
+    desk::AcceptAndCompose(u"d", u"ef");
+    host.onReport = nullptr;
+    EXPECT_EQ(TextOf(hwnd), "xady");
+    EXPECT_EQ(Underlines(), 0);
+    Complete();
+    desk::Pump();
+    EXPECT_EQ(TextOf(hwnd), "xady");
+    EXPECT_EQ(TextOf(hwndOther), "ef") << "the input method goes on there";
+}
+
+TEST_F(CompositionFaultTest, WhatThereIsNoMemoryForIsNotLost)
+{
+    constexpr size_t LENGTH = 100;
+    std::vector<wchar_t> text(LENGTH, L'w');
+    text.push_back(0);
+    Compose(text.data());
+    {
+        const MemoryLimit limit(190);
+        SetFocus(host);
+        EXPECT_GT(limit.Refused(), 0U);
+    }
+    EXPECT_EQ(TextOf(hwnd), "xy");
+    SetFocus(hwnd);
+    SetFocus(host);
+    EXPECT_EQ(TextOf(hwnd), "x" + std::string(LENGTH, 'w') + "y");
 }
 
 TEST_F(CompositionFaultTest, NothingElseIsLostWhereTheInputMethodFails)

@@ -441,6 +441,61 @@ TEST_F(TextFallback, WithoutMemoryToLookForFontsThereAreBoxes)
     EXPECT_EQ(FontOf(u"日"), "Sim Han") << "once there is memory again";
 }
 
+TEST_F(TextFallback, WithoutMemoryForFontsATextHasAtLeastItsOwn)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    std::u16string mixed;
+    for (int n = 0; n < 20; ++n) {
+        mixed += u"b日";
+    }
+    const Text whole = Prepare(context, mixed, 0); // so that the working space is there
+    UINT boxes = 0;
+    for (size_t largest = 12000; largest > 1000; largest -= 250) {
+        const MemoryLimit limit(largest);
+        const auto made = [&](gesso::Behavior behavior) {
+            const WithBehavior scope(behavior);
+            return Prepare(context, mixed, 0);
+        };
+        const Text linked = made(gesso::Behavior::Modern);
+        const Text plain = made(gesso::Behavior::Classic);
+        ASSERT_TRUE(linked || !plain) << largest;
+        boxes += linked && linked->fOneBlock == 1;
+    }
+    EXPECT_GT(boxes, 0U);
+}
+
+TEST_F(TextFallback, AFontThatWasForgottenStaysWithItsTextAlone)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    const Text former = Prepare(context, u"日", 0);
+    gesso::ForgetFallbackFonts();
+    const Text text = Prepare(context, u"日", 0);
+    EXPECT_NE(gesso::FontOfItem(*text, 0), gesso::FontOfItem(*former, 0));
+    EXPECT_EQ(Painted(*former), Painted(*text));
+}
+
+TEST_F(TextFallback, AMarkThatNoFontHasHidesNoOtherCluster)
+{
+    constexpr size_t MARKS = 15;
+    desk::InstallFont("Marks", {{0x20D0, 0x20D0}});
+    desk::InstallFont("Whole", {{0x20D0, 0x20D0}, {0x2615, 0x2615}});
+    const std::u16string cluster = u"☕" + std::u16string(MARKS, u'\x20D0');
+    EXPECT_GT(Painted(cluster + u'\x20D1').size(), 1U);
+    EXPECT_EQ(Painted(cluster).size(), 1U);
+    EXPECT_EQ(FontOf(cluster), "Whole");
+}
+
+TEST_F(TextFallback, LinesBreakByTheScriptOfEachItem)
+{
+    desk::InstallFont("Letters", {{0x901, 0x914}, {0x3000, 0x9FFF}});
+    desk::Fail("ScriptBreak", 1, ERROR_NOT_ENOUGH_MEMORY, 1);
+    const Text text = Prepare(context, u"aअ日", 500);
+    ASSERT_EQ(text->nItems, 3U);
+    EXPECT_EQ(text->pItems[1].a.eScript, SCRIPT_UNDEFINED);
+    EXPECT_EQ(desk::PendingFaults().size(), 0U) << "one for the letter of no script, one behind it";
+    desk::ClearFaults();
+}
+
 TEST_F(TextFallback, LongTextsOfManyFontsAreDoneInTime)
 {
     desk::InstallFont("Sim Han", {HAN});
