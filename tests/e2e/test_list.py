@@ -44,6 +44,20 @@ class List(GalleryTest):
 
     # --- Tests
 
+    def test_a_list_of_a_hundred_million_rows_is_walked_and_selected(self):
+        self.gallery.click(self.gallery.control("GButton", "100 m&illion").middle)
+        self.gallery.click(self.row(2))
+        self.assertEqual(self.status()[:2], (1, "Row 2"))
+        self.gallery.key("End")
+        self.assertEqual(self.status()[:2], (1, "Row 99999999"))
+        self.gallery.key("shift+Home")
+        self.assertEqual(self.status()[:2], (100_000_000, "Row 0"))
+        self.gallery.drag(self.bar(BAR + BAR // 2), self.bar(self.list.cy // 2))
+        self.gallery.click(self.row(5))
+        count, name, _ = self.status()
+        self.assertEqual(count, 1)
+        self.assertGreater(int(name.removeprefix("Row ")), 30_000_000)
+
     def test_a_header_click_sorts_and_a_second_one_reverses(self):
         self.gallery.click(self.header("name"))
         ascending = self.first_names(3)

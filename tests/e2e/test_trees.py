@@ -43,6 +43,17 @@ class Trees(GalleryTest):
 
     # --- Tests
 
+    def test_a_folder_of_a_million_entries_opens_and_leads_to_its_end(self):
+        million = self.gallery.control("GCheckBox", "A &million").middle
+        self.gallery.click(million)
+        self.addCleanup(self.gallery.click, million)
+        self.assertIn("A million entries", self.names())
+        self.gallery.click(self.label("Entry 1"))
+        self.gallery.key("End")
+        self.assertEqual(self.selected(), "Entry 1000000")
+        self.gallery.key("Left")
+        self.assertEqual(self.selected(), "A million entries")
+
     def test_an_expander_opens_and_closes_its_branch(self):
         # Two places, so that the clicks make no double click.
         counts = [len(self.names())]
