@@ -114,12 +114,14 @@ void FileList::ShowNumbers(UINT uStyle, UINT nCount, UINT nFirstGroup)
     }
 }
 
-// What the list asks of a row that shows: its number, and the number's square as a size.
+// What the list asks of a row that shows: its number, and something like a size.
 void FileList::GetOfNumber(GList*, UINT item, UINT column, UINT what, void* answer)
 {
+    constexpr UINT LARGEST_SIZE = 9973;
     static std::wstring text; // until the next question
     if (what == LGET_TEXT) {
-        text = column == NAME ? L"Row " + std::to_wstring(item) : std::to_wstring(ULONGLONG{item} * item);
+        text =
+            column == NAME ? L"Row " + std::to_wstring(item) : std::to_wstring(item % LARGEST_SIZE) + L" KB";
         *static_cast<LPCWSTR*>(answer) = text.c_str();
     } else if (what == LGET_IMAGE) {
         *static_cast<UINT*>(answer) = item % 2;

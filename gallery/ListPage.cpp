@@ -261,7 +261,8 @@ private:
     void ShowStatus()
     {
         const UINT first = m_pList->GetFirstSelectedItemIndex();
-        std::wstring text = m_folder.path + L": " + std::to_wstring(m_pList->GetSelectedCount()) + L" of " +
+        const std::wstring source = m_pList->IsVirtual() ? L"Rows by their numbers" : m_folder.path;
+        std::wstring text = source + L": " + std::to_wstring(m_pList->GetSelectedCount()) + L" of " +
                             std::to_wstring(m_pList->GetItemCount()) + L" selected";
         if (first != END) {
             text += L", first " + std::wstring(m_pList->GetItemText(first, FileList::NAME));
