@@ -1,4 +1,4 @@
-#include <bench/Bench.h>
+#include <bench/Lists.h>
 
 #include <algorithm>
 #include <memory>
@@ -8,16 +8,9 @@
 namespace bench {
 namespace {
 
-constexpr int CX = 640;
-constexpr int CY = 480;
-constexpr UINT COLUMNS = 4;
-constexpr UINT END = static_cast<UINT>(-1);
-constexpr int COLUMN_WIDTH = 140;
 constexpr int HITS = 10'000;
-constexpr int PAINTS = 10;
 constexpr int APPENDS = 200;
 constexpr int FEW_ROUNDS = 3;
-constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 
 // The same texts for both lists: words and numbers, as a directory has them.
 class Texts
@@ -44,18 +37,10 @@ private:
 };
 
 // GList as the benchmark fills it; its hit test and layout are in reach.
-class OwnList : public GList
+class OwnList : public OwnListView
 {
 public:
-    explicit OwnList(HWND hwndHost)
-    {
-        Create(0, 0, CX, CY, hwndHost, 1, GLS_DETAILS | GLS_HEADER, 0, CHILD | WS_HSCROLL | WS_VSCROLL);
-        for (UINT column = 0; column < COLUMNS; column++) {
-            InsertColumn(END, 0, DT_SINGLELINE, COLUMN_WIDTH, 10, L"Column", 0, LCT_TEXT, nullptr, nullptr,
-                         nullptr, nullptr);
-        }
-    }
-    ~OwnList() override { DestroyWindow(m_hWnd); }
+    explicit OwnList(HWND hwndHost) : OwnListView(hwndHost, GLS_DETAILS | GLS_HEADER, nullptr) {}
 
     void FillInBulk(const Texts& texts)
     {
@@ -92,35 +77,16 @@ public:
     }
     void ScrollToEnd() { ScrollBy(m_siV.nMax); }
     void ScrollToTop() { ScrollBy(-m_siV.nMax); }
-    void Page(bool fDown) { SendMessageW(m_hWnd, WM_VSCROLL, fDown ? SB_PAGEDOWN : SB_PAGEUP, 0); }
 
 private:
     void ScrollBy(int n) { GWndScroll::SetScrollPos(SB_VERT, m_siV.nPos + n, TRUE); }
 };
 
 // The platform's list view with the same columns.
-class PlatformList
+class PlatformList : public PlatformListView
 {
 public:
-    explicit PlatformList(HWND hwndHost)
-        : m_hwnd(CreateWindowExW(0, L"SysListView32", L"", CHILD | LVS_REPORT, 0, 0, CX, CY, hwndHost,
-                                 nullptr, GetModuleHandleW(nullptr), nullptr))
-    {
-        SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
-        ListView_SetExtendedListViewStyle(m_hwnd, LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT);
-        for (UINT column = 0; column < COLUMNS; column++) {
-            LVCOLUMNW record{};
-            record.mask = LVCF_TEXT | LVCF_WIDTH;
-            record.cx = COLUMN_WIDTH;
-            record.pszText = const_cast<LPWSTR>(L"Column");
-            SendMessageW(m_hwnd, LVM_INSERTCOLUMNW, column, reinterpret_cast<LPARAM>(&record));
-        }
-    }
-    ~PlatformList() { DestroyWindow(m_hwnd); }
-    PlatformList(const PlatformList&) = delete;
-    PlatformList& operator=(const PlatformList&) = delete;
-
-    HWND Window() const { return m_hwnd; }
+    explicit PlatformList(HWND hwndHost) : PlatformListView(hwndHost, 0) {}
 
     void FillInBulk(const Texts& texts)
     {
@@ -158,9 +124,8 @@ public:
         info.pt = {x, y};
         return static_cast<int>(SendMessageW(m_hwnd, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&info)));
     }
-    void ScrollToEnd() { ListView_EnsureVisible(m_hwnd, ListView_GetItemCount(m_hwnd) - 1, FALSE); }
-    void ScrollToTop() { ListView_EnsureVisible(m_hwnd, 0, FALSE); }
-    void Page(bool fDown) { SendMessageW(m_hwnd, WM_VSCROLL, fDown ? SB_PAGEDOWN : SB_PAGEUP, 0); }
+    void ScrollToEnd() { ScrollToRow(static_cast<UINT>(ListView_GetItemCount(m_hwnd)) - 1); }
+    void ScrollToTop() { ScrollToRow(0); }
 
 private:
     static int CALLBACK Compare(LPARAM a, LPARAM b, LPARAM fAscending)
@@ -168,15 +133,7 @@ private:
         const int order = _wcsicmp(reinterpret_cast<LPCWSTR>(a), reinterpret_cast<LPCWSTR>(b));
         return fAscending ? order : -order;
     }
-
-    HWND m_hwnd;
 };
-
-void Paint(HWND hwnd)
-{
-    InvalidateRect(hwnd, nullptr, TRUE);
-    UpdateWindow(hwnd);
-}
 
 template <class FILL> long long BytesPerItem(UINT nRows, const FILL& fill)
 {
@@ -189,17 +146,7 @@ void MeasureView(Bench& bench, OwnList& own, PlatformList& platform)
 {
     const auto paint = [&](const char* pszName) {
         bench.Measure(
-            pszName, PAINTS,
-            [&] {
-                for (int i = 0; i < PAINTS; i++) {
-                    Paint(own);
-                }
-            },
-            [&] {
-                for (int i = 0; i < PAINTS; i++) {
-                    Paint(platform.Window());
-                }
-            });
+            pszName, PAINTS, [&] { PaintOften(own); }, [&] { PaintOften(platform); });
     };
     own.ScrollToTop();
     platform.ScrollToTop();
@@ -207,27 +154,20 @@ void MeasureView(Bench& bench, OwnList& own, PlatformList& platform)
     own.ScrollToEnd();
     platform.ScrollToEnd();
     paint("  full paint at the end");
-    const auto pages = [](auto& list, HWND hwnd) {
-        for (int i = 0; i < PAINTS; i++) {
-            list.Page(i % 2 != 0);
-            UpdateWindow(hwnd);
-        }
-    };
     bench.Measure(
-        "  page scroll with paint", PAINTS, [&] { pages(own, own); },
-        [&] { pages(platform, platform.Window()); });
+        "  page scroll with paint", PAINTS, [&] { PageOften(own); }, [&] { PageOften(platform); });
     own.ScrollToTop();
     platform.ScrollToTop();
     bench.Measure(
         "  hit test", HITS,
         [&] {
             for (int i = 0; i < HITS; i++) {
-                own.HitAt(i % CX, i % CY);
+                own.HitAt(i % LIST_CX, i % LIST_CY);
             }
         },
         [&] {
             for (int i = 0; i < HITS; i++) {
-                platform.HitAt(i % CX, i % CY);
+                platform.HitAt(i % LIST_CX, i % LIST_CY);
             }
         });
 }
@@ -281,7 +221,7 @@ void MeasureLists(UINT nRows)
     INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);
     Bench bench(FEW_ROUNDS);
-    const Host host(CX, CY);
+    const Host host(LIST_CX, LIST_CY);
     OwnList own(host);
     PlatformList platform(host);
     const Texts texts(nRows);
@@ -308,7 +248,7 @@ void MeasureLayout()
 {
     constexpr UINT ROWS = 1'000'000;
     Bench bench(FEW_ROUNDS);
-    const Host host(CX, CY);
+    const Host host(LIST_CX, LIST_CY);
     OwnList own(host);
     own.FillWithNothing(ROWS);
     bench.Family("List of 1,000,000 items");

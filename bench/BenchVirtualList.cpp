@@ -1,7 +1,7 @@
 // A list whose items are the host's, beside the platform's owner-data list, on the same texts: both are told
 // how many items there are, and ask for what shows.
 
-#include <bench/Bench.h>
+#include <bench/Lists.h>
 
 #include <random>
 #include <string>
@@ -9,18 +9,11 @@
 namespace bench {
 namespace {
 
-constexpr int CX = 640;
-constexpr int CY = 480;
-constexpr UINT COLUMNS = 4;
-constexpr UINT END = static_cast<UINT>(-1);
-constexpr int COLUMN_WIDTH = 140;
 constexpr int ROUNDS = 9;
-constexpr int PAINTS = 10;
 constexpr int THUMBS = 1000;
 constexpr int CLICKS = 1000;
 constexpr UINT FEW = 1'000;
 constexpr UINT MANY = 100'000'000;
-constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 
 long long g_nTexts = 0;
 long long g_nImages = 0;
@@ -77,22 +70,14 @@ LRESULT CALLBACK AnswerPlatform(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lPar
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);
 }
 
-class OwnList : public GList
+class OwnList : public OwnListView
 {
 public:
     explicit OwnList(HWND hwndHost, UINT style = GLS_DETAILS | GLS_HEADER)
-    {
-        Create(0, 0, CX, CY, hwndHost, 1, style, 0, CHILD | WS_HSCROLL | WS_VSCROLL);
-        for (UINT column = 0; column < COLUMNS; column++) {
-            InsertColumn(END, 0, DT_SINGLELINE, COLUMN_WIDTH, 10, L"Column", 0, LCT_TEXT, nullptr, nullptr,
-                         nullptr, Answer);
-        }
-    }
-    ~OwnList() override { DestroyWindow(m_hWnd); }
+        : OwnListView(hwndHost, style, Answer)
+    {}
 
-    HWND Window() const { return m_hWnd; }
     void SetCount(UINT count) { SetVirtualItems(count); }
-    void Page(bool fDown) { SendMessageW(m_hWnd, WM_VSCROLL, fDown ? SB_PAGEDOWN : SB_PAGEUP, 0); }
     void ScrollToRow(UINT row) { EnsureVisible(row); }
     void ThumbTo(double share)
     {
@@ -113,67 +98,26 @@ public:
     }
 };
 
-class PlatformList
+class PlatformList : public PlatformListView
 {
 public:
-    explicit PlatformList(HWND hwndHost)
-        : m_hwnd(CreateWindowExW(0, L"SysListView32", L"", CHILD | LVS_REPORT | LVS_OWNERDATA, 0, 0, CX, CY,
-                                 hwndHost, nullptr, GetModuleHandleW(nullptr), nullptr))
-    {
-        SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
-        ListView_SetExtendedListViewStyle(m_hwnd, LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT);
-        for (UINT column = 0; column < COLUMNS; column++) {
-            LVCOLUMNW record{};
-            record.mask = LVCF_TEXT | LVCF_WIDTH;
-            record.cx = COLUMN_WIDTH;
-            record.pszText = const_cast<LPWSTR>(L"Column");
-            SendMessageW(m_hwnd, LVM_INSERTCOLUMNW, column, reinterpret_cast<LPARAM>(&record));
-        }
-    }
-    ~PlatformList() { DestroyWindow(m_hwnd); }
-    PlatformList(const PlatformList&) = delete;
-    PlatformList& operator=(const PlatformList&) = delete;
+    explicit PlatformList(HWND hwndHost) : PlatformListView(hwndHost, LVS_OWNERDATA) {}
 
-    HWND Window() const { return m_hwnd; }
     void SetCount(UINT count)
     {
         m_nCount = count;
         SendMessageW(m_hwnd, LVM_SETITEMCOUNT, count, 0);
     }
-    void Page(bool fDown) { SendMessageW(m_hwnd, WM_VSCROLL, fDown ? SB_PAGEDOWN : SB_PAGEUP, 0); }
-    void ScrollToRow(UINT row) { ListView_EnsureVisible(m_hwnd, static_cast<int>(row), FALSE); }
     void ThumbTo(double share) { ScrollToRow(static_cast<UINT>(share * (m_nCount - 1))); }
 
 private:
-    HWND m_hwnd;
     UINT m_nCount = 0;
 };
-
-void Paint(HWND hwnd)
-{
-    InvalidateRect(hwnd, nullptr, TRUE);
-    UpdateWindow(hwnd);
-}
 
 template <class LIST> void ShowCount(LIST& list, UINT count)
 {
     list.SetCount(count);
     Paint(list.Window());
-}
-
-template <class LIST> void PaintOften(LIST& list)
-{
-    for (int i = 0; i < PAINTS; i++) {
-        Paint(list.Window());
-    }
-}
-
-template <class LIST> void PageOften(LIST& list)
-{
-    for (int i = 0; i < PAINTS; i++) {
-        list.Page(i % 2 != 0);
-        UpdateWindow(list.Window());
-    }
 }
 
 template <class LIST> void Thumbs(LIST& list)
@@ -231,7 +175,7 @@ void MeasureSelection(Bench& bench, OwnList& own)
 void MeasureVirtualList()
 {
     Bench bench(ROUNDS);
-    const Host host(CX, CY);
+    const Host host(LIST_CX, LIST_CY);
     SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerPlatform));
     OwnList own(host);
     PlatformList platform(host);
