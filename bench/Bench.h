@@ -88,8 +88,10 @@ void MeasureText(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);
-void MeasureVirtualList();
+void MeasureVirtualList(Bench& bench);
 void MeasureKeys(Bench& bench);
 void MeasureTree(Bench& bench);
+void MeasureTreeFolder(Bench& bench);
+void MeasureTreeItems(Bench& bench);
 
 } // namespace bench

@@ -218,8 +218,6 @@ void MeasureFloor(Bench& bench, OwnList& own, const Texts& texts)
 
 void MeasureLists(UINT nRows)
 {
-    INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES};
-    InitCommonControlsEx(&classes);
     Bench bench(FEW_ROUNDS);
     const Host host(LIST_CX, LIST_CY);
     OwnList own(host);
@@ -262,7 +260,6 @@ void MeasureList(Bench&)
 {
     MeasureLists(20'000);
     MeasureLayout();
-    MeasureVirtualList();
 }
 
 void MeasureLongList(Bench&)

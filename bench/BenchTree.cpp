@@ -1,4 +1,4 @@
-#include <bench/Bench.h>
+#include <bench/Trees.h>
 
 #include <algorithm>
 #include <string>
@@ -7,70 +7,16 @@
 namespace bench {
 namespace {
 
-constexpr int CX = 400;
-constexpr int CY = 480;
-constexpr UINT BRANCH = 100; // children of each top item
 constexpr int HITS = 10'000;
 constexpr int PAINTS = 10;
 constexpr int TOGGLES = 20;
 constexpr int FEW_ROUNDS = 3;
-constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 
-// The same names for both trees: nItems of them, of which every 101st is a top item's.
-class Names
+class OwnTree : public OwnItems<GTree>
 {
 public:
-    explicit Names(UINT nItems)
-    {
-        for (UINT i = 0; i < nItems; i++) {
-            m_names.push_back((IsTop(i) ? L"Folder " : L"Document number ") +
-                              std::to_wstring(i * 7919 % 100'003));
-        }
-    }
+    using OwnItems::OwnItems;
 
-    static bool IsTop(UINT i) { return i % (BRANCH + 1) == 0; }
-    UINT Count() const { return static_cast<UINT>(m_names.size()); }
-    LPCWSTR At(UINT i) const { return m_names[i].c_str(); }
-
-private:
-    std::vector<std::wstring> m_names;
-};
-
-class OwnTree : public GTree
-{
-public:
-    explicit OwnTree(HWND hwndHost)
-    {
-        Create(0, 0, CX, CY, hwndHost, 1, 0, CHILD | WS_HSCROLL | WS_VSCROLL);
-        SetFont(g_hDefaultFont);
-    }
-    ~OwnTree() override { DestroyWindow(m_hWnd); }
-
-    void Fill(const Names& names)
-    {
-        RemoveAllItems();
-        m_tops.clear();
-        void* hTop = nullptr;
-        for (UINT i = 0; i < names.Count(); i++) {
-            const bool fTop = Names::IsTop(i);
-            void* hItem = InsertItem(fTop ? nullptr : hTop, nullptr, names.At(i), 0, 0, nullptr);
-            if (fTop) {
-                m_tops.push_back(hTop = hItem);
-            }
-        }
-    }
-    void ExpandAll()
-    {
-        for (void* hTop : m_tops) {
-            Expand(hTop);
-        }
-    }
-    void CollapseAll()
-    {
-        for (void* hTop : m_tops) {
-            Collapse(hTop);
-        }
-    }
     void CollapseFirst() { Collapse(m_tops[0]); }
     void ToggleFirst()
     {
@@ -84,74 +30,6 @@ public:
         HitTest(&info);
         return static_cast<int>(info.nItem);
     }
-
-private:
-    std::vector<void*> m_tops;
-};
-
-class PlatformTree
-{
-public:
-    explicit PlatformTree(HWND hwndHost)
-        : m_hwnd(CreateWindowExW(0, L"SysTreeView32", L"",
-                                 CHILD | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT, 0, 0, CX, CY,
-                                 hwndHost, nullptr, GetModuleHandleW(nullptr), nullptr))
-    {
-        SendMessageW(m_hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
-        SendMessageW(m_hwnd, TVM_SETITEMHEIGHT, 20, 0);
-    }
-    ~PlatformTree() { DestroyWindow(m_hwnd); }
-    PlatformTree(const PlatformTree&) = delete;
-    PlatformTree& operator=(const PlatformTree&) = delete;
-    operator HWND() const { return m_hwnd; }
-
-    void Fill(const Names& names)
-    {
-        SendMessageW(m_hwnd, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
-        m_tops.clear();
-        for (UINT i = 0; i < names.Count(); i++) {
-            const bool fTop = Names::IsTop(i);
-            TVINSERTSTRUCTW record{};
-            record.hParent = fTop ? TVI_ROOT : m_tops.back();
-            record.hInsertAfter = TVI_LAST;
-            record.item.mask = TVIF_TEXT;
-            record.item.pszText = const_cast<LPWSTR>(names.At(i));
-            const auto hItem = reinterpret_cast<HTREEITEM>(
-                SendMessageW(m_hwnd, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&record)));
-            if (fTop) {
-                m_tops.push_back(hItem);
-            }
-        }
-    }
-    void ExpandAll() { ForTops(TVE_EXPAND); }
-    void CollapseAll() { ForTops(TVE_COLLAPSE); }
-    void CollapseFirst() { Run(m_tops[0], TVE_COLLAPSE); }
-    void ToggleFirst()
-    {
-        Run(m_tops[0], TVE_EXPAND);
-        Run(m_tops[0], TVE_COLLAPSE);
-    }
-    int HitAt(int x, int y) const
-    {
-        TVHITTESTINFO info{};
-        info.pt = {x, y};
-        return SendMessageW(m_hwnd, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&info)) != 0;
-    }
-
-private:
-    void ForTops(WPARAM wAction) const
-    {
-        for (const HTREEITEM hTop : m_tops) {
-            Run(hTop, wAction);
-        }
-    }
-    void Run(HTREEITEM hItem, WPARAM wAction) const
-    {
-        SendMessageW(m_hwnd, TVM_EXPAND, wAction, reinterpret_cast<LPARAM>(hItem));
-    }
-
-    HWND m_hwnd;
-    std::vector<HTREEITEM> m_tops;
 };
 
 void Repeat(int n, const Work& work)
@@ -178,7 +56,7 @@ void PageDownOrUp(HWND hwnd)
 template <class TREE> void HitAll(const TREE& tree)
 {
     for (int i = 0; i < HITS; i++) {
-        tree.HitAt(i % CX, i % CY);
+        tree.HitAt(i % TREE_CX, i % TREE_CY);
     }
 }
 
@@ -232,7 +110,7 @@ void MeasureWhole(Bench& bench, OwnTree& own, PlatformTree& platform, const Name
 
 void MeasureTrees(UINT nItems, int nRounds)
 {
-    const Host host(CX, CY);
+    const Host host(TREE_CX, TREE_CY);
     OwnTree own(host);
     PlatformTree platform(host);
     Bench whole(nRounds);
@@ -251,11 +129,14 @@ void MeasureTrees(UINT nItems, int nRounds)
 
 // --- A folder of which only the number of children is known
 
+long long g_nQuestions = 0;
+
 LRESULT CALLBACK AnswerProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     static std::wstring s_name;
     auto* pNotify = reinterpret_cast<GLISTNOTIFY*>(lParam);
     if (uMsg == WM_NOTIFY && pNotify->hdr.code == TVN_GETDISPINFOW) {
+        ++g_nQuestions;
         s_name = L"Document number " + std::to_wstring(pNotify->iItem);
         pNotify->pDispInfo->text = s_name.c_str();
     }
@@ -292,6 +173,12 @@ public:
         SendMessageW(m_hWnd, WM_KEYDOWN, VK_END, 1);
         UpdateWindow(m_hWnd);
     }
+    long long RowsInView() const
+    {
+        RECT rc{};
+        GetClientRect(m_hWnd, &rc);
+        return (rc.bottom + GetItemHeight() - 1) / GetItemHeight();
+    }
     long long BytesOfShowing()
     {
         const long long before = BytesHeld();
@@ -305,10 +192,24 @@ private:
     UINT m_nChildren;
 };
 
+// What the host is asked by the paint that first shows a place, and by the next one; the second column is the
+// rows in view.
+void CountQuestions(Bench& bench, CountedTree& tree)
+{
+    tree.CountAndOpen();
+    const auto count = [&](const char* pszName, const Work& work) {
+        g_nQuestions = 0;
+        work();
+        bench.Print(pszName, g_nQuestions, tree.RowsInView());
+    };
+    count("  questions of the first paint of the end / rows", [&] { tree.GoToEnd(); });
+    count("  questions of a second paint / rows", [&] { Paint(tree); });
+}
+
 // Each with its paint. The second column is the same tree with 1,000 children.
 void MeasureFolder(UINT nChildren)
 {
-    const Host host(2 * CX, CY);
+    const Host host(2 * TREE_CX, TREE_CY);
     SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerProc));
     CountedTree many(host, nChildren);
     CountedTree few(host, 1'000);
@@ -322,16 +223,19 @@ void MeasureFolder(UINT nChildren)
                          step("  End", &CountedTree::GoToEnd), step("  collapse", &CountedTree::Close),
                          step("  open again", &CountedTree::OpenAgain)});
     bench.Print("  bytes of what has shown", many.BytesOfShowing(), few.BytesOfShowing());
+    CountQuestions(bench, many);
 }
 
 } // namespace
 
 void MeasureTree(Bench&)
 {
-    INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_TREEVIEW_CLASSES};
-    InitCommonControlsEx(&classes);
     MeasureTrees(20'000, FEW_ROUNDS);
     MeasureTrees(100'000, 1);
+}
+
+void MeasureTreeFolder(Bench&)
+{
     MeasureFolder(1'000'000);
 }
 

@@ -70,6 +70,24 @@ LRESULT CALLBACK AnswerPlatform(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lPar
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);
 }
 
+// The key is held as long as this lives.
+class CtrlHeld
+{
+public:
+    CtrlHeld() { Set(0x80); }
+    ~CtrlHeld() { Set(0); }
+    CtrlHeld(const CtrlHeld&) = delete;
+    CtrlHeld& operator=(const CtrlHeld&) = delete;
+
+private:
+    static void Set(BYTE state)
+    {
+        BYTE keys[256]{};
+        keys[VK_CONTROL] = state;
+        SetKeyboardState(keys);
+    }
+};
+
 class OwnList : public OwnListView
 {
 public:
@@ -79,23 +97,33 @@ public:
 
     void SetCount(UINT count) { SetVirtualItems(count); }
     void ScrollToRow(UINT row) { EnsureVisible(row); }
+    long long RowsInView()
+    {
+        long long nRows = 0;
+        RECT rcClient{};
+        GetClientRect(m_hWnd, &rcClient);
+        RECT rc{};
+        for (UINT row = 0; GetItemRect(&rc, row, 0), rc.top < rcClient.bottom; row++) {
+            nRows++;
+        }
+        return nRows;
+    }
     void ThumbTo(double share)
     {
         m_siV.nTrackPos = static_cast<int>(share * (m_siV.nMax - static_cast<int>(m_siV.nPage)));
         SendMessageW(m_hWnd, WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, LOWORD(m_siV.nTrackPos)), 0);
     }
-    void Invert(UINT item) { SetSelected(item, !GetSelected(item)); }
-
-    // As Ctrl+A does.
-    void SelectAll()
+    // As the mouse does it with Ctrl held; the row must be in view.
+    void CtrlClick(UINT row)
     {
-        BYTE keys[256]{};
-        keys[VK_CONTROL] = 0x80;
-        SetKeyboardState(keys);
-        SendMessageW(m_hWnd, WM_KEYDOWN, 'A', 1);
-        keys[VK_CONTROL] = 0;
-        SetKeyboardState(keys);
+        RECT rc{};
+        GetItemRect(&rc, row, 0);
+        const LPARAM at = MAKELPARAM(rc.left + 10, rc.top - GetScrollPos(SB_VERT) + 5);
+        SendMessageW(m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON | MK_CONTROL, at);
+        SendMessageW(m_hWnd, WM_LBUTTONUP, MK_CONTROL, at);
     }
+
+    void SelectAll() { SendMessageW(m_hWnd, WM_KEYDOWN, 'A', 1); }
 };
 
 class PlatformList : public PlatformListView
@@ -129,57 +157,9 @@ template <class LIST> void Thumbs(LIST& list)
     }
 }
 
-void MeasureMemory(Bench& bench, HWND hwndHost)
+// Beside the platform's list, on the same callbacks.
+void MeasurePlatform(Bench& bench, OwnList& own, PlatformList& platform)
 {
-    for (const UINT count : {FEW, MANY}) {
-        const long long before = BytesHeld();
-        OwnList own(hwndHost);
-        ShowCount(own, count);
-        bench.PrintAlone("  bytes of a list of " + std::to_string(count) + ", painted", BytesHeld() - before);
-    }
-}
-
-// What the host is asked by a paint, by the next one without a change, and how many cells that is.
-void CountQuestions(Bench& bench, HWND hwndHost)
-{
-    OwnList own(hwndHost, GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES);
-    own.InsertColumn(END, 0, 0, 30, 10, L"I", 0, LCT_IMAGE, nullptr, nullptr, nullptr, Answer);
-    own.SetCount(MANY);
-    for (const char* pszName : {"  questions of a first paint", "  questions of a second paint"}) {
-        g_nTexts = g_nImages = g_nStates = 0;
-        Paint(own);
-        bench.PrintAlone(std::string(pszName) + ": texts", g_nTexts);
-        bench.PrintAlone(std::string(pszName) + ": images", g_nImages);
-        bench.PrintAlone(std::string(pszName) + ": states", g_nStates);
-    }
-}
-
-void MeasureSelection(Bench& bench, OwnList& own)
-{
-    for (const UINT count : {FEW, MANY}) {
-        own.SetCount(count);
-        const std::string rows = " of " + std::to_string(count);
-        bench.MeasureAlone("  select all" + rows, 1, [&] { own.SelectAll(); });
-        own.ClearSelection();
-        bench.MeasureAlone("  1,000 single selections" + rows, CLICKS, [&] {
-            for (UINT i = 0; i < CLICKS; i++) {
-                own.Invert(static_cast<UINT>(UINT64{i} * (count - 1) / CLICKS));
-            }
-        });
-        own.ClearSelection();
-    }
-}
-
-} // namespace
-
-void MeasureVirtualList()
-{
-    Bench bench(ROUNDS);
-    const Host host(LIST_CX, LIST_CY);
-    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerPlatform));
-    OwnList own(host);
-    PlatformList platform(host);
-    bench.Family("Virtual list beside the platform's owner-data list, " + std::to_string(ROUNDS) + " rounds");
     for (const UINT count : {FEW, MANY}) {
         bench.Measure(
             "  set " + std::to_string(count) + " items, first paint", 1, [&] { ShowCount(own, count); },
@@ -197,9 +177,97 @@ void MeasureVirtualList()
     }
     bench.Measure(
         "  random thumb position, painted", THUMBS, [&] { Thumbs(own); }, [&] { Thumbs(platform); });
-    MeasureSelection(bench, own);
+}
+
+void MeasureSelection(Bench& bench, OwnList& many, OwnList& few)
+{
+    const CtrlHeld held;
+    bench.Measure(
+        "  select all", 1, [&] { many.SelectAll(); }, [&] { few.SelectAll(); });
+    const auto click = [](OwnList& list, UINT count) {
+        for (UINT i = 0; i < CLICKS; i++) {
+            const auto row = static_cast<UINT>(UINT64{i} * (count - 1) / CLICKS);
+            list.ScrollToRow(row);
+            list.CtrlClick(row);
+        }
+    };
+    // The round before those that count selects them, the next one takes that back.
+    many.ClearSelection();
+    few.ClearSelection();
+    bench.Measure(
+        "  bring a row into view and click it with Ctrl", CLICKS, [&] { click(many, MANY); },
+        [&] { click(few, FEW); });
+    click(many, MANY);
+    bench.Print("  rows selected then", many.GetSelectedCount(), CLICKS);
+}
+
+// Both lists at two places: what is far down costs no more.
+void MeasurePlaces(Bench& bench, OwnList& there, OwnList& atTop)
+{
+    atTop.ScrollToRow(0);
+    for (const UINT row : {MANY / 2, MANY - 1}) {
+        there.ScrollToRow(row);
+        const std::string place = " at row " + std::to_string(row) + " / at row 0";
+        bench.Measure(
+            "  full paint" + place, PAINTS, [&] { PaintOften(there); }, [&] { PaintOften(atTop); });
+        bench.Measure(
+            "  page scroll with paint" + place, PAINTS, [&] { PageOften(there); }, [&] { PageOften(atTop); });
+    }
+}
+
+long long BytesOf(UINT count, HWND hwndHost)
+{
+    const long long before = BytesHeld();
+    OwnList own(hwndHost);
+    ShowCount(own, count);
+    Thumbs(own);
+    return BytesHeld() - before;
+}
+
+void MeasureFewAndMany(Bench& bench, OwnList& many, HWND hwndHost)
+{
+    OwnList few(hwndHost);
+    bench.Measure(
+        "  set the items, first paint", 1, [&] { ShowCount(many, MANY); }, [&] { ShowCount(few, FEW); });
+    MeasureSelection(bench, many, few);
+    few.SetCount(MANY);
+    MeasurePlaces(bench, many, few);
+    BytesOf(FEW, hwndHost); // what is made once
+    const long long nMany = BytesOf(MANY, hwndHost);
+    bench.Print("  bytes, 1,000 places painted", nMany, BytesOf(FEW, hwndHost));
+}
+
+// What the host is asked by a paint, by the next one without a change, and how many cells that is.
+void CountQuestions(Bench& bench, HWND hwndHost)
+{
+    OwnList own(hwndHost, GLS_DETAILS | GLS_HEADER | GLS_CHECKBOXES);
+    own.InsertColumn(END, 0, 0, 30, 10, L"I", 0, LCT_IMAGE, nullptr, nullptr, nullptr, Answer);
+    own.SetCount(MANY);
+    const long long nRows = own.RowsInView();
+    for (const char* pszName : {"  questions of a first paint", "  questions of a second paint"}) {
+        g_nTexts = g_nImages = g_nStates = 0;
+        Paint(own);
+        bench.Print(std::string(pszName) + ": texts / cells", g_nTexts, nRows * COLUMNS);
+        bench.Print(std::string(pszName) + ": images / cells", g_nImages, nRows);
+        bench.Print(std::string(pszName) + ": states / cells", g_nStates, nRows);
+    }
+}
+
+} // namespace
+
+void MeasureVirtualList(Bench&)
+{
+    Bench bench(ROUNDS);
+    const Host host(LIST_CX, LIST_CY);
+    SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerPlatform));
+    OwnList own(host);
+    PlatformList platform(host);
+    const std::string rounds = ", " + std::to_string(ROUNDS) + " rounds";
+    bench.Family("Virtual list beside the platform's owner-data list" + rounds);
+    MeasurePlatform(bench, own, platform);
+    bench.Family("Virtual list of 100,000,000 rows beside one of 1,000" + rounds);
+    MeasureFewAndMany(bench, own, host);
     CountQuestions(bench, host);
-    MeasureMemory(bench, host);
 }
 
 } // namespace bench

@@ -1,4 +1,5 @@
-// bench [FAMILY...]: prints the table of the named families, or of all.
+// bench [FAMILY...]: prints the table of the named families, or of all. A family's name stands for its parts
+// too: "list" for "list.virtual".
 #include <bench/Bench.h>
 
 #include <algorithm>
@@ -27,10 +28,13 @@ constexpr FamilyEntry FAMILIES[] = {
     {"scrollbars", &bench::MeasureScrollbars},
     {"text", &bench::MeasureText},
     {"list", &bench::MeasureList},
+    {"list.virtual", &bench::MeasureVirtualList},
     {"longlist", &bench::MeasureLongList},
     {"keys", &bench::MeasureKeys},
     {"dialogs", &bench::MeasureDialogs},
     {"tree", &bench::MeasureTree},
+    {"tree.folder", &bench::MeasureTreeFolder},
+    {"tree.items", &bench::MeasureTreeItems},
 };
 // clang-format on
 
@@ -40,8 +44,13 @@ int main(int argc, char** argv)
 {
     const std::vector<std::string_view> wanted(argv + 1, argv + argc);
     const auto isWanted = [&](std::string_view name) {
-        return wanted.empty() || std::find(wanted.begin(), wanted.end(), name) != wanted.end();
+        const auto isNamed = [&](std::string_view family) {
+            return name.starts_with(family) && (name.size() == family.size() || name[family.size()] == '.');
+        };
+        return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), isNamed);
     };
+    const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES};
+    InitCommonControlsEx(&classes);
     InitControls();
     std::printf(
         "Medians of %d rounds, Gesso and the platform by turns; a ratio below 1 is in Gesso's favour.\n",
