@@ -116,6 +116,16 @@ UINT RowLength(const LineSource& source, int nWidth, int nAverage)
     return IsEnd(source, nEnd) ? BehindEnd(source, nEnd) : nEnd;
 }
 
+UINT LikelyRowStart(const LineSource& source, UINT n, UINT nMostBack)
+{
+    for (UINT nStart = n; nStart > 0 && n - nStart <= nMostBack; --nStart) {
+        if (MayEnd(source, nStart)) {
+            return nStart;
+        }
+    }
+    return n - (n > 0 && IS_HIGH_SURROGATE(source.At(n - 1)) && IS_LOW_SURROGATE(source.At(n)) ? 1 : 0);
+}
+
 UINT CountHangingSpaces(const LineSource& source, UINT nLength)
 {
     UINT n = 0;

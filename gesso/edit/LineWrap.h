@@ -11,6 +11,9 @@ namespace gesso {
 // std::bad_alloc.
 UINT RowLength(const LineSource& source, int nWidth, int nAverage);
 
+// Where a row may begin that is not wrapped yet: at n, which is within the text, or not far in front of it.
+UINT LikelyRowStart(const LineSource& source, UINT n, UINT nMostBack);
+
 // How many spaces end the first nLength characters of a source.
 UINT CountHangingSpaces(const LineSource& source, UINT nLength);
 

@@ -147,7 +147,13 @@ struct TextEditor::Inside final : private CompositionTarget
     void WrapChanged(HDC hdc);
     bool MayBeUnwrapped(UINT nRow) const;
     bool WrapRow(HDC hdc, UINT nRow);
+    void NoteRows(UINT nRow, UINT nRows, UINT nNew);
+    bool IsLong(UINT nCharacters) const;
+    UINT LikelyRowLength(HDC hdc, UINT nRow);
+    void EstimateRows(HDC hdc, UINT nRow);
     void WrapAt(HDC hdc, UINT nOffset);
+    void WrapBetween(HDC hdc, UINT nOne, UINT nOther);
+    int64_t RowAbove(int64_t nRow);
     void WrapInView(HDC hdc);
     void WrapAgain();
     void WrapSlice();
@@ -169,6 +175,7 @@ struct TextEditor::Inside final : private CompositionTarget
     CaretPlace CaretInRow(UINT nRow) const;
     UINT CaretRow() const;
     POINT CaretPoint(HDC hdc);
+    bool IsCaretInView() const;
     void BringCaretIntoView();
     void UpdateCaret();
     void ShowChange();
@@ -226,7 +233,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void MoveAcross(bool fRight, bool fWord, bool fExtend);
     void MoveByRows(int64_t nRows, bool fExtend);
     void MoveToEnd(bool fRight);
-    void WrapBetween(HDC hdc, UINT nOne, UINT nOther);
+    void NeedCaretRow();
     void MovePage(bool fDown, bool fExtend);
     void ScrollByKey(int nRows);
     void TellScrolled(const ViewPlace& former);
@@ -244,6 +251,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void DragSelection(POINT pt);
     UINT UnitOffset(POINT pt);
     void ExtendTo(POINT pt);
+    void WrapByTimer();
     bool OnTimer(UINT_PTR uId);
     void KeepScrolling(bool fScrolls);
     RECT ScrollingEdge() const;

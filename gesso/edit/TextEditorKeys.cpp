@@ -33,12 +33,22 @@ void TextEditor::Inside::SelectAll()
 
 // --- Moving
 
+// A program may have put the caret where nothing is wrapped yet.
+void TextEditor::Inside::NeedCaretRow()
+{
+    if (nWrapWidth > 0) {
+        const EditContext hdc(Window(), site.Font());
+        WrapAt(hdc, model.Caret());
+    }
+}
+
 // Ctrl+Home and Ctrl+End lead to the ends of the text. False for a key that moves nothing.
 bool TextEditor::Inside::MoveByKey(UINT uKey, bool fControl, bool fExtend)
 {
     if (!IsMultiLine() && (uKey == VK_UP || uKey == VK_DOWN)) {
         uKey = uKey == VK_UP ? VK_LEFT : VK_RIGHT; // as the platform's field of one line
     }
+    NeedCaretRow();
     const UINT nRow = CaretRow();
     switch (uKey) {
     case VK_LEFT: MoveAcross(false, fControl, fExtend); break;
@@ -124,21 +134,6 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
     }
 }
 
-// What the caret passes over counts by its rows.
-void TextEditor::Inside::WrapBetween(HDC hdc, UINT nOne, UINT nOther)
-{
-    const RowTable& rows = model.Rows();
-    const UINT nEnd = rows.Start(nOne);
-    const auto isBetween = [&](UINT nRow) {
-        return nRow < rows.Count() && (nOther < nOne ? rows.Start(nRow) < nEnd : nRow <= nOther);
-    };
-    for (UINT nRow = std::min(nOne, nOther); isBetween(nRow); ++nRow) {
-        if (MayBeUnwrapped(nRow)) {
-            WrapRow(hdc, nRow);
-        }
-    }
-}
-
 // The caret keeps its column, also across rows that are shorter.
 void TextEditor::Inside::MoveByRows(int64_t nRows, bool fExtend)
 {
@@ -176,7 +171,7 @@ void TextEditor::Inside::MovePage(bool fDown, bool fExtend)
 void TextEditor::Inside::ScrollByKey(int nRows)
 {
     const ViewPlace former = Place();
-    ScrollTo(int64_t{nTop} + nRows, xScroll);
+    ScrollTo(RowAbove(int64_t{nTop} + nRows), xScroll);
     const Watch watch(site.Window());
     Arrange();
     if (watch) {

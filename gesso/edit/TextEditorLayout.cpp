@@ -429,6 +429,12 @@ void TextEditor::Inside::BringCaretIntoView()
     ScrollTo(nNewTop, xNew);
 }
 
+bool TextEditor::Inside::IsCaretInView() const
+{
+    const UINT nRow = CaretRow();
+    return nRow >= nTop && nRow < uint64_t{nTop} + RowsInView();
+}
+
 // Another window's caret stays where it is.
 void TextEditor::Inside::UpdateCaret()
 {
@@ -438,8 +444,7 @@ void TextEditor::Inside::UpdateCaret()
     }
     // One that is scrolled away stands above the window. Its row need not be prepared for that.
     const int nAway = -2 * nRowHeight;
-    const UINT nRow = CaretRow();
-    if (nRow < nTop || nRow >= uint64_t{nTop} + RowsInView()) {
+    if (!IsCaretInView()) {
         SetCaretPos(0, nAway);
         return;
     }

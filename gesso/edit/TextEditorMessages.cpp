@@ -197,6 +197,7 @@ LRESULT TextEditor::Inside::PosFromChar(UINT n)
     }
     const EditContext hdc(Window(), site.Font());
     NeedStyle(hdc);
+    WrapAt(hdc, n);
     const UINT nRow = model.Rows().RowOf(n);
     const CaretPlace place{n - model.Rows().Start(nRow), false};
     const RECT rc = Area();
@@ -221,7 +222,7 @@ LRESULT TextEditor::Inside::LineScroll(int nCharacters, int nLines)
         return FALSE;
     }
     const int64_t x = std::clamp<int64_t>(int64_t{xScroll} + int64_t{nCharacters} * nAverage, 0, LastX());
-    ScrollTo(int64_t{nTop} + nLines, x);
+    ScrollTo(RowAbove(int64_t{nTop} + nLines), x);
     const Watch watch(site.Window());
     Arrange();
     if (watch) {

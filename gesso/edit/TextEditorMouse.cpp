@@ -237,18 +237,30 @@ void TextEditor::Inside::ExtendTo(POINT pt)
     }
 }
 
+// The view stays, and the caret in it.
+void TextEditor::Inside::WrapByTimer()
+{
+    fViewWrapped = false;
+    const UINT nFormerStart = model.Rows().Start(nTop);
+    const bool fCaretInView = fCaret && IsCaretInView();
+    const Watch watch(site.Window());
+    WrapSlice();
+    Arrange();
+    if (!watch || (!fViewWrapped && model.Rows().Start(nTop) == nFormerStart)) {
+        return;
+    }
+    if (fCaretInView && !IsCaretInView()) {
+        ShowChange();
+    } else {
+        UpdateCaret();
+        Repaint();
+    }
+}
+
 bool TextEditor::Inside::OnTimer(UINT_PTR uId)
 {
     if (uId == EDIT_TIMER_WRAP) {
-        fViewWrapped = false;
-        const UINT nFormerStart = model.Rows().Start(nTop);
-        const Watch watch(site.Window());
-        WrapSlice();
-        Arrange();
-        if (watch && (fViewWrapped || model.Rows().Start(nTop) != nFormerStart)) {
-            UpdateCaret();
-            Repaint();
-        }
+        WrapByTimer();
     } else if (uId == EDIT_TIMER_SCROLL) {
         ScrollOn();
     } else {
@@ -286,6 +298,7 @@ void TextEditor::Inside::ScrollOn()
 // What the user asks for, by whatever means; the caret stays. The control may be gone afterwards.
 bool TextEditor::Inside::ScrollByUser(int64_t nRow, int64_t x)
 {
+    nRow = RowAbove(nRow);
     const ViewPlace former = Place();
     if (!ScrollTo(nRow, x)) {
         return false;
