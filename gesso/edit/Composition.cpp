@@ -252,6 +252,26 @@ bool Composition::Finish()
     return watch;
 }
 
+// False if the control is gone.
+bool Composition::FollowSecret()
+{
+    const HWND hwnd = Frame::Handle(m_target.ComposedWindow());
+    if (!hwnd || m_target.IsSecret() == m_fSecret) {
+        return true;
+    }
+    const Watch watch(m_target.ComposedWindow());
+    m_fSecret = !m_fSecret;
+    if (m_fSecret && (!IsActive() || Cancel())) {
+        const HIMC himcFormer = ImmAssociateContext(hwnd, nullptr);
+        if (watch) {
+            m_himcFormer = himcFormer;
+        }
+    } else if (watch && m_himcFormer) {
+        ImmAssociateContext(hwnd, std::exchange(m_himcFormer, nullptr));
+    }
+    return watch;
+}
+
 // --- The input method's windows
 
 void Composition::Follow()

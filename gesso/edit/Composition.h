@@ -18,6 +18,8 @@ public:
     virtual HFONT ComposedFont() const = 0;
     // Whether anything may be composed: not where nothing may be typed.
     virtual bool MayCompose() const = 0;
+    // Whether an input method is kept away, which would show what is typed.
+    virtual bool IsSecret() const = 0;
     // The composed text, or its caret, has changed.
     virtual void ShowComposition() = 0;
     // From the composed text's start to its caret, as high as the row, in client coordinates.
@@ -58,6 +60,8 @@ public:
     // What is composed may show elsewhere, or in another font: the input method's windows follow.
     void Follow();
     void FollowFont();
+    // Whether the field is secret may have changed. False if the control is gone.
+    bool FollowSecret();
     // Whether a character is of the part that is being converted.
     bool IsTarget(UINT n) const;
 
@@ -84,6 +88,8 @@ private:
     UINT m_nComposedCaret = 0;
     bool m_fTyping = false; // the platform sends what is accepted as characters
     RECT m_rcPlaced{};
+    bool m_fSecret = false;
+    HIMC m_himcFormer = nullptr; // the window's, while the field is secret
 };
 
 } // namespace gesso

@@ -190,7 +190,7 @@ bool TextEditor::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plA
                            m_inside->OnEditMessage(uMsg, wParam, lParam, plAnswer) ||
                            m_inside->OnInput(uMsg, wParam, lParam, plAnswer) ||
                            m_inside->OnClipboardMessage(uMsg, plAnswer);
-        if (watch) {
+        if (watch && m_inside->composition.FollowSecret()) {
             m_inside->composition.Follow();
         }
         return fDone;

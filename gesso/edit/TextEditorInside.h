@@ -305,7 +305,8 @@ struct TextEditor::Inside final : private CompositionTarget
     // --- Input methods
     const GWnd& ComposedWindow() const override { return site.Window(); }
     HFONT ComposedFont() const override { return site.Font(); }
-    bool MayCompose() const override { return !IsReadOnly(); }
+    bool MayCompose() const override { return !IsReadOnly() && !IsSecret(); }
+    bool IsSecret() const override { return Mask() != 0; }
     void ShowComposition() override;
     RECT ComposedRect() override;
     bool Accept(LPCWSTR psz, UINT n) override;

@@ -281,11 +281,20 @@ TEST_F(CompositionTest, TheWordAtTheCaretIsSelectedToBeConverted)
     EXPECT_EQ(Shown(), "1| two");
 }
 
-TEST_F(CompositionTest, ASecretIsNotConvertedAgain)
+TEST_F(CompositionTest, ASecretIsNeitherComposedNorConvertedAgain)
 {
     Make(L"secret", 0, 6, ES_PASSWORD | ES_AUTOHSCROLL);
     EXPECT_EQ(SendMessageW(hwnd, WM_IME_REQUEST, IMR_RECONVERTSTRING, 0), 0);
+    EXPECT_EQ(ImmGetContext(hwnd), nullptr);
+    SendMessageW(hwnd, EM_SETPASSWORDCHAR, 0, 0);
+    Own(ImmGetContext(hwnd));
     Accept(L"new");
+    EXPECT_EQ(Shown(), "new|");
+    Compose(L"er");
+    SendMessageW(hwnd, EM_SETPASSWORDCHAR, '*', 0);
+    EXPECT_EQ(ImmGetContext(hwnd), nullptr);
+    Notify(CPS_COMPLETE);
+    DispatchAll();
     EXPECT_EQ(Shown(), "new|");
 }
 

@@ -123,6 +123,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"ImageList_Create", "null"},
     {"ImageList_Destroy", "FALSE", true},
     {"ImageList_DrawEx", "FALSE"},
+    {"ImmAssociateContext", "null"},
     {"ImmGetCompositionStringW", "IMM_ERROR_GENERAL"},
     {"ImmGetContext", "null"},
     {"ImmNotifyIME", "FALSE"},

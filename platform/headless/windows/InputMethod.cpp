@@ -30,7 +30,8 @@ InputMethod* MethodOf(HIMC context)
 void TellWindow(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
 {
     const HWND focus = TheDesktop().shared->focus;
-    if (const WindowRef window = Peek(focus ? focus : TheDesktop().inputMethod.window)) {
+    const WindowRef window = Peek(focus ? focus : TheDesktop().inputMethod.window);
+    if (window && !window->noInputContext) {
         Send(*window, message, wParam, lParam);
     }
 }
@@ -143,7 +144,19 @@ HIMC WINAPI ImmGetContext(HWND hwnd)
         return nullptr;
     }
     const WindowRef window = Find(hwnd);
-    return window && !IsForeign(*window) ? ContextOf(TheDesktop()) : nullptr;
+    return window && !IsForeign(*window) && !window->noInputContext ? ContextOf(TheDesktop()) : nullptr;
+}
+
+// The thread's context or none: there are no others.
+HIMC WINAPI ImmAssociateContext(HWND hwnd, HIMC context)
+{
+    const TableLock lock;
+    const WindowRef window = FaultFires("ImmAssociateContext") ? nullptr : Find(hwnd);
+    if (!window || IsForeign(*window) || (context && !MethodOf(context))) {
+        return nullptr;
+    }
+    const bool none = std::exchange(window->noInputContext, context == nullptr);
+    return none ? nullptr : ContextOf(TheDesktop());
 }
 
 BOOL WINAPI ImmReleaseContext(HWND, HIMC)

@@ -117,6 +117,22 @@ TEST_F(CompositionFaultTest, WhatIsComposedBehindAResultIsShownUnlessTheFocusHas
     EXPECT_EQ(TextOf(hwndOther), "ef") << "the input method goes on there";
 }
 
+TEST_F(CompositionFaultTest, ASecretTakesNothingOfAnInputMethodThatCannotBeKeptAway)
+{
+    desk::Fail("ImmAssociateContext");
+    SendMessageW(hwnd, EM_SETPASSWORDCHAR, '*', 0);
+    EndFaults();
+    Compose(L"ab");
+    EXPECT_EQ(Underlines(), 0);
+    Complete();
+    desk::Pump();
+    EXPECT_EQ(TextOf(hwnd), "xy");
+    SendMessageW(hwnd, EM_SETPASSWORDCHAR, 0, 0);
+    Compose(L"ab");
+    Complete();
+    EXPECT_EQ(TextOf(hwnd), "xaby");
+}
+
 TEST_F(CompositionFaultTest, WhatThereIsNoMemoryForIsNotLost)
 {
     constexpr size_t LENGTH = 100;
