@@ -81,6 +81,7 @@ void MeasureCheckBoxes(Bench& bench);
 void MeasureEdits(Bench& bench);
 void MeasureFields(Bench& bench);
 void MeasureCombos(Bench& bench);
+void MeasurePane(Bench& bench);
 void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);

@@ -1,3 +1,4 @@
+#include <bench/Floor.h>
 #include <bench/Lists.h>
 
 #include <algorithm>
@@ -151,6 +152,7 @@ void MeasureView(Bench& bench, OwnList& own, PlatformList& platform)
     own.ScrollToTop();
     platform.ScrollToTop();
     paint("  full paint at the top");
+    MeasureFloor(own, PAINTS);
     own.ScrollToEnd();
     platform.ScrollToEnd();
     paint("  full paint at the end");

@@ -1,4 +1,4 @@
-#include <bench/Bench.h>
+#include <bench/Floor.h>
 
 #include <gesso/ribbon/GRibbonPage.h>
 
@@ -69,7 +69,6 @@ public:
     Copier(const Copier&) = delete;
     Copier& operator=(const Copier&) = delete;
 
-    HDC Context() const { return m_hdc; }
     void Copy() const { BitBlt(m_hdcWindow, 0, 0, CX, CY, m_hdc, 0, 0, SRCCOPY); }
 
 private:
@@ -79,25 +78,9 @@ private:
     HGDIOBJ m_hFormer;
 };
 
-// What a paint asks of the theme: the parent's background for the strip and for the page, and a text an item.
-void MakeThemeCalls(HWND hwnd, HDC hdc, HTHEME hTheme)
-{
-    RECT rc{0, 0, CX, CY};
-    DrawThemeParentBackground(hwnd, hdc, &rc);
-    rc.top = 26;
-    DrawThemeParentBackground(hwnd, hdc, &rc);
-    SelectObject(hdc, g_hDefaultFont);
-    for (int i = 0; i < ITEMS; i++) {
-        const RECT rcText{20 * i, 68, 20 * i + 46, 93};
-        DrawThemeText(hTheme, hdc, BP_PUSHBUTTON, PBS_NORMAL, L"Paste", 5, DT_CENTER | DT_WORDBREAK, 0,
-                      &rcText);
-    }
-}
-
 void MeasurePainting(Bench& bench, GRibbon& ribbon)
 {
     const HWND hwnd = ribbon;
-    const HTHEME hTheme = OpenThemeData(hwnd, L"BUTTON");
     const Copier copier(hwnd);
     const auto repeat = [](auto work) {
         for (int i = 0; i < PAINTS; i++) {
@@ -107,10 +90,7 @@ void MeasurePainting(Bench& bench, GRibbon& ribbon)
     bench.Measure(
         "paint 6 tabs, 40 items; beside one bitmap copy", PAINTS, [&] { Repaint(hwnd); },
         [&] { repeat([&] { copier.Copy(); }); });
-    bench.Measure(
-        "paint 6 tabs, 40 items; beside its theme calls", PAINTS, [&] { Repaint(hwnd); },
-        [&] { repeat([&] { MakeThemeCalls(hwnd, copier.Context(), hTheme); }); });
-    CloseThemeData(hTheme);
+    MeasureFloor(hwnd, PAINTS);
 }
 
 void MeasureHitTests(Bench& bench, GRibbon& ribbon)

@@ -1,3 +1,4 @@
+#include <bench/Floor.h>
 #include <bench/Trees.h>
 
 #include <algorithm>
@@ -65,6 +66,7 @@ void MeasureView(Bench& bench, OwnTree& own, PlatformTree& platform)
     bench.Measure(
         "  full paint", PAINTS, [&] { Repeat(PAINTS, [&] { Paint(own); }); },
         [&] { Repeat(PAINTS, [&] { Paint(platform); }); });
+    MeasureFloor(own, PAINTS);
     bench.Measure(
         "  page scroll with paint", 2 * PAINTS, [&] { Repeat(PAINTS, [&] { PageDownOrUp(own); }); },
         [&] { Repeat(PAINTS, [&] { PageDownOrUp(platform); }); });

@@ -1,3 +1,4 @@
+#include <bench/Floor.h>
 #include <bench/Pairs.h>
 
 namespace bench {
@@ -69,6 +70,7 @@ void MeasurePainting(Bench& bench, HWND hwndGesso, HWND hwndPlatform)
 {
     bench.Measure(
         "paint one on the screen", PAINTS, [&] { Repaint(hwndGesso); }, [&] { Repaint(hwndPlatform); });
+    MeasureFloor(hwndGesso, PAINTS);
 }
 
 void MeasurePrinting(Bench& bench, HWND hwndGesso, HWND hwndPlatform)

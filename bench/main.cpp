@@ -24,6 +24,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"fields", &bench::MeasureFields},
     {"combos", &bench::MeasureCombos},
     {"progressbars", &bench::MeasureProgressBars},
+    {"pane", &bench::MeasurePane},
     {"ribbon", &bench::MeasureRibbon},
     {"scrollbars", &bench::MeasureScrollbars},
     {"text", &bench::MeasureText},
