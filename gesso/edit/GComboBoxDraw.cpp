@@ -1,6 +1,5 @@
 // Drawing of a combo box.
 
-#include <gesso/edit/ComboText.h>
 #include <gesso/edit/FieldText.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/Colors.h>
@@ -103,9 +102,9 @@ void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
         pModern->DrawField(hdc);
         return;
     }
-    if (ModernPart()) {
+    if (Modern* pModern = ModernPart()) {
         const bool fGrey = Frame::Style(*this) & WS_DISABLED;
-        gesso::DrawComboText(
+        pModern->Texts().Draw(
             hdc, m_strText, rcText,
             gesso::ColorOf(fGrey ? gesso::Color::FieldDisabledText : gesso::Color::FieldText));
         return;
@@ -119,11 +118,11 @@ void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
 
 void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
 {
-    const Modern* pModern = ModernPart();
+    Modern* pModern = ModernPart();
     if (const ComboItem* pItem = ItemAt(Selected())) {
         const ThemePart part(m_hTheme, hdc, CP_READONLY, nState, PlainPart::PushButton);
         if (pModern) {
-            gesso::DrawComboText(hdc, pItem->pszText, rcText, part.TextColor());
+            pModern->Texts().Draw(hdc, pItem->pszText, rcText, part.TextColor());
         } else {
             part.DrawString(pItem->pszText, DT_SINGLELINE | gesso::ItemPrefixFormat(*this), rcText);
         }

@@ -1,4 +1,3 @@
-#include <gesso/edit/ComboText.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/BehaviorMark.h>
 #include <gesso/framework/BufferedPaint.h>
@@ -303,8 +302,8 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
     const ThemePart part(m_hListTheme, hdc, LVP_LISTITEM, fHot ? int{LISS_HOTSELECTED} : int{LISS_NORMAL},
                          PlainPart::Row);
     const LPCWSTR psz = (*m_pItems)[nItem]->pszText;
-    if (m_pOwner->ModernPart()) {
-        gesso::DrawComboText(hdc, psz, rcText, part.TextColor(), DT_VCENTER);
+    if (auto* pModern = m_pOwner->ModernPart()) {
+        pModern->Texts().Draw(hdc, psz, rcText, part.TextColor(), DT_VCENTER);
     } else {
         part.DrawString(psz, DT_SINGLELINE | DT_VCENTER | gesso::ItemPrefixFormat(*m_pOwner), rcText);
     }

@@ -104,7 +104,8 @@ bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam,
     case WM_ENABLE: return !wParam && !Leave();
     case WM_WINDOWPOSCHANGED: return !LeaveIfMoved();
     case WM_STYLECHANGED: return !OnStyle() || !Leave();
-    case WM_SIZE: Reflow(); return false;
+    case WM_SIZE: m_editor.Reflow(); return false;
+    case WM_FONTCHANGE: m_texts.Forget(); return false;
     case WM_SETFONT:
         m_combo.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
         OnFont();

@@ -5,6 +5,7 @@
 // included: what tells does so last, or holds a Lifeline.
 #pragma once
 
+#include <gesso/edit/ComboText.h>
 #include <gesso/edit/EditorSite.h>
 #include <gesso/edit/GComboBoxInside.h>
 #include <gesso/edit/TextEditor.h>
@@ -40,7 +41,8 @@ struct GComboBox::Modern final : private gesso::EditorSite
 
     void DrawField(HDC hdc);
     // In a face without an item.
-    void DrawCue(HDC hdc, const RECT& rcText) const;
+    void DrawCue(HDC hdc, const RECT& rcText);
+    gesso::ComboTexts& Texts() { return m_texts; }
     UINT CharAt(POINTS pt);
 
 private:
@@ -178,6 +180,7 @@ private:
     gesso::TextEditor m_editor;
     gesso::TypeAhead m_typed;
     gesso::ControlText m_cue;
+    gesso::ComboTexts m_texts;
     UINT m_nMinVisible = 30;
     int m_nRowHeight = 0; // CB_SETITEMHEIGHT; 0 for what the font needs
     UINT m_nTop = 0;      // the first row in view when the list opens

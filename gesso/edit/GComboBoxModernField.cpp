@@ -2,7 +2,6 @@
 // own members follow.
 
 #include <gesso/edit/ComboSearch.h>
-#include <gesso/edit/ComboText.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/GEdit.h>
 #include <gesso/framework/Colors.h>
@@ -132,6 +131,7 @@ bool GComboBox::Modern::TakeText()
 void GComboBox::Modern::Reflow()
 {
     m_nWidest = -1;
+    m_texts.Forget();
     m_editor.Reflow();
 }
 
@@ -261,10 +261,10 @@ void GComboBox::Modern::DrawField(HDC hdc)
     m_editor.Draw(hdc, TextRect());
 }
 
-void GComboBox::Modern::DrawCue(HDC hdc, const RECT& rcText) const
+void GComboBox::Modern::DrawCue(HDC hdc, const RECT& rcText)
 {
     if (m_cue) {
-        gesso::DrawComboText(hdc, m_cue, rcText, gesso::SystemColor(COLOR_GRAYTEXT));
+        m_texts.Draw(hdc, m_cue, rcText, gesso::SystemColor(COLOR_GRAYTEXT));
     }
 }
 

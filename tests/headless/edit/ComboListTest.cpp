@@ -570,4 +570,29 @@ TEST_F(ComboListTest, ThePressThatClosesItInModernIsUsedUpWithItsRelease)
     EXPECT_TRUE(release.Happened());
 }
 
+TEST_F(ComboListTest, WhatWasPaintedInModernIsNotPreparedAgain)
+{
+    const Modern modern;
+    Make(GCBS_DROPDOWNLIST, 3);
+    SendMessageW(Combo(), CB_SETCURSEL, 1, 0);
+    SendMessageW(Combo(), CB_SHOWDROPDOWN, TRUE, 0);
+    desk::Pump();
+    const auto isPrepared = [&](HWND hwnd) {
+        desk::Fail("ScriptShape", 1);
+        RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        const bool fAsked = desk::PendingFaults().empty();
+        desk::ClearFaults();
+        RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        return !fAsked;
+    };
+    EXPECT_TRUE(isPrepared(List()));
+    EXPECT_TRUE(isPrepared(Combo()));
+    Combo().SetItemText(1, L"another");
+    EXPECT_FALSE(isPrepared(List()));
+    EXPECT_TRUE(isPrepared(List()));
+    SendMessageW(Combo(), WM_SETFONT, SendMessageW(Combo(), WM_GETFONT, 0, 0), FALSE);
+    EXPECT_FALSE(isPrepared(List())) << "in another font, it may be";
+    SendMessageW(Combo(), CB_SHOWDROPDOWN, FALSE, 0);
+}
+
 } // namespace
