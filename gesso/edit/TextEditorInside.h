@@ -5,6 +5,7 @@
 
 #include <gesso/edit/Composition.h>
 #include <gesso/edit/LineWrap.h>
+#include <gesso/edit/LongestRow.h>
 #include <gesso/edit/TextEditor.h>
 #include <gesso/edit/TextInput.h>
 #include <gesso/framework/DrawScope.h>
@@ -89,7 +90,8 @@ struct TextEditor::Inside final : private CompositionTarget
     int xScroll = 0;
     int nColumn = -1; // the x that Up and Down keep; -1 before the first of them
     bool fTrailing = false;
-    int nWidest = 0;                      // the widest line so far, for the bar
+    int nWidest = 0;                      // the widest line so far, for the bar; 0 to be measured
+    LongestRow longest;                   // of rows that are not wrapped
     int nWrapWidth = 0;                   // what rows are wrapped at; 0 where they are not
     UINT nWrapped = 0;                    // text up to here is wrapped
     std::optional<TextRange> unwrapped{}; // but what edits have changed here
@@ -160,6 +162,7 @@ struct TextEditor::Inside final : private CompositionTarget
     UINT WordEnd(UINT n) const;
     UINT WordStart(UINT n) const;
     void MeasureWidest(HDC hdc);
+    int WidthOf(HDC hdc, UINT nRow);
     void MeasureView(HDC hdc);
     int LeftOf(HDC hdc, UINT nRow);
     int LeftOf(int nWidth) const;

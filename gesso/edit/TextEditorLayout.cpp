@@ -146,6 +146,8 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
     const UINT nStart = model.Rows().Start(change.nRow);
     const int64_t nBy = int64_t{change.nInserted} - change.nRemoved;
     NoteUnwrapped({change.nFrom, change.nFrom + change.nInserted}, nBy);
+    const CachedLine* former = fOneRow ? nullptr : FindLine(change.nRow);
+    const bool fWidestParted = former && former->line.Width() == nWidest;
     if (!fOneRow) {
         FollowRows(change.nRow, change.nRowsRemoved, change.nRowsInserted);
     }
@@ -159,6 +161,9 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
     if (nWrapped >= change.nFrom) {
         nWrapped = static_cast<UINT>(std::max<int64_t>(int64_t{nWrapped} + nBy, change.nFrom));
     }
+    if (nWrapWidth == 0) {
+        longest.Follow(model.Rows(), change);
+    }
     const HWND hwnd = Window();
     if (!hwnd) {
         ForgetLines();
@@ -169,7 +174,7 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
         const bool fWidest = line->line.Width() == nWidest;
         line->line.Change(Source(hdc, change.nRow), change.nFrom - nStart, change.nRemoved, change.nInserted);
         nWidest = fWidest && line->line.Width() < nWidest ? 0 : std::max(nWidest, line->line.Width());
-    } else if (change.nRowsRemoved > 1) {
+    } else if (change.nRowsRemoved > 1 || fWidestParted) {
         nWidest = 0; // the widest may have gone
     }
 }
@@ -203,22 +208,22 @@ void TextEditor::Inside::MeasureWidest(HDC hdc)
     if (nWidest > 0 || nWrapWidth > 0) {
         return;
     }
-    UINT nLongest = 0;
-    UINT nMost = 0;
-    for (UINT nRow = 0; nRow < model.Rows().Count(); ++nRow) {
-        const UINT nLength = model.Rows().Length(nRow);
-        if (nLength > nMost) {
-            nMost = nLength;
-            nLongest = nRow;
-        }
+    const UINT nRow = longest.Find(model.Rows());
+    if (longest.Width() == 0) {
+        longest.SetWidth(WidthOf(hdc, nRow));
     }
-    if (nMost > LONG_LINE) {
-        nWidest = Saturated(int64_t{nMost} * nAverage);
-        return;
+    nWidest = longest.Width();
+}
+
+int TextEditor::Inside::WidthOf(HDC hdc, UINT nRow)
+{
+    const UINT nLength = model.RowText(nRow).Length();
+    if (nLength > LONG_LINE) {
+        return Saturated(int64_t{nLength} * nAverage);
     }
     PreparedLine line;
-    line.Prepare(Source(hdc, nLongest), model.RowText(nLongest).Length());
-    nWidest = std::max(line.Width(), 1);
+    line.Prepare(Source(hdc, nRow), nLength);
+    return std::max(line.Width(), 1);
 }
 
 // Lines in view may be wider than the longest one.

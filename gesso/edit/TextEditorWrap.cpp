@@ -216,6 +216,7 @@ void TextEditor::Inside::WrapAgain()
     const int nWidth = Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0;
     ForgetLines();
     nWidest = 0;
+    longest.Forget();
     if (nWrapWidth > 0 && !model.Unwrap()) {
         return;
     }

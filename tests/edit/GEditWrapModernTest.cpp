@@ -113,4 +113,27 @@ TEST_F(GEditWrapModernTest, SpacesBehindACentredRowHangOverAndDoNotMoveIt)
     EXPECT_EQ(LOWORD(Send(EM_POSFROMCHAR, 9)), nRight);
 }
 
+TEST_F(GEditWrapModernTest, TheBarFollowsTheLongestLine)
+{
+    Make(10, 6, ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | WS_HSCROLL);
+    SetFocus(edit.GetHwnd());
+    const auto columns = [&] {
+        SCROLLINFO si{sizeof(si), SIF_RANGE, 0, 0, 0, 0, 0};
+        edit.GetScrollInfo(SB_HORZ, &si);
+        return si.nMax / Column();
+    };
+    edit.SetText(L"0123456789012345678901234567890123456789\n012345678901234567890123\nshort");
+    ASSERT_EQ(columns(), 40);
+    edit.SetSel(20, 20);
+    Char(13);
+    EXPECT_EQ(columns(), 24) << "the longest was parted";
+    Key(VK_END, {VK_CONTROL});
+    Key(VK_HOME);
+    Char(8);
+    EXPECT_EQ(columns(), 29) << "and another joined";
+    edit.SetSel(44, 60);
+    edit.ReplaceSel(L"", true);
+    EXPECT_EQ(columns(), 20);
+}
+
 } // namespace
