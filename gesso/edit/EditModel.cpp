@@ -181,6 +181,13 @@ bool EditModel::Undo()
     return fDone;
 }
 
+void EditModel::Revert()
+{
+    if (Undo()) {
+        m_undo.ForgetUndone();
+    }
+}
+
 bool EditModel::Redo()
 {
     EndStep();

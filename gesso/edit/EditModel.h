@@ -72,6 +72,8 @@ public:
     // what they were.
     bool Undo();
     bool Redo();
+    // Takes the newest step back for good.
+    void Revert();
     bool CanUndo() const { return m_undo.ToUndo() != nullptr; }
     bool CanRedo() const { return m_undo.ToRedo() != nullptr; }
     void EmptyUndo() { m_undo.Empty(); }

@@ -49,7 +49,14 @@ TextEditor* TextEditor::At(POINT ptScreen)
 void TextEditor::Inside::StartDrag()
 {
     press = Press::Dragging;
-    fDragInside = false;
+}
+
+// The field that would take what is dragged; null for none, also over one of another thread, whose text is
+// that thread's own.
+TextEditor::Inside* TextEditor::Inside::DropTarget(POINT ptScreen)
+{
+    TextEditor* const pTarget = TextEditor::At(ptScreen);
+    return pTarget && pTarget->m_inside->MayChange() ? pTarget->m_inside : nullptr;
 }
 
 // The field under the pointer shows where the text would go.
@@ -60,22 +67,27 @@ void TextEditor::Inside::MoveDrag(POINT pt)
     }
     POINT ptScreen = pt;
     ClientToScreen(Window(), &ptScreen);
-    TextEditor* pTarget = TextEditor::At(ptScreen);
-    const RECT rcInner = ScrollingEdge();
+    Inside* const pTarget = DropTarget(ptScreen);
     for (TextEditor* pEditor = TextEditor::s_pFirst; pEditor; pEditor = pEditor->m_pNext) {
         Inside& field = *pEditor->m_inside;
-        const bool fHere = pEditor == pTarget && field.MayChange();
         bool fBehind = false;
-        field.ShowDropAt(fHere ? std::optional(field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind))
-                               : std::nullopt);
+        field.ShowDropAt(&field == pTarget
+                             ? std::optional(field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind))
+                             : std::nullopt);
     }
-    const bool fInner = PtInRect(&rcInner, pt);
-    fDragInside = fDragInside || fInner;
-    KeepScrolling(pTarget && pTarget->m_inside == this && MayChange() && fDragInside && !fInner);
+    KeepScrolling(pTarget && pTarget->IsDragAtEdge(ToField(pTarget->Window(), ptScreen)));
     constexpr WORD ARROW_CURSOR = 32512;
     constexpr WORD NO_CURSOR = 32648;
-    const bool fTakes = pTarget && pTarget->m_inside->MayChange();
-    SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(fTakes ? ARROW_CURSOR : NO_CURSOR)));
+    SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(pTarget ? ARROW_CURSOR : NO_CURSOR)));
+}
+
+// Whether what is dragged over this field is near its edge, after it was not.
+bool TextEditor::Inside::IsDragAtEdge(POINT pt)
+{
+    const RECT rcInner = ScrollingEdge(true);
+    const bool fInner = PtInRect(&rcInner, pt);
+    fDragInside = fDragInside || fInner;
+    return fDragInside && !fInner;
 }
 
 void TextEditor::Inside::ShowDropAt(std::optional<UINT> at)
@@ -90,6 +102,7 @@ void TextEditor::Inside::EndDrag()
 {
     for (TextEditor* pEditor = TextEditor::s_pFirst; pEditor; pEditor = pEditor->m_pNext) {
         pEditor->m_inside->ShowDropAt(std::nullopt);
+        pEditor->m_inside->fDragInside = false;
     }
 }
 
@@ -144,7 +157,7 @@ bool TextEditor::Inside::IsSelected(const TextRange& range, const std::vector<wc
     return now == text;
 }
 
-// One step: what is taken out and put in.
+// One step: what is taken out and put in, for which the first makes room.
 void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::vector<wchar_t>& text,
                                     bool fCopies)
 {
@@ -161,18 +174,17 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
     const ViewPlace former = Place();
     model.BeginStep();
     const DWORD dwNow = GetTickCount();
-    const bool fPutIn = model.Replace({at, at}, text.data(), nLength, EditKind::Step, dwNow);
-    bool fDone = fPutIn;
-    if (fPutIn) {
-        const UINT nFrom = at < range.nFrom ? range.nFrom + nLength : range.nFrom;
-        fDone = model.Replace({nFrom, nFrom + nLength}, L"", 0, EditKind::Step, dwNow);
-        const UINT nStart = fDone && at > range.nTo ? at - nLength : at;
+    const bool fTakenOut = model.Replace(range, L"", 0, EditKind::Step, dwNow);
+    const UINT nStart = at > range.nTo ? at - nLength : at;
+    const bool fDone =
+        fTakenOut && model.Replace({nStart, nStart}, text.data(), nLength, EditKind::Step, dwNow);
+    if (fDone) {
         model.Select(nStart, nStart + nLength);
     }
     model.EndStep();
     if (!fDone) {
-        if (fPutIn) {
-            model.Undo(); // nothing stands twice
+        if (fTakenOut) {
+            model.Revert();
         }
         Repaint();
         return;

@@ -257,8 +257,9 @@ struct TextEditor::Inside final : private CompositionTarget
     void WrapByTimer();
     bool OnTimer(UINT_PTR uId);
     void KeepScrolling(bool fScrolls);
-    RECT ScrollingEdge() const;
+    RECT ScrollingEdge(bool fDragging) const;
     void ScrollOn();
+    void ScrollToward(POINT ptScreen, bool fDragging);
     void OnCaptureLost(HWND hwndNew);
     bool ScrollByUser(int64_t nRow, int64_t x);
     bool OnWheel(int nDelta, bool fAcross);
@@ -266,7 +267,9 @@ struct TextEditor::Inside final : private CompositionTarget
     bool SetsCursor(UINT uHit);
 
     void StartDrag();
+    static Inside* DropTarget(POINT ptScreen);
     void MoveDrag(POINT pt);
+    bool IsDragAtEdge(POINT pt);
     void Drop(POINT pt);
     void EndDrag();
     void ShowDropAt(std::optional<UINT> at);

@@ -198,10 +198,10 @@ void TextEditor::Inside::KeepScrolling(bool fScrolls)
 
 // What the pointer has to leave for the text to scroll. Text that is dragged may go elsewhere too, so that it
 // scrolls just within the edges.
-RECT TextEditor::Inside::ScrollingEdge() const
+RECT TextEditor::Inside::ScrollingEdge(bool fDragging) const
 {
     RECT rc = Area();
-    if (press == Press::Dragging) {
+    if (fDragging) {
         const int nDown = std::min<int>(nRowHeight / 2, (rc.bottom - rc.top) / 4);
         InflateRect(&rc, nWrapWidth > 0 ? 0 : -nAverage, IsMultiLine() && RowsInView() > 1 ? -nDown : 0);
     }
@@ -269,28 +269,43 @@ bool TextEditor::Inside::OnTimer(UINT_PTR uId)
     return true;
 }
 
-// Toward a pointer that is beyond the edge.
+// The field that is pressed, or the one that what is dragged is over.
 void TextEditor::Inside::ScrollOn()
 {
-    if (press != Press::Selecting && press != Press::Dragging) {
+    const bool fDragging = press == Press::Dragging;
+    POINT ptScreen{};
+    GetCursorPos(&ptScreen);
+    Inside* const pField = fDragging ? DropTarget(ptScreen) : press == Press::Selecting ? this : nullptr;
+    if (!pField) {
         KillTimer(Window(), EDIT_TIMER_SCROLL);
+        fScrolling = false;
         return;
     }
-    POINT pt{};
-    GetCursorPos(&pt);
+    const Watch watch(site.Window());
+    pField->ScrollToward(ptScreen, fDragging);
+    if (!watch) {
+        return;
+    }
+    POINT pt = ptScreen;
     ScreenToClient(Window(), &pt);
-    const RECT rc = ScrollingEdge();
+    if (press == Press::Selecting) {
+        DragSelection(pt);
+    } else {
+        MoveDrag(pt);
+    }
+}
+
+// A step toward a pointer that is beyond the edge. The control may be gone afterwards.
+void TextEditor::Inside::ScrollToward(POINT ptScreen, bool fDragging)
+{
+    POINT pt = ptScreen;
+    ScreenToClient(Window(), &pt);
+    const RECT rc = ScrollingEdge(fDragging);
     const int nDown = !IsMultiLine() ? 0 : pt.y < rc.top ? -1 : pt.y >= rc.bottom ? 1 : 0;
     const int nAcross = pt.x < rc.left ? -1 : pt.x >= rc.right ? 1 : 0;
-    const Watch watch(site.Window());
     ScrollByUser(int64_t{nTop} + nDown,
                  std::min<int64_t>(int64_t{xScroll} + int64_t{nAcross} * SCROLL_CHARACTERS * nAverage,
                                    std::max(LastX(), xScroll)));
-    if (watch && press == Press::Selecting) {
-        DragSelection(pt);
-    } else if (watch) {
-        MoveDrag(pt);
-    }
 }
 
 // --- Scrolling

@@ -135,7 +135,7 @@ bool UndoStack::Note(const UndoEdit& edit, const SplitText& before, LPCWSTR pszI
     if (!pStep) {
         return false;
     }
-    Drop(m_nDone, m_aSteps.GetLength() - m_nDone);
+    ForgetUndone();
     if (!fJoins) {
         pStep->before = marks;
         m_aSteps.Add(pStep);

@@ -63,6 +63,8 @@ public:
     UndoStep* ToRedo() const { return m_nDone < m_aSteps.GetLength() ? m_aSteps[m_nDone] : nullptr; }
     void Undone() { --m_nDone; }
     void Redone() { ++m_nDone; }
+    // What was taken back cannot be done again.
+    void ForgetUndone() { Drop(m_nDone, m_aSteps.GetLength() - m_nDone); }
 
 private:
     bool Joins(const UndoEdit& edit, EditKind kind, DWORD dwNow, bool fSpace) const;
