@@ -24,16 +24,6 @@ try {
     bool fCut = false;
     const LPCWSTR pszText = psz ? psz : L"";
     const auto nLength = static_cast<UINT>(wcsnlen(pszText, TextBuffer::MOST));
-    if (own.composition.IsActive() && !own.composition.Cancel()) {
-        return false;
-    }
-    if (IsDragging()) {
-        const Watch watch(own.site.Window());
-        ReleaseCapture(); // which ends the drag of a text that is gone
-        if (!watch) {
-            return false;
-        }
-    }
     own.ForgetLines();
     if (IsPrepared(pszText, nLength, rules)) {
         if (!own.model.SetText(pszText, nLength)) {
@@ -51,10 +41,26 @@ try {
     own.nTopStart = 0;
     own.pressed = {0, 0};
     own.xScroll = 0;
+    if (!own.EndInput()) {
+        return false;
+    }
     Reflow();
     return true;
 } catch (const std::bad_alloc&) {
     return false;
+}
+
+// What is composed, or dragged, is of a text that is gone. False if the control is gone.
+bool TextEditor::Inside::EndInput()
+{
+    if (composition.IsActive() && !composition.Cancel()) {
+        return false;
+    }
+    const Watch watch(site.Window());
+    if (press == Press::Dragging) {
+        ReleaseCapture();
+    }
+    return watch;
 }
 
 SplitText TextEditor::Text() const

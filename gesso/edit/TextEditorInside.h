@@ -307,6 +307,7 @@ struct TextEditor::Inside final : private CompositionTarget
     bool OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer);
     bool OnClipboardMessage(UINT uMsg, LRESULT* plAnswer);
     void OnFocus(bool fGained);
+    bool EndInput();
 
     // --- Input methods
     const GWnd& ComposedWindow() const override { return site.Window(); }

@@ -167,5 +167,25 @@ TEST_F(CompositionFaultTest, NothingElseIsLostWhereTheInputMethodFails)
     }
 }
 
+TEST_F(CompositionFaultTest, ATextThatThereIsNoMemoryForLeavesWhatIsComposed)
+{
+    std::vector<wchar_t> text(MemoryLimit::LARGEST, L'w');
+    text.push_back(0);
+    Compose(L"ab");
+    {
+        const MemoryLimit limit;
+        SendMessageW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.data()));
+        EXPECT_GT(limit.Refused(), 0U);
+    }
+    EXPECT_EQ(Underlines(), 1);
+    Complete();
+    EXPECT_EQ(TextOf(hwnd), "xaby");
+    Compose(L"ab");
+    SendMessageW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"new"));
+    EXPECT_EQ(Underlines(), 0);
+    Complete();
+    EXPECT_EQ(TextOf(hwnd), "new");
+}
+
 } // namespace
 } // namespace test
