@@ -260,14 +260,27 @@ struct KeptGlyphs
     std::vector<GOFFSET> offsets;
 };
 
-std::shared_ptr<SCRIPT_CACHE> CacheOf(HGDIOBJ hFont)
+// A cache that has shaped nothing yet takes glyphs for characters.
+void ShapeSomething(HDC hdc, SCRIPT_CACHE& cache)
 {
-    auto& cache = s_pRecording->caches[hFont];
+    SCRIPT_ANALYSIS analysis{};
+    SCRIPT_VISATTR attributes[2];
+    WORD glyphs[2];
+    WORD cluster = 0;
+    int nGlyphs = 0;
+    ScriptShape(hdc, &cache, L"x", 1, 2, &analysis, glyphs, &cluster, attributes, &nGlyphs);
+}
+
+// Of the context's font.
+std::shared_ptr<SCRIPT_CACHE> CacheOf(HDC hdc)
+{
+    auto& cache = s_pRecording->caches[GetCurrentObject(hdc, OBJ_FONT)];
     if (!cache) {
         cache = {new SCRIPT_CACHE(nullptr), [](SCRIPT_CACHE* p) {
                      ScriptFreeCache(p);
                      delete p;
                  }};
+        ShapeSomething(hdc, *cache);
     }
     return cache;
 }
@@ -279,8 +292,8 @@ HRESULT WINAPI DrawGlyphsAndRecord(const HDC hdc, SCRIPT_CACHE* pCache, int x, i
 {
     const auto n = static_cast<size_t>(nGlyphs);
     Add(hdc, [=, rc = KeptRect(prc),
-              kept = KeptGlyphs{CacheOf(GetCurrentObject(hdc, OBJ_FONT)), *pAnalysis, Copied(pGlyphs, n),
-                                Copied(pAdvances, n), Copied(pJustified, n), Copied(pOffsets, n)}](HDC to) {
+              kept = KeptGlyphs{CacheOf(hdc), *pAnalysis, Copied(pGlyphs, n), Copied(pAdvances, n),
+                                Copied(pJustified, n), Copied(pOffsets, n)}](HDC to) {
         ScriptTextOut(to, kept.cache.get(), x, y, uOptions, rc, &kept.analysis, nullptr, 0,
                       DataOf(kept.glyphs), nGlyphs, DataOf(kept.advances), DataOf(kept.justified),
                       DataOf(kept.offsets));
