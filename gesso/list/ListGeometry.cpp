@@ -108,7 +108,12 @@ bool ListGeometry::AreBelow(UINT row, int64_t y) const
 
 RECT ListGeometry::RowRect(UINT row, int64_t dx, int64_t dy) const
 {
-    return Shifted(m_rows[row].rect, dx, dy + m_measures.headerArea);
+    const RECT& place = m_rows[row].rect;
+    RECT rc = Shifted(place, dx, dy + m_measures.headerArea);
+    // What lies above all numbers stays there.
+    rc.top = place.top == INT_MIN ? INT_MIN : rc.top;
+    rc.bottom = place.bottom == INT_MIN ? INT_MIN : rc.bottom;
+    return rc;
 }
 
 RECT ListGeometry::CellRect(UINT row, UINT cell) const

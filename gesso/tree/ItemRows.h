@@ -73,11 +73,12 @@ public:
     {
         const UINT nRows = GetLength();
         while (row < nRows) {
-            const Chunk& chunk = *m_chunks[ChunkOf(row)];
+            Chunk& chunk = *m_chunks[ChunkOf(row)];
             if (LevelIn(chunk, row - chunk.nFirst) <= nLevel) {
                 break;
             }
-            row = chunk.IsRun() ? chunk.nFirst + chunk.nCount : row + 1;
+            const bool fWhole = chunk.IsRun() || (row == chunk.nFirst && TopLevel(chunk) > nLevel);
+            row = fWhole ? chunk.nFirst + chunk.nCount : row + 1;
         }
         return row;
     }
@@ -150,8 +151,8 @@ public:
     // A child in a run has got a text of a width, by which its row is so wide.
     void Widen(const ITEM& item, int nWidth)
     {
-        if (Chunk* pRun = RunOf(item); pRun && pRun->nWidest != NOT_MEASURED) {
-            pRun->nWidest = std::max(pRun->nWidest, nWidth);
+        if (Chunk* pRun = RunOf(item); pRun && pRun->nSummary != NOT_MEASURED) {
+            pRun->nSummary = std::max(pRun->nSummary, nWidth);
         }
     }
 
@@ -217,7 +218,7 @@ public:
             entry = item;
             Enter(chunk, item);
             Leave(former);
-            chunk.nWidest = NOT_MEASURED;
+            chunk.Changed();
         }
     }
 
@@ -269,12 +270,12 @@ public:
         int nWidest = 0;
         for (Chunk* pChunk : m_chunks) {
             Chunk& chunk = *pChunk;
-            if (chunk.nWidest == NOT_MEASURED) {
-                chunk.nWidest = 0;
+            if (chunk.nSummary == NOT_MEASURED) {
+                chunk.nSummary = 0;
                 ForEachKnown(chunk,
-                             [&](ITEM& item) { chunk.nWidest = std::max(chunk.nWidest, widthOf(item)); });
+                             [&](ITEM& item) { chunk.nSummary = std::max(chunk.nSummary, widthOf(item)); });
             }
-            nWidest = std::max(nWidest, chunk.nWidest);
+            nWidest = std::max(nWidest, chunk.nSummary);
         }
         return nWidest;
     }
@@ -283,18 +284,18 @@ public:
     {
         const TreePlace<ITEM>& place = item.place;
         if (place.nRows == 1 && place.pChunk) {
-            place.pChunk->nWidest = NOT_MEASURED;
+            place.pChunk->nSummary = NOT_MEASURED;
         } else if (place.nRows > 0) {
             AllChanged();
         } else if (Chunk* pRun = RunOf(item)) {
-            pRun->nWidest = NOT_MEASURED;
+            pRun->nSummary = NOT_MEASURED;
         }
     }
 
     void AllChanged()
     {
         for (Chunk* pChunk : m_chunks) {
-            pChunk->nWidest = NOT_MEASURED;
+            pChunk->nSummary = NOT_MEASURED;
         }
     }
 
@@ -380,6 +381,19 @@ private:
         return chunk.IsRun() ? chunk.aItems[0]->nLevel + 1 : chunk.aItems[i]->nLevel;
     }
 
+    // Of a chunk that is no run.
+    int TopLevel(Chunk& chunk) const
+    {
+        if (chunk.nLevelsTime != m_pStore->LevelsTime()) {
+            chunk.nTopLevel = chunk.aItems[0]->nLevel;
+            for (UINT i = 1; i < chunk.nCount; ++i) {
+                chunk.nTopLevel = std::min(chunk.nTopLevel, chunk.aItems[i]->nLevel);
+            }
+            chunk.nLevelsTime = m_pStore->LevelsTime();
+        }
+        return chunk.nTopLevel;
+    }
+
     // Those of the items in a chunk that have been made, and told.
     template <class FUNCTION> void ForEachKnown(const Chunk& chunk, FUNCTION function) const
     {
@@ -441,7 +455,7 @@ private:
                             [&](ITEM* item) { item->place.pChunk = pTail.get(); });
         }
         chunk.nCount = iAt;
-        chunk.nWidest = NOT_MEASURED;
+        chunk.Changed();
         m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(k) + 1, pTail.release());
         Renumber(k);
         return k + 1;
@@ -452,7 +466,7 @@ private:
     {
         run.iFirstChild += iAt == 0 ? n : 0;
         run.nCount -= n;
-        run.nWidest = NOT_MEASURED;
+        run.Changed();
         if (run.nCount == 0) {
             LeaveRun(run);
         }
@@ -597,7 +611,7 @@ private:
             Enter(chunk, item);
         }
         chunk.nCount += static_cast<UINT>(items.size());
-        chunk.nWidest = NOT_MEASURED;
+        chunk.Changed();
     }
 
     // Fills the chunk and new ones behind it; what stood behind the place comes last.
@@ -608,7 +622,7 @@ private:
         auto added = MakeChunks((pChunk->nCount + items.size() - 1) / Chunk::CAPACITY);
         // From here on nothing needs memory.
         pChunk->nCount = iAt;
-        pChunk->nWidest = NOT_MEASURED;
+        pChunk->Changed();
         auto next = added.begin();
         const auto append = [&](ITEM* item) {
             if (pChunk->nCount == Chunk::CAPACITY) {
@@ -639,7 +653,7 @@ private:
         std::for_each_n(chunk.aItems + iAt, n, [this](ITEM* item) { Leave(item); });
         std::copy(chunk.aItems + iAt + n, chunk.aItems + chunk.nCount, chunk.aItems + iAt);
         chunk.nCount -= n;
-        chunk.nWidest = NOT_MEASURED;
+        chunk.Changed();
     }
 
     // Joins chunks that a removal has left small; returns the first one that it may have changed.
@@ -661,7 +675,7 @@ private:
                 std::for_each_n(next.aItems, next.nCount, [&](ITEM* item) { item->place.pChunk = &chunk; });
             }
             chunk.nCount += std::exchange(next.nCount, 0);
-            chunk.nWidest = NOT_MEASURED;
+            chunk.Changed();
             DeleteEmpty();
         }
         return iFirst;

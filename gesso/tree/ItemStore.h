@@ -75,6 +75,10 @@ public:
 
     CountedChildren<ITEM>& Counted() { return m_counted; }
 
+    // Above 0, and another one once the level of an item that a row may show has changed.
+    UINT64 LevelsTime() const { return m_nLevelsTime; }
+    void LevelsChanged() { ++m_nLevelsTime; }
+
 private:
     static constexpr size_t SMALLEST_BLOCK = 16; // items; each block is twice as large as the last one
     static constexpr size_t LARGEST_BLOCK = 8192;
@@ -151,6 +155,7 @@ private:
     std::vector<std::unique_ptr<Block>> m_blocks; // in the order of their addresses
     Gap* m_pGaps = nullptr;
     size_t m_nLastBlock = 0;
+    UINT64 m_nLevelsTime = 1;
     CountedChildren<ITEM> m_counted;
 };
 

@@ -186,6 +186,7 @@ public:
         for (ITEM* p = &item; p; p = NextWithin(item, *p)) {
             p->nLevel += nDown;
         }
+        m_pStore->LevelsChanged();
     }
 
     // Takes an item out with all of its descendants. Those that rows show live on, without children and

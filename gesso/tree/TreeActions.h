@@ -214,8 +214,9 @@ struct TreeActions
 
     template <class CONTROL> static void RedrawAll(CONTROL& tree)
     {
-        // To the platform a null window means the desktop.
-        if (tree.m_hWnd) {
+        // To the platform a null window means the desktop. Of one that does not show, or holds its painting,
+        // nothing is repainted, but under Wine each request costs as much as the change itself.
+        if (tree.m_hWnd && IsWindowVisible(tree.m_hWnd) && Frame::Redraws(tree.m_hWnd)) {
             RedrawWindow(tree.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
         }
         PlaceEdit(tree);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 
 namespace gesso {
 
@@ -27,11 +28,19 @@ template <class ITEM> struct RowChunk
     const void* pOwner;
     UINT nFirst = 0; // number of the first row
     UINT nCount = 0;
-    int nWidest = NOT_MEASURED;
+    int nSummary = NOT_MEASURED; // of its rows: a tree's widest, or the kinds of a bar's
     UINT iFirstChild = NO_INDEX; // of a run: the first row's index among the children of the item in aItems
     ITEM* aItems[CAPACITY];
+    // The level of the highest of its rows, which was so at a time (ItemStore::LevelsTime); 0 for none.
+    int nTopLevel = 0;
+    UINT64 nLevelsTime = 0;
 
     bool IsRun() const { return iFirstChild != NO_INDEX; }
+    void Changed()
+    {
+        nSummary = NOT_MEASURED;
+        nLevelsTime = 0;
+    }
 };
 
 template <class ITEM> class VisibleRows
@@ -61,6 +70,8 @@ public:
         return chunk.aItems[row - chunk.nFirst];
     }
     ITEM* GetAt(UINT row) const { return (*this)[row]; }
+
+    std::span<RowChunk<ITEM>* const> Chunks() const { return {m_ppFirst, m_ppEnd}; }
 
     TreeInside<ITEM>& Inside() const
     {

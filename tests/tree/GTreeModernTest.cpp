@@ -71,6 +71,21 @@ TEST_F(GTreeModernTest, TheParentHearsOnceOfEachChangeOfTheSelection)
     EXPECT_EQ(Told(), Lines{"-451 none"});
 }
 
+TEST_F(GTreeModernTest, RowsThatComeWhileNothingIsPaintedAreRequestedOnceAtItsEnd)
+{
+    Send(WM_SETREDRAW, FALSE);
+    UpdateWindow(tree);
+    Add(nullptr, "m");
+    tree.Expand(a);
+    EXPECT_FALSE(GetUpdateRect(tree, nullptr, FALSE))
+        << "a request for each row would cost more than the row";
+    Send(WM_SETREDRAW, TRUE);
+    EXPECT_TRUE(TakeRepaint(tree));
+    UpdateWindow(tree);
+    Add(nullptr, "n");
+    EXPECT_TRUE(TakeRepaint(tree));
+}
+
 TEST_F(GTreeModernTest, WhatCollapsesOverTheSelectionIsSelected)
 {
     OpenAll();

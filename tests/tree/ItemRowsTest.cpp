@@ -48,6 +48,10 @@ protected:
         for (size_t row = 0; row < plain.size(); row += 1 + plain.size() / 50) {
             const auto first = std::find(plain.begin(), plain.end(), plain[row]);
             ASSERT_EQ(rows.Find(plain[row]), static_cast<UINT>(first - plain.begin()));
+            const auto isNoDeeper = [&](const TreeItem* item) { return item->nLevel <= plain[row]->nLevel; };
+            const auto end =
+                std::find_if(plain.begin() + static_cast<std::ptrdiff_t>(row) + 1, plain.end(), isNoDeeper);
+            ASSERT_EQ(rows.EndOfBranch(static_cast<UINT>(row)), static_cast<UINT>(end - plain.begin()));
         }
         int widest = 0;
         for (const TreeItem* item : plain) {
@@ -68,15 +72,17 @@ TEST_F(ItemRowsTest, AnySplicesLeaveWhatAPlainArrayHolds)
 {
     std::mt19937 random(3);
     const auto below = [&](size_t limit) { return static_cast<UINT>(random() % limit); };
+    // So that some branches are longer than a chunk.
+    const auto level = [&] { return below(400) ? 1 + static_cast<int>(below(100) == 0) : 0; };
     for (int step = 0; step < 800; ++step) {
         const UINT row = below(plain.size() + 2);
         switch (below(plain.size() > 6000 ? 9 : 8)) {
         case 0:
-        case 1: Insert(row, {NewItem()}); break;
+        case 1: Insert(row, {NewItem(level())}); break;
         case 2: {
             std::vector<TreeItem*> items(below(20) == 0 ? 700 : below(40));
             for (TreeItem*& item : items) {
-                item = NewItem();
+                item = NewItem(level());
                 item->place.nTextWidth = static_cast<int>(below(1000));
             }
             Insert(row, items);
@@ -95,6 +101,8 @@ TEST_F(ItemRowsTest, AnySplicesLeaveWhatAPlainArrayHolds)
             if (row < plain.size()) {
                 plain[row]->place.nTextWidth = static_cast<int>(below(1000));
                 rows.Changed(*plain[row]);
+                plain[row]->nLevel = level();
+                store->LevelsChanged();
             }
             break;
         case 7: Insert(static_cast<UINT>(plain.size()), {NewItem()}); break;

@@ -6,6 +6,9 @@
 
 #include <tests/support/AllowMisuse.h>
 
+#include <numeric>
+#include <random>
+
 namespace {
 
 using namespace test;
@@ -285,6 +288,36 @@ TEST(RowGeometryTest, ABarsRowsAreAsHighAsTheirKindsAndEndWithTheirBottomLine)
     }
     EXPECT_EQ(place.row, NONE);
     EXPECT_EQ(geometry.Reaching(151).row, NONE);
+}
+
+TEST(RowGeometryTest, ARowFarDownABarStandsBelowAllBeforeIt)
+{
+    gesso::VisibleRows<NavigationBarItem> rows;
+    auto& inside = rows.Inside();
+    const gesso::NavigationRows geometry(rows, {40, 20, 5});
+    const std::pair<UINT, int> kinds[] = {{NBIK_ITEM, 40}, {NBIK_SUBITEM, 20}, {NBIK_SPACER, 5}};
+    std::vector<int> heights;
+    std::mt19937 random(5);
+    for (int step = 0; step < 1500; ++step) {
+        const auto row = static_cast<UINT>(random() % (heights.size() + 1));
+        if (random() % 5 == 0 && row < heights.size()) {
+            inside.rows.Remove(row, 1);
+            heights.erase(heights.begin() + row);
+            continue;
+        }
+        const auto [kind, height] = kinds[random() % 3];
+        NavigationBarItem* item = inside.tree.Insert(*inside.tree.Root(), 0, L"x");
+        item->uState = kind;
+        inside.rows.Insert(row, item);
+        heights.insert(heights.begin() + row, height);
+        if (step % 10 == 0) {
+            const auto sampled = static_cast<UINT>(random() % heights.size());
+            const int top = std::accumulate(heights.begin(), heights.begin() + sampled, 0);
+            EXPECT_EQ(geometry.PlaceOf(sampled).nTop, top);
+            EXPECT_EQ(geometry.Reaching(top + 1).row, sampled);
+            EXPECT_EQ(geometry.LastPixel(), std::accumulate(heights.begin(), heights.end(), -1));
+        }
+    }
 }
 
 // A check that cannot fail would prove nothing.
