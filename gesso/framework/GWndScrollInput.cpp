@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <utility>
 
 using gesso::BARS;
@@ -42,6 +43,18 @@ SCROLLINFO PlatformScrollInfo(HWND hwnd, int nBar)
 bool IsThumb(WORD wHit)
 {
     return wHit == SBH_VTHUMB || wHit == SBH_HTHUMB;
+}
+
+// As MulDiv rounds, which is -1 where its number does not hold the result, and so far in a long range.
+int64_t Scaled(int n, int nNumerator, int nDenominator)
+{
+    if (nDenominator == 0) {
+        return -1;
+    }
+    const int64_t nProduct = int64_t{n} * nNumerator;
+    const int64_t nDivisor = std::abs(int64_t{nDenominator});
+    const int64_t nRounded = (std::abs(nProduct) + nDivisor / 2) / nDivisor;
+    return (nProduct < 0) == (nDenominator < 0) ? nRounded : -nRounded;
 }
 
 // What the repeat and the end of a press on a part of a bar are sent as.
@@ -227,9 +240,9 @@ void GWndScroll::DragThumb(POINTS pt)
     const int nMoved = nBar == SB_VERT ? pt.y - m_hitDown.pt.y : pt.x - m_hitDown.pt.x;
     const int nLength = gesso::LengthOf(BARS[nBar], RectOf(nBar));
     const int nTrack = gesso::ThumbOf(m_hWnd, BARS[nBar], nLength, si).nTrack;
-    const int nDelta = MulDiv(nMoved, gesso::RangeOf(si), nTrack);
+    const int64_t nDelta = Scaled(nMoved, gesso::RangeOf(si), nTrack);
     const int nLimit = gesso::Wrapped(int64_t{gesso::RangeOf(si)} - static_cast<int>(si.nPage) + 1);
-    const int64_t nPos = int64_t{nDelta} + m_nTrackStart;
+    const int64_t nPos = nDelta + m_nTrackStart;
     SCROLLINFO& siOwn = BarOf(nBar).si;
     siOwn.nTrackPos = nPos < 0 ? 0 : static_cast<int>(std::min<int64_t>(nPos, nLimit));
     SendScroll(BARS[nBar].uMessage, SB_THUMBTRACK, static_cast<WORD>(siOwn.nTrackPos));

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <functional>
 
+using gesso::ListIndices;
+
 namespace {
 
 // Returns whether the two have an entry in common, which stays. Without memory for the entries in order the
@@ -60,6 +62,11 @@ GList& GList::operator=(const GList& other)
     m_inside->itemChanges = itemChanges + 1; // so that a sort in progress finds other items
     m_inside->fOwner = fOwner;
     m_inside->fEdits = fEdits;
+    if (other.IsVirtual()) {
+        ListIndices none;
+        none.fill(gesso::NO_INDEX);
+        SetIndices(none);
+    }
     return *this;
 }
 

@@ -78,7 +78,7 @@ void GList::ShowColumn(UINT column, ListColumnPart part)
                         : nullptr;
         FreeText(std::exchange(record.prepared, prepared));
     }
-    if (fCaption) {
+    if (part == ListColumnPart::Texts) {
         ForgetCells();
     }
     if (fWaits) {

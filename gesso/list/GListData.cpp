@@ -235,7 +235,9 @@ void GList::SetColumnFktSort(UINT column, PFNLISTSORT fktSort)
 
 void GList::SetColumnFktGet(UINT column, PFNLISTGET fktGet)
 {
-    Store(ColumnFor(column, "GList::SetColumnFktGet: no such column"), &ListColumn::fktGet, fktGet);
+    if (Store(ColumnFor(column, "GList::SetColumnFktGet: no such column"), &ListColumn::fktGet, fktGet)) {
+        ForgetCells();
+    }
 }
 
 UINT GList::GetColumnFlags(UINT column) const
@@ -341,12 +343,18 @@ void GList::RemoveGroup(UINT group)
             list->rows.ForgetGroup(group);
         }
         ForgetLayout();
+        if (IsVirtual()) {
+            Calculate();
+        }
     }
 }
 
 void GList::RemoveAllGroups()
 {
     ReleaseGroups();
+    if (IsVirtual()) {
+        Calculate();
+    }
 }
 
 void GList::ReleaseGroups()

@@ -388,7 +388,7 @@ RECT GList::MarginsOf(const ListColumn& column) const
 
 void GList::DrawItem(HDC hdc, UINT item, RECT rc)
 {
-    if (IsVirtual() && !AskForItems({{item}})) {
+    if (IsVirtual() && (item >= ItemCount() || !AskForItems({{item}}))) {
         return;
     }
     RowPainter(*this, hdc).DrawItem(item, rc);
@@ -417,6 +417,10 @@ void GList::Draw(HDC hdc)
     if ((listStyle & GLS_HEADER) && ((listStyle & GLS_VIEWMASK) == GLS_DETAILS || !HasExactPlaces())) {
         rc.bottom = Saturated(int64_t{rc.top} + headerHeight);
         DrawDetailsHeader(hdc, rc);
+    }
+    if (gesso::VirtualList* list = Virtual()) {
+        ++list->paints;
+        list->ForgetOutdated();
     }
 }
 
@@ -583,6 +587,7 @@ LRESULT GList::OnPaint()
         return 0;
     }
     const gesso::Watch watch(*this);
+    const gesso::Lifeline life(*this);
     if (!AskForView()) {
         return 0;
     }
@@ -591,7 +596,7 @@ LRESULT GList::OnPaint()
     if (watch) {
         Draw(paint.Context());
     }
-    if (watch) {
+    if (life) {
         m_inside->fAsked = false;
     }
     if (watch && frameRecord) {

@@ -125,7 +125,9 @@ void GList::Click(const HitTestInfo& hit)
 void GList::ClickHeader(const HitTestInfo& hit, WORD pressedPart)
 {
     const UINT column = ColumnOf(hit.subItem);
-    if (hit.subItem == NO_PART || pressedPart == LHP_DIVIDER || column == NO_INDEX) {
+    if (hit.subItem == NO_PART || pressedPart == LHP_DIVIDER || column == NO_INDEX ||
+        (IsVirtual() && column >= columns.GetLength()))
+    {
         return;
     }
     const gesso::Watch watch(*this);
@@ -144,10 +146,11 @@ void GList::ClickHeader(const HitTestInfo& hit, WORD pressedPart)
 // The column that an element of the header stands for.
 //
 // Fixed behaviour: in Classic elements count as columns here, which they are but for check boxes and tiles.
-// With check boxes a header click would else sort by another column.
+// With check boxes a header click would else sort by another column. The host of a virtual list is told the
+// column itself.
 UINT GList::ColumnOf(WORD element) const
 {
-    if (Has(*this, Quirk::ListElementsAreColumns)) {
+    if (!IsVirtual() && Has(*this, Quirk::ListElementsAreColumns)) {
         return element;
     }
     return element < columnDraw.GetLength() ? columnDraw[element].column : NO_INDEX;
@@ -289,8 +292,12 @@ LRESULT GList::OnSetCursor(HWND hwndUnder, LPARAM lParam)
 
 // --- Notifications
 
+// Of an item that the host has removed meanwhile there is nothing to tell.
 LRESULT GList::SendItemNotify(UINT code, const HitTestInfo& hit) const
 {
+    if (IsVirtual() && hit.item < LHI_HEADER && hit.item >= ItemCount()) {
+        return 0;
+    }
     GLISTNOTIFY notify{};
     notify.iItem = static_cast<int>(hit.item);
     notify.iSubItem = static_cast<SHORT>(hit.subItem);

@@ -219,7 +219,9 @@ void GList::SelectInBand()
     const gesso::VirtualRows::Area area = BandArea(m_inside->band);
     if (gesso::VirtualList* list = Virtual()) {
         gesso::IndexRanges wanted = list->kept;
-        list->rows.VisitTouched(area, [&wanted](UINT first, UINT end) { wanted.Add(first, end); });
+        if (!list->rows.VisitTouched(area, [&wanted](UINT first, UINT end) { wanted.Add(first, end); })) {
+            return; // more ranges than a drag is worth: what was selected last stays
+        }
         const auto change = list->selected.DifferenceTo(wanted);
         list->selected = std::move(wanted);
         m_inside->selection.Note(change);

@@ -12,14 +12,25 @@ using gesso::ListKept;
 using gesso::NO_INDEX;
 using gesso::Quirk;
 
+namespace {
+
+// By the group's index, in Classic.
+bool IsOfGroup(const GList::HitTestInfo& hit)
+{
+    return hit.subItem == gesso::ListHit::NO_PART && hit.part == LHP_BODY;
+}
+
+} // namespace
+
 bool GList::IsHotOnItem() const
 {
-    return hitHot.item < LHI_HEADER;
+    return hitHot.item < LHI_HEADER && !(IsVirtual() && !HasExactPlaces() && IsOfGroup(hitHot));
 }
 
 bool GList::IsPressOnItem() const
 {
-    return (m_dwState & GWS_PRESSED) && hitPress.item < LHI_HEADER;
+    const bool fGroup = IsVirtual() && !HasExactPlaces() && IsOfGroup(hitPress);
+    return (m_dwState & GWS_PRESSED) && hitPress.item < LHI_HEADER && !fGroup;
 }
 
 ListIndices GList::Indices() const

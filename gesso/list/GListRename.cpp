@@ -98,6 +98,9 @@ bool GList::GetLabelRect(UINT item, RECT* rc) const
 
 void GList::ShowLabel(UINT item)
 {
+    if (IsVirtual()) {
+        BringIntoView(item); // where its rectangle has no room for its place
+    }
     RECT rc{}, rcClient{};
     if (!GetLabelRect(item, &rc)) {
         return;
@@ -127,6 +130,10 @@ bool GList::BeginRenaming(UINT item)
     const gesso::Watch watch(*this);
     const LPCWSTR text = GetItemText(item, 0);
     if (!watch || !LabelElement()) {
+        return false;
+    }
+    if (!GetLabelRect(IndexOf(record), &rc)) {
+        SendRenaming(*this, LVN_ENDLABELEDITW, IndexOf(record), nullptr);
         return false;
     }
     const HFONT hFont = LabelElement()->type == LCT_TITLE ? fontLabelTitle : fontLabelText;

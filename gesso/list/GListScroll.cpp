@@ -64,7 +64,8 @@ LRESULT GList::OnVScroll(UINT code, UINT position, HWND)
 // else change.
 LRESULT GList::OnHScroll(UINT code, UINT position, HWND)
 {
-    const UINT thumb = gesso::TrackedPos(*this, m_siH, position);
+    const bool fTold = IsVirtual() && LOWORD(m_siH.nTrackPos) == position && m_siH.nTrackPos >= 0;
+    const UINT thumb = fTold ? static_cast<UINT>(m_siH.nTrackPos) : gesso::TrackedPos(*this, m_siH, position);
     if (const auto target = Target(m_siH, code, thumb, itemHeight)) {
         ScrollTo(SB_HORZ, *target);
     }

@@ -4,6 +4,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Quirks.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/list/ListInside.h>
 
 #include <algorithm>
@@ -73,7 +74,8 @@ void GList::SetVirtualItems(UINT count)
         m_inside->selection.NoteGone();
     }
     list.kept.Remove(count, NO_INDEX);
-    list.cells.Forget();
+    list.cells.Forget(count, NO_INDEX);
+    list.Outdate(0, NO_INDEX);
     MoveIndices([count](UINT index, UINT) { return index < count ? index : NO_INDEX; });
     LayOutAround({});
 }
@@ -91,9 +93,10 @@ bool GList::BecomeVirtual()
     }
     ReleaseItems(); // what the parent has put in
     elements.RemoveAll();
+    ChangeSort(0, false, 0); // the order was that of the list's own items
     bulkInsert = false;
     m_inside->virtualList = std::make_unique<gesso::VirtualList>(MakeItem, ReleaseItem);
-    Virtual()->top = m_siV.nPos;
+    Virtual()->top = Virtual()->barPos = m_siV.nPos;
     ForgetLayout();
     if ((listStyle & GLS_VIEWMASK) == GLS_ICONS && Has(*this, Quirk::ListPlaces)) {
         SetListStyle(listStyle);
@@ -144,12 +147,13 @@ template <class MOVE> void GList::MoveIndices(MOVE move)
     SetIndices(indices);
     const auto places = static_cast<UINT>(indices.size());
     m_inside->tracks.MoveIndices([=](UINT index) { return move(index, places); });
+    Virtual()->MovePending([=](UINT index) { return move(index, places); });
 }
 
 void GList::ItemsChanged(UINT first, UINT last)
 {
     if (IsHosts("GList::ItemsChanged: the list is not virtual")) {
-        Virtual()->cells.Forget(first, last);
+        Virtual()->Outdate(first, last);
         Invalidate(0);
     }
 }
@@ -169,9 +173,12 @@ void GList::ItemsInserted(UINT first, UINT count)
     list.selected.Insert(first, count);
     list.kept.Insert(first, count);
     list.cells.Insert(first, count);
-    const auto move = [=](UINT index, UINT) { return index >= first ? index + count : index; };
+    const auto move = [=](UINT index, UINT) {
+        return index != NO_INDEX && index >= first ? index + count : index;
+    };
     MoveIndices(move);
-    anchor.item = anchor.item == NO_INDEX ? NO_INDEX : move(anchor.item, 0);
+    anchor.item = move(anchor.item, 0);
+    anchor.band.item = move(anchor.band.item, 0);
     LayOutAround(anchor);
 }
 
@@ -181,6 +188,9 @@ void GList::ItemsRemoved(UINT first, UINT count)
         return;
     }
     gesso::VirtualList& list = VirtualInStep();
+    if (count == 0) {
+        return;
+    }
     if (first >= list.rows.Count()) {
         gesso::Misuse("GList::ItemsRemoved: no such item");
         return;
@@ -198,35 +208,39 @@ void GList::ItemsRemoved(UINT first, UINT count)
     constexpr UINT CURSORS = 3; // the places of those that have a next item to go to
     const auto move = [=](UINT index, UINT place) {
         const bool fGone = index >= first && index - first < count;
-        return fGone ? (place < CURSORS ? next : NO_INDEX) : index < first ? index : index - count;
+        const bool fStays = index < first || index == NO_INDEX;
+        return fStays ? index : !fGone ? index - count : place < CURSORS ? next : NO_INDEX;
     };
     MoveIndices(move);
-    anchor.item = anchor.item == NO_INDEX ? NO_INDEX : move(anchor.item, 0);
+    anchor.item = move(anchor.item, 0);
+    anchor.band.item = move(anchor.band.item, 0);
     LayOutAround(anchor);
 }
 
-// The first item in view.
+// The first item in view, and where a drag rectangle began.
 gesso::ViewAnchor GList::AnchorOfView() const
 {
     const gesso::VirtualList& list = VirtualInStep();
-    const UINT item = list.rows.ItemReaching(list.top);
-    if (item >= list.rows.Count()) {
-        return {};
-    }
-    return {item, list.top - list.rows.PlaceOf(item).top};
+    return {list.AnchorAt(list.top), list.AnchorAt(m_inside->band.start.y)};
 }
 
-// With the anchor where it was in the window.
+// With the anchor where it was in the window. What the parent has changed while the bars came or went it has
+// laid out.
 void GList::LayOutAround(const gesso::ViewAnchor& anchor)
 {
     const gesso::Lifeline life(*this);
+    const UINT changes = m_inside->itemChanges;
+    const int formerPos = m_siV.nPos;
     Calculate();
-    if (life && IsVirtual() && anchor.item < ItemCount()) {
+    if (life && IsVirtual() && changes == m_inside->itemChanges && anchor.item < ItemCount()) {
         const gesso::VirtualList& list = VirtualInStep();
-        const int64_t top = list.rows.PlaceOf(anchor.item).top + anchor.offset;
+        const int64_t top = list.PlaceOf(anchor);
+        m_inside->band.start.y = list.PlaceOf(anchor.band);
         if (top != list.top) {
             ScrollTo(SB_VERT, top - Origin());
         }
+        // A thumb that is held goes on from there.
+        m_nTrackStart = gesso::Saturated(int64_t{m_nTrackStart} + m_siV.nPos - formerPos);
         Invalidate(0);
     }
     if (life && TellSelection()) {
@@ -245,14 +259,18 @@ void GList::SetGroupItemCount(UINT group, UINT count)
         gesso::Misuse("GList::SetGroupItemCount: no such group");
         return;
     }
+    // The rows in view stay in view, but for those at the start.
+    const gesso::ViewAnchor anchor = VirtualInStep().top > 0 ? AnchorOfView() : gesso::ViewAnchor();
     Virtual()->rows.SetGroupCount(group, count);
-    Calculate();
+    LayOutAround(anchor);
 }
 
 UINT GList::GetVirtualGroup(UINT item) const
 {
+    // Those that came since the last layout have no items yet.
+    const UINT placed = std::min(Virtual()->order.groupRowsEnd, groups.GetLength());
     const UINT group = Virtual()->rows.GroupOf(item);
-    return group < groups.GetLength() ? groups[group]->group : NO_INDEX;
+    return group < placed ? groups[group]->group : NO_INDEX;
 }
 
 // --- What the user asks for that is the host's to do

@@ -27,6 +27,7 @@ namespace {
 constexpr UINT LEAST_ROOM = 256; // records
 constexpr UINT SCREENS = 4;
 constexpr int ATTEMPTS = 2;
+constexpr int MOST_NESTED = 4; // paints and the like, each within an answer to the one before
 
 UINT QuestionOf(UINT bit)
 {
@@ -47,7 +48,201 @@ UINT BitsOf(int type)
     }
 }
 
+// A text that there is no memory for is asked for again.
+void Store(ListSubItem& cell, UINT bit, LPCWSTR text, UINT number)
+{
+    LPWSTR copy = text ? gesso::CopyText(text) : nullptr;
+    if (text && !copy) {
+        return;
+    }
+    if (bit == CELL_TEXT) {
+        gesso::FreeText(std::exchange(cell.text, copy));
+    } else if (bit == CELL_IMAGE) {
+        cell.image = number;
+    } else {
+        cell.state |= number & LSIS_CHECKED;
+    }
+    cell.state |= bit;
+}
+
 } // namespace
+
+namespace gesso {
+
+// A question, for the time of its answer.
+class ListInside::Question
+{
+public:
+    Question(const GList& list, const PendingCell& cell)
+        : m_life(list), m_list(list), m_cell(cell), m_itemChanges(list.m_inside->itemChanges),
+          m_columnChanges(list.Virtual()->columnChanges)
+    {
+        m_cell.outer = std::exchange(list.Virtual()->pending, &m_cell);
+    }
+    ~Question()
+    {
+        if (IsOpen()) {
+            m_list.Virtual()->pending = m_cell.outer;
+        }
+    }
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+
+    // False where the list is gone, or its items are others altogether.
+    bool IsOpen() const { return m_life && m_list.IsVirtual() && m_list.Virtual()->pending == &m_cell; }
+    UINT Item() const { return m_cell.item; }
+    bool HaveItemsMoved() const { return m_itemChanges != m_list.m_inside->itemChanges; }
+    // What the answer is kept in; null where it is not.
+    ListSubItem* Cell() const
+    {
+        VirtualList& rows = *m_list.Virtual();
+        const bool fKeeps = rows.pass && rows.pass->fKeeps;
+        const bool fOutdated = (m_cell.fOutdated || HaveItemsMoved()) && !fKeeps;
+        if (m_cell.item == NO_INDEX || fOutdated || m_columnChanges != rows.columnChanges) {
+            return nullptr;
+        }
+        ListItem* record = rows.cells.Get(m_cell.item, m_list.SubItemCount());
+        return record ? record->SubItem(m_cell.column) : nullptr;
+    }
+
+private:
+    const Lifeline m_life;
+    const GList& m_list;
+    PendingCell m_cell;
+    UINT m_itemChanges;
+    UINT m_columnChanges;
+};
+
+// A round of questions, which is repeated where the host has changed the list in its answers.
+class ListInside::Pass
+{
+public:
+    explicit Pass(GList& list)
+        : m_life(list), m_list(list), m_hWnd(list.m_hWnd), m_paints(list.Virtual()->paints)
+    {
+        VirtualList& rows = *list.Virtual();
+        if (!list.m_inside->fAsked) {
+            rows.ForgetOutdated();
+        }
+        m_pass.outer = std::exchange(rows.pass, &m_pass);
+        m_pass.fKeeps = m_pass.outer && m_pass.outer->fKeeps;
+    }
+    ~Pass()
+    {
+        if (IsOpen()) {
+            m_list.Virtual()->pass = m_pass.outer;
+        }
+    }
+    Pass(const Pass&) = delete;
+    Pass& operator=(const Pass&) = delete;
+
+    void AskForView();
+    ListSubItem Answer(UINT item, UINT subItem, UINT bit);
+
+private:
+    bool IsOpen() const
+    {
+        return m_life && m_list.m_hWnd == m_hWnd && m_list.IsVirtual() && m_list.Virtual()->pass == &m_pass;
+    }
+    int Depth() const;
+    bool IsViewKnown() const;
+    bool IsRoundLast();
+    void ShowAnswers();
+
+    const Lifeline m_life;
+    GList& m_list;
+    const HWND m_hWnd;
+    const UINT m_paints;
+    AskingPass m_pass;
+};
+
+int ListInside::Pass::Depth() const
+{
+    int depth = 0;
+    for (const AskingPass* pass = m_pass.outer; pass; pass = pass->outer) {
+        ++depth;
+    }
+    return depth;
+}
+
+bool ListInside::Pass::IsViewKnown() const
+{
+    const CellNeeds needs = m_list.Needs();
+    const ShownItems shown = m_list.ItemsInView();
+    const auto isKnown = [&](UINT item) {
+        return std::all_of(needs.cells.begin(), needs.cells.end(), [&](const CellNeed& need) {
+            const ListSubItem* cell = m_list.KeptCell(item, need.column);
+            const UINT bits = need.bits & (CELL_TEXT | CELL_IMAGE | CELL_STATE);
+            return need.column >= m_list.SubItemCount() || (cell && (cell->state & bits) == bits);
+        });
+    };
+    return std::all_of(shown.items.begin(), shown.items.end(), isKnown);
+}
+
+// Asks for what is not kept of what is in view. False where there is more to ask now.
+bool ListInside::Pass::IsRoundLast()
+{
+    VirtualList& rows = *m_list.Virtual();
+    const UINT asked = rows.questions;
+    const ShownItems shown = m_list.ItemsInView();
+    rows.cells.SetRoom(std::max(LEAST_ROOM, SCREENS * static_cast<UINT>(shown.items.size())));
+    const bool fWhole = m_list.AskForItems(shown);
+    return !IsOpen() || asked == rows.questions || (fWhole && IsViewKnown());
+}
+
+// What a paint within an answer has shown lacks the answer.
+void ListInside::Pass::ShowAnswers()
+{
+    if (IsOpen() && m_list.Virtual()->paints != m_paints) {
+        m_list.Invalidate(0);
+    }
+}
+
+// A host that changes the list in each of its answers has them kept from the second round on, which ends
+// with as many questions as it would take without.
+void ListInside::Pass::AskForView()
+{
+    if (Depth() > MOST_NESTED) {
+        return;
+    }
+    bool fLast = IsRoundLast();
+    if (!fLast) {
+        m_pass.fKeeps = true;
+        const size_t cells = m_list.ItemsInView().items.size() * m_list.Needs().cells.size();
+        const UINT end = m_list.Virtual()->questions + static_cast<UINT>(ATTEMPTS * cells);
+        while (!fLast && m_list.Virtual()->questions < end) {
+            fLast = IsRoundLast();
+            if (!IsOpen()) {
+                return;
+            }
+        }
+    }
+    if (!fLast) {
+        const ShownItems shown = m_list.ItemsInView();
+        m_list.PrepareCells(shown, m_list.Needs(), false);
+        m_list.PrepareCells(shown, m_list.Needs(), true);
+    }
+    ShowAnswers();
+}
+
+// Of the item wherever it goes meanwhile.
+ListSubItem ListInside::Pass::Answer(UINT item, UINT subItem, UINT bit)
+{
+    const Question question(m_list, {item, subItem, 0});
+    for (int attempt = 0; attempt < ATTEMPTS && question.IsOpen() && question.Item() != NO_INDEX; ++attempt) {
+        m_pass.fKeeps = m_pass.fKeeps || attempt > 0;
+        m_list.Ask(question.Item(), subItem, bit);
+        const ListSubItem* cell = question.IsOpen() ? m_list.KeptCell(question.Item(), subItem) : nullptr;
+        if (cell && (cell->state & bit)) {
+            const ListSubItem answer{cell->state & LSIS_CHECKED, cell->image, cell->text, nullptr};
+            ShowAnswers();
+            return answer;
+        }
+    }
+    return {};
+}
+
+} // namespace gesso
 
 UINT GList::SubItemCount() const
 {
@@ -74,6 +269,7 @@ void GList::ForgetCells()
 {
     if (IsVirtual()) {
         Virtual()->cells.Forget();
+        ++Virtual()->columnChanges;
     }
 }
 
@@ -94,40 +290,28 @@ bool GList::AskOne(UINT item, UINT column, UINT bit) const
 {
     ListItem* record = Virtual()->cells.Get(item, SubItemCount());
     ListSubItem* cell = record ? record->SubItem(column) : nullptr;
-    if (!cell || (cell->state & bit)) {
+    if (!cell || (cell->state & bit) || Virtual()->IsPending(item, column, bit)) {
         return true;
     }
-    cell->state |= bit; // before the question, in which the host may ask for the cell itself
     cell->image = bit == CELL_IMAGE ? NO_INDEX : cell->image;
     const PFNLISTGET get = column < columns.GetLength() ? columns[column]->fktGet : nullptr;
     if (!get) {
+        cell->state |= bit;
         return true;
     }
-    const gesso::Lifeline life(*this);
-    const UINT changes = m_inside->itemChanges;
+    const gesso::ListInside::Question question(*this, {item, column, bit});
+    ++Virtual()->questions;
     LPCWSTR text = nullptr;
     UINT number = bit == CELL_IMAGE ? NO_INDEX : 0;
     get(const_cast<GList*>(this), item, column, QuestionOf(bit),
         bit == CELL_TEXT ? static_cast<void*>(&text) : &number);
-    if (!life || !IsVirtual()) {
+    if (!question.IsOpen()) {
         return false;
     }
-    if (changes != m_inside->itemChanges) {
-        Virtual()->cells.Forget();
-        return false;
+    if (ListSubItem* answered = question.Cell()) {
+        Store(*answered, bit, text, number);
     }
-    cell = KeptCell(item, column);
-    if (!cell) {
-        return true;
-    }
-    if (bit == CELL_TEXT) {
-        gesso::FreeText(std::exchange(cell->text, text ? gesso::CopyText(text) : nullptr));
-    } else if (bit == CELL_IMAGE) {
-        cell->image = number;
-    } else {
-        cell->state |= number & LSIS_CHECKED;
-    }
-    return true;
+    return !question.HaveItemsMoved();
 }
 
 // What the getters answer, with nothing prepared.
@@ -137,12 +321,10 @@ ListSubItem GList::Answered(UINT item, UINT subItem, UINT bit, const char* opera
         gesso::Misuse(operation);
         return {};
     }
-    const bool fHasNone = (bit == CELL_IMAGE && !ShowsImage(subItem)) || (bit == CELL_STATE && subItem > 0);
-    if (fHasNone || !Ask(item, subItem, bit)) {
+    if ((bit == CELL_IMAGE && !ShowsImage(subItem)) || (bit == CELL_STATE && subItem > 0)) {
         return {};
     }
-    const ListSubItem* cell = KeptCell(item, subItem);
-    return cell ? ListSubItem{cell->state & LSIS_CHECKED, cell->image, cell->text, nullptr} : ListSubItem{};
+    return gesso::ListInside::Pass(*const_cast<GList*>(this)).Answer(item, subItem, bit);
 }
 
 // --- What is about to show
@@ -167,7 +349,7 @@ gesso::ShownItems GList::ItemsInView() const
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
     const gesso::ListGeometry geometry = Geometry();
-    const int64_t end = int64_t{m_siV.nPos} + rc.bottom;
+    const int64_t end = int64_t{m_siV.nPos} + rc.bottom - 1;
     for (UINT row = geometry.FirstRowReaching(int64_t{m_siV.nPos} + 1);
          row < geometry.RowCount() && !geometry.IsBelow(row, end); ++row)
     {
@@ -194,18 +376,13 @@ bool GList::AskForItems(const gesso::ShownItems& shown)
     return true;
 }
 
-// False where the list or its window is gone. A host that changes its items each time it is asked sees what
-// is kept.
+// False where the list or its window is gone.
 bool GList::AskForView()
 {
     const gesso::Lifeline life(*this);
     const HWND hwnd = m_hWnd;
-    for (int attempt = 0; attempt < ATTEMPTS && life && m_hWnd == hwnd && IsVirtual(); ++attempt) {
-        const gesso::ShownItems shown = ItemsInView();
-        Virtual()->cells.SetRoom(std::max(LEAST_ROOM, SCREENS * static_cast<UINT>(shown.items.size())));
-        if (AskForItems(shown)) {
-            return true;
-        }
+    if (IsVirtual()) {
+        gesso::ListInside::Pass(*this).AskForView();
     }
     return life && m_hWnd == hwnd;
 }
@@ -218,7 +395,7 @@ void GList::PrepareCells(const gesso::ShownItems& shown, const gesso::CellNeeds&
     for (const UINT item : shown.items) {
         for (const gesso::CellNeed& need : needs.cells) {
             ListSubItem* cell = need.bits & bit ? KeptCell(item, need.column) : nullptr;
-            if (cell && !(cell->state & bit)) {
+            if (cell && (cell->state & CELL_TEXT) && !(cell->state & bit)) {
                 cell->state |= bit;
                 cells.emplace_back(cell, FormatOf(need.column));
             }
@@ -232,8 +409,10 @@ void GList::PrepareCells(const gesso::ShownItems& shown, const gesso::CellNeeds&
     for (const auto& [cell, format] : cells) {
         if (cell->text) {
             cell->prepared = cell->prepared ? cell->prepared : new ListTextPair{};
-            (fTitle ? cell->prepared->second : cell->prepared->first) =
+            void*& hText = fTitle ? cell->prepared->second : cell->prepared->first;
+            hText =
                 CDrawText::DrawText_Prepare(context, cell->text, -1, nullptr, format, lineHeight, nullptr);
+            cell->state &= hText ? ~0U : ~bit; // without memory the next paint tries again
         }
     }
 }

@@ -18,13 +18,15 @@ constexpr int64_t NEAR_THE_START = 0x40000000;
 
 } // namespace
 
-// With the position that the bar is at: whoever moves the bar moves the rows.
+// With the position that the bar is at: whoever moves the bar moves the rows. A new scale is there before
+// the bar has its new position.
 gesso::VirtualList& GList::VirtualInStep() const
 {
     gesso::VirtualList& list = *Virtual();
-    if (list.scale.UnitAt(list.top) != m_siV.nPos) {
+    if (list.barPos != m_siV.nPos && list.scale.UnitAt(list.top) != m_siV.nPos) {
         list.top = list.scale.PixelAt(m_siV.nPos);
     }
+    list.barPos = m_siV.nPos;
     return list;
 }
 
@@ -122,7 +124,8 @@ void GList::ScaleBar(SCROLLINFO& si, int contentHeight)
         list.scale = {};
         if (fWasScaled) {
             const int64_t last = std::max<int64_t>(int64_t{si.nMax} + 1 - si.nPage, 0);
-            si.nPos = Saturated(std::min(list.top, last));
+            list.top = std::min(list.top, last);
+            si.nPos = Saturated(list.top);
             si.fMask |= SIF_POS;
         }
     }

@@ -183,6 +183,8 @@ struct ListInside
     static bool CheckLayout(const GList& list);
 
     struct FieldPlaces;
+    class Question;
+    class Pass;
 };
 
 } // namespace gesso

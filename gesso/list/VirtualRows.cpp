@@ -250,33 +250,51 @@ void VirtualRows::Cut(int64_t from, int64_t to, int64_t origin, ListRows& rows) 
     }
 }
 
-void VirtualRows::VisitTouched(const Area& area, const std::function<void(UINT, UINT)>& visit) const
+// Of a block, those that reach into a stretch.
+VirtualRows::LineSpan VirtualRows::LinesIn(size_t block, int64_t top, int64_t bottom) const
+{
+    const int64_t start = LinesTop(block);
+    const int64_t first = std::max<int64_t>(top - start, 0) / m_pitchY;
+    const int64_t end = std::min((bottom - start - m_spacingY + m_pitchY - 1) / m_pitchY,
+                                 LinesOf(EndOf(block) - m_blocks[block].firstItem));
+    return {first, std::max(first, end)};
+}
+
+bool VirtualRows::VisitTouched(const Area& area, const std::function<void(UINT, UINT)>& visit) const
 {
     const auto across = [this](int64_t x) {
         return std::clamp<int64_t>(x <= 0 ? 0 : (x + m_pitchX - 1) / m_pitchX, 0, m_perLine);
     };
     const int64_t kEnd = across(area.right - m_spacingX);
     const int64_t kFirst = std::min<int64_t>(std::max<int64_t>(area.left, 0) / m_pitchX, kEnd);
+    if (kFirst == kEnd) {
+        return true;
+    }
+    const size_t firstBlock = BlockAt(area.top);
+    size_t blockEnd = firstBlock;
+    int64_t lines = 0;
+    while (blockEnd < m_blocks.size() && LinesTop(blockEnd) + m_spacingY < area.bottom) {
+        const LineSpan span = LinesIn(blockEnd++, area.top, area.bottom);
+        lines += span.end - span.first;
+    }
     const bool fWhole = kFirst == 0 && kEnd == m_perLine;
-    for (size_t block = BlockAt(area.top); block < m_blocks.size() && kFirst < kEnd; ++block) {
-        const int64_t start = LinesTop(block);
-        if (start + m_spacingY >= area.bottom) {
-            break;
-        }
+    if (!fWhole && lines > MOST_TOUCHED) {
+        return false;
+    }
+    for (size_t block = firstBlock; block < blockEnd; ++block) {
+        const LineSpan span = LinesIn(block, area.top, area.bottom);
         const int64_t first = m_blocks[block].firstItem;
-        const int64_t end = EndOf(block);
-        const auto item = [&](int64_t n) { return static_cast<UINT>(std::clamp(n, first, end)); };
-        const int64_t line = std::max<int64_t>(area.top - start, 0) / m_pitchY;
-        const int64_t lineEnd = std::min((area.bottom - start - m_spacingY + m_pitchY - 1) / m_pitchY,
-                                         LinesOf(static_cast<UINT>(end - first)));
-        if (fWhole && line < lineEnd) {
-            visit(item(first + line * m_perLine), item(first + lineEnd * m_perLine));
-            continue;
+        const auto item = [&](int64_t n) {
+            return static_cast<UINT>(std::min<int64_t>(first + n, EndOf(block)));
+        };
+        if (fWhole && span.first < span.end) {
+            visit(item(span.first * m_perLine), item(span.end * m_perLine));
         }
-        for (int64_t l = line; l < lineEnd; ++l) {
-            visit(item(first + l * m_perLine + kFirst), item(first + l * m_perLine + kEnd));
+        for (int64_t line = span.first; !fWhole && line < span.end; ++line) {
+            visit(item(line * m_perLine + kFirst), item(line * m_perLine + kEnd));
         }
     }
+    return true;
 }
 
 // --- Pages

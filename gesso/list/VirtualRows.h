@@ -51,8 +51,10 @@ public:
     // that there is room for.
     void Cut(int64_t from, int64_t to, int64_t origin, ListRows& rows) const;
 
-    // The items that an area touches, as ranges without their ends.
-    void VisitTouched(const Area& area, const std::function<void(UINT first, UINT end)>& visit) const;
+    // The items that an area touches, as ranges without their ends. False, with nothing visited, where they
+    // are more than MOST_TOUCHED.
+    bool VisitTouched(const Area& area, const std::function<void(UINT first, UINT end)>& visit) const;
+    static constexpr int64_t MOST_TOUCHED = 200'000;
 
     // Where the page keys of Classic lead from an item, with a page of so many pixels.
     UINT PageUpFrom(UINT item, int64_t page) const;
@@ -66,12 +68,19 @@ private:
         int64_t firstLine;
     };
 
+    struct LineSpan
+    {
+        int64_t first;
+        int64_t end;
+    };
+
     bool SetGroups(size_t groups);
     void PlaceBlocks(UINT groups);
     void CutGroupCounts();
     size_t BlockAt(int64_t y) const;
     size_t BlockOf(UINT item) const;
     int64_t TopOf(size_t block) const;
+    LineSpan LinesIn(size_t block, int64_t top, int64_t bottom) const;
     int64_t LinesTop(size_t block) const { return TopOf(block) + m_groupHeight; }
     UINT EndOf(size_t block) const;
     int64_t LinesOf(UINT items) const { return (int64_t{items} + m_perLine - 1) / m_perLine; }

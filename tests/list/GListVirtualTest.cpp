@@ -78,6 +78,45 @@ protected:
         }
     }
 
+    // From the thumb's place at the start.
+    void DragThumbFarDown()
+    {
+        RECT rc{};
+        GetClientRect(list, &rc);
+        const int x = rc.right + 4;
+        POINT pt{x, 20};
+        ClientToScreen(list, &pt);
+        this->Send(WM_NCLBUTTONDOWN, HTVSCROLL, MAKELPARAM(pt.x, pt.y));
+        UINT former = 0;
+        for (int y = 20; y < 2000; y += 30) {
+            this->Mouse(WM_MOUSEMOVE, x, y);
+            EXPECT_GE(FirstInView(), former) << y;
+            former = FirstInView();
+        }
+        this->Mouse(WM_LBUTTONUP, x, 2000);
+    }
+    void ExpectThumbToReachTheEnd()
+    {
+        for (const UINT count : {97'000'000U, MOST}) {
+            MakeVirtual(count);
+            DragThumbFarDown();
+            EXPECT_EQ(LastInView(), count - 1);
+            DestroyWindow(list);
+            this->Renew();
+        }
+        MakeVirtual(1);
+    }
+    void ExpectFieldInView()
+    {
+        RECT rcField{}, rcClient{}, rc{};
+        ASSERT_EQ(GetParent(GetFocus()), list.GetHwnd());
+        GetWindowRect(GetFocus(), &rcField);
+        MapWindowPoints(nullptr, list, reinterpret_cast<POINT*>(&rcField), 2);
+        GetClientRect(list, &rcClient);
+        IntersectRect(&rc, &rcField, &rcClient);
+        EXPECT_TRUE(EqualRect(&rc, &rcField)) << rcField.top;
+    }
+
     VirtualHost data;
 };
 
@@ -272,6 +311,33 @@ TEST_F(GListVirtualTest, AHeaderClickIsTheHostsToAnswer)
     EXPECT_EQ(list.columns[1]->state, LCS_SORTDOWN);
 }
 
+// Where elements count as columns too.
+TEST_F(GListVirtualTest, AHeaderClickTellsTheColumnBesideCheckBoxes)
+{
+    MakeVirtual(10, HEADER | GLS_CHECKBOXES);
+    for (UINT element = 0; element < 3; ++element) {
+        host.Take();
+        Click(list.columnDraw[element].rect.right - 20, 5);
+        const auto told = host.Take();
+        const auto clicked = std::find_if(told.begin(), told.end(),
+                                          [](const Notified& n) { return n.code == COLUMN_CLICKED; });
+        ASSERT_EQ(clicked != told.end(), element > 0) << element;
+        if (element > 0) {
+            EXPECT_EQ(clicked->record.iSubItem, static_cast<int>(element) - 1);
+        }
+    }
+}
+
+TEST_F(GListVirtualTest, ADraggedThumbReachesTheEndOfAnyLength)
+{
+    ExpectThumbToReachTheEnd();
+}
+
+TEST_F(GListVirtualModernTest, ADraggedThumbReachesTheEndOfAnyLength)
+{
+    ExpectThumbToReachTheEnd();
+}
+
 TEST_F(GListVirtualTest, GroupsHoldItemsOneBehindTheOther)
 {
     MakeVirtual(10);
@@ -372,6 +438,136 @@ TEST_F(GListVirtualTest, AnItemIsRenamedByTheHost)
     host.answer = 0;
     list.GetItemText(5010, 0);
     EXPECT_EQ(data.Take().size(), 1U) << "the text is asked for anew";
+}
+
+TEST_F(GListVirtualTest, AnItemFarAwayIsRenamedInView)
+{
+    MakeVirtual(MOST);
+    ASSERT_TRUE(list.EditItem(3'000'000'000));
+    ExpectFieldInView();
+    SetFocus(list);
+    ASSERT_TRUE(list.EditItem(5));
+    ExpectFieldInView();
+}
+
+TEST_F(GListVirtualModernTest, F2BringsTheCursorsItemIntoView)
+{
+    MakeVirtual(MANY);
+    list.SetCursorItem(0);
+    list.EnsureVisible(MANY - 1);
+    Key(VK_F2);
+    ExpectFieldInView();
+    EXPECT_EQ(FirstInView(), 0U);
+}
+
+// The text of an item is asked for between the two notifications.
+TEST_F(GListVirtualTest, ARenamingGoesWhereItsItemGoesMeanwhile)
+{
+    MakeVirtual(100);
+    bool fGoes = false;
+    data.onQuestion = [&](GList* pList, const VirtualHost::Question& question) {
+        fGoes ? pList->ItemsRemoved(question.item, 1) : pList->ItemsInserted(0, 2);
+        data.onQuestion = nullptr;
+        return true;
+    };
+    ASSERT_TRUE(list.EditItem(3));
+    RECT rcField{};
+    GetWindowRect(GetFocus(), &rcField);
+    MapWindowPoints(nullptr, list, reinterpret_cast<POINT*>(&rcField), 2);
+    EXPECT_EQ(list.HitAt(rcField.left + 2, rcField.top + 2).item, 5U);
+    SetFocus(list);
+    host.Take();
+    fGoes = true;
+    data.onQuestion = [&](GList* pList, const VirtualHost::Question& question) {
+        pList->ItemsRemoved(question.item, 1);
+        return true;
+    };
+    EXPECT_FALSE(list.EditItem(50));
+    data.onQuestion = nullptr;
+    EXPECT_EQ(host.Take().back().record.iItem, -1) << "the renaming has ended";
+}
+
+TEST_F(GListVirtualTest, AGetterAnswersWhateverTheHostChangesMeanwhile)
+{
+    MakeVirtual(100);
+    const std::vector<std::function<void(GList*)>> deeds{
+        [](GList* pList) { pList->ItemsChanged(0, END); },
+        [](GList* pList) { pList->ItemsInserted(0, 1); },
+        [](GList* pList) { pList->SetVirtualItems(99); },
+        [](GList* pList) { pList->SetColumnText(0, L"B"); },
+        [](GList* pList) { pList->SetColumnFormat(0, DT_RIGHT); },
+        [](GList* pList) { UpdateWindow(*pList); },
+    };
+    for (size_t deed = 0; deed < deeds.size(); ++deed) {
+        SCOPED_TRACE("deed " + std::to_string(deed));
+        data.onQuestion = [&](GList* pList, const VirtualHost::Question&) {
+            data.onQuestion = nullptr;
+            deeds[deed](pList);
+            return true;
+        };
+        const UINT item = 10 + static_cast<UINT>(deed);
+        const LPCWSTR text = list.GetItemText(item, 0);
+        ASSERT_NE(text, nullptr);
+        EXPECT_EQ(Narrow(text), VirtualHost::TextOf(deed == 1 ? item + 1 : item, 0));
+    }
+}
+
+TEST_F(GListVirtualTest, AsksNothingOfItemsThatAreNotThere)
+{
+    MakeVirtual(3);
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    list.DrawItem(hdc, 3, {0, 0, 100, 20});
+    EXPECT_TRUE(data.Take().empty());
+    list.DrawItem(hdc, 2, {0, 0, 100, 20});
+    EXPECT_EQ(data.Take().size(), 2U);
+    DeleteDC(hdc);
+    Paint();
+    list.SetColumnFktGet(1, VirtualHost::Get);
+    EXPECT_GT(AskedByPaint(), 0U) << "another function answers otherwise";
+}
+
+TEST_F(GListVirtualTest, AGroupGoesWithItsHeadingAtOnce)
+{
+    MakeVirtual(10);
+    AddGroup(7);
+    AddGroup(9);
+    list.SetGroupItemCount(0, 3);
+    list.SetGroupItemCount(1, 5);
+    list.RemoveGroup(0);
+    EXPECT_EQ(list.GetItemGroup(4), 9U);
+    EXPECT_EQ(list.GetItemGroup(5), END);
+    list.RemoveAllGroups();
+    EXPECT_EQ(list.GetItemGroup(4), END);
+    EXPECT_EQ(list.contentCy, list.headerArea + 10 * list.itemHeight);
+}
+
+TEST_F(GListVirtualModernTest, ADragRectangleStaysWithTheRowsItBeganAt)
+{
+    MakeVirtual(1000);
+    list.EnsureVisible(500);
+    const UINT first = FirstInView() + 2;
+    const int x = 250; // beside the columns
+    Mouse(WM_LBUTTONDOWN, x, RowY(first));
+    Mouse(WM_MOUSEMOVE, 50, RowY(first + 2));
+    EXPECT_EQ(list.GetSelectedCount(), 3U);
+    list.ItemsInserted(0, 3);
+    Mouse(WM_MOUSEMOVE, 51, RowY(first + 5));
+    EXPECT_EQ(list.GetFirstSelectedItemIndex(), first + 3);
+    EXPECT_EQ(list.GetSelectedCount(), 3U);
+    Mouse(WM_LBUTTONUP, 51, RowY(first + 5));
+}
+
+TEST_F(GListVirtualModernTest, ADragOverMoreLinesThanItIsWorthLeavesTheSelection)
+{
+    MakeVirtual(MOST, GLS_ICONS);
+    list.SetSelected(7, 1);
+    HoldKeys(KEYMOD_CTRL);
+    Mouse(WM_LBUTTONDOWN, 1, 1);
+    HoldKeys(0);
+    list.EnsureVisible(MOST - 1);
+    Mouse(WM_MOUSEMOVE, 30, 100);
+    EXPECT_EQ(list.Selected(), "7");
+    Mouse(WM_LBUTTONUP, 30, 100);
 }
 
 TEST_F(GListVirtualModernTest, TypedCharactersAreTheHostsToFind)

@@ -49,7 +49,8 @@ private:
     void Answer(GList* list, const Question& question, void* answer)
     {
         questions.push_back(question);
-        if (onQuestion && !onQuestion(list, question)) {
+        const auto ask = onQuestion; // which may replace itself
+        if (ask && !ask(list, question)) {
             return;
         }
         if (question.what == LGET_TEXT) {

@@ -201,6 +201,22 @@ TEST_F(VirtualRowsTest, FourBillionRowsHaveEachItsPlace)
     EXPECT_LE(cut.GetLength(), 6U);
 }
 
+TEST_F(VirtualRowsTest, AnAreaOfTooManyRangesVisitsNone)
+{
+    records.measures.view = GLS_ICONS;
+    records.measures.linesWidth = 1000;
+    rows.SetCount(4'000'000'000);
+    rows.Place(records.measures, 0);
+    UINT ranges = 0;
+    const auto note = [&ranges](UINT, UINT) { ++ranges; };
+    EXPECT_FALSE(rows.VisitTouched({0, 0, 1, rows.End()}, note));
+    EXPECT_EQ(ranges, 0U);
+    EXPECT_TRUE(rows.VisitTouched({0, 0, 1000, rows.End()}, note));
+    EXPECT_EQ(ranges, 1U) << "whole lines are one range";
+    EXPECT_TRUE(rows.VisitTouched({0, 0, 1, 1000}, note));
+    EXPECT_GT(ranges, 10U);
+}
+
 TEST_F(VirtualRowsTest, EachUnitOfALargeBarIsAPlaceOfItsOwn)
 {
     for (const int64_t count : {100'000'000LL, 1'000'000'000LL, 4'000'000'000LL}) {
