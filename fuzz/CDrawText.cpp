@@ -1,8 +1,11 @@
 // Prepares any text at any width, with a platform that may fail, and paints it in every way. The records must
-// be in order and the lines end; the sanitizers watch the arrays, which fit exactly.
+// be in order and the lines end; the sanitizers watch the arrays, which fit exactly. In Modern the machine
+// has fonts that others have to help out.
 
 #include "tests/support/TextCheck.h"
 
+#include <gesso/framework/Behavior.h>
+#include <gesso/text/FallbackFonts.h>
 #include <platform/headless/headless.h>
 
 #include <cstdio>
@@ -149,7 +152,31 @@ void Run(HDC hdc, LPCWSTR text, int length, const Plan& plan)
     CDrawText::DrawText_CloseHandle(buffer);
 }
 
+void RunAll(const std::vector<wchar_t>& text, const Plan& plan)
+{
+    gesso::ForgetFallbackFonts();
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    const desk::Census before = desk::Live();
+    OrderFault(plan);
+    Run(hdc, text.data(), static_cast<int>(text.size()), plan);
+    PrepareByHand(hdc, text.data(), static_cast<UINT>(text.size()), plan);
+    desk::ClearFaults();
+    gesso::ForgetFallbackFonts();
+    if (desk::Live() != before) {
+        Expect("something was left behind\n");
+    }
+    DeleteDC(hdc);
+}
+
 } // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    desk::InstallFont("Latin", {{0x20, 0x24F}});
+    desk::InstallFont("Marks", {{0x300, 0x36F}, {0x590, 0x6FF}, {0x20D0, 0x20F0}}, {130, 40});
+    desk::InstallFont("Wide", {{0x900, 0x97F}, {0x3000, 0x9FFF}, {0x1F1E6, 0x1FAFF}}, {90, 20});
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize)
 {
@@ -159,15 +186,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize)
     while (!input.IsEmpty()) {
         text.push_back(static_cast<wchar_t>(input.Short()));
     }
-    const HDC hdc = CreateCompatibleDC(nullptr);
-    const desk::Census before = desk::Live();
-    OrderFault(plan);
-    Run(hdc, text.data(), static_cast<int>(text.size()), plan);
-    PrepareByHand(hdc, text.data(), static_cast<UINT>(text.size()), plan);
-    desk::ClearFaults();
-    if (desk::Live() != before) {
-        Expect("something was left behind\n");
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        gesso::SetBehavior(behavior);
+        RunAll(text, plan);
     }
-    DeleteDC(hdc);
     return 0;
 }

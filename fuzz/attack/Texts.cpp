@@ -131,6 +131,7 @@ const Table& TextWorld::Operations()
                 SelectObject(self.AnyContext(source), self.AnyFont(source));
             })};
         AddFaults(table);
+        AddFonts(table);
         return table;
     }();
     return TABLE;

@@ -137,6 +137,7 @@ void AddInput(Table& table);
 void AddSurroundings(Table& table);
 void AddSettings(Table& table);
 void AddFaults(Table& table);
+void AddFonts(Table& table);
 // The object's and its window's coming and going.
 void AddLife(Table& table);
 

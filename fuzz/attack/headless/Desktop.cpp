@@ -1,6 +1,7 @@
 // The desktop's other side: the simulated desktop's driver.
 #include "../Desktop.h"
 
+#include <gesso/text/FallbackFonts.h>
 #include <platform/headless/headless.h>
 
 #include <sanitizer/common_interface_defs.h>
@@ -18,6 +19,7 @@ void Reset()
 {
     simulated::RemoveResources(simulated::HostModule());
     simulated::Reset();
+    gesso::ForgetFallbackFonts(); // of a run before
 }
 
 std::vector<HWND> TopLevelWindows()

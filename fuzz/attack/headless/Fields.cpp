@@ -4,6 +4,7 @@
 #include "../Plain.h"
 
 #include <tests/headless/edit/PlainModel.h>
+#include <tests/headless/memory/MemoryLimit.h>
 #include <tests/support/User.h>
 
 #include <gesso/edit/TextInput.h>
@@ -55,6 +56,7 @@ private:
         return (GetWindowLongW(m_edit, GWL_STYLE) & static_cast<LONG>(dwBit)) != 0;
     }
     bool MayChange() const { return !Has(ES_READONLY); }
+    bool MayCompose() const { return MayChange() && !IsMasked(); }
     bool IsMasked() const { return Has(ES_PASSWORD) && !Has(ES_MULTILINE); }
     // What a program puts in need not be a number.
     gesso::InputRules Rules(bool fProgram) const
@@ -105,9 +107,12 @@ private:
     void AskForLines(Source& source);
     void SendAnyNumbers(Source& source);
     void Limit(Source& source);
+    void SetCue(Source& source);
     void ChangeField(Source& source);
     void FindSome(Source& source);
     void Compose(Source& source);
+    void AskAsInputMethod(Source& source);
+    void RunOutOfMemory(Source& source);
 
     Characters AnyCharacters(Source& source) const;
     Characters FieldText() const;
@@ -768,10 +773,20 @@ void FieldWorld::Limit(Source& source)
     }
 }
 
+void FieldWorld::SetCue(Source& source)
+{
+    const Text text = source.AnyText();
+    Send(EM_SETCUEBANNER, source.Flag(), reinterpret_cast<LPARAM>(static_cast<LPCWSTR>(text)));
+    std::vector<wchar_t> cue(source.Count(40));
+    Send(EM_GETCUEBANNER, reinterpret_cast<WPARAM>(cue.data()), static_cast<LPARAM>(cue.size()));
+}
+
 // What the field is like, and when it shows.
 void FieldWorld::ChangeField(Source& source)
 {
-    switch (source.Below(7)) {
+    switch (source.Below(9)) {
+    case 7: Send(EM_SETPASSWORDCHAR, source.Chance(2) ? 0 : source.Next() & 0xFFFF); break;
+    case 8: SetCue(source); break;
     case 0: Send(EM_SETREADONLY, source.Chance(3)); break;
     case 1:
         SetWindowPos(m_edit, nullptr, 0, 0, static_cast<int>(source.Below(300)),
@@ -812,6 +827,10 @@ void FieldWorld::Compose(Source& source)
         &FieldWorld::ChangeField,  &FieldWorld::SendAnyNumbers,   &FieldWorld::SetText};
     SetFocus(m_edit);
     const HIMC himc = ImmGetContext(m_edit);
+    if (IsMasked()) {
+        Find(himc ? "a secret that an input method reaches" : "");
+        return;
+    }
     Characters text;
     for (UINT n = 1 + source.Below(3); n > 0; --n) {
         text = AnyCharacters(source);
@@ -820,16 +839,20 @@ void FieldWorld::Compose(Source& source)
         ImmSetCompositionStringW(himc, SCS_SETSTR, text.data(), cb, nullptr, 0);
         desk::Pump();
         Find(Check());
-        if (!MayChange()) {
+        if (!MayCompose()) {
             text.clear(); // refused
         }
         if (source.Chance(2)) {
             const auto pfn = MEANWHILE[source.Below(static_cast<UINT>(std::size(MEANWHILE)))];
             (this->*pfn)(source);
-            if (pfn == &FieldWorld::SetText) {
+            if (pfn == &FieldWorld::SetText || IsMasked()) {
                 text.clear(); // taken back
             }
             Find(Check());
+        }
+        if (IsMasked()) {
+            ImmNotifyIME(himc, NI_COMPOSITIONSTR, CPS_CANCEL, 0);
+            break;
         }
     }
     const UINT nEnd = source.Below(4);
@@ -846,6 +869,64 @@ void FieldWorld::Compose(Source& source)
         Insert(text, EditKind::Step);
     }
     SetFocus(m_edit);
+}
+
+// Characters that it sends itself, and what it asks: where its windows go, and what to convert again.
+void FieldWorld::AskAsInputMethod(Source& source)
+{
+    COMPOSITIONFORM composition{};
+    CANDIDATEFORM candidates{};
+    const auto ask = [&](UINT uWhat, const void* p) {
+        return Send(WM_IME_REQUEST, uWhat, reinterpret_cast<LPARAM>(p));
+    };
+    switch (source.Below(5)) {
+    case 0: ask(IMR_COMPOSITIONWINDOW, source.Chance(4) ? nullptr : &composition); break;
+    case 1: ask(IMR_CANDIDATEWINDOW, source.Chance(4) ? nullptr : &candidates); break;
+    case 2: ask(source.Below(9), nullptr); break;
+    case 3: {
+        const auto ch = static_cast<wchar_t>(' ' + source.Below(90));
+        Send(WM_IME_CHAR, static_cast<WPARAM>(ch), 1);
+        desk::Pump();
+        TypeOne(ch);
+        return;
+    }
+    default: {
+        const auto cbAll = static_cast<size_t>(ask(IMR_RECONVERTSTRING, nullptr));
+        const size_t cb = source.Chance(3) ? source.Below(static_cast<UINT>(cbAll) + 1) : cbAll;
+        std::vector<DWORD> block(std::max(cb, sizeof(RECONVERTSTRING)) / sizeof(DWORD) + 1);
+        block[0] = static_cast<DWORD>(cb);
+        ask(IMR_RECONVERTSTRING, block.data());
+    }
+    }
+    TakeSelection(); // a word is selected to be converted
+}
+
+// All or nothing, of a text that is long beside what painting takes.
+void FieldWorld::RunOutOfMemory(Source& source)
+{
+    constexpr UINT LONG_TEXT = 20000;
+    Characters text(LONG_TEXT, static_cast<wchar_t>(L'a' + source.Below(26)));
+    text.push_back(0);
+    const Characters former = FieldText();
+    const bool fWhole = source.Chance(3);
+    simulated::ClearDrawing(m_edit);
+    {
+        const test::MemoryLimit limit(30000 + source.Below(60000));
+        fWhole ? static_cast<void>(m_edit.SetText(text.data())) : m_edit.ReplaceSel(text.data(), true);
+    }
+    const bool fDone = FieldText() != former;
+    text.pop_back();
+    if (fDone && fWhole) {
+        StartAnew(text);
+    } else if (fDone) {
+        Insert(text, EditKind::Step, true, true);
+    }
+    Find(Check());
+    if (fDone && fWhole) {
+        SetText(source);
+    } else if (fDone) {
+        UndoOrRedo(source);
+    }
 }
 
 const Table& FieldWorld::Operations()
@@ -872,6 +953,8 @@ const Table& FieldWorld::Operations()
                              of("Limit", &Self::Limit, 1),
                              of("ChangeField", &Self::ChangeField, 5),
                              of("Compose", &Self::Compose, 4),
+                             of("AskAsInputMethod", &Self::AskAsInputMethod, 3),
+                             of("RunOutOfMemory", &Self::RunOutOfMemory, 1),
                              of("FindSome", &Self::FindSome, 1)};
     return TABLE;
 }

@@ -2,6 +2,7 @@
 
 #include "../Call.h"
 
+#include <gesso/text/FallbackFonts.h>
 #include <platform/headless/headless.h>
 
 namespace attack {
@@ -81,7 +82,26 @@ void LetFail(World&, Source& source)
     simulated::Fail(operation.name, nTimes, ERROR_NOT_ENOUGH_MEMORY, nSkip);
 }
 
+// Until the end of the run there are the installed ones alone.
+void InstallFont(World&, Source& source)
+{
+    static constexpr const char* FACES[] = {"Tahoma", "Arial", "Font A", "Font B", "Font C"};
+    static constexpr simulated::CodeRange RANGES[] = {
+        {0x20, 0x7E},     {0x300, 0x36F},     {0x590, 0x5FF},     {0x600, 0x6FF},   {0x900, 0x97F},
+        {0x3000, 0x9FFF}, {0x1F1E6, 0x1F1FF}, {0x1F300, 0x1FAFF}, {0xD800, 0xDFFF}, {0x20, 0x1FFFF}};
+    const auto& range = source.Any(std::span<const simulated::CodeRange>(RANGES));
+    const simulated::FontShape shape{static_cast<int>(source.Below(300)),
+                                     static_cast<int>(source.Below(300))};
+    simulated::InstallFont(source.Any(std::span<const char* const>(FACES)), {range}, shape);
+    gesso::ForgetFallbackFonts();
+}
+
 } // namespace
+
+void AddFonts(Table& table)
+{
+    Add(table, {{"InstallFont", InstallFont}});
+}
 
 void AddSettings(Table& table)
 {

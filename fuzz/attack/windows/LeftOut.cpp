@@ -12,6 +12,8 @@ void AddSettings(Table&) {}
 // The platform fails when it likes.
 void AddFaults(Table&) {}
 
+void AddFonts(Table&) {}
+
 // A program's resources are built into it.
 void AddFromResources(Table&) {}
 

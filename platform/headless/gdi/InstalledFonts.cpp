@@ -118,7 +118,7 @@ DWORD WINAPI GetFontUnicodeRanges(HDC hdc, LPGLYPHSET set)
         set->flAccel = 0;
         set->cGlyphsSupported = 0;
         set->cRanges = static_cast<DWORD>(ranges.size());
-        memcpy(set->ranges, ranges.data(), ranges.size() * sizeof(WCRANGE));
+        std::copy(ranges.begin(), ranges.end(), set->ranges);
     }
     return size;
 }
