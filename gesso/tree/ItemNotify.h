@@ -16,7 +16,8 @@ inline LRESULT SendItemNotify(const GWnd& wnd, UINT uCode, void* hItem, UINT row
     notify.x = x;
     notify.y = y;
     notify.pItem = hItem;
-    notify.uKeyFlags = ModifierFlags();
+    // Of items that go there may be a million, and no key has to do with it.
+    notify.uKeyFlags = uCode == static_cast<UINT>(TVN_DELETEITEMW) ? 0 : ModifierFlags();
     return Frame::SendNotify(wnd, uCode, &notify.hdr);
 }
 
