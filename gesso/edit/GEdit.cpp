@@ -89,6 +89,8 @@ GEdit& GEdit::operator=(const GEdit& other)
     if (this == &other) {
         return *this;
     }
+    // From a copy of its own: its window goes on as it is, with the copy's text.
+    const bool fStays = m_hWnd && m_hWnd == other.m_hWnd && AsModern();
     GWndScroll::operator=(other);
     m_hTheme = other.m_hTheme;
     m_hFont = other.m_hFont;
@@ -96,7 +98,12 @@ GEdit& GEdit::operator=(const GEdit& other)
     m_hitDown = other.m_hitDown;
     m_hitMove = other.m_hitMove;
     if (CopyTextOf(other)) {
-        LeaveModern();
+        if (fStays) {
+            AsModern()->editor.SetText(m_strText);
+            StartText(L"");
+        } else {
+            LeaveModern();
+        }
     }
     Own().lines.ForgetWrapping();
     Own().fCaret = other.Own().fCaret;

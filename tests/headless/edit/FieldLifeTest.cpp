@@ -68,4 +68,27 @@ TEST_F(FieldLifeTest, AnObjectThatIsAssignedHasTheTextOfTheOther)
     EXPECT_EQ(TextOf(edit), "other");
 }
 
+// The window and what it edits go on, also where the parent does so while the field is at work.
+TEST_F(FieldLifeTest, AnObjectThatIsAssignedItsOwnCopyEditsOn)
+{
+    GEdit edit;
+    const HWND hwnd = Make(edit, L"own");
+    GEdit copy(edit);
+    SendMessageW(hwnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"x"));
+    edit = copy;
+    EXPECT_EQ(TextOf(edit), "own");
+    const std::string change = "click 1 code " + std::to_string(EN_CHANGE);
+    host.onReport = [&](const std::string& report) {
+        if (report.starts_with(change)) {
+            edit = copy;
+        }
+    };
+    SendMessageW(hwnd, WM_CHAR, 'y', 1);
+    EXPECT_EQ(TextOf(edit), "own");
+    host.onReport = nullptr;
+    SendMessageW(hwnd, WM_CHAR, 'y', 1);
+    EXPECT_EQ(TextOf(edit), "yown");
+    EXPECT_EQ(SendMessageW(hwnd, EM_CANUNDO, 0, 0), TRUE);
+}
+
 } // namespace
