@@ -169,7 +169,10 @@ bool GComboBox::Modern::OnListQuery(UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
     case CB_GETITEMHEIGHT: *plAnswer = ItemHeight(nArgument); return true;
     case CB_SETMINVISIBLE: *plAnswer = SetMinVisible(static_cast<UINT>(wParam)); return true;
     case CB_GETMINVISIBLE: *plAnswer = static_cast<int>(m_nMinVisible); return true;
-    case CB_SETDROPPEDWIDTH: m_nDroppedWidth = std::max(0, nArgument); [[fallthrough]];
+    case CB_SETDROPPEDWIDTH:
+        m_nDroppedWidth = std::max(0, nArgument);
+        ArrangeIfOpen();
+        [[fallthrough]];
     case CB_GETDROPPEDWIDTH: *plAnswer = DroppedWidth(); return true;
     case CB_GETTOPINDEX: *plAnswer = TopRow(); return true;
     case CB_SETTOPINDEX: *plAnswer = SetTopIndex(static_cast<UINT>(wParam)); return true;

@@ -93,10 +93,15 @@ void TextEditor::Inside::DrawCue(HDC hdc)
         return;
     }
     const TextColorScope color(hdc, ColorOf(Color::FieldDisabledText));
-    RECT rc = Area();
-    const UINT uAlign = Style() & ES_CENTER ? DT_CENTER : Style() & ES_RIGHT ? DT_RIGHT : DT_LEFT;
-    const UINT uLines = IsMultiLine() ? DT_WORDBREAK : DT_SINGLELINE | DT_END_ELLIPSIS;
-    ::DrawTextW(hdc, cue.data(), -1, &rc, DT_NOPREFIX | uAlign | uLines);
+    const RECT rc = Area();
+    UINT uFormat = Style() & ES_CENTER ? DT_CENTER : Style() & ES_RIGHT ? DT_RIGHT : DT_LEFT;
+    if (!IsMultiLine()) {
+        RECT rcText{0, 0, rc.right - rc.left, 1};
+        CDrawText::DrawText_Prepare(hdc, cue.data(), -1, &rcText, DT_SINGLELINE | DT_CALCRECT, 1, nullptr);
+        // What is too wide shows its beginning.
+        uFormat = DT_SINGLELINE | (rcText.right <= rc.right - rc.left ? uFormat : DT_LEFT);
+    }
+    CDrawText::DrawTextW(hdc, cue.data(), -1, rc, uFormat, nRowHeight, nullptr);
 }
 
 // Where what is dragged would go.

@@ -57,7 +57,7 @@ void TextEditor::Inside::Changed(Origin origin, const ViewPlace& former)
     if (watch) {
         Tell(EN_CHANGE);
     }
-    if (watch && origin == Origin::User && IsMultiLine()) {
+    if (watch && origin == Origin::User) {
         TellScrolled(former);
     }
 }
@@ -84,8 +84,8 @@ UINT TextEditor::Inside::CountThatFits(const TextRange& range, const std::vector
     const RECT rc = Area();
     const auto fits = [&](UINT n) {
         if (IsMultiLine()) {
-            const UINT nRows = RowsWith(range, text.data(), n);
-            return nRows <= RowsInView() || nRows <= model.Rows().Count();
+            const UINT nMost = std::max(RowsInView(), model.Rows().Count());
+            return RowsWith(range, text.data(), n, nMost) <= nMost;
         }
         std::vector<wchar_t> line(model.Length() - range.Length() + n);
         model.Text().Copy({0, range.nFrom}, line.data());
@@ -96,19 +96,25 @@ UINT TextEditor::Inside::CountThatFits(const TextRange& range, const std::vector
         prepared.Prepare(source, static_cast<UINT>(line.size()));
         return prepared.Width() < rc.right - rc.left || n <= range.Length();
     };
-    if (fits(nAll)) {
-        return nAll;
-    }
+    constexpr UINT FIRST_TRY = 64;
     UINT nFit = 0;
-    for (UINT nEnd = nAll; nEnd - nFit > 1;) {
+    UINT nEnd = std::min(nAll, FIRST_TRY);
+    while (fits(nEnd)) {
+        if (nEnd == nAll) {
+            return nAll;
+        }
+        nFit = nEnd;
+        nEnd = static_cast<UINT>(std::min<uint64_t>(nAll, 2 * uint64_t{nEnd}));
+    }
+    while (nEnd - nFit > 1) {
         const UINT nMiddle = nFit + (nEnd - nFit) / 2;
         (fits(nMiddle) ? nFit : nEnd) = nMiddle;
     }
     return SnapToCluster({text.data(), nAll}, nFit);
 }
 
-// How many rows the text would have.
-UINT TextEditor::Inside::RowsWith(const TextRange& range, const wchar_t* psz, UINT n)
+// How many rows the text would have, as far as they are no more than nMost.
+UINT TextEditor::Inside::RowsWith(const TextRange& range, const wchar_t* psz, UINT n, UINT nMost)
 {
     const RowTable& rows = model.Rows();
     const UINT nFirst = model.ParagraphRows(rows.RowOf(range.nFrom)).nFrom;
@@ -126,7 +132,7 @@ UINT TextEditor::Inside::RowsWith(const TextRange& range, const wchar_t* psz, UI
         return nOthers + 1 + static_cast<UINT>(std::count(text.begin(), text.end(), L'\n'));
     }
     UINT nRows = text.empty() || text.back() == L'\n' ? 1 : 0;
-    for (UINT nFrom = 0; nFrom < whole.Length(); ++nRows) {
+    for (UINT nFrom = 0; nFrom < whole.Length() && nOthers + nRows <= nMost; ++nRows) {
         nFrom += RowLength({hdc, whole, nFrom, style}, nWrapWidth, nAverage);
     }
     return nOthers + nRows;

@@ -210,7 +210,7 @@ struct TextEditor::Inside final : private CompositionTarget
     bool Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origin, bool fCanUndo = true);
     UINT RoomFor(const TextRange& range) const;
     UINT CountThatFits(const TextRange& range, const std::vector<wchar_t>& text);
-    UINT RowsWith(const TextRange& range, const wchar_t* psz, UINT n);
+    UINT RowsWith(const TextRange& range, const wchar_t* psz, UINT n, UINT nMost);
     void Changed(Origin origin, const ViewPlace& former);
     bool TakeBack(bool (EditModel::*pfnStep)());
     bool HasRoomForPair(wchar_t chHigh);
