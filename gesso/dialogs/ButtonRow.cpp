@@ -1,8 +1,12 @@
 #include <gesso/controls/GButton.h>
 #include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/DialogSupport.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Library.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/language/LanguageTable.h>
 
+#include <algorithm>
 #include <memory>
 #include <span>
 #include <utility>
@@ -15,6 +19,23 @@ ButtonRow::ButtonRow(HWND hDlg, HFONT hFont) : m_hDlg(hDlg), m_hFont(hFont)
                                   Metrics::DIALOG_BUTTON_GAP, 0);
     m_size = {rcUnits.left, rcUnits.top};
     m_nGap = rcUnits.right;
+}
+
+void ButtonRow::FitLabel(LPCWSTR pszLabel)
+{
+    m_size.cx = std::max<int>(m_size.cx, WidthOf(pszLabel));
+}
+
+int ButtonRow::WidthOf(LPCWSTR pszLabel) const
+{
+    if (!HasOtherTexts() || !pszLabel) {
+        return 0;
+    }
+    const WindowContext context(m_hDlg);
+    const SelectScope font(context, m_hFont ? m_hFont : g_hDefaultFont);
+    RECT rc{};
+    DrawTextW(context, pszLabel, -1, &rc, DT_CALCRECT | DT_SINGLELINE);
+    return rc.right - rc.left + 2 * m_nGap;
 }
 
 void ButtonRow::StandAt(int xRight, int y)

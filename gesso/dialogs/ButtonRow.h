@@ -18,6 +18,12 @@ public:
     // With a font, the buttons get it.
     explicit ButtonRow(HWND hDlg, HFONT hFont = nullptr);
 
+    // Widens the row's buttons for a label that they have no room for; those of the library's first texts
+    // stand as they are.
+    void FitLabel(LPCWSTR pszLabel);
+    // What a button needs for a label; 0 for one of the first texts.
+    int WidthOf(LPCWSTR pszLabel) const;
+
     int Width() const { return m_size.cx; }
     int Height() const { return m_size.cy; }
     int Gap() const { return m_nGap; }

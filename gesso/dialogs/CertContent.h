@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/framework/Colors.h>
+#include <gesso/language/Language.h>
 
 struct CertText
 {
@@ -46,44 +47,27 @@ constexpr size_t CERT_BUTTONS = 3;
 
 struct CertSeverity
 {
-    LPCWSTR pszHeader;
+    TextId header;
     Color text, left, right; // of the header's text, and of the ends of its gradient
     WORD wHeaderIcon, wLineIcon;
-    LPCWSTR pszStatus;
+    TextId status;
 };
 
 // By CFT_.
 inline constexpr CertSeverity SEVERITIES[] = {
-    {L"Verbindungsidentifizierung", Color::CertSecureText, Color::CertSecureLeft, Color::CertSecureRight, 138,
-     135, L"Die Verbindung ist sicher."},
-    {L"Nicht vertrauenswürdiges Zertifikat", Color::CertUntrustedText, Color::CertUntrustedLeft,
-     Color::CertUntrustedRight, 133, 136,
-     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert "
-     L"werden. Das Fortsetzen des Vorgangs ist eventuell nicht sicher."},
-    {L"Zertifikat ungültig", Color::CertInvalidText, Color::CertInvalidLeft, Color::CertInvalidRight, 137,
-     134,
-     L"Der Remotecomputer konnte aufgrund von Sicherheitszertifikatproblemen nicht authentifiziert "
-     L"werden. Das Fortsetzen des Vorgangs ist nicht möglich."},
+    {TextId::SecureHeader, Color::CertSecureText, Color::CertSecureLeft, Color::CertSecureRight, 138, 135,
+     TextId::SecureStatus},
+    {TextId::UntrustedHeader, Color::CertUntrustedText, Color::CertUntrustedLeft, Color::CertUntrustedRight,
+     133, 136, TextId::UntrustedStatus},
+    {TextId::InvalidHeader, Color::CertInvalidText, Color::CertInvalidLeft, Color::CertInvalidRight, 137, 134,
+     TextId::InvalidStatus},
 };
 
 // By bit of the failures.
-inline constexpr LPCWSTR FAILURE_TEXTS[] = {
-    L"Das Zertifikat ist gültig und vertrauenswürdig",
-    L"dem Zertifikat wird nicht getraut (bzw. dessen Root)",
-    L"das Zertifikat wird für einen falschen Zweck verwendet",
-    L"der Name im Zertifikat stimmt nicht mit dem geforderten überein",
-    L"es wurden keine CRL zu den Zertifikaten gesucht/gefunden",
-    L"das Zertifikat ist abgelaufen",
-    L"das Zertifikat ist noch nicht gültig",
-    L"die Verschachtelung der Zeiten ist falsch",
-    // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): one text
-    (L"Das Zertifikat ist ungültig (irgendwas stimmt nicht mit der Kette, den Signaturen oder etwas "
-     L"anderem... wir vertrauen dem Ding auf jeden Fall nicht)"),
-    L"Das Zertifikat wurde zurückgezogen.",
-    L"explizit nicht vertrauenswürdig (wie zurückgezogen, aber nicht von der CA)",
-};
-
-inline constexpr LPCWSTR QUESTION_TEXT = L"Möchten Sie den Vorgang fortsetzen?";
-inline constexpr LPCWSTR DONT_ASK_TEXT = L"Nicht erneut nach Verbindungen mit diesem Computer fragen.";
+inline constexpr TextId FAILURE_TEXTS[] = {
+    TextId::FailureNone,        TextId::FailureUntrusted,        TextId::FailureUsage,
+    TextId::FailureName,        TextId::FailureNoRevocationList, TextId::FailureExpired,
+    TextId::FailureNotYetValid, TextId::FailureTimeNesting,      TextId::FailureInvalid,
+    TextId::FailureRevoked,     TextId::FailureDistrusted};
 
 } // namespace gesso

@@ -77,6 +77,11 @@ void GTaskDialog::MakeButtons()
 {
     const DWORD dwButtons = m_pConfig->dwCommonButtons;
     gesso::ButtonRow row(m_hWnd, gesso::FontOf(m_hWnd));
+    for (const CommonButton& common : COMMON_BUTTONS) {
+        if (dwButtons & common.dwBit) {
+            row.FitLabel(gesso::TextOf(common.label));
+        }
+    }
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const int cxNeeded = (row.Width() + row.Gap()) * std::popcount(dwButtons) + row.Gap();
@@ -91,7 +96,7 @@ void GTaskDialog::MakeButtons()
         // A dialog that ends while a button is made has no place for more.
         if (m_ppButtons && (dwButtons & common.dwBit)) {
             m_ppButtons[nPlace] = new GButton;
-            row.Make(*m_ppButtons[nPlace], nPlace, common.nId, common.pszLabel);
+            row.Make(*m_ppButtons[nPlace], nPlace, common.nId, gesso::TextOf(common.label));
             nPlace++;
         }
     }

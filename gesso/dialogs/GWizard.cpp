@@ -10,11 +10,14 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/language/Language.h>
 
 using gesso::DIALOG_BUTTON_STYLE;
 using gesso::Frame;
 using gesso::MapUnits;
 using gesso::Pixels;
+using gesso::TextId;
+using gesso::TextOf;
 using gesso::WhiteDialogDefault;
 namespace Metrics = gesso::Metrics;
 
@@ -139,6 +142,13 @@ void GWizard::FitFirstPage(int cyFooter)
 void GWizard::MakeButtons()
 {
     gesso::ButtonRow row(m_hWnd);
+    const LPCWSTR pszFinish =
+        m_pConfig && m_pConfig->pszFinish ? m_pConfig->pszFinish : TextOf(TextId::WizardFinish);
+    for (const LPCWSTR pszLabel :
+         {pszFinish, TextOf(TextId::WizardCancel), TextOf(TextId::WizardNext), TextOf(TextId::WizardBack)})
+    {
+        row.FitLabel(pszLabel);
+    }
     row.StandIn(m_rcFooter);
     const gesso::Lifeline life(*this);
     const auto make = [&](OwnedButton& button, int nPlace, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
@@ -149,11 +159,10 @@ void GWizard::MakeButtons()
         row.Make(*button, nPlace, static_cast<int>(uId), pszLabel, dwStyle);
     };
     // Finish waits, hidden, in the place of Next.
-    make(m_pFinish, 1, WZB_FINISH, m_pConfig ? m_pConfig->pszFinish : nullptr,
-         DIALOG_BUTTON_STYLE & ~DWORD{WS_VISIBLE});
-    make(m_pCancel, 0, WZB_CANCEL, L"Cancel", DIALOG_BUTTON_STYLE);
-    make(m_pNext, 1, WZB_NEXT, L"Next", DIALOG_BUTTON_STYLE);
-    make(m_pBack, 2, WZB_BACK, L"Back", DIALOG_BUTTON_STYLE);
+    make(m_pFinish, 1, WZB_FINISH, pszFinish, DIALOG_BUTTON_STYLE & ~DWORD{WS_VISIBLE});
+    make(m_pCancel, 0, WZB_CANCEL, TextOf(TextId::WizardCancel), DIALOG_BUTTON_STYLE);
+    make(m_pNext, 1, WZB_NEXT, TextOf(TextId::WizardNext), DIALOG_BUTTON_STYLE);
+    make(m_pBack, 2, WZB_BACK, TextOf(TextId::WizardBack), DIALOG_BUTTON_STYLE);
 }
 
 // --- Drawing ---

@@ -57,7 +57,7 @@ struct GWIZARDCONFIG
     LPCWSTR pszTitle; // the caption; null counts as empty
     ULONGLONG ullUnused2;
     UINT nDefaultId;   // the default button (WZB_) at the start
-    LPCWSTR pszFinish; // the label of the Finish button
+    LPCWSTR pszFinish; // the label of the Finish button; null for that of the language (SetLanguage)
 };
 static_assert(offsetof(GWIZARDCONFIG, pszTitle) == 8 && offsetof(GWIZARDCONFIG, nDefaultId) == 24 &&
               offsetof(GWIZARDCONFIG, pszFinish) == 32);

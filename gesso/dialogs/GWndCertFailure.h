@@ -1,7 +1,7 @@
 // GWndCertFailure: the dialog that tells the state of a connection's certificate and, where that is possible,
 // asks whether to go on. A host calls one of the two static functions with a severity, the failures found and
-// the other side's name; the texts are German. The button that shows the certificate calls the host's
-// callback: the library knows nothing of certificates.
+// the other side's name; the texts are the library's (Language.h). The button that shows the certificate
+// calls the host's callback: the library knows nothing of certificates.
 #pragma once
 
 #include <gesso/containers/OArray.h>

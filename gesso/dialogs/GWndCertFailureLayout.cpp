@@ -23,6 +23,8 @@ using gesso::KIND_TEXT;
 using gesso::MapUnits;
 using gesso::SEVERITIES;
 using gesso::SHOW_ID;
+using gesso::TextId;
+using gesso::TextOf;
 
 // The state of the pass.
 struct GWndCertFailure::Layout
@@ -163,8 +165,9 @@ void GWndCertFailure::PlaceHeader(Layout& layout)
                                   layout.cxGap + layout.icon.cx + HEADER_COLUMNS * head.tmAveCharWidth) +
                     layout.cxMargin;
     m_rcHeader = MapUnits(m_hWnd, 0, 0, 0, Metrics::CERT_HEADER_HEIGHT);
+    const LPCWSTR pszHeader = TextOf(layout.severity.header);
     RECT rc =
-        layout.Measure(layout.hFontHeader, layout.severity.pszHeader,
+        layout.Measure(layout.hFontHeader, pszHeader,
                        MapUnits(m_hWnd, Metrics::CERT_HEADER_TEXT_LEFT, 0, 0, 0).left + layout.icon.cx, 0);
     if (rc.bottom + Pixels(m_hWnd, Metrics::CERT_HEADER_ROOM) < m_rcHeader.bottom) {
         OffsetRect(&rc, 0, (m_rcHeader.bottom - rc.bottom) / 2);
@@ -173,7 +176,7 @@ void GWndCertFailure::PlaceHeader(Layout& layout)
         OffsetRect(&rc, 0, cyMargin);
         m_rcHeader.bottom = rc.bottom + cyMargin;
     }
-    AddText(layout.hFontHeader, ColorOf(layout.severity.text), layout.severity.pszHeader, rc);
+    AddText(layout.hFontHeader, ColorOf(layout.severity.text), pszHeader, rc);
     AddIcon(LoadKeptIcon(layout.severity.wHeaderIcon, layout.icon.cx, layout.icon.cy), layout.cxGap,
             (m_rcHeader.bottom - layout.icon.cy) / 2);
     layout.y = m_rcHeader.bottom + layout.cyGap;
@@ -188,9 +191,9 @@ void GWndCertFailure::PlaceSubject(Layout& layout)
     RECT rc =
         layout.Measure(layout.hFontDialog, pszSubject, layout.smallIcon.cx + 4 * layout.cxGap, layout.y);
     AddText(layout.hFontDialog, ColorOf(Color::CertText), pszSubject, rc);
-    rc = layout.Measure(layout.hFontDialog, layout.severity.pszStatus, layout.cxMargin,
-                        rc.bottom + layout.cyGap);
-    AddText(layout.hFontDialog, ColorOf(Color::CertText), layout.severity.pszStatus, rc);
+    const LPCWSTR pszStatus = TextOf(layout.severity.status);
+    rc = layout.Measure(layout.hFontDialog, pszStatus, layout.cxMargin, rc.bottom + layout.cyGap);
+    AddText(layout.hFontDialog, ColorOf(Color::CertText), pszStatus, rc);
     layout.y = rc.bottom + layout.cyGap;
 }
 
@@ -203,7 +206,7 @@ void GWndCertFailure::PlaceFailures(Layout& layout)
             continue;
         }
         AddIcon(hIcon, 4 * layout.cxGap, layout.y + layout.cyIconShift);
-        const LPCWSTR pszLine = gesso::FAILURE_TEXTS[i];
+        const LPCWSTR pszLine = TextOf(gesso::FAILURE_TEXTS[i]);
         const RECT rc =
             layout.Measure(layout.hFontDialog, pszLine, layout.smallIcon.cx + 5 * layout.cxGap, layout.y);
         AddText(layout.hFontDialog, ColorOf(Color::CertText), pszLine, rc);
@@ -215,24 +218,29 @@ void GWndCertFailure::PlaceFailures(Layout& layout)
 
 void GWndCertFailure::PlaceQuestion(Layout& layout)
 {
-    RECT rc =
-        layout.Measure(layout.hFontDialog, gesso::QUESTION_TEXT, layout.cxMargin, layout.y + layout.cyGap);
-    AddText(layout.hFontDialog, ColorOf(Color::CertText), gesso::QUESTION_TEXT, rc);
+    const LPCWSTR pszQuestion = TextOf(TextId::CertificateQuestion);
+    RECT rc = layout.Measure(layout.hFontDialog, pszQuestion, layout.cxMargin, layout.y + layout.cyGap);
+    AddText(layout.hFontDialog, ColorOf(Color::CertText), pszQuestion, rc);
     layout.y = rc.bottom + layout.cyGap;
-    rc = layout.Measure(layout.hFontDialog, gesso::DONT_ASK_TEXT, layout.cxMargin, layout.y + layout.cyGap);
+    const LPCWSTR pszDontAsk = TextOf(TextId::CertificateDontAsk);
+    rc = layout.Measure(layout.hFontDialog, pszDontAsk, layout.cxMargin, layout.y + layout.cyGap);
     layout.xWidest = std::max<int>(layout.xWidest, rc.right + 2 * layout.cxGap);
     m_pCheckBox = new GCheckBox;
     m_pCheckBox->Create(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap, m_hWnd, CHECKBOX_ID,
-                        gesso::DONT_ASK_TEXT, 0, CHECKBOX_STYLE);
+                        pszDontAsk, 0, CHECKBOX_STYLE);
     layout.y += 2 * layout.cyGap;
 }
 
 void GWndCertFailure::PlaceButtons(Layout& layout)
 {
     gesso::ButtonRow row(m_hWnd, layout.hFontDialog);
-    const int cxShow = MapUnits(m_hWnd, Metrics::CERT_SHOW_WIDTH, 0, 0, 0).left;
-    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     const bool fAsks = m_pConfig->dwType != CFT_INVALID;
+    for (const TextId label : {TextId::Yes, TextId::No}) {
+        row.FitLabel(TextOf(fAsks ? label : TextId::Ok));
+    }
+    const int cxShow = std::max<int>(MapUnits(m_hWnd, Metrics::CERT_SHOW_WIDTH, 0, 0, 0).left,
+                                     row.WidthOf(TextOf(TextId::CertificateShow)));
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     const int nButtons = fAsks ? 2 : 1;
     const int cxNeeded = nButtons * (row.Width() + row.Gap()) + 2 * layout.cxMargin + cxShow;
     const int xRight = std::max(cxNeeded, layout.xWidest);
@@ -243,13 +251,13 @@ void GWndCertFailure::PlaceButtons(Layout& layout)
         return m_ppButtons ? m_ppButtons[nIndex] = new GButton : nullptr;
     };
     if (GButton* pNo = add(gesso::NO_BUTTON)) {
-        row.Make(*pNo, 0, fAsks ? IDNO : IDOK, fAsks ? L"Nein" : L"OK");
+        row.Make(*pNo, 0, fAsks ? IDNO : IDOK, TextOf(fAsks ? TextId::No : TextId::Ok));
     }
     if (GButton* pYes = fAsks ? add(gesso::YES_BUTTON) : nullptr) {
-        row.Make(*pYes, 1, IDYES, L"Ja");
+        row.Make(*pYes, 1, IDYES, TextOf(TextId::Yes));
     }
     if (GButton* pShow = add(gesso::SHOW_BUTTON)) {
-        row.MakeAt(*pShow, layout.cxMargin, cxShow, SHOW_ID, L"Zertifikat anzeigen...");
+        row.MakeAt(*pShow, layout.cxMargin, cxShow, SHOW_ID, TextOf(TextId::CertificateShow));
     }
     m_rcFooter = {0, layout.y, layout.cxMargin + xRight, layout.y + cyFooter};
 }

@@ -10,23 +10,29 @@
 namespace gesso {
 namespace {
 
-constexpr DialogButton OK = {L"OK", IDOK};
-constexpr DialogButton CANCEL = {L"Abbrechen", IDCANCEL};
-constexpr DialogButton YES = {L"Ja", IDYES};
-constexpr DialogButton NO = {L"Nein", IDNO};
-constexpr DialogButton RETRY = {L"Wiederholen", IDRETRY};
+struct MessageButton
+{
+    TextId label;
+    int nId;
+};
 
-constexpr DialogButton OK_ALONE[] = {OK};
-constexpr DialogButton OK_CANCEL[] = {OK, CANCEL};
-constexpr DialogButton ABORT_RETRY_IGNORE[] = {{L"Abbrechen", IDABORT}, RETRY, {L"Ignorieren", IDIGNORE}};
-constexpr DialogButton YES_NO_CANCEL[] = {YES, NO, CANCEL};
-constexpr DialogButton YES_NO[] = {YES, NO};
-constexpr DialogButton RETRY_CANCEL[] = {RETRY, CANCEL};
-constexpr DialogButton CANCEL_TRY_CONTINUE[] = {
-    CANCEL, {L"Erneut versuchen", IDTRYAGAIN}, {L"Weiter", IDCONTINUE}};
+constexpr MessageButton OK = {TextId::Ok, IDOK};
+constexpr MessageButton CANCEL = {TextId::Cancel, IDCANCEL};
+constexpr MessageButton YES = {TextId::Yes, IDYES};
+constexpr MessageButton NO = {TextId::No, IDNO};
+constexpr MessageButton RETRY = {TextId::Retry, IDRETRY};
+
+constexpr MessageButton OK_ALONE[] = {OK};
+constexpr MessageButton OK_CANCEL[] = {OK, CANCEL};
+constexpr MessageButton ABORT_RETRY_IGNORE[] = {{TextId::Abort, IDABORT}, RETRY, {TextId::Ignore, IDIGNORE}};
+constexpr MessageButton YES_NO_CANCEL[] = {YES, NO, CANCEL};
+constexpr MessageButton YES_NO[] = {YES, NO};
+constexpr MessageButton RETRY_CANCEL[] = {RETRY, CANCEL};
+constexpr MessageButton CANCEL_TRY_CONTINUE[] = {
+    CANCEL, {TextId::TryAgain, IDTRYAGAIN}, {TextId::Continue, IDCONTINUE}};
 
 // By the low four bits of a message box's type.
-constexpr std::span<const DialogButton> BUTTONS_OF_TYPES[] = {
+constexpr std::span<const MessageButton> BUTTONS_OF_TYPES[] = {
     OK_ALONE, OK_CANCEL, ABORT_RETRY_IGNORE, YES_NO_CANCEL, YES_NO, RETRY_CANCEL, CANCEL_TRY_CONTINUE};
 
 } // namespace
@@ -41,7 +47,7 @@ MessageContent ContentOf(const GTASKDIALOGCONFIG& config)
     content.cxWidth = config.cxWidth;
     for (auto common = std::rbegin(COMMON_BUTTONS); common != std::rend(COMMON_BUTTONS); ++common) {
         if (config.dwCommonButtons & common->dwBit) {
-            content.buttons.push_back({common->pszLabel, common->nId});
+            content.buttons.push_back({TextOf(common->label), common->nId});
             content.nDefaultId = config.dwDefaultButton == common->dwBit ? common->nId : content.nDefaultId;
         }
     }
@@ -52,9 +58,12 @@ void TakeMessageType(UINT uType, MessageContent* pContent)
 {
     const UINT uButtons = uType & MB_TYPEMASK;
     const auto buttons = uButtons < std::size(BUTTONS_OF_TYPES) ? BUTTONS_OF_TYPES[uButtons] : OK_ALONE;
-    pContent->buttons.assign(buttons.begin(), buttons.end());
+    pContent->buttons.clear();
+    for (const MessageButton& button : buttons) {
+        pContent->buttons.push_back({TextOf(button.label), button.nId});
+    }
     if (uType & MB_HELP) {
-        pContent->buttons.push_back({L"Hilfe", IDHELP});
+        pContent->buttons.push_back({TextOf(TextId::Help), IDHELP});
     }
     pContent->fEscEnds = uButtons != MB_ABORTRETRYIGNORE;
     const size_t nDefault = (uType & MB_DEFMASK) / MB_DEFBUTTON2;

@@ -1,7 +1,7 @@
 // The buttons that GTaskDialog may show, and what a message box's type asks for.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/language/Language.h>
 
 #include <iterator>
 
@@ -11,16 +11,16 @@ namespace gesso {
 struct CommonButton
 {
     DWORD dwBit;
-    LPCWSTR pszLabel;
+    TextId label;
     int nId;
 };
 inline constexpr CommonButton COMMON_BUTTONS[] = {
-    {TDCBF_CANCEL_BUTTON, L"Abbrechen", IDCANCEL},
-    {TDCBF_OK_BUTTON, L"OK", IDOK},
-    {TDCBF_NO_BUTTON, L"Nein", IDNO},
-    {TDCBF_YES_BUTTON, L"Ja", IDYES},
-    {TDCBF_RETRY_BUTTON, L"Wiederholen", IDRETRY},
-    {TDCBF_CLOSE_BUTTON, L"Schliessen", IDCLOSE},
+    {TDCBF_CANCEL_BUTTON, TextId::Cancel, IDCANCEL},
+    {TDCBF_OK_BUTTON, TextId::Ok, IDOK},
+    {TDCBF_NO_BUTTON, TextId::No, IDNO},
+    {TDCBF_YES_BUTTON, TextId::Yes, IDYES},
+    {TDCBF_RETRY_BUTTON, TextId::Retry, IDRETRY},
+    {TDCBF_CLOSE_BUTTON, TextId::Close, IDCLOSE},
 };
 
 struct MessageType

@@ -3,6 +3,7 @@
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextEditorInside.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/language/Language.h>
 
 #include <algorithm>
 
@@ -23,19 +24,18 @@ enum Command : UINT
 struct Entry
 {
     UINT uCommand; // 0 for a line
-    LPCWSTR pszText;
+    TextId text;
 };
 
-// In the language of the dialogs.
-constexpr Entry ENTRIES[] = {{CMD_UNDO, L"&R\u00FCckg\u00E4ngig"},
-                             {CMD_REDO, L"&Wiederholen"},
-                             {0, nullptr},
-                             {CMD_CUT, L"&Ausschneiden"},
-                             {CMD_COPY, L"&Kopieren"},
-                             {CMD_PASTE, L"&Einf\u00FCgen"},
-                             {CMD_DELETE, L"&L\u00F6schen"},
-                             {0, nullptr},
-                             {CMD_SELECT_ALL, L"Alles &markieren"}};
+constexpr Entry ENTRIES[] = {{CMD_UNDO, TextId::Undo},
+                             {CMD_REDO, TextId::Redo},
+                             {0, {}},
+                             {CMD_CUT, TextId::Cut},
+                             {CMD_COPY, TextId::Copy},
+                             {CMD_PASTE, TextId::Paste},
+                             {CMD_DELETE, TextId::Delete},
+                             {0, {}},
+                             {CMD_SELECT_ALL, TextId::SelectAll}};
 
 class PopupMenu
 {
@@ -109,7 +109,8 @@ UINT TextEditor::Inside::RunMenu(POINT ptScreen) const
     const PopupMenu menu;
     for (const Entry& entry : ENTRIES) {
         const UINT uState = entry.uCommand && !CanRun(entry.uCommand) ? MF_GRAYED : MF_ENABLED;
-        AppendMenuW(menu, entry.uCommand ? MF_STRING | uState : MF_SEPARATOR, entry.uCommand, entry.pszText);
+        AppendMenuW(menu, entry.uCommand ? MF_STRING | uState : MF_SEPARATOR, entry.uCommand,
+                    entry.uCommand ? TextOf(entry.text) : nullptr);
     }
     return static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, ptScreen.x,
                                             ptScreen.y, 0, Window(), nullptr));

@@ -281,5 +281,7 @@ void SetDpi(int dpi);
 void SetKeyboardRepeat(int delay, int speed);
 // Lines that one notch of the wheel scrolls.
 void SetWheelLines(UINT lines);
+// The languages that the user wants programs in, best first; en-US at first.
+void SetUserLanguages(const std::vector<std::string>& tags);
 
 } // namespace gesso::headless

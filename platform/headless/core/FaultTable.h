@@ -105,6 +105,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"GetThemeSysFont", "HRESULT"},
     {"GetThemeTextExtent", "HRESULT"},
     {"GetThemeTextMetrics", "HRESULT"},
+    {"GetUserPreferredUILanguages", "FALSE"},
     {"GetWindow", "null"},
     {"GetWindowDC", "null"},
     {"GetWindowLongPtrW", "0"},

@@ -5,6 +5,7 @@
 #include "../gdi/FontMetrics.h"
 #include "../gdi/Objects.h"
 
+#include <algorithm>
 #include <map>
 
 namespace gesso::headless {
@@ -21,6 +22,7 @@ struct Settings
     UINT wheelLines = 3;
     std::map<int, int> metrics;
     std::map<int, COLORREF> colors;
+    std::vector<std::string> languages{"en-US"};
 };
 
 Settings& Current()
@@ -141,6 +143,12 @@ void SetKeyboardRepeat(int delay, int speed)
     Current().keyboardSpeed = speed;
 }
 
+void SetUserLanguages(const std::vector<std::string>& tags)
+{
+    const TableLock lock;
+    Current().languages = tags;
+}
+
 void SetWheelLines(UINT lines)
 {
     const TableLock lock;
@@ -242,4 +250,28 @@ BOOL WINAPI SystemParametersInfoW(UINT action, UINT, PVOID to, UINT)
     case SPI_GETCLIENTAREAANIMATION: return Answer(to, BOOL{FALSE});
     default: SetLastError(ERROR_INVALID_PARAMETER); return FALSE;
     }
+}
+
+// The tags one behind the other, each with its end, and an empty one behind the last.
+BOOL WINAPI GetUserPreferredUILanguages(DWORD, PULONG count, PZZWSTR tags, PULONG room)
+{
+    const TableLock lock;
+    if (FaultFires("GetUserPreferredUILanguages")) {
+        return FALSE;
+    }
+    std::string all;
+    for (const std::string& tag : Current().languages) {
+        all += tag + '\0';
+    }
+    all += '\0';
+    if (tags && *room < all.size()) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return FALSE;
+    }
+    *count = static_cast<ULONG>(Current().languages.size());
+    *room = static_cast<ULONG>(all.size());
+    if (tags) {
+        std::copy(all.begin(), all.end(), tags);
+    }
+    return TRUE;
 }

@@ -1,0 +1,55 @@
+#include <gesso/language/LanguageTable.h>
+
+namespace gesso {
+
+constinit const Language EUROPEAN_PORTUGUESE = MakeLanguage(
+    L"pt-PT",
+    {{TextId::Ok, L"OK"},
+     {TextId::Cancel, L"Cancelar"},
+     {TextId::Yes, L"Sim"},
+     {TextId::No, L"Não"},
+     {TextId::Abort, L"Abortar"},
+     {TextId::Retry, L"Repetir"},
+     {TextId::Ignore, L"Ignorar"},
+     {TextId::TryAgain, L"Tentar novamente"},
+     {TextId::Continue, L"Continuar"},
+     {TextId::Close, L"Fechar"},
+     {TextId::Help, L"Ajuda"},
+     {TextId::WizardBack, L"Anterior"},
+     {TextId::WizardNext, L"Seguinte"},
+     {TextId::WizardFinish, L"Concluir"},
+     {TextId::WizardCancel, L"Cancelar"},
+     {TextId::Undo, L"&Anular"},
+     {TextId::Redo, L"&Refazer"},
+     {TextId::Cut, L"Cor&tar"},
+     {TextId::Copy, L"&Copiar"},
+     {TextId::Paste, L"Co&lar"},
+     {TextId::Delete, L"&Eliminar"},
+     {TextId::SelectAll, L"&Selecionar tudo"},
+     {TextId::CertificateShow, L"Ver certificado..."},
+     {TextId::CertificateQuestion, L"Pretende continuar?"},
+     {TextId::CertificateDontAsk, L"Não voltar a perguntar sobre ligações a este computador."},
+     {TextId::SecureHeader, L"Identificação da ligação"},
+     {TextId::UntrustedHeader, L"Certificado não fidedigno"},
+     {TextId::InvalidHeader, L"Certificado inválido"},
+     {TextId::SecureStatus, L"A ligação é segura."},
+     {TextId::UntrustedStatus, L"Não foi possível autenticar o computador remoto devido a problemas com o "
+                               L"respetivo certificado de segurança. Pode não ser seguro continuar."},
+     {TextId::InvalidStatus, L"Não foi possível autenticar o computador remoto devido a problemas com o "
+                             L"respetivo certificado de segurança. Não é possível continuar."},
+     {TextId::FailureNone, L"O certificado é válido e fidedigno."},
+     {TextId::FailureUntrusted, L"O certificado, ou a respetiva raiz, não é fidedigno."},
+     {TextId::FailureUsage, L"O certificado é utilizado para um fim para o qual não se destina."},
+     {TextId::FailureName, L"O nome no certificado não corresponde ao nome pedido."},
+     {TextId::FailureNoRevocationList, L"Não foi procurada ou encontrada nenhuma lista de revogação."},
+     {TextId::FailureExpired, L"O certificado expirou."},
+     {TextId::FailureNotYetValid, L"O certificado ainda não é válido."},
+     {TextId::FailureTimeNesting,
+      L"Os períodos de validade da cadeia de certificados não estão corretamente encadeados."},
+     {TextId::FailureInvalid,
+      L"O certificado é inválido: existe um erro na cadeia, nas assinaturas ou no conteúdo."},
+     {TextId::FailureRevoked, L"O certificado foi revogado."},
+     {TextId::FailureDistrusted,
+      L"O certificado é explicitamente considerado não fidedigno neste computador."}});
+
+} // namespace gesso

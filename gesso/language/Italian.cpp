@@ -1,0 +1,55 @@
+#include <gesso/language/LanguageTable.h>
+
+namespace gesso {
+
+constinit const Language ITALIAN = MakeLanguage(
+    L"it",
+    {{TextId::Ok, L"OK"},
+     {TextId::Cancel, L"Annulla"},
+     {TextId::Yes, L"Sì"},
+     {TextId::No, L"No"},
+     {TextId::Abort, L"Interrompi"},
+     {TextId::Retry, L"Riprova"},
+     {TextId::Ignore, L"Ignora"},
+     {TextId::TryAgain, L"Prova di nuovo"},
+     {TextId::Continue, L"Continua"},
+     {TextId::Close, L"Chiudi"},
+     {TextId::Help, L"Guida"},
+     {TextId::WizardBack, L"Indietro"},
+     {TextId::WizardNext, L"Avanti"},
+     {TextId::WizardFinish, L"Fine"},
+     {TextId::WizardCancel, L"Annulla"},
+     {TextId::Undo, L"&Annulla"},
+     {TextId::Redo, L"&Ripeti"},
+     {TextId::Cut, L"&Taglia"},
+     {TextId::Copy, L"&Copia"},
+     {TextId::Paste, L"&Incolla"},
+     {TextId::Delete, L"&Elimina"},
+     {TextId::SelectAll, L"&Seleziona tutto"},
+     {TextId::CertificateShow, L"Visualizza certificato..."},
+     {TextId::CertificateQuestion, L"Continuare?"},
+     {TextId::CertificateDontAsk, L"Non chiedere più per le connessioni a questo computer."},
+     {TextId::SecureHeader, L"Identificazione della connessione"},
+     {TextId::UntrustedHeader, L"Certificato non attendibile"},
+     {TextId::InvalidHeader, L"Certificato non valido"},
+     {TextId::SecureStatus, L"La connessione è sicura."},
+     {TextId::UntrustedStatus, L"Impossibile autenticare il computer remoto a causa di problemi relativi al "
+                               L"certificato di sicurezza. Continuare potrebbe non essere sicuro."},
+     {TextId::InvalidStatus, L"Impossibile autenticare il computer remoto a causa di problemi relativi al "
+                             L"certificato di sicurezza. Non è possibile continuare."},
+     {TextId::FailureNone, L"Il certificato è valido e attendibile."},
+     {TextId::FailureUntrusted, L"Il certificato, o la relativa radice, non è attendibile."},
+     {TextId::FailureUsage, L"Il certificato viene usato per uno scopo non previsto."},
+     {TextId::FailureName, L"Il nome nel certificato non corrisponde a quello richiesto."},
+     {TextId::FailureNoRevocationList, L"Nessun elenco di revoche è stato cercato o trovato."},
+     {TextId::FailureExpired, L"Il certificato è scaduto."},
+     {TextId::FailureNotYetValid, L"Il certificato non è ancora valido."},
+     {TextId::FailureTimeNesting,
+      L"I periodi di validità della catena di certificati non sono annidati correttamente."},
+     {TextId::FailureInvalid,
+      L"Il certificato non è valido: la catena, le firme o il contenuto presentano un errore."},
+     {TextId::FailureRevoked, L"Il certificato è stato revocato."},
+     {TextId::FailureDistrusted,
+      L"Il certificato è esplicitamente considerato non attendibile in questo computer."}});
+
+} // namespace gesso
