@@ -24,11 +24,16 @@ HBITMAP MakeBitmap(SIZE size)
     return hBitmap;
 }
 
+void Repeat(int n, const Work& work)
+{
+    for (int i = 0; i < n; i++) {
+        work();
+    }
+}
+
 void Redraw(HWND hwnd, int nPaints)
 {
-    for (int i = 0; i < nPaints; i++) {
-        RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    }
+    Repeat(nPaints, [&] { RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); });
 }
 
 } // namespace
@@ -103,6 +108,17 @@ void Floor::DropNeedless()
     m_fSame = LeavesPicture();
 }
 
+void Floor::Print() const
+{
+    SendMessageW(m_hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(m_hdc), PRF_CLIENT);
+}
+
+bool Floor::PrintsSame() const
+{
+    Print();
+    return m_pixels.Read(m_hdc) == m_record.picture;
+}
+
 void Floor::Paint() const
 {
     PAINTSTRUCT paint{};
@@ -154,6 +170,13 @@ void MeasureFloor(HWND hwnd, int nPaints)
     };
     bench.Measure(
         "  that paint / its floor", nPaints, [&] { Redraw(hwnd, nPaints); }, [&] { paint(true); });
+    if (floor.PrintsSame()) {
+        bench.Measure(
+            "  its drawing alone / its floor", nPaints, [&] { Repeat(nPaints, [&] { floor.Print(); }); },
+            [&] { Repeat(nPaints, [&] { floor.Replay(); }); });
+    } else {
+        bench.Print("  it prints another picture", -1, -1);
+    }
     bench.MeasureAlone("  of either: the window's part", nPaints, [&] { paint(false); });
     bench.Print("  calls that draw", static_cast<long long>(floor.CallsOfPaint()),
                 static_cast<long long>(floor.Calls()));

@@ -3,8 +3,8 @@
 // picture is the same, into a bitmap that is there.
 //
 // No control is asked to paint without the window's part of it: the update region, WM_PAINT, BeginPaint and
-// EndPaint. The floor has it too, by the same RedrawWindow. What it takes by itself has a row of its own, so
-// that both sides can be seen without it.
+// EndPaint. The floor has it too, by the same RedrawWindow. What it takes by itself has a row of its own, and
+// so has the drawing without it and without the copy to the window, into a context that is given.
 #pragma once
 
 #include <bench/Bench.h>
@@ -29,10 +29,15 @@ public:
     void BeginPaints(bool fDraw);
     void EndPaints();
 
+    // Into the floor's own bitmap: what the control prints, and the calls.
+    void Print() const;
+    void Replay() const;
+    // Whether what the control prints is what it paints.
+    bool PrintsSame() const;
+
 private:
     static LRESULT CALLBACK PaintProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
     void Paint() const;
-    void Replay() const;
     bool LeavesPicture() const;
     void DropNeedless();
     void OpenContext();
