@@ -26,6 +26,12 @@ void FolderTree::RemoveTop(void* hTop)
     RemoveItem(hTop);
 }
 
+void FolderTree::RemoveTops()
+{
+    m_topPaths.clear();
+    RemoveAllItems();
+}
+
 void FolderTree::NameEntry(const GLISTNOTIFY& record)
 {
     m_entry = L"Entry " + std::to_wstring(record.iItem + 1);
@@ -61,8 +67,11 @@ void* FolderTree::ChildNamed(void* hParent, LPCWSTR pszName) const
 std::wstring FolderTree::PathOf(void* hFolder) const
 {
     const auto top = m_topPaths.find(hFolder);
-    return top != m_topPaths.end() ? top->second
-                                   : PathOf(GetItemParent(hFolder)) + L"\\" + GetItemName(hFolder);
+    if (top != m_topPaths.end()) {
+        return top->second;
+    }
+    void* hParent = hFolder ? GetItemParent(hFolder) : nullptr;
+    return hParent ? PathOf(hParent) + L"\\" + GetItemName(hFolder) : L"";
 }
 
 // The nearest one, since a top may lie in another.
@@ -101,16 +110,19 @@ void FolderTree::AddParts(std::vector<Part>& parts) const
 {
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
-    for (UINT row = 0; row < m_aVisible.GetLength(); ++row) {
-        const int y = static_cast<int>(row * m_nItemHeight) - m_siV.nPos;
-        if (y >= 0 && y + static_cast<int>(m_nItemHeight) <= rc.bottom) {
-            RECT rcRow{0, y, rc.right, y + static_cast<int>(m_nItemHeight)};
-            MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(&rcRow), 2);
-            const TreeItem& item = *m_aVisible[row];
-            const std::wstring mark = row == m_nSelected ? L"*" : L"";
-            parts.push_back(
-                {L"row", static_cast<UINT>(item.nLevel), mark + static_cast<LPCWSTR>(item.strName), rcRow});
+    const int nHeight = static_cast<int>(m_nItemHeight);
+    const int nFirst = (m_siV.nPos + nHeight - 1) / nHeight;
+    int y = nFirst * nHeight - m_siV.nPos;
+    for (UINT row = static_cast<UINT>(nFirst); y + nHeight <= rc.bottom; ++row, y += nHeight) {
+        const TreeItem* pItem = m_aVisible[row];
+        if (!pItem) {
+            break;
         }
+        RECT rcRow{0, y, rc.right, y + nHeight};
+        MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(&rcRow), 2);
+        const std::wstring mark = row == m_nSelected ? L"*" : L"";
+        parts.push_back(
+            {L"row", static_cast<UINT>(pItem->nLevel), mark + static_cast<LPCWSTR>(pItem->strName), rcRow});
     }
 }
 

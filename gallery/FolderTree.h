@@ -16,12 +16,14 @@ public:
     // A folder at the top of which only the number of entries is known, and that without it again.
     void* AddCounted(LPCWSTR pszName, UINT nEntries);
     void RemoveTop(void* hTop);
+    void RemoveTops();
     // For the host's TVN_GETDISPINFO: an entry is named by its number.
     void NameEntry(const GLISTNOTIFY& record);
     // For the host's TVN_ITEMEXPANDING: once filled, a folder stays as it is.
     void FillFolder(void* hFolder);
     // Null where there is none.
     void* ChildNamed(void* hParent, LPCWSTR pszName) const;
+    // Empty of what is no folder in the tree, such as the row that a removed one leaves in Classic.
     std::wstring PathOf(void* hFolder) const;
     // Selects a folder and brings it into view, its parents expanded; where it is in none of the tops,
     // nothing is selected.

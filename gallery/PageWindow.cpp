@@ -129,7 +129,10 @@ LRESULT PageWindow::OnNotify(LPARAM lParam)
     if (TellsOfOneThatGoes(header)) {
         return 0;
     }
-    m_report(DescribeNotify(header));
+    // Questions come in the midst of a paint.
+    if (header.code != TVN_GETDISPINFOW) {
+        m_report(DescribeNotify(header));
+    }
     if (header.code == static_cast<UINT>(NM_SETFOCUS)) {
         BringIntoView(header.hwndFrom);
     }

@@ -264,10 +264,20 @@ private:
             m_pTree->SetSelectedItem(m_hMillion);
             m_pTree->EnsureVisible(m_hMillion);
         } else if (!fShow && m_hMillion) {
-            m_pTree->Collapse(m_hMillion);
-            m_pTree->RemoveTop(std::exchange(m_hMillion, nullptr));
+            HideMillion();
         }
         ShowStatus();
+    }
+
+    // In Classic a row of it would stay.
+    void HideMillion()
+    {
+        void* hMillion = std::exchange(m_hMillion, nullptr);
+        if (gesso::BehaviorOf(*m_pTree) == gesso::Behavior::Modern) {
+            return m_pTree->RemoveTop(hMillion);
+        }
+        m_pTree->RemoveTops();
+        OpenDrive(DriveOf(WindowsFolder()));
     }
 
     UINT TreeStyle() const

@@ -54,6 +54,17 @@ class Trees(GalleryTest):
         self.gallery.key("Left")
         self.assertEqual(self.selected(), "A million entries")
 
+    def test_a_folder_of_a_million_goes_in_classic_with_its_row(self):
+        switch = self.gallery.control("command", "Page in Classic").middle
+        self.gallery.click(switch)
+        self.addCleanup(self.gallery.click, switch)
+        names = self.names()
+        million = self.gallery.control("GCheckBox", "A &million").middle
+        self.gallery.click(million)
+        self.assertIn("A million entries", self.names())
+        self.gallery.click(million)
+        self.assertEqual(self.names(), names)
+
     def test_an_expander_opens_and_closes_its_branch(self):
         # Two places, so that the clicks make no double click.
         counts = [len(self.names())]
