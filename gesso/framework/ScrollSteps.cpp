@@ -51,8 +51,13 @@ std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThum
 
 UINT TrackedPos(const GWnd& wnd, const SCROLLINFO& si, UINT nTold)
 {
+    return Has(wnd, Quirk::BarThumbWraps) ? nTold : TrackedPos(si, nTold);
+}
+
+UINT TrackedPos(const SCROLLINFO& si, UINT nTold)
+{
     const bool fSame = LOWORD(si.nTrackPos) == nTold && si.nTrackPos >= 0;
-    return fSame && !Has(wnd, Quirk::BarThumbWraps) ? static_cast<UINT>(si.nTrackPos) : nTold;
+    return fSame ? static_cast<UINT>(si.nTrackPos) : nTold;
 }
 
 int64_t WheelTravel(const GWnd& wnd, const SCROLLINFO& si, int nDelta)

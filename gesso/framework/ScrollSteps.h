@@ -15,6 +15,8 @@ std::optional<int64_t> ScrollTarget(const SCROLLINFO& si, UINT uCode, UINT nThum
 // Where the thumb is of which a message tells 16 bits: in Modern all of it, if the bar itself has sent the
 // message.
 UINT TrackedPos(const GWnd& wnd, const SCROLLINFO& si, UINT nTold);
+// The same in both behaviors.
+UINT TrackedPos(const SCROLLINFO& si, UINT nTold);
 
 // The same for the wheel. None where all is in sight.
 // Fixed behaviour: 20 pixels a line, whatever a control's rows are high. A host that moves something along

@@ -5,7 +5,7 @@
 
 #include <gesso/api.h>
 
-// What a tree asks its parent of a child that it only has the number of. The text is copied at once.
+// What a tree asks its parent of a child that it only has the number of. The text must outlive the answer.
 struct GTREEDISPINFO
 {
     UINT mask;       // GTDI_: what is asked for

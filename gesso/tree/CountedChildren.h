@@ -15,9 +15,11 @@ namespace gesso {
 template <class ITEM> class CountedChildren
 {
 public:
-    // Children of one item. So the rows of some such items fit into their numbers, and each into a scroll
-    // range of its pixels.
+    // Children of one item. So the rows of some such items fit into their numbers, and those of one, 20
+    // pixels high, into a scroll range; rows beyond 2,147,483,647 pixels no scroll bar reaches.
     static constexpr UINT MOST = 100'000'000;
+
+    bool IsEmpty() const { return m_parents.empty(); }
 
     // For a count of this item's. False without memory.
     bool Reserve(const ITEM& parent)
@@ -82,6 +84,22 @@ public:
                 function(*p->second);
             }
         }
+    }
+
+    // Whether all is as it must be: for tests. Each count is of an item that lives, has no children of its
+    // own and has made no more than it counts.
+    template <class LIVES> bool Check(LIVES lives) const
+    {
+        return std::all_of(m_parents.begin(), m_parents.end(), [&](const auto& entry) {
+            const auto& [parent, children] = entry;
+            return lives(parent) && parent->fCounted && children.nCount > 0 &&
+                   parent->aChildren.GetLength() == 0 &&
+                   std::all_of(children.made.begin(), children.made.end(), [&](const auto& made) {
+                       const ITEM* child = made.second;
+                       return made.first < children.nCount && lives(child) &&
+                              child->place.iChild == made.first && child->place.pHolder == parent;
+                   });
+        });
     }
 
 private:

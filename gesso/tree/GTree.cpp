@@ -459,7 +459,7 @@ LRESULT GTree::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     const auto uKey = static_cast<UINT>(wParam);
     switch (uMsg) {
-    case WM_PAINT: return AskInView() ? OnTreeMessage(uMsg, wParam, lParam) : 0;
+    case WM_PAINT: return OnPaint();
     case WM_PRINTCLIENT: return OnPrintClient(reinterpret_cast<HDC>(wParam), lParam);
     case WM_GETDLGCODE: return OnGetDlgCode(reinterpret_cast<const MSG*>(lParam));
     case WM_KEYDOWN: return OnKeyDown(uKey, LOWORD(lParam), HIWORD(lParam));

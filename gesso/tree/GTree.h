@@ -35,8 +35,9 @@
 // Items are named by handles, which hold until the item is removed; the root, which is always there, is
 // hidden at first and stands above the top items. Where nothing else is said, a handle that is null, or of
 // another tree, or of an item that is gone is a caller's mistake: what takes it does nothing, and a getter
-// returns 0 or null. In Classic no operation sends a notification but Expand and Collapse. A copy of a tree
-// shares its items and window and has rows of its own.
+// returns 0 or null. In Classic no operation sends a notification but Expand, Collapse, EditLabel, and what
+// asks for a child that is only counted. A copy of a tree shares its items and window and has rows of its
+// own.
 //
 // A folder of any length owns no items: SetChildCount says how many children it has, and the tree asks for
 // those that it is about to show. So it opens at once, and costs what was shown of it. A getter asks as well,
@@ -44,7 +45,7 @@
 //
 //     tree.SetChildCount(hFolder, 1000000);
 //     case TVN_GETDISPINFOW: // of a GLISTNOTIFY
-//         p->pDispInfo->text = NameOfRecord(p->iItem); // copied at once
+//         p->pDispInfo->text = NameOfRecord(p->iItem); // to live until the host has returned
 //
 // Where an operation needs more memory than there is, it does nothing: InsertItem returns null, Expand leaves
 // the item closed. A copy without memory for its rows has none.
@@ -288,12 +289,16 @@ private:
     struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT OnPaint();
     bool Ask(TreeItem& item);
     bool TakeAnswer(TreeItem& item, const GTREEDISPINFO& info);
     bool AskFor(void* hItem) const;
     bool AskForRow(UINT row);
     bool AskInView();
+    bool AskRows(LONG cy);
     bool Widen(TreeItem& item);
+    bool WidenRange(bool fSelectedShows);
+    bool ShowsWhole(UINT row, LONG cy) const;
     gesso::TreeItems<TreeItem, Rules> Items() const;
     gesso::TreeView<TreeItem, Rules> View();
     void ItemInserted(const TreeItem& item, bool fShown);

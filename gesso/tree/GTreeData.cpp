@@ -99,12 +99,14 @@ void GTree::SetItemCustomData(void* hItem, void* pData)
 
 void* GTree::InsertItem(void* hParent, void* hAfter, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
 {
-    return TreeActions::InsertItem(*this, hParent, hAfter, pszName, nImage, uState, pData);
+    return AskFor(hParent) ? TreeActions::InsertItem(*this, hParent, hAfter, pszName, nImage, uState, pData)
+                           : nullptr;
 }
 
 void* GTree::InsertSorted(void* hParent, LPCWSTR pszName, UINT nImage, UINT uState, void* pData)
 {
-    return TreeActions::InsertSorted(*this, hParent, pszName, nImage, uState, pData);
+    return AskFor(hParent) ? TreeActions::InsertSorted(*this, hParent, pszName, nImage, uState, pData)
+                           : nullptr;
 }
 
 void GTree::RemoveItem(void* hItem)
@@ -124,14 +126,18 @@ void GTree::DeleteItem(TreeItem* item)
 
 void GTree::SortChildren(void* hItem)
 {
-    TreeActions::SortChildren(*this, hItem);
+    if (AskFor(hItem)) {
+        TreeActions::SortChildren(*this, hItem);
+    }
 }
 
 // --- Rows and selection
 
 void* GTree::GetSelectedItem() const
 {
-    return Has(*this, Quirk::TreeSelectsByNumber) ? m_aVisible[m_nSelected] : m_pSelected;
+    // The selected item of a copy may have gone in the tree that it was made from.
+    return Has(*this, Quirk::TreeSelectsByNumber) ? m_aVisible[m_nSelected]
+                                                  : m_aVisible.Inside().tree.FindInTree(m_pSelected);
 }
 
 void GTree::SetSelectedItem(void* hItem)
@@ -178,6 +184,9 @@ void GTree::EnsureVisible(void* hItem)
 
 void GTree::SetItemParent(void* hItem, void* hNewParent)
 {
+    if (!AskFor(hNewParent)) {
+        return;
+    }
     if (!View().Move(hItem, hNewParent)) {
         gesso::Misuse("GTree::SetItemParent: a bad handle, or a parent below the item");
     } else if (Has(*this, Quirk::TreeRowsStay)) {

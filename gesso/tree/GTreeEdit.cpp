@@ -50,6 +50,11 @@ bool GTree::ShowWholeLabel(TreeItem* item)
     if (row == NO_INDEX) {
         return false;
     }
+    const gesso::Watch watch(*this);
+    // It may be wider than all that have shown.
+    if (Widen(*item) && (!UpdateScrollbars() || !watch)) {
+        return false;
+    }
     TreeInput::ScrollRowIntoView(*this, row, true, true);
     RECT rcClient{}, rc{};
     GetClientRect(m_hWnd, &rcClient);

@@ -79,11 +79,27 @@ bool GTree::GetItemRect(void* hItem, bool labelOnly, RECT* prc) const
 
 // --- Painting
 
+// The host is asked before the painting begins, so that what it changes in its answers is painted with it.
+LRESULT GTree::OnPaint()
+{
+    const gesso::Lifeline life(*this);
+    if (!AskInView()) {
+        return 0;
+    }
+    const bool fFormer = std::exchange(m_aVisible.Inside().fAsking, true);
+    gesso::PaintControl(*this, m_hWnd);
+    if (life) {
+        m_aVisible.Inside().fAsking = fFormer;
+    }
+    return 0;
+}
+
 void GTree::Draw(HDC hdc)
 {
     if (!AskInView()) {
         return;
     }
+    ++m_aVisible.Inside().nPainted;
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     const gesso::TransparentScope mode(hdc);
@@ -195,7 +211,9 @@ LRESULT GTree::OnLButtonDown(WPARAM, POINTS pt)
 
 LRESULT GTree::OnMouseMove(WPARAM, POINTS pt)
 {
-    return TreeInput::AskAt(*this, pt) ? TreeInput::OnMouseMove(*this, pt) : 0;
+    // While a bar is dragged the pointer is over no row.
+    const bool fGoesOn = (m_dwState & GWS_NCPRESSED) || TreeInput::AskAt(*this, pt);
+    return fGoesOn ? TreeInput::OnMouseMove(*this, pt) : 0;
 }
 
 LRESULT GTree::OnMouseLeave()

@@ -19,6 +19,7 @@
 #include <gesso/tree/VisibleRows.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -129,6 +130,22 @@ public:
         return NO_INDEX;
     }
 
+    // For the next InsertRun, of so many rows in place of some that go first. False without memory.
+    bool ReserveRun(UINT n, UINT nFormer)
+    try {
+        if (n >= NO_INDEX - (GetLength() - nFormer)) {
+            return false;
+        }
+        for (auto& pSpare : m_spare) {
+            pSpare = pSpare ? std::move(pSpare) : MakeChunk();
+        }
+        ReserveChunks(m_spare.size());
+        m_runs.reserve(m_chunks.capacity());
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+
     // In front of row `row`, as Insert does.
     bool InsertRun(UINT row, const RowRun<ITEM>& run)
     try {
@@ -142,6 +159,7 @@ public:
         const size_t k = SplitAt(std::min(row, GetLength()));
         m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(k), pRun.release());
         ++run.parent->place.nStrays; // which lives as long as a row is its child's
+        m_spare = {};
         Renumber(k);
         return true;
     } catch (const std::bad_alloc&) {
@@ -317,6 +335,7 @@ public:
     bool Check() const
     {
         UINT nFirst = 0;
+        const Chunk* pBefore = nullptr;
         std::unordered_map<const ITEM*, UINT> shown;
         for (const Chunk* pChunk : m_chunks) {
             if (pChunk->pOwner != &m_shown || pChunk->nFirst != nFirst || pChunk->nCount == 0 ||
@@ -324,6 +343,10 @@ public:
             {
                 return false;
             }
+            if (nFirst > 0 && GoOn(*pBefore, *pChunk)) {
+                return false;
+            }
+            pBefore = pChunk;
             nFirst += pChunk->nCount;
             if (pChunk->IsRun()) {
                 if (!CheckRun(pChunk)) {
@@ -367,9 +390,9 @@ private:
         return {chunk.aItems[0], chunk.iFirstChild, chunk.nCount};
     }
 
-    std::unique_ptr<Chunk> MakeRun(const RowRun<ITEM>& run) const
+    std::unique_ptr<Chunk> MakeRun(const RowRun<ITEM>& run)
     {
-        auto pChunk = MakeChunk();
+        auto pChunk = TakeChunk();
         pChunk->aItems[0] = run.parent;
         pChunk->iFirstChild = run.iFirst;
         pChunk->nCount = run.nCount;
@@ -443,7 +466,7 @@ private:
         if (iAt == 0) {
             return k;
         }
-        auto pTail = MakeChunk();
+        auto pTail = TakeChunk();
         pTail->nCount = chunk.nCount - iAt;
         if (chunk.IsRun()) {
             pTail->iFirstChild = chunk.iFirstChild + iAt;
@@ -593,6 +616,14 @@ private:
         return pChunk;
     }
 
+    // One that was kept, if there is one.
+    std::unique_ptr<Chunk> TakeChunk()
+    {
+        const auto kept =
+            std::find_if(m_spare.begin(), m_spare.end(), [](const auto& p) { return p != nullptr; });
+        return kept == m_spare.end() ? MakeChunk() : std::move(*kept);
+    }
+
     // With room for them among the chunks. Throws, with nothing done, without memory.
     std::vector<std::unique_ptr<Chunk>> MakeChunks(size_t n)
     {
@@ -700,8 +731,9 @@ private:
 
     std::shared_ptr<ItemStore<ITEM>> m_pStore;
     VisibleRows<ITEM>& m_shown;
-    std::vector<Chunk*> m_chunks; // owned; none of them empty
-    std::vector<Chunk*> m_runs;   // those of them that are runs
+    std::vector<Chunk*> m_chunks;                  // owned; none of them empty
+    std::vector<Chunk*> m_runs;                    // those of them that are runs
+    std::array<std::unique_ptr<Chunk>, 2> m_spare; // kept for a run, and for what it may split
     bool m_fHasHadRuns = false;
 };
 

@@ -82,7 +82,7 @@ public:
     }
 
     // The child with an index, which is made if it was only counted; null where there is none, and without
-    // memory.
+    // memory. Nothing is made in a branch that goes.
     ITEM* ChildAt(ITEM& parent, UINT i)
     {
         if (i >= ChildCount(parent)) {
@@ -95,20 +95,12 @@ public:
         return child ? child : MakeCounted(parent, i);
     }
 
-    // For SetCount. False without memory.
-    bool ReserveCount(const ITEM& item) const { return Counted().Reserve(item); }
-    // Of an item without children: from now on it has so many. Above 0 there is room for it.
+    bool HasCounted() const { return !Counted().IsEmpty(); }
+    // Of an item without children: from now on it has so many. Above 0 there is a CountRoom for it.
     void SetCount(ITEM& item, UINT n) { Counted().SetCount(item, n); }
     void StopCounting(ITEM& item)
     {
         if (item.fCounted) {
-            SetCount(item, 0);
-        }
-    }
-    // What ReserveCount has made, if it was not used.
-    void ForgetReserve(ITEM& item)
-    {
-        if (!item.fCounted) {
             SetCount(item, 0);
         }
     }
@@ -254,7 +246,8 @@ public:
                 open.push_back(child);
             }
         }
-        return CheckItems(nInTree);
+        return CheckItems(nInTree) &&
+               Counted().Check([this](const ITEM* item) { return Find(item) == item; });
     }
 
 private:
@@ -262,7 +255,7 @@ private:
 
     ITEM* MakeCounted(ITEM& parent, UINT i)
     {
-        ITEM* item = m_pStore->Make(nullptr);
+        ITEM* item = parent.fGoing ? nullptr : m_pStore->Make(nullptr);
         if (!item) {
             return nullptr;
         }

@@ -117,7 +117,12 @@ struct TreeActions
     template <class CONTROL> static void SetChildCount(CONTROL& tree, void* hItem, UINT nChildren)
     {
         auto* item = tree.View().ParentOfAny(hItem);
-        if (!item || !TellRemoval(tree, *item, true)) {
+        if (!item) {
+            return;
+        }
+        // Before anything is told of those that go.
+        const auto room = tree.View().RoomForCount(*item, nChildren);
+        if (!room || !tree.View().HasRoomForRows(*item, nChildren) || !TellRemoval(tree, *item, true)) {
             return;
         }
         tree.View().Spare(*item);
@@ -158,7 +163,7 @@ struct TreeActions
 
     template <class CONTROL> static void Expand(CONTROL& tree, UINT row)
     {
-        if (!AskFor(tree, row) || !tree.View().MayExpand(row) || !AskExpansion(tree, &row, TVE_EXPAND)) {
+        if (!AskFor(tree, &row) || !tree.View().MayExpand(row) || !AskExpansion(tree, &row, TVE_EXPAND)) {
             return;
         }
         if (tree.View().Expand(row) && tree.RowsChanged()) {
@@ -239,15 +244,6 @@ struct TreeActions
         return true;
     }
 
-    // What a row shows, if that has not been told yet. False where there is nothing to go on with.
-    template <class CONTROL> static bool AskFor(CONTROL& tree, UINT row)
-    {
-        if constexpr (requires { tree.AskForRow(row); }) {
-            return tree.AskForRow(row);
-        }
-        return true;
-    }
-
 private:
     // Tells the parent of each item of a branch, which stays as it is meanwhile, that it goes; the top may
     // stay. False where that leaves nothing to do: the tree is gone, or the parent has removed more.
@@ -278,6 +274,23 @@ private:
                 tree.EndLostEdit();
             }
         }
+    }
+
+    // What a row shows, if that has not been told yet. The row may move meanwhile, along with its item. False
+    // where there is nothing to go on with.
+    template <class CONTROL> static bool AskFor(CONTROL& tree, UINT* pRow)
+    {
+        if constexpr (requires { tree.AskForRow(*pRow); }) {
+            auto* item = tree.m_aVisible[*pRow];
+            const auto hold = tree.View().Hold(item);
+            if (!tree.AskForRow(*pRow)) {
+                return false;
+            }
+            if (tree.m_aVisible[*pRow] != item) {
+                *pRow = tree.View().FindRow(item);
+            }
+        }
+        return true;
     }
 
     // Tells the parent what is to come. False where that leaves nothing to do: the parent has destroyed the

@@ -13,9 +13,7 @@
 
 #include <algorithm>
 #include <climits>
-#include <new>
 #include <utility>
-#include <vector>
 
 namespace gesso {
 
@@ -54,9 +52,10 @@ struct TreeInput
         const bool fKnown = uCode != SB_THUMBPOSITION || Rules::THUMB_POSITION_SCROLLS;
         const int64_t nLine = Rules::LINE_IS_FIXED ? Pixels(tree.m_hWnd, Metrics::TREE_SCROLL_LINE)
                                                    : int64_t{tree.m_nItemHeight};
-        if (const auto nTarget = ScrollTarget(tree.m_siV, uCode, TrackedPos(tree, tree.m_siV, nPos), nLine);
-            nTarget && fKnown)
-        {
+        // Most rows of children that are only counted stand beyond what the message's 16 bits lead to.
+        const UINT nThumb = tree.m_aVisible.Inside().rows.HasRuns() ? TrackedPos(tree.m_siV, nPos)
+                                                                    : TrackedPos(tree, tree.m_siV, nPos);
+        if (const auto nTarget = ScrollTarget(tree.m_siV, uCode, nThumb, nLine); nTarget && fKnown) {
             ScrollTo(tree, SB_VERT, *nTarget);
         }
         tree.Invalidate(0);
@@ -70,10 +69,10 @@ struct TreeInput
             return 0;
         }
         ScrollTo(tree, SB_VERT, *nTarget);
-        if (!AskAt(tree, tree.m_hitMove.pt)) {
-            return 0;
-        }
         if (Frame::State(tree) & GWS_TRACKING) {
+            if (!AskAt(tree, tree.m_hitMove.pt)) {
+                return 0;
+            }
             ChangeHot(tree, HotAt(tree, tree.m_hitMove.pt));
         }
         TreeActions::RedrawAll(tree);
@@ -82,11 +81,17 @@ struct TreeInput
 
     // --- The pointer
 
-    // Of the row at a point. False where there is nothing to go on with.
+    // Of the row at a point of the client area, where points hit rows. False where there is nothing to go on
+    // with.
     template <class CONTROL> static bool AskAt(CONTROL& tree, POINTS pt)
     {
         if constexpr (requires { tree.AskForRow(NO_INDEX); }) {
-            return tree.AskForRow(tree.RowAt(pt.y));
+            RECT rc{};
+            if (tree.m_aVisible.Inside().rows.HasRuns() && GetClientRect(tree.m_hWnd, &rc) && pt.x >= 0 &&
+                pt.y >= 0 && pt.x <= rc.right && pt.y <= rc.bottom)
+            {
+                return tree.AskForRow(tree.RowAt(pt.y));
+            }
         }
         return true;
     }
@@ -167,21 +172,20 @@ struct TreeInput
     }
 
     // The same where rows are not all known: those that are not have no text, and are not counted through.
-    // Nothing is found without memory.
     template <class CONTROL, class TEXT_OF> static UINT FindAmongKnown(CONTROL& tree, TEXT_OF textOf)
-    try {
+    {
         const auto& inside = tree.m_aVisible.Inside();
-        std::vector<UINT> known;
-        for (UINT row = 0; (row = inside.rows.NextKnown(row)) != NO_INDEX; ++row) {
-            known.push_back(row);
-        }
-        const auto at = std::lower_bound(known.begin(), known.end(), tree.m_nSelected);
-        const auto current = static_cast<UINT>(at - known.begin());
-        const UINT i = inside.typed.Find(current, static_cast<UINT>(known.size()),
-                                         [&](UINT k) { return textOf(known[k]); });
-        return i == NO_INDEX ? NO_INDEX : known[i];
-    } catch (const std::bad_alloc&) {
-        return NO_INDEX;
+        const auto find = [&](UINT row, UINT rowEnd) {
+            while ((row = inside.rows.NextKnown(row)) < rowEnd &&
+                   inside.typed.Find(0, 1, [&](UINT) { return textOf(row); }) != 0)
+            {
+                ++row;
+            }
+            return row < rowEnd ? row : NO_INDEX;
+        };
+        const UINT rowFirst = inside.typed.First(tree.m_nSelected, tree.m_aVisible.GetLength());
+        const UINT row = find(rowFirst, NO_INDEX);
+        return row != NO_INDEX ? row : find(0, rowFirst);
     }
 
     // A key that is none of a word's ends the word. Whether it is a blank that goes on with one.

@@ -36,6 +36,10 @@ template <class ITEM> struct TreeInside
     bool fHadWindow = false;
     ItemEdit<ITEM> edit;
     TypeAhead typed;
+    // The host is asked for what is to be painted, or has been: who paints now asks for nothing.
+    bool fAsking = false;
+    UINT nAsked = 0; // how often it was asked, and the tree painted
+    UINT nPainted = 0;
 };
 
 // Made once the record itself is there, into which the rows are published.

@@ -93,13 +93,16 @@ public:
         const ITEM* item = ItemOf(hItem);
         return item ? m_tree.ChildCount(*item) : 0;
     }
+    // Of a branch that goes, the next one that has been made.
     void* GetNextChild(void* hParent, void* hChild) const
     {
         ITEM* parent = IsRootByNull(hParent) ? m_tree.Root() : ItemOf(hParent);
         // A child that is none counts as the last one.
         const ITEM* child = m_tree.Find(hChild);
         const bool fKnown = parent && (child || !hChild);
-        ITEM* next = fKnown ? m_tree.ChildAt(*parent, m_tree.IndexBehind(*parent, child)) : nullptr;
+        ITEM* next = !fKnown          ? nullptr
+                     : parent->fGoing ? m_tree.NextChild(*parent, child)
+                                      : m_tree.ChildAt(*parent, m_tree.IndexBehind(*parent, child));
         return next ? next : reinterpret_cast<void*>(RULES::NO_MORE_CHILDREN);
     }
 

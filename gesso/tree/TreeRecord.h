@@ -31,11 +31,12 @@ template <class ITEM> struct TreeRecord
     int nLevel = 0; // the parent's and 1; -1 for the root
     UINT uState = 0;
     OString<wchar_t> strName;
-    UINT nImage = 0;       // in the image list
-    bool fGoing = false;   // in a branch that is being removed, of whose items the parent is told
-    bool fTold = false;    // and the parent has been told of it
-    bool fCounted = false; // its children are the host's, which has only counted them
-    bool fAsked = false;   // one of those: the host has told what it is
+    UINT nImage = 0;           // in the image list
+    bool fGoing = false;       // in a branch that is being removed, of whose items the parent is told
+    bool fTold = false;        // and the parent has been told of it
+    bool fCounted = false;     // its children are the host's, which has only counted them
+    bool fAsked : 1 = false;   // one of those: the host has told what it is
+    bool fWidened : 1 = false; // and its width counts among the rows'
     ITEM* pParent = nullptr;
     OArray<ITEM*, ITEM*> aChildren; // in the order of display
     void* pCustomData = nullptr;    // the host's

@@ -6,6 +6,7 @@
 // expanded or checked.
 #pragma once
 
+#include <gesso/tree/CountRoom.h>
 #include <gesso/tree/NameOrder.h>
 #include <gesso/tree/NameSort.h>
 #include <gesso/tree/RowQuirks.h>
@@ -133,21 +134,23 @@ public:
         return this->OrMisuse(parent && parent->fGoing ? nullptr : parent);
     }
 
+    CountRoom<ITEM> RoomForCount(ITEM& item, UINT n) const { return {m_tree.Store(), item, n}; }
+    // The same for the rows that come with it, if nothing comes between.
+    bool HasRoomForRows(ITEM& item, UINT n)
+    {
+        const auto [rowFirst, rowEnd] = RowsBelow(item);
+        return n == 0 || !ShowsBranch(item) || m_rows.ReserveRun(n, rowEnd - rowFirst);
+    }
+
     // Replaces what stands below an item by children that are only counted. False, with nothing done, without
     // memory.
     bool SetChildCount(ITEM& item, UINT n)
     {
-        const UINT row = m_rows.Find(&item);
-        const bool fAll = row == NO_INDEX && &item == m_tree.Root();
-        const bool fShown = row != NO_INDEX || fAll;
-        // Of no row the number is -1, so that the root's children begin at 0.
-        const UINT rowFirst = row + 1;
-        const UINT rowEnd = fAll ? m_rows.GetLength() : fShown ? m_rows.EndOfBranch(row) : rowFirst;
-        const bool fRows = fShown && n > 0 && IsExpanded(item);
-        if (!m_tree.ReserveCount(item) || (fRows && !m_rows.InsertRun(rowEnd, {&item, 0, n}))) {
-            m_tree.ForgetReserve(item);
+        const CountRoom<ITEM> room = RoomForCount(item, n);
+        if (!room || !HasRoomForRows(item, n)) {
             return false;
         }
+        const auto [rowFirst, rowEnd] = RowsBelow(item);
         m_rows.Remove(rowFirst, rowEnd - rowFirst);
         if (m_nSelected >= rowFirst && m_nSelected < rowEnd) {
             ChangeSelection(nullptr, NO_INDEX);
@@ -158,6 +161,9 @@ public:
             }
         });
         m_tree.SetCount(item, n);
+        if (n > 0 && ShowsBranch(item)) {
+            m_rows.InsertRun(rowFirst, {&item, 0, n});
+        }
         FollowSelection();
         return true;
     }
@@ -291,7 +297,9 @@ public:
         ITEM& item = *m_rows[row];
         ChangeState(item, item.uState & ~RULES::EXPANDED);
         m_rows.Remove(row + 1, m_rows.EndOfBranch(row) - row - 1);
-        if (!m_quirks.fSelectsByNumber && m_pSelected && m_tree.IsWithin(*m_pSelected, item)) {
+        // That of a copy may have gone in the tree that it was made from.
+        const ITEM* pSelected = m_quirks.fSelectsByNumber ? nullptr : m_tree.FindInTree(m_pSelected);
+        if (pSelected && m_tree.IsWithin(*pSelected, item)) {
             SelectItem(&item);
         }
         FollowSelection();
@@ -374,6 +382,24 @@ public:
 private:
     // The one place of what an item's state is: what is expanded, promised or checked.
     static void ChangeState(ITEM& item, UINT uState) { item.uState = uState; }
+
+    struct Span
+    {
+        UINT rowFirst;
+        UINT rowEnd;
+    };
+    // The rows below an item. Of no row the number is -1, so that those of a root without one begin at 0.
+    Span RowsBelow(ITEM& item) const
+    {
+        const UINT row = m_rows.Find(&item);
+        const bool fAll = row == NO_INDEX && &item == m_tree.Root();
+        return {row + 1, fAll ? m_rows.GetLength() : row == NO_INDEX ? row + 1 : m_rows.EndOfBranch(row)};
+    }
+    // Whether what is below an item has rows, or would have.
+    bool ShowsBranch(ITEM& item) const
+    {
+        return IsExpanded(item) && (&item == m_tree.Root() || m_rows.Find(&item) != NO_INDEX);
+    }
 
     // False, with nothing done, without memory.
     bool ShowBranch(UINT row, ITEM& item)

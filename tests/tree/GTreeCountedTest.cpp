@@ -336,4 +336,216 @@ TEST_F(GTreeCountedTest, InModernThoseThatWereMadeAreToldToGo)
     DestroyWindow(other);
 }
 
+// A paint that asks for another one would never come to an end.
+TEST_F(GTreeCountedTest, AHostThatCountsAnewInEachAnswerIsPaintedAndDone)
+{
+    MakeTree();
+    void* folder = AddFolder(10);
+    for (const bool paints : {false, true}) {
+        onAsked = [&](const Notified& n) {
+            tree.SetChildCount(n.record.pItem, 10);
+            if (paints) {
+                UpdateWindow(tree);
+            }
+        };
+        EXPECT_LE(AskedByPaint().size(), 8u);
+        EXPECT_FALSE(GetUpdateRect(tree, nullptr, FALSE));
+    }
+    Indexes counts;
+    onAsked = [&](const Notified&) {
+        if (counts.empty()) {
+            counts.push_back(20);
+            tree.SetChildCount(folder, 20);
+        }
+    };
+    AskedByPaint();
+    onAsked = nullptr;
+    EXPECT_EQ(AskedByPaint(), Indexes{}) << "what was changed once has been asked for in the same paint";
+    EXPECT_TRUE(tree.Check());
+}
+
+TEST_F(GTreeCountedTest, ARowThatIsPaintedBeforeItsAnswerIsPaintedAgain)
+{
+    MakeTree();
+    AddFolder(10);
+    onAsked = [&](const Notified&) {
+        InvalidateRect(tree, nullptr, FALSE);
+        UpdateWindow(tree);
+    };
+    NameOf(tree.At(1));
+    EXPECT_TRUE(GetUpdateRect(tree, nullptr, FALSE));
+}
+
+TEST_F(GTreeCountedTest, AnAnswerThatTakesTheHeightOrTheWindowAwayEndsTheAsking)
+{
+    MakeTree();
+    AddFolder(MANY);
+    onAsked = [&](const Notified&) { tree.SetItemHeight(0); };
+    EXPECT_LE(AskedByPaint().size(), 10u);
+    tree.SetItemHeight(20);
+    tree.SetChildCount(tree.GetChildAt(nullptr, 0), 30);
+    onAsked = [&](const Notified&) { DestroyWindow(tree); };
+    AskedByPaint();
+    EXPECT_FALSE(IsWindow(tree));
+    onAsked = nullptr;
+    MakeTree();
+    EXPECT_EQ(RowsFrom(1, 2), "c0 c1") << "the same rows, in another window";
+    EXPECT_TRUE(tree.Check());
+}
+
+TEST_F(GTreeCountedTest, AThumbLeadsToAnyOfAMillion)
+{
+    MakeTree();
+    AddFolder(MANY);
+    tree.m_siV.nTrackPos = 15'000'000;
+    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, LOWORD(15'000'000)));
+    EXPECT_EQ(tree.m_siV.nPos, 15'000'000);
+    EXPECT_EQ(AskedByPaint(), (Indexes{749'999, 750'000, 750'001, 750'002, 750'003}));
+}
+
+TEST_F(GTreeCountedTest, TheRangeAcrossGrowsWithWhatShows)
+{
+    const Modern modern;
+    answers = false;
+    const WideText wide(std::string(100, 'w'));
+    onAsked = [&](const Notified& n) { n.record.pDispInfo->text = n.record.iItem % 50 == 49 ? wide : L"x"; };
+    Probe<GTree> other;
+    other.Create(0, 0, TREE_CX, TREE_CY, host, TREE_ID, 0, WS_CHILD | WS_VISIBLE | WS_HSCROLL | WS_VSCROLL);
+    const auto countAnew = [&] {
+        other.SetScrollPos(SB_VERT, 0, 0);
+        other.SetChildCount(nullptr, 100);
+        UpdateWindow(other);
+    };
+    countAnew();
+    const int former = other.m_siH.nMax;
+    RECT rc{}, rcClient{};
+    ASSERT_TRUE(other.GetItemRect(other.GetChildAt(nullptr, 49), true, &rc));
+    SendMessageW(other, WM_KEYDOWN, VK_END, 1);
+    UpdateWindow(other);
+    EXPECT_GT(other.m_siH.nMax, former);
+    GetClientRect(other, &rcClient);
+    ASSERT_TRUE(other.GetItemRect(other.At(99), false, &rc));
+    EXPECT_EQ(rc.bottom, rcClient.bottom) << "the bar that came does not cover the selected row";
+    countAnew();
+    ASSERT_EQ(other.m_siH.nMax, former);
+    other.GetItemRect(other.GetChildAt(nullptr, 49), true, &rc);
+    SendMessageW(other, WM_VSCROLL, SB_PAGEDOWN, 0);
+    other.EnsureVisible(other.At(49));
+    UpdateWindow(other);
+    EXPECT_GT(other.m_siH.nMax, former) << "measured before it showed";
+    countAnew();
+    ASSERT_EQ(other.m_siH.nMax, former);
+    other.EditLabel(other.GetChildAt(nullptr, 49));
+    EXPECT_GT(other.m_siH.nMax, former) << "edited before it showed";
+    DestroyWindow(other);
+}
+
+TEST_F(GTreeCountedTest, WhileABranchGoesNothingOfItIsMade)
+{
+    const Modern modern;
+    Probe<GTree> other;
+    other.Create(0, 0, TREE_CX, TREE_CY, host, TREE_ID, 0, WS_CHILD | WS_VISIBLE);
+    void* folder = other.Add(nullptr, "folder");
+    other.SetChildCount(folder, 1000);
+    void* child = other.GetChildAt(folder, 5);
+    void* last = other.GetChildAt(folder, 70);
+    Asked();
+    host.onNotify = [&](const Notified& n) {
+        Hear(n);
+        if (n.code == -458) {
+            EXPECT_EQ(other.GetItemNextChild(folder, child), last);
+            EXPECT_EQ(other.GetItemNextChild(folder, last), NO_MORE);
+            EXPECT_EQ(other.GetChildAt(folder, 6), nullptr);
+        }
+    };
+    host.Take();
+    other.RemoveItem(folder);
+    EXPECT_EQ(host.TakeCodes(), (Indexes{-458, -458, -458}));
+    EXPECT_EQ(Asked(), Indexes{});
+    DestroyWindow(other);
+}
+
+TEST_F(GTreeCountedTest, AnItemIsAskedForBeforeItsChildrenAreInsertedSortedOrShown)
+{
+    MakeTree();
+    AddFolder(100);
+    childCount = 7;
+    {
+        const AllowMisuse allowed;
+        EXPECT_EQ(tree.Add(tree.At(50), "own"), nullptr);
+        EXPECT_EQ(tree.InsertSorted(tree.At(51), L"own", 0, 0, nullptr), nullptr);
+        tree.SetItemParent(tree.Add(nullptr, "top"), tree.At(52));
+        tree.SortChildren(tree.At(53));
+    }
+    EXPECT_EQ(Asked(), (Indexes{49, 50, 51, 52}));
+    EXPECT_EQ(tree.GetItemChildCount(tree.At(52)), 7u);
+    // An answer in which rows move.
+    void* child = tree.At(10);
+    onAsked = [&](const Notified&) {
+        onAsked = nullptr;
+        tree.Add(nullptr, "front", 0, tree.GetRootItem());
+    };
+    tree.Expand(child);
+    EXPECT_EQ(RowsFrom(11, 2), "c9 c0");
+    EXPECT_TRUE(tree.Check());
+}
+
+TEST_F(GTreeCountedTest, AStrayPointerAsksForNothing)
+{
+    MakeTree();
+    AddFolder(MANY);
+    AskedByPaint();
+    Mouse(WM_LBUTTONDOWN, 60, 30);
+    for (const int y : {-5000, -1, TREE_CY + 1, 5000}) {
+        Mouse(WM_MOUSEMOVE, 60, y);
+    }
+    Mouse(WM_LBUTTONUP, 60, 5000);
+    EXPECT_EQ(Asked(), Indexes{});
+}
+
+TEST_F(GTreeCountedTest, ACopyKnowsThatItsSelectedItemHasGone)
+{
+    const Modern modern;
+    Probe<GTree> other;
+    other.Create(0, 0, TREE_CX, TREE_CY, host, TREE_ID, 0, WS_CHILD | WS_VISIBLE);
+    void* folder = other.Add(nullptr, "folder");
+    other.SetChildCount(folder, 100);
+    other.Expand(folder);
+    Probe<GTree> copy(other);
+    copy.SetSelectedItem(other.GetChildAt(folder, 50));
+    other.SetChildCount(folder, 5);
+    EXPECT_EQ(copy.GetSelectedItem(), nullptr);
+    copy.Collapse(folder);
+    EXPECT_EQ(copy.m_aVisible.GetLength(), 1u);
+    DestroyWindow(other);
+}
+
+TEST_F(GTreeCountedTest, FoldersOfAMillionWithinEachOtherAndRowsBeyondTheLastPixel)
+{
+    MakeTree();
+    childCount = MANY;
+    void* folder = AddFolder(MANY);
+    void* child = tree.GetChildAt(folder, 500'000);
+    tree.Expand(child);
+    EXPECT_EQ(tree.m_aVisible.GetLength(), 2 * MANY + 1);
+    EXPECT_EQ(RowsFrom(500'001, 2), "c500000 c0");
+    EXPECT_EQ(RowsFrom(1'500'001, 2), "c999999 c500001");
+    tree.Collapse(folder);
+    tree.SetItemHeight(32);
+    tree.SetChildCount(folder, NONE);
+    tree.Expand(folder);
+    EXPECT_EQ(tree.m_siV.nMax, 0x7FFFFFFE);
+    Key(VK_END);
+    EXPECT_EQ(tree.m_nSelected, 100'000'000u);
+    AskedByPaint();
+    EXPECT_EQ(tree.Selected(), "c99999999") << "selected, though no bar leads there";
+    // In place of as many rows, however little room there is for more.
+    for (int i = 0; i < 41; ++i) {
+        AddFolder(NONE);
+    }
+    tree.SetChildCount(folder, 99'999'999);
+    EXPECT_EQ(tree.GetItemChildCount(folder), 99'999'999u);
+    EXPECT_TRUE(tree.Check());
+}
+
 } // namespace

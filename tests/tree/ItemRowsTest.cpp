@@ -112,6 +112,120 @@ TEST_F(ItemRowsTest, AnySplicesLeaveWhatAPlainArrayHolds)
     }
 }
 
+// Among items rows of children that are only counted, beside a plain array of parents and indexes.
+class RunsTest : public ItemRowsTest
+{
+protected:
+    struct Row
+    {
+        TreeItem* item; // or the parent
+        UINT index;     // of the child; NO_INDEX for an item itself
+        bool GoesOn(const Row& next) const
+        {
+            return index != NO_INDEX && next.item == item && next.index == index + 1;
+        }
+    };
+    TreeItem* NewFolder(UINT n)
+    {
+        TreeItem* folder = NewItem();
+        store->Counted().Reserve(*folder);
+        store->Counted().SetCount(*folder, n);
+        return folder;
+    }
+    void InsertItem(UINT row)
+    {
+        TreeItem* item = NewItem();
+        item->place.nTextWidth = static_cast<int>(Below(1000));
+        ASSERT_TRUE(rows.Insert(row, item));
+        plain.insert(plain.begin() + row, {item, NO_INDEX});
+    }
+    void InsertRun(UINT row)
+    {
+        const UINT n = 1 + Below(600);
+        TreeItem* folder = NewFolder(n);
+        if (Below(2)) {
+            ASSERT_TRUE(rows.ReserveRun(n, 0));
+        }
+        ASSERT_TRUE(rows.InsertRun(row, {folder, 0, n}));
+        std::vector<Row> run;
+        for (UINT i = 0; i < n; ++i) {
+            run.push_back({folder, i});
+        }
+        plain.insert(plain.begin() + row, run.begin(), run.end());
+    }
+    // Whatever is taken of a run begins or ends with it.
+    void Remove(UINT row, UINT n)
+    {
+        UINT end = std::min(row + n, static_cast<UINT>(plain.size()));
+        while (end < plain.size() && plain[end - 1].GoesOn(plain[end])) {
+            ++end;
+        }
+        rows.Remove(row, end - row);
+        plain.erase(plain.begin() + row, plain.begin() + end);
+    }
+    void MakeChild(UINT row)
+    {
+        TreeItem* child = rows[row];
+        ASSERT_TRUE(child);
+        if (plain[row].index != NO_INDEX) {
+            child->fAsked = true;
+            child->place.nTextWidth = static_cast<int>(Below(1000));
+            rows.Changed(*child);
+        }
+    }
+    void CheckRuns()
+    {
+        ASSERT_TRUE(rows.Check());
+        ASSERT_EQ(rows.GetLength(), plain.size());
+        int widest = 0;
+        for (UINT row = 0; row < plain.size(); ++row) {
+            const auto [item, index] = plain[row];
+            const TreeItem* own = index == NO_INDEX ? item : store->Counted().Find(*item, index);
+            widest = std::max(widest, own && (index == NO_INDEX || own->fAsked) ? own->place.nTextWidth : 0);
+        }
+        ASSERT_EQ(rows.Widest([](const TreeItem& item) { return item.place.nTextWidth; }), widest);
+        for (UINT i = 0; i < 9 && !plain.empty(); ++i) {
+            const UINT row = Below(plain.size());
+            const auto [item, index] = plain[row];
+            TreeItem* own = rows[row];
+            ASSERT_EQ(rows.Find(own), row);
+            ASSERT_EQ(index == NO_INDEX ? own : own->place.pHolder, item);
+            ASSERT_TRUE(index == NO_INDEX || own->place.iChild == index);
+        }
+    }
+    UINT Below(size_t limit) { return static_cast<UINT>(m_random() % limit); }
+
+    std::vector<Row> plain;
+
+private:
+    std::mt19937 m_random{5};
+};
+
+TEST_F(RunsTest, RunsAreSplitAndJoinedAsAPlainArrayHoldsThem)
+{
+    for (int step = 0; step < 1000; ++step) {
+        const UINT row = Below(plain.size() + 1);
+        const bool fThere = row < plain.size();
+        switch (Below(plain.size() > 9000 ? 8 : 6)) {
+        case 0: InsertRun(row); break;
+        case 1:
+        case 2: InsertItem(row); break;
+        case 3:
+        case 4:
+            if (fThere) {
+                MakeChild(row);
+            }
+            break;
+        default:
+            if (fThere) {
+                Remove(row, 1 + Below(Below(9) == 0 ? 3000 : 5));
+            }
+        }
+        ASSERT_NO_FATAL_FAILURE(CheckRuns()) << "step " << step;
+    }
+    EXPECT_TRUE(rows.HasRuns());
+}
+
 TEST_F(ItemRowsTest, ABranchEndsAtTheNextRowThatIsNoDeeper)
 {
     for (const int level : {0, 1, 2, 2, 1, 0, 3}) {

@@ -1,4 +1,5 @@
 // Trees to which memory is refused: nothing is inserted, expanded, moved or named, and what was there stays.
+#include "../../support/WithBehavior.h"
 #include "../../tree/TreeFixture.h"
 #include "../FreshDesktop.h"
 #include "LongText.h"
@@ -264,4 +265,44 @@ TEST_F(CountedMemoryTest, ATextThatIsRefusedIsAskedForAgain)
     }
     Paint();
     EXPECT_EQ(test::Narrow(tree.GetItemName(tree.At(1))), test::Narrow(text));
+}
+
+TEST_F(CountedMemoryTest, ChildrenThatAnAnswerGivesAreAskedForAgain)
+{
+    tree.SetChildCount(nullptr, 3);
+    tree.SetItemState(tree.At(1), TIS_EXPANDED, 0);
+    host.onNotify = [&](const test::Notified& n) {
+        if (n.code == -452) {
+            n.record.pDispInfo->childCount = n.record.iItem == 1 ? 5 : 0;
+        }
+    };
+    {
+        const MemoryLimit limit(BELOW_A_CHUNK);
+        EXPECT_EQ(tree.GetItemChildCount(tree.At(1)), 0u);
+        EXPECT_EQ(limit.Refused(), 1u);
+    }
+    EXPECT_EQ(tree.GetItemChildCount(tree.At(1)), 5u);
+    EXPECT_EQ(tree.m_aVisible.GetLength(), 8u);
+    EXPECT_TRUE(tree.Check());
+}
+
+TEST_F(CountedMemoryTest, WhatCannotBeReplacedIsNotToldToGo)
+{
+    const test::WithBehavior inIt(gesso::Behavior::Modern);
+    test::Probe<GTree> other;
+    other.Create(0, 0, test::TREE_CX, test::TREE_CY, host, test::TREE_ID, 0, WS_CHILD | WS_VISIBLE);
+    other.SetChildCount(nullptr, 3);
+    void* child = other.GetChildAt(nullptr, 1);
+    host.Take();
+    {
+        const MemoryLimit limit(BELOW_A_CHUNK);
+        other.SetChildCount(nullptr, 4);
+        EXPECT_EQ(limit.Refused(), 1u);
+    }
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{});
+    EXPECT_EQ(other.GetChildAt(nullptr, 1), child);
+    other.SetChildCount(nullptr, 0);
+    EXPECT_EQ(host.TakeCodes(), std::vector<int>{-458});
+    EXPECT_TRUE(other.Check());
+    DestroyWindow(other);
 }

@@ -56,6 +56,29 @@ protected:
     void* a = nullptr;
 };
 
+TEST_F(GTreeDrawTest, TheBarAcrossIsDrawnWhereARowThatShowsMakesItsRangeLonger)
+{
+    Make(WS_HSCROLL | WS_VSCROLL);
+    const WideText wide(std::string(100, 'w')), wider(std::string(200, 'w'));
+    host.onNotify = [&](const Notified& n) {
+        if (n.code == -452) {
+            n.record.pDispInfo->text = n.record.iItem < 50 ? wide : wider;
+        }
+    };
+    tree.SetChildCount(nullptr, 100);
+    const auto bars = [&] {
+        Lines lines = Draw("DrawThemeBackground");
+        std::erase_if(lines, [](const std::string& line) { return line.find("SCROLLBAR") == line.npos; });
+        return lines;
+    };
+    bars();
+    EXPECT_EQ(bars(), Lines{});
+    tree.SetScrollPos(SB_VERT, 1500, 0);
+    EXPECT_NE(bars(), Lines{});
+    EXPECT_EQ(bars(), Lines{});
+    host.onNotify = nullptr;
+}
+
 TEST_F(GTreeDrawTest, TheWholePaintInItsOrder)
 {
     MakeTwoLevels();
