@@ -117,35 +117,28 @@ template <class TREE> void MeasureOwn(Bench& bench, HWND hwndHost, const Names& 
     MeasureRemovals(bench, tree, names);
 }
 
-template <class TREE> long long BytesOf(HWND hwndHost, const Names& names)
+template <class TREE> long long BytesPerItem(TREE& tree, const Names& names)
 {
-    TREE tree(hwndHost);
     const long long nBefore = BytesHeld();
     tree.Fill(names);
     return (BytesHeld() - nBefore) / ITEMS;
 }
 
-// The platform has no navigation bar: its tree stands beside.
-void MeasureBar(Bench& bench, HWND hwndHost, const Names& names)
+// All of them stay, so that none gets memory that another one has given back.
+void MeasureBytes(Bench& bench, HWND hwndHost, const Names& names)
 {
-    bench.Family("Navigation bar of 100,000 items: what comes and goes, beside its own fill");
-    bench.Print("  bytes per item", BytesOf<OwnItems<GNavigationBar>>(hwndHost, names),
-                BytesOf<PlatformTree>(hwndHost, names));
-    MeasureOwn<OwnItems<GNavigationBar>>(bench, hwndHost, names);
+    PlatformTree platform(hwndHost);
+    OwnItems<GTree> tree(hwndHost);
+    OwnItems<GNavigationBar> bar(hwndHost);
+    const long long nPlatform = BytesPerItem(platform, names);
+    bench.Print("  bytes per item", BytesPerItem(tree, names), nPlatform);
+    bench.Print("  bytes per item of a navigation bar", BytesPerItem(bar, names), nPlatform);
 }
 
-} // namespace
-
-void MeasureTreeItems(Bench&)
+void MeasurePlatform(Bench& bench, HWND hwndHost, const Names& names)
 {
-    const Host host(TREE_CX, TREE_CY);
-    const Names names(ITEMS);
-    Bench bench(ROUNDS);
-    bench.Family("Tree of 100,000 items: what comes and goes, beside its own fill");
-    MeasureOwn<OwnItems<GTree>>(bench, host, names);
-    OwnItems<GTree> own(host);
-    PlatformTree platform(host);
-    bench.Family("Tree of 100,000 items, beside the platform's");
+    OwnItems<GTree> own(hwndHost);
+    PlatformTree platform(hwndHost);
     bench.MeasureTimed("  remove all, an item", EmptyTime(own, names, false),
                        EmptyTime(platform, names, false));
     bench.MeasureTimed("  remove a folder of 100,000, an item", FolderTime(own, names),
@@ -158,7 +151,22 @@ void MeasureTreeItems(Bench&)
     bench.MeasureTimed("  insert one in view, at the end",
                        InsertTime([&] { own.InsertBehind(own.GetRootItem(), hLast, L"Document number 1"); }),
                        InsertTime([&] { platform.InsertLast(TVI_ROOT, L"Document number 1"); }));
-    MeasureBar(bench, host, names);
+}
+
+} // namespace
+
+void MeasureTreeItems(Bench&)
+{
+    const Host host(TREE_CX, TREE_CY);
+    const Names names(ITEMS);
+    Bench bench(ROUNDS);
+    bench.Family("Tree of 100,000 items: what comes and goes, beside the platform's");
+    MeasureBytes(bench, host, names);
+    MeasurePlatform(bench, host, names);
+    bench.Family("Tree of 100,000 items: what comes and goes, beside its own fill");
+    MeasureOwn<OwnItems<GTree>>(bench, host, names);
+    bench.Family("Navigation bar of 100,000 items: what comes and goes, beside its own fill");
+    MeasureOwn<OwnItems<GNavigationBar>>(bench, host, names);
 }
 
 } // namespace bench
