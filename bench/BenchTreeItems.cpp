@@ -8,9 +8,9 @@ namespace bench {
 namespace {
 
 constexpr UINT ITEMS = 100'000;
-constexpr int INSERTIONS = 200;
+constexpr int INSERTIONS = 1000;
 constexpr int REMOVALS = 200;
-constexpr int ROUNDS = 3;
+constexpr int ROUNDS = 5;
 
 // The time of one item, of the last step of some: what comes before it is not counted.
 template <class PREPARE> TimedWork PerItem(int nItems, PREPARE prepare, Work work)
