@@ -5,6 +5,7 @@
 #include <gesso/text/ScriptFaces.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <memory>
 #include <string>
@@ -16,7 +17,7 @@ namespace {
 
 using Places = std::vector<size_t>; // of faces, among those that are known
 
-// All that has been found out. Everything in here is done by one thread at a time.
+// All that has been found out of one device's fonts. Everything in here is done by one thread at a time.
 class KnownFonts
 {
 public:
@@ -212,8 +213,17 @@ Places KnownFonts::PlacesOf(const std::vector<FaceName>& faces)
     return places;
 }
 
+// A printer has other fonts than the screen, some of them under the same names.
+using Device = std::array<int, 3>;
+
+Device DeviceOf(HDC hdc)
+{
+    return {GetDeviceCaps(hdc, TECHNOLOGY), GetDeviceCaps(hdc, LOGPIXELSX),
+            GetDeviceCaps(hdc, PHYSICALWIDTH)};
+}
+
 constinit SRWLOCK s_lock = SRWLOCK_INIT;
-constinit KnownFonts* s_pKnown = nullptr;
+constinit std::map<Device, KnownFonts>* s_pKnown = nullptr;
 
 struct IgnorableRange
 {
@@ -250,10 +260,10 @@ bool FindFallbackFace(const FontRequest& request, const AcceptFace& accept)
 {
     const ScopedLock lock(s_lock);
     if (!s_pKnown) {
-        s_pKnown = new KnownFonts;
+        s_pKnown = new std::map<Device, KnownFonts>;
         g_pfnForgetFonts = ForgetFallbackFonts;
     }
-    return s_pKnown->Find(request, accept);
+    return (*s_pKnown)[DeviceOf(request.hdc)].Find(request, accept);
 }
 
 void ForgetFallbackFonts()

@@ -464,6 +464,19 @@ TEST_F(TextFallback, WithoutMemoryForFontsATextHasAtLeastItsOwn)
     EXPECT_GT(boxes, 0U);
 }
 
+// A device that does not tell what it is is none of those that do.
+TEST_F(TextFallback, WhatOneDeviceHasIsNotLookedUpForAnother)
+{
+    desk::InstallFont("Sim Han", {HAN});
+    EXPECT_EQ(FontOf(u"日"), "Sim Han");
+    desk::Fail("GetDeviceCaps", 1000);
+    desk::Fail("EnumFontFamiliesExW", 1000);
+    EXPECT_NE(FontOf(u"日"), "Sim Han");
+    EXPECT_TRUE(desk::PendingFaults().empty());
+    desk::ClearFaults();
+    EXPECT_EQ(FontOf(u"日"), "Sim Han");
+}
+
 TEST_F(TextFallback, AFontThatWasForgottenStaysWithItsTextAlone)
 {
     desk::InstallFont("Sim Han", {HAN});
