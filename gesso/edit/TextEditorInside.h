@@ -157,6 +157,7 @@ struct TextEditor::Inside final : private CompositionTarget
     void WrapBetween(HDC hdc, UINT nOne, UINT nOther);
     int64_t RowAbove(int64_t nRow);
     void WrapInView(HDC hdc);
+    int WidthToWrapAt() const;
     void WrapAgain();
     void WrapSlice();
     UINT WordEnd(UINT n) const;

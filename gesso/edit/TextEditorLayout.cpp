@@ -336,7 +336,7 @@ void TextEditor::Inside::Arrange()
         {
             const EditContext hdc(hwnd, site.Font());
             NeedStyle(hdc);
-            if (nWrapWidth != (Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0)) {
+            if (nWrapWidth != WidthToWrapAt()) {
                 WrapAgain();
             }
             WrapChanged(hdc);

@@ -209,11 +209,18 @@ void TextEditor::Inside::WrapInView(HDC hdc)
     }
 }
 
+// 0 where lines do not wrap. A field without room, minimized or not laid out yet, keeps what it has: to wrap
+// at each character would take long, and nobody sees it.
+int TextEditor::Inside::WidthToWrapAt() const
+{
+    const RECT rc = Area();
+    return !Wraps() ? 0 : rc.right > rc.left ? rc.right - rc.left : nWrapWidth;
+}
+
 // After a change of width, font or style: what is in view at once, the rest by and by.
 void TextEditor::Inside::WrapAgain()
 {
-    const RECT rc = Area();
-    const int nWidth = Wraps() ? std::max<int>(rc.right - rc.left, 1) : 0;
+    const int nWidth = WidthToWrapAt();
     ForgetLines();
     nWidest = 0;
     longest.Forget();

@@ -103,6 +103,21 @@ TEST_F(GEditWrapModernTest, WhatIsDeletedFromAWideLineStaysInView)
     EXPECT_GE(static_cast<short>(LOWORD(Send(EM_POSFROMCHAR, 3))), 0);
 }
 
+// As a minimized parent, or a layout that begins with nothing, has it.
+TEST_F(GEditWrapModernTest, AFieldWithoutRoomKeepsItsRows)
+{
+    Make(10, 4);
+    edit.SetText(L"aaaa bbbb cccc dddd eeee ffff");
+    SendMessageW(edit.GetHwnd(), EM_LINESCROLL, 0, 1);
+    ASSERT_EQ(Send(EM_GETLINECOUNT), 3);
+    RECT rc{};
+    GetClientRect(edit.GetHwnd(), &rc);
+    MoveWindow(edit.GetHwnd(), 0, 0, 0, 0, TRUE);
+    EXPECT_EQ(Send(EM_GETLINECOUNT), 3);
+    MoveWindow(edit.GetHwnd(), 0, 0, rc.right, rc.bottom, TRUE);
+    EXPECT_EQ(Send(EM_GETLINECOUNT), 3);
+}
+
 TEST_F(GEditWrapModernTest, SpacesBehindACentredRowHangOverAndDoNotMoveIt)
 {
     Make(10, 4, ES_MULTILINE | ES_AUTOVSCROLL | ES_RIGHT);
