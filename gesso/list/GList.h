@@ -72,6 +72,7 @@ struct ListPlace;
 struct ShownItems;
 struct CellNeeds;
 class ListItemTrack;
+class ListTextPass;
 struct ViewAnchor;
 struct VirtualList;
 
@@ -509,8 +510,8 @@ private:
     bool AddItem(UINT position, ListItem* item);
     bool StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
     void PrepareSubItem(ListSubItem& sub, UINT column);
-    void PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column);
-    void PrepareItems(HDC hdc, HFONT hFont, void* ListTextPair::*part);
+    void PrepareSubItem(gesso::ListTextPass& pass, ListSubItem& sub, UINT column);
+    void PrepareColumn(UINT column);
     UINT FormatOf(UINT column) const;
     static void ReleaseColumn(ListColumn* column);
     static void ReleaseGroup(ListGroup* group);

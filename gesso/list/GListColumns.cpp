@@ -85,11 +85,8 @@ void GList::ShowColumn(UINT column, ListColumnPart part)
         part == ListColumnPart::Width ? Calculate() : RefreshLayout();
         return;
     }
-    for (UINT i = 0; part == ListColumnPart::Texts && i < items.GetLength(); ++i) {
-        ListSubItem* sub = items[i]->SubItem(column);
-        if (sub && sub->prepared) {
-            PrepareSubItem(context, *sub, column);
-        }
+    if (part == ListColumnPart::Texts) {
+        PrepareColumn(column);
     }
     SetListStyle(listStyle);
 }

@@ -556,6 +556,7 @@ void GList::ReleaseItems()
         ReleaseItem(items[item]);
     }
     items.RemoveAll();
+    m_inside->texts.Forget();
     m_inside->tracks.ForgetLost(items);
     ++m_inside->itemChanges;
 }

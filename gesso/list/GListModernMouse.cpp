@@ -137,7 +137,8 @@ void GList::StartBand(POINTS pt)
     m_inside->band = {true, false, start, start, pt};
     const bool fKeep = ModifierKeys() & KEYMOD_CTRL;
     if (gesso::VirtualList* list = Virtual()) {
-        list->kept = fKeep ? list->selected : gesso::IndexRanges();
+        list->kept = {};
+        m_inside->band.fBegun = !fKeep || list->kept.Copy(list->selected);
     }
     for (ListItem* item : items) {
         const bool fKept = fKeep && (item->state & LIS_SELECTED);
@@ -218,7 +219,10 @@ void GList::SelectInBand()
 {
     const gesso::VirtualRows::Area area = BandArea(m_inside->band);
     if (gesso::VirtualList* list = Virtual()) {
-        gesso::IndexRanges wanted = list->kept;
+        gesso::IndexRanges wanted;
+        if (!wanted.Copy(list->kept)) {
+            return;
+        }
         if (!list->rows.VisitTouched(area, [&wanted](UINT first, UINT end) { wanted.Add(first, end); })) {
             return; // more ranges than a drag is worth: what was selected last stays
         }

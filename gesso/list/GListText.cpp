@@ -3,22 +3,15 @@
 
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/list/GList.h>
+#include <gesso/list/ListInside.h>
 #include <gesso/text/CDrawText.h>
 
 #include <utility>
 
+using gesso::ListTextPass;
 using gesso::SelectScope;
-using gesso::WindowContext;
 
 namespace {
-
-void CloseText(void* hText)
-{
-    if (hText) {
-        CDrawText::DrawText_CloseHandle(hText);
-    }
-}
 
 void* PrepareIn(HDC hdc, HFONT hFont, LPCWSTR text, RECT* rc, UINT format, int lineHeight)
 {
@@ -38,7 +31,7 @@ void DrawIn(HDC hdc, HFONT hFont, void* hText, const RECT& rc)
 
 ListTextPair* GList::PrepareText(HDC hdc, UINT mode, LPCWSTR text, RECT* rc, UINT format, int nLineHeight)
 {
-    auto* pair = new ListTextPair{};
+    ListTextPair* pair = gesso::MakePair();
     const auto prepare = [&](HFONT hFont, LPCWSTR psz) {
         return PrepareIn(hdc, hFont, psz, rc, format, nLineHeight);
     };
@@ -61,11 +54,7 @@ ListTextPair* GList::PrepareText(HDC hdc, UINT mode, LPCWSTR text, RECT* rc, UIN
 
 void GList::FreeText(void* pair)
 {
-    if (auto* texts = static_cast<ListTextPair*>(pair)) {
-        CloseText(texts->first);
-        CloseText(texts->second);
-        delete texts;
-    }
+    gesso::ReleasePair(static_cast<ListTextPair*>(pair));
 }
 
 void GList::TextOutW(HDC hdc, UINT mode, void* pair, RECT rc)
@@ -89,10 +78,10 @@ UINT GList::FormatOf(UINT column) const
     return column < columns.GetLength() ? columns[column]->format : 0;
 }
 
-void GList::PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column)
+void GList::PrepareSubItem(ListTextPass& pass, ListSubItem& sub, UINT column)
 {
     if (sub.text) {
-        ListTextPair* prepared = PrepareText(hdc, LTM_ITEM, sub.text, nullptr, FormatOf(column), lineHeight);
+        ListTextPair* prepared = pass.Prepare(sub.text, FormatOf(column));
         FreeText(std::exchange(sub.prepared, prepared));
     }
 }
@@ -100,7 +89,22 @@ void GList::PrepareSubItem(HDC hdc, ListSubItem& sub, UINT column)
 void GList::PrepareSubItem(ListSubItem& sub, UINT column)
 {
     if (sub.text) {
-        PrepareSubItem(WindowContext(m_hWnd), sub, column);
+        ListTextPass pass(m_inside->texts, m_hWnd, fontLabelText, fontLabelTitle, lineHeight,
+                          ListTextPass::Extent::One);
+        PrepareSubItem(pass, sub, column);
+    }
+}
+
+// Those that have been prepared before.
+void GList::PrepareColumn(UINT column)
+{
+    ListTextPass pass(m_inside->texts, m_hWnd, fontLabelText, fontLabelTitle, lineHeight,
+                      ListTextPass::Extent::Many);
+    for (ListItem* item : items) {
+        ListSubItem* sub = item->SubItem(column);
+        if (sub && sub->prepared) {
+            PrepareSubItem(pass, *sub, column);
+        }
     }
 }
 
@@ -116,25 +120,14 @@ void GList::BulkInsertOff()
     if (!std::exchange(bulkInsert, false)) {
         return;
     }
-    const WindowContext context(m_hWnd);
-    PrepareItems(context, fontLabelText, &ListTextPair::first);
-    PrepareItems(context, fontLabelTitle, &ListTextPair::second);
-    Calculate();
-}
-
-// One part of all texts, since to change the font of a context costs as much as to shape a text.
-void GList::PrepareItems(HDC hdc, HFONT hFont, void* ListTextPair::*part)
-{
-    const SelectScope font(hdc, hFont);
-    for (UINT item = 0; item < items.GetLength(); ++item) {
-        for (UINT subItem = 0; subItem < items[item]->subItemCount; ++subItem) {
-            ListSubItem& sub = items[item]->SubItems()[subItem];
-            if (sub.text) {
-                sub.prepared = sub.prepared ? sub.prepared : new ListTextPair{};
-                CloseText(std::exchange(sub.prepared->*part,
-                                        CDrawText::DrawText_Prepare(hdc, sub.text, -1, nullptr,
-                                                                    FormatOf(subItem), lineHeight, nullptr)));
+    {
+        ListTextPass pass(m_inside->texts, m_hWnd, fontLabelText, fontLabelTitle, lineHeight,
+                          ListTextPass::Extent::Many);
+        for (ListItem* item : items) {
+            for (UINT subItem = 0; subItem < item->subItemCount; ++subItem) {
+                PrepareSubItem(pass, item->SubItems()[subItem], subItem);
             }
         }
     }
+    Calculate();
 }

@@ -80,7 +80,7 @@ void GList::SetVirtualItems(UINT count)
     LayOutAround({});
 }
 
-// False where the list is gone.
+// False where the list is gone, and without memory: it is empty then.
 bool GList::BecomeVirtual()
 {
     const gesso::Lifeline life(*this);
@@ -95,7 +95,11 @@ bool GList::BecomeVirtual()
     elements.RemoveAll();
     ChangeSort(0, false, 0); // the order was that of the list's own items
     bulkInsert = false;
-    m_inside->virtualList = std::make_unique<gesso::VirtualList>(MakeItem, ReleaseItem);
+    m_inside->virtualList = gesso::VirtualList::Make(MakeItem, ReleaseItem);
+    if (!IsVirtual()) {
+        Calculate();
+        return false;
+    }
     Virtual()->top = Virtual()->barPos = m_siV.nPos;
     ForgetLayout();
     if ((listStyle & GLS_VIEWMASK) == GLS_ICONS && Has(*this, Quirk::ListPlaces)) {

@@ -13,6 +13,7 @@
 #include <gesso/text/CDrawText.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 using gesso::CELL_IMAGE;
@@ -63,6 +64,15 @@ void Store(ListSubItem& cell, UINT bit, LPCWSTR text, UINT number)
         cell.state |= number & LSIS_CHECKED;
     }
     cell.state |= bit;
+}
+
+// False without memory: what is left out shows nothing until it is asked for again.
+template <class T> bool Append(std::vector<T>& list, const T& entry)
+try {
+    list.push_back(entry);
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 } // namespace
@@ -334,11 +344,11 @@ gesso::CellNeeds GList::Needs() const
     gesso::CellNeeds needs;
     for (const stcColumnDrawInfo& element : columnDraw) {
         if (BitsOf(element.type)) {
-            needs.cells.push_back({element.column, BitsOf(element.type)});
+            Append(needs.cells, {element.column, BitsOf(element.type)});
         }
     }
     if (listStyle & GLS_CHECKBOXES) {
-        needs.cells.push_back({0, CELL_STATE});
+        Append(needs.cells, {0, CELL_STATE});
     }
     return needs;
 }
@@ -354,7 +364,7 @@ gesso::ShownItems GList::ItemsInView() const
          row < geometry.RowCount() && !geometry.IsBelow(row, end); ++row)
     {
         if (geometry.Row(row).type == LET_ITEM) {
-            shown.items.push_back(geometry.Row(row).index);
+            Append(shown.items, geometry.Row(row).index);
         }
     }
     return shown;
@@ -395,9 +405,9 @@ void GList::PrepareCells(const gesso::ShownItems& shown, const gesso::CellNeeds&
     for (const UINT item : shown.items) {
         for (const gesso::CellNeed& need : needs.cells) {
             ListSubItem* cell = need.bits & bit ? KeptCell(item, need.column) : nullptr;
-            if (cell && (cell->state & CELL_TEXT) && !(cell->state & bit)) {
+            if (cell && (cell->state & CELL_TEXT) && !(cell->state & bit) &&
+                Append(cells, {cell, FormatOf(need.column)})) {
                 cell->state |= bit;
-                cells.emplace_back(cell, FormatOf(need.column));
             }
         }
     }
@@ -408,7 +418,7 @@ void GList::PrepareCells(const gesso::ShownItems& shown, const gesso::CellNeeds&
     const gesso::SelectScope font(context, fTitle ? fontLabelTitle : fontLabelText);
     for (const auto& [cell, format] : cells) {
         if (cell->text) {
-            cell->prepared = cell->prepared ? cell->prepared : new ListTextPair{};
+            cell->prepared = cell->prepared ? cell->prepared : gesso::MakePair();
             void*& hText = fTitle ? cell->prepared->second : cell->prepared->first;
             hText =
                 CDrawText::DrawText_Prepare(context, cell->text, -1, nullptr, format, lineHeight, nullptr);

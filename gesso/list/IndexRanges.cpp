@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <utility>
 
 namespace gesso {
@@ -24,6 +25,34 @@ void IndexRanges::Change::Note(UINT first, UINT end)
 {
     count += end - first;
     mixed ^= MixedBelow(first) ^ MixedBelow(end);
+}
+
+bool IndexRanges::Copy(const IndexRanges& other)
+try {
+    m_ends = other.m_ends;
+    m_count = other.m_count;
+    return true;
+} catch (const std::bad_alloc&) {
+    m_ends.clear();
+    m_count = 0;
+    return false;
+}
+
+// An operation makes two ranges more at the most: it begins with what it needs for them, or not at all.
+bool IndexRanges::MakeSpares()
+try {
+    m_spares.try_emplace(0);
+    m_spares.try_emplace(1);
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
+void IndexRanges::Put(RANGES::node_type node, UINT first, UINT end)
+{
+    node.key() = first;
+    node.mapped() = end;
+    m_ends.insert(std::move(node));
 }
 
 // Where the range ends that holds the index; the index itself without one.
@@ -49,7 +78,7 @@ UINT IndexRanges::Next(UINT from) const
 
 IndexRanges::Change IndexRanges::Add(UINT first, UINT end)
 {
-    if (first >= end) {
+    if (first >= end || !MakeSpares()) {
         return {};
     }
     const Change held = Remove(first, end);
@@ -66,7 +95,11 @@ IndexRanges::Change IndexRanges::Add(UINT first, UINT end)
     if (behind != m_ends.begin() && std::prev(behind)->second == first) {
         start = std::prev(behind)->first;
     }
-    m_ends[start] = last;
+    if (start < first) {
+        m_ends[start] = last;
+    } else {
+        Put(TakeSpare(), start, last);
+    }
     m_count += end - first;
     return change;
 }
@@ -74,7 +107,7 @@ IndexRanges::Change IndexRanges::Add(UINT first, UINT end)
 IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
 {
     Change change;
-    if (first >= end) {
+    if (first >= end || !MakeSpares()) {
         return change;
     }
     auto range = m_ends.upper_bound(first);
@@ -88,10 +121,10 @@ IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
         change.Note(cut, cutEnd);
         range = m_ends.erase(range);
         if (from < cut) {
-            m_ends.emplace_hint(range, from, cut);
+            Put(TakeSpare(), from, cut);
         }
         if (to > cutEnd) {
-            m_ends.emplace_hint(range, cutEnd, to);
+            Put(TakeSpare(), cutEnd, to);
         }
     }
     m_count -= change.count;
@@ -99,37 +132,57 @@ IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
 }
 
 // Behind all others, which it may touch.
-void IndexRanges::Append(UINT first, UINT end)
+void IndexRanges::Append(RANGES::node_type node, UINT first, UINT end)
 {
+    if (first == end) {
+        return;
+    }
     if (!m_ends.empty() && m_ends.rbegin()->second == first) {
         m_ends.rbegin()->second = end;
-    } else if (first < end) {
-        m_ends.emplace_hint(m_ends.end(), first, end);
+    } else {
+        node.key() = first;
+        node.mapped() = end;
+        m_ends.insert(m_ends.end(), std::move(node));
     }
 }
 
 void IndexRanges::Insert(UINT first, UINT count)
 {
-    const std::map<UINT, UINT> former = std::exchange(m_ends, {});
-    for (const auto& [from, to] : former) {
-        if (from < first) {
-            Append(from, std::min(to, first));
+    const bool fSpares = MakeSpares();
+    RANGES former = std::exchange(m_ends, {});
+    while (!former.empty()) {
+        RANGES::node_type node = former.extract(former.begin());
+        const UINT from = node.key();
+        const UINT to = node.mapped();
+        if (from >= first) {
+            Append(std::move(node), from + count, to + count);
+            continue;
         }
-        if (to > first) {
-            Append(std::max(from, first) + count, to + count);
+        Append(std::move(node), from, std::min(to, first));
+        if (to > first && fSpares) {
+            Append(TakeSpare(), first + count, to + count);
+        } else if (to > first) {
+            m_count -= to - first;
         }
     }
 }
 
 UINT IndexRanges::Erase(UINT first, UINT end)
 {
-    const UINT gone = Remove(first, end).count;
-    const std::map<UINT, UINT> former = std::exchange(m_ends, {});
-    for (const auto& [from, to] : former) {
-        const UINT up = from < first ? 0 : end - first;
-        Append(from - up, to - up);
+    const UINT formerCount = m_count;
+    RANGES former = std::exchange(m_ends, {});
+    const auto moved = [=](UINT index) {
+        return index < first ? index : index < end ? first : index - (end - first);
+    };
+    m_count = 0;
+    while (!former.empty()) {
+        RANGES::node_type node = former.extract(former.begin());
+        const UINT from = moved(node.key());
+        const UINT to = moved(node.mapped());
+        m_count += to - from;
+        Append(std::move(node), from, to);
     }
-    return gone;
+    return formerCount - m_count;
 }
 
 IndexRanges::Change IndexRanges::DifferenceTo(const IndexRanges& other) const

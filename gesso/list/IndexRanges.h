@@ -1,4 +1,5 @@
 // A set of indices as ranges: as small as the ranges are few, whatever they hold. Works on numbers alone.
+// Without memory for a range more, Add and Remove do nothing.
 #pragma once
 
 #include <gesso/containers/Index.h>
@@ -10,6 +11,9 @@ namespace gesso {
 class IndexRanges
 {
 public:
+    // Takes what another set has. False, and then it is empty, without memory.
+    [[nodiscard]] bool Copy(const IndexRanges& other);
+
     // How many indices an operation has changed, and these as one number: each is taken in and out by the
     // exclusive or. Of one index it is that index.
     struct Change
@@ -31,7 +35,8 @@ public:
     Change Add(UINT first, UINT end);
     Change Remove(UINT first, UINT end);
 
-    // `count` indices that are not in the set come in at `first`, and move those behind them on.
+    // `count` indices that are not in the set come in at `first`, and move those behind them on. Without
+    // memory those that were in one range with the one before are no more in the set.
     void Insert(UINT first, UINT count);
     // The indices of [first, end) go, and those behind them move up. Returns how many were in the set.
     UINT Erase(UINT first, UINT end);
@@ -40,10 +45,16 @@ public:
     Change DifferenceTo(const IndexRanges& other) const;
 
 private:
-    UINT EndAt(UINT index) const;
-    void Append(UINT first, UINT end);
+    using RANGES = std::map<UINT, UINT>;
 
-    std::map<UINT, UINT> m_ends; // of each range, by its first index
+    UINT EndAt(UINT index) const;
+    bool MakeSpares();
+    RANGES::node_type TakeSpare() { return m_spares.extract(m_spares.begin()); }
+    void Put(RANGES::node_type node, UINT first, UINT end);
+    void Append(RANGES::node_type node, UINT first, UINT end);
+
+    RANGES m_ends; // of each range, by its first index
+    RANGES m_spares;
     UINT m_count = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <gesso/framework/TypeAhead.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/ListGeometry.h>
+#include <gesso/list/ListTexts.h>
 #include <gesso/list/VirtualList.h>
 
 #include <algorithm>
@@ -163,6 +164,7 @@ struct ListInside
     bool fEdits = false;        // the edit in progress is this list's own, which a copy has only seen
     UINT itemChanges = 0;       // counts insertions and removals
     ListItemTracks tracks;
+    ListTexts texts;
     ListRenaming renaming;
     SelectionChange selection;
     SelectedSpan selected;

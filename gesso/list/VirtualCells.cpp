@@ -1,6 +1,7 @@
 #include <gesso/containers/Index.h>
 #include <gesso/list/VirtualCells.h>
 
+#include <new>
 #include <utility>
 
 namespace gesso {
@@ -21,29 +22,31 @@ ListItem* VirtualCells::Get(UINT item, UINT subItems)
     if (young != m_young.end()) {
         return young->second;
     }
-    const auto old = m_old.find(item);
-    ListItem* record = old != m_old.end() ? old->second : m_make(subItems);
-    if (record) {
-        m_old.erase(item);
-        Keep(item, record);
-    }
-    return record;
-}
-
-void VirtualCells::Keep(UINT item, ListItem* record)
-{
+    RECORDS::node_type node = m_old.extract(item);
+    ListItem* const record = node ? node.mapped() : m_make(subItems);
     if (m_young.size() >= m_room) {
         Release(m_old);
         std::swap(m_old, m_young);
     }
-    m_young.emplace(item, record);
+    return record && Keep(item, record, std::move(node)) ? record : nullptr;
+}
+
+// False, with the record released, without memory.
+bool VirtualCells::Keep(UINT item, ListItem* record, RECORDS::node_type node)
+try {
+    node ? void(m_young.insert(std::move(node))) : void(m_young.emplace(item, record));
+    return true;
+} catch (const std::bad_alloc&) {
+    m_release(record);
+    return false;
 }
 
 void VirtualCells::Release(RECORDS& records)
 {
-    for (const auto& [item, record] : std::exchange(records, {})) {
+    for (const auto& [item, record] : records) {
         m_release(record);
     }
+    records.clear();
 }
 
 void VirtualCells::Forget()
@@ -67,21 +70,33 @@ void VirtualCells::Erase(UINT first, UINT count)
     MoveAll([=](UINT item) { return item < first ? item : item - first < count ? NO_INDEX : item - count; });
 }
 
-// NO_INDEX for a record that goes.
+// NO_INDEX for a record that goes. Without memory for another order all of them go, to be asked for anew.
 template <class MOVE> void VirtualCells::MoveAll(MOVE move)
 {
     for (RECORDS* records : {&m_young, &m_old}) {
         RECORDS moved;
-        for (const auto& [item, record] : std::exchange(*records, {})) {
-            const UINT to = move(item);
-            if (to == NO_INDEX) {
-                m_release(record);
+        if (!Reserve(moved, records->size())) {
+            Release(*records);
+        }
+        while (!records->empty()) {
+            RECORDS::node_type node = records->extract(records->begin());
+            node.key() = move(node.key());
+            if (node.key() == NO_INDEX) {
+                m_release(node.mapped());
             } else {
-                moved.emplace(to, record);
+                moved.insert(std::move(node));
             }
         }
-        *records = std::move(moved);
+        std::swap(*records, moved);
     }
+}
+
+bool VirtualCells::Reserve(RECORDS& records, size_t count)
+try {
+    records.reserve(count);
+    return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 } // namespace gesso

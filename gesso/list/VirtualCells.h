@@ -43,8 +43,9 @@ public:
 private:
     using RECORDS = std::unordered_map<UINT, ListItem*>;
 
-    void Keep(UINT item, ListItem* record);
+    bool Keep(UINT item, ListItem* record, RECORDS::node_type node);
     void Release(RECORDS& records);
+    static bool Reserve(RECORDS& records, size_t count);
     template <class MOVE> void MoveAll(MOVE move);
 
     MAKE m_make;

@@ -6,6 +6,8 @@
 #include <gesso/list/VirtualCells.h>
 #include <gesso/list/VirtualRows.h>
 
+#include <memory>
+#include <new>
 #include <vector>
 
 namespace gesso {
@@ -67,6 +69,13 @@ struct AskingPass
 struct VirtualList
 {
     VirtualList(VirtualCells::MAKE make, VirtualCells::RELEASE release) : cells(make, release) {}
+    // Null without memory.
+    static std::unique_ptr<VirtualList> Make(VirtualCells::MAKE make, VirtualCells::RELEASE release)
+    try {
+        return std::make_unique<VirtualList>(make, release);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 
     bool IsPending(UINT item, UINT column, UINT bit) const;
     // Of items whose cells are to be asked for anew, both ends included. In a pass that keeps what is

@@ -226,6 +226,9 @@ try {
 
 bool gesso::BreakText(LPCWSTR pszText, UINT nChars, UINT cxMax, stcDrawTextBuffer& buffer)
 try {
+    if (!Unshare(buffer)) {
+        return false;
+    }
     nChars = pszText ? std::min(nChars, UsableChars(buffer)) : 0;
     FindBreakAttributes(pszText, nChars, buffer);
     std::optional<LogicalGlyphs> logical;

@@ -43,8 +43,11 @@ void CDrawText::PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nCha
     if (!IsBuffer(pBuffer)) {
         return;
     }
+    if (IsShared(*pBuffer)) {
+        FreeBuffer(pBuffer);
+    }
     pBuffer->scriptCache = nullptr;
-    pBuffer->fOneBlock = 0;
+    pBuffer->fOneBlock &= STANDS_IN_BLOCK;
     pBuffer->nChars = 0;
     pBuffer->nGlyphs = 0;
     if (MakeArrays(*pBuffer, nItems, nChars, nGlyphs)) {
@@ -58,7 +61,7 @@ void CDrawText::PrepareBuffer(stcDrawTextBuffer* pBuffer, UINT nItems, UINT nCha
 
 void CDrawText::OptimizeBuffer(stcDrawTextBuffer* pBuffer)
 {
-    if (!IsBuffer(pBuffer) || !pBuffer->pItems) {
+    if (!IsBuffer(pBuffer) || !pBuffer->pItems || !Unshare(*pBuffer)) {
         return;
     }
     // The items and runs are not carried over, as they stand. Zeros in their place keep every operation that
@@ -80,6 +83,9 @@ void CDrawText::FreeBuffer(stcDrawTextBuffer* pBuffer)
 {
     if (!IsBuffer(pBuffer)) {
         return;
+    }
+    if (IsShared(*pBuffer)) {
+        LeaveShared(*pBuffer);
     }
     FreeCache(pBuffer->scriptCache);
     FreeCalculated(*pBuffer);

@@ -3,8 +3,8 @@
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/FontSplit.h>
 #include <gesso/text/TextArrays.h>
+#include <gesso/text/TextSpace.h>
 
-#include <atomic>
 #include <new>
 #include <numeric>
 #include <optional>
@@ -13,10 +13,6 @@
 using namespace gesso;
 
 namespace {
-
-constexpr UINT SCRATCH_ITEMS = 16;
-constexpr UINT SCRATCH_CHARS = 64;
-constexpr UINT SCRATCH_GLYPHS = 64;
 
 constexpr UINT ITEM_STEP = 16;
 constexpr UINT GLYPH_STEP = 64;
@@ -43,7 +39,7 @@ constexpr uint64_t AmpleRoom(UINT nRoom, UINT nChars)
 }
 
 // The room for glyphs that a run is offered at first. A script processor may set up all that it is offered,
-// and after one long text the scratch has a thousand times what a short one needs.
+// and after one long text the space has a thousand times what a short one needs.
 UINT FirstRoom(UINT nRoom, int nRunChars)
 {
     constexpr UINT PER_CHAR = 4;
@@ -87,52 +83,12 @@ bool FillArrays(stcDrawTextBuffer& buffer)
            (buffer.pGlyphs || GrowGlyphs(buffer, GLYPH_STEP));
 }
 
-// The scratch grows by the same steps as a buffer does, but by half of what it has where a long text needs
+// Working space grows by the same steps as a buffer does, but by half of what it has where a long text needs
 // more than that, so that few calls are repeated. A text needs about one entry a character.
-UINT ScratchStep(UINT nRoom, UINT nChars, UINT nLeast)
+UINT SpaceStep(UINT nRoom, UINT nChars, UINT nLeast)
 {
     return std::max(nLeast, std::min(nRoom / 2, nChars - std::min(nRoom, nChars)));
 }
-
-// Working space: a buffer of which only the arrays, their capacities and the running counts are used. One is
-// kept from text to text, and its arrays never shrink. Threads prepare their own texts: whoever gets the
-// pointer has the spare to itself, and whoever finds none makes another.
-class Scratch
-{
-public:
-    Scratch() : m_pArrays(Exchange(nullptr))
-    {
-        if (!m_pArrays) {
-            m_pArrays = static_cast<stcDrawTextBuffer*>(Allocate(sizeof(stcDrawTextBuffer)));
-            *m_pArrays = {};
-            CDrawText::PrepareBuffer(m_pArrays, SCRATCH_ITEMS, SCRATCH_CHARS, SCRATCH_GLYPHS);
-        }
-        m_pArrays->nItems = 0;
-        m_pArrays->nChars = 0;
-        m_pArrays->nGlyphs = 0;
-    }
-    ~Scratch()
-    {
-        stcDrawTextBuffer* const pOther = Exchange(m_pArrays);
-        if (pOther) {
-            CDrawText::FreeBuffer(pOther);
-            Free(pOther);
-        }
-    }
-    Scratch(const Scratch&) = delete;
-    Scratch& operator=(const Scratch&) = delete;
-
-    stcDrawTextBuffer& Arrays() const { return *m_pArrays; }
-
-private:
-    static stcDrawTextBuffer* Exchange(stcDrawTextBuffer* pArrays)
-    {
-        static constinit std::atomic<stcDrawTextBuffer*> s_pSpare = nullptr;
-        return s_pSpare.exchange(pArrays);
-    }
-
-    stcDrawTextBuffer* m_pArrays;
-};
 
 // How the arrays of a calculation grow: by fixed steps, which a buffer's capacities tell, or by what a text
 // needs.
@@ -142,15 +98,22 @@ enum class Growth
     BY_NEED
 };
 
-// Itemizes, shapes and places one text in a set of arrays: those of a buffer, or the scratch.
+// Itemizes, shapes and places one text in a set of arrays: those of a buffer, or working space.
 class Calculation
 {
 public:
     Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, Growth growth,
                 SCRIPT_CACHE& cache)
         : m_hdc(hdc), m_pszText(pszText), m_nChars(pszText ? nChars : 0), m_arrays(arrays), m_growth(growth),
-          m_cache(cache)
+          m_cache(cache), m_font(m_ownFont)
     {}
+    // In a font of which something is kept. The context may be null.
+    Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, PassFont& font)
+        : m_hdc(hdc), m_pszText(pszText), m_nChars(pszText ? nChars : 0), m_arrays(arrays),
+          m_growth(Growth::BY_NEED), m_cache(font.cache), m_font(font)
+    {
+        m_font.fDefaultRead = m_font.wDefault.has_value();
+    }
 
     void UseOwnFontOnly() { m_fLinks = false; }
 
@@ -184,6 +147,9 @@ public:
 
     // Of each item, if another font than the context's shows any; empty otherwise.
     std::span<const RunFontRef> Fonts() const { return m_fonts; }
+    // There is no context, and the font is not known well enough.
+    bool NeedsContext() const { return m_fNeedsContext; }
+    bool HasFailed() const { return m_fFailed; }
 
 private:
     void Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState);
@@ -205,7 +171,14 @@ private:
 
     UINT Step(UINT nRoom, UINT nLeast) const
     {
-        return m_growth == Growth::BY_NEED ? ScratchStep(nRoom, m_nChars, nLeast) : nLeast;
+        return m_growth == Growth::BY_NEED ? SpaceStep(nRoom, m_nChars, nLeast) : nLeast;
+    }
+    bool IsInPass() const { return &m_font != &m_ownFont; }
+    HRESULT Noted(HRESULT hr)
+    {
+        m_fNeedsContext = m_fNeedsContext || (hr == E_PENDING && !m_hdc);
+        m_fFailed = m_fFailed || FAILED(hr);
+        return hr;
     }
     bool MakeItemRoom() { return Made(GrowItems(m_arrays, Step(m_arrays.nItemsAlloc, ITEM_STEP))); }
     bool MakeGlyphRoom() { return Made(GrowGlyphs(m_arrays, Step(m_arrays.nGlyphsAlloc, GLYPH_STEP))); }
@@ -223,9 +196,12 @@ private:
     SCRIPT_CACHE& m_cache;
     bool m_fRefused = false; // there was no memory
 
+    bool m_fNeedsContext = false;
+    bool m_fFailed = false; // a call of the platform
+
     bool m_fLinks = !WillHave(Quirk::TextHasOneFont);
-    bool m_fDefaultRead = false;
-    std::optional<WORD> m_wDefault; // the glyph for what the context's font lacks
+    PassFont m_ownFont; // without a cache
+    PassFont& m_font;
     std::optional<FontSplitter> m_splitter;
     std::vector<FontStretch> m_stretches; // of the items up to the last one in which something is missing
     std::vector<RunFontRef> m_fonts;      // of the items, once these are parted
@@ -245,6 +221,7 @@ void Calculation::Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pS
             break;
         }
     }
+    m_fFailed = m_fFailed || (FAILED(hr) && m_nChars != 0); // it refuses an empty text
     m_arrays.nItems = FAILED(hr) ? 0 : std::min(static_cast<UINT>(nItems), m_arrays.nItemsAlloc - 1);
 }
 
@@ -276,10 +253,15 @@ bool Calculation::ItemizeAsRead()
 
 void Calculation::CalculateInOwnFont()
 {
-    FreeCache(m_cache); // of another font, it may be
+    if (!IsInPass()) {
+        FreeCache(m_cache); // of another font, it may be
+    }
     ItemizeByDirection();
     if (m_arrays.nItems != 0) {
         m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
+    }
+    if (m_growth == Growth::BY_NEED && m_arrays.nItems != 0 && !m_fRefused) {
+        std::fill_n(m_arrays.pLogAttr, m_nChars, SCRIPT_LOGATTR()); // of a former text's lines
     }
     AddItems();
 }
@@ -345,7 +327,7 @@ bool Calculation::Shape(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& ca
     // A failing call may have set a count and written no glyph: the arrays hold those of an earlier text
     // there.
     const int nRoom = static_cast<int>(m_arrays.nGlyphsAlloc - m_arrays.nGlyphs);
-    run.nGlyphs = FAILED(hr) ? 0 : std::clamp(run.nGlyphs, 0, nRoom);
+    run.nGlyphs = FAILED(Noted(hr)) ? 0 : std::clamp(run.nGlyphs, 0, nRoom);
     // Sixteen bits: in a text of more than 65,535 glyphs the values start again at zero.
     WORD* const pLogClust = m_arrays.pLogClust + m_arrays.nChars;
     for (int n = 0; n < run.nChars; ++n) {
@@ -389,7 +371,7 @@ void Calculation::Place(SCRIPT_ITEM& item, stcDrawTextRun& run, SCRIPT_CACHE& ca
     const HRESULT hr =
         ScriptPlace(m_hdc, &cache, m_arrays.pGlyphs + nGlyphs, run.nGlyphs, m_arrays.pVisAttr + nGlyphs,
                     &item.a, m_arrays.pAdvance + nGlyphs, m_arrays.pOffset + nGlyphs, &run.abc);
-    if (FAILED(hr)) {
+    if (FAILED(Noted(hr))) {
         ClearPlaces(run);
     }
     if (IsPaintedAsRead(m_arrays)) {
@@ -408,16 +390,16 @@ void Calculation::ClearPlaces(stcDrawTextRun& run)
 
 bool Calculation::HasDefaultGlyph(const stcDrawTextRun& run)
 {
-    if (!std::exchange(m_fDefaultRead, true)) {
+    if (!std::exchange(m_font.fDefaultRead, true)) {
         SCRIPT_FONTPROPERTIES properties{};
         properties.cBytes = sizeof(properties);
-        if (SUCCEEDED(ScriptGetFontProperties(m_hdc, &m_cache, &properties))) {
-            m_wDefault = properties.wgDefault;
+        if (SUCCEEDED(Noted(ScriptGetFontProperties(m_hdc, &m_cache, &properties)))) {
+            m_font.wDefault = properties.wgDefault;
         }
     }
     const WORD* const pGlyphs = m_arrays.pGlyphs + run.nFirstGlyph;
     const WORD* const pEnd = pGlyphs + run.nGlyphs;
-    return m_wDefault && std::find(pGlyphs, pEnd, *m_wDefault) != pEnd;
+    return m_font.wDefault && std::find(pGlyphs, pEnd, *m_font.wDefault) != pEnd;
 }
 
 // Without memory to look for other fonts there are boxes.
@@ -425,12 +407,16 @@ void Calculation::NoteMissing(const SCRIPT_ITEM& item, const stcDrawTextRun& run
 try {
     const WORD* const pGlyphs = m_arrays.pGlyphs + run.nFirstGlyph;
     const std::span<const WORD> glyphs(pGlyphs, fWholeScript ? 0 : static_cast<size_t>(run.nGlyphs));
+    if (IsInPass() && !m_hdc) {
+        m_fNeedsContext = true;
+        return;
+    }
     if (!m_splitter) {
         m_splitter.emplace(m_hdc, m_pszText, m_nChars);
     }
     m_splitter->Split({item, static_cast<UINT>(run.nChars), glyphs, m_arrays.pLogClust + m_arrays.nChars,
                        static_cast<WORD>(run.nFirstGlyph)},
-                      m_wDefault.value_or(0), m_stretches);
+                      m_font.wDefault.value_or(0), m_stretches);
 } catch (const std::bad_alloc&) {
     m_stretches.clear();
 }
@@ -480,16 +466,16 @@ bool Calculation::TakeItems(const std::vector<FontStretch>& stretches)
     return true;
 }
 
-// Gives the buffer exact copies of what the scratch holds. The end marker of the items is not kept. False,
+// Gives the buffer exact copies of what working space holds. The end marker of the items is not kept. False,
 // with nothing done, without memory.
-bool Publish(const stcDrawTextBuffer& scratch, std::span<const RunFontRef> fonts, stcDrawTextBuffer& buffer)
+bool Publish(const stcDrawTextBuffer& space, std::span<const RunFontRef> fonts, stcDrawTextBuffer& buffer)
 {
-    if (!CopyCalculated(buffer, scratch, fonts)) {
+    if (!CopyCalculated(buffer, space, fonts)) {
         return false;
     }
-    buffer.nItems = buffer.nItemsAlloc = scratch.nItems;
-    buffer.nChars = buffer.nCharsAlloc = scratch.nChars;
-    buffer.nGlyphs = buffer.nGlyphsAlloc = scratch.nGlyphs;
+    buffer.nItems = buffer.nItemsAlloc = space.nItems;
+    buffer.nChars = buffer.nCharsAlloc = space.nChars;
+    buffer.nGlyphs = buffer.nGlyphsAlloc = space.nGlyphs;
     return true;
 }
 
@@ -514,6 +500,10 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
     if (!IsBuffer(pBuffer)) {
         return;
     }
+    if (!Unshare(*pBuffer)) {
+        pBuffer->nItems = 0;
+        return;
+    }
     if (!pBuffer->pItems) {
         Misuse("CDrawText::DrawText_Calculate: PrepareBuffer comes first");
         PrepareBuffer(pBuffer, 0, 0, 0);
@@ -534,10 +524,26 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
     }
 }
 
+Prepared gesso::CalculateInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars,
+                                 stcDrawTextBuffer& space)
+{
+    space.nItems = space.nChars = space.nGlyphs = 0;
+    Calculation calculation(hdc, pszText, nChars, space, font);
+    const bool fCalculated = calculation.Run();
+    if (!hdc && calculation.NeedsContext()) {
+        return Prepared::NeedsContext;
+    }
+    const bool fPlain = calculation.Fonts().empty() && !IsPaintedAsRead(space);
+    return fCalculated && fPlain && !calculation.HasFailed() ? Prepared::Yes : Prepared::No;
+}
+
 bool gesso::CalculateExactly(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& buffer)
 {
-    const Scratch scratch;
-    stcDrawTextBuffer& arrays = scratch.Arrays();
+    if (!Unshare(buffer)) {
+        return false;
+    }
+    const TextSpace space;
+    stcDrawTextBuffer& arrays = space.Arrays();
     Calculation calculation(hdc, pszText, nChars, arrays, Growth::BY_NEED, buffer.scriptCache);
     const bool fCalculated = calculation.Run();
     bool fDone = fCalculated && Publish(arrays, calculation.Fonts(), buffer);

@@ -62,12 +62,13 @@ int TextHeight(const stcDrawTextBuffer& buffer)
     return buffer.nLineHeight < 0 ? -buffer.nFontHeight : buffer.nFontHeight;
 }
 
-// The whole text as one line: a CR LF stays on it, and pLogAttr stays unfilled.
+// The whole text as one line: a CR LF stays on it, and pLogAttr stays unfilled. Working space has room for
+// a line already.
 bool MakeSingleLine(stcDrawTextBuffer& buffer, RECT* prc)
 {
     const int cx = TotalWidth(buffer);
     buffer.nBreaks = 0;
-    buffer.pBreaks = AllocateArray<stcDrawTextBreak>(1);
+    buffer.pBreaks = buffer.pBreaks ? buffer.pBreaks : AllocateArray<stcDrawTextBreak>(1);
     if (!buffer.pBreaks) {
         return false;
     }
@@ -93,17 +94,46 @@ bool MakeLines(stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* pr
     return true;
 }
 
-// False without memory, and *prc is then as it was.
-bool MakeText(HDC hdc, stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
+bool MakeLinesOf(stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
 {
-    if (!CalculateExactly(hdc, pszText, nChars, buffer)) {
-        return false;
-    }
     return buffer.uFormat & DT_SINGLELINE ? MakeSingleLine(buffer, prc)
                                           : MakeLines(buffer, pszText, nChars, prc);
 }
 
+// False without memory, and *prc is then as it was.
+bool MakeText(HDC hdc, stcDrawTextBuffer& buffer, LPCWSTR pszText, UINT nChars, RECT* prc)
+{
+    return CalculateExactly(hdc, pszText, nChars, buffer) && MakeLinesOf(buffer, pszText, nChars, prc);
+}
+
+bool ReadHeight(HDC hdc, PassFont& font)
+{
+    TEXTMETRICW tm;
+    if (!font.fHeightRead && hdc && GetTextMetricsW(hdc, &tm)) {
+        font.nHeight = tm.tmHeight;
+        font.fHeightRead = true;
+    }
+    return font.fHeightRead;
+}
+
 } // namespace
+
+Prepared gesso::PrepareInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, UINT uFormat,
+                               int nLineHeight, stcDrawTextBuffer& space)
+{
+    if (!ReadHeight(hdc, font)) {
+        return hdc ? Prepared::No : Prepared::NeedsContext;
+    }
+    space.nFontHeight = font.nHeight;
+    space.rcText = TextArea(nullptr);
+    space.uFormat = uFormat;
+    space.nLineHeight = nLineHeight;
+    const Prepared prepared = CalculateInSpace(hdc, font, pszText, nChars, space);
+    if (prepared == Prepared::Yes && !MakeLinesOf(space, pszText, nChars, nullptr)) {
+        return Prepared::No;
+    }
+    return prepared;
+}
 
 void* CDrawText::DrawText_Prepare(HDC hdc, LPCWSTR pszText, int nChars, RECT* prc, UINT uFormat,
                                   int nLineHeight, UINT* pnLines)
@@ -140,7 +170,9 @@ void CDrawText::DrawText_CloseHandle(void* hText)
     auto* const pBuffer = static_cast<stcDrawTextBuffer*>(hText);
     if (IsBuffer(pBuffer)) {
         FreeBuffer(pBuffer);
-        delete pBuffer;
+        if (!(pBuffer->fOneBlock & STANDS_IN_BLOCK)) {
+            delete pBuffer;
+        }
     }
 }
 

@@ -246,6 +246,11 @@ void ForgetRunFonts()
     } while (pFont);
 }
 
+LONG RunFontGeneration()
+{
+    return s_nGeneration;
+}
+
 RunFontRef::RunFontRef(const RunFontRef& other) : RunFontRef(Share(other.m_pFont)) {}
 
 // Of a font that somebody has a share in; none in null.

@@ -65,6 +65,8 @@ private:
 Told OpenRunFont(HDC hdc, const BaseFont& base, LPCWSTR pszFace, RunFontRef* pFont);
 // Ends those that no text uses. The others stay with their texts, and no other text gets them.
 void ForgetRunFonts();
+// Counts those calls.
+LONG RunFontGeneration();
 
 // A font, selected for as long as it is used. Nobody else uses it meanwhile, since its cache is one for all.
 class RunFontScope

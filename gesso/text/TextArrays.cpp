@@ -86,7 +86,7 @@ bool CopyCalculated(stcDrawTextBuffer& buffer, const stcDrawTextBuffer& from,
         p = n != 0 ? static_cast<T*>(std::memcpy(pNext, pFrom, n * sizeof(T))) : nullptr;
         pNext += n * sizeof(T);
     });
-    buffer.fOneBlock = ONE_BLOCK | (from.fOneBlock & PAINTED_AS_READ);
+    buffer.fOneBlock |= ONE_BLOCK | (from.fOneBlock & PAINTED_AS_READ);
     if (!fonts.empty()) {
         StoreFonts(pBlock + cbArrays, fonts);
         buffer.fOneBlock |= static_cast<UINT>(cbArrays);
@@ -118,7 +118,7 @@ void MoveCalculated(stcDrawTextBuffer& buffer, stcDrawTextBuffer& from)
     FreeCalculated(buffer);
     VisitCalculated(buffer, from, []<class T>(T*& p, T* pFrom, UINT) { p = pFrom; });
     VisitCalculated(from, buffer, [](auto*& p, const auto*, UINT) { p = nullptr; });
-    buffer.fOneBlock = std::exchange(from.fOneBlock, 0);
+    buffer.fOneBlock |= std::exchange(from.fOneBlock, 0);
 }
 
 void FreeCalculated(stcDrawTextBuffer& buffer)
@@ -136,7 +136,33 @@ void FreeCalculated(stcDrawTextBuffer& buffer)
         }
         p = nullptr;
     });
-    buffer.fOneBlock = 0;
+    buffer.fOneBlock &= STANDS_IN_BLOCK;
+}
+
+bool Unshare(stcDrawTextBuffer& buffer)
+{
+    if (!IsShared(buffer)) {
+        return true;
+    }
+    stcDrawTextBuffer own{};
+    auto* pBreaks = AllocateArray<stcDrawTextBreak>(buffer.nBreaks + 1);
+    if (!pBreaks || !CopyCalculated(own, buffer, {})) {
+        Free(pBreaks);
+        return false;
+    }
+    std::copy_n(buffer.pBreaks, buffer.nBreaks + 1, pBreaks);
+    LeaveShared(buffer);
+    MoveCalculated(buffer, own);
+    buffer.pBreaks = pBreaks;
+    return true;
+}
+
+void LeaveShared(stcDrawTextBuffer& buffer)
+{
+    VisitCalculated(buffer, buffer, [](auto*& p, const auto*, UINT) { p = nullptr; });
+    buffer.pBreaks = nullptr;
+    buffer.scriptCache = nullptr;
+    buffer.fOneBlock = STANDS_IN_BLOCK;
 }
 
 bool PartCalculated(stcDrawTextBuffer& buffer)

@@ -6,6 +6,7 @@
 #include <gesso/text/RunFonts.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace gesso {
 
@@ -67,11 +68,22 @@ constexpr UINT ONE_BLOCK = 1; // the arrays but pBreaks lie in one block
 // There are right-to-left items, or items of several fonts: each line is painted once, in the order in which
 // it is read.
 constexpr UINT PAINTED_AS_READ = 2;
+// The buffer stands in a block with other things, with which it goes.
+constexpr UINT STANDS_IN_BLOCK = 4;
 constexpr UINT FONTS_OFFSET = ~7U; // where in the block the items' fonts begin; 0 if there are none
+// Of a buffer that stands in a block, without ONE_BLOCK: arrays, lines and cache are those of other texts
+// too. They are neither written nor freed through the buffer.
+constexpr UINT SHARED = 8;
 
 inline bool IsPaintedAsRead(const stcDrawTextBuffer& buffer)
 {
     return buffer.fOneBlock & PAINTED_AS_READ;
+}
+
+inline bool IsShared(const stcDrawTextBuffer& buffer)
+{
+    constexpr UINT BITS = STANDS_IN_BLOCK | SHARED;
+    return (buffer.fOneBlock & (ONE_BLOCK | BITS)) == BITS;
 }
 
 // The first item that ends at the glyph or behind it, so that an item's end counts as its own; the number of
@@ -128,6 +140,40 @@ void FreeCalculated(stcDrawTextBuffer& buffer);
 size_t BlockSize(const stcDrawTextBuffer& buffer);
 // Gives each array an exact block of its own.
 [[nodiscard]] bool PartCalculated(stcDrawTextBuffer& buffer);
+
+// Gives a buffer that shares what it has arrays and lines of its own. There is nothing to be done for others.
+[[nodiscard]] bool Unshare(stcDrawTextBuffer& buffer);
+// Leaves a buffer that shares what it has without any of it. It keeps its counts.
+void LeaveShared(stcDrawTextBuffer& buffer);
+
+// What is kept of a font while texts are prepared in it one after another.
+struct PassFont
+{
+    PassFont() = default;
+    ~PassFont() { FreeCache(cache); }
+    PassFont(const PassFont&) = delete;
+    PassFont& operator=(const PassFont&) = delete;
+
+    SCRIPT_CACHE cache = nullptr;
+    bool fDefaultRead = false;
+    std::optional<WORD> wDefault; // the glyph for what the font lacks
+    bool fHeightRead = false;
+    int nHeight = 0;
+};
+
+enum class Prepared
+{
+    Yes,
+    NeedsContext, // of those that were tried without one
+    No            // for DrawText_Prepare alone
+};
+// Prepares a text as DrawText_Prepare does with no rectangle, in working space. Without a context it gets
+// through where the font is known well enough. It says No to what a font alone does not show in the order of
+// the text, and where anything fails, so that the next one has nothing of that.
+Prepared PrepareInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, UINT uFormat, int nLineHeight,
+                        stcDrawTextBuffer& space);
+// The part of it that CDrawText::DrawText_Calculate_Optimized does.
+Prepared CalculateInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& space);
 
 // The operations of CDrawText by these names. False without memory, and then the buffer is as their header
 // says.

@@ -3,6 +3,10 @@
 #include "../list/ListDesktop.h"
 #include "LongText.h"
 
+#include <gesso/list/IndexRanges.h>
+#include <gesso/list/VirtualCells.h>
+
+#include <array>
 #include <functional>
 
 using test::END;
@@ -261,4 +265,116 @@ TEST_F(ListMemoryTest, AListHasNoneOfWhatItReleasedForWhatItHasNoMemoryFor)
         other = list;
     }
     EXPECT_EQ(other.items.GetLength(), 0u);
+}
+
+// Refused one after the other: what texts share, the table that finds equal ones, the block of a text in both
+// fonts. Each is then prepared by itself.
+TEST_F(ListMemoryTest, TextsThatCannotBeSharedAreThereAllTheSame)
+{
+    constexpr UINT ROWS = 20;
+    constexpr UINT LENGTH = 100;
+    const std::vector<wchar_t> text = test::Wide(std::string(LENGTH, 'x'));
+    for (const size_t limit : {8000U, 4000U, 2000U}) {
+        MakeFilledList(2, 0);
+        list.BulkInsertOn();
+        for (UINT row = 0; row < ROWS; ++row) {
+            list.InsertItem(END, 0, nullptr, 0, text.data(), 0);
+            list.SetSubItem(row, 1, 0, test::Wide("row " + std::to_string(row)).data(), 0);
+        }
+        {
+            const MemoryLimit refusing(limit);
+            list.BulkInsertOff();
+            EXPECT_GT(refusing.Refused(), 0u) << limit;
+        }
+        for (UINT row = 0; row < ROWS; ++row) {
+            for (void* hText : {list.items[row]->SubItem(0)->prepared->first,
+                                list.items[row]->SubItem(0)->prepared->second})
+            {
+                ASSERT_NE(hText, reinterpret_cast<void*>(intptr_t{-1}));
+                ASSERT_EQ(static_cast<stcDrawTextBuffer*>(hText)->nChars, LENGTH);
+            }
+        }
+        Paint();
+        DestroyWindow(list);
+        Renew();
+    }
+    MakeFilledList(1, 1);
+}
+
+TEST_F(ListMemoryTest, AListThatCannotBecomeVirtualIsEmpty)
+{
+    MakeFilledList(1, 3);
+    {
+        const MemoryLimit limit(200);
+        list.SetVirtualItems(100);
+        EXPECT_GT(limit.Refused(), 0u);
+    }
+    EXPECT_FALSE(list.IsVirtual());
+    EXPECT_EQ(list.GetItemCount(), 0u);
+    Paint();
+    list.SetVirtualItems(100);
+    EXPECT_EQ(list.GetItemCount(), 100u);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, ASetOfRangesStaysAsItIs)
+{
+    MakeFilledList(1, 0);
+    gesso::IndexRanges ranges;
+    ranges.Add(10, 20);
+    ranges.Add(30, 40);
+    ranges.Remove(12, 13);
+    gesso::IndexRanges copy;
+    UINT count = ranges.Count();
+    {
+        const MemoryLimit limit(0);
+        // What an operation keeps ready from the last one may do for some.
+        while (ranges.Add(1000 + 2 * count, 1001 + 2 * count).count) {
+            ++count;
+        }
+        EXPECT_EQ(ranges.Count(), count);
+        EXPECT_EQ(ranges.Remove(32, 33).count, 0u);
+        EXPECT_TRUE(ranges.Has(32));
+        EXPECT_FALSE(copy.Copy(ranges));
+        EXPECT_EQ(copy.Count(), 0u);
+        ranges.Insert(15, 100);
+        EXPECT_TRUE(ranges.Has(14));
+        EXPECT_TRUE(ranges.Has(139)) << "the range behind moves on";
+        EXPECT_EQ(ranges.Erase(130, 140), 10u);
+    }
+    UINT held = 0;
+    for (UINT i = ranges.Next(0); i != gesso::NO_INDEX; i = ranges.Next(i + 1)) {
+        ++held;
+    }
+    EXPECT_EQ(ranges.Count(), held);
+    EXPECT_TRUE(copy.Copy(ranges));
+    EXPECT_EQ(copy.Count(), held);
+    EXPECT_EQ(ranges.Add(50, 60).count, 10u);
+}
+
+TEST_F(ListMemoryTest, CellsThatCannotBeKeptGo)
+{
+    static constinit std::array<ListItem, 100> s_records{};
+    static constinit size_t s_made = 0;
+    static constinit size_t s_released = 0;
+    MakeFilledList(1, 0);
+    {
+        gesso::VirtualCells cells([](UINT) { return &s_records[s_made++]; }, [](ListItem*) { ++s_released; });
+        cells.SetRoom(20);
+        for (UINT item = 0; item < 30; ++item) {
+            EXPECT_TRUE(cells.Get(item, 1));
+        }
+        const ListItem* const kept = cells.Find(25);
+        {
+            const MemoryLimit limit(0);
+            EXPECT_FALSE(cells.Get(50, 1));
+            EXPECT_EQ(cells.Get(25, 1), kept);
+            EXPECT_EQ(s_made, s_released + 30);
+            cells.Erase(0, 1);
+        }
+        EXPECT_FALSE(cells.Find(24)) << "asked for anew";
+        EXPECT_EQ(s_made, s_released);
+        EXPECT_TRUE(cells.Get(24, 1));
+    }
+    EXPECT_EQ(s_made, s_released);
 }
