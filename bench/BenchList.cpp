@@ -13,19 +13,46 @@ constexpr int HITS = 10'000;
 constexpr int APPENDS = 200;
 constexpr int FEW_ROUNDS = 3;
 
-// The same texts for both lists: words and numbers, as a directory has them.
+// Whether the third and the fourth column repeat what others have.
+enum class Mix
+{
+    HalfRepeats,
+    AllDiffer
+};
+
+std::wstring Word(std::mt19937& random)
+{
+    constexpr int LENGTH = 7;
+    std::wstring word;
+    for (int i = 0; i < LENGTH; i++) {
+        word += static_cast<wchar_t>(L'a' + random() % 26);
+    }
+    return word;
+}
+
+// The same texts for both lists: words and numbers, as a directory has them. Those that differ are as long
+// as those that repeat.
 class Texts
 {
 public:
-    explicit Texts(UINT nRows) : m_nRows(nRows)
+    explicit Texts(UINT nRows, Mix mix = Mix::HalfRepeats) : m_nRows(nRows)
     {
         std::mt19937 random(1);
+        const auto twoDigits = [&random](unsigned from, unsigned count) {
+            return std::to_wstring(from + random() % count);
+        };
         for (UINT row = 0; row < nRows; row++) {
             const std::wstring number = std::to_wstring(random() % 1'000'000);
             m_texts.push_back(L"File number " + number);
             m_texts.push_back(number + L" KB");
-            m_texts.push_back(row % 3 ? L"Document" : L"Folder");
-            m_texts.push_back(L"2024-03-" + std::to_wstring(10 + random() % 20));
+            if (mix == Mix::HalfRepeats) {
+                m_texts.push_back(row % 3 ? L"Document" : L"Folder");
+                m_texts.push_back(L"2024-03-" + twoDigits(10, 20));
+            } else {
+                m_texts.push_back(Word(random));
+                m_texts.push_back(std::to_wstring(1000 + random() % 9000) + L"-" + twoDigits(10, 3) + L"-" +
+                                  twoDigits(10, 20));
+            }
         }
     }
 
@@ -50,6 +77,7 @@ public:
         Append(texts, texts.Rows());
         BulkInsertOff();
     }
+    void Empty() { RemoveAllItems(); }
     void Append(const Texts& texts, UINT nRows)
     {
         for (UINT row = 0; row < nRows; row++) {
@@ -97,6 +125,7 @@ public:
         Append(texts, texts.Rows());
         SendMessageW(m_hwnd, WM_SETREDRAW, TRUE, 0);
     }
+    void Empty() { ListView_DeleteAllItems(m_hwnd); }
     void Append(const Texts& texts, UINT nRows)
     {
         for (UINT row = 0; row < nRows; row++) {
@@ -206,16 +235,55 @@ void ShapeBare(HDC hdc, const std::vector<HFONT>& fonts, const Texts& texts)
     }
 }
 
-void MeasureFloor(Bench& bench, OwnList& own, const Texts& texts)
+void MeasureFill(Bench& bench, OwnList& own, const Texts& texts, const char* pszName)
 {
     const HDC hdc = GetDC(own);
     const HGDIOBJ hFormer = GetCurrentObject(hdc, OBJ_FONT);
     const std::vector<HFONT> fonts{own.GetLabelTextFont(), own.GetLabelTitleFont()};
     bench.Measure(
-        "  bulk fill / bare Script calls, an item", static_cast<int>(texts.Rows()),
-        [&] { own.FillInBulk(texts); }, [&] { ShapeBare(hdc, fonts, texts); });
+        pszName, static_cast<int>(texts.Rows()), [&] { own.FillInBulk(texts); },
+        [&] { ShapeBare(hdc, fonts, texts); });
     SelectObject(hdc, hFormer);
     ReleaseDC(own, hdc);
+}
+
+// Beside those whose half repeats, which stay meanwhile, so that nothing of theirs is used again.
+void MeasureDifferent(Bench& bench, HWND hwndHost, UINT nRows)
+{
+    OwnList own(hwndHost);
+    PlatformList platform(hwndHost);
+    const Texts texts(nRows, Mix::AllDiffer);
+    const long long nOwn = BytesPerItem(nRows, [&] { own.FillInBulk(texts); });
+    bench.Print("  bytes per item, all texts different", nOwn,
+                BytesPerItem(nRows, [&] { platform.FillInBulk(texts); }));
+    MeasureFill(bench, own, texts, "  bulk fill / bare Script calls, all different");
+}
+
+// Of lists that are filled anew each time, and are full again in the end.
+void MeasureRemoval(Bench& bench, OwnList& own, PlatformList& platform, const Texts& texts)
+{
+    const auto removal = [&texts](auto& list) {
+        return [&] {
+            list.FillInBulk(texts);
+            return Timed([&] { list.Empty(); })() / texts.Rows();
+        };
+    };
+    bench.MeasureTimed("  removal of all, an item", removal(own), removal(platform));
+    own.FillInBulk(texts);
+    platform.FillInBulk(texts);
+}
+
+// Behind all the others: what an item costs there tells whether appending is linear.
+void MeasureAppends(Bench& bench, OwnList& own, PlatformList& platform, const Texts& texts)
+{
+    bench.Measure(
+        "  single appends, an item", APPENDS, [&] { own.Append(texts, APPENDS); },
+        [&] { platform.Append(texts, APPENDS); });
+    const TimedWork append = Timed([&] { own.Append(texts, APPENDS); });
+    const TimedWork fill = Timed([&] { own.FillInBulk(texts); });
+    bench.MeasureTimed(
+        "  single appends / bulk fill, an item", [&] { return append() / APPENDS; },
+        [&] { return fill() / texts.Rows(); });
 }
 
 void MeasureLists(UINT nRows)
@@ -232,11 +300,10 @@ void MeasureLists(UINT nRows)
     bench.Print("  bytes per item", nOwn, BytesPerItem(nRows, [&] { platform.FillInBulk(texts); }));
     bench.Measure(
         "  bulk fill, an item", nItems, [&] { own.FillInBulk(texts); }, [&] { platform.FillInBulk(texts); });
-    MeasureFloor(bench, own, texts);
-    // Behind all the others: what an item costs there tells whether appending is linear.
-    bench.Measure(
-        "  single appends, an item", APPENDS, [&] { own.Append(texts, APPENDS); },
-        [&] { platform.Append(texts, APPENDS); });
+    MeasureFill(bench, own, texts, "  bulk fill / bare Script calls, an item");
+    MeasureDifferent(bench, host, nRows);
+    MeasureRemoval(bench, own, platform, texts);
+    MeasureAppends(bench, own, platform, texts);
     bool fAscending = false;
     bench.Measure(
         "  sort by text, an item", nItems, [&] { own.Sort(0, fAscending = !fAscending); },
