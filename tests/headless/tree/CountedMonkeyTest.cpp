@@ -9,6 +9,7 @@
 #include <tests/support/AllowMisuse.h>
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <random>
 
@@ -19,7 +20,8 @@ using namespace test;
 constexpr UINT TOPS = 60;
 constexpr int ASKED = -452;
 
-// The data: "7.3" is the child with the index 3 of "7".
+// The data: "7.3" is the child with the index 3 of "7". Whatever an item is called later, it stays what it
+// is.
 std::string ChildName(const std::string& parent, UINT i)
 {
     return parent.empty() ? std::to_string(i) : parent + "." + std::to_string(i);
@@ -33,7 +35,11 @@ UINT ChildCountOf(const std::string& name)
 
 struct Side
 {
-    Side() { tree.Create(0, 0, TREE_CX, TREE_CY, host, TREE_ID, 0, WS_CHILD | WS_VISIBLE | WS_VSCROLL); }
+    Side()
+    {
+        tree.Create(0, 0, TREE_CX, TREE_CY, host, TREE_ID, 0,
+                    WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL);
+    }
     ~Side()
     {
         host.onNotify = nullptr;
@@ -44,8 +50,9 @@ struct Side
     {
         for (UINT i = 0; i < n; ++i) {
             const std::string child = ChildName(name, i);
-            Insert(tree.InsertItem(parent, nullptr, WideText(child), i % 4, 0, nullptr), child,
-                   ChildCountOf(child));
+            void* item = tree.InsertItem(parent, nullptr, WideText(child), i % 4, 0, nullptr);
+            data[item] = child;
+            Insert(item, child, ChildCountOf(child));
         }
     }
     void Count()
@@ -60,8 +67,8 @@ struct Side
     void Answer(const Notified& n)
     {
         const auto i = static_cast<UINT>(n.record.iItem);
-        const std::string parent = n.record.pItem ? Narrow(tree.GetItemName(n.record.pItem)) : "";
-        const std::string name = ChildName(parent, i);
+        const std::string name = ChildName(n.record.pItem ? data[n.record.pItem] : "", i);
+        data[tree.GetChildAt(n.record.pItem, i)] = name;
         m_answer.emplace(name);
         *n.record.pDispInfo = {0, *m_answer, i % 4, ChildCountOf(name)};
     }
@@ -102,7 +109,48 @@ struct Side
         return std::to_string(tree.m_nSelected) + " " +
                (tree.m_pSelected ? Narrow(tree.GetItemName(tree.m_pSelected)) : "none") + " of " +
                std::to_string(tree.m_aVisible.GetLength()) + " from " + std::to_string(tree.m_siV.nPos) +
-               " to " + std::to_string(tree.m_siV.nMax);
+               " to " + std::to_string(tree.m_siV.nMax) + Across();
+    }
+    // The range across, where a name that the monkey has given makes it: of those, all are known.
+    std::string Across() const
+    {
+        const bool fRenamed = tree.m_siH.nMax >= 2 * TREE_CX;
+        return fRenamed
+                   ? " across " + std::to_string(tree.m_siH.nPos) + " to " + std::to_string(tree.m_siH.nMax)
+                   : "";
+    }
+    std::string ToRepaint()
+    {
+        RECT rc{};
+        GetUpdateRect(tree, &rc, FALSE);
+        return Numbers(rc);
+    }
+    // Other children, below which nothing is that the monkey has added.
+    void CountAnew(void* item, UINT n)
+    {
+        std::erase_if(added, [&](void* h) { return IsBelow(h, item); });
+        if (host.onNotify) {
+            return tree.SetChildCount(item, n);
+        }
+        for (void* h; (h = tree.GetItemNextChild(item, nullptr)) != reinterpret_cast<void*>(-1);) {
+            tree.RemoveItem(h);
+        }
+        Insert(item, data[item], n);
+    }
+    // Whether its children, if it has any, are what the monkey has added.
+    bool TakesMore(void* item) const
+    {
+        void* child = tree.GetItemNextChild(item, nullptr);
+        return item != tree.GetRootItem() && (child == reinterpret_cast<void*>(-1) ||
+                                              std::find(added.begin(), added.end(), child) != added.end());
+    }
+    // Or is that item.
+    bool IsBelow(void* h, void* item) const
+    {
+        while (h && h != item) {
+            h = tree.GetItemParent(h);
+        }
+        return h;
     }
     // What the host was told, but for what it was asked.
     Lines Told()
@@ -118,6 +166,7 @@ struct Side
     NotifyHost host;
     Probe<GTree> tree;
     std::vector<void*> added; // by the monkey, below items without children of their own
+    std::map<void*, std::string> data;
 
 private:
     std::optional<WideText> m_answer;
@@ -126,22 +175,23 @@ private:
 class CountedMonkey : private FreshDesktop
 {
 public:
-    explicit CountedMonkey(unsigned seed) : m_random(seed)
+    CountedMonkey(unsigned seed, bool fModern) : m_random(seed), m_fModern(fModern)
     {
+        m_font.Reset(CreateFontW(-20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"Font"));
         m_owned.Insert(nullptr, "", TOPS);
         m_counted.Count();
     }
 
     void Run(int steps)
     {
+        Compare();
         for (int step = 0; step < steps && !testing::Test::HasFailure(); ++step) {
             SCOPED_TRACE("step " + std::to_string(step));
             Step();
+            SCOPED_TRACE("of kind " + std::to_string(m_kind));
             Compare();
-            if (step % 20 == 0) {
-                ASSERT_TRUE(m_owned.tree.Check());
-                ASSERT_TRUE(m_counted.tree.Check());
-            }
+            ASSERT_TRUE(m_owned.tree.Check());
+            ASSERT_TRUE(m_counted.tree.Check());
         }
     }
 
@@ -160,14 +210,19 @@ private:
     UINT AnyRow()
     {
         const UINT nRows = m_owned.tree.m_aVisible.GetLength();
+        return Below(3) == 0 ? Below(nRows) : std::min(RowInView() + Below(4), nRows - 1);
+    }
+    UINT RowInView()
+    {
         const UINT rowTop = static_cast<UINT>(m_owned.tree.m_siV.nPos) / m_owned.tree.GetItemHeight();
-        return Below(3) == 0 ? Below(nRows) : std::min(rowTop + Below(6), nRows - 1);
+        return std::min(rowTop + Below(3), m_owned.tree.m_aVisible.GetLength() - 1);
     }
 
     void Step()
     {
         const UINT row = AnyRow();
-        switch (Below(14)) {
+        m_kind = Below(19);
+        switch (m_kind) {
         case 0:
         case 1: OnBoth([&](Side& s) { s.tree.GTree::Expand(s.tree.At(row)); }); break;
         case 2: OnBoth([&](Side& s) { s.tree.GTree::Collapse(s.tree.At(row)); }); break;
@@ -179,6 +234,15 @@ private:
         case 8:
         case 9: Mouse(); break;
         case 10: Scroll(); break;
+        case 11: Rename(RowInView()); break;
+        case 12: Type(row); break;
+        case 13: Surround(); break;
+        case 14: Order(row); break;
+        case 15:
+            if (m_fModern) {
+                CountAnew(row);
+            }
+            break;
         default: Key(); break;
         }
     }
@@ -189,12 +253,100 @@ private:
         const UINT uNew = Below(2) ? uState : 0;
         const UINT nKind = Below(4);
         OnBoth([&](Side& s) {
+            s.tree.GetItemName(s.tree.At(row)); // which asks: what is expanded first is shown by the answer
             switch (nKind) {
             case 0: s.tree.SetItemHeight(18 + uState % 5); break;
-            case 1: s.tree.SetTreeStyle(uNew ? GTS_CHECKBOXES | GTS_IMAGES : 0); break;
+            case 1:
+                s.tree.SetTreeStyle((s.tree.GetTreeStyle() & GTS_OWNFONT) |
+                                    (uNew ? GTS_CHECKBOXES | GTS_IMAGES : 0));
+                break;
             case 2: s.tree.SetItemImage(s.tree.At(row), 3); break;
             default: s.tree.SetItemState(s.tree.At(row), uNew, uState); break;
             }
+        });
+    }
+
+    // Names that are longer than all of the data's, or in place.
+    void Rename(UINT row)
+    {
+        const std::string name(80 + Below(30), static_cast<char>('a' + Below(26)));
+        const bool fInPlace = Below(2);
+        const bool fTaken = Below(2);
+        OnBoth([&](Side& s) {
+            if (!fInPlace) {
+                return s.tree.SetItemName(s.tree.At(row), WideText(name));
+            }
+            s.tree.EditLabel(s.tree.At(row));
+            s.host.answer = fTaken;
+            if (const HWND hwndField = GetWindow(s.tree, GW_CHILD)) {
+                SetWindowTextW(hwndField, WideText(name));
+                SendMessageW(hwndField, WM_KEYDOWN, VK_RETURN, 0);
+            }
+            s.host.answer = 0;
+        });
+    }
+
+    // What rows that have shown begin with; the row's is one of them.
+    void Type(UINT row)
+    {
+        if (row == 0) {
+            return;
+        }
+        const char c = Narrow(m_counted.tree.GetItemName(m_counted.tree.At(row))).front();
+        OnBoth([&](Side& s) {
+            SendMessageW(s.tree, WM_KEYDOWN, VK_DOWN, 1); // another word
+            s.tree.SetSelectedItem(s.tree.At(row - 1));
+            if (s.tree.m_nSelected == row - 1) {
+                SendMessageW(s.tree, WM_CHAR, static_cast<WPARAM>(c), 1);
+            }
+        });
+    }
+
+    void Surround()
+    {
+        const UINT nKind = Below(5);
+        const int cx = TREE_CX + static_cast<int>(Below(60)); // room for all but what is renamed
+        OnBoth([&](Side& s) {
+            switch (nKind) {
+            case 0: s.tree.SetRootVisible(cx % 2 == 0); break;
+            case 1: s.tree.MoveWindow(0, 0, cx, TREE_CY + cx % 40); break;
+            case 2: s.tree.SetFont(cx % 2 == 0 ? HFONT(m_font) : nullptr); break;
+            case 3: s.tree.SetSelectedItem(nullptr); break;
+            default: SendMessageW(s.tree, WM_MOUSEWHEEL, MAKEWPARAM(0, 240), 0); break;
+            }
+        });
+    }
+
+    // Among what the monkey has added.
+    void Order(UINT row)
+    {
+        if (m_owned.added.empty()) {
+            return;
+        }
+        const UINT k = Below(m_owned.added.size());
+        const bool fMoves = m_owned.TakesMore(m_owned.tree.At(row));
+        OnBoth([&](Side& s) {
+            if (fMoves) {
+                s.tree.SetItemParent(s.added[k], s.tree.At(row));
+            } else if (m_fModern) {
+                s.tree.SortChildren(s.tree.GetItemParent(s.added[k]));
+            }
+        });
+    }
+
+    // What each is told of those that go is not the same: the one has made few of them.
+    void CountAnew(UINT row)
+    {
+        const UINT n = Below(6);
+        if (m_owned.tree.At(row) == m_owned.tree.GetRootItem()) {
+            return;
+        }
+        OnBoth([&](Side& s) {
+            s.Told();
+            s.CountAnew(s.tree.At(row), n);
+            s.tree.SetItemName(s.tree.At(row), WideText("anew")); // by which all rows are measured
+            s.tree.SetScrollPos(SB_VERT, 0, 1);                   // the range was shorter in between
+            s.Told();
         });
     }
 
@@ -203,16 +355,18 @@ private:
     {
         const bool fRemoves = Below(3) == 0 && !m_owned.added.empty();
         const UINT k = fRemoves ? Below(m_owned.added.size()) : 0;
-        const std::string parent = Narrow(m_owned.tree.GetItemName(m_owned.tree.At(row)));
-        if (!fRemoves && ChildCountOf(parent) > 0) {
+        const std::string parent = m_owned.data[m_owned.tree.At(row)];
+        if (!fRemoves && !m_owned.TakesMore(m_owned.tree.At(row))) {
             return;
         }
         OnBoth([&](Side& s) {
             if (fRemoves) {
-                s.tree.RemoveItem(s.added[k]);
-                s.added.erase(s.added.begin() + k);
+                void* item = s.added[k];
+                std::erase_if(s.added, [&](void* h) { return s.IsBelow(h, item); });
+                s.tree.RemoveItem(item);
             } else if (void* item = s.tree.Add(s.tree.At(row), parent + "+1")) {
                 s.added.push_back(item);
+                s.data[item] = parent + "+1";
             }
         });
         ASSERT_EQ(m_owned.added.size(), m_counted.added.size());
@@ -256,6 +410,7 @@ private:
 
     void Compare()
     {
+        ExpectAlike([](Side& s) { return s.ToRepaint(); });
         ExpectAlike([](Side& s) { return s.Told(); });
         ExpectAlike([](Side& s) { return s.Selection(); });
         // With no focus on either.
@@ -271,6 +426,9 @@ private:
     }
 
     std::mt19937 m_random;
+    const bool m_fModern;
+    UINT m_kind = 0;
+    gesso::FontHandle m_font;
     Side m_owned;
     Side m_counted;
 };
@@ -281,7 +439,7 @@ void LetMonkeysPlay(gesso::Behavior behavior)
     const AllowMisuse allowed;
     for (unsigned seed = 1; seed <= 6 && !testing::Test::HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        CountedMonkey(seed).Run(200);
+        CountedMonkey(seed, behavior == gesso::Behavior::Modern).Run(200);
     }
 }
 
