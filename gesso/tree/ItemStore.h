@@ -9,6 +9,7 @@
 #include <gesso/tree/CountedChildren.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <new>
@@ -91,6 +92,11 @@ private:
         ITEM* At(size_t i) const { return reinterpret_cast<ITEM*>(pMemory.get()) + i; }
         size_t IndexOf(const ITEM* item) const { return static_cast<size_t>(item - At(0)); }
         const std::byte* Begin() const { return pMemory.get(); }
+        size_t OffsetOf(const void* p) const
+        {
+            return reinterpret_cast<uintptr_t>(p) - reinterpret_cast<uintptr_t>(Begin());
+        }
+        bool Holds(const void* p) const { return OffsetOf(p) < nItems * sizeof(ITEM); }
 
         size_t nItems;
         std::unique_ptr<std::byte[]> pMemory;
@@ -139,20 +145,22 @@ private:
                                 });
     }
 
+    // Items that are asked for one after the other mostly lie in one block.
     Slot SlotOf(const void* p) const
     {
-        const auto behind = Behind(p);
-        if (!p || behind == m_blocks.begin()) {
+        if (!m_pLastFound || !m_pLastFound->Holds(p)) {
+            const auto behind = Behind(p);
+            m_pLastFound = behind == m_blocks.begin() ? nullptr : std::prev(behind)->get();
+        }
+        if (!m_pLastFound || !m_pLastFound->Holds(p)) {
             return {nullptr, 0};
         }
-        Block* pBlock = std::prev(behind)->get();
-        const auto nOffset = static_cast<size_t>(static_cast<const std::byte*>(p) - pBlock->Begin());
-        const size_t i = nOffset / sizeof(ITEM);
-        const bool fInside = i < pBlock->nItems && nOffset % sizeof(ITEM) == 0;
-        return {fInside ? pBlock : nullptr, i};
+        const size_t nOffset = m_pLastFound->OffsetOf(p);
+        return {nOffset % sizeof(ITEM) == 0 ? m_pLastFound : nullptr, nOffset / sizeof(ITEM)};
     }
 
     std::vector<std::unique_ptr<Block>> m_blocks; // in the order of their addresses
+    mutable Block* m_pLastFound = nullptr;
     Gap* m_pGaps = nullptr;
     size_t m_nLastBlock = 0;
     UINT64 m_nLevelsTime = 1;

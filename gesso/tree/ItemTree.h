@@ -325,7 +325,8 @@ private:
                });
     }
 
-    static constexpr UINT NEAR_BY = 64;
+    // So far a search costs less than the share of one in seeing all siblings anew, of a hundred thousand.
+    static constexpr UINT NEAR_BY = 1024;
 
     // Around where it was seen last: siblings that came or went since, one by one, have moved it a little.
     template <class SIBLINGS> static UINT IndexNear(SIBLINGS& aSiblings, const ITEM& item)

@@ -85,7 +85,7 @@ protected:
 TEST_F(TreeViewTest, AnItemIsKnownAmongManySiblingsThatCameAndWent)
 {
     std::vector<void*> items;
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 3000; ++i) {
         items.insert(items.begin(), tree.Add(nullptr, "x", 0, tree.GetRootItem()));
     }
     const auto checkOrder = [&] {
@@ -97,7 +97,7 @@ TEST_F(TreeViewTest, AnItemIsKnownAmongManySiblingsThatCameAndWent)
         EXPECT_EQ(tree.view.GetNextChild(nullptr, p), END);
     };
     checkOrder();
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 1500; ++i) {
         tree.RemoveItem(items.front());
         items.erase(items.begin());
     }
