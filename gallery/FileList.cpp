@@ -103,6 +103,7 @@ void FileList::ShowNamesOnly(UINT uStyle)
 void FileList::ShowNumbers(UINT uStyle, UINT nCount, UINT nFirstGroup)
 {
     Restart(uStyle, TYPE);
+    m_fDescending = false;
     if (nFirstGroup) {
         InsertGroup(LINE, (L"The first " + std::to_wstring(nFirstGroup)).c_str(), 0, 0);
         InsertGroup(LINE, L"All others", 0, 1);
@@ -114,19 +115,38 @@ void FileList::ShowNumbers(UINT uStyle, UINT nCount, UINT nFirstGroup)
     }
 }
 
+bool FileList::OrderNumbers()
+{
+    UINT column = END;
+    bool fAscending = true;
+    GetCurrentSort(&column, &fAscending);
+    if (column != NAME || GetGroupCount()) {
+        return false;
+    }
+    m_fDescending = !fAscending;
+    ItemsChanged(0, END);
+    return true;
+}
+
+UINT FileList::NumberOf(UINT item) const
+{
+    return m_fDescending ? GetItemCount() - 1 - item : item;
+}
+
 // What the list asks of a row that shows: its number, and something like a size.
-void FileList::GetOfNumber(GList*, UINT item, UINT column, UINT what, void* answer)
+void FileList::GetOfNumber(GList* pList, UINT item, UINT column, UINT what, void* answer)
 {
     constexpr UINT LARGEST_SIZE = 9973;
     static std::wstring text; // until the next question
+    const UINT number = static_cast<FileList*>(pList)->NumberOf(item);
     if (what == LGET_TEXT) {
-        text =
-            column == NAME ? L"Row " + std::to_wstring(item) : std::to_wstring(item % LARGEST_SIZE) + L" KB";
+        text = column == NAME ? L"Row " + std::to_wstring(number)
+                              : std::to_wstring(number % LARGEST_SIZE) + L" KB";
         *static_cast<LPCWSTR*>(answer) = text.c_str();
     } else if (what == LGET_IMAGE) {
-        *static_cast<UINT*>(answer) = item % 2;
+        *static_cast<UINT*>(answer) = number % 2;
     } else if (what == LGET_STATE) {
-        *static_cast<UINT*>(answer) = item % 3 == 0 ? LSIS_CHECKED : 0;
+        *static_cast<UINT*>(answer) = number % 3 == 0 ? LSIS_CHECKED : 0;
     }
 }
 

@@ -41,6 +41,9 @@ public:
     void ShowNamesOnly(UINT uStyle);
     // So many rows that are computed from their number, in groups, if any, of so many and of all others.
     void ShowNumbers(UINT uStyle, UINT nCount, UINT nFirstGroup);
+    // Puts them in the order that a header click asks for: by their numbers alone, and without groups. False
+    // where that is another one.
+    bool OrderNumbers();
     // Null where there is no such item.
     File* FileAt(UINT item) const;
     // Selects a file and has the keys go on from there: the one of that name, or else the first.
@@ -54,11 +57,13 @@ private:
     void AddColumn(Column column, UINT uStyle);
     static UINT GroupByType(GList* pList, void* customData);
     static void GetOfNumber(GList* pList, UINT item, UINT column, UINT what, void* answer);
+    UINT NumberOf(UINT item) const;
     UINT FirstInView();
 
     UINT m_cxName;
     const Folder* m_pFolder = nullptr;
     Look m_look{};
+    bool m_fDescending = false; // of the numbers
 };
 
 } // namespace gallery

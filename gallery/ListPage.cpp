@@ -66,7 +66,7 @@ public:
         } else if (hwndFrom == m_pFolder->GetHwnd()) {
             Show();
         } else if (ChooseView(hwndFrom) || ChooseOption(hwndFrom)) {
-            Show();
+            m_pList->IsVirtual() ? ShowNumbers() : Show();
         }
         return 0;
     }
@@ -77,7 +77,10 @@ public:
             return 0;
         }
         const auto& record = reinterpret_cast<const GLISTNOTIFY&>(header);
+        const bool fNumbers = m_pList->IsVirtual();
         switch (header.code) {
+        case static_cast<UINT>(LVN_COLUMNCLICK): return fNumbers && !m_pList->OrderNumbers();
+        case static_cast<UINT>(LVN_BEGINLABELEDITW): return fNumbers; // a number is what it is
         case static_cast<UINT>(NM_DBLCLK): m_pList->EditItem(static_cast<UINT>(record.iItem)); break;
         case static_cast<UINT>(LVN_ENDLABELEDITW): Rename(record); break;
         default: break;
@@ -252,9 +255,7 @@ private:
     {
         if (record.pszText && *record.pszText) {
             m_lastWords = L"renamed to " + std::wstring(record.pszText);
-            if (!m_pList->IsVirtual()) {
-                m_pList->SetItemText(static_cast<UINT>(record.iItem), FileList::NAME, record.pszText);
-            }
+            m_pList->SetItemText(static_cast<UINT>(record.iItem), FileList::NAME, record.pszText);
         }
     }
 

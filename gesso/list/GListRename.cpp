@@ -8,6 +8,7 @@
 #include <gesso/list/ListInside.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 using gesso::Frame;
@@ -98,8 +99,10 @@ bool GList::GetLabelRect(UINT item, RECT* rc) const
 
 void GList::ShowLabel(UINT item)
 {
-    if (IsVirtual()) {
-        BringIntoView(item); // where its rectangle has no room for its place
+    // Where a rectangle has no room for the place.
+    const gesso::VirtualList* list = Virtual();
+    if (list && std::abs(list->rows.PlaceOf(item).top - list->top) > INT_MAX / 2) {
+        BringIntoView(item);
     }
     RECT rc{}, rcClient{};
     if (!GetLabelRect(item, &rc)) {

@@ -26,21 +26,29 @@ protected:
         desk::ClearDrawing(list);
         data.Take();
     }
+    Lines PaintedNow()
+    {
+        desk::ClearDrawing(list);
+        InvalidateRect(list, nullptr, FALSE);
+        UpdateWindow(list);
+        return desk::Drawing(list);
+    }
+    static void ExpectSame(const Lines& lines, const Lines& expected)
+    {
+        ASSERT_GE(lines.size(), expected.size());
+        const auto tail = lines.end() - static_cast<std::ptrdiff_t>(expected.size());
+        const auto [a, b] = std::mismatch(tail, lines.end(), expected.begin());
+        EXPECT_EQ(a == lines.end() ? "the end" : *a, b == expected.end() ? "the end" : *b);
+    }
     // What was painted last is what a paint shows now, which has nothing to ask for.
     void ExpectAllShows()
     {
         ASSERT_FALSE(GetUpdateRect(list, nullptr, FALSE));
         const Lines painted = desk::Drawing(list);
-        desk::ClearDrawing(list);
         data.Take();
-        InvalidateRect(list, nullptr, FALSE);
-        UpdateWindow(list);
-        const Lines now = desk::Drawing(list);
+        const Lines now = PaintedNow();
         EXPECT_EQ(data.Take().size(), 0U) << "was not known when it was painted";
-        ASSERT_GE(painted.size(), now.size());
-        const auto tail = painted.end() - static_cast<std::ptrdiff_t>(now.size());
-        const auto [a, b] = std::mismatch(tail, painted.end(), now.begin());
-        EXPECT_EQ(a == painted.end() ? "the end" : *a, b == now.end() ? "the end" : *b);
+        ExpectSame(painted, now);
     }
     size_t TextsShown()
     {
@@ -106,32 +114,27 @@ TEST_P(VirtualAnswersTest, WhatTheHostChangesInAnAnswerIsPainted)
 
 TEST_P(VirtualAnswersTest, WhatTheHostPaintsInAnAnswerIsPaintedAgainWithIt)
 {
-    MakeVirtual(1000);
-    desk::Pump();
-    list.ItemsChanged(4, 4);
-    UpdateWindow(list);
-    data.onQuestion = [&](GList* pList, const VirtualHost::Question&) {
-        data.onQuestion = nullptr;
-        InvalidateRect(*pList, nullptr, FALSE);
-        UpdateWindow(*pList);
-        return true;
-    };
-    list.ItemsChanged(4, 4);
-    desk::Pump();
-    ExpectAllShows();
-    list.ItemsChanged(4, 4);
-    UpdateWindow(list);
-    list.ItemsChanged(4, 4);
-    ValidateRect(list, nullptr);
-    data.onQuestion = [&](GList* pList, const VirtualHost::Question&) {
-        data.onQuestion = nullptr;
-        InvalidateRect(*pList, nullptr, FALSE);
-        UpdateWindow(*pList);
-        return true;
-    };
-    list.GetItemText(4, 0);
-    desk::Pump();
-    ExpectAllShows();
+    for (const bool fPaints : {true, false}) {
+        MakeVirtual(1000);
+        desk::Pump();
+        list.ItemsChanged(4, 4);
+        ValidateRect(list, nullptr);
+        data.onQuestion = [&](GList* pList, const VirtualHost::Question&) {
+            data.onQuestion = nullptr;
+            InvalidateRect(*pList, nullptr, FALSE);
+            UpdateWindow(*pList);
+            return true;
+        };
+        fPaints ? void(InvalidateRect(list, nullptr, FALSE)) : void(list.GetItemText(4, 0));
+        desk::Pump();
+        ExpectAllShows();
+        const Lines now = PaintedNow();
+        list.ItemsChanged(0, END);
+        ExpectSame(now, PaintedNow());
+        DestroyWindow(list);
+        Renew();
+    }
+    MakeVirtual(1);
 }
 
 // A paint that asks for another one would never come to an end.

@@ -1,8 +1,8 @@
 // A list with items of its own and a list whose items are the host's, side by side over the same data: rows,
 // hits, selection, notifications and drawing are the same after each step.
 //
-// Where the two differ by design the former follows the latter: the rows in view stay in view, and so do, in
-// Classic, the cursor's item and the hot one, when rows come and go.
+// Where the two differ by design the former is put where the latter is to be: when rows come and go the rows
+// in view stay in view, and so do, in Classic, the cursor's item and the hot one.
 
 #include "../../support/Numbers.h"
 #include "../../support/WithBehavior.h"
@@ -82,6 +82,10 @@ protected:
     void Select();
     void Step();
     void LayOutTwice();
+    void Rename();
+    void CountAnew();
+    void NoteView();
+    void ExpectView(UINT first, UINT inserted, UINT removed);
     void Follow();
     void Compare();
     void Run(unsigned seed, bool fGrouped);
@@ -93,6 +97,11 @@ protected:
     std::vector<UINT> m_counts; // of the groups
     bool m_fModern = false;
     UINT m_kind = 0;
+    // Before rows come or go: the first item in view, and how far the position lies below its top.
+    UINT m_topItem = END;
+    int m_topOffset = 0;
+    UINT m_indices[3]{}; // cursor, last and anchor
+    UINT m_hot = END;
 };
 
 void VirtualMonkeyTest::Make(bool fGrouped)
@@ -133,9 +142,56 @@ void VirtualMonkeyTest::InsertOwn(UINT item)
     }
 }
 
+// Reckoned from the list with items of its own.
+void VirtualMonkeyTest::NoteView()
+{
+    const int position = list.GetScrollPos(SB_VERT);
+    const auto reaches = [position](const stcElementPosition& row) {
+        return row.type == LET_ITEM && row.rect.bottom > position;
+    };
+    const auto top = std::find_if(m_own->elements.begin(), m_own->elements.end(), reaches);
+    m_topItem = top == m_own->elements.end() ? END : top->index;
+    m_topOffset = top == m_own->elements.end() ? 0 : position - top->rect.top;
+    m_indices[0] = list.cursorItem;
+    m_indices[1] = list.lastItem;
+    m_indices[2] = list.shiftAnchor;
+    m_hot = list.hitHot.item;
+}
+
+void VirtualMonkeyTest::ExpectView(UINT first, UINT inserted, UINT removed)
+{
+    const auto count = static_cast<UINT>(g_rows.size());
+    const UINT next = count ? std::min(first, count - 1) : END;
+    const auto moved = [=](UINT index, UINT gone) {
+        const bool fStays = index == END || index < first;
+        return fStays ? index : index - first < removed ? gone : index - removed + inserted;
+    };
+    EXPECT_EQ(list.cursorItem, moved(m_indices[0], next));
+    EXPECT_EQ(list.lastItem, moved(m_indices[1], next));
+    EXPECT_EQ(list.shiftAnchor, moved(m_indices[2], next));
+    if (!m_fModern && m_hot < LHI_HEADER) {
+        EXPECT_EQ(list.hitHot.item, moved(m_hot, END));
+    }
+    LayOutTwice();
+    // Where neither the rows end nor the view changes whether a bar shows.
+    const UINT item = moved(m_topItem, next);
+    const int room =
+        list.m_siV.nMax - static_cast<int>(list.m_siV.nPage) - 2 * GetSystemMetrics(SM_CYHSCROLL);
+    const auto isTop = [item](const stcElementPosition& row) {
+        return row.type == LET_ITEM && row.index == item;
+    };
+    const auto top = std::find_if(m_own->elements.begin(), m_own->elements.end(), isTop);
+    if (top != m_own->elements.end() && top->rect.top + m_topOffset < room) {
+        EXPECT_EQ(list.GetScrollPos(SB_VERT), std::max(top->rect.top + m_topOffset, LONG{0}))
+            << "item " << item << " was the first in view";
+    }
+    Follow();
+}
+
 void VirtualMonkeyTest::Insert()
 {
     const UINT first = Item();
+    NoteView();
     const UINT count = 1 + Random(Chance(4) ? 30 : 3);
     UINT group = 0;
     UINT end = 0;
@@ -155,6 +211,7 @@ void VirtualMonkeyTest::Insert()
         InsertOwn(first + i);
     }
     list.ItemsInserted(first, count);
+    ExpectView(first, count, 0);
 }
 
 void VirtualMonkeyTest::Remove()
@@ -164,6 +221,7 @@ void VirtualMonkeyTest::Remove()
     }
     const UINT first = Random(static_cast<UINT>(g_rows.size()));
     const UINT count = std::min(1 + Random(4), static_cast<UINT>(g_rows.size()) - first);
+    NoteView();
     for (UINT i = 0; i < count; ++i) {
         if (!m_counts.empty()) {
             --m_counts[g_rows[first].group - 10];
@@ -172,6 +230,7 @@ void VirtualMonkeyTest::Remove()
         m_own->RemoveItem(first);
     }
     list.ItemsRemoved(first, count);
+    ExpectView(first, 0, count);
 }
 
 void VirtualMonkeyTest::Change()
@@ -220,15 +279,44 @@ void VirtualMonkeyTest::UseKeys()
 }
 
 // Each list has the whole of it, since there is one capture and one focus.
+void VirtualMonkeyTest::Rename()
+{
+    const UINT item = Item();
+    if (item == g_rows.size()) {
+        return;
+    }
+    SetFocus(host);
+    Both([&](ProbeList& l) {
+        l.EditItem(item);
+        SendMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1);
+        SetFocus(host);
+    });
+}
+
+// The same number, which forgets the groups'.
+void VirtualMonkeyTest::CountAnew()
+{
+    list.SetVirtualItems(list.GetItemCount());
+    for (UINT group = 0; group < m_counts.size(); ++group) {
+        list.SetGroupItemCount(group, m_counts[group]);
+    }
+    LayOutTwice();
+    Both([](ProbeList& l) { l.SetScrollPos(SB_VERT, 0, 0); });
+    m_own->hitHot = list.hitHot;
+}
+
 void VirtualMonkeyTest::UseMouse()
 {
     const auto any = [this] { return MAKELPARAM(Random(300) - 5, Random(250) - 5); };
     const LPARAM from = any();
     const LPARAM to = Chance(2) ? from : any();
     const UINT down = Chance(4) ? WM_RBUTTONDOWN : WM_LBUTTONDOWN;
-    if (list.HitAt(static_cast<SHORT>(LOWORD(from)), static_cast<SHORT>(HIWORD(from))).item == LHI_HEADER) {
+    const bool fHeader =
+        list.HitAt(static_cast<SHORT>(LOWORD(from)), static_cast<SHORT>(HIWORD(from))).item == LHI_HEADER;
+    if (fHeader && !m_fModern) {
         return; // which one of the two lists sorts by
     }
+    host.answer = m_host->answer = fHeader; // so that neither does
     HoldKeys(static_cast<WORD>(Random(4) * 2));
     Both([&](ProbeList& l) {
         SendMessageW(l, down, 0, from);
@@ -237,6 +325,7 @@ void VirtualMonkeyTest::UseMouse()
     });
     HoldKeys(0);
     SetFocus(host);
+    host.answer = m_host->answer = 0;
 }
 
 void VirtualMonkeyTest::Scroll()
@@ -280,7 +369,6 @@ void VirtualMonkeyTest::LayOutTwice()
 // What the list with items of its own does otherwise when they come and go.
 void VirtualMonkeyTest::Follow()
 {
-    LayOutTwice();
     m_own->SetScrollPos(SB_VERT, list.GetScrollPos(SB_VERT), 0);
     m_own->hitHot = list.hitHot;
     if (!m_fModern) {
@@ -296,23 +384,19 @@ void VirtualMonkeyTest::Follow()
 
 void VirtualMonkeyTest::Step()
 {
-    m_kind = Random(11);
+    m_kind = Random(13);
     switch (m_kind) {
     case 0:
-    case 1:
-        Insert();
-        Follow();
-        break;
-    case 2:
-        Remove();
-        Follow();
-        break;
+    case 1: Insert(); break;
+    case 2: Remove(); break;
     case 3: Change(); break;
     case 4: ChangeLook(); break;
     case 5: Scroll(); break;
     case 6: Select(); break;
     case 7:
     case 8: UseKeys(); break;
+    case 9: Rename(); break;
+    case 10: CountAnew(); break;
     default: UseMouse(); break;
     }
 }
