@@ -256,15 +256,17 @@ ListTextPair* ListTextPass::PrepareAnew(LPCWSTR text, UINT length, UINT format)
 ListTextPair* ListTextPass::Pack(LPCWSTR text, UINT length, UINT format)
 {
     const bool fPlain = IsPlain(text, length);
+    TextItems items;
     for (size_t n = 0; n < m_spaces.size(); ++n) {
         PassFont& font = m_kit->fonts[n];
         stcDrawTextBuffer& space = m_spaces[n].Arrays();
         Prepared prepared = Prepared::NeedsContext;
         if (fPlain && font.cache) {
-            prepared = PrepareInSpace(nullptr, font, text, length, format, m_lineHeight, space);
+            prepared = PrepareInSpace(nullptr, font, text, length, format, m_lineHeight, space, items);
         }
         if (prepared == Prepared::NeedsContext) {
-            prepared = PrepareInSpace(m_contexts.In(n), font, text, length, format, m_lineHeight, space);
+            prepared =
+                PrepareInSpace(m_contexts.In(n), font, text, length, format, m_lineHeight, space, items);
         }
         // What has no cache would make one when it is painted.
         if (prepared != Prepared::Yes || (format & DT_CALCRECT) || (space.nItems != 0 && !font.cache)) {

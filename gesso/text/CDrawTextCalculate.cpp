@@ -108,9 +108,10 @@ public:
           m_cache(cache), m_font(m_ownFont)
     {}
     // In a font of which something is kept. The context may be null.
-    Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, PassFont& font)
+    Calculation(HDC hdc, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& arrays, PassFont& font,
+                TextItems& items)
         : m_hdc(hdc), m_pszText(pszText), m_nChars(pszText ? nChars : 0), m_arrays(arrays),
-          m_growth(Growth::BY_NEED), m_cache(font.cache), m_font(font)
+          m_growth(Growth::BY_NEED), m_cache(font.cache), m_font(font), m_pKnown(&items)
     {
         m_font.fDefaultRead = m_font.wDefault.has_value();
     }
@@ -154,6 +155,7 @@ public:
 private:
     void Itemize(const SCRIPT_CONTROL* pControl, const SCRIPT_STATE* pState);
     void ItemizeByDirection();
+    void ItemizeOnce();
     bool ItemizeAsRead();
     void CalculateInOwnFont();
     void AddItems();
@@ -202,6 +204,7 @@ private:
     bool m_fLinks = !WillHave(Quirk::TextHasOneFont);
     PassFont m_ownFont; // without a cache
     PassFont& m_font;
+    TextItems* m_pKnown = nullptr;
     std::optional<FontSplitter> m_splitter;
     std::vector<FontStretch> m_stretches; // of the items up to the last one in which something is missing
     std::vector<RunFontRef> m_fonts;      // of the items, once these are parted
@@ -251,12 +254,28 @@ bool Calculation::ItemizeAsRead()
     return true;
 }
 
+// Of a text in several fonts.
+void Calculation::ItemizeOnce()
+{
+    m_arrays.fOneBlock &= ~PAINTED_AS_READ;
+    if (m_pKnown->nItems != 0) {
+        m_arrays.nItems = m_pKnown->nItems;
+        std::copy_n(m_pKnown->items.begin(), m_pKnown->nItems + 1, m_arrays.pItems);
+        return;
+    }
+    ItemizeByDirection();
+    if (m_arrays.nItems <= TextItems::MOST && !IsPaintedAsRead(m_arrays)) {
+        m_pKnown->nItems = m_arrays.nItems;
+        std::copy_n(m_arrays.pItems, m_arrays.nItems + 1, m_pKnown->items.begin());
+    }
+}
+
 void Calculation::CalculateInOwnFont()
 {
     if (!IsInPass()) {
         FreeCache(m_cache); // of another font, it may be
     }
-    ItemizeByDirection();
+    m_pKnown ? ItemizeOnce() : ItemizeByDirection();
     if (m_arrays.nItems != 0) {
         m_fRefused = m_fRefused || !ReserveChars(m_arrays, m_arrays.nChars + m_nChars);
     }
@@ -525,10 +544,10 @@ void CDrawText::DrawText_Calculate(HDC hdc, LPCWSTR pszText, UINT nChars, stcDra
 }
 
 Prepared gesso::CalculateInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars,
-                                 stcDrawTextBuffer& space)
+                                 stcDrawTextBuffer& space, TextItems& items)
 {
     space.nItems = space.nChars = space.nGlyphs = 0;
-    Calculation calculation(hdc, pszText, nChars, space, font);
+    Calculation calculation(hdc, pszText, nChars, space, font, items);
     const bool fCalculated = calculation.Run();
     if (!hdc && calculation.NeedsContext()) {
         return Prepared::NeedsContext;

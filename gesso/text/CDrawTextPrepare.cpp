@@ -119,7 +119,7 @@ bool ReadHeight(HDC hdc, PassFont& font)
 } // namespace
 
 Prepared gesso::PrepareInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, UINT uFormat,
-                               int nLineHeight, stcDrawTextBuffer& space)
+                               int nLineHeight, stcDrawTextBuffer& space, TextItems& items)
 {
     if (!ReadHeight(hdc, font)) {
         return hdc ? Prepared::No : Prepared::NeedsContext;
@@ -128,7 +128,7 @@ Prepared gesso::PrepareInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nC
     space.rcText = TextArea(nullptr);
     space.uFormat = uFormat;
     space.nLineHeight = nLineHeight;
-    const Prepared prepared = CalculateInSpace(hdc, font, pszText, nChars, space);
+    const Prepared prepared = CalculateInSpace(hdc, font, pszText, nChars, space, items);
     if (prepared == Prepared::Yes && !MakeLinesOf(space, pszText, nChars, nullptr)) {
         return Prepared::No;
     }

@@ -6,6 +6,7 @@
 #include <gesso/text/RunFonts.h>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace gesso {
@@ -161,6 +162,15 @@ struct PassFont
     int nHeight = 0;
 };
 
+// The items that a text was found to have, which are the same in every font.
+struct TextItems
+{
+    static constexpr UINT MOST = 15;
+
+    UINT nItems = 0; // 0 where they are not known, or too many
+    std::array<SCRIPT_ITEM, MOST + 1> items;
+};
+
 enum class Prepared
 {
     Yes,
@@ -171,9 +181,10 @@ enum class Prepared
 // through where the font is known well enough. It says No to what a font alone does not show in the order of
 // the text, and where anything fails, so that the next one has nothing of that.
 Prepared PrepareInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, UINT uFormat, int nLineHeight,
-                        stcDrawTextBuffer& space);
+                        stcDrawTextBuffer& space, TextItems& items);
 // The part of it that CDrawText::DrawText_Calculate_Optimized does.
-Prepared CalculateInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& space);
+Prepared CalculateInSpace(HDC hdc, PassFont& font, LPCWSTR pszText, UINT nChars, stcDrawTextBuffer& space,
+                          TextItems& items);
 
 // The operations of CDrawText by these names. False without memory, and then the buffer is as their header
 // says.
