@@ -31,8 +31,12 @@ LONG WordOf(HWND hwnd)
     return GetWindowLongW(hwnd, Frame::OWNER_WORD);
 }
 
+// Asking costs nothing beside setting.
 bool SetWord(HWND hwnd, LONG nWord)
 {
+    if (WordOf(hwnd) == nWord) {
+        return true;
+    }
     SetWindowLongW(hwnd, Frame::OWNER_WORD, nWord);
     return WordOf(hwnd) == nWord;
 }

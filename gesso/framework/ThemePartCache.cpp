@@ -13,11 +13,14 @@ namespace {
 constexpr UINT MOST_ENTRIES = 48;
 constexpr size_t MOST_PIXELS = size_t{1024} * 1024; // of all entries together
 constexpr LONG LONGEST_SIDE = 4096;
+constexpr BYTE DARKEST = 0; // of every channel
+constexpr BYTE LIGHTEST = 0xFF;
 
 enum class State
 {
     Seen, // once; what is drawn a single time, as while a window is being sized, is not worth its pixels
     Uncacheable,
+    Blank, // it draws nothing
     Cached,
 };
 
@@ -136,8 +139,14 @@ bool CheckEntries()
     return pixels == s_pixelsCached && pixels <= MOST_PIXELS;
 }
 
-// What a part makes of the darkest background and of the lightest is the same where it covers both. Without
-// memory it is tried again the next time.
+bool HoldsOnly(const void* pPixels, const Entry& entry, BYTE byte)
+{
+    const auto* pBytes = static_cast<const BYTE*>(pPixels);
+    return std::all_of(pBytes, pBytes + entry.ByteCount(), [byte](BYTE other) { return other == byte; });
+}
+
+// What a part makes of the darkest background and of the lightest is the same where it covers both, and is
+// still those where it draws nothing. Without memory it is tried again the next time.
 State ReadPixels(Entry& entry)
 {
     int nKind = 0;
@@ -151,16 +160,17 @@ State ReadPixels(Entry& entry)
     if (!pPixels) {
         return State::Seen;
     }
-    const void* pOnDark = canvas.Draw(entry, 0);
+    const void* pOnDark = canvas.Draw(entry, DARKEST);
     if (!pOnDark) {
         Free(pPixels);
         return State::Uncacheable;
     }
     std::memcpy(pPixels, pOnDark, entry.ByteCount());
-    const void* pOnLight = canvas.Draw(entry, 0xFF);
+    const bool fDark = HoldsOnly(pOnDark, entry, DARKEST);
+    const void* pOnLight = canvas.Draw(entry, LIGHTEST);
     if (!pOnLight || std::memcmp(pPixels, pOnLight, entry.ByteCount()) != 0) {
         Free(pPixels);
-        return State::Uncacheable;
+        return pOnLight && fDark && HoldsOnly(pOnLight, entry, LIGHTEST) ? State::Blank : State::Uncacheable;
     }
     MakeRoom(entry.PixelCount());
     s_pixelsCached += entry.PixelCount();
@@ -194,7 +204,7 @@ bool CopyOrAdd(HTHEME hTheme, HDC hdc, int nPart, int nState, const RECT& rc)
     if (found->state == State::Seen) {
         found->state = ReadPixels(*found);
     }
-    return found->state == State::Cached && Copy(*found, hdc, rc);
+    return found->state == State::Blank || (found->state == State::Cached && Copy(*found, hdc, rc));
 }
 
 bool IsOfSize(const RECT& rc)

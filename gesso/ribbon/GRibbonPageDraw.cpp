@@ -9,6 +9,9 @@
 #include <gesso/ribbon/GRibbonPageWatch.h>
 #include <gesso/ribbon/ItemCode.h>
 
+#include <algorithm>
+#include <climits>
+
 using gesso::Color;
 using gesso::ColorOf;
 using gesso::Measure;
@@ -35,6 +38,15 @@ constexpr int FARTHEST = 0x7FFFFFF;
 bool IsNear(int x)
 {
     return x >= -FARTHEST && x <= FARTHEST;
+}
+
+// What begins right of this does not show in the context. An image may begin left of an item that is too
+// narrow for it.
+int64_t ShownEnd(HWND hwnd, HDC hdc)
+{
+    RECT rc{};
+    const LONG nRight = GetClipBox(hdc, &rc) == ERROR ? INT_MAX : std::max(rc.left, rc.right);
+    return int64_t{nRight} + Pixels(hwnd, Metrics::RIBBON_LARGE_IMAGE);
 }
 
 // Draws items of one page into one context, in the font that is selected there. Each rectangle is the item's,
@@ -190,13 +202,17 @@ void GRibbonPage::Draw(HDC hdc)
     const gesso::SelectScope pen(hdc, m_hPen);
     const gesso::SelectScope font(hdc, m_hGroupFont);
     SetTextColor(hdc, ColorOf(Color::RibbonGroupTitle));
+    const int64_t nShownEnd = ShownEnd(hwnd, hdc);
     int nLeft = 0;
     for (UINT i = 0; i < m_aGroups.GetLength(); i++) {
-        DrawGroupFrame(hwnd, hdc, m_aGroups[i], nLeft, rc.bottom);
-        if (!m_aGroups[i].uFixedWidth) {
+        const Group& group = m_aGroups[i];
+        if (std::min(nLeft, group.nRight) <= nShownEnd) {
+            DrawGroupFrame(hwnd, hdc, group, nLeft, rc.bottom);
+        }
+        if (!group.uFixedWidth && group.nLeft <= nShownEnd) {
             DrawItems(hdc, i);
         }
-        nLeft = m_aGroups[i].nRight;
+        nLeft = group.nRight;
     }
     if (m_pRibbon->ShowsFocus() && m_pRibbon->ActivePage() == this) {
         DrawFocusOfWindow(hdc);
@@ -240,12 +256,13 @@ void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
     // Once for all of them: a switch of fonts can cost more than the text.
     const gesso::SelectScope font(hdc, m_hItemFont);
     const Group& group = m_aGroups[nGroup];
+    const int64_t nShownEnd = ShownEnd(RibbonWindow(), hdc);
     const bool fAsBefore = KeepsHot();
     for (UINT i = 0; i < group.aItems.GetLength(); i++) {
         const Item& item = group.aItems[i];
         const auto at = [&](int x) { return gesso::Wrapped(int64_t{group.nLeft} + x); };
         const RECT rc{at(item.nLeft), item.nTop, at(item.nRight), item.nBottom};
-        if (!IsNear(rc.left) || !IsNear(rc.right)) {
+        if (!IsNear(rc.left) || !IsNear(rc.right) || std::min(rc.left, rc.right) > nShownEnd) {
             continue;
         }
         gesso::LayoutOverlay::Add(hdc, rc);

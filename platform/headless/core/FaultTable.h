@@ -66,6 +66,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"GetCaretPos", "FALSE"},
     {"GetClassNameW", "0"},
     {"GetClientRect", "FALSE"},
+    {"GetClipBox", "ERROR"},
     {"GetClipboardData", "null"},
     {"GetCurrentObject", "null"},
     {"GetCursorPos", "FALSE"},

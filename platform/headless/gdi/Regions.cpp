@@ -198,6 +198,9 @@ INT WINAPI ExcludeClipRect(HDC hdc, INT left, INT top, INT right, INT bottom)
 
 INT WINAPI GetClipBox(HDC hdc, LPRECT box)
 {
+    if (FaultFires("GetClipBox")) {
+        return ERROR;
+    }
     const Context* context = FindContext(hdc);
     if (!context) {
         return ERROR;

@@ -139,14 +139,20 @@ private:
     HFONT m_former = nullptr;
 };
 
-// An image (TMT_BGTYPE) covers what lies below it, unless it is a transparent one (TMT_TRANSPARENT).
+// An image (TMT_BGTYPE) covers what lies below it; a transparent one (TMT_TRANSPARENT) covers the upper half;
+// one without pictures (TMT_IMAGECOUNT) covers nothing.
 void CoverPixels(HDC hdc, const std::string& themeClass, int part, int state, const RECT& rect)
 {
-    if (FindThemeInt(themeClass, part, state, TMT_BGTYPE) == BT_IMAGEFILE &&
-        !FindThemeInt(themeClass, part, state, TMT_TRANSPARENT))
+    if (FindThemeInt(themeClass, part, state, TMT_BGTYPE) != BT_IMAGEFILE ||
+        FindThemeInt(themeClass, part, state, TMT_IMAGECOUNT) == 0)
     {
-        SetPixels(hdc, rect, static_cast<DWORD>(part << 8 | state));
+        return;
     }
+    RECT covered = rect;
+    if (FindThemeInt(themeClass, part, state, TMT_TRANSPARENT)) {
+        covered.bottom -= (rect.bottom - rect.top) / 2;
+    }
+    SetPixels(hdc, covered, static_cast<DWORD>(part << 8 | state));
 }
 
 // Tells a window to draw its background into a context of one of its children.

@@ -29,7 +29,7 @@ protected:
         DrawFixture::TearDown();
     }
 
-    // How the part comes into a memory context.
+    // How the part comes into a memory context; the copy to the window if not at all.
     std::string Draw(int nState = 1, RECT rc = {10, 5, 60, 25})
     {
         const HDC hdc = GetDC(Parent());
@@ -69,6 +69,13 @@ TEST_F(ThemePartCacheTest, WhatShowsThroughOrIsNoImageOrCannotBeReadIsDrawn)
         EXPECT_EQ(Draw(2), "DrawThemeBackground HEADER 1 2 (10,5,60,25)");
         EXPECT_EQ(Draw(3), "DrawThemeBackground HEADER 1 3 (10,5,60,25)");
     }
+}
+
+TEST_F(ThemePartCacheTest, WhatTurnsOutToBeNoPictureIsLeftOut)
+{
+    desk::SetThemeInt("HEADER", HEADER_PART, 2, TMT_IMAGECOUNT, 0);
+    EXPECT_EQ(Draw(2), "DrawThemeBackground HEADER 1 2 (10,5,60,25)");
+    EXPECT_EQ(Draw(2), "BitBlt (0,0,100,100) from (0,0) SRCCOPY");
 }
 
 TEST_F(ThemePartCacheTest, WhatIsTooLargeForTheMemoryIsDrawnUntilThereIsSome)
