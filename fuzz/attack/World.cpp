@@ -2,6 +2,8 @@
 
 #include <tests/support/User.h>
 
+#include <gesso/list/GListNotify.h>
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -15,9 +17,23 @@ constexpr size_t HANDLES = 48;
 
 World* s_pWorld = nullptr;
 
+// What a tree asks of a child that was only counted. By its number alone, so that operations that are left
+// out change nothing of it.
+void AnswerTree(const GLISTNOTIFY& record)
+{
+    static Text s_text; // which outlives the answer
+    Source source(static_cast<uint64_t>(record.iItem), 0);
+    s_text = source.AnyText();
+    const UINT nImage = source.NumberOrBits();
+    *record.pDispInfo = {record.pDispInfo->mask, s_text, nImage, source.Chance(2) ? source.Number() : 0};
+}
+
 LRESULT CALLBACK HostProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     NoteHostMessage(hwnd, uMsg);
+    if (uMsg == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == TVN_GETDISPINFOW) {
+        AnswerTree(*reinterpret_cast<const GLISTNOTIFY*>(lParam));
+    }
     return DefWindowProcW(hwnd, uMsg, wParam, lParam);
 }
 
