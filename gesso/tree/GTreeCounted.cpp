@@ -163,9 +163,11 @@ bool GTree::AskRows(LONG cy)
 
 bool GTree::ShowsWhole(UINT row, LONG cy) const
 {
+    if (row >= m_aVisible.GetLength()) {
+        return false;
+    }
     const gesso::RowPlace place = PlaceOf(row);
-    return row < m_aVisible.GetLength() && place.nTop >= m_siV.nPos &&
-           place.nBottom <= int64_t{m_siV.nPos} + cy;
+    return place.nTop >= m_siV.nPos && place.nBottom <= int64_t{m_siV.nPos} + cy;
 }
 
 // Whether the widest row is wider than it was, now that an item shows for the first time.

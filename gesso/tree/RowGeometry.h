@@ -30,7 +30,8 @@ struct EvenRows
 
     RowPlace PlaceOf(UINT row) const
     {
-        const int64_t nTop = int64_t{row} * nHeight;
+        // As many rows as can be counted may be as high as a height can be.
+        const auto nTop = static_cast<int64_t>(std::min<uint64_t>(uint64_t{row} * nHeight, INT64_MAX / 2));
         return {row, nTop, nTop + nHeight};
     }
     // The row at y, whether there are as many or not; of rows without a height there is none.

@@ -545,6 +545,9 @@ TEST_F(GTreeCountedTest, FoldersOfAMillionWithinEachOtherAndRowsBeyondTheLastPix
     }
     tree.SetChildCount(folder, 99'999'999);
     EXPECT_EQ(tree.GetItemChildCount(folder), 99'999'999u);
+    tree.SetItemHeight(NONE);
+    AskedByPaint();
+    EXPECT_EQ(tree.m_siV.nMax, 0x7FFFFFFE);
     EXPECT_TRUE(tree.Check());
 }
 
