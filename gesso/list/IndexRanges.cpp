@@ -131,58 +131,77 @@ IndexRanges::Change IndexRanges::Remove(UINT first, UINT end)
     return change;
 }
 
-// Behind all others, which it may touch.
-void IndexRanges::Append(RANGES::node_type node, UINT first, UINT end)
+// Gives a range other ends, which leave it in front of `behind`.
+IndexRanges::RANGES::iterator IndexRanges::Move(RANGES::iterator range, RANGES::iterator behind, UINT first,
+                                                UINT end)
 {
-    if (first == end) {
-        return;
-    }
-    if (!m_ends.empty() && m_ends.rbegin()->second == first) {
-        m_ends.rbegin()->second = end;
-    } else {
-        node.key() = first;
-        node.mapped() = end;
-        m_ends.insert(m_ends.end(), std::move(node));
-    }
+    RANGES::node_type node = m_ends.extract(range);
+    node.key() = first;
+    node.mapped() = end;
+    return m_ends.insert(behind, std::move(node));
 }
 
+// From the end on, so that each has room where it goes; those in front are not looked at.
 void IndexRanges::Insert(UINT first, UINT count)
 {
-    const bool fSpares = MakeSpares();
-    RANGES former = std::exchange(m_ends, {});
-    while (!former.empty()) {
-        RANGES::node_type node = former.extract(former.begin());
-        const UINT from = node.key();
-        const UINT to = node.mapped();
-        if (from >= first) {
-            Append(std::move(node), from + count, to + count);
-            continue;
-        }
-        Append(std::move(node), from, std::min(to, first));
-        if (to > first && fSpares) {
-            Append(TakeSpare(), first + count, to + count);
-        } else if (to > first) {
-            m_count -= to - first;
-        }
+    auto behind = m_ends.end();
+    while (behind != m_ends.begin() && std::prev(behind)->first >= first) {
+        const auto range = std::prev(behind);
+        behind = Move(range, behind, range->first + count, range->second + count);
+    }
+    if (count == 0 || behind == m_ends.begin() || std::prev(behind)->second <= first) {
+        return;
+    }
+    const UINT end = std::exchange(std::prev(behind)->second, first);
+    if (MakeSpares()) {
+        Put(TakeSpare(), first + count, end + count);
+    } else {
+        m_count -= end - first;
     }
 }
 
 UINT IndexRanges::Erase(UINT first, UINT end)
 {
-    const UINT formerCount = m_count;
-    RANGES former = std::exchange(m_ends, {});
     const auto moved = [=](UINT index) {
         return index < first ? index : index < end ? first : index - (end - first);
     };
-    m_count = 0;
-    while (!former.empty()) {
-        RANGES::node_type node = former.extract(former.begin());
-        const UINT from = moved(node.key());
-        const UINT to = moved(node.mapped());
-        m_count += to - from;
-        Append(std::move(node), from, to);
+    UINT gone = 0;
+    auto range = m_ends.upper_bound(first);
+    if (range != m_ends.begin() && std::prev(range)->second > first) {
+        --range;
     }
-    return formerCount - m_count;
+    while (range != m_ends.end() && first < end) {
+        const auto next = std::next(range);
+        const UINT from = moved(range->first);
+        const UINT to = moved(range->second);
+        gone += range->second - range->first - (to - from);
+        const bool fTouches = range != m_ends.begin() && std::prev(range)->second == from;
+        if (from < to && !fTouches) {
+            Move(range, next, from, to);
+        } else {
+            if (fTouches) {
+                std::prev(range)->second = to;
+            }
+            m_ends.erase(range);
+        }
+        range = next;
+    }
+    m_count -= gone;
+    return gone;
+}
+
+bool IndexRanges::Check() const
+{
+    UINT count = 0;
+    UINT end = 0;
+    for (const auto& [from, to] : m_ends) {
+        if (from >= to || (from <= end && count > 0)) {
+            return false;
+        }
+        count += to - from;
+        end = to;
+    }
+    return count == m_count;
 }
 
 IndexRanges::Change IndexRanges::DifferenceTo(const IndexRanges& other) const

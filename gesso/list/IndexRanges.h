@@ -44,6 +44,9 @@ public:
     // What is different in another set.
     Change DifferenceTo(const IndexRanges& other) const;
 
+    // Whether the ranges are in order, apart, and as many as counted.
+    bool Check() const;
+
 private:
     using RANGES = std::map<UINT, UINT>;
 
@@ -51,7 +54,7 @@ private:
     bool MakeSpares();
     RANGES::node_type TakeSpare() { return m_spares.extract(m_spares.begin()); }
     void Put(RANGES::node_type node, UINT first, UINT end);
-    void Append(RANGES::node_type node, UINT first, UINT end);
+    RANGES::iterator Move(RANGES::iterator range, RANGES::iterator behind, UINT first, UINT end);
 
     RANGES m_ends; // of each range, by its first index
     RANGES m_spares;

@@ -95,6 +95,7 @@ TEST(IndexRangesTest, RangesAreWhatABitForEachIndexIs)
             bits.Erase(first, end);
             break;
         }
+        ASSERT_TRUE(ranges.Check());
         ASSERT_EQ(ranges.Count(), bits.Count());
         ASSERT_EQ(ranges.Ranges(), bits.Ranges());
         for (UINT i = 0; i < LENGTH; ++i) {
