@@ -202,9 +202,9 @@ public:
     // null.
 
     // Appends a group with a title, copied, in a DT_ format. Returns its index. No layout: Sort, Group or
-    // SetListStyle follows.
+    // SetListStyle follows; of a virtual list SetGroupItemCount.
     virtual UINT InsertGroup(UINT format, LPCWSTR name, UINT image, UINT group);
-    // No layout, and the items keep their ids.
+    // No layout, and the items keep their ids; a virtual list lays out, and the next group has the items.
     virtual void RemoveGroup(UINT index);
     virtual void RemoveAllGroups();
     virtual UINT GetGroupCount() const;
@@ -255,7 +255,7 @@ public:
     virtual void* GetItemCustomData(UINT item) const;
     virtual UINT GetItemGroup(UINT item) const;
     virtual UINT GetItemState(UINT item, UINT subItem) const;
-    // Valid until the text is set or the item removed.
+    // Valid until the text is set or the item removed; of a virtual list until it is next asked or painted.
     virtual LPCWSTR GetItemText(UINT item, UINT subItem) const;
     virtual UINT GetItemImage(UINT item, UINT subItem) const;
     virtual void SetItem(UINT item, UINT group, void* customData);
@@ -322,8 +322,8 @@ public:
     // texts; null for none. `context` goes to each call. Sorts nothing by itself. The function must not
     // change the list.
     void SetSortCallback(PFNLISTCOMPARE compare, void* context);
-    // Makes a column as wide as its widest text and its caption need, its least width at least. Lays out and
-    // repaints.
+    // Makes a column as wide as its widest text (of a virtual list, in view) and its caption need, its least
+    // width at least. Lays out and repaints.
     void FitColumn(UINT column);
     // Lets the user rename an item, in both behaviours: brings it into view and puts a text field over the
     // text of its first column, with the notifications. A field that is there takes its text first. False for
@@ -351,7 +351,7 @@ public:
     void ItemsChanged(UINT first, UINT last);
     // Items have come in at `first`, unselected, the count for behind the last, or have gone from there. The
     // selection, the cursor and what is in view move along; a cursor whose item went has the next one. The
-    // group that held `first` grows, at a border the later one. Ignored past the end. Lays out and repaints.
+    // group of `first` grows or shrinks, at a border the later one. Ignored past the end. Lays out, repaints.
     void ItemsInserted(UINT first, UINT count);
     void ItemsRemoved(UINT first, UINT count);
     // How many items belong to a group, by its index: the groups' items come one behind the other, in the

@@ -21,7 +21,7 @@ constexpr UINT GTDI_CHILDREN = 4;
 struct GLISTNOTIFY
 {
     NMHDR hdr;
-    int iItem;    // item or row
+    int iItem;    // item or row; of a virtual list to be read as UINT, of which -1 alone is none
     int iSubItem; // element of the item's cell, or -1
     UINT uReserved[3];
     UINT uAction; // of the expansion codes: TVE_COLLAPSE or TVE_EXPAND
