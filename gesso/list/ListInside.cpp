@@ -118,6 +118,9 @@ void ListItemTracks::ForgetLost(const OArray<ListItem*, ListItem*>& items)
 
 bool ListInside::CheckLayout(const GList& list)
 {
+    if (list.IsVirtual()) {
+        return list.Virtual()->Check();
+    }
     ListRows rows(list.elements);
     RowOrder order = list.m_inside->rowOrder;
     return ListLayout(list.Measures(), list.items, list.groups, list.columnDraw, rows, order).Check();

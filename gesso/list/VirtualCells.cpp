@@ -1,6 +1,7 @@
 #include <gesso/containers/Index.h>
 #include <gesso/list/VirtualCells.h>
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -97,6 +98,15 @@ try {
     return true;
 } catch (const std::bad_alloc&) {
     return false;
+}
+
+bool VirtualCells::Check(UINT count) const
+{
+    const auto isItem = [count](const auto& kept) { return kept.first < count && kept.second; };
+    const auto isTwice = [this](const auto& kept) { return m_old.count(kept.first) != 0; };
+    return std::all_of(m_young.begin(), m_young.end(), isItem) &&
+           std::all_of(m_old.begin(), m_old.end(), isItem) &&
+           std::none_of(m_young.begin(), m_young.end(), isTwice);
 }
 
 } // namespace gesso

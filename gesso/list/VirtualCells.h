@@ -40,6 +40,9 @@ public:
     void Insert(UINT first, UINT count);
     void Erase(UINT first, UINT count);
 
+    // Whether each record is kept once, and is that of an item below the count.
+    bool Check(UINT count) const;
+
 private:
     using RECORDS = std::unordered_map<UINT, ListItem*>;
 

@@ -43,4 +43,11 @@ int64_t VirtualList::PlaceOf(const RowAnchor& anchor) const
     return anchor.offset + (anchor.item < rows.Count() ? rows.PlaceOf(anchor.item).top : rows.End());
 }
 
+bool VirtualList::Check() const
+{
+    const UINT count = rows.Count();
+    return rows.Check() && selected.Check() && kept.Check() && selected.Next(count) == NO_INDEX &&
+           kept.Next(count) == NO_INDEX && cells.Check(count) && !pending && !pass;
+}
+
 } // namespace gesso

@@ -90,6 +90,8 @@ struct VirtualList
     }
     RowAnchor AnchorAt(int64_t y) const;
     int64_t PlaceOf(const RowAnchor& anchor) const;
+    // Whether all of it is of the items that there are, and no question is open.
+    bool Check() const;
 
     VirtualRows rows;
     RowScale scale;

@@ -322,4 +322,19 @@ UINT VirtualRows::PageDownFrom(UINT item, int64_t page) const
     return to == item ? last : to;
 }
 
+// --- Check
+
+bool VirtualRows::Check() const
+{
+    int64_t lines = 0;
+    for (size_t block = 0; block < m_blocks.size(); ++block) {
+        const UINT first = m_blocks[block].firstItem;
+        if (m_blocks[block].firstLine != lines || first > EndOf(block)) {
+            return false;
+        }
+        lines += LinesOf(EndOf(block) - first);
+    }
+    return m_blocks.front().firstItem == 0 && m_lines == lines && m_groupedEnd <= m_count;
+}
+
 } // namespace gesso

@@ -60,6 +60,9 @@ public:
     UINT PageUpFrom(UINT item, int64_t page) const;
     UINT PageDownFrom(UINT item, int64_t page) const;
 
+    // Whether the groups' rows are in order, and hold what there is.
+    bool Check() const;
+
 private:
     // A group's row, if there are groups, with its items' lines below it.
     struct Block

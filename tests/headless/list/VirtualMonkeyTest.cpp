@@ -8,6 +8,8 @@
 #include "../../support/WithBehavior.h"
 #include "ListDesktop.h"
 
+#include <gesso/list/ListInside.h>
+
 #include <algorithm>
 #include <memory>
 #include <random>
@@ -433,6 +435,7 @@ std::string Told(NotifyHost& host)
 
 void VirtualMonkeyTest::Compare()
 {
+    ASSERT_TRUE(gesso::ListInside::CheckLayout(list));
     ASSERT_EQ(list.GetItemCount(), m_own->GetItemCount());
     EXPECT_EQ(list.Selected(), m_own->Selected());
     EXPECT_EQ(list.GetCursorItem(), m_own->GetCursorItem());
