@@ -135,6 +135,7 @@ HDC ListTextContexts::In(size_t font)
 void ListTextContexts::Select(size_t font)
 {
     const HGDIOBJ hFormer = m_fonts[font] ? SelectObject(m_contexts[font], m_fonts[font]) : nullptr;
+    m_fFailed = m_fFailed || (m_fonts[font] && !hFormer);
     m_formers[font] = m_formers[font] ? m_formers[font] : hFormer;
 }
 
@@ -152,7 +153,7 @@ struct ListTextPass::Known
 
 ListTextPass::ListTextPass(ListTexts& texts, HWND hwnd, HFONT hFirst, HFONT hSecond, int lineHeight,
                            Extent extent)
-    : m_lineHeight(lineHeight), m_extent(extent), m_contexts(hwnd, hFirst, hSecond)
+    : m_texts(texts), m_lineHeight(lineHeight), m_extent(extent), m_contexts(hwnd, hFirst, hSecond)
 {
     ListTexts::Key key{};
     const bool fKnown = ListTexts::MakeKey(key, hFirst, hSecond);
@@ -169,8 +170,12 @@ ListTextPass::ListTextPass(ListTexts& texts, HWND hwnd, HFONT hFirst, HFONT hSec
     }
 }
 
+// What is known of a wrong font is forgotten, so that a text that is set again is right.
 ListTextPass::~ListTextPass()
 {
+    if (m_contexts.HasFailed()) {
+        m_texts.Forget();
+    }
     m_kit->Release();
     Free(m_table);
 }

@@ -62,6 +62,8 @@ public:
 
     // With its font selected; made when it is first asked for.
     HDC In(size_t font);
+    // A font could not be selected: the texts are in another one.
+    bool HasFailed() const { return m_fFailed; }
 
 private:
     void Select(size_t font);
@@ -72,6 +74,7 @@ private:
     std::array<HGDIOBJ, 2> m_formers{};
     std::array<bool, 2> m_fOpen{};
     size_t m_last = 0;
+    bool m_fFailed = false;
 };
 
 // Texts prepared one behind the other. Nothing changes the fonts and the window meanwhile.
@@ -100,6 +103,7 @@ private:
     Known* Find(UINT hash, LPCWSTR text, UINT length, UINT format);
     bool GrowTable();
 
+    ListTexts& m_texts;
     ListTextKit* m_kit;
     int m_lineHeight;
     Extent m_extent;
