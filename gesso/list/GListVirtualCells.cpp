@@ -420,8 +420,8 @@ void GList::PrepareCells(const gesso::ShownItems& shown, const gesso::CellNeeds&
         if (cell->text) {
             cell->prepared = cell->prepared ? cell->prepared : gesso::MakePair();
             void*& hText = fTitle ? cell->prepared->second : cell->prepared->first;
-            hText =
-                CDrawText::DrawText_Prepare(context, cell->text, -1, nullptr, format, lineHeight, nullptr);
+            hText = gesso::PreparedBuffer(
+                CDrawText::DrawText_Prepare(context, cell->text, -1, nullptr, format, lineHeight, nullptr));
             cell->state &= hText ? ~0U : ~bit; // without memory the next paint tries again
         }
     }
