@@ -274,6 +274,13 @@ GTree* CountedTree(HWND hwndHost)
     return pTree;
 }
 
+GTree* CountedTreeUnderPointer(HWND hwndHost)
+{
+    GTree* pTree = CountedTree(hwndHost);
+    SendMessageW(*pTree, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    return pTree;
+}
+
 GRibbon* RibbonOfTwo(HWND hwndHost)
 {
     auto* pRibbon = new GRibbon;
@@ -431,7 +438,7 @@ TEST(DestroyedMidwayTest, TheParentMayDeleteTheControlInEachNotificationOfModern
          [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_LBUTTONDOWN, 0, MAKELPARAM(5, 5)); }},
         {"notify 12 code -452", CountedTree,
          [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_LBUTTONDBLCLK, 0, MAKELPARAM(5, 5)); }},
-        {"notify 12 code -452", CountedTree,
+        {"notify 12 code -452", CountedTreeUnderPointer,
          [](HWND hwnd, GWnd*) { SendMessageW(hwnd, WM_MOUSEWHEEL, MAKEWPARAM(0, -120), 0); }},
         {"notify 12 code -452", CountedTree,
          [=](HWND hwnd, GWnd* p) {
