@@ -39,6 +39,7 @@ set(GESSO_PUBLIC_HEADERS
   framework/OwnedHandles.h
   framework/ThemeFont.h
   framework/ThemeHandle.h
+  language/Language.h
   list/GList.h
   list/GListNotify.h
   list/ListRecords.h
