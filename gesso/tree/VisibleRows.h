@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <span>
 
 namespace gesso {
 
@@ -71,7 +70,16 @@ public:
     }
     ITEM* GetAt(UINT row) const { return (*this)[row]; }
 
-    std::span<RowChunk<ITEM>* const> Chunks() const { return {m_ppFirst, m_ppEnd}; }
+    // In the order of their rows.
+    struct ChunkRange
+    {
+        RowChunk<ITEM>* const* m_ppFirst;
+        RowChunk<ITEM>* const* m_ppEnd;
+
+        RowChunk<ITEM>* const* begin() const { return m_ppFirst; }
+        RowChunk<ITEM>* const* end() const { return m_ppEnd; }
+    };
+    ChunkRange Chunks() const { return {m_ppFirst, m_ppEnd}; }
 
     TreeInside<ITEM>& Inside() const
     {
