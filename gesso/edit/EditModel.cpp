@@ -101,7 +101,7 @@ bool EditModel::Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind ki
     }
     m_fModified = true;
     Change(taken, psz, n);
-    if (kind == EditKind::Completing) {
+    if (kind == EditKind::Completing || kind == EditKind::Dropping) {
         SetMarks({nFrom, nFrom + n});
     }
     m_undo.SetAfter(Marks());

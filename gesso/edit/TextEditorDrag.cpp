@@ -197,19 +197,8 @@ void TextEditor::Inside::DropWithin(const TextRange& range, UINT at, const std::
 // False unless all of it has come in.
 bool TextEditor::Inside::TakeDrop(UINT at, const std::vector<wchar_t>& text)
 {
-    const Watch watch(site.Window());
-    const UINT nAnchor = model.Anchor();
-    const UINT nCaret = model.Caret();
-    Select(at, at);
-    const UINT nFormer = model.Length();
-    const bool fTaken = Insert(text.data(), static_cast<UINT>(text.size()), EditKind::Step, Origin::User);
-    if (watch && model.Length() > nFormer && at + (model.Length() - nFormer) <= model.Length()) {
-        Select(at, at + (model.Length() - nFormer));
-        ShowChange();
-    } else if (watch && model.Length() == nFormer) {
-        Select(nAnchor, nCaret);
-    }
-    return fTaken;
+    fRowsChanged = fRowsChanged || model.HasSelection();
+    return InsertAt({at, at}, text.data(), static_cast<UINT>(text.size()), EditKind::Dropping, Origin::User);
 }
 
 } // namespace gesso

@@ -29,7 +29,7 @@ bool TextEditor::Inside::Replace(const TextRange& range, LPCWSTR psz, UINT n, Ed
     {
         return false;
     }
-    fTrailing = n > 0;
+    fTrailing = n > 0 && kind != EditKind::Dropping;
     model.SetModified(true);
     Changed(origin, former);
     return true;
@@ -138,12 +138,17 @@ UINT TextEditor::Inside::RowsWith(const TextRange& range, const wchar_t* psz, UI
     return nOthers + nRows;
 }
 
-// What comes in takes the selection's place, as far as it is allowed and there is room. False unless all of
-// it has come in.
+// What comes in takes the selection's place.
 bool TextEditor::Inside::Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origin, bool fCanUndo)
 {
+    return InsertAt(model.Selection(), psz, n, kind, origin, fCanUndo);
+}
+
+// As far as it is allowed and there is room. False unless all of it has come in.
+bool TextEditor::Inside::InsertAt(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, Origin origin,
+                                  bool fCanUndo)
+{
     const Watch watch(site.Window());
-    const TextRange range = model.Selection();
     // What a program puts in need not be a number.
     const bool fNumber = (Style() & ES_NUMBER) && origin == Origin::User;
     const InputRules rules{!IsMultiLine(), fNumber, (Style() & ES_UPPERCASE) != 0,

@@ -209,6 +209,8 @@ struct TextEditor::Inside final : private CompositionTarget
     bool Replace(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, Origin origin,
                  bool fCanUndo = true);
     bool Insert(LPCWSTR psz, UINT n, EditKind kind, Origin origin, bool fCanUndo = true);
+    bool InsertAt(const TextRange& range, LPCWSTR psz, UINT n, EditKind kind, Origin origin,
+                  bool fCanUndo = true);
     UINT RoomFor(const TextRange& range) const;
     UINT CountThatFits(const TextRange& range, const std::vector<wchar_t>& text);
     UINT RowsWith(const TextRange& range, const wchar_t* psz, UINT n, UINT nMost);

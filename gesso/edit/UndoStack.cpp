@@ -86,7 +86,8 @@ bool UndoStack::Joins(const UndoEdit& edit, EditKind kind, DWORD dwNow, bool fSp
     }
     const bool fSameWord = fSpace || !m_fBehindSpace;
     const bool fGoesOn = Adjoins(LastEdit(), edit, kind) || TakesPlaceOfCompletion(edit);
-    return kind != EditKind::Step && kind == m_kind && fSameWord && dwNow - m_dwLast < PAUSE && fGoesOn;
+    const bool fSameKind = (kind == EditKind::Typing || kind == EditKind::Erasing) && kind == m_kind;
+    return fSameKind && fSameWord && dwNow - m_dwLast < PAUSE && fGoesOn;
 }
 
 // Of the newest step.

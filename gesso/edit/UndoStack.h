@@ -15,7 +15,8 @@ enum class EditKind
     Typing,     // goes on with the word that was being typed
     Completing, // what a program adds to the word: part of it, as is what is typed in its place
     Erasing,    // as Typing, for Backspace and Delete
-    Step        // a step of its own
+    Step,       // a step of its own
+    Dropping    // as Step, and what came in is selected
 };
 
 struct UndoEdit

@@ -1,6 +1,7 @@
 // Selected text that is dragged: to other fields, and where memory runs out.
 
 #include "../../edit/EditFixture.h"
+#include "../../support/Keys.h"
 #include "../../support/WithBehavior.h"
 #include "../memory/MemoryLimit.h"
 
@@ -64,6 +65,40 @@ TEST_F(FieldDropTest, NearTheEdgeOfAnotherFieldThatOneScrolls)
     const LRESULT nDropped = TopOf(hwndOther);
     desk::Advance(1000);
     EXPECT_EQ(TopOf(hwndOther), nDropped);
+}
+
+TEST_F(FieldDropTest, ACopyIsOneStepWithWhatWasSelectedBeforeAndAfter)
+{
+    Make(40, 3);
+    edit.SetText(L"one two three");
+    GEdit other;
+    const HWND hwndOther = other.Create(0, 5 * Row(), 40 * Column(), 2 * Row(), host, ID + 1, L"",
+                                        WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0);
+    other.SetText(L"12345");
+    SendMessageW(hwndOther, EM_SETSEL, 1, 3);
+    for (const HWND hwnd : {static_cast<HWND>(edit), hwndOther}) {
+        Send(EM_SETSEL, 4, 7);
+        desk::Advance(1000); // the next press is no double click
+        const LRESULT lFormer = SendMessageW(hwnd, EM_GETSEL, 0, 0);
+        const std::string former = TextOf(hwnd);
+        PointAt(edit, 5 * Column(), Row() / 2);
+        desk::PressButton();
+        desk::Pump();
+        HoldKeys({VK_CONTROL});
+        PointAt(hwnd, Column() / 3, Row() / 2);
+        desk::ReleaseButton();
+        desk::Pump();
+        HoldKeys({});
+        EXPECT_EQ(TextOf(hwnd), "two" + former);
+        EXPECT_EQ(SendMessageW(hwnd, EM_GETSEL, 0, 0), MAKELRESULT(0, 3));
+        SendMessageW(hwnd, EM_UNDO, 0, 0);
+        EXPECT_EQ(TextOf(hwnd), former);
+        EXPECT_EQ(SendMessageW(hwnd, EM_GETSEL, 0, 0), lFormer);
+        (hwnd == hwndOther ? other : edit).Redo();
+        EXPECT_EQ(TextOf(hwnd), "two" + former);
+        EXPECT_EQ(SendMessageW(hwnd, EM_GETSEL, 0, 0), MAKELRESULT(0, 3));
+        SendMessageW(hwnd, EM_UNDO, 0, 0);
+    }
 }
 
 TEST_F(FieldDropTest, WithoutMemoryItLeavesTheTextAndNoStep)
