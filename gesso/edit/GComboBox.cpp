@@ -86,10 +86,12 @@ GComboBox& GComboBox::operator=(const GComboBox& other)
     if (this == &other) {
         return *this;
     }
-    // From a copy of its own: what both share stays.
-    if (m_inside != other.m_inside) {
+    // From a copy of its own: what both share stays, the items among it, of which some may have gone since.
+    const bool fShared = m_inside == other.m_inside;
+    if (!fShared) {
         ReleaseAll();
         m_fOwner = false;
+        m_aItems = other.m_aItems;
     }
     GWnd::operator=(other);
     m_hTheme = other.m_hTheme;
@@ -97,7 +99,6 @@ GComboBox& GComboBox::operator=(const GComboBox& other)
     m_nTextLimit = other.m_nTextLimit;
     m_nDropdownHeight = other.m_nDropdownHeight;
     m_strText = other.m_strText;
-    m_aItems = other.m_aItems;
     m_pList = other.m_pList;
     m_inside = other.m_inside;
     m_hitDown = other.m_hitDown;
@@ -105,6 +106,9 @@ GComboBox& GComboBox::operator=(const GComboBox& other)
     m_nCaret = other.m_nCaret;
     m_nAnchor = other.m_nAnchor;
     m_bCaret = other.m_bCaret;
+    if (fShared && ShowText()) {
+        Invalidate(0);
+    }
     return *this;
 }
 
@@ -354,7 +358,7 @@ void GComboBox::FollowItem(UINT nIndex, int nDelta)
         ChangeSelection(gesso::NO_INDEX);
         Invalidate(0);
     } else if (nSelected != gesso::NO_INDEX && nSelected >= nIndex) {
-        ChangeSelection(nSelected + static_cast<UINT>(nDelta));
+        Field::Mark(*this, nSelected + static_cast<UINT>(nDelta)); // its text is what it was
     }
     if (Modern* pModern = ModernPart()) {
         if (fGone) {

@@ -18,10 +18,10 @@ using gesso::Quirk;
 
 namespace {
 
-// Whether the focus goes to another window than the control's top one, or to none.
-bool IsOtherWindow(HWND hwnd, HWND hwndNew)
+// Whether the other end of the focus' way is in another top-level window than the control, or in none.
+bool IsOtherWindow(HWND hwnd, HWND hwndOther)
 {
-    return !hwndNew || GetAncestor(hwndNew, GA_ROOT) != GetAncestor(hwnd, GA_ROOT);
+    return !hwndOther || GetAncestor(hwndOther, GA_ROOT) != GetAncestor(hwnd, GA_ROOT);
 }
 
 } // namespace
@@ -105,7 +105,10 @@ bool GComboBox::Modern::OnWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam,
     case WM_WINDOWPOSCHANGED: return !LeaveIfMoved();
     case WM_STYLECHANGED: return !OnStyle() || !Leave();
     case WM_SIZE: m_editor.Reflow(); return false;
-    case WM_FONTCHANGE: m_texts.Forget(); return false;
+    case WM_FONTCHANGE:
+        Reflow();
+        ArrangeIfOpen();
+        return false;
     case WM_SETFONT:
         m_combo.OnSetFont(reinterpret_cast<HFONT>(wParam), static_cast<UINT>(lParam));
         OnFont();
@@ -147,8 +150,9 @@ bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
     if (!fComes && !Leave()) {
         return true;
     }
-    const bool fReturns = fComes && m_fAway;
-    m_fAway = !fComes && IsOtherWindow(m_combo.m_hWnd, reinterpret_cast<HWND>(wParam));
+    const bool fOther = IsOtherWindow(m_combo.m_hWnd, reinterpret_cast<HWND>(wParam));
+    const bool fReturns = fComes && m_fAway && fOther;
+    m_fAway = !fComes && fOther;
     const Lifeline life = Life();
     if (HasField()) {
         LRESULT lAnswer = 0;

@@ -233,6 +233,7 @@ bool TextEditor::Inside::OnInput(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESUL
     case WM_TIMER: return OnTimer(wParam);
     case WM_CONTEXTMENU: return OnContextMenu(lParam);
     case WM_SIZE: Rearrange(); return true;
+    case WM_FONTCHANGE: Relayout(); return false;
     case WM_SETFOCUS: OnFocus(true); return true;
     case WM_KILLFOCUS: OnFocus(false); return true;
     default: return false;

@@ -71,6 +71,7 @@ void TextEditor::Inside::MoveDrag(POINT pt)
     for (TextEditor* pEditor = TextEditor::s_pFirst; pEditor; pEditor = pEditor->m_pNext) {
         Inside& field = *pEditor->m_inside;
         bool fBehind = false;
+        field.fDragInside = field.fDragInside && &field == pTarget;
         field.ShowDropAt(&field == pTarget
                              ? std::optional(field.OffsetAt(ToField(field.Window(), ptScreen), &fBehind))
                              : std::nullopt);

@@ -177,12 +177,17 @@ bool TextEditor::Inside::TakeBack(bool (EditModel::*pfnStep)())
 {
     const auto pfnBack = pfnStep == &EditModel::Undo ? &EditModel::Redo : &EditModel::Undo;
     const bool fMarked = model.HasSelection() || composition.IsActive();
+    const UINT nAnchor = model.Anchor();
+    const UINT nCaret = model.Caret();
+    const bool fModified = model.IsModified();
     const ViewPlace former = Place();
     if (!MayChange() || !(model.*pfnStep)()) {
         return false;
     }
     if (!site.HasRoomFor(model.Length())) {
         static_cast<void>((model.*pfnBack)());
+        model.Select(nAnchor, nCaret);
+        model.SetModified(fModified);
         return false;
     }
     fRowsChanged = fRowsChanged || fMarked || model.HasSelection();
@@ -280,7 +285,7 @@ void TextEditor::Inside::Cut()
 void TextEditor::Inside::Paste()
 {
     OStringEx<wchar_t> strText;
-    if (MayChange() && GetClipboardText(site.Window(), &strText)) {
+    if (MayChange() && GetClipboardText(site.Window(), &strText) && MayChange()) {
         Insert(strText, strText.GetLength(), EditKind::Step, Origin::User);
     }
 }

@@ -146,8 +146,8 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
     const UINT nStart = model.Rows().Start(change.nRow);
     const int64_t nBy = int64_t{change.nInserted} - change.nRemoved;
     NoteUnwrapped({change.nFrom, change.nFrom + change.nInserted}, nBy);
-    const CachedLine* former = fOneRow ? nullptr : FindLine(change.nRow);
-    const bool fWidestParted = former && former->line.Width() == nWidest;
+    const CachedLine* former = fOneRow || change.nRowsRemoved > 1 ? nullptr : FindLine(change.nRow);
+    const bool fNarrowParted = former && former->line.Width() < nWidest;
     if (!fOneRow) {
         FollowRows(change.nRow, change.nRowsRemoved, change.nRowsInserted);
     }
@@ -174,8 +174,8 @@ void TextEditor::Inside::FollowChange(const TextChange& change)
         const bool fWidest = line->line.Width() == nWidest;
         line->line.Change(Source(hdc, change.nRow), change.nFrom - nStart, change.nRemoved, change.nInserted);
         nWidest = fWidest && line->line.Width() < nWidest ? 0 : std::max(nWidest, line->line.Width());
-    } else if (change.nRowsRemoved > 1 || fWidestParted) {
-        nWidest = 0; // the widest may have gone
+    } else if (!fNarrowParted) {
+        nWidest = 0; // the widest may have gone, or come
     }
 }
 

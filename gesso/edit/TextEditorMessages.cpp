@@ -139,7 +139,7 @@ LRESULT TextEditor::Inside::GetLine(UINT nLine, LPWSTR pszTo) const
     return row.Length();
 }
 
-// -1 is the line of the selection's start, here and in the two below that of the caret.
+// -1 is the line of the selection's start, and in LineIndex that of the caret.
 LRESULT TextEditor::Inside::LineFromChar(WPARAM wChar) const
 {
     const bool fOfCaret = static_cast<int>(wChar) == -1;

@@ -884,9 +884,10 @@ TEST_F(GComboBoxModernTest, TheSelectionIsKeptWhereTheFocusComesBackWithItsWindo
     SetFocus(nullptr);
     SetFocus(combo);
     EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(1, 3));
+    SetFocus(nullptr);
     SetFocus(host);
     SetFocus(combo);
-    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 10));
+    EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(0, 10)) << "where it was elsewhere in the window meanwhile";
     EXPECT_TRUE(Send(WM_GETDLGCODE) & DLGC_HASSETSEL);
     Send(EM_SETSEL, 2, 4);
     EXPECT_EQ(Send(CB_GETEDITSEL), MAKELONG(2, 4)) << "as a dialog selects";
@@ -896,6 +897,22 @@ TEST_F(GComboBoxModernTest, TheSelectionIsKeptWhereTheFocusComesBackWithItsWindo
     EXPECT_FALSE(hasCaret()) << "a face has no caret";
     combo.SetStyle(CHILD | GCBS_DROPDOWN);
     EXPECT_TRUE(hasCaret());
+}
+
+TEST_F(GComboBoxModernTest, AnObjectThatIsAssignedItsOwnCopyShowsItsText)
+{
+    Make(GCBS_DROPDOWN);
+    combo.SetText(L"old");
+    const GComboBox copy(combo);
+    combo.RemoveItem(0);
+    Send(CB_SETEDITSEL, 0, MAKELPARAM(0, 3));
+    Send(WM_CHAR, 'n', 1);
+    const UINT nItems = combo.GetItemCount();
+    static_cast<GComboBox&>(combo) = copy;
+    EXPECT_EQ(combo.GetItemCount(), nItems) << "of those that the copy knows, one has gone";
+    Send(CB_SETEDITSEL, 0, MAKELPARAM(3, 3));
+    Send(WM_CHAR, '!', 1);
+    EXPECT_EQ(TextOf(combo), "old!");
 }
 
 TEST_F(GComboBoxModernTest, APageGoesFirstToWhatTheTypedTextLeadsTo)

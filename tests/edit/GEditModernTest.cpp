@@ -224,6 +224,47 @@ TEST_F(GEditModernTest, TheViewStaysWhereItIsUnlessTheCaretLeavesIt)
     EXPECT_EQ(Send(EM_GETFIRSTVISIBLELINE), 8) << "a press on the selection";
 }
 
+TEST_F(GEditModernTest, ARowThatChangesOutOfViewChangesTheWidthToScroll)
+{
+    constexpr int WIDE = 300;
+    Make(20, 5, ES_MULTILINE | ES_AUTOHSCROLL | WS_HSCROLL | WS_VSCROLL);
+    const auto scrollWidth = [&] {
+        Send(WM_HSCROLL, SB_BOTTOM);
+        const int x = static_cast<short>(LOWORD(Send(EM_POSFROMCHAR, 0)));
+        Send(WM_HSCROLL, SB_TOP);
+        return -x;
+    };
+    const std::vector<wchar_t> wide(WIDE, L'x');
+    std::vector<wchar_t> rows;
+    for (int n = 0; n < 200; ++n) {
+        rows.insert(rows.end(), {L'a', L'b', L'c', L'\n'});
+    }
+    rows.push_back(0);
+    SetText(rows.data());
+    const int nNarrow = scrollWidth();
+    const auto changeFirst = [&](int nTo, LPCWSTR psz) {
+        Send(EM_LINESCROLL, 0, 100);
+        Select(0, nTo);
+        SendText(EM_REPLACESEL, TRUE, psz);
+    };
+    std::vector<wchar_t> text = wide;
+    text.push_back(0);
+    changeFirst(0, text.data());
+    EXPECT_GT(scrollWidth(), WIDE);
+    changeFirst(WIDE, L"");
+    EXPECT_EQ(scrollWidth(), nNarrow);
+    Send(EM_UNDO);
+    EXPECT_GT(scrollWidth(), WIDE);
+    Select(WIDE / 2, WIDE / 2);
+    Send(EM_LINESCROLL, 0, 100);
+    SendText(EM_REPLACESEL, TRUE, L"\n");
+    const int nHalf = scrollWidth();
+    EXPECT_GT(nHalf, WIDE / 2);
+    Send(EM_LINESCROLL, 0, 100);
+    Send(EM_UNDO);
+    EXPECT_GT(scrollWidth(), nHalf + WIDE / 4);
+}
+
 TEST_F(GEditModernTest, KeysWithControlAndAltTypeAndDoNothingElse)
 {
     Make(20, 3, MULTILINE);

@@ -74,13 +74,18 @@ private:
     {
         return {m_plain.now.text.data(), static_cast<UINT>(m_plain.now.text.size())};
     }
-    UINT Room() const
+    UINT Room(const TextRange& range) const
     {
-        const UINT nKept = PlainText().Length() - Selected().Length();
+        const UINT nKept = PlainText().Length() - range.Length();
         return m_nLimit > nKept ? m_nLimit - nKept : 0;
     }
     void Change(const TextRange& range, const Characters& text, EditKind kind, bool fCanUndo = true);
-    void Insert(const Characters& text, EditKind kind, bool fCanUndo = true, bool fProgram = false);
+    void Insert(const Characters& text, EditKind kind, bool fCanUndo = true, bool fProgram = false)
+    {
+        InsertAt(Selected(), text, kind, fCanUndo, fProgram);
+    }
+    void InsertAt(const TextRange& range, const Characters& text, EditKind kind, bool fCanUndo = true,
+                  bool fProgram = false);
     void Remove(const TextRange& range, EditKind kind);
     void StartAnew(const Characters& text);
     void TypeOne(wchar_t ch);
@@ -234,12 +239,12 @@ void FieldWorld::Change(const TextRange& range, const Characters& text, EditKind
     }
 }
 
-void FieldWorld::Insert(const Characters& text, EditKind kind, bool fCanUndo, bool fProgram)
+void FieldWorld::InsertAt(const TextRange& range, const Characters& text, EditKind kind, bool fCanUndo,
+                          bool fProgram)
 {
     bool fCut = false;
-    const TextRange range = Selected();
     const Characters prepared =
-        gesso::PrepareInput(text.data(), static_cast<UINT>(text.size()), Rules(fProgram), Room(), &fCut);
+        gesso::PrepareInput(text.data(), static_cast<UINT>(text.size()), Rules(fProgram), Room(range), &fCut);
     const bool fRefused = !text.empty() && prepared.empty();
     if (!fRefused && (!prepared.empty() || range.Length() > 0)) {
         Change(range, prepared, kind, fCanUndo);
@@ -274,7 +279,7 @@ void FieldWorld::TypeOne(wchar_t ch)
     if (IS_LOW_SURROGATE(ch) && chFormer) {
         return;
     }
-    if (IS_HIGH_SURROGATE(ch) && Room() < 2) {
+    if (IS_HIGH_SURROGATE(ch) && Room(Selected()) < 2) {
         m_chRefused = ch;
         return;
     }
@@ -703,8 +708,7 @@ void FieldWorld::FollowDrop(const TextRange& dragged, bool fCopies)
         return;
     }
     if (fCopies) {
-        m_plain.Select(nTo, nTo);
-        Insert(text, EditKind::Step);
+        InsertAt({nTo, nTo}, text, EditKind::Dropping);
         return;
     }
     const UINT nLength = dragged.Length();

@@ -51,7 +51,8 @@ public:
         const Characters removed(from, from + range.Length());
         now.text.insert(now.text.erase(from, from + range.Length()), text.begin(), text.end());
         const UINT nNext = range.nFrom + static_cast<UINT>(text.size());
-        now.nAnchor = now.nCaret = Snapped(nNext);
+        now.nCaret = Snapped(nNext);
+        now.nAnchor = kind == gesso::EditKind::Dropping ? range.nFrom : now.nCaret;
         const Characters& touched = text.empty() ? removed : text;
         if (!Joins(range, touched, text.empty(), kind, dwNow)) {
             m_steps.resize(m_nDone);
@@ -119,8 +120,8 @@ private:
         const bool fAdjoins = kind == gesso::EditKind::Typing
                                   ? range == gesso::TextRange{m_nNext, m_nNext}
                                   : fErases && (range.nFrom == m_nNext || range.nTo == m_nNext);
-        return kind == m_kind && kind != gesso::EditKind::Step && fWord && fAdjoins &&
-               dwNow - m_dwLast < 2000;
+        const bool fOwnStep = kind == gesso::EditKind::Step || kind == gesso::EditKind::Dropping;
+        return kind == m_kind && !fOwnStep && fWord && fAdjoins && dwNow - m_dwLast < 2000;
     }
 
     std::vector<std::pair<Snapshot, Snapshot>> m_steps;
