@@ -61,6 +61,7 @@ static_assert(KEYMOD_CTRL == LVKF_CONTROL && KEYMOD_SHIFT == LVKF_SHIFT);
 
 namespace gesso {
 
+class BlockPool;
 class ListGeometry;
 class ListLayout;
 struct ListInside;
@@ -507,6 +508,7 @@ private:
     bool NameGroup(ListGroup& group, LPCWSTR name);
     bool ReserveRow();
     static ListItem* MakeItem(UINT subItemCount);
+    gesso::BlockPool* FillPool() const;
     bool AddItem(UINT position, ListItem* item);
     bool StoreText(ListSubItem& sub, UINT column, LPCWSTR text);
     void PrepareSubItem(ListSubItem& sub, UINT column);

@@ -32,11 +32,11 @@ ListItem* Widened(ListItem& item, UINT position)
 {
     const UINT count = item.subItemCount;
     position = std::min(position, count);
-    void* block = gesso::TryAllocate(sizeof(ListItem) + (count + 1) * sizeof(ListSubItem));
-    if (!block) {
+    ListItem* wider = gesso::MakeListItem(count + 1, nullptr);
+    if (!wider) {
         return nullptr;
     }
-    auto* wider = new (block) ListItem(item);
+    *wider = item;
     const ListSubItem* from = item.SubItems();
     ListSubItem* to = std::copy(from, from + position, wider->SubItems());
     *to = ListSubItem();
@@ -116,7 +116,7 @@ bool GList::InsertSubItems(UINT position)
     }
     for (UINT i = 0; i < count; ++i) {
         m_inside->tracks.Replace(items[i], wider[i]);
-        gesso::Free(std::exchange(items[i], wider[i]));
+        gesso::FreeListItem(std::exchange(items[i], wider[i]));
         if (position == 0) {
             MoveCheckMark(items[i]->SubItems()[1], items[i]->SubItems()[0]);
         }
@@ -135,7 +135,7 @@ void GList::RemoveSubItems(UINT column)
         if (column == 0 && item->subItemCount > 1) {
             MoveCheckMark(sub[0], sub[1]);
         }
-        gesso::FreeText(sub->text);
+        gesso::FreeItemText(sub->text);
         FreeText(sub->prepared);
         if (item->subItemCount == 1) {
             *sub = {sub->state & LSIS_CHECKED, 0, nullptr, nullptr};

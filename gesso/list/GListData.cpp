@@ -457,8 +457,11 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
     }
     position = std::min(position, items.GetLength());
     // A list without columns keeps the text all the same.
-    ListItem* item = MakeItem(std::max(GetColumnCount(), 1U));
-    if (!item || !ReplaceText(item->SubItems()->text, text) || !ReserveRow() || !AddItem(position, item)) {
+    gesso::BlockPool* pool = FillPool();
+    ListItem* item = gesso::MakeListItem(std::max(GetColumnCount(), 1U), pool);
+    if (!item || !gesso::ReplaceItemText(item->SubItems()->text, text, pool) || !ReserveRow() ||
+        !AddItem(position, item))
+    {
         ReleaseItem(item);
         return NO_INDEX;
     }
@@ -481,14 +484,13 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
 // Null without memory.
 ListItem* GList::MakeItem(UINT subItemCount)
 {
-    void* block = gesso::TryAllocate(sizeof(ListItem) + subItemCount * sizeof(ListSubItem));
-    if (!block) {
-        return nullptr;
-    }
-    auto* item = new (block) ListItem();
-    std::fill_n(item->SubItems(), subItemCount, ListSubItem());
-    item->subItemCount = subItemCount;
-    return item;
+    return gesso::MakeListItem(subItemCount, nullptr);
+}
+
+// Where the blocks of a bulk fill lie; null for none.
+gesso::BlockPool* GList::FillPool() const
+{
+    return bulkInsert ? &m_inside->fillPool : nullptr;
 }
 
 // False without memory.
@@ -505,10 +507,10 @@ bool GList::AddItem(UINT position, ListItem* item)
 void GList::ReleaseItem(ListItem* item)
 {
     for (UINT subItem = 0; item && subItem < item->subItemCount; ++subItem) {
-        gesso::FreeText(item->SubItems()[subItem].text);
+        gesso::FreeItemText(item->SubItems()[subItem].text);
         FreeText(item->SubItems()[subItem].prepared);
     }
-    gesso::Free(item);
+    gesso::FreeListItem(item);
 }
 
 void GList::RemoveItem(UINT item)
@@ -652,7 +654,7 @@ void GList::SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT i
 // False, with nothing done, without memory.
 bool GList::StoreText(ListSubItem& sub, UINT column, LPCWSTR text)
 {
-    if (!ReplaceText(sub.text, text)) {
+    if (!gesso::ReplaceItemText(sub.text, text, FillPool())) {
         return false;
     }
     FreeText(std::exchange(sub.prepared, nullptr));

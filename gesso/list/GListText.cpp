@@ -129,5 +129,6 @@ void GList::BulkInsertOff()
             }
         }
     }
+    m_inside->fillPool.Close();
     Calculate();
 }

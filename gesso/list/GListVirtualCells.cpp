@@ -52,12 +52,10 @@ UINT BitsOf(int type)
 // A text that there is no memory for is asked for again.
 void Store(ListSubItem& cell, UINT bit, LPCWSTR text, UINT number)
 {
-    LPWSTR copy = text ? gesso::CopyText(text) : nullptr;
-    if (text && !copy) {
-        return;
-    }
     if (bit == CELL_TEXT) {
-        gesso::FreeText(std::exchange(cell.text, copy));
+        if (!gesso::ReplaceItemText(cell.text, text, nullptr)) {
+            return;
+        }
     } else if (bit == CELL_IMAGE) {
         cell.image = number;
     } else {

@@ -3,6 +3,7 @@
 
 #include <gesso/framework/TypeAhead.h>
 #include <gesso/list/GList.h>
+#include <gesso/list/ListBlocks.h>
 #include <gesso/list/ListGeometry.h>
 #include <gesso/list/ListTexts.h>
 #include <gesso/list/VirtualList.h>
@@ -165,6 +166,7 @@ struct ListInside
     UINT itemChanges = 0;       // counts insertions and removals
     ListItemTracks tracks;
     ListTexts texts;
+    BlockPool fillPool;
     ListRenaming renaming;
     SelectionChange selection;
     SelectedSpan selected;

@@ -5,7 +5,6 @@
 #include <gesso/text/TextArrays.h>
 
 #include <algorithm>
-#include <atomic>
 #include <new>
 #include <utility>
 
@@ -30,7 +29,7 @@ public:
     SharedArrays arrays;
 
 private:
-    std::atomic<UINT> m_shares = 1;
+    UINT m_shares = 1;
 };
 
 namespace {
@@ -40,10 +39,11 @@ constexpr UINT FIRST_PLACES = 256;
 constexpr UINT MOST_PLACES = 1U << 16;
 constexpr UINT PLACES_TRIED = 8;
 
-// What a pair is to the list: hosts see its beginning. Where it has a kit, two buffers stand behind it.
+// What a pair is to the list: hosts see its beginning. Where it has a kit, two buffers stand behind it. A
+// list is of one thread at a time, and its pairs are no other list's.
 struct CountedPair : ListTextPair
 {
-    std::atomic<UINT> shares{1};
+    UINT shares = 1;
     ListTextKit* kit = nullptr;
 };
 static_assert(sizeof(CountedPair) % 8 == 0);
@@ -66,7 +66,11 @@ bool IsPlain(LPCWSTR text, UINT length)
 
 ListTextPair* MakePair()
 {
-    return new (Allocate(sizeof(CountedPair))) CountedPair();
+    void* const block = BlockPool::TryAllocate(nullptr, sizeof(CountedPair));
+    if (!block) {
+        OutOfMemory();
+    }
+    return new (block) CountedPair();
 }
 
 void ReleasePair(ListTextPair* pair)
@@ -80,13 +84,90 @@ void ReleasePair(ListTextPair* pair)
     if (counted->kit) {
         counted->kit->Release();
     }
-    Free(counted);
+    BlockPool::Free(counted);
+}
+
+// --- RecentTexts
+
+struct RecentTexts::Table
+{
+    static constexpr UINT PLACES = 64;
+    static constexpr UINT LONGEST = 24; // characters: what repeats itself is short
+    static constexpr UINT MARKS = 256;
+    static constexpr UINT MARK_SHIFT = 16;
+
+    struct Entry
+    {
+        UINT hash;
+        UINT format;
+        UINT length;
+        std::array<wchar_t, LONGEST> text;
+        CountedPair* pair; // null for none
+
+        bool Is(UINT otherHash, LPCWSTR other, UINT otherLength, UINT otherFormat) const
+        {
+            return pair && hash == otherHash && length == otherLength && format == otherFormat &&
+                   std::memcmp(text.data(), other, length * sizeof(*other)) == 0;
+        }
+    };
+    // Whether such a text has come before, and is not forgotten for another one.
+    bool HasMet(UINT hash)
+    {
+        const auto mark = static_cast<WORD>(hash >> MARK_SHIFT);
+        return std::exchange(marks[hash % MARKS], mark) == mark;
+    }
+
+    std::array<Entry, PLACES> entries;
+    std::array<WORD, MARKS> marks;
+};
+
+ListTextPair* RecentTexts::Find(UINT hash, LPCWSTR text, UINT length, UINT format, int lineHeight)
+{
+    if (std::exchange(m_lineHeight, lineHeight) != lineHeight) {
+        Forget();
+    }
+    if (!m_table || length > Table::LONGEST) {
+        return nullptr;
+    }
+    const Table::Entry& entry = m_table->entries[hash % Table::PLACES];
+    if (!entry.Is(hash, text, length, format)) {
+        return nullptr;
+    }
+    ++entry.pair->shares;
+    return entry.pair;
+}
+
+void RecentTexts::Note(UINT hash, LPCWSTR text, UINT length, UINT format, ListTextPair* pair)
+{
+    auto* const counted = static_cast<CountedPair*>(pair);
+    if (!counted->kit || length > Table::LONGEST) {
+        return;
+    }
+    m_table = m_table ? m_table : AllocateArray<Table>(1);
+    if (!m_table || !m_table->HasMet(hash)) {
+        return;
+    }
+    Table::Entry& entry = m_table->entries[hash % Table::PLACES];
+    ReleasePair(entry.pair);
+    ++counted->shares;
+    entry = {hash, format, length, {}, counted};
+    std::copy_n(text, length, entry.text.data());
+}
+
+void RecentTexts::Forget()
+{
+    Table* const table = std::exchange(m_table, nullptr);
+    for (UINT n = 0; table && n < Table::PLACES; ++n) {
+        ReleasePair(table->entries[n].pair);
+    }
+    Free(table);
 }
 
 // --- ListTexts
 
 void ListTexts::Forget()
 {
+    m_recent.Forget();
     if (m_kit) {
         std::exchange(m_kit, nullptr)->Release();
     }
@@ -183,10 +264,10 @@ ListTextPass::~ListTextPass()
 ListTextPair* ListTextPass::Prepare(LPCWSTR text, UINT format)
 {
     const auto length = static_cast<UINT>(TextLength(text));
-    if (m_extent == Extent::One) {
-        return PrepareAnew(text, length, format);
-    }
     const UINT hash = HashOf(text, length * sizeof(*text)) ^ format;
+    if (m_extent == Extent::One) {
+        return PrepareOne(hash, text, length, format);
+    }
     Known* const known = Find(hash, text, length, format);
     if (known && known->text) {
         ++known->pair->shares;
@@ -198,6 +279,16 @@ ListTextPair* ListTextPass::Prepare(LPCWSTR text, UINT format)
         *known = {hash, format, length, text, counted};
         ++m_used;
     }
+    return pair;
+}
+
+ListTextPair* ListTextPass::PrepareOne(UINT hash, LPCWSTR text, UINT length, UINT format)
+{
+    if (ListTextPair* const pair = m_texts.m_recent.Find(hash, text, length, format, m_lineHeight)) {
+        return pair;
+    }
+    ListTextPair* const pair = PrepareAnew(text, length, format);
+    m_texts.m_recent.Note(hash, text, length, format, pair);
     return pair;
 }
 
@@ -278,7 +369,8 @@ ListTextPair* ListTextPass::Pack(LPCWSTR text, UINT length, UINT format)
             return nullptr;
         }
     }
-    std::byte* const block = PackTexts(sizeof(CountedPair), m_spaces[0].Arrays(), m_kit->fonts[0].cache,
+    BlockPool* const pool = m_extent == Extent::Many ? &m_pool : nullptr;
+    std::byte* const block = PackTexts(pool, sizeof(CountedPair), m_spaces[0].Arrays(), m_kit->fonts[0].cache,
                                        m_spaces[1].Arrays(), m_kit->fonts[1].cache, m_kit->arrays);
     if (!block) {
         return nullptr;

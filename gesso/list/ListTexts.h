@@ -2,6 +2,7 @@
 // and what a font needs for it is kept from one text to the next.
 #pragma once
 
+#include <gesso/containers/BlockPool.h>
 #include <gesso/list/ListRecords.h>
 #include <gesso/text/TextSpace.h>
 
@@ -17,6 +18,28 @@ void ReleasePair(ListTextPair* pair);
 
 // What pairs of the same fonts have in common, until the last one goes.
 class ListTextKit;
+
+// Texts that came in one by one of late, and their pairs: those that had come before, so that what differs
+// from all others is not kept.
+class RecentTexts
+{
+public:
+    RecentTexts() = default;
+    ~RecentTexts() { Forget(); }
+    RecentTexts(const RecentTexts&) = delete;
+    RecentTexts& operator=(const RecentTexts&) = delete;
+
+    // A share in the pair of the text, null where it is not kept. Texts of another line height are forgotten.
+    ListTextPair* Find(UINT hash, LPCWSTR text, UINT length, UINT format, int lineHeight);
+    void Note(UINT hash, LPCWSTR text, UINT length, UINT format, ListTextPair* pair);
+    void Forget();
+
+private:
+    struct Table;
+
+    Table* m_table = nullptr; // null until there is a text
+    int m_lineHeight = 0;
+};
 
 // What a list keeps of its fonts between passes.
 class ListTexts
@@ -49,6 +72,7 @@ private:
 
     Key m_key{};
     ListTextKit* m_kit = nullptr; // null for none
+    RecentTexts m_recent;
 };
 
 // The contexts of a pass, one a font: to change the font of a context costs as much as to shape a text.
@@ -98,6 +122,7 @@ public:
 private:
     struct Known;
 
+    ListTextPair* PrepareOne(UINT hash, LPCWSTR text, UINT length, UINT format);
     ListTextPair* PrepareAnew(LPCWSTR text, UINT length, UINT format);
     ListTextPair* Pack(LPCWSTR text, UINT length, UINT format);
     Known* Find(UINT hash, LPCWSTR text, UINT length, UINT format);
@@ -109,6 +134,7 @@ private:
     Extent m_extent;
     ListTextContexts m_contexts;
     std::array<TextSpace, 2> m_spaces;
+    BlockPool m_pool; // of many texts
     Known* m_table = nullptr;
     UINT m_places = 0;
     UINT m_used = 0;

@@ -214,8 +214,9 @@ void* SharedArrays::Find(const void* pBytes, size_t cb)
     return pKept;
 }
 
-std::byte* PackTexts(size_t cbFront, const stcDrawTextBuffer& first, SCRIPT_CACHE firstCache,
-                     const stcDrawTextBuffer& second, SCRIPT_CACHE secondCache, SharedArrays& shared)
+std::byte* PackTexts(BlockPool* pPool, size_t cbFront, const stcDrawTextBuffer& first,
+                     SCRIPT_CACHE firstCache, const stcDrawTextBuffer& second, SCRIPT_CACHE secondCache,
+                     SharedArrays& shared)
 {
     Arrays a = ArraysOf(first);
     Arrays b = ArraysOf(second);
@@ -229,7 +230,7 @@ std::byte* PackTexts(size_t cbFront, const stcDrawTextBuffer& first, SCRIPT_CACH
         }
         cb += (a[n].pShared ? 0 : a[n].cb) + (b[n].pShared || alike[n] ? 0 : b[n].cb);
     }
-    auto* const pBlock = static_cast<std::byte*>(TryAllocate(cb));
+    auto* const pBlock = static_cast<std::byte*>(BlockPool::TryAllocate(pPool, cb));
     if (!pBlock) {
         return nullptr;
     }

@@ -2,6 +2,7 @@
 // block, and what many texts have in common is kept once.
 #pragma once
 
+#include <gesso/containers/BlockPool.h>
 #include <gesso/text/CDrawText.h>
 
 #include <array>
@@ -57,8 +58,10 @@ private:
 UINT HashOf(const void* pBytes, size_t cb);
 
 // A new block that begins with `cbFront` bytes, a multiple of 8, for the caller; behind them stand the two
-// buffers, as PrepareInSpace has left them, with a cache each that is not theirs. Null without memory.
-std::byte* PackTexts(size_t cbFront, const stcDrawTextBuffer& first, SCRIPT_CACHE firstCache,
-                     const stcDrawTextBuffer& second, SCRIPT_CACHE secondCache, SharedArrays& shared);
+// buffers, as PrepareInSpace has left them, with a cache each that is not theirs. It lies in a pool; null for
+// none. BlockPool::Free gives it back. Null without memory.
+std::byte* PackTexts(BlockPool* pPool, size_t cbFront, const stcDrawTextBuffer& first,
+                     SCRIPT_CACHE firstCache, const stcDrawTextBuffer& second, SCRIPT_CACHE secondCache,
+                     SharedArrays& shared);
 
 } // namespace gesso

@@ -157,11 +157,33 @@ TEST_F(ListTexts, EqualOnesGoTheirOwnWays)
         [&] { list.Sort(0, true); },
         [&] { list.RemoveItem(0); },
     };
-    MakeRows(true);
-    for (const auto& change : changes) {
-        change();
-        ExpectAllAsAlone();
+    for (const bool fBulk : {true, false}) {
+        MakeRows(fBulk);
+        for (const auto& change : changes) {
+            change();
+            ExpectAllAsAlone();
+        }
+        DestroyWindow(list);
+        Renew();
     }
+    MakeRows(true);
+}
+
+TEST_F(ListTexts, EqualOnesThatComeOneByOneAreOne)
+{
+    MakeFilledList(1, 2);
+    for (int n = 0; n < 4; ++n) {
+        list.InsertItem(END, 0, nullptr, 0, L"Document", 0);
+    }
+    EXPECT_EQ(At(4, 0).prepared, At(5, 0).prepared);
+    ListTextPair* const shared = At(5, 0).prepared;
+    list.SetColumnFormat(0, DT_RIGHT);
+    list.InsertItem(END, 0, nullptr, 0, L"Document", 0);
+    EXPECT_NE(At(6, 0).prepared, shared);
+    ExpectAsAlone(6, 0);
+    list.RemoveItem(5);
+    list.RemoveItem(4);
+    ExpectAsAlone(3, 0);
 }
 
 TEST_F(ListTexts, OthersFontsMakeOtherTexts)
