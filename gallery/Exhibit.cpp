@@ -1,6 +1,8 @@
 #include <gallery/Exhibit.h>
 #include <gallery/Picture.h>
 
+#include <utility>
+
 namespace gallery {
 namespace {
 
@@ -12,6 +14,7 @@ struct Order
     const Exhibit& exhibit;
     LPCWSTR pszPath;
     HWND hwndOwner;
+    bool fPainted = false; // what a part of the screen shows
     bool fDone = false;
     bool fSaved = false;
 };
@@ -29,6 +32,12 @@ void SaveDialog(HWND hDlg)
     EndDialog(hDlg, IDCANCEL);
 }
 
+BOOL CALLBACK PaintNow(HWND hwnd, LPARAM)
+{
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    return TRUE;
+}
+
 // Escape closes the list of a combo box.
 void SavePart()
 {
@@ -42,6 +51,12 @@ void CALLBACK TakePicture(HWND hwnd, UINT, UINT_PTR uTimer, DWORD)
     const bool fPart = !IsRectEmpty(&s_pOrder->exhibit.rcPart);
     // A busy machine lets the timer come before the dialog, which is shown when nothing waits any more.
     if (!fPart && (hDlg == s_pOrder->hwndOwner || !IsWindowVisible(hDlg))) {
+        return;
+    }
+    // What has been painted is on the screen when nothing waits again.
+    if (fPart && !std::exchange(s_pOrder->fPainted, true)) {
+        EnumThreadWindows(GetCurrentThreadId(), &PaintNow, 0);
+        GdiFlush();
         return;
     }
     KillTimer(hwnd, uTimer);

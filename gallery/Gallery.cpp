@@ -54,6 +54,14 @@ bool LeaveField(HWND hwndTop, const MSG& msg)
     return true;
 }
 
+// Until nothing waits to be painted.
+void Settle(HWND hwnd)
+{
+    HandleMessagesUntilIdle();
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    GdiFlush();
+}
+
 // Says where a picture went. False where it could not be saved.
 bool Tell(bool fSaved, const std::wstring& path)
 {
@@ -226,6 +234,7 @@ void Gallery::ShowCues() const
 
 bool Gallery::SavePictures()
 {
+    SetCaretBlinkTime(INFINITE); // a blinking caret would be there in every other picture
     bool fSaved = true;
     for (int i = 0; i < PAGE_COUNT; i++) {
         ShowPage(i);
@@ -234,6 +243,7 @@ bool Gallery::SavePictures()
             WaitMessage();
             HandleMessagesUntilIdle();
         }
+        Settle(m_hwnd);
         const std::wstring path = PicturePath(m_options.pictureDir, PAGES[i].pszName);
         fSaved = Tell(SavePicture(m_hwnd, path.c_str()), path) && fSaved;
         fSaved = SaveExhibits() && fSaved;

@@ -32,6 +32,20 @@ constexpr SampleFile FILES[] = {
     {L"Shopping list.txt", 96},
 };
 
+// Files and folders alike: the same date wherever and whenever they are made.
+void SetDate(const std::wstring& path)
+{
+    const SYSTEMTIME noon{2026, 3, 0, 14, 12, 0, 0, 0};
+    FILETIME time{};
+    SystemTimeToFileTime(&noon, &time);
+    const HANDLE hFile = CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING,
+                                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (hFile != INVALID_HANDLE_VALUE) {
+        SetFileTime(hFile, nullptr, nullptr, &time);
+        CloseHandle(hFile);
+    }
+}
+
 void MakeFile(const std::wstring& path, LONG lSize)
 {
     const HANDLE hFile = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
@@ -63,6 +77,9 @@ std::wstring SampleFolder()
         } else {
             MakeFile(full, file.lSize);
         }
+    }
+    for (const SampleFile& file : FILES) {
+        SetDate(path + L"\\" + file.pszName);
     }
     return path;
 }

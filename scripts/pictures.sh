@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Takes the pictures of docs/pictures anew, so that they show what the library shows.
 #
-#   scripts/pictures.sh     all that are there already; a new one is copied once from `scripts/gallery.sh --shots`
+#   scripts/pictures.sh     all that are there, with which scripts/test.sh compares what the gallery shows; the page
+#                           "Explorer" is not among them, since it shows the name of the user
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 

@@ -15,7 +15,7 @@ declare -A PACKAGES=(
     [run]="wine64 fonts-wine fonts-open-sans fonts-crosextra-carlito fonts-dejavu-core fonts-noto-core fonts-vlgothic fonts-symbola
            xvfb xdotool libxrender1 libxcursor1 libxcomposite1 libxfixes3 libxi6 libxinerama1 libxrandr2
            libxxf86vm1"
-    [test]="clang-format python3 unicode-data"
+    [test]="clang-format python3 python3-pil unicode-data"
     [lint]="clang clang-tidy cppcheck libclang-rt-14-dev llvm python3"
 )
 

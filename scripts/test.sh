@@ -201,6 +201,7 @@ step_e2e() {
     GESSO_WINE=$WINE GESSO_GALLERY=build/windows/bin/gallery.exe \
         run_tests e2e timeout --kill-after=10 600 python3 tests/e2e/run.py
     check "the gallery saves a picture of every page" pictures_of_every_page
+    check "the pages look as in docs/pictures" scripts/compare-pictures.py docs/pictures "$BUILD/shots"
 }
 
 # Each picture has to show something: an empty window makes a much smaller file, and that of a dialog or of a part of

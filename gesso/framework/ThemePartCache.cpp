@@ -11,7 +11,7 @@ namespace gesso {
 namespace {
 
 constexpr UINT MOST_ENTRIES = 48;
-constexpr size_t MOST_PIXELS = size_t{1024} * 1024; // of all entries together
+constexpr size_t MOST_PIXELS = size_t{512} * 1024; // of all entries together: two megabytes
 constexpr LONG LONGEST_SIDE = 4096;
 constexpr BYTE DARKEST = 0; // of every channel
 constexpr BYTE LIGHTEST = 0xFF;

@@ -111,14 +111,14 @@ TEST_F(ThemePartCacheTest, EntryGoesWithItsThemeHandle)
 
 TEST_F(ThemePartCacheTest, ThoseOfLongAgoMakeRoomForOthers)
 {
-    constexpr int LARGE = 1000; // a million pixels: one such part is all there is room for
+    constexpr int LARGE = 700; // one such part is all there is room for
     Draw();
     Draw(1, {0, 0, LARGE, LARGE});
-    EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,1000,1000) 0x0101");
+    EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,700,700) 0x0101");
     Draw(2, {0, 0, LARGE, LARGE});
-    EXPECT_EQ(Draw(2, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,1000,1000) 0x0102");
-    EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "DrawThemeBackground HEADER 1 1 (0,0,1000,1000)");
-    EXPECT_EQ(Draw(1, {0, 0, LARGE, 2 * LARGE}), "DrawThemeBackground HEADER 1 1 (0,0,1000,2000)");
+    EXPECT_EQ(Draw(2, {0, 0, LARGE, LARGE}), "SetDIBitsToDevice (0,0,700,700) 0x0102");
+    EXPECT_EQ(Draw(1, {0, 0, LARGE, LARGE}), "DrawThemeBackground HEADER 1 1 (0,0,700,700)");
+    EXPECT_EQ(Draw(1, {0, 0, LARGE, 2 * LARGE}), "DrawThemeBackground HEADER 1 1 (0,0,700,1400)");
     for (int cx = 1; cx <= 60; cx++) {
         Draw(1, {0, 0, cx, 1});
     }
