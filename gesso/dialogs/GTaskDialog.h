@@ -1,8 +1,8 @@
 // GTaskDialog: the library's task dialog and message box. A host calls one of the three static functions;
 // each runs a modal dialog and gives back the id of the button that ended it. Esc and the close box end it
-// with IDCANCEL, also where no Cancel button is shown. The button labels are German. In Modern texts are
-// shown as they are, ampersands too, Ctrl+C copies them, and a dialog grows no larger than its monitor's work
-// area: what is beyond scrolls by wheel and keys.
+// with IDCANCEL, also where no Cancel button is shown. The button labels are the library's (Language.h). In
+// Modern texts are shown as they are, ampersands too, Ctrl+C copies them, and a dialog grows no larger than
+// its monitor's work area: what is beyond scrolls by wheel and keys.
 #pragma once
 
 #include <gesso/dialogs/GDialog.h>

@@ -29,7 +29,7 @@ constinit const Language ARABIC = MakeLanguage(
      {TextId::CertificateShow, L"عرض الشهادة..."},
      {TextId::CertificateQuestion, L"هل تريد المتابعة؟"},
      {TextId::CertificateDontAsk, L"عدم السؤال مرة أخرى عن الاتصالات بهذا الكمبيوتر."},
-     {TextId::SecureHeader, L"تعريف الاتصال"},
+     {TextId::SecureHeader, L"هوية الاتصال"},
      {TextId::UntrustedHeader, L"شهادة غير موثوق بها"},
      {TextId::InvalidHeader, L"شهادة غير صالحة"},
      {TextId::SecureStatus, L"الاتصال آمن."},
@@ -38,15 +38,15 @@ constinit const Language ARABIC = MakeLanguage(
      {TextId::InvalidStatus,
       L"تعذرت مصادقة الكمبيوتر البعيد بسبب مشكلات في شهادة الأمان الخاصة به. لا يمكن المتابعة."},
      {TextId::FailureNone, L"الشهادة صالحة وموثوق بها."},
-     {TextId::FailureUntrusted, L"الشهادة أو جذرها غير موثوق به."},
+     {TextId::FailureUntrusted, L"الشهادة، أو الشهادة الجذر الخاصة بها، غير موثوق بها."},
      {TextId::FailureUsage, L"يتم استخدام الشهادة لغرض غير مخصصة له."},
      {TextId::FailureName, L"الاسم الموجود في الشهادة لا يطابق الاسم المطلوب."},
      {TextId::FailureNoRevocationList, L"لم يتم البحث عن قائمة إبطال أو لم يتم العثور عليها."},
      {TextId::FailureExpired, L"انتهت صلاحية الشهادة."},
-     {TextId::FailureNotYetValid, L"الشهادة غير صالحة بعد."},
+     {TextId::FailureNotYetValid, L"لم تصبح الشهادة صالحة بعد."},
      {TextId::FailureTimeNesting, L"فترات الصلاحية في سلسلة الشهادات غير متداخلة بشكل صحيح."},
      {TextId::FailureInvalid, L"الشهادة غير صالحة: يوجد خطأ في سلسلتها أو توقيعاتها أو محتواها."},
      {TextId::FailureRevoked, L"تم إبطال الشهادة."},
-     {TextId::FailureDistrusted, L"الشهادة غير موثوق بها بشكل صريح على هذا الكمبيوتر."}});
+     {TextId::FailureDistrusted, L"تم تعيين الشهادة صراحة كشهادة غير موثوق بها على هذا الكمبيوتر."}});
 
 } // namespace gesso

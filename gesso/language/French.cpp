@@ -27,7 +27,7 @@ constinit const Language FRENCH = MakeLanguage(
      {TextId::Delete, L"&Supprimer"},
      {TextId::SelectAll, L"Sélectionner &tout"},
      {TextId::CertificateShow, L"Afficher le certificat..."},
-     {TextId::CertificateQuestion, L"Voulez-vous continuer ?"},
+     {TextId::CertificateQuestion, L"Voulez-vous continuer\u00A0?"},
      {TextId::CertificateDontAsk, L"Ne plus me demander pour les connexions à cet ordinateur."},
      {TextId::SecureHeader, L"Identification de la connexion"},
      {TextId::UntrustedHeader, L"Certificat non approuvé"},
@@ -46,9 +46,10 @@ constinit const Language FRENCH = MakeLanguage(
      {TextId::FailureNotYetValid, L"Le certificat n’est pas encore valide."},
      {TextId::FailureTimeNesting,
       L"Les périodes de validité de la chaîne de certificats ne s’imbriquent pas correctement."},
-     {TextId::FailureInvalid,
-      L"Le certificat n’est pas valide : sa chaîne, ses signatures ou son contenu présentent une erreur."},
+     {TextId::FailureInvalid, L"Le certificat n’est pas valide\u00A0: sa chaîne, ses signatures ou son "
+                              L"contenu présentent une erreur."},
      {TextId::FailureRevoked, L"Le certificat a été révoqué."},
-     {TextId::FailureDistrusted, L"Le certificat est explicitement refusé sur cet ordinateur."}});
+     {TextId::FailureDistrusted,
+      L"Le certificat est explicitement marqué comme non approuvé sur cet ordinateur."}});
 
 } // namespace gesso

@@ -40,7 +40,7 @@ constinit const Language JAPANESE = MakeLanguage(
                              L"コンピューターを認証できませんでした。続行することはできません。"},
      {TextId::FailureNone, L"証明書は有効であり、信頼されています。"},
      {TextId::FailureUntrusted, L"証明書またはそのルートが信頼されていません。"},
-     {TextId::FailureUsage, L"証明書が目的外で使用されています。"},
+     {TextId::FailureUsage, L"証明書が本来の目的以外に使用されています。"},
      {TextId::FailureName, L"証明書の名前が、要求された名前と一致しません。"},
      {TextId::FailureNoRevocationList, L"証明書失効リストが検索されなかったか、見つかりませんでした。"},
      {TextId::FailureExpired, L"証明書の有効期限が切れています。"},

@@ -41,7 +41,7 @@ constinit const Language POLISH = MakeLanguage(
      {TextId::FailureUntrusted, L"Certyfikat lub jego certyfikat główny nie jest zaufany."},
      {TextId::FailureUsage, L"Certyfikat jest używany niezgodnie z przeznaczeniem."},
      {TextId::FailureName, L"Nazwa w certyfikacie nie odpowiada żądanej nazwie."},
-     {TextId::FailureNoRevocationList, L"Nie wyszukano lub nie znaleziono listy odwołania certyfikatów."},
+     {TextId::FailureNoRevocationList, L"Nie szukano listy odwołania certyfikatów lub jej nie znaleziono."},
      {TextId::FailureExpired, L"Certyfikat wygasł."},
      {TextId::FailureNotYetValid, L"Certyfikat nie jest jeszcze ważny."},
      {TextId::FailureTimeNesting, L"Okresy ważności w łańcuchu certyfikatów są nieprawidłowo zagnieżdżone."},

@@ -38,9 +38,10 @@ constinit const Language PORTUGUESE = MakeLanguage(
                                     L"o certificado de segurança. Não é possível continuar."},
             {TextId::FailureNone, L"O certificado é válido e confiável."},
             {TextId::FailureUntrusted, L"O certificado, ou a raiz dele, não é confiável."},
-            {TextId::FailureUsage, L"O certificado é usado para uma finalidade não prevista."},
+            {TextId::FailureUsage, L"O certificado está sendo usado para uma finalidade não prevista."},
             {TextId::FailureName, L"O nome no certificado não corresponde ao solicitado."},
-            {TextId::FailureNoRevocationList, L"Nenhuma lista de revogação foi procurada ou encontrada."},
+            {TextId::FailureNoRevocationList,
+             L"Nenhuma lista de certificados revogados foi procurada ou encontrada."},
             {TextId::FailureExpired, L"O certificado expirou."},
             {TextId::FailureNotYetValid, L"O certificado ainda não é válido."},
             {TextId::FailureTimeNesting,
@@ -48,6 +49,7 @@ constinit const Language PORTUGUESE = MakeLanguage(
             {TextId::FailureInvalid,
              L"O certificado é inválido: há um erro na cadeia, nas assinaturas ou no conteúdo dele."},
             {TextId::FailureRevoked, L"O certificado foi revogado."},
-            {TextId::FailureDistrusted, L"O certificado é explicitamente não confiável neste computador."}});
+            {TextId::FailureDistrusted,
+             L"O certificado foi explicitamente marcado como não confiável neste computador."}});
 
 } // namespace gesso

@@ -20,7 +20,7 @@ constinit const Language RUSSIAN = MakeLanguage(
      {TextId::WizardFinish, L"Готово"},
      {TextId::WizardCancel, L"Отмена"},
      {TextId::Undo, L"&Отменить"},
-     {TextId::Redo, L"&Повторить"},
+     {TextId::Redo, L"Ве&рнуть"},
      {TextId::Cut, L"&Вырезать"},
      {TextId::Copy, L"&Копировать"},
      {TextId::Paste, L"Вст&авить"},
@@ -30,7 +30,7 @@ constinit const Language RUSSIAN = MakeLanguage(
      {TextId::CertificateQuestion, L"Вы хотите продолжить?"},
      {TextId::CertificateDontAsk, L"Больше не спрашивать о подключениях к этому компьютеру."},
      {TextId::SecureHeader, L"Идентификация подключения"},
-     {TextId::UntrustedHeader, L"Ненадежный сертификат"},
+     {TextId::UntrustedHeader, L"Недоверенный сертификат"},
      {TextId::InvalidHeader, L"Недействительный сертификат"},
      {TextId::SecureStatus, L"Подключение защищено."},
      {TextId::UntrustedStatus, L"Не удалось проверить подлинность удаленного компьютера из-за проблем с "

@@ -11,7 +11,7 @@ constinit const Language SIMPLIFIED_CHINESE = MakeLanguage(
      {TextId::Abort, L"中止"},
      {TextId::Retry, L"重试"},
      {TextId::Ignore, L"忽略"},
-     {TextId::TryAgain, L"再试一次"},
+     {TextId::TryAgain, L"重试"},
      {TextId::Continue, L"继续"},
      {TextId::Close, L"关闭"},
      {TextId::Help, L"帮助"},
@@ -27,7 +27,7 @@ constinit const Language SIMPLIFIED_CHINESE = MakeLanguage(
      {TextId::Delete, L"删除(&D)"},
      {TextId::SelectAll, L"全选(&A)"},
      {TextId::CertificateShow, L"查看证书..."},
-     {TextId::CertificateQuestion, L"是否继续?"},
+     {TextId::CertificateQuestion, L"是否继续？"},
      {TextId::CertificateDontAsk, L"不再询问我是否连接到此计算机"},
      {TextId::SecureHeader, L"连接标识"},
      {TextId::UntrustedHeader, L"不受信任的证书"},
@@ -43,7 +43,7 @@ constinit const Language SIMPLIFIED_CHINESE = MakeLanguage(
      {TextId::FailureExpired, L"证书已过期。"},
      {TextId::FailureNotYetValid, L"证书尚未生效。"},
      {TextId::FailureTimeNesting, L"证书链的有效期嵌套不正确。"},
-     {TextId::FailureInvalid, L"证书无效: 其证书链、签名或内容有错误。"},
+     {TextId::FailureInvalid, L"证书无效：其证书链、签名或内容有错误。"},
      {TextId::FailureRevoked, L"证书已被吊销。"},
      {TextId::FailureDistrusted, L"此计算机明确不信任该证书。"}});
 

@@ -49,6 +49,6 @@ constinit const Language SPANISH = MakeLanguage(
              L"El certificado no es válido: hay un error en su cadena, en sus firmas o en su contenido."},
             {TextId::FailureRevoked, L"El certificado se ha revocado."},
             {TextId::FailureDistrusted,
-             L"Se ha retirado explícitamente la confianza en el certificado en este equipo."}});
+             L"En este equipo se ha indicado explícitamente que el certificado no es de confianza."}});
 
 } // namespace gesso

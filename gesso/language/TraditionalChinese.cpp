@@ -27,8 +27,8 @@ constinit const Language TRADITIONAL_CHINESE = MakeLanguage(
      {TextId::Delete, L"刪除(&D)"},
      {TextId::SelectAll, L"全選(&A)"},
      {TextId::CertificateShow, L"檢視憑證..."},
-     {TextId::CertificateQuestion, L"您要繼續嗎?"},
-     {TextId::CertificateDontAsk, L"不要再詢問與這部電腦的連線"},
+     {TextId::CertificateQuestion, L"您要繼續嗎？"},
+     {TextId::CertificateDontAsk, L"不要再詢問我是否連線到這部電腦"},
      {TextId::SecureHeader, L"連線識別"},
      {TextId::UntrustedHeader, L"不受信任的憑證"},
      {TextId::InvalidHeader, L"無效的憑證"},
@@ -43,7 +43,7 @@ constinit const Language TRADITIONAL_CHINESE = MakeLanguage(
      {TextId::FailureExpired, L"憑證已過期。"},
      {TextId::FailureNotYetValid, L"憑證尚未生效。"},
      {TextId::FailureTimeNesting, L"憑證鏈結的有效期間巢狀結構不正確。"},
-     {TextId::FailureInvalid, L"憑證無效: 其鏈結、簽章或內容有錯誤。"},
+     {TextId::FailureInvalid, L"憑證無效：其鏈結、簽章或內容有錯誤。"},
      {TextId::FailureRevoked, L"憑證已撤銷。"},
      {TextId::FailureDistrusted, L"這部電腦明確不信任該憑證。"}});
 
