@@ -37,6 +37,7 @@ set(GESSO_PUBLIC_HEADERS
   framework/Library.h
   framework/Owned.h
   framework/OwnedHandles.h
+  framework/Scaling.h
   framework/ThemeFont.h
   framework/ThemeHandle.h
   language/Language.h

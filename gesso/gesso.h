@@ -24,6 +24,7 @@
 #include <gesso/framework/GWindow2.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/Scaling.h>
 #include <gesso/language/Language.h>
 #include <gesso/list/GList.h>
 #include <gesso/list/GListNotify.h>

@@ -27,11 +27,11 @@ CANNOT_FAIL = {
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         GetTickCount IsChild IsClipboardFormatAvailable
         IsThemeBackgroundPartiallyTransparent IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
-        GetWindowThreadProcessId WindowFromPoint""",
+        GetWindowThreadProcessId RegisterWindowMessageW RemovePropW WindowFromPoint""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW
-        SendMessageW""",
+        SendMessageW SendNotifyMessageW""",
     "they have no failure to tell": """AcquireSRWLockExclusive EndPaint OutputDebugStringA PostQuitMessage
         ReleaseActCtx ReleaseSRWLockExclusive TranslateMessage TryAcquireSRWLockExclusive""",
 }

@@ -48,6 +48,7 @@ PlacedImage ImageOf(const CheckContent& content)
     const ImageKind kind = ImageKindOf(content.dwStyle);
     if (content.hImage && MeasureImage(kind, content.hImage, &image.size)) {
         image.kind = kind;
+        image.size = TimesIn(content.hwnd, image.size);
         image.side = content.dwStyle & GCS_IMAGERIGHT ? ImageSide::Right : ImageSide::Left;
     }
     return image;
@@ -83,8 +84,7 @@ RECT DrawContent(HDC hdc, const CheckContent& content, const ThemePart& part, co
         image.pt = content.fImageBesideItsPlace
                        ? PlaceImage(&rcText, image.side, image.size, nGap, dwStyle)
                        : ImageBeside(rcText, rcContent, image.side, image.size, nGap, dwStyle);
-        DrawImage(hdc, image.kind, content.hImage, image.pt.x, image.pt.y, image.size.cx, image.size.cy,
-                  dwStyle);
+        DrawImageIn(content.hwnd, hdc, image.kind, content.hImage, image.pt, image.size, dwStyle);
     }
     part.DrawString(content.pszText, uFormat | PrefixFormat(content.dwState), rcText);
     return FocusRect(rcText, image, Pixels(content.hwnd, Metrics::CHECK_FOCUS_MARGIN));
@@ -102,7 +102,7 @@ void DrawCheck(HDC hdc, RECT rc, const CheckContent& content, int nPart, PlainPa
 
     rc = part.ContentOf(rc);
     const int nGap = Pixels(content.hwnd, Metrics::CHECK_BOX_GAP);
-    part.DrawBackground(CutBox(&rc, part.Size(&rc), nGap, content.dwStyle));
+    part.DrawBackground(CutBox(&rc, part.Size(content.hwnd, &rc), nGap, content.dwStyle));
     const RECT rcFocus = DrawContent(hdc, content, part, rc);
     if (ShowsFocus(content.hwnd, content.dwState)) {
         DrawFocusRect(hdc, &rcFocus);

@@ -129,7 +129,7 @@ void GButton::Draw(HDC hdc)
     const LPCWSTR pszText = gesso::TextOrEmpty(m_pszText);
     const ImageKind kind = m_hImage ? gesso::ImageKindOf(dwStyle) : ImageKind::None;
     const ImageSide side = ImageSideOf(dwStyle);
-    const SIZE image{m_cxImage, m_cyImage};
+    const SIZE image = gesso::TimesIn(m_hWnd, {m_cxImage, m_cyImage});
     const int nGap = gesso::Pixels(m_hWnd, gesso::Metrics::IMAGE_GAP);
     const UINT uFormat = dwStyle & GS_MULTILINE ? DT_WORDBREAK : DT_SINGLELINE;
 
@@ -141,7 +141,7 @@ void GButton::Draw(HDC hdc)
     if (kind != ImageKind::None) {
         const POINT pt = fBesideItsPlace ? gesso::PlaceImage(&rcText, side, image, nGap, dwStyle)
                                          : gesso::ImageBeside(rcText, rcContent, side, image, nGap, dwStyle);
-        gesso::DrawImage(hdc, kind, m_hImage, pt.x, pt.y, image.cx, image.cy, dwStyle);
+        gesso::DrawImageIn(m_hWnd, hdc, kind, m_hImage, pt, image, dwStyle);
     }
     part.DrawString(pszText, uFormat | gesso::PrefixFormat(m_dwState), rcText);
     if (gesso::ShowsFocus(m_hWnd, m_dwState)) {

@@ -186,7 +186,7 @@ void GCommandButton::Draw(HDC hdc)
 int GCommandButton::DrawGlyph(HDC hdc, int nState, POINT pt, DWORD dwStyle) const
 {
     const ThemePart glyph(m_hTheme, hdc, BP_COMMANDLINKGLYPH, nState, PlainPart::CommandLinkGlyph);
-    const SIZE size = glyph.Size(nullptr);
+    const SIZE size = glyph.Size(m_hWnd, nullptr);
     if (dwStyle & GCBS_SHIELD) {
         DrawShield(hdc, pt, size, dwStyle);
     }
@@ -195,7 +195,7 @@ int GCommandButton::DrawGlyph(HDC hdc, int nState, POINT pt, DWORD dwStyle) cons
     if (kind == ImageKind::None) {
         glyph.DrawBackground({pt.x, pt.y, pt.x + size.cx, pt.y + size.cy});
     } else if (gesso::MeasureImage(kind, m_hImage, &image)) {
-        gesso::DrawImage(hdc, kind, m_hImage, pt.x, pt.y, image.cx, image.cy, dwStyle);
+        gesso::DrawImageIn(m_hWnd, hdc, kind, m_hImage, pt, gesso::TimesIn(m_hWnd, image), dwStyle);
     }
     return size.cx;
 }
@@ -225,8 +225,8 @@ void GCommandButton::DrawTexts(HDC hdc, const ThemePart& part, const RECT& rcRoo
 void GCommandButton::OpenTheme()
 {
     m_hTheme.Open(m_hWnd, gesso::BUTTON_THEME);
-    m_hFont.Reset(gesso::MakeThemeFont(m_hTheme, BP_COMMANDLINK, TMT_FONT, TITLE_PERCENT));
-    m_hNoteFont.Reset(gesso::MakeThemeFont(m_hTheme, BP_COMMANDLINK, TMT_BODYFONT, NOTE_PERCENT));
+    m_hFont.Reset(gesso::MakeThemeFont(m_hWnd, m_hTheme, BP_COMMANDLINK, TMT_FONT, TITLE_PERCENT));
+    m_hNoteFont.Reset(gesso::MakeThemeFont(m_hWnd, m_hTheme, BP_COMMANDLINK, TMT_BODYFONT, NOTE_PERCENT));
 }
 
 // Fixed behaviour: also the fonts that the host gave go. They would leak in a host that hands them over.

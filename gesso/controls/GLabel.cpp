@@ -174,13 +174,15 @@ void GLabel::DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const
     if (!gesso::MeasureImage(kind, m_hImage, &size)) {
         return;
     }
+    size = gesso::TimesIn(m_hWnd, size);
     Span across = PlaceHorizontally(rc, size.cx, dwStyle);
     Span down = PlaceVertically(rc, size.cy, dwStyle);
     if (!Has(*this, Quirk::LabelImageIsStretched)) {
         across.nExtent = size.cx;
         down.nExtent = size.cy;
     }
-    gesso::DrawImage(hdc, kind, m_hImage, across.nStart, down.nStart, across.nExtent, down.nExtent, dwStyle);
+    gesso::DrawImageIn(m_hWnd, hdc, kind, m_hImage, {across.nStart, down.nStart},
+                       {across.nExtent, down.nExtent}, dwStyle);
 }
 
 void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const

@@ -1,4 +1,5 @@
 #include <gesso/controls/Image.h>
+#include <gesso/framework/Frame.h>
 
 namespace gesso {
 namespace {
@@ -22,6 +23,7 @@ HANDLE Replace(GWnd& wnd, ImageKind kind, HANDLE hNew, const ImageFields& fields
         fields.cxImage = size.cx;
         fields.cyImage = size.cy;
     }
+    ForgetImageDpi(Frame::Handle(wnd));
     wnd.Invalidate(0);
     return hFormer;
 }
@@ -70,6 +72,23 @@ void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int
     const UINT uKind = kind == ImageKind::Icon ? DST_ICON : DST_BITMAP;
     const UINT uState = dwStyle & WS_DISABLED ? DSS_DISABLED : DSS_NORMAL;
     DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, x, y, cx, cy, uKind | uState);
+}
+
+void DrawImageIn(HWND hwnd, HDC hdc, ImageKind kind, HANDLE hImage, POINT pt, SIZE size, DWORD dwStyle)
+{
+    // The platform draws bitmaps as large as they are.
+    const bool fCopy = kind == ImageKind::Bitmap && ImageFactor(hwnd) > 1;
+    const HANDLE hCopy = fCopy ? CopyImage(hImage, IMAGE_BITMAP, size.cx, size.cy, 0) : nullptr;
+    DrawImage(hdc, kind, hCopy ? hCopy : hImage, pt.x, pt.y, size.cx, size.cy, dwStyle);
+    if (hCopy) {
+        DeleteObject(hCopy);
+    }
+}
+
+SIZE TimesIn(HWND hwnd, SIZE size)
+{
+    const int nTimes = ImageFactor(hwnd);
+    return {size.cx * nTimes, size.cy * nTimes};
 }
 
 HICON ReplaceIcon(GWnd& wnd, HICON hIcon, const ImageFields& fields)

@@ -25,6 +25,11 @@ bool MeasureImage(ImageKind kind, HANDLE hImage, SIZE* pSize);
 // DrawStateW at a place and with a size that the control works out; greyed for a disabled window.
 void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int cy, DWORD dwStyle);
 
+// The same in a control's window, where an image that its host gave for fewer dots an inch is drawn some
+// whole times as large: TimesIn is its size there.
+void DrawImageIn(HWND hwnd, HDC hdc, ImageKind kind, HANDLE hImage, POINT pt, SIZE size, DWORD dwStyle);
+SIZE TimesIn(HWND hwnd, SIZE size);
+
 // Where a control holds its image.
 struct ImageFields
 {

@@ -2,8 +2,8 @@
 #include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/framework/Library.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/WindowDpi.h>
 #include <gesso/language/LanguageTable.h>
 
 #include <algorithm>
@@ -32,7 +32,7 @@ int ButtonRow::WidthOf(LPCWSTR pszLabel) const
         return 0;
     }
     const WindowContext context(m_hDlg);
-    const SelectScope font(context, m_hFont ? m_hFont : g_hDefaultFont);
+    const SelectScope font(context, m_hFont ? m_hFont : DefaultFontOf(m_hDlg));
     RECT rc{};
     DrawTextW(context, pszLabel, -1, &rc, DT_CALCRECT | DT_SINGLELINE);
     return rc.right - rc.left + 2 * m_nGap;
@@ -59,7 +59,12 @@ void ButtonRow::Make(GButton& button, int nPlace, int nId, LPCWSTR pszLabel, DWO
 void ButtonRow::MakeAt(GButton& button, int x, int cx, int nId, LPCWSTR pszLabel, DWORD dwStyle) const
 {
     // Tells the dialog, which may end there and delete the button.
-    const HWND hwnd = button.Create(x, m_y, cx, m_size.cy, m_hDlg, nId, pszLabel, 0, dwStyle);
+    HWND hwnd = button.GetHwnd();
+    if (hwnd) {
+        button.MoveWindow(x, m_y, cx, m_size.cy);
+    } else {
+        hwnd = button.Create(x, m_y, cx, m_size.cy, m_hDlg, nId, pszLabel, 0, dwStyle);
+    }
     if (m_hFont) {
         SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_hFont), 0);
     }

@@ -1,8 +1,10 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/WindowDpi.h>
 
 #include <algorithm>
 #include <atomic>
@@ -62,11 +64,53 @@ void EmptyDialogTemplate::AddText(LPCWSTR psz)
     m_words.insert(m_words.end(), psz, psz + wcslen(psz) + 1);
 }
 
+namespace {
+
+// Of the dialog's font, as the platform reckons them: it knows those of the dialog's making alone.
+SIZE BaseUnits(HWND hDlg)
+{
+    constexpr WCHAR LETTERS[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    constexpr int COUNT = 52;
+    const WindowContext context(hDlg);
+    const SelectScope font(context, FontOf(hDlg));
+    SIZE size{};
+    TEXTMETRICW metrics{};
+    GetTextExtentPointW(context, LETTERS, COUNT, &size);
+    GetTextMetricsW(context, &metrics);
+    return {(size.cx / (COUNT / 2) + 1) / 2, metrics.tmHeight};
+}
+
+RECT MapScaledUnits(HWND hDlg, const RECT& rc)
+{
+    constexpr int ACROSS = 4, DOWN = 8; // units of a character
+    const SIZE base = BaseUnits(hDlg);
+    return {MulDiv(rc.left, base.cx, ACROSS), MulDiv(rc.top, base.cy, DOWN),
+            MulDiv(rc.right, base.cx, ACROSS), MulDiv(rc.bottom, base.cy, DOWN)};
+}
+
+} // namespace
+
 RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom)
 {
     RECT rc{left, top, right, bottom};
+    if (GetScaling() != Scaling::None) {
+        return MapScaledUnits(hDlg, rc);
+    }
     MapDialogRect(hDlg, &rc);
     return rc;
+}
+
+void FitDialog(HWND hDlg, const RECT* prcWanted, SIZE units)
+{
+    if (prcWanted) {
+        SetWindowPos(hDlg, nullptr, prcWanted->left, prcWanted->top, prcWanted->right - prcWanted->left,
+                     prcWanted->bottom - prcWanted->top, SWP_NOZORDER | SWP_NOACTIVATE);
+    } else if (GetScaling() != Scaling::None) {
+        const RECT rc = MapUnits(hDlg, 0, 0, units.cx, units.cy);
+        RECT rcClient{};
+        GetClientRect(hDlg, &rcClient);
+        GrowWindow(hDlg, rc.right - rcClient.right, rc.bottom - rcClient.bottom);
+    }
 }
 
 int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc)
@@ -83,6 +127,10 @@ int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc)
 
 HFONT FontOf(HWND hDlg)
 {
+    const HFONT hScaled = GetScaling() != Scaling::None ? DefaultFontOf(hDlg) : nullptr;
+    if (hScaled) {
+        return hScaled;
+    }
     return reinterpret_cast<HFONT>(SendMessageW(hDlg, WM_GETFONT, 0, 0));
 }
 

@@ -43,8 +43,12 @@ void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size);
 // pane.
 int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc);
 
-// The font that the dialog's template asked for.
+// The font that the dialog's template asked for; with scaling that of the dialog's dots an inch.
 HFONT FontOf(HWND hDlg);
+
+// Gives a dialog the rectangle that the platform wants for its dots an inch, or else, with scaling, a client
+// area of its template's size, in dialog units.
+void FitDialog(HWND hDlg, const RECT* prcWanted, SIZE units);
 
 // The client rectangle's growth by cx and cy pixels, with no repaint, and then the client rectangle anew.
 RECT GrowWindow(HWND hwnd, int cx, int cy);

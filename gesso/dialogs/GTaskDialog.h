@@ -83,6 +83,8 @@ protected:
 private:
     friend class gesso::Frame;
     INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void OnScaling(const RECT* prcWanted);
+    void LayOut(const RECT* prcWanted);
     int MeasureTexts(HDC hdc);
     void FitTexts(int cxNeeded);
     void MakeButtons();

@@ -90,12 +90,16 @@ void GTaskDialog::MakeButtons()
     }
     CalculateFooter(&m_rcFooter);
     row.StandIn(m_rcFooter);
-    m_ppButtons = gesso::MakeButtonArray(std::size(COMMON_BUTTONS));
+    if (!m_ppButtons) {
+        m_ppButtons = gesso::MakeButtonArray(std::size(COMMON_BUTTONS));
+    }
     int nPlace = 0;
     for (const CommonButton& common : COMMON_BUTTONS) {
         // A dialog that ends while a button is made has no place for more.
         if (m_ppButtons && (dwButtons & common.dwBit)) {
-            m_ppButtons[nPlace] = new GButton;
+            if (!m_ppButtons[nPlace]) {
+                m_ppButtons[nPlace] = new GButton;
+            }
             row.Make(*m_ppButtons[nPlace], nPlace, common.nId, gesso::TextOf(common.label));
             nPlace++;
         }
@@ -111,8 +115,11 @@ void GTaskDialog::SetDefaultButton()
     }
 }
 
-LRESULT GTaskDialog::OnInitDialog()
+// Also of a dialog whose dots an inch are others now: its buttons move.
+void GTaskDialog::LayOut(const RECT* prcWanted)
 {
+    const auto cx = static_cast<LONG>(m_pConfig->cxWidth ? m_pConfig->cxWidth : Metrics::TASK_DIALOG_WIDTH);
+    gesso::FitDialog(m_hWnd, prcWanted, {cx, Metrics::TASK_DIALOG_HEIGHT});
     m_hTheme.Open(m_hWnd, L"TASKDIALOG");
     {
         const gesso::WindowContext context(m_hWnd);
@@ -121,6 +128,17 @@ LRESULT GTaskDialog::OnInitDialog()
         FitTexts(MeasureTexts(context) + m_rcIcon.left);
     }
     MakeButtons();
+}
+
+void GTaskDialog::OnScaling(const RECT* prcWanted)
+{
+    LayOut(prcWanted);
+    Invalidate(0);
+}
+
+LRESULT GTaskDialog::OnInitDialog()
+{
+    LayOut(nullptr);
     SetDefaultButton();
     // Last, since it makes the owner inactive, which may end the dialog then.
     if (GetWindowLongW(m_hWnd, GWL_STYLE) & DS_CENTER) {

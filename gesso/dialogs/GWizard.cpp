@@ -4,6 +4,7 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/framework/ActivationContext.h>
+#include <gesso/framework/DpiApi.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
@@ -141,7 +142,8 @@ void GWizard::FitFirstPage(int cyFooter)
 
 void GWizard::MakeButtons()
 {
-    gesso::ButtonRow row(m_hWnd);
+    const bool fScaled = gesso::GetScaling() != gesso::Scaling::None;
+    gesso::ButtonRow row(m_hWnd, fScaled ? gesso::FontOf(m_hWnd) : nullptr);
     const LPCWSTR pszFinish =
         m_pConfig && m_pConfig->pszFinish ? m_pConfig->pszFinish : TextOf(TextId::WizardFinish);
     for (const LPCWSTR pszLabel :
@@ -155,7 +157,9 @@ void GWizard::MakeButtons()
         if (!life) {
             return;
         }
-        button.Reset(new GButton);
+        if (!button) {
+            button.Reset(new GButton);
+        }
         row.Make(*button, nPlace, static_cast<int>(uId), pszLabel, dwStyle);
     };
     // Finish waits, hidden, in the place of Next.
@@ -163,6 +167,22 @@ void GWizard::MakeButtons()
     make(m_pCancel, 0, WZB_CANCEL, TextOf(TextId::WizardCancel), DIALOG_BUTTON_STYLE);
     make(m_pNext, 1, WZB_NEXT, TextOf(TextId::WizardNext), DIALOG_BUTTON_STYLE);
     make(m_pBack, 2, WZB_BACK, TextOf(TextId::WizardBack), DIALOG_BUTTON_STYLE);
+}
+
+// The pages are the host's, and hear of it themselves.
+void GWizard::OnScaling(const RECT* prcWanted)
+{
+    if (prcWanted) {
+        gesso::FitDialog(m_hWnd, prcWanted, {});
+    }
+    m_hTheme.Open(m_hWnd, L"AEROWIZARD");
+    GetClientRect(m_hWnd, &m_rcClient);
+    m_rcFooter = m_rcClient;
+    m_rcFooter.top = m_rcClient.bottom - MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
+    if (m_pBack) { // the last that is made
+        MakeButtons();
+    }
+    Invalidate(0);
 }
 
 // --- Drawing ---
@@ -182,7 +202,9 @@ void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
     options.iGlowSize = Pixels(m_hWnd, Metrics::WIZARD_TITLE_GLOW);
     LOGFONTW font{};
     gesso::FontHandle hFont;
-    if (SUCCEEDED(GetThemeSysFont(hTheme, TMT_CAPTIONFONT, &font))) {
+    const bool fScaled = gesso::GetScaling() != gesso::Scaling::None &&
+                         gesso::PlatformCaptionFont(gesso::DpiOf(m_hWnd), &font);
+    if (fScaled || SUCCEEDED(GetThemeSysFont(hTheme, TMT_CAPTIONFONT, &font))) {
         hFont.Reset(CreateFontIndirectW(&font));
     }
     const gesso::SelectScope select(hdc, hFont);

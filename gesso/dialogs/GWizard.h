@@ -122,6 +122,7 @@ private:
     void MakePages();
     void FitFirstPage(int cyFooter);
     void MakeButtons();
+    void OnScaling(const RECT* prcWanted);
     bool IsLast(UINT nIndex) const;
     bool Ask(UINT nIndex, UINT uCode);
     int OnFinish();

@@ -159,12 +159,17 @@ int GWndCertFailure::OnDestroy()
         m_pCheckBox->Destroy();
         delete std::exchange(m_pCheckBox, nullptr);
     }
-    DeleteObject(std::exchange(m_hGradient, nullptr));
+    ReleaseElements();
     m_hTheme.Reset();
+    return 0;
+}
+
+void GWndCertFailure::ReleaseElements()
+{
+    DeleteObject(std::exchange(m_hGradient, nullptr));
     ReleaseAll(m_aElements, [](void* p) { delete static_cast<CertElement*>(p); });
     ReleaseAll(m_aFonts, [](void* p) { DeleteObject(p); });
     ReleaseAll(m_aIcons, [](void* p) { DestroyIcon(static_cast<HICON>(p)); });
-    return 0;
 }
 
 INT_PTR CALLBACK GWndCertFailure::DialogProc(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)

@@ -78,6 +78,8 @@ private:
     struct Layout;
     INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
     void PlaceElements();
+    void ReleaseElements();
+    void OnScaling(const RECT* prcWanted);
     void AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc);
     HICON LoadKeptIcon(WORD wId, int cx, int cy);
     void AddIcon(HICON hIcon, int x, int y);
@@ -86,7 +88,7 @@ private:
     void PlaceFailures(Layout& layout);
     void PlaceQuestion(Layout& layout);
     void PlaceButtons(Layout& layout);
-    void FitWindow(SIZE client);
+    SIZE WindowSizeFor(SIZE client) const;
     void MakeGradient();
     void OnToggle(HWND hwndCheckBox);
     void DrawElements(HDC hdc) const;

@@ -125,8 +125,22 @@ int GWndCertFailure::OnInitDialog()
     PlaceElements();
     SendMessageW(m_hWnd, DM_SETDEFID, m_pConfig->dwType == CFT_INVALID ? IDOK : IDYES, 0);
     // Last, since it makes the owner inactive, which may end the dialog then.
-    FitWindow({m_rcFooter.right, m_rcFooter.bottom});
+    gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd), WindowSizeFor({m_rcFooter.right, m_rcFooter.bottom}));
     return 1;
+}
+
+// The window is as large as what is in it, wherever it is to be.
+void GWndCertFailure::OnScaling(const RECT* prcWanted)
+{
+    ReleaseElements();
+    m_hTheme.Open(m_hWnd, L"TASKDIALOG");
+    PlaceElements();
+    RECT rc{};
+    GetWindowRect(m_hWnd, &rc);
+    const POINT pt = prcWanted ? POINT{prcWanted->left, prcWanted->top} : POINT{rc.left, rc.top};
+    const SIZE size = WindowSizeFor({m_rcFooter.right, m_rcFooter.bottom});
+    SetWindowPos(m_hWnd, nullptr, pt.x, pt.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    Invalidate(0);
 }
 
 // Everything from top to bottom.
@@ -225,9 +239,13 @@ void GWndCertFailure::PlaceQuestion(Layout& layout)
     const LPCWSTR pszDontAsk = TextOf(TextId::CertificateDontAsk);
     rc = layout.Measure(layout.hFontDialog, pszDontAsk, layout.cxMargin, layout.y + layout.cyGap);
     layout.xWidest = std::max<int>(layout.xWidest, rc.right + 2 * layout.cxGap);
-    m_pCheckBox = new GCheckBox;
-    m_pCheckBox->Create(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap, m_hWnd, CHECKBOX_ID,
-                        pszDontAsk, 0, CHECKBOX_STYLE);
+    if (m_pCheckBox) {
+        m_pCheckBox->MoveWindow(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap);
+    } else {
+        m_pCheckBox = new GCheckBox;
+        m_pCheckBox->Create(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap, m_hWnd, CHECKBOX_ID,
+                            pszDontAsk, 0, CHECKBOX_STYLE);
+    }
     layout.y += 2 * layout.cyGap;
 }
 
@@ -245,10 +263,15 @@ void GWndCertFailure::PlaceButtons(Layout& layout)
     const int cxNeeded = nButtons * (row.Width() + row.Gap()) + 2 * layout.cxMargin + cxShow;
     const int xRight = std::max(cxNeeded, layout.xWidest);
     row.StandAt(xRight, (cyFooter - row.Height()) / 2 + layout.y);
-    m_ppButtons = gesso::MakeButtonArray(gesso::CERT_BUTTONS);
+    if (!m_ppButtons) {
+        m_ppButtons = gesso::MakeButtonArray(gesso::CERT_BUTTONS);
+    }
     // A dialog that ends while a button is made has no place for more.
     const auto add = [this](size_t nIndex) {
-        return m_ppButtons ? m_ppButtons[nIndex] = new GButton : nullptr;
+        if (m_ppButtons && !m_ppButtons[nIndex]) {
+            m_ppButtons[nIndex] = new GButton;
+        }
+        return m_ppButtons ? m_ppButtons[nIndex] : nullptr;
     };
     if (GButton* pNo = add(gesso::NO_BUTTON)) {
         row.Make(*pNo, 0, fAsks ? IDNO : IDOK, TextOf(fAsks ? TextId::No : TextId::Ok));
@@ -262,14 +285,13 @@ void GWndCertFailure::PlaceButtons(Layout& layout)
     m_rcFooter = {0, layout.y, layout.cxMargin + xRight, layout.y + cyFooter};
 }
 
-void GWndCertFailure::FitWindow(SIZE client)
+SIZE GWndCertFailure::WindowSizeFor(SIZE client) const
 {
     RECT rcClient{}, rcWindow{};
     GetClientRect(m_hWnd, &rcClient);
     GetWindowRect(m_hWnd, &rcWindow);
-    gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd),
-                        {rcWindow.right - rcWindow.left + client.cx - rcClient.right,
-                         rcWindow.bottom - rcWindow.top + client.cy - rcClient.bottom});
+    return {rcWindow.right - rcWindow.left + client.cx - rcClient.right,
+            rcWindow.bottom - rcWindow.top + client.cy - rcClient.bottom};
 }
 
 // One row, which painting repeats.

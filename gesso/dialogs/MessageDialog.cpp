@@ -165,8 +165,7 @@ HWND MessageDialog::FirstFocus() const
 INT_PTR MessageDialog::OnInitDialog()
 {
     SetWindowLongPtrW(m_hWnd, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
-    m_hTheme.Open(m_hWnd, L"TASKDIALOG");
-    LayOut();
+    LayOut(nullptr);
     if (m_content.nDefaultId) {
         SendMessageW(m_hWnd, DM_SETDEFID, static_cast<WPARAM>(m_content.nDefaultId), 0);
     }

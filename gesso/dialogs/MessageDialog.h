@@ -70,7 +70,8 @@ private:
     void AskOwnerForHelp();
 
     // Layout; lengths in pixels.
-    void LayOut();
+    void LayOut(const RECT* prcWanted);
+    void OnScaling(const RECT* prcWanted);
     int PlaceTexts(HDC hdc, int xLimit);
     int ButtonWidth(HDC hdc) const;
     int CheckWidth(HDC hdc) const;

@@ -110,14 +110,21 @@ void MessageDialog::MakeButtons(int cxButton)
     row.StandIn(m_rcFooter);
     const int nCount = static_cast<int>(m_content.buttons.size());
     int x = m_rcFooter.right - nCount * (cxButton + row.Gap());
+    size_t nPlace = 0;
     for (const DialogButton& button : m_content.buttons) {
+        const bool fNew = nPlace == m_buttons.size();
+        if (fNew) {
+            m_buttons.emplace_back(std::make_unique<GButton>());
+        }
         // Tells the dialog, which may end there, and its buttons with it.
-        row.MakeAt(*m_buttons.emplace_back(std::make_unique<GButton>()), x, cxButton, button.nId,
-                   button.pszLabel);
+        row.MakeAt(*m_buttons[nPlace], x, cxButton, button.nId, button.pszLabel);
         if (!IsWindow(m_hWnd)) {
             return;
         }
-        TakeKeysOf<GButton>(m_buttons.back()->GetHwnd());
+        if (fNew) {
+            TakeKeysOf<GButton>(m_buttons[nPlace]->GetHwnd());
+        }
+        ++nPlace;
         x += cxButton + row.Gap();
     }
 }
@@ -126,16 +133,35 @@ void MessageDialog::MakeCheckBox()
 {
     const RECT rcUnits =
         MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, Metrics::DIALOG_BUTTON_HEIGHT, 0, 0);
-    m_check.Create(rcUnits.left, m_rcFooter.top - m_cyCheck, m_rcFooter.right - rcUnits.left, rcUnits.top,
-                   m_hWnd, CHECK_ID, m_content.pszVerification, 0,
+    const int y = m_rcFooter.top - m_cyCheck;
+    const int cx = m_rcFooter.right - rcUnits.left;
+    const HFONT hFont = FontOf(m_hWnd);
+    if (m_check.GetHwnd()) {
+        m_check.MoveWindow(rcUnits.left, y, cx, rcUnits.top);
+        SendMessageW(m_check, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0);
+        return;
+    }
+    m_check.Create(rcUnits.left, y, cx, rcUnits.top, m_hWnd, CHECK_ID, m_content.pszVerification, 0,
                    WS_CHILD | WS_VISIBLE | WS_TABSTOP | GS_VCENTER);
     m_check.SetCheck(m_content.fChecked ? BST_CHECKED : BST_UNCHECKED);
-    SendMessageW(m_check, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(m_hWnd)), 0);
+    SendMessageW(m_check, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0);
     TakeKeysOf<GCheckBox>(m_check);
 }
 
-void MessageDialog::LayOut()
+void MessageDialog::OnScaling(const RECT* prcWanted)
 {
+    LayOut(prcWanted);
+    m_nPosition = std::min(m_nPosition, LastPosition());
+    Invalidate(0);
+}
+
+// Also of a dialog whose dots an inch are others now: its controls move.
+void MessageDialog::LayOut(const RECT* prcWanted)
+{
+    const auto cx =
+        static_cast<LONG>(m_content.cxWidth ? m_content.cxWidth : UINT{Metrics::TASK_DIALOG_WIDTH});
+    FitDialog(m_hWnd, prcWanted, {cx, Metrics::TASK_DIALOG_HEIGHT});
+    m_hTheme.Open(m_hWnd, L"TASKDIALOG");
     const SIZE most = LargestClient(m_hWnd);
     const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_GAP, Metrics::DIALOG_BUTTON_HEIGHT, 0,
                                   Metrics::DIALOG_FOOTER_HEIGHT);

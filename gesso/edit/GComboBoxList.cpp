@@ -137,7 +137,7 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
     GWndScroll::m_hitDown = {};
     m_hitNow = {};
     GWndScroll::OnNcCreate(pcs);
-    if (m_nItemHeight == 0) {
+    if (m_nItemHeight == 0 || gesso::GetScaling() != gesso::Scaling::None) {
         m_nItemHeight = static_cast<UINT>(Pixels(m_hWnd, Metrics::COMBO_ROW_HEIGHT));
     }
     m_hComboTheme.Open(m_hWnd, COMBO_CLASS);

@@ -1,7 +1,7 @@
 // The font that a control starts with.
 #pragma once
 
-#include <gesso/framework/Library.h>
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/Quirks.h>
 
 namespace gesso {
@@ -11,7 +11,7 @@ namespace gesso {
 inline void TakeFirstFont(const GWnd& wnd, HFONT& hFont)
 {
     if (!hFont || Has(wnd, Quirk::FontEndsWithWindow)) {
-        hFont = g_hDefaultFont;
+        hFont = DefaultFontOf(Frame::Handle(wnd));
     }
 }
 

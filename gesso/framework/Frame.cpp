@@ -8,6 +8,7 @@
 #include <gesso/framework/OffscreenSurface.h>
 #include <gesso/framework/Ownership.h>
 #include <gesso/framework/Quirks.h>
+#include <gesso/framework/WindowDpi.h>
 
 #include <algorithm>
 #include <utility>
@@ -83,6 +84,7 @@ void MarkDetached(HWND hwnd)
                 s_forsaken.push_back(hwnd);
             }
         }
+        ForgetWindow(hwnd);
         OffscreenSurface::RemoveUser();
     }
 }
@@ -149,9 +151,13 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     if (!SetWord(hwnd, (fOwned ? WINDOW_OWNS : 0) | (fModern ? MODERN : 0))) {
         return false;
     }
+    if (!KeepWindow(hwnd)) {
+        return false;
+    }
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
     if (GWnd::FromHwnd(hwnd) != &wnd) {
         SetWindowLongPtrW(hwnd, OBJECT_WORD, 0);
+        ForgetWindow(hwnd);
         return false;
     }
     wnd.m_hWnd = hwnd;
@@ -187,6 +193,7 @@ bool Frame::IsModern(HWND hwnd)
 
 bool TakeBehavior(HWND hwnd, HWND hwndOwner)
 {
+    TakeDpi(hwnd, hwndOwner);
     const bool fModern = Frame::IsModern(hwndOwner);
     const LONG nWord = WordOf(hwnd);
     if (fModern == ((nWord & MODERN) != 0)) {
@@ -339,6 +346,29 @@ LRESULT Frame::OnThemeChanged(GWnd& wnd, ThemeHandle& theme, LPCWSTR pszClass)
     theme.Open(wnd.m_hWnd, pszClass);
     wnd.Invalidate(0);
     return 0;
+}
+
+void Frame::KeepDialog(HWND hDlg, UINT uMsg)
+{
+    if (uMsg == WM_INITDIALOG) {
+        KeepWindow(hDlg); // without memory it does not hear of SetScaling
+    } else if (uMsg == WM_NCDESTROY) {
+        ForgetWindow(hDlg);
+    }
+}
+
+const RECT* Frame::RectForDpi(HWND hDlg, UINT uMsg, LPARAM lParam)
+{
+    const bool fChild = GetWindowLongW(hDlg, GWL_STYLE) & WS_CHILD;
+    return uMsg == WM_DPICHANGED && !fChild ? reinterpret_cast<const RECT*>(lParam) : nullptr;
+}
+
+void Frame::EndScaling(GWnd& wnd, bool fShowsImages)
+{
+    wnd.Invalidate(0);
+    if (fShowsImages) {
+        SendNotify(wnd, GN_DPICHANGED);
+    }
 }
 
 constinit thread_local HWND Frame::s_hwndAttaching = nullptr;

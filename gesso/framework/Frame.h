@@ -8,6 +8,7 @@
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/ThemeHandle.h>
+#include <gesso/framework/WindowDpi.h>
 
 #include <utility>
 
@@ -128,7 +129,12 @@ public:
     static INT_PTR RouteDialog(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
         MessageTrace trace(hDlg, uMsg, wParam, lParam);
+        KeepDialog(hDlg, uMsg);
         if (auto* pDialog = static_cast<DIALOG*>(DIALOG::ObjectOf(hDlg, uMsg, lParam))) {
+            if (IsScalingMessage(uMsg) && TakesScaling(hDlg, uMsg, wParam)) {
+                pDialog->OnScaling(RectForDpi(hDlg, uMsg, lParam));
+                return trace.Returned(INT_PTR{TRUE});
+            }
             return trace.Returned(pDialog->OnMessage(hDlg, uMsg, wParam, lParam));
         }
         return trace.Returned(UNBOUND(hDlg, uMsg, wParam, lParam));
@@ -263,6 +269,13 @@ private:
 
     template <class CONTROL> static LRESULT Answer(CONTROL& control, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
+        if (IsScalingMessage(uMsg) && TakesScaling(control.m_hWnd, uMsg, wParam)) {
+            const Watch watch(control);
+            FollowScaling(control);
+            if (!watch) {
+                return 0;
+            }
+        }
         if constexpr (requires { control.OpenBarTheme(); }) {
             if (uMsg == WM_THEMECHANGED) {
                 return ChangeBarTheme(control, wParam, lParam);
@@ -277,6 +290,44 @@ private:
         return AnswersAlike(control, uMsg, wParam, lParam, &lAnswer)
                    ? lAnswer
                    : control.OnMessage(uMsg, wParam, lParam);
+    }
+
+    // The window's measures are others: fonts and measures that the library made come anew, the style is
+    // opened for them, and the parent hears of it once where the control shows images. The control may be
+    // gone afterwards. What is a class's own is its OnScaling, before the style is opened.
+    template <class CONTROL> static void FollowScaling(CONTROL& control)
+    {
+        const Watch watch(control);
+        if constexpr (requires { control.OnScaling(); }) {
+            control.OnScaling();
+        } else if constexpr (requires { static_cast<HFONT>(control.m_hFont); }) {
+            if (IsDefaultFont(control.m_hFont)) {
+                control.OnMessage(WM_SETFONT, reinterpret_cast<WPARAM>(DefaultFontOf(control.m_hWnd)), 0);
+            }
+        }
+        if (watch) {
+            Answer(control, WM_THEMECHANGED, 0, 0);
+        }
+        if (watch) {
+            EndScaling(control, ShowsImages(control));
+        }
+    }
+    static void EndScaling(GWnd& wnd, bool fShowsImages);
+    // A dialog is one of the library's windows from WM_INITDIALOG to its end.
+    static void KeepDialog(HWND hDlg, UINT uMsg);
+    // What WM_DPICHANGED wants a top-level window to be; null for any other.
+    static const RECT* RectForDpi(HWND hDlg, UINT uMsg, LPARAM lParam);
+    template <class CONTROL> static bool ShowsImages(const CONTROL& control)
+    {
+        if constexpr (requires { control.HasImages(); }) {
+            return control.HasImages();
+        } else if constexpr (requires { control.GetImageList(); }) {
+            return control.GetImageList() != nullptr;
+        } else if constexpr (requires { control.m_hImage; }) {
+            return control.m_hImage != nullptr;
+        } else {
+            return false;
+        }
     }
 
     // What all controls made in Modern do alike, before their class's switch: whether that is all, and the

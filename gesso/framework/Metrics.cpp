@@ -1,25 +1,43 @@
+#include <gesso/framework/DpiApi.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/WindowDpi.h>
+
+#include <algorithm>
 
 namespace gesso {
 namespace {
 
 constexpr int POINTS_PER_INCH = 72;
+constexpr int BASE_DPI = USER_DEFAULT_SCREEN_DPI;
+constexpr int PERCENT = 100;
 
 } // namespace
 
-int Pixels(HWND, Measure measure)
+int Pixels(HWND hwnd, Measure measure)
 {
-    return measure.nPixels;
+    if (GetScaling() == Scaling::None) {
+        return measure.nPixels;
+    }
+    const auto nDpi = static_cast<int>(DpiOf(hwnd));
+    switch (measure.kind) {
+    case MeasureKind::Text:
+        return std::max(MulDiv(measure.nPixels, nDpi * TextPercent(), BASE_DPI * PERCENT), 1);
+    case MeasureKind::Line: return std::max(measure.nPixels * nDpi / BASE_DPI, 1);
+    default: return std::max(MulDiv(measure.nPixels, nDpi, BASE_DPI), 1);
+    }
 }
 
-int SystemMetric(HWND, int nIndex)
+int SystemMetric(HWND hwnd, int nIndex)
 {
-    return GetSystemMetrics(nIndex);
+    return GetScaling() == Scaling::None ? GetSystemMetrics(nIndex) : PlatformMetric(nIndex, DpiOf(hwnd));
 }
 
-int FontHeight(HWND, int nPoints)
+int FontHeight(HWND hwnd, int nPoints)
 {
+    if (GetScaling() != Scaling::None) {
+        return -MulDiv(nPoints * TextPercent(), static_cast<int>(DpiOf(hwnd)), POINTS_PER_INCH * PERCENT);
+    }
     const WindowContext screen(nullptr);
     return -MulDiv(nPoints, GetDeviceCaps(screen, LOGPIXELSY), POINTS_PER_INCH);
 }

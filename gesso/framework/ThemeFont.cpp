@@ -1,13 +1,14 @@
-#include <gesso/framework/Library.h>
 #include <gesso/framework/ThemeFont.h>
+#include <gesso/framework/WindowDpi.h>
 
 namespace gesso {
 namespace {
 
-HFONT MakeLikeDefault(int nPercent)
+HFONT MakeLikeDefault(HWND hwnd, int nPercent)
 {
     LOGFONTW font{};
-    if (!g_hDefaultFont || GetObjectW(g_hDefaultFont, sizeof(font), &font) <= 0) {
+    const HFONT hDefault = DefaultFontOf(hwnd);
+    if (!hDefault || GetObjectW(hDefault, sizeof(font), &font) <= 0) {
         return nullptr;
     }
     font.lfHeight = MulDiv(font.lfHeight, nPercent, 100);
@@ -21,11 +22,14 @@ void DeleteThemeFont(HFONT hFont) noexcept
     DeleteObject(hFont);
 }
 
-HFONT MakeThemeFont(HTHEME hTheme, int nPart, int nProperty, int nPercent)
+HFONT MakeThemeFont(HWND hwnd, HTHEME hTheme, int nPart, int nProperty, int nPercent)
 {
     LOGFONTW font{};
-    return SUCCEEDED(GetThemeFont(hTheme, nullptr, nPart, 0, nProperty, &font)) ? CreateFontIndirectW(&font)
-                                                                                : MakeLikeDefault(nPercent);
+    if (FAILED(GetThemeFont(hTheme, nullptr, nPart, 0, nProperty, &font))) {
+        return MakeLikeDefault(hwnd, nPercent);
+    }
+    font.lfHeight = MulDiv(font.lfHeight, TextPercent(), 100);
+    return CreateFontIndirectW(&font);
 }
 
 } // namespace gesso

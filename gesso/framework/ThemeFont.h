@@ -46,7 +46,7 @@ private:
 };
 
 // The font that the style gives a part in its state 0 (nProperty: TMT_FONT, ...). Where the style has none,
-// one like the library's default font, nPercent of its size; null before InitControls. The caller deletes it.
-HFONT MakeThemeFont(HTHEME hTheme, int nPart, int nProperty, int nPercent);
+// one like the window's default font, nPercent of its size; null before InitControls. The caller deletes it.
+HFONT MakeThemeFont(HWND hwnd, HTHEME hTheme, int nPart, int nProperty, int nPercent);
 
 } // namespace gesso

@@ -1,3 +1,5 @@
+#include <gesso/framework/DpiApi.h>
+#include <gesso/framework/Scaling.h>
 #include <gesso/framework/ThemeHandle.h>
 #include <gesso/framework/ThemePartCache.h>
 
@@ -12,7 +14,8 @@ void CloseTheme(HTHEME hTheme) noexcept
 void ThemeHandle::Open(HWND hwnd, LPCWSTR pszClass)
 {
     Reset();
-    Reset(OpenThemeData(hwnd, pszClass));
+    const bool fScaled = GetScaling() != Scaling::None;
+    Reset(fScaled ? OpenPlatformTheme(hwnd, pszClass, DpiOf(hwnd)) : OpenThemeData(hwnd, pszClass));
 }
 
 } // namespace gesso

@@ -2,6 +2,7 @@
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Scaling.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/ThemePartCache.h>
 #include <gesso/framework/Wrapped.h>
@@ -62,6 +63,13 @@ bool IsPressedHeader(int nState)
     return nState == HIS_PRESSED || nState == HIS_SORTEDPRESSED;
 }
 
+// Where all windows share one handle to a class, it may have been opened for other dots an inch meanwhile: a
+// box is then much smaller or larger than a check mark.
+bool IsAbout(int nSize, int nExpected)
+{
+    return 4 * nSize > 3 * nExpected && 3 * nSize < 4 * nExpected;
+}
+
 int Middle(LONG a, LONG b)
 {
     return static_cast<int>((int64_t{a} + b) / 2);
@@ -107,15 +115,15 @@ RECT ThemePart::ContentOf(const RECT& rc) const
     return rcBounds;
 }
 
-SIZE ThemePart::Size(const RECT* prc) const
+SIZE ThemePart::Size(HWND hwnd, const RECT* prc) const
 {
     SIZE size{};
     RECT rcBounds = prc ? *prc : RECT{};
-    if (FAILED(GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE,
-                                &size))) {
-        size = {SystemMetric(nullptr, SM_CXMENUCHECK), SystemMetric(nullptr, SM_CYMENUCHECK)};
-    }
-    return size;
+    const HRESULT hr =
+        GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE, &size);
+    const SIZE mark{SystemMetric(hwnd, SM_CXMENUCHECK), SystemMetric(hwnd, SM_CYMENUCHECK)};
+    const bool fOther = GetScaling() != Scaling::None && HasCheck(m_plain) && !IsAbout(size.cx, mark.cx);
+    return FAILED(hr) || fOther ? mark : size;
 }
 
 int ThemePart::BorderSize() const
@@ -235,8 +243,8 @@ void ThemePart::DrawPlainSortArrow(RECT rc) const
 // A small box with a plus or a minus.
 void ThemePart::DrawPlainTreeGlyph(const RECT& rc) const
 {
-    const int nBox = Pixels(nullptr, Metrics::PLAIN_GLYPH_REACH);
-    const int nMark = Pixels(nullptr, Metrics::PLAIN_GLYPH_MARK_REACH);
+    const int nBox = Pixels(m_hWnd, Metrics::PLAIN_GLYPH_REACH);
+    const int nMark = Pixels(m_hWnd, Metrics::PLAIN_GLYPH_MARK_REACH);
     const int x = Middle(rc.left, rc.right);
     const int y = Middle(rc.top, rc.bottom);
     const RECT rcBox = Around(x, y, nBox, nBox, 1);

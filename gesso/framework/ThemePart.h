@@ -44,13 +44,20 @@ public:
         : m_hTheme(hTheme), m_hdc(hdc), m_nPart(nPart), m_nState(nState), m_plain(plain)
     {}
 
+    // The window that the part is drawn for, which tells how large it looks without a style.
+    ThemePart& In(HWND hwnd)
+    {
+        m_hWnd = hwnd;
+        return *this;
+    }
+
     void DrawBackground(const RECT& rc) const;
     // Whether nothing behind it shows. Where the style has no such part that is the caller's to know.
     bool IsOpaque() const { return !IsThemeBackgroundPartiallyTransparent(m_hTheme, m_nPart, m_nState); }
     // rc less the part's content margins.
     RECT ContentOf(const RECT& rc) const;
-    // The part's true size; that of the system's check mark where the style has none.
-    SIZE Size(const RECT* prc) const;
+    // The part's true size in a window; that of the system's check mark where the style has none.
+    SIZE Size(HWND hwnd, const RECT* prc) const;
     // The width of the part's border, in pixels; 1 where the style has none.
     int BorderSize() const;
     // In pixels, of the part's font; of the context's font where the style has none.
@@ -77,6 +84,7 @@ private:
     int m_nPart;
     int m_nState;
     PlainPart m_plain;
+    HWND m_hWnd = nullptr;
 };
 
 } // namespace gesso

@@ -35,17 +35,6 @@ UINT Usual(gesso::Measure measure)
     return static_cast<UINT>(Pixels(nullptr, measure));
 }
 
-HFONT MakeFont(int nCharacterHeight, int nWeight)
-{
-    return CreateFontW(-nCharacterHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
-}
-
-// What is made where there is no font.
-void MakeMissing(HFONT& hField, int nCharacterHeight, int nWeight)
-{
-    hField = hField ? hField : MakeFont(nCharacterHeight, nWeight);
-}
-
 // Takes a font as the list's own in the place of another.
 void TakeFont(HFONT& hField, HFONT hFont)
 {
@@ -56,6 +45,11 @@ void TakeFont(HFONT& hField, HFONT hFont)
 }
 
 } // namespace
+
+HFONT GList::MakeFont(int nCharacterHeight, int nWeight)
+{
+    return CreateFontW(-nCharacterHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+}
 
 GList::GList()
     : headerHeight(Usual(Metrics::LIST_HEADER_HEIGHT)), headerItemSpacing(Usual(Metrics::LIST_HEADER_GAP)),
@@ -125,6 +119,7 @@ void GList::CalculateItem(UINT) {}
 void GList::SetImageList(HIMAGELIST hImageList)
 {
     imageList = hImageList;
+    gesso::ForgetImageDpi(m_hWnd);
 }
 
 HIMAGELIST GList::GetImageList() const
@@ -135,6 +130,7 @@ HIMAGELIST GList::GetImageList() const
 void GList::SetLabelTitleFont(HFONT hFont)
 {
     TakeFont(fontLabelTitle, hFont);
+    NoteGiven(gesso::LIST_TITLE_FONT_GIVEN);
     ForgetCells();
     RefreshLayout();
 }
@@ -142,6 +138,7 @@ void GList::SetLabelTitleFont(HFONT hFont)
 void GList::SetLabelHeaderFont(HFONT hFont)
 {
     TakeFont(fontLabelHeader, hFont);
+    NoteGiven(gesso::LIST_HEADER_FONT_GIVEN);
     RefreshLayout();
 }
 
@@ -153,6 +150,7 @@ void GList::SetLabelTextFont(HFONT hFont)
         fontLabelText = nullptr;
     }
     TakeFont(fontLabelText, hFont);
+    NoteGiven(gesso::LIST_TEXT_FONT_GIVEN);
     ForgetCells();
     RefreshLayout();
 }
@@ -160,6 +158,7 @@ void GList::SetLabelTextFont(HFONT hFont)
 void GList::SetGroupTitleFont(HFONT hFont)
 {
     TakeFont(fontGroupTitle, hFont);
+    NoteGiven(gesso::LIST_GROUP_FONT_GIVEN);
     RefreshLayout();
 }
 
@@ -192,6 +191,7 @@ void GList::ReleaseFonts()
     TakeFont(fontLabelHeader, nullptr);
     TakeFont(fontLabelText, nullptr);
     TakeFont(fontGroupTitle, nullptr);
+    m_inside->given &= ~gesso::LIST_FONTS_GIVEN;
 }
 
 LRESULT GList::OnGetFont() const
@@ -219,6 +219,7 @@ UINT GList::GetHeaderHeight() const
 void GList::SetHeaderHeight(UINT height)
 {
     headerHeight = height;
+    NoteGiven(gesso::LIST_HEADER_HEIGHT_GIVEN);
     RefreshLayout();
 }
 
@@ -230,6 +231,7 @@ UINT GList::GetHeaderItemSpacing() const
 void GList::SetHeaderItemSpacing(UINT spacing)
 {
     headerItemSpacing = spacing;
+    NoteGiven(gesso::LIST_HEADER_GAP_GIVEN);
     RefreshLayout();
 }
 
@@ -242,6 +244,9 @@ LRESULT GList::OnNcCreate(const CREATESTRUCTW* pcs)
     Frame::SetState(*this, Frame::FirstState(*this));
     StartAnew();
     themeList.Open(m_hWnd, L"LISTVIEW");
+    if (gesso::GetScaling() != gesso::Scaling::None) {
+        TakeMeasures();
+    }
     return 1;
 }
 
@@ -274,6 +279,7 @@ LRESULT GList::OnCreate(const CREATESTRUCTW*)
     }
     const int nTitle = Pixels(m_hWnd, Metrics::LIST_TITLE_FONT);
     const int nText = Pixels(m_hWnd, Metrics::LIST_FONT);
+    m_inside->given &= ~gesso::LIST_FONTS_GIVEN;
     TakeFont(fontLabelTitle, MakeFont(nTitle, 0));
     TakeFont(fontLabelHeader, MakeFont(nText, 0));
     TakeFont(fontLabelText, MakeFont(nText, FW_NORMAL));
@@ -290,12 +296,15 @@ void GList::MakeMissingFonts()
     }
     const int nTitle = Pixels(m_hWnd, Metrics::LIST_TITLE_FONT);
     const int nText = Pixels(m_hWnd, Metrics::LIST_FONT);
-    MakeMissing(fontLabelTitle, nTitle, 0);
-    MakeMissing(fontLabelHeader, nText, 0);
+    const auto makeMissing = [](HFONT& hField, int nCharacterHeight, int nWeight) {
+        hField = hField ? hField : MakeFont(nCharacterHeight, nWeight);
+    };
+    makeMissing(fontLabelTitle, nTitle, 0);
+    makeMissing(fontLabelHeader, nText, 0);
     if (!(listStyle & GLS_OWNFONT)) {
-        MakeMissing(fontLabelText, nText, FW_NORMAL);
+        makeMissing(fontLabelText, nText, FW_NORMAL);
     }
-    MakeMissing(fontGroupTitle, nTitle, FW_BOLD);
+    makeMissing(fontGroupTitle, nTitle, FW_BOLD);
     m_inside->fFontsMissing = !fontLabelTitle || !fontLabelHeader || !fontLabelText || !fontGroupTitle;
 }
 

@@ -74,6 +74,8 @@ struct ShownItems;
 struct CellNeeds;
 class ListItemTrack;
 class ListTextPass;
+enum ListGiven : UINT;
+struct Measure;
 struct ViewAnchor;
 struct VirtualList;
 
@@ -497,6 +499,17 @@ private:
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     void StartAnew();
+
+    // Scaling
+    static HFONT MakeFont(int nCharacterHeight, int nWeight);
+    bool IsGiven(gesso::ListGiven given) const;
+    void NoteGiven(gesso::ListGiven given);
+    void TakeMeasures();
+    void RenewFont(HFONT& hField, gesso::Measure height, int nWeight, gesso::ListGiven given);
+    void RenewFonts();
+    void PrepareAll();
+    void OnScaling();
+    void ShowFirst(UINT row, UINT item);
 
     // Data
     ListColumn* ColumnFor(UINT column, const char* operation) const;

@@ -8,6 +8,7 @@
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/WindowDpi.h>
 #include <gesso/list/ListCellLayout.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
@@ -92,7 +93,7 @@ UINT GList::ColumnsWidth() const
 SIZE GList::CheckBoxSize(HDC hdc) const
 {
     return gesso::ThemePart(themeButton, hdc, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, gesso::PlainPart::CheckBox)
-        .Size(nullptr);
+        .Size(m_hWnd, nullptr);
 }
 
 // --- The three views
@@ -143,7 +144,8 @@ SIZE GList::IconSize() const
     if (imageList) {
         reinterpret_cast<IImageList*>(imageList)->GetIconSize(&cx, &cy);
     }
-    return {cx, cy};
+    const int nTimes = gesso::ImageFactor(m_hWnd);
+    return {cx * nTimes, cy * nTimes};
 }
 
 void GList::MakeIconsCell()

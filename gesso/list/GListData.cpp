@@ -392,6 +392,7 @@ void GList::SetGroupFormatRect(const RECT* rcFormat)
 void GList::SetGroupHeight(UINT height)
 {
     groupHeight = height;
+    NoteGiven(gesso::LIST_GROUP_HEIGHT_GIVEN);
     Calculate();
 }
 
@@ -573,6 +574,7 @@ UINT GList::GetItemCount() const
 void GList::SetItemHeight(UINT height)
 {
     itemHeight = itemHeightBase = height;
+    NoteGiven(gesso::LIST_ITEM_HEIGHT_GIVEN);
     headerArea = HeaderRoom();
     Has(*this, Quirk::ListCellsLag) ? Calculate() : void(SetListStyle(listStyle));
 }
@@ -585,6 +587,7 @@ UINT GList::GetItemHeight() const
 void GList::SetItemWidth(UINT width)
 {
     itemWidth = itemWidthBase = width;
+    NoteGiven(gesso::LIST_ITEM_WIDTH_GIVEN);
     Has(*this, Quirk::ListCellsLag) ? Calculate() : void(SetListStyle(listStyle));
 }
 

@@ -10,7 +10,9 @@
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
+#include <gesso/framework/ScaledImage.h>
 #include <gesso/framework/ThemePart.h>
+#include <gesso/framework/WindowDpi.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/PreparedText.h>
 #include <gesso/text/CDrawText.h>
@@ -361,6 +363,14 @@ void GList::RowPainter::DrawIcon(UINT image, const RECT& rc) const
 void GList::RowPainter::DrawImage(UINT image, const RECT& rc, SIZE size) const
 {
     if (image >= m_imageCount || (m_fContained && (size.cx <= 0 || size.cy <= 0))) {
+        return;
+    }
+    if (const int nTimes = gesso::ImageFactor(m_list.m_hWnd); nTimes > 1) {
+        const int nSaved = SaveDC(m_hdc);
+        IntersectClipRect(m_hdc, rc.left, rc.top, Saturated(int64_t{rc.left} + size.cx),
+                          Saturated(int64_t{rc.top} + size.cy));
+        gesso::DrawImageTimes(m_hdc, m_list.imageList, static_cast<int>(image), {rc.left, rc.top}, nTimes);
+        RestoreDC(m_hdc, nSaved);
         return;
     }
     IMAGELISTDRAWPARAMS params{};

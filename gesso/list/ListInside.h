@@ -154,8 +154,25 @@ struct ListIndices : std::array<UINT, 5>
 struct ListKept : std::array<ListItem*, 5>
 {};
 
+// What the host has set itself, so that no other scale changes it.
+enum ListGiven : UINT
+{
+    LIST_HEADER_HEIGHT_GIVEN = 0x0001,
+    LIST_HEADER_GAP_GIVEN = 0x0002,
+    LIST_GROUP_HEIGHT_GIVEN = 0x0004,
+    LIST_ITEM_WIDTH_GIVEN = 0x0008,
+    LIST_ITEM_HEIGHT_GIVEN = 0x0010,
+    LIST_TITLE_FONT_GIVEN = 0x0020,
+    LIST_HEADER_FONT_GIVEN = 0x0040,
+    LIST_TEXT_FONT_GIVEN = 0x0080,
+    LIST_GROUP_FONT_GIVEN = 0x0100
+};
+constexpr UINT LIST_FONTS_GIVEN =
+    LIST_TITLE_FONT_GIVEN | LIST_HEADER_FONT_GIVEN | LIST_TEXT_FONT_GIVEN | LIST_GROUP_FONT_GIVEN;
+
 struct ListInside
 {
+    UINT given = 0;      // LIST_..._GIVEN
     bool fOwner = false; // of the list's records: their maker's, not a copy's
     RowOrder rowOrder;
     bool fSizing = false;       // in WM_NCCALCSIZE

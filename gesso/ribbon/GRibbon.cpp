@@ -52,6 +52,22 @@ GRibbon::GRibbon()
     m_hTabFont.Reset(MakeFont(nullptr, Metrics::RIBBON_TAB_FONT));
 }
 
+// The tabs are as wide as their titles, and the pages lay out their items anew.
+void GRibbon::OnScaling()
+{
+    if (!m_template) {
+        m_hTabFont.Reset(MakeFont(m_hWnd, Metrics::RIBBON_TAB_FONT));
+    }
+    m_hPageFont.Reset();
+    MakeMissingTools();
+    for (RibbonTab& tab : m_aTabs) {
+        tab.uTextWidth = MeasureTitle(tab.pPage->Title());
+        if (tab.pPage->RibbonWindow()) {
+            tab.pPage->OnScaling();
+        }
+    }
+}
+
 GRibbon::GRibbon(UINT uTemplate) : m_template(LOWORD(uTemplate)) {}
 
 GRibbon::GRibbon(LPCWSTR pszTemplate) : m_template(reinterpret_cast<ULONG_PTR>(pszTemplate)) {}
@@ -94,6 +110,9 @@ LRESULT GRibbon::OnCreate(const CREATESTRUCTW*)
     MakeMissingTools();
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         m_aTabs[i].pPage->Create(this);
+    }
+    if (gesso::GetScaling() != gesso::Scaling::None) {
+        OnScaling(); // what was measured for no window yet
     }
     return 0;
 }
@@ -154,7 +173,7 @@ HIMAGELIST GRibbon::SmallImages() const
 LRESULT GRibbon::OnThemeChanged()
 {
     if (!m_template) {
-        MakeMissing(m_hTabFont, [] { return MakeFont(nullptr, Metrics::RIBBON_TAB_FONT); });
+        MakeMissing(m_hTabFont, [this] { return MakeFont(m_hWnd, Metrics::RIBBON_TAB_FONT); });
     }
     MakeMissingTools();
     if (!m_hLargeImages || !m_hSmallImages) {

@@ -174,6 +174,8 @@ private:
     LRESULT OnKeyboardMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT PassToParent(UINT uMsg, WPARAM wParam, LPARAM lParam) const;
     LRESULT OnThemeChanged();
+    void OnScaling();
+    bool HasImages() const { return LargeImages() || SmallImages(); }
     void MakeMissingTools();
     void ReleaseTools();
     void TakeMissingImages(HINSTANCE hInstance);

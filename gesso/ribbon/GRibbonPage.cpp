@@ -66,9 +66,9 @@ void GRibbonPage::Create(GRibbon* pRibbon)
     m_hover.group = m_hover.item = RIBBON_NONE;
     ChangeHot(RIBBON_NONE);
     ChangeFocusItem(RIBBON_NONE);
-    m_hItemFont = g_hDefaultFont;
     m_pRibbon = pRibbon;
     m_hwndRibbon = pRibbon->GetHwnd();
+    m_hItemFont = gesso::DefaultFontOf(m_hwndRibbon);
     m_hwndTarget = pRibbon->GetParent();
     TakeStyle();
     ChangeState(~0u, false);
@@ -78,6 +78,26 @@ void GRibbonPage::TakeStyle()
 {
     m_pRibbon->GetPageDrawInfo(&m_hBrush, &m_hPen, &m_hGroupFont);
     m_hTheme.Open(m_hwndRibbon, THEME_CLASS);
+}
+
+// A font that a derived class has chosen stays.
+void GRibbonPage::OnScaling()
+{
+    if (gesso::IsDefaultFont(m_hItemFont)) {
+        m_hItemFont = gesso::DefaultFontOf(m_hwndRibbon);
+    }
+    TakeStyle();
+    for (Group& group : m_aGroups) {
+        for (Item& item : group.aItems) {
+            if (item.uType != RIT_WINDOW) {
+                Measure(item);
+            }
+        }
+        if (!group.uFixedWidth) {
+            CalculateGroupSize(&group);
+        }
+    }
+    RecalcWidth();
 }
 
 void GRibbonPage::Destroy()

@@ -205,6 +205,7 @@ private:
     HWND RibbonWindow() const;
     void InvalidateRibbon() const;
     void TakeStyle();
+    void OnScaling();
 
     Group* FindGroup(DWORD dwId);
     Item* ItemOfCode(UINT uItem);

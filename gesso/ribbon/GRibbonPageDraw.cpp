@@ -4,6 +4,7 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Quirks.h>
+#include <gesso/framework/ScaledImage.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/Wrapped.h>
 #include <gesso/ribbon/GRibbonPageWatch.h>
@@ -140,7 +141,7 @@ struct ItemPainter
         const int nBoxState = nState + (item.uFlags & RIF_CHECKED ? nCheckedStates : 0);
         const ThemePart part(hTheme, hdc, BP_CHECKBOX, nBoxState, PlainPart::CheckBox);
         const int nLeft = rc.left + At(Metrics::RIBBON_BOX_LEFT);
-        const RECT rcBox{nLeft, rc.top + At(Metrics::RIBBON_BOX_TOP), nLeft + part.Size(nullptr).cx,
+        const RECT rcBox{nLeft, rc.top + At(Metrics::RIBBON_BOX_TOP), nLeft + part.Size(hwnd, nullptr).cx,
                          rc.bottom + At(Metrics::RIBBON_BOX_BOTTOM)};
         part.DrawBackground(rcBox);
         const int nTextLeft = rcBox.right + At(Metrics::RIBBON_BOX_GAP);
@@ -159,6 +160,9 @@ struct ItemPainter
 
     void DrawImage(HIMAGELIST hImages, int nImage, int x, int y, int cx) const
     {
+        if (gesso::DrawImageInPlace(hdc, hImages, nImage, {x, y}, cx)) {
+            return;
+        }
         IsolationAwareImageList_DrawEx(hImages, nImage, hdc, x, y, cx, cx);
     }
 

@@ -101,7 +101,7 @@ void GRibbonPage::CalculateItemSize(HDC hdc, Item* pItem) const
     } else if (pItem->uType == RIT_CHECKBOX) {
         const ThemePart box(m_hTheme, hdc, BP_CHECKBOX, 0, PlainPart::CheckBox);
         const ThemePart text(m_hTheme, hdc, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, PlainPart::CheckBox);
-        const auto cxBox = static_cast<int>(box.Size(nullptr).cx);
+        const auto cxBox = static_cast<int>(box.Size(RibbonWindow(), nullptr).cx);
         ItemMeasurer{RibbonWindow(), text, pszText}.MeasureCheckBox(cxBox, *pItem);
     }
 }

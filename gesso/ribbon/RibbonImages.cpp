@@ -9,14 +9,15 @@ namespace {
 
 constexpr int FIRST_IMAGES = 4;
 
+// Of the images as a template has them, whatever the scale.
 int LargeWidth()
 {
-    return Pixels(nullptr, Metrics::RIBBON_LARGE_IMAGE);
+    return Metrics::RIBBON_LARGE_IMAGE.nPixels;
 }
 
 int SmallWidth()
 {
-    return Pixels(nullptr, Metrics::RIBBON_SMALL_IMAGE);
+    return Metrics::RIBBON_SMALL_IMAGE.nPixels;
 }
 
 std::span<const BYTE> FindTemplate(HINSTANCE hInstance, LPCWSTR pszName)

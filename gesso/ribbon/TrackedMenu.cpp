@@ -86,7 +86,7 @@ TrackedMenu::TrackedMenu(const LPCWSTR* ppszValues, UINT nCount, UINT uChecked)
     ChangeHot(uChecked < nCount ? static_cast<int>(uChecked) : -1);
 }
 
-SIZE TrackedMenu::SizeOfRows() const
+SIZE TrackedMenu::SizeOfRows(HWND hwndOwner) const
 {
     const MemoryContext context;
     const SelectScope font(context, m_hFont);
@@ -96,22 +96,24 @@ SIZE TrackedMenu::SizeOfRows() const
         DrawTextW(context, GetValue(i), -1, &rcText, DT_CALCRECT | TEXT_FORMAT);
         cxText = std::max<int>(cxText, rcText.right);
     }
-    return {cxText + 2 * Pixels(nullptr, Metrics::VALUE_MENU_INDENT),
-            static_cast<int>(GetValueCount()) * Pixels(nullptr, Metrics::VALUE_MENU_ROW_HEIGHT)};
+    return {cxText + 2 * Pixels(hwndOwner, Metrics::VALUE_MENU_INDENT),
+            static_cast<int>(GetValueCount()) * Pixels(hwndOwner, Metrics::VALUE_MENU_ROW_HEIGHT)};
 }
 
 bool TrackedMenu::Show(HWND hwndOwner, POINT pt)
 {
     const RECT rcArea = WorkAreaAt(pt);
-    const SIZE rows = SizeOfRows();
-    const SIZE size{std::min(rows.cx + 2 * SystemMetric(nullptr, SM_CXBORDER), rcArea.right - rcArea.left),
-                    std::min(rows.cy + 2 * SystemMetric(nullptr, SM_CYBORDER), rcArea.bottom - rcArea.top)};
+    m_hFont = DefaultFontOf(hwndOwner);
+    const SIZE rows = SizeOfRows(hwndOwner);
+    const SIZE size{std::min(rows.cx + 2 * SystemMetric(hwndOwner, SM_CXBORDER), rcArea.right - rcArea.left),
+                    std::min(rows.cy + 2 * SystemMetric(hwndOwner, SM_CYBORDER), rcArea.bottom - rcArea.top)};
     const POINT ptPlace = PlaceBeside(pt, size, rcArea);
     const Placement place{static_cast<int>(ptPlace.x), static_cast<int>(ptPlace.y), static_cast<int>(size.cx),
                           static_cast<int>(size.cy), hwndOwner};
     if (!Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), place, 0, EX_STYLE, STYLE)) {
         return false;
     }
+    TakeDpi(m_hWnd, hwndOwner);
     SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc));
     Mark(static_cast<UINT>(m_nHot));
     ShowWindow(m_hWnd, SW_SHOWNOACTIVATE);

@@ -20,7 +20,7 @@ private:
     LRESULT OnTrackMessage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);
 
     bool Show(HWND hwndOwner, POINT pt);
-    SIZE SizeOfRows() const;
+    SIZE SizeOfRows(HWND hwndOwner) const;
     // Whether a message of the loop goes to its window.
     bool GoesOn(const MSG& msg);
     static bool TakeMessage(MSG* pMsg);

@@ -1,7 +1,7 @@
 // How a navigation bar comes to life and goes, its sizes, and its messages.
 
 #include <gesso/framework/ExplorerStyle.h>
-#include <gesso/framework/Library.h>
+#include <gesso/framework/FirstFont.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/WindowClass.h>
@@ -182,8 +182,35 @@ void GNavigationBar::EnsureVisible(UINT row)
 LRESULT GNavigationBar::OnCreate(const CREATESTRUCTW*)
 {
     MakeHeaderFont();
-    m_hFont = m_hFont && !Has(*this, Quirk::FontEndsWithWindow) ? m_hFont : g_hDefaultFont;
+    gesso::TakeFirstFont(*this, m_hFont);
+    if (gesso::GetScaling() != gesso::Scaling::None) {
+        TakeMeasures();
+    }
     return 0;
+}
+
+// What the host gave stays as it is.
+void GNavigationBar::TakeMeasures()
+{
+    if (!m_aVisible.Inside().fHeightGiven) {
+        m_nItemHeight = static_cast<UINT>(Pixels(m_hWnd, Metrics::NAVIGATION_ITEM_HEIGHT));
+    }
+}
+
+// The first row in view stays there.
+void GNavigationBar::OnScaling()
+{
+    const gesso::Lifeline life(*this);
+    const UINT row = Rows().Reaching(m_siV.nPos).row;
+    TakeMeasures();
+    MakeHeaderFont();
+    if (gesso::IsDefaultFont(m_hFont)) {
+        m_hFont = gesso::DefaultFontOf(m_hWnd);
+    }
+    const bool fShown = m_aVisible.GetLength() > 0 && UpdateScrollbars() && life;
+    if (fShown && row < m_aVisible.GetLength()) {
+        TreeInput::ScrollTo(*this, SB_VERT, Rows().PlaceOf(row).nTop);
+    }
 }
 
 void GNavigationBar::MakeHeaderFont()

@@ -234,6 +234,8 @@ private:
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void MakeHeaderFont();
+    void TakeMeasures();
+    void OnScaling();
     gesso::TreeItems<NavigationBarItem, Rules> Items() const;
     gesso::TreeView<NavigationBarItem, Rules> View();
     void ItemInserted(const NavigationBarItem& item, bool fShown);

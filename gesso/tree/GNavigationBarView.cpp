@@ -133,7 +133,7 @@ void GNavigationBar::DrawItemRow(HDC hdc, UINT row, const RECT& rc) const
     }
     const Cells cells = CellsOf(item, rc.right);
     if (ShowsGlyph(item)) {
-        m_hTheme.DrawGlyph(hdc, IsGlyphHot(row), item.uState & NBIS_EXPANDED,
+        m_hTheme.DrawGlyph(m_hWnd, hdc, IsGlyphHot(row), item.uState & NBIS_EXPANDED,
                            {cells.nGlyph, rc.top, cells.nGlyphEnd, rc.bottom});
     }
     const int nSide = Pixels(m_hWnd, Metrics::TREE_IMAGE);

@@ -173,9 +173,35 @@ void GTree::MakeFont()
 {
     gesso::ThemeHandle theme;
     theme.Open(m_hWnd, L"TEXTSTYLE");
-    const HFONT hFont = gesso::MakeThemeFont(theme, TEXT_BODYTEXT, TMT_FONT, 100);
+    const HFONT hFont = gesso::MakeThemeFont(m_hWnd, theme, TEXT_BODYTEXT, TMT_FONT, 100);
     TakeFont(hFont);
     m_hMadeFont.Reset(hFont);
+}
+
+// What the host gave stays as it is.
+void GTree::TakeMeasures()
+{
+    if (!m_aVisible.Inside().fHeightGiven) {
+        m_nItemHeight = static_cast<UINT>(Pixels(m_hWnd, Metrics::TREE_ITEM_HEIGHT));
+    }
+}
+
+// The first row in view stays there.
+void GTree::OnScaling()
+{
+    const gesso::Lifeline life(*this);
+    const UINT row = RowAt(0);
+    TakeMeasures();
+    if (!(m_uTreeStyle & GTS_OWNFONT)) {
+        MakeFont();
+    } else if (gesso::IsDefaultFont(m_hFont)) {
+        m_hFont = gesso::DefaultFontOf(m_hWnd);
+        Items().ForgetWidths();
+    }
+    MeasureRows();
+    if (UpdateScrollbars() && life) {
+        TreeInput::ScrollTo(*this, SB_VERT, PlaceOf(row).nTop);
+    }
 }
 
 LRESULT GTree::OnSetFont(HFONT hFont, UINT uRedraw)
@@ -347,6 +373,9 @@ LRESULT GTree::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 LRESULT GTree::OnCreate(const CREATESTRUCTW*)
 {
     m_hThemeButton.Open(m_hWnd, L"BUTTON");
+    if (gesso::GetScaling() != gesso::Scaling::None) {
+        TakeMeasures();
+    }
     const bool fHosts = m_hFont && (m_uTreeStyle & GTS_OWNFONT) && !Has(*this, Quirk::FontEndsWithWindow);
     if (!fHosts) {
         MakeFont();

@@ -313,6 +313,8 @@ private:
     void TakeFont(HFONT hFont);
     void MakeFont();
     void ReleaseFont();
+    void TakeMeasures();
+    void OnScaling();
     gesso::RowPlace PlaceOf(UINT row) const;
     RECT RowRect(UINT row, int cx) const;
     UINT RowAt(int y) const;

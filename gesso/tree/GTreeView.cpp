@@ -135,7 +135,7 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
         return RECT{gesso::Wrapped(x), rc.top, gesso::Wrapped(x + measures.nCell), rc.bottom};
     };
     if (gesso::HasExpander(item)) {
-        m_hTheme.DrawGlyph(hdc, fHot && m_hitMove.nPart == THT_EXPANDER, item.uState & TIS_EXPANDED,
+        m_hTheme.DrawGlyph(m_hWnd, hdc, fHot && m_hitMove.nPart == THT_EXPANDER, item.uState & TIS_EXPANDED,
                            cell(cells.nExpander));
     }
     if (m_uTreeStyle & GTS_CHECKBOXES) {

@@ -51,6 +51,7 @@ struct TreeActions
     template <class CONTROL> static void SetItemHeight(CONTROL& tree, UINT nHeight)
     {
         tree.m_nItemHeight = nHeight;
+        tree.m_aVisible.Inside().fHeightGiven = true;
         RedrawWithBars(tree);
     }
 

@@ -34,6 +34,7 @@ template <class ITEM> struct TreeInside
     ItemRows<ITEM> rows;
     const ITEM* pToldSelection = nullptr; // the selected item that the parent knows of; only compared
     bool fHadWindow = false;
+    bool fHeightGiven = false; // the item height is the host's
     ItemEdit<ITEM> edit;
     TypeAhead typed;
     // The host is asked for what is to be painted, or has been: who paints now asks for nothing.

@@ -1,6 +1,7 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/ScaledImage.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/Wrapped.h>
 #include <gesso/tree/TreeTheme.h>
@@ -24,8 +25,14 @@ void TreeTheme::Close()
 
 void TreeTheme::DrawGlyph(HDC hdc, bool fHot, bool fOpen, const RECT& rc) const
 {
+    DrawGlyph(nullptr, hdc, fHot, fOpen, rc);
+}
+
+void TreeTheme::DrawGlyph(HWND hwnd, HDC hdc, bool fHot, bool fOpen, const RECT& rc) const
+{
     const int nPart = fHot && m_fHotGlyph ? TVP_HOTGLYPH : TVP_GLYPH;
     ThemePart(m_hGlyphs, hdc, nPart, fOpen ? GLPS_OPENED : GLPS_CLOSED, PlainPart::TreeGlyph)
+        .In(hwnd)
         .DrawBackground(rc);
 }
 
@@ -50,6 +57,9 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
         return;
     }
     LayoutOverlay::Add(hdc, {x, y, Wrapped(int64_t{x} + nSide), Wrapped(int64_t{y} + nSide)});
+    if (DrawImageInPlace(hdc, hImageList, static_cast<int>(nImage), {x, y}, nSide)) {
+        return;
+    }
     IMAGELISTDRAWPARAMS params{};
     params.cbSize = sizeof(params);
     params.himl = hImageList;

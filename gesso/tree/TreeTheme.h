@@ -17,6 +17,8 @@ public:
     const ItemTheme& Items() const { return m_items; }
 
     void DrawGlyph(HDC hdc, bool fHot, bool fOpen, const RECT& rc) const;
+    // The same in a window, which tells how large it is without a style.
+    void DrawGlyph(HWND hwnd, HDC hdc, bool fHot, bool fOpen, const RECT& rc) const;
 
 private:
     ItemTheme m_items;

@@ -273,10 +273,20 @@ void AcceptAndCompose(std::u16string_view accepted, std::u16string_view composed
 
 // Sets a registry value of several texts; the key is one below HKEY_LOCAL_MACHINE.
 void SetRegistryTexts(std::string_view key, std::string_view value, const std::vector<std::string>& texts);
+// Sets a registry value that is a number; the key is one below HKEY_CURRENT_USER.
+void SetRegistryNumber(std::string_view key, std::string_view value, DWORD number);
 
 void SetSystemMetric(int index, int value);
 void SetSystemColor(int index, COLORREF color);
 void SetDpi(int dpi);
+// The dots an inch of one window, those below it included; those of SetDpi at first. ChangeDpi also tells it,
+// as a move to another screen does: WM_DPICHANGED with a rectangle of the same place, which the window takes
+// or not, and WM_DPICHANGED_BEFOREPARENT and _AFTERPARENT to those below.
+void SetWindowDpi(HWND hwnd, int dpi);
+void ChangeDpi(HWND hwnd, int dpi);
+// Whether a class of the style has one handle, whose last dots an inch are those of all, as Wine has it;
+// false at first.
+void ShareThemeHandles(bool shared);
 // The keyboard's repeat delay, 0 to 3, and speed, 0 to 31.
 void SetKeyboardRepeat(int delay, int speed);
 // Lines that one notch of the wheel scrolls.

@@ -190,6 +190,16 @@ HBITMAP WINAPI CreateBitmap(INT width, INT height, UINT planes, UINT bits, LPCVO
     return FaultFires("CreateBitmap") ? nullptr : MakeBitmap(width, height, static_cast<int>(planes * bits));
 }
 
+// Of bitmaps, which is all that is asked for.
+HANDLE WINAPI CopyImage(HANDLE handle, UINT type, INT cx, INT cy, UINT)
+{
+    const auto* bitmap = type == IMAGE_BITMAP ? Find<Bitmap>(static_cast<HBITMAP>(handle)) : nullptr;
+    if (FaultFires("CopyImage") || !bitmap) {
+        return nullptr;
+    }
+    return MakeBitmap(cx ? cx : bitmap->width, cy ? cy : bitmap->height, 32);
+}
+
 HBITMAP WINAPI CreateCompatibleBitmap(HDC hdc, INT width, INT height)
 {
     constexpr int SCREEN_BITS = 32;

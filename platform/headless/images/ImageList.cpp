@@ -160,6 +160,9 @@ HRESULT List::Draw(IMAGELISTDRAWPARAMS* params)
 
 HRESULT List::GetIcon(int index, UINT, HICON* icon)
 {
+    if (FaultFires("IImageList::GetIcon")) {
+        return FaultResult();
+    }
     *icon = Has(index) ? MakeObject<HICON, Icon>(m_cx, m_cy, "list:" + std::to_string(index)) : nullptr;
     return *icon ? S_OK : E_INVALIDARG;
 }

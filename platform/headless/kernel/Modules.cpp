@@ -22,7 +22,7 @@ struct Module
 {
     const wchar_t* name;
     const wchar_t* path;
-    // Only what LoadLibraryW has loaded has exports; the others are linked.
+    // What is looked up by name; all else is linked.
     const Export* exports;
     size_t exportCount;
     int references;
@@ -41,10 +41,23 @@ const Export COMMON_CONTROLS[] = {
     {"LoadIconWithScaleDown", Address(LoadIconWithScaleDown)},
 };
 
+const Export USER[] = {
+    {"GetDpiForSystem", Address(GetDpiForSystem)},
+    {"GetDpiForWindow", Address(GetDpiForWindow)},
+    {"GetSystemMetricsForDpi", Address(GetSystemMetricsForDpi)},
+    {"SystemParametersInfoForDpi", Address(SystemParametersInfoForDpi)},
+};
+
+const Export THEMES[] = {
+    {"OpenThemeDataForDpi", Address(OpenThemeDataForDpi)},
+};
+
 Module s_modules[] = {
     {L"host.exe", L"C:\\Program Files\\Host\\host.exe", nullptr, 0, 1},
     {L"gesso.dll", L"C:\\Program Files\\Host\\gesso.dll", nullptr, 0, 1},
     {L"comctl32.dll", L"C:\\Windows\\System32\\comctl32.dll", COMMON_CONTROLS, std::size(COMMON_CONTROLS), 0},
+    {L"user32.dll", L"C:\\Windows\\System32\\user32.dll", USER, std::size(USER), 1},
+    {L"uxtheme.dll", L"C:\\Windows\\System32\\uxtheme.dll", THEMES, std::size(THEMES), 1},
 };
 
 HMODULE HandleOf(Module& module)

@@ -9,7 +9,14 @@
 namespace gesso::headless {
 namespace {
 
-using ValueName = std::pair<WideText, WideText>; // the key below HKEY_LOCAL_MACHINE, and the value
+struct Value
+{
+    HKEY root;
+    DWORD type;
+    std::string bytes;
+};
+
+using ValueName = std::pair<WideText, WideText>; // the key below the root, and the value
 
 struct IgnoringCase
 {
@@ -20,9 +27,9 @@ struct IgnoringCase
     }
 };
 
-std::map<ValueName, WideText, IgnoringCase>& Values()
+std::map<ValueName, Value, IgnoringCase>& Values()
 {
-    static std::map<ValueName, WideText, IgnoringCase> s_values;
+    static std::map<ValueName, Value, IgnoringCase> s_values;
     return s_values;
 }
 
@@ -35,7 +42,17 @@ void SetRegistryTexts(std::string_view key, std::string_view value, const std::v
         all += FromUtf8(text) + u'\0';
     }
     const TableLock lock;
-    Values()[{FromUtf8(key), FromUtf8(value)}] = all + u'\0';
+    all += u'\0';
+    Values()[{FromUtf8(key), FromUtf8(value)}] = {
+        HKEY_LOCAL_MACHINE, REG_MULTI_SZ,
+        std::string(reinterpret_cast<const char*>(all.data()), all.size() * sizeof(WCHAR))};
+}
+
+void SetRegistryNumber(std::string_view key, std::string_view value, DWORD number)
+{
+    const TableLock lock;
+    Values()[{FromUtf8(key), FromUtf8(value)}] = {
+        HKEY_CURRENT_USER, REG_DWORD, std::string(reinterpret_cast<const char*>(&number), sizeof(number))};
 }
 
 void ClearRegistry()
@@ -48,8 +65,7 @@ void ClearRegistry()
 
 using namespace gesso::headless;
 
-// Values of several texts, which are all that there are.
-LSTATUS WINAPI RegGetValueW(HKEY key, LPCWSTR subKey, LPCWSTR value, DWORD, LPDWORD type, PVOID data,
+LSTATUS WINAPI RegGetValueW(HKEY key, LPCWSTR subKey, LPCWSTR value, DWORD flags, LPDWORD type, PVOID data,
                             LPDWORD size)
 {
     if (FaultFires("RegGetValueW")) {
@@ -57,13 +73,16 @@ LSTATUS WINAPI RegGetValueW(HKEY key, LPCWSTR subKey, LPCWSTR value, DWORD, LPDW
     }
     const TableLock lock;
     const auto found = Values().find({WideText(View(subKey)), WideText(View(value))});
-    if (key != HKEY_LOCAL_MACHINE || found == Values().end()) {
+    if (found == Values().end() || key != found->second.root) {
         return ERROR_FILE_NOT_FOUND;
     }
-    const auto needed = static_cast<DWORD>(found->second.size() * sizeof(WCHAR));
+    if (!(flags & (found->second.type == REG_DWORD ? RRF_RT_REG_DWORD : RRF_RT_REG_MULTI_SZ))) {
+        return ERROR_UNSUPPORTED_TYPE;
+    }
+    const auto needed = static_cast<DWORD>(found->second.bytes.size());
     const DWORD room = size ? *size : 0;
     if (type) {
-        *type = REG_MULTI_SZ;
+        *type = found->second.type;
     }
     if (size) {
         *size = needed;
@@ -72,7 +91,7 @@ LSTATUS WINAPI RegGetValueW(HKEY key, LPCWSTR subKey, LPCWSTR value, DWORD, LPDW
         return ERROR_MORE_DATA;
     }
     if (data) {
-        memcpy(data, found->second.data(), needed);
+        memcpy(data, found->second.bytes.data(), needed);
     }
     return ERROR_SUCCESS;
 }

@@ -201,6 +201,39 @@ int WINAPI GetSystemMetrics(int index)
     return found != Current().metrics.end() ? found->second : DefaultMetric(index);
 }
 
+// Lengths grow with the dots an inch, lines by whole steps; what the screen has and what is counted does not.
+int WINAPI GetSystemMetricsForDpi(int index, UINT dpi)
+{
+    const int metric = GetSystemMetrics(index);
+    switch (index) {
+    case SM_CXSCREEN:
+    case SM_CYSCREEN:
+    case SM_CMONITORS:
+    case SM_CMOUSEBUTTONS:
+    case SM_MOUSEPRESENT:
+    case SM_MOUSEWHEELPRESENT: return metric;
+    case SM_CXBORDER:
+    case SM_CYBORDER:
+    case SM_CXEDGE:
+    case SM_CYEDGE: return metric * static_cast<int>(dpi) / USER_DEFAULT_SCREEN_DPI;
+    default: return MulDiv(metric, static_cast<int>(dpi), USER_DEFAULT_SCREEN_DPI);
+    }
+}
+
+BOOL WINAPI SystemParametersInfoForDpi(UINT action, UINT, PVOID to, UINT, UINT dpi)
+{
+    const TableLock lock;
+    if (FaultFires("SystemParametersInfoForDpi") || action != SPI_GETNONCLIENTMETRICS ||
+        !AnswerNonClientMetrics(static_cast<NONCLIENTMETRICSW*>(to)))
+    {
+        return FALSE;
+    }
+    auto* metrics = static_cast<NONCLIENTMETRICSW*>(to);
+    metrics->lfCaptionFont.lfHeight =
+        MulDiv(metrics->lfCaptionFont.lfHeight, static_cast<int>(dpi), static_cast<int>(GetDpiForSystem()));
+    return TRUE;
+}
+
 UINT WINAPI GetDpiForSystem()
 {
     const TableLock lock;

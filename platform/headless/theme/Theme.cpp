@@ -21,7 +21,15 @@ constexpr auto NOT_FOUND = static_cast<HRESULT>(0x80070490); // of ERROR_NOT_FOU
 struct ThemeHandle
 {
     std::string themeClass;
+    int dpi; // 0 for one that was opened for none
 };
+
+// By class, those of the handle that was opened last.
+std::unordered_map<std::string, int>& LastDpi()
+{
+    static std::unordered_map<std::string, int> s_last;
+    return s_last;
+}
 
 // What a window was told by SetWindowTheme, and the theme it opened last.
 struct WindowStyle
@@ -50,16 +58,31 @@ const std::string* ClassOf(HTHEME theme)
     return found != Handles().end() ? &found->second.themeClass : nullptr;
 }
 
-HTHEME MakeHandle(std::string themeClass)
+// A length of the style, which is of so many dots an inch.
+int ScaledFor(HTHEME theme, int length, UINT base = USER_DEFAULT_SCREEN_DPI)
+{
+    const TableLock lock;
+    const auto found = Handles().find(theme);
+    if (found == Handles().end()) {
+        return length;
+    }
+    const int dpi = AreThemeHandlesShared() ? LastDpi()[found->second.themeClass] : found->second.dpi;
+    return dpi ? MulDiv(length, dpi, static_cast<int>(base)) : length;
+}
+
+HTHEME MakeHandle(std::string themeClass, int dpi)
 {
     const TableLock lock;
     static constinit uintptr_t s_last = 0x00020000;
     s_last += 4;
     const auto theme = reinterpret_cast<HTHEME>(s_last);
     Track(Kind::Theme, theme);
-    Handles().emplace(theme, ThemeHandle{std::move(themeClass)});
+    LastDpi()[themeClass] = dpi;
+    Handles().emplace(theme, ThemeHandle{std::move(themeClass), dpi});
     return theme;
 }
+
+HTHEME Open(HWND hwnd, LPCWSTR classes, int dpi);
 
 // The first available class of a list like "Button;Window", with the window's application name before it.
 std::string FirstAvailable(const std::string& list, const std::string& application)
@@ -177,9 +200,19 @@ void ForgetWindowTheme(HWND hwnd)
 HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
 {
     const TableLock lock;
-    if (FaultFires("OpenThemeData")) {
-        return nullptr;
-    }
+    return FaultFires("OpenThemeData") ? nullptr : Open(hwnd, classes, 0);
+}
+
+HTHEME WINAPI OpenThemeDataForDpi(HWND hwnd, LPCWSTR classes, UINT dpi)
+{
+    const TableLock lock;
+    return FaultFires("OpenThemeDataForDpi") ? nullptr : Open(hwnd, classes, static_cast<int>(dpi));
+}
+
+namespace {
+
+HTHEME Open(HWND hwnd, LPCWSTR classes, int dpi)
+{
     if (!classes) {
         SetLastError(static_cast<DWORD>(E_POINTER));
         return nullptr;
@@ -187,7 +220,7 @@ HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
     WindowStyle style = hwnd ? Windows()[hwnd] : WindowStyle();
     const std::string list = style.classes.empty() ? ToUtf8(View(classes)) : style.classes;
     const std::string themeClass = ThemesActive() ? FirstAvailable(list, style.application) : std::string();
-    const HTHEME theme = themeClass.empty() ? nullptr : MakeHandle(themeClass);
+    const HTHEME theme = themeClass.empty() ? nullptr : MakeHandle(themeClass, dpi);
     if (hwnd) {
         Windows()[hwnd].theme = theme;
     }
@@ -196,6 +229,8 @@ HTHEME WINAPI OpenThemeData(HWND hwnd, LPCWSTR classes)
     }
     return theme;
 }
+
+} // namespace
 
 HRESULT WINAPI CloseThemeData(HTHEME theme)
 {
@@ -262,14 +297,26 @@ HRESULT WINAPI GetThemeMargins(HTHEME theme, HDC, int part, int state, int prope
         *margins = {};
     }
     return Answer(theme, "GetThemeMargins", margins, [=](const std::string& themeClass) {
-        return FindThemeMargins(themeClass, part, state, property);
+        std::optional<MARGINS> found = FindThemeMargins(themeClass, part, state, property);
+        if (found) {
+            for (int* length :
+                 {&found->cxLeftWidth, &found->cxRightWidth, &found->cyTopHeight, &found->cyBottomHeight}) {
+                *length = ScaledFor(theme, *length);
+            }
+        }
+        return found;
     });
 }
 
 HRESULT WINAPI GetThemePartSize(HTHEME theme, HDC, int part, int state, RECT*, THEMESIZE, SIZE* size)
 {
-    return Answer(theme, "GetThemePartSize", size,
-                  [=](const std::string& themeClass) { return FindThemePartSize(themeClass, part, state); });
+    return Answer(theme, "GetThemePartSize", size, [=](const std::string& themeClass) {
+        std::optional<SIZE> found = FindThemePartSize(themeClass, part, state);
+        if (found) {
+            found = SIZE{ScaledFor(theme, found->cx), ScaledFor(theme, found->cy)};
+        }
+        return found;
+    });
 }
 
 HRESULT WINAPI GetThemeColor(HTHEME theme, int part, int state, int property, COLORREF* color)
@@ -298,7 +345,11 @@ HRESULT WINAPI GetThemeEnumValue(HTHEME theme, int part, int state, int property
 HRESULT WINAPI GetThemeFont(HTHEME theme, HDC, int part, int state, int property, LOGFONTW* font)
 {
     return Answer(theme, "GetThemeFont", font, [=](const std::string& themeClass) {
-        return FindThemeFont(themeClass, part, state, property);
+        std::optional<LOGFONTW> found = FindThemeFont(themeClass, part, state, property);
+        if (found && found->lfHeight) {
+            found->lfHeight = ScaledFor(theme, found->lfHeight, GetDpiForSystem());
+        }
+        return found;
     });
 }
 

@@ -29,6 +29,7 @@ template <typename VALUE> using Properties = std::map<PropertyKey, VALUE>;
 struct Style
 {
     bool active = true;
+    bool shared = false;
     std::set<std::string> hiddenClasses;
     std::set<std::pair<std::string, int>> hiddenParts;
     Properties<MARGINS> margins;
@@ -138,6 +139,12 @@ bool ThemesActive()
     return Current().active;
 }
 
+bool AreThemeHandlesShared()
+{
+    const TableLock lock;
+    return Current().shared;
+}
+
 bool IsThemeClassAvailable(const std::string& themeClass)
 {
     const TableLock lock;
@@ -220,6 +227,12 @@ void SetThemed(bool themed)
 {
     const TableLock lock;
     Current().active = themed;
+}
+
+void ShareThemeHandles(bool shared)
+{
+    const TableLock lock;
+    Current().shared = shared;
 }
 
 void SetThemeClassAvailable(std::string_view themeClass, bool available)

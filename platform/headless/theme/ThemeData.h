@@ -8,6 +8,7 @@
 namespace gesso::headless {
 
 bool ThemesActive();
+bool AreThemeHandlesShared();
 bool IsThemeClassAvailable(const std::string& themeClass);
 bool IsThemePartAvailable(const std::string& themeClass, int part);
 
