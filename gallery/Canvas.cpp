@@ -1,5 +1,6 @@
 #include <gallery/Canvas.h>
 #include <gallery/Fonts.h>
+#include <gallery/Scale.h>
 
 #include <algorithm>
 
@@ -19,12 +20,13 @@ INT_PTR CALLBACK ForwardToPage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lPara
     }
 }
 
+// As the page counts.
 RECT PlaceOf(HWND hwnd)
 {
     RECT rc{};
     GetWindowRect(hwnd, &rc);
     MapWindowPoints(nullptr, GetParent(hwnd), reinterpret_cast<POINT*>(&rc), 2);
-    return rc;
+    return {Unscaled(rc.left), Unscaled(rc.top), Unscaled(rc.right), Unscaled(rc.bottom)};
 }
 
 template <class VISIT> void ForEachChild(HWND hwndParent, const VISIT& visit)
@@ -46,11 +48,20 @@ GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, 
     return label;
 }
 
+void Canvas::Finish()
+{
+    ScaleChildren(m_hwnd);
+    TellDots(m_hwnd);
+    m_fFinished = true;
+}
+
 void Canvas::Place(GWnd& control, int x, int y, int cx, int cy) const
 {
     const POINT ptShift = m_fStacked && x >= RIGHT_BLOCK ? m_ptStack : POINT{};
-    control.MoveWindow(x + ptShift.x - GetScrollPos(m_hwnd, SB_HORZ),
-                       y + ptShift.y - GetScrollPos(m_hwnd, SB_VERT), cx, cy);
+    RECT rc{x + ptShift.x, y + ptShift.y, x + ptShift.x + cx, y + ptShift.y + cy};
+    rc = m_fFinished ? Scaled(rc) : rc;
+    control.MoveWindow(rc.left - GetScrollPos(m_hwnd, SB_HORZ), rc.top - GetScrollPos(m_hwnd, SB_VERT),
+                       rc.right - rc.left, rc.bottom - rc.top);
 }
 
 // By where it stands now; a frame is a pixel outside of its control.
@@ -79,7 +90,7 @@ void Canvas::Stack(bool fStacked)
     const POINT ptMove = fStacked ? m_ptStack : POINT{-m_ptStack.x, -m_ptStack.y};
     ForEachChild(m_hwnd, [&](HWND hwnd, const RECT& rc) {
         if (IsRight(rc)) {
-            SetWindowPos(hwnd, nullptr, rc.left + ptMove.x, rc.top + ptMove.y, 0, 0,
+            SetWindowPos(hwnd, nullptr, Scaled(rc.left + ptMove.x), Scaled(rc.top + ptMove.y), 0, 0,
                          SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         }
     });
@@ -109,7 +120,8 @@ void Canvas::Title(LPCWSTR pszTitle, LPCWSTR pszAbout)
 void Canvas::PaintFrames(HDC hdc) const
 {
     const HBRUSH hbrFrame = CreateSolidBrush(FRAME_COLOR);
-    for (const RECT& rc : m_frames) {
+    for (const RECT& rcFrame : m_frames) {
+        const RECT rc = Scaled(rcFrame);
         FrameRect(hdc, &rc, hbrFrame);
     }
     DeleteObject(hbrFrame);

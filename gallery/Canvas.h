@@ -40,6 +40,8 @@ public:
         return result;
     }
 
+    // What the page has made is there: brings it to the gallery's dots.
+    void Finish();
     // Moves a control on the page, which may be scrolled and stacked by now.
     void Place(GWnd& control, int x, int y, int cx, int cy) const;
     // Puts the right column of blocks below the left one, or back, while the page is not scrolled.
@@ -61,6 +63,7 @@ private:
     LONG LeftBottom() const;
 
     HWND m_hwnd;
+    bool m_fFinished = false;
     bool m_fStacked = false;
     POINT m_ptStack{}; // how far the right column is moved to be stacked
     int m_nNextId = 100;

@@ -2,6 +2,7 @@
 #include <gallery/Glyphs.h>
 #include <gallery/Marks.h>
 #include <gallery/Pages.h>
+#include <gallery/Scale.h>
 #include <gallery/Splitter.h>
 #include <gallery/resource.h>
 
@@ -86,7 +87,7 @@ public:
         const RECT rcView{rc.left, rc.top, rc.left + cx, rc.bottom};
         GLabel& view = canvas.Text(rcView, L"", g_hDefaultFont, 0, GLS_EMPTY | WS_CLIPCHILDREN);
         m_pPicture = &canvas.Own(std::make_unique<GLabel>());
-        m_pPicture->Create(0, 0, cx, PICTURE_HEIGHT, view, 0, L"", 0, CHILD | GS_BITMAP);
+        m_pPicture->Create(0, 0, Scaled(cx), PICTURE_HEIGHT, view, 0, L"", 0, CHILD | GS_BITMAP);
         m_pPicture->SetBitmap(LandscapeBitmap(cx, PICTURE_HEIGHT));
         m_pBar = &canvas.Own(std::make_unique<GScrollbar>());
         m_pBar->Create(rcView.right, rc.top, BAR_WIDTH, BLOCK_HEIGHT, canvas.Window(), canvas.NextId(), 0,
@@ -118,7 +119,7 @@ private:
     {
         m_pBar->SetScrollPos(static_cast<UINT>(nPos));
         m_pBar->Invalidate(0);
-        m_pPicture->MoveWindow(0, -static_cast<int>(m_pBar->GetScrollPos()), BLOCK_WIDTH - BAR_WIDTH,
+        m_pPicture->MoveWindow(0, -static_cast<int>(m_pBar->GetScrollPos()), Scaled(BLOCK_WIDTH - BAR_WIDTH),
                                PICTURE_HEIGHT);
     }
 

@@ -2,6 +2,7 @@
 #include <gallery/DemoWizard.h>
 #include <gallery/Fonts.h>
 #include <gallery/Marks.h>
+#include <gallery/Scale.h>
 #include <gallery/resource.h>
 
 namespace gallery {
@@ -57,7 +58,7 @@ public:
         m_canvas = std::make_unique<Canvas>(hwnd);
         RECT rc{};
         GetClientRect(hwnd, &rc);
-        const int xRight = rc.right - PAGE_MARGIN;
+        const int xRight = Unscaled(rc.right) - PAGE_MARGIN;
         m_canvas->Text({PAGE_MARGIN, 16, xRight, 46}, TEXTS[m_nIndex].pszTitle, TitleFont(), RGB(0, 51, 153));
         m_canvas->Text({PAGE_MARGIN, TEXT_TOP, xRight, TEXT_TOP + TEXT_HEIGHT}, TEXTS[m_nIndex].pszText,
                        g_hDefaultFont, RGB(0, 0, 0), GS_MULTILINE);
@@ -66,6 +67,7 @@ public:
         } else if (m_nIndex == KIND) {
             BuildKind();
         }
+        m_canvas->Finish();
     }
 
     void OnNotify(HWND hwnd, stcWizardNotify& notify)

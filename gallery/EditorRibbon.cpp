@@ -1,4 +1,5 @@
 #include <gallery/EditorRibbon.h>
+#include <gallery/Scale.h>
 #include <gallery/resource.h>
 
 namespace gallery {
@@ -22,7 +23,7 @@ Part PartAt(LPCWSTR pszKind, UINT uId, LPCWSTR pszText, RECT rc, HWND hwndRibbon
 void EditorPage::Group(LPCWSTR pszTitle, UINT uWidth)
 {
     const DWORD dwFormer = m_dwGroup++;
-    InsertGroup(dwFormer, m_dwGroup, pszTitle, uWidth);
+    InsertGroup(dwFormer, m_dwGroup, pszTitle, static_cast<UINT>(Scaled(static_cast<int>(uWidth))));
 }
 
 void EditorPage::Button(UINT nId, WORD wSize, RibbonImage image, LPCWSTR pszText)
@@ -53,8 +54,8 @@ void EditorPage::Host(HWND hwnd, int nRow)
     const GRibbonPage::Group& group = m_aGroups[m_aGroups.GetLength() - 1];
     RECT rc{};
     GetWindowRect(hwnd, &rc);
-    SetWindowPos(hwnd, nullptr, group.nLeft + HOSTED_MARGIN, FIRST_ROW + nRow * ROW_HEIGHT,
-                 rc.right - rc.left, rc.bottom - rc.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(hwnd, nullptr, group.nLeft + Scaled(HOSTED_MARGIN), Scaled(FIRST_ROW + nRow * ROW_HEIGHT),
+                 Scaled(rc.right - rc.left), Scaled(rc.bottom - rc.top), SWP_NOZORDER | SWP_NOACTIVATE);
     AddWindow(m_dwGroup, hwnd);
 }
 
@@ -74,7 +75,7 @@ void EditorPage::AddParts(std::vector<Part>& parts, HWND hwndRibbon) const
     for (const GRibbonPage::Group& group : m_aGroups) {
         for (const Item& item : group.aItems) {
             RECT rc{item.nLeft, item.nTop, item.nRight, item.nBottom};
-            OffsetRect(&rc, group.nLeft + 4, 4); // where it is hit
+            OffsetRect(&rc, group.nLeft + Scaled(4), Scaled(4)); // where it is hit
             if (item.uType != RIT_WINDOW) {
                 parts.push_back(PartAt(L"ribbon item", item.nId, item.pszText, rc, hwndRibbon));
             }
@@ -118,10 +119,10 @@ void EditorRibbon::AddParts(std::vector<Part>& parts) const
     int x = 0;
     for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
         if (m_aTabs[i].uStatus & RIBBON_TAB_VISIBLE) {
-            const int nRight = x + static_cast<int>(m_aTabs[i].uTextWidth) + TAB_MARGINS;
+            const int nRight = x + static_cast<int>(m_aTabs[i].uTextWidth) + Scaled(TAB_MARGINS);
             parts.push_back(
-                PartAt(L"ribbon tab", i, PageAt(i).TabTitle(), {x, 0, nRight, TAB_HEIGHT}, *this));
-            x = nRight + TAB_GAP;
+                PartAt(L"ribbon tab", i, PageAt(i).TabTitle(), {x, 0, nRight, Scaled(TAB_HEIGHT)}, *this));
+            x = nRight + Scaled(TAB_GAP);
         }
     }
     if (m_nActive < m_aTabs.GetLength()) {

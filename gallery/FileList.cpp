@@ -1,12 +1,13 @@
 #include <gallery/FileList.h>
+#include <gallery/Scale.h>
 
 namespace gallery {
 namespace {
 
 constexpr UINT END = static_cast<UINT>(-1);
 constexpr UINT LINE = DT_SINGLELINE | DT_VCENTER;
-constexpr UINT TILE_HEIGHT = 44;
-constexpr UINT ROW_HEIGHT = 22;
+constexpr int TILE_HEIGHT = 44;
+constexpr int ROW_HEIGHT = 22;
 constexpr LONG CHECK_BOX_ROOM = 20; // left of a tile
 constexpr LONG CAPTION_WIDTH = 160; // of a tile's size and type, right of its name
 
@@ -164,7 +165,7 @@ void FileList::Restart(UINT uStyle, UINT nColumns)
     SetScrollPos(SB_VERT, 0, TRUE);
     SetListStyle(GLS_DETAILS); // without columns, so that icons show the first one, the name
     SetImageList(uView == GLS_DETAILS ? SmallFileImages() : LargeFileImages());
-    SetItemHeight(uView == GLS_TILES ? TILE_HEIGHT : ROW_HEIGHT);
+    SetItemHeight(static_cast<UINT>(Scaled(uView == GLS_TILES ? TILE_HEIGHT : ROW_HEIGHT)));
     SetListStyle(uStyle);
     for (UINT column = 0; column < nColumns; column++) {
         AddColumn(static_cast<Column>(column), uStyle);
@@ -180,9 +181,11 @@ void FileList::AddColumn(Column column, UINT uStyle)
                       ? RECT{6, kind.yTile, cxName, TILE_HEIGHT - 6}
                       : RECT{cxName + 10, kind.yTile, cxName + 10 + CAPTION_WIDTH, kind.yTile + 20};
     OffsetRect(&rcTile, uStyle & GLS_CHECKBOXES ? CHECK_BOX_ROOM : 0, 0);
-    InsertColumn(END, kind.uTileFlags, fTiles ? LINE : kind.uFormat, column == NAME ? m_cxName : kind.cx, 40,
-                 kind.pszName, 0, kind.nType, fTiles ? &rcTile : nullptr,
-                 column == TYPE ? &GroupByType : nullptr, kind.pfnSort, &GetOfNumber);
+    rcTile = Scaled(rcTile);
+    const auto cx = static_cast<UINT>(Scaled(static_cast<int>(column == NAME ? m_cxName : kind.cx)));
+    InsertColumn(END, kind.uTileFlags, fTiles ? LINE : kind.uFormat, cx, 40, kind.pszName, 0, kind.nType,
+                 fTiles ? &rcTile : nullptr, column == TYPE ? &GroupByType : nullptr, kind.pfnSort,
+                 &GetOfNumber);
 }
 
 UINT FileList::GroupByType(GList* pList, void* customData)

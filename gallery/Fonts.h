@@ -5,8 +5,13 @@
 
 namespace gallery {
 
+// The dots an inch that a font's points are reckoned by.
+int DotsOfFonts();
+
 HFONT TitleFont();
 HFONT HeadingFont();
 HFONT CaptionFont();
+// The library's default font as it is at the gallery's dots, for what the gallery paints itself.
+HFONT BodyFont();
 
 } // namespace gallery

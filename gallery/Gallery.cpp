@@ -2,6 +2,7 @@
 #include <gallery/Layout.h>
 #include <gallery/Picture.h>
 #include <gallery/Report.h>
+#include <gallery/Scale.h>
 
 #include <cstdio>
 #include <cwctype>
@@ -90,7 +91,7 @@ Gallery::~Gallery()
 
 bool Gallery::Create()
 {
-    RECT rc{0, 0, CLIENT_SIZE.cx, CLIENT_SIZE.cy};
+    RECT rc = Scaled(RECT{0, 0, CLIENT_SIZE.cx, CLIENT_SIZE.cy});
     AdjustWindowRectEx(&rc, WINDOW_STYLE, FALSE, WS_EX_CONTROLPARENT);
     m_hwnd = CreateWindowExW(WS_EX_CONTROLPARENT, MAKEINTRESOURCEW(RegisterMainClass(&WindowProc)), TITLE,
                              WINDOW_STYLE, 40, 40, rc.right - rc.left, rc.bottom - rc.top, nullptr, nullptr,
@@ -104,6 +105,7 @@ bool Gallery::Create()
     m_lastLines.Create(0, 0, 10, 10, m_hwnd, 0, L"What the controls report to their parent appears here.", 0,
                        WS_CHILD | WS_VISIBLE | GS_MULTILINE | GLS_NOPREFIX);
     m_lastLines.SetTextColor(CAPTION_COLOR);
+    TellDots(m_hwnd);
     s_pGallery = this;
     m_hHook = SetWindowsHookExW(WH_GETMESSAGE, &OnMessageTaken, nullptr, GetCurrentThreadId());
     OnSize();
@@ -117,18 +119,19 @@ bool Gallery::Create()
 RECT Gallery::PageRect() const
 {
     const SIZE size = ClientSize(m_hwnd);
-    const LONG nBottom = size.cy - (m_fReport ? REPORT_HEIGHT : 0);
-    return {PageList::WIDTH, CommandBar::HEIGHT, size.cx, std::max<LONG>(nBottom, CommandBar::HEIGHT)};
+    const int nTop = Scaled(CommandBar::HEIGHT);
+    const LONG nBottom = size.cy - (m_fReport ? Scaled(REPORT_HEIGHT) : 0);
+    return {Scaled(PageList::WIDTH), nTop, size.cx, std::max<LONG>(nBottom, nTop)};
 }
 
 LRESULT Gallery::OnSize()
 {
     const SIZE size = ClientSize(m_hwnd);
     const RECT rcPage = PageRect();
-    m_commands.Place({0, 0, size.cx, CommandBar::HEIGHT});
-    m_pages.Place({0, CommandBar::HEIGHT, PageList::WIDTH, size.cy});
-    m_lastLines.MoveWindow(PageList::WIDTH + MARGIN, rcPage.bottom + 8,
-                           size.cx - PageList::WIDTH - 2 * MARGIN, REPORT_HEIGHT - 16);
+    m_commands.Place({0, 0, size.cx, rcPage.top});
+    m_pages.Place({0, rcPage.top, rcPage.left, size.cy});
+    m_lastLines.MoveWindow(rcPage.left + Scaled(MARGIN), rcPage.bottom + Scaled(8),
+                           size.cx - rcPage.left - Scaled(2 * MARGIN), Scaled(REPORT_HEIGHT - 16));
     m_lastLines.SetVisible(m_fReport);
     if (m_page) {
         m_page->Place(rcPage);

@@ -26,6 +26,7 @@ class ListPage : public Page
 public:
     void Build(Canvas& canvas) override
     {
+        m_pCanvas = &canvas;
         canvas.Title(L"List",
                      L"GList: columns, groups, images, three views. A header sorts; F2 or a double click "
                      L"renames.");
@@ -48,13 +49,13 @@ public:
     {
         const int nRight = size.cx - MARGIN;
         const int nBottom = size.cy - STATUS_ROOM;
-        m_pMany->MoveWindow(nRight - OPTION_WIDTH, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
-        m_pFolder->MoveWindow(nRight - 2 * OPTION_WIDTH - GAP, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
-        m_pNumbers->MoveWindow(nRight - OPTION_WIDTH, FIRST_BLOCK + ROW_HEIGHT + 10, OPTION_WIDTH,
-                               ROW_HEIGHT);
-        m_pList->MoveWindow(MARGIN, LIST_TOP, nRight - MARGIN, nBottom - LIST_TOP);
-        m_pStatus->MoveWindow(MARGIN, nBottom + 8, nRight - PROGRESS_WIDTH - GAP - MARGIN, 20);
-        m_pProgress->MoveWindow(nRight - PROGRESS_WIDTH, nBottom + 12, PROGRESS_WIDTH, 12);
+        m_pCanvas->Place(*m_pMany, nRight - OPTION_WIDTH, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pFolder, nRight - 2 * OPTION_WIDTH - GAP, FIRST_BLOCK, OPTION_WIDTH, ROW_HEIGHT);
+        m_pCanvas->Place(*m_pNumbers, nRight - OPTION_WIDTH, FIRST_BLOCK + ROW_HEIGHT + 10, OPTION_WIDTH,
+                         ROW_HEIGHT);
+        m_pCanvas->Place(*m_pList, MARGIN, LIST_TOP, nRight - MARGIN, nBottom - LIST_TOP);
+        m_pCanvas->Place(*m_pStatus, MARGIN, nBottom + 8, nRight - PROGRESS_WIDTH - GAP - MARGIN, 20);
+        m_pCanvas->Place(*m_pProgress, nRight - PROGRESS_WIDTH, nBottom + 12, PROGRESS_WIDTH, 12);
     }
 
     LRESULT OnCommand(UINT, UINT, HWND hwndFrom) override
@@ -272,6 +273,7 @@ private:
     }
 
     Folder m_folder;
+    Canvas* m_pCanvas = nullptr;
     FileList* m_pList = nullptr;
     GLabel* m_pStatus = nullptr;
     GProgressBar* m_pProgress = nullptr;

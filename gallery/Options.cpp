@@ -24,6 +24,11 @@ bool Take(Options& options, const std::wstring& name, LPCWSTR pszValue)
         options.nPage = PageNamed(pszValue);
         return options.nPage >= 0;
     }
+    if (name == L"--scale") {
+        constexpr int LEAST = 96, MOST = 480;
+        options.nDots = _wtoi(pszValue);
+        return options.nDots >= LEAST && options.nDots <= MOST;
+    }
     std::wstring* pField = name == L"--shots"    ? &options.pictureDir
                            : name == L"--log"    ? &options.logFile
                            : name == L"--stats"  ? &options.statsFile
@@ -47,7 +52,8 @@ bool ReadOptions(Options& options)
     }
     LocalFree(arguments);
     if (!fUnderstood) {
-        std::fputs("usage: gallery [--page NAME] [--shots DIR] [--log FILE] [--layout FILE] [--stats FILE]\n",
+        std::fputs("usage: gallery [--page NAME] [--scale DOTS] [--shots DIR] [--log FILE] [--layout FILE] "
+                   "[--stats FILE]\n",
                    stderr);
     }
     return fUnderstood;

@@ -7,6 +7,7 @@ namespace gallery {
 
 struct Options
 {
+    int nDots = 0;           // --scale DOTS: drawn for so many dots an inch, whatever the screen has
     int nPage = 0;           // --page NAME: the page shown first
     std::wstring pictureDir; // --shots DIR: saves a picture of each page there and ends
     std::wstring logFile;    // --log FILE: what the controls report goes there too, a line each

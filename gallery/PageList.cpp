@@ -1,6 +1,7 @@
 #include <gallery/ImageStrip.h>
 #include <gallery/PageList.h>
 #include <gallery/Pages.h>
+#include <gallery/Scale.h>
 #include <gallery/resource.h>
 
 #include <commctrl.h>
@@ -8,15 +9,19 @@
 namespace gallery {
 namespace {
 
-constexpr UINT ROW_HEIGHT = 30;
 constexpr int PAGE_LIST_ID = 990;
+
+int RowHeight()
+{
+    return Scaled(30);
+}
 
 } // namespace
 
 void PageList::Create(HWND hwndParent)
 {
     m_hImages = LoadImageStrip(IDB_SMALL_IMAGES);
-    m_bar.SetItemHeight(ROW_HEIGHT);
+    m_bar.SetItemHeight(static_cast<UINT>(RowHeight()));
     m_bar.SetImageList(m_hImages);
     m_bar.Create(0, 0, WIDTH, 10, hwndParent, PAGE_LIST_ID, 0, WS_CHILD | WS_VISIBLE | WS_VSCROLL);
     void* hRoot = m_bar.GetRootItem();
@@ -63,8 +68,8 @@ void PageList::AddParts(std::vector<Part>& parts) const
     const int nBottom = rc.bottom;
     rc.top -= m_bar.GetScrollPos(SB_VERT);
     for (int i = 0; i < PAGE_COUNT; i++) {
-        rc.top += PAGES[i].pszFamily ? static_cast<int>(ROW_HEIGHT) : 0;
-        rc.bottom = rc.top + static_cast<int>(ROW_HEIGHT);
+        rc.top += PAGES[i].pszFamily ? RowHeight() : 0;
+        rc.bottom = rc.top + RowHeight();
         if (rc.bottom <= nBottom) {
             parts.push_back({L"page", static_cast<UINT>(i), PAGES[i].pszName, rc});
         }

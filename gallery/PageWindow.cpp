@@ -1,4 +1,5 @@
 #include <gallery/PageWindow.h>
+#include <gallery/Scale.h>
 
 #include <windowsx.h>
 
@@ -70,6 +71,7 @@ PageWindow::PageWindow(HWND hwndParent, const RECT& rc, std::unique_ptr<Page> pa
     SetWindowLongPtrW(m_hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     m_canvas = std::make_unique<Canvas>(m_hwnd);
     m_page->Build(*m_canvas);
+    m_canvas->Finish();
     EnumChildWindows(m_hwnd, &FindDefaultButton, reinterpret_cast<LPARAM>(&m_hwndDefault));
     Arrange();
     ShowWindow(m_hwnd, SW_SHOW);
@@ -196,7 +198,7 @@ void PageWindow::Arrange()
     room.cy -= least.cx > room.cx ? cyBar : 0;
     SetRange(SB_HORZ, least.cx, room.cx);
     SetRange(SB_VERT, least.cy, room.cy);
-    m_page->OnSize({std::max(room.cx, least.cx), std::max(room.cy, least.cy)});
+    m_page->OnSize({Unscaled(std::max(room.cx, least.cx)), Unscaled(std::max(room.cy, least.cy))});
     m_fArranging = false;
     InvalidateRect(m_hwnd, nullptr, TRUE);
 }
@@ -204,10 +206,13 @@ void PageWindow::Arrange()
 // Two columns are stacked rather than scrolled across.
 SIZE PageWindow::NeededIn(SIZE room)
 {
-    const SIZE least = m_page->LeastSize();
-    const bool fStacked = least.cx == TWO_COLUMNS.cx && room.cx < least.cx;
+    SIZE least = m_page->LeastSize();
+    const bool fStacked = least.cx == TWO_COLUMNS.cx && room.cx < Scaled(least.cx);
     m_canvas->Stack(fStacked);
-    return fStacked ? SIZE{LEFT_BLOCK + BLOCK_WIDTH + MARGIN, m_canvas->Extent().cy + MARGIN} : least;
+    if (fStacked) {
+        least = {LEFT_BLOCK + BLOCK_WIDTH + MARGIN, m_canvas->Extent().cy + MARGIN};
+    }
+    return {Scaled(least.cx), Scaled(least.cy)};
 }
 
 void PageWindow::SetRange(int nBar, int nLeast, int nRoom) const

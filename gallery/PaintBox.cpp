@@ -1,3 +1,4 @@
+#include <gallery/Fonts.h>
 #include <gallery/PaintBox.h>
 
 #include <utility>
@@ -71,7 +72,7 @@ LRESULT PaintBox::OnPaint()
     const HDC hdc = CreateCompatibleDC(hdcWindow);
     const HBITMAP hbm = CreateCompatibleBitmap(hdcWindow, size.cx, size.cy);
     const HGDIOBJ hFormerBitmap = SelectObject(hdc, hbm);
-    const HGDIOBJ hFormerFont = SelectObject(hdc, g_hDefaultFont);
+    const HGDIOBJ hFormerFont = SelectObject(hdc, BodyFont());
     FillRect(hdc, &rc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     SetBkMode(hdc, TRANSPARENT);
     Draw(hdc, rc);

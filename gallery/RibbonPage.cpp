@@ -2,6 +2,7 @@
 #include <gallery/EditorRibbon.h>
 #include <gallery/Pages.h>
 #include <gallery/Report.h>
+#include <gallery/Scale.h>
 
 #include <gesso/edit/GComboBox.h>
 #include <gesso/ribbon/GRightClickMenu.h>
@@ -79,9 +80,11 @@ public:
         canvas.Title(L"Ribbon",
                      L"GRibbon: groups, buttons, check boxes, hosted windows. GRightClickMenu: a right "
                      L"click in the text.");
+        m_pCanvas = &canvas;
         m_hwnd = canvas.Window();
         m_ribbon = &canvas.Own(std::make_unique<EditorRibbon>());
         m_ribbon->MakeWindow({0, 0, 10, RIBBON_HEIGHT}, m_hwnd);
+        TellDots(m_hwnd); // before the ribbon's windows get their places
         MakeEditor(canvas);
         m_find = &canvas.Own(std::make_unique<GEdit>());
         m_sizes = &canvas.Own(std::make_unique<GComboBox>());
@@ -98,8 +101,8 @@ public:
     void OnSize(SIZE size) override
     {
         const LONG cx = size.cx - 2 * MARGIN;
-        m_ribbon->MoveWindow(MARGIN, FIRST_BLOCK, cx, RIBBON_HEIGHT);
-        m_editor->MoveWindow(MARGIN, EDITOR_TOP, cx, size.cy - MARGIN - EDITOR_TOP);
+        m_pCanvas->Place(*m_ribbon, MARGIN, FIRST_BLOCK, cx, RIBBON_HEIGHT);
+        m_pCanvas->Place(*m_editor, MARGIN, EDITOR_TOP, cx, size.cy - MARGIN - EDITOR_TOP);
         m_editor->WrapAnew();
     }
 
@@ -294,9 +297,7 @@ private:
 
     void ApplyFont()
     {
-        const HDC hdcScreen = GetDC(nullptr);
-        const int nHeight = -MulDiv(m_nPoints, GetDeviceCaps(hdcScreen, LOGPIXELSY), 72);
-        ReleaseDC(nullptr, hdcScreen);
+        const int nHeight = -MulDiv(m_nPoints, DotsOfFonts(), 72);
         const HFONT hFormer = m_hFont;
         m_hFont = CreateFontW(nHeight, 0, 0, 0, m_fBold ? FW_BOLD : FW_NORMAL, m_fItalic, m_fUnderline, 0, 0,
                               0, 0, 0, 0, m_fFixedPitch ? L"DejaVu Sans Mono" : L"Segoe UI");
@@ -304,6 +305,7 @@ private:
         DeleteObject(hFormer);
     }
 
+    Canvas* m_pCanvas = nullptr;
     HWND m_hwnd = nullptr;
     // The canvas's.
     EditorRibbon* m_ribbon = nullptr;

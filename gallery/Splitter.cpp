@@ -1,3 +1,4 @@
+#include <gallery/Scale.h>
 #include <gallery/Splitter.h>
 
 namespace gallery {
@@ -22,7 +23,7 @@ std::optional<int> Splitter::DraggedTo(const NMHDR& header)
         (header.code != GSN_BEGINDRAG && header.code != GSN_DRAG)) {
         return {};
     }
-    const auto x = static_cast<int>(reinterpret_cast<const stcSeparatorNotify&>(header).pt.x);
+    const int x = Unscaled(reinterpret_cast<const stcSeparatorNotify&>(header).pt.x);
     if (header.code == GSN_BEGINDRAG) {
         m_xGrip = x;
         return {};

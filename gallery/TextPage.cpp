@@ -2,6 +2,7 @@
 #include <gallery/Pages.h>
 #include <gallery/PaintBox.h>
 #include <gallery/PreparedText.h>
+#include <gallery/Scale.h>
 #include <gallery/TextSamples.h>
 #include <gallery/WrapView.h>
 
@@ -12,7 +13,12 @@ namespace {
 
 constexpr SIZE CELL = {122, 56};
 constexpr int VIEW_HEIGHT = 472;
-constexpr int LINE_HEIGHT = 18;
+
+int LineHeight()
+{
+    return Scaled(18);
+}
+
 constexpr LPCWSTR WORDS = L"Some words on as many lines as they need here";
 constexpr COLORREF MEASURE_COLOR = RGB(196, 64, 32);
 
@@ -45,8 +51,8 @@ void FrameMeasure(HDC hdc, const RECT& rc)
 void DrawMeasured(HDC hdc, RECT rc, LPCWSTR pszText, UINT uFormat)
 {
     RECT rcMeasure = rc;
-    CDrawText::DrawText_Prepare(hdc, pszText, -1, &rcMeasure, uFormat | DT_CALCRECT, LINE_HEIGHT, nullptr);
-    CDrawText::DrawTextW(hdc, pszText, -1, rc, uFormat, LINE_HEIGHT, nullptr);
+    CDrawText::DrawText_Prepare(hdc, pszText, -1, &rcMeasure, uFormat | DT_CALCRECT, LineHeight(), nullptr);
+    CDrawText::DrawTextW(hdc, pszText, -1, rc, uFormat, LineHeight(), nullptr);
     FrameMeasure(hdc, rcMeasure);
 }
 
@@ -79,7 +85,7 @@ private:
         grid.SetFramed(true);
         for (const TextAlignment& alignment : TEXT_ALIGNMENTS) {
             AddCell(canvas, grid, alignment.pszCaption, [=](HDC hdc, const RECT& rc) {
-                CDrawText::DrawTextW(hdc, L"Two\r\nlines", -1, rc, alignment.uFormat, LINE_HEIGHT, nullptr);
+                CDrawText::DrawTextW(hdc, L"Two\r\nlines", -1, rc, alignment.uFormat, LineHeight(), nullptr);
             });
         }
         return grid.Bottom();
@@ -94,20 +100,20 @@ private:
         AddCell(canvas, grid, L"many: the bottom",
                 [](HDC hdc, const RECT& rc) { DrawMeasured(hdc, rc, L"First\r\nsecond", 0); });
         AddCell(canvas, grid, L"one line, cut", [](HDC hdc, const RECT& rc) {
-            CDrawText::DrawTextW(hdc, WORDS, -1, rc, DT_SINGLELINE, LINE_HEIGHT, nullptr);
+            CDrawText::DrawTextW(hdc, WORDS, -1, rc, DT_SINGLELINE, LineHeight(), nullptr);
         });
         AddCell(canvas, grid, L"wrapped, in one call", [](HDC hdc, const RECT& rc) {
-            CDrawText::DrawTextW(hdc, WORDS, -1, rc, 0, LINE_HEIGHT, nullptr);
+            CDrawText::DrawTextW(hdc, WORDS, -1, rc, 0, LineHeight(), nullptr);
         });
         AddCell(canvas, grid, L"wrapped, line by line", [](HDC hdc, const RECT& rc) {
-            const PreparedText text = PrepareText(hdc, WORDS, rc, 0, LINE_HEIGHT);
+            const PreparedText text = PrepareText(hdc, WORDS, rc, 0, LineHeight());
             DrawLineByLine(hdc, rc, *text);
         });
         AddCell(canvas, grid, L"both directions", [](HDC hdc, const RECT& rc) {
             const TextSample hebrew = {nullptr, L"one שתיים three", {L"Segoe UI", L"DejaVu Sans"}};
             const HFONT hFont = MakeSampleFont(hdc, hebrew);
             const HGDIOBJ hFormer = SelectObject(hdc, hFont);
-            CDrawText::DrawTextW(hdc, hebrew.pszText, -1, rc, DT_CENTER | DT_VCENTER, LINE_HEIGHT, nullptr);
+            CDrawText::DrawTextW(hdc, hebrew.pszText, -1, rc, DT_CENTER | DT_VCENTER, LineHeight(), nullptr);
             SelectObject(hdc, hFormer);
             DeleteObject(hFont);
         });

@@ -1,3 +1,4 @@
+#include <gallery/Scale.h>
 #include <gallery/TextSamples.h>
 
 #include <string_view>
@@ -68,7 +69,8 @@ HFONT MakeSampleFont(HDC hdc, const TextSample& sample)
         if (hFont) {
             DeleteObject(hFont);
         }
-        hFont = CreateFontW(FONT_HEIGHT, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, pszFace);
+        hFont = CreateFontW(Scaled(FONT_HEIGHT), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0,
+                            pszFace);
         if (Serves(hdc, hFont, pszFace, sample.pszText)) {
             break;
         }

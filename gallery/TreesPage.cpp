@@ -5,6 +5,7 @@
 #include <gallery/Fonts.h>
 #include <gallery/Marks.h>
 #include <gallery/Pages.h>
+#include <gallery/Scale.h>
 #include <gallery/Splitter.h>
 
 #include <algorithm>
@@ -100,7 +101,7 @@ public:
         m_pPlaces->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), 0,
                           CHILD | WS_TABSTOP | WS_VSCROLL | GNS_SINGLEEXPAND);
         m_pPlaces->SetImageList(SmallFileImages());
-        m_pPlaces->SetItemHeight(34);
+        m_pPlaces->SetItemHeight(static_cast<UINT>(Scaled(34)));
         m_splitter.Create(canvas);
         m_pList = &canvas.Own(std::make_unique<GList>());
         m_pList->Create(0, 0, 0, 0, canvas.Window(), canvas.NextId(), GLS_DETAILS | GLS_HEADER, 0,
@@ -139,7 +140,8 @@ public:
 private:
     void AddColumn(LPCWSTR pszName, UINT cx, UINT uFormat, int type)
     {
-        m_pList->InsertColumn(END, 0, uFormat, cx, 40, pszName, 0, type, nullptr, nullptr, nullptr, nullptr);
+        m_pList->InsertColumn(END, 0, uFormat, static_cast<UINT>(Scaled(static_cast<int>(cx))), 40, pszName,
+                              0, type, nullptr, nullptr, nullptr, nullptr);
     }
 
     void OnPlaces(const GNAVNOTIFY& record)
@@ -177,6 +179,7 @@ class TreesPage : public Page
 public:
     void Build(Canvas& canvas) override
     {
+        m_pCanvas = &canvas;
         canvas.Title(L"Trees",
                      L"GTree: the directories of this machine. GNavigationBar: places that fill a list.");
         m_pImages = &MakeOption(canvas, MARGIN, L"&Images");
@@ -201,8 +204,8 @@ public:
     {
         const LONG cx = (size.cx - 3 * MARGIN) / 2;
         const LONG nBottom = size.cy - STATUS_ROOM;
-        m_pTree->MoveWindow(MARGIN, BLOCK_TOP, cx, nBottom - BLOCK_TOP);
-        m_pStatus->MoveWindow(MARGIN, nBottom + 8, cx, 20);
+        m_pCanvas->Place(*m_pTree, MARGIN, BLOCK_TOP, cx, nBottom - BLOCK_TOP);
+        m_pCanvas->Place(*m_pStatus, MARGIN, nBottom + 8, cx, 20);
         m_browser.Place({size.cx - MARGIN - cx, BLOCK_TOP, size.cx - MARGIN, nBottom});
     }
 
@@ -310,6 +313,7 @@ private:
     GCheckBox* m_pChecks = nullptr;
     GCheckBox* m_pMillion = nullptr;
     void* m_hMillion = nullptr;
+    Canvas* m_pCanvas = nullptr;
     GLabel* m_pStatus = nullptr;
     Browser m_browser;
 };

@@ -1,5 +1,6 @@
 #include <gallery/Canvas.h>
 #include <gallery/Fonts.h>
+#include <gallery/Scale.h>
 #include <gallery/WrapView.h>
 
 #include <algorithm>
@@ -26,7 +27,7 @@ WrapView::WrapView(HWND hwndParent, const RECT& rc) : PaintBox(hwndParent, rc)
         m_paragraphs.push_back({sample.pszScript, sample.pszText, MakeSampleFont(hdc, sample), nullptr});
     }
     ReleaseDC(Window(), hdc);
-    SetWidth(FIRST_WIDTH);
+    SetWidth(Scaled(FIRST_WIDTH));
 }
 
 WrapView::~WrapView()
@@ -39,7 +40,7 @@ WrapView::~WrapView()
 // All texts are prepared anew for each width, however fast the edge is dragged.
 void WrapView::SetWidth(int cx)
 {
-    cx = std::clamp<int>(cx, LEAST_WIDTH, Size().cx - TEXT_LEFT - PADDING);
+    cx = std::clamp<int>(cx, Scaled(LEAST_WIDTH), Size().cx - Scaled(TEXT_LEFT) - Scaled(PADDING));
     if (cx == m_cx) {
         return;
     }
@@ -47,7 +48,7 @@ void WrapView::SetWidth(int cx)
     const HDC hdc = GetDC(Window());
     for (Paragraph& paragraph : m_paragraphs) {
         const HGDIOBJ hFormer = SelectObject(hdc, paragraph.hFont);
-        paragraph.text = PrepareText(hdc, paragraph.pszText, {0, 0, cx, 1}, 0, LINE_HEIGHT);
+        paragraph.text = PrepareText(hdc, paragraph.pszText, {0, 0, cx, 1}, 0, Scaled(LINE_HEIGHT));
         SelectObject(hdc, hFormer);
     }
     ReleaseDC(Window(), hdc);
@@ -56,7 +57,7 @@ void WrapView::SetWidth(int cx)
 
 int WrapView::EdgeX() const
 {
-    return TEXT_LEFT + m_cx;
+    return Scaled(TEXT_LEFT) + m_cx;
 }
 
 Part WrapView::Edge() const
@@ -77,9 +78,9 @@ bool WrapView::IsOnEdge(int x) const
 
 void WrapView::Draw(HDC hdc, const RECT& rc)
 {
-    int y = PADDING;
+    int y = Scaled(PADDING);
     for (Paragraph& paragraph : m_paragraphs) {
-        y += DrawParagraph(hdc, y, paragraph) + PARAGRAPH_GAP;
+        y += DrawParagraph(hdc, y, paragraph) + Scaled(PARAGRAPH_GAP);
     }
     DrawEdge(hdc, rc.bottom);
 }
@@ -89,17 +90,19 @@ int WrapView::DrawParagraph(HDC hdc, int y, Paragraph& paragraph) const
 {
     SelectObject(hdc, CaptionFont());
     SetTextColor(hdc, CAPTION_COLOR);
-    CDrawText::DrawTextW(hdc, paragraph.pszScript, -1, {PADDING, y + 3, TEXT_LEFT, y + LINE_HEIGHT},
-                         DT_SINGLELINE, LINE_HEIGHT, nullptr);
+    CDrawText::DrawTextW(hdc, paragraph.pszScript, -1,
+                         {Scaled(PADDING), y + 3, Scaled(TEXT_LEFT), y + Scaled(LINE_HEIGHT)}, DT_SINGLELINE,
+                         Scaled(LINE_HEIGHT), nullptr);
     if (!paragraph.text) {
-        return LINE_HEIGHT;
+        return Scaled(LINE_HEIGHT);
     }
-    const RECT rc = {TEXT_LEFT, y, EdgeX(), y + LINE_HEIGHT};
+    const RECT rc = {Scaled(TEXT_LEFT), y, EdgeX(), y + Scaled(LINE_HEIGHT)};
     SelectObject(hdc, paragraph.hFont);
     SetTextColor(hdc, RGB(0, 0, 0));
     DrawLineBoxes(hdc, rc, *paragraph.text);
     DrawLineByLine(hdc, rc, *paragraph.text);
-    return std::max(static_cast<int>(paragraph.text->nBreaks + 1) * LINE_HEIGHT, paragraph.text->nFontHeight);
+    return std::max(static_cast<int>(paragraph.text->nBreaks + 1) * Scaled(LINE_HEIGHT),
+                    paragraph.text->nFontHeight);
 }
 
 void WrapView::DrawEdge(HDC hdc, int cy) const
@@ -125,7 +128,7 @@ LRESULT WrapView::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_MOUSEMOVE:
         if (m_fDragging) {
-            SetWidth(x - m_nGrip - TEXT_LEFT);
+            SetWidth(x - m_nGrip - Scaled(TEXT_LEFT));
         }
         if (m_fDragging || IsOnEdge(x)) {
             SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));

@@ -1,5 +1,6 @@
 #include <gallery/Gallery.h>
 #include <gallery/Picture.h>
+#include <gallery/Scale.h>
 #include <gallery/Stats.h>
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
@@ -10,6 +11,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
     }
     InitControls();
     gesso::SetBehavior(gesso::Behavior::Modern);
+    if (options.nDots) {
+        gesso::SetScaling(gesso::Scaling::PerMonitor);
+        gallery::SetDots(options.nDots);
+    }
     const gallery::PictureSession pictures;
     gallery::Gallery gallery(options);
     gallery::Stats stats;

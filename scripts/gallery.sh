@@ -2,8 +2,9 @@
 # Builds the library and its gallery for Windows, and runs it under Wine.
 #
 #   scripts/gallery.sh [--page NAME]   shows it in a window, where there is a display
-#   scripts/gallery.sh --shots DIR     saves a picture of every page and prints the paths; the way taken without
-#                                      a display, too, into build/shots
+#   scripts/gallery.sh --shots DIR [--scale DOTS]
+#                                      saves a picture of every page, drawn for so many dots an inch, and prints
+#                                      the paths; the way taken without a display, too, into build/shots
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -16,15 +17,17 @@ show_window() {
 }
 
 save_pictures() {
-    local dir=$1
+    local dir=$1 size=1280x1024
+    shift
+    [[ -z ${1:-} ]] || size=3200x2600 # the window grows with the dots
     mkdir -p "$dir"
-    start_display
+    start_display $size
     prepare_wine N
-    xdotool mousemove 1279 1023 # no control is to look as if the pointer were on it
+    xdotool mousemove "$((${size%x*} - 1))" "$((${size#*x} - 1))" # no control is to look as if the pointer were on it
     # The page "List" shows the system's own files, which are as old as the prefix.
     find "$WINEPREFIX/drive_c/windows" -exec touch --no-dereference --date=2026-03-14T12:00:00Z {} +
     export TZ=UTC
-    run_wine 120 "$GALLERY" --shots "$(windows_path "$dir")" >/dev/null || die "the gallery failed"
+    run_wine 120 "$GALLERY" --shots "$(windows_path "$dir")" "$@" >/dev/null || die "the gallery failed"
     find "$dir" -name '*.png' | sort
 }
 
@@ -32,8 +35,8 @@ save_pictures() {
 say "building"
 build windows gallery
 if [[ ${1:-} == --shots ]]; then
-    [[ -n ${2:-} ]] || die "usage: scripts/gallery.sh [--page NAME | --shots DIR]"
-    save_pictures "$(realpath -m "$2")"
+    [[ -n ${2:-} ]] || die "usage: scripts/gallery.sh [--page NAME | --shots DIR [--scale DOTS]]"
+    save_pictures "$(realpath -m "$2")" "${@:3}"
 elif [[ -n ${DISPLAY:-} ]] && xdotool getdisplaygeometry >/dev/null 2>&1; then
     show_window "$@"
 else

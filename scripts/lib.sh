@@ -30,12 +30,12 @@ build() {
 
 # --- A private display
 
-# Starts an Xvfb with the first free display number and ends it with the script.
+# start_display [WIDTHxHEIGHT]: starts an Xvfb with the first free display number and ends it with the script.
 start_display() {
     local file number i
     mkdir -p "$BUILD"
     file=$(mktemp "$BUILD/display.XXXXXX")
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$file" >/dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${1:-1280x1024}x24" -nolisten tcp 3>"$file" >/dev/null 2>&1 &
     XVFB_PID=$!
     trap end_session EXIT
     for ((i = 0; i < 100; i++)); do

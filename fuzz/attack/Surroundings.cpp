@@ -3,6 +3,7 @@
 #include "Call.h"
 
 #include <gesso/framework/Behavior.h>
+#include <gesso/framework/Scaling.h>
 
 namespace attack {
 
@@ -61,6 +62,21 @@ void ChangeTheme(World& world, Source& source)
     }
 }
 
+void ChangeScale(World& world, Source& source)
+{
+    gesso::SetScaling(static_cast<gesso::Scaling>(source.Below(3)));
+    gesso::Scale(world.Window(), source.Integer());
+    gesso::DpiOf(world.Window());
+}
+
+void ChangeDots(World& world, Source& source)
+{
+    const UINT uMsg = source.Chance(2) ? WM_DPICHANGED : WM_DPICHANGED_AFTERPARENT;
+    const RECT rc = source.Rect();
+    const auto wDots = static_cast<WORD>(source.Chance(2) ? 96 + 24 * source.Below(9) : source.Bits());
+    SendMessageW(world.Window(), uMsg, MAKEWPARAM(wDots, wDots), reinterpret_cast<LPARAM>(&rc));
+}
+
 } // namespace
 
 void AddSurroundings(Table& table)
@@ -74,6 +90,8 @@ void AddSurroundings(Table& table)
                    {"Show", Show},
                    {"Invalidate", Invalidate, 3},
                    {"ChangeTheme", ChangeTheme},
+                   {"ChangeScale", ChangeScale},
+                   {"ChangeDots", ChangeDots, 2},
                    {"ShowCues", [](World& world, Source&) { gesso::ShowKeyboardCues(world.Host()); }},
                    {"Arm", [](World& world, Source& source) { world.Arm(source); }, 12},
                });

@@ -1,5 +1,6 @@
 #include <gesso/controls/Image.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Saturate.h>
 
 namespace gesso {
 namespace {
@@ -76,19 +77,22 @@ void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int
 
 void DrawImageIn(HWND hwnd, HDC hdc, ImageKind kind, HANDLE hImage, POINT pt, SIZE size, DWORD dwStyle)
 {
-    // The platform draws bitmaps as large as they are.
-    const bool fCopy = kind == ImageKind::Bitmap && ImageFactor(hwnd) > 1;
-    const HANDLE hCopy = fCopy ? CopyImage(hImage, IMAGE_BITMAP, size.cx, size.cy, 0) : nullptr;
+    // The platform draws an image as large as it is.
+    const bool fIcon = kind == ImageKind::Icon;
+    const HANDLE hCopy =
+        ImageFactor(hwnd) > 1
+            ? CopyImage(hImage, fIcon ? UINT{IMAGE_ICON} : UINT{IMAGE_BITMAP}, size.cx, size.cy, 0)
+            : nullptr;
     DrawImage(hdc, kind, hCopy ? hCopy : hImage, pt.x, pt.y, size.cx, size.cy, dwStyle);
     if (hCopy) {
-        DeleteObject(hCopy);
+        fIcon ? DestroyIcon(static_cast<HICON>(hCopy)) : DeleteObject(hCopy);
     }
 }
 
 SIZE TimesIn(HWND hwnd, SIZE size)
 {
     const int nTimes = ImageFactor(hwnd);
-    return {size.cx * nTimes, size.cy * nTimes};
+    return {Saturated(int64_t{size.cx} * nTimes), Saturated(int64_t{size.cy} * nTimes)};
 }
 
 HICON ReplaceIcon(GWnd& wnd, HICON hIcon, const ImageFields& fields)

@@ -36,7 +36,8 @@ int SystemMetric(HWND hwnd, int nIndex)
 int FontHeight(HWND hwnd, int nPoints)
 {
     if (GetScaling() != Scaling::None) {
-        return -MulDiv(nPoints * TextPercent(), static_cast<int>(DpiOf(hwnd)), POINTS_PER_INCH * PERCENT);
+        const auto nDpi = static_cast<int>(DpiOf(hwnd));
+        return -std::max(MulDiv(nPoints * TextPercent(), nDpi, POINTS_PER_INCH * PERCENT), 1);
     }
     const WindowContext screen(nullptr);
     return -MulDiv(nPoints, GetDeviceCaps(screen, LOGPIXELSY), POINTS_PER_INCH);

@@ -16,6 +16,9 @@ namespace gesso {
 namespace {
 
 constexpr UINT BASE_DPI = USER_DEFAULT_SCREEN_DPI;
+// Of what a message may tell: beyond these a window could show nothing.
+constexpr UINT LEAST_DPI = BASE_DPI / 2;
+constexpr UINT MOST_DPI = BASE_DPI * 50;
 constexpr int FULL_TEXT = 100; // percent
 constexpr int LARGEST_TEXT = 225;
 
@@ -190,7 +193,7 @@ void RenewDpi(const std::vector<KnownWindow>& windows)
 bool TakesNewDpi(HWND hwnd, WPARAM wParam)
 {
     const UINT uTold = LOWORD(wParam);
-    const UINT uDpi = uTold ? uTold : DpiAround(hwnd);
+    const UINT uDpi = uTold ? std::clamp(uTold, LEAST_DPI, MOST_DPI) : DpiAround(hwnd);
     const UINT uFormer = DpiOfMonitor(hwnd);
     if (uDpi == uFormer) {
         return false;

@@ -25,7 +25,9 @@ void DeleteThemeFont(HFONT hFont) noexcept
 HFONT MakeThemeFont(HWND hwnd, HTHEME hTheme, int nPart, int nProperty, int nPercent)
 {
     LOGFONTW font{};
-    if (FAILED(GetThemeFont(hTheme, nullptr, nPart, 0, nProperty, &font))) {
+    const HRESULT hr = GetThemeFont(hTheme, nullptr, nPart, 0, nProperty, &font);
+    // A font without a height has the same one at all scales.
+    if (FAILED(hr) || (!font.lfHeight && GetScaling() != Scaling::None)) {
         return MakeLikeDefault(hwnd, nPercent);
     }
     font.lfHeight = MulDiv(font.lfHeight, TextPercent(), 100);

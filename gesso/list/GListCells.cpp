@@ -8,7 +8,6 @@
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/framework/WindowDpi.h>
 #include <gesso/list/ListCellLayout.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/ListLayout.h>
@@ -144,8 +143,8 @@ SIZE GList::IconSize() const
     if (imageList) {
         reinterpret_cast<IImageList*>(imageList)->GetIconSize(&cx, &cy);
     }
-    const int nTimes = gesso::ImageFactor(m_hWnd);
-    return {cx * nTimes, cy * nTimes};
+    const int nTimes = gesso::ListInside::ImageTimes(*this, {cx, cy});
+    return {Saturated(int64_t{cx} * nTimes), Saturated(int64_t{cy} * nTimes)};
 }
 
 void GList::MakeIconsCell()

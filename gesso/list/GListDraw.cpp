@@ -148,6 +148,7 @@ private:
     int m_border;
     UINT m_imageCount = 0;
     SIZE m_icon;
+    int m_imageTimes = 1; // as often as an image of the list is in it
 };
 
 GList::RowPainter::RowPainter(GList& list, HDC hdc)
@@ -161,6 +162,11 @@ GList::RowPainter::RowPainter(GList& list, HDC hdc)
         reinterpret_cast<IImageList*>(list.imageList)->GetImageCount(&count);
     }
     m_imageCount = static_cast<UINT>(count);
+    if (list.imageList && gesso::GetScaling() != gesso::Scaling::None) {
+        int cx = 0, cy = 0;
+        reinterpret_cast<IImageList*>(list.imageList)->GetIconSize(&cx, &cy);
+        m_imageTimes = cx > 0 ? m_icon.cx / cx : 1;
+    }
     if (m_fFocused && !(list.m_dwState & GWS_HIDEFOCUS) && !Has(list, Quirk::ListCursorUnseen)) {
         m_cursor = list.GetCursorItem();
     }
@@ -365,11 +371,12 @@ void GList::RowPainter::DrawImage(UINT image, const RECT& rc, SIZE size) const
     if (image >= m_imageCount || (m_fContained && (size.cx <= 0 || size.cy <= 0))) {
         return;
     }
-    if (const int nTimes = gesso::ImageFactor(m_list.m_hWnd); nTimes > 1) {
+    if (m_imageTimes > 1) {
         const int nSaved = SaveDC(m_hdc);
         IntersectClipRect(m_hdc, rc.left, rc.top, Saturated(int64_t{rc.left} + size.cx),
                           Saturated(int64_t{rc.top} + size.cy));
-        gesso::DrawImageTimes(m_hdc, m_list.imageList, static_cast<int>(image), {rc.left, rc.top}, nTimes);
+        gesso::DrawImageTimes(m_hdc, m_list.imageList, static_cast<int>(image), {rc.left, rc.top},
+                              m_imageTimes);
         RestoreDC(m_hdc, nSaved);
         return;
     }

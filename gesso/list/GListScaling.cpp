@@ -3,10 +3,12 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/framework/WindowDpi.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/list/PreparedText.h>
 
+#include <algorithm>
 #include <utility>
 
 using gesso::ListGiven;
@@ -31,6 +33,22 @@ template <class VALUE> void TakeLength(VALUE& length, HWND hwnd, gesso::Measure 
 }
 
 } // namespace
+
+// As often as an image fits into a row, and no more often than the dots ask for. An icon that stands by
+// itself has the room of the system's icons, or grows with the dots from where its host gave it.
+int gesso::ListInside::ImageTimes(const GList& list, SIZE image)
+{
+    if (GetScaling() == Scaling::None || image.cx <= 0 || image.cy <= 0) {
+        return 1;
+    }
+    const HWND hwnd = list.m_hWnd;
+    const int nMost = std::max(static_cast<int>(DpiOf(hwnd) / USER_DEFAULT_SCREEN_DPI), 1);
+    if ((list.listStyle & GLS_VIEWMASK) == GLS_ICONS) {
+        const int nFitting = std::min<int>(SystemMetric(hwnd, SM_CXICON) / image.cx, nMost);
+        return std::max(nFitting, ImageFactor(hwnd));
+    }
+    return std::clamp(Saturated(list.itemHeightBase) / static_cast<int>(image.cy), 1, nMost);
+}
 
 bool GList::IsGiven(ListGiven given) const
 {

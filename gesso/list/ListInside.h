@@ -200,6 +200,8 @@ struct ListInside
     bool fAsked = false;                      // for what is painted now, so that painting asks for nothing
     UINT removals = 0;                        // how many go on, one within the other
 
+    // How many times as large as they are the images of a list's image list are drawn.
+    static int ImageTimes(const GList& list, SIZE image);
     // Whether a list's layout agrees with its records, for tests.
     static bool CheckLayout(const GList& list);
 

@@ -55,7 +55,7 @@ GRibbon::GRibbon()
 // The tabs are as wide as their titles, and the pages lay out their items anew.
 void GRibbon::OnScaling()
 {
-    if (!m_template) {
+    if (m_hTabFont) { // a constructor with a template prepares none
         m_hTabFont.Reset(MakeFont(m_hWnd, Metrics::RIBBON_TAB_FONT));
     }
     m_hPageFont.Reset();

@@ -190,11 +190,18 @@ HBITMAP WINAPI CreateBitmap(INT width, INT height, UINT planes, UINT bits, LPCVO
     return FaultFires("CreateBitmap") ? nullptr : MakeBitmap(width, height, static_cast<int>(planes * bits));
 }
 
-// Of bitmaps, which is all that is asked for.
 HANDLE WINAPI CopyImage(HANDLE handle, UINT type, INT cx, INT cy, UINT)
 {
-    const auto* bitmap = type == IMAGE_BITMAP ? Find<Bitmap>(static_cast<HBITMAP>(handle)) : nullptr;
-    if (FaultFires("CopyImage") || !bitmap) {
+    if (FaultFires("CopyImage")) {
+        return nullptr;
+    }
+    if (type == IMAGE_ICON) {
+        const auto* icon = Find<Icon>(static_cast<HICON>(handle));
+        return icon ? MakeObject<HICON, Icon>(cx ? cx : icon->width, cy ? cy : icon->height, icon->name)
+                    : nullptr;
+    }
+    const auto* bitmap = Find<Bitmap>(static_cast<HBITMAP>(handle));
+    if (!bitmap) {
         return nullptr;
     }
     return MakeBitmap(cx ? cx : bitmap->width, cy ? cy : bitmap->height, 32);

@@ -9,6 +9,7 @@
 
 #include <gesso/framework/ThemePart.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -323,6 +324,74 @@ TEST_F(ScalingTest, AParentMayDestroyTheControlInTheNotification)
     ImageList_Destroy(hImages);
 }
 
+// Where the first image of the next paint is.
+RECT ImageIn(HWND hwnd)
+{
+    static const std::regex IMAGE(
+        "(?:DrawIconEx|ImageList_Draw|DrawStateW).* \\((-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\\)");
+    std::smatch match;
+    for (const std::string& line : NextPaint(hwnd, "")) {
+        if (std::regex_search(line, match, IMAGE)) {
+            return RectIn(match, 1);
+        }
+    }
+    return {};
+}
+
+// In a place of 16 pixels at 96 dots.
+TEST_F(ScalingTest, AnImageIsDrawnAtWholeMultiplesInTheMiddleOfItsPlace)
+{
+    gesso::SetScaling(Scaling::PerMonitor);
+    const HIMAGELIST hSmall = ImageList_Create(16, 16, ILC_COLOR32, 0, 1);
+    const HIMAGELIST hLarge = ImageList_Create(32, 32, ILC_COLOR32, 0, 1);
+    const HICON hIcon = LoadIconW(nullptr, MAKEINTRESOURCEW(32512));
+    for (const HIMAGELIST hImages : {hSmall, hLarge}) {
+        int nPlaced = 0;
+        reinterpret_cast<IImageList*>(hImages)->ReplaceIcon(-1, hIcon, &nPlaced);
+    }
+    GTree tree;
+    const HWND hwnd = tree.Create(0, 0, 300, 200, m_host, 3, 0, WS_CHILD | WS_VISIBLE);
+    tree.SetTreeStyle(GTS_IMAGES);
+    tree.SetImageList(hSmall);
+    tree.InsertItem(nullptr, nullptr, L"Item", 0, 0, nullptr);
+    const std::pair<int, int> sizes[] = {{96, 16}, {120, 16}, {144, 16}, {192, 32}, {288, 48}};
+    for (const auto& [nDpi, nSide] : sizes) {
+        SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(nDpi, nDpi), 0);
+        const RECT rc = ImageIn(hwnd);
+        EXPECT_EQ(rc.right - rc.left, nSide) << nDpi;
+        EXPECT_EQ(rc.bottom - rc.top, nSide) << nDpi;
+        const int nPlace = Pixels(hwnd, Measure{16});
+        const int nLeft = rc.left - (nPlace - nSide) / 2;
+        EXPECT_EQ(nLeft, Pixels(hwnd, gesso::Metrics::TREE_CELL)) << nDpi;
+    }
+    SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(192, 192), 0);
+    tree.SetImageList(hLarge);
+    const RECT rc = ImageIn(hwnd);
+    EXPECT_EQ(rc.right - rc.left, 32); // as it is
+    tree.Destroy();
+    ImageList_Destroy(hSmall);
+    ImageList_Destroy(hLarge);
+}
+
+TEST_F(ScalingTest, AnIconGrowsByWholeMultiplesUntilItsHostGivesAnother)
+{
+    gesso::SetScaling(Scaling::PerMonitor);
+    const HICON hIcon = LoadIconW(nullptr, MAKEINTRESOURCEW(32512));
+    GButton button;
+    const HWND hwnd = button.Create(0, 0, 300, 200, m_host, 3, L"B", 0, WS_CHILD | WS_VISIBLE | GS_ICON);
+    button.SetIcon(hIcon);
+    const LONG nSide = ImageIn(hwnd).right - ImageIn(hwnd).left;
+    const std::pair<int, int> sizes[] = {{144, 1}, {192, 2}, {288, 3}, {96, 1}, {192, 2}};
+    for (const auto& [nDpi, nTimes] : sizes) {
+        SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(nDpi, nDpi), 0);
+        const RECT rc = ImageIn(hwnd);
+        EXPECT_EQ(rc.right - rc.left, nTimes * nSide) << nDpi;
+    }
+    button.SetIcon(hIcon);
+    EXPECT_EQ(ImageIn(hwnd).right - ImageIn(hwnd).left, nSide);
+    button.Destroy();
+}
+
 // --- The style
 
 TEST_F(ScalingTest, ABoxIsAsLargeAsItsWindowWantsThoughAnotherOpenedTheClassLast)
@@ -383,6 +452,10 @@ template <class CONTROL> void FillAny(CONTROL& control)
     }
 }
 
+template <class CONTROL>
+constexpr bool IsTextless =
+    ClassList<GNavigationButton, GProgressBar, GSeparator, GScrollbar, GRightClickMenu>::Has<CONTROL>();
+
 using FilledControls = AllControlsBut<>;
 TYPED_TEST_SUITE(EveryControlScaled, FilledControls);
 
@@ -396,6 +469,9 @@ TYPED_TEST(EveryControlScaled, NoTextIsCutAndNothingOverlapsThatIsWholeAndApartA
     const RECT rcAtBase = std::is_same_v<TypeParam, GRibbon> ? RECT{0, 0, 300, 118} : RECT{10, 10, 190, 130};
     this->MoveTo(USER_DEFAULT_SCREEN_DPI, hwnd, rcAtBase);
     const std::vector<ShownText> base = TextsOf(hwnd);
+    if (!IsTextless<TypeParam>) {
+        EXPECT_TRUE(std::ranges::any_of(base, &ShownText::IsWhole));
+    }
     for (const int nDpi : ALL_DPI) {
         if constexpr (std::is_same_v<TypeParam, GRightClickMenu>) {
             SendMessageW(hwnd, WM_DPICHANGED, MAKEWPARAM(nDpi, nDpi), 0); // stands by itself
@@ -418,6 +494,32 @@ TYPED_TEST(EveryControlScaled, NoTextIsCutAndNothingOverlapsThatIsWholeAndApartA
         }
     }
     EXPECT_TRUE(control.GetHwnd());
+    DestroyWindow(hwnd);
+}
+
+// Whatever fails meanwhile, the control goes on, and shows all of its texts at the next change.
+TYPED_TEST(EveryControlScaled, SurvivesWhateverFailsWhileTheDotsChange)
+{
+    gesso::SetScaling(Scaling::PerMonitor);
+    TypeParam control;
+    const HWND hwnd = MakeAnyControl(control, this->m_host);
+    FillAny(control);
+    const RECT rcAtBase{10, 10, 190, 130};
+    this->MoveTo(USER_DEFAULT_SCREEN_DPI, hwnd, rcAtBase);
+    const size_t nTexts = TextsOf(hwnd).size();
+    int nDpi = USER_DEFAULT_SCREEN_DPI;
+    for (const desk::FallibleOperation& operation : desk::FallibleOperations()) {
+        if (operation.releases) {
+            continue; // what is not given back stays held
+        }
+        nDpi = nDpi == 192 ? 144 : 192;
+        desk::Fail(operation.name);
+        SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(nDpi, nDpi), 0);
+        desk::ClearFaults();
+    }
+    SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(96, 96), 0);
+    SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
+    EXPECT_EQ(TextsOf(hwnd).size(), nTexts);
     DestroyWindow(hwnd);
 }
 
