@@ -1,5 +1,6 @@
 #include <gallery/EditorField.h>
 #include <gallery/EditorRibbon.h>
+#include <gallery/Fonts.h>
 #include <gallery/Pages.h>
 #include <gallery/Report.h>
 #include <gallery/Scale.h>
