@@ -185,8 +185,10 @@ void MeasureView(Bench& bench, OwnList& own, PlatformList& platform)
     own.ScrollToEnd();
     platform.ScrollToEnd();
     paint("  full paint at the end");
+    MeasureFloor(own, PAINTS);
     bench.Measure(
-        "  page scroll with paint", PAINTS, [&] { PageOften(own); }, [&] { PageOften(platform); });
+        "  page scroll with paint", 2 * PAGES, [&] { PageAwayAndBack(own, false); },
+        [&] { PageAwayAndBack(platform, false); });
     own.ScrollToTop();
     platform.ScrollToTop();
     bench.Measure(

@@ -213,6 +213,12 @@ void MeasureFolder(UINT nChildren)
 {
     const Host host(2 * TREE_CX, TREE_CY);
     SetWindowLongPtrW(host, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(AnswerProc));
+    const auto bytes = [&host](UINT n) {
+        CountedTree fresh(host, n);
+        return fresh.BytesOfShowing();
+    };
+    const long long nMany = bytes(nChildren);
+    const long long nFew = bytes(1'000);
     CountedTree many(host, nChildren);
     CountedTree few(host, 1'000);
     Bench bench(4 * FEW_ROUNDS);
@@ -224,7 +230,7 @@ void MeasureFolder(UINT nChildren)
     bench.MeasureCourse({step("  count and open", &CountedTree::CountAndOpen),
                          step("  End", &CountedTree::GoToEnd), step("  collapse", &CountedTree::Close),
                          step("  open again", &CountedTree::OpenAgain)});
-    bench.Print("  bytes of what has shown", many.BytesOfShowing(), few.BytesOfShowing());
+    bench.Print("  bytes of what has shown", nMany, nFew);
     CountQuestions(bench, many);
 }
 

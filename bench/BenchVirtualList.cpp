@@ -172,8 +172,8 @@ void MeasurePlatform(Bench& bench, OwnList& own, PlatformList& platform)
         bench.Measure(
             "  full paint" + place, PAINTS, [&] { PaintOften(own); }, [&] { PaintOften(platform); });
         bench.Measure(
-            "  page scroll with paint" + place, PAINTS, [&] { PageOften(own); },
-            [&] { PageOften(platform); });
+            "  page scroll with paint" + place, 2 * PAGES, [&] { PageAwayAndBack(own, row != MANY - 1); },
+            [&] { PageAwayAndBack(platform, row != MANY - 1); });
     }
     bench.Measure(
         "  random thumb position, painted", THUMBS, [&] { Thumbs(own); }, [&] { Thumbs(platform); });
@@ -182,8 +182,13 @@ void MeasurePlatform(Bench& bench, OwnList& own, PlatformList& platform)
 void MeasureSelection(Bench& bench, OwnList& many, OwnList& few)
 {
     const CtrlHeld held;
-    bench.Measure(
-        "  select all", 1, [&] { many.SelectAll(); }, [&] { few.SelectAll(); });
+    const auto selectAll = [](OwnList& list) {
+        return [&list] {
+            list.ClearSelection();
+            return Timed([&list] { list.SelectAll(); })();
+        };
+    };
+    bench.MeasureTimed("  select all", selectAll(many), selectAll(few));
     const auto click = [](OwnList& list, UINT count) {
         for (UINT i = 0; i < CLICKS; i++) {
             const UINT row = i * (count / CLICKS);
@@ -213,7 +218,8 @@ void MeasurePlaces(Bench& bench, OwnList& there, OwnList& atTop)
         bench.Measure(
             "  full paint" + place, PAINTS, [&] { PaintOften(there); }, [&] { PaintOften(atTop); });
         bench.Measure(
-            "  page scroll with paint" + place, PAINTS, [&] { PageOften(there); }, [&] { PageOften(atTop); });
+            "  page scroll with paint" + place, 2 * PAGES, [&] { PageAwayAndBack(there, row != MANY - 1); },
+            [&] { PageAwayAndBack(atTop, true); });
     }
 }
 

@@ -75,10 +75,12 @@ template <class LIST> void PaintOften(const LIST& list)
     }
 }
 
-template <class LIST> void PageOften(LIST& list)
+// So many pages away, more than a list keeps prepared, and back again.
+constexpr int PAGES = 40;
+template <class LIST> void PageAwayAndBack(LIST& list, bool fDown)
 {
-    for (int i = 0; i < PAINTS; i++) {
-        list.Page(i % 2 != 0);
+    for (int i = 0; i < 2 * PAGES; i++) {
+        list.Page((i < PAGES) == fDown);
         UpdateWindow(list.Window());
     }
 }

@@ -70,7 +70,8 @@ class Canvas
 public:
     explicit Canvas(SIZE size) : m_bitmap(MakeBitmap(size, &m_pPixels)), m_selection(m_context, m_bitmap) {}
 
-    bool HasBitmap() const { return m_bitmap; }
+    // Where it could not be selected, nothing would be drawn into it.
+    bool HasBitmap() const { return m_bitmap && GetCurrentObject(m_context, OBJ_BITMAP) == m_bitmap; }
 
     // What the part makes of a background whose bytes are all the same; null where it cannot be drawn.
     const void* Draw(const Entry& entry, int nByte)

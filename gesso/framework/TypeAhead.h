@@ -11,6 +11,8 @@ namespace gesso {
 class TypeAhead
 {
 public:
+    static constexpr UINT MOST = 64; // characters: what a longer word goes on with is left out
+
     // Takes the character of a WM_CHAR. False where there is nothing to look for yet: it is part of no word,
     // or the first half of a pair.
     bool Add(wchar_t c);
@@ -45,8 +47,6 @@ public:
     UINT Length() const { return IsOneLetter() ? m_letterLength : m_length; }
 
 private:
-    static constexpr UINT MOST = 64; // what a longer word goes on with is left out
-
     bool IsOneLetter() const;
     bool IsStartOf(LPCWSTR text, UINT length) const;
 

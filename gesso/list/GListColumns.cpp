@@ -109,7 +109,7 @@ bool GList::InsertSubItems(UINT position)
     for (UINT i = 0; i < count; ++i) {
         ListItem* item = Widened(*items[i], position);
         if (!item) {
-            std::for_each(wider.begin(), wider.end(), gesso::Free);
+            std::for_each(wider.begin(), wider.end(), gesso::FreeListItem);
             return false;
         }
         wider.push_back(item);

@@ -8,9 +8,9 @@
 #include <gesso/list/ListInside.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
-#include <vector>
 
 using gesso::Has;
 using gesso::ListIndices;
@@ -95,6 +95,7 @@ bool GList::BecomeVirtual()
     elements.RemoveAll();
     ChangeSort(0, false, 0); // the order was that of the list's own items
     bulkInsert = false;
+    m_inside->fillPool.Close();
     m_inside->virtualList = gesso::VirtualList::Make(MakeItem, ReleaseItem);
     if (!IsVirtual()) {
         Calculate();
@@ -307,8 +308,8 @@ UINT GList::MatchByHost(UINT from)
         return NO_INDEX;
     }
     const gesso::TypeAhead& typed = m_inside->typed;
-    std::vector<wchar_t> word(typed.Word(), typed.Word() + typed.Length());
-    word.push_back(0);
+    std::array<wchar_t, gesso::TypeAhead::MOST + 1> word{};
+    std::copy_n(typed.Word(), typed.Length(), word.begin());
     GLISTMATCH match{word.data(), typed.First(from, count), NO_INDEX};
     const gesso::Lifeline life(*this);
     get(this, NO_INDEX, 0, LGET_MATCH, &match);

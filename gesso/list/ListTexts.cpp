@@ -243,9 +243,9 @@ ListTextPass::ListTextPass(ListTexts& texts, HWND hwnd, HFONT hFirst, HFONT hSec
         texts.m_key = key;
     }
     if (!texts.m_kit) {
-        texts.m_kit = new ListTextKit;
+        texts.m_kit = new (std::nothrow) ListTextKit;
     }
-    m_kit = texts.m_kit->Share();
+    m_kit = texts.m_kit ? texts.m_kit->Share() : nullptr;
     if (!fKnown) {
         texts.Forget();
     }
@@ -257,7 +257,9 @@ ListTextPass::~ListTextPass()
     if (m_contexts.HasFailed()) {
         m_texts.Forget();
     }
-    m_kit->Release();
+    if (m_kit) {
+        m_kit->Release();
+    }
     Free(m_table);
 }
 
@@ -338,7 +340,7 @@ bool ListTextPass::GrowTable()
 // Shares nothing of a text of which something failed: the next one may not.
 ListTextPair* ListTextPass::PrepareAnew(LPCWSTR text, UINT length, UINT format)
 {
-    if (ListTextPair* const pair = length <= MOST_PACKED ? Pack(text, length, format) : nullptr) {
+    if (ListTextPair* const pair = m_kit && length <= MOST_PACKED ? Pack(text, length, format) : nullptr) {
         return pair;
     }
     ListTextPair* const pair = MakePair();

@@ -129,7 +129,7 @@ private:
     bool GrowTable();
 
     ListTexts& m_texts;
-    ListTextKit* m_kit;
+    ListTextKit* m_kit; // null without memory: each text is prepared by itself then
     int m_lineHeight;
     Extent m_extent;
     ListTextContexts m_contexts;

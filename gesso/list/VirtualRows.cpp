@@ -102,7 +102,8 @@ void VirtualRows::Place(const ListMeasures& measures, UINT groups)
     m_itemCx = fLines ? Saturated(measures.itemWidth) : Saturated(measures.columnsWidth);
     m_width = fLines ? std::max(measures.linesWidth, 0) : m_itemCx;
     m_pitchX = std::max<int64_t>(m_itemCx + m_spacingX, 1);
-    m_pitchY = std::max<int64_t>(Saturated(measures.itemHeight), 1) + m_spacingY;
+    const int64_t itemHeight = std::max<int64_t>(Saturated(measures.itemHeight), 1);
+    m_pitchY = std::min<int64_t>(itemHeight + m_spacingY, INT_MAX);
     const int64_t room = m_width - m_spacingX - m_itemCx; // behind the first of a line
     m_perLine = fLines && room > 0 ? room / m_pitchX + 1 : 1;
     m_fGroups = groups > 0;

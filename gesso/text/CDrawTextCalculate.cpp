@@ -258,6 +258,13 @@ bool Calculation::ItemizeAsRead()
 void Calculation::ItemizeOnce()
 {
     m_arrays.fOneBlock &= ~PAINTED_AS_READ;
+    while (m_arrays.nItemsAlloc <= m_pKnown->nItems && !m_fRefused) {
+        MakeItemRoom();
+    }
+    if (m_fRefused) {
+        m_arrays.nItems = 0;
+        return;
+    }
     if (m_pKnown->nItems != 0) {
         m_arrays.nItems = m_pKnown->nItems;
         std::copy_n(m_pKnown->items.begin(), m_pKnown->nItems + 1, m_arrays.pItems);

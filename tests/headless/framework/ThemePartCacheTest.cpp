@@ -89,6 +89,29 @@ TEST_F(ThemePartCacheTest, WhatIsTooLargeForTheMemoryIsDrawnUntilThereIsSome)
     EXPECT_EQ(Draw(1, rc), "SetDIBitsToDevice (0,0,200,100) 0x0101");
 }
 
+TEST_F(ThemePartCacheTest, WhatCouldNotBeReadOnceIsReadTheNextTime)
+{
+    for (const char* operation : {"CreateCompatibleDC", "SelectObject"}) {
+        m_theme.Reset();
+        m_theme.Reset(OpenThemeData(Parent(), L"HEADER"));
+        const HDC hdc = GetDC(Parent());
+        const HDC hdcMemory = CreateCompatibleDC(hdc);
+        const HGDIOBJ hFormer = SelectObject(hdcMemory, CreateCompatibleBitmap(hdc, 100, 100));
+        const RECT rc{10, 5, 60, 25};
+        const auto draw = [&] { return gesso::DrawCachedPart(m_theme, hdcMemory, HEADER_PART, 1, rc); };
+        EXPECT_FALSE(draw());
+        desk::Fail(operation);
+        EXPECT_FALSE(draw()) << operation;
+        EXPECT_TRUE(draw()) << operation;
+        desk::ClearDrawing(Parent());
+        BitBlt(hdc, 0, 0, 100, 100, hdcMemory, 0, 0, SRCCOPY);
+        EXPECT_EQ(desk::Drawing(Parent()).at(0), COPIED) << operation;
+        DeleteObject(SelectObject(hdcMemory, hFormer));
+        DeleteDC(hdcMemory);
+        ReleaseDC(Parent(), hdc);
+    }
+}
+
 TEST_F(ThemePartCacheTest, CopyThatFailsIsDrawn)
 {
     Draw();

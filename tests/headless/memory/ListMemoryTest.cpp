@@ -1,17 +1,21 @@
 // A list to which memory is refused: each operation says so, the records, rows and order are as they were,
 // and it goes on afterwards.
+#include "../../support/WithBehavior.h"
 #include "../list/ListDesktop.h"
 #include "LongText.h"
 
 #include <gesso/list/IndexRanges.h>
 #include <gesso/list/VirtualCells.h>
+#include <gesso/text/TextSpace.h>
 
 #include <array>
 #include <functional>
+#include <new>
 
 using test::END;
 using test::LongText;
 using test::MemoryLimit;
+using test::Modern;
 
 namespace {
 
@@ -120,6 +124,46 @@ TEST_F(ListMemoryTest, ATextThatIsKeptButNotPreparedDoesNotShow)
     }
     EXPECT_EQ(test::Narrow(list.GetItemText(0, 0)), test::Narrow(text));
     list.SetItemText(0, 0, text);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, AColumnThatOnlySomeItemsHaveRoomForIsNotInserted)
+{
+    const Modern modern;
+    MakeFilledList(2, 5);
+    const std::string before = State();
+    size_t nGranted = 0;
+    for (bool fInserted = false; !fInserted; ++nGranted) {
+        try {
+            const MemoryLimit limit(0, nGranted);
+            fInserted = list.InsertColumn(0, 0, 0, 50, 0, L"New", 0, LCT_TEXT, nullptr, nullptr, nullptr,
+                                          nullptr) != END;
+        } catch (const std::bad_alloc&) {
+            fInserted = list.GetColumnCount() > 2; // the simulated desktop had none
+        }
+        if (!fInserted) {
+            EXPECT_EQ(State(), before) << nGranted;
+        }
+    }
+    EXPECT_GT(nGranted, 5u);
+    Paint();
+}
+
+TEST_F(ListMemoryTest, TextsThatWerePreparedWithLittleMemoryLeaveNoNarrowSpaceBehind)
+{
+    const std::array<gesso::TextSpace, 2> ample; // as many as there are spares
+    size_t nRefused = 0;
+    {
+        const MemoryLimit limit(300);
+        const gesso::TextSpace narrow;
+        nRefused = limit.Refused();
+    }
+    EXPECT_GT(nRefused, 0u);
+    MakeFilledList(1, 0);
+    for (int n = 0; n < 2; ++n) {
+        list.InsertItem(END, 0, nullptr, 0,
+                        L"ab \x0431\x0432 cd \x0433\x0434 ef \x0435\x0436 gh \x03B1\x03B2 ij", 0);
+    }
     Paint();
 }
 

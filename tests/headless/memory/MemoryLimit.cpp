@@ -6,11 +6,14 @@
 
 namespace {
 constinit thread_local size_t s_cbLargest = SIZE_MAX;
+constinit thread_local size_t s_nGranted = 0;
 constinit thread_local size_t s_nRefused = 0;
 
 bool Refuses(size_t cb)
 {
-    const bool fRefused = cb > s_cbLargest;
+    const bool fLarge = cb > s_cbLargest;
+    const bool fRefused = fLarge && s_nGranted == 0;
+    s_nGranted -= fLarge && !fRefused;
     s_nRefused += fRefused;
     return fRefused;
 }
@@ -48,13 +51,15 @@ void* __wrap__Znam(size_t cb)
 
 namespace test {
 
-MemoryLimit::MemoryLimit(size_t cbLargest)
-    : m_cbFormer(std::exchange(s_cbLargest, cbLargest)), m_nRefusedBefore(s_nRefused)
+MemoryLimit::MemoryLimit(size_t cbLargest, size_t nGranted)
+    : m_cbFormer(std::exchange(s_cbLargest, cbLargest)),
+      m_nFormerGranted(std::exchange(s_nGranted, nGranted)), m_nRefusedBefore(s_nRefused)
 {}
 
 MemoryLimit::~MemoryLimit()
 {
     s_cbLargest = m_cbFormer;
+    s_nGranted = m_nFormerGranted;
 }
 
 size_t MemoryLimit::Refused() const

@@ -10,7 +10,8 @@ class MemoryLimit
 public:
     static constexpr size_t LARGEST = 64 * 1024;
 
-    explicit MemoryLimit(size_t cbLargest = LARGEST);
+    // The first nGranted larger ones are given all the same.
+    explicit MemoryLimit(size_t cbLargest = LARGEST, size_t nGranted = 0);
     ~MemoryLimit();
     MemoryLimit(const MemoryLimit&) = delete;
     MemoryLimit& operator=(const MemoryLimit&) = delete;
@@ -20,6 +21,7 @@ public:
 
 private:
     size_t m_cbFormer;
+    size_t m_nFormerGranted;
     size_t m_nRefusedBefore;
 };
 
