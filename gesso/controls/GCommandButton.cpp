@@ -207,8 +207,18 @@ void GCommandButton::DrawTexts(HDC hdc, const ThemePart& part, const RECT& rcRoo
     RECT rcTitle{};
     {
         const gesso::SelectScope font(hdc, m_hFont);
-        rcTitle = part.TextExtent(pszTitle, uFormat, rcRoom);
-        part.DrawString(pszTitle, uFormat | gesso::PrefixFormat(m_dwState), rcTitle);
+        const UINT uDrawn = uFormat | gesso::PrefixFormat(m_dwState);
+        if (gesso::GetScaling() == gesso::Scaling::None) {
+            rcTitle = part.TextExtent(pszTitle, uFormat, rcRoom);
+            part.DrawString(pszTitle, uDrawn, rcTitle);
+        } else {
+            // The style's own drawing takes the style's font, of which only this one has the right size.
+            const gesso::TextColorScope color(hdc, part.TextColor());
+            const gesso::TransparentScope mode(hdc);
+            rcTitle = rcRoom;
+            DrawTextW(hdc, pszTitle, -1, &rcTitle, uFormat | DT_CALCRECT);
+            DrawTextW(hdc, pszTitle, -1, &rcTitle, uDrawn);
+        }
     }
     if (m_pszNote) {
         RECT rcNote{rcRoom.left, rcTitle.bottom, rcRoom.right, rcRoom.bottom};
