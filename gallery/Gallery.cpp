@@ -91,6 +91,9 @@ Gallery::~Gallery()
 
 bool Gallery::Create()
 {
+    if (m_options.fMirrored) {
+        SetProcessDefaultLayout(LAYOUT_RTL); // of the window, whose children take it over
+    }
     RECT rc = Scaled(RECT{0, 0, CLIENT_SIZE.cx, CLIENT_SIZE.cy});
     AdjustWindowRectEx(&rc, WINDOW_STYLE, FALSE, WS_EX_CONTROLPARENT);
     m_hwnd = CreateWindowExW(WS_EX_CONTROLPARENT, MAKEINTRESOURCEW(RegisterMainClass(&WindowProc)), TITLE,

@@ -29,6 +29,10 @@ bool Take(Options& options, const std::wstring& name, LPCWSTR pszValue)
         options.nDots = _wtoi(pszValue);
         return options.nDots >= LEAST && options.nDots <= MOST;
     }
+    if (name == L"--direction") {
+        options.fMirrored = lstrcmpiW(pszValue, L"rtl") == 0;
+        return options.fMirrored || lstrcmpiW(pszValue, L"ltr") == 0;
+    }
     std::wstring* pField = name == L"--shots"    ? &options.pictureDir
                            : name == L"--log"    ? &options.logFile
                            : name == L"--stats"  ? &options.statsFile
@@ -52,9 +56,10 @@ bool ReadOptions(Options& options)
     }
     LocalFree(arguments);
     if (!fUnderstood) {
-        std::fputs("usage: gallery [--page NAME] [--scale DOTS] [--shots DIR] [--log FILE] [--layout FILE] "
-                   "[--stats FILE]\n",
-                   stderr);
+        std::fputs(
+            "usage: gallery [--page NAME] [--scale DOTS] [--direction ltr|rtl] [--shots DIR] [--log FILE] "
+            "[--layout FILE] [--stats FILE]\n",
+            stderr);
     }
     return fUnderstood;
 }

@@ -72,6 +72,7 @@ LRESULT PaintBox::OnPaint()
     const HDC hdc = CreateCompatibleDC(hdcWindow);
     const HBITMAP hbm = CreateCompatibleBitmap(hdcWindow, size.cx, size.cy);
     const HGDIOBJ hFormerBitmap = SelectObject(hdc, hbm);
+    SetLayout(hdc, GetLayout(hdcWindow));
     const HGDIOBJ hFormerFont = SelectObject(hdc, BodyFont());
     FillRect(hdc, &rc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     SetBkMode(hdc, TRANSPARENT);

@@ -29,6 +29,12 @@ bool Save(HWND hwnd, HDC hdc, POINT ptFrom, SIZE size, LPCWSTR pszPath)
     return fSaved;
 }
 
+// A copy of a mirrored window's context would be the mirror image of what the user sees.
+bool IsMirrored(HWND hwnd)
+{
+    return GetWindowLongW(hwnd, GWL_EXSTYLE) & WS_EX_LAYOUTRTL;
+}
+
 } // namespace
 
 PictureSession::PictureSession()
@@ -46,6 +52,10 @@ bool SavePicture(HWND hwnd, LPCWSTR pszPath)
 {
     RECT rc{};
     GetClientRect(hwnd, &rc);
+    if (IsMirrored(hwnd)) {
+        MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT*>(&rc), 2);
+        return SaveScreenPicture(rc, pszPath);
+    }
     return Save(hwnd, GetDC(hwnd), {0, 0}, {rc.right, rc.bottom}, pszPath);
 }
 
@@ -53,6 +63,9 @@ bool SaveWholePicture(HWND hwnd, LPCWSTR pszPath)
 {
     RECT rc{};
     GetWindowRect(hwnd, &rc);
+    if (IsMirrored(hwnd)) {
+        return SaveScreenPicture(rc, pszPath);
+    }
     return Save(hwnd, GetWindowDC(hwnd), {0, 0}, {rc.right - rc.left, rc.bottom - rc.top}, pszPath);
 }
 

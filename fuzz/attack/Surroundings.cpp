@@ -35,6 +35,16 @@ void ChangeStyle(World& world, Source& source)
     SetWindowLongW(world.Window(), source.Chance(4) ? GWL_EXSTYLE : GWL_STYLE, nStyle);
 }
 
+// What is made in the window from then on is laid out as it is, and so is what is drawn in it.
+void Turn(World& world, Source& source)
+{
+    const HWND hwnd = source.Chance(2) ? world.Window() : world.AnyParent(source);
+    SetWindowLongW(hwnd, GWL_EXSTYLE, GetWindowLongW(hwnd, GWL_EXSTYLE) ^ WS_EX_LAYOUTRTL);
+    if (source.Chance(2)) {
+        SetWindowPos(hwnd, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
+    }
+}
+
 void Enable(World& world, Source& source)
 {
     EnableWindow(world.Window(), !source.Chance(3));
@@ -86,6 +96,7 @@ void AddSurroundings(Table& table)
                    {"ResizeWell", ResizeWell, 3},
                    {"Reparent", Reparent},
                    {"ChangeStyle", ChangeStyle, 2},
+                   {"Turn", Turn},
                    {"Enable", Enable},
                    {"Show", Show},
                    {"Invalidate", Invalidate, 3},

@@ -1,4 +1,5 @@
 #include <gesso/controls/Image.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Saturate.h>
 
@@ -72,7 +73,9 @@ void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int
 {
     const UINT uKind = kind == ImageKind::Icon ? DST_ICON : DST_BITMAP;
     const UINT uState = dwStyle & WS_DISABLED ? DSS_DISABLED : DSS_NORMAL;
-    DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, x, y, cx, cy, uKind | uState);
+    const UprightScope upright(hdc, x, cx);
+    DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, upright.Left(), y, cx, cy,
+               uKind | uState);
 }
 
 void DrawImageIn(HWND hwnd, HDC hdc, ImageKind kind, HANDLE hImage, POINT pt, SIZE size, DWORD dwStyle)

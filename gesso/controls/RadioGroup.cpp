@@ -1,5 +1,6 @@
 #include <gesso/controls/RadioGroup.h>
 #include <gesso/framework/Behavior.h>
+#include <gesso/framework/Direction.h>
 
 #include <algorithm>
 #include <vector>
@@ -109,7 +110,8 @@ bool GoInGroup(HWND hwnd, WPARAM wKey)
         return false;
     }
     std::vector<HWND> group = GroupOf(hwnd);
-    if (wKey == VK_LEFT || wKey == VK_UP) {
+    const UINT uStep = KeyInLayout(hwnd, static_cast<UINT>(wKey));
+    if (uStep == VK_LEFT || uStep == VK_UP) {
         std::ranges::reverse(group);
     }
     const auto self = std::ranges::find(group, hwnd);

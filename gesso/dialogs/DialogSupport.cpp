@@ -5,6 +5,7 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowDpi.h>
+#include <gesso/language/LanguageTable.h>
 
 #include <algorithm>
 #include <atomic>
@@ -24,6 +25,11 @@ const DLGTEMPLATE* LoadDialogTemplate(HINSTANCE hInstance, LPCWSTR pszTemplate)
     return hData ? static_cast<const DLGTEMPLATE*>(LockResource(hData)) : nullptr;
 }
 
+DWORD LayoutOfTexts()
+{
+    return ReadsFromRight() ? WS_EX_LAYOUTRTL : 0;
+}
+
 EmptyDialogTemplate::EmptyDialogTemplate(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy, LPCWSTR pszTitle)
 {
     try {
@@ -38,7 +44,7 @@ void EmptyDialogTemplate::Build(DWORD dwExStyle, DWORD dwStyle, UINT cx, UINT cy
     constexpr WORD VERSION = 1, SIGNATURE = 0xFFFF, ITEMS = 0, X = 200, Y = 200, NO_MENU = 0, NO_CLASS = 0;
     constexpr DWORD HELP_ID = 0;
     m_words = {VERSION, SIGNATURE};
-    for (const DWORD dw : {HELP_ID, dwExStyle, dwStyle}) {
+    for (const DWORD dw : {HELP_ID, dwExStyle | LayoutOfTexts(), dwStyle}) {
         AddDouble(dw);
     }
     for (const WORD w : {ITEMS, X, Y, static_cast<WORD>(cx), static_cast<WORD>(cy), NO_MENU, NO_CLASS}) {

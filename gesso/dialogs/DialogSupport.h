@@ -12,8 +12,12 @@ namespace gesso {
 // fails.
 const DLGTEMPLATE* LoadDialogTemplate(HINSTANCE hInstance, LPCWSTR pszTemplate);
 
-// An extended template without items, in the library's dialog font, for a dialog that makes its controls
-// itself.
+// The extended style of a dialog of the library's own: laid out as its language reads, whatever its owner is.
+// The platform gives no owned window the layout of its owner either.
+DWORD LayoutOfTexts();
+
+// An extended template without items, in the library's dialog font and the layout of its texts, for a dialog
+// that makes its controls itself.
 class EmptyDialogTemplate
 {
 public:

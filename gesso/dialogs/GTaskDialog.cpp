@@ -6,6 +6,7 @@
 #include <gesso/dialogs/TaskDialogContent.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -184,7 +185,10 @@ void GTaskDialog::Draw(HDC hdc)
     const auto part = [&](int nPart, PlainPart plain) { return ThemePart(m_hTheme, hdc, nPart, 0, plain); };
     const gesso::SelectScope font(hdc, gesso::FontOf(m_hWnd));
     part(TDLG_PRIMARYPANEL, PlainPart::DialogPanel).DrawBackground(rcClient);
-    DrawIcon(hdc, m_rcIcon.left, m_rcIcon.top, m_pConfig->hMainIcon);
+    {
+        const gesso::UprightScope upright(hdc, m_rcIcon.left, gesso::SystemMetric(m_hWnd, SM_CXICON));
+        DrawIcon(hdc, upright.Left(), m_rcIcon.top, m_pConfig->hMainIcon);
+    }
     part(TDLG_SECONDARYPANEL, PlainPart::DialogFooter).DrawBackground(m_rcFooter);
     if (m_pszMainInstruction) {
         // Fixed behaviour: measured with its lines broken at words, but drawn without. Broken lines would run

@@ -1,10 +1,12 @@
 #include <gesso/controls/GCheckBox.h>
+#include <gesso/controls/Image.h>
 #include <gesso/dialogs/ButtonRow.h>
 #include <gesso/dialogs/CertContent.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWndCertFailure.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Module.h>
@@ -97,7 +99,12 @@ void GWndCertFailure::DrawElements(HDC hdc) const
         const auto& element = *static_cast<const CertElement*>(m_aElements[i]);
         if (element.uKind == gesso::KIND_ICON) {
             const CertIcon& icon = element.icon;
-            DrawIconEx(hdc, icon.x, icon.y, icon.hIcon, 0, 0, 0, nullptr, DI_NORMAL);
+            SIZE size{};
+            if (gesso::IsMirrored(hdc)) {
+                gesso::MeasureIcon(icon.hIcon, &size);
+            }
+            const gesso::UprightScope upright(hdc, icon.x, size.cx);
+            DrawIconEx(hdc, upright.Left(), icon.y, icon.hIcon, 0, 0, 0, nullptr, DI_NORMAL);
             continue;
         }
         const CertText& text = element.text;

@@ -120,6 +120,10 @@ void GWndCertFailure::AddIcon(HICON hIcon, int x, int y)
 
 int GWndCertFailure::OnInitDialog()
 {
+    if (const DWORD dwLayout = gesso::LayoutOfTexts()) { // before the template's window has anything in it
+        SetWindowLongW(m_hWnd, GWL_EXSTYLE,
+                       static_cast<LONG>(GetWindowLongW(m_hWnd, GWL_EXSTYLE) | static_cast<LONG>(dwLayout)));
+    }
     m_hTheme.Open(m_hWnd, L"TASKDIALOG");
     SetWindowTextW(m_hWnd, gesso::TextOrEmpty(m_pConfig->pszCaption));
     PlaceElements();

@@ -43,9 +43,11 @@ void PlaceAcross(const ComboListRoom& room, RECT* prc)
     const LONGLONG nText = LONGLONG{room.cxWidest} + 2 * LONGLONG{room.frame.cx} + (fBar ? room.cxBar : 0);
     LONGLONG nWidth =
         std::max({LONGLONG{room.rcControl.right} - room.rcControl.left, LONGLONG{room.cxLeast}, nText});
-    LONGLONG nLeft = room.rcControl.left;
     if (KnowsWork(room)) {
         nWidth = std::min(nWidth, LONGLONG{room.rcWork.right} - room.rcWork.left);
+    }
+    LONGLONG nLeft = room.fMirrored ? room.rcControl.right - nWidth : room.rcControl.left;
+    if (KnowsWork(room)) {
         nLeft = std::clamp<LONGLONG>(nLeft, room.rcWork.left, room.rcWork.right - nWidth);
     }
     prc->left = Saturated(nLeft);

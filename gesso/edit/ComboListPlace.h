@@ -18,11 +18,12 @@ struct ComboListRoom
     UINT nItems;
     UINT nMostRows;
     UINT cyMost; // with the frame; 0 for any
+    bool fMirrored = false;
 };
 
 // Below the control where there is room for all that is to be seen, or more than above; otherwise above. Full
 // rows, and at least one. As wide as the control, cxLeast or the widest text, whichever is most, within the
-// monitor.
+// monitor; what is more than the control is at its right, and of a mirrored one at its left.
 RECT PlaceComboList(const ComboListRoom& room);
 
 } // namespace gesso

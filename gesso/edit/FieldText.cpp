@@ -1,6 +1,8 @@
 #include <gesso/edit/FieldText.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Wrapped.h>
 
 #include <algorithm>
 
@@ -35,16 +37,7 @@ void FillSelection(HDC hdc, const RECT& rc)
     FillRect(hdc, &rc, brush);
 }
 
-} // namespace
-
-SIZE MeasureField(HDC hdc, LPCWSTR psz, UINT nLength, UINT uFormat)
-{
-    RECT rc{};
-    DrawTextW(hdc, psz, static_cast<int>(nLength), &rc, uFormat | DT_CALCRECT);
-    return {rc.right, rc.bottom};
-}
-
-void DrawField(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo)
+void DrawFromLeft(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo)
 {
     if (nFrom == nTo) {
         DrawRun(hdc, rc, rc.left, psz, nLength);
@@ -59,6 +52,30 @@ void DrawField(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, U
     DrawRun(hdc, rc, nLeft, psz + nFrom, nTo - nFrom);
     const int nRest = nTo < nLength ? nRight + Overhang(hdc, psz, nTo) : nRight;
     DrawRun(hdc, rc, nRest, psz + nTo, nLength - nTo);
+}
+
+} // namespace
+
+SIZE MeasureField(HDC hdc, LPCWSTR psz, UINT nLength, UINT uFormat)
+{
+    RECT rc{};
+    DrawTextW(hdc, psz, static_cast<int>(nLength), &rc, uFormat | DT_CALCRECT);
+    return {rc.right, rc.bottom};
+}
+
+// In a mirrored field the line ends where others begin, and is what goes out of view on the other side.
+void DrawField(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo)
+{
+    if (!IsMirrored(hdc)) {
+        DrawFromLeft(hdc, rc, psz, nLength, nFrom, nTo);
+        return;
+    }
+    const int nWidth = Width(hdc, psz, nLength);
+    const UprightScope upright(hdc, rc.left, nWidth);
+    const RECT rcShown = upright.Placed(rc);
+    IntersectClipRect(hdc, rcShown.left, rcShown.top, rcShown.right, rcShown.bottom);
+    DrawFromLeft(hdc, {upright.Left(), rc.top, Wrapped(int64_t{upright.Left()} + nWidth), rc.bottom}, psz,
+                 nLength, nFrom, nTo);
 }
 
 } // namespace gesso

@@ -3,6 +3,7 @@
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Quirks.h>
@@ -71,8 +72,12 @@ void GComboBox::UpdateCursorPos()
     const gesso::WindowContext hdc(m_hWnd);
     const gesso::SelectScope font(hdc, m_hFont);
     const RECT rcField = FieldRect(hdc, 0);
-    const SIZE before = gesso::TextMeasure(hdc, false).Extent(m_strText, m_nCaret);
-    SetCaretPos(rcField.left + before.cx, rcField.top);
+    const gesso::TextMeasure measure(hdc, false);
+    int nAcross = measure.Extent(m_strText, m_nCaret).cx;
+    if (gesso::IsMirrored(m_hWnd)) {
+        nAcross = measure.Extent(m_strText, m_strText.GetLength()).cx - nAcross;
+    }
+    SetCaretPos(rcField.left + nAcross, rcField.top);
 }
 
 LRESULT GComboBox::OnSetFocus(HWND)
@@ -114,7 +119,11 @@ int GComboBox::PartAt(POINTS pt) const
 UINT GComboBox::CharAt(int x) const
 {
     const gesso::WindowMeasure measure(m_hWnd, m_hFont, false);
-    return measure->CountBefore(m_strText, m_strText.GetLength(),
+    const UINT nLength = m_strText.GetLength();
+    if (gesso::IsMirrored(m_hWnd)) {
+        x = measure->Extent(m_strText, nLength).cx - x;
+    }
+    return measure->CountBefore(m_strText, nLength,
                                 x + gesso::Pixels(m_hWnd, gesso::Metrics::COMBO_HIT_SLACK));
 }
 

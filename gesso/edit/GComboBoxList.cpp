@@ -2,6 +2,7 @@
 #include <gesso/framework/BehaviorMark.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
@@ -75,7 +76,9 @@ bool GComboBoxList::Make(HWND hwndOwner, HFONT hFont, const gesso::Placement& pl
     m_rcVScroll = {};
     const ATOM aClass = gesso::RegisterControlClass(s_aListClass, L"GComboBoxList", WindowProc,
                                                     CS_DROPSHADOW | CS_GLOBALCLASS);
-    return Frame::CreateTagged(*this, aClass, place, 0, LIST_EX_STYLE, LIST_STYLE) != nullptr;
+    // A window that another one owns does not take its layout by itself.
+    const DWORD dwExStyle = LIST_EX_STYLE | (gesso::IsMirrored(hwndOwner) ? WS_EX_LAYOUTRTL : 0);
+    return Frame::CreateTagged(*this, aClass, place, 0, dwExStyle, LIST_STYLE) != nullptr;
 }
 
 void GComboBoxList::Open(HWND hwndOwner, HFONT hFont, UINT nHeight)
@@ -206,12 +209,13 @@ SIZE GComboBoxList::FrameSize() const
     return size;
 }
 
-LRESULT GComboBoxList::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
+LRESULT GComboBoxList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 {
     const RECT rcWindow = pParams->rgrc[0];
     const SIZE frame = FrameSize();
     InflateRect(&pParams->rgrc[0], -frame.cx, -frame.cy);
     NcCalcSizeScroll(&rcWindow, &pParams->rgrc[0]);
+    pParams->rgrc[0] = gesso::ClientAsAsked(m_hWnd, fValidRects, rcWindow, pParams->rgrc[0]);
     return 0;
 }
 
@@ -332,6 +336,9 @@ bool GComboBoxList::IsOverBar(POINTS ptScreen) const
     RECT rcBar = m_rcVScroll;
     RECT rcWindow{};
     GetWindowRect(m_hWnd, &rcWindow);
+    if (gesso::IsMirrored(m_hWnd)) {
+        rcBar = gesso::MirroredIn({0, 0, rcWindow.right - rcWindow.left, 0}, rcBar);
+    }
     OffsetRect(&rcBar, rcWindow.left, rcWindow.top);
     return !(m_dwVStyle & GSB_HIDDEN) && PtInRect(&rcBar, {ptScreen.x, ptScreen.y});
 }

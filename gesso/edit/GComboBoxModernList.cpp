@@ -6,6 +6,7 @@
 #include <gesso/edit/FieldInput.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Quirks.h>
@@ -154,6 +155,7 @@ RECT GComboBox::Modern::PlaceOfList()
     const BOOL fKnown = GetMonitorInfoW(MonitorFromWindow(hwnd, MONITOR_DEFAULTTONEAREST), &monitor);
     gesso::ComboListRoom room{};
     GetWindowRect(hwnd, &room.rcControl);
+    room.fMirrored = gesso::IsMirrored(hwnd);
     room.rcWork = fKnown ? monitor.rcWork : RECT{};
     room.cxLeast = m_nDroppedWidth;
     room.cxWidest =

@@ -6,6 +6,7 @@
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
@@ -135,7 +136,7 @@ LRESULT GEdit::OnPrintClient(HDC hdc, LPARAM lParam)
     return Frame::OnPrintWhole(*this, hdc, lParam);
 }
 
-LRESULT GEdit::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
+LRESULT GEdit::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 {
     const RECT rcWindow = pParams->rgrc[0];
     RECT& rcClient = pParams->rgrc[0];
@@ -145,6 +146,7 @@ LRESULT GEdit::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
         InflateRect(&rcClient, -nWidth, -nWidth);
     }
     NcCalcSizeScroll(&rcWindow, &rcClient);
+    rcClient = gesso::ClientAsAsked(m_hWnd, fValidRects, rcWindow, rcClient);
     return 0;
 }
 
@@ -170,10 +172,13 @@ void GEdit::HitTest(HitTestInfo* pInfo) const
     const LineRows rows{TOP, measure->LineHeight()};
     pInfo->nLine = rows.LineAt(LONGLONG{pInfo->pt.y} + GetScrollPos(SB_VERT), m_aLines.GetLength());
     const int nSlack = gesso::Pixels(m_hWnd, gesso::Metrics::EDIT_HIT_SLACK);
-    const int x = Saturated(LONGLONG{pInfo->pt.x} + nSlack + GetScrollPos(SB_HORZ));
     const gesso::EditLines& lines = Own().lines;
     const UINT nOffset = lines.OffsetOfLine(pInfo->nLine);
-    pInfo->nChar = measure->CountBefore(lines.TextAt(nOffset), lines.LengthWithin(pInfo->nLine, nOffset), x);
+    const UINT nLength = lines.LengthWithin(pInfo->nLine, nOffset);
+    const LONGLONG nAcross = LONGLONG{pInfo->pt.x} + GetScrollPos(SB_HORZ);
+    const LONGLONG nFromLeft =
+        gesso::IsMirrored(m_hWnd) ? measure->Extent(lines.TextAt(nOffset), nLength).cx - nAcross : nAcross;
+    pInfo->nChar = measure->CountBefore(lines.TextAt(nOffset), nLength, Saturated(nFromLeft + nSlack));
 }
 
 // The horizontal scroll position, in steps from the present one, at which the caret's x is to be seen.
@@ -205,10 +210,14 @@ void GEdit::UpdateCursorPos()
     const gesso::Place caret = Field().Caret();
     const UINT nOffset = lines.OffsetOfLine(caret.nLine);
     const UINT nBefore = std::min(caret.nChar, lines.LengthWithin(caret.nLine, nOffset));
-    const SIZE extent =
-        gesso::WindowMeasure(m_hWnd, m_hFont, IsMasked())->Extent(lines.TextAt(nOffset), nBefore);
+    const gesso::WindowMeasure measure(m_hWnd, m_hFont, IsMasked());
+    const SIZE extent = measure->Extent(lines.TextAt(nOffset), nBefore);
     const RECT rcText = TextRect();
-    const LONGLONG x = LONGLONG{rcText.left} + extent.cx;
+    const UINT nLength = lines.LengthWithin(caret.nLine, nOffset);
+    const LONGLONG nAcross = gesso::IsMirrored(m_hWnd)
+                                 ? measure->Extent(lines.TextAt(nOffset), nLength).cx - extent.cx
+                                 : extent.cx;
+    const LONGLONG x = rcText.left + nAcross;
     const int nPos = PosThatShows(x, rcText);
     if (nPos != GetScrollPos(SB_HORZ)) {
         Invalidate(0);

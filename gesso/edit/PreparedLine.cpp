@@ -1,4 +1,5 @@
 #include <gesso/edit/PreparedLine.h>
+#include <gesso/framework/Saturate.h>
 #include <gesso/text/TextArrays.h>
 #include <gesso/text/TextBoundary.h>
 #include <gesso/text/VisualOrder.h>
@@ -29,6 +30,12 @@ int TabEnd(const LineStyle& style, int x)
     }
     const int nStep = tabs.size() == 1 ? tabs.front() : style.nTab;
     return nStep > 0 ? (x / nStep + 1) * nStep : x + 1;
+}
+
+// What counts from the left of a line that is so wide, from the right, and back.
+int Turned(const LineSource& source, int nWidth, int x)
+{
+    return source.style.fMirrored ? Saturated(int64_t{nWidth} - x) : x;
 }
 
 // Where a stretch of a long line ends: behind a space if there is one near, and never within a character.
@@ -403,7 +410,7 @@ int PreparedLine::XOf(const LineSource& source, const CaretPlace& given)
     const Found at = FindChar(place.fTrailing ? place.n - 1 : place.n);
     const std::vector<TextCell>& cells = Cells(source, at);
     const size_t n = BoundaryOf(cells, at, place);
-    return at.x + (n < cells.size() ? cells[n].x : m_pieces[at.nPiece].cx);
+    return Turned(source, Width(), at.x + (n < cells.size() ? cells[n].x : m_pieces[at.nPiece].cx));
 }
 
 CaretPlace PreparedLine::PlaceAt(const LineSource& source, int x)
@@ -411,6 +418,7 @@ CaretPlace PreparedLine::PlaceAt(const LineSource& source, int x)
     if (m_pieces.empty()) {
         return {0, false};
     }
+    x = Turned(source, Width(), x);
     const Found at = FindX(x);
     for (const TextCell& cell : Cells(source, at)) {
         if (x - at.x < cell.Right()) {
@@ -429,6 +437,7 @@ bool PreparedLine::CharAt(const LineSource& source, int x, UINT* pnChar)
     if (m_pieces.empty() || x < 0 || x >= Width()) {
         return false;
     }
+    x = Turned(source, Width() - 1, x);
     const Found at = FindX(x);
     for (const TextCell& cell : Cells(source, at)) {
         if (x - at.x < cell.Right()) {
@@ -491,6 +500,22 @@ UINT PreparedLine::CountFitting(const LineSource& source, int nWidth)
 std::vector<PreparedLine::Stretch> PreparedLine::Stretches(const LineSource& source, const TextRange& range,
                                                            int nLeft, int nRight)
 {
+    if (!source.style.fMirrored) {
+        return StretchesFromLeft(source, range, nLeft, nRight);
+    }
+    const int nWidth = Width();
+    std::vector<Stretch> stretches =
+        StretchesFromLeft(source, range, Turned(source, nWidth, nRight), Turned(source, nWidth, nLeft));
+    for (Stretch& stretch : stretches) {
+        stretch = {nWidth - stretch.nRight, nWidth - stretch.nLeft};
+    }
+    std::reverse(stretches.begin(), stretches.end());
+    return stretches;
+}
+
+std::vector<PreparedLine::Stretch>
+PreparedLine::StretchesFromLeft(const LineSource& source, const TextRange& range, int nLeft, int nRight)
+{
     std::vector<Stretch> stretches;
     Found at{0, 0, 0};
     for (; at.nPiece < m_pieces.size() && at.x < nRight; ++at.nPiece) {
@@ -523,11 +548,13 @@ void PreparedLine::Draw(const LineSource& source, POINT pt, int nLeft, int nRigh
 {
     int x = 0;
     UINT nStart = 0;
+    const int nWidth = source.style.fMirrored ? Width() : 0;
     for (Piece& piece : m_pieces) {
-        const bool fShows = x < nRight && x + piece.cx > nLeft;
+        const int xPiece = source.style.fMirrored ? nWidth - x - piece.cx : x;
+        const bool fShows = xPiece < nRight && xPiece + piece.cx > nLeft;
         if (fShows && !piece.fTab) {
             Shape(source, piece, nStart);
-            CDrawText::DrawText_TextOut(source.hdc, pt.x + x, pt.y, &piece.buffer);
+            CDrawText::DrawText_TextOut(source.hdc, pt.x + xPiece, pt.y, &piece.buffer);
         } else if (!fShows && m_pieces.size() > KEPT_PIECES) {
             Forget(piece);
         }

@@ -2,7 +2,8 @@
 //
 // The line is prepared in pieces: from tab to tab, and a long line in stretches that an edit changes one by
 // one. What mixes directions is in visual order within a piece. Offsets are characters of the line, from its
-// start; x is in pixels from the line's left end.
+// start; x is in pixels from the line's left end, and in a mirrored window from its right one: the line
+// itself is as it is anywhere.
 #pragma once
 
 #include <gesso/text/CDrawText.h>
@@ -14,9 +15,10 @@ namespace gesso {
 
 struct LineStyle
 {
-    std::vector<int> tabs; // in pixels; one alone stands for all its multiples
-    int nTab = 0;          // behind the last of several, its multiples
-    wchar_t chMask = 0;    // shows for every character; 0 for none
+    std::vector<int> tabs;  // in pixels; one alone stands for all its multiples
+    int nTab = 0;           // behind the last of several, its multiples
+    wchar_t chMask = 0;     // shows for every character; 0 for none
+    bool fMirrored = false; // the window
 };
 
 // Where a line's characters come from, and what they are prepared with.
@@ -87,9 +89,9 @@ public:
         int nLeft;
         int nRight;
     };
-    // Where a range shows, between nLeft and nRight: in parts, where the order turns.
+    // Where a range shows, between nLeft and nRight as x counts: in parts, where the order turns.
     std::vector<Stretch> Stretches(const LineSource& source, const TextRange& range, int nLeft, int nRight);
-    // What shows between nLeft and nRight, with the line's left end at the point.
+    // What shows between nLeft and nRight, with x of 0 at the point.
     void Draw(const LineSource& source, POINT pt, int nLeft, int nRight);
 
 private:
@@ -111,6 +113,8 @@ private:
     };
 
     void Clear();
+    std::vector<Stretch> StretchesFromLeft(const LineSource& source, const TextRange& range, int nLeft,
+                                           int nRight);
     void AppendPieces(const LineSource& source, const TextRange& range, bool fLong,
                       std::vector<Piece>* pPieces);
     void Measure(const LineSource& source);

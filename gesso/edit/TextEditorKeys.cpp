@@ -87,8 +87,9 @@ void TextEditor::Inside::MoveToEnd(bool fRight)
         const UINT nStart = model.Rows().Start(nRow);
         PreparedLine& line = Line(hdc, nRow);
         const LineSource source = Source(hdc, nRow);
-        const bool fTurned =
-            line.XOf(source, {range.nFrom - nStart, false}) > line.XOf(source, {range.nTo - nStart, true});
+        const int xFrom = line.XOf(source, {range.nFrom - nStart, false});
+        const int xTo = line.XOf(source, {range.nTo - nStart, true});
+        const bool fTurned = style.fMirrored ? xFrom < xTo : xFrom > xTo;
         fLast = fRight != fTurned;
     }
     MoveTo(fLast ? range.nTo : range.nFrom, fLast, false);
@@ -117,14 +118,14 @@ void TextEditor::Inside::MoveAcross(bool fRight, bool fWord, bool fExtend)
     } else if (fRight && nRow + 1 < model.Rows().Count()) {
         const UINT nNext = model.Rows().Start(nRow + 1);
         if (model.EndsParagraph(nRow)) {
-            place = Line(hdc, nRow + 1).PlaceAt(Source(hdc, nRow + 1), -1);
+            place = Line(hdc, nRow + 1).PlaceAt(Source(hdc, nRow + 1), style.fMirrored ? INT_MAX : -1);
             MoveTo(nNext + place.n, place.fTrailing, fExtend);
         } else {
             MoveTo(ClusterEnd(text, nNext), false, fExtend);
         }
     } else if (!fRight && nRow > 0) {
         if (model.EndsParagraph(nRow - 1)) {
-            place = Line(hdc, nRow - 1).PlaceAt(Source(hdc, nRow - 1), INT_MAX);
+            place = Line(hdc, nRow - 1).PlaceAt(Source(hdc, nRow - 1), style.fMirrored ? -1 : INT_MAX);
             MoveTo(model.Rows().Start(nRow - 1) + place.n, place.fTrailing, fExtend);
         } else {
             MoveTo(ClusterStart(text, model.RowText(nRow - 1).nTo), false, fExtend);

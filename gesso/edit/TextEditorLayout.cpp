@@ -2,6 +2,7 @@
 
 #include <gesso/edit/TextEditorInside.h>
 #include <gesso/edit/TextMeasure.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/text/TextBoundary.h>
@@ -62,6 +63,7 @@ bool TextEditor::Inside::Wraps() const
 
 void TextEditor::Inside::NeedStyle(HDC hdc)
 {
+    style.fMirrored = IsMirrored(Window());
     if (fStyled) {
         return;
     }
@@ -240,7 +242,7 @@ int TextEditor::Inside::LeftOf(HDC hdc, UINT nRow)
 {
     PreparedLine& line = Line(hdc, nRow);
     const LineSource source = Source(hdc, nRow);
-    const bool fAligned = Style() & (ES_CENTER | ES_RIGHT);
+    const bool fAligned = style.fMirrored || (Style() & (ES_CENTER | ES_RIGHT));
     const UINT nHanging =
         fAligned && !model.EndsParagraph(nRow) ? CountHangingSpaces(source, line.Length()) : 0;
     int nWidth = line.Width();
@@ -249,7 +251,8 @@ int TextEditor::Inside::LeftOf(HDC hdc, UINT nRow)
     {
         nWidth -= stretch.nRight - stretch.nLeft;
     }
-    return LeftOf(nWidth);
+    // Of a mirrored line x begins with them.
+    return LeftOf(nWidth) - (style.fMirrored ? line.Width() - nWidth : 0);
 }
 
 // Where a row begins, before scrolling: aligned while it fits.

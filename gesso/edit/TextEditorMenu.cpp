@@ -2,6 +2,7 @@
 
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextEditorInside.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/language/Language.h>
 
@@ -112,8 +113,9 @@ UINT TextEditor::Inside::RunMenu(POINT ptScreen) const
         AppendMenuW(menu, entry.uCommand ? MF_STRING | uState : MF_SEPARATOR, entry.uCommand,
                     entry.uCommand ? TextOf(entry.text) : nullptr);
     }
-    return static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, ptScreen.x,
-                                            ptScreen.y, 0, Window(), nullptr));
+    const UINT uFlags =
+        TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON | (IsMirrored(Window()) ? TPM_LAYOUTRTL : 0);
+    return static_cast<UINT>(TrackPopupMenu(menu, uFlags, ptScreen.x, ptScreen.y, 0, Window(), nullptr));
 }
 
 void TextEditor::Inside::RunMenuCommand(UINT uCommand)

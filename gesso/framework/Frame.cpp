@@ -1,6 +1,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Behavior.h>
 #include <gesso/framework/BehaviorMark.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/FontChange.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/KeyboardCues.h>
@@ -427,6 +428,14 @@ bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)
 {
     const Watch watch(wnd);
     GetClientRect(wnd.m_hWnd, prcClient);
+    const HWND hwndParent = wnd.GetParent();
+    if (!IsMirrored(wnd.m_hWnd) || !hwndParent || IsMirrored(hwndParent)) {
+        DrawThemeParentBackground(wnd.m_hWnd, hdc, prcClient);
+        return watch;
+    }
+    // The control alone is mirrored: its parent draws from the left.
+    const UprightScope upright(hdc, 0, prcClient->right);
+    OffsetViewportOrgEx(hdc, upright.Left(), 0, nullptr);
     DrawThemeParentBackground(wnd.m_hWnd, hdc, prcClient);
     return watch;
 }

@@ -1,5 +1,6 @@
 // The state of the bars and their place in the window.
 
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Lifeline.h>
@@ -300,11 +301,12 @@ LRESULT GWndScroll::OnNcDestroy()
     return 0;
 }
 
-LRESULT GWndScroll::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS* pParams)
+LRESULT GWndScroll::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
 {
     // Both forms of the message start with the proposed rectangle.
     const RECT rcWindow = pParams->rgrc[0];
     NcCalcSizeScroll(&rcWindow, &pParams->rgrc[0]);
+    pParams->rgrc[0] = gesso::ClientAsAsked(m_hWnd, fValidRects, rcWindow, pParams->rgrc[0]);
     return 0;
 }
 
@@ -322,10 +324,11 @@ LRESULT GWndScroll::OnNcHitTest(POINTS ptScreen) const
         const auto isAt = [&](int nBar, DWORD dwFlags) {
             return Shows(BARS[nBar], dwFlags) && PtInRect(&RectOf(nBar), ptBar);
         };
-        return PtInRect(&rcClient, pt)     ? HTCLIENT
-               : isAt(SB_VERT, m_dwVStyle) ? HTVSCROLL
-               : isAt(SB_HORZ, m_dwHStyle) ? HTHSCROLL
-                                           : HTBORDER;
+        const POINT ptPixel = gesso::ClientPixelAt(m_hWnd, {ptScreen.x, ptScreen.y});
+        return PtInRect(&rcClient, ptPixel) ? HTCLIENT
+               : isAt(SB_VERT, m_dwVStyle)  ? HTVSCROLL
+               : isAt(SB_HORZ, m_dwHStyle)  ? HTHSCROLL
+                                            : HTBORDER;
     }
     if (pt.x >= 0 && pt.y >= 0 && pt.x <= rcClient.right && pt.y <= rcClient.bottom) {
         return HTCLIENT;

@@ -1,5 +1,6 @@
 // Painting of the bars.
 
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
@@ -58,6 +59,7 @@ void GWndScroll::DrawBarNow(HDC hdcWindow, int nBar)
     const gesso::BitmapScope bitmap(CreateCompatibleBitmap(hdcWindow, cx, cy));
     const gesso::MemoryContext hdcMemory(hdcWindow);
     const gesso::SelectScope selection(hdcMemory, bitmap);
+    gesso::TakeLayout(hdcMemory, hdcWindow);
     SetWindowOrgEx(hdcMemory, rc.left, rc.top, nullptr);
     DrawBar(hdcMemory, nBar);
     BitBlt(hdcWindow, rc.left, rc.top, cx, cy, hdcMemory, rc.left, rc.top, SRCCOPY);

@@ -5,6 +5,7 @@
 // window, whose handler may end in the control's destruction: it is sent last, or the window is looked at
 // again.
 
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/GWndScroll.h>
 #include <gesso/framework/Metrics.h>
@@ -111,8 +112,9 @@ POINTS GWndScroll::BarPoint(POINTS ptScreen) const
     if (!Has(*this, Quirk::BarHitsBeside)) {
         RECT rc{};
         GetWindowRect(m_hWnd, &rc);
-        return {Wrap16(gesso::Wrapped(int64_t{ptScreen.x} - rc.left)),
-                Wrap16(gesso::Wrapped(int64_t{ptScreen.y} - rc.top))};
+        const int64_t x =
+            gesso::IsMirrored(m_hWnd) ? int64_t{rc.right} - 1 - ptScreen.x : int64_t{ptScreen.x} - rc.left;
+        return {Wrap16(gesso::Wrapped(x)), Wrap16(gesso::Wrapped(int64_t{ptScreen.y} - rc.top))};
     }
     POINT pt{ptScreen.x, ptScreen.y};
     ScreenToClient(m_hWnd, &pt);

@@ -1,3 +1,4 @@
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/NonClientPaint.h>
 #include <gesso/framework/Saturate.h>
 
@@ -8,7 +9,7 @@ struct WindowAreas
 {
     POINT ptOrigin; // of the window, on the screen
     RECT rcWindow;  // from 0, 0
-    RECT rcClient;  // in the window
+    RECT rcClient;  // in the window, as it counts
 };
 
 WindowAreas AreasOf(HWND hwnd)
@@ -22,6 +23,9 @@ WindowAreas AreasOf(HWND hwnd)
     const int64_t dy = -int64_t{areas.ptOrigin.y};
     areas.rcClient = Shifted(areas.rcClient, dx, dy);
     areas.rcWindow = Shifted(areas.rcWindow, dx, dy);
+    if (IsMirrored(hwnd)) {
+        areas.rcClient = MirroredIn(areas.rcWindow, areas.rcClient);
+    }
     return areas;
 }
 
@@ -30,14 +34,22 @@ void Exclude(HDC hdc, const RECT& rc)
     ExcludeClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
 }
 
-// The region comes in screen coordinates and stays the platform's.
+// The region comes in screen coordinates and stays the platform's. A mirrored context would count it from the
+// other side.
 void ClipToRegion(HDC hdcWindow, HRGN hRegion, POINT ptOrigin)
 {
+    const bool fMirrored = IsMirrored(hdcWindow);
+    if (fMirrored) {
+        SetLayout(hdcWindow, 0);
+    }
     const HRGN hCopy = CreateRectRgn(0, 0, 0, 0);
     CombineRgn(hCopy, hRegion, nullptr, RGN_COPY);
     OffsetRgn(hCopy, Saturated(-int64_t{ptOrigin.x}), Saturated(-int64_t{ptOrigin.y}));
     SelectClipRgn(hdcWindow, hCopy);
     DeleteObject(hCopy);
+    if (fMirrored) {
+        SetLayout(hdcWindow, LAYOUT_RTL);
+    }
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include <gesso/containers/Memory.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/OffscreenSurface.h>
 
 namespace gesso {
@@ -36,6 +37,7 @@ OffscreenSurface::OffscreenSurface(HDC hdcLike, SIZE size)
     }
     Free(pSpare);
     m_nSaved = SaveDC(m_parts.hdc);
+    TakeLayout(m_parts.hdc, hdcLike);
 }
 
 OffscreenSurface::~OffscreenSurface()

@@ -10,8 +10,8 @@ namespace gesso {
 class OffscreenSurface
 {
 public:
-    // As deep as the context's own surface; the size is in pixels. Where there is no bitmap to be had, what
-    // is drawn goes nowhere.
+    // As deep as the context's own surface, and of its layout; the size is in pixels. Where there is no
+    // bitmap to be had, what is drawn goes nowhere.
     OffscreenSurface(HDC hdcLike, SIZE size);
     ~OffscreenSurface();
     OffscreenSurface(const OffscreenSurface&) = delete;

@@ -1,11 +1,14 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Scaling.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/ThemePartCache.h>
 #include <gesso/framework/Wrapped.h>
+
+#include <optional>
 
 namespace gesso {
 namespace {
@@ -89,13 +92,19 @@ int LengthOf(LPCWSTR psz)
 
 } // namespace
 
+// A tick is a sign that is written: mirrored it would be none.
 void ThemePart::DrawBackground(const RECT& rc) const
 {
     LayoutOverlay::Add(m_hdc, rc);
-    if (!DrawCachedPart(m_hTheme, m_hdc, m_nPart, m_nState, rc) &&
-        FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rc, nullptr)))
+    std::optional<UprightScope> upright;
+    if (m_plain == PlainPart::CheckBox) {
+        upright.emplace(m_hdc, rc.left, Wrapped(int64_t{rc.right} - rc.left));
+    }
+    const RECT rcPart = upright ? upright->Placed(rc) : rc;
+    if (!DrawCachedPart(m_hTheme, m_hdc, m_nPart, m_nState, rcPart) &&
+        FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rcPart, nullptr)))
     {
-        DrawPlainBackground(rc);
+        DrawPlainBackground(rcPart);
     }
 }
 

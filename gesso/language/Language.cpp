@@ -184,6 +184,11 @@ bool HasOtherTexts()
     return s_language || std::ranges::any_of(s_wordings, [](const auto& wording) { return wording.load(); });
 }
 
+bool ReadsFromRight()
+{
+    return s_language == &ARABIC;
+}
+
 void ForgetLanguage()
 {
     s_language = nullptr;

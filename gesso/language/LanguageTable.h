@@ -44,6 +44,9 @@ extern const Language ARABIC, DUTCH, ENGLISH, EUROPEAN_PORTUGUESE, FRENCH, GERMA
 // or a wording.
 bool HasOtherTexts();
 
+// Whether the language that is set is written from right to left. Dialogs made meanwhile are laid out so.
+bool ReadsFromRight();
+
 // As before the first SetLanguage: for tests, since a program has no way back.
 void ForgetLanguage();
 

@@ -4,6 +4,7 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -371,11 +372,12 @@ void GList::RowPainter::DrawImage(UINT image, const RECT& rc, SIZE size) const
     if (image >= m_imageCount || (m_fContained && (size.cx <= 0 || size.cy <= 0))) {
         return;
     }
+    const gesso::UprightScope upright(m_hdc, rc.left, size.cx);
     if (m_imageTimes > 1) {
         const int nSaved = SaveDC(m_hdc);
-        IntersectClipRect(m_hdc, rc.left, rc.top, Saturated(int64_t{rc.left} + size.cx),
+        IntersectClipRect(m_hdc, upright.Left(), rc.top, Saturated(int64_t{upright.Left()} + size.cx),
                           Saturated(int64_t{rc.top} + size.cy));
-        gesso::DrawImageTimes(m_hdc, m_list.imageList, static_cast<int>(image), {rc.left, rc.top},
+        gesso::DrawImageTimes(m_hdc, m_list.imageList, static_cast<int>(image), {upright.Left(), rc.top},
                               m_imageTimes);
         RestoreDC(m_hdc, nSaved);
         return;
@@ -385,7 +387,7 @@ void GList::RowPainter::DrawImage(UINT image, const RECT& rc, SIZE size) const
     params.himl = m_list.imageList;
     params.i = static_cast<int>(image);
     params.hdcDst = m_hdc;
-    params.x = rc.left;
+    params.x = upright.Left();
     params.y = rc.top;
     params.cx = size.cx;
     params.cy = size.cy;
@@ -633,6 +635,7 @@ void GList::KeepFrame(HDC hdc)
     {
         const gesso::MemoryContext frame;
         const SelectScope bitmap(frame, hBitmap);
+        gesso::TakeLayout(frame, hdc);
         BitBlt(frame, 0, 0, rc.right, rc.bottom, hdc, 0, 0, SRCCOPY);
     }
     frames.GetAtGrow(frames.GetLength()) = reinterpret_cast<stcDrawItem*>(hBitmap);
@@ -655,6 +658,7 @@ void GList::ReplayFrame()
     {
         const gesso::MemoryContext kept;
         const SelectScope bitmap(kept, frame < frames.GetLength() ? HGDIOBJ(frames[frame]) : nullptr);
+        gesso::TakeLayout(kept, context);
         BitBlt(context, 0, 0, rc.right, rc.bottom, kept, 0, 0, SRCCOPY);
     }
     RECT rcNumber{0, 0, Pixels(m_hWnd, Metrics::LIST_FRAME_NUMBER_CX),

@@ -4,6 +4,7 @@
 // ListGeometry. Where indices are compared, -1 is the largest of them.
 
 #include <gesso/containers/Index.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/list/ListGeometry.h>
@@ -39,6 +40,7 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
         return OnModernKeyDown(vk, flags);
     }
     const bool fIcons = (listStyle & GLS_VIEWMASK) == GLS_ICONS;
+    const UINT step = gesso::KeyInLayout(m_hWnd, vk);
     if (cursorItem == NO_INDEX) {
         MoveCursor(lastItem);
     }
@@ -47,7 +49,7 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
             return 0;
         }
         keyMods = ModifierKeys();
-        Navigate(vk, fIcons);
+        Navigate(step, fIcons);
     } else if (vk == VK_SHIFT) {
         shiftAnchor = cursorItem;
     } else if (vk == VK_SPACE) {
@@ -59,7 +61,7 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
         SetHotItem(NO_INDEX);
     }
     if (IsNavigation(vk)) {
-        BringCursorIntoView(vk);
+        BringCursorIntoView(step);
     }
     RedrawAll();
     ChangeCursor(cursorItem, cursorItem);

@@ -1,6 +1,7 @@
 // What the keys do in Modern: they start from the cursor, which is one item, and go by the rows that show.
 
 #include <gesso/containers/Index.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Quirks.h>
@@ -41,7 +42,7 @@ LRESULT GList::OnModernKeyDown(UINT vk, UINT flags)
     keyMods = ModifierKeys();
     if (IsNavigation(vk)) {
         m_inside->typed.Forget();
-        ModernNavigate(vk);
+        ModernNavigate(gesso::KeyInLayout(m_hWnd, vk));
     } else if (vk == VK_SPACE && ((keyMods & KEYMOD_CTRL) || !m_inside->typed.IsUnderWay())) {
         ModernSpace();
     } else if (vk == 'A' && (gesso::ModifierFlags() & (LVKF_CONTROL | LVKF_ALT)) == LVKF_CONTROL) {

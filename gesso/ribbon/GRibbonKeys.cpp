@@ -3,6 +3,7 @@
 // go; where none has it, the keyboard is on the tabs.
 
 #include <gesso/controls/ButtonLook.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/ribbon/ItemCode.h>
@@ -166,7 +167,7 @@ LRESULT GRibbon::OnSetFocus(HWND hwndFormer)
 LRESULT GRibbon::OnKeyDown(UINT uKey, bool fRepeated)
 {
     const bool fCtrl = GetKeyState(VK_CONTROL) < 0;
-    switch (uKey) {
+    switch (gesso::KeyInLayout(m_hWnd, uKey)) {
     case VK_LEFT: StepOnLevel(-1, false); break;
     case VK_RIGHT: StepOnLevel(1, false); break;
     case VK_HOME: StepOnLevel(1, true); break;

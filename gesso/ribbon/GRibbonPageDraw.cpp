@@ -1,6 +1,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Quirks.h>
@@ -160,10 +161,11 @@ struct ItemPainter
 
     void DrawImage(HIMAGELIST hImages, int nImage, int x, int y, int cx) const
     {
-        if (gesso::DrawImageInPlace(hdc, hImages, nImage, {x, y}, cx)) {
+        const gesso::UprightScope upright(hdc, x, cx);
+        if (gesso::DrawImageInPlace(hdc, hImages, nImage, {upright.Left(), y}, cx)) {
             return;
         }
-        IsolationAwareImageList_DrawEx(hImages, nImage, hdc, x, y, cx, cx);
+        IsolationAwareImageList_DrawEx(hImages, nImage, hdc, upright.Left(), y, cx, cx);
     }
 
     static void DrawItemText(const ThemePart& part, const Item& item, const RECT& rc, UINT uFormat)

@@ -1,5 +1,6 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
@@ -66,13 +67,15 @@ RECT WorkAreaAt(POINT pt)
     return {0, 0, SystemMetric(nullptr, SM_CXSCREEN), SystemMetric(nullptr, SM_CYSCREEN)};
 }
 
-// Right of and below the point; where there is no room below, above it. The size fits into the area.
-POINT PlaceBeside(POINT pt, SIZE size, const RECT& rcArea)
+// Right of and below the point, for a mirrored owner left of it; where there is no room below, above it. The
+// size fits into the area.
+POINT PlaceBeside(POINT pt, SIZE size, const RECT& rcArea, bool fMirrored)
 {
     pt = {std::clamp(pt.x, rcArea.left, rcArea.right), std::clamp(pt.y, rcArea.top, rcArea.bottom)};
     const LONG nLowest = rcArea.bottom - size.cy;
     const bool fBelow = pt.y <= nLowest || pt.y - size.cy < rcArea.top;
-    return {std::min(pt.x, rcArea.right - size.cx), fBelow ? std::min(pt.y, nLowest) : pt.y - size.cy};
+    const LONG x = fMirrored ? std::max(pt.x - size.cx, rcArea.left) : std::min(pt.x, rcArea.right - size.cx);
+    return {x, fBelow ? std::min(pt.y, nLowest) : pt.y - size.cy};
 }
 
 } // namespace
@@ -107,10 +110,12 @@ bool TrackedMenu::Show(HWND hwndOwner, POINT pt)
     const SIZE rows = SizeOfRows(hwndOwner);
     const SIZE size{std::min(rows.cx + 2 * SystemMetric(hwndOwner, SM_CXBORDER), rcArea.right - rcArea.left),
                     std::min(rows.cy + 2 * SystemMetric(hwndOwner, SM_CYBORDER), rcArea.bottom - rcArea.top)};
-    const POINT ptPlace = PlaceBeside(pt, size, rcArea);
+    const bool fMirrored = IsMirrored(hwndOwner); // which a window that it owns does not take by itself
+    const POINT ptPlace = PlaceBeside(pt, size, rcArea, fMirrored);
     const Placement place{static_cast<int>(ptPlace.x), static_cast<int>(ptPlace.y), static_cast<int>(size.cx),
                           static_cast<int>(size.cy), hwndOwner};
-    if (!Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), place, 0, EX_STYLE, STYLE)) {
+    const DWORD dwExStyle = EX_STYLE | (fMirrored ? WS_EX_LAYOUTRTL : 0);
+    if (!Frame::CreateTagged(*this, IsolationAwareRegisterClassW(), place, 0, dwExStyle, STYLE)) {
         return false;
     }
     TakeDpi(m_hWnd, hwndOwner);

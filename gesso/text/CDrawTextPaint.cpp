@@ -1,4 +1,5 @@
 #include <gesso/containers/Misuse.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/text/CDrawText.h>
 #include <gesso/text/TextArrays.h>
 #include <gesso/text/TextPaint.h>
@@ -23,9 +24,9 @@ void PaintItem(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem)
 class LinesPainter
 {
 public:
-    LinesPainter(HDC hdc, const RECT& rc, stcDrawTextBuffer& buffer)
-        : m_hdc(hdc), m_rc(rc), m_cxMax(static_cast<UINT>(WrapSubtract(rc.right, rc.left))), m_buffer(buffer),
-          m_y(FirstLineY(buffer, rc))
+    LinesPainter(HDC hdc, const RECT& rc, UINT uSide, stcDrawTextBuffer& buffer)
+        : m_hdc(hdc), m_rc(rc), m_uSide(uSide), m_cxMax(static_cast<UINT>(WrapSubtract(rc.right, rc.left))),
+          m_buffer(buffer), m_y(FirstLineY(buffer, rc))
     {}
 
     void Paint();
@@ -43,6 +44,7 @@ private:
 
     HDC m_hdc;
     const RECT m_rc;
+    const UINT m_uSide;
     const UINT m_cxMax;
     stcDrawTextBuffer& m_buffer;
     UINT m_nItem = 0;
@@ -70,7 +72,7 @@ void LinesPainter::Paint()
 void LinesPainter::StartLine()
 {
     if (HasLine()) {
-        m_x = LineX(m_buffer, m_rc, Line().nWidth);
+        m_x = LineX(m_uSide, m_rc, Line().nWidth);
     }
 }
 
@@ -115,6 +117,19 @@ void LinesPainter::PaintWholeItem()
     PaintItem(m_hdc, m_x, m_y, m_buffer, m_nItem);
     m_x = WrapAdd(m_x, RunWidth(m_buffer.pRuns[m_nItem]));
     ++m_nItem;
+}
+
+// A text stands at the other side of a mirrored area, and is not mirrored itself.
+UINT OtherSide(UINT uFormat)
+{
+    return uFormat & DT_CENTER ? uFormat : uFormat ^ DT_RIGHT;
+}
+
+// How wide some glyphs are that are about to be painted side by side; asked for in mirrored contexts alone.
+int WidthOf(HDC hdc, const stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd)
+{
+    const UINT nTo = std::min(nEnd, UsableGlyphs(buffer));
+    return nFirst < nTo && IsMirrored(hdc) ? SumAdvances(buffer, nFirst, nTo) : 0;
 }
 
 } // namespace
@@ -167,16 +182,16 @@ int gesso::FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc)
     return buffer.uFormat & DT_VCENTER ? WrapAdd(rc.top, WrapSubtract(y, rc.top) >> 1) : rc.top;
 }
 
-// The left end of a line of the given width. A line that is too wide starts at the left side.
-// Fixed behaviour: but for a centred one, since half of its negative room, as an unsigned number, lies far to
-// the right; otherwise a text that a program hides by its width would show.
-int gesso::LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx)
+// The left end of a line of the given width, on the side that the flags name. A line that is too wide starts
+// at the left side. Fixed behaviour: but for a centred one, since half of its negative room, as an unsigned
+// number, lies far to the right; otherwise a text that a program hides by its width would show.
+int gesso::LineX(UINT uSide, const RECT& rc, UINT cx)
 {
     const int cxFree = WrapSubtract(WrapSubtract(rc.right, rc.left), static_cast<int>(cx));
     int x = rc.left;
-    if (buffer.uFormat & DT_CENTER) {
+    if (uSide & DT_CENTER) {
         x = WrapAdd(rc.left, static_cast<int>(static_cast<UINT>(cxFree) >> 1));
-    } else if (buffer.uFormat & DT_RIGHT) {
+    } else if (uSide & DT_RIGHT) {
         x = WrapAdd(rc.left, cxFree);
     }
     return std::max<int>(x, rc.left);
@@ -187,17 +202,20 @@ void CDrawText::DrawText_TextOut_Break(HDC hdc, RECT rc, stcDrawTextBuffer* pBuf
     if (!IsBuffer(pBuffer) || !pBuffer->pBreaks || rc.right == rc.left) {
         return;
     }
+    const UprightScope upright(hdc, rc.left, WrapSubtract(rc.right, rc.left));
+    rc = upright.Placed(rc);
+    const UINT uSide = upright.IsMirrored() ? OtherSide(pBuffer->uFormat) : pBuffer->uFormat;
     if (pBuffer->nBreaks != 0 && IsPaintedAsRead(*pBuffer)) {
-        PaintLinesInOrder(hdc, rc, *pBuffer);
+        PaintLinesInOrder(hdc, rc, uSide, *pBuffer);
         return;
     }
     if (pBuffer->nBreaks != 0) {
-        LinesPainter(hdc, rc, *pBuffer).Paint();
+        LinesPainter(hdc, rc, uSide, *pBuffer).Paint();
         return;
     }
     const UINT cxMax = static_cast<UINT>(WrapSubtract(rc.right, rc.left));
     const UINT cx = pBuffer->pBreaks[0].nWidth;
-    const int x = LineX(*pBuffer, rc, cx);
+    const int x = LineX(uSide, rc, cx);
     const int y = FirstLineY(*pBuffer, rc);
     if (cx <= cxMax) {
         DrawText_TextOut(hdc, x, y, pBuffer);
@@ -211,6 +229,8 @@ void CDrawText::DrawText_TextOut(HDC hdc, int x, int y, stcDrawTextBuffer* pBuff
     if (!IsBuffer(pBuffer)) {
         return;
     }
+    const UprightScope upright(hdc, x, WidthOf(hdc, *pBuffer, 0, UNCUT));
+    x = upright.Left();
     if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, 0, UNCUT, UNCUT);
         return;
@@ -232,6 +252,8 @@ void CDrawText::DrawText_TextOut_Start_Glyph(HDC hdc, int x, int y, stcDrawTextB
         return;
     }
     const UINT nEnd = nStart + nCount;
+    const UprightScope upright(hdc, x, WidthOf(hdc, *pBuffer, nStart, nEnd));
+    x = upright.Left();
     if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, nStart, nEnd, UNCUT);
         return;
@@ -259,11 +281,12 @@ void CDrawText::DrawText_TextOut_cxMax(HDC hdc, int x, int y, stcDrawTextBuffer*
         return;
     }
     const UINT nStart = nLine == 0 ? 0 : pBuffer->pBreaks[nLine - 1].nGlyph;
+    const UINT nCount = CountFitting(*pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
     if (IsPaintedAsRead(*pBuffer)) {
-        PaintInOrder(hdc, x, y, *pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
+        const UprightScope upright(hdc, x, WidthOf(hdc, *pBuffer, nStart, nStart + nCount));
+        PaintInOrder(hdc, upright.Left(), y, *pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
         return;
     }
-    const UINT nCount = CountFitting(*pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, cxMax);
     DrawText_TextOut_Start_Glyph(hdc, x, y, pBuffer, nStart, nCount);
 }
 
@@ -276,6 +299,9 @@ void CDrawText::DrawText_TextOut_Item(HDC hdc, int x, int y, stcDrawTextBuffer* 
         return;
     }
     const UINT nItems = UsableItems(*pBuffer);
+    const UprightScope upright(
+        hdc, x, nItem < nItems ? WidthOf(hdc, *pBuffer, pBuffer->pRuns[nItem].nFirstGlyph, UNCUT) : 0);
+    x = upright.Left();
     if (IsPaintedAsRead(*pBuffer) && nItem < nItems) {
         PaintInOrder(hdc, x, y, *pBuffer, pBuffer->pRuns[nItem].nFirstGlyph, UNCUT, UNCUT);
         return;
@@ -295,6 +321,8 @@ void CDrawText::DrawText_TextOut_Char(HDC hdc, int x, int y, stcDrawTextBuffer* 
     if (!IsBuffer(pBuffer)) {
         return;
     }
+    const UprightScope upright(hdc, x, WidthOf(hdc, *pBuffer, 0, nGlyphs));
+    x = upright.Left();
     if (IsPaintedAsRead(*pBuffer)) {
         PaintInOrder(hdc, x, y, *pBuffer, 0, nGlyphs, UNCUT);
         return;
@@ -320,5 +348,7 @@ void CDrawText::DrawText_TextOut_Line(HDC hdc, int x, int y, stcDrawTextBuffer* 
         return;
     }
     const UINT nStart = nLine == 0 ? 0 : pBuffer->pBreaks[nLine - 1].nGlyph;
-    PaintInOrder(hdc, x, y, *pBuffer, nStart, pBuffer->pBreaks[nLine].nGlyph, UNCUT);
+    const UINT nEnd = pBuffer->pBreaks[nLine].nGlyph;
+    const UprightScope upright(hdc, x, WidthOf(hdc, *pBuffer, nStart, nEnd));
+    PaintInOrder(hdc, upright.Left(), y, *pBuffer, nStart, nEnd, UNCUT);
 }

@@ -12,14 +12,15 @@ void PaintSlice(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nItem, UI
 // How many glyphs of a line come before the one with which the sum of advances reaches cxMax.
 UINT CountFitting(const stcDrawTextBuffer& buffer, UINT nStart, UINT nStop, UINT cxMax);
 
-// The top of the first line, and the left end of a line of the given width, as uFormat says.
+// The top of the first line, as uFormat says, and the left end of a line of the given width, as uSide does:
+// DT_CENTER, DT_RIGHT or neither.
 int FirstLineY(const stcDrawTextBuffer& buffer, const RECT& rc);
-int LineX(const stcDrawTextBuffer& buffer, const RECT& rc, UINT cx);
+int LineX(UINT uSide, const RECT& rc, UINT cx);
 
 // Each glyph once, in visual order where the text is painted as it is read: those from nFirst up to nEnd, all
 // of one line, cut before the one that reaches cxMax; and all lines.
 constexpr UINT UNCUT = 0xFFFFFFFF;
 void PaintInOrder(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nFirst, UINT nEnd, UINT cxMax);
-void PaintLinesInOrder(HDC hdc, const RECT& rc, stcDrawTextBuffer& buffer);
+void PaintLinesInOrder(HDC hdc, const RECT& rc, UINT uSide, stcDrawTextBuffer& buffer);
 
 } // namespace gesso

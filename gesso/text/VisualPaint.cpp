@@ -29,14 +29,14 @@ void PaintInOrder(HDC hdc, int x, int y, stcDrawTextBuffer& buffer, UINT nFirst,
     }
 }
 
-void PaintLinesInOrder(HDC hdc, const RECT& rc, stcDrawTextBuffer& buffer)
+void PaintLinesInOrder(HDC hdc, const RECT& rc, UINT uSide, stcDrawTextBuffer& buffer)
 {
     const UINT cxMax = static_cast<UINT>(WrapSubtract(rc.right, rc.left));
     int y = FirstLineY(buffer, rc);
     UINT nStart = 0;
     for (UINT n = 0; n <= buffer.nBreaks; ++n) {
         const stcDrawTextBreak& line = buffer.pBreaks[n];
-        PaintInOrder(hdc, LineX(buffer, rc, line.nWidth), y, buffer, nStart, line.nGlyph,
+        PaintInOrder(hdc, LineX(uSide, rc, line.nWidth), y, buffer, nStart, line.nGlyph,
                      line.nWidth > cxMax ? cxMax : UNCUT);
         nStart = line.nGlyph;
         y = WrapAdd(y, buffer.nLineHeight);

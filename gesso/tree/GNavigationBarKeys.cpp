@@ -1,5 +1,6 @@
 // What the keyboard does in a navigation bar.
 
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Press.h>
 #include <gesso/tree/GNavigationBar.h>
 #include <gesso/tree/NavigationRows.h>
@@ -37,7 +38,7 @@ LRESULT GNavigationBar::OnKeyDown(UINT uKey, LPARAM)
         return 0;
     }
     const bool fNone = m_nSelected >= m_aVisible.GetLength();
-    switch (uKey) {
+    switch (gesso::KeyInLayout(m_hWnd, uKey)) {
     case VK_UP: StepTo(fNone ? SelectableFrom(0, true) : SelectableFrom(m_nSelected - 1, false)); break;
     case VK_DOWN: StepTo(SelectableFrom(fNone ? 0 : m_nSelected + 1, true)); break;
     case VK_HOME: StepTo(SelectableFrom(0, true)); break;

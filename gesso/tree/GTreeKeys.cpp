@@ -1,5 +1,6 @@
 // What the keyboard does in a tree: movement, expansion, and the search for what is typed.
 
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/SystemTime.h>
 #include <gesso/tree/GTree.h>
@@ -61,6 +62,7 @@ LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT uFlags)
     }
     const HWND hwnd = m_hWnd;
     m_ftLastChar = 0;
+    uKey = gesso::KeyInLayout(hwnd, uKey);
     StepByKey(uKey);
     if (Frame::IsAlive(hwnd, this)) {
         if (m_nSelected < m_aVisible.GetLength()) {

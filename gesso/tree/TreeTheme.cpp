@@ -1,5 +1,6 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ScaledImage.h>
 #include <gesso/framework/ThemePart.h>
@@ -57,7 +58,8 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
         return;
     }
     LayoutOverlay::Add(hdc, {x, y, Wrapped(int64_t{x} + nSide), Wrapped(int64_t{y} + nSide)});
-    if (DrawImageInPlace(hdc, hImageList, static_cast<int>(nImage), {x, y}, nSide)) {
+    const UprightScope upright(hdc, x, nSide);
+    if (DrawImageInPlace(hdc, hImageList, static_cast<int>(nImage), {upright.Left(), y}, nSide)) {
         return;
     }
     IMAGELISTDRAWPARAMS params{};
@@ -65,7 +67,7 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
     params.himl = hImageList;
     params.i = static_cast<int>(nImage);
     params.hdcDst = hdc;
-    params.x = x;
+    params.x = upright.Left();
     params.y = y;
     params.cx = nSide;
     params.cy = nSide;

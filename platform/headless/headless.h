@@ -142,8 +142,9 @@ std::string MessageName(UINT message);
 // What is drawn into a memory bitmap is kept with the bitmap and joins the window's record when the bitmap is
 // copied there. Coordinates are those of the call. Behind them a line tells, where it is so, the background
 // that a text fills (back=FFFFFF), the place of a moved origin (origin=(-10,-20)), the clip region's
-// rectangles (clip=(0,0,50,10)), and that the context is the whole window's (nonclient). Rectangles are
-// (left,top,right, bottom), colours RRGGBB, fonts a face and its em height.
+// rectangles (clip=(0,0,50,10)), that the context is the whole window's (nonclient), and that it is mirrored
+// (mirrored): then all of these count from the right edge. Rectangles are (left,top,right, bottom), colours
+// RRGGBB, fonts a face and its em height.
 std::vector<std::string> Drawing(HWND hwnd);
 void ClearDrawing(HWND hwnd);
 

@@ -58,9 +58,10 @@ def wait_for(what, look, deadline=DEADLINE, every=0.01):
     raise AssertionError(f"waited {deadline:.0f} s in vain for {what}")
 
 
-def save_pictures(folder):
+def save_pictures(folder, *options):
     """Saves a picture of every page there."""
-    command = [os.environ["GESSO_WINE"], os.environ["GESSO_GALLERY"], "--shots", Gallery.windows_path(folder)]
+    command = [os.environ["GESSO_WINE"], os.environ["GESSO_GALLERY"], *options]
+    command += ["--shots", Gallery.windows_path(folder)]
     subprocess.run(command, check=True, timeout=3 * DEADLINE, stdout=subprocess.DEVNULL)
 
 

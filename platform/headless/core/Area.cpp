@@ -124,4 +124,11 @@ void Area::Offset(int64_t dx, int64_t dy)
     std::erase_if(m_rects, [](const RECT& r) { return !HasExtent(r); });
 }
 
+void Area::Mirror(int64_t end)
+{
+    for (RECT& r : m_rects) {
+        r = Mirrored(end, r);
+    }
+}
+
 } // namespace gesso::headless

@@ -26,6 +26,8 @@ public:
     void Intersect(const Area& other);
     // What would lie beyond the last coordinate is cut off.
     void Offset(int64_t dx, int64_t dy);
+    // Counts it from the other side of an axis whose far end is at `end`.
+    void Mirror(int64_t end);
 
 private:
     std::vector<RECT> m_rects;

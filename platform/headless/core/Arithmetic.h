@@ -54,4 +54,14 @@ constexpr RECT OutOf(const POINT& origin, const RECT& r)
     return Shifted(r, origin.x, origin.y);
 }
 
+// What is counted from the other side of an axis whose far end is at `end`.
+constexpr POINT Mirrored(int64_t end, const POINT& p)
+{
+    return {Wrapped(end - p.x), p.y};
+}
+constexpr RECT Mirrored(int64_t end, const RECT& r)
+{
+    return {Saturated(end - r.right), r.top, Saturated(end - r.left), r.bottom};
+}
+
 } // namespace gesso::headless

@@ -80,6 +80,25 @@ RECT Context::ToLogical(const RECT& r) const
     return Moved(r, ToLogical(Corner(r)));
 }
 
+void Context::SetLayout(DWORD layout)
+{
+    const bool former = IsMirrored();
+    state.layout = layout;
+    if (former != IsMirrored() && state.clip) {
+        state.clip->Mirror(Bounds().right);
+    }
+}
+
+POINT Context::OnSurface(POINT device) const
+{
+    return IsMirrored() ? Mirrored(int64_t{Bounds().right} - 1, device) : device;
+}
+
+RECT Context::OnSurface(const RECT& device) const
+{
+    return IsMirrored() ? Mirrored(Bounds().right, device) : device;
+}
+
 RECT Context::Bounds() const
 {
     const auto* bitmap = Find<Bitmap>(state.bitmap);
@@ -90,7 +109,11 @@ Area Context::Reach() const
 {
     Area reach(Bounds());
     if (visible) {
-        reach.Intersect(*visible);
+        Area shown = *visible;
+        if (mirroredWindow != IsMirrored()) {
+            shown.Mirror(Bounds().right);
+        }
+        reach.Intersect(shown);
     }
     if (state.clip) {
         reach.Intersect(*state.clip);
@@ -139,12 +162,14 @@ void RemoveReleased()
     std::erase_if(Doomed(), [](HGDIOBJ object) { return !IsSelected(object) && RemoveObject(object); });
 }
 
-HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow)
+HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow, DWORD layout)
 {
     auto context = std::make_unique<Context>();
     context->window = hwnd;
     context->wholeWindow = wholeWindow;
     context->size = size;
+    context->state.layout = layout;
+    context->mirroredWindow = context->IsMirrored();
     return AddContext(std::move(context));
 }
 
@@ -175,7 +200,7 @@ void SetPixels(HDC hdc, const RECT& rect, DWORD value)
     }
     RECT inside;
     const RECT bounds = context->Bounds();
-    const RECT device = context->ToDevice(rect);
+    const RECT device = context->OnSurface(context->ToDevice(rect));
     IntersectRect(&inside, &bounds, &device);
     auto* pixels = reinterpret_cast<DWORD*>(bitmap->pixels.data());
     for (LONG y = inside.top; y < inside.bottom; ++y) {

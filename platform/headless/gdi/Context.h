@@ -24,6 +24,7 @@ struct ContextState
     POINT viewportOrigin{};
     POINT position{};         // where LineTo starts
     std::optional<Area> clip; // in device coordinates, as all areas here
+    DWORD layout = 0;
 };
 
 struct Context : Object
@@ -32,6 +33,13 @@ struct Context : Object
     Context() : Object(KIND) {}
 
     bool IsMemory() const { return state.bitmap != nullptr; }
+    bool IsMirrored() const { return (state.layout & LAYOUT_RTL) != 0; }
+    // Changes the layout, and leaves the clipping where it is on the surface.
+    void SetLayout(DWORD layout);
+    // The device coordinates of a mirrored context count from the right edge of what it draws into; these are
+    // those from the left.
+    POINT OnSurface(POINT device) const;
+    RECT OnSurface(const RECT& device) const;
     POINT ToDevice(POINT logical) const;
     POINT ToLogical(POINT device) const;
     RECT ToDevice(const RECT& logical) const;
@@ -43,7 +51,8 @@ struct Context : Object
     HWND window = nullptr;
     bool wholeWindow = false;
     SIZE size{};                 // of a window's area
-    std::optional<Area> visible; // what BeginPaint left of it
+    std::optional<Area> visible; // what BeginPaint left of it, as the window counts
+    bool mirroredWindow = false;
     ContextState state;
     std::vector<ContextState> saved;
 };

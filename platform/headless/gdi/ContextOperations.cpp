@@ -197,17 +197,19 @@ BOOL WINAPI LPtoDP(HDC hdc, LPPOINT points, INT count)
     if (!context) {
         return FALSE;
     }
-    std::transform(points, points + count, points, [context](POINT p) { return context->ToDevice(p); });
+    std::transform(points, points + count, points,
+                   [context](POINT p) { return context->OnSurface(context->ToDevice(p)); });
     return TRUE;
 }
 
 BOOL WINAPI DPtoLP(HDC hdc, LPPOINT points, INT count)
 {
-    const Context* context = FindContext(hdc);
+    const Context* context = FaultFires("DPtoLP") ? nullptr : FindContext(hdc);
     if (!context) {
         return FALSE;
     }
-    std::transform(points, points + count, points, [context](POINT p) { return context->ToLogical(p); });
+    std::transform(points, points + count, points,
+                   [context](POINT p) { return context->ToLogical(context->OnSurface(p)); });
     return TRUE;
 }
 
@@ -216,7 +218,20 @@ DWORD WINAPI GetLayout(HDC hdc)
     if (FaultFires("GetLayout")) {
         return DWORD{GDI_ERROR};
     }
-    return FindContext(hdc) ? 0 : DWORD{GDI_ERROR};
+    return Get(hdc, &ContextState::layout, DWORD{GDI_ERROR});
+}
+
+DWORD WINAPI SetLayout(HDC hdc, DWORD layout)
+{
+    if (FaultFires("SetLayout")) {
+        return DWORD{GDI_ERROR};
+    }
+    Context* context = FindContext(hdc);
+    const DWORD former = Get(hdc, &ContextState::layout, DWORD{GDI_ERROR});
+    if (context) {
+        context->SetLayout(layout);
+    }
+    return former;
 }
 
 INT WINAPI GetMapMode(HDC hdc)
@@ -224,7 +239,8 @@ INT WINAPI GetMapMode(HDC hdc)
     if (FaultFires("GetMapMode")) {
         return 0;
     }
-    return FindContext(hdc) ? MM_TEXT : 0;
+    const Context* context = FindContext(hdc);
+    return !context ? 0 : context->IsMirrored() ? MM_ANISOTROPIC : MM_TEXT;
 }
 
 INT WINAPI GetGraphicsMode(HDC hdc)

@@ -6,8 +6,9 @@
 
 namespace gesso::headless {
 
-// Makes a context that draws into a window's client area, or into the whole window, of that size.
-HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow);
+// Makes a context that draws into a window's client area, or into the whole window, of that size, with the
+// window's layout.
+HDC CreateWindowContext(HWND hwnd, SIZE size, bool wholeWindow, DWORD layout = 0);
 // Ends a context that CreateWindowContext made, with whatever is selected into it.
 void DeleteWindowContext(HDC hdc);
 // The window that a context draws into; null for a memory context or a stale handle.

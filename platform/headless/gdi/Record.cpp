@@ -118,7 +118,8 @@ Line::~Line()
     }
 }
 
-// What of the context decides where the operation shows: the moved origin, the clipping, the whole window.
+// What of the context decides where the operation shows: the moved origin, the clipping, the whole window,
+// and whether it counts from the right.
 void Line::PutContextState()
 {
     const POINT origin = m_context->ToDevice(POINT{});
@@ -133,6 +134,9 @@ void Line::PutContextState()
     }
     if (m_context->wholeWindow) {
         Word("nonclient");
+    }
+    if (m_context->IsMirrored()) {
+        Word("mirrored");
     }
 }
 

@@ -441,9 +441,10 @@ HRESULT WINAPI DrawThemeParentBackground(HWND hwnd, HDC hdc, RECT* rect)
     if (rect) {
         IntersectClipRect(hdc, rect->left, rect->top, rect->right, rect->bottom);
     }
-    POINT origin{};
-    MapWindowPoints(hwnd, parent, &origin, 1);
-    const POINT back = Difference({}, origin);
+    const RECT part = rect ? *rect : client;
+    RECT inParent = part;
+    MapWindowPoints(hwnd, parent, reinterpret_cast<POINT*>(&inParent), 2);
+    const POINT back = Difference(Corner(part), Corner(inParent));
     OffsetViewportOrgEx(hdc, back.x, back.y, nullptr);
     DrawParentInto(parent, hdc);
     RestoreDC(hdc, saved);

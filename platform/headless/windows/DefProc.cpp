@@ -27,12 +27,15 @@ RECT Inset(const RECT& r, const RECT& widths)
             Saturated(int64_t{r.right} - widths.right), Saturated(int64_t{r.bottom} - widths.bottom)};
 }
 
-// Takes the room of the standard scroll bars off a client area.
-void ExcludeBars(const Window& window, RECT& r)
+// Takes the room of the standard scroll bars off a client area, which the message may count from the other
+// side than the window does.
+void ExcludeBars(const Window& window, bool mirroredRect, RECT& r)
 {
+    const bool leftOfWindow = (window.exStyle & WS_EX_LEFTSCROLLBAR) != 0;
+    const bool left = leftOfWindow == (IsMirrored(window) == mirroredRect);
     const int width = GetSystemMetrics(SM_CXVSCROLL);
     if (window.Has(WS_VSCROLL) && SizeOf(r).cx >= width) {
-        if (window.exStyle & WS_EX_LEFTSCROLLBAR) {
+        if (left) {
             r.left += width;
         } else {
             r.right -= width;
@@ -52,7 +55,8 @@ LRESULT OnNcCalcSize(const Window& window, WPARAM withParams, LPARAM lParam)
     r = Inset(r, widths);
     r.right = std::max(r.left, r.right);
     r.bottom = std::max(r.top, r.bottom);
-    ExcludeBars(window, r);
+    // Without parameters the rectangle counts as the screen does, else as the parent does.
+    ExcludeBars(window, withParams && window.parent && IsMirrored(*window.parent), r);
     return 0;
 }
 
@@ -102,7 +106,7 @@ void PrintChildren(Window& window, HDC hdc, LPARAM flags)
 {
     const std::vector<WindowRef> children = VisibleChildren(window);
     for (auto at = children.rbegin(); at != children.rend(); ++at) {
-        const POINT step = Difference(Corner(window.client), Corner((*at)->client));
+        const POINT step = Difference({}, Corner(ToClient(window, (*at)->client)));
         POINT former{};
         OffsetWindowOrgEx(hdc, step.x, step.y, &former);
         Send(**at, WM_PRINT, reinterpret_cast<WPARAM>(hdc), flags);
@@ -151,10 +155,8 @@ LRESULT OnWindowPosChanging(Window& window, WINDOWPOS& pos)
 LRESULT OnWindowPosChanged(Window& window, const WINDOWPOS& pos)
 {
     const UINT flags = pos.flags;
-    const POINT origin = {window.parent ? window.parent->client.left : 0,
-                          window.parent ? window.parent->client.top : 0};
     if (!(flags & SWP_NOCLIENTMOVE)) {
-        const POINT corner = Difference(Corner(window.client), origin);
+        const POINT corner = Corner(window.parent ? ToClient(*window.parent, window.client) : window.client);
         Send(window, WM_MOVE, 0, MAKELPARAM(corner.x, corner.y));
     }
     if (window.alive && !(flags & SWP_NOCLIENTSIZE)) {

@@ -212,6 +212,7 @@ void Reset()
     SetClipboardText("");
     TheClipboard() = {};
     ResetGraphics();
+    DefaultLayout() = 0;
     ClearRegistry();
     SetNow(0);
     Own().Renew();

@@ -267,4 +267,19 @@ inline bool SameRect(const RECT& a, const RECT& b)
     return EqualRect(&a, &b);
 }
 
+// A mirrored window counts its client area from the right edge, as Wine does: the screen's x is the edge less
+// the client's x, for points as for edges. So the rightmost pixel is at 1, and the leftmost one at the width.
+inline bool IsMirrored(const Window& window)
+{
+    return (window.exStyle & WS_EX_LAYOUTRTL) != 0;
+}
+POINT ToScreen(const Window& window, POINT client);
+RECT ToScreen(const Window& window, const RECT& client);
+Area ToScreen(const Window& window, const Area& client);
+POINT ToClient(const Window& window, POINT screen);
+RECT ToClient(const Window& window, const RECT& screen);
+Area ToClient(const Window& window, const Area& screen);
+// The layout of windows without a parent or an owner.
+DWORD& DefaultLayout();
+
 } // namespace gesso::headless

@@ -50,7 +50,66 @@ std::vector<Window*> TopLevelsInReach()
     return windows;
 }
 
+// What MapWindowPoints answers: the sum that it makes, signed as the side that it is counted from.
+POINT StepBetween(const Window& source, const Window& target)
+{
+    const auto originOf = [](const Window& w) { return IsMirrored(w) ? w.client.right : w.client.left; };
+    const int64_t dx = int64_t{originOf(source)} - originOf(target);
+    const int64_t dy = int64_t{source.client.top} - target.client.top;
+    return {Wrapped(IsMirrored(source) ? -dx : dx), Wrapped(dy)};
+}
+
 } // namespace
+
+POINT ToScreen(const Window& window, POINT client)
+{
+    const POINT within = IsMirrored(window) ? Mirrored(SizeOf(window.client).cx, client) : client;
+    return Sum(within, Corner(window.client));
+}
+
+RECT ToScreen(const Window& window, const RECT& client)
+{
+    return OutOf(Corner(window.client),
+                 IsMirrored(window) ? Mirrored(SizeOf(window.client).cx, client) : client);
+}
+
+Area ToScreen(const Window& window, const Area& client)
+{
+    Area area = client;
+    if (IsMirrored(window)) {
+        area.Mirror(SizeOf(window.client).cx);
+    }
+    area.Offset(window.client.left, window.client.top);
+    return area;
+}
+
+POINT ToClient(const Window& window, POINT screen)
+{
+    const POINT within = Difference(screen, Corner(window.client));
+    return IsMirrored(window) ? Mirrored(SizeOf(window.client).cx, within) : within;
+}
+
+RECT ToClient(const Window& window, const RECT& screen)
+{
+    const RECT within = Within(Corner(window.client), screen);
+    return IsMirrored(window) ? Mirrored(SizeOf(window.client).cx, within) : within;
+}
+
+Area ToClient(const Window& window, const Area& screen)
+{
+    Area area = screen;
+    area.Offset(-int64_t{window.client.left}, -int64_t{window.client.top});
+    if (IsMirrored(window)) {
+        area.Mirror(SizeOf(window.client).cx);
+    }
+    return area;
+}
+
+DWORD& DefaultLayout()
+{
+    static constinit DWORD s_layout = 0;
+    return s_layout;
+}
 
 RECT FrameWidths(DWORD style, DWORD exStyle, bool menu)
 {
@@ -143,12 +202,15 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
     if (!source || !target) {
         return 0;
     }
-    const LONG dx = Wrapped(int64_t{source->client.left} - target->client.left);
-    const LONG dy = Wrapped(int64_t{source->client.top} - target->client.top);
     for (UINT i = 0; i < count; ++i) {
-        points[i] = Sum(points[i], {dx, dy});
+        points[i] = ToClient(*target, ToScreen(*source, points[i]));
     }
-    return static_cast<int>(MAKELONG(dx, dy));
+    // The two points of a rectangle stay its corners.
+    if (count == 2 && IsMirrored(*source) != IsMirrored(*target)) {
+        std::swap(points[0].x, points[1].x);
+    }
+    const POINT step = StepBetween(*source, *target);
+    return static_cast<int>(MAKELONG(step.x, step.y));
 }
 
 BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
@@ -161,7 +223,7 @@ BOOL WINAPI ClientToScreen(HWND hwnd, LPPOINT point)
     if (!window) {
         return FALSE;
     }
-    *point = Sum(*point, Corner(window->client));
+    *point = ToScreen(*window, *point);
     return TRUE;
 }
 
@@ -175,7 +237,7 @@ BOOL WINAPI ScreenToClient(HWND hwnd, LPPOINT point)
     if (!window) {
         return FALSE;
     }
-    *point = Difference(*point, Corner(window->client));
+    *point = ToClient(*window, *point);
     return TRUE;
 }
 
@@ -198,6 +260,20 @@ HWND WINAPI WindowFromPoint(POINT point)
     LRESULT hit = 0;
     const WindowRef window = WindowAt(point, hit);
     return window ? window->handle : Root().handle;
+}
+
+BOOL WINAPI SetProcessDefaultLayout(DWORD layout)
+{
+    const TableLock lock;
+    DefaultLayout() = layout;
+    return TRUE;
+}
+
+BOOL WINAPI GetProcessDefaultLayout(DWORD* layout)
+{
+    const TableLock lock;
+    *layout = DefaultLayout();
+    return TRUE;
 }
 
 // No window of this desktop is ever made an icon.

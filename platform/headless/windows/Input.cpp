@@ -163,8 +163,8 @@ MSG MouseMessage(const InputEvent& event, const Target& target, UINT message)
     const POINT p = event.point;
     MSG out{target.window->handle, message, HeldKeys(), 0, static_cast<DWORD>(event.time), p};
     if (target.hit == HTCLIENT) {
-        const RECT& client = target.window->client;
-        out.lParam = MAKELPARAM(Wrapped(int64_t{p.x} - client.left), Wrapped(int64_t{p.y} - client.top));
+        const POINT client = ToClient(*target.window, p);
+        out.lParam = MAKELPARAM(client.x, client.y);
     } else {
         out.message += NON_CLIENT_OFFSET;
         out.wParam = static_cast<WPARAM>(target.hit);

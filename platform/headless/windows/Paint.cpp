@@ -30,7 +30,7 @@ RECT VisiblePart(const Window& window)
     for (const Window* above = window.parent; above; above = above->parent) {
         IntersectRect(&part, &part, &above->client);
     }
-    return Within(Corner(window.client), part);
+    return ToClient(window, part);
 }
 
 RECT ClientRect(const Window& window)
@@ -38,9 +38,14 @@ RECT ClientRect(const Window& window)
     return {0, 0, SizeOf(window.client).cx, SizeOf(window.client).cy};
 }
 
+DWORD LayoutOf(const Window& window)
+{
+    return IsMirrored(window) ? LAYOUT_RTL : 0;
+}
+
 HDC ClientContext(const Window& window)
 {
-    return CreateWindowContext(window.handle, SizeOf(window.client), false);
+    return CreateWindowContext(window.handle, SizeOf(window.client), false, LayoutOf(window));
 }
 
 Area AreaOf(HRGN region)
@@ -60,18 +65,16 @@ bool ReachesChildren(const Window& window, UINT flags)
     return !(flags & RDW_NOCHILDREN) && ((flags & RDW_ALLCHILDREN) || !window.Has(WS_CLIPCHILDREN));
 }
 
-Area WithinChild(const Window& parent, const Window& child, Area area)
+Area WithinChild(const Window& parent, const Window& child, const Area& area)
 {
-    area.Offset(int64_t{parent.client.left} - child.client.left,
-                int64_t{parent.client.top} - child.client.top);
-    return area;
+    return ToClient(child, ToScreen(parent, area));
 }
 
 void ExcludeChildren(const Window& window, Area& area)
 {
     for (const Window* child : window.children) {
         if (child->Has(WS_VISIBLE)) {
-            area.Subtract(Within(Corner(window.client), child->frame));
+            area.Subtract(ToClient(window, child->frame));
         }
     }
 }
@@ -80,7 +83,7 @@ void InvalidateChildren(const Window& window, const Area& area, UINT flags)
 {
     for (Window* child : window.children) {
         Area within = WithinChild(window, *child, area);
-        within.Intersect(Within(Corner(child->client), child->frame));
+        within.Intersect(ToClient(*child, child->frame));
         if (!within.IsEmpty()) {
             Invalidate(*child, within, flags | RDW_FRAME | RDW_ERASE);
         }
@@ -245,8 +248,7 @@ void Uncover(Window& window, const RECT& screen)
     if (window.Has(WS_VISIBLE)) {
         area.Subtract(window.frame);
     }
-    area.Offset(-int64_t{window.parent->client.left}, -int64_t{window.parent->client.top});
-    Invalidate(*window.parent, area, RDW_ERASE | RDW_ALLCHILDREN);
+    Invalidate(*window.parent, ToClient(*window.parent, area), RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void RetryPaints()
@@ -412,7 +414,7 @@ HDC WINAPI GetDCEx(HWND hwnd, HRGN region, DWORD flags)
     }
     const bool whole = (flags & DCX_WINDOW) != 0;
     const RECT& r = whole ? window->frame : window->client;
-    const HDC hdc = CreateWindowContext(window->handle, SizeOf(r), whole);
+    const HDC hdc = CreateWindowContext(window->handle, SizeOf(r), whole, LayoutOf(*window));
     if (hdc && region && (flags & DCX_INTERSECTRGN)) {
         SetVisibleArea(hdc, AreaOf(region));
         RemoveObject(region); // the context has taken it over

@@ -17,12 +17,20 @@ constexpr UINT CLIENT_FLAGS = SWP_NOCLIENTSIZE | SWP_NOCLIENTMOVE;
 
 RECT FromParent(const Window& window, const RECT& r)
 {
-    return OutOf(Corner(window.parent->client), r);
+    return ToScreen(*window.parent, r);
 }
 
 RECT ToParent(const Window& window, const RECT& r)
 {
-    return Within(Corner(window.parent->client), r);
+    return ToClient(*window.parent, r);
+}
+
+// Whether two places on the screen begin at the same point of the window's parent.
+bool SameCorner(const Window& window, const RECT& a, const RECT& b)
+{
+    const POINT first = Corner(ToParent(window, a));
+    const POINT second = Corner(ToParent(window, b));
+    return first.x == second.x && first.y == second.y;
 }
 
 // Places and sizes are asked for in 16 bits, and no size is below zero.
@@ -62,7 +70,8 @@ void MoveChildren(Window& window, int64_t dx, int64_t dy)
 // Gives the window a frame and a client area; its children go with the client area.
 void Place(Window& window, const RECT& frame, const RECT& client)
 {
-    const int64_t dx = int64_t{client.left} - window.client.left;
+    const int64_t dx = IsMirrored(window) ? int64_t{client.right} - window.client.right
+                                          : int64_t{client.left} - window.client.left;
     const int64_t dy = int64_t{client.top} - window.client.top;
     window.frame = frame;
     window.client = client;
@@ -116,7 +125,7 @@ UINT Reduced(const Window& window, const WINDOWPOS& pos, const RECT& frame)
     if (now.cx == next.cx && now.cy == next.cy) {
         flags |= SWP_NOSIZE;
     }
-    if (frame.left == window.frame.left && frame.top == window.frame.top) {
+    if (SameCorner(window, frame, window.frame)) {
         flags |= SWP_NOMOVE;
     }
     const bool atTop = window.parent->children.front() == &window;
@@ -164,7 +173,7 @@ UINT ClientChanges(const Window& window, const RECT& client)
         flags |= SWP_NOCLIENTSIZE;
     }
     // Relative to the parent's client area, which does not move here.
-    if (client.left == window.client.left && client.top == window.client.top) {
+    if (SameCorner(window, client, window.client)) {
         flags |= SWP_NOCLIENTMOVE;
     }
     return flags;
@@ -319,10 +328,10 @@ void FinishShow(Window& window, bool show)
 
 void CalculateClient(Window& window)
 {
-    RECT r = ToParent(window, window.frame);
+    RECT r = window.frame; // this form of the message counts as the screen does
     Send(window, WM_NCCALCSIZE, FALSE, Pointer(&r));
     if (window.alive) {
-        Place(window, window.frame, Upright(FromParent(window, r)));
+        Place(window, window.frame, Upright(r));
     }
 }
 

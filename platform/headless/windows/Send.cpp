@@ -95,7 +95,7 @@ void NotifyParents(Window& window, WORD event)
 void NotifyParentsOfPress(Window& window, WORD event, POINT point)
 {
     TellParents(window, event, [point](const Window& parent) {
-        const POINT within = Difference(point, Corner(parent.client));
+        const POINT within = ToClient(parent, point);
         return MAKELPARAM(within.x, within.y);
     });
 }

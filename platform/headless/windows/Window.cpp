@@ -46,6 +46,19 @@ DWORD CompletedExStyle(DWORD exStyle, DWORD style)
     return raised ? exStyle | WS_EX_WINDOWEDGE : exStyle & ~static_cast<DWORD>(WS_EX_WINDOWEDGE);
 }
 
+// A child takes its parent's layout, unless that keeps it to itself; a window without a parent or an owner
+// takes the process's.
+DWORD LaidOut(DWORD exStyle, DWORD style, const Window* parentOrOwner)
+{
+    if (!parentOrOwner) {
+        return exStyle | (DefaultLayout() & LAYOUT_RTL ? WS_EX_LAYOUTRTL : 0);
+    }
+    const bool child = (style & (WS_CHILD | WS_POPUP)) == WS_CHILD;
+    const bool inherits =
+        child && IsMirrored(*parentOrOwner) && !(parentOrOwner->exStyle & WS_EX_NOINHERITLAYOUT);
+    return exStyle | (inherits ? WS_EX_LAYOUTRTL : 0);
+}
+
 // Where a top-level window goes that leaves it to the platform: the screen's corner, three quarters of its
 // size.
 void ReplaceDefaults(CREATESTRUCTW& create)
@@ -83,6 +96,12 @@ void Unlink(Window& window)
     }
 }
 
+void PlaceFirst(Window& window, const CREATESTRUCTW& create)
+{
+    window.frame = ToScreen(*window.parent, Spanned(create.x, create.y, create.cx, create.cy));
+    window.client = window.frame;
+}
+
 WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Window* parentOrOwner)
 {
     auto window = std::make_shared<Window>();
@@ -104,10 +123,7 @@ WindowRef MakeWindow(const CREATESTRUCTW& create, WindowClass& windowClass, Wind
     }
     Link(*window, parent ? *parent : Root());
     window->uiState = parentOrOwner ? parentOrOwner->uiState : WORD{0};
-    const RECT place = {create.x, create.y, Saturated(int64_t{create.x} + create.cx),
-                        Saturated(int64_t{create.y} + create.cy)};
-    window->frame = OutOf(Corner(window->parent->client), place);
-    window->client = window->frame;
+    PlaceFirst(*window, create);
     std::atomic_ref(windowClass.windows).fetch_add(1);
     Track(Kind::Window, window->handle);
     Windows().emplace(window->handle, window);
@@ -131,9 +147,7 @@ void ApplyMinMaxInfo(Window& window, CREATESTRUCTW& create)
                                  std::max(info.ptMinTrackSize.x, info.ptMaxTrackSize.x));
     create.cy = std::clamp<LONG>(create.cy, info.ptMinTrackSize.y,
                                  std::max(info.ptMinTrackSize.y, info.ptMaxTrackSize.y));
-    window.frame.right = Saturated(int64_t{window.frame.left} + create.cx);
-    window.frame.bottom = Saturated(int64_t{window.frame.top} + create.cy);
-    window.client = window.frame;
+    PlaceFirst(window, create);
 }
 
 void Release(Window& window)
@@ -297,6 +311,7 @@ HWND Create(CREATESTRUCTW& create)
     create.dwExStyle = CompletedExStyle(create.dwExStyle, static_cast<DWORD>(create.style));
     ReplaceDefaults(create);
     Window* above = IsRoot(parent.get()) ? nullptr : parent.get();
+    create.dwExStyle = LaidOut(create.dwExStyle, static_cast<DWORD>(create.style), above);
     const WindowRef window = MakeWindow(create, *windowClass, above);
     if (!Introduce(*window, create)) {
         return nullptr;

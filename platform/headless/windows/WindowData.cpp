@@ -311,7 +311,7 @@ HWND WINAPI SetParent(HWND hwnd, HWND newParent)
     }
     Window& former = *window->parent;
     const HWND formerHandle = former.handle;
-    const RECT place = Within(Corner(former.client), window->frame);
+    const RECT place = ToClient(former, window->frame);
     std::erase(former.children, window.get());
     parent->children.insert(parent->children.begin(), window.get());
     window->parent = parent.get();

@@ -94,7 +94,7 @@ TEST_F(DrawingRecord, ABlitBringsWhatTheBitmapShows)
     DeleteDC(memory);
 }
 
-TEST_F(DrawingRecord, TellsMovedOriginsClippingAndTheWholeWindow)
+TEST_F(DrawingRecord, TellsMovedOriginsClippingTheWholeWindowAndTheLayout)
 {
     const RECT rect = {0, 0, 5, 5};
     SetWindowOrgEx(m_hdc, 10, -20, nullptr);
@@ -104,11 +104,19 @@ TEST_F(DrawingRecord, TellsMovedOriginsClippingAndTheWholeWindow)
     DrawFocusRect(m_hdc, &rect);
     const HDC whole = CreateWindowContext(m_hwnd, {210, 110}, true);
     DrawFocusRect(whole, &rect);
+    SetLayout(whole, LAYOUT_RTL);
+    ExcludeClipRect(whole, 0, 50, 210, 110);
+    ExcludeClipRect(whole, 200, 0, 210, 50);
+    DrawFocusRect(whole, &rect);
+    SetLayout(whole, 0);
+    DrawFocusRect(whole, &rect);
     DeleteWindowContext(whole);
     EXPECT_EQ(Drawing(m_hwnd), (Lines{
                                    "DrawFocusRect (0,0,5,5) origin=(-10,20)",
                                    "DrawFocusRect (0,0,5,5) clip=(0,0,200,50)",
                                    "DrawFocusRect (0,0,5,5) nonclient",
+                                   "DrawFocusRect (0,0,5,5) clip=(0,0,200,50) nonclient mirrored",
+                                   "DrawFocusRect (0,0,5,5) clip=(10,0,210,50) nonclient",
                                }));
 }
 

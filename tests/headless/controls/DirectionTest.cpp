@@ -1,0 +1,226 @@
+// Controls in windows that are laid out from right to left.
+
+#include "../../support/AllControls.h"
+#include "../../support/WithBehavior.h"
+#include "../framework/ScrollProbe.h"
+#include "DrawFixture.h"
+
+#include <gesso/framework/Direction.h>
+
+#include <regex>
+
+namespace {
+
+using namespace test;
+
+const std::string MIRRORED = " mirrored";
+
+bool TakeWord(std::string& line)
+{
+    if (!line.ends_with(MIRRORED)) {
+        return false;
+    }
+    line.erase(line.size() - MIRRORED.size());
+    return true;
+}
+
+// What a line draws as it is in a mirrored window, and where; both counted as the context did then.
+struct Upright
+{
+    std::string what;
+    int x, cx;
+};
+
+std::optional<Upright> UprightOf(const std::string& whole)
+{
+    static const std::regex GLYPHS(R"re((ScriptTextOut ".*" )\((-?\d+)(,-?\d+\) cx=(\d+).*))re");
+    static const std::regex FIELD(R"re((DrawTextW ".*" )\((-?\d+),.*)re");
+    static const std::regex BOX(
+        R"re((DrawThemeBackground BUTTON 3 .*)\((-?\d+)(,-?\d+,)(-?\d+)(,-?\d+\).*))re");
+    // Origin and clip region count as the place does.
+    const std::string line = std::regex_replace(whole, std::regex(" (clip|origin)=\\S+"), "");
+    std::smatch match;
+    if (std::regex_match(line, match, BOX)) {
+        const int nLeft = std::stoi(match[2]);
+        return Upright{match[1].str() + match[3].str() + match[5].str(), nLeft, std::stoi(match[4]) - nLeft};
+    }
+    if (std::regex_match(line, match, GLYPHS)) {
+        return Upright{match[1].str() + match[3].str(), std::stoi(match[2]), std::stoi(match[4])};
+    }
+    // The whole text of a field of Classic, in a font whose characters are 6 pixels wide.
+    if (std::regex_match(line, match, FIELD)) {
+        return Upright{match[1].str(), std::stoi(match[2]), static_cast<int>(std::size("Text") - 1) * 6};
+    }
+    return std::nullopt;
+}
+
+template <class CONTROL> class DirectionTest : public DrawFixture
+{
+protected:
+    // All that a control draws at first, in a host of a layout.
+    Lines Painted(DWORD dwLayout, gesso::Behavior behavior)
+    {
+        const WithBehavior made(behavior);
+        SetWindowLongW(Parent(), GWL_EXSTYLE, static_cast<LONG>(dwLayout));
+        CONTROL control;
+        const HWND hwnd = MakeAnyControl(control, Parent());
+        EXPECT_EQ(gesso::IsMirrored(hwnd), dwLayout != 0);
+        desk::Pump();
+        const Lines lines = desk::Drawing(hwnd);
+        DestroyWindow(hwnd);
+        desk::Pump();
+        return lines;
+    }
+};
+
+// A value menu is no child, and is shown by an operation of its own; a separator draws nothing.
+using DrawnControls = AllControlsBut<GRightClickMenu, GSeparator>;
+TYPED_TEST_SUITE(DirectionTest, DrawnControls);
+
+TYPED_TEST(DirectionTest, EveryPartIsDrawnAtTheSamePlaceCountedFromTheRight)
+{
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const Lines straight = this->Painted(0, behavior);
+        Lines mirrored = this->Painted(WS_EX_LAYOUTRTL, behavior);
+        ASSERT_EQ(straight.size(), mirrored.size());
+        ASSERT_FALSE(straight.empty());
+        int nUprightWidth = 0; // of the surface, which may be wider than the control
+        for (size_t i = 0; i < straight.size(); ++i) {
+            if (TakeWord(mirrored[i])) {
+                EXPECT_EQ(mirrored[i], straight[i]);
+                continue;
+            }
+            const auto text = UprightOf(mirrored[i]);
+            const auto former = UprightOf(straight[i]);
+            ASSERT_TRUE(text && former) << mirrored[i];
+            EXPECT_EQ(text->what, former->what) << "nothing but texts and ticks is drawn as it is";
+            const int nSum = text->x + text->cx + former->x;
+            nUprightWidth = nUprightWidth ? nUprightWidth : nSum;
+            EXPECT_EQ(nSum, nUprightWidth) << mirrored[i];
+            EXPECT_GE(nSum, 90) << mirrored[i];
+        }
+    }
+}
+
+TYPED_TEST(DirectionTest, TheSurfaceThatIsKeptForgetsTheLayout)
+{
+    const Lines before = this->Painted(0, gesso::Behavior::Classic);
+    this->Painted(WS_EX_LAYOUTRTL, gesso::Behavior::Classic);
+    EXPECT_EQ(this->Painted(0, gesso::Behavior::Classic), before);
+}
+
+class DirectionPlacesTest : public DrawFixture
+{
+protected:
+    void SetUp() override
+    {
+        for (const int nMetric :
+             {SM_CXVSCROLL, SM_CYHSCROLL, SM_CYVSCROLL, SM_CXHSCROLL, SM_CYVTHUMB, SM_CXHTHUMB}) {
+            desk::SetSystemMetric(nMetric, BAR);
+        }
+    }
+    void Mirror() { SetWindowLongW(Parent(), GWL_EXSTYLE, WS_EX_LAYOUTRTL); }
+
+    static RECT OnScreen(HWND hwnd)
+    {
+        RECT rc{};
+        GetWindowRect(hwnd, &rc);
+        return rc;
+    }
+    // Clicks so many pixels from the left edge that the user sees, and below the top.
+    static void ClickAt(HWND hwnd, int x, int y)
+    {
+        desk::Click(OnScreen(hwnd).left + x, OnScreen(hwnd).top + y);
+        desk::Pump();
+    }
+
+    static constexpr int BAR = 17;
+};
+
+TEST_F(DirectionPlacesTest, BarsAreAtTheLeftAndHitThere)
+{
+    Mirror();
+    const Modern modern;
+    for (const bool fMirroredParent : {true, false}) {
+        ScrollProbe probe;
+        if (!fMirroredParent) {
+            SetWindowLongW(Parent(), GWL_EXSTYLE, 0);
+        }
+        probe.Create(Parent(), WS_VSCROLL | WS_HSCROLL);
+        SetWindowLongW(probe, GWL_EXSTYLE, WS_EX_LAYOUTRTL);
+        probe.ShowRange(SB_VERT);
+        probe.ShowRange(SB_HORZ);
+        SetWindowPos(probe, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
+        desk::Pump();
+        RECT rcClient{};
+        GetClientRect(probe, &rcClient);
+        MapWindowPoints(probe, nullptr, reinterpret_cast<POINT*>(&rcClient), 2);
+        EXPECT_EQ(rcClient.left, OnScreen(probe).left + BAR);
+        EXPECT_EQ(rcClient.right, OnScreen(probe).right);
+        EXPECT_EQ(Numbers(probe.VRect()), "183,0,200,133") << "as the window counts";
+
+        probe.TakeScrolls();
+        ClickAt(probe, 8, 8);
+        EXPECT_EQ(probe.TakeScrolls(), (Lines{"V 0", "V 8"})) << "the arrow up";
+        ClickAt(probe, 192, 142);
+        EXPECT_EQ(probe.TakeScrolls(), (Lines{"H 0", "H 8"})) << "the first arrow is the right one";
+        ClickAt(probe, 25, 142);
+        EXPECT_EQ(probe.TakeScrolls(), (Lines{"H 1", "H 8"}));
+        EXPECT_EQ(SendMessageW(probe, WM_NCHITTEST, 0, MAKELPARAM(OnScreen(probe).left, OnScreen(probe).top)),
+                  HTVSCROLL);
+        EXPECT_EQ(
+            SendMessageW(probe, WM_NCHITTEST, 0, MAKELPARAM(OnScreen(probe).left + BAR, OnScreen(probe).top)),
+            HTCLIENT);
+        DestroyWindow(probe);
+    }
+}
+
+TEST_F(DirectionPlacesTest, AThumbFollowsThePointer)
+{
+    Mirror();
+    const Modern modern;
+    ScrollProbe probe;
+    probe.Create(Parent(), WS_HSCROLL);
+    probe.ShowRange(SB_HORZ);
+    desk::Pump();
+    const RECT rc = OnScreen(probe);
+    probe.TakeScrolls();
+    desk::MoveMouse(rc.right - BAR - 5, rc.bottom - 5);
+    desk::PressButton();
+    desk::Pump();
+    desk::MoveMouse(rc.right - BAR - 45, rc.bottom - 5);
+    desk::Pump();
+    const Lines scrolls = probe.TakeScrolls();
+    ASSERT_FALSE(scrolls.empty());
+    EXPECT_TRUE(scrolls.back().starts_with("H 5:")) << scrolls.back();
+    EXPECT_GT(std::stoi(scrolls.back().substr(4)), 10) << "to the left is on";
+    desk::ReleaseButton();
+    desk::Pump();
+    DestroyWindow(probe);
+}
+
+TEST_F(DirectionPlacesTest, ATreeOpensWhereItsGlyphIsAndByTheOtherArrow)
+{
+    Mirror();
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        GTree tree;
+        tree.Create(10, 10, 200, 100, Parent(), 7, 0, WS_CHILD | WS_VISIBLE);
+        void* const hFolder = tree.InsertItem(nullptr, nullptr, L"Folder", 0, TIS_HASCHILDREN, nullptr);
+        tree.InsertItem(hFolder, nullptr, L"File", 0, 0, nullptr);
+        const auto isOpen = [&] { return (tree.GetItemState(hFolder) & TIS_EXPANDED) != 0; };
+        desk::Pump();
+        ASSERT_FALSE(isOpen());
+        ClickAt(tree, 200 - 10, 10);
+        EXPECT_TRUE(isOpen());
+        SetFocus(tree);
+        tree.SetSelectedItem(hFolder);
+        SendMessageW(tree, WM_KEYDOWN, VK_RIGHT, 0);
+        EXPECT_FALSE(isOpen()) << "the arrow that leads away from the leaves";
+        SendMessageW(tree, WM_KEYDOWN, VK_LEFT, 0);
+        EXPECT_TRUE(isOpen());
+        DestroyWindow(tree);
+    }
+}
+
+} // namespace
