@@ -11,6 +11,7 @@ from test_ribbon import Picture
 
 MIRRORED = ("--direction", "rtl")
 BOX = 13  # of a check box
+EDGE = 3
 OTHER_ARROW = {"Left": "Right", "Right": "Left"}
 
 
@@ -64,19 +65,19 @@ class MirroredEdit(GalleryTest):
     @classmethod
     def setUpClass(cls):
         cls.gallery = Gallery(cls.PAGE, *MIRRORED)
-        cls.id = next(c.id for c in cls.gallery.controls() if c.class_name == "GEdit" and c.text == "Type here")
+        cls.field_id = next(c.id for c in cls.gallery.controls() if c.class_name == "GEdit" and c.text == "Type here")
 
     def field(self):
         self.gallery.lines()
-        return next(c for c in self.gallery.controls() if c.id == self.id and c.class_name == "GEdit")
+        return next(c for c in self.gallery.controls() if c.id == self.field_id and c.class_name == "GEdit")
 
     def test_a_click_finds_the_character_that_is_there_and_arrows_go_their_way(self):
         field = self.field()
         middle = field.y + field.cy // 2
-        self.gallery.click((field.x + 5, middle))  # left of all of the text, which begins there
+        self.gallery.click((field.x + field.cx - 4, middle))
         self.gallery.key("ctrl+a")
         xdotool("type", "--delay", "5", "wide")
-        self.gallery.click((field.x + 5, middle))
+        self.gallery.click((field.x + 5, middle))  # left of all of the text, which begins there
         self.gallery.key("x")
         self.assertEqual(self.field().text, "xwide")
         self.gallery.click((field.x + field.cx - 4, middle))
@@ -87,7 +88,7 @@ class MirroredEdit(GalleryTest):
         self.assertEqual(self.field().text, "")
 
 
-class Pictures(unittest.TestCase):
+class DirectionPictures(unittest.TestCase):
     """What shows of the same controls in both directions."""
 
     @classmethod
@@ -99,36 +100,38 @@ class Pictures(unittest.TestCase):
             save_pictures(folder.name, *options)
             cls.folders.append(pathlib.Path(folder.name))
 
-    def parts(self, page, class_name, text, left=0, width=None):
-        """A stretch of a control's rows in both pictures, the mirrored one's as far from its right side."""
+    def parts(self, page, controls):
+        """Of each control (class, text, and width and height, None for all of it) its rows in both pictures, without
+        its edge, whose corners have shades of their own; the mirrored one's as far from its right side."""
+        found = []
         for folder, options in zip(self.folders, ((), MIRRORED)):
             gallery = Gallery(page, *options)
-            try:
+            self.addCleanup(gallery.close)
+            ribbon = gallery.first("GRibbon")
+            rows = Picture(folder / f"{page.lower()}.png").rows[::-1]
+            found.append([])
+            for class_name, text, width, height in controls:
                 control = gallery.control(class_name, text)
-                ribbon = gallery.first("GRibbon")
-            finally:
-                gallery.close()
-            picture = Picture(folder / f"{page.lower()}.png")
-            wide = control.cx if width is None else width
-            x = control.x - ribbon.x + (control.cx - left - wide if options else left)
-            y = control.y - ribbon.y
-            rows = picture.rows[::-1][y : y + control.cy]
-            yield [row[3 * x : 3 * (x + wide)] for row in rows]
+                wide = (width or control.cx) - 2 * EDGE
+                x = control.x - ribbon.x + (control.cx - EDGE - wide if options else EDGE)
+                y = control.y - ribbon.y
+                block = rows[y + EDGE : y + (height or control.cy) - EDGE]
+                found[-1].append([row[3 * x : 3 * (x + wide)] for row in block])
+        return zip(controls, *found)
 
-    def assert_upright(self, parts):
-        straight, mirrored = parts
-        self.assertEqual(mirrored, straight)
-        flipped = [b"".join(row[i : i + 3] for i in range(len(row) - 3, -1, -3)) for row in straight]
-        self.assertNotEqual(flipped, straight, "the part says nothing")
 
     def test_texts_images_and_ticks_are_not_mirrored(self):
-        for page, class_name, text in (
-            ("Buttons", "GButton", "Plain"),
-            ("Buttons", "GButton", "Landscape"),
-            ("Buttons", "GButton", "Details"),
-            ("Labels", "GLabel", "Labels"),
-        ):
-            with self.subTest(text):
-                self.assert_upright(self.parts(page, class_name, text))
-        with self.subTest("the tick of a box that is at the other side"):
-            self.assert_upright(self.parts("Choices", "GCheckBox", "&Bread", width=BOX))
+        pages = {
+            "Buttons": [
+                ("GButton", "Plain", None, None),
+                ("GButton", "Details", None, None),
+                ("GButton", "Landscape", None, 30),  # its picture, above a text whose middle is between two pixels
+            ],
+            "Choices": [("GCheckBox", "&Bread", BOX, None)],  # its tick, at the other side
+        }
+        for page, controls in pages.items():
+            for control, straight, mirrored in self.parts(page, controls):
+                with self.subTest(control):
+                    self.assertTrue(mirrored == straight)
+                    flipped = [b"".join(row[i : i + 3] for i in range(len(row) - 3, -1, -3)) for row in straight]
+                    self.assertFalse(flipped == straight, "it says nothing")
