@@ -223,4 +223,74 @@ TEST_F(DirectionPlacesTest, ATreeOpensWhereItsGlyphIsAndByTheOtherArrow)
     }
 }
 
+TEST_F(DirectionPlacesTest, ATextFieldEndsAtItsRightEdgeAndIsHitWhereItsCharactersAre)
+{
+    Mirror();
+    constexpr int CHARACTER = 6; // pixels
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        GEdit edit;
+        edit.Create(10, 10, 100, 24, Parent(), 7, L"abcd", WS_CHILD | WS_VISIBLE, 0);
+        SetFocus(edit);
+        desk::Pump();
+        const auto caretAt = [&](int n) {
+            edit.SetSel(n, n);
+            return static_cast<int>(desk::Caret().position.x);
+        };
+        const int xEnd = caretAt(4);
+        EXPECT_LT(xEnd, CHARACTER) << "from the right edge";
+        EXPECT_EQ(caretAt(0), xEnd + 4 * CHARACTER);
+        EXPECT_EQ(caretAt(3), xEnd + CHARACTER);
+        ClickAt(edit, 100 - xEnd - 2 * CHARACTER, 10);
+        desk::TypeText("X");
+        desk::Pump();
+        EXPECT_EQ(TextOf(edit), "abXcd");
+        desk::TypeKey(VK_LEFT);
+        desk::TypeKey(VK_LEFT);
+        desk::TypeText("Y");
+        desk::Pump();
+        EXPECT_EQ(TextOf(edit), "aYbXcd") << "arrows go their way";
+        DestroyWindow(edit);
+        desk::Pump();
+    }
+}
+
+TEST_F(DirectionPlacesTest, ACombosListOpensMirroredAndIsHitThere)
+{
+    Mirror();
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        GComboBox combo;
+        combo.Create(10, 10, 100, 24, Parent(), 7, WS_CHILD | WS_VISIBLE | GCBS_DROPDOWNLIST, 0);
+        for (const LPCWSTR item : {L"one", L"two", L"three"}) {
+            combo.InsertItem(combo.GetItemCount(), 0, item, 0, nullptr);
+        }
+        combo.SetSelected(0);
+        desk::Pump();
+        bool fOpen = false;
+        const auto choose = [&] {
+            for (const HWND hwnd : desk::TopLevelWindows()) {
+                if (hwnd != Parent() && IsWindowVisible(hwnd)) {
+                    fOpen = true;
+                    EXPECT_TRUE(gesso::IsMirrored(hwnd));
+                    EXPECT_EQ(OnScreen(hwnd).right, OnScreen(combo).right);
+                    desk::Click(OnScreen(hwnd).left + 5, OnScreen(hwnd).bottom - 5);
+                }
+            }
+        };
+        if (behavior == gesso::Behavior::Classic) { // whose list runs a loop of its own
+            desk::WhenIdle(choose);
+        }
+        ClickAt(combo, 8, 12); // its arrow
+        if (behavior == gesso::Behavior::Modern) {
+            choose();
+        }
+        desk::Pump();
+        EXPECT_TRUE(fOpen);
+        EXPECT_EQ(combo.GetSelected(), 2u);
+        DestroyWindow(combo);
+        desk::Pump();
+    }
+}
+
 } // namespace
