@@ -19,7 +19,15 @@ else()
 endif()
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/gesso)
-install(EXPORT gesso-targets NAMESPACE gesso:: DESTINATION ${package})
+# The library serves compilers that have its C++ interface, and the package tells others so.
+if(NOT WIN32)
+  set(GESSO_INTERFACE headless)
+elseif(MSVC OR CMAKE_CXX_SIMULATE_ID STREQUAL "MSVC")
+  set(GESSO_INTERFACE msvc)
+else()
+  set(GESSO_INTERFACE gnu)
+endif()
+install(EXPORT gesso-targets FILE gesso-targets-${GESSO_INTERFACE}.cmake NAMESPACE gesso:: DESTINATION ${package})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config.cmake.in
   ${PROJECT_BINARY_DIR}/gesso-config.cmake INSTALL_DESTINATION ${package})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/gesso-config-version.cmake COMPATIBILITY SameMinorVersion)
@@ -28,4 +36,7 @@ install(FILES ${PROJECT_BINARY_DIR}/gesso-config.cmake ${PROJECT_BINARY_DIR}/ges
 if(CMAKE_CROSSCOMPILING AND WIN32)
   # So that a host is built as the library was.
   install(FILES ${CMAKE_TOOLCHAIN_FILE} DESTINATION ${package})
+  if(GESSO_INTERFACE STREQUAL "msvc")
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/msvc DESTINATION ${package} USE_SOURCE_PERMISSIONS)
+  endif()
 endif()

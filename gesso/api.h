@@ -12,3 +12,13 @@
 #else
 #define GESSO_API
 #endif
+
+// Where an explicit instantiation says that it is exported: compilers with Microsoft's interface take that
+// from the definition, the others from the declaration.
+#if defined(_MSC_VER) && defined(GESSO_BUILDING)
+#define GESSO_API_DECLARED
+#define GESSO_API_DEFINED GESSO_API
+#else
+#define GESSO_API_DECLARED GESSO_API
+#define GESSO_API_DEFINED
+#endif

@@ -3,7 +3,8 @@
 #
 #   scripts/setup.sh [GROUP...]
 #
-# Groups: build (compilers and sources), run (Wine, its fonts and a display), test (what the checks need
+# Groups: build (compilers and sources), msvc (the same for the C++ interface of Microsoft's compiler), run (Wine,
+# its fonts and a display), test (what the checks need
 # beside those), lint. Without a group, all of them. Nothing is asked, and nothing happens where nothing is
 # missing.
 set -euo pipefail
@@ -16,6 +17,7 @@ declare -A PACKAGES=(
            xvfb xdotool libxrender1 libxcursor1 libxcomposite1 libxfixes3 libxi6 libxinerama1 libxrandr2
            libxxf86vm1"
     [test]="clang-format python3 python3-pil unicode-data"
+    [msvc]="clang-19 lld-19 llvm-19 libc++-19-dev libwine-dev mingw-w64-x86-64-dev wine64"
     [lint]="clang clang-tidy cppcheck libclang-rt-14-dev llvm python3"
 )
 

@@ -578,7 +578,7 @@ class GRibbonPage;
     USE(GRibbonPage*, GRibbonPage*)                                                                          \
     USE(OString<wchar_t>, OString<wchar_t> const&)
 
-#define GESSO_DECLARE_ARRAY(TYPE, ARG_TYPE) extern template class GESSO_API OArray<TYPE, ARG_TYPE>;
-#define GESSO_DEFINE_ARRAY(TYPE, ARG_TYPE) template class OArray<TYPE, ARG_TYPE>;
+#define GESSO_DECLARE_ARRAY(TYPE, ARG_TYPE) extern template class GESSO_API_DECLARED OArray<TYPE, ARG_TYPE>;
+#define GESSO_DEFINE_ARRAY(TYPE, ARG_TYPE) template class GESSO_API_DEFINED OArray<TYPE, ARG_TYPE>;
 
 GESSO_EXPORTED_ARRAYS(GESSO_DECLARE_ARRAY)

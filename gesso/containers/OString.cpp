@@ -578,4 +578,4 @@ template <class TYPE> bool OString<TYPE>::LoadStringW(UINT nId, HINSTANCE hInst)
     return text.data() && Adopt(Copy(text));
 }
 
-template class OString<wchar_t>;
+template class GESSO_API_DEFINED OString<wchar_t>;

@@ -228,4 +228,4 @@ template <class TYPE> bool OString<TYPE>::HasBlock() const
     return fBlock;
 }
 
-extern template class GESSO_API OString<wchar_t>;
+extern template class GESSO_API_DECLARED OString<wchar_t>;

@@ -358,4 +358,4 @@ template <class TYPE> bool OStringEx<TYPE>::LoadStringW(UINT nId, HINSTANCE hIns
     return text.data() && Assign(text);
 }
 
-template class OStringEx<wchar_t>;
+template class GESSO_API_DEFINED OStringEx<wchar_t>;

@@ -107,4 +107,4 @@ private:
     bool Enlarge(size_t nBufferLength);
 };
 
-extern template class GESSO_API OStringEx<wchar_t>;
+extern template class GESSO_API_DECLARED OStringEx<wchar_t>;

@@ -1,0 +1,15 @@
+#include_next <ctype.h>
+#ifndef GESSO_CTYPE
+#define GESSO_CTYPE
+#ifdef __cplusplus
+extern "C" {
+#endif
+int __cdecl _isxdigit_l(int, _locale_t);
+int __cdecl _isdigit_l(int, _locale_t);
+int __cdecl _isspace_l(int, _locale_t);
+int __cdecl _islower_l(int, _locale_t);
+int __cdecl _isupper_l(int, _locale_t);
+#ifdef __cplusplus
+}
+#endif
+#endif

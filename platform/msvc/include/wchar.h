@@ -1,0 +1,12 @@
+#include_next <wchar.h>
+#ifndef GESSO_WCHAR
+#define GESSO_WCHAR
+#ifdef __cplusplus
+extern "C" {
+#endif
+errno_t __cdecl wcrtomb_s(size_t*, char*, size_t, wchar_t, mbstate_t*);
+long double __cdecl wcstold(const wchar_t*, wchar_t**);
+#ifdef __cplusplus
+}
+#endif
+#endif

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Makes what the toolchain of cmake/msvc-x86_64.cmake links to, from the packages that are there:
+#
+#   make-sysroot.sh LLVM DIR
+#
+# DIR/config  how the C++ library's headers are configured for Windows
+# DIR/lib     import libraries of the system's DLLs, and what a program starts with (runtime.lib)
+set -euo pipefail
+
+LLVM=$1 DIR=$2
+HERE=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+WINE_HEADERS=/usr/include/wine/wine
+WINE_DLLS=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows
+MINGW_LIBRARIES=/usr/x86_64-w64-mingw32/lib
+
+mkdir -p "$DIR/config" "$DIR/lib" "$DIR/obj"
+
+# Debian configures the headers for Linux: threads by the platform's calls, nothing from Microsoft's runtime, and
+# no function that only the compiled library would have.
+sed -e 's|^/\* #undef _LIBCPP_HAS_THREAD_API_WIN32 \*/|#define _LIBCPP_HAS_THREAD_API_WIN32|' \
+    -e 's|^/\* #undef _LIBCPP_NO_VCRUNTIME \*/|#define _LIBCPP_NO_VCRUNTIME|' \
+    -e 's|^#endif // _LIBCPP___CONFIG_SITE|#define _LIBCPP_DISABLE_VISIBILITY_ANNOTATIONS\n#define _LIBCPP_DISABLE_EXTERN_TEMPLATE\n&|' \
+    "$LLVM/include/c++/v1/__config_site" >"$DIR/config/__config_site"
+
+# import_library NAME DLL: of the names on standard input.
+import_library() {
+    { printf 'LIBRARY %s\nEXPORTS\n' "$2"; grep -E '^[A-Za-z_0-9]+$' | sort -u; } >"$DIR/lib/$1.def"
+    "$LLVM/bin/llvm-dlltool" -m i386:x86-64 -d "$DIR/lib/$1.def" -l "$DIR/lib/$1.lib"
+}
+
+# What the platform's DLLs export stands in mingw-w64's libraries.
+for name in kernel32 user32 gdi32 uxtheme usp10 comctl32 comdlg32 imm32 shlwapi advapi32 shell32 ole32 oleaut32 dwmapi \
+    oleacc msimg32 gdiplus; do
+    { "$LLVM/bin/llvm-nm" --defined-only "$MINGW_LIBRARIES/lib$name.a" 2>/dev/null || true; } |
+        awk '$2 == "T" && !/_head_|_iname/ { print $3 }' | import_library "$name" "$name.dll"
+done
+"$LLVM/bin/llvm-readobj" --coff-exports "$WINE_DLLS/ucrtbase.dll" | awk '/Name:/ { print $2 }' |
+    import_library ucrtbase ucrtbase.dll
+
+# compile SOURCE OPTION...
+compile() {
+    local source=$1
+    shift
+    "$LLVM/bin/clang++" --target=x86_64-pc-windows-msvc -fms-compatibility-version=19.30 -fms-extensions -std=c++20 -O2 \
+        -nostdinc -isystem "$DIR/config" -isystem "$LLVM/include/c++/v1" -isystem "$LLVM/lib/clang/19/include" \
+        -isystem "$HERE/include" -isystem "$WINE_HEADERS/msvcrt" -isystem "$WINE_HEADERS/windows" \
+        -D_DLL -D_MT -DUNICODE -D_UNICODE -DWINE_UNICODE_NATIVE -D_InterlockedCompareExchange128=no_compare_exchange_128 \
+        "$@" -c "$HERE/runtime/$source" -o "$DIR/obj/${source%.*}.obj"
+}
+
+for source in "$HERE"/runtime/*.cpp; do
+    # With records of types the compiler would not lay out the table that those records have.
+    [[ ${source##*/} == typeinfo.cpp ]] && options=(-fno-rtti) || options=()
+    compile "${source##*/}" "${options[@]}"
+done
+"$LLVM/bin/clang" --target=x86_64-pc-windows-msvc -c "$HERE/runtime/chkstk.s" -o "$DIR/obj/chkstk.obj"
+rm -f "$DIR/lib/runtime.lib"
+"$LLVM/bin/llvm-lib" "/out:$DIR/lib/runtime.lib" "$DIR"/obj/*.obj
+touch "$DIR/made"

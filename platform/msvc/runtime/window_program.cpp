@@ -1,0 +1,12 @@
+// How a program with windows starts whose command line is wide.
+#include "runtime.h"
+
+#include <stdlib.h>
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int);
+
+extern "C" void wWinMainCRTStartup()
+{
+    runtime::RunInitialisers();
+    exit(wWinMain(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), SW_SHOWDEFAULT));
+}

@@ -1,0 +1,12 @@
+// How a program with windows starts whose command line is of bytes.
+#include "runtime.h"
+
+#include <stdlib.h>
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int);
+
+extern "C" void WinMainCRTStartup()
+{
+    runtime::RunInitialisers();
+    exit(WinMain(GetModuleHandleW(nullptr), nullptr, GetCommandLineA(), SW_SHOWDEFAULT));
+}
