@@ -4,6 +4,9 @@ include(CMakePackageConfigHelpers)
 install(TARGETS gesso EXPORT gesso-targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(GESSO_INTERFACE STREQUAL "msvc")
+  install(FILES $<TARGET_PDB_FILE:gesso> DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)
+endif()
 include(${CMAKE_CURRENT_LIST_DIR}/GessoPublicHeaders.cmake)
 foreach(header IN LISTS GESSO_PUBLIC_HEADERS)
   cmake_path(GET header PARENT_PATH folder)
@@ -19,14 +22,6 @@ else()
 endif()
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/gesso)
-# The library serves compilers that have its C++ interface, and the package tells others so.
-if(NOT WIN32)
-  set(GESSO_INTERFACE headless)
-elseif(MSVC OR CMAKE_CXX_SIMULATE_ID STREQUAL "MSVC")
-  set(GESSO_INTERFACE msvc)
-else()
-  set(GESSO_INTERFACE gnu)
-endif()
 install(EXPORT gesso-targets FILE gesso-targets-${GESSO_INTERFACE}.cmake NAMESPACE gesso:: DESTINATION ${package})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config.cmake.in
   ${PROJECT_BINARY_DIR}/gesso-config.cmake INSTALL_DESTINATION ${package})

@@ -9,18 +9,39 @@ file(CONFIGURE OUTPUT ${generated}/gesso/platform/platform.h
 file(CONFIGURE OUTPUT ${generated}/gesso/platform/headless/headless.h
      CONTENT "#include \"../${platform_from_forwarder}/headless/headless.h\" // IWYU pragma: export\n")
 
+# The library serves compilers that have its C++ interface, and its package tells others so.
+if(NOT WIN32)
+  set(GESSO_INTERFACE headless)
+elseif(MSVC OR CMAKE_CXX_SIMULATE_ID STREQUAL "MSVC")
+  set(GESSO_INTERFACE msvc)
+else()
+  set(GESSO_INTERFACE gnu)
+endif()
+
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${root}/gesso/*.cpp)
 list(APPEND sources ${root}/platform/MessageName.cpp)
 if(WIN32)
-  add_library(gesso SHARED ${sources} ${root}/gesso/resources/gesso.rc)
-  if(CMAKE_CXX_SIMULATE_ID STREQUAL "MSVC" OR MSVC)
+  # What the DLL says of itself: version and compiler.
+  string(REPLACE "." "," version_numbers ${PROJECT_VERSION})
+  configure_file(${root}/cmake/version.rc.in ${PROJECT_BINARY_DIR}/version.rc @ONLY)
+  add_library(gesso SHARED ${sources} ${root}/gesso/resources/gesso.rc ${PROJECT_BINARY_DIR}/version.rc)
+  if(GESSO_INTERFACE STREQUAL "msvc")
     set(import_prefix "")
+    # A host's debugger reads gesso.pdb. Told to make one, linkers keep what nobody refers to unless told again.
+    if(MSVC)
+      target_compile_options(gesso PRIVATE /Zi)
+      target_link_options(gesso PRIVATE /debug /opt:ref,icf)
+    else()
+      target_compile_options(gesso PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-g;-gcodeview>)
+      target_link_options(gesso PRIVATE "SHELL:-Xlinker /debug" "SHELL:-Xlinker /opt:ref,icf")
+    endif()
   else()
     set(import_prefix lib)
     # The compiler's runtime is linked in, so that the DLL needs system DLLs only.
     target_link_options(gesso PRIVATE -static)
   endif()
-  set_target_properties(gesso PROPERTIES PREFIX "" IMPORT_PREFIX "${import_prefix}")
+  set_target_properties(gesso PROPERTIES PREFIX "" IMPORT_PREFIX "${import_prefix}"
+                        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   # Some records of the theme service are declared by their neutral names: the wide ones are meant.
   target_compile_definitions(gesso PRIVATE UNICODE _UNICODE)
   target_link_libraries(gesso PRIVATE uxtheme usp10 comctl32 imm32 shlwapi advapi32 gdi32 user32 kernel32)

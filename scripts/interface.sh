@@ -1,22 +1,30 @@
 #!/usr/bin/env bash
-# Watches over what gesso.dll exports, as build/windows has it.
+# Watches over what gesso.dll exports, as build/windows has it, or with --msvc as build/windows-msvc has it.
 #
-#   scripts/interface.sh check     compares it with the list gesso/gesso.symbols, and sees that nothing is gone of
-#                                  gesso/hosts.symbols: what hosts can call or derive from, as of the last release
-#   scripts/interface.sh update    writes that list anew; commit it with the change that it comes from
-#   scripts/interface.sh before [COMMIT]
-#                                  builds examples/hello with the headers and the list of the commit before, or of
-#                                  another one, and runs it over the new DLL
+#   scripts/interface.sh [--msvc] check
+#                        compares it with the list gesso/gesso.symbols (gesso/gesso-msvc.symbols), sees that nothing
+#                        of a C++ library's is among it, and that nothing is gone of gesso/hosts.symbols: what hosts
+#                        can call or derive from, as of the last release
+#   scripts/interface.sh [--msvc] update
+#                        writes that list anew; commit it with the change that it comes from
+#   scripts/interface.sh [--msvc] before [COMMIT]
+#                        builds examples/hello with the headers and the list of the commit before, or of another
+#                        one, and runs it over the new DLL
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$ROOT" || exit 1
 
-LIST=gesso/gesso.symbols
-HOSTS=gesso/hosts.symbols
-DLL=$BUILD/windows/bin/gesso.dll
+PRESET=windows LIST=gesso/gesso.symbols HOSTS=gesso/hosts.symbols
+# Names of the C++ library's own in an exported name: of a class of ours alone, or in a signature.
+OF_LIBRARY='^_ZN?K?St|St[0-9]|NSt'
+if [[ ${1-} == --msvc ]]; then
+    PRESET=windows-msvc LIST=gesso/gesso-msvc.symbols HOSTS=/dev/null OF_LIBRARY='@std@@'
+    shift
+fi
+DLL=$BUILD/$PRESET/bin/gesso.dll
 
 exported() {
-    [[ -f $DLL ]] || die "interface.sh: build the windows preset first"
+    [[ -f $DLL ]] || die "interface.sh: build the $PRESET preset first"
     x86_64-w64-mingw32-objdump -p "$DLL" |
         awk '/\[Ordinal\/Name Pointer\]/ { names = 1; next } names && !NF { exit } names { print $NF }' |
         LC_ALL=C sort

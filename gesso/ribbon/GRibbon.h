@@ -54,7 +54,7 @@ public:
 private:
     static constexpr UINT_PTR OWN = 1;
     mutable UINT_PTR m_word = 0;
-    UINT_PTR m_room[2]{};
+    [[maybe_unused]] UINT_PTR m_room[2]{};
 };
 
 } // namespace gesso

@@ -1,0 +1,13 @@
+// A host that checks what crosses the DLL's border; prints `N passed, N failed`.
+#include "Checks.h"
+
+int main(int, char**)
+{
+    InitControls();
+    CheckSizes();
+    CheckContainers();
+    CheckClasses();
+    CheckExchange();
+    CheckDialogs();
+    return Conclude();
+}
