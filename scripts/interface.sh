@@ -31,7 +31,8 @@ exported() {
 }
 
 check() {
-    local gone
+    local gone foreign
+    foreign=$(exported | grep -E "$OF_LIBRARY") && say "of the C++ library, which hosts may have another of: $foreign" && return 1
     gone=$(LC_ALL=C comm -23 <(LC_ALL=C sort $HOSTS) <(exported))
     [[ -z $gone ]] || { say "hosts know these, and they are gone: ${gone//$'\n'/, }" && return 1; }
     diff -u --label "$LIST" "$LIST" --label "gesso.dll" <(exported) && return
@@ -42,16 +43,36 @@ check() {
 # What the commit before exported, as an import library for the linker.
 import_library() {
     # Tables and type descriptions are data: a host has its own of a class without a key function.
-    { echo "LIBRARY gesso.dll" && echo "EXPORTS" && sed '/^_ZT[VIS]/s/$/ DATA/' "$1/$LIST"; } >"$1/gesso.def" &&
+    { echo "LIBRARY gesso.dll" && echo "EXPORTS" && sed '/^_ZT[VIS]/s/$/ DATA/' "$1/$LIST"; } >"$1/gesso.def" || return
+    if [[ $PRESET == windows ]]; then
         x86_64-w64-mingw32-dlltool --input-def "$1/gesso.def" --output-lib "$1/libgesso.dll.a"
+    else
+        /usr/lib/llvm-19/bin/llvm-dlltool -m i386:x86-64 -d "$1/gesso.def" -l "$1/libgesso.dll.a"
+    fi
+}
+
+compile_host() {
+    if [[ $PRESET == windows ]]; then
+        x86_64-w64-mingw32-g++-posix -std=c++20 -DUNICODE -D_UNICODE -municode -static -mwindows \
+            -I"$1" -I"$BUILD/windows/include" "$1"/examples/hello/*.cpp "$1/libgesso.dll.a" -o "$1/hello.exe"
+        return
+    fi
+    cat >"$1/CMakeLists.txt" <<PROJECT
+cmake_minimum_required(VERSION 3.23)
+project(hello LANGUAGES CXX)
+file(GLOB sources examples/hello/*.cpp)
+add_executable(hello WIN32 \${sources})
+target_compile_features(hello PRIVATE cxx_std_20)
+target_include_directories(hello PRIVATE "$1" "$BUILD/$PRESET/include")
+target_link_libraries(hello PRIVATE "$1/libgesso.dll.a")
+PROJECT
+    cmake -S "$1" -B "$1" -G Ninja --toolchain "$ROOT/cmake/msvc-x86_64.cmake" && cmake --build "$1"
 }
 
 build_host_of_before() {
     local commit=$1 place=$2
     git archive "$commit" gesso platform examples/hello | tar -x -C "$place" && import_library "$place" &&
-        x86_64-w64-mingw32-g++-posix -std=c++20 -DUNICODE -D_UNICODE -municode -static -mwindows \
-            -I"$place" -I"$BUILD/windows/include" "$place"/examples/hello/*.cpp \
-            "$place/libgesso.dll.a" -o "$place/hello.exe"
+        compile_host "$place"
 }
 
 # What the host takes from the library, as its import table has it.
@@ -62,7 +83,7 @@ imported() {
 }
 
 before() {
-    local commit=${1:-HEAD~1} place=$BUILD/before gone
+    local commit=${1:-HEAD~1} place=$BUILD/before/$PRESET gone
     git rev-parse -q --verify "$commit:$LIST" >/dev/null || { say "the commit before is not here to compare with" && return; }
     rm -rf "$place" && mkdir -p "$place" && build_host_of_before "$commit" "$place" || return
     [[ -n $(imported "$place/hello.exe") ]] || die "interface.sh: the host of the commit before imports nothing"
@@ -70,7 +91,7 @@ before() {
     [[ -z $gone ]] || { say "the host of the commit before wants what is gone: ${gone//$'\n'/, }" && return 1; }
     start_display
     prepare_wine N
-    run_example "$place/hello.exe" "$BUILD/windows/bin" Hello alt+F4
+    run_example "$place/hello.exe" "$BUILD/$PRESET/bin" Hello alt+F4
 }
 
 case ${1-} in

@@ -4,8 +4,7 @@
 #   scripts/setup.sh [GROUP...]
 #
 # Groups: build (compilers and sources), msvc (the same for the C++ interface of Microsoft's compiler), run (Wine,
-# its fonts and a display), test (what the checks need
-# beside those), lint. Without a group, all of them. Nothing is asked, and nothing happens where nothing is
+# its fonts and a display), test (what the checks need beside those), lint. Without a group, all of them. Nothing is asked, and nothing happens where nothing is
 # missing.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
@@ -68,7 +67,7 @@ install() {
     die "setup.sh: apt-get failed; all that it said is in $log"
 }
 
-(($#)) || set -- build run test lint
+(($#)) || set -- build msvc run test lint
 list=$(missing_of "$@") || exit 1
 mapfile -t missing < <(printf '%s' "$list")
 ((${#missing[@]} == 0)) || install

@@ -7,12 +7,13 @@
 # simulated desktop, with sanitizers), attack (a minute of hostile operations on every class over the simulated
 # desktop, other ones each day), threads (the tests of several threads, under ThreadSanitizer), windows (the same tests
 # as a Windows program under Wine, the DLL's imports and exports, and a minute of hostile operations on it), package
-# (the installed package, used by a host outside the tree), e2e (real mouse and keyboard input into the gallery). Logs
+# (the installed package, used by hosts outside the tree), msvc (the DLL for the C++ interface of Microsoft's compiler:
+# its imports and exports, the layout of both interfaces, its package used by the same hosts), e2e (real mouse and keyboard input into the gallery). Logs
 # stay in build/logs.
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-ALL_STEPS=(style headless attack threads windows package e2e)
+ALL_STEPS=(style headless attack threads windows package msvc e2e)
 TEST_SECONDS=900 # for one test program
 LOGS=$BUILD/logs
 passed=0
@@ -138,7 +139,7 @@ step_threads() {
 
 step_windows() {
     check_build windows || return
-    check "gesso.dll needs system DLLs only" imports_of_system_only build/windows/bin/gesso.dll
+    check "gesso.dll needs system DLLs only" imports_of_system_only build/windows/bin/gesso.dll msvcrt
     with_display
     run_tests windows run_wine "$TEST_SECONDS" build/windows/bin/gesso_tests.exe
     check "no attack finds anything under Wine" attack_under_wine
@@ -150,12 +151,13 @@ attack_under_wine() {
     GESSO_WINE=$WINE python3 fuzz/attack/attack.py build/windows/bin/gesso_attack.exe 60
 }
 
+# imports_of_system_only DLL RUNTIME: the C runtime that the system has for its compiler.
 imports_of_system_only() {
     local imports
     imports=$(x86_64-w64-mingw32-objdump -p "$1" | sed -n 's/.*DLL Name: //p')
     printf 'imports:\n%s\n' "$imports"
     [[ -n $imports ]] && ! grep -viE \
-        '^(kernel32|user32|gdi32|uxtheme|usp10|comctl32|msvcrt|ole32|oleaut32|shell32|shlwapi|advapi32|imm32|msimg32|crypt32|cryptui)\.dll$' \
+        '^('"$2"'|kernel32|user32|gdi32|uxtheme|usp10|comctl32|ole32|oleaut32|shell32|shlwapi|advapi32|imm32|msimg32|crypt32|cryptui)\.dll$' \
         <<<"$imports"
 }
 
@@ -168,17 +170,51 @@ step_package() {
     check "the windows package installs" install_package windows || return
     check "its headers stand alone on Windows" scripts/check-headers.py "$place/windows/prefix" windows
     with_display
-    windows_example hello hello Hello alt+F4
-    windows_example subclass subclass "0 of 3 tasks done" alt+F4
-    windows_example dialog_template form Form Return
-    windows_example headless_test counter Counter alt+F4
+    windows_example windows hello hello Hello alt+F4
+    windows_example windows subclass subclass "0 of 3 tasks done" alt+F4
+    windows_example windows dialog_template form Form Return
+    windows_example windows headless_test counter Counter alt+F4
+    check "tests/host builds with it" build_host windows tests/host && run_host windows
 }
 
-# windows_example FOLDER PROGRAM TITLE KEY
+# windows_example PRESET FOLDER PROGRAM TITLE KEY
 windows_example() {
-    local place=$BUILD/package/windows
-    check "examples/$1 builds with it" build_example windows "$1" &&
-        check "examples/$1 runs" run_example "$place/$1/$2.exe" "$place/prefix/bin" "$3" "$4"
+    local place=$BUILD/package/$1
+    check "examples/$2 builds with the $1 package" build_example "$1" "$2" &&
+        check "examples/$2 runs with the $1 package" \
+            run_example "$place/$2/$3.exe" "$place/prefix/bin" "$4" "$5"
+}
+
+# run_host PRESET: adds the results of tests/host, which counts its checks itself.
+run_host() {
+    local place=$BUILD/package/$1 log=$LOGS/host-$1.log status good=0 bad=0
+    WINEPATH=$(windows_path "$place/prefix/bin") run_wine 120 "$place/host/gesso_host.exe" 2>&1 | tr -d '\r' | tee "$log" |
+        sed '$d; s/^/   /'
+    status=${PIPESTATUS[0]}
+    if [[ $(tail -n 1 "$log") =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
+        good=${BASH_REMATCH[1]} bad=${BASH_REMATCH[2]}
+    fi
+    ((status == 0 || bad > 0)) || bad=1
+    ((good + bad > 0)) || bad=1
+    passed=$((passed + good))
+    failed=$((failed + bad))
+    printf '   the host of the %s package (status %s): %d passed, %d failed\n' "$1" "$status" "$good" "$bad"
+}
+
+# The other C++ interface. A dialog's template is not built with it: llvm-rc knows no creation data.
+step_msvc() {
+    check "its packages are installed" scripts/setup.sh msvc || return
+    check_build windows-msvc || return
+    check "its gesso.dll needs system DLLs only" imports_of_system_only build/windows-msvc/bin/gesso.dll ucrtbase
+    check "it exports what gesso/gesso-msvc.symbols lists" scripts/interface.sh --msvc check
+    check "the tables of virtual operations are as kept" scripts/check-vtables.py
+    check "the windows-msvc package installs" install_package windows-msvc || return
+    with_display
+    check "a host of the commit before runs over it" scripts/interface.sh --msvc before
+    windows_example windows-msvc hello hello Hello alt+F4
+    windows_example windows-msvc subclass subclass "0 of 3 tasks done" alt+F4
+    windows_example windows-msvc headless_test counter Counter alt+F4
+    check "tests/host builds with it for Microsoft's interface" build_host windows-msvc tests/host && run_host windows-msvc
 }
 
 install_package() {
@@ -187,12 +223,19 @@ install_package() {
     build "$1" all -DGESSO_WERROR=ON && cmake --install "build/$1" --prefix "$place/prefix"
 }
 
-# build_example PRESET FOLDER: a project of its own, which sees nothing but the installed package.
 build_example() {
+    build_host "$1" "examples/$2"
+}
+
+# build_host PRESET FOLDER: a project of its own, which sees nothing but the installed package.
+build_host() {
     local place=$BUILD/package/$1 options=()
-    [[ $1 == windows ]] && options=(--toolchain "$place/prefix/lib/cmake/gesso/mingw-w64-x86_64.cmake")
-    cmake -S "examples/$2" -B "$place/$2" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "${options[@]}" &&
-        cmake --build "$place/$2"
+    case $1 in
+        windows) options=(--toolchain "$place/prefix/lib/cmake/gesso/mingw-w64-x86_64.cmake") ;;
+        windows-msvc) options=(--toolchain "$place/prefix/lib/cmake/gesso/msvc-x86_64.cmake") ;;
+    esac
+    cmake -S "$2" -B "$place/${2##*/}" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "${options[@]}" &&
+        cmake --build "$place/${2##*/}"
 }
 
 step_e2e() {

@@ -58,6 +58,18 @@ bool Same(LPCWSTR pszFound, LPCWSTR pszExpected, const char* pszWhat)
     return Check(wcscmp(pszFound ? pszFound : L"", pszExpected) == 0, pszWhat);
 }
 
+bool SameForBoth(size_t nFound, size_t nGnu, size_t nMicrosoft, const char* pszWhat)
+{
+#if defined(_MSC_VER)
+    const size_t nExpected = nMicrosoft;
+    static_cast<void>(nGnu);
+#else
+    const size_t nExpected = nGnu;
+    static_cast<void>(nMicrosoft);
+#endif
+    return Same(static_cast<long long>(nFound), static_cast<long long>(nExpected), pszWhat);
+}
+
 void Group(const char* pszName)
 {
     s_pszGroup = pszName;

@@ -11,6 +11,10 @@ bool Same(long long nFound, long long nExpected, const char* pszWhat);
 // Of texts; null counts as empty.
 bool Same(LPCWSTR pszFound, LPCWSTR pszExpected, const char* pszWhat);
 
+// A size or a place, which the two C++ interfaces may have different: of a class whose base ends in padding,
+// one puts the first field there, and Microsoft's does not.
+bool SameForBoth(size_t nFound, size_t nGnu, size_t nMicrosoft, const char* pszWhat);
+
 // What the checks that follow are about.
 void Group(const char* pszName);
 // Prints `N passed, N failed`; returns the program's exit status.
@@ -37,4 +41,5 @@ void CheckClasses();
 void CheckContainers();
 void CheckDialogs();
 void CheckExchange();
+void CheckPlaces();
 void CheckSizes();

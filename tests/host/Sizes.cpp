@@ -6,23 +6,11 @@
 
 namespace {
 
-#if defined(_MSC_VER)
-constexpr bool GNU = false;
-#else
-constexpr bool GNU = true;
-#endif
-
 using UintArray = OArray<UINT, UINT const&>;
-
-// What two interfaces have for a class: they differ where a field lies in the padding of the base.
-void CheckSize(size_t nFound, size_t nGnu, size_t nMicrosoft, const char* pszClass)
-{
-    Same(static_cast<long long>(nFound), static_cast<long long>(GNU ? nGnu : nMicrosoft), pszClass);
-}
 
 } // namespace
 
-#define SIZE_OF(CLASS, GNU_SIZE, MICROSOFT_SIZE) CheckSize(sizeof(CLASS), GNU_SIZE, MICROSOFT_SIZE, #CLASS)
+#define SIZE_OF(CLASS, GNU_SIZE, MICROSOFT_SIZE) SameForBoth(sizeof(CLASS), GNU_SIZE, MICROSOFT_SIZE, #CLASS)
 
 void CheckSizes()
 {

@@ -5,6 +5,7 @@ int main(int, char**)
 {
     InitControls();
     CheckSizes();
+    CheckPlaces();
     CheckContainers();
     CheckClasses();
     CheckExchange();
