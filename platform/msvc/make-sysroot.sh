@@ -49,8 +49,13 @@ compile() {
 }
 
 for source in "$HERE"/runtime/*.cpp; do
-    # With records of types the compiler would not lay out the table that those records have.
-    [[ ${source##*/} == typeinfo.cpp ]] && options=(-fno-rtti) || options=()
+    case ${source##*/} in
+        # With records of types the compiler would not lay out the table that those records have.
+        typeinfo.cpp) options=(-fno-rtti) ;;
+        # What a text that is too long throws is part of the compiled library.
+        strings.cpp) options=(-fno-exceptions) ;;
+        *) options=() ;;
+    esac
     compile "${source##*/}" "${options[@]}"
 done
 "$LLVM/bin/clang" --target=x86_64-pc-windows-msvc -c "$HERE/runtime/chkstk.s" -o "$DIR/obj/chkstk.obj"
