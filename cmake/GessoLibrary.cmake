@@ -33,7 +33,9 @@ if(WIN32)
       target_link_options(gesso PRIVATE /debug /opt:ref,icf)
     else()
       target_compile_options(gesso PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-g;-gcodeview>)
-      target_link_options(gesso PRIVATE "SHELL:-Xlinker /debug" "SHELL:-Xlinker /opt:ref,icf")
+      # By its name alone the PDB is found beside the DLL, wherever that is.
+      target_link_options(gesso PRIVATE "SHELL:-Xlinker /debug" "SHELL:-Xlinker /opt:ref,icf"
+                          "SHELL:-Xlinker /pdbaltpath:%_PDB%")
     endif()
   else()
     set(import_prefix lib)
