@@ -86,6 +86,7 @@ void MeasureProgressBars(Bench& bench);
 void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
+void MeasureDark(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);

@@ -32,6 +32,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"list.virtual", &bench::MeasureVirtualList},
     {"longlist", &bench::MeasureLongList},
     {"keys", &bench::MeasureKeys},
+    {"dark", &bench::MeasureDark},
     {"dialogs", &bench::MeasureDialogs},
     {"tree", &bench::MeasureTree},
     {"tree.folder", &bench::MeasureTreeFolder},

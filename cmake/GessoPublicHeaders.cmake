@@ -26,6 +26,7 @@ set(GESSO_PUBLIC_HEADERS
   edit/GComboBox.h
   edit/GComboBoxList.h
   edit/GEdit.h
+  framework/Appearance.h
   framework/Behavior.h
   framework/ControlText.h
   framework/CreateTag.h

@@ -13,7 +13,7 @@ constexpr int CONTENT_WIDTH = 804;
 INT_PTR CALLBACK ForwardToPage(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
-    case WM_CTLCOLORDLG: return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    case WM_CTLCOLORDLG: return reinterpret_cast<INT_PTR>(PageBrush());
     case WM_COMMAND:
     case WM_NOTIFY: SendMessageW(GetParent(hwnd), uMsg, wParam, lParam); return TRUE;
     default: return FALSE;
@@ -38,13 +38,16 @@ template <class VISIT> void ForEachChild(HWND hwndParent, const VISIT& visit)
 
 } // namespace
 
-GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, DWORD dwStyle)
+GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, Shade shade, DWORD dwStyle)
 {
     GLabel& label = Own(std::make_unique<GLabel>());
     label.Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, m_hwnd, 0, pszText, 0,
                  WS_CHILD | WS_VISIBLE | dwStyle);
     label.SetFont(hFont);
-    label.SetTextColor(cr);
+    if (shade != Shade::Text) {
+        label.SetTextColor(ColorOf(shade));
+        m_shaded.emplace_back(&label, shade);
+    }
     return label;
 }
 
@@ -53,6 +56,13 @@ void Canvas::Finish()
     ScaleChildren(m_hwnd);
     TellDots(m_hwnd);
     m_fFinished = true;
+}
+
+void Canvas::Recolor()
+{
+    for (const auto& [pLabel, shade] : m_shaded) {
+        pLabel->SetTextColor(ColorOf(shade));
+    }
 }
 
 void Canvas::Place(GWnd& control, int x, int y, int cx, int cy) const
@@ -113,13 +123,13 @@ SIZE Canvas::Extent() const
 
 void Canvas::Title(LPCWSTR pszTitle, LPCWSTR pszAbout)
 {
-    Text({MARGIN, 14, MARGIN + CONTENT_WIDTH, 46}, pszTitle, TitleFont(), RGB(0, 0, 0));
-    Text({MARGIN, 48, MARGIN + CONTENT_WIDTH, 68}, pszAbout, g_hDefaultFont, CAPTION_COLOR);
+    Text({MARGIN, 14, MARGIN + CONTENT_WIDTH, 46}, pszTitle, TitleFont(), Shade::Text);
+    Text({MARGIN, 48, MARGIN + CONTENT_WIDTH, 68}, pszAbout, g_hDefaultFont, Shade::Caption);
 }
 
 void Canvas::PaintFrames(HDC hdc) const
 {
-    const HBRUSH hbrFrame = CreateSolidBrush(FRAME_COLOR);
+    const HBRUSH hbrFrame = CreateSolidBrush(ColorOf(Shade::Frame));
     for (const RECT& rcFrame : m_frames) {
         const RECT rc = Scaled(rcFrame);
         FrameRect(hdc, &rc, hbrFrame);
@@ -132,7 +142,7 @@ Grid::Grid(Canvas& canvas, POINT ptOrigin, LPCWSTR pszHeading, int nColumns, SIZ
 {
     const LONG cx = nColumns * (cell.cx + GAP) - GAP;
     canvas.Text({ptOrigin.x, ptOrigin.y, ptOrigin.x + cx, ptOrigin.y + HEADING_HEIGHT}, pszHeading,
-                HeadingFont(), RGB(0, 0, 0));
+                HeadingFont(), Shade::Text);
 }
 
 RECT Grid::NextCell(LPCWSTR pszCaption)
@@ -147,7 +157,7 @@ RECT Grid::NextCell(LPCWSTR pszCaption)
         m_canvas.Frame({rc.left - 1, rc.top - 1, rc.right + 1, rc.bottom + 1});
     }
     m_pCaption = &m_canvas.Text({x, rc.bottom + 3, rc.right, rc.bottom + 3 + CAPTION_HEIGHT}, pszCaption,
-                                CaptionFont(), CAPTION_COLOR, GS_CENTER | GLS_NOPREFIX);
+                                CaptionFont(), Shade::Caption, GS_CENTER | GLS_NOPREFIX);
     return rc;
 }
 

@@ -4,7 +4,7 @@
 // The canvas owns every control object made through it, until the page is left.
 #pragma once
 
-#include <gesso/gesso.h>
+#include <gallery/Shades.h>
 
 #include <deque>
 #include <memory>
@@ -18,9 +18,6 @@ constexpr int LEFT_BLOCK = MARGIN;
 constexpr int RIGHT_BLOCK = MARGIN + 414; // where a page has two columns of blocks
 constexpr int BLOCK_WIDTH = 390;          // of each of the two
 constexpr int FIRST_BLOCK = 88;           // the first block's top, below the title
-constexpr COLORREF PAGE_COLOR = RGB(255, 255, 255);
-constexpr COLORREF FRAME_COLOR = RGB(214, 218, 224);
-constexpr COLORREF CAPTION_COLOR = RGB(104, 110, 120);
 
 class Canvas
 {
@@ -51,7 +48,9 @@ public:
 
     // The page's title and a sentence about it, at the top.
     void Title(LPCWSTR pszTitle, LPCWSTR pszAbout);
-    GLabel& Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, COLORREF cr, DWORD dwStyle = 0);
+    GLabel& Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, Shade shade, DWORD dwStyle = 0);
+    // After a change of the scheme: plain texts follow by themselves.
+    void Recolor();
 
     // A thin frame around a rectangle, drawn with the page's background. A page that lays itself out anew
     // moves it by the result.
@@ -69,6 +68,7 @@ private:
     int m_nNextId = 100;
     std::vector<std::unique_ptr<GWnd>> m_controls;
     std::deque<RECT> m_frames; // which stay where they are
+    std::vector<std::pair<GLabel*, Shade>> m_shaded;
 };
 
 class Grid

@@ -25,7 +25,7 @@ constexpr LPCWSTR MARKS[] = {L"unchecked", L"checked", L"mixed"};
 RECT BlockBelow(Canvas& canvas, POINT pt, LPCWSTR pszHeading)
 {
     const RECT rc{pt.x, pt.y, pt.x + BLOCK_WIDTH, pt.y + Grid::HEADING_HEIGHT};
-    canvas.Text(rc, pszHeading, HeadingFont(), RGB(0, 0, 0));
+    canvas.Text(rc, pszHeading, HeadingFont(), Shade::Text);
     return {rc.left, rc.bottom, rc.right, rc.bottom + BLOCK_HEIGHT};
 }
 
@@ -55,7 +55,7 @@ private:
 
     GLabel& MakePane(Canvas& canvas, HBITMAP hbm) const
     {
-        GLabel& pane = canvas.Text(m_rc, L"", g_hDefaultFont, 0, GS_BITMAP);
+        GLabel& pane = canvas.Text(m_rc, L"", g_hDefaultFont, Shade::Text, GS_BITMAP);
         pane.SetBitmap(hbm);
         return pane;
     }
@@ -85,7 +85,7 @@ public:
         const RECT rc = BlockBelow(canvas, pt, L"A scroll bar that moves a picture");
         const int cx = BLOCK_WIDTH - BAR_WIDTH;
         const RECT rcView{rc.left, rc.top, rc.left + cx, rc.bottom};
-        GLabel& view = canvas.Text(rcView, L"", g_hDefaultFont, 0, GLS_EMPTY | WS_CLIPCHILDREN);
+        GLabel& view = canvas.Text(rcView, L"", g_hDefaultFont, Shade::Text, GLS_EMPTY | WS_CLIPCHILDREN);
         m_pPicture = &canvas.Own(std::make_unique<GLabel>());
         m_pPicture->Create(0, 0, Scaled(cx), PICTURE_HEIGHT, view, 0, L"", 0, CHILD | GS_BITMAP);
         m_pPicture->SetBitmap(LandscapeBitmap(cx, PICTURE_HEIGHT));

@@ -1,7 +1,6 @@
 #include <gallery/CommandBar.h>
 
 namespace gallery {
-
 void CommandBar::Create(HWND hwndParent)
 {
     EditorPage& page = m_ribbon.AddEditorPage(L"Gallery");
@@ -12,6 +11,11 @@ void CommandBar::Create(HWND hwndParent)
     page.CheckBox(ID_SHOW_REPORT, true, L"What controls report");
     page.CheckBox(ID_SHOW_CUES, false, L"Keyboard cues");
     page.CheckBox(ID_CLASSIC, false, L"Page in Classic");
+    page.Group(L"Colours");
+    page.Button(ID_LIGHT, RIS_MEDIUM, IMAGE_NONE, L"Light");
+    page.Button(ID_DARK, RIS_MEDIUM, IMAGE_NONE, L"Dark");
+    page.Button(ID_CONTRAST, RIS_MEDIUM, IMAGE_NONE, L"Contrast");
+    page.Button(ID_SYSTEM, RIS_MEDIUM, IMAGE_NONE, L"As the system");
     page.Group(L"Window");
     page.Button(ID_SMALL_WINDOW, RIS_MEDIUM, IMAGE_SMALL_WINDOW, L"800 x 600");
     page.Button(ID_LARGE_WINDOW, RIS_MEDIUM, IMAGE_LARGE_WINDOW, L"As large as the screen");

@@ -12,7 +12,6 @@ constexpr int PAGE_MARGIN = 20;
 constexpr int TEXT_TOP = 58;
 constexpr int TEXT_HEIGHT = 76;
 constexpr SIZE BOX = {330, 24};
-constexpr COLORREF WARNING_COLOR = RGB(192, 32, 32);
 constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
 
 constexpr GWIZARDCONFIG CONFIG = {0, L"Set up a gallery", 0, WZB_NEXT, L"Finish"};
@@ -59,9 +58,9 @@ public:
         RECT rc{};
         GetClientRect(hwnd, &rc);
         const int xRight = Unscaled(rc.right) - PAGE_MARGIN;
-        m_canvas->Text({PAGE_MARGIN, 16, xRight, 46}, TEXTS[m_nIndex].pszTitle, TitleFont(), RGB(0, 51, 153));
+        m_canvas->Text({PAGE_MARGIN, 16, xRight, 46}, TEXTS[m_nIndex].pszTitle, TitleFont(), Shade::Title);
         m_canvas->Text({PAGE_MARGIN, TEXT_TOP, xRight, TEXT_TOP + TEXT_HEIGHT}, TEXTS[m_nIndex].pszText,
-                       g_hDefaultFont, RGB(0, 0, 0), GS_MULTILINE);
+                       g_hDefaultFont, Shade::Text, GS_MULTILINE);
         if (m_nIndex == TERMS) {
             BuildTerms(xRight);
         } else if (m_nIndex == KIND) {
@@ -102,7 +101,7 @@ private:
         m_pBox->Create(PAGE_MARGIN, TOP, BOX.cx, BOX.cy, m_canvas->Window(), m_canvas->NextId(),
                        L"I have read this, and agree", 0, CHILD | WS_TABSTOP | GS_VCENTER | GBS_AUTO);
         m_pWarning = &m_canvas->Text({PAGE_MARGIN, TOP + BOX.cy + 8, xRight, TOP + 2 * BOX.cy + 8},
-                                     L"Tick the box to go on.", g_hDefaultFont, WARNING_COLOR);
+                                     L"Tick the box to go on.", g_hDefaultFont, Shade::Warning);
         m_pWarning->SetVisible(0);
     }
 
@@ -158,7 +157,7 @@ INT_PTR CALLBACK DemoWizard::PageProc(HWND hwnd, UINT uMsg, WPARAM, LPARAM lPara
     }
     auto* pPage = reinterpret_cast<DemoPage*>(GetWindowLongPtrW(hwnd, DWLP_USER));
     switch (uMsg) {
-    case WM_CTLCOLORDLG: return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+    case WM_CTLCOLORDLG: return reinterpret_cast<INT_PTR>(PageBrush());
     case WM_COMMAND: pPage->OnCommand(reinterpret_cast<HWND>(lParam)); return TRUE;
     case WM_NOTIFY:
         // The page's own controls report too.

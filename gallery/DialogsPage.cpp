@@ -185,10 +185,10 @@ private:
     void MakeAnswer(Canvas& canvas, POINT pt)
     {
         canvas.Text({pt.x, pt.y, pt.x + BLOCK_WIDTH, pt.y + Grid::HEADING_HEIGHT}, L"The answer",
-                    HeadingFont(), 0);
+                    HeadingFont(), Shade::Text);
         const int yText = pt.y + Grid::HEADING_HEIGHT;
         m_pAnswer = &canvas.Text({pt.x, yText, pt.x + BLOCK_WIDTH, yText + 34}, L"Nothing was asked so far.",
-                                 TitleFont(), RGB(0, 92, 64));
+                                 TitleFont(), Shade::Answer);
     }
 
     int MakeTaskDialogs(Canvas& canvas, POINT pt)

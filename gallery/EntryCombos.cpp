@@ -54,7 +54,7 @@ int EntryCombos::Build(Canvas& canvas, POINT pt)
 
     const int y = grid.Bottom();
     m_pCounts = &canvas.Text({pt.x, y, pt.x + BLOCK_WIDTH, y + Grid::CAPTION_HEIGHT}, L"", g_hDefaultFont,
-                             CAPTION_COLOR);
+                             Shade::Caption);
     ShowCounts();
     return y + Grid::CAPTION_HEIGHT + MARGIN;
 }

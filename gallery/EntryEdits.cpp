@@ -47,7 +47,7 @@ void EntryEdits::Build(Canvas& canvas, POINT pt)
     m_pCanvas = &canvas;
     const int y = BuildSeveralLines({pt.x, BuildFile({pt.x, BuildSingleLines(pt)})});
     m_pCount = &canvas.Text({pt.x, y, pt.x + BLOCK_WIDTH, y + Grid::CAPTION_HEIGHT}, L"", g_hDefaultFont,
-                            CAPTION_COLOR);
+                            Shade::Caption);
     ShowCount();
 }
 

@@ -61,7 +61,7 @@ public:
         m_hwnd = canvas.Window();
         MakeHead(canvas);
         MakePanes(canvas);
-        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
+        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, Shade::Caption);
         m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
         m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, m_hwnd, 0, 0, WS_CHILD);
         const std::wstring sample = SampleFolder();

@@ -3,6 +3,7 @@
 #include <gallery/Picture.h>
 #include <gallery/Report.h>
 #include <gallery/Scale.h>
+#include <gallery/Shades.h>
 
 #include <cstdio>
 #include <cwctype>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr LPCWSTR CLASS_NAME = L"GessoGallery";
 constexpr LPCWSTR TITLE = L"Gesso gallery";
-constexpr COLORREF SIDE_COLOR = RGB(243, 245, 248);
 constexpr DWORD WINDOW_STYLE = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 
 constexpr int REPORT_HEIGHT = 88;
@@ -31,7 +31,6 @@ ATOM RegisterMainClass(WNDPROC pfnWindowProc)
     wc.lpfnWndProc = pfnWindowProc;
     wc.hInstance = GetModuleHandleW(nullptr);
     wc.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    wc.hbrBackground = CreateSolidBrush(SIDE_COLOR); // the class's from now on
     wc.lpszClassName = CLASS_NAME;
     return RegisterClassW(&wc);
 }
@@ -107,7 +106,7 @@ bool Gallery::Create()
     m_pages.Create(m_hwnd);
     m_lastLines.Create(0, 0, 10, 10, m_hwnd, 0, L"What the controls report to their parent appears here.", 0,
                        WS_CHILD | WS_VISIBLE | GS_MULTILINE | GLS_NOPREFIX);
-    m_lastLines.SetTextColor(CAPTION_COLOR);
+    m_lastLines.SetTextColor(ColorOf(Shade::Caption));
     TellDots(m_hwnd);
     s_pGallery = this;
     m_hHook = SetWindowsHookExW(WH_GETMESSAGE, &OnMessageTaken, nullptr, GetCurrentThreadId());
@@ -280,7 +279,10 @@ LRESULT Gallery::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_ACTIVATE: return OnActivate(LOWORD(wParam) != WA_INACTIVE);
     case WM_SETFOCUS: return OnSetFocus();
     case WM_SIZE: return OnSize();
+    case WM_ERASEBKGND: FillClient(m_hwnd, reinterpret_cast<HDC>(wParam), Shade::Side); return 1;
     case WM_COMMAND: return OnCommand(LOWORD(wParam), lParam);
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE: return OnSystemChange(uMsg, wParam, lParam);
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
     case WM_DESTROY: PostQuitMessage(0); return 0;
     default: return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
@@ -330,6 +332,10 @@ void Gallery::OnRibbon(UINT uId, bool fChecked)
         m_fClassic = fChecked;
         ShowPage(m_nPage);
         break;
+    case ID_LIGHT: SetScheme(gesso::ColorScheme::Light); break;
+    case ID_DARK: SetScheme(gesso::ColorScheme::Dark); break;
+    case ID_CONTRAST: SetScheme(gesso::ColorScheme::Contrast); break;
+    case ID_SYSTEM: SetScheme(gesso::ColorScheme::System); break;
     case ID_SMALL_WINDOW: SetSize(800, 600); break;
     case ID_LARGE_WINDOW: SetSize(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)); break;
     default:
@@ -337,6 +343,30 @@ void Gallery::OnRibbon(UINT uId, bool fChecked)
                                  MB_OK | MB_ICONINFORMATION);
         break;
     }
+}
+
+// The controls follow by themselves; what the gallery paints beside them is its own to change.
+void Gallery::SetScheme(gesso::ColorScheme scheme)
+{
+    gesso::SetColorScheme(scheme);
+    OnSchemeChange();
+}
+
+// The library may hear of it later; the next paint is what counts.
+LRESULT Gallery::OnSystemChange(UINT uMsg, WPARAM wParam, LPARAM lParam)
+{
+    if (m_page) {
+        gesso::SetColorScheme(gesso::GetColorScheme());
+        OnSchemeChange();
+    }
+    return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
+}
+
+void Gallery::OnSchemeChange()
+{
+    m_lastLines.SetTextColor(ColorOf(Shade::Caption));
+    m_page->Recolor();
+    RedrawWindow(m_hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void Gallery::SetSize(int cx, int cy) const

@@ -42,6 +42,9 @@ private:
     bool IsOfPagesRibbon(HWND hwnd) const;
     void ShowCues() const;
     void OnRibbon(UINT uId, bool fChecked);
+    void SetScheme(gesso::ColorScheme scheme);
+    LRESULT OnSystemChange(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void OnSchemeChange();
     void SetSize(int cx, int cy) const;
 
     void ShowPage(int nPage);

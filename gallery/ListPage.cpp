@@ -35,7 +35,7 @@ public:
         m_pList = &canvas.Own(std::make_unique<FileList>(NAME_WIDTH));
         m_pList->Create(0, 0, 10, 10, canvas.Window(), canvas.NextId(), GLS_DETAILS, 0,
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN);
-        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
+        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, Shade::Caption);
         m_pProgress = &canvas.Own(std::make_unique<GProgressBar>());
         m_pProgress->Create(0, 0, PROGRESS_WIDTH, 12, canvas.Window(), 0, 0, WS_CHILD);
         m_options[HEADER]->SetCheck(BST_CHECKED);

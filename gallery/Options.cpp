@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <iterator>
 
 namespace gallery {
 namespace {
@@ -16,6 +17,18 @@ int PageNamed(LPCWSTR pszName)
         }
     }
     return -1;
+}
+
+bool TakeScheme(Options& options, LPCWSTR pszName)
+{
+    constexpr LPCWSTR NAMES[] = {L"light", L"dark", L"contrast", L"system"};
+    for (int i = 0; i < static_cast<int>(std::size(NAMES)); i++) {
+        if (lstrcmpiW(NAMES[i], pszName) == 0) {
+            options.scheme = static_cast<gesso::ColorScheme>(i);
+            return true;
+        }
+    }
+    return false;
 }
 
 bool Take(Options& options, const std::wstring& name, LPCWSTR pszValue)
@@ -32,6 +45,9 @@ bool Take(Options& options, const std::wstring& name, LPCWSTR pszValue)
     if (name == L"--direction") {
         options.fMirrored = lstrcmpiW(pszValue, L"rtl") == 0;
         return options.fMirrored || lstrcmpiW(pszValue, L"ltr") == 0;
+    }
+    if (name == L"--scheme") {
+        return TakeScheme(options, pszValue);
     }
     std::wstring* pField = name == L"--shots"    ? &options.pictureDir
                            : name == L"--log"    ? &options.logFile
@@ -56,10 +72,10 @@ bool ReadOptions(Options& options)
     }
     LocalFree(arguments);
     if (!fUnderstood) {
-        std::fputs(
-            "usage: gallery [--page NAME] [--scale DOTS] [--direction ltr|rtl] [--shots DIR] [--log FILE] "
-            "[--layout FILE] [--stats FILE]\n",
-            stderr);
+        std::fputs("usage: gallery [--page NAME] [--scale DOTS] [--direction ltr|rtl] "
+                   "[--scheme light|dark|contrast|system]\n"
+                   "               [--shots DIR] [--log FILE] [--layout FILE] [--stats FILE]\n",
+                   stderr);
     }
     return fUnderstood;
 }

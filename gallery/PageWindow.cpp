@@ -253,6 +253,12 @@ void PageWindow::BringIntoView(HWND hwnd)
     }
 }
 
+void PageWindow::Recolor()
+{
+    m_canvas->Recolor();
+    RedrawWindow(m_hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 LRESULT PageWindow::OnTimer()
 {
     m_page->OnTimer();
@@ -261,9 +267,7 @@ LRESULT PageWindow::OnTimer()
 
 LRESULT PageWindow::OnEraseBackground(HDC hdc) const
 {
-    RECT rc{};
-    GetClientRect(m_hwnd, &rc);
-    FillRect(hdc, &rc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    FillClient(m_hwnd, hdc, Shade::Page);
     POINT ptFormer{};
     OffsetViewportOrgEx(hdc, -m_ptScrolled.x, -m_ptScrolled.y, &ptFormer);
     m_canvas->PaintFrames(hdc);

@@ -25,6 +25,8 @@ public:
     // In the parent's client area.
     void Place(const RECT& rc);
     Page& Content() const { return *m_page; }
+    // After a change of the scheme.
+    void Recolor();
 
 private:
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam);

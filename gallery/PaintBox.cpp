@@ -1,5 +1,6 @@
 #include <gallery/Fonts.h>
 #include <gallery/PaintBox.h>
+#include <gallery/Shades.h>
 
 #include <utility>
 
@@ -74,8 +75,9 @@ LRESULT PaintBox::OnPaint()
     const HGDIOBJ hFormerBitmap = SelectObject(hdc, hbm);
     SetLayout(hdc, GetLayout(hdcWindow));
     const HGDIOBJ hFormerFont = SelectObject(hdc, BodyFont());
-    FillRect(hdc, &rc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    FillRect(hdc, &rc, PageBrush());
     SetBkMode(hdc, TRANSPARENT);
+    SetTextColor(hdc, ColorOf(Shade::Text));
     Draw(hdc, rc);
     BitBlt(hdcWindow, 0, 0, size.cx, size.cy, hdc, 0, 0, SRCCOPY);
     SelectObject(hdc, hFormerFont);

@@ -1,11 +1,7 @@
 #include <gallery/PreparedText.h>
+#include <gallery/Shades.h>
 
 namespace gallery {
-namespace {
-
-constexpr COLORREF BOX_COLOR = RGB(222, 235, 250);
-
-} // namespace
 
 PreparedText PrepareText(HDC hdc, LPCWSTR pszText, RECT rc, UINT uFormat, int nLineHeight)
 {
@@ -24,7 +20,7 @@ void DrawLineByLine(HDC hdc, const RECT& rc, stcDrawTextBuffer& text)
 
 void DrawLineBoxes(HDC hdc, const RECT& rc, const stcDrawTextBuffer& text)
 {
-    const HBRUSH hbr = CreateSolidBrush(BOX_COLOR);
+    const HBRUSH hbr = CreateSolidBrush(ColorOf(Shade::Box));
     int y = rc.top;
     for (UINT n = 0; n <= text.nBreaks; n++) {
         const RECT rcLine = {rc.left, y, rc.left + static_cast<LONG>(text.pBreaks[n].nWidth),

@@ -20,7 +20,6 @@ int LineHeight()
 }
 
 constexpr LPCWSTR WORDS = L"Some words on as many lines as they need here";
-constexpr COLORREF MEASURE_COLOR = RGB(196, 64, 32);
 
 struct TextAlignment
 {
@@ -42,7 +41,7 @@ constexpr TextAlignment TEXT_ALIGNMENTS[] = {
 
 void FrameMeasure(HDC hdc, const RECT& rc)
 {
-    const HBRUSH hbr = CreateSolidBrush(MEASURE_COLOR);
+    const HBRUSH hbr = CreateSolidBrush(ColorOf(Shade::Measure));
     FrameRect(hdc, &rc, hbr);
     DeleteObject(hbr);
 }

@@ -191,7 +191,7 @@ public:
                         CHILD | WS_TABSTOP | WS_BORDER | WS_HSCROLL | WS_VSCROLL);
         m_pTree->SetImageList(SmallFileImages());
         m_pTree->SetTreeStyle(TreeStyle());
-        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, CAPTION_COLOR);
+        m_pStatus = &canvas.Text({}, L"", g_hDefaultFont, Shade::Caption);
         m_browser.Build(canvas);
         OpenDrive(DriveOf(WindowsFolder()));
         ShowStatus();

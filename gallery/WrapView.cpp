@@ -16,7 +16,6 @@ constexpr int PARAGRAPH_GAP = 8;
 constexpr int FIRST_WIDTH = 250;
 constexpr int LEAST_WIDTH = 30;
 constexpr int EDGE_REACH = 6; // how near to the edge the pointer takes hold of it
-constexpr COLORREF EDGE_COLOR = RGB(0, 92, 175);
 
 } // namespace
 
@@ -89,7 +88,7 @@ void WrapView::Draw(HDC hdc, const RECT& rc)
 int WrapView::DrawParagraph(HDC hdc, int y, Paragraph& paragraph) const
 {
     SelectObject(hdc, CaptionFont());
-    SetTextColor(hdc, CAPTION_COLOR);
+    SetTextColor(hdc, ColorOf(Shade::Caption));
     CDrawText::DrawTextW(hdc, paragraph.pszScript, -1,
                          {Scaled(PADDING), y + 3, Scaled(TEXT_LEFT), y + Scaled(LINE_HEIGHT)}, DT_SINGLELINE,
                          Scaled(LINE_HEIGHT), nullptr);
@@ -98,7 +97,7 @@ int WrapView::DrawParagraph(HDC hdc, int y, Paragraph& paragraph) const
     }
     const RECT rc = {Scaled(TEXT_LEFT), y, EdgeX(), y + Scaled(LINE_HEIGHT)};
     SelectObject(hdc, paragraph.hFont);
-    SetTextColor(hdc, RGB(0, 0, 0));
+    SetTextColor(hdc, ColorOf(Shade::Text));
     DrawLineBoxes(hdc, rc, *paragraph.text);
     DrawLineByLine(hdc, rc, *paragraph.text);
     return std::max(static_cast<int>(paragraph.text->nBreaks + 1) * Scaled(LINE_HEIGHT),
@@ -107,7 +106,7 @@ int WrapView::DrawParagraph(HDC hdc, int y, Paragraph& paragraph) const
 
 void WrapView::DrawEdge(HDC hdc, int cy) const
 {
-    const HBRUSH hbr = CreateSolidBrush(EDGE_COLOR);
+    const HBRUSH hbr = CreateSolidBrush(ColorOf(Shade::Edge));
     const RECT rcLine = {EdgeX(), 0, EdgeX() + 1, cy};
     const RECT rcGrip = {EdgeX() - 2, cy / 2 - 14, EdgeX() + 3, cy / 2 + 14};
     FillRect(hdc, &rcLine, hbr);

@@ -15,6 +15,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
         gesso::SetScaling(gesso::Scaling::PerMonitor);
         gallery::SetDots(options.nDots);
     }
+    gesso::SetColorScheme(options.scheme);
     const gallery::PictureSession pictures;
     gallery::Gallery gallery(options);
     gallery::Stats stats;

@@ -18,6 +18,7 @@
 #include <gesso/dialogs/GWndCertFailure.h>
 #include <gesso/edit/GComboBox.h>
 #include <gesso/edit/GEdit.h>
+#include <gesso/framework/Appearance.h>
 #include <gesso/framework/Behavior.h>
 #include <gesso/framework/CreateTag.h>
 #include <gesso/framework/DebugAids.h>

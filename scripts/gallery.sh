@@ -5,6 +5,7 @@
 #   scripts/gallery.sh --shots DIR [--scale DOTS]
 #                                      saves a picture of every page, drawn for so many dots an inch, and prints
 #                                      the paths; the way taken without a display, too, into build/shots
+#                                      --scheme light, dark, contrast or system is how it looks, in both
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -19,7 +20,7 @@ show_window() {
 save_pictures() {
     local dir=$1 size=1280x1024
     shift
-    [[ -z ${1:-} ]] || size=3200x2600 # the window grows with the dots
+    [[ " $* " != *" --scale "* ]] || size=3200x2600 # the window grows with the dots
     mkdir -p "$dir"
     start_display $size
     prepare_wine N
@@ -35,7 +36,7 @@ save_pictures() {
 say "building"
 build windows gallery
 if [[ ${1:-} == --shots ]]; then
-    [[ -n ${2:-} ]] || die "usage: scripts/gallery.sh [--page NAME | --shots DIR [--scale DOTS]]"
+    [[ -n ${2:-} ]] || die "usage: scripts/gallery.sh [--page NAME | --shots DIR [--scale DOTS] [--scheme SCHEME]]"
     save_pictures "$(realpath -m "$2")" "${@:3}"
 elif [[ -n ${DISPLAY:-} ]] && xdotool getdisplaygeometry >/dev/null 2>&1; then
     show_window "$@"

@@ -2,6 +2,7 @@
 
 #include "Call.h"
 
+#include <gesso/framework/Appearance.h>
 #include <gesso/framework/Behavior.h>
 #include <gesso/framework/Scaling.h>
 
@@ -87,6 +88,27 @@ void ChangeDots(World& world, Source& source)
     SendMessageW(world.Window(), uMsg, MAKEWPARAM(wDots, wDots), reinterpret_cast<LPARAM>(&rc));
 }
 
+void ChangeScheme(World&, Source& source)
+{
+    gesso::SetColorScheme(static_cast<gesso::ColorScheme>(
+        source.Chance(8) ? source.Integer() : static_cast<int>(source.Below(4))));
+}
+
+void ChangeColor(World&, Source& source)
+{
+    const auto role = static_cast<gesso::ColorRole>(source.Chance(8) ? source.Integer()
+                                                                     : static_cast<int>(source.Below(18)));
+    gesso::SetColor(role, source.Flag()      ? CLR_DEFAULT
+                          : source.Chance(4) ? source.Bits()
+                                             : source.Below(0x1000000));
+    gesso::ColorOf(role);
+}
+
+void ChangeSystemColors(World& world, Source& source)
+{
+    SendMessageW(world.Window(), source.Flag() ? WM_SYSCOLORCHANGE : WM_SETTINGCHANGE, 0, 0);
+}
+
 } // namespace
 
 void AddSurroundings(Table& table)
@@ -103,6 +125,9 @@ void AddSurroundings(Table& table)
                    {"ChangeTheme", ChangeTheme},
                    {"ChangeScale", ChangeScale},
                    {"ChangeDots", ChangeDots, 2},
+                   {"ChangeScheme", ChangeScheme},
+                   {"ChangeColor", ChangeColor},
+                   {"ChangeSystemColors", ChangeSystemColors},
                    {"ShowCues", [](World& world, Source&) { gesso::ShowKeyboardCues(world.Host()); }},
                    {"Arm", [](World& world, Source& source) { world.Arm(source); }, 12},
                });

@@ -105,7 +105,7 @@ void DrawCheck(HDC hdc, RECT rc, const CheckContent& content, int nPart, PlainPa
     part.DrawBackground(CutBox(&rc, part.Size(content.hwnd, &rc), nGap, content.dwStyle));
     const RECT rcFocus = DrawContent(hdc, content, part, rc);
     if (ShowsFocus(content.hwnd, content.dwState)) {
-        DrawFocusRect(hdc, &rcFocus);
+        part.DrawFocus(rcFocus);
     }
 }
 

@@ -145,7 +145,7 @@ void GButton::Draw(HDC hdc)
     }
     part.DrawString(pszText, uFormat | gesso::PrefixFormat(m_dwState), rcText);
     if (gesso::ShowsFocus(m_hWnd, m_dwState)) {
-        DrawFocusRect(hdc, &rcContent);
+        part.DrawFocus(rcContent);
     }
 }
 

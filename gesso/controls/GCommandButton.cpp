@@ -177,7 +177,7 @@ void GCommandButton::Draw(HDC hdc)
     rcText.left += cxGlyph + gesso::Pixels(m_hWnd, gesso::Metrics::COMMAND_GLYPH_GAP);
     DrawTexts(hdc, part, rcText, dwStyle);
     if (gesso::ShowsFocus(m_hWnd, m_dwState)) {
-        DrawFocusRect(hdc, &rcContent);
+        part.DrawFocus(rcContent);
     }
 }
 

@@ -1,9 +1,11 @@
 #include <gesso/controls/GLabel.h>
 #include <gesso/controls/Image.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/FirstFont.h>
+#include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Metrics.h>
@@ -141,6 +143,7 @@ COLORREF GLabel::SetTextColor(COLORREF cr)
 {
     const COLORREF crFormer = m_crText;
     m_crText = cr;
+    m_fColorSet = true;
     return crFormer;
 }
 
@@ -159,12 +162,30 @@ void GLabel::Draw(HDC hdc)
         return;
     }
     if (dwStyle & (GLS_ETCHEDVERT | GLS_ETCHEDHORZ)) {
-        DrawEdge(hdc, &rc, EDGE_ETCHED, dwStyle & GLS_ETCHEDVERT ? BF_LEFT : BF_TOP);
+        DrawEtchedLine(hdc, rc, dwStyle & GLS_ETCHEDVERT);
     } else if (dwStyle & (GS_ICON | GS_BITMAP)) {
         DrawContentImage(hdc, rc, dwStyle);
     } else {
         DrawContentText(hdc, rc, dwStyle);
     }
+}
+
+void GLabel::DrawEtchedLine(HDC hdc, RECT rc, bool fDown)
+{
+    if (!gesso::IsDrawnFlat()) {
+        DrawEdge(hdc, &rc, EDGE_ETCHED, fDown ? BF_LEFT : BF_TOP);
+        return;
+    }
+    (fDown ? rc.right : rc.bottom) = (fDown ? rc.left : rc.top) + 1;
+    gesso::FillColor(hdc, rc, ColorOf(gesso::ColorRole::Line));
+}
+
+// In Light a disabled label looks like any other.
+COLORREF GLabel::ColorOfText(DWORD dwStyle) const
+{
+    const bool fDisabled = dwStyle & WS_DISABLED;
+    return gesso::HostColor(m_crText, m_fColorSet,
+                            fDisabled ? gesso::ColorRole::DisabledText : gesso::ColorRole::PanelText);
 }
 
 void GLabel::DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const
@@ -196,7 +217,7 @@ void GLabel::DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const
                          (dwStyle & GLS_NOPREFIX ? DT_NOPREFIX : 0) | gesso::PrefixFormat(m_dwState);
     const gesso::TransparentScope mode(hdc);
     const gesso::SelectScope font(hdc, m_hFont);
-    const gesso::TextColorScope color(hdc, m_crText);
+    const gesso::TextColorScope color(hdc, ColorOfText(dwStyle));
     gesso::LayoutOverlay::Add(hdc, rc);
     DrawTextW(hdc, gesso::TextOrEmpty(m_pszText), -1, &rc, uFormat);
 }

@@ -59,7 +59,8 @@ public:
     virtual HICON GetIcon() const;
     virtual HBITMAP SetBitmap(HBITMAP hBitmap);
     virtual HBITMAP GetBitmap() const;
-    // The text's colour, black at first. No repaint. Returns the former colour.
+    // The text's colour, black at first. No repaint. Returns the former colour. In Dark a label without a
+    // colour of its own is drawn in that of the scheme, in Contrast every label.
     virtual COLORREF SetTextColor(COLORREF cr);
     virtual COLORREF GetTextColor() const;
 
@@ -96,6 +97,7 @@ protected:
 
     HFONT m_hFont = nullptr;
     COLORREF m_crText = 0;
+    bool m_fColorSet = false; // by SetTextColor
     gesso::ControlText m_pszText;
     HANDLE m_hImage = nullptr;
     int m_cxImage = 0;
@@ -104,6 +106,8 @@ protected:
 private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    static void DrawEtchedLine(HDC hdc, RECT rc, bool fDown);
+    COLORREF ColorOfText(DWORD dwStyle) const;
     void DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const;
     void DrawContentText(HDC hdc, RECT rc, DWORD dwStyle) const;
 };

@@ -1,6 +1,8 @@
 #include <gesso/controls/Image.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/OffscreenSurface.h>
 #include <gesso/framework/Saturate.h>
 
 namespace gesso {
@@ -28,6 +30,35 @@ HANDLE Replace(GWnd& wnd, ImageKind kind, HANDLE hNew, const ImageFields& fields
     ForgetImageDpi(Frame::Handle(wnd));
     wnd.Invalidate(0);
     return hFormer;
+}
+
+struct ImagePlace
+{
+    int x, y, cx, cy;
+};
+
+// Never mirrored.
+void DrawImageState(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uFlags)
+{
+    const UprightScope upright(hdc, place.x, place.cx);
+    DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, upright.Left(), place.y, place.cx,
+               place.cy, uFlags);
+}
+
+// The image with what lies below it showing through: the platform's own grey is made of the system's colours,
+// and loses what is as light or as dark as they are.
+void DrawFaint(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uKind)
+{
+    constexpr BYTE FAINT = 110; // of 255
+    constexpr int MOST_SIDE = 4096;
+    if (place.cx <= 0 || place.cy <= 0 || place.cx > MOST_SIDE || place.cy > MOST_SIDE) {
+        return;
+    }
+    const OffscreenSurface whole(hdc, {place.cx, place.cy});
+    BitBlt(whole.Context(), 0, 0, place.cx, place.cy, hdc, place.x, place.y, SRCCOPY);
+    DrawImageState(whole.Context(), {0, 0, place.cx, place.cy}, hImage, uKind | DSS_NORMAL);
+    GdiAlphaBlend(hdc, place.x, place.y, place.cx, place.cy, whole.Context(), 0, 0, place.cx, place.cy,
+                  {AC_SRC_OVER, 0, FAINT, 0});
 }
 
 } // namespace
@@ -71,11 +102,13 @@ bool MeasureImage(ImageKind kind, HANDLE hImage, SIZE* pSize)
 
 void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int cy, DWORD dwStyle)
 {
+    const bool fDisabled = dwStyle & WS_DISABLED;
     const UINT uKind = kind == ImageKind::Icon ? DST_ICON : DST_BITMAP;
-    const UINT uState = dwStyle & WS_DISABLED ? DSS_DISABLED : DSS_NORMAL;
-    const UprightScope upright(hdc, x, cx);
-    DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, upright.Left(), y, cx, cy,
-               uKind | uState);
+    if (fDisabled && IsDrawnFlat()) {
+        DrawFaint(hdc, {x, y, cx, cy}, hImage, uKind);
+        return;
+    }
+    DrawImageState(hdc, {x, y, cx, cy}, hImage, uKind | (fDisabled ? DSS_DISABLED : DSS_NORMAL));
 }
 
 void DrawImageIn(HWND hwnd, HDC hdc, ImageKind kind, HANDLE hImage, POINT pt, SIZE size, DWORD dwStyle)

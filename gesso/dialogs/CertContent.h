@@ -5,10 +5,13 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/language/Language.h>
 
+#include <algorithm>
+#include <iterator>
+
 struct CertText
 {
     HFONT hFont;
-    COLORREF cr;
+    gesso::Color color;
     LPCWSTR psz; // not copied
     RECT rc;
 };
@@ -62,6 +65,12 @@ inline constexpr CertSeverity SEVERITIES[] = {
     {TextId::InvalidHeader, Color::CertInvalidText, Color::CertInvalidLeft, Color::CertInvalidRight, 137, 134,
      TextId::InvalidStatus},
 };
+
+// The last for a type that is none.
+inline const CertSeverity& SeverityOf(DWORD dwType)
+{
+    return SEVERITIES[std::min<size_t>(dwType, std::size(SEVERITIES) - 1)];
+}
 
 // By bit of the failures.
 inline constexpr TextId FAILURE_TEXTS[] = {

@@ -160,6 +160,19 @@ RECT GrowWindow(HWND hwnd, int cx, int cy)
     return rc;
 }
 
+namespace {
+
+// What the platform's own controls on a dialog draw their texts in.
+void ColorPlatformControl(HDC hdc)
+{
+    if (IsDrawnFlat()) {
+        SetTextColor(hdc, ColorOf(ColorRole::PanelText));
+        SetBkMode(hdc, TRANSPARENT);
+    }
+}
+
+} // namespace
+
 INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
@@ -175,7 +188,9 @@ INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORLISTBOX:
     case WM_CTLCOLORDLG:
     case WM_CTLCOLORSCROLLBAR:
-    case WM_CTLCOLORSTATIC: return reinterpret_cast<INT_PTR>(DialogBrush());
+    case WM_CTLCOLORSTATIC:
+        ColorPlatformControl(reinterpret_cast<HDC>(wParam));
+        return reinterpret_cast<INT_PTR>(DialogBrush());
     default: return Frame::DialogDefault(hDlg, uMsg, wParam, lParam);
     }
 }

@@ -6,6 +6,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/DpiApi.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
@@ -198,8 +199,13 @@ void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
     hTheme.Open(m_hWnd, L"CompositedWindow::Window");
     DTTOPTS options{};
     options.dwSize = sizeof(options);
-    options.dwFlags = DTT_COMPOSITED | DTT_GLOWSIZE;
-    options.iGlowSize = Pixels(m_hWnd, Metrics::WIZARD_TITLE_GLOW);
+    if (gesso::IsDrawnFlat()) {
+        options.dwFlags = DTT_TEXTCOLOR;
+        options.crText = ColorOf(gesso::ColorRole::PanelText);
+    } else {
+        options.dwFlags = DTT_COMPOSITED | DTT_GLOWSIZE;
+        options.iGlowSize = Pixels(m_hWnd, Metrics::WIZARD_TITLE_GLOW);
+    }
     LOGFONTW font{};
     gesso::FontHandle hFont;
     const bool fScaled = gesso::GetScaling() != gesso::Scaling::None &&
@@ -214,6 +220,7 @@ void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
             Pixels(m_hWnd, Metrics::WIZARD_TITLE_BOTTOM)};
     if (FAILED(DrawThemeTextEx(hTheme, hdc, 0, 0, Title(), -1, DT_WORD_ELLIPSIS, &rc, &options))) {
         const gesso::TransparentScope mode(hdc);
+        const gesso::FlatTextScope color(hdc, options.crText);
         DrawTextW(hdc, Title(), -1, &rc, DT_WORD_ELLIPSIS);
     }
 }

@@ -8,6 +8,7 @@
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Module.h>
 #include <gesso/framework/ThemePart.h>
@@ -76,18 +77,30 @@ void GWndCertFailure::Draw(HDC hdc)
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
     FillRect(hdc, &rcClient, gesso::DialogBrush());
-    {
-        const gesso::MemoryContext gradient;
-        const gesso::SelectScope bitmap(gradient, m_hGradient);
-        for (int y = 0; y < m_rcHeader.bottom; ++y) {
-            BitBlt(hdc, 0, y, m_rcHeader.right, 1, gradient, 0, 0, SRCCOPY);
-        }
-    }
+    DrawBand(hdc);
     gesso::ThemePart(m_hTheme, hdc, TDLG_SECONDARYPANEL, 0, gesso::PlainPart::DialogFooter)
         .DrawBackground(m_rcFooter);
     const gesso::StateScope state(hdc);
     SetBkMode(hdc, TRANSPARENT);
+    if (gesso::IsDrawnFlat()) {
+        SetTextColor(hdc, ColorOf(gesso::Color::CertText));
+    }
     DrawElements(hdc);
+}
+
+// In one shade where the library draws by itself.
+void GWndCertFailure::DrawBand(HDC hdc) const
+{
+    if (gesso::IsDrawnFlat()) {
+        const RECT rcBand{0, 0, m_rcHeader.right, m_rcHeader.bottom};
+        gesso::FillColor(hdc, rcBand, ColorOf(gesso::SeverityOf(m_pConfig->dwType).left));
+        return;
+    }
+    const gesso::MemoryContext gradient;
+    const gesso::SelectScope bitmap(gradient, m_hGradient);
+    for (int y = 0; y < m_rcHeader.bottom; ++y) {
+        BitBlt(hdc, 0, y, m_rcHeader.right, 1, gradient, 0, 0, SRCCOPY);
+    }
 }
 
 // Font and colour change only where an element's differ from the last.
@@ -112,8 +125,8 @@ void GWndCertFailure::DrawElements(HDC hdc) const
             hFont = text.hFont;
             SelectObject(hdc, hFont);
         }
-        if (text.cr != cr) {
-            cr = text.cr;
+        if (const COLORREF crText = ColorOf(text.color); crText != cr) {
+            cr = crText;
             SetTextColor(hdc, cr);
         }
         RECT rc = text.rc;

@@ -8,6 +8,10 @@
 #include <gesso/dialogs/GDialog.h>
 #include <gesso/framework/ThemeHandle.h>
 
+namespace gesso {
+enum class Color;
+} // namespace gesso
+
 class GButton;
 class GCheckBox;
 struct CertElement; // CertContent.h
@@ -80,7 +84,7 @@ private:
     void PlaceElements();
     void ReleaseElements();
     void OnScaling(const RECT* prcWanted);
-    void AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc);
+    void AddText(HFONT hFont, gesso::Color color, LPCWSTR psz, const RECT& rc);
     HICON LoadKeptIcon(WORD wId, int cx, int cy);
     void AddIcon(HICON hIcon, int x, int y);
     void PlaceHeader(Layout& layout);
@@ -91,5 +95,6 @@ private:
     SIZE WindowSizeFor(SIZE client) const;
     void MakeGradient();
     void OnToggle(HWND hwndCheckBox);
+    void DrawBand(HDC hdc) const;
     void DrawElements(HDC hdc) const;
 };

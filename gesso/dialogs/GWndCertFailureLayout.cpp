@@ -21,7 +21,6 @@ using gesso::CHECKBOX_ID;
 using gesso::KIND_ICON;
 using gesso::KIND_TEXT;
 using gesso::MapUnits;
-using gesso::SEVERITIES;
 using gesso::SHOW_ID;
 using gesso::TextId;
 using gesso::TextOf;
@@ -63,11 +62,6 @@ void Keep(OArray<void*, void* const&>& aKept, void* p)
     aKept.GetAtGrow(aKept.GetLength()) = p;
 }
 
-const gesso::CertSeverity& SeverityOf(const GWNDCERTFAILURECONFIG& config)
-{
-    return SEVERITIES[std::min<size_t>(config.dwType, std::size(SEVERITIES) - 1)];
-}
-
 HFONT MakeHeaderFont(HWND hwnd)
 {
     return CreateFontW(-Pixels(hwnd, Metrics::CERT_HEADER_FONT), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET,
@@ -99,9 +93,9 @@ DWORD Blend(DWORD crLeft, DWORD crRight, int nShift, int x, int nSteps)
 
 } // namespace
 
-void GWndCertFailure::AddText(HFONT hFont, COLORREF cr, LPCWSTR psz, const RECT& rc)
+void GWndCertFailure::AddText(HFONT hFont, Color color, LPCWSTR psz, const RECT& rc)
 {
-    Keep(m_aElements, new CertElement{KIND_TEXT, {.text = {hFont, cr, psz, rc}}});
+    Keep(m_aElements, new CertElement{KIND_TEXT, {.text = {hFont, color, psz, rc}}});
 }
 
 HICON GWndCertFailure::LoadKeptIcon(WORD wId, int cx, int cy)
@@ -157,7 +151,7 @@ void GWndCertFailure::PlaceElements()
     Layout layout{.hdc = context,
                   .hFontHeader = hFontHeader,
                   .hFontDialog = gesso::FontOf(m_hWnd),
-                  .severity = SeverityOf(*m_pConfig),
+                  .severity = gesso::SeverityOf(m_pConfig->dwType),
                   .cxMargin = rcUnits.left,
                   .cxGap = rcUnits.right,
                   .cyGap = rcUnits.bottom,
@@ -194,7 +188,7 @@ void GWndCertFailure::PlaceHeader(Layout& layout)
         OffsetRect(&rc, 0, cyMargin);
         m_rcHeader.bottom = rc.bottom + cyMargin;
     }
-    AddText(layout.hFontHeader, ColorOf(layout.severity.text), pszHeader, rc);
+    AddText(layout.hFontHeader, layout.severity.text, pszHeader, rc);
     AddIcon(LoadKeptIcon(layout.severity.wHeaderIcon, layout.icon.cx, layout.icon.cy), layout.cxGap,
             (m_rcHeader.bottom - layout.icon.cy) / 2);
     layout.y = m_rcHeader.bottom + layout.cyGap;
@@ -208,10 +202,10 @@ void GWndCertFailure::PlaceSubject(Layout& layout)
     const LPCWSTR pszSubject = gesso::TextOrEmpty(m_pConfig->pszSubject);
     RECT rc =
         layout.Measure(layout.hFontDialog, pszSubject, layout.smallIcon.cx + 4 * layout.cxGap, layout.y);
-    AddText(layout.hFontDialog, ColorOf(Color::CertText), pszSubject, rc);
+    AddText(layout.hFontDialog, Color::CertText, pszSubject, rc);
     const LPCWSTR pszStatus = TextOf(layout.severity.status);
     rc = layout.Measure(layout.hFontDialog, pszStatus, layout.cxMargin, rc.bottom + layout.cyGap);
-    AddText(layout.hFontDialog, ColorOf(Color::CertText), pszStatus, rc);
+    AddText(layout.hFontDialog, Color::CertText, pszStatus, rc);
     layout.y = rc.bottom + layout.cyGap;
 }
 
@@ -227,7 +221,7 @@ void GWndCertFailure::PlaceFailures(Layout& layout)
         const LPCWSTR pszLine = TextOf(gesso::FAILURE_TEXTS[i]);
         const RECT rc =
             layout.Measure(layout.hFontDialog, pszLine, layout.smallIcon.cx + 5 * layout.cxGap, layout.y);
-        AddText(layout.hFontDialog, ColorOf(Color::CertText), pszLine, rc);
+        AddText(layout.hFontDialog, Color::CertText, pszLine, rc);
         layout.y = rc.bottom + layout.cyGap / 2;
         yEnd = rc.bottom + layout.cyGap;
     }
@@ -238,7 +232,7 @@ void GWndCertFailure::PlaceQuestion(Layout& layout)
 {
     const LPCWSTR pszQuestion = TextOf(TextId::CertificateQuestion);
     RECT rc = layout.Measure(layout.hFontDialog, pszQuestion, layout.cxMargin, layout.y + layout.cyGap);
-    AddText(layout.hFontDialog, ColorOf(Color::CertText), pszQuestion, rc);
+    AddText(layout.hFontDialog, Color::CertText, pszQuestion, rc);
     layout.y = rc.bottom + layout.cyGap;
     const LPCWSTR pszDontAsk = TextOf(TextId::CertificateDontAsk);
     rc = layout.Measure(layout.hFontDialog, pszDontAsk, layout.cxMargin, layout.y + layout.cyGap);
@@ -301,7 +295,7 @@ SIZE GWndCertFailure::WindowSizeFor(SIZE client) const
 // One row, which painting repeats.
 void GWndCertFailure::MakeGradient()
 {
-    const gesso::CertSeverity& severity = SeverityOf(*m_pConfig);
+    const gesso::CertSeverity& severity = gesso::SeverityOf(m_pConfig->dwType);
     const int cx = m_rcHeader.right;
     BITMAPINFO info{};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), cx, 1, 1, 32, BI_RGB, 0, 0, 0, 0, 0};

@@ -1,6 +1,7 @@
 #include <gesso/edit/FieldText.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/Direction.h>
+#include <gesso/framework/DrawScope.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/Wrapped.h>
 
@@ -37,6 +38,12 @@ void FillSelection(HDC hdc, const RECT& rc)
     FillRect(hdc, &rc, brush);
 }
 
+// In Light selected text keeps its colour.
+COLORREF SelectedTextColor(HDC hdc)
+{
+    return IsDrawnFlat() ? ColorOf(Color::FieldSelectedText) : GetTextColor(hdc);
+}
+
 void DrawFromLeft(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo)
 {
     if (nFrom == nTo) {
@@ -49,7 +56,10 @@ void DrawFromLeft(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom
     const int nBottom = rc.top + MeasureField(hdc, psz, nLength).cy;
     FillSelection(hdc, {nLeft, rc.top, std::min<int>(nRight, rc.right), nBottom});
     DrawRun(hdc, rc, rc.left, psz, nFrom);
-    DrawRun(hdc, rc, nLeft, psz + nFrom, nTo - nFrom);
+    {
+        const TextColorScope color(hdc, SelectedTextColor(hdc));
+        DrawRun(hdc, rc, nLeft, psz + nFrom, nTo - nFrom);
+    }
     const int nRest = nTo < nLength ? nRight + Overhang(hdc, psz, nTo) : nRight;
     DrawRun(hdc, rc, nRest, psz + nTo, nLength - nTo);
 }

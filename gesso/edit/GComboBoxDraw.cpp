@@ -5,6 +5,7 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatPart.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
@@ -77,6 +78,16 @@ bool GComboBox::IsButtonLeft() const
     return GetWindowLongW(m_hWnd, GWL_EXSTYLE) & WS_EX_LEFTSCROLLBAR;
 }
 
+namespace {
+
+// Of a face that is pressed as a whole. In the style it looks the same in every state.
+int GlyphOfFace(int nState)
+{
+    return gesso::IsDrawnFlat() && nState == CBXS_DISABLED ? CBXS_DISABLED : CBXS_NORMAL;
+}
+
+} // namespace
+
 void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
 {
     const DWORD dwKind = Kind();
@@ -91,7 +102,7 @@ void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
         return;
     }
     ThemePart(m_hTheme, hdc, IsButtonLeft() ? CP_DROPDOWNBUTTONLEFT : CP_DROPDOWNBUTTONRIGHT,
-              fReadOnly ? CBXS_NORMAL : look.nButton, PlainPart::DropDownButton)
+              fReadOnly ? GlyphOfFace(look.nBorder) : look.nButton, PlainPart::DropDownButton)
         .DrawBackground(ButtonRect(rcClient));
 }
 
@@ -130,7 +141,7 @@ void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
         pModern->DrawCue(hdc, rcText);
     }
     if (GetFocus() == m_hWnd && !(m_dwState & GWS_HIDEFOCUS)) {
-        DrawFocusRect(hdc, &rcText);
+        gesso::DrawFocusFrame(hdc, rcText);
     }
 }
 

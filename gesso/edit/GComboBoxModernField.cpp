@@ -264,7 +264,9 @@ void GComboBox::Modern::DrawField(HDC hdc)
 void GComboBox::Modern::DrawCue(HDC hdc, const RECT& rcText)
 {
     if (m_cue) {
-        m_texts.Draw(hdc, m_cue, rcText, gesso::SystemColor(COLOR_GRAYTEXT));
+        m_texts.Draw(hdc, m_cue, rcText,
+                     gesso::IsDrawnFlat() ? gesso::ColorOf(gesso::Color::FieldCue)
+                                          : gesso::SystemColor(COLOR_GRAYTEXT));
     }
 }
 

@@ -7,8 +7,27 @@
 #include <gesso/framework/Saturate.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace gesso {
+
+namespace {
+
+// In Light selected text keeps its colour.
+bool SelectedTextDiffers()
+{
+    return IsDrawnFlat() && ColorOf(Color::FieldSelectedText) != ColorOf(Color::FieldText);
+}
+
+template <class DRAW> void DrawSelectedText(HDC hdc, const RECT& rc, const DRAW& draw)
+{
+    const StateScope state(hdc);
+    IntersectClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
+    SetTextColor(hdc, ColorOf(Color::FieldSelectedText));
+    draw();
+}
+
+} // namespace
 
 void TextEditor::Inside::Fill(HDC hdc, const RECT& rc, COLORREF cr)
 {
@@ -64,14 +83,26 @@ void TextEditor::Inside::DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea)
     const UINT nStart = source.nStart;
     const TextRange selected = model.Selection();
     const UINT nEnd = nStart + line.Length();
+    std::vector<PreparedLine::Stretch> stretches;
     if (selected.nFrom < nEnd && selected.nTo > nStart && ShowsSelection()) {
         const TextRange part{std::max(selected.nFrom, nStart) - nStart,
                              std::min(selected.nTo, nEnd) - nStart};
-        for (const PreparedLine::Stretch& stretch : line.Stretches(source, part, nFrom, nTo)) {
-            Fill(hdc,
-                 {nLeft + std::max(stretch.nLeft, nFrom), y, nLeft + std::min(stretch.nRight, nTo),
-                  y + nRowHeight},
-                 ColorOf(Color::FieldSelection));
+        stretches = line.Stretches(source, part, nFrom, nTo);
+    }
+    const auto placeOf = [&](const PreparedLine::Stretch& stretch) {
+        return RECT{nLeft + std::max(stretch.nLeft, nFrom), y, nLeft + std::min(stretch.nRight, nTo),
+                    y + nRowHeight};
+    };
+    for (const PreparedLine::Stretch& stretch : stretches) {
+        Fill(hdc, placeOf(stretch), ColorOf(Color::FieldSelection));
+    }
+    std::optional<StateScope> state;
+    if (!stretches.empty() && SelectedTextDiffers()) {
+        state.emplace(hdc);
+        for (const PreparedLine::Stretch& stretch : stretches) {
+            const RECT rc = placeOf(stretch);
+            DrawSelectedText(hdc, rc, [&] { line.Draw(source, {nLeft, y}, nFrom, nTo); });
+            ExcludeClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
         }
     }
     line.Draw(source, {nLeft, y}, nFrom, nTo);
@@ -92,7 +123,7 @@ void TextEditor::Inside::DrawCue(HDC hdc)
     if (!ShowsCue()) {
         return;
     }
-    const TextColorScope color(hdc, ColorOf(Color::FieldDisabledText));
+    const TextColorScope color(hdc, ColorOf(Color::FieldCue));
     const RECT rc = Area();
     UINT uFormat = Style() & ES_CENTER ? DT_CENTER : Style() & ES_RIGHT ? DT_RIGHT : DT_LEFT;
     if (!IsMultiLine()) {

@@ -1,59 +1,192 @@
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/Palette.h>
+
+#include <iterator>
 
 namespace gesso {
+namespace {
+
+constexpr COLORREF BY_ROLE = CLR_DEFAULT;
+
+// What a colour is in Light and in Dark, and its role. In Contrast there are the roles alone; in Light none
+// of what only the style draws there.
+struct Shade
+{
+    Color color;
+    COLORREF crLight, crDark;
+    ColorRole role;
+};
+
+constexpr COLORREF Grey(int n)
+{
+    return RGB(n, n, n);
+}
+
+constexpr COLORREF BLACK = Grey(0);
+constexpr COLORREF WHITE = Grey(0xFF);
+
+constexpr Shade SHADES[] = {
+    {Color::LayoutOverlay, RGB(0xFF, 0x00, 0xFF), RGB(0xFF, 0x00, 0xFF), ColorRole::Accent},
+    {Color::FieldText, BLACK, BY_ROLE, ColorRole::WindowText},
+    {Color::FieldDisabledText, Grey(0x6D), BY_ROLE, ColorRole::DisabledText},
+    {Color::FieldSelection, RGB(0xAD, 0xD6, 0xFF), BY_ROLE, ColorRole::Selection},
+    {Color::FieldSelectedText, BLACK, BY_ROLE, ColorRole::SelectionText},
+    {Color::FieldCue, Grey(0x6D), BY_ROLE, ColorRole::Hint},
+
+    {Color::TreeBackground, WHITE, BY_ROLE, ColorRole::Window},
+    {Color::NavigationHeaderText, Grey(0x5C), BY_ROLE, ColorRole::Hint},
+    {Color::NavigationLine, Grey(0xE5), BY_ROLE, ColorRole::Line},
+
+    {Color::RibbonActiveLine, Grey(0xDB), BY_ROLE, ColorRole::Line},
+    {Color::RibbonActiveFill, Grey(0xF6), Grey(0x33), ColorRole::Panel},
+    {Color::RibbonHotLine, Grey(0xEB), BY_ROLE, ColorRole::Line},
+    {Color::RibbonHotFill, Grey(0xFD), Grey(0x2A), ColorRole::Panel},
+    {Color::RibbonPageLine, Grey(0xE4), BY_ROLE, ColorRole::Line},
+    {Color::RibbonGroupTitle, Grey(0x76), BY_ROLE, ColorRole::Hint},
+    {Color::RibbonItemText, BLACK, BY_ROLE, ColorRole::PanelText},
+    {Color::RibbonAfterPage, BLACK, BLACK, ColorRole::PanelText},
+    {Color::ValueMenuFill, WHITE, BY_ROLE, ColorRole::Window},
+    {Color::ValueMenuHotFill, RGB(0xFF, 0xC8, 0x8C), BY_ROLE, ColorRole::Selection},
+    {Color::ValueMenuHotText, BLACK, BY_ROLE, ColorRole::SelectionText},
+
+    {Color::CertText, BLACK, BY_ROLE, ColorRole::PanelText},
+    {Color::CertSecureText, WHITE, WHITE, ColorRole::SelectionText},
+    {Color::CertSecureLeft, RGB(0x00, 0x38, 0x6D), RGB(0x0B, 0x4A, 0x6F), ColorRole::Selection},
+    {Color::CertSecureRight, RGB(0x10, 0x75, 0x99), RGB(0x0B, 0x4A, 0x6F), ColorRole::Selection},
+    {Color::CertUntrustedText, BLACK, BLACK, ColorRole::SelectionText},
+    {Color::CertUntrustedLeft, RGB(0xF2, 0xB1, 0x00), RGB(0xE0, 0xA8, 0x1C), ColorRole::Selection},
+    {Color::CertUntrustedRight, RGB(0xFE, 0xCD, 0x48), RGB(0xE0, 0xA8, 0x1C), ColorRole::Selection},
+    {Color::CertInvalidText, WHITE, WHITE, ColorRole::SelectionText},
+    {Color::CertInvalidLeft, RGB(0xAE, 0x00, 0x00), RGB(0x9C, 0x1F, 0x24), ColorRole::Selection},
+    {Color::CertInvalidRight, RGB(0xE2, 0x00, 0x00), RGB(0x9C, 0x1F, 0x24), ColorRole::Selection},
+
+    {Color::ListText, BLACK, BY_ROLE, ColorRole::WindowText},
+    {Color::ListTileCaption, Grey(0x76), BY_ROLE, ColorRole::Hint},
+
+    {Color::ButtonFace, CLR_INVALID, Grey(0x38), ColorRole::Panel},
+    {Color::ButtonHotFace, CLR_INVALID, Grey(0x43), ColorRole::Panel},
+    {Color::ButtonPressedFace, CLR_INVALID, Grey(0x30), ColorRole::Panel},
+    {Color::ButtonDisabledFace, CLR_INVALID, Grey(0x2E), ColorRole::Panel},
+    {Color::ButtonEdge, CLR_INVALID, Grey(0x50), ColorRole::PanelText},
+    {Color::ButtonDisabledEdge, CLR_INVALID, Grey(0x3C), ColorRole::DisabledText},
+    {Color::ButtonPressedText, CLR_INVALID, Grey(0xCC), ColorRole::PanelText},
+    {Color::BoxFace, CLR_INVALID, Grey(0x26), ColorRole::Window},
+    {Color::BoxHotFace, CLR_INVALID, Grey(0x38), ColorRole::Window},
+    {Color::BoxPressedFace, CLR_INVALID, Grey(0x44), ColorRole::Window},
+    {Color::BoxEdge, CLR_INVALID, Grey(0x9E), ColorRole::WindowText},
+    {Color::BoxDisabledEdge, CLR_INVALID, BY_ROLE, ColorRole::DisabledText},
+    {Color::MarkFace, CLR_INVALID, BY_ROLE, ColorRole::Accent},
+    {Color::MarkHotFace, CLR_INVALID, RGB(0x47, 0xB1, 0xE8), ColorRole::Accent},
+    {Color::MarkPressedFace, CLR_INVALID, RGB(0x42, 0xA1, 0xD2), ColorRole::Accent},
+    {Color::MarkDisabledFace, CLR_INVALID, Grey(0x46), ColorRole::Window},
+    {Color::Mark, CLR_INVALID, BY_ROLE, ColorRole::AccentText},
+    {Color::MarkDisabled, CLR_INVALID, Grey(0xA8), ColorRole::DisabledText},
+    {Color::FieldFace, CLR_INVALID, BY_ROLE, ColorRole::Window},
+    {Color::FieldDisabledFace, CLR_INVALID, Grey(0x28), ColorRole::Window},
+    {Color::FieldEdge, CLR_INVALID, BY_ROLE, ColorRole::Border},
+    {Color::FieldHotEdge, CLR_INVALID, Grey(0xB4), ColorRole::Border},
+    {Color::FieldFocusEdge, CLR_INVALID, BY_ROLE, ColorRole::Accent},
+    {Color::FieldDisabledEdge, CLR_INVALID, Grey(0x7E), ColorRole::DisabledText},
+    {Color::PaneEdge, CLR_INVALID, Grey(0x48), ColorRole::Border},
+    {Color::BarTrack, CLR_INVALID, Grey(0x25), ColorRole::Panel},
+    {Color::BarThumb, CLR_INVALID, Grey(0x78), ColorRole::PanelText},
+    {Color::BarHotThumb, CLR_INVALID, Grey(0x96), ColorRole::PanelText},
+    {Color::BarPressedThumb, CLR_INVALID, Grey(0xB0), ColorRole::PanelText},
+    {Color::BarArrow, CLR_INVALID, Grey(0xA0), ColorRole::PanelText},
+    {Color::BarHotArrow, CLR_INVALID, Grey(0xE0), ColorRole::PanelText},
+    {Color::ProgressTrack, CLR_INVALID, Grey(0x3A), ColorRole::Window},
+    {Color::DialogPane, CLR_INVALID, Grey(0x2B), ColorRole::Panel},
+    {Color::DialogFooter, CLR_INVALID, Grey(0x20), ColorRole::Panel},
+    {Color::HeaderHotFace, CLR_INVALID, Grey(0x38), ColorRole::Header},
+    {Color::HeaderPressedFace, CLR_INVALID, Grey(0x42), ColorRole::Header},
+    {Color::FocusFrame, CLR_INVALID, WHITE, ColorRole::PanelText},
+};
+
+constexpr bool IsInOrder()
+{
+    for (int i = 0; i < COLOR_COUNT; ++i) {
+        if (SHADES[i].color != static_cast<Color>(i)) {
+            return false;
+        }
+    }
+    return std::size(SHADES) == COLOR_COUNT;
+}
+static_assert(IsInOrder());
+
+// What stands for the system's colours in Dark.
+ColorRole RoleOfSystem(int nIndex)
+{
+    switch (nIndex) {
+    case COLOR_WINDOW: return ColorRole::Window;
+    case COLOR_WINDOWTEXT: return ColorRole::WindowText;
+    case COLOR_GRAYTEXT: return ColorRole::DisabledText;
+    case COLOR_HIGHLIGHT: return ColorRole::Selection;
+    case COLOR_HIGHLIGHTTEXT: return ColorRole::SelectionText;
+    case COLOR_BTNTEXT: return ColorRole::PanelText;
+    case COLOR_3DLIGHT: return ColorRole::Line;
+    default: return ColorRole::Panel;
+    }
+}
+
+} // namespace
+
+COLORREF ColorOf(ColorRole role)
+{
+    if (static_cast<size_t>(role) >= ROLE_COUNT) {
+        return CLR_INVALID;
+    }
+    const ColorScheme active = ActiveColorScheme();
+    const COLORREF crOwn = OwnShade(active, role);
+    return crOwn != CLR_DEFAULT ? crOwn : ShadeOf(active, role);
+}
 
 COLORREF ColorOf(Color color)
 {
-    switch (color) {
-    case Color::LayoutOverlay: return RGB(0xFF, 0x00, 0xFF);
-    case Color::FieldText: return RGB(0x00, 0x00, 0x00);
-    case Color::FieldDisabledText: return RGB(0x6D, 0x6D, 0x6D);
-    case Color::FieldSelection: return RGB(0xAD, 0xD6, 0xFF);
-
-    case Color::TreeBackground: return RGB(0xFF, 0xFF, 0xFF);
-    case Color::NavigationHeaderText: return RGB(0x5C, 0x5C, 0x5C);
-    case Color::NavigationLine: return RGB(0xE5, 0xE5, 0xE5);
-
-    case Color::RibbonActiveLine: return RGB(0xDB, 0xDB, 0xDB);
-    case Color::RibbonActiveFill: return RGB(0xF6, 0xF6, 0xF6);
-    case Color::RibbonHotLine: return RGB(0xEB, 0xEB, 0xEB);
-    case Color::RibbonHotFill: return RGB(0xFD, 0xFD, 0xFD);
-    case Color::RibbonPageLine: return RGB(0xE4, 0xE4, 0xE4);
-    case Color::RibbonGroupTitle: return RGB(0x76, 0x76, 0x76);
-    case Color::RibbonItemText: return RGB(0x00, 0x00, 0x00);
-    case Color::RibbonAfterPage: return RGB(0x00, 0x00, 0x00);
-    case Color::ValueMenuFill: return RGB(0xFF, 0xFF, 0xFF);
-    case Color::ValueMenuHotFill: return RGB(0xFF, 0xC8, 0x8C);
-
-    case Color::CertText: return RGB(0x00, 0x00, 0x00);
-    case Color::CertSecureText: return RGB(0xFF, 0xFF, 0xFF);
-    case Color::CertSecureLeft: return RGB(0x00, 0x38, 0x6D);
-    case Color::CertSecureRight: return RGB(0x10, 0x75, 0x99);
-    case Color::CertUntrustedText: return RGB(0x00, 0x00, 0x00);
-    case Color::CertUntrustedLeft: return RGB(0xF2, 0xB1, 0x00);
-    case Color::CertUntrustedRight: return RGB(0xFE, 0xCD, 0x48);
-    case Color::CertInvalidText: return RGB(0xFF, 0xFF, 0xFF);
-    case Color::CertInvalidLeft: return RGB(0xAE, 0x00, 0x00);
-    case Color::CertInvalidRight: return RGB(0xE2, 0x00, 0x00);
-    case Color::ListText: return RGB(0x00, 0x00, 0x00);
-    case Color::ListTileCaption: return RGB(0x76, 0x76, 0x76);
+    const Shade& shade = SHADES[static_cast<int>(color)];
+    switch (ActiveColorScheme()) {
+    case ColorScheme::Dark: return shade.crDark == BY_ROLE ? ColorOf(shade.role) : shade.crDark;
+    case ColorScheme::Contrast: return ColorOf(shade.role);
+    default: {
+        const COLORREF crOwn = OwnShade(ColorScheme::Light, shade.role);
+        return crOwn != CLR_DEFAULT ? crOwn : shade.crLight;
     }
-    return CLR_INVALID;
+    }
+}
+
+COLORREF LightColorOf(Color color)
+{
+    return SHADES[static_cast<int>(color)].crLight;
+}
+
+COLORREF HostColor(COLORREF crHost, bool fSet, ColorRole role)
+{
+    const ColorScheme active = ActiveColorScheme();
+    const bool fKept = active == ColorScheme::Light || (active == ColorScheme::Dark && fSet);
+    return fKept ? crHost : ColorOf(role);
+}
+
+COLORREF HostColor(COLORREF crHost, bool fSet, Color color)
+{
+    const ColorScheme active = ActiveColorScheme();
+    const bool fKept = active == ColorScheme::Light || (active == ColorScheme::Dark && fSet);
+    return fKept ? crHost : ColorOf(color);
 }
 
 COLORREF SystemColor(int nIndex)
 {
-    return GetSysColor(nIndex);
+    return ActiveColorScheme() == ColorScheme::Dark ? ColorOf(RoleOfSystem(nIndex)) : GetSysColor(nIndex);
 }
 
 HBRUSH SystemBrush(int nIndex)
 {
-    return GetSysColorBrush(nIndex);
+    const HBRUSH hKept = ActiveColorScheme() == ColorScheme::Dark ? KeptBrush(SystemColor(nIndex)) : nullptr;
+    return hKept ? hKept : GetSysColorBrush(nIndex);
 }
 
 HBRUSH DialogBrush()
 {
-    return static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    const HBRUSH hKept = IsDrawnFlat() ? KeptBrush(ColorOf(Color::DialogPane)) : nullptr;
+    return hKept ? hKept : static_cast<HBRUSH>(GetStockObject(IsDrawnFlat() ? BLACK_BRUSH : WHITE_BRUSH));
 }
 
 } // namespace gesso

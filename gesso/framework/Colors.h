@@ -2,7 +2,7 @@
 // system's own colours. What the visual style gives is asked of ThemePart instead.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/framework/Appearance.h>
 
 namespace gesso {
 
@@ -12,6 +12,8 @@ enum class Color
     FieldText,         // of edit fields and combo boxes
     FieldDisabledText, // of an edit field that is disabled
     FieldSelection,    // behind selected text in both, whose own colour stays
+    FieldSelectedText, // but for the schemes that the library draws by itself
+    FieldCue,          // what an empty field shows
 
     // Trees
     TreeBackground,       // of trees and navigation bars
@@ -29,6 +31,7 @@ enum class Color
     RibbonAfterPage, // what a page leaves in its context
     ValueMenuFill,
     ValueMenuHotFill, // the row under the pointer
+    ValueMenuHotText,
 
     // Dialogs
     CertText,       // of the body
@@ -44,15 +47,74 @@ enum class Color
 
     ListText,        // of a list's items, headers and groups
     ListTileCaption, // before the value in a tile
+
+    // What the library draws by itself in Dark and Contrast, and the style in Light
+    ButtonFace,
+    ButtonHotFace,
+    ButtonPressedFace,
+    ButtonDisabledFace,
+    ButtonEdge,
+    ButtonDisabledEdge,
+    ButtonPressedText,
+    BoxFace, // of a check box without a mark
+    BoxHotFace,
+    BoxPressedFace,
+    BoxEdge,
+    BoxDisabledEdge,
+    MarkFace, // of one with a mark
+    MarkHotFace,
+    MarkPressedFace,
+    MarkDisabledFace,
+    Mark,
+    MarkDisabled,
+    FieldFace,
+    FieldDisabledFace,
+    FieldEdge,
+    FieldHotEdge,
+    FieldFocusEdge,
+    FieldDisabledEdge,
+    PaneEdge, // around lists, trees and open lists
+    BarTrack, // of a scroll bar
+    BarThumb,
+    BarHotThumb,
+    BarPressedThumb,
+    BarArrow,
+    BarHotArrow,
+    ProgressTrack,
+    DialogPane,
+    DialogFooter,
+    HeaderHotFace,
+    HeaderPressedFace,
+    FocusFrame,
 };
 
-COLORREF ColorOf(Color color);
+inline constexpr int COLOR_COUNT = static_cast<int>(Color::FocusFrame) + 1;
 
-// One of the system's own, by its COLOR_ index; the brush is the system's and is not deleted.
+COLORREF ColorOf(Color color);
+// What the colour is in Light, with nothing of the host's.
+COLORREF LightColorOf(Color color);
+
+// Whether the library draws every part by itself: in any scheme but Light.
+inline bool IsDrawnFlat()
+{
+    return ActiveColorScheme() != ColorScheme::Light;
+}
+// Whether it does so in the user's colours alone.
+inline bool IsContrast()
+{
+    return ActiveColorScheme() == ColorScheme::Contrast;
+}
+
+// What a control draws in for a colour that its host may have set: that one, but for one that was never set
+// outside of Light, and in Contrast.
+COLORREF HostColor(COLORREF crHost, bool fSet, Color color);
+COLORREF HostColor(COLORREF crHost, bool fSet, ColorRole role);
+
+// One of the system's own, by its COLOR_ index, and in Dark what stands for it. The brush is not deleted.
 COLORREF SystemColor(int nIndex);
 HBRUSH SystemBrush(int nIndex);
 
-// What the dialogs' backgrounds are filled with; the platform's own white, and not deleted.
+// What the dialogs' backgrounds are filled with: in Light the platform's own white. Not deleted.
 HBRUSH DialogBrush();
 
 } // namespace gesso

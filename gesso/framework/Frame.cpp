@@ -6,9 +6,11 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/KeyboardCues.h>
 #include <gesso/framework/Lifeline.h>
+#include <gesso/framework/LiveControls.h>
 #include <gesso/framework/OffscreenSurface.h>
 #include <gesso/framework/Ownership.h>
 #include <gesso/framework/Quirks.h>
+#include <gesso/framework/SystemAppearance.h>
 #include <gesso/framework/WindowDpi.h>
 
 #include <algorithm>
@@ -86,6 +88,7 @@ void MarkDetached(HWND hwnd)
             }
         }
         ForgetWindow(hwnd);
+        RemoveLiveControl(hwnd);
         OffscreenSurface::RemoveUser();
     }
 }
@@ -156,7 +159,7 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
         return false;
     }
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
-    if (GWnd::FromHwnd(hwnd) != &wnd) {
+    if (GWnd::FromHwnd(hwnd) != &wnd || !AddLiveControl(hwnd)) {
         SetWindowLongPtrW(hwnd, OBJECT_WORD, 0);
         ForgetWindow(hwnd);
         return false;
@@ -249,6 +252,8 @@ bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
 {
     if (uMsg == WM_FONTCHANGE) {
         ForgetFonts();
+    } else if (uMsg == WM_SYSCOLORCHANGE) {
+        TakeSystemColorsFor(wnd.m_hWnd);
     }
     if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
         if (uMsg == WM_KEYUP) {
@@ -398,6 +403,14 @@ LRESULT Frame::Default(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 INT_PTR Frame::DialogDefault(HWND, UINT, WPARAM, LPARAM)
 {
     return FALSE;
+}
+
+void Frame::ChangeLookOf(HWND hDlg, UINT uMsg)
+{
+    FitCaption(hDlg, uMsg);
+    if (uMsg == WM_SETTINGCHANGE || uMsg == WM_SYSCOLORCHANGE || uMsg == WM_THEMECHANGED) {
+        TakeSystemColors();
+    }
 }
 
 void Frame::SetState(GWnd& wnd, DWORD dwState)

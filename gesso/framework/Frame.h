@@ -130,6 +130,7 @@ public:
     {
         MessageTrace trace(hDlg, uMsg, wParam, lParam);
         KeepDialog(hDlg, uMsg);
+        ChangeLookOf(hDlg, uMsg);
         if (auto* pDialog = static_cast<DIALOG*>(DIALOG::ObjectOf(hDlg, uMsg, lParam))) {
             if (IsScalingMessage(uMsg) && TakesScaling(hDlg, uMsg, wParam)) {
                 pDialog->OnScaling(RectForDpi(hDlg, uMsg, lParam));
@@ -143,6 +144,8 @@ public:
     // The tail of every dialog's switch: what all dialogs answer alike, and then the platform's handling.
     // Reads nothing of the object.
     static INT_PTR DialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // The head of the same: a dialog looks as the scheme has it, and hears of a change of the system's.
+    static void ChangeLookOf(HWND hDlg, UINT uMsg);
 
     // --- Coming to life and going
 

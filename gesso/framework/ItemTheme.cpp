@@ -48,6 +48,9 @@ void ItemTheme::DrawBackground(HDC hdc, const RECT& rc) const
 
 COLORREF ItemTheme::GridColor() const
 {
+    if (IsDrawnFlat()) {
+        return ColorOf(ColorRole::Line);
+    }
     COLORREF color = 0;
     const bool fKnown = m_hTheme && m_hRows == m_hTheme &&
                         SUCCEEDED(GetThemeColor(m_hTheme, ROW_PART, 0, TMT_EDGEFILLCOLOR, &color));

@@ -1,6 +1,7 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/OffscreenSurface.h>
+#include <gesso/framework/Palette.h>
 
 namespace gesso {
 namespace {
@@ -45,7 +46,7 @@ OffscreenSurface::~OffscreenSurface()
     // What a paint has set must not stay for the next one.
     const bool fRestored = RestoreDC(m_parts.hdc, m_nSaved);
     if (fRestored && m_parts.hdc && m_parts.hBitmap && m_parts.hFormer &&
-        PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && InterlockedCompareExchange(&s_nUsers, 0, 0) > 0)
+        PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && HasUsers())
     {
         KeepSpare(m_parts);
     } else {
@@ -98,10 +99,18 @@ void OffscreenSurface::AddUser()
     InterlockedIncrement(&s_nUsers);
 }
 
+bool OffscreenSurface::HasUsers()
+{
+    return InterlockedCompareExchange(&s_nUsers, 0, 0) > 0;
+}
+
 void OffscreenSurface::RemoveUser()
 {
-    Parts* pSpare = InterlockedDecrement(&s_nUsers) == 0 ? TakeSpare() : nullptr;
-    if (pSpare) {
+    if (InterlockedDecrement(&s_nUsers) != 0) {
+        return;
+    }
+    ReleaseKeptBrushes();
+    if (Parts* pSpare = TakeSpare()) {
         Release(*pSpare);
         Free(pSpare);
     }

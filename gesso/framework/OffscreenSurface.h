@@ -22,6 +22,7 @@ public:
     // A control has come to life, or gone. With the last one goes what was kept.
     static void AddUser();
     static void RemoveUser();
+    static bool HasUsers();
 
 private:
     struct Parts

@@ -2,6 +2,8 @@
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatPart.h>
+#include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Scaling.h>
 #include <gesso/framework/ThemePart.h>
@@ -101,11 +103,26 @@ void ThemePart::DrawBackground(const RECT& rc) const
         upright.emplace(m_hdc, rc.left, Wrapped(int64_t{rc.right} - rc.left));
     }
     const RECT rcPart = upright ? upright->Placed(rc) : rc;
-    if (!DrawCachedPart(m_hTheme, m_hdc, m_nPart, m_nState, rcPart) &&
-        FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rcPart, nullptr)))
+    if (IsDrawnFlat()) {
+        DrawFlatBackground(rcPart);
+    } else if (!DrawCachedPart(m_hTheme, m_hdc, m_nPart, m_nState, rcPart) &&
+               FAILED(DrawThemeBackground(m_hTheme, m_hdc, m_nPart, m_nState, &rcPart, nullptr)))
     {
         DrawPlainBackground(rcPart);
     }
+}
+
+// A box is as large as the style's, whatever room there is.
+void ThemePart::DrawFlatBackground(const RECT& rc) const
+{
+    const RECT rcPart = HasCheck(m_plain) ? SquareIn(rc, Size(m_hWnd, nullptr).cx) : rc;
+    DrawFlatPart(m_hdc, {m_plain, m_nPart, m_nState}, rcPart);
+}
+
+bool ThemePart::IsOpaque() const
+{
+    return IsDrawnFlat() ? IsFlatOpaque({m_plain, m_nPart, m_nState})
+                         : !IsThemeBackgroundPartiallyTransparent(m_hTheme, m_nPart, m_nState);
 }
 
 RECT ThemePart::ContentOf(const RECT& rc) const
@@ -169,13 +186,37 @@ RECT ThemePart::TextExtent(LPCWSTR psz, int nLength, UINT uFormat, const RECT& r
 void ThemePart::DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const
 {
     LayoutOverlay::Add(m_hdc, rc);
-    if (FAILED(DrawThemeText(m_hTheme, m_hdc, m_nPart, m_nState, psz, LengthOf(psz), uFormat, 0, &rc))) {
+    if (!DrawStyleText(psz, uFormat, rc)) {
         DrawPlainText(psz, uFormat, rc);
     }
 }
 
+// In the style's font, and in its colour in Light.
+bool ThemePart::DrawStyleText(LPCWSTR psz, UINT uFormat, const RECT& rc) const
+{
+    if (!IsDrawnFlat()) {
+        return SUCCEEDED(
+            DrawThemeText(m_hTheme, m_hdc, m_nPart, m_nState, psz, LengthOf(psz), uFormat, 0, &rc));
+    }
+    DTTOPTS options{};
+    options.dwSize = sizeof(options);
+    options.dwFlags = DTT_TEXTCOLOR;
+    options.crText = TextColor();
+    RECT rcText = rc;
+    return SUCCEEDED(
+        DrawThemeTextEx(m_hTheme, m_hdc, m_nPart, m_nState, psz, LengthOf(psz), uFormat, &rcText, &options));
+}
+
+void ThemePart::DrawFocus(const RECT& rc) const
+{
+    IsDrawnFlat() ? DrawFocusFrame(m_hdc, rc, TextColor()) : DrawFocusFrame(m_hdc, rc);
+}
+
 COLORREF ThemePart::TextColor() const
 {
+    if (IsDrawnFlat()) {
+        return FlatTextColor({m_plain, m_nPart, m_nState});
+    }
     COLORREF cr = 0;
     return SUCCEEDED(GetThemeColor(m_hTheme, m_nPart, m_nState, TMT_TEXTCOLOR, &cr)) ? cr : PlainTextColor();
 }
@@ -275,7 +316,7 @@ COLORREF ThemePart::PlainTextColor() const
 void ThemePart::DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const
 {
     const TransparentScope mode(m_hdc);
-    const TextColorScope color(m_hdc, PlainTextColor());
+    const TextColorScope color(m_hdc, IsDrawnFlat() ? TextColor() : PlainTextColor());
     DrawTextW(m_hdc, psz, LengthOf(psz), &rc, uFormat);
 }
 

@@ -2,6 +2,9 @@
 // visual styles off, or in a style that lacks the class, the part is drawn in plain system colours, so that
 // the control stays usable. With a complete style every operation is the theme service's own and nothing
 // more.
+//
+// In Dark and Contrast the library draws every part by itself (framework/FlatPart); sizes, margins and fonts
+// stay the style's, so that nothing moves.
 #pragma once
 
 #include <gesso/api.h>
@@ -53,7 +56,7 @@ public:
 
     void DrawBackground(const RECT& rc) const;
     // Whether nothing behind it shows. Where the style has no such part that is the caller's to know.
-    bool IsOpaque() const { return !IsThemeBackgroundPartiallyTransparent(m_hTheme, m_nPart, m_nState); }
+    bool IsOpaque() const;
     // rc less the part's content margins.
     RECT ContentOf(const RECT& rc) const;
     // The part's true size in a window; that of the system's check mark where the style has none.
@@ -69,8 +72,12 @@ public:
     void DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
     // What the part's text is drawn in.
     COLORREF TextColor() const;
+    // Around what has the focus in the part.
+    void DrawFocus(const RECT& rc) const;
 
 private:
+    void DrawFlatBackground(const RECT& rc) const;
+    bool DrawStyleText(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
     void DrawPlainBackground(RECT rc) const;
     void DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const;
     void DrawPlainRow(const RECT& rc) const;

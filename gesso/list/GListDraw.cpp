@@ -6,6 +6,7 @@
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
@@ -121,7 +122,9 @@ public:
     void DrawGroup(UINT index, RECT rc, int right);
 
 private:
-    void DrawHighlight(bool fSelected, bool fHot, const RECT& rc) const;
+    int RowState(bool fSelected, bool fHot) const;
+    void BeginRow(int nState, const RECT& rc);
+    COLORREF CaptionColor() const;
     void DrawCheckBox(bool fChecked, const RECT& rc) const;
     int CheckBoxState(bool fChecked) const;
     RECT ContentOf(const stcColumnDrawInfo& element, const RECT& rcRow);
@@ -137,6 +140,8 @@ private:
     GList& m_list;
     HDC m_hdc;
     FontCursor m_fonts;
+    gesso::FlatTextScope m_textColor;
+    int m_nRowState = LISS_NORMAL;
     bool m_fFocused;
     bool m_fDisabled;
     bool m_fContained;           // cells show no more than they have room for
@@ -146,6 +151,7 @@ private:
     RECT m_rcCell{};          // of the element
     UINT m_cursor = NO_INDEX; // the item with the focus rectangle
     RECT m_rcCursor{};
+    COLORREF m_crCursor = 0;
     int m_border;
     UINT m_imageCount = 0;
     SIZE m_icon;
@@ -153,10 +159,10 @@ private:
 };
 
 GList::RowPainter::RowPainter(GList& list, HDC hdc)
-    : m_list(list), m_hdc(hdc), m_fonts(hdc), m_fFocused(list.IsFocusInside()),
-      m_fDisabled(Frame::Style(list) & WS_DISABLED), m_fContained(!Has(list, Quirk::ListContentSpills)),
-      m_fAligned(!Has(list, Quirk::ListTextsMisaligned)), m_border(list.themeList.BorderSize()),
-      m_icon(list.IconSize())
+    : m_list(list), m_hdc(hdc), m_fonts(hdc), m_textColor(hdc, ColorOf(Color::ListText)),
+      m_fFocused(list.IsFocusInside()), m_fDisabled(Frame::Style(list) & WS_DISABLED),
+      m_fContained(!Has(list, Quirk::ListContentSpills)), m_fAligned(!Has(list, Quirk::ListTextsMisaligned)),
+      m_border(list.themeList.BorderSize()), m_icon(list.IconSize())
 {
     int count = 0;
     if (list.imageList) {
@@ -177,7 +183,7 @@ GList::RowPainter::RowPainter(GList& list, HDC hdc)
 GList::RowPainter::~RowPainter()
 {
     if (!IsRectEmpty(&m_rcCursor)) {
-        DrawFocusRect(m_hdc, &m_rcCursor);
+        gesso::DrawFocusFrame(m_hdc, m_rcCursor, m_crCursor);
     }
 }
 
@@ -215,6 +221,7 @@ void GList::RowPainter::DrawGroup(UINT index, RECT rc, int right)
           Saturated(int64_t{rc.right} + format.right), Saturated(int64_t{rc.bottom} + format.bottom)};
     gesso::LayoutOverlay::Add(m_hdc, rc);
     m_rcRow = rc;
+    BeginRow(0, rc);
     if (const ListGroup* group = m_list.GroupAt(index)) {
         DrawIn(m_list.fontGroupTitle, group->prepared->second, rc);
     }
@@ -233,7 +240,7 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     const auto& cells = m_list.columnDraw;
     const bool fCheckBoxes = m_list.listStyle & GLS_CHECKBOXES;
     const bool fSelected = list ? list->selected.Has(index) : (item->state & LIS_SELECTED) != 0;
-    DrawHighlight(fSelected, m_list.hitHot.item == index, rc);
+    BeginRow(RowState(fSelected, m_list.hitHot.item == index), rc);
     if (fCheckBoxes && cells.GetLength() > 0) {
         const UINT state = list ? item->SubItems()->state : m_list.GetItemState(index, 0);
         DrawCheckBox(state & LSIS_CHECKED, Shifted(cells[0].rect, rc.left, rc.top));
@@ -244,19 +251,35 @@ void GList::RowPainter::DrawItem(UINT index, const RECT& rc)
     }
     if (index == m_cursor) {
         m_rcCursor = rc;
+        m_crCursor = gesso::RowTextColor(m_nRowState);
     }
 }
 
-void GList::RowPainter::DrawHighlight(bool fSelected, bool fHot, const RECT& rc) const
+// 0 for a row that is drawn like its list.
+int GList::RowPainter::RowState(bool fSelected, bool fHot) const
 {
-    const auto draw = [&](int nState) { m_list.themeList.DrawRow(m_hdc, nState, rc); };
     if (fSelected) {
-        draw(!m_fFocused ? LISS_SELECTEDNOTFOCUS : fHot ? LISS_HOTSELECTED : LISS_SELECTED);
-    } else if (fHot) {
-        draw(LISS_HOT);
-    } else if (m_fDisabled) {
-        draw(LISS_DISABLED);
+        return !m_fFocused ? LISS_SELECTEDNOTFOCUS : fHot ? LISS_HOTSELECTED : LISS_SELECTED;
     }
+    return fHot ? int{LISS_HOT} : m_fDisabled ? int{LISS_DISABLED} : 0;
+}
+
+void GList::RowPainter::BeginRow(int nState, const RECT& rc)
+{
+    m_nRowState = nState;
+    if (nState) {
+        m_list.themeList.DrawRow(m_hdc, nState, rc);
+    }
+    if (gesso::IsDrawnFlat()) {
+        SetTextColor(m_hdc, gesso::RowTextColor(nState));
+    }
+}
+
+// A caption stands back from its value, but on a row of a colour of its own.
+COLORREF GList::RowPainter::CaptionColor() const
+{
+    return gesso::IsDrawnFlat() && m_nRowState ? gesso::RowTextColor(m_nRowState)
+                                               : ColorOf(Color::ListTileCaption);
 }
 
 // Fixed behaviour: all check boxes of a list light up and press together, by the state of the control. With a
@@ -344,9 +367,10 @@ void GList::RowPainter::DrawCaption(UINT column, const RECT& rc)
 {
     const ListColumn* c = column < m_list.columns.GetLength() ? m_list.columns[column] : nullptr;
     if (c && c->text && c->prepared) {
-        SetTextColor(m_hdc, ColorOf(Color::ListTileCaption));
+        SetTextColor(m_hdc, CaptionColor());
         DrawIn(m_list.fontLabelHeader, c->prepared->second, rc);
-        SetTextColor(m_hdc, ColorOf(Color::ListText));
+        SetTextColor(m_hdc,
+                     gesso::IsDrawnFlat() ? gesso::RowTextColor(m_nRowState) : ColorOf(Color::ListText));
     }
 }
 
@@ -553,6 +577,7 @@ void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
             return;
         }
         const SelectScope font(hdc, fontLabelText);
+        const gesso::FlatTextScope color(hdc, ColorOf(gesso::ColorRole::HeaderText));
         if (Has(*this, Quirk::ListTextsMisaligned)) {
             CDrawText::DrawTextW(hdc, c->prepared->first, rc);
         } else {

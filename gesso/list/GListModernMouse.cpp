@@ -2,6 +2,7 @@
 // draws.
 
 #include <gesso/containers/Index.h>
+#include <gesso/framework/FlatPart.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
@@ -255,5 +256,5 @@ void GList::DrawBand(HDC hdc) const
     const int64_t dy = int64_t{headerArea} - m_siV.nPos - Origin();
     const RECT rc{Saturated(area.left + dx), Saturated(area.top + dy), Saturated(area.right + dx),
                   Saturated(area.bottom + dy)};
-    DrawFocusRect(hdc, &rc);
+    gesso::DrawFocusFrame(hdc, rc);
 }

@@ -9,8 +9,8 @@
 #include <gesso/ribbon/RibbonInside.h>
 
 using gesso::Color;
-using gesso::ColorOf;
 using gesso::Frame;
+using gesso::LightColorOf;
 using gesso::Quirk;
 namespace Metrics = gesso::Metrics;
 
@@ -45,9 +45,9 @@ ATOM GRibbon::IsolationAwareRegisterClassW()
 // --- Coming to life and going
 
 GRibbon::GRibbon()
-    : m_crActiveLine(ColorOf(Color::RibbonActiveLine)), m_crActiveFill(ColorOf(Color::RibbonActiveFill)),
-      m_crHotLine(ColorOf(Color::RibbonHotLine)), m_crHotFill(ColorOf(Color::RibbonHotFill)),
-      m_crPageLine(ColorOf(Color::RibbonPageLine))
+    : m_crActiveLine(LightColorOf(Color::RibbonActiveLine)),
+      m_crActiveFill(LightColorOf(Color::RibbonActiveFill)), m_crHotLine(LightColorOf(Color::RibbonHotLine)),
+      m_crHotFill(LightColorOf(Color::RibbonHotFill)), m_crPageLine(LightColorOf(Color::RibbonPageLine))
 {
     m_hTabFont.Reset(MakeFont(nullptr, Metrics::RIBBON_TAB_FONT));
 }

@@ -195,6 +195,7 @@ private:
     void DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRight) const;
     void DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) const;
     void DrawHotTab(HDC hdc, int nLeft, int nRight) const;
+    COLORREF ColorOfPageLine() const;
 
     bool ShowsFocus() const;
     UINT FocusTab() const;

@@ -2,20 +2,53 @@
 
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatPart.h>
+#include <gesso/framework/FlatShapes.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/OwnedHandles.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
 
+using gesso::Color;
 using gesso::Pixels;
 namespace Metrics = gesso::Metrics;
 
 namespace {
 
-void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush)
+// A colour that a program's own class may have set, before the window was made.
+COLORREF SchemeColor(COLORREF crHost, Color color)
 {
-    FillRect(hdc, &rc, hBrush);
+    return HostColor(crHost, crHost != 0 && crHost != LightColorOf(color), color);
 }
+
+void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush, COLORREF crHost, Color color)
+{
+    if (gesso::IsDrawnFlat()) {
+        gesso::FillColor(hdc, rc, SchemeColor(crHost, color));
+    } else {
+        FillRect(hdc, &rc, hBrush);
+    }
+}
+
+// The pen of a line: that of the window in Light, else one of the scheme.
+class LinePen
+{
+public:
+    LinePen(HPEN hLight, COLORREF crHost, Color color) : m_hPen(hLight)
+    {
+        if (gesso::IsDrawnFlat()) {
+            m_flat.Reset(CreatePen(PS_SOLID, 1, SchemeColor(crHost, color)));
+            m_hPen = m_flat;
+        }
+    }
+    operator HPEN() const { return m_hPen; }
+
+private:
+    gesso::PenHandle m_flat;
+    HPEN m_hPen;
+};
 
 // The outline of a tab, from and to the base line.
 void DrawOutline(HDC hdc, int nLeft, int nRight, int nBaseLine)
@@ -72,7 +105,9 @@ void GRibbon::Draw(HDC hdc)
             return;
         }
         const gesso::SelectScope font(hdc, m_hTabFont);
-        const gesso::SelectScope pen(hdc, m_hActivePen);
+        const gesso::FlatTextScope color(hdc, ColorOf(gesso::ColorRole::PanelText));
+        const LinePen line(m_hActivePen, m_crActiveLine, Color::RibbonActiveLine);
+        const gesso::SelectScope pen(hdc, line);
         VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
             DrawTab(hdc, nIndex, nLeft, nRight, rc.right);
             return true;
@@ -100,7 +135,7 @@ void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRi
         const int nInset = Pixels(m_hWnd, Metrics::RIBBON_TAB_FOCUS_INSET);
         const RECT rcFocus{nLeft + nInset, nInset, nRight - nInset + 1,
                            Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP) - nInset};
-        DrawFocusRect(hdc, &rcFocus);
+        gesso::DrawFocusFrame(hdc, rcFocus);
     }
 }
 
@@ -112,14 +147,24 @@ void GRibbon::DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) co
     LineTo(hdc, nLeft, nBaseLine);
     DrawOutline(hdc, nLeft, nRight, nBaseLine);
     LineTo(hdc, nClientRight, nBaseLine);
-    FillArea(hdc, {nLeft + 1, 1, nRight, Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP)}, m_hActiveBrush);
+    FillArea(hdc, {nLeft + 1, 1, nRight, Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP)}, m_hActiveBrush,
+             m_crActiveFill, Color::RibbonActiveFill);
+    if (gesso::IsDrawnFlat()) {
+        gesso::FillColor(hdc, {nLeft, 0, nRight + 1, 2}, ColorOf(gesso::ColorRole::Accent));
+    }
+}
+
+COLORREF GRibbon::ColorOfPageLine() const
+{
+    return SchemeColor(m_crPageLine, Color::RibbonPageLine);
 }
 
 void GRibbon::DrawHotTab(HDC hdc, int nLeft, int nRight) const
 {
     const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
-    const gesso::SelectScope pen(hdc, m_hHotPen);
+    const LinePen line(m_hHotPen, m_crHotLine, Color::RibbonHotLine);
+    const gesso::SelectScope pen(hdc, line);
     MoveToEx(hdc, nLeft, nBaseLine, nullptr);
     DrawOutline(hdc, nLeft, nRight, nBaseLine);
-    FillArea(hdc, {nLeft + 1, 1, nRight - 1, nBaseLine}, m_hHotBrush);
+    FillArea(hdc, {nLeft + 1, 1, nRight - 1, nBaseLine}, m_hHotBrush, m_crHotFill, Color::RibbonHotFill);
 }

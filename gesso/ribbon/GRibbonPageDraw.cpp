@@ -3,7 +3,9 @@
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatPart.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/ScaledImage.h>
 #include <gesso/framework/ThemePart.h>
@@ -86,7 +88,7 @@ struct ItemPainter
         RECT rcFocus = Face(rc);
         const int nInset = At(Metrics::RIBBON_FOCUS_INSET);
         InflateRect(&rcFocus, -nInset, -nInset);
-        DrawFocusRect(hdc, &rcFocus);
+        gesso::DrawFocusFrame(hdc, rcFocus);
     }
 
     // Where a text ends in its item: one pixel beyond it.
@@ -205,7 +207,11 @@ void GRibbonPage::Draw(HDC hdc)
     if (!watch.IsAlive()) {
         return;
     }
-    const gesso::SelectScope pen(hdc, m_hPen);
+    gesso::PenHandle flatPen;
+    if (gesso::IsDrawnFlat()) {
+        flatPen.Reset(CreatePen(PS_SOLID, 1, m_pRibbon->ColorOfPageLine()));
+    }
+    const gesso::SelectScope pen(hdc, flatPen ? HPEN(flatPen) : m_hPen);
     const gesso::SelectScope font(hdc, m_hGroupFont);
     SetTextColor(hdc, ColorOf(Color::RibbonGroupTitle));
     const int64_t nShownEnd = ShownEnd(hwnd, hdc);
@@ -241,7 +247,7 @@ void GRibbonPage::DrawFocusOfWindow(HDC hdc) const
         MapWindowPoints(nullptr, m_hwndRibbon, reinterpret_cast<POINT*>(&rc), 2);
         const int nGap = Pixels(m_hwndRibbon, Metrics::RIBBON_FOCUS_INSET);
         InflateRect(&rc, nGap, nGap);
-        DrawFocusRect(hdc, &rc);
+        gesso::DrawFocusFrame(hdc, rc);
     }
 }
 

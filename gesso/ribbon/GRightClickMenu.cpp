@@ -6,6 +6,7 @@
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
@@ -117,14 +118,17 @@ void GRightClickMenu::DrawRows(HDC hdc, UINT nFirst, UINT uFormat) const
     FillColor(hdc, rc, ColorOf(Color::ValueMenuFill));
     const gesso::TransparentScope mode(hdc);
     const gesso::SelectScope font(hdc, m_hFont);
-    const gesso::TextColorScope color(hdc, m_crText);
+    const COLORREF crText = gesso::HostColor(m_crText, m_crText != 0, gesso::ColorRole::WindowText);
+    const gesso::TextColorScope color(hdc, crText);
     const int cyRow = Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT);
     RECT rcRow{rc.left, rc.top, rc.right, rc.top + cyRow};
     for (UINT i = nFirst; i < m_aValues.GetLength(); i++) {
         gesso::LayoutOverlay::Add(hdc, rcRow);
-        if (static_cast<int>(i) == m_nHot) {
+        const bool fHot = static_cast<int>(i) == m_nHot;
+        if (fHot) {
             FillColor(hdc, rcRow, ColorOf(Color::ValueMenuHotFill));
         }
+        const gesso::FlatTextScope rowColor(hdc, fHot ? ColorOf(Color::ValueMenuHotText) : crText);
         RECT rcText = rcRow;
         rcText.left += Pixels(m_hWnd, Metrics::VALUE_MENU_INDENT);
         DrawTextW(hdc, m_aValues[i], -1, &rcText, uFormat);

@@ -3,6 +3,7 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
@@ -127,10 +128,13 @@ void GNavigationBar::DrawItemRow(HDC hdc, UINT row, const RECT& rc) const
     const NavigationBarItem& item = *m_aVisible[row];
     const bool fSelected = row == m_nSelected;
     const bool fHot = row == m_hitMove.nItem;
-    if (fSelected || fHot || (Frame::Style(*this) & WS_DISABLED)) {
-        const bool fFocused = GetFocus() == m_hWnd;
-        m_hTheme.Items().DrawRow(hdc, gesso::RowStateOf(fSelected, fFocused, fHot), rc);
+    const bool fDrawn = fSelected || fHot || (Frame::Style(*this) & WS_DISABLED);
+    const bool fFocused = GetFocus() == m_hWnd;
+    const int nState = fDrawn ? gesso::RowStateOf(fSelected, fFocused, fHot) : int{TREIS_NORMAL};
+    if (fDrawn) {
+        m_hTheme.Items().DrawRow(hdc, nState, rc);
     }
+    const gesso::FlatTextScope color(hdc, gesso::RowTextColor(nState));
     const Cells cells = CellsOf(item, rc.right);
     if (ShowsGlyph(item)) {
         m_hTheme.DrawGlyph(m_hWnd, hdc, IsGlyphHot(row), item.uState & NBIS_EXPANDED,

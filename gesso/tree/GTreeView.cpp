@@ -2,6 +2,7 @@
 
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
@@ -125,9 +126,12 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
     const TreeItem& item = *pItem;
     const bool fSelected = row == m_nSelected;
     const bool fHot = row == m_hitMove.nItem;
-    if (fSelected || fHot || (Frame::Style(*this) & WS_DISABLED)) {
-        m_hTheme.Items().DrawRow(hdc, gesso::RowStateOf(fSelected, fFocused, fHot), rc);
+    const bool fDrawn = fSelected || fHot || (Frame::Style(*this) & WS_DISABLED);
+    const int nState = fDrawn ? gesso::RowStateOf(fSelected, fFocused, fHot) : int{TREIS_NORMAL};
+    if (fDrawn) {
+        m_hTheme.Items().DrawRow(hdc, nState, rc);
     }
+    const gesso::FlatTextScope color(hdc, gesso::RowTextColor(nState));
     const gesso::TreeMeasures measures = gesso::PaintedMeasures(m_hWnd);
     const gesso::TreeCells cells = gesso::LayOutCells(measures, item.nLevel, m_uTreeStyle);
     const auto cell = [&](int nLeft) {
@@ -139,8 +143,8 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
                            cell(cells.nExpander));
     }
     if (m_uTreeStyle & GTS_CHECKBOXES) {
-        const int nState = item.uState & TIS_CHECKED ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL;
-        gesso::ThemePart(m_hThemeButton, hdc, BP_CHECKBOX, nState, gesso::PlainPart::CheckBox)
+        const int nBoxState = item.uState & TIS_CHECKED ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL;
+        gesso::ThemePart(m_hThemeButton, hdc, BP_CHECKBOX, nBoxState, gesso::PlainPart::CheckBox)
             .DrawBackground(cell(cells.nCheckBox));
     }
     if (m_uTreeStyle & GTS_IMAGES) {

@@ -31,7 +31,7 @@ void TreeTheme::DrawGlyph(HDC hdc, bool fHot, bool fOpen, const RECT& rc) const
 
 void TreeTheme::DrawGlyph(HWND hwnd, HDC hdc, bool fHot, bool fOpen, const RECT& rc) const
 {
-    const int nPart = fHot && m_fHotGlyph ? TVP_HOTGLYPH : TVP_GLYPH;
+    const int nPart = fHot && (m_fHotGlyph || IsDrawnFlat()) ? TVP_HOTGLYPH : TVP_GLYPH;
     ThemePart(m_hGlyphs, hdc, nPart, fOpen ? GLPS_OPENED : GLPS_CLOSED, PlainPart::TreeGlyph)
         .In(hwnd)
         .DrawBackground(rc);

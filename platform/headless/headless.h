@@ -279,6 +279,10 @@ void SetRegistryNumber(std::string_view key, std::string_view value, DWORD numbe
 
 void SetSystemMetric(int index, int value);
 void SetSystemColor(int index, COLORREF color);
+// Whether the user has a contrast theme; the colours are set by themselves.
+void SetHighContrast(bool on);
+// Whether a window's caption was made dark.
+bool HasDarkCaption(HWND hwnd);
 void SetDpi(int dpi);
 // The dots an inch of one window, those below it included; those of SetDpi at first. ChangeDpi also tells it,
 // as a move to another screen does: WM_DPICHANGED with a rectangle of the same place, which the window takes

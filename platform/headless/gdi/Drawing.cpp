@@ -188,6 +188,22 @@ BOOL WINAPI BitBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, I
     return TRUE;
 }
 
+// What is drawn into the source joins the target, where it shows as much as the opacity lets it.
+BOOL WINAPI GdiAlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
+                          INT fromCy, BLENDFUNCTION blend)
+{
+    if (FaultFires("GdiAlphaBlend") || !FindContext(hdc) || !FindContext(from)) {
+        return FALSE;
+    }
+    JoinDrawing(hdc, from);
+    Line(hdc, "GdiAlphaBlend")
+        .Size(x, y, cx, cy)
+        .Word("from")
+        .Size(fromX, fromY, fromCx, fromCy)
+        .Number(blend.SourceConstantAlpha);
+    return TRUE;
+}
+
 // Pixels are not kept of what is drawn; the first one tells the record which picture it was.
 INT WINAPI SetDIBitsToDevice(HDC hdc, INT x, INT y, DWORD cx, DWORD cy, INT, INT, UINT, UINT lines,
                              LPCVOID bits, const BITMAPINFO*, UINT)

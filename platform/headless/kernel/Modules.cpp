@@ -2,6 +2,8 @@
 #include "../core/TableLock.h"
 #include "Resources.h"
 
+#include <dwmapi.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -52,12 +54,17 @@ const Export THEMES[] = {
     {"OpenThemeDataForDpi", Address(OpenThemeDataForDpi)},
 };
 
+const Export WINDOW_MANAGER[] = {
+    {"DwmSetWindowAttribute", Address(DwmSetWindowAttribute)},
+};
+
 Module s_modules[] = {
     {L"host.exe", L"C:\\Program Files\\Host\\host.exe", nullptr, 0, 1},
     {L"gesso.dll", L"C:\\Program Files\\Host\\gesso.dll", nullptr, 0, 1},
     {L"comctl32.dll", L"C:\\Windows\\System32\\comctl32.dll", COMMON_CONTROLS, std::size(COMMON_CONTROLS), 0},
     {L"user32.dll", L"C:\\Windows\\System32\\user32.dll", USER, std::size(USER), 1},
     {L"uxtheme.dll", L"C:\\Windows\\System32\\uxtheme.dll", THEMES, std::size(THEMES), 1},
+    {L"dwmapi.dll", L"C:\\Windows\\System32\\dwmapi.dll", WINDOW_MANAGER, std::size(WINDOW_MANAGER), 0},
 };
 
 HMODULE HandleOf(Module& module)

@@ -20,6 +20,7 @@ struct Settings
     int keyboardDelay = 1;
     int keyboardSpeed = 31;
     UINT wheelLines = 3;
+    bool highContrast = false;
     std::map<int, int> metrics;
     std::map<int, COLORREF> colors;
     std::vector<std::string> languages{"en-US"};
@@ -130,6 +131,12 @@ void SetSystemColor(int index, COLORREF color)
     Current().colors[index] = color;
 }
 
+void SetHighContrast(bool on)
+{
+    const TableLock lock;
+    Current().highContrast = on;
+}
+
 void SetDpi(int dpi)
 {
     const TableLock lock;
@@ -189,6 +196,16 @@ BOOL AnswerNonClientMetrics(NONCLIENTMETRICSW* metrics)
     answer.lfCaptionFont = answer.lfSmCaptionFont = answer.lfMenuFont = font;
     answer.lfStatusFont = answer.lfMessageFont = font;
     memcpy(metrics, &answer, size);
+    return TRUE;
+}
+
+BOOL AnswerHighContrast(HIGHCONTRASTW* contrast)
+{
+    if (contrast->cbSize != sizeof(HIGHCONTRASTW)) {
+        return FALSE;
+    }
+    contrast->dwFlags = HCF_AVAILABLE | (Current().highContrast ? HCF_HIGHCONTRASTON : 0U);
+    contrast->lpszDefaultScheme = nullptr;
     return TRUE;
 }
 
@@ -275,6 +292,7 @@ BOOL WINAPI SystemParametersInfoW(UINT action, UINT, PVOID to, UINT)
     case SPI_GETWORKAREA:
         return Answer(to, RECT{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
     case SPI_GETNONCLIENTMETRICS: return AnswerNonClientMetrics(static_cast<NONCLIENTMETRICSW*>(to));
+    case SPI_GETHIGHCONTRAST: return AnswerHighContrast(static_cast<HIGHCONTRASTW*>(to));
     case SPI_GETICONTITLELOGFONT: return Answer(to, UserInterfaceFont(9));
     case SPI_GETCARETWIDTH: return Answer(to, DWORD{1});
     case SPI_GETMENUSHOWDELAY:

@@ -76,8 +76,9 @@ struct Window : std::enable_shared_from_this<Window>
     Area invalid; // of the client area, in client coordinates
     bool frameInvalid = false;
     bool eraseInvalid = false;
-    bool sizePending = false;    // WM_SIZE and WM_MOVE are due with the first showing
-    int failedPaints = 0;        // BeginPaints in a row, since a loop last had nothing else to do
+    bool sizePending = false; // WM_SIZE and WM_MOVE are due with the first showing
+    int failedPaints = 0;     // BeginPaints in a row, since a loop last had nothing else to do
+    bool darkCaption = false;
     bool noInputContext = false; // no input method composes in it
     bool beingDestroyed = false;
     bool alive = true;

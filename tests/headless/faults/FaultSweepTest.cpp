@@ -224,6 +224,15 @@ protected:
     Lines m_healed, m_anew;
 };
 
+class DarkScheme
+{
+public:
+    DarkScheme() { gesso::SetColorScheme(gesso::ColorScheme::Dark); }
+    ~DarkScheme() { gesso::SetColorScheme(gesso::ColorScheme::Light); }
+    DarkScheme(const DarkScheme&) = delete;
+    DarkScheme& operator=(const DarkScheme&) = delete;
+};
+
 TYPED_TEST_SUITE(FaultSweep, AllControls::Types);
 
 TYPED_TEST(FaultSweep, LosesNothingAndTheControlWorksAgain)
@@ -235,6 +244,13 @@ TYPED_TEST(FaultSweep, LosesNothingInModernEither)
 {
     const Modern modern;
     this->SweepAll(" in Modern");
+}
+
+// Where the library draws by itself.
+TYPED_TEST(FaultSweep, LosesNothingInDarkEither)
+{
+    const DarkScheme dark;
+    this->SweepAll(" in Dark");
 }
 
 using HostedListFaultSweep = FaultSweep<HostedList>;

@@ -1,0 +1,185 @@
+// Push buttons, command links, and the boxes of check boxes and radio buttons.
+
+#include <gesso/framework/FlatPart.h>
+#include <gesso/framework/FlatShapes.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+constexpr int STATES_PER_CHECK = 4;
+constexpr int CORNER = 7; // of buttons, in half pixels
+constexpr int BOX_CORNER = 5;
+
+enum class Check
+{
+    None,
+    Full,
+    Mixed
+};
+
+Check CheckOfState(int nState)
+{
+    return static_cast<Check>(std::clamp((nState - 1) / STATES_PER_CHECK, 0, 2));
+}
+
+int PressOfState(int nState)
+{
+    return (nState - 1) % STATES_PER_CHECK + 1;
+}
+
+BoxLook ButtonLook(int nState)
+{
+    switch (nState) {
+    case PBS_HOT: return {ColorOf(Color::ButtonHotFace), ColorOf(Color::ButtonEdge)};
+    case PBS_PRESSED: return {ColorOf(Color::ButtonPressedFace), ColorOf(Color::ButtonEdge)};
+    case PBS_DISABLED: return {ColorOf(Color::ButtonDisabledFace), ColorOf(Color::ButtonDisabledEdge)};
+    case PBS_DEFAULTED: return {ColorOf(Color::ButtonFace), ColorOf(ColorRole::Accent), 2};
+    default: return {ColorOf(Color::ButtonFace), ColorOf(Color::ButtonEdge)};
+    }
+}
+
+void DrawPushButton(HDC hdc, const RECT& rc, int nState)
+{
+    if (IsContrast()) {
+        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), nState);
+    } else {
+        DrawRoundBox(hdc, rc, ButtonLook(nState), CORNER, ColorOf(ColorRole::Panel));
+    }
+}
+
+// A link has no face before the pointer comes.
+void DrawLink(HDC hdc, const RECT& rc, int nState)
+{
+    const bool fFace = nState == PBS_HOT || nState == PBS_PRESSED || nState == PBS_DEFAULTED;
+    if (IsContrast() || fFace) {
+        DrawPushButton(hdc, rc, nState);
+    }
+}
+
+void DrawLinkGlyph(HDC hdc, const RECT& rc, int nState)
+{
+    const COLORREF cr = nState == PBS_DISABLED ? ColorOf(ColorRole::DisabledText)
+                        : IsContrast()         ? ColorOf(ColorRole::PanelText)
+                                               : ColorOf(ColorRole::Accent);
+    DrawArrow(hdc, rc, Pointing::Right, std::clamp<int>((rc.right - rc.left) / 3, 3, 14), cr);
+}
+
+void DrawBack(HDC hdc, const RECT& rc, int nState)
+{
+    const RECT rcDisc = SquareIn(rc, std::min(rc.right - rc.left, rc.bottom - rc.top));
+    if (IsContrast()) {
+        DrawContrastBox(hdc, rcDisc, ColorOf(Color::ButtonFace), nState);
+    } else if (nState != PBS_DISABLED) {
+        DrawRoundBox(hdc, rcDisc, ButtonLook(nState), rcDisc.right - rcDisc.left, ColorOf(ColorRole::Panel));
+    }
+    DrawArrow(hdc, rcDisc, Pointing::Left, std::clamp<int>((rcDisc.right - rcDisc.left) / 4, 2, 14),
+              ColorOf(nState == PBS_DISABLED ? ColorRole::DisabledText : ColorRole::PanelText));
+}
+
+// The faces of a box by how far it is pressed, without a mark and with one.
+BoxLook LookOfBox(Check check, int nPress)
+{
+    if (nPress == PBS_DISABLED) {
+        const bool fMark = check != Check::None && !IsContrast();
+        return {ColorOf(fMark ? Color::MarkDisabledFace : Color::BoxFace), ColorOf(Color::BoxDisabledEdge)};
+    }
+    if (check != Check::None && !IsContrast()) {
+        const COLORREF cr = ColorOf(nPress == PBS_HOT       ? Color::MarkHotFace
+                                    : nPress == PBS_PRESSED ? Color::MarkPressedFace
+                                                            : Color::MarkFace);
+        return {cr, cr};
+    }
+    const int nEdge = !IsContrast() ? 1 : nPress == PBS_PRESSED ? 3 : nPress == PBS_HOT ? 2 : 1;
+    return {ColorOf(nPress == PBS_HOT       ? Color::BoxHotFace
+                    : nPress == PBS_PRESSED ? Color::BoxPressedFace
+                                            : Color::BoxFace),
+            ColorOf(Color::BoxEdge), nEdge};
+}
+
+COLORREF MarkColor(int nPress)
+{
+    if (nPress == PBS_DISABLED) {
+        return ColorOf(Color::MarkDisabled);
+    }
+    return IsContrast() ? ColorOf(ColorRole::WindowText) : ColorOf(Color::Mark);
+}
+
+void DrawCheckBox(HDC hdc, const RECT& rc, Check check, int nPress)
+{
+    const BoxLook look = LookOfBox(check, nPress);
+    if (!IsContrast()) {
+        DrawRoundBox(hdc, rc, look, BOX_CORNER, ColorOf(ColorRole::Panel));
+    } else {
+        FillColor(hdc, rc, look.crFace);
+        nPress == PBS_DISABLED ? DashFrameColor(hdc, rc, look.crEdge)
+                               : FrameColor(hdc, rc, look.crEdge, look.nEdge);
+    }
+    const int nSide = rc.right - rc.left;
+    if (check == Check::Full) {
+        DrawCheckMark(hdc, rc, MarkColor(nPress));
+    } else if (check == Check::Mixed) {
+        const int nInset = std::max(nSide / 4, 1);
+        const int nThick = std::max(nSide / 6, 2);
+        const LONG y = rc.top + (nSide - nThick) / 2;
+        FillColor(hdc, {rc.left + nInset, y, rc.right - nInset, y + nThick}, MarkColor(nPress));
+    }
+}
+
+// As the dashes of a box do it.
+void BreakRing(HDC hdc, const RECT& rc, COLORREF cr)
+{
+    const int nGap = (rc.right - rc.left) / 3;
+    FillColor(hdc, {rc.left + nGap, rc.top, rc.right - nGap, rc.top + 1}, cr);
+    FillColor(hdc, {rc.left + nGap, rc.bottom - 1, rc.right - nGap, rc.bottom}, cr);
+    FillColor(hdc, {rc.left, rc.top + nGap, rc.left + 1, rc.bottom - nGap}, cr);
+    FillColor(hdc, {rc.right - 1, rc.top + nGap, rc.right, rc.bottom - nGap}, cr);
+}
+
+void DrawRadio(HDC hdc, const RECT& rc, Check check, int nPress)
+{
+    const BoxLook look = LookOfBox(check, nPress);
+    const int nSide = rc.right - rc.left;
+    const COLORREF crDot = MarkColor(nPress);
+    const RECT rcDot = Deflated(rc, (nSide + 1) / 3, (nSide + 1) / 3);
+    if (IsContrast()) {
+        DrawPlainDisc(hdc, rc, look);
+        if (nPress == PBS_DISABLED) {
+            BreakRing(hdc, rc, look.crFace);
+        }
+    } else {
+        DrawRoundBox(hdc, rc, look, nSide, ColorOf(ColorRole::Panel));
+    }
+    if (check == Check::None) {
+        return;
+    }
+    if (IsContrast()) {
+        DrawPlainDisc(hdc, rcDot, {crDot, crDot});
+    } else {
+        DrawRoundBox(hdc, rcDot, {crDot, crDot}, rcDot.right - rcDot.left, look.crFace);
+    }
+}
+
+} // namespace
+
+void DrawFlatButton(HDC hdc, const FlatPart& part, const RECT& rc)
+{
+    switch (part.plain) {
+    case PlainPart::CommandLink: DrawLink(hdc, rc, part.nState); break;
+    case PlainPart::CommandLinkGlyph: DrawLinkGlyph(hdc, rc, part.nState); break;
+    case PlainPart::BackButton: DrawBack(hdc, rc, part.nState); break;
+    default: DrawPushButton(hdc, rc, part.nState); break;
+    }
+}
+
+void DrawFlatCheck(HDC hdc, const FlatPart& part, const RECT& rc)
+{
+    const RECT rcBox = SquareIn(rc, std::min(rc.right - rc.left, rc.bottom - rc.top));
+    const Check check = CheckOfState(part.nState);
+    const int nPress = PressOfState(part.nState);
+    part.plain == PlainPart::CheckBox ? DrawCheckBox(hdc, rcBox, check, nPress)
+                                      : DrawRadio(hdc, rcBox, check, nPress);
+}
+
+} // namespace gesso

@@ -1,0 +1,254 @@
+#include <gesso/framework/FlatPart.h>
+#include <gesso/framework/FlatShapes.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+// Nothing shows so far away, and what is added to a place that is nearer stays in its range.
+constexpr LONG FARTHEST = 0xFFFFFF;
+
+RECT Near(const RECT& rc)
+{
+    const auto bounded = [](LONG n) { return std::clamp(n, -FARTHEST, FARTHEST); };
+    return {bounded(rc.left), bounded(rc.top), bounded(rc.right), bounded(rc.bottom)};
+}
+
+void DrawField(HDC hdc, const RECT& rc, int nState, bool fFace)
+{
+    const bool fDisabled = nState == CBXS_DISABLED;
+    if (fFace) {
+        FillColor(hdc, rc, ColorOf(fDisabled ? Color::FieldDisabledFace : Color::FieldFace));
+    }
+    const Color edge = fDisabled                ? Color::FieldDisabledEdge
+                       : nState == CBXS_PRESSED ? Color::FieldFocusEdge
+                       : nState == CBXS_HOT     ? Color::FieldHotEdge
+                                                : Color::FieldEdge;
+    if (IsContrast() && fDisabled) {
+        DashFrameColor(hdc, rc, ColorOf(edge));
+    } else {
+        const int nWidth = !IsContrast() ? 1 : nState == CBXS_PRESSED ? 3 : nState == CBXS_HOT ? 2 : 1;
+        FrameColor(hdc, rc, ColorOf(edge), nWidth);
+    }
+}
+
+bool IsDisabledBackground(const FlatPart& part)
+{
+    constexpr int BACKGROUND_DISABLED = 3;
+    return part.nState == (part.nPart == EP_BACKGROUND ? BACKGROUND_DISABLED : int{EPSN_DISABLED});
+}
+
+void DrawDropDown(HDC hdc, const RECT& rc, int nState)
+{
+    const bool fDisabled = nState == CBXS_DISABLED;
+    if (!IsContrast() && (nState == CBXS_HOT || nState == CBXS_PRESSED)) {
+        FillColor(hdc, Deflated(rc, 1, 1),
+                  ColorOf(nState == CBXS_HOT ? Color::ButtonHotFace : Color::ButtonPressedFace));
+    }
+    const int nReach = std::clamp<int>((rc.right - rc.left) / 4, 2, 12);
+    DrawChevron(hdc, rc, Pointing::Down, nReach,
+                ColorOf(fDisabled ? ColorRole::DisabledText : ColorRole::WindowText));
+}
+
+// Which row states have which of a ground, a mark and a frame.
+struct RowLook
+{
+    bool fSelected, fFocused, fHot;
+};
+
+RowLook LookOfRow(int nState)
+{
+    return {nState == LISS_SELECTED || nState == LISS_HOTSELECTED || nState == LISS_SELECTEDNOTFOCUS,
+            nState != LISS_SELECTEDNOTFOCUS, nState == LISS_HOT || nState == LISS_HOTSELECTED};
+}
+
+ColorRole TextOfRow(int nState)
+{
+    const RowLook look = LookOfRow(nState);
+    if (look.fSelected) {
+        return look.fFocused ? ColorRole::SelectionText : ColorRole::InactiveSelectionText;
+    }
+    return nState == LISS_DISABLED ? ColorRole::DisabledText : ColorRole::WindowText;
+}
+
+void DrawRow(HDC hdc, const RECT& rc, int nState)
+{
+    const RowLook look = LookOfRow(nState);
+    if (look.fSelected) {
+        FillColor(hdc, rc, ColorOf(look.fFocused ? ColorRole::Selection : ColorRole::InactiveSelection));
+    } else if (look.fHot) {
+        FillColor(hdc, rc, ColorOf(ColorRole::HotRow));
+    }
+    const int nMark = std::clamp<int>((rc.bottom - rc.top) / 7, 2, 8);
+    if (!IsContrast()) {
+        if (look.fSelected && look.fFocused) {
+            FillColor(hdc, {rc.left, rc.top, rc.left + nMark, rc.bottom}, ColorOf(ColorRole::Accent));
+        }
+        return;
+    }
+    const COLORREF crText = ColorOf(TextOfRow(nState));
+    if (look.fSelected) {
+        FillColor(hdc, {rc.left, rc.top, rc.left + nMark, rc.bottom}, crText);
+    }
+    if (look.fHot) {
+        FrameColor(hdc, rc, crText, 1);
+    } else if (look.fSelected && !look.fFocused) {
+        DashFrameColor(hdc, rc, crText);
+    }
+}
+
+void DrawHeaderItem(HDC hdc, const RECT& rc, int nState)
+{
+    const bool fPressed = nState == HIS_PRESSED || nState == HIS_SORTEDPRESSED;
+    const bool fHot = nState == HIS_HOT || nState == HIS_SORTEDHOT;
+    FillColor(hdc, rc,
+              fPressed ? ColorOf(Color::HeaderPressedFace)
+              : fHot   ? ColorOf(Color::HeaderHotFace)
+                       : ColorOf(ColorRole::Header));
+    const COLORREF crLine = ColorOf(ColorRole::Line);
+    FillColor(hdc, {rc.left, rc.bottom - 1, rc.right, rc.bottom}, crLine);
+    if (nState != 0) { // the rest behind the last column
+        FillColor(hdc, {rc.right - 1, rc.top, rc.right, rc.bottom - 1}, crLine);
+    }
+    if (IsContrast() && (fHot || fPressed)) {
+        FrameColor(hdc, rc, ColorOf(ColorRole::HeaderText), fPressed ? 3 : 2);
+    }
+}
+
+void DrawPane(HDC hdc, const RECT& rc)
+{
+    FillColor(hdc, rc, ColorOf(ColorRole::Window));
+    FrameColor(hdc, rc, ColorOf(Color::PaneEdge), 1);
+}
+
+void DrawProgress(HDC hdc, const RECT& rc)
+{
+    FillColor(hdc, rc, ColorOf(Color::ProgressTrack));
+    FrameColor(hdc, rc, ColorOf(ColorRole::Border), 1);
+}
+
+void DrawFooter(HDC hdc, const RECT& rc)
+{
+    FillColor(hdc, rc, ColorOf(Color::DialogFooter));
+    FillColor(hdc, {rc.left, rc.top, rc.right, rc.top + 1}, ColorOf(ColorRole::Line));
+}
+
+// In the colour of the row's text, which the context has.
+void DrawTreeGlyph(HDC hdc, const FlatPart& part, const RECT& rc)
+{
+    const bool fOpen = part.nState == GLPS_OPENED;
+    const int nReach = std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 12);
+    const bool fAccent = part.nPart == TVP_HOTGLYPH && !IsContrast();
+    const COLORREF cr = fAccent ? ColorOf(ColorRole::Accent) : GetTextColor(hdc);
+    DrawChevron(hdc, rc, fOpen ? Pointing::Down : Pointing::Right, nReach, cr);
+    if (part.nPart == TVP_HOTGLYPH && IsContrast()) {
+        FrameColor(hdc, SquareIn(rc, 4 * nReach), cr, 1);
+    }
+}
+
+} // namespace
+
+void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState)
+{
+    FillColor(hdc, rc, crFace);
+    switch (nState) {
+    case PBS_DISABLED: DashFrameColor(hdc, rc, ColorOf(ColorRole::DisabledText)); break;
+    case PBS_DEFAULTED: // two lines
+        FrameColor(hdc, Deflated(rc, 2, 2), ColorOf(ColorRole::PanelText), 1);
+        FrameColor(hdc, rc, ColorOf(ColorRole::PanelText), 1);
+        break;
+    default:
+        FrameColor(hdc, rc, ColorOf(ColorRole::PanelText),
+                   nState == PBS_PRESSED ? 3
+                   : nState == PBS_HOT   ? 2
+                                         : 1);
+        break;
+    }
+}
+
+void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rcPart)
+{
+    const RECT rc = Near(rcPart);
+    switch (part.plain) {
+    case PlainPart::PushButton:
+    case PlainPart::CommandLink:
+    case PlainPart::CommandLinkGlyph:
+    case PlainPart::BackButton: DrawFlatButton(hdc, part, rc); break;
+    case PlainPart::CheckBox:
+    case PlainPart::RadioButton: DrawFlatCheck(hdc, part, rc); break;
+    case PlainPart::ScrollTrack:
+    case PlainPart::ScrollArrow:
+    case PlainPart::ScrollThumb:
+    case PlainPart::ScrollGripper: DrawFlatBar(hdc, part, rc); break;
+    case PlainPart::EntryField: DrawField(hdc, rc, part.nState, true); break;
+    case PlainPart::EditBorder: DrawField(hdc, rc, part.nState, false); break;
+    case PlainPart::EditBackground:
+        FillColor(hdc, rc, ColorOf(IsDisabledBackground(part) ? Color::FieldDisabledFace : Color::FieldFace));
+        break;
+    case PlainPart::DropDownButton: DrawDropDown(hdc, rc, part.nState); break;
+    case PlainPart::ProgressBar: DrawProgress(hdc, rc); break;
+    case PlainPart::ProgressFill: FillColor(hdc, rc, ColorOf(ColorRole::Accent)); break;
+    case PlainPart::ItemView: DrawPane(hdc, rc); break;
+    case PlainPart::Row: DrawRow(hdc, rc, part.nState); break;
+    case PlainPart::TreeGlyph: DrawTreeGlyph(hdc, part, rc); break;
+    case PlainPart::HeaderItem: DrawHeaderItem(hdc, rc, part.nState); break;
+    case PlainPart::SortArrow:
+        DrawTriangle(hdc, rc, part.nState == HSAS_SORTEDUP ? Pointing::Up : Pointing::Down,
+                     std::clamp<int>((rc.bottom - rc.top) / 2 + 1, 2, 8), ColorOf(ColorRole::HeaderText));
+        break;
+    case PlainPart::DialogPanel: FillColor(hdc, rc, ColorOf(Color::DialogPane)); break;
+    case PlainPart::DialogFooter: DrawFooter(hdc, rc); break;
+    case PlainPart::DialogText: break;
+    }
+}
+
+COLORREF FlatTextColor(const FlatPart& part)
+{
+    constexpr int STATES_PER_CHECK = 4;
+    switch (part.plain) {
+    case PlainPart::CheckBox:
+    case PlainPart::RadioButton:
+        return ColorOf(part.nState % STATES_PER_CHECK == 0 ? ColorRole::DisabledText : ColorRole::PanelText);
+    case PlainPart::PushButton:
+    case PlainPart::CommandLink:
+        return part.nState == PBS_DISABLED  ? ColorOf(ColorRole::DisabledText)
+               : part.nState == PBS_PRESSED ? ColorOf(Color::ButtonPressedText)
+                                            : ColorOf(ColorRole::PanelText);
+    case PlainPart::Row: return ColorOf(TextOfRow(part.nState));
+    case PlainPart::HeaderItem: return ColorOf(ColorRole::HeaderText);
+    default: return ColorOf(ColorRole::PanelText);
+    }
+}
+
+bool IsFlatOpaque(const FlatPart& part)
+{
+    switch (part.plain) {
+    case PlainPart::EntryField:
+    case PlainPart::EditBackground:
+    case PlainPart::ItemView:
+    case PlainPart::ProgressBar:
+    case PlainPart::ProgressFill:
+    case PlainPart::ScrollTrack:
+    case PlainPart::HeaderItem:
+    case PlainPart::DialogPanel:
+    case PlainPart::DialogFooter: return true;
+    default: return false;
+    }
+}
+
+void DrawFocusFrame(HDC hdc, const RECT& rc, COLORREF crText)
+{
+    if (IsDrawnFlat()) {
+        FrameColor(hdc, Near(rc), crText, IsContrast() ? 2 : 1);
+    } else {
+        DrawFocusRect(hdc, &rc);
+    }
+}
+
+void DrawFocusFrame(HDC hdc, const RECT& rc)
+{
+    DrawFocusFrame(hdc, rc, IsDrawnFlat() ? ColorOf(Color::FocusFrame) : 0);
+}
+
+} // namespace gesso

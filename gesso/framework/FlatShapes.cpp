@@ -1,0 +1,279 @@
+#include <gesso/framework/FlatShapes.h>
+#include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/Palette.h>
+#include <gesso/framework/Saturate.h>
+
+#include <algorithm>
+
+namespace gesso {
+namespace {
+
+// A pixel is looked at in so many places each way.
+constexpr int SAMPLES = 4;
+// Distances are counted in these parts of a pixel, so that the middles of the places are whole.
+constexpr int UNITS = 2 * SAMPLES;
+
+int64_t Square(int64_t n)
+{
+    return n * n;
+}
+
+// A box with round corners, from 0, 0, in units.
+struct RoundBox
+{
+    int64_t cx, cy, nRadius;
+
+    bool Has(int64_t x, int64_t y, int64_t nInset) const
+    {
+        if (x < nInset || y < nInset || x > cx - nInset || y > cy - nInset) {
+            return false;
+        }
+        const int64_t dx = std::max({nRadius - x, x - (cx - nRadius), int64_t{0}});
+        const int64_t dy = std::max({nRadius - y, y - (cy - nRadius), int64_t{0}});
+        return dx == 0 || dy == 0 ||
+               Square(dx) + Square(dy) <= Square(std::max<int64_t>(nRadius - nInset, 0));
+    }
+};
+
+// How many places of a pixel are in the box, and how many within its edge.
+struct Coverage
+{
+    int nBox = 0;
+    int nFace = 0;
+};
+
+constexpr int ALL = SAMPLES * SAMPLES;
+
+Coverage CoverageAt(const RoundBox& box, int nEdge, int x, int y)
+{
+    Coverage coverage;
+    for (int j = 0; j < SAMPLES; ++j) {
+        for (int i = 0; i < SAMPLES; ++i) {
+            const int64_t xAt = int64_t{x} * UNITS + 2 * i + 1;
+            const int64_t yAt = int64_t{y} * UNITS + 2 * j + 1;
+            coverage.nBox += box.Has(xAt, yAt, 0);
+            coverage.nFace += box.Has(xAt, yAt, int64_t{nEdge} * UNITS);
+        }
+    }
+    return coverage;
+}
+
+BYTE Mix(BYTE around, BYTE edge, BYTE face, const Coverage& coverage)
+{
+    const int nSum =
+        around * (ALL - coverage.nBox) + edge * (coverage.nBox - coverage.nFace) + face * coverage.nFace;
+    return static_cast<BYTE>((nSum + ALL / 2) / ALL);
+}
+
+// What a pixel at the rim is filled with; CLR_INVALID for nothing.
+class Rim
+{
+public:
+    Rim(const BoxLook& look, const COLORREF* pcrAround) : m_look(look), m_pcrAround(pcrAround) {}
+
+    COLORREF ColorOf(const Coverage& coverage) const
+    {
+        if (!m_pcrAround) { // one or the other
+            return coverage.nFace * 2 >= ALL  ? m_look.crFace
+                   : coverage.nBox * 2 >= ALL ? m_look.crEdge
+                                              : CLR_INVALID;
+        }
+        if (coverage.nBox == 0) {
+            return CLR_INVALID;
+        }
+        const COLORREF a = *m_pcrAround, e = m_look.crEdge, f = m_look.crFace;
+        return RGB(Mix(GetRValue(a), GetRValue(e), GetRValue(f), coverage),
+                   Mix(GetGValue(a), GetGValue(e), GetGValue(f), coverage),
+                   Mix(GetBValue(a), GetBValue(e), GetBValue(f), coverage));
+    }
+
+private:
+    const BoxLook& m_look;
+    const COLORREF* m_pcrAround;
+};
+
+// The pixels of a row from one to another, as few rectangles as they have shades.
+void DrawRimPixels(HDC hdc, const RECT& rc, const RoundBox& box, int nEdge, const Rim& rim, POINT from,
+                   int xTo)
+{
+    int xStart = from.x;
+    COLORREF crRun = CLR_INVALID;
+    for (int x = from.x; x <= xTo; ++x) {
+        const COLORREF cr = x < xTo ? rim.ColorOf(CoverageAt(box, nEdge, x, from.y)) : CLR_INVALID;
+        if (cr == crRun && x < xTo) {
+            continue;
+        }
+        if (crRun != CLR_INVALID) {
+            FillColor(hdc, {rc.left + xStart, rc.top + from.y, rc.left + x, rc.top + from.y + 1}, crRun);
+        }
+        xStart = x;
+        crRun = cr;
+    }
+}
+
+void DrawBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, const COLORREF* pcrAround)
+{
+    const int cx = rc.right - rc.left, cy = rc.bottom - rc.top;
+    if (cx <= 0 || cy <= 0) {
+        return;
+    }
+    // The corners, of which two may share their middle row or column, and what lies between them.
+    constexpr int MOST_RADIUS = 256; // what is larger is not worth its pixels
+    const int nRadius = std::min({nRadius2, cx, cy, MOST_RADIUS});
+    const int nCorner = (nRadius + 1) / 2;
+    const RoundBox box{int64_t{cx} * UNITS, int64_t{cy} * UNITS, int64_t{nRadius} * UNITS / 2};
+    const Rim rim(look, pcrAround);
+    const int xRight = std::max(cx - nCorner, nCorner);
+    const int yBottom = std::max(cy - nCorner, nCorner);
+    for (int y = 0; y < cy; y = y + 1 == nCorner ? std::max(yBottom, y + 1) : y + 1) {
+        DrawRimPixels(hdc, rc, box, look.nEdge, rim, {0, y}, nCorner);
+        DrawRimPixels(hdc, rc, box, look.nEdge, rim, {xRight, y}, cx);
+    }
+    const RECT rcDown{rc.left + nCorner, rc.top, rc.left + xRight, rc.bottom};
+    FillColor(hdc, {rcDown.left, rc.top, rcDown.right, rc.top + look.nEdge}, look.crEdge);
+    FillColor(hdc, {rcDown.left, rc.bottom - look.nEdge, rcDown.right, rc.bottom}, look.crEdge);
+    FillColor(hdc, {rcDown.left, rc.top + look.nEdge, rcDown.right, rc.bottom - look.nEdge}, look.crFace);
+    const LONG yFrom = rc.top + nCorner, yTo = rc.top + yBottom;
+    for (const LONG x : {rc.left, rc.left + xRight}) {
+        const LONG xEdge = x == rc.left ? x : rc.right - look.nEdge;
+        const LONG xFace = x == rc.left ? x + look.nEdge : x;
+        FillColor(hdc, {xEdge, yFrom, xEdge + look.nEdge, yTo}, look.crEdge);
+        FillColor(hdc, {xFace, yFrom, x == rc.left ? rcDown.left : xEdge, yTo}, look.crFace);
+    }
+}
+
+POINT MiddleOf(const RECT& rc)
+{
+    return {static_cast<LONG>((int64_t{rc.left} + rc.right) / 2),
+            static_cast<LONG>((int64_t{rc.top} + rc.bottom) / 2)};
+}
+
+// A rectangle of a glyph that points down, around its middle, turned to where it is to point.
+void FillTurned(HDC hdc, POINT pt, Pointing pointing, const RECT& rc, COLORREF cr)
+{
+    RECT rcAt{};
+    switch (pointing) {
+    case Pointing::Down: rcAt = rc; break;
+    case Pointing::Up: rcAt = {rc.left, -rc.bottom + 1, rc.right, -rc.top + 1}; break;
+    case Pointing::Right: rcAt = {rc.top, rc.left, rc.bottom, rc.right}; break;
+    case Pointing::Left: rcAt = {-rc.bottom + 1, rc.left, -rc.top + 1, rc.right}; break;
+    }
+    FillColor(hdc, {pt.x + rcAt.left, pt.y + rcAt.top, pt.x + rcAt.right, pt.y + rcAt.bottom}, cr);
+}
+
+} // namespace
+
+void FillColor(HDC hdc, const RECT& rc, COLORREF cr)
+{
+    if (rc.left >= rc.right || rc.top >= rc.bottom) {
+        return;
+    }
+    if (const HBRUSH hKept = KeptBrush(cr)) {
+        FillRect(hdc, &rc, hKept);
+        return;
+    }
+    BrushHandle brush;
+    brush.Reset(CreateSolidBrush(cr));
+    FillRect(hdc, &rc, brush);
+}
+
+void FrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth)
+{
+    const RECT rcInside = Deflated(rc, nWidth, nWidth);
+    if (rcInside.left >= rcInside.right || rcInside.top >= rcInside.bottom) {
+        FillColor(hdc, rc, cr);
+        return;
+    }
+    FillColor(hdc, {rc.left, rc.top, rc.right, rcInside.top}, cr);
+    FillColor(hdc, {rc.left, rcInside.bottom, rc.right, rc.bottom}, cr);
+    FillColor(hdc, {rc.left, rcInside.top, rcInside.left, rcInside.bottom}, cr);
+    FillColor(hdc, {rcInside.right, rcInside.top, rc.right, rcInside.bottom}, cr);
+}
+
+void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr)
+{
+    constexpr int DASH = 3, STEP = 5, MOST_DASHES = 400;
+    const auto step = [=](LONG nLength) { return std::max<LONG>(STEP, nLength / MOST_DASHES); };
+    for (LONG x = rc.left; x < rc.right; x += step(rc.right - rc.left)) {
+        const LONG xEnd = std::min<LONG>(x + DASH, rc.right);
+        FillColor(hdc, {x, rc.top, xEnd, rc.top + 1}, cr);
+        FillColor(hdc, {x, rc.bottom - 1, xEnd, rc.bottom}, cr);
+    }
+    for (LONG y = rc.top; y < rc.bottom; y += step(rc.bottom - rc.top)) {
+        const LONG yEnd = std::min<LONG>(y + DASH, rc.bottom);
+        FillColor(hdc, {rc.left, y, rc.left + 1, yEnd}, cr);
+        FillColor(hdc, {rc.right - 1, y, rc.right, yEnd}, cr);
+    }
+}
+
+void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround)
+{
+    DrawBox(hdc, rc, look, nRadius2, &crAround);
+}
+
+void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look)
+{
+    DrawBox(hdc, rc, look, std::min(rc.right - rc.left, rc.bottom - rc.top), nullptr);
+}
+
+void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr)
+{
+    const POINT pt = MiddleOf(rc);
+    const int nTop = -(nReach + 1) / 2;
+    for (int i = -nReach; i <= nReach; ++i) {
+        const int y = nTop + nReach - std::abs(i);
+        FillTurned(hdc, pt, pointing, {i, y, i + 1, y + 2}, cr);
+    }
+}
+
+void DrawTriangle(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr)
+{
+    const POINT pt = MiddleOf(rc);
+    const int nTop = -nReach / 2;
+    for (int i = 0; i <= nReach; ++i) {
+        FillTurned(hdc, pt, pointing, {i - nReach, nTop + i, nReach - i + 1, nTop + i + 1}, cr);
+    }
+}
+
+void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr)
+{
+    const POINT pt = MiddleOf(rc);
+    const int nHead = (nReach + 1) / 2 + 1;
+    FillTurned(hdc, pt, pointing, {0, -nReach, 1, nReach + 1}, cr);
+    for (int i = -nHead; i <= nHead; ++i) {
+        const int y = nReach - std::abs(i);
+        FillTurned(hdc, pt, pointing, {i, y - 1, i + 1, y + 1}, cr);
+    }
+}
+
+// A short leg down and a long one up, a step a pixel.
+void DrawCheckMark(HDC hdc, const RECT& rc, COLORREF cr)
+{
+    const int nSide = std::min(rc.right - rc.left, rc.bottom - rc.top);
+    const int nShort = std::max(nSide * 2 / 13, 1);
+    const int nLong = std::max(nSide * 5 / 13 - 1, 2);
+    const int nThick = std::max((nSide + 4) / 8, 2);
+    const int xStart = rc.left + (nSide - nShort - nLong - 1) / 2;
+    const int yStart = rc.top + (nSide - nThick) / 2 + (nLong - nShort) / 2;
+    for (int i = 0; i <= nShort + nLong; ++i) {
+        const int y = i <= nShort ? yStart + i : yStart + 2 * nShort - i;
+        FillColor(hdc, {xStart + i, y, xStart + i + 1, y + nThick}, cr);
+    }
+}
+
+RECT Deflated(const RECT& rc, int cx, int cy)
+{
+    return {Saturated(int64_t{rc.left} + cx), Saturated(int64_t{rc.top} + cy),
+            Saturated(int64_t{rc.right} - cx), Saturated(int64_t{rc.bottom} - cy)};
+}
+
+RECT SquareIn(const RECT& rc, int nSide)
+{
+    const int64_t cx = int64_t{rc.right} - rc.left, cy = int64_t{rc.bottom} - rc.top;
+    const int64_t n = std::max<int64_t>(std::min({int64_t{nSide}, cx, cy}), 0);
+    const auto x = static_cast<LONG>(rc.left + (cx - n) / 2);
+    const auto y = static_cast<LONG>(rc.top + (cy - n) / 2);
+    return {x, y, Saturated(x + n), Saturated(y + n)};
+}
+
+} // namespace gesso

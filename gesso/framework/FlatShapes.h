@@ -1,0 +1,47 @@
+// What the parts that the library draws by itself are made of: filled rectangles, and nothing else.
+#pragma once
+
+#include <gesso/framework/Colors.h>
+
+namespace gesso {
+
+void FillColor(HDC hdc, const RECT& rc, COLORREF cr);
+// Inside the rectangle, so many pixels wide; of more than its half it is filled.
+void FrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth);
+// The same of dashes, a pixel wide.
+void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr);
+
+struct BoxLook
+{
+    COLORREF crFace;
+    COLORREF crEdge;
+    int nEdge = 1; // its width
+};
+
+// A box with round corners of a radius in half pixels, whose edges go over into what is around it. A radius
+// of its whole side makes a disc of it.
+void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround);
+// The same in the shades given alone, none between them.
+void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look);
+
+enum class Pointing
+{
+    Up,
+    Down,
+    Left,
+    Right
+};
+
+// In the middle of the rectangle; nReach is from its middle to its ends.
+void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
+void DrawTriangle(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
+void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
+// As large as a box of the rectangle's size takes it.
+void DrawCheckMark(HDC hdc, const RECT& rc, COLORREF cr);
+
+// A rectangle less so many pixels on each side.
+RECT Deflated(const RECT& rc, int cx, int cy);
+// A square of at most a side, in the middle of a rectangle.
+RECT SquareIn(const RECT& rc, int nSide);
+
+} // namespace gesso
