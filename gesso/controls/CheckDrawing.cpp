@@ -96,7 +96,8 @@ void DrawCheck(HDC hdc, RECT rc, const CheckContent& content, int nPart, PlainPa
 {
     const int nState =
         PressState(content.dwState, content.dwStyle) + STATES_PER_CHECK * CheckOf(content.dwState);
-    const ThemePart part(content.hTheme, hdc, nPart, nState, plain);
+    ThemePart part(content.hTheme, hdc, nPart, nState, plain);
+    part.In(content.hwnd);
     const TransparentScope mode(hdc);
     const SelectScope font(hdc, content.hFont);
 

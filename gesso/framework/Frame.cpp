@@ -441,8 +441,8 @@ bool Frame::DrawParentBackground(const GWnd& wnd, HDC hdc, RECT* prcClient)
 {
     const Watch watch(wnd);
     GetClientRect(wnd.m_hWnd, prcClient);
-    const HWND hwndParent = wnd.GetParent();
-    if (!IsMirrored(wnd.m_hWnd) || !hwndParent || IsMirrored(hwndParent)) {
+    const HWND hwndParent = IsMirrored(wnd.m_hWnd) ? GetAncestor(wnd.m_hWnd, GA_PARENT) : nullptr;
+    if (!hwndParent || IsMirrored(hwndParent)) {
         DrawThemeParentBackground(wnd.m_hWnd, hdc, prcClient);
         return watch;
     }

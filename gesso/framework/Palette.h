@@ -15,8 +15,8 @@ COLORREF ShadeOf(ColorScheme active, ColorRole role);
 COLORREF OwnShade(ColorScheme active, ColorRole role);
 void SetOwnShade(ColorScheme active, ColorRole role, COLORREF cr);
 
-// A brush that is kept as long as there are controls; not deleted by who asked. Null without controls, and where
-// there is no room to keep one.
+// A brush that is kept as long as there are controls; not deleted by who asked. Null without controls, and
+// where there is no room to keep one.
 HBRUSH KeptBrush(COLORREF cr);
 // What is kept goes, with the last control.
 void ReleaseKeptBrushes();

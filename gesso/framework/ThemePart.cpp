@@ -147,9 +147,11 @@ SIZE ThemePart::Size(HWND hwnd, const RECT* prc) const
     RECT rcBounds = prc ? *prc : RECT{};
     const HRESULT hr =
         GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE, &size);
+    if (SUCCEEDED(hr) && (GetScaling() == Scaling::None || !HasCheck(m_plain))) {
+        return size;
+    }
     const SIZE mark{SystemMetric(hwnd, SM_CXMENUCHECK), SystemMetric(hwnd, SM_CYMENUCHECK)};
-    const bool fOther = GetScaling() != Scaling::None && HasCheck(m_plain) && !IsAbout(size.cx, mark.cx);
-    return FAILED(hr) || fOther ? mark : size;
+    return FAILED(hr) || !IsAbout(size.cx, mark.cx) ? mark : size;
 }
 
 int ThemePart::BorderSize() const

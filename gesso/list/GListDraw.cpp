@@ -301,7 +301,9 @@ int GList::RowPainter::CheckBoxState(bool fChecked) const
 void GList::RowPainter::DrawCheckBox(bool fChecked, const RECT& rc) const
 {
     const int nState = CheckBoxState(fChecked);
-    ThemePart(m_list.themeButton, m_hdc, BP_CHECKBOX, nState, PlainPart::CheckBox).DrawBackground(rc);
+    ThemePart(m_list.themeButton, m_hdc, BP_CHECKBOX, nState, PlainPart::CheckBox)
+        .In(m_list.m_hWnd)
+        .DrawBackground(rc);
 }
 
 RECT GList::ContentRect(const stcColumnDrawInfo& element, const RECT& rcRow, int border) const

@@ -142,7 +142,8 @@ struct ItemPainter
     void DrawCheckBox(const Item& item, const RECT& rc, int nState) const
     {
         const int nBoxState = nState + (item.uFlags & RIF_CHECKED ? nCheckedStates : 0);
-        const ThemePart part(hTheme, hdc, BP_CHECKBOX, nBoxState, PlainPart::CheckBox);
+        ThemePart part(hTheme, hdc, BP_CHECKBOX, nBoxState, PlainPart::CheckBox);
+        part.In(hwnd);
         const int nLeft = rc.left + At(Metrics::RIBBON_BOX_LEFT);
         const RECT rcBox{nLeft, rc.top + At(Metrics::RIBBON_BOX_TOP), nLeft + part.Size(hwnd, nullptr).cx,
                          rc.bottom + At(Metrics::RIBBON_BOX_BOTTOM)};

@@ -145,6 +145,7 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
     if (m_uTreeStyle & GTS_CHECKBOXES) {
         const int nBoxState = item.uState & TIS_CHECKED ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL;
         gesso::ThemePart(m_hThemeButton, hdc, BP_CHECKBOX, nBoxState, gesso::PlainPart::CheckBox)
+            .In(m_hWnd)
             .DrawBackground(cell(cells.nCheckBox));
     }
     if (m_uTreeStyle & GTS_IMAGES) {

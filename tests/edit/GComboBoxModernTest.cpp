@@ -958,6 +958,7 @@ TEST_F(GComboBoxModernTest, WhatThePointerIsOnIsTakenThoughItWasHighlightedBefor
     Open();
     Key(VK_RETURN);
     EXPECT_EQ(TextOf(combo), "bet") << "the text leads to a row, and nobody has chosen it";
+    user::MoveMouse(0, 0); // a test before may have left it where it is to come
     Open();
     const POINT pt = RowPoint(1);
     user::MoveMouse(pt.x, pt.y);

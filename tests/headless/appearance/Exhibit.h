@@ -46,7 +46,7 @@ private:
 };
 
 // What a class shows besides its text. A class that is nothing of this shows what MakeAnyControl gives it.
-inline void Fill(GList& list)
+inline void Furnish(GList& list)
 {
     for (const LPCWSTR text : {L"Name", L"Size"}) {
         list.InsertColumn(static_cast<UINT>(-1), LCS_SORTUP, DT_SINGLELINE | DT_VCENTER, 80, 20, text, 0,
@@ -60,7 +60,7 @@ inline void Fill(GList& list)
     list.SetItemState(0, 0, LIS_SELECTED, LIS_SELECTED);
 }
 
-inline void Fill(GTree& tree)
+inline void Furnish(GTree& tree)
 {
     void* hFirst = tree.InsertItem(nullptr, nullptr, L"One", 0, TIS_HASCHILDREN | TIS_EXPANDED, nullptr);
     tree.InsertItem(hFirst, nullptr, L"Two", 0, TIS_HASCHILDREN, nullptr);
@@ -70,7 +70,7 @@ inline void Fill(GTree& tree)
     tree.SetSelectedItem(hFirst);
 }
 
-inline void Fill(GNavigationBar& bar)
+inline void Furnish(GNavigationBar& bar)
 {
     bar.InsertItem(bar.GetRootItem(), nullptr, L"Header", 0, NBIK_HEADER, nullptr);
     bar.InsertItem(bar.GetRootItem(), nullptr, L"Line", 0, NBIK_SEPARATOR, nullptr);
@@ -79,7 +79,7 @@ inline void Fill(GNavigationBar& bar)
     }
 }
 
-inline void Fill(GRibbon& ribbon)
+inline void Furnish(GRibbon& ribbon)
 {
     constexpr UINT SIZES[] = {static_cast<UINT>(RIS_LARGE) << 16};
     ribbon.AddPage(nullptr, 2, L"Other");
@@ -99,18 +99,18 @@ inline void Fill(GRibbon& ribbon)
     ribbon.GetPage(1)->InsertItem(1, 0, &box);
 }
 
-inline void Fill(GProgressBar& bar)
+inline void Furnish(GProgressBar& bar)
 {
     bar.SetProgress(50);
 }
 
-inline void Fill(GScrollbar& bar)
+inline void Furnish(GScrollbar& bar)
 {
     bar.InitScrollBar(1000);
     bar.ScrSetTotalHeight(1000);
 }
 
-inline void Fill(GWnd&) {}
+inline void Furnish(GWnd&) {}
 
 // The object that answers for a control's window: a value menu's is another than the one that makes it.
 template <class CONTROL> CONTROL& Shown(HWND hwnd)
@@ -125,7 +125,7 @@ template <class CONTROL> HWND MakeExhibit(CONTROL& control, HWND hwndParent)
         Shown<CONTROL>(hwnd).AddValue(L"Value");
         Shown<CONTROL>(hwnd).AddValue(L"Other");
     } else {
-        Fill(control);
+        Furnish(control);
     }
     SetWindowPos(hwnd, nullptr, 10, 10, 200, 140, SWP_NOZORDER);
     return hwnd;
