@@ -74,12 +74,12 @@ using SetAttribute = HRESULT(WINAPI*)(HWND, DWORD, LPCVOID, DWORD);
 // program with windows.
 SetAttribute LookUpSetAttribute()
 {
-    static constinit std::atomic<FARPROC> s_pfn = nullptr;
+    static constinit std::atomic<void*> s_pfn = nullptr;
     if (!s_pfn) {
         const HMODULE hModule = LoadLibraryW(L"dwmapi.dll");
-        s_pfn = hModule ? GetProcAddress(hModule, "DwmSetWindowAttribute") : nullptr;
+        s_pfn = hModule ? reinterpret_cast<void*>(GetProcAddress(hModule, "DwmSetWindowAttribute")) : nullptr;
     }
-    return reinterpret_cast<SetAttribute>(reinterpret_cast<void*>(s_pfn.load()));
+    return reinterpret_cast<SetAttribute>(s_pfn.load());
 }
 
 void SetDarkCaption(HWND hDlg, BOOL fDark)
