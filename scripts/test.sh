@@ -14,7 +14,7 @@ set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 ALL_STEPS=(style headless attack threads windows package msvc e2e)
-TEST_SECONDS=900 # for one test program
+TEST_SECONDS=2400 # for one test program
 LOGS=$BUILD/logs
 passed=0
 failed=0

@@ -42,6 +42,17 @@ void TakeLayout(HDC hdc, HDC hdcLike)
     }
 }
 
+void ShiftOrigin(HDC hdc, POINT pt)
+{
+    POINT ptFormer{};
+    const bool fMirrored = IsMirrored(hdc) && LPtoDP(hdc, &ptFormer, 1);
+    OffsetWindowOrgEx(hdc, pt.x, pt.y, nullptr);
+    POINT ptNow = pt;
+    if (fMirrored && LPtoDP(hdc, &ptNow, 1) && ptNow.x != ptFormer.x) {
+        OffsetWindowOrgEx(hdc, Wrapped(-2 * int64_t{pt.x}), 0, nullptr);
+    }
+}
+
 UINT KeyInLayout(HWND hwnd, UINT uKey)
 {
     if ((uKey != VK_LEFT && uKey != VK_RIGHT) || !IsMirrored(hwnd)) {

@@ -29,6 +29,10 @@ RECT ClientAsAsked(HWND hwnd, BOOL fValidRects, const RECT& rcWindow, const RECT
 // once its bitmap is selected, in which it is mirrored.
 void TakeLayout(HDC hdc, HDC hdcLike);
 
+// Has a context count so that a place comes where 0, 0 was. In a mirrored one the platform's window origin
+// may count the other way.
+void ShiftOrigin(HDC hdc, POINT pt);
+
 // Left and Right change their meaning in a mirrored window, as in the platform's controls; another key stays.
 UINT KeyInLayout(HWND hwnd, UINT uKey);
 

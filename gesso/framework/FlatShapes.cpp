@@ -58,6 +58,44 @@ Coverage CoverageAt(const RoundBox& box, int nEdge, int x, int y)
     return coverage;
 }
 
+// Whether all places of a pixel are within the edge: where those at its corners are, all between them are.
+bool IsFace(const RoundBox& box, int nEdge, int x, int y)
+{
+    const int64_t nInset = int64_t{nEdge} * UNITS;
+    const int64_t xFirst = int64_t{x} * UNITS + 1, xLast = xFirst + UNITS - 2;
+    const int64_t yFirst = int64_t{y} * UNITS + 1, yLast = yFirst + UNITS - 2;
+    return box.Has(xFirst, yFirst, nInset) && box.Has(xLast, yFirst, nInset) &&
+           box.Has(xFirst, yLast, nInset) && box.Has(xLast, yLast, nInset);
+}
+
+// The pixels of a row, from one to another, that are all face: they lie at one end of a corner.
+struct FaceRun
+{
+    FaceRun(const RoundBox& box, int nEdge, int y, int xFrom, int xTo) : xFirst(xFrom), xEnd(xTo)
+    {
+        const auto isFace = [&](int x) { return IsFace(box, nEdge, x, y); };
+        const bool fAtStart = xFrom < xTo && isFace(xFrom);
+        if (!fAtStart && (xFrom >= xTo || !isFace(xTo - 1))) {
+            xEnd = xFirst;
+            return;
+        }
+        int xLow = xFrom, xHigh = xTo;
+        while (xLow < xHigh) {
+            const int xMiddle = xLow + (xHigh - xLow) / 2;
+            if (isFace(xMiddle) == fAtStart) {
+                xLow = xMiddle + 1;
+            } else {
+                xHigh = xMiddle;
+            }
+        }
+        (fAtStart ? xEnd : xFirst) = xLow;
+    }
+    bool Has(int x) const { return x >= xFirst && x < xEnd; }
+
+    int xFirst;
+    int xEnd;
+};
+
 BYTE Mix(BYTE around, BYTE edge, BYTE face, const Coverage& coverage)
 {
     const int nSum =
@@ -96,10 +134,14 @@ private:
 void DrawRimPixels(HDC hdc, const RECT& rc, const RoundBox& box, int nEdge, const Rim& rim, POINT from,
                    int xTo)
 {
+    const FaceRun face(box, nEdge, from.y, from.x, xTo);
+    const auto coverage = [&](int x) {
+        return face.Has(x) ? Coverage{ALL, ALL} : CoverageAt(box, nEdge, x, from.y);
+    };
     int xStart = from.x;
     COLORREF crRun = CLR_INVALID;
     for (int x = from.x; x <= xTo; ++x) {
-        const COLORREF cr = x < xTo ? rim.ColorOf(CoverageAt(box, nEdge, x, from.y)) : CLR_INVALID;
+        const COLORREF cr = x < xTo ? rim.ColorOf(coverage(x)) : CLR_INVALID;
         if (cr == crRun && x < xTo) {
             continue;
         }

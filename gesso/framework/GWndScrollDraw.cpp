@@ -60,7 +60,7 @@ void GWndScroll::DrawBarNow(HDC hdcWindow, int nBar)
     const gesso::MemoryContext hdcMemory(hdcWindow);
     const gesso::SelectScope selection(hdcMemory, bitmap);
     gesso::TakeLayout(hdcMemory, hdcWindow);
-    SetWindowOrgEx(hdcMemory, rc.left, rc.top, nullptr);
+    gesso::ShiftOrigin(hdcMemory, {rc.left, rc.top});
     DrawBar(hdcMemory, nBar);
     BitBlt(hdcWindow, rc.left, rc.top, cx, cy, hdcMemory, rc.left, rc.top, SRCCOPY);
 }

@@ -74,7 +74,7 @@ NonClientPrint::NonClientPrint(HWND hwnd, HDC hdc) : m_hdc(hdc), m_nSaved(SaveDC
 {
     const WindowAreas areas = AreasOf(hwnd);
     m_rcWindow = areas.rcWindow;
-    OffsetWindowOrgEx(hdc, areas.rcClient.left, areas.rcClient.top, nullptr);
+    ShiftOrigin(hdc, {areas.rcClient.left, areas.rcClient.top});
     Exclude(hdc, areas.rcClient);
 }
 

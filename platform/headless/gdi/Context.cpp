@@ -60,14 +60,21 @@ ContextState::ContextState()
       font(static_cast<HFONT>(GetStockObject(SYSTEM_FONT)))
 {}
 
+// In a mirrored context the window's origin counts the other way.
+POINT Context::WindowOrigin() const
+{
+    return {IsMirrored() ? Saturated(-int64_t{state.windowOrigin.x}) : state.windowOrigin.x,
+            state.windowOrigin.y};
+}
+
 POINT Context::ToDevice(POINT p) const
 {
-    return Sum(Difference(p, state.windowOrigin), state.viewportOrigin);
+    return Sum(Difference(p, WindowOrigin()), state.viewportOrigin);
 }
 
 POINT Context::ToLogical(POINT p) const
 {
-    return Difference(Sum(p, state.windowOrigin), state.viewportOrigin);
+    return Difference(Sum(p, WindowOrigin()), state.viewportOrigin);
 }
 
 RECT Context::ToDevice(const RECT& r) const

@@ -40,6 +40,7 @@ struct Context : Object
     // those from the left.
     POINT OnSurface(POINT device) const;
     RECT OnSurface(const RECT& device) const;
+    POINT WindowOrigin() const;
     POINT ToDevice(POINT logical) const;
     POINT ToLogical(POINT device) const;
     RECT ToDevice(const RECT& logical) const;
