@@ -68,7 +68,7 @@ std::wstring RunCertificate(HWND hwnd, DWORD dwType, DWORD dwFailures)
 BOOL CALLBACK TickVisibleBox(HWND hwnd, LPARAM)
 {
     if (ClassOf(hwnd) == L"GCheckBox" && IsWindowVisible(hwnd)) {
-        SendMessageW(GetParent(hwnd), WM_COMMAND, 0, reinterpret_cast<LPARAM>(hwnd));
+        SendMessageW(hwnd, BM_CLICK, 0, 0);
     }
     return TRUE;
 }

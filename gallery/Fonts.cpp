@@ -1,6 +1,9 @@
 #include <gallery/Fonts.h>
 #include <gallery/Scale.h>
 
+#include <map>
+#include <utility>
+
 namespace gallery {
 
 int DotsOfFonts()
@@ -16,36 +19,37 @@ int DotsOfFonts()
 
 namespace {
 
-HFONT MakeFont(int nPoints, int nWeight)
+HFONT FontOf(int nPoints, int nWeight)
 {
+    static std::map<std::pair<int, int>, HFONT> s_made;
     const int nHeight = -MulDiv(nPoints, DotsOfFonts(), 72);
-    return CreateFontW(nHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    HFONT& hFont = s_made[{nHeight, nWeight}];
+    if (!hFont) {
+        hFont = CreateFontW(nHeight, 0, 0, 0, nWeight, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    }
+    return hFont;
 }
 
 } // namespace
 
 HFONT TitleFont()
 {
-    static const HFONT s_hFont = MakeFont(16, FW_NORMAL);
-    return s_hFont;
+    return FontOf(16, FW_NORMAL);
 }
 
 HFONT HeadingFont()
 {
-    static const HFONT s_hFont = MakeFont(9, FW_BOLD);
-    return s_hFont;
+    return FontOf(9, FW_BOLD);
 }
 
 HFONT CaptionFont()
 {
-    static const HFONT s_hFont = MakeFont(8, FW_NORMAL);
-    return s_hFont;
+    return FontOf(8, FW_NORMAL);
 }
 
 HFONT BodyFont()
 {
-    static const HFONT s_hFont = Dots() == USER_DEFAULT_SCREEN_DPI ? g_hDefaultFont : MakeFont(9, FW_NORMAL);
-    return s_hFont;
+    return Dots() == USER_DEFAULT_SCREEN_DPI ? g_hDefaultFont : FontOf(9, FW_NORMAL);
 }
 
 } // namespace gallery

@@ -1,4 +1,4 @@
-// The fonts that the gallery's own texts use, made on first use and kept until the process ends.
+// The fonts that the gallery's own texts use at its dots, made on first use and kept until the process ends.
 #pragma once
 
 #include <gesso/gesso.h>

@@ -14,6 +14,7 @@ namespace {
 constexpr LPCWSTR CLASS_NAME = L"GessoGallery";
 constexpr LPCWSTR TITLE = L"Gesso gallery";
 constexpr DWORD WINDOW_STYLE = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+constexpr DWORD WINDOW_EX_STYLE = WS_EX_CONTROLPARENT;
 
 constexpr int REPORT_HEIGHT = 88;
 constexpr SIZE CLIENT_SIZE = {PageList::WIDTH + 852, CommandBar::HEIGHT + 612 + REPORT_HEIGHT};
@@ -78,6 +79,45 @@ std::wstring PicturePath(const std::wstring& dir, LPCWSTR pszName)
     return path + L".png";
 }
 
+// As large for so many dots an inch as a rectangle is for others, from the same corner.
+RECT Resized(const RECT& rc, int nDots, int nFormer)
+{
+    return {rc.left, rc.top, rc.left + MulDiv(rc.right - rc.left, nDots, nFormer),
+            rc.top + MulDiv(rc.bottom - rc.top, nDots, nFormer)};
+}
+
+// Where a rectangle has room on a window's screen, and no larger than that.
+RECT OnScreenOf(HWND hwnd, const RECT& rc)
+{
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoW(MonitorFromWindow(hwnd, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& rcWork = monitor.rcWork;
+    const LONG cx = std::min(rc.right - rc.left, rcWork.right - rcWork.left);
+    const LONG cy = std::min(rc.bottom - rc.top, rcWork.bottom - rcWork.top);
+    const LONG x = std::clamp(rc.left, rcWork.left, rcWork.right - cx);
+    const LONG y = std::clamp(rc.top, rcWork.top, rcWork.bottom - cy);
+    return {x, y, x + cx, y + cy};
+}
+
+void SetMirrored(HWND hwnd, bool fMirrored)
+{
+    const LONG lStyle = GetWindowLongW(hwnd, GWL_EXSTYLE) & ~WS_EX_LAYOUTRTL;
+    SetWindowLongW(hwnd, GWL_EXSTYLE, lStyle | (fMirrored ? WS_EX_LAYOUTRTL : 0));
+}
+
+BOOL CALLBACK SetChildMirrored(HWND hwnd, LPARAM lParam)
+{
+    SetMirrored(hwnd, lParam != 0);
+    return TRUE;
+}
+
+void TellOfDots(HWND hwnd, int nDots, const RECT& rc)
+{
+    const auto wDots = static_cast<WORD>(nDots);
+    SendMessageW(hwnd, WM_DPICHANGED, MAKEWPARAM(wDots, wDots), reinterpret_cast<LPARAM>(&rc));
+}
+
 // For the hook, which knows no object.
 Gallery* s_pGallery = nullptr;
 
@@ -90,13 +130,11 @@ Gallery::~Gallery()
 
 bool Gallery::Create()
 {
-    if (m_options.fMirrored) {
-        SetProcessDefaultLayout(LAYOUT_RTL); // of the window, whose children take it over
-    }
+    const DWORD dwExStyle = WINDOW_EX_STYLE | (m_options.fMirrored ? WS_EX_LAYOUTRTL : 0);
     RECT rc = Scaled(RECT{0, 0, CLIENT_SIZE.cx, CLIENT_SIZE.cy});
-    AdjustWindowRectEx(&rc, WINDOW_STYLE, FALSE, WS_EX_CONTROLPARENT);
-    m_hwnd = CreateWindowExW(WS_EX_CONTROLPARENT, MAKEINTRESOURCEW(RegisterMainClass(&WindowProc)), TITLE,
-                             WINDOW_STYLE, 40, 40, rc.right - rc.left, rc.bottom - rc.top, nullptr, nullptr,
+    AdjustWindowRectEx(&rc, WINDOW_STYLE, FALSE, WINDOW_EX_STYLE);
+    m_hwnd = CreateWindowExW(dwExStyle, MAKEINTRESOURCEW(RegisterMainClass(&WindowProc)), TITLE, WINDOW_STYLE,
+                             40, 40, rc.right - rc.left, rc.bottom - rc.top, nullptr, nullptr,
                              GetModuleHandleW(nullptr), nullptr);
     if (!m_hwnd || (!m_options.logFile.empty() && !m_report.OpenFile(m_options.logFile))) {
         return false;
@@ -281,6 +319,8 @@ LRESULT Gallery::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_SIZE: return OnSize();
     case WM_ERASEBKGND: FillClient(m_hwnd, reinterpret_cast<HDC>(wParam), Shade::Side); return 1;
     case WM_COMMAND: return OnCommand(LOWORD(wParam), lParam);
+    case WM_DPICHANGED: return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+    case WM_ENTERIDLE: return OnDialogIdle(reinterpret_cast<HWND>(lParam));
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE: return OnSystemChange(uMsg, wParam, lParam);
     case WM_NOTIFY: return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
@@ -332,16 +372,26 @@ void Gallery::OnRibbon(UINT uId, bool fChecked)
         m_fClassic = fChecked;
         ShowPage(m_nPage);
         break;
-    case ID_LIGHT: SetScheme(gesso::ColorScheme::Light); break;
-    case ID_DARK: SetScheme(gesso::ColorScheme::Dark); break;
-    case ID_CONTRAST: SetScheme(gesso::ColorScheme::Contrast); break;
-    case ID_SYSTEM: SetScheme(gesso::ColorScheme::System); break;
     case ID_SMALL_WINDOW: SetSize(800, 600); break;
     case ID_LARGE_WINDOW: SetSize(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)); break;
-    default:
+    case ID_ABOUT:
         GTaskDialog::MessageBoxW(m_hwnd, L"Every control of Gesso at work, and what it reports.", TITLE,
                                  MB_OK | MB_ICONINFORMATION);
         break;
+    default: OnLook(uId); break;
+    }
+}
+
+void Gallery::OnLook(UINT uId)
+{
+    if (uId >= ID_FIRST_LANGUAGE) {
+        gesso::SetLanguage(LANGUAGES[uId - ID_FIRST_LANGUAGE].value);
+    } else if (uId >= ID_FIRST_DIRECTION) {
+        SetDirection(DIRECTIONS[uId - ID_FIRST_DIRECTION].value);
+    } else if (uId >= ID_FIRST_SIZE) {
+        SetSizeOfAll(SIZES[uId - ID_FIRST_SIZE].value);
+    } else {
+        SetScheme(SCHEMES[uId - ID_FIRST_SCHEME].value);
     }
 }
 
@@ -350,6 +400,56 @@ void Gallery::SetScheme(gesso::ColorScheme scheme)
 {
     gesso::SetColorScheme(scheme);
     OnSchemeChange();
+}
+
+// As if the window had come to a screen with so many dots an inch. Until the user sizes it, it goes back to
+// what it was, where the screen was too small in between.
+void Gallery::SetSizeOfAll(int nDots)
+{
+    RECT rc{};
+    GetWindowRect(m_hwnd, &rc);
+    if (!EqualRect(&rc, &m_rcGiven)) {
+        m_rcAtFirst = Resized(rc, USER_DEFAULT_SCREEN_DPI, Dots());
+    }
+    m_rcGiven = OnScreenOf(m_hwnd, Resized(m_rcAtFirst, nDots, USER_DEFAULT_SCREEN_DPI));
+    gesso::SetScaling(gesso::Scaling::PerMonitor);
+    TellOfDots(m_hwnd, nDots, m_rcGiven);
+}
+
+// Ribbon, pane and report follow in place. The page is made anew: what it gives its controls in pixels is its
+// own to change.
+LRESULT Gallery::OnDpiChanged(int nDots, const RECT& rc)
+{
+    SetDots(nDots);
+    m_pages.FollowDots();
+    TellDots(m_hwnd);
+    MoveWindow(m_hwnd, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, TRUE);
+    OnSize();
+    ShowPage(m_nPage);
+    return 0;
+}
+
+// A dialog opens where the gallery is, be the screen's own dots others.
+LRESULT Gallery::OnDialogIdle(HWND hDlg)
+{
+    const auto nFormer = static_cast<int>(gesso::DpiOf(hDlg));
+    if (gesso::GetScaling() == gesso::Scaling::PerMonitor && nFormer != Dots()) {
+        RECT rc{};
+        GetWindowRect(hDlg, &rc);
+        TellOfDots(hDlg, Dots(), OnScreenOf(hDlg, Resized(rc, Dots(), nFormer)));
+    }
+    return 0;
+}
+
+// The page takes the window's direction as it is made anew.
+void Gallery::SetDirection(bool fMirrored)
+{
+    m_page.reset();
+    SetMirrored(m_hwnd, fMirrored);
+    EnumChildWindows(m_hwnd, &SetChildMirrored, fMirrored);
+    OnSize();
+    ShowPage(m_nPage);
+    RedrawWindow(m_hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 // The library may hear of it later; the next paint is what counts.

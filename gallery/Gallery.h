@@ -42,7 +42,12 @@ private:
     bool IsOfPagesRibbon(HWND hwnd) const;
     void ShowCues() const;
     void OnRibbon(UINT uId, bool fChecked);
+    void OnLook(UINT uId);
     void SetScheme(gesso::ColorScheme scheme);
+    void SetSizeOfAll(int nDots);
+    void SetDirection(bool fMirrored);
+    LRESULT OnDpiChanged(int nDots, const RECT& rc);
+    LRESULT OnDialogIdle(HWND hDlg);
     LRESULT OnSystemChange(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void OnSchemeChange();
     void SetSize(int cx, int cy) const;
@@ -58,6 +63,8 @@ private:
     Report m_report;
     HWND m_hwnd = nullptr;
     HWND m_hwndLastFocus = nullptr;
+    RECT m_rcGiven{};   // at the last change of the dots
+    RECT m_rcAtFirst{}; // what it was made from, at 96 dots an inch
     HHOOK m_hHook = nullptr;
     bool m_fCues = false;    // as the ribbon's check box says
     bool m_fClassic = false; // so is the page

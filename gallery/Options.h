@@ -11,7 +11,7 @@ struct Options
 {
     int nDots = 0;          // --scale DOTS: drawn for so many dots an inch, whatever the screen has
     int nPage = 0;          // --page NAME: the page shown first
-    bool fMirrored = false; // --direction rtl: all windows are laid out from right to left
+    bool fMirrored = false; // --direction rtl: its window is laid out from right to left
     gesso::ColorScheme scheme = gesso::ColorScheme::Light; // --scheme light|dark|contrast|system
     std::wstring pictureDir; // --shots DIR: saves a picture of each page there and ends
     std::wstring logFile;    // --log FILE: what the controls report goes there too, a line each

@@ -45,6 +45,11 @@ void PageList::Place(const RECT& rc)
     m_bar.MoveWindow(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top);
 }
 
+void PageList::FollowDots()
+{
+    m_bar.SetItemHeight(static_cast<UINT>(RowHeight()));
+}
+
 void PageList::Select(int nPage)
 {
     m_bar.SetSelectedItem(m_items[static_cast<size_t>(nPage)]);

@@ -17,6 +17,8 @@ public:
 
     void Create(HWND hwndParent);
     void Place(const RECT& rc);
+    // After a change of the gallery's dots: the height of the rows is given in pixels.
+    void FollowDots();
     // Marks a page as the one that is shown.
     void Select(int nPage);
     // The page that a notification of the pane asks for, or -1.
