@@ -1,5 +1,6 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/framework/Colors.h>
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -138,6 +139,17 @@ HFONT FontOf(HWND hDlg)
         return hScaled;
     }
     return reinterpret_cast<HFONT>(SendMessageW(hDlg, WM_GETFONT, 0, 0));
+}
+
+void DrawDialogIcon(HWND hDlg, HDC hdc, HICON hIcon, POINT pt)
+{
+    const SIZE size{SystemMetric(hDlg, SM_CXICON), SystemMetric(hDlg, SM_CYICON)};
+    const UprightScope upright(hdc, pt.x, size.cx);
+    if (GetScaling() == Scaling::None) {
+        DrawIcon(hdc, upright.Left(), pt.y, hIcon);
+    } else {
+        DrawIconEx(hdc, upright.Left(), pt.y, hIcon, size.cx, size.cy, 0, nullptr, DI_NORMAL);
+    }
 }
 
 void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size)

@@ -50,6 +50,9 @@ int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc);
 // The font that the dialog's template asked for; with scaling that of the dialog's dots an inch.
 HFONT FontOf(HWND hDlg);
 
+// A dialog's main icon, as large as the system's icons are in the dialog, and never mirrored.
+void DrawDialogIcon(HWND hDlg, HDC hdc, HICON hIcon, POINT pt);
+
 // Gives a dialog the rectangle that the platform wants for its dots an inch, or else, with scaling, a client
 // area of its template's size, in dialog units.
 void FitDialog(HWND hDlg, const RECT* prcWanted, SIZE units);

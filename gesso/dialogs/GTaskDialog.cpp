@@ -6,7 +6,6 @@
 #include <gesso/dialogs/TaskDialogContent.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
-#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -185,10 +184,7 @@ void GTaskDialog::Draw(HDC hdc)
     const auto part = [&](int nPart, PlainPart plain) { return ThemePart(m_hTheme, hdc, nPart, 0, plain); };
     const gesso::SelectScope font(hdc, gesso::FontOf(m_hWnd));
     part(TDLG_PRIMARYPANEL, PlainPart::DialogPanel).DrawBackground(rcClient);
-    {
-        const gesso::UprightScope upright(hdc, m_rcIcon.left, gesso::SystemMetric(m_hWnd, SM_CXICON));
-        DrawIcon(hdc, upright.Left(), m_rcIcon.top, m_pConfig->hMainIcon);
-    }
+    gesso::DrawDialogIcon(m_hWnd, hdc, m_pConfig->hMainIcon, {m_rcIcon.left, m_rcIcon.top});
     part(TDLG_SECONDARYPANEL, PlainPart::DialogFooter).DrawBackground(m_rcFooter);
     if (m_pszMainInstruction) {
         // Fixed behaviour: measured with its lines broken at words, but drawn without. Broken lines would run

@@ -12,7 +12,9 @@
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/ThemePart.h>
-#include <gesso/language/Language.h>
+#include <gesso/language/LanguageTable.h>
+
+#include <algorithm>
 
 using gesso::DIALOG_BUTTON_STYLE;
 using gesso::Frame;
@@ -31,6 +33,8 @@ namespace {
 constexpr DWORD DIALOG_STYLE = WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN | WS_CAPTION | WS_SYSMENU | DS_CENTER |
                                DS_MODALFRAME | DS_SETFONT | DS_FIXEDSYS;
 static_assert(DIALOG_STYLE == 0x92C808C8);
+
+constexpr int MOST_BUTTONS = 3; // beside each other
 
 SIZE WindowSize(HWND hwnd)
 {
@@ -126,7 +130,8 @@ void GWizard::FitFirstPage(int cyFooter)
     for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
         if (m_aPages[i]->hwnd) {
             const SIZE page = WindowSize(m_aPages[i]->hwnd);
-            const SIZE growth{page.cx - (m_rcClient.right - m_rcClient.left),
+            const SIZE growth{std::max<LONG>(page.cx, WidthOfButtons()) -
+                                  (m_rcClient.right - m_rcClient.left),
                               page.cy + cyFooter - (m_rcClient.bottom - m_rcClient.top)};
             size = {size.cx + growth.cx, size.cy + growth.cy};
             m_rcClient.right += growth.cx;
@@ -141,17 +146,41 @@ void GWizard::FitFirstPage(int cyFooter)
     }
 }
 
-void GWizard::MakeButtons()
+LPCWSTR GWizard::FinishLabel() const
+{
+    return m_pConfig && m_pConfig->pszFinish ? m_pConfig->pszFinish : TextOf(TextId::WizardFinish);
+}
+
+namespace {
+
+gesso::ButtonRow RowFor(HWND hDlg, LPCWSTR pszFinish)
 {
     const bool fScaled = gesso::GetScaling() != gesso::Scaling::None;
-    gesso::ButtonRow row(m_hWnd, fScaled ? gesso::FontOf(m_hWnd) : nullptr);
-    const LPCWSTR pszFinish =
-        m_pConfig && m_pConfig->pszFinish ? m_pConfig->pszFinish : TextOf(TextId::WizardFinish);
+    gesso::ButtonRow row(hDlg, fScaled ? gesso::FontOf(hDlg) : nullptr);
     for (const LPCWSTR pszLabel :
          {pszFinish, TextOf(TextId::WizardCancel), TextOf(TextId::WizardNext), TextOf(TextId::WizardBack)})
     {
         row.FitLabel(pszLabel);
     }
+    return row;
+}
+
+} // namespace
+
+// Of the row with its gaps; 0 with the first texts, for which the dialog is as wide as its page.
+int GWizard::WidthOfButtons() const
+{
+    if (!gesso::HasOtherTexts()) {
+        return 0;
+    }
+    const gesso::ButtonRow row = RowFor(m_hWnd, FinishLabel());
+    return MOST_BUTTONS * (row.Width() + row.Gap()) + row.Gap();
+}
+
+void GWizard::MakeButtons()
+{
+    const LPCWSTR pszFinish = FinishLabel();
+    gesso::ButtonRow row = RowFor(m_hWnd, pszFinish);
     row.StandIn(m_rcFooter);
     const gesso::Lifeline life(*this);
     const auto make = [&](OwnedButton& button, int nPlace, UINT uId, LPCWSTR pszLabel, DWORD dwStyle) {
@@ -170,16 +199,21 @@ void GWizard::MakeButtons()
     make(m_pBack, 2, WZB_BACK, TextOf(TextId::WizardBack), DIALOG_BUTTON_STYLE);
 }
 
-// The pages are the host's, and hear of it themselves.
+// The pages are the host's, and hear of it themselves. Where the platform wants no other size, the room above
+// the footer stays as it is.
 void GWizard::OnScaling(const RECT* prcWanted)
 {
     if (prcWanted) {
         gesso::FitDialog(m_hWnd, prcWanted, {});
     }
     m_hTheme.Open(m_hWnd, L"AEROWIZARD");
+    const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     GetClientRect(m_hWnd, &m_rcClient);
+    const int cxMore = std::max<int>(WidthOfButtons() - m_rcClient.right, 0);
+    const int cyMore = prcWanted ? 0 : cyFooter - (m_rcFooter.bottom - m_rcFooter.top);
+    m_rcClient = gesso::GrowWindow(m_hWnd, cxMore, cyMore);
     m_rcFooter = m_rcClient;
-    m_rcFooter.top = m_rcClient.bottom - MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
+    m_rcFooter.top = m_rcClient.bottom - cyFooter;
     if (m_pBack) { // the last that is made
         MakeButtons();
     }

@@ -122,6 +122,8 @@ private:
     void MakePages();
     void FitFirstPage(int cyFooter);
     void MakeButtons();
+    LPCWSTR FinishLabel() const;
+    int WidthOfButtons() const;
     void OnScaling(const RECT* prcWanted);
     bool IsLast(UINT nIndex) const;
     bool Ask(UINT nIndex, UINT uCode);

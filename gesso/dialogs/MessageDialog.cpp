@@ -4,7 +4,6 @@
 #include <gesso/edit/ClipboardText.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
-#include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -90,8 +89,7 @@ void MessageDialog::Draw(HDC hdc)
     const SelectScope font(hdc, FontOf(m_hWnd));
     part(TDLG_PRIMARYPANEL, PlainPart::DialogPanel).DrawBackground(rcClient);
     if (m_content.hIcon) {
-        const UprightScope upright(hdc, m_ptIcon.x, SystemMetric(m_hWnd, SM_CXICON));
-        DrawIcon(hdc, upright.Left(), m_ptIcon.y - m_nPosition, m_content.hIcon);
+        DrawDialogIcon(m_hWnd, hdc, m_content.hIcon, {m_ptIcon.x, m_ptIcon.y - m_nPosition});
     }
     if (m_content.pszInstruction) {
         part(TDLG_MAININSTRUCTIONPANE, PlainPart::DialogText)

@@ -53,4 +53,84 @@ TEST_F(GWizardHeadlessTest, DrawsHeaderAndCommandAreaForASubclass)
                             footer}));
 }
 
+// --- Scaling
+
+class ScaledWizardTest : public GWizardHeadlessTest
+{
+protected:
+    void TearDown() override
+    {
+        gesso::SetScaling(gesso::Scaling::None);
+        gesso::SetTextOf(gesso::TextId::WizardNext, nullptr);
+        GWizardHeadlessTest::TearDown();
+    }
+    static RECT PlaceOf(HWND hwnd)
+    {
+        RECT rc{};
+        GetWindowRect(hwnd, &rc);
+        return rc;
+    }
+};
+
+TEST_F(ScaledWizardTest, TheFooterStaysBelowThePageWhereTheTextSizeChanges)
+{
+    AddPages(1);
+    gesso::SetScaling(gesso::Scaling::System);
+    for (const DWORD dwPercent : {200, 100}) {
+        const DWORD dwFirst = dwPercent == 100 ? 200 : 100;
+        const auto setTextSize = [](DWORD dw) {
+            desk::SetRegistryNumber("Software\\Microsoft\\Accessibility", "TextScaleFactor", dw);
+            gesso::SetScaling(gesso::Scaling::System);
+            desk::Pump();
+        };
+        setTextSize(dwFirst);
+        Run({[&](HWND hDlg) {
+                 const RECT rcPage = PlaceOf(pages[0].hwnd);
+                 RECT rcClient{};
+                 GetClientRect(hDlg, &rcClient);
+                 const LONG nFooter = rcClient.bottom - (rcPage.bottom - rcPage.top);
+                 setTextSize(dwPercent);
+                 EXPECT_EQ(Numbers(PlaceOf(pages[0].hwnd)), Numbers(rcPage)) << "it is the host's";
+                 GetClientRect(hDlg, &rcClient);
+                 const LONG nNow = rcClient.bottom - (rcPage.bottom - rcPage.top);
+                 EXPECT_NEAR(nNow, nFooter * static_cast<LONG>(dwPercent) / static_cast<LONG>(dwFirst), 3);
+                 EXPECT_GE(PlaceOf(GetDlgItem(hDlg, WZB_CANCEL)).top, rcPage.bottom);
+             },
+             Command(WZB_CANCEL)});
+    }
+}
+
+TEST_F(ScaledWizardTest, ADialogIsAsWideAsItsButtonsNeed)
+{
+    AddPages(1);
+    gesso::SetTextOf(gesso::TextId::WizardNext, L"On to the next one of all the pages that there are");
+    Run({[&](HWND hDlg) {
+             RECT rcClient{};
+             GetClientRect(hDlg, &rcClient);
+             EXPECT_GT(PlaceIn(hDlg, GetDlgItem(hDlg, WZB_BACK)).left, 0);
+             EXPECT_LT(PlaceIn(hDlg, GetDlgItem(hDlg, WZB_CANCEL)).right, rcClient.right);
+         },
+         Command(WZB_CANCEL)});
+}
+
+// The last of two dialogs has the object to itself.
+TEST_F(ScaledWizardTest, ADialogAroundAnotherOfTheSameObjectTakesItsOwnRectangle)
+{
+    AddPages(1);
+    gesso::SetScaling(gesso::Scaling::PerMonitor);
+    const RECT rcWanted{10, 20, 510, 420};
+    Run({[&](HWND hwndOuter) {
+        user::WhenIdle([&] {
+            const HWND hwndInner = wizard;
+            const RECT rcInner = PlaceOf(hwndInner);
+            SendMessageW(hwndOuter, WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&rcWanted));
+            EXPECT_EQ(Numbers(PlaceOf(hwndOuter)), Numbers(rcWanted));
+            EXPECT_EQ(Numbers(PlaceOf(hwndInner)), Numbers(rcInner));
+            EndDialog(hwndInner, 0);
+        });
+        wizard.DoModal(hwndOuter, nullptr);
+        EndDialog(hwndOuter, 0);
+    }});
+}
+
 } // namespace
