@@ -97,6 +97,15 @@ void LabelEdit::Place(HWND hwnd, const RECT& rcLabel)
     }
 }
 
+void LabelEdit::ReplaceFont(HWND hwnd, HFONT hFormer, HFONT hFont)
+{
+    LabelEdit* edit = Of(hwnd);
+    if (edit && edit->m_hFont == hFormer) {
+        edit->SetFont(hFont);
+        edit->Fit();
+    }
+}
+
 // The text begins where the label's does.
 void LabelEdit::Fit()
 {
@@ -178,7 +187,7 @@ LRESULT CALLBACK LabelEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPAR
     if (uMsg == WM_GETDLGCODE && pMessage && pMessage->message == WM_KEYDOWN && IsEnding(pMessage->wParam)) {
         lAnswer |= DLGC_WANTALLKEYS;
     }
-    if (MayChangeText(uMsg)) {
+    if (MayChangeText(uMsg) || IsScalingMessage(uMsg)) {
         if (LabelEdit* changed = Of(hwnd)) {
             changed->Fit();
         }

@@ -22,6 +22,8 @@ public:
     static bool Begin(HWND hwnd);
     // The same label is elsewhere now.
     static void Place(HWND hwnd, const RECT& rcLabel);
+    // The owner is about to delete a font, which may be the field's, and has this one in its place.
+    static void ReplaceFont(HWND hwnd, HFONT hFormer, HFONT hFont);
     // Ends the edit, if it has not ended yet. The owner may be gone afterwards.
     static void End(HWND hwnd, bool fTake);
     // The same without telling the owner, which is going.

@@ -119,7 +119,7 @@ void GList::CalculateItem(UINT) {}
 void GList::SetImageList(HIMAGELIST hImageList)
 {
     imageList = hImageList;
-    gesso::ForgetImageDpi(m_hWnd);
+    gesso::TakeNewImages(m_hWnd);
 }
 
 HIMAGELIST GList::GetImageList() const

@@ -1,5 +1,6 @@
 // How a list follows the dots an inch of its window and the user's text size.
 
+#include <gesso/edit/LabelEdit.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
@@ -35,13 +36,17 @@ template <class VALUE> void TakeLength(VALUE& length, HWND hwnd, gesso::Measure 
 } // namespace
 
 // As often as an image fits into a row, and no more often than the dots ask for. An icon that stands by
-// itself has the room of the system's icons, or grows with the dots from where its host gave it.
+// itself has the room of the system's icons, or grows with the dots from where its host gave it. Images that
+// the host has given after a change of the dots are as it wants them.
 int gesso::ListInside::ImageTimes(const GList& list, SIZE image)
 {
     if (GetScaling() == Scaling::None || image.cx <= 0 || image.cy <= 0) {
         return 1;
     }
     const HWND hwnd = list.m_hWnd;
+    if (HasNewImages(hwnd)) {
+        return ImageFactor(hwnd);
+    }
     const int nMost = std::max(static_cast<int>(DpiOf(hwnd) / USER_DEFAULT_SCREEN_DPI), 1);
     if ((list.listStyle & GLS_VIEWMASK) == GLS_ICONS) {
         const int nFitting = std::min<int>(SystemMetric(hwnd, SM_CXICON) / image.cx, nMost);
@@ -80,6 +85,7 @@ void GList::RenewFont(HFONT& hField, gesso::Measure height, int nWeight, ListGiv
         return;
     }
     if (const HFONT hFont = MakeFont(Pixels(m_hWnd, height), nWeight)) {
+        gesso::LabelEdit::ReplaceFont(m_inside->renaming.hwnd, hField, hFont);
         DeleteObject(std::exchange(hField, hFont));
     }
 }
@@ -92,7 +98,8 @@ void GList::RenewFonts()
     if (!(listStyle & GLS_OWNFONT)) {
         RenewFont(fontLabelText, Metrics::LIST_FONT, FW_NORMAL, gesso::LIST_TEXT_FONT_GIVEN);
     } else if (gesso::IsDefaultFont(fontLabelText)) {
-        fontLabelText = gesso::DefaultFontOf(m_hWnd);
+        const HFONT hFormer = std::exchange(fontLabelText, gesso::DefaultFontOf(m_hWnd));
+        gesso::LabelEdit::ReplaceFont(m_inside->renaming.hwnd, hFormer, fontLabelText);
     }
 }
 

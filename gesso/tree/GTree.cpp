@@ -1,5 +1,6 @@
 // How a tree comes to life and goes, its sizes, and its messages.
 
+#include <gesso/edit/LabelEdit.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Lifeline.h>
@@ -151,6 +152,7 @@ void GTree::SetFont(HFONT hFont)
 void GTree::TakeFont(HFONT hFont)
 {
     if (m_hFont != hFont) {
+        gesso::LabelEdit::ReplaceFont(m_aVisible.Inside().edit.hwnd, m_hFont, hFont);
         ReleaseFont();
     }
     m_hFont = hFont;
@@ -195,8 +197,7 @@ void GTree::OnScaling()
     if (!(m_uTreeStyle & GTS_OWNFONT)) {
         MakeFont();
     } else if (gesso::IsDefaultFont(m_hFont)) {
-        m_hFont = gesso::DefaultFontOf(m_hWnd);
-        Items().ForgetWidths();
+        TakeFont(gesso::DefaultFontOf(m_hWnd));
     }
     MeasureRows();
     if (UpdateScrollbars() && life) {
