@@ -27,13 +27,6 @@ namespace {
 
 constexpr GComboBox::HitTestInfo NO_HIT{{}, gesso::COMBO_OUTSIDE, 0};
 
-UINT FirstDropdownHeight(HWND hwndParent)
-{
-    RECT rc{0, 0, 0, gesso::Metrics::COMBO_DROPDOWN_HEIGHT};
-    MapDialogRect(hwndParent, &rc); // leaves the units as pixels where the parent is no dialog
-    return static_cast<UINT>(rc.bottom);
-}
-
 } // namespace
 
 void gesso::DeleteComboList(GComboBoxList* pList)
@@ -199,9 +192,38 @@ void GComboBox::Inside::TakeFirstHeight(GComboBox& combo)
         if (std::exchange(fFirstHeight, false)) {
             combo.m_nDropdownHeight = 0;
         }
-    } else if (!combo.m_nDropdownHeight) {
-        combo.m_nDropdownHeight = FirstDropdownHeight(combo.GetParent());
+    } else if (!combo.m_nDropdownHeight || (fFirstHeight && gesso::GetScaling() != gesso::Scaling::None)) {
+        RECT rc{0, 0, 0, gesso::Metrics::COMBO_DROPDOWN_HEIGHT};
+        const bool fMapped = MapDialogRect(combo.GetParent(), &rc); // by the font that the dialog has now
+        nFirstHeight = static_cast<UINT>(rc.bottom);
+        nFirstDpi = fMapped ? gesso::DpiOf(combo) : UINT{USER_DEFAULT_SCREEN_DPI};
         fFirstHeight = true;
+        ScaleFirstHeight(combo);
+    }
+}
+
+void GComboBox::Inside::ScaleFirstHeight(GComboBox& combo) const
+{
+    if (!fFirstHeight) {
+        return;
+    }
+    const bool fScaled = gesso::GetScaling() != gesso::Scaling::None;
+    combo.m_nDropdownHeight =
+        static_cast<UINT>(fScaled ? MulDiv(static_cast<int>(nFirstHeight),
+                                           static_cast<int>(gesso::DpiOf(combo)), static_cast<int>(nFirstDpi))
+                                  : static_cast<int>(nFirstHeight));
+}
+
+// An open list follows, and is placed anew.
+void GComboBox::OnScaling()
+{
+    if (gesso::IsDefaultFont(m_hFont)) {
+        OnMessage(WM_SETFONT, reinterpret_cast<WPARAM>(gesso::DefaultFontOf(m_hWnd)), 0);
+    }
+    m_inside->ScaleFirstHeight(*this);
+    if (IsDropped()) {
+        gesso::TakeDpi(m_pList->GetHwnd(), m_hWnd);
+        m_pList->OnScaling();
     }
 }
 

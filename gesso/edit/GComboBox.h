@@ -224,6 +224,7 @@ private:
     bool m_fOwner = true; // of the items, the list and what is inside
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void OnScaling();
     bool AnswersContextMenu(LPARAM lParam);
     // Null in Classic.
     Modern* ModernPart() const;

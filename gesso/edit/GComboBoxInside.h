@@ -31,12 +31,17 @@ inline UINT ItemPrefixFormat(const GWnd& combo)
 struct GComboBox::Inside
 {
     void TakeFirstHeight(GComboBox& combo);
+    // Of Classic's list, as long as the host has set none.
+    void ScaleFirstHeight(GComboBox& combo) const;
 
     UINT nSelected = gesso::NO_INDEX; // it may be beyond the items
     bool fCompletes = false;          // SetAutoComplete
     bool fLimited = false;            // CB_LIMITTEXT
     bool fFirstHeight = false;        // the open list's is the one of Classic's first window
-    std::unique_ptr<Modern> pModern;  // of the window; null in Classic
+    UINT nFirstHeight = 0;            // that, for so many dots an inch
+    UINT nFirstDpi = 0;
+    UINT nRowHeight = 0;             // of Classic's list, as the library last gave it; 0 for none
+    std::unique_ptr<Modern> pModern; // of the window; null in Classic
 };
 
 // The field for one operation. Whatever is in it is one line.

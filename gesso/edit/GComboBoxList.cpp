@@ -140,9 +140,7 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
     GWndScroll::m_hitDown = {};
     m_hitNow = {};
     GWndScroll::OnNcCreate(pcs);
-    if (m_nItemHeight == 0 || gesso::GetScaling() != gesso::Scaling::None) {
-        m_nItemHeight = static_cast<UINT>(Pixels(m_hWnd, Metrics::COMBO_ROW_HEIGHT));
-    }
+    TakeRowHeight();
     m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
     m_hListTheme.Open(m_hWnd, LIST_CLASS);
     SetUpScrolling(Saturated(pcs->cy - 2 * LONGLONG{FrameSize().cy}));
@@ -150,6 +148,37 @@ LRESULT GComboBoxList::OnNcCreate(const CREATESTRUCTW* pcs)
     m_hitMove = {{}, NO_INDEX};
     ChangeHot(m_pOwner->Selected());
     return TRUE;
+}
+
+// A height that a derived class has chosen stays.
+void GComboBoxList::TakeRowHeight()
+{
+    UINT& nTaken = m_pOwner->m_inside->nRowHeight;
+    if (m_nItemHeight == 0 || m_nItemHeight == nTaken) {
+        m_nItemHeight = nTaken = static_cast<UINT>(Pixels(m_hWnd, Metrics::COMBO_ROW_HEIGHT));
+    }
+}
+
+// Of an open list: it is placed as at its opening, with the first row in view where it was.
+void GComboBoxList::OnScaling()
+{
+    m_hFont = m_pOwner->m_hFont;
+    m_hComboTheme.Open(m_hWnd, COMBO_CLASS);
+    if (GComboBox::Modern* pModern = m_pOwner->ModernPart()) {
+        pModern->ArrangeIfOpen();
+        return;
+    }
+    const UINT nFirst = RowAt(0);
+    TakeRowHeight();
+    RECT rc{};
+    GetWindowRect(m_hwndOwner, &rc);
+    const auto cy = static_cast<int>(std::min(m_pOwner->m_nDropdownHeight, MOST_HEIGHT));
+    const int nPage = Saturated(cy - 2 * LONGLONG{FrameSize().cy});
+    SetWindowPos(m_hWnd, nullptr, rc.left, rc.bottom, rc.right - rc.left, cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetUpScrolling(nPage);
+    ShowScrollBar(SB_VERT, RowsHeight() > nPage);
+    ShrinkToItems();
+    ScrollTo(LONGLONG{nFirst} * ItemHeight());
 }
 
 void GComboBoxList::SetUpScrolling(int nPage)

@@ -87,6 +87,8 @@ private:
     LONGLONG RowsHeight() const;
     bool IsRow(UINT nItem) const;
     void ShrinkToItems();
+    void TakeRowHeight();
+    void OnScaling();
     void SetUpScrolling(int nPage);
     SIZE FrameSize() const;
     bool IsOverBar(POINTS ptScreen) const;

@@ -44,6 +44,8 @@ struct GComboBox::Modern final : private gesso::EditorSite
     void DrawCue(HDC hdc, const RECT& rcText);
     gesso::ComboTexts& Texts() { return m_texts; }
     UINT CharAt(POINTS pt);
+    // The open list's rows and place, where anything that they depend on has changed.
+    void ArrangeIfOpen();
 
 private:
     enum class Phase
@@ -172,7 +174,6 @@ private:
     LRESULT SetTopIndex(UINT nIndex);
     LRESULT SetMinVisible(UINT nRows);
     int DroppedWidth() const;
-    void ArrangeIfOpen();
     void ShowDropDown(bool fShow);
     int FieldHeight() const;
 
