@@ -92,6 +92,12 @@ Tag PartsOf(Tag tag, int count)
     return {tag.begin(), end};
 }
 
+int PartCountOf(Tag tag)
+{
+    return static_cast<int>(std::ranges::count(tag, L'-')) + 1;
+}
+
+// A longer tag is that of its first parts, of as many as are known.
 const Language* LanguageNearest(Tag tag)
 {
     // The written Chinese of Hong Kong and Macau is the traditional one.
@@ -101,8 +107,12 @@ const Language* LanguageNearest(Tag tag)
                             [twoParts](LPCWSTR text) { return IsSameTag(twoParts, TagOf(text)); })) {
         return &TRADITIONAL_CHINESE;
     }
-    const Language* language = LanguageOf(tag);
-    return language ? language : LanguageOf(PartsOf(tag, 1));
+    for (int parts = PartCountOf(tag); parts > 0; --parts) {
+        if (const Language* language = LanguageOf(PartsOf(tag, parts))) {
+            return language;
+        }
+    }
+    return nullptr;
 }
 
 // The first of the user's languages that is there.

@@ -63,10 +63,11 @@ enum class TextId : UINT
 };
 
 // The language of the texts from now on, by its tag: de, en, fr, es, it, pt (of Brazil), pt-PT, nl, pl, ru,
-// ja, zh (simplified), zh-TW (traditional) or ar, upper and lower case alike. Of a longer tag the part before
-// the first hyphen counts where the whole is not there: de-AT is de. The empty text follows the user: the
-// first of the languages that they prefer that is there, and English where none is. False, with nothing
-// changed, for any other tag and for null.
+// ja, zh (simplified), zh-TW (traditional) or ar, upper and lower case alike. Of a longer tag as many parts
+// count, from the first on, as are there: de-AT is de, and pt-PT-ao1990 is pt-PT; zh-Hant, zh-HK and zh-MO
+// are zh-TW. The empty text is the user's language: the first of those that they prefer that is there, and
+// English where none is; it is asked for once, in this call. False, with nothing changed, for any other tag
+// and for null.
 GESSO_API bool SetLanguage(LPCWSTR tag);
 
 // A program's own wording in the place of the library's, whatever the language, which is copied. Null takes

@@ -97,6 +97,8 @@ TEST_F(LanguageTest, TagsNameTheLanguageOrItsNearest)
     for (const LPCWSTR traditional : {L"zh-tw", L"zh-Hant", L"zh-hant-HK", L"zh-MO"}) {
         EXPECT_TRUE(SetLanguage(traditional) && Is(TextId::Ok, L"\u78BA\u5B9A")) << test::Narrow(traditional);
     }
+    EXPECT_TRUE(SetLanguage(L"pt-PT-ao1990") && Is(TextId::Undo, L"&Anular"));
+    EXPECT_TRUE(SetLanguage(L"zh-TW-x-own") && Is(TextId::Ok, L"\u78BA\u5B9A"));
     EXPECT_TRUE(SetLanguage(L"zh-Hans-CN") && Is(TextId::Ok, L"\u786E\u5B9A"));
     for (const LPCWSTR none : {L"xx", L"d", L"deu", L"-", L"-de", L" de"}) {
         EXPECT_FALSE(SetLanguage(none)) << test::Narrow(none);
@@ -143,7 +145,7 @@ TEST_F(LanguageTest, AProgramsWordingOutlivesTheLanguage)
 TEST_F(LanguageTest, DialogsShowItAndTheirButtonsHaveRoom)
 {
     SetTextOf(TextId::No, L"By no means, and under no circumstances at all");
-    for (const LPCWSTR tag : {L"fr", L"ru", L"pl"}) {
+    for (const LPCWSTR tag : {L"fr", L"ru", L"pl", L"nl", L"pt", L"ar"}) {
         SetLanguage(tag);
         WhenIdle([](HWND hDlg) {
             EXPECT_EQ(test::TextOf(GetDlgItem(hDlg, IDYES)), test::Narrow(gesso::TextOf(TextId::Yes)));
