@@ -27,7 +27,7 @@ HANDLE Replace(GWnd& wnd, ImageKind kind, HANDLE hNew, const ImageFields& fields
         fields.cxImage = size.cx;
         fields.cyImage = size.cy;
     }
-    ForgetImageDpi(Frame::Handle(wnd));
+    TakeNewImages(Frame::Handle(wnd));
     wnd.Invalidate(0);
     return hFormer;
 }
@@ -35,12 +35,13 @@ HANDLE Replace(GWnd& wnd, ImageKind kind, HANDLE hNew, const ImageFields& fields
 struct ImagePlace
 {
     int x, y, cx, cy;
+    int cxShown; // by the image itself, from x on
 };
 
 // Never mirrored.
 void DrawImageState(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uFlags)
 {
-    const UprightScope upright(hdc, place.x, place.cx);
+    const UprightScope upright(hdc, place.x, place.cxShown);
     DrawStateW(hdc, nullptr, nullptr, reinterpret_cast<LPARAM>(hImage), 0, upright.Left(), place.y, place.cx,
                place.cy, uFlags);
 }
@@ -56,9 +57,27 @@ void DrawFaint(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uKind)
     }
     const OffscreenSurface whole(hdc, {place.cx, place.cy});
     BitBlt(whole.Context(), 0, 0, place.cx, place.cy, hdc, place.x, place.y, SRCCOPY);
-    DrawImageState(whole.Context(), {0, 0, place.cx, place.cy}, hImage, uKind | DSS_NORMAL);
+    DrawImageState(whole.Context(), {0, 0, place.cx, place.cy, place.cxShown}, hImage, uKind | DSS_NORMAL);
     GdiAlphaBlend(hdc, place.x, place.y, place.cx, place.cy, whole.Context(), 0, 0, place.cx, place.cy,
                   {AC_SRC_OVER, 0, FAINT, 0});
+}
+
+void DrawImageAt(HDC hdc, ImageKind kind, HANDLE hImage, const ImagePlace& place, DWORD dwStyle)
+{
+    const bool fDisabled = dwStyle & WS_DISABLED;
+    const UINT uKind = kind == ImageKind::Icon ? DST_ICON : DST_BITMAP;
+    if (fDisabled && IsDrawnFlat()) {
+        DrawFaint(hdc, place, hImage, uKind);
+        return;
+    }
+    DrawImageState(hdc, place, hImage, uKind | (fDisabled ? DSS_DISABLED : DSS_NORMAL));
+}
+
+// Of another size.
+HANDLE CopyImageAs(ImageKind kind, HANDLE hImage, SIZE size)
+{
+    return CopyImage(hImage, kind == ImageKind::Icon ? UINT{IMAGE_ICON} : UINT{IMAGE_BITMAP}, size.cx,
+                     size.cy, 0);
 }
 
 } // namespace
@@ -102,26 +121,25 @@ bool MeasureImage(ImageKind kind, HANDLE hImage, SIZE* pSize)
 
 void DrawImage(HDC hdc, ImageKind kind, HANDLE hImage, int x, int y, int cx, int cy, DWORD dwStyle)
 {
-    const bool fDisabled = dwStyle & WS_DISABLED;
-    const UINT uKind = kind == ImageKind::Icon ? DST_ICON : DST_BITMAP;
-    if (fDisabled && IsDrawnFlat()) {
-        DrawFaint(hdc, {x, y, cx, cy}, hImage, uKind);
-        return;
-    }
-    DrawImageState(hdc, {x, y, cx, cy}, hImage, uKind | (fDisabled ? DSS_DISABLED : DSS_NORMAL));
+    DrawImageAt(hdc, kind, hImage, {x, y, cx, cy, cx}, dwStyle);
 }
 
 void DrawImageIn(HWND hwnd, HDC hdc, ImageKind kind, HANDLE hImage, POINT pt, SIZE size, DWORD dwStyle)
 {
-    // The platform draws an image as large as it is.
-    const bool fIcon = kind == ImageKind::Icon;
-    const HANDLE hCopy =
-        ImageFactor(hwnd) > 1
-            ? CopyImage(hImage, fIcon ? UINT{IMAGE_ICON} : UINT{IMAGE_BITMAP}, size.cx, size.cy, 0)
-            : nullptr;
-    DrawImage(hdc, kind, hCopy ? hCopy : hImage, pt.x, pt.y, size.cx, size.cy, dwStyle);
+    // The platform draws an image as large as it is, whatever size it is asked for.
+    const bool fTimes = ImageFactor(hwnd) > 1;
+    SIZE shown = size;
+    if ((fTimes || IsMirrored(hdc)) && MeasureImage(kind, hImage, &shown)) {
+        shown = TimesIn(hwnd, shown);
+    }
+    const HANDLE hCopy = fTimes ? CopyImageAs(kind, hImage, shown) : nullptr;
+    const auto x = static_cast<int>(pt.x);
+    const auto y = static_cast<int>(pt.y);
+    DrawImageAt(hdc, kind, hCopy ? hCopy : hImage,
+                {x, y, static_cast<int>(size.cx), static_cast<int>(size.cy), static_cast<int>(shown.cx)},
+                dwStyle);
     if (hCopy) {
-        fIcon ? DestroyIcon(static_cast<HICON>(hCopy)) : DeleteObject(hCopy);
+        kind == ImageKind::Icon ? DestroyIcon(static_cast<HICON>(hCopy)) : DeleteObject(hCopy);
     }
 }
 

@@ -1,3 +1,4 @@
+#include <gesso/framework/Direction.h>
 #include <gesso/framework/ScaledImage.h>
 #include <gesso/framework/Scaling.h>
 
@@ -55,6 +56,13 @@ bool DrawImageInPlace(HDC hdc, HIMAGELIST hImages, int nImage, POINT pt, int nSi
     DrawImageTimes(hdc, hImages, nImage, {pt.x + (nSide - cx * nTimes) / 2, pt.y + (nSide - cy * nTimes) / 2},
                    nTimes);
     return true;
+}
+
+int WidthInPlace(HDC hdc, HIMAGELIST hImages, int nSide)
+{
+    int cx = 0, cy = 0;
+    const bool fMeasured = IsMirrored(hdc) && hImages && SUCCEEDED(ListOf(hImages).GetIconSize(&cx, &cy));
+    return fMeasured && cx > 0 ? std::min(cx, nSide) : nSide;
 }
 
 } // namespace gesso

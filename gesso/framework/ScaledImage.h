@@ -13,4 +13,8 @@ void DrawImageTimes(HDC hdc, HIMAGELIST hImages, int nImage, POINT pt, int nTime
 // the place's corner as it is, and for one that is larger than its place.
 bool DrawImageInPlace(HDC hdc, HIMAGELIST hImages, int nImage, POINT pt, int nSide);
 
+// How much of such a place an image takes that lies at its corner as it is. In a context that is not mirrored
+// that does not matter, and nothing is asked.
+int WidthInPlace(HDC hdc, HIMAGELIST hImages, int nSide);
+
 } // namespace gesso

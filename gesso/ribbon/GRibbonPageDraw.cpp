@@ -164,10 +164,13 @@ struct ItemPainter
 
     void DrawImage(HIMAGELIST hImages, int nImage, int x, int y, int cx) const
     {
-        const gesso::UprightScope upright(hdc, x, cx);
-        if (gesso::DrawImageInPlace(hdc, hImages, nImage, {upright.Left(), y}, cx)) {
-            return;
+        {
+            const gesso::UprightScope place(hdc, x, cx);
+            if (gesso::DrawImageInPlace(hdc, hImages, nImage, {place.Left(), y}, cx)) {
+                return;
+            }
         }
+        const gesso::UprightScope upright(hdc, x, gesso::WidthInPlace(hdc, hImages, cx));
         IsolationAwareImageList_DrawEx(hImages, nImage, hdc, upright.Left(), y, cx, cx);
     }
 

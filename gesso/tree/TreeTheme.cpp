@@ -58,10 +58,13 @@ void DrawTreeImage(HDC hdc, HIMAGELIST hImageList, UINT nImage, int x, int y, in
         return;
     }
     LayoutOverlay::Add(hdc, {x, y, Wrapped(int64_t{x} + nSide), Wrapped(int64_t{y} + nSide)});
-    const UprightScope upright(hdc, x, nSide);
-    if (DrawImageInPlace(hdc, hImageList, static_cast<int>(nImage), {upright.Left(), y}, nSide)) {
-        return;
+    {
+        const UprightScope place(hdc, x, nSide);
+        if (DrawImageInPlace(hdc, hImageList, static_cast<int>(nImage), {place.Left(), y}, nSide)) {
+            return;
+        }
     }
+    const UprightScope upright(hdc, x, WidthInPlace(hdc, hImageList, nSide));
     IMAGELISTDRAWPARAMS params{};
     params.cbSize = sizeof(params);
     params.himl = hImageList;

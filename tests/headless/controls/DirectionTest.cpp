@@ -137,6 +137,60 @@ protected:
     static constexpr int BAR = 17;
 };
 
+// Where the first image of a paint is, as the screen counts: from the left edge of the control.
+int ImageLeft(HWND hwnd)
+{
+    static const std::regex IMAGE(
+        "(?:DrawIconEx|ImageList_Draw|DrawStateW).* \\((-?\\d+),-?\\d+,-?\\d+,-?\\d+\\).*");
+    std::smatch match;
+    for (const std::string& line : NextPaint(hwnd, "")) {
+        if (std::regex_match(line, match, IMAGE)) {
+            EXPECT_FALSE(line.ends_with(MIRRORED)) << line;
+            return std::stoi(match[1]);
+        }
+    }
+    return -1;
+}
+
+// In Classic a label's extents are not the image's own.
+TEST_F(DirectionPlacesTest, ALabelsImageAtTheRightIsAtTheLeftThere)
+{
+    const HICON hIcon = LoadIconW(nullptr, MAKEINTRESOURCEW(32512));
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        for (const DWORD dwLayout : {0, WS_EX_LAYOUTRTL}) {
+            SetWindowLongW(Parent(), GWL_EXSTYLE, static_cast<LONG>(dwLayout));
+            GLabel label;
+            const HWND hwnd =
+                label.Create(0, 0, 200, 50, Parent(), 1, L"", 0, WS_CHILD | WS_VISIBLE | GS_ICON | GS_RIGHT);
+            label.SetIcon(hIcon);
+            EXPECT_EQ(ImageLeft(hwnd), dwLayout ? 0 : 200 - 32);
+            DestroyWindow(hwnd);
+        }
+    }
+}
+
+TEST_F(DirectionPlacesTest, ATreesImageThatIsSmallerThanItsPlaceLiesAtTheSameCorner)
+{
+    const HIMAGELIST hImages = ImageList_Create(10, 10, ILC_COLOR32, 0, 1);
+    int nPlaced = 0;
+    reinterpret_cast<IImageList*>(hImages)->ReplaceIcon(-1, LoadIconW(nullptr, MAKEINTRESOURCEW(32512)),
+                                                        &nPlaced);
+    int nLeft[2]{};
+    for (const DWORD dwLayout : {0, WS_EX_LAYOUTRTL}) {
+        SetWindowLongW(Parent(), GWL_EXSTYLE, static_cast<LONG>(dwLayout));
+        GTree tree;
+        const HWND hwnd = tree.Create(0, 0, 200, 100, Parent(), 3, 0, WS_CHILD | WS_VISIBLE);
+        tree.SetTreeStyle(GTS_IMAGES);
+        tree.SetImageList(hImages);
+        tree.InsertItem(nullptr, nullptr, L"Item", 0, 0, nullptr);
+        nLeft[dwLayout ? 1 : 0] = ImageLeft(hwnd);
+        DestroyWindow(hwnd);
+    }
+    EXPECT_EQ(nLeft[1], 200 - 10 - nLeft[0]);
+    ImageList_Destroy(hImages);
+}
+
 TEST_F(DirectionPlacesTest, BarsAreAtTheLeftAndHitThere)
 {
     Mirror();
