@@ -147,11 +147,14 @@ SIZE ThemePart::Size(HWND hwnd, const RECT* prc) const
     RECT rcBounds = prc ? *prc : RECT{};
     const HRESULT hr =
         GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE, &size);
-    if (SUCCEEDED(hr) && (GetScaling() == Scaling::None || !HasCheck(m_plain))) {
+    if (SUCCEEDED(hr) && GetScaling() == Scaling::None) {
         return size;
     }
-    const SIZE mark{SystemMetric(hwnd, SM_CXMENUCHECK), SystemMetric(hwnd, SM_CYMENUCHECK)};
-    return FAILED(hr) || !IsAbout(size.cx, mark.cx) ? mark : size;
+    // A glyph is about as large as a small icon.
+    const bool fGlyph = SUCCEEDED(hr) && !HasCheck(m_plain);
+    const SIZE usual{SystemMetric(hwnd, fGlyph ? SM_CXSMICON : SM_CXMENUCHECK),
+                     SystemMetric(hwnd, fGlyph ? SM_CYSMICON : SM_CYMENUCHECK)};
+    return FAILED(hr) || !IsAbout(size.cx, usual.cx) ? usual : size;
 }
 
 int ThemePart::BorderSize() const
