@@ -27,7 +27,7 @@ CANNOT_FAIL = {
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         GetTickCount IsChild IsClipboardFormatAvailable
         IsThemeBackgroundPartiallyTransparent IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
-        GetWindowThreadProcessId RegisterWindowMessageW RemovePropW WindowFromPoint""",
+        GetWindowThreadProcessId RegisterWindowMessageW WindowFromPoint""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW

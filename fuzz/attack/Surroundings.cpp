@@ -73,9 +73,9 @@ void ChangeTheme(World& world, Source& source)
     }
 }
 
-// Without the scaling itself: the fonts of each size stay with the process, and would count as left behind.
 void ChangeScale(World& world, Source& source)
 {
+    gesso::SetScaling(static_cast<gesso::Scaling>(source.Below(3)));
     gesso::Scale(world.Window(), source.Integer());
     gesso::DpiOf(world.Window());
 }

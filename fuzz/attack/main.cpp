@@ -98,6 +98,7 @@ std::string Lost(const desk::Census& before, const desk::Census& after)
 desk::Census Play(const AttackedClass& attacked, const Plan& plan, uint64_t nSeed)
 {
     Source source(nSeed, 0);
+    gesso::SetScaling(gesso::Scaling::None);
     {
         const std::unique_ptr<World> world = attacked.make(source);
         for (UINT n = 0; n < plan.nOps; ++n) {

@@ -6,11 +6,11 @@
 
 namespace gesso {
 
-// What a window's creation makes of its control's font: the default one, or that which the host has set
-// before.
+// What a window's creation makes of its control's font: that which the host has set before, or the default
+// one of the window, which need not be that of the control's former window.
 inline void TakeFirstFont(const GWnd& wnd, HFONT& hFont)
 {
-    if (!hFont || Has(wnd, Quirk::FontEndsWithWindow)) {
+    if (!hFont || IsDefaultFont(hFont) || Has(wnd, Quirk::FontEndsWithWindow)) {
         hFont = DefaultFontOf(Frame::Handle(wnd));
     }
 }

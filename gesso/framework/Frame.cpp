@@ -6,8 +6,6 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/KeyboardCues.h>
 #include <gesso/framework/Lifeline.h>
-#include <gesso/framework/LiveControls.h>
-#include <gesso/framework/OffscreenSurface.h>
 #include <gesso/framework/Ownership.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/SystemAppearance.h>
@@ -88,8 +86,6 @@ void MarkDetached(HWND hwnd)
             }
         }
         ForgetWindow(hwnd);
-        RemoveLiveControl(hwnd);
-        OffscreenSurface::RemoveUser();
     }
 }
 
@@ -159,7 +155,7 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
         return false;
     }
     SetWindowLongPtrW(hwnd, OBJECT_WORD, reinterpret_cast<LONG_PTR>(&wnd));
-    if (GWnd::FromHwnd(hwnd) != &wnd || !AddLiveControl(hwnd)) {
+    if (GWnd::FromHwnd(hwnd) != &wnd) {
         SetWindowLongPtrW(hwnd, OBJECT_WORD, 0);
         ForgetWindow(hwnd);
         return false;
@@ -168,7 +164,6 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     if (!Has(wnd, Quirk::StateOutlivesWindow)) {
         wnd.m_dwState &= ~OF_THE_USER;
     }
-    OffscreenSurface::AddUser();
     return true;
 }
 
@@ -369,10 +364,18 @@ const RECT* Frame::RectForDpi(HWND hDlg, UINT uMsg, LPARAM lParam)
     return uMsg == WM_DPICHANGED && !fChild ? reinterpret_cast<const RECT*>(lParam) : nullptr;
 }
 
-void Frame::EndScaling(GWnd& wnd, bool fShowsImages)
+void Frame::TakeRect(HWND hwnd, const RECT* prcWanted)
+{
+    if (prcWanted) {
+        SetWindowPos(hwnd, nullptr, prcWanted->left, prcWanted->top, prcWanted->right - prcWanted->left,
+                     prcWanted->bottom - prcWanted->top, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+}
+
+void Frame::EndScaling(GWnd& wnd, bool fTellsParent)
 {
     wnd.Invalidate(0);
-    if (fShowsImages) {
+    if (fTellsParent) {
         SendNotify(wnd, GN_DPICHANGED);
     }
 }

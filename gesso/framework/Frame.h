@@ -132,8 +132,10 @@ public:
         KeepDialog(hDlg, uMsg);
         ChangeLookOf(hDlg, uMsg);
         if (auto* pDialog = static_cast<DIALOG*>(DIALOG::ObjectOf(hDlg, uMsg, lParam))) {
-            if (IsScalingMessage(uMsg) && TakesScaling(hDlg, uMsg, wParam)) {
-                pDialog->OnScaling(RectForDpi(hDlg, uMsg, lParam));
+            if (IsScalingMessage(uMsg) && TakeScaling(hDlg, uMsg, wParam) != ScalingChange::None) {
+                const RECT* prcWanted = RectForDpi(hDlg, uMsg, lParam);
+                // Of several dialogs the object is laid out for the last.
+                pDialog->m_hWnd == hDlg ? pDialog->OnScaling(prcWanted) : TakeRect(hDlg, prcWanted);
                 return trace.Returned(INT_PTR{TRUE});
             }
             return trace.Returned(pDialog->OnMessage(hDlg, uMsg, wParam, lParam));
@@ -272,12 +274,8 @@ private:
 
     template <class CONTROL> static LRESULT Answer(CONTROL& control, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
-        if (IsScalingMessage(uMsg) && TakesScaling(control.m_hWnd, uMsg, wParam)) {
-            const Watch watch(control);
-            FollowScaling(control);
-            if (!watch) {
-                return 0;
-            }
+        if (IsScalingMessage(uMsg) && !FollowsScaling(control, TakeScaling(control.m_hWnd, uMsg, wParam))) {
+            return 0;
         }
         if constexpr (requires { control.OpenBarTheme(); }) {
             if (uMsg == WM_THEMECHANGED) {
@@ -296,10 +294,13 @@ private:
     }
 
     // The window's measures are others: fonts and measures that the library made come anew, the style is
-    // opened for them, and the parent hears of it once where the control shows images. The control may be
-    // gone afterwards. What is a class's own is its OnScaling, before the style is opened.
-    template <class CONTROL> static void FollowScaling(CONTROL& control)
+    // opened for them, and the parent hears of other dots once where the control shows images. False where
+    // the control is gone afterwards. What is a class's own is its OnScaling, before the style is opened.
+    template <class CONTROL> static bool FollowsScaling(CONTROL& control, ScalingChange change)
     {
+        if (change == ScalingChange::None) {
+            return true;
+        }
         const Watch watch(control);
         if constexpr (requires { control.OnScaling(); }) {
             control.OnScaling();
@@ -312,14 +313,16 @@ private:
             Answer(control, WM_THEMECHANGED, 0, 0);
         }
         if (watch) {
-            EndScaling(control, ShowsImages(control));
+            EndScaling(control, change == ScalingChange::Dpi && ShowsImages(control));
         }
+        return watch;
     }
-    static void EndScaling(GWnd& wnd, bool fShowsImages);
+    static void EndScaling(GWnd& wnd, bool fTellsParent);
     // A dialog is one of the library's windows from WM_INITDIALOG to its end.
     static void KeepDialog(HWND hDlg, UINT uMsg);
     // What WM_DPICHANGED wants a top-level window to be; null for any other.
     static const RECT* RectForDpi(HWND hDlg, UINT uMsg, LPARAM lParam);
+    static void TakeRect(HWND hwnd, const RECT* prcWanted);
     template <class CONTROL> static bool ShowsImages(const CONTROL& control)
     {
         if constexpr (requires { control.HasImages(); }) {

@@ -4,6 +4,7 @@
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
+#include <gesso/framework/WindowDpi.h>
 
 constinit HMODULE g_hModule = nullptr;
 constinit HFONT g_hDefaultFont = nullptr;
@@ -13,8 +14,8 @@ namespace {
 
 HFONT MakeDefaultFont()
 {
-    return CreateFontW(gesso::FontHeight(nullptr, gesso::Metrics::DEFAULT_FONT_POINTS), 0, 0, 0, FW_NORMAL, 0,
-                       0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    return CreateFontW(gesso::ScreenFontHeight(gesso::Metrics::DEFAULT_FONT_POINTS), 0, 0, 0, FW_NORMAL, 0, 0,
+                       0, 0, 0, 0, 0, 0, L"Segoe UI");
 }
 
 } // namespace
@@ -42,6 +43,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void* pProcess
         g_hModule = hModule;
     } else if (dwReason == DLL_PROCESS_DETACH && !pProcessEnds) {
         gesso::ForgetFonts();
+        gesso::ReleaseDefaultFonts();
     }
     return TRUE;
 }

@@ -35,10 +35,15 @@ int SystemMetric(HWND hwnd, int nIndex)
 
 int FontHeight(HWND hwnd, int nPoints)
 {
-    if (GetScaling() != Scaling::None) {
-        const auto nDpi = static_cast<int>(DpiOf(hwnd));
-        return -std::max(MulDiv(nPoints * TextPercent(), nDpi, POINTS_PER_INCH * PERCENT), 1);
+    if (GetScaling() == Scaling::None) {
+        return ScreenFontHeight(nPoints);
     }
+    const auto nDpi = static_cast<int>(DpiOf(hwnd));
+    return -std::max(MulDiv(nPoints * TextPercent(), nDpi, POINTS_PER_INCH * PERCENT), 1);
+}
+
+int ScreenFontHeight(int nPoints)
+{
     const WindowContext screen(nullptr);
     return -MulDiv(nPoints, GetDeviceCaps(screen, LOGPIXELSY), POINTS_PER_INCH);
 }

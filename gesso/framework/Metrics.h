@@ -31,6 +31,8 @@ int SystemMetric(HWND hwnd, int nIndex);
 
 // The height of a font of so many points, as LOGFONTW counts it: negative.
 int FontHeight(HWND hwnd, int nPoints);
+// The same without scaling, at the screen's resolution.
+int ScreenFontHeight(int nPoints);
 
 // By family, in the order of the folders.
 namespace Metrics {

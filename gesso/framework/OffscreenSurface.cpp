@@ -1,7 +1,7 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/framework/Direction.h>
+#include <gesso/framework/LibraryWindows.h>
 #include <gesso/framework/OffscreenSurface.h>
-#include <gesso/framework/Palette.h>
 
 namespace gesso {
 namespace {
@@ -22,7 +22,6 @@ constexpr int64_t PixelsOf(SIZE size)
 
 // Threads paint their own controls: whoever gets the pointer has the spare surface to itself.
 constinit OffscreenSurface::Parts* OffscreenSurface::s_pSpare = nullptr;
-constinit LONG OffscreenSurface::s_nUsers = 0;
 
 OffscreenSurface::OffscreenSurface(HDC hdcLike, SIZE size)
 {
@@ -46,7 +45,7 @@ OffscreenSurface::~OffscreenSurface()
     // What a paint has set must not stay for the next one.
     const bool fRestored = RestoreDC(m_parts.hdc, m_nSaved);
     if (fRestored && m_parts.hdc && m_parts.hBitmap && m_parts.hFormer &&
-        PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && HasUsers())
+        PixelsOf(m_parts.size) <= MOST_PIXELS_KEPT && HasLibraryWindows())
     {
         KeepSpare(m_parts);
     } else {
@@ -94,22 +93,8 @@ void OffscreenSurface::KeepSpare(const Parts& parts)
     }
 }
 
-void OffscreenSurface::AddUser()
+void OffscreenSurface::ReleaseSpare()
 {
-    InterlockedIncrement(&s_nUsers);
-}
-
-bool OffscreenSurface::HasUsers()
-{
-    return InterlockedCompareExchange(&s_nUsers, 0, 0) > 0;
-}
-
-void OffscreenSurface::RemoveUser()
-{
-    if (InterlockedDecrement(&s_nUsers) != 0) {
-        return;
-    }
-    ReleaseKeptBrushes();
     if (Parts* pSpare = TakeSpare()) {
         Release(*pSpare);
         Free(pSpare);

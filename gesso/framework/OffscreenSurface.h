@@ -19,10 +19,8 @@ public:
 
     HDC Context() const { return m_parts.hdc; }
 
-    // A control has come to life, or gone. With the last one goes what was kept.
-    static void AddUser();
-    static void RemoveUser();
-    static bool HasUsers();
+    // What is kept goes with the library's last window.
+    static void ReleaseSpare();
 
 private:
     struct Parts
@@ -44,7 +42,6 @@ private:
     int m_nSaved;
 
     static Parts* s_pSpare;
-    static LONG s_nUsers;
 };
 
 } // namespace gesso

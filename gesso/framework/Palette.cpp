@@ -1,4 +1,4 @@
-#include <gesso/framework/OffscreenSurface.h>
+#include <gesso/framework/LibraryWindows.h>
 #include <gesso/framework/Palette.h>
 
 #include <array>
@@ -97,7 +97,7 @@ void SetOwnShade(ColorScheme active, ColorRole role, COLORREF cr)
 
 HBRUSH KeptBrush(COLORREF cr)
 {
-    if (!OffscreenSurface::HasUsers()) {
+    if (!HasLibraryWindows()) {
         return nullptr;
     }
     AcquireSRWLockExclusive(&s_lock);

@@ -1,8 +1,13 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/DpiApi.h>
 #include <gesso/framework/Library.h>
+#include <gesso/framework/LibraryWindows.h>
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/OffscreenSurface.h>
+#include <gesso/framework/Palette.h>
+#include <gesso/framework/Saturate.h>
+#include <gesso/framework/SystemAppearance.h>
 #include <gesso/framework/WindowDpi.h>
 
 #include <algorithm>
@@ -30,48 +35,18 @@ constinit std::atomic<unsigned> s_uChanges = 1;
 
 // --- The library's windows
 
-struct KnownWindow
-{
-    HWND hwnd;
-    UINT uDpi; // 0 until it is known
-};
-
-struct DefaultFont
-{
-    int nHeight;
-    HFONT hFont;
-};
-
-// What the process has of both; there while any is. In order of the handles.
-constinit SRWLOCK s_lock = SRWLOCK_INIT;
-constinit std::vector<KnownWindow>* s_pWindows = nullptr;
-constinit std::vector<DefaultFont>* s_pFonts = nullptr;
-
-// Under the lock.
-KnownWindow* Find(HWND hwnd)
-{
-    if (!s_pWindows) {
-        return nullptr;
-    }
-    const auto at = std::ranges::lower_bound(*s_pWindows, hwnd, {}, &KnownWindow::hwnd);
-    return at != s_pWindows->end() && at->hwnd == hwnd ? &*at : nullptr;
-}
-
 // 0 for a window that is not the library's.
 UINT KnownDpi(HWND hwnd)
 {
-    const ScopedLock lock(s_lock);
-    const KnownWindow* pKnown = Find(hwnd);
-    return pKnown ? pKnown->uDpi : 0;
+    return KnownWindow(hwnd).uDpi;
 }
 
-// The former ones; 0 where the window is not the library's.
-UINT SetKnownDpi(HWND hwnd, UINT uDpi)
+void SetKnownDpi(HWND hwnd, UINT uDpi)
 {
-    const ScopedLock lock(s_lock);
-    KnownWindow* pKnown = Find(hwnd);
+    LibraryWindow window = KnownWindow(hwnd);
+    window.uDpi = uDpi;
+    SetKnownWindow(window);
     ++s_uChanges;
-    return pKnown ? std::exchange(pKnown->uDpi, uDpi) : 0;
 }
 
 // What a window is drawn for that has been told of nothing.
@@ -117,28 +92,44 @@ int ReadTextPercent()
     return fSound ? static_cast<int>(dwPercent) : FULL_TEXT;
 }
 
-// A message of the library's own: all measures may be others. 0 until one is sent.
+// A message of the library's own: all measures may be others, and with a wParam the dots an inch are. 0 until
+// one is sent.
 constinit std::atomic<UINT> s_uRescale = 0;
 
 // Without memory there are none: they follow when they hear of the next change.
-std::vector<KnownWindow> LibraryWindows()
+std::vector<LibraryWindow> WindowsNow()
 try {
-    const ScopedLock lock(s_lock);
-    return s_pWindows ? *s_pWindows : std::vector<KnownWindow>();
+    return LibraryWindows();
 } catch (const std::bad_alloc&) {
     return {};
 }
 
-void Rescale(const std::vector<KnownWindow>& windows)
+void Rescale(HWND hwnd, bool fOtherDpi)
 {
     if (!s_uRescale) {
         s_uRescale = RegisterWindowMessageW(L"gesso.rescale");
     }
-    for (const KnownWindow& known : windows) {
-        if (s_uRescale && IsWindow(known.hwnd)) {
-            SendNotifyMessageW(known.hwnd, s_uRescale, 0, 0);
-        }
+    if (s_uRescale) {
+        SendNotifyMessageW(hwnd, s_uRescale, fOtherDpi, 0);
     }
+}
+
+// --- The default fonts of other heights
+
+struct DefaultFont
+{
+    int nHeight;
+    HFONT hFont;
+};
+constinit SRWLOCK s_fontLock = SRWLOCK_INIT;
+constinit std::vector<DefaultFont>* s_pFonts = nullptr; // null for none
+constinit std::atomic<bool> s_fFontsReleased = false;   // ever
+
+// Whether a font was one of these and has gone since with the library's last window, while an object without
+// a window still has it. One that a host has deleted looks the same.
+bool IsGone(HFONT hFont)
+{
+    return s_fFontsReleased && !GetObjectType(hFont);
 }
 
 int HeightOf(HFONT hFont)
@@ -168,26 +159,19 @@ try {
     return nullptr;
 }
 
-constexpr LPCWSTR IMAGE_DPI = L"gesso.imagedpi";
+// --- Images
 
-// Before the window's dots an inch are others: what its images were given for.
+// Before a window's dots an inch are others: what its images were given for.
 void KeepImageDpi(HWND hwnd, UINT uFormer)
 {
-    if (!GetPropW(hwnd, IMAGE_DPI)) {
-        SetPropW(hwnd, IMAGE_DPI, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(uFormer)));
+    LibraryWindow window = KnownWindow(hwnd);
+    if (!window.uImageDpi) {
+        window.uImageDpi = uFormer;
+        SetKnownWindow(window);
     }
 }
 
-// After another scaling was set; the windows come with what they were drawn for before.
-void RenewDpi(const std::vector<KnownWindow>& windows)
-{
-    for (const KnownWindow& former : windows) {
-        SetKnownDpi(former.hwnd, GetScaling() == Scaling::PerMonitor ? PlatformDpiOf(former.hwnd) : 0);
-        if (DpiOf(former.hwnd) != former.uDpi) {
-            KeepImageDpi(former.hwnd, former.uDpi);
-        }
-    }
-}
+// --- Changes
 
 // Of WM_DPICHANGED and its like under PerMonitor.
 bool TakesNewDpi(HWND hwnd, WPARAM wParam)
@@ -203,6 +187,18 @@ bool TakesNewDpi(HWND hwnd, WPARAM wParam)
     return true;
 }
 
+// After another scaling was set, of a window with the dots that it was drawn for before: whether it has
+// others now.
+bool TakesScalingSet(HWND hwnd, UINT uFormer)
+{
+    SetKnownDpi(hwnd, GetScaling() == Scaling::PerMonitor ? PlatformDpiOf(hwnd) : 0);
+    if (DpiOf(hwnd) == uFormer) {
+        return false;
+    }
+    KeepImageDpi(hwnd, uFormer);
+    return true;
+}
+
 } // namespace
 
 // --- For hosts
@@ -212,20 +208,21 @@ void SetScaling(Scaling scaling)
     if (scaling != Scaling::None && scaling != Scaling::System && scaling != Scaling::PerMonitor) {
         return Misuse("SetScaling: no such scaling");
     }
-    std::vector<KnownWindow> windows = LibraryWindows();
-    for (KnownWindow& known : windows) {
-        known.uDpi = DpiOf(known.hwnd);
+    std::vector<LibraryWindow> windows = WindowsNow();
+    for (LibraryWindow& window : windows) {
+        window.uDpi = DpiOf(window.hwnd);
     }
-    const Scaling former = s_scaling.exchange(scaling);
+    const bool fOther = s_scaling.exchange(scaling) != scaling;
     s_uSystemDpi = scaling == Scaling::None ? BASE_DPI : PlatformDpi();
     const int nPercent = scaling == Scaling::None ? FULL_TEXT : ReadTextPercent();
     const bool fOtherText = s_nTextPercent.exchange(nPercent) != nPercent;
     ++s_uChanges;
-    if (scaling != former) {
-        RenewDpi(windows);
-    }
-    if (scaling != former || fOtherText) {
-        Rescale(windows);
+    HearOfTextSize(scaling != Scaling::None);
+    for (const LibraryWindow& window : windows) {
+        const bool fOtherDpi = fOther && TakesScalingSet(window.hwnd, window.uDpi);
+        if (fOther || fOtherText) {
+            Rescale(window.hwnd, fOtherDpi);
+        }
     }
 }
 
@@ -245,39 +242,28 @@ UINT DpiOf(HWND hwnd)
 
 int Scale(HWND hwnd, int nPixels)
 {
-    return MulDiv(nPixels, static_cast<int>(DpiOf(hwnd)), BASE_DPI);
+    constexpr int64_t HALF = BASE_DPI / 2;
+    const int64_t nDots = int64_t{nPixels} * DpiOf(hwnd);
+    return Saturated((nDots + (nDots < 0 ? -HALF : HALF)) / int64_t{BASE_DPI});
 }
 
 // --- The library's windows
 
 bool KeepWindow(HWND hwnd)
-try {
+{
     const UINT uDpi = GetScaling() == Scaling::PerMonitor ? DpiAround(hwnd) : 0;
-    const ScopedLock lock(s_lock);
-    if (!s_pWindows) {
-        s_pWindows = new std::vector<KnownWindow>;
-    }
-    const auto at = std::ranges::lower_bound(*s_pWindows, hwnd, {}, &KnownWindow::hwnd);
-    if (at == s_pWindows->end() || at->hwnd != hwnd) {
-        s_pWindows->insert(at, {hwnd, uDpi});
-    } else {
-        at->uDpi = uDpi;
-    }
     ++s_uChanges;
-    return true;
-} catch (const std::bad_alloc&) {
-    return false;
+    return AddLibraryWindow(hwnd, uDpi);
 }
 
 void ForgetWindow(HWND hwnd)
 {
-    const ScopedLock lock(s_lock);
+    RemoveLibraryWindow(hwnd);
     ++s_uChanges;
-    if (const KnownWindow* pKnown = Find(hwnd)) {
-        s_pWindows->erase(s_pWindows->begin() + (pKnown - s_pWindows->data()));
-        if (s_pWindows->empty()) {
-            delete std::exchange(s_pWindows, nullptr);
-        }
+    if (!HasLibraryWindows()) {
+        ReleaseDefaultFonts();
+        ReleaseKeptBrushes();
+        OffscreenSurface::ReleaseSpare();
     }
 }
 
@@ -298,8 +284,11 @@ int TextPercent()
 void FollowTextSize()
 {
     const int nPercent = GetScaling() == Scaling::None ? FULL_TEXT : ReadTextPercent();
-    if (s_nTextPercent.exchange(nPercent) != nPercent) {
-        Rescale(LibraryWindows());
+    if (s_nTextPercent.exchange(nPercent) == nPercent) {
+        return;
+    }
+    for (const LibraryWindow& window : WindowsNow()) {
+        Rescale(window.hwnd, false);
     }
 }
 
@@ -313,7 +302,7 @@ HFONT DefaultFontOf(HWND hwnd)
     if (nHeight == HeightOf(hFirst)) {
         return hFirst;
     }
-    const ScopedLock lock(s_lock);
+    const ScopedLock lock(s_fontLock);
     if (s_pFonts) {
         const auto at = std::ranges::find(*s_pFonts, nHeight, &DefaultFont::nHeight);
         if (at != s_pFonts->end()) {
@@ -329,8 +318,24 @@ bool IsDefaultFont(HFONT hFont)
     if (!hFont || hFont == g_hDefaultFont) {
         return hFont != nullptr;
     }
-    const ScopedLock lock(s_lock);
-    return s_pFonts && std::ranges::find(*s_pFonts, hFont, &DefaultFont::hFont) != s_pFonts->end();
+    const ScopedLock lock(s_fontLock);
+    return (s_pFonts && std::ranges::find(*s_pFonts, hFont, &DefaultFont::hFont) != s_pFonts->end()) ||
+           IsGone(hFont);
+}
+
+// A window is kept before it asks for its font, so that none is released that a window has asked for. One
+// that a context holds goes when the context lets go of it.
+void ReleaseDefaultFonts()
+{
+    const ScopedLock lock(s_fontLock);
+    if (!s_pFonts || HasLibraryWindows()) {
+        return;
+    }
+    for (const DefaultFont& font : *s_pFonts) {
+        DeleteObject(font.hFont);
+    }
+    delete std::exchange(s_pFonts, nullptr);
+    s_fFontsReleased = true;
 }
 
 // --- Messages
@@ -341,13 +346,16 @@ bool IsScalingMessage(UINT uMsg)
            (uMsg && uMsg == s_uRescale);
 }
 
-bool TakesScaling(HWND hwnd, UINT uMsg, WPARAM wParam)
+ScalingChange TakeScaling(HWND hwnd, UINT uMsg, WPARAM wParam)
 {
     switch (uMsg) {
     case WM_DPICHANGED:
-    case WM_DPICHANGED_AFTERPARENT: return GetScaling() == Scaling::PerMonitor && TakesNewDpi(hwnd, wParam);
-    case WM_SETTINGCHANGE: FollowTextSize(); return false; // all windows hear of it by a message of their own
-    default: return true;
+    case WM_DPICHANGED_AFTERPARENT:
+        return GetScaling() == Scaling::PerMonitor && TakesNewDpi(hwnd, wParam) ? ScalingChange::Dpi
+                                                                                : ScalingChange::None;
+    // All windows hear of it by a message of their own.
+    case WM_SETTINGCHANGE: FollowTextSize(); return ScalingChange::None;
+    default: return wParam ? ScalingChange::Dpi : ScalingChange::Text;
     }
 }
 
@@ -358,15 +366,23 @@ int ImageFactor(HWND hwnd)
     if (GetScaling() == Scaling::None) {
         return 1;
     }
-    const auto uGiven = static_cast<UINT>(reinterpret_cast<ULONG_PTR>(GetPropW(hwnd, IMAGE_DPI)));
+    const UINT uGiven = KnownWindow(hwnd).uImageDpi;
     return uGiven ? std::max(static_cast<int>(DpiOf(hwnd) / uGiven), 1) : 1;
 }
 
-void ForgetImageDpi(HWND hwnd)
+void TakeNewImages(HWND hwnd)
 {
-    if (GetScaling() != Scaling::None) {
-        RemovePropW(hwnd, IMAGE_DPI);
+    LibraryWindow window = KnownWindow(hwnd);
+    if (window.uImageDpi) {
+        window.uImageDpi = DpiOf(hwnd);
+        window.fNewImages = true;
+        SetKnownWindow(window);
     }
+}
+
+bool HasNewImages(HWND hwnd)
+{
+    return KnownWindow(hwnd).fNewImages;
 }
 
 } // namespace gesso

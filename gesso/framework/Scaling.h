@@ -5,6 +5,9 @@
 // System and PerMonitor every measure that is the library's own and every font that it makes is that of 96
 // dots times the window's, and the fonts and the measures that hold text are larger by the user's text size
 // besides. What a host gives in pixels stays as given: Scale tells it how much that should be.
+//
+// A control's GetFont may then give a font other than g_hDefaultFont, which lives as long as the library has
+// any window: a host that wants it longer makes one like it.
 #pragma once
 
 #include <gesso/api.h>
@@ -33,6 +36,7 @@ GESSO_API Scaling GetScaling();
 // the platform's answer. Null, or a window that is none: the first screen's.
 GESSO_API UINT DpiOf(HWND hwnd);
 // A length at 96 dots an inch as it is in a window, in pixels; rounded to the nearest, halves away from zero.
+// One that is beyond the numbers ends with them, at INT_MAX or INT_MIN.
 GESSO_API int Scale(HWND hwnd, int nPixels);
 
 } // namespace gesso

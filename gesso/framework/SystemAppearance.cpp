@@ -2,6 +2,7 @@
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/SystemAppearance.h>
 #include <gesso/framework/WindowClass.h>
+#include <gesso/framework/WindowDpi.h>
 
 #include <atomic>
 
@@ -36,7 +37,7 @@ bool AreProgramsDark()
 LRESULT CALLBACK ListenerProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     switch (uMsg) {
-    case WM_SETTINGCHANGE:
+    case WM_SETTINGCHANGE: FollowTextSize(); [[fallthrough]];
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED: TakeSystemColors(); break;
     default: break;
@@ -66,6 +67,15 @@ void StopListening()
     } else {
         PostMessageW(hwnd, WM_CLOSE, 0, 0);
     }
+}
+
+// What anybody hears of.
+constinit std::atomic<bool> s_fForColors = false;
+constinit std::atomic<bool> s_fForTexts = false;
+
+void Listen()
+{
+    s_fForColors || s_fForTexts ? StartListening() : StopListening();
 }
 
 using SetAttribute = HRESULT(WINAPI*)(HWND, DWORD, LPCVOID, DWORD);
@@ -102,7 +112,14 @@ ColorScheme SchemeOfSystem()
 
 void FollowSystem(bool fFollow)
 {
-    fFollow ? StartListening() : StopListening();
+    s_fForColors = fFollow;
+    Listen();
+}
+
+void HearOfTextSize(bool fHear)
+{
+    s_fForTexts = fHear;
+    Listen();
 }
 
 // The frame is painted anew whenever the scheme changes.

@@ -10,6 +10,8 @@ ColorScheme SchemeOfSystem();
 
 // Whether changes are heard of: by a hidden top-level window, which belongs to the thread that asks first.
 void FollowSystem(bool fFollow);
+// The same for the user's text size.
+void HearOfTextSize(bool fHear);
 
 // The system's colours or settings have changed: for all controls, and for one that was told by a message.
 void TakeSystemColors();

@@ -20,18 +20,27 @@ void FollowTextSize();
 // The font that a control of the window starts with: g_hDefaultFont, but for a window that another height is
 // for. Null before InitControls.
 HFONT DefaultFontOf(HWND hwnd);
-// Whether that of some window is this one.
+// Whether that of some window is this one, or was it once.
 bool IsDefaultFont(HFONT hFont);
+// Those of other heights, where the library has no window any more.
+void ReleaseDefaultFonts();
 
 // A message that may change how large things are in a window.
 bool IsScalingMessage(UINT uMsg);
-// Of such a message: takes what it tells. Whether the window's measures are others than before, as far as can
-// be known.
-bool TakesScaling(HWND hwnd, UINT uMsg, WPARAM wParam);
+// What of a window's measures are others than before, as far as can be known.
+enum class ScalingChange
+{
+    None,
+    Text, // with the user's text size
+    Dpi   // all of them
+};
+// Of such a message: takes what it tells.
+ScalingChange TakeScaling(HWND hwnd, UINT uMsg, WPARAM wParam);
 
 // How many times as large an image is drawn that its host gave before the window's dots an inch changed: a
-// whole number. ForgetImageDpi: the host has given another one.
+// whole number. TakeNewImages: the host has given another one; HasNewImages: after such a change.
 int ImageFactor(HWND hwnd);
-void ForgetImageDpi(HWND hwnd);
+void TakeNewImages(HWND hwnd);
+bool HasNewImages(HWND hwnd);
 
 } // namespace gesso

@@ -3,6 +3,7 @@
 
 #include "../controls/DrawFixture.h"
 
+#include <gesso/framework/LibraryWindows.h>
 #include <gesso/framework/OffscreenSurface.h>
 
 namespace {
@@ -69,7 +70,7 @@ TEST_F(OffscreenSurfaceTest, SelectionThatFailsLeavesNothingBehind)
 
 TEST_F(OffscreenSurfaceTest, PaintWithinAPaintHasASurfaceOfItsOwn)
 {
-    OffscreenSurface::AddUser();
+    gesso::AddLibraryWindow(Parent(), 0);
     const HDC hdc = GetDC(Parent());
     {
         const OffscreenSurface outer(hdc, {50, 50});
@@ -94,7 +95,7 @@ TEST_F(OffscreenSurfaceTest, PaintWithinAPaintHasASurfaceOfItsOwn)
     }
     EXPECT_EQ(desk::Live()[desk::Kind::Bitmap], 0) << "not kept";
     ReleaseDC(Parent(), hdc);
-    OffscreenSurface::RemoveUser();
+    gesso::RemoveLibraryWindow(Parent());
 }
 
 } // namespace

@@ -14,27 +14,6 @@ namespace test {
 
 constexpr int ALL_DPI[] = {96, 120, 144, 192, 288};
 
-// The default fonts of all sizes stay once they are made, and count for no single test.
-class DefaultFonts
-{
-public:
-    DefaultFonts()
-    {
-        desk::Reset();
-        InitControls();
-        for (const int nDpi : ALL_DPI) {
-            for (const DWORD dwPercent : {100, 150, 225}) {
-                desk::SetDpi(nDpi);
-                desk::SetRegistryNumber("Software\\Microsoft\\Accessibility", "TextScaleFactor", dwPercent);
-                gesso::SetScaling(gesso::Scaling::System);
-                gesso::DefaultFontOf(nullptr);
-                gesso::SetScaling(gesso::Scaling::None);
-            }
-        }
-        desk::SetDpi(USER_DEFAULT_SCREEN_DPI);
-    }
-};
-
 class ScalingFixture
 {
 public:
@@ -59,7 +38,6 @@ public:
     }
 
 private:
-    DefaultFonts m_fonts;
     FreshDesktop m_desktop;
 
 public:
@@ -83,6 +61,14 @@ struct ShownText
                box.bottom <= room.bottom;
     }
 };
+
+// The height of a font's em; 0 for one that is none.
+inline int EmOf(HFONT hFont)
+{
+    LOGFONTW font{};
+    GetObjectW(hFont, sizeof(font), &font);
+    return -font.lfHeight;
+}
 
 inline RECT RectIn(const std::smatch& match, size_t first)
 {
@@ -136,6 +122,20 @@ inline std::vector<ShownText> TextsOf(HWND hwnd)
     return texts;
 }
 
+// Where the first image of the next paint is.
+inline RECT ImageIn(HWND hwnd)
+{
+    static const std::regex IMAGE(
+        "(?:DrawIconEx|ImageList_Draw|DrawStateW).* \\((-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\\)");
+    std::smatch match;
+    for (const std::string& line : NextPaint(hwnd, "")) {
+        if (std::regex_search(line, match, IMAGE)) {
+            return RectIn(match, 1);
+        }
+    }
+    return {};
+}
+
 inline bool Overlap(const RECT& a, const RECT& b)
 {
     RECT rc{};
@@ -150,6 +150,20 @@ inline void ClickOn(HWND hwnd, const std::string& text)
             PointAt(hwnd, (shown.box.left + shown.box.right) / 2, (shown.box.top + shown.box.bottom) / 2);
             PressThere();
             ReleaseThere();
+            return;
+        }
+    }
+    ADD_FAILURE() << "not shown: " << text;
+}
+
+// The same without waiting for what comes of it, as within a loop of the program's.
+inline void TapOn(HWND hwnd, const std::string& text)
+{
+    for (const ShownText& shown : TextsOf(hwnd)) {
+        if (shown.text == text) {
+            POINT pt{(shown.box.left + shown.box.right) / 2, (shown.box.top + shown.box.bottom) / 2};
+            ClientToScreen(hwnd, &pt);
+            desk::Click(pt.x, pt.y);
             return;
         }
     }

@@ -46,13 +46,6 @@ public:
     using GList::OnSetFont;
 };
 
-int EmOf(HFONT hFont)
-{
-    LOGFONTW font{};
-    GetObjectW(hFont, sizeof(font), &font);
-    return -font.lfHeight;
-}
-
 void Fill(ProbeList& list, UINT nItems)
 {
     list.InsertColumn(END, 0, DT_SINGLELINE | DT_VCENTER, 80, 0, L"Name", 0, LCT_TEXT, nullptr, nullptr,
@@ -79,6 +72,8 @@ TEST_F(ScalingTest, LengthsAreRoundedToTheNearestHalvesAwayFromZeroAndLinesNever
     EXPECT_EQ(Scale(nullptr, 2), 3);
     EXPECT_EQ(Scale(nullptr, -2), -3);
     EXPECT_EQ(Scale(nullptr, 1), 1);
+    EXPECT_EQ(Scale(nullptr, INT_MAX), INT_MAX);
+    EXPECT_EQ(Scale(nullptr, INT_MIN), INT_MIN);
     EXPECT_EQ(Pixels(nullptr, Measure{2}), 3);
     const std::pair<int, int> lines[] = {{96, 1}, {120, 1}, {144, 1}, {192, 2}, {288, 3}};
     for (const auto& [nDpi, nLine] : lines) {
@@ -324,20 +319,6 @@ TEST_F(ScalingTest, AParentMayDestroyTheControlInTheNotification)
     ImageList_Destroy(hImages);
 }
 
-// Where the first image of the next paint is.
-RECT ImageIn(HWND hwnd)
-{
-    static const std::regex IMAGE(
-        "(?:DrawIconEx|ImageList_Draw|DrawStateW).* \\((-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\\)");
-    std::smatch match;
-    for (const std::string& line : NextPaint(hwnd, "")) {
-        if (std::regex_search(line, match, IMAGE)) {
-            return RectIn(match, 1);
-        }
-    }
-    return {};
-}
-
 // In a place of 16 pixels at 96 dots.
 TEST_F(ScalingTest, AnImageIsDrawnAtWholeMultiplesInTheMiddleOfItsPlace)
 {
@@ -389,6 +370,11 @@ TEST_F(ScalingTest, AnIconGrowsByWholeMultiplesUntilItsHostGivesAnother)
     }
     button.SetIcon(hIcon);
     EXPECT_EQ(ImageIn(hwnd).right - ImageIn(hwnd).left, nSide);
+    gesso::SetScaling(Scaling::None);
+    button.SetIcon(hIcon);
+    gesso::SetScaling(Scaling::PerMonitor);
+    SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(192, 192), 0);
+    EXPECT_EQ(ImageIn(hwnd).right - ImageIn(hwnd).left, 2 * nSide) << "given for 96 dots, with None";
     button.Destroy();
 }
 
@@ -415,6 +401,31 @@ TEST_F(ScalingTest, ABoxIsAsLargeAsItsWindowWantsThoughAnotherOpenedTheClassLast
     };
     EXPECT_EQ(boxOf(hwndLarge), 26);
     EXPECT_EQ(boxOf(hwndSmall), 15); // as the system's check mark
+    more.Destroy();
+    less.Destroy();
+}
+
+TEST_F(ScalingTest, SoIsTheGlyphOfACommandLink)
+{
+    desk::ShareThemeHandles(true);
+    gesso::SetScaling(Scaling::PerMonitor);
+    GCommandButton less, more;
+    const HWND hwndSmall = less.Create(0, 0, 80, 60, m_host, 1, L"Go", nullptr, 0, WS_CHILD | WS_VISIBLE);
+    const HWND hwndLarge = more.Create(100, 0, 80, 60, m_host, 2, L"Go", nullptr, 0, WS_CHILD | WS_VISIBLE);
+    SendMessageW(hwndLarge, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(192, 192), 0);
+    const auto glyphOf = [](HWND hwnd) {
+        static const std::regex GLYPH("BUTTON 7 \\d+ \\((-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\\)");
+        std::smatch match;
+        for (const std::string& line : NextPaint(hwnd, "DrawThemeBackground")) {
+            if (std::regex_search(line, match, GLYPH)) {
+                const RECT rc = RectIn(match, 1);
+                return rc.right - rc.left;
+            }
+        }
+        return LONG{0};
+    };
+    EXPECT_EQ(glyphOf(hwndLarge), 32);
+    EXPECT_EQ(glyphOf(hwndSmall), 16);
     more.Destroy();
     less.Destroy();
 }
@@ -521,51 +532,6 @@ TYPED_TEST(EveryControlScaled, SurvivesWhateverFailsWhileTheDotsChange)
     SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(TextsOf(hwnd).size(), nTexts);
     DestroyWindow(hwnd);
-}
-
-// --- Hits
-
-class HitScaled : public ScalingTest, public testing::WithParamInterface<int>
-{};
-INSTANTIATE_TEST_SUITE_P(Dpi, HitScaled, testing::ValuesIn(ALL_DPI));
-
-TEST_P(HitScaled, RowsOfTreesAndListsAreHitWhereTheyAreDrawn)
-{
-    const WithBehavior modern(gesso::Behavior::Modern);
-    gesso::SetScaling(Scaling::PerMonitor);
-    desk::SetWindowDpi(m_host, GetParam());
-    GTree tree;
-    GNavigationBar bar;
-    ProbeList list;
-    const int cx = Scale(m_host, 110), cy = Scale(m_host, 200);
-    const HWND hwndTree = tree.Create(0, 0, cx, cy, m_host, 1, 0, WS_CHILD | WS_VISIBLE);
-    const HWND hwndBar = bar.Create(0, 0, cx, cy, m_host, 2, 0, WS_CHILD | WS_VISIBLE);
-    const HWND hwndList =
-        list.Create(0, 0, cx, cy, m_host, 3, GLS_DETAILS | GLS_HEADER, 0, WS_CHILD | WS_VISIBLE);
-    void* hFirst = tree.InsertItem(nullptr, nullptr, L"First", 0, TIS_EXPANDED, nullptr);
-    void* hBelow = tree.InsertItem(hFirst, nullptr, L"Below", 0, 0, nullptr);
-    bar.InsertItem(bar.GetRootItem(), nullptr, L"Head", 0, NBIK_HEADER, nullptr);
-    bar.InsertItem(bar.GetRootItem(), nullptr, L"Mail", 0, NBIK_ITEM, nullptr);
-    void* hSub = bar.InsertItem(bar.GetRootItem(), nullptr, L"Sub", 0, NBIK_SUBITEM, nullptr);
-    Fill(list, 0);
-    list.InsertItem(END, 0, nullptr, 0, L"One", 0);
-    list.InsertItem(END, 0, nullptr, 0, L"Two", 0);
-    ShowWindow(hwndBar, SW_HIDE);
-    ShowWindow(hwndList, SW_HIDE);
-    ClickOn(hwndTree, "Below");
-    EXPECT_EQ(tree.GetSelectedItem(), hBelow);
-    ShowWindow(hwndTree, SW_HIDE);
-    ShowWindow(hwndBar, SW_SHOW);
-    ClickOn(hwndBar, "Sub");
-    EXPECT_EQ(bar.GetSelectedItem(), hSub);
-    ShowWindow(hwndBar, SW_HIDE);
-    ShowWindow(hwndList, SW_SHOW);
-    ClickOn(hwndList, "Two");
-    EXPECT_EQ(list.GetSelected(1), 1);
-    EXPECT_EQ(list.GetSelectedCount(), 1U);
-    list.Destroy();
-    bar.Destroy();
-    tree.Destroy();
 }
 
 // --- Dialogs
