@@ -45,10 +45,15 @@ GLabel& Canvas::Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, Shade shade, 
                  WS_CHILD | WS_VISIBLE | dwStyle);
     label.SetFont(hFont);
     if (shade != Shade::Text) {
-        label.SetTextColor(ColorOf(shade));
-        m_shaded.emplace_back(&label, shade);
+        SetShade(label, shade);
     }
     return label;
+}
+
+void Canvas::SetShade(GLabel& label, Shade shade)
+{
+    label.SetTextColor(ColorOf(shade));
+    m_shaded.emplace_back(&label, shade);
 }
 
 void Canvas::Finish()

@@ -49,6 +49,8 @@ public:
     // The page's title and a sentence about it, at the top.
     void Title(LPCWSTR pszTitle, LPCWSTR pszAbout);
     GLabel& Text(const RECT& rc, LPCWSTR pszText, HFONT hFont, Shade shade, DWORD dwStyle = 0);
+    // Gives a label a shade, which it keeps as the scheme changes.
+    void SetShade(GLabel& label, Shade shade);
     // After a change of the scheme: plain texts follow by themselves.
     void Recolor();
 

@@ -61,7 +61,7 @@ private:
         grid.SetFramed(true);
         grid.Add<GLabel>(L"wrapped", L"Words go on to the next line", GS_MULTILINE);
         grid.Add<GLabel>(L"inset by one pixel", L"Label", GLS_INSET);
-        grid.Add<GLabel>(L"in a colour", L"Label", CENTERED).SetTextColor(RGB(0, 92, 175));
+        canvas.SetShade(grid.Add<GLabel>(L"in a colour", L"Label", CENTERED), Shade::Edge);
         grid.Add<GLabel>(L"in a font of the host's", L"Label", CENTERED).SetFont(TitleFont());
         grid.Add<GLabel>(L"with a mnemonic", L"&Save && close", CENTERED);
         grid.Add<GLabel>(L"without a prefix", L"Save & close", CENTERED | GLS_NOPREFIX);

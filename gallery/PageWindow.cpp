@@ -103,6 +103,7 @@ LRESULT PageWindow::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_MOUSEWHEEL: return OnWheel(static_cast<short>(HIWORD(wParam)));
     case WM_SIZE: return OnSize();
     case WM_TIMER: return OnTimer();
+    case WM_CTLCOLOREDIT: return OnColorEdit(reinterpret_cast<HDC>(wParam), lParam);
     case WM_ERASEBKGND: return OnEraseBackground(reinterpret_cast<HDC>(wParam));
     default: return DefWindowProcW(m_hwnd, uMsg, wParam, lParam);
     }
@@ -263,6 +264,19 @@ LRESULT PageWindow::OnTimer()
 {
     m_page->OnTimer();
     return 0;
+}
+
+// The platform's own field, which knows of no scheme.
+LRESULT PageWindow::OnColorEdit(HDC hdc, LPARAM lParam) const
+{
+    if (gesso::ActiveColorScheme() == gesso::ColorScheme::Light) {
+        return DefWindowProcW(m_hwnd, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(hdc), lParam);
+    }
+    const COLORREF crGround = gesso::ColorOf(gesso::ColorRole::Window);
+    SetTextColor(hdc, gesso::ColorOf(gesso::ColorRole::WindowText));
+    SetBkColor(hdc, crGround);
+    SetDCBrushColor(hdc, crGround);
+    return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
 }
 
 LRESULT PageWindow::OnEraseBackground(HDC hdc) const

@@ -39,6 +39,7 @@ private:
     LRESULT OnWheel(short nDelta);
     LRESULT OnSize();
     LRESULT OnTimer();
+    LRESULT OnColorEdit(HDC hdc, LPARAM lParam) const;
     LRESULT OnEraseBackground(HDC hdc) const;
 
     void Arrange();

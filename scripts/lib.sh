@@ -65,8 +65,10 @@ find_wine() {
 }
 
 # The values that the programs' look and speed rest on. $1: Y where a window manager decorates the windows, N
-# on a bare display, where each framed window would wait for one in vain.
+# on a bare display, where each framed window would wait for one in vain. $2: the system's look, as for prepare_wine.
 wine_settings() {
+    local styled=1
+    [[ $2 != classic ]] || styled=0
     cat <<SETTINGS
 Windows Registry Editor Version 5.00
 
@@ -83,7 +85,43 @@ Windows Registry Editor Version 5.00
 "FontSmoothingType"=dword:00000002
 "FontSmoothingGamma"=dword:000003e8
 "FontSmoothingOrientation"=dword:00000001
+
+[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager]
+"ThemeActive"="$styled"
+
+[HKEY_CURRENT_USER\\Control Panel\\Colors]
+$(system_colors "$2")
 SETTINGS
+}
+
+# The system's colours in a look: those of Wine's style, those from before there were styles, or a contrast theme's.
+system_colors() {
+    local column names=(light classic contrast)
+    for column in "${!names[@]}"; do
+        [[ ${names[column]} != "$1" ]] || break
+    done
+    awk -F ' *[|] *' -v column=$((column + 2)) 'NF { printf "\"%s\"=\"%s\"\n", $1, $column }' <<COLORS
+ButtonFace       | 245 245 245 | 212 208 200 | 0 0 0
+ButtonHilight    | 255 255 255 | 255 255 255 | 255 255 255
+ButtonLight      | 227 227 227 | 212 208 200 | 255 255 255
+ButtonShadow     | 166 166 166 | 128 128 128 | 255 255 255
+ButtonDkShadow   | 106 106 106 | 64 64 64    | 255 255 255
+ButtonText       | 0 0 0       | 0 0 0       | 255 238 50
+GrayText         | 166 166 166 | 128 128 128 | 166 166 166
+Hilight          | 48 150 250  | 10 36 106   | 214 180 253
+HilightText      | 255 255 255 | 255 255 255 | 43 43 43
+HotTrackingColor | 224 224 224 | 0 0 200     | 128 128 255
+InfoText         | 0 0 0       | 0 0 0       | 255 255 255
+InfoWindow       | 255 255 255 | 255 255 225 | 0 0 0
+Menu             | 255 255 255 | 212 208 200 | 0 0 0
+MenuBar          | 255 255 255 | 212 208 200 | 0 0 0
+MenuHilight      | 48 150 250  | 10 36 106   | 214 180 253
+MenuText         | 0 0 0       | 0 0 0       | 255 255 255
+Scrollbar        | 255 255 255 | 212 208 200 | 0 0 0
+Window           | 255 255 255 | 255 255 255 | 0 0 0
+WindowFrame      | 158 158 158 | 0 0 0       | 255 255 255
+WindowText       | 0 0 0       | 0 0 0       | 255 255 255
+COLORS
 }
 
 # The fonts that Wine is to see, the same on every machine. Of Open Sans just the plain and bold faces: Wine would
@@ -109,8 +147,9 @@ choose_fonts() {
 FONTS
 }
 
-# prepare_wine Y|N: makes the Wine prefix build/wine where there is none yet, with the settings above. Needs a
-# display.
+# prepare_wine Y|N [LOOK]: makes the Wine prefix build/wine where there is none yet, with the settings above. Needs a
+# display. LOOK is the system's: light (Wine's visual style; the usual one), classic (no visual style), or contrast
+# (the style with a contrast theme's colours).
 prepare_wine() {
     find_wine
     export WINEPREFIX=$BUILD/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG--all}
@@ -119,7 +158,7 @@ prepare_wine() {
     WINE_IN_USE=1
     trap end_session EXIT
     local applied=$WINEPREFIX/gesso.reg wanted
-    wanted=$(wine_settings "$1")
+    wanted=$(wine_settings "$1" "${2:-light}")
     [[ -f $applied && $(<"$applied") == "$wanted" ]] && return
     mkdir -p "$WINEPREFIX"
     if [[ ! -d $WINEPREFIX/drive_c/windows ]]; then
