@@ -120,8 +120,9 @@ void GButton::Draw(HDC hdc)
     if (!Frame::DrawParentBackground(*this, hdc, &rcClient)) {
         return;
     }
-    const gesso::ThemePart part(m_hTheme, hdc, BP_PUSHBUTTON, gesso::PressStateOfDefault(m_dwState, dwStyle),
-                                gesso::PlainPart::PushButton);
+    gesso::ThemePart part(m_hTheme, hdc, BP_PUSHBUTTON, gesso::PressStateOfDefault(m_dwState, dwStyle),
+                          gesso::PlainPart::PushButton);
+    part.In(m_hWnd);
     part.DrawBackground(rcClient);
     const RECT rcContent = part.ContentOf(rcClient);
 

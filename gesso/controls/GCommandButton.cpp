@@ -168,7 +168,8 @@ void GCommandButton::Draw(HDC hdc)
         return;
     }
     const int nState = gesso::PressStateOfDefault(m_dwState, dwStyle);
-    const ThemePart part(m_hTheme, hdc, BP_COMMANDLINK, nState, PlainPart::CommandLink);
+    ThemePart part(m_hTheme, hdc, BP_COMMANDLINK, nState, PlainPart::CommandLink);
+    part.In(m_hWnd);
     part.DrawBackground(rc);
     const RECT rcContent = part.ContentOf(rc);
     // The glyph's size makes the text's column, whatever stands in its place.

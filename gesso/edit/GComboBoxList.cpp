@@ -250,7 +250,7 @@ LRESULT GComboBoxList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams
 
 void GComboBoxList::NcDraw(HDC hdc, const RECT& rcWindow)
 {
-    ThemePart(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, PlainPart::EntryField).DrawBackground(rcWindow);
+    ThemePart(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, PlainPart::OpenList).DrawBackground(rcWindow);
     DrawScrollBar(hdc, Frame::Style(*this));
 }
 

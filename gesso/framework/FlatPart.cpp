@@ -181,7 +181,8 @@ void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rcPart)
     case PlainPart::ScrollArrow:
     case PlainPart::ScrollThumb:
     case PlainPart::ScrollGripper: DrawFlatBar(hdc, part, rc); break;
-    case PlainPart::EntryField: DrawField(hdc, rc, part.nState, true); break;
+    case PlainPart::EntryField:
+    case PlainPart::OpenList: DrawField(hdc, rc, part.nState, true); break;
     case PlainPart::EditBorder: DrawField(hdc, rc, part.nState, false); break;
     case PlainPart::EditBackground:
         FillColor(hdc, rc, ColorOf(IsDisabledBackground(part) ? Color::FieldDisabledFace : Color::FieldFace));
@@ -225,6 +226,7 @@ bool IsFlatOpaque(const FlatPart& part)
 {
     switch (part.plain) {
     case PlainPart::EntryField:
+    case PlainPart::OpenList:
     case PlainPart::EditBackground:
     case PlainPart::ItemView:
     case PlainPart::ProgressBar:

@@ -60,7 +60,8 @@ COLORREF ItemTheme::GridColor() const
 int ItemTheme::BorderSize() const
 {
     int nBorder = 0;
-    return SUCCEEDED(GetThemeInt(m_hTheme, 0, 0, TMT_BORDERSIZE, &nBorder)) ? nBorder : 0;
+    const int nNone = m_hTheme ? 0 : PLAIN_EDGE;
+    return SUCCEEDED(GetThemeInt(m_hTheme, 0, 0, TMT_BORDERSIZE, &nBorder)) ? nBorder : nNone;
 }
 
 } // namespace gesso

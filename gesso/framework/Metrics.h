@@ -46,6 +46,13 @@ inline constexpr Measure WHEEL_LINE{20, MeasureKind::Text};
 // --- Parts of the style as they look without one
 inline constexpr Measure PLAIN_GLYPH_REACH{4};      // of a tree's box from its middle
 inline constexpr Measure PLAIN_GLYPH_MARK_REACH{2}; // of the plus or minus in it
+// From a part's edge to its content, at the sides, and above and below.
+inline constexpr Measure PLAIN_BUTTON_CX{5};
+inline constexpr Measure PLAIN_BUTTON_CY{3};
+inline constexpr Measure PLAIN_LINK{7};
+inline constexpr Measure PLAIN_LINK_GLYPH{20}; // the side of a command link's arrow
+inline constexpr Measure PLAIN_FIELD_CX{1}; // within the edge
+inline constexpr Measure PLAIN_PROGRESS{2};
 
 // --- Labels, buttons and the other small controls
 inline constexpr Measure LABEL_INSET{1};

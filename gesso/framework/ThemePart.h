@@ -21,6 +21,7 @@ enum class PlainPart
     CommandLinkGlyph,
     BackButton,
     EntryField,     // frame and background of a text field
+    OpenList,       // the frame and background of a combo box's list
     DropDownButton, // of a combo box
     ProgressBar,
     ProgressFill,
@@ -39,6 +40,15 @@ enum class PlainPart
     EditBackground,
     EditBorder,
 };
+
+// Whether its states come in fours, one for each mark.
+constexpr bool HasCheck(PlainPart plain)
+{
+    return plain == PlainPart::CheckBox || plain == PlainPart::RadioButton;
+}
+
+// What an edge of the platform's takes without a style, in pixels at any number of dots an inch.
+inline constexpr int PLAIN_EDGE = 2;
 
 class ThemePart
 {
@@ -78,7 +88,14 @@ public:
 private:
     void DrawFlatBackground(const RECT& rc) const;
     bool DrawStyleText(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
+    // Without a style.
+    RECT PlainContentOf(const RECT& rc) const;
+    HFONT MakePlainFont() const;
     void DrawPlainBackground(RECT rc) const;
+    void DrawPlainButton(RECT rc, UINT uButton) const;
+    void DrawPlainCheck(const RECT& rc, UINT uButton) const;
+    void DrawPlainField(RECT rc) const;
+    void DrawPlainDropDown(RECT rc, UINT uButton) const;
     void DrawPlainFrame(RECT rc, UINT uType, UINT uKind) const;
     void DrawPlainRow(const RECT& rc) const;
     void DrawPlainSortArrow(RECT rc) const;

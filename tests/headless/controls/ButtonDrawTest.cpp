@@ -132,6 +132,13 @@ TEST_F(ButtonDrawTest, WithoutAStyleAPlainButtonIsDrawn)
     EXPECT_TRUE(AnyStartsWith(lines, "DrawFrameControl (0,0,100,40)"));
     EXPECT_TRUE(AnyStartsWith(lines, "DrawTextW \"abcd\""));
     EXPECT_FALSE(AnyStartsWith(lines, "DrawThemeBackground"));
+    EXPECT_FALSE(AnyStartsWith(lines, "FrameRect"));
+    DestroyWindow(button);
+    Make(GBS_DEFAULT);
+    const Lines ofDefault = Draw(button, "");
+    EXPECT_TRUE(AnyStartsWith(ofDefault, "FrameRect (0,0,100,40) brush=sys6")) << "the default button's line";
+    EXPECT_TRUE(AnyStartsWith(ofDefault, "DrawFrameControl (1,1,99,39)"));
+    EXPECT_TRUE(AnyStartsWith(ofDefault, "DrawTextW \"abcd\" (5,3,")) << "clear of the edge";
     DestroyWindow(button);
     EXPECT_EQ(desk::Live()[desk::Kind::Theme], 0);
 }

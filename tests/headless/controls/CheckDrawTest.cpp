@@ -170,8 +170,12 @@ TYPED_TEST(CheckDrawTest, WithoutAStyleAPlainBoxIsDrawn)
     EXPECT_FALSE(this->Draw(this->control, "DrawTextW \"abcd\"").empty());
     this->control.SetCheck(2);
     std::snprintf(state, sizeof(state), "0x%04X",
-                  DFCS_CHECKED | (this->RADIO ? DFCS_BUTTONRADIO : DFCS_BUTTONCHECK | DFCS_BUTTON3STATE));
+                  this->RADIO ? DFCS_BUTTONRADIO | DFCS_CHECKED : DFCS_BUTTONCHECK);
     EXPECT_NE(this->Draw(this->control, "DrawFrameControl").at(0).find(state), std::string::npos);
+    const auto nMarks = [&] { return AnyStartsWith(this->Draw(this->control, ""), "FillRect (4,"); };
+    EXPECT_EQ(nMarks(), !this->RADIO) << "a mixed box has a dash of its own";
+    this->control.SetCheck(1);
+    EXPECT_FALSE(nMarks());
 }
 
 TYPED_TEST(CheckDrawTest, TextThatTheParentChangesWhileItDrawsBehindTheBoxIsDrawn)

@@ -64,7 +64,7 @@ TEST_F(SmallDrawTest, BackButtonAndProgressBarArePlainWithoutTheirClasses)
     bar.Create(0, 0, 100, 20, Parent(), 0, 0, WS_CHILD | WS_VISIBLE);
     bar.SetProgress(300);
     EXPECT_EQ(Draw(bar, "DrawEdge").size(), 1u);
-    EXPECT_EQ(Draw(bar, "FillRect (0,0,30,20)").size(), 1u);
+    EXPECT_EQ(Draw(bar, "FillRect (2,2,30,18)").size(), 1u) << "within the edge";
 }
 
 class ProgressDrawTest : public DrawFixture

@@ -107,6 +107,27 @@ TEST_F(GTaskDialogHeadlessTest, TextsButtonsAndFooterStandWhereTheyBelong)
                                "4 'Wiederholen' (102,82,190,108)", "8 'Schliessen' (7,82,95,108)"}));
 }
 
+TEST_F(GTaskDialogHeadlessTest, WithoutAStyleTheMainInstructionIsLargerAllTheSame)
+{
+    desk::SetThemed(false);
+    GTASKDIALOGCONFIG config{};
+    config.hwndParent = Parent();
+    config.pszMainInstruction = L"Instruction";
+    config.pszContent = L"Content";
+    Lines drawn;
+    desk::WhenIdle([&] {
+        drawn = Draw(GDialog::s_hActiveDlg, "DrawTextW");
+        EndDialog(GDialog::s_hActiveDlg, 0);
+    });
+    const desk::Census before = desk::Live();
+    GTaskDialog::IsolationAwareTaskDialogIndirect(&config, nullptr);
+    ASSERT_EQ(drawn.size(), 2u);
+    EXPECT_NE(drawn[0].find("\"Instruction\" (61,13,149,"), std::string::npos) << drawn[0];
+    EXPECT_NE(drawn[0].find("\"Segoe UI\" 16 "), std::string::npos) << drawn[0];
+    EXPECT_NE(drawn[1].find("\"Segoe UI\" 12 "), std::string::npos) << drawn[1];
+    EXPECT_EQ(desk::Live(), before);
+}
+
 TEST_F(GTaskDialogHeadlessTest, RunsAndLeavesNothingBehindWhateverFails)
 {
     for (const char* pszOperation : {"LoadIconWithScaleDown", "OpenThemeData", "CreateCompatibleDC",

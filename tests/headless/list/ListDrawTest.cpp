@@ -1,5 +1,6 @@
 // What a list draws, operation by operation.
 
+#include "../../support/Numbers.h"
 #include "ListDesktop.h"
 
 #include <algorithm>
@@ -111,6 +112,21 @@ TEST_F(ListDrawTest, AStyleWithoutRowsFallsBackToTheTreesAndThenToPlainOnes)
     list.Sort(0, true);
     EXPECT_EQ(Draw("DrawThemeBackground"), Lines{});
     EXPECT_EQ(Draw("DrawFrameControl").size(), 1u + 2u + 1u + 1u) << "check box, header, arrow, the rest";
+}
+
+TEST_F(ListDrawTest, WithoutAStyleABorderIsASunkenEdgeThatShowsWhole)
+{
+    desk::SetThemed(false);
+    MakeList(GLS_DETAILS, WS_BORDER);
+    RECT rcClient{};
+    GetClientRect(list, &rcClient);
+    EXPECT_EQ(Numbers(rcClient), "0,0,296,196");
+    desk::ClearDrawing(list);
+    Send(WM_NCPAINT, 1);
+    const Lines lines = desk::Drawing(list);
+    EXPECT_TRUE(std::ranges::any_of(lines, [](const std::string& line) {
+        return line.starts_with("DrawEdge (0,0,300,200) 0x000A"); // EDGE_SUNKEN
+    }));
 }
 
 TEST_F(ListDrawTest, OnlyTheRowsInViewAreDrawn)
