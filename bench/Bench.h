@@ -87,6 +87,7 @@ void MeasureRibbon(Bench& bench);
 void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
 void MeasureDark(Bench& bench);
+void MeasureScale(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);

@@ -33,6 +33,7 @@ constexpr FamilyEntry FAMILIES[] = {
     {"longlist", &bench::MeasureLongList},
     {"keys", &bench::MeasureKeys},
     {"dark", &bench::MeasureDark},
+    {"scale", &bench::MeasureScale},
     {"dialogs", &bench::MeasureDialogs},
     {"tree", &bench::MeasureTree},
     {"tree.folder", &bench::MeasureTreeFolder},
