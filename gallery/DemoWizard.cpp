@@ -57,7 +57,9 @@ public:
         m_canvas = std::make_unique<Canvas>(hwnd);
         RECT rc{};
         GetClientRect(hwnd, &rc);
-        const int xRight = Unscaled(rc.right) - PAGE_MARGIN;
+        // The wizard may have other dots still, and come to the gallery's when it is shown.
+        const auto nDots = static_cast<int>(gesso::DpiOf(::GetParent(hwnd)));
+        const int xRight = MulDiv(rc.right, USER_DEFAULT_SCREEN_DPI, nDots) - PAGE_MARGIN;
         m_canvas->Text({PAGE_MARGIN, 16, xRight, 46}, TEXTS[m_nIndex].pszTitle, TitleFont(), Shade::Title);
         m_canvas->Text({PAGE_MARGIN, TEXT_TOP, xRight, TEXT_TOP + TEXT_HEIGHT}, TEXTS[m_nIndex].pszText,
                        g_hDefaultFont, Shade::Text, GS_MULTILINE);

@@ -24,6 +24,8 @@ Order* s_pOrder = nullptr;
 
 void SaveDialog(HWND hDlg)
 {
+    // The timer may be ahead of it, in which the owner brings the dialog to its dots.
+    SendMessageW(s_pOrder->hwndOwner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(hDlg));
     if (s_pOrder->exhibit.prepare) {
         s_pOrder->exhibit.prepare(hDlg);
     }

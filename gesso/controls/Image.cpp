@@ -55,10 +55,14 @@ void DrawFaint(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uKind)
     if (place.cx <= 0 || place.cy <= 0 || place.cx > MOST_SIDE || place.cy > MOST_SIDE) {
         return;
     }
+    // The platform may blend nothing from one mirrored context into another.
+    const UprightScope upright(hdc, place.x, place.cx);
+    const int xShown = upright.IsMirrored() ? place.cx - place.cxShown : 0;
     const OffscreenSurface whole(hdc, {place.cx, place.cy});
-    BitBlt(whole.Context(), 0, 0, place.cx, place.cy, hdc, place.x, place.y, SRCCOPY);
-    DrawImageState(whole.Context(), {0, 0, place.cx, place.cy, place.cxShown}, hImage, uKind | DSS_NORMAL);
-    GdiAlphaBlend(hdc, place.x, place.y, place.cx, place.cy, whole.Context(), 0, 0, place.cx, place.cy,
+    BitBlt(whole.Context(), 0, 0, place.cx, place.cy, hdc, upright.Left(), place.y, SRCCOPY);
+    DrawImageState(whole.Context(), {xShown, 0, place.cx, place.cy, place.cxShown}, hImage,
+                   uKind | DSS_NORMAL);
+    GdiAlphaBlend(hdc, upright.Left(), place.y, place.cx, place.cy, whole.Context(), 0, 0, place.cx, place.cy,
                   {AC_SRC_OVER, 0, FAINT, 0});
 }
 
