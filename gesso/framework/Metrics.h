@@ -51,7 +51,7 @@ inline constexpr Measure PLAIN_BUTTON_CX{5};
 inline constexpr Measure PLAIN_BUTTON_CY{3};
 inline constexpr Measure PLAIN_LINK{7};
 inline constexpr Measure PLAIN_LINK_GLYPH{20}; // the side of a command link's arrow
-inline constexpr Measure PLAIN_FIELD_CX{1}; // within the edge
+inline constexpr Measure PLAIN_FIELD_CX{1};    // within the edge
 inline constexpr Measure PLAIN_PROGRESS{2};
 
 // --- Labels, buttons and the other small controls
