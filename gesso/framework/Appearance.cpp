@@ -1,5 +1,6 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/framework/LiveControls.h>
+#include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Palette.h>
 #include <gesso/framework/SystemAppearance.h>
 
@@ -8,13 +9,43 @@
 namespace gesso {
 namespace {
 
+// Changed under the lock: what is active is what the last one who asked was told of what was set last. No
+// message is sent under it.
+constinit SRWLOCK s_lock = SRWLOCK_INIT;
 constinit std::atomic<ColorScheme> s_set = ColorScheme::Light;
 constinit std::atomic<ColorScheme> s_active = ColorScheme::Light;
 
-// Whether another one is active now.
-bool Activate(ColorScheme active)
+// Under the lock. Whether another one is active now.
+bool Decide()
 {
+    const ColorScheme set = s_set;
+    const ColorScheme active = set == ColorScheme::System ? SchemeOfSystem() : set;
     return s_active.exchange(active) != active;
+}
+
+bool SetAndDecide(ColorScheme scheme)
+{
+    const ScopedLock lock(s_lock);
+    s_set = scheme;
+    return Decide();
+}
+
+bool DecideAnew()
+{
+    const ScopedLock lock(s_lock);
+    return s_set == ColorScheme::System && Decide();
+}
+
+// Whether it is another one than before, of the scheme that is active.
+bool KeepShade(ColorRole role, COLORREF cr)
+{
+    const ScopedLock lock(s_lock);
+    const ColorScheme active = s_active;
+    if (OwnShade(active, role) == cr) {
+        return false;
+    }
+    SetOwnShade(active, role, cr);
+    return true;
 }
 
 bool IsShade(COLORREF cr)
@@ -30,10 +61,9 @@ void SetColorScheme(ColorScheme scheme)
         Misuse("SetColorScheme: no such scheme");
         return;
     }
-    s_set = scheme;
-    const bool fFollows = scheme == ColorScheme::System;
-    FollowSystem(fFollows);
-    if (Activate(fFollows ? SchemeOfSystem() : scheme)) {
+    const bool fOther = SetAndDecide(scheme);
+    FollowSystem();
+    if (fOther) {
         RepaintControls();
     }
 }
@@ -54,23 +84,28 @@ void SetColor(ColorRole role, COLORREF cr)
         Misuse("SetColor: no such role, or no shade");
         return;
     }
-    if (OwnShade(ActiveColorScheme(), role) != cr) {
-        SetOwnShade(ActiveColorScheme(), role, cr);
+    if (KeepShade(role, cr)) {
+        RepaintControls();
+    }
+}
+
+void RenewScheme()
+{
+    if (DecideAnew()) {
         RepaintControls();
     }
 }
 
 void TakeSystemColors()
 {
-    const bool fOther = s_set == ColorScheme::System && Activate(SchemeOfSystem());
-    if (fOther || s_active == ColorScheme::Contrast) {
+    if (DecideAnew() || s_active == ColorScheme::Contrast) {
         RepaintControls();
     }
 }
 
 void TakeSystemColorsFor(HWND hwnd)
 {
-    if (s_set == ColorScheme::System && Activate(SchemeOfSystem())) {
+    if (DecideAnew()) {
         RepaintControls();
     } else if (s_active == ColorScheme::Contrast) {
         RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);

@@ -21,8 +21,9 @@ enum class ColorScheme
 };
 
 // Of the process: the controls of all its threads repaint, and the windows that they stand in. Fonts and
-// sizes stay. System is followed as the user changes it; the thread that sets it must dispatch messages for
-// that. A value that is none is ignored.
+// sizes stay. System is followed as the user changes it, from when it is set until the last control goes, and
+// again with the next one; the thread that sets it, or made that control, must dispatch messages for that. A
+// value that is none is ignored.
 GESSO_API void SetColorScheme(ColorScheme scheme);
 // As set; Light at first.
 GESSO_API ColorScheme GetColorScheme();

@@ -5,6 +5,7 @@
 #include <gesso/framework/FontChange.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/KeyboardCues.h>
+#include <gesso/framework/LibraryWindows.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Ownership.h>
 #include <gesso/framework/Quirks.h>
@@ -75,6 +76,15 @@ bool IsOfTemplate(const CREATESTRUCTW& cs)
 // what is its own.
 thread_local std::vector<HWND> s_forsaken;
 
+// With the last of them nobody is left who would follow the system.
+void Forget(HWND hwnd)
+{
+    ForgetWindow(hwnd);
+    if (!HasLibraryWindows()) {
+        StopFollowing();
+    }
+}
+
 void MarkDetached(HWND hwnd)
 {
     const LONG nWord = WordOf(hwnd);
@@ -85,7 +95,7 @@ void MarkDetached(HWND hwnd)
                 s_forsaken.push_back(hwnd);
             }
         }
-        ForgetWindow(hwnd);
+        Forget(hwnd);
     }
 }
 
@@ -164,6 +174,7 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     if (!Has(wnd, Quirk::StateOutlivesWindow)) {
         wnd.m_dwState &= ~OF_THE_USER;
     }
+    FollowSystem();
     return true;
 }
 
@@ -249,6 +260,8 @@ bool Frame::AnswersAlike(GWnd& wnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRE
         ForgetFonts();
     } else if (uMsg == WM_SYSCOLORCHANGE) {
         TakeSystemColorsFor(wnd.m_hWnd);
+    } else if (uMsg == WM_PAINT) {
+        FollowSystem();
     }
     if (AsksForContextMenu(uMsg, wParam) && !Has(wnd, Quirk::ContextMenuEnds)) {
         if (uMsg == WM_KEYUP) {
@@ -354,7 +367,7 @@ void Frame::KeepDialog(HWND hDlg, UINT uMsg)
     if (uMsg == WM_INITDIALOG) {
         KeepWindow(hDlg); // without memory it does not hear of SetScaling
     } else if (uMsg == WM_NCDESTROY) {
-        ForgetWindow(hDlg);
+        Forget(hDlg);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Module.h>
+#include <gesso/framework/SystemAppearance.h>
 #include <gesso/framework/WindowDpi.h>
 
 constinit HMODULE g_hModule = nullptr;
@@ -42,6 +43,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void* pProcess
     if (dwReason == DLL_PROCESS_ATTACH) {
         g_hModule = hModule;
     } else if (dwReason == DLL_PROCESS_DETACH && !pProcessEnds) {
+        gesso::LeaveListener();
         gesso::ForgetFonts();
         gesso::ReleaseDefaultFonts();
     }

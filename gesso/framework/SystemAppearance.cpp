@@ -14,7 +14,9 @@ constexpr LPCWSTR PERSONALIZE = L"Software\\Microsoft\\Windows\\CurrentVersion\\
 // The property of dialogs whose caption was made dark.
 constexpr LPCWSTR CAPTION_MARK = L"gesso.caption";
 
+constexpr LPCWSTR LISTENER = L"GessoAppearance";
 constinit ATOM s_aListener = 0;
+// No lock is held while windows are made and go: who exchanges it has the former one to itself.
 constinit std::atomic<HWND> s_hwndListener = nullptr;
 
 bool HasContrastTheme()
@@ -45,48 +47,82 @@ LRESULT CALLBACK ListenerProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam
     return Frame::Default(hwnd, uMsg, wParam, lParam);
 }
 
-void StartListening()
+LONG_PTR AddressOf(WNDPROC pfnWindow)
 {
-    if (IsWindow(s_hwndListener)) {
-        return; // one of a thread that ended has gone with it
-    }
-    const ATOM aClass = RegisterControlClass(s_aListener, L"GessoAppearance", ListenerProc, 0);
-    s_hwndListener = CreateWindowExW(WS_EX_TOOLWINDOW, MAKEINTRESOURCEW(aClass), nullptr, WS_POPUP, 0, 0, 0,
-                                     0, nullptr, nullptr, nullptr, nullptr);
+    return reinterpret_cast<LONG_PTR>(pfnWindow);
 }
 
-// The window of another thread is that thread's to destroy.
-void StopListening()
+// Whether it is still there: windows go with their thread, and their handles come again.
+bool IsListener(HWND hwnd)
 {
-    const HWND hwnd = s_hwndListener.exchange(nullptr);
-    if (!hwnd) {
+    return hwnd && GetWindowLongPtrW(hwnd, GWLP_WNDPROC) == AddressOf(ListenerProc);
+}
+
+// The class is the platform's own procedure, so that it outlives the library's module: the window alone leads
+// here.
+HWND MakeListener()
+{
+    RegisterControlClass(s_aListener, LISTENER, DefWindowProcW, 0);
+    const HWND hwnd = CreateWindowExW(WS_EX_TOOLWINDOW, LISTENER, nullptr, WS_POPUP, 0, 0, 0, 0, nullptr,
+                                      nullptr, nullptr, nullptr);
+    if (hwnd) {
+        SetWindowLongPtrW(hwnd, GWLP_WNDPROC, AddressOf(ListenerProc));
+    }
+    return hwnd;
+}
+
+// Leaves the window to the platform, which closes it once its thread looks at its messages: the library's
+// module may be gone by then.
+void LeaveToPlatform(HWND hwnd)
+{
+    SetWindowLongPtrW(hwnd, GWLP_WNDPROC, AddressOf(DefWindowProcW));
+    PostMessageW(hwnd, WM_CLOSE, 0, 0);
+}
+
+void Close(HWND hwnd)
+{
+    if (!IsListener(hwnd)) {
         return;
     }
     if (GetWindowThreadProcessId(hwnd, nullptr) == GetCurrentThreadId()) {
         DestroyWindow(hwnd);
     } else {
-        PostMessageW(hwnd, WM_CLOSE, 0, 0);
+        LeaveToPlatform(hwnd);
     }
 }
 
-// What anybody hears of.
-constinit std::atomic<bool> s_fForColors = false;
+// True where there was none.
+bool StartListening()
+{
+    HWND hwndFormer = s_hwndListener;
+    if (IsListener(hwndFormer)) {
+        return false;
+    }
+    const HWND hwnd = MakeListener();
+    if (!s_hwndListener.compare_exchange_strong(hwndFormer, hwnd)) {
+        Close(hwnd); // another thread was first
+        return false;
+    }
+    return hwnd != nullptr;
+}
+
 constinit std::atomic<bool> s_fForTexts = false;
 
-void Listen()
+bool IsAnybodyListening()
 {
-    s_fForColors || s_fForTexts ? StartListening() : StopListening();
+    return GetColorScheme() == ColorScheme::System || s_fForTexts;
 }
 
 using SetAttribute = HRESULT(WINAPI*)(HWND, DWORD, LPCVOID, DWORD);
 
-// Null where the system has no such operation: captions stay as they are. The module stays, as it does in any
+// Null where the system has no such operation: captions stay as they are. From the system's folder alone; a
+// system that cannot be asked for that has no dark captions either. The module stays, as it does in any
 // program with windows.
 SetAttribute LookUpSetAttribute()
 {
     static constinit std::atomic<void*> s_pfn = nullptr;
     if (!s_pfn) {
-        const HMODULE hModule = LoadLibraryW(L"dwmapi.dll");
+        const HMODULE hModule = LoadLibraryExW(L"dwmapi.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
         s_pfn = hModule ? reinterpret_cast<void*>(GetProcAddress(hModule, "DwmSetWindowAttribute")) : nullptr;
     }
     return reinterpret_cast<SetAttribute>(s_pfn.load());
@@ -110,16 +146,35 @@ ColorScheme SchemeOfSystem()
     return AreProgramsDark() ? ColorScheme::Dark : ColorScheme::Light;
 }
 
-void FollowSystem(bool fFollow)
+// What is set may change while the window is made.
+void FollowSystem()
 {
-    s_fForColors = fFollow;
-    Listen();
+    if (IsAnybodyListening() && StartListening()) {
+        RenewScheme(); // of what nobody has heard before
+        FollowTextSize();
+    }
+    if (!IsAnybodyListening() && s_hwndListener) {
+        StopFollowing();
+    }
 }
 
 void HearOfTextSize(bool fHear)
 {
     s_fForTexts = fHear;
-    Listen();
+    FollowSystem();
+}
+
+void StopFollowing()
+{
+    Close(s_hwndListener.exchange(nullptr));
+}
+
+void LeaveListener()
+{
+    const HWND hwnd = s_hwndListener.exchange(nullptr);
+    if (IsListener(hwnd)) {
+        LeaveToPlatform(hwnd);
+    }
 }
 
 // The frame is painted anew whenever the scheme changes.

@@ -86,6 +86,17 @@ Module* FindByName(LPCWSTR name)
     return found != std::end(s_modules) ? found : nullptr;
 }
 
+HMODULE Load(LPCWSTR name)
+{
+    Module* module = FindByName(name);
+    if (!module) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return nullptr;
+    }
+    ++module->references;
+    return HandleOf(*module);
+}
+
 // The loader maps the library and runs its entry point once, before the program starts.
 BOOL AttachLibrary()
 {
@@ -168,16 +179,14 @@ DWORD WINAPI GetModuleFileNameW(HMODULE handle, LPWSTR path, DWORD size)
 HMODULE WINAPI LoadLibraryW(LPCWSTR name)
 {
     const TableLock lock;
-    if (FaultFires("LoadLibraryW")) {
-        return nullptr;
-    }
-    Module* module = FindByName(name);
-    if (!module) {
-        SetLastError(ERROR_MOD_NOT_FOUND);
-        return nullptr;
-    }
-    ++module->references;
-    return HandleOf(*module);
+    return FaultFires("LoadLibraryW") ? nullptr : Load(name);
+}
+
+// The flags say where to look; each module is in one place here.
+HMODULE WINAPI LoadLibraryExW(LPCWSTR name, HANDLE, DWORD)
+{
+    const TableLock lock;
+    return FaultFires("LoadLibraryExW") ? nullptr : Load(name);
 }
 
 BOOL WINAPI FreeLibrary(HMODULE handle)
