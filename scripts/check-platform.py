@@ -21,7 +21,7 @@ BEGIN, END = "<!-- faults: scripts/check-platform.py --write -->\n", "<!-- end o
 
 # What the library calls and nothing can make fail, by the reason.
 CANNOT_FAIL = {
-    "they only compute": """CharLowerBuffW CharLowerW CharUpperBuffW EqualRect InflateRect IsRectEmpty MulDiv
+    "they only compute": """CharLowerBuffW CharLowerW CharUpperBuffW EqualRect InflateRect IntersectRect IsRectEmpty MulDiv
         OffsetRect PtInRect StrCmpLogicalW lstrcmpiW""",
     "their answer is the state itself": """GetCapture GetCurrentThreadId GetDoubleClickTime GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 

@@ -46,24 +46,25 @@ void DrawImageState(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uFlags
                place.cy, uFlags);
 }
 
-// The image with what lies below it showing through: the platform's own grey is made of the system's colours,
-// and loses what is as light or as dark as they are.
+// What shows of the image, with what lies below it showing through: the platform's own grey is made of the
+// system's colours, and loses what is as light or as dark as they are.
 void DrawFaint(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uKind)
 {
     constexpr BYTE FAINT = 110; // of 255
-    constexpr int MOST_SIDE = 4096;
-    if (place.cx <= 0 || place.cy <= 0 || place.cx > MOST_SIDE || place.cy > MOST_SIDE) {
+    const UprightScope upright(hdc, place.x, place.cxShown);
+    const RECT rcImage{upright.Left(), place.y, Saturated(int64_t{upright.Left()} + place.cxShown),
+                       Saturated(int64_t{place.y} + place.cy)};
+    RECT rcClip{}, rc{};
+    if (GetClipBox(hdc, &rcClip) == ERROR || !IntersectRect(&rc, &rcImage, &rcClip)) {
         return;
     }
-    // The platform may blend nothing from one mirrored context into another.
-    const UprightScope upright(hdc, place.x, place.cx);
-    const int xShown = upright.IsMirrored() ? place.cx - place.cxShown : 0;
-    const OffscreenSurface whole(hdc, {place.cx, place.cy});
-    BitBlt(whole.Context(), 0, 0, place.cx, place.cy, hdc, upright.Left(), place.y, SRCCOPY);
-    DrawImageState(whole.Context(), {xShown, 0, place.cx, place.cy, place.cxShown}, hImage,
+    const int cx = rc.right - rc.left, cy = rc.bottom - rc.top;
+    const OffscreenSurface whole(hdc, {cx, cy});
+    BitBlt(whole.Context(), 0, 0, cx, cy, hdc, rc.left, rc.top, SRCCOPY);
+    DrawImageState(whole.Context(),
+                   {rcImage.left - rc.left, rcImage.top - rc.top, place.cx, place.cy, place.cxShown}, hImage,
                    uKind | DSS_NORMAL);
-    GdiAlphaBlend(hdc, upright.Left(), place.y, place.cx, place.cy, whole.Context(), 0, 0, place.cx, place.cy,
-                  {AC_SRC_OVER, 0, FAINT, 0});
+    GdiAlphaBlend(hdc, rc.left, rc.top, cx, cy, whole.Context(), 0, 0, cx, cy, {AC_SRC_OVER, 0, FAINT, 0});
 }
 
 void DrawImageAt(HDC hdc, ImageKind kind, HANDLE hImage, const ImagePlace& place, DWORD dwStyle)
