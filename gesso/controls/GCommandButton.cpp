@@ -186,7 +186,8 @@ void GCommandButton::Draw(HDC hdc)
 // both, one of them would be missing.
 int GCommandButton::DrawGlyph(HDC hdc, int nState, POINT pt, DWORD dwStyle) const
 {
-    const ThemePart glyph(m_hTheme, hdc, BP_COMMANDLINKGLYPH, nState, PlainPart::CommandLinkGlyph);
+    ThemePart glyph(m_hTheme, hdc, BP_COMMANDLINKGLYPH, nState, PlainPart::CommandLinkGlyph);
+    glyph.In(m_hWnd);
     const SIZE size = glyph.Size(m_hWnd, nullptr);
     if (dwStyle & GCBS_SHIELD) {
         DrawShield(hdc, pt, size, dwStyle);

@@ -154,6 +154,17 @@ COLORREF GLabel::GetTextColor() const
 
 // --- Drawing
 
+namespace {
+
+void DrawFlatLine(HWND hwnd, HDC hdc, RECT rc, bool fDown)
+{
+    const int nWidth = gesso::Pixels(hwnd, gesso::Metrics::THIN_LINE);
+    (fDown ? rc.right : rc.bottom) = (fDown ? rc.left : rc.top) + nWidth;
+    gesso::FillColor(hdc, rc, ColorOf(gesso::Color::PanelLine));
+}
+
+} // namespace
+
 void GLabel::Draw(HDC hdc)
 {
     RECT rc{};
@@ -162,7 +173,8 @@ void GLabel::Draw(HDC hdc)
         return;
     }
     if (dwStyle & (GLS_ETCHEDVERT | GLS_ETCHEDHORZ)) {
-        DrawEtchedLine(hdc, rc, dwStyle & GLS_ETCHEDVERT);
+        const bool fDown = dwStyle & GLS_ETCHEDVERT;
+        gesso::IsDrawnFlat() ? DrawFlatLine(m_hWnd, hdc, rc, fDown) : DrawEtchedLine(hdc, rc, fDown);
     } else if (dwStyle & (GS_ICON | GS_BITMAP)) {
         DrawContentImage(hdc, rc, dwStyle);
     } else {
@@ -172,18 +184,13 @@ void GLabel::Draw(HDC hdc)
 
 void GLabel::DrawEtchedLine(HDC hdc, RECT rc, bool fDown)
 {
-    if (!gesso::IsDrawnFlat()) {
-        DrawEdge(hdc, &rc, EDGE_ETCHED, fDown ? BF_LEFT : BF_TOP);
-        return;
-    }
-    (fDown ? rc.right : rc.bottom) = (fDown ? rc.left : rc.top) + 1;
-    gesso::FillColor(hdc, rc, ColorOf(gesso::ColorRole::Line));
+    DrawEdge(hdc, &rc, EDGE_ETCHED, fDown ? BF_LEFT : BF_TOP);
 }
 
 // In Light a disabled label looks like any other.
 COLORREF GLabel::ColorOfText(DWORD dwStyle) const
 {
-    const bool fDisabled = dwStyle & WS_DISABLED;
+    const bool fDisabled = gesso::IsDrawnFlat() && (dwStyle & WS_DISABLED);
     return gesso::HostColor(m_crText, m_fColorSet,
                             fDisabled ? gesso::ColorRole::DisabledText : gesso::ColorRole::PanelText);
 }

@@ -69,7 +69,9 @@ void GNavigationButton::Draw(HDC hdc)
         return;
     }
     const int nState = ThemeState(m_dwState, Frame::Style(*this));
-    gesso::ThemePart(m_hTheme, hdc, NAV_BACKBUTTON, nState, gesso::PlainPart::BackButton).DrawBackground(rc);
+    gesso::ThemePart(m_hTheme, hdc, NAV_BACKBUTTON, nState, gesso::PlainPart::BackButton)
+        .In(m_hWnd)
+        .DrawBackground(rc);
 }
 
 // --- Messages

@@ -73,7 +73,8 @@ void GProgressBar::Draw(HDC hdc)
     if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
         return;
     }
-    const ThemePart bar(m_hTheme, hdc, PP_BAR, 0, PlainPart::ProgressBar);
+    ThemePart bar(m_hTheme, hdc, PP_BAR, 0, PlainPart::ProgressBar);
+    bar.In(m_hWnd);
     bar.DrawBackground(rc);
     RECT rcFill = bar.ContentOf(rc);
     rcFill.right = rcFill.left + FillWidth(rcFill.right - rcFill.left, m_nProgress);

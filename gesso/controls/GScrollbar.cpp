@@ -178,7 +178,8 @@ void GScrollbar::Draw(HDC hdc)
     RECT rc{};
     GetClientRect(m_hWnd, &rc);
     rc.left = rc.right - ButtonExtent(m_hWnd);
-    gesso::DrawBarParts(hdc, m_hTheme, TRAITS, gesso::LayOutBar(TRAITS, rc, StopsAt(PaintedThumbOffset())),
+    gesso::DrawBarParts(m_hWnd, hdc, m_hTheme, TRAITS,
+                        gesso::LayOutBar(TRAITS, rc, StopsAt(PaintedThumbOffset())),
                         gesso::StatesOf(TRAITS, {m_hitDown.wHit, m_hitNow.wHit}, 0, false));
 }
 

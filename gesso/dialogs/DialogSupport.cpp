@@ -192,7 +192,7 @@ INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
         // Fixed behaviour: compared with 2 and not with a window, so that the white brush is what applies. A
         // test for the footer's buttons would put grey behind them.
         if (lParam == 2) {
-            return reinterpret_cast<INT_PTR>(SystemBrush(COLOR_BTNFACE));
+            return reinterpret_cast<INT_PTR>(SystemBrush(reinterpret_cast<HDC>(wParam), COLOR_BTNFACE));
         }
         [[fallthrough]];
     case WM_CTLCOLORMSGBOX:
@@ -202,7 +202,7 @@ INT_PTR WhiteDialogDefault(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
     case WM_CTLCOLORSCROLLBAR:
     case WM_CTLCOLORSTATIC:
         ColorPlatformControl(reinterpret_cast<HDC>(wParam));
-        return reinterpret_cast<INT_PTR>(DialogBrush());
+        return reinterpret_cast<INT_PTR>(DialogBrush(reinterpret_cast<HDC>(wParam)));
     default: return Frame::DialogDefault(hDlg, uMsg, wParam, lParam);
     }
 }

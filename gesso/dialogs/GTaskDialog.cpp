@@ -181,7 +181,9 @@ void GTaskDialog::Draw(HDC hdc)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
-    const auto part = [&](int nPart, PlainPart plain) { return ThemePart(m_hTheme, hdc, nPart, 0, plain); };
+    const auto part = [&](int nPart, PlainPart plain) {
+        return ThemePart(m_hTheme, hdc, nPart, 0, plain).In(m_hWnd);
+    };
     const gesso::SelectScope font(hdc, gesso::FontOf(m_hWnd));
     part(TDLG_PRIMARYPANEL, PlainPart::DialogPanel).DrawBackground(rcClient);
     gesso::DrawDialogIcon(m_hWnd, hdc, m_pConfig->hMainIcon, {m_rcIcon.left, m_rcIcon.top});

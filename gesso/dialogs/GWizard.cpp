@@ -265,6 +265,7 @@ void GWizard::Draw(HDC hdc)
     GetClientRect(m_hWnd, &rcClient);
     DrawTitle(hdc, rcClient);
     gesso::ThemePart(m_hTheme, hdc, AW_COMMANDAREA, 0, gesso::PlainPart::DialogFooter)
+        .In(m_hWnd)
         .DrawBackground(m_rcFooter);
 }
 

@@ -76,9 +76,10 @@ void GWndCertFailure::Draw(HDC hdc)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
-    FillRect(hdc, &rcClient, gesso::DialogBrush());
+    FillRect(hdc, &rcClient, gesso::DialogBrush(hdc));
     DrawBand(hdc);
     gesso::ThemePart(m_hTheme, hdc, TDLG_SECONDARYPANEL, 0, gesso::PlainPart::DialogFooter)
+        .In(m_hWnd)
         .DrawBackground(m_rcFooter);
     const gesso::StateScope state(hdc);
     SetBkMode(hdc, TRANSPARENT);

@@ -81,7 +81,9 @@ void MessageDialog::Draw(HDC hdc)
 {
     RECT rcClient{};
     GetClientRect(m_hWnd, &rcClient);
-    const auto part = [&](int nPart, PlainPart plain) { return ThemePart(m_hTheme, hdc, nPart, 0, plain); };
+    const auto part = [&](int nPart, PlainPart plain) {
+        return ThemePart(m_hTheme, hdc, nPart, 0, plain).In(m_hWnd);
+    };
     const auto scrolled = [this](RECT rc) {
         OffsetRect(&rc, 0, -m_nPosition);
         return rc;

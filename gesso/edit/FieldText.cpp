@@ -38,10 +38,10 @@ void FillSelection(HDC hdc, const RECT& rc)
     FillRect(hdc, &rc, brush);
 }
 
-// In Light selected text keeps its colour.
+// In Light selected text keeps its colour, unless the host has set one.
 COLORREF SelectedTextColor(HDC hdc)
 {
-    return IsDrawnFlat() ? ColorOf(Color::FieldSelectedText) : GetTextColor(hdc);
+    return IsDrawnAs(ColorRole::SelectionText) ? ColorOf(Color::FieldSelectedText) : GetTextColor(hdc);
 }
 
 void DrawFromLeft(HDC hdc, const RECT& rc, LPCWSTR psz, UINT nLength, UINT nFrom, UINT nTo)

@@ -5,7 +5,7 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/framework/FlatPart.h>
+#include <gesso/framework/FlatText.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/ThemePart.h>
@@ -97,12 +97,16 @@ void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
     const bool fReadOnly = dwKind == GCBS_DROPDOWNLIST;
     ThemePart(m_hTheme, hdc, fReadOnly ? CP_READONLY : CP_BORDER, look.nBorder,
               fReadOnly ? PlainPart::PushButton : PlainPart::EntryField)
+        .In(m_hWnd)
         .DrawBackground(rcClient);
     if (dwKind == GCBS_PLAIN) {
         return;
     }
+    const gesso::FlatTextScope color(
+        hdc, ColorOf(fReadOnly ? gesso::ColorRole::PanelText : gesso::ColorRole::WindowText));
     ThemePart(m_hTheme, hdc, IsButtonLeft() ? CP_DROPDOWNBUTTONLEFT : CP_DROPDOWNBUTTONRIGHT,
               fReadOnly ? GlyphOfFace(look.nBorder) : look.nButton, PlainPart::DropDownButton)
+        .In(m_hWnd)
         .DrawBackground(ButtonRect(rcClient));
 }
 
@@ -141,7 +145,7 @@ void GComboBox::DrawFace(HDC hdc, const RECT& rcText, int nState) const
         pModern->DrawCue(hdc, rcText);
     }
     if (GetFocus() == m_hWnd && !(m_dwState & GWS_HIDEFOCUS)) {
-        gesso::DrawFocusFrame(hdc, rcText);
+        gesso::DrawFocusFrame(m_hWnd, hdc, rcText);
     }
 }
 

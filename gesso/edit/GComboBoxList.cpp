@@ -250,7 +250,9 @@ LRESULT GComboBoxList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams
 
 void GComboBoxList::NcDraw(HDC hdc, const RECT& rcWindow)
 {
-    ThemePart(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, PlainPart::OpenList).DrawBackground(rcWindow);
+    ThemePart(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, PlainPart::OpenList)
+        .In(m_hWnd)
+        .DrawBackground(rcWindow);
     DrawScrollBar(hdc, Frame::Style(*this));
 }
 
@@ -308,7 +310,7 @@ void GComboBoxList::Draw(HDC hdc)
     RECT rcPanel = rcClient;
     const int nOverlap = Pixels(m_hWnd, Metrics::COMBO_PANEL_OVERLAP);
     InflateRect(&rcPanel, nOverlap, nOverlap);
-    m_hListTheme.DrawBackground(hdc, rcPanel);
+    m_hListTheme.DrawBackground(m_hWnd, hdc, rcPanel);
 
     const gesso::SelectScope font(hdc, m_hFont);
     const gesso::TransparentScope mode(hdc);
@@ -326,7 +328,7 @@ void GComboBoxList::DrawRow(HDC hdc, UINT nItem, const RECT& rc) const
     gesso::LayoutOverlay::Add(hdc, rc);
     const bool fHot = nItem == m_nHot;
     if (fHot) {
-        m_hListTheme.DrawRow(hdc, LISS_HOTSELECTED, rc);
+        m_hListTheme.DrawRow(m_hWnd, hdc, LISS_HOTSELECTED, rc);
     }
     RECT rcText = rc;
     const int nInset = Pixels(m_hWnd, Metrics::COMBO_ROW_INSET);

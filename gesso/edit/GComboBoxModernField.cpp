@@ -265,7 +265,7 @@ void GComboBox::Modern::DrawCue(HDC hdc, const RECT& rcText)
 {
     if (m_cue) {
         m_texts.Draw(hdc, m_cue, rcText,
-                     gesso::IsDrawnFlat() ? gesso::ColorOf(gesso::Color::FieldCue)
+                     gesso::IsDrawnFlat() ? gesso::ColorOf(gesso::Color::FaceCue)
                                           : gesso::SystemColor(COLOR_GRAYTEXT));
     }
 }

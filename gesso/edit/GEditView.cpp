@@ -122,7 +122,9 @@ void GEdit::NcDraw(HDC hdc, RECT rc)
 {
     const int nState = FrameState();
     ThemePart(m_hTheme, hdc, EP_BACKGROUNDWITHBORDER, nState, PlainPart::EditBackground).DrawBackground(rc);
-    ThemePart(m_hTheme, hdc, EP_EDITBORDER_NOSCROLL, nState, PlainPart::EditBorder).DrawBackground(rc);
+    ThemePart(m_hTheme, hdc, EP_EDITBORDER_NOSCROLL, nState, PlainPart::EditBorder)
+        .In(m_hWnd)
+        .DrawBackground(rc);
     DrawScrollBar(hdc, Frame::Style(*this));
 }
 

@@ -13,17 +13,31 @@ namespace gesso {
 
 namespace {
 
-// In Light selected text keeps its colour.
-bool SelectedTextDiffers()
+struct SelectionLook
 {
-    return IsDrawnFlat() && ColorOf(Color::FieldSelectedText) != ColorOf(Color::FieldText);
+    COLORREF crFill, crText;
+};
+
+// Without the focus a selection that stays stands back; in Light it looks the same.
+SelectionLook LookOfSelection(bool fFocus)
+{
+    if (!fFocus && IsDrawnFlat()) {
+        return {ColorOf(ColorRole::InactiveSelection), ColorOf(ColorRole::InactiveSelectionText)};
+    }
+    return {ColorOf(Color::FieldSelection), ColorOf(Color::FieldSelectedText)};
 }
 
-template <class DRAW> void DrawSelectedText(HDC hdc, const RECT& rc, const DRAW& draw)
+// In Light selected text keeps its colour, unless the host has set one.
+bool SelectedTextDiffers(const SelectionLook& look)
+{
+    return IsDrawnAs(ColorRole::SelectionText) && look.crText != ColorOf(Color::FieldText);
+}
+
+template <class DRAW> void DrawSelectedText(HDC hdc, const RECT& rc, COLORREF crText, const DRAW& draw)
 {
     const StateScope state(hdc);
     IntersectClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
-    SetTextColor(hdc, ColorOf(Color::FieldSelectedText));
+    SetTextColor(hdc, crText);
     draw();
 }
 
@@ -93,15 +107,16 @@ void TextEditor::Inside::DrawRow(HDC hdc, UINT nRow, int y, const RECT& rcArea)
         return RECT{nLeft + std::max(stretch.nLeft, nFrom), y, nLeft + std::min(stretch.nRight, nTo),
                     y + nRowHeight};
     };
+    const SelectionLook look = LookOfSelection(HasFocus());
     for (const PreparedLine::Stretch& stretch : stretches) {
-        Fill(hdc, placeOf(stretch), ColorOf(Color::FieldSelection));
+        Fill(hdc, placeOf(stretch), look.crFill);
     }
     std::optional<StateScope> state;
-    if (!stretches.empty() && SelectedTextDiffers()) {
+    if (!stretches.empty() && SelectedTextDiffers(look)) {
         state.emplace(hdc);
         for (const PreparedLine::Stretch& stretch : stretches) {
             const RECT rc = placeOf(stretch);
-            DrawSelectedText(hdc, rc, [&] { line.Draw(source, {nLeft, y}, nFrom, nTo); });
+            DrawSelectedText(hdc, rc, look.crText, [&] { line.Draw(source, {nLeft, y}, nFrom, nTo); });
             ExcludeClipRect(hdc, rc.left, rc.top, rc.right, rc.bottom);
         }
     }

@@ -55,6 +55,7 @@ enum class Color
     ButtonDisabledFace,
     ButtonEdge,
     ButtonDisabledEdge,
+    FaceCue, // in place of a text on a button's face
     ButtonPressedText,
     BoxFace, // of a check box without a mark
     BoxHotFace,
@@ -83,6 +84,8 @@ enum class Color
     ProgressTrack,
     DialogPane,
     DialogFooter,
+    PanelLine, // on a panel, and on a list's header
+    HeaderLine,
     HeaderHotFace,
     HeaderPressedFace,
     FocusFrame,
@@ -105,16 +108,24 @@ inline bool IsContrast()
     return ActiveColorScheme() == ColorScheme::Contrast;
 }
 
+// Whether what plays a role is drawn in the role's shade: but for Light, where a host has set none for it.
+bool IsDrawnAs(ColorRole role);
+
 // What a control draws in for a colour that its host may have set: that one, but for one that was never set
-// outside of Light, and in Contrast.
+// outside of Light, and in Contrast. In Light one that was never set takes the host's shade for the role.
 COLORREF HostColor(COLORREF crHost, bool fSet, Color color);
 COLORREF HostColor(COLORREF crHost, bool fSet, ColorRole role);
 
-// One of the system's own, by its COLOR_ index, and in Dark what stands for it. The brush is not deleted.
+// One of the system's own, by its COLOR_ index: in Dark what stands for it, else the host's shade for that
+// where there is one.
 COLORREF SystemColor(int nIndex);
+// What the style's stand-ins are filled with in Light. Not deleted.
 HBRUSH SystemBrush(int nIndex);
 
-// What the dialogs' backgrounds are filled with: in Light the platform's own white. Not deleted.
-HBRUSH DialogBrush();
+// Brushes to draw with in a context, or to answer who asks for one with the context. Not deleted: they are
+// the system's, or the context's own, whose colour is set.
+HBRUSH SystemBrush(HDC hdc, int nIndex);
+// What the dialogs' backgrounds are filled with: in Light the platform's own white.
+HBRUSH DialogBrush(HDC hdc);
 
 } // namespace gesso

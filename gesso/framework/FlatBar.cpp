@@ -35,14 +35,14 @@ void DrawThumb(HDC hdc, const FlatPart& part, const RECT& rc)
 {
     const int nPress = ThumbPress(part.nState);
     if (IsContrast()) {
-        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), nPress);
+        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), nPress, part.nLine);
         return;
     }
     const int nAcross = IsAcross(part.nPart) ? rc.bottom - rc.top : rc.right - rc.left;
     const int nInset = std::max(nAcross / (nPress == PBS_NORMAL ? 4 : 5), 0);
     const RECT rcThumb = IsAcross(part.nPart) ? Deflated(rc, 1, nInset) : Deflated(rc, nInset, 1);
     const COLORREF cr = ColorOf(ThumbColor(nPress));
-    DrawRoundBox(hdc, rcThumb, {cr, cr}, THUMB_CORNER, ColorOf(Color::BarTrack));
+    DrawRoundBox(hdc, rcThumb, {cr, cr, part.nLine}, THUMB_CORNER * part.nLine, ColorOf(Color::BarTrack));
 }
 
 // The states come in fours by direction, and then the four of a pointer elsewhere in the bar. Idle arrows are
@@ -59,20 +59,20 @@ int ArrowPress(int nState)
     return nState >= ABS_UPHOVER ? int{PBS_NORMAL} : (nState - 1) % 4 + 1;
 }
 
-void DrawBarArrow(HDC hdc, const RECT& rc, int nState)
+void DrawBarArrow(HDC hdc, const RECT& rc, const FlatPart& part)
 {
-    const int nPress = ArrowPress(nState);
+    const int nPress = ArrowPress(part.nState);
     const bool fStands = nPress == PBS_HOT || nPress == PBS_PRESSED;
     if (IsContrast()) {
-        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), fStands ? nPress : int{PBS_NORMAL});
+        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), fStands ? nPress : int{PBS_NORMAL}, part.nLine);
     } else {
         FillColor(hdc, rc, ColorOf(Color::BarTrack));
         if (fStands) {
-            FillColor(hdc, Deflated(rc, 1, 1), ColorOf(Color::ButtonHotFace));
+            FillColor(hdc, Deflated(rc, part.nLine, part.nLine), ColorOf(Color::ButtonHotFace));
         }
     }
     const int nReach = std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 10);
-    DrawTriangle(hdc, rc, PointingOf(nState), nReach,
+    DrawTriangle(hdc, rc, PointingOf(part.nState), nReach,
                  ColorOf(fStands ? Color::BarHotArrow : Color::BarArrow));
 }
 
@@ -84,10 +84,10 @@ void DrawFlatBar(HDC hdc, const FlatPart& part, const RECT& rc)
     case PlainPart::ScrollTrack:
         FillColor(hdc, rc, ColorOf(Color::BarTrack));
         if (IsContrast()) {
-            FrameColor(hdc, rc, ColorOf(ColorRole::Border), 1);
+            FrameColor(hdc, rc, ColorOf(ColorRole::Border), part.nLine);
         }
         break;
-    case PlainPart::ScrollArrow: DrawBarArrow(hdc, rc, part.nState); break;
+    case PlainPart::ScrollArrow: DrawBarArrow(hdc, rc, part); break;
     case PlainPart::ScrollThumb: DrawThumb(hdc, part, rc); break;
     default: break; // the thumb has no gripper
     }

@@ -1,5 +1,6 @@
 #include <gesso/framework/FlatPart.h>
 #include <gesso/framework/FlatShapes.h>
+#include <gesso/framework/Metrics.h>
 
 #include <algorithm>
 
@@ -15,8 +16,9 @@ RECT Near(const RECT& rc)
     return {bounded(rc.left), bounded(rc.top), bounded(rc.right), bounded(rc.bottom)};
 }
 
-void DrawField(HDC hdc, const RECT& rc, int nState, bool fFace)
+void DrawField(HDC hdc, const RECT& rc, const FlatPart& part, bool fFace)
 {
+    const int nState = part.nState;
     const bool fDisabled = nState == CBXS_DISABLED;
     if (fFace) {
         FillColor(hdc, rc, ColorOf(fDisabled ? Color::FieldDisabledFace : Color::FieldFace));
@@ -26,10 +28,10 @@ void DrawField(HDC hdc, const RECT& rc, int nState, bool fFace)
                        : nState == CBXS_HOT     ? Color::FieldHotEdge
                                                 : Color::FieldEdge;
     if (IsContrast() && fDisabled) {
-        DashFrameColor(hdc, rc, ColorOf(edge));
+        DashFrameColor(hdc, rc, ColorOf(edge), part.nLine);
     } else {
-        const int nWidth = !IsContrast() ? 1 : nState == CBXS_PRESSED ? 3 : nState == CBXS_HOT ? 2 : 1;
-        FrameColor(hdc, rc, ColorOf(edge), nWidth);
+        const int nLines = !IsContrast() ? 1 : nState == CBXS_PRESSED ? 3 : nState == CBXS_HOT ? 2 : 1;
+        FrameColor(hdc, rc, ColorOf(edge), nLines * part.nLine);
     }
 }
 
@@ -39,16 +41,18 @@ bool IsDisabledBackground(const FlatPart& part)
     return part.nState == (part.nPart == EP_BACKGROUND ? BACKGROUND_DISABLED : int{EPSN_DISABLED});
 }
 
-void DrawDropDown(HDC hdc, const RECT& rc, int nState)
+// In the colour of the field's text, which the context has.
+void DrawDropDown(HDC hdc, const RECT& rc, const FlatPart& part)
 {
+    const int nState = part.nState;
     const bool fDisabled = nState == CBXS_DISABLED;
     if (!IsContrast() && (nState == CBXS_HOT || nState == CBXS_PRESSED)) {
-        FillColor(hdc, Deflated(rc, 1, 1),
+        FillColor(hdc, Deflated(rc, part.nLine, part.nLine),
                   ColorOf(nState == CBXS_HOT ? Color::ButtonHotFace : Color::ButtonPressedFace));
     }
     const int nReach = std::clamp<int>((rc.right - rc.left) / 4, 2, 12);
-    DrawChevron(hdc, rc, Pointing::Down, nReach,
-                ColorOf(fDisabled ? ColorRole::DisabledText : ColorRole::WindowText));
+    DrawChevron(hdc, rc, Pointing::Down, {nReach, part.nLine},
+                fDisabled ? ColorOf(ColorRole::DisabledText) : GetTextColor(hdc));
 }
 
 // Which row states have which of a ground, a mark and a frame.
@@ -72,8 +76,9 @@ ColorRole TextOfRow(int nState)
     return nState == LISS_DISABLED ? ColorRole::DisabledText : ColorRole::WindowText;
 }
 
-void DrawRow(HDC hdc, const RECT& rc, int nState)
+void DrawRow(HDC hdc, const RECT& rc, const FlatPart& part)
 {
+    const int nState = part.nState;
     const RowLook look = LookOfRow(nState);
     if (look.fSelected) {
         FillColor(hdc, rc, ColorOf(look.fFocused ? ColorRole::Selection : ColorRole::InactiveSelection));
@@ -92,46 +97,47 @@ void DrawRow(HDC hdc, const RECT& rc, int nState)
         FillColor(hdc, {rc.left, rc.top, rc.left + nMark, rc.bottom}, crText);
     }
     if (look.fHot) {
-        FrameColor(hdc, rc, crText, 1);
+        FrameColor(hdc, rc, crText, part.nLine);
     } else if (look.fSelected && !look.fFocused) {
-        DashFrameColor(hdc, rc, crText);
+        DashFrameColor(hdc, rc, crText, part.nLine);
     }
 }
 
-void DrawHeaderItem(HDC hdc, const RECT& rc, int nState)
+void DrawHeaderItem(HDC hdc, const RECT& rc, const FlatPart& part)
 {
+    const int nState = part.nState;
     const bool fPressed = nState == HIS_PRESSED || nState == HIS_SORTEDPRESSED;
     const bool fHot = nState == HIS_HOT || nState == HIS_SORTEDHOT;
     FillColor(hdc, rc,
               fPressed ? ColorOf(Color::HeaderPressedFace)
               : fHot   ? ColorOf(Color::HeaderHotFace)
                        : ColorOf(ColorRole::Header));
-    const COLORREF crLine = ColorOf(ColorRole::Line);
-    FillColor(hdc, {rc.left, rc.bottom - 1, rc.right, rc.bottom}, crLine);
+    const COLORREF crLine = ColorOf(Color::HeaderLine);
+    FillColor(hdc, {rc.left, rc.bottom - part.nLine, rc.right, rc.bottom}, crLine);
     if (nState != 0) { // the rest behind the last column
-        FillColor(hdc, {rc.right - 1, rc.top, rc.right, rc.bottom - 1}, crLine);
+        FillColor(hdc, {rc.right - part.nLine, rc.top, rc.right, rc.bottom - part.nLine}, crLine);
     }
     if (IsContrast() && (fHot || fPressed)) {
-        FrameColor(hdc, rc, ColorOf(ColorRole::HeaderText), fPressed ? 3 : 2);
+        FrameColor(hdc, rc, ColorOf(ColorRole::HeaderText), (fPressed ? 3 : 2) * part.nLine);
     }
 }
 
-void DrawPane(HDC hdc, const RECT& rc)
+void DrawPane(HDC hdc, const RECT& rc, int nLine)
 {
     FillColor(hdc, rc, ColorOf(ColorRole::Window));
-    FrameColor(hdc, rc, ColorOf(Color::PaneEdge), 1);
+    FrameColor(hdc, rc, ColorOf(Color::PaneEdge), nLine);
 }
 
-void DrawProgress(HDC hdc, const RECT& rc)
+void DrawProgress(HDC hdc, const RECT& rc, int nLine)
 {
     FillColor(hdc, rc, ColorOf(Color::ProgressTrack));
-    FrameColor(hdc, rc, ColorOf(ColorRole::Border), 1);
+    FrameColor(hdc, rc, ColorOf(ColorRole::Border), nLine);
 }
 
-void DrawFooter(HDC hdc, const RECT& rc)
+void DrawFooter(HDC hdc, const RECT& rc, int nLine)
 {
     FillColor(hdc, rc, ColorOf(Color::DialogFooter));
-    FillColor(hdc, {rc.left, rc.top, rc.right, rc.top + 1}, ColorOf(ColorRole::Line));
+    FillColor(hdc, {rc.left, rc.top, rc.right, rc.top + nLine}, ColorOf(Color::PanelLine));
 }
 
 // In the colour of the row's text, which the context has.
@@ -141,28 +147,28 @@ void DrawTreeGlyph(HDC hdc, const FlatPart& part, const RECT& rc)
     const int nReach = std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 12);
     const bool fAccent = part.nPart == TVP_HOTGLYPH && !IsContrast();
     const COLORREF cr = fAccent ? ColorOf(ColorRole::Accent) : GetTextColor(hdc);
-    DrawChevron(hdc, rc, fOpen ? Pointing::Down : Pointing::Right, nReach, cr);
+    DrawChevron(hdc, rc, fOpen ? Pointing::Down : Pointing::Right, {nReach, part.nLine}, cr);
     if (part.nPart == TVP_HOTGLYPH && IsContrast()) {
-        FrameColor(hdc, SquareIn(rc, 4 * nReach), cr, 1);
+        FrameColor(hdc, SquareIn(rc, 4 * nReach), cr, part.nLine);
     }
 }
 
 } // namespace
 
-void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState)
+void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState, int nLine)
 {
     FillColor(hdc, rc, crFace);
     switch (nState) {
-    case PBS_DISABLED: DashFrameColor(hdc, rc, ColorOf(ColorRole::DisabledText)); break;
+    case PBS_DISABLED: DashFrameColor(hdc, rc, ColorOf(ColorRole::DisabledText), nLine); break;
     case PBS_DEFAULTED: // two lines
-        FrameColor(hdc, Deflated(rc, 2, 2), ColorOf(ColorRole::PanelText), 1);
-        FrameColor(hdc, rc, ColorOf(ColorRole::PanelText), 1);
+        FrameColor(hdc, Deflated(rc, 2 * nLine, 2 * nLine), ColorOf(ColorRole::PanelText), nLine);
+        FrameColor(hdc, rc, ColorOf(ColorRole::PanelText), nLine);
         break;
     default:
         FrameColor(hdc, rc, ColorOf(ColorRole::PanelText),
-                   nState == PBS_PRESSED ? 3
-                   : nState == PBS_HOT   ? 2
-                                         : 1);
+                   nState == PBS_PRESSED ? 3 * nLine
+                   : nState == PBS_HOT   ? 2 * nLine
+                                         : nLine);
         break;
     }
 }
@@ -182,24 +188,24 @@ void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rcPart)
     case PlainPart::ScrollThumb:
     case PlainPart::ScrollGripper: DrawFlatBar(hdc, part, rc); break;
     case PlainPart::EntryField:
-    case PlainPart::OpenList: DrawField(hdc, rc, part.nState, true); break;
-    case PlainPart::EditBorder: DrawField(hdc, rc, part.nState, false); break;
+    case PlainPart::OpenList: DrawField(hdc, rc, part, true); break;
+    case PlainPart::EditBorder: DrawField(hdc, rc, part, false); break;
     case PlainPart::EditBackground:
         FillColor(hdc, rc, ColorOf(IsDisabledBackground(part) ? Color::FieldDisabledFace : Color::FieldFace));
         break;
-    case PlainPart::DropDownButton: DrawDropDown(hdc, rc, part.nState); break;
-    case PlainPart::ProgressBar: DrawProgress(hdc, rc); break;
+    case PlainPart::DropDownButton: DrawDropDown(hdc, rc, part); break;
+    case PlainPart::ProgressBar: DrawProgress(hdc, rc, part.nLine); break;
     case PlainPart::ProgressFill: FillColor(hdc, rc, ColorOf(ColorRole::Accent)); break;
-    case PlainPart::ItemView: DrawPane(hdc, rc); break;
-    case PlainPart::Row: DrawRow(hdc, rc, part.nState); break;
+    case PlainPart::ItemView: DrawPane(hdc, rc, part.nLine); break;
+    case PlainPart::Row: DrawRow(hdc, rc, part); break;
     case PlainPart::TreeGlyph: DrawTreeGlyph(hdc, part, rc); break;
-    case PlainPart::HeaderItem: DrawHeaderItem(hdc, rc, part.nState); break;
+    case PlainPart::HeaderItem: DrawHeaderItem(hdc, rc, part); break;
     case PlainPart::SortArrow:
         DrawTriangle(hdc, rc, part.nState == HSAS_SORTEDUP ? Pointing::Up : Pointing::Down,
                      std::clamp<int>((rc.bottom - rc.top) / 2 + 1, 2, 8), ColorOf(ColorRole::HeaderText));
         break;
     case PlainPart::DialogPanel: FillColor(hdc, rc, ColorOf(Color::DialogPane)); break;
-    case PlainPart::DialogFooter: DrawFooter(hdc, rc); break;
+    case PlainPart::DialogFooter: DrawFooter(hdc, rc, part.nLine); break;
     case PlainPart::DialogText: break;
     }
 }
@@ -239,18 +245,18 @@ bool IsFlatOpaque(const FlatPart& part)
     }
 }
 
-void DrawFocusFrame(HDC hdc, const RECT& rc, COLORREF crText)
+void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc, COLORREF crText)
 {
     if (IsDrawnFlat()) {
-        FrameColor(hdc, Near(rc), crText, IsContrast() ? 2 : 1);
+        FrameColor(hdc, Near(rc), crText, (IsContrast() ? 2 : 1) * Pixels(hwnd, Metrics::THIN_LINE));
     } else {
         DrawFocusRect(hdc, &rc);
     }
 }
 
-void DrawFocusFrame(HDC hdc, const RECT& rc)
+void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc)
 {
-    DrawFocusFrame(hdc, rc, IsDrawnFlat() ? ColorOf(Color::FocusFrame) : 0);
+    DrawFocusFrame(hwnd, hdc, rc, IsDrawnFlat() ? ColorOf(Color::FocusFrame) : 0);
 }
 
 } // namespace gesso

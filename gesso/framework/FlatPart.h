@@ -12,6 +12,7 @@ struct FlatPart
 {
     PlainPart plain;
     int nPart, nState; // as the visual style counts them
+    int nLine = 1;     // how many pixels wide a thin line is in its window
 };
 
 void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rc);
@@ -20,10 +21,11 @@ COLORREF FlatTextColor(const FlatPart& part);
 // Whether nothing behind it shows.
 bool IsFlatOpaque(const FlatPart& part);
 
-// Around what has the focus: the platform's dotted rectangle in Light, else a line, two pixels wide in
-// Contrast. Its colour is that of the text that stands in it.
-void DrawFocusFrame(HDC hdc, const RECT& rc, COLORREF crText);
-void DrawFocusFrame(HDC hdc, const RECT& rc);
+// Around what has the focus in a window: the platform's dotted rectangle in Light, else a line, twice as wide
+// in Contrast. Its colour is that of the text that stands in it; without one, that of what stands on a panel
+// or a button.
+void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc, COLORREF crText);
+void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc);
 
 // --- By family, for DrawFlatPart alone
 
@@ -31,6 +33,6 @@ void DrawFlatButton(HDC hdc, const FlatPart& part, const RECT& rc);
 void DrawFlatCheck(HDC hdc, const FlatPart& part, const RECT& rc);
 void DrawFlatBar(HDC hdc, const FlatPart& part, const RECT& rc);
 // A box with a border that tells by its width how far it is pressed, as Contrast has them.
-void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState);
+void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState, int nLine);
 
 } // namespace gesso

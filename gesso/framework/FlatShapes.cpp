@@ -1,6 +1,4 @@
 #include <gesso/framework/FlatShapes.h>
-#include <gesso/framework/OwnedHandles.h>
-#include <gesso/framework/Palette.h>
 #include <gesso/framework/Saturate.h>
 
 #include <algorithm>
@@ -103,10 +101,23 @@ BYTE Mix(BYTE around, BYTE edge, BYTE face, const Coverage& coverage)
     return static_cast<BYTE>((nSum + ALL / 2) / ALL);
 }
 
+// What is around a box, by its corners.
+struct Grounds
+{
+    COLORREF crLeftTop, crRightTop, crLeftBottom, crRightBottom;
+};
+
+COLORREF GroundAt(HDC hdc, LONG x, LONG y)
+{
+    const COLORREF cr = GetPixel(hdc, x, y);
+    return cr == CLR_INVALID ? ColorOf(ColorRole::Panel) : cr;
+}
+
 // What a pixel at the rim is filled with; CLR_INVALID for nothing.
 class Rim
 {
 public:
+    // Of one corner; null where shades are not to be mixed.
     Rim(const BoxLook& look, const COLORREF* pcrAround) : m_look(look), m_pcrAround(pcrAround) {}
 
     COLORREF ColorOf(const Coverage& coverage) const
@@ -153,7 +164,7 @@ void DrawRimPixels(HDC hdc, const RECT& rc, const RoundBox& box, int nEdge, cons
     }
 }
 
-void DrawBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, const COLORREF* pcrAround)
+void DrawBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, const Grounds* pGrounds)
 {
     const int cx = rc.right - rc.left, cy = rc.bottom - rc.top;
     if (cx <= 0 || cy <= 0) {
@@ -164,12 +175,16 @@ void DrawBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, const C
     const int nRadius = std::min({nRadius2, cx, cy, MOST_RADIUS});
     const int nCorner = (nRadius + 1) / 2;
     const RoundBox box{int64_t{cx} * UNITS, int64_t{cy} * UNITS, int64_t{nRadius} * UNITS / 2};
-    const Rim rim(look, pcrAround);
     const int xRight = std::max(cx - nCorner, nCorner);
     const int yBottom = std::max(cy - nCorner, nCorner);
     for (int y = 0; y < cy; y = y + 1 == nCorner ? std::max(yBottom, y + 1) : y + 1) {
-        DrawRimPixels(hdc, rc, box, look.nEdge, rim, {0, y}, nCorner);
-        DrawRimPixels(hdc, rc, box, look.nEdge, rim, {xRight, y}, cx);
+        const bool fTop = y < nCorner;
+        const COLORREF* pcrLeft = !pGrounds ? nullptr : fTop ? &pGrounds->crLeftTop : &pGrounds->crLeftBottom;
+        const COLORREF* pcrRight = !pGrounds ? nullptr
+                                   : fTop    ? &pGrounds->crRightTop
+                                             : &pGrounds->crRightBottom;
+        DrawRimPixels(hdc, rc, box, look.nEdge, Rim(look, pcrLeft), {0, y}, nCorner);
+        DrawRimPixels(hdc, rc, box, look.nEdge, Rim(look, pcrRight), {xRight, y}, cx);
     }
     const RECT rcDown{rc.left + nCorner, rc.top, rc.left + xRight, rc.bottom};
     FillColor(hdc, {rcDown.left, rc.top, rcDown.right, rc.top + look.nEdge}, look.crEdge);
@@ -210,13 +225,9 @@ void FillColor(HDC hdc, const RECT& rc, COLORREF cr)
     if (rc.left >= rc.right || rc.top >= rc.bottom) {
         return;
     }
-    if (const HBRUSH hKept = KeptBrush(cr)) {
-        FillRect(hdc, &rc, hKept);
-        return;
-    }
-    BrushHandle brush;
-    brush.Reset(CreateSolidBrush(cr));
-    FillRect(hdc, &rc, brush);
+    const COLORREF crFormer = SetDCBrushColor(hdc, cr);
+    FillRect(hdc, &rc, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    SetDCBrushColor(hdc, crFormer);
 }
 
 void FrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth)
@@ -232,25 +243,33 @@ void FrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth)
     FillColor(hdc, {rcInside.right, rcInside.top, rc.right, rcInside.bottom}, cr);
 }
 
-void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr)
+void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth)
 {
     constexpr int DASH = 3, STEP = 5, MOST_DASHES = 400;
-    const auto step = [=](LONG nLength) { return std::max<LONG>(STEP, nLength / MOST_DASHES); };
+    const auto step = [=](LONG nLength) { return std::max<LONG>(STEP * nWidth, nLength / MOST_DASHES); };
     for (LONG x = rc.left; x < rc.right; x += step(rc.right - rc.left)) {
-        const LONG xEnd = std::min<LONG>(x + DASH, rc.right);
-        FillColor(hdc, {x, rc.top, xEnd, rc.top + 1}, cr);
-        FillColor(hdc, {x, rc.bottom - 1, xEnd, rc.bottom}, cr);
+        const LONG xEnd = std::min<LONG>(x + DASH * nWidth, rc.right);
+        FillColor(hdc, {x, rc.top, xEnd, rc.top + nWidth}, cr);
+        FillColor(hdc, {x, rc.bottom - nWidth, xEnd, rc.bottom}, cr);
     }
     for (LONG y = rc.top; y < rc.bottom; y += step(rc.bottom - rc.top)) {
-        const LONG yEnd = std::min<LONG>(y + DASH, rc.bottom);
-        FillColor(hdc, {rc.left, y, rc.left + 1, yEnd}, cr);
-        FillColor(hdc, {rc.right - 1, y, rc.right, yEnd}, cr);
+        const LONG yEnd = std::min<LONG>(y + DASH * nWidth, rc.bottom);
+        FillColor(hdc, {rc.left, y, rc.left + nWidth, yEnd}, cr);
+        FillColor(hdc, {rc.right - nWidth, y, rc.right, yEnd}, cr);
     }
 }
 
 void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround)
 {
-    DrawBox(hdc, rc, look, nRadius2, &crAround);
+    if (rc.left >= rc.right || rc.top >= rc.bottom) {
+        return;
+    }
+    const auto ground = [=](LONG x, LONG y) {
+        return crAround == CLR_DEFAULT ? GroundAt(hdc, x, y) : crAround;
+    };
+    const Grounds grounds{ground(rc.left, rc.top), ground(rc.right - 1, rc.top),
+                          ground(rc.left, rc.bottom - 1), ground(rc.right - 1, rc.bottom - 1)};
+    DrawBox(hdc, rc, look, nRadius2, &grounds);
 }
 
 void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look)
@@ -258,13 +277,14 @@ void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look)
     DrawBox(hdc, rc, look, std::min(rc.right - rc.left, rc.bottom - rc.top), nullptr);
 }
 
-void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr)
+void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr)
 {
     const POINT pt = MiddleOf(rc);
+    const int nReach = size.nReach;
     const int nTop = -(nReach + 1) / 2;
     for (int i = -nReach; i <= nReach; ++i) {
         const int y = nTop + nReach - std::abs(i);
-        FillTurned(hdc, pt, pointing, {i, y, i + 1, y + 2}, cr);
+        FillTurned(hdc, pt, pointing, {i, y, i + 1, y + 1 + size.nLine}, cr);
     }
 }
 
@@ -277,14 +297,15 @@ void DrawTriangle(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORR
     }
 }
 
-void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr)
+void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr)
 {
     const POINT pt = MiddleOf(rc);
+    const int nReach = size.nReach;
     const int nHead = (nReach + 1) / 2 + 1;
-    FillTurned(hdc, pt, pointing, {0, -nReach, 1, nReach + 1}, cr);
+    FillTurned(hdc, pt, pointing, {-(size.nLine - 1) / 2, -nReach, size.nLine / 2 + 1, nReach + 1}, cr);
     for (int i = -nHead; i <= nHead; ++i) {
         const int y = nReach - std::abs(i);
-        FillTurned(hdc, pt, pointing, {i, y - 1, i + 1, y + 1}, cr);
+        FillTurned(hdc, pt, pointing, {i, y - size.nLine, i + 1, y + 1}, cr);
     }
 }
 

@@ -8,8 +8,8 @@ namespace gesso {
 void FillColor(HDC hdc, const RECT& rc, COLORREF cr);
 // Inside the rectangle, so many pixels wide; of more than its half it is filled.
 void FrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth);
-// The same of dashes, a pixel wide.
-void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr);
+// The same of dashes.
+void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth);
 
 struct BoxLook
 {
@@ -18,8 +18,9 @@ struct BoxLook
     int nEdge = 1; // its width
 };
 
-// A box with round corners of a radius in half pixels, whose edges go over into what is around it. A radius
-// of its whole side makes a disc of it.
+// A box with round corners of a radius in half pixels, whose edges go over into what is around it: the shade
+// given, or for CLR_DEFAULT what the context shows at its corners, where that can be told, else the panel's.
+// A radius of its whole side makes a disc of it.
 void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround);
 // The same in the shades given alone, none between them.
 void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look);
@@ -32,10 +33,17 @@ enum class Pointing
     Right
 };
 
-// In the middle of the rectangle; nReach is from its middle to its ends.
-void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
+// How large a sign is, from its middle to its ends, and how wide a thin line is beside it.
+struct SignSize
+{
+    int nReach;
+    int nLine = 1;
+};
+
+// In the middle of the rectangle.
+void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr);
 void DrawTriangle(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
-void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
+void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr);
 // As large as a box of the rectangle's size takes it.
 void DrawCheckMark(HDC hdc, const RECT& rc, COLORREF cr);
 

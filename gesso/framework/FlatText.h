@@ -1,4 +1,4 @@
-// The text colour of a context outside of Light; in Light it keeps its own.
+// The text colour of a context outside of Light; in Light it keeps its own, or takes the host's shade.
 #pragma once
 
 #include <gesso/framework/DrawScope.h>
@@ -11,6 +11,11 @@ class FlatTextScope
 public:
     FlatTextScope(HDC hdc, COLORREF cr)
         : m_hdc(IsDrawnFlat() ? hdc : nullptr), m_crFormer(m_hdc ? SetTextColor(hdc, cr) : 0)
+    {}
+    // In Light the shade that the host has set for the role, if any.
+    FlatTextScope(HDC hdc, COLORREF cr, ColorRole role)
+        : m_hdc(IsDrawnAs(role) ? hdc : nullptr),
+          m_crFormer(m_hdc ? SetTextColor(hdc, IsDrawnFlat() ? cr : ColorOf(role)) : 0)
     {}
     ~FlatTextScope()
     {

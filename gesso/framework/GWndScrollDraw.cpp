@@ -17,7 +17,7 @@ void GWndScroll::DrawBar(HDC hdc, int nBar)
         return;
     }
     const RECT& rc = RectOf(nBar);
-    gesso::DrawBarParts(hdc, m_hThemeScroll, traits,
+    gesso::DrawBarParts(m_hWnd, hdc, m_hThemeScroll, traits,
                         gesso::LayOutBar(traits, rc, gesso::StopsOf(m_hWnd, traits, rc, bar.si)),
                         gesso::StatesOf(traits, {m_hitDown.wHit, m_hitNow.wHit}, bar.dwFlags, true));
 }

@@ -38,17 +38,27 @@ void ItemTheme::Close()
 
 void ItemTheme::DrawRow(HDC hdc, int nState, const RECT& rc) const
 {
-    ThemePart(m_hRows, hdc, ROW_PART, nState, PlainPart::Row).DrawBackground(rc);
+    DrawRow(nullptr, hdc, nState, rc);
 }
 
 void ItemTheme::DrawBackground(HDC hdc, const RECT& rc) const
 {
-    ThemePart(m_hTheme, hdc, 0, 0, PlainPart::ItemView).DrawBackground(rc);
+    DrawBackground(nullptr, hdc, rc);
+}
+
+void ItemTheme::DrawRow(HWND hwnd, HDC hdc, int nState, const RECT& rc) const
+{
+    ThemePart(m_hRows, hdc, ROW_PART, nState, PlainPart::Row).In(hwnd).DrawBackground(rc);
+}
+
+void ItemTheme::DrawBackground(HWND hwnd, HDC hdc, const RECT& rc) const
+{
+    ThemePart(m_hTheme, hdc, 0, 0, PlainPart::ItemView).In(hwnd).DrawBackground(rc);
 }
 
 COLORREF ItemTheme::GridColor() const
 {
-    if (IsDrawnFlat()) {
+    if (IsDrawnAs(ColorRole::Line)) {
         return ColorOf(ColorRole::Line);
     }
     COLORREF color = 0;

@@ -21,6 +21,9 @@ public:
     void DrawRow(HDC hdc, int nState, const RECT& rc) const;
     // The control's frame and background.
     void DrawBackground(HDC hdc, const RECT& rc) const;
+    // Both for a window, whose dots an inch tell how wide their lines are.
+    void DrawRow(HWND hwnd, HDC hdc, int nState, const RECT& rc) const;
+    void DrawBackground(HWND hwnd, HDC hdc, const RECT& rc) const;
     COLORREF GridColor() const;
     // Of the control's frame, in pixels.
     int BorderSize() const;

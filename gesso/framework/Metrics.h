@@ -40,6 +40,9 @@ namespace Metrics {
 // --- Fonts, in points
 inline constexpr int DEFAULT_FONT_POINTS = 9;
 
+// --- Lines and edges that are as thin as can be
+inline constexpr Measure THIN_LINE{1, MeasureKind::Line};
+
 // --- Scroll bars of the frame
 inline constexpr Measure WHEEL_LINE{20, MeasureKind::Text};
 

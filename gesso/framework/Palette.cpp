@@ -1,4 +1,3 @@
-#include <gesso/framework/LibraryWindows.h>
 #include <gesso/framework/Palette.h>
 
 #include <array>
@@ -47,31 +46,6 @@ std::atomic<COLORREF>& Own(ColorScheme active, ColorRole role)
     return s_own[static_cast<size_t>(active)][static_cast<size_t>(role)];
 }
 
-// Threads paint their own controls. A brush stays where it is until the last control goes.
-struct Kept
-{
-    HBRUSH hBrush;
-    COLORREF cr;
-};
-constexpr size_t MOST_KEPT = 96;
-constinit std::array<Kept, MOST_KEPT> s_kept{};
-constinit size_t s_keptCount = 0;
-constinit SRWLOCK s_lock = SRWLOCK_INIT;
-
-HBRUSH FindOrKeep(COLORREF cr)
-{
-    for (size_t i = 0; i < s_keptCount; ++i) {
-        if (s_kept[i].cr == cr) {
-            return s_kept[i].hBrush;
-        }
-    }
-    const HBRUSH hBrush = s_keptCount < MOST_KEPT ? CreateSolidBrush(cr) : nullptr;
-    if (hBrush) {
-        s_kept[s_keptCount++] = {hBrush, cr};
-    }
-    return hBrush;
-}
-
 } // namespace
 
 COLORREF ShadeOf(ColorScheme active, ColorRole role)
@@ -93,26 +67,6 @@ COLORREF OwnShade(ColorScheme active, ColorRole role)
 void SetOwnShade(ColorScheme active, ColorRole role, COLORREF cr)
 {
     Own(active, role) = cr == CLR_DEFAULT ? 0 : cr | SET;
-}
-
-HBRUSH KeptBrush(COLORREF cr)
-{
-    if (!HasLibraryWindows()) {
-        return nullptr;
-    }
-    AcquireSRWLockExclusive(&s_lock);
-    const HBRUSH hBrush = FindOrKeep(cr);
-    ReleaseSRWLockExclusive(&s_lock);
-    return hBrush;
-}
-
-void ReleaseKeptBrushes()
-{
-    AcquireSRWLockExclusive(&s_lock);
-    for (; s_keptCount > 0; --s_keptCount) {
-        DeleteObject(s_kept[s_keptCount - 1].hBrush);
-    }
-    ReleaseSRWLockExclusive(&s_lock);
 }
 
 } // namespace gesso

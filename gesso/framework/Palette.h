@@ -1,4 +1,4 @@
-// The shades of the roles, by scheme, and the brushes in them.
+// The shades of the roles, by scheme.
 #pragma once
 
 #include <gesso/framework/Appearance.h>
@@ -14,11 +14,5 @@ COLORREF ShadeOf(ColorScheme active, ColorRole role);
 // What the host has set for a role; CLR_DEFAULT for nothing.
 COLORREF OwnShade(ColorScheme active, ColorRole role);
 void SetOwnShade(ColorScheme active, ColorRole role, COLORREF cr);
-
-// A brush that is kept as long as there are controls; not deleted by who asked. Null without controls, and
-// where there is no room to keep one.
-HBRUSH KeptBrush(COLORREF cr);
-// What is kept goes, with the last control.
-void ReleaseKeptBrushes();
 
 } // namespace gesso

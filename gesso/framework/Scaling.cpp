@@ -5,7 +5,6 @@
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OffscreenSurface.h>
-#include <gesso/framework/Palette.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/SystemAppearance.h>
 #include <gesso/framework/WindowDpi.h>
@@ -262,7 +261,6 @@ void ForgetWindow(HWND hwnd)
     ++s_uChanges;
     if (!HasLibraryWindows()) {
         ReleaseDefaultFonts();
-        ReleaseKeptBrushes();
         OffscreenSurface::ReleaseSpare();
     }
 }

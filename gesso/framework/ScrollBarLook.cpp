@@ -66,11 +66,11 @@ BarStates StatesOf(const BarTraits& traits, const BarInput& input, DWORD dwFlags
         ThumbState(traits.wThumb, own, disabled(GSB_DISABLE_THUMB), fHovers ? SCRBS_HOVER : SCRBS_NORMAL)};
 }
 
-void DrawBarParts(HDC hdc, HTHEME hTheme, const BarTraits& traits, const BarLayout& layout,
+void DrawBarParts(HWND hwnd, HDC hdc, HTHEME hTheme, const BarTraits& traits, const BarLayout& layout,
                   const BarStates& states)
 {
     const auto draw = [&](int nPart, int nState, PlainPart plain, const RECT& rc) {
-        ThemePart(hTheme, hdc, nPart, nState, plain).DrawBackground(rc);
+        ThemePart(hTheme, hdc, nPart, nState, plain).In(hwnd).DrawBackground(rc);
     };
     draw(traits.nTrackPart, states.nTrack, PlainPart::ScrollTrack, layout.rcTrack);
     draw(SBP_ARROWBTN, states.nFirst, PlainPart::ScrollArrow, layout.rcFirst);

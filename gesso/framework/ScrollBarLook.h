@@ -21,7 +21,7 @@ struct BarStates
 // also shows on its other parts that the pointer is in it.
 BarStates StatesOf(const BarTraits& traits, const BarInput& input, DWORD dwFlags, bool fHovers);
 
-void DrawBarParts(HDC hdc, HTHEME hTheme, const BarTraits& traits, const BarLayout& layout,
+void DrawBarParts(HWND hwnd, HDC hdc, HTHEME hTheme, const BarTraits& traits, const BarLayout& layout,
                   const BarStates& states);
 
 } // namespace gesso

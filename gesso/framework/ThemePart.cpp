@@ -52,7 +52,7 @@ void ThemePart::DrawBackground(const RECT& rc) const
 void ThemePart::DrawFlatBackground(const RECT& rc) const
 {
     const RECT rcPart = HasCheck(m_plain) ? SquareIn(rc, Size(m_hWnd, nullptr).cx) : rc;
-    DrawFlatPart(m_hdc, {m_plain, m_nPart, m_nState}, rcPart);
+    DrawFlatPart(m_hdc, {m_plain, m_nPart, m_nState, Pixels(m_hWnd, Metrics::THIN_LINE)}, rcPart);
 }
 
 bool ThemePart::IsOpaque() const
@@ -161,7 +161,7 @@ bool ThemePart::DrawStyleText(LPCWSTR psz, UINT uFormat, const RECT& rc) const
 
 void ThemePart::DrawFocus(const RECT& rc) const
 {
-    IsDrawnFlat() ? DrawFocusFrame(m_hdc, rc, TextColor()) : DrawFocusFrame(m_hdc, rc);
+    IsDrawnFlat() ? DrawFocusFrame(m_hWnd, m_hdc, rc, TextColor()) : DrawFocusFrame(m_hWnd, m_hdc, rc);
 }
 
 COLORREF ThemePart::TextColor() const

@@ -159,7 +159,8 @@ private:
 };
 
 GList::RowPainter::RowPainter(GList& list, HDC hdc)
-    : m_list(list), m_hdc(hdc), m_fonts(hdc), m_textColor(hdc, ColorOf(Color::ListText)),
+    : m_list(list), m_hdc(hdc), m_fonts(hdc),
+      m_textColor(hdc, ColorOf(Color::ListText), gesso::ColorRole::WindowText),
       m_fFocused(list.IsFocusInside()), m_fDisabled(Frame::Style(list) & WS_DISABLED),
       m_fContained(!Has(list, Quirk::ListContentSpills)), m_fAligned(!Has(list, Quirk::ListTextsMisaligned)),
       m_border(list.themeList.BorderSize()), m_icon(list.IconSize())
@@ -183,7 +184,7 @@ GList::RowPainter::RowPainter(GList& list, HDC hdc)
 GList::RowPainter::~RowPainter()
 {
     if (!IsRectEmpty(&m_rcCursor)) {
-        gesso::DrawFocusFrame(m_hdc, m_rcCursor, m_crCursor);
+        gesso::DrawFocusFrame(m_list.m_hWnd, m_hdc, m_rcCursor, m_crCursor);
     }
 }
 
@@ -268,7 +269,7 @@ void GList::RowPainter::BeginRow(int nState, const RECT& rc)
 {
     m_nRowState = nState;
     if (nState) {
-        m_list.themeList.DrawRow(m_hdc, nState, rc);
+        m_list.themeList.DrawRow(m_list.m_hWnd, m_hdc, nState, rc);
     }
     if (gesso::IsDrawnFlat()) {
         SetTextColor(m_hdc, gesso::RowTextColor(nState));
@@ -454,7 +455,7 @@ void GList::Draw(HDC hdc)
     RECT rcFrame = rc;
     const int overhang = Pixels(m_hWnd, Metrics::LIST_FRAME_OVERHANG);
     InflateRect(&rcFrame, overhang, overhang);
-    themeList.DrawBackground(hdc, rcFrame);
+    themeList.DrawBackground(m_hWnd, hdc, rcFrame);
     DrawElements(hdc, rc);
     DrawBand(hdc);
     // Fixed behaviour: in Classic every view shows the header, over its first rows where it has no room for
@@ -515,7 +516,7 @@ void GList::DrawElements(HDC hdc, const RECT& rcClient)
 void GList::DrawGrid(HDC hdc, UINT first, UINT last, POINT shift) const
 {
     gesso::PenHandle gridPen;
-    gridPen.Reset(CreatePen(PS_SOLID, 1, themeList.GridColor()));
+    gridPen.Reset(CreatePen(PS_SOLID, Pixels(m_hWnd, Metrics::THIN_LINE), themeList.GridColor()));
     const SelectScope pen(hdc, gridPen);
     const auto line = [hdc, shift](int x1, int y1, int x2, int y2) {
         MoveToEx(hdc, Saturated(int64_t{x1} + shift.x), Saturated(int64_t{y1} + shift.y), nullptr);
@@ -556,7 +557,7 @@ int GList::HeaderState(UINT cell, bool fSorted) const
 void GList::DrawHeaderPart(HDC hdc, int nPart, int nState, const RECT& rc) const
 {
     const PlainPart plain = nPart == HP_HEADERSORTARROW ? PlainPart::SortArrow : PlainPart::HeaderItem;
-    ThemePart(themeHeader, hdc, nPart, nState, plain).DrawBackground(rc);
+    ThemePart(themeHeader, hdc, nPart, nState, plain).In(m_hWnd).DrawBackground(rc);
 }
 
 void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
@@ -579,7 +580,8 @@ void GList::DrawHeaderCell(HDC hdc, UINT cell, RECT rc, int nBorder) const
             return;
         }
         const SelectScope font(hdc, fontLabelText);
-        const gesso::FlatTextScope color(hdc, ColorOf(gesso::ColorRole::HeaderText));
+        const gesso::FlatTextScope color(hdc, ColorOf(gesso::ColorRole::HeaderText),
+                                         gesso::ColorRole::HeaderText);
         if (Has(*this, Quirk::ListTextsMisaligned)) {
             CDrawText::DrawTextW(hdc, c->prepared->first, rc);
         } else {
@@ -611,7 +613,7 @@ void GList::DrawDetailsHeader(HDC hdc, RECT rc)
 
 void GList::NcDraw(HDC hdc, RECT rc)
 {
-    themeList.DrawBackground(hdc, rc);
+    themeList.DrawBackground(m_hWnd, hdc, rc);
     DrawScrollBar(hdc, Frame::Style(*this));
 }
 

@@ -256,5 +256,5 @@ void GList::DrawBand(HDC hdc) const
     const int64_t dy = int64_t{headerArea} - m_siV.nPos - Origin();
     const RECT rc{Saturated(area.left + dx), Saturated(area.top + dy), Saturated(area.right + dx),
                   Saturated(area.bottom + dy)};
-    gesso::DrawFocusFrame(hdc, rc);
+    gesso::DrawFocusFrame(m_hWnd, hdc, rc, ColorOf(gesso::ColorRole::WindowText));
 }

@@ -23,9 +23,9 @@ HFONT MakeFont(HWND hwnd, gesso::Measure height)
     return CreateFontW(-gesso::Pixels(hwnd, height), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Calibri");
 }
 
-HPEN MakePen(COLORREF cr)
+HPEN MakePen(HWND hwnd, COLORREF cr)
 {
-    return CreatePen(PS_SOLID, 1, cr);
+    return CreatePen(PS_SOLID, gesso::Pixels(hwnd, Metrics::THIN_LINE), cr);
 }
 
 template <class HANDLE, class MAKE> void MakeMissing(HANDLE& handle, const MAKE& make)
@@ -58,7 +58,7 @@ void GRibbon::OnScaling()
     if (m_hTabFont) { // a constructor with a template prepares none
         m_hTabFont.Reset(MakeFont(m_hWnd, Metrics::RIBBON_TAB_FONT));
     }
-    m_hPageFont.Reset();
+    ReleaseTools();
     MakeMissingTools();
     for (RibbonTab& tab : m_aTabs) {
         tab.uTextWidth = MeasureTitle(tab.pPage->Title());
@@ -129,11 +129,11 @@ void GRibbon::ReleaseTools()
 
 void GRibbon::MakeMissingTools()
 {
-    MakeMissing(m_hActivePen, [this] { return MakePen(m_crActiveLine); });
+    MakeMissing(m_hActivePen, [this] { return MakePen(m_hWnd, m_crActiveLine); });
     MakeMissing(m_hActiveBrush, [this] { return CreateSolidBrush(m_crActiveFill); });
-    MakeMissing(m_hHotPen, [this] { return MakePen(m_crHotLine); });
+    MakeMissing(m_hHotPen, [this] { return MakePen(m_hWnd, m_crHotLine); });
     MakeMissing(m_hHotBrush, [this] { return CreateSolidBrush(m_crHotFill); });
-    MakeMissing(m_hPagePen, [this] { return MakePen(m_crPageLine); });
+    MakeMissing(m_hPagePen, [this] { return MakePen(m_hWnd, m_crPageLine); });
     MakeMissing(m_hPageFont, [this] { return MakeFont(m_hWnd, Metrics::RIBBON_PAGE_FONT); });
 }
 

@@ -23,9 +23,15 @@ COLORREF SchemeColor(COLORREF crHost, Color color)
     return HostColor(crHost, crHost != 0 && crHost != LightColorOf(color), color);
 }
 
+// Whether the window's own brush or pen will not do.
+bool IsOther(COLORREF crHost, Color color)
+{
+    return gesso::IsDrawnFlat() || SchemeColor(crHost, color) != crHost;
+}
+
 void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush, COLORREF crHost, Color color)
 {
-    if (gesso::IsDrawnFlat()) {
+    if (IsOther(crHost, color)) {
         gesso::FillColor(hdc, rc, SchemeColor(crHost, color));
     } else {
         FillRect(hdc, &rc, hBrush);
@@ -36,10 +42,10 @@ void FillArea(HDC hdc, const RECT& rc, HBRUSH hBrush, COLORREF crHost, Color col
 class LinePen
 {
 public:
-    LinePen(HPEN hLight, COLORREF crHost, Color color) : m_hPen(hLight)
+    LinePen(HWND hwnd, HPEN hLight, COLORREF crHost, Color color) : m_hPen(hLight)
     {
-        if (gesso::IsDrawnFlat()) {
-            m_flat.Reset(CreatePen(PS_SOLID, 1, SchemeColor(crHost, color)));
+        if (IsOther(crHost, color)) {
+            m_flat.Reset(CreatePen(PS_SOLID, Pixels(hwnd, Metrics::THIN_LINE), SchemeColor(crHost, color)));
             m_hPen = m_flat;
         }
     }
@@ -105,8 +111,9 @@ void GRibbon::Draw(HDC hdc)
             return;
         }
         const gesso::SelectScope font(hdc, m_hTabFont);
-        const gesso::FlatTextScope color(hdc, ColorOf(gesso::ColorRole::PanelText));
-        const LinePen line(m_hActivePen, m_crActiveLine, Color::RibbonActiveLine);
+        const gesso::FlatTextScope color(hdc, ColorOf(gesso::ColorRole::PanelText),
+                                         gesso::ColorRole::PanelText);
+        const LinePen line(m_hWnd, m_hActivePen, m_crActiveLine, Color::RibbonActiveLine);
         const gesso::SelectScope pen(hdc, line);
         VisitTabs([&](UINT nIndex, int nLeft, int nRight) {
             DrawTab(hdc, nIndex, nLeft, nRight, rc.right);
@@ -135,7 +142,7 @@ void GRibbon::DrawTab(HDC hdc, UINT nIndex, int nLeft, int nRight, int nClientRi
         const int nInset = Pixels(m_hWnd, Metrics::RIBBON_TAB_FOCUS_INSET);
         const RECT rcFocus{nLeft + nInset, nInset, nRight - nInset + 1,
                            Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP) - nInset};
-        gesso::DrawFocusFrame(hdc, rcFocus);
+        gesso::DrawFocusFrame(m_hWnd, hdc, rcFocus);
     }
 }
 
@@ -150,7 +157,8 @@ void GRibbon::DrawActiveTab(HDC hdc, int nLeft, int nRight, int nClientRight) co
     FillArea(hdc, {nLeft + 1, 1, nRight, Pixels(m_hWnd, Metrics::RIBBON_PAGE_TOP)}, m_hActiveBrush,
              m_crActiveFill, Color::RibbonActiveFill);
     if (gesso::IsDrawnFlat()) {
-        gesso::FillColor(hdc, {nLeft, 0, nRight + 1, 2}, ColorOf(gesso::ColorRole::Accent));
+        const int nThick = 2 * Pixels(m_hWnd, Metrics::THIN_LINE);
+        gesso::FillColor(hdc, {nLeft, 0, nRight + 1, nThick}, ColorOf(gesso::ColorRole::Accent));
     }
 }
 
@@ -162,7 +170,7 @@ COLORREF GRibbon::ColorOfPageLine() const
 void GRibbon::DrawHotTab(HDC hdc, int nLeft, int nRight) const
 {
     const int nBaseLine = Pixels(m_hWnd, Metrics::RIBBON_TAB_BASE_LINE);
-    const LinePen line(m_hHotPen, m_crHotLine, Color::RibbonHotLine);
+    const LinePen line(m_hWnd, m_hHotPen, m_crHotLine, Color::RibbonHotLine);
     const gesso::SelectScope pen(hdc, line);
     MoveToEx(hdc, nLeft, nBaseLine, nullptr);
     DrawOutline(hdc, nLeft, nRight, nBaseLine);

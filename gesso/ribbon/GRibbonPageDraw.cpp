@@ -88,7 +88,7 @@ struct ItemPainter
         RECT rcFocus = Face(rc);
         const int nInset = At(Metrics::RIBBON_FOCUS_INSET);
         InflateRect(&rcFocus, -nInset, -nInset);
-        gesso::DrawFocusFrame(hdc, rcFocus);
+        gesso::DrawFocusFrame(hwnd, hdc, rcFocus);
     }
 
     // Where a text ends in its item: one pixel beyond it.
@@ -99,7 +99,8 @@ struct ItemPainter
 
     void DrawButton(const Item& item, const RECT& rc, int nState) const
     {
-        const ThemePart part(hTheme, hdc, BP_PUSHBUTTON, nState, PlainPart::PushButton);
+        ThemePart part(hTheme, hdc, BP_PUSHBUTTON, nState, PlainPart::PushButton);
+        part.In(hwnd);
         if (nState > PBS_NORMAL) {
             part.DrawBackground(Face(rc));
         }
@@ -212,8 +213,8 @@ void GRibbonPage::Draw(HDC hdc)
         return;
     }
     gesso::PenHandle flatPen;
-    if (gesso::IsDrawnFlat()) {
-        flatPen.Reset(CreatePen(PS_SOLID, 1, m_pRibbon->ColorOfPageLine()));
+    if (gesso::IsDrawnAs(gesso::ColorRole::Line)) {
+        flatPen.Reset(CreatePen(PS_SOLID, Pixels(hwnd, Metrics::THIN_LINE), m_pRibbon->ColorOfPageLine()));
     }
     const gesso::SelectScope pen(hdc, flatPen ? HPEN(flatPen) : m_hPen);
     const gesso::SelectScope font(hdc, m_hGroupFont);
@@ -251,7 +252,7 @@ void GRibbonPage::DrawFocusOfWindow(HDC hdc) const
         MapWindowPoints(nullptr, m_hwndRibbon, reinterpret_cast<POINT*>(&rc), 2);
         const int nGap = Pixels(m_hwndRibbon, Metrics::RIBBON_FOCUS_INSET);
         InflateRect(&rc, nGap, nGap);
-        gesso::DrawFocusFrame(hdc, rc);
+        gesso::DrawFocusFrame(m_hwndRibbon, hdc, rc);
     }
 }
 

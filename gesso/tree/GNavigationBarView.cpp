@@ -132,9 +132,9 @@ void GNavigationBar::DrawItemRow(HDC hdc, UINT row, const RECT& rc) const
     const bool fFocused = GetFocus() == m_hWnd;
     const int nState = fDrawn ? gesso::RowStateOf(fSelected, fFocused, fHot) : int{TREIS_NORMAL};
     if (fDrawn) {
-        m_hTheme.Items().DrawRow(hdc, nState, rc);
+        m_hTheme.Items().DrawRow(m_hWnd, hdc, nState, rc);
     }
-    const gesso::FlatTextScope color(hdc, gesso::RowTextColor(nState));
+    const gesso::FlatTextScope color(hdc, gesso::RowTextColor(nState), gesso::ColorRole::WindowText);
     const Cells cells = CellsOf(item, rc.right);
     if (ShowsGlyph(item)) {
         m_hTheme.DrawGlyph(m_hWnd, hdc, IsGlyphHot(row), item.uState & NBIS_EXPANDED,

@@ -129,9 +129,9 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
     const bool fDrawn = fSelected || fHot || (Frame::Style(*this) & WS_DISABLED);
     const int nState = fDrawn ? gesso::RowStateOf(fSelected, fFocused, fHot) : int{TREIS_NORMAL};
     if (fDrawn) {
-        m_hTheme.Items().DrawRow(hdc, nState, rc);
+        m_hTheme.Items().DrawRow(m_hWnd, hdc, nState, rc);
     }
-    const gesso::FlatTextScope color(hdc, gesso::RowTextColor(nState));
+    const gesso::FlatTextScope color(hdc, gesso::RowTextColor(nState), gesso::ColorRole::WindowText);
     const gesso::TreeMeasures measures = gesso::PaintedMeasures(m_hWnd);
     const gesso::TreeCells cells = gesso::LayOutCells(measures, item.nLevel, m_uTreeStyle);
     const auto cell = [&](int nLeft) {

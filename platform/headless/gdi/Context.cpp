@@ -219,6 +219,24 @@ void SetPixels(HDC hdc, const RECT& rect, DWORD value)
 
 using namespace gesso::headless;
 
+// Of a bitmap that has pixels of 32 bits; nothing else can tell.
+COLORREF WINAPI GetPixel(HDC hdc, INT x, INT y)
+{
+    const Context* context = FaultFires("GetPixel") ? nullptr : FindContext(hdc);
+    const auto* bitmap = context ? Find<Bitmap>(context->state.bitmap) : nullptr;
+    if (!bitmap || bitmap->pixels.empty() || bitmap->bits != 32) {
+        return CLR_INVALID;
+    }
+    const POINT pt = context->OnSurface(context->ToDevice(POINT{x, y}));
+    const RECT bounds = context->Bounds();
+    if (!PtInRect(&bounds, pt)) {
+        return CLR_INVALID;
+    }
+    const auto* pixels = reinterpret_cast<const DWORD*>(bitmap->pixels.data());
+    const DWORD value = pixels[ptrdiff_t{pt.y} * bitmap->width + pt.x];
+    return RGB(GetBValue(value), GetGValue(value), GetRValue(value));
+}
+
 HDC WINAPI CreateCompatibleDC(HDC)
 {
     if (FaultFires("CreateCompatibleDC")) {

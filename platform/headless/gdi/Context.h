@@ -18,6 +18,7 @@ struct ContextState
     HBITMAP bitmap = nullptr; // of a memory context
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF backColor = RGB(255, 255, 255);
+    COLORREF brushColor = RGB(255, 255, 255); // of DC_BRUSH
     int backMode = OPAQUE;
     UINT textAlign = TA_TOP | TA_LEFT; // recorded text has the point that was given, whatever it aligns
     POINT windowOrigin{};

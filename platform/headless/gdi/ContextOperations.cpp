@@ -125,6 +125,14 @@ COLORREF WINAPI SetBkColor(HDC hdc, COLORREF color)
     return Exchange(hdc, &ContextState::backColor, color, COLORREF{CLR_INVALID});
 }
 
+COLORREF WINAPI SetDCBrushColor(HDC hdc, COLORREF color)
+{
+    if (FaultFires("SetDCBrushColor")) {
+        return COLORREF{CLR_INVALID};
+    }
+    return Exchange(hdc, &ContextState::brushColor, color, COLORREF{CLR_INVALID});
+}
+
 INT WINAPI SetBkMode(HDC hdc, INT mode)
 {
     if (FaultFires("SetBkMode")) {

@@ -1,6 +1,7 @@
 // The drawing operations of shapes, fills and blits. Nothing is painted: each is recorded with its arguments.
 #include "../core/Faults.h"
 #include "../core/TableLock.h"
+#include "DeviceContext.h"
 #include "FontMetrics.h"
 #include "Record.h"
 
@@ -17,6 +18,22 @@ HBRUSH ResolveBrush(HBRUSH brush)
     return value != 0 && value <= COLOR_MENUBAR + 1 ? GetSysColorBrush(static_cast<INT>(value) - 1) : brush;
 }
 
+// CLR_INVALID of a brush that is not solid.
+COLORREF SolidColor(HDC hdc, HBRUSH handle)
+{
+    const auto* context = Find<Context>(hdc);
+    const auto* brush = Find<Brush>(handle);
+    if (!context || !brush) {
+        return CLR_INVALID;
+    }
+    if (handle == GetStockObject(DC_BRUSH)) {
+        return context->state.brushColor;
+    }
+    return brush->systemColor >= 0          ? GetSysColor(brush->systemColor)
+           : brush->log.lbStyle == BS_SOLID ? brush->log.lbColor
+                                            : COLORREF{CLR_INVALID};
+}
+
 // Whether a rectangle covers all of a memory context's bitmap, with nothing clipped away.
 bool CoversBitmap(const Context& context, const RECT& rect)
 {
@@ -24,6 +41,15 @@ bool CoversBitmap(const Context& context, const RECT& rect)
     const RECT bounds = context.Bounds();
     return context.IsMemory() && !context.state.clip && area.left <= bounds.left && area.top <= bounds.top &&
            area.right >= bounds.right && area.bottom >= bounds.bottom;
+}
+
+// Of a solid brush what a bitmap with pixels has then.
+void FillPixels(HDC hdc, const RECT& rect, HBRUSH brush)
+{
+    const COLORREF color = SolidColor(hdc, brush);
+    if (color != CLR_INVALID) {
+        SetPixels(hdc, rect, RGB(GetBValue(color), GetGValue(color), GetRValue(color)));
+    }
 }
 
 BOOL RecordFill(HDC hdc, Operation operation, const RECT* rect, HBRUSH brush)
@@ -70,7 +96,11 @@ void InsetByEdge(RECT& rect, UINT edge, UINT flags)
 
 int WINAPI FillRect(HDC hdc, const RECT* rect, HBRUSH brush)
 {
-    return RecordFill(hdc, "FillRect", rect, brush);
+    if (!RecordFill(hdc, "FillRect", rect, brush)) {
+        return FALSE;
+    }
+    FillPixels(hdc, *rect, ResolveBrush(brush));
+    return TRUE;
 }
 
 int WINAPI FrameRect(HDC hdc, const RECT* rect, HBRUSH brush)

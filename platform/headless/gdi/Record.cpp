@@ -192,6 +192,9 @@ Line& Line::Put(HBRUSH handle)
         Word("brush=sys" + std::to_string(brush->systemColor));
         return Word(Rgb(GetSysColor(brush->systemColor)));
     }
+    if (m_context && handle == GetStockObject(DC_BRUSH)) {
+        return Color("brush", m_context->state.brushColor);
+    }
     switch (brush->log.lbStyle) {
     case BS_SOLID: return Color("brush", brush->log.lbColor);
     case BS_NULL: return Word("brush=null");
