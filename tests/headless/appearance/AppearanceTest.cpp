@@ -2,9 +2,17 @@
 
 #include "../../support/AllControls.h"
 #include "../../support/AllowMisuse.h"
+#include "../../support/WithBehavior.h"
 #include "Exhibit.h"
 #include "Picture.h"
 #include "Schemes.h"
+
+#include <gesso/framework/Module.h>
+
+#include <future>
+#include <thread>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void* pProcessEnds);
 
 namespace {
 
@@ -186,6 +194,167 @@ TEST_F(AppearanceTest, SystemFollowsTheUsersSettings)
     button.Destroy();
 }
 
+// --- Who listens
+
+// The window of the library's that hears of the system's changes, of this thread; null for none.
+HWND Listener()
+{
+    for (const HWND hwnd : desk::TopLevelWindows()) {
+        wchar_t name[32]{};
+        GetClassNameW(hwnd, name, 32);
+        if (Narrow(name) == "GessoAppearance") {
+            return hwnd;
+        }
+    }
+    return nullptr;
+}
+
+bool LeadsToPlatform(HWND hwnd)
+{
+    return GetWindowLongPtrW(hwnd, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(DefWindowProcW);
+}
+
+TEST_F(AppearanceTest, TheListenerGoesWithTheLastControlAndComesWithTheNext)
+{
+    const Ground ground;
+    SetColorScheme(ColorScheme::System);
+    EXPECT_TRUE(Listener());
+    GButton button;
+    button.Create(0, 0, 50, 20, ground, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    button.Destroy();
+    EXPECT_FALSE(Listener());
+    SetProgramsDark(true); // which nobody hears
+    button.Create(0, 0, 50, 20, ground, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    EXPECT_TRUE(Listener());
+    EXPECT_EQ(ActiveColorScheme(), ColorScheme::Dark);
+    button.Destroy();
+    SetProgramsDark(false);
+}
+
+TEST_F(AppearanceTest, AControlThatPaintsListensWhereTheListenersThreadHasEnded)
+{
+    const Ground ground;
+    GButton button;
+    const HWND hwnd = button.Create(0, 0, 50, 20, ground, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    std::thread([] { SetColorScheme(ColorScheme::System); }).join();
+    EXPECT_FALSE(Listener());
+    NextPaint(hwnd, "");
+    ASSERT_TRUE(Listener());
+    SetProgramsDark(true);
+    SendMessageW(Listener(), WM_SETTINGCHANGE, 0, 0);
+    EXPECT_EQ(ActiveColorScheme(), ColorScheme::Dark);
+    button.Destroy();
+    SetProgramsDark(false);
+}
+
+// The library's module may go before the window does.
+TEST_F(AppearanceTest, AListenerThatIsLeftLeadsToThePlatformAlone)
+{
+    std::promise<HWND> made;
+    std::promise<void> left;
+    std::thread other([&] {
+        SetColorScheme(ColorScheme::System);
+        made.set_value(Listener());
+        left.get_future().wait();
+        desk::Pump();
+        EXPECT_FALSE(Listener());
+    });
+    const HWND hwnd = made.get_future().get();
+    EXPECT_FALSE(LeadsToPlatform(hwnd));
+    SetColorScheme(ColorScheme::Dark);
+    EXPECT_TRUE(LeadsToPlatform(hwnd)) << "the thread has not looked at its messages yet";
+    left.set_value();
+    other.join();
+
+    SetColorScheme(ColorScheme::System);
+    const HWND hwndOwn = Listener();
+    DllMain(g_hModule, DLL_PROCESS_DETACH, nullptr);
+    EXPECT_TRUE(LeadsToPlatform(hwndOwn));
+    desk::Pump();
+    EXPECT_FALSE(IsWindow(hwndOwn));
+}
+
+// --- Whose colours
+
+// What is handed out is the context's own brush: neither are there too many shades for it, nor does one that
+// somebody draws with go.
+TEST_F(AppearanceTest, ADialogsGroundIsItsShadeWhateverWasPaintedBefore)
+{
+    const Ground ground;
+    GButton button;
+    const HWND hwnd = button.Create(0, 0, 50, 20, ground, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    SetColorScheme(ColorScheme::Dark);
+    for (int n = 0; n < 200; ++n) {
+        gesso::SetColor(ColorRole::Accent, RGB(n, 255 - n, 7));
+        gesso::SetColor(ColorRole::Panel, RGB(n, n, 0x40));
+        NextPaint(hwnd, "");
+    }
+    gesso::SetColor(ColorRole::Accent, CLR_DEFAULT);
+    gesso::SetColor(ColorRole::Panel, CLR_DEFAULT);
+    button.Destroy();
+    desk::WhenIdle([] {
+        const HWND hDlg = GetActiveWindow();
+        const HDC hdc = GetDC(hDlg);
+        const auto hBrush =
+            reinterpret_cast<HBRUSH>(SendMessageW(hDlg, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(hdc), 0));
+        desk::ClearDrawing(hDlg);
+        const RECT rc{0, 0, 1, 1};
+        FillRect(hdc, &rc, hBrush);
+        EXPECT_EQ(desk::Drawing(hDlg), Lines{"FillRect (0,0,1,1) brush=2B2B2B"});
+        ReleaseDC(hDlg, hdc);
+        EndDialog(hDlg, IDCANCEL);
+    });
+    GTaskDialog::MessageBoxW(nullptr, L"Text", L"Title", MB_OK);
+}
+
+// The shade that most of a picture is filled with.
+COLORREF MostOf(const Picture& picture)
+{
+    const auto shades = picture.Shades({0, 0, picture.Width(), picture.Height()});
+    const auto fewer = [](const auto& a, const auto& b) { return a.second < b.second; };
+    return std::max_element(shades.begin(), shades.end(), fewer)->first;
+}
+
+TEST_F(AppearanceTest, AHostsShadesReachWhatHasAShadeOfItsOwn)
+{
+    const Ground ground;
+    GButton button;
+    const HWND hwnd = button.Create(0, 0, 50, 20, ground, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    SetColorScheme(ColorScheme::Dark);
+    EXPECT_EQ(MostOf(Picture(hwnd)), RGB(0x38, 0x38, 0x38));
+    gesso::SetColor(ColorRole::Panel, RGB(0x10, 0x20, 0xF8));
+    EXPECT_EQ(MostOf(Picture(hwnd)), RGB(0x28, 0x38, 0xFF)) << "as much lighter as before";
+    gesso::SetColor(ColorRole::Panel, CLR_DEFAULT);
+    button.Destroy();
+}
+
+// In Light what the library paints by itself takes them, but for a colour that was set on the control.
+TEST_F(AppearanceTest, AHostsShadesReachLightTexts)
+{
+    constexpr COLORREF OWN = RGB(0x12, 0x34, 0x56);
+    const Ground ground;
+    GLabel label, set;
+    GTree tree;
+    label.Create(0, 0, 50, 20, ground, 0, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    set.Create(0, 20, 50, 20, ground, 0, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    set.SetTextColor(0);
+    tree.Create(0, 40, 100, 100, ground, 0, 0, WS_CHILD | WS_VISIBLE);
+    tree.InsertItem(nullptr, nullptr, L"Item", 0, 0, nullptr);
+    const auto color = [](GWnd& control) { return Picture(control.GetHwnd()).Texts().at(0).cr; };
+    gesso::SetColor(ColorRole::PanelText, OWN);
+    gesso::SetColor(ColorRole::WindowText, OWN);
+    EXPECT_EQ(color(label), OWN);
+    EXPECT_EQ(color(set), 0u);
+    EXPECT_EQ(color(tree), OWN);
+    gesso::SetColor(ColorRole::PanelText, CLR_DEFAULT);
+    gesso::SetColor(ColorRole::WindowText, CLR_DEFAULT);
+    EXPECT_EQ(color(label), 0u);
+    EXPECT_EQ(color(tree), 0u);
+    for (GWnd* pControl : {static_cast<GWnd*>(&label), static_cast<GWnd*>(&set), static_cast<GWnd*>(&tree)}) {
+        DestroyWindow(pControl->GetHwnd());
+    }
+}
+
 TEST_F(AppearanceTest, AColourThatAHostSetOnALabelIsKeptInDarkAndReplacedInContrast)
 {
     constexpr COLORREF OWN = RGB(0xF0, 0x80, 0x00);
@@ -246,6 +415,48 @@ TEST_F(AppearanceTest, ADisabledImageKeepsItsShape)
     EXPECT_EQ(NextPaint(hwnd, "GdiAlphaBlend").size(), 1u);
     label.Destroy();
     DeleteObject(hBitmap);
+}
+
+// In a mirrored window it stays as it is, and of one that is larger than its window what shows is drawn.
+TEST_F(AppearanceTest, ADisabledImageIsUprightAndOfAnySize)
+{
+    for (const int cx : {16, 5000}) {
+        const HBITMAP hBitmap = CreateBitmap(cx, 16, 1, 32, nullptr);
+        const Ground ground;
+        GLabel label;
+        const HWND hwnd = label.Create(0, 0, 50, 20, ground, 0, L"", WS_EX_LAYOUTRTL,
+                                       WS_CHILD | WS_VISIBLE | WS_DISABLED | GS_BITMAP);
+        label.SetBitmap(hBitmap);
+        SetColorScheme(ColorScheme::Dark);
+        const Lines blends = NextPaint(hwnd, "GdiAlphaBlend");
+        ASSERT_EQ(blends.size(), 1u) << cx;
+        EXPECT_EQ(blends[0].find("mirrored"), std::string::npos) << blends[0];
+        label.Destroy();
+        DeleteObject(hBitmap);
+        SetColorScheme(ColorScheme::Light);
+    }
+}
+
+// Without the focus the selection of a field that keeps showing it stands back.
+TEST_F(AppearanceTest, AFieldsSelectionWithoutTheFocusIsInactive)
+{
+    const Modern modern;
+    const Ground ground;
+    GEdit edit;
+    const HWND hwnd = MakeExhibit(edit, ground);
+    SetWindowLongW(hwnd, GWL_STYLE, GetWindowLongW(hwnd, GWL_STYLE) | ES_NOHIDESEL);
+    SendMessageW(hwnd, EM_SETSEL, 0, -1);
+    SetColorScheme(ColorScheme::Dark);
+    const auto shows = [hwnd](ColorRole role) {
+        const Picture picture(hwnd);
+        return picture.Shades({0, 0, picture.Width(), picture.Height()}).contains(ColorOf(role));
+    };
+    SetFocus(hwnd);
+    EXPECT_TRUE(shows(ColorRole::Selection));
+    SetFocus(ground);
+    EXPECT_FALSE(shows(ColorRole::Selection));
+    EXPECT_TRUE(shows(ColorRole::InactiveSelection));
+    edit.Destroy();
 }
 
 } // namespace

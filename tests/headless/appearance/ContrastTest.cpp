@@ -2,22 +2,12 @@
 // worked out from what every control draws in every state.
 
 #include "../../support/WithBehavior.h"
-#include "Exhibit.h"
-#include "Picture.h"
-#include "Schemes.h"
+#include "StandsOut.h"
 
 namespace {
 
 using namespace test;
 using gesso::ColorRole;
-
-constexpr double TEXT_CONTRAST = 4.5;
-constexpr double LEAST_CONTRAST = 3; // of disabled texts, and of what is no text
-
-void ShowCues(HWND hwnd)
-{
-    SendMessageW(hwnd, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
-}
 
 // What a user makes of a control, one after the other.
 struct Step
@@ -41,36 +31,30 @@ constexpr Step STEPS[] = {
     {"disabled", [](HWND hwnd) { EnableWindow(hwnd, FALSE); }},
 };
 
-// The number of texts.
-size_t ExpectTextsToStandOut(HWND hwnd, const std::string& where)
-{
-    const bool fDisabled = !IsWindowEnabled(hwnd);
-    const Picture picture(hwnd);
-    for (const Picture::Text& text : picture.Texts()) {
-        const bool fGrey = fDisabled || text.cr == ColorOf(ColorRole::DisabledText);
-        int nAll = 0;
-        for (const auto& [cr, nPixels] : text.ground) {
-            nAll += nPixels;
-        }
-        for (const auto& [cr, nPixels] : text.ground) {
-            if (nPixels * 4 < nAll) {
-                continue; // a frame or a mark beside it
-            }
-            if (cr == UNPAINTED) {
-                ADD_FAILURE() << where << ": on nothing: " << text.line;
-            } else {
-                EXPECT_GE(Contrast(text.cr, cr), fGrey ? LEAST_CONTRAST : TEXT_CONTRAST)
-                    << where << ": on " << std::hex << cr << ": " << text.line;
-            }
-        }
-    }
-    return picture.Texts().size();
-}
-
 using WithoutText = ClassList<GNavigationButton, GProgressBar, GSeparator, GScrollbar>;
 
 template <class CONTROL> class ContrastTest : public testing::Test
 {
+protected:
+    // A control with all it can show, and the window that it stands in, in each scheme.
+    template <class LOOK> static void InEachScheme(const LOOK& look)
+    {
+        for (const Scheme& scheme : SCHEMES) {
+            SCOPED_TRACE(scheme.name);
+            desk::Reset();
+            // As styles have it; the simulated one has its texts at the very edge.
+            desk::SetThemeMargins("COMBOBOX", CP_READONLY, 0, TMT_CONTENTMARGINS, {4, 4, 4, 4});
+            const WithScheme looks(scheme);
+            const Ground ground;
+            CONTROL control;
+            const HWND hwnd = MakeExhibit(control, ground);
+            ASSERT_TRUE(hwnd);
+            look(control, hwnd, scheme);
+            control.Destroy();
+        }
+    }
+
+private:
     FreshDesktop m_desktop;
 };
 TYPED_TEST_SUITE(ContrastTest, AllControls::Types);
@@ -78,27 +62,18 @@ TYPED_TEST_SUITE(ContrastTest, AllControls::Types);
 TYPED_TEST(ContrastTest, EveryTextStandsOutInEveryState)
 {
     for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
-        for (const Scheme& scheme : SCHEMES) {
-            desk::Reset();
-            // As styles have it; the simulated one has its texts at the very edge.
-            desk::SetThemeMargins("COMBOBOX", CP_READONLY, 0, TMT_CONTENTMARGINS, {4, 4, 4, 4});
-            const WithBehavior made(behavior);
-            const WithScheme looks(scheme);
-            const Ground ground;
-            TypeParam control;
-            const HWND hwnd = MakeExhibit(control, ground);
-            ASSERT_TRUE(hwnd);
+        const WithBehavior made(behavior);
+        this->InEachScheme([](TypeParam&, HWND hwnd, const Scheme&) {
             size_t nTexts = 0;
             for (const Step& step : STEPS) {
                 step.pfn(hwnd);
                 desk::Pump();
                 if (IsWindow(hwnd)) { // a click ends a value menu
-                    nTexts += ExpectTextsToStandOut(hwnd, scheme.name + std::string(", ") + step.name);
+                    nTexts += ExpectTextsToStandOut(hwnd, step.name);
                 }
             }
-            EXPECT_EQ(nTexts != 0, !WithoutText::Has<TypeParam>()) << scheme.name;
-            control.Destroy();
-        }
+            EXPECT_EQ(nTexts != 0, !WithoutText::Has<TypeParam>());
+        });
     }
 }
 
@@ -110,33 +85,29 @@ TYPED_TEST_SUITE(FieldContrastTest, Fields);
 
 TYPED_TEST(FieldContrastTest, TheEdgeAndTheCaretStandOut)
 {
-    for (const Scheme& scheme : SCHEMES) {
-        desk::Reset();
-        const WithScheme looks(scheme);
-        const Ground ground;
-        TypeParam control;
-        const HWND hwnd = MakeExhibit(control, ground);
+    this->InEachScheme([](TypeParam&, HWND hwnd, const Scheme&) {
         if constexpr (std::is_same_v<TypeParam, GEdit>) { // the other draws its own
             SetWindowLongW(hwnd, GWL_STYLE, GetWindowLongW(hwnd, GWL_STYLE) | WS_BORDER);
             SetWindowPos(hwnd, nullptr, 0, 0, 0, 0,
                          SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
         }
         for (const bool fFocus : {false, true}) {
-            SetFocus(fFocus ? hwnd : ground);
+            SetFocus(fFocus ? hwnd : GetParent(hwnd));
             const Picture picture(hwnd);
             const int cx = picture.Width(), cy = picture.Height();
-            const COLORREF crInside = ColorOf(ColorRole::Window);
+            const COLORREF crInside = ColorOf(ColorRole::Window), crAround = ColorOf(ColorRole::Panel);
             for (const POINT pt : {POINT{0, cy / 2}, {cx - 1, cy / 2}, {cx / 2, 0}, {cx / 2, cy - 1}}) {
                 const COLORREF cr = picture.At(pt.x, pt.y);
                 ASSERT_NE(cr, UNPAINTED);
-                EXPECT_GE(Contrast(cr, ColorOf(ColorRole::Panel)), LEAST_CONTRAST) << scheme.name << fFocus;
-                EXPECT_GE(Contrast(cr, crInside), LEAST_CONTRAST) << scheme.name << fFocus;
+                // A field that stands out by itself needs no edge.
+                EXPECT_GE(std::max(Contrast(cr, crAround), Contrast(crInside, crAround)), LEAST_CONTRAST)
+                    << fFocus;
+                EXPECT_GE(Contrast(cr, crInside), LEAST_CONTRAST) << fFocus;
             }
             // The platform inverts what is below a caret.
-            EXPECT_GE(Contrast(crInside, crInside ^ RGB(0xFF, 0xFF, 0xFF)), LEAST_CONTRAST) << scheme.name;
+            EXPECT_GE(Contrast(crInside, crInside ^ RGB(0xFF, 0xFF, 0xFF)), LEAST_CONTRAST);
         }
-        control.Destroy();
-    }
+    });
 }
 
 template <class CONTROL> class FocusContrastTest : public ContrastTest<CONTROL>
@@ -147,12 +118,7 @@ TYPED_TEST_SUITE(FocusContrastTest, Framed);
 TYPED_TEST(FocusContrastTest, TheFocusFrameStandsOutAndIsTwoPixelsWideInContrast)
 {
     const Modern modern;
-    for (const Scheme& scheme : SCHEMES) {
-        desk::Reset();
-        const WithScheme looks(scheme);
-        const Ground ground;
-        TypeParam control;
-        const HWND hwnd = MakeExhibit(control, ground);
+    this->InEachScheme([](TypeParam& control, HWND hwnd, const Scheme& scheme) {
         if constexpr (std::is_same_v<TypeParam, GComboBox>) {
             control.SetStyle((control.GetStyle() & ~DWORD{3}) | GCBS_DROPDOWNLIST);
         }
@@ -168,47 +134,37 @@ TYPED_TEST(FocusContrastTest, TheFocusFrameStandsOutAndIsTwoPixelsWideInContrast
                     ++nFrame;
                     nWide += isFrame(x + 1, y) && isFrame(x, y + 1) && isFrame(x + 1, y + 1);
                     EXPECT_GE(Contrast(without.At(x, y), with.At(x, y)), LEAST_CONTRAST)
-                        << scheme.name << " at " << x << ", " << y;
+                        << "at " << x << ", " << y;
                 }
             }
         }
-        EXPECT_GT(nFrame, 40) << scheme.name;
+        EXPECT_GT(nFrame, 40);
         EXPECT_EQ(nWide > nFrame / 4, scheme.scheme == gesso::ColorScheme::Contrast)
-            << scheme.name << ": " << nWide << " of " << nFrame;
-        control.Destroy();
-    }
+            << nWide << " of " << nFrame;
+    });
 }
 
-template <class CONTROL> class MarkContrastTest : public ContrastTest<CONTROL>
+template <class CONTROL> class BoxContrastTest : public ContrastTest<CONTROL>
 {};
-using Marked = testing::Types<GCheckBox, GRadioButton>;
-TYPED_TEST_SUITE(MarkContrastTest, Marked);
+using Boxes = testing::Types<GCheckBox, GRadioButton>;
+TYPED_TEST_SUITE(BoxContrastTest, Boxes);
 
-TYPED_TEST(MarkContrastTest, BoxAndMarkStandOutInEveryState)
+TYPED_TEST(BoxContrastTest, BoxAndMarkStandOutInEveryState)
 {
     constexpr int SIDE = 13, SOME_PIXELS = 4;
-    for (const Scheme& scheme : SCHEMES) {
-        desk::Reset();
-        const WithScheme looks(scheme);
-        const Ground ground;
-        TypeParam control;
-        const HWND hwnd = MakeExhibit(control, ground);
+    this->InEachScheme([](TypeParam& control, HWND hwnd, const Scheme&) {
         for (const bool fDisabled : {false, true}) {
             EnableWindow(hwnd, !fDisabled);
             control.SetCheck(0);
             const Picture empty(hwnd);
             control.SetCheck(1);
             const Picture marked(hwnd);
-            RECT rcBox{0, 0, SIDE, marked.Height()};
-            const auto standsOut = [&](const Picture& picture) {
-                double best = 0;
-                for (const auto& [cr, nPixels] : picture.Shades(rcBox)) {
-                    const bool fSome = nPixels >= SOME_PIXELS && cr != UNPAINTED;
-                    best = std::max(best, fSome ? Contrast(cr, ColorOf(ColorRole::Panel)) : 0);
-                }
-                return best;
-            };
-            EXPECT_GE(standsOut(empty), LEAST_CONTRAST) << scheme.name << fDisabled;
+            double box = 0;
+            for (const auto& [cr, nPixels] : empty.Shades({0, 0, SIDE, empty.Height()})) {
+                const bool fSome = nPixels >= SOME_PIXELS && cr != UNPAINTED;
+                box = std::max(box, fSome ? Contrast(cr, ColorOf(ColorRole::Panel)) : 0);
+            }
+            EXPECT_GE(box, LEAST_CONTRAST) << fDisabled;
             // The marks are what has changed; beside them is the box's face as it is now.
             double best = 0;
             const auto shades = marked.Shades({3, 0, SIDE - 3, marked.Height()});
@@ -220,11 +176,113 @@ TYPED_TEST(MarkContrastTest, BoxAndMarkStandOutInEveryState)
                     best = std::max(best, fBox ? Contrast(cr, crOther) : 0);
                 }
             }
-            EXPECT_GE(best, LEAST_CONTRAST) << scheme.name << fDisabled;
+            EXPECT_GE(best, LEAST_CONTRAST) << fDisabled;
             EXPECT_FALSE(empty == marked);
         }
-        control.Destroy();
+    });
+}
+
+// What differs between two pictures of a window is a mark: it must stand out from what shows without it.
+// Returns how much of it there is.
+int ExpectMarkToStandOut(const Picture& without, const Picture& with)
+{
+    int nMark = 0;
+    for (int y = 0; y < with.Height(); ++y) {
+        for (int x = 0; x < with.Width(); ++x) {
+            if (without.At(x, y) != with.At(x, y)) {
+                ++nMark;
+                EXPECT_GE(Contrast(without.At(x, y), with.At(x, y)), LEAST_CONTRAST)
+                    << "at " << x << ", " << y;
+            }
+        }
     }
+    return nMark;
+}
+
+class ComboMarkTest : public ContrastTest<GComboBox>
+{};
+
+// Of each kind that has a button, in each state.
+TEST_F(ComboMarkTest, TheChevronStandsOutFromItsOwnGround)
+{
+    constexpr int EDGE = 4, SOME_PIXELS = 6;
+    for (const DWORD dwKind : {GCBS_DROPDOWN, GCBS_DROPDOWNLIST}) {
+        InEachScheme([=](GComboBox& control, HWND hwnd, const Scheme&) {
+            control.SetStyle((control.GetStyle() & ~DWORD{GCBS_DROPDOWNLIST}) | dwKind);
+            for (const Step& step : STEPS) {
+                step.pfn(hwnd);
+                desk::Pump();
+                const Picture picture(hwnd);
+                const int cx = picture.Width(), cy = picture.Height();
+                const auto shades =
+                    picture.Shades({cx - GetSystemMetrics(SM_CXVSCROLL) + EDGE, EDGE, cx - EDGE, cy - EDGE});
+                const auto fewer = [](const auto& a, const auto& b) { return a.second < b.second; };
+                const COLORREF crGround = std::max_element(shades.begin(), shades.end(), fewer)->first;
+                double best = 0;
+                for (const auto& [cr, nPixels] : shades) {
+                    best = std::max(best, nPixels >= SOME_PIXELS ? Contrast(cr, crGround) : 0);
+                }
+                EXPECT_GE(best, LEAST_CONTRAST) << dwKind << " " << step.name;
+            }
+        });
+    }
+}
+
+class ListMarkTest : public ContrastTest<GList>
+{};
+
+TEST_F(ListMarkTest, TheSortArrowStandsOut)
+{
+    InEachScheme([](GList& list, HWND hwnd, const Scheme&) {
+        list.RemoveAllItems();
+        for (const bool fAscending : {false, true}) {
+            list.Sort(0, fAscending);
+            const Picture without(hwnd); // in the second column
+            list.Sort(1, fAscending);
+            EXPECT_GT(ExpectMarkToStandOut(without, Picture(hwnd)), 6) << fAscending;
+        }
+    });
+}
+
+// The rectangle that the mouse draws.
+TEST_F(ListMarkTest, TheBandStandsOut)
+{
+    const Modern modern;
+    InEachScheme([](GList& list, HWND hwnd, const Scheme&) {
+        list.RemoveAllItems();
+        list.SetListStyle(GLS_DETAILS);
+        SetFocus(hwnd);
+        PointAt(hwnd, 60, 60);
+        PressThere();
+        const Picture without(hwnd);
+        PointAt(hwnd, 120, 110);
+        EXPECT_GT(ExpectMarkToStandOut(without, Picture(hwnd)), 40);
+        ReleaseThere();
+    });
+}
+
+class TreeMarkTest : public ContrastTest<GTree>
+{};
+
+// On rows in each state, under the pointer as well.
+TEST_F(TreeMarkTest, TheExpanderStandsOut)
+{
+    InEachScheme([](GTree& tree, HWND hwnd, const Scheme&) {
+        for (const bool fFocus : {false, true}) {
+            SetFocus(fFocus ? hwnd : GetParent(hwnd));
+            for (const POINT pt : {POINT{150, 130}, POINT{100, 10}, POINT{8, 10}}) {
+                PointAt(hwnd, pt.x, pt.y);
+                tree.RemoveAllItems();
+                void* hItem = tree.InsertItem(nullptr, nullptr, L"", 0, 0, nullptr);
+                tree.SetSelectedItem(hItem);
+                PointAt(hwnd, pt.x + 1, pt.y);
+                const Picture without(hwnd);
+                tree.SetItemState(hItem, TIS_HASCHILDREN, TIS_HASCHILDREN);
+                PointAt(hwnd, pt.x, pt.y);
+                EXPECT_GT(ExpectMarkToStandOut(without, Picture(hwnd)), 6) << fFocus << " " << pt.x;
+            }
+        }
+    });
 }
 
 } // namespace

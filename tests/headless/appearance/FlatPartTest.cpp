@@ -30,28 +30,27 @@ protected:
         desk::ClearDrawing(Parent());
         SetTextColor(hdc, ColorOf(gesso::ColorRole::WindowText)); // as a row's text has it
         ThemePart(nullptr, hdc, nPart, nState, plain)
+            .In(Parent())
             .DrawBackground({0, 0, SIZE_OF_PART.cx, SIZE_OF_PART.cy});
         ReleaseDC(Parent(), hdc);
         return {SIZE_OF_PART, desk::Drawing(Parent())};
     }
-    // What is left of a picture to somebody who sees no shades: which pixels are like most.
-    static std::string ShapeOf(const Picture& picture)
+    // What is left of a picture to somebody who sees no shades: what is light and what is dark.
+    static std::string ShapeOf(const Picture& picture, PlainPart plain)
     {
+        const bool fInField =
+            plain == PlainPart::EditBorder || plain == PlainPart::Row || plain == PlainPart::TreeGlyph;
         // What nothing was drawn at is the ground.
         const auto shadeAt = [&](int x, int y) {
             const COLORREF cr = picture.At(x, y);
-            return cr == UNPAINTED ? ColorOf(gesso::ColorRole::Panel) : cr;
+            return cr != UNPAINTED ? cr
+                                   : ColorOf(fInField ? gesso::ColorRole::Window : gesso::ColorRole::Panel);
         };
-        std::map<COLORREF, int> shades;
-        for (int i = 0; i < SIZE_OF_PART.cx * SIZE_OF_PART.cy; ++i) {
-            ++shades[shadeAt(i % SIZE_OF_PART.cx, i / SIZE_OF_PART.cx)];
-        }
-        const auto fewer = [](const auto& a, const auto& b) { return a.second < b.second; };
-        const COLORREF crMost = std::max_element(shades.begin(), shades.end(), fewer)->first;
         std::string shape;
         for (int y = 0; y < SIZE_OF_PART.cy; ++y) {
             for (int x = 0; x < SIZE_OF_PART.cx; ++x) {
-                shape += shadeAt(x, y) == crMost ? '.' : '#';
+                const COLORREF cr = shadeAt(x, y);
+                shape += Contrast(cr, BLACK) > Contrast(cr, WHITE) ? '#' : '.';
             }
             shape += '\n';
         }
@@ -83,7 +82,7 @@ TEST_F(FlatPartTest, InContrastNoStateIsToldByItsShadeAlone)
         for (const PartStates& part : parts) {
             std::map<std::string, int> seen;
             for (const int nState : part.states) {
-                const std::string shape = ShapeOf(Draw(part.plain, part.nPart, nState));
+                const std::string shape = ShapeOf(Draw(part.plain, part.nPart, nState), part.plain);
                 const auto [at, fNew] = seen.try_emplace(shape, nState);
                 EXPECT_TRUE(fNew) << static_cast<int>(part.plain) << ": " << nState << " is like "
                                   << at->second << " in " << scheme.name << "\n"
@@ -119,6 +118,70 @@ TEST_F(FlatPartTest, WhatIsOpaqueLeavesNothing)
                 }
             }
         }
+    }
+}
+
+// At 200 percent edges are twice as wide, and focus frames of Contrast four pixels.
+TEST_F(FlatPartTest, ThinLinesGrowWithTheDotsAnInch)
+{
+    const auto edge = [this](PlainPart plain, int nPart) {
+        const Picture picture = Draw(plain, nPart, 1);
+        int nWidth = 0;
+        while (picture.At(nWidth, SIZE_OF_PART.cy / 2) == picture.At(0, SIZE_OF_PART.cy / 2)) {
+            ++nWidth;
+        }
+        return nWidth;
+    };
+    const auto focus = [this] {
+        const HDC hdc = GetDC(Parent());
+        desk::ClearDrawing(Parent());
+        ThemePart(nullptr, hdc, BP_PUSHBUTTON, 1, PlainPart::PushButton)
+            .In(Parent())
+            .DrawFocus({0, 0, SIZE_OF_PART.cx, SIZE_OF_PART.cy});
+        ReleaseDC(Parent(), hdc);
+        const Picture picture(SIZE_OF_PART, desk::Drawing(Parent()));
+        return static_cast<int>(picture.Shades({0, 12, 12, 13}).at(ColorOf(gesso::ColorRole::PanelText)));
+    };
+    for (const Scheme& scheme : SCHEMES) {
+        const WithScheme looks(scheme);
+        const int nFocus = scheme.scheme == gesso::ColorScheme::Contrast ? 2 : 1;
+        for (const int nTimes : {1, 2}) {
+            desk::SetWindowDpi(Parent(), 96 * nTimes);
+            gesso::SetScaling(gesso::Scaling::PerMonitor);
+            EXPECT_EQ(edge(PlainPart::EntryField, CP_BORDER), nTimes) << scheme.name;
+            EXPECT_EQ(edge(PlainPart::ItemView, 0), nTimes) << scheme.name;
+            EXPECT_EQ(edge(PlainPart::PushButton, BP_PUSHBUTTON), nTimes) << scheme.name;
+            EXPECT_EQ(focus(), nTimes * nFocus) << scheme.name;
+            gesso::SetScaling(gesso::Scaling::None);
+        }
+    }
+}
+
+// Round corners go over into what they stand on.
+TEST_F(FlatPartTest, CornersTakeTheGroundThatIsThere)
+{
+    const WithScheme looks(SCHEMES[0]);
+    for (const COLORREF crGround : {RGB(0xF0, 0x10, 0x10), RGB(0x20, 0xE0, 0x20)}) {
+        BITMAPINFO info{};
+        info.bmiHeader = {
+            sizeof(info.bmiHeader), SIZE_OF_PART.cx, -SIZE_OF_PART.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        const HDC hdc = CreateCompatibleDC(nullptr);
+        void* pBits = nullptr;
+        const HBITMAP hBitmap = CreateDIBSection(hdc, &info, DIB_RGB_COLORS, &pBits, nullptr, 0);
+        const HGDIOBJ hFormer = SelectObject(hdc, hBitmap);
+        const RECT rc{0, 0, SIZE_OF_PART.cx, SIZE_OF_PART.cy};
+        const HBRUSH hBrush = CreateSolidBrush(crGround);
+        FillRect(hdc, &rc, hBrush);
+        ThemePart(nullptr, hdc, BP_PUSHBUTTON, PBS_NORMAL, PlainPart::PushButton).DrawBackground(rc);
+        // The corner is a mixture: the channel that is strong in the ground is in it too.
+        const COLORREF cr = GetPixel(hdc, 1, 0);
+        const bool fRed = GetRValue(crGround) > GetGValue(crGround);
+        EXPECT_GT(fRed ? GetRValue(cr) : GetGValue(cr), (fRed ? GetGValue(cr) : GetRValue(cr)) + 20)
+            << std::hex << cr;
+        DeleteObject(hBrush);
+        SelectObject(hdc, hFormer);
+        DeleteObject(hBitmap);
+        DeleteDC(hdc);
     }
 }
 

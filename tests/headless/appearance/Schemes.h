@@ -1,5 +1,5 @@
-// The schemes that the library draws by itself, as the tests go through them: Dark, and three sets of a
-// user's contrast colours, as the system comes with them.
+// The schemes that the library draws by itself, as the tests go through them: Dark, three sets of a
+// user's contrast colours, as the system comes with them, and one in which no two grounds are alike.
 #pragma once
 
 #include "../FreshDesktop.h"
@@ -49,6 +49,16 @@ inline const Scheme SCHEMES[] = {
       {COLOR_HIGHLIGHT, RGB(0x00, 0x80, 0x00)},
       {COLOR_HIGHLIGHTTEXT, WHITE},
       {COLOR_HOTLIGHT, RGB(0x00, 0xFF, 0xFF)}}},
+    {"yellow on blue, black on cream",
+     gesso::ColorScheme::Contrast,
+     {{COLOR_WINDOW, RGB(0x00, 0x00, 0x40)},
+      {COLOR_WINDOWTEXT, RGB(0xFF, 0xFF, 0x00)},
+      {COLOR_BTNFACE, RGB(0xFF, 0xF5, 0xE3)},
+      {COLOR_BTNTEXT, RGB(0x20, 0x20, 0x20)},
+      {COLOR_GRAYTEXT, RGB(0x7A, 0x7A, 0x7A)},
+      {COLOR_HIGHLIGHT, RGB(0x6A, 0x0D, 0xAD)},
+      {COLOR_HIGHLIGHTTEXT, WHITE},
+      {COLOR_HOTLIGHT, RGB(0x00, 0x66, 0xCC)}}},
 };
 
 // One of them, while this lives.
