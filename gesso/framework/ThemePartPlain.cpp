@@ -179,7 +179,7 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     case PlainPart::CheckBox: DrawPlainCheck(rc, uButton); break;
     case PlainPart::RadioButton: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONRADIO | uButton); break;
     case PlainPart::CommandLinkGlyph:
-        DrawArrow(m_hdc, rc, Pointing::Right, (rc.right - rc.left) / 3,
+        DrawArrow(m_hdc, rc, Pointing::Right, {static_cast<int>((rc.right - rc.left) / 3)},
                   SystemColor(uButton & DFCS_INACTIVE ? COLOR_GRAYTEXT : COLOR_HIGHLIGHT));
         break;
     case PlainPart::BackButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLLEFT | uButton); break;
