@@ -22,13 +22,25 @@ else()
 endif()
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/gesso)
-install(EXPORT gesso-targets FILE gesso-targets-${GESSO_INTERFACE}.cmake NAMESPACE gesso:: DESTINATION ${package})
+# Both DLLs have one name: one prefix has room for one of them.
+foreach(other IN ITEMS gnu msvc)
+  if(WIN32 AND NOT other STREQUAL GESSO_INTERFACE)
+    install(CODE "
+      if(EXISTS \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${package}/gesso-${other}-targets.cmake\")
+        message(FATAL_ERROR \"This prefix has the package for the other C++ interface (${other}): choose another one\")
+      endif()")
+  endif()
+endforeach()
+install(EXPORT gesso-targets FILE gesso-${GESSO_INTERFACE}-targets.cmake NAMESPACE gesso:: DESTINATION ${package})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config.cmake.in
   ${PROJECT_BINARY_DIR}/gesso-config.cmake INSTALL_DESTINATION ${package})
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/gesso-config-version.cmake COMPATIBILITY SameMinorVersion)
+# A package for another C++ interface does not suit, whatever its version: the search goes on.
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/gesso-version.cmake COMPATIBILITY SameMinorVersion)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config-version.cmake.in
+  ${PROJECT_BINARY_DIR}/gesso-config-version.cmake @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/gesso-config.cmake ${PROJECT_BINARY_DIR}/gesso-config-version.cmake
-  DESTINATION ${package})
-if(CMAKE_CROSSCOMPILING AND WIN32)
+  ${PROJECT_SOURCE_DIR}/cmake/gesso-interface.cmake ${PROJECT_BINARY_DIR}/gesso-version.cmake DESTINATION ${package})
+if(CMAKE_CROSSCOMPILING AND WIN32 AND CMAKE_TOOLCHAIN_FILE MATCHES "^${PROJECT_SOURCE_DIR}/cmake/")
   # So that a host is built as the library was.
   install(FILES ${CMAKE_TOOLCHAIN_FILE} DESTINATION ${package})
   if(GESSO_INTERFACE STREQUAL "msvc")

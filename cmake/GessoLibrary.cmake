@@ -30,12 +30,14 @@ if(WIN32)
     # A host's debugger reads gesso.pdb. Told to make one, linkers keep what nobody refers to unless told again.
     if(MSVC)
       target_compile_options(gesso PRIVATE /Zi)
-      target_link_options(gesso PRIVATE /debug /opt:ref,icf)
+      # The DLL has a manifest of its own among its resources, which one by the linker would switch off.
+      target_link_options(gesso PRIVATE /debug /opt:ref,icf /MANIFEST:NO)
     else()
       target_compile_options(gesso PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-g;-gcodeview>)
       # By its name alone the PDB is found beside the DLL, wherever that is.
       target_link_options(gesso PRIVATE "SHELL:-Xlinker /debug" "SHELL:-Xlinker /opt:ref,icf"
                           "SHELL:-Xlinker /pdbaltpath:%_PDB%")
+      target_link_libraries(gesso PRIVATE -Wl,/manifest:no) # behind what CMake asks for
     endif()
   else()
     set(import_prefix lib)

@@ -3,6 +3,7 @@ set(GESSO_PUBLIC_HEADERS
   api.h
   gesso.h
   containers/Index.h
+  containers/LibraryMemory.h
   containers/Memory.h
   containers/Misuse.h
   containers/OArray.h

@@ -1,7 +1,7 @@
 # The warnings that every target of this tree is built with.
 add_library(gesso_warnings INTERFACE)
 if(MSVC)
-  target_compile_options(gesso_warnings INTERFACE /W4 /utf-8 $<$<BOOL:${GESSO_WERROR}>:/WX>)
+  target_compile_options(gesso_warnings INTERFACE /W4 /utf-8 /wd4068 $<$<BOOL:${GESSO_WERROR}>:/WX>)
 else()
   target_compile_options(gesso_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
                          $<$<BOOL:${GESSO_WERROR}>:-Werror>)

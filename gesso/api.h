@@ -3,6 +3,11 @@
 
 #include <gesso/platform/platform.h>
 
+// Of fields and bases that are the library's own that compiler would tell in each host.
+#if defined(_MSC_VER) && !defined(__clang__)
+#pragma warning(disable : 4251 4275)
+#endif
+
 #if defined(_WIN32)
 #if defined(GESSO_BUILDING)
 #define GESSO_API __declspec(dllexport)

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks the headers of an installed package as a host's compiler meets them.
 
-    scripts/check-headers.py PREFIX headless|windows
+    scripts/check-headers.py PREFIX headless|windows|windows-msvc
 
 The package has just the headers that cmake/GessoPublicHeaders.cmake lists; each compiles alone, with the warnings
 of a careful host as errors; and none brings a type of the C++ library that has a layout of its own, since hosts
@@ -20,10 +20,21 @@ LIST = ROOT / "cmake/GessoPublicHeaders.cmake"
 HARMLESS = {"algorithm", "climits", "compare", "concepts", "cstddef", "cstdint", "cstring", "iterator", "limits", "new",
             "type_traits", "utility"}
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
+LLVM = "/usr/lib/llvm-19"
+WINE = "/usr/include/wine/wine"
 COMPILERS = {
     "headless": ["g++", "-fshort-wchar", "-isystem", "/usr/include/wine/wine/windows"],
     "windows": ["x86_64-w64-mingw32-g++-posix", "-DUNICODE", "-D_UNICODE"],
+    "windows-msvc": [f"{LLVM}/bin/clang++", "--target=x86_64-pc-windows-msvc", "-fms-compatibility-version=19.30",
+                     "-fms-extensions", "-nostdinc", "-D_DLL", "-D_MT", "-DWINE_UNICODE_NATIVE",
+                     "-D_InterlockedCompareExchange128=no_compare_exchange_128", "-Wno-language-extension-token",
+                     *(part for folder in (ROOT / "build/windows-msvc/msvc/config", f"{LLVM}/include/c++/v1",
+                                           f"{LLVM}/lib/clang/19/include", ROOT / "platform/msvc/include",
+                                           f"{WINE}/msvcrt", f"{WINE}/windows")
+                       for part in ("-isystem", str(folder)))],
 }
+# What a source may have in front of them: there the platform's min and max are macros.
+FRONTS = {"windows-msvc": "#include <windows.h>\n"}
 
 
 def listed():
@@ -39,8 +50,8 @@ def forbidden_of(path):
 
 
 def compile_alone(job):
-    command, include, header = job
-    source = f"#include <gesso/{header}>\n#include <gesso/{header}>\n"
+    command, front, include, header = job
+    source = f"{front}#include <gesso/{header}>\n#include <gesso/{header}>\n"
     run = subprocess.run([*command, "-std=c++20", f"-I{include}", *WARNINGS, "-fsyntax-only", "-xc++", "-"],
                          input=source, capture_output=True, text=True, check=False)
     return "" if run.returncode == 0 else f"{header} does not compile alone:\n{run.stderr}"
@@ -58,7 +69,7 @@ def main():
     findings += [f"listed and not installed: {name}" for name in sorted(headers - there)]
     for header in sorted(headers & there):
         findings += forbidden_of(root / header)
-    jobs = [(COMPILERS[sys.argv[2]], include, header) for header in sorted(headers & there)]
+    jobs = [(COMPILERS[sys.argv[2]], FRONTS.get(sys.argv[2], ""), include, header) for header in sorted(headers & there)]
     with ThreadPoolExecutor(os.cpu_count()) as pool:
         findings += [said for said in pool.map(compile_alone, jobs) if said]
     print("\n".join(findings) or f"{len(headers)} headers stand alone")

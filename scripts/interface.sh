@@ -3,7 +3,7 @@
 #
 #   scripts/interface.sh [--msvc] check
 #                        compares it with the list gesso/gesso.symbols (gesso/gesso-msvc.symbols), sees that nothing
-#                        of a C++ library's is among it, and that nothing is gone of gesso/hosts.symbols: what hosts
+#                        of a C++ library's is among it, and that nothing is gone of gesso/hosts.symbols (gesso/hosts-msvc.symbols): what hosts
 #                        can call or derive from, as of the last release
 #   scripts/interface.sh [--msvc] update
 #                        writes that list anew; commit it with the change that it comes from
@@ -18,7 +18,7 @@ PRESET=windows LIST=gesso/gesso.symbols HOSTS=gesso/hosts.symbols
 # Names of the C++ library's own in an exported name: of a class of ours alone, or in a signature.
 OF_LIBRARY='^_ZN?K?St|St[0-9]|NSt'
 if [[ ${1-} == --msvc ]]; then
-    PRESET=windows-msvc LIST=gesso/gesso-msvc.symbols HOSTS=/dev/null OF_LIBRARY='@std@@'
+    PRESET=windows-msvc LIST=gesso/gesso-msvc.symbols HOSTS=gesso/hosts-msvc.symbols OF_LIBRARY='@std@@'
     shift
 fi
 DLL=$BUILD/$PRESET/bin/gesso.dll

@@ -309,7 +309,7 @@ template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Copy(const TY
     if (!Reserve(n)) {
         return false;
     }
-    const UINT nAssigned = std::min(n, m_nLength);
+    const UINT nAssigned = (std::min)(n, m_nLength);
     std::copy_n(p, nAssigned, m_pData);
     Construct(nAssigned, p + nAssigned, n - nAssigned);
     Destroy(n, m_nLength);
@@ -355,8 +355,8 @@ template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::InsertAt(UINT
 template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::RemoveAt(UINT i, UINT n)
 {
     StartAnew();
-    const UINT iFirst = std::min(i, m_nLength);
-    const UINT nRemoved = std::min(n, m_nLength - iFirst);
+    const UINT iFirst = (std::min)(i, m_nLength);
+    const UINT nRemoved = (std::min)(n, m_nLength - iFirst);
     if (nRemoved < n) {
         gesso::Misuse("OArray::RemoveAt: a range beyond the length");
     }
@@ -407,7 +407,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::FreeExtra(UIN
     if (m_nLength == m_nBufferLength) {
         return;
     }
-    const UINT nCapacity = std::max(nMin, m_nLength);
+    const UINT nCapacity = (std::max)(nMin, m_nLength);
     if (nCapacity == 0) {
         gesso::Free(m_pData);
         m_pData = nullptr;
@@ -451,7 +451,7 @@ template <class TYPE, class ARG_TYPE> void OArray<TYPE, ARG_TYPE>::StartAnew()
 template <class TYPE, class ARG_TYPE> UINT OArray<TYPE, ARG_TYPE>::AdaptiveStep() const
 {
     const UINT nStep = std::clamp(m_nLength >> 3, 4u, 1024u);
-    return std::max(nStep, static_cast<UINT>(std::max(m_nGrowBy, 0)));
+    return (std::max)(nStep, static_cast<UINT>((std::max)(m_nGrowBy, 0)));
 }
 
 template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Reserve(size_t n)
@@ -464,7 +464,7 @@ template <class TYPE, class ARG_TYPE> bool OArray<TYPE, ARG_TYPE>::Grow(size_t n
     if (n > UINT_MAX) {
         return false;
     }
-    const size_t nCapacity = std::max(n, std::min<size_t>(size_t{m_nBufferLength} + nStep, UINT_MAX));
+    const size_t nCapacity = (std::max)(n, std::min<size_t>(size_t{m_nBufferLength} + nStep, UINT_MAX));
     auto* pData = static_cast<TYPE*>(gesso::TryAllocate(Bytes(nCapacity)));
     if (!pData) {
         return false;

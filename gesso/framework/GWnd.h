@@ -10,7 +10,7 @@
 // control included.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/containers/LibraryMemory.h>
 
 namespace gesso {
 class Frame;
@@ -24,7 +24,7 @@ constexpr DWORD GWS_TRACKING = 0x10;  // a TrackMouseEvent request is outstandin
 constexpr DWORD GWS_HIDEFOCUS = 0x20; // the focus rectangle is not drawn
 constexpr DWORD GWS_HIDEACCEL = 0x40; // the underlines of mnemonics are not drawn
 
-class GESSO_API GWnd
+class GESSO_API GWnd : public gesso::LibraryMemory
 {
 public:
     // Copies share the window and take no ownership of anything. A window that was attached to the object

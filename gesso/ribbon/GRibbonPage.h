@@ -27,6 +27,7 @@
 // a notification code of 0 in wParam; lParam is 1 for a check box that is now checked, else 0.
 #pragma once
 
+#include <gesso/containers/LibraryMemory.h>
 #include <gesso/containers/OString.h>
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/ThemeHandle.h>
@@ -47,7 +48,7 @@ constexpr WORD RIS_SMALL = 1;  // 16 by 16 image
 constexpr WORD RIS_MEDIUM = 2; // 16 by 16 image and text beside it
 constexpr WORD RIS_LARGE = 3;  // 32 by 32 image and text in up to two lines under it
 
-class GESSO_API GRibbonPage
+class GESSO_API GRibbonPage : public gesso::LibraryMemory
 {
 public:
     struct HitTestInfo

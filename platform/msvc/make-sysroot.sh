@@ -28,14 +28,23 @@ import_library() {
     "$LLVM/bin/llvm-dlltool" -m i386:x86-64 -d "$DIR/lib/$1.def" -l "$DIR/lib/$1.lib"
 }
 
+# names_of LIBRARY: what a library of mingw-w64's has of its DLL.
+names_of() {
+    "$LLVM/bin/llvm-nm" --defined-only "$MINGW_LIBRARIES/lib$1.a" 2>/dev/null |
+        awk '($2 == "T" || $2 == "D" || $2 == "I") && !/_head_|_iname|__imp_/ { print $3; next }
+             /__imp_/ { sub(/^__imp_/, "", $3); print $3 }' | sort -u
+}
+
 # What the platform's DLLs export stands in mingw-w64's libraries.
 for name in kernel32 user32 gdi32 uxtheme usp10 comctl32 comdlg32 imm32 shlwapi advapi32 shell32 ole32 oleaut32 dwmapi \
     oleacc msimg32 gdiplus; do
+    [[ -f $MINGW_LIBRARIES/lib$name.a ]] || { echo "make-sysroot.sh: mingw-w64 has no lib$name.a" >&2 && exit 1; }
     { "$LLVM/bin/llvm-nm" --defined-only "$MINGW_LIBRARIES/lib$name.a" 2>/dev/null || true; } |
         awk '$2 == "T" && !/_head_|_iname/ { print $3 }' | import_library "$name" "$name.dll"
 done
-"$LLVM/bin/llvm-readobj" --coff-exports "$WINE_DLLS/ucrtbase.dll" | awk '/Name:/ { print $2 }' |
-    import_library ucrtbase ucrtbase.dll
+# Of the C runtime what both Wine's and the one of Windows have: Wine's has names that belong to no version of it.
+comm -12 <("$LLVM/bin/llvm-readobj" --coff-exports "$WINE_DLLS/ucrtbase.dll" | awk '/Name:/ { print $2 }' | sort -u) \
+    <(names_of ucrtbase) | import_library ucrtbase ucrtbase.dll
 
 # compile SOURCE OPTION...
 compile() {

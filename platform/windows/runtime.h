@@ -1,8 +1,10 @@
 // The C runtime's wide operations where the compiler's own differ from the platform's.
 //
-// mingw-w64 answers `swprintf` and `vswprintf` itself, with the C standard's meaning of %s (narrow). These go
+// The runtime of Microsoft's compiler needs none of this. mingw-w64 answers `swprintf` and `vswprintf` itself, with the C standard's meaning of %s (narrow). These go
 // to the platform's runtime instead, where %s is wide, as in `_vsnwprintf` and `_vscwprintf`.
 #pragma once
+
+#if defined(__MINGW32__)
 
 /// Always terminates; text that does not fit with its terminator gives -1.
 inline int gesso_vswprintf(wchar_t* to, size_t n, const wchar_t* format, va_list args)
@@ -29,3 +31,5 @@ inline int gesso_swprintf(wchar_t* to, size_t n, const wchar_t* format, ...)
 #define vswprintf gesso_vswprintf
 #undef swprintf
 #define swprintf gesso_swprintf
+
+#endif

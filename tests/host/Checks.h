@@ -41,5 +41,6 @@ void CheckClasses();
 void CheckContainers();
 void CheckDialogs();
 void CheckExchange();
+void CheckOwnMemory();
 void CheckPlaces();
 void CheckSizes();

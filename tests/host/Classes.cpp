@@ -121,6 +121,27 @@ template <class BASE, class OTHER> void CheckClass(const char* pszName)
     Same(MINE::s_nDestroyed, 4, "the window deletes the host's object");
 }
 
+// Of classes whose windows are no controls of a parent: objects alone.
+template <class BASE, class OTHER, class... ARGS> void CheckObject(const char* pszName, ARGS... args)
+{
+    using MINE = Hosts<BASE>;
+    Group(pszName);
+    MINE::s_nDestroyed = 0;
+    auto* pMine = new MINE(args...);
+    GWnd* pWnd = pMine;
+    Check(dynamic_cast<MINE*>(pWnd) == pMine && dynamic_cast<BASE*>(pWnd) == pMine, "the object is recognised");
+    Check(!dynamic_cast<OTHER*>(pWnd), "the object is not taken for another class");
+    pWnd->Invalidate(1);
+    Same(pMine->nInvalidated, 1, "what the host overrides is called");
+    Check(!pWnd->GetHwnd() && !pWnd->GetParent() && pMine->nAsked == 1, "there is no window");
+    delete pWnd;
+    Same(MINE::s_nDestroyed, 1, "the host deletes by the base");
+    pWnd = new MINE(args...);
+    pWnd->Delete(pWnd);
+    Same(MINE::s_nDestroyed, 2, "the library deletes the host's object");
+    delete new BASE(args...);
+}
+
 // What CreateControl makes is the library's from the start.
 template <class CLASS> void CheckKind(int nKind, const char* pszName)
 {
@@ -237,6 +258,15 @@ void CheckClasses()
     CheckClass<GTree, GList>("GTree");
     CheckClass<GNavigationBar, GTree>("GNavigationBar");
     CheckClass<GRibbon, GWndScroll>("GRibbon");
+    CheckObject<GWndScroll, GList>("GWndScroll");
+    CheckObject<GComboBoxList, GComboBox>("GComboBoxList");
+    CheckObject<GRightClickMenu, GWndScroll>("GRightClickMenu");
+    CheckObject<GDialog, GTaskDialog>("GDialog");
+    static const GTASKDIALOGCONFIG s_task{};
+    static const GWNDCERTFAILURECONFIG s_failure{};
+    CheckObject<GTaskDialog, GWizard>("GTaskDialog", &s_task);
+    CheckObject<GWizard, GTaskDialog>("GWizard");
+    CheckObject<GWndCertFailure, GTaskDialog>("GWndCertFailure", &s_failure);
     CheckKinds();
     CheckWindow();
     CheckRibbonPages();

@@ -10,5 +10,6 @@ int main(int, char**)
     CheckClasses();
     CheckExchange();
     CheckDialogs();
+    CheckOwnMemory();
     return Conclude();
 }

@@ -1,3 +1,4 @@
+// Wine's header lacks what debug aids ask the C runtime for.
 #include_next <crtdbg.h>
 #ifndef _CRTDBG_FILE_STDERR
 #define _CRTDBG_FILE_STDERR ((void*)-5)

@@ -1,3 +1,4 @@
+// The C++ library's headers ask for classes of characters by locale, which Wine's header does not declare.
 #include_next <ctype.h>
 #ifndef GESSO_CTYPE
 #define GESSO_CTYPE

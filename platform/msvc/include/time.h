@@ -1,3 +1,4 @@
+// Wine's header lacks timespec, and what reads and writes dates safely.
 #pragma once
 #include_next <time.h>
 #ifndef GESSO_TIMESPEC

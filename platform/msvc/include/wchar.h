@@ -1,3 +1,4 @@
+// Conversions that the C++ library's headers want and Wine's header does not declare.
 #include_next <wchar.h>
 #ifndef GESSO_WCHAR
 #define GESSO_WCHAR

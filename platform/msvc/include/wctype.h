@@ -1,3 +1,4 @@
+// Classes of wide characters by locale, which Wine's header does not declare.
 #include_next <wctype.h>
 #ifndef GESSO_WCTYPE
 #define GESSO_WCTYPE

@@ -45,3 +45,14 @@ void operator delete[](void* p, size_t) noexcept
 {
     free(p);
 }
+
+// Where a constructor throws.
+void operator delete(void* p, const std::nothrow_t&) noexcept
+{
+    free(p);
+}
+
+void operator delete[](void* p, const std::nothrow_t&) noexcept
+{
+    free(p);
+}

@@ -8,5 +8,6 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int);
 extern "C" void wWinMainCRTStartup()
 {
     runtime::RunInitialisers();
-    exit(wWinMain(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), SW_SHOWDEFAULT));
+    exit(wWinMain(GetModuleHandleW(nullptr), nullptr, runtime::ArgumentsOf(GetCommandLineW()),
+                  runtime::ShowCommand()));
 }

@@ -8,5 +8,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int);
 extern "C" void WinMainCRTStartup()
 {
     runtime::RunInitialisers();
-    exit(WinMain(GetModuleHandleW(nullptr), nullptr, GetCommandLineA(), SW_SHOWDEFAULT));
+    exit(WinMain(GetModuleHandleW(nullptr), nullptr, runtime::ArgumentsOf(GetCommandLineA()),
+                  runtime::ShowCommand()));
 }
