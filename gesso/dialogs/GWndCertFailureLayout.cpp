@@ -239,6 +239,8 @@ void GWndCertFailure::PlaceQuestion(Layout& layout)
     layout.xWidest = std::max<int>(layout.xWidest, rc.right + 2 * layout.cxGap);
     if (m_pCheckBox) {
         m_pCheckBox->MoveWindow(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap);
+        const HFONT hFont = gesso::DefaultFontOf(m_hWnd);
+        SendMessageW(*m_pCheckBox, WM_SETFONT, reinterpret_cast<WPARAM>(hFont), 0);
     } else {
         m_pCheckBox = new GCheckBox;
         m_pCheckBox->Create(layout.cxMargin, layout.y, layout.xWidest, layout.cyGap, m_hWnd, CHECKBOX_ID,

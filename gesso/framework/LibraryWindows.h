@@ -11,9 +11,8 @@ namespace gesso {
 struct LibraryWindow
 {
     HWND hwnd;
-    UINT uDpi;       // 0 until it is known
-    UINT uImageDpi;  // what its images were given for, where its dots an inch have changed since it was made
-    bool fNewImages; // the host has given others after such a change
+    UINT uDpi;      // 0 until it is known
+    UINT uImageDpi; // what its images were given for, where its dots an inch have changed since it was made
 };
 
 // A window that is there already gets the new dots. False without memory.

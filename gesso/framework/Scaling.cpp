@@ -373,14 +373,8 @@ void TakeNewImages(HWND hwnd)
     LibraryWindow window = KnownWindow(hwnd);
     if (window.uImageDpi) {
         window.uImageDpi = DpiOf(hwnd);
-        window.fNewImages = true;
         SetKnownWindow(window);
     }
-}
-
-bool HasNewImages(HWND hwnd)
-{
-    return KnownWindow(hwnd).fNewImages;
 }
 
 } // namespace gesso

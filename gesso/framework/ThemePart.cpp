@@ -87,14 +87,13 @@ SIZE ThemePart::Size(HWND hwnd, const RECT* prc) const
     if (SUCCEEDED(hr) && GetScaling() == Scaling::None) {
         return size;
     }
+    const int nGlyph = Pixels(hwnd, Metrics::PLAIN_LINK_GLYPH);
     if (!m_hTheme && m_plain == PlainPart::CommandLinkGlyph) {
-        const int nSide = Pixels(hwnd, Metrics::PLAIN_LINK_GLYPH);
-        return {nSide, nSide};
+        return {nGlyph, nGlyph};
     }
-    // A glyph is about as large as a small icon.
     const bool fGlyph = SUCCEEDED(hr) && !HasCheck(m_plain);
-    const SIZE usual{SystemMetric(hwnd, fGlyph ? SM_CXSMICON : SM_CXMENUCHECK),
-                     SystemMetric(hwnd, fGlyph ? SM_CYSMICON : SM_CYMENUCHECK)};
+    const SIZE usual = fGlyph ? SIZE{nGlyph, nGlyph}
+                              : SIZE{SystemMetric(hwnd, SM_CXMENUCHECK), SystemMetric(hwnd, SM_CYMENUCHECK)};
     return FAILED(hr) || !IsAbout(size.cx, usual.cx) ? usual : size;
 }
 

@@ -38,9 +38,8 @@ enum class ScalingChange
 ScalingChange TakeScaling(HWND hwnd, UINT uMsg, WPARAM wParam);
 
 // How many times as large an image is drawn that its host gave before the window's dots an inch changed: a
-// whole number. TakeNewImages: the host has given another one; HasNewImages: after such a change.
+// whole number. TakeNewImages: the host has given another one.
 int ImageFactor(HWND hwnd);
 void TakeNewImages(HWND hwnd);
-bool HasNewImages(HWND hwnd);
 
 } // namespace gesso

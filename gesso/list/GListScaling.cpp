@@ -37,16 +37,13 @@ template <class VALUE> void TakeLength(VALUE& length, HWND hwnd, gesso::Measure 
 
 // As often as an image fits into a row, and no more often than the dots ask for. An icon that stands by
 // itself has the room of the system's icons, or grows with the dots from where its host gave it. Images that
-// the host has given after a change of the dots are as it wants them.
+// fit, as those do that a host gives after a change of the dots, stay as they are.
 int gesso::ListInside::ImageTimes(const GList& list, SIZE image)
 {
     if (GetScaling() == Scaling::None || image.cx <= 0 || image.cy <= 0) {
         return 1;
     }
     const HWND hwnd = list.m_hWnd;
-    if (HasNewImages(hwnd)) {
-        return ImageFactor(hwnd);
-    }
     const int nMost = std::max(static_cast<int>(DpiOf(hwnd) / USER_DEFAULT_SCREEN_DPI), 1);
     if ((list.listStyle & GLS_VIEWMASK) == GLS_ICONS) {
         const int nFitting = std::min<int>(SystemMetric(hwnd, SM_CXICON) / image.cx, nMost);
