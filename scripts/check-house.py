@@ -60,7 +60,7 @@ RULES = [
          "the index that is none is NO_INDEX"),
     *(Rule(written(*fields), ["gesso/" + file for file in files], ONE_PLACE) for fields, files in CHANGES),
     Rule(r"\bhosts (?:rely|know)\b", [], "say what would break: `// Fixed behaviour: ...`"),
-    Rule(r"(?<![\w:])new\s+[\w:]+\s*\[|\bdelete\[\]", [], "no raw arrays"),
+    Rule(r"(?<![\w:])new\s+[\w:]+\s*\[|(?<!operator )\bdelete\[\]", [], "no raw arrays"),
 ]
 
 

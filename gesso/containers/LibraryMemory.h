@@ -22,14 +22,12 @@ public:
     static void* operator new[](size_t, void* p) noexcept { return p; }
     // Of debug builds: where it was called comes with it, which is not kept.
     template <class... WHERE>
-        requires(sizeof...(WHERE) > 1)
-    static void* operator new(size_t cb, WHERE...)
+    requires(sizeof...(WHERE) > 1) static void* operator new(size_t cb, WHERE...)
     {
         return Checked(TryAllocate(cb));
     }
     template <class... WHERE>
-        requires(sizeof...(WHERE) > 1)
-    static void* operator new[](size_t cb, WHERE...)
+    requires(sizeof...(WHERE) > 1) static void* operator new[](size_t cb, WHERE...)
     {
         return Checked(TryAllocate(cb));
     }
@@ -42,17 +40,9 @@ public:
     static void operator delete(void*, void*) noexcept {}
     static void operator delete[](void*, void*) noexcept {}
     template <class... WHERE>
-        requires(sizeof...(WHERE) > 1)
-    static void operator delete(void* p, WHERE...) noexcept
-    {
-        Free(p);
-    }
+    requires(sizeof...(WHERE) > 1) static void operator delete(void* p, WHERE...) noexcept { Free(p); }
     template <class... WHERE>
-        requires(sizeof...(WHERE) > 1)
-    static void operator delete[](void* p, WHERE...) noexcept
-    {
-        Free(p);
-    }
+    requires(sizeof...(WHERE) > 1) static void operator delete[](void* p, WHERE...) noexcept { Free(p); }
 
 protected:
     LibraryMemory() = default;

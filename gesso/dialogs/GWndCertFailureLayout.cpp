@@ -10,6 +10,7 @@
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
+#include <gesso/framework/WindowDpi.h>
 
 #include <algorithm>
 

@@ -63,7 +63,7 @@ try {
     if (!s_pWindows) {
         s_pWindows = new std::vector<LibraryWindow>;
     }
-    const LibraryWindow window{hwnd, uDpi, 0, false};
+    const LibraryWindow window{hwnd, uDpi, 0};
     if (LibraryWindow* pKnown = Find(hwnd)) {
         *pKnown = window;
     } else {

@@ -9,8 +9,9 @@ namespace gesso {
 ColorScheme SchemeOfSystem();
 
 // Changes are heard of by a hidden top-level window, as long as the scheme that is set is System or the
-// user's text size is asked for, and until the last of the library's windows goes. It belongs to the thread that asks first; where it went with that, the next one who
-// asks makes it again: when a scheme is set, a control comes or one paints.
+// user's text size is asked for, and until the last of the library's windows goes. It belongs to the thread
+// that asks first; where it went with that, the next one who asks makes it again: when a scheme is set, a
+// control comes or one paints.
 void FollowSystem();
 // Whether the user's text size is.
 void HearOfTextSize(bool fHear);

@@ -1,7 +1,8 @@
 // The C runtime's wide operations where the compiler's own differ from the platform's.
 //
-// The runtime of Microsoft's compiler needs none of this. mingw-w64 answers `swprintf` and `vswprintf` itself, with the C standard's meaning of %s (narrow). These go
-// to the platform's runtime instead, where %s is wide, as in `_vsnwprintf` and `_vscwprintf`.
+// The runtime of Microsoft's compiler needs none of this. mingw-w64 answers `swprintf` and `vswprintf`
+// itself, with the C standard's meaning of %s (narrow). These go to the platform's runtime instead, where %s
+// is wide, as in `_vsnwprintf` and `_vscwprintf`.
 #pragma once
 
 #if defined(__MINGW32__)

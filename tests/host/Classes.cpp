@@ -129,7 +129,8 @@ template <class BASE, class OTHER, class... ARGS> void CheckObject(const char* p
     MINE::s_nDestroyed = 0;
     auto* pMine = new MINE(args...);
     GWnd* pWnd = pMine;
-    Check(dynamic_cast<MINE*>(pWnd) == pMine && dynamic_cast<BASE*>(pWnd) == pMine, "the object is recognised");
+    Check(dynamic_cast<MINE*>(pWnd) == pMine && dynamic_cast<BASE*>(pWnd) == pMine,
+          "the object is recognised");
     Check(!dynamic_cast<OTHER*>(pWnd), "the object is not taken for another class");
     pWnd->Invalidate(1);
     Same(pMine->nInvalidated, 1, "what the host overrides is called");

@@ -1,5 +1,5 @@
-// The host's new and delete are not the DLL's, as a debug build's are not: its blocks bear a mark, and a block
-// without one that is to be freed here is told. All other checks run over it, too.
+// The host's new and delete are not the DLL's, as a debug build's are not: its blocks bear a mark, and a
+// block without one that is to be freed here is told. All other checks run over it, too.
 #include "Checks.h"
 
 #include <stdlib.h>
@@ -43,8 +43,7 @@ void FreeBlock(void* p) noexcept
 }
 
 class HostsField : public GEdit
-{
-};
+{};
 
 // As the host and as the library delete it.
 template <class CLASS, class... ARGS> void CheckClass(const char* pszName, ARGS... args)

@@ -1,4 +1,5 @@
-// What the C++ library's headers want of the C runtime and Wine's header does not declare, C++ overloads included.
+// What the C++ library's headers want of the C runtime and Wine's header does not declare, C++ overloads
+// included.
 #include_next <stdlib.h>
 #ifndef GESSO_STDLIB
 #define GESSO_STDLIB

@@ -1,5 +1,5 @@
-// What is to run at the end: of a program, which the C runtime keeps, or of a DLL, which keeps it itself, since it may
-// be unloaded before.
+// What is to run at the end: of a program, which the C runtime keeps, or of a DLL, which keeps it itself,
+// since it may be unloaded before.
 #include "runtime.h"
 
 extern "C" {

@@ -9,5 +9,5 @@ extern "C" void WinMainCRTStartup()
 {
     runtime::RunInitialisers();
     exit(WinMain(GetModuleHandleW(nullptr), nullptr, runtime::ArgumentsOf(GetCommandLineA()),
-                  runtime::ShowCommand()));
+                 runtime::ShowCommand()));
 }

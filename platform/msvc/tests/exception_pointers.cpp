@@ -1,5 +1,5 @@
-// What the C++ library keeps of an exception for later, by Microsoft's runtime. The test program keeps none: an
-// exception of a thread's own ends the program.
+// What the C++ library keeps of an exception for later, by Microsoft's runtime. The test program keeps none:
+// an exception of a thread's own ends the program.
 #include <stdlib.h>
 
 extern "C" int __cdecl __uncaught_exceptions()
