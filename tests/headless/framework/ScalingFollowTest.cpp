@@ -234,11 +234,11 @@ TEST_F(ScaledCombo, TheListsHeightAndRowsAreThoseOfTheWindowAndComeBackWithNone)
 
 // --- Images, and who is told
 
-TEST_F(ScalingFollowTest, AListDrawsImagesThatItsHostGaveAnewAsTheyAre)
+TEST_F(ScalingFollowTest, AListDrawsImagesThatFitAsTheyAreAndOthersAsOftenAsTheyFit)
 {
     gesso::SetScaling(Scaling::PerMonitor);
     const HIMAGELIST hSmall = ImageList_Create(16, 16, ILC_COLOR32, 0, 1);
-    const HIMAGELIST hNew = ImageList_Create(20, 20, ILC_COLOR32, 0, 1);
+    const HIMAGELIST hNew = ImageList_Create(32, 32, ILC_COLOR32, 0, 1);
     for (const HIMAGELIST hImages : {hSmall, hNew}) {
         int nPlaced = 0;
         reinterpret_cast<IImageList*>(hImages)->ReplaceIcon(-1, LoadIconW(nullptr, MAKEINTRESOURCEW(32512)),
@@ -253,7 +253,7 @@ TEST_F(ScalingFollowTest, AListDrawsImagesThatItsHostGaveAnewAsTheyAre)
     desk::ChangeDpi(m_host, 192);
     EXPECT_EQ(ImageIn(hwnd).right - ImageIn(hwnd).left, 32);
     list.SetImageList(hNew);
-    EXPECT_EQ(ImageIn(hwnd).right - ImageIn(hwnd).left, 20);
+    EXPECT_EQ(ImageIn(hwnd).right - ImageIn(hwnd).left, 32);
     list.Destroy();
     ImageList_Destroy(hSmall);
     ImageList_Destroy(hNew);

@@ -424,8 +424,8 @@ TEST_F(ScalingTest, SoIsTheGlyphOfACommandLink)
         }
         return LONG{0};
     };
-    EXPECT_EQ(glyphOf(hwndLarge), 40); // what styles have at 96 dots is 20, and the handle said 16
-    EXPECT_EQ(glyphOf(hwndSmall), 16);
+    EXPECT_EQ(glyphOf(hwndLarge), 32);
+    EXPECT_EQ(glyphOf(hwndSmall), 20); // what styles have at 96 dots, where the handle says 32
     more.Destroy();
     less.Destroy();
 }
