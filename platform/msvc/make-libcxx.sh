@@ -52,6 +52,8 @@ compile() {
 export -f compile
 export LLVM SYSROOT HERE SOURCE
 
-compile "$HERE/tests/exception_pointers.cpp" "$DIR/obj/exception_pointers.obj"
+for source in "$HERE"/tests/*.cpp; do
+    compile "$source" "$DIR/obj/$(basename "$source" .cpp).obj"
+done
 printf '%s\n' "${SOURCES[@]}" | xargs -P "$(nproc)" -I @ bash -euc 'o=@; compile "$SOURCE/@.cpp" "$0/obj/${o//\//_}.obj"' "$DIR"
 "$LLVM/bin/llvm-lib" "/out:$DIR/cxx.lib" "$DIR"/obj/*.obj

@@ -55,7 +55,11 @@ TEST(Runtime, BoundedFormattingTellsWhatDidNotFit)
     EXPECT_EQ(text[3], L'?') << "wrote past the bound";
     EXPECT_EQ(_snwprintf(text, 3, L"abc"), 3);
     EXPECT_EQ(text[3], L'?') << "an exact fit has no terminator";
+#if defined(_MSC_VER)
+    EXPECT_LT(swprintf(text, 3, L"%s", L"abc"), 0); // the C runtime's own, some versions of which tell -2
+#else
     EXPECT_EQ(swprintf(text, 3, L"%s", L"abc"), -1);
+#endif
     EXPECT_EQ(Narrow(text), "ab");
     EXPECT_EQ(swprintf(text, 4, L"%s", L"abc"), 3);
     EXPECT_EQ(Narrow(text), "abc");

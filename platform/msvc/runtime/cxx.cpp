@@ -70,12 +70,6 @@ int type_info::__compare(const type_info& other) const noexcept
 
 } // namespace std
 
-// Of Microsoft's runtime for each compiler, not of the C runtime that is part of Windows.
-extern "C" [[noreturn]] void __cdecl __std_terminate() noexcept
-{
-    abort();
-}
-
 _LIBCPP_BEGIN_NAMESPACE_STD
 
 bad_function_call::~bad_function_call() noexcept {}
