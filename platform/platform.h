@@ -40,6 +40,8 @@
 
 #include <commctrl.h>
 #include <commoncontrols.h>
+#include <oleacc.h>
+#include <oleauto.h>
 #include <usp10.h>
 #include <uxtheme.h>
 #include <vssym32.h>
