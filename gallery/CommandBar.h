@@ -70,6 +70,7 @@ public:
     // Its commands come to the parent as WM_COMMAND; of the check boxes lParam tells the new state.
     void Create(HWND hwndParent);
     void Place(const RECT& rc);
+    void FollowScheme() { m_ribbon.FollowScheme(); }
     void AddParts(std::vector<Part>& parts) const;
 
 private:

@@ -1,4 +1,5 @@
 #include <gallery/EditorRibbon.h>
+#include <gallery/ImageStrip.h>
 #include <gallery/Scale.h>
 #include <gallery/resource.h>
 
@@ -91,8 +92,16 @@ EditorRibbon::EditorRibbon()
 
 HWND EditorRibbon::MakeWindow(const RECT& rc, HWND hwndParent)
 {
+    FollowScheme();
     return GRibbon::Create(rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top, hwndParent,
                            GetModuleHandleW(nullptr));
+}
+
+void EditorRibbon::FollowScheme()
+{
+    const SchemeImages images = ImagesOfScheme();
+    // Those of the template do on a light ground.
+    images.hLarge ? SetImageLists(images.hLarge, images.hSmall) : SetImageLists(nullptr, nullptr);
 }
 
 EditorPage& EditorRibbon::AddEditorPage(LPCWSTR pszTitle)

@@ -82,6 +82,8 @@ public:
     HWND MakeWindow(const RECT& rc, HWND hwndParent);
     EditorPage& AddEditorPage(LPCWSTR pszTitle);
     void ShowTab(UINT nIndex, bool fShow);
+    // After a change of the scheme: the images are the gallery's.
+    void FollowScheme();
     // On every page; the caller repaints.
     void SetDisabledLook(UINT nId, bool fDisabled);
 

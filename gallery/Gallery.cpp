@@ -465,6 +465,8 @@ LRESULT Gallery::OnSystemChange(UINT uMsg, WPARAM wParam, LPARAM lParam)
 void Gallery::OnSchemeChange()
 {
     m_lastLines.SetTextColor(ColorOf(Shade::Caption));
+    m_commands.FollowScheme();
+    m_pages.FollowScheme();
     m_page->Recolor();
     RedrawWindow(m_hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }

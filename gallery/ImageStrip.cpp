@@ -1,5 +1,6 @@
 #include <gallery/GdiPlus.h>
 #include <gallery/ImageStrip.h>
+#include <gallery/resource.h>
 
 #include <commctrl.h>
 #include <memory>
@@ -27,6 +28,13 @@ std::unique_ptr<IStream, ReleaseStream> OpenResource(int nResource)
     return std::unique_ptr<IStream, ReleaseStream>(pStream);
 }
 
+bool IsGroundDark()
+{
+    const COLORREF cr = gesso::ColorOf(gesso::ColorRole::Panel);
+    return gesso::ActiveColorScheme() != gesso::ColorScheme::Light &&
+           GetRValue(cr) + GetGValue(cr) + GetBValue(cr) < 3 * 0x80;
+}
+
 } // namespace
 
 HIMAGELIST LoadImageStrip(int nResource)
@@ -43,6 +51,14 @@ HIMAGELIST LoadImageStrip(int nResource)
     ImageList_Add(hImages, hBitmap, nullptr);
     DeleteObject(hBitmap);
     return hImages;
+}
+
+SchemeImages ImagesOfScheme()
+{
+    static const SchemeImages s_onLight{nullptr, LoadImageStrip(IDB_SMALL_IMAGES)};
+    static const SchemeImages s_onDark{LoadImageStrip(IDB_LARGE_IMAGES_ON_DARK),
+                                       LoadImageStrip(IDB_SMALL_IMAGES_ON_DARK)};
+    return IsGroundDark() ? s_onDark : s_onLight;
 }
 
 } // namespace gallery

@@ -9,4 +9,13 @@ namespace gallery {
 // destroy; null where that failed.
 HIMAGELIST LoadImageStrip(int nResource);
 
+// Images side by side, for controls; kept until the program ends.
+struct SchemeImages
+{
+    HIMAGELIST hLarge; // null where the ribbon's own will do
+    HIMAGELIST hSmall;
+};
+// Those that can be told from what the active scheme has behind them.
+SchemeImages ImagesOfScheme();
+
 } // namespace gallery

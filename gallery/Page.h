@@ -39,6 +39,8 @@ public:
     // The same for WM_VSCROLL; and WM_TIMER, for a page that sets a timer in its canvas's window.
     virtual void OnScroll(WORD /*wCode*/, WORD /*wPos*/, HWND /*hwndFrom*/) {}
     virtual void OnTimer() {}
+    // What the page gave its controls for the former scheme.
+    virtual void OnSchemeChange() {}
     // Whether something goes on that will still change what the page shows, for its picture.
     virtual bool IsBusy() const { return false; }
 

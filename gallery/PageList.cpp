@@ -2,9 +2,6 @@
 #include <gallery/PageList.h>
 #include <gallery/Pages.h>
 #include <gallery/Scale.h>
-#include <gallery/resource.h>
-
-#include <commctrl.h>
 
 namespace gallery {
 namespace {
@@ -20,9 +17,8 @@ int RowHeight()
 
 void PageList::Create(HWND hwndParent)
 {
-    m_hImages = LoadImageStrip(IDB_SMALL_IMAGES);
     m_bar.SetItemHeight(static_cast<UINT>(RowHeight()));
-    m_bar.SetImageList(m_hImages);
+    FollowScheme();
     m_bar.Create(0, 0, WIDTH, 10, hwndParent, PAGE_LIST_ID, 0, WS_CHILD | WS_VISIBLE | WS_VSCROLL);
     void* hRoot = m_bar.GetRootItem();
     void* hLast = nullptr;
@@ -35,9 +31,9 @@ void PageList::Create(HWND hwndParent)
     }
 }
 
-PageList::~PageList()
+void PageList::FollowScheme()
 {
-    ImageList_Destroy(m_hImages);
+    m_bar.SetImageList(ImagesOfScheme().hSmall);
 }
 
 void PageList::Place(const RECT& rc)

@@ -11,7 +11,6 @@ public:
     static constexpr int WIDTH = 168;
 
     PageList() = default;
-    ~PageList();
     PageList(const PageList&) = delete;
     PageList& operator=(const PageList&) = delete;
 
@@ -19,6 +18,8 @@ public:
     void Place(const RECT& rc);
     // After a change of the gallery's dots: the height of the rows is given in pixels.
     void FollowDots();
+    // After a change of the scheme: the images are the gallery's.
+    void FollowScheme();
     // Marks a page as the one that is shown.
     void Select(int nPage);
     // The page that a notification of the pane asks for, or -1.
@@ -28,7 +29,6 @@ public:
 
 private:
     GNavigationBar m_bar;
-    HIMAGELIST m_hImages = nullptr;
     std::vector<void*> m_items; // of each page
 };
 

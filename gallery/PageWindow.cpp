@@ -257,6 +257,7 @@ void PageWindow::BringIntoView(HWND hwnd)
 void PageWindow::Recolor()
 {
     m_canvas->Recolor();
+    m_page->OnSchemeChange();
     RedrawWindow(m_hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

@@ -107,6 +107,8 @@ public:
         m_editor->WrapAnew();
     }
 
+    void OnSchemeChange() override { m_ribbon->FollowScheme(); }
+
     LRESULT OnCommand(UINT uId, UINT uCode, HWND hwndFrom) override
     {
         if (uId == ID_SIZES && uCode == CBN_SELCHANGE) {

@@ -6,7 +6,7 @@ gesso/resources/icons/*.svg become the .ico files and the .cur file beside them:
 
 gallery/icons/*.svg become gallery/ribbon-32.png and ribbon-16.png, the strips of the ribbon's images, in the order of
 the enumerators in gallery/EditorRibbon.h: IMAGE_SELECT_ALL is select-all.svg. What lies on even coordinates of a
-drawing's 32 by 32 units is sharp in both.
+drawing's 32 by 32 units is sharp in both. ribbon-32-dark.png and ribbon-16-dark.png are the same for dark grounds.
 
 Needs rsvg-convert (Debian's librsvg2-bin). Run it after changing a drawing, and commit what it writes.
 """
@@ -24,6 +24,8 @@ SIZES = (48, 32, 24, 16)
 CURSORS = ('column-sizing',)
 UNITS = 32  # the width and the height of a drawing for the ribbon
 STRIP_SIZES = (32, 16)
+# What the drawings have for a light ground, and what stands for it on a dark one.
+ON_DARK = {'#3d4b5f': '#d3dbe6', '#2878d0': '#5aa5f2', '#cfe2f6': '#35587c', '#ffffff': '#22303f'}
 
 
 def render(svg, size):
@@ -102,6 +104,12 @@ def ribbon_images():
     return names
 
 
+def on_dark(drawing):
+    for light, dark in ON_DARK.items():
+        drawing = drawing.replace(light, dark)
+    return drawing
+
+
 def write_strips():
     names = ribbon_images()
     drawings = ''
@@ -111,9 +119,10 @@ def write_strips():
     for size in STRIP_SIZES:
         strip = (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {len(names) * UNITS} {UNITS}" '
                  f'width="{len(names) * size}" height="{size}">{drawings}</svg>')
-        path = GALLERY / f'ribbon-{size}.png'
-        subprocess.run(['rsvg-convert', '-o', str(path)], input=strip.encode(), check=True)
-        print(path.stem)
+        for name, shaded in ((f'ribbon-{size}.png', strip), (f'ribbon-{size}-dark.png', on_dark(strip))):
+            path = GALLERY / name
+            subprocess.run(['rsvg-convert', '-o', str(path)], input=shaded.encode(), check=True)
+            print(path.stem)
 
 
 def main():
