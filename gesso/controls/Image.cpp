@@ -1,8 +1,8 @@
+#include <gesso/controls/FaintImage.h>
 #include <gesso/controls/Image.h>
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
-#include <gesso/framework/OffscreenSurface.h>
 #include <gesso/framework/Saturate.h>
 
 namespace gesso {
@@ -46,11 +46,25 @@ void DrawImageState(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uFlags
                place.cy, uFlags);
 }
 
-// What shows of the image, with what lies below it showing through: the platform's own grey is made of the
-// system's colours, and loses what is as light or as dark as they are.
+// An image whose place is counted from the left upper corner of what shows of it.
+class ImageAtPlace final : public ImageDrawing
+{
+public:
+    ImageAtPlace(const ImagePlace& place, HANDLE hImage, UINT uKind)
+        : m_place(place), m_hImage(hImage), m_uKind(uKind)
+    {}
+    void DrawInto(HDC hdc) const override { DrawImageState(hdc, m_place, m_hImage, m_uKind | DSS_NORMAL); }
+
+private:
+    ImagePlace m_place;
+    HANDLE m_hImage;
+    UINT m_uKind;
+};
+
+// What shows of the image. The platform's own grey is made of the system's colours, and loses what is as
+// light or as dark as they are.
 void DrawFaint(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uKind)
 {
-    constexpr BYTE FAINT = 110; // of 255
     const UprightScope upright(hdc, place.x, place.cxShown);
     const RECT rcImage{upright.Left(), place.y, Saturated(int64_t{upright.Left()} + place.cxShown),
                        Saturated(int64_t{place.y} + place.cy)};
@@ -58,13 +72,9 @@ void DrawFaint(HDC hdc, const ImagePlace& place, HANDLE hImage, UINT uKind)
     if (GetClipBox(hdc, &rcClip) == ERROR || !IntersectRect(&rc, &rcImage, &rcClip)) {
         return;
     }
-    const int cx = rc.right - rc.left, cy = rc.bottom - rc.top;
-    const OffscreenSurface whole(hdc, {cx, cy});
-    BitBlt(whole.Context(), 0, 0, cx, cy, hdc, rc.left, rc.top, SRCCOPY);
-    DrawImageState(whole.Context(),
-                   {rcImage.left - rc.left, rcImage.top - rc.top, place.cx, place.cy, place.cxShown}, hImage,
-                   uKind | DSS_NORMAL);
-    GdiAlphaBlend(hdc, rc.left, rc.top, cx, cy, whole.Context(), 0, 0, cx, cy, {AC_SRC_OVER, 0, FAINT, 0});
+    const ImagePlace shown{static_cast<int>(rcImage.left - rc.left), static_cast<int>(rcImage.top - rc.top),
+                           place.cx, place.cy, place.cxShown};
+    DrawFaintly(hdc, rc, ImageAtPlace(shown, hImage, uKind), ColorOf(ColorRole::DisabledText));
 }
 
 void DrawImageAt(HDC hdc, ImageKind kind, HANDLE hImage, const ImagePlace& place, DWORD dwStyle)
