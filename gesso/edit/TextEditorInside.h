@@ -282,7 +282,7 @@ struct TextEditor::Inside final : private CompositionTarget
 
     bool OnContextMenu(LPARAM lParam);
     bool CanRun(UINT uCommand) const;
-    UINT RunMenu(POINT ptScreen) const;
+    UINT RunMenu(POINT ptScreen, bool fByKey) const;
     void RunMenuCommand(UINT uCommand);
 
     // --- Messages

@@ -2,11 +2,13 @@
 
 #include <gesso/edit/GEdit.h>
 #include <gesso/edit/TextEditorInside.h>
-#include <gesso/framework/Direction.h>
+#include <gesso/framework/CommandMenu.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/language/Language.h>
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace gesso {
 namespace {
@@ -38,24 +40,6 @@ constexpr Entry ENTRIES[] = {{CMD_UNDO, TextId::Undo},
                              {0, {}},
                              {CMD_SELECT_ALL, TextId::SelectAll}};
 
-class PopupMenu
-{
-public:
-    PopupMenu() : m_hMenu(CreatePopupMenu()) {}
-    ~PopupMenu()
-    {
-        if (m_hMenu) {
-            DestroyMenu(m_hMenu);
-        }
-    }
-    PopupMenu(const PopupMenu&) = delete;
-    PopupMenu& operator=(const PopupMenu&) = delete;
-    operator HMENU() const { return m_hMenu; }
-
-private:
-    HMENU m_hMenu;
-};
-
 } // namespace
 
 // True where the parent has answered, or the menu was shown. By a key it comes up at the caret.
@@ -82,7 +66,7 @@ bool TextEditor::Inside::OnContextMenu(LPARAM lParam)
             static_cast<LONG>(std::clamp<int64_t>(y, rc.top, rc.bottom))};
         ClientToScreen(hwnd, &pt);
     }
-    const UINT uCommand = RunMenu(pt);
+    const UINT uCommand = RunMenu(pt, lParam == BY_KEY);
     if (watch) {
         RunMenuCommand(uCommand);
     }
@@ -105,17 +89,14 @@ bool TextEditor::Inside::CanRun(UINT uCommand) const
 }
 
 // What was chosen, or 0.
-UINT TextEditor::Inside::RunMenu(POINT ptScreen) const
+UINT TextEditor::Inside::RunMenu(POINT ptScreen, bool fByKey) const
 {
-    const PopupMenu menu;
-    for (const Entry& entry : ENTRIES) {
-        const UINT uState = entry.uCommand && !CanRun(entry.uCommand) ? MF_GRAYED : MF_ENABLED;
-        AppendMenuW(menu, entry.uCommand ? MF_STRING | uState : MF_SEPARATOR, entry.uCommand,
-                    entry.uCommand ? TextOf(entry.text) : nullptr);
-    }
-    const UINT uFlags =
-        TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON | (IsMirrored(Window()) ? TPM_LAYOUTRTL : 0);
-    return static_cast<UINT>(TrackPopupMenu(menu, uFlags, ptScreen.x, ptScreen.y, 0, Window(), nullptr));
+    std::array<CommandEntry, std::size(ENTRIES)> entries{};
+    std::transform(std::begin(ENTRIES), std::end(ENTRIES), entries.begin(), [this](const Entry& entry) {
+        return entry.uCommand ? CommandEntry{entry.uCommand, TextOf(entry.text), CanRun(entry.uCommand)}
+                              : CommandEntry{};
+    });
+    return RunCommandMenu(Window(), ptScreen, entries, fByKey);
 }
 
 void TextEditor::Inside::RunMenuCommand(UINT uCommand)

@@ -43,6 +43,12 @@ inline constexpr int DEFAULT_FONT_POINTS = 9;
 // --- Lines and edges that are as thin as can be
 inline constexpr Measure THIN_LINE{1, MeasureKind::Line};
 
+// --- Menus that the library draws
+inline constexpr Measure MENU_ENTRY_HEIGHT{22, MeasureKind::Text};
+inline constexpr Measure MENU_LINE_HEIGHT{9}; // of the room for a line
+inline constexpr Measure MENU_TEXT{24};       // from an entry's edge to its text, on each side
+inline constexpr Measure MENU_MARGIN{3};      // around the entries
+
 // --- Scroll bars of the frame
 inline constexpr Measure WHEEL_LINE{20, MeasureKind::Text};
 

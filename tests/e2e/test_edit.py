@@ -1,6 +1,9 @@
 """Edit fields under a real pointer and keyboard, and text that goes by the clipboard to and from the platform's own
 edit field, in another program too, and a combo box."""
+from collections import Counter
+
 from gallery import Gallery, GalleryTest, wait_for, window_in_front, xdotool
+from screen import shades
 
 EN_CHANGE = 768
 
@@ -173,3 +176,46 @@ class Edit(GalleryTest):
         self.assertNotIn(self.text(self.letter), (whole, "x" + whole))
         self.gallery.key("BackSpace", "ctrl+Home", "x")
         self.assertEqual(self.text(self.letter), "x" + whole)
+
+
+class DarkMenu(GalleryTest):
+    """The context menu of a field in Dark, as the screen shows it."""
+
+    PAGE = "Entry"
+
+    @classmethod
+    def setUpClass(cls):
+        cls.gallery = Gallery(cls.PAGE, "--scheme", "dark")
+
+    def field(self):
+        self.gallery.lines()
+        return min((c for c in self.gallery.controls() if c.class_name == "GEdit"), key=lambda c: c.id)
+
+    def below(self, field):
+        """What the screen shows where a menu comes up in the field."""
+        return [shade for row in shades(field.x + 60, field.y + field.cy, 60, 100) for shade in row]
+
+    def test_it_is_dark_however_it_is_opened_and_a_mnemonic_chooses(self):
+        field = self.field()
+        opened = {
+            "by a right click": lambda: self.gallery.right_click((field.x + 10, field.y + 10)),
+            "by its key": lambda: self.gallery.key("Menu"),
+            "by F10": lambda: self.gallery.key("shift+F10"),
+        }
+        for how, open_menu in opened.items():
+            with self.subTest(how):
+                self.gallery.click((field.x + 5, field.y + 10))
+                self.gallery.key("ctrl+a")
+                xdotool("type", "--delay", "5", "menu")
+                self.gallery.key("ctrl+a")
+                self.assertEqual(self.field().text, "menu")
+                before = self.below(field)
+                open_menu()
+                # Its ground, with texts and nothing else on it.
+                wait_for("the menu", lambda: Counter(self.below(field))[(0x2B, 0x2B, 0x2B)] > len(before) * 0.7)
+                light = [shade for shade in self.below(field) if min(shade) > 0x80]
+                self.assertGreater(len(light), 20)
+                self.assertLess(len(light), len(before) * 0.2)
+                self.gallery.key("a")  # what cuts
+                self.assertEqual(self.field().text, "")
+                self.assertEqual(self.below(field), before)
