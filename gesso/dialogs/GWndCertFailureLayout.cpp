@@ -15,7 +15,7 @@
 #include <algorithm>
 
 using gesso::Color;
-using gesso::ColorOf;
+using gesso::LightColorOf;
 using gesso::Pixels;
 namespace Metrics = gesso::Metrics;
 using gesso::CHECKBOX_ID;
@@ -295,7 +295,7 @@ SIZE GWndCertFailure::WindowSizeFor(SIZE client) const
             rcWindow.bottom - rcWindow.top + client.cy - rcClient.bottom};
 }
 
-// One row, which painting repeats.
+// One row, which painting repeats in Light: the scheme may be another one when it is made.
 void GWndCertFailure::MakeGradient()
 {
     const gesso::CertSeverity& severity = gesso::SeverityOf(m_pConfig->dwType);
@@ -307,7 +307,8 @@ void GWndCertFailure::MakeGradient()
     auto* pPixels = static_cast<DWORD*>(pBits);
     for (int x = 0; pPixels && x < cx; ++x) {
         const auto blend = [&](int nShift) {
-            return Blend(ColorOf(severity.left), ColorOf(severity.right), nShift, x, std::max(cx - 1, 1));
+            return Blend(LightColorOf(severity.left), LightColorOf(severity.right), nShift, x,
+                         std::max(cx - 1, 1));
         };
         // A COLORREF has red lowest, a pixel blue.
         pPixels[x] = blend(0) << 16 | blend(8) << 8 | blend(16);

@@ -115,9 +115,12 @@ struct OpenGradient : GWndCertFailure
     using GWndCertFailure::m_hGradient;
 };
 
+// Also those of a dialog that was made in another scheme, for when that is left.
 TEST_F(GWndCertFailureHeadlessTest, TheHeadersColoursRunFromEndToEnd)
 {
+    gesso::SetColorScheme(gesso::ColorScheme::Contrast);
     Run(CFT_SECURE, 0, [](HWND hDlg) {
+        gesso::SetColorScheme(gesso::ColorScheme::Light);
         const auto* pDialog = reinterpret_cast<GWndCertFailure*>(GetWindowLongPtrW(hDlg, DWLP_USER));
         BITMAP bitmap{};
         GetObjectW(pDialog->*&OpenGradient::m_hGradient, sizeof(bitmap), &bitmap);
