@@ -25,7 +25,7 @@ CANNOT_FAIL = {
         OffsetRect PtInRect StrCmpLogicalW lstrcmpiW""",
     "their answer is the state itself": """GetCapture GetCurrentThreadId GetDoubleClickTime GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
-        GetTickCount IsChild IsClipboardFormatAvailable
+        GetTickCount IsAppThemed IsChild IsClipboardFormatAvailable
         IsThemeBackgroundPartiallyTransparent IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
         GetWindowThreadProcessId RegisterWindowMessageW WindowFromPoint""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",

@@ -122,7 +122,7 @@ void GButton::Draw(HDC hdc)
     }
     gesso::ThemePart part(m_hTheme, hdc, BP_PUSHBUTTON, gesso::PressStateOfDefault(m_dwState, dwStyle),
                           gesso::PlainPart::PushButton);
-    part.In(m_hWnd);
+    part.In(m_hWnd).AsDefault(dwStyle & GBS_DEFAULT);
     part.DrawBackground(rcClient);
     const RECT rcContent = part.ContentOf(rcClient);
 

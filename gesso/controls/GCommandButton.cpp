@@ -169,7 +169,7 @@ void GCommandButton::Draw(HDC hdc)
     }
     const int nState = gesso::PressStateOfDefault(m_dwState, dwStyle);
     ThemePart part(m_hTheme, hdc, BP_COMMANDLINK, nState, PlainPart::CommandLink);
-    part.In(m_hWnd);
+    part.In(m_hWnd).AsDefault(dwStyle & GBS_DEFAULT);
     part.DrawBackground(rc);
     const RECT rcContent = part.ContentOf(rc);
     // The glyph's size makes the text's column, whatever stands in its place.

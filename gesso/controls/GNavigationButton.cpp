@@ -1,6 +1,7 @@
 #include <gesso/controls/ButtonLook.h>
 #include <gesso/controls/ButtonMessages.h>
 #include <gesso/controls/GNavigationButton.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Press.h>
 #include <gesso/framework/Quirks.h>
@@ -69,9 +70,12 @@ void GNavigationButton::Draw(HDC hdc)
         return;
     }
     const int nState = ThemeState(m_dwState, Frame::Style(*this));
-    gesso::ThemePart(m_hTheme, hdc, NAV_BACKBUTTON, nState, gesso::PlainPart::BackButton)
-        .In(m_hWnd)
-        .DrawBackground(rc);
+    gesso::ThemePart part(m_hTheme, hdc, NAV_BACKBUTTON, nState, gesso::PlainPart::BackButton);
+    part.In(m_hWnd);
+    part.DrawBackground(rc);
+    if (gesso::IsDrawnFlat() && gesso::ShowsFocus(m_hWnd, m_dwState)) { // in Light nothing tells
+        part.DrawFocus(rc);
+    }
 }
 
 // --- Messages

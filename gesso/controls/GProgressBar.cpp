@@ -1,5 +1,6 @@
 #include <gesso/controls/GProgressBar.h>
 #include <gesso/framework/BufferedPaint.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/framework/ThemePart.h>
@@ -73,12 +74,15 @@ void GProgressBar::Draw(HDC hdc)
     if (!Frame::DrawParentBackground(*this, hdc, &rc)) {
         return;
     }
-    ThemePart bar(m_hTheme, hdc, PP_BAR, 0, PlainPart::ProgressBar);
-    bar.In(m_hWnd);
-    bar.DrawBackground(rc);
-    RECT rcFill = bar.ContentOf(rc);
+    // The style has no look for a disabled one.
+    const bool fGrey = gesso::IsDrawnFlat() && (Frame::Style(*this) & WS_DISABLED);
+    ThemePart(m_hTheme, hdc, PP_BAR, fGrey ? int{PBS_DISABLED} : 0, PlainPart::ProgressBar)
+        .In(m_hWnd)
+        .DrawBackground(rc);
+    RECT rcFill = ThemePart(m_hTheme, hdc, PP_BAR, 0, PlainPart::ProgressBar).In(m_hWnd).ContentOf(rc);
     rcFill.right = rcFill.left + FillWidth(rcFill.right - rcFill.left, m_nProgress);
-    ThemePart(m_hTheme, hdc, PP_FILL, PBFS_NORMAL, PlainPart::ProgressFill).DrawBackground(rcFill);
+    ThemePart(m_hTheme, hdc, PP_FILL, fGrey ? int{PBS_DISABLED} : PBFS_NORMAL, PlainPart::ProgressFill)
+        .DrawBackground(rcFill);
 }
 
 LRESULT GProgressBar::OnCreate(const CREATESTRUCTW*)

@@ -177,7 +177,7 @@ namespace {
 // What the platform's own controls on a dialog draw their texts in.
 void ColorPlatformControl(HDC hdc)
 {
-    if (IsDrawnFlat()) {
+    if (AreTextsByRole()) {
         SetTextColor(hdc, ColorOf(ColorRole::PanelText));
         SetBkMode(hdc, TRANSPARENT);
     }

@@ -233,7 +233,7 @@ void GWizard::DrawTitle(HDC hdc, const RECT& rcClient) const
     hTheme.Open(m_hWnd, L"CompositedWindow::Window");
     DTTOPTS options{};
     options.dwSize = sizeof(options);
-    if (gesso::IsDrawnFlat()) {
+    if (gesso::AreTextsByRole()) {
         options.dwFlags = DTT_TEXTCOLOR;
         options.crText = ColorOf(gesso::ColorRole::PanelText);
     } else {

@@ -83,7 +83,7 @@ void GWndCertFailure::Draw(HDC hdc)
         .DrawBackground(m_rcFooter);
     const gesso::StateScope state(hdc);
     SetBkMode(hdc, TRANSPARENT);
-    if (gesso::IsDrawnFlat()) {
+    if (gesso::AreTextsByRole()) {
         SetTextColor(hdc, ColorOf(gesso::Color::CertText));
     }
     DrawElements(hdc);

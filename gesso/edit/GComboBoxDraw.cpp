@@ -86,6 +86,12 @@ int GlyphOfFace(int nState)
     return gesso::IsDrawnFlat() && nState == CBXS_DISABLED ? CBXS_DISABLED : CBXS_NORMAL;
 }
 
+// With the focus that of a field to write in. In the style it looks the same in every state.
+int EdgeOfField(HWND hwnd, int nState)
+{
+    return gesso::IsDrawnFlat() && GetFocus() == hwnd ? CBXS_PRESSED : nState;
+}
+
 } // namespace
 
 void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
@@ -95,7 +101,8 @@ void GComboBox::DrawFrame(HDC hdc, const RECT& rcClient, Look look) const
         return;
     }
     const bool fReadOnly = dwKind == GCBS_DROPDOWNLIST;
-    ThemePart(m_hTheme, hdc, fReadOnly ? CP_READONLY : CP_BORDER, look.nBorder,
+    ThemePart(m_hTheme, hdc, fReadOnly ? CP_READONLY : CP_BORDER,
+              fReadOnly ? look.nBorder : EdgeOfField(m_hWnd, look.nBorder),
               fReadOnly ? PlainPart::PushButton : PlainPart::EntryField)
         .In(m_hWnd)
         .DrawBackground(rcClient);
@@ -127,7 +134,10 @@ void GComboBox::DrawField(HDC hdc, const RECT& rcText) const
     const bool fSelection = m_bCaret && GetFocus() == m_hWnd;
     const UINT nFrom = fSelection ? std::min(m_nCaret, m_nAnchor) : 0;
     const UINT nTo = fSelection ? std::max(m_nCaret, m_nAnchor) : 0;
-    const gesso::TextColorScope color(hdc, gesso::ColorOf(gesso::Color::FieldText));
+    // In Light a disabled field's text looks like any other's.
+    const bool fGrey = gesso::IsDrawnFlat() && (Frame::Style(*this) & WS_DISABLED);
+    const gesso::TextColorScope color(
+        hdc, gesso::ColorOf(fGrey ? gesso::Color::FieldDisabledText : gesso::Color::FieldText));
     gesso::DrawField(hdc, rcText, m_strText, m_strText.GetLength(), nFrom, nTo);
 }
 

@@ -144,7 +144,7 @@ LRESULT GEdit::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)
     RECT& rcClient = pParams->rgrc[0];
     if (HasBorder()) {
         const ThemePart border(m_hTheme, nullptr, EP_EDITBORDER_NOSCROLL, EPSN_NORMAL, PlainPart::EditBorder);
-        const int nWidth = border.BorderSize() + 1;
+        const int nWidth = (border.BorderSize() + 1) * gesso::Pixels(m_hWnd, gesso::Metrics::THIN_LINE);
         InflateRect(&rcClient, -nWidth, -nWidth);
     }
     NcCalcSizeScroll(&rcWindow, &rcClient);

@@ -35,7 +35,7 @@ constexpr Shade SHADES[] = {
     {Color::FieldDisabledText, Grey(0x6D), BY_ROLE, ColorRole::DisabledText},
     {Color::FieldSelection, RGB(0xAD, 0xD6, 0xFF), BY_ROLE, ColorRole::Selection},
     {Color::FieldSelectedText, BLACK, BY_ROLE, ColorRole::SelectionText},
-    {Color::FieldCue, Grey(0x6D), BY_ROLE, ColorRole::Hint},
+    {Color::FieldCue, Grey(0x6D), BY_ROLE, ColorRole::Hint, ColorRole::DisabledText},
 
     {Color::TreeBackground, WHITE, BY_ROLE, ColorRole::Window},
     {Color::NavigationHeaderText, Grey(0x5C), BY_ROLE, ColorRole::Hint},
@@ -48,7 +48,7 @@ constexpr Shade SHADES[] = {
     {Color::RibbonPageLine, Grey(0xE4), BY_ROLE, ColorRole::Line, ColorRole::PanelText},
     {Color::RibbonGroupTitle, Grey(0x76), BY_ROLE, ColorRole::Hint, ColorRole::PanelText},
     {Color::RibbonItemText, BLACK, BY_ROLE, ColorRole::PanelText},
-    {Color::RibbonAfterPage, BLACK, BLACK, NO_ROLE, ColorRole::PanelText},
+    {Color::RibbonAfterPage, BLACK, BY_ROLE, ColorRole::PanelText},
     {Color::ValueMenuFill, WHITE, BY_ROLE, ColorRole::Window},
     {Color::ValueMenuHotFill, RGB(0xFF, 0xC8, 0x8C), BY_ROLE, ColorRole::Selection},
     {Color::ValueMenuHotText, BLACK, BY_ROLE, ColorRole::SelectionText},
@@ -73,7 +73,7 @@ constexpr Shade SHADES[] = {
     {Color::ButtonDisabledFace, CLR_INVALID, Grey(0x2E), ColorRole::Panel},
     {Color::ButtonEdge, CLR_INVALID, Grey(0x50), ColorRole::Line, ColorRole::PanelText},
     {Color::ButtonDisabledEdge, CLR_INVALID, Grey(0x3C), ColorRole::Line, ColorRole::DisabledText},
-    {Color::FaceCue, CLR_INVALID, BY_ROLE, ColorRole::Hint, ColorRole::PanelText},
+    {Color::FaceCue, CLR_INVALID, BY_ROLE, ColorRole::Hint, ColorRole::DisabledText},
     {Color::ButtonPressedText, CLR_INVALID, Grey(0xCC), ColorRole::PanelText},
     {Color::BoxFace, CLR_INVALID, Grey(0x26), ColorRole::Window},
     {Color::BoxHotFace, CLR_INVALID, Grey(0x38), ColorRole::Window},
@@ -92,6 +92,7 @@ constexpr Shade SHADES[] = {
     {Color::FieldHotEdge, CLR_INVALID, Grey(0xB4), ColorRole::Border},
     {Color::FieldFocusEdge, CLR_INVALID, BY_ROLE, ColorRole::Accent, ColorRole::Border},
     {Color::FieldDisabledEdge, CLR_INVALID, Grey(0x7E), ColorRole::Border, ColorRole::DisabledText},
+    {Color::RowHotSelection, CLR_INVALID, RGB(0x2E, 0x60, 0x82), ColorRole::Selection},
     {Color::PaneEdge, CLR_INVALID, Grey(0x48), ColorRole::Line, ColorRole::Border},
     {Color::BarTrack, CLR_INVALID, Grey(0x25), ColorRole::Panel},
     {Color::BarThumb, CLR_INVALID, Grey(0x78), ColorRole::Border, ColorRole::PanelText},
@@ -100,6 +101,8 @@ constexpr Shade SHADES[] = {
     {Color::BarArrow, CLR_INVALID, Grey(0xA0), ColorRole::Hint, ColorRole::PanelText},
     {Color::BarHotArrow, CLR_INVALID, Grey(0xE0), ColorRole::Hint, ColorRole::PanelText},
     {Color::ProgressTrack, CLR_INVALID, Grey(0x3A), ColorRole::Window},
+    {Color::ProgressFill, CLR_INVALID, BY_ROLE, ColorRole::Accent, ColorRole::WindowText},
+    {Color::ProgressDisabledFill, CLR_INVALID, BY_ROLE, ColorRole::DisabledText},
     {Color::DialogPane, CLR_INVALID, Grey(0x2B), ColorRole::Panel},
     {Color::DialogFooter, CLR_INVALID, Grey(0x20), ColorRole::Panel},
     {Color::PanelLine, CLR_INVALID, BY_ROLE, ColorRole::Line, ColorRole::PanelText},
@@ -170,8 +173,18 @@ bool IsKept(bool fSet, COLORREF crOwnInLight)
     switch (ActiveColorScheme()) {
     case ColorScheme::Dark: return fSet;
     case ColorScheme::Contrast: return false;
-    default: return fSet || crOwnInLight == CLR_DEFAULT;
+    default: return fSet || (crOwnInLight == CLR_DEFAULT && !IsDrawnInSystemColors());
     }
+}
+
+COLORREF InLight(const Shade& shade)
+{
+    const COLORREF crOwn = OwnOf(ColorScheme::Light, shade.role);
+    if (crOwn != CLR_DEFAULT) {
+        return crOwn;
+    }
+    return shade.role != NO_ROLE && IsDrawnInSystemColors() ? ShadeOf(ColorScheme::Light, shade.role)
+                                                            : shade.crLight;
 }
 
 // The context's own brush, in a colour: nothing to be deleted while somebody draws with it.
@@ -199,10 +212,7 @@ COLORREF ColorOf(Color color)
     switch (ActiveColorScheme()) {
     case ColorScheme::Dark: return InDark(shade);
     case ColorScheme::Contrast: return ColorOf(shade.contrast);
-    default: {
-        const COLORREF crOwn = OwnOf(ColorScheme::Light, shade.role);
-        return crOwn != CLR_DEFAULT ? crOwn : shade.crLight;
-    }
+    default: return InLight(shade);
     }
 }
 
@@ -211,9 +221,16 @@ COLORREF LightColorOf(Color color)
     return ShadeOf(color).crLight;
 }
 
+bool IsDrawnInSystemColors()
+{
+    const bool fUsual = GetSysColor(COLOR_WINDOW) == WHITE && GetSysColor(COLOR_WINDOWTEXT) == BLACK &&
+                        GetSysColor(COLOR_BTNTEXT) == BLACK;
+    return !fUsual && !IsDrawnFlat() && !IsAppThemed();
+}
+
 bool IsDrawnAs(ColorRole role)
 {
-    return IsDrawnFlat() || OwnShade(ColorScheme::Light, role) != CLR_DEFAULT;
+    return AreTextsByRole() || OwnShade(ColorScheme::Light, role) != CLR_DEFAULT;
 }
 
 COLORREF HostColor(COLORREF crHost, bool fSet, ColorRole role)
@@ -250,8 +267,11 @@ HBRUSH SystemBrush(HDC hdc, int nIndex)
 
 HBRUSH DialogBrush(HDC hdc)
 {
-    return IsDrawnFlat() ? BrushIn(hdc, ColorOf(Color::DialogPane))
-                         : static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    if (IsDrawnFlat()) {
+        return BrushIn(hdc, ColorOf(Color::DialogPane));
+    }
+    return IsDrawnInSystemColors() ? SystemBrush(COLOR_WINDOW)
+                                   : static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
 }
 
 } // namespace gesso

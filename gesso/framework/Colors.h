@@ -74,14 +74,17 @@ enum class Color
     FieldHotEdge,
     FieldFocusEdge,
     FieldDisabledEdge,
-    PaneEdge, // around lists, trees and open lists
-    BarTrack, // of a scroll bar
+    RowHotSelection, // of what is selected and under the pointer
+    PaneEdge,        // around lists, trees and open lists
+    BarTrack,        // of a scroll bar
     BarThumb,
     BarHotThumb,
     BarPressedThumb,
     BarArrow,
     BarHotArrow,
     ProgressTrack,
+    ProgressFill,
+    ProgressDisabledFill,
     DialogPane,
     DialogFooter,
     PanelLine, // on a panel, and on a list's header
@@ -108,7 +111,17 @@ inline bool IsContrast()
     return ActiveColorScheme() == ColorScheme::Contrast;
 }
 
-// Whether what plays a role is drawn in the role's shade: but for Light, where a host has set none for it.
+// Whether Light is drawn in the system's colours altogether: without a visual style, where they are others
+// than black texts on white. With the usual ones the library's own shades go with them.
+bool IsDrawnInSystemColors();
+// Whether each text takes the shade of its role, in whatever state it is.
+inline bool AreTextsByRole()
+{
+    return IsDrawnFlat() || IsDrawnInSystemColors();
+}
+
+// Whether what plays a role is drawn in the role's shade: but for Light, where neither the host has set one
+// for it nor the system's colours hold.
 bool IsDrawnAs(ColorRole role);
 
 // What a control draws in for a colour that its host may have set: that one, but for one that was never set
@@ -125,7 +138,7 @@ HBRUSH SystemBrush(int nIndex);
 // Brushes to draw with in a context, or to answer who asks for one with the context. Not deleted: they are
 // the system's, or the context's own, whose colour is set.
 HBRUSH SystemBrush(HDC hdc, int nIndex);
-// What the dialogs' backgrounds are filled with: in Light the platform's own white.
+// What the dialogs' backgrounds are filled with: in Light the platform's own white, or the system's colour.
 HBRUSH DialogBrush(HDC hdc);
 
 } // namespace gesso

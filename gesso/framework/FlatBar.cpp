@@ -84,7 +84,7 @@ void DrawFlatBar(HDC hdc, const FlatPart& part, const RECT& rc)
     case PlainPart::ScrollTrack:
         FillColor(hdc, rc, ColorOf(Color::BarTrack));
         if (IsContrast()) {
-            FrameColor(hdc, rc, ColorOf(ColorRole::Border), part.nLine);
+            FrameColor(hdc, rc, ColorOf(ColorRole::PanelText), part.nLine);
         }
         break;
     case PlainPart::ScrollArrow: DrawBarArrow(hdc, rc, part); break;

@@ -44,7 +44,7 @@ BoxLook ButtonLook(const FlatPart& part)
 void DrawPushButton(HDC hdc, const RECT& rc, const FlatPart& part)
 {
     if (IsContrast()) {
-        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), part.nState, part.nLine);
+        DrawContrastBox(hdc, rc, ColorOf(Color::ButtonFace), part.nState, part.nLine, part.fDefault);
     } else {
         DrawRoundBox(hdc, rc, ButtonLook(part), CORNER * part.nLine, CLR_DEFAULT);
     }

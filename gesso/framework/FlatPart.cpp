@@ -81,7 +81,10 @@ void DrawRow(HDC hdc, const RECT& rc, const FlatPart& part)
     const int nState = part.nState;
     const RowLook look = LookOfRow(nState);
     if (look.fSelected) {
-        FillColor(hdc, rc, ColorOf(look.fFocused ? ColorRole::Selection : ColorRole::InactiveSelection));
+        FillColor(hdc, rc,
+                  look.fHot       ? ColorOf(Color::RowHotSelection)
+                  : look.fFocused ? ColorOf(ColorRole::Selection)
+                                  : ColorOf(ColorRole::InactiveSelection));
     } else if (look.fHot) {
         FillColor(hdc, rc, ColorOf(ColorRole::HotRow));
     }
@@ -122,16 +125,31 @@ void DrawHeaderItem(HDC hdc, const RECT& rc, const FlatPart& part)
     }
 }
 
-void DrawPane(HDC hdc, const RECT& rc, int nLine)
+// Broken in Contrast around what is disabled.
+void DrawOutline(HDC hdc, const RECT& rc, bool fDisabled, COLORREF cr, int nLine)
 {
-    FillColor(hdc, rc, ColorOf(ColorRole::Window));
-    FrameColor(hdc, rc, ColorOf(Color::PaneEdge), nLine);
+    if (IsContrast() && fDisabled) {
+        DashFrameColor(hdc, rc, ColorOf(ColorRole::DisabledText), nLine);
+    } else {
+        FrameColor(hdc, rc, cr, nLine);
+    }
 }
 
-void DrawProgress(HDC hdc, const RECT& rc, int nLine)
+void DrawPane(HDC hdc, const RECT& rc, const FlatPart& part)
+{
+    FillColor(hdc, rc, ColorOf(ColorRole::Window));
+    DrawOutline(hdc, rc, part.nState == LISS_DISABLED, ColorOf(Color::PaneEdge), part.nLine);
+}
+
+void DrawProgress(HDC hdc, const RECT& rc, const FlatPart& part)
 {
     FillColor(hdc, rc, ColorOf(Color::ProgressTrack));
-    FrameColor(hdc, rc, ColorOf(ColorRole::Border), nLine);
+    DrawOutline(hdc, rc, part.nState == PBS_DISABLED, ColorOf(ColorRole::Border), part.nLine);
+}
+
+COLORREF ColorOfProgress(const FlatPart& part)
+{
+    return ColorOf(part.nState == PBS_DISABLED ? Color::ProgressDisabledFill : Color::ProgressFill);
 }
 
 void DrawFooter(HDC hdc, const RECT& rc, int nLine)
@@ -155,22 +173,19 @@ void DrawTreeGlyph(HDC hdc, const FlatPart& part, const RECT& rc)
 
 } // namespace
 
-void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState, int nLine)
+void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState, int nLine, bool fDefault)
 {
     FillColor(hdc, rc, crFace);
-    switch (nState) {
-    case PBS_DISABLED: DashFrameColor(hdc, rc, ColorOf(ColorRole::DisabledText), nLine); break;
-    case PBS_DEFAULTED: // two lines
-        FrameColor(hdc, Deflated(rc, 2 * nLine, 2 * nLine), ColorOf(ColorRole::PanelText), nLine);
-        FrameColor(hdc, rc, ColorOf(ColorRole::PanelText), nLine);
-        break;
-    default:
-        FrameColor(hdc, rc, ColorOf(ColorRole::PanelText),
-                   nState == PBS_PRESSED ? 3 * nLine
-                   : nState == PBS_HOT   ? 2 * nLine
-                                         : nLine);
-        break;
+    if (nState == PBS_DISABLED) {
+        DashFrameColor(hdc, rc, ColorOf(ColorRole::DisabledText), nLine);
+        return;
     }
+    const int nWidth = nState == PBS_PRESSED ? 3 * nLine : nState == PBS_HOT ? 2 * nLine : nLine;
+    if (fDefault || nState == PBS_DEFAULTED) {
+        const int nInset = nWidth + nLine;
+        FrameColor(hdc, Deflated(rc, nInset, nInset), ColorOf(ColorRole::PanelText), nLine);
+    }
+    FrameColor(hdc, rc, ColorOf(ColorRole::PanelText), nWidth);
 }
 
 void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rcPart)
@@ -194,9 +209,9 @@ void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rcPart)
         FillColor(hdc, rc, ColorOf(IsDisabledBackground(part) ? Color::FieldDisabledFace : Color::FieldFace));
         break;
     case PlainPart::DropDownButton: DrawDropDown(hdc, rc, part); break;
-    case PlainPart::ProgressBar: DrawProgress(hdc, rc, part.nLine); break;
-    case PlainPart::ProgressFill: FillColor(hdc, rc, ColorOf(ColorRole::Accent)); break;
-    case PlainPart::ItemView: DrawPane(hdc, rc, part.nLine); break;
+    case PlainPart::ProgressBar: DrawProgress(hdc, rc, part); break;
+    case PlainPart::ProgressFill: FillColor(hdc, rc, ColorOfProgress(part)); break;
+    case PlainPart::ItemView: DrawPane(hdc, rc, part); break;
     case PlainPart::Row: DrawRow(hdc, rc, part); break;
     case PlainPart::TreeGlyph: DrawTreeGlyph(hdc, part, rc); break;
     case PlainPart::HeaderItem: DrawHeaderItem(hdc, rc, part); break;
@@ -257,6 +272,13 @@ void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc, COLORREF crText)
 void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc)
 {
     DrawFocusFrame(hwnd, hdc, rc, IsDrawnFlat() ? ColorOf(Color::FocusFrame) : 0);
+}
+
+void DrawDisabledEdge(HWND hwnd, HDC hdc, const RECT& rc)
+{
+    if (IsContrast()) {
+        DashFrameColor(hdc, Near(rc), ColorOf(ColorRole::DisabledText), Pixels(hwnd, Metrics::THIN_LINE));
+    }
 }
 
 } // namespace gesso

@@ -11,8 +11,9 @@ namespace gesso {
 struct FlatPart
 {
     PlainPart plain;
-    int nPart, nState; // as the visual style counts them
-    int nLine = 1;     // how many pixels wide a thin line is in its window
+    int nPart, nState;     // as the visual style counts them
+    int nLine = 1;         // how many pixels wide a thin line is in its window
+    bool fDefault = false; // of a dialog, in a state beside PBS_DEFAULTED
 };
 
 void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rc);
@@ -26,13 +27,16 @@ bool IsFlatOpaque(const FlatPart& part);
 // or a button.
 void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc, COLORREF crText);
 void DrawFocusFrame(HWND hwnd, HDC hdc, const RECT& rc);
+// In Contrast, around what is disabled and has no edge of its own.
+void DrawDisabledEdge(HWND hwnd, HDC hdc, const RECT& rc);
 
 // --- By family, for DrawFlatPart alone
 
 void DrawFlatButton(HDC hdc, const FlatPart& part, const RECT& rc);
 void DrawFlatCheck(HDC hdc, const FlatPart& part, const RECT& rc);
 void DrawFlatBar(HDC hdc, const FlatPart& part, const RECT& rc);
-// A box with a border that tells by its width how far it is pressed, as Contrast has them.
-void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState, int nLine);
+// A box with a border that tells by its width how far it is pressed, as Contrast has them, and by a second
+// line whether it is the default one.
+void DrawContrastBox(HDC hdc, const RECT& rc, COLORREF crFace, int nState, int nLine, bool fDefault = false);
 
 } // namespace gesso

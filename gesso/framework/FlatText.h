@@ -1,4 +1,5 @@
-// The text colour of a context outside of Light; in Light it keeps its own, or takes the host's shade.
+// The text colour of a context outside of Light; in Light it keeps its own, or takes the host's shade, or is
+// in the system's colours as all is.
 #pragma once
 
 #include <gesso/framework/DrawScope.h>
@@ -10,12 +11,12 @@ class FlatTextScope
 {
 public:
     FlatTextScope(HDC hdc, COLORREF cr)
-        : m_hdc(IsDrawnFlat() ? hdc : nullptr), m_crFormer(m_hdc ? SetTextColor(hdc, cr) : 0)
+        : m_hdc(AreTextsByRole() ? hdc : nullptr), m_crFormer(m_hdc ? SetTextColor(hdc, cr) : 0)
     {}
     // In Light the shade that the host has set for the role, if any.
     FlatTextScope(HDC hdc, COLORREF cr, ColorRole role)
         : m_hdc(IsDrawnAs(role) ? hdc : nullptr),
-          m_crFormer(m_hdc ? SetTextColor(hdc, IsDrawnFlat() ? cr : ColorOf(role)) : 0)
+          m_crFormer(m_hdc ? SetTextColor(hdc, AreTextsByRole() ? cr : ColorOf(role)) : 0)
     {}
     ~FlatTextScope()
     {

@@ -1,6 +1,7 @@
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Behavior.h>
 #include <gesso/framework/BehaviorMark.h>
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/FontChange.h>
 #include <gesso/framework/Frame.h>
@@ -331,6 +332,9 @@ LRESULT Frame::OnEnable(GWnd& wnd, BOOL fEnable)
         ClearState(wnd, GWS_HOT | GWS_PRESSED | GWS_KEYDOWN);
     }
     wnd.Invalidate(0);
+    if (wnd.m_hWnd && IsDrawnFlat()) { // edges tell whether it is enabled
+        RedrawWindow(wnd.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    }
     return 0;
 }
 

@@ -53,7 +53,9 @@ void ItemTheme::DrawRow(HWND hwnd, HDC hdc, int nState, const RECT& rc) const
 
 void ItemTheme::DrawBackground(HWND hwnd, HDC hdc, const RECT& rc) const
 {
-    ThemePart(m_hTheme, hdc, 0, 0, PlainPart::ItemView).In(hwnd).DrawBackground(rc);
+    // The style has no states for it.
+    const bool fGrey = IsDrawnFlat() && hwnd && !IsWindowEnabled(hwnd);
+    ThemePart(m_hTheme, hdc, 0, fGrey ? LISS_DISABLED : 0, PlainPart::ItemView).In(hwnd).DrawBackground(rc);
 }
 
 COLORREF ItemTheme::GridColor() const

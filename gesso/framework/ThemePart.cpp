@@ -52,7 +52,7 @@ void ThemePart::DrawBackground(const RECT& rc) const
 void ThemePart::DrawFlatBackground(const RECT& rc) const
 {
     const RECT rcPart = HasCheck(m_plain) ? SquareIn(rc, Size(m_hWnd, nullptr).cx) : rc;
-    DrawFlatPart(m_hdc, {m_plain, m_nPart, m_nState, Pixels(m_hWnd, Metrics::THIN_LINE)}, rcPart);
+    DrawFlatPart(m_hdc, {m_plain, m_nPart, m_nState, Pixels(m_hWnd, Metrics::THIN_LINE), m_fDefault}, rcPart);
 }
 
 bool ThemePart::IsOpaque() const

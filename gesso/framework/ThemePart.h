@@ -64,6 +64,13 @@ public:
         return *this;
     }
 
+    // A dialog's default button, which shows it in states that the style has no such look for.
+    ThemePart& AsDefault(bool fDefault)
+    {
+        m_fDefault = fDefault;
+        return *this;
+    }
+
     void DrawBackground(const RECT& rc) const;
     // Whether nothing behind it shows. Where the style has no such part that is the caller's to know.
     bool IsOpaque() const;
@@ -109,6 +116,7 @@ private:
     int m_nState;
     PlainPart m_plain;
     HWND m_hWnd = nullptr;
+    bool m_fDefault = false;
 };
 
 } // namespace gesso

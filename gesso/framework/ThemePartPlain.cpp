@@ -3,6 +3,7 @@
 
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/FlatPart.h>
 #include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
@@ -132,7 +133,7 @@ void ThemePart::DrawPlainButton(RECT rc, UINT uButton) const
     if (m_plain == PlainPart::PushButton && m_nPart == CP_READONLY) {
         return DrawPlainField(rc);
     }
-    if (m_nState == PBS_DEFAULTED) {
+    if (m_nState == PBS_DEFAULTED || (m_fDefault && m_nState != PBS_DISABLED)) {
         FrameRect(m_hdc, &rc, SystemBrush(COLOR_WINDOWFRAME));
         rc = Inset(rc, 1, 1);
     }
@@ -215,12 +216,23 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     }
 }
 
-// The text on the row keeps its colour, so that the row must stay light.
+namespace {
+
+// A text on a row keeps its colour, so that the row must stay light; but where each has that of its role.
+int FillOfRow(int nState)
+{
+    return !IsDrawnInSystemColors()          ? COLOR_3DLIGHT
+           : nState == LISS_SELECTEDNOTFOCUS ? COLOR_BTNFACE
+                                             : COLOR_HIGHLIGHT;
+}
+
+} // namespace
+
 void ThemePart::DrawPlainRow(const RECT& rc) const
 {
     const bool fFilled = m_nState != LISS_NORMAL && m_nState != LISS_DISABLED && m_nState != LISS_HOT;
     if (fFilled) {
-        FillRect(m_hdc, &rc, SystemBrush(COLOR_3DLIGHT));
+        FillRect(m_hdc, &rc, SystemBrush(FillOfRow(m_nState)));
     }
     if (m_nState == LISS_HOT || m_nState == LISS_SELECTED || m_nState == LISS_HOTSELECTED) {
         FrameRect(m_hdc, &rc, SystemBrush(COLOR_HIGHLIGHT));
@@ -256,7 +268,11 @@ void ThemePart::DrawPlainTreeGlyph(const RECT& rc) const
 
 COLORREF ThemePart::PlainTextColor() const
 {
-    const bool fOnWindow = m_plain == PlainPart::DialogText || m_plain == PlainPart::Row;
+    if (m_plain == PlainPart::Row && IsDrawnInSystemColors()) {
+        return FlatTextColor({m_plain, m_nPart, m_nState});
+    }
+    const bool fFace = m_plain == PlainPart::PushButton && m_nPart == CP_READONLY; // drawn as a field
+    const bool fOnWindow = fFace || m_plain == PlainPart::DialogText || m_plain == PlainPart::Row;
     return SystemColor(StateInFour(m_plain, m_nState) == PBS_DISABLED ? COLOR_GRAYTEXT
                        : fOnWindow                                    ? COLOR_WINDOWTEXT
                                                                       : COLOR_BTNTEXT);

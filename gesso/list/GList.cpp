@@ -371,8 +371,7 @@ LRESULT GList::OnEnable(BOOL fEnable)
     if (!fEnable) {
         Frame::ClearState(*this, GWS_HOT | GWS_PRESSED | GWS_LISTDRAG);
     }
-    Invalidate(0);
-    return 0;
+    return Frame::OnEnable(*this, true);
 }
 
 LRESULT GList::OnSetFocus(HWND)

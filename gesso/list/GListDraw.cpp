@@ -175,7 +175,8 @@ GList::RowPainter::RowPainter(GList& list, HDC hdc)
         reinterpret_cast<IImageList*>(list.imageList)->GetIconSize(&cx, &cy);
         m_imageTimes = cx > 0 ? m_icon.cx / cx : 1;
     }
-    if (m_fFocused && !(list.m_dwState & GWS_HIDEFOCUS) && !Has(list, Quirk::ListCursorUnseen)) {
+    const bool fSeen = gesso::IsDrawnFlat() || !Has(list, Quirk::ListCursorUnseen);
+    if (m_fFocused && !(list.m_dwState & GWS_HIDEFOCUS) && fSeen) {
         m_cursor = list.GetCursorItem();
     }
 }
@@ -271,7 +272,7 @@ void GList::RowPainter::BeginRow(int nState, const RECT& rc)
     if (nState) {
         m_list.themeList.DrawRow(m_list.m_hWnd, m_hdc, nState, rc);
     }
-    if (gesso::IsDrawnFlat()) {
+    if (gesso::AreTextsByRole()) {
         SetTextColor(m_hdc, gesso::RowTextColor(nState));
     }
 }
@@ -279,8 +280,8 @@ void GList::RowPainter::BeginRow(int nState, const RECT& rc)
 // A caption stands back from its value, but on a row of a colour of its own.
 COLORREF GList::RowPainter::CaptionColor() const
 {
-    return gesso::IsDrawnFlat() && m_nRowState ? gesso::RowTextColor(m_nRowState)
-                                               : ColorOf(Color::ListTileCaption);
+    return gesso::AreTextsByRole() && m_nRowState ? gesso::RowTextColor(m_nRowState)
+                                                  : ColorOf(Color::ListTileCaption);
 }
 
 // Fixed behaviour: all check boxes of a list light up and press together, by the state of the control. With a
@@ -373,7 +374,7 @@ void GList::RowPainter::DrawCaption(UINT column, const RECT& rc)
         SetTextColor(m_hdc, CaptionColor());
         DrawIn(m_list.fontLabelHeader, c->prepared->second, rc);
         SetTextColor(m_hdc,
-                     gesso::IsDrawnFlat() ? gesso::RowTextColor(m_nRowState) : ColorOf(Color::ListText));
+                     gesso::AreTextsByRole() ? gesso::RowTextColor(m_nRowState) : ColorOf(Color::ListText));
     }
 }
 

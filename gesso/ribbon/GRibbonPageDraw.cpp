@@ -33,6 +33,7 @@ namespace {
 //
 // Fixed behaviour: a checked box is drawn one state beyond that of its plain counterpart, which the style
 // draws hot where nothing is under the pointer. The counterpart itself would look unlike every ribbon so far.
+// What the library draws by itself is in its true state.
 constexpr int CHECKED_STATES = CBS_CHECKEDNORMAL - CBS_UNCHECKEDNORMAL;
 constexpr int CHECKED_STATES_HOT = CHECKED_STATES + 1;
 
@@ -259,12 +260,13 @@ void GRibbonPage::DrawFocusOfWindow(HDC hdc) const
 void GRibbonPage::DrawItems(HDC hdc, UINT nGroup) const
 {
     const GRibbon& ribbon = *m_pRibbon;
+    const bool fLooksHot = Has(ribbon, Quirk::RibbonCheckedLooksHot) && !gesso::IsDrawnFlat();
     const ItemPainter painter{RibbonWindow(),
                               hdc,
                               m_hTheme,
                               ribbon.LargeImages(),
                               ribbon.SmallImages(),
-                              Has(ribbon, Quirk::RibbonCheckedLooksHot) ? CHECKED_STATES_HOT : CHECKED_STATES,
+                              fLooksHot ? CHECKED_STATES_HOT : CHECKED_STATES,
                               !Has(ribbon, Quirk::RibbonTextCutOff)};
     const UINT uFocusItem = ribbon.ShowsFocus() && ribbon.ActivePage() == this ? FocusItem() : RIBBON_NONE;
     const gesso::TextColorScope color(hdc, Has(ribbon, Quirk::RibbonTextsGrey)

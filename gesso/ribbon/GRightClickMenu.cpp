@@ -6,11 +6,12 @@
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
-#include <gesso/framework/FlatText.h>
+#include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/ThemePart.h>
 #include <gesso/framework/WindowClass.h>
 #include <gesso/ribbon/TrackedMenu.h>
 
@@ -36,6 +37,34 @@ void FillColor(HDC hdc, const RECT& rc, COLORREF cr)
     gesso::BrushHandle hBrush;
     hBrush.Reset(CreateSolidBrush(cr));
     FillRect(hdc, &rc, hBrush);
+}
+
+void DrawHotRow(HWND hwnd, HDC hdc, const RECT& rc)
+{
+    if (gesso::IsDrawnFlat()) {
+        gesso::ThemePart(nullptr, hdc, LVP_LISTITEM, LISS_HOTSELECTED, gesso::PlainPart::Row)
+            .In(hwnd)
+            .DrawBackground(rc);
+    } else {
+        FillColor(hdc, rc, ColorOf(Color::ValueMenuHotFill));
+    }
+}
+
+// In Light the text keeps its colour, unless the host has set one.
+COLORREF HotTextColor(COLORREF crText)
+{
+    return IsDrawnAs(gesso::ColorRole::SelectionText) ? ColorOf(Color::ValueMenuHotText) : crText;
+}
+
+// Over the platform's own border, which has a colour for Light.
+void DrawFrame(HWND hwnd)
+{
+    RECT rc{};
+    if (GetWindowRect(hwnd, &rc)) {
+        OffsetRect(&rc, -rc.left, -rc.top);
+        const gesso::FrameContext hdc(hwnd);
+        gesso::FrameColor(hdc, rc, ColorOf(gesso::ColorRole::Border), gesso::SystemMetric(hwnd, SM_CXBORDER));
+    }
 }
 
 // fThere is false where an answer to the command has destroyed the window already.
@@ -119,16 +148,15 @@ void GRightClickMenu::DrawRows(HDC hdc, UINT nFirst, UINT uFormat) const
     const gesso::TransparentScope mode(hdc);
     const gesso::SelectScope font(hdc, m_hFont);
     const COLORREF crText = gesso::HostColor(m_crText, m_crText != 0, gesso::ColorRole::WindowText);
-    const gesso::TextColorScope color(hdc, crText);
     const int cyRow = Pixels(m_hWnd, Metrics::VALUE_MENU_ROW_HEIGHT);
     RECT rcRow{rc.left, rc.top, rc.right, rc.top + cyRow};
     for (UINT i = nFirst; i < m_aValues.GetLength(); i++) {
         gesso::LayoutOverlay::Add(hdc, rcRow);
         const bool fHot = static_cast<int>(i) == m_nHot;
         if (fHot) {
-            FillColor(hdc, rcRow, ColorOf(Color::ValueMenuHotFill));
+            DrawHotRow(m_hWnd, hdc, rcRow);
         }
-        const gesso::FlatTextScope rowColor(hdc, fHot ? ColorOf(Color::ValueMenuHotText) : crText);
+        const gesso::TextColorScope rowColor(hdc, fHot ? HotTextColor(crText) : crText);
         RECT rcText = rcRow;
         rcText.left += Pixels(m_hWnd, Metrics::VALUE_MENU_INDENT);
         DrawTextW(hdc, m_aValues[i], -1, &rcText, uFormat);
@@ -214,6 +242,15 @@ LRESULT GRightClickMenu::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
     switch (uMsg) {
     case WM_DESTROY: return OnDestroy();
     case WM_PAINT: return OnPaint();
+    case WM_ERASEBKGND: // the paint covers all of it; the class's brush would flash
+        return gesso::IsDrawnFlat() ? 1 : Frame::Default(*this, uMsg, wParam, lParam);
+    case WM_NCPAINT: {
+        const LRESULT lAnswer = Frame::Default(*this, uMsg, wParam, lParam);
+        if (gesso::IsDrawnFlat()) {
+            DrawFrame(m_hWnd);
+        }
+        return lAnswer;
+    }
     case WM_MOUSEMOVE: return OnMouseMove(wParam, gesso::PointOf(lParam));
     case WM_LBUTTONUP: return OnLButtonUp(wParam, gesso::PointOf(lParam));
     default: return Frame::Default(*this, uMsg, wParam, lParam);

@@ -83,6 +83,7 @@ void GNavigationBar::Draw(HDC hdc)
     gesso::FillTreeBackground(hdc, rcClient);
     const gesso::SelectScope font(hdc, m_hFont);
     const gesso::NavigationRows rows = Rows();
+    RECT rcSelected{}; // where it shows
     for (gesso::RowPlace place = rows.Reaching(m_siV.nPos); place.row != NO_INDEX; place = rows.Behind(place))
     {
         const RECT rc = gesso::RectOf(place, m_siV.nPos, rcClient.right);
@@ -90,7 +91,9 @@ void GNavigationBar::Draw(HDC hdc)
             break;
         }
         DrawRow(hdc, place.row, rc);
+        rcSelected = place.row == m_nSelected ? rc : rcSelected;
     }
+    TreeInput::DrawEdges(*this, hdc, rcClient, rcSelected);
 }
 
 void GNavigationBar::DrawRow(HDC hdc, UINT row, const RECT& rc) const

@@ -421,8 +421,7 @@ LRESULT GTree::OnEnable(BOOL fEnable)
     if (!fEnable) {
         Frame::ClearState(*this, GWS_HOT | GWS_PRESSED);
     }
-    Invalidate(0);
-    return 0;
+    return Frame::OnEnable(*this, true);
 }
 
 // Tab and Escape are left to the dialog.

@@ -1,5 +1,6 @@
 // Painting of a tree, what a point hits, and what the mouse does.
 
+#include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/FlatText.h>
@@ -114,6 +115,7 @@ void GTree::Draw(HDC hdc)
         }
         DrawRow(hdc, row, rc, fFocused);
     }
+    TreeInput::DrawEdges(*this, hdc, rcClient, RowRect(m_nSelected, rcClient.right));
 }
 
 void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
@@ -143,7 +145,9 @@ void GTree::DrawRow(HDC hdc, UINT row, RECT rc, bool fFocused) const
                            cell(cells.nExpander));
     }
     if (m_uTreeStyle & GTS_CHECKBOXES) {
-        const int nBoxState = item.uState & TIS_CHECKED ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL;
+        const bool fGrey = gesso::IsDrawnFlat() && (Frame::Style(*this) & WS_DISABLED);
+        const int nBoxState = (item.uState & TIS_CHECKED ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL) +
+                              (fGrey ? CBS_UNCHECKEDDISABLED - CBS_UNCHECKEDNORMAL : 0);
         gesso::ThemePart(m_hThemeButton, hdc, BP_CHECKBOX, nBoxState, gesso::PlainPart::CheckBox)
             .In(m_hWnd)
             .DrawBackground(cell(cells.nCheckBox));

@@ -4,6 +4,7 @@
 
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/ExplorerStyle.h>
+#include <gesso/framework/FlatPart.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/Press.h>
@@ -288,9 +289,27 @@ struct TreeInput
         return Frame::Detach(tree);
     }
 
+    // Around the selected row, or the client area where there is none: what has the focus, and in Contrast
+    // what is disabled. In Light nothing shows it, and in Dark a selected row does by itself.
+    template <class CONTROL>
+    static void DrawEdges(const CONTROL& tree, HDC hdc, const RECT& rcClient, const RECT& rcSelected)
+    {
+        if (!IsDrawnFlat()) {
+            return;
+        }
+        const bool fSelected = tree.m_nSelected != NO_INDEX;
+        if (Frame::Style(tree) & WS_DISABLED) {
+            DrawDisabledEdge(tree.m_hWnd, hdc, rcClient);
+        } else if (GetFocus() == tree.m_hWnd && !(tree.m_dwState & GWS_HIDEFOCUS) &&
+                   (IsContrast() || !fSelected)) {
+            DrawFocusFrame(tree.m_hWnd, hdc, fSelected ? rcSelected : rcClient,
+                           ColorOf(fSelected ? ColorRole::SelectionText : ColorRole::WindowText));
+        }
+    }
+
     template <class CONTROL> static void NcDraw(CONTROL& tree, HDC hdc, const RECT& rc)
     {
-        tree.m_hTheme.Items().DrawBackground(hdc, rc);
+        tree.m_hTheme.Items().DrawBackground(tree.m_hWnd, hdc, rc);
         tree.DrawScrollBar(hdc, Frame::Style(tree));
     }
 

@@ -154,6 +154,20 @@ TEST_F(AppearanceTest, TheWindowsAroundAControlRepaintToo)
     label.Destroy();
 }
 
+// Which is drawn in what its parent answers.
+TEST_F(AppearanceTest, ThePlatformsControlsBesideAControlRepaintToo)
+{
+    const Ground ground;
+    const HWND hwndStatic = CreateWindowExW(0, L"Static", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 50, 20,
+                                            ground, nullptr, nullptr, nullptr);
+    GButton button;
+    button.Create(0, 30, 50, 20, ground, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    TakeRepaint(hwndStatic);
+    SetColorScheme(ColorScheme::Dark);
+    EXPECT_TRUE(TakeRepaint(hwndStatic));
+    button.Destroy();
+}
+
 // What the system asks for, and how it is heard of.
 TEST_F(AppearanceTest, SystemFollowsTheUsersSettings)
 {
@@ -192,6 +206,18 @@ TEST_F(AppearanceTest, SystemFollowsTheUsersSettings)
     EXPECT_FALSE(hears(WM_SETTINGCHANGE));
     EXPECT_EQ(ActiveColorScheme(), ColorScheme::Dark);
     button.Destroy();
+}
+
+// Its own message may come before the library has heard.
+TEST_F(AppearanceTest, AHostThatIsToldFirstAsksAnew)
+{
+    SetColorScheme(ColorScheme::System);
+    SetProgramsDark(true);
+    EXPECT_EQ(ActiveColorScheme(), ColorScheme::Light);
+    SetColorScheme(gesso::GetColorScheme());
+    EXPECT_EQ(ActiveColorScheme(), ColorScheme::Dark);
+    EXPECT_EQ(gesso::GetColorScheme(), ColorScheme::System);
+    SetProgramsDark(false);
 }
 
 // --- Who listens
@@ -353,6 +379,22 @@ TEST_F(AppearanceTest, AHostsShadesReachLightTexts)
     for (GWnd* pControl : {static_cast<GWnd*>(&label), static_cast<GWnd*>(&set), static_cast<GWnd*>(&tree)}) {
         DestroyWindow(pControl->GetHwnd());
     }
+}
+
+TEST_F(AppearanceTest, AHostsShadeReachesTheRowOfAValueMenuInLight)
+{
+    constexpr COLORREF OWN = RGB(0x12, 0x34, 0x56);
+    const Ground ground;
+    GRightClickMenu menu;
+    const HWND hwnd = MakeExhibit(menu, ground);
+    PointAt(hwnd, 20, 5);
+    const auto color = [hwnd](size_t nRow) { return Picture(hwnd).Texts().at(nRow).cr; };
+    EXPECT_EQ(color(0), 0u);
+    gesso::SetColor(ColorRole::SelectionText, OWN);
+    EXPECT_EQ(color(0), OWN);
+    EXPECT_EQ(color(1), 0u);
+    gesso::SetColor(ColorRole::SelectionText, CLR_DEFAULT);
+    menu.Destroy();
 }
 
 TEST_F(AppearanceTest, AColourThatAHostSetOnALabelIsKeptInDarkAndReplacedInContrast)

@@ -77,6 +77,62 @@ TYPED_TEST(ContrastTest, EveryTextStandsOutInEveryState)
     }
 }
 
+// The system's colours as a user without visual styles may have them.
+constexpr std::pair<int, COLORREF> DARK_SYSTEM[] = {
+    {COLOR_WINDOW, RGB(0x20, 0x20, 0x20)},    {COLOR_WINDOWTEXT, RGB(0xF0, 0xF0, 0xF0)},
+    {COLOR_BTNFACE, RGB(0x30, 0x30, 0x30)},   {COLOR_BTNTEXT, RGB(0xF0, 0xF0, 0xF0)},
+    {COLOR_GRAYTEXT, RGB(0xA8, 0xA8, 0xA8)},  {COLOR_3DLIGHT, RGB(0xA0, 0xA0, 0xA0)},
+    {COLOR_HIGHLIGHT, RGB(0x1A, 0x5F, 0xB4)}, {COLOR_HIGHLIGHTTEXT, WHITE}};
+
+TYPED_TEST(ContrastTest, WithoutAStyleTextsStandOutInDarkSystemColoursToo)
+{
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        desk::Reset();
+        desk::SetThemed(false);
+        for (const auto& [nIndex, cr] : DARK_SYSTEM) {
+            desk::SetSystemColor(nIndex, cr);
+        }
+        const Ground ground;
+        TypeParam control;
+        const HWND hwnd = MakeExhibit(control, ground);
+        for (const Step& step : STEPS) {
+            step.pfn(hwnd);
+            desk::Pump();
+            if (IsWindow(hwnd)) {
+                ExpectTextsToStandOut(hwnd, step.name);
+            }
+        }
+        control.Destroy();
+    }
+}
+
+void TakeBorder(HWND hwnd)
+{
+    SetWindowLongW(hwnd, GWL_STYLE, GetWindowLongW(hwnd, GWL_STYLE) | WS_BORDER);
+    SetWindowPos(hwnd, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
+}
+
+// The platform inverts what is below a caret: whatever that is, an end of the selection as well.
+void ExpectCaretToStandOut(HWND hwnd)
+{
+    SetFocus(hwnd);
+    for (const LPARAM lEnd : {0, -1}) {
+        SendMessageW(hwnd, EM_SETSEL, 0, lEnd);
+        const Picture picture(hwnd);
+        const desk::CaretState caret = desk::Caret();
+        ASSERT_EQ(caret.hwnd, hwnd);
+        RECT rcWindow{};
+        GetWindowRect(hwnd, &rcWindow);
+        POINT pt = caret.position;
+        ClientToScreen(hwnd, &pt);
+        const COLORREF crBelow = picture.At(pt.x - rcWindow.left, pt.y - rcWindow.top + 2);
+        ASSERT_NE(crBelow, UNPAINTED);
+        EXPECT_GE(Contrast(crBelow, crBelow ^ RGB(0xFF, 0xFF, 0xFF)), LEAST_CONTRAST)
+            << std::hex << crBelow << " " << lEnd;
+    }
+}
+
 // Those whose edge shows where to write.
 template <class CONTROL> class FieldContrastTest : public ContrastTest<CONTROL>
 {};
@@ -87,9 +143,7 @@ TYPED_TEST(FieldContrastTest, TheEdgeAndTheCaretStandOut)
 {
     this->InEachScheme([](TypeParam&, HWND hwnd, const Scheme&) {
         if constexpr (std::is_same_v<TypeParam, GEdit>) { // the other draws its own
-            SetWindowLongW(hwnd, GWL_STYLE, GetWindowLongW(hwnd, GWL_STYLE) | WS_BORDER);
-            SetWindowPos(hwnd, nullptr, 0, 0, 0, 0,
-                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
+            TakeBorder(hwnd);
         }
         for (const bool fFocus : {false, true}) {
             SetFocus(fFocus ? hwnd : GetParent(hwnd));
@@ -104,15 +158,111 @@ TYPED_TEST(FieldContrastTest, TheEdgeAndTheCaretStandOut)
                     << fFocus;
                 EXPECT_GE(Contrast(cr, crInside), LEAST_CONTRAST) << fFocus;
             }
-            // The platform inverts what is below a caret.
-            EXPECT_GE(Contrast(crInside, crInside ^ RGB(0xFF, 0xFF, 0xFF)), LEAST_CONTRAST);
         }
+        ExpectCaretToStandOut(hwnd);
     });
+}
+
+// How many pixels of two pictures can be told from each other.
+int CountOther(const Picture& one, const Picture& other)
+{
+    int nOther = 0;
+    for (int y = 0; y < one.Height(); ++y) {
+        for (int x = 0; x < one.Width(); ++x) {
+            nOther += one.At(x, y) != other.At(x, y) && one.At(x, y) != UNPAINTED &&
+                      other.At(x, y) != UNPAINTED && Contrast(one.At(x, y), other.At(x, y)) >= LEAST_CONTRAST;
+        }
+    }
+    return nOther;
+}
+
+// Whatever takes the focus shows it, in each behaviour, with a selection and without, at any size.
+template <class CONTROL> class FocusShownTest : public ContrastTest<CONTROL>
+{};
+using Focused = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton, GEdit,
+                               GComboBox, GList, GTree, GNavigationBar>;
+TYPED_TEST_SUITE(FocusShownTest, Focused);
+
+TYPED_TEST(FocusShownTest, ByMoreThanAShadeInContrastAndByWhatStandsOutInDark)
+{
+    constexpr int SOME_PIXELS = 30;
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        for (const UINT uDpi : {96u, 192u}) {
+            this->InEachScheme([=](TypeParam&, HWND hwnd, const Scheme& scheme) {
+                if constexpr (std::is_same_v<TypeParam, GEdit>) {
+                    TakeBorder(hwnd);
+                }
+                gesso::SetScaling(gesso::Scaling::PerMonitor);
+                SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(uDpi, uDpi), 0);
+                PointAt(hwnd, 300, 200);
+                SetFocus(GetParent(hwnd));
+                ShowCues(hwnd);
+                const Picture without(hwnd);
+                SetFocus(hwnd);
+                const Picture with(hwnd);
+                // An edge of Dark has another shade alone.
+                const bool fEdge = std::is_same_v<TypeParam, GEdit> || std::is_same_v<TypeParam, GComboBox>;
+                if (fEdge && scheme.scheme == gesso::ColorScheme::Dark) {
+                    EXPECT_FALSE(without == with) << uDpi;
+                } else {
+                    EXPECT_GT(CountOther(without, with), SOME_PIXELS) << uDpi;
+                }
+                gesso::SetScaling(gesso::Scaling::None);
+            });
+        }
+    }
+}
+
+// What is disabled is told by more than a shade, and its edge is painted as it becomes so.
+template <class CONTROL> class DisabledShownTest : public ContrastTest<CONTROL>
+{};
+using Disabled = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GNavigationButton, GEdit,
+                                GComboBox, GList, GTree, GNavigationBar, GProgressBar>;
+TYPED_TEST_SUITE(DisabledShownTest, Disabled);
+
+TYPED_TEST(DisabledShownTest, InContrastByABrokenEdge)
+{
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        this->InEachScheme([](TypeParam&, HWND hwnd, const Scheme& scheme) {
+            if constexpr (std::is_same_v<TypeParam, GEdit>) {
+                TakeBorder(hwnd);
+            }
+            if (scheme.scheme != gesso::ColorScheme::Contrast) {
+                return;
+            }
+            const auto shape = [hwnd] {
+                const Picture picture(hwnd);
+                std::string edges; // where an edge begins or ends
+                for (int y = 0; y < picture.Height(); ++y) {
+                    for (int x = 0; x < picture.Width(); ++x) {
+                        edges += picture.At(x, y) == picture.At(x + 1, y) ? '.' : '#';
+                    }
+                }
+                return edges;
+            };
+            const std::string enabled = shape();
+            desk::ClearDrawing(hwnd);
+            EnableWindow(hwnd, FALSE);
+            desk::Pump();
+            const Lines drawn = desk::Drawing(hwnd);
+            const bool fFrame = std::any_of(drawn.begin(), drawn.end(), [](const std::string& line) {
+                return line.ends_with("nonclient");
+            });
+            RECT rcClient{}, rcWindow{};
+            GetClientRect(hwnd, &rcClient);
+            GetWindowRect(hwnd, &rcWindow);
+            EXPECT_EQ(fFrame, rcClient.right != rcWindow.right - rcWindow.left);
+            EXPECT_NE(shape(), enabled);
+        });
+    }
 }
 
 template <class CONTROL> class FocusContrastTest : public ContrastTest<CONTROL>
 {};
-using Framed = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GComboBox, GList, GRibbon>;
+using Framed = testing::Types<GButton, GCheckBox, GRadioButton, GCommandButton, GComboBox, GList, GRibbon,
+                              GNavigationBar>;
 TYPED_TEST_SUITE(FocusContrastTest, Framed);
 
 TYPED_TEST(FocusContrastTest, TheFocusFrameStandsOutAndIsTwoPixelsWideInContrast)
@@ -283,6 +433,75 @@ TEST_F(TreeMarkTest, TheExpanderStandsOut)
             }
         }
     });
+}
+
+class ProgressMarkTest : public ContrastTest<GProgressBar>
+{};
+
+TEST_F(ProgressMarkTest, HowFarItIsStandsOut)
+{
+    InEachScheme([](GProgressBar& bar, HWND hwnd, const Scheme&) {
+        bar.SetProgress(0);
+        const Picture without(hwnd);
+        bar.SetProgress(50);
+        EXPECT_GT(ExpectMarkToStandOut(without, Picture(hwnd)), 1000);
+    });
+}
+
+class MenuMarkTest : public ContrastTest<GRightClickMenu>
+{};
+
+// By a mark in Contrast too; its border is the scheme's, and nothing flashes below the rows.
+TEST_F(MenuMarkTest, TheRowUnderThePointerAndTheBorderAreTheSchemes)
+{
+    InEachScheme([](GRightClickMenu&, HWND hwnd, const Scheme& scheme) {
+        PointAt(hwnd, 100, 5);
+        const Picture picture(hwnd);
+        const bool fContrast = scheme.scheme == gesso::ColorScheme::Contrast;
+        const COLORREF crMark = ColorOf(fContrast ? ColorRole::SelectionText : ColorRole::Accent);
+        EXPECT_EQ(picture.At(2, 8), crMark);
+        if (fContrast) {
+            EXPECT_EQ(picture.At(150, 8), ColorOf(ColorRole::Selection));
+        }
+        const Lines drawn = desk::Drawing(hwnd);
+        const bool fBorder = std::any_of(drawn.begin(), drawn.end(), [](const std::string& line) {
+            return line.starts_with("FillRect (0,") && line.ends_with("nonclient");
+        });
+        EXPECT_TRUE(fBorder);
+        EXPECT_EQ(SendMessageW(hwnd, WM_ERASEBKGND, 0, 0), 1);
+    });
+}
+
+class CueTest : public ContrastTest<GEdit>
+{};
+
+TEST_F(CueTest, WhatAnEmptyFieldShowsIsNotLikeAValue)
+{
+    const Modern modern;
+    InEachScheme([](GEdit& edit, HWND hwnd, const Scheme&) {
+        const auto color = [hwnd] { return Picture(hwnd).Texts().at(0).cr; };
+        edit.SetText(L"Value");
+        const COLORREF crValue = color();
+        edit.SetText(L"");
+        SendMessageW(hwnd, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(L"Cue"));
+        EXPECT_NE(color(), crValue);
+    });
+}
+
+class RibbonMarkTest : public ContrastTest<GRibbon>
+{};
+
+// In Classic the visual style alone draws it in another one.
+TEST_F(RibbonMarkTest, ABoxWithAMarkIsInItsTrueState)
+{
+    std::vector<Picture> pictures;
+    for (const gesso::Behavior behavior : {gesso::Behavior::Classic, gesso::Behavior::Modern}) {
+        const WithBehavior made(behavior);
+        InEachScheme([&](GRibbon&, HWND hwnd, const Scheme&) { pictures.emplace_back(hwnd); });
+    }
+    for (size_t n = 0; n < std::size(SCHEMES); ++n) {
+        EXPECT_TRUE(pictures.at(n) == pictures.at(n + std::size(SCHEMES))) << SCHEMES[n].name;
+    }
 }
 
 } // namespace

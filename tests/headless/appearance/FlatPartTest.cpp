@@ -24,16 +24,21 @@ struct PartStates
 class FlatPartTest : public DrawFixture
 {
 protected:
-    Picture Draw(PlainPart plain, int nPart, int nState) const
+    Picture Draw(PlainPart plain, int nPart, int nState, bool fDefault = false) const
+    {
+        return {SIZE_OF_PART, Lines(plain, nPart, nState, fDefault)};
+    }
+    test::Lines Lines(PlainPart plain, int nPart, int nState, bool fDefault) const
     {
         const HDC hdc = GetDC(Parent());
         desk::ClearDrawing(Parent());
         SetTextColor(hdc, ColorOf(gesso::ColorRole::WindowText)); // as a row's text has it
         ThemePart(nullptr, hdc, nPart, nState, plain)
             .In(Parent())
+            .AsDefault(fDefault)
             .DrawBackground({0, 0, SIZE_OF_PART.cx, SIZE_OF_PART.cy});
         ReleaseDC(Parent(), hdc);
-        return {SIZE_OF_PART, desk::Drawing(Parent())};
+        return desk::Drawing(Parent());
     }
     // What is left of a picture to somebody who sees no shades: what is light and what is dark.
     static std::string ShapeOf(const Picture& picture, PlainPart plain)
@@ -71,7 +76,10 @@ TEST_F(FlatPartTest, InContrastNoStateIsToldByItsShadeAlone)
         {PlainPart::Row, LVP_LISTITEM, {1, 2, 3, 5, 6}},
         {PlainPart::HeaderItem, HP_HEADERITEM, {1, 2, 3}},
         {PlainPart::ScrollThumb, SBP_THUMBBTNVERT, {1, 2, 3}},
-        {PlainPart::ScrollArrow, SBP_ARROWBTN, {1, 2, 3}},
+        {PlainPart::ScrollArrow, SBP_ARROWBTN, {1, 2, 3, 5, 9, 13}},
+        {PlainPart::DropDownButton, CP_DROPDOWNBUTTONRIGHT, {1}},
+        {PlainPart::ItemView, 0, {0, LISS_DISABLED}},
+        {PlainPart::ProgressBar, PP_BAR, {0, PBS_DISABLED}},
         {PlainPart::TreeGlyph, TVP_GLYPH, {1, 2}},
     };
     for (const Scheme& scheme : SCHEMES) {
@@ -92,30 +100,82 @@ TEST_F(FlatPartTest, InContrastNoStateIsToldByItsShadeAlone)
     }
 }
 
+// Which it stays in every state but disabled, where it cannot be chosen.
+TEST_F(FlatPartTest, ADefaultButtonIsToldInEachState)
+{
+    for (const Scheme& scheme : SCHEMES) {
+        const WithScheme looks(scheme);
+        for (const int nState : {PBS_HOT, PBS_PRESSED}) {
+            const Picture usual = Draw(PlainPart::PushButton, BP_PUSHBUTTON, nState);
+            const Picture other = Draw(PlainPart::PushButton, BP_PUSHBUTTON, nState, true);
+            EXPECT_EQ(ShapeOf(usual, PlainPart::PushButton) != ShapeOf(other, PlainPart::PushButton),
+                      scheme.scheme == gesso::ColorScheme::Contrast)
+                << nState;
+        }
+    }
+    desk::SetThemed(false);
+    for (const int nState : {PBS_HOT, PBS_PRESSED, PBS_DISABLED}) {
+        EXPECT_EQ(AnyStartsWith(Lines(PlainPart::PushButton, BP_PUSHBUTTON, nState, true), "FrameRect"),
+                  nState != PBS_DISABLED);
+        EXPECT_FALSE(AnyStartsWith(Lines(PlainPart::PushButton, BP_PUSHBUTTON, nState, false), "FrameRect"));
+    }
+}
+
+TEST_F(FlatPartTest, InDarkEachStateOfARowLooksDifferent)
+{
+    const WithScheme looks(SCHEMES[0]);
+    constexpr int STATES[] = {LISS_NORMAL, LISS_HOT, LISS_SELECTED, LISS_SELECTEDNOTFOCUS, LISS_HOTSELECTED};
+    for (const int nState : STATES) {
+        for (const int nOther : STATES) {
+            EXPECT_EQ(Draw(PlainPart::Row, LVP_LISTITEM, nState) ==
+                          Draw(PlainPart::Row, LVP_LISTITEM, nOther),
+                      nState == nOther)
+                << nState << " " << nOther;
+        }
+    }
+}
+
+// It lies on a panel.
+TEST_F(FlatPartTest, InContrastATracksEdgeStandsOut)
+{
+    for (const Scheme& scheme : SCHEMES) {
+        const WithScheme looks(scheme);
+        if (gesso::ActiveColorScheme() == gesso::ColorScheme::Contrast) {
+            const Picture track = Draw(PlainPart::ScrollTrack, SBP_LOWERTRACKVERT, 1);
+            EXPECT_GE(Contrast(track.At(0, 12), track.At(12, 12)), 3) << scheme.name;
+        }
+    }
+}
+
 TEST_F(FlatPartTest, WhatIsOpaqueLeavesNothing)
 {
-    const std::vector<PartStates> parts = {
-        {PlainPart::EntryField, CP_BORDER, {1, 2, 3, 4}},
-        {PlainPart::EditBackground, EP_BACKGROUND, {1, 3}},
-        {PlainPart::ItemView, 0, {0}},
-        {PlainPart::ProgressBar, PP_BAR, {0}},
-        {PlainPart::ProgressFill, PP_FILL, {1}},
-        {PlainPart::ScrollTrack, SBP_LOWERTRACKVERT, {1, 4}},
-        {PlainPart::HeaderItem, HP_HEADERITEM, {0, 1, 2, 3}},
-        {PlainPart::DialogPanel, TDLG_PRIMARYPANEL, {0}},
-        {PlainPart::DialogFooter, TDLG_SECONDARYPANEL, {0}},
-        {PlainPart::PushButton, BP_PUSHBUTTON, {1}},
-        {PlainPart::Row, LVP_LISTITEM, {1, 3}},
+    const std::pair<PartStates, bool> parts[] = {
+        {{PlainPart::EntryField, CP_BORDER, {1, 2, 3, 4}}, true},
+        {{PlainPart::OpenList, CP_BORDER, {1}}, true},
+        {{PlainPart::EditBackground, EP_BACKGROUND, {1, 3}}, true},
+        {{PlainPart::ItemView, 0, {0, LISS_DISABLED}}, true},
+        {{PlainPart::ProgressBar, PP_BAR, {0, PBS_DISABLED}}, true},
+        {{PlainPart::ProgressFill, PP_FILL, {1}}, true},
+        {{PlainPart::ScrollTrack, SBP_LOWERTRACKVERT, {1, 4}}, true},
+        {{PlainPart::HeaderItem, HP_HEADERITEM, {0, 1, 2, 3}}, true},
+        {{PlainPart::DialogPanel, TDLG_PRIMARYPANEL, {0}}, true},
+        {{PlainPart::DialogFooter, TDLG_SECONDARYPANEL, {0}}, true},
+        {{PlainPart::PushButton, BP_PUSHBUTTON, {1}}, false},
+        {{PlainPart::CheckBox, BP_CHECKBOX, {1, 5}}, false},
+        {{PlainPart::EditBorder, EP_EDITBORDER_NOSCROLL, {1}}, false},
+        {{PlainPart::TreeGlyph, TVP_GLYPH, {1}}, false},
+        {{PlainPart::Row, LVP_LISTITEM, {1, 3}}, false},
     };
     for (const Scheme& scheme : SCHEMES) {
         const WithScheme looks(scheme);
-        for (const PartStates& part : parts) {
+        for (const auto& [part, fOpaque] : parts) {
             for (const int nState : part.states) {
+                const bool fSays = ThemePart(nullptr, nullptr, part.nPart, nState, part.plain).IsOpaque();
+                EXPECT_EQ(fSays, fOpaque) << static_cast<int>(part.plain) << " " << nState;
                 const Picture picture = Draw(part.plain, part.nPart, nState);
                 const auto shades = picture.Shades({0, 0, SIZE_OF_PART.cx, SIZE_OF_PART.cy});
-                if (ThemePart(nullptr, nullptr, part.nPart, nState, part.plain).IsOpaque()) {
-                    EXPECT_FALSE(shades.contains(UNPAINTED)) << static_cast<int>(part.plain) << " " << nState;
-                }
+                EXPECT_FALSE(fOpaque && shades.contains(UNPAINTED))
+                    << static_cast<int>(part.plain) << " " << nState;
             }
         }
     }
