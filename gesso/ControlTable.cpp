@@ -15,9 +15,12 @@
 namespace gesso {
 namespace {
 
+// Null without memory: what is thrown ends in the library.
 template <class CONTROL> GWnd* Make()
-{
+try {
     return new CONTROL;
+} catch (const std::bad_alloc&) {
+    return nullptr;
 }
 
 constexpr RegisterClassFunction STARTUP_CLASSES[] = {

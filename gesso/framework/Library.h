@@ -28,7 +28,8 @@ extern "C" {
 GESSO_API void InitControls();
 
 // Makes an object of a kind (GCONTROLKIND), without a window: cast the result to the kind's class and call
-// its Create. Null for a number that is no kind. Free it with pObject->Delete(pObject).
+// its Create. Null for a number that is no kind, and where there is no memory for the object. Free it with
+// pObject->Delete(pObject).
 GESSO_API void* CreateControl(int nKind);
 }
 

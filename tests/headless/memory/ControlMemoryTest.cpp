@@ -26,6 +26,8 @@ class CommandMemoryTest : public test::DrawFixture
 {};
 class LabelMemoryTest : public test::DrawFixture
 {};
+class KindMemoryTest : public testing::TestWithParam<int>
+{};
 
 } // namespace
 
@@ -118,3 +120,12 @@ TEST_F(LabelMemoryTest, ATextThatThePlatformHasNoMemoryForIsNotDrawn)
     EXPECT_FALSE(drawn.empty()) << "but for its background";
     EXPECT_FALSE(test::AnyStartsWith(drawn, "DrawTextW"));
 }
+
+TEST_P(KindMemoryTest, OneThatIsNotToBeHadIsNull)
+{
+    const MemoryLimit limit(1);
+    EXPECT_EQ(CreateControl(GetParam()), nullptr);
+    EXPECT_EQ(limit.Refused(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, KindMemoryTest, testing::Range(int{GCK_LABEL}, GCK_TREE + 1));
