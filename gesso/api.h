@@ -27,3 +27,10 @@
 #define GESSO_API_DECLARED GESSO_API
 #define GESSO_API_DEFINED
 #endif
+
+// Code of the headers is the host's, which may be built without exceptions.
+#if defined(__cpp_exceptions)
+#define GESSO_THROW(exception, otherwise) throw exception
+#else
+#define GESSO_THROW(exception, otherwise) otherwise
+#endif

@@ -45,6 +45,52 @@ void FreeBlock(void* p) noexcept
 class HostsField : public GEdit
 {};
 
+// More than any allocator gives without being asked.
+class alignas(128) HostsWide : public GButton
+{
+public:
+    explicit HostsWide(bool fFails = false)
+    {
+        if (fFails) {
+            throw s_nLive;
+        }
+    }
+    float aColumns[32]{};
+};
+
+bool IsAligned(const void* p)
+{
+    return reinterpret_cast<size_t>(p) % alignof(HostsWide) == 0;
+}
+
+void CheckAligned()
+{
+    Group("memory of a class that is aligned to more");
+    const int nBefore = s_nLive;
+    auto* pWide = new HostsWide;
+    Check(IsAligned(pWide), "made by new");
+    GWnd* pWnd = pWide;
+    pWnd->Delete(pWnd);
+    pWide = new (std::nothrow) HostsWide;
+    Check(IsAligned(pWide), "made by new without exceptions");
+    delete static_cast<GWnd*>(pWide);
+    pWide = new HostsWide[3];
+    Check(IsAligned(pWide) && IsAligned(pWide + 2), "several");
+    delete[] pWide;
+    alignas(HostsWide) char place[sizeof(HostsWide)];
+    pWide = new (place) HostsWide;
+    Check(static_cast<void*>(pWide) == place, "in a place of the host's");
+    pWide->~HostsWide();
+    bool fThrown = false;
+    try {
+        delete new HostsWide(true);
+    } catch (int) {
+        fThrown = true;
+    }
+    Check(fThrown, "one whose constructor throws");
+    Same(s_nLive, nBefore, "none of the host's blocks is used");
+}
+
 // As the host and as the library delete it.
 template <class CLASS, class... ARGS> void CheckClass(const char* pszName, ARGS... args)
 {
@@ -113,6 +159,7 @@ void CheckOwnMemory()
     CheckClass<HostsField>("memory of a field that the host derives");
     CheckClass<GTree>("memory of a tree");
     CheckClass<GRibbonPage>("memory of a ribbon page", 1u, L"Page");
+    CheckAligned();
     CheckTooMuch();
     Group("memory of controls by kind");
     delete static_cast<GList*>(CreateControl(GCK_LIST));
