@@ -1,6 +1,17 @@
 # Installs the package `gesso`: find_package(gesso) gives gesso::gesso on Windows and gesso::headless on Linux.
 include(CMakePackageConfigHelpers)
 
+set(package ${CMAKE_INSTALL_LIBDIR}/cmake/gesso)
+# Both DLLs have one name: one prefix has room for one of them. Asked before anything is overwritten.
+foreach(other IN ITEMS gnu msvc)
+  if(WIN32 AND NOT other STREQUAL GESSO_INTERFACE)
+    install(CODE "
+      if(EXISTS \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${package}/gesso-${other}-targets.cmake\")
+        message(FATAL_ERROR \"This prefix has the package for the other C++ interface (${other}): choose another one\")
+      endif()")
+  endif()
+endforeach()
+
 install(TARGETS gesso EXPORT gesso-targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
@@ -21,20 +32,11 @@ else()
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gesso/platform/headless)
 endif()
 
-set(package ${CMAKE_INSTALL_LIBDIR}/cmake/gesso)
-# Both DLLs have one name: one prefix has room for one of them.
-foreach(other IN ITEMS gnu msvc)
-  if(WIN32 AND NOT other STREQUAL GESSO_INTERFACE)
-    install(CODE "
-      if(EXISTS \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${package}/gesso-${other}-targets.cmake\")
-        message(FATAL_ERROR \"This prefix has the package for the other C++ interface (${other}): choose another one\")
-      endif()")
-  endif()
-endforeach()
 install(EXPORT gesso-targets FILE gesso-${GESSO_INTERFACE}-targets.cmake NAMESPACE gesso:: DESTINATION ${package})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config.cmake.in
   ${PROJECT_BINARY_DIR}/gesso-config.cmake INSTALL_DESTINATION ${package})
-# A package for another C++ interface does not suit, whatever its version: the search goes on.
+# A package for another C++ interface or processor does not suit, whatever its version: the search goes on.
+include(${PROJECT_SOURCE_DIR}/cmake/gesso-interface.cmake)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/gesso-version.cmake COMPATIBILITY SameMinorVersion)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/gesso-config-version.cmake.in
   ${PROJECT_BINARY_DIR}/gesso-config-version.cmake @ONLY)

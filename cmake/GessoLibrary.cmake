@@ -30,6 +30,8 @@ if(WIN32)
     # A host's debugger reads gesso.pdb. Told to make one, linkers keep what nobody refers to unless told again.
     if(MSVC)
       target_compile_options(gesso PRIVATE /Zi)
+      # Its own runtime is linked in, so that the DLL needs system DLLs only.
+      set_property(TARGET gesso PROPERTY MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
       # The DLL has a manifest of its own among its resources, which one by the linker would switch off.
       target_link_options(gesso PRIVATE /debug /opt:ref,icf /MANIFEST:NO)
     else()
