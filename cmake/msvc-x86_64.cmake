@@ -21,27 +21,20 @@ if(NOT EXISTS ${support})
 endif()
 set(GESSO_MSVC_SYSROOT ${CMAKE_BINARY_DIR}/msvc CACHE PATH "Import libraries and the runtime's start")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GESSO_MSVC_SYSROOT)
-file(GLOB GESSO_MSVC_SOURCES ${support}/make-sysroot.sh ${support}/runtime/*)
-set(GESSO_MSVC_STALE OFF)
-foreach(source IN LISTS GESSO_MSVC_SOURCES)
-  if(${source} IS_NEWER_THAN ${GESSO_MSVC_SYSROOT}/made) # or where that is not there
-    set(GESSO_MSVC_STALE ON)
-  endif()
-endforeach()
-if(GESSO_MSVC_STALE)
-  execute_process(COMMAND ${support}/make-sysroot.sh ${llvm} ${GESSO_MSVC_SYSROOT} COMMAND_ERROR_IS_FATAL ANY)
-endif()
+execute_process(COMMAND ${support}/make-sysroot.sh ${llvm} ${GESSO_MSVC_SYSROOT} COMMAND_ERROR_IS_FATAL ANY)
 
 set(wine /usr/include/wine/wine)
-set(c_headers "-isystem ${llvm}/lib/clang/19/include -isystem ${support}/include -isystem ${wine}/msvcrt -isystem ${wine}/windows")
+# Folders may have spaces in their names.
+set(c_headers "-isystem ${llvm}/lib/clang/19/include -isystem \"${support}/include\" \
+-isystem ${wine}/msvcrt -isystem ${wine}/windows")
 # Wine's header declares the last of these without its intrinsic form.
 set(common "-fms-compatibility-version=19.30 -fms-extensions -nostdinc -D_DLL -D_MT \
 -DWINE_UNICODE_NATIVE -D_InterlockedCompareExchange128=no_compare_exchange_128")
 set(CMAKE_C_FLAGS_INIT "${common} ${c_headers}")
 set(CMAKE_RC_FLAGS_INIT "--target=x86_64-pc-windows-msvc ${common} ${c_headers}")
 set(CMAKE_CXX_FLAGS_INIT
-    "${common} -isystem ${GESSO_MSVC_SYSROOT}/config -isystem ${llvm}/include/c++/v1 ${c_headers}")
-set(link "-fuse-ld=lld -nostdlib -Xlinker /nodefaultlib -Xlinker /include:_tls_used -Xlinker /libpath:${GESSO_MSVC_SYSROOT}/lib")
+    "${common} -isystem \"${GESSO_MSVC_SYSROOT}/config\" -isystem ${llvm}/include/c++/v1 ${c_headers}")
+set(link "-fuse-ld=lld -nostdlib -Xlinker /nodefaultlib -Xlinker /include:_tls_used -Xlinker \"/libpath:${GESSO_MSVC_SYSROOT}/lib\"")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${link}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${link}")
 # The runtime, behind all else, and what programs of that compiler are linked to without being told.

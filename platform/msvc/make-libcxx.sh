@@ -5,7 +5,8 @@
 #
 #   make-libcxx.sh LLVM SYSROOT DIR
 #
-# SYSROOT is what make-sysroot.sh made. DIR/cxx.lib is the result; where it is there, nothing is done.
+# SYSROOT is what make-sysroot.sh made. DIR/cxx.lib is the result; where it was made of the same already, nothing is
+# done.
 set -euo pipefail
 
 LLVM=$1 SYSROOT=$2 DIR=$3
@@ -19,7 +20,10 @@ SOURCES=(
     support/win32/thread_win32
 )
 
-[[ ! -f $DIR/cxx.lib ]] || exit 0
+# What the library is made of, beside its source: the sysroot tells its packages.
+MADE_OF=$(cat "$SYSROOT/made" && cat "$HERE/make-libcxx.sh" "$HERE"/tests/*.cpp | sha256sum)
+[[ ! -f $DIR/cxx.lib || ! -f $DIR/made || $(<"$DIR/made") != "$MADE_OF" ]] || exit 0
+rm -rf "$DIR/obj"
 mkdir -p "$DIR/obj" "$DIR/parts" "$DIR/lists/partial" "$DIR/source"
 
 # Where the machine gets its packages from has their sources, too.
@@ -57,3 +61,4 @@ for source in "$HERE"/tests/*.cpp; do
 done
 printf '%s\n' "${SOURCES[@]}" | xargs -P "$(nproc)" -I @ bash -euc 'o=@; compile "$SOURCE/@.cpp" "$0/obj/${o//\//_}.obj"' "$DIR"
 "$LLVM/bin/llvm-lib" "/out:$DIR/cxx.lib" "$DIR"/obj/*.obj
+printf '%s\n' "$MADE_OF" >"$DIR/made"

@@ -5,6 +5,8 @@
 #
 # DIR/config  how the C++ library's headers are configured for Windows
 # DIR/lib     import libraries of the system's DLLs, and what a program starts with (runtime.lib)
+#
+# Where DIR was made of the same sources and packages already, nothing is done.
 set -euo pipefail
 
 LLVM=$1 DIR=$2
@@ -13,6 +15,16 @@ WINE_HEADERS=/usr/include/wine/wine
 WINE_DLLS=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows
 MINGW_LIBRARIES=/usr/x86_64-w64-mingw32/lib
 
+# What all of it is made of.
+stamp() {
+    find "$HERE/make-sysroot.sh" "$HERE/runtime" "$HERE/include" -type f | LC_ALL=C sort | xargs -d '\n' sha256sum |
+        cut -d ' ' -f 1
+    "$LLVM/bin/clang++" --version | head -n 1
+    dpkg-query -W libc++-19-dev libwine-dev wine64 mingw-w64-x86-64-dev 2>/dev/null || true
+}
+MADE_OF=$(stamp)
+[[ ! -f $DIR/made || $(<"$DIR/made") != "$MADE_OF" ]] || exit 0
+rm -rf "$DIR/config" "$DIR/lib" "$DIR/obj"
 mkdir -p "$DIR/config" "$DIR/lib" "$DIR/obj"
 
 # Debian configures the headers for Linux: threads by the platform's calls, nothing from Microsoft's runtime, and
@@ -54,20 +66,17 @@ compile() {
         -nostdinc -isystem "$DIR/config" -isystem "$LLVM/include/c++/v1" -isystem "$LLVM/lib/clang/19/include" \
         -isystem "$HERE/include" -isystem "$WINE_HEADERS/msvcrt" -isystem "$WINE_HEADERS/windows" \
         -D_DLL -D_MT -DUNICODE -D_UNICODE -DWINE_UNICODE_NATIVE -D_InterlockedCompareExchange128=no_compare_exchange_128 \
-        "$@" -c "$HERE/runtime/$source" -o "$DIR/obj/${source%.*}.obj"
+        -Werror=inconsistent-dllimport "$@" -c "$HERE/runtime/$source" -o "$DIR/obj/${source%.*}.obj"
 }
 
 for source in "$HERE"/runtime/*.cpp; do
     case ${source##*/} in
         # With records of types the compiler would not lay out the table that those records have.
         typeinfo.cpp) options=(-fno-rtti) ;;
-        # What a text that is too long throws is part of the compiled library.
-        strings.cpp) options=(-fno-exceptions) ;;
         *) options=() ;;
     esac
     compile "${source##*/}" "${options[@]}"
 done
 "$LLVM/bin/clang" --target=x86_64-pc-windows-msvc -c "$HERE/runtime/chkstk.s" -o "$DIR/obj/chkstk.obj"
-rm -f "$DIR/lib/runtime.lib"
 "$LLVM/bin/llvm-lib" "/out:$DIR/lib/runtime.lib" "$DIR"/obj/*.obj
-touch "$DIR/made"
+printf '%s\n' "$MADE_OF" >"$DIR/made"

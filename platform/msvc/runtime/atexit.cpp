@@ -1,5 +1,7 @@
 // What is to run at the end: of a program, which the C runtime keeps, or of a DLL, which keeps it itself,
 // since it may be unloaded before.
+// Each module has its own: the C runtime's headers would have it imported, and so exported from here.
+#define _ACRTIMP
 #include "runtime.h"
 
 extern "C" {

@@ -4,8 +4,11 @@
 #include <functional>
 #include <memory>
 #include <new>
+#include <optional>
 #include <stdexcept>
+#include <string>
 #include <typeinfo>
+#include <variant>
 
 #include <stdlib.h>
 #include <string.h>
@@ -52,16 +55,65 @@ __libcpp_refstring::~__libcpp_refstring()
 }
 
 logic_error::logic_error(const char* psz) : __imp_(psz) {}
+logic_error::logic_error(const string& str) : __imp_(str.c_str()) {}
 logic_error::logic_error(const logic_error& other) noexcept : __imp_(other.__imp_) {}
 logic_error::~logic_error() noexcept {}
 const char* logic_error::what() const noexcept
 {
     return __imp_.c_str() ? __imp_.c_str() : "";
 }
+logic_error& logic_error::operator=(const logic_error& other) noexcept
+{
+    __imp_ = other.__imp_;
+    return *this;
+}
+
+runtime_error::runtime_error(const char* psz) : __imp_(psz) {}
+runtime_error::runtime_error(const string& str) : __imp_(str.c_str()) {}
+runtime_error::runtime_error(const runtime_error& other) noexcept : __imp_(other.__imp_) {}
+runtime_error::~runtime_error() noexcept {}
+const char* runtime_error::what() const noexcept
+{
+    return __imp_.c_str() ? __imp_.c_str() : "";
+}
+runtime_error& runtime_error::operator=(const runtime_error& other) noexcept
+{
+    __imp_ = other.__imp_;
+    return *this;
+}
 
 length_error::~length_error() noexcept {}
 out_of_range::~out_of_range() noexcept {}
 invalid_argument::~invalid_argument() noexcept {}
+domain_error::~domain_error() noexcept {}
+range_error::~range_error() noexcept {}
+overflow_error::~overflow_error() noexcept {}
+underflow_error::~underflow_error() noexcept {}
+
+bad_cast::bad_cast() noexcept {}
+bad_cast::~bad_cast() noexcept {}
+const char* bad_cast::what() const noexcept
+{
+    return "std::bad_cast";
+}
+
+bad_typeid::bad_typeid() noexcept {}
+bad_typeid::~bad_typeid() noexcept {}
+const char* bad_typeid::what() const noexcept
+{
+    return "std::bad_typeid";
+}
+
+bad_optional_access::~bad_optional_access() noexcept {}
+const char* bad_optional_access::what() const noexcept
+{
+    return "std::bad_optional_access";
+}
+
+const char* bad_variant_access::what() const noexcept
+{
+    return "std::bad_variant_access";
+}
 
 int type_info::__compare(const type_info& other) const noexcept
 {
@@ -73,6 +125,12 @@ int type_info::__compare(const type_info& other) const noexcept
 _LIBCPP_BEGIN_NAMESPACE_STD
 
 bad_function_call::~bad_function_call() noexcept {}
+
+bad_weak_ptr::~bad_weak_ptr() noexcept {}
+const char* bad_weak_ptr::what() const noexcept
+{
+    return "std::bad_weak_ptr";
+}
 
 __shared_count::~__shared_count() {}
 __shared_weak_count::~__shared_weak_count() {}

@@ -1,18 +1,20 @@
-// How a program of the console starts.
+// How a program of the console starts whose command line is wide.
 #include "runtime.h"
 
+#include <corecrt_startup.h>
 #include <stdlib.h>
 
 extern "C" {
 
-int main(int, char**);
-int __cdecl _configure_narrow_argv(int);
+int wmain(int, wchar_t**, wchar_t**);
 
-void mainCRTStartup()
+void wmainCRTStartup()
 {
-    _configure_narrow_argv(1);
+    _set_app_type(_crt_console_app);
+    _configure_wide_argv(_crt_argv_unexpanded_arguments);
+    _initialize_wide_environment();
     runtime::RunInitialisers();
-    exit(main(*__p___argc(), *__p___argv()));
+    exit(wmain(*__p___argc(), *__p___wargv(), *__p__wenviron()));
 }
 
 } // extern "C"
