@@ -17,6 +17,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 ALL_STEPS=(style headless attack threads windows package msvc_hosts e2e)
 TEST_SECONDS=2400 # for one test program
 LOGS=$BUILD/logs
+PACKAGES="$BUILD/the packages" # a folder with a space in its name, as hosts may have
 passed=0
 failed=0
 
@@ -163,7 +164,7 @@ imports_of_system_only() {
 }
 
 step_package() {
-    local place=$BUILD/package
+    local place=$PACKAGES
     check "the headless package installs" install_package headless &&
         check "its headers stand alone" scripts/check-headers.py "$place/headless/prefix" headless &&
         check "examples/headless_test builds with it" build_example headless headless_test &&
@@ -175,12 +176,21 @@ step_package() {
     windows_example windows subclass subclass "0 of 3 tasks done" alt+F4
     windows_example windows dialog_template form Form Return
     windows_example windows headless_test counter Counter alt+F4
-    check "tests/host builds with it" build_host windows tests/host && run_host windows
+    check_host windows
+}
+
+# check_host PRESET: tests/host built as CMake does without being told how, which optimizes nothing, and for release.
+check_host() {
+    local type
+    for type in "" Release; do
+        check "tests/host builds with the $1 package${type:+ for release}" \
+            build_host "$1" tests/host -DCMAKE_BUILD_TYPE="$type" && run_host "$1"
+    done
 }
 
 # windows_example PRESET FOLDER PROGRAM TITLE KEY
 windows_example() {
-    local place=$BUILD/package/$1
+    local place=$PACKAGES/$1
     check "examples/$2 builds with the $1 package" build_example "$1" "$2" &&
         check "examples/$2 runs with the $1 package" \
             run_example "$place/$2/$3.exe" "$place/prefix/bin" "$4" "$5"
@@ -188,7 +198,7 @@ windows_example() {
 
 # run_host PRESET: adds the results of tests/host, which counts its checks itself.
 run_host() {
-    local place=$BUILD/package/$1 log=$LOGS/host-$1.log status good=0 bad=0
+    local place=$PACKAGES/$1 log=$LOGS/host-$1.log status good=0 bad=0
     WINEPATH=$(windows_path "$place/prefix/bin") run_wine 120 "$place/host/gesso_host.exe" 2>&1 | tr -d '\r' | tee "$log" |
         sed '$d; s/^/   /'
     status=${PIPESTATUS[0]}
@@ -202,7 +212,7 @@ run_host() {
     printf '   the host of the %s package (status %s): %d passed, %d failed\n' "$1" "$status" "$good" "$bad"
 }
 
-# The other C++ interface. A dialog's template is not built with it: llvm-rc knows no creation data.
+# The other C++ interface.
 step_msvc_hosts() {
     check "its packages are installed" scripts/setup.sh msvc || return
     check_build windows-msvc || return
@@ -210,13 +220,15 @@ step_msvc_hosts() {
     check "it exports what gesso/gesso-msvc.symbols lists" scripts/interface.sh --msvc check
     check "the tables of virtual operations are as kept" scripts/check-vtables.py
     check "the windows-msvc package installs" install_package windows-msvc || return
-    check "its headers stand alone for Microsoft's interface" scripts/check-headers.py "$BUILD/package/windows-msvc/prefix" windows-msvc
+    check "it is not installed over the other interface's" refuses_other_prefix
+    check "it is for its processor alone" suits_its_processor
+    check "its headers stand alone for Microsoft's interface" scripts/check-headers.py "$PACKAGES/windows-msvc/prefix" windows-msvc
     with_display
     check "a host of the commit before runs over it" scripts/interface.sh --msvc before
     windows_example windows-msvc hello hello Hello alt+F4
     windows_example windows-msvc subclass subclass "0 of 3 tasks done" alt+F4
     windows_example windows-msvc headless_test counter Counter alt+F4
-    check "tests/host builds with it for Microsoft's interface" build_host windows-msvc tests/host && run_host windows-msvc
+    check_host windows-msvc
 }
 
 step_msvc() {
@@ -230,7 +242,7 @@ step_msvc() {
 }
 
 install_package() {
-    local place=$BUILD/package/$1
+    local place=$PACKAGES/$1
     rm -rf "$place"
     build "$1" all -DGESSO_WERROR=ON && cmake --install "build/$1" --prefix "$place/prefix"
 }
@@ -239,15 +251,45 @@ build_example() {
     build_host "$1" "examples/$2"
 }
 
-# build_host PRESET FOLDER: a project of its own, which sees nothing but the installed package.
+# build_host PRESET FOLDER [CMAKE-OPTION...]: a project of its own, which sees nothing but the installed package. What
+# the first of them makes for the toolchain serves the others.
 build_host() {
-    local place=$BUILD/package/$1 options=()
+    local place=$PACKAGES/$1 folder=$2 options=()
     case $1 in
         windows) options=(--toolchain "$place/prefix/lib/cmake/gesso/mingw-w64-x86_64.cmake") ;;
-        windows-msvc) options=(--toolchain "$place/prefix/lib/cmake/gesso/msvc-x86_64.cmake") ;;
+        windows-msvc) options=(--toolchain "$place/prefix/lib/cmake/gesso/msvc-x86_64.cmake" -DGESSO_MSVC_SYSROOT="$place/sysroot") ;;
     esac
-    cmake -S "$2" -B "$place/${2##*/}" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "${options[@]}" &&
-        cmake --build "$place/${2##*/}"
+    shift 2
+    cmake -S "$folder" -B "$place/${folder##*/}" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix" "${options[@]}" "$@" &&
+        cmake --build "$place/${folder##*/}"
+}
+
+# A prefix that has the package of the other interface is left as it is.
+refuses_other_prefix() {
+    local place=$PACKAGES/other
+    rm -rf "$place" && mkdir -p "$place/lib/cmake/gesso" "$place/bin" &&
+        touch "$place/lib/cmake/gesso/gesso-gnu-targets.cmake" "$place/bin/gesso.dll" || return
+    ! cmake --install build/windows-msvc --prefix "$place" && [[ $(find "$place" -type f | wc -l) == 2 && ! -s $place/bin/gesso.dll ]]
+}
+
+# suits PROCESSOR: whether the package does for a host of Microsoft's compiler for it.
+suits() {
+    local config=$PACKAGES/windows-msvc/prefix/lib/cmake/gesso/gesso-config-version.cmake script=$PACKAGES/suits.cmake
+    cat >"$script" <<SCRIPT
+cmake_minimum_required(VERSION 3.23)
+set(WIN32 1)
+set(MSVC 1)
+set(CMAKE_SIZEOF_VOID_P 8)
+set(CMAKE_CXX_COMPILER_ARCHITECTURE_ID $1)
+include("$config")
+if(PACKAGE_VERSION_UNSUITABLE)
+  message(FATAL_ERROR "\${PACKAGE_VERSION}")
+endif()
+SCRIPT
+    cmake -P "$script"
+}
+suits_its_processor() {
+    suits x64 && ! suits ARM64
 }
 
 step_e2e() {

@@ -44,3 +44,4 @@ void CheckExchange();
 void CheckOwnMemory();
 void CheckPlaces();
 void CheckSizes();
+void CheckStandard();

@@ -157,11 +157,12 @@ template <class CLASS> void CheckKind(int nKind, const char* pszName)
           "what CreateControl makes is recognised");
     const HWND hwnd = MakeWindow(*pControl, host.hwnd);
     Check(GWnd::FromHwnd(hwnd) == pControl, "its window finds it");
-    DestroyWindow(hwnd);
     delete pControl; // made by the library, deleted by the host
+    Check(!GWnd::FromHwnd(hwnd), "deleted by the host it leaves its window");
     pControl = static_cast<CLASS*>(CreateControl(nKind));
+    const HWND hwndOther = MakeWindow(*pControl, host.hwnd);
     pControl->Delete(pControl);
-    Check(true, "both sides delete it");
+    Check(hwndOther && !GWnd::FromHwnd(hwndOther), "deleted by the library it leaves its window");
 }
 
 void CheckKinds()
@@ -183,7 +184,7 @@ void CheckKinds()
 // The top-level window runs on an object of its own.
 void CheckWindow()
 {
-    Group("GWindow2");
+    Group("GWindow2's window");
     GWindow2 window;
     const HWND hwnd = window.Create(60, 60, 300, 200, nullptr);
     Check(IsWindow(hwnd), "the window is made");
@@ -264,6 +265,7 @@ void CheckClasses()
     CheckObject<GComboBoxList, GComboBox>("GComboBoxList");
     CheckObject<GRightClickMenu, GWndScroll>("GRightClickMenu");
     CheckObject<GWizard, GTaskDialog>("GWizard");
+    CheckObject<GWindow2, GButton>("GWindow2");
     CheckKinds();
     CheckWindow();
     CheckRibbonPages();

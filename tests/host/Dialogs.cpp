@@ -77,16 +77,68 @@ void CheckTaskDialogs(HWND hwnd)
     Same(GTaskDialog::IsolationAwareTaskDialogIndirect(&config, &uButton), S_OK, "by a record");
     Same(uButton, IDRETRY, "Retry is the answer");
 
-    bool fChecked = true;
-    WhenOpen([](HWND hDlg) { Press(hDlg, IDOK); });
-    Same(GTaskDialog::Ask(&config, L"Do so always", &fChecked, &uButton), S_OK, "with a check box");
-    Check(uButton == IDOK && fChecked, "its mark comes back");
+    for (const bool fFirst : {false, true}) {
+        bool fChecked = fFirst;
+        WhenOpen([](HWND hDlg) {
+            Press(hDlg, 100); // the check box
+            Press(hDlg, IDOK);
+        });
+        Same(GTaskDialog::Ask(&config, L"Do so always", &fChecked, &uButton), S_OK, "with a check box");
+        Check(uButton == IDOK && fChecked == !fFirst, "its mark comes back, changed");
+    }
 
     WhenOpen([](HWND hDlg) { Press(hDlg, IDCANCEL); });
     Same(GTaskDialog::IsolationAwareTaskDialog(hwnd, nullptr, L"Title", L"Main", L"Content",
                                                TDCBF_OK_BUTTON | TDCBF_CANCEL_BUTTON, nullptr, &uButton),
          S_OK, "by single values");
     Same(uButton, IDCANCEL, "Cancel is the answer");
+}
+
+// The host's class over the library's.
+class HostsTaskDialog : public GTaskDialog
+{
+public:
+    explicit HostsTaskDialog(const GTASKDIALOGCONFIG* pConfig) : GTaskDialog(pConfig) {}
+    ~HostsTaskDialog() override { ++s_nDestroyed; }
+    DLGPROC GetDialogProc() override
+    {
+        ++nAsked;
+        return GTaskDialog::GetDialogProc();
+    }
+    const GTASKDIALOGCONFIG* Config() const { return m_pConfig; }
+
+    int nAsked = 0;
+    static int s_nDestroyed;
+};
+int HostsTaskDialog::s_nDestroyed = 0;
+
+void CheckOwnTaskDialog(HWND hwnd)
+{
+    Group("a task dialog of the host's own");
+    GTASKDIALOGCONFIG config{};
+    config.hwndParent = hwnd;
+    config.pszMainInstruction = L"Instruction";
+    config.dwCommonButtons = TDCBF_YES_BUTTON | TDCBF_NO_BUTTON;
+    static constexpr struct
+    {
+        DLGTEMPLATE head;
+        WORD wMenu, wClass, wTitle;
+    } TEMPLATE{{WS_POPUP | WS_CAPTION, 0, 0, 0, 0, 200, 50}, 0, 0, 0};
+    auto* pDialog = new HostsTaskDialog(&config);
+    Check(pDialog->Config() == &config, "its record");
+    Same(pDialog->CreateIndirect(hwnd, nullptr, &TEMPLATE.head), 1, "it is made");
+    Same(pDialog->nAsked, 1, "the library asks for the host's procedure");
+    const HWND hDlg = pDialog->GetHwnd();
+    Check(GetDlgItem(hDlg, IDYES) && GetDlgItem(hDlg, IDNO), "which makes its buttons");
+    DestroyWindow(hDlg);
+    GWnd* pWnd = pDialog;
+    Check(dynamic_cast<HostsTaskDialog*>(pWnd) == pDialog && !dynamic_cast<GWizard*>(pWnd),
+          "it is recognised");
+    delete pWnd;
+    Same(HostsTaskDialog::s_nDestroyed, 1, "the host deletes it by the base");
+    pWnd = new HostsTaskDialog(&config);
+    pWnd->Delete(pWnd);
+    Same(HostsTaskDialog::s_nDestroyed, 2, "the library deletes it");
 }
 
 int s_nShown = 0;
@@ -125,6 +177,9 @@ class HostsWizard : public GWizard
 public:
     HostsWizard() { m_pConfig = &m_config; }
     UINT Current() const { return m_nCurrent; }
+    // Into the block of the library's, or makes it larger.
+    void AddByHost(stcPage* pPage) { m_aPages.Add(pPage); }
+    OArray<stcPage*, stcPage*> Pages() const { return m_aPages; }
 
 private:
     const GWIZARDCONFIG m_config{0, L"Wizard", 0, WZB_NEXT, L"Done"};
@@ -151,6 +206,29 @@ INT_PTR CALLBACK PageProc(HWND hwnd, UINT uMsg, WPARAM, LPARAM lParam)
     s_nFinished += notify.hdr.code == WZN_FINISH;
     notify.nResult = 1;
     return TRUE;
+}
+
+void CheckWizardPages()
+{
+    Group("an array of the wizard's that the host fills as well");
+    constexpr UINT COUNT = 40;
+    stcPage pages[COUNT]{};
+    HostsWizard wizard;
+    for (UINT i = 0; i < COUNT; ++i) {
+        if (i % 2) {
+            wizard.AddByHost(&pages[i]);
+        } else {
+            wizard.InsertPage(0xFFFF, &pages[i]);
+        }
+    }
+    const OArray<stcPage*, stcPage*> copy = wizard.Pages();
+    bool fAll = copy.GetLength() == COUNT;
+    for (UINT i = 0; fAll && i < COUNT; ++i) {
+        fAll = copy[i] == &pages[i] && wizard.GetPage(i) == &pages[i];
+    }
+    Check(fAll, "both sides find each other's pages");
+    wizard.RemovePage(COUNT - 1);
+    Check(!wizard.GetPage(COUNT - 1) && copy.GetLength() == COUNT, "the host's copy keeps what it has");
 }
 
 void CheckWizard(HWND hwnd)
@@ -193,12 +271,12 @@ public:
     ~HostsDialog() override { ++s_nDestroyed; }
     DLGPROC GetDialogProc() override { return Procedure; }
     static int s_nDestroyed;
-    static int s_nFound;
+    static HostsDialog* s_pFound; // at the last message
 
 private:
     static INT_PTR CALLBACK Procedure(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
     {
-        s_nFound += dynamic_cast<HostsDialog*>(ObjectOf(hDlg, uMsg, lParam)) != nullptr;
+        s_pFound = dynamic_cast<HostsDialog*>(ObjectOf(hDlg, uMsg, lParam));
         if (uMsg == WM_COMMAND) {
             EndDialog(hDlg, LOWORD(wParam));
         }
@@ -206,19 +284,22 @@ private:
     }
 };
 int HostsDialog::s_nDestroyed = 0;
-int HostsDialog::s_nFound = 0;
+HostsDialog* HostsDialog::s_pFound = nullptr;
 
 void CheckOwnDialog(HWND hwnd)
 {
     Group("a dialog of the host's own");
-    auto* pDialog = new HostsDialog(211u);
+    auto* const pDialog = new HostsDialog(211u);
+    static HostsDialog* s_pExpected;
+    s_pExpected = pDialog;
     WhenOpen([](HWND hDlg) {
-        Check(dynamic_cast<HostsDialog*>(GWnd::FromHwnd(hDlg)) || HostsDialog::s_nFound > 0,
-              "it finds its object");
+        HostsDialog::s_pFound = nullptr;
+        SendMessageW(hDlg, WM_APP, 0, 0);
+        Check(HostsDialog::s_pFound == s_pExpected, "its procedure, the host's, finds the object");
         Press(hDlg, 17);
     });
     Same(pDialog->DoModal(hwnd, GetModuleHandleW(nullptr)), 17, "modal, by a template of the host's");
-    Check(HostsDialog::s_nFound > 0, "its procedure is the host's");
+    Check(s_fSeen, "it was open");
     Same(pDialog->Create(hwnd, GetModuleHandleW(nullptr)), 1, "modeless");
     Check(IsWindow(pDialog->GetHwnd()), "it has its window");
     pDialog->SetText(L"Changed");
@@ -235,7 +316,9 @@ void CheckDialogs()
     HostWindow host;
     CheckMessageBoxes(host.hwnd);
     CheckTaskDialogs(host.hwnd);
+    CheckOwnTaskDialog(host.hwnd);
     CheckCertificates(host.hwnd);
+    CheckWizardPages();
     CheckWizard(host.hwnd);
     CheckOwnDialog(host.hwnd);
 }

@@ -166,8 +166,9 @@ void CheckTemplate()
     GetDlgItemTextW(hDlg, 902, sz, 20);
     Same(sz, L"Field", "a text by the platform's functions");
     Same(SendDlgItemMessageW(hDlg, 902, WM_GETTEXTLENGTH, 0, 0), 5, "a message to one");
+    const HWND hwndField = GetDlgItem(hDlg, 902);
     DestroyWindow(hDlg);
-    Check(!IsWindow(hDlg), "the windows delete their objects");
+    Check(!IsWindow(hDlg) && !IsWindow(hwndField), "the windows go, with objects that they made");
 }
 
 // --- Settings of the process

@@ -74,9 +74,9 @@ void CheckAligned()
     pWide = new (std::nothrow) HostsWide;
     Check(IsAligned(pWide), "made by new without exceptions");
     delete static_cast<GWnd*>(pWide);
-    pWide = new HostsWide[3];
-    Check(IsAligned(pWide) && IsAligned(pWide + 2), "several");
-    delete[] pWide;
+    auto* const pSeveral = new HostsWide[3];
+    Check(IsAligned(pSeveral) && IsAligned(pSeveral + 2), "several");
+    delete[] pSeveral;
     alignas(HostsWide) char place[sizeof(HostsWide)];
     pWide = new (place) HostsWide;
     Check(static_cast<void*>(pWide) == place, "in a place of the host's");

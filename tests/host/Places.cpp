@@ -339,6 +339,58 @@ struct OfGRightClickMenu : GRightClickMenu
     }
 };
 
+struct OfGList : GList
+{
+    static void Check()
+    {
+        ::Group("fields of GList");
+        PLACE_OF(OfGList, listStyle, 156, 160);
+        PLACE_OF(OfGList, themeList, 160, 168);
+        PLACE_OF(OfGList, themeHeader, 200, 208);
+        PLACE_OF(OfGList, themeButton, 216, 224);
+        PLACE_OF(OfGList, fontLabelTitle, 232, 240);
+        PLACE_OF(OfGList, fontLabelHeader, 240, 248);
+        PLACE_OF(OfGList, fontLabelText, 248, 256);
+        PLACE_OF(OfGList, fontGroupTitle, 256, 264);
+        PLACE_OF(OfGList, headerArea, 264, 272);
+        PLACE_OF(OfGList, headerHeight, 268, 276);
+        PLACE_OF(OfGList, headerItemSpacing, 272, 280);
+        PLACE_OF(OfGList, groupHeight, 276, 284);
+        PLACE_OF(OfGList, itemWidth, 280, 288);
+        PLACE_OF(OfGList, itemWidthBase, 284, 292);
+        PLACE_OF(OfGList, itemHeight, 288, 296);
+        PLACE_OF(OfGList, itemHeightBase, 292, 300);
+        PLACE_OF(OfGList, lineHeight, 296, 304);
+        PLACE_OF(OfGList, itemSpacingX, 300, 308);
+        PLACE_OF(OfGList, itemSpacingY, 304, 312);
+        PLACE_OF(OfGList, imageList, 312, 320);
+        PLACE_OF(OfGList, columns, 320, 328);
+        PLACE_OF(OfGList, groups, 344, 352);
+        PLACE_OF(OfGList, items, 368, 376);
+        PLACE_OF(OfGList, hitPress, 392, 400);
+        PLACE_OF(OfGList, hitHot, 408, 416);
+        PLACE_OF(OfGList, columnCxAtPress, 424, 432);
+        PLACE_OF(OfGList, cursorItem, 428, 436);
+        PLACE_OF(OfGList, shiftAnchor, 432, 440);
+        PLACE_OF(OfGList, keyMods, 436, 444);
+        PLACE_OF(OfGList, lastItem, 440, 448);
+        PLACE_OF(OfGList, sortColumn, 444, 452);
+        PLACE_OF(OfGList, sortAscending, 448, 456);
+        PLACE_OF(OfGList, elements, 456, 464);
+        PLACE_OF(OfGList, columnDraw, 480, 488);
+        PLACE_OF(OfGList, rcGroupFormat, 504, 512);
+        PLACE_OF(OfGList, contentCx, 520, 528);
+        PLACE_OF(OfGList, contentCy, 524, 532);
+        PLACE_OF(OfGList, editWindows, 528, 536);
+        PLACE_OF(OfGList, editProcs, 536, 544);
+        PLACE_OF(OfGList, bulkInsert, 544, 552);
+        PLACE_OF(OfGList, frameRecord, 545, 553);
+        PLACE_OF(OfGList, frameReplay, 546, 554);
+        PLACE_OF(OfGList, frameIndex, 548, 556);
+        PLACE_OF(OfGList, frames, 552, 560);
+    }
+};
+
 struct OfGNavigationBar : GNavigationBar
 {
     static void Check()
@@ -405,6 +457,7 @@ void CheckPlaces()
     OfGRibbon::Check();
     OfGRibbonPage::Check();
     OfGRightClickMenu::Check();
+    OfGList::Check();
     OfGNavigationBar::Check();
     OfGTree::Check();
 }

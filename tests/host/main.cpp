@@ -10,6 +10,7 @@ int main(int, char**)
     CheckClasses();
     CheckExchange();
     CheckDialogs();
+    CheckStandard();
     CheckOwnMemory();
     return Conclude();
 }
