@@ -158,11 +158,13 @@ template <class CLASS> void CheckKind(int nKind, const char* pszName)
     const HWND hwnd = MakeWindow(*pControl, host.hwnd);
     Check(GWnd::FromHwnd(hwnd) == pControl, "its window finds it");
     delete pControl; // made by the library, deleted by the host
-    Check(!GWnd::FromHwnd(hwnd), "deleted by the host it leaves its window");
+    Provoke(hwnd);
+    Check(IsWindow(hwnd), "the host deletes it: its window stays, without an object");
     pControl = static_cast<CLASS*>(CreateControl(nKind));
     const HWND hwndOther = MakeWindow(*pControl, host.hwnd);
     pControl->Delete(pControl);
-    Check(hwndOther && !GWnd::FromHwnd(hwndOther), "deleted by the library it leaves its window");
+    Provoke(hwndOther);
+    Check(IsWindow(hwndOther), "the library deletes it: its window stays as well");
 }
 
 void CheckKinds()
