@@ -20,6 +20,11 @@
 #include <string_view>
 #include <vector>
 
+namespace gesso {
+// What a thing is to accessibility clients: the platform's ROLE_SYSTEM_ values, named in gesso/access/Role.h.
+enum class Role : UINT;
+} // namespace gesso
+
 namespace gesso::headless {
 
 // --- The desktop as a whole ---
@@ -88,6 +93,30 @@ void TypeText(std::string_view text);
 // Gives another program the foreground, as Alt+Tab would: this one's active window is active no longer.
 void SwitchAway();
 
+// --- Things by what they are ---
+
+// As a user acts who knows what a thing is and what it is called, and not where it lies. Each finds the one
+// thing of that role and name that can be seen in a visible top-level window of the calling thread: in the
+// active window, if that is enabled and has such a thing, or else in all. It asks for it by IAccessible
+// alone, so that windows of any class are found that answer WM_GETOBJECT, and the platform's own by what the
+// platform says of them. Where there is none it lets time pass, up to five seconds of the clock, for whatever
+// timers will bring it. What they do is pumped before they return.
+//
+// False, with the reason and with what is there on the standard error stream, where there is none or more
+// than one, where it is unavailable, or where it does not do what is asked. Of an object's children the first
+// 10000 are looked at. Where the action opens a modal dialog, the call comes back when that is over: say by
+// WhenIdle beforehand what is to happen there, which may use these operations too.
+
+// Does what is done by default: presses a button, ticks a box, opens an item.
+bool Press(Role role, std::string_view name);
+// Gives it the focus and this text as its value, as typing would.
+bool Fill(Role role, std::string_view name, std::string_view text);
+// Selects an item of it: of a list or a tree, of a combo box, which is opened for it and closed again, of a
+// menu, or a page of a ribbon.
+bool Choose(Role role, std::string_view name, std::string_view item);
+// Only looks whether it is there.
+bool Expect(Role role, std::string_view name);
+
 // --- Message loops and time ---
 
 // Dispatches all that is pending: posted messages, input, paints, due timers. False if it met WM_QUIT, which
@@ -135,6 +164,27 @@ void StartTrace(HWND hwnd = nullptr);
 std::vector<Message> StopTrace();
 // "WM_CREATE", or "0x0465" for a message with no name here.
 std::string MessageName(UINT message);
+
+// An event for accessibility clients: what NotifyWinEvent was given.
+struct Event
+{
+    DWORD event;
+    HWND hwnd;
+    LONG object; // OBJID_CLIENT, ...
+    LONG child;  // CHILDID_SELF, or a child's
+
+    bool operator==(const Event&) const = default;
+};
+// "EVENT_OBJECT_FOCUS OBJID_CLIENT 3", without the window.
+std::ostream& operator<<(std::ostream& out, const Event& event);
+
+// Starts keeping the events of the calling thread, whether a hook of SetWinEventHook hears them or not, and
+// forgets those kept so far.
+void StartEvents();
+// Ends that and gives what was kept, in order.
+std::vector<Event> StopEvents();
+// "EVENT_OBJECT_FOCUS", or "0x8123" for an event with no name here.
+std::string EventName(DWORD event);
 
 // What was drawn into the window since its last ClearDrawing, one line an operation, in order:
 //   DrawThemeBackground BUTTON 1 3 (0,0,100,30)
@@ -188,6 +238,11 @@ enum class Kind
     Menu,
     ActivationContext,
     GlobalMemory,
+    // An object that the platform made for accessibility clients, or one that a window gave out and that
+    // nobody has taken yet.
+    AccessibleObject,
+    BasicString, // a BSTR
+    EventHook,   // of SetWinEventHook
     Count
 };
 

@@ -19,11 +19,25 @@
 namespace gesso::headless {
 namespace {
 
-constexpr const char* NAMES[] = {
-    "windows",       "device contexts", "bitmaps", "fonts",  "pens",
-    "brushes",       "themes",          "regions", "timers", "hooks",
-    "script caches", "image lists",     "icons",   "menus",  "activation contexts",
-    "global memory"};
+constexpr const char* NAMES[] = {"windows",
+                                 "device contexts",
+                                 "bitmaps",
+                                 "fonts",
+                                 "pens",
+                                 "brushes",
+                                 "themes",
+                                 "regions",
+                                 "timers",
+                                 "hooks",
+                                 "script caches",
+                                 "image lists",
+                                 "icons",
+                                 "menus",
+                                 "activation contexts",
+                                 "global memory",
+                                 "accessible objects",
+                                 "basic strings",
+                                 "event hooks"};
 static_assert(std::size(NAMES) == static_cast<size_t>(Kind::Count));
 
 using Objects = std::unordered_set<const void*>;

@@ -58,6 +58,32 @@ const Export WINDOW_MANAGER[] = {
     {"DwmSetWindowAttribute", Address(DwmSetWindowAttribute)},
 };
 
+const Export ACCESSIBILITY[] = {
+    {"AccessibleChildren", Address(AccessibleChildren)},
+    {"AccessibleObjectFromEvent", Address(AccessibleObjectFromEvent)},
+    {"AccessibleObjectFromPoint", Address(AccessibleObjectFromPoint)},
+    {"AccessibleObjectFromWindow", Address(AccessibleObjectFromWindow)},
+    {"CreateStdAccessibleObject", Address(CreateStdAccessibleObject)},
+    {"LresultFromObject", Address(LresultFromObject)},
+    {"ObjectFromLresult", Address(ObjectFromLresult)},
+    {"WindowFromAccessibleObject", Address(WindowFromAccessibleObject)},
+};
+
+const Export OBJECTS[] = {
+    {"CoDisconnectObject", Address(CoDisconnectObject)},
+};
+
+const Export AUTOMATION[] = {
+    {"LoadRegTypeLib", Address(LoadRegTypeLib)},
+    {"SysAllocString", Address(SysAllocString)},
+    {"SysAllocStringLen", Address(SysAllocStringLen)},
+    {"SysFreeString", Address(SysFreeString)},
+    {"SysStringLen", Address(SysStringLen)},
+    {"VariantClear", Address(VariantClear)},
+    {"VariantCopy", Address(VariantCopy)},
+    {"VariantInit", Address(VariantInit)},
+};
+
 Module s_modules[] = {
     {L"host.exe", L"C:\\Program Files\\Host\\host.exe", nullptr, 0, 1},
     {L"gesso.dll", L"C:\\Program Files\\Host\\gesso.dll", nullptr, 0, 1},
@@ -65,6 +91,9 @@ Module s_modules[] = {
     {L"user32.dll", L"C:\\Windows\\System32\\user32.dll", USER, std::size(USER), 1},
     {L"uxtheme.dll", L"C:\\Windows\\System32\\uxtheme.dll", THEMES, std::size(THEMES), 1},
     {L"dwmapi.dll", L"C:\\Windows\\System32\\dwmapi.dll", WINDOW_MANAGER, std::size(WINDOW_MANAGER), 0},
+    {L"oleacc.dll", L"C:\\Windows\\System32\\oleacc.dll", ACCESSIBILITY, std::size(ACCESSIBILITY), 0},
+    {L"ole32.dll", L"C:\\Windows\\System32\\ole32.dll", OBJECTS, std::size(OBJECTS), 0},
+    {L"oleaut32.dll", L"C:\\Windows\\System32\\oleaut32.dll", AUTOMATION, std::size(AUTOMATION), 0},
 };
 
 HMODULE HandleOf(Module& module)

@@ -4,6 +4,8 @@
 #include "Requests.h"
 #include "Window.h"
 
+#include "../access/Events.h"
+#include "../access/Objects.h"
 #include "../core/Accounting.h"
 #include "../core/Clock.h"
 #include "../core/Faults.h"
@@ -74,6 +76,8 @@ void KillTimersLeft(Desktop& desktop)
 void Retire(Desktop& desktop)
 {
     KillTimersLeft(desktop);
+    DropEventHooks(desktop);
+    DropUntaken(desktop);
     std::erase_if(Desktops(), [&](const DesktopRef& known) { return known.get() == &desktop; });
     AnswerAll(desktop);
 }

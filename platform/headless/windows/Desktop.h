@@ -219,6 +219,8 @@ struct Desktop : std::enable_shared_from_this<Desktop>
     bool tracing = false;
     HWND traced = nullptr;
     std::vector<Message> trace;
+    bool keepsEvents = false;
+    std::vector<Event> events;
 };
 
 // The calling thread's.

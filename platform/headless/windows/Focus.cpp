@@ -4,6 +4,7 @@
 #include "Requests.h"
 #include "Send.h"
 
+#include "../access/Events.h"
 #include "../core/Faults.h"
 #include "../core/TableLock.h"
 
@@ -152,6 +153,9 @@ void MoveFocus(Window* window)
     const WindowRef entering = Peek(next);
     if (entering && desktop.shared->focus == next) {
         TellInputMethod(*entering, true);
+    }
+    if (entering && desktop.shared->focus == next) {
+        TellEvent(EVENT_OBJECT_FOCUS, *entering, OBJID_CLIENT);
     }
     if (entering && desktop.shared->focus == next) {
         Send(*entering, WM_SETFOCUS, reinterpret_cast<WPARAM>(IsWindow(former) ? former : nullptr));

@@ -10,6 +10,7 @@
 #include "Send.h"
 #include "Timer.h"
 
+#include "../access/Events.h"
 #include "../core/Accounting.h"
 #include "../core/Faults.h"
 #include "../core/TableLock.h"
@@ -259,6 +260,9 @@ bool Introduce(Window& window, CREATESTRUCTW& create)
             DestroyWindow(window.handle);
         }
         return false;
+    }
+    if (window.alive) {
+        TellEvent(EVENT_OBJECT_CREATE, window, OBJID_WINDOW);
     }
     return window.alive;
 }

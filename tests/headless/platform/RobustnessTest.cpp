@@ -124,6 +124,7 @@ TEST_F(RobustnessTest, AWindowMayGoAsItIsPaintedPrintedOrGivenAParent)
     PAINTSTRUCT paint;
     EXPECT_EQ(BeginPaint(victim, &paint), nullptr);
     EXPECT_FALSE(IsWindow(victim));
+    DestroyWindow(top); // while what its children look at is there
 }
 
 } // namespace
