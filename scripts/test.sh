@@ -179,6 +179,11 @@ step_package() {
     check_host windows
 }
 
+# What starts with wmain gets its words.
+start_wide() {
+    WINEPATH=$(windows_path "$PACKAGES/$1/prefix/bin") run_wine 60 "$PACKAGES/$1/host/gesso_wide.exe" "two words"
+}
+
 # check_host PRESET: tests/host built as CMake does without being told how, which optimizes nothing, and for release.
 check_host() {
     local type
@@ -186,6 +191,7 @@ check_host() {
         check "tests/host builds with the $1 package${type:+ for release}" \
             build_host "$1" tests/host -DCMAKE_BUILD_TYPE="$type" && run_host "$1"
     done
+    check "a wide program starts with the $1 package" start_wide "$1"
 }
 
 # windows_example PRESET FOLDER PROGRAM TITLE KEY
