@@ -13,6 +13,8 @@ set(CMAKE_LINKER ${llvm}/bin/lld-link CACHE FILEPATH "")
 set(CMAKE_MT ${llvm}/bin/llvm-mt CACHE FILEPATH "")
 set(CMAKE_C_COMPILER_TARGET x86_64-pc-windows-msvc)
 set(CMAKE_CXX_COMPILER_TARGET x86_64-pc-windows-msvc)
+# CMake would find it out by a program that it links without the libraries below.
+set(CMAKE_SIZEOF_VOID_P 8)
 
 # Installed, what the toolchain needs stands beside it.
 set(support ${CMAKE_CURRENT_LIST_DIR}/msvc)
