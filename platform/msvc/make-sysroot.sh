@@ -24,7 +24,7 @@ stamp() {
 }
 MADE_OF=$(stamp)
 [[ ! -f $DIR/made || $(<"$DIR/made") != "$MADE_OF" ]] || exit 0
-rm -rf "$DIR/config" "$DIR/lib" "$DIR/obj"
+rm -rf "$DIR/lib" "$DIR/obj"
 mkdir -p "$DIR/config" "$DIR/lib" "$DIR/obj"
 
 # Debian configures the headers for Linux: threads by the platform's calls, nothing from Microsoft's runtime, and
@@ -32,7 +32,9 @@ mkdir -p "$DIR/config" "$DIR/lib" "$DIR/obj"
 sed -e 's|^/\* #undef _LIBCPP_HAS_THREAD_API_WIN32 \*/|#define _LIBCPP_HAS_THREAD_API_WIN32|' \
     -e 's|^/\* #undef _LIBCPP_NO_VCRUNTIME \*/|#define _LIBCPP_NO_VCRUNTIME|' \
     -e 's|^#endif // _LIBCPP___CONFIG_SITE|#define _LIBCPP_DISABLE_VISIBILITY_ANNOTATIONS\n#define _LIBCPP_DISABLE_EXTERN_TEMPLATE\n&|' \
-    "$LLVM/include/c++/v1/__config_site" >"$DIR/config/__config_site"
+    "$LLVM/include/c++/v1/__config_site" >"$DIR/obj/__config_site"
+# Every source is compiled anew for another one.
+cmp -s "$DIR/obj/__config_site" "$DIR/config/__config_site" || cp "$DIR/obj/__config_site" "$DIR/config/"
 
 # import_library NAME DLL: of the names on standard input.
 import_library() {
@@ -47,12 +49,14 @@ names_of() {
              /__imp_/ { sub(/^__imp_/, "", $3); print $3 }' | sort -u
 }
 
-# What the platform's DLLs export stands in mingw-w64's libraries.
+# What the platform's DLLs export stands in mingw-w64's libraries, beside functions of mingw-w64's own.
 for name in kernel32 user32 gdi32 uxtheme usp10 comctl32 comdlg32 imm32 shlwapi advapi32 shell32 ole32 oleaut32 dwmapi \
-    oleacc msimg32 gdiplus; do
+    oleacc msimg32 gdiplus bcrypt crypt32 d2d1 dwrite iphlpapi netapi32 propsys rpcrt4 secur32 setupapi userenv version \
+    windowscodecs winhttp wininet winmm ws2_32 wtsapi32; do
     [[ -f $MINGW_LIBRARIES/lib$name.a ]] || { echo "make-sysroot.sh: mingw-w64 has no lib$name.a" >&2 && exit 1; }
     { "$LLVM/bin/llvm-nm" --defined-only "$MINGW_LIBRARIES/lib$name.a" 2>/dev/null || true; } |
-        awk '$2 == "T" && !/_head_|_iname/ { print $3 }' | import_library "$name" "$name.dll"
+        awk '$2 == "T" { functions[$3] } sub(/^__imp_/, "", $3) { imported[$3] }
+             END { for (name in functions) if (name in imported) print name }' | import_library "$name" "$name.dll"
 done
 # Of the C runtime what both Wine's and the one of Windows have: Wine's has names that belong to no version of it.
 comm -12 <("$LLVM/bin/llvm-readobj" --coff-exports "$WINE_DLLS/ucrtbase.dll" | awk '/Name:/ { print $2 }' | sort -u) \
