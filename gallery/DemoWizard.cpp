@@ -57,7 +57,7 @@ public:
         m_canvas = std::make_unique<Canvas>(hwnd);
         RECT rc{};
         GetClientRect(hwnd, &rc);
-        // The wizard may have other dots still, and come to the gallery's when it is shown.
+        // The wizard may have other dots still, and come to the gallery's when it is shown: its page with it.
         const auto nDots = static_cast<int>(gesso::DpiOf(::GetParent(hwnd)));
         const int xRight = MulDiv(rc.right, USER_DEFAULT_SCREEN_DPI, nDots) - PAGE_MARGIN;
         m_canvas->Text({PAGE_MARGIN, 16, xRight, 46}, TEXTS[m_nIndex].pszTitle, TitleFont(), Shade::Title);
@@ -68,7 +68,9 @@ public:
         } else if (m_nIndex == KIND) {
             BuildKind();
         }
-        m_canvas->Finish();
+        if (nDots == Dots()) {
+            m_canvas->Finish();
+        }
     }
 
     void OnNotify(HWND hwnd, stcWizardNotify& notify)

@@ -437,6 +437,7 @@ LRESULT Gallery::OnDialogIdle(HWND hDlg)
         RECT rc{};
         GetWindowRect(hDlg, &rc);
         TellOfDots(hDlg, Dots(), OnScreenOf(hDlg, Resized(rc, Dots(), nFormer)));
+        TellDots(hDlg);
     }
     return 0;
 }

@@ -19,8 +19,37 @@ constinit ATOM GCommandButton::s_aClass = 0;
 namespace {
 
 constexpr WORD SHIELD_ICON = 32518; // IDI_SHIELD, whose macro depends on how the narrow names are mapped
-constexpr int TITLE_PERCENT = 133;  // of the default font, where the style has no font
-constexpr int NOTE_PERCENT = 100;
+constexpr int NOTE_PERCENT = 100;   // of the default font, where the style has no font
+
+// With scaling a host's font stays where the style is opened anew: other dots do that too, and a dialog's
+// template gives one font to all of its controls.
+class GivenFont
+{
+public:
+    explicit GivenFont(gesso::ThemeFont& font) : m_font(font), m_hFont(IsKept(font) ? HFONT{font} : nullptr)
+    {
+        if (m_hFont) {
+            font.Borrow(nullptr);
+        }
+    }
+    ~GivenFont()
+    {
+        if (m_hFont) {
+            m_font = m_hFont;
+        }
+    }
+    GivenFont(const GivenFont&) = delete;
+    GivenFont& operator=(const GivenFont&) = delete;
+
+private:
+    static bool IsKept(const gesso::ThemeFont& font)
+    {
+        return gesso::GetScaling() != gesso::Scaling::None && font.IsGiven();
+    }
+
+    gesso::ThemeFont& m_font;
+    HFONT m_hFont; // null for none that is kept
+};
 
 // The note behind the title; null where there is none. In a dialog template the skipped first word is the
 // data's size in bytes, with or without that word itself: data that ends with the title has no note to read.
@@ -169,7 +198,7 @@ void GCommandButton::Draw(HDC hdc)
     }
     const int nState = gesso::PressStateOfDefault(m_dwState, dwStyle);
     ThemePart part(m_hTheme, hdc, BP_COMMANDLINK, nState, PlainPart::CommandLink);
-    part.In(m_hWnd).AsDefault(dwStyle & GBS_DEFAULT);
+    part.In(m_hWnd).AsDefault(dwStyle & GBS_DEFAULT).WithFont(m_hFont);
     part.DrawBackground(rc);
     const RECT rcContent = part.ContentOf(rc);
     // The glyph's size makes the text's column, whatever stands in its place.
@@ -209,18 +238,8 @@ void GCommandButton::DrawTexts(HDC hdc, const ThemePart& part, const RECT& rcRoo
     RECT rcTitle{};
     {
         const gesso::SelectScope font(hdc, m_hFont);
-        const UINT uDrawn = uFormat | gesso::PrefixFormat(m_dwState);
-        if (gesso::GetScaling() == gesso::Scaling::None) {
-            rcTitle = part.TextExtent(pszTitle, uFormat, rcRoom);
-            part.DrawString(pszTitle, uDrawn, rcTitle);
-        } else {
-            // The style's own drawing takes the style's font, of which only this one has the right size.
-            const gesso::TextColorScope color(hdc, part.TextColor());
-            const gesso::TransparentScope mode(hdc);
-            rcTitle = rcRoom;
-            DrawTextW(hdc, pszTitle, -1, &rcTitle, uFormat | DT_CALCRECT);
-            DrawTextW(hdc, pszTitle, -1, &rcTitle, uDrawn);
-        }
+        rcTitle = part.TextExtent(pszTitle, uFormat, rcRoom);
+        part.DrawString(pszTitle, uFormat | gesso::PrefixFormat(m_dwState), rcTitle);
     }
     if (m_pszNote) {
         RECT rcNote{rcRoom.left, rcTitle.bottom, rcRoom.right, rcRoom.bottom};
@@ -237,7 +256,7 @@ void GCommandButton::DrawTexts(HDC hdc, const ThemePart& part, const RECT& rcRoo
 void GCommandButton::OpenTheme()
 {
     m_hTheme.Open(m_hWnd, gesso::BUTTON_THEME);
-    m_hFont.Reset(gesso::MakeThemeFont(m_hWnd, m_hTheme, BP_COMMANDLINK, TMT_FONT, TITLE_PERCENT));
+    m_hFont.Reset(gesso::MakeThemeFont(m_hWnd, m_hTheme, BP_COMMANDLINK, TMT_FONT, gesso::TITLE_PERCENT));
     m_hNoteFont.Reset(gesso::MakeThemeFont(m_hWnd, m_hTheme, BP_COMMANDLINK, TMT_BODYFONT, NOTE_PERCENT));
 }
 
@@ -266,8 +285,11 @@ LRESULT GCommandButton::OnDestroy()
 
 LRESULT GCommandButton::OnThemeChanged()
 {
-    CloseTheme();
-    OpenTheme();
+    {
+        const GivenFont title(m_hFont), note(m_hNoteFont);
+        CloseTheme();
+        OpenTheme();
+    }
     Invalidate(0);
     return 0;
 }

@@ -4,7 +4,7 @@
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/ThemePart.h>
+#include <gesso/framework/ThemeFont.h>
 #include <gesso/framework/WindowDpi.h>
 #include <gesso/language/LanguageTable.h>
 
@@ -120,16 +120,31 @@ void FitDialog(HWND hDlg, const RECT* prcWanted, SIZE units)
     }
 }
 
+TextPane::TextPane(HWND hDlg, HTHEME hTheme, HDC hdc, int nPart)
+    : m_part(hTheme, hdc, nPart, 0, PlainPart::DialogText)
+{
+    if (GetScaling() != Scaling::None) {
+        const int nPercent = nPart == TDLG_MAININSTRUCTIONPANE ? TITLE_PERCENT : 100;
+        m_font.Reset(MakeThemeFont(hDlg, hTheme, nPart, TMT_FONT, nPercent));
+    }
+    m_part.In(hDlg).WithFont(m_font);
+}
+
+ThemePart ControlTexts(HWND hDlg, HTHEME hTheme, HDC hdc)
+{
+    return ThemePart(hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText).WithFont(FontOf(hDlg));
+}
+
 int TaskTextLimit(HWND hDlg, HTHEME hTheme, HDC hdc)
 {
     // In average characters of each pane.
     constexpr int INSTRUCTION_COLUMNS = 40;
     constexpr int CONTENT_COLUMNS = 58;
     const int cxIcon = MapUnits(hDlg, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, 0).left;
-    const ThemePart instruction(hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText);
-    const ThemePart content(hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
-    return cxIcon + std::max(INSTRUCTION_COLUMNS * instruction.AverageCharWidth(),
-                             CONTENT_COLUMNS * content.AverageCharWidth());
+    const TextPane instruction(hDlg, hTheme, hdc, TDLG_MAININSTRUCTIONPANE);
+    const TextPane content(hDlg, hTheme, hdc, TDLG_CONTENTPANE);
+    return cxIcon + std::max(INSTRUCTION_COLUMNS * instruction->AverageCharWidth(),
+                             CONTENT_COLUMNS * content->AverageCharWidth());
 }
 
 HFONT FontOf(HWND hDlg)

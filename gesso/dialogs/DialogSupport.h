@@ -3,6 +3,7 @@
 #pragma once
 
 #include <gesso/dialogs/GDialog.h>
+#include <gesso/framework/ThemePart.h>
 
 #include <vector>
 
@@ -42,6 +43,22 @@ RECT MapUnits(HWND hDlg, int left, int top, int right, int bottom);
 
 // Centres a window of a size in the work area of the monitor nearest to hwndNear, and gives it that size.
 void CenterWindow(HWND hwnd, HWND hwndNear, SIZE size);
+
+// A pane of a task dialog (TDLG_). With scaling its texts are measured and drawn in a font of the dialog's
+// own, which is that of the style for the dialog's dots and the user's text size.
+class TextPane
+{
+public:
+    TextPane(HWND hDlg, HTHEME hTheme, HDC hdc, int nPart);
+    const ThemePart* operator->() const { return &m_part; }
+
+private:
+    FontHandle m_font; // null without scaling
+    ThemePart m_part;
+};
+
+// The same measuring what the dialog's controls show, which are in the dialog's font.
+ThemePart ControlTexts(HWND hDlg, HTHEME hTheme, HDC hdc);
 
 // Where the texts of a task dialog end on the right, in pixels: the icon's room, and the columns of the wider
 // pane.

@@ -191,10 +191,11 @@ void GTaskDialog::Draw(HDC hdc)
     if (m_pszMainInstruction) {
         // Fixed behaviour: measured with its lines broken at words, but drawn without. Broken lines would run
         // into the text below where the style draws larger than it measures.
-        part(TDLG_MAININSTRUCTIONPANE, PlainPart::DialogText)
-            .DrawString(m_pszMainInstruction, 0, m_rcMainInstruction);
+        gesso::TextPane(m_hWnd, m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE)
+            ->DrawString(m_pszMainInstruction, 0, m_rcMainInstruction);
     }
-    part(TDLG_CONTENTPANE, PlainPart::DialogText).DrawString(m_pszContent, DT_WORDBREAK, m_rcContent);
+    gesso::TextPane(m_hWnd, m_hTheme, hdc, TDLG_CONTENTPANE)
+        ->DrawString(m_pszContent, DT_WORDBREAK, m_rcContent);
 }
 
 // --- Messages ---

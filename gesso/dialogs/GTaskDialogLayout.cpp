@@ -7,7 +7,6 @@
 #include <gesso/dialogs/TaskDialogContent.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
 #include <bit>
@@ -15,8 +14,6 @@
 using gesso::COMMON_BUTTONS;
 using gesso::CommonButton;
 using gesso::MapUnits;
-using gesso::PlainPart;
-using gesso::ThemePart;
 namespace Metrics = gesso::Metrics;
 
 int GTaskDialog::TextLimit(HDC hdc) const
@@ -37,16 +34,16 @@ int GTaskDialog::MeasureTexts(HDC hdc)
     m_rcMainInstruction.bottom = rcRoom.top;
     if (m_pszMainInstruction) {
         rcRoom.right = xLimit;
-        m_rcMainInstruction = ThemePart(m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText)
-                                  .TextExtent(m_pszMainInstruction, DT_WORDBREAK, rcRoom);
+        m_rcMainInstruction = gesso::TextPane(m_hWnd, m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE)
+                                  ->TextExtent(m_pszMainInstruction, DT_WORDBREAK, rcRoom);
         m_rcMainInstruction.bottom += cyGap;
         xWidest = std::max<int>(m_rcMainInstruction.right, 0);
     }
     rcRoom = MapUnits(m_hWnd, Metrics::TASK_DIALOG_TEXT_LEFT, 0, 0, Metrics::TASK_DIALOG_TEXT_GAP);
     rcRoom.top += m_rcMainInstruction.bottom;
     rcRoom.right = xLimit;
-    m_rcContent = ThemePart(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText)
-                      .TextExtent(m_pszContent, DT_WORDBREAK, rcRoom);
+    m_rcContent = gesso::TextPane(m_hWnd, m_hTheme, hdc, TDLG_CONTENTPANE)
+                      ->TextExtent(m_pszContent, DT_WORDBREAK, rcRoom);
     return std::max<int>(m_rcContent.right, xWidest);
 }
 

@@ -1,6 +1,7 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/controls/GButton.h>
 #include <gesso/dialogs/ButtonRow.h>
+#include <gesso/dialogs/DialogPage.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GWizard.h>
 #include <gesso/framework/ActivationContext.h>
@@ -97,7 +98,6 @@ int GWizard::OnInitDialog()
     if (!life) {
         return 1;
     }
-    m_rcFooter = {m_rcClient.left, m_rcClient.bottom - cyFooter, m_rcClient.right, m_rcClient.bottom};
     MakeButtons();
     if (!life) {
         return 1;
@@ -118,27 +118,42 @@ void GWizard::MakePages()
                                                                          m_hWnd, page.pfnDialog, page.lParam)
                               : nullptr;
         ShowWindow(page.hwnd, SW_HIDE);
+        gesso::KeepPage(page.hwnd);
+        gesso::FitPage(page.hwnd);
         const SIZE size = WindowSize(page.hwnd);
         SetWindowPos(page.hwnd, nullptr, ptPage.x, ptPage.y, size.cx, size.cy, SWP_FRAMECHANGED);
     }
 }
 
-// Sizes the dialog to the first page that has a window, and centres it.
+namespace {
+
+// The first page that has a window, which the dialog is sized to; null where none has.
+HWND FirstPageOf(const OArray<stcPage*, stcPage*>& aPages)
+{
+    for (UINT i = 0; i < aPages.GetLength(); ++i) {
+        if (aPages[i]->hwnd) {
+            return aPages[i]->hwnd;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+// Sizes the dialog to its first page, and centres it.
 void GWizard::FitFirstPage(int cyFooter)
 {
     SIZE size = WindowSize(m_hWnd);
-    for (UINT i = 0; i < m_aPages.GetLength(); ++i) {
-        if (m_aPages[i]->hwnd) {
-            const SIZE page = WindowSize(m_aPages[i]->hwnd);
-            const SIZE growth{std::max<LONG>(page.cx, WidthOfButtons()) -
-                                  (m_rcClient.right - m_rcClient.left),
-                              page.cy + cyFooter - (m_rcClient.bottom - m_rcClient.top)};
-            size = {size.cx + growth.cx, size.cy + growth.cy};
-            m_rcClient.right += growth.cx;
-            m_rcClient.bottom += growth.cy;
-            break;
-        }
+    if (const HWND hwndPage = FirstPageOf(m_aPages)) {
+        const SIZE page = WindowSize(hwndPage);
+        const SIZE growth{std::max<LONG>(page.cx, WidthOfButtons()) - (m_rcClient.right - m_rcClient.left),
+                          page.cy + cyFooter - (m_rcClient.bottom - m_rcClient.top)};
+        size = {size.cx + growth.cx, size.cy + growth.cy};
+        m_rcClient.right += growth.cx;
+        m_rcClient.bottom += growth.cy;
     }
+    // On its way it may come to other dots.
+    m_rcFooter = {m_rcClient.left, m_rcClient.bottom - cyFooter, m_rcClient.right, m_rcClient.bottom};
     if (GetWindowLongW(m_hWnd, GWL_STYLE) & DS_CENTER) {
         gesso::CenterWindow(m_hWnd, m_hWnd, size);
     } else {
@@ -199,19 +214,55 @@ void GWizard::MakeButtons()
     make(m_pBack, 2, WZB_BACK, TextOf(TextId::WizardBack), DIALOG_BUTTON_STYLE);
 }
 
-// The pages are the host's, and hear of it themselves. Where the platform wants no other size, the room above
-// the footer stays as it is.
+namespace {
+
+// What of the client area is neither page nor footer, for the dots that the page is laid out for.
+struct SpareRoom
+{
+    HWND hwndPage;
+    SIZE size;
+    int nDpi;
+
+    SpareRoom(HWND hwndFirst, const RECT& rcClient, const RECT& rcFooter)
+        : hwndPage(hwndFirst), size(WindowSize(hwndFirst)), nDpi(static_cast<int>(gesso::PageDpi(hwndFirst)))
+    {
+        size = {rcClient.right - size.cx, rcClient.bottom - size.cy - (rcFooter.bottom - rcFooter.top)};
+    }
+    // The room above the footer that the page, as it is now, has with as much beside and below it.
+    SIZE WithPage() const
+    {
+        const auto nNow = static_cast<int>(gesso::PageDpi(hwndPage));
+        const SIZE page = WindowSize(hwndPage);
+        return {page.cx + MulDiv(size.cx, nNow, nDpi), page.cy + MulDiv(size.cy, nNow, nDpi)};
+    }
+};
+
+} // namespace
+
+// All pages follow, those that are not shown as well, and the dialog is sized to them again. Without a page
+// it is as large as the platform wants.
 void GWizard::OnScaling(const RECT* prcWanted)
 {
+    const gesso::Lifeline life(*this);
+    RECT rcFormer{};
+    GetClientRect(m_hWnd, &rcFormer);
+    const SpareRoom spare(FirstPageOf(m_aPages), rcFormer, m_rcFooter);
+    for (UINT i = 0; life && i < m_aPages.GetLength(); ++i) {
+        gesso::FitPage(m_aPages[i]->hwnd);
+    }
+    if (!life || !IsWindow(m_hWnd)) {
+        return;
+    }
     if (prcWanted) {
         gesso::FitDialog(m_hWnd, prcWanted, {});
     }
     m_hTheme.Open(m_hWnd, L"AEROWIZARD");
     const int cyFooter = MapUnits(m_hWnd, 0, 0, 0, Metrics::DIALOG_FOOTER_HEIGHT).bottom;
     GetClientRect(m_hWnd, &m_rcClient);
-    const int cxMore = std::max<int>(WidthOfButtons() - m_rcClient.right, 0);
-    const int cyMore = prcWanted ? 0 : cyFooter - (m_rcFooter.bottom - m_rcFooter.top);
-    m_rcClient = gesso::GrowWindow(m_hWnd, cxMore, cyMore);
+    const SIZE room = spare.hwndPage || !prcWanted ? spare.WithPage()
+                                                   : SIZE{m_rcClient.right, m_rcClient.bottom - cyFooter};
+    m_rcClient = gesso::GrowWindow(m_hWnd, std::max<int>(room.cx, WidthOfButtons()) - m_rcClient.right,
+                                   room.cy + cyFooter - m_rcClient.bottom);
     m_rcFooter = m_rcClient;
     m_rcFooter.top = m_rcClient.bottom - cyFooter;
     if (m_pBack) { // the last that is made

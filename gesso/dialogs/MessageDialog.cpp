@@ -94,11 +94,11 @@ void MessageDialog::Draw(HDC hdc)
         DrawDialogIcon(m_hWnd, hdc, m_content.hIcon, {m_ptIcon.x, m_ptIcon.y - m_nPosition});
     }
     if (m_content.pszInstruction) {
-        part(TDLG_MAININSTRUCTIONPANE, PlainPart::DialogText)
-            .DrawString(m_content.pszInstruction, DT_WORDBREAK | DT_NOPREFIX, scrolled(m_rcInstruction));
+        TextPane(m_hWnd, m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE)
+            ->DrawString(m_content.pszInstruction, DT_WORDBREAK | DT_NOPREFIX, scrolled(m_rcInstruction));
     }
-    part(TDLG_CONTENTPANE, PlainPart::DialogText)
-        .DrawString(m_content.pszContent, DT_WORDBREAK | DT_NOPREFIX, scrolled(m_rcContent));
+    TextPane(m_hWnd, m_hTheme, hdc, TDLG_CONTENTPANE)
+        ->DrawString(m_content.pszContent, DT_WORDBREAK | DT_NOPREFIX, scrolled(m_rcContent));
     if (m_cyCheck) {
         const RECT rcStrip{0, ViewHeight(), rcClient.right, m_rcFooter.top};
         part(TDLG_PRIMARYPANEL, PlainPart::DialogPanel).DrawBackground(rcStrip);

@@ -6,7 +6,6 @@
 #include <gesso/dialogs/MessageDialog.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
 
@@ -64,23 +63,23 @@ int MessageDialog::PlaceTexts(HDC hdc, int xLimit)
     RECT rcRoom{rcUnits.left, rcUnits.top, xLimit, TALLEST};
     m_rcInstruction = {rcRoom.left, rcRoom.top, rcRoom.left, rcRoom.top};
     if (m_content.pszInstruction) {
-        m_rcInstruction = ThemePart(m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE, 0, PlainPart::DialogText)
-                              .TextExtent(m_content.pszInstruction, TEXT_FORMAT, rcRoom);
+        m_rcInstruction = TextPane(m_hWnd, m_hTheme, hdc, TDLG_MAININSTRUCTIONPANE)
+                              ->TextExtent(m_content.pszInstruction, TEXT_FORMAT, rcRoom);
         rcRoom.top = m_rcInstruction.bottom + cyGap;
     }
-    m_rcContent = ThemePart(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText)
-                      .TextExtent(m_content.pszContent, TEXT_FORMAT, rcRoom);
+    m_rcContent = TextPane(m_hWnd, m_hTheme, hdc, TDLG_CONTENTPANE)
+                      ->TextExtent(m_content.pszContent, TEXT_FORMAT, rcRoom);
     m_cyTexts = m_rcContent.bottom + cyGap;
     return std::max(m_rcInstruction.right, m_rcContent.right);
 }
 
 int MessageDialog::ButtonWidth(HDC hdc) const
 {
-    const ThemePart content(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
+    const ThemePart label = ControlTexts(m_hWnd, m_hTheme, hdc);
     const RECT rcUnits = MapUnits(m_hWnd, Metrics::DIALOG_BUTTON_WIDTH, 0, Metrics::DIALOG_BUTTON_GAP, 0);
     int cxWidest = rcUnits.left;
     for (const DialogButton& button : m_content.buttons) {
-        const RECT rc = content.TextExtent(button.pszLabel, DT_SINGLELINE, {});
+        const RECT rc = label.TextExtent(button.pszLabel, DT_SINGLELINE, {});
         cxWidest = std::max<int>(cxWidest, rc.right - rc.left + 2 * rcUnits.right);
     }
     return cxWidest;
@@ -89,8 +88,8 @@ int MessageDialog::ButtonWidth(HDC hdc) const
 // The box is about as wide as a footer's button is high.
 int MessageDialog::CheckWidth(HDC hdc) const
 {
-    const ThemePart content(m_hTheme, hdc, TDLG_CONTENTPANE, 0, PlainPart::DialogText);
-    const RECT rc = content.TextExtent(m_content.pszVerification, DT_SINGLELINE, {});
+    const RECT rc =
+        ControlTexts(m_hWnd, m_hTheme, hdc).TextExtent(m_content.pszVerification, DT_SINGLELINE, {});
     return rc.right - rc.left + MapUnits(m_hWnd, 2 * Metrics::DIALOG_BUTTON_HEIGHT, 0, 0, 0).left;
 }
 

@@ -34,6 +34,7 @@ constinit Lookup<UINT(WINAPI*)(HWND)> s_dpiForWindow{USER, "GetDpiForWindow"};
 constinit Lookup<int(WINAPI*)(int, UINT)> s_metricForDpi{USER, "GetSystemMetricsForDpi"};
 constinit Lookup<BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT)> s_parametersForDpi{
     USER, "SystemParametersInfoForDpi"};
+constinit Lookup<BOOL(WINAPI*)(HWND, int, int)> s_dialogBehavior{USER, "SetDialogDpiChangeBehavior"};
 constinit Lookup<HTHEME(WINAPI*)(HWND, LPCWSTR, UINT)> s_openThemeForDpi{THEMES, "OpenThemeDataForDpi"};
 
 UINT DeviceDpi()
@@ -79,6 +80,14 @@ bool PlatformCaptionFont(UINT uDpi, LOGFONTW* pFont)
     }
     *pFont = metrics.lfCaptionFont;
     return true;
+}
+
+void LeaveLayoutToProgram(HWND hDlg)
+{
+    constexpr int DISABLE_ALL = 1; // DDC_DISABLE_ALL
+    if (const auto pfn = s_dialogBehavior.Get()) {
+        pfn(hDlg, DISABLE_ALL, DISABLE_ALL);
+    }
 }
 
 HTHEME OpenPlatformTheme(HWND hwnd, LPCWSTR pszClass, UINT uDpi)

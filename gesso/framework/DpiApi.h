@@ -14,6 +14,8 @@ UINT PlatformDpiOf(HWND hwnd);
 int PlatformMetric(int nIndex, UINT uDpi);
 // The font of captions for so many dots an inch; false where the platform does not tell.
 bool PlatformCaptionFont(UINT uDpi, LOGFONTW* pFont);
+// The platform lays a dialog out for other dots by itself, where it knows how to: from now on it does not.
+void LeaveLayoutToProgram(HWND hDlg);
 HTHEME OpenPlatformTheme(HWND hwnd, LPCWSTR pszClass, UINT uDpi);
 
 } // namespace gesso

@@ -45,7 +45,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE hModule, DWORD dwReason, void* pProcess
     } else if (dwReason == DLL_PROCESS_DETACH && !pProcessEnds) {
         gesso::LeaveListener();
         gesso::ForgetFonts();
-        gesso::ReleaseDefaultFonts();
+        gesso::ReleaseSharedFonts();
     }
     return TRUE;
 }

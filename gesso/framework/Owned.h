@@ -42,6 +42,7 @@ public:
 
     VALUE operator->() const noexcept { return m_value; }
     operator VALUE() const noexcept { return m_value; }
+    bool IsOwner() const noexcept { return m_fOwner; }
 
 private:
     VALUE m_value = VALUE();

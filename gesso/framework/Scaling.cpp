@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
@@ -113,16 +114,17 @@ void Rescale(HWND hwnd, bool fOtherDpi)
     }
 }
 
-// --- The default fonts of other heights
+// --- The default fonts of other heights, and fonts like a host's
 
-struct DefaultFont
+struct SharedFont
 {
-    int nHeight;
+    LOGFONTW font;
+    bool fDefault; // or like a host's
     HFONT hFont;
 };
 constinit SRWLOCK s_fontLock = SRWLOCK_INIT;
-constinit std::vector<DefaultFont>* s_pFonts = nullptr; // null for none
-constinit std::atomic<bool> s_fFontsReleased = false;   // ever
+constinit std::vector<SharedFont>* s_pFonts = nullptr; // null for none
+constinit std::atomic<bool> s_fFontsReleased = false;  // ever
 
 // Whether a font was one of these and has gone since with the library's last window, while an object without
 // a window still has it. One that a host has deleted looks the same.
@@ -131,29 +133,57 @@ bool IsGone(HFONT hFont)
     return s_fFontsReleased && !GetObjectType(hFont);
 }
 
+// False for what is no font.
+bool Describe(HFONT hFont, LOGFONTW* pFont)
+{
+    *pFont = {};
+    return GetObjectW(hFont, sizeof(*pFont), pFont) > 0;
+}
+
 int HeightOf(HFONT hFont)
 {
     LOGFONTW font{};
-    return GetObjectW(hFont, sizeof(font), &font) > 0 ? font.lfHeight : 0;
+    return Describe(hFont, &font) ? font.lfHeight : 0;
 }
 
-// A font like the default one in another height; under the lock.
-HFONT MakeDefaultFont(int nHeight)
-try {
-    LOGFONTW font{};
-    if (GetObjectW(g_hDefaultFont, sizeof(font), &font) <= 0) {
+bool IsSame(const LOGFONTW& a, const LOGFONTW& b)
+{
+    return std::memcmp(&a, &b, sizeof(a)) == 0;
+}
+
+// Under the lock; null for none.
+const SharedFont* FindShared(HFONT hFont)
+{
+    if (!s_pFonts) {
         return nullptr;
     }
+    const auto at = std::ranges::find(*s_pFonts, hFont, &SharedFont::hFont);
+    return at != s_pFonts->end() ? &*at : nullptr;
+}
+
+HFONT ShareFont(HFONT hFont, int nHeight, bool fDefault)
+try {
+    LOGFONTW font{};
+    if (!Describe(hFont, &font)) {
+        return nullptr;
+    }
+    font.lfHeight = nHeight;
+    const ScopedLock lock(s_fontLock);
     if (!s_pFonts) {
-        s_pFonts = new std::vector<DefaultFont>;
+        s_pFonts = new std::vector<SharedFont>;
+    }
+    const auto at = std::ranges::find_if(*s_pFonts, [&](const SharedFont& shared) {
+        return shared.fDefault == fDefault && IsSame(shared.font, font);
+    });
+    if (at != s_pFonts->end()) {
+        return at->hFont;
     }
     s_pFonts->reserve(s_pFonts->size() + 1);
-    font.lfHeight = nHeight;
-    const HFONT hFont = CreateFontIndirectW(&font);
-    if (hFont) {
-        s_pFonts->push_back({nHeight, hFont});
+    const HFONT hMade = CreateFontIndirectW(&font);
+    if (hMade) {
+        s_pFonts->push_back({font, fDefault, hMade});
     }
-    return hFont;
+    return hMade;
 } catch (const std::bad_alloc&) {
     return nullptr;
 }
@@ -260,7 +290,7 @@ void ForgetWindow(HWND hwnd)
     RemoveLibraryWindow(hwnd);
     ++s_uChanges;
     if (!HasLibraryWindows()) {
-        ReleaseDefaultFonts();
+        ReleaseSharedFonts();
         OffscreenSurface::ReleaseSpare();
     }
 }
@@ -300,14 +330,7 @@ HFONT DefaultFontOf(HWND hwnd)
     if (nHeight == HeightOf(hFirst)) {
         return hFirst;
     }
-    const ScopedLock lock(s_fontLock);
-    if (s_pFonts) {
-        const auto at = std::ranges::find(*s_pFonts, nHeight, &DefaultFont::nHeight);
-        if (at != s_pFonts->end()) {
-            return at->hFont;
-        }
-    }
-    const HFONT hFont = MakeDefaultFont(nHeight);
+    const HFONT hFont = ShareFont(hFirst, nHeight, true);
     return hFont ? hFont : hFirst;
 }
 
@@ -317,20 +340,34 @@ bool IsDefaultFont(HFONT hFont)
         return hFont != nullptr;
     }
     const ScopedLock lock(s_fontLock);
-    return (s_pFonts && std::ranges::find(*s_pFonts, hFont, &DefaultFont::hFont) != s_pFonts->end()) ||
-           IsGone(hFont);
+    const SharedFont* pShared = FindShared(hFont);
+    return pShared ? pShared->fDefault : IsGone(hFont);
+}
+
+HFONT FontInHeight(HFONT hFont, int nHeight)
+{
+    return ShareFont(hFont, nHeight, false);
+}
+
+bool IsSharedFont(HFONT hFont)
+{
+    if (hFont == g_hDefaultFont) {
+        return GetScaling() != Scaling::None;
+    }
+    const ScopedLock lock(s_fontLock);
+    return FindShared(hFont) != nullptr;
 }
 
 // A window is kept before it asks for its font, so that none is released that a window has asked for. One
 // that a context holds goes when the context lets go of it.
-void ReleaseDefaultFonts()
+void ReleaseSharedFonts()
 {
     const ScopedLock lock(s_fontLock);
     if (!s_pFonts || HasLibraryWindows()) {
         return;
     }
-    for (const DefaultFont& font : *s_pFonts) {
-        DeleteObject(font.hFont);
+    for (const SharedFont& shared : *s_pFonts) {
+        DeleteObject(shared.hFont);
     }
     delete std::exchange(s_pFonts, nullptr);
     s_fFontsReleased = true;

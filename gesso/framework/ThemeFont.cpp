@@ -17,9 +17,12 @@ HFONT MakeLikeDefault(HWND hwnd, int nPercent)
 
 } // namespace
 
+// One that the library has made for all windows of some dots stays, though a host has given it on.
 void DeleteThemeFont(HFONT hFont) noexcept
 {
-    DeleteObject(hFont);
+    if (!IsSharedFont(hFont)) {
+        DeleteObject(hFont);
+    }
 }
 
 HFONT MakeThemeFont(HWND hwnd, HTHEME hTheme, int nPart, int nProperty, int nPercent)

@@ -33,6 +33,9 @@ public:
         return *this;
     }
 
+    // Whether the font is the host's.
+    bool IsGiven() const noexcept { return *this && !IsOwner(); }
+
     // Deletes the font whosever it is. The end of the object alone deletes none of the host's.
     void Delete() noexcept
     {
@@ -44,6 +47,9 @@ public:
 private:
     mutable bool m_fHandedOut = false; // the font, or a host's that came in its place
 };
+
+// How large titles are, in percent of the default font, where the style has no font for them.
+inline constexpr int TITLE_PERCENT = 133;
 
 // The font that the style gives a part in its state 0 (nProperty: TMT_FONT, ...). Where the style has none,
 // one like the window's default font, nPercent of its size; null before InitControls. The caller deletes it.

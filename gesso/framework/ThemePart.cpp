@@ -5,7 +5,6 @@
 #include <gesso/framework/FlatPart.h>
 #include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/OwnedHandles.h>
 #include <gesso/framework/Scaling.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/ThemePartCache.h>
@@ -29,6 +28,21 @@ int LengthOf(LPCWSTR psz)
 }
 
 } // namespace
+
+ThemePart& ThemePart::WithFont(HFONT hFont)
+{
+    m_hFont = GetScaling() != Scaling::None ? hFont : nullptr;
+    return *this;
+}
+
+HFONT ThemePart::FontOfText(FontHandle& made) const
+{
+    if (m_hFont) {
+        return m_hFont;
+    }
+    made.Reset(MakePlainFont());
+    return made;
+}
 
 // A tick is a sign that is written: mirrored it would be none.
 void ThemePart::DrawBackground(const RECT& rc) const
@@ -106,10 +120,9 @@ int ThemePart::BorderSize() const
 int ThemePart::AverageCharWidth() const
 {
     TEXTMETRICW metric{};
-    if (FAILED(GetThemeTextMetrics(m_hTheme, m_hdc, m_nPart, m_nState, &metric))) {
-        FontHandle font;
-        font.Reset(MakePlainFont());
-        const SelectScope selected(m_hdc, font);
+    if (m_hFont || FAILED(GetThemeTextMetrics(m_hTheme, m_hdc, m_nPart, m_nState, &metric))) {
+        FontHandle made;
+        const SelectScope selected(m_hdc, FontOfText(made));
         GetTextMetricsW(m_hdc, &metric);
     }
     return metric.tmAveCharWidth;
@@ -123,12 +136,12 @@ RECT ThemePart::TextExtent(LPCWSTR psz, UINT uFormat, const RECT& rcBounds) cons
 RECT ThemePart::TextExtent(LPCWSTR psz, int nLength, UINT uFormat, const RECT& rcBounds) const
 {
     RECT rc = rcBounds;
-    if (FAILED(GetThemeTextExtent(m_hTheme, m_hdc, m_nPart, m_nState, psz, nLength, uFormat, &rcBounds, &rc)))
+    if (m_hFont ||
+        FAILED(GetThemeTextExtent(m_hTheme, m_hdc, m_nPart, m_nState, psz, nLength, uFormat, &rcBounds, &rc)))
     {
         rc = rcBounds;
-        FontHandle font;
-        font.Reset(MakePlainFont());
-        const SelectScope selected(m_hdc, font);
+        FontHandle made;
+        const SelectScope selected(m_hdc, FontOfText(made));
         DrawTextW(m_hdc, psz, nLength, &rc, uFormat | DT_CALCRECT);
     }
     return rc;
@@ -137,7 +150,7 @@ RECT ThemePart::TextExtent(LPCWSTR psz, int nLength, UINT uFormat, const RECT& r
 void ThemePart::DrawString(LPCWSTR psz, UINT uFormat, const RECT& rc) const
 {
     LayoutOverlay::Add(m_hdc, rc);
-    if (!DrawStyleText(psz, uFormat, rc)) {
+    if (m_hFont || !DrawStyleText(psz, uFormat, rc)) {
         DrawPlainText(psz, uFormat, rc);
     }
 }

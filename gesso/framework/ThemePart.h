@@ -7,7 +7,7 @@
 // stay the style's, so that nothing moves.
 #pragma once
 
-#include <gesso/api.h>
+#include <gesso/framework/OwnedHandles.h>
 
 namespace gesso {
 
@@ -63,6 +63,9 @@ public:
         m_hWnd = hwnd;
         return *this;
     }
+    // The font of its texts with scaling, made for the window's dots: the style's own drawing takes one of
+    // whatever dots. Null leaves the style's, and so does Scaling::None.
+    ThemePart& WithFont(HFONT hFont);
 
     // A dialog's default button, which shows it in states that the style has no such look for.
     ThemePart& AsDefault(bool fDefault)
@@ -98,6 +101,8 @@ private:
     // Without a style.
     RECT PlainContentOf(const RECT& rc) const;
     HFONT MakePlainFont() const;
+    // What a text is in that the style does not draw; null for the context's font.
+    HFONT FontOfText(FontHandle& made) const;
     void DrawPlainBackground(RECT rc) const;
     void DrawPlainButton(RECT rc, UINT uButton) const;
     void DrawPlainCheck(const RECT& rc, UINT uButton) const;
@@ -117,6 +122,7 @@ private:
     PlainPart m_plain;
     HWND m_hWnd = nullptr;
     bool m_fDefault = false;
+    HFONT m_hFont = nullptr; // null for the style's
 };
 
 } // namespace gesso

@@ -6,7 +6,7 @@
 #include <gesso/framework/FlatPart.h>
 #include <gesso/framework/FlatShapes.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/framework/OwnedHandles.h>
+#include <gesso/framework/ThemeFont.h>
 #include <gesso/framework/ThemePart.h>
 #include <gesso/framework/Wrapped.h>
 
@@ -110,14 +110,13 @@ RECT ThemePart::PlainContentOf(const RECT& rc) const
 // font.
 HFONT ThemePart::MakePlainFont() const
 {
-    constexpr int PERCENT = 133;
     LOGFONTW font{};
     const bool fInstruction =
         !m_hTheme && m_plain == PlainPart::DialogText && m_nPart == TDLG_MAININSTRUCTIONPANE;
     if (!fInstruction || GetObjectW(GetCurrentObject(m_hdc, OBJ_FONT), sizeof(font), &font) <= 0) {
         return nullptr;
     }
-    font.lfHeight = MulDiv(font.lfHeight, PERCENT, 100);
+    font.lfHeight = MulDiv(font.lfHeight, TITLE_PERCENT, 100);
     return CreateFontIndirectW(&font);
 }
 
@@ -281,10 +280,9 @@ COLORREF ThemePart::PlainTextColor() const
 void ThemePart::DrawPlainText(LPCWSTR psz, UINT uFormat, RECT rc) const
 {
     const TransparentScope mode(m_hdc);
-    const TextColorScope color(m_hdc, IsDrawnFlat() ? TextColor() : PlainTextColor());
-    FontHandle font;
-    font.Reset(MakePlainFont());
-    const SelectScope selected(m_hdc, font);
+    const TextColorScope color(m_hdc, m_hFont || IsDrawnFlat() ? TextColor() : PlainTextColor());
+    FontHandle made;
+    const SelectScope selected(m_hdc, FontOfText(made));
     DrawTextW(m_hdc, psz, -1, &rc, uFormat);
 }
 

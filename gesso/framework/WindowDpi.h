@@ -22,8 +22,13 @@ void FollowTextSize();
 HFONT DefaultFontOf(HWND hwnd);
 // Whether that of some window is this one, or was it once.
 bool IsDefaultFont(HFONT hFont);
-// Those of other heights, where the library has no window any more.
-void ReleaseDefaultFonts();
+// A font like another in another height, which lives as long as the library has any window; null for none,
+// and without memory. The same one for all who ask.
+HFONT FontInHeight(HFONT hFont, int nHeight);
+// Whether a font is one of these, or a default font; that of the first height with scaling alone.
+bool IsSharedFont(HFONT hFont);
+// All of them go where the library has no window any more.
+void ReleaseSharedFonts();
 
 // A message that may change how large things are in a window.
 bool IsScalingMessage(UINT uMsg);

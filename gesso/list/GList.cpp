@@ -1,6 +1,7 @@
 // How a list comes to life and goes, and its messages.
 
 #include <gesso/containers/Index.h>
+#include <gesso/edit/LabelEdit.h>
 #include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
@@ -127,8 +128,10 @@ HIMAGELIST GList::GetImageList() const
     return imageList;
 }
 
+// A field in which the user renames an item has the new font before the former one goes.
 void GList::SetLabelTitleFont(HFONT hFont)
 {
+    gesso::LabelEdit::ReplaceFont(m_inside->renaming.hwnd, fontLabelTitle, hFont);
     TakeFont(fontLabelTitle, hFont);
     NoteGiven(gesso::LIST_TITLE_FONT_GIVEN);
     ForgetCells();
@@ -145,6 +148,7 @@ void GList::SetLabelHeaderFont(HFONT hFont)
 // A font that the host has lent by OnSetFont stays the host's.
 void GList::SetLabelTextFont(HFONT hFont)
 {
+    gesso::LabelEdit::ReplaceFont(m_inside->renaming.hwnd, fontLabelText, hFont);
     if (listStyle & GLS_OWNFONT) {
         listStyle &= ~GLS_OWNFONT;
         fontLabelText = nullptr;
@@ -201,6 +205,7 @@ LRESULT GList::OnGetFont() const
 
 LRESULT GList::OnSetFont(HFONT hFont, UINT uRedraw)
 {
+    gesso::LabelEdit::ReplaceFont(m_inside->renaming.hwnd, fontLabelText, hFont);
     if (!(listStyle & GLS_OWNFONT)) {
         TakeFont(fontLabelText, nullptr);
     }

@@ -165,7 +165,7 @@ void GTree::ReleaseFont()
         return;
     }
     if (m_hFont && m_hFont != m_hMadeFont) {
-        DeleteObject(m_hFont);
+        gesso::DeleteThemeFont(m_hFont);
     }
     m_hMadeFont.Reset();
     m_hFont = nullptr;

@@ -139,6 +139,29 @@ TEST_P(ListRenamingTest, AColumnInsertedMeanwhileLeavesTheFieldWithItsItem)
     EXPECT_EQ(Told(), (Reports{"-175 1", "-176 1 new"}));
 }
 
+// The list deletes the font that it had: the field must not go on with it.
+TEST_P(ListRenamingTest, TheFieldTakesTheFontThatItsItemGetsMeanwhile)
+{
+    const auto makeFont = [](int nHeight) {
+        return CreateFontW(-nHeight, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Arial");
+    };
+    const auto fontOf = [](HWND hwnd) {
+        return reinterpret_cast<HFONT>(SendMessageW(hwnd, WM_GETFONT, 0, 0));
+    };
+    const HFONT hText = makeFont(20), hLent = makeFont(21), hLast = makeFont(22);
+    ASSERT_TRUE(list.EditItem(1));
+    list.SetLabelTextFont(hText);
+    EXPECT_EQ(fontOf(GetFocus()), hText);
+    list.OnSetFont(hLent, 0);
+    EXPECT_EQ(fontOf(GetFocus()), hLent);
+    list.SetLabelTextFont(hLast);
+    EXPECT_EQ(fontOf(GetFocus()), hLast);
+    list.SetLabelTitleFont(makeFont(23));
+    EXPECT_EQ(fontOf(GetFocus()), hLast) << "that of another item";
+    KeyOfField(VK_ESCAPE);
+    DeleteObject(hLent);
+}
+
 TEST_P(ListRenamingTest, TheParentMayBeginAnotherWhileTheFieldIsMade)
 {
     {

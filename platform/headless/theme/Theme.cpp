@@ -342,11 +342,13 @@ HRESULT WINAPI GetThemeEnumValue(HTHEME theme, int part, int state, int property
     return GetThemeInt(theme, part, state, property, value);
 }
 
-HRESULT WINAPI GetThemeFont(HTHEME theme, HDC, int part, int state, int property, LOGFONTW* font)
+HRESULT WINAPI GetThemeFont(HTHEME theme, HDC hdc, int part, int state, int property, LOGFONTW* font)
 {
     return Answer(theme, "GetThemeFont", font, [=](const std::string& themeClass) {
         std::optional<LOGFONTW> found = FindThemeFont(themeClass, part, state, property);
-        if (found && found->lfHeight) {
+        if (found && AreThemeHandlesShared()) {
+            found->lfHeight = hdc ? found->lfHeight : 0;
+        } else if (found && found->lfHeight) {
             found->lfHeight = ScaledFor(theme, found->lfHeight, GetDpiForSystem());
         }
         return found;

@@ -16,17 +16,23 @@
 namespace gesso::headless {
 namespace {
 
-// The dialog base units of a common 9 point font at 96 dots an inch. They are the same for every font.
+// The dialog base units of a common 9 point font at 96 dots an inch. They are the same for every font, and
+// grow with the screen's dots.
 constexpr SIZE BASE_UNITS = {7, 15};
+
+int ToPixels(int units, int base, int parts)
+{
+    return MulDiv(units, base * static_cast<int>(GetDpiForSystem()), parts * USER_DEFAULT_SCREEN_DPI);
+}
 
 int ToPixelsX(int units)
 {
-    return MulDiv(units, BASE_UNITS.cx, 4);
+    return ToPixels(units, BASE_UNITS.cx, 4);
 }
 
 int ToPixelsY(int units)
 {
-    return MulDiv(units, BASE_UNITS.cy, 8);
+    return ToPixels(units, BASE_UNITS.cy, 8);
 }
 
 HFONT MakeFont(LOGFONTW font)

@@ -13,6 +13,7 @@
 namespace test {
 
 constexpr int ALL_DPI[] = {96, 120, 144, 192, 288};
+constexpr UINT END = static_cast<UINT>(-1); // where items are inserted
 
 class ScalingFixture
 {
@@ -46,6 +47,25 @@ public:
 
 class ScalingTest : public testing::Test, public ScalingFixture
 {};
+
+// A window of a class that stands by itself; null for none.
+inline HWND TopLevelOf(const std::string& name)
+{
+    for (const HWND hwnd : desk::TopLevelWindows()) {
+        wchar_t text[32]{};
+        GetClassNameW(hwnd, text, 32);
+        if (Narrow(text) == name) {
+            return hwnd;
+        }
+    }
+    return nullptr;
+}
+
+// Also of an object without a window.
+inline HFONT FontOf(HWND hwnd)
+{
+    return reinterpret_cast<HFONT>(SendMessageW(hwnd, WM_GETFONT, 0, 0));
+}
 
 // A text of a record: where its characters are, where it may show, and how high its font's em is.
 struct ShownText
@@ -88,8 +108,30 @@ inline RECT BoxIn(const RECT& rc, UINT uFormat, int cx, int cy)
     return {x, y, x + cx, y + cy};
 }
 
-// All texts that the window shows, in the order of their drawing. Broken texts count by their longest line.
-inline std::vector<ShownText> TextsOf(HWND hwnd)
+// The room that a text takes whose lines are broken at a rectangle's width.
+inline RECT BrokenBoxIn(const RECT& rc, UINT uFormat, const std::string& text, int em)
+{
+    std::vector<wchar_t> wide(text.size() + 1);
+    MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, wide.data(), static_cast<int>(wide.size()));
+    const HDC hdc = CreateCompatibleDC(nullptr);
+    const HFONT hFont = CreateFontW(-em, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Segoe UI");
+    const HGDIOBJ hFormer = SelectObject(hdc, hFont);
+    RECT rcBox = rc;
+    DrawTextW(hdc, wide.data(), -1, &rcBox, uFormat | DT_CALCRECT);
+    SelectObject(hdc, hFormer);
+    DeleteObject(hFont);
+    DeleteDC(hdc);
+    return rcBox;
+}
+
+enum class BrokenTexts
+{
+    Skip, // they break anew at every width
+    Show
+};
+
+// All texts that the window shows, in the order of their drawing.
+inline std::vector<ShownText> TextsOf(HWND hwnd, BrokenTexts broken = BrokenTexts::Skip)
 {
     static const std::regex DRAWN("\"([^\"]*)\" \\((-?\\d+),(-?\\d+),(-?\\d+),(-?\\d+)\\) 0x(\\w+) "
                                   "font=\"[^\"]*\" (\\d+)");
@@ -113,10 +155,11 @@ inline std::vector<ShownText> TextsOf(HWND hwnd)
             const int cx = static_cast<int>(text.size()) * (em / 2);
             RECT rcRoom{};
             IntersectRect(&rcRoom, &rc, &rcClient);
-            if (uFormat & DT_WORDBREAK) {
-                continue; // breaks anew at every width
+            if (!(uFormat & DT_WORDBREAK)) {
+                texts.push_back({text, BoxIn(rc, uFormat, cx, em + em / 4), rcRoom, em});
+            } else if (broken == BrokenTexts::Show) {
+                texts.push_back({text, BrokenBoxIn(rc, uFormat, text, em), rcRoom, em});
             }
-            texts.push_back({text, BoxIn(rc, uFormat, cx, em + em / 4), rcRoom, em});
         }
     }
     return texts;

@@ -19,14 +19,6 @@ using gesso::Behavior;
 using gesso::Scale;
 using gesso::Scaling;
 
-constexpr UINT END = static_cast<UINT>(-1);
-
-// Also an object without a window.
-HFONT FontOf(HWND hwnd)
-{
-    return reinterpret_cast<HFONT>(SendMessageW(hwnd, WM_GETFONT, 0, 0));
-}
-
 void SetTextSize(DWORD dwPercent)
 {
     desk::SetRegistryNumber("Software\\Microsoft\\Accessibility", "TextScaleFactor", dwPercent);
@@ -37,18 +29,6 @@ RECT PlaceOf(HWND hwnd)
     RECT rc{};
     GetWindowRect(hwnd, &rc);
     return rc;
-}
-
-HWND TopLevelOf(const std::string& name)
-{
-    for (const HWND hwnd : desk::TopLevelWindows()) {
-        wchar_t text[32]{};
-        GetClassNameW(hwnd, text, 32);
-        if (Narrow(text) == name) {
-            return hwnd;
-        }
-    }
-    return nullptr;
 }
 
 class ScalingFollowTest : public ScalingTest
@@ -114,6 +94,30 @@ TEST_F(ScalingFollowTest, AFontThatAPaintHoldsGoesWhenItLetsGo)
     SelectObject(hdc, hFormer);
     DeleteDC(hdc);
     EXPECT_EQ(desk::Live()[desk::Kind::Font], nFonts);
+}
+
+TEST_F(ScalingFollowTest, AHostsFontOfACommandLinkOutlivesAChange)
+{
+    gesso::SetScaling(Scaling::PerMonitor);
+    GCommandButton link;
+    GLabel label;
+    const HWND hwnd = link.Create(0, 0, 80, 60, m_host, 1, L"Go", L"Note", 0, WS_CHILD | WS_VISIBLE);
+    label.Create(0, 0, 9, 9, m_host, 2, L"A", 0, WS_CHILD | WS_VISIBLE);
+    const HFONT hHosts = CreateFontW(-20, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, L"Arial");
+    SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(hHosts), 0);
+    desk::ChangeDpi(m_host, 192);
+    EXPECT_EQ(FontOf(hwnd), hHosts);
+    EXPECT_EQ(EmOf(hHosts), 20);
+    EXPECT_EQ(EmOf(link.GetNoteFont()), 24);
+    const HFONT hShared = label.GetFont();
+    SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(hShared), 0);
+    desk::ChangeDpi(m_host, 144);
+    EXPECT_EQ(EmOf(hShared), 24);
+    EXPECT_EQ(FontOf(hwnd), label.GetFont()) << "the default one follows";
+    link.Destroy();
+    EXPECT_EQ(EmOf(label.GetFont()), 18) << "of all windows with these dots";
+    label.Destroy();
+    DeleteObject(hHosts);
 }
 
 // --- Fields
@@ -295,33 +299,6 @@ TEST_F(ScalingFollowTest, TheTextSizeIsFollowedThoughAllTopLevelWindowsAreTheHos
     gesso::SetScaling(Scaling::None);
     EXPECT_EQ(desk::TopLevelWindows().size(), 1U) << "nobody listens any more";
     tree.Destroy();
-}
-
-// --- Dialogs
-
-struct ScaledDialogs : ScalingFollowTest
-{
-    // At 192 dots, to which the dialog comes.
-    std::string IconOf(Behavior behavior)
-    {
-        const WithBehavior with(behavior);
-        gesso::SetScaling(Scaling::PerMonitor);
-        std::string icon;
-        desk::WhenIdle([&] {
-            desk::ChangeDpi(GDialog::s_hActiveDlg, 192);
-            const RECT rc = ImageIn(GDialog::s_hActiveDlg);
-            icon = std::to_string(rc.right - rc.left) + "x" + std::to_string(rc.bottom - rc.top);
-            desk::TypeKey(VK_RETURN);
-        });
-        GTaskDialog::MessageBoxW(m_host, L"Text", L"Title", MB_OK | MB_ICONWARNING);
-        return icon;
-    }
-};
-
-TEST_F(ScaledDialogs, TheIconIsAsLargeAsTheDialogsDotsAskFor)
-{
-    EXPECT_EQ(IconOf(Behavior::Classic), "64x64");
-    EXPECT_EQ(IconOf(Behavior::Modern), "64x64");
 }
 
 } // namespace

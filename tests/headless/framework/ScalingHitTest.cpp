@@ -15,8 +15,6 @@ using gesso::Behavior;
 using gesso::Scale;
 using gesso::Scaling;
 
-constexpr UINT END = static_cast<UINT>(-1);
-
 class HitScaled : public ScalingTest, public testing::WithParamInterface<int>
 {
 protected:
@@ -26,19 +24,8 @@ protected:
         desk::SetWindowDpi(m_host, GetParam());
     }
     int At(int nPixels) const { return Scale(m_host, nPixels); }
-    // A window of a class that stands by itself.
-    static HWND TopLevelOf(const std::string& name)
-    {
-        for (const HWND hwnd : desk::TopLevelWindows()) {
-            wchar_t text[32]{};
-            GetClassNameW(hwnd, text, 32);
-            if (Narrow(text) == name) {
-                return hwnd;
-            }
-        }
-        return nullptr;
-    }
 };
+
 // The same of a text that may be broken, on its first line.
 void ClickOnBroken(HWND hwnd, const std::string& text)
 {

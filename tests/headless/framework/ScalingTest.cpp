@@ -24,7 +24,6 @@ using gesso::Scaling;
 
 constexpr auto TEXT_KEY = "Software\\Microsoft\\Accessibility";
 constexpr auto TEXT_VALUE = "TextScaleFactor";
-constexpr UINT END = static_cast<UINT>(-1);
 constexpr UINT MANY = 100;
 
 class ProbeTree : public GTree
@@ -532,49 +531,6 @@ TYPED_TEST(EveryControlScaled, SurvivesWhateverFailsWhileTheDotsChange)
     SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
     EXPECT_EQ(TextsOf(hwnd).size(), nTexts);
     DestroyWindow(hwnd);
-}
-
-// --- Dialogs
-
-struct Dialogs : ScalingTest
-{
-    void Check(gesso::Behavior behavior)
-    {
-        const WithBehavior with(behavior);
-        gesso::SetScaling(Scaling::PerMonitor);
-        RECT rcAt96{}, rcAt192{}, rcButton{};
-        size_t nButtons = 0;
-        desk::WhenIdle([&] {
-            const HWND hDlg = GDialog::s_hActiveDlg;
-            GetClientRect(hDlg, &rcAt96);
-            SetFocus(GetDlgItem(hDlg, IDNO));
-            desk::ChangeDpi(hDlg, 192);
-            desk::Pump();
-            GetClientRect(hDlg, &rcAt192);
-            EXPECT_EQ(GetFocus(), GetDlgItem(hDlg, IDNO));
-            for (const int nId : {IDYES, IDNO}) {
-                GetWindowRect(GetDlgItem(hDlg, nId), &rcButton);
-                MapWindowPoints(nullptr, hDlg, reinterpret_cast<POINT*>(&rcButton), 2);
-                EXPECT_LE(rcButton.right, rcAt192.right);
-                EXPECT_LE(rcButton.bottom, rcAt192.bottom);
-                EXPECT_GE(rcButton.bottom - rcButton.top, 40);
-                EXPECT_EQ(EmOf(reinterpret_cast<HFONT>(SendDlgItemMessageW(hDlg, nId, WM_GETFONT, 0, 0))),
-                          24);
-                ++nButtons;
-            }
-            desk::TypeKey(VK_RETURN);
-        });
-        GTaskDialog::MessageBoxW(m_host, L"A text of some length, so that it wants room", L"Title", MB_YESNO);
-        EXPECT_EQ(nButtons, 2U);
-        EXPECT_GE(rcAt192.right, 2 * rcAt96.right - 4);
-        EXPECT_GE(rcAt192.bottom, 2 * rcAt96.bottom - 4);
-    }
-};
-
-TEST_F(Dialogs, AMessageBoxFollowsWhileItIsOpen)
-{
-    Check(gesso::Behavior::Classic);
-    Check(gesso::Behavior::Modern);
 }
 
 } // namespace
