@@ -1,5 +1,6 @@
 #include <gallery/Canvas.h>
 #include <gallery/Fonts.h>
+#include <gallery/Report.h>
 #include <gallery/Scale.h>
 
 #include <algorithm>
@@ -172,6 +173,11 @@ HWND Grid::AddTemplate(LPCWSTR pszCaption, int nTemplate)
     const HWND hwnd = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(nTemplate),
                                          m_canvas.Window(), &ForwardToPage, 0);
     const HWND hwndControl = GetWindow(hwnd, GW_CHILD);
+    // The platform made the template's font for the first screen's dots, and not for this window's. A command
+    // link has the style's.
+    if (gesso::GetScaling() != gesso::Scaling::None && ClassOf(hwndControl) != L"GCommandButton") {
+        SendMessageW(hwndControl, WM_SETFONT, reinterpret_cast<WPARAM>(g_hDefaultFont), FALSE);
+    }
     const int cx = rc.right - rc.left;
     const int cy = rc.bottom - rc.top;
     SetWindowPos(hwnd, nullptr, rc.left, rc.top, cx, cy, SWP_NOZORDER | SWP_NOACTIVATE);

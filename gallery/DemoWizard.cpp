@@ -152,7 +152,7 @@ DemoWizard::DemoWizard(UINT nPages)
 
 DemoWizard::~DemoWizard() = default;
 
-INT_PTR CALLBACK DemoWizard::PageProc(HWND hwnd, UINT uMsg, WPARAM, LPARAM lParam)
+INT_PTR CALLBACK DemoWizard::PageProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
     if (uMsg == WM_INITDIALOG) {
         SetWindowLongPtrW(hwnd, DWLP_USER, lParam);
@@ -161,7 +161,8 @@ INT_PTR CALLBACK DemoWizard::PageProc(HWND hwnd, UINT uMsg, WPARAM, LPARAM lPara
     }
     auto* pPage = reinterpret_cast<DemoPage*>(GetWindowLongPtrW(hwnd, DWLP_USER));
     switch (uMsg) {
-    case WM_CTLCOLORDLG: return reinterpret_cast<INT_PTR>(PageBrush());
+    case WM_CTLCOLORDLG:
+        return SendMessageW(::GetParent(hwnd), uMsg, wParam, lParam); // the wizard's own ground
     case WM_COMMAND: pPage->OnCommand(reinterpret_cast<HWND>(lParam)); return TRUE;
     case WM_NOTIFY:
         // The page's own controls report too.

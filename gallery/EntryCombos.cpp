@@ -1,5 +1,6 @@
 #include <gallery/EntryCombos.h>
 #include <gallery/Fonts.h>
+#include <gallery/Scale.h>
 
 #include <algorithm>
 #include <string>
@@ -96,8 +97,10 @@ Exhibit EntryCombos::OpenList() const
     const HWND hwnd = *m_combos.front();
     RECT rc{};
     GetWindowRect(hwnd, &rc);
-    const RECT rcPart{rc.left - GAP, rc.top - Grid::HEADING_HEIGHT - 8, rc.left + BLOCK_WIDTH + GAP,
-                      rc.bottom + 180};
+    const bool fMirrored = GetWindowLongW(hwnd, GWL_EXSTYLE) & WS_EX_LAYOUTRTL;
+    const LONG xFirst = fMirrored ? rc.right - Scaled(BLOCK_WIDTH) : rc.left; // the block's left edge
+    const RECT rcPart{xFirst - Scaled(GAP), rc.top - Scaled(Grid::HEADING_HEIGHT + 8),
+                      xFirst + Scaled(BLOCK_WIDTH + GAP), rc.bottom + Scaled(180)};
     const auto open = [hwnd] {
         SetFocus(hwnd);
         SendMessageW(hwnd, CB_SETMINVISIBLE, ROWS_IN_PICTURE, 0);

@@ -4,6 +4,7 @@
 #include <gallery/Fonts.h>
 #include <gallery/Marks.h>
 #include <gallery/Pages.h>
+#include <gallery/Scale.h>
 #include <gallery/Slices.h>
 
 namespace gallery {
@@ -104,8 +105,8 @@ public:
     {
         RECT rcPart{};
         GetWindowRect(*m_pList, &rcPart);
-        InflateRect(&rcPart, GAP, GAP);
-        rcPart.top -= LIST_TOP - FIRST_BLOCK;
+        InflateRect(&rcPart, Scaled(GAP), Scaled(GAP));
+        rcPart.top -= Scaled(LIST_TOP - FIRST_BLOCK);
         const auto options = [this](View view, bool fGroups) {
             ChooseView(*m_views[view]);
             m_options[GROUPS]->SetCheck(fGroups ? BST_CHECKED : BST_UNCHECKED);

@@ -135,6 +135,9 @@ LRESULT WrapView::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_LBUTTONUP: ReleaseCapture(); return 0;
     case WM_CAPTURECHANGED: m_fDragging = false; return 0;
+    case WM_SIZE:
+        SetWidth(Scaled(FIRST_WIDTH));
+        return 0; // it is made for 96 dots, and brought to the page's
     default: return PaintBox::OnMessage(uMsg, wParam, lParam);
     }
 }

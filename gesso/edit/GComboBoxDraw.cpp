@@ -44,7 +44,7 @@ RECT GComboBox::FieldRect(HDC hdc, int nState) const
         nBorder = gesso::SystemMetric(m_hWnd, SM_CXEDGE);
     }
     InflateRect(&rc, -nBorder, -nBorder);
-    return ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::EntryField).ContentOf(rc);
+    return ThemePart(m_hTheme, hdc, CP_READONLY, nState, PlainPart::EntryField).In(m_hWnd).ContentOf(rc);
 }
 
 // Fixed behaviour: the button's room is left free also by the kinds that have none; their text would reach

@@ -51,7 +51,7 @@ bool GEdit::HasBorder() const
 RECT GEdit::TextRect() const
 {
     const RECT rcClient = ClientRect(m_hWnd);
-    const LONGLONG nInset = LONGLONG{m_nMargin} + 1;
+    const LONGLONG nInset = LONGLONG{m_nMargin} + gesso::Pixels(m_hWnd, gesso::Metrics::EDIT_INSET);
     return {Saturated(nInset), Saturated(nInset), Saturated(rcClient.right - nInset),
             Saturated(rcClient.bottom - nInset)};
 }

@@ -44,6 +44,26 @@ UINT DeviceDpi()
     return nDpi > 0 ? static_cast<UINT>(nDpi) : UINT{USER_DEFAULT_SCREEN_DPI};
 }
 
+// Of a class that the library draws nothing of: where a class has one handle, opening it for other dots
+// changes what is drawn with it. Null where the style does not have it.
+int MarginOfTips(UINT uDpi)
+{
+    MARGINS margins{};
+    if (const HTHEME hTheme = OpenPlatformTheme(nullptr, L"TOOLTIP", uDpi)) {
+        GetThemeMargins(hTheme, nullptr, TTP_STANDARD, TTSS_NORMAL, TMT_CONTENTMARGINS, nullptr, &margins);
+        CloseThemeData(hTheme);
+    }
+    return margins.cxLeftWidth;
+}
+
+enum class Told
+{
+    Nothing,
+    Yes,
+    No
+};
+constinit std::atomic<Told> s_marginsScale = Told::Nothing;
+
 } // namespace
 
 UINT PlatformDpi()
@@ -94,6 +114,21 @@ HTHEME OpenPlatformTheme(HWND hwnd, LPCWSTR pszClass, UINT uDpi)
 {
     const auto pfn = s_openThemeForDpi.Get();
     return pfn ? pfn(hwnd, pszClass, uDpi) : OpenThemeData(hwnd, pszClass);
+}
+
+bool DoMarginsScale()
+{
+    if (s_marginsScale == Told::Nothing) {
+        const int nMargin = MarginOfTips(USER_DEFAULT_SCREEN_DPI);
+        const bool fSame = nMargin > 0 && MarginOfTips(2 * USER_DEFAULT_SCREEN_DPI) == nMargin;
+        s_marginsScale = fSame ? Told::No : Told::Yes;
+    }
+    return s_marginsScale == Told::Yes;
+}
+
+void ForgetMargins()
+{
+    s_marginsScale = Told::Nothing;
 }
 
 } // namespace gesso

@@ -17,5 +17,9 @@ bool PlatformCaptionFont(UINT uDpi, LOGFONTW* pFont);
 // The platform lays a dialog out for other dots by itself, where it knows how to: from now on it does not.
 void LeaveLayoutToProgram(HWND hDlg);
 HTHEME OpenPlatformTheme(HWND hwnd, LPCWSTR pszClass, UINT uDpi);
+// Whether the margins of a style's parts are those of the dots that it is opened for: Wine has the same for
+// all. Asked of the platform once, and again after ForgetMargins.
+bool DoMarginsScale();
+void ForgetMargins();
 
 } // namespace gesso

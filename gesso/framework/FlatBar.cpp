@@ -71,7 +71,8 @@ void DrawBarArrow(HDC hdc, const RECT& rc, const FlatPart& part)
             FillColor(hdc, Deflated(rc, part.nLine, part.nLine), ColorOf(Color::ButtonHotFace));
         }
     }
-    const int nReach = std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 10);
+    const int nReach =
+        std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 10 * part.nLine);
     DrawTriangle(hdc, rc, PointingOf(part.nState), nReach,
                  ColorOf(fStands ? Color::BarHotArrow : Color::BarArrow));
 }

@@ -66,7 +66,8 @@ void DrawLinkGlyph(HDC hdc, const RECT& rc, const FlatPart& part)
     const COLORREF cr = nState == PBS_DISABLED ? ColorOf(ColorRole::DisabledText)
                         : IsContrast()         ? ColorOf(ColorRole::PanelText)
                                                : ColorOf(ColorRole::Accent);
-    DrawArrow(hdc, rc, Pointing::Right, {std::clamp<int>((rc.right - rc.left) / 3, 3, 14), part.nLine}, cr);
+    DrawArrow(hdc, rc, Pointing::Right,
+              {std::clamp<int>((rc.right - rc.left) / 3, 3, 14 * part.nLine), part.nLine}, cr);
 }
 
 void DrawBack(HDC hdc, const RECT& rc, const FlatPart& part)
@@ -79,7 +80,7 @@ void DrawBack(HDC hdc, const RECT& rc, const FlatPart& part)
         DrawRoundBox(hdc, rcDisc, ButtonLook(part), rcDisc.right - rcDisc.left, CLR_DEFAULT);
     }
     DrawArrow(hdc, rcDisc, Pointing::Left,
-              {std::clamp<int>((rcDisc.right - rcDisc.left) / 4, 2, 14), part.nLine},
+              {std::clamp<int>((rcDisc.right - rcDisc.left) / 4, 2, 14 * part.nLine), part.nLine},
               ColorOf(nState == PBS_DISABLED ? ColorRole::DisabledText : ColorRole::PanelText));
 }
 

@@ -36,7 +36,20 @@ wchar_t MnemonicOf(LPCWSTR psz)
 
 FlatMenu::FlatMenu(std::span<const CommandEntry> entries, bool fShowsMnemonics)
     : m_entries(entries), m_fShowsMnemonics(fShowsMnemonics)
-{}
+{
+    for (const CommandEntry& entry : entries) {
+        const UINT n = m_aTexts.Add(OString<wchar_t>());
+        if (n == NO_INDEX) {
+            return;
+        }
+        m_aTexts[n].Format(L"%s", entry.pszText ? entry.pszText : L"");
+    }
+}
+
+LPCWSTR FlatMenu::TextOf(UINT nEntry) const
+{
+    return nEntry < m_aTexts.GetLength() ? static_cast<LPCWSTR>(m_aTexts[nEntry]) : L"";
+}
 
 UINT FlatMenu::Run(HWND hwndOwner, POINT ptScreen)
 {
@@ -83,7 +96,7 @@ SIZE FlatMenu::SizeIn(HWND hwnd) const
     for (UINT n = 0; n < Count(); ++n) {
         RECT rcText{};
         if (IsCommand(n)) {
-            DrawTextW(context, m_entries[n].pszText, -1, &rcText, DT_CALCRECT | TEXT_FORMAT);
+            DrawTextW(context, TextOf(n), -1, &rcText, DT_CALCRECT | TEXT_FORMAT);
         }
         cxText = std::max<int>(cxText, rcText.right);
         cy += HeightOf(hwnd, n);
@@ -174,7 +187,7 @@ void FlatMenu::OnMenuCharacter(wchar_t ch)
     UINT nFound = NO_INDEX, nFits = 0;
     for (UINT nStep = 1; nStep <= nCount; ++nStep) {
         const UINT n = (m_nMarked + nStep) % nCount; // from none on: the first
-        if (IsCommand(n) && MnemonicOf(m_entries[n].pszText) == FoldCase(ch)) {
+        if (IsCommand(n) && MnemonicOf(TextOf(n)) == FoldCase(ch)) {
             nFound = nFits++ ? nFound : n;
         }
     }
@@ -239,8 +252,7 @@ void FlatMenu::DrawCaption(HDC hdc, UINT nEntry, const RECT& rc) const
                                               : ColorOf(ColorRole::WindowText));
     RECT rcText = rc;
     InflateRect(&rcText, -Pixels(m_hWnd, Metrics::MENU_TEXT), 0);
-    DrawTextW(hdc, m_entries[nEntry].pszText, -1, &rcText,
-              TEXT_FORMAT | (m_fShowsMnemonics ? 0 : DT_HIDEPREFIX));
+    DrawTextW(hdc, TextOf(nEntry), -1, &rcText, TEXT_FORMAT | (m_fShowsMnemonics ? 0 : DT_HIDEPREFIX));
 }
 
 // --- Messages

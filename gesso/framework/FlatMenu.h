@@ -4,6 +4,8 @@
 #pragma once
 
 #include <gesso/containers/Index.h>
+#include <gesso/containers/OArray.h>
+#include <gesso/containers/OString.h>
 #include <gesso/framework/CommandMenu.h>
 #include <gesso/framework/GWnd.h>
 #include <gesso/framework/MenuLoop.h>
@@ -14,7 +16,7 @@ class FlatMenu final : public GWnd, private MenuLoop
 {
 public:
     FlatMenu() = default; // of a window that nobody runs
-    // The entries outlive it.
+    // The entries outlive it; the texts, which a program may change meanwhile, are copied.
     FlatMenu(std::span<const CommandEntry> entries, bool fShowsMnemonics);
 
     // The command, or 0.
@@ -48,7 +50,10 @@ private:
     void DrawEntry(HDC hdc, UINT nEntry) const;
     void DrawCaption(HDC hdc, UINT nEntry, const RECT& rc) const;
 
+    LPCWSTR TextOf(UINT nEntry) const;
+
     std::span<const CommandEntry> m_entries;
+    OArray<OString<wchar_t>, OString<wchar_t> const&> m_aTexts; // of the entries, as far as there was memory
     bool m_fShowsMnemonics = false;
     POINT m_ptPlace{};
     HFONT m_hFont = nullptr;

@@ -50,7 +50,7 @@ void DrawDropDown(HDC hdc, const RECT& rc, const FlatPart& part)
         FillColor(hdc, Deflated(rc, part.nLine, part.nLine),
                   ColorOf(nState == CBXS_HOT ? Color::ButtonHotFace : Color::ButtonPressedFace));
     }
-    const int nReach = std::clamp<int>((rc.right - rc.left) / 4, 2, 12);
+    const int nReach = std::clamp<int>((rc.right - rc.left) / 4, 2, 12 * part.nLine);
     DrawChevron(hdc, rc, Pointing::Down, {nReach, part.nLine},
                 fDisabled ? ColorOf(ColorRole::DisabledText) : GetTextColor(hdc));
 }
@@ -88,7 +88,7 @@ void DrawRow(HDC hdc, const RECT& rc, const FlatPart& part)
     } else if (look.fHot) {
         FillColor(hdc, rc, ColorOf(ColorRole::HotRow));
     }
-    const int nMark = std::clamp<int>((rc.bottom - rc.top) / 7, 2, 8);
+    const int nMark = std::clamp<int>((rc.bottom - rc.top) / 7, 2, 8 * part.nLine);
     if (!IsContrast()) {
         if (look.fSelected && look.fFocused) {
             FillColor(hdc, {rc.left, rc.top, rc.left + nMark, rc.bottom}, ColorOf(ColorRole::Accent));
@@ -162,7 +162,8 @@ void DrawFooter(HDC hdc, const RECT& rc, int nLine)
 void DrawTreeGlyph(HDC hdc, const FlatPart& part, const RECT& rc)
 {
     const bool fOpen = part.nState == GLPS_OPENED;
-    const int nReach = std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 12);
+    const int nReach =
+        std::clamp<int>(std::min(rc.right - rc.left, rc.bottom - rc.top) / 5, 2, 12 * part.nLine);
     const bool fAccent = part.nPart == TVP_HOTGLYPH && !IsContrast();
     const COLORREF cr = fAccent ? ColorOf(ColorRole::Accent) : GetTextColor(hdc);
     DrawChevron(hdc, rc, fOpen ? Pointing::Down : Pointing::Right, {nReach, part.nLine}, cr);
@@ -217,7 +218,8 @@ void DrawFlatPart(HDC hdc, const FlatPart& part, const RECT& rcPart)
     case PlainPart::HeaderItem: DrawHeaderItem(hdc, rc, part); break;
     case PlainPart::SortArrow:
         DrawTriangle(hdc, rc, part.nState == HSAS_SORTEDUP ? Pointing::Up : Pointing::Down,
-                     std::clamp<int>((rc.bottom - rc.top) / 2 + 1, 2, 8), ColorOf(ColorRole::HeaderText));
+                     std::clamp<int>((rc.bottom - rc.top) / 2 + 1, 2, 8 * part.nLine),
+                     ColorOf(ColorRole::HeaderText));
         break;
     case PlainPart::DialogPanel: FillColor(hdc, rc, ColorOf(Color::DialogPane)); break;
     case PlainPart::DialogFooter: DrawFooter(hdc, rc, part.nLine); break;

@@ -73,6 +73,7 @@ inline constexpr Measure SCROLLBAR_BUTTON{17};  // the extent of a button of GSc
 inline constexpr Measure SCROLLBAR_SMALLEST_THUMB{22};
 
 // --- Edit fields and combo boxes
+inline constexpr Measure EDIT_INSET{1};      // of the text, besides the margin that a derived class has set
 inline constexpr Measure EDIT_HIT_SLACK{2};  // by which a point reaches the character behind it
 inline constexpr Measure COMBO_HIT_SLACK{3}; // the same in a combo box's field
 inline constexpr Measure COMBO_ROW_HEIGHT{22, MeasureKind::Text};

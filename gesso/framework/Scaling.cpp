@@ -242,6 +242,7 @@ void SetScaling(Scaling scaling)
         window.uDpi = DpiOf(window.hwnd);
     }
     const bool fOther = s_scaling.exchange(scaling) != scaling;
+    ForgetMargins();
     s_uSystemDpi = scaling == Scaling::None ? BASE_DPI : PlatformDpi();
     const int nPercent = scaling == Scaling::None ? FULL_TEXT : ReadTextPercent();
     const bool fOtherText = s_nTextPercent.exchange(nPercent) != nPercent;

@@ -1,6 +1,7 @@
 #include <gesso/framework/Colors.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/Direction.h>
+#include <gesso/framework/DpiApi.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/FlatPart.h>
 #include <gesso/framework/FlatShapes.h>
@@ -75,40 +76,67 @@ bool ThemePart::IsOpaque() const
                          : !IsThemeBackgroundPartiallyTransparent(m_hTheme, m_nPart, m_nState);
 }
 
-RECT ThemePart::ContentOf(const RECT& rc) const
+// Where the style has them for 96 dots alone, as large as the window asks for.
+MARGINS ThemePart::ContentMargins(RECT rc) const
 {
     MARGINS margins{};
-    RECT rcBounds = rc;
-    if (FAILED(GetThemeMargins(m_hTheme, m_hdc, m_nPart, m_nState, TMT_CONTENTMARGINS, &rcBounds, &margins)))
-    {
-        margins = {};
+    if (FAILED(GetThemeMargins(m_hTheme, m_hdc, m_nPart, m_nState, TMT_CONTENTMARGINS, &rc, &margins))) {
+        return {};
     }
-    rcBounds = m_hTheme ? RECT{Wrapped(int64_t{rc.left} + margins.cxLeftWidth),
-                               Wrapped(int64_t{rc.top} + margins.cyTopHeight),
-                               Wrapped(int64_t{rc.right} - margins.cxRightWidth),
-                               Wrapped(int64_t{rc.bottom} - margins.cyBottomHeight)}
-                        : PlainContentOf(rc);
-    LayoutOverlay::Add(m_hdc, rcBounds);
-    return rcBounds;
+    if (GetScaling() != Scaling::None && !DoMarginsScale()) {
+        for (int* pLength :
+             {&margins.cxLeftWidth, &margins.cxRightWidth, &margins.cyTopHeight, &margins.cyBottomHeight})
+        {
+            *pLength = MulDiv(*pLength, static_cast<int>(DpiOf(m_hWnd)), USER_DEFAULT_SCREEN_DPI);
+        }
+    }
+    return margins;
+}
+
+RECT ThemePart::ContentOf(const RECT& rc) const
+{
+    const MARGINS margins = ContentMargins(rc);
+    const RECT rcContent = m_hTheme ? RECT{Wrapped(int64_t{rc.left} + margins.cxLeftWidth),
+                                           Wrapped(int64_t{rc.top} + margins.cyTopHeight),
+                                           Wrapped(int64_t{rc.right} - margins.cxRightWidth),
+                                           Wrapped(int64_t{rc.bottom} - margins.cyBottomHeight)}
+                                    : PlainContentOf(rc);
+    LayoutOverlay::Add(m_hdc, rcContent);
+    return rcContent;
 }
 
 SIZE ThemePart::Size(HWND hwnd, const RECT* prc) const
 {
     SIZE size{};
     RECT rcBounds = prc ? *prc : RECT{};
-    const HRESULT hr =
-        GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE, &size);
-    if (SUCCEEDED(hr) && GetScaling() == Scaling::None) {
+    const bool fStyle = SUCCEEDED(
+        GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE, &size));
+    if (fStyle && GetScaling() == Scaling::None) {
         return size;
     }
-    const int nGlyph = Pixels(hwnd, Metrics::PLAIN_LINK_GLYPH);
-    if (!m_hTheme && m_plain == PlainPart::CommandLinkGlyph) {
-        return {nGlyph, nGlyph};
+    if (m_plain == PlainPart::CommandLinkGlyph && (fStyle || !m_hTheme)) {
+        const int nPlain = Pixels(hwnd, Metrics::PLAIN_LINK_GLYPH);
+        return fStyle ? GlyphSize(hwnd, size) : SIZE{nPlain, nPlain};
     }
-    const bool fGlyph = SUCCEEDED(hr) && !HasCheck(m_plain);
-    const SIZE usual = fGlyph ? SIZE{nGlyph, nGlyph}
-                              : SIZE{SystemMetric(hwnd, SM_CXMENUCHECK), SystemMetric(hwnd, SM_CYMENUCHECK)};
-    return FAILED(hr) || !IsAbout(size.cx, usual.cx) ? usual : size;
+    const SIZE usual{SystemMetric(hwnd, SM_CXMENUCHECK), SystemMetric(hwnd, SM_CYMENUCHECK)};
+    return !fStyle || !IsAbout(size.cx, usual.cx) ? usual : size;
+}
+
+// There is nothing of the system's that an arrow is as large as, but a box of the same class: where that is
+// of other dots, so is the arrow, and the class is opened anew.
+SIZE ThemePart::GlyphSize(HWND hwnd, SIZE size) const
+{
+    SIZE box{};
+    const bool fBox = SUCCEEDED(
+        GetThemePartSize(m_hTheme, m_hdc, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, nullptr, TS_TRUE, &box));
+    if (!fBox || IsAbout(box.cx, SystemMetric(hwnd, SM_CXMENUCHECK))) {
+        return size;
+    }
+    if (const HTHEME hTheme = OpenPlatformTheme(hwnd, L"BUTTON", DpiOf(hwnd))) {
+        GetThemePartSize(hTheme, m_hdc, m_nPart, m_nState, nullptr, TS_TRUE, &size);
+        CloseThemeData(hTheme);
+    }
+    return size;
 }
 
 int ThemePart::BorderSize() const

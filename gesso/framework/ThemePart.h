@@ -97,6 +97,8 @@ public:
 
 private:
     void DrawFlatBackground(const RECT& rc) const;
+    MARGINS ContentMargins(RECT rc) const;
+    SIZE GlyphSize(HWND hwnd, SIZE size) const;
     bool DrawStyleText(LPCWSTR psz, UINT uFormat, const RECT& rc) const;
     // Without a style.
     RECT PlainContentOf(const RECT& rc) const;

@@ -344,8 +344,8 @@ void SetDpi(int dpi);
 // or not, and WM_DPICHANGED_BEFOREPARENT and _AFTERPARENT to those below.
 void SetWindowDpi(HWND hwnd, int dpi);
 void ChangeDpi(HWND hwnd, int dpi);
-// Whether a class of the style has one handle, whose last dots an inch are those of all, as Wine has it, and
-// fonts that are the screen's in a context and have no height without one; false at first.
+// Whether a class of the style has one handle, whose last dots an inch are those of all, margins are those of
+// 96, and fonts are the screen's in a context and have no height without one, as Wine has it; false at first.
 void ShareThemeHandles(bool shared);
 // The keyboard's repeat delay, 0 to 3, and speed, 0 to 31.
 void SetKeyboardRepeat(int delay, int speed);

@@ -26,7 +26,11 @@ BOOL CALLBACK TakeMenu(HWND hwnd, LPARAM lResult)
 class DarkFieldMenuTest : public EditFixture
 {
 protected:
-    DarkFieldMenuTest() { gesso::SetColorScheme(gesso::ColorScheme::Dark); }
+    DarkFieldMenuTest()
+    {
+        user::Pump(); // an end of the program that another test has left would end the menus
+        gesso::SetColorScheme(gesso::ColorScheme::Dark);
+    }
     ~DarkFieldMenuTest() override { gesso::SetColorScheme(gesso::ColorScheme::Light); }
 
     // The text, with what the user does while the menu is there.

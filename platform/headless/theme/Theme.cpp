@@ -298,7 +298,7 @@ HRESULT WINAPI GetThemeMargins(HTHEME theme, HDC, int part, int state, int prope
     }
     return Answer(theme, "GetThemeMargins", margins, [=](const std::string& themeClass) {
         std::optional<MARGINS> found = FindThemeMargins(themeClass, part, state, property);
-        if (found) {
+        if (found && !AreThemeHandlesShared()) {
             for (int* length :
                  {&found->cxLeftWidth, &found->cxRightWidth, &found->cyTopHeight, &found->cyBottomHeight}) {
                 *length = ScaledFor(theme, *length);

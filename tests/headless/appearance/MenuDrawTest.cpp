@@ -173,3 +173,19 @@ TEST_F(MenuDrawTest, ItEndsWithItsOwnerWithTheProgramAndWithAnotherScale)
     MSG msg{};
     EXPECT_FALSE(GetMessageW(&msg, nullptr, 0, 0)) << "the loop around it ends too";
 }
+
+// A program may change its language while the menu is there.
+TEST_F(MenuDrawTest, ItsTextsAreItsOwn)
+{
+    const Ground ground;
+    gesso::SetColorScheme(ColorScheme::Dark);
+    wchar_t text[] = L"&Undo";
+    const gesso::CommandEntry entries[] = {{7, text, true}};
+    SetFocus(ground);
+    desk::WhenIdle([&] {
+        text[1] = L'X';
+        EXPECT_EQ(NextPaintBehind(Menu(), "DrawTextW \"&U").size(), 1u);
+        Escape(nullptr);
+    });
+    EXPECT_EQ(gesso::RunCommandMenu(ground, {100, 50}, entries, true), 0u);
+}

@@ -423,10 +423,77 @@ TEST_F(ScalingTest, SoIsTheGlyphOfACommandLink)
         }
         return LONG{0};
     };
-    EXPECT_EQ(glyphOf(hwndLarge), 32);
-    EXPECT_EQ(glyphOf(hwndSmall), 20); // what styles have at 96 dots, where the handle says 32
+    for (const int nSide : {16, 30}) { // as large as the style has it, whichever style that is
+        desk::SetThemePartSize("BUTTON", BP_COMMANDLINKGLYPH, 0, {nSide, nSide});
+        EXPECT_EQ(glyphOf(hwndLarge), 2 * nSide);
+        EXPECT_EQ(glyphOf(hwndSmall), nSide) << "where the handle says twice as much";
+        EXPECT_EQ(glyphOf(hwndLarge), 2 * nSide);
+    }
     more.Destroy();
     less.Destroy();
+}
+
+TEST_F(ScalingTest, SoIsTheRoomAroundTheTextOfAField)
+{
+    gesso::SetScaling(Scaling::PerMonitor);
+    const WithBehavior made(gesso::Behavior::Modern);
+    GEdit edit;
+    const HWND hwnd =
+        edit.Create(0, 0, 200, 80, m_host, 1, L"Text", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_MULTILINE, 0);
+    const auto roomAt = [&](UINT uDpi) {
+        SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(uDpi, uDpi), 0);
+        RECT rcClient{}, rcText{};
+        GetClientRect(hwnd, &rcClient);
+        SendMessageW(hwnd, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&rcText));
+        return std::pair{(200 - rcClient.right) / 2, rcText.left};
+    };
+    EXPECT_EQ(roomAt(96), (std::pair<LONG, LONG>{2, 1})) << "a border of one, and one within it";
+    EXPECT_EQ(roomAt(192), (std::pair<LONG, LONG>{4, 2}));
+    EXPECT_EQ(roomAt(96), (std::pair<LONG, LONG>{2, 1}));
+    edit.Destroy();
+}
+
+// A command link deletes the fonts that its host gave it, and takes another default font where it had one.
+TEST_F(ScalingTest, TheDefaultFontOutlivesACommandLinkThatWasGivenIt)
+{
+    gesso::SetScaling(Scaling::PerMonitor);
+    GLabel label;
+    label.Create(0, 0, 80, 20, m_host, 1, L"Text", 0, WS_CHILD | WS_VISIBLE);
+    GCommandButton link;
+    const HWND hwnd = link.Create(0, 0, 80, 60, m_host, 2, L"Go", nullptr, 0, WS_CHILD | WS_VISIBLE);
+    link.SetFont(g_hDefaultFont);
+    desk::ChangeDpi(m_host, 192);
+    link.SetFont(gesso::DefaultFontOf(hwnd));
+    link.Destroy();
+    EXPECT_EQ(EmOf(label.GetFont()), 24);
+    EXPECT_EQ(EmOf(g_hDefaultFont), 12);
+    label.Destroy();
+}
+
+// Where the style has them for 96 dots alone, texts would stand in the corner of their boxes.
+TEST_F(ScalingTest, SoAreTheMarginsOfAStyle)
+{
+    desk::SetThemeMargins("COMBOBOX", CP_READONLY, 0, TMT_CONTENTMARGINS, {3, 3, 4, 3});
+    desk::SetThemeMargins("TOOLTIP", TTP_STANDARD, 0, TMT_CONTENTMARGINS, {4, 4, 1, 1});
+    const auto textAt = [&](UINT uDpi) {
+        GComboBox combo;
+        const HWND hwnd =
+            combo.Create(0, 0, 200, 60, m_host, 1, WS_CHILD | WS_VISIBLE | GCBS_DROPDOWNLIST, 0);
+        combo.InsertItem(0, 0, L"Item", 0, nullptr);
+        combo.SetSelected(0);
+        SendMessageW(hwnd, WM_DPICHANGED_AFTERPARENT, MAKEWPARAM(uDpi, uDpi), 0);
+        const Lines lines = NextPaint(hwnd, "DrawThemeText");
+        combo.Destroy();
+        return lines.empty() ? ""
+                             : lines[0].substr(lines[0].find('('), lines[0].find(',') - lines[0].find('('));
+    };
+    for (const bool fShared : {false, true}) {
+        desk::ShareThemeHandles(fShared);
+        gesso::SetScaling(Scaling::PerMonitor);
+        EXPECT_EQ(textAt(96), "(4") << fShared;
+        EXPECT_EQ(textAt(192), "(7") << fShared << ": the border stays as thin as the style has it";
+        gesso::SetScaling(Scaling::None);
+    }
 }
 
 // --- All controls
