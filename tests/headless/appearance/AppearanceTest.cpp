@@ -381,6 +381,24 @@ TEST_F(AppearanceTest, AHostsShadesReachLightTexts)
     }
 }
 
+// In Light without a style; with one, or in the usual colours, they have their own shades.
+TEST_F(AppearanceTest, WithoutAStyleTreesHaveTheSystemsGroundWhereItIsNotWhite)
+{
+    const Ground ground;
+    GTree tree;
+    const HWND hwnd = tree.Create(0, 0, 100, 100, ground, 0, 0, WS_CHILD | WS_VISIBLE);
+    desk::SetSystemColor(COLOR_WINDOW, RGB(0x20, 0x20, 0x20));
+    desk::SetSystemColor(COLOR_WINDOWTEXT, WHITE);
+    EXPECT_EQ(Picture(hwnd).At(50, 50), WHITE);
+    desk::SetThemed(false);
+    EXPECT_EQ(Picture(hwnd).At(50, 50), RGB(0x20, 0x20, 0x20));
+    desk::SetSystemColor(COLOR_WINDOW, WHITE);
+    desk::SetSystemColor(COLOR_WINDOWTEXT, BLACK);
+    desk::SetSystemColor(COLOR_GRAYTEXT, RGB(0x80, 0x80, 0x80));
+    EXPECT_EQ(Picture(hwnd).At(50, 50), WHITE);
+    tree.Destroy();
+}
+
 TEST_F(AppearanceTest, AHostsShadeReachesTheRowOfAValueMenuInLight)
 {
     constexpr COLORREF OWN = RGB(0x12, 0x34, 0x56);
