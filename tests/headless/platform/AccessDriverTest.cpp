@@ -111,6 +111,25 @@ TEST_F(AccessDriverTest, TheActiveWindowComesFirstAndWhatItDisablesIsOutOfReach)
               "headless::Press: push button \"Behind\" is unavailable\n");
 }
 
+TEST_F(AccessDriverTest, ThingsAreFoundFromWithinALoop)
+{
+    const HWND top = MakeTop({0, 0, 400, 300}, [](HWND, UINT message, WPARAM, LPARAM) {
+        if (message == WM_COMMAND) {
+            PostQuitMessage(0);
+        }
+        return std::optional<LRESULT>();
+    });
+    MakeControl(L"BUTTON", L"Close", top, {0, 0, 50, 20});
+    bool pressed = false;
+    WhenIdle([&] { pressed = Press(BUTTON, "Close"); });
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0)) {
+        DispatchMessageW(&message);
+    }
+    EXPECT_TRUE(pressed);
+    EXPECT_FALSE(Deadlocked());
+}
+
 TEST_F(AccessDriverTest, ItemsOfAListAreSelected)
 {
     Story story;

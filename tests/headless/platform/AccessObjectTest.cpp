@@ -9,6 +9,7 @@ namespace {
 using AccessObjectTest = DesktopTest;
 
 constexpr LONG FOCUSABLE = STATE_SYSTEM_FOCUSABLE;
+constexpr auto CLIENT = static_cast<DWORD>(OBJID_CLIENT);
 
 std::string Told(HWND hwnd)
 {
@@ -223,7 +224,7 @@ TEST_F(AccessObjectTest, WhatNobodyTakesIsCountedAndGoesWithTheDesktop)
     const Census census = Live();
     const HWND top = MakeTop();
     IAccessible* kept = nullptr;
-    AccessibleObjectFromWindow(top, OBJID_CLIENT, IID_IAccessible, reinterpret_cast<void**>(&kept));
+    AccessibleObjectFromWindow(top, CLIENT, IID_IAccessible, reinterpret_cast<void**>(&kept));
     DestroyWindow(top);
     EXPECT_NE(Live(), census) << "a client that does not let go is found";
     kept->Release();
@@ -245,7 +246,7 @@ TEST_F(AccessObjectTest, PointsAndEventsLeadToTheChild)
     EXPECT_EQ(AccessibleObjectFromPoint({101, 101}, &found, &child), S_OK);
     EXPECT_EQ(V_I4(&child), CHILDID_SELF);
     EXPECT_EQ(Object(found).Window(), top);
-    EXPECT_EQ(AccessibleObjectFromEvent(hwnd, OBJID_CLIENT, 2, &found, &child), S_OK);
+    EXPECT_EQ(AccessibleObjectFromEvent(hwnd, CLIENT, 2, &found, &child), S_OK);
     EXPECT_EQ(V_I4(&child), 2);
     EXPECT_EQ(Object(found).Name(), "Shelf");
 

@@ -46,9 +46,9 @@ private:
     DWORD m_id = 0;
 };
 
-using AccessThreadTest = DesktopTest;
+using ThreadAccessTest = DesktopTest;
 
-TEST_F(AccessThreadTest, CallsGoThroughTheThreadOfTheObject)
+TEST_F(ThreadAccessTest, CallsGoThroughTheThreadOfTheObject)
 {
     Story story;
     story.items = {"one", "two"};
@@ -72,7 +72,7 @@ TEST_F(AccessThreadTest, CallsGoThroughTheThreadOfTheObject)
     EXPECT_EQ(story.references, 0);
 }
 
-TEST_F(AccessThreadTest, AClientThatStaysLongerThanTheThreadHoldsNothing)
+TEST_F(ThreadAccessTest, AClientThatStaysLongerThanTheThreadHoldsNothing)
 {
     Story story;
     Program program(story);
@@ -84,7 +84,7 @@ TEST_F(AccessThreadTest, AClientThatStaysLongerThanTheThreadHoldsNothing)
 }
 
 // The window's object lets its clients go.
-TEST_F(AccessThreadTest, DisconnectedClientsAreToldSo)
+TEST_F(ThreadAccessTest, DisconnectedClientsAreToldSo)
 {
     std::promise<HWND> made;
     Story story;
@@ -121,7 +121,7 @@ void CALLBACK Hear(HWINEVENTHOOK, DWORD, HWND, LONG, LONG, DWORD, DWORD)
     s_listener = GetCurrentThreadId();
 }
 
-TEST_F(AccessThreadTest, AHookOutOfContextHearsOnItsOwnThread)
+TEST_F(ThreadAccessTest, AHookOutOfContextHearsOnItsOwnThread)
 {
     Story story;
     Program program(story);
