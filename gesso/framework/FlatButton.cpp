@@ -116,22 +116,16 @@ COLORREF MarkColor(int nPress)
 void DrawCheckBox(HDC hdc, const RECT& rc, Check check, int nPress, int nLine)
 {
     const BoxLook look = LookOfBox(check, nPress, nLine);
+    const BoxSign sign = check == Check::Full    ? BoxSign::Tick
+                         : check == Check::Mixed ? BoxSign::Dash
+                                                 : BoxSign::None;
     if (!IsContrast()) {
-        DrawRoundBox(hdc, rc, look, BOX_CORNER * nLine, CLR_DEFAULT);
-    } else {
-        FillColor(hdc, rc, look.crFace);
-        nPress == PBS_DISABLED ? DashFrameColor(hdc, rc, look.crEdge, nLine)
-                               : FrameColor(hdc, rc, look.crEdge, look.nEdge);
+        return DrawRoundBox(hdc, rc, look, BOX_CORNER * nLine, CLR_DEFAULT, sign, MarkColor(nPress));
     }
-    const int nSide = rc.right - rc.left;
-    if (check == Check::Full) {
-        DrawCheckMark(hdc, rc, MarkColor(nPress));
-    } else if (check == Check::Mixed) {
-        const int nInset = std::max(nSide / 4, 1);
-        const int nThick = std::max(nSide / 6, 2);
-        const LONG y = rc.top + (nSide - nThick) / 2;
-        FillColor(hdc, {rc.left + nInset, y, rc.right - nInset, y + nThick}, MarkColor(nPress));
-    }
+    FillColor(hdc, rc, look.crFace);
+    nPress == PBS_DISABLED ? DashFrameColor(hdc, rc, look.crEdge, nLine)
+                           : FrameColor(hdc, rc, look.crEdge, look.nEdge);
+    DrawBoxSign(hdc, rc, sign, MarkColor(nPress));
 }
 
 // As the dashes of a box do it.
@@ -149,22 +143,16 @@ void DrawRadio(HDC hdc, const RECT& rc, Check check, int nPress, int nLine)
     const BoxLook look = LookOfBox(check, nPress, nLine);
     const int nSide = rc.right - rc.left;
     const COLORREF crDot = MarkColor(nPress);
-    const RECT rcDot = Deflated(rc, (nSide + 1) / 3, (nSide + 1) / 3);
-    if (IsContrast()) {
-        DrawPlainDisc(hdc, rc, look);
-        if (nPress == PBS_DISABLED) {
-            BreakRing(hdc, rc, look.crFace, nLine);
-        }
-    } else {
-        DrawRoundBox(hdc, rc, look, nSide, CLR_DEFAULT);
+    if (!IsContrast()) {
+        const BoxSign sign = check == Check::None ? BoxSign::None : BoxSign::Dot;
+        return DrawRoundBox(hdc, rc, look, nSide, CLR_DEFAULT, sign, crDot);
     }
-    if (check == Check::None) {
-        return;
+    DrawPlainDisc(hdc, rc, look);
+    if (nPress == PBS_DISABLED) {
+        BreakRing(hdc, rc, look.crFace, nLine);
     }
-    if (IsContrast()) {
-        DrawPlainDisc(hdc, rcDot, {crDot, crDot});
-    } else {
-        DrawRoundBox(hdc, rcDot, {crDot, crDot}, rcDot.right - rcDot.left, look.crFace);
+    if (check != Check::None) {
+        DrawPlainDisc(hdc, Deflated(rc, (nSide + 1) / 3, (nSide + 1) / 3), {crDot, crDot});
     }
 }
 

@@ -1,4 +1,5 @@
 #include <gesso/framework/FlatShapes.h>
+#include <gesso/framework/PictureCache.h>
 #include <gesso/framework/Saturate.h>
 
 #include <algorithm>
@@ -199,6 +200,65 @@ void DrawBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, const G
     }
 }
 
+// A short leg down and a long one up, a step a pixel.
+void DrawTick(HDC hdc, const RECT& rc, COLORREF cr)
+{
+    const int nSide = std::min(rc.right - rc.left, rc.bottom - rc.top);
+    const int nShort = std::max(nSide * 2 / 13, 1);
+    const int nLong = std::max(nSide * 5 / 13 - 1, 2);
+    const int nThick = std::max((nSide + 4) / 8, 2);
+    const int xStart = rc.left + (nSide - nShort - nLong - 1) / 2;
+    const int yStart = rc.top + (nSide - nThick) / 2 + (nLong - nShort) / 2;
+    for (int i = 0; i <= nShort + nLong; ++i) {
+        const int y = i <= nShort ? yStart + i : yStart + 2 * nShort - i;
+        FillColor(hdc, {xStart + i, y, xStart + i + 1, y + nThick}, cr);
+    }
+}
+
+// A round box with its sign, all of which is told by numbers.
+class SignedBox final : public CacheableDrawing
+{
+public:
+    SignedBox(const BoxLook& look, int nRadius2, const Grounds& grounds, BoxSign sign, COLORREF crSign)
+        : m_look(look), m_nRadius2(nRadius2), m_grounds(grounds), m_sign(sign), m_crSign(crSign)
+    {}
+
+    PictureKey Key() const override
+    {
+        return {nullptr,
+                {m_look.crFace, m_look.crEdge, static_cast<DWORD>(m_look.nEdge),
+                 static_cast<DWORD>(m_nRadius2), m_grounds.crLeftTop, m_grounds.crRightTop,
+                 m_grounds.crLeftBottom, m_grounds.crRightBottom, static_cast<DWORD>(m_sign), m_crSign}};
+    }
+    bool IsWorthwhile() const override { return true; }
+    bool Draw(HDC hdc, const RECT& rc) const override
+    {
+        DrawBox(hdc, rc, m_look, m_nRadius2, &m_grounds);
+        if (m_sign == BoxSign::Dot) {
+            DrawDot(hdc, rc);
+        } else {
+            DrawBoxSign(hdc, rc, m_sign, m_crSign);
+        }
+        return true;
+    }
+
+private:
+    void DrawDot(HDC hdc, const RECT& rc) const
+    {
+        const int nInset = (rc.right - rc.left + 1) / 3;
+        const RECT rcDot = Deflated(rc, nInset, nInset);
+        const COLORREF cr = m_look.crFace;
+        const Grounds grounds{cr, cr, cr, cr};
+        DrawBox(hdc, rcDot, {m_crSign, m_crSign}, rcDot.right - rcDot.left, &grounds);
+    }
+
+    BoxLook m_look;
+    int m_nRadius2;
+    Grounds m_grounds;
+    BoxSign m_sign;
+    COLORREF m_crSign;
+};
+
 POINT MiddleOf(const RECT& rc)
 {
     return {static_cast<LONG>((int64_t{rc.left} + rc.right) / 2),
@@ -216,6 +276,95 @@ void FillTurned(HDC hdc, POINT pt, Pointing pointing, const RECT& rc, COLORREF c
     case Pointing::Left: rcAt = {-rc.bottom + 1, rc.left, -rc.top + 1, rc.right}; break;
     }
     FillColor(hdc, {pt.x + rcAt.left, pt.y + rcAt.top, pt.x + rcAt.right, pt.y + rcAt.bottom}, cr);
+}
+
+enum class SignShape
+{
+    Chevron,
+    Triangle,
+    Arrow
+};
+
+// A sign around the pixel in the middle of a square, all of which is told by numbers.
+class Sign final : public CacheableDrawing
+{
+public:
+    Sign(SignShape shape, Pointing pointing, SignSize size, COLORREF cr)
+        : m_shape(shape), m_pointing(pointing), m_size(size), m_cr(cr)
+    {}
+
+    PictureKey Key() const override
+    {
+        constexpr DWORD SIGNS = CLR_INVALID; // no face of a box
+        return {nullptr,
+                {SIGNS, static_cast<DWORD>(m_shape), static_cast<DWORD>(m_pointing),
+                 static_cast<DWORD>(m_size.nReach), static_cast<DWORD>(m_size.nLine), m_cr}};
+    }
+    bool IsWorthwhile() const override { return true; }
+    bool Draw(HDC hdc, const RECT& rc) const override
+    {
+        const POINT pt{rc.left + Half(), rc.top + Half()};
+        switch (m_shape) {
+        case SignShape::Chevron: DrawChevron(hdc, pt); break;
+        case SignShape::Triangle: DrawTriangle(hdc, pt); break;
+        case SignShape::Arrow: DrawArrow(hdc, pt); break;
+        }
+        return true;
+    }
+    RECT SquareAround(POINT pt) const
+    {
+        return {pt.x - Half(), pt.y - Half(), pt.x + Half() + 1, pt.y + Half() + 1};
+    }
+
+private:
+    // What a sign reaches from the middle at most.
+    int Half() const { return m_size.nReach + m_size.nLine + 2; }
+
+    void DrawChevron(HDC hdc, POINT pt) const
+    {
+        const int nReach = m_size.nReach;
+        const int nTop = -(nReach + 1) / 2;
+        for (int i = -nReach; i <= nReach; ++i) {
+            const int y = nTop + nReach - std::abs(i);
+            FillTurned(hdc, pt, m_pointing, {i, y, i + 1, y + 1 + m_size.nLine}, m_cr);
+        }
+    }
+    void DrawTriangle(HDC hdc, POINT pt) const
+    {
+        const int nReach = m_size.nReach;
+        const int nTop = -nReach / 2;
+        for (int i = 0; i <= nReach; ++i) {
+            FillTurned(hdc, pt, m_pointing, {i - nReach, nTop + i, nReach - i + 1, nTop + i + 1}, m_cr);
+        }
+    }
+    void DrawArrow(HDC hdc, POINT pt) const
+    {
+        const int nReach = m_size.nReach, nLine = m_size.nLine;
+        const int nHead = (nReach + 1) / 2 + 1;
+        FillTurned(hdc, pt, m_pointing, {-(nLine - 1) / 2, -nReach, nLine / 2 + 1, nReach + 1}, m_cr);
+        for (int i = -nHead; i <= nHead; ++i) {
+            const int y = nReach - std::abs(i);
+            FillTurned(hdc, pt, m_pointing, {i, y - nLine, i + 1, y + 1}, m_cr);
+        }
+    }
+
+    SignShape m_shape;
+    Pointing m_pointing;
+    SignSize m_size;
+    COLORREF m_cr;
+};
+
+void DrawSign(HDC hdc, const RECT& rc, const Sign& sign)
+{
+    constexpr LONG FARTHEST = 0xFFFFFF; // nothing shows so far away
+    const POINT pt = MiddleOf(rc);
+    if (std::max(pt.x, pt.y) > FARTHEST || std::min(pt.x, pt.y) < -FARTHEST) {
+        return;
+    }
+    const RECT rcSign = sign.SquareAround(pt);
+    if (!DrawCached(sign, hdc, rcSign)) {
+        sign.Draw(hdc, rcSign);
+    }
 }
 
 } // namespace
@@ -259,7 +408,8 @@ void DashFrameColor(HDC hdc, const RECT& rc, COLORREF cr, int nWidth)
     }
 }
 
-void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround)
+void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround, BoxSign sign,
+                  COLORREF crSign)
 {
     if (rc.left >= rc.right || rc.top >= rc.bottom) {
         return;
@@ -269,7 +419,10 @@ void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, CO
     };
     const Grounds grounds{ground(rc.left, rc.top), ground(rc.right - 1, rc.top),
                           ground(rc.left, rc.bottom - 1), ground(rc.right - 1, rc.bottom - 1)};
-    DrawBox(hdc, rc, look, nRadius2, &grounds);
+    const SignedBox box(look, nRadius2, grounds, sign, crSign);
+    if (!DrawCached(box, hdc, rc)) {
+        box.Draw(hdc, rc);
+    }
 }
 
 void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look)
@@ -279,48 +432,29 @@ void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look)
 
 void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr)
 {
-    const POINT pt = MiddleOf(rc);
-    const int nReach = size.nReach;
-    const int nTop = -(nReach + 1) / 2;
-    for (int i = -nReach; i <= nReach; ++i) {
-        const int y = nTop + nReach - std::abs(i);
-        FillTurned(hdc, pt, pointing, {i, y, i + 1, y + 1 + size.nLine}, cr);
-    }
+    DrawSign(hdc, rc, Sign(SignShape::Chevron, pointing, size, cr));
 }
 
 void DrawTriangle(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr)
 {
-    const POINT pt = MiddleOf(rc);
-    const int nTop = -nReach / 2;
-    for (int i = 0; i <= nReach; ++i) {
-        FillTurned(hdc, pt, pointing, {i - nReach, nTop + i, nReach - i + 1, nTop + i + 1}, cr);
-    }
+    DrawSign(hdc, rc, Sign(SignShape::Triangle, pointing, {nReach, 0}, cr));
 }
 
 void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr)
 {
-    const POINT pt = MiddleOf(rc);
-    const int nReach = size.nReach;
-    const int nHead = (nReach + 1) / 2 + 1;
-    FillTurned(hdc, pt, pointing, {-(size.nLine - 1) / 2, -nReach, size.nLine / 2 + 1, nReach + 1}, cr);
-    for (int i = -nHead; i <= nHead; ++i) {
-        const int y = nReach - std::abs(i);
-        FillTurned(hdc, pt, pointing, {i, y - size.nLine, i + 1, y + 1}, cr);
-    }
+    DrawSign(hdc, rc, Sign(SignShape::Arrow, pointing, size, cr));
 }
 
-// A short leg down and a long one up, a step a pixel.
-void DrawCheckMark(HDC hdc, const RECT& rc, COLORREF cr)
+void DrawBoxSign(HDC hdc, const RECT& rc, BoxSign sign, COLORREF cr)
 {
-    const int nSide = std::min(rc.right - rc.left, rc.bottom - rc.top);
-    const int nShort = std::max(nSide * 2 / 13, 1);
-    const int nLong = std::max(nSide * 5 / 13 - 1, 2);
-    const int nThick = std::max((nSide + 4) / 8, 2);
-    const int xStart = rc.left + (nSide - nShort - nLong - 1) / 2;
-    const int yStart = rc.top + (nSide - nThick) / 2 + (nLong - nShort) / 2;
-    for (int i = 0; i <= nShort + nLong; ++i) {
-        const int y = i <= nShort ? yStart + i : yStart + 2 * nShort - i;
-        FillColor(hdc, {xStart + i, y, xStart + i + 1, y + nThick}, cr);
+    if (sign == BoxSign::Tick) {
+        DrawTick(hdc, rc, cr);
+    } else if (sign == BoxSign::Dash) {
+        const int nSide = rc.right - rc.left;
+        const int nInset = std::max(nSide / 4, 1);
+        const int nThick = std::max(nSide / 6, 2);
+        const LONG y = rc.top + (nSide - nThick) / 2;
+        FillColor(hdc, {rc.left + nInset, y, rc.right - nInset, y + nThick}, cr);
     }
 }
 

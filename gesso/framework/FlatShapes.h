@@ -18,10 +18,19 @@ struct BoxLook
     int nEdge = 1; // its width
 };
 
+enum class BoxSign
+{
+    None,
+    Tick,
+    Dash,
+    Dot
+};
+
 // A box with round corners of a radius in half pixels, whose edges go over into what is around it: the shade
 // given, or for CLR_DEFAULT what the context shows at its corners, where that can be told, else the panel's.
 // A radius of its whole side makes a disc of it.
-void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround);
+void DrawRoundBox(HDC hdc, const RECT& rc, const BoxLook& look, int nRadius2, COLORREF crAround,
+                  BoxSign sign = BoxSign::None, COLORREF crSign = 0);
 // The same in the shades given alone, none between them.
 void DrawPlainDisc(HDC hdc, const RECT& rc, const BoxLook& look);
 
@@ -44,8 +53,8 @@ struct SignSize
 void DrawChevron(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr);
 void DrawTriangle(HDC hdc, const RECT& rc, Pointing pointing, int nReach, COLORREF cr);
 void DrawArrow(HDC hdc, const RECT& rc, Pointing pointing, SignSize size, COLORREF cr);
-// As large as a box of the rectangle's size takes it.
-void DrawCheckMark(HDC hdc, const RECT& rc, COLORREF cr);
+// As large as a box of the rectangle's size takes it: a tick or a dash.
+void DrawBoxSign(HDC hdc, const RECT& rc, BoxSign sign, COLORREF cr);
 
 // A rectangle less so many pixels on each side.
 RECT Deflated(const RECT& rc, int cx, int cy);

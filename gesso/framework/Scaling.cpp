@@ -5,6 +5,7 @@
 #include <gesso/framework/MakeOnce.h>
 #include <gesso/framework/Metrics.h>
 #include <gesso/framework/OffscreenSurface.h>
+#include <gesso/framework/PictureCache.h>
 #include <gesso/framework/Saturate.h>
 #include <gesso/framework/SystemAppearance.h>
 #include <gesso/framework/WindowDpi.h>
@@ -293,6 +294,7 @@ void ForgetWindow(HWND hwnd)
     if (!HasLibraryWindows()) {
         ReleaseSharedFonts();
         OffscreenSurface::ReleaseSpare();
+        ReleasePictures();
     }
 }
 

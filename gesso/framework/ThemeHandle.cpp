@@ -16,6 +16,7 @@ void ThemeHandle::Open(HWND hwnd, LPCWSTR pszClass)
     Reset();
     const bool fScaled = GetScaling() != Scaling::None;
     Reset(fScaled ? OpenPlatformTheme(hwnd, pszClass, DpiOf(hwnd)) : OpenThemeData(hwnd, pszClass));
+    ForgetPartSizes();
 }
 
 } // namespace gesso

@@ -108,9 +108,7 @@ RECT ThemePart::ContentOf(const RECT& rc) const
 SIZE ThemePart::Size(HWND hwnd, const RECT* prc) const
 {
     SIZE size{};
-    RECT rcBounds = prc ? *prc : RECT{};
-    const bool fStyle = SUCCEEDED(
-        GetThemePartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc ? &rcBounds : nullptr, TS_TRUE, &size));
+    const bool fStyle = SUCCEEDED(CachedPartSize(m_hTheme, m_hdc, m_nPart, m_nState, prc, &size));
     if (fStyle && GetScaling() == Scaling::None) {
         return size;
     }
@@ -133,6 +131,7 @@ SIZE ThemePart::GlyphSize(HWND hwnd, SIZE size) const
         return size;
     }
     if (const HTHEME hTheme = OpenPlatformTheme(hwnd, L"BUTTON", DpiOf(hwnd))) {
+        ForgetPartSizes();
         GetThemePartSize(hTheme, m_hdc, m_nPart, m_nState, nullptr, TS_TRUE, &size);
         CloseThemeData(hTheme);
     }

@@ -47,6 +47,18 @@ RECT Moved(const RECT& r, const POINT& corner)
             Saturated(int64_t{corner.y} + r.bottom - r.top)};
 }
 
+// A pixel that is multiplied by its opacity, over another one.
+DWORD Blended(DWORD over, DWORD below)
+{
+    const DWORD shows = 255 - (over >> 24);
+    DWORD result = 0;
+    for (int shift = 0; shift < 32; shift += 8) {
+        const DWORD sum = (over >> shift & 0xFF) + ((below >> shift & 0xFF) * shows + 127) / 255;
+        result |= std::min<DWORD>(sum, 255) << shift;
+    }
+    return result;
+}
+
 bool Holds(const ContextState& state, HGDIOBJ object)
 {
     return state.pen == object || state.brush == object || state.font == object || state.bitmap == object;
@@ -212,6 +224,27 @@ void SetPixels(HDC hdc, const RECT& rect, DWORD value)
     auto* pixels = reinterpret_cast<DWORD*>(bitmap->pixels.data());
     for (LONG y = inside.top; y < inside.bottom; ++y) {
         std::fill_n(pixels + ptrdiff_t{y} * bitmap->width + inside.left, inside.right - inside.left, value);
+    }
+}
+
+void BlendPixels(HDC hdc, const RECT& rect, const DWORD* from, int stride, bool opaque)
+{
+    const Context* context = FindContext(hdc);
+    auto* bitmap = context ? Find<Bitmap>(context->state.bitmap) : nullptr;
+    if (!bitmap || bitmap->pixels.empty() || bitmap->bits != 32) {
+        return;
+    }
+    auto* pixels = reinterpret_cast<DWORD*>(bitmap->pixels.data());
+    const RECT bounds = context->Bounds();
+    for (LONG y = rect.top; y < rect.bottom; ++y) {
+        for (LONG x = rect.left; x < rect.right; ++x) {
+            const POINT at = context->OnSurface(context->ToDevice(POINT{x, y}));
+            if (PtInRect(&bounds, at)) {
+                DWORD& to = pixels[ptrdiff_t{at.y} * bitmap->width + at.x];
+                const DWORD pixel = from[ptrdiff_t{y - rect.top} * stride + x - rect.left];
+                to = opaque ? pixel : Blended(pixel, to);
+            }
+        }
     }
 }
 

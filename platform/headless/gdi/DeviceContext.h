@@ -20,6 +20,9 @@ void SetVisibleArea(HDC hdc, const Area& area);
 
 // Gives the pixels of a rectangle a value, where the context draws into a bitmap that has pixels of 32 bits.
 void SetPixels(HDC hdc, const RECT& rect, DWORD value);
+// The same with a picture of the rectangle's size, `stride` pixels a row, whose pixels are multiplied by
+// their opacity, which stands in the high byte; `opaque` for one that has none.
+void BlendPixels(HDC hdc, const RECT& rect, const DWORD* from, int stride, bool opaque);
 
 // Forgets what was drawn into a window, which is going.
 void ForgetDrawing(HWND hwnd);

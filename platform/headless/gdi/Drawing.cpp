@@ -218,7 +218,8 @@ BOOL WINAPI BitBlt(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, I
     return TRUE;
 }
 
-// What is drawn into the source joins the target, where it shows as much as the opacity lets it.
+// What is drawn into the source joins the target, where it shows as much as the opacity lets it. Pixels of
+// the source that have an opacity of their own go where the target has pixels, in their own size.
 BOOL WINAPI GdiAlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT fromX, INT fromY, INT fromCx,
                           INT fromCy, BLENDFUNCTION blend)
 {
@@ -231,19 +232,34 @@ BOOL WINAPI GdiAlphaBlend(HDC hdc, INT x, INT y, INT cx, INT cy, HDC from, INT f
         .Word("from")
         .Size(fromX, fromY, fromCx, fromCy)
         .Number(blend.SourceConstantAlpha);
+    const Context* source = FindContext(from);
+    const auto* bitmap = Find<Bitmap>(source->state.bitmap);
+    const RECT bounds = source->Bounds();
+    const RECT part = Spanned(fromX, fromY, fromCx, fromCy);
+    RECT inside;
+    const bool whole = IntersectRect(&inside, &bounds, &part) && EqualRect(&inside, &part);
+    if (blend.AlphaFormat == AC_SRC_ALPHA && whole && bitmap && !bitmap->pixels.empty() && cx == fromCx &&
+        cy == fromCy)
+    {
+        const auto* pixels = reinterpret_cast<const DWORD*>(bitmap->pixels.data());
+        BlendPixels(hdc, Spanned(x, y, cx, cy), pixels + ptrdiff_t{fromY} * bitmap->width + fromX,
+                    bitmap->width, false);
+    }
     return TRUE;
 }
 
-// Pixels are not kept of what is drawn; the first one tells the record which picture it was.
-INT WINAPI SetDIBitsToDevice(HDC hdc, INT x, INT y, DWORD cx, DWORD cy, INT, INT, UINT, UINT lines,
-                             LPCVOID bits, const BITMAPINFO*, UINT)
+// Of pixels of 32 bits, top down and all rows of them; the first one tells the record which picture it was.
+INT WINAPI SetDIBitsToDevice(HDC hdc, INT x, INT y, DWORD cx, DWORD cy, INT fromX, INT fromY, UINT,
+                             UINT lines, LPCVOID bits, const BITMAPINFO* info, UINT)
 {
     if (FaultFires("SetDIBitsToDevice") || !FindContext(hdc)) {
         return 0;
     }
-    Line(hdc, "SetDIBitsToDevice")
-        .Size(x, y, static_cast<int>(cx), static_cast<int>(cy))
-        .Hex(*static_cast<const DWORD*>(bits));
+    const int stride = info->bmiHeader.biWidth;
+    const DWORD* pixels = static_cast<const DWORD*>(bits) + ptrdiff_t{fromY} * stride + fromX;
+    const RECT rect = Spanned(x, y, static_cast<int>(cx), static_cast<int>(cy));
+    Line(hdc, "SetDIBitsToDevice").Put(rect).Hex(*pixels & 0xFFFFFF);
+    BlendPixels(hdc, rect, pixels, stride, true);
     return static_cast<INT>(lines);
 }
 

@@ -163,7 +163,8 @@ private:
 };
 
 // An image (TMT_BGTYPE) covers what lies below it; a transparent one (TMT_TRANSPARENT) covers the upper half;
-// one without pictures (TMT_IMAGECOUNT) covers nothing.
+// one of another opacity than 255 (TMT_ALPHALEVEL) lets it show through; one without pictures
+// (TMT_IMAGECOUNT) covers nothing.
 void CoverPixels(HDC hdc, const std::string& themeClass, int part, int state, const RECT& rect)
 {
     if (FindThemeInt(themeClass, part, state, TMT_BGTYPE) != BT_IMAGEFILE ||
@@ -175,7 +176,18 @@ void CoverPixels(HDC hdc, const std::string& themeClass, int part, int state, co
     if (FindThemeInt(themeClass, part, state, TMT_TRANSPARENT)) {
         covered.bottom -= (rect.bottom - rect.top) / 2;
     }
-    SetPixels(hdc, covered, static_cast<DWORD>(part << 8 | state));
+    const auto value = static_cast<DWORD>(part << 8 | state);
+    const auto opacity =
+        static_cast<DWORD>(FindThemeInt(themeClass, part, state, TMT_ALPHALEVEL).value_or(255));
+    if (opacity == 255) {
+        return SetPixels(hdc, covered, value);
+    }
+    const DWORD pixel = value | opacity << 24;
+    for (LONG y = covered.top; y < covered.bottom; ++y) {
+        for (LONG x = covered.left; x < covered.right; ++x) {
+            BlendPixels(hdc, {x, y, x + 1, y + 1}, &pixel, 1, false);
+        }
+    }
 }
 
 // Tells a window to draw its background into a context of one of its children.

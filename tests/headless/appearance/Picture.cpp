@@ -105,6 +105,16 @@ RECT Taken(const std::string& line, RECT rc)
     return rc;
 }
 
+// What is copied from the cache is drawn as it is the first time: the record does not tell its pixels.
+void PaintUncached(HWND hwnd)
+{
+    constexpr int ALWAYS = 1'000'000;
+    desk::Fail("GetGraphicsMode", ALWAYS); // only the cache asks for it
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ERASE);
+    desk::Pump();
+    desk::ClearFaults();
+}
+
 bool IsText(const std::string& line)
 {
     return line.starts_with("DrawTextW") || line.starts_with("DrawThemeText") ||
@@ -131,8 +141,7 @@ Picture::Picture(HWND hwnd)
     m_size = {rcWindow.right - rcWindow.left, rcWindow.bottom - rcWindow.top};
     m_pixels.assign(static_cast<size_t>(m_size.cx) * static_cast<size_t>(m_size.cy), UNPAINTED);
     desk::ClearDrawing(hwnd);
-    RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ERASE);
-    desk::Pump();
+    PaintUncached(hwnd);
     // What is drawn off the screen stands before the copy that shows it, which tells whether it was the
     // frame.
     Lines pending;
