@@ -254,11 +254,6 @@ COLORREF SystemColor(int nIndex)
     return GetSysColor(nIndex);
 }
 
-HBRUSH SystemBrush(int nIndex)
-{
-    return GetSysColorBrush(nIndex);
-}
-
 HBRUSH SystemBrush(HDC hdc, int nIndex)
 {
     const COLORREF cr = SystemColor(nIndex);
@@ -270,7 +265,7 @@ HBRUSH DialogBrush(HDC hdc)
     if (IsDrawnFlat()) {
         return BrushIn(hdc, ColorOf(Color::DialogPane));
     }
-    return IsDrawnInSystemColors() ? SystemBrush(COLOR_WINDOW)
+    return IsDrawnInSystemColors() ? SystemBrush(hdc, COLOR_WINDOW)
                                    : static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
 }
 

@@ -132,8 +132,6 @@ COLORREF HostColor(COLORREF crHost, bool fSet, ColorRole role);
 // One of the system's own, by its COLOR_ index: in Dark what stands for it, else the host's shade for that
 // where there is one.
 COLORREF SystemColor(int nIndex);
-// What the style's stand-ins are filled with in Light. Not deleted.
-HBRUSH SystemBrush(int nIndex);
 
 // Brushes to draw with in a context, or to answer who asks for one with the context. Not deleted: they are
 // the system's, or the context's own, whose colour is set.

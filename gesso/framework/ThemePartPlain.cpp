@@ -86,6 +86,13 @@ RECT Inset(const RECT& rc, int64_t cx, int64_t cy)
     return {Wrapped(rc.left + cx), Wrapped(rc.top + cy), Wrapped(rc.right - cx), Wrapped(rc.bottom - cy)};
 }
 
+// Of an arrow in a rectangle.
+int PlainReach(const RECT& rc)
+{
+    constexpr int64_t MOST = 256;
+    return static_cast<int>(std::clamp((int64_t{rc.right} - rc.left) / 3, int64_t{0}, MOST));
+}
+
 int Middle(LONG a, LONG b)
 {
     return static_cast<int>((int64_t{a} + b) / 2);
@@ -133,7 +140,7 @@ void ThemePart::DrawPlainButton(RECT rc, UINT uButton) const
         return DrawPlainField(rc);
     }
     if (m_nState == PBS_DEFAULTED || (m_fDefault && m_nState != PBS_DISABLED)) {
-        FrameRect(m_hdc, &rc, SystemBrush(COLOR_WINDOWFRAME));
+        FrameRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_WINDOWFRAME));
         rc = Inset(rc, 1, 1);
     }
     DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH | uButton);
@@ -151,12 +158,12 @@ void ThemePart::DrawPlainCheck(const RECT& rc, UINT uButton) const
     const auto share = [=](int n) { return static_cast<int>(std::max<int64_t>(nSide * n / BOX, 1)); };
     const RECT rcMark =
         Around(Middle(rc.left, rc.right), Middle(rc.top, rc.bottom), share(REACH), share(THICK), 1);
-    FillRect(m_hdc, &rcMark, SystemBrush(uButton & DFCS_INACTIVE ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
+    FillRect(m_hdc, &rcMark, SystemBrush(m_hdc, uButton & DFCS_INACTIVE ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
 }
 
 void ThemePart::DrawPlainField(RECT rc) const
 {
-    FillRect(m_hdc, &rc, SystemBrush(m_nState == CBXS_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
+    FillRect(m_hdc, &rc, SystemBrush(m_hdc, m_nState == CBXS_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
     DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT);
 }
 
@@ -179,25 +186,25 @@ void ThemePart::DrawPlainBackground(RECT rc) const
     case PlainPart::CheckBox: DrawPlainCheck(rc, uButton); break;
     case PlainPart::RadioButton: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONRADIO | uButton); break;
     case PlainPart::CommandLinkGlyph:
-        DrawArrow(m_hdc, rc, Pointing::Right, {static_cast<int>((rc.right - rc.left) / 3)},
+        DrawArrow(m_hdc, rc, Pointing::Right, {PlainReach(rc)},
                   SystemColor(uButton & DFCS_INACTIVE ? COLOR_GRAYTEXT : COLOR_HIGHLIGHT));
         break;
     case PlainPart::BackButton: DrawPlainFrame(rc, DFC_SCROLL, DFCS_SCROLLLEFT | uButton); break;
     case PlainPart::EntryField: DrawPlainField(rc); break;
     case PlainPart::OpenList:
-        FillRect(m_hdc, &rc, SystemBrush(COLOR_WINDOW));
-        FrameRect(m_hdc, &rc, SystemBrush(COLOR_WINDOWFRAME));
+        FillRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_WINDOW));
+        FrameRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_WINDOWFRAME));
         break;
     case PlainPart::DropDownButton: DrawPlainDropDown(rc, uButton); break;
     case PlainPart::ProgressBar: DrawEdge(m_hdc, &rc, BDR_SUNKENOUTER, BF_RECT | BF_MIDDLE); break;
-    case PlainPart::ProgressFill: FillRect(m_hdc, &rc, SystemBrush(COLOR_HIGHLIGHT)); break;
-    case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, SystemBrush(COLOR_SCROLLBAR)); break;
+    case PlainPart::ProgressFill: FillRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_HIGHLIGHT)); break;
+    case PlainPart::ScrollTrack: FillRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_SCROLLBAR)); break;
     case PlainPart::ScrollArrow: DrawPlainFrame(rc, DFC_SCROLL, PlainArrow(m_nState)); break;
     case PlainPart::ScrollThumb: DrawPlainFrame(rc, DFC_BUTTON, DFCS_BUTTONPUSH); break;
-    case PlainPart::DialogPanel: FillRect(m_hdc, &rc, SystemBrush(COLOR_WINDOW)); break;
-    case PlainPart::DialogFooter: FillRect(m_hdc, &rc, SystemBrush(COLOR_BTNFACE)); break;
+    case PlainPart::DialogPanel: FillRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_WINDOW)); break;
+    case PlainPart::DialogFooter: FillRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_BTNFACE)); break;
     case PlainPart::ItemView:
-        FillRect(m_hdc, &rc, SystemBrush(COLOR_WINDOW));
+        FillRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_WINDOW));
         DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT);
         break;
     case PlainPart::Row: DrawPlainRow(rc); break;
@@ -206,7 +213,7 @@ void ThemePart::DrawPlainBackground(RECT rc) const
         break;
     case PlainPart::SortArrow: DrawPlainSortArrow(rc); break;
     case PlainPart::EditBackground:
-        FillRect(m_hdc, &rc, SystemBrush(m_nState == EDIT_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
+        FillRect(m_hdc, &rc, SystemBrush(m_hdc, m_nState == EDIT_DISABLED ? COLOR_BTNFACE : COLOR_WINDOW));
         break;
     case PlainPart::EditBorder: DrawEdge(m_hdc, &rc, EDGE_SUNKEN, BF_RECT); break;
     case PlainPart::TreeGlyph: DrawPlainTreeGlyph(rc); break;
@@ -231,10 +238,10 @@ void ThemePart::DrawPlainRow(const RECT& rc) const
 {
     const bool fFilled = m_nState != LISS_NORMAL && m_nState != LISS_DISABLED && m_nState != LISS_HOT;
     if (fFilled) {
-        FillRect(m_hdc, &rc, SystemBrush(FillOfRow(m_nState)));
+        FillRect(m_hdc, &rc, SystemBrush(m_hdc, FillOfRow(m_nState)));
     }
     if (m_nState == LISS_HOT || m_nState == LISS_SELECTED || m_nState == LISS_HOTSELECTED) {
-        FrameRect(m_hdc, &rc, SystemBrush(COLOR_HIGHLIGHT));
+        FrameRect(m_hdc, &rc, SystemBrush(m_hdc, COLOR_HIGHLIGHT));
     }
 }
 
@@ -257,11 +264,11 @@ void ThemePart::DrawPlainTreeGlyph(const RECT& rc) const
     const RECT rcBox = Around(x, y, nBox, nBox, 1);
     const RECT rcAcross = Around(x, y, nMark, 0, 1);
     const RECT rcDown = Around(x, y, 0, nMark, 1);
-    FillRect(m_hdc, &rcBox, SystemBrush(COLOR_WINDOW));
-    FrameRect(m_hdc, &rcBox, SystemBrush(COLOR_GRAYTEXT));
-    FillRect(m_hdc, &rcAcross, SystemBrush(COLOR_WINDOWTEXT));
+    FillRect(m_hdc, &rcBox, SystemBrush(m_hdc, COLOR_WINDOW));
+    FrameRect(m_hdc, &rcBox, SystemBrush(m_hdc, COLOR_GRAYTEXT));
+    FillRect(m_hdc, &rcAcross, SystemBrush(m_hdc, COLOR_WINDOWTEXT));
     if (m_nState == GLPS_CLOSED) {
-        FillRect(m_hdc, &rcDown, SystemBrush(COLOR_WINDOWTEXT));
+        FillRect(m_hdc, &rcDown, SystemBrush(m_hdc, COLOR_WINDOWTEXT));
     }
 }
 

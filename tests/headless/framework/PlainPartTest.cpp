@@ -42,6 +42,21 @@ TEST_F(PlainPartTest, ArrowsPointTheirWayInEveryState)
     }
 }
 
+TEST_F(PlainPartTest, TheHostsShadeFillsThem)
+{
+    const COLORREF cr = RGB(0x12, 0x34, 0x56);
+    gesso::SetColor(gesso::ColorRole::Window, cr);
+    gesso::SetColor(gesso::ColorRole::Selection, cr);
+    for (const PlainPart plain : {PlainPart::EntryField, PlainPart::OpenList, PlainPart::EditBackground,
+                                  PlainPart::ItemView, PlainPart::DialogPanel, PlainPart::ProgressFill})
+    {
+        EXPECT_EQ(Drawn(plain, 1).at(0), "FillRect brush=123456") << static_cast<int>(plain);
+    }
+    gesso::SetColor(gesso::ColorRole::Window, CLR_DEFAULT);
+    gesso::SetColor(gesso::ColorRole::Selection, CLR_DEFAULT);
+    EXPECT_EQ(Drawn(PlainPart::DialogPanel, 1).at(0).rfind("FillRect brush=sys5 ", 0), 0U);
+}
+
 TEST_F(PlainPartTest, RowsAreFilledWhereTheyAreSelectedAndFramedUnderThePointer)
 {
     const auto kinds = [&](int nState) {
