@@ -1,5 +1,8 @@
 #include <gesso/edit/ComboListPlace.h>
+#include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Metrics.h>
 #include <gesso/framework/Saturate.h>
+#include <gesso/framework/Scaling.h>
 
 #include <algorithm>
 
@@ -62,6 +65,18 @@ RECT PlaceComboList(const ComboListRoom& room)
     PlaceVertically(room, &rc);
     PlaceAcross(room, &rc);
     return rc;
+}
+
+// A theme handle that all windows share may have been opened for more dots an inch meanwhile.
+SIZE ComboListFrame(HTHEME hComboTheme, HWND hwnd)
+{
+    SIZE size{};
+    const WindowContext hdc(hwnd);
+    const HRESULT hr = GetThemePartSize(hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size);
+    const bool fScaled = GetScaling() != Scaling::None;
+    const bool fSound =
+        SUCCEEDED(hr) && !(fScaled && std::max(size.cx, size.cy) > Pixels(hwnd, Metrics::COMBO_FRAME_MOST));
+    return fSound ? size : SIZE{SystemMetric(hwnd, SM_CXBORDER), SystemMetric(hwnd, SM_CYBORDER)};
 }
 
 } // namespace gesso

@@ -26,4 +26,8 @@ struct ComboListRoom
 // monitor; what is more than the control is at its right, and of a mirrored one at its left.
 RECT PlaceComboList(const ComboListRoom& room);
 
+// What the frame of a combo box's list takes off each side: the style's, or the system's where it has none,
+// and with scaling where the style's is that of other dots an inch.
+SIZE ComboListFrame(HTHEME hComboTheme, HWND hwnd);
+
 } // namespace gesso

@@ -1,9 +1,9 @@
+#include <gesso/edit/ComboListPlace.h>
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/BehaviorMark.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/Direction.h>
-#include <gesso/framework/DrawScope.h>
 #include <gesso/framework/ExplorerStyle.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Metrics.h>
@@ -22,7 +22,6 @@ using gesso::NO_INDEX;
 using gesso::Pixels;
 using gesso::PlainPart;
 using gesso::Saturated;
-using gesso::SystemMetric;
 using gesso::ThemePart;
 namespace Metrics = gesso::Metrics;
 
@@ -227,15 +226,7 @@ LRESULT GComboBoxList::OnThemeChanged()
 // What the frame takes off each side.
 SIZE GComboBoxList::FrameSize() const
 {
-    SIZE size{};
-    if (!(Frame::Style(*this) & WS_BORDER)) {
-        return size;
-    }
-    const gesso::WindowContext hdc(m_hWnd);
-    if (FAILED(GetThemePartSize(m_hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
-        size = {SystemMetric(m_hWnd, SM_CXBORDER), SystemMetric(m_hWnd, SM_CYBORDER)};
-    }
-    return size;
+    return Frame::Style(*this) & WS_BORDER ? gesso::ComboListFrame(m_hComboTheme, m_hWnd) : SIZE{};
 }
 
 LRESULT GComboBoxList::OnNcCalcSize(BOOL fValidRects, NCCALCSIZE_PARAMS* pParams)

@@ -122,16 +122,7 @@ GComboBox::Modern::Place GComboBox::Modern::PlaceNow() const
 // What the frame of the list takes off each side, also before there is a list.
 SIZE GComboBox::Modern::ListFrame() const
 {
-    if (List().IsOpen()) {
-        return List().FrameSize();
-    }
-    SIZE size{};
-    const gesso::WindowContext hdc(m_combo.m_hWnd);
-    if (FAILED(GetThemePartSize(m_combo.m_hTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size))) {
-        size = {gesso::SystemMetric(m_combo.m_hWnd, SM_CXBORDER),
-                gesso::SystemMetric(m_combo.m_hWnd, SM_CYBORDER)};
-    }
-    return size;
+    return List().IsOpen() ? List().FrameSize() : gesso::ComboListFrame(m_combo.m_hTheme, m_combo.m_hWnd);
 }
 
 int GComboBox::Modern::WidestItem()

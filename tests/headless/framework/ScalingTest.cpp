@@ -7,6 +7,7 @@
 #include "../../support/AllowMisuse.h"
 #include "../../support/WithBehavior.h"
 
+#include <gesso/edit/ComboListPlace.h>
 #include <gesso/framework/ThemePart.h>
 
 #include <algorithm>
@@ -494,6 +495,23 @@ TEST_F(ScalingTest, SoAreTheMarginsOfAStyle)
         EXPECT_EQ(textAt(192), "(7") << fShared << ": the border stays as thin as the style has it";
         gesso::SetScaling(Scaling::None);
     }
+}
+
+TEST_F(ScalingTest, TheFrameOfAComboBoxesListIsNotThatOfManyMoreDots)
+{
+    desk::SetThemePartSize("COMBOBOX", CP_BORDER, 0, {3, 3});
+    desk::ShareThemeHandles(true);
+    const auto frameAt = [](UINT uDpi, HWND hwnd) {
+        const HTHEME hTheme = OpenThemeDataForDpi(hwnd, L"COMBOBOX", uDpi);
+        const SIZE frame = gesso::ComboListFrame(hTheme, hwnd);
+        CloseThemeData(hTheme);
+        return frame.cx;
+    };
+    EXPECT_EQ(frameAt(288, m_host), 9); // as it stands without scaling
+    gesso::SetScaling(Scaling::PerMonitor);
+    EXPECT_EQ(frameAt(96, m_host), 3);
+    EXPECT_EQ(frameAt(288, m_host), 1); // the system's
+    EXPECT_EQ(gesso::ComboListFrame(nullptr, m_host).cx, 1);
 }
 
 // --- All controls
