@@ -88,6 +88,8 @@ void MeasureScrollbars(Bench& bench);
 void MeasureText(Bench& bench);
 void MeasureDark(Bench& bench);
 void MeasureScale(Bench& bench);
+void MeasureMirrored(Bench& bench);
+void MeasureUnstyled(Bench& bench);
 void MeasureDialogs(Bench& bench);
 void MeasureList(Bench& bench);
 void MeasureLongList(Bench& bench);

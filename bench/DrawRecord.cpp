@@ -203,6 +203,15 @@ BOOL WINAPI CopyAndRecord(HDC hdc, int x, int y, int cx, int cy, HDC hdcFrom, in
     return BitBlt(hdc, x, y, cx, cy, hdcFrom, xFrom, yFrom, dwOperation);
 }
 
+BOOL WINAPI BlendAndRecord(HDC hdc, int x, int y, int cx, int cy, HDC hdcFrom, int xFrom, int yFrom,
+                           int cxFrom, int cyFrom, BLENDFUNCTION blend)
+{
+    const auto picture = std::make_shared<KeptPicture>(hdcFrom, xFrom, yFrom, cxFrom, cyFrom);
+    Add(hdc,
+        [=](HDC to) { GdiAlphaBlend(to, x, y, cx, cy, picture->Context(), 0, 0, cxFrom, cyFrom, blend); });
+    return GdiAlphaBlend(hdc, x, y, cx, cy, hdcFrom, xFrom, yFrom, cxFrom, cyFrom, blend);
+}
+
 int WINAPI SetPixelsAndRecord(HDC hdc, int x, int y, DWORD cx, DWORD cy, int xFrom, int yFrom, UINT uStart,
                               UINT nLines, const void* pPixels, const BITMAPINFO* pInfo, UINT uColors)
 {
@@ -337,6 +346,7 @@ std::vector<HookEntry> Hooks()
         {"ExcludeClipRect", HookOf<&ExcludeClipRect>()},
         {"FillRect", HookOf<&FillRect>()},
         {"FrameRect", HookOf<&FrameRect>()},
+        {"GdiAlphaBlend", Address(&BlendAndRecord)},
         {"IntersectClipRect", HookOf<&IntersectClipRect>()},
         {"LineTo", HookOf<&LineTo>()},
         {"MoveToEx", HookOf<&MoveToEx>()},

@@ -34,6 +34,8 @@ constexpr FamilyEntry FAMILIES[] = {
     {"keys", &bench::MeasureKeys},
     {"dark", &bench::MeasureDark},
     {"scale", &bench::MeasureScale},
+    {"mirrored", &bench::MeasureMirrored},
+    {"unstyled", &bench::MeasureUnstyled},
     {"dialogs", &bench::MeasureDialogs},
     {"tree", &bench::MeasureTree},
     {"tree.folder", &bench::MeasureTreeFolder},
