@@ -65,10 +65,25 @@ void Invalidate(World& world, Source& source)
     }
 }
 
+BOOL CALLBACK TellOfTheme(HWND hwnd, LPARAM)
+{
+    SendMessageW(hwnd, WM_THEMECHANGED, 0, 0);
+    return TRUE;
+}
+
+BOOL CALLBACK TellWithChildren(HWND hwnd, LPARAM)
+{
+    EnumChildWindows(hwnd, TellOfTheme, 0);
+    return TellOfTheme(hwnd, 0);
+}
+
+// The control hears of it, as a rule, and mostly all other windows of the thread as well.
 void ChangeTheme(World& world, Source& source)
 {
     desk::SetThemed(world.Window(), !source.Chance(3));
-    if (!source.Chance(5)) {
+    if (source.Chance(2)) {
+        EnumThreadWindows(GetCurrentThreadId(), TellWithChildren, 0);
+    } else if (!source.Chance(3)) {
         SendMessageW(world.Window(), WM_THEMECHANGED, 0, 0);
     }
 }

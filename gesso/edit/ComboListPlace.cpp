@@ -67,16 +67,18 @@ RECT PlaceComboList(const ComboListRoom& room)
     return rc;
 }
 
-// A theme handle that all windows share may have been opened for more dots an inch meanwhile.
+// A theme handle that all windows share may have been opened for more dots an inch meanwhile: a frame is then
+// much wider than the system's edges.
 SIZE ComboListFrame(HTHEME hComboTheme, HWND hwnd)
 {
+    constexpr int MOST_EDGES = 4;
     SIZE size{};
     const WindowContext hdc(hwnd);
     const HRESULT hr = GetThemePartSize(hComboTheme, hdc, CP_BORDER, CBXS_NORMAL, nullptr, TS_MIN, &size);
-    const bool fScaled = GetScaling() != Scaling::None;
     const bool fSound =
-        SUCCEEDED(hr) && !(fScaled && std::max(size.cx, size.cy) > Pixels(hwnd, Metrics::COMBO_FRAME_MOST));
-    return fSound ? size : SIZE{SystemMetric(hwnd, SM_CXBORDER), SystemMetric(hwnd, SM_CYBORDER)};
+        GetScaling() == Scaling::None || size.cx <= MOST_EDGES * SystemMetric(hwnd, SM_CXEDGE);
+    return SUCCEEDED(hr) && fSound ? size
+                                   : SIZE{SystemMetric(hwnd, SM_CXBORDER), SystemMetric(hwnd, SM_CYBORDER)};
 }
 
 } // namespace gesso

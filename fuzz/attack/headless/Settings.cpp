@@ -32,7 +32,7 @@ void ChangeThemeNumbers(World& world, Source& source)
 {
     const char* const pszClass = source.Any(std::span<const char* const>(CLASSES));
     const auto nPart = static_cast<int>(source.Below(12));
-    switch (source.Below(4)) {
+    switch (source.Below(5)) {
     case 0: simulated::SetThemePartAvailable(pszClass, nPart, source.Flag()); break;
     case 1: {
         const int n = source.Integer();
@@ -40,6 +40,10 @@ void ChangeThemeNumbers(World& world, Source& source)
         break;
     }
     case 2: simulated::SetThemePartSize(pszClass, nPart, 0, {source.Size(), source.Size()}); break;
+    case 3: // whatever is below shows through the picture
+        simulated::SetThemeInt(pszClass, nPart, 0, TMT_BGTYPE, BT_IMAGEFILE);
+        simulated::SetThemeInt(pszClass, nPart, 0, TMT_ALPHALEVEL, static_cast<int>(source.Below(256)));
+        break;
     default: simulated::SetThemeInt(pszClass, nPart, 0, TMT_BGTYPE, static_cast<int>(source.Below(3))); break;
     }
     TellOfTheme(world, source);
