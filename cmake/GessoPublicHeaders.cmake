@@ -2,6 +2,8 @@
 set(GESSO_PUBLIC_HEADERS
   api.h
   gesso.h
+  access/Find.h
+  access/Role.h
   containers/Index.h
   containers/LibraryMemory.h
   containers/Memory.h

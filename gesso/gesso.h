@@ -1,6 +1,7 @@
 // Everything that a host needs of Gesso.
 #pragma once
 
+#include <gesso/access/Role.h>
 #include <gesso/containers/OArray.h>
 #include <gesso/containers/OStringEx.h>
 #include <gesso/controls/GButton.h>

@@ -10,7 +10,7 @@ import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-LAYERS = ["containers", "language", "framework", "text", "controls", "edit", "list", "tree", "ribbon", "dialogs"]
+LAYERS = ["containers", "language", "framework", "text", "access", "controls", "edit", "list", "tree", "ribbon", "dialogs"]
 # The two places that see every layer: the host's one include, and the table of what the library can make.
 ABOVE_ALL = ["gesso/gesso.h", "gesso/ControlTable.cpp"]
 THE_DOOR = "gesso/api.h"

@@ -26,14 +26,14 @@ CANNOT_FAIL = {
     "their answer is the state itself": """GetCapture GetCurrentThreadId GetDoubleClickTime GetFocus GetForegroundWindow
         GetKeyState GetLastError GetMessagePos GetMessageTime GetPropW GetSysColor GetSystemMetrics GetSystemTimeAsFileTime 
         GetTickCount IsAppThemed IsChild IsClipboardFormatAvailable
-        IsThemeBackgroundPartiallyTransparent IsThemePartDefined IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
+        IsThemeBackgroundPartiallyTransparent IsThemePartDefined GetWindowTextLengthW IsWindow IsWindowEnabled IsWindowVisible PeekMessageW
         GetWindowThreadProcessId RegisterWindowMessageW WindowFromPoint""",
     "they answer the former state": "EnableWindow SetCapture SetCursor SetLastError ShowCursor ShowWindow",
     "what they give is the system's own and always there": "GetStockObject GetSysColorBrush",
     "their answer is the window's or the dialog's": """CallWindowProcW DispatchMessageW
         SendMessageW SendNotifyMessageW""",
-    "they have no failure to tell": """AcquireSRWLockExclusive EndPaint OutputDebugStringA PostQuitMessage
-        ReleaseActCtx ReleaseSRWLockExclusive TranslateMessage TryAcquireSRWLockExclusive""",
+    "they have no failure to tell": """AcquireSRWLockExclusive EndPaint NotifyWinEvent OutputDebugStringA PostQuitMessage
+        ReleaseActCtx ReleaseSRWLockExclusive SysFreeString TranslateMessage TryAcquireSRWLockExclusive VariantClear""",
 }
 
 OPERATION = re.compile(r"^[A-Za-z_][\w \*]*?\bWINAPI\s+(\w+)\(", re.M)

@@ -105,4 +105,7 @@ private:
     friend class gesso::ButtonMessages;
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
 };

@@ -96,8 +96,13 @@ HBITMAP GCheckBox::GetBitmap() const
 
 void GCheckBox::SetCheck(int nCheck)
 {
+    const HWND hwnd = m_hWnd;
+    const bool fChanges = gesso::WithCheck(m_dwState, nCheck) != m_dwState;
     ChangeCheck(nCheck);
     Invalidate(0);
+    if (fChanges) {
+        gesso::TellAccess(hwnd, EVENT_OBJECT_STATECHANGE);
+    }
 }
 
 int GCheckBox::GetCheck() const

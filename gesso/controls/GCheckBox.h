@@ -95,6 +95,9 @@ private:
     friend class gesso::ButtonMessages;
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void ChangeCheck(int nCheck);
     // The mark that a click leads to.
     int NextCheck() const;

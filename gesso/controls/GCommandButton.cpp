@@ -173,7 +173,9 @@ int GCommandButton::SetNote(LPCWSTR pszNote)
     if (!gesso::HoldTextOrNone(m_pszNote, pszNote)) {
         return 0;
     }
+    const HWND hwnd = m_hWnd;
     Invalidate(0);
+    gesso::TellAccess(hwnd, EVENT_OBJECT_DESCRIPTIONCHANGE);
     return 1;
 }
 

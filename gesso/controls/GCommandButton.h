@@ -111,6 +111,9 @@ private:
     friend class gesso::ButtonMessages;
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void OpenTheme();
     void CloseTheme();
     // Returns the glyph's width.

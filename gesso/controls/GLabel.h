@@ -106,6 +106,9 @@ protected:
 private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     static void DrawEtchedLine(HDC hdc, RECT rc, bool fDown);
     COLORREF ColorOfText(DWORD dwStyle) const;
     void DrawContentImage(HDC hdc, const RECT& rc, DWORD dwStyle) const;

@@ -58,8 +58,13 @@ DWORD GProgressBar::GetStyle() const
 
 void GProgressBar::SetProgress(UINT nProgress)
 {
+    const HWND hwnd = m_hWnd;
+    const bool fChanges = m_nProgress != nProgress;
     ChangeProgress(nProgress);
     Invalidate(0);
+    if (fChanges) {
+        gesso::TellAccess(hwnd, EVENT_OBJECT_VALUECHANGE);
+    }
 }
 
 // Every change of the progress goes through here.

@@ -98,9 +98,14 @@ HBITMAP GRadioButton::GetBitmap() const
 void GRadioButton::SetCheck(int nCheck)
 {
     const gesso::Watch watch(*this);
+    const HWND hwnd = m_hWnd;
+    const bool fChanges = gesso::WithCheck(m_dwState, nCheck) != m_dwState;
     ChangeCheck(nCheck);
     if (watch) { // others of the group may hear of it, and those who watch them
         Invalidate(0);
+    }
+    if (watch && fChanges) {
+        gesso::TellAccess(hwnd, EVENT_OBJECT_STATECHANGE);
     }
 }
 

@@ -98,6 +98,9 @@ private:
     friend class gesso::ButtonMessages;
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void ChangeCheck(int nCheck);
     // Whether it has GBS_AUTO, and knows it.
     bool IsOfGroup() const;

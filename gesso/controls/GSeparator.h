@@ -57,5 +57,8 @@ protected:
 private:
     friend class gesso::Frame;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void SendDrag(UINT uCode, POINTS pt) const;
 };

@@ -1,4 +1,5 @@
 #include <gesso/dialogs/DialogSupport.h>
+#include <gesso/framework/Access.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/Lifeline.h>
 
@@ -49,6 +50,7 @@ GDialog::~GDialog()
     // To ask about no window would write over the last error of one that could not be made.
     if (m_hWnd && reinterpret_cast<GDialog*>(GetWindowLongPtrW(m_hWnd, DWLP_USER)) == this) {
         SetWindowLongPtrW(m_hWnd, DWLP_USER, 0);
+        gesso::EndAccess(m_hWnd);
     }
 }
 

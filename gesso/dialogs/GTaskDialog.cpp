@@ -1,5 +1,6 @@
 #include <gesso/containers/Misuse.h>
 #include <gesso/dialogs/ButtonRow.h>
+#include <gesso/dialogs/DialogAccess.h>
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GTaskDialog.h>
 #include <gesso/dialogs/MessageDialog.h>
@@ -105,6 +106,7 @@ HRESULT GTaskDialog::IsolationAwareTaskDialog(HWND hwndParent, HINSTANCE hInstan
     config.hInstance = hInstance;
     config.pszWindowTitle = pszTitle;
     config.hMainIcon = LoadSystemIcon(hwndParent, pszIcon);
+    const gesso::NamedIcon icon(config.hMainIcon, pszIcon);
     config.pszMainInstruction = pszMainInstruction;
     config.pszContent = pszContent;
     config.dwCommonButtons = dwCommonButtons;
@@ -124,6 +126,7 @@ UINT GTaskDialog::MessageBoxW(HWND hwndParent, LPCWSTR pszText, LPCWSTR pszCapti
     config.hInstance = GetModuleHandleW(nullptr);
     config.pszWindowTitle = pszCaption;
     config.hMainIcon = LoadSystemIcon(hwndParent, IconOf(uType));
+    const gesso::NamedIcon icon(config.hMainIcon, IconOf(uType));
     config.pszContent = pszText;
     config.dwCommonButtons = type.dwButtons;
     config.dwDefaultButton = DefaultOf(type, uType);

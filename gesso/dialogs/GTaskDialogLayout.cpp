@@ -5,6 +5,7 @@
 #include <gesso/dialogs/DialogSupport.h>
 #include <gesso/dialogs/GTaskDialog.h>
 #include <gesso/dialogs/TaskDialogContent.h>
+#include <gesso/framework/Access.h>
 #include <gesso/framework/DrawScope.h>
 #include <gesso/framework/Metrics.h>
 
@@ -135,6 +136,7 @@ void GTaskDialog::OnScaling(const RECT* prcWanted)
 
 LRESULT GTaskDialog::OnInitDialog()
 {
+    const HWND hDlg = m_hWnd;
     LayOut(nullptr);
     SetDefaultButton();
     // Last, since it makes the owner inactive, which may end the dialog then.
@@ -143,5 +145,6 @@ LRESULT GTaskDialog::OnInitDialog()
         GetWindowRect(m_hWnd, &rc);
         gesso::CenterWindow(m_hWnd, ::GetParent(m_hWnd), {rc.right - rc.left, rc.bottom - rc.top});
     }
+    gesso::TellAccess(hDlg, EVENT_SYSTEM_ALERT);
     return 1;
 }

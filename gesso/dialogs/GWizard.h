@@ -119,6 +119,9 @@ protected:
 private:
     friend class gesso::Frame;
     INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void MakePages();
     void FitFirstPage(int cyFooter);
     void MakeButtons();

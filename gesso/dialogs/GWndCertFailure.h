@@ -81,6 +81,9 @@ private:
     friend class gesso::Frame;
     struct Layout;
     INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void PlaceElements();
     void ReleaseElements();
     void OnScaling(const RECT* prcWanted);

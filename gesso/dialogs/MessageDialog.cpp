@@ -174,9 +174,11 @@ INT_PTR MessageDialog::OnInitDialog()
     RECT rc{};
     GetWindowRect(m_hWnd, &rc);
     const HWND hwndFocus = FirstFocus();
+    const HWND hDlg = m_hWnd;
     // Last, since it makes the owner inactive, which may end the dialog then.
     CenterWindow(m_hWnd, ::GetParent(m_hWnd), {rc.right - rc.left, rc.bottom - rc.top});
     SetFocus(hwndFocus);
+    TellAccess(hDlg, EVENT_SYSTEM_ALERT);
     return 0;
 }
 

@@ -63,6 +63,9 @@ private:
     friend class Frame;
     static constexpr int CHECK_ID = 100; // none of the platform's buttons
     INT_PTR OnMessage(HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const AccessibleSide& Describes();
     INT_PTR OnInitDialog();
     INT_PTR OnCommand(int nId);
     INT_PTR OnWheel(int nDelta);

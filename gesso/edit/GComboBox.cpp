@@ -113,6 +113,7 @@ GComboBox::~GComboBox()
 void GComboBox::ReleaseAll()
 {
     if (m_fOwner) {
+        m_inside->fTells = false;
         m_inside->pModern.reset();
     }
     if (m_fOwner && IsDropped()) {
@@ -237,11 +238,13 @@ LRESULT GComboBox::OnCreate(const CREATESTRUCTW*)
     m_bCaret = 0;
     StartModern();
     m_inside->TakeFirstHeight(*this);
+    m_inside->StartTelling(*this);
     return 0;
 }
 
 LRESULT GComboBox::OnDestroy()
 {
+    m_inside->fTells = false;
     m_inside->pModern.reset(); // tells nobody of a list that goes with its control
     if (IsDropped()) {
         ChangeExpansion(false);
@@ -255,6 +258,7 @@ LRESULT GComboBox::OnDestroy()
 
 int GComboBox::SetText(LPCWSTR pszText)
 {
+    const Inside::Telling telling(*this);
     if (ModernPart() && !ModernPart()->HasField()) {
         return 0; // the text is the selected item's
     }
@@ -340,7 +344,9 @@ UINT GComboBox::InsertItem(UINT nIndex, UINT nFlags, LPCWSTR pszText, UINT nImag
     }
     const bool fSorted = nIndex == gesso::NO_INDEX && ModernPart() && (Frame::Style(*this) & GCBS_SORT);
     const UINT nAt = fSorted ? gesso::SortedPlace(m_aItems, pszCopy) : std::min(nIndex, m_aItems.GetLength());
+    const Inside::Telling telling(*this);
     m_aItems.InsertAt(nAt, pItem);
+    ++m_inside->nItemChanges;
     FollowItem(nAt, 1);
     return nAt;
 }
@@ -351,14 +357,18 @@ UINT GComboBox::RemoveItem(UINT nIndex)
     if (!pItem) {
         return gesso::NO_INDEX;
     }
+    const Inside::Telling telling(*this);
     m_aItems.RemoveAt(nIndex, 1);
     Release(pItem);
+    ++m_inside->nItemChanges;
     FollowItem(nIndex, -1);
     return m_aItems.GetLength();
 }
 
 void GComboBox::RemoveAllItems()
 {
+    const Inside::Telling telling(*this);
+    m_inside->nItemChanges += m_aItems.GetLength() ? 1 : 0;
     ReleaseItems();
     ChangeSelection(gesso::NO_INDEX);
     if (Modern* pModern = ModernPart()) {
@@ -428,7 +438,9 @@ void GComboBox::SetItemFlags(UINT nIndex, UINT nFlags)
 
 void GComboBox::SetItemText(UINT nIndex, LPCWSTR pszText)
 {
+    const Inside::Telling telling(*this);
     if (ComboItem* pItem = CheckedItem(nIndex, "GComboBox::SetItemText: the index")) {
+        m_inside->nItemChanges += wcscmp(pItem->pszText, gesso::TextOrEmpty(pszText)) ? 1 : 0;
         if (const LPWSTR pszCopy = gesso::CopyText(pszText)) {
             gesso::FreeText(std::exchange(pItem->pszText, pszCopy));
         }
@@ -483,6 +495,7 @@ void GComboBox::Field::Mark(GComboBox& combo, UINT nIndex)
 
 UINT GComboBox::SetSelected(UINT nIndex)
 {
+    const Inside::Telling telling(*this);
     const UINT nNew = nIndex < m_aItems.GetLength() ? nIndex : gesso::NO_INDEX;
     if (!Field::Select(*this, nNew)) {
         return gesso::NO_INDEX;
@@ -500,6 +513,7 @@ UINT GComboBox::GetSelected() const
 
 void GComboBox::Callback(UINT nIndex)
 {
+    const Inside::Telling telling(*this);
     if (!Field::Select(*this, nIndex)) {
         return;
     }
@@ -613,6 +627,7 @@ LRESULT CALLBACK GComboBox::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPAR
 
 LRESULT GComboBox::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    const Inside::Telling telling(*this);
     LRESULT lAnswer = 0;
     Modern* pModern = ModernPart();
     if (pModern && pModern->OnMessage(uMsg, wParam, lParam, &lAnswer)) {

@@ -224,6 +224,9 @@ private:
     bool m_fOwner = true; // of the items, the list and what is inside
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void OnScaling();
     bool AnswersContextMenu(LPARAM lParam);
     // Null in Classic.

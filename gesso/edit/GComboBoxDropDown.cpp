@@ -6,6 +6,8 @@
 #include <gesso/edit/GComboBoxModern.h>
 #include <gesso/framework/Frame.h>
 
+#include <optional>
+
 using gesso::Frame;
 
 namespace {
@@ -76,6 +78,11 @@ bool GComboBox::RunList()
     const HWND hwndForeground = GetForegroundWindow();
     SetCapture(hwnd);
     bool fAlive = Frame::IsAlive(hwnd, this);
+    std::optional<Inside::Release> release;
+    if (fAlive) {
+        release.emplace(*this);
+        fAlive = Frame::IsAlive(hwnd, this);
+    }
     while (fAlive && IsDropped()) {
         MSG msg{};
         const BOOL nGot = GetMessageW(&msg, nullptr, 0, 0);

@@ -86,7 +86,7 @@ LRESULT GComboBox::OnSetFocus(HWND)
         m_bCaret = 0; // one that was made before has gone with the focus
         SelectAllText();
     }
-    return Frame::OnSetFocus(*this);
+    return Inside::TakeFocus(*this);
 }
 
 LRESULT GComboBox::OnKillFocus(HWND)
@@ -247,6 +247,34 @@ template <class EDIT> void GComboBox::Edit(EDIT edit)
         UpdateCursorPos();
         Invalidate(0);
         Frame::SendCommand(*this, EN_CHANGE);
+    }
+}
+
+bool GComboBox::Inside::TypeOver(GComboBox& combo, LPCWSTR pszText)
+{
+    const Telling telling(combo);
+    if (Modern* pModern = combo.ModernPart()) {
+        return pModern->TypeOver(pszText);
+    }
+    bool fTyped = false;
+    combo.Edit([&](gesso::TextField& field) {
+        field.SelectAll();
+        fTyped = field.Insert(pszText);
+        return fTyped;
+    });
+    return fTyped;
+}
+
+// By the open list, or by the keys.
+void GComboBox::Inside::PickItem(GComboBox& combo, UINT nIndex)
+{
+    const Telling telling(combo);
+    if (Modern* pModern = combo.ModernPart()) {
+        pModern->PickItem(nIndex);
+    } else if (combo.IsDropped()) {
+        combo.m_pList->Pick(nIndex);
+    } else if (nIndex != combo.Selected()) {
+        combo.SelectWithin(nIndex);
     }
 }
 

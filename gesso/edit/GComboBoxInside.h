@@ -4,9 +4,11 @@
 #include <gesso/containers/Index.h>
 #include <gesso/edit/GComboBoxList.h>
 #include <gesso/edit/TextField.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Quirks.h>
 
 #include <memory>
+#include <utility>
 
 namespace gesso {
 
@@ -42,6 +44,86 @@ struct GComboBox::Inside
     UINT nFirstDpi = 0;
     UINT nRowHeight = 0;             // of Classic's list, as the library last gave it; 0 for none
     std::unique_ptr<Modern> pModern; // of the window; null in Classic
+
+    // --- What those are told who do not see it, once the call or message that changed something is done.
+    struct Seen
+    {
+        UINT nTextChanges = 0;
+        UINT nItemChanges = 0;
+        UINT nSelected = gesso::NO_INDEX;
+        UINT nCaret = 0;
+        UINT nAnchor = 0;
+        UINT nHot = gesso::NO_INDEX; // row of the open list
+        bool fOpen = false;
+    };
+    class Telling;
+    class Release;
+    static Seen SeenOf(const GComboBox& combo);
+    static void Tell(GComboBox& combo);
+    // From the window's making on; all is told so far.
+    void StartTelling(const GComboBox& combo);
+    // The common row of WM_SETFOCUS, with the field as what has the focus where there is one.
+    static LRESULT TakeFocus(GComboBox& combo);
+    // What a user does who chooses an item; and who types over the whole text of the field, which is false
+    // unless all of it came in. The control may be gone afterwards.
+    static void PickItem(GComboBox& combo, UINT nIndex);
+    static bool TypeOver(GComboBox& combo, LPCWSTR pszText);
+
+    bool fTells = false;
+    bool fHeld = false; // a call or message goes on
+    UINT nTextChanges = 0;
+    UINT nItemChanges = 0;
+    Seen told;
+    OString<wchar_t> strTold;
+};
+
+// Lives through a call or message; the outermost one tells at its end, and the control may be gone behind it.
+class GComboBox::Inside::Telling
+{
+public:
+    explicit Telling(GComboBox& combo)
+        : m_life(combo), m_combo(combo), m_fHeld(std::exchange(combo.m_inside->fHeld, true))
+    {}
+    ~Telling()
+    {
+        if (m_life) {
+            m_combo.m_inside->fHeld = m_fHeld;
+            if (!m_fHeld) {
+                Tell(m_combo);
+            }
+        }
+    }
+    Telling(const Telling&) = delete;
+    Telling& operator=(const Telling&) = delete;
+
+private:
+    const gesso::Lifeline m_life;
+    GComboBox& m_combo;
+    const bool m_fHeld;
+};
+
+// Lives through a loop within a message: what changes in it is told in it.
+class GComboBox::Inside::Release
+{
+public:
+    explicit Release(GComboBox& combo)
+        : m_life(combo), m_combo(combo), m_fHeld(std::exchange(combo.m_inside->fHeld, false))
+    {
+        Tell(combo);
+    }
+    ~Release()
+    {
+        if (m_life) {
+            m_combo.m_inside->fHeld = m_fHeld;
+        }
+    }
+    Release(const Release&) = delete;
+    Release& operator=(const Release&) = delete;
+
+private:
+    const gesso::Lifeline m_life;
+    GComboBox& m_combo;
+    const bool m_fHeld;
 };
 
 // The field for one operation. Whatever is in it is one line.
@@ -73,5 +155,6 @@ template <class EDIT> bool GComboBox::ChangeText(EDIT edit)
         return false;
     }
     ChangeField(field.text);
+    ++m_inside->nTextChanges;
     return ShowText();
 }

@@ -15,6 +15,7 @@
 #include <gesso/framework/WindowClass.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 using gesso::Frame;
@@ -566,6 +567,10 @@ LRESULT CALLBACK GComboBoxList::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, 
 
 LRESULT GComboBoxList::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    std::optional<GComboBox::Inside::Telling> telling;
+    if (m_pOwner) {
+        telling.emplace(*m_pOwner);
+    }
     LRESULT lAnswer = 0;
     GComboBox::Modern* pModern = m_pOwner ? m_pOwner->ModernPart() : nullptr;
     if (pModern && pModern->OnListMessage(uMsg, wParam, lParam, &lAnswer)) {

@@ -72,6 +72,9 @@ private:
     friend class GComboBox;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
 
     bool IsOpen() const;
     // Makes the window, hidden; false where it could not be made.

@@ -163,7 +163,7 @@ bool GComboBox::Modern::OnFocus(UINT uMsg, WPARAM wParam, LPARAM lParam)
         }
     }
     if (life && Report(fComes ? CBN_SETFOCUS : CBN_KILLFOCUS)) {
-        fComes ? Frame::OnSetFocus(m_combo) : Frame::OnKillFocus(m_combo);
+        fComes ? Inside::TakeFocus(m_combo) : Frame::OnKillFocus(m_combo);
     }
     return true;
 }
@@ -368,6 +368,11 @@ void GComboBox::Modern::StepTo(UINT nIndex)
     if (choice == Choice::Changed) {
         Report(CBN_SELCHANGE);
     }
+}
+
+void GComboBox::Modern::PickItem(UINT nIndex)
+{
+    IsOpen() ? Pick(nIndex) : StepTo(nIndex);
 }
 
 // What Esc gives back, from the first step on.

@@ -28,6 +28,10 @@ struct GComboBox::Modern final : private gesso::EditorSite
     bool HasList() const;
     bool HasField() const;
     void Open();
+    // What a user does who chooses an item, in the open list or by the keys; and who types over the whole
+    // text of the field. The control may be gone afterwards.
+    void PickItem(UINT nIndex);
+    bool TypeOver(LPCWSTR psz);
     // The control's text is another one: the field shows it. False, with the former text back, without
     // memory.
     bool TakeText();

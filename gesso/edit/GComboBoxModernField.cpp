@@ -102,6 +102,7 @@ void GComboBox::Modern::CopyText()
     if (wchar_t* psz = m_combo.m_strText.GetBuffer(text.Length() + 1)) {
         text.Copy({0, text.Length()}, psz);
         m_combo.m_strText.ReleaseBuffer(text.Length());
+        ++m_combo.m_inside->nTextChanges;
     }
     CopySelection();
 }
@@ -204,6 +205,16 @@ bool GComboBox::Modern::OnTyped(UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT
     return fTaken || uMsg == WM_CHAR;
 }
 
+bool GComboBox::Modern::TypeOver(LPCWSTR psz)
+{
+    const Lifeline life = Life();
+    const bool fTyped = HasField() && m_editor.TypeOver(psz);
+    if (life) {
+        CopySelection();
+    }
+    return fTyped;
+}
+
 // Within the edit that is completed, before anybody is told of it or sees it.
 void GComboBox::Modern::CompleteText()
 {
@@ -242,6 +253,7 @@ UINT GComboBox::Modern::MatchOfText() const
 bool GComboBox::AnswersContextMenu(LPARAM lParam)
 {
     constexpr LPARAM BY_THE_KEYBOARD = -1;
+    const Inside::Telling telling(*this);
     Modern* pModern = ModernPart();
     if (!pModern || !pModern->HasField()) {
         return false;

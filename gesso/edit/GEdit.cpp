@@ -220,10 +220,13 @@ LRESULT GEdit::OnCreate(const CREATESTRUCTW* pcs)
     gesso::TakeFirstFont(*this, m_hFont);
     // The window has just been made with the behaviour of now.
     if (!gesso::WillHave(gesso::Quirk::EditIsPlain)) {
-        return BeModern(static_cast<DWORD>(pcs->style)) ? 0 : -1;
+        const bool fTaken = BeModern(static_cast<DWORD>(pcs->style));
+        Own().StartTelling(*this);
+        return fTaken ? 0 : -1;
     }
     Own().lines.BeOneLine();
     ChangeSelection({Own().lines, {}, {}});
+    Own().StartTelling(*this);
     return 0;
 }
 
@@ -233,6 +236,7 @@ LRESULT GEdit::OnNcDestroy()
     m_hTheme.Reset();
     LeaveModern();
     StartText(L"");
+    Own().fTells = false;
     return Frame::Detach(*this);
 }
 
@@ -336,6 +340,7 @@ LRESULT CALLBACK GEdit::WindowProc(HWND hwnd, UINT uMsg, WPARAM wParam, LPARAM l
 
 LRESULT GEdit::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 {
+    const Inside::Telling telling(*this);
     Modern* const modern = AsModern();
     LRESULT lAnswer = 0;
     if (modern && modern->OnMessage(uMsg, wParam, lParam, &lAnswer)) {
@@ -347,6 +352,7 @@ LRESULT GEdit::OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam)
 // Its own menu, where it has one. The control may be gone afterwards.
 bool GEdit::AnswersContextMenu(LPARAM lParam)
 {
+    const Inside::Telling telling(*this);
     Modern* const modern = AsModern();
     LRESULT lAnswer = 0;
     return modern && modern->OnMessage(WM_CONTEXTMENU, 0, lParam, &lAnswer);

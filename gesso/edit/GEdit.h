@@ -209,6 +209,9 @@ private:
     struct Modern;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     Modern* AsModern() const;
     bool AnswersContextMenu(LPARAM lParam);
     bool BeModern(DWORD dwStyle);

@@ -3,7 +3,7 @@
 // The parent may do anything when it is told, destroying the control included: EN_CHANGE is sent last.
 
 #include <gesso/edit/FieldInput.h>
-#include <gesso/edit/GEditInside.h>
+#include <gesso/edit/GEditModern.h>
 #include <gesso/edit/TextMeasure.h>
 #include <gesso/framework/Frame.h>
 
@@ -33,13 +33,36 @@ template <class EDIT> LRESULT GEdit::Edit(EDIT edit)
         return fDone;
     };
     const UINT nFormer = m_strText.GetLength();
+    const UINT nChanges = Own().nTextChanges;
     const bool fSelected = Field().HasSelection();
     if (ChangeText(andCollapse)) {
-        Own().fModified = Own().fModified || fSelected || m_strText.GetLength() != nFormer;
+        const bool fChanged = fSelected || m_strText.GetLength() != nFormer;
+        Own().fModified = Own().fModified || fChanged;
+        if (!fChanged) {
+            Own().nTextChanges = nChanges; // it was refused
+        }
         ShowChange();
         Frame::SendCommand(*this, EN_CHANGE);
     }
     return 0;
+}
+
+bool GEdit::Inside::TypeOver(GEdit& edit, LPCWSTR pszText)
+{
+    const Telling telling(edit);
+    if (Modern* const modern = edit.AsModern()) {
+        return modern->editor.TypeOver(pszText);
+    }
+    edit.SelectAll();
+    bool fTyped = false;
+    edit.Edit([&](TextField& field) {
+        fTyped = field.Insert(pszText);
+        if (fTyped) {
+            edit.WrapAll(field);
+        }
+        return fTyped;
+    });
+    return fTyped;
 }
 
 // --- Keys

@@ -55,6 +55,14 @@ DWORD GEdit::Modern::EditStyle() const
 
 LRESULT GEdit::Modern::Tell(UINT uCode)
 {
+    if (uCode == EN_UPDATE) {
+        ++edit.Own().nTextChanges;
+    }
+    return Send(uCode);
+}
+
+LRESULT GEdit::Modern::Send(UINT uCode) const
+{
     const WPARAM wParam = MAKEWPARAM(GetDlgCtrlID(edit.m_hWnd), uCode);
     return SendMessageW(edit.GetParent(), WM_COMMAND, wParam, reinterpret_cast<LPARAM>(edit.m_hWnd));
 }
@@ -104,10 +112,10 @@ LRESULT GEdit::Modern::SetTextAndTell(LPCWSTR psz)
     const int nDone = edit.SetText(psz);
     const bool fTell = watch && nDone && !(EditStyle() & ES_MULTILINE);
     if (fTell) {
-        Tell(EN_UPDATE);
+        Send(EN_UPDATE);
     }
     if (fTell && watch) {
-        Tell(EN_CHANGE);
+        Send(EN_CHANGE);
     }
     return nDone;
 }
@@ -181,8 +189,12 @@ void GEdit::Modern::OnStyleChanged(WPARAM wWhich, const STYLESTRUCT& styles)
         }
         m_fOwnStyle = fOuter;
     }
-    if ((styles.styleOld ^ styles.styleNew) & LAYS_OUT) {
+    const DWORD dwChanged = styles.styleOld ^ styles.styleNew;
+    if (dwChanged & LAYS_OUT) {
         editor.Reflow();
+    }
+    if (watch && (dwChanged & (ES_READONLY | ES_PASSWORD))) {
+        gesso::TellAccess(edit.m_hWnd, EVENT_OBJECT_STATECHANGE);
     }
 }
 

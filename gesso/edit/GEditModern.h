@@ -25,6 +25,7 @@ private:
     DWORD EditStyle() const override;
     RECT TextRect() const override { return edit.TextRect(); }
     LRESULT Tell(UINT uCode) override;
+    LRESULT Send(UINT uCode) const;
     void SetRange(int nBar, int nMax, UINT nPage, int nPos) override;
     bool TakesDropAt(POINT pt) const override; // not on bars and frame
 

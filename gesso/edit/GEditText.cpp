@@ -41,6 +41,7 @@ void GEdit::ShowChange()
 
 void GEdit::SetSel(int nStart, int nEnd)
 {
+    const Inside::Telling telling(*this);
     if (Modern* modern = AsModern()) {
         const UINT nLength = modern->editor.Text().Length();
         const auto place = [&](int n) { return n < 0 ? nLength : static_cast<UINT>(n); };
@@ -102,8 +103,16 @@ bool GEdit::CopyTextOf(const GEdit& other)
 
 int GEdit::SetText(LPCWSTR pszText)
 {
+    const Inside::Telling telling(*this);
+    const bool fSame = Inside::Shows(*this, pszText);
+    const UINT nChanges = Own().nTextChanges;
     if (Modern* modern = AsModern()) {
-        return modern->editor.SetText(pszText);
+        const gesso::Lifeline life(*this);
+        const bool fTaken = modern->editor.SetText(pszText);
+        if (life && fTaken && !fSame) {
+            ++Own().nTextChanges;
+        }
+        return fTaken;
     }
     const bool fSet = ChangeText([&](TextField& field) {
         const bool fReplaced = field.Replace(pszText ? pszText : L"");
@@ -113,6 +122,9 @@ int GEdit::SetText(LPCWSTR pszText)
         }
         return fReplaced;
     });
+    if (fSame) {
+        Own().nTextChanges = nChanges;
+    }
     if (fSet) {
         Own().fModified = false;
         ShowChange();
@@ -141,6 +153,7 @@ void GEdit::GetSel(int* pnStart, int* pnEnd) const
 
 void GEdit::ReplaceSel(LPCWSTR pszText, bool bCanUndo)
 {
+    const Inside::Telling telling(*this);
     if (Modern* modern = AsModern()) {
         modern->editor.ReplaceSelection(pszText, bCanUndo);
         return;
@@ -175,6 +188,7 @@ void GEdit::SetModified(bool bModified)
 
 bool GEdit::Redo()
 {
+    const Inside::Telling telling(*this);
     Modern* modern = AsModern();
     return modern && modern->editor.Redo();
 }

@@ -125,6 +125,18 @@ try {
     return false;
 }
 
+bool TextEditor::TypeOver(LPCWSTR psz)
+try {
+    Inside& own = *m_inside;
+    if (!own.MayChange() || !own.EndInput()) {
+        return false;
+    }
+    const auto n = static_cast<UINT>(wcsnlen(psz, TextBuffer::MOST));
+    return own.InsertAt({0, own.model.Length()}, psz, n, EditKind::Step, Inside::Origin::User, true);
+} catch (const std::bad_alloc&) {
+    return false;
+}
+
 void TextEditor::Complete(LPCWSTR psz)
 try {
     m_inside->Insert(psz, static_cast<UINT>(wcsnlen(psz, TextBuffer::MOST)), EditKind::Completing,

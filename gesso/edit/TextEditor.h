@@ -45,6 +45,9 @@ public:
     // As EM_REPLACESEL does, which tells. False unless all of it has come in. The control may be gone
     // afterwards.
     bool ReplaceSelection(LPCWSTR psz, bool fCanUndo);
+    // What typing over the whole text does, in one step: it tells as that, and what may not be typed stays
+    // out. False unless all of it has come in. The control may be gone afterwards.
+    bool TypeOver(LPCWSTR psz);
     // What is typed is completed: the text comes in at the caret, selected, in one step with what was typed
     // before it and is typed over it. Tells. The control may be gone afterwards.
     void Complete(LPCWSTR psz);

@@ -1,5 +1,6 @@
 #include <gesso/containers/Memory.h>
 #include <gesso/framework/ControlText.h>
+#include <gesso/framework/Frame.h>
 #include <gesso/framework/GWnd.h>
 
 #include <algorithm>
@@ -116,7 +117,9 @@ int ReplaceText(GWnd& wnd, ControlText& text, LPCWSTR psz)
     if (!HoldText(text, psz)) {
         return 0;
     }
+    const HWND hwnd = Frame::Handle(wnd);
     wnd.Invalidate(0);
+    TellAccess(hwnd, EVENT_OBJECT_NAMECHANGE);
     return 1;
 }
 

@@ -80,6 +80,7 @@ thread_local std::vector<HWND> s_forsaken;
 // With the last of them nobody is left who would follow the system.
 void Forget(HWND hwnd)
 {
+    EndAccess(hwnd);
     ForgetWindow(hwnd);
     if (!HasLibraryWindows()) {
         StopFollowing();
@@ -331,10 +332,12 @@ LRESULT Frame::OnEnable(GWnd& wnd, BOOL fEnable)
     if (!fEnable) {
         ClearState(wnd, GWS_HOT | GWS_PRESSED | GWS_KEYDOWN);
     }
+    const HWND hwnd = wnd.m_hWnd;
     wnd.Invalidate(0);
-    if (wnd.m_hWnd && IsDrawnFlat()) { // edges tell whether it is enabled
-        RedrawWindow(wnd.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    if (hwnd && IsDrawnFlat()) { // edges tell whether it is enabled
+        RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     }
+    TellAccess(hwnd, EVENT_OBJECT_STATECHANGE);
     return 0;
 }
 
@@ -370,6 +373,8 @@ void Frame::KeepDialog(HWND hDlg, UINT uMsg)
 {
     if (uMsg == WM_INITDIALOG) {
         KeepWindow(hDlg); // without memory it does not hear of SetScaling
+    } else if (uMsg == WM_DESTROY) {
+        TellAccess(hDlg, EVENT_SYSTEM_DIALOGEND);
     } else if (uMsg == WM_NCDESTROY) {
         Forget(hDlg);
     }

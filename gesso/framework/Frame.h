@@ -2,6 +2,7 @@
 // rows of the window procedures, and the notifications to the parent.
 #pragma once
 
+#include <gesso/framework/Access.h>
 #include <gesso/framework/CreateTag.h>
 #include <gesso/framework/DebugHooks.h>
 #include <gesso/framework/GWnd.h>
@@ -132,13 +133,20 @@ public:
         KeepDialog(hDlg, uMsg);
         ChangeLookOf(hDlg, uMsg);
         if (auto* pDialog = static_cast<DIALOG*>(DIALOG::ObjectOf(hDlg, uMsg, lParam))) {
+            if (AsksDialog(*pDialog, hDlg, uMsg, wParam, lParam)) {
+                return trace.Returned(INT_PTR{TRUE});
+            }
             if (IsScalingMessage(uMsg) && TakeScaling(hDlg, uMsg, wParam) != ScalingChange::None) {
                 const RECT* prcWanted = RectForDpi(hDlg, uMsg, lParam);
                 // Of several dialogs the object is laid out for the last.
                 pDialog->m_hWnd == hDlg ? pDialog->OnScaling(prcWanted) : TakeRect(hDlg, prcWanted);
                 return trace.Returned(INT_PTR{TRUE});
             }
-            return trace.Returned(pDialog->OnMessage(hDlg, uMsg, wParam, lParam));
+            const INT_PTR nAnswer = pDialog->OnMessage(hDlg, uMsg, wParam, lParam);
+            if (uMsg == WM_INITDIALOG) {
+                TellAccess(hDlg, EVENT_SYSTEM_DIALOGSTART);
+            }
+            return trace.Returned(nAnswer);
         }
         return trace.Returned(UNBOUND(hDlg, uMsg, wParam, lParam));
     }
@@ -277,6 +285,9 @@ private:
         if (IsScalingMessage(uMsg) && !FollowsScaling(control, TakeScaling(control.m_hWnd, uMsg, wParam))) {
             return 0;
         }
+        if (LRESULT lObject = 0; AsksForObject(control, uMsg, wParam, lParam, &lObject)) {
+            return lObject;
+        }
         if constexpr (requires { control.OpenBarTheme(); }) {
             if (uMsg == WM_THEMECHANGED) {
                 return ChangeBarTheme(control, wParam, lParam);
@@ -291,6 +302,35 @@ private:
         return AnswersAlike(control, uMsg, wParam, lParam, &lAnswer)
                    ? lAnswer
                    : control.OnMessage(uMsg, wParam, lParam);
+    }
+
+    // WM_GETOBJECT of a control that describes itself, and the answer.
+    template <class CONTROL>
+    static bool AsksForObject(CONTROL& control, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT* plAnswer)
+    {
+        if constexpr (requires { CONTROL::Describes(); }) {
+            return uMsg == WM_GETOBJECT &&
+                   AnswersGetObject(control, control.m_hWnd, CONTROL::Describes(), wParam, lParam, plAnswer);
+        } else {
+            return false;
+        }
+    }
+
+    // The same of a dialog, which answers by its window's word.
+    template <class DIALOG>
+    static bool AsksDialog(DIALOG& dialog, HWND hDlg, UINT uMsg, WPARAM wParam, LPARAM lParam)
+    {
+        if constexpr (requires { DIALOG::Describes(); }) {
+            LRESULT lAnswer = 0;
+            if (uMsg != WM_GETOBJECT ||
+                !AnswersGetObject(dialog, hDlg, DIALOG::Describes(), wParam, lParam, &lAnswer)) {
+                return false;
+            }
+            SetWindowLongPtrW(hDlg, DWLP_MSGRESULT, lAnswer);
+            return true;
+        } else {
+            return false;
+        }
     }
 
     // The window's measures are others: fonts and measures that the library made come anew, the style is

@@ -13,8 +13,9 @@
 #include <gesso/containers/LibraryMemory.h>
 
 namespace gesso {
+class AccessibleSide;
 class Frame;
-}
+} // namespace gesso
 
 // State bits that all controls share, in m_dwState.
 constexpr DWORD GWS_HOT = 0x01;       // the mouse is over the control

@@ -53,6 +53,7 @@ struct ScrollBarHitTestInfo
 
 namespace gesso {
 struct BarTraits;
+const AccessibleSide* BarSideOf(const GWnd& wnd);
 template <class BAR> struct ScrollRepeat;
 } // namespace gesso
 
@@ -141,6 +142,9 @@ protected:
 
 private:
     friend class gesso::Frame;
+    // What the bars say of themselves to those who do not see them.
+    class BarAccess;
+    friend const gesso::AccessibleSide* gesso::BarSideOf(const GWnd& wnd);
 
     struct Bar
     {

@@ -389,7 +389,14 @@ LRESULT GList::OnSetFocus(HWND)
         ChangeCursor(cursorItem, 0);
         Select(0);
     }
-    return Frame::OnSetFocus(*this);
+    const gesso::Watch watch(*this);
+    Invalidate(0);
+    m_inside->untold.cursor = GetCursorItem();
+    gesso::TellItemFocus(m_hWnd, gesso::ListInside::ChildOf(GetCursorItem()));
+    if (watch && TellSelection()) {
+        Frame::SendNotify(*this, static_cast<UINT>(NM_SETFOCUS));
+    }
+    return 0;
 }
 
 LRESULT GList::OnKillFocus(HWND)

@@ -497,6 +497,9 @@ private:
     };
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
 
     void StartAnew();
 

@@ -51,6 +51,23 @@ bool ReplaceText(LPWSTR& field, LPCWSTR text)
     return true;
 }
 
+// What those are told who do not see the list.
+
+bool IsOther(LPCWSTR former, LPCWSTR text)
+{
+    return wcscmp(gesso::TextOrEmpty(former), gesso::TextOrEmpty(text)) != 0;
+}
+
+DWORD EventOfText(UINT subItem)
+{
+    return subItem == 0 ? EVENT_OBJECT_NAMECHANGE : EVENT_OBJECT_DESCRIPTIONCHANGE;
+}
+
+bool ShowsCheck(UINT listStyle, UINT subItem, UINT changed)
+{
+    return subItem == 0 && (changed & LSIS_CHECKED) && (listStyle & GLS_CHECKBOXES);
+}
+
 } // namespace
 
 // --- Looking records up
@@ -478,7 +495,12 @@ UINT GList::InsertItem(UINT position, UINT group, void* customData, UINT state, 
     }
     PrepareSubItem(*item->SubItems(), 0);
     Layout().Stamp(position);
+    const gesso::Watch watch(*this);
     CalculateU(position, true);
+    if (watch) {
+        m_inside->untold.Note(EVENT_OBJECT_CREATE, position);
+        gesso::ListInside::TellChanges(*this);
+    }
     return position;
 }
 
@@ -527,9 +549,13 @@ void GList::RemoveItem(UINT item)
     items.RemoveAt(item, 1);
     m_inside->tracks.ForgetLost(items);
     ++m_inside->itemChanges;
+    m_inside->untold.Note(EVENT_OBJECT_DESTROY, item);
+    if (m_inside->untold.cursor != NO_INDEX && m_inside->untold.cursor >= item) {
+        m_inside->untold.cursor = NO_INDEX; // there is another item now
+    }
     const gesso::Lifeline life(*this);
     Calculate();
-    if (life) {
+    if (life && TellSelection()) {
         EndLostRenaming();
     }
 }
@@ -545,10 +571,14 @@ void GList::RemoveAllItems()
         RemoveAndTell(0, NO_INDEX);
         return;
     }
+    if (items.GetLength()) {
+        m_inside->untold.Note(EVENT_OBJECT_REORDER);
+    }
     ReleaseItems();
+    m_inside->untold.cursor = NO_INDEX;
     const gesso::Lifeline life(*this);
     Calculate();
-    if (life) {
+    if (life && (m_inside->fEnding || TellSelection())) {
         EndLostRenaming();
     }
 }
@@ -622,8 +652,14 @@ void GList::SetItem(UINT item, UINT group, void* customData)
 void GList::SetItemState(UINT item, UINT subItem, UINT state, UINT mask)
 {
     if (ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemState: no such sub-item")) {
+        const UINT former = sub->state;
         ChangeSubItemState(*sub, (sub->state & ~mask) | state);
+        const bool fChecks = ShowsCheck(listStyle, subItem, former ^ sub->state);
+        const gesso::Watch watch(*this);
         RefreshLayout();
+        if (watch && fChecks) {
+            gesso::ListInside::TellItem(*this, EVENT_OBJECT_STATECHANGE, item);
+        }
     }
 }
 
@@ -638,20 +674,34 @@ void GList::SetItemImage(UINT item, UINT subItem, UINT image)
 void GList::SetItemText(UINT item, UINT subItem, LPCWSTR text)
 {
     ListSubItem* sub = SubItemFor(item, subItem, "GList::SetItemText: no such sub-item");
+    const bool fOther = sub && IsOther(sub->text, text);
+    const gesso::Watch watch(*this);
     if (sub && StoreText(*sub, subItem, text)) {
         CalculateU(item, false);
+        if (watch && fOther) {
+            gesso::ListInside::TellItem(*this, EventOfText(subItem), item);
+        }
     }
 }
 
 void GList::SetSubItem(UINT item, UINT subItem, UINT state, LPCWSTR text, UINT image)
 {
     ListSubItem* sub = SubItemFor(item, subItem, "GList::SetSubItem: no such sub-item");
+    const bool fOther = sub && IsOther(sub->text, text);
     if (!sub || !StoreText(*sub, subItem, text)) {
         return;
     }
+    const bool fChecks = ShowsCheck(listStyle, subItem, sub->state ^ state);
     ChangeSubItemState(*sub, state);
     sub->image = image;
+    const gesso::Watch watch(*this);
     RefreshLayout();
+    if (watch && fOther) {
+        gesso::ListInside::TellItem(*this, EventOfText(subItem), item);
+    }
+    if (watch && fChecks) {
+        gesso::ListInside::TellItem(*this, EVENT_OBJECT_STATECHANGE, item);
+    }
 }
 
 // False, with nothing done, without memory.

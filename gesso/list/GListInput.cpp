@@ -112,12 +112,30 @@ void GList::Click(const HitTestInfo& hit)
 {
     const WORD mods = ModifierKeys();
     if (hit.item != NO_INDEX) {
-        SelectByMouse(hit.item, mods);
-        ChangeCursor(cursorItem, hit.item);
-        SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
+        gesso::ListInside::ClickItem(*this, hit, mods);
     } else if (mods == 0) {
         SelectNone();
         ChangeCursor(cursorItem, NO_INDEX);
+        TellSelection();
+    }
+}
+
+void gesso::ListInside::ClickItem(GList& list, const GList::HitTestInfo& hit, WORD mods)
+{
+    if (Has(list, Quirk::ListKeyboard)) {
+        list.SelectByMouse(hit.item, mods);
+        list.ChangeCursor(list.cursorItem, hit.item);
+    } else if (mods & KEYMOD_SHIFT) {
+        list.MoveTo(hit.item, mods, false);
+    } else if (mods & KEYMOD_CTRL) {
+        list.InvertItem(hit.item);
+        list.PutCursor(hit.item);
+    } else {
+        list.SelectOnly(hit.item);
+        list.PutCursor(hit.item);
+    }
+    if (list.TellSelection()) {
+        list.SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
     }
 }
 

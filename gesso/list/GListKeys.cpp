@@ -65,6 +65,9 @@ LRESULT GList::OnKeyDown(UINT vk, LPARAM, UINT flags)
     }
     RedrawAll();
     ChangeCursor(cursorItem, cursorItem);
+    if (!TellSelection()) {
+        return 0;
+    }
     GLISTNOTIFY notify{};
     notify.uKeyFlags = flags;
     notify.vKey = vk;

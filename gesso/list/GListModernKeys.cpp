@@ -249,6 +249,7 @@ void GList::EnsureVisible(UINT item)
 {
     if (HasItem(item, "GList::EnsureVisible: no such item")) {
         BringIntoView(item);
+        gesso::ListInside::TellChanges(*this);
     }
 }
 

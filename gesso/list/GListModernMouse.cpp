@@ -46,25 +46,14 @@ gesso::VirtualRows::Area BandArea(const gesso::ListBand& band)
 void GList::ModernClick(const HitTestInfo& hit)
 {
     const WORD mods = ModifierKeys();
-    if (hit.item == NO_INDEX) {
-        if (mods == 0) {
-            SelectNone();
-        }
-        TellSelection();
+    if (hit.item != NO_INDEX) {
+        gesso::ListInside::ClickItem(*this, hit, mods);
         return;
     }
-    if (mods & KEYMOD_SHIFT) {
-        MoveTo(hit.item, mods, false);
-    } else if (mods & KEYMOD_CTRL) {
-        InvertItem(hit.item);
-        PutCursor(hit.item);
-    } else {
-        SelectOnly(hit.item);
-        PutCursor(hit.item);
+    if (mods == 0) {
+        SelectNone();
     }
-    if (TellSelection()) {
-        SendItemNotify(static_cast<UINT>(NM_CLICK), hit);
-    }
+    TellSelection();
 }
 
 // What a menu is for: the item under the pointer, with those selected besides if it is one of them. With Ctrl

@@ -49,6 +49,7 @@ void GList::SetIndices(const ListIndices& indices)
     if (IsPressOnItem()) {
         hitPress.item = indices[4];
     }
+    m_inside->untold.cursor = GetCursorItem(); // the same item, at another place
 }
 
 // Whether there is any, and it is to go with its item.

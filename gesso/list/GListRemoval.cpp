@@ -17,6 +17,12 @@ void GList::RemoveAndTell(UINT first, UINT last)
 {
     const gesso::Watch watch(*this);
     if (RemoveItems(first, last, false)) {
+        const gesso::GoneItems gone = m_inside->gone;
+        if (gone.count) {
+            const bool fOne = gone.count == 1 && first == last;
+            m_inside->untold.Note(fOne ? EVENT_OBJECT_DESTROY : EVENT_OBJECT_REORDER,
+                                  fOne ? gone.item : NO_INDEX);
+        }
         Calculate();
         if (watch && !m_inside->fEnding) {
             TellSelection();
@@ -39,6 +45,7 @@ bool GList::IsStray(const ListItem& item) const
 bool GList::RemoveItems(UINT first, UINT last, bool fStraysAlone)
 {
     const UINT depth = m_inside->removals + 1;
+    m_inside->gone = {};
     if (depth > gesso::MOST_REMOVALS || !MarkGoing(first, last, fStraysAlone, depth)) {
         return true;
     }
@@ -94,6 +101,9 @@ void GList::DropGoing(UINT depth)
 {
     const bool fFollows = FollowsItems();
     const gesso::ListKept kept = fFollows ? KeepItems() : gesso::ListKept{};
+    const ListItem* cursor = ItemAt(GetCursorItem());
+    const bool fCursorGoes = cursor && RemovalOf(*cursor) == depth;
+    gesso::GoneItems gone;
     UINT count = 0;
     for (UINT i = 0; i < items.GetLength(); ++i) {
         if (RemovalOf(*items[i]) != depth) {
@@ -103,6 +113,7 @@ void GList::DropGoing(UINT depth)
         if (items[i]->state & LIS_SELECTED) {
             m_inside->selection.NoteGone();
         }
+        gone = {gone.count + 1, i};
         ReleaseItem(items[i]);
     }
     items.SetLength(count, -1);
@@ -111,4 +122,6 @@ void GList::DropGoing(UINT depth)
     if (fFollows) {
         FindItems(kept);
     }
+    m_inside->gone = gone;
+    m_inside->untold.cursor = fCursorGoes ? NO_INDEX : GetCursorItem();
 }

@@ -21,6 +21,8 @@ std::optional<int64_t> Target(const SCROLLINFO& si, UINT code, UINT position, UI
 
 void GList::ScrollTo(int nBar, int64_t position)
 {
+    const auto now = [&] { return nBar == SB_VERT ? m_siV.nPos + Origin() : int64_t{m_siH.nPos}; };
+    const int64_t former = now();
     if (nBar == SB_VERT) {
         position = StoreTop(position);
     }
@@ -29,6 +31,7 @@ void GList::ScrollTo(int nBar, int64_t position)
         position = std::min<int64_t>(position, nBar == SB_VERT ? last.y : last.x);
     }
     GWndScroll::SetScrollPos(nBar, Saturated(position), 1);
+    m_inside->untold.fScrolled = m_inside->untold.fScrolled || now() != former;
     PlaceRenaming();
     if (HasExactPlaces()) {
         RenewHot();

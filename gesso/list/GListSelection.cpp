@@ -131,6 +131,7 @@ void GList::SetCursorItem(UINT item)
         shiftAnchor = NO_INDEX;
     }
     Invalidate(0);
+    gesso::ListInside::TellChanges(*this);
 }
 
 // Where a range that the user selects starts as well.
@@ -171,18 +172,23 @@ void GList::ChangeSelection(UINT a, UINT b, bool on)
         UINT& state = items[item]->state;
         if (((state & LIS_SELECTED) != 0) != on) {
             state ^= LIS_SELECTED;
+            m_inside->counted.count += on ? 1U : ~0U;
             m_inside->selection.Note(item);
         }
     }
 }
 
-// Tells the parent of what has changed since the last time. False where the list is gone.
+// Tells of what has changed since the last time: the parent, and those who do not see the list. False where
+// the list is gone.
 bool GList::TellSelection()
 {
     if (m_inside->fHoldsTelling) {
         return true;
     }
     const gesso::SelectionChange change = std::exchange(m_inside->selection, {});
+    if (!gesso::ListInside::TellChanges(*this, change)) {
+        return false;
+    }
     if (change.count == 0 || bulkInsert || !m_hWnd || Has(*this, Quirk::ListSelectionSilent)) {
         return true;
     }

@@ -213,6 +213,7 @@ void GList::Sort(UINT column, bool ascending)
         return;
     }
     if (fOrdered) {
+        m_inside->untold.Note(EVENT_OBJECT_REORDER);
         Calculate();
         if (watch) {
             TellSelection();

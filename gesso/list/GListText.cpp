@@ -3,6 +3,7 @@
 
 #include <gesso/framework/ControlText.h>
 #include <gesso/framework/DrawScope.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/list/ListInside.h>
 #include <gesso/text/CDrawText.h>
 
@@ -130,5 +131,10 @@ void GList::BulkInsertOff()
         }
     }
     m_inside->fillPool.Close();
+    const gesso::Watch watch(*this);
     Calculate();
+    if (watch && items.GetLength()) {
+        m_inside->untold.Note(EVENT_OBJECT_REORDER);
+        gesso::ListInside::TellChanges(*this);
+    }
 }

@@ -77,6 +77,7 @@ void GList::SetVirtualItems(UINT count)
     list.cells.Forget(count, NO_INDEX);
     list.Outdate(0, NO_INDEX);
     MoveIndices([count](UINT index, UINT) { return index < count ? index : NO_INDEX; });
+    m_inside->untold.Note(EVENT_OBJECT_REORDER);
     LayOutAround({});
 }
 
@@ -124,6 +125,7 @@ void GList::LeaveVirtual()
     } else {
         Calculate();
     }
+    m_inside->untold.Note(EVENT_OBJECT_REORDER);
     if (life && TellSelection()) {
         EndLostRenaming();
     }
@@ -160,6 +162,12 @@ void GList::ItemsChanged(UINT first, UINT last)
     if (IsHosts("GList::ItemsChanged: the list is not virtual")) {
         Virtual()->Outdate(first, last);
         Invalidate(0);
+        if (first == last) {
+            gesso::ListInside::TellItem(*this, EVENT_OBJECT_NAMECHANGE, first);
+        } else {
+            m_inside->untold.Note(EVENT_OBJECT_REORDER);
+            gesso::ListInside::TellChanges(*this);
+        }
     }
 }
 
@@ -184,6 +192,10 @@ void GList::ItemsInserted(UINT first, UINT count)
     MoveIndices(move);
     anchor.item = move(anchor.item, 0);
     anchor.band.item = move(anchor.band.item, 0);
+    if (count) {
+        const bool fOne = count == 1;
+        m_inside->untold.Note(fOne ? EVENT_OBJECT_CREATE : EVENT_OBJECT_REORDER, fOne ? first : NO_INDEX);
+    }
     LayOutAround(anchor);
 }
 
@@ -201,6 +213,7 @@ void GList::ItemsRemoved(UINT first, UINT count)
         return;
     }
     gesso::ViewAnchor anchor = AnchorOfView();
+    const UINT cursor = GetCursorItem();
     count = list.rows.Erase(first, count);
     if (list.selected.Erase(first, first + count)) {
         m_inside->selection.NoteGone();
@@ -219,6 +232,11 @@ void GList::ItemsRemoved(UINT first, UINT count)
     MoveIndices(move);
     anchor.item = move(anchor.item, 0);
     anchor.band.item = move(anchor.band.item, 0);
+    const bool fOne = count == 1;
+    m_inside->untold.Note(fOne ? EVENT_OBJECT_DESTROY : EVENT_OBJECT_REORDER, fOne ? first : NO_INDEX);
+    if (cursor != NO_INDEX && cursor >= first && cursor - first < count) {
+        m_inside->untold.cursor = NO_INDEX; // it has the next one
+    }
     LayOutAround(anchor);
 }
 
@@ -267,6 +285,7 @@ void GList::SetGroupItemCount(UINT group, UINT count)
     // The rows in view stay in view, but for those at the start.
     const gesso::ViewAnchor anchor = VirtualInStep().top > 0 ? AnchorOfView() : gesso::ViewAnchor();
     Virtual()->rows.SetGroupCount(group, count);
+    m_inside->untold.Note(EVENT_OBJECT_REORDER);
     LayOutAround(anchor);
 }
 

@@ -64,16 +64,33 @@ struct SelectionChange
 {
     UINT count = 0;
     UINT items = 0; // of one item its index: of an item that changed and changed back nothing is left
+    // The first changes, each by its item. `known` counts on to one more, which stands for any more.
+    static constexpr UINT MOST_KNOWN = 20;
+    UINT known = 0;
+    std::array<UINT, MOST_KNOWN> changed{};
 
     void Note(UINT item)
     {
         ++count;
         items ^= item;
+        Know(item);
     }
     void Note(const IndexRanges::Change& change)
     {
         count = std::min(count + std::min(change.count, MANY), MANY);
         items ^= change.mixed;
+        if (change.count == 1) {
+            Know(change.mixed);
+        } else if (change.count) {
+            known = MOST_KNOWN + 1;
+        }
+    }
+    void Know(UINT item)
+    {
+        if (known < MOST_KNOWN) {
+            changed[known] = item;
+        }
+        known = std::min(known, MOST_KNOWN) + 1;
     }
     // One of the items has changed twice.
     void TakeBack() { count -= 2; }
@@ -82,6 +99,38 @@ struct SelectionChange
     UINT OneItem() const { return count == 1 ? items : NO_INDEX; }
 
     static constexpr UINT MANY = 0x40000000; // and more
+};
+
+// What those who do not see the list have yet to be told: of the items one event, and what is the same as
+// when they were last told.
+struct ListUntold
+{
+    DWORD dwEvent = 0;    // EVENT_OBJECT_CREATE, _DESTROY or _REORDER; 0 for none
+    UINT item = NO_INDEX; // that it is told of; NO_INDEX for the list
+    bool fScrolled = false;
+    UINT cursor = NO_INDEX;
+
+    // More than one change is told as a new order.
+    void Note(DWORD dwNew, UINT changed = NO_INDEX)
+    {
+        const bool fFirst = dwEvent == 0;
+        dwEvent = fFirst ? dwNew : DWORD{EVENT_OBJECT_REORDER};
+        item = fFirst ? changed : NO_INDEX;
+    }
+};
+
+// How many of the list's own items are selected, while the items are those of then.
+struct SelectedCount
+{
+    UINT count = 0;
+    UINT itemChanges = NO_INDEX;
+};
+
+// What a removal has taken: how many, and of one its index.
+struct GoneItems
+{
+    UINT count = 0;
+    UINT item = NO_INDEX;
 };
 
 // Where the selected items are: none lies outside, as long as the items are those of then and in that order.
@@ -187,6 +236,9 @@ struct ListInside
     ListRenaming renaming;
     SelectionChange selection;
     SelectedSpan selected;
+    SelectedCount counted;
+    ListUntold untold;
+    GoneItems gone;             // by the last removal
     bool fHoldsTelling = false; // a change of the selection goes on
     bool fEnding = false;       // the window goes
     bool fHadWindow = false;
@@ -204,10 +256,21 @@ struct ListInside
     static int ImageTimes(const GList& list, SIZE image);
     // Whether a list's layout agrees with its records, for tests.
     static bool CheckLayout(const GList& list);
+    // What a click on an item does, with these modifier keys. The list may be gone afterwards.
+    static void ClickItem(GList& list, const GList::HitTestInfo& hit, WORD mods);
+
+    // Those who do not see the list are told of what has changed since they last were, and of a change of the
+    // selection. False where the list is gone.
+    static bool TellChanges(GList& list, const SelectionChange& change = {});
+    // The same of an item alone, nothing during a bulk fill. The list may be gone afterwards.
+    static void TellItem(const GList& list, DWORD dwEvent, UINT item);
+    // The number by which they know an item; the list's own for none.
+    static LONG ChildOf(UINT item);
 
     struct FieldPlaces;
     class Question;
     class Pass;
+    class Tale;
 };
 
 } // namespace gesso

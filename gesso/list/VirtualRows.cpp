@@ -187,6 +187,11 @@ UINT VirtualRows::GroupOf(UINT item) const
     return item < m_groupedEnd ? static_cast<UINT>(BlockOf(item)) : NO_INDEX;
 }
 
+VirtualRows::Span VirtualRows::PlaceOfGroup(UINT group) const
+{
+    return m_fGroups && group < m_blocks.size() ? Span{TopOf(group), LinesTop(group)} : Span{0, 0};
+}
+
 // --- The rows themselves
 
 bool VirtualRows::AddRow(ListRows& rows, UINT type, UINT index, const Area& area, int64_t origin) const

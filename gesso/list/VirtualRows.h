@@ -45,6 +45,9 @@ public:
     UINT ItemReaching(int64_t y) const;
     // The group's index; NO_INDEX behind the last one.
     UINT GroupOf(UINT item) const;
+    // The row of a group itself; empty for one that has none.
+    Span PlaceOfGroup(UINT group) const;
+    int64_t GroupWidth() const { return m_width; }
     int64_t RowHeight() const { return m_pitchY; }
 
     // The rows between two places, and a row around them, as they count from `origin`. Without memory those

@@ -170,6 +170,9 @@ private:
     friend struct gesso::RibbonInside;
     friend class GRibbonPage;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     LRESULT OnMouseMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyboardMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
     LRESULT PassToParent(UINT uMsg, WPARAM wParam, LPARAM lParam) const;

@@ -10,6 +10,7 @@
 #include <gesso/framework/OwnedHandles.h>
 #include <gesso/ribbon/GRibbon.h>
 #include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/VisitTabs.h>
 
 using gesso::Color;
 using gesso::Pixels;
@@ -65,24 +66,6 @@ void DrawOutline(HDC hdc, int nLeft, int nRight, int nBaseLine)
 }
 
 } // namespace
-
-// Visits the visible tabs from left to right, with where they start and end, until `visit` returns false.
-template <class VISIT> void GRibbon::VisitTabs(VISIT visit) const
-{
-    const int nMargins = 2 * Pixels(m_hWnd, Metrics::RIBBON_TAB_MARGIN);
-    const int nGap = Pixels(m_hWnd, Metrics::RIBBON_TAB_GAP);
-    int nLeft = 0;
-    for (UINT i = 0; i < m_aTabs.GetLength(); i++) {
-        if (!IsVisible(i)) {
-            continue;
-        }
-        const int nRight = nLeft + nMargins + static_cast<int>(m_aTabs[i].uTextWidth);
-        if (!visit(i, nLeft, nRight)) {
-            return;
-        }
-        nLeft = nRight + nGap;
-    }
-}
 
 UINT GRibbon::HitTest(POINTS pt) const
 {

@@ -5,6 +5,7 @@
 #include <gesso/controls/ButtonLook.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/Frame.h>
+#include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/ribbon/ItemCode.h>
 #include <gesso/ribbon/RibbonInside.h>
@@ -160,7 +161,13 @@ LRESULT GRibbon::OnSetFocus(HWND hwndFormer)
             pPage->ChangeFocusItem(RIBBON_NONE);
         }
     }
-    return Frame::OnSetFocus(*this);
+    const gesso::Watch watch(*this);
+    Invalidate(0);
+    gesso::RibbonInside::TellFocus(*this);
+    if (watch) {
+        Frame::SendNotify(*this, static_cast<UINT>(NM_SETFOCUS));
+    }
+    return 0;
 }
 
 // The parent may do anything in what a key leads to: nothing is touched afterwards.
@@ -231,14 +238,19 @@ void GRibbon::StepItem(UINT uFrom, int nStep)
     if (uItem != RIBBON_NONE) {
         pPage->ChangeFocusItem(uItem);
         Invalidate(0);
+        gesso::RibbonInside::TellFocus(*this);
     }
 }
 
 void GRibbon::LeaveItems()
 {
     if (GRibbonPage* pPage = ActivePage()) {
+        const bool fLeaves = FocusItem() != RIBBON_NONE;
         pPage->ChangeFocusItem(RIBBON_NONE);
         Invalidate(0);
+        if (fLeaves) {
+            gesso::RibbonInside::TellFocus(*this);
+        }
     }
 }
 

@@ -5,7 +5,7 @@
 #include <gesso/framework/Library.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Metrics.h>
-#include <gesso/ribbon/GRibbonPage.h>
+#include <gesso/ribbon/RibbonInside.h>
 
 #include <algorithm>
 #include <utility>
@@ -112,7 +112,10 @@ HWND GRibbonPage::RibbonWindow() const
 
 void GRibbonPage::SetTitle(LPCWSTR pszTitle)
 {
-    static_cast<void>(gesso::HoldText(m_pszTitle, pszTitle));
+    const bool fOther = OString<wchar_t>::Build(L"%s", Title()) != gesso::TextOrEmpty(pszTitle);
+    if (gesso::HoldText(m_pszTitle, pszTitle) && fOther) {
+        gesso::RibbonInside::TellTitle(RibbonWindow() ? m_pRibbon : nullptr, this);
+    }
 }
 
 LPCWSTR GRibbonPage::Title() const
@@ -145,6 +148,7 @@ int GRibbonPage::InsertGroup(DWORD dwAfterId, DWORD dwId, LPCWSTR pszTitle, UINT
     }
     m_aGroups[nIndex].strTitle = std::move(strTitle);
     RecalcWidth();
+    gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this, EVENT_OBJECT_REORDER);
     return 1;
 }
 
@@ -152,6 +156,7 @@ void GRibbonPage::SetGroupName(DWORD dwId, LPCWSTR pszTitle)
 {
     if (Group* pGroup = FindGroup(dwId)) {
         pGroup->strTitle.Format(L"%s", gesso::TextOrEmpty(pszTitle));
+        gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this, EVENT_OBJECT_NAMECHANGE);
     }
 }
 
@@ -162,6 +167,7 @@ int GRibbonPage::RemoveGroup(DWORD dwId)
         return 0;
     }
     m_aGroups.RemoveAt(nIndex, 1);
+    gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this, EVENT_OBJECT_REORDER);
     return 1;
 }
 
@@ -192,6 +198,7 @@ void GRibbonPage::InsertItem(DWORD dwGroupId, DWORD dwBeforeId, ItemInfo* pInfo)
     const UINT nIndex = IndexOfId(pGroup->aItems, dwBeforeId);
     pGroup->aItems.InsertAt(nIndex, item);
     OnItemsChanged(*pGroup, nIndex);
+    gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this, EVENT_OBJECT_REORDER);
 }
 
 void GRibbonPage::SetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
@@ -208,11 +215,18 @@ void GRibbonPage::SetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
         return gesso::Misuse("GRibbonPage::SetItemInfo: an item that is not in the group");
     }
     Item& item = pGroup->aItems[nIndex];
+    const UINT uFormer = item.uFlags;
+    const auto strFormer = OString<wchar_t>::Build(L"%s", gesso::TextOrEmpty(item.pszText));
     if (item.uType != pInfo->uType || !TakeInfo(item, *pInfo)) {
         return;
     }
     Measure(item);
     OnItemsChanged(*pGroup, nIndex);
+    if (item.uFlags != uFormer || strFormer != gesso::TextOrEmpty(item.pszText)) {
+        gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this,
+                                      item.uFlags != uFormer ? EVENT_OBJECT_STATECHANGE
+                                                             : EVENT_OBJECT_NAMECHANGE);
+    }
 }
 
 void GRibbonPage::GetItemInfo(DWORD dwGroupId, DWORD dwItemId, ItemInfo* pInfo)
@@ -254,6 +268,7 @@ void GRibbonPage::RemoveItem(DWORD dwGroupId, DWORD dwItemId)
     m_ownBlocks.Free(item.puOptions);
     pGroup->aItems.RemoveAt(nIndex, 1);
     OnItemsChanged(*pGroup, nIndex);
+    gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this, EVENT_OBJECT_REORDER);
 }
 
 // False, with nothing done, without memory.

@@ -2,6 +2,7 @@
 
 #include <gesso/framework/Quirks.h>
 #include <gesso/ribbon/GRibbonPageWatch.h>
+#include <gesso/ribbon/RibbonInside.h>
 
 #include <utility>
 
@@ -94,11 +95,14 @@ void GRibbonPage::Click(UINT uItem)
         return;
     }
     LPARAM lChecked = 0;
+    const WPARAM wId = LOWORD(pItem->nId);
+    const HWND hwndTarget = m_hwndTarget;
     if (pItem->uType == RIT_CHECKBOX) {
         ChangeCheck(*pItem, !(pItem->uFlags & RIF_CHECKED));
         lChecked = pItem->uFlags & RIF_CHECKED ? 1 : 0;
+        gesso::RibbonInside::TellPage(RibbonWindow() ? m_pRibbon : nullptr, this, EVENT_OBJECT_STATECHANGE);
     }
-    SendMessageW(m_hwndTarget, WM_COMMAND, LOWORD(pItem->nId), lChecked);
+    SendMessageW(hwndTarget, WM_COMMAND, wId, lChecked); // also where a listener has ended the page
 }
 
 // Null for the code of no item, and where the item has gone meanwhile.

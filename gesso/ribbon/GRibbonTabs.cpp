@@ -51,9 +51,13 @@ UINT GRibbon::AddPage(GRibbonPage* pPage, DWORD dwId, LPCWSTR pszTitle)
     m_inside->ownPages.Add(pPage);
     const UINT uWidth = MeasureTitle(pszTitle ? pszTitle : pPage->Title());
     const UINT nIndex = m_aTabs.Add({uWidth, RIBBON_TAB_VISIBLE, pPage});
+    const gesso::Watch watch(*this);
     pPage->Create(this);
     Invalidate(0);
     pPage->UpdateWindows();
+    if (watch) {
+        gesso::RibbonInside::TellAdded(*this, nIndex);
+    }
     return nIndex;
 }
 
@@ -63,6 +67,9 @@ void GRibbon::RemovePage(GRibbonPage* pPage)
     if (nIndex == RIBBON_NONE) {
         return;
     }
+    const LONG nFormer = gesso::RibbonInside::NumberOfTab(*this, nIndex);
+    const GRibbonPage* pShown = ActivePage();
+    const gesso::Watch watch(*this);
     m_inside->ownPages.Forget(pPage);
     m_aTabs.RemoveAt(nIndex, 1);
     Invalidate(0);
@@ -70,6 +77,9 @@ void GRibbon::RemovePage(GRibbonPage* pPage)
         OnPageRemoved(pPage, nIndex);
     } else if (m_nActive >= m_aTabs.GetLength()) {
         m_nActive = m_aTabs.GetLength() - 1;
+    }
+    if (watch) {
+        gesso::RibbonInside::TellRemoved(*this, nFormer, pShown);
     }
 }
 
@@ -96,7 +106,11 @@ void GRibbon::RenamePage(GRibbonPage* pPage, LPCWSTR pszTitle)
     if (!gesso::HoldText(title, pszTitle)) {
         return;
     }
+    const gesso::Watch watch(*this);
     pPage->SetTitle(title);
+    if (!watch) {
+        return;
+    }
     const UINT nIndex = IndexOf(pPage);
     if (nIndex == RIBBON_NONE) {
         return gesso::Misuse("GRibbon::RenamePage: a page that is not in the ribbon");
@@ -135,8 +149,15 @@ void GRibbon::ChangeActive(UINT nIndex)
     GRibbonPage* pFormer = ActivePage();
     const UINT nFormer = std::exchange(m_nActive, nIndex);
     Invalidate(0);
-    if (!fSilent && nIndex != nFormer) {
+    if (nIndex == nFormer) {
+        return;
+    }
+    const gesso::Watch watch(*this);
+    if (!fSilent) {
         TurnPages(pFormer);
+    }
+    if (watch && m_nActive == nIndex) {
+        gesso::RibbonInside::TellTurn(*this);
     }
 }
 
@@ -171,11 +192,16 @@ void GRibbon::SetStatus(UINT nIndex, UINT uStatus)
     if (nIndex >= m_aTabs.GetLength()) {
         return gesso::Misuse("GRibbon::SetStatus: an index beyond the tabs");
     }
+    const LONG nFormer = gesso::RibbonInside::NumberOfTab(*this, nIndex);
+    const gesso::Watch watch(*this);
     m_aTabs[nIndex].uStatus = uStatus;
     if (nIndex == m_nActive && !IsVisible(nIndex)) {
         ChangeActive(TabToShowInsteadOf(nIndex));
     } else {
         Invalidate(0);
+    }
+    if (watch) {
+        gesso::RibbonInside::TellStatus(*this, nIndex, nFormer);
     }
 }
 

@@ -1,5 +1,6 @@
 #include <gesso/containers/Index.h>
 #include <gesso/containers/Misuse.h>
+#include <gesso/framework/Access.h>
 #include <gesso/framework/ActivationContext.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Colors.h>
@@ -67,6 +68,14 @@ void DrawFrame(HWND hwnd)
     }
 }
 
+// Nothing of an object that its window does not run on.
+void TellRow(const GWnd& menu, HWND hwnd, UINT nRow, DWORD dwEvent)
+{
+    if (Frame::IsAlive(hwnd, &menu)) {
+        gesso::TellAccess(hwnd, dwEvent, static_cast<LONG>(nRow) + 1);
+    }
+}
+
 // fThere is false where an answer to the command has destroyed the window already.
 void EndMenu(HWND hwnd, bool fThere, HWND hwndOwner)
 {
@@ -97,6 +106,7 @@ HWND GRightClickMenu::Create(int x, int y, int cx, int cy, HWND hwndParent, int 
     if (life) { // the owner, no longer active, may have deleted the object
         m_hWnd = hwnd;
     }
+    gesso::TellAccess(hwnd, EVENT_SYSTEM_MENUPOPUPSTART);
     return hwnd;
 }
 
@@ -114,6 +124,7 @@ void GRightClickMenu::AddValue(LPCWSTR pszText)
     const UINT nIndex = fKept ? m_aValues.Add(OString<wchar_t>()) : gesso::NO_INDEX;
     if (nIndex != gesso::NO_INDEX) {
         m_aValues[nIndex] = std::move(str);
+        TellRow(*this, m_hWnd, nIndex, EVENT_OBJECT_CREATE);
     }
 }
 
@@ -122,7 +133,10 @@ void GRightClickMenu::SetValue(UINT nIndex, LPCWSTR pszText)
     if (nIndex >= m_aValues.GetLength()) {
         return gesso::Misuse("GRightClickMenu::SetValue: a row that is not there");
     }
-    m_aValues[nIndex].Format(L"%s", gesso::TextOrEmpty(pszText));
+    const bool fOther = m_aValues[nIndex] != gesso::TextOrEmpty(pszText);
+    if (m_aValues[nIndex].Format(L"%s", gesso::TextOrEmpty(pszText)) && fOther) {
+        TellRow(*this, m_hWnd, nIndex, EVENT_OBJECT_NAMECHANGE);
+    }
 }
 
 LPCWSTR GRightClickMenu::GetValue(UINT nIndex) const
@@ -174,7 +188,9 @@ LRESULT GRightClickMenu::OnCreate(const CREATESTRUCTW*)
 
 LRESULT GRightClickMenu::OnDestroy()
 {
-    return Frame::Detach(*this);
+    const gesso::Watch watch(*this);
+    gesso::TellAccess(m_hWnd, EVENT_SYSTEM_MENUPOPUPEND);
+    return watch ? Frame::Detach(*this) : 0;
 }
 
 LRESULT GRightClickMenu::OnPaint()

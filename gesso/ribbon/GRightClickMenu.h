@@ -97,6 +97,9 @@ private:
     friend class gesso::Frame;
     friend class gesso::TrackedMenu;
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void ChangeHot(int nRow);
     void DrawRows(HDC hdc, UINT nFirst, UINT uFormat) const;
 };

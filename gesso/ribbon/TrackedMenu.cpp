@@ -1,4 +1,5 @@
 #include <gesso/containers/Misuse.h>
+#include <gesso/framework/Access.h>
 #include <gesso/framework/BufferedPaint.h>
 #include <gesso/framework/Direction.h>
 #include <gesso/framework/DrawScope.h>
@@ -25,7 +26,8 @@ TrackedMenu::TrackedMenu(const LPCWSTR* ppszValues, UINT nCount, UINT uChecked)
         AddValue(ppszValues[i]);
     }
     m_hFont = g_hDefaultFont;
-    ChangeHot(uChecked < nCount ? static_cast<int>(uChecked) : -1);
+    m_nChecked = uChecked < nCount ? uChecked : NO_INDEX;
+    ChangeHot(static_cast<int>(m_nChecked));
 }
 
 SIZE TrackedMenu::SizeOfRows(HWND hwndOwner) const
@@ -61,6 +63,8 @@ bool TrackedMenu::ShowMenu(HWND hwndOwner)
     SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProc));
     Mark(static_cast<UINT>(m_nHot));
     ShowWindow(m_hWnd, SW_SHOWNOACTIVATE);
+    TellAccess(m_hWnd, EVENT_SYSTEM_MENUPOPUPSTART);
+    TellMark();
     return IsWindow(m_hWnd);
 }
 
@@ -93,6 +97,7 @@ bool TrackedMenu::OnMenuKey(WPARAM wKey)
 // NO_INDEX marks none.
 void TrackedMenu::Mark(UINT nRow)
 {
+    const bool fOther = nRow != static_cast<UINT>(m_nHot);
     ChangeHot(static_cast<int>(nRow));
     if (nRow < m_nFirst) {
         m_nFirst = nRow;
@@ -100,6 +105,17 @@ void TrackedMenu::Mark(UINT nRow)
         m_nFirst = nRow + 1 - VisibleRows();
     }
     Invalidate(0);
+    if (fOther) {
+        TellMark();
+    }
+}
+
+// To assistive technology: what is marked is where the keys are. The object outlives its window.
+void TrackedMenu::TellMark() const
+{
+    if (static_cast<UINT>(m_nHot) < GetValueCount()) {
+        TellAccess(m_hWnd, EVENT_OBJECT_FOCUS, m_nHot + 1);
+    }
 }
 
 UINT TrackedMenu::VisibleRows() const
@@ -122,6 +138,7 @@ void TrackedMenu::OnMenuWheel(int nDelta)
         ScreenToClient(m_hWnd, &pt);
         ChangeHot(static_cast<int>(RowAt({static_cast<SHORT>(pt.x), static_cast<SHORT>(pt.y)})));
         Invalidate(0);
+        TellMark();
     }
 }
 
@@ -143,6 +160,7 @@ void TrackedMenu::OnPointer(POINTS pt)
     if (HasMovedTo(ToScreen(m_hWnd, pt)) && nRow != static_cast<UINT>(m_nHot)) {
         ChangeHot(static_cast<int>(nRow));
         Invalidate(0);
+        TellMark();
     }
 }
 

@@ -254,7 +254,7 @@ LRESULT GNavigationBar::OnEnable(BOOL fEnable)
 
 LRESULT GNavigationBar::OnSetFocus(HWND)
 {
-    return Frame::OnSetFocus(*this);
+    return TreeActions::OnSetFocus(*this);
 }
 
 LRESULT GNavigationBar::OnGetDlgCode() const

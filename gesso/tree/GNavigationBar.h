@@ -233,6 +233,9 @@ private:
     struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     void MakeHeaderFont();
     void TakeMeasures();
     void OnScaling();

@@ -73,8 +73,12 @@ void GNavigationBar::SetItemState(void* hItem, UINT uState, UINT uMask)
 
 void GNavigationBar::SetItemName(void* hItem, LPCWSTR pszName)
 {
+    const bool fOther = TreeActions::IsOtherName(*this, hItem, pszName);
     Items().SetName(hItem, pszName);
     TreeActions::ShowField(*this);
+    if (fOther) {
+        TreeActions::TellRow(*this, Items().FindRow(hItem), EVENT_OBJECT_NAMECHANGE);
+    }
 }
 
 void GNavigationBar::SetItemImage(void* hItem, UINT nImage)
@@ -162,6 +166,7 @@ void GNavigationBar::EnsureVisible(void* hItem)
     const UINT row = TreeActions::RowToShow(*this, hItem);
     if (row != NO_INDEX) {
         EnsureVisible(row);
+        TreeActions::TellScrolled(*this);
     }
 }
 

@@ -79,7 +79,9 @@ void GNavigationBar::StepTo(UINT row)
         View().SelectRow(row);
         EnsureVisible(row);
         Invalidate(0);
-        TreeActions::TellSelection(*this);
+        if (TreeActions::TellSelection(*this)) {
+            TreeActions::TellScrolled(*this);
+        }
     }
 }
 

@@ -441,7 +441,7 @@ LRESULT GTree::OnSetFocus(HWND)
     if (m_nSelected >= m_aVisible.GetLength() && Has(*this, Quirk::TreeSelectsByNumber)) {
         View().ChangeSelection(nullptr, 0);
     }
-    return Frame::OnSetFocus(*this);
+    return TreeActions::OnSetFocus(*this);
 }
 
 LRESULT GTree::OnNcCreate(const CREATESTRUCTW* pcs)

@@ -289,6 +289,9 @@ private:
     struct Layout;
 
     LRESULT OnMessage(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // What it says of itself to those who do not see it.
+    class Access;
+    static const gesso::AccessibleSide& Describes();
     LRESULT OnPaint();
     bool Ask(TreeItem& item);
     bool TakeAnswer(TreeItem& item, const GTREEDISPINFO& info);

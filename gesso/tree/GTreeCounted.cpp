@@ -99,7 +99,7 @@ bool GTree::TakeAnswer(TreeItem& item, const GTREEDISPINFO& info)
     const UINT nRows = m_aVisible.GetLength();
     const UINT nChildren = std::min(info.childCount, gesso::CountedChildren<TreeItem>::MOST);
     item.fAsked = View().SetChildCount(item, nChildren) && item.fAsked;
-    return m_aVisible.GetLength() == nRows || RowsChanged();
+    return m_aVisible.GetLength() == nRows || (RowsChanged() && TreeActions::TellReorder(*this));
 }
 
 // Of an item that a getter is asked for. A bad handle is the getter's to tell of.

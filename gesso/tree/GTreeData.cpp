@@ -77,9 +77,14 @@ void GTree::SetItemName(void* hItem, LPCWSTR pszName)
     if (!AskFor(hItem)) {
         return;
     }
+    const bool fOther = TreeActions::IsOtherName(*this, hItem, pszName);
+    const gesso::Watch watch(*this);
     Items().SetName(hItem, pszName);
     if (!Has(*this, Quirk::TreeSettersShowLater)) {
         RowsChanged();
+    }
+    if (watch && fOther) {
+        TreeActions::TellRow(*this, Items().FindRow(hItem), EVENT_OBJECT_NAMECHANGE);
     }
 }
 
@@ -179,6 +184,7 @@ void GTree::EnsureVisible(void* hItem)
     const UINT row = TreeActions::RowToShow(*this, hItem);
     if (row != NO_INDEX) {
         EnsureVisible(row);
+        TreeActions::TellScrolled(*this);
     }
 }
 
@@ -191,8 +197,8 @@ void GTree::SetItemParent(void* hItem, void* hNewParent)
         gesso::Misuse("GTree::SetItemParent: a bad handle, or a parent below the item");
     } else if (Has(*this, Quirk::TreeRowsStay)) {
         Invalidate(0);
-    } else {
-        RowsChanged();
+    } else if (RowsChanged()) {
+        TreeActions::TellReorder(*this);
     }
 }
 
@@ -200,7 +206,11 @@ void GTree::SetItemParent(void* hItem, void* hNewParent)
 // come, in trees of hosts that show the root.
 void GTree::SetRootVisible(bool fVisible)
 {
+    const UINT nRows = m_aVisible.GetLength();
     View().ShowRoot(fVisible);
+    if (m_aVisible.GetLength() != nRows) {
+        TreeActions::TellIndex(*this, 0, fVisible ? EVENT_OBJECT_CREATE : EVENT_OBJECT_DESTROY);
+    }
 }
 
 // An item that no row shows changes what is seen only where it gives its parent an expander.

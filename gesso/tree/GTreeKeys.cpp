@@ -69,7 +69,9 @@ LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT uFlags)
             TreeInput::ScrollRowIntoView(*this, m_nSelected, GoesUp(uKey), !GoesUp(uKey));
         }
         TreeActions::RedrawAll(*this);
-        TreeActions::TellSelection(*this);
+        if (TreeActions::TellSelection(*this)) {
+            TreeActions::TellScrolled(*this);
+        }
     }
     return 0;
 }
@@ -77,10 +79,13 @@ LRESULT GTree::OnKeyDown(UINT uKey, UINT, UINT uFlags)
 void GTree::ClickSelected()
 {
     if (TreeItem* item = m_aVisible[m_nSelected]) {
+        const gesso::Watch watch(*this);
         if (m_uTreeStyle & GTS_CHECKBOXES) {
             Tick(*item);
         }
-        TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
+        if (watch) {
+            TreeActions::SendItem(*this, static_cast<UINT>(NM_CLICK), m_nSelected, 0, -1, -1);
+        }
     }
 }
 
@@ -210,12 +215,15 @@ LRESULT GTree::OnChar(UINT ch, UINT, UINT)
         return 0;
     }
     const UINT row = FindTyped(static_cast<wchar_t>(ch));
+    m_ftLastChar = ftNow;
     if (row != NO_INDEX) {
         View().SelectRow(row);
         EnsureVisible(row);
         TreeActions::RedrawAll(*this);
+        if (TreeActions::TellSelected(*this, true)) {
+            TreeActions::TellScrolled(*this);
+        }
     }
-    m_ftLastChar = ftNow;
     return 0;
 }
 

@@ -274,8 +274,12 @@ void GTree::ClickRow(UINT row, WORD nPart, POINTS pt)
     if (!TreeActions::TellSelection(*this)) {
         return;
     }
+    const gesso::Watch watch(*this);
     if (nPart == THT_CHECKBOX) {
         Tick(*item);
+    }
+    if (!watch) {
+        return;
     }
     TreeActions::SendItemAgain(*this, static_cast<UINT>(NM_CLICK), item, row, 0, pt.x, pt.y);
 }
@@ -285,6 +289,7 @@ void GTree::Tick(TreeItem& item)
     if (!Has(*this, Quirk::TreeBoxesTickNothing)) {
         View().Tick(item, TIS_CHECKED);
         Invalidate(0);
+        TreeActions::TellRow(*this, Items().FindRow(&item), EVENT_OBJECT_STATECHANGE);
     }
 }
 
@@ -334,5 +339,6 @@ LRESULT GTree::OnHScroll(UINT uCode, UINT nPos, HWND)
         TreeInput::ScrollTo(*this, SB_HORZ, *nTarget);
     }
     Invalidate(0);
+    TreeActions::TellScrolled(*this);
     return 0;
 }

@@ -7,6 +7,7 @@
 #include <gesso/tree/GNavigationBar.h>
 #include <gesso/tree/RowGeometry.h>
 
+#include <algorithm>
 #include <numeric>
 
 namespace gesso {
@@ -57,8 +58,60 @@ public:
     // What the scroll range of all rows ends with.
     int LastPixel() const { return static_cast<int>(std::min<int64_t>(PlaceOf(NO_INDEX).nTop, INT_MAX)) - 1; }
 
+    // How many of the rows in front of one are no spacers; of all rows for NO_INDEX.
+    static UINT CountTold(const VisibleRows<NavigationBarItem>& rows, UINT rowEnd)
+    {
+        UINT n = 0;
+        for (Chunk* pChunk : rows.Chunks()) {
+            if (rowEnd - pChunk->nFirst < pChunk->nCount) {
+                return n + static_cast<UINT>(
+                               std::count_if(pChunk->aItems, pChunk->aItems + (rowEnd - pChunk->nFirst),
+                                             [](const auto* item) { return !IsSpacer(*item); }));
+            }
+            n += pChunk->nCount - SpacersIn(*pChunk);
+        }
+        return n;
+    }
+    // The row that is no spacer and has so many of these in front of it; NO_INDEX for none.
+    static UINT ToldRow(const VisibleRows<NavigationBarItem>& rows, UINT nIndex)
+    {
+        for (Chunk* pChunk : rows.Chunks()) {
+            const UINT nTold = pChunk->nCount - SpacersIn(*pChunk);
+            if (nIndex < nTold) {
+                UINT i = 0;
+                while (IsSpacer(*pChunk->aItems[i]) || nIndex-- > 0) {
+                    ++i;
+                }
+                return pChunk->nFirst + i;
+            }
+            nIndex -= nTold;
+        }
+        return NO_INDEX;
+    }
+
 private:
     using Chunk = RowChunk<NavigationBarItem>;
+
+    // The chunk keeps how many of its rows are subitems, how many are thin, and how many of these spacers.
+    static constexpr int THIN = 0x400;
+    static constexpr int SPACER = 0x100000;
+    static_assert(Chunk::CAPACITY < THIN && THIN * THIN == SPACER);
+
+    static int SummaryOf(Chunk& chunk)
+    {
+        if (chunk.nSummary == NOT_MEASURED) {
+            const auto weight = [](int n, const NavigationBarItem* item) {
+                return n +
+                       (IsThin(*item)                   ? THIN
+                        : KindOf(*item) == NBIK_SUBITEM ? 1
+                                                        : 0) +
+                       (IsSpacer(*item) ? SPACER : 0);
+            };
+            chunk.nSummary = std::accumulate(chunk.aItems, chunk.aItems + chunk.nCount, 0, weight);
+        }
+        return chunk.nSummary;
+    }
+    static UINT SpacersIn(Chunk& chunk) { return static_cast<UINT>(SummaryOf(chunk) / SPACER); }
 
     // The first row of the first chunk for which isWanted(chunk, its bottom) holds; behind the last one its
     // number is NO_INDEX.
@@ -75,26 +128,20 @@ private:
         return At(NO_INDEX, nTop);
     }
 
-    // The chunk keeps how many of its rows are subitems, and how many are thin.
     int64_t HeightOf(Chunk& chunk) const
     {
-        constexpr int THIN = 0x10000;
-        if (chunk.nSummary == NOT_MEASURED) {
-            const auto weight = [](int n, const NavigationBarItem* item) {
-                return n + (IsThin(*item) ? THIN : KindOf(*item) == NBIK_SUBITEM ? 1 : 0);
-            };
-            chunk.nSummary = std::accumulate(chunk.aItems, chunk.aItems + chunk.nCount, 0, weight);
-        }
-        const int nThin = chunk.nSummary / THIN;
-        const int nSubitems = chunk.nSummary % THIN;
+        const int nSummary = SummaryOf(chunk);
+        const int nThin = nSummary % SPACER / THIN;
+        const int nSubitems = nSummary % THIN;
         const int64_t nItems = static_cast<int64_t>(chunk.nCount) - nThin - nSubitems;
         return nItems * m_heights.nItem + int64_t{nSubitems} * m_heights.nSubitem +
                int64_t{nThin} * m_heights.nThin;
     }
 
+    static bool IsSpacer(const NavigationBarItem& item) { return KindOf(item) == NBIK_SPACER; }
     static bool IsThin(const NavigationBarItem& item)
     {
-        return KindOf(item) == NBIK_SEPARATOR || KindOf(item) == NBIK_SPACER;
+        return KindOf(item) == NBIK_SEPARATOR || IsSpacer(item);
     }
     RowPlace At(UINT row, int64_t nTop) const
     {

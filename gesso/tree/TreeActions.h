@@ -2,11 +2,15 @@
 // told. Alike in both trees; where their rules part stands in TreeRules.h.
 #pragma once
 
+#include <gesso/framework/Access.h>
 #include <gesso/framework/Frame.h>
 #include <gesso/framework/Lifeline.h>
 #include <gesso/framework/Quirks.h>
 #include <gesso/tree/ItemNotify.h>
+#include <gesso/tree/ToldRows.h>
 #include <gesso/tree/TreeView.h>
+
+#include <utility>
 
 namespace gesso {
 
@@ -33,10 +37,13 @@ struct TreeActions
 
     // --- Selection
 
-    // Tells the parent of the selection, if that is another than it knows. False where there is nothing to go
-    // on with.
+    // Tells the parent of the selection, if that is another than it knows, and assistive technology before
+    // it. False where there is nothing to go on with.
     template <class CONTROL> static bool TellSelection(CONTROL& tree)
     {
+        if (!TellSelected(tree, GetFocus() == tree.m_hWnd)) {
+            return false;
+        }
         auto& pTold = tree.m_aVisible.Inside().pToldSelection;
         if (pTold == tree.m_pSelected || Has(tree, Quirk::TreeSelectionIsSilent)) {
             return true;
@@ -46,6 +53,94 @@ struct TreeActions
         const Watch watch(tree);
         SendItemNotify(tree, TVN_SELCHANGEDW, tree.m_pSelected, tree.m_nSelected, 0, -1, -1);
         return watch;
+    }
+
+    // --- What assistive technology hears. A listener may do anything: each is false where there is nothing
+    // to go on with. A copy, whose rows are not its window's, tells nothing.
+
+    template <class CONTROL> static bool TellRow(CONTROL& tree, UINT row, DWORD dwEvent)
+    {
+        return TellIndex(tree, ToldIndex(tree.m_aVisible, row), dwEvent);
+    }
+    // The same by the row's index among those that are told of; nothing of NO_INDEX.
+    template <class CONTROL> static bool TellIndex(CONTROL& tree, UINT nIndex, DWORD dwEvent)
+    {
+        if (nIndex == NO_INDEX || !Frame::IsAlive(tree.m_hWnd, &tree)) {
+            return true;
+        }
+        const Watch watch(tree);
+        TellAccess(tree.m_hWnd, dwEvent, static_cast<LONG>(nIndex) + 1);
+        return watch;
+    }
+    // The whole control.
+    template <class CONTROL> static bool TellWhole(CONTROL& tree, DWORD dwEvent)
+    {
+        const Watch watch(tree);
+        if (Frame::IsAlive(tree.m_hWnd, &tree)) {
+            TellAccess(tree.m_hWnd, dwEvent);
+        }
+        return watch;
+    }
+
+    // Of the selection, if that is another than was told, and of the focus with it.
+    template <class CONTROL> static bool TellSelected(CONTROL& tree, bool fFocus)
+    {
+        auto& inside = tree.m_aVisible.Inside();
+        const HeardSelection now = SelectionOf(tree);
+        const HeardSelection former = std::exchange(inside.heard, now);
+        if (now == former) {
+            return true;
+        }
+        const bool fShown = IsSelectableRow(tree.m_aVisible, tree.m_nSelected);
+        if (fFocus && !(fShown ? TellRow(tree, tree.m_nSelected, EVENT_OBJECT_FOCUS)
+                               : TellWhole(tree, EVENT_OBJECT_FOCUS)))
+        {
+            return false;
+        }
+        if (fShown) { // by now it may be another one, which was told then
+            return !(SelectionOf(tree) == now) || TellRow(tree, tree.m_nSelected, EVENT_OBJECT_SELECTION);
+        }
+        const UINT row = former.pItem ? tree.View().FindRow(former.pItem) : former.row;
+        return TellRow(tree, row, EVENT_OBJECT_SELECTIONREMOVE);
+    }
+
+    // Of many rows that came, went or moved: nothing else is told of them, nor of a selection among them.
+    template <class CONTROL> static bool TellReorder(CONTROL& tree)
+    {
+        tree.m_aVisible.Inside().heard = SelectionOf(tree);
+        return TellWhole(tree, EVENT_OBJECT_REORDER);
+    }
+
+    // Of a scroll position that is another than was told. To be called last, after what has scrolled.
+    template <class CONTROL> static bool TellScrolled(CONTROL& tree)
+    {
+        POINT& ptHeard = tree.m_aVisible.Inside().ptHeard;
+        const POINT pt{tree.m_siH.nPos, tree.m_siV.nPos};
+        if (pt.x == ptHeard.x && pt.y == ptHeard.y) {
+            return true;
+        }
+        ptHeard = pt;
+        constexpr DWORD SCROLLED = 0x8015; // EVENT_OBJECT_CONTENTSCROLLED, which not all headers have
+        return TellWhole(tree, SCROLLED);
+    }
+
+    // Of a new window, of which nothing has been told.
+    template <class CONTROL> static void HearAsItIs(CONTROL& tree)
+    {
+        auto& inside = tree.m_aVisible.Inside();
+        inside.heard = SelectionOf(tree);
+        inside.ptHeard = {tree.m_siH.nPos, tree.m_siV.nPos};
+    }
+
+    // The focus is on the selected row, if there is one; of the window's own the platform tells.
+    template <class CONTROL> static LRESULT OnSetFocus(CONTROL& tree)
+    {
+        tree.Invalidate(0);
+        const bool fShown = IsSelectableRow(tree.m_aVisible, tree.m_nSelected);
+        if ((!fShown || TellRow(tree, tree.m_nSelected, EVENT_OBJECT_FOCUS)) && TellSelected(tree, false)) {
+            Frame::SendNotify(tree, static_cast<UINT>(NM_SETFOCUS));
+        }
+        return 0;
     }
 
     template <class CONTROL> static void SetItemHeight(CONTROL& tree, UINT nHeight)
@@ -60,21 +155,13 @@ struct TreeActions
     template <class CONTROL, class... FIELDS>
     static void* InsertItem(CONTROL& tree, void* hParent, void* hAfter, FIELDS... fields)
     {
-        const auto [item, row] = tree.View().Insert(hParent, hAfter, fields...);
-        if (item) {
-            tree.ItemInserted(*item, row != NO_INDEX);
-        }
-        return item;
+        return Inserted(tree, tree.View().Insert(hParent, hAfter, fields...));
     }
 
     template <class CONTROL, class... FIELDS>
     static void* InsertSorted(CONTROL& tree, void* hParent, LPCWSTR pszName, FIELDS... fields)
     {
-        const auto [item, row] = tree.View().InsertSorted(hParent, pszName, fields...);
-        if (item) {
-            tree.ItemInserted(*item, row != NO_INDEX);
-        }
-        return item;
+        return Inserted(tree, tree.View().InsertSorted(hParent, pszName, fields...));
     }
 
     template <class CONTROL> static void RemoveItem(CONTROL& tree, void* hItem)
@@ -88,6 +175,7 @@ struct TreeActions
             return;
         }
         const Lifeline life(tree);
+        const Removal removal = RemovalOf(tree, *item);
         if (tree.View().RemoveRows(*item)) {
             RedrawWithBars(tree);
         } else if (!Has(tree, Quirk::TreeRowsStay)) {
@@ -97,7 +185,7 @@ struct TreeActions
         if (life && tree.View().IsInTree(item)) {
             tree.DeleteItem(item);
         }
-        if (life) {
+        if (life && TellRemoved(tree, removal)) {
             TellAfterRemoval(tree);
         }
     }
@@ -109,8 +197,9 @@ struct TreeActions
             return;
         }
         root.fGoing = root.fTold = false;
+        const bool fRows = tree.m_aVisible.GetLength() > 0;
         tree.View().RemoveAll();
-        if (RedrawWithBars(tree)) {
+        if (RedrawWithBars(tree) && (!fRows || TellReorder(tree))) {
             TellAfterRemoval(tree);
         }
     }
@@ -127,20 +216,32 @@ struct TreeActions
             return;
         }
         tree.View().Spare(*item);
-        if (tree.View().SetChildCount(*item, nChildren) && tree.RowsChanged()) {
+        if (tree.View().SetChildCount(*item, nChildren) && tree.RowsChanged() && TellFilled(tree, item)) {
             TellAfterRemoval(tree);
         }
     }
 
     template <class CONTROL> static void SetItemState(CONTROL& tree, void* hItem, UINT uState, UINT uMask)
     {
+        const UINT row = tree.View().FindRow(hItem);
+        const UINT uFormer = row == NO_INDEX ? 0 : tree.m_aVisible[row]->uState;
         if (tree.View().SetState(hItem, uState, uMask)) {
-            if (tree.RowsChanged()) {
+            if (tree.RowsChanged() && TellState(tree, hItem, uFormer)) {
                 TellSelection(tree);
             }
         } else {
             ShowField(tree);
+            if (row != NO_INDEX) {
+                TellState(tree, hItem, uFormer);
+            }
         }
+    }
+
+    // Whether a name is another than an item's that has a row.
+    template <class CONTROL> static bool IsOtherName(CONTROL& tree, const void* hItem, LPCWSTR pszName)
+    {
+        const UINT row = tree.View().FindRow(hItem);
+        return row != NO_INDEX && tree.m_aVisible[row]->strName != (pszName ? pszName : L"");
     }
 
     // After a change of what a row shows.
@@ -157,6 +258,9 @@ struct TreeActions
         if (auto* item = tree.View().ItemOf(hItem)) {
             tree.View().SortChildren(*item);
             PlaceEdit(tree);
+            if (tree.View().IsExpanded(*item)) {
+                TellReorder(tree);
+            }
         }
     }
 
@@ -167,8 +271,10 @@ struct TreeActions
         if (!AskFor(tree, &row) || !tree.View().MayExpand(row) || !AskExpansion(tree, &row, TVE_EXPAND)) {
             return;
         }
-        if (tree.View().Expand(row) && tree.RowsChanged()) {
-            SendItem(tree, TVN_ITEMEXPANDEDW, row, TVE_EXPAND, -1, 0);
+        auto* item = tree.m_aVisible[row];
+        const auto hold = tree.View().Hold(item);
+        if (tree.View().Expand(row) && tree.RowsChanged() && TellRow(tree, row, EVENT_OBJECT_STATECHANGE)) {
+            SendItemAgain(tree, TVN_ITEMEXPANDEDW, item, row, TVE_EXPAND, -1, 0);
         }
     }
 
@@ -180,7 +286,7 @@ struct TreeActions
         auto* item = tree.m_aVisible[row];
         const auto hold = tree.View().Hold(item);
         tree.View().Collapse(row);
-        if (tree.RowsChanged() && TellSelection(tree)) {
+        if (tree.RowsChanged() && TellRow(tree, row, EVENT_OBJECT_STATECHANGE) && TellSelection(tree)) {
             SendItemAgain(tree, TVN_ITEMEXPANDEDW, item, row, TVE_COLLAPSE, -1, 0);
         }
     }
@@ -246,6 +352,78 @@ struct TreeActions
     }
 
 private:
+    template <class CONTROL> static HeardSelection SelectionOf(const CONTROL& tree)
+    {
+        return {tree.m_pSelected, tree.m_pSelected ? NO_INDEX : tree.m_nSelected};
+    }
+
+    // What is to be done of an item that came, and told of it.
+    template <class CONTROL, class PLACE> static void* Inserted(CONTROL& tree, const PLACE& place)
+    {
+        const auto [item, row] = place;
+        if (!item) {
+            return nullptr;
+        }
+        const bool fFirst =
+            item->pParent->aChildren.GetLength() == 1 && !(item->pParent->uState & SHOWS_EXPANDER);
+        const Watch watch(tree);
+        tree.ItemInserted(*item, row != NO_INDEX);
+        const UINT rowNow = !watch || row == NO_INDEX      ? NO_INDEX
+                            : tree.m_aVisible[row] == item ? row
+                                                           : tree.View().FindRow(item);
+        const bool fGoesOn = watch && TellRow(tree, rowNow, EVENT_OBJECT_CREATE);
+        if (fGoesOn && fFirst && tree.View().IsInTree(item)) {
+            TellRow(tree, tree.View().FindRow(item->pParent), EVENT_OBJECT_STATECHANGE);
+        }
+        return item;
+    }
+
+    // What is known of an item before it is removed.
+    struct Removal
+    {
+        const void* pItem;
+        UINT nIndex; // among the rows that are told of
+        UINT nRows;
+        const void* pParent;
+    };
+    template <class CONTROL, class ITEM> static Removal RemovalOf(const CONTROL& tree, const ITEM& item)
+    {
+        const auto& rows = tree.m_aVisible;
+        return {&item, ToldIndex(rows, tree.Items().FindRow(&item)), rows.GetLength(), item.pParent};
+    }
+    // More than one row counts as many. Where it was the last child, its parent cannot be expanded any more.
+    template <class CONTROL> static bool TellRemoved(CONTROL& tree, const Removal& removal)
+    {
+        const UINT nRows = tree.m_aVisible.GetLength();
+        const bool fAlone = nRows + 1 == removal.nRows && tree.View().FindRow(removal.pItem) == NO_INDEX;
+        const bool fGoesOn = fAlone                  ? TellIndex(tree, removal.nIndex, EVENT_OBJECT_DESTROY)
+                             : nRows < removal.nRows ? TellReorder(tree)
+                                                     : true;
+        const UINT row = fGoesOn ? tree.View().FindRow(removal.pParent) : NO_INDEX;
+        return fGoesOn && (row == NO_INDEX || HasExpander(*tree.m_aVisible[row]) ||
+                           TellRow(tree, row, EVENT_OBJECT_STATECHANGE));
+    }
+
+    // Of an item whose children are only counted now.
+    template <class CONTROL, class ITEM> static bool TellFilled(CONTROL& tree, ITEM* item)
+    {
+        const UINT row = tree.View().FindRow(item);
+        if (!tree.View().IsInTree(item)) {
+            return true;
+        }
+        const bool fShown = tree.View().IsExpanded(*item) && (row != NO_INDEX || item == tree.View().Root());
+        return fShown ? TellReorder(tree) : TellRow(tree, row, EVENT_OBJECT_STATECHANGE);
+    }
+
+    // Of an item whose row shows another state than before.
+    template <class CONTROL> static bool TellState(CONTROL& tree, const void* hItem, UINT uFormer)
+    {
+        const UINT row = tree.View().FindRow(hItem);
+        const bool fOther =
+            row != NO_INDEX && ((tree.m_aVisible[row]->uState ^ uFormer) & CONTROL::Rules::SEEN);
+        return !fOther || TellRow(tree, row, EVENT_OBJECT_STATECHANGE);
+    }
+
     // Tells the parent of each item of a branch, which stays as it is meanwhile, that it goes; the top may
     // stay. False where that leaves nothing to do: the tree is gone, or the parent has removed more.
     template <class CONTROL, class ITEM> static bool TellRemoval(CONTROL& tree, ITEM& top, bool fTopStays)

@@ -60,6 +60,7 @@ struct TreeInput
             ScrollTo(tree, SB_VERT, *nTarget);
         }
         tree.Invalidate(0);
+        TreeActions::TellScrolled(tree);
         return 0;
     }
 
@@ -77,6 +78,7 @@ struct TreeInput
             ChangeHot(tree, HotAt(tree, tree.m_hitMove.pt));
         }
         TreeActions::RedrawAll(tree);
+        TreeActions::TellScrolled(tree);
         return 0;
     }
 
@@ -167,7 +169,9 @@ struct TreeInput
             tree.View().SelectRow(row);
             tree.EnsureVisible(row);
             TreeActions::RedrawAll(tree);
-            TreeActions::TellSelection(tree);
+            if (TreeActions::TellSelection(tree)) {
+                TreeActions::TellScrolled(tree);
+            }
         }
         return 0;
     }
@@ -280,6 +284,7 @@ struct TreeInput
             tree.View().ChangeSelection(nullptr, NO_INDEX);
         }
         inside.pToldSelection = tree.m_pSelected;
+        TreeActions::HearAsItIs(tree);
     }
 
     template <class CONTROL> static LRESULT OnNcDestroy(CONTROL& tree)
@@ -359,6 +364,9 @@ struct TreeInput
         default: return Frame::Default(tree, uMsg, wParam, lParam);
         }
     }
+
+    // What a tree says of itself to those who do not see it (TreeSide.h).
+    template <class CONTROL> class Side;
 
 private:
     // False where there is nothing to go on with.

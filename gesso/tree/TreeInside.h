@@ -1,6 +1,7 @@
 // What a tree has behind its VisibleRows: the items, shared with its copies, and the upkeep of its own rows.
 #pragma once
 
+#include <gesso/containers/Index.h>
 #include <gesso/framework/TypeAhead.h>
 #include <gesso/tree/ItemHold.h>
 #include <gesso/tree/ItemRows.h>
@@ -19,6 +20,15 @@ template <class ITEM> struct ItemEdit
     std::unique_ptr<ItemHold<ITEM>> pHold;
 };
 
+// A selection: the item, which is only compared, or without one the row.
+struct HeardSelection
+{
+    const void* pItem = nullptr;
+    UINT row = NO_INDEX;
+
+    bool operator==(const HeardSelection&) const = default;
+};
+
 template <class ITEM> struct TreeInside
 {
     explicit TreeInside(VisibleRows<ITEM>& shown) : rows(tree.Store(), shown) {}
@@ -33,6 +43,8 @@ template <class ITEM> struct TreeInside
     ItemTree<ITEM> tree;
     ItemRows<ITEM> rows;
     const ITEM* pToldSelection = nullptr; // the selected item that the parent knows of; only compared
+    HeardSelection heard;                 // what assistive technology knows of
+    POINT ptHeard{};                      // and of the scroll positions
     bool fHadWindow = false;
     bool fHeightGiven = false; // the item height is the host's
     ItemEdit<ITEM> edit;

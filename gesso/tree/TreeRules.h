@@ -15,6 +15,8 @@ template <> struct TreeRules<GTree>
     static constexpr LPCWSTR CLASS_NAME = L"GTree";
     static constexpr const char* BAD_HANDLE = "GTree: a handle that names none of its items";
     static constexpr UINT EXPANDED = TIS_EXPANDED;
+    // The bits of a state that are seen.
+    static constexpr UINT SEEN = TIS_EXPANDED | TIS_HASCHILDREN | TIS_CHECKED;
     // A null parent names the root.
     static constexpr bool NULL_PARENT_IS_ROOT = true;
     // Behind a null child is the end, and behind the parent itself the front.
@@ -42,6 +44,7 @@ template <> struct TreeRules<GNavigationBar>
     static constexpr LPCWSTR CLASS_NAME = L"GNavigationBar";
     static constexpr const char* BAD_HANDLE = "GNavigationBar: a handle that names none of its items";
     static constexpr UINT EXPANDED = NBIS_EXPANDED;
+    static constexpr UINT SEEN = NBIS_EXPANDED | NBIS_HASCHILDREN;
     static constexpr bool NULL_PARENT_IS_ROOT = false;
     static constexpr bool NULL_CHILD_IS_FRONT = true;
     static constexpr bool PARENT_IS_FRONT = false;

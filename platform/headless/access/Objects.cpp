@@ -317,6 +317,9 @@ HRESULT WINAPI AccessibleChildren(IAccessible* container, LONG first, LONG count
 HRESULT WINAPI WindowFromAccessibleObject(IAccessible* object, HWND* hwnd)
 {
     *hwnd = nullptr;
+    if (FaultFires("WindowFromAccessibleObject")) {
+        return FaultResult();
+    }
     if (!object) {
         return E_INVALIDARG;
     }

@@ -229,6 +229,7 @@ inline constexpr FallibleOperation FALLIBLE_OPERATIONS[] = {
     {"UnhookWinEvent", "FALSE", true},
     {"UpdateWindow", "FALSE"},
     {"VariantCopy", "HRESULT"},
+    {"WindowFromAccessibleObject", "HRESULT"},
 };
 
 } // namespace gesso::headless
