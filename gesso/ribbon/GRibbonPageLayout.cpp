@@ -75,8 +75,7 @@ struct ItemMeasurer
         case RIS_LARGE: {
             const int nText =
                 std::max(LargeTextWidth(hwnd, part, pszText), At(Metrics::RIBBON_LARGE_TEXT_WIDTH));
-            return SetSize(item, nText + At(Metrics::RIBBON_LARGE_MARGINS),
-                           At(Metrics::RIBBON_COLUMN_HEIGHT));
+            return SetSize(item, nText + At(Metrics::RIBBON_LARGE_MARGINS), gesso::ColumnHeight(hwnd));
         }
         default: break;
         }

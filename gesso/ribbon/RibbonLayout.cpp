@@ -18,8 +18,7 @@ public:
     // Goes on behind the first nPlaced items. Every item of a column starts at the largest right edge of the
     // columns before it, so that only the last column need be looked at.
     Columns(HWND hwnd, const OArray<Item, Item const&>& items, UINT nPlaced)
-        : m_hWnd(hwnd), m_nTop(Pixels(hwnd, Metrics::RIBBON_PAGE_TOP)),
-          m_nHeight(Pixels(hwnd, Metrics::RIBBON_COLUMN_HEIGHT))
+        : m_hWnd(hwnd), m_nTop(Pixels(hwnd, Metrics::RIBBON_PAGE_TOP)), m_nHeight(ColumnHeight(hwnd))
     {
         if (nPlaced == 0) {
             return;
@@ -114,6 +113,12 @@ bool CheckItems(HWND hwnd, const Group& group)
 }
 
 } // namespace
+
+int ColumnHeight(HWND hwnd)
+{
+    constexpr int ROW = Metrics::RIBBON_ROW_HEIGHT.nPixels;
+    return Metrics::RIBBON_COLUMN_HEIGHT.nPixels / ROW * Pixels(hwnd, {ROW});
+}
 
 void PlaceItems(HWND hwnd, Group& group)
 {

@@ -8,6 +8,10 @@ namespace gesso {
 
 using RibbonGroups = OArray<GRibbonPage::Group, GRibbonPage::Group const&>;
 
+// Of a column of items: as many rows as there are at 96 dots an inch, however those round. What larger texts
+// need beyond that is the host's to give, as the ribbon's height is.
+int ColumnHeight(HWND hwnd);
+
 // Stacks the items behind the placed ones in columns and sets the group's width, its left being 0.
 void PlaceItems(HWND hwnd, GRibbonPage::Group& group);
 // Moves the groups to where they follow one another.
