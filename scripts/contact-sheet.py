@@ -17,7 +17,7 @@ WIDTH = 600
 MARGIN = 12
 CAPTION = 16
 PAPER = (128, 128, 128)
-SHADES = 96
+SHADES = 255
 
 
 def cells_of(folder, names):

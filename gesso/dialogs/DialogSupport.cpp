@@ -112,11 +112,20 @@ void FitDialog(HWND hDlg, const RECT* prcWanted, SIZE units)
     if (prcWanted) {
         SetWindowPos(hDlg, nullptr, prcWanted->left, prcWanted->top, prcWanted->right - prcWanted->left,
                      prcWanted->bottom - prcWanted->top, SWP_NOZORDER | SWP_NOACTIVATE);
+        RedrawAll(hDlg);
     } else if (GetScaling() != Scaling::None) {
         const RECT rc = MapUnits(hDlg, 0, 0, units.cx, units.cy);
         RECT rcClient{};
         GetClientRect(hDlg, &rcClient);
         GrowWindow(hDlg, rc.right - rcClient.right, rc.bottom - rcClient.bottom);
+        RedrawAll(hDlg);
+    }
+}
+
+void RedrawAll(HWND hDlg)
+{
+    if (hDlg) { // a null one would mean the desktop
+        RedrawWindow(hDlg, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
 }
 

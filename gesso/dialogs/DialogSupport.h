@@ -74,6 +74,9 @@ void DrawDialogIcon(HWND hDlg, HDC hdc, HICON hIcon, POINT pt);
 // area of its template's size, in dialog units.
 void FitDialog(HWND hDlg, const RECT* prcWanted, SIZE units);
 
+// All of a dialog whose parts have moved, frame and controls included, is to be painted.
+void RedrawAll(HWND hDlg);
+
 // The client rectangle's growth by cx and cy pixels, with no repaint, and then the client rectangle anew.
 RECT GrowWindow(HWND hwnd, int cx, int cy);
 

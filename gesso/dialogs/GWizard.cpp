@@ -268,7 +268,7 @@ void GWizard::OnScaling(const RECT* prcWanted)
     if (m_pBack) { // the last that is made
         MakeButtons();
     }
-    Invalidate(0);
+    gesso::RedrawAll(m_hWnd);
 }
 
 // --- Drawing ---
