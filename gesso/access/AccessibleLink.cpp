@@ -153,31 +153,44 @@ LinkRef AccessibleLinks::Connect(GWnd& wnd, HWND hwnd)
     return LinkRef(pLink);
 }
 
-template <class CHANGE> void AccessibleLinks::ChangeWords(HWND hwnd, const CHANGE& change)
+template <class CHANGE> bool AccessibleLinks::ChangeWords(HWND hwnd, const CHANGE& change)
 {
-    if (KnownWindow(hwnd).hwnd) {
-        const ScopedLock lock(s_lock);
-        if (AccessibleLink* pLink = FindOrMake(hwnd)) {
-            change(pLink->m_words);
-        }
+    if (!KnownWindow(hwnd).hwnd) {
+        return false;
     }
+    const ScopedLock lock(s_lock);
+    AccessibleLink* pLink = FindOrMake(hwnd);
+    return pLink && change(pLink->m_words);
 }
 
-void AccessibleLinks::SetName(HWND hwnd, LPCWSTR pszName)
+namespace {
+
+// Whether it is another text than before, or there was none.
+bool ChangeWord(AccessString& word, bool& fThere, AccessString& strNew, bool fNew)
+{
+    if (fThere == fNew && word == strNew) {
+        return false;
+    }
+    std::swap(word, strNew);
+    fThere = fNew;
+    return true;
+}
+
+} // namespace
+
+bool AccessibleLinks::SetName(HWND hwnd, LPCWSTR pszName)
 {
     AccessString strName = StringOf(pszName);
-    ChangeWords(hwnd, [&](AccessibleLink::Words& words) {
-        std::swap(words.name, strName);
-        words.fName = pszName != nullptr;
+    return ChangeWords(hwnd, [&](AccessibleLink::Words& words) {
+        return ChangeWord(words.name, words.fName, strName, pszName != nullptr);
     });
 }
 
-void AccessibleLinks::SetDescription(HWND hwnd, LPCWSTR pszDescription)
+bool AccessibleLinks::SetDescription(HWND hwnd, LPCWSTR pszDescription)
 {
     AccessString strDescription = StringOf(pszDescription);
-    ChangeWords(hwnd, [&](AccessibleLink::Words& words) {
-        std::swap(words.description, strDescription);
-        words.fDescription = pszDescription != nullptr;
+    return ChangeWords(hwnd, [&](AccessibleLink::Words& words) {
+        return ChangeWord(words.description, words.fDescription, strDescription, pszDescription != nullptr);
     });
 }
 
@@ -186,6 +199,7 @@ void AccessibleLinks::SetCallback(HWND hwnd, DescribeFunction pfnDescribe, void*
     ChangeWords(hwnd, [=](AccessibleLink::Words& words) {
         words.pfnDescribe = pfnDescribe;
         words.pContext = pContext;
+        return true;
     });
 }
 
@@ -211,14 +225,16 @@ void EndAccess(HWND hwnd)
 
 void SetAccessibleName(HWND hwnd, LPCWSTR name)
 {
-    AccessibleLinks::SetName(hwnd, name);
-    TellAccess(hwnd, EVENT_OBJECT_NAMECHANGE);
+    if (AccessibleLinks::SetName(hwnd, name)) {
+        TellAccess(hwnd, EVENT_OBJECT_NAMECHANGE);
+    }
 }
 
 void SetAccessibleDescription(HWND hwnd, LPCWSTR description)
 {
-    AccessibleLinks::SetDescription(hwnd, description);
-    TellAccess(hwnd, EVENT_OBJECT_DESCRIPTIONCHANGE);
+    if (AccessibleLinks::SetDescription(hwnd, description)) {
+        TellAccess(hwnd, EVENT_OBJECT_DESCRIPTIONCHANGE);
+    }
 }
 
 void DescribeAccessible(HWND hwnd, DescribeFunction callback, void* context)

@@ -97,14 +97,15 @@ public:
     static LinkRef Connect(GWnd& wnd, HWND hwnd);
     // What a program says of a window, which nobody need have asked for yet. Nothing for a window that is not
     // the library's, or without memory. Any thread.
-    static void SetName(HWND hwnd, LPCWSTR pszName);
-    static void SetDescription(HWND hwnd, LPCWSTR pszDescription);
+    // Both return whether that changed anything.
+    static bool SetName(HWND hwnd, LPCWSTR pszName);
+    static bool SetDescription(HWND hwnd, LPCWSTR pszDescription);
     static void SetCallback(HWND hwnd, DescribeFunction pfnDescribe, void* pContext);
     static void End(HWND hwnd);
 
 private:
     static AccessibleLink* FindOrMake(HWND hwnd);
-    template <class CHANGE> static void ChangeWords(HWND hwnd, const CHANGE& change);
+    template <class CHANGE> static bool ChangeWords(HWND hwnd, const CHANGE& change);
 };
 
 } // namespace gesso

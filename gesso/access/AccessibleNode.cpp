@@ -24,7 +24,7 @@ public:
     AccessString Value() const override
     {
         const bool fTold = IsThere() && !(m_thing.State() & STATE_SYSTEM_PROTECTED);
-        return fTold ? m_thing.Value() : AccessString();
+        return fTold && IsThere() ? m_thing.Value() : AccessString();
     }
     AccessString Description() const override { return IsThere() ? m_thing.Description() : AccessString(); }
     UINT State() const override { return IsThere() ? m_thing.State() : 0; }

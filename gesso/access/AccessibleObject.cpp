@@ -112,6 +112,18 @@ HRESULT AccessibleObject::Find(const VARIANT& child, std::optional<AccessibleThi
     return thing->Check();
 }
 
+bool AccessibleObject::IsWithin(const AccessibleThing& thing) const
+{
+    AccessibleThing outer = thing;
+    while (outer.Check() == S_OK && !(outer == m_thing)) {
+        if (outer.Id() == WHOLE) {
+            return false;
+        }
+        outer = outer.Parent();
+    }
+    return outer == m_thing;
+}
+
 HRESULT AccessibleObject::Name(const AccessibleThing& thing, VARIANT* pChild) const
 {
     if (thing == m_thing) {
@@ -143,7 +155,8 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::get_accParent(IDispatch** ppParent)
     if (const HRESULT hr = m_thing.Check(); hr != S_OK) {
         return hr;
     }
-    if (!(m_thing.Id() == WHOLE)) {
+    // A bar in a control's frame is below the window itself, as the control is.
+    if (!(m_thing.Id() == WHOLE) && m_thing.Parent().Check() == S_OK) {
         AccessibleObject* pParent = Make(m_thing.Parent());
         *ppParent = static_cast<IAccessible*>(pParent);
         return pParent ? S_OK : E_OUTOFMEMORY;
@@ -198,7 +211,8 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::accHitTest(LONG x, LONG y, VARIANT* 
     if (!PtInRect(&rc, {x, y})) {
         return S_FALSE;
     }
-    return Name(m_thing.With(m_thing.IdAt({x, y})), pChild);
+    const AccessibleThing hit = m_thing.With(m_thing.IdAt({x, y}));
+    return IsWithin(hit) ? Name(hit, pChild) : S_FALSE;
 }
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::get_accFocus(VARIANT* pChild)
@@ -210,7 +224,8 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::get_accFocus(VARIANT* pChild)
     if (const HRESULT hr = m_thing.Check(); hr != S_OK) {
         return hr;
     }
-    return GetFocus() == m_thing.Window() ? Name(m_thing.With(m_thing.FocusId()), pChild) : S_FALSE;
+    const AccessibleThing focus = m_thing.With(m_thing.FocusId());
+    return GetFocus() == m_thing.Window() && IsWithin(focus) ? Name(focus, pChild) : S_FALSE;
 }
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::get_accSelection(VARIANT* pChildren)
@@ -317,11 +332,16 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::get_accValue(VARIANT child, BSTR* pV
     if (const HRESULT hr = Find(child, thing); hr != S_OK) {
         return hr;
     }
-    const AccessString strValue = thing->Value();
-    if (!strValue.GetLength() && !thing->HasValue()) {
+    const bool fValue = thing->HasValue();
+    const bool fProtected = thing->State() & STATE_SYSTEM_PROTECTED;
+    if (const HRESULT hr = thing->Check(); hr != S_OK) { // the host may have been asked for the state
+        return hr;
+    }
+    const AccessString strValue = fProtected ? AccessString() : thing->Value();
+    if (!strValue.GetLength() && !fValue) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    return thing->State() & STATE_SYSTEM_PROTECTED ? E_ACCESSDENIED : GiveString(strValue, pValue);
+    return fProtected ? E_ACCESSDENIED : GiveString(strValue, pValue);
 }
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::get_accRole(VARIANT child, VARIANT* pRole)
@@ -480,6 +500,9 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::ContextSensitiveHelp(BOOL)
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::Next(ULONG nWanted, VARIANT* pChildren, ULONG* pnGot)
 {
+    if (pnGot) {
+        *pnGot = 0;
+    }
     if (!pChildren) {
         return E_POINTER;
     }
@@ -488,16 +511,18 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::Next(ULONG nWanted, VARIANT* pChildr
     }
     const UINT nCount = m_thing.Count();
     ULONG nGot = 0;
+    HRESULT hrLast = S_OK;
     for (; nGot < nWanted && m_nNext < nCount; ++nGot, ++m_nNext) {
         pChildren[nGot] = Empty();
-        if (const HRESULT hr = Name(m_thing.Child(m_nNext), &pChildren[nGot]); FAILED(hr)) {
+        hrLast = Name(m_thing.Child(m_nNext), &pChildren[nGot]);
+        if (FAILED(hrLast)) {
             break;
         }
     }
     if (pnGot) {
         *pnGot = nGot;
     }
-    return nGot == nWanted ? S_OK : S_FALSE;
+    return FAILED(hrLast) && !nGot ? hrLast : nGot == nWanted ? S_OK : S_FALSE;
 }
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::Skip(ULONG nCount)
@@ -512,14 +537,19 @@ HRESULT STDMETHODCALLTYPE AccessibleObject::Skip(ULONG nCount)
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::Reset()
 {
-    m_nNext = 0;
-    return m_thing.Check();
+    const HRESULT hr = m_thing.Check();
+    m_nNext = hr == S_OK ? 0 : m_nNext;
+    return hr;
 }
 
 HRESULT STDMETHODCALLTYPE AccessibleObject::Clone(IEnumVARIANT** ppEnum)
 {
     if (!ppEnum) {
         return E_POINTER;
+    }
+    *ppEnum = nullptr;
+    if (const HRESULT hr = m_thing.Check(); hr != S_OK) {
+        return hr;
     }
     AccessibleObject* pClone = Make(m_thing);
     *ppEnum = pClone;
@@ -634,6 +664,9 @@ bool SelectedChildren::Step()
 
 HRESULT STDMETHODCALLTYPE SelectedChildren::Next(ULONG nWanted, VARIANT* pChildren, ULONG* pnGot)
 {
+    if (pnGot) {
+        *pnGot = 0;
+    }
     if (!pChildren) {
         return E_POINTER;
     }
@@ -672,6 +705,10 @@ HRESULT STDMETHODCALLTYPE SelectedChildren::Clone(IEnumVARIANT** ppEnum)
 {
     if (!ppEnum) {
         return E_POINTER;
+    }
+    *ppEnum = nullptr;
+    if (const HRESULT hr = m_thing.Check(); hr != S_OK) {
+        return hr;
     }
     SelectedChildren* pClone = Make(m_thing);
     *ppEnum = pClone;

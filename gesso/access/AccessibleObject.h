@@ -81,6 +81,8 @@ private:
     bool Hold();
     // The thing that a child id names: S_OK, or why there is none.
     HRESULT Find(const VARIANT& child, std::optional<AccessibleThing>& thing) const;
+    // Whether a thing is this one or lies below it.
+    bool IsWithin(const AccessibleThing& thing) const;
     // A child by its id where it has no object of its own, its object else.
     HRESULT Name(const AccessibleThing& thing, VARIANT* pChild) const;
     template <class TEXT> HRESULT GiveText(const VARIANT& child, BSTR* pText, const TEXT& textOf) const;

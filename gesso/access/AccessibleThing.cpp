@@ -50,12 +50,19 @@ int AccessibleThing::ChildNumber() const
     return nIndex == NO_INDEX ? -1 : static_cast<int>(nIndex) + 1;
 }
 
+// Each of the texts may be the host's to give, who may end the control when it is asked.
 AccessibleThing::Texts AccessibleThing::TextsBy(const AccessibleLink::Words& words) const
 {
     const bool fWhole = m_id == WHOLE;
-    Texts texts{fWhole && words.fName ? words.name : OwnName(),
-                fWhole && words.fDescription ? words.description : OwnDescription(), OwnValue()};
-    const int nChild = words.pfnDescribe && Check() == S_OK ? ChildNumber() : -1;
+    Texts texts;
+    texts.name = fWhole && words.fName ? words.name : OwnName();
+    if (Check() == S_OK) {
+        texts.description = fWhole && words.fDescription ? words.description : OwnDescription();
+    }
+    if (Check() == S_OK) {
+        texts.value = OwnValue();
+    }
+    const int nChild = Check() == S_OK ? ChildNumber() : -1;
     if (nChild < 0) {
         return texts;
     }
@@ -69,19 +76,25 @@ AccessibleThing::Texts AccessibleThing::TextsBy(const AccessibleLink::Words& wor
 AccessString AccessibleThing::Name() const
 {
     const auto words = m_link->WordsOf();
-    return words ? TextsBy(*words).name : OwnName();
+    if (words && words->pfnDescribe) {
+        return TextsBy(*words).name;
+    }
+    return words && words->fName && m_id == WHOLE ? words->name : OwnName();
 }
 
 AccessString AccessibleThing::Description() const
 {
     const auto words = m_link->WordsOf();
-    return words ? TextsBy(*words).description : OwnDescription();
+    if (words && words->pfnDescribe) {
+        return TextsBy(*words).description;
+    }
+    return words && words->fDescription && m_id == WHOLE ? words->description : OwnDescription();
 }
 
 AccessString AccessibleThing::Value() const
 {
     const auto words = m_link->WordsOf();
-    return words ? TextsBy(*words).value : OwnValue();
+    return words && words->pfnDescribe ? TextsBy(*words).value : OwnValue();
 }
 
 AccessString AccessibleThing::Shortcut() const
@@ -123,14 +136,18 @@ AccessibleId AccessibleThing::IdAt(POINT ptScreen) const
 
 // --- Actions
 
+// To be asked again after whatever may ask the host, who may end the control then.
 bool AccessibleThing::IsEnabled() const
 {
-    return IsWindowEnabled(Window()) && !(State() & STATE_SYSTEM_UNAVAILABLE);
+    const bool fEnabled =
+        Check() == S_OK && IsWindowEnabled(Window()) && !(State() & STATE_SYSTEM_UNAVAILABLE);
+    return fEnabled && Check() == S_OK;
 }
 
 bool AccessibleThing::Act() const
 {
-    return IsEnabled() && Action() != AccessibleAction::None && m_pSide->Act(Control(), m_id);
+    return IsEnabled() && Action() != AccessibleAction::None && Check() == S_OK &&
+           m_pSide->Act(Control(), m_id);
 }
 
 bool AccessibleThing::Focus() const
@@ -150,7 +167,7 @@ bool AccessibleThing::Open(bool fOpen) const
 
 bool AccessibleThing::Show() const
 {
-    return m_pSide->Show(Control(), m_id);
+    return IsEnabled() && m_pSide->Show(Control(), m_id);
 }
 
 bool AccessibleThing::SetValue(LPCWSTR pszValue) const

@@ -119,6 +119,19 @@ public:
 
     bool IsObject(const GWnd&, AccessibleId) const override { return true; }
 
+    AccessibleId HitTest(const GWnd& wnd, POINT pt) const override
+    {
+        for (const UINT nBar : {UINT{SB_HORZ}, UINT{SB_VERT}}) {
+            for (UINT n = 0; n < static_cast<UINT>(BarPart::Count); ++n) {
+                const RECT rc = RectOf(wnd, {PART, n, nBar});
+                if (PtInRect(&rc, pt)) {
+                    return {PART, n, nBar};
+                }
+            }
+        }
+        return gesso::WHOLE;
+    }
+
     AccessibleAction ActionOf(const GWnd&, AccessibleId id) const override
     {
         return id.nKind == PART && PartOf(id) != BarPart::Thumb ? AccessibleAction::Press

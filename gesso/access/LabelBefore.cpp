@@ -30,8 +30,12 @@ LabelWords WordsOfPlatformLabel(HWND hwnd)
 LabelWords WordsOf(HWND hwnd)
 {
     if (const auto thing = FindThing(hwnd); thing && thing->Check() == S_OK) {
-        const bool fText = thing->GetRole() == Role::StaticText;
-        return fText ? LabelWords{thing->Name(), thing->Shortcut()} : LabelWords{};
+        LabelWords words;
+        if (thing->GetRole() == Role::StaticText) {
+            words.name = thing->Name();
+            words.shortcut = thing->Check() == S_OK ? thing->Shortcut() : AccessString();
+        }
+        return words;
     }
     return IsPlatformLabel(hwnd) ? WordsOfPlatformLabel(hwnd) : LabelWords{};
 }

@@ -13,7 +13,7 @@ constinit std::atomic<const OleApi*> s_pApi = nullptr;
 // library's windows.
 template <class FUNCTION> bool Find(LPCWSTR pszModule, const char* pszName, FUNCTION& pfn)
 {
-    const HMODULE hModule = LoadLibraryW(pszModule);
+    const HMODULE hModule = LoadLibraryExW(pszModule, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     const FARPROC pfnFound = hModule ? GetProcAddress(hModule, pszName) : nullptr;
     pfn = reinterpret_cast<FUNCTION>(reinterpret_cast<void*>(pfnFound));
     return pfn != nullptr;

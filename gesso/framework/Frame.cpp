@@ -156,6 +156,7 @@ bool Frame::Bind(HWND hwnd, GWnd& wnd, bool fOwned)
     // that answers for the other window, and its paints would never end.
     Abandon(wnd);
     std::erase(s_forsaken, hwnd); // of a former window with this handle
+    EndAccess(hwnd);              // the same: a thread's end leaves what was given out of its windows
     const bool fModern = GetBehavior() == Behavior::Modern;
     if (fModern && !SetPropW(hwnd, MODERN_MARK, reinterpret_cast<HANDLE>(1))) {
         return false;
@@ -372,6 +373,7 @@ LRESULT Frame::OnThemeChanged(GWnd& wnd, ThemeHandle& theme, LPCWSTR pszClass)
 void Frame::KeepDialog(HWND hDlg, UINT uMsg)
 {
     if (uMsg == WM_INITDIALOG) {
+        EndAccess(hDlg);  // of a former window with this handle
         KeepWindow(hDlg); // without memory it does not hear of SetScaling
     } else if (uMsg == WM_DESTROY) {
         TellAccess(hDlg, EVENT_SYSTEM_DIALOGEND);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 using test::Host;
@@ -170,31 +172,82 @@ TEST_F(AccessibleObject, AnObjectThatLeftItsWindowIsNotConnectedEither)
     EXPECT_EQ(object->get_accName(Child(0), &text), CO_E_OBJNOTCONNECTED);
 }
 
-// A listener may do anything, destroying the control included.
-HWND g_hwndToDestroy = nullptr;
-void CALLBACK DestroyIt(HWINEVENTHOOK, DWORD, HWND hwnd, LONG, LONG, DWORD, DWORD)
+bool EndIt(HWND hwnd, int, gesso::AccessibleText* text, void*)
 {
-    if (hwnd == g_hwndToDestroy) {
+    text->name = L"Gone";
+    DestroyWindow(hwnd);
+    return true;
+}
+
+TEST_F(AccessibleObject, AHostMayEndTheControlThatItIsAskedOf)
+{
+    GButton button;
+    const HWND hwnd = button.Create(0, 0, 80, 24, m_host, 7, L"Save", 0, SHOWN);
+    const Object object(hwnd);
+    ASSERT_TRUE(object);
+    gesso::DescribeAccessible(hwnd, EndIt, nullptr);
+    BSTR text = nullptr;
+    EXPECT_EQ(object->get_accValue(Child(0), &text), DISP_E_MEMBERNOTFOUND);
+    EXPECT_FALSE(IsWindow(hwnd));
+    EXPECT_EQ(object->get_accName(Child(0), &text), CO_E_OBJNOTCONNECTED);
+}
+
+TEST_F(AccessibleObject, ABarOfAControlIsAnObjectBelowItsWindow)
+{
+    GList list;
+    const HWND hwnd = list.Create(0, 0, 120, 100, m_host, 7, GLS_DETAILS, 0, SHOWN | WS_VSCROLL | WS_HSCROLL);
+    list.InsertColumn(0, 0, 0, 80, 40, L"Name", 0, LCT_TEXT, nullptr, nullptr, nullptr, nullptr);
+    for (int n = 0; n < 50; ++n) {
+        list.InsertItem(UINT(-1), 0, nullptr, 0, L"Item", 0);
+    }
+    const Object bar(hwnd, OBJID_VSCROLL);
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(bar.Name(), "Vertical");
+    EXPECT_EQ(bar.Number(&IAccessible::get_accRole), ROLE_SYSTEM_SCROLLBAR);
+    EXPECT_EQ(bar.Name(3), "thumb");
+    LONG x = 0, y = 0, cx = 0, cy = 0;
+    EXPECT_EQ(bar->accLocation(&x, &y, &cx, &cy, Child(1)), S_OK);
+    EXPECT_GT(cx * cy, 0);
+    VARIANT hit{};
+    EXPECT_EQ(bar->accHitTest(x + cx / 2, y + cy / 2, &hit), S_OK);
+    ASSERT_EQ(V_VT(&hit), VT_DISPATCH);
+    VariantClear(&hit);
+    SetFocus(hwnd);
+    EXPECT_EQ(bar->get_accFocus(&hit), S_FALSE);
+    list.Destroy();
+}
+
+// A listener may do anything, which on the simulated desktop it does while the control still tells.
+GCheckBox* g_pToEnd = nullptr;
+HWND g_hwndToEnd = nullptr;
+void CALLBACK EndControl(HWINEVENTHOOK, DWORD, HWND hwnd, LONG, LONG, DWORD, DWORD)
+{
+    if (hwnd == g_hwndToEnd && g_pToEnd) {
         DestroyWindow(hwnd);
+        delete std::exchange(g_pToEnd, nullptr);
     }
 }
 
 TEST_F(AccessibleObject, AListenerMayEndTheControlThatTells)
 {
-    const auto create = [&](GCheckBox& box) {
-        g_hwndToDestroy = box.Create(0, 0, 80, 24, m_host, 7, L"Keep", 0, SHOWN);
-    };
     const HWINEVENTHOOK hHook = SetWinEventHook(EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr,
-                                                DestroyIt, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+                                                EndControl, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
     ASSERT_TRUE(hHook);
-    GCheckBox checked, named;
-    create(checked);
-    checked.SetCheck(BST_CHECKED);
-    create(named);
-    named.SetText(L"Other");
-    test::DispatchAll();
+    void (*const acts[])(GCheckBox&) = {
+        [](GCheckBox& box) { box.SetCheck(BST_CHECKED); },
+        [](GCheckBox& box) { box.SetText(L"Other"); },
+        [](GCheckBox& box) { EnableWindow(box, FALSE); },
+        [](GCheckBox& box) { gesso::SetAccessibleName(box, L"Other"); },
+    };
+    for (const auto act : acts) {
+        g_pToEnd = new GCheckBox;
+        g_hwndToEnd = g_pToEnd->Create(0, 0, 80, 24, m_host, 7, L"Keep", 0, SHOWN);
+        act(*g_pToEnd);
+        test::DispatchAll();
+        EXPECT_FALSE(IsWindow(g_hwndToEnd));
+        EXPECT_FALSE(g_pToEnd);
+    }
     UnhookWinEvent(hHook);
-    EXPECT_FALSE(IsWindow(named.GetHwnd()));
 }
 
 } // namespace
