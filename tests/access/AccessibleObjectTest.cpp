@@ -34,7 +34,9 @@ class Object
 public:
     explicit Object(HWND hwnd, LONG nObject = OBJID_CLIENT)
     {
-        AccessibleObjectFromWindow(hwnd, static_cast<DWORD>(nObject), IID_IAccessible,
+        // IAccessible's number; of the platform's libraries some have a jump in its place, and some lack it.
+        constexpr GUID ID{0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
+        AccessibleObjectFromWindow(hwnd, static_cast<DWORD>(nObject), ID,
                                    reinterpret_cast<void**>(&m_pObject));
     }
     ~Object()
